@@ -1,0 +1,53 @@
+// Controls of one name and kind, told apart by an index. Elements come and go while the program runs; what every
+// element needs (its wiring among it) is done by the array's maker, so that one that is loaded later is wired already.
+#pragma once
+
+#include "platform/runtime/runtimeerror.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <map>
+
+template <typename Control>
+class ControlArray
+{
+public:
+    using Maker = std::function<Control*(int index)>; // makes a hidden element, owned by its Qt parent
+
+    ControlArray() = default;
+    ControlArray(const QString& name, Maker maker) : m_name(name), m_maker(std::move(maker)) {}
+
+    // 360 if it is loaded already. The element is called name(index), as tests and style sheets find it.
+    Control& Load(int index)
+    {
+        if (Exists(index)) throw RunTimeError{errors::AlreadyLoaded, QStringLiteral("Object already loaded")};
+        Control* control = m_maker(index);
+        control->setObjectName(QStringLiteral("%1(%2)").arg(m_name).arg(index));
+        m_elements[index] = control;
+        return *control;
+    }
+
+    void Unload(int index) // 340
+    {
+        delete &(*this)(index);
+        m_elements.erase(index);
+    }
+
+    Control& operator()(int index) const // 340
+    {
+        const auto found = m_elements.find(index);
+        if (found == m_elements.end()) {
+            throw RunTimeError{errors::NoSuchElement,
+                               QStringLiteral("Control array element '%1' doesn't exist").arg(index)};
+        }
+        return *found->second;
+    }
+
+    bool Exists(int index) const { return m_elements.contains(index); }
+
+private:
+    QString m_name;
+    Maker m_maker;
+    std::map<int, Control*> m_elements;
+};

@@ -1,0 +1,23 @@
+// A timer of the main window. Its event is queued, so that one that comes while a message box waits inside the event
+// still reaches the program.
+#pragma once
+
+#include <QTimer>
+
+class Timer : public QObject
+{
+    Q_OBJECT
+
+public:
+    Timer(int interval, QObject* parent = nullptr); // milliseconds; disabled at first
+
+    bool Enabled() const { return m_timer.isActive(); }
+    void SetEnabled(bool enabled);
+    int Interval() const { return m_timer.interval(); }
+
+Q_SIGNALS:
+    void Tick();
+
+private:
+    QTimer m_timer;
+};

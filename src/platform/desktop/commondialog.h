@@ -1,0 +1,31 @@
+// The common dialog: one object that keeps its properties from one use to the next.
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+class CommonDialog
+{
+public:
+    static constexpr int HideReadOnly = 4;
+    static constexpr int FileMustExist = 4096;
+
+    explicit CommonDialog(QWidget* owner) : m_owner(owner) {}
+
+    int Flags = 0;
+    QString DialogTitle;
+    QString InitDir;    // empty: where the last use ended, at first the user's documents
+    QString Filter;     // "Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"
+    int FilterIndex = 1; // from 1
+    bool CancelError = false;
+    QString FileName;  // full path as chosen; may name a file that does not exist yet unless FileMustExist is set
+    QString FileTitle; // its last component
+
+    // 1 shows the Open dialog. Cancel raises error 32755 "Cancel was selected." if CancelError is true, and otherwise
+    // leaves FileName as it was. Patterns match in any letter case.
+    void Action(int action);
+
+private:
+    QWidget* m_owner;
+};

@@ -1,0 +1,5 @@
+#pragma once
+
+// Lets windows paint and timers fire in the middle of a long routine. Clicks and keys wait, so that none reaches a
+// window that is half built.
+void DoEvents();

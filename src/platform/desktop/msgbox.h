@@ -1,0 +1,18 @@
+// Message boxes by style number: buttons (0 Ok, 1 OkCancel, 2 AbortRetryIgnore, 3 YesNoCancel, 4 YesNo, 5 RetryCancel)
+// + icon (16 critical, 32 question, 48 exclamation, 64 information) + default button (0 first, 256 second, 512 third).
+#pragma once
+
+#include <QString>
+
+namespace msgbox
+{
+inline constexpr int Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7;
+inline constexpr int YesNo = 4;
+inline constexpr int Critical = 16, Question = 32, Exclamation = 48, Information = 64;
+inline constexpr int DefaultButton2 = 256;
+} // namespace msgbox
+
+// Shows the box over the active window and waits; the answer is one of the seven numbers above. Esc and the close box
+// answer Cancel, or the harmless button where there is no Cancel (No for YesNo, Ok for Ok). An empty title gives
+// "Orrelin". Timers go on behind it.
+int MsgBox(const QString& text, int style = 0, const QString& title = QString());

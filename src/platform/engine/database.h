@@ -1,0 +1,57 @@
+// An open database. A value that shares its state, as Recordset does: a default-made one is no object (91).
+#pragma once
+
+#include "platform/engine/recordset.h"
+#include "platform/engine/tabledef.h"
+
+#include <memory>
+
+class Database
+{
+public:
+    Database(); // no object
+    explicit Database(std::shared_ptr<Store> store);
+
+    bool IsNothing() const;
+    Recordset OpenTable(const QString& name);     // 3011 if there is no such table
+    Recordset CreateDynaset(const QString& name); // walks the primary key; for Find
+    void Append(const TableDef& table);           // makes the table, its fields in this order, and its indexes
+    QStringList TableNames() const;
+    // Closes the file when the last recordset of it is gone too; later calls raise 3420.
+    void Close();
+
+private:
+    friend class ReadTransaction;
+    friend class WriteTransaction;
+    Store& Live() const;
+
+    std::shared_ptr<Store> m_store;
+};
+
+// The look-ups made while this lives see one state of the file and take its lock once. Does nothing for no object.
+// A failure to begin is not an error: the look-ups then stand alone.
+class ReadTransaction
+{
+public:
+    explicit ReadTransaction(const Database& database);
+    ~ReadTransaction();
+    ReadTransaction(const ReadTransaction&) = delete;
+    ReadTransaction& operator=(const ReadTransaction&) = delete;
+
+private:
+    std::shared_ptr<Store> m_store;
+};
+
+// The updates made while this lives become durable together at Commit; a single one that fails leaves the others.
+class WriteTransaction
+{
+public:
+    explicit WriteTransaction(const Database& database); // 3186 if another writer does not let go in time
+    ~WriteTransaction();                                 // without Commit nothing has happened
+    WriteTransaction(const WriteTransaction&) = delete;
+    WriteTransaction& operator=(const WriteTransaction&) = delete;
+    void Commit(); // 3186, 3026 disk full, 3043 I/O error: then nothing has been written
+
+private:
+    std::shared_ptr<Store> m_store;
+};

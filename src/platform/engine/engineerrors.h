@@ -1,0 +1,26 @@
+// The numbers of the engine's errors. Their texts are made where they are raised.
+#pragma once
+
+namespace engineerrors
+{
+inline constexpr int NoTable = 3011;
+inline constexpr int NoUpdatePending = 3020; // Update or CancelUpdate without AddNew or Edit
+inline constexpr int NoCurrentRecord = 3021;
+inline constexpr int DuplicateKey = 3022;
+inline constexpr int FileNotFound = 3024;
+inline constexpr int DiskFull = 3026;
+inline constexpr int InUse = 3045; // another program or user has the file, and the open modes exclude each other
+inline constexpr int InputOutput = 3043;
+inline constexpr int ReadOnlyFile = 3051; // may not be opened for writing
+inline constexpr int UnparsableCriterion = 3077;
+inline constexpr int BrokenConnection = 3151;
+inline constexpr int FieldTooSmall = 3163;
+inline constexpr int RecordDeleted = 3167;
+inline constexpr int CouldNotSave = 3186; // a commit that could not get through after the wait
+inline constexpr int DataChanged = 3197;
+inline constexpr int FileExists = 3204;
+inline constexpr int RecordLocked = 3260;
+inline constexpr int ItemNotFound = 3265; // no such field or index
+inline constexpr int NotADatabase = 3343;
+inline constexpr int Closed = 3420; // an object that has been closed
+} // namespace engineerrors

@@ -1,0 +1,75 @@
+// A table or dynaset of an open database: one current record, one pending edit. A value that shares its state: copies
+// are the same recordset, and a default-made one stands for no object, on which every call raises 91.
+//
+// Rules, whatever the store:
+//  - Opening, and SetIndex: the first record is current; BOF and EOF are both true if the table is empty, and both are
+//    true only after a positioning that found it empty. AddNew and Update into an empty table clears both.
+//  - A Seek or Find that fails: NoMatch true, no current record (reading a field, Edit and Delete raise 3021). After a
+//    Seek the gap at the key stays, so MoveNext and MovePrevious go to its neighbours. Moves leave NoMatch alone.
+//  - Order: key, in the index's direction, then order of insertion. Seek lands on the first of equal keys.
+//  - MoveNext at EOF, MovePrevious at BOF, any move on an empty table: 3021. MoveNext from the last record gives EOF.
+//  - Edit needs a record (3021; 3167 if it is gone), takes its lock while LockEdits is true (3260), reads it again and
+//    raises 3197, without the lock, if it is not as this recordset last saw it. A second Edit starts the buffer anew.
+//  - Any Seek, Move, Find, SetIndex or Close drops a pending edit silently and releases its lock: the next Update can
+//    never write one record's text into another.
+//  - Update without AddNew or Edit: 3020. Guarded by the record's identity and old content (3197). After it the record
+//    that was current before AddNew, or the edited one, is current. If it fails, buffer, edit state and lock stay.
+//  - Delete takes the lock too; afterwards there is no current record (3167), but the place stays for the next move.
+//  - No statement of the store stays open between two calls.
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+class Store;
+
+class Recordset
+{
+public:
+    Recordset(); // no object
+
+    bool IsNothing() const;
+
+    QString Index() const;
+    void SetIndex(const QString& name); // 3265 if the table has none of this name
+    bool LockEdits() const;
+    void SetLockEdits(bool lock); // true unless set otherwise
+
+    bool BOF() const;
+    bool EOF_() const; // the C library has a macro EOF
+    bool NoMatch() const;
+
+    // Comparison is "="; the key is that of the current index.
+    void Seek(const QString& comparison, const QVariant& key);
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrevious();
+    // Criterion of the form: [Field] LIKE "pattern", where * stands for any run of characters and ? for one, without
+    // regard to case. 3077 and NoMatch true if it cannot be read.
+    void FindLast(const QString& criterion);
+    void FindPrevious(const QString& criterion);
+
+    void AddNew();
+    void Edit();
+    void Update();
+    void CancelUpdate();
+    void Delete();
+    void Close();
+
+    // While an edit is pending this is the edit's buffer. QString for text, QByteArray (UTF-8) for memo, bool, int,
+    // float, QDateTime; a null QVariant where the field was never set. 3265 if there is no such field.
+    QVariant Fields(const QString& name) const;
+    // Only between AddNew or Edit and Update (3020). 3163 if a text is longer than its field.
+    void SetField(const QString& name, const QVariant& value);
+
+private:
+    friend class Database;
+    struct State;
+    explicit Recordset(std::shared_ptr<State> state);
+    State& Live() const;
+
+    std::shared_ptr<State> m_state;
+};

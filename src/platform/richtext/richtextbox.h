@@ -1,0 +1,87 @@
+// The rich text box: a QTextEdit under the property names and events of the program. A selection's property is empty
+// where the selection is mixed.
+#pragma once
+
+#include <QTextEdit>
+
+#include <cstdint>
+#include <optional>
+
+class RichTextBox : public QTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit RichTextBox(QWidget* parent = nullptr);
+
+    QString Text() const; // lines end with "\n"; characters that stand for pictures are left out
+    void SetText(const QString& text);
+
+    // The very bytes that were set, while the box is unmodified; otherwise the document written anew. Text that does
+    // not begin as rich text is taken as plain. Setting clears the modified flag and the undo stack.
+    QByteArray TextRTF() const;
+    void SetTextRTF(const QByteArray& rtf);
+
+    bool Locked() const; // true refuses typing; selecting and copying go on
+    void SetLocked(bool locked);
+
+    bool Modified() const; // since the content was last set
+    void SetModified(bool modified);
+
+    // The default font of the box. On a box with text, name and size change all of the text and set the modified flag.
+    // The names are kept as written, whether or not such a font is installed. Size in points; 380 if 0 or less.
+    QFont Font() const;
+    void SetFontName(const QString& name);
+    void SetFontSize(double points);
+    void SetFontBold(bool bold);
+    void SetFontItalic(bool italic);
+    void SetFontUnderline(bool underline);
+    void SetFontStrikethrough(bool strikethrough);
+
+    std::optional<bool> SelBold() const;
+    std::optional<bool> SelItalic() const;
+    std::optional<bool> SelUnderline() const;
+    std::optional<bool> SelStrikeThru() const;
+    std::optional<QString> SelFontName() const;
+    std::optional<double> SelFontSize() const;
+    std::optional<std::uint32_t> SelColor() const; // blue, green, red from high to low; no colour of its own is 0
+    std::optional<int> SelAlignment() const;       // 0 left, 1 right, 2 centre
+
+    // With no selection these set the format of what is typed next. On an empty box the colour comes back whenever the
+    // box becomes empty again.
+    void SetSelBold(bool bold);
+    void SetSelItalic(bool italic);
+    void SetSelUnderline(bool underline);
+    void SetSelStrikeThru(bool strikethrough);
+    void SetSelFontName(const QString& name);
+    void SetSelFontSize(double points);
+    void SetSelColor(std::uint32_t color);
+    void SetSelAlignment(int alignment);
+
+    int SelStart() const;
+    int SelLength() const;
+    void SetSelStart(int start); // empties the selection
+    void SetSelLength(int length);
+
+    void LoadFile(const QString& path); // 53, 75
+    void SaveFile(const QString& path); // 75; a failed write leaves the old file
+
+    int RightMargin() const; // width of the wrapped text in pixels; 0 wraps at the box's edge
+    void SetRightMargin(int pixels);
+
+    void CommitPreedit(); // takes in what an input method has shown but not yet committed
+
+Q_SIGNALS:
+    // The box came into focus by a click, by Tab or by the program; not when a menu, a popup or a window gave it back.
+    // On a click this comes first, then MouseDown, then Click.
+    void GotFocus();
+    void Click();
+    void MouseDown(int button, const QPoint& globalPosition); // 1 left, 2 right, 4 middle
+    void MouseMove();
+    void Change();
+    void SelChange(); // caret and selection moves only, never a change of format
+    // A key that has text (Backspace, Return and Esc included) or an input method's commit. 0 drops the key.
+    void KeyPress(int& keyAscii);
+    // Before anything but the keyboard changes the text: middle-button paste, a drop. False refuses it.
+    void PasteRequested(bool& allowed);
+};

@@ -1,0 +1,18 @@
+// Rich text format into a document. Never fails: what is broken, cut off or unknown is passed over, and depth, sizes
+// and counts are bounded, so that no input can hang the program or eat its memory. Knows only QtGui.
+#pragma once
+
+#include <QByteArrayView>
+
+class QTextCursor;
+class QTextDocument;
+
+// Replaces the content of the document. Characters carry their formats explicitly (family, size, colour where one is
+// given), so that the document's default font plays no part. Clears the undo stack and the modified flag.
+void ReadRtf(QByteArrayView rtf, QTextDocument& document);
+
+// Inserts at the cursor, in place of its selection, as one step of undo.
+void InsertRtf(QByteArrayView rtf, QTextCursor& cursor);
+
+// Whether a text begins as rich text does.
+bool LooksLikeRtf(QByteArrayView text);

@@ -1,0 +1,81 @@
+#include "platform/runtime/language.h"
+
+#include "platform/runtime/runtimeerror.h"
+
+#include <cmath>
+#include <limits>
+
+namespace
+{
+QStringView WithoutLeadingBlanks(QStringView text)
+{
+    while (!text.isEmpty() && text.front().isSpace()) text = text.sliced(1);
+    return text;
+}
+
+double HexadecimalValue(QStringView digits)
+{
+    quint32 value = 0;
+    qsizetype count = 0;
+    while (count < digits.size() && count < 8) {
+        bool isDigit = false;
+        const uint digit = QString(digits[count]).toUInt(&isDigit, 16);
+        if (!isDigit) break;
+        value = value << 4 | digit;
+        ++count;
+    }
+    const bool isLong = count < digits.size() && digits[count] == u'&';
+    if (!isLong && count <= 4) return static_cast<std::int16_t>(value);
+    return static_cast<qint32>(value);
+}
+
+// Length of the longest start of the text that reads as a decimal number.
+qsizetype NumberLength(QStringView text)
+{
+    qsizetype at = 0;
+    const auto digits = [&] {
+        const qsizetype from = at;
+        while (at < text.size() && text[at] >= u'0' && text[at] <= u'9') ++at;
+        return at - from;
+    };
+    if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) ++at;
+    qsizetype found = digits();
+    if (at < text.size() && text[at] == u'.') {
+        ++at;
+        found += digits();
+    }
+    return found > 0 ? at : 0;
+}
+} // namespace
+
+QString Str(qint64 value)
+{
+    return value < 0 ? QString::number(value) : u' ' + QString::number(value);
+}
+
+QString TrimmedStr(qint64 value)
+{
+    return QString::number(value);
+}
+
+double Val(QStringView text)
+{
+    text = WithoutLeadingBlanks(text);
+    if (text.startsWith(QLatin1StringView("&H"), Qt::CaseInsensitive)) return HexadecimalValue(text.sliced(2));
+    const double value = text.first(NumberLength(text)).toDouble();
+    return std::isfinite(value) ? value : 0;
+}
+
+std::int16_t CInt(qint64 value)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    if (value < Limits::min() || value > Limits::max()) throw RunTimeError{errors::Overflow, QStringLiteral("Overflow")};
+    return static_cast<std::int16_t>(value);
+}
+
+std::int16_t IntegerOf(QStringView text)
+{
+    const double value = std::nearbyint(Val(text));
+    if (std::abs(value) > 1e9) throw RunTimeError{errors::Overflow, QStringLiteral("Overflow")};
+    return CInt(static_cast<qint64>(value));
+}

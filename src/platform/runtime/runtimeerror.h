@@ -1,0 +1,26 @@
+// The one exception of the code. Number tells what went wrong, Description says it to a person.
+// This file is the ground floor: it includes nothing of ours.
+#pragma once
+
+#include <QString>
+
+struct RunTimeError
+{
+    int Number;
+    QString Description;
+};
+
+// Numbers that are raised or recognised in more than one room. The engine's own stand in engine/engineerrors.h.
+namespace errors
+{
+inline constexpr int Overflow = 6;
+inline constexpr int SubscriptOutOfRange = 9;
+inline constexpr int ResumeWithoutError = 20;
+inline constexpr int FileNotFound = 53;
+inline constexpr int PathFileAccess = 75;
+inline constexpr int ObjectNotSet = 91;
+inline constexpr int NoSuchElement = 340;
+inline constexpr int AlreadyLoaded = 360;
+inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int DialogCancelled = 32755;
+} // namespace errors
