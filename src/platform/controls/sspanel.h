@@ -13,10 +13,17 @@ class SSPanel : public QWidget
 
 public:
     // Where the caption stands. Captions at the top keep clear of a note below them.
-    enum Alignment {
-        LeftTop = 0, LeftMiddle = 1, LeftBottom = 2,
-        RightTop = 3, RightMiddle = 4, RightBottom = 5,
-        CenterTop = 6, CenterMiddle = 7, CenterBottom = 8
+    enum Alignment
+    {
+        LeftTop = 0,
+        LeftMiddle = 1,
+        LeftBottom = 2,
+        RightTop = 3,
+        RightMiddle = 4,
+        RightBottom = 5,
+        CenterTop = 6,
+        CenterMiddle = 7,
+        CenterBottom = 8
     };
 
     explicit SSPanel(QWidget* parent = nullptr);

@@ -3,5 +3,11 @@
 
 #include <QWidget>
 
-inline bool Visible(const QWidget& widget) { return !widget.isHidden(); }
-inline void SetVisible(QWidget& widget, bool visible) { widget.setVisible(visible); }
+inline bool Visible(const QWidget& widget)
+{
+    return !widget.isHidden();
+}
+inline void SetVisible(QWidget& widget, bool visible)
+{
+    widget.setVisible(visible);
+}

@@ -3,8 +3,7 @@
 
 #include <QDateTime>
 
-namespace desktopclock
-{
+namespace desktopclock {
 QDateTime Now();
 
 // From now on Now() gives this, until a null QDateTime gives the real clock back.

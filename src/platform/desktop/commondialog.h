@@ -15,8 +15,8 @@ public:
 
     int Flags = 0;
     QString DialogTitle;
-    QString InitDir;    // empty: where the last use ended, at first the user's documents
-    QString Filter;     // "Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"
+    QString InitDir;     // empty: where the last use ended, at first the user's documents
+    QString Filter;      // "Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"
     int FilterIndex = 1; // from 1
     bool CancelError = false;
     QString FileName;  // full path as chosen; may name a file that does not exist yet unless FileMustExist is set

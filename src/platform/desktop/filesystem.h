@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace filesystem
-{
+namespace filesystem {
 // The existing file that a path in any letter case means: the exact path if it exists; else, component by component,
 // the exact name first and then any name that is equal without regard to case, going back where a branch leads
 // nowhere. Paths remembered by Remember come first. Empty if there is none.

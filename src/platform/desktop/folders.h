@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace folders
-{
+namespace folders {
 QString ApplicationDirectory(); // the user's data folder of Orrelin: log, scratch files, icons
 QString WindowsDirectory();     // the user's settings folder of Orrelin: PLANNER.INI, WIN.INI
 QString MediaDirectory();       // tunes

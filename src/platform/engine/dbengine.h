@@ -5,8 +5,7 @@
 
 #include <functional>
 
-namespace DBEngine
-{
+namespace DBEngine {
 inline constexpr int dbFreeLocks = 1;
 inline constexpr int dbRefreshCache = 8;
 

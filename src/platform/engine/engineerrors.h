@@ -1,8 +1,7 @@
 // The numbers of the engine's errors. Their texts are made where they are raised.
 #pragma once
 
-namespace engineerrors
-{
+namespace engineerrors {
 inline constexpr int NoTable = 3011;
 inline constexpr int NoUpdatePending = 3020; // Update or CancelUpdate without AddNew or Edit
 inline constexpr int NoCurrentRecord = 3021;

@@ -24,7 +24,14 @@ struct Place
 };
 
 // Which row of an index is wanted.
-enum class From { First, Last, AtKey, After, Before };
+enum class From
+{
+    First,
+    Last,
+    AtKey,
+    After,
+    Before
+};
 
 class Store
 {

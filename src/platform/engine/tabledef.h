@@ -6,7 +6,15 @@
 
 #include <vector>
 
-enum FieldType { dbBoolean = 1, dbLong = 4, dbSingle = 6, dbDate = 8, dbText = 10, dbMemo = 12 };
+enum FieldType
+{
+    dbBoolean = 1,
+    dbLong = 4,
+    dbSingle = 6,
+    dbDate = 8,
+    dbText = 10,
+    dbMemo = 12
+};
 
 struct Field
 {

@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-extern bool g_bErrorTrap;       // whether tails catch at all; set by start-up, never cleared
+extern bool g_bErrorTrap;        // whether tails catch at all; set by start-up, never cleared
 extern std::int16_t g_iErrCount; // errors of this run, 0 at start-up; written by LogError alone
-extern int g_iErrFile;          // descriptor of the open log, -1 when there is none
+extern int g_iErrFile;           // descriptor of the open log, -1 when there is none
 
 // Opens the log for output, which empties it, and sets the counter to 0. Error 75 if it cannot be written.
 void OpenErrorLog(const QString& path);

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <limits>
 
-namespace
-{
+namespace {
 QStringView WithoutLeadingBlanks(QStringView text)
 {
-    while (!text.isEmpty() && text.front().isSpace()) text = text.sliced(1);
+    while (!text.isEmpty() && text.front().isSpace())
+        text = text.sliced(1);
     return text;
 }
 
@@ -35,7 +35,8 @@ qsizetype NumberLength(QStringView text)
     qsizetype at = 0;
     const auto digits = [&] {
         const qsizetype from = at;
-        while (at < text.size() && text[at] >= u'0' && text[at] <= u'9') ++at;
+        while (at < text.size() && text[at] >= u'0' && text[at] <= u'9')
+            ++at;
         return at - from;
     };
     if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) ++at;
@@ -69,7 +70,8 @@ double Val(QStringView text)
 std::int16_t CInt(qint64 value)
 {
     using Limits = std::numeric_limits<std::int16_t>;
-    if (value < Limits::min() || value > Limits::max()) throw RunTimeError{errors::Overflow, QStringLiteral("Overflow")};
+    if (value < Limits::min() || value > Limits::max())
+        throw RunTimeError{errors::Overflow, QStringLiteral("Overflow")};
     return static_cast<std::int16_t>(value);
 }
 

@@ -11,8 +11,7 @@ struct RunTimeError
 };
 
 // Numbers that are raised or recognised in more than one room. The engine's own stand in engine/engineerrors.h.
-namespace errors
-{
+namespace errors {
 inline constexpr int Overflow = 6;
 inline constexpr int SubscriptOutOfRange = 9;
 inline constexpr int ResumeWithoutError = 20;

@@ -36,7 +36,8 @@ private Q_SLOTS:
         QVERIFY(tail([&] { reached = true; }));
         guard(QLatin1StringView(" in MainForm, tmAlarm_Timer"), [] { Fail(91); });
         QVERIFY(reached);
-        QCOMPARE(Log(), QByteArray(" 1:it broke in MODSHOW, subDisplayMonth\n 2:it broke in MainForm, tmAlarm_Timer\n"));
+        QCOMPARE(Log(),
+                 QByteArray(" 1:it broke in MODSHOW, subDisplayMonth\n 2:it broke in MainForm, tmAlarm_Timer\n"));
     }
 
     void EachRunStartsAnEmptyLog()

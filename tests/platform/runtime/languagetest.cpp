@@ -1,4 +1,5 @@
 #include "platform/runtime/language.h"
+
 #include "platform/runtime/runtimeerror.h"
 
 #include <QTest>
@@ -12,7 +13,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("value");
-        const auto row = [](const char* text, double value) { QTest::newRow(text) << QString::fromLatin1(text) << value; };
+        const auto row = [](const char* text, double value) {
+            QTest::newRow(text) << QString::fromLatin1(text) << value;
+        };
         row("", 0);
         row("7/", 7);
         row("  12", 12);
