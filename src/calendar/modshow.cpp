@@ -1,0 +1,143 @@
+#include "calendar/modshow.h"
+
+#include "calendar/calendarstate.h"
+#include "platform/runtime/language.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <chrono>
+
+namespace {
+constexpr std::array<int, 12> CommonLengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+using MonthNames = std::array<QStringView, 12>;
+constexpr std::array<MonthNames, 3> MonthNamesByLanguage = {
+    MonthNames{u"JANUARY", u"FEBRUARY", u"MARCH", u"APRIL", u"MAY", u"JUNE", u"JULY", u"AUGUST", u"SEPTEMBER",
+               u"OCTOBER", u"NOVEMBER", u"DECEMBER"},
+    MonthNames{u"JANUAR", u"FEBRUAR", u"MAERZ", u"APRIL", u"MAI", u"JUNI", u"JULI", u"AUGUST", u"SEPTEMBER",
+               u"OKTOBER", u"NOVEMBER", u"DEZEMBER"},
+    MonthNames{u"JANVIER", u"FEVRIER", u"MARS", u"AVRIL", u"MAI", u"JUIN", u"JUILLET", u"AOUT", u"SEPTEMBRE",
+               u"OCTOBRE", u"NOVEMBRE", u"DECEMBRE"},
+};
+
+struct NamedColor
+{
+    QStringView name;
+    std::uint32_t value;
+};
+constexpr std::array<NamedColor, 16> Colors = {{{u"BLACK", 0x000000},
+                                                {u"RED", 0x0000FF},
+                                                {u"GREEN", 0x008000},
+                                                {u"YELLOW", 0x00FFFF},
+                                                {u"BLUE", 0xFF0000},
+                                                {u"FUSCHIA", 0xFF00FF},
+                                                {u"AQUA", 0xFFFF00},
+                                                {u"WHITE", 0xFFFFFF},
+                                                {u"MAROON", 0x000080},
+                                                {u"OLIVE", 0x008080},
+                                                {u"NAVY", 0x800000},
+                                                {u"PURPLE", 0x800080},
+                                                {u"TEAL", 0x808000},
+                                                {u"GRAY", 0x808080},
+                                                {u"SILVER", 0xC0C0C0},
+                                                {u"LIME", 0x00FF00}}};
+} // namespace
+
+bool fnIsLeapYear(int year)
+{
+    return year % 4 == 0;
+}
+
+int MonthLength(int year, int month)
+{
+    return month == 2 && fnIsLeapYear(year) ? 29 : CommonLengths.at(static_cast<std::size_t>(month - 1));
+}
+
+void subSetDaysInMonth(int year)
+{
+    g_aiDaysInMonth[0] = 0;
+    for (int month = 1; month <= 12; ++month) {
+        g_aiDaysInMonth[static_cast<std::size_t>(month)] = static_cast<std::int16_t>(MonthLength(year, month));
+    }
+}
+
+std::int16_t fnDaysInMonth()
+{
+    if (g_iMonth < 0 || g_iMonth > 13) {
+        throw RunTimeError{errors::SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
+    }
+    return g_aiDaysInMonth[static_cast<std::size_t>(g_iMonth)];
+}
+
+int Weekday(int year, int month, int day)
+{
+    using namespace std::chrono;
+    const sys_days first = std::chrono::year(year) / std::chrono::month(static_cast<unsigned>(month)) / 1;
+    return static_cast<int>(weekday(first + days(day - 1)).c_encoding()) + 1;
+}
+
+std::int16_t fnFirstDayOfMonth()
+{
+    subSetDaysInMonth(g_iYear);
+    return static_cast<std::int16_t>(Weekday(g_iYear, g_iMonth, 1));
+}
+
+QString fnMonthName(int month)
+{
+    if (g_iLanguage < 0 || g_iLanguage > 2 || month < 1 || month > 12) return {};
+    return MonthNamesByLanguage[static_cast<std::size_t>(g_iLanguage)][static_cast<std::size_t>(month - 1)].toString();
+}
+
+QString fnDayOfWeekName(int day)
+{
+    static constexpr std::array<QStringView, 7> names = {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};
+    return day >= 0 && day <= 6 ? names[static_cast<std::size_t>(day)].toString() : QString();
+}
+
+std::uint32_t fnColorInHex(const QString& name)
+{
+    for (const NamedColor& color : Colors) {
+        if (color.name == name) return color.value;
+    }
+    return 0;
+}
+
+QString DaySlot::Caption() const
+{
+    return isMemo ? QStringLiteral("Memo") + TrimmedStr(number) : Str(number);
+}
+
+std::array<DaySlot, 35> MonthGrid(int firstWeekday, int length)
+{
+    std::array<DaySlot, 35> grid{};
+    for (DaySlot& slot : grid) slot.isMemo = true;
+    for (int day = 1; day <= length; ++day) {
+        grid[static_cast<std::size_t>((firstWeekday + day - 2) % 35)] = {false, day};
+    }
+    int memo = 0;
+    for (DaySlot& slot : grid) {
+        if (slot.isMemo) slot.number = ++memo;
+    }
+    return grid;
+}
+
+std::array<std::int16_t, 42> WeekMap(int firstWeekday, int length)
+{
+    std::array<std::int16_t, 42> map{};
+    int memo = length;
+    for (int slot = 1; slot <= 42; ++slot) {
+        const int day = slot - firstWeekday + 1;
+        const bool isDay = day >= 1 && day <= length;
+        map[static_cast<std::size_t>(slot - 1)] = static_cast<std::int16_t>(isDay ? day : ++memo);
+    }
+    return map;
+}
+
+bool IsMemoCaption(const QString& caption)
+{
+    return caption.startsWith(u"Memo");
+}
+
+QString CellKey(const QString& caption)
+{
+    return TrimmedStr(g_iYear) + u'/' + TrimmedStr(g_iMonth) + u'/' + caption.trimmed();
+}

@@ -1,0 +1,19 @@
+#include "plannerfile/plannerstate.h"
+
+QString g_sDBPath;
+QString g_sDBTitle;
+bool g_bDBShared = false;
+Database g_dbPlanner;
+Recordset g_rsQMT;
+Recordset g_rsAlarm;
+Recordset g_rsRecurse;
+bool g_bExitSaved = false;
+
+void ResetPlannerStateForTests()
+{
+    g_sDBPath.clear();
+    g_sDBTitle.clear();
+    g_bDBShared = g_bExitSaved = false;
+    g_rsQMT = g_rsAlarm = g_rsRecurse = {};
+    g_dbPlanner = {};
+}

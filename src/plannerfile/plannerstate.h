@@ -1,0 +1,17 @@
+// The open planner: where it lies, how it is open, and its tables with their index set.
+#pragma once
+
+#include "platform/engine/dbengine.h"
+
+#include <QString>
+
+extern QString g_sDBPath;  // lower-cased path, empty while no planner is open; opening and creating
+extern QString g_sDBTitle; // lower-cased file name; opening and creating
+extern bool g_bDBShared;   // a workgroup's planner: a day must be locked before it is edited; subSetNetworkMode
+extern Database g_dbPlanner;
+extern Recordset g_rsQMT;     // "QMT Table": the notes
+extern Recordset g_rsAlarm;   // "Alarm Table"
+extern Recordset g_rsRecurse; // "Recursion Table"
+extern bool g_bExitSaved;     // the exit has saved once; subExitProgram
+
+void ResetPlannerStateForTests();

@@ -1,0 +1,29 @@
+// A combo box of the format bar, filled once with fonts, sizes or colours. It takes no focus by the mouse, so that the
+// caret stays in its cell; Tab reaches it.
+#pragma once
+
+#include <QComboBox>
+
+class ORLCombo : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    static constexpr int BlankColor = 16; // the colour entry that stands for a mixed selection
+
+    explicit ORLCombo(QWidget* parent = nullptr);
+
+    void FillFontNames(); // the installed families; cheap: the list is read when it is first opened or looked into
+    void FillFontSizes(); // plain integers, 6 to 72
+    void FillColors();    // the sixteen names, each with its colour, and a blank one
+
+    QString Text() const;
+    int ListCount() const;
+    QString List(int index) const;
+    int ListIndex() const;        // -1 for none
+    void SetListIndex(int index); // by the program: raises no event
+
+Q_SIGNALS:
+    void Change(); // the user chose another entry
+    void Click();  // the user pressed the box; comes before Change
+};

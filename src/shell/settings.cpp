@@ -1,0 +1,66 @@
+#include "shell/settings.h"
+
+#include "platform/profile/profile.h"
+#include "platform/runtime/language.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int FontNameSize = 40;
+constexpr int ColorSize = 40;
+
+// A text of the tables above without a copy of its characters.
+QString Fixed(QStringView text)
+{
+    return QString::fromRawData(text.data(), text.size());
+}
+
+int ReadInt(QStringView section, QStringView key, int fallback)
+{
+    return GetPrivateProfileIntA(Fixed(section), Fixed(key), fallback, Fixed(settings::PlannerIni));
+}
+
+QString ReadText(QStringView section, QStringView key, QStringView fallback, int size)
+{
+    return GetPrivateProfileStringA(Fixed(section), Fixed(key), Fixed(fallback), size, Fixed(settings::PlannerIni));
+}
+} // namespace
+
+int Read(const IntSetting& setting)
+{
+    return ReadInt(setting.section, setting.key, setting.fallback);
+}
+
+QString Read(const TextSetting& setting)
+{
+    return ReadText(setting.section, setting.key, setting.fallback, setting.size);
+}
+
+QString Read(const TextSetting& setting, const QString& computedFallback)
+{
+    return ReadText(setting.section, setting.key, computedFallback, setting.size);
+}
+
+void Write(const IntSetting& setting, int value)
+{
+    WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), QString::number(value),
+                               Fixed(settings::PlannerIni));
+}
+
+void Write(const TextSetting& setting, const QString& value)
+{
+    WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), value, Fixed(settings::PlannerIni));
+}
+
+PanelStyle ReadStyle(const StyleDefaults& defaults)
+{
+    const QStringView section = defaults.section;
+    // A size that no font can have, from a file edited by hand, must not reach the painter.
+    constexpr int LargestSize = 400;
+    const double color = Val(ReadText(section, u"FONTCOLOR", defaults.color, ColorSize));
+    return {ReadText(section, u"FONTNAME", u"Arial", FontNameSize), ReadInt(section, u"FONTBOLD", defaults.bold) != 0,
+            std::clamp(ReadInt(section, u"FONTSIZE", defaults.size), 1, LargestSize),
+            ReadInt(section, u"FONTITALIC", defaults.italic) != 0,
+            static_cast<std::uint32_t>(static_cast<std::int64_t>(std::clamp(color, -2147483648.0, 4294967295.0))) &
+                0xFFFFFFu};
+}
