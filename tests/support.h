@@ -81,8 +81,8 @@ inline QString PlainText(const QAbstractButton* button)
 
 inline void Press(QMessageBox& box, const std::function<bool(QAbstractButton*)>& fits, SeenBox* seen)
 {
-    const auto* const defaultButton = box.defaultButton();
-    if (seen) *seen = {box.windowTitle(), box.text().remove(QChar(0x200B)), box.icon(), PlainText(defaultButton)};
+    const QString text = box.detailedText().isEmpty() ? box.text().remove(QChar(0x200B)) : box.detailedText();
+    if (seen) *seen = {box.windowTitle(), text, box.icon(), PlainText(box.defaultButton())};
     for (QAbstractButton* button : box.buttons()) {
         if (fits(button)) return QTest::mouseClick(button, Qt::LeftButton);
     }

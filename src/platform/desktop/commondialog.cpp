@@ -63,6 +63,7 @@ void Enlarge(QFileDialog& dialog)
     const QSize screen = dialog.screen()->availableSize();
     dialog.resize(dialog.sizeHint().expandedTo({860, 540}).boundedTo(screen * 0.9));
     if (auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
 }

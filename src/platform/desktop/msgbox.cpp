@@ -60,6 +60,8 @@ QMessageBox::Icon IconOf(int style)
     return index < icons.size() ? icons[index] : QMessageBox::NoIcon;
 }
 
+constexpr qsizetype longestText = 1200; // more would push the buttons off the screen; the box then unfolds the rest
+
 // A path without blanks can be longer than the box is wide, so it gets invisible places to break.
 QString Breakable(QString text)
 {
@@ -71,7 +73,9 @@ void Fill(QMessageBox& box, const QString& text, int style, const QString& title
 {
     box.setWindowTitle(title.isEmpty() ? QStringLiteral("Orrelin") : title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(Breakable(text));
+    const bool fits = text.size() <= longestText;
+    box.setText(Breakable(fits ? text : text.left(longestText) + u'\u2026'));
+    if (!fits) box.setDetailedText(text);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setIcon(IconOf(style));
     box.setAccessibleName(box.windowTitle());

@@ -99,11 +99,14 @@ inistorage::Identity inistorage::IdentityOf(const QByteArray& encodedPath)
 
 std::optional<QByteArray> inistorage::Read(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists()) return QByteArray("");
+    struct stat found = {};
+    // A drive that does not answer is no empty file: the next write would put one in its place.
+    const bool isThere = ::stat(QFile::encodeName(path).constData(), &found) == 0;
+    if (!isThere) return errno == ENOENT ? std::optional(QByteArray("")) : std::nullopt;
+    // A pipe would wait for its writer as soon as it is opened.
+    if (!S_ISREG(found.st_mode) || found.st_size > largestFile) return std::nullopt;
     QFile file(path);
-    // A pipe in the file's place would wait for a writer as soon as it is opened.
-    if (!info.isFile() || info.size() > largestFile || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
     const QByteArray text = file.readAll();
     return file.error() == QFileDevice::NoError ? std::optional(text) : std::nullopt;
 }

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <unistd.h>
 
 class ProfileTest : public QObject
 {
@@ -221,7 +222,7 @@ private Q_SLOTS:
     void WhatIsNoFileIsLeftAlone_data()
     {
         QTest::addColumn<QString>("kind");
-        for (const char* kind : {"folder", "pipe", "over 64 MB"})
+        for (const char* kind : {"folder", "pipe", "circle of links", "over 64 MB"})
             QTest::newRow(kind) << QString::fromLatin1(kind);
     }
 
@@ -231,6 +232,7 @@ private Q_SLOTS:
         const QByteArray path = QFile::encodeName(Path(m_ini));
         if (kind == u"folder") QCOMPARE(::mkdir(path.constData(), 0700), 0);
         if (kind == u"pipe") QCOMPARE(::mkfifo(path.constData(), 0600), 0);
+        if (kind == u"circle of links") QCOMPARE(::symlink("PLANNER.INI", path.constData()), 0);
         if (kind == u"over 64 MB") Put("[S]\nKey=1\n");
         if (kind == u"over 64 MB") QVERIFY(QFile::resize(Path(m_ini), 65 * 1024 * 1024));
         const QFileInfo before(Path(m_ini));
@@ -243,11 +245,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("junk");
         QByteArray keys;
-        for (int i = 0; i < 1'000'000; ++i)
+        for (int i = 0; i < 300'000; ++i)
             keys += "key" + QByteArray::number(i) + "=\n";
         QTest::newRow("one line") << QByteArray(10'000'000, 'x');
         QTest::newRow("one heading") << QByteArray(10'000'000, '[');
-        QTest::newRow("a million keys") << keys;
+        QTest::newRow("many keys") << keys;
         QTest::newRow("line breaks only") << QByteArray(10'000'000, '\n');
     }
 
@@ -256,8 +258,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, junk);
         Put("[S]\n" + junk + "\n[T]\nKey=1\n");
         QCOMPARE(Number("T", "Key"), 1);
-        QVERIFY(Write("S", "key999999", QStringLiteral("2")));
-        QCOMPARE(Number("S", "key999999"), 2);
+        QVERIFY(Write("S", "key299999", QStringLiteral("2")));
+        QCOMPARE(Number("S", "key299999"), 2);
         QCOMPARE(Number("T", "Key"), 1);
     }
 
