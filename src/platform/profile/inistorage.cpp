@@ -68,7 +68,7 @@ bool Lock(const Descriptor& file)
     return true;
 }
 
-// Follows links, also one that leads to a file which does not exist yet.
+// Follows links, so that all names of a file share one lock; also a link to a file that does not exist yet.
 QString Resolved(QString path)
 {
     for (int links = 0; links < 40 && QFileInfo(path).isSymLink(); ++links)
