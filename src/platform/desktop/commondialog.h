@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class QFileDialog;
 class QWidget;
 
 class CommonDialog
@@ -27,5 +28,9 @@ public:
     void Action(int action);
 
 private:
+    void ShowOpen();
+    void Take(const QFileDialog& dialog, const QStringList& filters);
+
     QWidget* m_owner;
+    QString m_lastFolder; // of the last file chosen
 };

@@ -1,0 +1,110 @@
+#include "platform/desktop/commondialog.h"
+
+#include "platform/desktop/filesystem.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTreeView>
+
+namespace {
+constexpr int invalidProcedureCall = 5;
+
+// A name typed in other letter case means the file that is there, as it does everywhere in the program.
+class OpenDialog : public QFileDialog
+{
+public:
+    using QFileDialog::QFileDialog;
+
+protected:
+    void accept() override
+    {
+        const QStringList files = selectedFiles();
+        auto* const edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (edit && files.size() == 1 && !QFileInfo::exists(files.first())) {
+            const QString found = filesystem::Find(files.first());
+            if (!found.isEmpty()) edit->setText(found);
+        }
+        QFileDialog::accept();
+    }
+};
+
+// "Name (*.x)|*.x;*.y|..." in the toolkit's form: "Name (*.x *.y)". "*.*" means every file, those without a dot too.
+QStringList NameFilters(const QString& filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+        for (QString& pattern : patterns)
+            pattern = pattern.trimmed() == u"*.*" ? QStringLiteral("*") : pattern.trimmed();
+        filters += parts[i].section(u'(', 0, 0).trimmed() + QStringLiteral(" (") + patterns.join(u' ') + u')';
+    }
+    return filters.isEmpty() ? QStringList{QStringLiteral("All Files (*)")} : filters;
+}
+
+QString FirstFolder(const QStringList& folders)
+{
+    for (const QString& folder : folders) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
+    }
+    return QDir::homePath();
+}
+
+// Wide enough for the columns of the file list, and never larger than the screen.
+void Enlarge(QFileDialog& dialog)
+{
+    const QSize screen = dialog.screen()->availableSize();
+    dialog.resize(dialog.sizeHint().expandedTo({860, 540}).boundedTo(screen * 0.9));
+    if (auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+}
+} // namespace
+
+void CommonDialog::Action(int action)
+{
+    if (action != 1) throw RunTimeError{invalidProcedureCall, QStringLiteral("Invalid procedure call")};
+    ShowOpen();
+}
+
+void CommonDialog::ShowOpen()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QStringList filters = NameFilters(Filter);
+    // The dialog goes with its owner if a timer closes that one behind it.
+    const QPointer<QFileDialog> dialog = new OpenDialog(m_owner ? m_owner : QApplication::activeWindow());
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode((Flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog->setWindowTitle(DialogTitle.isEmpty() ? QStringLiteral("Open") : DialogTitle);
+    dialog->setNameFilters(filters);
+    dialog->selectNameFilter(filters[qBound(1, FilterIndex, int(filters.size())) - 1]);
+    dialog->setDirectory(FirstFolder({InitDir, m_lastFolder, documents}));
+    if (QFileInfo(FileName).isFile()) dialog->selectFile(FileName);
+    Enlarge(*dialog);
+    const int pointer = MousePointer();
+    SetMousePointer(mousepointer::Default);
+    const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
+    SetMousePointer(pointer);
+    if (accepted) Take(*dialog, filters);
+    delete dialog;
+    if (!accepted && CancelError) throw RunTimeError{errors::DialogCancelled, QStringLiteral("Cancel was selected.")};
+}
+
+void CommonDialog::Take(const QFileDialog& dialog, const QStringList& filters)
+{
+    const QFileInfo chosen(dialog.selectedFiles().value(0));
+    FileName = chosen.absoluteFilePath();
+    FileTitle = chosen.fileName();
+    FilterIndex = int(filters.indexOf(dialog.selectedNameFilter())) + 1;
+    m_lastFolder = chosen.absolutePath();
+    filesystem::Remember(FileName);
+}

@@ -1,0 +1,23 @@
+#include "platform/desktop/mousepointer.h"
+
+#include <QGuiApplication>
+
+namespace {
+int g_pointer = mousepointer::Default;
+}
+
+void SetMousePointer(int pointer)
+{
+    // The toolkit stacks its pointers. One level of that stack is ours, so that one Default takes any number of
+    // Hourglass back.
+    const bool wasWaiting = g_pointer == mousepointer::Hourglass;
+    const bool waits = pointer == mousepointer::Hourglass;
+    g_pointer = pointer;
+    if (waits && !wasWaiting) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!waits && wasWaiting) QGuiApplication::restoreOverrideCursor();
+}
+
+int MousePointer()
+{
+    return g_pointer;
+}

@@ -1,0 +1,114 @@
+#include "platform/desktop/msgbox.h"
+
+#include "platform/desktop/mousepointer.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QRegularExpression>
+
+#include <array>
+#include <vector>
+
+namespace {
+struct Button
+{
+    QMessageBox::StandardButton Standard;
+    QLatin1StringView Caption;
+};
+
+// By answer, from 1.
+constexpr std::array<Button, 8> buttons{{
+    {QMessageBox::NoButton, QLatin1StringView("")},
+    {QMessageBox::Ok, QLatin1StringView("OK")},
+    {QMessageBox::Cancel, QLatin1StringView("Cancel")},
+    {QMessageBox::Abort, QLatin1StringView("&Abort")},
+    {QMessageBox::Retry, QLatin1StringView("&Retry")},
+    {QMessageBox::Ignore, QLatin1StringView("&Ignore")},
+    {QMessageBox::Yes, QLatin1StringView("&Yes")},
+    {QMessageBox::No, QLatin1StringView("&No")},
+}};
+
+struct ButtonSet
+{
+    std::vector<int> Answers; // in the order that the default button counts
+    int Escape;
+};
+
+// By the low digit of the style.
+const ButtonSet& ButtonSetOf(int style)
+{
+    using namespace msgbox;
+    static const std::array<ButtonSet, 6> sets{{
+        {{Ok}, Ok},
+        {{Ok, Cancel}, Cancel},
+        {{Abort, Retry, Ignore}, Abort},
+        {{Yes, No, Cancel}, Cancel},
+        {{Yes, No}, No},
+        {{Retry, Cancel}, Cancel},
+    }};
+    const std::size_t index = std::size_t(style & 15);
+    return sets[index < sets.size() ? index : 0];
+}
+
+QMessageBox::Icon IconOf(int style)
+{
+    static constexpr std::array icons{QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question,
+                                      QMessageBox::Warning, QMessageBox::Information};
+    const std::size_t index = std::size_t(style >> 4 & 7);
+    return index < icons.size() ? icons[index] : QMessageBox::NoIcon;
+}
+
+constexpr qsizetype longestText = 1200; // more would push the buttons off the screen; the box then unfolds the rest
+
+// A path without blanks can be longer than the box is wide, so it gets invisible places to break.
+QString Breakable(QString text)
+{
+    static const QRegularExpression longRun(QStringLiteral("(\\S{40})(?=\\S)"));
+    return text.replace(longRun, QStringLiteral("\\1") + QChar(0x200B));
+}
+
+void Fill(QMessageBox& box, const QString& text, int style, const QString& title)
+{
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Orrelin") : title);
+    box.setTextFormat(Qt::PlainText);
+    const bool fits = text.size() <= longestText;
+    box.setText(Breakable(fits ? text : text.left(longestText) + u'\u2026'));
+    if (!fits) box.setDetailedText(text);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setIcon(IconOf(style));
+    box.setAccessibleName(box.windowTitle());
+    box.setAccessibleDescription(text);
+    const ButtonSet& set = ButtonSetOf(style);
+    const std::size_t defaultIndex = std::size_t(style >> 8 & 3);
+    for (std::size_t i = 0; i < set.Answers.size(); ++i) {
+        const Button& button = buttons[std::size_t(set.Answers[i])];
+        QPushButton* const made = box.addButton(button.Standard);
+        made->setText(button.Caption);
+        if (i == 0 || i == defaultIndex) box.setDefaultButton(made);
+        if (set.Answers[i] == set.Escape) box.setEscapeButton(made);
+    }
+}
+
+int AnswerOf(int standardButton, int otherwise)
+{
+    for (std::size_t answer = 1; answer < buttons.size(); ++answer) {
+        if (buttons[answer].Standard == standardButton) return int(answer);
+    }
+    return otherwise;
+}
+} // namespace
+
+int MsgBox(const QString& text, int style, const QString& title)
+{
+    // A timer behind the box may close the window that owns it, and the box goes with its owner.
+    const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    Fill(*box, text, style, title);
+    const int pointer = MousePointer();
+    SetMousePointer(mousepointer::Default); // the person is to choose now, not to wait
+    const int pressed = box->exec();
+    SetMousePointer(pointer);
+    delete box;
+    return AnswerOf(pressed, ButtonSetOf(style).Escape);
+}

@@ -1,0 +1,177 @@
+#include "platform/profile/inifile.h"
+
+#include <QByteArrayView>
+
+namespace {
+// One line of a text. Places count from the start of the text.
+struct Line
+{
+    enum Kind
+    {
+        Other,
+        Section,
+        Key
+    } Is = Other;
+    QByteArrayView Name; // of the section or the key
+    qsizetype ValueStart = 0;
+    qsizetype ValueLength = 0;
+    bool Blank = false;
+};
+
+// Walks over the lines of a text.
+class Lines
+{
+public:
+    explicit Lines(const QByteArray& text) : m_text(text), m_next(text.startsWith("\xEF\xBB\xBF") ? 3 : 0) {}
+
+    bool AtEnd() const { return m_next >= m_text.size(); }
+    qsizetype Place() const { return m_next; } // where the next line starts
+
+    Line Next()
+    {
+        const qsizetype start = m_next;
+        const qsizetype end = m_text.indexOf('\n', start);
+        m_next = end < 0 ? m_text.size() : end + 1;
+        return Read(QByteArrayView(m_text).sliced(start, (end < 0 ? m_text.size() : end) - start));
+    }
+
+private:
+    Line Read(QByteArrayView whole) const
+    {
+        const QByteArrayView text = whole.trimmed();
+        Line line;
+        line.Blank = text.isEmpty();
+        if (text.isEmpty() || text.startsWith(';')) return line;
+        if (text.startsWith('[')) {
+            const qsizetype close = text.indexOf(']');
+            line.Is = Line::Section;
+            line.Name = text.sliced(1, (close < 0 ? text.size() : close) - 1).trimmed();
+            return line;
+        }
+        const qsizetype equals = text.indexOf('=');
+        if (equals < 0) return line;
+        const QByteArrayView value = text.sliced(equals + 1).trimmed();
+        line.Is = Line::Key;
+        line.Name = text.first(equals).trimmed();
+        line.ValueStart =
+            value.isEmpty() ? text.data() + equals + 1 - m_text.constData() : value.data() - m_text.constData();
+        line.ValueLength = value.size();
+        return line;
+    }
+
+    const QByteArray& m_text;
+    qsizetype m_next;
+};
+
+// A line break can be in no name, so it parts the two.
+QString Folded(const QString& section, const QString& key)
+{
+    return QString(section + u'\n' + key).toCaseFolded();
+}
+
+bool Same(QByteArrayView name, const QString& wanted)
+{
+    return QString::fromUtf8(name).toCaseFolded() == wanted.toCaseFolded();
+}
+
+bool CanBeSection(const QString& name)
+{
+    return !name.contains(u']') && !name.contains(u'\n') && name == name.trimmed();
+}
+
+bool CanBeKey(const QString& name)
+{
+    return !name.isEmpty() && !name.contains(u'=') && !name.contains(u'\n') && !name.startsWith(u';') &&
+           !name.startsWith(u'[') && name == name.trimmed();
+}
+
+bool IsQuoted(QStringView value)
+{
+    return value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
+}
+
+// One line, in quotes of its own where reading would strip something of it.
+QByteArray Written(QString value)
+{
+    value.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    for (const char16_t breaking : {u'\n', u'\r'})
+        value.replace(breaking, u' ');
+    if (value != value.trimmed() || IsQuoted(value)) value = u'"' + value + u'"';
+    return value.toUtf8();
+}
+
+// Where a value stands, or where it would be added. -1: nowhere.
+struct Target
+{
+    qsizetype ValueStart = -1;
+    qsizetype ValueLength = 0;
+    qsizetype SectionEnd = -1; // behind the last line of the first such section that is not blank
+};
+
+Target FindTarget(const QByteArray& text, const QString& section, const QString& key)
+{
+    Target target;
+    bool inside = false;
+    int sections = 0; // of this name
+    for (Lines lines(text); !lines.AtEnd();) {
+        const Line line = lines.Next();
+        if (line.Is == Line::Section) {
+            inside = Same(line.Name, section);
+            sections += inside ? 1 : 0;
+        }
+        if (!inside) continue;
+        if (line.Is == Line::Key && Same(line.Name, key)) return {line.ValueStart, line.ValueLength};
+        if (!line.Blank && sections == 1) target.SectionEnd = lines.Place();
+    }
+    return target;
+}
+} // namespace
+
+IniFile::IniFile(const QByteArray& text) : m_text(text)
+{
+    QString section;
+    bool inSection = false;
+    for (Lines lines(m_text); !lines.AtEnd();) {
+        const Line line = lines.Next();
+        if (line.Is == Line::Section) {
+            section = QString::fromUtf8(line.Name);
+            inSection = true;
+            m_sections.insert(section.toCaseFolded());
+        }
+        if (line.Is != Line::Key || !inSection) continue;
+        const QString name = Folded(section, QString::fromUtf8(line.Name));
+        if (!m_values.contains(name)) m_values.insert(name, {line.ValueStart, line.ValueLength});
+    }
+}
+
+bool IniFile::HasSection(const QString& section) const
+{
+    return m_sections.contains(section.toCaseFolded());
+}
+
+std::optional<QString> IniFile::Value(const QString& section, const QString& key) const
+{
+    const auto found = m_values.constFind(Folded(section, key));
+    if (found == m_values.constEnd()) return std::nullopt;
+    const QString value = QString::fromUtf8(QByteArrayView(m_text).sliced(found->Start, found->Length));
+    return IsQuoted(value) ? value.sliced(1, value.size() - 2) : value;
+}
+
+std::optional<QByteArray> WithValue(const QByteArray& text, const QString& section, const QString& key,
+                                    const QString& value)
+{
+    if (!CanBeSection(section) || !CanBeKey(key)) return std::nullopt;
+    const Target target = FindTarget(text, section, key);
+    QByteArray result = text;
+    if (target.ValueStart >= 0) return result.replace(target.ValueStart, target.ValueLength, Written(value));
+    const qsizetype firstBreak = text.indexOf('\n');
+    const QByteArray lineBreak = firstBreak > 0 && text[firstBreak - 1] == '\r' ? "\r\n" : "\n";
+    QByteArray added = key.toUtf8() + '=' + Written(value) + lineBreak;
+    qsizetype place = target.SectionEnd;
+    if (place < 0) {
+        place = text.size();
+        added.prepend('[' + section.toUtf8() + ']' + lineBreak);
+    }
+    if (place > 0 && text[place - 1] != '\n' && place != Lines(text).Place()) added.prepend(lineBreak);
+    return result.insert(place, added);
+}

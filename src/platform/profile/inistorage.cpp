@@ -1,0 +1,122 @@
+#include "platform/profile/inistorage.h"
+
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QThread>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+constexpr qint64 largestFile = 64 * 1024 * 1024;
+constexpr int longestWait = 2000; // milliseconds
+
+class Descriptor
+{
+public:
+    Descriptor(const QString& path, int flags) : m_number(::open(QFile::encodeName(path).constData(), flags, 0666)) {}
+    ~Descriptor()
+    {
+        if (m_number >= 0) ::close(m_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Number() const { return m_number; }
+
+private:
+    int m_number;
+};
+
+// The bytes of the lock file that are locked. Who waits for the turn holds the queue, so that a process which writes
+// without a pause cannot come in between again and again.
+constexpr off_t turn = 0;
+constexpr off_t queue = 1;
+
+int SetLock(const Descriptor& file, short type, off_t byte)
+{
+    struct flock lock = {};
+    lock.l_type = type;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = byte;
+    lock.l_len = 1;
+    return ::fcntl(file.Number(), F_OFD_SETLK, &lock) == 0 ? 0 : errno;
+}
+
+// Asks again and again instead of F_OFD_SETLKW, which a stopped process could hold up for ever.
+bool WaitFor(const Descriptor& file, off_t byte, const QDeadlineTimer& until)
+{
+    int error = SetLock(file, F_WRLCK, byte);
+    for (; error == EAGAIN || error == EACCES || error == EINTR; error = SetLock(file, F_WRLCK, byte)) {
+        if (until.hasExpired()) return false;
+        QThread::msleep(1);
+    }
+    // Some network drives have no locks; settings are saved there all the same.
+    return error == 0 || error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
+}
+
+// A lock of the open file description: it ends with the process, however that ends. Its file is never removed, or two
+// processes could hold locks on two files of one name.
+bool Lock(const Descriptor& file)
+{
+    const QDeadlineTimer until(longestWait);
+    if (file.Number() < 0 || !WaitFor(file, queue, until) || !WaitFor(file, turn, until)) return false;
+    SetLock(file, F_UNLCK, queue);
+    return true;
+}
+
+// Follows links, so that all names of a file share one lock; also a link to a file that does not exist yet.
+QString Resolved(QString path)
+{
+    for (int links = 0; links < 40 && QFileInfo(path).isSymLink(); ++links)
+        path = QFileInfo(path).symLinkTarget();
+    return path;
+}
+
+// The file object's own commit goes on if the bytes cannot be synced, so they are synced before: a network drive may
+// find out only then that it is full.
+bool Replace(const QString& path, const QByteArray& text)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush()) return false;
+    if (::fsync(file.handle()) != 0) return false;
+    if (!file.commit()) return false;
+    const Descriptor folder(QFileInfo(path).path(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ::fsync(folder.Number());
+    return true;
+}
+} // namespace
+
+inistorage::Identity inistorage::IdentityOf(const QByteArray& encodedPath)
+{
+    struct stat found = {};
+    if (::stat(encodedPath.constData(), &found) != 0) return {};
+    return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec * 1'000'000'000LL + found.st_mtim.tv_nsec};
+}
+
+std::optional<QByteArray> inistorage::Read(const QString& path)
+{
+    struct stat found = {};
+    // A drive that does not answer is no empty file: the next write would put one in its place.
+    const bool isThere = ::stat(QFile::encodeName(path).constData(), &found) == 0;
+    if (!isThere) return errno == ENOENT ? std::optional(QByteArray("")) : std::nullopt;
+    // A pipe would wait for its writer as soon as it is opened.
+    if (!S_ISREG(found.st_mode) || found.st_size > largestFile) return std::nullopt;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    const QByteArray text = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(text) : std::nullopt;
+}
+
+bool inistorage::Change(const QString& path, const std::function<std::optional<QByteArray>(const QByteArray&)>& change)
+{
+    const QString target = Resolved(path);
+    const Descriptor lockFile(target + QStringLiteral(".lock"), O_RDWR | O_CREAT | O_CLOEXEC);
+    if (!Lock(lockFile)) return false;
+    const std::optional<QByteArray> before = Read(target);
+    const std::optional<QByteArray> after = before ? change(*before) : std::nullopt;
+    return after && (*after == *before || Replace(target, *after));
+}

@@ -1,0 +1,176 @@
+#include "platform/profile/profile.h"
+
+#include "platform/desktop/folders.h"
+#include "platform/profile/inifile.h"
+#include "platform/profile/inistorage.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QHash>
+#include <QLocale>
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+namespace {
+struct Change
+{
+    QString Section;
+    QString Key;
+    QString Value;
+};
+
+// A file as it was last read. Used on the user interface's thread only, like all of this room.
+struct Held
+{
+    QByteArray EncodedPath;
+    inistorage::Identity Identity;
+    IniFile File;
+    // False while the file is so young that another write could leave the same identity: clocks of file systems tick
+    // slowly. Until then its bytes are compared.
+    bool Settled = false;
+    bool Batched = false;
+    std::vector<Change> Batch; // held back
+};
+
+constexpr qint64 slowestTick = 100'000'000; // nanoseconds
+
+QHash<QString, Held> g_held; // by path
+
+QString PathOf(const QString& file)
+{
+    return file.contains(u'/') ? file : folders::WindowsDirectory() + u'/' + file;
+}
+
+void Apply(IniFile& file, const std::vector<Change>& changes)
+{
+    QByteArray text = file.Text();
+    for (const Change& change : changes) {
+        text = WithValue(text, change.Section, change.Key, change.Value).value_or(text);
+    }
+    if (text != file.Text()) file = IniFile(text);
+}
+
+void Refresh(Held& held, const QString& path, const inistorage::Identity& identity)
+{
+    const QByteArray text = inistorage::Read(path).value_or(QByteArray());
+    if (text != held.File.Text() || !held.Batch.empty()) held.File = IniFile(text);
+    Apply(held.File, held.Batch);
+    held.Identity = identity;
+    held.Settled = identity == inistorage::Identity() ||
+                   std::abs(QDateTime::currentMSecsSinceEpoch() * 1'000'000 - identity.Modified) > slowestTick;
+}
+
+Held& HeldOf(const QString& path)
+{
+    auto held = g_held.find(path);
+    if (held == g_held.end()) {
+        held = g_held.insert(path, Held());
+        held->EncodedPath = QFile::encodeName(path);
+    }
+    const inistorage::Identity identity = inistorage::IdentityOf(held->EncodedPath);
+    if (!held->Settled || identity != held->Identity) Refresh(*held, path, identity);
+    return *held;
+}
+
+// 0 month first, 1 day first, 2 year first.
+int DateOrder(const QString& dateFormat)
+{
+    bool quoted = false;
+    for (const QChar letter : dateFormat) {
+        if (letter == u'\'') quoted = !quoted;
+        const qsizetype order = quoted ? -1 : QStringView(u"Mdy").indexOf(letter);
+        if (order >= 0) return int(order);
+    }
+    return 0;
+}
+
+// What the desktop itself says where WIN.INI is silent on all of it.
+std::optional<QString> SystemValue(const IniFile& held, const QString& section, const QString& key, const QString& file)
+{
+    const auto is = [](const QString& text, QLatin1StringView name) {
+        return text.compare(name, Qt::CaseInsensitive) == 0;
+    };
+    if (!is(section, QLatin1StringView("intl")) || !is(file, QLatin1StringView("WIN.INI"))) return std::nullopt;
+    if (held.HasSection(section)) return std::nullopt;
+    const QLocale locale = QLocale::system();
+    if (is(key, QLatin1StringView("sDecimal"))) return locale.decimalPoint();
+    if (is(key, QLatin1StringView("iDate"))) return QString::number(DateOrder(locale.dateFormat(QLocale::ShortFormat)));
+    return std::nullopt;
+}
+
+std::optional<QString> ValueOf(const QString& section, const QString& key, const QString& file)
+{
+    const IniFile& held = HeldOf(PathOf(file)).File;
+    std::optional<QString> value = held.Value(section, key);
+    return value ? value : SystemValue(held, section, key, file);
+}
+
+int IntegerAtStart(QStringView text)
+{
+    text = text.trimmed();
+    const bool negative = text.startsWith(u'-');
+    if (negative || text.startsWith(u'+')) text = text.sliced(1);
+    qint64 number = 0;
+    for (const QChar digit : text) {
+        if (digit < u'0' || digit > u'9' || number > std::numeric_limits<int>::max()) break;
+        number = number * 10 + (digit.unicode() - u'0');
+    }
+    using Limits = std::numeric_limits<int>;
+    return int(std::clamp<qint64>(negative ? -number : number, Limits::min(), Limits::max()));
+}
+
+bool WriteAll(const QString& path, const std::vector<Change>& changes)
+{
+    if (changes.empty()) return true;
+    // Somebody may have removed the folder since it was made.
+    if (path.startsWith(folders::WindowsDirectory())) QDir().mkpath(folders::WindowsDirectory());
+    return inistorage::Change(path, [&](const QByteArray& before) -> std::optional<QByteArray> {
+        std::optional<QByteArray> text = before;
+        for (const Change& change : changes) {
+            if (text) text = WithValue(*text, change.Section, change.Key, change.Value);
+        }
+        return text;
+    });
+}
+} // namespace
+
+int GetPrivateProfileIntA(const QString& section, const QString& key, int defaultValue, const QString& file)
+{
+    const std::optional<QString> value = ValueOf(section, key, file);
+    return value ? IntegerAtStart(*value) : defaultValue;
+}
+
+QString GetPrivateProfileStringA(const QString& section, const QString& key, const QString& defaultValue, int size,
+                                 const QString& file)
+{
+    const QString value = ValueOf(section, key, file).value_or(defaultValue);
+    const QString cut = value.left(std::max(size - 1, 0));
+    return cut.size() < value.size() && !cut.isEmpty() && cut.back().isHighSurrogate() ? cut.chopped(1) : cut;
+}
+
+bool WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value, const QString& file)
+{
+    const QString path = PathOf(file);
+    const Change change{section, key, value};
+    const auto held = g_held.find(path);
+    if (held == g_held.end() || !held->Batched) return WriteAll(path, {change});
+    if (!WithValue(QByteArray(), section, key, value)) return false;
+    held->Batch.push_back(change);
+    Apply(held->File, {change});
+    return true;
+}
+
+ProfileBatch::ProfileBatch(const QString& file) : m_file(PathOf(file))
+{
+    HeldOf(m_file).Batched = true;
+}
+
+ProfileBatch::~ProfileBatch()
+{
+    const auto held = g_held.find(m_file);
+    WriteAll(m_file, held->Batch);
+    g_held.erase(held); // what is on the disk counts now
+}

@@ -1,0 +1,142 @@
+// What takes more than one program. The others are this program again, started with what to do and where.
+#include "platform/profile/profile.h"
+#include "support.h"
+
+#include <QProcess>
+
+namespace {
+constexpr int keysOfEach = 100;
+const QString iniName = QStringLiteral("PLANNER.INI");
+
+int WriteKeys(const QString& folder, const QString& writer, bool forever)
+{
+    folders::SetRootForTests(folder);
+    for (int i = 0; forever || i < keysOfEach; ++i) {
+        const QString key = writer + QString::number(i % keysOfEach);
+        if (!WritePrivateProfileStringA(QStringLiteral("Keys"), key, QString(key).repeated(9), iniName)) return 1;
+        if (!WritePrivateProfileStringA(QStringLiteral("Count"), writer, QString::number(i + 1), iniName)) return 1;
+    }
+    return 0;
+}
+
+// Prints the date order and the decimal point of the desktop that the environment describes.
+int TellFormats(const QString& folder)
+{
+    folders::SetRootForTests(folder);
+    const QString win = QStringLiteral("WIN.INI");
+    const QString intl = QStringLiteral("intl");
+    const int order = GetPrivateProfileIntA(intl, QStringLiteral("iDate"), 7, win);
+    const QString point = GetPrivateProfileStringA(intl, QStringLiteral("sDecimal"), QStringLiteral("x"), 2, win);
+    QTextStream(stdout) << order << point;
+    return 0;
+}
+} // namespace
+
+class ProfileProcessesTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TemporaryFolders> m_folders;
+
+    void Start(QProcess& writer, const QString& name, const QString& manner) const
+    {
+        writer.setProcessChannelMode(QProcess::ForwardedChannels);
+        writer.start(QCoreApplication::applicationFilePath(), {manner, m_folders->Path(QStringLiteral(".")), name});
+        QVERIFY(writer.waitForStarted());
+    }
+
+    static int Count(const QString& writer)
+    {
+        return GetPrivateProfileIntA(QStringLiteral("Count"), writer, 0, iniName);
+    }
+
+    // Every line of the file is whole.
+    static void LookForTears()
+    {
+        QFile file(folders::WindowsDirectory() + u'/' + iniName);
+        if (!file.open(QIODevice::ReadOnly)) return; // not written yet
+        const QByteArray text = file.readAll();
+        QVERIFY(text.endsWith('\n'));
+        for (const QByteArray& line : text.chopped(1).split('\n')) {
+            const QByteArray key = line.left(line.indexOf('='));
+            if (!line.startsWith('[') && key.size() > 1) QCOMPARE(line, key + '=' + key.repeated(9));
+        }
+    }
+
+private Q_SLOTS:
+    void init() { m_folders = std::make_unique<TemporaryFolders>(); }
+    void cleanup() { m_folders.reset(); }
+
+    void NoneLosesTheOthersKeys()
+    {
+        QProcess writers[2];
+        Start(writers[0], QStringLiteral("a"), QStringLiteral("--write"));
+        Start(writers[1], QStringLiteral("b"), QStringLiteral("--write"));
+        while (writers[0].state() != QProcess::NotRunning || writers[1].state() != QProcess::NotRunning) {
+            LookForTears();
+            QTest::qWait(1);
+        }
+        QCOMPARE(writers[0].exitCode() + writers[1].exitCode(), 0);
+        for (const char writer : {'a', 'b'}) {
+            const QString name(QLatin1Char{writer});
+            QCOMPARE(Count(name), keysOfEach);
+            for (int i = 0; i < keysOfEach; ++i) {
+                const QString key = name + QString::number(i);
+                QCOMPARE(GetPrivateProfileStringA(QStringLiteral("Keys"), key, {}, 99, iniName), key.repeated(9));
+            }
+        }
+    }
+
+    void AKilledWriterHurtsNobody()
+    {
+        for (int round = 0; round < 12; ++round) {
+            const QString zero = QStringLiteral("0");
+            QVERIFY(WritePrivateProfileStringA(QStringLiteral("Count"), QStringLiteral("a"), zero, iniName));
+            QProcess writer;
+            Start(writer, QStringLiteral("a"), QStringLiteral("--forever"));
+            QTRY_VERIFY_WITH_TIMEOUT(Count(QStringLiteral("a")) > 0, 30000);
+            QTest::qWait(round);
+            QCOMPARE(writer.state(), QProcess::Running);
+            writer.kill();
+            QVERIFY(writer.waitForFinished());
+            LookForTears();
+            const QString value = QString::number(round);
+            QVERIFY(WritePrivateProfileStringA(QStringLiteral("S"), QStringLiteral("K"), value, iniName));
+            QCOMPARE(GetPrivateProfileIntA(QStringLiteral("S"), QStringLiteral("K"), -1, iniName), round);
+        }
+    }
+
+    void TheDesktopSpeaksWhereWinIniHasNoIntl_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QByteArray>("formats");
+        QTest::newRow("us") << "en_US.UTF-8" << QByteArray("0.");
+        QTest::newRow("german") << "de_DE.UTF-8" << QByteArray("1,");
+        QTest::newRow("swedish") << "sv_SE.UTF-8" << QByteArray("2,");
+    }
+
+    void TheDesktopSpeaksWhereWinIniHasNoIntl()
+    {
+        QFETCH(QString, locale);
+        QProcess other;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LC_ALL"), locale);
+        other.setProcessEnvironment(environment);
+        other.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--formats"), m_folders->Path(QStringLiteral("."))});
+        QVERIFY(other.waitForFinished());
+        QTEST(other.readAllStandardOutput(), "formats");
+    }
+};
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 4) return WriteKeys(arguments[2], arguments[3], arguments[1] == u"--forever");
+    if (arguments.value(1) == u"--formats") return TellFormats(arguments[2]);
+    ProfileProcessesTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "profileprocessestest.moc"

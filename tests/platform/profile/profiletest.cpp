@@ -1,0 +1,287 @@
+#include "platform/profile/profile.h"
+
+#include "support.h"
+
+#include <QFile>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+class ProfileTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TemporaryFolders> m_folders;
+    const QString m_ini = QStringLiteral("PLANNER.INI");
+
+    static QString Path(const QString& name) { return folders::WindowsDirectory() + u'/' + name; }
+    QByteArray Bytes() const
+    {
+        QFile file(Path(m_ini));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+    void Put(const QByteArray& text, const QString& name = QStringLiteral("PLANNER.INI")) const
+    {
+        QFile file(Path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(text), qint64(text.size()));
+    }
+    QString Text(const char* section, const char* key, int size = 1024) const
+    {
+        return GetPrivateProfileStringA(QString::fromUtf8(section), QString::fromUtf8(key), QStringLiteral("(None)"),
+                                        size, m_ini);
+    }
+    int Number(const char* section, const char* key) const
+    {
+        return GetPrivateProfileIntA(QString::fromUtf8(section), QString::fromUtf8(key), 77, m_ini);
+    }
+    bool Write(const char* section, const char* key, const QString& value) const
+    {
+        return WritePrivateProfileStringA(QString::fromUtf8(section), QString::fromUtf8(key), value, m_ini);
+    }
+
+private Q_SLOTS:
+    void init() { m_folders = std::make_unique<TemporaryFolders>(); }
+    void cleanup() { m_folders.reset(); }
+
+    void ValuesAreRead_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("number");
+        const auto row = [](const char* name, const QByteArray& file, const char* text, int number) {
+            QTest::newRow(name) << file << QString::fromUtf8(text) << number;
+        };
+        row("plain", "[S]\nKey=12\n", "12", 12);
+        row("letter case, blanks", "[ s ]\r\n  kEY =  12  \r\n", "12", 12);
+        row("first wins", "[S]\nKey=1\nKEY=2\n[s]\nkey=3\n", "1", 1);
+        row("section in two parts", "[S]\n[T]\nKey=1\n[s]\nKey=2", "2", 2);
+        row("comment and heading of keys", "Key=9\n[S]\n;Key=1\nkey\nKey=-2", "-2", -2);
+        row("byte order mark", "\xEF\xBB\xBF[S]\nKey=+3", "+3", 3);
+        row("quotes", "[S]\nKey=\" 4 \"\n", " 4 ", 4);
+        row("single quotes", "[S]\nKey='\"x\"'\n", "\"x\"", 0);
+        row("one quote", "[S]\nKey=\"\n", "\"", 0);
+        row("empty", "[S]\nKey=\n", "", 0);
+        row("equals in value", "[S]\nKey=a=b\n", "a=b", 0);
+        row("utf-8", "[S]\nKey=Übung\n", "Übung", 0);
+        row("colour", "[S]\nKey=&H808080\n", "&H808080", 0);
+        row("number and text", "[S]\nKey=12 pt\n", "12 pt", 12);
+        row("huge", "[S]\nKey=99999999999999999999999\n", "99999999999999999999999", INT_MAX);
+        row("very negative", "[S]\nKey=-2147483649\n", "-2147483649", INT_MIN);
+        row("absent", "[T]\nKey=1\n", "(None)", 77);
+        row("no bracket", "[S\nKey=5", "5", 5);
+        row("nothing but brackets", "[\n[]\n[[[\n]\n=\n==\n\n[S]\n=1\nKey=6", "6", 6);
+        row("NUL bytes", QByteArray("\0\0[x]\n\0=\0\n[S]\n\0\nKey=7\n", 22), "7", 7);
+        row("not utf-8", "[\xFF]\n\xC3=\x80\n[S]\nKey=8", "8", 8);
+    }
+
+    void ValuesAreRead()
+    {
+        QFETCH(QByteArray, file);
+        Put(file);
+        QTEST(Text("S", "KEY"), "text");
+        QTEST(Number("S", "KEY"), "number");
+    }
+
+    void TheBufferCutsTheText()
+    {
+        Put("[S]\nKey=abcdef\nSmile=ab\xF0\x9F\x98\x80");
+        QCOMPARE(Text("S", "Key", 4), QStringLiteral("abc"));
+        QCOMPARE(Text("S", "Smile", 4), QStringLiteral("ab")); // never half a character
+        QCOMPARE(Text("S", "None", 3), QStringLiteral("(N"));
+        QCOMPARE(Text("S", "Key", 0), QString());
+    }
+
+    void AWriteLeavesTheRestAlone_data()
+    {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("after");
+        const auto row = [](const char* name, const QByteArray& before, const QByteArray& after) {
+            QTest::newRow(name) << before << after;
+        };
+        row("empty", "", "[S]\nKey=v\n");
+        row("only a mark", "\xEF\xBB\xBF", "\xEF\xBB\xBF[S]\nKey=v\n");
+        row("replaced", "; mine\n\n[s]\n key = \"old\"  \nz\xFFz\n", "; mine\n\n[s]\n key = v  \nz\xFFz\n");
+        row("was empty", "[S]\nKey=\n[T]\n", "[S]\nKey=v\n[T]\n");
+        row("only the first", "[S]\nKey=1\nKey=2\n", "[S]\nKey=v\nKey=2\n");
+        row("the one that is read", "[S]\na=1\n[T]\n[S]\nKey=2\n", "[S]\na=1\n[T]\n[S]\nKey=v\n");
+        row("new key", "[S]\r\na=1\r\n\r\n[T]\r\nKey=1\r\n", "[S]\r\na=1\r\nKey=v\r\n\r\n[T]\r\nKey=1\r\n");
+        row("no line break at the end", "[S]\na=1", "[S]\na=1\nKey=v\n");
+        row("new section", "[T]\nKey=1", "[T]\nKey=1\n[S]\nKey=v\n");
+        row("torn heading", "[T]\n[S", "[T]\n[S\nKey=v\n");
+    }
+
+    void AWriteLeavesTheRestAlone()
+    {
+        QFETCH(QByteArray, before);
+        if (!before.isEmpty()) Put(before);
+        QVERIFY(Write("S", "Key", QStringLiteral("v")));
+        QTEST(Bytes(), "after");
+        QCOMPARE(Text("s", "KEY"), QStringLiteral("v"));
+    }
+
+    void WhatIsWrittenIsReadBack_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("read");
+        for (const char* same : {"", "&HFF&", "c:\\a b.mdb", "a=b;c", "[x]", " edge ", "\"said\"", "'", "Ω\tπ"}) {
+            QTest::newRow(same) << QString::fromUtf8(same) << QString::fromUtf8(same);
+        }
+        QTest::newRow("line breaks") << "a\r\nb\n[T]\rc"
+                                     << "a b [T] c";
+    }
+
+    void WhatIsWrittenIsReadBack()
+    {
+        QFETCH(QString, value);
+        QVERIFY(Write("S", "Key", value));
+        QTEST(Text("S", "Key"), "read");
+        QCOMPARE(Text("T", "c"), QStringLiteral("(None)"));
+    }
+
+    void NamesThatNoFileCanHoldAreRefused()
+    {
+        for (const char* key : {"", "a=b", ";a", "[a", "a\nb", " a"})
+            QVERIFY(!Write("S", key, QStringLiteral("v")));
+        QVERIFY(!Write("a]", "Key", QStringLiteral("v")));
+        QCOMPARE(Bytes(), QByteArray("no file"));
+    }
+
+    // An editor that saves in place, the same size in the same tick of a slow clock.
+    void ChangesFromOutsideAreSeen()
+    {
+        timespec times[2] = {};
+        QCOMPARE(::clock_gettime(CLOCK_REALTIME, &times[0]), 0);
+        times[1] = times[0];
+        for (int i = 1; i < 5; ++i) {
+            Put("[S]\nKey=" + QByteArray::number(i));
+            QCOMPARE(::utimensat(AT_FDCWD, QFile::encodeName(Path(m_ini)).constData(), times, 0), 0);
+            QCOMPARE(Number("S", "Key"), i);
+        }
+        QVERIFY(QFile::remove(Path(m_ini)));
+        QCOMPARE(Number("S", "Key"), 77);
+    }
+
+    void ABatchIsOneReplacement()
+    {
+        Put("[S]\na=1\n");
+        {
+            const ProfileBatch batch(m_ini);
+            QVERIFY(Write("S", "a", QStringLiteral("2")));
+            QVERIFY(Write("S", "b", QStringLiteral("3")));
+            QVERIFY(!Write("S", "=", QStringLiteral("3")));
+            QCOMPARE(Number("S", "a") + Number("S", "b"), 5);
+            QCOMPARE(Bytes(), QByteArray("[S]\na=1\n"));
+            Put("[S]\na=1\nc=4\n"); // another program meanwhile
+            QCOMPARE(Number("S", "b") + Number("S", "c"), 7);
+        }
+        QCOMPARE(Bytes(), QByteArray("[S]\na=2\nc=4\nb=3\n"));
+        QVERIFY(Write("S", "a", QStringLiteral("5")));
+        QCOMPARE(Number("S", "a"), 5);
+    }
+
+    void LinksAndPermissionsStay()
+    {
+        const QString target = m_folders->Path(QStringLiteral("dotfile"));
+        QVERIFY(QFile::link(target, Path(m_ini)));
+        QVERIFY(Write("S", "a", QStringLiteral("1"))); // the link led nowhere yet
+        QVERIFY(QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+        QVERIFY(Write("S", "a", QStringLiteral("2")));
+        QVERIFY(QFileInfo(Path(m_ini)).isSymLink());
+        struct stat found = {};
+        QCOMPARE(::stat(QFile::encodeName(target).constData(), &found), 0);
+        QCOMPARE(int(found.st_mode & 0777), 0640);
+        QCOMPARE(Number("S", "a"), 2);
+    }
+
+    void TheFolderIsMadeAgain()
+    {
+        QVERIFY(QDir(folders::WindowsDirectory()).removeRecursively());
+        QVERIFY(Write("S", "a", QStringLiteral("1")));
+        QCOMPARE(Number("S", "a"), 1);
+    }
+
+    void AFullDiskLosesNothing()
+    {
+        const QByteArray text = "[S]\nKey=1\n" + QByteArray(8000, ';');
+        Put(text);
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit old = {};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &old), 0);
+        const rlimit small{4096, old.rlim_max};
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+        const bool written = Write("S", "Key", QStringLiteral("2"));
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &old), 0);
+        QVERIFY(!written);
+        QCOMPARE(Bytes(), text);
+        QCOMPARE(Number("S", "Key"), 1);
+        const QStringList left = QDir(folders::WindowsDirectory()).entryList(QDir::Files);
+        QCOMPARE(left, (QStringList{m_ini, m_ini + QStringLiteral(".lock")}));
+    }
+
+    void WhatIsNoFileIsLeftAlone_data()
+    {
+        QTest::addColumn<QString>("kind");
+        for (const char* kind : {"folder", "pipe", "circle of links", "over 64 MB"})
+            QTest::newRow(kind) << QString::fromLatin1(kind);
+    }
+
+    void WhatIsNoFileIsLeftAlone()
+    {
+        QFETCH(QString, kind);
+        const QByteArray path = QFile::encodeName(Path(m_ini));
+        if (kind == u"folder") QCOMPARE(::mkdir(path.constData(), 0700), 0);
+        if (kind == u"pipe") QCOMPARE(::mkfifo(path.constData(), 0600), 0);
+        if (kind == u"circle of links") QCOMPARE(::symlink("PLANNER.INI", path.constData()), 0);
+        if (kind == u"over 64 MB") Put("[S]\nKey=1\n");
+        if (kind == u"over 64 MB") QVERIFY(QFile::resize(Path(m_ini), 65 * 1024 * 1024));
+        const QFileInfo before(Path(m_ini));
+        QCOMPARE(Number("S", "Key"), 77);
+        QVERIFY(!Write("S", "Key", QStringLiteral("2")));
+        QCOMPARE(QFileInfo(Path(m_ini)).size(), before.size());
+    }
+
+    void LargeFilesAreRead_data()
+    {
+        QTest::addColumn<QByteArray>("junk");
+        QByteArray keys;
+        for (int i = 0; i < 300'000; ++i)
+            keys += "key" + QByteArray::number(i) + "=\n";
+        QTest::newRow("one line") << QByteArray(10'000'000, 'x');
+        QTest::newRow("one heading") << QByteArray(10'000'000, '[');
+        QTest::newRow("many keys") << keys;
+        QTest::newRow("line breaks only") << QByteArray(10'000'000, '\n');
+    }
+
+    void LargeFilesAreRead()
+    {
+        QFETCH(QByteArray, junk);
+        Put("[S]\n" + junk + "\n[T]\nKey=1\n");
+        QCOMPARE(Number("T", "Key"), 1);
+        QVERIFY(Write("S", "key299999", QStringLiteral("2")));
+        QCOMPARE(Number("S", "key299999"), 2);
+        QCOMPARE(Number("T", "Key"), 1);
+    }
+
+    void WinIniIsAskedBeforeTheDesktop()
+    {
+        const QString win = QStringLiteral("WIN.INI");
+        const auto order = [](const QString& file) {
+            return GetPrivateProfileIntA(QStringLiteral("INTL"), QStringLiteral("idate"), 7, file);
+        };
+        Put("[intl]\niDate=2\n", win);
+        QCOMPARE(order(win), 2);
+        Put("[Intl]\nsDecimal=;\n", win);
+        QCOMPARE(order(win), 7);
+        QCOMPARE(order(m_ini), 7);
+        Put("", win);
+        QVERIFY(order(win) != 7);
+    }
+};
+
+QTEST_MAIN(ProfileTest)
+#include "profiletest.moc"

@@ -1,0 +1,159 @@
+// What many tests need: folders of their own, and answers to boxes and dialogs that come up in the middle of a call.
+// Boxes and dialogs are the real ones. An answer waits in a queue until a window of its kind is the active modal one,
+// so that several answers meet several boxes in the order in which they were given.
+#pragma once
+
+#include "platform/desktop/folders.h"
+#include "platform/desktop/msgbox.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCompleter>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+
+// The program's folders lie under a temporary one for as long as this lives.
+class TemporaryFolders
+{
+public:
+    TemporaryFolders() { folders::SetRootForTests(m_folder.path()); }
+    ~TemporaryFolders() { folders::SetRootForTests(QString()); }
+    TemporaryFolders(const TemporaryFolders&) = delete;
+    TemporaryFolders& operator=(const TemporaryFolders&) = delete;
+
+    QString Path(const QString& name) const { return m_folder.filePath(name); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+// What a message box showed.
+struct SeenBox
+{
+    QString Title;
+    QString Text;
+    QMessageBox::Icon Icon = QMessageBox::NoIcon;
+    QString DefaultButton; // its text without "&"
+};
+
+namespace support {
+struct Answer
+{
+    std::function<bool(QWidget*)> Fits;
+    std::function<void(QWidget*)> Give;
+};
+
+inline std::deque<Answer> g_answers;  // the first one is waiting
+inline QDeadlineTimer g_answersUntil; // then the first one has waited too long and the test fails
+inline constexpr int longestWait = 20000;
+
+inline void Poll()
+{
+    if (g_answers.empty()) return;
+    if (g_answersUntil.hasExpired()) {
+        g_answers.clear();
+        if (auto* const unasked = qobject_cast<QDialog*>(QApplication::activeModalWidget())) unasked->reject();
+        QTest::qFail("the box or dialog that a test wanted to answer did not come", __FILE__, __LINE__);
+        return;
+    }
+    // Set before the answer is given: what it does may open the next box inside it.
+    QTimer::singleShot(5, qApp, Poll);
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (!modal || !modal->isVisible() || !g_answers.front().Fits(modal)) return;
+    const Answer answer = g_answers.front();
+    g_answers.pop_front();
+    g_answersUntil.setRemainingTime(longestWait);
+    const QPointer<QDialog> dialog = qobject_cast<QDialog*>(modal);
+    answer.Give(modal);
+    // A check that failed has left the answer half given, and nobody else would close the window.
+    if (dialog && QTest::currentTestFailed()) dialog->reject();
+}
+
+inline QString PlainText(const QAbstractButton* button)
+{
+    return button ? button->text().remove(u'&') : QString();
+}
+
+inline void Press(QMessageBox& box, const std::function<bool(QAbstractButton*)>& fits, SeenBox* seen)
+{
+    const QString text = box.detailedText().isEmpty() ? box.text().remove(QChar(0x200B)) : box.detailedText();
+    if (seen) *seen = {box.windowTitle(), text, box.icon(), PlainText(box.defaultButton())};
+    for (QAbstractButton* button : box.buttons()) {
+        if (fits(button)) return QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QTest::qFail("the box has no such button", __FILE__, __LINE__);
+    box.reject();
+}
+} // namespace support
+
+// Runs the action on the next modal window of this class.
+template <typename Window>
+void OnNextModal(std::function<void(Window&)> action)
+{
+    support::g_answers.push_back({[](QWidget* window) { return qobject_cast<Window*>(window) != nullptr; },
+                                  [action](QWidget* window) { action(*qobject_cast<Window*>(window)); }});
+    if (support::g_answers.size() > 1) return;
+    support::g_answersUntil.setRemainingTime(support::longestWait);
+    QTimer::singleShot(0, qApp, support::Poll);
+}
+
+// Answers that no box has taken yet; a test that expects its box looks for 0 behind the call.
+inline int WaitingAnswers()
+{
+    return int(support::g_answers.size());
+}
+
+inline void DropAnswers()
+{
+    support::g_answers.clear();
+}
+
+// Presses the button with this text ("Yes") or this number (msgbox::Yes) in the next message box.
+inline void AnswerNextBox(const QString& button, SeenBox* seen = nullptr)
+{
+    OnNextModal<QMessageBox>([=](QMessageBox& box) {
+        support::Press(
+            box, [&](QAbstractButton* b) { return support::PlainText(b) == button; }, seen);
+    });
+}
+
+inline void AnswerNextBox(int answer, SeenBox* seen = nullptr)
+{
+    static constexpr QMessageBox::StandardButton buttons[] = {
+        QMessageBox::NoButton, QMessageBox::Ok,     QMessageBox::Cancel, QMessageBox::Abort,
+        QMessageBox::Retry,    QMessageBox::Ignore, QMessageBox::Yes,    QMessageBox::No};
+    OnNextModal<QMessageBox>([=](QMessageBox& box) {
+        support::Press(
+            box, [&](QAbstractButton* b) { return box.standardButton(b) == buttons[answer]; }, seen);
+    });
+}
+
+// Types the name or path into the next file dialog and presses Return.
+inline void AnswerNextFileDialog(const QString& path)
+{
+    OnNextModal<QFileDialog>([=](QFileDialog& dialog) {
+        auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        // Without the focus the dialog takes what is typed for a choice in its list.
+        Q_UNUSED(QTest::qWaitForWindowActive(&dialog));
+        edit->setFocus();
+        edit->selectAll();
+        for (const QChar letter : path)
+            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_unknown, letter, {});
+        if (edit->completer()) edit->completer()->popup()->hide();
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+}
+
+inline void CancelNextFileDialog()
+{
+    OnNextModal<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+}
