@@ -29,10 +29,10 @@ using namespace engineerrors;
 }
 } // namespace
 
-Recordset::State::State(std::shared_ptr<Store> openStore, TableDef definition, ::Index order)
-    : store(std::move(openStore)), table(std::move(definition)), index(std::move(order))
+Recordset::State::State(std::shared_ptr<Store> openStore, TableDef definition, const ::Index& order)
+    : store(std::move(openStore)), table(std::move(definition))
 {
-    StandAtFirst();
+    Use(order);
 }
 
 Recordset::State::~State()
@@ -43,12 +43,14 @@ Recordset::State::~State()
 void Recordset::State::SetIndex(const ::Index& order)
 {
     DropEdit();
-    index = order;
-    StandAtFirst();
+    Use(order);
 }
 
-void Recordset::State::StandAtFirst()
+void Recordset::State::Use(const ::Index& order)
 {
+    index = order;
+    m_keyField.reset();
+    if (!order.Fields.isEmpty()) m_keyField = FieldNumber(table, KeyField(order));
     m_at = At::Nowhere;
     bof = eof = !Land(Look(From::First));
 }
@@ -63,7 +65,7 @@ bool Recordset::State::Land(std::optional<Row> found)
     if (!found) return false;
     m_row = std::move(*found);
     m_place.id = m_row.id;
-    m_place.key = index.Fields.isEmpty() ? QVariant() : m_row.values[FieldNumber(table, KeyField(index))];
+    m_place.key = m_keyField ? m_row.values[*m_keyField] : QVariant();
     m_at = At::Record;
     bof = eof = false;
     return true;
@@ -76,8 +78,8 @@ void Recordset::State::Seek(const QString& comparison, const QVariant& key)
     noMatch = true;
     m_at = At::Nowhere;
     if (comparison != u"=") Raise(InvalidArgument, QStringLiteral("Seek compares by \"=\" only."));
-    if (index.Fields.isEmpty()) Raise(NoIndex, QStringLiteral("Seek needs a current index."));
-    m_place = {AsFieldValue(table.Fields[FieldNumber(table, KeyField(index))], key), 0};
+    if (!m_keyField) Raise(NoIndex, QStringLiteral("Seek needs a current index."));
+    m_place = {AsFieldValue(table.Fields[*m_keyField], key), 0};
     m_at = At::Gap;
     noMatch = !Land(Look(From::AtKey));
 }

@@ -7,7 +7,7 @@
 
 struct Recordset::State
 {
-    State(std::shared_ptr<Store> openStore, TableDef definition, ::Index order); // stands on the first record
+    State(std::shared_ptr<Store> openStore, TableDef definition, const ::Index& order); // stands on the first record
     ~State(); // an edit's lock ends with its recordset
     State(const State&) = delete;
     State& operator=(const State&) = delete;
@@ -45,7 +45,7 @@ struct Recordset::State
 
     std::shared_ptr<Store> store; // null when closed
     TableDef table;
-    ::Index index;
+    ::Index index; // changed by SetIndex alone
     bool lockEdits = true;
     bool bof = false;
     bool eof = false;
@@ -57,12 +57,13 @@ private:
     std::optional<Row> LookPrevious(const Criterion& criterion) const;
     bool Land(std::optional<Row> found);
     void StandAtEnd(From end);
-    void StandAtFirst();
-    const Row& Current() const; // 3021, 3167
+    void Use(const ::Index& order); // and stand on its first record
+    const Row& Current() const;     // 3021, 3167
     void Lock();
     void ReleaseLock();
     void UpdateRecord();
 
+    std::optional<std::size_t> m_keyField; // the field that the index orders by
     At m_at = At::Nowhere;
     Place m_place;
     Row m_row;

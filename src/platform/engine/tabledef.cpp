@@ -12,6 +12,8 @@ namespace {
 template <typename List>
 auto FindNamed(const List& list, const QString& name)
 {
+    const auto exact = std::ranges::find_if(list, [&](const auto& item) { return item.Name == name; });
+    if (exact != list.end()) return exact;
     return std::ranges::find_if(list,
                                 [&](const auto& item) { return item.Name.compare(name, Qt::CaseInsensitive) == 0; });
 }
@@ -23,9 +25,10 @@ auto FindNamed(const List& list, const QString& name)
 }
 
 // Lone surrogates have no UTF-8, and a file would give back something else than it was given.
-QString Storable(const QString& text)
+QVariant Storable(const QVariant& value)
 {
-    return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
+    const auto& text = *static_cast<const QString*>(value.constData());
+    return text.isValidUtf16() ? value : QVariant(QString::fromUtf8(text.toUtf8()));
 }
 
 QMetaType TypeOf(FieldType type)
@@ -82,10 +85,11 @@ QVariant AsFieldValue(const Field& field, const QVariant& value)
 {
     if (value.isNull()) return {};
     QVariant result = value;
-    if (!result.convert(TypeOf(field.Type)))
+    const QMetaType type = TypeOf(field.Type);
+    if (result.metaType() != type && !result.convert(type))
         throw RunTimeError{engineerrors::TypeMismatch,
                            QStringLiteral("The value does not fit the type of field '%1'.").arg(field.Name)};
-    if (field.Type == dbText) return Storable(result.toString());
+    if (field.Type == dbText) return Storable(result);
     if (field.Type == dbDate) return QDateTime(result.toDate(), result.toTime()); // what the clock on the wall showed
     if (field.Type == dbSingle && std::isnan(result.toFloat())) return {};
     return result;

@@ -87,8 +87,10 @@ class PlannerFileTest : public QObject
         Database database = DBEngine::CreateDatabase(path, {});
         database.Append(DayTable());
         Recordset days = Days(database);
+        WriteTransaction month(database);
         for (int day = 1; day <= 31; ++day)
             Write(days, QStringLiteral("1999/3/%1").arg(day), QByteArray(6000, 'x'));
+        month.Commit();
     }
 
 private Q_SLOTS:

@@ -123,16 +123,7 @@ RunTimeError SqliteConnection::Failure(const SQLite::Exception& error, Doing doi
     return failure;
 }
 
-void SqliteConnection::Read(const Step& step)
-{
-    try {
-        step();
-    } catch (const SQLite::Exception& error) {
-        throw Failure(error, Doing::Reading);
-    }
-}
-
-void SqliteConnection::Write(const Step& step)
+void SqliteConnection::Write(const std::function<void()>& step)
 {
     const bool alone = !m_writing;
     if (alone) BeginWrite();

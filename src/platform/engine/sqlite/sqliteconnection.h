@@ -23,9 +23,16 @@ public:
 
     SQLite::Database& Library() { return m_database; }
 
-    using Step = std::function<void()>;
-    void Read(const Step& step);
-    void Write(const Step& step); // within the WriteTransaction, or as one of its own
+    template <typename Step>
+    void Read(Step&& step)
+    {
+        try {
+            step();
+        } catch (const SQLite::Exception& error) {
+            throw Failure(error, Doing::Reading);
+        }
+    }
+    void Write(const std::function<void()>& step); // within the WriteTransaction, or as one of its own
 
     // As the Store's calls of these names.
     void BeginRead();

@@ -28,17 +28,17 @@ private:
 };
 
 // Gives the number after the last one bound.
-int BindRow(SQLite::Statement& statement, int number, const TableDef& table, const std::vector<QVariant>& values)
+int BindRow(SQLite::Statement& statement, int number, const std::vector<QVariant>& values)
 {
-    for (std::size_t i = 0; i < table.Fields.size(); ++i)
-        BindValue(statement, number++, table.Fields[i], values[i]);
+    for (const QVariant& value : values)
+        BindValue(statement, number++, value);
     return number;
 }
 
-void BindOld(SQLite::Statement& statement, int number, const TableDef& table, const Row& old)
+void BindOld(SQLite::Statement& statement, int number, const Row& old)
 {
     statement.bind(number, int64_t{old.id});
-    BindRow(statement, number + 1, table, old.values);
+    BindRow(statement, number + 1, old.values);
 }
 
 void Matches(sqlite3_context* context, int, sqlite3_value** arguments)
@@ -115,16 +115,18 @@ void SqliteStore::CreateTable(const TableDef& table)
 }
 
 template <typename Text>
-SQLite::Statement& SqliteStore::Prepared(StatementKey key, Text&& text)
+SQLite::Statement& SqliteStore::Prepared(const StatementView& view, Text&& text)
 {
-    const auto found = m_statements.find(key);
-    if (found != m_statements.end()) return found->second;
-    return m_statements.emplace(std::move(key), SQLite::Statement(m_connection->Library(), text())).first->second;
+    // They are few: comparing them one by one is quicker than any order or hash of their names.
+    for (auto& [key, statement] : m_statements)
+        if (key == view) return statement;
+    return m_statements.emplace_back(view, SQLite::Statement(m_connection->Library(), text())).second;
 }
 
 SQLite::Statement& SqliteStore::PreparedFor(const TableDef& table, Verb verb, std::string (*text)(const TableDef&))
 {
-    return Prepared({table.Name, verb, {}, {}, sqltext::Rows::All, true}, [&] { return text(table); });
+    static const QString none;
+    return Prepared({verb, sqltext::Rows::All, true, table.Name, none, none}, [&] { return text(table); });
 }
 
 std::optional<Row> SqliteStore::Find(const TableDef& table, const Index& index, From from, const Place& place,
@@ -145,12 +147,11 @@ std::optional<Row> SqliteStore::FindOnce(const TableDef& table, const Index& ind
                                          const Place& place, const QString& likeField)
 {
     SQLite::Statement& statement =
-        Prepared({table.Name, Verb::Find, index.Fields, likeField, lookUp.rows, lookUp.forward},
+        Prepared({Verb::Find, lookUp.rows, lookUp.forward, table.Name, index.Fields, likeField},
                  [&] { return sqltext::Find(table, index, lookUp, likeField); });
     const StatementUse use(statement);
     int number = 1;
-    if (sqltext::BindsKey(lookUp.rows))
-        BindValue(statement, number++, table.Fields[FieldNumber(table, KeyField(index))], place.key);
+    if (sqltext::BindsKey(lookUp.rows)) BindValue(statement, number++, place.key);
     if (sqltext::BindsId(lookUp.rows)) statement.bind(number, int64_t{place.id});
     return statement.executeStep() ? std::optional(ReadRow(statement, table)) : std::nullopt;
 }
@@ -173,7 +174,7 @@ qint64 SqliteStore::Insert(const TableDef& table, const std::vector<QVariant>& v
     m_connection->Write([&] {
         SQLite::Statement& statement = PreparedFor(table, Verb::Insert, sqltext::Insert);
         const StatementUse use(statement);
-        BindRow(statement, 1, table, values);
+        BindRow(statement, 1, values);
         statement.exec();
         id = m_connection->Library().getLastInsertRowid();
     });
@@ -193,7 +194,7 @@ void SqliteStore::Replace(const TableDef& table, const Row& old, const std::vect
     m_connection->Write([&] {
         SQLite::Statement& statement = PreparedFor(table, Verb::Replace, sqltext::Replace);
         const StatementUse use(statement);
-        BindOld(statement, BindRow(statement, 1, table, values), table, old);
+        BindOld(statement, BindRow(statement, 1, values), old);
         WriteRow(statement);
     });
 }
@@ -203,7 +204,7 @@ void SqliteStore::Erase(const TableDef& table, const Row& old)
     m_connection->Write([&] {
         SQLite::Statement& statement = PreparedFor(table, Verb::Erase, sqltext::Erase);
         const StatementUse use(statement);
-        BindOld(statement, 1, table, old);
+        BindOld(statement, 1, old);
         WriteRow(statement);
     });
 }
@@ -211,7 +212,7 @@ void SqliteStore::Erase(const TableDef& table, const Row& old)
 plannerformat::HeldRecord SqliteStore::RecordOf(const TableDef& table, qint64 id)
 {
     const auto known = m_tableNumbers.find(table.Name);
-    if (known != m_tableNumbers.end()) return {known->second, id};
+    if (known != m_tableNumbers.end()) return {*known, id};
     qint64 number = 0;
     m_connection->Read([&] { number = sqliteschema::TableNumber(m_connection->Library(), table.Name); });
     m_tableNumbers[table.Name] = number;

@@ -9,10 +9,12 @@
 #include "platform/engine/sqlite/sqltext.h"
 #include "platform/engine/store.h"
 
+#include <QHash>
+
 #include <SQLiteCpp/Statement.h>
 
-#include <map>
 #include <tuple>
+#include <vector>
 
 class SqliteStore final : public Store
 {
@@ -60,11 +62,12 @@ private:
         Replace,
         Erase
     };
-    // Table, verb, and for a Find the fields walked along and searched, the rows and the direction.
-    using StatementKey = std::tuple<QString, Verb, QString, QString, sqltext::Rows, bool>;
+    // Verb, table, and for a Find the rows, the direction, and the fields walked along and searched.
+    using StatementKey = std::tuple<Verb, sqltext::Rows, bool, QString, QString, QString>;
+    using StatementView = std::tuple<Verb, sqltext::Rows, bool, const QString&, const QString&, const QString&>;
 
     template <typename Text>
-    SQLite::Statement& Prepared(StatementKey key, Text&& text);
+    SQLite::Statement& Prepared(const StatementView& view, Text&& text);
     SQLite::Statement& PreparedFor(const TableDef& table, Verb verb, std::string (*text)(const TableDef&));
     std::optional<Row> FindOnce(const TableDef& table, const Index& index, sqltext::LookUp lookUp, const Place& place,
                                 const QString& likeField);
@@ -76,7 +79,7 @@ private:
     std::unique_ptr<ByteLocks> m_locks;
     std::unique_ptr<Session> m_session;
     std::optional<SqliteConnection> m_connection;
-    std::map<StatementKey, SQLite::Statement> m_statements; // after the connection, which outlives them
-    std::map<QString, qint64> m_tableNumbers;
+    std::vector<std::pair<StatementKey, SQLite::Statement>> m_statements; // after the connection, which outlives them
+    QHash<QString, qint64> m_tableNumbers;
     std::optional<LikePattern> m_like; // what the SQL function "matches" asks just now
 };

@@ -17,7 +17,6 @@ QByteArray BytesOf(const SQLite::Column& column)
 
 QVariant ReadValue(const SQLite::Column& column, FieldType type)
 {
-    if (column.isNull()) return {};
     switch (type) {
     case dbBoolean:
         return column.getInt() != 0;
@@ -41,22 +40,23 @@ void BindText(SQLite::Statement& statement, int number, const QString& text)
     statement.bind(number, text.toStdString());
 }
 
-void BindValue(SQLite::Statement& statement, int number, const Field& field, const QVariant& value)
+void BindValue(SQLite::Statement& statement, int number, const QVariant& value)
 {
-    if (value.isNull()) return statement.bind(number);
-    switch (field.Type) {
-    case dbBoolean:
+    switch (value.typeId()) {
+    case QMetaType::Bool:
         return statement.bind(number, value.toBool() ? 1 : 0);
-    case dbLong:
+    case QMetaType::Int:
         return statement.bind(number, value.toInt());
-    case dbSingle:
+    case QMetaType::Float:
         return statement.bind(number, static_cast<double>(value.toFloat()));
-    case dbDate:
+    case QMetaType::QDateTime:
         return BindText(statement, number, value.toDateTime().toString(dateFormat));
-    case dbText:
+    case QMetaType::QString:
         return BindText(statement, number, value.toString());
-    case dbMemo:
+    case QMetaType::QByteArray:
         return statement.bind(number, value.toByteArray().toStdString());
+    default:
+        return statement.bind(number);
     }
 }
 
@@ -70,8 +70,11 @@ Row ReadRow(const SQLite::Statement& statement, const TableDef& table)
 {
     Row row;
     row.id = statement.getColumn(0).getInt64();
-    row.values.reserve(table.Fields.size());
-    for (int i = 0; i < static_cast<int>(table.Fields.size()); ++i)
-        row.values.push_back(ReadValue(statement.getColumn(i + 1), table.Fields[static_cast<std::size_t>(i)].Type));
+    row.values.resize(table.Fields.size());
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+        const int column = static_cast<int>(i) + 1;
+        if (!statement.isColumnNull(column))
+            row.values[i] = ReadValue(statement.getColumn(column), table.Fields[i].Type);
+    }
     return row;
 }

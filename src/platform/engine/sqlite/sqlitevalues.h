@@ -5,8 +5,8 @@
 
 #include <SQLiteCpp/Statement.h>
 
-// Number counts from 1. The value is of the field's own type, or null.
-void BindValue(SQLite::Statement& statement, int number, const Field& field, const QVariant& value);
+// Number counts from 1. The value is one that AsFieldValue made, or null.
+void BindValue(SQLite::Statement& statement, int number, const QVariant& value);
 void BindText(SQLite::Statement& statement, int number, const QString& text);
 
 // The row that the statement stands on: id, then the fields in their order.

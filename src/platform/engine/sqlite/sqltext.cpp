@@ -62,7 +62,7 @@ QString Condition(Rows rows, const QString& key, bool forward)
     case Rows::All:
         return QStringLiteral("1");
     case Rows::OfKey:
-        return key + QLatin1StringView(" IS ?");
+        return key + QLatin1StringView(" = ?");
     case Rows::OfKeyPast:
         return key + QLatin1StringView(" IS ? AND ") + beyond;
     case Rows::PastId:
@@ -89,15 +89,15 @@ QString Order(const Index& index, bool forward)
 } // namespace
 
 namespace sqltext {
-std::vector<LookUp> LookUpsFor(const Index& index, From from, bool keyIsNull)
+QVarLengthArray<LookUp, 3> LookUpsFor(const Index& index, From from, bool keyIsNull)
 {
     const bool forward = from == From::First || from == From::AtKey || from == From::After;
     if (from == From::First || from == From::Last) return {{Rows::All, forward}};
-    if (from == From::AtKey) return {{Rows::OfKey, forward}};
+    if (from == From::AtKey) return {{keyIsNull ? Rows::WithoutKey : Rows::OfKey, forward}};
     if (index.Fields.isEmpty()) return {{Rows::PastId, forward}};
     // Rows without a key come before all others in ascending order.
     const bool ascending = IsDescending(index) != forward;
-    std::vector<LookUp> lookUps = {{Rows::OfKeyPast, forward}};
+    QVarLengthArray<LookUp, 3> lookUps = {{Rows::OfKeyPast, forward}};
     if (!keyIsNull) lookUps.push_back({ascending ? Rows::Greater : Rows::Less, forward});
     if (keyIsNull && ascending) lookUps.push_back({Rows::WithKey, forward});
     if (!keyIsNull && !ascending) lookUps.push_back({Rows::WithoutKey, forward});

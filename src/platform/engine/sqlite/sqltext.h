@@ -3,6 +3,8 @@
 
 #include "platform/engine/store.h"
 
+#include <QVarLengthArray>
+
 #include <string>
 
 namespace sqltext {
@@ -10,7 +12,7 @@ namespace sqltext {
 enum class Rows
 {
     All,
-    OfKey,     // binds the key
+    OfKey,     // binds the key, which is not null
     OfKeyPast, // binds the key and the id: beyond it in the direction of the walk
     PastId,    // binds the id, where there is no key
     Greater,   // binds the key; leaves rows without a key out, as Less does
@@ -26,7 +28,7 @@ struct LookUp
 };
 
 // The look-ups to be made one after the other until one finds a row.
-std::vector<LookUp> LookUpsFor(const Index& index, From from, bool keyIsNull);
+QVarLengthArray<LookUp, 3> LookUpsFor(const Index& index, From from, bool keyIsNull);
 bool BindsKey(Rows rows);
 bool BindsId(Rows rows);
 
