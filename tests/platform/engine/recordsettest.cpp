@@ -148,6 +148,7 @@ private Q_SLOTS:
         m_days.Edit(); // the refused one kept no lock
         m_days.CancelUpdate();
         m_days.Delete();
+        Write(m_days, m_key, "mine"); // alike, and yet another record
         QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordDeleted);
     }
 
