@@ -23,13 +23,15 @@ public:
 private:
     friend class ReadTransaction;
     friend class WriteTransaction;
-    Store& Live() const;
+    struct State;
+    const std::shared_ptr<Store>& Live() const;
 
-    std::shared_ptr<Store> m_store;
+    std::shared_ptr<State> m_state;
 };
 
 // The look-ups made while this lives see one state of the file and take its lock once. Does nothing for no object.
-// A failure to begin is not an error: the look-ups then stand alone.
+// A failure to begin is not an error: the look-ups then stand alone. An update made inside is on the disk when it
+// returns, as anywhere else; it ends the one state, and the look-ups after it stand alone.
 class ReadTransaction
 {
 public:
@@ -42,7 +44,9 @@ private:
     std::shared_ptr<Store> m_store;
 };
 
-// The updates made while this lives become durable together at Commit; a single one that fails leaves the others.
+// The updates made while this lives become durable together at Commit; a single one that fails leaves the others. Where
+// the store itself gave up meanwhile (a full disk), all further updates and Commit raise its error. One at a time: a
+// second one of the same database raises 3186.
 class WriteTransaction
 {
 public:

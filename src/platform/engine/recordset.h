@@ -5,11 +5,14 @@
 //  - Opening, and SetIndex: the first record is current; BOF and EOF are both true if the table is empty, and both are
 //    true only after a positioning that found it empty. AddNew and Update into an empty table clears both.
 //  - A Seek or Find that fails: NoMatch true, no current record (reading a field, Edit and Delete raise 3021). After a
-//    Seek the gap at the key stays, so MoveNext and MovePrevious go to its neighbours. Moves leave NoMatch alone.
+//    Seek the gap at the key stays, so MoveNext and MovePrevious go to its neighbours; after a Find the place that the
+//    search started from. Moves leave NoMatch alone.
 //  - Order: key, in the index's direction, then order of insertion. Seek lands on the first of equal keys.
-//  - MoveNext at EOF, MovePrevious at BOF, any move on an empty table: 3021. MoveNext from the last record gives EOF.
+//  - MoveNext at EOF, MovePrevious at BOF, any move on a table known to be empty: 3021. MoveNext from the last record
+//    gives EOF, and BOF too if the table turns out to have lost its last record meanwhile.
 //  - Edit needs a record (3021; 3167 if it is gone), takes its lock while LockEdits is true (3260), reads it again and
 //    raises 3197, without the lock, if it is not as this recordset last saw it. A second Edit starts the buffer anew.
+//    While LockEdits is false, Update takes the lock for its own moment: nobody writes under another's lock.
 //  - Any Seek, Move, Find, SetIndex or Close drops a pending edit silently and releases its lock: the next Update can
 //    never write one record's text into another.
 //  - Update without AddNew or Edit: 3020. Guarded by the record's identity and old content (3197). After it the record
@@ -33,7 +36,7 @@ public:
     bool IsNothing() const;
 
     QString Index() const;
-    void SetIndex(const QString& name); // 3265 if the table has none of this name
+    void SetIndex(const QString& name); // 3265 if the table has none of this name; "" is the order of insertion
     bool LockEdits() const;
     void SetLockEdits(bool lock); // true unless set otherwise
 
@@ -41,14 +44,15 @@ public:
     bool EOF_() const; // the C library has a macro EOF
     bool NoMatch() const;
 
-    // Comparison is "="; the key is that of the current index.
+    // Comparison is "=" (3001); the key is that of the current index (3019 if none is set).
     void Seek(const QString& comparison, const QVariant& key);
     void MoveFirst();
     void MoveLast();
     void MoveNext();
     void MovePrevious();
-    // Criterion of the form: [Field] LIKE "pattern", where * stands for any run of characters and ? for one, without
-    // regard to case. 3077 and NoMatch true if it cannot be read.
+    // Criterion of the form: [Field] LIKE "pattern" or [Field] LIKE 'pattern', where * stands for any run of characters
+    // and ? for one, without regard to case; the surrounding quote doubled stands for itself. 3077 and NoMatch true if
+    // it cannot be read.
     void FindLast(const QString& criterion);
     void FindPrevious(const QString& criterion);
 

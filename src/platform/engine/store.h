@@ -1,5 +1,6 @@
 // What a Recordset needs of a store: rows found by index and place, written whole, and locks on single rows. Two
-// stores stand behind it, a file and a server. All errors are RunTimeErrors with the numbers of engineerrors.h.
+// stores stand behind it, a file and a server. All errors are RunTimeErrors with the numbers of engineerrors.h. What
+// gives back (Unlock, EndRead, Rollback, Close) raises nothing, since it runs in destructors.
 #pragma once
 
 #include "platform/engine/tabledef.h"
@@ -44,7 +45,8 @@ public:
     virtual void CreateTable(const TableDef& table) = 0;
 
     // First, Last: the index's ends. AtKey: the first row whose key equals place.key. After, Before: the neighbour of
-    // place, which need not exist any more. Empty if there is none. The criterion, if any, must hold too.
+    // place, which need not exist any more. Empty if there is none. The criterion, if any, must hold too. An index
+    // without a field is the order of insertion.
     virtual std::optional<Row> Find(const TableDef& table, const Index& index, From from, const Place& place,
                                     const QString& likeField, const QString& likePattern) = 0;
     virtual std::optional<Row> Fetch(const TableDef& table, qint64 id) = 0;
@@ -58,6 +60,7 @@ public:
     virtual void TryLock(const TableDef& table, qint64 id) = 0;
     virtual void Unlock(const TableDef& table, qint64 id) = 0;
 
+    // A write inside a read ends it: the write is durable when its call returns, and later look-ups stand alone.
     virtual void BeginRead() = 0;
     virtual void EndRead() = 0;
     virtual void BeginWrite() = 0;

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <vector>
 
@@ -36,3 +37,15 @@ struct TableDef
     std::vector<Field> Fields;
     std::vector<Index> Indexes;
 };
+
+// Names are found without regard to case.
+std::size_t FieldNumber(const TableDef& table, const QString& name); // 3265
+const Index& IndexNamed(const TableDef& table, const QString& name); // 3265
+Index PrimaryIndex(const TableDef& table);                           // an empty one if there is none
+
+QString KeyField(const Index& index); // without the sign of its direction
+bool IsDescending(const Index& index);
+
+// The value as rows hold it: of the field's own type and equal to itself after a journey to the file and back. 3421 if
+// it cannot be made one.
+QVariant AsFieldValue(const Field& field, const QVariant& value);

@@ -1,0 +1,88 @@
+#include "platform/engine/database.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/recordsetstate.h"
+#include "platform/runtime/runtimeerror.h"
+
+struct Database::State
+{
+    std::shared_ptr<Store> store; // null when closed
+};
+
+Database::Database() = default;
+
+Database::Database(std::shared_ptr<Store> store) : m_state(std::make_shared<State>(State{std::move(store)})) {}
+
+const std::shared_ptr<Store>& Database::Live() const
+{
+    if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    if (!m_state->store) throw RunTimeError{engineerrors::Closed, QStringLiteral("Object is closed.")};
+    return m_state->store;
+}
+
+bool Database::IsNothing() const
+{
+    return !m_state;
+}
+
+Recordset Database::OpenTable(const QString& name)
+{
+    const auto& store = Live();
+    return Recordset(std::make_shared<Recordset::State>(store, store->Definition(name), Index()));
+}
+
+Recordset Database::CreateDynaset(const QString& name)
+{
+    const auto& store = Live();
+    const TableDef table = store->Definition(name);
+    return Recordset(std::make_shared<Recordset::State>(store, table, PrimaryIndex(table)));
+}
+
+void Database::Append(const TableDef& table)
+{
+    Live()->CreateTable(table);
+}
+
+QStringList Database::TableNames() const
+{
+    return Live()->TableNames();
+}
+
+void Database::Close()
+{
+    Live();
+    const std::shared_ptr<Store> store = std::exchange(m_state->store, nullptr);
+    if (store.use_count() == 1) store->Close();
+}
+
+ReadTransaction::ReadTransaction(const Database& database)
+{
+    if (!database.m_state || !database.m_state->store) return;
+    try {
+        database.m_state->store->BeginRead();
+        m_store = database.m_state->store;
+    } catch (const RunTimeError&) {
+        m_store.reset();
+    }
+}
+
+ReadTransaction::~ReadTransaction()
+{
+    if (m_store) m_store->EndRead();
+}
+
+WriteTransaction::WriteTransaction(const Database& database) : m_store(database.Live())
+{
+    m_store->BeginWrite();
+}
+
+WriteTransaction::~WriteTransaction()
+{
+    if (m_store) m_store->Rollback();
+}
+
+void WriteTransaction::Commit()
+{
+    if (!m_store) throw RunTimeError{engineerrors::Closed, QStringLiteral("The transaction has ended already.")};
+    std::exchange(m_store, nullptr)->Commit();
+}

@@ -1,0 +1,47 @@
+#include "platform/engine/dbengine.h"
+
+#include "platform/engine/sqlite/sqlitefile.h"
+#include "platform/engine/store.h"
+
+#include <vector>
+
+namespace {
+DBEngine::StoreWrapper g_wrapper;
+std::vector<std::weak_ptr<Store>> g_openStores; // what Idle goes to
+
+Database DatabaseOver(std::shared_ptr<Store> store)
+{
+    if (g_wrapper) store = g_wrapper(std::move(store));
+    std::erase_if(g_openStores, [](const auto& open) { return open.expired(); });
+    g_openStores.push_back(store);
+    return Database(std::move(store));
+}
+} // namespace
+
+namespace DBEngine {
+Database CreateDatabase(const QString& path, const QString&)
+{
+    return DatabaseOver(sqlitefile::Create(path));
+}
+
+Database OpenDatabase(const QString& path, bool exclusive)
+{
+    return DatabaseOver(sqlitefile::Open(path, exclusive));
+}
+
+void DeleteDatabase(const QString& path)
+{
+    sqlitefile::Delete(path);
+}
+
+void Idle(int)
+{
+    for (const auto& open : g_openStores)
+        if (const auto store = open.lock()) store->Refresh();
+}
+
+void SetStoreWrapperForTests(StoreWrapper wrapper)
+{
+    g_wrapper = std::move(wrapper);
+}
+} // namespace DBEngine

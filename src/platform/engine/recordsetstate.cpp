@@ -1,0 +1,230 @@
+#include "platform/engine/recordsetstate.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QScopeGuard>
+
+namespace {
+using namespace engineerrors;
+
+[[noreturn]] void Raise(int number, const QString& text)
+{
+    throw RunTimeError{number, text};
+}
+
+[[noreturn]] void RaiseNoCurrentRecord()
+{
+    Raise(NoCurrentRecord, QStringLiteral("No current record."));
+}
+
+[[noreturn]] void RaiseNoUpdatePending()
+{
+    Raise(NoUpdatePending, QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
+}
+
+[[noreturn]] void RaiseDeleted()
+{
+    Raise(RecordDeleted, QStringLiteral("Record is deleted."));
+}
+} // namespace
+
+Recordset::State::State(std::shared_ptr<Store> openStore, TableDef definition, const ::Index& order)
+    : store(std::move(openStore)), table(std::move(definition))
+{
+    Use(order);
+}
+
+Recordset::State::~State()
+{
+    if (store) DropEdit();
+}
+
+void Recordset::State::SetIndex(const ::Index& order)
+{
+    DropEdit();
+    Use(order);
+}
+
+void Recordset::State::Use(const ::Index& order)
+{
+    index = order;
+    m_keyField.reset();
+    if (!order.Fields.isEmpty()) m_keyField = FieldNumber(table, KeyField(order));
+    m_at = At::Nowhere;
+    bof = eof = !Land(Look(From::First));
+}
+
+std::optional<Row> Recordset::State::Look(From from, const Criterion& criterion) const
+{
+    return store->Find(table, index, from, m_place, criterion.Field, criterion.Pattern);
+}
+
+bool Recordset::State::Land(std::optional<Row> found)
+{
+    if (!found) return false;
+    m_row = std::move(*found);
+    m_place.id = m_row.id;
+    m_place.key = m_keyField ? m_row.values[*m_keyField] : QVariant();
+    m_at = At::Record;
+    bof = eof = false;
+    return true;
+}
+
+void Recordset::State::Seek(const QString& comparison, const QVariant& key)
+{
+    DropEdit();
+    // Whatever fails from here on, no older record may be taken for the one that was sought.
+    noMatch = true;
+    m_at = At::Nowhere;
+    if (comparison != u"=") Raise(InvalidArgument, QStringLiteral("Seek compares by \"=\" only."));
+    if (!m_keyField) Raise(NoIndex, QStringLiteral("Seek needs a current index."));
+    m_place = {AsFieldValue(table.Fields[*m_keyField], key), 0};
+    m_at = At::Gap;
+    noMatch = !Land(Look(From::AtKey));
+}
+
+void Recordset::State::MoveToEnd(From end)
+{
+    DropEdit();
+    m_at = At::Nowhere;
+    if (Land(Look(end))) return;
+    bof = eof = true;
+    RaiseNoCurrentRecord();
+}
+
+void Recordset::State::Step(From direction)
+{
+    DropEdit();
+    const bool forward = direction == From::After;
+    if (m_at == At::Nowhere || m_at == (forward ? At::Eof : At::Bof)) RaiseNoCurrentRecord();
+    const bool fromOtherEnd = m_at == (forward ? At::Bof : At::Eof);
+    if (Land(Look(fromOtherEnd ? (forward ? From::First : From::Last) : direction))) return;
+    if (bof && eof) RaiseNoCurrentRecord();
+    StandAtEnd(direction);
+}
+
+void Recordset::State::StandAtEnd(From end)
+{
+    const bool empty = !Look(From::First);
+    bof = empty || end == From::Before;
+    eof = empty || end == From::After;
+    m_at = empty ? At::Nowhere : eof ? At::Eof : At::Bof;
+}
+
+void Recordset::State::Find(From direction, const QString& text)
+{
+    DropEdit();
+    noMatch = true;
+    if (m_at == At::Record || m_at == At::Deleted) m_at = At::Gap;
+    const Criterion criterion = ParseCriterion(text);
+    FieldNumber(table, criterion.Field);
+    noMatch = !Land(direction == From::Last ? Look(From::Last, criterion) : LookPrevious(criterion));
+}
+
+std::optional<Row> Recordset::State::LookPrevious(const Criterion& criterion) const
+{
+    if (m_at == At::Nowhere || m_at == At::Bof) return {};
+    return Look(m_at == At::Eof ? From::Last : From::Before, criterion);
+}
+
+const Row& Recordset::State::Current() const
+{
+    if (m_at == At::Deleted) RaiseDeleted();
+    if (m_at != At::Record) RaiseNoCurrentRecord();
+    return m_row;
+}
+
+void Recordset::State::Lock()
+{
+    store->TryLock(table, m_row.id);
+    m_locked = true;
+}
+
+void Recordset::State::ReleaseLock()
+{
+    if (std::exchange(m_locked, false)) store->Unlock(table, m_row.id);
+}
+
+void Recordset::State::DropEdit()
+{
+    pending = Pending::None;
+    m_buffer.clear();
+    ReleaseLock();
+}
+
+void Recordset::State::AddNew()
+{
+    DropEdit();
+    m_buffer.assign(table.Fields.size(), QVariant());
+    pending = Pending::Add;
+}
+
+void Recordset::State::Edit()
+{
+    const qint64 id = Current().id;
+    pending = Pending::None;
+    auto release = qScopeGuard([this] { DropEdit(); });
+    if (lockEdits && !m_locked) Lock();
+    const std::optional<Row> fresh = store->Fetch(table, id);
+    if (!fresh) {
+        m_at = At::Deleted;
+        RaiseDeleted();
+    }
+    if (fresh->values != m_row.values)
+        Raise(DataChanged, QStringLiteral("Data has changed; operation stopped. Another user has saved this record."));
+    m_buffer = m_row.values;
+    pending = Pending::Change;
+    release.dismiss();
+}
+
+void Recordset::State::Update()
+{
+    if (pending == Pending::None) RaiseNoUpdatePending();
+    if (pending == Pending::Change) return UpdateRecord();
+    store->Insert(table, m_buffer);
+    if (bof && eof) bof = eof = false;
+    DropEdit();
+}
+
+void Recordset::State::UpdateRecord()
+{
+    const bool borrowed = !m_locked;
+    if (borrowed) Lock();
+    auto release = qScopeGuard([&] {
+        if (borrowed) ReleaseLock();
+    });
+    store->Replace(table, m_row, m_buffer);
+    release.dismiss();
+    Land(Row{m_row.id, m_buffer});
+    DropEdit();
+}
+
+void Recordset::State::Delete()
+{
+    Current();
+    pending = Pending::None;
+    const auto release = qScopeGuard([this] { DropEdit(); });
+    if (!m_locked) Lock();
+    store->Erase(table, m_row);
+    m_at = At::Deleted;
+}
+
+const QVariant& Recordset::State::Value(const QString& name) const
+{
+    const std::size_t number = FieldNumber(table, name);
+    return pending != Pending::None ? m_buffer[number] : Current().values[number];
+}
+
+void Recordset::State::SetValue(const QString& name, const QVariant& value)
+{
+    if (pending == Pending::None) RaiseNoUpdatePending();
+    const std::size_t number = FieldNumber(table, name);
+    const Field& field = table.Fields[number];
+    QVariant stored = AsFieldValue(field, value);
+    if (field.Type == dbText && stored.toString().size() > field.Size)
+        Raise(FieldTooSmall, QStringLiteral("The text is too long for field '%1', which holds %2 characters.")
+                                 .arg(field.Name)
+                                 .arg(field.Size));
+    m_buffer[number] = std::move(stored);
+}

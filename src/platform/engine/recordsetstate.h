@@ -1,0 +1,72 @@
+// The state machine behind a Recordset; its rules stand in recordset.h. Only this room includes it.
+#pragma once
+
+#include "platform/engine/like.h"
+#include "platform/engine/recordset.h"
+#include "platform/engine/store.h"
+
+struct Recordset::State
+{
+    State(std::shared_ptr<Store> openStore, TableDef definition, const ::Index& order); // stands on the first record
+    ~State(); // an edit's lock ends with its recordset
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+
+    void SetIndex(const ::Index& order);
+    void Seek(const QString& comparison, const QVariant& key);
+    void MoveToEnd(From end);                            // First or Last
+    void Step(From direction);                           // After or Before
+    void Find(From direction, const QString& criterion); // Last or Before
+
+    void AddNew();
+    void Edit();
+    void Update();
+    void DropEdit();
+    void Delete();
+
+    const QVariant& Value(const QString& name) const;
+    void SetValue(const QString& name, const QVariant& value);
+
+    enum class At
+    {
+        Nowhere, // no place to move from
+        Record,
+        Deleted, // the place of a record that is gone
+        Gap,     // a place without a record
+        Bof,
+        Eof
+    };
+    enum class Pending
+    {
+        None,
+        Add,
+        Change
+    };
+
+    std::shared_ptr<Store> store; // null when closed
+    TableDef table;
+    ::Index index; // changed by SetIndex alone
+    bool lockEdits = true;
+    bool bof = false;
+    bool eof = false;
+    bool noMatch = false;
+    Pending pending = Pending::None;
+
+private:
+    std::optional<Row> Look(From from, const Criterion& criterion = {}) const;
+    std::optional<Row> LookPrevious(const Criterion& criterion) const;
+    bool Land(std::optional<Row> found);
+    void StandAtEnd(From end);
+    void Use(const ::Index& order); // and stand on its first record
+    const Row& Current() const;     // 3021, 3167
+    void Lock();
+    void ReleaseLock();
+    void UpdateRecord();
+
+    std::optional<std::size_t> m_keyField; // the field that the index orders by
+    At m_at = At::Nowhere;
+    Place m_place;
+    Row m_row;
+    std::vector<QVariant> m_buffer;
+    bool m_locked = false;
+};

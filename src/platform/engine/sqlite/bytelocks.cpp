@@ -1,0 +1,94 @@
+#include "platform/engine/sqlite/bytelocks.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+[[noreturn]] void RaiseCannotOpen(const QString& path, int error)
+{
+    const bool forbidden = error == EACCES || error == EPERM || error == EROFS;
+    const QString name = QFileInfo(path).fileName();
+    throw RunTimeError{forbidden ? engineerrors::ReadOnlyFile : engineerrors::InputOutput,
+                       QStringLiteral("Could not write '%1', which keeps the users of the planner apart: %2.")
+                           .arg(name, QString::fromLocal8Bit(std::strerror(error)))};
+}
+
+struct flock OneByte(off_t byte, short type)
+{
+    struct flock lock = {};
+    lock.l_type = type;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = byte;
+    lock.l_len = 1;
+    return lock;
+}
+} // namespace
+
+ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    m_descriptor = ::open(name.constData(), O_RDWR | O_CLOEXEC);
+    if (m_descriptor >= 0) return;
+    m_descriptor = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (m_descriptor < 0) RaiseCannotOpen(path, errno);
+    // Whoever may use the planner must be able to use its locks, whatever this user's mask says. Where the group is
+    // not ours to give, the mode alone has to do.
+    [[maybe_unused]] const int owned = ::fchown(m_descriptor, static_cast<uid_t>(-1), group);
+    ::fchmod(m_descriptor, mode & 0666);
+}
+
+ByteLocks::~ByteLocks()
+{
+    ::close(m_descriptor);
+}
+
+bool ByteLocks::TryLock(off_t byte, Mode mode)
+{
+    if (ChangeLock(byte, mode)) return true;
+    if (errno == EAGAIN || errno == EACCES) return false;
+    throw RunTimeError{engineerrors::NoLocks,
+                       QStringLiteral("Could not lock '%1': this drive keeps no locks (%2), so two users could write "
+                                      "over each other's notes.")
+                           .arg(QFileInfo(m_path).fileName(), QString::fromLocal8Bit(std::strerror(errno)))};
+}
+
+bool ByteLocks::ChangeLock(off_t byte, Mode mode)
+{
+    struct flock lock = OneByte(byte, mode == Exclusive ? F_WRLCK : F_RDLCK);
+    return ::fcntl(m_descriptor, F_OFD_SETLK, &lock) == 0;
+}
+
+void ByteLocks::Unlock(off_t byte)
+{
+    struct flock lock = OneByte(byte, F_UNLCK);
+    ::fcntl(m_descriptor, F_OFD_SETLK, &lock);
+}
+
+bool ByteLocks::IsLockedElsewhere(off_t byte) const
+{
+    struct flock lock = OneByte(byte, F_WRLCK);
+    return ::fcntl(m_descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+QByteArray ByteLocks::Read(off_t at, qsizetype size) const
+{
+    QByteArray data(size, '\0');
+    const ssize_t got = ::pread(m_descriptor, data.data(), static_cast<std::size_t>(size), at);
+    return data.first(std::max<ssize_t>(got, 0));
+}
+
+void ByteLocks::Write(off_t at, const void* data, std::size_t size)
+{
+    // The lock is the truth and what is written a label: on a full disk the holder stays without a name.
+    [[maybe_unused]] const ssize_t written = ::pwrite(m_descriptor, data, size, at);
+}

@@ -1,0 +1,97 @@
+#include "platform/engine/sqlite/openfiles.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/sessiontable.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+#include <map>
+#include <vector>
+
+namespace {
+using Identity = std::pair<dev_t, ino_t>;
+
+struct stat StatusOf(const QString& path)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        throw RunTimeError{engineerrors::FileNotFound,
+                           QStringLiteral("Could not find file '%1'.").arg(QFileInfo(path).fileName())};
+    return status;
+}
+
+ByteLocks::Mode ModeOf(bool exclusive)
+{
+    return exclusive ? ByteLocks::Exclusive : ByteLocks::Shared;
+}
+} // namespace
+
+struct OpenFile::Shared
+{
+    Shared(const QString& planner, const struct stat& status)
+        : locks(LockFileOf(planner), status.st_mode, status.st_gid)
+    {
+    }
+
+    void LetGo()
+    {
+        for (OpenFile* open : opens)
+            open->m_keepWhole(false);
+    }
+
+    ByteLocks locks;
+    std::vector<OpenFile*> opens; // the latest one last
+
+    static std::shared_ptr<Shared> Of(const QString& planner);
+};
+
+std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
+{
+    static std::map<Identity, std::weak_ptr<Shared>> known;
+    const struct stat status = StatusOf(planner);
+    std::weak_ptr<Shared>& entry = known[{status.st_dev, status.st_ino}];
+    std::shared_ptr<Shared> shared = entry.lock();
+    if (!shared) entry = shared = std::make_shared<Shared>(planner, status);
+    return shared;
+}
+
+QString LockFileOf(const QString& planner)
+{
+    const bool hasExtension = planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
+    return (hasExtension ? planner.chopped(4) : planner) + QLatin1StringView(".ldb");
+}
+
+void RaiseInUse(const QString& planner, const ByteLocks& locks)
+{
+    throw RunTimeError{engineerrors::InUse, QStringLiteral("Could not use '%1'; file already in use by %2.")
+                                                .arg(QFileInfo(planner).fileName(), HolderOf(locks, {}))};
+}
+
+OpenFile::OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole)
+    : m_shared(Shared::Of(planner)), m_exclusive(exclusive), m_keepWhole(std::move(keepWhole))
+{
+    // An exclusive mode that this process holds already is given up by Settle alone, so that a failing open cannot
+    // lose it.
+    const bool isFirst = m_shared->opens.empty();
+    if ((isFirst || exclusive) && !m_shared->locks.TryLock(plannerformat::OpenModeByte, ModeOf(exclusive)))
+        RaiseInUse(planner, m_shared->locks);
+    m_shared->LetGo();
+    m_shared->opens.push_back(this);
+}
+
+OpenFile::~OpenFile()
+{
+    std::erase(m_shared->opens, this);
+    if (!m_shared->opens.empty()) m_shared->opens.back()->Settle();
+}
+
+void OpenFile::Settle()
+{
+    const bool granted = m_shared->locks.ChangeLock(plannerformat::OpenModeByte, ModeOf(m_exclusive));
+    m_keepWhole(granted && m_exclusive && m_shared->opens.size() == 1);
+}

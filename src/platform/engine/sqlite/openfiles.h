@@ -1,0 +1,37 @@
+// The planners that this process has open, known by device and inode. Their open mode is one lock a process: a second
+// open changes it, where a second descriptor would be refused by the first.
+#pragma once
+
+#include "platform/engine/sqlite/bytelocks.h"
+
+#include <functional>
+#include <memory>
+
+// NAME.ldb beside NAME.mdb.
+QString LockFileOf(const QString& planner);
+
+// Raises the 3045 that says who has the planner open.
+[[noreturn]] void RaiseInUse(const QString& planner, const ByteLocks& locks);
+
+// One open of a planner, from construction to destruction.
+class OpenFile
+{
+public:
+    // Tells the owner whether its connection may keep the whole file to itself; must not raise.
+    using KeepWhole = std::function<void(bool)>;
+
+    // 3045, and then nothing has changed. The path is the real one of an existing file. Others of this process let go
+    // of the file until Settle.
+    OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole);
+    ~OpenFile(); // the one opened before it, if any, gets its own mode back
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    void Settle(); // the open has come to its end: the mode is now this one's
+
+private:
+    struct Shared;
+    std::shared_ptr<Shared> m_shared;
+    bool m_exclusive;
+    KeepWhole m_keepWhole;
+};

@@ -1,0 +1,149 @@
+#include "platform/engine/sqlite/sessiontable.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QSysInfo>
+#include <QThread>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+using namespace plannerformat;
+
+constexpr int looks = 5;
+constexpr unsigned long pauseBetweenLooks = 2; // milliseconds
+
+QString LoginName()
+{
+    std::array<char, 4096> buffer{};
+    passwd entry{};
+    passwd* found = nullptr;
+    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || !found)
+        return QString::number(::geteuid());
+    return QString::fromLocal8Bit(found->pw_name);
+}
+
+// Cut between characters; the last byte stays zero.
+void Fill(char* target, int size, const QString& text)
+{
+    QString cut = text;
+    while (cut.toUtf8().size() >= size)
+        cut.chop(1);
+    const QByteArray bytes = cut.toUtf8();
+    std::copy(bytes.begin(), bytes.end(), target);
+}
+
+QString TextOf(const char* field, int size)
+{
+    return QString::fromUtf8(field, static_cast<qsizetype>(::strnlen(field, static_cast<std::size_t>(size))));
+}
+
+off_t PlaceOf(int session)
+{
+    return off_t{session} * static_cast<off_t>(sizeof(SessionEntry));
+}
+
+bool Tells(const SessionEntry& entry, HeldRecord wanted)
+{
+    if (entry.User[0] == '\0') return false;
+    return wanted.Table == 0 || std::ranges::any_of(entry.Held, [&](const HeldRecord& held) {
+               return qFromLittleEndian(held.Table) == wanted.Table && qFromLittleEndian(held.Record) == wanted.Record;
+           });
+}
+
+QString NameOf(const SessionEntry& entry)
+{
+    return QStringLiteral("user '%1' on machine '%2'")
+        .arg(TextOf(entry.User, UserBytes), TextOf(entry.Machine, MachineBytes));
+}
+
+QString LookForHolder(const ByteLocks& locks, HeldRecord wanted)
+{
+    const QByteArray table = locks.Read(0, PlaceOf(MaximalSessions));
+    const auto count = static_cast<int>(table.size() / static_cast<qsizetype>(sizeof(SessionEntry)));
+    for (int session = 0; session < count; ++session) {
+        SessionEntry entry;
+        std::memcpy(&entry, table.constData() + PlaceOf(session), sizeof entry);
+        if (Tells(entry, wanted) && locks.IsLockedElsewhere(LifeByte(session))) return NameOf(entry);
+    }
+    return {};
+}
+
+SessionEntry OwnEntry()
+{
+    SessionEntry entry = {};
+    entry.Process = qToLittleEndian(qint64{::getpid()});
+    Fill(entry.User, UserBytes, LoginName());
+    Fill(entry.Machine, MachineBytes, QSysInfo::machineHostName());
+    return entry;
+}
+
+[[noreturn]] void RaiseLocked(const QString& holder)
+{
+    throw RunTimeError{engineerrors::RecordLocked,
+                       QStringLiteral("Could not update; currently locked by %1.").arg(holder)};
+}
+} // namespace
+
+QString HolderOf(const ByteLocks& locks, HeldRecord held)
+{
+    for (int look = 0; look < looks; ++look) {
+        if (look > 0) QThread::msleep(pauseBetweenLooks);
+        const QString name = LookForHolder(locks, held);
+        if (!name.isEmpty()) return name;
+    }
+    return QStringLiteral("another user");
+}
+
+Session::Session(ByteLocks& locks) : m_locks(locks), m_number(0)
+{
+    while (m_number < MaximalSessions && !m_locks.TryLock(LifeByte(m_number), ByteLocks::Exclusive))
+        ++m_number;
+    if (m_number == MaximalSessions)
+        throw RunTimeError{engineerrors::NoLocks, QStringLiteral("Too many users have this planner open.")};
+    const SessionEntry entry = OwnEntry();
+    m_locks.Write(PlaceOf(m_number), &entry, sizeof entry);
+}
+
+Session::~Session()
+{
+    for (const HeldRecord& held : m_held)
+        m_locks.Unlock(RecordByte(held.Table, held.Record));
+    m_locks.Unlock(LifeByte(m_number));
+}
+
+bool Session::Holds(HeldRecord held) const
+{
+    return std::ranges::find(m_held, held) != m_held.end();
+}
+
+void Session::TakeRecord(HeldRecord held)
+{
+    // A descriptor never refuses itself, and two recordsets of one program must not write over each other either.
+    if (Holds(held)) RaiseLocked(NameOf(OwnEntry()));
+    if (!m_locks.TryLock(RecordByte(held.Table, held.Record), ByteLocks::Exclusive))
+        RaiseLocked(HolderOf(m_locks, held));
+    m_held.push_back(held);
+    WriteHeld();
+}
+
+void Session::GiveBackRecord(HeldRecord held)
+{
+    m_locks.Unlock(RecordByte(held.Table, held.Record));
+    std::erase(m_held, held);
+    WriteHeld();
+}
+
+void Session::WriteHeld()
+{
+    std::array<HeldRecord, HeldRecords> labels = {};
+    for (std::size_t i = 0; i < std::min<std::size_t>(m_held.size(), HeldRecords); ++i)
+        labels[i] = {qToLittleEndian(m_held[i].Table), qToLittleEndian(m_held[i].Record)};
+    m_locks.Write(PlaceOf(m_number) + static_cast<off_t>(offsetof(SessionEntry, Held)), labels.data(), sizeof labels);
+}

@@ -1,0 +1,191 @@
+#include "platform/engine/sqlite/sqliteconnection.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/plannerformat.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+namespace {
+using namespace engineerrors;
+
+constexpr int busyTimeout = 1500; // milliseconds; a person waits with us
+
+// Without the journal's folder nothing can be written, and root, whom no permission stops, must still see it.
+bool CanKeepJournal(const QString& path)
+{
+    const QByteArray journal = QFile::encodeName(path + QLatin1StringView("-journal"));
+    if (::faccessat(AT_FDCWD, journal.constData(), W_OK, AT_EACCESS) == 0) return true;
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+    return ::faccessat(AT_FDCWD, folder.constData(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+SQLite::Database Open(const QString& path, const QString& name)
+{
+    try {
+        // Never with CREATE: an empty file would pass for an empty planner.
+        return SQLite::Database(QFile::encodeName(path).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+    } catch (const SQLite::Exception& error) {
+        throw RunTimeErrorOf(error, Doing::Reading, name);
+    }
+}
+} // namespace
+
+SqliteConnection::SqliteConnection(const QString& path)
+    : m_path(path), m_name(QFileInfo(path).fileName()), m_database(Open(path, m_name))
+{
+    // The file may come from anywhere: nothing that its schema contains is to run with this program's rights.
+    m_database.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
+}
+
+void SqliteConnection::CheckUnlocked()
+{
+    CheckWritable();
+    try {
+        CheckOwnership();
+    } catch (const SQLite::Exception& error) {
+        if (error.getErrorCode() != SQLITE_BUSY) throw RunTimeErrorOf(error, Doing::Reading, m_name);
+    }
+}
+
+void SqliteConnection::CheckWritable() const
+{
+    if (sqlite3_db_readonly(m_database.getHandle(), "main") != 1 && CanKeepJournal(m_path)) return;
+    throw RunTimeError{ReadOnlyFile,
+                       QStringLiteral("Could not write '%1': the file or its folder is read-only.").arg(m_name)};
+}
+
+// Reads the schema too, which tells at once whether pages are missing at the end.
+void SqliteConnection::CheckOwnership()
+{
+    const int id = m_database.execAndGet("PRAGMA application_id").getInt();
+    const int version = m_database.execAndGet("PRAGMA user_version").getInt();
+    m_database.execAndGet("SELECT count(*) FROM sqlite_schema");
+    if (id != plannerformat::ApplicationId || version < 1)
+        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(m_name)};
+    if (version > plannerformat::Version)
+        throw RunTimeError{
+            NotADatabase,
+            QStringLiteral("'%1' was written by a newer Orrelin. Please update this one to open it.").arg(m_name)};
+}
+
+void SqliteConnection::CheckHead()
+{
+    Read([this] { CheckOwnership(); });
+}
+
+void SqliteConnection::SetUp()
+{
+    m_database.setBusyTimeout(busyTimeout);
+    Read([this] {
+        // EXTRA syncs the folder too, or a power cut could bring back a journal that undoes a commit. PERSIST makes
+        // no file anew and so needs the folder the least. The readers beside us rule WAL out on a network drive.
+        m_database.exec("PRAGMA synchronous = EXTRA");
+        if (m_database.execAndGet("PRAGMA journal_mode = PERSIST").getString() != "persist")
+            throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; another program has it open.").arg(m_name)};
+    });
+}
+
+void SqliteConnection::WriteEmptyPlanner()
+{
+    Write([this] {
+        m_database.exec("PRAGMA application_id = " + std::to_string(plannerformat::ApplicationId));
+        m_database.exec("PRAGMA user_version = " + std::to_string(plannerformat::Version));
+    });
+}
+
+void SqliteConnection::KeepWhole(bool whole)
+{
+    // The library gives its locks back at the next look at the file.
+    m_database.tryExec(whole ? "PRAGMA locking_mode = EXCLUSIVE"
+                             : "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_schema");
+}
+
+bool SqliteConnection::InTransaction() const
+{
+    return sqlite3_get_autocommit(m_database.getHandle()) == 0;
+}
+
+RunTimeError SqliteConnection::Failure(const SQLite::Exception& error, Doing doing)
+{
+    const RunTimeError failure = RunTimeErrorOf(error, doing, m_name);
+    StopReading();
+    // Updates after this must not be written one by one, where those before it are undone.
+    if (m_writing && !InTransaction() && !m_lost) m_lost = failure;
+    return failure;
+}
+
+void SqliteConnection::Write(const std::function<void()>& step)
+{
+    const bool alone = !m_writing;
+    if (alone) BeginWrite();
+    if (m_lost) throw *m_lost;
+    auto rollback = qScopeGuard([&] {
+        if (alone) Rollback();
+    });
+    try {
+        step();
+    } catch (const SQLite::Exception& error) {
+        throw Failure(error, Doing::Writing);
+    }
+    rollback.dismiss();
+    if (alone) Commit();
+}
+
+void SqliteConnection::BeginRead()
+{
+    ++m_reads;
+    if (InTransaction()) return;
+    m_reading = m_database.tryExec("BEGIN") == SQLITE_OK;
+}
+
+void SqliteConnection::EndRead()
+{
+    if (--m_reads == 0) StopReading();
+}
+
+void SqliteConnection::StopReading()
+{
+    if (std::exchange(m_reading, false) && InTransaction()) m_database.tryExec("COMMIT");
+}
+
+void SqliteConnection::BeginWrite()
+{
+    if (m_writing)
+        throw RunTimeError{CouldNotSave, QStringLiteral("Could not save to '%1'; a save is under way.").arg(m_name)};
+    // What was read may be old by now, so a write never grows out of a read.
+    StopReading();
+    try {
+        m_database.exec("BEGIN IMMEDIATE");
+    } catch (const SQLite::Exception& error) {
+        throw RunTimeErrorOf(error, Doing::Writing, m_name);
+    }
+    m_writing = true;
+}
+
+void SqliteConnection::Commit()
+{
+    m_writing = false;
+    if (const auto lost = std::exchange(m_lost, std::nullopt)) throw *lost;
+    try {
+        m_database.exec("COMMIT");
+    } catch (const SQLite::Exception& error) {
+        Rollback();
+        throw RunTimeErrorOf(error, Doing::Writing, m_name);
+    }
+}
+
+void SqliteConnection::Rollback()
+{
+    m_writing = false;
+    m_lost.reset();
+    if (InTransaction()) m_database.tryExec("ROLLBACK");
+}

@@ -1,0 +1,57 @@
+#include "platform/engine/sqlite/sqliteerrors.h"
+
+#include "platform/engine/engineerrors.h"
+
+#include <algorithm>
+#include <array>
+#include <sqlite3.h>
+
+namespace {
+using namespace engineerrors;
+
+struct Meaning
+{
+    int code;
+    int number;
+    const char16_t* text;
+};
+
+// The first that fits counts, so extended codes stand before the code that they belong to.
+constexpr std::array meanings = {
+    Meaning{SQLITE_READONLY_DBMOVED, InputOutput, u"The planner '%1' has been moved or deleted while it was open."},
+    Meaning{SQLITE_CONSTRAINT, DuplicateKey,
+            u"The changes were not saved to '%1': there is a record with the same key already."},
+    Meaning{SQLITE_FULL, DiskFull, u"Could not save to '%1': the disk is full."},
+    Meaning{SQLITE_IOERR, InputOutput, u"The disk or network drive of '%1' reports an error."},
+    Meaning{SQLITE_CANTOPEN, ReadOnlyFile, u"Could not open '%1' and its journal for writing."},
+    Meaning{SQLITE_READONLY, ReadOnlyFile, u"Could not write '%1': the file or its folder is read-only."},
+    Meaning{SQLITE_PERM, ReadOnlyFile, u"Could not write '%1': you have no permission."},
+    Meaning{SQLITE_NOTADB, NotADatabase, u"'%1' is not a planner."},
+    Meaning{SQLITE_CORRUPT, NotADatabase, u"The planner '%1' is damaged. Repair may be able to mend it."},
+    Meaning{SQLITE_TOOBIG, FieldTooSmall, u"The text is too long to be saved to '%1'."},
+};
+
+bool IsBusy(int code)
+{
+    return code == SQLITE_BUSY || code == SQLITE_LOCKED;
+}
+
+RunTimeError BusyError(Doing doing, const QString& file)
+{
+    if (doing == Doing::Writing)
+        return {CouldNotSave,
+                QStringLiteral("Could not save to '%1'; another user is saving to it just now.").arg(file)};
+    return {Busy, QStringLiteral("Could not read '%1'; another user is saving to it just now.").arg(file)};
+}
+} // namespace
+
+RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const QString& file)
+{
+    if (IsBusy(error.getErrorCode() & 0xff)) return BusyError(doing, file);
+    const auto fits = [&](const Meaning& meaning) {
+        return meaning.code == error.getExtendedErrorCode() || meaning.code == (error.getErrorCode() & 0xff);
+    };
+    const auto found = std::ranges::find_if(meanings, fits);
+    if (found != meanings.end()) return {found->number, QString::fromUtf16(found->text).arg(file)};
+    return {InputOutput, QStringLiteral("'%1': %2.").arg(file, QString::fromUtf8(error.what()))};
+}

@@ -1,0 +1,113 @@
+#include "platform/engine/sqlite/sqlitefile.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/sqlitestore.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+using namespace engineerrors;
+
+struct Meaning
+{
+    int error;
+    int number;
+    const char16_t* text;
+};
+
+constexpr Meaning openMeanings[] = {
+    {ENOENT, FileNotFound, u"Could not find file '%1'."},
+    {ENOTDIR, FileNotFound, u"Could not find file '%1'."},
+    {EACCES, ReadOnlyFile, u"You have no permission to use '%1'."},
+};
+constexpr Meaning createMeanings[] = {
+    {EEXIST, FileExists, u"'%1' exists already."},
+    {ENOENT, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
+    {ENOTDIR, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
+};
+constexpr Meaning deleteMeanings[] = {
+    {EACCES, ReadOnlyFile, u"You have no permission to delete '%1'."},
+    {EPERM, ReadOnlyFile, u"You have no permission to delete '%1'."},
+    {EROFS, ReadOnlyFile, u"'%1' cannot be deleted: its drive is read-only."},
+};
+
+template <std::size_t Count>
+[[noreturn]] void Raise(const Meaning (&meanings)[Count], const QString& path, int error)
+{
+    const QString name = QFileInfo(path).fileName();
+    for (const Meaning& meaning : meanings)
+        if (meaning.error == error) throw RunTimeError{meaning.number, QString::fromUtf16(meaning.text).arg(name)};
+    throw RunTimeError{InputOutput,
+                       QStringLiteral("'%1': %2.").arg(name, QString::fromLocal8Bit(std::strerror(error)))};
+}
+
+struct stat StatusOf(const QString& path)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) Raise(openMeanings, path, errno);
+    return status;
+}
+
+QString RealPath(const QString& path)
+{
+    return QFileInfo(path).canonicalFilePath();
+}
+
+bool Unlink(const QString& path)
+{
+    return ::unlink(QFile::encodeName(path).constData()) == 0;
+}
+
+QString JournalOf(const QString& path)
+{
+    return path + QLatin1StringView("-journal");
+}
+} // namespace
+
+namespace sqlitefile {
+std::shared_ptr<Store> Open(const QString& path, bool exclusive)
+{
+    const struct stat status = StatusOf(path);
+    if (!S_ISREG(status.st_mode) || status.st_size == 0)
+        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(QFileInfo(path).fileName())};
+    return std::make_shared<SqliteStore>(RealPath(path), exclusive, SqliteStore::File::Planner);
+}
+
+std::shared_ptr<Store> Create(const QString& path)
+{
+    // The library cannot be told to make a file only if there is none, and nothing may ever be truncated.
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) Raise(createMeanings, path, errno);
+    ::close(descriptor);
+    const QString real = RealPath(path);
+    auto remove = qScopeGuard([&] {
+        Unlink(real);
+        Unlink(JournalOf(real));
+    });
+    auto store = std::make_shared<SqliteStore>(real, false, SqliteStore::File::Empty);
+    remove.dismiss();
+    return store;
+}
+
+void Delete(const QString& path)
+{
+    const struct stat status = StatusOf(path);
+    const QString real = RealPath(path);
+    // A descriptor of its own, which this program's own opens refuse too.
+    ByteLocks locks(LockFileOf(real), status.st_mode, status.st_gid);
+    if (!locks.TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(real, locks);
+    // The planner first: a journal without a planner means nothing, a planner without its journal may be torn.
+    if (!Unlink(real)) Raise(deleteMeanings, real, errno);
+    Unlink(JournalOf(real));
+}
+} // namespace sqlitefile

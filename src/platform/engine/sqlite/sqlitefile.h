@@ -1,0 +1,16 @@
+// The files behind a SqliteStore: finding what they are, making and deleting them.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class Store;
+
+// Paths as a caller has them; symbolic links are followed, so that all who open one planner share one file of locks.
+// Errors as the functions of DBEngine that use them.
+namespace sqlitefile {
+std::shared_ptr<Store> Open(const QString& path, bool exclusive);
+std::shared_ptr<Store> Create(const QString& path);
+void Delete(const QString& path);
+} // namespace sqlitefile

@@ -1,0 +1,105 @@
+// A store that fails at a chosen call, for tests of what becomes of the notes then. Calls that give back (Unlock,
+// EndRead, Rollback, Close) never fail.
+#pragma once
+
+#include "platform/engine/store.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QLatin1StringView>
+
+#include <memory>
+
+struct FailurePlan
+{
+    enum When
+    {
+        Before, // the call does nothing and raises
+        After,  // the call does its work and raises
+        ForEver // from the chosen call on, every one that is counted does nothing and raises
+    };
+
+    int at = 0; // which call fails, counted from 1; 0 is none
+    When when = Before;
+    RunTimeError error = {3043, QStringLiteral("The test's error")};
+    QString only = {}; // counts calls of this name alone, "Commit" for one; empty counts all
+    int calls = 0;     // counted so far
+};
+
+class FailingStore final : public Store
+{
+public:
+    FailingStore(std::shared_ptr<Store> inner, std::shared_ptr<FailurePlan> plan)
+        : m_inner(std::move(inner)), m_plan(std::move(plan))
+    {
+    }
+
+    bool HasTable(const QString& t) override { return Call("HasTable", &Store::HasTable, t); }
+    QStringList TableNames() override { return Call("TableNames", &Store::TableNames); }
+    TableDef Definition(const QString& t) override { return Call("Definition", &Store::Definition, t); }
+    void CreateTable(const TableDef& t) override { Call("CreateTable", &Store::CreateTable, t); }
+    std::optional<Row> Find(const TableDef& t, const Index& i, From f, const Place& p, const QString& field,
+                            const QString& pattern) override
+    {
+        return Call("Find", &Store::Find, t, i, f, p, field, pattern);
+    }
+    std::optional<Row> Fetch(const TableDef& t, qint64 id) override { return Call("Fetch", &Store::Fetch, t, id); }
+    qint64 Insert(const TableDef& t, const std::vector<QVariant>& v) override
+    {
+        return Call("Insert", &Store::Insert, t, v);
+    }
+    void Replace(const TableDef& t, const Row& old, const std::vector<QVariant>& v) override
+    {
+        Call("Replace", &Store::Replace, t, old, v);
+    }
+    void Erase(const TableDef& t, const Row& old) override { Call("Erase", &Store::Erase, t, old); }
+    void TryLock(const TableDef& t, qint64 id) override { Call("TryLock", &Store::TryLock, t, id); }
+    void Unlock(const TableDef& t, qint64 id) override { m_inner->Unlock(t, id); }
+    void BeginRead() override { Call("BeginRead", &Store::BeginRead); }
+    void EndRead() override { m_inner->EndRead(); }
+    void BeginWrite() override { Call("BeginWrite", &Store::BeginWrite); }
+    void Commit() override
+    {
+        try {
+            Call("Commit", &Store::Commit);
+        } catch (const RunTimeError&) {
+            m_inner->Rollback();
+            throw;
+        }
+    }
+    void Rollback() override { m_inner->Rollback(); }
+    void Refresh() override { Call("Refresh", &Store::Refresh); }
+    void Close() override { m_inner->Close(); }
+
+private:
+    template <typename Result, typename... Parameters, typename... Arguments>
+    Result Call(const char* name, Result (Store::*call)(Parameters...), Arguments&&... arguments)
+    {
+        const bool counted = m_plan->only.isEmpty() || m_plan->only == QLatin1StringView(name);
+        if (counted) ++m_plan->calls;
+        const bool due = counted && m_plan->at > 0 && m_plan->calls == m_plan->at;
+        const bool broken = counted && m_plan->at > 0 && m_plan->calls >= m_plan->at;
+        if ((m_plan->when == FailurePlan::Before && due) || (m_plan->when == FailurePlan::ForEver && broken))
+            throw m_plan->error;
+        const Failing raise{m_plan->when == FailurePlan::After && due};
+        if constexpr (std::is_void_v<Result>) {
+            ((*m_inner).*call)(arguments...);
+            raise.If(m_plan->error);
+        } else {
+            Result result = ((*m_inner).*call)(arguments...);
+            raise.If(m_plan->error);
+            return result;
+        }
+    }
+
+    struct Failing
+    {
+        bool due;
+        void If(const RunTimeError& error) const
+        {
+            if (due) throw error;
+        }
+    };
+
+    std::shared_ptr<Store> m_inner;
+    std::shared_ptr<FailurePlan> m_plan;
+};

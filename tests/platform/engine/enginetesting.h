@@ -1,0 +1,140 @@
+// What the engine's tests share: a table as planners have it, errors by number, and a second program.
+#pragma once
+
+#include "platform/engine/dbengine.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTextStream>
+
+#include <functional>
+
+inline TableDef DayTable()
+{
+    return {QStringLiteral("QMT Table"),
+            {{QStringLiteral("Database Date"), dbDate},
+             {QStringLiteral("qmtDate"), dbText, 15},
+             {QStringLiteral("qmtText"), dbMemo},
+             {QStringLiteral("qmtFontSize"), dbSingle},
+             {QStringLiteral("qmtFontBold"), dbBoolean},
+             {QStringLiteral("qmtFontColor"), dbLong}},
+            {{QStringLiteral("qmtPrimaryKey"), QStringLiteral("-qmtDate"), true}}};
+}
+
+// The error's number, 0 if there was none; its text goes to the second argument.
+inline int ErrorOf(const std::function<void()>& step, QString* text = nullptr)
+{
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        if (text) *text = error.Description;
+        return error.Number;
+    }
+    return 0;
+}
+
+inline Recordset Days(Database& database)
+{
+    Recordset days = database.OpenTable(QStringLiteral("QMT Table"));
+    days.SetIndex(QStringLiteral("qmtPrimaryKey"));
+    return days;
+}
+
+inline void Write(Recordset& days, const QString& key, const QByteArray& text)
+{
+    days.Seek(QStringLiteral("="), key);
+    days.NoMatch() ? days.AddNew() : days.Edit();
+    days.SetField(QStringLiteral("qmtDate"), key);
+    days.SetField(QStringLiteral("qmtText"), text);
+    days.Update();
+}
+
+// "absent" if there is no such record.
+inline QByteArray Read(Recordset& days, const QString& key)
+{
+    days.Seek(QStringLiteral("="), key);
+    return days.NoMatch() ? QByteArray("absent") : days.Fields(QStringLiteral("qmtText")).toByteArray();
+}
+
+// A second program: answers each command line by one line, "0" or an error's number and text.
+class OtherProgram
+{
+public:
+    OtherProgram()
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--other")});
+        m_process.waitForStarted();
+    }
+    ~OtherProgram()
+    {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished();
+    }
+
+    QString Do(const QStringList& command)
+    {
+        m_process.write(command.join(u'\t').toUtf8() + '\n');
+        while (!m_process.canReadLine() && m_process.waitForReadyRead()) {
+        }
+        return QString::fromUtf8(m_process.readLine()).trimmed();
+    }
+    QString Open(const QString& path, bool exclusive)
+    {
+        return Do({QStringLiteral("open"), path, exclusive ? QStringLiteral("exclusive") : QStringLiteral("shared")});
+    }
+    void Kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    // What the second program's main does.
+    static int Serve()
+    {
+        QTextStream in(stdin), out(stdout);
+        Database database;
+        Recordset days;
+        for (QString line = in.readLine(); !line.isNull(); line = in.readLine()) {
+            const QStringList words = line.split(u'\t');
+            QString text;
+            const int number = ErrorOf([&] { Obey(words, database, days, out); }, &text);
+            out << number << ' ' << text << Qt::endl;
+        }
+        return 0;
+    }
+
+private:
+    static void Obey(const QStringList& words, Database& database, Recordset& days, QTextStream& out)
+    {
+        const QString& verb = words[0];
+        if (verb == u"open") database = DBEngine::OpenDatabase(words[1], words[2] == u"exclusive");
+        if (verb == u"open") days = Days(database);
+        if (verb == u"delete") DBEngine::DeleteDatabase(words[1]);
+        if (verb == u"write") Write(days, words[1], words[2].toUtf8());
+        if (verb == u"seek") days.Seek(QStringLiteral("="), words[1]);
+        if (verb == u"edit") days.Edit();
+        if (verb == u"cancel") days.CancelUpdate();
+        for (int i = 1; verb == u"write for ever"; ++i) {
+            // Two records of one transaction must never part.
+            WriteTransaction both(database);
+            Write(days, QStringLiteral("a"), QByteArray::number(i) + QByteArray(20000, 'a'));
+            Write(days, QStringLiteral("b"), QByteArray::number(i) + QByteArray(20000, 'b'));
+            both.Commit();
+            out << i << Qt::endl;
+        }
+    }
+
+    QProcess m_process;
+};
+
+// A test program that can also be the second program.
+#define ENGINE_TEST_MAIN(Test)                                                                                         \
+    int main(int count, char** words)                                                                                  \
+    {                                                                                                                  \
+        QCoreApplication application(count, words);                                                                    \
+        if (application.arguments().contains(QLatin1StringView("--other"))) return OtherProgram::Serve();              \
+        Test test;                                                                                                     \
+        return QTest::qExec(&test, count, words);                                                                      \
+    }

@@ -1,0 +1,269 @@
+// Files that are no planners, damaged, read-only, or on a full disk.
+#include "enginetesting.h"
+#include "platform/engine/engineerrors.h"
+
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <sqlite3.h>
+#include <unistd.h>
+
+using namespace engineerrors;
+
+namespace {
+// A folder that nobody may write, root included where this runs as root: then a read-only mount.
+class ReadOnlyFolder
+{
+public:
+    explicit ReadOnlyFolder(const QString& path) : m_path(QFile::encodeName(path)), m_mounted(::geteuid() == 0)
+    {
+        if (!m_mounted) ::chmod(m_path, 0500);
+        if (m_mounted && (::mount(m_path, m_path, nullptr, MS_BIND, nullptr) != 0 ||
+                          ::mount(nullptr, m_path, nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) != 0))
+            qFatal("This root may not mount");
+    }
+    ~ReadOnlyFolder() { m_mounted ? ::umount2(m_path, MNT_DETACH) : ::chmod(m_path, 0700); }
+
+private:
+    QByteArray m_path;
+    bool m_mounted;
+};
+
+// A folder with little room. Root gets a small drive of its own; others a limit on the size of files, which the
+// system reports as an I/O error.
+class LittleRoom
+{
+public:
+    explicit LittleRoom(const QString& path) : m_path(QFile::encodeName(path)), m_mounted(::geteuid() == 0)
+    {
+        if (m_mounted) {
+            if (::mount("tmpfs", m_path, "tmpfs", 0, "size=256k") != 0) qFatal("This root may not mount");
+            return;
+        }
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit little = {200000, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &little);
+    }
+    ~LittleRoom() { m_mounted ? ::umount2(m_path, MNT_DETACH) : ::setrlimit(RLIMIT_FSIZE, &m_before); }
+    int Error() const { return m_mounted ? DiskFull : InputOutput; }
+
+private:
+    QByteArray m_path;
+    bool m_mounted;
+    rlimit m_before = {};
+};
+} // namespace
+
+class PlannerFileTest : public QObject
+{
+    Q_OBJECT
+
+    const QString m_key = QStringLiteral("1999/3/7");
+    std::optional<QTemporaryDir> m_folder;
+    QString m_path;
+
+    QByteArray Content(const QString& path) const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+    void SetContent(const QByteArray& bytes) const
+    {
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    void MakePlanner(const QString& path) const
+    {
+        Database database = DBEngine::CreateDatabase(path, {});
+        database.Append(DayTable());
+        Recordset days = Days(database);
+        WriteTransaction month(database);
+        for (int day = 1; day <= 31; ++day)
+            Write(days, QStringLiteral("1999/3/%1").arg(day), QByteArray(6000, 'x'));
+        month.Commit();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder.emplace();
+        m_path = m_folder->filePath(QStringLiteral("notes.mdb"));
+        MakePlanner(m_path);
+    }
+
+    void WhatIsNoPlannerIsRefusedAndLeftAlone_data()
+    {
+        QTest::addColumn<qint64>("size"); // the planner is cut there; -1 is whole
+        QTest::addColumn<int>("at");      // bytes to be put there
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("part"); // of the message
+        QTest::newRow("0 bytes") << qint64{0} << 0 << QByteArray() << "is not a planner";
+        QTest::newRow("few bytes") << qint64{7} << 0 << QByteArray() << "is not a planner";
+        QTest::newRow("cut in the first page") << qint64{1000} << 0 << QByteArray() << "damaged";
+        QTest::newRow("cut between pages") << qint64{4096 * 7} << 0 << QByteArray() << "damaged";
+        QTest::newRow("plain text") << qint64{0} << 0 << QByteArray(3000, 'a') << "is not a planner";
+        QTest::newRow("rubbish") << qint64{-1} << 0 << QByteArray(200, '\xa7') << "is not a planner";
+        QTest::newRow("another program's") << qint64{-1} << 68 << QByteArray(4, '\x01') << "is not a planner";
+        QTest::newRow("no version") << qint64{-1} << 60 << QByteArray(4, '\0') << "is not a planner";
+        QTest::newRow("newer version") << qint64{-1} << 60 << QByteArray("\0\0\0\2", 4) << "newer Orrelin";
+        QTest::newRow("damaged schema") << qint64{-1} << 100 << QByteArray(300, '\xff') << "damaged";
+    }
+
+    void WhatIsNoPlannerIsRefusedAndLeftAlone()
+    {
+        QFETCH(qint64, size);
+        QFETCH(int, at);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, part);
+        QByteArray content = Content(m_path);
+        if (size >= 0) content.truncate(size);
+        content.replace(at, bytes.size(), bytes);
+        SetContent(content);
+        QVERIFY(QFile::remove(m_path.chopped(4) + QLatin1StringView(".ldb")));
+        for (const bool exclusive : {false, true}) {
+            QString text;
+            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, exclusive); }, &text), NotADatabase);
+            QVERIFY2(text.contains(part), qPrintable(text));
+        }
+        QVERIFY(Content(m_path) == content);
+        QVERIFY(!QFile::exists(m_path.chopped(4) + QLatin1StringView(".ldb"))); // nor litter beside it
+    }
+
+    void PathsThatCannotBeUsed()
+    {
+        const QString folder = m_folder->path();
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(folder); }), NotADatabase);
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(folder + QLatin1StringView("/gone.mdb")); }), FileNotFound);
+        QVERIFY(!QFile::exists(folder + QLatin1StringView("/gone.mdb")));
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path + QLatin1StringView("/a.mdb")); }), FileNotFound);
+        QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(folder + QLatin1StringView("/gone.mdb")); }), FileNotFound);
+        QCOMPARE(ErrorOf([&] { DBEngine::CreateDatabase(folder + QLatin1StringView("/gone/a.mdb"), {}); }),
+                 InvalidPath);
+        const QByteArray before = Content(m_path);
+        QCOMPARE(ErrorOf([&] { DBEngine::CreateDatabase(m_path, {}); }), FileExists);
+        QVERIFY(Content(m_path) == before);
+    }
+
+    void NothingIsOpenedThatCannotBeWritten()
+    {
+        {
+            const ReadOnlyFolder readOnly(m_folder->path());
+            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), ::geteuid() == 0 ? ReadOnlyFile : 0);
+            QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), ReadOnlyFile);
+        }
+        QVERIFY(QFile::remove(m_path + QLatin1StringView("-journal")));
+        const ReadOnlyFolder readOnly(m_folder->path());
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), ReadOnlyFile);
+    }
+
+    void AFullDiskKeepsWhatWasSaved()
+    {
+        const QString folder = m_folder->filePath(QStringLiteral("little"));
+        QVERIFY(QDir().mkdir(folder));
+        const LittleRoom room(folder);
+        const QString path = folder + QLatin1StringView("/a.mdb");
+        Database database = DBEngine::CreateDatabase(path, {});
+        database.Append(DayTable());
+        Recordset days = Days(database);
+        Write(days, m_key, "small");
+        QCOMPARE(ErrorOf([&] { Write(days, m_key, QByteArray(500000, 'x')); }), room.Error());
+        QCOMPARE(days.Fields(QStringLiteral("qmtText")).toByteArray().size(), 500000); // the typing is still there
+        QCOMPARE(Read(days, m_key), QByteArray("small"));
+        {
+            WriteTransaction group(database);
+            Write(days, QStringLiteral("first"), "undone with the rest");
+            const int error = ErrorOf([&] {
+                Write(days, QStringLiteral("second"), QByteArray(300000, 'x'));
+                Write(days, QStringLiteral("third"), "too late");
+                group.Commit();
+            });
+            QCOMPARE(error, room.Error());
+        }
+        Write(days, QStringLiteral("1999/3/8"), "goes on");
+        database = DBEngine::OpenDatabase(path);
+        days = Days(database);
+        QCOMPARE(Read(days, QStringLiteral("1999/3/8")), QByteArray("goes on"));
+        QCOMPARE(Read(days, QStringLiteral("first")), QByteArray("absent"));
+    }
+
+    void AGroupThatWasGivenUpSaysSoAtItsCommit()
+    {
+        const QString folder = m_folder->filePath(QStringLiteral("little"));
+        QVERIFY(QDir().mkdir(folder));
+        const LittleRoom room(folder);
+        Database database = DBEngine::CreateDatabase(folder + QLatin1StringView("/a.mdb"), {});
+        database.Append(DayTable());
+        Recordset days = Days(database);
+        WriteTransaction group(database);
+        Write(days, m_key, "kept or told to be lost");
+        // More than the cache holds, so that the disk is full before the end.
+        ErrorOf([&] { Write(days, QStringLiteral("second"), QByteArray(9000000, 'x')); });
+        const int later = ErrorOf([&] { Write(days, QStringLiteral("third"), "small"); });
+        const int commit = ErrorOf([&] { group.Commit(); });
+        const bool kept = Read(days, m_key) != "absent";
+        QCOMPARE(kept, commit == 0);
+        QCOMPARE(Read(days, QStringLiteral("third")) != "absent", later == 0 && commit == 0);
+    }
+
+    void DamageFoundOnTheWayIsTold()
+    {
+        QByteArray content = Content(m_path);
+        content.replace(4096 * 20, 4096 * 10, QByteArray(4096 * 10, '\x5a'));
+        SetContent(content);
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        int damaged = 0;
+        for (int day = 1; day <= 31; ++day) {
+            const int error = ErrorOf([&] { Read(days, QStringLiteral("1999/3/%1").arg(day)); });
+            QVERIFY2(error == 0 || error == NotADatabase, qPrintable(QString::number(error)));
+            if (error != 0) ++damaged;
+            // A record that could not be read is not taken for the one before it.
+            if (error != 0) QCOMPARE(ErrorOf([&] { days.Edit(); }), NoCurrentRecord);
+        }
+        QVERIFY(damaged > 0 && damaged < 31);
+    }
+
+    void AVanishedFileIsTold()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        m_folder->remove();
+        QCOMPARE(ErrorOf([&] { Write(days, m_key, "x"); }), InputOutput);
+        m_folder.emplace();
+        MakePlanner(m_folder->filePath(QStringLiteral("notes.mdb"))); // another file under the old name stays apart
+    }
+
+    void ACommitThatCannotGetThroughIsTold()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        sqlite3* reader = nullptr;
+        sqlite3_open(QFile::encodeName(m_path), &reader);
+        const auto close = qScopeGuard([&] { sqlite3_close(reader); });
+        sqlite3_exec(reader, "BEGIN; SELECT * FROM \"QMT Table\"", nullptr, nullptr, nullptr);
+        days.Seek(QStringLiteral("="), m_key);
+        days.Edit();
+        days.SetField(QStringLiteral("qmtText"), QByteArray("typed"));
+        QCOMPARE(ErrorOf([&] { days.Update(); }), CouldNotSave);
+        sqlite3_exec(reader, "COMMIT; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+        QCOMPARE(ErrorOf([&] { WriteTransaction group(database); }), CouldNotSave);
+        Recordset second;
+        QCOMPARE(ErrorOf([&] { second = database.OpenTable(QStringLiteral("QMT Table")); }), Busy);
+        sqlite3_exec(reader, "COMMIT", nullptr, nullptr, nullptr);
+        days.Update(); // the same typing, once the way is free
+        QCOMPARE(Read(days, m_key), QByteArray("typed"));
+    }
+};
+
+ENGINE_TEST_MAIN(PlannerFileTest)
+#include "plannerfiletest.moc"

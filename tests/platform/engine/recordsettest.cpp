@@ -1,0 +1,347 @@
+#include "enginetesting.h"
+#include "failingstore.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/like.h"
+
+#include <QDateTime>
+#include <QScopeGuard>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+
+using namespace engineerrors;
+
+class RecordsetTest : public QObject
+{
+    Q_OBJECT
+
+    const QString m_key = QStringLiteral("1999/3/7");
+    QTemporaryDir m_folder;
+    QString m_path;
+    Database m_database;
+    Recordset m_days;
+    int m_count = 0;
+
+private Q_SLOTS:
+    void init()
+    {
+        m_path = m_folder.filePath(QStringLiteral("%1.mdb").arg(++m_count));
+        m_database = DBEngine::CreateDatabase(m_path, {});
+        m_database.Append(DayTable());
+        m_days = Days(m_database);
+    }
+
+    void ValuesComeBackAsTheyWere_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QVariant>("value");
+        const QString memo = QStringLiteral("qmtText");
+        QTest::newRow("NUL") << memo << QVariant(QByteArray("a\0b\xff\xc3", 5));
+        QTest::newRow("number") << memo << QVariant(QByteArray("0012.50"));
+        QTest::newRow("exponent") << memo << QVariant(QByteArray(" 1e3 "));
+        QTest::newRow("empty") << memo << QVariant(QByteArray(""));
+        QTest::newRow("long") << memo << QVariant(QByteArray(3000000, 'x'));
+        QTest::newRow("text") << QStringLiteral("qmtDate") << QVariant(QStringLiteral("é\"'; 日本"));
+        QTest::newRow("single") << QStringLiteral("QMTFONTSIZE") << QVariant(8.25f);
+        QTest::newRow("boolean") << QStringLiteral("qmtFontBold") << QVariant(true);
+        QTest::newRow("long number") << QStringLiteral("qmtFontColor") << QVariant(INT_MIN);
+        QTest::newRow("date") << QStringLiteral("Database Date")
+                              << QVariant(QDateTime(QDate(1999, 3, 7), QTime(13, 5, 6, 7)));
+        QTest::newRow("null") << memo << QVariant();
+    }
+
+    void ValuesComeBackAsTheyWere()
+    {
+        QFETCH(QString, field);
+        QFETCH(QVariant, value);
+        m_days.AddNew();
+        m_days.SetField(field, value);
+        m_days.Update();
+        m_database = DBEngine::OpenDatabase(m_path);
+        m_days = Days(m_database);
+        QCOMPARE(m_days.Fields(field), value);
+        QCOMPARE(m_days.Fields(field).typeId(), value.typeId());
+        m_days.Edit(); // which compares the row with the copy
+        m_days.Update();
+    }
+
+    void FieldsRefuseWhatTheyCannotHold()
+    {
+        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("qmtDate"), m_key); }), NoUpdatePending);
+        m_days.AddNew();
+        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("qmtDate"), QString(16, u'9')); }), FieldTooSmall);
+        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("qmtFontColor"), QStringLiteral("red")); }),
+                 TypeMismatch);
+        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("nothing"), 1); }), ItemNotFound);
+        m_days.SetField(QStringLiteral("qmtFontSize"), std::nanf(""));
+        m_days.SetField(QStringLiteral("qmtDate"), QString(QChar(0xd800)));
+        m_days.Update();
+        m_days.MoveFirst();
+        m_days.Edit(); // neither of both may look changed by another user
+        QCOMPARE(ErrorOf([&] { m_days.SetIndex(QStringLiteral("nothing")); }), ItemNotFound);
+        QCOMPARE(ErrorOf([&] { m_database.OpenTable(QStringLiteral("Alarm Table")); }), NoTable);
+    }
+
+    void TablesAreReadAgainAsTheyWereMade()
+    {
+        const TableDef odd = {QStringLiteral("a \"b\" 'c' [d]; %"),
+                              {{QStringLiteral("x \"y\""), dbText, 3}, {QStringLiteral("it's"), dbMemo}},
+                              {{QStringLiteral("k \"1\""), QStringLiteral("x \"y\""), true},
+                               {QStringLiteral("k2"), QStringLiteral("-it's"), false}}};
+        m_database.Append(odd);
+        QCOMPARE(ErrorOf([&] { m_database.Append(odd); }), TableExists);
+        Database again = DBEngine::OpenDatabase(m_path);
+        QCOMPARE(again.TableNames(), QStringList({DayTable().Name, odd.Name}));
+        Recordset rows = again.OpenTable(odd.Name.toUpper());
+        rows.SetIndex(QStringLiteral("k \"1\""));
+        rows.AddNew();
+        rows.SetField(QStringLiteral("x \"y\""), QStringLiteral("abc"));
+        QCOMPARE(ErrorOf([&] { rows.SetField(QStringLiteral("x \"y\""), QStringLiteral("abcd")); }), FieldTooSmall);
+        rows.Update();
+        rows.AddNew();
+        rows.SetField(QStringLiteral("x \"y\""), QStringLiteral("abd"));
+        rows.SetField(QStringLiteral("it's"), QByteArray("b"));
+        rows.Update();
+        rows.MoveFirst();
+        QCOMPARE(rows.Fields(QStringLiteral("x \"y\"")).toString(), QStringLiteral("abc"));
+        rows.SetIndex(QStringLiteral("k2"));
+        QCOMPARE(rows.Fields(QStringLiteral("x \"y\"")).toString(), QStringLiteral("abd"));
+    }
+
+    void AFailedUpdateKeepsTheTyping()
+    {
+        Write(m_days, m_key, "first");
+        Write(m_days, QStringLiteral("1999/3/8"), "other");
+        m_days.MoveFirst();
+        m_days.Edit();
+        m_days.SetField(QStringLiteral("qmtDate"), m_key);
+        QCOMPARE(ErrorOf([&] { m_days.Update(); }), DuplicateKey);
+        QCOMPARE(m_days.Fields(QStringLiteral("qmtDate")).toString(), m_key);
+        Database second = DBEngine::OpenDatabase(m_path);
+        Recordset others = Days(second);
+        others.Seek(QStringLiteral("="), QStringLiteral("1999/3/8"));
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordLocked); // the lock stays too
+        m_days.SetField(QStringLiteral("qmtDate"), QStringLiteral("1999/3/9"));
+        m_days.Update();
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged); // free, but no longer as it was seen
+    }
+
+    void NobodyWritesOverAnother()
+    {
+        Write(m_days, m_key, "mine");
+        Database second = DBEngine::OpenDatabase(m_path);
+        Recordset others = Days(second);
+        others.SetLockEdits(false);
+        others.Edit();
+        others.SetField(QStringLiteral("qmtText"), QByteArray("theirs"));
+        m_days.Seek(QStringLiteral("="), m_key);
+        m_days.Edit();
+        QCOMPARE(ErrorOf([&] { others.Update(); }), RecordLocked);
+        m_days.SetField(QStringLiteral("qmtText"), QByteArray("changed"));
+        m_days.Update();
+        QCOMPARE(ErrorOf([&] { others.Update(); }), DataChanged);
+        QCOMPARE(others.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("theirs"));
+        others.CancelUpdate();
+        others.SetLockEdits(true);
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged);
+        m_days.Edit(); // the refused one kept no lock
+        m_days.CancelUpdate();
+        m_days.Delete();
+        Write(m_days, m_key, "mine"); // alike, and yet another record
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordDeleted);
+    }
+
+    void AnEditEndsWithItsRecordset_data()
+    {
+        QTest::addColumn<int>("way");
+        for (int way = 0; way < 6; ++way)
+            QTest::addRow("%d", way) << way;
+    }
+
+    void AnEditEndsWithItsRecordset()
+    {
+        QFETCH(int, way);
+        Write(m_days, m_key, "text");
+        const std::function<void()> ways[] = {[&] { m_days.Seek(QStringLiteral("="), QStringLiteral("absent")); },
+                                              [&] { m_days.MoveFirst(); },
+                                              [&] { m_days.FindLast(QStringLiteral("nonsense")); },
+                                              [&] { m_days.SetIndex({}); },
+                                              [&] { m_days.Close(); },
+                                              [&] { m_days = Recordset(); }};
+        m_days.Seek(QStringLiteral("="), m_key);
+        m_days.Edit();
+        m_days.SetField(QStringLiteral("qmtText"), QByteArray("lost"));
+        ErrorOf(ways[way]);
+        if (way < 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), NoUpdatePending);
+        if (way == 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), Closed);
+        Database second = DBEngine::OpenDatabase(m_path);
+        Recordset others = Days(second);
+        others.Edit();
+        QCOMPARE(others.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("text"));
+    }
+
+    void CriteriaFindTheirRecords_data()
+    {
+        QTest::addColumn<QString>("pattern");
+        QTest::addColumn<QString>("found"); // walking from the last, the smallest key
+        QTest::newRow("word") << "\"*milk*\""
+                              << "ac";
+        QTest::newRow("single quotes") << "'*MILK*'"
+                                       << "ac";
+        QTest::newRow("whole") << "\"buy milk\""
+                               << "a";
+        QTest::newRow("one character") << "\"?uy ????\""
+                                       << "a";
+        QTest::newRow("not ASCII") << "\"*CAFÉ*\""
+                                   << "b";
+        QTest::newRow("percent is a letter") << "\"*50%*\""
+                                             << "b";
+        QTest::newRow("underscore is a letter") << "\"*_*\""
+                                                << "";
+        QTest::newRow("behind a NUL") << "\"*hidden*\""
+                                      << "d";
+        QTest::newRow("doubled quote") << "'*don''t*'"
+                                       << "c";
+        QTest::newRow("many runs") << "\"*i*m*d*t*k*\""
+                                   << "c";
+        QTest::newRow("all") << "\"*\""
+                             << "abcd";
+    }
+
+    void CriteriaFindTheirRecords()
+    {
+        QFETCH(QString, pattern);
+        QFETCH(QString, found);
+        Write(m_days, QStringLiteral("a"), "Buy milk");
+        Write(m_days, QStringLiteral("b"), "50% off at the café");
+        Write(m_days, QStringLiteral("c"), "I'm sure: don't drink mmilk");
+        Write(m_days, QStringLiteral("d"), QByteArray("x\0Hidden", 8));
+        m_days.AddNew(); // neither key nor text
+        m_days.Update();
+        Recordset walk = m_database.CreateDynaset(QStringLiteral("QMT Table"));
+        const QString criterion = QStringLiteral("[qmtText] LIKE ") + pattern;
+        QString keys;
+        for (walk.FindLast(criterion); !walk.NoMatch(); walk.FindPrevious(criterion))
+            keys += walk.Fields(QStringLiteral("qmtDate")).toString();
+        QCOMPARE(keys, found);
+        QCOMPARE(ErrorOf([&] { walk.Fields(QStringLiteral("qmtDate")); }), NoCurrentRecord);
+        walk.FindPrevious(criterion); // once more past the end of the search
+        QVERIFY(walk.NoMatch());
+    }
+
+    void ACriterionThatCannotBeReadIsNoMatch_data()
+    {
+        QTest::addColumn<QString>("criterion");
+        QTest::addColumn<int>("error");
+        QTest::newRow("quote inside") << "[qmtText] LIKE '*don't*'" << UnparsableCriterion;
+        QTest::newRow("no field") << "LIKE 'x'" << UnparsableCriterion;
+        QTest::newRow("unknown field") << "[nothing] LIKE 'x'" << ItemNotFound;
+    }
+
+    void ACriterionThatCannotBeReadIsNoMatch()
+    {
+        QFETCH(QString, criterion);
+        QFETCH(int, error);
+        Write(m_days, m_key, "x");
+        QCOMPARE(ErrorOf([&] { m_days.FindLast(criterion); }), error);
+        QVERIFY(m_days.NoMatch());
+        QCOMPARE(ErrorOf([&] { m_days.Delete(); }), NoCurrentRecord);
+    }
+
+    void ATextViewDecidesWhatIsFound()
+    {
+        SetTextView([](const QByteArray& stored) { return QString::fromUtf8(stored).replace(u'#', u'é'); });
+        const auto plain = qScopeGuard([] { SetTextView(nullptr); });
+        Write(m_days, m_key, "caf#");
+        m_days.FindLast(QStringLiteral("[qmtText] LIKE '*CAFÉ*'"));
+        QVERIFY(!m_days.NoMatch());
+    }
+
+    void TransactionsKeepAllOrNothing()
+    {
+        Database second = DBEngine::OpenDatabase(m_path);
+        Recordset others = Days(second);
+        {
+            WriteTransaction abandoned(m_database);
+            Write(m_days, m_key, "never");
+            QCOMPARE(ErrorOf([&] { WriteTransaction nested(m_database); }), CouldNotSave);
+        }
+        QCOMPARE(Read(others, m_key), QByteArray("absent"));
+        WriteTransaction kept(m_database);
+        Write(m_days, m_key, "one");
+        m_days.AddNew();
+        m_days.SetField(QStringLiteral("qmtDate"), m_key);
+        QCOMPARE(ErrorOf([&] { m_days.Update(); }), DuplicateKey);
+        Write(m_days, QStringLiteral("1999/3/8"), "two");
+        QCOMPARE(Read(others, m_key), QByteArray("absent"));
+        kept.Commit();
+        QCOMPARE(Read(others, m_key), QByteArray("one"));
+        QCOMPARE(Read(others, QStringLiteral("1999/3/8")), QByteArray("two"));
+    }
+
+    void AReadSeesOneStateAndAWriteInsideIsKept()
+    {
+        Write(m_days, m_key, "old");
+        Database second = DBEngine::OpenDatabase(m_path);
+        Recordset others = Days(second);
+        {
+            ReadTransaction outer(m_database);
+            ReadTransaction inner(m_database);
+            QCOMPARE(Read(m_days, m_key), QByteArray("old"));
+            QCOMPARE(ErrorOf([&] { Write(others, m_key, "new"); }), CouldNotSave); // the reader is in its way
+            others.CancelUpdate();
+            Write(m_days, m_key, "mine");
+            Write(others, m_key, "new");
+            QCOMPARE(Read(m_days, m_key), QByteArray("new"));
+        }
+        Write(others, m_key, "newer"); // nothing was left open
+    }
+
+    void AFailingStoreLosesNoTyping_data()
+    {
+        QTest::addColumn<int>("when");
+        QTest::addColumn<QByteArray>("stored");
+        QTest::newRow("before") << int(FailurePlan::Before) << QByteArray("old");
+        QTest::newRow("after") << int(FailurePlan::After) << QByteArray("new");
+        QTest::newRow("for ever") << int(FailurePlan::ForEver) << QByteArray("old");
+    }
+
+    void AFailingStoreLosesNoTyping()
+    {
+        QFETCH(int, when);
+        QFETCH(QByteArray, stored);
+        Write(m_days, m_key, "old");
+        const auto plan = std::make_shared<FailurePlan>();
+        DBEngine::SetStoreWrapperForTests([&](auto store) { return std::make_shared<FailingStore>(store, plan); });
+        const auto unwrap = qScopeGuard([] { DBEngine::SetStoreWrapperForTests(nullptr); });
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        days.Edit();
+        days.SetField(QStringLiteral("qmtText"), QByteArray("new"));
+        *plan = {1, FailurePlan::When(when), {DiskFull, {}}, QStringLiteral("Replace")};
+        QCOMPARE(ErrorOf([&] { days.Update(); }), DiskFull);
+        QCOMPARE(days.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("new"));
+        QCOMPARE(Read(m_days, m_key), stored);
+        const int again[] = {0, DataChanged, DiskFull};
+        QCOMPARE(ErrorOf([&] { days.Update(); }), again[when]);
+    }
+
+    void ObjectsThatAreNotThereSaySo()
+    {
+        QCOMPARE(ErrorOf([] { Recordset().MoveFirst(); }), errors::ObjectNotSet);
+        QCOMPARE(ErrorOf([] { Database().OpenTable({}); }), errors::ObjectNotSet);
+        const ReadTransaction nothing{Database()};
+        Database copy = m_database;
+        m_database.Close();
+        QCOMPARE(ErrorOf([&] { copy.TableNames(); }), Closed);
+        Write(m_days, m_key, "still open"); // the last recordset keeps the file
+        QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
+        m_days.Close();
+        DBEngine::DeleteDatabase(m_path);
+        QVERIFY(!QFile::exists(m_path));
+    }
+};
+
+ENGINE_TEST_MAIN(RecordsetTest)
+#include "recordsettest.moc"

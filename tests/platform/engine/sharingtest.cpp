@@ -1,0 +1,193 @@
+// Two programs and one planner: open modes, record locks, and what is left when one of them is killed.
+#include "enginetesting.h"
+#include "platform/engine/engineerrors.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSysInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <pwd.h>
+#include <unistd.h>
+
+using namespace engineerrors;
+
+class SharingTest : public QObject
+{
+    Q_OBJECT
+
+    const QString m_key = QStringLiteral("1999/3/7");
+    QTemporaryDir m_folder;
+    QString m_path;
+    int m_count = 0;
+
+    static QString Me()
+    {
+        return QStringLiteral("user '%1' on machine '%2'.")
+            .arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name), QSysInfo::machineHostName());
+    }
+    static bool CanOpen(const QString& path, bool exclusive)
+    {
+        OtherProgram other;
+        return other.Open(path, exclusive) == u"0";
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_path = m_folder.filePath(QStringLiteral("notes%1.mdb").arg(++m_count));
+        Database database = DBEngine::CreateDatabase(m_path, {});
+        database.Append(DayTable());
+        Recordset days = Days(database);
+        Write(days, m_key, "old");
+    }
+
+    void OpenModesExcludeEachOther_data()
+    {
+        QTest::addColumn<bool>("theirs");
+        QTest::addColumn<bool>("mine");
+        for (const bool theirs : {false, true})
+            for (const bool mine : {false, true})
+                QTest::addRow("%s against %s", mine ? "exclusive" : "shared", theirs ? "exclusive" : "shared")
+                    << theirs << mine;
+    }
+
+    void OpenModesExcludeEachOther()
+    {
+        QFETCH(bool, theirs);
+        QFETCH(bool, mine);
+        OtherProgram other;
+        QCOMPARE(other.Open(m_path, theirs), QStringLiteral("0"));
+        const bool refused = theirs || mine;
+        QString text;
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, mine); }, &text), refused ? InUse : 0);
+        const QString expected =
+            QStringLiteral("Could not use '%1'; file already in use by ").arg(QFileInfo(m_path).fileName()) + Me();
+        QCOMPARE(text, refused ? expected : QString());
+        QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
+        QCOMPARE(other.Do({QStringLiteral("write"), m_key, QStringLiteral("x")}), QStringLiteral("0"));
+        other.Kill();
+        Database database = DBEngine::OpenDatabase(m_path, mine); // no trace of the dead is in the way
+        Recordset days = Days(database);
+        QCOMPARE(Read(days, m_key), QByteArray("x"));
+    }
+
+    void APlannerIsOpenedAgainInAnotherWay_data() { OpenModesExcludeEachOther_data(); }
+
+    void APlannerIsOpenedAgainInAnotherWay()
+    {
+        QFETCH(bool, theirs);
+        QFETCH(bool, mine);
+        Database first = DBEngine::OpenDatabase(m_path, theirs);
+        Recordset firstDays = Days(first);
+        Write(firstDays, m_key, "first"); // an exclusive connection locks the file at its first write
+        {
+            Database second = DBEngine::OpenDatabase(m_path, mine);
+            Recordset days = Days(second);
+            QCOMPARE(Read(days, m_key), QByteArray("first"));
+            QCOMPARE(CanOpen(m_path, false), !mine);
+            Write(days, m_key, "second");
+        }
+        QCOMPARE(Read(firstDays, m_key), QByteArray("second"));
+        QCOMPARE(CanOpen(m_path, false), !theirs);
+        QCOMPARE(CanOpen(m_path, true), false);
+    }
+
+    void AFailedOpenLeavesTheFirstOneAsItWas()
+    {
+        OtherProgram other;
+        Database first = DBEngine::OpenDatabase(m_path);
+        QCOMPARE(other.Open(m_path, false), QStringLiteral("0"));
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, true); }), InUse);
+        Recordset days = Days(first);
+        Write(days, m_key, "still mine");
+        other.Kill();
+        QVERIFY(CanOpen(m_path, false));
+        QVERIFY(!CanOpen(m_path, true));
+    }
+
+    void ALinkedPathIsTheSamePlanner()
+    {
+        const QString link = m_folder.filePath(QStringLiteral("link%1.mdb").arg(m_count));
+        QVERIFY(QFile::link(m_path, link));
+        Database database = DBEngine::OpenDatabase(link, true);
+        QVERIFY(!CanOpen(m_path, false));
+    }
+
+    void AnEditedRecordIsTheirs()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        Write(days, QStringLiteral("1999/3/8"), "neighbour");
+        OtherProgram other;
+        other.Open(m_path, false);
+        other.Do({QStringLiteral("seek"), m_key});
+        QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        days.Seek(QStringLiteral("="), m_key);
+        QString text;
+        for (const auto& attempt : {std::function([&] { days.Edit(); }), std::function([&] { days.Delete(); })})
+            QCOMPARE(ErrorOf(attempt, &text), RecordLocked);
+        QCOMPARE(text, QStringLiteral("Could not update; currently locked by ") + Me());
+        QCOMPARE(Read(days, m_key), QByteArray("old")); // reading is free
+        Write(days, QStringLiteral("1999/3/8"), "and so is the neighbour");
+        Recordset own = Days(database);
+        days.Edit();
+        QCOMPARE(ErrorOf([&] { own.MoveFirst(), own.Edit(); }, &text), RecordLocked);
+        days.CancelUpdate();
+        other.Do({QStringLiteral("cancel")});
+        Write(days, m_key, "free again");
+        other.Do({QStringLiteral("seek"), m_key});
+        QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        other.Kill();
+        Write(days, m_key, "free of the dead");
+    }
+
+    void ALabelThatNobodyHoldsNamesNobody()
+    {
+        OtherProgram other;
+        other.Open(m_path, true);
+        QFile table(m_path.chopped(4) + QLatin1StringView(".ldb"));
+        QVERIFY(table.open(QIODevice::ReadWrite));
+        QVERIFY(table.size() > 0);
+        table.write(QByteArray(static_cast<int>(table.size()), '\0'));
+        table.close();
+        QString text;
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }, &text), InUse);
+        QVERIFY2(text.endsWith(QLatin1StringView("already in use by another user.")), qPrintable(text));
+    }
+
+    void AKilledWriterLeavesWholeCommits()
+    {
+        Database database;
+        int commits = 0;
+        for (int kill = 0; kill < 12; ++kill) {
+            QProcess writer;
+            writer.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--other")});
+            const QString mode = kill % 2 ? QStringLiteral("shared") : QStringLiteral("exclusive");
+            writer.write(QStringLiteral("open\t%1\t%2\nwrite for ever\n").arg(m_path, mode).toUtf8());
+            QVERIFY(writer.waitForReadyRead());
+            QByteArray told;
+            while (told.count('\n') < 3 + kill && writer.waitForReadyRead())
+                told += writer.readAll();
+            writer.kill();
+            QVERIFY(writer.waitForFinished());
+            told += writer.readAll();
+            const int lastTold = told.left(told.lastIndexOf('\n')).split('\n').last().toInt();
+            database = DBEngine::OpenDatabase(m_path, true);
+            Recordset days = Days(database);
+            const QByteArray a = Read(days, QStringLiteral("a")), b = Read(days, QStringLiteral("b"));
+            QCOMPARE(a.left(a.indexOf('a')), b.left(b.indexOf('b')));
+            QCOMPARE(a.size(), b.size());
+            QVERIFY(a.left(a.indexOf('a')).toInt() >= lastTold); // what was told to be saved is saved
+            commits += lastTold;
+            days.Close();
+            database.Close();
+        }
+        QVERIFY(commits > 12);
+    }
+};
+
+ENGINE_TEST_MAIN(SharingTest)
+#include "sharingtest.moc"
