@@ -168,7 +168,7 @@ void RtfInterpreter::FlushBytes()
     if (m_bytes.isEmpty()) return;
     const bool isName = m_state.destination == FontTable;
     const int ofFont = isName ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(Character().font);
-    const QString text = m_decoder.Decode(m_bytes, ofFont ? ofFont : m_codePage);
+    const QString text = DecodeRtfBytes(m_bytes, ofFont ? ofFont : m_codePage);
     m_bytes.resize(0);
     if (isName)
         m_fonts.AppendName(text);

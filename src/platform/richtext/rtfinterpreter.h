@@ -7,6 +7,7 @@
 #include "platform/richtext/rtffonts.h"
 #include "platform/richtext/rtftokenizer.h"
 
+#include <string_view>
 #include <vector>
 
 class QTextDocument;
@@ -44,7 +45,7 @@ private:
     using Handler = void (RtfInterpreter::*)(int argument, const RtfToken& word);
     struct Word
     {
-        const char* name;
+        std::string_view name;
         Handler handler;
         int argument = 0;
     };
@@ -105,7 +106,6 @@ private:
 
     RtfTokenizer m_tokenizer;
     RtfFonts m_fonts;
-    RtfDecoder m_decoder;
     RtfBuilder m_builder;
     QTextDocument* m_document;
 
