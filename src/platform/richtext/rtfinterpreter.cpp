@@ -76,7 +76,8 @@ void RtfInterpreter::CloseGroup()
     if (m_depthBeyond > 0) {
         --m_depthBeyond;
     } else if (!m_outer.empty()) {
-        m_state = std::move(m_outer.back());
+        // The last paragraph may have no mark, and its format then is the one that holds at the end.
+        if (m_outer.size() > 1) m_state = std::move(m_outer.back());
         m_outer.pop_back();
     }
 }
@@ -155,7 +156,7 @@ void RtfInterpreter::DoHex(int byte)
 {
     if (m_skip > 0) {
         --m_skip;
-    } else if (byte == '\r') {
+    } else if (byte == '\r' && m_state.destination == Body) {
         FlushBytes();
         EndParagraph(0, {});
     } else if (byte != 0 && (m_state.destination == FontTable || TakesText())) {

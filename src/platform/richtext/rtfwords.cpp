@@ -82,6 +82,7 @@ constexpr RtfInterpreter::Word RtfInterpreter::g_words[] = {
     {"ltrpar", &Reader::SetDirection, false},
     {"mac", &Reader::SetCodePage, 10000},
     {"nestcell", &Reader::EndCell},
+    {"nesttableprops", &Reader::EnterDestination, Body},
     {"nestrow", &Reader::EndRow},
     {"nonesttables", &Reader::EnterDestination, Skipped},
     {"nonshppict", &Reader::EnterDestination, Skipped},
