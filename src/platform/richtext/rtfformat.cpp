@@ -125,7 +125,7 @@ QRgb ColorOf(const QBrush& brush)
 QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& family)
 {
     QTextCharFormat format;
-    format.setFontFamilies({family});
+    format.setFontFamilies({family.isEmpty() ? g_namelessFamily.toString() : family});
     format.setFontPointSize(character.halfPoints / 2.0);
     format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));
@@ -178,8 +178,8 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
 
 QString FamilyOf(const QTextCharFormat& format, const QFont& font)
 {
-    const QStringList families = format.fontFamilies().toStringList();
-    return families.isEmpty() ? font.family() : families.first();
+    const QString family = format.fontFamilies().toStringList().value(0, font.family());
+    return family.isEmpty() ? g_namelessFamily.toString() : family;
 }
 
 RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)

@@ -85,17 +85,15 @@ void RtfInterpreter::CloseGroup()
 void RtfInterpreter::DoWord(const RtfToken& word)
 {
     m_skip = 0;
-    m_isGroupStart = false;
     const bool isIgnorable = std::exchange(m_isIgnorable, false);
+    const bool isGroupStart = std::exchange(m_isGroupStart, false) || isIgnorable;
     if (m_state.destination == Skipped) return;
     const Word* const known = Find(word.bytes);
-    const bool isDestination =
-        known && (known->handler == &RtfInterpreter::EnterDestination || known->handler == &RtfInterpreter::Picture ||
-                  known->handler == &RtfInterpreter::Object);
-    if (isIgnorable && !isDestination)
-        m_state.destination = Skipped;
-    else if (known)
-        (this->*known->handler)(known->argument, word);
+    if (isIgnorable && !(known && known->IsDestination())) m_state.destination = Skipped;
+    // A destination has a group of its own; in the midst of text its word is a damaged one and must not swallow the
+    // rest.
+    const bool isMisplaced = known && known->handler == &RtfInterpreter::EnterDestination && !isGroupStart;
+    if (known && !isMisplaced && m_state.destination != Skipped) (this->*known->handler)(known->argument, word);
 }
 
 void RtfInterpreter::DoSymbol(char symbol)

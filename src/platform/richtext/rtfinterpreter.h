@@ -48,6 +48,12 @@ private:
         std::string_view name;
         Handler handler;
         int argument = 0;
+
+        bool IsDestination() const
+        {
+            return handler == &RtfInterpreter::EnterDestination || handler == &RtfInterpreter::Picture ||
+                   handler == &RtfInterpreter::Object;
+        }
     };
     static const Word g_words[];
     static const Word* Find(QByteArrayView name);
@@ -112,7 +118,7 @@ private:
     State m_state;
     std::vector<State> m_outer;
     qsizetype m_depthBeyond = 0; // groups open that are too deep to have a state of their own
-    bool m_isGroupStart = false; // \* has a meaning there only
+    bool m_isGroupStart = false; // \* and destinations have a meaning there only
     bool m_isIgnorable = false;  // behind that \*
     int m_skip = 0;              // fallback characters still to be passed over
     qsizetype m_cells = 0;       // cell ends not yet written: those that end a row are not

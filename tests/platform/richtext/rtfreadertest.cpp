@@ -96,6 +96,7 @@ private Q_SLOTS:
         row("skipped destinations", "a{\\info{\\title t}}{\\stylesheet{\\s1 s;}}{\\header h}{\\*\\unknown u{v}}b}",
             u"ab"_s);
         row("star within a group", "a{\\i\\*\\cs7 b}c}", u"abc"_s);
+        row("damaged word is no destination", "a\\sp b\\par\\info c}", u"ab|c"_s);
         row("field", "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt shown}}}", u"shown"_s);
         row("upr", "{\\upr{ansi \\bullet}{\\*\\ud{wide \\u8364?}}}}", u"wide €"_s);
         row("list texts", "{\\pntext\\'B7\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\'B7}}a\\par{\\listtext 2.\\tab}b}",
