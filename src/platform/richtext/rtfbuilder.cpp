@@ -22,7 +22,7 @@ bool IsLineEnd(QChar character)
 
 } // namespace
 
-RtfBuilder::RtfBuilder(const QTextCursor& cursor, Purpose purpose, FamilyAt familyAt)
+RtfBuilder::RtfBuilder(QTextCursor& cursor, Purpose purpose, FamilyAt familyAt)
     : m_cursor(cursor), m_purpose(purpose), m_familyAt(std::move(familyAt)), m_surroundings(cursor.blockFormat()),
       m_keepsFirst(purpose == Insertion && cursor.block().length() > 1),
       m_keepsLast(purpose == Insertion && !cursor.atBlockEnd())

@@ -14,7 +14,7 @@ class RtfBuilder
 {
 public:
     // A whole document takes the format of its first paragraph from the text. An insertion into a paragraph that
-    // holds text leaves that one its format.
+    // holds text leaves that one its format. The cursor ends behind the text.
     enum Purpose
     {
         WholeDocument,
@@ -22,7 +22,7 @@ public:
     };
     using FamilyAt = std::function<QString(int place)>;
 
-    RtfBuilder(const QTextCursor& cursor, Purpose purpose, FamilyAt familyAt);
+    RtfBuilder(QTextCursor& cursor, Purpose purpose, FamilyAt familyAt);
 
     void Append(QLatin1StringView text, const RtfCharacter& character);
     void Append(QStringView text, const RtfCharacter& character); // leaves out what a document cannot hold
@@ -48,7 +48,7 @@ private:
     const QTextCharFormat& FormatOf(const RtfCharacter& character);
     const QTextBlockFormat& FormatOf(const RtfParagraph& paragraph);
 
-    QTextCursor m_cursor;
+    QTextCursor& m_cursor; // no copy, as every cursor in a document makes each insertion slower
     Purpose m_purpose;
     FamilyAt m_familyAt;
     QTextBlockFormat m_surroundings; // of the paragraph that an insertion goes into

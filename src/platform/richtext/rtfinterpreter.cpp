@@ -14,7 +14,7 @@ constexpr std::size_t g_maximumDepth = 1000;
 
 } // namespace
 
-RtfInterpreter::RtfInterpreter(QByteArrayView rtf, const QTextCursor& cursor, RtfBuilder::Purpose purpose)
+RtfInterpreter::RtfInterpreter(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
     : m_tokenizer(rtf), m_builder(cursor, purpose, [this](int place) { return m_fonts.FamilyAt(place); }),
       m_document(cursor.document())
 {

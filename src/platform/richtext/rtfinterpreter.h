@@ -15,7 +15,7 @@ class QTextDocument;
 class RtfInterpreter
 {
 public:
-    RtfInterpreter(QByteArrayView rtf, const QTextCursor& cursor, RtfBuilder::Purpose purpose);
+    RtfInterpreter(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose);
 
     void Run();
 

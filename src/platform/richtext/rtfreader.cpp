@@ -20,7 +20,7 @@ QString PlainText(QByteArrayView bytes)
     return text;
 }
 
-void Read(QByteArrayView rtf, QTextCursor cursor, RtfBuilder::Purpose purpose)
+void Read(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
 {
     if (LooksLikeRtf(rtf))
         RtfInterpreter(rtf, cursor, purpose).Run();

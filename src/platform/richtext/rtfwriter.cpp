@@ -10,6 +10,8 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <limits>
 #include <utility>
 
@@ -36,7 +38,14 @@ private:
     void WriteOne(QChar character);
     void WriteFragment(const QTextFragment& fragment, int begin, int end);
 
-    const RtfCharacter& CharacterOf(const QTextCharFormat& format, int formatIndex);
+    struct Format
+    {
+        RtfCharacter character;
+        QByteArray picture; // the source of one, or empty
+    };
+
+    template <typename Piece> // a fragment or a block
+    const Format& FormatOf(const Piece& piece);
     int PlaceOfFamily(const QString& family);
     int PlaceOfColor(QRgb color);
 
@@ -46,12 +55,24 @@ private:
     QList<QRgb> m_colors;
     QHash<QString, int> m_familyPlaces;
     QHash<QRgb, int> m_colorPlaces;
-    QHash<int, RtfCharacter> m_characters;     // by the index of their format
+    QHash<int, Format> m_formats;              // by their index in the document
     RtfCharacter m_character{.halfPoints = 0}; // as written last; no character has this size
     RtfParagraph m_paragraph;
     bool m_hasParagraph = false;
     bool m_isAfterWord = false; // then text needs a blank before it
 };
+
+bool IsPlain(QChar character)
+{
+    return character >= u' ' && character <= u'~' && character != u'\\' && character != u'{' && character != u'}';
+}
+
+void AppendNumber(QByteArray& rtf, int number)
+{
+    std::array<char, 12> digits;
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    rtf.append(digits.data(), end - digits.begin());
+}
 
 void AppendHex(QByteArray& rtf, char16_t character)
 {
@@ -61,7 +82,9 @@ void AppendHex(QByteArray& rtf, char16_t character)
 
 void AppendUnicode(QByteArray& rtf, char16_t character)
 {
-    rtf += "\\u" + QByteArray::number(static_cast<qint16>(character)) + '?';
+    rtf += "\\u";
+    AppendNumber(rtf, static_cast<qint16>(character));
+    rtf += '?';
 }
 
 void AppendFamily(QByteArray& rtf, const QString& family)
@@ -101,7 +124,7 @@ void Writer::Write(const char* word)
 void Writer::Write(const char* word, int parameter)
 {
     Write(word);
-    m_body += QByteArray::number(parameter);
+    AppendNumber(m_body, parameter);
 }
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
@@ -110,7 +133,7 @@ void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
     if (!m_hasParagraph || paragraph != m_paragraph) WriteParagraph(paragraph);
     for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment)
         WriteFragment(fragment.fragment(), begin, end);
-    if (block.length() == 1) WriteCharacter(CharacterOf(block.charFormat(), block.charFormatIndex()));
+    if (block.length() == 1) WriteCharacter(FormatOf(block).character);
 }
 
 void Writer::EndParagraph()
@@ -207,28 +230,26 @@ void Writer::WriteFragment(const QTextFragment& fragment, int begin, int end)
     const int first = std::max(begin, fragment.position());
     const int last = std::min(end, fragment.position() + fragment.length());
     if (first >= last) return;
-    WriteCharacter(CharacterOf(fragment.charFormat(), fragment.charFormatIndex()));
+    const Format& format = FormatOf(fragment);
+    WriteCharacter(format.character);
     const QString text = fragment.text();
     const QStringView slice = QStringView(text).sliced(first - fragment.position(), last - first);
-    const QByteArray picture = fragment.charFormat().property(g_pictureSourceProperty).toByteArray();
-    if (picture.isEmpty()) {
-        WriteText(slice);
-        return;
-    }
+    if (format.picture.isEmpty()) return WriteText(slice);
     for (qsizetype i = 0; i < slice.size(); ++i)
-        m_body += picture;
+        m_body += format.picture;
     m_isAfterWord = false;
 }
 
 void Writer::WriteText(QStringView text)
 {
-    for (const QChar character : text) {
-        if (character > u'~' || character < u' ' || character == u'\\' || character == u'{' || character == u'}') {
-            WriteOne(character);
-            continue;
-        }
-        if (std::exchange(m_isAfterWord, false)) m_body += ' ';
-        m_body += static_cast<char>(character.unicode());
+    for (auto next = text.begin(); next != text.end();) {
+        const auto special = std::find_if_not(next, text.end(), IsPlain);
+        if (special != next && std::exchange(m_isAfterWord, false)) m_body += ' ';
+        const qsizetype size = m_body.size();
+        m_body.resize(size + (special - next));
+        std::transform(next, special, m_body.begin() + size, [](QChar plain) { return plain.toLatin1(); });
+        next = special;
+        if (next != text.end()) WriteOne(*next++);
     }
 }
 
@@ -261,13 +282,16 @@ void Writer::WriteOne(QChar character)
     m_isAfterWord = false;
 }
 
-const RtfCharacter& Writer::CharacterOf(const QTextCharFormat& format, int formatIndex)
+template <typename Piece>
+const Writer::Format& Writer::FormatOf(const Piece& piece)
 {
-    const auto known = m_characters.constFind(formatIndex);
-    if (known != m_characters.cend()) return *known;
+    const auto known = m_formats.constFind(piece.charFormatIndex());
+    if (known != m_formats.cend()) return *known;
+    const QTextCharFormat format = piece.charFormat();
     RtfCharacter character = ToRtfCharacter(format, m_font);
     character.font = PlaceOfFamily(FamilyOf(format, m_font));
-    return *m_characters.insert(formatIndex, character);
+    return *m_formats.insert(piece.charFormatIndex(),
+                             {character, format.property(g_pictureSourceProperty).toByteArray()});
 }
 
 int Writer::PlaceOfFamily(const QString& family)
