@@ -1,0 +1,133 @@
+#include "platform/richtext/selectionformat.h"
+
+#include <QFontInfo>
+
+namespace {
+constexpr double g_pointsPerPixel = 72.0 / 96.0; // pasted text may give its size in logical pixels
+
+double PointSize(const QFont& font)
+{
+    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * g_pointsPerPixel;
+}
+
+int AlignmentOf(const QTextBlock& block)
+{
+    const Qt::Alignment alignment = block.blockFormat().alignment();
+    if (alignment & Qt::AlignRight) return 1;
+    return alignment & Qt::AlignHCenter ? 2 : 0;
+}
+} // namespace
+
+std::optional<int> CommonAlignment(const QTextCursor& selection)
+{
+    QTextBlock block = selection.document()->findBlock(selection.selectionStart());
+    const int common = AlignmentOf(block);
+    for (block = block.next(); block.isValid() && block.position() <= selection.selectionEnd(); block = block.next()) {
+        if (AlignmentOf(block) != common) return std::nullopt;
+    }
+    return common;
+}
+
+bool IsBold(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    const int weight = format.hasProperty(QTextFormat::FontWeight) ? format.fontWeight() : defaultFont.weight();
+    return weight >= QFont::DemiBold;
+}
+
+bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    return format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : defaultFont.italic();
+}
+
+bool IsUnderlined(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    if (!format.hasProperty(QTextFormat::TextUnderlineStyle)) return defaultFont.underline();
+    return format.underlineStyle() != QTextCharFormat::NoUnderline;
+}
+
+bool IsStruckThrough(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    return format.hasProperty(QTextFormat::FontStrikeOut) ? format.fontStrikeOut() : defaultFont.strikeOut();
+}
+
+QString FontName(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    const QStringList names = format.fontFamilies().toStringList();
+    return names.isEmpty() ? defaultFont.family() : names.first();
+}
+
+double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    if (format.hasProperty(QTextFormat::FontPointSize)) return format.fontPointSize();
+    if (format.hasProperty(QTextFormat::FontPixelSize)) {
+        return format.intProperty(QTextFormat::FontPixelSize) * g_pointsPerPixel;
+    }
+    return PointSize(defaultFont);
+}
+
+std::uint32_t Color(const QTextCharFormat& format, const QFont&)
+{
+    if (!format.hasProperty(QTextFormat::ForegroundBrush)) return 0;
+    const QColor color = format.foreground().color();
+    return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
+}
+
+QTextCharFormat BoldFormat(bool bold)
+{
+    QTextCharFormat format;
+    format.setFontWeight(bold ? QFont::Bold : QFont::Normal);
+    return format;
+}
+
+QTextCharFormat ItalicFormat(bool italic)
+{
+    QTextCharFormat format;
+    format.setFontItalic(italic);
+    return format;
+}
+
+QTextCharFormat UnderlineFormat(bool underline)
+{
+    QTextCharFormat format;
+    format.setFontUnderline(underline);
+    return format;
+}
+
+QTextCharFormat StrikeThruFormat(bool strikethrough)
+{
+    QTextCharFormat format;
+    format.setFontStrikeOut(strikethrough);
+    return format;
+}
+
+QTextCharFormat NameFormat(const QString& name)
+{
+    QTextCharFormat format;
+    format.setFontFamilies({name});
+    return format;
+}
+
+QTextCharFormat SizeFormat(double points)
+{
+    QTextCharFormat format;
+    format.setFontPointSize(points);
+    return format;
+}
+
+QTextCharFormat ColorFormat(std::uint32_t color)
+{
+    QTextCharFormat format;
+    format.setForeground(QColor::fromRgb(int(color & 0xff), int(color >> 8 & 0xff), int(color >> 16 & 0xff)));
+    return format;
+}
+
+QTextCharFormat FormatOf(const QFont& font)
+{
+    QTextCharFormat format = NameFormat(font.family());
+    format.merge(SizeFormat(PointSize(font)));
+    format.merge(BoldFormat(font.bold()));
+    format.merge(ItalicFormat(font.italic()));
+    format.merge(UnderlineFormat(font.underline()));
+    format.merge(StrikeThruFormat(font.strikeOut()));
+    return format;
+}
