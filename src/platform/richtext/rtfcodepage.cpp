@@ -1,0 +1,84 @@
+#include "platform/richtext/rtfcodepage.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+struct Charset
+{
+    int number;
+    int codePage;
+};
+
+constexpr Charset g_charsets[] = {
+    {0, 1252},   {2, 1252},   {77, 10000}, {78, 932},   {128, 932},  {129, 949},  {130, 949},
+    {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256},
+    {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
+};
+
+struct CodePage
+{
+    int number;
+    const char* name;
+    bool takesSeveralBytes = false;
+};
+
+constexpr CodePage g_codePages[] = {
+    {1252, "windows-1252"},     {437, "ibm-437"},           {720, "ibm-720"},
+    {737, "ibm-737"},           {775, "ibm-775"},           {850, "ibm-850"},
+    {852, "ibm-852"},           {855, "ibm-855"},           {857, "ibm-857"},
+    {858, "ibm-858"},           {860, "ibm-860"},           {861, "ibm-861"},
+    {862, "ibm-862"},           {863, "ibm-863"},           {864, "ibm-864"},
+    {865, "ibm-865"},           {866, "ibm-866"},           {869, "ibm-869"},
+    {874, "windows-874"},       {932, "windows-932", true}, {936, "windows-936", true},
+    {949, "windows-949", true}, {950, "windows-950", true}, {1250, "windows-1250"},
+    {1251, "windows-1251"},     {1253, "windows-1253"},     {1254, "windows-1254"},
+    {1255, "windows-1255"},     {1256, "windows-1256"},     {1257, "windows-1257"},
+    {1258, "windows-1258"},     {10000, "macintosh"},       {10001, "windows-932", true},
+    {10006, "x-mac-greek"},     {10007, "x-mac-cyrillic"},  {10029, "x-mac-centraleurroman"},
+    {10081, "x-mac-turkish"},   {54936, "gb18030", true},   {65001, "utf-8", true},
+};
+
+const CodePage& PageOf(int number)
+{
+    const auto found = std::ranges::find(g_codePages, number, &CodePage::number);
+    return found == std::end(g_codePages) ? g_codePages[0] : *found;
+}
+
+} // namespace
+
+int CodePageOfCharset(int charset)
+{
+    const auto found = std::ranges::find(g_charsets, charset, &Charset::number);
+    return found == std::end(g_charsets) ? 0 : found->codePage;
+}
+
+QString RtfDecoder::Decode(QByteArrayView bytes, int codePage)
+{
+    const CodePage& page = PageOf(codePage);
+    if (page.takesSeveralBytes) return QStringDecoder(page.name).decode(bytes);
+    const UpperHalf& upperHalf = UpperHalfOf(page.number);
+    QString text(bytes.size(), Qt::Uninitialized);
+    std::ranges::transform(bytes, text.begin(), [&](char byte) {
+        const auto value = static_cast<unsigned char>(byte);
+        return QChar(value < 128 ? char16_t{value} : upperHalf[value - 128]);
+    });
+    return text;
+}
+
+const RtfDecoder::UpperHalf& RtfDecoder::UpperHalfOf(int codePage)
+{
+    const auto known = m_upperHalves.constFind(codePage);
+    if (known != m_upperHalves.cend()) return *known;
+    UpperHalf upperHalf;
+    QStringDecoder decoder(PageOf(codePage).name);
+    for (int i = 0; i < 128; ++i) {
+        const char byte = static_cast<char>(128 + i);
+        const QString decoded = decoder.decode(QByteArrayView(&byte, 1));
+        upperHalf[i] = decoded.size() == 1 ? decoded[0].unicode() : u'\uFFFD';
+    }
+    return *m_upperHalves.insert(codePage, upperHalf);
+}

@@ -1,0 +1,28 @@
+// The code pages that rich text writes its characters in, and the character sets that its fonts name. Knows only
+// QtCore.
+#pragma once
+
+#include <QByteArrayView>
+#include <QHash>
+#include <QString>
+
+#include <array>
+
+inline constexpr int g_ansiCodePage = 1252;
+
+// The code page of a font's character set; 0 where the set leaves it to the document.
+int CodePageOfCharset(int charset);
+
+// Decodes by code page. What a page does not define becomes U+FFFD; an unknown page reads as 1252.
+class RtfDecoder
+{
+public:
+    QString Decode(QByteArrayView bytes, int codePage);
+
+private:
+    using UpperHalf = std::array<char16_t, 128>;
+
+    const UpperHalf& UpperHalfOf(int codePage);
+
+    QHash<int, UpperHalf> m_upperHalves;
+};

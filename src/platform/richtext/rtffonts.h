@@ -1,0 +1,38 @@
+// The font table of rich text that is being read. Knows only QtCore.
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+class RtfFonts
+{
+public:
+    // Definition: a number begins an entry, a semicolon ends its name. A number told twice counts as told last.
+    void Begin(int number);
+    void SetCharset(int charset);
+    void SetCodePage(int codePage);
+    void AppendName(const QString& name);
+    void EndName() { m_isOpen = false; }
+    void SetDefault(int number) { m_defaultNumber = number; }
+
+    int CodePageOfOpenEntry() const; // 0 where the entry leaves it to the document
+
+    // Use: places in the table stay what they are while it grows. -1 is the default font.
+    int PlaceOf(int number) const;
+    int PlaceOfDefault() const { return PlaceOf(m_defaultNumber); }
+    QString FamilyAt(int place) const; // never empty
+    int CodePageAt(int place) const;   // 0 where the font leaves it to the document
+
+private:
+    struct Entry
+    {
+        QString family;
+        int codePage = 0;
+    };
+
+    QList<Entry> m_entries;
+    QHash<int, int> m_places;
+    int m_defaultNumber = 0;
+    bool m_isOpen = false;
+};

@@ -1,0 +1,197 @@
+#include "platform/richtext/rtfformat.h"
+
+#include <QBrush>
+#include <QFont>
+#include <QHashFunctions>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double g_twipsInPixel = 15;
+constexpr double g_lineUnits = 240; // of one line, where the spacing counts lines
+constexpr int g_maximumSpacing = 31680;
+
+double ToPixels(int twips)
+{
+    return twips / g_twipsInPixel;
+}
+
+int ToTwips(double pixels)
+{
+    return qRound(std::clamp(pixels, -1e6, 1e6) * g_twipsInPixel);
+}
+
+struct BlockMeasure
+{
+    QTextFormat::Property property;
+    RtfParagraph::Measure measure;
+};
+
+constexpr BlockMeasure g_blockMeasures[] = {
+    {QTextFormat::BlockLeftMargin, RtfParagraph::Left},    {QTextFormat::BlockRightMargin, RtfParagraph::Right},
+    {QTextFormat::TextIndent, RtfParagraph::First},        {QTextFormat::BlockTopMargin, RtfParagraph::Before},
+    {QTextFormat::BlockBottomMargin, RtfParagraph::After},
+};
+
+// A document mirrors left and right in a paragraph that runs from the right, unless told not to; rich text does not.
+void SetAlignment(QTextBlockFormat& format, const RtfParagraph& paragraph)
+{
+    const bool isSide = paragraph.alignment == Qt::AlignLeft || paragraph.alignment == Qt::AlignRight;
+    const bool isPlain = paragraph.alignment == Qt::AlignLeft && !paragraph.isRightToLeft;
+    if (!paragraph.alignment || isPlain) return;
+    const bool isFixed = isSide && paragraph.isRightToLeft;
+    format.setAlignment(isFixed ? paragraph.alignment | Qt::AlignAbsolute : paragraph.alignment);
+}
+
+Qt::Alignment AlignmentOf(const QTextBlockFormat& format)
+{
+    const Qt::Alignment alignment = format.alignment() & Qt::AlignHorizontal_Mask;
+    const Qt::Alignment side = alignment & ~Qt::AlignAbsolute;
+    const bool isRightToLeft = format.layoutDirection() == Qt::RightToLeft;
+    if (!isRightToLeft) return side == Qt::AlignLeft ? Qt::Alignment() : side;
+    if (alignment & Qt::AlignAbsolute || side == Qt::AlignHCenter || side == Qt::AlignJustify) return side;
+    return side == Qt::AlignRight ? Qt::AlignLeft : Qt::Alignment();
+}
+
+void SetLineHeight(QTextBlockFormat& format, const RtfParagraph& paragraph)
+{
+    const int spacing = paragraph.lineSpacing;
+    if (spacing == 0) return;
+    if (paragraph.isLineMultiple)
+        format.setLineHeight(std::abs(spacing) * 100 / g_lineUnits, QTextBlockFormat::ProportionalHeight);
+    else
+        format.setLineHeight(ToPixels(std::abs(spacing)),
+                             spacing > 0 ? QTextBlockFormat::MinimumHeight : QTextBlockFormat::FixedHeight);
+}
+
+void TakeLineHeight(RtfParagraph& paragraph, const QTextBlockFormat& format)
+{
+    const double height = format.lineHeight();
+    const int type = format.lineHeightType();
+    paragraph.isLineMultiple = type == QTextBlockFormat::ProportionalHeight;
+    const int spacing = paragraph.isLineMultiple ? qRound(std::clamp(height, 0.0, 1e6) * g_lineUnits / 100)
+                        : type == QTextBlockFormat::MinimumHeight || type == QTextBlockFormat::FixedHeight
+                            ? ToTwips(height)
+                            : 0;
+    paragraph.lineSpacing = std::clamp(spacing, 0, g_maximumSpacing);
+    if (type == QTextBlockFormat::FixedHeight) paragraph.lineSpacing = -paragraph.lineSpacing;
+    if (paragraph.lineSpacing == 0) paragraph.isLineMultiple = false;
+}
+
+int HalfPointsOf(const QTextCharFormat& format, const QFont& font)
+{
+    constexpr double pointsInPixel = 0.75;
+    double points = format.fontPointSize();
+    if (points <= 0) points = format.property(QTextFormat::FontPixelSize).toDouble() * pointsInPixel;
+    if (points <= 0) points = font.pointSizeF();
+    if (points <= 0) points = font.pixelSize() * pointsInPixel;
+    return std::clamp(qRound(points * 2), 1, RtfCharacter::MaximumHalfPoints);
+}
+
+RtfStyles StylesOf(const QTextCharFormat& format, const QFont& font)
+{
+    const auto has = [&](int property, bool ofFormat, bool ofFont) {
+        return format.hasProperty(property) ? ofFormat : ofFont;
+    };
+    const int capitals =
+        format.hasProperty(QTextFormat::FontCapitalization) ? format.fontCapitalization() : font.capitalization();
+    RtfStyles styles;
+    styles.setFlag(RtfStyle::Bold, has(QTextFormat::FontWeight, format.fontWeight() >= QFont::DemiBold,
+                                       font.weight() >= QFont::DemiBold));
+    styles.setFlag(RtfStyle::Italic, has(QTextFormat::FontItalic, format.fontItalic(), font.italic()));
+    styles.setFlag(RtfStyle::StrikeOut, has(QTextFormat::FontStrikeOut, format.fontStrikeOut(), font.strikeOut()));
+    styles.setFlag(RtfStyle::AllCaps, capitals == QFont::AllUppercase);
+    styles.setFlag(RtfStyle::SmallCaps, capitals == QFont::SmallCaps);
+    return styles;
+}
+
+quint8 UnderlineOf(const QTextCharFormat& format, const QFont& font)
+{
+    if (format.hasProperty(QTextFormat::TextUnderlineStyle)) return static_cast<quint8>(format.underlineStyle());
+    const bool isUnderlined =
+        format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : font.underline();
+    return isUnderlined ? QTextCharFormat::SingleUnderline : QTextCharFormat::NoUnderline;
+}
+
+QRgb ColorOf(const QBrush& brush)
+{
+    return brush.style() == Qt::NoBrush ? 0 : brush.color().rgb() | 0xFF000000;
+}
+
+} // namespace
+
+size_t qHash(const RtfCharacter& character, size_t seed) noexcept
+{
+    return qHashMulti(seed, character.font, character.halfPoints, character.color, character.background,
+                      character.styles.toInt(), character.underline, character.vertical);
+}
+
+QTextCharFormat ToCharFormat(const RtfCharacter& character, const QString& family)
+{
+    QTextCharFormat format;
+    format.setFontFamilies({family});
+    format.setFontPointSize(character.halfPoints / 2.0);
+    format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));
+    format.setFontStrikeOut(character.styles.testFlag(RtfStyle::StrikeOut));
+    format.setUnderlineStyle(static_cast<QTextCharFormat::UnderlineStyle>(character.underline));
+    if (character.color) format.setForeground(QColor(character.color));
+    if (character.background) format.setBackground(QColor(character.background));
+    if (character.vertical != QTextCharFormat::AlignNormal)
+        format.setVerticalAlignment(static_cast<QTextCharFormat::VerticalAlignment>(character.vertical));
+    if (character.styles & RtfStyle::AllCaps) format.setFontCapitalization(QFont::AllUppercase);
+    if (character.styles & RtfStyle::SmallCaps) format.setFontCapitalization(QFont::SmallCaps);
+    return format;
+}
+
+QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
+{
+    QTextBlockFormat format;
+    if (paragraph.isRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
+    SetAlignment(format, paragraph);
+    for (const auto [property, measure] : g_blockMeasures)
+        if (paragraph.measures[measure]) format.setProperty(property, ToPixels(paragraph.measures[measure]));
+    SetLineHeight(format, paragraph);
+    if (paragraph.tabs.isEmpty()) return format;
+    QList<QTextOption::Tab> tabs = paragraph.tabs;
+    for (QTextOption::Tab& tab : tabs)
+        tab.position /= g_twipsInPixel;
+    format.setTabPositions(tabs);
+    return format;
+}
+
+QString FamilyOf(const QTextCharFormat& format, const QFont& font)
+{
+    const QStringList families = format.fontFamilies().toStringList();
+    return families.isEmpty() ? font.family() : families.first();
+}
+
+RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)
+{
+    const auto vertical = format.verticalAlignment();
+    const bool isRaised = vertical == QTextCharFormat::AlignSuperScript || vertical == QTextCharFormat::AlignSubScript;
+    return {.halfPoints = HalfPointsOf(format, font),
+            .color = ColorOf(format.foreground()),
+            .background = ColorOf(format.background()),
+            .styles = StylesOf(format, font),
+            .underline = UnderlineOf(format, font),
+            .vertical = static_cast<quint8>(isRaised ? vertical : QTextCharFormat::AlignNormal)};
+}
+
+RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)
+{
+    RtfParagraph paragraph;
+    paragraph.isRightToLeft = format.layoutDirection() == Qt::RightToLeft;
+    paragraph.alignment = AlignmentOf(format);
+    for (const auto [property, measure] : g_blockMeasures) {
+        const auto [least, most] = RtfParagraph::Limits[measure];
+        paragraph.measures[measure] = std::clamp(ToTwips(format.doubleProperty(property)), least, most);
+    }
+    TakeLineHeight(paragraph, format);
+    paragraph.tabs = format.tabPositions().mid(0, RtfParagraph::MaximumTabs);
+    for (QTextOption::Tab& tab : paragraph.tabs)
+        tab.position = std::clamp(ToTwips(tab.position), 0, RtfParagraph::Furthest);
+    return paragraph;
+}

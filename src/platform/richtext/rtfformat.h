@@ -1,0 +1,79 @@
+// The formats that rich text and a document share: small values that compare and hash fast, and their way to and from
+// the formats of a document. Knows only QtGui.
+#pragma once
+
+#include <QFlags>
+#include <QList>
+#include <QRgb>
+#include <QTextFormat>
+#include <QTextOption>
+
+#include <array>
+
+enum class RtfStyle : quint8
+{
+    Bold = 1,
+    Italic = 2,
+    StrikeOut = 4,
+    Hidden = 8,
+    AllCaps = 16,
+    SmallCaps = 32
+};
+Q_DECLARE_FLAGS(RtfStyles, RtfStyle)
+Q_DECLARE_OPERATORS_FOR_FLAGS(RtfStyles)
+
+struct RtfCharacter
+{
+    static constexpr int DefaultHalfPoints = 24;
+    static constexpr int MaximumHalfPoints = 3276;
+
+    int font = -1; // place in a table of families; -1 before any is chosen
+    int halfPoints = DefaultHalfPoints;
+    QRgb color = 0;      // 0 is none of its own
+    QRgb background = 0; // 0 is none
+    RtfStyles styles;
+    quint8 underline = QTextCharFormat::NoUnderline;
+    quint8 vertical = QTextCharFormat::AlignNormal;
+
+    bool operator==(const RtfCharacter&) const = default;
+};
+
+size_t qHash(const RtfCharacter& character, size_t seed = 0) noexcept;
+
+struct RtfParagraph
+{
+    enum Measure : quint8
+    {
+        Left,
+        Right,
+        First,
+        Before,
+        After,
+        MeasureCount
+    };
+    struct Bounds
+    {
+        int least, most;
+    };
+    static constexpr int Furthest = 31680; // 22 inches, the widest page there is
+    static constexpr std::array<Bounds, MeasureCount> Limits{
+        {{0, Furthest}, {0, Furthest}, {-Furthest, Furthest}, {0, Furthest}, {0, Furthest}}};
+    static constexpr int MaximumTabs = 64;
+
+    std::array<int, MeasureCount> measures{}; // twips, within Limits
+    Qt::Alignment alignment;                  // 0 where none is given
+    bool isRightToLeft = false;
+    bool isLineMultiple = false; // then lineSpacing counts 240th of a line
+    int lineSpacing = 0;         // twips: 0 as the font has it, above at least, below exactly
+    QList<QTextOption::Tab> tabs;
+
+    bool operator==(const RtfParagraph&) const = default;
+};
+
+QTextCharFormat ToCharFormat(const RtfCharacter& character, const QString& family);
+QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph);
+
+// What a format leaves open is taken from the font. The place of the family is left to the caller.
+RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font);
+QString FamilyOf(const QTextCharFormat& format, const QFont& font);
+RtfParagraph ToRtfParagraph(const QTextBlockFormat& format);

@@ -1,0 +1,218 @@
+#include "platform/richtext/rtfinterpreter.h"
+
+#include "platform/richtext/rtfpicture.h"
+
+#include <QTextDocument>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// Deeper groups share the state of this depth: what they set leaks out, but they cost nothing.
+constexpr std::size_t g_maximumDepth = 1000;
+
+} // namespace
+
+RtfInterpreter::RtfInterpreter(QByteArrayView rtf, const QTextCursor& cursor, RtfBuilder::Purpose purpose)
+    : m_tokenizer(rtf), m_builder(cursor, purpose, [this](int place) { return m_fonts.FamilyAt(place); }),
+      m_document(cursor.document())
+{
+}
+
+void RtfInterpreter::Run()
+{
+    for (RtfToken token = m_tokenizer.Next(); token.kind != RtfToken::End; token = m_tokenizer.Next())
+        Interpret(token);
+    FlushBytes();
+    m_builder.Finish(m_state.paragraph, Character());
+}
+
+void RtfInterpreter::Interpret(const RtfToken& token)
+{
+    switch (token.kind) {
+    case RtfToken::Text:
+        DoText(token);
+        return;
+    case RtfToken::Hex:
+        DoHex(token.parameter);
+        return;
+    default:
+        FlushBytes();
+    }
+    switch (token.kind) {
+    case RtfToken::Open:
+        OpenGroup();
+        break;
+    case RtfToken::Close:
+        CloseGroup();
+        break;
+    case RtfToken::Word:
+        DoWord(token);
+        break;
+    case RtfToken::Symbol:
+        DoSymbol(token.bytes[0]);
+        break;
+    default:
+        break;
+    }
+}
+
+void RtfInterpreter::OpenGroup()
+{
+    m_skip = 0;
+    m_isIgnorable = false;
+    m_isGroupStart = true;
+    if (m_outer.size() < g_maximumDepth)
+        m_outer.push_back(m_state);
+    else
+        ++m_depthBeyond;
+}
+
+void RtfInterpreter::CloseGroup()
+{
+    m_skip = 0;
+    m_isIgnorable = false;
+    if (m_depthBeyond > 0) {
+        --m_depthBeyond;
+    } else if (!m_outer.empty()) {
+        m_state = std::move(m_outer.back());
+        m_outer.pop_back();
+    }
+}
+
+void RtfInterpreter::DoWord(const RtfToken& word)
+{
+    m_skip = 0;
+    m_isGroupStart = false;
+    const bool isIgnorable = std::exchange(m_isIgnorable, false);
+    if (m_state.destination == Skipped) return;
+    const Word* const known = Find(word.bytes);
+    const bool isDestination =
+        known && (known->handler == &RtfInterpreter::EnterDestination || known->handler == &RtfInterpreter::Picture ||
+                  known->handler == &RtfInterpreter::Object);
+    if (isIgnorable && !isDestination)
+        m_state.destination = Skipped;
+    else if (known)
+        (this->*known->handler)(known->argument, word);
+}
+
+void RtfInterpreter::DoSymbol(char symbol)
+{
+    const bool isGroupStart = std::exchange(m_isGroupStart, false);
+    struct Meaning
+    {
+        char symbol;
+        Handler handler;
+        int argument;
+    };
+    constexpr Meaning meanings[] = {
+        {'~', &RtfInterpreter::PutCharacter, 0xA0},   {'-', &RtfInterpreter::PutCharacter, 0xAD},
+        {'_', &RtfInterpreter::PutCharacter, 0x2011}, {'\t', &RtfInterpreter::PutCharacter, '\t'},
+        {'\r', &RtfInterpreter::EndParagraph, 0},     {'\n', &RtfInterpreter::EndParagraph, 0},
+    };
+    if (symbol == '*') m_isIgnorable = isGroupStart;
+    if (m_skip > 0) {
+        --m_skip;
+        return;
+    }
+    const auto known = std::ranges::find(meanings, symbol, &Meaning::symbol);
+    if (known != std::end(meanings)) (this->*known->handler)(known->argument, {});
+}
+
+void RtfInterpreter::DoText(const RtfToken& text)
+{
+    m_isGroupStart = false;
+    QByteArrayView bytes = text.bytes;
+    if (m_skip > 0) {
+        const qsizetype skipped = std::min<qsizetype>(m_skip, bytes.size());
+        m_skip -= static_cast<int>(skipped);
+        bytes = bytes.sliced(skipped);
+    }
+    if (bytes.isEmpty()) return;
+    switch (m_state.destination) {
+    case FontTable:
+        PutFontNames(bytes);
+        break;
+    case ColorTable:
+        PutColors(bytes);
+        break;
+    case Body:
+        if (!TakesText()) break;
+        if (!text.isAscii || !m_bytes.isEmpty()) {
+            m_bytes += bytes;
+        } else {
+            FlushCells();
+            m_builder.Append(QLatin1StringView(bytes), Character());
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void RtfInterpreter::DoHex(int byte)
+{
+    if (m_skip > 0) {
+        --m_skip;
+    } else if (byte == '\r') {
+        FlushBytes();
+        EndParagraph(0, {});
+    } else if (byte != 0 && (m_state.destination == FontTable || TakesText())) {
+        m_bytes += static_cast<char>(byte);
+    }
+}
+
+void RtfInterpreter::FlushBytes()
+{
+    if (m_bytes.isEmpty()) return;
+    const bool isName = m_state.destination == FontTable;
+    const int ofFont = isName ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(Character().font);
+    const QString text = m_decoder.Decode(m_bytes, ofFont ? ofFont : m_codePage);
+    m_bytes.resize(0);
+    if (isName)
+        m_fonts.AppendName(text);
+    else
+        Put(text);
+}
+
+void RtfInterpreter::Put(QStringView text)
+{
+    if (m_state.destination == FontTable) m_fonts.AppendName(text.toString());
+    if (!TakesText()) return;
+    FlushCells();
+    m_builder.Append(text, Character());
+}
+
+void RtfInterpreter::FlushCells()
+{
+    for (; m_cells > 0; --m_cells)
+        m_builder.Append(QLatin1StringView("\t"), Character());
+}
+
+void RtfInterpreter::PutFontNames(QByteArrayView bytes)
+{
+    const qsizetype end = bytes.indexOf(';');
+    m_bytes += end < 0 ? bytes : bytes.first(end);
+    if (end < 0) return;
+    FlushBytes();
+    m_fonts.EndName();
+}
+
+void RtfInterpreter::PutColors(QByteArrayView bytes)
+{
+    for (qsizetype i = bytes.count(';'); i > 0; --i)
+        m_colors.push_back(std::exchange(m_color, 0));
+}
+
+RtfCharacter RtfInterpreter::Character() const
+{
+    RtfCharacter character = m_state.character;
+    if (character.font < 0) character.font = m_fonts.PlaceOfDefault();
+    return character;
+}
+
+bool RtfInterpreter::TakesText() const
+{
+    return m_state.destination == Body && !m_state.character.styles.testFlag(RtfStyle::Hidden);
+}

@@ -1,0 +1,60 @@
+#include "platform/richtext/rtfreader.h"
+
+#include "platform/richtext/rtfinterpreter.h"
+
+#include <QStringDecoder>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+// Text that is no rich text is UTF-8, or else of the code page that rich text begins with.
+QString PlainText(QByteArrayView bytes)
+{
+    QByteArray kept = bytes.toByteArray();
+    kept.removeIf([](char byte) { return byte == 0; });
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    QString text = decoder.decode(kept);
+    if (decoder.hasError()) text = RtfDecoder().Decode(kept, g_ansiCodePage);
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return text;
+}
+
+void Read(QByteArrayView rtf, QTextCursor cursor, RtfBuilder::Purpose purpose)
+{
+    if (LooksLikeRtf(rtf))
+        RtfInterpreter(rtf, cursor, purpose).Run();
+    else
+        cursor.insertText(PlainText(rtf));
+}
+
+} // namespace
+
+void ReadRtf(QByteArrayView rtf, QTextDocument& document)
+{
+    const bool isUndoEnabled = document.isUndoRedoEnabled();
+    document.setUndoRedoEnabled(false);
+    document.clear();
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    Read(rtf, cursor, RtfBuilder::WholeDocument);
+    cursor.endEditBlock();
+    document.setUndoRedoEnabled(isUndoEnabled);
+    document.setModified(false);
+}
+
+void InsertRtf(QByteArrayView rtf, QTextCursor& cursor)
+{
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    Read(rtf, cursor, RtfBuilder::Insertion);
+    cursor.endEditBlock();
+}
+
+bool LooksLikeRtf(QByteArrayView text)
+{
+    const auto isFiller = [](char byte) { return byte == '\0' || byte == ' ' || byte == '\r' || byte == '\n'; };
+    while (!text.isEmpty() && isFiller(text.front()))
+        text = text.sliced(1);
+    return text.startsWith("{\\rtf") || text.startsWith("{\\urtf");
+}

@@ -1,0 +1,49 @@
+// Rich text cut into its tokens, without copies. Any bytes at all are some sequence of tokens: nothing here fails.
+// Knows only QtCore.
+#pragma once
+
+#include <QByteArrayView>
+
+struct RtfToken
+{
+    enum Kind : quint8
+    {
+        End,
+        Open,
+        Close,
+        Word,
+        Symbol,
+        Hex,
+        Text,
+        Binary
+    };
+
+    Kind kind = End;
+    bool isAscii = true; // of a text, that no byte is above 127
+    bool hasParameter = false;
+    int parameter = 0;    // of a word its number, as near as an int comes; of a hex escape its byte
+    QByteArrayView bytes; // a word's letters, a symbol's character, a text, the data of \bin
+
+    bool IsWord(QByteArrayView name) const { return kind == Word && bytes == name; }
+    int ParameterOr(int otherwise) const { return hasParameter ? parameter : otherwise; }
+};
+
+class RtfTokenizer
+{
+public:
+    explicit RtfTokenizer(QByteArrayView rtf) : m_at(rtf.begin()), m_end(rtf.end()) {}
+
+    // Line ends and NUL bytes between tokens are passed over; a text never holds one.
+    RtfToken Next();
+
+private:
+    RtfToken Control();
+    RtfToken Word();
+    RtfToken Hex();
+    RtfToken Text();
+    RtfToken Binary(int length);
+    void ReadParameter(RtfToken& token);
+
+    const char* m_at;
+    const char* m_end;
+};

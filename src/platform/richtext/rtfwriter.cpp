@@ -1,0 +1,313 @@
+#include "platform/richtext/rtfwriter.h"
+
+#include "platform/richtext/rtfformat.h"
+#include "platform/richtext/rtfpicture.h"
+
+#include <QFont>
+#include <QHash>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+class Writer
+{
+public:
+    explicit Writer(const QFont& font) : m_font(font) {}
+
+    void WriteBlock(const QTextBlock& block, int begin, int end);
+    void EndParagraph();
+    QByteArray Take() const;
+
+private:
+    void Write(const char* word);
+    void Write(const char* word, int parameter);
+    void WriteParagraph(const RtfParagraph& paragraph);
+    void WriteLineSpacing(const RtfParagraph& paragraph);
+    void WriteTabs(const QList<QTextOption::Tab>& tabs);
+    void WriteCharacter(const RtfCharacter& character);
+    void WriteStyles(RtfStyles styles);
+    void WriteText(QStringView text);
+    void WriteOne(QChar character);
+    void WriteFragment(const QTextFragment& fragment, int begin, int end);
+
+    const RtfCharacter& CharacterOf(const QTextCharFormat& format, int formatIndex);
+    int PlaceOfFamily(const QString& family);
+    int PlaceOfColor(QRgb color);
+
+    QFont m_font;
+    QByteArray m_body;
+    QStringList m_families;
+    QList<QRgb> m_colors;
+    QHash<QString, int> m_familyPlaces;
+    QHash<QRgb, int> m_colorPlaces;
+    QHash<int, RtfCharacter> m_characters;     // by the index of their format
+    RtfCharacter m_character{.halfPoints = 0}; // as written last; no character has this size
+    RtfParagraph m_paragraph;
+    bool m_hasParagraph = false;
+    bool m_isAfterWord = false; // then text needs a blank before it
+};
+
+void AppendHex(QByteArray& rtf, char16_t character)
+{
+    const char byte = static_cast<char>(character);
+    rtf += "\\'" + QByteArray(&byte, 1).toHex();
+}
+
+void AppendUnicode(QByteArray& rtf, char16_t character)
+{
+    rtf += "\\u" + QByteArray::number(static_cast<qint16>(character)) + '?';
+}
+
+void AppendFamily(QByteArray& rtf, const QString& family)
+{
+    for (const QChar one : family) {
+        const char16_t character = one.unicode();
+        if (character > 126)
+            AppendUnicode(rtf, character);
+        else if (character < ' ' || QStringView(u"\\{};").contains(one))
+            AppendHex(rtf, character);
+        else
+            rtf += static_cast<char>(character);
+    }
+}
+
+QByteArray Writer::Take() const
+{
+    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
+    for (qsizetype i = 0; i < m_families.size(); ++i) {
+        rtf += "{\\f" + QByteArray::number(i) + "\\fnil\\fcharset0 ";
+        AppendFamily(rtf, m_families[i]);
+        rtf += ";}";
+    }
+    rtf += "}\r\n{\\colortbl ;";
+    for (const QRgb color : m_colors)
+        rtf += "\\red" + QByteArray::number(qRed(color)) + "\\green" + QByteArray::number(qGreen(color)) + "\\blue" +
+               QByteArray::number(qBlue(color)) + ';';
+    return rtf + "}\r\n\\viewkind4\\uc1" + m_body + "}\r\n";
+}
+
+void Writer::Write(const char* word)
+{
+    (m_body += '\\') += word;
+    m_isAfterWord = true;
+}
+
+void Writer::Write(const char* word, int parameter)
+{
+    Write(word);
+    m_body += QByteArray::number(parameter);
+}
+
+void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
+{
+    const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    if (!m_hasParagraph || paragraph != m_paragraph) WriteParagraph(paragraph);
+    for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment)
+        WriteFragment(fragment.fragment(), begin, end);
+    if (block.length() == 1) WriteCharacter(CharacterOf(block.charFormat(), block.charFormatIndex()));
+}
+
+void Writer::EndParagraph()
+{
+    Write("par");
+    m_body += "\r\n";
+    m_isAfterWord = false;
+}
+
+void Writer::WriteParagraph(const RtfParagraph& paragraph)
+{
+    struct MeasureWord
+    {
+        const char* word;
+        RtfParagraph::Measure measure;
+    };
+    constexpr MeasureWord measures[] = {{"fi", RtfParagraph::First},
+                                        {"li", RtfParagraph::Left},
+                                        {"ri", RtfParagraph::Right},
+                                        {"sb", RtfParagraph::Before},
+                                        {"sa", RtfParagraph::After}};
+    struct AlignmentWord
+    {
+        const char* word;
+        Qt::AlignmentFlag alignment;
+    };
+    constexpr AlignmentWord alignments[] = {
+        {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
+    Write("pard");
+    if (paragraph.isRightToLeft) Write("rtlpar");
+    for (const auto [word, alignment] : alignments)
+        if (paragraph.alignment == alignment) Write(word);
+    for (const auto [word, measure] : measures)
+        if (paragraph.measures[measure]) Write(word, paragraph.measures[measure]);
+    WriteLineSpacing(paragraph);
+    WriteTabs(paragraph.tabs);
+    m_paragraph = paragraph;
+    m_hasParagraph = true;
+}
+
+void Writer::WriteLineSpacing(const RtfParagraph& paragraph)
+{
+    if (paragraph.lineSpacing == 0) return;
+    Write("sl", paragraph.lineSpacing);
+    Write("slmult", paragraph.isLineMultiple);
+}
+
+void Writer::WriteTabs(const QList<QTextOption::Tab>& tabs)
+{
+    constexpr std::array<const char*, 4> kinds{nullptr, "tqr", "tqc", "tqdec"}; // by QTextOption::TabType
+    for (const QTextOption::Tab& tab : tabs) {
+        if (tab.type != QTextOption::LeftTab) Write(kinds[tab.type]);
+        Write("tx", static_cast<int>(tab.position));
+    }
+}
+
+void Writer::WriteCharacter(const RtfCharacter& character)
+{
+    if (character == m_character) return;
+    const RtfCharacter old = std::exchange(m_character, character);
+    constexpr std::array<const char*, 8> underlines{"ulnone",  "ul",       "uldash", "uld",
+                                                    "uldashd", "uldashdd", "ulwave", "ulwave"};
+    constexpr std::array<const char*, 3> verticals{"nosupersub", "super", "sub"};
+    WriteStyles(old.styles ^ character.styles);
+    if (character.underline != old.underline) Write(underlines[character.underline]);
+    if (character.vertical != old.vertical) Write(verticals[character.vertical]);
+    if (character.color != old.color) Write("cf", PlaceOfColor(character.color));
+    if (character.background != old.background) Write("highlight", PlaceOfColor(character.background));
+    if (character.font != old.font) Write("f", character.font);
+    if (character.halfPoints != old.halfPoints) Write("fs", character.halfPoints);
+}
+
+void Writer::WriteStyles(RtfStyles changed)
+{
+    struct StyleWord
+    {
+        const char* word;
+        RtfStyle style;
+    };
+    constexpr StyleWord words[] = {{"b", RtfStyle::Bold},
+                                   {"i", RtfStyle::Italic},
+                                   {"strike", RtfStyle::StrikeOut},
+                                   {"caps", RtfStyle::AllCaps},
+                                   {"scaps", RtfStyle::SmallCaps}};
+    for (const auto [word, style] : words) {
+        if (!changed.testFlag(style)) continue;
+        Write(word);
+        if (!m_character.styles.testFlag(style)) m_body += '0';
+    }
+}
+
+void Writer::WriteFragment(const QTextFragment& fragment, int begin, int end)
+{
+    const int first = std::max(begin, fragment.position());
+    const int last = std::min(end, fragment.position() + fragment.length());
+    if (first >= last) return;
+    WriteCharacter(CharacterOf(fragment.charFormat(), fragment.charFormatIndex()));
+    const QString text = fragment.text();
+    const QStringView slice = QStringView(text).sliced(first - fragment.position(), last - first);
+    const QByteArray picture = fragment.charFormat().property(g_pictureSourceProperty).toByteArray();
+    if (picture.isEmpty()) {
+        WriteText(slice);
+        return;
+    }
+    for (qsizetype i = 0; i < slice.size(); ++i)
+        m_body += picture;
+    m_isAfterWord = false;
+}
+
+void Writer::WriteText(QStringView text)
+{
+    for (const QChar character : text) {
+        if (character > u'~' || character < u' ' || character == u'\\' || character == u'{' || character == u'}') {
+            WriteOne(character);
+            continue;
+        }
+        if (std::exchange(m_isAfterWord, false)) m_body += ' ';
+        m_body += static_cast<char>(character.unicode());
+    }
+}
+
+// The characters that stand for themselves only behind a backslash, or as a word.
+void Writer::WriteOne(QChar character)
+{
+    switch (character.unicode()) {
+    case 0:
+        return;
+    case u'\t':
+        Write("tab");
+        return;
+    case QChar::LineSeparator:
+        Write("line");
+        return;
+    case QChar::Nbsp:
+        m_body += "\\~";
+        break;
+    case u'\\':
+    case u'{':
+    case u'}':
+        (m_body += '\\') += static_cast<char>(character.unicode());
+        break;
+    default:
+        if (character.unicode() < 0x80)
+            AppendHex(m_body, character.unicode());
+        else
+            AppendUnicode(m_body, character.unicode());
+    }
+    m_isAfterWord = false;
+}
+
+const RtfCharacter& Writer::CharacterOf(const QTextCharFormat& format, int formatIndex)
+{
+    const auto known = m_characters.constFind(formatIndex);
+    if (known != m_characters.cend()) return *known;
+    RtfCharacter character = ToRtfCharacter(format, m_font);
+    character.font = PlaceOfFamily(FamilyOf(format, m_font));
+    return *m_characters.insert(formatIndex, character);
+}
+
+int Writer::PlaceOfFamily(const QString& family)
+{
+    const auto known = m_familyPlaces.constFind(family);
+    if (known != m_familyPlaces.cend()) return *known;
+    m_families.append(family);
+    return *m_familyPlaces.insert(family, static_cast<int>(m_families.size()) - 1);
+}
+
+int Writer::PlaceOfColor(QRgb color)
+{
+    if (color == 0) return 0;
+    const auto known = m_colorPlaces.constFind(color);
+    if (known != m_colorPlaces.cend()) return *known;
+    m_colors.append(color);
+    return *m_colorPlaces.insert(color, static_cast<int>(m_colors.size()));
+}
+
+} // namespace
+
+QByteArray WriteRtf(const QTextDocument& document)
+{
+    Writer writer(document.defaultFont());
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        writer.WriteBlock(block, 0, std::numeric_limits<int>::max());
+        writer.EndParagraph();
+    }
+    return writer.Take();
+}
+
+QByteArray WriteRtf(const QTextCursor& selection)
+{
+    const QTextDocument& document = *selection.document();
+    Writer writer(document.defaultFont());
+    const int end = selection.selectionEnd();
+    QTextBlock block = document.findBlock(selection.selectionStart());
+    for (; block.isValid() && block.position() <= end; block = block.next()) {
+        writer.WriteBlock(block, selection.selectionStart(), end);
+        if (block.position() + block.length() <= end) writer.EndParagraph();
+    }
+    return writer.Take();
+}
