@@ -11,7 +11,6 @@
 #include <QInputMethod>
 #include <QSaveFile>
 #include <QScrollBar>
-#include <QStringDecoder>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -35,13 +34,6 @@ const QPalette& NotePalette()
     return palette;
 }
 
-QString Decoded(const QByteArray& bytes)
-{
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
-}
-
 [[noreturn]] void RaiseAccessError()
 {
     throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
@@ -60,7 +52,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     setTabChangesFocus(true);
     setTabStopDistance(g_tabStop);
     document()->setDocumentMargin(g_documentMargin);
-    ResetTypingFormat();
+    EndSetting(); // the margin counts as a change of content
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::FollowCaret);
@@ -73,7 +65,8 @@ QString RichTextBox::Text() const
 
 void RichTextBox::SetText(const QString& text)
 {
-    InsertPlain(text);
+    setPlainText(text);
+    SpellOutFormats();
     m_source.reset();
     EndSetting();
 }
@@ -87,22 +80,19 @@ QByteArray RichTextBox::TextRTF() const
 
 void RichTextBox::SetTextRTF(const QByteArray& rtf)
 {
-    if (LooksLikeRtf(rtf)) {
-        ReadRtf(rtf, *document());
-    } else {
-        InsertPlain(Decoded(rtf));
-    }
+    ReadRtf(rtf, *document());
+    if (!LooksLikeRtf(rtf)) SpellOutFormats();
     m_source = rtf;
     EndSetting();
 }
 
-void RichTextBox::InsertPlain(const QString& text)
+// Plain text takes the default font for good, as typed text does.
+void RichTextBox::SpellOutFormats()
 {
-    document()->setUndoRedoEnabled(false);
-    document()->clear();
     ResetTypingFormat();
-    QTextCursor(document()).insertText(text, m_typingFormat);
-    document()->setUndoRedoEnabled(true);
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.setCharFormat(m_typingFormat);
 }
 
 void RichTextBox::EndSetting()
@@ -191,8 +181,9 @@ void RichTextBox::SaveFile(const QString& path)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) RaiseAccessError();
-    file.write(TextRTF());
-    if (!file.commit()) RaiseAccessError();
+    const QByteArray content = TextRTF();
+    // A write that falls short and a buffer that cannot be flushed do not keep commit() from replacing the old file.
+    if (file.write(content) != content.size() || !file.flush() || !file.commit()) RaiseAccessError();
 }
 
 int RichTextBox::RightMargin() const

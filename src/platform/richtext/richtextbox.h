@@ -110,7 +110,7 @@ private:
     using QTextEdit::setPlainText;
     using QTextEdit::setText;
 
-    void InsertPlain(const QString& text);
+    void SpellOutFormats();
     void EndSetting();
     void FollowText();
     void FollowCaret();

@@ -138,6 +138,7 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
         QGuiApplication::inputMethod()->reset();
         return;
     }
+    if (Locked()) return event->ignore(); // a text that can be selected by keys would take it in
     UseTypingFormat();
     QTextEdit::inputMethodEvent(event);
 }

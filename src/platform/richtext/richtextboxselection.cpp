@@ -7,7 +7,8 @@
 
 namespace {
 constexpr double g_largestFont = 1638; // points; the largest that other programs read
-constexpr std::array<Qt::Alignment, 3> g_alignments{Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+constexpr std::array<Qt::Alignment, 3> g_alignments{Qt::AlignLeft | Qt::AlignAbsolute,
+                                                    Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
 
 [[noreturn]] void RaiseInvalidValue()
 {

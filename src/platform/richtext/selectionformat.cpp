@@ -10,11 +10,13 @@ double PointSize(const QFont& font)
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * g_pointsPerPixel;
 }
 
+// In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.
 int AlignmentOf(const QTextBlock& block)
 {
     const Qt::Alignment alignment = block.blockFormat().alignment();
-    if (alignment & Qt::AlignRight) return 1;
-    return alignment & Qt::AlignHCenter ? 2 : 0;
+    if (alignment & Qt::AlignHCenter) return 2;
+    const bool mirrored = block.textDirection() == Qt::RightToLeft && !(alignment & Qt::AlignAbsolute);
+    return bool(alignment & Qt::AlignRight) != mirrored ? 1 : 0;
 }
 } // namespace
 
