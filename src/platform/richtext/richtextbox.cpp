@@ -51,8 +51,9 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     verticalScrollBar()->setStyle(&ThinScrollBarStyle::Shared());
     setTabChangesFocus(true);
     setTabStopDistance(g_tabStop);
-    document()->setDocumentMargin(g_documentMargin);
-    EndSetting(); // the margin counts as a change of content
+    BeginSetting();
+    document()->setDocumentMargin(g_documentMargin); // counts as a change of content
+    EndSetting();
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::FollowCaret);
@@ -65,8 +66,14 @@ QString RichTextBox::Text() const
 
 void RichTextBox::SetText(const QString& text)
 {
-    setPlainText(text);
-    SpellOutFormats();
+    BeginSetting();
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    document()->clear();
+    cursor.insertText(text, m_typingFormat);
+    cursor.endEditBlock();
+    document()->setUndoRedoEnabled(true);
     m_source.reset();
     EndSetting();
 }
@@ -80,6 +87,7 @@ QByteArray RichTextBox::TextRTF() const
 
 void RichTextBox::SetTextRTF(const QByteArray& rtf)
 {
+    BeginSetting();
     ReadRtf(rtf, *document());
     if (!LooksLikeRtf(rtf)) SpellOutFormats();
     m_source = rtf;
@@ -89,10 +97,18 @@ void RichTextBox::SetTextRTF(const QByteArray& rtf)
 // Plain text takes the default font for good, as typed text does.
 void RichTextBox::SpellOutFormats()
 {
-    ResetTypingFormat();
     QTextCursor all(document());
     all.select(QTextCursor::Document);
     all.setCharFormat(m_typingFormat);
+}
+
+// Without a caret while the content comes in: one that is pushed to the end is followed by the view, which lays out the
+// whole note for it.
+void RichTextBox::BeginSetting()
+{
+    m_setting = true;
+    ResetTypingFormat();
+    setTextCursor(QTextCursor());
 }
 
 void RichTextBox::EndSetting()
@@ -100,8 +116,10 @@ void RichTextBox::EndSetting()
     document()->clearUndoRedoStacks();
     document()->setModified(false);
     m_blank = IsBlank();
-    ResetTypingFormat();
     setTextCursor(QTextCursor(document()));
+    m_setting = false;
+    FollowCaret();
+    Q_EMIT Change();
 }
 
 bool RichTextBox::Locked() const
@@ -152,6 +170,7 @@ void RichTextBox::UseTypingFormat()
 
 void RichTextBox::FollowText()
 {
+    if (m_setting) return;
     const bool blank = IsBlank();
     if (blank && !m_blank) ResetTypingFormat();
     m_blank = blank;
@@ -160,6 +179,7 @@ void RichTextBox::FollowText()
 
 void RichTextBox::FollowCaret()
 {
+    if (m_setting) return;
     const QTextCursor cursor = textCursor();
     if (cursor.position() == m_caret && cursor.anchor() == m_anchor) return;
     m_caret = cursor.position();

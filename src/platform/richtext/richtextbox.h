@@ -111,6 +111,7 @@ private:
     using QTextEdit::setText;
 
     void SpellOutFormats();
+    void BeginSetting();
     void EndSetting();
     void FollowText();
     void FollowCaret();
@@ -134,6 +135,7 @@ private:
     int m_anchor = 0;
     int m_rightMargin = 0;
     bool m_entered = false;  // GotFocus was raised, and the focus has not gone elsewhere in the program since
+    bool m_setting = false;  // new content is coming in
     bool m_pressed = false;  // the left button went down here
     bool m_admitted = false; // the change under way comes from a key or was let through already
 };
