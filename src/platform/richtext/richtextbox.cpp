@@ -68,11 +68,8 @@ void RichTextBox::SetText(const QString& text)
 {
     BeginSetting();
     document()->setUndoRedoEnabled(false);
-    QTextCursor cursor(document());
-    cursor.beginEditBlock();
     document()->clear();
-    cursor.insertText(text, m_typingFormat);
-    cursor.endEditBlock();
+    QTextCursor(document()).insertText(text, m_typingFormat);
     document()->setUndoRedoEnabled(true);
     m_source.reset();
     EndSetting();
@@ -102,17 +99,19 @@ void RichTextBox::SpellOutFormats()
     all.setCharFormat(m_typingFormat);
 }
 
-// Without a caret while the content comes in: one that is pushed to the end is followed by the view, which lays out the
-// whole note for it.
+// Two things would lay out a large note whole at once and not as it comes into view: a caret that is pushed to the end,
+// so there is none meanwhile; and an insertion that is seen apart from the emptying before it, so both are one change.
 void RichTextBox::BeginSetting()
 {
     m_setting = true;
     ResetTypingFormat();
     setTextCursor(QTextCursor());
+    QTextCursor(document()).beginEditBlock();
 }
 
 void RichTextBox::EndSetting()
 {
+    QTextCursor(document()).endEditBlock();
     document()->clearUndoRedoStacks();
     document()->setModified(false);
     m_blank = IsBlank();
