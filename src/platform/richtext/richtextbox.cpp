@@ -86,13 +86,13 @@ void RichTextBox::SetTextRTF(const QByteArray& rtf)
 {
     BeginSetting();
     ReadRtf(rtf, *document());
-    if (!LooksLikeRtf(rtf)) SpellOutFormats();
+    if (!LooksLikeRtf(rtf)) FormatAsTyped();
     m_source = rtf;
     EndSetting();
 }
 
 // Plain text takes the default font for good, as typed text does.
-void RichTextBox::SpellOutFormats()
+void RichTextBox::FormatAsTyped()
 {
     QTextCursor all(document());
     all.select(QTextCursor::Document);

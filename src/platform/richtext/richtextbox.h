@@ -110,7 +110,7 @@ private:
     using QTextEdit::setPlainText;
     using QTextEdit::setText;
 
-    void SpellOutFormats();
+    void FormatAsTyped();
     void BeginSetting();
     void EndSetting();
     void FollowText();

@@ -1,4 +1,5 @@
 #include "platform/richtext/richtextbox.h"
+#include "platform/richtext/selectionformat.h"
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -165,5 +166,7 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
 {
     if (!AdmitsPaste()) return;
     UseTypingFormat();
+    const int start = SelStart();
     QTextEdit::insertFromMimeData(source);
+    SpellOutFormats(*document(), start, textCursor().position(), Font());
 }

@@ -1,9 +1,16 @@
 #include "platform/richtext/selectionformat.h"
 
-#include <QFontInfo>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <array>
 
 namespace {
 constexpr double g_pointsPerPixel = 72.0 / 96.0; // pasted text may give its size in logical pixels
+
+// Relative sizes of pasted text, from two below normal to four above.
+constexpr std::array<double, 7> g_relativeSizes{0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
+constexpr int g_normalSize = 2;
 
 double PointSize(const QFont& font)
 {
@@ -64,7 +71,9 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
     if (format.hasProperty(QTextFormat::FontPixelSize)) {
         return format.intProperty(QTextFormat::FontPixelSize) * g_pointsPerPixel;
     }
-    return PointSize(defaultFont);
+    const int step = format.intProperty(QTextFormat::FontSizeAdjustment); // 0 is the size around it
+    const int last = int(g_relativeSizes.size()) - 1;
+    return PointSize(defaultFont) * g_relativeSizes[std::size_t(std::clamp(step + g_normalSize, 0, last))];
 }
 
 std::uint32_t Color(const QTextCharFormat& format, const QFont&)
@@ -72,6 +81,34 @@ std::uint32_t Color(const QTextCharFormat& format, const QFont&)
     if (!format.hasProperty(QTextFormat::ForegroundBrush)) return 0;
     const QColor color = format.foreground().color();
     return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
+}
+
+void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont)
+{
+    if (end <= start) return;
+    const QTextCharFormat base = FormatOf(defaultFont);
+    QTextCursor cursor(&document);
+    cursor.joinPreviousEditBlock();
+    for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;
+         block = block.next()) {
+        QList<QTextLayout::FormatRange> runs; // collected first, as a change of format ends the walk
+        for (auto i = block.begin(); !i.atEnd(); ++i) {
+            runs.append({i.fragment().position(), i.fragment().length(), i.fragment().charFormat()});
+        }
+        for (const auto& [position, length, format] : runs) {
+            const bool inside = position < end && position + length > start;
+            if (!inside || format.objectType() != QTextFormat::NoObject) continue;
+            QTextCharFormat whole = base;
+            whole.merge(format);
+            whole.merge(SizeFormat(FontSize(format, defaultFont)));
+            whole.clearProperty(QTextFormat::FontPixelSize);
+            whole.clearProperty(QTextFormat::FontSizeAdjustment);
+            cursor.setPosition(std::max(position, start));
+            cursor.setPosition(std::min(position + length, end), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(whole);
+        }
+    }
+    cursor.endEditBlock();
 }
 
 QTextCharFormat BoldFormat(bool bold)

@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 
 namespace {
 // A window with two boxes, of which the first has the focus, and a record of what they raised.
@@ -93,6 +94,7 @@ private Q_SLOTS:
     void lockedBoxReadsOnly();
     void pasteIsGuarded();
     void keysPasteUnasked();
+    void pastedSizesAreInPoints();
     void caretMovesAreTold();
 };
 
@@ -341,6 +343,35 @@ void RichTextBoxInputTest::keysPasteUnasked()
     QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
     QVERIFY(!asked);
+}
+
+void RichTextBoxInputTest::pastedSizesAreInPoints()
+{
+    Boxes boxes;
+    auto* data = new QMimeData;
+    data->setHtml(
+        QStringLiteral("<p>a<span style='font-size:20px'>b</span><font size='+1'>c</font><b>d</b></p><p>e</p>"));
+    QApplication::clipboard()->setMimeData(data);
+    boxes.first.SetFontSize(10);
+    boxes.first.SetSelStart(5);
+    const int start = 5;
+    QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(boxes.first.Text(), QStringLiteral("firstabcd\ne"));
+    const double sizes[] = {10, 15, 12, 10, 10, 10};
+    for (int i = 0; i < 6; ++i) {
+        boxes.first.SetSelStart(start + i);
+        boxes.first.SetSelLength(1);
+        QCOMPARE(boxes.first.SelFontSize(), sizes[i]);
+    }
+    boxes.first.selectAll();
+    boxes.first.SetSelFontSize(30);
+    const QRectF all = boxes.first.document()->firstBlock().layout()->boundingRect();
+    QCOMPARE(boxes.first.SelFontSize(), 30.0);
+    QCOMPARE(QTextCursor(boxes.first.document()).block().begin().fragment().charFormat().font().pointSizeF(), 30.0);
+    QVERIFY(all.height() > 30);
+    boxes.first.undo();
+    boxes.first.undo(); // the paste is one step
+    QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
 }
 
 void RichTextBoxInputTest::caretMovesAreTold()
