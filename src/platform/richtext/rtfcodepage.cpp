@@ -1,8 +1,10 @@
 #include "platform/richtext/rtfcodepage.h"
 
+#include <QHash>
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace {
@@ -48,6 +50,33 @@ const CodePage& PageOf(int number)
     return found == std::end(g_codePages) ? g_codePages[0] : *found;
 }
 
+using UpperHalf = std::array<char16_t, 128>;
+
+UpperHalf ReadUpperHalf(const CodePage& page)
+{
+    UpperHalf upperHalf;
+    QStringDecoder decoder(page.name);
+    for (int i = 0; i < 128; ++i) {
+        const char byte = static_cast<char>(128 + i);
+        const QString decoded = decoder.decode(QByteArrayView(&byte, 1));
+        upperHalf[i] = decoded.size() == 1 ? decoded[0].unicode() : u'\uFFFD';
+    }
+    return upperHalf;
+}
+
+// Kept from note to note, since a decoder takes longer to set up than a note to read.
+const UpperHalf& UpperHalfOf(const CodePage& page)
+{
+    thread_local QHash<int, UpperHalf> upperHalves;
+    const auto known = upperHalves.constFind(page.number);
+    return known != upperHalves.cend() ? *known : *upperHalves.insert(page.number, ReadUpperHalf(page));
+}
+
+bool IsAscii(char byte)
+{
+    return static_cast<unsigned char>(byte) < 128;
+}
+
 } // namespace
 
 int CodePageOfCharset(int charset)
@@ -56,29 +85,14 @@ int CodePageOfCharset(int charset)
     return found == std::end(g_charsets) ? 0 : found->codePage;
 }
 
-QString RtfDecoder::Decode(QByteArrayView bytes, int codePage)
+QString DecodeRtfBytes(QByteArrayView bytes, int codePage)
 {
     const CodePage& page = PageOf(codePage);
     if (page.takesSeveralBytes) return QStringDecoder(page.name).decode(bytes);
-    const UpperHalf& upperHalf = UpperHalfOf(page.number);
-    QString text(bytes.size(), Qt::Uninitialized);
-    std::ranges::transform(bytes, text.begin(), [&](char byte) {
-        const auto value = static_cast<unsigned char>(byte);
-        return QChar(value < 128 ? char16_t{value} : upperHalf[value - 128]);
-    });
+    QString text = QString::fromLatin1(bytes);
+    if (std::ranges::all_of(bytes, IsAscii)) return text;
+    const UpperHalf& upperHalf = UpperHalfOf(page);
+    for (QChar& character : text)
+        if (character.unicode() > 127) character = upperHalf[character.unicode() - 128];
     return text;
-}
-
-const RtfDecoder::UpperHalf& RtfDecoder::UpperHalfOf(int codePage)
-{
-    const auto known = m_upperHalves.constFind(codePage);
-    if (known != m_upperHalves.cend()) return *known;
-    UpperHalf upperHalf;
-    QStringDecoder decoder(PageOf(codePage).name);
-    for (int i = 0; i < 128; ++i) {
-        const char byte = static_cast<char>(128 + i);
-        const QString decoded = decoder.decode(QByteArrayView(&byte, 1));
-        upperHalf[i] = decoded.size() == 1 ? decoded[0].unicode() : u'\uFFFD';
-    }
-    return *m_upperHalves.insert(codePage, upperHalf);
 }

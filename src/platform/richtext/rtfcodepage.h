@@ -3,10 +3,7 @@
 #pragma once
 
 #include <QByteArrayView>
-#include <QHash>
 #include <QString>
-
-#include <array>
 
 inline constexpr int g_ansiCodePage = 1252;
 
@@ -14,15 +11,4 @@ inline constexpr int g_ansiCodePage = 1252;
 int CodePageOfCharset(int charset);
 
 // Decodes by code page. What a page does not define becomes U+FFFD; an unknown page reads as 1252.
-class RtfDecoder
-{
-public:
-    QString Decode(QByteArrayView bytes, int codePage);
-
-private:
-    using UpperHalf = std::array<char16_t, 128>;
-
-    const UpperHalf& UpperHalfOf(int codePage);
-
-    QHash<int, UpperHalf> m_upperHalves;
-};
+QString DecodeRtfBytes(QByteArrayView bytes, int codePage);

@@ -2,12 +2,6 @@
 
 #include "platform/richtext/rtfcodepage.h"
 
-namespace {
-
-constexpr QStringView g_fallbackFamily = u"Arial";
-
-} // namespace
-
 void RtfFonts::Begin(int number)
 {
     m_places.insert(number, static_cast<int>(m_entries.size()));
@@ -42,8 +36,7 @@ int RtfFonts::PlaceOf(int number) const
 
 QString RtfFonts::FamilyAt(int place) const
 {
-    const QString family = m_entries.value(place).family;
-    return family.isEmpty() ? g_fallbackFamily.toString() : family;
+    return m_entries.value(place).family;
 }
 
 int RtfFonts::CodePageAt(int place) const

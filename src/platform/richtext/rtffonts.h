@@ -21,7 +21,7 @@ public:
     // Use: places in the table stay what they are while it grows. -1 is the default font.
     int PlaceOf(int number) const;
     int PlaceOfDefault() const { return PlaceOf(m_defaultNumber); }
-    QString FamilyAt(int place) const; // never empty
+    QString FamilyAt(int place) const; // empty where the text names none
     int CodePageAt(int place) const;   // 0 where the font leaves it to the document
 
 private:

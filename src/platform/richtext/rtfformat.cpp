@@ -2,10 +2,12 @@
 
 #include <QBrush>
 #include <QFont>
+#include <QHash>
 #include <QHashFunctions>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -120,18 +122,10 @@ QRgb ColorOf(const QBrush& brush)
     return brush.style() == Qt::NoBrush ? 0 : brush.color().rgb() | 0xFF000000;
 }
 
-} // namespace
-
-size_t qHash(const RtfCharacter& character, size_t seed) noexcept
-{
-    return qHashMulti(seed, character.font, character.halfPoints, character.color, character.background,
-                      character.styles.toInt(), character.underline, character.vertical);
-}
-
-QTextCharFormat ToCharFormat(const RtfCharacter& character, const QString& family)
+QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& family)
 {
     QTextCharFormat format;
-    format.setFontFamilies({family});
+    format.setFontFamilies({family.isEmpty() ? g_namelessFamily.toString() : family});
     format.setFontPointSize(character.halfPoints / 2.0);
     format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));
@@ -144,6 +138,26 @@ QTextCharFormat ToCharFormat(const RtfCharacter& character, const QString& famil
     if (character.styles & RtfStyle::AllCaps) format.setFontCapitalization(QFont::AllUppercase);
     if (character.styles & RtfStyle::SmallCaps) format.setFontCapitalization(QFont::SmallCaps);
     return format;
+}
+
+} // namespace
+
+size_t qHash(const RtfCharacter& character, size_t seed) noexcept
+{
+    return qHashMulti(seed, character.font, character.halfPoints, character.color, character.background,
+                      character.styles.toInt(), character.underline, character.vertical);
+}
+
+QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family)
+{
+    constexpr qsizetype mostKept = 1000;
+    thread_local QHash<std::pair<RtfCharacter, QString>, QTextCharFormat> kept;
+    character.font = -1; // the family says it
+    const std::pair key(character, family);
+    const auto known = kept.constFind(key);
+    if (known != kept.cend()) return *known;
+    if (kept.size() >= mostKept) kept.clear();
+    return *kept.insert(key, MakeCharFormat(character, family));
 }
 
 QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
@@ -164,8 +178,8 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
 
 QString FamilyOf(const QTextCharFormat& format, const QFont& font)
 {
-    const QStringList families = format.fontFamilies().toStringList();
-    return families.isEmpty() ? font.family() : families.first();
+    const QString family = format.fontFamilies().toStringList().value(0, font.family());
+    return family.isEmpty() ? g_namelessFamily.toString() : family;
 }
 
 RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)

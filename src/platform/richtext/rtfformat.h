@@ -70,7 +70,11 @@ struct RtfParagraph
     bool operator==(const RtfParagraph&) const = default;
 };
 
-QTextCharFormat ToCharFormat(const RtfCharacter& character, const QString& family);
+// The family of text whose font has no name.
+inline constexpr QStringView g_namelessFamily = u"Arial";
+
+// Kept for the notes to come, since the notes of a planner share a few formats, which are dear to make.
+QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family);
 QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph);
 
 // What a format leaves open is taken from the font. The place of the family is left to the caller.

@@ -41,6 +41,8 @@ void RtfInterpreter::PutCharacter(int character, const RtfToken&)
 
 void RtfInterpreter::PutUnicode(int, const RtfToken& word)
 {
+    m_skip = m_state.fallbackLength;
+    if (word.parameter == 0) return;
     // A signed 16-bit number by rights; some write it unsigned, and some a whole code point.
     const auto codePoint = static_cast<char32_t>(word.parameter);
     const bool isWhole = word.parameter > 0xFFFF && codePoint <= QChar::LastValidCodePoint;

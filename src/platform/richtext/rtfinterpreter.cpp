@@ -76,7 +76,8 @@ void RtfInterpreter::CloseGroup()
     if (m_depthBeyond > 0) {
         --m_depthBeyond;
     } else if (!m_outer.empty()) {
-        m_state = std::move(m_outer.back());
+        // The last paragraph may have no mark, and its format then is the one that holds at the end.
+        if (m_outer.size() > 1) m_state = std::move(m_outer.back());
         m_outer.pop_back();
     }
 }
@@ -84,17 +85,15 @@ void RtfInterpreter::CloseGroup()
 void RtfInterpreter::DoWord(const RtfToken& word)
 {
     m_skip = 0;
-    m_isGroupStart = false;
     const bool isIgnorable = std::exchange(m_isIgnorable, false);
+    const bool isGroupStart = std::exchange(m_isGroupStart, false) || isIgnorable;
     if (m_state.destination == Skipped) return;
     const Word* const known = Find(word.bytes);
-    const bool isDestination =
-        known && (known->handler == &RtfInterpreter::EnterDestination || known->handler == &RtfInterpreter::Picture ||
-                  known->handler == &RtfInterpreter::Object);
-    if (isIgnorable && !isDestination)
-        m_state.destination = Skipped;
-    else if (known)
-        (this->*known->handler)(known->argument, word);
+    if (isIgnorable && !(known && known->IsDestination())) m_state.destination = Skipped;
+    // A destination has a group of its own; in the midst of text its word is a damaged one and must not swallow the
+    // rest.
+    const bool isMisplaced = known && known->handler == &RtfInterpreter::EnterDestination && !isGroupStart;
+    if (known && !isMisplaced && m_state.destination != Skipped) (this->*known->handler)(known->argument, word);
 }
 
 void RtfInterpreter::DoSymbol(char symbol)
@@ -155,7 +154,7 @@ void RtfInterpreter::DoHex(int byte)
 {
     if (m_skip > 0) {
         --m_skip;
-    } else if (byte == '\r') {
+    } else if (byte == '\r' && m_state.destination == Body) {
         FlushBytes();
         EndParagraph(0, {});
     } else if (byte != 0 && (m_state.destination == FontTable || TakesText())) {
@@ -168,7 +167,7 @@ void RtfInterpreter::FlushBytes()
     if (m_bytes.isEmpty()) return;
     const bool isName = m_state.destination == FontTable;
     const int ofFont = isName ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(Character().font);
-    const QString text = m_decoder.Decode(m_bytes, ofFont ? ofFont : m_codePage);
+    const QString text = DecodeRtfBytes(m_bytes, ofFont ? ofFont : m_codePage);
     m_bytes.resize(0);
     if (isName)
         m_fonts.AppendName(text);

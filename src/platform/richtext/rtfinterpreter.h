@@ -7,6 +7,7 @@
 #include "platform/richtext/rtffonts.h"
 #include "platform/richtext/rtftokenizer.h"
 
+#include <string_view>
 #include <vector>
 
 class QTextDocument;
@@ -44,9 +45,15 @@ private:
     using Handler = void (RtfInterpreter::*)(int argument, const RtfToken& word);
     struct Word
     {
-        const char* name;
+        std::string_view name;
         Handler handler;
         int argument = 0;
+
+        bool IsDestination() const
+        {
+            return handler == &RtfInterpreter::EnterDestination || handler == &RtfInterpreter::Picture ||
+                   handler == &RtfInterpreter::Object;
+        }
     };
     static const Word g_words[];
     static const Word* Find(QByteArrayView name);
@@ -105,14 +112,13 @@ private:
 
     RtfTokenizer m_tokenizer;
     RtfFonts m_fonts;
-    RtfDecoder m_decoder;
     RtfBuilder m_builder;
     QTextDocument* m_document;
 
     State m_state;
     std::vector<State> m_outer;
     qsizetype m_depthBeyond = 0; // groups open that are too deep to have a state of their own
-    bool m_isGroupStart = false; // \* has a meaning there only
+    bool m_isGroupStart = false; // \* and destinations have a meaning there only
     bool m_isIgnorable = false;  // behind that \*
     int m_skip = 0;              // fallback characters still to be passed over
     qsizetype m_cells = 0;       // cell ends not yet written: those that end a row are not

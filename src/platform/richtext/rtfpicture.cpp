@@ -23,7 +23,9 @@ constexpr int g_defaultSide = 32;
 class Copier
 {
 public:
-    explicit Copier(QByteArrayView word) : m_source("{\\" + word.toByteArray()), m_isPicture(word == "pict") {}
+    explicit Copier(QByteArrayView word) : m_source("{\\" + word.toByteArray()), m_pictureDepth(word == "pict" ? 1 : 0)
+    {
+    }
 
     RtfPicture CopyFrom(RtfTokenizer& tokenizer);
 
@@ -32,29 +34,29 @@ private:
     void CopySymbol(char symbol);
     void CopyWord(const RtfToken& token);
     void CopyData(QByteArrayView data);
+    void CopyBinary(QByteArrayView data);
     void CopyHex(int byte);
-    void Separate();
+    void CopyLetter(char letter);
+    void CopyBrace(char brace);
+    bool IsInPicture() const { return m_depth == m_pictureDepth; }
     double Side(const char* goal, const char* plain, const char* scale) const;
 
     QByteArray m_source;
-    QHash<QByteArray, int> m_numbers; // of the first picture in the group
-    bool m_isPicture;
+    QHash<QByteArray, int> m_numbers; // by their words, of the first picture in the group
+    int m_depth = 1;
+    int m_pictureDepth;
     bool m_hasData = false;
     bool m_isAfterWord = true;
 };
 
 RtfPicture Copier::CopyFrom(RtfTokenizer& tokenizer)
 {
-    int depth = 1;
     for (RtfTokenizer ahead = tokenizer;; tokenizer = ahead) {
         const RtfToken token = ahead.Next();
-        if (token.kind == RtfToken::Open) ++depth;
-        if (token.kind == RtfToken::Close) --depth;
-        if (token.kind == RtfToken::End || depth == 0) break;
+        if (token.kind == RtfToken::End || (token.kind == RtfToken::Close && m_depth == 1)) break;
         Copy(token);
     }
-    m_source.append(depth, '}');
-    if (depth == 0) m_source.append('}');
+    m_source.append(m_depth, '}');
     const QSizeF size(Side("picwgoal", "picw", "picscalex"), Side("pichgoal", "pich", "picscaley"));
     return {std::move(m_source), m_hasData, size};
 }
@@ -63,37 +65,36 @@ void Copier::Copy(const RtfToken& token)
 {
     switch (token.kind) {
     case RtfToken::Open:
-        m_source += '{';
-        break;
+        return CopyBrace('{');
     case RtfToken::Close:
-        m_source += '}';
-        break;
+        return CopyBrace('}');
     case RtfToken::Word:
-        CopyWord(token);
-        return;
+        return CopyWord(token);
     case RtfToken::Symbol:
-        CopySymbol(token.bytes[0]);
-        break;
+        return CopySymbol(token.bytes[0]);
     case RtfToken::Hex:
-        CopyHex(token.parameter);
-        break;
+        return CopyHex(token.parameter);
     case RtfToken::Text:
-        CopyData(token.bytes);
-        break;
+        return CopyData(token.bytes);
     case RtfToken::Binary:
-        Separate();
-        m_source += token.bytes.toByteArray().toHex();
-        m_hasData = m_hasData || m_isPicture;
-        break;
+        return CopyBinary(token.bytes);
     case RtfToken::End:
-        break;
+        return;
     }
+}
+
+void Copier::CopyBrace(char brace)
+{
+    m_depth += brace == '{' ? 1 : -1;
+    m_source += brace;
     m_isAfterWord = false;
 }
 
 void Copier::CopySymbol(char symbol)
 {
-    if (symbol > ' ' && symbol < 127) (m_source += '\\') += symbol;
+    if (symbol <= ' ' || symbol > 126) return;
+    (m_source += '\\') += symbol;
+    m_isAfterWord = false;
 }
 
 void Copier::CopyWord(const RtfToken& token)
@@ -101,40 +102,47 @@ void Copier::CopyWord(const RtfToken& token)
     m_source += '\\' + token.bytes.toByteArray();
     if (token.hasParameter) m_source += QByteArray::number(token.parameter);
     m_isAfterWord = true;
-    m_isPicture = m_isPicture || token.IsWord("pict");
+    if (token.IsWord("pict")) m_pictureDepth = m_depth;
     const QByteArray name = token.bytes.toByteArray();
-    if (m_isPicture && name.startsWith("pic") && !m_numbers.contains(name)) m_numbers.insert(name, token.parameter);
-    if (m_isPicture && name == "wmetafile") m_numbers.insert("isMetric", 1);
+    if (IsInPicture() && !m_numbers.contains(name)) m_numbers.insert(name, token.parameter);
 }
 
 void Copier::CopyData(QByteArrayView data)
 {
-    Separate();
     for (const char byte : data) {
         if (static_cast<unsigned char>(byte) > 126)
             CopyHex(static_cast<unsigned char>(byte));
         else if (byte == '\\' || byte == '{' || byte == '}')
-            (m_source += '\\') += byte;
+            CopySymbol(byte);
         else
-            m_source += byte;
+            CopyLetter(byte);
     }
-    m_hasData = m_hasData || (m_isPicture && std::ranges::any_of(data, [](char byte) { return byte > ' '; }));
+    m_hasData = m_hasData || (IsInPicture() && std::ranges::any_of(data, [](char byte) { return byte > ' '; }));
+}
+
+void Copier::CopyBinary(QByteArrayView data)
+{
+    for (const char digit : data.toByteArray().toHex())
+        CopyLetter(digit);
+    m_hasData = m_hasData || (IsInPicture() && !data.isEmpty());
 }
 
 void Copier::CopyHex(int byte)
 {
     const char value = static_cast<char>(byte);
     m_source += "\\'" + QByteArray(&value, 1).toHex();
+    m_isAfterWord = false;
 }
 
-void Copier::Separate()
+void Copier::CopyLetter(char letter)
 {
     if (std::exchange(m_isAfterWord, false)) m_source += ' ';
+    m_source += letter;
 }
 
 double Copier::Side(const char* goal, const char* plain, const char* scale) const
 {
-    const double unit = m_numbers.contains("isMetric") ? g_metricInPixel : 1;
+    const double unit = m_numbers.contains("wmetafile") ? g_metricInPixel : 1;
     const double goalPixels = m_numbers.value(goal) / g_twipsInPixel;
     const double plainPixels = m_numbers.value(plain) / unit;
     const double pixels = goalPixels > 0 ? goalPixels : plainPixels > 0 ? plainPixels : g_defaultSide;

@@ -8,11 +8,13 @@ class QTextCursor;
 class QTextDocument;
 
 // Replaces the content of the document. Characters carry their formats explicitly (family, size, colour where one is
-// given), so that the document's default font plays no part. Clears the undo stack and the modified flag.
+// given), so that the document's default font plays no part. Text that is no rich text comes in as it is, in that font.
+// Clears the undo stack and the modified flag.
 void ReadRtf(QByteArrayView rtf, QTextDocument& document);
 
-// Inserts at the cursor, in place of its selection, as one step of undo.
+// Inserts at the cursor, in place of its selection, as one step of undo. The paragraph that is inserted into keeps its
+// format on both sides of the insertion, unless there is nothing on that side.
 void InsertRtf(QByteArrayView rtf, QTextCursor& cursor);
 
-// Whether a text begins as rich text does.
+// Whether a text begins as rich text does, blanks and NUL bytes aside.
 bool LooksLikeRtf(QByteArrayView text);

@@ -4,14 +4,14 @@
 #include <QTextFormat>
 #include <QTextOption>
 
-#include <algorithm>
-#include <functional>
-#include <iterator>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
 
 using Reader = RtfInterpreter;
 
-// In the order of their letters, as the search needs it.
-constinit const RtfInterpreter::Word RtfInterpreter::g_words[] = {
+constexpr RtfInterpreter::Word RtfInterpreter::g_words[] = {
     {"aftncn", &Reader::EnterDestination, Skipped},
     {"aftnsep", &Reader::EnterDestination, Skipped},
     {"aftnsepc", &Reader::EnterDestination, Skipped},
@@ -82,6 +82,7 @@ constinit const RtfInterpreter::Word RtfInterpreter::g_words[] = {
     {"ltrpar", &Reader::SetDirection, false},
     {"mac", &Reader::SetCodePage, 10000},
     {"nestcell", &Reader::EndCell},
+    {"nesttableprops", &Reader::EnterDestination, Body},
     {"nestrow", &Reader::EndRow},
     {"nonesttables", &Reader::EnterDestination, Skipped},
     {"nonshppict", &Reader::EnterDestination, Skipped},
@@ -184,9 +185,41 @@ constinit const RtfInterpreter::Word RtfInterpreter::g_words[] = {
     {"zwnj", &Reader::PutCharacter, 0x200C},
 };
 
+namespace {
+
+constexpr std::size_t g_slotCount = 1024; // a power of two, and sparse, so that a search ends at once
+using Slots = std::array<quint8, g_slotCount>;
+
+constexpr std::size_t SlotOf(std::string_view name)
+{
+    std::uint32_t hash = 0;
+    for (const char letter : name)
+        hash = hash * 31 + static_cast<unsigned char>(letter);
+    return (hash ^ hash >> 10) % g_slotCount;
+}
+
+// Places in the table of words, counted from 1; 0 is an empty slot. A taken slot sends on to the next.
+template <typename Word, std::size_t count>
+consteval Slots SlotsOf(const Word (&words)[count])
+{
+    static_assert(count < 256);
+    Slots slots{};
+    for (std::size_t i = 0; i < count; ++i) {
+        std::size_t slot = SlotOf(words[i].name);
+        while (slots[slot] != 0)
+            slot = (slot + 1) % g_slotCount;
+        slots[slot] = static_cast<quint8>(i + 1);
+    }
+    return slots;
+}
+
+} // namespace
+
 const RtfInterpreter::Word* RtfInterpreter::Find(QByteArrayView name)
 {
-    const auto byName = [](const Word& word) { return QByteArrayView(word.name); };
-    const auto found = std::ranges::lower_bound(g_words, name, std::less<>(), byName);
-    return found != std::end(g_words) && byName(*found) == name ? found : nullptr;
+    static constexpr Slots slots = SlotsOf(g_words);
+    const std::string_view wanted(name.data(), static_cast<std::size_t>(name.size()));
+    for (std::size_t slot = SlotOf(wanted); slots[slot] != 0; slot = (slot + 1) % g_slotCount)
+        if (const Word& word = g_words[slots[slot] - 1]; word.name == wanted) return &word;
+    return nullptr;
 }

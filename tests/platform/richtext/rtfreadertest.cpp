@@ -1,0 +1,373 @@
+#include "platform/richtext/rtfreader.h"
+
+#include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfwriter.h"
+
+#include <QTest>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+using CharCheck = std::function<bool(const QTextCharFormat&)>;
+using BlockCheck = std::function<bool(const QTextBlockFormat&)>;
+Q_DECLARE_METATYPE(CharCheck)
+Q_DECLARE_METATYPE(BlockCheck)
+
+namespace {
+
+// The text as a person would see it: "|" ends a paragraph, "/" a line, "#" is a picture.
+QString TextOf(const QTextDocument& document)
+{
+    QString text = document.toRawText();
+    text.replace(QChar::ParagraphSeparator, u'|');
+    text.replace(QChar::LineSeparator, u'/');
+    return text.replace(QChar::ObjectReplacementCharacter, u'#');
+}
+
+QString Read(const QByteArray& rtf)
+{
+    QTextDocument document;
+    ReadRtf(rtf, document);
+    return TextOf(document);
+}
+
+// The format of the first character that is an x.
+QTextCharFormat FormatAtX(QTextDocument& document)
+{
+    QTextCursor cursor = document.find(u"x"_s, 0, QTextDocument::FindCaseSensitively);
+    return cursor.charFormat();
+}
+
+} // namespace
+
+class RtfReaderTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void Text_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char* name, const QByteArray& body, const QString& text) {
+            QTest::newRow(name) << body << text;
+        };
+        row("last mark ends the last paragraph", "a\\par b\\par}", u"a|b"_s);
+        row("no mark at the end", "a\\par b}", u"a|b"_s);
+        row("empty paragraphs", "\\par\\par a\\par\\par}", u"||a|"_s);
+        row("nothing", "}", u""_s);
+        row("line ends are no text", "a\r\nb\nc\\par\r\n}\r\n", u"abc"_s);
+        row("escaped line end is a paragraph", "a\\\r\nb\\\nc}", u"a|b|c"_s);
+        row("blank that ends a word is no text", "a\\b b\\b0  c \\par}", u"ab c "_s);
+        row("escapes", "\\{\\\\\\}\\~\\_\\-}", u"{\\}\u00A0\u2011\u00AD"_s);
+        row("words for characters", "a\\tab\\line\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\endash\\emdash.}",
+            u"a\t/\u2022\u2018\u2019\u201C\u201D\u2013\u2014."_s);
+        row("raw tab", "a\tb}", u"a\tb"_s);
+        row("unknown words", "a\\nosuchword42 b\\another-7c}", u"abc"_s);
+        row("NUL bytes", QByteArrayLiteral("a\0\0b\\b\0 \0c\0}\0"), u"ab c"_s);
+        row("hex, document's page", "caf\\'e9 \\'80}", u"café €"_s);
+        row("hex, broken", "a\\'zzb\\'}", u"azzb"_s);
+        row("hex, carriage return", "a\\'0db}", u"a|b"_s);
+        row("raw byte", "caf\xe9}", u"café"_s);
+        row("charset 204", "\\f1\\'cf\\'f0\\f0\\'cf}", u"ПрÏ"_s);
+        row("charset 161", "\\f5\\'e1}", u"α"_s);
+        row("charset 77", "\\f6\\'8e}", u"é"_s);
+        row("charset 254", "\\f8\\'e1}", u"ß"_s);
+        row("charset 222", "\\f9\\'a1}", u"ก"_s);
+        row("two bytes in hex", "\\f2\\'93\\'fa\\'96\\'7b}", u"日本"_s);
+        row("two bytes, hex and letter", "\\f2\\'83A\\'83\\\\x}", u"アソx"_s);
+        row("two bytes, both raw",
+            "\\f2 \x93\xfa"
+            "A}",
+            u"日A"_s);
+        row("two bytes, never ended", "\\f2\\'93\\b x}", u"x"_s);
+        row("GBK", "\\f3\\'c4\\'e3}", u"你"_s);
+        row("Korean", "\\f4\\'c7\\'d1}", u"한"_s);
+        row("font's own page", "\\f7\\'e4\\'b8\\'ad}", u"中"_s);
+        row("unicode", "\\u8364?\\u-10179?\\u-8704?x}", u"€😀x"_s);
+        row("unicode unsigned and whole", "\\u65281?\\u128512?x}", u"！😀x"_s);
+        row("fallback lengths", "\\uc2\\u233ab\\uc0\\u233 c{\\uc1\\u233\\'e9}\\u233 d}", u"éécééd"_s);
+        row("fallback ends with its group", "{\\uc5\\u233 a}bc}", u"ébc"_s);
+        row("fallback is never a word", "\\u233\\par b}", u"é|b"_s);
+        row("hidden", "a{\\v secret\\u233?\\'e9\\tab}b\\v c\\v0 d}", u"abd"_s);
+        row("skipped destinations", "a{\\info{\\title t}}{\\stylesheet{\\s1 s;}}{\\header h}{\\*\\unknown u{v}}b}",
+            u"ab"_s);
+        row("star within a group", "a{\\i\\*\\cs7 b}c}", u"abc"_s);
+        row("damaged word is no destination", "a\\sp b\\par\\info c}", u"ab|c"_s);
+        row("field", "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt shown}}}", u"shown"_s);
+        row("upr", "{\\upr{ansi \\bullet}{\\*\\ud{wide \\u8364?}}}}", u"wide €"_s);
+        row("list texts", "{\\pntext\\'B7\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\'B7}}a\\par{\\listtext 2.\\tab}b}",
+            u"·\ta|2.\tb"_s);
+        row("table", "\\trowd\\cellx9\\intbl a\\cell b\\cell\\row\\intbl\\cell c\\cell\\row\\pard d}", u"a\tb|\tc|d"_s);
+        row("nested table",
+            "\\intbl a\\nestcell b\\nestcell{\\*\\nesttableprops\\trowd\\nestrow}{\\nonesttables\\par}c\\cell\\row}",
+            u"a\tb|c"_s);
+        row("section", "a\\sect b\\par\\page c}", u"a|b|c"_s);
+        row("binary", "a\\bin5 }{\\}}b\\bin0 c\\bin-3 d}", u"abcd"_s);
+        row("shape", "{\\shp{\\*\\shpinst{\\sp{\\sn n}{\\sv v}}{\\shptxt box\\par}}{\\shprslt again}}a}", u"box|a"_s);
+        row("unclosed", "a{\\b b{\\i c", u"abc"_s);
+        row("too many closed", "a}}}b", u"ab"_s);
+        row("characters a document cannot hold", "a\\u8233?\\u-560?\\u0?b}", u"a/b"_s);
+        row("unknown code page", "\\ansicpg77777\\'e9}", u"é"_s);
+    }
+
+    void Text()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(QString, text);
+        const QByteArray fonts = "{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset204 B;}{\\f2\\fcharset128 "
+                                 "C;}{\\f3\\fcharset134 D;}{\\f4\\fcharset129 "
+                                 "E;}{\\f5\\fcharset161 F;}{\\f6\\fcharset77 G;}{\\f7\\fcharset128\\cpg65001 "
+                                 "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}}";
+        QCOMPARE(Read("{\\rtf1\\ansi\\ansicpg1252\\deff0" + fonts + body), text);
+    }
+
+    void CharFormat_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<CharCheck>("check");
+        const auto row = [](const char* body, CharCheck check) { QTest::newRow(body) << QByteArray(body) << check; };
+        using Format = const QTextCharFormat&;
+        const auto isPlain = [](Format f) {
+            return f.fontFamilies() == QStringList{u"Arial"_s} && f.fontPointSize() == 12 &&
+                   f.fontWeight() == QFont::Normal && f.hasProperty(QTextFormat::FontItalic) && !f.fontItalic() &&
+                   f.hasProperty(QTextFormat::TextUnderlineStyle) && !f.fontUnderline() &&
+                   f.hasProperty(QTextFormat::FontStrikeOut) && !f.fontStrikeOut() &&
+                   !f.hasProperty(QTextFormat::ForegroundBrush) && !f.hasProperty(QTextFormat::BackgroundBrush);
+        };
+        const auto size = [](double points) { return [=](Format f) { return f.fontPointSize() == points; }; };
+        const auto family = [](const QString& name) {
+            return [=](Format f) { return f.fontFamilies() == QStringList{name}; };
+        };
+        const auto color = [](QRgb rgb) { return [=](Format f) { return f.foreground().color().rgb() == rgb; }; };
+        const auto vertical = [](auto align) { return [=](Format f) { return f.verticalAlignment() == align; }; };
+        const auto underline = [](auto style) { return [=](Format f) { return f.underlineStyle() == style; }; };
+        row("x", isPlain);
+        row("\\b\\i\\ul\\strike\\cf1\\highlight1\\f1\\fs30\\super\\plain x", isPlain);
+        row("{\\b\\i\\ul\\strike\\cf1\\f1\\fs30}x", isPlain);
+        row("\\b\\i\\b0\\i0\\ul\\ul0\\strike\\strike0\\cf2\\cf0 x", isPlain);
+        row("\\cf-1\\highlight99999\\cb2147483648 x", isPlain);
+        row("\\b1 x", [](Format f) { return f.fontWeight() == QFont::Bold && !f.fontItalic(); });
+        row("\\i\\strike x", [](Format f) { return f.fontItalic() && f.fontStrikeOut() && !f.fontUnderline(); });
+        row("\\ul x", underline(QTextCharFormat::SingleUnderline));
+        row("\\uldb x", underline(QTextCharFormat::SingleUnderline));
+        row("\\ulwave x", underline(QTextCharFormat::WaveUnderline));
+        row("\\ulwave\\ulnone x", underline(QTextCharFormat::NoUnderline));
+        row("\\fs17 x", size(8.5));
+        row("\\fs0 x", size(12));
+        row("\\fs-8 x", size(12));
+        row("\\fs2147483648 x", size(1638));
+        row("\\f1 x", family(u"Ärger; {\\} Neue"_s));
+        row("\\f2 x", family(u"Нова"_s));
+        row("\\f3 x", family(u"Times"_s));
+        row("\\f1\\f-1 x", family(u"Arial"_s));
+        row("\\f99999999999 x", family(u"Arial"_s));
+        row("\\cf1 x", color(0xFF0A141E));
+        row("\\cf2 x", color(0xFF000000));
+        row("\\cf3 x", color(0xFFFF0000));
+        row("\\highlight1 x", [](Format f) { return f.background().color().rgb() == 0xFF0A141E; });
+        row("\\super x", vertical(QTextCharFormat::AlignSuperScript));
+        row("\\up6 x", vertical(QTextCharFormat::AlignSuperScript));
+        row("\\dn6 x", vertical(QTextCharFormat::AlignSubScript));
+        row("\\sub\\nosupersub x", vertical(QTextCharFormat::AlignNormal));
+        row("\\up6\\up0 x", vertical(QTextCharFormat::AlignNormal));
+        row("\\scaps x", [](Format f) { return f.fontCapitalization() == QFont::SmallCaps; });
+        row("{\\b a}{\\i b\\par}x", isPlain);
+    }
+
+    void CharFormat()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(CharCheck, check);
+        QTextDocument document;
+        document.setDefaultFont(QFont(u"Courier"_s, 30, QFont::Black, true));
+        ReadRtf("{\\rtf1\\ansi\\deff7{\\fonttbl{\\f7\\fswiss Arial;}{\\f1\\fcharset0 \\'c4rger\\'3b \\{\\\\\\} Neue;}"
+                "{\\f2\\fcharset204{\\*\\panose 02}\\'cd\\'ee\\'e2\\u1072?{\\*\\falt Other};}\\f3 Times;}"
+                "{\\colortbl;\\red10\\green20\\blue30;\\red0\\green0\\blue0;\\red999\\green-5;}" +
+                    body + "}",
+                document);
+        QVERIFY(check(FormatAtX(document)));
+    }
+
+    void BlockFormat_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<BlockCheck>("check");
+        const auto row = [](const char* body, BlockCheck check) { QTest::newRow(body) << QByteArray(body) << check; };
+        using Format = const QTextBlockFormat&;
+        const auto aligned = [](Qt::Alignment a) { return [=](Format f) { return f.alignment() == a; }; };
+        row("x", [](Format f) { return f.propertyCount() == 0; });
+        row("\\qc\\li99\\fi-9\\tx5\\sl480\\rtlpar a\\par\\pard x", [](Format f) { return f.propertyCount() == 0; });
+        row("\\qc a\\par x", aligned(Qt::AlignHCenter));
+        row("x\\qr\\par a", aligned(Qt::AlignRight));
+        row("\\qj x\\par\\pard", aligned(Qt::AlignJustify));
+        row("\\qc\\ql x", aligned(Qt::AlignLeft));
+        row("\\rtlpar\\qr x", [](Format f) {
+            return f.alignment() == (Qt::AlignRight | Qt::AlignAbsolute) && f.layoutDirection() == Qt::RightToLeft;
+        });
+        row("\\li720\\ri360\\fi-360\\sb120\\sa240 x", [](Format f) {
+            return f.leftMargin() == 48 && f.rightMargin() == 24 && f.textIndent() == -24 && f.topMargin() == 8 &&
+                   f.bottomMargin() == 16;
+        });
+        row("\\li-99999\\ri99999999999 x", [](Format f) { return f.leftMargin() == 0 && f.rightMargin() == 2112; });
+        row("\\sl360\\slmult1 x", [](Format f) {
+            return f.lineHeight() == 150 && f.lineHeightType() == QTextBlockFormat::ProportionalHeight;
+        });
+        row("\\sl-300 x",
+            [](Format f) { return f.lineHeight() == 20 && f.lineHeightType() == QTextBlockFormat::FixedHeight; });
+        row("\\tx300\\tqr\\tx600\\tqdec\\tx900\\tx-7 x", [](Format f) {
+            using Tab = QTextOption::Tab;
+            return f.tabPositions() == QList<Tab>{Tab(20, QTextOption::LeftTab), Tab(40, QTextOption::RightTab),
+                                                  Tab(60, QTextOption::DelimiterTab), Tab(0, QTextOption::LeftTab)};
+        });
+    }
+
+    void BlockFormat()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(BlockCheck, check);
+        QTextDocument document;
+        ReadRtf("{\\rtf1\\ansi " + body + "}", document);
+        QVERIFY(check(document.find(u"x"_s).blockFormat()));
+    }
+
+    void WhatIsNotRichTextIsPlain_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("read");
+        QTest::newRow("blank") << QByteArray(" ") << u" "_s;
+        QTest::newRow("braces") << QByteArray("{\\rt1 a}\r\nb") << u"{\\rt1 a}|b"_s;
+        QTest::newRow("UTF-8") << QByteArray("gr\xc3\xbc\xc3\x9f") << u"grüß"_s;
+        QTest::newRow("1252") << QByteArray("gr\xfc\xdf") << u"grüß"_s;
+        QTest::newRow("zeros") << QByteArrayLiteral("\0a\0") << u"a"_s;
+        QTest::newRow("rich behind zeros") << QByteArrayLiteral("\0\r\n{\\rtf1 a}") << u"a"_s;
+        QTest::newRow("nothing") << QByteArray() << u""_s;
+    }
+
+    void WhatIsNotRichTextIsPlain()
+    {
+        QFETCH(QByteArray, text);
+        QTEST(Read(text), "read");
+    }
+
+    void DeepAndLongInputStaysBounded_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("text");
+        constexpr int many = 100'000;
+        const QByteArray groups(many, '{');
+        QTest::newRow("groups") << groups + "a" + QByteArray(many, '}') + "\\b0 b}" << u"ab"_s;
+        QTest::newRow("groups never closed") << groups + "a" << u"a"_s;
+        QTest::newRow("objects") << QByteArray("{\\object").repeated(many) + " a" << u"a"_s;
+        QTest::newRow("word") << "\\" + QByteArray(many, 'a') + " b}" << u"b"_s;
+        QTest::newRow("number") << "\\b" + QByteArray(many, '9') + " b}" << u"b"_s;
+        QTest::newRow("tabs") << QByteArray("\\tx5").repeated(many) + " a}" << u"a"_s;
+        QTest::newRow("cells") << QByteArray("\\cell").repeated(many) + "\\row a}" << u"|a"_s;
+    }
+
+    void DeepAndLongInputStaysBounded()
+    {
+        QFETCH(QByteArray, body);
+        QTEST(Read("{\\rtf1 " + body), "text");
+    }
+
+    void ReplacesTheDocumentWithoutUndo()
+    {
+        QTextDocument document(u"before"_s);
+        QTextCursor(&document).insertText(u"typed"_s);
+        ReadRtf("{\\rtf1\\qc a\\par}", document);
+        QCOMPARE(TextOf(document), u"a"_s);
+        QVERIFY(document.isUndoRedoEnabled());
+        QVERIFY(!document.isUndoAvailable());
+        QVERIFY(!document.isModified());
+    }
+
+    void InsertsAsOneStepOfUndo_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QList<int>>("alignments");
+        const QList<int> inner{Qt::AlignRight, Qt::AlignRight};
+        QTest::newRow("in a paragraph") << 1 << 1 << QByteArray("\\qc x") << u"axb|cd"_s << inner;
+        QTest::newRow("for a selection") << 1 << 4 << QByteArray("\\qc x") << u"axd"_s << QList<int>{Qt::AlignRight};
+        QTest::newRow("splitting a paragraph")
+            << 1 << 1 << QByteArray("\\qc x\\par y\\par z") << u"ax|y|zb|cd"_s
+            << QList<int>{Qt::AlignRight, Qt::AlignHCenter, Qt::AlignRight, Qt::AlignRight};
+        QTest::newRow("at the end") << 5 << 5 << QByteArray("\\qc x\\par y\\par") << u"ab|cdx|y|"_s
+                                    << QList<int>{Qt::AlignRight, Qt::AlignRight, Qt::AlignHCenter, Qt::AlignHCenter};
+        QTest::newRow("for everything") << 0 << 5 << QByteArray("\\qc x") << u"x"_s << QList<int>{Qt::AlignHCenter};
+    }
+
+    void InsertsAsOneStepOfUndo()
+    {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(QByteArray, body);
+        QTextDocument document;
+        ReadRtf("{\\rtf1\\qr ab\\par cd\\par}", document);
+        QTextCursor cursor(&document);
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        InsertRtf("{\\rtf1" + body + "}", cursor);
+        QTEST(TextOf(document), "text");
+        QList<int> alignments;
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+            alignments.append(block.blockFormat().alignment().toInt());
+        QTEST(alignments, "alignments");
+        document.undo();
+        QCOMPARE(TextOf(document), u"ab|cd"_s);
+        QVERIFY(!document.isUndoAvailable());
+    }
+
+    void Picture_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QSizeF>("size");
+        QTest::addColumn<QByteArray>("source");
+        const auto row = [](const QByteArray& body, QSizeF size, const QByteArray& source = {}) {
+            QTest::newRow(body) << body << size << (source.isEmpty() ? body : source);
+        };
+        row("{\\pict\\pngblip\\picwgoal1500\\pichgoal750 0a0B}", {100, 50});
+        row("{\\pict\\wmetafile8\\picw2540\\pich1270 0102}", {96, 48});
+        row("{\\pict\\dibitmap0\\picw20\\pich10\\picscalex200 00}", {40, 10});
+        row("{\\pict\\picwgoal2000000000\\pichgoal-5 00}", {4096, 32});
+        row("{\\pict\\jpegblip\\bin4 \xff{}\\}", {32, 32}, "{\\pict\\jpegblip ff7b7d5c}");
+        row("{\\*\\shppict{\\pict\\pngblip 01}}{\\nonshppict{\\pict\\wmetafile8 02}}", {32, 32},
+            "{\\pict\\pngblip 01}");
+        row("{\\pict{\\*\\picprop x}\\pngblip\r\n01\r\n02}", {32, 32}, "{\\pict{\\*\\picprop x}\\pngblip 0102}");
+        row("{\\object\\objemb{\\*\\objdata 0a}{\\result{\\pict\\picwgoal150\\pichgoal300 00}}}", {10, 20});
+        row("{\\object{\\result \xe9\\'E9{\\pict 00", {32, 32}, "{\\object{\\result\\'e9\\'e9{\\pict 00}}}");
+    }
+
+    void Picture()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, source);
+        QTextDocument document;
+        ReadRtf("{\\rtf1 a" + body, document);
+        QTextCursor cursor(&document);
+        cursor.setPosition(2);
+        const QTextImageFormat format = cursor.charFormat().toImageFormat();
+        QVERIFY(format.isValid());
+        QTEST(QSizeF(format.width(), format.height()), "size");
+        QVERIFY(!document.resource(QTextDocument::ImageResource, QUrl(format.name())).isNull());
+        const QByteArray written = WriteRtf(document);
+        QVERIFY2(written.contains(source), written);
+    }
+
+    void WhatHoldsNoPictureShowsNone()
+    {
+        QCOMPARE(Read("{\\rtf1 a{\\pict}{\\pict\\pngblip {\\*\\x y}}{\\object{\\*\\objdata 01}{\\result text}}b}"),
+                 u"atextb"_s);
+        QCOMPARE(Read("{\\rtf1 a{\\v{\\pict 00}{\\object{\\result{\\pict 00}}}}b}"), u"ab"_s);
+        QCOMPARE(Read("{\\rtf1 {\\pict 00}{\\pict 00}\\par{\\pict 01}}"), u"##|#"_s);
+    }
+};
+
+QTEST_MAIN(RtfReaderTest)
+#include "rtfreadertest.moc"

@@ -1,0 +1,261 @@
+#include "platform/richtext/rtfwriter.h"
+
+#include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfreader.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Documents of every format and character that a note can hold, always the same for the same seed.
+class RandomDocument
+{
+public:
+    RandomDocument(quint32 seed, QTextDocument& document) : m_random(seed), m_cursor(&document) { Fill(); }
+
+private:
+    bool Is(int oneIn) { return m_random.bounded(oneIn) == 0; }
+
+    template <typename T>
+    T OneOf(std::initializer_list<T> values)
+    {
+        return values.begin()[m_random.bounded(static_cast<int>(values.size()))];
+    }
+
+    void Fill()
+    {
+        m_cursor.setBlockFormat(Block());
+        m_cursor.setBlockCharFormat(Character());
+        for (int paragraph = m_random.bounded(6); paragraph >= 0; --paragraph) {
+            for (int run = m_random.bounded(6); run > 0; --run)
+                Insert();
+            if (paragraph > 0) m_cursor.insertBlock(Block(), Character());
+        }
+    }
+
+    void Insert()
+    {
+        QTextCharFormat format = Character();
+        if (!Is(12)) return m_cursor.insertText(Text(), format);
+        const QByteArray source = "{\\pict\\pngblip " + QByteArray::number(m_random.bounded(256), 16) + '}';
+        RtfTokenizer behindTheWord(QByteArrayView(source).sliced(6));
+        QTextImageFormat picture = ToImageFormat(ReadRtfPicture(behindTheWord, "pict"), *m_cursor.document());
+        format.merge(picture);
+        m_cursor.insertImage(format.toImageFormat());
+    }
+
+    QString Text()
+    {
+        QString text;
+        for (int length = 1 + m_random.bounded(12); length > 0; --length)
+            text += Piece();
+        return text;
+    }
+
+    QString Piece()
+    {
+        const auto any = [&](int least, int most) { return QString(QChar(m_random.bounded(least, most))); };
+        const char32_t codePoint = m_random.bounded(0x10000, 0x110000);
+        switch (m_random.bounded(9)) {
+        case 0:
+            return OneOf({u"\t"_s, u"\u2028"_s, u"\u00A0"_s, u"\u00AD"_s, u"\u2011"_s, u"  "_s, u"\uFFFC"_s});
+        case 1:
+            return OneOf({u"\\"_s, u"{"_s, u"}"_s, u"?"_s, u"-7"_s, u"\\par "_s, u";"_s, u"\\'e9"_s});
+        case 2:
+            return any(0x80, 0x2000);
+        case 3:
+            return any(0x2030, 0xFDD0);
+        case 4:
+            return any(0xFDF0, 0x10000);
+        case 5:
+            return QString::fromUcs4(&codePoint, 1);
+        case 6:
+            return OneOf({u"\x01"_s, u"\x0B"_s, u"\x0C"_s, u"\x1F"_s, u"\x7F"_s});
+        default:
+            return any(' ', 0x7F);
+        }
+    }
+
+    QTextCharFormat Character()
+    {
+        using Format = QTextCharFormat;
+        Format format;
+        format.setFontFamilies({OneOf({u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u" Ünïcödé 明朝😀"_s})});
+        format.setFontPointSize((1 + m_random.bounded(3276)) / 2.0);
+        format.setFontWeight(Is(2) ? QFont::Bold : QFont::Normal);
+        format.setFontItalic(Is(2));
+        format.setFontStrikeOut(Is(3));
+        format.setUnderlineStyle(
+            OneOf({Format::NoUnderline, Format::SingleUnderline, Format::DotLine, Format::DashUnderline,
+                   Format::DashDotLine, Format::DashDotDotLine, Format::WaveUnderline}));
+        if (Is(2)) format.setForeground(QColor(QRgb(m_random.generate())));
+        if (Is(4)) format.setBackground(QColor(QRgb(m_random.generate())));
+        if (Is(4)) format.setVerticalAlignment(Is(2) ? Format::AlignSuperScript : Format::AlignSubScript);
+        if (Is(6)) format.setFontCapitalization(Is(2) ? QFont::AllUppercase : QFont::SmallCaps);
+        return format;
+    }
+
+    QTextBlockFormat Block()
+    {
+        QTextBlockFormat format;
+        if (Is(2)) return format;
+        if (Is(6)) format.setLayoutDirection(Qt::RightToLeft);
+        if (Is(2))
+            format.setAlignment(OneOf({Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter, Qt::AlignJustify}) |
+                                Qt::AlignAbsolute);
+        const auto pixels = [&] { return (1 + m_random.bounded(30000)) / 15.0; };
+        if (Is(3)) format.setLeftMargin(pixels());
+        if (Is(3)) format.setRightMargin(pixels());
+        if (Is(3)) format.setTextIndent(OneOf({1, -1}) * pixels());
+        if (Is(3)) format.setTopMargin(pixels());
+        if (Is(3)) format.setBottomMargin(pixels());
+        if (Is(3)) format.setLineHeight((1 + m_random.bounded(960)) / 2.4, QTextBlockFormat::ProportionalHeight);
+        if (Is(5))
+            format.setLineHeight(pixels(), OneOf({QTextBlockFormat::FixedHeight, QTextBlockFormat::MinimumHeight}));
+        QList<QTextOption::Tab> tabs;
+        for (int count = m_random.bounded(4); count > 0; --count)
+            tabs.append(QTextOption::Tab(pixels(), OneOf({QTextOption::LeftTab, QTextOption::RightTab,
+                                                          QTextOption::CenterTab, QTextOption::DelimiterTab})));
+        if (!tabs.isEmpty()) format.setTabPositions(tabs);
+        return format;
+    }
+
+    QRandomGenerator m_random;
+    QTextCursor m_cursor;
+};
+
+QString Describe(const QTextCharFormat& f)
+{
+    QString text;
+    QDebug(&text) << f.fontFamilies() << f.fontPointSize() << f.fontWeight() << f.fontItalic() << f.fontStrikeOut()
+                  << f.underlineStyle() << f.foreground() << f.background() << f.verticalAlignment()
+                  << f.fontCapitalization() << f.property(g_pictureSourceProperty) << f.toImageFormat().width();
+    return text;
+}
+
+QString Describe(const QTextBlockFormat& f)
+{
+    QString text;
+    QDebug out(&text);
+    const bool isSide = f.alignment() & (Qt::AlignLeft | Qt::AlignRight);
+    const bool isMirrored = isSide && f.layoutDirection() == Qt::RightToLeft && !(f.alignment() & Qt::AlignAbsolute);
+    out << f.layoutDirection() << (f.alignment() & ~Qt::AlignAbsolute) << isMirrored << f.leftMargin()
+        << f.rightMargin() << f.textIndent() << f.topMargin() << f.bottomMargin() << f.lineHeight()
+        << f.lineHeightType();
+    for (const QTextOption::Tab& tab : f.tabPositions())
+        out << tab.position << tab.type;
+    return text;
+}
+
+// A line a paragraph and a line a run, to be compared.
+QStringList Describe(const QTextDocument& document)
+{
+    QStringList lines;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        lines += Describe(block.blockFormat());
+        if (block.length() == 1) lines += Describe(block.charFormat());
+        for (auto i = block.begin(); !i.atEnd(); ++i)
+            lines += i.fragment().text() + Describe(i.fragment().charFormat());
+    }
+    return lines;
+}
+
+} // namespace
+
+class RtfWriterTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void AnyDocumentComesBackTheSame()
+    {
+        constexpr quint32 rounds = 400;
+        for (quint32 seed = 1; seed <= rounds; ++seed) {
+            QTextDocument written;
+            RandomDocument(seed, written);
+            const QByteArray rtf = WriteRtf(written);
+            QVERIFY2(std::ranges::all_of(rtf, [](uchar byte) { return byte < 0x7F && byte != 0; }), rtf);
+            QTextDocument read;
+            ReadRtf(rtf, read);
+            const QByteArray message = "seed " + QByteArray::number(seed) + '\n' + rtf;
+            if (Describe(read) != Describe(written)) qWarning("%s", message.constData());
+            QCOMPARE(Describe(read), Describe(written));
+            QVERIFY2(WriteRtf(read) == rtf, message);
+        }
+    }
+
+    void WritesWhatOthersRead()
+    {
+        QTextDocument document;
+        document.setDefaultFont(QFont(u"Verdana"_s, 8));
+        QTextCursor cursor(&document);
+        cursor.insertText(u"Tea {5}\t"_s);
+        QTextCharFormat bold;
+        bold.setFontWeight(QFont::Bold);
+        bold.setForeground(QColor(255, 0, 0));
+        cursor.insertText(u"café"_s, bold);
+        QTextBlockFormat centred;
+        centred.setAlignment(Qt::AlignHCenter);
+        cursor.insertBlock(centred, bold);
+        cursor.insertBlock(centred, QTextCharFormat());
+        cursor.insertText(u"1😀 "_s);
+        QCOMPARE(WriteRtf(document), "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Verdana;}}\r\n"
+                                     "{\\colortbl ;\\red255\\green0\\blue0;}\r\n"
+                                     "\\viewkind4\\uc1\\pard\\f0\\fs16 Tea \\{5\\}\\tab\\b\\cf1 caf\\u233?\\par\r\n"
+                                     "\\pard\\qc\\par\r\n\\b0\\cf0 1\\u-10179?\\u-8704? \\par\r\n}\r\n");
+    }
+
+    void WhatAFormatLeavesOpenComesFromTheDefaultFont()
+    {
+        QTextDocument document(u"x"_s);
+        QFont font(u"Courier New"_s, 11, QFont::Bold, true);
+        font.setUnderline(true);
+        font.setStrikeOut(true);
+        document.setDefaultFont(font);
+        QTextDocument read;
+        ReadRtf(WriteRtf(document), read);
+        const QTextCharFormat format = read.begin().begin().fragment().charFormat();
+        QCOMPARE(format.fontFamilies().toStringList(), QStringList{u"Courier New"_s});
+        QCOMPARE(format.fontPointSize(), 11.0);
+        QCOMPARE(format.fontWeight(), int(QFont::Bold));
+        QVERIFY(format.fontItalic() && format.fontUnderline() && format.fontStrikeOut());
+    }
+
+    void SelectionAlone_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::addColumn<QString>("inserted"); // into "<>"
+        QTest::newRow("within a paragraph") << 1 << 2 << u"<b>"_s;
+        QTest::newRow("with its mark") << 1 << 4 << u"<bc\u2029>"_s;
+        QTest::newRow("over paragraphs") << 2 << 6 << u"<c\u2029d\u2029>"_s;
+        QTest::newRow("all") << 0 << 8 << u"<abc\u2029d\u2029ef>"_s;
+        QTest::newRow("nothing") << 3 << 3 << u"<>"_s;
+    }
+
+    void SelectionAlone()
+    {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QTextDocument document(u"abc\nd\nef"_s);
+        QTextCursor cursor(&document);
+        cursor.setPosition(to);
+        cursor.setPosition(from, QTextCursor::KeepAnchor);
+        QTextDocument target(u"<>"_s);
+        QTextCursor at(&target);
+        at.setPosition(1);
+        InsertRtf(WriteRtf(cursor), at);
+        QTEST(target.toRawText(), "inserted");
+    }
+};
+
+QTEST_MAIN(RtfWriterTest)
+#include "rtfwritertest.moc"
