@@ -346,6 +346,7 @@ void RichTextBoxTest::emptiedBoxLooksLikeTheDefaultFont()
     RichTextBox box;
     box.SetFontBold(true);
     box.SetSelColor(0x0000ff);
+    box.SetSelItalic(true); // for this text only
     QTest::keyClicks(&box, QStringLiteral("abc"));
     box.selectAll();
     box.SetSelColor(0x00ff00);
@@ -357,6 +358,7 @@ void RichTextBoxTest::emptiedBoxLooksLikeTheDefaultFont()
     Select(box, 0, 1);
     QCOMPARE(box.SelColor(), 0x0000ffU);
     QCOMPARE(box.SelBold(), true);
+    QCOMPARE(box.SelItalic(), false);
     QCOMPARE(box.SelFontSize(), box.Font().pointSizeF());
 }
 
