@@ -140,9 +140,9 @@ void PictureButtonTest::hidden()
     bar.button.SetVisible(1, true);
     QVERIFY(bar.button.isVisible());
     connect(&bar.button, &PictureButton::MouseDown, this, [&] { bar.button.SetVisible(1, false); });
-    QTest::mousePress(&bar.button, Qt::LeftButton);
+    QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
     QCoreApplication::processEvents();
-    QTest::mouseRelease(&bar.button, Qt::LeftButton);
+    QTest::mouseRelease(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
     QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1")); // the release came though nothing was shown
     QTRY_VERIFY(bar.button.isHidden());
 }

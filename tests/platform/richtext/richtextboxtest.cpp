@@ -104,6 +104,7 @@ private Q_SLOTS:
     void desktopFontStaysOutside();
     void filesAreReadAndWritten();
     void fileErrors();
+    void fullDiskLeavesTheOldFile_data();
     void fullDiskLeavesTheOldFile();
     void textBreaksAtTheRightMargin();
     void noteLiesOnItsPaper();
@@ -440,14 +441,22 @@ void RichTextBoxTest::fileErrors()
     QCOMPARE(box.Text(), QStringLiteral("kept"));
 }
 
+void RichTextBoxTest::fullDiskLeavesTheOldFile_data()
+{
+    QTest::addColumn<int>("words");
+    QTest::newRow("fails in the buffer") << 1500;
+    QTest::newRow("falls short") << 20000;
+}
+
 void RichTextBoxTest::fullDiskLeavesTheOldFile()
 {
+    QFETCH(int, words);
     QTemporaryDir directory;
     const QString path = directory.filePath(QStringLiteral("dayview.rtf"));
     RichTextBox box;
     box.SetTextRTF(g_rtf);
     box.SaveFile(path);
-    box.SetText(QStringLiteral("long ").repeated(20000));
+    box.SetText(QStringLiteral("long ").repeated(words));
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
