@@ -2,6 +2,7 @@
 // where the selection is mixed.
 #pragma once
 
+#include <QTextCharFormat>
 #include <QTextEdit>
 
 #include <cstdint>
@@ -84,4 +85,57 @@ Q_SIGNALS:
     void KeyPress(int& keyAscii);
     // Before anything but the keyboard changes the text: middle-button paste, a drop. False refuses it.
     void PasteRequested(bool& allowed);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    // Content goes in through SetText, SetTextRTF and LoadFile, which keep account of the bytes that were set.
+    using QTextEdit::clear;
+    using QTextEdit::setDocument;
+    using QTextEdit::setHtml;
+    using QTextEdit::setMarkdown;
+    using QTextEdit::setPlainText;
+    using QTextEdit::setText;
+
+    void FormatAsTyped();
+    void BeginSetting();
+    void EndSetting();
+    void FollowText();
+    void FollowCaret();
+    bool IsBlank() const;
+    void ResetTypingFormat();
+    void UseTypingFormat();
+    template <typename Read>
+    auto Selected(Read read) const;
+    void ChangeFont(const QFont& font, const QTextCharFormat& part);
+    void ChangeAllText(const QTextCharFormat& part);
+    void MergeIntoSelection(const QTextCharFormat& part);
+    void FollowRightMargin();
+    bool AdmitsKey(const QString& text);
+    bool AdmitsPaste();
+
+    std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while nothing has changed
+    bool m_blank = true;                       // nothing but blanks and pictures, on one line
+    QTextCharFormat m_typingFormat;            // of what is typed into a blank box
+    std::optional<std::uint32_t> m_blankColor; // set while the box was empty
+    int m_caret = 0;                           // caret and anchor as SelChange last told them
+    int m_anchor = 0;
+    int m_rightMargin = 0;
+    bool m_entered = false;  // GotFocus was raised, and the focus has not gone elsewhere in the program since
+    bool m_setting = false;  // new content is coming in
+    bool m_pressed = false;  // the left button went down here
+    bool m_admitted = false; // the change under way comes from a key or was let through already
 };

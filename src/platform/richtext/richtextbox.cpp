@@ -1,0 +1,238 @@
+#include "platform/richtext/richtextbox.h"
+
+#include "platform/richtext/rtfreader.h"
+#include "platform/richtext/rtfwriter.h"
+#include "platform/richtext/selectionformat.h"
+#include "platform/richtext/thinscrollbarstyle.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QSaveFile>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace {
+constexpr double g_documentMargin = 1;
+constexpr double g_tabStop = 48; // half an inch, as notes of other programs have it
+constexpr Qt::TextInteractionFlags g_lockedFlags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+
+// A note lies on paper whatever the desktop's theme.
+const QPalette& NotePalette()
+{
+    static const QPalette palette = [] {
+        QPalette made;
+        made.setColor(QPalette::Text, Qt::black);
+        made.setColor(QPalette::Highlight, QColor(0x2f, 0x6d, 0xb5));
+        made.setColor(QPalette::HighlightedText, Qt::white);
+        return made;
+    }();
+    return palette;
+}
+
+[[noreturn]] void RaiseAccessError()
+{
+    throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+}
+} // namespace
+
+RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
+{
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    setPalette(NotePalette());
+    viewport()->setAutoFillBackground(false);
+    viewport()->setMouseTracking(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    verticalScrollBar()->setStyle(&ThinScrollBarStyle::Shared());
+    setTabChangesFocus(true);
+    setTabStopDistance(g_tabStop);
+    BeginSetting();
+    document()->setDocumentMargin(g_documentMargin); // counts as a change of content
+    EndSetting();
+    connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
+    connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
+    connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::FollowCaret);
+}
+
+QString RichTextBox::Text() const
+{
+    return toPlainText().remove(QChar::ObjectReplacementCharacter);
+}
+
+void RichTextBox::SetText(const QString& text)
+{
+    BeginSetting();
+    document()->setUndoRedoEnabled(false);
+    document()->clear();
+    QTextCursor(document()).insertText(text, m_typingFormat);
+    document()->setUndoRedoEnabled(true);
+    m_source.reset();
+    EndSetting();
+}
+
+QByteArray RichTextBox::TextRTF() const
+{
+    // Steps of undo that are left tell that the flag was cleared over changes, by a save.
+    const bool untouched = m_source && !Modified() && document()->availableUndoSteps() == 0;
+    return untouched ? *m_source : WriteRtf(*document());
+}
+
+void RichTextBox::SetTextRTF(const QByteArray& rtf)
+{
+    BeginSetting();
+    ReadRtf(rtf, *document());
+    if (!LooksLikeRtf(rtf)) FormatAsTyped();
+    m_source = rtf;
+    EndSetting();
+}
+
+// Plain text takes the default font for good, as typed text does.
+void RichTextBox::FormatAsTyped()
+{
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.setCharFormat(m_typingFormat);
+}
+
+// Two things would lay out a large note whole at once and not as it comes into view: a caret that is pushed to the end,
+// so there is none meanwhile; and an insertion that is seen apart from the emptying before it, so both are one change.
+void RichTextBox::BeginSetting()
+{
+    m_setting = true;
+    ResetTypingFormat();
+    setTextCursor(QTextCursor());
+    QTextCursor(document()).beginEditBlock();
+}
+
+void RichTextBox::EndSetting()
+{
+    QTextCursor(document()).endEditBlock();
+    document()->clearUndoRedoStacks();
+    document()->setModified(false);
+    m_blank = IsBlank();
+    setTextCursor(QTextCursor(document()));
+    m_setting = false;
+    FollowCaret();
+    Q_EMIT Change();
+}
+
+bool RichTextBox::Locked() const
+{
+    return !(textInteractionFlags() & Qt::TextEditable);
+}
+
+void RichTextBox::SetLocked(bool locked)
+{
+    if (locked == Locked()) return;
+    if (locked) CommitPreedit();
+    setTextInteractionFlags(locked ? g_lockedFlags : Qt::TextEditorInteraction);
+    setAttribute(Qt::WA_InputMethodEnabled, !locked);
+}
+
+bool RichTextBox::Modified() const
+{
+    return document()->isModified();
+}
+
+void RichTextBox::SetModified(bool modified)
+{
+    document()->setModified(modified);
+}
+
+bool RichTextBox::IsBlank() const
+{
+    if (document()->blockCount() != 1) return false;
+    const int length = document()->characterCount() - 1;
+    for (int i = 0; i < length; ++i) {
+        const QChar character = document()->characterAt(i);
+        if (!character.isSpace() && character != QChar::ObjectReplacementCharacter) return false;
+    }
+    return true;
+}
+
+void RichTextBox::ResetTypingFormat()
+{
+    m_typingFormat = FormatOf(Font());
+    if (m_blankColor) m_typingFormat.merge(ColorFormat(*m_blankColor));
+}
+
+// The caret's own format does not outlive a click, so in a blank box it is set anew before each change.
+void RichTextBox::UseTypingFormat()
+{
+    if (m_blank && !textCursor().hasSelection()) setCurrentCharFormat(m_typingFormat);
+}
+
+void RichTextBox::FollowText()
+{
+    if (m_setting) return;
+    const bool blank = IsBlank();
+    if (blank && !m_blank) ResetTypingFormat();
+    m_blank = blank;
+    Q_EMIT Change();
+}
+
+void RichTextBox::FollowCaret()
+{
+    if (m_setting) return;
+    const QTextCursor cursor = textCursor();
+    if (cursor.position() == m_caret && cursor.anchor() == m_anchor) return;
+    m_caret = cursor.position();
+    m_anchor = cursor.anchor();
+    Q_EMIT SelChange();
+}
+
+void RichTextBox::LoadFile(const QString& path)
+{
+    if (!QFile::exists(path)) throw RunTimeError{errors::FileNotFound, QStringLiteral("File not found")};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) RaiseAccessError();
+    const QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError) RaiseAccessError();
+    SetTextRTF(content);
+}
+
+void RichTextBox::SaveFile(const QString& path)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) RaiseAccessError();
+    const QByteArray content = TextRTF();
+    // A write that falls short and a buffer that cannot be flushed do not keep commit() from replacing the old file.
+    if (file.write(content) != content.size() || !file.flush() || !file.commit()) RaiseAccessError();
+}
+
+int RichTextBox::RightMargin() const
+{
+    return m_rightMargin;
+}
+
+void RichTextBox::SetRightMargin(int pixels)
+{
+    m_rightMargin = std::max(pixels, 0);
+    FollowRightMargin();
+}
+
+// Text wider than the box could not be reached, so its edge is the limit.
+void RichTextBox::FollowRightMargin()
+{
+    const bool narrower = m_rightMargin > 0 && m_rightMargin < viewport()->width();
+    if (narrower && lineWrapColumnOrWidth() != m_rightMargin) setLineWrapColumnOrWidth(m_rightMargin);
+    setLineWrapMode(narrower ? FixedPixelWidth : WidgetWidth);
+}
+
+void RichTextBox::CommitPreedit()
+{
+    if (textCursor().block().layout()->preeditAreaText().isEmpty()) return;
+    QGuiApplication::inputMethod()->commit();
+    const QString left = textCursor().block().layout()->preeditAreaText();
+    if (left.isEmpty()) return;
+    // The input method is not there any more, or has let go of its text.
+    QInputMethodEvent event;
+    event.setCommitString(left);
+    inputMethodEvent(&event);
+    QGuiApplication::inputMethod()->reset();
+}

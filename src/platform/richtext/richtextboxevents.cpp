@@ -1,0 +1,172 @@
+#include "platform/richtext/richtextbox.h"
+#include "platform/richtext/selectionformat.h"
+
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QMimeData>
+#include <QScopedValueRollback>
+#include <QTextCursor>
+
+namespace {
+// A menu, a popup or another window had taken the focus and gives it back.
+bool IsPassing(Qt::FocusReason reason)
+{
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
+}
+
+int ButtonNumber(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+// Their keys bring a control character along, yet they change nothing that could need a lock.
+bool OnlyReads(QKeyEvent* event)
+{
+    return event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll);
+}
+
+bool TypesTab(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Tab && event.modifiers() == Qt::ControlModifier;
+}
+} // namespace
+
+// The note's font is its own; the desktop's does not reach it.
+void RichTextBox::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) return;
+    QTextEdit::changeEvent(event);
+}
+
+void RichTextBox::resizeEvent(QResizeEvent* event)
+{
+    QTextEdit::resizeEvent(event);
+    FollowRightMargin();
+}
+
+void RichTextBox::focusInEvent(QFocusEvent* event)
+{
+    QTextEdit::focusInEvent(event);
+    if (m_entered && IsPassing(event->reason())) return;
+    m_entered = true;
+    Q_EMIT GotFocus();
+}
+
+void RichTextBox::focusOutEvent(QFocusEvent* event)
+{
+    if (!IsPassing(event->reason())) m_entered = false;
+    QTextEdit::focusOutEvent(event);
+}
+
+void RichTextBox::mousePressEvent(QMouseEvent* event)
+{
+    // GotFocus may have put the focus back where it was; then the press leaves this box alone.
+    const bool refused = window()->focusWidget() != this;
+    m_pressed = event->button() == Qt::LeftButton && !refused;
+    if (!refused) QTextEdit::mousePressEvent(event);
+    Q_EMIT MouseDown(ButtonNumber(event->button()), event->globalPosition().toPoint());
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        QTextEdit::mouseDoubleClickEvent(event);
+    } else {
+        mousePressEvent(event);
+    }
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTextEdit::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false)) return;
+    if (viewport()->rect().contains(event->position().toPoint())) Q_EMIT Click();
+}
+
+void RichTextBox::mouseMoveEvent(QMouseEvent* event)
+{
+    QTextEdit::mouseMoveEvent(event);
+    Q_EMIT MouseMove();
+}
+
+// The mouse's press has raised MouseDown already; the menu key stands for a right press at the caret.
+void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Mouse) return;
+    Q_EMIT MouseDown(2, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+}
+
+bool RichTextBox::AdmitsKey(const QString& text)
+{
+    if (text.isEmpty()) return true;
+    int keyAscii = text.front().unicode();
+    Q_EMIT KeyPress(keyAscii);
+    return keyAscii != 0;
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent* event)
+{
+    if (!OnlyReads(event) && !AdmitsKey(TypesTab(*event) ? QStringLiteral("\t") : event->text())) {
+        return event->accept();
+    }
+    if (event->key() == Qt::Key_Escape) return event->ignore();
+    UseTypingFormat();
+    if (TypesTab(*event)) {
+        if (!Locked()) insertPlainText(QStringLiteral("\t"));
+        return;
+    }
+    const QScopedValueRollback admitted(m_admitted, true);
+    QTextEdit::keyPressEvent(event);
+}
+
+void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
+{
+    const bool erases = event->commitString().isEmpty() && event->replacementLength() > 0;
+    if (!AdmitsKey(erases ? QStringLiteral("\b") : event->commitString())) {
+        QInputMethodEvent nothing; // takes what is shown back off the screen
+        QTextEdit::inputMethodEvent(&nothing);
+        QGuiApplication::inputMethod()->reset();
+        return;
+    }
+    if (Locked()) return event->ignore(); // a text that can be selected by keys would take it in
+    UseTypingFormat();
+    QTextEdit::inputMethodEvent(event);
+}
+
+bool RichTextBox::AdmitsPaste()
+{
+    bool allowed = true;
+    if (!m_admitted) Q_EMIT PasteRequested(allowed);
+    return allowed;
+}
+
+// Asked here and not at the insertion, since a text that is moved has been cut from its old place by then.
+void RichTextBox::dropEvent(QDropEvent* event)
+{
+    if (!AdmitsPaste()) {
+        event->setDropAction(Qt::IgnoreAction);
+        return event->ignore();
+    }
+    const QScopedValueRollback admitted(m_admitted, true);
+    QTextEdit::dropEvent(event);
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData* source)
+{
+    if (!AdmitsPaste()) return;
+    UseTypingFormat();
+    const int start = SelStart();
+    QTextEdit::insertFromMimeData(source);
+    SpellOutFormats(*document(), start, textCursor().position(), Font());
+}

@@ -1,0 +1,217 @@
+#include "platform/richtext/richtextbox.h"
+#include "platform/richtext/selectionformat.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr double g_largestFont = 1638; // points; the largest that other programs read
+constexpr std::array<Qt::Alignment, 3> g_alignments{Qt::AlignLeft | Qt::AlignAbsolute,
+                                                    Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
+
+[[noreturn]] void RaiseInvalidValue()
+{
+    throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
+}
+
+void CheckFontSize(double points)
+{
+    if (!(points > 0 && points <= g_largestFont)) RaiseInvalidValue();
+}
+} // namespace
+
+QFont RichTextBox::Font() const
+{
+    return document()->defaultFont();
+}
+
+void RichTextBox::SetFontName(const QString& name)
+{
+    if (name.isEmpty()) return;
+    QFont font = Font();
+    font.setFamily(name);
+    ChangeFont(font, NameFormat(name));
+    ChangeAllText(NameFormat(name));
+}
+
+void RichTextBox::SetFontSize(double points)
+{
+    CheckFontSize(points);
+    QFont font = Font();
+    font.setPointSizeF(points);
+    ChangeFont(font, SizeFormat(points));
+    ChangeAllText(SizeFormat(points));
+}
+
+void RichTextBox::SetFontBold(bool bold)
+{
+    QFont font = Font();
+    font.setBold(bold);
+    ChangeFont(font, BoldFormat(bold));
+}
+
+void RichTextBox::SetFontItalic(bool italic)
+{
+    QFont font = Font();
+    font.setItalic(italic);
+    ChangeFont(font, ItalicFormat(italic));
+}
+
+void RichTextBox::SetFontUnderline(bool underline)
+{
+    QFont font = Font();
+    font.setUnderline(underline);
+    ChangeFont(font, UnderlineFormat(underline));
+}
+
+void RichTextBox::SetFontStrikethrough(bool strikethrough)
+{
+    QFont font = Font();
+    font.setStrikeOut(strikethrough);
+    ChangeFont(font, StrikeThruFormat(strikethrough));
+}
+
+void RichTextBox::ChangeFont(const QFont& font, const QTextCharFormat& part)
+{
+    if (font != Font()) document()->setDefaultFont(font);
+    if (m_blank) m_typingFormat.merge(part);
+}
+
+void RichTextBox::ChangeAllText(const QTextCharFormat& part)
+{
+    if (m_blank) return;
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.mergeCharFormat(part);
+    document()->setModified(true);
+    if (!textCursor().hasSelection()) mergeCurrentCharFormat(part);
+}
+
+template <typename Read>
+auto RichTextBox::Selected(Read read) const
+{
+    const QFont font = Font();
+    return CommonValue(textCursor(), m_blank ? m_typingFormat : currentCharFormat(),
+                       [&](const QTextCharFormat& format) { return read(format, font); });
+}
+
+std::optional<bool> RichTextBox::SelBold() const
+{
+    return Selected(IsBold);
+}
+
+std::optional<bool> RichTextBox::SelItalic() const
+{
+    return Selected(IsItalic);
+}
+
+std::optional<bool> RichTextBox::SelUnderline() const
+{
+    return Selected(IsUnderlined);
+}
+
+std::optional<bool> RichTextBox::SelStrikeThru() const
+{
+    return Selected(IsStruckThrough);
+}
+
+std::optional<QString> RichTextBox::SelFontName() const
+{
+    return Selected(FontName);
+}
+
+std::optional<double> RichTextBox::SelFontSize() const
+{
+    return Selected(FontSize);
+}
+
+std::optional<std::uint32_t> RichTextBox::SelColor() const
+{
+    return Selected(Color);
+}
+
+std::optional<int> RichTextBox::SelAlignment() const
+{
+    return CommonAlignment(textCursor());
+}
+
+void RichTextBox::MergeIntoSelection(const QTextCharFormat& part)
+{
+    if (m_blank) m_typingFormat.merge(part);
+    mergeCurrentCharFormat(part);
+}
+
+void RichTextBox::SetSelBold(bool bold)
+{
+    MergeIntoSelection(BoldFormat(bold));
+}
+
+void RichTextBox::SetSelItalic(bool italic)
+{
+    MergeIntoSelection(ItalicFormat(italic));
+}
+
+void RichTextBox::SetSelUnderline(bool underline)
+{
+    MergeIntoSelection(UnderlineFormat(underline));
+}
+
+void RichTextBox::SetSelStrikeThru(bool strikethrough)
+{
+    MergeIntoSelection(StrikeThruFormat(strikethrough));
+}
+
+void RichTextBox::SetSelFontName(const QString& name)
+{
+    if (!name.isEmpty()) MergeIntoSelection(NameFormat(name));
+}
+
+void RichTextBox::SetSelFontSize(double points)
+{
+    CheckFontSize(points);
+    MergeIntoSelection(SizeFormat(points));
+}
+
+void RichTextBox::SetSelColor(std::uint32_t color)
+{
+    if (m_blank) m_blankColor = color;
+    MergeIntoSelection(ColorFormat(color));
+}
+
+void RichTextBox::SetSelAlignment(int alignment)
+{
+    if (alignment < 0 || alignment >= int(g_alignments.size())) RaiseInvalidValue();
+    QTextBlockFormat format;
+    format.setAlignment(g_alignments[std::size_t(alignment)]);
+    QTextCursor cursor = textCursor();
+    cursor.mergeBlockFormat(format);
+}
+
+int RichTextBox::SelStart() const
+{
+    return textCursor().selectionStart();
+}
+
+int RichTextBox::SelLength() const
+{
+    const QTextCursor cursor = textCursor();
+    return cursor.selectionEnd() - cursor.selectionStart();
+}
+
+void RichTextBox::SetSelStart(int start)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(std::clamp(start, 0, document()->characterCount() - 1));
+    setTextCursor(cursor);
+}
+
+void RichTextBox::SetSelLength(int length)
+{
+    QTextCursor cursor = textCursor();
+    const int start = cursor.selectionStart();
+    const int rest = document()->characterCount() - 1 - start;
+    cursor.setPosition(start);
+    cursor.setPosition(start + std::clamp(length, 0, rest), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}

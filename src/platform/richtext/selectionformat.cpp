@@ -1,0 +1,172 @@
+#include "platform/richtext/selectionformat.h"
+
+#include <QTextLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr double g_pointsPerPixel = 72.0 / 96.0; // pasted text may give its size in logical pixels
+
+// Relative sizes of pasted text, from two below normal to four above.
+constexpr std::array<double, 7> g_relativeSizes{0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
+constexpr int g_normalSize = 2;
+
+double PointSize(const QFont& font)
+{
+    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * g_pointsPerPixel;
+}
+
+// In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.
+int AlignmentOf(const QTextBlock& block)
+{
+    const Qt::Alignment alignment = block.blockFormat().alignment();
+    if (alignment & Qt::AlignHCenter) return 2;
+    const bool mirrored = block.textDirection() == Qt::RightToLeft && !(alignment & Qt::AlignAbsolute);
+    return bool(alignment & Qt::AlignRight) != mirrored ? 1 : 0;
+}
+} // namespace
+
+std::optional<int> CommonAlignment(const QTextCursor& selection)
+{
+    QTextBlock block = selection.document()->findBlock(selection.selectionStart());
+    const int common = AlignmentOf(block);
+    for (block = block.next(); block.isValid() && block.position() <= selection.selectionEnd(); block = block.next()) {
+        if (AlignmentOf(block) != common) return std::nullopt;
+    }
+    return common;
+}
+
+bool IsBold(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    const int weight = format.hasProperty(QTextFormat::FontWeight) ? format.fontWeight() : defaultFont.weight();
+    return weight >= QFont::DemiBold;
+}
+
+bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    return format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : defaultFont.italic();
+}
+
+bool IsUnderlined(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    if (!format.hasProperty(QTextFormat::TextUnderlineStyle)) return defaultFont.underline();
+    return format.underlineStyle() != QTextCharFormat::NoUnderline;
+}
+
+bool IsStruckThrough(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    return format.hasProperty(QTextFormat::FontStrikeOut) ? format.fontStrikeOut() : defaultFont.strikeOut();
+}
+
+QString FontName(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    const QStringList names = format.fontFamilies().toStringList();
+    return names.isEmpty() ? defaultFont.family() : names.first();
+}
+
+double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
+{
+    if (format.hasProperty(QTextFormat::FontPointSize)) return format.fontPointSize();
+    if (format.hasProperty(QTextFormat::FontPixelSize)) {
+        return format.intProperty(QTextFormat::FontPixelSize) * g_pointsPerPixel;
+    }
+    const int step = format.intProperty(QTextFormat::FontSizeAdjustment); // 0 is the size around it
+    const int last = int(g_relativeSizes.size()) - 1;
+    return PointSize(defaultFont) * g_relativeSizes[std::size_t(std::clamp(step + g_normalSize, 0, last))];
+}
+
+std::uint32_t Color(const QTextCharFormat& format, const QFont&)
+{
+    if (!format.hasProperty(QTextFormat::ForegroundBrush)) return 0;
+    const QColor color = format.foreground().color();
+    return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
+}
+
+void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont)
+{
+    if (end <= start) return;
+    const QTextCharFormat base = FormatOf(defaultFont);
+    QTextCursor cursor(&document);
+    cursor.joinPreviousEditBlock();
+    for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;
+         block = block.next()) {
+        QList<QTextLayout::FormatRange> runs; // collected first, as a change of format ends the walk
+        for (auto i = block.begin(); !i.atEnd(); ++i) {
+            runs.append({i.fragment().position(), i.fragment().length(), i.fragment().charFormat()});
+        }
+        for (const auto& [position, length, format] : runs) {
+            const bool inside = position < end && position + length > start;
+            if (!inside || format.objectType() != QTextFormat::NoObject) continue;
+            QTextCharFormat whole = base;
+            whole.merge(format);
+            whole.merge(SizeFormat(FontSize(format, defaultFont)));
+            whole.clearProperty(QTextFormat::FontPixelSize);
+            whole.clearProperty(QTextFormat::FontSizeAdjustment);
+            cursor.setPosition(std::max(position, start));
+            cursor.setPosition(std::min(position + length, end), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(whole);
+        }
+    }
+    cursor.endEditBlock();
+}
+
+QTextCharFormat BoldFormat(bool bold)
+{
+    QTextCharFormat format;
+    format.setFontWeight(bold ? QFont::Bold : QFont::Normal);
+    return format;
+}
+
+QTextCharFormat ItalicFormat(bool italic)
+{
+    QTextCharFormat format;
+    format.setFontItalic(italic);
+    return format;
+}
+
+QTextCharFormat UnderlineFormat(bool underline)
+{
+    QTextCharFormat format;
+    format.setFontUnderline(underline);
+    return format;
+}
+
+QTextCharFormat StrikeThruFormat(bool strikethrough)
+{
+    QTextCharFormat format;
+    format.setFontStrikeOut(strikethrough);
+    return format;
+}
+
+QTextCharFormat NameFormat(const QString& name)
+{
+    QTextCharFormat format;
+    format.setFontFamilies({name});
+    return format;
+}
+
+QTextCharFormat SizeFormat(double points)
+{
+    QTextCharFormat format;
+    format.setFontPointSize(points);
+    return format;
+}
+
+QTextCharFormat ColorFormat(std::uint32_t color)
+{
+    QTextCharFormat format;
+    format.setForeground(QColor::fromRgb(int(color & 0xff), int(color >> 8 & 0xff), int(color >> 16 & 0xff)));
+    return format;
+}
+
+QTextCharFormat FormatOf(const QFont& font)
+{
+    QTextCharFormat format = NameFormat(font.family());
+    format.merge(SizeFormat(PointSize(font)));
+    format.merge(BoldFormat(font.bold()));
+    format.merge(ItalicFormat(font.italic()));
+    format.merge(UnderlineFormat(font.underline()));
+    format.merge(StrikeThruFormat(font.strikeOut()));
+    return format;
+}
