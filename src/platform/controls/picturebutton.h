@@ -2,10 +2,11 @@
 // stable widget, so that the release comes to it even when the element under the mouse was hidden by the press.
 #pragma once
 
-#include <QIcon>
+#include <QPixmap>
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 class PictureButton : public QWidget
 {
@@ -19,6 +20,8 @@ public:
     void SetVisible(int element, bool visible); // the widget is hidden while both are
     void SetToolTip(int element, const QString& tip);
     void SetCaption(const QString& caption); // a word under the picture, for the sidebar
+    void SetFramed(bool framed);             // a thin frame at rest, for a button that stands alone on a band
+    void Press();                            // as a key does it: presses, releases and clicks
 
     QSize sizeHint() const override;
 
@@ -29,4 +32,32 @@ Q_SIGNALS:
     void MouseUp(int element); // wherever the mouse is by then
     void Click(int element);   // the release was inside
     void MouseMove();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    int ShownElement() const { return m_visible[1] ? 1 : 0; }
+    void Follow();
+    void Down(int element, int key);
+    void Up(bool click);
+    void PaintGround(QPainter& painter);
+    const QPixmap& Picture(int element);
+
+    std::array<QString, 2> m_files;
+    std::array<QPixmap, 2> m_pictures; // rendered when first shown
+    std::array<QString, 2> m_tips;
+    std::array<bool, 2> m_visible{true, false};
+    QString m_caption;
+    bool m_framed = false;
+    std::optional<int> m_downElement; // while pressed: the element that was visible
+    int m_downKey = 0;                // the key that pressed it, 0 for the mouse
 };

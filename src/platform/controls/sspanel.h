@@ -58,11 +58,17 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void Rearrange();
+    void Arrange();
+    void PaintLines(QPainter& painter) const;
+    void PaintCaption(QPainter& painter) const;
+
     QString m_caption;
     QFont m_font;
     int m_alignment = LeftTop;
@@ -72,4 +78,9 @@ private:
     QColor m_frame;
     Qt::Edges m_edges;
     bool m_pressed = false;
+
+    bool m_arranged = false; // whether these three hold for the present caption, font and size
+    QString m_shown;
+    QPoint m_origin;
+    QRect m_captionArea;
 };

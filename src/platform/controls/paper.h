@@ -1,0 +1,20 @@
+// The palette of calendar paper. What is drawn on paper takes its colours from here or from the settings, never from
+// the desktop's theme. Knows only QtGui.
+#pragma once
+
+#include <QColor>
+
+namespace paper {
+inline constexpr QColor Paper{0xfd, 0xfc, 0xf9};
+inline constexpr QColor MemoPaper{0xf6, 0xf3, 0xec};
+inline constexpr QColor Today{0xff, 0xf3, 0xf1};
+inline constexpr QColor Band{0xef, 0xeb, 0xe2};
+inline constexpr QColor Hairline{0xd8, 0xd3, 0xc7};
+inline constexpr QColor Ink{0x22, 0x25, 0x2a};
+inline constexpr QColor SoftInk{0x6b, 0x6f, 0x76};
+inline constexpr QColor Accent{0x2f, 0x6d, 0xb5};
+inline constexpr QColor AccentTint{0xe3, 0xec, 0xf7};
+
+inline constexpr int CaptionBand = 20; // pixels that a cell keeps free above its note
+inline constexpr int Margin = 7;       // from a cell's edge to its caption; its note begins there too
+} // namespace paper

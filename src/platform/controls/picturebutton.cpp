@@ -1,0 +1,211 @@
+#include "platform/controls/picturebutton.h"
+
+#include "platform/controls/paper.h"
+
+#include <QAccessibleWidget>
+#include <QIcon>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+constexpr int g_pictureSize = 24;
+constexpr QSize g_bareSize{34, 30};
+constexpr QSize g_captionPadding{20, 26}; // around the picture and the caption below it
+constexpr qreal g_radius = 6;
+
+class PictureButtonAccess : public QAccessibleWidget
+{
+public:
+    explicit PictureButtonAccess(PictureButton* button) : QAccessibleWidget(button, QAccessible::Button) {}
+
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction()) {
+            static_cast<PictureButton*>(widget())->Press();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+};
+
+QAccessibleInterface* MakeAccess(const QString&, QObject* object)
+{
+    auto* button = qobject_cast<PictureButton*>(object);
+    return button ? new PictureButtonAccess(button) : nullptr; // owned by Qt's cache
+}
+
+bool Presses(int key)
+{
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+} // namespace
+
+PictureButton::PictureButton(const QString& raised, const QString& pressed, QWidget* parent)
+    : QWidget(parent), m_files{raised, pressed}
+{
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(MakeAccess), true);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
+    setAttribute(Qt::WA_Hover);
+}
+
+void PictureButton::SetVisible(int element, bool visible)
+{
+    if (std::exchange(m_visible.at(std::size_t(element)), visible) == visible) return;
+    setToolTip(m_tips[std::size_t(ShownElement())]);
+    update();
+    // Between hiding the one and showing the other neither is visible: hiding the widget at once would lose its focus.
+    if (visible) {
+        Follow();
+    } else {
+        QMetaObject::invokeMethod(this, &PictureButton::Follow, Qt::QueuedConnection);
+    }
+}
+
+// A hidden widget never hears of the release, so while it is pressed it only paints nothing.
+void PictureButton::Follow()
+{
+    const bool visible = m_visible[0] || m_visible[1];
+    if (visible || !m_downElement) setVisible(visible);
+}
+
+void PictureButton::SetToolTip(int element, const QString& tip)
+{
+    m_tips.at(std::size_t(element)) = tip;
+    if (element == 0) setAccessibleName(tip);
+    setToolTip(m_tips[std::size_t(ShownElement())]);
+}
+
+void PictureButton::SetCaption(const QString& caption)
+{
+    m_caption = caption;
+    updateGeometry();
+    update();
+}
+
+void PictureButton::SetFramed(bool framed)
+{
+    m_framed = framed;
+    update();
+}
+
+QSize PictureButton::sizeHint() const
+{
+    if (m_caption.isEmpty()) return g_bareSize;
+    const QSize text(fontMetrics().horizontalAdvance(m_caption), fontMetrics().height());
+    return QSize(std::max(g_pictureSize, text.width()), g_pictureSize + text.height()) + g_captionPadding;
+}
+
+void PictureButton::Press()
+{
+    Down(0, Qt::Key_Space);
+    Up(true);
+}
+
+void PictureButton::Down(int element, int key)
+{
+    if (m_downElement) return;
+    m_downElement = element;
+    m_downKey = key;
+    update();
+    Q_EMIT MouseDown(element);
+}
+
+void PictureButton::Up(bool click)
+{
+    if (!m_downElement) return;
+    const int element = *std::exchange(m_downElement, std::nullopt);
+    m_downKey = 0;
+    update();
+    QMetaObject::invokeMethod(this, &PictureButton::Follow, Qt::QueuedConnection);
+    Q_EMIT MouseUp(element);
+    if (click) Q_EMIT Click(element);
+}
+
+bool PictureButton::event(QEvent* event)
+{
+    // A box that opens while the button is down takes the release for itself.
+    if (event->type() == QEvent::WindowBlocked) Up(false);
+    return QWidget::event(event);
+}
+
+void PictureButton::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    Down(ShownElement(), 0);
+}
+
+void PictureButton::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event); // quick clicks are clicks
+}
+
+void PictureButton::mouseMoveEvent(QMouseEvent*)
+{
+    Q_EMIT MouseMove();
+}
+
+void PictureButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || m_downKey != 0) return event->ignore();
+    Up(rect().contains(event->position().toPoint()));
+}
+
+void PictureButton::keyPressEvent(QKeyEvent* event)
+{
+    if (!Presses(event->key())) return QWidget::keyPressEvent(event);
+    if (!event->isAutoRepeat()) Down(0, event->key());
+}
+
+void PictureButton::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!Presses(event->key())) return QWidget::keyReleaseEvent(event);
+    if (!event->isAutoRepeat() && event->key() == m_downKey) Up(true);
+}
+
+void PictureButton::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    if (m_downKey != 0) Up(false);
+    update();
+}
+
+const QPixmap& PictureButton::Picture(int element)
+{
+    QPixmap& picture = m_pictures[std::size_t(element)];
+    if (picture.isNull() || picture.devicePixelRatio() != devicePixelRatioF()) {
+        picture = QIcon(m_files[std::size_t(element)]).pixmap(QSize(g_pictureSize, g_pictureSize), devicePixelRatioF());
+    }
+    return picture;
+}
+
+void PictureButton::PaintGround(QPainter& painter)
+{
+    const bool chosen = ShownElement() == 1;
+    QColor ground = m_framed ? paper::Paper : Qt::transparent;
+    if (underMouse()) ground = paper::Band;
+    if (chosen || m_downElement) ground = paper::AccentTint;
+    QPen line(Qt::NoPen);
+    if (m_framed) line = QPen(paper::Hairline, 1);
+    if (chosen || m_downElement) line = QPen(paper::Accent, 1);
+    if (hasFocus()) line = QPen(paper::Accent, 2);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(line);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), g_radius, g_radius);
+}
+
+void PictureButton::paintEvent(QPaintEvent*)
+{
+    if (!m_visible[0] && !m_visible[1]) return;
+    QPainter painter(this);
+    PaintGround(painter);
+    if (!isEnabled()) painter.setOpacity(0.4);
+    const int element = ShownElement();
+    const int textHeight = m_caption.isEmpty() ? 0 : fontMetrics().height() + 4;
+    const int top = (height() - g_pictureSize - textHeight) / 2;
+    painter.drawPixmap((width() - g_pictureSize) / 2, top, Picture(element));
+    painter.setPen(element == 1 ? paper::Accent : paper::SoftInk);
+    painter.drawText(QRect(0, top + g_pictureSize + 4, width(), textHeight), Qt::AlignHCenter | Qt::AlignTop,
+                     m_caption);
+}

@@ -1,0 +1,205 @@
+#include "platform/controls/sspanel.h"
+
+#include "platform/controls/paper.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr int g_frameWidth = 2;
+
+// The shadow falls down and to the right of a raised caption, up and to the left of an inset one; the light opposite.
+struct Relief
+{
+    int direction;
+    int depth; // device pixels
+};
+constexpr std::array<Relief, 5> g_reliefs{{{0, 0}, {1, 1}, {1, 2}, {-1, 1}, {-1, 2}}};
+constexpr int g_shadowPercent = 26; // at one pixel; farther off it thins out, so that small captions stay legible
+constexpr int g_lightPercent = 80;
+
+QColor FromBgr(std::uint32_t color)
+{
+    return QColor::fromRgb(int(color & 0xff), int(color >> 8 & 0xff), int(color >> 16 & 0xff));
+}
+
+QColor Mixed(const QColor& from, const QColor& to, int percent)
+{
+    const auto part = [percent](int a, int b) { return a + (b - a) * percent / 100; };
+    return QColor(part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue()));
+}
+
+// Capitals and digits hardly descend: a line looks centred when their height is.
+int Baseline(int row, int height, const QFontMetrics& metrics)
+{
+    const int capital = metrics.capHeight();
+    switch (row) {
+    case 0:
+        return std::max((paper::CaptionBand + capital + 1) / 2, capital + g_frameWidth + 1);
+    case 1:
+        return (height + capital) / 2;
+    default:
+        return height - metrics.descent() - g_frameWidth;
+    }
+}
+
+int Start(int column, int width, int textWidth)
+{
+    switch (column) {
+    case 0:
+        return paper::Margin;
+    case 1:
+        return width - paper::Margin - textWidth;
+    default:
+        return (width - textWidth) / 2;
+    }
+}
+} // namespace
+
+SSPanel::SSPanel(QWidget* parent) : QWidget(parent), m_paper(paper::Paper)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void SSPanel::SetCaption(const QString& caption)
+{
+    if (caption == m_caption) return;
+    m_caption = caption;
+    setAccessibleName(caption.trimmed());
+    Rearrange();
+}
+
+void SSPanel::SetCaptionAlignment(int alignment)
+{
+    if (alignment < LeftTop || alignment > CenterBottom) alignment = LeftTop;
+    if (alignment == m_alignment) return;
+    m_alignment = alignment;
+    Rearrange();
+}
+
+void SSPanel::SetFont3D(int effect)
+{
+    if (effect < 0 || effect >= int(g_reliefs.size())) effect = 0;
+    if (effect == m_font3D) return;
+    m_font3D = effect;
+    update();
+}
+
+void SSPanel::SetCaptionFont(const QFont& font)
+{
+    if (font == m_font) return;
+    m_font = font;
+    Rearrange();
+}
+
+void SSPanel::SetForeColor(std::uint32_t color)
+{
+    if (color == m_foreColor) return;
+    m_foreColor = color;
+    update();
+}
+
+void SSPanel::SetPaper(const QColor& paper)
+{
+    if (paper == m_paper) return;
+    m_paper = paper;
+    update();
+}
+
+void SSPanel::SetEdges(Qt::Edges edges)
+{
+    if (edges == m_edges) return;
+    m_edges = edges;
+    update();
+}
+
+void SSPanel::SetFrame(const QColor& frame)
+{
+    if (frame == m_frame) return;
+    m_frame = frame;
+    update();
+}
+
+void SSPanel::Rearrange()
+{
+    m_arranged = false;
+    update();
+}
+
+void SSPanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_arranged = false;
+}
+
+// Where the caption stands, worked out once for many paintings.
+void SSPanel::Arrange()
+{
+    const QFontMetrics metrics(m_font, this);
+    m_shown = metrics.elidedText(m_caption.trimmed(), Qt::ElideRight, width() - 2 * paper::Margin);
+    const int textWidth = metrics.horizontalAdvance(m_shown);
+    m_origin = {Start(m_alignment / 3, width(), textWidth), Baseline(m_alignment % 3, height(), metrics)};
+    m_captionArea = QRect(m_origin.x(), m_origin.y() - metrics.ascent(), textWidth, metrics.height())
+                        .adjusted(-metrics.height(), -g_frameWidth, metrics.height(), g_frameWidth);
+    m_arranged = true;
+}
+
+void SSPanel::paintEvent(QPaintEvent* event)
+{
+    if (!m_arranged) Arrange();
+    QPainter painter(this);
+    painter.fillRect(event->rect(), m_paper);
+    PaintLines(painter);
+    if (!m_shown.isEmpty() && event->rect().intersects(m_captionArea)) PaintCaption(painter);
+}
+
+void SSPanel::PaintLines(QPainter& painter) const
+{
+    const std::array<std::pair<Qt::Edge, QRect>, 4> sides{{{Qt::TopEdge, {0, 0, width(), 1}},
+                                                           {Qt::LeftEdge, {0, 0, 1, height()}},
+                                                           {Qt::RightEdge, {width() - 1, 0, 1, height()}},
+                                                           {Qt::BottomEdge, {0, height() - 1, width(), 1}}}};
+    for (const auto& [edge, line] : sides) {
+        if (m_edges & edge) painter.fillRect(line, paper::Hairline);
+    }
+    if (!m_frame.isValid()) return;
+    painter.setPen(QPen(m_frame, g_frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void SSPanel::PaintCaption(QPainter& painter) const
+{
+    painter.setFont(m_font);
+    const auto draw = [&](const QColor& color, int devicePixels) {
+        const qreal offset = devicePixels / devicePixelRatioF();
+        painter.setPen(color);
+        painter.drawText(QPointF(m_origin) + QPointF(offset, offset), m_shown);
+    };
+    const Relief relief = g_reliefs[std::size_t(m_font3D)];
+    for (int distance = relief.depth; distance > 0; --distance) {
+        draw(Mixed(m_paper, Qt::black, g_shadowPercent / distance), relief.direction * distance);
+        draw(Mixed(m_paper, Qt::white, g_lightPercent / distance), -relief.direction * distance);
+    }
+    draw(FromBgr(m_foreColor), 0);
+}
+
+void SSPanel::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+    event->setAccepted(m_pressed);
+}
+
+void SSPanel::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false)) return event->ignore();
+    if (rect().contains(event->position().toPoint())) Q_EMIT Click();
+}
+
+void SSPanel::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    Q_EMIT DblClick();
+}
