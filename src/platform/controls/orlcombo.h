@@ -23,7 +23,23 @@ public:
     int ListIndex() const;        // -1 for none
     void SetListIndex(int index); // by the program: raises no event
 
+    void showPopup() override;
+
 Q_SIGNALS:
-    void Change(); // the user chose another entry
-    void Click();  // the user pressed the box; comes before Change
+    // The user chose an entry. It may be the one that was shown: the selection need not have what the box shows.
+    void Change();
+    void Click(); // the user pressed the box; comes once before each Change, and before the list opens
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Fetch() const; // reads a list that was put off
+    void Choose();
+    void DressList();
+
+    QAbstractItemDelegate* m_rows = nullptr;
+    bool m_clicked = false; // whether Click was raised for the choice that is being made
 };

@@ -2,10 +2,13 @@
 // not change them by itself, the program sets them.
 #pragma once
 
+#include <QPointer>
+#include <QRubberBand>
 #include <QToolButton>
 #include <QWidget>
 
 #include <map>
+#include <optional>
 
 class ToolbarButton : public QToolButton
 {
@@ -18,13 +21,22 @@ public:
     void SetValue(int value);
     bool MixedState() const { return m_mixed; } // greyed, for a mixed selection
     void SetMixedState(bool mixed);
+    void SetPicture(const QString& file) { m_file = file; } // SVG; read when the button is first painted
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void nextCheckState() override {} // the program sets the value, a click never does
 
 private:
+    void PaintGround(QPainter& painter) const;
+    const QPixmap& Picture();
+
     int m_value = 0;
     bool m_mixed = false;
+    QString m_file;
+    QPixmap m_picture;
+    qreal m_pictureRatio = 0; // the pixel ratio that it was drawn for
 };
 
 class Toolbar : public QWidget
@@ -41,13 +53,31 @@ public:
     void AddPlaceholder(const QString& key, int width);
 
     ToolbarButton& Buttons(const QString& key) const; // 35601 if there is none
-    QWidget& Placeholder(const QString& key) const;   // 35601
+    QWidget& Placeholder(const QString& key) const;   // 35601; its geometry is up to date, shown or not
     QStringList Keys() const;                         // in order, placeholders too
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
     void ButtonClick(const QString& key);
-    // A drag of the bar began on a free area of it and ended at this point of the parent.
+    // A drag of the bar began on a free area of it and ended at this point of the parent. Esc cancels it.
     void Dropped(const QPoint& parentPosition);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override; // the whole program's, while the bar is dragged
+
+private:
+    void Add(const QString& key, QWidget* item);
+    QWidget& Item(const QString& key) const;
+    void BeginDrag();
+    void EndDrag();
+
+    QStringList m_keys;
+    std::map<QString, QWidget*> m_items;
+    std::optional<QPoint> m_pressed; // where the mouse went down on a free area
+    QPointer<QRubberBand> m_outline; // shows where the bar would go; there only while it is dragged
 };

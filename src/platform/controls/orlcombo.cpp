@@ -1,0 +1,255 @@
+#include "platform/controls/orlcombo.h"
+
+#include "platform/controls/paper.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QAbstractItemView>
+#include <QAbstractListModel>
+#include <QFontDatabase>
+#include <QIconEngine>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QRegularExpression>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
+
+namespace {
+constexpr QSize g_swatchSize{12, 12};
+constexpr int g_textMargin = 9;
+constexpr int g_arrowWidth = 24;
+constexpr int g_height = 28; // at least; grows with the font
+
+constexpr int g_sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
+
+struct NamedColor
+{
+    QLatin1StringView Name;
+    QRgb Color;
+};
+// The spelling of "Fuschia" is part of the list: the choice is told by its name.
+constexpr NamedColor g_colors[] = {
+    {QLatin1StringView("Black"), 0x000000},  {QLatin1StringView("Maroon"), 0x800000},
+    {QLatin1StringView("Green"), 0x008000},  {QLatin1StringView("Olive"), 0x808000},
+    {QLatin1StringView("Navy"), 0x000080},   {QLatin1StringView("Purple"), 0x800080},
+    {QLatin1StringView("Teal"), 0x008080},   {QLatin1StringView("Gray"), 0x808080},
+    {QLatin1StringView("Silver"), 0xc0c0c0}, {QLatin1StringView("Red"), 0xff0000},
+    {QLatin1StringView("Lime"), 0x00ff00},   {QLatin1StringView("Yellow"), 0xffff00},
+    {QLatin1StringView("Blue"), 0x0000ff},   {QLatin1StringView("Fuschia"), 0xff00ff},
+    {QLatin1StringView("Aqua"), 0x00ffff},   {QLatin1StringView("White"), 0xffffff},
+};
+static_assert(std::size(g_colors) == ORLCombo::BlankColor);
+
+// A square of one colour, sharp at every pixel ratio.
+class Swatch : public QIconEngine
+{
+public:
+    explicit Swatch(const QColor& color) : m_color(color) {}
+
+    QIconEngine* clone() const override { return new Swatch(m_color); }
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        painter->fillRect(rect, paper::SoftInk); // the edge, without which white would be lost
+        painter->fillRect(rect.adjusted(1, 1, -1, -1), m_color);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap picture(size);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return picture;
+    }
+
+private:
+    QColor m_color;
+};
+
+// The installed families, read at the first fetch: start-up does not wait for them.
+class FontNames : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : int(m_names.size()); }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        return role == Qt::DisplayRole || role == Qt::EditRole ? m_names.value(index.row()) : QVariant();
+    }
+
+    bool canFetchMore(const QModelIndex& parent) const override { return !parent.isValid() && !m_fetched; }
+    void fetchMore(const QModelIndex&) override
+    {
+        m_fetched = true;
+        QStringList families = QFontDatabase::families();
+        families.removeIf([](const QString& family) { return QFontDatabase::isPrivateFamily(family); });
+        // The maker in brackets behind a name is Qt's own addition, which no other program that reads a note knows.
+        families.replaceInStrings(QRegularExpression(QStringLiteral(" \\[.*\\]$")), QString());
+        families.removeDuplicates();
+        if (families.isEmpty()) return;
+        beginInsertRows({}, 0, int(families.size()) - 1); // a reset would choose the first entry
+        m_names = std::move(families);
+        endInsertRows();
+    }
+
+private:
+    QStringList m_names;
+    bool m_fetched = false;
+};
+
+// A list that scrolls, with some styles also in place of a menu as long as the screen.
+class ListPopup : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+// Rows high enough to be hit at ease.
+class Rows : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 6);
+    }
+};
+} // namespace
+
+ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
+{
+    auto* style = new ListPopup;
+    style->setParent(this);
+    setStyle(style);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
+    setAttribute(Qt::WA_Hover);
+    setMinimumHeight(g_height);
+    setIconSize(g_swatchSize);
+    setMaxVisibleItems(18);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // never looks through the entries
+    setPlaceholderText(QStringLiteral(" ")); // with one, a box that is filled has no entry chosen yet
+    connect(this, &QComboBox::activated, this, &ORLCombo::Choose);
+}
+
+void ORLCombo::FillFontNames()
+{
+    setMinimumContentsLength(15);
+    setModel(new FontNames(this));
+}
+
+void ORLCombo::FillFontSizes()
+{
+    setMinimumContentsLength(3);
+    clear();
+    for (const int size : g_sizes)
+        addItem(QString::number(size));
+}
+
+void ORLCombo::FillColors()
+{
+    setMinimumContentsLength(8);
+    clear();
+    for (const auto& [name, color] : g_colors)
+        addItem(QIcon(new Swatch(QColor(color))), name);
+    addItem(QString());
+}
+
+QString ORLCombo::Text() const
+{
+    return currentText();
+}
+
+int ORLCombo::ListCount() const
+{
+    Fetch();
+    return count();
+}
+
+QString ORLCombo::List(int index) const
+{
+    Fetch();
+    return itemText(index);
+}
+
+int ORLCombo::ListIndex() const
+{
+    return currentIndex();
+}
+
+void ORLCombo::SetListIndex(int index)
+{
+    if (index < -1 || index >= ListCount()) {
+        throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
+    }
+    setCurrentIndex(index);
+}
+
+void ORLCombo::Fetch() const
+{
+    if (model()->canFetchMore({})) model()->fetchMore({});
+}
+
+void ORLCombo::Choose()
+{
+    if (!std::exchange(m_clicked, false)) Q_EMIT Click();
+    Q_EMIT Change();
+}
+
+void ORLCombo::showPopup()
+{
+    m_clicked = true;
+    Q_EMIT Click();
+    Fetch();
+    DressList();
+    QComboBox::showPopup();
+}
+
+// Done when the list first opens: making it sooner would cost start-up time.
+void ORLCombo::DressList()
+{
+    if (!m_rows) view()->setItemDelegate(m_rows = new Rows(this));
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view());
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + scrollBar);
+}
+
+void ORLCombo::keyPressEvent(QKeyEvent* event)
+{
+    m_clicked = false; // of a list that was closed without a choice
+    Fetch();
+    QComboBox::keyPressEvent(event);
+}
+
+void ORLCombo::wheelEvent(QWheelEvent* event)
+{
+    // A wheel that turns over the bar must not reformat the note.
+    if (!hasFocus()) return event->ignore();
+    m_clicked = false;
+    Fetch();
+    QComboBox::wheelEvent(event);
+}
+
+void ORLCombo::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled()) painter.setOpacity(0.5);
+    const qreal line = hasFocus() ? 2 : 1;
+    painter.setPen(QPen(hasFocus() ? paper::Accent : paper::Hairline, line));
+    painter.setBrush(underMouse() && isEnabled() ? QColor(Qt::white) : paper::Paper);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), 4, 4);
+
+    painter.setPen(QPen(paper::SoftInk, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF tip(width() - g_arrowWidth / 2.0, height() / 2.0 + 2);
+    painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
+
+    QRect text = rect().adjusted(g_textMargin, 0, -g_arrowWidth, 0);
+    const QIcon icon = itemIcon(currentIndex());
+    if (!icon.isNull()) {
+        icon.paint(&painter, QRect(QPoint(text.left(), (height() - g_swatchSize.height()) / 2), g_swatchSize));
+        text.setLeft(text.left() + g_swatchSize.width() + 7);
+    }
+    painter.setPen(paper::Ink);
+    painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
+}

@@ -1,0 +1,247 @@
+#include "platform/controls/toolbar.h"
+
+#include "platform/controls/paper.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QIcon>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+constexpr int g_elementNotFound = 35601;
+constexpr QSize g_buttonSize{32, 30};
+constexpr QSize g_pictureSize{20, 20};
+constexpr QMargins g_margins{8, 5, 8, 5};
+constexpr int g_spacing = 2;
+constexpr int g_separatorGap = 5; // on each side of its line
+constexpr int g_placeholderGap = 4;
+constexpr qreal g_radius = 4;
+constexpr QColor g_band{0xf8, 0xf6, 0xf1};
+constexpr QColor g_mixedGround{0xe4, 0xe2, 0xdd};
+constexpr QColor g_mixedDots{0xb4, 0xb3, 0xaf};
+
+class Separator : public QWidget
+{
+public:
+    explicit Separator(QWidget* parent) : QWidget(parent)
+    {
+        setFixedSize(2 * g_separatorGap + 1, g_buttonSize.height());
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(g_separatorGap, 2, 1, height() - 4, paper::Hairline);
+    }
+};
+
+QBoxLayout* Row(const QWidget& bar)
+{
+    return static_cast<QBoxLayout*>(bar.layout());
+}
+} // namespace
+
+ToolbarButton::ToolbarButton(QWidget* parent) : QToolButton(parent)
+{
+    setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
+    setAttribute(Qt::WA_Hover);
+    setFixedSize(g_buttonSize);
+}
+
+void ToolbarButton::SetValue(int value)
+{
+    m_value = value != 0 ? 1 : 0;
+    // Screen readers tell of the value, but only of buttons that ever had one.
+    if (m_value == 1) setCheckable(true);
+    setChecked(m_value == 1);
+    update();
+}
+
+void ToolbarButton::SetMixedState(bool mixed)
+{
+    m_mixed = mixed;
+    update();
+}
+
+void ToolbarButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QToolButton::keyPressEvent(event);
+    if (!event->isAutoRepeat()) click();
+}
+
+const QPixmap& ToolbarButton::Picture()
+{
+    const qreal ratio = devicePixelRatioF();
+    if (std::exchange(m_pictureRatio, ratio) != ratio) m_picture = QIcon(m_file).pixmap(g_pictureSize, ratio);
+    return m_picture;
+}
+
+void ToolbarButton::PaintGround(QPainter& painter) const
+{
+    const bool touched = isEnabled() && underMouse();
+    QColor ground = touched ? paper::Band : QColor(Qt::transparent);
+    if (m_value == 1) ground = touched ? paper::AccentTint.darker(105) : paper::AccentTint;
+    if (m_mixed) ground = g_mixedGround;
+    if (isDown()) ground = ground.alpha() == 0 ? paper::Hairline : ground.darker(110);
+    const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(area, g_radius, g_radius);
+    if (m_mixed) {
+        painter.setBrush(QBrush(g_mixedDots, Qt::Dense6Pattern));
+        painter.drawRoundedRect(area, g_radius, g_radius);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(paper::Accent, 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), g_radius, g_radius);
+    }
+}
+
+void ToolbarButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintGround(painter);
+    if (!isEnabled()) painter.setOpacity(0.35);
+    const QPixmap& picture = Picture();
+    painter.drawPixmap((width() - g_pictureSize.width()) / 2, (height() - g_pictureSize.height()) / 2, picture);
+}
+
+Toolbar::Toolbar(QWidget* parent) : QWidget(parent)
+{
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(g_margins);
+    row->setSpacing(g_spacing);
+    row->addStretch();
+    row->setSizeConstraint(QLayout::SetMinimumSize); // a narrow window cuts the bar off, it never piles up its buttons
+    setFixedHeight(g_margins.top() + g_buttonSize.height() + g_margins.bottom());
+}
+
+void Toolbar::AddButton(const QString& key, const QString& tip, const QString& icon)
+{
+    auto* button = new ToolbarButton(this);
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->SetPicture(icon);
+    connect(button, &ToolbarButton::clicked, this, [this, key] { Q_EMIT ButtonClick(key); });
+    Add(key, button);
+}
+
+void Toolbar::AddSeparator()
+{
+    Row(*this)->insertWidget(Row(*this)->count() - 1, new Separator(this));
+}
+
+void Toolbar::AddPlaceholder(const QString& key, int width)
+{
+    auto* placeholder = new QWidget(this);
+    placeholder->setFixedSize(width, g_buttonSize.height());
+    Row(*this)->insertSpacing(Row(*this)->count() - 1, g_placeholderGap);
+    Add(key, placeholder);
+}
+
+void Toolbar::Add(const QString& key, QWidget* item)
+{
+    item->setObjectName(key);
+    Row(*this)->insertWidget(Row(*this)->count() - 1, item); // before the stretch
+    m_keys.append(key);
+    m_items[key] = item;
+}
+
+QWidget& Toolbar::Item(const QString& key) const
+{
+    const auto found = m_items.find(key);
+    if (found == m_items.end()) throw RunTimeError{g_elementNotFound, QStringLiteral("Element not found")};
+    return *found->second;
+}
+
+ToolbarButton& Toolbar::Buttons(const QString& key) const
+{
+    auto* button = qobject_cast<ToolbarButton*>(&Item(key));
+    if (!button) throw RunTimeError{g_elementNotFound, QStringLiteral("Element not found")};
+    return *button;
+}
+
+QWidget& Toolbar::Placeholder(const QString& key) const
+{
+    layout()->activate();
+    return Item(key);
+}
+
+QStringList Toolbar::Keys() const
+{
+    return m_keys;
+}
+
+QSize Toolbar::sizeHint() const
+{
+    return layout()->sizeHint();
+}
+
+void Toolbar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), g_band);
+    // Both edges: the bar stands below the menu or above the window's lower edge.
+    painter.fillRect(0, 0, width(), 1, paper::Hairline);
+    painter.fillRect(0, height() - 1, width(), 1, paper::Hairline);
+}
+
+void Toolbar::mousePressEvent(QMouseEvent* event)
+{
+    lower(); // what is laid over the placeholders stays on top
+    if (event->button() == Qt::LeftButton) m_pressed = event->position().toPoint();
+}
+
+void Toolbar::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_pressed) return;
+    if (!(event->buttons() & Qt::LeftButton)) return EndDrag(); // the release went elsewhere
+    const QPoint way = event->position().toPoint() - *m_pressed;
+    if (!m_outline && way.manhattanLength() >= QApplication::startDragDistance()) BeginDrag();
+    if (m_outline) m_outline->move(pos() + way);
+}
+
+void Toolbar::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) return;
+    const bool dragged = m_outline;
+    EndDrag();
+    if (dragged) Q_EMIT Dropped(mapToParent(event->position().toPoint()));
+}
+
+void Toolbar::BeginDrag()
+{
+    m_outline = new QRubberBand(QRubberBand::Rectangle, parentWidget());
+    m_outline->resize(size());
+    m_outline->show();
+    setCursor(Qt::SizeAllCursor);
+    qApp->installEventFilter(this); // Esc goes to whatever has the focus
+}
+
+void Toolbar::EndDrag()
+{
+    m_pressed.reset();
+    if (!m_outline) return;
+    delete m_outline;
+    unsetCursor();
+    qApp->removeEventFilter(this);
+}
+
+bool Toolbar::eventFilter(QObject* object, QEvent* event)
+{
+    const auto type = event->type();
+    const bool key = type == QEvent::ShortcutOverride || type == QEvent::KeyPress;
+    if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        if (type == QEvent::KeyPress) EndDrag();
+        return true;
+    }
+    // The release never comes once a box has opened or the bar is gone.
+    const bool lost = type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate;
+    if (lost || (type == QEvent::Hide && object == this)) EndDrag();
+    return false;
+}
