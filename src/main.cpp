@@ -1,4 +1,11 @@
-int main()
+#include "shell/startup.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv)
 {
-    return 0;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orrelin"));
+    QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
+    return RunOrrelin(application);
 }

@@ -143,7 +143,8 @@ inline void AnswerNextFileDialog(const QString& path)
     OnNextModal<QFileDialog>([=](QFileDialog& dialog) {
         auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         // Without the focus the dialog takes what is typed for a choice in its list.
-        Q_UNUSED(QTest::qWaitForWindowActive(&dialog));
+        // Its window alone would count as active while its owner is.
+        Q_UNUSED(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }));
         edit->setFocus();
         edit->selectAll();
         for (const QChar letter : path)

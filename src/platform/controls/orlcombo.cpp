@@ -17,7 +17,7 @@ namespace {
 constexpr QSize g_swatchSize{12, 12};
 constexpr int g_textMargin = 9;
 constexpr int g_arrowWidth = 24;
-constexpr int g_height = 28; // at least; grows with the font
+constexpr int g_height = 28;
 
 constexpr int g_sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
@@ -125,7 +125,7 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setStyle(style);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setMinimumHeight(g_height);
+    setFixedHeight(g_height);
     setIconSize(g_swatchSize);
     setMaxVisibleItems(18);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // never looks through the entries

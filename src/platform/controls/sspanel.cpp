@@ -123,6 +123,13 @@ void SSPanel::SetFrame(const QColor& frame)
     update();
 }
 
+void SSPanel::SetActive(bool active)
+{
+    if (active == m_active) return;
+    m_active = active;
+    update();
+}
+
 void SSPanel::Rearrange()
 {
     m_arranged = false;
@@ -165,8 +172,9 @@ void SSPanel::PaintLines(QPainter& painter) const
     for (const auto& [edge, line] : sides) {
         if (m_edges & edge) painter.fillRect(line, paper::Hairline);
     }
-    if (!m_frame.isValid()) return;
-    painter.setPen(QPen(m_frame, g_frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const QColor frame = m_active ? paper::Accent : m_frame;
+    if (!frame.isValid()) return;
+    painter.setPen(QPen(frame, g_frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 

@@ -51,6 +51,7 @@ public:
     void SetEdges(Qt::Edges edges);
     // A thin frame inside the panel: today, the cell with the caret. An invalid colour takes it away.
     void SetFrame(const QColor& frame);
+    void SetActive(bool active); // the accent's frame, in front of the other one
 
 Q_SIGNALS:
     void Click();
@@ -76,6 +77,7 @@ private:
     std::uint32_t m_foreColor = 0;
     QColor m_paper;
     QColor m_frame;
+    bool m_active = false;
     Qt::Edges m_edges;
     bool m_pressed = false;
 

@@ -73,8 +73,9 @@ void ToolbarButton::keyPressEvent(QKeyEvent* event)
 
 const QPixmap& ToolbarButton::Picture()
 {
-    const qreal ratio = devicePixelRatioF();
-    if (std::exchange(m_pictureRatio, ratio) != ratio) m_picture = QIcon(m_file).pixmap(g_pictureSize, ratio);
+    if (m_picture.isNull() || m_picture.devicePixelRatio() != devicePixelRatioF()) {
+        m_picture = QIcon(m_file).pixmap(g_pictureSize, devicePixelRatioF());
+    }
     return m_picture;
 }
 
@@ -193,7 +194,10 @@ void Toolbar::paintEvent(QPaintEvent*)
 void Toolbar::mousePressEvent(QMouseEvent* event)
 {
     lower(); // what is laid over the placeholders stays on top
-    if (event->button() == Qt::LeftButton) m_pressed = event->position().toPoint();
+    const QPoint point = event->position().toPoint();
+    const bool onButton =
+        qobject_cast<ToolbarButton*>(childAt(point)) != nullptr; // a disabled one lets presses through
+    if (event->button() == Qt::LeftButton && !onButton) m_pressed = point;
 }
 
 void Toolbar::mouseMoveEvent(QMouseEvent* event)

@@ -35,8 +35,7 @@ private:
     int m_value = 0;
     bool m_mixed = false;
     QString m_file;
-    QPixmap m_picture;
-    qreal m_pictureRatio = 0; // the pixel ratio that it was drawn for
+    QPixmap m_picture; // at the screen's pixel ratio
 };
 
 class Toolbar : public QWidget

@@ -6,7 +6,7 @@
 
 namespace msgbox {
 inline constexpr int Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7;
-inline constexpr int YesNo = 4;
+inline constexpr int YesNo = 4, RetryCancel = 5;
 inline constexpr int Critical = 16, Question = 32, Exclamation = 48, Information = 64;
 inline constexpr int DefaultButton2 = 256;
 } // namespace msgbox

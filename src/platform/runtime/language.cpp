@@ -2,6 +2,7 @@
 
 #include "platform/runtime/runtimeerror.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -64,7 +65,7 @@ double Val(QStringView text)
     text = WithoutLeadingBlanks(text);
     if (text.startsWith(QLatin1StringView("&H"), Qt::CaseInsensitive)) return HexadecimalValue(text.sliced(2));
     const double value = text.first(NumberLength(text)).toDouble();
-    return std::isfinite(value) ? value : 0;
+    return std::clamp(value, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
 }
 
 std::int16_t CInt(qint64 value)

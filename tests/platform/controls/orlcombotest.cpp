@@ -10,44 +10,42 @@
 #include <QTimer>
 #include <QWheelEvent>
 
-using namespace Qt::StringLiterals;
-
 namespace {
-struct Colors : ORLCombo
+// The events of a box in the order in which they came, each with the text of that moment.
+class Record : public QObject
 {
-    explicit Colors(QWidget* parent = nullptr) : ORLCombo(parent)
+public:
+    explicit Record(ORLCombo& combo)
     {
-        FillColors();
-        resize(sizeHint());
-        connect(this, &ORLCombo::Click, this, [this] { Events += "Click"_L1; });
-        connect(this, &ORLCombo::Change, this, [this] { Events += Text(); });
+        connect(&combo, &ORLCombo::Click, this, [this] { Events += QStringLiteral("Click"); });
+        connect(&combo, &ORLCombo::Change, this, [this, &combo] { Events += combo.Text(); });
     }
-    void Open()
-    {
-        QTest::mouseClick(this, Qt::LeftButton, {}, rect().center());
-        QTRY_VERIFY(view()->isVisible());
-        QTest::qWait(QApplication::doubleClickInterval() + 50); // a release this soon would count as the opening one's
-    }
-    void Choose(int row)
-    {
-        Open();
-        const auto place = view()->visualRect(model()->index(row, 0)).center();
-        QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, place);
-        QTRY_VERIFY(!view()->isVisible());
-    }
-    QStringList Events; // each Change as the text of that moment
+    QStringList Events;
 };
 
-struct Note : QTextEdit
+class Note : public QTextEdit
 {
+public:
     using QTextEdit::QTextEdit;
-    QSet<Qt::FocusReason> Reasons;
+    QList<Qt::FocusReason> Reasons;
+
+protected:
     void focusInEvent(QFocusEvent* event) override
     {
         Reasons += event->reason();
         QTextEdit::focusInEvent(event);
     }
 };
+
+void ChooseByMouse(ORLCombo& combo, int row)
+{
+    QTest::mouseClick(&combo, Qt::LeftButton, {}, combo.rect().center());
+    QTRY_VERIFY(combo.view()->isVisible());
+    QTest::qWait(QApplication::doubleClickInterval() + 50); // a release this soon counts as that of the opening press
+    const auto index = combo.model()->index(row, 0);
+    QTest::mouseClick(combo.view()->viewport(), Qt::LeftButton, {}, combo.view()->visualRect(index).center());
+    QTRY_VERIFY(!combo.view()->isVisible());
+}
 } // namespace
 
 class ORLComboTest : public QObject
@@ -55,40 +53,70 @@ class ORLComboTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void ListsHoldTheirEntries()
+    {
+        ORLCombo sizes, colors;
+        sizes.FillFontSizes();
+        colors.FillColors();
+        QCOMPARE(sizes.ListCount(), 18);
+        for (int i = 0; i < sizes.ListCount(); ++i)
+            QCOMPARE(QString::number(sizes.List(i).toInt()), sizes.List(i));
+        QCOMPARE(sizes.List(0) + sizes.List(2) + sizes.List(17), QStringLiteral("6872"));
+        QCOMPARE(colors.ListCount(), 17);
+        QCOMPARE(colors.List(13), QStringLiteral("Fuschia"));
+        QCOMPARE(colors.List(ORLCombo::BlankColor), QString());
+        QCOMPARE(colors.ListIndex(), -1);
+    }
+
     void FontsAreReadWhenLookedInto()
     {
-        ORLCombo fonts, keyed;
+        ORLCombo fonts;
         fonts.FillFontNames();
-        keyed.FillFontNames();
         fonts.show();
         QVERIFY(QTest::qWaitForWindowExposed(&fonts));
         QCOMPARE(fonts.count(), 0);
+        QVERIFY(fonts.ListCount() > 0);
+        QCOMPARE(fonts.ListIndex(), -1);
         QSet<QString> names;
         for (int i = 0; i < fonts.ListCount(); ++i)
             names += fonts.List(i);
-        QCOMPARE(fonts.ListIndex(), -1);
         QCOMPARE(names.size(), fonts.ListCount());
         for (const QString& family : QFontDatabase::families()) {
-            QVERIFY(QFontDatabase::isPrivateFamily(family) || names.contains(family.section(" ["_L1, 0, 0)));
+            if (!QFontDatabase::isPrivateFamily(family))
+                QVERIFY(names.contains(family.section(QStringLiteral(" ["), 0, 0)));
         }
+
+        ORLCombo keyed;
+        keyed.FillFontNames();
         QTest::keyClick(&keyed, Qt::Key_Down);
         QCOMPARE(keyed.Text(), fonts.List(0));
     }
 
-    void TheProgramChoosesInSilence()
+    void TheProgramRaisesNoEvent()
     {
-        Colors colors;
-        QCOMPARE(colors.ListIndex(), -1);
-        for (int i = 0; i < ORLCombo::BlankColor; ++i) {
-            colors.SetListIndex(i);
-            const QColor square(colors.grab().toImage().pixel(15, colors.height() / 2));
-            QCOMPARE(square, QColor(colors.Text().replace("Fuschia"_L1, "fuchsia"_L1)));
-        }
-        colors.SetListIndex(ORLCombo::BlankColor);
+        ORLCombo colors;
+        colors.FillColors();
+        const Record record(colors);
+        colors.SetListIndex(9);
+        QCOMPARE(colors.Text(), QStringLiteral("Red"));
+        colors.SetListIndex(-1);
         QCOMPARE(colors.Text(), QString());
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(17), RunTimeError);
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(-2), RunTimeError);
-        QCOMPARE(colors.Events, QStringList());
+        QCOMPARE(record.Events, QStringList());
+    }
+
+    void EachSquareHasItsColor()
+    {
+        ORLCombo colors;
+        colors.FillColors();
+        colors.resize(colors.sizeHint());
+        for (int i = 0; i < ORLCombo::BlankColor; ++i) {
+            colors.SetListIndex(i);
+            const QColor shown(colors.grab().toImage().pixel(15, colors.height() / 2));
+            const QString name = colors.List(i).replace(QStringLiteral("sch"), QStringLiteral("chs"));
+            QCOMPARE(shown, QColor(name));
+        }
     }
 
     void TheMouseLeavesTheCaretInItsNote()
@@ -96,79 +124,112 @@ private Q_SLOTS:
         QWidget window;
         Note note(&window);
         note.setGeometry(0, 60, 300, 100);
-        note.setPlainText(u"bread"_s);
-        Colors colors(&window);
+        ORLCombo colors(&window);
+        colors.FillColors();
+        colors.resize(colors.sizeHint());
         window.show();
+        note.setPlainText(QStringLiteral("buy bread"));
         note.setFocus();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        note.moveCursor(QTextCursor::Right, QTextCursor::KeepAnchor);
+        QTest::keyClick(&note, Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+        const QString selected = note.textCursor().selectedText();
+        QVERIFY(!selected.isEmpty());
         note.Reasons.clear();
-        colors.Choose(13);
-        colors.Choose(13); // what the box shows need not be what the selection has
-        colors.Open();
-        QTest::keyClick(colors.view(), Qt::Key_Escape);
-        QTRY_COMPARE(QApplication::focusWidget(), &note);
-        QCOMPARE(colors.Events.join(u' '), u"Click Fuschia Click Fuschia Click"_s);
-        note.Reasons -= {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason};
-        QVERIFY(note.Reasons.isEmpty());
-        QTest::keyClick(&note, Qt::Key_T);
-        QCOMPARE(note.toPlainText(), u"tread"_s);
-    }
+        const Record record(colors);
 
-    void TheListOpensAfterABoxThatClickShowed()
-    {
-        Colors colors;
-        colors.show();
-        QVERIFY(QTest::qWaitForWindowActive(&colors));
-        connect(&colors, &ORLCombo::Click, &colors, [&] {
-            QMessageBox box;
-            QTimer::singleShot(0, &box, [&] { QTest::keyClick(&box, Qt::Key_Escape); });
-            box.exec();
-            colors.Events += u"box"_s;
-        });
-        colors.Choose(4);
-        QCOMPARE(colors.Events.join(u' '), u"Click box Navy"_s);
+        ChooseByMouse(colors, 13);
+        QCOMPARE(record.Events, QStringList({QStringLiteral("Click"), QStringLiteral("Fuschia")}));
+        // The box may show what the selection does not have, so the entry that it shows can be chosen.
+        ChooseByMouse(colors, 13);
+        QCOMPARE(record.Events.size(), 4);
+        // A list that is closed without a choice changes nothing.
+        QTest::mouseClick(&colors, Qt::LeftButton, {}, colors.rect().center());
+        QTRY_VERIFY(colors.view()->isVisible());
+        QTest::keyClick(colors.view(), Qt::Key_Escape);
+        QTRY_VERIFY(!colors.view()->isVisible());
+        QCOMPARE(record.Events.size(), 5);
+
+        QTRY_COMPARE(QApplication::focusWidget(), &note);
+        QCOMPARE(note.textCursor().selectedText(), selected);
+        for (const auto reason : note.Reasons) {
+            QVERIFY(reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason);
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_X);
+        QVERIFY(note.toPlainText().startsWith(u'x'));
     }
 
     void KeysChoose_data()
     {
         QTest::addColumn<QList<int>>("keys");
-        QTest::addColumn<QString>("events");
-        QTest::newRow("arrow") << QList<int>{Qt::Key_Down} << u"Click Maroon"_s;
-        QTest::newRow("arrow at the end") << QList<int>{Qt::Key_Up} << QString();
-        QTest::newRow("letter") << QList<int>{Qt::Key_F} << u"Click Fuschia"_s;
-        QTest::newRow("list") << QList<int>{Qt::Key_F4, Qt::Key_Down, Qt::Key_Return} << u"Click Maroon"_s;
-        QTest::newRow("list left") << QList<int>{Qt::Key_F4, Qt::Key_Escape, Qt::Key_Down} << u"Click Click Maroon"_s;
+        QTest::addColumn<QStringList>("events");
+        const QString click = QStringLiteral("Click");
+        QTest::newRow("arrow") << QList<int>{Qt::Key_Down} << QStringList{click, QStringLiteral("Maroon")};
+        QTest::newRow("arrow at the end") << QList<int>{Qt::Key_Up} << QStringList{};
+        QTest::newRow("letter") << QList<int>{Qt::Key_F} << QStringList{click, QStringLiteral("Fuschia")};
+        QTest::newRow("list") << QList<int>{Qt::Key_F4, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}
+                              << QStringList{click, QStringLiteral("Green")};
+        QTest::newRow("list left, then an arrow") << QList<int>{Qt::Key_F4, Qt::Key_Escape, Qt::Key_Down}
+                                                  << QStringList{click, click, QStringLiteral("Maroon")};
     }
 
     void KeysChoose()
     {
         QFETCH(QList<int>, keys);
-        QFETCH(QString, events);
-        Colors colors;
+        QFETCH(QStringList, events);
+        ORLCombo colors;
+        colors.FillColors();
         colors.SetListIndex(0);
         colors.show();
         QVERIFY(QTest::qWaitForWindowActive(&colors));
         colors.setFocus(Qt::TabFocusReason);
+        const Record record(colors);
         for (const int key : keys) {
             const bool open = QApplication::activePopupWidget();
             QTest::keyClick(open ? static_cast<QWidget*>(colors.view()) : &colors, Qt::Key(key));
         }
-        QCOMPARE(colors.Events.join(u' '), events);
+        QCOMPARE(record.Events, events);
+    }
+
+    void TheListOpensAfterABoxThatClickShowed()
+    {
+        ORLCombo colors;
+        colors.FillColors();
+        colors.show();
+        QVERIFY(QTest::qWaitForWindowActive(&colors));
+        bool answered = false;
+        connect(&colors, &ORLCombo::Click, &colors, [&] {
+            QMessageBox box(QMessageBox::Information, QString(), QStringLiteral("Please lock the day"));
+            QTimer::singleShot(0, &box, [&] {
+                QTest::keyClick(&box, Qt::Key_Return);
+                answered = true;
+            });
+            box.exec();
+        });
+        const Record record(colors);
+        ChooseByMouse(colors, 4);
+        QVERIFY(answered);
+        QCOMPARE(record.Events, QStringList({QStringLiteral("Click"), QStringLiteral("Navy")}));
     }
 
     void TheWheelChoosesOnlyWithTheFocus()
     {
-        Colors colors;
-        colors.show();
-        QVERIFY(QTest::qWaitForWindowActive(&colors));
-        for (const bool focus : {false, true}) {
-            focus ? colors.setFocus() : colors.clearFocus();
-            QWheelEvent turn({5, 5}, colors.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
-                             false);
-            QApplication::sendEvent(&colors, &turn);
-            QCOMPARE(colors.Events.size(), focus ? 2 : 0);
-        }
+        ORLCombo sizes;
+        sizes.FillFontSizes();
+        sizes.SetListIndex(4);
+        sizes.show();
+        QVERIFY(QTest::qWaitForWindowActive(&sizes));
+        const Record record(sizes);
+        const auto turn = [&] {
+            QWheelEvent event(QPointF(5, 5), sizes.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&sizes, &event);
+        };
+        sizes.clearFocus();
+        turn();
+        QCOMPARE(record.Events, QStringList());
+        sizes.setFocus(Qt::TabFocusReason);
+        turn();
+        QCOMPARE(record.Events, QStringList({QStringLiteral("Click"), QStringLiteral("11")}));
     }
 };
 

@@ -1,0 +1,152 @@
+#include "calendar/ccalendarview.h"
+
+#include "appearance/panelstyle.h"
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "calendar/modshow.h"
+#include "calendar/redraw.h"
+#include "plannerfile/alarmmarks.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/controls/visible.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/runtime/errortail.h"
+#include "shell/settings.h"
+
+namespace {
+constexpr int Columns = 7;
+constexpr int Rows = 5;
+
+// Where the note stands in its panel: below the caption, clear of the frame.
+constexpr int NoteLeft = 6, NoteTop = 20, NoteNarrower = 12, NoteLower = 25;
+} // namespace
+
+CCalendarView::CCalendarView(Cells& cells)
+    : m_cells(cells), m_iViewMode(Read(settings::ViewPref)), m_bStartsMinimized(Read(settings::Minimized) == 1)
+{
+    if (m_iViewMode == ViewMode::Week) LoadCells(FirstWeekCell, LastWeekCell);
+    if (m_iViewMode == ViewMode::Month) LoadCells(FirstMonthCell, LastMonthCell);
+    for (int day = 1; day < Columns; ++day)
+        m_cells.lblDayOfWeek.Load(day);
+}
+
+void CCalendarView::LoadCells(int first, int last)
+{
+    bool& loaded = first == FirstWeekCell ? m_bWeekPanelsLoaded : m_bMonthPanelsLoaded;
+    if (loaded) return;
+    for (int cell = first; cell <= last; ++cell) {
+        m_cells.panelDay.Load(cell);
+        m_cells.tbDay.Load(cell);
+    }
+    loaded = true;
+}
+
+void CCalendarView::Show(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom)
+{
+    const ErrorTail tail(QLatin1StringView(" in CCalendarView, Show"));
+    SetMousePointer(mousepointer::Hourglass);
+    const std::int32_t gridTop = top + m_cells.lblDayOfWeek(0).height();
+    tail([&] { PosDayOfWeek({left, top, right, bottom}); });
+    if (m_iViewMode == ViewMode::Week) tail([&] { PosWeekPanels({left, gridTop, right, bottom}); });
+    if (m_iViewMode == ViewMode::Month) tail([&] { PosMonthPanels({left, gridTop, right, bottom}); });
+    SetMousePointer(mousepointer::Default);
+    m_rcView = {left, top, right, bottom};
+}
+
+void CCalendarView::PosDayOfWeek(const Rectangle& area)
+{
+    const int width = (area.right - area.left) / Columns;
+    const int rest = area.right - area.left - Columns * width;
+    const int font3D = Read(settings::DayOfWeekFont3D);
+    for (int day = 0; day < Columns; ++day) {
+        SSPanel& heading = m_cells.lblDayOfWeek(day);
+        const bool isLast = day == Columns - 1;
+        heading.setGeometry(area.left + day * width, area.top, isLast ? width + rest : width, heading.height());
+        SetVisible(heading, true);
+        if (day > 0) heading.SetCaption(fnDayOfWeekName(day));
+        // A heading's caption is also the name of the section that holds its style.
+        StyleDefaults defaults = settings::DayOfWeek;
+        const QString caption = heading.Caption();
+        defaults.section = caption;
+        ApplyStyle(heading, ReadStyle(defaults));
+        heading.SetFont3D(font3D);
+    }
+}
+
+void CCalendarView::PlaceCell(int cell, int column, int top, int height)
+{
+    const SSPanel& heading = m_cells.lblDayOfWeek(column);
+    SSPanel& panel = m_cells.panelDay(cell);
+    RichTextBox& box = m_cells.tbDay(cell);
+    panel.setGeometry(heading.x(), top, heading.width(), height);
+    box.setGeometry(heading.x() + NoteLeft, top + NoteTop, qMax(0, heading.width() - NoteNarrower),
+                    qMax(0, height - NoteLower));
+    // Lines break at the box's edge, not at a page's width.
+    box.SetRightMargin(0);
+    SetVisible(panel, true);
+    box.raise();
+    SetVisible(box, true);
+}
+
+void CCalendarView::PosWeekPanels(const Rectangle& area)
+{
+    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosWeekPanels"),
+                         {errors::ResumeWithoutError, errors::NoSuchElement});
+    tail([&] { LoadCells(FirstWeekCell, LastWeekCell); });
+    for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
+        tail([&] { PlaceCell(cell, cell - FirstWeekCell, area.top, area.bottom - area.top); });
+    }
+    tail([&] { m_redraw->subDisplayWeek(); });
+    SetViewMode(ViewMode::Week);
+    tail([&] { RestoreAlarmMarks(FirstWeekCell, LastWeekCell); });
+}
+
+void CCalendarView::PosMonthPanels(const Rectangle& area)
+{
+    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosMonthPanels"),
+                         {errors::ResumeWithoutError, errors::NoSuchElement});
+    tail([&] { LoadCells(FirstMonthCell, LastMonthCell); });
+    const int rowHeight = (area.bottom - area.top) / Rows;
+    const int rest = area.bottom - area.top - Rows * rowHeight;
+    for (int cell = FirstMonthCell; cell <= LastMonthCell; ++cell) {
+        const int row = (cell - FirstMonthCell) / Columns;
+        const int column = (cell - FirstMonthCell) % Columns;
+        // The last row takes the remainder and stops one pixel short of the bottom.
+        const int height = row == Rows - 1 ? rowHeight + rest - 1 : rowHeight;
+        tail([&] { PlaceCell(cell, column, area.top + row * rowHeight, height); });
+    }
+    tail([&] { m_redraw->subDisplayMonth(); });
+    SetViewMode(ViewMode::Month);
+    tail([&] { RestoreAlarmMarks(FirstMonthCell, LastMonthCell); });
+}
+
+void CCalendarView::RestoreAlarmMarks(int first, int last)
+{
+    if (g_sDBPath.isEmpty()) return;
+    const ReadTransaction reading(g_dbPlanner);
+    for (int cell = first; cell <= last; ++cell) {
+        if (m_cells.btnTunes.Exists(cell)) {
+            PlaceAlarmIcon(m_cells, cell);
+        } else {
+            subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell);
+        }
+    }
+}
+
+void CCalendarView::Clear()
+{
+    const CellRange range = CellsOf(m_iViewMode);
+    for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
+        SetVisible(m_cells.panelDay(cell), false);
+        SetVisible(m_cells.tbDay(cell), false);
+    }
+    m_cells.Client()->update(m_rcView.left, m_rcView.top, m_rcView.right - m_rcView.left,
+                             m_rcView.bottom - m_rcView.top);
+}
+
+void CCalendarView::GetRect(std::int32_t& left, std::int32_t& top, std::int32_t& right, std::int32_t& bottom) const
+{
+    left = m_rcView.left;
+    top = m_rcView.top;
+    right = m_rcView.right;
+    bottom = m_rcView.bottom;
+}

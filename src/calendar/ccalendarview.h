@@ -1,0 +1,51 @@
+// The grid of cells: creates the month's and the week's cells when they are first needed, places them in a rectangle
+// and has them drawn. Owns the view mode. All lengths are logical pixels of the main window.
+#pragma once
+
+#include "calendar/viewmode.h"
+
+#include <cstdint>
+
+class Cells;
+class Redraw;
+
+struct Rectangle
+{
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;
+    std::int32_t bottom = 0;
+    bool operator==(const Rectangle&) const = default;
+};
+
+class CCalendarView final : public ViewMode
+{
+public:
+    explicit CCalendarView(Cells& cells); // reads VIEWPREF and MINIMIZED, creates the cells of that view
+    void SetRedraw(Redraw& redraw) { m_redraw = &redraw; }
+
+    void SetViewMode(int mode) { m_iViewMode = mode; } // moves and draws nothing
+    int GetViewMode() const override { return m_iViewMode; }
+    bool StartsMinimized() const { return m_bStartsMinimized; }
+
+    // Places and draws the cells of the present mode. Reads no note.
+    void Show(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
+    void Clear(); // hides the cells of the present mode
+    void GetRect(std::int32_t& left, std::int32_t& top, std::int32_t& right, std::int32_t& bottom) const;
+
+private:
+    void LoadCells(int first, int last);
+    void PosDayOfWeek(const Rectangle& area);
+    void PosWeekPanels(const Rectangle& area);
+    void PosMonthPanels(const Rectangle& area);
+    void PlaceCell(int cell, int column, int top, int height);
+    void RestoreAlarmMarks(int first, int last);
+
+    Cells& m_cells;
+    Redraw* m_redraw = nullptr;
+    bool m_bWeekPanelsLoaded = false;
+    bool m_bMonthPanelsLoaded = false;
+    Rectangle m_rcView;
+    std::int32_t m_iViewMode = ViewMode::Month;
+    bool m_bStartsMinimized = false;
+};

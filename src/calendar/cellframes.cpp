@@ -1,0 +1,27 @@
+#include "calendar/cellframes.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "platform/runtime/errortail.h"
+
+#include <QApplication>
+
+CellFrames::CellFrames(Cells& cells) : QObject(&cells), m_cells(cells)
+{
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        guard(QLatin1StringView(" in CCalendarView, CellFrames"), [&] { FollowFocus(now); });
+    });
+}
+
+void CellFrames::FollowFocus(QWidget* now)
+{
+    // A menu or a message box takes the focus away and gives it back: the cell stays the current one.
+    if (!now || !m_cells.Client()->isAncestorOf(now)) return;
+    SSPanel* panel = nullptr;
+    for (int cell = 1; cell <= CellCount && !panel; ++cell) {
+        if (m_cells.tbDay.Exists(cell) && &m_cells.tbDay(cell) == now) panel = &m_cells.panelDay(cell);
+    }
+    if (m_framed) m_framed->SetActive(false);
+    m_framed = panel;
+    if (m_framed) m_framed->SetActive(true);
+}

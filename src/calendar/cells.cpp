@@ -1,0 +1,72 @@
+#include "calendar/cells.h"
+
+#include "platform/controls/paper.h"
+
+#include <QIcon>
+
+Cells::Cells(QWidget* client)
+    : QObject(client), lblDayOfWeek(QStringLiteral("lblDayOfWeek"), [this](int i) { return MakeHeading(i); }),
+      panelDay(QStringLiteral("panelDay"), [this](int i) { return MakePanel(i); }),
+      tbDay(QStringLiteral("tbDay"), [this](int i) { return MakeBox(i); }),
+      btnTunes(QStringLiteral("btnTunes"), [this](int i) { return MakeAlarmMark(i); }), m_client(client)
+{
+    lblDayOfWeek.Load(0).SetCaption(QStringLiteral("Sun"));
+}
+
+SSPanel* Cells::MakeHeading(int index)
+{
+    constexpr int HeadingHeight = 31;
+    auto* heading = new SSPanel(m_client);
+    heading->hide();
+    heading->resize(0, HeadingHeight);
+    heading->SetPaper(paper::Band);
+    heading->SetEdges(Qt::RightEdge | Qt::BottomEdge);
+    heading->SetCaptionAlignment(SSPanel::CenterMiddle);
+    heading->setToolTip(QStringLiteral("Double click to change fonts"));
+    connect(heading, &SSPanel::DblClick, this, [this, index] { Q_EMIT HeadingDblClick(index); });
+    return heading;
+}
+
+SSPanel* Cells::MakePanel(int index)
+{
+    auto* panel = new SSPanel(m_client);
+    panel->hide();
+    panel->SetEdges(Qt::RightEdge | Qt::BottomEdge);
+    connect(panel, &SSPanel::Click, this, [this, index] { Q_EMIT PanelClick(index); });
+    connect(panel, &SSPanel::DblClick, this, [this, index] { Q_EMIT PanelDblClick(index); });
+    return panel;
+}
+
+RichTextBox* Cells::MakeBox(int index)
+{
+    auto* box = new RichTextBox(m_client);
+    box->hide();
+    // No planner is open yet, or its notes are not read: what would be typed now would have no place.
+    box->SetLocked(true);
+    if (m_boxFilter) box->installEventFilter(m_boxFilter);
+    connect(box, &RichTextBox::GotFocus, this, [this, index] { Q_EMIT GotFocus(index); });
+    connect(box, &RichTextBox::Click, this, [this, index] { Q_EMIT Click(index); });
+    connect(box, &RichTextBox::MouseDown, this,
+            [this, index](int button, const QPoint& at) { Q_EMIT MouseDown(index, button, at); });
+    connect(box, &RichTextBox::MouseMove, this, [this, index] { Q_EMIT MouseMove(index); });
+    connect(box, &RichTextBox::Change, this, [this, index] { Q_EMIT Change(index); });
+    connect(box, &RichTextBox::SelChange, this, [this, index] { Q_EMIT SelChange(index); });
+    connect(box, &RichTextBox::KeyPress, this, [this, index](int& key) { Q_EMIT KeyPress(index, key); });
+    connect(box, &RichTextBox::PasteRequested, this,
+            [this, index](bool& allowed) { Q_EMIT PasteRequested(index, allowed); });
+    return box;
+}
+
+QToolButton* Cells::MakeAlarmMark(int index)
+{
+    constexpr int MarkSize = 20;
+    auto* mark = new QToolButton(m_client);
+    mark->hide();
+    mark->resize(MarkSize, MarkSize);
+    mark->setIcon(QIcon(QStringLiteral(":/icons/alarm.svg")));
+    mark->setFocusPolicy(Qt::TabFocus);
+    mark->setToolTip(QStringLiteral("Alarm"));
+    mark->setAccessibleName(QStringLiteral("Alarm"));
+    connect(mark, &QToolButton::clicked, this, [this, index] { Q_EMIT AlarmMarkClick(index); });
+    return mark;
+}

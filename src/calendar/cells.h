@@ -1,0 +1,51 @@
+// The calendar's controls: the arrays of cells and headings, with their events by index. No behaviour: what an event
+// does stands with the subject it belongs to.
+#pragma once
+
+#include "platform/controls/controlarray.h"
+#include "platform/controls/sspanel.h"
+#include "platform/richtext/richtextbox.h"
+
+#include <QObject>
+#include <QToolButton>
+
+class Cells : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The controls become children of the client area. Nothing is loaded yet but heading 0, which the form brings.
+    explicit Cells(QWidget* client);
+
+    QWidget* Client() const { return m_client; }
+    // Sees the events of every box that is loaded from now on.
+    void SetBoxFilter(QObject* filter) { m_boxFilter = filter; }
+
+    ControlArray<SSPanel> lblDayOfWeek; // 0 to 6, Sunday first
+    ControlArray<SSPanel> panelDay;     // 1 to 35 the month's grid, 36 to 42 the week's row
+    ControlArray<RichTextBox> tbDay;    // the note of the cell with the same index
+    ControlArray<QToolButton> btnTunes; // the alarm mark, loaded for the cells that have one
+
+Q_SIGNALS:
+    void PanelClick(int Index);
+    void PanelDblClick(int Index);
+    void HeadingDblClick(int Index);
+    void AlarmMarkClick(int Index);
+    void GotFocus(int Index);
+    void Click(int Index);
+    void MouseDown(int Index, int Button, const QPoint& globalPosition);
+    void MouseMove(int Index);
+    void Change(int Index);
+    void SelChange(int Index);
+    void KeyPress(int Index, int& KeyAscii);
+    void PasteRequested(int Index, bool& allowed);
+
+private:
+    SSPanel* MakeHeading(int index);
+    SSPanel* MakePanel(int index);
+    RichTextBox* MakeBox(int index);
+    QToolButton* MakeAlarmMark(int index);
+
+    QWidget* m_client;
+    QObject* m_boxFilter = nullptr;
+};

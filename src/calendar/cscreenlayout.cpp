@@ -1,0 +1,130 @@
+#include "calendar/cscreenlayout.h"
+
+#include "calendar/cstatusbarview.h"
+#include "calendar/ctoolbarview.h"
+#include "platform/desktop/twips.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "shell/settings.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+namespace {
+constexpr int SmallestWidth = 480, SmallestHeight = 360;
+
+// A stored dimension in pixels, or the default where the key is missing.
+int Dimension(const TextSetting& setting, int defaultPixels)
+{
+    const QString stored = Read(setting);
+    if (stored.isEmpty()) return defaultPixels;
+    constexpr double Bound = 1e6;
+    return static_cast<int>(qBound(-Bound, Val(stored) / TwipsPerPixel, Bound));
+}
+
+// A window that can be dragged by its title is left where it was, however little of it shows.
+bool TitleBarShows(const QRect& window)
+{
+    constexpr int Grip = 40;
+    const QRect title(window.x(), window.y() - Grip / 2, window.width(), Grip);
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect visible = title.intersected(screen->availableGeometry());
+        if (visible.width() >= Grip && visible.height() >= Grip / 2) return true;
+    }
+    return false;
+}
+
+QRect Reachable(QRect window)
+{
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    window.setSize(window.size().expandedTo({SmallestWidth, SmallestHeight}));
+    if (TitleBarShows(window)) return window;
+    window.setSize(window.size().boundedTo(area.size()));
+    window.moveCenter(area.center());
+    return window;
+}
+
+bool HasStoredPlace()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}
+} // namespace
+
+void CScreenLayout::RestoreRectangle()
+{
+    constexpr int Inset = 30 / TwipsPerPixel;
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    const int left = Dimension(settings::MainLeft, area.left() + Inset);
+    const int top = Dimension(settings::MainTop, area.top() + Inset);
+    const int right = Dimension(settings::MainRight, area.width() - Inset);
+    const int bottom = Dimension(settings::MainBottom, area.height() - Inset);
+    const QRect window = Reachable(QRect(left, top, right - left, bottom - top));
+    m_window.resize(window.size());
+    if (HasStoredPlace()) m_window.move(window.topLeft());
+}
+
+void CScreenLayout::ShowWindow(bool minimized)
+{
+    m_bMoving = true;
+    RestoreRectangle();
+    if (minimized) {
+        m_window.showMinimized();
+    } else {
+        m_window.show();
+    }
+    m_bMoving = false;
+}
+
+std::optional<Rectangle> CScreenLayout::WindowPlace() const
+{
+    if (m_window.isMinimized()) return std::nullopt;
+    const QPoint at = m_window.pos();
+    return Rectangle{at.x(), at.y(), at.x() + m_window.width(), at.y() + m_window.height()};
+}
+
+void CScreenLayout::DestroyWindow(const std::optional<Rectangle>& place)
+{
+    if (!place) return;
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    // Where windows cannot know their place, the one stored elsewhere stays, with the new size.
+    const int left = HasStoredPlace() ? place->left : Dimension(settings::MainLeft, 0);
+    const int top = HasStoredPlace() ? place->top : Dimension(settings::MainTop, 0);
+    Write(settings::MainLeft, TrimmedStr(ToTwips(left)));
+    Write(settings::MainTop, TrimmedStr(ToTwips(top)));
+    Write(settings::MainRight, TrimmedStr(ToTwips(left + place->right - place->left)));
+    Write(settings::MainBottom, TrimmedStr(ToTwips(top + place->bottom - place->top)));
+}
+
+void CScreenLayout::GetClientRect(std::int32_t& left, std::int32_t& top, std::int32_t& right,
+                                  std::int32_t& bottom) const
+{
+    left = top = 0;
+    right = m_client.width();
+    bottom = m_client.height();
+}
+
+bool CScreenLayout::ClientRectChanged() const
+{
+    Rectangle now;
+    GetClientRect(now.left, now.top, now.right, now.bottom);
+    return !(now == m_rcClient);
+}
+
+void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CStatusbarView& statusbar, CCalendarView& calendar)
+{
+    if (m_bMoving) return;
+    const ErrorTail tail(QLatin1StringView(" in CScreenLayout, RefreshLayout"));
+    tail([&] { toolbar.ShowControl(); });
+    std::int32_t left = 0, top = 0, right = 0, bottom = 0;
+    GetClientRect(left, top, right, bottom);
+    m_rcClient = {left, top, right, bottom};
+    const bool atBottom = toolbar.IsVisible() && toolbar.GetAlignment() == CToolbarView::AlignBottom;
+    const int above = toolbar.IsVisible() && !atBottom ? toolbar.Height() : 0;
+    const int below = atBottom ? toolbar.Height() : 0;
+    const int barHeight = statusbar.Height();
+    // The bar under the status bar takes a line of its own; above the calendar it takes none.
+    tail([&] { statusbar.ShowControl(left, bottom - below - barHeight, right, bottom - below - 1); });
+    tail([&] { calendar.Show(left, top + above, right, bottom - barHeight - below); });
+}

@@ -1,0 +1,37 @@
+#include "calendar/ctoolbarview.h"
+
+#include "platform/controls/toolbar.h"
+#include "platform/controls/visible.h"
+#include "shell/menus.h"
+#include "shell/settings.h"
+
+CToolbarView::CToolbarView(Toolbar& tbTop, Menus& menus)
+    : m_tbTop(tbTop), m_menus(menus), m_bVisible(Read(settings::ToolbarVisible) != 0),
+      m_iAlignment(Read(settings::ToolbarAlignment))
+{
+    UpdateMenus();
+}
+
+int CToolbarView::Height() const
+{
+    return m_tbTop.sizeHint().height();
+}
+
+void CToolbarView::ShowControl()
+{
+    SetVisible(m_tbTop, m_bVisible);
+    if (!m_bVisible) return;
+    const QRect client = m_tbTop.parentWidget()->rect();
+    m_tbTop.setGeometry(0, m_iAlignment == AlignBottom ? client.height() - Height() : 0, client.width(), Height());
+}
+
+void CToolbarView::UpdateMenus()
+{
+    m_menus(QLatin1StringView("mnuViewTBVisible")).SetChecked(m_bVisible);
+    MenuItem& top = m_menus(QLatin1StringView("mnuViewTBAlignTop"));
+    MenuItem& bottom = m_menus(QLatin1StringView("mnuViewTBAlignBottom"));
+    top.SetEnabled(m_bVisible);
+    bottom.SetEnabled(m_bVisible);
+    top.SetChecked(m_iAlignment == AlignTop);
+    bottom.SetChecked(m_iAlignment != AlignTop);
+}

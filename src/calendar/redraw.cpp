@@ -1,0 +1,158 @@
+#include "calendar/redraw.h"
+
+#include "appearance/panelstyle.h"
+#include "calendar/bottompanel.h"
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "calendar/modshow.h"
+#include "calendar/viewmode.h"
+#include "plannerfile/alarmmarks.h"
+#include "platform/controls/paper.h"
+#include "platform/desktop/clock.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "shell/settings.h"
+
+namespace {
+QDate Today()
+{
+    return desktopclock::Now().date();
+}
+
+bool ShowsTodaysMonth()
+{
+    return Today().year() == g_iYear && Today().month() == g_iMonth;
+}
+
+// The styles of a redraw, read once for all of its cells.
+struct CellStyles
+{
+    PanelStyle memo;
+    PanelStyle daily;
+    PanelStyle today;
+    int font3D;
+};
+
+void ShowSlot(SSPanel& panel, const DaySlot& slot, const CellStyles& styles)
+{
+    const bool isToday = !slot.isMemo && ShowsTodaysMonth() && slot.number == Today().day();
+    panel.SetCaption(slot.Caption());
+    ApplyStyle(panel, slot.isMemo ? styles.memo : isToday ? styles.today : styles.daily);
+    panel.SetFont3D(styles.font3D);
+    panel.SetPaper(slot.isMemo ? paper::MemoPaper : isToday ? paper::Today : paper::Paper);
+    panel.SetFrame(isToday ? paper::TodayFrame : QColor());
+}
+
+// How many days at the start of the shown month are past, by the clock: none, those before today, or all.
+int PastDays()
+{
+    constexpr int All = 32;
+    const QDate today = Today();
+    if (g_iYear != today.year()) return g_iYear < today.year() ? All : 0;
+    if (g_iMonth != today.month()) return g_iMonth < today.month() ? All : 0;
+    return today.day() - 1;
+}
+} // namespace
+
+QString MonthTitle()
+{
+    return fnMonthName(g_iMonth) + Str(g_iYear);
+}
+
+void Redraw::DisplayMonthCells()
+{
+    const CellStyles styles = {ReadStyle(settings::MemoPanel), ReadStyle(settings::DailyPanel),
+                               ReadStyle(settings::TodayPanel), Read(settings::DailyFont3D)};
+    const std::int16_t firstWeekday = fnFirstDayOfMonth();
+    const auto grid = MonthGrid(firstWeekday, fnDaysInMonth());
+    for (int cell = FirstMonthCell; cell <= LastMonthCell; ++cell) {
+        const DaySlot& slot = grid[static_cast<std::size_t>(cell - 1)];
+        SSPanel& panel = m_cells.panelDay(cell);
+        panel.Tag = slot.isMemo ? QStringLiteral("Memo") : QString();
+        panel.SetCaptionAlignment(slot.isMemo ? SSPanel::CenterTop : SSPanel::LeftTop);
+        ShowSlot(panel, slot, styles);
+        if (!slot.isMemo) g_aiLastDailyPanel[0] = static_cast<std::int16_t>(cell);
+    }
+}
+
+void Redraw::subDisplayMonth()
+{
+    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayMonth"));
+    tail([&] { DisplayMonthCells(); });
+    tail([&] { subUnloadAlarmIcons(m_cells); });
+    tail([&] { subStylePastDates(); });
+    g_iCurrentPanel = 0;
+}
+
+void Redraw::MoveMonth(int step)
+{
+    SetMousePointer(mousepointer::Hourglass);
+    const ErrorTail tail(step > 0 ? QLatin1StringView(" in MODSHOW, subDisplayNextMonth")
+                                  : QLatin1StringView(" in MODSHOW, subDisplayPrevMonth"));
+    tail([&] {
+        g_iMonth = CInt(g_iMonth + step);
+        if (g_iMonth >= 1 && g_iMonth <= 12) return;
+        g_iMonth = step > 0 ? 1 : 12;
+        g_iYear = CInt(g_iYear + step);
+    });
+    subDisplayMonth();
+    m_bottom.panelBottom->SetCaption(MonthTitle());
+    SetMousePointer(mousepointer::Default);
+}
+
+void Redraw::subDisplayNextMonth()
+{
+    MoveMonth(1);
+}
+
+void Redraw::subDisplayPrevMonth()
+{
+    MoveMonth(-1);
+}
+
+void Redraw::DisplayWeekCells(int firstSlot, int daysInMonth)
+{
+    const CellStyles styles = {ReadStyle(settings::WeekMemo), ReadStyle(settings::WeekDaily),
+                               ReadStyle(settings::WeekToday), Read(settings::WeekDailyFont3D)};
+    for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
+        const int value = g_aiCalendar.at(static_cast<std::size_t>(firstSlot - 1 + cell - FirstWeekCell));
+        const bool isMemo = value > daysInMonth;
+        ShowSlot(m_cells.panelDay(cell), {isMemo, isMemo ? value - daysInMonth : value}, styles);
+    }
+}
+
+void Redraw::subDisplayWeek()
+{
+    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayWeek"));
+    tail([&] {
+        // The table of lengths is not refreshed here: after a year's end crossed week by week February keeps the
+        // length of the last month drawn.
+        const int firstWeekday = Weekday(g_iYear, g_iMonth, 1);
+        g_aiCalendar = WeekMap(firstWeekday, fnDaysInMonth());
+        DisplayWeekCells(firstWeekday + g_iDay - Weekday(g_iYear, g_iMonth, g_iDay), fnDaysInMonth());
+    });
+    tail([&] { subUnloadAlarmIcons(m_cells); });
+    tail([&] { subStylePastDates(); });
+    g_iCurrentPanel = 0;
+}
+
+void Redraw::subStylePastDates()
+{
+    const int viewMode = m_viewMode.GetViewMode();
+    if (viewMode != ViewMode::Month && viewMode != ViewMode::Week) return;
+    const int pastDays = PastDays();
+    if (pastDays == 0) return;
+    const bool isMonth = viewMode == ViewMode::Month;
+    const PanelStyle past = ReadStyle(isMonth ? settings::PastDatePanel : settings::WeekPastDate);
+    const bool struckOut = Read(isMonth ? settings::PastDateStrikeThru : settings::WeekPastDateStrikeThru) == -1;
+    const CellRange range = CellsOf(viewMode);
+    for (int cell = range.first; cell <= range.last; ++cell) {
+        SSPanel& panel = m_cells.panelDay(cell);
+        if (IsMemoCaption(panel.Caption()) || Val(panel.Caption()) > pastDays) continue;
+        ApplyStyle(panel, past);
+        QFont font = panel.CaptionFont();
+        font.setStrikeOut(struckOut);
+        panel.SetCaptionFont(font);
+    }
+}

@@ -1,0 +1,36 @@
+// Which view is shown. The calendar view knows; those below it ask through this.
+#pragma once
+
+class ViewMode
+{
+public:
+    static constexpr int Day = 1; // no command reaches it: the day view is a window of its own
+    static constexpr int Week = 2;
+    static constexpr int Month = 3;
+
+    virtual int GetViewMode() const = 0;
+
+protected:
+    ~ViewMode() = default;
+};
+
+// The cells of a view, first to last; none for any other mode.
+struct CellRange
+{
+    int first;
+    int last;
+};
+
+constexpr CellRange CellsOf(int viewMode)
+{
+    switch (viewMode) {
+    case ViewMode::Day:
+        return {0, 0};
+    case ViewMode::Week:
+        return {36, 42};
+    case ViewMode::Month:
+        return {1, 35};
+    default:
+        return {1, 0};
+    }
+}

@@ -1,0 +1,206 @@
+#include "editing/cellediting.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "calendar/moddate.h"
+#include "calendar/modshow.h"
+#include "calendar/viewmode.h"
+#include "editing/colornames.h"
+#include "editing/formatbar.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/controls/orlcombo.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/toolbar.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "shell/menus.h"
+#include "shell/messages.h"
+#include "shell/settings.h"
+#include "workgroup/networkcontrols.h"
+#include "workgroup/workgroupstate.h"
+
+#include <QMenu>
+
+#include <cmath>
+
+namespace {
+void Follow(ToolbarButton& button, const std::optional<bool>& format)
+{
+    button.SetMixedState(!format);
+    if (format) button.SetValue(*format ? 1 : 0);
+}
+
+// The first entry with this text, -1 for none.
+int IndexOf(const ORLCombo& combo, const QString& text)
+{
+    for (int i = 0; i < combo.ListCount(); ++i) {
+        if (combo.List(i).trimmed() == text) return i;
+    }
+    return -1;
+}
+
+void Choose(ORLCombo& combo, int index)
+{
+    if (index >= 0) combo.SetListIndex(index);
+}
+} // namespace
+
+CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const NetworkControls& network, Menus& menus,
+                         const ViewMode& viewMode)
+    : QObject(&cells), m_cells(cells), m_bar(bar), m_network(network), m_menus(menus), m_viewMode(viewMode)
+{
+    Wire();
+}
+
+void CellEditing::Wire()
+{
+    const auto on = [this](auto signal, QLatin1StringView literal, auto handler) {
+        connect(&m_cells, signal, this, [literal, handler](auto&&... arguments) {
+            guard(literal, [&] { handler(std::forward<decltype(arguments)>(arguments)...); });
+        });
+    };
+    const QLatin1StringView click(" in MainForm, tbDay_Click");
+    on(&Cells::GotFocus, QLatin1StringView(" in MainForm, tbDay_GotFocus"), [this](int i) { tbDay_GotFocus(i); });
+    on(&Cells::Click, click, [this](int i) { tbDay_Click(i); });
+    on(&Cells::PanelClick, click, [this](int i) { tbDay_Click(i); });
+    on(&Cells::Change, QLatin1StringView(" in MainForm, tbDay_Change"), [this](int) { tbDay_Change(); });
+    on(&Cells::SelChange, QLatin1StringView(" in MainForm, errTbDaySelChange"), [this](int i) { tbDay_SelChange(i); });
+    on(&Cells::KeyPress, QLatin1StringView(" in MainForm, tbDay_KeyPress"),
+       [this](int i, int& key) { tbDay_KeyPress(i, key); });
+    on(&Cells::MouseDown, QLatin1StringView(" in MainForm, tbDay_MouseDown"),
+       [this](int i, int button, const QPoint& at) { tbDay_MouseDown(i, button, at); });
+}
+
+bool CellEditing::IsHeldElsewhere(int Index) const
+{
+    if (g_iCurrentPanel == 0) return false;
+    for (int cell = 1; cell <= CellCount; ++cell) {
+        if (cell != Index && g_aiLockState[static_cast<std::size_t>(cell - 1)] == 1) return true;
+    }
+    return false;
+}
+
+void CellEditing::RefuseMove()
+{
+    const int held = g_iCurrentPanel;
+    m_cells.tbDay(held).setFocus();
+    // A box that opened in the middle of a focus change would let the press through to the refused cell.
+    QMetaObject::invokeMethod(
+        this,
+        [this, held] {
+            guard(QLatin1StringView(" in MainForm, tbDay_GotFocus"), [&] {
+                MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
+                           QStringLiteral(" is locked(Edit Mode), please unlock first."),
+                       msgbox::Exclamation, messages::HelpWizard);
+                m_cells.tbDay(held).setFocus();
+            });
+        },
+        Qt::QueuedConnection);
+}
+
+void CellEditing::tbDay_GotFocus(int Index)
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, tbDay_GotFocus"));
+    if (g_bDBShared && IsHeldElsewhere(Index)) {
+        tail([&] { RefuseMove(); });
+        return;
+    }
+    g_iCurrentPanel = static_cast<std::int16_t>(Index);
+    // Without a planner there is nothing that the cell could be written to.
+    if (!g_bDBShared && Index >= 1) g_aiLockState.at(static_cast<std::size_t>(Index - 1)) = 1;
+    tail([&] {
+        RichTextBox& box = m_cells.tbDay(Index);
+        if (box.Text().trimmed().isEmpty()) GiveDefaultFont(box);
+    });
+}
+
+void CellEditing::GiveDefaultFont(RichTextBox& box)
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, tbDay_GotFocus"));
+    tail([&] { box.SetFontName(Read(settings::DefaultFontName)); });
+    tail([&] { box.SetFontSize(Read(settings::DefaultFontSize)); });
+    box.SetFontBold(Read(settings::DefaultBold) == 1);
+    box.SetFontItalic(Read(settings::DefaultItalic) == 1);
+    box.SetFontUnderline(Read(settings::DefaultUnderline) == 1);
+    box.SetFontStrikethrough(Read(settings::DefaultStrikeThrough) == 1);
+    box.SetSelColor(fnColorInHex(Read(settings::DefaultFontColor).toUpper()));
+}
+
+void CellEditing::EnterIfNoneIsCurrent(int Index)
+{
+    // After a redraw no cell is current, though the caret may still stand in one.
+    if (g_iCurrentPanel == 0) tbDay_GotFocus(Index);
+}
+
+void CellEditing::tbDay_Click(int Index)
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, tbDay_Click"));
+    tail([&] {
+        const QString caption = m_cells.panelDay(Index).Caption();
+        if (m_viewMode.GetViewMode() == ViewMode::Month && !IsMemoCaption(caption)) g_iDay = IntegerOf(caption);
+    });
+}
+
+void CellEditing::tbDay_Change()
+{
+    g_lUnlockTicks = 0;
+}
+
+void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
+{
+    g_lUnlockTicks = 0;
+    EnterIfNoneIsCurrent(Index);
+    if (!g_bDBShared || !m_network.picLock->Visible(0)) return;
+    KeyAscii = 0;
+    MsgBox(QStringLiteral("Please lock current day in order to edit a shared database. Alternatively, locking "
+                          "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "
+                          "the cell, or use shortcut key Ctrl-D"),
+           msgbox::Exclamation, messages::HelpWizard);
+}
+
+void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPosition)
+{
+    constexpr int RightButton = 2;
+    EnterIfNoneIsCurrent(Index);
+    if (Button != RightButton) return;
+    m_cells.tbDay(Index).setFocus();
+    m_menus.mnuRightMouse().popup(globalPosition);
+}
+
+void CellEditing::tbDay_SelChange(int Index)
+{
+    const RichTextBox& box = m_cells.tbDay(Index);
+    // A bare caret leaves the bar as it was, so that typing does not pay for this.
+    if (box.SelLength() < 1) return;
+    FollowButtons(box);
+    FollowCombos(box);
+}
+
+void CellEditing::FollowButtons(const RichTextBox& box)
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, errTbDaySelChange"));
+    const Toolbar& bar = *m_bar.tbTop;
+    tail([&] { Follow(bar.Buttons(QStringLiteral("bold")), box.SelBold()); });
+    tail([&] { Follow(bar.Buttons(QStringLiteral("italic")), box.SelItalic()); });
+    tail([&] { Follow(bar.Buttons(QStringLiteral("underline")), box.SelUnderline()); });
+    tail([&] { Follow(bar.Buttons(QStringLiteral("strikethru")), box.SelStrikeThru()); });
+}
+
+void CellEditing::FollowCombos(const RichTextBox& box)
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, errTbDaySelChange"));
+    tail([&] {
+        if (const auto name = box.SelFontName()) Choose(*m_bar.orlcmbFontname, IndexOf(*m_bar.orlcmbFontname, *name));
+    });
+    tail([&] {
+        const auto size = box.SelFontSize();
+        if (!size) return;
+        const QString text = TrimmedStr(static_cast<qint64>(std::nearbyint(*size)));
+        Choose(*m_bar.orlcmbFontsize, IndexOf(*m_bar.orlcmbFontsize, text));
+    });
+    tail([&] {
+        const auto color = box.SelColor();
+        Choose(*m_bar.orlcmbFontcolor, color ? ColorListIndex(*color) : ORLCombo::BlankColor);
+    });
+}

@@ -1,0 +1,44 @@
+// What the cells do when they are entered, clicked and typed into. A note is typed straight into its cell; which cell
+// is the current one is decided by the focus alone.
+#pragma once
+
+#include <QObject>
+
+class Cells;
+struct FormatBar;
+class Menus;
+struct NetworkControls;
+class RichTextBox;
+class ViewMode;
+
+class CellEditing : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Wires itself to the events of all cells, those included that are loaded later.
+    CellEditing(Cells& cells, const FormatBar& bar, const NetworkControls& network, Menus& menus,
+                const ViewMode& viewMode);
+
+    void tbDay_GotFocus(int Index);
+    void tbDay_Click(int Index); // panelDay too
+    void tbDay_Change();
+    void tbDay_KeyPress(int Index, int& KeyAscii);
+    void tbDay_MouseDown(int Index, int Button, const QPoint& globalPosition);
+    void tbDay_SelChange(int Index);
+
+private:
+    void Wire();
+    bool IsHeldElsewhere(int Index) const;
+    void RefuseMove();
+    void GiveDefaultFont(RichTextBox& box);
+    void EnterIfNoneIsCurrent(int Index);
+    void FollowButtons(const RichTextBox& box);
+    void FollowCombos(const RichTextBox& box);
+
+    Cells& m_cells;
+    const FormatBar& m_bar;
+    const NetworkControls& m_network;
+    Menus& m_menus;
+    const ViewMode& m_viewMode;
+};

@@ -1,0 +1,45 @@
+// The commands that change the look of the current cell's note, and the clipboard's. Menu, right-button menu and
+// toolbar run the same routines.
+#pragma once
+
+#include <QString>
+
+class Cells;
+struct FormatBar;
+struct NetworkControls;
+class RichTextBox;
+
+class Formatting
+{
+public:
+    Formatting(Cells& cells, const FormatBar& bar, const NetworkControls& network)
+        : m_cells(cells), m_bar(bar), m_network(network)
+    {
+    }
+
+    // In a workgroup's planner a day must be locked first; says so and answers false.
+    bool fnCanFormatCell();
+
+    void mnuBold_Click();
+    void mnuItalic_Click();
+    void mnuUnderline_Click();
+    void mnuStrikeThru_Click();
+    void mnuLeftJustify_Click();
+    void mnuCenterJustify_Click();
+    void mnuRightJustify_Click();
+    void mnuCut_Click();
+    void mnuCopy_Click();
+    void mnuPaste_Click();
+
+    void subInitAllComboBox(); // lays the combos over their placeholders and fills them
+
+private:
+    struct Toggle;
+    void Run(const Toggle& toggle);
+    void SendKey(int key, Qt::KeyboardModifiers modifiers);
+    void Justify(int alignment);
+
+    Cells& m_cells;
+    const FormatBar& m_bar;
+    const NetworkControls& m_network;
+};

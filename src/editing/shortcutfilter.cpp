@@ -1,0 +1,22 @@
+#include "editing/shortcutfilter.h"
+
+#include "calendar/cells.h"
+#include "shell/menus.h"
+
+#include <QKeyEvent>
+
+ShortcutFilter::ShortcutFilter(Cells& cells, const Menus& menus) : m_menus(menus)
+{
+    cells.SetBoxFilter(this);
+}
+
+bool ShortcutFilter::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool mayBeShortcut = key->modifiers() & Qt::ControlModifier || key->key() >= Qt::Key_F1;
+    if (!mayBeShortcut || !m_menus.OfShortcut(QKeySequence(key->keyCombination()))) return false;
+    // An override that is not accepted goes on to the menu. A press comes only if the menu did not take the key.
+    if (event->type() == QEvent::ShortcutOverride) event->ignore();
+    return true;
+}

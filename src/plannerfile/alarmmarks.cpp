@@ -1,0 +1,36 @@
+#include "plannerfile/alarmmarks.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "plannerfile/plannerstate.h"
+
+void PlaceAlarmIcon(Cells& cells, int cell)
+{
+    constexpr int Margin = 5;
+    const QRect panel = cells.panelDay(cell).geometry();
+    QToolButton& mark = cells.btnTunes(cell);
+    mark.move(panel.x() + panel.width() - mark.width() - Margin, panel.y() + Margin);
+    mark.show();
+    mark.raise();
+}
+
+void subShowAlarmIcon(Cells& cells, const QString& key, int cell)
+{
+    g_rsAlarm.Seek(QStringLiteral("="), key);
+    if (g_rsAlarm.NoMatch()) return;
+    std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
+    if (loaded != 1) {
+        loaded = 1;
+        cells.btnTunes.Load(cell);
+    }
+    PlaceAlarmIcon(cells, cell);
+}
+
+void subUnloadAlarmIcons(Cells& cells)
+{
+    for (int cell = 1; cell <= CellCount; ++cell) {
+        std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
+        if (loaded == 1) cells.btnTunes.Unload(cell);
+        loaded = 0;
+    }
+}

@@ -1,0 +1,13 @@
+// The alarm button in the corner of a cell whose day has an alarm.
+#pragma once
+
+#include <QString>
+
+class Cells;
+
+// Loads and places the mark of the cell if "Alarm Table" holds the key. 91 while no planner's alarms are open.
+void subShowAlarmIcon(Cells& cells, const QString& key, int cell);
+void subUnloadAlarmIcons(Cells& cells);
+
+// Puts a loaded mark into the top right corner of its cell, in front of the note.
+void PlaceAlarmIcon(Cells& cells, int cell);

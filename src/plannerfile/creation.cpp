@@ -1,0 +1,134 @@
+#include "plannerfile/creation.h"
+
+#include "calendar/bottompanel.h"
+#include "calendar/cells.h"
+#include "calendar/redraw.h"
+#include "plannerfile/alarmmarks.h"
+#include "plannerfile/openasform.h"
+#include "plannerfile/opening.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "plannerfile/schema.h"
+#include "platform/desktop/commondialog.h"
+#include "platform/desktop/filesystem.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/runtime/errortail.h"
+#include "shell/messages.h"
+#include "workgroup/networkmode.h"
+
+namespace {
+constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");
+
+// The last three letters, without a dot before them: a name such as mymdb counts as having its extension.
+void AppendExtension()
+{
+    const QString extension = QStringLiteral(".mdb");
+    if (g_sDBTitle.right(3).toLower() == u"mdb") return;
+    g_sDBTitle += extension;
+    g_sDBPath += extension;
+}
+
+Recordset OpenIndexed(const QString& table, const QString& index)
+{
+    Recordset records = g_dbPlanner.OpenTable(table);
+    records.SetIndex(index);
+    return records;
+}
+} // namespace
+
+bool Creation::ChooseName()
+{
+    m_dialog.Flags = CommonDialog::HideReadOnly;
+    m_dialog.DialogTitle = QStringLiteral("New Planner File");
+    m_dialog.InitDir.clear();
+    m_dialog.Filter = messages::PlannerFilter;
+    m_dialog.FilterIndex = 1;
+    m_dialog.CancelError = true;
+    try {
+        m_dialog.Action(1);
+        return true;
+    } catch (const RunTimeError& error) {
+        if (error.Number != errors::DialogCancelled) throw;
+        return false;
+    }
+}
+
+bool Creation::MayReplaceExisting()
+{
+    const QString existing = filesystem::Find(g_sDBPath);
+    if (existing.isEmpty() || filesystem::Dir(existing).toLower() != g_sDBTitle) return true;
+    const int answer =
+        MsgBox(QStringLiteral("File exists! Are you sure you want to replace the existing file '") + g_sDBTitle +
+                   QStringLiteral("'?"),
+               msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2, QStringLiteral("File Exists!"));
+    if (answer != msgbox::Yes) return false;
+    // A file that somebody has open stays; making the new one then fails.
+    ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(existing); });
+    return true;
+}
+
+void Creation::subNewPlanner()
+{
+    if (!ChooseName()) return;
+    if (!g_sDBPath.isEmpty()) m_notes.DropCells();
+    g_sDBPath = m_dialog.FileName.toLower();
+    g_sDBTitle = m_dialog.FileTitle.toLower();
+    if (!MayReplaceExisting()) {
+        SetMousePointer(mousepointer::Default);
+        return;
+    }
+    AppendExtension();
+    m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
+    m_bottom.panelBottom->repaint();
+    SetMousePointer(mousepointer::Hourglass);
+    if (!BuildFile()) {
+        m_bottom.panelBottom->SetCaption(MonthTitle());
+        SetMousePointer(mousepointer::Default);
+        return;
+    }
+    SetMousePointer(mousepointer::Default);
+    AskHowToOpen();
+    OpenNewFile();
+    m_opening.ShowPlannerOpen();
+    if (g_sDBTitle.isEmpty()) return;
+    MsgBox(QStringLiteral("New Planner created successfully!\n\n"
+                          "Now click on the area below today's date to enter text"),
+           msgbox::Information, messages::HelpWizard);
+}
+
+bool Creation::BuildFile()
+{
+    const QString place = filesystem::PlaceFor(g_sDBPath);
+    Database database;
+    ErrorTail{NewTail}(
+        [&] { database = DBEngine::CreateDatabase(place.isEmpty() ? g_sDBPath : place, schema::Locale); });
+    if (database.IsNothing()) {
+        SetMousePointer(mousepointer::Default);
+        MsgBox(QStringLiteral("Could not create New Planner"));
+        return false;
+    }
+    for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()}) {
+        database.Append(table);
+    }
+    database.Close();
+    return true;
+}
+
+void Creation::AskHowToOpen()
+{
+    OpenAsForm form(g_sDBPath, m_cells.Client()->window());
+    form.exec();
+    m_networkMode.subSetNetworkMode(form.Shared());
+}
+
+void Creation::OpenNewFile()
+{
+    // Not exclusively, whatever the answer was.
+    g_dbPlanner = DBEngine::OpenDatabase(filesystem::Find(g_sDBPath));
+    g_rsQMT = OpenIndexed(schema::Notes, schema::NotesIndex);
+    g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
+    g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+    subUnloadAlarmIcons(m_cells);
+    m_notes.ReadCells(NewTail);
+}

@@ -1,0 +1,37 @@
+// Makes a new planner: asks for its name, builds the file, opens it and shows the empty calendar in it.
+#pragma once
+
+struct BottomPanel;
+class CommonDialog;
+class NetworkMode;
+class Opening;
+class QMTDB;
+class Cells;
+
+class Creation
+{
+public:
+    Creation(Cells& cells, const BottomPanel& bottom, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
+             Opening& opening)
+        : m_cells(cells), m_bottom(bottom), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
+          m_opening(opening)
+    {
+    }
+
+    // Does not save the cells of the planner before, nor enter the recent list: a planner is recent once it was opened.
+    void subNewPlanner();
+
+private:
+    bool ChooseName();
+    bool MayReplaceExisting();
+    bool BuildFile();
+    void AskHowToOpen();
+    void OpenNewFile();
+
+    Cells& m_cells;
+    const BottomPanel& m_bottom;
+    CommonDialog& m_dialog;
+    QMTDB& m_notes;
+    NetworkMode& m_networkMode;
+    Opening& m_opening;
+};

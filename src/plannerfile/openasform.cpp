@@ -1,0 +1,47 @@
+#include "plannerfile/openasform.h"
+
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
+    : QDialog(owner), m_opShared{new QRadioButton(QStringLiteral("Personal Planner")),
+                                 new QRadioButton(QStringLiteral("Shared Workgroup Planner (Network)"))}
+{
+    setObjectName(QStringLiteral("OpenAsForm"));
+    setWindowTitle(QStringLiteral("Loading ") + plannerPath);
+    setWindowFlag(Qt::WindowCloseButtonHint, false);
+
+    auto* frame = new QGroupBox(QStringLiteral("Open As ..."));
+    frame->setObjectName(QStringLiteral("Frame3D2"));
+    auto* options = new QVBoxLayout(frame);
+    for (int i = 0; i < 2; ++i) {
+        QRadioButton* option = m_opShared[static_cast<std::size_t>(i)];
+        option->setObjectName(QStringLiteral("opShared(%1)").arg(i));
+        options->addWidget(option);
+    }
+    m_opShared[0]->setChecked(true);
+
+    auto* btnOk = new QPushButton(QStringLiteral("&Ok"));
+    btnOk->setObjectName(QStringLiteral("btnOk"));
+    btnOk->setDefault(true);
+    connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(frame);
+    column->addWidget(btnOk, 0, Qt::AlignRight);
+    // Wide enough for the window manager to show a path of common length in the title.
+    setMinimumWidth(360);
+    m_opShared[0]->setFocus();
+}
+
+bool OpenAsForm::Shared() const
+{
+    return m_opShared[1]->isChecked();
+}
+
+void OpenAsForm::reject() {}

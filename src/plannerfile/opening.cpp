@@ -1,0 +1,195 @@
+#include "plannerfile/opening.h"
+
+#include "calendar/bottompanel.h"
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "calendar/redraw.h"
+#include "plannerfile/alarmmarks.h"
+#include "plannerfile/openasform.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "plannerfile/schema.h"
+#include "platform/desktop/commondialog.h"
+#include "platform/desktop/filesystem.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/errortail.h"
+#include "shell/messages.h"
+#include "shell/recentlist.h"
+#include "shell/settings.h"
+#include "workgroup/networkmode.h"
+#include "workgroup/workgroupstate.h"
+
+namespace {
+constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
+
+// The network options count as they stand when a planner is opened.
+void ReadNetworkOptions()
+{
+    constexpr int SecondsPerMinute = 60;
+    constexpr int LongestDelay = 30000; // minutes; a larger number in the file would not fit the counters
+    bGeneralUnlockEnable = Read(settings::AutoUnLock) != 0;
+    g_lUnlockDelay = qBound(0, Read(settings::UnlockDelay), LongestDelay) * SecondsPerMinute;
+    g_lUnlockTicks = 0;
+    g_bAutoRefresh = Read(settings::AutoRefresh) != 0;
+    g_lRefreshDelay = qBound(0, Read(settings::RefreshDelay), LongestDelay) * SecondsPerMinute;
+    g_lRefreshTicks = 0;
+}
+
+Recordset OpenIndexed(const QString& table, const QString& index)
+{
+    Recordset records = g_dbPlanner.OpenTable(table);
+    records.SetIndex(index);
+    records.SetLockEdits(true);
+    return records;
+}
+} // namespace
+
+bool Opening::ChooseFile()
+{
+    m_dialog.Flags = CommonDialog::HideReadOnly;
+    m_dialog.DialogTitle = QStringLiteral("Open Planner File");
+    m_dialog.InitDir.clear();
+    m_dialog.Filter = messages::PlannerFilter;
+    m_dialog.FilterIndex = 1;
+    m_dialog.CancelError = true;
+    try {
+        m_dialog.Action(1);
+        return true;
+    } catch (const RunTimeError& error) {
+        if (error.Number != errors::DialogCancelled) throw;
+        return false;
+    }
+}
+
+void Opening::subOpenPlanner()
+{
+    const bool wasOpen = !g_sDBPath.isEmpty();
+    const bool saved = wasOpen && m_notes.HasChanges();
+    if (saved) m_notes.subUpdateQMTDatabase();
+    if (!ChooseFile()) {
+        if (saved) m_notes.subSeekQMTDatabase();
+        return;
+    }
+    if (wasOpen) m_notes.DropCells();
+    g_sDBPath = m_dialog.FileName.toLower();
+    g_sDBTitle = m_dialog.FileTitle.toLower();
+    AskHowAndOpen();
+    if (!g_sDBPath.isEmpty()) m_notes.subSeekQMTDatabase();
+}
+
+void Opening::AskHowAndOpen()
+{
+    OpenAsForm form(g_sDBPath, m_cells.Client()->window());
+    form.exec();
+    m_networkMode.subSetNetworkMode(form.Shared());
+    subOpenDBNoDlg(!form.Shared());
+}
+
+void Opening::subAutoload()
+{
+    if (Read(settings::LoadCondition) != 1) return;
+    g_sDBPath = Read(settings::LoadFilePath);
+    g_sDBTitle = Read(settings::LoadFileTitle);
+    const bool shared = Read(settings::LoadWorkgroup) != 0;
+    m_networkMode.subSetNetworkMode(shared);
+    subOpenDBNoDlg(!shared);
+}
+
+void Opening::subOpenDBNoDlg(bool bShared)
+{
+    ReadNetworkOptions();
+    m_networkMode.ApplyTimers();
+    SetMousePointer(mousepointer::Hourglass);
+    m_bottom.panelBottom->SetCaption(QStringLiteral("opening ") + g_sDBPath.toLower());
+    m_bottom.panelBottom->repaint();
+    subUnloadAlarmIcons(m_cells);
+    if (!OpenNotes(bShared)) return;
+    const bool complete = OpenAlarms() && OpenRecursions();
+    m_notes.ReadCells(OpenTail);
+    g_iCurrentPanel = 0;
+    if (complete) {
+        ShowPlannerOpen();
+        m_recentList.subLoadMRU(false);
+        m_recentList.subUpdateMRU();
+    }
+    m_bottom.panelBottom->SetCaption(MonthTitle());
+    SetMousePointer(mousepointer::Default);
+}
+
+bool Opening::OpenNotes(bool exclusive)
+{
+    try {
+        const QString file = filesystem::Find(g_sDBPath);
+        Database database = DBEngine::OpenDatabase(file.isEmpty() ? g_sDBPath : file, exclusive);
+        Recordset notes = database.OpenTable(schema::Notes);
+        notes.SetIndex(schema::NotesIndex);
+        notes.SetLockEdits(true);
+        g_dbPlanner = database;
+        g_rsQMT = notes;
+    } catch (const RunTimeError& error) {
+        ShowOpenFailed(error);
+        return false;
+    }
+    // What the previous planner left must not answer for this one.
+    g_rsAlarm = {};
+    g_rsRecurse = {};
+    return true;
+}
+
+void Opening::ShowOpenFailed(const RunTimeError& error)
+{
+    SetMousePointer(mousepointer::Default);
+    MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
+    m_bottom.panelBottom->SetCaption(error.Description);
+    g_sDBPath.clear();
+    m_notes.DropCells();
+    LogError(error, OpenTail);
+}
+
+bool Opening::OpenAlarms()
+{
+    try {
+        g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
+        return true;
+    } catch (const RunTimeError& error) {
+        // An older file is known by the table that it lacks; nothing else tells its version.
+        if (error.Number != engineerrors::NoTable) return false;
+    }
+    const int answer = MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard);
+    if (answer != msgbox::Yes) return false;
+    return ErrorTail{OpenTail}([&] { subAddAlarmTable(); });
+}
+
+bool Opening::OpenRecursions()
+{
+    try {
+        g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+        return true;
+    } catch (const RunTimeError& error) {
+        if (error.Number != engineerrors::NoTable) return false;
+    }
+    // No question: whoever was asked about the alarms has answered for both.
+    return ErrorTail{OpenTail}([&] { subAddRecursionTable(); });
+}
+
+void Opening::subAddAlarmTable()
+{
+    g_dbPlanner.Append(schema::AlarmsTable());
+    g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
+}
+
+void Opening::subAddRecursionTable()
+{
+    g_dbPlanner.Append(schema::RecursionsTable());
+    g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+}
+
+void Opening::ShowPlannerOpen()
+{
+    g_iCurrentPanel = 0;
+    m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
+    m_bottom.panelBottom->SetCaption(MonthTitle());
+    SetMousePointer(mousepointer::Default);
+}

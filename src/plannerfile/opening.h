@@ -1,0 +1,48 @@
+// Opens planners: by the file dialog, from the recent list, at start. Brings older files up to date on the way.
+#pragma once
+
+struct BottomPanel;
+class Cells;
+class CommonDialog;
+class NetworkMode;
+class QMTDB;
+class RecentList;
+struct RunTimeError;
+
+class Opening
+{
+public:
+    Opening(Cells& cells, const BottomPanel& bottom, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
+            RecentList& recentList)
+        : m_cells(cells), m_bottom(bottom), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
+          m_recentList(recentList)
+    {
+    }
+
+    void subOpenPlanner();
+    void subAutoload(); // the planner of the start-up options, if one is set
+
+    // Opens g_sDBPath. The argument goes straight into the engine's exclusive argument, so true means a personal
+    // planner. On return g_sDBPath is empty if the open failed.
+    void subOpenDBNoDlg(bool bShared);
+
+    void AskHowAndOpen(); // OpenAsForm for g_sDBPath, then the open that was asked for
+
+    void ShowPlannerOpen(); // title bar, month's title, pointer; no cell is current
+
+private:
+    bool OpenNotes(bool exclusive);
+    void ShowOpenFailed(const RunTimeError& error);
+    bool OpenAlarms();
+    bool OpenRecursions();
+    void subAddAlarmTable();
+    void subAddRecursionTable();
+    bool ChooseFile();
+
+    Cells& m_cells;
+    const BottomPanel& m_bottom;
+    CommonDialog& m_dialog;
+    QMTDB& m_notes;
+    NetworkMode& m_networkMode;
+    RecentList& m_recentList;
+};

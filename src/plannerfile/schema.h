@@ -1,0 +1,20 @@
+// The tables of a planner. One definition serves the making of a new file and the upgrade of an older one.
+#pragma once
+
+#include "platform/engine/tabledef.h"
+
+namespace schema {
+inline const QString Notes = QStringLiteral("QMT Table");
+inline const QString Alarms = QStringLiteral("Alarm Table");
+inline const QString Recursions = QStringLiteral("Recursion Table");
+
+inline const QString NotesIndex = QStringLiteral("qmtPrimaryKey");
+inline const QString AlarmsIndex = QStringLiteral("AlarmKey");
+inline const QString RecursionsIndex = QStringLiteral("RecurseKey");
+
+inline const QString Locale = QStringLiteral(";LANGID=0x0809;CP=1252;COUNTRY=0");
+
+TableDef NotesTable();
+TableDef AlarmsTable();
+TableDef RecursionsTable();
+} // namespace schema

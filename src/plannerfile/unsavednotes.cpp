@@ -1,0 +1,39 @@
+#include "plannerfile/unsavednotes.h"
+
+#include "calendar/moddate.h"
+
+#include <QStringList>
+
+void UnsavedNotes::Keep(const QString& planner, const QString& key, const QByteArray& rtf)
+{
+    m_notes[planner].insert(key, rtf);
+}
+
+void UnsavedNotes::Forget(const QString& planner, const QString& key)
+{
+    const auto notes = m_notes.find(planner);
+    if (notes == m_notes.end()) return;
+    notes->remove(key);
+    if (notes->isEmpty()) m_notes.erase(notes);
+}
+
+std::optional<QByteArray> UnsavedNotes::Find(const QString& planner, const QString& key) const
+{
+    const auto notes = NotesOf(planner);
+    const auto note = notes.constFind(key);
+    return note == notes.cend() ? std::nullopt : std::optional(note.value());
+}
+
+QString UnsavedNotes::Describe() const
+{
+    constexpr qsizetype MostDays = 10;
+    QStringList lines;
+    for (auto planner = m_notes.cbegin(); planner != m_notes.cend(); ++planner) {
+        QStringList days;
+        for (const QString& key : planner->keys().first(qMin(MostDays, planner->size())))
+            days << fnFormatDateKey(key);
+        const QString more = planner->size() > MostDays ? QStringLiteral(", ...") : QString();
+        lines << planner.key() + QStringLiteral(": ") + days.join(QStringLiteral("; ")) + more;
+    }
+    return lines.join(u'\n');
+}

@@ -1,0 +1,24 @@
+// Notes on their way from a cell to the file, by planner and date key. A save empties the cells at once; what could
+// not be written, because the disk was full or another program held the file, stays here, is shown again where its day
+// is read, and goes with the next save.
+#pragma once
+
+#include <QByteArray>
+#include <QMap>
+#include <QString>
+
+#include <optional>
+
+class UnsavedNotes
+{
+public:
+    void Keep(const QString& planner, const QString& key, const QByteArray& rtf); // empty: the day was emptied
+    void Forget(const QString& planner, const QString& key);
+    std::optional<QByteArray> Find(const QString& planner, const QString& key) const;
+    QMap<QString, QByteArray> NotesOf(const QString& planner) const { return m_notes.value(planner); }
+    bool IsEmpty() const { return m_notes.isEmpty(); }
+    QString Describe() const; // a line for each planner: its path and the days
+
+private:
+    QMap<QString, QMap<QString, QByteArray>> m_notes;
+};

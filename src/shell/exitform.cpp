@@ -1,0 +1,23 @@
+#include "shell/exitform.h"
+
+#include "platform/controls/paper.h"
+#include "platform/controls/sspanel.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTopHint)
+{
+    setObjectName(QStringLiteral("ExitForm"));
+    setWindowTitle(QStringLiteral("Orrelin"));
+    setFixedSize(360, 96);
+    auto* message = new SSPanel(this);
+    message->setObjectName(QStringLiteral("SSPanel2"));
+    message->setGeometry(rect());
+    message->SetPaper(paper::Band);
+    message->SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
+    message->SetCaptionAlignment(SSPanel::CenterMiddle);
+    message->SetCaption(QStringLiteral("Please wait while Orrelin Shuts Down"));
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    move(screen.center() - rect().center());
+}

@@ -1,0 +1,45 @@
+// The main window: makes the controls, owns the views and the classes that hold its handlers, and wires the one to the
+// other. What a command does stands with its subject, never here.
+#pragma once
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class Mainform : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    using Progress = std::function<void(const QString& what)>;
+
+    Mainform();
+    ~Mainform() override;
+
+    // Shows the window, opens the start-up planner, fills the lists. Reports what takes time, and calls stayInFront
+    // once the window is there.
+    void Form_Load(const Progress& progress, const std::function<void()>& stayInFront);
+
+    // Saves and closes everything and ends the program. Modes: 0 the Exit command or the close box, 1 closed by code
+    // (only hides the window), 2 the session ends, 3 the process is asked to end.
+    void subExitProgram(int iUnloadMode);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct Rooms;
+
+    void WireMenus();
+    void WireToolbar();
+    void WireSpins();
+    void LayOutIfResized();
+    void SaveBeforeExit();
+    void ClosePlanner();
+
+    std::unique_ptr<Rooms> m_rooms;
+    bool m_ended = false;
+};

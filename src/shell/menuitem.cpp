@@ -1,0 +1,46 @@
+#include "shell/menuitem.h"
+
+#include "platform/runtime/errortail.h"
+
+#include <QAction>
+
+void MenuItem::SetCaption(const QString& caption)
+{
+    m_caption = caption;
+    QString shown = caption;
+    m_action->setText(shown.replace(u'&', QStringLiteral("&&")));
+}
+
+void MenuItem::SetEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    m_action->setEnabled(Enabled());
+}
+
+bool MenuItem::Visible() const
+{
+    return m_action->isVisible();
+}
+
+void MenuItem::SetVisible(bool visible)
+{
+    m_action->setVisible(visible);
+}
+
+bool MenuItem::Checked() const
+{
+    return m_action->isChecked();
+}
+
+void MenuItem::SetChecked(bool checked)
+{
+    m_action->setChecked(checked);
+}
+
+void MenuItem::OnClick(std::function<void()> click, QLatin1StringView literal)
+{
+    QObject::connect(m_action, &QAction::triggered, m_action,
+                     [click = std::move(click), literal] { guard(literal, click); });
+    m_click = true;
+    m_action->setEnabled(m_enabled);
+}

@@ -1,0 +1,201 @@
+#include "shell/menus.h"
+
+#include "platform/runtime/runtimeerror.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace {
+enum Kind
+{
+    Top,
+    PopupTop,
+    Entry,
+    SubMenu,
+    SubEntry,
+    CheckedSubEntry,
+    HiddenEntry
+};
+
+struct MenuRow
+{
+    Kind kind;
+    const char* name;
+    const char* caption; // "-" is a separator
+    const char* shortcut = "";
+};
+
+constexpr MenuRow Rows[] = {
+    {Top, "mnuFile", "&File"},
+    {Entry, "mnuNew", "&New Planner", "Ctrl+N"},
+    {Entry, "mnuOpen", "&Open Planner", "Ctrl+O"},
+    {Entry, "mnuSave", "&Save Planner", "Ctrl+S"},
+    {Entry, "mnuHyphen", "-"},
+    {Entry, "mnuCompact", "Compact Database"},
+    {Entry, "mnuRepair", "Repair Database"},
+    {Entry, "mnuHyphen1", "-"},
+    {Entry, "mnuPageSetup", "P&age Setup..."},
+    {Entry, "mnuPrintSetup", "P&rint Setup..."},
+    {Entry, "mnuPrint", "&Print"},
+    {HiddenEntry, "mnuMRUHyphen", "-"},
+    {HiddenEntry, "mnuMRU(0)", "Most Recently Used 1"},
+    {HiddenEntry, "mnuMRU(1)", "Most Recently Used 2"},
+    {HiddenEntry, "mnuMRU(2)", "Most Recently Used 3"},
+    {HiddenEntry, "mnuMRU(3)", "Most Recently Used 4"},
+    {Entry, "mnuFileHyphen1", "-"},
+    {Entry, "mnuExit", "E&xit"},
+    {Top, "mnuEdit", "&Edit"},
+    {Entry, "mnuCut", "Cu&t", "Ctrl+X"},
+    {Entry, "mnuCopy", "&Copy", "Ctrl+C"},
+    {Entry, "mnuPaste", "&Paste", "Ctrl+V"},
+    {Entry, "mnuEditHyphen1", "-"},
+    {Entry, "mnuRefresh", "Refresh (Network)", "Shift+F2"},
+    {Entry, "mnuLockDay", "Lock/Unlock Day (Network)", "F2"},
+    {Top, "mnuView", "&View"},
+    {Entry, "mnuMonthView", "&Month View", "Ctrl+M"},
+    {Entry, "mnuWeekView", "&Week View", "Ctrl+W"},
+    {Entry, "mnuDayView", "&Day View", "Ctrl+D"},
+    {Entry, "mnuViewHyphen1", "-"},
+    {SubMenu, "mnuViewToolbar", "&Toolbar"},
+    {CheckedSubEntry, "mnuViewTBVisible", "Visible"},
+    {CheckedSubEntry, "mnuViewTBAlignTop", "Align Top"},
+    {SubEntry, "mnuViewTBAlignBottom", "Align Bottom"},
+    {SubMenu, "mnuViewSidebar", "&Sidebar"},
+    {CheckedSubEntry, "mnuViewSBVisible", "Visible"},
+    {Top, "mnuEvents", "Events"},
+    {Entry, "mnuNewAlarm", "&New Alarm"},
+    {Entry, "mnuChangeAlarms", "&Browse/Edit Alarm"},
+    {Entry, "mnuEventsHyphen1", "-"},
+    {Entry, "mnuRecurse", "Recurring Events"},
+    {Entry, "mnuEventsHyphen2", "-"},
+    {Entry, "mnuFindWord", "Find &Word", "Ctrl+F"},
+    {SubMenu, "mnuDateDiff", "Date Difference"},
+    {SubEntry, "mnuDateDiffShow", "Show"},
+    {SubEntry, "mnuDateDiffCustomize", "Customize"},
+    {Top, "mnuFind", "&Goto"},
+    {Entry, "mnuPrevWeek", "Previous Week"},
+    {Entry, "mnuCurrentWeek", "Current Week", "F8"},
+    {Entry, "mnuNextWeek", "Next Week"},
+    {Entry, "mnuGotoHyphen1", "-"},
+    {Entry, "mnuPrevMonth", "Previous Month"},
+    {Entry, "mnuThisMonth", "Current Month", "F5"},
+    {Entry, "mnuNextMonth", "Next Month"},
+    {Entry, "mnuGotoHyphen2", "-"},
+    {Entry, "mnuDateSearch", "Fast Search", "F3"},
+    {Top, "mnuFormat", "Forma&t"},
+    {Entry, "mnuBold", "Bold", "Ctrl+B"},
+    {Entry, "mnuItalic", "Italic", "Ctrl+I"},
+    {Entry, "mnuUnderline", "Underline", "Ctrl+U"},
+    {Entry, "mnuStrikeThru", "Strikethrough", "Ctrl+T"},
+    {Entry, "mnuFormatHyphen1", "-"},
+    {Entry, "mnuColorSizeFonts", "Color, Size, Fonts", "Ctrl+A"},
+    {Entry, "mnuFormatHyphen2", "-"},
+    {Entry, "mnuLeftJustify", "Left Justify"},
+    {Entry, "mnuCenterJustify", "Center Justify"},
+    {Entry, "mnuRightJustify", "Right Justify"},
+    {Top, "mnuOptions", "&Customize"},
+    {Entry, "mnuInitialFont", "&Initial Font"},
+    {Entry, "mnuCustomizeHyphen2", "-"},
+    {Entry, "mnuNumberDlg", "&Daily Appearance"},
+    {Entry, "mnuWeekAppearance", "&Weekly Appearance"},
+    {Entry, "mnuMonthDisplay", "&Monthly Appearance"},
+    {Entry, "mnuMonToSun", "D&ay Of Week Appearance"},
+    {Entry, "mnuCustomizeHyphen3", "-"},
+    {Entry, "mnuNetworkOptions", "Network Options"},
+    {Entry, "mnuCustomizeHyphen4", "-"},
+    {Entry, "mnuAutoload", "&StartUp Options"},
+    {Top, "mnuWallpaperTop", "&Wallpaper"},
+    {Entry, "mnuSetWallpaper", "&Set Wallpaper", "Ctrl+L"},
+    {Entry, "mnuClearWallpaper", "&Clear Wallpaper"},
+    {Entry, "mnuUpdateWallpaper", "&Update Wallpaper (Network)"},
+    {Entry, "mnuPrevWallpaper", "&Previous Wallpaper"},
+    {Entry, "mnuWallpaperHyphen1", "-"},
+    {Entry, "mnuWallpaperOption", "Wallpaper &Option"},
+    {PopupTop, "mnuRightMouse", "RightMouse"},
+    {Entry, "mnuCutR", "Cut"},
+    {Entry, "mnuCopyR", "Copy"},
+    {Entry, "mnuPasteR", "Paste"},
+    {Entry, "mnuRMouseHyphen1", "-"},
+    {Entry, "mnuBoldR", "Bold"},
+    {Entry, "mnuItalicR", "Italic"},
+    {Entry, "mnuUnderlineR", "Underline"},
+    {Entry, "mnuStrikeThruR", "Strikethrough"},
+    {Entry, "mnuRMouseHyphen2", "-"},
+    {Entry, "mnuColorSizeFontsR", "Color, Size, Fonts"},
+    {Top, "mnuHelp", "&Help"},
+    {Entry, "mnuContents", "Contents", "F1"},
+    {Entry, "mnuHelpSearch", "&Search For Help On..."},
+    {Entry, "mnuHelpHow", "&How To Use Help"},
+    {Entry, "mnuHelpHyphen1", "-"},
+    {Entry, "mnuAbout", "&About..."},
+};
+
+// An entry without its command does nothing; it is enabled by MenuItem::OnClick.
+QAction* AddEntry(QMenu& menu, const MenuRow& row)
+{
+    const QString caption = QString::fromLatin1(row.caption);
+    if (caption == u"-") return menu.addSeparator();
+    QAction* action = menu.addAction(caption);
+    action->setEnabled(false);
+    if (*row.shortcut) action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+    action->setCheckable(row.kind == CheckedSubEntry || row.kind == SubEntry);
+    action->setChecked(row.kind == CheckedSubEntry);
+    return action;
+}
+} // namespace
+
+Menus::Menus(QMenuBar& bar)
+{
+    QMenu* menu = nullptr;
+    QMenu* subMenu = nullptr;
+    for (const MenuRow& row : Rows) {
+        const QString name = QString::fromLatin1(row.name);
+        const QString caption = QString::fromLatin1(row.caption);
+        QAction* action = nullptr;
+        switch (row.kind) {
+        case Top:
+            action = (menu = bar.addMenu(caption))->menuAction();
+            break;
+        case PopupTop:
+            action = (m_rightMouse = menu = new QMenu(caption, &bar))->menuAction();
+            break;
+        case SubMenu:
+            action = (subMenu = menu->addMenu(caption))->menuAction();
+            break;
+        case SubEntry:
+        case CheckedSubEntry:
+            action = AddEntry(*subMenu, row);
+            break;
+        case Entry:
+        case HiddenEntry:
+            action = AddEntry(*menu, row);
+            break;
+        }
+        action->setObjectName(name);
+        action->setVisible(row.kind != HiddenEntry);
+        m_items.emplace(name, MenuItem(action));
+    }
+}
+
+MenuItem& Menus::operator()(QLatin1StringView name)
+{
+    const auto found = m_items.find(QString(name));
+    if (found == m_items.end()) {
+        throw RunTimeError{errors::NoSuchElement, QStringLiteral("There is no menu entry '%1'").arg(name)};
+    }
+    return found->second;
+}
+
+MenuItem& Menus::mnuMRU(int index)
+{
+    return m_items.at(QStringLiteral("mnuMRU(%1)").arg(index));
+}
+
+const MenuItem* Menus::OfShortcut(const QKeySequence& key) const
+{
+    for (const auto& [name, item] : m_items) {
+        if (!key.isEmpty() && item.Action()->shortcut() == key) return &item;
+    }
+    return nullptr;
+}

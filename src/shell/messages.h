@@ -1,0 +1,13 @@
+// Texts that more than one room shows.
+#pragma once
+
+#include <QString>
+
+namespace messages {
+inline const QString HelpWizard = QStringLiteral("Orrelin Help Wizard");
+inline const QString WindowTitle = QStringLiteral("Orrelin for Windows 95/98/NT - ");
+inline const QString PlannerFilter = QStringLiteral("Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*");
+inline const QString AskUpgrade = QStringLiteral(
+    "You have an older version of the database, Orrelin will upgrade the older database to current version. Make sure "
+    "you back up your existing database first! Do you want to proceed?");
+} // namespace messages

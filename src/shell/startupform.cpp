@@ -1,0 +1,72 @@
+#include "shell/startupform.h"
+
+#include "platform/controls/paper.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+
+namespace {
+constexpr QSize SplashSize(420, 220);
+
+// A month's leaf in a few lines: drawn by hand, since a picture file would cost more time than it may take.
+void PaintLeaf(QPainter& painter, const QRectF& leaf)
+{
+    painter.setPen(QPen(paper::Hairline, 1));
+    painter.setBrush(paper::Paper);
+    painter.drawRoundedRect(leaf, 6, 6);
+    const QRectF band(leaf.left(), leaf.top(), leaf.width(), leaf.height() / 5);
+    painter.setBrush(paper::Accent);
+    painter.setPen(Qt::NoPen);
+    painter.drawRoundedRect(band, 6, 6);
+    painter.drawRect(band.adjusted(0, 6, 0, 0));
+    constexpr int Columns = 7, Rows = 5, Today = 17;
+    const qreal step = leaf.width() / (Columns + 1);
+    for (int day = 0; day < Columns * Rows; ++day) {
+        const QPointF at(leaf.left() + step * (day % Columns + 1), band.bottom() + step * (day / Columns + 0.8));
+        painter.setBrush(day == Today ? paper::TodayFrame : paper::Hairline);
+        painter.drawEllipse(at, 3.2, 3.2);
+    }
+}
+} // namespace
+
+StartUpForm::StartUpForm() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+{
+    setObjectName(QStringLiteral("StartUpForm"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFixedSize(SplashSize);
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    move(screen.center() - rect().center());
+}
+
+void StartUpForm::SetPanel3D1(const QString& line)
+{
+    m_panel3D1 = line;
+    update();
+}
+
+void StartUpForm::SetLabel1(const QString& progress)
+{
+    m_label1 = progress;
+    update();
+}
+
+void StartUpForm::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), paper::Band);
+    painter.setPen(QPen(paper::Hairline, 2));
+    painter.drawRect(rect());
+    PaintLeaf(painter, QRectF(32, 48, 124, 116));
+    QFont font = this->font();
+    font.setPointSize(26);
+    painter.setFont(font);
+    painter.setPen(paper::Ink);
+    painter.drawText(QRect(184, 56, 220, 48), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Orrelin"));
+    font.setPointSize(10);
+    painter.setFont(font);
+    painter.setPen(paper::SoftInk);
+    painter.drawText(QRect(186, 104, 220, 24), Qt::AlignLeft | Qt::AlignVCenter, m_panel3D1);
+    painter.drawText(QRect(186, 140, 220, 24), Qt::AlignLeft | Qt::AlignVCenter, m_label1);
+}

@@ -1,0 +1,38 @@
+#include "workgroup/networkmode.h"
+
+#include "plannerfile/plannerstate.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/timer.h"
+#include "platform/controls/toolbar.h"
+#include "platform/controls/visible.h"
+#include "shell/menus.h"
+#include "workgroup/networkcontrols.h"
+#include "workgroup/workgroupstate.h"
+
+#include <QLabel>
+
+void NetworkMode::subSetNetworkMode(bool bOn)
+{
+    m_menus(QLatin1StringView("mnuNetworkOptions")).SetEnabled(bOn);
+    if (!bOn) m_controls.tmUnLock->SetEnabled(false);
+    m_controls.picRefresh->SetVisible(0, bOn);
+    m_controls.picRefresh->SetVisible(1, false);
+    m_controls.picLock->SetVisible(0, bOn);
+    m_controls.picLock->SetVisible(1, false);
+    SetVisible(*m_controls.lblNetwork, bOn);
+    m_menus(QLatin1StringView("mnuRefresh")).SetEnabled(bOn);
+    m_menus(QLatin1StringView("mnuLockDay")).SetEnabled(bOn);
+    // A workgroup's planner has no general save: each day is saved by its own lock.
+    ToolbarButton& save = m_toolbar.Buttons(QStringLiteral("save"));
+    if (!bOn) save.SetValue(0);
+    save.setEnabled(!bOn);
+    save.SetMixedState(bOn);
+    m_menus(QLatin1StringView("mnuSave")).SetEnabled(!bOn);
+    g_bDBShared = bOn;
+}
+
+void NetworkMode::ApplyTimers()
+{
+    if (!bGeneralUnlockEnable) m_controls.tmUnLock->SetEnabled(false);
+    m_controls.tmAutoRefresh->SetEnabled(g_bAutoRefresh);
+}

@@ -1,0 +1,23 @@
+// Shows or hides what belongs to a workgroup's planner, and says which of the two kinds is open.
+#pragma once
+
+class Menus;
+struct NetworkControls;
+class Toolbar;
+
+class NetworkMode
+{
+public:
+    NetworkMode(const NetworkControls& controls, Menus& menus, Toolbar& toolbar)
+        : m_controls(controls), m_menus(menus), m_toolbar(toolbar)
+    {
+    }
+
+    void subSetNetworkMode(bool bOn); // sets g_bDBShared
+    void ApplyTimers();               // the timers as the options read at the opening want them
+
+private:
+    const NetworkControls& m_controls;
+    Menus& m_menus;
+    Toolbar& m_toolbar;
+};

@@ -1,0 +1,110 @@
+#include "calendar/modshow.h"
+
+#include "calendar/calendarstate.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QDate>
+#include <QTest>
+
+class ModShowTest : public QObject
+{
+    Q_OBJECT
+
+    static QStringList Captions(int year, int month)
+    {
+        QStringList captions;
+        for (const DaySlot& slot : MonthGrid(Weekday(year, month, 1), MonthLength(year, month))) {
+            captions << slot.Caption().trimmed();
+        }
+        return captions;
+    }
+
+private Q_SLOTS:
+    void cleanup() { ResetCalendarStateForTests(); }
+
+    void WeekdaysAreThoseOfTheTrueCalendar()
+    {
+        for (int year : {1, 1600, 1900, 1999, 2000, 2100, 9999, 32767}) {
+            for (int month = 1; month <= 12; ++month) {
+                QCOMPARE(Weekday(year, month, 1), QDate(year, month, 1).dayOfWeek() % 7 + 1);
+            }
+        }
+        // The 29th of February that only the grid knows is the 1st of March.
+        QCOMPARE(Weekday(2100, 2, 29), QDate(2100, 3, 1).dayOfWeek() % 7 + 1);
+    }
+
+    // Every kind of month: each first weekday with each length. Each day stands in the column of its weekday, and
+    // what is left is numbered memos in the order of the cells.
+    void EveryMonthFitsTheGrid()
+    {
+        for (int first = 1; first <= 7; ++first) {
+            for (int length = 28; length <= 31; ++length) {
+                const auto grid = MonthGrid(first, length);
+                int memos = 0;
+                QSet<int> days;
+                for (int cell = 1; cell <= 35; ++cell) {
+                    const DaySlot& slot = grid[static_cast<std::size_t>(cell - 1)];
+                    if (slot.isMemo) {
+                        QCOMPARE(slot.number, ++memos);
+                        continue;
+                    }
+                    days << slot.number;
+                    QCOMPARE((cell - 1) % 7, (first - 1 + slot.number - 1) % 7);
+                    QVERIFY(cell <= 7 || slot.number == cell - first + 1);
+                }
+                QCOMPARE(days.size(), length);
+                QCOMPARE(memos, 35 - length);
+            }
+        }
+    }
+
+    void KnownMonthsAreDrawnAsKnown()
+    {
+        const QStringList february = Captions(1999, 2);
+        QCOMPARE(february.first(3), QStringList({QStringLiteral("Memo1"), QStringLiteral("1"), QStringLiteral("2")}));
+        QCOMPARE(february.last(2), QStringList({QStringLiteral("Memo6"), QStringLiteral("Memo7")}));
+        const QStringList august = Captions(1998, 8);
+        QCOMPARE(august.first(7).join(u' '), QStringLiteral("30 31 Memo1 Memo2 Memo3 Memo4 1"));
+        QVERIFY(Captions(2100, 2).contains(QStringLiteral("29")));
+    }
+
+    void TheWeekMapCountsOnFromTheLastDay()
+    {
+        const auto map = WeekMap(2, 28);
+        QCOMPARE(int(map[0]), 29);
+        QCOMPARE(int(map[1]), 1);
+        QCOMPARE(int(map[28]), 28);
+        QCOMPARE(int(map[29]), 30);
+        QCOMPARE(int(map[41]), 42);
+        QCOMPARE(int(WeekMap(1, 30)[0]), 1);
+    }
+
+    void TheTableOfLengthsStaysUntilItIsWritten()
+    {
+        subSetDaysInMonth(1996);
+        g_iYear = 1999;
+        g_iMonth = 2;
+        QCOMPARE(int(fnDaysInMonth()), 29);
+        QCOMPARE(int(fnFirstDayOfMonth()), 2);
+        QCOMPARE(int(fnDaysInMonth()), 28);
+        g_iMonth = 13;
+        QCOMPARE(int(fnDaysInMonth()), 0);
+        g_iMonth = 14;
+        QVERIFY_EXCEPTION_THROWN(fnDaysInMonth(), RunTimeError);
+    }
+
+    void NamesOutsideTheTablesAreEmpty()
+    {
+        QCOMPARE(fnMonthName(13), QString());
+        QCOMPARE(fnMonthName(3), QStringLiteral("MARCH"));
+        g_iLanguage = 1;
+        QCOMPARE(fnMonthName(3), QStringLiteral("MAERZ"));
+        g_iLanguage = 3;
+        QCOMPARE(fnMonthName(3), QString());
+        QCOMPARE(fnColorInHex(QStringLiteral("FUSCHIA")), 0xFF00FFu);
+        QCOMPARE(fnColorInHex(QStringLiteral("red")), 0u);
+    }
+};
+
+QTEST_APPLESS_MAIN(ModShowTest)
+#include "modshowtest.moc"

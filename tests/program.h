@@ -1,0 +1,124 @@
+// The whole main window over folders of its own, as a person starts it, with short ways to its controls.
+#pragma once
+
+#include "calendar/calendarstate.h"
+#include "plannerfile/openasform.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/controls/resources.h"
+#include "platform/controls/sspanel.h"
+#include "platform/desktop/clock.h"
+#include "platform/desktop/folders.h"
+#include "platform/richtext/richtextbox.h"
+#include "platform/runtime/errortail.h"
+#include "shell/mainform.h"
+#include "support.h"
+
+#include <QAction>
+#include <QFile>
+#include <QRadioButton>
+
+#include <memory>
+
+class Program
+{
+public:
+    Program()
+    {
+        InitResources();
+        desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(9, 30)));
+        QDir().mkpath(folders::ApplicationDirectory());
+    }
+
+    ~Program()
+    {
+        form.reset();
+        DropAnswers();
+        desktopclock::SetForTests(QDateTime());
+        ResetPlannerStateForTests();
+        ResetCalendarStateForTests();
+        CloseErrorLog();
+    }
+
+    void Start()
+    {
+        ResetPlannerStateForTests();
+        ResetCalendarStateForTests();
+        g_bErrorTrap = true;
+        OpenErrorLog(LogPath());
+        form = std::make_unique<Mainform>();
+        form->resize(1000, 700);
+        form->Form_Load([](const QString&) {}, [] {});
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+    }
+
+    void Exit()
+    {
+        Trigger("mnuExit");
+        form.reset();
+    }
+
+    // Answers the question of personal or shared in the next OpenAsForm.
+    static void AnswerOpenAs(bool shared)
+    {
+        OnNextModal<OpenAsForm>([shared](OpenAsForm& form) {
+            form.findChild<QRadioButton*>(QStringLiteral("opShared(%1)").arg(int(shared)))->click();
+            QTest::keyClick(&form, Qt::Key_Return);
+        });
+    }
+
+    void New(const QString& name, bool shared = false)
+    {
+        AnswerNextFileDialog(folders.Path(name));
+        AnswerOpenAs(shared);
+        AnswerNextBox(msgbox::Ok);
+        Trigger("mnuNew");
+    }
+
+    void Open(const QString& name, bool shared = false)
+    {
+        AnswerNextFileDialog(folders.Path(name));
+        AnswerOpenAs(shared);
+        Trigger("mnuOpen");
+    }
+
+    QAction& Entry(const char* name) const { return *form->findChild<QAction*>(QString::fromLatin1(name)); }
+    void Trigger(const char* name) const { Entry(name).trigger(); }
+
+    RichTextBox& Box(int cell) const { return *form->findChild<RichTextBox*>(QStringLiteral("tbDay(%1)").arg(cell)); }
+    SSPanel& Panel(int cell) const { return *form->findChild<SSPanel*>(QStringLiteral("panelDay(%1)").arg(cell)); }
+    SSPanel& Bottom() const { return *form->findChild<SSPanel*>(QStringLiteral("panelBottom")); }
+    void Click(int cell) const { QTest::mouseClick(Box(cell).viewport(), Qt::LeftButton, {}, QPoint(20, 8)); }
+    void Type(int cell, const QString& text) const
+    {
+        Click(cell);
+        QTest::keyClicks(&Box(cell), text);
+    }
+
+    // The cell of a day in the shown month.
+    int CellOf(int day) const
+    {
+        for (int cell = 1; cell <= 35; ++cell) {
+            if (Panel(cell).Caption().trimmed() == QString::number(day)) return cell;
+        }
+        return 0;
+    }
+
+    QString LogPath() const { return folders::ApplicationDirectory() + QStringLiteral("/planner.err"); }
+    QByteArray Log() const
+    {
+        QFile log(LogPath());
+        return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray("no log");
+    }
+
+    // What the file holds for a key, read by a connection of its own; null if it has no record.
+    QByteArray Stored(const QString& name, const QString& key) const
+    {
+        Recordset notes = DBEngine::OpenDatabase(folders.Path(name)).OpenTable(QStringLiteral("QMT Table"));
+        notes.SetIndex(QStringLiteral("qmtPrimaryKey"));
+        notes.Seek(QStringLiteral("="), key);
+        return notes.NoMatch() ? QByteArray() : notes.Fields(QStringLiteral("qmtText")).toByteArray();
+    }
+
+    TemporaryFolders folders;
+    std::unique_ptr<Mainform> form;
+};

@@ -1,0 +1,104 @@
+#include "platform/profile/profile.h"
+#include "program.h"
+
+#include <QScreen>
+
+class StartStopTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+
+    QString Ini(const QString& section, const QString& key)
+    {
+        return GetPrivateProfileStringA(section, key, QString(), 100, QStringLiteral("PLANNER.INI"));
+    }
+
+    QString IniPath() const { return folders::WindowsDirectory() + QStringLiteral("/PLANNER.INI"); }
+
+    void WriteIni(const QByteArray& content)
+    {
+        QFile file(IniPath());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        QDir().mkpath(folders::WindowsDirectory());
+    }
+    void cleanup() { m_program.reset(); }
+
+    void AnExitWithNothingToSaveLogsTheCellsThatWereNeverLoaded()
+    {
+        Program& program = *m_program;
+        program.Start();
+        program.Exit();
+        QCOMPARE(program.Log().count('\n'), 7);
+        QVERIFY(program.Log().contains("Control array element '42' doesn't exist in MainForm, subExitProgram"));
+        program.Start();
+        QCOMPARE(program.Log(), QByteArray()); // each run begins an empty log
+    }
+
+    void TheExitSavesWhateverTheWayOut()
+    {
+        Program& program = *m_program;
+        program.Start();
+        program.New(QStringLiteral("notes.mdb"));
+        program.Type(20, QStringLiteral("first"));
+        program.form->subExitProgram(3);
+        program.form.reset();
+        QVERIFY(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("first"));
+    }
+
+    void TheWindowComesBackWhereItWas()
+    {
+        Program& program = *m_program;
+        program.Start();
+        program.form->setGeometry(60, 40, 640, 500);
+        program.Exit();
+        QCOMPARE(Ini(QStringLiteral("Mainform Dimension"), QStringLiteral("Left")), QStringLiteral("900"));
+        QCOMPARE(Ini(QStringLiteral("Mainform Dimension"), QStringLiteral("Bottom")), QStringLiteral("8100"));
+        program.Start();
+        QCOMPARE(program.form->geometry(), QRect(60, 40, 640, 500));
+    }
+
+    void AWindowThatNobodyCouldReachIsBroughtBack()
+    {
+        Program& program = *m_program;
+        WriteIni("[Mainform Dimension]\nLeft=-90000\nTop=900000\nRight=-75000\nBottom=910000\n");
+        program.Start();
+        QVERIFY(program.form->screen()->availableGeometry().contains(program.form->geometry()));
+    }
+
+    void RubbishInTheSettingsIsSurvived_data()
+    {
+        QTest::addColumn<QByteArray>("ini");
+        QTest::newRow("huge values")
+            << QByteArray("[VIEW]\nVIEWPREF=99999999999999999999\n[DAILY PANEL]\nFONTSIZE=2000000000\n"
+                          "FONTCOLOR=&HFFFFFFFFFFFFFFFF&\nFONT3D=-7\nFONTNAME=") +
+                   QByteArray(5000, 'x') + "\n[Mainform Dimension]\nLeft=-2147483648\nRight=1e99\n";
+        QTest::newRow("negative") << QByteArray(
+            "[DAILY PANEL]\nFONTSIZE=-5\nFONT3D=99\n[DEFAULT FONTS]\nFONTSIZE=0\n[DISPLAY "
+            "MONTH]\nFONTSIZE=0\n[Mainform Dimension]\nRight=-4\nBottom=-4\n");
+        QTest::newRow("no closing bracket") << QByteArray("[VIEW\nVIEWPREF=2\n[[[\n=\n=x\n\n]");
+        QTest::newRow("NUL and raw bytes") << QByteArray("[VI\0EW]\n\xff\xfe=\x80\nVIEWPREF\0=2\n", 29).repeated(100);
+    }
+
+    void RubbishInTheSettingsIsSurvived()
+    {
+        QFETCH(QByteArray, ini);
+        WriteIni(ini);
+        Program& program = *m_program;
+        program.Start();
+        program.New(QStringLiteral("notes.mdb"));
+        if (program.form->findChild<RichTextBox*>(QStringLiteral("tbDay(20)")))
+            program.Type(20, QStringLiteral("still here"));
+        program.Exit();
+    }
+};
+
+QTEST_MAIN(StartStopTest)
+#include "startstoptest.moc"
