@@ -56,21 +56,24 @@ public:
     void Unlock(const TableDef& t, qint64 id) override { m_inner->Unlock(t, id); }
     void BeginRead() override { Call("BeginRead", &Store::BeginRead); }
     void EndRead() override { m_inner->EndRead(); }
-    void BeginWrite() override { Call("BeginWrite", &Store::BeginWrite); }
-    void Commit() override
-    {
-        try {
-            Call("Commit", &Store::Commit);
-        } catch (const RunTimeError&) {
-            m_inner->Rollback();
-            throw;
-        }
-    }
+    // After an error of these two nothing is open, as the contract says.
+    void BeginWrite() override { CallOrRollBack("BeginWrite", &Store::BeginWrite); }
+    void Commit() override { CallOrRollBack("Commit", &Store::Commit); }
     void Rollback() override { m_inner->Rollback(); }
     void Refresh() override { Call("Refresh", &Store::Refresh); }
     void Close() override { m_inner->Close(); }
 
 private:
+    void CallOrRollBack(const char* name, void (Store::*call)())
+    {
+        try {
+            Call(name, call);
+        } catch (const RunTimeError&) {
+            m_inner->Rollback();
+            throw;
+        }
+    }
+
     template <typename Result, typename... Parameters, typename... Arguments>
     Result Call(const char* name, Result (Store::*call)(Parameters...), Arguments&&... arguments)
     {

@@ -48,7 +48,14 @@ public:
         form = std::make_unique<Mainform>();
         form->resize(1000, 700);
         form->Form_Load([](const QString&) {}, [] {});
-        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+        Activate();
+    }
+
+    // A box that closed leaves no window active on a screen without a window manager.
+    void Activate() const
+    {
+        form->activateWindow();
+        QVERIFY(QTest::qWaitFor([this] { return form->isActiveWindow(); }));
     }
 
     void Exit()
@@ -72,6 +79,7 @@ public:
         AnswerOpenAs(shared);
         AnswerNextBox(msgbox::Ok);
         Trigger("mnuNew");
+        Activate();
     }
 
     void Open(const QString& name, bool shared = false)
@@ -79,6 +87,7 @@ public:
         AnswerNextFileDialog(folders.Path(name));
         AnswerOpenAs(shared);
         Trigger("mnuOpen");
+        Activate();
     }
 
     QAction& Entry(const char* name) const { return *form->findChild<QAction*>(QString::fromLatin1(name)); }

@@ -1,4 +1,5 @@
 #include "calendar/moddate.h"
+
 #include "platform/runtime/errortail.h"
 
 #include <QTest>

@@ -2,6 +2,8 @@
 #include "platform/profile/profile.h"
 #include "program.h"
 
+#include <QProcess>
+
 // New, Open, the recent list and the start-up planner, with every answer that their questions allow.
 class OpeningTest : public QObject
 {
@@ -220,17 +222,36 @@ private Q_SLOTS:
     {
         Program& program = *m_program;
         MakeOlder(QStringLiteral("a.mdb"), {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()});
-        Database other = DBEngine::OpenDatabase(program.folders.Path(QStringLiteral("a.mdb")));
+        QProcess other;
+        other.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--hold"), program.folders.Path(QStringLiteral("a.mdb"))});
+        QVERIFY(other.waitForReadyRead(30000));
         SeenBox seen;
         AnswerNextFileDialog(program.folders.Path(QStringLiteral("a.mdb")));
         Program::AnswerOpenAs(false);
         AnswerNextBox(msgbox::Ok, &seen);
         program.Trigger("mnuOpen");
-        QVERIFY(seen.Text.contains(QStringLiteral("in use")));
+        QVERIFY2(seen.Text.contains(QStringLiteral("in use by user")), qPrintable(seen.Text));
         program.Open(QStringLiteral("a.mdb"), true);
         QCOMPARE(program.Box(18).Text(), QStringLiteral("kept"));
+        other.kill();
+        QVERIFY(other.waitForFinished());
+        program.Open(QStringLiteral("a.mdb"));
+        QVERIFY(!program.Box(18).Locked());
     }
 };
 
-QTEST_MAIN(OpeningTest)
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (argc == 3 && QLatin1StringView(argv[1]) == QLatin1StringView("--hold")) {
+        const Database held = DBEngine::OpenDatabase(QString::fromLocal8Bit(argv[2]));
+        std::puts("held");
+        std::fflush(stdout);
+        return application.exec();
+    }
+    OpeningTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "openingtest.moc"
