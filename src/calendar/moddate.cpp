@@ -81,7 +81,8 @@ QString fnFnGetQMTDate(const QString& entryDate)
 std::int16_t fnGetQMTDay(const QString& dateKey)
 {
     const Slashes at(dateKey);
-    return NumberOf(QLatin1StringView(" in MODDATE.BAS, fnGetQMTDay"), at.second < 0 ? QString() : dateKey.mid(at.second + 1));
+    return NumberOf(QLatin1StringView(" in MODDATE.BAS, fnGetQMTDay"),
+                    at.second < 0 ? QString() : dateKey.mid(at.second + 1));
 }
 
 std::int16_t fnGetQMTMonth(const QString& dateKey)
@@ -105,7 +106,8 @@ QString fnFormatDateKey(const QString& dateKey)
 {
     QString day = MemoName(dateKey);
     if (day.isEmpty()) day = TrimmedStr(fnGetQMTDay(dateKey));
-    return fnMonthAbbrev(fnGetQMTMonth(dateKey)) + u' ' + day + QStringLiteral(", ") + TrimmedStr(fnGetQMTYear(dateKey));
+    return fnMonthAbbrev(fnGetQMTMonth(dateKey)) + u' ' + day + QStringLiteral(", ") +
+           TrimmedStr(fnGetQMTYear(dateKey));
 }
 
 bool fnValidateDate(const QString& entryDate)

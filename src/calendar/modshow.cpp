@@ -13,8 +13,8 @@ using MonthNames = std::array<QStringView, 12>;
 constexpr std::array<MonthNames, 3> MonthNamesByLanguage = {
     MonthNames{u"JANUARY", u"FEBRUARY", u"MARCH", u"APRIL", u"MAY", u"JUNE", u"JULY", u"AUGUST", u"SEPTEMBER",
                u"OCTOBER", u"NOVEMBER", u"DECEMBER"},
-    MonthNames{u"JANUAR", u"FEBRUAR", u"MAERZ", u"APRIL", u"MAI", u"JUNI", u"JULI", u"AUGUST", u"SEPTEMBER",
-               u"OKTOBER", u"NOVEMBER", u"DEZEMBER"},
+    MonthNames{u"JANUAR", u"FEBRUAR", u"MAERZ", u"APRIL", u"MAI", u"JUNI", u"JULI", u"AUGUST", u"SEPTEMBER", u"OKTOBER",
+               u"NOVEMBER", u"DEZEMBER"},
     MonthNames{u"JANVIER", u"FEVRIER", u"MARS", u"AVRIL", u"MAI", u"JUIN", u"JUILLET", u"AOUT", u"SEPTEMBRE",
                u"OCTOBRE", u"NOVEMBRE", u"DECEMBRE"},
 };
@@ -109,7 +109,8 @@ QString DaySlot::Caption() const
 std::array<DaySlot, 35> MonthGrid(int firstWeekday, int length)
 {
     std::array<DaySlot, 35> grid{};
-    for (DaySlot& slot : grid) slot.isMemo = true;
+    for (DaySlot& slot : grid)
+        slot.isMemo = true;
     for (int day = 1; day <= length; ++day) {
         grid[static_cast<std::size_t>((firstWeekday + day - 2) % 35)] = {false, day};
     }

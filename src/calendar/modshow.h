@@ -12,9 +12,9 @@
 bool fnIsLeapYear(int year);
 int MonthLength(int year, int month); // by that rule; month 1 to 12
 
-void subSetDaysInMonth(int year);  // fills g_aiDaysInMonth
-std::int16_t fnDaysInMonth();      // of g_iMonth in the table as it stands; error 9 beyond 0 to 13
-std::int16_t fnFirstDayOfMonth();  // weekday of the first of the shown month, 1 Sunday to 7; refreshes the table
+void subSetDaysInMonth(int year); // fills g_aiDaysInMonth
+std::int16_t fnDaysInMonth();     // of g_iMonth in the table as it stands; error 9 beyond 0 to 13
+std::int16_t fnFirstDayOfMonth(); // weekday of the first of the shown month, 1 Sunday to 7; refreshes the table
 int Weekday(int year, int month, int day); // 1 Sunday to 7 Saturday; a day past the month's end rolls over
 
 QString fnMonthName(int month);   // upper case, in g_iLanguage; empty for any other month or language
