@@ -55,11 +55,13 @@ bool HasStoredPlace()
 void CScreenLayout::RestoreRectangle()
 {
     constexpr int Inset = 30 / TwipsPerPixel;
+    // The sizes kept are those inside the window's frame, which is not known before the window is shown.
+    constexpr int FrameSides = 8, FrameHeight = 40;
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
     const int left = Dimension(settings::MainLeft, area.left() + Inset);
     const int top = Dimension(settings::MainTop, area.top() + Inset);
-    const int right = Dimension(settings::MainRight, area.width() - Inset);
-    const int bottom = Dimension(settings::MainBottom, area.height() - Inset);
+    const int right = Dimension(settings::MainRight, area.left() + area.width() - Inset - FrameSides);
+    const int bottom = Dimension(settings::MainBottom, area.top() + area.height() - Inset - FrameHeight);
     const QRect window = Reachable(QRect(left, top, right - left, bottom - top));
     m_window.resize(window.size());
     if (HasStoredPlace()) m_window.move(window.topLeft());

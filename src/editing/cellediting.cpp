@@ -7,6 +7,7 @@
 #include "calendar/viewmode.h"
 #include "editing/colornames.h"
 #include "editing/formatbar.h"
+#include "editing/formatting.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
@@ -47,8 +48,9 @@ void Choose(ORLCombo& combo, int index)
 } // namespace
 
 CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const NetworkControls& network, Menus& menus,
-                         const ViewMode& viewMode)
-    : QObject(&cells), m_cells(cells), m_bar(bar), m_network(network), m_menus(menus), m_viewMode(viewMode)
+                         const ViewMode& viewMode, Formatting& formatting)
+    : QObject(&cells), m_cells(cells), m_bar(bar), m_network(network), m_menus(menus), m_viewMode(viewMode),
+      m_formatting(formatting)
 {
     Wire();
 }
@@ -70,6 +72,9 @@ void CellEditing::Wire()
        [this](int i, int& key) { tbDay_KeyPress(i, key); });
     on(&Cells::MouseDown, QLatin1StringView(" in MainForm, tbDay_MouseDown"),
        [this](int i, int button, const QPoint& at) { tbDay_MouseDown(i, button, at); });
+    // What the mouse drops or pastes passes the guard of the paste command.
+    on(&Cells::PasteRequested, QLatin1StringView(" in MainForm, mnuPaste_Click"),
+       [this](int, bool& allowed) { allowed = m_formatting.fnCanFormatCell(); });
 }
 
 bool CellEditing::IsHeldElsewhere(int Index) const

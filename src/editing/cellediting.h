@@ -5,6 +5,7 @@
 #include <QObject>
 
 class Cells;
+class Formatting;
 struct FormatBar;
 class Menus;
 struct NetworkControls;
@@ -18,7 +19,7 @@ class CellEditing : public QObject
 public:
     // Wires itself to the events of all cells, those included that are loaded later.
     CellEditing(Cells& cells, const FormatBar& bar, const NetworkControls& network, Menus& menus,
-                const ViewMode& viewMode);
+                const ViewMode& viewMode, Formatting& formatting);
 
     void tbDay_GotFocus(int Index);
     void tbDay_Click(int Index); // panelDay too
@@ -41,4 +42,5 @@ private:
     const NetworkControls& m_network;
     Menus& m_menus;
     const ViewMode& m_viewMode;
+    Formatting& m_formatting;
 };

@@ -2,6 +2,7 @@
 
 #include "calendar/calendarstate.h"
 #include "calendar/cells.h"
+#include "calendar/modshow.h"
 #include "editing/formatbar.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/orlcombo.h"
@@ -9,6 +10,7 @@
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
 #include "shell/messages.h"
 #include "workgroup/networkcontrols.h"
 
@@ -115,6 +117,22 @@ void Formatting::mnuPaste_Click()
     ErrorTail{QLatin1StringView(" in MainForm, mnuPaste_Click")}([&] {
         if (fnCanFormatCell()) SendKey(Qt::Key_Insert, Qt::ShiftModifier);
     });
+}
+
+void Formatting::orlcmbFontname_Change()
+{
+    m_cells.tbDay(g_iCurrentPanel).SetSelFontName(m_bar.orlcmbFontname->Text());
+}
+
+void Formatting::orlcmbFontsize_Change()
+{
+    m_cells.tbDay(g_iCurrentPanel).SetSelFontSize(Val(m_bar.orlcmbFontsize->Text()));
+}
+
+void Formatting::orlcmbFontcolor_Change()
+{
+    const QString name = m_bar.orlcmbFontcolor->Text().trimmed().toUpper();
+    if (!name.isEmpty()) m_cells.tbDay(g_iCurrentPanel).SetSelColor(fnColorInHex(name));
 }
 
 void Formatting::subInitAllComboBox()

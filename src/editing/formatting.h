@@ -31,6 +31,11 @@ public:
     void mnuCopy_Click();
     void mnuPaste_Click();
 
+    // The combos act on the current cell without the guard; pressing one shows the guard's message all the same.
+    void orlcmbFontname_Change();
+    void orlcmbFontsize_Change();
+    void orlcmbFontcolor_Change(); // the blank entry changes nothing
+
     void subInitAllComboBox(); // lays the combos over their placeholders and fills them
 
 private:

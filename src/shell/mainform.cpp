@@ -17,6 +17,7 @@
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/clock.h"
@@ -36,28 +37,29 @@
 // In the order of their making; each stands on those above it.
 struct Mainform::Rooms
 {
-    explicit Rooms(QMainWindow& window) : controls(window), layout(window, *controls.client)
+    explicit Rooms(QMainWindow& window) : controls(window), m_pLayout(window, *controls.client)
     {
-        calendarView.SetRedraw(redraw);
+        m_pCalendarView.SetRedraw(redraw);
     }
 
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};
-    CToolbarView toolbarView{*controls.bar.tbTop, controls.menus};
-    CStatusbarView statusbarView{controls.bottom};
-    CCalendarView calendarView{controls.cells};
-    CScreenLayout layout;
+    CToolbarView m_pToolbar{*controls.bar.tbTop, controls.menus};
+    CStatusbarView m_pStatusbar{controls.bottom};
+    CCalendarView m_pCalendarView{controls.cells};
+    CScreenLayout m_pLayout;
     CellFrames frames{controls.cells};
-    Redraw redraw{controls.cells, controls.bottom, calendarView};
-    QMTDB notes{controls.cells, controls.bottom, controls.network, calendarView};
+    Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
+    QMTDB notes{controls.cells, controls.bottom, controls.network, m_pCalendarView};
     NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop};
     RecentList recentList{controls.menus};
     Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList};
     Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
-    PlannerHandlers planners{creation, opening, notes, redraw, calendarView};
-    Navigation navigation{notes, redraw, controls.menus, calendarView};
-    CellEditing cellEditing{controls.cells, controls.bar, controls.network, controls.menus, calendarView};
+    PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
+    Navigation navigation{notes, redraw, controls.menus, m_pCalendarView};
     Formatting formatting{controls.cells, controls.bar, controls.network};
+    CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
+                            controls.menus, m_pCalendarView, formatting};
 };
 
 Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
@@ -90,7 +92,7 @@ void Mainform::WireMenus()
         {"mnuNew", " in MainForm, mnuNew_Click", planners(&PlannerHandlers::mnuNew_Click)},
         {"mnuOpen", " in MainForm, mnuOpen_Click", planners(&PlannerHandlers::mnuOpen_Click)},
         {"mnuSave", " in MainForm, mnuSave_Click", planners(&PlannerHandlers::mnuSave_Click)},
-        {"mnuExit", " in MainForm, mnuExit_Click", [this] { subExitProgram(0); }},
+        {"mnuExit", " in MainForm, mnuExit_Click", [this] { subExitProgram(CloseBox); }},
         {"mnuPrevMonth", " in MainForm, mnuPrevMonth_Click", go(&Navigation::subActionPrevious)},
         {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", go(&Navigation::subActionNext)},
         {"mnuCut", " in MainForm, mnuCut_Click", format(&Formatting::mnuCut_Click)},
@@ -140,6 +142,18 @@ void Mainform::WireToolbar()
         if (entry != entryOfKey.cend()) rooms.controls.menus(QLatin1StringView(*entry)).Action()->trigger();
     });
     bar->Buttons(QStringLiteral("datediff")).setEnabled(false);
+    const auto wire = [&](ORLCombo* combo, QLatin1StringView literal, auto change) {
+        connect(combo, &ORLCombo::Click, this, [&rooms] { rooms.formatting.fnCanFormatCell(); });
+        connect(combo, &ORLCombo::Change, this,
+                [&rooms, literal, change] { guard(literal, [&] { (rooms.formatting.*change)(); }); });
+    };
+    const FormatBar& combos = rooms.controls.bar;
+    wire(combos.orlcmbFontname, QLatin1StringView(" in MainForm, orlcmbFontname_Change"),
+         &Formatting::orlcmbFontname_Change);
+    wire(combos.orlcmbFontsize, QLatin1StringView(" in MainForm, orlcmbFontsize_Change"),
+         &Formatting::orlcmbFontsize_Change);
+    wire(combos.orlcmbFontcolor, QLatin1StringView(" in MainForm, orlcmbFontcolor_Change"),
+         &Formatting::orlcmbFontcolor_Change);
 }
 
 void Mainform::WireSpins()
@@ -174,9 +188,11 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     g_iYear = static_cast<std::int16_t>(today.year());
     subSetDaysInMonth(g_iYear);
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
-    tail([&] { rooms.layout.ShowWindow(rooms.calendarView.StartsMinimized()); });
-    tail([&] { LayOutIfResized(); });
+    tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
+    tail([&] { Form_Resize(); });
     rooms.controls.bottom.panelBottom->SetCaption(MonthTitle());
+    // No button invites the first key; a cell is entered by a click or by Tab.
+    rooms.controls.client->setFocus();
     stayInFront();
     tail([&] { rooms.opening.subAutoload(); });
     tail([&] { rooms.navigation.subSetViewMenus(); });
@@ -187,18 +203,18 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     SetMousePointer(mousepointer::Default);
 }
 
-void Mainform::LayOutIfResized()
+void Mainform::Form_Resize()
 {
     Rooms& rooms = *m_rooms;
-    if (isMinimized() || !rooms.layout.ClientRectChanged()) return;
-    rooms.layout.RefreshLayout(rooms.toolbarView, rooms.statusbarView, rooms.calendarView);
+    if (isMinimized() || !rooms.m_pLayout.ClientRectChanged()) return;
+    rooms.m_pLayout.RefreshLayout(rooms.m_pToolbar, rooms.m_pStatusbar, rooms.m_pCalendarView);
 }
 
 bool Mainform::eventFilter(QObject* watched, QEvent* event)
 {
     // The client area changes with the window, and when the menu bar takes another line.
     if (event->type() == QEvent::Resize && isVisible()) {
-        guard(QLatin1StringView(" in MainForm, Form_Resize"), [&] { LayOutIfResized(); });
+        guard(QLatin1StringView(" in MainForm, Form_Resize"), [&] { Form_Resize(); });
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -208,14 +224,19 @@ void Mainform::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     // Minimize and restore bring no resize.
     if (event->type() == QEvent::WindowStateChange && isVisible()) {
-        guard(QLatin1StringView(" in MainForm, Form_Resize"), [&] { LayOutIfResized(); });
+        guard(QLatin1StringView(" in MainForm, Form_Resize"), [&] { Form_Resize(); });
     }
 }
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    if (!m_ended) subExitProgram(event->spontaneous() ? 0 : 1);
+    Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode);
     event->accept();
+}
+
+void Mainform::Form_QueryUnload(int UnloadMode)
+{
+    if (!m_ended) subExitProgram(UnloadMode);
 }
 
 void Mainform::SaveBeforeExit()
@@ -257,8 +278,6 @@ void Mainform::ClosePlanner()
 
 void Mainform::subExitProgram(int iUnloadMode)
 {
-    constexpr int ClosedByCode = 1;
-    constexpr int SessionEnds = 2;
     if (m_ended) return;
     const ErrorTail tail(QLatin1StringView(" in MainForm, subExitProgram"));
     if (iUnloadMode == SessionEnds) {
@@ -266,7 +285,7 @@ void Mainform::subExitProgram(int iUnloadMode)
         setWindowState(Qt::WindowNoState);
     }
     // Where the window stood must be known before it is hidden.
-    const auto place = m_rooms->layout.WindowPlace();
+    const auto place = m_rooms->m_pLayout.WindowPlace();
     hide();
     ExitForm exitForm;
     exitForm.show();
@@ -277,7 +296,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
-    tail([&] { m_rooms->layout.DestroyWindow(place); });
+    tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });
     m_ended = true;
     QCoreApplication::quit();
 }

@@ -21,8 +21,13 @@ public:
     // once the window is there.
     void Form_Load(const Progress& progress, const std::function<void()>& stayInFront);
 
-    // Saves and closes everything and ends the program. Modes: 0 the Exit command or the close box, 1 closed by code
-    // (only hides the window), 2 the session ends, 3 the process is asked to end.
+    // How the window comes to its end. Closed by code it is only hidden.
+    static constexpr int CloseBox = 0; // and the Exit command
+    static constexpr int ClosedByCode = 1;
+    static constexpr int SessionEnds = 2;
+    static constexpr int ProcessIsEnded = 3;
+
+    // Saves and closes everything and ends the program.
     void subExitProgram(int iUnloadMode);
 
 protected:
@@ -36,7 +41,8 @@ private:
     void WireMenus();
     void WireToolbar();
     void WireSpins();
-    void LayOutIfResized();
+    void Form_QueryUnload(int UnloadMode);
+    void Form_Resize(); // lays out again if the client area has changed
     void SaveBeforeExit();
     void ClosePlanner();
 

@@ -12,20 +12,20 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 
 namespace {
 constexpr QLatin1StringView StartTail(" in StartupForm, Form Load event");
 
 void WatchForTheEnd(QApplication& application, Mainform& form)
 {
-    constexpr int SessionEnds = 2;
-    constexpr int ProcessIsEnded = 3;
     // The session may take the process away as soon as this returns.
     QObject::connect(
-        &application, &QGuiApplication::commitDataRequest, &form, [&form] { form.subExitProgram(SessionEnds); },
-        Qt::DirectConnection);
+        &application, &QGuiApplication::commitDataRequest, &form,
+        [&form] { form.subExitProgram(Mainform::SessionEnds); }, Qt::DirectConnection);
     auto* watched = new TerminationSignals(&form);
-    QObject::connect(watched, &TerminationSignals::Received, &form, [&form] { form.subExitProgram(ProcessIsEnded); });
+    QObject::connect(watched, &TerminationSignals::Received, &form,
+                     [&form] { form.subExitProgram(Mainform::ProcessIsEnded); });
 }
 } // namespace
 
@@ -47,6 +47,9 @@ int RunOrrelin(QApplication& application)
     ErrorTail{StartTail}(
         [&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, [&] { splash->raise(); }); });
     splash.reset();
+    // After the first paint: nobody waits for it, and reading the picture takes its time.
+    QTimer::singleShot(0, &application,
+                       [] { QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/orrelin.svg"))); });
     SetMousePointer(mousepointer::Default);
     return application.exec();
 }
