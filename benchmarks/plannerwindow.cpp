@@ -100,8 +100,11 @@ void PlannerWindow::Focus(int cell) const
 BarePlanner::BarePlanner(const QString& path)
     : m_file(path), m_months{MakeMonth(ThisMonth()), MakeMonth(ThisMonth().Next())}
 {
-    for (QTextEdit* box : m_window.Boxes())
+    for (QTextEdit* box : m_window.Boxes()) {
+        // One that comes and goes with the text has each note laid out three times, which no floor needs.
+        box->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         m_paintings.Watch(*box);
+    }
     m_window.show();
     MoveMonth(false);
 }
