@@ -1,0 +1,83 @@
+// Prints one table: what a person does in the program, beside the least that it could cost.
+#include "rows.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTemporaryDir>
+
+namespace {
+struct Choice
+{
+    std::string Row;
+    bool WithFloor = true;
+    int Times = 1;
+};
+
+Choice ReadChoice()
+{
+    QCommandLineParser parser;
+    parser.addPositionalArgument(QStringLiteral("row"), QStringLiteral("Run this row alone."), QStringLiteral("[row]"));
+    const QCommandLineOption ours(QStringLiteral("ours"), QStringLiteral("Leave the floors out, for a profiler."));
+    const QCommandLineOption times(QStringLiteral("times"), QStringLiteral("So many times the turns."),
+                                   QStringLiteral("number"), QStringLiteral("1"));
+    parser.addOptions({ours, times});
+    parser.addHelpOption();
+    parser.process(*qApp);
+    return {parser.positionalArguments().value(0).toStdString(), !parser.isSet(ours),
+            qMax(1, parser.value(times).toInt())};
+}
+
+// The turns follow a name behind a slash.
+std::string Filter(const std::string& row)
+{
+    return row.empty() ? std::string(".") : "^" + row + "( floor)?/";
+}
+
+int Print(const Choice& choice, const std::vector<std::string>& names)
+{
+    std::string name = "bench", interleave = "--benchmark_enable_random_interleaving=true";
+    std::array<char*, 3> arguments{name.data(), interleave.data(), nullptr};
+    int count = 2;
+    benchmark::Initialize(&count, arguments.data());
+    PairReporter reporter(names);
+    const std::size_t rows = benchmark::RunSpecifiedBenchmarks(&reporter, Filter(choice.Row));
+    benchmark::Shutdown();
+    return rows == 0 || reporter.Failed() ? 1 : 0;
+}
+
+int Measure(const Choice& choice, const QTemporaryDir& folder)
+{
+    const QString planner = folder.filePath(QStringLiteral("planner.mdb"));
+    const Home shown{folder.filePath(QStringLiteral("shown"))};
+    const Home started{folder.filePath(QStringLiteral("started"))};
+    // Before anything asks for a folder: nobody's own settings are to be seen or touched.
+    UseHome(shown);
+    WritePlanner(planner);
+    Furnish(shown, planner);
+    Furnish(started, planner);
+    PlannerWindow ours;
+    BarePlanner bare(planner);
+    std::vector<std::string> names;
+    const Add add = [&](Row row) {
+        names.push_back(row.Name);
+        row.Count.Repetitions *= choice.Times;
+        AddRow(row, choice.WithFloor);
+    };
+    const AddMemory addMemory = [&](const MemoryRow& row) {
+        names.push_back(row.Name);
+        AddRow(row, choice.WithFloor);
+    };
+    AddStartRows(add, addMemory, started);
+    AddMonthRows(add, ours, bare);
+    AddTextRows(add);
+    return Print(choice, names);
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const Choice choice = ReadChoice();
+    const QTemporaryDir folder;
+    return folder.isValid() ? Measure(choice, folder) : 1;
+}

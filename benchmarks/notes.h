@@ -1,0 +1,22 @@
+// Notes of 300 formatted characters, the same ones in every run, as runs of text that a cursor can put into a document.
+#pragma once
+
+#include <QTextCharFormat>
+#include <QTextDocument>
+
+#include <vector>
+
+struct NoteRun
+{
+    QString text;
+    QTextCharFormat format;
+    bool endsParagraph;
+};
+using Note = std::vector<NoteRun>;
+
+inline constexpr int NoteLength = 300;
+
+Note MakeNote(int number);
+// Replaces what is there by these notes, one below the other, without undo.
+void Build(const std::vector<Note>& notes, QTextDocument& document);
+QByteArray RtfOf(const Note& note);

@@ -1,0 +1,146 @@
+#include "plannerwindow.h"
+
+#include "platform/controls/resources.h"
+#include "platform/runtime/errortail.h"
+
+#include <QAction>
+#include <QDeadlineTimer>
+#include <QTextCursor>
+
+namespace {
+// The caret is painted where the keyboard is.
+void Activate(QWidget& box)
+{
+    constexpr int LongestWait = 1000;
+    box.window()->raise();
+    box.activateWindow();
+    box.setFocus();
+    for (const QDeadlineTimer until(LongestWait); !box.hasFocus() && !until.hasExpired();)
+        PaintNow();
+    PaintNow();
+}
+
+// Without a caret meanwhile, which would be pushed to the end and so have all of the note laid out.
+void Show(const Note& note, QTextEdit& box)
+{
+    box.setTextCursor(QTextCursor());
+    Build({note}, *box.document());
+    box.setTextCursor(QTextCursor(box.document()));
+}
+
+// Grows and shrinks in turns, so that a note stays as long as it was.
+void Change(RichTextBox& box)
+{
+    QTextCursor cursor(box.document());
+    if (box.document()->characterAt(0) == u'~')
+        cursor.deleteChar();
+    else
+        cursor.insertText(QStringLiteral("~"));
+}
+} // namespace
+
+PlannerWindow::PlannerWindow()
+{
+    InitResources();
+    g_bErrorTrap = true;
+    m_form.Form_Load([](const QString&) {}, [] {});
+    for (int cell = 1; cell <= BoxCount; ++cell)
+        m_paintings.Watch(Box(cell));
+    PaintNow();
+}
+
+void PlannerWindow::Trigger(const char* entry) const
+{
+    m_form.findChild<QAction*>(QString::fromLatin1(entry))->trigger();
+}
+
+RichTextBox& PlannerWindow::Box(int cell) const
+{
+    return *m_form.findChild<RichTextBox*>(QStringLiteral("tbDay(%1)").arg(cell));
+}
+
+void PlannerWindow::MoveMonth()
+{
+    Trigger(std::exchange(m_ahead, !m_ahead) ? "mnuPrevMonth" : "mnuNextMonth");
+    PaintNow();
+}
+
+// A month that stayed empty is painted sooner than any floor.
+bool PlannerWindow::ShowsNotes() const
+{
+    const YearMonth month = m_ahead ? ThisMonth().Next() : ThisMonth();
+    for (int cell : {1, BoxCount}) {
+        const QString text = MakeNote(NoteNumber(month, cell)).front().text;
+        if (!Box(cell).Text().contains(text)) return false;
+    }
+    return true;
+}
+
+void PlannerWindow::ChangeAllNotes() const
+{
+    for (int cell = 1; cell <= BoxCount; ++cell)
+        Change(Box(cell));
+    PaintNow();
+}
+
+void PlannerWindow::SaveIfChanged() const
+{
+    bool changed = false;
+    for (int cell = 1; cell <= BoxCount; ++cell)
+        changed = changed || Box(cell).Modified() || Box(cell).hasFocus();
+    if (changed) Trigger("mnuSave");
+    PaintNow();
+}
+
+void PlannerWindow::Focus(int cell) const
+{
+    Activate(Box(cell));
+}
+
+BarePlanner::BarePlanner(const QString& path)
+    : m_file(path), m_months{MakeMonth(ThisMonth()), MakeMonth(ThisMonth().Next())}
+{
+    for (QTextEdit* box : m_window.Boxes()) {
+        // One that comes and goes with the text has each note laid out three times, which no floor needs.
+        box->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        m_paintings.Watch(*box);
+    }
+    m_window.show();
+    MoveMonth(false);
+}
+
+BarePlanner::Month BarePlanner::MakeMonth(YearMonth month)
+{
+    Month made{KeysOf(month), {}, {}};
+    for (int cell = 1; cell <= BoxCount; ++cell) {
+        made.notes.push_back(MakeNote(NoteNumber(month, cell)));
+        made.texts.push_back(RtfOf(made.notes.back()));
+    }
+    return made;
+}
+
+// What is read is not interpreted here: the floor of that is the same text by a cursor.
+void BarePlanner::MoveMonth(bool saves)
+{
+    if (saves) Save();
+    m_shown = 1 - m_shown;
+    const Month& month = m_months[m_shown];
+    const auto read = m_file.Read(month.keys);
+    for (std::size_t i = 0; i < read.size(); ++i)
+        Show(month.notes[i], *m_window.Boxes()[i]);
+    PaintNow();
+}
+
+void BarePlanner::Save()
+{
+    Month& month = m_months[m_shown];
+    // Other bytes of the same length: a row that stays as it is might cost less.
+    for (QByteArray& text : month.texts)
+        text.back() = text.back() == ' ' ? '\n' : ' ';
+    m_file.Write(month.keys, month.texts);
+}
+
+void BarePlanner::Focus(int cell) const
+{
+    Activate(Box(cell));
+}

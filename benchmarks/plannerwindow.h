@@ -1,0 +1,58 @@
+// The program's main window with the ten years open, and the bare window over the same file beside it on the screen.
+#pragma once
+
+#include "painting.h"
+#include "platform/richtext/richtextbox.h"
+#include "rawplanner.h"
+#include "shell/mainform.h"
+#include "tenyears.h"
+
+class PlannerWindow
+{
+public:
+    PlannerWindow();
+
+    void Trigger(const char* entry) const;
+    RichTextBox& Box(int cell) const;
+    void MoveMonth(); // to the next month and back again in turns
+    void ChangeAllNotes() const;
+    void SaveIfChanged() const;
+    void Focus(int cell) const;
+    bool PaintedAll() { return m_paintings.Take() >= BoxCount && ShowsNotes(); }
+    bool PaintedOne() { return m_paintings.Take() >= 1; }
+
+private:
+    bool ShowsNotes() const;
+
+    Mainform m_form;
+    PaintCount m_paintings;
+    bool m_ahead = false;
+};
+
+class BarePlanner
+{
+public:
+    explicit BarePlanner(const QString& path);
+
+    void MoveMonth(bool saves);
+    void Save();
+    QTextEdit& Box(int cell) const { return *m_window.Boxes()[std::size_t(cell - 1)]; }
+    void Focus(int cell) const;
+    bool PaintedAll() { return m_paintings.Take() >= BoxCount; }
+    bool PaintedOne() { return m_paintings.Take() >= 1; }
+
+private:
+    struct Month
+    {
+        QStringList keys;
+        std::vector<Note> notes;
+        std::vector<QByteArray> texts;
+    };
+    static Month MakeMonth(YearMonth month);
+
+    RawPlanner m_file;
+    BareWindow m_window{QPoint(WindowSize.width() + 20, 0)};
+    PaintCount m_paintings;
+    std::array<Month, 2> m_months;
+    std::size_t m_shown = 0;
+};

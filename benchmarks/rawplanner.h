@@ -1,0 +1,32 @@
+// A planner file by the bare database library: the least that reading and writing notes can cost.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class RawPlanner
+{
+public:
+    explicit RawPlanner(const QString& path); // with the journal, sync and locking that the program uses
+    ~RawPlanner();
+    RawPlanner(const RawPlanner&) = delete;
+    RawPlanner& operator=(const RawPlanner&) = delete;
+
+    std::vector<QByteArray> Read(const QStringList& keys);
+    void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // in one transaction
+
+private:
+    sqlite3_stmt* Prepare(const char* text);
+    void Execute(const char* text);
+
+    sqlite3* m_database = nullptr;
+    sqlite3_stmt* m_find = nullptr;
+    sqlite3_stmt* m_replace = nullptr;
+};

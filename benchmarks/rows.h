@@ -1,0 +1,14 @@
+// The rows of the table by what they need.
+#pragma once
+
+#include "pairs.h"
+#include "plannerwindow.h"
+
+#include <QString>
+
+using Add = std::function<void(const Row&)>;
+using AddMemory = std::function<void(const MemoryRow&)>;
+
+void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home);
+void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
+void AddTextRows(const Add& add);

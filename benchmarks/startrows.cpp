@@ -1,0 +1,103 @@
+#include "rows.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <sys/wait.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <spawn.h>
+#include <unistd.h>
+
+namespace {
+QByteArray g_config, g_data; // the home of the started ones, as lines of an environment
+
+std::vector<char*> Environment()
+{
+    std::vector<char*> lines;
+    for (char** line = environ; *line; ++line) {
+        const QByteArrayView text(*line);
+        if (!text.startsWith("XDG_CONFIG_HOME=") && !text.startsWith("XDG_DATA_HOME=")) lines.push_back(*line);
+    }
+    lines.insert(lines.end(), {g_config.data(), g_data.data(), nullptr});
+    return lines;
+}
+
+// From here to the end of the started process; false if it did not end well.
+bool Start(std::vector<QByteArray> arguments, int output)
+{
+    arguments.insert(arguments.begin(), QCoreApplication::applicationDirPath().toUtf8() + "/orrelin-bench-start");
+    std::vector<char*> pointers;
+    for (QByteArray& argument : arguments)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    if (output >= 0) posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    pid_t process = 0;
+    const int failure = posix_spawn(&process, pointers[0], &actions, nullptr, pointers.data(), Environment().data());
+    posix_spawn_file_actions_destroy(&actions);
+    int status = 0;
+    if (failure == 0) ::waitpid(process, &status, 0);
+    return failure == 0 && status == 0;
+}
+
+struct Memory
+{
+    double Resident = 0; // shared pages by their share
+    double Peak = 0;
+};
+
+Memory MemoryOf(const std::vector<QByteArray>& arguments)
+{
+    constexpr double KilobytesPerMegabyte = 1024;
+    std::array<int, 2> ends{};
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return {};
+    const bool started = Start(arguments, ends[1]);
+    ::close(ends[1]);
+    FILE* told = ::fdopen(ends[0], "r");
+    Memory memory;
+    if (!started || std::fscanf(told, "%lf %lf", &memory.Resident, &memory.Peak) != 2) {
+        std::fprintf(stderr, "a started process told nothing\n");
+        std::exit(1);
+    }
+    std::fclose(told);
+    return {memory.Resident / KilobytesPerMegabyte, memory.Peak / KilobytesPerMegabyte};
+}
+
+// The window of the last one goes from the screen first.
+void Settle()
+{
+    constexpr unsigned long ForTheServer = 30;
+    QThread::msleep(ForTheServer);
+    PaintNow();
+}
+
+Side StartOf(const std::vector<QByteArray>& arguments)
+{
+    static bool ended = false;
+    return {[arguments] { ended = Start(arguments, -1); }, Settle, [] { return ended; }};
+}
+} // namespace
+
+void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home)
+{
+    constexpr int Starts = 20, Looks = 5;
+    g_config = "XDG_CONFIG_HOME=" + home.Config().toUtf8();
+    g_data = "XDG_DATA_HOME=" + home.Data().toUtf8();
+    add({"start to the painted month", StartOf({}), StartOf({"--bare"}), {Starts}});
+    addMemory({"memory after the start", [] { return MemoryOf({"--memory"}).Resident; },
+               [] {
+                   return MemoryOf({"--bare", "--memory"}).Resident;
+               },
+               Looks});
+    addMemory({"memory at most", [] { return MemoryOf({"--memory"}).Peak; },
+               [] {
+                   return MemoryOf({"--bare", "--memory"}).Peak;
+               },
+               Looks});
+}
