@@ -8,9 +8,11 @@
 
 #include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <string_view>
 #include <unistd.h>
 
 namespace {
@@ -38,13 +40,31 @@ ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(pat
 {
     const QByteArray name = QFile::encodeName(path);
     m_descriptor = ::open(name.constData(), O_RDWR | O_CLOEXEC);
-    if (m_descriptor >= 0) return;
+    if (m_descriptor >= 0) {
+        RefuseIfDatabase();
+        return;
+    }
     m_descriptor = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (m_descriptor < 0) RaiseCannotOpen(path, errno);
     // Whoever may use the planner must be able to use its locks, whatever this user's mask says. Where the group is
     // not ours to give, the mode alone has to do.
     [[maybe_unused]] const int owned = ::fchown(m_descriptor, static_cast<uid_t>(-1), group);
     ::fchmod(m_descriptor, mode & 0666);
+}
+
+// Somebody may have given a planner the name that our lock file wants; its head must not become a table of sessions.
+void ByteLocks::RefuseIfDatabase() const
+{
+    static constexpr std::string_view magic = "SQLite format 3";
+    std::array<char, magic.size()> head = {};
+    if (::pread(m_descriptor, head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) return;
+    if (std::string_view(head.data(), head.size()) != magic) return;
+    ::close(m_descriptor);
+    throw RunTimeError{
+        engineerrors::InputOutput,
+        QStringLiteral("'%1' is a database, but its name is that of the file which keeps the users of the "
+                       "planner apart.")
+            .arg(QFileInfo(m_path).fileName())};
 }
 
 ByteLocks::~ByteLocks()

@@ -33,6 +33,8 @@ public:
     void Write(off_t at, const void* data, std::size_t size);
 
 private:
+    void RefuseIfDatabase() const; // 3043
+
     QString m_path;
     int m_descriptor;
 };

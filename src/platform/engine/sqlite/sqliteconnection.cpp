@@ -157,12 +157,23 @@ void SqliteConnection::StopReading()
     if (std::exchange(m_reading, false) && InTransaction()) m_database.tryExec("COMMIT");
 }
 
+// The engine itself looks only when it opens the journal, and an exclusive planner keeps that open: notes would go to
+// a file that nobody will ever find again.
+void SqliteConnection::RefuseIfMoved()
+{
+    int moved = 0;
+    if (sqlite3_file_control(m_database.getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved)
+        throw RunTimeError{InputOutput,
+                           QStringLiteral("The planner '%1' has been moved or deleted while it was open.").arg(m_name)};
+}
+
 void SqliteConnection::BeginWrite()
 {
     if (m_writing)
         throw RunTimeError{CouldNotSave, QStringLiteral("Could not save to '%1'; a save is under way.").arg(m_name)};
     // What was read may be old by now, so a write never grows out of a read.
     StopReading();
+    RefuseIfMoved();
     try {
         m_database.exec("BEGIN IMMEDIATE");
     } catch (const SQLite::Exception& error) {

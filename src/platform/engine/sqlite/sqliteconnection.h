@@ -46,6 +46,7 @@ private:
     void CheckOwnership();
     bool InTransaction() const;
     void StopReading();
+    void RefuseIfMoved(); // 3043
     RunTimeError Failure(const SQLite::Exception& error, Doing doing);
 
     QString m_path;
