@@ -101,6 +101,7 @@ BottomPanel MakeBottomPanel(QWidget* client)
                           MakePictureButton("imgRightSpin", "right", "right", panel)};
     for (PictureButton* spin : {bottom.imgLeftSpin, bottom.imgRightSpin}) {
         spin->resize(SpinSize);
+        spin->SetFramed(true);
         spin->SetVisible(0, true);
         spin->SetVisible(1, false);
     }

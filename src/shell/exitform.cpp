@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTopHint)
+ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 {
     setObjectName(QStringLiteral("ExitForm"));
     setWindowTitle(QStringLiteral("Orrelin"));

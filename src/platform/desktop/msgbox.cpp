@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -98,6 +99,15 @@ int AnswerOf(int standardButton, int otherwise)
     }
     return otherwise;
 }
+
+// A window that stays on top would hide a question that waits for its answer.
+bool SplashIsUp()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    });
+}
 } // namespace
 
 int MsgBox(const QString& text, int style, const QString& title)
@@ -105,6 +115,7 @@ int MsgBox(const QString& text, int style, const QString& title)
     // A timer behind the box may close the window that owns it, and the box goes with its owner.
     const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
     Fill(*box, text, style, title);
+    if (SplashIsUp()) box->setWindowFlag(Qt::WindowStaysOnTopHint);
     const int pointer = MousePointer();
     SetMousePointer(mousepointer::Default); // the person is to choose now, not to wait
     const int pressed = box->exec();
