@@ -1,6 +1,7 @@
 #include "plannerfile/creation.h"
 
 #include "calendar/bottompanel.h"
+#include "calendar/calendarstate.h"
 #include "calendar/cells.h"
 #include "calendar/redraw.h"
 #include "plannerfile/alarmmarks.h"
@@ -125,10 +126,13 @@ void Creation::AskHowToOpen()
 void Creation::OpenNewFile()
 {
     // Not exclusively, whatever the answer was.
-    g_dbPlanner = DBEngine::OpenDatabase(filesystem::Find(g_sDBPath));
+    const QString file = filesystem::Find(g_sDBPath);
+    g_dbPlanner = DBEngine::OpenDatabase(file);
     g_rsQMT = OpenIndexed(schema::Notes, schema::NotesIndex);
+    g_sNotesFile = file;
     g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
     g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+    g_aiLockState = {};
     subUnloadAlarmIcons(m_cells);
     m_notes.ReadCells(NewTail);
 }

@@ -128,6 +128,7 @@ bool Opening::OpenNotes(bool exclusive)
         notes.SetLockEdits(true);
         g_dbPlanner = database;
         g_rsQMT = notes;
+        g_sNotesFile = file;
     } catch (const RunTimeError& error) {
         ShowOpenFailed(error);
         return false;
@@ -135,6 +136,7 @@ bool Opening::OpenNotes(bool exclusive)
     // What the previous planner left must not answer for this one.
     g_rsAlarm = {};
     g_rsRecurse = {};
+    g_aiLockState = {};
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 QString g_sDBPath;
 QString g_sDBTitle;
+QString g_sNotesFile;
 bool g_bDBShared = false;
 Database g_dbPlanner;
 Recordset g_rsQMT;
@@ -13,6 +14,7 @@ void ResetPlannerStateForTests()
 {
     g_sDBPath.clear();
     g_sDBTitle.clear();
+    g_sNotesFile.clear();
     g_bDBShared = g_bExitSaved = false;
     g_rsQMT = g_rsAlarm = g_rsRecurse = {};
     g_dbPlanner = {};

@@ -5,9 +5,10 @@
 
 #include <QString>
 
-extern QString g_sDBPath;  // lower-cased path, empty while no planner is open; opening and creating
-extern QString g_sDBTitle; // lower-cased file name; opening and creating
-extern bool g_bDBShared;   // a workgroup's planner: a day must be locked before it is edited; subSetNetworkMode
+extern QString g_sDBPath;    // lower-cased path, empty while no planner is open; opening and creating
+extern QString g_sDBTitle;   // lower-cased file name; opening and creating
+extern QString g_sNotesFile; // real path of the planner behind g_rsQMT; opening and creating
+extern bool g_bDBShared;     // a workgroup's planner: a day must be locked before it is edited; subSetNetworkMode
 extern Database g_dbPlanner;
 extern Recordset g_rsQMT;     // "QMT Table": the notes
 extern Recordset g_rsAlarm;   // "Alarm Table"

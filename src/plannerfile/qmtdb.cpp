@@ -46,8 +46,10 @@ void QMTDB::ReadNote(int cell)
     RichTextBox& box = m_cells.tbDay(cell);
     box.SetLocked(true);
     SetVisible(box, true);
+    // After a failed open the tables are still the planner's before, and what is typed would have no place.
+    if (g_sDBPath.isEmpty()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
-    if (const auto unsaved = m_unsaved.Find(g_sDBPath, key)) {
+    if (const auto unsaved = m_unsaved.Find(g_sNotesFile, key)) {
         box.SetTextRTF(*unsaved);
         box.SetModified(true);
     } else {
@@ -102,7 +104,7 @@ void QMTDB::TakeNote(int cell)
     box.CommitPreedit();
     if (!NeedsSaving(cell)) return;
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
-    m_unsaved.Keep(g_sDBPath, key, box.Text().isEmpty() ? QByteArray() : box.TextRTF());
+    m_unsaved.Keep(g_sNotesFile, key, box.Text().isEmpty() ? QByteArray() : box.TextRTF());
     if (m_network.picLock->Visible(1)) {
         m_network.picLock->SetVisible(0, true);
         m_network.picLock->SetVisible(1, false);
@@ -113,7 +115,7 @@ void QMTDB::TakeNote(int cell)
 
 void QMTDB::WriteUnsaved()
 {
-    const auto notes = m_unsaved.NotesOf(g_sDBPath);
+    const auto notes = m_unsaved.NotesOf(g_sNotesFile);
     if (notes.isEmpty()) return;
     const ErrorTail tail(UpdateTail, {0, errors::ResumeWithoutError, engineerrors::CouldNotSave});
     tail([&] {
@@ -125,7 +127,7 @@ void QMTDB::WriteUnsaved()
         }
         writing.Commit();
         for (const QString& key : written)
-            m_unsaved.Forget(g_sDBPath, key);
+            m_unsaved.Forget(g_sNotesFile, key);
     });
 }
 

@@ -243,7 +243,7 @@ void Mainform::SaveBeforeExit()
 {
     const ErrorTail tail(QLatin1StringView(" in MainForm, subExitProgram"));
     QMTDB& notes = m_rooms->notes;
-    bool changed = !notes.Unsaved().NotesOf(g_sDBPath).isEmpty();
+    bool changed = !notes.Unsaved().NotesOf(g_sNotesFile).isEmpty();
     for (int cell = 1; cell <= CellCount && !changed; ++cell) {
         tail([&] {
             const bool marked = !g_bDBShared && g_aiLockState[static_cast<std::size_t>(cell - 1)] == 1;
@@ -298,5 +298,5 @@ void Mainform::subExitProgram(int iUnloadMode)
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });
     m_ended = true;
-    QCoreApplication::quit();
+    Q_EMIT Ended();
 }

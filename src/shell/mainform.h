@@ -29,6 +29,10 @@ public:
 
     // Saves and closes everything and ends the program.
     void subExitProgram(int iUnloadMode);
+    bool HasEnded() const { return m_ended; }
+
+Q_SIGNALS:
+    void Ended(); // everything is saved and closed
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -43,10 +43,14 @@ int RunOrrelin(QApplication& application)
     ErrorTail{StartTail}([] { OpenErrorLog(folders::ApplicationDirectory() + QStringLiteral("/planner.err")); });
     SetMousePointer(mousepointer::Hourglass);
     Mainform form;
+    // Not quit(): that asks the windows first, and one that must be answered refuses.
+    QObject::connect(&form, &Mainform::Ended, [] { QCoreApplication::exit(); });
     WatchForTheEnd(application, form);
     ErrorTail{StartTail}(
         [&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, [&] { splash->raise(); }); });
     splash.reset();
+    // Ended while a box of the start was waiting: there is no loop yet that the end could have left.
+    if (form.HasEnded()) return 0;
     // After the first paint: nobody waits for it, and reading the picture takes its time.
     QTimer::singleShot(0, &application,
                        [] { QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/orrelin.svg"))); });
