@@ -77,9 +77,17 @@ void RichTextBox::SetText(const QString& text)
 
 QByteArray RichTextBox::TextRTF() const
 {
-    // Steps of undo that are left tell that the flag was cleared over changes, by a save.
-    const bool untouched = m_source && !Modified() && document()->availableUndoSteps() == 0;
-    return untouched ? *m_source : WriteRtf(*document());
+    return m_source && !Modified() ? *m_source : WriteRtf(*document());
+}
+
+bool RichTextBox::Holds(const QByteArray& rtf) const
+{
+    return m_source == rtf && !Modified();
+}
+
+bool RichTextBox::IsEmpty() const
+{
+    return document()->isEmpty();
 }
 
 void RichTextBox::SetTextRTF(const QByteArray& rtf)
@@ -141,12 +149,19 @@ bool RichTextBox::Modified() const
 
 void RichTextBox::SetModified(bool modified)
 {
+    // What was set comes back by undo alone, and then the document itself clears the flag.
+    if (!modified && Modified()) m_source.reset();
     document()->setModified(modified);
+}
+
+void RichTextBox::MarkSaved(const QByteArray& rtf)
+{
+    document()->setModified(false);
+    m_source = rtf;
 }
 
 bool RichTextBox::IsBlank() const
 {
-    if (document()->blockCount() != 1) return false;
     const int length = document()->characterCount() - 1;
     for (int i = 0; i < length; ++i) {
         const QChar character = document()->characterAt(i);

@@ -22,12 +22,16 @@ public:
     // not begin as rich text is taken as plain. Setting clears the modified flag and the undo stack.
     QByteArray TextRTF() const;
     void SetTextRTF(const QByteArray& rtf);
+    bool Holds(const QByteArray& rtf) const; // these bytes were set or saved, and the box is unmodified
+    bool IsEmpty() const;                    // nothing at all, not even a blank or a picture
 
     bool Locked() const; // true refuses typing; selecting and copying go on
     void SetLocked(bool locked);
 
     bool Modified() const; // since the content was last set
     void SetModified(bool modified);
+    // What the box shows stands in a file as these bytes; unmodified from here, and what can be undone stays.
+    void MarkSaved(const QByteArray& rtf);
 
     // The default font of the box. On a box with text, name and size change all of the text and set the modified flag.
     // The names are kept as written, whether or not such a font is installed. Size in points; 380 if 0 or less.
@@ -127,8 +131,8 @@ private:
     bool AdmitsKey(const QString& text);
     bool AdmitsPaste();
 
-    std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while nothing has changed
-    bool m_blank = true;                       // nothing but blanks and pictures, on one line
+    std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while unmodified
+    bool m_blank = true;                       // nothing but blanks, empty lines and pictures
     QTextCharFormat m_typingFormat;            // of what is typed into a blank box
     std::optional<std::uint32_t> m_blankColor; // set while the box was empty
     int m_caret = 0;                           // caret and anchor as SelChange last told them

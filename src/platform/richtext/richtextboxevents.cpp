@@ -8,6 +8,8 @@
 #include <QScopedValueRollback>
 #include <QTextCursor>
 
+#include <algorithm>
+
 namespace {
 // A menu, a popup or another window had taken the focus and gives it back.
 bool IsPassing(Qt::FocusReason reason)
@@ -29,15 +31,33 @@ int ButtonNumber(Qt::MouseButton button)
     }
 }
 
+bool TypesTab(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Tab && event.modifiers() == Qt::ControlModifier;
+}
+
 // Their keys bring a control character along, yet they change nothing that could need a lock.
 bool OnlyReads(QKeyEvent* event)
 {
     return event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll);
 }
 
-bool TypesTab(const QKeyEvent& event)
+// A person's key that changes the text without a character of its own, such as Shift+Insert. One that the program
+// posts has passed the guard of its command already.
+bool ChangesSilently(QKeyEvent* event)
 {
-    return event.key() == Qt::Key_Tab && event.modifiers() == Qt::ControlModifier;
+    static constexpr QKeySequence::StandardKey keys[] = {
+        QKeySequence::Paste,           QKeySequence::Cut,  QKeySequence::Delete, QKeySequence::DeleteStartOfWord,
+        QKeySequence::DeleteEndOfWord, QKeySequence::Undo, QKeySequence::Redo,   QKeySequence::DeleteEndOfLine};
+    if (!event->spontaneous() || !event->text().isEmpty()) return false;
+    return std::any_of(std::begin(keys), std::end(keys), [&](auto key) { return event->matches(key); });
+}
+
+QString CharacterOf(QKeyEvent* event)
+{
+    if (TypesTab(*event)) return QStringLiteral("\t");
+    if (OnlyReads(event)) return {};
+    return ChangesSilently(event) ? QStringLiteral("\b") : event->text();
 }
 } // namespace
 
@@ -52,6 +72,8 @@ void RichTextBox::resizeEvent(QResizeEvent* event)
 {
     QTextEdit::resizeEvent(event);
     FollowRightMargin();
+    // Lines wrap anew, and the one that is being typed must not leave the box.
+    if (hasFocus()) ensureCursorVisible();
 }
 
 void RichTextBox::focusInEvent(QFocusEvent* event)
@@ -117,9 +139,7 @@ bool RichTextBox::AdmitsKey(const QString& text)
 
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
-    if (!OnlyReads(event) && !AdmitsKey(TypesTab(*event) ? QStringLiteral("\t") : event->text())) {
-        return event->accept();
-    }
+    if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
     UseTypingFormat();
     if (TypesTab(*event)) {

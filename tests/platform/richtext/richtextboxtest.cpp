@@ -169,8 +169,9 @@ void RichTextBoxTest::emptyBoxTakesAnAttribute()
     QCOMPARE(attribute.get(box), attribute.first);
     QVERIFY(!box.Modified());
     QTest::mouseClick(box.viewport(), Qt::LeftButton); // moves the caret to where it is
+    QTest::keyClick(&box, Qt::Key_Return);
     QTest::keyClicks(&box, QStringLiteral("ab"));
-    Select(box, 0, 2);
+    Select(box, 1, 2);
     QCOMPARE(attribute.get(box), attribute.first);
 }
 
@@ -277,6 +278,13 @@ void RichTextBoxTest::changesOutliveTheClearedFlag()
     QVERIFY(box.Modified());
     other.SetTextRTF(box.TextRTF());
     QCOMPARE(other.Text(), QStringLiteral("Choir 19:00\n bring   notes"));
+
+    box.MarkSaved("saved bytes");
+    QVERIFY(box.Holds("saved bytes"));
+    QTest::keyClicks(&box, QStringLiteral("!"));
+    QVERIFY(!box.Holds("saved bytes"));
+    box.undo();
+    QCOMPARE(box.TextRTF(), QByteArray("saved bytes"));
 }
 
 void RichTextBoxTest::settingForgetsWhatWasThere()
