@@ -13,6 +13,12 @@ Cells::Cells(QWidget* client)
     lblDayOfWeek.Load(0).SetCaption(QStringLiteral("Sun"));
 }
 
+void Cells::EnterAgain()
+{
+    auto* box = qobject_cast<RichTextBox*>(m_client->window()->focusWidget());
+    if (box && box->parent() == m_client) Q_EMIT box->GotFocus();
+}
+
 SSPanel* Cells::MakeHeading(int index)
 {
     constexpr int HeadingHeight = 31;

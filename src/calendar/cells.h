@@ -21,6 +21,10 @@ public:
     // Sees the events of every box that is loaded from now on.
     void SetBoxFilter(QObject* filter) { m_boxFilter = filter; }
 
+    // Raises GotFocus again for the box with the caret, if there is one: after a redraw no cell is current, though the
+    // caret still stands in one.
+    void EnterAgain();
+
     ControlArray<SSPanel> lblDayOfWeek; // 0 to 6, Sunday first
     ControlArray<SSPanel> panelDay;     // 1 to 35 the month's grid, 36 to 42 the week's row
     ControlArray<RichTextBox> tbDay;    // the note of the cell with the same index

@@ -13,7 +13,7 @@
 #include <QWidget>
 
 namespace {
-constexpr int SmallestWidth = 480, SmallestHeight = 360;
+constexpr QSize Smallest(480, 360);
 
 // A stored dimension in pixels, or the default where the key is missing.
 int Dimension(const TextSetting& setting, int defaultPixels)
@@ -39,7 +39,9 @@ bool TitleBarShows(const QRect& window)
 QRect Reachable(QRect window)
 {
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    window.setSize(window.size().expandedTo({SmallestWidth, SmallestHeight}));
+    // A size that no screens could show is a broken setting.
+    const QRect allScreens = QGuiApplication::primaryScreen()->virtualGeometry();
+    window.setSize(window.size().boundedTo(allScreens.size()).expandedTo(Smallest));
     if (TitleBarShows(window)) return window;
     window.setSize(window.size().boundedTo(area.size()));
     window.moveCenter(area.center());
@@ -70,6 +72,7 @@ void CScreenLayout::RestoreRectangle()
 void CScreenLayout::ShowWindow(bool minimized)
 {
     m_bMoving = true;
+    m_window.setMinimumSize(Smallest);
     RestoreRectangle();
     if (minimized) {
         m_window.showMinimized();

@@ -116,7 +116,8 @@ void CellEditing::tbDay_GotFocus(int Index)
     if (!g_bDBShared && !g_sDBPath.isEmpty() && Index >= 1) g_aiLockState.at(static_cast<std::size_t>(Index - 1)) = 1;
     tail([&] {
         RichTextBox& box = m_cells.tbDay(Index);
-        if (box.Text().trimmed().isEmpty()) GiveDefaultFont(box);
+        // Tabs and empty lines are text that somebody has formatted.
+        if (box.Text().remove(u' ').isEmpty()) GiveDefaultFont(box);
     });
 }
 

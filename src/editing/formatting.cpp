@@ -34,12 +34,18 @@ bool Formatting::fnCanFormatCell()
     return false;
 }
 
+RichTextBox& Formatting::CurrentBox()
+{
+    if (g_iCurrentPanel == 0) m_cells.EnterAgain();
+    return m_cells.tbDay(g_iCurrentPanel);
+}
+
 void Formatting::Run(const Toggle& toggle)
 {
     const ErrorTail tail(toggle.literal);
     tail([&] {
         if (!fnCanFormatCell()) return;
-        RichTextBox& box = m_cells.tbDay(g_iCurrentPanel);
+        RichTextBox& box = CurrentBox();
         ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromUtf16(toggle.key));
         const std::optional<bool> now = (box.*toggle.read)();
         // A mixed selection becomes uniform, and its button stays grey until the selection changes.
@@ -74,7 +80,7 @@ void Formatting::mnuStrikeThru_Click()
 
 void Formatting::Justify(int alignment)
 {
-    m_cells.tbDay(g_iCurrentPanel).SetSelAlignment(alignment);
+    CurrentBox().SetSelAlignment(alignment);
 }
 
 void Formatting::mnuLeftJustify_Click()
@@ -94,7 +100,7 @@ void Formatting::mnuRightJustify_Click()
 
 void Formatting::SendKey(int key, Qt::KeyboardModifiers modifiers)
 {
-    RichTextBox& box = m_cells.tbDay(g_iCurrentPanel);
+    RichTextBox& box = CurrentBox();
     box.setFocus();
     QCoreApplication::postEvent(&box, new QKeyEvent(QEvent::KeyPress, key, modifiers));
     QCoreApplication::postEvent(&box, new QKeyEvent(QEvent::KeyRelease, key, modifiers));
@@ -121,18 +127,18 @@ void Formatting::mnuPaste_Click()
 
 void Formatting::orlcmbFontname_Change()
 {
-    m_cells.tbDay(g_iCurrentPanel).SetSelFontName(m_bar.orlcmbFontname->Text());
+    CurrentBox().SetSelFontName(m_bar.orlcmbFontname->Text());
 }
 
 void Formatting::orlcmbFontsize_Change()
 {
-    m_cells.tbDay(g_iCurrentPanel).SetSelFontSize(Val(m_bar.orlcmbFontsize->Text()));
+    CurrentBox().SetSelFontSize(Val(m_bar.orlcmbFontsize->Text()));
 }
 
 void Formatting::orlcmbFontcolor_Change()
 {
     const QString name = m_bar.orlcmbFontcolor->Text().trimmed().toUpper();
-    if (!name.isEmpty()) m_cells.tbDay(g_iCurrentPanel).SetSelColor(fnColorInHex(name));
+    if (!name.isEmpty()) CurrentBox().SetSelColor(fnColorInHex(name));
 }
 
 void Formatting::subInitAllComboBox()

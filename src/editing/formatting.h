@@ -41,6 +41,7 @@ public:
 private:
     struct Toggle;
     void Run(const Toggle& toggle);
+    RichTextBox& CurrentBox();
     void SendKey(int key, Qt::KeyboardModifiers modifiers);
     void Justify(int alignment);
 

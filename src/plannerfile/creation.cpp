@@ -30,12 +30,26 @@ void AppendExtension()
     g_sDBPath += extension;
 }
 
-Recordset OpenIndexed(const QString& table, const QString& index)
+// Says what is being made while it is made; what ends the making, an error too, brings the month's title back.
+class CreatingNotice
 {
-    Recordset records = g_dbPlanner.OpenTable(table);
-    records.SetIndex(index);
-    return records;
-}
+public:
+    explicit CreatingNotice(const BottomPanel& bottom) : m_bottom(bottom)
+    {
+        m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
+        m_bottom.panelBottom->repaint();
+        SetMousePointer(mousepointer::Hourglass);
+    }
+    ~CreatingNotice()
+    {
+        m_bottom.panelBottom->SetCaption(MonthTitle());
+        SetMousePointer(mousepointer::Default);
+    }
+    Q_DISABLE_COPY_MOVE(CreatingNotice)
+
+private:
+    const BottomPanel& m_bottom;
+};
 } // namespace
 
 bool Creation::ChooseName()
@@ -80,16 +94,7 @@ void Creation::subNewPlanner()
         return;
     }
     AppendExtension();
-    m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
-    m_bottom.panelBottom->repaint();
-    SetMousePointer(mousepointer::Hourglass);
-    if (!BuildFile()) {
-        m_bottom.panelBottom->SetCaption(MonthTitle());
-        SetMousePointer(mousepointer::Default);
-        return;
-    }
-    SetMousePointer(mousepointer::Default);
-    AskHowToOpen();
+    if (!BuildFile() || !AskHowToOpen()) return;
     OpenNewFile();
     m_opening.ShowPlannerOpen();
     if (g_sDBTitle.isEmpty()) return;
@@ -100,27 +105,38 @@ void Creation::subNewPlanner()
 
 bool Creation::BuildFile()
 {
+    const CreatingNotice notice(m_bottom);
     const QString place = filesystem::PlaceFor(g_sDBPath);
+    const QString file = place.isEmpty() ? g_sDBPath : place;
     Database database;
-    ErrorTail{NewTail}(
-        [&] { database = DBEngine::CreateDatabase(place.isEmpty() ? g_sDBPath : place, schema::Locale); });
+    ErrorTail{NewTail}([&] { database = DBEngine::CreateDatabase(file, schema::Locale); });
     if (database.IsNothing()) {
         SetMousePointer(mousepointer::Default);
         MsgBox(QStringLiteral("Could not create New Planner"));
         return false;
     }
-    for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()}) {
-        database.Append(table);
+    try {
+        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()}) {
+            database.Append(table);
+        }
+    } catch (const RunTimeError& error) {
+        // Half a planner is none: the next open would find tables missing.
+        database.Close();
+        ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(file); });
+        SetMousePointer(mousepointer::Default);
+        MsgBox(QStringLiteral("Could not create New Planner"));
+        throw;
     }
     database.Close();
     return true;
 }
 
-void Creation::AskHowToOpen()
+bool Creation::AskHowToOpen()
 {
     OpenAsForm form(g_sDBPath, m_cells.Client()->window());
-    form.exec();
+    if (form.exec() != QDialog::Accepted) return false;
     m_networkMode.subSetNetworkMode(form.Shared());
+    return true;
 }
 
 void Creation::OpenNewFile()
@@ -128,10 +144,10 @@ void Creation::OpenNewFile()
     // Not exclusively, whatever the answer was.
     const QString file = filesystem::Find(g_sDBPath);
     g_dbPlanner = DBEngine::OpenDatabase(file);
-    g_rsQMT = OpenIndexed(schema::Notes, schema::NotesIndex);
+    g_rsQMT = schema::OpenNotes(g_dbPlanner);
     g_sNotesFile = file;
-    g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
-    g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+    g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
+    g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     g_aiLockState = {};
     subUnloadAlarmIcons(m_cells);
     m_notes.ReadCells(NewTail);

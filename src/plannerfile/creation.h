@@ -25,7 +25,7 @@ private:
     bool ChooseName();
     bool MayReplaceExisting();
     bool BuildFile();
-    void AskHowToOpen();
+    bool AskHowToOpen(); // false: the program ends
     void OpenNewFile();
 
     Cells& m_cells;

@@ -16,7 +16,8 @@ public:
 
     bool Shared() const; // after exec()
 
-    void reject() override; // Esc and the close box do not answer the question
+    // Esc and the close box do not answer the question. exec() comes back without an answer only when the program ends.
+    void reject() override;
 
 private:
     std::array<QRadioButton*, 2> m_opShared;

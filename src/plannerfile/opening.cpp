@@ -36,14 +36,6 @@ void ReadNetworkOptions()
     g_lRefreshDelay = qBound(0, Read(settings::RefreshDelay), LongestDelay) * SecondsPerMinute;
     g_lRefreshTicks = 0;
 }
-
-Recordset OpenIndexed(const QString& table, const QString& index)
-{
-    Recordset records = g_dbPlanner.OpenTable(table);
-    records.SetIndex(index);
-    records.SetLockEdits(true);
-    return records;
-}
 } // namespace
 
 bool Opening::ChooseFile()
@@ -82,7 +74,7 @@ void Opening::subOpenPlanner()
 void Opening::AskHowAndOpen()
 {
     OpenAsForm form(g_sDBPath, m_cells.Client()->window());
-    form.exec();
+    if (form.exec() != QDialog::Accepted) return;
     m_networkMode.subSetNetworkMode(form.Shared());
     subOpenDBNoDlg(!form.Shared());
 }
@@ -123,9 +115,7 @@ bool Opening::OpenNotes(bool exclusive)
     try {
         const QString file = filesystem::Find(g_sDBPath);
         Database database = DBEngine::OpenDatabase(file.isEmpty() ? g_sDBPath : file, exclusive);
-        Recordset notes = database.OpenTable(schema::Notes);
-        notes.SetIndex(schema::NotesIndex);
-        notes.SetLockEdits(true);
+        const Recordset notes = schema::OpenNotes(database);
         g_dbPlanner = database;
         g_rsQMT = notes;
         g_sNotesFile = file;
@@ -153,7 +143,7 @@ void Opening::ShowOpenFailed(const RunTimeError& error)
 bool Opening::OpenAlarms()
 {
     try {
-        g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
+        g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
         return true;
     } catch (const RunTimeError& error) {
         // An older file is known by the table that it lacks; nothing else tells its version.
@@ -167,7 +157,7 @@ bool Opening::OpenAlarms()
 bool Opening::OpenRecursions()
 {
     try {
-        g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+        g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
         return true;
     } catch (const RunTimeError& error) {
         if (error.Number != engineerrors::NoTable) return false;
@@ -179,13 +169,13 @@ bool Opening::OpenRecursions()
 void Opening::subAddAlarmTable()
 {
     g_dbPlanner.Append(schema::AlarmsTable());
-    g_rsAlarm = OpenIndexed(schema::Alarms, schema::AlarmsIndex);
+    g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
 }
 
 void Opening::subAddRecursionTable()
 {
     g_dbPlanner.Append(schema::RecursionsTable());
-    g_rsRecurse = OpenIndexed(schema::Recursions, schema::RecursionsIndex);
+    g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
 }
 
 void Opening::ShowPlannerOpen()

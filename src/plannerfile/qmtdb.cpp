@@ -8,6 +8,7 @@
 #include "calendar/viewmode.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
@@ -22,22 +23,22 @@ const QString Equal = QStringLiteral("=");
 const QString DateField = QStringLiteral("qmtDate");
 const QString TextField = QStringLiteral("qmtText");
 
-// Stores one day's text in the open planner; an empty one leaves no record. A zero-length text is never stored: an
+// Stores one day's text; an empty one leaves no record. A zero-length text is never stored: an
 // emptied day goes by way of one blank, and its record is deleted.
-void StoreNote(const QString& key, const QByteArray& rtf)
+void StoreNote(Recordset& records, const QString& key, const QByteArray& rtf)
 {
-    g_rsQMT.Seek(Equal, key);
-    if (g_rsQMT.NoMatch()) {
-        g_rsQMT.AddNew();
+    records.Seek(Equal, key);
+    if (records.NoMatch()) {
+        records.AddNew();
     } else {
-        g_rsQMT.Edit();
+        records.Edit();
     }
-    g_rsQMT.SetField(DateField, key);
-    g_rsQMT.SetField(TextField, rtf.isEmpty() ? QByteArray(" ") : rtf);
-    g_rsQMT.Update();
+    records.SetField(DateField, key);
+    records.SetField(TextField, rtf.isEmpty() ? QByteArray(" ") : rtf);
+    records.Update();
     if (!rtf.isEmpty()) return;
-    g_rsQMT.Seek(Equal, key);
-    g_rsQMT.Delete();
+    records.Seek(Equal, key);
+    records.Delete();
 }
 } // namespace
 
@@ -49,15 +50,22 @@ void QMTDB::ReadNote(int cell)
     // After a failed open the tables are still the planner's before, and what is typed would have no place.
     if (g_sDBPath.isEmpty()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
-    if (const auto unsaved = m_unsaved.Find(g_sNotesFile, key)) {
-        box.SetTextRTF(*unsaved);
-        box.SetModified(true);
-    } else {
-        g_rsQMT.Seek(Equal, key);
-        if (!g_rsQMT.NoMatch()) box.SetTextRTF(g_rsQMT.Fields(TextField).toByteArray());
+    const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
+    if (!unsaved) g_rsQMT.Seek(Equal, key);
+    if (unsaved || !g_rsQMT.NoMatch()) {
+        ShowNote(box, cell, unsaved ? *unsaved : g_rsQMT.Fields(TextField).toByteArray());
+        if (unsaved) box.SetModified(true);
+    } else if (!m_held.at(static_cast<std::size_t>(cell))) {
+        ShowNote(box, cell, {});
     }
-    m_read.set(static_cast<std::size_t>(cell));
     box.SetLocked(g_bDBShared);
+}
+
+void QMTDB::ShowNote(RichTextBox& box, int cell, const QByteArray& rtf)
+{
+    // A save that is followed by a read leaves the caret and what can be undone where nothing has changed.
+    if (!box.Holds(rtf)) box.SetTextRTF(rtf);
+    m_held.at(static_cast<std::size_t>(cell)) = rtf;
 }
 
 void QMTDB::ReadCells(QLatin1StringView literal)
@@ -66,7 +74,7 @@ void QMTDB::ReadCells(QLatin1StringView literal)
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const ReadTransaction reading(g_dbPlanner);
     for (int cell = range.first; cell <= range.last; ++cell) {
-        tail([&] { ReadNote(cell); });
+        if (!tail([&] { ReadNote(cell); })) EmptyCell(cell);
         tail([&] { subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell); });
     }
 }
@@ -84,9 +92,14 @@ void QMTDB::subSeekQMTDatabase()
 
 bool QMTDB::NeedsSaving(int cell) const
 {
+    const auto& held = m_held.at(static_cast<std::size_t>(cell));
+    if (!held) return false;
     const RichTextBox& box = m_cells.tbDay(cell);
-    if (!m_read.test(static_cast<std::size_t>(cell))) return false;
-    return box.Modified() || (cell > 0 && g_aiLockState.at(static_cast<std::size_t>(cell - 1)) == 1);
+    if (box.Modified()) return true;
+    // A cell that was only entered holds the very bytes that were read. To write them again could take back what
+    // another user has written meanwhile.
+    const bool marked = cell > 0 && g_aiLockState.at(static_cast<std::size_t>(cell - 1)) == 1;
+    return marked && box.TextRTF() != *held;
 }
 
 bool QMTDB::HasChanges() const
@@ -95,40 +108,59 @@ bool QMTDB::HasChanges() const
     for (int cell = range.first; cell <= range.last; ++cell) {
         if (m_cells.tbDay.Exists(cell) && NeedsSaving(cell)) return true;
     }
-    return false;
+    return !m_unsaved.NotesOf(g_sNotesFile).isEmpty();
 }
 
 void QMTDB::TakeNote(int cell)
 {
     RichTextBox& box = m_cells.tbDay(cell);
     box.CommitPreedit();
-    if (!NeedsSaving(cell)) return;
-    const QString key = CellKey(m_cells.panelDay(cell).Caption());
-    m_unsaved.Keep(g_sNotesFile, key, box.Text().isEmpty() ? QByteArray() : box.TextRTF());
+    if (NeedsSaving(cell)) {
+        const QString key = CellKey(m_cells.panelDay(cell).Caption());
+        const QByteArray rtf = box.IsEmpty() ? QByteArray() : box.TextRTF();
+        m_unsaved.Keep(g_sNotesFile, key, rtf);
+        box.MarkSaved(rtf);
+        m_held.at(static_cast<std::size_t>(cell)) = rtf;
+    }
     if (m_network.picLock->Visible(1)) {
         m_network.picLock->SetVisible(0, true);
         m_network.picLock->SetVisible(1, false);
     }
-    box.SetModified(false);
     if (cell > 0) g_aiLockState.at(static_cast<std::size_t>(cell - 1)) = 0;
 }
 
-void QMTDB::WriteUnsaved()
+void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& records)
 {
-    const auto notes = m_unsaved.NotesOf(g_sNotesFile);
+    const auto notes = m_unsaved.NotesOf(planner);
     if (notes.isEmpty()) return;
     const ErrorTail tail(UpdateTail, {0, errors::ResumeWithoutError, engineerrors::CouldNotSave});
     tail([&] {
         QStringList written;
         // One commit for all: the cost of a save is the wait for the disk.
-        WriteTransaction writing(g_dbPlanner);
+        WriteTransaction writing(database);
         for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
-            if (tail([&] { StoreNote(note.key(), note.value()); })) written.append(note.key());
+            if (tail([&] { StoreNote(records, note.key(), note.value()); })) written.append(note.key());
         }
         writing.Commit();
         for (const QString& key : written)
-            m_unsaved.Forget(g_sNotesFile, key);
+            m_unsaved.Forget(planner, key);
     });
+}
+
+void QMTDB::WriteUnsaved()
+{
+    const ErrorTail tail(UpdateTail);
+    for (const QString& planner : m_unsaved.Planners()) {
+        if (planner == g_sNotesFile) {
+            WriteNotes(planner, g_dbPlanner, g_rsQMT);
+            continue;
+        }
+        tail([&] {
+            Database database = DBEngine::OpenDatabase(planner);
+            Recordset records = schema::OpenNotes(database);
+            WriteNotes(planner, database, records);
+        });
+    }
 }
 
 void QMTDB::subUpdateQMTRecord(int iCell)
@@ -136,7 +168,7 @@ void QMTDB::subUpdateQMTRecord(int iCell)
     // A workgroup's day is written by its lock alone.
     if (g_sDBPath.isEmpty() || g_bDBShared) return;
     TakeNote(iCell);
-    WriteUnsaved();
+    WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
 void QMTDB::subUpdateQMTDatabase()
@@ -147,25 +179,24 @@ void QMTDB::subUpdateQMTDatabase()
     for (int cell = range.first; cell <= range.last; ++cell) {
         tail([&] {
             if (saves) TakeNote(cell);
-            EmptyCell(cell);
+            LetGo(cell);
         });
     }
-    if (saves) WriteUnsaved();
+    if (saves) WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
 void QMTDB::EmptyCell(int cell)
 {
+    if (!m_cells.tbDay.Exists(cell)) return;
+    LetGo(cell);
     m_cells.tbDay(cell).SetTextRTF({});
-    m_read.reset(static_cast<std::size_t>(cell));
+    m_cells.tbDay(cell).SetLocked(true);
 }
 
 void QMTDB::DropCells()
 {
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell) {
-        if (!m_cells.tbDay.Exists(cell)) continue;
+    for (int cell = range.first; cell <= range.last; ++cell)
         EmptyCell(cell);
-        m_cells.tbDay(cell).SetLocked(true);
-    }
     g_aiLockState = {};
 }

@@ -1,15 +1,19 @@
 // Moves notes between the shown cells and "QMT Table". The boxes are the only working copy: saving takes out of them
-// what was changed and empties them, reading fills them.
+// what was changed and lets go of them, reading fills them.
 #pragma once
 
 #include "calendar/calendarstate.h"
 #include "plannerfile/unsavednotes.h"
 
-#include <bitset>
+#include <array>
+#include <optional>
 
 struct BottomPanel;
 class Cells;
+class Database;
 struct NetworkControls;
+class Recordset;
+class RichTextBox;
 class ViewMode;
 
 class QMTDB
@@ -21,13 +25,15 @@ public:
     }
 
     // Fills the shown cells from the open planner and sets the month's title. A cell whose day has no record keeps
-    // what it shows.
+    // what it shows, unless a save has let go of it.
     void subSeekQMTDatabase();
     // The shown cells, as the read of the view and the opening fill them. A cell whose record cannot be read is logged
-    // under the literal and takes no text.
+    // under the literal, emptied, and takes no text.
     void ReadCells(QLatin1StringView literal);
 
-    // Writes the marked and changed cells of a personal planner and empties the shown ones.
+    // Writes the changed cells of a personal planner and lets go of the shown ones: none is written again before the
+    // next read, which empties those whose day has no record. Until then they show what they showed, since to empty
+    // them all first would cost as much as to fill them.
     void subUpdateQMTDatabase();
     void subUpdateQMTRecord(int iCell);
     bool HasChanges() const; // of the shown cells, that a save would write
@@ -35,21 +41,26 @@ public:
     // Empties the shown cells and their marks without saving, and takes no text until the next read.
     void DropCells();
 
+    // Notes of any planner that was open in this run and would not take them.
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
+    void WriteUnsaved(); // tries each of those planners again
+    void ForgetUnsaved() { m_unsaved = {}; }
 
 private:
     void ReadNote(int cell);
+    void ShowNote(RichTextBox& box, int cell, const QByteArray& rtf);
     bool NeedsSaving(int cell) const;
     void TakeNote(int cell);
+    void LetGo(int cell) { m_held.at(static_cast<std::size_t>(cell)).reset(); }
     void EmptyCell(int cell);
-    void WriteUnsaved();
+    void WriteNotes(const QString& planner, Database& database, Recordset& records);
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
     const NetworkControls& m_network;
     const ViewMode& m_viewMode;
     UnsavedNotes m_unsaved;
-    // Cells that show what the file holds for their day. No other cell is ever written: an empty one would take its
-    // day's record with it.
-    std::bitset<CellCount + 1> m_read;
+    // What the file holds for the day of a cell, as it was read or last taken to be written; empty for a day without a
+    // record. A cell that holds nothing is never written: an empty one would take its day's record with it.
+    std::array<std::optional<QByteArray>, CellCount + 1> m_held;
 };

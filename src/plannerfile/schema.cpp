@@ -40,4 +40,28 @@ TableDef RecursionsTable()
              {QStringLiteral("Recursion Text"), dbMemo}},
             {{RecursionsIndex, QStringLiteral("-Start Date"), false}}};
 }
+
+namespace {
+Recordset OpenIndexed(Database& planner, const QString& table, const QString& index)
+{
+    Recordset records = planner.OpenTable(table);
+    records.SetIndex(index);
+    return records;
+}
+} // namespace
+
+Recordset OpenNotes(Database planner)
+{
+    return OpenIndexed(planner, Notes, NotesIndex);
+}
+
+Recordset OpenAlarms(Database planner)
+{
+    return OpenIndexed(planner, Alarms, AlarmsIndex);
+}
+
+Recordset OpenRecursions(Database planner)
+{
+    return OpenIndexed(planner, Recursions, RecursionsIndex);
+}
 } // namespace schema

@@ -1,7 +1,7 @@
 // The tables of a planner. One definition serves the making of a new file and the upgrade of an older one.
 #pragma once
 
-#include "platform/engine/tabledef.h"
+#include "platform/engine/database.h"
 
 namespace schema {
 inline const QString Notes = QStringLiteral("QMT Table");
@@ -17,4 +17,9 @@ inline const QString Locale = QStringLiteral(";LANGID=0x0809;CP=1252;COUNTRY=0")
 TableDef NotesTable();
 TableDef AlarmsTable();
 TableDef RecursionsTable();
+
+// The tables of an open planner, each in the order of its index. 3011 where an older planner lacks one.
+Recordset OpenNotes(Database planner);
+Recordset OpenAlarms(Database planner);
+Recordset OpenRecursions(Database planner);
 } // namespace schema

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 #include <QMap>
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -16,6 +16,7 @@ public:
     void Forget(const QString& planner, const QString& key);
     std::optional<QByteArray> Find(const QString& planner, const QString& key) const;
     QMap<QString, QByteArray> NotesOf(const QString& planner) const { return m_notes.value(planner); }
+    QStringList Planners() const { return m_notes.keys(); }
     bool IsEmpty() const { return m_notes.isEmpty(); }
     QString Describe() const; // a line for each planner: its path and the days
 

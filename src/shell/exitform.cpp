@@ -2,9 +2,13 @@
 
 #include "platform/controls/paper.h"
 #include "platform/controls/sspanel.h"
+#include "platform/desktop/doevents.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QThread>
+#include <QWindow>
 
 ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 {
@@ -20,4 +24,15 @@ ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
     message->SetCaption(QStringLiteral("Please wait while Orrelin Shuts Down"));
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     move(screen.center() - rect().center());
+}
+
+void ExitForm::ShowAtOnce()
+{
+    constexpr int LongestWait = 100; // milliseconds
+    show();
+    raise();
+    const QDeadlineTimer limit(LongestWait);
+    for (DoEvents(); !windowHandle()->isExposed() && !limit.hasExpired(); DoEvents())
+        QThread::msleep(1);
+    repaint();
 }

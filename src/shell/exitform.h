@@ -9,4 +9,7 @@ class ExitForm : public QWidget
 
 public:
     ExitForm();
+
+    // On the screen before the save begins; where the desktop lets it wait, the save does not.
+    void ShowAtOnce();
 };

@@ -7,6 +7,8 @@
 #include <functional>
 #include <memory>
 
+struct Rooms;
+
 class Mainform : public QMainWindow
 {
     Q_OBJECT
@@ -40,15 +42,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    struct Rooms;
-
-    void WireMenus();
-    void WireToolbar();
-    void WireSpins();
     void Form_QueryUnload(int UnloadMode);
     void Form_Resize(); // lays out again if the client area has changed
-    void SaveBeforeExit();
-    void ClosePlanner();
 
     std::unique_ptr<Rooms> m_rooms;
     bool m_ended = false;

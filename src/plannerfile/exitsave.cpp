@@ -1,0 +1,83 @@
+#include "plannerfile/exitsave.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "plannerfile/rescuefiles.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/runtime/errortail.h"
+#include "shell/messages.h"
+
+namespace {
+constexpr QLatin1StringView ExitTail(" in MainForm, subExitProgram");
+}
+
+bool ExitSave::AnyCellChanged()
+{
+    const ErrorTail tail(ExitTail);
+    bool changed = !m_notes.Unsaved().IsEmpty();
+    for (int cell = 1; cell <= CellCount && !changed; ++cell) {
+        tail([&] {
+            const bool marked = !g_bDBShared && g_aiLockState[static_cast<std::size_t>(cell - 1)] == 1;
+            changed = m_cells.tbDay(cell).Modified() || marked;
+        });
+    }
+    return changed;
+}
+
+void ExitSave::SaveBeforeExit(bool mayAsk)
+{
+    const ErrorTail tail(ExitTail);
+    if (AnyCellChanged() && !g_bExitSaved) {
+        g_bExitSaved = true;
+        SetMousePointer(mousepointer::Hourglass);
+        tail([&] { m_notes.subUpdateQMTDatabase(); });
+        tail([&] { m_notes.WriteUnsaved(); });
+        SetMousePointer(mousepointer::Default);
+    }
+    while (!m_notes.Unsaved().IsEmpty()) {
+        if (mayAsk && AskToRetry()) {
+            tail([&] { m_notes.WriteUnsaved(); });
+        } else if (KeepAsFiles(mayAsk)) {
+            m_notes.ForgetUnsaved();
+        }
+    }
+}
+
+bool ExitSave::AskToRetry()
+{
+    const QString question = QStringLiteral("These notes could not be saved:\n\n%1\n\nRetry saves them again. Cancel "
+                                            "ends Orrelin and keeps each of them as a file in\n%2");
+    return MsgBox(question.arg(m_notes.Unsaved().Describe(), RescueFolder()), msgbox::RetryCancel + msgbox::Critical,
+                  messages::HelpWizard) == msgbox::Retry;
+}
+
+// False: the notes are still nowhere, and the person wants to try again.
+bool ExitSave::KeepAsFiles(bool mayAsk)
+{
+    QString reason;
+    try {
+        WriteRescueFiles(m_notes.Unsaved());
+        return true;
+    } catch (const RunTimeError& error) {
+        LogError(error, ExitTail);
+        reason = error.Description;
+    }
+    if (!mayAsk) return true;
+    const QString question = QStringLiteral("The notes could not be kept as files either: %1\n\nEnd Orrelin and lose "
+                                            "them?");
+    return MsgBox(question.arg(reason), msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,
+                  messages::HelpWizard) == msgbox::Yes;
+}
+
+void ExitSave::ClosePlanner()
+{
+    if (g_sDBPath.isEmpty()) return;
+    const ErrorTail tail(ExitTail);
+    tail([] { g_rsQMT.Close(); });
+    tail([] { g_rsRecurse.Close(); });
+    tail([] { g_rsAlarm.Close(); });
+    tail([] { g_dbPlanner.Close(); });
+}

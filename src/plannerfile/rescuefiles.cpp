@@ -1,0 +1,45 @@
+#include "plannerfile/rescuefiles.h"
+
+#include "plannerfile/unsavednotes.h"
+#include "platform/desktop/folders.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+QString FreeName(const QString& wanted)
+{
+    const QString extension = QStringLiteral(".rtf");
+    QString name = wanted + extension;
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = QStringLiteral("%1 (%2)%3").arg(wanted).arg(number).arg(extension);
+    return name;
+}
+
+void WriteNote(const QString& name, const QByteArray& rtf)
+{
+    QSaveFile file(name);
+    const bool written =
+        file.open(QIODevice::WriteOnly) && file.write(rtf) == rtf.size() && file.flush() && file.commit();
+    if (!written) throw RunTimeError{errors::PathFileAccess, file.errorString()};
+}
+} // namespace
+
+QString RescueFolder()
+{
+    return folders::ApplicationDirectory() + QStringLiteral("/unsaved");
+}
+
+void WriteRescueFiles(const UnsavedNotes& notes)
+{
+    QDir().mkpath(RescueFolder());
+    for (const QString& planner : notes.Planners()) {
+        const QString base = RescueFolder() + u'/' + QFileInfo(planner).completeBaseName() + u' ';
+        const auto days = notes.NotesOf(planner);
+        for (auto day = days.cbegin(); day != days.cend(); ++day) {
+            if (!day->isEmpty()) WriteNote(FreeName(base + QString(day.key()).replace(u'/', u'-')), *day);
+        }
+    }
+}

@@ -1,0 +1,50 @@
+// What the main window consists of: its controls, the views, and the classes that hold its handlers.
+#pragma once
+
+#include "calendar/ccalendarview.h"
+#include "calendar/cellframes.h"
+#include "calendar/cscreenlayout.h"
+#include "calendar/cstatusbarview.h"
+#include "calendar/ctoolbarview.h"
+#include "calendar/navigation.h"
+#include "calendar/redraw.h"
+#include "editing/cellediting.h"
+#include "editing/formatting.h"
+#include "editing/shortcutfilter.h"
+#include "plannerfile/creation.h"
+#include "plannerfile/exitsave.h"
+#include "plannerfile/opening.h"
+#include "plannerfile/plannerhandlers.h"
+#include "plannerfile/qmtdb.h"
+#include "shell/controls.h"
+#include "shell/recentlist.h"
+#include "workgroup/networkmode.h"
+
+// In the order of their making; each stands on those above it.
+struct Rooms
+{
+    explicit Rooms(QMainWindow& window) : controls(window), m_pLayout(window, *controls.client)
+    {
+        m_pCalendarView.SetRedraw(redraw);
+    }
+
+    Controls controls;
+    ShortcutFilter shortcuts{controls.cells, controls.menus};
+    CToolbarView m_pToolbar{*controls.bar.tbTop, controls.menus};
+    CStatusbarView m_pStatusbar{controls.bottom};
+    CCalendarView m_pCalendarView{controls.cells};
+    CScreenLayout m_pLayout;
+    CellFrames frames{controls.cells};
+    Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
+    QMTDB notes{controls.cells, controls.bottom, controls.network, m_pCalendarView};
+    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop};
+    RecentList recentList{controls.menus};
+    Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList};
+    Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
+    PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
+    Navigation navigation{notes, redraw, controls.menus, m_pCalendarView};
+    Formatting formatting{controls.cells, controls.bar, controls.network};
+    ExitSave exitSave{controls.cells, notes};
+    CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
+                            controls.menus, m_pCalendarView, formatting};
+};

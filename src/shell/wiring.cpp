@@ -1,0 +1,148 @@
+#include "shell/wiring.h"
+
+#include "platform/controls/orlcombo.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/toolbar.h"
+#include "platform/runtime/errortail.h"
+#include "shell/rooms.h"
+
+namespace {
+struct MenuRow
+{
+    const char* name;
+    const char* literal;
+    void (*click)(Rooms& rooms);
+};
+
+template <auto Handler>
+void Planners(Rooms& rooms)
+{
+    (rooms.planners.*Handler)();
+}
+
+template <auto Handler>
+void Go(Rooms& rooms)
+{
+    (rooms.navigation.*Handler)();
+}
+
+template <auto Handler>
+void Format(Rooms& rooms)
+{
+    (rooms.formatting.*Handler)();
+}
+
+constexpr MenuRow MenuRows[] = {
+    {"mnuNew", " in MainForm, mnuNew_Click", Planners<&PlannerHandlers::mnuNew_Click>},
+    {"mnuOpen", " in MainForm, mnuOpen_Click", Planners<&PlannerHandlers::mnuOpen_Click>},
+    {"mnuSave", " in MainForm, mnuSave_Click", Planners<&PlannerHandlers::mnuSave_Click>},
+    {"mnuPrevMonth", " in MainForm, mnuPrevMonth_Click", Go<&Navigation::subActionPrevious>},
+    {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Go<&Navigation::subActionNext>},
+    {"mnuCut", " in MainForm, mnuCut_Click", Format<&Formatting::mnuCut_Click>},
+    {"mnuCopy", " in MainForm, mnuCopy_Click", Format<&Formatting::mnuCopy_Click>},
+    {"mnuPaste", " in MainForm, mnuPaste_Click", Format<&Formatting::mnuPaste_Click>},
+    {"mnuBold", " in MainForm, mnuBold_Click", Format<&Formatting::mnuBold_Click>},
+    {"mnuItalic", " in MainForm, mnuItalic_Click", Format<&Formatting::mnuItalic_Click>},
+    {"mnuUnderline", " in MainForm, mnuUnderline_Click", Format<&Formatting::mnuUnderline_Click>},
+    {"mnuStrikeThru", " in MainForm, mnuStrikeThru_Click", Format<&Formatting::mnuStrikeThru_Click>},
+    {"mnuCutR", " in MainForm, mnuCut_Click", Format<&Formatting::mnuCut_Click>},
+    {"mnuCopyR", " in MainForm, mnuCopy_Click", Format<&Formatting::mnuCopy_Click>},
+    {"mnuPasteR", " in MainForm, mnuPaste_Click", Format<&Formatting::mnuPaste_Click>},
+    {"mnuBoldR", " in MainForm, mnuBold_Click", Format<&Formatting::mnuBold_Click>},
+    {"mnuItalicR", " in MainForm, mnuItalic_Click", Format<&Formatting::mnuItalic_Click>},
+    {"mnuUnderlineR", " in MainForm, mnuUnderline_Click", Format<&Formatting::mnuUnderline_Click>},
+    {"mnuStrikeThruR", " in MainForm, mnuStrikeThru_Click", Format<&Formatting::mnuStrikeThru_Click>},
+    {"mnuLeftJustify", " in MainForm, mnuLeftJustify_Click", Format<&Formatting::mnuLeftJustify_Click>},
+    {"mnuCenterJustify", " in MainForm, mnuCenterJustify_Click", Format<&Formatting::mnuCenterJustify_Click>},
+    {"mnuRightJustify", " in MainForm, mnuRightJustify_Click", Format<&Formatting::mnuRightJustify_Click>},
+};
+
+// The buttons share the commands of the menu.
+struct ButtonRow
+{
+    const char* key;
+    const char* entry;
+};
+
+constexpr ButtonRow ButtonRows[] = {
+    {"new", "mnuNew"},
+    {"open", "mnuOpen"},
+    {"save", "mnuSave"},
+    {"cut", "mnuCut"},
+    {"copy", "mnuCopy"},
+    {"paste", "mnuPaste"},
+    {"bold", "mnuBold"},
+    {"italic", "mnuItalic"},
+    {"underline", "mnuUnderline"},
+    {"strikethru", "mnuStrikeThru"},
+};
+
+void WireMenus(Rooms& rooms)
+{
+    Menus& menus = rooms.controls.menus;
+    for (const MenuRow& row : MenuRows)
+        menus(QLatin1StringView(row.name))
+            .OnClick([&rooms, &row] { row.click(rooms); }, QLatin1StringView(row.literal));
+    for (int entry = 0; entry < 4; ++entry) {
+        menus.mnuMRU(entry).OnClick([&rooms, &item = menus.mnuMRU(entry)] { rooms.planners.mnuMRU_Click(item); },
+                                    QLatin1StringView(" in MainForm, mnuMRU_Click"));
+    }
+}
+
+void WireButtons(Rooms& rooms)
+{
+    Toolbar& bar = *rooms.controls.bar.tbTop;
+    QObject::connect(&bar, &Toolbar::ButtonClick, &bar, [&rooms](const QString& key) {
+        for (const ButtonRow& row : ButtonRows) {
+            if (key == QLatin1StringView(row.key))
+                rooms.controls.menus(QLatin1StringView(row.entry)).Action()->trigger();
+        }
+    });
+    bar.Buttons(QStringLiteral("datediff")).setEnabled(false);
+}
+
+void WireCombos(Rooms& rooms)
+{
+    const auto wire = [&](ORLCombo* combo, QLatin1StringView literal, auto change) {
+        QObject::connect(combo, &ORLCombo::Click, combo, [&rooms] { rooms.formatting.fnCanFormatCell(); });
+        QObject::connect(combo, &ORLCombo::Change, combo,
+                         [&rooms, literal, change] { guard(literal, [&] { (rooms.formatting.*change)(); }); });
+    };
+    const FormatBar& bar = rooms.controls.bar;
+    wire(bar.orlcmbFontname, QLatin1StringView(" in MainForm, orlcmbFontname_Change"),
+         &Formatting::orlcmbFontname_Change);
+    wire(bar.orlcmbFontsize, QLatin1StringView(" in MainForm, orlcmbFontsize_Change"),
+         &Formatting::orlcmbFontsize_Change);
+    wire(bar.orlcmbFontcolor, QLatin1StringView(" in MainForm, orlcmbFontcolor_Change"),
+         &Formatting::orlcmbFontcolor_Change);
+}
+
+void WireSpins(Rooms& rooms)
+{
+    const auto wire = [](PictureButton* spin, const QString& tip, QLatin1StringView literal, auto action) {
+        spin->SetToolTip(0, tip);
+        QObject::connect(spin, &PictureButton::MouseDown, spin, [spin](int) {
+            spin->SetVisible(0, false);
+            spin->SetVisible(1, true);
+        });
+        QObject::connect(spin, &PictureButton::MouseUp, spin, [spin, literal, action](int) {
+            guard(literal, action);
+            spin->SetVisible(0, true);
+            spin->SetVisible(1, false);
+        });
+    };
+    const BottomPanel& bottom = rooms.controls.bottom;
+    wire(bottom.imgLeftSpin, QStringLiteral("Previous Month"), QLatin1StringView(" in MainForm, imgLeftSpin_MouseUp"),
+         [&rooms] { rooms.navigation.subActionPrevious(); });
+    wire(bottom.imgRightSpin, QStringLiteral("Next Month"), QLatin1StringView(" in MainForm, imgRightSpin_MouseUp"),
+         [&rooms] { rooms.navigation.subActionNext(); });
+}
+} // namespace
+
+void WireHandlers(Rooms& rooms)
+{
+    WireMenus(rooms);
+    WireButtons(rooms);
+    WireCombos(rooms);
+    WireSpins(rooms);
+}
