@@ -108,6 +108,39 @@ private Q_SLOTS:
         QVERIFY(Stored("1999/3/19").contains("shelved"));
     }
 
+    void WhatNoPlannerTakesAtExitIsKeptAsAFile_data()
+    {
+        QTest::addColumn<bool>("asked");
+        QTest::newRow("asked") << true;
+        QTest::newRow("ended by a signal") << false;
+    }
+
+    void WhatNoPlannerTakesAtExitIsKeptAsAFile()
+    {
+        QFETCH(bool, asked);
+        StartWithFailingStore();
+        m_program->Type(20, QStringLiteral("shelved"));
+        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
+        if (asked) AnswerNextBox(msgbox::Cancel);
+        m_program->form->subExitProgram(asked ? Mainform::CloseBox : Mainform::ProcessIsEnded);
+        QVERIFY(m_program->form->HasEnded());
+        QFile kept(folders::ApplicationDirectory() + QStringLiteral("/unsaved/notes 1999-3-19.rtf"));
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QVERIFY(kept.readAll().contains("shelved"));
+    }
+
+    void ALeftPlannerGetsItsNotesAtExit()
+    {
+        StartWithFailingStore();
+        m_program->Type(20, QStringLiteral("shelved"));
+        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
+        m_program->Trigger("mnuSave");
+        Fail(FailurePlan::Before, 0, 0);
+        m_program->New(QStringLiteral("other.mdb"));
+        m_program->Exit();
+        QVERIFY(Stored("1999/3/19").contains("shelved"));
+    }
+
     void ADayThatCouldNotBeReadIsNeverEmptied()
     {
         StartWithFailingStore();

@@ -78,20 +78,72 @@ private Q_SLOTS:
         QCOMPARE(program.Log(), QByteArray());
     }
 
-    void EnteringACellWritesTheVeryBytesAgain()
+    void EnteringACellChangesNothing_data()
     {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::newRow("foreign") << QByteArray(
+            "{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\f0\\fs30 old {\\*\\unknown x}note\\par}");
+        QTest::newRow("shows nothing") << QByteArray("{\\rtf1{\\*\\unknown x}}");
+    }
+
+    void EnteringACellChangesNothing()
+    {
+        QFETCH(QByteArray, stored);
         Program& program = *m_program;
         program.New(QStringLiteral("notes.mdb"));
-        const QByteArray foreign = "{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\f0\\fs30 old {\\*\\unknown x}note\\par}";
         g_rsQMT.AddNew();
         g_rsQMT.SetField(QStringLiteral("qmtDate"), QStringLiteral("1999/3/19"));
-        g_rsQMT.SetField(QStringLiteral("qmtText"), foreign);
+        g_rsQMT.SetField(QStringLiteral("qmtText"), stored);
         g_rsQMT.SetField(QStringLiteral("qmtPadding"), QByteArray(1005, '.'));
         g_rsQMT.Update();
         program.Trigger("mnuSave");
         program.Click(20);
         program.Trigger("mnuNextMonth");
-        QCOMPARE(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")), foreign);
+        QCOMPARE(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")), stored);
+        program.Trigger("mnuPrevMonth");
+        program.Click(20);
+        // Meanwhile another program writes; this one has a planner just made open, so not for itself alone.
+        Recordset other = DBEngine::OpenDatabase(g_sNotesFile).OpenTable(QStringLiteral("QMT Table"));
+        other.SetIndex(QStringLiteral("qmtPrimaryKey"));
+        other.Seek(QStringLiteral("="), QStringLiteral("1999/3/19"));
+        other.Edit();
+        other.SetField(QStringLiteral("qmtText"), QByteArray("newer"));
+        other.Update();
+        program.Trigger("mnuSave");
+        QCOMPARE(program.Box(20).Text(), QStringLiteral("newer"));
+    }
+
+    void ASaveLeavesTheWriterWhereHeWas()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        program.Type(20, QStringLiteral("one two"));
+        RichTextBox& box = program.Box(20);
+        QTest::keyClick(&box, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+        program.Trigger("mnuSave");
+        QCOMPARE(box.SelStart(), 4);
+        QCOMPARE(g_iCurrentPanel, std::int16_t{0});
+        program.Trigger("mnuBold"); // the caret tells which cell is meant
+        QCOMPARE(g_iCurrentPanel, std::int16_t{20});
+        QCOMPARE(box.SelBold(), std::optional(true));
+        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(box.Text() != QStringLiteral("one two"));
+        program.Trigger("mnuSave");
+        QCOMPARE(program.Log(), QByteArray());
+    }
+
+    void APictureAloneIsANote()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        program.Box(20).SetTextRTF("{\\rtf1{\\pict\\pngblip\\picwgoal300\\pichgoal300 89504e47}a}");
+        program.Click(20);
+        QTest::keyClick(&program.Box(20), Qt::Key_End);
+        QTest::keyClick(&program.Box(20), Qt::Key_Backspace);
+        QCOMPARE(program.Box(20).Text(), QString());
+        program.Trigger("mnuSave");
+        QVERIFY(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("\\pict"));
     }
 
     void AnEmptyCellTakesTheDefaultFontAndAFullOneKeepsIts()
