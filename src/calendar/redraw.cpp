@@ -20,9 +20,11 @@ QDate Today()
     return desktopclock::Now().date();
 }
 
-bool ShowsTodaysMonth()
+// The day of today if its month is the shown one, otherwise 0.
+int ShownToday()
 {
-    return Today().year() == g_iYear && Today().month() == g_iMonth;
+    const QDate today = Today();
+    return today.year() == g_iYear && today.month() == g_iMonth ? today.day() : 0;
 }
 
 // The styles of a redraw, read once for all of its cells.
@@ -32,11 +34,12 @@ struct CellStyles
     PanelStyle daily;
     PanelStyle today;
     int font3D;
+    int todaysDay = ShownToday();
 };
 
 void ShowSlot(SSPanel& panel, const DaySlot& slot, const CellStyles& styles)
 {
-    const bool isToday = !slot.isMemo && ShowsTodaysMonth() && slot.number == Today().day();
+    const bool isToday = !slot.isMemo && slot.number == styles.todaysDay;
     panel.SetCaption(slot.Caption());
     ApplyStyle(panel, slot.isMemo ? styles.memo : isToday ? styles.today : styles.daily);
     panel.SetFont3D(styles.font3D);

@@ -48,7 +48,11 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // A bar that came and went with the text would lay every note out twice; one with nothing to scroll shows nothing.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setStyle(&ThinScrollBarStyle::Shared());
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &RichTextBox::FollowScrollRange);
+    FollowScrollRange();
     setTabChangesFocus(true);
     setTabStopDistance(g_tabStop);
     BeginSetting();
@@ -120,6 +124,7 @@ void RichTextBox::BeginSetting()
 void RichTextBox::EndSetting()
 {
     QTextCursor(document()).endEditBlock();
+    KeepShapedText();
     document()->clearUndoRedoStacks();
     document()->setModified(false);
     m_blank = IsBlank();
@@ -127,6 +132,15 @@ void RichTextBox::EndSetting()
     m_setting = false;
     FollowCaret();
     Q_EMIT Change();
+}
+
+// The lines that a cell shows are painted from what their layout has shaped, instead of being shaped once more.
+void RichTextBox::KeepShapedText()
+{
+    constexpr int MostShown = 64;
+    QTextBlock block = document()->begin();
+    for (int i = 0; i < MostShown && block.isValid(); ++i, block = block.next())
+        block.layout()->setCacheEnabled(true);
 }
 
 bool RichTextBox::Locked() const
@@ -237,6 +251,12 @@ void RichTextBox::FollowRightMargin()
     const bool narrower = m_rightMargin > 0 && m_rightMargin < viewport()->width();
     if (narrower && lineWrapColumnOrWidth() != m_rightMargin) setLineWrapColumnOrWidth(m_rightMargin);
     setLineWrapMode(narrower ? FixedPixelWidth : WidgetWidth);
+}
+
+void RichTextBox::FollowScrollRange()
+{
+    const QScrollBar& bar = *verticalScrollBar();
+    bar.parentWidget()->setAttribute(Qt::WA_TransparentForMouseEvents, bar.maximum() <= bar.minimum());
 }
 
 void RichTextBox::CommitPreedit()

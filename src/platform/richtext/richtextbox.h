@@ -91,6 +91,7 @@ Q_SIGNALS:
     void PasteRequested(bool& allowed);
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -117,6 +118,7 @@ private:
     void FormatAsTyped();
     void BeginSetting();
     void EndSetting();
+    void KeepShapedText();
     void FollowText();
     void FollowCaret();
     bool IsBlank() const;
@@ -128,6 +130,8 @@ private:
     void ChangeAllText(const QTextCharFormat& part);
     void MergeIntoSelection(const QTextCharFormat& part);
     void FollowRightMargin();
+    void FollowScrollRange();
+    void PassToViewport(const QMouseEvent& event);
     bool AdmitsKey(const QString& text);
     bool AdmitsPaste();
 

@@ -2,6 +2,7 @@
 #include "platform/richtext/selectionformat.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QMimeData>
@@ -66,6 +67,29 @@ void RichTextBox::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) return;
     QTextEdit::changeEvent(event);
+}
+
+// The mouse reaches the box itself only where its scroll bar shows nothing, and that strip is paper like the rest.
+bool RichTextBox::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        PassToViewport(*static_cast<QMouseEvent*>(event));
+        return true;
+    default:
+        return QTextEdit::event(event);
+    }
+}
+
+void RichTextBox::PassToViewport(const QMouseEvent& event)
+{
+    QPointF at = viewport()->mapFrom(this, event.position());
+    at.setX(std::min(at.x(), viewport()->width() - 1.0));
+    QMouseEvent passed(event.type(), at, event.globalPosition(), event.button(), event.buttons(), event.modifiers());
+    QCoreApplication::sendEvent(viewport(), &passed);
 }
 
 void RichTextBox::resizeEvent(QResizeEvent* event)

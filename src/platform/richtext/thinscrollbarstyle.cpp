@@ -73,6 +73,7 @@ void ThinScrollBarStyle::drawComplexControl(ComplexControl control, const QStyle
 {
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control != CC_ScrollBar || !slider) return QCommonStyle::drawComplexControl(control, option, painter, widget);
+    if (slider->maximum <= slider->minimum) return;
     const bool active = slider->state & State_MouseOver || slider->activeSubControls & SC_ScrollBarSlider;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
