@@ -5,8 +5,10 @@
 #include "calendar/cells.h"
 #include "calendar/modshow.h"
 #include "calendar/redraw.h"
+#include "calendar/sidebar.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/plannerstate.h"
+#include "platform/controls/picturebutton.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
@@ -20,8 +22,9 @@ constexpr int Rows = 5;
 constexpr int NoteLeft = 6, NoteTop = 20, NoteNarrower = 12, NoteLower = 25;
 } // namespace
 
-CCalendarView::CCalendarView(Cells& cells)
-    : m_cells(cells), m_iViewMode(Read(settings::ViewPref)), m_bStartsMinimized(Read(settings::Minimized) == 1)
+CCalendarView::CCalendarView(Cells& cells, const Sidebar& sidebar)
+    : m_cells(cells), m_sidebar(sidebar), m_iViewMode(Read(settings::ViewPref)),
+      m_bStartsMinimized(Read(settings::Minimized) == 1)
 {
     if (m_iViewMode == ViewMode::Week) LoadCells(FirstWeekCell, LastWeekCell);
     if (m_iViewMode == ViewMode::Month) LoadCells(FirstMonthCell, LastMonthCell);
@@ -46,10 +49,23 @@ void CCalendarView::Show(std::int32_t left, std::int32_t top, std::int32_t right
     SetMousePointer(mousepointer::Hourglass);
     const std::int32_t gridTop = top + m_cells.lblDayOfWeek(0).height();
     tail([&] { PosDayOfWeek({left, top, right, bottom}); });
+    ShowViewButtons();
     if (m_iViewMode == ViewMode::Week) tail([&] { PosWeekPanels({left, gridTop, right, bottom}); });
     if (m_iViewMode == ViewMode::Month) tail([&] { PosMonthPanels({left, gridTop, right, bottom}); });
     SetMousePointer(mousepointer::Default);
     m_rcView = {left, top, right, bottom};
+}
+
+// The picture of the view that is shown looks pressed.
+void CCalendarView::ShowViewButtons()
+{
+    const auto show = [&](PictureButton& button, bool pressed) {
+        button.SetVisible(0, !pressed);
+        button.SetVisible(1, pressed);
+    };
+    if (m_iViewMode != ViewMode::Week && m_iViewMode != ViewMode::Month) return;
+    show(*m_sidebar.picWeek, m_iViewMode == ViewMode::Week);
+    show(*m_sidebar.picMonth, m_iViewMode == ViewMode::Month);
 }
 
 void CCalendarView::PosDayOfWeek(const Rectangle& area)

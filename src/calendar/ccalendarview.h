@@ -8,6 +8,7 @@
 
 class Cells;
 class Redraw;
+struct Sidebar;
 
 struct Rectangle
 {
@@ -21,7 +22,7 @@ struct Rectangle
 class CCalendarView final : public ViewMode
 {
 public:
-    explicit CCalendarView(Cells& cells); // reads VIEWPREF and MINIMIZED, creates the cells of that view
+    CCalendarView(Cells& cells, const Sidebar& sidebar); // reads VIEWPREF and MINIMIZED, creates the cells of that view
     void SetRedraw(Redraw& redraw) { m_redraw = &redraw; }
 
     void SetViewMode(int mode) { m_iViewMode = mode; } // moves and draws nothing
@@ -39,9 +40,11 @@ private:
     void PosWeekPanels(const Rectangle& area);
     void PosMonthPanels(const Rectangle& area);
     void PlaceCell(int cell, int column, int top, int height);
+    void ShowViewButtons();
     void RestoreAlarmMarks(int first, int last);
 
     Cells& m_cells;
+    const Sidebar& m_sidebar;
     Redraw* m_redraw = nullptr;
     bool m_bWeekPanelsLoaded = false;
     bool m_bMonthPanelsLoaded = false;

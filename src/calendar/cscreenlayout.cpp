@@ -1,5 +1,6 @@
 #include "calendar/cscreenlayout.h"
 
+#include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
 #include "platform/desktop/twips.h"
@@ -117,7 +118,8 @@ bool CScreenLayout::ClientRectChanged() const
     return !(now == m_rcClient);
 }
 
-void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CStatusbarView& statusbar, CCalendarView& calendar)
+void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
+                                  CCalendarView& calendar)
 {
     if (m_bMoving) return;
     const ErrorTail tail(QLatin1StringView(" in CScreenLayout, RefreshLayout"));
@@ -129,6 +131,8 @@ void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CStatusbarView& statusb
     const int above = toolbar.IsVisible() && !atBottom ? toolbar.Height() : 0;
     const int below = atBottom ? toolbar.Height() : 0;
     const int barHeight = statusbar.Height();
+    tail([&] { sidebar.ShowControl(left, top + above, sidebar.Width(), bottom - below - 1); });
+    if (sidebar.IsVisible()) left = sidebar.Width();
     // The bar under the status bar takes a line of its own; above the calendar it takes none.
     tail([&] { statusbar.ShowControl(left, bottom - below - barHeight, right, bottom - below - 1); });
     tail([&] { calendar.Show(left, top + above, right, bottom - barHeight - below); });

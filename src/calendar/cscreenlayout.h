@@ -1,11 +1,12 @@
-// Divides the client area among toolbar, status bar and calendar, and keeps the main window's rectangle from one run
-// to the next.
+// Divides the client area among toolbar, sidebar, status bar and calendar, and keeps the main window's rectangle from
+// one run to the next.
 #pragma once
 
 #include "calendar/ccalendarview.h"
 
 #include <optional>
 
+class CSidebarView;
 class CStatusbarView;
 class CToolbarView;
 class QWidget;
@@ -21,7 +22,8 @@ public:
     std::optional<Rectangle> WindowPlace() const;
     void DestroyWindow(const std::optional<Rectangle>& place); // saves the place; that of a minimized window stays
     void GetClientRect(std::int32_t& left, std::int32_t& top, std::int32_t& right, std::int32_t& bottom) const;
-    void RefreshLayout(CToolbarView& toolbar, CStatusbarView& statusbar, CCalendarView& calendar);
+    void RefreshLayout(CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
+                       CCalendarView& calendar);
     bool ClientRectChanged() const; // since the last RefreshLayout
 
 private:

@@ -1,5 +1,6 @@
 #include "calendar/ctoolbarview.h"
 
+#include "calendar/cscreenlayout.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
 #include "shell/menus.h"
@@ -12,6 +13,33 @@ CToolbarView::CToolbarView(Toolbar& tbTop, Menus& menus)
     UpdateMenus();
 }
 
+void CToolbarView::SetVisible()
+{
+    m_bVisible = !m_bVisible;
+    Write(settings::ToolbarVisible, m_bVisible ? -1 : 0);
+    UpdateMenus();
+}
+
+void CToolbarView::SetAlignment(std::int32_t alignment)
+{
+    m_iAlignment = alignment;
+    Write(settings::ToolbarAlignment, m_iAlignment);
+    UpdateMenus();
+}
+
+void CToolbarView::DragDropReposition(const CScreenLayout& layout, std::int32_t x, std::int32_t y)
+{
+    std::int32_t left = 0, top = 0, right = 0, bottom = 0;
+    layout.GetClientRect(left, top, right, bottom);
+    const auto within = [](int value, int low, int high) { return low < value && value < high; };
+    if (!within(x, left, right)) return;
+    if (within(y, bottom - Height(), bottom)) {
+        SetAlignment(AlignBottom);
+    } else if (within(y, top, top + Height())) {
+        SetAlignment(AlignTop);
+    }
+}
+
 int CToolbarView::Height() const
 {
     return m_tbTop.sizeHint().height();
@@ -19,7 +47,7 @@ int CToolbarView::Height() const
 
 void CToolbarView::ShowControl()
 {
-    SetVisible(m_tbTop, m_bVisible);
+    ::SetVisible(m_tbTop, m_bVisible);
     if (!m_bVisible) return;
     const QRect client = m_tbTop.parentWidget()->rect();
     m_tbTop.setGeometry(0, m_iAlignment == AlignBottom ? client.height() - Height() : 0, client.width(), Height());

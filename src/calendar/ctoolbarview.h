@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+class CScreenLayout;
 class Menus;
 class Toolbar;
 
@@ -14,8 +15,14 @@ public:
 
     CToolbarView(Toolbar& tbTop, Menus& menus); // reads the settings
 
+    // A change is written to the settings at once; the window is to be laid out anew by the caller.
     bool IsVisible() const { return m_bVisible; }
+    void SetVisible(); // the other way round
     std::int32_t GetAlignment() const { return m_iAlignment; }
+    void SetAlignment(std::int32_t alignment);
+    // The bar was dropped at this point of the client area; it moves only if that is where a bar can be.
+    void DragDropReposition(const CScreenLayout& layout, std::int32_t x, std::int32_t y);
+
     int Height() const; // logical pixels, whether or not it is shown
     void ShowControl();
 

@@ -133,6 +133,11 @@ std::array<std::int16_t, 42> WeekMap(int firstWeekday, int length)
     return map;
 }
 
+int FirstSlotOfWeek(int year, int month, int day)
+{
+    return Weekday(year, month, 1) + day - Weekday(year, month, day);
+}
+
 bool IsMemoCaption(const QString& caption)
 {
     return caption.startsWith(u"Memo");

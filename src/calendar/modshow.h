@@ -37,6 +37,9 @@ std::array<DaySlot, 35> MonthGrid(int firstWeekday, int length);
 // The map of the week view, six rows of seven: days are 1 to length, memos go on from length + 1.
 std::array<std::int16_t, 42> WeekMap(int firstWeekday, int length);
 
+// The slot of that map that begins the row of a day. A day past the month's end counts into the next month.
+int FirstSlotOfWeek(int year, int month, int day);
+
 bool IsMemoCaption(const QString& caption);
 
 // The date key of a cell with this caption in the shown month.

@@ -1,34 +1,174 @@
 #include "calendar/navigation.h"
 
+#include "calendar/bars.h"
+#include "calendar/bottompanel.h"
+#include "calendar/calendarstate.h"
+#include "calendar/ccalendarview.h"
+#include "calendar/cells.h"
+#include "calendar/moddate.h"
+#include "calendar/modshow.h"
 #include "calendar/redraw.h"
-#include "calendar/viewmode.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/desktop/clock.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "shell/menus.h"
+#include "shell/messages.h"
 
-void Navigation::Move(QLatin1StringView literal, void (Redraw::*display)())
+#include <algorithm>
+
+namespace {
+bool HasPlanner()
+{
+    return !g_sDBPath.isEmpty();
+}
+
+bool AnyMarked()
+{
+    return std::find(g_aiLockState.begin(), g_aiLockState.end(), 1) != g_aiLockState.end();
+}
+
+void GoToToday()
+{
+    const QDate today = desktopclock::Now().date();
+    g_iYear = static_cast<std::int16_t>(today.year());
+    g_iMonth = static_cast<std::int16_t>(today.month());
+    g_iDay = static_cast<std::int16_t>(today.day());
+}
+} // namespace
+
+struct Navigation::View
+{
+    int mode;
+    QLatin1StringView literal;
+    QLatin1StringView name;
+};
+
+bool Navigation::RefusesToLeave()
+{
+    if (!g_bDBShared) return false;
+    if (!AnyMarked()) {
+        g_iCurrentPanel = 0;
+        return false;
+    }
+    if (g_iCurrentPanel == 0) return false;
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(g_iCurrentPanel).Caption())) +
+               QStringLiteral(" is locked, please unlock first."),
+           msgbox::Exclamation, messages::HelpWizard);
+    m_cells.tbDay(g_iCurrentPanel).setFocus();
+    return true;
+}
+
+void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)())
 {
     const ErrorTail tail(literal);
+    bool refused = false;
+    tail([&] { refused = RefusesToLeave(); });
+    if (refused) return;
     SetMousePointer(mousepointer::Hourglass);
-    const bool hasPlanner = !g_sDBPath.isEmpty();
-    if (hasPlanner) tail([&] { m_notes.subUpdateQMTDatabase(); });
-    tail([&] { (m_redraw.*display)(); });
-    if (hasPlanner) tail([&] { m_notes.subSeekQMTDatabase(); });
+    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
+    const int mode = m_calendar.GetViewMode();
+    if (mode == ViewMode::Week) tail([&] { (m_redraw.*week)(); });
+    if (mode == ViewMode::Month) tail([&] { (m_redraw.*month)(); });
+    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
     SetMousePointer(mousepointer::Default);
 }
 
 void Navigation::subActionNext()
 {
-    if (m_viewMode.GetViewMode() != ViewMode::Month) return;
-    Move(QLatin1StringView(" in MainForm, subActionNext"), &Redraw::subDisplayNextMonth);
+    Move(QLatin1StringView(" in MainForm, subActionNext"), &Redraw::subDisplayNextMonth, &Redraw::subDisplayNextWeek);
 }
 
 void Navigation::subActionPrevious()
 {
-    if (m_viewMode.GetViewMode() != ViewMode::Month) return;
-    Move(QLatin1StringView(" in MainForm, subActionPrevious"), &Redraw::subDisplayPrevMonth);
+    Move(QLatin1StringView(" in MainForm, subActionPrevious"), &Redraw::subDisplayPrevMonth,
+         &Redraw::subDisplayPrevWeek);
+}
+
+void Navigation::mnuThisMonth_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuThisMonth_Click"));
+    SetMousePointer(mousepointer::Hourglass);
+    tail([&] { m_notes.subUpdateQMTDatabase(); });
+    GoToToday();
+    tail([&] { m_redraw.subDisplayMonth(); });
+    m_bottom.panelBottom->SetCaption(MonthTitle());
+    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
+    SetMousePointer(mousepointer::Default);
+}
+
+void Navigation::mnuCurrentWeek_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuCurrentWeek_Click"));
+    SetMousePointer(mousepointer::Hourglass);
+    // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
+    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
+    GoToToday();
+    tail([&] { m_redraw.subDisplayWeek(); });
+    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
+    SetMousePointer(mousepointer::Default);
+}
+
+void Navigation::SwitchTo(const View& view)
+{
+    if (!HasPlanner()) {
+        MsgBox(messages::NoPlanner.arg(u'\n'), msgbox::Information, messages::HelpWizard);
+        return;
+    }
+    const ErrorTail tail(view.literal);
+    if (m_calendar.GetViewMode() == view.mode) {
+        MsgBox(QStringLiteral("You are currently in %1").arg(view.name), msgbox::Information, view.name);
+    } else {
+        tail([&] { m_notes.subUpdateQMTDatabase(); });
+        tail([&] { m_calendar.Clear(); });
+        m_calendar.SetViewMode(view.mode);
+        tail([&] { m_bars.RefreshLayout(); });
+        tail([&] { m_notes.subSeekQMTDatabase(); });
+    }
+    tail([&] { subSetViewMenus(); });
+}
+
+void Navigation::subSwitchToMonthView()
+{
+    SwitchTo(
+        {ViewMode::Month, QLatin1StringView(" in MainForm, subSwitchToMonthView"), QLatin1StringView("Month View")});
+}
+
+void Navigation::subSwitchToWeekView()
+{
+    SwitchTo({ViewMode::Week, QLatin1StringView(" in MainForm, subSwitchToWeekView"), QLatin1StringView("Week View")});
+}
+
+void Navigation::picWeek_Click(int Index)
+{
+    g_iCurrentPanel = static_cast<std::int16_t>(Index);
+    subSwitchToWeekView();
+}
+
+void Navigation::SpinTips() const
+{
+    const int mode = m_calendar.GetViewMode();
+    if (mode != ViewMode::Week && mode != ViewMode::Month) return;
+    const QString unit = mode == ViewMode::Week ? QStringLiteral("Week") : QStringLiteral("Month");
+    for (int element = 0; element < 2; ++element) {
+        m_bottom.imgLeftSpin->SetToolTip(element, QStringLiteral("Previous ") + unit);
+        m_bottom.imgRightSpin->SetToolTip(element, QStringLiteral("Next ") + unit);
+    }
+}
+
+void Navigation::tmMidnightRefresh_Timer()
+{
+    const QTime now = desktopclock::Now().time();
+    if (now.hour() != 0 || now.minute() != 0) return;
+    const ErrorTail tail(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"));
+    tail([&] { m_notes.subUpdateQMTDatabase(); });
+    GoToToday();
+    if (m_calendar.GetViewMode() == ViewMode::Month) tail([&] { m_redraw.subDisplayMonth(); });
+    if (m_calendar.GetViewMode() == ViewMode::Week) tail([&] { m_redraw.subDisplayWeek(); });
+    tail([&] { m_notes.subSeekQMTDatabase(); });
 }
 
 void Navigation::subSetViewMenus()
@@ -44,7 +184,7 @@ void Navigation::subSetViewMenus()
                                    {"mnuNextWeek", true, false},  {"mnuCurrentWeek", true, false},
                                    {"mnuPrevMonth", false, true}, {"mnuNextMonth", false, true},
                                    {"mnuThisMonth", false, true}, {"mnuDateSearch", false, true}};
-    const int mode = m_viewMode.GetViewMode();
+    const int mode = m_calendar.GetViewMode();
     if (mode != ViewMode::Week && mode != ViewMode::Month) return;
     for (const Row& row : rows) {
         m_menus(QLatin1StringView(row.name)).SetEnabled(mode == ViewMode::Week ? row.inWeek : row.inMonth);

@@ -1,31 +1,57 @@
-// Moving through time. Every move does the same in the same order: save what the cells hold, change the date, draw,
-// read the notes.
+// Moving through time and between the views. Every move does the same in the same order: save what the cells hold,
+// change the date, draw, read the notes.
 #pragma once
 
 #include <QLatin1StringView>
 
+#include <functional>
+
+class Bars;
+struct BottomPanel;
+class CCalendarView;
+class Cells;
 class Menus;
 class QMTDB;
 class Redraw;
-class ViewMode;
 
 class Navigation
 {
 public:
-    Navigation(QMTDB& notes, Redraw& redraw, Menus& menus, const ViewMode& viewMode)
-        : m_notes(notes), m_redraw(redraw), m_menus(menus), m_viewMode(viewMode)
+    Navigation(Cells& cells, const BottomPanel& bottom, QMTDB& notes, Redraw& redraw, Menus& menus,
+               CCalendarView& calendar, Bars& bars)
+        : m_cells(cells), m_bottom(bottom), m_notes(notes), m_redraw(redraw), m_menus(menus), m_calendar(calendar),
+          m_bars(bars)
     {
     }
 
+    // The next or previous month or week, as the view is. In a workgroup's planner refused while a day is locked.
     void subActionNext();
     void subActionPrevious();
+
+    void mnuThisMonth_Click();
+    void mnuCurrentWeek_Click();
+
+    // Without a planner, and in the view that is shown already, there is only a message.
+    void subSwitchToMonthView();
+    void subSwitchToWeekView();
+    void picWeek_Click(int Index);
+
+    void SpinTips() const; // as the view is, at the moment the mouse is over them
+    void tmMidnightRefresh_Timer();
     void subSetViewMenus(); // which of the Goto and View entries the present mode allows
 
 private:
-    void Move(QLatin1StringView literal, void (Redraw::*display)());
+    struct View;
 
+    bool RefusesToLeave();
+    void Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)());
+    void SwitchTo(const View& view);
+
+    Cells& m_cells;
+    const BottomPanel& m_bottom;
     QMTDB& m_notes;
     Redraw& m_redraw;
     Menus& m_menus;
-    const ViewMode& m_viewMode;
+    CCalendarView& m_calendar;
+    Bars& m_bars;
 };

@@ -14,7 +14,12 @@
 #include "platform/runtime/language.h"
 #include "shell/settings.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace {
+constexpr int DaysInWeek = 7;
+
 QDate Today()
 {
     return desktopclock::Now().date();
@@ -33,7 +38,7 @@ struct CellStyles
     PanelStyle memo;
     PanelStyle daily;
     PanelStyle today;
-    int font3D;
+    std::optional<int> font3D; // empty: as it is
     int todaysDay = ShownToday();
 };
 
@@ -42,9 +47,17 @@ void ShowSlot(SSPanel& panel, const DaySlot& slot, const CellStyles& styles)
     const bool isToday = !slot.isMemo && slot.number == styles.todaysDay;
     panel.SetCaption(slot.Caption());
     ApplyStyle(panel, slot.isMemo ? styles.memo : isToday ? styles.today : styles.daily);
-    panel.SetFont3D(styles.font3D);
+    if (styles.font3D) panel.SetFont3D(*styles.font3D);
     panel.SetPaper(slot.isMemo ? paper::MemoPaper : isToday ? paper::Today : paper::Paper);
     panel.SetFrame(isToday ? paper::TodayFrame : QColor());
+}
+
+void StepMonth(int step)
+{
+    g_iMonth = CInt(g_iMonth + step);
+    if (g_iMonth >= 1 && g_iMonth <= 12) return;
+    g_iMonth = step > 0 ? 1 : 12;
+    g_iYear = CInt(g_iYear + step);
 }
 
 // How many days at the start of the shown month are past, by the clock: none, those before today, or all.
@@ -79,13 +92,18 @@ void Redraw::DisplayMonthCells()
     }
 }
 
+void Redraw::FinishRedraw()
+{
+    subUnloadAlarmIcons(m_cells);
+    subStylePastDates();
+    g_iCurrentPanel = 0;
+}
+
 void Redraw::subDisplayMonth()
 {
     const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayMonth"));
     tail([&] { DisplayMonthCells(); });
-    tail([&] { subUnloadAlarmIcons(m_cells); });
-    tail([&] { subStylePastDates(); });
-    g_iCurrentPanel = 0;
+    tail([&] { FinishRedraw(); });
 }
 
 void Redraw::MoveMonth(int step)
@@ -93,12 +111,7 @@ void Redraw::MoveMonth(int step)
     SetMousePointer(mousepointer::Hourglass);
     const ErrorTail tail(step > 0 ? QLatin1StringView(" in MODSHOW, subDisplayNextMonth")
                                   : QLatin1StringView(" in MODSHOW, subDisplayPrevMonth"));
-    tail([&] {
-        g_iMonth = CInt(g_iMonth + step);
-        if (g_iMonth >= 1 && g_iMonth <= 12) return;
-        g_iMonth = step > 0 ? 1 : 12;
-        g_iYear = CInt(g_iYear + step);
-    });
+    tail([&] { StepMonth(step); });
     subDisplayMonth();
     m_bottom.panelBottom->SetCaption(MonthTitle());
     SetMousePointer(mousepointer::Default);
@@ -114,10 +127,11 @@ void Redraw::subDisplayPrevMonth()
     MoveMonth(-1);
 }
 
-void Redraw::DisplayWeekCells(int firstSlot, int daysInMonth)
+void Redraw::DisplayWeekCells(int firstSlot, int daysInMonth, bool with3D)
 {
-    const CellStyles styles = {ReadStyle(settings::WeekMemo), ReadStyle(settings::WeekDaily),
-                               ReadStyle(settings::WeekToday), Read(settings::WeekDailyFont3D)};
+    CellStyles styles = {ReadStyle(settings::WeekMemo), ReadStyle(settings::WeekDaily), ReadStyle(settings::WeekToday),
+                         std::nullopt};
+    if (with3D) styles.font3D = Read(settings::WeekDailyFont3D);
     for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
         const int value = g_aiCalendar.at(static_cast<std::size_t>(firstSlot - 1 + cell - FirstWeekCell));
         const bool isMemo = value > daysInMonth;
@@ -131,13 +145,59 @@ void Redraw::subDisplayWeek()
     tail([&] {
         // The table of lengths is not refreshed here: after a year's end crossed week by week February keeps the
         // length of the last month drawn.
-        const int firstWeekday = Weekday(g_iYear, g_iMonth, 1);
-        g_aiCalendar = WeekMap(firstWeekday, fnDaysInMonth());
-        DisplayWeekCells(firstWeekday + g_iDay - Weekday(g_iYear, g_iMonth, g_iDay), fnDaysInMonth());
+        g_aiCalendar = WeekMap(Weekday(g_iYear, g_iMonth, 1), fnDaysInMonth());
+        DisplayWeekCells(FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay), fnDaysInMonth(), true);
     });
-    tail([&] { subUnloadAlarmIcons(m_cells); });
-    tail([&] { subStylePastDates(); });
-    g_iCurrentPanel = 0;
+    tail([&] { FinishRedraw(); });
+}
+
+void Redraw::subDisplayNextWeek()
+{
+    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayNextWeek"));
+    tail([&] { MoveWeek(1); });
+}
+
+void Redraw::subDisplayPrevWeek()
+{
+    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayPrevWeek"));
+    tail([&] { MoveWeek(-1); });
+}
+
+void Redraw::MoveWeek(int step)
+{
+    const QString edge = m_cells.panelDay(step > 0 ? LastWeekCell : FirstWeekCell).Caption();
+    const int lastInDirection = step > 0 ? fnDaysInMonth() : 1;
+    if (IsMemoCaption(edge) || IntegerOf(edge) == lastInDirection) {
+        MoveAcrossMonth(step);
+        subDisplayWeek();
+    } else {
+        DisplayWeekBeside(edge, step);
+        FinishRedraw();
+    }
+}
+
+void Redraw::MoveAcrossMonth(int step)
+{
+    StepMonth(step);
+    if (step > 0) g_iDay = 1;
+    if (step < 0) g_iDay = fnDaysInMonth();
+}
+
+// edge is the caption of the shown row's last cell in the direction of the step.
+void Redraw::DisplayWeekBeside(const QString& edge, int step)
+{
+    const auto found = std::find(g_aiCalendar.begin(), g_aiCalendar.end(), IntegerOf(edge));
+    const int slot = static_cast<int>(found - g_aiCalendar.begin()) + 1;
+    DisplayWeekCells(step > 0 ? slot + 1 : slot - DaysInWeek, fnDaysInMonth(), false);
+}
+
+bool Redraw::ShowsOtherWeek() const
+{
+    const int slot = FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay);
+    const int value = WeekMap(Weekday(g_iYear, g_iMonth, 1), fnDaysInMonth()).at(static_cast<std::size_t>(slot - 1));
+    const bool isMemo = value > fnDaysInMonth();
+    const DaySlot first = {isMemo, isMemo ? value - fnDaysInMonth() : value};
+    return m_cells.panelDay(FirstWeekCell).Caption() != first.Caption();
 }
 
 void Redraw::subStylePastDates()

@@ -3,14 +3,19 @@
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/paper.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
+constexpr int HalfAMinute = 30000; // milliseconds
+
 struct ToolbarRow
 {
     const char* key; // empty: a separator
@@ -108,22 +113,114 @@ BottomPanel MakeBottomPanel(QWidget* client)
     return bottom;
 }
 
-// The workgroup's pictures have no bar to stand on yet; their visibility is the state of the day lock all the same.
-NetworkControls MakeNetworkControls(QWidget* client)
+struct PictureRow
+{
+    const char* name;
+    const char* tips[2];
+    const char* icons[2];
+    const char* caption;
+};
+
+// A view that is shown looks pressed, with a picture of its own colour.
+constexpr PictureRow PictureRows[] = {
+    {"picDay", {"Day View", "Day View"}, {"day", "day"}, "Day"},
+    {"picWeek", {"Week View", "Week View"}, {"week", "week-pressed"}, "Week"},
+    {"picMonth", {"Month View", "Month View"}, {"month", "month-pressed"}, "Month"},
+    {"picPrint", {"Print", "Print"}, {"print", "print"}, "Print"},
+    {"picRecurse", {"Recurring Events", "Recurring Events"}, {"recurring", "recurring"}, "Recurring"},
+    {"picAlarm", {"Alarm Settings", "Alarm Settings"}, {"alarm", "alarm"}, "Alarm"},
+    {"picRefresh", {"Network Refresh", "Network Refresh"}, {"refresh", "refresh"}, ""},
+    {"picLock", {"Network Lock", "Network Unlock"}, {"lock", "unlock"}, ""},
+};
+
+PictureButton* MakePicture(const char* name, QWidget* page)
+{
+    for (const PictureRow& row : PictureRows) {
+        if (QLatin1StringView(row.name) != QLatin1StringView(name)) continue;
+        PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
+        button->SetCaption(QString::fromLatin1(row.caption));
+        for (int element = 0; element < 2; ++element)
+            button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
+        return button;
+    }
+    return nullptr;
+}
+
+Sidebar MakeSidebar(QWidget* client)
+{
+    Sidebar sidebar;
+    sidebar.tabSidebar = new TabStrip(client);
+    sidebar.tabSidebar->setObjectName(QStringLiteral("tabSidebar"));
+    sidebar.tabSidebar->hide();
+    sidebar.tabSidebar->AddTab(QStringLiteral("Sidebar"),
+                               QStringLiteral("Additional functions to manipulate calendar"));
+    sidebar.tabSidebar->AddTab(QStringLiteral("Pictures"),
+                               QStringLiteral("Spice up your calendar with these pictures."));
+    constexpr int DesignWidth = 112;
+    sidebar.tabSidebar->resize(qMax(DesignWidth, sidebar.tabSidebar->sizeHint().width() + 1), 0);
+    for (int page = 0; page < 2; ++page) {
+        auto* frame = new QWidget(sidebar.tabSidebar);
+        frame->setObjectName(QStringLiteral("fraSidebar(%1)").arg(page));
+        sidebar.fraSidebar[static_cast<std::size_t>(page)] = frame;
+    }
+    return sidebar;
+}
+
+void FillPicturePage(Sidebar& sidebar)
+{
+    QWidget* page = sidebar.fraSidebar[1];
+    auto* label = new QLabel(QStringLiteral("You can add new Icons into the picture bar."), page);
+    label->setWordWrap(true);
+    sidebar.lblPictures = label;
+    sidebar.tbPictureBox = new RichTextBox(page);
+    sidebar.tbPictureBox->setObjectName(QStringLiteral("tbPictureBox"));
+    sidebar.tbPictureBox->setAccessibleName(QStringLiteral("Pictures"));
+    sidebar.tbPictureBox->SetLocked(true);
+    sidebar.btnReloadIcons = new QPushButton(QStringLiteral("Reload"), page);
+    sidebar.btnReloadIcons->setObjectName(QStringLiteral("btnReloadIcons"));
+    sidebar.btnReloadIcons->setToolTip(QStringLiteral("Reload the Picture list"));
+    sidebar.btnReloadIcons->setEnabled(false); // with its command
+}
+
+NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
 {
     constexpr int OneSecond = 1000;
-    auto* frame = new QWidget(client);
-    frame->hide();
-    NetworkControls network = {MakePictureButton("picRefresh", "refresh", "refresh", frame),
-                               MakePictureButton("picLock", "lock", "unlock", frame),
-                               new QLabel(QStringLiteral("Network"), frame), new Timer(OneSecond, client),
+    NetworkControls network = {MakePicture("picRefresh", page), MakePicture("picLock", page),
+                               new QLabel(QStringLiteral("Network"), page), new Timer(OneSecond, client),
                                new Timer(OneSecond, client)};
     network.lblNetwork->setObjectName(QStringLiteral("lblNetwork"));
+    network.lblNetwork->setAlignment(Qt::AlignCenter);
     for (PictureButton* button : {network.picRefresh, network.picLock}) {
+        button->setEnabled(false); // with its command
         button->SetVisible(0, false);
         button->SetVisible(1, false);
     }
     return network;
+}
+
+void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
+{
+    QWidget* page = sidebar.fraSidebar[0];
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(8, 4, 8, 4);
+    column->setSpacing(2);
+    PictureButton** const buttons[] = {&sidebar.picDay,   &sidebar.picWeek,    &sidebar.picMonth,
+                                       &sidebar.picPrint, &sidebar.picRecurse, &sidebar.picAlarm};
+    for (std::size_t i = 0; i < std::size(buttons); ++i) {
+        *buttons[i] = MakePicture(PictureRows[i].name, page);
+        (*buttons[i])->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+        column->addWidget(*buttons[i]);
+    }
+    // With their commands.
+    for (PictureButton* button : {sidebar.picDay, sidebar.picPrint, sidebar.picRecurse, sidebar.picAlarm})
+        button->setEnabled(false);
+    column->addSpacing(8);
+    column->addWidget(network.lblNetwork);
+    auto* pair = new QHBoxLayout;
+    pair->addWidget(network.picRefresh);
+    pair->addWidget(network.picLock);
+    column->addLayout(pair);
+    column->addStretch(1);
 }
 
 QWidget* MakeClient(QMainWindow& window)
@@ -141,6 +238,10 @@ QWidget* MakeClient(QMainWindow& window)
 
 Controls::Controls(QMainWindow& window)
     : client(MakeClient(window)), menus(*window.menuBar()), cells(*new Cells(client)), bar(MakeFormatBar(client)),
-      bottom(MakeBottomPanel(client)), network(MakeNetworkControls(client)), FontDialog(&window)
+      sidebar(MakeSidebar(client)), bottom(MakeBottomPanel(client)),
+      network(MakeNetworkControls(client, sidebar.fraSidebar[0])), tmMidnightRefresh(*new Timer(HalfAMinute, client)),
+      FontDialog(&window)
 {
+    FillCommandPage(sidebar, network);
+    FillPicturePage(sidebar);
 }

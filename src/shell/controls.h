@@ -3,12 +3,14 @@
 
 #include "calendar/bottompanel.h"
 #include "calendar/cells.h"
+#include "calendar/sidebar.h"
 #include "editing/formatbar.h"
 #include "platform/desktop/commondialog.h"
 #include "shell/menus.h"
 #include "workgroup/networkcontrols.h"
 
 class QMainWindow;
+class Timer;
 
 // Everything is owned by the window, by way of its client area and menu bar.
 struct Controls
@@ -19,7 +21,9 @@ struct Controls
     Menus menus;
     Cells& cells;
     FormatBar bar;
+    Sidebar sidebar;
     BottomPanel bottom;
     NetworkControls network;
+    Timer& tmMidnightRefresh;
     CommonDialog FontDialog;
 };

@@ -2,6 +2,8 @@
 
 #include "calendar/calendarstate.h"
 #include "calendar/modshow.h"
+#include "platform/controls/tabstrip.h"
+#include "platform/controls/timer.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
@@ -38,23 +40,23 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
     tail([&] { Form_Resize(); });
     rooms.controls.bottom.panelBottom->SetCaption(MonthTitle());
-    // No button invites the first key; a cell is entered by a click or by Tab.
+    // No cell takes the first key; it is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();
     tail([&] { rooms.opening.subAutoload(); });
     tail([&] { rooms.navigation.subSetViewMenus(); });
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
+    if (rooms.m_pSidebar.IsVisible()) rooms.controls.sidebar.tabSidebar->setFocus();
     DoEvents();
     progress(QStringLiteral("Loading Icons..."));
+    rooms.controls.tmMidnightRefresh.SetEnabled(true);
     SetMousePointer(mousepointer::Default);
 }
 
 void Mainform::Form_Resize()
 {
-    Rooms& rooms = *m_rooms;
-    if (isMinimized() || !rooms.m_pLayout.ClientRectChanged()) return;
-    rooms.m_pLayout.RefreshLayout(rooms.m_pToolbar, rooms.m_pStatusbar, rooms.m_pCalendarView);
+    if (!isMinimized()) m_rooms->bars.Form_Resize();
 }
 
 bool Mainform::eventFilter(QObject* watched, QEvent* event)

@@ -7,6 +7,10 @@ namespace messages {
 inline const QString HelpWizard = QStringLiteral("Orrelin Help Wizard");
 inline const QString WindowTitle = QStringLiteral("Orrelin for Windows 95/98/NT - ");
 inline const QString PlannerFilter = QStringLiteral("Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*");
+// %1 is what parts the two ways.
+inline const QString NoPlanner =
+    QStringLiteral("No Planner Exists!\n\nUse 'File' | 'New' to create a new planner or%1Use 'File | Open' to open an "
+                   "existing planner");
 inline const QString AskUpgrade = QStringLiteral(
     "You have an older version of the database, Orrelin will upgrade the older database to current version. Make sure "
     "you back up your existing database first! Do you want to proceed?");

@@ -2,6 +2,8 @@
 
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/controls/tabstrip.h"
+#include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
 #include "shell/rooms.h"
@@ -21,6 +23,24 @@ void Planners(Rooms& rooms)
 }
 
 template <auto Handler>
+void Arrange(Rooms& rooms)
+{
+    (rooms.bars.*Handler)();
+}
+
+template <auto Handler>
+void Search(Rooms& rooms)
+{
+    (rooms.dateSearch.*Handler)();
+}
+
+template <auto Handler>
+void Shell(Rooms& rooms)
+{
+    (rooms.shellHandlers.*Handler)();
+}
+
+template <auto Handler>
 void Go(Rooms& rooms)
 {
     (rooms.navigation.*Handler)();
@@ -36,8 +56,21 @@ constexpr MenuRow MenuRows[] = {
     {"mnuNew", " in MainForm, mnuNew_Click", Planners<&PlannerHandlers::mnuNew_Click>},
     {"mnuOpen", " in MainForm, mnuOpen_Click", Planners<&PlannerHandlers::mnuOpen_Click>},
     {"mnuSave", " in MainForm, mnuSave_Click", Planners<&PlannerHandlers::mnuSave_Click>},
+    {"mnuMonthView", " in MainForm, mnuMonthView_Click", Go<&Navigation::subSwitchToMonthView>},
+    {"mnuWeekView", " in MainForm, mnuWeekView_Click", Go<&Navigation::subSwitchToWeekView>},
+    {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click", Arrange<&Bars::mnuViewTBVisible_Click>},
+    {"mnuViewTBAlignTop", " in MainForm, mnuViewTBAlignTop_Click", Arrange<&Bars::mnuViewTBAlignTop_Click>},
+    {"mnuViewTBAlignBottom", " in MainForm, mnuViewTBAlignBottom_Click", Arrange<&Bars::mnuViewTBAlignBottom_Click>},
+    {"mnuViewSBVisible", " in MainForm, mnuViewSBVisible_Click", Arrange<&Bars::mnuViewSBVisible_Click>},
+    {"mnuPrevWeek", " in MainForm, mnuPrevWeek_Click", Go<&Navigation::subActionPrevious>},
+    {"mnuCurrentWeek", " in MainForm, mnuCurrentWeek_Click", Go<&Navigation::mnuCurrentWeek_Click>},
+    {"mnuNextWeek", " in MainForm, mnuNextWeek_Click", Go<&Navigation::subActionNext>},
     {"mnuPrevMonth", " in MainForm, mnuPrevMonth_Click", Go<&Navigation::subActionPrevious>},
+    {"mnuThisMonth", " in MainForm, mnuThisMonth_Click", Go<&Navigation::mnuThisMonth_Click>},
     {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Go<&Navigation::subActionNext>},
+    {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Search<&DateSearch::mnuDateSearch_Click>},
+    {"mnuAutoload", " in MainForm, mnuAutoload_Click", Shell<&ShellHandlers::mnuAutoload_Click>},
+    {"mnuAbout", " in MainForm, mnuAbout_Click", Shell<&ShellHandlers::mnuAbout_Click>},
     {"mnuCut", " in MainForm, mnuCut_Click", Format<&Formatting::mnuCut_Click>},
     {"mnuCopy", " in MainForm, mnuCopy_Click", Format<&Formatting::mnuCopy_Click>},
     {"mnuPaste", " in MainForm, mnuPaste_Click", Format<&Formatting::mnuPaste_Click>},
@@ -98,7 +131,10 @@ void WireButtons(Rooms& rooms)
                 rooms.controls.menus(QLatin1StringView(row.entry)).Action()->trigger();
         }
     });
-    bar.Buttons(QStringLiteral("datediff")).setEnabled(false);
+    bar.Buttons(QStringLiteral("datediff")).setEnabled(false); // with its command
+    QObject::connect(&bar, &Toolbar::Dropped, &bar, [&rooms](const QPoint& at) {
+        guard(QLatin1StringView(" in MainForm, Form_DragDrop"), [&] { rooms.bars.Form_DragDrop(at); });
+    });
 }
 
 void WireCombos(Rooms& rooms)
@@ -119,23 +155,49 @@ void WireCombos(Rooms& rooms)
 
 void WireSpins(Rooms& rooms)
 {
-    const auto wire = [](PictureButton* spin, const QString& tip, QLatin1StringView literal, auto action) {
-        spin->SetToolTip(0, tip);
+    const auto wire = [&](PictureButton* spin, QLatin1StringView literal, auto action) {
         QObject::connect(spin, &PictureButton::MouseDown, spin, [spin](int) {
             spin->SetVisible(0, false);
             spin->SetVisible(1, true);
         });
-        QObject::connect(spin, &PictureButton::MouseUp, spin, [spin, literal, action](int) {
-            guard(literal, action);
+        QObject::connect(spin, &PictureButton::MouseMove, spin, [&rooms] { rooms.navigation.SpinTips(); });
+        QObject::connect(spin, &PictureButton::MouseUp, spin, [&rooms, spin, literal, action](int) {
+            guard(literal, [&] { (rooms.navigation.*action)(); });
             spin->SetVisible(0, true);
             spin->SetVisible(1, false);
         });
     };
     const BottomPanel& bottom = rooms.controls.bottom;
-    wire(bottom.imgLeftSpin, QStringLiteral("Previous Month"), QLatin1StringView(" in MainForm, imgLeftSpin_MouseUp"),
-         [&rooms] { rooms.navigation.subActionPrevious(); });
-    wire(bottom.imgRightSpin, QStringLiteral("Next Month"), QLatin1StringView(" in MainForm, imgRightSpin_MouseUp"),
-         [&rooms] { rooms.navigation.subActionNext(); });
+    wire(bottom.imgLeftSpin, QLatin1StringView(" in MainForm, imgLeftSpin_MouseUp"), &Navigation::subActionPrevious);
+    wire(bottom.imgRightSpin, QLatin1StringView(" in MainForm, imgRightSpin_MouseUp"), &Navigation::subActionNext);
+    rooms.navigation.SpinTips(); // before the mouse comes: the tips are the names by which the buttons are read out
+    QObject::connect(bottom.panelBottom, &SSPanel::DblClick, bottom.panelBottom, [&rooms] {
+        guard(QLatin1StringView(" in MainForm, PanelBottom_DblClick"),
+              [&] { rooms.dateSearch.PanelBottom_DblClick(); });
+    });
+}
+
+void WireSidebar(Rooms& rooms)
+{
+    const Sidebar& sidebar = rooms.controls.sidebar;
+    QObject::connect(sidebar.tabSidebar, &TabStrip::Click, sidebar.tabSidebar, [&rooms] {
+        guard(QLatin1StringView(" in MainForm, tabSidebar_Click"), [&] { rooms.m_pSidebar.TogglePages(); });
+    });
+    QObject::connect(sidebar.picWeek, &PictureButton::Click, sidebar.picWeek, [&rooms](int Index) {
+        guard(QLatin1StringView(" in MainForm, picWeek_Click"), [&] { rooms.navigation.picWeek_Click(Index); });
+    });
+    QObject::connect(sidebar.picMonth, &PictureButton::Click, sidebar.picMonth, [&rooms] {
+        guard(QLatin1StringView(" in MainForm, picMonth_Click"), [&] { rooms.navigation.subSwitchToMonthView(); });
+    });
+}
+
+void WireTimers(Rooms& rooms)
+{
+    Timer& midnight = rooms.controls.tmMidnightRefresh;
+    QObject::connect(&midnight, &Timer::Tick, &midnight, [&rooms] {
+        guard(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"),
+              [&] { rooms.navigation.tmMidnightRefresh_Timer(); });
+    });
 }
 } // namespace
 
@@ -145,4 +207,6 @@ void WireHandlers(Rooms& rooms)
     WireButtons(rooms);
     WireCombos(rooms);
     WireSpins(rooms);
+    WireSidebar(rooms);
+    WireTimers(rooms);
 }

@@ -96,6 +96,11 @@ QSize PictureButton::sizeHint() const
     return QSize(std::max(g_pictureSize, text.width()), g_pictureSize + text.height()) + g_captionPadding;
 }
 
+QSize PictureButton::minimumSizeHint() const
+{
+    return {g_pictureSize + 4, g_pictureSize + 4};
+}
+
 void PictureButton::Press()
 {
     Down(0, Qt::Key_Space);
@@ -202,9 +207,11 @@ void PictureButton::paintEvent(QPaintEvent*)
     PaintGround(painter);
     if (!isEnabled()) painter.setOpacity(0.4);
     const int element = ShownElement();
-    const int textHeight = m_caption.isEmpty() ? 0 : fontMetrics().height() + 4;
+    int textHeight = m_caption.isEmpty() ? 0 : fontMetrics().height() + 4;
+    if (height() < g_pictureSize + textHeight + 4) textHeight = 0;
     const int top = (height() - g_pictureSize - textHeight) / 2;
     painter.drawPixmap((width() - g_pictureSize) / 2, top, Picture(element));
+    if (textHeight == 0) return;
     painter.setPen(element == 1 ? paper::Accent : paper::SoftInk);
     painter.drawText(QRect(0, top + g_pictureSize + 4, width(), textHeight), Qt::AlignHCenter | Qt::AlignTop,
                      m_caption);

@@ -24,6 +24,7 @@ public:
     void Press();                            // as a key does it: presses, releases and clicks
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override; // the picture alone; a caption shows only where it fits
 
 Q_SIGNALS:
     // element is the one that was visible when the mouse went down, 0 when a key did it. Space and Return press and

@@ -142,8 +142,9 @@ private:
     int m_caret = 0;                           // caret and anchor as SelChange last told them
     int m_anchor = 0;
     int m_rightMargin = 0;
-    bool m_entered = false;  // GotFocus was raised, and the focus has not gone elsewhere in the program since
-    bool m_setting = false;  // new content is coming in
-    bool m_pressed = false;  // the left button went down here
-    bool m_admitted = false; // the change under way comes from a key or was let through already
+    bool m_entered = false;       // GotFocus was raised, and the focus has not gone elsewhere in the program since
+    bool m_setting = false;       // new content is coming in
+    bool m_pressedBeside = false; // the mouse went down beside the text
+    bool m_pressed = false;       // the left button went down here
+    bool m_admitted = false;      // the change under way comes from a key or was let through already
 };

@@ -69,19 +69,23 @@ void RichTextBox::changeEvent(QEvent* event)
     QTextEdit::changeEvent(event);
 }
 
-// The mouse reaches the box itself only where its scroll bar shows nothing, and that strip is paper like the rest.
+// Where the scroll bar shows nothing its strip is paper like the rest, and a press there belongs to the text. What the
+// text itself has refused comes this way too and ends here.
 bool RichTextBox::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
+        m_pressedBeside = !viewport()->geometry().contains(static_cast<QMouseEvent*>(event)->position().toPoint());
+        break;
+    case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
-        PassToViewport(*static_cast<QMouseEvent*>(event));
-        return true;
+        break;
     default:
         return QTextEdit::event(event);
     }
+    if (m_pressedBeside) PassToViewport(*static_cast<QMouseEvent*>(event));
+    return m_pressedBeside;
 }
 
 void RichTextBox::PassToViewport(const QMouseEvent& event)

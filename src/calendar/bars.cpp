@@ -1,0 +1,70 @@
+#include "calendar/bars.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/ccalendarview.h"
+#include "calendar/cscreenlayout.h"
+#include "calendar/csidebarview.h"
+#include "calendar/cstatusbarview.h"
+#include "calendar/ctoolbarview.h"
+#include "calendar/redraw.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+
+#include <QPoint>
+
+#include <algorithm>
+
+namespace {
+bool HoldsLock()
+{
+    return g_bDBShared && std::find(g_aiLockState.begin(), g_aiLockState.end(), 1) != g_aiLockState.end();
+}
+} // namespace
+
+void Bars::RefreshLayout()
+{
+    // The week is drawn anew as that of the selected day. Where the moves had left that week, the notes go with it.
+    const bool rowChanges =
+        !g_sDBPath.isEmpty() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
+    const std::int16_t current = g_iCurrentPanel;
+    if (rowChanges) m_notes.subUpdateQMTDatabase();
+    m_layout.RefreshLayout(m_toolbar, m_sidebar, m_statusbar, m_calendar);
+    if (rowChanges) m_notes.subSeekQMTDatabase();
+    // A day that this user has locked stays the current one.
+    if (HoldsLock()) g_iCurrentPanel = current;
+}
+
+void Bars::Form_Resize()
+{
+    if (m_layout.ClientRectChanged()) RefreshLayout();
+}
+
+void Bars::Form_DragDrop(const QPoint& dropped)
+{
+    m_toolbar.DragDropReposition(m_layout, dropped.x(), dropped.y());
+    RefreshLayout();
+}
+
+void Bars::mnuViewTBVisible_Click()
+{
+    m_toolbar.SetVisible();
+    RefreshLayout();
+}
+
+void Bars::mnuViewTBAlignTop_Click()
+{
+    m_toolbar.SetAlignment(CToolbarView::AlignTop);
+    RefreshLayout();
+}
+
+void Bars::mnuViewTBAlignBottom_Click()
+{
+    m_toolbar.SetAlignment(CToolbarView::AlignBottom);
+    RefreshLayout();
+}
+
+void Bars::mnuViewSBVisible_Click()
+{
+    m_sidebar.SetVisible();
+    RefreshLayout();
+}

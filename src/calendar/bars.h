@@ -1,0 +1,41 @@
+// The main window's bars as a person arranges them: shown or hidden, dragged to another side. Each change lays the
+// window out anew.
+#pragma once
+
+class CCalendarView;
+class CScreenLayout;
+class CSidebarView;
+class CStatusbarView;
+class CToolbarView;
+class QMTDB;
+class QPoint;
+class Redraw;
+
+class Bars
+{
+public:
+    Bars(CScreenLayout& layout, CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
+         CCalendarView& calendar, Redraw& redraw, QMTDB& notes)
+        : m_layout(layout), m_toolbar(toolbar), m_sidebar(sidebar), m_statusbar(statusbar), m_calendar(calendar),
+          m_redraw(redraw), m_notes(notes)
+    {
+    }
+
+    void RefreshLayout();
+    void Form_Resize(); // lays out again if the client area has changed
+    void Form_DragDrop(const QPoint& dropped);
+
+    void mnuViewTBVisible_Click();
+    void mnuViewTBAlignTop_Click();
+    void mnuViewTBAlignBottom_Click();
+    void mnuViewSBVisible_Click();
+
+private:
+    CScreenLayout& m_layout;
+    CToolbarView& m_toolbar;
+    CSidebarView& m_sidebar;
+    CStatusbarView& m_statusbar;
+    CCalendarView& m_calendar;
+    Redraw& m_redraw;
+    QMTDB& m_notes;
+};

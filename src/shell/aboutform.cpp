@@ -1,0 +1,44 @@
+#include "shell/aboutform.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+
+namespace {
+QLabel* MakeName()
+{
+    auto* name = new QLabel(QStringLiteral("Orrelin"));
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    font.setBold(true);
+    name->setFont(font);
+    return name;
+}
+} // namespace
+
+AboutForm::AboutForm(QWidget* owner) : QDialog(owner)
+{
+    constexpr int PictureSize = 64;
+    setObjectName(QStringLiteral("AboutForm"));
+    setWindowTitle(QStringLiteral("About Orrelin"));
+    auto* picture = new QLabel;
+    picture->setPixmap(
+        QIcon(QStringLiteral(":/icons/orrelin.svg")).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF()));
+    auto* version = new QLabel(QStringLiteral("Version ") + QStringLiteral(ORRELIN_VERSION));
+    version->setObjectName(QStringLiteral("lblVersion"));
+    version->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* purpose = new QLabel(QStringLiteral("A planner of days: write straight into the calendar."));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(24, 24, 24, 16);
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(8);
+    grid->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
+    grid->addWidget(MakeName(), 0, 1);
+    grid->addWidget(version, 1, 1);
+    grid->addWidget(purpose, 2, 1);
+    grid->addWidget(buttons, 3, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+}

@@ -1,0 +1,116 @@
+#include "shell/autoloadform.h"
+
+#include "calendar/viewmode.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/language.h"
+#include "shell/settings.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace {
+template <typename Control>
+Control* Add(QLayout& layout, const char* name, const QString& caption)
+{
+    auto* control = new Control(caption);
+    control->setObjectName(QString::fromLatin1(name));
+    layout.addWidget(control);
+    return control;
+}
+
+// A length stands with the blank of its sign, as older versions wrote it.
+void WriteLength(const IntSetting& setting, const QString& of)
+{
+    WritePrivateProfileStringA(setting.section.toString(), setting.key.toString(),
+                               of.isEmpty() ? QString() : Str(of.size()), settings::PlannerIni.toString());
+}
+} // namespace
+
+AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
+{
+    setObjectName(QStringLiteral("AutoloadForm"));
+    setWindowTitle(QStringLiteral("Customize Startup"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(MakeFileFrame());
+    column->addWidget(MakeOptionsFrame());
+    column->addWidget(MakeViewFrame());
+    auto* buttons = new QDialogButtonBox;
+    buttons->addButton(QStringLiteral("&Ok"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("btnOk"));
+    buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole)
+        ->setObjectName(QStringLiteral("btnCancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    column->addWidget(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ShowSettings();
+    m_chkAutoload->setFocus();
+}
+
+QGroupBox* AutoloadForm::MakeFileFrame()
+{
+    constexpr int PathWidth = 360;
+    auto* frame = new QGroupBox(QStringLiteral("Autoload File"));
+    auto* column = new QVBoxLayout(frame);
+    auto* lblAutoload = Add<QLabel>(*column, "lblAutoload", QString());
+    lblAutoload->setTextFormat(Qt::PlainText);
+    lblAutoload->setFixedWidth(PathWidth);
+    // Both ends of a path tell something: the disk and the name.
+    lblAutoload->setText(lblAutoload->fontMetrics().elidedText(g_sDBPath, Qt::ElideMiddle, PathWidth));
+    lblAutoload->setToolTip(g_sDBPath);
+    m_chkAutoload = Add<QCheckBox>(*column, "chkAutoload", QStringLiteral("Check to autoload current planner"));
+    return frame;
+}
+
+QGroupBox* AutoloadForm::MakeOptionsFrame()
+{
+    auto* frame = new QGroupBox(QStringLiteral("StartUp Options"));
+    auto* column = new QVBoxLayout(frame);
+    m_opShared = {Add<QRadioButton>(*column, "opShared(0)", QStringLiteral("Personal Planner")),
+                  Add<QRadioButton>(*column, "opShared(1)", QStringLiteral("Shared Workgroup Planner (Network)"))};
+    m_chkMinimized = Add<QCheckBox>(*column, "chkMinimized", QStringLiteral("Startup Minimized"));
+    return frame;
+}
+
+QGroupBox* AutoloadForm::MakeViewFrame()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Startup View"));
+    auto* column = new QVBoxLayout(frame);
+    m_opStartupView = {Add<QRadioButton>(*column, "opStartupView(0)", QStringLiteral("Week")),
+                       Add<QRadioButton>(*column, "opStartupView(1)", QStringLiteral("Month"))};
+    return frame;
+}
+
+void AutoloadForm::ShowSettings()
+{
+    m_chkAutoload->setChecked(Read(settings::LoadCondition) == 1);
+    m_opShared[Read(settings::LoadWorkgroup) == 0 ? 0 : 1]->setChecked(true);
+    const int view = Read(settings::ViewPrefInDialog);
+    if (view == ViewMode::Week) m_opStartupView[0]->setChecked(true);
+    if (view == ViewMode::Month) m_opStartupView[1]->setChecked(true);
+    m_chkMinimized->setChecked(Read(settings::Minimized) == 1);
+}
+
+void AutoloadForm::accept()
+{
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    const bool autoload = m_chkAutoload->isChecked();
+    const QString path = autoload ? g_sDBPath : QString();
+    const QString title = autoload ? g_sDBTitle : QString();
+    Write(settings::LoadCondition, autoload ? 1 : 0);
+    WriteLength(settings::LoadPathSize, path);
+    WriteLength(settings::LoadTitleSize, title);
+    Write(settings::LoadFilePath, path);
+    Write(settings::LoadFileTitle, title);
+    Write(settings::ViewPref, m_opStartupView[0]->isChecked() ? ViewMode::Week : ViewMode::Month);
+    Write(settings::Minimized, m_chkMinimized->isChecked() ? 1 : 0);
+    Write(settings::LoadWorkgroup, m_opShared[0]->isChecked() ? 0 : 1);
+    QDialog::accept();
+}

@@ -1,0 +1,30 @@
+// Start-up options: whether the open planner is opened at every start, how, and in which view.
+#pragma once
+
+#include <QDialog>
+
+#include <array>
+
+class QCheckBox;
+class QGroupBox;
+class QRadioButton;
+
+class AutoloadForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit AutoloadForm(QWidget* owner = nullptr); // shows the settings
+    void accept() override;                          // writes them
+
+private:
+    QGroupBox* MakeFileFrame();
+    QGroupBox* MakeOptionsFrame();
+    QGroupBox* MakeViewFrame();
+    void ShowSettings();
+
+    QCheckBox* m_chkAutoload;
+    std::array<QRadioButton*, 2> m_opShared;
+    std::array<QRadioButton*, 2> m_opStartupView;
+    QCheckBox* m_chkMinimized;
+};

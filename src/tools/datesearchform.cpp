@@ -1,0 +1,111 @@
+#include "tools/datesearchform.h"
+
+#include "calendar/calendarstate.h"
+#include "platform/runtime/errortail.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <array>
+
+namespace {
+constexpr int FirstYear = 1990, LastYear = 2009;
+
+constexpr std::array<QStringView, 12> MonthNames[] = {
+    {u"January", u"February", u"March", u"April", u"May", u"June", u"July", u"August", u"September", u"October",
+     u"November", u"December"},
+    {u"Januar", u"Februar", u"Maerz", u"April", u"Mai", u"Juni", u"Juli", u"August", u"September", u"Oktober",
+     u"November", u"Dezember"},
+    {u"Janvier", u"Fevrier", u"Mars", u"Avril", u"Mai", u"Juin", u"Juillet", u"Aout", u"Septembre", u"Octobre",
+     u"Novembre", u"Decembre"},
+};
+
+QRadioButton* AddOption(QButtonGroup& group, const char* name, int index, const QString& caption)
+{
+    auto* option = new QRadioButton(caption);
+    option->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1StringView(name)).arg(index));
+    group.addButton(option, index);
+    return option;
+}
+
+std::optional<std::int16_t> Chosen(const QButtonGroup& group)
+{
+    const int id = group.checkedId();
+    return id < 0 ? std::nullopt : std::optional(static_cast<std::int16_t>(id));
+}
+
+void Choose(const QButtonGroup& group, int index)
+{
+    QAbstractButton* option = group.button(index);
+    if (!option) throw RunTimeError{errors::NoSuchElement, QStringLiteral("There is no button for %1").arg(index)};
+    option->setChecked(true);
+}
+} // namespace
+
+DateSearchForm::DateSearchForm(QWidget* owner)
+    : QDialog(owner), m_opMonth(new QButtonGroup(this)), m_opYear(new QButtonGroup(this))
+{
+    setObjectName(QStringLiteral("DateSearchForm"));
+    setWindowTitle(QStringLiteral("Fast Search"));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(16, 16, 16, 16);
+    grid->setSpacing(16);
+    grid->addWidget(MakeMonths(), 0, 0);
+    grid->addWidget(MakeYears(), 0, 1);
+    grid->addWidget(buttons, 1, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    ChooseShown();
+    if (QAbstractButton* month = m_opMonth->checkedButton()) month->setFocus();
+}
+
+QGroupBox* DateSearchForm::MakeMonths()
+{
+    constexpr int Rows = 6;
+    auto* frame = new QGroupBox(QStringLiteral("Month"));
+    auto* grid = new QGridLayout(frame);
+    const auto& names = MonthNames[g_iLanguage >= 0 && g_iLanguage <= 2 ? g_iLanguage : 0];
+    for (int month = 1; month <= 12; ++month) {
+        QRadioButton* option =
+            AddOption(*m_opMonth, "opMonth", month, names[static_cast<std::size_t>(month - 1)].toString());
+        grid->addWidget(option, (month - 1) % Rows, (month - 1) / Rows);
+    }
+    return frame;
+}
+
+QGroupBox* DateSearchForm::MakeYears()
+{
+    constexpr int Rows = 5;
+    auto* frame = new QGroupBox(QStringLiteral("Year"));
+    auto* grid = new QGridLayout(frame);
+    for (int year = FirstYear; year <= LastYear; ++year) {
+        QRadioButton* option = AddOption(*m_opYear, "opYear", year, QString::number(year));
+        grid->addWidget(option, (year - FirstYear) % Rows, (year - FirstYear) / Rows);
+    }
+    return frame;
+}
+
+void DateSearchForm::ChooseShown()
+{
+    const ErrorTail tail(QLatin1StringView(" in DateSearchForm, Form_Load"));
+    tail([&] { Choose(*m_opMonth, g_iMonth); });
+    tail([&] { Choose(*m_opYear, g_iYear); });
+}
+
+std::optional<std::int16_t> DateSearchForm::Month() const
+{
+    return Chosen(*m_opMonth);
+}
+
+std::optional<std::int16_t> DateSearchForm::Year() const
+{
+    return Chosen(*m_opYear);
+}
