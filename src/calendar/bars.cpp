@@ -23,12 +23,17 @@ bool HoldsLock()
 
 void Bars::RefreshLayout()
 {
+    m_layout.RefreshLayout(m_toolbar, m_sidebar, m_statusbar, m_calendar);
+}
+
+void Bars::LayOutAgain()
+{
     // The week is drawn anew as that of the selected day. Where the moves had left that week, the notes go with it.
     const bool rowChanges =
         !g_sDBPath.isEmpty() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
     const std::int16_t current = g_iCurrentPanel;
     if (rowChanges) m_notes.subUpdateQMTDatabase();
-    m_layout.RefreshLayout(m_toolbar, m_sidebar, m_statusbar, m_calendar);
+    RefreshLayout();
     if (rowChanges) m_notes.subSeekQMTDatabase();
     // A day that this user has locked stays the current one.
     if (HoldsLock()) g_iCurrentPanel = current;
@@ -36,35 +41,35 @@ void Bars::RefreshLayout()
 
 void Bars::Form_Resize()
 {
-    if (m_layout.ClientRectChanged()) RefreshLayout();
+    if (m_layout.ClientRectChanged()) LayOutAgain();
 }
 
 void Bars::Form_DragDrop(const QPoint& dropped)
 {
     m_toolbar.DragDropReposition(m_layout, dropped.x(), dropped.y());
-    RefreshLayout();
+    LayOutAgain();
 }
 
 void Bars::mnuViewTBVisible_Click()
 {
     m_toolbar.SetVisible();
-    RefreshLayout();
+    LayOutAgain();
 }
 
 void Bars::mnuViewTBAlignTop_Click()
 {
     m_toolbar.SetAlignment(CToolbarView::AlignTop);
-    RefreshLayout();
+    LayOutAgain();
 }
 
 void Bars::mnuViewTBAlignBottom_Click()
 {
     m_toolbar.SetAlignment(CToolbarView::AlignBottom);
-    RefreshLayout();
+    LayOutAgain();
 }
 
 void Bars::mnuViewSBVisible_Click()
 {
     m_sidebar.SetVisible();
-    RefreshLayout();
+    LayOutAgain();
 }

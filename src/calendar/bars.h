@@ -21,7 +21,7 @@ public:
     {
     }
 
-    void RefreshLayout();
+    void RefreshLayout(); // as a switch of the view needs it, which saves and reads itself
     void Form_Resize(); // lays out again if the client area has changed
     void Form_DragDrop(const QPoint& dropped);
 
@@ -31,6 +31,8 @@ public:
     void mnuViewSBVisible_Click();
 
 private:
+    void LayOutAgain(); // with the same view
+
     CScreenLayout& m_layout;
     CToolbarView& m_toolbar;
     CSidebarView& m_sidebar;

@@ -115,7 +115,7 @@ void Navigation::mnuCurrentWeek_Click()
 void Navigation::SwitchTo(const View& view)
 {
     if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(u'\n'), msgbox::Information, messages::HelpWizard);
+        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
         return;
     }
     const ErrorTail tail(view.literal);

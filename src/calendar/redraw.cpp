@@ -193,6 +193,7 @@ void Redraw::DisplayWeekBeside(const QString& edge, int step)
 
 bool Redraw::ShowsOtherWeek() const
 {
+    if (!m_cells.panelDay.Exists(FirstWeekCell)) return true;
     const int slot = FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay);
     const int value = WeekMap(Weekday(g_iYear, g_iMonth, 1), fnDaysInMonth()).at(static_cast<std::size_t>(slot - 1));
     const bool isMemo = value > fnDaysInMonth();
