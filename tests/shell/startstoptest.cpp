@@ -67,13 +67,25 @@ private Q_SLOTS:
         QCOMPARE(program.form->size(), QSize(640, 500));
     }
 
+    void AWindowThatNobodyCouldReachIsBroughtBack_data()
+    {
+        QTest::addColumn<QByteArray>("place");
+        QTest::newRow("before every screen") << QByteArray("Left=-90000\nTop=900000\nRight=-75000\nBottom=910000\n");
+        QTest::newRow("beyond them") << QByteArray("Left=150000\nRight=165000\n");
+        QTest::newRow("no numbers") << QByteArray("Left=left\nRight=right\n");
+        QTest::newRow("turned round") << QByteArray("Left=9000\nRight=300\n");
+        QTest::newRow("a size that no screen has") << QByteArray("Left=300\nRight=15000000\n");
+    }
+
     void AWindowThatNobodyCouldReachIsBroughtBack()
     {
-        Program& program = *m_program;
-        WriteIni("[Mainform Dimension]\nLeft=-90000\nTop=900000\nRight=-75000\nBottom=910000\n");
-        program.Start();
-        QVERIFY(program.form->screen()->availableGeometry().contains(program.form->pos()));
-        QVERIFY(program.form->width() <= program.form->screen()->availableGeometry().width());
+        QFETCH(QByteArray, place);
+        WriteIni("[Mainform Dimension]\n" + place);
+        Mainform form;
+        form.Form_Load([](const QString&) {}, [] {});
+        const QRect screen = form.screen()->availableGeometry();
+        QVERIFY(screen.contains(form.pos()));
+        QVERIFY(form.width() >= 480 && form.width() <= screen.width());
     }
 
     void RubbishInTheSettingsIsSurvived_data()

@@ -47,6 +47,7 @@ PictureButton::PictureButton(const QString& raised, const QString& pressed, QWid
     [[maybe_unused]] static const bool installed = (QAccessible::installFactory(MakeAccess), true);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
+    setMouseTracking(true); // a tip may follow from what the mouse is over
 }
 
 void PictureButton::SetVisible(int element, bool visible)

@@ -1,0 +1,153 @@
+#include "platform/profile/profile.h"
+#include "program.h"
+
+#include <QDate>
+
+namespace {
+const QString Planner = QStringLiteral("notes.mdb");
+
+// The whole calendar as rows of seven captions, worked out from QDate alone: each month stands by itself, and what
+// does not belong to it is a memo, counted from its start.
+struct Row
+{
+    int year, month;
+    QStringList captions;
+};
+
+QList<Row> RowsOf(int year, int month)
+{
+    const QDate first(year, month, 1);
+    const int leading = first.dayOfWeek() % 7; // Sunday is 0
+    const int length = first.daysInMonth();
+    QList<Row> rows;
+    for (int start = -leading; start < length; start += 7) {
+        Row row{year, month, {}};
+        for (int day = start; day < start + 7; ++day) {
+            if (day >= 0 && day < length) row.captions << QString::number(day + 1);
+            if (day < 0) row.captions << QStringLiteral("Memo%1").arg(leading + day + 1);
+            if (day >= length) row.captions << QStringLiteral("Memo%1").arg(leading + day - length + 1);
+        }
+        rows << row;
+    }
+    return rows;
+}
+} // namespace
+
+// The week view on the real window; today is Wednesday, 17 March 1999.
+class WeekViewTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+
+    QStringList Shown() const
+    {
+        QStringList captions;
+        for (int cell = 36; cell <= 42; ++cell)
+            captions << m_program->Panel(cell).Caption().trimmed();
+        return captions;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+    }
+    void cleanup() { m_program.reset(); }
+
+    void TwoYearsOfWeeksForwardAndBack()
+    {
+        Program& program = *m_program;
+        program.New(Planner);
+        QList<Row> rows;
+        for (int month = 0; month < 24; ++month)
+            rows << RowsOf(1999 + month / 12, month % 12 + 1);
+        const auto isThisWeek = [](const Row& row) {
+            return row.month == 3 && row.captions.contains(QStringLiteral("17"));
+        };
+        const auto begin = std::find_if(rows.cbegin(), rows.cend(), isThisWeek);
+        program.Trigger("mnuWeekView");
+        const auto check = [&](const Row& row) {
+            QCOMPARE(Shown(), row.captions);
+            QCOMPARE(QPoint(g_iYear, g_iMonth), QPoint(row.year, row.month));
+            // February 2000 is drawn by the length that the month view of 1999 left behind, so only its days count.
+        };
+        for (auto row = begin; row != rows.cend() && row->year == 1999; ++row, program.Trigger("mnuNextWeek"))
+            check(*row);
+        QCOMPARE(QPoint(g_iYear, g_iMonth), QPoint(2000, 1));
+        QCOMPARE(g_iDay, std::int16_t{1});
+        for (auto row = std::find_if(rows.cbegin(), rows.cend(), [](const Row& r) { return r.year == 2000; });
+             row != rows.cbegin();) {
+            program.Trigger("mnuPrevWeek");
+            check(*--row);
+        }
+        QCOMPARE(program.Bottom().Caption(), QStringLiteral("JANUARY 1999"));
+        QCOMPARE(program.Log(), QByteArray());
+    }
+
+    void FebruaryKeepsTheLengthOfTheMonthLastDrawn()
+    {
+        Program& program = *m_program;
+        program.New(Planner);
+        program.Trigger("mnuWeekView");
+        g_iYear = 2000;
+        g_iMonth = 2;
+        g_iDay = 28;
+        program.Entry("mnuViewSBVisible").trigger(); // lays out and draws the week of the selected day
+        QCOMPARE(program.Panel(38).Caption(), QStringLiteral("Memo3"));
+    }
+
+    void NotesFollowTheirDaysThroughBothViews()
+    {
+        Program& program = *m_program;
+        program.New(Planner);
+        program.Type(18, QStringLiteral("choir"));
+        program.Type(1, QStringLiteral("leading memo"));
+        program.Trigger("mnuWeekView");
+        QVERIFY(!program.Box(18).isVisible());
+        QCOMPARE(program.Box(39).Text(), QStringLiteral("choir"));
+        program.Type(40, QStringLiteral("dentist"));
+        QCOMPARE(g_iDay, std::int16_t{17}); // a click in the week selects no day
+        program.Trigger("mnuNextWeek");
+        QCOMPARE(program.Box(39).Text(), QString());
+        program.Type(36, QStringLiteral("sunday"));
+        // A new size draws the week of the selected day again, with its own notes.
+        program.form->resize(900, 650);
+        QTRY_COMPARE(program.Panel(36).Caption(), QStringLiteral(" 14"));
+        QCOMPARE(program.Box(39).Text(), QStringLiteral("choir"));
+        QCOMPARE(program.Box(36).Text(), QString());
+        program.Trigger("mnuPrevWeek");
+        program.Trigger("mnuPrevWeek");
+        QCOMPARE(program.Panel(36).Caption(), QStringLiteral("Memo1"));
+        QCOMPARE(program.Box(36).Text(), QStringLiteral("leading memo"));
+        program.Trigger("mnuCurrentWeek");
+        QCOMPARE(program.Box(40).Text(), QStringLiteral("dentist"));
+        QCOMPARE(program.Box(36).Text(), QString());
+        program.Trigger("mnuMonthView");
+        QCOMPARE(program.Box(19).Text(), QStringLiteral("dentist"));
+        QCOMPARE(program.Box(22).Text(), QStringLiteral("sunday"));
+        QVERIFY(!program.Box(40).isVisible());
+        QCOMPARE(program.Log(), QByteArray());
+    }
+
+    void TodayAndThePastAreStyledInEachWeek()
+    {
+        Program& program = *m_program;
+        program.New(Planner);
+        program.Trigger("mnuWeekView");
+        QCOMPARE(program.Panel(39).ForeColor(), 0x0000FFu);
+        QVERIFY(program.Panel(38).CaptionFont().strikeOut());
+        QCOMPARE(program.Panel(40).CaptionFont().pointSize(), 12);
+        program.Trigger("mnuNextWeek");
+        QCOMPARE(program.Panel(39).ForeColor(), 0u);
+        QVERIFY(!program.Panel(36).CaptionFont().strikeOut());
+        for (int i = 0; i < 5; ++i)
+            program.Trigger("mnuPrevWeek");
+        QCOMPARE(program.Panel(42).Caption(), QStringLiteral(" 27"));
+        QVERIFY(program.Panel(42).CaptionFont().strikeOut());
+    }
+};
+
+QTEST_MAIN(WeekViewTest)
+#include "weekviewtest.moc"
