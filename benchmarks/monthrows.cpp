@@ -10,27 +10,29 @@ constexpr int TypingCell = 17;
 Row MoveRow(PlannerWindow& ours, BarePlanner& bare)
 {
     return {"month move",
-            {[&] { ours.MoveMonth(); }, [&] { ours.SaveIfChanged(), ours.PaintedAll(); },
+            {[&] { ours.MoveMonth(); }, [&] { ours.ShowMonth(), ours.SaveIfChanged(), ours.PaintedAll(); },
              [&] { return ours.PaintedAll(); }},
-            {[&] { bare.MoveMonth(false); }, [&] { PaintNow(), bare.PaintedAll(); }, [&] { return bare.PaintedAll(); }},
+            {[&] { bare.MoveMonth(false); }, [&] { bare.ShowMonth(), bare.PaintedAll(); },
+             [&] { return bare.PaintedAll(); }},
             ManyMoves};
 }
 
 Row SavingMoveRow(PlannerWindow& ours, BarePlanner& bare)
 {
     return {"month move, 35 cells changed",
-            {[&] { ours.MoveMonth(); }, [&] { ours.ChangeAllNotes(), ours.PaintedAll(); },
+            {[&] { ours.MoveMonth(); }, [&] { ours.ShowMonth(), ours.ChangeAllNotes(), ours.PaintedAll(); },
              [&] { return ours.PaintedAll(); }},
-            {[&] { bare.MoveMonth(true); }, [&] { PaintNow(), bare.PaintedAll(); }, [&] { return bare.PaintedAll(); }},
+            {[&] { bare.MoveMonth(true); }, [&] { bare.ShowMonth(), bare.PaintedAll(); },
+             [&] { return bare.PaintedAll(); }},
             ManyMoves};
 }
 
 Row SaveRow(PlannerWindow& ours, BarePlanner& bare)
 {
     return {"save 35 changed cells",
-            {[&] { ours.Trigger("mnuSave"); }, [&] { ours.ChangeAllNotes(); },
+            {[&] { ours.Trigger("mnuSave"); }, [&] { ours.ShowMonth(), ours.ChangeAllNotes(); },
              [&] { return !ours.Box(BoxCount).Modified(); }},
-            {[&] { bare.Save(); }, [] { PaintNow(); }},
+            {[&] { bare.Save(); }, [&] { bare.ShowMonth(); }},
             ManyMoves};
 }
 
@@ -50,11 +52,39 @@ Row KeystrokeRow(PlannerWindow& ours, BarePlanner& bare)
     constexpr Turns ManyKeys{30, 20};
     static bool typed = false, typedBare = false;
     return {"keystroke",
-            {[&] { TypeInto(ours.Box(TypingCell), typed); }, [&] { ours.Focus(TypingCell), ours.PaintedOne(); },
-             [&] { return ours.PaintedOne(); }},
-            {[&] { TypeInto(bare.Box(TypingCell), typedBare); }, [&] { bare.Focus(TypingCell), bare.PaintedOne(); },
-             [&] { return bare.PaintedOne(); }},
+            {[&] { TypeInto(ours.Box(TypingCell), typed); },
+             [&] { ours.ShowMonth(), ours.Focus(TypingCell), ours.PaintedOne(); }, [&] { return ours.PaintedOne(); }},
+            {[&] { TypeInto(bare.Box(TypingCell), typedBare); },
+             [&] { bare.ShowMonth(), bare.Focus(TypingCell), bare.PaintedOne(); }, [&] { return bare.PaintedOne(); }},
             ManyKeys};
+}
+
+Row ViewRow(PlannerWindow& ours, BarePlanner& bare)
+{
+    return {"week view and back",
+            {[&] { ours.ShowWeek(), ours.ShowMonth(); }, [&] { ours.ShowMonth(), ours.PaintedAll(); },
+             [&] { return ours.PaintedAll(); }},
+            {[&] { bare.ShowWeek(), bare.ShowMonth(); }, [&] { PaintNow(), bare.PaintedAll(); },
+             [&] { return bare.PaintedAll(); }},
+            ManyMoves};
+}
+
+Row WeekMoveRow(PlannerWindow& ours, BarePlanner& bare)
+{
+    return {
+        "week move",
+        {[&] { ours.MoveWeek(); }, [&] { ours.ShowWeek(), ours.PaintedWeek(); }, [&] { return ours.PaintedWeek(); }},
+        {[&] { bare.MoveWeek(); }, [&] { bare.ShowWeek(), bare.PaintedWeek(); }, [&] { return bare.PaintedWeek(); }},
+        ManyMoves};
+}
+
+Row ResizeRow(PlannerWindow& ours, BarePlanner& bare)
+{
+    return {
+        "resize step",
+        {[&] { ours.ResizeStep(); }, [&] { ours.ShowMonth(), ours.PaintedAll(); }, [&] { return ours.PaintedAll(); }},
+        {[&] { bare.ResizeStep(); }, [&] { bare.ShowMonth(), bare.PaintedAll(); }, [&] { return bare.PaintedAll(); }},
+        ManyMoves};
 }
 } // namespace
 
@@ -64,4 +94,7 @@ void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare)
     add(SavingMoveRow(ours, bare));
     add(SaveRow(ours, bare));
     add(KeystrokeRow(ours, bare));
+    add(ViewRow(ours, bare));
+    add(WeekMoveRow(ours, bare));
+    add(ResizeRow(ours, bare));
 }

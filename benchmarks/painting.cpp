@@ -4,16 +4,24 @@
 
 BareWindow::BareWindow(QPoint place)
 {
-    constexpr int Columns = 7, Rows = 5, Above = 100, Below = 40;
-    constexpr QMargins Inset(6, 20, 6, 5);
+    for (int i = 0; i < BoxCount; ++i)
+        m_boxes.push_back(new QTextEdit(this));
     move(place);
     resize(WindowSize);
-    const QSize cell(width() / Columns, (height() - Above - Below) / Rows);
+    PlaceBoxes(m_rows);
+}
+
+void BareWindow::PlaceBoxes(int rows)
+{
+    constexpr int Columns = 7, Above = 100, Below = 40;
+    constexpr QMargins Inset(6, 20, 6, 5);
+    m_rows = rows;
+    const QSize cell(width() / Columns, (height() - Above - Below) / rows);
     for (int i = 0; i < BoxCount; ++i) {
-        auto* box = new QTextEdit(this);
+        QTextEdit* box = m_boxes[std::size_t(i)];
         const QPoint corner(i % Columns * cell.width(), Above + i / Columns * cell.height());
         box->setGeometry(QRect(corner, cell).marginsRemoved(Inset));
-        m_boxes.push_back(box);
+        box->setVisible(i < rows * Columns);
     }
 }
 

@@ -7,6 +7,7 @@
 
 inline constexpr QSize WindowSize(1240, 820);
 inline constexpr int BoxCount = 35;
+inline constexpr int WeekBoxCount = 7;
 
 // 35 text edits where the planner has its boxes, and nothing else.
 class BareWindow : public QWidget
@@ -14,8 +15,13 @@ class BareWindow : public QWidget
 public:
     explicit BareWindow(QPoint place);
     const std::vector<QTextEdit*>& Boxes() const { return m_boxes; }
+    void PlaceBoxes(int rows); // 5 for the month; 1 for the week, whose boxes are the first seven
+
+protected:
+    void resizeEvent(QResizeEvent*) override { PlaceBoxes(m_rows); }
 
 private:
+    int m_rows = 5;
     std::vector<QTextEdit*> m_boxes;
 };
 

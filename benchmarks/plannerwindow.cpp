@@ -8,6 +8,8 @@
 #include <QTextCursor>
 
 namespace {
+constexpr int StepOfResize = 14; // two pixels a column
+
 // The caret is painted where the keyboard is.
 void Activate(QWidget& box)
 {
@@ -62,6 +64,36 @@ RichTextBox& PlannerWindow::Box(int cell) const
 void PlannerWindow::MoveMonth()
 {
     Trigger(std::exchange(m_ahead, !m_ahead) ? "mnuPrevMonth" : "mnuNextMonth");
+    PaintNow();
+}
+
+void PlannerWindow::ShowMonth()
+{
+    if (!std::exchange(m_inWeek, false)) return;
+    Trigger("mnuMonthView");
+    PaintNow();
+}
+
+void PlannerWindow::ShowWeek()
+{
+    if (std::exchange(m_inWeek, true)) return;
+    const bool first = !m_form.findChild<QWidget*>(QStringLiteral("tbDay(%1)").arg(BoxCount + 1));
+    Trigger("mnuWeekView");
+    for (int cell = BoxCount + 1; first && cell <= BoxCount + WeekBoxCount; ++cell)
+        m_paintings.Watch(Box(cell));
+    PaintNow();
+}
+
+void PlannerWindow::MoveWeek()
+{
+    Trigger(std::exchange(m_weekAhead, !m_weekAhead) ? "mnuPrevWeek" : "mnuNextWeek");
+    PaintNow();
+}
+
+void PlannerWindow::ResizeStep()
+{
+    m_narrow = !m_narrow;
+    m_form.resize(m_form.width() + (m_narrow ? -StepOfResize : StepOfResize), m_form.height());
     PaintNow();
 }
 
@@ -120,14 +152,43 @@ BarePlanner::Month BarePlanner::MakeMonth(YearMonth month)
 }
 
 // What is read is not interpreted here: the floor of that is the same text by a cursor.
+void BarePlanner::ReadBoxes(const Month& month, int count)
+{
+    const auto read = m_file.Read(month.keys.first(count));
+    for (std::size_t i = 0; i < read.size(); ++i)
+        Show(month.notes[i], *m_window.Boxes()[i]);
+    PaintNow();
+}
+
 void BarePlanner::MoveMonth(bool saves)
 {
     if (saves) Save();
     m_shown = 1 - m_shown;
-    const Month& month = m_months[m_shown];
-    const auto read = m_file.Read(month.keys);
-    for (std::size_t i = 0; i < read.size(); ++i)
-        Show(month.notes[i], *m_window.Boxes()[i]);
+    ReadBoxes(m_months[m_shown], BoxCount);
+}
+
+void BarePlanner::ShowMonth()
+{
+    m_window.PlaceBoxes(5);
+    ReadBoxes(m_months[m_shown], BoxCount);
+}
+
+void BarePlanner::ShowWeek()
+{
+    m_window.PlaceBoxes(1);
+    ReadBoxes(m_months[m_week], WeekBoxCount);
+}
+
+void BarePlanner::MoveWeek()
+{
+    m_week = 1 - m_week;
+    ReadBoxes(m_months[m_week], WeekBoxCount);
+}
+
+void BarePlanner::ResizeStep()
+{
+    m_narrow = !m_narrow;
+    m_window.resize(m_window.width() + (m_narrow ? -StepOfResize : StepOfResize), m_window.height());
     PaintNow();
 }
 

@@ -15,10 +15,15 @@ public:
     void Trigger(const char* entry) const;
     RichTextBox& Box(int cell) const;
     void MoveMonth(); // to the next month and back again in turns
+    void ShowMonth();
+    void ShowWeek();
+    void MoveWeek();   // to the next week and back again in turns
+    void ResizeStep(); // a little narrower and wider again in turns
     void ChangeAllNotes() const;
     void SaveIfChanged() const;
     void Focus(int cell) const;
     bool PaintedAll() { return m_paintings.Take() >= BoxCount && ShowsNotes(); }
+    bool PaintedWeek() { return m_paintings.Take() >= WeekBoxCount; }
     bool PaintedOne() { return m_paintings.Take() >= 1; }
 
 private:
@@ -27,6 +32,9 @@ private:
     Mainform m_form;
     PaintCount m_paintings;
     bool m_ahead = false;
+    bool m_inWeek = false;
+    bool m_weekAhead = false;
+    bool m_narrow = false;
 };
 
 class BarePlanner
@@ -35,10 +43,15 @@ public:
     explicit BarePlanner(const QString& path);
 
     void MoveMonth(bool saves);
+    void ShowMonth();
+    void ShowWeek();
+    void MoveWeek();
+    void ResizeStep();
     void Save();
     QTextEdit& Box(int cell) const { return *m_window.Boxes()[std::size_t(cell - 1)]; }
     void Focus(int cell) const;
     bool PaintedAll() { return m_paintings.Take() >= BoxCount; }
+    bool PaintedWeek() { return m_paintings.Take() >= WeekBoxCount; }
     bool PaintedOne() { return m_paintings.Take() >= 1; }
 
 private:
@@ -49,10 +62,13 @@ private:
         std::vector<QByteArray> texts;
     };
     static Month MakeMonth(YearMonth month);
+    void ReadBoxes(const Month& month, int count);
 
     RawPlanner m_file;
     BareWindow m_window{QPoint(WindowSize.width() + 20, 0)};
     PaintCount m_paintings;
     std::array<Month, 2> m_months;
     std::size_t m_shown = 0;
+    std::size_t m_week = 0;
+    bool m_narrow = false;
 };
