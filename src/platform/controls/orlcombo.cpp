@@ -14,12 +14,12 @@
 #include <QWheelEvent>
 
 namespace {
-constexpr QSize g_swatchSize{12, 12};
-constexpr int g_textMargin = 9;
-constexpr int g_arrowWidth = 24;
-constexpr int g_height = 28;
+constexpr QSize SwatchSize{12, 12};
+constexpr int TextMargin = 9;
+constexpr int ArrowWidth = 24;
+constexpr int Height = 28;
 
-constexpr int g_sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
+constexpr int Sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
 struct NamedColor
 {
@@ -27,7 +27,7 @@ struct NamedColor
     QRgb Color;
 };
 // The spelling of "Fuschia" is part of the list: the choice is told by its name.
-constexpr NamedColor g_colors[] = {
+constexpr NamedColor Colors[] = {
     {QLatin1StringView("Black"), 0x000000},  {QLatin1StringView("Maroon"), 0x800000},
     {QLatin1StringView("Green"), 0x008000},  {QLatin1StringView("Olive"), 0x808000},
     {QLatin1StringView("Navy"), 0x000080},   {QLatin1StringView("Purple"), 0x800080},
@@ -37,7 +37,7 @@ constexpr NamedColor g_colors[] = {
     {QLatin1StringView("Blue"), 0x0000ff},   {QLatin1StringView("Fuschia"), 0xff00ff},
     {QLatin1StringView("Aqua"), 0x00ffff},   {QLatin1StringView("White"), 0xffffff},
 };
-static_assert(std::size(g_colors) == ORLCombo::BlankColor);
+static_assert(std::size(Colors) == ORLCombo::BlankColor);
 
 // A square of one colour, sharp at every pixel ratio.
 class Swatch : public QIconEngine
@@ -125,8 +125,8 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setStyle(style);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedHeight(g_height);
-    setIconSize(g_swatchSize);
+    setFixedHeight(Height);
+    setIconSize(SwatchSize);
     setMaxVisibleItems(18);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // never looks through the entries
     setPlaceholderText(QStringLiteral(" ")); // with one, a box that is filled has no entry chosen yet
@@ -143,7 +143,7 @@ void ORLCombo::FillFontSizes()
 {
     setMinimumContentsLength(3);
     clear();
-    for (const int size : g_sizes)
+    for (const int size : Sizes)
         addItem(QString::number(size));
 }
 
@@ -151,7 +151,7 @@ void ORLCombo::FillColors()
 {
     setMinimumContentsLength(8);
     clear();
-    for (const auto& [name, color] : g_colors)
+    for (const auto& [name, color] : Colors)
         addItem(QIcon(new Swatch(QColor(color))), name);
     addItem(QString());
 }
@@ -241,14 +241,14 @@ void ORLCombo::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), 4, 4);
 
     painter.setPen(QPen(paper::SoftInk, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPointF tip(width() - g_arrowWidth / 2.0, height() / 2.0 + 2);
+    const QPointF tip(width() - ArrowWidth / 2.0, height() / 2.0 + 2);
     painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
 
-    QRect text = rect().adjusted(g_textMargin, 0, -g_arrowWidth, 0);
+    QRect text = rect().adjusted(TextMargin, 0, -ArrowWidth, 0);
     const QIcon icon = itemIcon(currentIndex());
     if (!icon.isNull()) {
-        icon.paint(&painter, QRect(QPoint(text.left(), (height() - g_swatchSize.height()) / 2), g_swatchSize));
-        text.setLeft(text.left() + g_swatchSize.width() + 7);
+        icon.paint(&painter, QRect(QPoint(text.left(), (height() - SwatchSize.height()) / 2), SwatchSize));
+        text.setLeft(text.left() + SwatchSize.width() + 7);
     }
     painter.setPen(paper::Ink);
     painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));

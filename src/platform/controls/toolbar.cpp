@@ -10,30 +10,27 @@
 #include <QPainter>
 
 namespace {
-constexpr int g_elementNotFound = 35601;
-constexpr QSize g_buttonSize{32, 30};
-constexpr QSize g_pictureSize{20, 20};
-constexpr QMargins g_margins{8, 5, 8, 5};
-constexpr int g_spacing = 2;
-constexpr int g_separatorGap = 5; // on each side of its line
-constexpr int g_placeholderGap = 4;
-constexpr qreal g_radius = 4;
-constexpr QColor g_band{0xf8, 0xf6, 0xf1};
-constexpr QColor g_mixedGround{0xe4, 0xe2, 0xdd};
-constexpr QColor g_mixedDots{0xb4, 0xb3, 0xaf};
+constexpr int ElementNotFound = 35601;
+constexpr QSize ButtonSize{32, 30};
+constexpr QSize PictureSize{20, 20};
+constexpr QMargins Margins{8, 5, 8, 5};
+constexpr int Spacing = 2;
+constexpr int SeparatorGap = 5; // on each side of its line
+constexpr int PlaceholderGap = 4;
+constexpr qreal Radius = 4;
+constexpr QColor Band{0xf8, 0xf6, 0xf1};
+constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};
+constexpr QColor MixedDots{0xb4, 0xb3, 0xaf};
 
 class Separator : public QWidget
 {
 public:
-    explicit Separator(QWidget* parent) : QWidget(parent)
-    {
-        setFixedSize(2 * g_separatorGap + 1, g_buttonSize.height());
-    }
+    explicit Separator(QWidget* parent) : QWidget(parent) { setFixedSize(2 * SeparatorGap + 1, ButtonSize.height()); }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter(this).fillRect(g_separatorGap, 2, 1, height() - 4, paper::Hairline);
+        QPainter(this).fillRect(SeparatorGap, 2, 1, height() - 4, paper::Hairline);
     }
 };
 
@@ -47,7 +44,7 @@ ToolbarButton::ToolbarButton(QWidget* parent) : QToolButton(parent)
 {
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedSize(g_buttonSize);
+    setFixedSize(ButtonSize);
 }
 
 void ToolbarButton::SetValue(int value)
@@ -74,7 +71,7 @@ void ToolbarButton::keyPressEvent(QKeyEvent* event)
 const QPixmap& ToolbarButton::Picture()
 {
     if (m_picture.isNull() || m_picture.devicePixelRatio() != devicePixelRatioF()) {
-        m_picture = QIcon(m_file).pixmap(g_pictureSize, devicePixelRatioF());
+        m_picture = QIcon(m_file).pixmap(PictureSize, devicePixelRatioF());
     }
     return m_picture;
 }
@@ -84,20 +81,20 @@ void ToolbarButton::PaintGround(QPainter& painter) const
     const bool touched = isEnabled() && underMouse();
     QColor ground = touched ? paper::Band : QColor(Qt::transparent);
     if (m_value == 1) ground = touched ? paper::AccentTint.darker(105) : paper::AccentTint;
-    if (m_mixed) ground = g_mixedGround;
+    if (m_mixed) ground = MixedGround;
     if (isDown()) ground = ground.alpha() == 0 ? paper::Hairline : ground.darker(110);
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
-    painter.drawRoundedRect(area, g_radius, g_radius);
+    painter.drawRoundedRect(area, Radius, Radius);
     if (m_mixed) {
-        painter.setBrush(QBrush(g_mixedDots, Qt::Dense6Pattern));
-        painter.drawRoundedRect(area, g_radius, g_radius);
+        painter.setBrush(QBrush(MixedDots, Qt::Dense6Pattern));
+        painter.drawRoundedRect(area, Radius, Radius);
     }
     if (hasFocus()) {
         painter.setPen(QPen(paper::Accent, 2));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), g_radius, g_radius);
+        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
     }
 }
 
@@ -108,17 +105,17 @@ void ToolbarButton::paintEvent(QPaintEvent*)
     PaintGround(painter);
     if (!isEnabled()) painter.setOpacity(0.35);
     const QPixmap& picture = Picture();
-    painter.drawPixmap((width() - g_pictureSize.width()) / 2, (height() - g_pictureSize.height()) / 2, picture);
+    painter.drawPixmap((width() - PictureSize.width()) / 2, (height() - PictureSize.height()) / 2, picture);
 }
 
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent)
 {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(g_margins);
-    row->setSpacing(g_spacing);
+    row->setContentsMargins(Margins);
+    row->setSpacing(Spacing);
     row->addStretch();
     row->setSizeConstraint(QLayout::SetMinimumSize); // a narrow window cuts the bar off, it never piles up its buttons
-    setFixedHeight(g_margins.top() + g_buttonSize.height() + g_margins.bottom());
+    setFixedHeight(Margins.top() + ButtonSize.height() + Margins.bottom());
 }
 
 void Toolbar::AddButton(const QString& key, const QString& tip, const QString& icon)
@@ -139,8 +136,8 @@ void Toolbar::AddSeparator()
 void Toolbar::AddPlaceholder(const QString& key, int width)
 {
     auto* placeholder = new QWidget(this);
-    placeholder->setFixedSize(width, g_buttonSize.height());
-    Row(*this)->insertSpacing(Row(*this)->count() - 1, g_placeholderGap);
+    placeholder->setFixedSize(width, ButtonSize.height());
+    Row(*this)->insertSpacing(Row(*this)->count() - 1, PlaceholderGap);
     Add(key, placeholder);
 }
 
@@ -155,14 +152,14 @@ void Toolbar::Add(const QString& key, QWidget* item)
 QWidget& Toolbar::Item(const QString& key) const
 {
     const auto found = m_items.find(key);
-    if (found == m_items.end()) throw RunTimeError{g_elementNotFound, QStringLiteral("Element not found")};
+    if (found == m_items.end()) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
     return *found->second;
 }
 
 ToolbarButton& Toolbar::Buttons(const QString& key) const
 {
     auto* button = qobject_cast<ToolbarButton*>(&Item(key));
-    if (!button) throw RunTimeError{g_elementNotFound, QStringLiteral("Element not found")};
+    if (!button) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
     return *button;
 }
 
@@ -185,7 +182,7 @@ QSize Toolbar::sizeHint() const
 void Toolbar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), g_band);
+    painter.fillRect(rect(), Band);
     // Both edges: the bar stands below the menu or above the window's lower edge.
     painter.fillRect(0, 0, width(), 1, paper::Hairline);
     painter.fillRect(0, height() - 1, width(), 1, paper::Hairline);

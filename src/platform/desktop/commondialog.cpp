@@ -14,7 +14,7 @@
 #include <QTreeView>
 
 namespace {
-constexpr int invalidProcedureCall = 5;
+constexpr int InvalidProcedureCall = 5;
 
 // A name typed in other letter case means the file that is there, as it does everywhere in the program.
 class OpenDialog : public QFileDialog
@@ -71,7 +71,7 @@ void Enlarge(QFileDialog& dialog)
 
 void CommonDialog::Action(int action)
 {
-    if (action != 1) throw RunTimeError{invalidProcedureCall, QStringLiteral("Invalid procedure call")};
+    if (action != 1) throw RunTimeError{InvalidProcedureCall, QStringLiteral("Invalid procedure call")};
     ShowOpen();
 }
 

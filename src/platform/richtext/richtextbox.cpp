@@ -17,9 +17,9 @@
 #include <algorithm>
 
 namespace {
-constexpr double g_documentMargin = 1;
-constexpr double g_tabStop = 48; // half an inch, as notes of other programs have it
-constexpr Qt::TextInteractionFlags g_lockedFlags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+constexpr double DocumentMargin = 1;
+constexpr double TabStop = 48; // half an inch, as notes of other programs have it
+constexpr Qt::TextInteractionFlags LockedFlags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
 
 // A note lies on paper whatever the desktop's theme.
 const QPalette& NotePalette()
@@ -54,9 +54,9 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &RichTextBox::FollowScrollRange);
     FollowScrollRange();
     setTabChangesFocus(true);
-    setTabStopDistance(g_tabStop);
+    setTabStopDistance(TabStop);
     BeginSetting();
-    document()->setDocumentMargin(g_documentMargin); // counts as a change of content
+    document()->setDocumentMargin(DocumentMargin); // counts as a change of content
     EndSetting();
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
@@ -152,7 +152,7 @@ void RichTextBox::SetLocked(bool locked)
 {
     if (locked == Locked()) return;
     if (locked) CommitPreedit();
-    setTextInteractionFlags(locked ? g_lockedFlags : Qt::TextEditorInteraction);
+    setTextInteractionFlags(locked ? LockedFlags : Qt::TextEditorInteraction);
     setAttribute(Qt::WA_InputMethodEnabled, !locked);
 }
 
