@@ -1,11 +1,11 @@
 #include "shell/controls.h"
 
 #include "platform/controls/orlcombo.h"
-#include "platform/controls/paper.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
+#include "platform/look/paper.h"
 
 #include <QLabel>
 #include <QMainWindow>

@@ -1,6 +1,6 @@
 #include "shell/startupform.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QGuiApplication>
 #include <QPainter>

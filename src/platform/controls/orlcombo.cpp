@@ -1,6 +1,6 @@
 #include "platform/controls/orlcombo.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 #include "platform/controls/picturebutton.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QAccessibleWidget>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "platform/controls/sspanel.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "platform/controls/toolbar.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QApplication>
@@ -18,9 +18,6 @@ constexpr int Spacing = 2;
 constexpr int SeparatorGap = 5; // on each side of its line
 constexpr int PlaceholderGap = 4;
 constexpr qreal Radius = 4;
-constexpr QColor Band{0xf8, 0xf6, 0xf1};
-constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};
-constexpr QColor MixedDots{0xb4, 0xb3, 0xaf};
 
 class Separator : public QWidget
 {
@@ -81,14 +78,14 @@ void ToolbarButton::PaintGround(QPainter& painter) const
     const bool touched = isEnabled() && underMouse();
     QColor ground = touched ? paper::Band : QColor(Qt::transparent);
     if (m_value == 1) ground = touched ? paper::AccentTint.darker(105) : paper::AccentTint;
-    if (m_mixed) ground = MixedGround;
+    if (m_mixed) ground = paper::MixedGround;
     if (isDown()) ground = ground.alpha() == 0 ? paper::Hairline : ground.darker(110);
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
     painter.drawRoundedRect(area, Radius, Radius);
     if (m_mixed) {
-        painter.setBrush(QBrush(MixedDots, Qt::Dense6Pattern));
+        painter.setBrush(QBrush(paper::MixedDots, Qt::Dense6Pattern));
         painter.drawRoundedRect(area, Radius, Radius);
     }
     if (hasFocus()) {
@@ -182,7 +179,7 @@ QSize Toolbar::sizeHint() const
 void Toolbar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), Band);
+    painter.fillRect(rect(), paper::LightBand);
     // Both edges: the bar stands below the menu or above the window's lower edge.
     painter.fillRect(0, 0, width(), 1, paper::Hairline);
     painter.fillRect(0, height() - 1, width(), 1, paper::Hairline);

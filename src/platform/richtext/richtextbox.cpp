@@ -1,5 +1,6 @@
 #include "platform/richtext/richtextbox.h"
 
+#include "platform/look/paper.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
@@ -27,7 +28,7 @@ const QPalette& NotePalette()
     static const QPalette palette = [] {
         QPalette made;
         made.setColor(QPalette::Text, Qt::black);
-        made.setColor(QPalette::Highlight, QColor(0x2f, 0x6d, 0xb5));
+        made.setColor(QPalette::Highlight, paper::Accent);
         made.setColor(QPalette::HighlightedText, Qt::white);
         return made;
     }();

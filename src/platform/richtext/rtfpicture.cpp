@@ -1,5 +1,7 @@
 #include "platform/richtext/rtfpicture.h"
 
+#include "platform/look/paper.h"
+
 #include <QCryptographicHash>
 #include <QHash>
 #include <QImage>
@@ -152,12 +154,10 @@ double Copier::Side(const char* goal, const char* plain, const char* scale) cons
 
 QImage DrawFrame()
 {
-    constexpr QRgb Paper = 0xFFF6F3EC;
-    constexpr QRgb Line = 0xFF6B6F76;
     QImage image(192, 144, QImage::Format_RGB32);
-    image.fill(Paper);
+    image.fill(paper::MemoPaper);
     QPainter painter(&image);
-    painter.setPen(QPen(QColor(Line), 3));
+    painter.setPen(QPen(paper::SoftInk, 3));
     painter.drawRect(image.rect().adjusted(1, 1, -2, -2));
     return image;
 }

@@ -1,5 +1,7 @@
 #include "platform/richtext/thinscrollbarstyle.h"
 
+#include "platform/look/paper.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOptionSlider>
@@ -9,8 +11,6 @@
 namespace {
 constexpr int Extent = 7;
 constexpr int ShortestHandle = 16;
-constexpr QColor RestingHandle{0x22, 0x25, 0x2a, 0x48};
-constexpr QColor ActiveHandle{0x22, 0x25, 0x2a, 0x90};
 
 QRect Handle(const QStyleOptionSlider& slider)
 {
@@ -78,7 +78,7 @@ void ThinScrollBarStyle::drawComplexControl(ComplexControl control, const QStyle
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(active ? ActiveHandle : RestingHandle);
+    painter->setBrush(active ? paper::ActiveScrollHandle : paper::ScrollHandle);
     painter->drawRoundedRect(QRectF(Handle(*slider)).adjusted(1.5, 1, -1.5, -1), 2, 2);
     painter->restore();
 }

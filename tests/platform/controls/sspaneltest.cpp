@@ -1,7 +1,7 @@
 // Panels: where the caption stands and how it looks, by the pixels that are painted.
 #include "platform/controls/sspanel.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QImage>
 #include <QPaintEvent>
