@@ -15,11 +15,12 @@ constexpr int FrameWidth = 2;
 struct Relief
 {
     int direction;
-    int depth; // device pixels
+    int depth;  // logical pixels
+    int shadow; // percent of the way from paper to black ink, at one pixel; farther off it thins out
 };
-constexpr std::array<Relief, 5> Reliefs{{{0, 0}, {1, 1}, {1, 2}, {-1, 1}, {-1, 2}}};
-constexpr int ShadowPercent = 26; // at one pixel; farther off it thins out, so that small captions stay legible
+constexpr std::array<Relief, 5> Reliefs{{{0, 0, 0}, {1, 1, 20}, {1, 2, 30}, {-1, 1, 20}, {-1, 2, 30}}};
 constexpr int LightPercent = 80;
+constexpr int CapitalPerDepth = 6; // the least height of capitals for each pixel of depth: small captions stay legible
 
 QColor FromBgr(std::uint32_t color)
 {
@@ -181,17 +182,22 @@ void SSPanel::PaintLines(QPainter& painter) const
 void SSPanel::PaintCaption(QPainter& painter) const
 {
     painter.setFont(m_font);
-    const auto draw = [&](const QColor& color, int devicePixels) {
-        const qreal offset = devicePixels / devicePixelRatioF();
+    const auto draw = [&](const QColor& color, qreal offset) {
         painter.setPen(color);
         painter.drawText(QPointF(m_origin) + QPointF(offset, offset), m_shown);
     };
     const Relief relief = Reliefs[std::size_t(m_font3D)];
-    for (int distance = relief.depth; distance > 0; --distance) {
-        draw(Mixed(m_paper, Qt::black, ShadowPercent / distance), relief.direction * distance);
-        draw(Mixed(m_paper, Qt::white, LightPercent / distance), -relief.direction * distance);
+    const QColor ink = FromBgr(m_foreColor);
+    // The paler the ink, the paler what it throws: beside grey text a black shadow would be a second text.
+    const int contrast = std::max(0, qGray(m_paper.rgb()) - qGray(ink.rgb()));
+    const int depth = std::min(relief.depth, painter.fontMetrics().capHeight() / CapitalPerDepth);
+    for (int step = qRound(depth * devicePixelRatioF()); step > 0; --step) {
+        const qreal distance = step / devicePixelRatioF();
+        const qreal strength = contrast / 255.0 / std::max(distance, 1.0);
+        draw(Mixed(m_paper, ink, int(relief.shadow * strength)), relief.direction * distance);
+        draw(Mixed(m_paper, Qt::white, int(LightPercent * strength)), -relief.direction * distance);
     }
-    draw(FromBgr(m_foreColor), 0);
+    draw(ink, 0);
 }
 
 void SSPanel::mousePressEvent(QMouseEvent* event)
