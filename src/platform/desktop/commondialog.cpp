@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTreeView>
 
@@ -66,6 +67,8 @@ void Enlarge(QFileDialog& dialog)
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
+    constexpr int Places = 160; // its own width cuts off the names of folders
+    if (auto* const halves = dialog.findChild<QSplitter*>()) halves->setSizes({Places, dialog.width() - Places});
 }
 } // namespace
 
@@ -84,6 +87,7 @@ void CommonDialog::ShowOpen()
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode((Flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!AcceptText.isEmpty()) dialog->setLabelText(QFileDialog::Accept, AcceptText);
     dialog->setWindowTitle(DialogTitle.isEmpty() ? QStringLiteral("Open") : DialogTitle);
     dialog->setNameFilters(filters);
     dialog->selectNameFilter(filters[qBound(1, FilterIndex, int(filters.size())) - 1]);
