@@ -16,7 +16,8 @@ inline constexpr QColor SoftInk{0x6b, 0x6f, 0x76};
 inline constexpr QColor TodayFrame{0xd0, 0x5a, 0x55};
 inline constexpr QColor Accent{0x2f, 0x6d, 0xb5};
 inline constexpr QColor AccentTint{0xe3, 0xec, 0xf7};
-inline constexpr QColor MixedGround{0xe4, 0xe2, 0xdd}; // of a button whose format is mixed
+inline constexpr QColor PaleSelection{0xdc, 0xe5, 0xf0}; // black stands on it
+inline constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};   // of a button whose format is mixed
 inline constexpr QColor MixedDots{0xb4, 0xb3, 0xaf};
 inline constexpr QColor ScrollHandle{0x22, 0x25, 0x2a, 0x48}; // ink that lets the paper through
 inline constexpr QColor ActiveScrollHandle{0x22, 0x25, 0x2a, 0x90};

@@ -30,6 +30,9 @@ const QPalette& NotePalette()
         made.setColor(QPalette::Text, Qt::black);
         made.setColor(QPalette::Highlight, paper::Accent);
         made.setColor(QPalette::HighlightedText, Qt::white);
+        // Notes keep their selections when they are left; one in full colour among them is the one that is typed into.
+        made.setColor(QPalette::Inactive, QPalette::Highlight, paper::PaleSelection);
+        made.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
         return made;
     }();
     return palette;
