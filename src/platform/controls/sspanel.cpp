@@ -18,7 +18,7 @@ struct Relief
     int depth;  // logical pixels
     int shadow; // percent of the way from paper to black ink, at one pixel; farther off it thins out
 };
-constexpr std::array<Relief, 5> Reliefs{{{0, 0, 0}, {1, 1, 20}, {1, 2, 30}, {-1, 1, 20}, {-1, 2, 30}}};
+constexpr std::array<Relief, 5> Reliefs{{{0, 0, 0}, {1, 1, 16}, {1, 2, 26}, {-1, 1, 16}, {-1, 2, 26}}};
 constexpr int LightPercent = 80;
 constexpr int CapitalPerDepth = 6; // the least height of capitals for each pixel of depth: small captions stay legible
 
