@@ -158,7 +158,13 @@ void ORLCombo::FillColors()
 
 QString ORLCombo::Text() const
 {
-    return currentText();
+    return m_unlisted.isEmpty() ? currentText() : m_unlisted;
+}
+
+void ORLCombo::ShowText(const QString& text)
+{
+    m_unlisted = text;
+    update();
 }
 
 int ORLCombo::ListCount() const
@@ -184,6 +190,7 @@ void ORLCombo::SetListIndex(int index)
         throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
     }
     setCurrentIndex(index);
+    ShowText(QString());
 }
 
 void ORLCombo::Fetch() const
@@ -193,6 +200,7 @@ void ORLCombo::Fetch() const
 
 void ORLCombo::Choose()
 {
+    ShowText(QString());
     if (!std::exchange(m_clicked, false)) Q_EMIT Click();
     Q_EMIT Change();
 }
@@ -245,11 +253,11 @@ void ORLCombo::paintEvent(QPaintEvent*)
     painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
 
     QRect text = rect().adjusted(TextMargin, 0, -ArrowWidth, 0);
-    const QIcon icon = itemIcon(currentIndex());
+    const QIcon icon = m_unlisted.isEmpty() ? itemIcon(currentIndex()) : QIcon();
     if (!icon.isNull()) {
         icon.paint(&painter, QRect(QPoint(text.left(), (height() - SwatchSize.height()) / 2), SwatchSize));
         text.setLeft(text.left() + SwatchSize.width() + 7);
     }
     painter.setPen(paper::Ink);
-    painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
+    painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(Text(), Qt::ElideRight, text.width()));
 }

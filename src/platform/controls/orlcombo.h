@@ -17,11 +17,13 @@ public:
     void FillFontSizes(); // plain integers, 6 to 72
     void FillColors();    // the sixteen names, each with its colour, and a blank one
 
-    QString Text() const;
+    QString Text() const; // what the box shows
     int ListCount() const;
     QString List(int index) const;
     int ListIndex() const;        // -1 for none
     void SetListIndex(int index); // by the program: raises no event
+    // By the program: shows a text that the list does not hold, until the next choice or SetListIndex. ListIndex stays.
+    void ShowText(const QString& text);
 
     void showPopup() override;
 
@@ -41,5 +43,6 @@ private:
     void DressList();
 
     QAbstractItemDelegate* m_rows = nullptr;
+    QString m_unlisted;     // shown in place of the entry, if not empty
     bool m_clicked = false; // whether Click was raised for the choice that is being made
 };
