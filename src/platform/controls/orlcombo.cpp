@@ -17,7 +17,9 @@ namespace {
 constexpr QSize SwatchSize{12, 12};
 constexpr int TextMargin = 9;
 constexpr int ArrowWidth = 24;
-constexpr int Height = 28;
+constexpr int SwatchGap = 7;
+constexpr int LeastHeight = 28;
+constexpr int LinePadding = 10; // above and below the text together
 
 constexpr int Sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
@@ -125,23 +127,21 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setStyle(style);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedHeight(Height);
     setIconSize(SwatchSize);
     setMaxVisibleItems(18);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // never looks through the entries
     setPlaceholderText(QStringLiteral(" ")); // with one, a box that is filled has no entry chosen yet
     connect(this, &QComboBox::activated, this, &ORLCombo::Choose);
 }
 
 void ORLCombo::FillFontNames()
 {
-    setMinimumContentsLength(15);
+    Reserve({.Usual = 18, .Least = 5});
     setModel(new FontNames(this));
 }
 
 void ORLCombo::FillFontSizes()
 {
-    setMinimumContentsLength(3);
+    Reserve({.Usual = 3, .Least = 2});
     clear();
     for (const int size : Sizes)
         addItem(QString::number(size));
@@ -149,11 +149,36 @@ void ORLCombo::FillFontSizes()
 
 void ORLCombo::FillColors()
 {
-    setMinimumContentsLength(8);
+    Reserve({.Usual = 8, .Least = 0, .Swatch = true});
     clear();
     for (const auto& [name, color] : Colors)
         addItem(QIcon(new Swatch(QColor(color))), name);
     addItem(QString());
+}
+
+void ORLCombo::Reserve(Room room)
+{
+    m_room = room;
+    updateGeometry();
+}
+
+// By the font alone: to look through the entries would cost start-up time.
+QSize ORLCombo::SizeFor(int digits) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    const int swatch = m_room.Swatch ? SwatchSize.width() + SwatchGap : 0;
+    return {TextMargin + swatch + digits * metrics.horizontalAdvance(u'0') + ArrowWidth,
+            std::max(LeastHeight, metrics.height() + LinePadding)};
+}
+
+QSize ORLCombo::sizeHint() const
+{
+    return SizeFor(m_room.Usual);
+}
+
+QSize ORLCombo::minimumSizeHint() const
+{
+    return SizeFor(m_room.Least);
 }
 
 QString ORLCombo::Text() const
@@ -256,7 +281,7 @@ void ORLCombo::paintEvent(QPaintEvent*)
     const QIcon icon = m_unlisted.isEmpty() ? itemIcon(currentIndex()) : QIcon();
     if (!icon.isNull()) {
         icon.paint(&painter, QRect(QPoint(text.left(), (height() - SwatchSize.height()) / 2), SwatchSize));
-        text.setLeft(text.left() + SwatchSize.width() + 7);
+        text.setLeft(text.left() + SwatchSize.width() + SwatchGap);
     }
     painter.setPen(paper::Ink);
     painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(Text(), Qt::ElideRight, text.width()));

@@ -25,6 +25,8 @@ public:
     // By the program: shows a text that the list does not hold, until the next choice or SetListIndex. ListIndex stays.
     void ShowText(const QString& text);
 
+    QSize sizeHint() const override;        // room for the usual entry
+    QSize minimumSizeHint() const override; // in a narrow bar; longer texts are cut off
     void showPopup() override;
 
 Q_SIGNALS:
@@ -41,8 +43,18 @@ private:
     void Fetch() const; // reads a list that was put off
     void Choose();
     void DressList();
+    QSize SizeFor(int digits) const;
+
+    struct Room // for an entry, the widths as so many digits
+    {
+        int Usual = 0;
+        int Least = 0;
+        bool Swatch = false;
+    };
+    void Reserve(Room room);
 
     QAbstractItemDelegate* m_rows = nullptr;
+    Room m_room;
     QString m_unlisted;     // shown in place of the entry, if not empty
     bool m_clicked = false; // whether Click was raised for the choice that is being made
 };

@@ -130,10 +130,10 @@ void Toolbar::AddSeparator()
     Row(*this)->insertWidget(Row(*this)->count() - 1, new Separator(this));
 }
 
-void Toolbar::AddPlaceholder(const QString& key, int width)
+void Toolbar::AddPlaceholder(const QString& key)
 {
     auto* placeholder = new QWidget(this);
-    placeholder->setFixedSize(width, ButtonSize.height());
+    placeholder->setFixedHeight(ButtonSize.height());
     Row(*this)->insertSpacing(Row(*this)->count() - 1, PlaceholderGap);
     Add(key, placeholder);
 }
@@ -169,6 +169,52 @@ QWidget& Toolbar::Placeholder(const QString& key) const
 QStringList Toolbar::Keys() const
 {
     return m_keys;
+}
+
+void Toolbar::Lay(const QString& key, QWidget* control)
+{
+    m_laid.push_back({&Item(key), control});
+    Fit();
+}
+
+void Toolbar::SetRoom(int width)
+{
+    m_room = width;
+    Fit();
+}
+
+// By how much the bar would be too wide if each control had what it wants.
+int Toolbar::Missing() const
+{
+    int width = layout()->minimumSize().width();
+    for (const auto& [place, control] : m_laid)
+        width += control->sizeHint().width() - place->minimumWidth();
+    return std::max(0, width - m_room);
+}
+
+void Toolbar::Fit()
+{
+    int missing = Missing();
+    for (auto laid = m_laid.rbegin(); laid != m_laid.rend(); ++laid) {
+        const QSize wanted = laid->Control->sizeHint();
+        const int given = std::min(missing, wanted.width() - laid->Control->minimumSizeHint().width());
+        missing -= given;
+        laid->Place->setFixedSize(wanted.width() - given, std::max(wanted.height(), ButtonSize.height()));
+    }
+    setFixedHeight(layout()->minimumSize().height());
+    layout()->activate();
+    for (const auto& [place, control] : m_laid) {
+        QRect area(QPoint(), QSize(place->width(), control->sizeHint().height()));
+        area.moveCenter(place->geometry().center());
+        control->setGeometry(area);
+    }
+}
+
+// What a control wants has changed, or a placeholder has.
+bool Toolbar::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) Fit();
+    return QWidget::event(event);
 }
 
 QSize Toolbar::sizeHint() const
