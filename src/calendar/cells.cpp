@@ -1,6 +1,6 @@
 #include "calendar/cells.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QIcon>
 

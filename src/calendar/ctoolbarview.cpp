@@ -50,6 +50,7 @@ void CToolbarView::ShowControl()
     ::SetVisible(m_tbTop, m_bVisible);
     if (!m_bVisible) return;
     const QRect client = m_tbTop.parentWidget()->rect();
+    m_tbTop.SetRoom(client.width());
     m_tbTop.setGeometry(0, m_iAlignment == AlignBottom ? client.height() - Height() : 0, client.width(), Height());
 }
 

@@ -197,7 +197,12 @@ void CellEditing::FollowCombos(const RichTextBox& box)
 {
     const ErrorTail tail(QLatin1StringView(" in MainForm, errTbDaySelChange"));
     tail([&] {
-        if (const auto name = box.SelFontName()) Choose(*m_bar.orlcmbFontname, IndexOf(*m_bar.orlcmbFontname, *name));
+        const auto name = box.SelFontName();
+        if (!name) return;
+        const int index = IndexOf(*m_bar.orlcmbFontname, *name);
+        // A note keeps the name of a font that is not installed here.
+        if (index < 0) m_bar.orlcmbFontname->ShowText(*name);
+        Choose(*m_bar.orlcmbFontname, index);
     });
     tail([&] {
         const auto size = box.SelFontSize();

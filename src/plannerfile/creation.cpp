@@ -56,6 +56,7 @@ bool Creation::ChooseName()
 {
     m_dialog.Flags = CommonDialog::HideReadOnly;
     m_dialog.DialogTitle = QStringLiteral("New Planner File");
+    m_dialog.AcceptText = QStringLiteral("&Create");
     m_dialog.InitDir.clear();
     m_dialog.Filter = messages::PlannerFilter;
     m_dialog.FilterIndex = 1;

@@ -6,13 +6,24 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+namespace {
+// Wide enough for the window manager to show a path of common length in the title, beside its buttons.
+int WidthForTitle(const QWidget& window)
+{
+    constexpr int Least = 328, Most = 640, Buttons = 100;
+    QFont titleFont = window.font();
+    titleFont.setBold(true);
+    return qBound(Least, QFontMetrics(titleFont).horizontalAdvance(window.windowTitle()) + Buttons, Most);
+}
+} // namespace
+
 OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
-    : QDialog(owner), m_opShared{new QRadioButton(QStringLiteral("Personal Planner")),
-                                 new QRadioButton(QStringLiteral("Shared Workgroup Planner (Network)"))}
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      m_opShared{new QRadioButton(QStringLiteral("Personal Planner")),
+                 new QRadioButton(QStringLiteral("Shared Workgroup Planner (Network)"))}
 {
     setObjectName(QStringLiteral("OpenAsForm"));
     setWindowTitle(QStringLiteral("Loading ") + plannerPath);
-    setWindowFlag(Qt::WindowCloseButtonHint, false);
 
     auto* frame = new QGroupBox(QStringLiteral("Open As ..."));
     frame->setObjectName(QStringLiteral("Frame3D2"));
@@ -34,8 +45,8 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     column->setSpacing(16);
     column->addWidget(frame);
     column->addWidget(btnOk, 0, Qt::AlignRight);
-    // Wide enough for the window manager to show a path of common length in the title.
-    setMinimumWidth(360);
+    column->setSizeConstraint(QLayout::SetFixedSize); // no window manager offers to maximise it then
+    frame->setMinimumWidth(WidthForTitle(*this));
     m_opShared[0]->setFocus();
 }
 

@@ -42,6 +42,7 @@ bool Opening::ChooseFile()
 {
     m_dialog.Flags = CommonDialog::HideReadOnly;
     m_dialog.DialogTitle = QStringLiteral("Open Planner File");
+    m_dialog.AcceptText.clear();
     m_dialog.InitDir.clear();
     m_dialog.Filter = messages::PlannerFilter;
     m_dialog.FilterIndex = 1;

@@ -1,11 +1,11 @@
 #include "shell/controls.h"
 
 #include "platform/controls/orlcombo.h"
-#include "platform/controls/paper.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
+#include "platform/look/paper.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -20,7 +20,7 @@ struct ToolbarRow
 {
     const char* key; // empty: a separator
     const char* tip;
-    int placeholderWidth = 0; // of a combo that is laid over it
+    bool isPlaceholder = false; // of a combo that is laid over it
 };
 
 constexpr ToolbarRow ToolbarRows[] = {
@@ -39,9 +39,9 @@ constexpr ToolbarRow ToolbarRows[] = {
     {"", ""},
     {"datediff", "Date Difference"},
     {"", ""},
-    {"cmbColor", "Font Color", 116},
-    {"cmbFontSize", "Font Size", 64},
-    {"cmbFontName", "Fonts", 176},
+    {"cmbColor", "Font Color", true},
+    {"cmbFontSize", "Font Size", true},
+    {"cmbFontName", "Fonts", true},
 };
 
 QString Icon(const char* name)
@@ -57,8 +57,8 @@ Toolbar* MakeToolbar(QWidget* client)
         const QString key = QString::fromLatin1(row.key);
         if (key.isEmpty()) {
             bar->AddSeparator();
-        } else if (row.placeholderWidth > 0) {
-            bar->AddPlaceholder(key, row.placeholderWidth);
+        } else if (row.isPlaceholder) {
+            bar->AddPlaceholder(key);
         } else {
             bar->AddButton(key, QString::fromLatin1(row.tip), Icon(row.key));
         }
@@ -73,10 +73,10 @@ ORLCombo* MakeCombo(Toolbar* bar, const char* name, const char* key)
     combo->setObjectName(QString::fromLatin1(name));
     for (const ToolbarRow& row : ToolbarRows) {
         if (QLatin1StringView(row.key) != QLatin1StringView(key)) continue;
-        combo->resize(row.placeholderWidth, combo->sizeHint().height());
         combo->setToolTip(QString::fromLatin1(row.tip));
         combo->setAccessibleName(QString::fromLatin1(row.tip));
     }
+    bar->Lay(QString::fromLatin1(key), combo);
     return combo;
 }
 

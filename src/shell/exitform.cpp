@@ -1,8 +1,8 @@
 #include "shell/exitform.h"
 
-#include "platform/controls/paper.h"
 #include "platform/controls/sspanel.h"
 #include "platform/desktop/doevents.h"
+#include "platform/look/paper.h"
 
 #include <QDeadlineTimer>
 #include <QGuiApplication>

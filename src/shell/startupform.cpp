@@ -1,10 +1,12 @@
 #include "shell/startupform.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
+
+#include <cmath>
 
 namespace {
 constexpr QSize SplashSize(420, 220);
@@ -14,8 +16,8 @@ void PaintLeaf(QPainter& painter, const QRectF& leaf)
 {
     painter.setPen(QPen(paper::Hairline, 1));
     painter.setBrush(paper::Paper);
-    painter.drawRoundedRect(leaf, 6, 6);
-    const QRectF band(leaf.left(), leaf.top(), leaf.width(), leaf.height() / 5);
+    painter.drawRoundedRect(leaf.adjusted(0.5, 0.5, -0.5, -0.5), 6, 6); // a line in the middle of its pixels is sharp
+    const QRectF band(leaf.left(), leaf.top(), leaf.width(), std::floor(leaf.height() / 5));
     painter.setBrush(paper::Accent);
     painter.setPen(Qt::NoPen);
     painter.drawRoundedRect(band, 6, 6);

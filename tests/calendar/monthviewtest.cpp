@@ -1,5 +1,5 @@
-#include "platform/controls/paper.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/look/paper.h"
 #include "platform/profile/profile.h"
 #include "program.h"
 

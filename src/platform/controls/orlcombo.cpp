@@ -1,6 +1,6 @@
 #include "platform/controls/orlcombo.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QAbstractItemView>
@@ -14,12 +14,14 @@
 #include <QWheelEvent>
 
 namespace {
-constexpr QSize g_swatchSize{12, 12};
-constexpr int g_textMargin = 9;
-constexpr int g_arrowWidth = 24;
-constexpr int g_height = 28;
+constexpr QSize SwatchSize{12, 12};
+constexpr int TextMargin = 9;
+constexpr int ArrowWidth = 24;
+constexpr int SwatchGap = 7;
+constexpr int LeastHeight = 28;
+constexpr int LinePadding = 10; // above and below the text together
 
-constexpr int g_sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
+constexpr int Sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
 struct NamedColor
 {
@@ -27,7 +29,7 @@ struct NamedColor
     QRgb Color;
 };
 // The spelling of "Fuschia" is part of the list: the choice is told by its name.
-constexpr NamedColor g_colors[] = {
+constexpr NamedColor Colors[] = {
     {QLatin1StringView("Black"), 0x000000},  {QLatin1StringView("Maroon"), 0x800000},
     {QLatin1StringView("Green"), 0x008000},  {QLatin1StringView("Olive"), 0x808000},
     {QLatin1StringView("Navy"), 0x000080},   {QLatin1StringView("Purple"), 0x800080},
@@ -37,7 +39,7 @@ constexpr NamedColor g_colors[] = {
     {QLatin1StringView("Blue"), 0x0000ff},   {QLatin1StringView("Fuschia"), 0xff00ff},
     {QLatin1StringView("Aqua"), 0x00ffff},   {QLatin1StringView("White"), 0xffffff},
 };
-static_assert(std::size(g_colors) == ORLCombo::BlankColor);
+static_assert(std::size(Colors) == ORLCombo::BlankColor);
 
 // A square of one colour, sharp at every pixel ratio.
 class Swatch : public QIconEngine
@@ -125,40 +127,69 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setStyle(style);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedHeight(g_height);
-    setIconSize(g_swatchSize);
+    setIconSize(SwatchSize);
     setMaxVisibleItems(18);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // never looks through the entries
     setPlaceholderText(QStringLiteral(" ")); // with one, a box that is filled has no entry chosen yet
     connect(this, &QComboBox::activated, this, &ORLCombo::Choose);
 }
 
 void ORLCombo::FillFontNames()
 {
-    setMinimumContentsLength(15);
+    Reserve({.Usual = 18, .Least = 5});
     setModel(new FontNames(this));
 }
 
 void ORLCombo::FillFontSizes()
 {
-    setMinimumContentsLength(3);
+    Reserve({.Usual = 3, .Least = 2});
     clear();
-    for (const int size : g_sizes)
+    for (const int size : Sizes)
         addItem(QString::number(size));
 }
 
 void ORLCombo::FillColors()
 {
-    setMinimumContentsLength(8);
+    Reserve({.Usual = 8, .Least = 0, .Swatch = true});
     clear();
-    for (const auto& [name, color] : g_colors)
+    for (const auto& [name, color] : Colors)
         addItem(QIcon(new Swatch(QColor(color))), name);
     addItem(QString());
 }
 
+void ORLCombo::Reserve(Room room)
+{
+    m_room = room;
+    updateGeometry();
+}
+
+// By the font alone: to look through the entries would cost start-up time.
+QSize ORLCombo::SizeFor(int digits) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    const int swatch = m_room.Swatch ? SwatchSize.width() + SwatchGap : 0;
+    return {TextMargin + swatch + digits * metrics.horizontalAdvance(u'0') + ArrowWidth,
+            std::max(LeastHeight, metrics.height() + LinePadding)};
+}
+
+QSize ORLCombo::sizeHint() const
+{
+    return SizeFor(m_room.Usual);
+}
+
+QSize ORLCombo::minimumSizeHint() const
+{
+    return SizeFor(m_room.Least);
+}
+
 QString ORLCombo::Text() const
 {
-    return currentText();
+    return m_unlisted.isEmpty() ? currentText() : m_unlisted;
+}
+
+void ORLCombo::ShowText(const QString& text)
+{
+    m_unlisted = text;
+    update();
 }
 
 int ORLCombo::ListCount() const
@@ -184,6 +215,7 @@ void ORLCombo::SetListIndex(int index)
         throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
     }
     setCurrentIndex(index);
+    ShowText(QString());
 }
 
 void ORLCombo::Fetch() const
@@ -193,6 +225,7 @@ void ORLCombo::Fetch() const
 
 void ORLCombo::Choose()
 {
+    ShowText(QString());
     if (!std::exchange(m_clicked, false)) Q_EMIT Click();
     Q_EMIT Change();
 }
@@ -241,15 +274,15 @@ void ORLCombo::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), 4, 4);
 
     painter.setPen(QPen(paper::SoftInk, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPointF tip(width() - g_arrowWidth / 2.0, height() / 2.0 + 2);
+    const QPointF tip(width() - ArrowWidth / 2.0, height() / 2.0 + 2);
     painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
 
-    QRect text = rect().adjusted(g_textMargin, 0, -g_arrowWidth, 0);
-    const QIcon icon = itemIcon(currentIndex());
+    QRect text = rect().adjusted(TextMargin, 0, -ArrowWidth, 0);
+    const QIcon icon = m_unlisted.isEmpty() ? itemIcon(currentIndex()) : QIcon();
     if (!icon.isNull()) {
-        icon.paint(&painter, QRect(QPoint(text.left(), (height() - g_swatchSize.height()) / 2), g_swatchSize));
-        text.setLeft(text.left() + g_swatchSize.width() + 7);
+        icon.paint(&painter, QRect(QPoint(text.left(), (height() - SwatchSize.height()) / 2), SwatchSize));
+        text.setLeft(text.left() + SwatchSize.width() + SwatchGap);
     }
     painter.setPen(paper::Ink);
-    painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
+    painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(Text(), Qt::ElideRight, text.width()));
 }

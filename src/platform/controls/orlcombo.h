@@ -17,12 +17,16 @@ public:
     void FillFontSizes(); // plain integers, 6 to 72
     void FillColors();    // the sixteen names, each with its colour, and a blank one
 
-    QString Text() const;
+    QString Text() const; // what the box shows
     int ListCount() const;
     QString List(int index) const;
     int ListIndex() const;        // -1 for none
     void SetListIndex(int index); // by the program: raises no event
+    // By the program: shows a text that the list does not hold, until the next choice or SetListIndex. ListIndex stays.
+    void ShowText(const QString& text);
 
+    QSize sizeHint() const override;        // room for the usual entry
+    QSize minimumSizeHint() const override; // in a narrow bar; longer texts are cut off
     void showPopup() override;
 
 Q_SIGNALS:
@@ -39,7 +43,18 @@ private:
     void Fetch() const; // reads a list that was put off
     void Choose();
     void DressList();
+    QSize SizeFor(int digits) const;
+
+    struct Room // for an entry, the widths as so many digits
+    {
+        int Usual = 0;
+        int Least = 0;
+        bool Swatch = false;
+    };
+    void Reserve(Room room);
 
     QAbstractItemDelegate* m_rows = nullptr;
+    Room m_room;
+    QString m_unlisted;     // shown in place of the entry, if not empty
     bool m_clicked = false; // whether Click was raised for the choice that is being made
 };

@@ -1,6 +1,6 @@
 #include "platform/controls/picturebutton.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QAccessibleWidget>
 #include <QIcon>
@@ -8,10 +8,10 @@
 #include <QPainter>
 
 namespace {
-constexpr int g_pictureSize = 24;
-constexpr QSize g_bareSize{34, 30};
-constexpr QSize g_captionPadding{20, 26}; // around the picture and the caption below it
-constexpr qreal g_radius = 6;
+constexpr int PictureSize = 24;
+constexpr QSize BareSize{34, 30};
+constexpr QSize CaptionPadding{20, 26}; // around the picture and the caption below it
+constexpr qreal Radius = 6;
 
 class PictureButtonAccess : public QAccessibleWidget
 {
@@ -92,14 +92,14 @@ void PictureButton::SetFramed(bool framed)
 
 QSize PictureButton::sizeHint() const
 {
-    if (m_caption.isEmpty()) return g_bareSize;
+    if (m_caption.isEmpty()) return BareSize;
     const QSize text(fontMetrics().horizontalAdvance(m_caption), fontMetrics().height());
-    return QSize(std::max(g_pictureSize, text.width()), g_pictureSize + text.height()) + g_captionPadding;
+    return QSize(std::max(PictureSize, text.width()), PictureSize + text.height()) + CaptionPadding;
 }
 
 QSize PictureButton::minimumSizeHint() const
 {
-    return {g_pictureSize + 4, g_pictureSize + 4};
+    return {PictureSize + 4, PictureSize + 4};
 }
 
 void PictureButton::Press()
@@ -180,7 +180,7 @@ const QPixmap& PictureButton::Picture(int element)
 {
     QPixmap& picture = m_pictures[std::size_t(element)];
     if (picture.isNull() || picture.devicePixelRatio() != devicePixelRatioF()) {
-        picture = QIcon(m_files[std::size_t(element)]).pixmap(QSize(g_pictureSize, g_pictureSize), devicePixelRatioF());
+        picture = QIcon(m_files[std::size_t(element)]).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF());
     }
     return picture;
 }
@@ -198,7 +198,7 @@ void PictureButton::PaintGround(QPainter& painter)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(line);
     painter.setBrush(ground);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), g_radius, g_radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Radius, Radius);
 }
 
 void PictureButton::paintEvent(QPaintEvent*)
@@ -209,11 +209,10 @@ void PictureButton::paintEvent(QPaintEvent*)
     if (!isEnabled()) painter.setOpacity(0.4);
     const int element = ShownElement();
     int textHeight = m_caption.isEmpty() ? 0 : fontMetrics().height() + 4;
-    if (height() < g_pictureSize + textHeight + 4) textHeight = 0;
-    const int top = (height() - g_pictureSize - textHeight) / 2;
-    painter.drawPixmap((width() - g_pictureSize) / 2, top, Picture(element));
+    if (height() < PictureSize + textHeight + 4) textHeight = 0;
+    const int top = (height() - PictureSize - textHeight) / 2;
+    painter.drawPixmap((width() - PictureSize) / 2, top, Picture(element));
     if (textHeight == 0) return;
     painter.setPen(element == 1 ? paper::Accent : paper::SoftInk);
-    painter.drawText(QRect(0, top + g_pictureSize + 4, width(), textHeight), Qt::AlignHCenter | Qt::AlignTop,
-                     m_caption);
+    painter.drawText(QRect(0, top + PictureSize + 4, width(), textHeight), Qt::AlignHCenter | Qt::AlignTop, m_caption);
 }

@@ -1,6 +1,6 @@
 #include "platform/controls/sspanel.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,17 +9,18 @@
 #include <array>
 
 namespace {
-constexpr int g_frameWidth = 2;
+constexpr int FrameWidth = 2;
 
 // The shadow falls down and to the right of a raised caption, up and to the left of an inset one; the light opposite.
 struct Relief
 {
     int direction;
-    int depth; // device pixels
+    int depth;  // logical pixels
+    int shadow; // percent of the way from paper to black ink, at one pixel; farther off it thins out
 };
-constexpr std::array<Relief, 5> g_reliefs{{{0, 0}, {1, 1}, {1, 2}, {-1, 1}, {-1, 2}}};
-constexpr int g_shadowPercent = 26; // at one pixel; farther off it thins out, so that small captions stay legible
-constexpr int g_lightPercent = 80;
+constexpr std::array<Relief, 5> Reliefs{{{0, 0, 0}, {1, 1, 16}, {1, 2, 26}, {-1, 1, 16}, {-1, 2, 26}}};
+constexpr int LightPercent = 80;
+constexpr int CapitalPerDepth = 6; // the least height of capitals for each pixel of depth: small captions stay legible
 
 QColor FromBgr(std::uint32_t color)
 {
@@ -38,11 +39,11 @@ int Baseline(int row, int height, const QFontMetrics& metrics)
     const int capital = metrics.capHeight();
     switch (row) {
     case 0:
-        return std::max((paper::CaptionBand + capital + 1) / 2, capital + g_frameWidth + 1);
+        return std::max((paper::CaptionBand + capital + 1) / 2, capital + FrameWidth + 1);
     case 1:
         return (height + capital) / 2;
     default:
-        return height - metrics.descent() - g_frameWidth;
+        return height - metrics.descent() - FrameWidth;
     }
 }
 
@@ -82,7 +83,7 @@ void SSPanel::SetCaptionAlignment(int alignment)
 
 void SSPanel::SetFont3D(int effect)
 {
-    if (effect < 0 || effect >= int(g_reliefs.size())) effect = 0;
+    if (effect < 0 || effect >= int(Reliefs.size())) effect = 0;
     if (effect == m_font3D) return;
     m_font3D = effect;
     update();
@@ -150,7 +151,7 @@ void SSPanel::Arrange()
     const int textWidth = metrics.horizontalAdvance(m_shown);
     m_origin = {Start(m_alignment / 3, width(), textWidth), Baseline(m_alignment % 3, height(), metrics)};
     m_captionArea = QRect(m_origin.x(), m_origin.y() - metrics.ascent(), textWidth, metrics.height())
-                        .adjusted(-metrics.height(), -g_frameWidth, metrics.height(), g_frameWidth);
+                        .adjusted(-metrics.height(), -FrameWidth, metrics.height(), FrameWidth);
     m_arranged = true;
 }
 
@@ -174,24 +175,29 @@ void SSPanel::PaintLines(QPainter& painter) const
     }
     const QColor frame = m_active ? paper::Accent : m_frame;
     if (!frame.isValid()) return;
-    painter.setPen(QPen(frame, g_frameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setPen(QPen(frame, FrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 void SSPanel::PaintCaption(QPainter& painter) const
 {
     painter.setFont(m_font);
-    const auto draw = [&](const QColor& color, int devicePixels) {
-        const qreal offset = devicePixels / devicePixelRatioF();
+    const auto draw = [&](const QColor& color, qreal offset) {
         painter.setPen(color);
         painter.drawText(QPointF(m_origin) + QPointF(offset, offset), m_shown);
     };
-    const Relief relief = g_reliefs[std::size_t(m_font3D)];
-    for (int distance = relief.depth; distance > 0; --distance) {
-        draw(Mixed(m_paper, Qt::black, g_shadowPercent / distance), relief.direction * distance);
-        draw(Mixed(m_paper, Qt::white, g_lightPercent / distance), -relief.direction * distance);
+    const Relief relief = Reliefs[std::size_t(m_font3D)];
+    const QColor ink = FromBgr(m_foreColor);
+    // The paler the ink, the paler what it throws: beside grey text a black shadow would be a second text.
+    const int contrast = std::max(0, qGray(m_paper.rgb()) - qGray(ink.rgb()));
+    const int depth = std::min(relief.depth, painter.fontMetrics().capHeight() / CapitalPerDepth);
+    for (int step = qRound(depth * devicePixelRatioF()); step > 0; --step) {
+        const qreal distance = step / devicePixelRatioF();
+        const qreal strength = contrast / 255.0 / std::max(distance, 1.0);
+        draw(Mixed(m_paper, ink, int(relief.shadow * strength)), relief.direction * distance);
+        draw(Mixed(m_paper, Qt::white, int(LightPercent * strength)), -relief.direction * distance);
     }
-    draw(FromBgr(m_foreColor), 0);
+    draw(ink, 0);
 }
 
 void SSPanel::mousePressEvent(QMouseEvent* event)

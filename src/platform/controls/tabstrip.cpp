@@ -1,6 +1,6 @@
 #include "platform/controls/tabstrip.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QPainter>
 #include <QTabBar>

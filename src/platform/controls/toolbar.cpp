@@ -1,6 +1,6 @@
 #include "platform/controls/toolbar.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QApplication>
@@ -10,30 +10,24 @@
 #include <QPainter>
 
 namespace {
-constexpr int g_elementNotFound = 35601;
-constexpr QSize g_buttonSize{32, 30};
-constexpr QSize g_pictureSize{20, 20};
-constexpr QMargins g_margins{8, 5, 8, 5};
-constexpr int g_spacing = 2;
-constexpr int g_separatorGap = 5; // on each side of its line
-constexpr int g_placeholderGap = 4;
-constexpr qreal g_radius = 4;
-constexpr QColor g_band{0xf8, 0xf6, 0xf1};
-constexpr QColor g_mixedGround{0xe4, 0xe2, 0xdd};
-constexpr QColor g_mixedDots{0xb4, 0xb3, 0xaf};
+constexpr int ElementNotFound = 35601;
+constexpr QSize ButtonSize{32, 30};
+constexpr QSize PictureSize{20, 20};
+constexpr QMargins Margins{8, 5, 8, 5};
+constexpr int Spacing = 2;
+constexpr int SeparatorGap = 5; // on each side of its line
+constexpr int PlaceholderGap = 4;
+constexpr qreal Radius = 4;
 
 class Separator : public QWidget
 {
 public:
-    explicit Separator(QWidget* parent) : QWidget(parent)
-    {
-        setFixedSize(2 * g_separatorGap + 1, g_buttonSize.height());
-    }
+    explicit Separator(QWidget* parent) : QWidget(parent) { setFixedSize(2 * SeparatorGap + 1, ButtonSize.height()); }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter(this).fillRect(g_separatorGap, 2, 1, height() - 4, paper::Hairline);
+        QPainter(this).fillRect(SeparatorGap, 2, 1, height() - 4, paper::Hairline);
     }
 };
 
@@ -47,7 +41,7 @@ ToolbarButton::ToolbarButton(QWidget* parent) : QToolButton(parent)
 {
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedSize(g_buttonSize);
+    setFixedSize(ButtonSize);
 }
 
 void ToolbarButton::SetValue(int value)
@@ -74,7 +68,7 @@ void ToolbarButton::keyPressEvent(QKeyEvent* event)
 const QPixmap& ToolbarButton::Picture()
 {
     if (m_picture.isNull() || m_picture.devicePixelRatio() != devicePixelRatioF()) {
-        m_picture = QIcon(m_file).pixmap(g_pictureSize, devicePixelRatioF());
+        m_picture = QIcon(m_file).pixmap(PictureSize, devicePixelRatioF());
     }
     return m_picture;
 }
@@ -84,20 +78,20 @@ void ToolbarButton::PaintGround(QPainter& painter) const
     const bool touched = isEnabled() && underMouse();
     QColor ground = touched ? paper::Band : QColor(Qt::transparent);
     if (m_value == 1) ground = touched ? paper::AccentTint.darker(105) : paper::AccentTint;
-    if (m_mixed) ground = g_mixedGround;
+    if (m_mixed) ground = paper::MixedGround;
     if (isDown()) ground = ground.alpha() == 0 ? paper::Hairline : ground.darker(110);
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
-    painter.drawRoundedRect(area, g_radius, g_radius);
+    painter.drawRoundedRect(area, Radius, Radius);
     if (m_mixed) {
-        painter.setBrush(QBrush(g_mixedDots, Qt::Dense6Pattern));
-        painter.drawRoundedRect(area, g_radius, g_radius);
+        painter.setBrush(QBrush(paper::MixedDots, Qt::Dense6Pattern));
+        painter.drawRoundedRect(area, Radius, Radius);
     }
     if (hasFocus()) {
         painter.setPen(QPen(paper::Accent, 2));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), g_radius, g_radius);
+        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
     }
 }
 
@@ -108,17 +102,17 @@ void ToolbarButton::paintEvent(QPaintEvent*)
     PaintGround(painter);
     if (!isEnabled()) painter.setOpacity(0.35);
     const QPixmap& picture = Picture();
-    painter.drawPixmap((width() - g_pictureSize.width()) / 2, (height() - g_pictureSize.height()) / 2, picture);
+    painter.drawPixmap((width() - PictureSize.width()) / 2, (height() - PictureSize.height()) / 2, picture);
 }
 
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent)
 {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(g_margins);
-    row->setSpacing(g_spacing);
+    row->setContentsMargins(Margins);
+    row->setSpacing(Spacing);
     row->addStretch();
     row->setSizeConstraint(QLayout::SetMinimumSize); // a narrow window cuts the bar off, it never piles up its buttons
-    setFixedHeight(g_margins.top() + g_buttonSize.height() + g_margins.bottom());
+    setFixedHeight(Margins.top() + ButtonSize.height() + Margins.bottom());
 }
 
 void Toolbar::AddButton(const QString& key, const QString& tip, const QString& icon)
@@ -136,11 +130,11 @@ void Toolbar::AddSeparator()
     Row(*this)->insertWidget(Row(*this)->count() - 1, new Separator(this));
 }
 
-void Toolbar::AddPlaceholder(const QString& key, int width)
+void Toolbar::AddPlaceholder(const QString& key)
 {
     auto* placeholder = new QWidget(this);
-    placeholder->setFixedSize(width, g_buttonSize.height());
-    Row(*this)->insertSpacing(Row(*this)->count() - 1, g_placeholderGap);
+    placeholder->setFixedHeight(ButtonSize.height());
+    Row(*this)->insertSpacing(Row(*this)->count() - 1, PlaceholderGap);
     Add(key, placeholder);
 }
 
@@ -155,14 +149,14 @@ void Toolbar::Add(const QString& key, QWidget* item)
 QWidget& Toolbar::Item(const QString& key) const
 {
     const auto found = m_items.find(key);
-    if (found == m_items.end()) throw RunTimeError{g_elementNotFound, QStringLiteral("Element not found")};
+    if (found == m_items.end()) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
     return *found->second;
 }
 
 ToolbarButton& Toolbar::Buttons(const QString& key) const
 {
     auto* button = qobject_cast<ToolbarButton*>(&Item(key));
-    if (!button) throw RunTimeError{g_elementNotFound, QStringLiteral("Element not found")};
+    if (!button) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
     return *button;
 }
 
@@ -177,6 +171,52 @@ QStringList Toolbar::Keys() const
     return m_keys;
 }
 
+void Toolbar::Lay(const QString& key, QWidget* control)
+{
+    m_laid.push_back({&Item(key), control});
+    Fit();
+}
+
+void Toolbar::SetRoom(int width)
+{
+    m_room = width;
+    Fit();
+}
+
+// By how much the bar would be too wide if each control had what it wants.
+int Toolbar::Missing() const
+{
+    int width = layout()->minimumSize().width();
+    for (const auto& [place, control] : m_laid)
+        width += control->sizeHint().width() - place->minimumWidth();
+    return std::max(0, width - m_room);
+}
+
+void Toolbar::Fit()
+{
+    int missing = Missing();
+    for (auto laid = m_laid.rbegin(); laid != m_laid.rend(); ++laid) {
+        const QSize wanted = laid->Control->sizeHint();
+        const int given = std::min(missing, wanted.width() - laid->Control->minimumSizeHint().width());
+        missing -= given;
+        laid->Place->setFixedSize(wanted.width() - given, std::max(wanted.height(), ButtonSize.height()));
+    }
+    setFixedHeight(layout()->minimumSize().height());
+    layout()->activate();
+    for (const auto& [place, control] : m_laid) {
+        QRect area(QPoint(), QSize(place->width(), control->sizeHint().height()));
+        area.moveCenter(place->geometry().center());
+        control->setGeometry(area);
+    }
+}
+
+// What a control wants has changed, or a placeholder has.
+bool Toolbar::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) Fit();
+    return QWidget::event(event);
+}
+
 QSize Toolbar::sizeHint() const
 {
     return layout()->sizeHint();
@@ -185,7 +225,7 @@ QSize Toolbar::sizeHint() const
 void Toolbar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), g_band);
+    painter.fillRect(rect(), paper::LightBand);
     // Both edges: the bar stands below the menu or above the window's lower edge.
     painter.fillRect(0, 0, width(), 1, paper::Hairline);
     painter.fillRect(0, height() - 1, width(), 1, paper::Hairline);

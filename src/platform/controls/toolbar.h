@@ -9,6 +9,7 @@
 
 #include <map>
 #include <optional>
+#include <vector>
 
 class ToolbarButton : public QToolButton
 {
@@ -48,8 +49,12 @@ public:
     // Buttons stand in the order of these calls. icon is an SVG picture of the resources.
     void AddButton(const QString& key, const QString& tip, const QString& icon);
     void AddSeparator();
-    // Room for another control, which is laid over it: an empty widget of the given width in logical pixels.
-    void AddPlaceholder(const QString& key, int width);
+    void AddPlaceholder(const QString& key); // room for another control: an empty widget
+    // Lays a control of the bar over its placeholder for good, as wide as it wants to be.
+    void Lay(const QString& key, QWidget* control);
+    // The width that the bar has. Where its controls want more they give way, the rightmost first, each down to its
+    // least width; a bar that is still too wide is cut off on the right.
+    void SetRoom(int width);
 
     ToolbarButton& Buttons(const QString& key) const; // 35601 if there is none
     QWidget& Placeholder(const QString& key) const;   // 35601; its geometry is up to date, shown or not
@@ -63,6 +68,7 @@ Q_SIGNALS:
     void Dropped(const QPoint& parentPosition);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -72,11 +78,20 @@ protected:
 private:
     void Add(const QString& key, QWidget* item);
     QWidget& Item(const QString& key) const;
+    void Fit();
+    int Missing() const;
     void BeginDrag();
     void EndDrag();
 
     QStringList m_keys;
     std::map<QString, QWidget*> m_items;
+    struct Laid
+    {
+        QWidget* Place;
+        QWidget* Control;
+    };
+    std::vector<Laid> m_laid;
+    int m_room = QWIDGETSIZE_MAX;
     std::optional<QPoint> m_pressed; // where the mouse went down on a free area
     QPointer<QRubberBand> m_outline; // shows where the bar would go; there only while it is dragged
 };

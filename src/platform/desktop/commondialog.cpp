@@ -10,11 +10,12 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTreeView>
 
 namespace {
-constexpr int invalidProcedureCall = 5;
+constexpr int InvalidProcedureCall = 5;
 
 // A name typed in other letter case means the file that is there, as it does everywhere in the program.
 class OpenDialog : public QFileDialog
@@ -66,12 +67,14 @@ void Enlarge(QFileDialog& dialog)
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
+    constexpr int Places = 160; // its own width cuts off the names of folders
+    if (auto* const halves = dialog.findChild<QSplitter*>()) halves->setSizes({Places, dialog.width() - Places});
 }
 } // namespace
 
 void CommonDialog::Action(int action)
 {
-    if (action != 1) throw RunTimeError{invalidProcedureCall, QStringLiteral("Invalid procedure call")};
+    if (action != 1) throw RunTimeError{InvalidProcedureCall, QStringLiteral("Invalid procedure call")};
     ShowOpen();
 }
 
@@ -84,6 +87,7 @@ void CommonDialog::ShowOpen()
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode((Flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!AcceptText.isEmpty()) dialog->setLabelText(QFileDialog::Accept, AcceptText);
     dialog->setWindowTitle(DialogTitle.isEmpty() ? QStringLiteral("Open") : DialogTitle);
     dialog->setNameFilters(filters);
     dialog->selectNameFilter(filters[qBound(1, FilterIndex, int(filters.size())) - 1]);

@@ -16,6 +16,7 @@ public:
 
     int Flags = 0;
     QString DialogTitle;
+    QString AcceptText;  // of the button that takes the choice; empty: "Open"
     QString InitDir;     // empty: where the last use ended, at first the user's documents
     QString Filter;      // "Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"
     int FilterIndex = 1; // from 1

@@ -20,7 +20,7 @@ struct Button
 };
 
 // By answer, from 1.
-constexpr std::array<Button, 8> buttons{{
+constexpr std::array<Button, 8> Buttons{{
     {QMessageBox::NoButton, QLatin1StringView("")},
     {QMessageBox::Ok, QLatin1StringView("OK")},
     {QMessageBox::Cancel, QLatin1StringView("Cancel")},
@@ -55,13 +55,13 @@ const ButtonSet& ButtonSetOf(int style)
 
 QMessageBox::Icon IconOf(int style)
 {
-    static constexpr std::array icons{QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question,
+    static constexpr std::array Icons{QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question,
                                       QMessageBox::Warning, QMessageBox::Information};
     const std::size_t index = std::size_t(style >> 4 & 7);
-    return index < icons.size() ? icons[index] : QMessageBox::NoIcon;
+    return index < Icons.size() ? Icons[index] : QMessageBox::NoIcon;
 }
 
-constexpr qsizetype longestText = 1200; // more would push the buttons off the screen; the box then unfolds the rest
+constexpr qsizetype LongestText = 1200; // more would push the buttons off the screen; the box then unfolds the rest
 
 // A path without blanks can be longer than the box is wide, so it gets invisible places to break.
 QString Breakable(QString text)
@@ -74,8 +74,8 @@ void Fill(QMessageBox& box, const QString& text, int style, const QString& title
 {
     box.setWindowTitle(title.isEmpty() ? QStringLiteral("Orrelin") : title);
     box.setTextFormat(Qt::PlainText);
-    const bool fits = text.size() <= longestText;
-    box.setText(Breakable(fits ? text : text.left(longestText) + u'\u2026'));
+    const bool fits = text.size() <= LongestText;
+    box.setText(Breakable(fits ? text : text.left(LongestText) + u'\u2026'));
     if (!fits) box.setDetailedText(text);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setIcon(IconOf(style));
@@ -84,7 +84,7 @@ void Fill(QMessageBox& box, const QString& text, int style, const QString& title
     const ButtonSet& set = ButtonSetOf(style);
     const std::size_t defaultIndex = std::size_t(style >> 8 & 3);
     for (std::size_t i = 0; i < set.Answers.size(); ++i) {
-        const Button& button = buttons[std::size_t(set.Answers[i])];
+        const Button& button = Buttons[std::size_t(set.Answers[i])];
         QPushButton* const made = box.addButton(button.Standard);
         made->setText(button.Caption);
         if (i == 0 || i == defaultIndex) box.setDefaultButton(made);
@@ -94,8 +94,8 @@ void Fill(QMessageBox& box, const QString& text, int style, const QString& title
 
 int AnswerOf(int standardButton, int otherwise)
 {
-    for (std::size_t answer = 1; answer < buttons.size(); ++answer) {
-        if (buttons[answer].Standard == standardButton) return int(answer);
+    for (std::size_t answer = 1; answer < Buttons.size(); ++answer) {
+        if (Buttons[answer].Standard == standardButton) return int(answer);
     }
     return otherwise;
 }

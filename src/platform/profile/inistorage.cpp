@@ -12,8 +12,8 @@
 #include <unistd.h>
 
 namespace {
-constexpr qint64 largestFile = 64 * 1024 * 1024;
-constexpr int longestWait = 2000; // milliseconds
+constexpr qint64 LargestFile = 64 * 1024 * 1024;
+constexpr int LongestWait = 2000; // milliseconds
 
 class Descriptor
 {
@@ -33,8 +33,8 @@ private:
 
 // The bytes of the lock file that are locked. Who waits for the turn holds the queue, so that a process which writes
 // without a pause cannot come in between again and again.
-constexpr off_t turn = 0;
-constexpr off_t queue = 1;
+constexpr off_t Turn = 0;
+constexpr off_t Queue = 1;
 
 int SetLock(const Descriptor& file, short type, off_t byte)
 {
@@ -62,9 +62,9 @@ bool WaitFor(const Descriptor& file, off_t byte, const QDeadlineTimer& until)
 // processes could hold locks on two files of one name.
 bool Lock(const Descriptor& file)
 {
-    const QDeadlineTimer until(longestWait);
-    if (file.Number() < 0 || !WaitFor(file, queue, until) || !WaitFor(file, turn, until)) return false;
-    SetLock(file, F_UNLCK, queue);
+    const QDeadlineTimer until(LongestWait);
+    if (file.Number() < 0 || !WaitFor(file, Queue, until) || !WaitFor(file, Turn, until)) return false;
+    SetLock(file, F_UNLCK, Queue);
     return true;
 }
 
@@ -104,7 +104,7 @@ std::optional<QByteArray> inistorage::Read(const QString& path)
     const bool isThere = ::stat(QFile::encodeName(path).constData(), &found) == 0;
     if (!isThere) return errno == ENOENT ? std::optional(QByteArray("")) : std::nullopt;
     // A pipe would wait for its writer as soon as it is opened.
-    if (!S_ISREG(found.st_mode) || found.st_size > largestFile) return std::nullopt;
+    if (!S_ISREG(found.st_mode) || found.st_size > LargestFile) return std::nullopt;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
     const QByteArray text = file.readAll();

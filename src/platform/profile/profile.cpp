@@ -35,7 +35,7 @@ struct Held
     std::vector<Change> Batch; // held back
 };
 
-constexpr qint64 slowestTick = 100'000'000; // nanoseconds
+constexpr qint64 SlowestTick = 100'000'000; // nanoseconds
 
 QHash<QString, Held> g_held; // by path
 
@@ -60,7 +60,7 @@ void Refresh(Held& held, const QString& path, const inistorage::Identity& identi
     Apply(held.File, held.Batch);
     held.Identity = identity;
     held.Settled = identity == inistorage::Identity() ||
-                   std::abs(QDateTime::currentMSecsSinceEpoch() * 1'000'000 - identity.Modified) > slowestTick;
+                   std::abs(QDateTime::currentMSecsSinceEpoch() * 1'000'000 - identity.Modified) > SlowestTick;
 }
 
 Held& HeldOf(const QString& path)

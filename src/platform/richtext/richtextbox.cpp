@@ -1,5 +1,6 @@
 #include "platform/richtext/richtextbox.h"
 
+#include "platform/look/paper.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
@@ -17,9 +18,9 @@
 #include <algorithm>
 
 namespace {
-constexpr double g_documentMargin = 1;
-constexpr double g_tabStop = 48; // half an inch, as notes of other programs have it
-constexpr Qt::TextInteractionFlags g_lockedFlags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+constexpr double DocumentMargin = 1;
+constexpr double TabStop = 48; // half an inch, as notes of other programs have it
+constexpr Qt::TextInteractionFlags LockedFlags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
 
 // A note lies on paper whatever the desktop's theme.
 const QPalette& NotePalette()
@@ -27,8 +28,11 @@ const QPalette& NotePalette()
     static const QPalette palette = [] {
         QPalette made;
         made.setColor(QPalette::Text, Qt::black);
-        made.setColor(QPalette::Highlight, QColor(0x2f, 0x6d, 0xb5));
+        made.setColor(QPalette::Highlight, paper::Accent);
         made.setColor(QPalette::HighlightedText, Qt::white);
+        // Notes keep their selections when they are left; one in full colour among them is the one that is typed into.
+        made.setColor(QPalette::Inactive, QPalette::Highlight, paper::PaleSelection);
+        made.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
         return made;
     }();
     return palette;
@@ -54,9 +58,9 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &RichTextBox::FollowScrollRange);
     FollowScrollRange();
     setTabChangesFocus(true);
-    setTabStopDistance(g_tabStop);
+    setTabStopDistance(TabStop);
     BeginSetting();
-    document()->setDocumentMargin(g_documentMargin); // counts as a change of content
+    document()->setDocumentMargin(DocumentMargin); // counts as a change of content
     EndSetting();
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
@@ -152,7 +156,7 @@ void RichTextBox::SetLocked(bool locked)
 {
     if (locked == Locked()) return;
     if (locked) CommitPreedit();
-    setTextInteractionFlags(locked ? g_lockedFlags : Qt::TextEditorInteraction);
+    setTextInteractionFlags(locked ? LockedFlags : Qt::TextEditorInteraction);
     setAttribute(Qt::WA_InputMethodEnabled, !locked);
 }
 

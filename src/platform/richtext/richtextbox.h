@@ -104,6 +104,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -134,6 +135,7 @@ private:
     void PassToViewport(const QMouseEvent& event);
     bool AdmitsKey(const QString& text);
     bool AdmitsPaste();
+    int CutHeight() const;
 
     std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while unmodified
     bool m_blank = true;                       // nothing but blanks, empty lines and pictures

@@ -6,9 +6,9 @@
 #include <array>
 
 namespace {
-constexpr double g_largestFont = 1638; // points; the largest that other programs read
-constexpr std::array<Qt::Alignment, 3> g_alignments{Qt::AlignLeft | Qt::AlignAbsolute,
-                                                    Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
+constexpr double LargestFont = 1638; // points; the largest that other programs read
+constexpr std::array<Qt::Alignment, 3> Alignments{Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
+                                                  Qt::AlignHCenter};
 
 [[noreturn]] void RaiseInvalidValue()
 {
@@ -17,7 +17,7 @@ constexpr std::array<Qt::Alignment, 3> g_alignments{Qt::AlignLeft | Qt::AlignAbs
 
 void CheckFontSize(double points)
 {
-    if (!(points > 0 && points <= g_largestFont)) RaiseInvalidValue();
+    if (!(points > 0 && points <= LargestFont)) RaiseInvalidValue();
 }
 } // namespace
 
@@ -181,9 +181,9 @@ void RichTextBox::SetSelColor(std::uint32_t color)
 
 void RichTextBox::SetSelAlignment(int alignment)
 {
-    if (alignment < 0 || alignment >= int(g_alignments.size())) RaiseInvalidValue();
+    if (alignment < 0 || alignment >= int(Alignments.size())) RaiseInvalidValue();
     QTextBlockFormat format;
-    format.setAlignment(g_alignments[std::size_t(alignment)]);
+    format.setAlignment(Alignments[std::size_t(alignment)]);
     QTextCursor cursor = textCursor();
     cursor.mergeBlockFormat(format);
 }

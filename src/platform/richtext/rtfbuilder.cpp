@@ -8,11 +8,11 @@
 namespace {
 
 // A document keeps two noncharacters for the borders of its frames, and ends paragraphs at the others but the NUL.
-constexpr QStringView g_unholdable = u"\n\r\u2029\uFDD0\uFDD1";
+constexpr QStringView Unholdable = u"\n\r\u2029\uFDD0\uFDD1";
 
 bool IsHoldable(QChar character)
 {
-    return !character.isNull() && !g_unholdable.contains(character);
+    return !character.isNull() && !Unholdable.contains(character);
 }
 
 bool IsLineEnd(QChar character)

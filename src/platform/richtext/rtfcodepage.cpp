@@ -15,7 +15,7 @@ struct Charset
     int codePage;
 };
 
-constexpr Charset g_charsets[] = {
+constexpr Charset Charsets[] = {
     {0, 1252},   {2, 1252},   {77, 10000}, {78, 932},   {128, 932},  {129, 949},  {130, 949},
     {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256},
     {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
@@ -28,7 +28,7 @@ struct CodePage
     bool takesSeveralBytes = false;
 };
 
-constexpr CodePage g_codePages[] = {
+constexpr CodePage CodePages[] = {
     {1252, "windows-1252"},     {437, "ibm-437"},           {720, "ibm-720"},
     {737, "ibm-737"},           {775, "ibm-775"},           {850, "ibm-850"},
     {852, "ibm-852"},           {855, "ibm-855"},           {857, "ibm-857"},
@@ -46,8 +46,8 @@ constexpr CodePage g_codePages[] = {
 
 const CodePage& PageOf(int number)
 {
-    const auto found = std::ranges::find(g_codePages, number, &CodePage::number);
-    return found == std::end(g_codePages) ? g_codePages[0] : *found;
+    const auto found = std::ranges::find(CodePages, number, &CodePage::number);
+    return found == std::end(CodePages) ? CodePages[0] : *found;
 }
 
 using UpperHalf = std::array<char16_t, 128>;
@@ -81,8 +81,8 @@ bool IsAscii(char byte)
 
 int CodePageOfCharset(int charset)
 {
-    const auto found = std::ranges::find(g_charsets, charset, &Charset::number);
-    return found == std::end(g_charsets) ? 0 : found->codePage;
+    const auto found = std::ranges::find(Charsets, charset, &Charset::number);
+    return found == std::end(Charsets) ? 0 : found->codePage;
 }
 
 QString DecodeRtfBytes(QByteArrayView bytes, int codePage)

@@ -11,18 +11,18 @@
 
 namespace {
 
-constexpr double g_twipsInPixel = 15;
-constexpr double g_lineUnits = 240; // of one line, where the spacing counts lines
-constexpr int g_maximumSpacing = 31680;
+constexpr double TwipsInPixel = 15;
+constexpr double LineUnits = 240; // of one line, where the spacing counts lines
+constexpr int MaximumSpacing = 31680;
 
 double ToPixels(int twips)
 {
-    return twips / g_twipsInPixel;
+    return twips / TwipsInPixel;
 }
 
 int ToTwips(double pixels)
 {
-    return qRound(std::clamp(pixels, -1e6, 1e6) * g_twipsInPixel);
+    return qRound(std::clamp(pixels, -1e6, 1e6) * TwipsInPixel);
 }
 
 struct BlockMeasure
@@ -31,7 +31,7 @@ struct BlockMeasure
     RtfParagraph::Measure measure;
 };
 
-constexpr BlockMeasure g_blockMeasures[] = {
+constexpr BlockMeasure BlockMeasures[] = {
     {QTextFormat::BlockLeftMargin, RtfParagraph::Left},    {QTextFormat::BlockRightMargin, RtfParagraph::Right},
     {QTextFormat::TextIndent, RtfParagraph::First},        {QTextFormat::BlockTopMargin, RtfParagraph::Before},
     {QTextFormat::BlockBottomMargin, RtfParagraph::After},
@@ -62,7 +62,7 @@ void SetLineHeight(QTextBlockFormat& format, const RtfParagraph& paragraph)
     const int spacing = paragraph.lineSpacing;
     if (spacing == 0) return;
     if (paragraph.isLineMultiple)
-        format.setLineHeight(std::abs(spacing) * 100 / g_lineUnits, QTextBlockFormat::ProportionalHeight);
+        format.setLineHeight(std::abs(spacing) * 100 / LineUnits, QTextBlockFormat::ProportionalHeight);
     else
         format.setLineHeight(ToPixels(std::abs(spacing)),
                              spacing > 0 ? QTextBlockFormat::MinimumHeight : QTextBlockFormat::FixedHeight);
@@ -73,22 +73,22 @@ void TakeLineHeight(RtfParagraph& paragraph, const QTextBlockFormat& format)
     const double height = format.lineHeight();
     const int type = format.lineHeightType();
     paragraph.isLineMultiple = type == QTextBlockFormat::ProportionalHeight;
-    const int spacing = paragraph.isLineMultiple ? qRound(std::clamp(height, 0.0, 1e6) * g_lineUnits / 100)
+    const int spacing = paragraph.isLineMultiple ? qRound(std::clamp(height, 0.0, 1e6) * LineUnits / 100)
                         : type == QTextBlockFormat::MinimumHeight || type == QTextBlockFormat::FixedHeight
                             ? ToTwips(height)
                             : 0;
-    paragraph.lineSpacing = std::clamp(spacing, 0, g_maximumSpacing);
+    paragraph.lineSpacing = std::clamp(spacing, 0, MaximumSpacing);
     if (type == QTextBlockFormat::FixedHeight) paragraph.lineSpacing = -paragraph.lineSpacing;
     if (paragraph.lineSpacing == 0) paragraph.isLineMultiple = false;
 }
 
 int HalfPointsOf(const QTextCharFormat& format, const QFont& font)
 {
-    constexpr double pointsInPixel = 0.75;
+    constexpr double PointsInPixel = 0.75;
     double points = format.fontPointSize();
-    if (points <= 0) points = format.property(QTextFormat::FontPixelSize).toDouble() * pointsInPixel;
+    if (points <= 0) points = format.property(QTextFormat::FontPixelSize).toDouble() * PointsInPixel;
     if (points <= 0) points = font.pointSizeF();
-    if (points <= 0) points = font.pixelSize() * pointsInPixel;
+    if (points <= 0) points = font.pixelSize() * PointsInPixel;
     return std::clamp(qRound(points * 2), 1, RtfCharacter::MaximumHalfPoints);
 }
 
@@ -125,7 +125,7 @@ QRgb ColorOf(const QBrush& brush)
 QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& family)
 {
     QTextCharFormat format;
-    format.setFontFamilies({family.isEmpty() ? g_namelessFamily.toString() : family});
+    format.setFontFamilies({family.isEmpty() ? NamelessFamily.toString() : family});
     format.setFontPointSize(character.halfPoints / 2.0);
     format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));
@@ -150,13 +150,13 @@ size_t qHash(const RtfCharacter& character, size_t seed) noexcept
 
 QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family)
 {
-    constexpr qsizetype mostKept = 1000;
+    constexpr qsizetype MostKept = 1000;
     thread_local QHash<std::pair<RtfCharacter, QString>, QTextCharFormat> kept;
     character.font = -1; // the family says it
     const std::pair key(character, family);
     const auto known = kept.constFind(key);
     if (known != kept.cend()) return *known;
-    if (kept.size() >= mostKept) kept.clear();
+    if (kept.size() >= MostKept) kept.clear();
     return *kept.insert(key, MakeCharFormat(character, family));
 }
 
@@ -165,13 +165,13 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
     QTextBlockFormat format;
     if (paragraph.isRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
     SetAlignment(format, paragraph);
-    for (const auto [property, measure] : g_blockMeasures)
+    for (const auto [property, measure] : BlockMeasures)
         if (paragraph.measures[measure]) format.setProperty(property, ToPixels(paragraph.measures[measure]));
     SetLineHeight(format, paragraph);
     if (paragraph.tabs.isEmpty()) return format;
     QList<QTextOption::Tab> tabs = paragraph.tabs;
     for (QTextOption::Tab& tab : tabs)
-        tab.position /= g_twipsInPixel;
+        tab.position /= TwipsInPixel;
     format.setTabPositions(tabs);
     return format;
 }
@@ -179,7 +179,7 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
 QString FamilyOf(const QTextCharFormat& format, const QFont& font)
 {
     const QString family = format.fontFamilies().toStringList().value(0, font.family());
-    return family.isEmpty() ? g_namelessFamily.toString() : family;
+    return family.isEmpty() ? NamelessFamily.toString() : family;
 }
 
 RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)
@@ -199,7 +199,7 @@ RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)
     RtfParagraph paragraph;
     paragraph.isRightToLeft = format.layoutDirection() == Qt::RightToLeft;
     paragraph.alignment = AlignmentOf(format);
-    for (const auto [property, measure] : g_blockMeasures) {
+    for (const auto [property, measure] : BlockMeasures) {
         const auto [least, most] = RtfParagraph::Limits[measure];
         paragraph.measures[measure] = std::clamp(ToTwips(format.doubleProperty(property)), least, most);
     }

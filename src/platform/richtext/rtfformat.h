@@ -71,7 +71,7 @@ struct RtfParagraph
 };
 
 // The family of text whose font has no name.
-inline constexpr QStringView g_namelessFamily = u"Arial";
+inline constexpr QStringView NamelessFamily = u"Arial";
 
 // Kept for the notes to come, since the notes of a planner share a few formats, which are dear to make.
 QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family);

@@ -52,8 +52,8 @@ void RtfInterpreter::PutUnicode(int, const RtfToken& word)
 
 void RtfInterpreter::SetFallbackLength(int, const RtfToken& word)
 {
-    constexpr int longest = 255;
-    m_state.fallbackLength = std::clamp(word.ParameterOr(1), 0, longest);
+    constexpr int Longest = 255;
+    m_state.fallbackLength = std::clamp(word.ParameterOr(1), 0, Longest);
 }
 
 void RtfInterpreter::EndParagraph(int, const RtfToken&)
@@ -102,9 +102,9 @@ void RtfInterpreter::SetFontCodePage(int, const RtfToken& word)
 
 void RtfInterpreter::SetColorPart(int shift, const RtfToken& word)
 {
-    constexpr QRgb isGiven = 0xFF000000;
+    constexpr QRgb IsGiven = 0xFF000000;
     const QRgb part = static_cast<QRgb>(std::clamp(word.parameter, 0, 255));
-    m_color = (m_color & ~(QRgb{255} << shift)) | (part << shift) | isGiven;
+    m_color = (m_color & ~(QRgb{255} << shift)) | (part << shift) | IsGiven;
 }
 
 QRgb RtfInterpreter::ColorAt(int number) const

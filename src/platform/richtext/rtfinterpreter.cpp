@@ -10,7 +10,7 @@
 namespace {
 
 // Deeper groups share the state of this depth: what they set leaks out, but they cost nothing.
-constexpr std::size_t g_maximumDepth = 1000;
+constexpr std::size_t MaximumDepth = 1000;
 
 } // namespace
 
@@ -63,7 +63,7 @@ void RtfInterpreter::OpenGroup()
     m_skip = 0;
     m_isIgnorable = false;
     m_isGroupStart = true;
-    if (m_outer.size() < g_maximumDepth)
+    if (m_outer.size() < MaximumDepth)
         m_outer.push_back(m_state);
     else
         ++m_depthBeyond;
@@ -105,7 +105,7 @@ void RtfInterpreter::DoSymbol(char symbol)
         Handler handler;
         int argument;
     };
-    constexpr Meaning meanings[] = {
+    constexpr Meaning Meanings[] = {
         {'~', &RtfInterpreter::PutCharacter, 0xA0},   {'-', &RtfInterpreter::PutCharacter, 0xAD},
         {'_', &RtfInterpreter::PutCharacter, 0x2011}, {'\t', &RtfInterpreter::PutCharacter, '\t'},
         {'\r', &RtfInterpreter::EndParagraph, 0},     {'\n', &RtfInterpreter::EndParagraph, 0},
@@ -115,8 +115,8 @@ void RtfInterpreter::DoSymbol(char symbol)
         --m_skip;
         return;
     }
-    const auto known = std::ranges::find(meanings, symbol, &Meaning::symbol);
-    if (known != std::end(meanings)) (this->*known->handler)(known->argument, {});
+    const auto known = std::ranges::find(Meanings, symbol, &Meaning::symbol);
+    if (known != std::end(Meanings)) (this->*known->handler)(known->argument, {});
 }
 
 void RtfInterpreter::DoText(const RtfToken& text)

@@ -55,7 +55,7 @@ private:
                    handler == &RtfInterpreter::Object;
         }
     };
-    static const Word g_words[];
+    static const Word Words[];
     static const Word* Find(QByteArrayView name);
 
     void Interpret(const RtfToken& token);
@@ -123,7 +123,7 @@ private:
     int m_skip = 0;              // fallback characters still to be passed over
     qsizetype m_cells = 0;       // cell ends not yet written: those that end a row are not
     QByteArray m_bytes;          // not yet decoded, as a character may need more of them
-    int m_codePage = g_ansiCodePage;
+    int m_codePage = AnsiCodePage;
     std::vector<QRgb> m_colors;
     QRgb m_color = 0; // the entry of the colour table that is being read
 };

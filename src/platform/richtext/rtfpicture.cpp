@@ -1,5 +1,7 @@
 #include "platform/richtext/rtfpicture.h"
 
+#include "platform/look/paper.h"
+
 #include <QCryptographicHash>
 #include <QHash>
 #include <QImage>
@@ -12,11 +14,11 @@
 
 namespace {
 
-constexpr double g_twipsInPixel = 15;
-constexpr double g_metricInPixel = 2540 / 96.0; // hundredths of a millimetre
-constexpr double g_leastSide = 8;
-constexpr double g_greatestSide = 4096;
-constexpr int g_defaultSide = 32;
+constexpr double TwipsInPixel = 15;
+constexpr double MetricInPixel = 2540 / 96.0; // hundredths of a millimetre
+constexpr double LeastSide = 8;
+constexpr double GreatestSide = 4096;
+constexpr int DefaultSide = 32;
 
 // What a group says of itself, while it is copied in a form of its own: 7-bit, data in hexadecimal digits, and always
 // the same bytes for the same tokens.
@@ -142,22 +144,20 @@ void Copier::CopyLetter(char letter)
 
 double Copier::Side(const char* goal, const char* plain, const char* scale) const
 {
-    const double unit = m_numbers.contains("wmetafile") ? g_metricInPixel : 1;
-    const double goalPixels = m_numbers.value(goal) / g_twipsInPixel;
+    const double unit = m_numbers.contains("wmetafile") ? MetricInPixel : 1;
+    const double goalPixels = m_numbers.value(goal) / TwipsInPixel;
     const double plainPixels = m_numbers.value(plain) / unit;
-    const double pixels = goalPixels > 0 ? goalPixels : plainPixels > 0 ? plainPixels : g_defaultSide;
+    const double pixels = goalPixels > 0 ? goalPixels : plainPixels > 0 ? plainPixels : DefaultSide;
     const int percent = m_numbers.value(scale, 100);
-    return std::clamp(percent > 0 ? pixels * percent / 100 : pixels, g_leastSide, g_greatestSide);
+    return std::clamp(percent > 0 ? pixels * percent / 100 : pixels, LeastSide, GreatestSide);
 }
 
 QImage DrawFrame()
 {
-    constexpr QRgb paper = 0xFFF6F3EC;
-    constexpr QRgb line = 0xFF6B6F76;
     QImage image(192, 144, QImage::Format_RGB32);
-    image.fill(paper);
+    image.fill(paper::MemoPaper);
     QPainter painter(&image);
-    painter.setPen(QPen(QColor(line), 3));
+    painter.setPen(QPen(paper::SoftInk, 3));
     painter.drawRect(image.rect().adjusted(1, 1, -2, -2));
     return image;
 }
@@ -185,6 +185,6 @@ QTextImageFormat ToImageFormat(const RtfPicture& picture, QTextDocument& documen
     format.setName(name);
     format.setWidth(picture.size.width());
     format.setHeight(picture.size.height());
-    format.setProperty(g_pictureSourceProperty, picture.source);
+    format.setProperty(PictureSourceProperty, picture.source);
     return format;
 }

@@ -10,7 +10,7 @@
 class QTextDocument;
 
 // A whole group of rich text, {\pict ...} or {\object ...}, of 7-bit characters.
-inline constexpr int g_pictureSourceProperty = QTextFormat::UserProperty + 0x500;
+inline constexpr int PictureSourceProperty = QTextFormat::UserProperty + 0x500;
 
 struct RtfPicture
 {

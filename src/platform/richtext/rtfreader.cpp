@@ -15,7 +15,7 @@ QString PlainText(QByteArrayView bytes)
     kept.removeIf([](char byte) { return byte == 0; });
     QStringDecoder decoder(QStringDecoder::Utf8);
     QString text = decoder.decode(kept);
-    if (decoder.hasError()) text = DecodeRtfBytes(kept, g_ansiCodePage);
+    if (decoder.hasError()) text = DecodeRtfBytes(kept, AnsiCodePage);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     return text;
 }

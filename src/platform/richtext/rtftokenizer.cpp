@@ -14,8 +14,8 @@ constexpr std::array<bool, 256> TableOf(const char* characters, int count)
     return table;
 }
 
-constexpr auto g_skipped = TableOf("\r\n\0", 3);
-constexpr auto g_endsText = TableOf("{}\\\r\n\0", 6);
+constexpr auto Skipped = TableOf("\r\n\0", 3);
+constexpr auto EndsText = TableOf("{}\\\r\n\0", 6);
 
 bool In(const std::array<bool, 256>& table, char character)
 {
@@ -43,7 +43,7 @@ int HexDigit(char character)
 
 RtfToken RtfTokenizer::Next()
 {
-    while (m_at != m_end && In(g_skipped, *m_at))
+    while (m_at != m_end && In(Skipped, *m_at))
         ++m_at;
     if (m_at == m_end) return {};
     switch (*m_at) {
@@ -88,11 +88,11 @@ void RtfTokenizer::ReadParameter(RtfToken& token)
 {
     const bool isNegative = m_at != m_end && *m_at == '-' && m_end - m_at > 1 && IsDigit(m_at[1]);
     if (isNegative) ++m_at;
-    constexpr qint64 limit = std::numeric_limits<int>::max();
+    constexpr qint64 Limit = std::numeric_limits<int>::max();
     qint64 value = 0;
     for (; m_at != m_end && IsDigit(*m_at); ++m_at) {
         token.hasParameter = true;
-        value = std::min(limit, value * 10 + (*m_at - '0'));
+        value = std::min(Limit, value * 10 + (*m_at - '0'));
     }
     token.parameter = static_cast<int>(isNegative ? -value : value);
 }
@@ -110,7 +110,7 @@ RtfToken RtfTokenizer::Text()
 {
     const char* const start = m_at;
     unsigned char all = 0;
-    for (; m_at != m_end && !In(g_endsText, *m_at); ++m_at)
+    for (; m_at != m_end && !In(EndsText, *m_at); ++m_at)
         all |= static_cast<unsigned char>(*m_at);
     return {.kind = RtfToken::Text, .isAscii = all < 0x80, .bytes = QByteArrayView(start, m_at)};
 }

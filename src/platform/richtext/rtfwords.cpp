@@ -11,7 +11,7 @@
 
 using Reader = RtfInterpreter;
 
-constexpr RtfInterpreter::Word RtfInterpreter::g_words[] = {
+constexpr RtfInterpreter::Word RtfInterpreter::Words[] = {
     {"aftncn", &Reader::EnterDestination, Skipped},
     {"aftnsep", &Reader::EnterDestination, Skipped},
     {"aftnsepc", &Reader::EnterDestination, Skipped},
@@ -187,15 +187,15 @@ constexpr RtfInterpreter::Word RtfInterpreter::g_words[] = {
 
 namespace {
 
-constexpr std::size_t g_slotCount = 1024; // a power of two, and sparse, so that a search ends at once
-using Slots = std::array<quint8, g_slotCount>;
+constexpr std::size_t SlotCount = 1024; // a power of two, and sparse, so that a search ends at once
+using Slots = std::array<quint8, SlotCount>;
 
 constexpr std::size_t SlotOf(std::string_view name)
 {
     std::uint32_t hash = 0;
     for (const char letter : name)
         hash = hash * 31 + static_cast<unsigned char>(letter);
-    return (hash ^ hash >> 10) % g_slotCount;
+    return (hash ^ hash >> 10) % SlotCount;
 }
 
 // Places in the table of words, counted from 1; 0 is an empty slot. A taken slot sends on to the next.
@@ -207,7 +207,7 @@ consteval Slots SlotsOf(const Word (&words)[count])
     for (std::size_t i = 0; i < count; ++i) {
         std::size_t slot = SlotOf(words[i].name);
         while (slots[slot] != 0)
-            slot = (slot + 1) % g_slotCount;
+            slot = (slot + 1) % SlotCount;
         slots[slot] = static_cast<quint8>(i + 1);
     }
     return slots;
@@ -217,9 +217,9 @@ consteval Slots SlotsOf(const Word (&words)[count])
 
 const RtfInterpreter::Word* RtfInterpreter::Find(QByteArrayView name)
 {
-    static constexpr Slots slots = SlotsOf(g_words);
+    static constexpr Slots Placed = SlotsOf(Words);
     const std::string_view wanted(name.data(), static_cast<std::size_t>(name.size()));
-    for (std::size_t slot = SlotOf(wanted); slots[slot] != 0; slot = (slot + 1) % g_slotCount)
-        if (const Word& word = g_words[slots[slot] - 1]; word.name == wanted) return &word;
+    for (std::size_t slot = SlotOf(wanted); Placed[slot] != 0; slot = (slot + 1) % SlotCount)
+        if (const Word& word = Words[Placed[slot] - 1]; word.name == wanted) return &word;
     return nullptr;
 }

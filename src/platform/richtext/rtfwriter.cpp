@@ -150,7 +150,7 @@ void Writer::WriteParagraph(const RtfParagraph& paragraph)
         const char* word;
         RtfParagraph::Measure measure;
     };
-    constexpr MeasureWord measures[] = {{"fi", RtfParagraph::First},
+    constexpr MeasureWord Measures[] = {{"fi", RtfParagraph::First},
                                         {"li", RtfParagraph::Left},
                                         {"ri", RtfParagraph::Right},
                                         {"sb", RtfParagraph::Before},
@@ -160,13 +160,13 @@ void Writer::WriteParagraph(const RtfParagraph& paragraph)
         const char* word;
         Qt::AlignmentFlag alignment;
     };
-    constexpr AlignmentWord alignments[] = {
+    constexpr AlignmentWord Alignments[] = {
         {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
     Write("pard");
     if (paragraph.isRightToLeft) Write("rtlpar");
-    for (const auto [word, alignment] : alignments)
+    for (const auto [word, alignment] : Alignments)
         if (paragraph.alignment == alignment) Write(word);
-    for (const auto [word, measure] : measures)
+    for (const auto [word, measure] : Measures)
         if (paragraph.measures[measure]) Write(word, paragraph.measures[measure]);
     WriteLineSpacing(paragraph);
     WriteTabs(paragraph.tabs);
@@ -183,9 +183,9 @@ void Writer::WriteLineSpacing(const RtfParagraph& paragraph)
 
 void Writer::WriteTabs(const QList<QTextOption::Tab>& tabs)
 {
-    constexpr std::array<const char*, 4> kinds{nullptr, "tqr", "tqc", "tqdec"}; // by QTextOption::TabType
+    constexpr std::array<const char*, 4> Kinds{nullptr, "tqr", "tqc", "tqdec"}; // by QTextOption::TabType
     for (const QTextOption::Tab& tab : tabs) {
-        if (tab.type != QTextOption::LeftTab) Write(kinds[tab.type]);
+        if (tab.type != QTextOption::LeftTab) Write(Kinds[tab.type]);
         Write("tx", static_cast<int>(tab.position));
     }
 }
@@ -194,12 +194,12 @@ void Writer::WriteCharacter(const RtfCharacter& character)
 {
     if (character == m_character) return;
     const RtfCharacter old = std::exchange(m_character, character);
-    constexpr std::array<const char*, 8> underlines{"ulnone",  "ul",       "uldash", "uld",
+    constexpr std::array<const char*, 8> Underlines{"ulnone",  "ul",       "uldash", "uld",
                                                     "uldashd", "uldashdd", "ulwave", "ulwave"};
-    constexpr std::array<const char*, 3> verticals{"nosupersub", "super", "sub"};
+    constexpr std::array<const char*, 3> Verticals{"nosupersub", "super", "sub"};
     WriteStyles(old.styles ^ character.styles);
-    if (character.underline != old.underline) Write(underlines[character.underline]);
-    if (character.vertical != old.vertical) Write(verticals[character.vertical]);
+    if (character.underline != old.underline) Write(Underlines[character.underline]);
+    if (character.vertical != old.vertical) Write(Verticals[character.vertical]);
     if (character.color != old.color) Write("cf", PlaceOfColor(character.color));
     if (character.background != old.background) Write("highlight", PlaceOfColor(character.background));
     if (character.font != old.font) Write("f", character.font);
@@ -213,12 +213,12 @@ void Writer::WriteStyles(RtfStyles changed)
         const char* word;
         RtfStyle style;
     };
-    constexpr StyleWord words[] = {{"b", RtfStyle::Bold},
+    constexpr StyleWord Words[] = {{"b", RtfStyle::Bold},
                                    {"i", RtfStyle::Italic},
                                    {"strike", RtfStyle::StrikeOut},
                                    {"caps", RtfStyle::AllCaps},
                                    {"scaps", RtfStyle::SmallCaps}};
-    for (const auto [word, style] : words) {
+    for (const auto [word, style] : Words) {
         if (!changed.testFlag(style)) continue;
         Write(word);
         if (!m_character.styles.testFlag(style)) m_body += '0';
@@ -291,7 +291,7 @@ const Writer::Format& Writer::FormatOf(const Piece& piece)
     RtfCharacter character = ToRtfCharacter(format, m_font);
     character.font = PlaceOfFamily(FamilyOf(format, m_font));
     return *m_formats.insert(piece.charFormatIndex(),
-                             {character, format.property(g_pictureSourceProperty).toByteArray()});
+                             {character, format.property(PictureSourceProperty).toByteArray()});
 }
 
 int Writer::PlaceOfFamily(const QString& family)

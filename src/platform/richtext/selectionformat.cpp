@@ -6,15 +6,15 @@
 #include <array>
 
 namespace {
-constexpr double g_pointsPerPixel = 72.0 / 96.0; // pasted text may give its size in logical pixels
+constexpr double PointsPerPixel = 72.0 / 96.0; // pasted text may give its size in logical pixels
 
 // Relative sizes of pasted text, from two below normal to four above.
-constexpr std::array<double, 7> g_relativeSizes{0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
-constexpr int g_normalSize = 2;
+constexpr std::array<double, 7> RelativeSizes{0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
+constexpr int NormalSize = 2;
 
 double PointSize(const QFont& font)
 {
-    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * g_pointsPerPixel;
+    return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * PointsPerPixel;
 }
 
 // In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.
@@ -69,11 +69,11 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
 {
     if (format.hasProperty(QTextFormat::FontPointSize)) return format.fontPointSize();
     if (format.hasProperty(QTextFormat::FontPixelSize)) {
-        return format.intProperty(QTextFormat::FontPixelSize) * g_pointsPerPixel;
+        return format.intProperty(QTextFormat::FontPixelSize) * PointsPerPixel;
     }
     const int step = format.intProperty(QTextFormat::FontSizeAdjustment); // 0 is the size around it
-    const int last = int(g_relativeSizes.size()) - 1;
-    return PointSize(defaultFont) * g_relativeSizes[std::size_t(std::clamp(step + g_normalSize, 0, last))];
+    const int last = int(RelativeSizes.size()) - 1;
+    return PointSize(defaultFont) * RelativeSizes[std::size_t(std::clamp(step + NormalSize, 0, last))];
 }
 
 std::uint32_t Color(const QTextCharFormat& format, const QFont&)

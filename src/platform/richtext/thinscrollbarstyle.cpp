@@ -1,5 +1,7 @@
 #include "platform/richtext/thinscrollbarstyle.h"
 
+#include "platform/look/paper.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOptionSlider>
@@ -7,10 +9,8 @@
 #include <algorithm>
 
 namespace {
-constexpr int g_extent = 7;
-constexpr int g_shortestHandle = 16;
-constexpr QColor g_restingHandle{0x22, 0x25, 0x2a, 0x48};
-constexpr QColor g_activeHandle{0x22, 0x25, 0x2a, 0x90};
+constexpr int Extent = 7;
+constexpr int ShortestHandle = 16;
 
 QRect Handle(const QStyleOptionSlider& slider)
 {
@@ -18,7 +18,7 @@ QRect Handle(const QStyleOptionSlider& slider)
     const qint64 range = qint64(slider.maximum) - slider.minimum;
     if (range <= 0) return slider.rect;
     const int share = int(qint64(length) * slider.pageStep / (range + slider.pageStep));
-    const int handle = std::min(length, std::max(g_shortestHandle, share));
+    const int handle = std::min(length, std::max(ShortestHandle, share));
     const int top = QStyle::sliderPositionFromValue(slider.minimum, slider.maximum, slider.sliderPosition,
                                                     length - handle, slider.upsideDown);
     return {slider.rect.x(), slider.rect.y() + top, slider.rect.width(), handle};
@@ -39,9 +39,9 @@ int ThinScrollBarStyle::pixelMetric(PixelMetric metric, const QStyleOption* opti
 {
     switch (metric) {
     case PM_ScrollBarExtent:
-        return g_extent;
+        return Extent;
     case PM_ScrollBarSliderMin:
-        return g_shortestHandle;
+        return ShortestHandle;
     default:
         return QCommonStyle::pixelMetric(metric, option, widget);
     }
@@ -78,7 +78,7 @@ void ThinScrollBarStyle::drawComplexControl(ComplexControl control, const QStyle
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(active ? g_activeHandle : g_restingHandle);
+    painter->setBrush(active ? paper::ActiveScrollHandle : paper::ScrollHandle);
     painter->drawRoundedRect(QRectF(Handle(*slider)).adjusted(1.5, 1, -1.5, -1), 2, 2);
     painter->restore();
 }

@@ -101,6 +101,14 @@ private Q_SLOTS:
         QCOMPARE(colors.Text(), QStringLiteral("Red"));
         colors.SetListIndex(-1);
         QCOMPARE(colors.Text(), QString());
+        colors.SetListIndex(9);
+        const QImage listed = colors.grab().toImage();
+        colors.ShowText(QStringLiteral("Rust"));
+        QCOMPARE(colors.Text(), QStringLiteral("Rust"));
+        QCOMPARE(colors.ListIndex(), 9);
+        QVERIFY(colors.grab().toImage() != listed);
+        colors.SetListIndex(9);
+        QCOMPARE(colors.Text(), QStringLiteral("Red"));
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(17), RunTimeError);
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(-2), RunTimeError);
         QCOMPARE(record.Events, QStringList());

@@ -1,7 +1,7 @@
 // Panels: where the caption stands and how it looks, by the pixels that are painted.
 #include "platform/controls/sspanel.h"
 
-#include "platform/controls/paper.h"
+#include "platform/look/paper.h"
 
 #include <QImage>
 #include <QPaintEvent>
@@ -169,6 +169,10 @@ void SSPanelTest::effects()
     }
     for (int x = face.left() + 1; x < face.right(); ++x)
         QCOMPARE(image.pixel(x, y), flat.pixel(x, y));
+    panel.SetForeColor(0x808080); // beside grey ink the effect is hardly seen
+    const int besideGrey = Luminance(panel.grab().toImage(), {first + direction, y});
+    QVERIFY(besideGrey < ground && besideGrey > ground - 25);
+    panel.SetForeColor(0);
     panel.SetFont3D(9); // unknown is flat
     QCOMPARE(panel.grab().toImage(), flat);
 }

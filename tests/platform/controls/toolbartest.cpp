@@ -42,8 +42,10 @@ struct Window : QWidget
         AddButton(QStringLiteral("new"));
         AddButton(QStringLiteral("bold"));
         Bar.AddSeparator();
-        Bar.AddPlaceholder(QStringLiteral("color"), 50);
-        Bar.AddPlaceholder(QStringLiteral("size"), 50);
+        for (const QString& key : {QStringLiteral("color"), QStringLiteral("size")}) {
+            Bar.AddPlaceholder(key);
+            Bar.Placeholder(key).setFixedWidth(50);
+        }
         AddButton(QStringLiteral("cut"));
         Bar.resize(600, Bar.sizeHint().height());
         Bar.move(0, 7);
@@ -182,6 +184,36 @@ private Q_SLOTS:
         window.Bar.resize(40, window.Bar.height()); // too narrow: nothing is pushed together
         QCOMPARE(place("size").geometry(), unshown);
         QCOMPARE(window.Bar.Keys().join(u' '), QStringLiteral("new bold color size cut"));
+    }
+
+    void ControlsGiveWayInANarrowBar()
+    {
+        struct Control : QWidget
+        {
+            using QWidget::QWidget;
+            QSize sizeHint() const override { return {Wanted, 28}; }
+            QSize minimumSizeHint() const override { return {40, 28}; }
+            int Wanted = 100;
+        };
+        Window window;
+        Control color(&window.Bar), size(&window.Bar);
+        window.Bar.Lay(QStringLiteral("color"), &color);
+        window.Bar.Lay(QStringLiteral("size"), &size);
+        const int whole = window.Bar.minimumWidth();
+        const auto widths = [&](int missing) {
+            window.Bar.SetRoom(whole - missing);
+            return QList{color.width(), size.width(), whole - window.Bar.minimumWidth()};
+        };
+        QCOMPARE(widths(30), QList({100, 70, 30})); // the rightmost first
+        QCOMPARE(widths(90), QList({70, 40, 90}));
+        QCOMPARE(widths(200), QList({40, 40, 120})); // then the bar is cut off
+        QCOMPARE(widths(-50), QList({100, 100, 0}));
+        QVERIFY(size.x() > color.geometry().right());
+        QVERIFY(window.Open());
+        color.Wanted = 130; // as after a change of the desktop's font
+        color.updateGeometry();
+        QTRY_COMPARE(color.width(), 130);
+        QCOMPARE(size.x(), window.Bar.Placeholder(QStringLiteral("size")).x());
     }
 
     void UnknownKeysAreAnError()

@@ -523,6 +523,17 @@ void RichTextBoxTest::noteLiesOnItsPaper()
     QVERIFY(box.verticalScrollBar()->width() < 10);
     QTest::mouseClick(box.verticalScrollBar(), Qt::LeftButton, {}, {3, 70});
     QVERIFY(box.verticalScrollBar()->value() > 0);
+
+    const auto inkAtTheEdge = [&](int scrolled) {
+        box.verticalScrollBar()->setValue(scrolled);
+        const QImage edge = window.grab(QRect(0, 0, 40, 3)).toImage();
+        QImage bare = edge;
+        bare.fill(Qt::yellow);
+        return edge != bare;
+    };
+    QVERIFY(!inkAtTheEdge(6)); // half a line is left out
+    box.SetFontSize(60);
+    QVERIFY(inkAtTheEdge(40)); // but not one that fills the box
 }
 
 QTEST_MAIN(RichTextBoxTest)

@@ -137,7 +137,7 @@ QString Describe(const QTextCharFormat& f)
     QString text;
     QDebug(&text) << f.fontFamilies() << f.fontPointSize() << f.fontWeight() << f.fontItalic() << f.fontStrikeOut()
                   << f.underlineStyle() << f.foreground() << f.background() << f.verticalAlignment()
-                  << f.fontCapitalization() << f.property(g_pictureSourceProperty) << f.toImageFormat().width();
+                  << f.fontCapitalization() << f.property(PictureSourceProperty) << f.toImageFormat().width();
     return text;
 }
 

@@ -55,10 +55,10 @@ ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(pat
 // Somebody may have given a planner the name that our lock file wants; its head must not become a table of sessions.
 void ByteLocks::RefuseIfDatabase() const
 {
-    static constexpr std::string_view magic = "SQLite format 3";
-    std::array<char, magic.size()> head = {};
+    static constexpr std::string_view Magic = "SQLite format 3";
+    std::array<char, Magic.size()> head = {};
     if (::pread(m_descriptor, head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) return;
-    if (std::string_view(head.data(), head.size()) != magic) return;
+    if (std::string_view(head.data(), head.size()) != Magic) return;
     ::close(m_descriptor);
     throw RunTimeError{
         engineerrors::InputOutput,

@@ -16,8 +16,8 @@
 namespace {
 using namespace plannerformat;
 
-constexpr int looks = 5;
-constexpr unsigned long pauseBetweenLooks = 2; // milliseconds
+constexpr int Looks = 5;
+constexpr unsigned long PauseBetweenLooks = 2; // milliseconds
 
 QString LoginName()
 {
@@ -93,8 +93,8 @@ SessionEntry OwnEntry()
 
 QString HolderOf(const ByteLocks& locks, HeldRecord held)
 {
-    for (int look = 0; look < looks; ++look) {
-        if (look > 0) QThread::msleep(pauseBetweenLooks);
+    for (int look = 0; look < Looks; ++look) {
+        if (look > 0) QThread::msleep(PauseBetweenLooks);
         const QString name = LookForHolder(locks, held);
         if (!name.isEmpty()) return name;
     }

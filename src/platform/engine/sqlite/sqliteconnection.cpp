@@ -17,7 +17,7 @@
 namespace {
 using namespace engineerrors;
 
-constexpr int busyTimeout = 1500; // milliseconds; a person waits with us
+constexpr int BusyTimeout = 1500; // milliseconds; a person waits with us
 
 // Without the journal's folder nothing can be written, and root, whom no permission stops, must still see it.
 bool CanKeepJournal(const QString& path)
@@ -84,7 +84,7 @@ void SqliteConnection::CheckHead()
 
 void SqliteConnection::SetUp()
 {
-    m_database.setBusyTimeout(busyTimeout);
+    m_database.setBusyTimeout(BusyTimeout);
     Read([this] {
         // EXTRA syncs the folder too, or a power cut could bring back a journal that undoes a commit. PERSIST makes
         // no file anew and so needs the folder the least. The readers beside us rule WAL out on a network drive.

@@ -17,7 +17,7 @@ struct Meaning
 };
 
 // The first that fits counts, so extended codes stand before the code that they belong to.
-constexpr std::array meanings = {
+constexpr std::array Meanings = {
     Meaning{SQLITE_READONLY_DBMOVED, InputOutput, u"The planner '%1' has been moved or deleted while it was open."},
     Meaning{SQLITE_CONSTRAINT, DuplicateKey,
             u"The changes were not saved to '%1': there is a record with the same key already."},
@@ -51,7 +51,7 @@ RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const Q
     const auto fits = [&](const Meaning& meaning) {
         return meaning.code == error.getExtendedErrorCode() || meaning.code == (error.getErrorCode() & 0xff);
     };
-    const auto found = std::ranges::find_if(meanings, fits);
-    if (found != meanings.end()) return {found->number, QString::fromUtf16(found->text).arg(file)};
+    const auto found = std::ranges::find_if(Meanings, fits);
+    if (found != Meanings.end()) return {found->number, QString::fromUtf16(found->text).arg(file)};
     return {InputOutput, QStringLiteral("'%1': %2.").arg(file, QString::fromUtf8(error.what()))};
 }

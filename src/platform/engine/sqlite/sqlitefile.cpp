@@ -25,17 +25,17 @@ struct Meaning
     const char16_t* text;
 };
 
-constexpr Meaning openMeanings[] = {
+constexpr Meaning OpenMeanings[] = {
     {ENOENT, FileNotFound, u"Could not find file '%1'."},
     {ENOTDIR, FileNotFound, u"Could not find file '%1'."},
     {EACCES, ReadOnlyFile, u"You have no permission to use '%1'."},
 };
-constexpr Meaning createMeanings[] = {
+constexpr Meaning CreateMeanings[] = {
     {EEXIST, FileExists, u"'%1' exists already."},
     {ENOENT, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
     {ENOTDIR, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
 };
-constexpr Meaning deleteMeanings[] = {
+constexpr Meaning DeleteMeanings[] = {
     {EACCES, ReadOnlyFile, u"You have no permission to delete '%1'."},
     {EPERM, ReadOnlyFile, u"You have no permission to delete '%1'."},
     {EROFS, ReadOnlyFile, u"'%1' cannot be deleted: its drive is read-only."},
@@ -54,7 +54,7 @@ template <std::size_t Count>
 struct stat StatusOf(const QString& path)
 {
     struct stat status = {};
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0) Raise(openMeanings, path, errno);
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) Raise(OpenMeanings, path, errno);
     return status;
 }
 
@@ -87,7 +87,7 @@ std::shared_ptr<Store> Create(const QString& path)
 {
     // The library cannot be told to make a file only if there is none, and nothing may ever be truncated.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (descriptor < 0) Raise(createMeanings, path, errno);
+    if (descriptor < 0) Raise(CreateMeanings, path, errno);
     ::close(descriptor);
     const QString real = RealPath(path);
     auto remove = qScopeGuard([&] {
@@ -107,7 +107,7 @@ void Delete(const QString& path)
     ByteLocks locks(LockFileOf(real), status.st_mode, status.st_gid);
     if (!locks.TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(real, locks);
     // The planner first: a journal without a planner means nothing, a planner without its journal may be torn.
-    if (!Unlink(real)) Raise(deleteMeanings, real, errno);
+    if (!Unlink(real)) Raise(DeleteMeanings, real, errno);
     Unlink(JournalOf(real));
 }
 } // namespace sqlitefile

@@ -18,7 +18,7 @@ struct DeclaredName
 
 // Each name has the affinity that keeps values as they are: a memo that reads as a number must stay a text, so the
 // word TEXT stands in its type.
-constexpr std::array declaredNames = {
+constexpr std::array DeclaredNames = {
     DeclaredName{dbBoolean, QLatin1StringView("BOOLEAN")}, DeclaredName{dbLong, QLatin1StringView("INTEGER")},
     DeclaredName{dbSingle, QLatin1StringView("REAL")},     DeclaredName{dbDate, QLatin1StringView("DATE TEXT")},
     DeclaredName{dbText, QLatin1StringView("TEXT")},       DeclaredName{dbMemo, QLatin1StringView("MEMO TEXT")},
@@ -174,7 +174,7 @@ std::string CreateIndex(const TableDef& table, const Index& index)
 
 QString DeclaredType(const Field& field)
 {
-    const auto found = std::ranges::find(declaredNames, field.Type, &DeclaredName::type);
+    const auto found = std::ranges::find(DeclaredNames, field.Type, &DeclaredName::type);
     const QString size = field.Type == dbText ? QStringLiteral("(%1)").arg(field.Size) : QString();
     return found->name + size;
 }
@@ -184,7 +184,7 @@ Field FieldOf(const QString& name, const QString& declaredType)
     static const QRegularExpression sized(QStringLiteral("^TEXT\\((\\d+)\\)$"));
     const auto text = sized.match(declaredType);
     if (text.hasMatch()) return {name, dbText, text.captured(1).toInt()};
-    const auto found = std::ranges::find(declaredNames, declaredType, &DeclaredName::name);
-    return {name, found == declaredNames.end() ? dbMemo : found->type, 0};
+    const auto found = std::ranges::find(DeclaredNames, declaredType, &DeclaredName::name);
+    return {name, found == DeclaredNames.end() ? dbMemo : found->type, 0};
 }
 } // namespace sqltext

@@ -9,12 +9,18 @@ inline constexpr QColor Paper{0xfd, 0xfc, 0xf9};
 inline constexpr QColor MemoPaper{0xf6, 0xf3, 0xec};
 inline constexpr QColor Today{0xff, 0xf3, 0xf1};
 inline constexpr QColor Band{0xef, 0xeb, 0xe2};
+inline constexpr QColor LightBand{0xf8, 0xf6, 0xf1}; // of the toolbar
 inline constexpr QColor Hairline{0xd8, 0xd3, 0xc7};
 inline constexpr QColor Ink{0x22, 0x25, 0x2a};
 inline constexpr QColor SoftInk{0x6b, 0x6f, 0x76};
 inline constexpr QColor TodayFrame{0xd0, 0x5a, 0x55};
 inline constexpr QColor Accent{0x2f, 0x6d, 0xb5};
 inline constexpr QColor AccentTint{0xe3, 0xec, 0xf7};
+inline constexpr QColor PaleSelection{0xdc, 0xe5, 0xf0}; // black stands on it
+inline constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};   // of a button whose format is mixed
+inline constexpr QColor MixedDots{0xb4, 0xb3, 0xaf};
+inline constexpr QColor ScrollHandle{0x22, 0x25, 0x2a, 0x48}; // ink that lets the paper through
+inline constexpr QColor ActiveScrollHandle{0x22, 0x25, 0x2a, 0x90};
 
 inline constexpr int CaptionBand = 20; // pixels that a cell keeps free above its note
 inline constexpr int Margin = 7;       // from a cell's edge to its caption; its note begins there too
