@@ -22,7 +22,7 @@ public:
     }
 
     void RefreshLayout(); // as a switch of the view needs it, which saves and reads itself
-    void Form_Resize(); // lays out again if the client area has changed
+    void Form_Resize();   // lays out again if the client area has changed
     void Form_DragDrop(const QPoint& dropped);
 
     void mnuViewTBVisible_Click();

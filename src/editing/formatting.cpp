@@ -144,16 +144,9 @@ void Formatting::orlcmbFontcolor_Change()
 void Formatting::subInitAllComboBox()
 {
     const ErrorTail tail(QLatin1StringView(" in MainForm, subInitAllComboBox"));
-    const auto lay = [&](const char16_t* key, ORLCombo& combo, void (ORLCombo::*fill)()) {
-        QWidget& place = m_bar.tbTop->Placeholder(QString::fromUtf16(key));
-        place.setFixedWidth(combo.width());
-        m_bar.tbTop->layout()->activate();
-        combo.move(place.x(), place.y() + (place.height() - combo.height()) / 2);
-        (combo.*fill)();
-    };
-    tail([&] { lay(u"cmbColor", *m_bar.orlcmbFontcolor, &ORLCombo::FillColors); });
-    tail([&] { lay(u"cmbFontSize", *m_bar.orlcmbFontsize, &ORLCombo::FillFontSizes); });
-    tail([&] { lay(u"cmbFontName", *m_bar.orlcmbFontname, &ORLCombo::FillFontNames); });
+    tail([&] { m_bar.orlcmbFontcolor->FillColors(); });
+    tail([&] { m_bar.orlcmbFontsize->FillFontSizes(); });
+    tail([&] { m_bar.orlcmbFontname->FillFontNames(); });
     for (ORLCombo* combo : {m_bar.orlcmbFontcolor, m_bar.orlcmbFontsize, m_bar.orlcmbFontname})
         combo->show();
 }

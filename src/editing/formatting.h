@@ -36,7 +36,7 @@ public:
     void orlcmbFontsize_Change();
     void orlcmbFontcolor_Change(); // the blank entry changes nothing
 
-    void subInitAllComboBox(); // lays the combos over their placeholders and fills them
+    void subInitAllComboBox(); // fills and shows the combos
 
 private:
     struct Toggle;

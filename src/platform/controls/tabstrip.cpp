@@ -5,8 +5,22 @@
 #include <QPainter>
 #include <QTabBar>
 
+namespace {
+// Two leaves of paper, the one in front lighter.
+QString TabStyle()
+{
+    const QString style = QStringLiteral(
+        "QTabBar::tab { background: %1; color: %2; border: 1px solid %3; border-radius: 4px; padding: 4px 5px; "
+        "margin: 4px 1px 6px 1px; } QTabBar::tab:selected { background: %4; color: %5; } "
+        "QTabBar:focus::tab:selected { border-color: %6; }");
+    return style.arg(paper::Band.name(), paper::SoftInk.name(), paper::Hairline.name(), paper::Paper.name(),
+                     paper::Ink.name(), paper::Accent.name());
+}
+} // namespace
+
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), m_tabs(new QTabBar(this))
 {
+    m_tabs->setStyleSheet(TabStyle());
     m_tabs->setExpanding(true);
     m_tabs->setDrawBase(false);
     m_tabs->setUsesScrollButtons(false);
