@@ -5,6 +5,7 @@
 #include "calendar/cells.h"
 #include "calendar/redraw.h"
 #include "plannerfile/alarmmarks.h"
+#include "plannerfile/askforplanner.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
@@ -52,24 +53,6 @@ private:
 };
 } // namespace
 
-bool Creation::ChooseName()
-{
-    m_dialog.Flags = CommonDialog::HideReadOnly;
-    m_dialog.DialogTitle = QStringLiteral("New Planner File");
-    m_dialog.AcceptText = QStringLiteral("&Create");
-    m_dialog.InitDir.clear();
-    m_dialog.Filter = messages::PlannerFilter;
-    m_dialog.FilterIndex = 1;
-    m_dialog.CancelError = true;
-    try {
-        m_dialog.Action(1);
-        return true;
-    } catch (const RunTimeError& error) {
-        if (error.Number != errors::DialogCancelled) throw;
-        return false;
-    }
-}
-
 bool Creation::MayReplaceExisting()
 {
     const QString existing = filesystem::Find(g_sDBPath);
@@ -86,7 +69,7 @@ bool Creation::MayReplaceExisting()
 
 void Creation::subNewPlanner()
 {
-    if (!ChooseName()) return;
+    if (!AskForPlanner(m_dialog, QStringLiteral("New Planner File"), QStringLiteral("&Create"))) return;
     if (!g_sDBPath.isEmpty()) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();

@@ -22,7 +22,6 @@ public:
     void subNewPlanner();
 
 private:
-    bool ChooseName();
     bool MayReplaceExisting();
     bool BuildFile();
     bool AskHowToOpen(); // false: the program ends

@@ -5,6 +5,7 @@
 #include "calendar/cells.h"
 #include "calendar/redraw.h"
 #include "plannerfile/alarmmarks.h"
+#include "plannerfile/askforplanner.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -38,30 +39,12 @@ void ReadNetworkOptions()
 }
 } // namespace
 
-bool Opening::ChooseFile()
-{
-    m_dialog.Flags = CommonDialog::HideReadOnly;
-    m_dialog.DialogTitle = QStringLiteral("Open Planner File");
-    m_dialog.AcceptText.clear();
-    m_dialog.InitDir.clear();
-    m_dialog.Filter = messages::PlannerFilter;
-    m_dialog.FilterIndex = 1;
-    m_dialog.CancelError = true;
-    try {
-        m_dialog.Action(1);
-        return true;
-    } catch (const RunTimeError& error) {
-        if (error.Number != errors::DialogCancelled) throw;
-        return false;
-    }
-}
-
 void Opening::subOpenPlanner()
 {
     const bool wasOpen = !g_sDBPath.isEmpty();
     const bool saved = wasOpen && m_notes.HasChanges();
     if (saved) m_notes.subUpdateQMTDatabase();
-    if (!ChooseFile()) {
+    if (!AskForPlanner(m_dialog, QStringLiteral("Open Planner File"))) {
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }

@@ -37,7 +37,6 @@ private:
     bool OpenRecursions();
     void subAddAlarmTable();
     void subAddRecursionTable();
-    bool ChooseFile();
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
