@@ -1,5 +1,8 @@
 #include "platform/desktop/folders.h"
 
+#include "platform/desktop/filesystem.h"
+
+#include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
 
@@ -49,6 +52,13 @@ QString folders::WindowsDirectory()
 QString folders::MediaDirectory()
 {
     return Make(ApplicationDirectory() + QStringLiteral("/Media"));
+}
+
+QString folders::HelpFile(const QString& name)
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString beside = filesystem::Find(program.filePath(name));
+    return beside.isEmpty() ? filesystem::Find(program.filePath(QStringLiteral("../share/orrelin/") + name)) : beside;
 }
 
 void folders::SetRootForTests(const QString& root)

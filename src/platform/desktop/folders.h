@@ -8,6 +8,10 @@ QString ApplicationDirectory(); // the user's data folder of Orrelin: log, scrat
 QString WindowsDirectory();     // the user's settings folder of Orrelin: PLANNER.INI, WIN.INI
 QString MediaDirectory();       // tunes
 
+// The help file of this name in any letter case, beside the program or where an installation puts it; empty if it is
+// in neither place. Tests do not move it.
+QString HelpFile(const QString& name);
+
 // Puts all folders under the given one; an empty text goes back to the real ones.
 void SetRootForTests(const QString& root);
 } // namespace folders

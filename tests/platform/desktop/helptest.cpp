@@ -1,0 +1,302 @@
+#include "platform/desktop/helpbook.h"
+#include "platform/desktop/helppage.h"
+#include "platform/desktop/helpviewer.h"
+#include "shell/menus.h"
+#include "support.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QTextBlock>
+#include <QToolTip>
+#include <QTreeWidget>
+
+// Drives the help window over the help file that the build has made.
+class HelpTest : public QObject
+{
+    Q_OBJECT
+
+    const QString m_file = QStringLiteral(ORRELIN_HELP_FOLDER "/ORL.HLP");
+    std::unique_ptr<HelpBook> m_book;
+    std::unique_ptr<QWidget> m_owner;
+
+    QWidget* Window() const { return m_owner->findChild<QWidget*>(QStringLiteral("helpPage"))->window(); }
+    template <typename Part>
+    Part& Find(const char* name) const
+    {
+        return *m_owner->findChild<Part*>(QString::fromLatin1(name));
+    }
+    HelpPage& Page() const { return Find<HelpPage>("helpPage"); }
+    QStringList Hits() const
+    {
+        const auto& list = Find<QListWidget>("helpHits");
+        QStringList titles;
+        for (int i = 0; i < list.count(); ++i)
+            titles += list.item(i)->text();
+        return titles;
+    }
+    QStringList MarkedWords() const
+    {
+        QStringList words;
+        for (const QTextEdit::ExtraSelection& mark : Page().extraSelections())
+            words += mark.cursor.selectedText().toLower();
+        return words;
+    }
+
+    void Open(HelpCommand command) const
+    {
+        QVERIFY(ShowHelp(m_owner.get(), m_file, command));
+        QVERIFY(QTest::qWaitForWindowActive(Window()));
+    }
+
+    // "File | New Planner" as a person reads it, with the entry's key.
+    static QMap<QString, QString> MenuEntries()
+    {
+        QMenuBar bar;
+        const Menus menus(bar);
+        QMap<QString, QString> keys;
+        const std::function<void(const QString&, const QList<QAction*>&)> add = [&](const auto& path,
+                                                                                    const auto& actions) {
+            for (const QAction* action : actions) {
+                const QString entry = path + action->text().remove(u'&');
+                keys[entry] = action->shortcut().toString();
+                if (action->menu()) add(entry + QStringLiteral(" | "), action->menu()->actions());
+            }
+        };
+        add(QString(), bar.actions());
+        return keys;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_owner = std::make_unique<QWidget>();
+        m_book = HelpBook::Open(m_file);
+        QVERIFY(m_book);
+    }
+
+    void cleanup()
+    {
+        m_owner.reset();
+        m_book.reset();
+    }
+
+    void EveryTopicLinkAndPictureIsThere()
+    {
+        static const QRegularExpression Reference(QStringLiteral("(?:href|src)=\"([^\"]*)\""));
+        static const QRegularExpression Heading(QStringLiteral("<h1>(.*)</h1>"));
+        QSet<QString> titles;
+        for (const HelpTopic& topic : m_book->Topics()) {
+            const QString page = QString::fromUtf8(m_book->Read(topic.Page));
+            QVERIFY2(!topic.Title.isEmpty() && !titles.contains(topic.Title), qPrintable(topic.Page.toString()));
+            titles += topic.Title;
+            QVERIFY(!topic.Chapter.isEmpty());
+            QCOMPARE(Heading.match(page).captured(1), topic.Title);
+            for (const auto& match : Reference.globalMatch(page)) {
+                const QString all = topic.Page.fileName() + u' ' + match.captured(1);
+                QVERIFY2(m_book->Holds(topic.Page.resolved(QUrl(match.captured(1)))), qPrintable(all));
+            }
+        }
+        // Nothing lies in the file that no way leads to.
+        const QStringList pages = QDir(QStringLiteral(":/orrelin-help")).entryList({QStringLiteral("*.html")});
+        QCOMPARE(pages.size(), m_book->Topics().size());
+    }
+
+    void CommandsAndKeysAreThoseOfTheMenu()
+    {
+        static const QRegularExpression Command(QStringLiteral("<b>([^<]* \\| [^<]*)</b>"));
+        static const QRegularExpression Key(
+            QStringLiteral("<kbd>([^<]*)</kbd></td>\\s*<td>[^<]*</td>\\s*<td>([^<]*)<"));
+        const QMap<QString, QString> entries = MenuEntries();
+        for (const HelpTopic& topic : m_book->Topics()) {
+            const QString page = QString::fromUtf8(m_book->Read(topic.Page));
+            for (const auto& match : Command.globalMatch(page)) {
+                const QString command = match.captured(1).simplified();
+                QVERIFY2(entries.contains(command), qPrintable(topic.Page.fileName() + u' ' + command));
+            }
+        }
+        QMap<QString, QString> told;
+        const QString keys = QString::fromUtf8(m_book->Read(HelpBook::PageOf(QStringLiteral("keys"))));
+        for (const auto& match : Key.globalMatch(keys))
+            told[match.captured(2)] = match.captured(1);
+        QMap<QString, QString> wanted;
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            if (!entry.value().isEmpty()) wanted.insert(entry.key(), entry.value());
+        }
+        QCOMPARE(told, wanted);
+    }
+
+    void PicturesAreDrawnForTheScreensPixels()
+    {
+        HelpPage page(*m_book, nullptr);
+        page.setSource(HelpBook::PageOf(QStringLiteral("window")));
+        const auto picture =
+            page.loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("window.svg"))).value<QImage>();
+        QCOMPARE(picture.size(), QSize(360, 260) * page.devicePixelRatioF());
+        QCOMPARE(picture.devicePixelRatio(), page.devicePixelRatioF());
+    }
+
+    void CommandsOpenTheirPages_data()
+    {
+        QTest::addColumn<HelpCommand>("command");
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("focus");
+        QTest::newRow("contents") << HelpCommand::Contents << "welcome"
+                                  << "helpContents";
+        QTest::newRow("how to") << HelpCommand::HowToUseHelp << "using-help"
+                                << "helpContents";
+        QTest::newRow("search") << HelpCommand::Search << "welcome"
+                                << "helpWords";
+    }
+
+    void CommandsOpenTheirPages()
+    {
+        QFETCH(HelpCommand, command);
+        QFETCH(QString, page);
+        QFETCH(QString, focus);
+        Open(command);
+        QVERIFY(!Window()->isModal());
+        QCOMPARE(Page().source(), HelpBook::PageOf(page));
+        QCOMPARE(Find<QTreeWidget>("helpContents").currentItem()->text(0), Page().documentTitle());
+        QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+    }
+
+    void OneWindowServesAllCommands()
+    {
+        Open(HelpCommand::HowToUseHelp);
+        QWidget* const first = Window();
+        QTest::keyClick(&Page(), Qt::Key_Escape);
+        QVERIFY(!first->isVisible());
+        Open(HelpCommand::Search);
+        QVERIFY(first->isVisible());
+        QCOMPARE(m_owner->findChildren<HelpPage*>().size(), 1);
+        QCOMPARE(Page().source(), HelpBook::PageOf(QStringLiteral("using-help")));
+    }
+
+    void KeysGoBackForwardAndHome()
+    {
+        Open(HelpCommand::Contents);
+        QTest::keyClick(&Find<QTreeWidget>("helpContents"), Qt::Key_Down);
+        const QUrl second = m_book->Topics()[1].Page;
+        QCOMPARE(Page().source(), second);
+        QTest::keyClick(&Page(), Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(Page().source(), m_book->Topics()[0].Page);
+        QVERIFY(!Find<QAction>("helpBack").isEnabled());
+        QTest::keyClick(&Page(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(Page().source(), second);
+        QTest::keyClick(&Page(), Qt::Key_Home, Qt::AltModifier);
+        QCOMPARE(Page().source(), m_book->Topics()[0].Page);
+    }
+
+    void SearchFindsTopics_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<bool>("only");
+        QTest::newRow("title before text") << "tunes"
+                                           << "Tunes" << false;
+        QTest::newRow("beginning") << "WALLP"
+                                   << "Your calendar as wallpaper" << false;
+        QTest::newRow("several words") << "  stretched  edge "
+                                       << "Your calendar as wallpaper" << true;
+        QTest::newRow("key") << "ctrl+l"
+                             << "Your calendar as wallpaper" << false;
+        QTest::newRow("inside a word") << "allpaper" << QString() << true;
+        QTest::newRow("no pattern") << ".*" << QString() << true;
+        QTest::newRow("one word nowhere") << "wallpaper zebra" << QString() << true;
+        QTest::newRow("nothing") << " " << QString() << true;
+    }
+
+    void SearchFindsTopics()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, first);
+        QFETCH(bool, only);
+        Open(HelpCommand::Search);
+        QTest::keyClicks(&Find<QLineEdit>("helpWords"), typed);
+        QCOMPARE(Hits().value(0), first);
+        QCOMPARE(Hits().size() > 1, !only);
+        QCOMPARE(Find<QLabel>("helpFound").text().isEmpty(), typed.trimmed().isEmpty());
+    }
+
+    void FoundWordsAreMarkedWhileSearching()
+    {
+        Open(HelpCommand::Search);
+        QTest::keyClicks(&Find<QLineEdit>("helpWords"), QStringLiteral("silence tick"));
+        QTest::keyClick(&Find<QLineEdit>("helpWords"), Qt::Key_Return);
+        QCOMPARE(Page().documentTitle(), Hits().value(0));
+        const QStringList marked = MarkedWords();
+        QVERIFY(marked.contains(u"silence") && marked.contains(u"tick"));
+        QTest::keyClick(Window(), Qt::Key_F3);
+        QCOMPARE(Page().textCursor().selectedText().toLower(), marked.value(0));
+        QTest::keyClick(Window(), Qt::Key_F3);
+        QCOMPARE(Page().textCursor().selectedText().toLower(), marked.value(1));
+        Find<QTabWidget>("helpTabs").setCurrentIndex(0);
+        QVERIFY(MarkedWords().isEmpty());
+    }
+
+    void NothingOutsideIsFetched()
+    {
+        QTemporaryDir folder;
+        QFile secret(folder.filePath(QStringLiteral("secret.html")));
+        QVERIFY(secret.open(QIODevice::WriteOnly) && secret.write("<p>secret</p>") > 0);
+        secret.close();
+        HelpPage page(*m_book, nullptr);
+        const QUrl home = HelpBook::PageOf(QStringLiteral("welcome"));
+        page.setSource(home);
+        for (const QUrl& outside :
+             {QUrl::fromLocalFile(secret.fileName()), QUrl(QStringLiteral("https://example.org")),
+              QUrl(QStringLiteral("qrc:/icons/new.svg")), QUrl(QStringLiteral("qrc:/orrelin-help/../icons/new.svg"))}) {
+            page.setSource(outside);
+            QCOMPARE(page.source(), home);
+            QVERIFY(page.loadResource(QTextDocument::HtmlResource, outside).isNull());
+            QVERIFY(page.loadResource(QTextDocument::ImageResource, outside).isNull());
+        }
+        QToolTip::hideText();
+    }
+
+    void ADamagedFileIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray whole = file.readAll();
+        QByteArray flipped = whole;
+        flipped[whole.size() / 2] = char(~flipped[whole.size() / 2]);
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("text") << QByteArray("This is not a help file.\n").repeated(100);
+        QTest::newRow("header alone") << whole.left(24);
+        QTest::newRow("half") << whole.left(whole.size() / 2);
+        QTest::newRow("last byte") << whole.chopped(1);
+        QTest::newRow("without its sum") << whole.chopped(64);
+        QTest::newRow("one byte changed") << flipped;
+    }
+
+    void ADamagedFileIsRefused()
+    {
+        QFETCH(QByteArray, content);
+        QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("ORL.HLP")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.close();
+        QVERIFY(!ShowHelp(m_owner.get(), file.fileName(), HelpCommand::Contents));
+        QVERIFY(!ShowHelp(m_owner.get(), folder.path(), HelpCommand::Contents));
+        QVERIFY(!ShowHelp(m_owner.get(), folder.filePath(QStringLiteral("none")), HelpCommand::Contents));
+        QVERIFY(!ShowHelp(m_owner.get(), QString(), HelpCommand::Contents));
+        QVERIFY(m_owner->children().isEmpty());
+    }
+
+    void TheFileLiesBesideTheProgramInAnyCase()
+    {
+        const QString own = QCoreApplication::applicationDirPath() + QStringLiteral("/ORL.HLP");
+        QCOMPARE(folders::HelpFile(QStringLiteral("Orl.HLP")), QString());
+        QVERIFY(QFile::copy(m_file, own));
+        QCOMPARE(folders::HelpFile(QStringLiteral("Orl.HLP")), own);
+        QVERIFY(QFile::remove(own));
+    }
+};
+
+QTEST_MAIN(HelpTest)
+#include "helptest.moc"
