@@ -1,6 +1,8 @@
 #include "shell/shellhandlers.h"
 
 #include "plannerfile/plannerstate.h"
+#include "platform/desktop/folders.h"
+#include "platform/desktop/helpviewer.h"
 #include "platform/desktop/msgbox.h"
 #include "shell/aboutform.h"
 #include "shell/autoloadform.h"
@@ -13,6 +15,27 @@ void ShellHandlers::mnuAutoload_Click()
         return;
     }
     AutoloadForm(m_client.window()).exec();
+}
+
+void ShellHandlers::Help(HelpCommand command)
+{
+    if (ShowHelp(&m_client, folders::HelpFile(QStringLiteral("ORL.HLP")), command)) return;
+    MsgBox(QStringLiteral("Sorry, cannot find ORL.HLP"), msgbox::Information, QStringLiteral("Helpfile error!"));
+}
+
+void ShellHandlers::mnuContents_Click()
+{
+    Help(HelpCommand::Contents);
+}
+
+void ShellHandlers::mnuHelpSearch_Click()
+{
+    Help(HelpCommand::Search);
+}
+
+void ShellHandlers::mnuHelpHow_Click()
+{
+    Help(HelpCommand::HowToUseHelp);
 }
 
 void ShellHandlers::mnuAbout_Click()
