@@ -2,26 +2,30 @@
 
 #include <QGuiApplication>
 
-BareWindow::BareWindow(QPoint place)
+BareWindow::BareWindow(QPoint place, int boxes)
 {
-    for (int i = 0; i < BoxCount; ++i)
+    for (int i = 0; i < boxes; ++i)
         m_boxes.push_back(new QTextEdit(this));
     move(place);
     resize(WindowSize);
-    PlaceBoxes(m_rows);
+    ShowWeek(false);
 }
 
-void BareWindow::PlaceBoxes(int rows)
+void BareWindow::ShowWeek(bool week)
 {
-    constexpr int Columns = 7, Above = 100, Below = 40;
+    for (int i = 0; i < int(m_boxes.size()); ++i)
+        m_boxes[std::size_t(i)]->setVisible((i >= BoxCount) == week);
+}
+
+void BareWindow::resizeEvent(QResizeEvent*)
+{
+    constexpr int Columns = 7, Rows = 5, Above = 100, Below = 40;
     constexpr QMargins Inset(6, 20, 6, 5);
-    m_rows = rows;
-    const QSize cell(width() / Columns, (height() - Above - Below) / rows);
-    for (int i = 0; i < BoxCount; ++i) {
-        QTextEdit* box = m_boxes[std::size_t(i)];
-        const QPoint corner(i % Columns * cell.width(), Above + i / Columns * cell.height());
-        box->setGeometry(QRect(corner, cell).marginsRemoved(Inset));
-        box->setVisible(i < rows * Columns);
+    const int grid = height() - Above - Below;
+    const QSize cell(width() / Columns, grid / Rows), weekCell(cell.width(), grid);
+    for (int i = 0; i < int(m_boxes.size()); ++i) {
+        const QPoint corner(i % Columns * cell.width(), i < BoxCount ? Above + i / Columns * cell.height() : Above);
+        m_boxes[std::size_t(i)]->setGeometry(QRect(corner, i < BoxCount ? cell : weekCell).marginsRemoved(Inset));
     }
 }
 

@@ -9,19 +9,18 @@ inline constexpr QSize WindowSize(1240, 820);
 inline constexpr int BoxCount = 35;
 inline constexpr int WeekBoxCount = 7;
 
-// 35 text edits where the planner has its boxes, and nothing else.
+// Text edits where the planner has its boxes, 35 for the month and, if wanted, then 7 for the week, and nothing else.
 class BareWindow : public QWidget
 {
 public:
-    explicit BareWindow(QPoint place);
+    explicit BareWindow(QPoint place, int boxes = BoxCount);
     const std::vector<QTextEdit*>& Boxes() const { return m_boxes; }
-    void PlaceBoxes(int rows); // 5 for the month; 1 for the week, whose boxes are the first seven
+    void ShowWeek(bool week);
 
 protected:
-    void resizeEvent(QResizeEvent*) override { PlaceBoxes(m_rows); }
+    void resizeEvent(QResizeEvent*) override;
 
 private:
-    int m_rows = 5;
     std::vector<QTextEdit*> m_boxes;
 };
 

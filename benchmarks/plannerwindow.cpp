@@ -139,6 +139,9 @@ BarePlanner::BarePlanner(const QString& path)
     }
     m_window.show();
     MoveMonth(false);
+    ShowWeek();
+    MoveWeek();
+    ShowMonth();
 }
 
 BarePlanner::Month BarePlanner::MakeMonth(YearMonth month)
@@ -152,11 +155,11 @@ BarePlanner::Month BarePlanner::MakeMonth(YearMonth month)
 }
 
 // What is read is not interpreted here: the floor of that is the same text by a cursor.
-void BarePlanner::ReadBoxes(const Month& month, int count)
+void BarePlanner::ReadInto(const Month& month, int firstBox, int count, bool show)
 {
     const auto read = m_file.Read(month.keys.first(count));
-    for (std::size_t i = 0; i < read.size(); ++i)
-        Show(month.notes[i], *m_window.Boxes()[i]);
+    for (std::size_t i = 0; show && i < read.size(); ++i)
+        Show(month.notes[i], *m_window.Boxes()[std::size_t(firstBox) + i]);
     PaintNow();
 }
 
@@ -164,25 +167,28 @@ void BarePlanner::MoveMonth(bool saves)
 {
     if (saves) Save();
     m_shown = 1 - m_shown;
-    ReadBoxes(m_months[m_shown], BoxCount);
+    ReadInto(m_months[m_shown], 0, BoxCount, true);
 }
 
+// The boxes still hold the notes of the view that was left, and they are the same.
 void BarePlanner::ShowMonth()
 {
-    m_window.PlaceBoxes(5);
-    ReadBoxes(m_months[m_shown], BoxCount);
+    if (!std::exchange(m_inWeek, false)) return;
+    m_window.ShowWeek(false);
+    ReadInto(m_months[m_shown], 0, BoxCount, false);
 }
 
 void BarePlanner::ShowWeek()
 {
-    m_window.PlaceBoxes(1);
-    ReadBoxes(m_months[m_week], WeekBoxCount);
+    if (std::exchange(m_inWeek, true)) return;
+    m_window.ShowWeek(true);
+    ReadInto(m_months[m_week], BoxCount, WeekBoxCount, false);
 }
 
 void BarePlanner::MoveWeek()
 {
     m_week = 1 - m_week;
-    ReadBoxes(m_months[m_week], WeekBoxCount);
+    ReadInto(m_months[m_week], BoxCount, WeekBoxCount, true);
 }
 
 void BarePlanner::ResizeStep()

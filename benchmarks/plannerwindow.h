@@ -62,13 +62,14 @@ private:
         std::vector<QByteArray> texts;
     };
     static Month MakeMonth(YearMonth month);
-    void ReadBoxes(const Month& month, int count);
+    void ReadInto(const Month& month, int firstBox, int count, bool show);
 
     RawPlanner m_file;
-    BareWindow m_window{QPoint(WindowSize.width() + 20, 0)};
+    BareWindow m_window{QPoint(WindowSize.width() + 20, 0), BoxCount + WeekBoxCount};
     PaintCount m_paintings;
     std::array<Month, 2> m_months;
     std::size_t m_shown = 0;
     std::size_t m_week = 0;
+    bool m_inWeek = false;
     bool m_narrow = false;
 };
