@@ -19,6 +19,19 @@ void Cells::EnterAgain()
     if (box && box->parent() == m_client) Q_EMIT box->GotFocus();
 }
 
+void Cells::SetTabBehind(QWidget* first, QWidget* second)
+{
+    m_firstBehind = first;
+    m_secondBehind = second;
+}
+
+void Cells::PlaceInTabOrder(QWidget* box)
+{
+    if (!m_firstBehind) return;
+    QWidget::setTabOrder(box, m_firstBehind);
+    QWidget::setTabOrder(m_firstBehind, m_secondBehind);
+}
+
 SSPanel* Cells::MakeHeading(int index)
 {
     constexpr int HeadingHeight = 31;
@@ -49,6 +62,7 @@ RichTextBox* Cells::MakeBox(int index)
     box->hide();
     // No planner is open yet, or its notes are not read: what would be typed now would have no place.
     box->SetLocked(true);
+    PlaceInTabOrder(box);
     if (m_boxFilter) box->installEventFilter(m_boxFilter);
     connect(box, &RichTextBox::GotFocus, this, [this, index] { Q_EMIT GotFocus(index); });
     connect(box, &RichTextBox::Click, this, [this, index] { Q_EMIT Click(index); });

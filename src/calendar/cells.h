@@ -25,6 +25,10 @@ public:
     // caret still stands in one.
     void EnterAgain();
 
+    bool Shows(int cell) const { return tbDay.Exists(cell) && !tbDay(cell).isHidden(); }
+    // Are reached by the Tab key behind all cells, those included that are loaded later.
+    void SetTabBehind(QWidget* first, QWidget* second);
+
     ControlArray<SSPanel> lblDayOfWeek; // 0 to 6, Sunday first
     ControlArray<SSPanel> panelDay;     // 1 to 35 the month's grid, 36 to 42 the week's row
     ControlArray<RichTextBox> tbDay;    // the note of the cell with the same index
@@ -45,6 +49,7 @@ Q_SIGNALS:
     void PasteRequested(int Index, bool& allowed);
 
 private:
+    void PlaceInTabOrder(QWidget* box);
     SSPanel* MakeHeading(int index);
     SSPanel* MakePanel(int index);
     RichTextBox* MakeBox(int index);
@@ -52,4 +57,6 @@ private:
 
     QWidget* m_client;
     QObject* m_boxFilter = nullptr;
+    QWidget* m_firstBehind = nullptr;
+    QWidget* m_secondBehind = nullptr;
 };

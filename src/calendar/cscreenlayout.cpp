@@ -126,7 +126,8 @@ void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CSidebarView& sidebar, 
     tail([&] { toolbar.ShowControl(); });
     std::int32_t left = 0, top = 0, right = 0, bottom = 0;
     GetClientRect(left, top, right, bottom);
-    m_rcClient = {left, top, right, bottom};
+    // What a minimised window leaves out is placed when it comes back.
+    m_rcClient = m_window.isMinimized() ? Rectangle{} : Rectangle{left, top, right, bottom};
     const bool atBottom = toolbar.IsVisible() && toolbar.GetAlignment() == CToolbarView::AlignBottom;
     const int above = toolbar.IsVisible() && !atBottom ? toolbar.Height() : 0;
     const int below = atBottom ? toolbar.Height() : 0;

@@ -17,6 +17,16 @@ CSidebarView::CSidebarView(const Sidebar& sidebar, Menus& menus)
     m_menus(QLatin1StringView("mnuViewSBVisible")).SetChecked(m_bVisible);
 }
 
+CSidebarView::~CSidebarView()
+{
+    WriteSetting();
+}
+
+void CSidebarView::WriteSetting() const
+{
+    Write(settings::SidebarVisible, m_bVisible ? -1 : 0);
+}
+
 void CSidebarView::PosTabPages()
 {
     constexpr int Inset = 150 / TwipsPerPixel, Margin = 50 / TwipsPerPixel;
@@ -47,7 +57,7 @@ void CSidebarView::TogglePages()
 void CSidebarView::SetVisible()
 {
     m_bVisible = !m_bVisible;
-    Write(settings::SidebarVisible, m_bVisible ? -1 : 0);
+    WriteSetting();
     m_menus(QLatin1StringView("mnuViewSBVisible")).SetChecked(m_bVisible);
 }
 

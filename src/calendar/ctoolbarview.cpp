@@ -3,6 +3,7 @@
 #include "calendar/cscreenlayout.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
+#include "platform/profile/profile.h"
 #include "shell/menus.h"
 #include "shell/settings.h"
 
@@ -13,17 +14,29 @@ CToolbarView::CToolbarView(Toolbar& tbTop, Menus& menus)
     UpdateMenus();
 }
 
+CToolbarView::~CToolbarView()
+{
+    WriteSettings();
+}
+
+void CToolbarView::WriteSettings() const
+{
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    Write(settings::ToolbarVisible, m_bVisible ? -1 : 0);
+    Write(settings::ToolbarAlignment, m_iAlignment);
+}
+
 void CToolbarView::SetVisible()
 {
     m_bVisible = !m_bVisible;
-    Write(settings::ToolbarVisible, m_bVisible ? -1 : 0);
+    WriteSettings();
     UpdateMenus();
 }
 
 void CToolbarView::SetAlignment(std::int32_t alignment)
 {
     m_iAlignment = alignment;
-    Write(settings::ToolbarAlignment, m_iAlignment);
+    WriteSettings();
     UpdateMenus();
 }
 

@@ -14,6 +14,9 @@ public:
     static constexpr std::int32_t AlignBottom = 2;
 
     CToolbarView(Toolbar& tbTop, Menus& menus); // reads the settings
+    ~CToolbarView();                            // writes them
+    CToolbarView(const CToolbarView&) = delete;
+    CToolbarView& operator=(const CToolbarView&) = delete;
 
     // A change is written to the settings at once; the window is to be laid out anew by the caller.
     bool IsVisible() const { return m_bVisible; }
@@ -27,6 +30,7 @@ public:
     void ShowControl();
 
 private:
+    void WriteSettings() const;
     void UpdateMenus();
 
     Toolbar& m_tbTop;

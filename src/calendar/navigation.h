@@ -4,8 +4,6 @@
 
 #include <QLatin1StringView>
 
-#include <functional>
-
 class Bars;
 struct BottomPanel;
 class CCalendarView;

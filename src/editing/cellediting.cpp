@@ -136,7 +136,7 @@ void CellEditing::GiveDefaultFont(RichTextBox& box)
 void CellEditing::EnterIfNoneIsCurrent(int Index)
 {
     // After a redraw no cell is current, though the caret may still stand in one.
-    if (g_iCurrentPanel == 0) tbDay_GotFocus(Index);
+    if (!m_cells.Shows(g_iCurrentPanel)) tbDay_GotFocus(Index);
 }
 
 void CellEditing::tbDay_Click(int Index)

@@ -36,7 +36,7 @@ bool Formatting::fnCanFormatCell()
 
 RichTextBox& Formatting::CurrentBox()
 {
-    if (g_iCurrentPanel == 0) m_cells.EnterAgain();
+    if (!m_cells.Shows(g_iCurrentPanel)) m_cells.EnterAgain();
     return m_cells.tbDay(g_iCurrentPanel);
 }
 

@@ -14,8 +14,7 @@ bool AskForPlanner(CommonDialog& dialog, const QString& title, const QString& ac
     dialog.FilterIndex = 1;
     dialog.CancelError = true;
     try {
-        dialog.Action(1);
-        return true;
+        return dialog.Action(1);
     } catch (const RunTimeError& error) {
         if (error.Number != errors::DialogCancelled) throw;
         return false;

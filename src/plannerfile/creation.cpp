@@ -63,14 +63,18 @@ bool Creation::MayReplaceExisting()
                msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2, QStringLiteral("File Exists!"));
     if (answer != msgbox::Yes) return false;
     // A file that somebody has open stays; making the new one then fails.
-    ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(existing); });
+    // What its cells had not saved goes with it.
+    if (ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(existing); })) m_notes.ForgetUnsaved(existing);
     return true;
 }
 
 void Creation::subNewPlanner()
 {
     if (!AskForPlanner(m_dialog, QStringLiteral("New Planner File"), QStringLiteral("&Create"))) return;
-    if (!g_sDBPath.isEmpty()) m_notes.DropCells();
+    if (!g_sDBPath.isEmpty()) {
+        m_notes.SetAside();
+        m_notes.DropCells();
+    }
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
     if (!MayReplaceExisting()) {

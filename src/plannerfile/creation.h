@@ -18,7 +18,8 @@ public:
     {
     }
 
-    // Does not save the cells of the planner before, nor enter the recent list: a planner is recent once it was opened.
+    // Does not write the cells of the planner before, which are kept for the exit, nor enter the recent list: a planner
+    // is recent once it was opened.
     void subNewPlanner();
 
 private:

@@ -1,5 +1,7 @@
 #include "plannerfile/openasform.h"
 
+#include "platform/desktop/centeronscreen.h"
+
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QPushButton>
@@ -47,6 +49,7 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     column->addWidget(btnOk, 0, Qt::AlignRight);
     column->setSizeConstraint(QLayout::SetFixedSize); // no window manager offers to maximise it then
     frame->setMinimumWidth(WidthForTitle(*this));
+    CenterOnScreen(*this);
     m_opShared[0]->setFocus();
 }
 

@@ -49,23 +49,34 @@ void QMTDB::ReadNote(int cell)
     SetVisible(box, true);
     // After a failed open the tables are still the planner's before, and what is typed would have no place.
     if (g_sDBPath.isEmpty()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
-    const QString key = CellKey(m_cells.panelDay(cell).Caption());
+    const QString key = KeyOf(cell);
     const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
     if (!unsaved) g_rsQMT.Seek(Equal, key);
     if (unsaved || !g_rsQMT.NoMatch()) {
-        ShowNote(box, cell, unsaved ? *unsaved : g_rsQMT.Fields(TextField).toByteArray());
+        ShowNote(cell, key, unsaved ? *unsaved : g_rsQMT.Fields(TextField).toByteArray());
         if (unsaved) box.SetModified(true);
-    } else if (!m_held.at(static_cast<std::size_t>(cell))) {
-        ShowNote(box, cell, {});
+    } else if (!Held(cell).rtf) {
+        ShowNote(cell, key, {});
     }
     box.SetLocked(g_bDBShared);
 }
 
-void QMTDB::ShowNote(RichTextBox& box, int cell, const QByteArray& rtf)
+QString QMTDB::KeyOf(int cell) const
 {
-    // A save that is followed by a read leaves the caret and what can be undone where nothing has changed.
-    if (!box.Holds(rtf)) box.SetTextRTF(rtf);
-    m_held.at(static_cast<std::size_t>(cell)) = rtf;
+    const QString caption = m_cells.panelDay(cell).Caption();
+    // A cell that has not been numbered yet stands for no day.
+    if (caption.isEmpty()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    return CellKey(caption);
+}
+
+void QMTDB::ShowNote(int cell, const QString& key, const QByteArray& rtf)
+{
+    RichTextBox& box = m_cells.tbDay(cell);
+    HeldNote& held = Held(cell);
+    // Where nothing has changed, a save that is followed by a read leaves the caret and what can be undone. Another
+    // day's text, the same bytes or not, must not come back by an undo.
+    if (held.key != key || !box.Holds(rtf)) box.SetTextRTF(rtf);
+    held = {key, rtf};
 }
 
 void QMTDB::ReadCells(QLatin1StringView literal)
@@ -92,7 +103,7 @@ void QMTDB::subSeekQMTDatabase()
 
 bool QMTDB::NeedsSaving(int cell) const
 {
-    const auto& held = m_held.at(static_cast<std::size_t>(cell));
+    const auto& held = m_held.at(static_cast<std::size_t>(cell)).rtf;
     if (!held) return false;
     const RichTextBox& box = m_cells.tbDay(cell);
     if (box.Modified()) return true;
@@ -116,11 +127,11 @@ void QMTDB::TakeNote(int cell)
     RichTextBox& box = m_cells.tbDay(cell);
     box.CommitPreedit();
     if (NeedsSaving(cell)) {
-        const QString key = CellKey(m_cells.panelDay(cell).Caption());
+        const QString key = KeyOf(cell);
         const QByteArray rtf = box.IsEmpty() ? QByteArray() : box.TextRTF();
         m_unsaved.Keep(g_sNotesFile, key, rtf);
         box.MarkSaved(rtf);
-        m_held.at(static_cast<std::size_t>(cell)) = rtf;
+        Held(cell) = {key, rtf};
     }
     if (m_network.picLock->Visible(1)) {
         m_network.picLock->SetVisible(0, true);
@@ -191,6 +202,14 @@ void QMTDB::EmptyCell(int cell)
     LetGo(cell);
     m_cells.tbDay(cell).SetTextRTF({});
     m_cells.tbDay(cell).SetLocked(true);
+}
+
+void QMTDB::SetAside()
+{
+    const ErrorTail tail(UpdateTail);
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last && !g_bDBShared; ++cell)
+        tail([&] { TakeNote(cell); });
 }
 
 void QMTDB::DropCells()

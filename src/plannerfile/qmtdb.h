@@ -13,7 +13,6 @@ class Cells;
 class Database;
 struct NetworkControls;
 class Recordset;
-class RichTextBox;
 class ViewMode;
 
 class QMTDB
@@ -38,6 +37,8 @@ public:
     void subUpdateQMTRecord(int iCell);
     bool HasChanges() const; // of the shown cells, that a save would write
 
+    // Keeps what the shown cells of a personal planner hold unsaved, for the exit or its next opening, unwritten.
+    void SetAside();
     // Empties the shown cells and their marks without saving, and takes no text until the next read.
     void DropCells();
 
@@ -45,13 +46,24 @@ public:
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
     void WriteUnsaved(); // tries each of those planners again
     void ForgetUnsaved() { m_unsaved = {}; }
+    void ForgetUnsaved(const QString& planner) { m_unsaved.Forget(planner); }
 
 private:
     void ReadNote(int cell);
-    void ShowNote(RichTextBox& box, int cell, const QByteArray& rtf);
+    struct HeldNote
+    {
+        QString key; // of the day that the box was last filled for
+        // What the file holds for that day, as it was read or last taken to be written; empty for a day without a
+        // record. A cell that holds nothing is never written: an empty one would take its day's record with it.
+        std::optional<QByteArray> rtf;
+    };
+
+    HeldNote& Held(int cell) { return m_held.at(static_cast<std::size_t>(cell)); }
+    QString KeyOf(int cell) const; // 91 while the cell has no caption
+    void ShowNote(int cell, const QString& key, const QByteArray& rtf);
     bool NeedsSaving(int cell) const;
     void TakeNote(int cell);
-    void LetGo(int cell) { m_held.at(static_cast<std::size_t>(cell)).reset(); }
+    void LetGo(int cell) { Held(cell).rtf.reset(); }
     void EmptyCell(int cell);
     void WriteNotes(const QString& planner, Database& database, Recordset& records);
 
@@ -60,7 +72,5 @@ private:
     const NetworkControls& m_network;
     const ViewMode& m_viewMode;
     UnsavedNotes m_unsaved;
-    // What the file holds for the day of a cell, as it was read or last taken to be written; empty for a day without a
-    // record. A cell that holds nothing is never written: an empty one would take its day's record with it.
-    std::array<std::optional<QByteArray>, CellCount + 1> m_held;
+    std::array<HeldNote, CellCount + 1> m_held;
 };

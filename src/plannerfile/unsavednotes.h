@@ -14,6 +14,7 @@ class UnsavedNotes
 public:
     void Keep(const QString& planner, const QString& key, const QByteArray& rtf); // empty: the day was emptied
     void Forget(const QString& planner, const QString& key);
+    void Forget(const QString& planner) { m_notes.remove(planner); }
     std::optional<QByteArray> Find(const QString& planner, const QString& key) const;
     QMap<QString, QByteArray> NotesOf(const QString& planner) const { return m_notes.value(planner); }
     QStringList Planners() const { return m_notes.keys(); }

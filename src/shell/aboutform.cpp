@@ -1,5 +1,7 @@
 #include "shell/aboutform.h"
 
+#include "platform/desktop/centeronscreen.h"
+
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QIcon>
@@ -41,4 +43,5 @@ AboutForm::AboutForm(QWidget* owner) : QDialog(owner)
     grid->addWidget(purpose, 2, 1);
     grid->addWidget(buttons, 3, 0, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
+    CenterOnScreen(*this);
 }

@@ -2,6 +2,7 @@
 
 #include "calendar/viewmode.h"
 #include "plannerfile/plannerstate.h"
+#include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"
 #include "shell/settings.h"
@@ -51,6 +52,7 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
     column->addWidget(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
+    CenterOnScreen(*this);
     m_chkAutoload->setFocus();
 }
 

@@ -244,4 +244,8 @@ Controls::Controls(QMainWindow& window)
 {
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
+    // From the tabs to their page, then to the cells, and the spins last.
+    QWidget::setTabOrder(sidebar.picAlarm, network.picRefresh);
+    QWidget::setTabOrder(network.picRefresh, network.picLock);
+    cells.SetTabBehind(bottom.imgLeftSpin, bottom.imgRightSpin);
 }

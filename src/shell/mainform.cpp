@@ -38,7 +38,8 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     subSetDaysInMonth(g_iYear);
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
-    tail([&] { Form_Resize(); });
+    // Minimised too: the cells must know their days before notes are read into them.
+    tail([&] { rooms.bars.RefreshLayout(); });
     rooms.controls.bottom.panelBottom->SetCaption(MonthTitle());
     // No cell takes the first key; it is entered by a click or by Tab.
     rooms.controls.client->setFocus();

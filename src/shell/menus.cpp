@@ -14,6 +14,7 @@ enum Kind
     Entry,
     SubMenu,
     SubEntry,
+    UncheckedSubEntry,
     CheckedSubEntry,
     HiddenEntry
 };
@@ -60,7 +61,7 @@ constexpr MenuRow Rows[] = {
     {SubMenu, "mnuViewToolbar", "&Toolbar"},
     {CheckedSubEntry, "mnuViewTBVisible", "Visible"},
     {CheckedSubEntry, "mnuViewTBAlignTop", "Align Top"},
-    {SubEntry, "mnuViewTBAlignBottom", "Align Bottom"},
+    {UncheckedSubEntry, "mnuViewTBAlignBottom", "Align Bottom"},
     {SubMenu, "mnuViewSidebar", "&Sidebar"},
     {CheckedSubEntry, "mnuViewSBVisible", "Visible"},
     {Top, "mnuEvents", "Events"},
@@ -71,7 +72,7 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuEventsHyphen2", "-"},
     {Entry, "mnuFindWord", "Find &Word", "Ctrl+F"},
     {SubMenu, "mnuDateDiff", "Date Difference"},
-    {SubEntry, "mnuDateDiffShow", "Show"},
+    {UncheckedSubEntry, "mnuDateDiffShow", "Show"},
     {SubEntry, "mnuDateDiffCustomize", "Customize"},
     {Top, "mnuFind", "&Goto"},
     {Entry, "mnuPrevWeek", "Previous Week"},
@@ -139,7 +140,7 @@ QAction* AddEntry(QMenu& menu, const MenuRow& row)
     QAction* action = menu.addAction(caption);
     action->setEnabled(false);
     if (*row.shortcut) action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
-    action->setCheckable(row.kind == CheckedSubEntry || row.kind == SubEntry);
+    action->setCheckable(row.kind == CheckedSubEntry || row.kind == UncheckedSubEntry);
     action->setChecked(row.kind == CheckedSubEntry);
     return action;
 }
@@ -164,6 +165,7 @@ Menus::Menus(QMenuBar& bar)
             action = (subMenu = menu->addMenu(caption))->menuAction();
             break;
         case SubEntry:
+        case UncheckedSubEntry:
         case CheckedSubEntry:
             action = AddEntry(*subMenu, row);
             break;

@@ -50,7 +50,7 @@ void StartUpForm::SetPanel3D1(const QString& line)
 void StartUpForm::SetLabel1(const QString& progress)
 {
     m_label1 = progress;
-    update();
+    repaint(); // the start has no time for events
 }
 
 void StartUpForm::paintEvent(QPaintEvent*)

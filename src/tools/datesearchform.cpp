@@ -1,6 +1,7 @@
 #include "tools/datesearchform.h"
 
 #include "calendar/calendarstate.h"
+#include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
 
 #include <QButtonGroup>
@@ -64,6 +65,7 @@ DateSearchForm::DateSearchForm(QWidget* owner)
     grid->addWidget(buttons, 1, 0, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
     ChooseShown();
+    CenterOnScreen(*this);
     if (QAbstractButton* month = m_opMonth->checkedButton()) month->setFocus();
 }
 

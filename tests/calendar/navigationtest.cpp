@@ -58,6 +58,12 @@ private Q_SLOTS:
         QCOMPARE(seen.Text, QStringLiteral("You are currently in Week View"));
         QCOMPARE(seen.Title, QStringLiteral("Week View"));
         QCOMPARE(g_iCurrentPanel, std::int16_t{1});
+        // That cell is none of this view: what is formatted is what is typed into.
+        program.Activate();
+        program.Click(40);
+        g_iCurrentPanel = 1;
+        program.Trigger("mnuBold");
+        QCOMPARE(g_iCurrentPanel, std::int16_t{40});
         QTest::mouseClick(&Picture("picMonth"), Qt::LeftButton);
         QVERIFY(program.Panel(1).isVisible() && !program.Panel(36).isVisible());
         QVERIFY(program.Entry("mnuThisMonth").isEnabled());

@@ -61,6 +61,18 @@ private Q_SLOTS:
         QCOMPARE(program.Box(20).Text(), QStringLiteral("train 8:12"));
     }
 
+    void AnUndoNeverBringsBackAnotherDaysText()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        program.Type(20, QStringLiteral("secret"));
+        for (int i = 0; i < 6; ++i)
+            QTest::keyClick(&program.Box(20), Qt::Key_Backspace);
+        program.Trigger("mnuNextMonth"); // both days are empty
+        QTest::keyClick(&program.Box(20), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(program.Box(20).Text(), QString());
+    }
+
     void AnEmptiedDayLeavesNoRecord()
     {
         Program& program = *m_program;
@@ -212,6 +224,18 @@ private Q_SLOTS:
         QTRY_COMPARE(program.Box(20).Text(), QString());
         QTest::keyClick(&program.Box(20), Qt::Key_V, Qt::ControlModifier);
         QTRY_COMPARE(program.Box(20).Text(), QStringLiteral("abc"));
+    }
+
+    void ANewPlannerDoesNotCostTheTypingInTheOldOne()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        program.Type(20, QStringLiteral("just typed"));
+        program.New(QStringLiteral("other.mdb"));
+        QCOMPARE(program.Box(20).Text(), QString());
+        program.Exit();
+        QVERIFY(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("just typed"));
+        QVERIFY(program.Stored(QStringLiteral("other.mdb"), QStringLiteral("1999/3/19")).isNull());
     }
 
     void WithoutAPlannerCellsTakeNoText()

@@ -72,6 +72,23 @@ private Q_SLOTS:
         QCOMPARE(program.Panel(36).Caption(), QStringLiteral(" 14"));
     }
 
+    void AMinimisedStartKnowsItsNotesWhenItComesBack()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        program.Type(20, QStringLiteral("found again"));
+        Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(1)"), QStringLiteral("chkMinimized")},
+                  Qt::Key_Return);
+        program.Exit();
+        program.form = std::make_unique<Mainform>();
+        program.form->Form_Load([](const QString&) {}, [] {});
+        QVERIFY(program.form->isMinimized());
+        program.form->showNormal();
+        QTRY_VERIFY(program.Bottom().isVisible());
+        QCOMPARE(program.Box(20).Text(), QStringLiteral("found again"));
+        QVERIFY(program.form->findChild<QWidget*>(QStringLiteral("tabSidebar"))->isVisible());
+    }
+
     void AWorkgroupsPlannerOpensSharedAtTheNextStart()
     {
         Program& program = *m_program;

@@ -72,13 +72,13 @@ void Enlarge(QFileDialog& dialog)
 }
 } // namespace
 
-void CommonDialog::Action(int action)
+bool CommonDialog::Action(int action)
 {
     if (action != 1) throw RunTimeError{InvalidProcedureCall, QStringLiteral("Invalid procedure call")};
-    ShowOpen();
+    return ShowOpen();
 }
 
-void CommonDialog::ShowOpen()
+bool CommonDialog::ShowOpen()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QStringList filters = NameFilters(Filter);
@@ -101,6 +101,7 @@ void CommonDialog::ShowOpen()
     if (accepted) Take(*dialog, filters);
     delete dialog;
     if (!accepted && CancelError) throw RunTimeError{errors::DialogCancelled, QStringLiteral("Cancel was selected.")};
+    return accepted;
 }
 
 void CommonDialog::Take(const QFileDialog& dialog, const QStringList& filters)

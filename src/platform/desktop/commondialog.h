@@ -25,11 +25,11 @@ public:
     QString FileTitle; // its last component
 
     // 1 shows the Open dialog. Cancel raises error 32755 "Cancel was selected." if CancelError is true, and otherwise
-    // leaves FileName as it was. Patterns match in any letter case.
-    void Action(int action);
+    // leaves FileName as it was and gives false. Patterns match in any letter case.
+    bool Action(int action);
 
 private:
-    void ShowOpen();
+    bool ShowOpen();
     void Take(const QFileDialog& dialog, const QStringList& filters);
 
     QWidget* m_owner;

@@ -110,11 +110,12 @@ bool SplashIsUp()
 }
 } // namespace
 
-int MsgBox(const QString& text, int style, const QString& title)
+int MsgBox(const QString& text, int style, const QString& title, const QString& secondText)
 {
     // A timer behind the box may close the window that owns it, and the box goes with its owner.
     const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
     Fill(*box, text, style, title);
+    box->setInformativeText(Breakable(secondText));
     if (SplashIsUp()) box->setWindowFlag(Qt::WindowStaysOnTopHint);
     const int pointer = MousePointer();
     SetMousePointer(mousepointer::Default); // the person is to choose now, not to wait

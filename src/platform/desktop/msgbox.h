@@ -13,5 +13,5 @@ inline constexpr int DefaultButton2 = 256;
 
 // Shows the box over the active window and waits; the answer is one of the seven numbers above. Esc and the close box
 // answer Cancel, or the harmless button where there is no Cancel (No for YesNo, Ok for Ok). An empty title gives
-// "Orrelin". Timers go on behind it.
-int MsgBox(const QString& text, int style = 0, const QString& title = QString());
+// "Orrelin". The second text stands below the first, smaller. Timers go on behind it.
+int MsgBox(const QString& text, int style = 0, const QString& title = QString(), const QString& secondText = QString());
