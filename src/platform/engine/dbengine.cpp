@@ -1,5 +1,6 @@
 #include "platform/engine/dbengine.h"
 
+#include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/store.h"
 
@@ -32,6 +33,18 @@ Database OpenDatabase(const QString& path, bool exclusive)
 void DeleteDatabase(const QString& path)
 {
     sqlitefile::Delete(path);
+}
+
+AloneWith::AloneWith(const QString& path) : m_claim(sqlitefile::Claim(path)) {}
+
+void CompactDatabase(const QString& from, const QString& to)
+{
+    compacting::Compact(from, to);
+}
+
+void ReplaceDatabase(const QString& scratch, const QString& target)
+{
+    compacting::Replace(scratch, target);
 }
 
 void Idle(int)

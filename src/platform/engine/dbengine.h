@@ -22,6 +22,29 @@ Database OpenDatabase(const QString& path, bool exclusive = false);
 // Deletes a database with its journal, if nobody, this program included, has it open (3045). 3024, 3051, 3043.
 void DeleteDatabase(const QString& path);
 
+// While it lives nobody, this program included, can open the planner. The two calls below claim their planner by
+// themselves; this keeps the claim from one to the next, so that no note can be written in between. 3045, 3024, 3050.
+class AloneWith
+{
+public:
+    explicit AloneWith(const QString& path);
+
+private:
+    std::shared_ptr<void> m_claim;
+};
+
+// Makes `to` a new planner with all that is in `from`, ids and the next free id included, without its free room, on the
+// disk, and with its mode and, where they can be given, its owner and group. 3204 if `to` exists, 3044 if its folder
+// does not, 3045 if anybody has `from` open, else the errors of OpenDatabase; 3343 where a full check of `from` finds
+// damage, since nothing may be left out in silence; 3026, 3043. After an error there is no `to`, and `from` is as it
+// was.
+void CompactDatabase(const QString& from, const QString& to);
+
+// Puts a planner that nobody has open, such as Compact makes, into the place of another and deletes it. The folders may
+// lie on different drives. The target keeps its mode and owner; whatever ends the program meanwhile, it is either the
+// old planner or the new one, whole. 3045, 3024, 3343, 3051, 3026, 3043: then both are as they were.
+void ReplaceDatabase(const QString& scratch, const QString& target);
+
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
 
