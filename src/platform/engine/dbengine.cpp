@@ -1,6 +1,7 @@
 #include "platform/engine/dbengine.h"
 
 #include "platform/engine/sqlite/compacting.h"
+#include "platform/engine/sqlite/repairing.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/store.h"
 
@@ -45,6 +46,11 @@ void CompactDatabase(const QString& from, const QString& to)
 void ReplaceDatabase(const QString& scratch, const QString& target)
 {
     compacting::Replace(scratch, target);
+}
+
+RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables)
+{
+    return repairing::Repair(path, tables);
 }
 
 void Idle(int)

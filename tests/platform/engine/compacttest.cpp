@@ -73,10 +73,12 @@ private Q_SLOTS:
             other.Open(m_path, false);
             QCOMPARE(compact(&text), InUse);
             QVERIFY2(text.contains(QLatin1StringView("on machine")), qPrintable(text));
+            QCOMPARE(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }), InUse);
         }
         {
             const Database own = DBEngine::OpenDatabase(m_path, true);
             QCOMPARE(compact(), InUse);
+            QCOMPARE(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }), InUse);
         }
         {
             const DBEngine::AloneWith alone(m_path);
@@ -110,6 +112,7 @@ private Q_SLOTS:
         const auto unlimited = qScopeGuard([&] { ::setrlimit(RLIMIT_FSIZE, &before); });
         QCOMPARE(ErrorOf([&] { DBEngine::ReplaceDatabase(m_dummy, m_path); }), InputOutput);
         QVERIFY(ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy + u'2'); }) != 0);
+        QVERIFY(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }) != 0);
         QCOMPARE(Files(), files);
         QVERIFY(NotesIn(m_path) == notes);
         QVERIFY(NotesIn(m_dummy) == notes);
