@@ -1,5 +1,7 @@
 #include "platform/engine/dbengine.h"
 
+#include "platform/engine/sqlite/compacting.h"
+#include "platform/engine/sqlite/repairing.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/store.h"
 
@@ -32,6 +34,23 @@ Database OpenDatabase(const QString& path, bool exclusive)
 void DeleteDatabase(const QString& path)
 {
     sqlitefile::Delete(path);
+}
+
+AloneWith::AloneWith(const QString& path) : m_claim(sqlitefile::Claim(path)) {}
+
+void CompactDatabase(const QString& from, const QString& to)
+{
+    compacting::Compact(from, to);
+}
+
+void ReplaceDatabase(const QString& scratch, const QString& target)
+{
+    compacting::Replace(scratch, target);
+}
+
+RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables)
+{
+    return repairing::Repair(path, tables);
 }
 
 void Idle(int)

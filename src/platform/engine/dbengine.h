@@ -22,6 +22,48 @@ Database OpenDatabase(const QString& path, bool exclusive = false);
 // Deletes a database with its journal, if nobody, this program included, has it open (3045). 3024, 3051, 3043.
 void DeleteDatabase(const QString& path);
 
+// While it lives nobody, this program included, can open the planner. The three calls below claim their planner by
+// themselves; this keeps the claim from one to the next, so that no note can be written in between. 3045, 3024, 3050.
+class AloneWith
+{
+public:
+    explicit AloneWith(const QString& path);
+
+private:
+    std::shared_ptr<void> m_claim;
+};
+
+// Makes `to` a new planner with all that is in `from`, ids and the next free id included, without its free room, on the
+// disk, and with its mode and, where they can be given, its owner and group. 3204 if `to` exists, 3044 if its folder
+// does not, 3045 if anybody has `from` open, else the errors of OpenDatabase; 3343 where a full check of `from` finds
+// damage, since nothing may be left out in silence; 3026, 3043. After an error there is no `to`, and `from` is as it
+// was.
+void CompactDatabase(const QString& from, const QString& to);
+
+// Puts a planner that nobody has open, such as Compact makes, into the place of another and deletes it. The folders may
+// lie on different drives. The target keeps its mode and owner; whatever ends the program meanwhile, it is either the
+// old planner or the new one, whole. 3045, 3024, 3343, 3051, 3026, 3043: then both are as they were.
+void ReplaceDatabase(const QString& scratch, const QString& target);
+
+struct RepairReport
+{
+    struct Table
+    {
+        QString Name;
+        qint64 Rows = 0;    // recovered, the cut ones included
+        qint64 CutRows = 0; // of which the end of a text, or what stood behind it, is lost
+    };
+    QString KeptAs; // where the damaged planner lies now, with its journal; empty if nothing was wrong
+    std::vector<Table> Tables;
+};
+
+// Repairs a planner in place. An undamaged one is left as it is. Else all rows that can still be read are put into a
+// new planner, and the damaged one is kept beside it under a free name. The tables are those that the caller expects: a
+// planner's own schema comes first, and they stand in for what is lost of it. 3045 if anybody has it open; 3024, 3051,
+// 3026, 3043; 3343 if it is no planner, or one from a newer program, or nothing in it can be read. After an error it is
+// as it was; whatever ends the program meanwhile, it is the old planner or the repaired one, whole.
+RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables = {});
+
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
 

@@ -3,9 +3,9 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sessiontable.h"
+#include "platform/engine/sqlite/wholefiles.h"
 #include "platform/runtime/runtimeerror.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <sys/stat.h>
@@ -15,15 +15,6 @@
 
 namespace {
 using Identity = std::pair<dev_t, ino_t>;
-
-struct stat StatusOf(const QString& path)
-{
-    struct stat status = {};
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
-        throw RunTimeError{engineerrors::FileNotFound,
-                           QStringLiteral("Could not find file '%1'.").arg(QFileInfo(path).fileName())};
-    return status;
-}
 
 ByteLocks::Mode ModeOf(bool exclusive)
 {
@@ -53,7 +44,7 @@ struct OpenFile::Shared
 std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
 {
     static std::map<Identity, std::weak_ptr<Shared>> known;
-    const struct stat status = StatusOf(planner);
+    const struct stat status = wholefiles::StatusOf(planner);
     std::weak_ptr<Shared>& entry = known[{status.st_dev, status.st_ino}];
     std::shared_ptr<Shared> shared = entry.lock();
     if (!shared) entry = shared = std::make_shared<Shared>(planner, status);
@@ -70,6 +61,20 @@ void RaiseInUse(const QString& planner, const ByteLocks& locks)
 {
     throw RunTimeError{engineerrors::InUse, QStringLiteral("Could not use '%1'; file already in use by %2.")
                                                 .arg(QFileInfo(planner).fileName(), HolderOf(locks, {}))};
+}
+
+std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)
+{
+    // By path: the claim stands for the file of locks, and outlives the exchange of the planner beside it.
+    static std::map<QString, std::weak_ptr<ByteLocks>> claims;
+    std::weak_ptr<ByteLocks>& claim = claims[planner];
+    if (auto held = claim.lock()) return held;
+    const struct stat status = wholefiles::StatusOf(planner);
+    // A descriptor of its own, which this program's own opens refuse too.
+    auto locks = std::make_shared<ByteLocks>(LockFileOf(planner), status.st_mode, status.st_gid);
+    if (!locks->TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(planner, *locks);
+    claim = locks;
+    return locks;
 }
 
 OpenFile::OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole)

@@ -13,6 +13,10 @@ QString LockFileOf(const QString& planner);
 // Raises the 3045 that says who has the planner open.
 [[noreturn]] void RaiseInUse(const QString& planner, const ByteLocks& locks);
 
+// Keeps a planner from everybody, this program's own opens included, as long as the result lives; the path is the real
+// one. Asked for twice it is shared, so that several steps can be made under one claim. 3045, 3050.
+std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner);
+
 // One open of a planner, from construction to destruction.
 class OpenFile
 {

@@ -94,6 +94,14 @@ void SqliteConnection::SetUp()
     });
 }
 
+void SqliteConnection::CheckWhole()
+{
+    Read([this] {
+        if (m_database.execAndGet("PRAGMA integrity_check(1)").getString() != "ok")
+            throw SQLite::Exception("integrity_check", SQLITE_CORRUPT);
+    });
+}
+
 void SqliteConnection::WriteEmptyPlanner()
 {
     Write([this] {

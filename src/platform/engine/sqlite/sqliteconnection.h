@@ -17,7 +17,9 @@ public:
     // Raises what is wrong with the file (3343, 3051) without waiting for others: silent if they keep it to themselves.
     void CheckUnlocked();
     void SetUp();
-    void CheckHead(); // 3343, 3006
+    void CheckHead();     // 3343, 3006
+    void CheckWhole();    // 3343 where anything in the file is damaged; reads all of it
+    void RefuseIfMoved(); // 3043
     void WriteEmptyPlanner();
     void KeepWhole(bool whole); // while it is true other connections get nothing
 
@@ -46,7 +48,6 @@ private:
     void CheckOwnership();
     bool InTransaction() const;
     void StopReading();
-    void RefuseIfMoved(); // 3043
     RunTimeError Failure(const SQLite::Exception& error, Doing doing);
 
     QString m_path;

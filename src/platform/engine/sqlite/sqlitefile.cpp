@@ -2,6 +2,7 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sqlite/sqlitestore.h"
+#include "platform/engine/sqlite/wholefiles.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QFile>
@@ -17,6 +18,7 @@
 
 namespace {
 using namespace engineerrors;
+using namespace wholefiles;
 
 struct Meaning
 {
@@ -25,11 +27,6 @@ struct Meaning
     const char16_t* text;
 };
 
-constexpr Meaning OpenMeanings[] = {
-    {ENOENT, FileNotFound, u"Could not find file '%1'."},
-    {ENOTDIR, FileNotFound, u"Could not find file '%1'."},
-    {EACCES, ReadOnlyFile, u"You have no permission to use '%1'."},
-};
 constexpr Meaning CreateMeanings[] = {
     {EEXIST, FileExists, u"'%1' exists already."},
     {ENOENT, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
@@ -50,36 +47,12 @@ template <std::size_t Count>
     throw RunTimeError{InputOutput,
                        QStringLiteral("'%1': %2.").arg(name, QString::fromLocal8Bit(std::strerror(error)))};
 }
-
-struct stat StatusOf(const QString& path)
-{
-    struct stat status = {};
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0) Raise(OpenMeanings, path, errno);
-    return status;
-}
-
-QString RealPath(const QString& path)
-{
-    return QFileInfo(path).canonicalFilePath();
-}
-
-bool Unlink(const QString& path)
-{
-    return ::unlink(QFile::encodeName(path).constData()) == 0;
-}
-
-QString JournalOf(const QString& path)
-{
-    return path + QLatin1StringView("-journal");
-}
 } // namespace
 
 namespace sqlitefile {
 std::shared_ptr<Store> Open(const QString& path, bool exclusive)
 {
-    const struct stat status = StatusOf(path);
-    if (!S_ISREG(status.st_mode) || status.st_size == 0)
-        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(QFileInfo(path).fileName())};
+    StatusOfFile(path);
     return std::make_shared<SqliteStore>(RealPath(path), exclusive, SqliteStore::File::Planner);
 }
 
@@ -99,13 +72,16 @@ std::shared_ptr<Store> Create(const QString& path)
     return store;
 }
 
+std::shared_ptr<void> Claim(const QString& path)
+{
+    StatusOf(path);
+    return ClaimAlone(RealPath(path));
+}
+
 void Delete(const QString& path)
 {
-    const struct stat status = StatusOf(path);
+    const std::shared_ptr<void> claim = Claim(path);
     const QString real = RealPath(path);
-    // A descriptor of its own, which this program's own opens refuse too.
-    ByteLocks locks(LockFileOf(real), status.st_mode, status.st_gid);
-    if (!locks.TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(real, locks);
     // The planner first: a journal without a planner means nothing, a planner without its journal may be torn.
     if (!Unlink(real)) Raise(DeleteMeanings, real, errno);
     Unlink(JournalOf(real));

@@ -13,4 +13,5 @@ namespace sqlitefile {
 std::shared_ptr<Store> Open(const QString& path, bool exclusive);
 std::shared_ptr<Store> Create(const QString& path);
 void Delete(const QString& path);
+std::shared_ptr<void> Claim(const QString& path); // nobody can open it while the result lives
 } // namespace sqlitefile

@@ -63,6 +63,7 @@ SqliteStore::SqliteStore(const QString& path, bool exclusive, File file)
     // Before any lock, so that no file of locks is left beside something that is no planner.
     if (file == File::Planner) m_connection->CheckUnlocked();
     m_openFile = std::make_unique<OpenFile>(path, exclusive, [this](bool whole) { m_connection->KeepWhole(whole); });
+    m_connection->RefuseIfMoved(); // by a Compact or Repair that ended just before the lock was ours
     m_connection->SetUp();
     if (file == File::Empty) m_connection->WriteEmptyPlanner();
     m_connection->CheckHead();

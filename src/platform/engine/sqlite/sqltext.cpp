@@ -140,6 +140,14 @@ std::string Insert(const TableDef& table)
     return text.toStdString();
 }
 
+std::string Restore(const TableDef& table)
+{
+    const QString text = QLatin1StringView("INSERT OR IGNORE INTO ") + Quoted(table.Name) + QLatin1StringView(" (") +
+                         Columns(table) + QLatin1StringView(") VALUES (?, ") +
+                         Each(table, QLatin1StringView("?"), QLatin1StringView(", ")) + u')';
+    return text.toStdString();
+}
+
 std::string Replace(const TableDef& table)
 {
     const QString text = QLatin1StringView("UPDATE ") + Quoted(table.Name) + QLatin1StringView(" SET ") +

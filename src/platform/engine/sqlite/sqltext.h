@@ -35,6 +35,7 @@ bool BindsId(Rows rows);
 std::string Find(const TableDef& table, const Index& index, LookUp lookUp, const QString& likeField);
 std::string Fetch(const TableDef& table);   // binds the id
 std::string Insert(const TableDef& table);  // binds the values
+std::string Restore(const TableDef& table); // binds the id, null for a new one, and the values; passes over duplicates
 std::string Replace(const TableDef& table); // binds the new values, the id and the old ones
 std::string Erase(const TableDef& table);   // binds the id and the old values
 

@@ -1,0 +1,121 @@
+#include "platform/engine/sqlite/compacting.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/sqliteconnection.h"
+#include "platform/engine/sqlite/sqliteschema.h"
+#include "platform/engine/sqlite/sqlitevalues.h"
+#include "platform/engine/sqlite/wholefiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Statement.h>
+
+namespace {
+using namespace engineerrors;
+using namespace wholefiles;
+
+// Opens a planner for a full look at it: a journal that a crash left is played back by this.
+void SetUpAndCheck(SqliteConnection& connection)
+{
+    connection.SetUp();
+    connection.CheckHead();
+    connection.CheckWhole();
+}
+
+// Every table with its number of rows, and every number that ids go on from.
+QStringList Inventory(SqliteConnection& connection)
+{
+    QStringList lines;
+    connection.Read([&] {
+        SQLite::Database& library = connection.Library();
+        for (const QString& table : sqliteschema::TableNames(library)) {
+            QString name = table;
+            const QString count =
+                QLatin1StringView("SELECT count(*) FROM \"%1\"").arg(name.replace(u'"', QLatin1StringView("\"\"")));
+            lines += QStringLiteral("%1: %2").arg(table).arg(library.execAndGet(count.toStdString()).getInt64());
+        }
+        if (!library.tableExists("sqlite_sequence")) return;
+        SQLite::Statement next(library, "SELECT name, seq FROM sqlite_sequence");
+        while (next.executeStep())
+            lines += QStringLiteral("%1 at %2").arg(TextOf(next.getColumn(0))).arg(next.getColumn(1).getInt64());
+    });
+    lines.sort();
+    return lines;
+}
+
+void VacuumInto(SqliteConnection& source, const QString& path)
+{
+    try {
+        SQLite::Statement vacuum(source.Library(), "VACUUM INTO ?");
+        vacuum.bind(1, QFile::encodeName(path).toStdString());
+        vacuum.exec();
+    } catch (const SQLite::Exception& error) {
+        throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
+    }
+}
+
+void CompareWith(SqliteConnection& source, const QString& path)
+{
+    SqliteConnection made(path);
+    made.CheckHead();
+    made.CheckWhole();
+    if (Inventory(made) != Inventory(source))
+        throw RunTimeError{InputOutput, QStringLiteral("'%1' has not become a copy.").arg(QFileInfo(path).fileName())};
+}
+
+void RefuseExisting(const QString& to)
+{
+    const QFileInfo info(to);
+    if (Exists(to)) throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(info.fileName())};
+    if (!info.dir().exists())
+        throw RunTimeError{InvalidPath,
+                           QStringLiteral("'%1' cannot be made: its folder does not exist.").arg(info.fileName())};
+}
+} // namespace
+
+namespace compacting {
+void Compact(const QString& from, const QString& to)
+{
+    RefuseExisting(to);
+    const struct stat status = StatusOfFile(from);
+    const QString real = RealPath(from);
+    SqliteConnection source(real);
+    source.CheckUnlocked(); // before the claim, so that no file of locks is left beside something that is no planner
+    const auto claim = ClaimAlone(real);
+    source.RefuseIfMoved();
+    SetUpAndCheck(source);
+    const ScratchFile fresh(to + QLatin1StringView(".new"), status);
+    VacuumInto(source, fresh.Path());
+    CompareWith(source, fresh.Path());
+    Sync(fresh.Path());
+    RenameToFree(fresh.Path(), to);
+    SyncFolderOf(to);
+}
+
+void Replace(const QString& scratch, const QString& target)
+{
+    StatusOfFile(scratch);
+    const struct stat status = StatusOfFile(target);
+    const QString real = RealPath(target), source = RealPath(scratch);
+    const auto claim = ClaimAlone(real);
+    {
+        SqliteConnection planner(real);
+        planner.SetUp();
+        planner.CheckHead(); // its own journal is played back now: the old planner has to be whole until the last step
+        SqliteConnection(source).CheckHead();
+    }
+    const ScratchFile fresh(real + QLatin1StringView(".new"), status);
+    CopyInto(source, fresh.Path());
+    {
+        SqliteConnection copy(fresh.Path());
+        copy.CheckHead();
+        copy.CheckWhole();
+    }
+    const LibraryLock others(real);
+    PutInPlace(fresh.Path(), real);
+    ScratchFile::Remove(source);
+}
+} // namespace compacting

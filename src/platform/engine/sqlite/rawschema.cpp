@@ -1,0 +1,101 @@
+#include "platform/engine/sqlite/rawschema.h"
+
+#include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/sqliteschema.h"
+#include "platform/engine/sqlite/sqlitevalues.h"
+
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <algorithm>
+#include <sqlite3.h>
+
+namespace {
+constexpr int progressSteps = 100000;
+
+struct Item
+{
+    QByteArray type;
+    QString name;
+    qint64 root = 0;
+    QByteArray sql;
+};
+
+QByteArray BytesOf(const RawValue& value)
+{
+    const auto* bytes = std::get_if<QByteArray>(&value);
+    return bytes ? *bytes : QByteArray();
+}
+
+Item ItemOf(const RawRow& row)
+{
+    const auto* root = std::get_if<qint64>(&row.values[3]);
+    return {BytesOf(row.values[0]), QString::fromUtf8(BytesOf(row.values[1])), root ? *root : 0,
+            BytesOf(row.values[4])};
+}
+
+// The library reads the text, in a database of its own that holds nothing. False if it is no text of a table or index.
+bool MakeFrom(SQLite::Database& empty, const QByteArray& sql)
+{
+    constexpr QByteArrayView beginnings[] = {"CREATE TABLE ", "CREATE INDEX ", "CREATE UNIQUE INDEX "};
+    if (std::ranges::none_of(beginnings, [&](QByteArrayView beginning) { return sql.startsWith(beginning); }))
+        return false;
+    try {
+        SQLite::Statement(empty, sql.toStdString()).exec();
+        return true;
+    } catch (const SQLite::Exception&) {
+        return false;
+    }
+}
+
+bool BeginsWithId(SQLite::Database& database, const QString& table)
+{
+    SQLite::Statement first(database, "SELECT 1 FROM pragma_table_info(?) WHERE cid = 0 AND pk = 1 AND name = ?");
+    BindText(first, 1, table);
+    BindText(first, 2, plannerformat::IdColumn);
+    return first.executeStep();
+}
+
+bool HasIndex(const TableDef& table, const QString& name)
+{
+    return std::ranges::any_of(table.Indexes, [&](const Index& index) { return index.Name == name; });
+}
+
+bool HasField(const TableDef& table, const QString& name)
+{
+    return std::ranges::any_of(table.Fields, [&](const Field& field) { return field.Name == name; });
+}
+
+void Complete(TableDef& table, const TableDef& expected)
+{
+    if (table.Fields.empty()) table = expected;
+    for (const Index& index : expected.Indexes)
+        if (!HasIndex(table, index.Name) && HasField(table, KeyField(index))) table.Indexes.push_back(index);
+}
+} // namespace
+
+namespace rawschema {
+std::vector<Table> Tables(const std::vector<RawRow>& rows, const std::vector<TableDef>& expected)
+{
+    SQLite::Database empty(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    empty.exec("PRAGMA trusted_schema = OFF");
+    // A forged text could keep the library busy for ever.
+    sqlite3_progress_handler(
+        empty.getHandle(), progressSteps, [](void*) { return 1; }, nullptr);
+    std::vector<Table> tables;
+    for (const QByteArrayView type : {QByteArrayView("table"), QByteArrayView("index")}) {
+        for (const RawRow& row : rows) {
+            const Item item = ItemOf(row);
+            if (item.type != type) continue;
+            MakeFrom(empty, item.sql);
+            if (type == "table") tables.push_back({item.name, item.root, {}});
+        }
+    }
+    for (Table& table : tables) {
+        if (BeginsWithId(empty, table.name)) table.definition = sqliteschema::Definition(empty, table.name);
+        const auto known = std::ranges::find(expected, table.name, &TableDef::Name);
+        if (known != expected.end()) Complete(table.definition, *known);
+    }
+    return tables;
+}
+} // namespace rawschema

@@ -1,0 +1,239 @@
+#include "platform/engine/sqlite/repairing.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/rebuilding.h"
+#include "platform/engine/sqlite/sqliteconnection.h"
+#include "platform/engine/sqlite/wholefiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <SQLiteCpp/Column.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <sqlite3.h>
+
+namespace {
+using namespace engineerrors;
+using namespace wholefiles;
+using Tables = std::vector<DBEngine::RepairReport::Table>;
+
+// A version beyond this is no newer program's but damage.
+constexpr int versionLimit = 1000;
+
+enum class Verdict
+{
+    Sound,
+    Damaged,
+    NotOurs // another program's, or a newer Orrelin's: to be refused as OpenDatabase does
+};
+
+Verdict JudgeOpened(SQLite::Database& library)
+{
+    const int id = library.execAndGet("PRAGMA application_id").getInt();
+    const int version = library.execAndGet("PRAGMA user_version").getInt();
+    const bool isOurs = id == plannerformat::ApplicationId;
+    if (isOurs && version > plannerformat::Version && version <= versionLimit) return Verdict::NotOurs;
+    if (library.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return Verdict::Damaged;
+    if (isOurs && version == plannerformat::Version) return Verdict::Sound;
+    // Only the mark of our program may be what was damaged.
+    const std::string ours = "SELECT count(*) FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c "
+                             "WHERE t.type = 'table' AND c.cid = 0 AND c.name = '" +
+                             plannerformat::IdColumn.toStdString() + "'";
+    return library.execAndGet(ours).getInt() > 0 ? Verdict::Damaged : Verdict::NotOurs;
+}
+
+// Of a copy, since the library plays a journal back as soon as it looks at the file.
+Verdict Judge(const QString& copy)
+{
+    try {
+        SQLite::Database library(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE);
+        library.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
+        return JudgeOpened(library);
+    } catch (const SQLite::Exception& error) {
+        // What the disk cannot do is no damage of the planner.
+        const int code = error.getErrorCode() & 0xff;
+        if (code == SQLITE_FULL || code == SQLITE_IOERR || code == SQLITE_NOMEM)
+            throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(copy).fileName());
+        return Verdict::Damaged;
+    }
+}
+
+qint64 WholeRows(const Tables& tables)
+{
+    qint64 rows = 0;
+    for (const auto& table : tables)
+        rows += table.Rows - table.CutRows;
+    return rows;
+}
+
+qint64 Rows(const Tables& tables)
+{
+    qint64 rows = 0;
+    for (const auto& table : tables)
+        rows += table.Rows;
+    return rows;
+}
+
+void CopyToFree(const QString& from, const QString& to, const struct stat& status)
+{
+    const ScratchFile copy(to + QLatin1StringView(".new"), status);
+    CopyInto(from, copy.Path());
+    RenameToFree(copy.Path(), to);
+}
+
+// The planner as it is without its journal, or as the journal leaves it, and what can be made of it.
+struct State
+{
+    State(const QString& planner, const struct stat& status, QLatin1StringView suffix)
+        : copy(planner + suffix, status), rebuilt(planner + suffix + QLatin1StringView(".new"), status)
+    {
+        CopyInto(planner, copy.Path());
+    }
+
+    void Rebuild(const std::vector<TableDef>& expected)
+    {
+        const salvage::Result found = salvage::Read(Content(copy.Path()), expected);
+        hasHead = found.hasHead;
+        // That all tables are there and none has a row is a find too, if nothing of them is missing.
+        isFound = !found.tables.empty() && std::ranges::all_of(found.tables, &salvage::Table::complete);
+        tables = rebuilding::Write(found.tables, rebuilt.Path());
+        isFound = isFound || Rows(tables) > 0;
+    }
+
+    ScratchFile copy;
+    ScratchFile rebuilt;
+    Verdict verdict = Verdict::Damaged;
+    bool hasHead = false;
+    bool isFound = false;
+    Tables tables;
+};
+
+class Repairer
+{
+public:
+    Repairer(const QString& planner, const std::vector<TableDef>& expected)
+        : m_planner(planner), m_status(StatusOf(planner)), m_expected(expected), m_lock(std::in_place, planner)
+    {
+    }
+
+    DBEngine::RepairReport Run();
+
+private:
+    void Look();
+    void OpenAsEver();
+    State& Choose();
+    QString KeepDamaged() const;
+    void Exchange(State& state);
+
+    QString m_planner;
+    struct stat m_status;
+    const std::vector<TableDef>& m_expected;
+    std::optional<LibraryLock> m_lock;
+    std::unique_ptr<State> m_asItIs;     // without the journal
+    std::unique_ptr<State> m_playedBack; // if there is a journal to be played back
+};
+
+DBEngine::RepairReport Repairer::Run()
+{
+    Look();
+    const State& likely = m_playedBack ? *m_playedBack : *m_asItIs;
+    if (likely.verdict != Verdict::Damaged) {
+        OpenAsEver();
+        return {};
+    }
+    State& state = Choose();
+    const QString name = QFileInfo(m_planner).fileName();
+    if (!state.isFound && !state.hasHead)
+        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner: nothing in it can be read.").arg(name)};
+    if (!state.isFound)
+        throw RunTimeError{
+            NotADatabase,
+            QStringLiteral("Nothing can be read any more in the damaged planner '%1'. It is left as it was.")
+                .arg(name)};
+    const QString kept = KeepDamaged();
+    Exchange(state);
+    return {kept, state.tables};
+}
+
+void Repairer::Look()
+{
+    m_asItIs = std::make_unique<State>(m_planner, m_status, QLatin1StringView(".asis"));
+    if (HasHotJournal(m_planner)) {
+        m_playedBack = std::make_unique<State>(m_planner, m_status, QLatin1StringView(".back"));
+        const ScratchFile journal(JournalOf(m_playedBack->copy.Path()), m_status);
+        CopyInto(JournalOf(m_planner), journal.Path());
+        m_playedBack->verdict = Judge(m_playedBack->copy.Path());
+        Sync(m_playedBack->copy.Path());
+    }
+    m_asItIs->verdict = Judge(m_asItIs->copy.Path());
+}
+
+// The way of any open: a journal that leaves a sound planner, as its copy has shown, is played back by the library.
+void Repairer::OpenAsEver()
+{
+    m_asItIs.reset();
+    m_playedBack.reset();
+    m_lock.reset();
+    SqliteConnection planner(m_planner);
+    planner.SetUp();
+    planner.CheckHead();
+}
+
+// A journal that leaves a sound planner is right, however many rows that has: the rest was never told to be saved. Only
+// where it does not, it may be torn or another planner's. Then a planner that is sound without it never needed it, and
+// of two damaged states the one with more whole rows is the better; the other one stays with what is kept.
+State& Repairer::Choose()
+{
+    m_asItIs->Rebuild(m_expected);
+    if (!m_playedBack || m_asItIs->verdict == Verdict::Sound) return *m_asItIs;
+    m_playedBack->Rebuild(m_expected);
+    const bool asItIs = WholeRows(m_asItIs->tables) > WholeRows(m_playedBack->tables);
+    return asItIs ? *m_asItIs : *m_playedBack;
+}
+
+QString Repairer::KeepDamaged() const
+{
+    const bool hasExtension = m_planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
+    const QString stem = hasExtension ? m_planner.chopped(4) : m_planner;
+    QString kept;
+    int number = 1;
+    do {
+        kept = stem + QLatin1StringView(".damaged") + (number > 1 ? QString::number(number) : QString()) +
+               (hasExtension ? m_planner.last(4) : QString());
+        ++number;
+    } while (Exists(kept) || Exists(JournalOf(kept)) || Exists(LockFileOf(kept)));
+    // The journal first, so that a planner of that name is never without it.
+    if (Exists(JournalOf(m_planner))) CopyToFree(JournalOf(m_planner), JournalOf(kept), m_status);
+    CopyToFree(m_planner, kept, m_status);
+    SyncFolderOf(kept);
+    return kept;
+}
+
+void Repairer::Exchange(State& state)
+{
+    std::optional<LibraryLock> others;
+    if (m_playedBack && &state == m_playedBack.get()) {
+        // Without its journal the old file would be less than was found. The state that the journal leaves is not: to
+        // play it back once more changes nothing.
+        others.emplace(state.copy.Path());
+        Rename(state.copy.Path(), m_planner);
+        SyncFolderOf(m_planner);
+    }
+    PutInPlace(state.rebuilt.Path(), m_planner);
+}
+} // namespace
+
+namespace repairing {
+DBEngine::RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
+{
+    StatusOfFile(path);
+    const QString planner = RealPath(path);
+    const auto claim = ClaimAlone(planner);
+    return Repairer(planner, tables).Run();
+}
+} // namespace repairing

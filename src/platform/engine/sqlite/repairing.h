@@ -1,0 +1,8 @@
+// Repairing a planner in place: what is to be kept, which state of it counts, and the exchange. As in DBEngine.
+#pragma once
+
+#include "platform/engine/dbengine.h"
+
+namespace repairing {
+DBEngine::RepairReport Repair(const QString& path, const std::vector<TableDef>& tables);
+} // namespace repairing

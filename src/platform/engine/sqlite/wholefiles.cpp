@@ -1,0 +1,227 @@
+#include "platform/engine/sqlite/wholefiles.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+using namespace engineerrors;
+
+constexpr off_t libraryLockByte = 0x40000000; // where the library's own locks begin
+constexpr off_t libraryLockSize = 512;
+
+QString NameOf(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+
+int NumberOf(int error)
+{
+    if (error == ENOENT || error == ENOTDIR) return FileNotFound;
+    if (error == ENOSPC || error == EDQUOT) return DiskFull;
+    if (error == EACCES || error == EPERM || error == EROFS) return ReadOnlyFile;
+    if (error == EEXIST) return FileExists;
+    return InputOutput;
+}
+
+[[noreturn]] void Raise(const QString& path, int error)
+{
+    throw RunTimeError{NumberOf(error),
+                       QStringLiteral("'%1': %2.").arg(NameOf(path), QString::fromLocal8Bit(std::strerror(error)))};
+}
+
+class Descriptor
+{
+public:
+    Descriptor(const QString& path, int flags, mode_t mode = 0)
+        : m_path(path), m_number(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
+    {
+        if (m_number < 0) Raise(path, errno);
+    }
+    ~Descriptor() { ::close(m_number); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    operator int() const { return m_number; }
+
+    std::size_t Read(char* data, std::size_t size) const
+    {
+        const ssize_t got = ::read(m_number, data, size);
+        if (got < 0) Raise(m_path, errno);
+        return static_cast<std::size_t>(got);
+    }
+    void Write(const char* data, std::size_t size) const
+    {
+        while (size > 0) {
+            const ssize_t written = ::write(m_number, data, size);
+            if (written < 0) Raise(m_path, errno);
+            data += written;
+            size -= static_cast<std::size_t>(written);
+        }
+    }
+    void Sync() const
+    {
+        // Some file systems have nothing to sync in a folder and say so.
+        if (::fsync(m_number) != 0 && errno != EINVAL) Raise(m_path, errno);
+    }
+
+private:
+    QString m_path;
+    int m_number;
+};
+} // namespace
+
+namespace wholefiles {
+struct stat StatusOf(const QString& path)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+        if (NumberOf(errno) != FileNotFound) Raise(path, errno);
+        throw RunTimeError{FileNotFound, QStringLiteral("Could not find file '%1'.").arg(NameOf(path))};
+    }
+    return status;
+}
+
+struct stat StatusOfFile(const QString& path)
+{
+    const struct stat status = StatusOf(path);
+    if (!S_ISREG(status.st_mode) || status.st_size == 0)
+        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(NameOf(path))};
+    return status;
+}
+
+QString RealPath(const QString& path)
+{
+    return QFileInfo(path).canonicalFilePath();
+}
+
+QString JournalOf(const QString& planner)
+{
+    return planner + QLatin1StringView("-journal");
+}
+
+bool Exists(const QString& path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+}
+
+bool HasHotJournal(const QString& path)
+{
+    if (!Exists(JournalOf(path))) return false;
+    char first = '\0';
+    return Descriptor(JournalOf(path), O_RDONLY).Read(&first, 1) == 1 && first != '\0';
+}
+
+QByteArray Content(const QString& path)
+{
+    const Descriptor file(path, O_RDONLY);
+    struct stat status = {};
+    ::fstat(file, &status);
+    QByteArray bytes(status.st_size, Qt::Uninitialized);
+    qsizetype size = 0;
+    while (size < bytes.size()) {
+        const std::size_t got = file.Read(bytes.data() + size, static_cast<std::size_t>(bytes.size() - size));
+        if (got == 0) break;
+        size += static_cast<qsizetype>(got);
+    }
+    return bytes.first(size);
+}
+
+void CopyInto(const QString& from, const QString& to)
+{
+    const Descriptor source(from, O_RDONLY), target(to, O_WRONLY | O_TRUNC);
+    std::array<char, 1 << 16> buffer;
+    while (const std::size_t size = source.Read(buffer.data(), buffer.size()))
+        target.Write(buffer.data(), size);
+    target.Sync();
+}
+
+void Sync(const QString& path)
+{
+    Descriptor(path, O_RDONLY).Sync();
+}
+
+void SyncFolderOf(const QString& path)
+{
+    Descriptor(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY).Sync();
+}
+
+void Rename(const QString& from, const QString& to)
+{
+    if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0) Raise(to, errno);
+}
+
+void RenameToFree(const QString& from, const QString& to)
+{
+    const QByteArray source = QFile::encodeName(from), target = QFile::encodeName(to);
+    if (::renameat2(AT_FDCWD, source, AT_FDCWD, target, RENAME_NOREPLACE) == 0) return;
+    if (errno == EINVAL && !Exists(to)) return Rename(from, to); // a drive that does not know such a rename
+    Raise(to, errno);
+}
+
+bool Unlink(const QString& path)
+{
+    return ::unlink(QFile::encodeName(path).constData()) == 0;
+}
+
+void PutInPlace(const QString& fresh, const QString& planner)
+{
+    // On the disk the journal must be gone before the new planner is there, or it would be played into it.
+    if (!Unlink(JournalOf(planner)) && errno != ENOENT) Raise(JournalOf(planner), errno);
+    SyncFolderOf(planner);
+    Rename(fresh, planner);
+    SyncFolderOf(planner);
+}
+} // namespace wholefiles
+
+ScratchFile::ScratchFile(const QString& path, const struct stat& model) : m_path(path)
+{
+    Remove(m_path);
+    const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
+    // Each by itself: a member of the planner's group may give the group and not the owner. The mode comes last, since
+    // a change of owner can take bits of it away.
+    if (::fchown(file, model.st_uid, model.st_gid) != 0) {
+        [[maybe_unused]] const int grouped = ::fchown(file, static_cast<uid_t>(-1), model.st_gid);
+    }
+    ::fchmod(file, model.st_mode & 0777);
+}
+
+ScratchFile::~ScratchFile()
+{
+    Remove(m_path);
+}
+
+void ScratchFile::Remove(const QString& path)
+{
+    for (const char* beside : {"", "-journal", "-wal", "-shm"})
+        wholefiles::Unlink(path + QLatin1StringView(beside));
+}
+
+LibraryLock::LibraryLock(const QString& path)
+    : m_descriptor(::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC))
+{
+    if (m_descriptor < 0) Raise(path, errno);
+    struct flock lock = {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = libraryLockByte;
+    lock.l_len = libraryLockSize;
+    if (::fcntl(m_descriptor, F_OFD_SETLK, &lock) == 0) return;
+    ::close(m_descriptor);
+    throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; another program has it open.").arg(NameOf(path))};
+}
+
+LibraryLock::~LibraryLock()
+{
+    ::close(m_descriptor);
+}

@@ -1,0 +1,138 @@
+// A planner made compact and put into its own place: nothing lost, whoever is in the way and whatever ends it.
+#include "damagetesting.h"
+#include "platform/engine/engineerrors.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace engineerrors;
+
+class CompactTest : public QObject
+{
+    Q_OBJECT
+
+    std::optional<QTemporaryDir> m_folder;
+    QString m_path, m_dummy;
+    const QByteArray m_ids = "SELECT \"record id\", qmtDate FROM \"QMT Table\"; SELECT * FROM sqlite_sequence";
+
+    QStringList Files() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
+    void CompactInPlace() const
+    {
+        const DBEngine::AloneWith alone(m_path);
+        DBEngine::CompactDatabase(m_path, m_dummy);
+        DBEngine::ReplaceDatabase(m_dummy, m_path);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder.emplace();
+        m_path = m_folder->filePath(QStringLiteral("notes.mdb"));
+        m_dummy = m_folder->filePath(QStringLiteral("dummy.mdb"));
+        MakeFullPlanner(m_path);
+    }
+
+    void ACompactPlannerHasAllRowsAndLessRoom()
+    {
+        ::chmod(QFile::encodeName(m_path).constData(), 0640);
+        const Notes notes = NotesIn(m_path);
+        const auto ids = Ask(m_path, m_ids);
+        const qint64 size = QFile(m_path).size();
+        DBEngine::CompactDatabase(m_path, m_dummy);
+        QVERIFY(NotesIn(m_dummy) == notes);
+        ::chmod(QFile::encodeName(m_dummy).constData(), 0600);
+        DBEngine::ReplaceDatabase(m_dummy, m_path);
+        QVERIFY(NotesIn(m_path) == notes);
+        QVERIFY(Ask(m_path, m_ids) == ids);
+        QVERIFY(QFile(m_path).size() < size - 100000);
+        struct stat status = {};
+        ::stat(QFile::encodeName(m_path).constData(), &status);
+        QCOMPARE(status.st_mode & 0777, 0640u);
+        QCOMPARE(Files(), QStringList({QStringLiteral("notes.ldb"), QStringLiteral("notes.mdb")}));
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        QCOMPARE(Read(days, DayKey(100)), NoteText(100));
+    }
+
+    void WhatMayNotBeMadeCompactIsLeftAlone()
+    {
+        const QByteArray before = Content(m_path);
+        const auto compact = [&](QString* text = nullptr) {
+            return ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy); }, text);
+        };
+        SetContent(m_dummy, "mine");
+        QCOMPARE(compact(), FileExists);
+        QCOMPARE(Content(m_dummy), QByteArray("mine"));
+        QFile::remove(m_dummy);
+        QString text;
+        {
+            OtherProgram other;
+            other.Open(m_path, false);
+            QCOMPARE(compact(&text), InUse);
+            QVERIFY2(text.contains(QLatin1StringView("on machine")), qPrintable(text));
+            QCOMPARE(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }), InUse);
+        }
+        {
+            const Database own = DBEngine::OpenDatabase(m_path, true);
+            QCOMPARE(compact(), InUse);
+            QCOMPARE(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }), InUse);
+        }
+        {
+            const DBEngine::AloneWith alone(m_path);
+            OtherProgram other;
+            QVERIFY(other.Open(m_path, false).startsWith(QString::number(InUse)));
+            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), InUse);
+        }
+        // A page of an index: all rows are there, and yet something is wrong.
+        const int index = Ask(m_path, "SELECT pageno FROM dbstat WHERE name = 'qmtPrimaryKey'").last()[0].toInt();
+        SetContent(m_path, QByteArray(before).replace(4096 * (index - 1), 4096, QByteArray(4096, '\x5a')));
+        QCOMPARE(compact(&text), NotADatabase);
+        QVERIFY2(text.contains(QLatin1StringView("Repair")), qPrintable(text));
+        SetContent(m_path, "no planner at all");
+        QCOMPARE(compact(), NotADatabase);
+        QCOMPARE(Content(m_path), QByteArray("no planner at all"));
+        QFile::remove(m_path);
+        QCOMPARE(compact(), FileNotFound);
+        QVERIFY(!QFile::exists(m_dummy));
+    }
+
+    void AFullDiskLeavesBothAsTheyWere()
+    {
+        const Notes notes = NotesIn(m_path);
+        DBEngine::CompactDatabase(m_path, m_dummy);
+        const QStringList files = Files();
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        ::getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit little = {200000, before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &little);
+        const auto unlimited = qScopeGuard([&] { ::setrlimit(RLIMIT_FSIZE, &before); });
+        QCOMPARE(ErrorOf([&] { DBEngine::ReplaceDatabase(m_dummy, m_path); }), InputOutput);
+        QVERIFY(ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy + u'2'); }) != 0);
+        QVERIFY(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }) != 0);
+        QCOMPARE(Files(), files);
+        QVERIFY(NotesIn(m_path) == notes);
+        QVERIFY(NotesIn(m_dummy) == notes);
+    }
+
+    void KilledAtAnyMomentThePlannerIsWhole()
+    {
+        const Notes notes = NotesIn(m_path);
+        const QByteArray content = Content(m_path);
+        int change = 1;
+        for (; KilledBeforeChange(change, [this] { CompactInPlace(); }); ++change) {
+            QVERIFY(!QFile::exists(m_dummy) || NotesIn(m_dummy) == notes); // never half of it
+            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
+            QVERIFY2(NotesIn(m_path) == notes, qPrintable(QString::number(change)));
+            QFile::remove(m_dummy);
+            SetContent(m_path, content);
+        }
+        QVERIFY(change > 20);
+    }
+};
+
+ENGINE_TEST_MAIN(CompactTest)
+#include "compacttest.moc"
