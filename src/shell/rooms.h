@@ -15,6 +15,7 @@
 #include "editing/shortcutfilter.h"
 #include "plannerfile/creation.h"
 #include "plannerfile/exitsave.h"
+#include "plannerfile/maintenance.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
@@ -52,6 +53,7 @@ struct Rooms
     DateSearch dateSearch{controls.bottom, notes, redraw, m_pCalendarView, *controls.client};
     ShellHandlers shellHandlers{*controls.client};
     Formatting formatting{controls.cells, controls.bar, controls.network};
+    Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};

@@ -23,6 +23,12 @@ void Planners(Rooms& rooms)
 }
 
 template <auto Handler>
+void Maintain(Rooms& rooms)
+{
+    (rooms.maintenance.*Handler)();
+}
+
+template <auto Handler>
 void Arrange(Rooms& rooms)
 {
     (rooms.bars.*Handler)();
@@ -56,6 +62,8 @@ constexpr MenuRow MenuRows[] = {
     {"mnuNew", " in MainForm, mnuNew_Click", Planners<&PlannerHandlers::mnuNew_Click>},
     {"mnuOpen", " in MainForm, mnuOpen_Click", Planners<&PlannerHandlers::mnuOpen_Click>},
     {"mnuSave", " in MainForm, mnuSave_Click", Planners<&PlannerHandlers::mnuSave_Click>},
+    {"mnuCompact", " in MainForm, mnuCompact_Click", Maintain<&Maintenance::mnuCompact_Click>},
+    {"mnuRepair", " in MainForm, mnuRepair_Click", Maintain<&Maintenance::mnuRepair_Click>},
     {"mnuMonthView", " in MainForm, mnuMonthView_Click", Go<&Navigation::subSwitchToMonthView>},
     {"mnuWeekView", " in MainForm, mnuWeekView_Click", Go<&Navigation::subSwitchToWeekView>},
     {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click", Arrange<&Bars::mnuViewTBVisible_Click>},

@@ -8,8 +8,8 @@
 
 namespace {
 constexpr QByteArrayView magic("SQLite format 3\0", 16);
-constexpr qsizetype headSize = 100; // of the file, on its first page
-constexpr quint32 leastUsable = 480;
+constexpr qsizetype HeadSize = 100; // of the file, on its first page
+constexpr quint32 LeastUsable = 480;
 
 // A number of one to nine bytes; the view goes on behind it.
 std::optional<quint64> TakeNumber(QByteArrayView& bytes)
@@ -34,14 +34,14 @@ quint32 Short(QByteArrayView page, qsizetype at)
 // Where the page's own head begins.
 qsizetype HeadOf(quint32 page)
 {
-    return page == 1 ? headSize : 0;
+    return page == 1 ? HeadSize : 0;
 }
 
 // The bytes of a column of this type; nothing for the types that do not exist.
 std::optional<quint64> SizeOf(quint64 type)
 {
-    static constexpr quint8 sizes[] = {0, 1, 2, 3, 4, 6, 8, 8, 0, 0};
-    if (type < std::size(sizes)) return sizes[type];
+    static constexpr quint8 Sizes[] = {0, 1, 2, 3, 4, 6, 8, 8, 0, 0};
+    if (type < std::size(Sizes)) return Sizes[type];
     if (type < 12) return std::nullopt;
     return (type - 12) / 2;
 }
@@ -92,10 +92,10 @@ RawPages::RawPages(QByteArrayView bytes, quint32 pageSize, quint32 reserved)
 
 std::optional<RawPages> RawPages::ByHead(QByteArrayView bytes)
 {
-    if (bytes.size() < headSize || !bytes.startsWith(magic)) return std::nullopt;
+    if (bytes.size() < HeadSize || !bytes.startsWith(magic)) return std::nullopt;
     const quint32 told = Short(bytes, 16);
     const quint32 pageSize = told == 1 ? 65536 : told, reserved = static_cast<quint8>(bytes[20]);
-    if (pageSize < 512 || !std::has_single_bit(pageSize) || pageSize - reserved < leastUsable) return std::nullopt;
+    if (pageSize < 512 || !std::has_single_bit(pageSize) || pageSize - reserved < LeastUsable) return std::nullopt;
     RawPages pages(bytes, pageSize, reserved);
     pages.m_countOnce = qFromBigEndian<quint32>(bytes.data() + 28);
     return pages;

@@ -11,7 +11,7 @@
 #include <sqlite3.h>
 
 namespace {
-constexpr int progressSteps = 100000;
+constexpr int ProgressSteps = 100000;
 
 struct Item
 {
@@ -37,8 +37,8 @@ Item ItemOf(const RawRow& row)
 // The library reads the text, in a database of its own that holds nothing. False if it is no text of a table or index.
 bool MakeFrom(SQLite::Database& empty, const QByteArray& sql)
 {
-    constexpr QByteArrayView beginnings[] = {"CREATE TABLE ", "CREATE INDEX ", "CREATE UNIQUE INDEX "};
-    if (std::ranges::none_of(beginnings, [&](QByteArrayView beginning) { return sql.startsWith(beginning); }))
+    constexpr QByteArrayView Beginnings[] = {"CREATE TABLE ", "CREATE INDEX ", "CREATE UNIQUE INDEX "};
+    if (std::ranges::none_of(Beginnings, [&](QByteArrayView beginning) { return sql.startsWith(beginning); }))
         return false;
     try {
         SQLite::Statement(empty, sql.toStdString()).exec();
@@ -81,7 +81,7 @@ std::vector<Table> Tables(const std::vector<RawRow>& rows, const std::vector<Tab
     empty.exec("PRAGMA trusted_schema = OFF");
     // A forged text could keep the library busy for ever.
     sqlite3_progress_handler(
-        empty.getHandle(), progressSteps, [](void*) { return 1; }, nullptr);
+        empty.getHandle(), ProgressSteps, [](void*) { return 1; }, nullptr);
     std::vector<Table> tables;
     for (const QByteArrayView type : {QByteArrayView("table"), QByteArrayView("index")}) {
         for (const RawRow& row : rows) {

@@ -13,11 +13,11 @@
 
 namespace {
 // An id is a place among the locked bytes, and those of a table are so many.
-constexpr qint64 idLimit = qint64{1} << 40;
+constexpr qint64 IdLimit = qint64{1} << 40;
 
 bool IsId(qint64 id)
 {
-    return id >= 1 && id < idLimit;
+    return id >= 1 && id < IdLimit;
 }
 
 void BindRaw(SQLite::Statement& statement, int number, const RawValue& value)

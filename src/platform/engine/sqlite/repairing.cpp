@@ -23,7 +23,7 @@ using namespace wholefiles;
 using Tables = std::vector<DBEngine::RepairReport::Table>;
 
 // A version beyond this is no newer program's but damage.
-constexpr int versionLimit = 1000;
+constexpr int VersionLimit = 1000;
 
 enum class Verdict
 {
@@ -37,7 +37,7 @@ Verdict JudgeOpened(SQLite::Database& library)
     const int id = library.execAndGet("PRAGMA application_id").getInt();
     const int version = library.execAndGet("PRAGMA user_version").getInt();
     const bool isOurs = id == plannerformat::ApplicationId;
-    if (isOurs && version > plannerformat::Version && version <= versionLimit) return Verdict::NotOurs;
+    if (isOurs && version > plannerformat::Version && version <= VersionLimit) return Verdict::NotOurs;
     if (library.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return Verdict::Damaged;
     if (isOurs && version == plannerformat::Version) return Verdict::Sound;
     // Only the mark of our program may be what was damaged.

@@ -10,7 +10,7 @@
 namespace {
 using salvage::Table;
 
-constexpr std::size_t sequenceColumns = 2;
+constexpr std::size_t SequenceColumns = 2;
 
 struct Tree
 {
@@ -187,7 +187,7 @@ void Salvage::ReadTrees()
     std::vector<RawRow> lastIds;
     for (std::size_t i = 0; i < trees.size(); ++i) {
         const TableDef& definition = m_schema[i].definition;
-        if (m_schema[i].name == u"sqlite_sequence") lastIds = ReadRows(trees[i], sequenceColumns);
+        if (m_schema[i].name == u"sqlite_sequence") lastIds = ReadRows(trees[i], SequenceColumns);
         if (definition.Fields.empty()) continue;
         const std::vector<RawPages::Cell> cells = CellsOf(trees[i], definition.Fields.size() + 1);
         m_tables.push_back({definition, {}, {}, trees[i].complete});

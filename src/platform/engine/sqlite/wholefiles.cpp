@@ -16,8 +16,8 @@
 namespace {
 using namespace engineerrors;
 
-constexpr off_t libraryLockByte = 0x40000000; // where the library's own locks begin
-constexpr off_t libraryLockSize = 512;
+constexpr off_t LibraryLockByte = 0x40000000; // where the library's own locks begin
+constexpr off_t LibraryLockSize = 512;
 
 QString NameOf(const QString& path)
 {
@@ -214,8 +214,8 @@ LibraryLock::LibraryLock(const QString& path)
     struct flock lock = {};
     lock.l_type = F_WRLCK;
     lock.l_whence = SEEK_SET;
-    lock.l_start = libraryLockByte;
-    lock.l_len = libraryLockSize;
+    lock.l_start = LibraryLockByte;
+    lock.l_len = LibraryLockSize;
     if (::fcntl(m_descriptor, F_OFD_SETLK, &lock) == 0) return;
     ::close(m_descriptor);
     throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; another program has it open.").arg(NameOf(path))};

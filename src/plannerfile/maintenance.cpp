@@ -1,0 +1,78 @@
+#include "plannerfile/maintenance.h"
+
+#include "plannerfile/schema.h"
+#include "platform/desktop/commondialog.h"
+#include "platform/desktop/folders.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/engine/dbengine.h"
+#include "platform/runtime/errortail.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace {
+QString Describe(const DBEngine::RepairReport& report)
+{
+    if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.");
+    QString text =
+        QStringLiteral("The damaged planner is kept beside it as %1.\n").arg(QFileInfo(report.KeptAs).fileName());
+    for (const auto& table : report.Tables) {
+        text += QStringLiteral("\n%1: %2 recovered").arg(table.Name).arg(table.Rows);
+        if (table.CutRows > 0) text += QStringLiteral(", of which %1 lost a part").arg(table.CutRows);
+    }
+    return text;
+}
+} // namespace
+
+void Maintenance::Run(QLatin1StringView literal, const char* text, const std::function<void()>& work)
+{
+    const auto pointer = qScopeGuard([] { SetMousePointer(mousepointer::Default); });
+    try {
+        work();
+    } catch (const RunTimeError& error) {
+        SetMousePointer(mousepointer::Default);
+        MsgBox(QString::fromLatin1(text) + error.Description, msgbox::Critical, QStringLiteral("Error"));
+        LogError(error, literal);
+    }
+}
+
+// Title and CancelError are those of the dialog's last use: after New or Open a Cancel is an error that is shown.
+bool Maintenance::ChooseFile(const char* filter)
+{
+    m_dialog.Filter = QString::fromLatin1(filter);
+    m_dialog.Flags = CommonDialog::FileMustExist;
+    m_dialog.FilterIndex = 1;
+    m_dialog.AcceptText.clear();
+    return m_dialog.Action(1) && !m_dialog.FileName.isEmpty();
+}
+
+void Maintenance::mnuCompact_Click()
+{
+    Run(QLatin1StringView(" in MainForm, mnuCompact_Click"), "Unable to compress database: ", [&] {
+        if (!ChooseFile("Access (*.MDB)|*.mdb")) return;
+        const QString file = m_dialog.FileName;
+        const QString scratch = folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
+        SetMousePointer(mousepointer::Hourglass);
+        {
+            const DBEngine::AloneWith alone(file);
+            DBEngine::CompactDatabase(file, scratch);
+            DBEngine::ReplaceDatabase(scratch, file);
+        }
+        SetMousePointer(mousepointer::Default);
+        MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"));
+    });
+}
+
+void Maintenance::mnuRepair_Click()
+{
+    Run(QLatin1StringView(" in MainForm, mnuRepair_Click"), "Error when repairing database: ", [&] {
+        if (!ChooseFile("Access (*.mdb)|*.mdb")) return;
+        SetMousePointer(mousepointer::Hourglass);
+        const auto report = DBEngine::RepairDatabase(
+            m_dialog.FileName, {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()});
+        SetMousePointer(mousepointer::Default);
+        MsgBox(QStringLiteral("Database repaired successfully"), msgbox::Information, QStringLiteral("Repair"),
+               Describe(report));
+    });
+}
