@@ -12,13 +12,20 @@
 #include <QScopeGuard>
 
 namespace {
+QString WordFor(const QString& table)
+{
+    if (table == schema::Notes) return QStringLiteral("Notes");
+    if (table == schema::Alarms) return QStringLiteral("Alarms");
+    return table == schema::Recursions ? QStringLiteral("Recurring events") : table;
+}
+
 QString Describe(const DBEngine::RepairReport& report)
 {
     if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.");
     QString text =
         QStringLiteral("The damaged planner is kept beside it as %1.\n").arg(QFileInfo(report.KeptAs).fileName());
     for (const auto& table : report.Tables) {
-        text += QStringLiteral("\n%1: %2 recovered").arg(table.Name).arg(table.Rows);
+        text += QStringLiteral("\n%1: %2 recovered").arg(WordFor(table.Name)).arg(table.Rows);
         if (table.CutRows > 0) text += QStringLiteral(", of which %1 lost a part").arg(table.CutRows);
     }
     return text;

@@ -98,7 +98,7 @@ private Q_SLOTS:
             box.accept();
         });
         m_program->Trigger("mnuRepair");
-        QVERIFY2(second.contains(QStringLiteral("QMT Table: 2 recovered")), qPrintable(second));
+        QVERIFY2(second.contains(QStringLiteral("Notes: 2 recovered")), qPrintable(second));
         const QStringList kept = QFileInfo(Path()).dir().entryList({QStringLiteral("notes?*.mdb")});
         QCOMPARE(kept.size(), 1);
         QVERIFY(second.contains(kept.first()));
