@@ -95,15 +95,21 @@ inline void Press(QMessageBox& box, const std::function<bool(QAbstractButton*)>&
 }
 } // namespace support
 
-// Runs the action on the next modal window of this class.
-template <typename Window>
-void OnNextModal(std::function<void(Window&)> action)
+// Runs the action on the next modal window that fits.
+inline void OnNextModal(std::function<bool(QWidget*)> fits, std::function<void(QWidget*)> action)
 {
-    support::g_answers.push_back({[](QWidget* window) { return qobject_cast<Window*>(window) != nullptr; },
-                                  [action](QWidget* window) { action(*qobject_cast<Window*>(window)); }});
+    support::g_answers.push_back({std::move(fits), std::move(action)});
     if (support::g_answers.size() > 1) return;
     support::g_answersUntil.setRemainingTime(support::longestWait);
     QTimer::singleShot(0, qApp, support::Poll);
+}
+
+// On the next one of this class.
+template <typename Window>
+void OnNextModal(std::function<void(Window&)> action)
+{
+    OnNextModal([](QWidget* window) { return qobject_cast<Window*>(window) != nullptr; },
+                [action](QWidget* window) { action(*qobject_cast<Window*>(window)); });
 }
 
 // Answers that no box has taken yet; a test that expects its box looks for 0 behind the call.

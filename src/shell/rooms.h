@@ -1,6 +1,7 @@
 // What the main window consists of: its controls, the views, and the classes that hold its handlers.
 #pragma once
 
+#include "appearance/appearance.h"
 #include "calendar/bars.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
@@ -50,6 +51,7 @@ struct Rooms
     Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
     PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
     Navigation navigation{controls.cells, controls.bottom, notes, redraw, controls.menus, m_pCalendarView, bars};
+    Appearance appearance{controls.cells, controls.bottom, notes, redraw};
     DateSearch dateSearch{controls.bottom, notes, redraw, m_pCalendarView, *controls.client};
     ShellHandlers shellHandlers{*controls.client};
     Formatting formatting{controls.cells, controls.bar, controls.network};

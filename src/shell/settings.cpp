@@ -64,3 +64,16 @@ PanelStyle ReadStyle(const StyleDefaults& defaults)
             static_cast<std::uint32_t>(static_cast<std::int64_t>(std::clamp(color, -2147483648.0, 4294967295.0))) &
                 0xFFFFFFu};
 }
+
+void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes)
+{
+    const auto write = [&](QStringView key, const QString& value) {
+        WritePrivateProfileStringA(Fixed(section), Fixed(key), value, Fixed(settings::PlannerIni));
+    };
+    const auto flag = [&](bool set) { return set ? yes.toString() : QStringLiteral("0"); };
+    write(u"FONTNAME", style.fontName);
+    write(u"FONTSIZE", TrimmedStr(style.size));
+    write(u"FONTBOLD", flag(style.bold));
+    write(u"FONTITALIC", flag(style.italic));
+    write(u"FONTCOLOR", QStringLiteral("&H%1&").arg(QString::number(style.color, 16).toUpper()));
+}

@@ -48,6 +48,8 @@ struct PanelStyle
 };
 
 PanelStyle ReadStyle(const StyleDefaults& defaults);
+// yes is the text of a flag that is set, which differs from writer to writer; every reader takes it for true.
+void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes);
 
 namespace settings {
 inline constexpr QStringView PlannerIni = u"PLANNER.INI";

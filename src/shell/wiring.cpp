@@ -35,6 +35,12 @@ void Arrange(Rooms& rooms)
 }
 
 template <auto Handler>
+void Look(Rooms& rooms)
+{
+    (rooms.appearance.*Handler)();
+}
+
+template <auto Handler>
 void Search(Rooms& rooms)
 {
     (rooms.dateSearch.*Handler)();
@@ -77,6 +83,11 @@ constexpr MenuRow MenuRows[] = {
     {"mnuThisMonth", " in MainForm, mnuThisMonth_Click", Go<&Navigation::mnuThisMonth_Click>},
     {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Go<&Navigation::subActionNext>},
     {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Search<&DateSearch::mnuDateSearch_Click>},
+    {"mnuInitialFont", " in MainForm, mnuInitialFont_Click", Look<&Appearance::mnuInitialFont_Click>},
+    {"mnuNumberDlg", " in MainForm, mnuNumberDlg_Click", Look<&Appearance::mnuNumberDlg_Click>},
+    {"mnuWeekAppearance", " in MainForm, mnuWeekAppearance_Click", Look<&Appearance::mnuWeekAppearance_Click>},
+    {"mnuMonthDisplay", " in MainForm, mnuMonthDisplay_Click", Look<&Appearance::mnuMonthDisplay_Click>},
+    {"mnuMonToSun", " in MainForm, mnuMonToSun_Click", Look<&Appearance::mnuMonToSun_Click>},
     {"mnuAutoload", " in MainForm, mnuAutoload_Click", Shell<&ShellHandlers::mnuAutoload_Click>},
     {"mnuContents", " in MainForm, mnuContents_Click", Shell<&ShellHandlers::mnuContents_Click>},
     {"mnuHelpSearch", " in MainForm, mnuHelpSearch_Click", Shell<&ShellHandlers::mnuHelpSearch_Click>},
@@ -202,6 +213,14 @@ void WireSidebar(Rooms& rooms)
     });
 }
 
+void WireHeadings(Rooms& rooms)
+{
+    QObject::connect(&rooms.controls.cells, &Cells::HeadingDblClick, &rooms.controls.cells, [&rooms](int Index) {
+        guard(QLatin1StringView(" in MainForm, lblDayOfWeek_DblClick"),
+              [&] { rooms.appearance.lblDayOfWeek_DblClick(Index); });
+    });
+}
+
 void WireTimers(Rooms& rooms)
 {
     Timer& midnight = rooms.controls.tmMidnightRefresh;
@@ -219,5 +238,6 @@ void WireHandlers(Rooms& rooms)
     WireCombos(rooms);
     WireSpins(rooms);
     WireSidebar(rooms);
+    WireHeadings(rooms);
     WireTimers(rooms);
 }

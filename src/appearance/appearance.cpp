@@ -1,0 +1,170 @@
+#include "appearance/appearance.h"
+
+#include "appearance/initfontform.h"
+#include "appearance/panelstyle.h"
+#include "appearance/styleform.h"
+#include "calendar/bottompanel.h"
+#include "calendar/calendarstate.h"
+#include "calendar/cells.h"
+#include "calendar/modshow.h"
+#include "calendar/redraw.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "platform/desktop/clock.h"
+#include "platform/look/paper.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+
+namespace {
+constexpr int Days = 7;
+constexpr int Raised = 2, Inset = 4; // 3D effects
+
+StyleDefaults Dialogs(QStringView section, int size)
+{
+    return {section, -1, size, 0, u""};
+}
+
+std::vector<StyleSample> CellSamples(const std::array<QStringView, 4>& sections, int size)
+{
+    const QString today = QString::number(desktopclock::Now().date().day());
+    const auto name = [](int i) { return QStringLiteral("panelDay(%1)").arg(i); };
+    return {{name(0), QStringLiteral("Daily"), QStringLiteral("18"), Dialogs(sections[0], size), paper::Paper},
+            {name(1), QStringLiteral("Today"), today, Dialogs(sections[1], size), paper::Today},
+            {name(2), QStringLiteral("Memo"), QStringLiteral("Memo1"), Dialogs(sections[2], size), paper::MemoPaper},
+            {name(3), QStringLiteral("Past Dates"), QStringLiteral("5"), Dialogs(sections[3], size), paper::Paper}};
+}
+
+StyleRules DayRules()
+{
+    return {.name = "PanelDayForm",
+            .title = QStringLiteral("Customize Daily Appearance"),
+            .frame = QStringLiteral("Daily Appearance"),
+            .hint = QStringLiteral("Click on individual cells to change the daily appearance of numbers and text"),
+            .click = QLatin1StringView(" in PanelDayForm, lblPanel1_Click"),
+            .save = QLatin1StringView(" in PanelDayForm, btnSave_Click"),
+            .font3D = settings::DailyFont3D,
+            .effect = Raised,
+            .strikeOut = &settings::PastDateStrikeThru,
+            .strikeOutCaption = QStringLiteral("Strikethrough")};
+}
+
+StyleRules WeekRules()
+{
+    return {.name = "PanelWeekForm",
+            .title = QStringLiteral("Customize Weekly Appearance"),
+            .frame = QStringLiteral("Weekly Appearance"),
+            .hint = QStringLiteral("Click on the panel to change the daily appearance of numbers and text"),
+            .click = QLatin1StringView(" in PanelWeekForm, lblPanel1_Click"),
+            .save = QLatin1StringView(" in PanelWeekForm, btnSave_Click"),
+            .font3D = settings::WeekDailyFont3D,
+            .effect = Raised,
+            .strikeOut = &settings::WeekPastDateStrikeThru,
+            .strikeOutCaption = QStringLiteral("StrikeThrough"),
+            .alwaysItalic = true};
+}
+
+StyleRules HeadingRules(const StyleSample& all)
+{
+    return {.name = "LabelColor",
+            .title = QStringLiteral("Customize Day of Week Appearance"),
+            .frame = QStringLiteral("Day of Week Appearence"),
+            .hint = QStringLiteral("Click on individual label to change fonts and colors"),
+            .click = QLatin1StringView(" in LabelColor, lblSampleDay_Click"),
+            .save = QLatin1StringView(" in LabelColor, btnSave_Click"),
+            .font3D = settings::DayOfWeekFont3D,
+            .effect = Raised,
+            .all = &all};
+}
+
+StyleRules MonthRules()
+{
+    return {.name = "lblMonthForm",
+            .title = QStringLiteral("Customize Monthly Appearance"),
+            .frame = QStringLiteral("Monthly Appearance"),
+            .hint = QStringLiteral("Click on this month's display to change fonts and color"),
+            .click = QLatin1StringView(" in lblMonthForm, lblMonth_Click"),
+            .save = QLatin1StringView(" in lblMonthForm, btnSave_Click"),
+            .font3D = settings::DisplayMonthFont3D,
+            .effect = Inset};
+}
+
+StyleDefaults HeadingDefaults(QStringView section)
+{
+    StyleDefaults defaults = settings::DayOfWeek;
+    defaults.section = section;
+    return defaults;
+}
+} // namespace
+
+void Appearance::DrawAnew(void (Redraw::*display)())
+{
+    const ErrorTail tail(QLatin1StringView(" in PanelDayForm, btnSave_Click"));
+    const bool hasPlanner = !g_sDBPath.isEmpty();
+    if (hasPlanner) tail([&] { m_notes.subUpdateQMTDatabase(); });
+    tail([&] { (m_redraw.*display)(); });
+    if (hasPlanner) tail([&] { m_notes.subSeekQMTDatabase(); });
+}
+
+void Appearance::mnuNumberDlg_Click()
+{
+    StyleForm form(DayRules(), CellSamples({u"DAILY PANEL", u"TODAY PANEL", u"MEMO PANEL", u"PASTDATE PANEL"}, 12),
+                   m_cells.Client()->window());
+    if (form.exec() == QDialog::Accepted) DrawAnew(&Redraw::subDisplayMonth);
+}
+
+void Appearance::mnuWeekAppearance_Click()
+{
+    StyleForm form(WeekRules(), CellSamples({u"WEEKDAILY", u"WEEKTODAY", u"WEEKMEMO", u"WEEKPASTDATE"}, 16),
+                   m_cells.Client()->window());
+    if (form.exec() == QDialog::Accepted) DrawAnew(&Redraw::subDisplayWeek);
+}
+
+void Appearance::mnuMonToSun_Click()
+{
+    static constexpr std::array<QStringView, Days> sections = {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};
+    std::vector<StyleSample> samples;
+    for (std::size_t day = 0; day < Days; ++day) {
+        samples.push_back({QStringLiteral("lblSampleDay(%1)").arg(day), QString(), sections[day].toString().toUpper(),
+                           HeadingDefaults(sections[day]), paper::Band});
+    }
+    const StyleSample all = {QStringLiteral("lblAllDay"), QString(), QStringLiteral("MON-SUN"), HeadingDefaults(u"SUN"),
+                             paper::Band};
+    StyleForm form(HeadingRules(all), samples, m_cells.Client()->window());
+    if (form.exec() == QDialog::Accepted) ShowHeadingStyles();
+}
+
+void Appearance::ShowHeadingStyles()
+{
+    for (int day = 0; day < Days; ++day) {
+        SSPanel& heading = m_cells.lblDayOfWeek(day);
+        const QString section = heading.Caption();
+        ApplyStyle(heading, ReadStyle(HeadingDefaults(section)));
+        heading.SetFont3D(Read(settings::DayOfWeekFont3D));
+    }
+}
+
+void Appearance::mnuMonthDisplay_Click()
+{
+    const StyleSample month = {QStringLiteral("lblMonth"), QString(), fnMonthName(g_iMonth), settings::DisplayMonth,
+                               paper::Band};
+    StyleForm form(MonthRules(), {month}, m_cells.Client()->window());
+    if (form.exec() != QDialog::Accepted) return;
+    ApplyStyle(*m_bottom.panelBottom, ReadStyle(settings::DisplayMonth));
+    m_bottom.panelBottom->SetFont3D(Read(settings::DisplayMonthFont3D));
+}
+
+void Appearance::mnuInitialFont_Click()
+{
+    InitFontForm(m_cells.Client()->window()).exec();
+}
+
+void Appearance::lblDayOfWeek_DblClick(int Index)
+{
+    SSPanel& heading = m_cells.lblDayOfWeek(Index);
+    const QString section = heading.Caption();
+    const auto chosen = ChooseStyle(m_cells.Client()->window(), ReadStyle(HeadingDefaults(section)));
+    if (!chosen) return;
+    ApplyStyle(heading, *chosen);
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    WriteStyle(section, *chosen, u"-1");
+}

@@ -1,0 +1,109 @@
+#include "appearance/initfontform.h"
+
+#include "platform/controls/orlcombo.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "shell/settings.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+struct StyleRow
+{
+    const char* name;
+    const char* caption;
+    const IntSetting* setting;
+};
+
+constexpr StyleRow StyleRows[] = {{"chkBold", "Bold", &settings::DefaultBold},
+                                  {"chkItalic", "Italic", &settings::DefaultItalic},
+                                  {"chkUnderline", "Underline", &settings::DefaultUnderline},
+                                  {"chkStrikeThrough", "Strikethrough", &settings::DefaultStrikeThrough}};
+
+ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label)
+{
+    auto* combo = new ORLCombo;
+    combo->setObjectName(QString::fromLatin1(name));
+    combo->setFocusPolicy(Qt::StrongFocus); // no caret is waiting in a cell here
+    rows.addRow(label, combo);
+    return combo;
+}
+
+void Select(ORLCombo& combo, const QString& text)
+{
+    for (int i = 0; i < combo.ListCount(); ++i) {
+        if (combo.List(i).trimmed().compare(text.trimmed(), Qt::CaseInsensitive) == 0) return combo.SetListIndex(i);
+    }
+    combo.ShowText(text);
+}
+} // namespace
+
+InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
+{
+    setObjectName(QStringLiteral("InitFontForm"));
+    setWindowTitle(QStringLiteral("Customize Initial Fonts"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(new QLabel(QStringLiteral("Customize your default choice of Font Name, Size and Color.")));
+    auto* frame = new QGroupBox(QStringLiteral("Initial Fonts"));
+    auto* rows = new QFormLayout(frame);
+    m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", QStringLiteral("&Font:"));
+    m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", QStringLiteral("&Size:"));
+    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", QStringLiteral("C&olor:"));
+    for (std::size_t i = 0; i < m_styles.size(); ++i) {
+        m_styles[i] = new QCheckBox(QString::fromLatin1(StyleRows[i].caption));
+        m_styles[i]->setObjectName(QString::fromLatin1(StyleRows[i].name));
+        rows->addRow(QString(), m_styles[i]);
+    }
+    column->addWidget(frame);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    column->addWidget(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ShowSettings();
+    CenterOnScreen(*this);
+}
+
+void InitFontForm::ShowSettings()
+{
+    const ErrorTail tail(QLatin1StringView(" in InitFontForm, Form_Load"));
+    m_orlcmbFontname->FillFontNames();
+    m_orlcmbFontsize->FillFontSizes();
+    m_orlcmbFontcolor->FillColors();
+    tail([&] { Select(*m_orlcmbFontname, Read(settings::DefaultFontName)); });
+    tail([&] { Select(*m_orlcmbFontsize, QString::number(Read(settings::DefaultFontSize))); });
+    tail([&] {
+        // Any other text stands for black, as it does in a note.
+        const QString color = Read(settings::DefaultFontColor);
+        Select(*m_orlcmbFontcolor, color == u"0" ? QStringLiteral("Black") : color);
+    });
+    for (std::size_t i = 0; i < m_styles.size(); ++i)
+        m_styles[i]->setChecked(Read(*StyleRows[i].setting) == 1);
+}
+
+void InitFontForm::accept()
+{
+    const ErrorTail tail(QLatin1StringView(" in InitFontForm, btnOK_Click"));
+    tail([&] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        WritePrivateProfileStringA(settings::DefaultFontSize.section.toString(),
+                                   settings::DefaultFontSize.key.toString(), m_orlcmbFontsize->Text().trimmed(),
+                                   settings::PlannerIni.toString());
+        Write(settings::DefaultFontColor, m_orlcmbFontcolor->Text().trimmed());
+        Write(settings::DefaultFontName, m_orlcmbFontname->Text().trimmed());
+        for (std::size_t i = 0; i < m_styles.size(); ++i)
+            Write(*StyleRows[i].setting, m_styles[i]->isChecked() ? 1 : 0);
+    });
+    QDialog::accept();
+}

@@ -1,0 +1,26 @@
+// The font, size, colour and styles that an empty note takes when typing begins.
+#pragma once
+
+#include <QDialog>
+
+#include <array>
+
+class ORLCombo;
+class QCheckBox;
+
+class InitFontForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit InitFontForm(QWidget* owner = nullptr); // shows the settings
+    void accept() override;                          // writes them
+
+private:
+    void ShowSettings();
+
+    ORLCombo* m_orlcmbFontname;
+    ORLCombo* m_orlcmbFontsize;
+    ORLCombo* m_orlcmbFontcolor;
+    std::array<QCheckBox*, 4> m_styles;
+};
