@@ -6,6 +6,7 @@
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/resources.h"
 #include "platform/controls/sspanel.h"
+#include "platform/controls/timer.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
 #include "platform/richtext/richtextbox.h"
@@ -102,6 +103,8 @@ public:
         Click(cell);
         QTest::keyClicks(&Box(cell), text);
     }
+
+    void Tick(const char* timer) const { Q_EMIT form->findChild<Timer*>(QString::fromLatin1(timer))->Tick(); }
 
     // The cell of a day in the shown month.
     int CellOf(int day) const

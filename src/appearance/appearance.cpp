@@ -99,10 +99,9 @@ StyleDefaults HeadingDefaults(QStringView section)
 void Appearance::DrawAnew(void (Redraw::*display)())
 {
     const ErrorTail tail(QLatin1StringView(" in PanelDayForm, btnSave_Click"));
-    const bool hasPlanner = !g_sDBPath.isEmpty();
-    if (hasPlanner) tail([&] { m_notes.subUpdateQMTDatabase(); });
+    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
     tail([&] { (m_redraw.*display)(); });
-    if (hasPlanner) tail([&] { m_notes.subSeekQMTDatabase(); });
+    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
 }
 
 void Appearance::mnuNumberDlg_Click()

@@ -29,8 +29,7 @@ void Bars::RefreshLayout()
 void Bars::LayOutAgain()
 {
     // The week is drawn anew as that of the selected day. Where the moves had left that week, the notes go with it.
-    const bool rowChanges =
-        !g_sDBPath.isEmpty() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
+    const bool rowChanges = HasPlanner() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
     const std::int16_t current = g_iCurrentPanel;
     if (rowChanges) m_notes.subUpdateQMTDatabase();
     RefreshLayout();

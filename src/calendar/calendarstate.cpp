@@ -1,5 +1,7 @@
 #include "calendar/calendarstate.h"
 
+#include "platform/desktop/clock.h"
+
 std::int16_t g_iYear = 0;
 std::int16_t g_iMonth = 0;
 std::int16_t g_iDay = 0;
@@ -10,6 +12,14 @@ std::array<std::int16_t, CellCount> g_aiCalendar{};
 std::array<std::int16_t, 1> g_aiLastDailyPanel{};
 std::array<std::int16_t, CellCount> g_iAlarmIcon{};
 std::array<std::int16_t, CellCount> g_aiLockState{};
+
+void GoToToday()
+{
+    const QDate today = desktopclock::Now().date();
+    g_iYear = static_cast<std::int16_t>(today.year());
+    g_iMonth = static_cast<std::int16_t>(today.month());
+    g_iDay = static_cast<std::int16_t>(today.day());
+}
 
 void ResetCalendarStateForTests()
 {

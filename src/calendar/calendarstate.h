@@ -8,11 +8,12 @@ inline constexpr int FirstMonthCell = 1, LastMonthCell = 35;
 inline constexpr int FirstWeekCell = 36, LastWeekCell = 42;
 inline constexpr int CellCount = 42;
 
-extern std::int16_t g_iYear;         // shown year; written by start-up, navigation, fast search
+extern std::int16_t g_iYear;         // shown year; written by GoToToday, the redraws, fast search
 extern std::int16_t g_iMonth;        // shown month, 1 to 12; written with g_iYear
-extern std::int16_t g_iDay;          // selected day of the month; a click on a month's day, the "current" commands,
-                                     // a week move across a month
-extern std::int16_t g_iCurrentPanel; // current cell, 1 to 42, or 0; cell events, redraws, reads of the view
+extern std::int16_t g_iDay;          // selected day of the month; GoToToday, a click on a month's day, a week move
+                                     // across a month
+extern std::int16_t g_iCurrentPanel; // current cell, 1 to 42, or 0; cell events, redraws, reads of the view,
+                                     // opening, a click on the week's picture
 extern std::int16_t g_iLanguage;     // of the month names: 0 English, 1 German, 2 French; start-up
 
 extern std::array<std::int16_t, 14> g_aiDaysInMonth;      // lengths at 1 to 12, else 0; subSetDaysInMonth
@@ -22,5 +23,7 @@ extern std::array<std::int16_t, CellCount> g_iAlarmIcon;  // cell - 1: 1 while i
 extern std::array<std::int16_t, CellCount> g_aiLockState; // cell - 1: personal: entered since the last save;
                                                           // shared: locked by this user. Cell events, QMTDB,
                                                           // the day lock
+
+void GoToToday(); // year, month and day by the clock; draws nothing
 
 void ResetCalendarStateForTests();

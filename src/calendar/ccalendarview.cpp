@@ -137,7 +137,7 @@ void CCalendarView::PosMonthPanels(const Rectangle& area)
 
 void CCalendarView::RestoreAlarmMarks(int first, int last)
 {
-    if (g_sDBPath.isEmpty()) return;
+    if (!HasPlanner()) return;
     const ReadTransaction reading(g_dbPlanner);
     for (int cell = first; cell <= last; ++cell) {
         if (m_cells.btnTunes.Exists(cell)) {

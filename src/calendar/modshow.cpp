@@ -87,6 +87,11 @@ QString fnMonthName(int month)
     return MonthNamesByLanguage[static_cast<std::size_t>(g_iLanguage)][static_cast<std::size_t>(month - 1)].toString();
 }
 
+QString MonthTitle()
+{
+    return fnMonthName(g_iMonth) + Str(g_iYear);
+}
+
 QString fnDayOfWeekName(int day)
 {
     static constexpr std::array<QStringView, 7> names = {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};

@@ -21,22 +21,9 @@
 #include <algorithm>
 
 namespace {
-bool HasPlanner()
-{
-    return !g_sDBPath.isEmpty();
-}
-
 bool AnyMarked()
 {
     return std::find(g_aiLockState.begin(), g_aiLockState.end(), 1) != g_aiLockState.end();
-}
-
-void GoToToday()
-{
-    const QDate today = desktopclock::Now().date();
-    g_iYear = static_cast<std::int16_t>(today.year());
-    g_iMonth = static_cast<std::int16_t>(today.month());
-    g_iDay = static_cast<std::int16_t>(today.day());
 }
 } // namespace
 

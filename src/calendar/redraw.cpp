@@ -71,11 +71,6 @@ int PastDays()
 }
 } // namespace
 
-QString MonthTitle()
-{
-    return fnMonthName(g_iMonth) + Str(g_iYear);
-}
-
 void Redraw::DisplayMonthCells()
 {
     const CellStyles styles = {ReadStyle(settings::MemoPanel), ReadStyle(settings::DailyPanel),

@@ -39,6 +39,3 @@ private:
     const BottomPanel& m_bottom;
     const ViewMode& m_viewMode;
 };
-
-// "JULY 1999", the title at the foot of the calendar.
-QString MonthTitle();

@@ -113,7 +113,7 @@ void CellEditing::tbDay_GotFocus(int Index)
     }
     g_iCurrentPanel = static_cast<std::int16_t>(Index);
     // Without a planner there is nothing that the cell could be written to.
-    if (!g_bDBShared && !g_sDBPath.isEmpty() && Index >= 1) g_aiLockState.at(static_cast<std::size_t>(Index - 1)) = 1;
+    if (!g_bDBShared && HasPlanner() && Index >= 1) g_aiLockState.at(static_cast<std::size_t>(Index - 1)) = 1;
     tail([&] {
         RichTextBox& box = m_cells.tbDay(Index);
         // Tabs and empty lines are text that somebody has formatted.

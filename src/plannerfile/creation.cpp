@@ -3,7 +3,7 @@
 #include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
 #include "calendar/cells.h"
-#include "calendar/redraw.h"
+#include "calendar/modshow.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/openasform.h"
@@ -71,7 +71,7 @@ bool Creation::MayReplaceExisting()
 void Creation::subNewPlanner()
 {
     if (!AskForPlanner(m_dialog, QStringLiteral("New Planner File"), QStringLiteral("&Create"))) return;
-    if (!g_sDBPath.isEmpty()) {
+    if (HasPlanner()) {
         m_notes.SetAside();
         m_notes.DropCells();
     }

@@ -74,7 +74,7 @@ bool ExitSave::KeepAsFiles(bool mayAsk)
 
 void ExitSave::ClosePlanner()
 {
-    if (g_sDBPath.isEmpty()) return;
+    if (!HasPlanner()) return;
     const ErrorTail tail(ExitTail);
     tail([] { g_rsQMT.Close(); });
     tail([] { g_rsRecurse.Close(); });

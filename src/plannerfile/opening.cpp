@@ -3,7 +3,7 @@
 #include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
 #include "calendar/cells.h"
-#include "calendar/redraw.h"
+#include "calendar/modshow.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/openasform.h"
@@ -41,7 +41,7 @@ void ReadNetworkOptions()
 
 void Opening::subOpenPlanner()
 {
-    const bool wasOpen = !g_sDBPath.isEmpty();
+    const bool wasOpen = HasPlanner();
     const bool saved = wasOpen && m_notes.HasChanges();
     if (saved) m_notes.subUpdateQMTDatabase();
     if (!AskForPlanner(m_dialog, QStringLiteral("Open Planner File"))) {
@@ -52,7 +52,7 @@ void Opening::subOpenPlanner()
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
     AskHowAndOpen();
-    if (!g_sDBPath.isEmpty()) m_notes.subSeekQMTDatabase();
+    if (HasPlanner()) m_notes.subSeekQMTDatabase();
 }
 
 void Opening::AskHowAndOpen()

@@ -5,7 +5,8 @@
 
 #include <QString>
 
-extern QString g_sDBPath;    // lower-cased path, empty while no planner is open; opening and creating
+extern QString g_sDBPath;    // lower-cased path, empty while no planner is open; after a New that came to nothing it
+                             // names the file that was to be made; opening, creating, recent list
 extern QString g_sDBTitle;   // lower-cased file name; opening and creating
 extern QString g_sNotesFile; // real path of the planner behind g_rsQMT; opening and creating
 extern bool g_bDBShared;     // a workgroup's planner: a day must be locked before it is edited; subSetNetworkMode
@@ -14,5 +15,10 @@ extern Recordset g_rsQMT;     // "QMT Table": the notes
 extern Recordset g_rsAlarm;   // "Alarm Table"
 extern Recordset g_rsRecurse; // "Recursion Table"
 extern bool g_bExitSaved;     // the exit has saved once; subExitProgram
+
+inline bool HasPlanner()
+{
+    return !g_sDBPath.isEmpty();
+}
 
 void ResetPlannerStateForTests();

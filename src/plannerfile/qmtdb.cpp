@@ -4,7 +4,6 @@
 #include "calendar/calendarstate.h"
 #include "calendar/cells.h"
 #include "calendar/modshow.h"
-#include "calendar/redraw.h"
 #include "calendar/viewmode.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/plannerstate.h"
@@ -48,7 +47,7 @@ void QMTDB::ReadNote(int cell)
     box.SetLocked(true);
     SetVisible(box, true);
     // After a failed open the tables are still the planner's before, and what is typed would have no place.
-    if (g_sDBPath.isEmpty()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    if (!HasPlanner()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
     const QString key = KeyOf(cell);
     const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
     if (!unsaved) g_rsQMT.Seek(Equal, key);
@@ -177,7 +176,7 @@ void QMTDB::WriteUnsaved()
 void QMTDB::subUpdateQMTRecord(int iCell)
 {
     // A workgroup's day is written by its lock alone.
-    if (g_sDBPath.isEmpty() || g_bDBShared) return;
+    if (!HasPlanner() || g_bDBShared) return;
     TakeNote(iCell);
     WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
@@ -186,7 +185,7 @@ void QMTDB::subUpdateQMTDatabase()
 {
     const ErrorTail tail(UpdateTail);
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    const bool saves = !g_sDBPath.isEmpty() && !g_bDBShared;
+    const bool saves = HasPlanner() && !g_bDBShared;
     for (int cell = range.first; cell <= range.last; ++cell) {
         tail([&] {
             if (saves) TakeNote(cell);

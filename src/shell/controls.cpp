@@ -189,6 +189,8 @@ NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
                                new QLabel(QStringLiteral("Network"), page), new Timer(OneSecond, client),
                                new Timer(OneSecond, client)};
     network.lblNetwork->setObjectName(QStringLiteral("lblNetwork"));
+    network.tmUnLock->setObjectName(QStringLiteral("tmUnLock"));
+    network.tmAutoRefresh->setObjectName(QStringLiteral("tmAutoRefresh"));
     network.lblNetwork->setAlignment(Qt::AlignCenter);
     for (PictureButton* button : {network.picRefresh, network.picLock}) {
         button->setEnabled(false); // with its command
@@ -242,6 +244,7 @@ Controls::Controls(QMainWindow& window)
       network(MakeNetworkControls(client, sidebar.fraSidebar[0])), tmMidnightRefresh(*new Timer(HalfAMinute, client)),
       FontDialog(&window)
 {
+    tmMidnightRefresh.setObjectName(QStringLiteral("tmMidnightRefresh"));
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
     // From the tabs to their page, then to the cells, and the spins last.

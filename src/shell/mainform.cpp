@@ -4,7 +4,6 @@
 #include "calendar/modshow.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
-#include "platform/desktop/clock.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
@@ -31,10 +30,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(QLatin1StringView(" in MainForm, Form_Load"));
     SetMousePointer(mousepointer::Hourglass);
-    const QDate today = desktopclock::Now().date();
-    g_iDay = static_cast<std::int16_t>(today.day());
-    g_iMonth = static_cast<std::int16_t>(today.month());
-    g_iYear = static_cast<std::int16_t>(today.year());
+    GoToToday();
     subSetDaysInMonth(g_iYear);
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });

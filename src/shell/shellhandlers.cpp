@@ -10,7 +10,7 @@
 
 void ShellHandlers::mnuAutoload_Click()
 {
-    if (g_sDBPath.isEmpty()) {
+    if (!HasPlanner()) {
         MsgBox(messages::NoPlanner.arg(QStringLiteral("\n\n")), msgbox::Information, messages::HelpWizard);
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
+#include "calendar/modshow.h"
 #include "calendar/redraw.h"
 #include "calendar/viewmode.h"
 #include "plannerfile/plannerstate.h"
@@ -30,6 +31,6 @@ void DateSearch::mnuDateSearch_Click()
     g_iYear = form.Year().value_or(g_iYear);
     tail([&] { m_redraw.subDisplayMonth(); });
     m_bottom.panelBottom->SetCaption(MonthTitle());
-    if (!g_sDBPath.isEmpty()) tail([&] { m_notes.subSeekQMTDatabase(); });
+    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
     SetMousePointer(mousepointer::Default);
 }

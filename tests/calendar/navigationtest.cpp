@@ -1,5 +1,4 @@
 #include "platform/controls/picturebutton.h"
-#include "platform/controls/timer.h"
 #include "platform/profile/profile.h"
 #include "program.h"
 
@@ -113,11 +112,7 @@ private Q_SLOTS:
         program.Type(20, QStringLiteral("typed late"));
         program.Trigger("mnuNextMonth");
         program.Type(20, QStringLiteral("in April"));
-        const auto tick = [&] {
-            for (Timer* timer : program.form->findChildren<Timer*>()) {
-                if (timer->Interval() == 30000) Q_EMIT timer->Tick();
-            }
-        };
+        const auto tick = [&] { program.Tick("tmMidnightRefresh"); };
         desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(23, 59, 40)));
         tick();
         QCOMPARE(Month(), QPoint(1999, 4));
