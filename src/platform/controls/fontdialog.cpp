@@ -61,7 +61,7 @@ private:
     QColor m_color;
     InnerFontDialog* m_fonts;
     QPushButton* m_colorButton;
-    QFont m_shown; // what the dialog made of the seed
+    QFont m_shown; // the given font as the lists show it
 };
 
 FontForm::FontForm(QWidget* owner, const FontChoice& seed)
