@@ -16,100 +16,67 @@ struct MenuRow
     void (*click)(Rooms& rooms);
 };
 
-template <auto Handler>
-void Planners(Rooms& rooms)
+template <auto Room, auto Handler>
+void Run(Rooms& rooms)
 {
-    (rooms.planners.*Handler)();
-}
-
-template <auto Handler>
-void Maintain(Rooms& rooms)
-{
-    (rooms.maintenance.*Handler)();
-}
-
-template <auto Handler>
-void Arrange(Rooms& rooms)
-{
-    (rooms.bars.*Handler)();
-}
-
-template <auto Handler>
-void Look(Rooms& rooms)
-{
-    (rooms.appearance.*Handler)();
-}
-
-template <auto Handler>
-void Search(Rooms& rooms)
-{
-    (rooms.dateSearch.*Handler)();
-}
-
-template <auto Handler>
-void Shell(Rooms& rooms)
-{
-    (rooms.shellHandlers.*Handler)();
-}
-
-template <auto Handler>
-void Go(Rooms& rooms)
-{
-    (rooms.navigation.*Handler)();
-}
-
-template <auto Handler>
-void Format(Rooms& rooms)
-{
-    (rooms.formatting.*Handler)();
+    ((rooms.*Room).*Handler)();
 }
 
 constexpr MenuRow MenuRows[] = {
-    {"mnuNew", " in MainForm, mnuNew_Click", Planners<&PlannerHandlers::mnuNew_Click>},
-    {"mnuOpen", " in MainForm, mnuOpen_Click", Planners<&PlannerHandlers::mnuOpen_Click>},
-    {"mnuSave", " in MainForm, mnuSave_Click", Planners<&PlannerHandlers::mnuSave_Click>},
-    {"mnuCompact", " in MainForm, mnuCompact_Click", Maintain<&Maintenance::mnuCompact_Click>},
-    {"mnuRepair", " in MainForm, mnuRepair_Click", Maintain<&Maintenance::mnuRepair_Click>},
-    {"mnuMonthView", " in MainForm, mnuMonthView_Click", Go<&Navigation::subSwitchToMonthView>},
-    {"mnuWeekView", " in MainForm, mnuWeekView_Click", Go<&Navigation::subSwitchToWeekView>},
-    {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click", Arrange<&Bars::mnuViewTBVisible_Click>},
-    {"mnuViewTBAlignTop", " in MainForm, mnuViewTBAlignTop_Click", Arrange<&Bars::mnuViewTBAlignTop_Click>},
-    {"mnuViewTBAlignBottom", " in MainForm, mnuViewTBAlignBottom_Click", Arrange<&Bars::mnuViewTBAlignBottom_Click>},
-    {"mnuViewSBVisible", " in MainForm, mnuViewSBVisible_Click", Arrange<&Bars::mnuViewSBVisible_Click>},
-    {"mnuPrevWeek", " in MainForm, mnuPrevWeek_Click", Go<&Navigation::subActionPrevious>},
-    {"mnuCurrentWeek", " in MainForm, mnuCurrentWeek_Click", Go<&Navigation::mnuCurrentWeek_Click>},
-    {"mnuNextWeek", " in MainForm, mnuNextWeek_Click", Go<&Navigation::subActionNext>},
-    {"mnuPrevMonth", " in MainForm, mnuPrevMonth_Click", Go<&Navigation::subActionPrevious>},
-    {"mnuThisMonth", " in MainForm, mnuThisMonth_Click", Go<&Navigation::mnuThisMonth_Click>},
-    {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Go<&Navigation::subActionNext>},
-    {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Search<&DateSearch::mnuDateSearch_Click>},
-    {"mnuInitialFont", " in MainForm, mnuInitialFont_Click", Look<&Appearance::mnuInitialFont_Click>},
-    {"mnuNumberDlg", " in MainForm, mnuNumberDlg_Click", Look<&Appearance::mnuNumberDlg_Click>},
-    {"mnuWeekAppearance", " in MainForm, mnuWeekAppearance_Click", Look<&Appearance::mnuWeekAppearance_Click>},
-    {"mnuMonthDisplay", " in MainForm, mnuMonthDisplay_Click", Look<&Appearance::mnuMonthDisplay_Click>},
-    {"mnuMonToSun", " in MainForm, mnuMonToSun_Click", Look<&Appearance::mnuMonToSun_Click>},
-    {"mnuAutoload", " in MainForm, mnuAutoload_Click", Shell<&ShellHandlers::mnuAutoload_Click>},
-    {"mnuContents", " in MainForm, mnuContents_Click", Shell<&ShellHandlers::mnuContents_Click>},
-    {"mnuHelpSearch", " in MainForm, mnuHelpSearch_Click", Shell<&ShellHandlers::mnuHelpSearch_Click>},
-    {"mnuHelpHow", " in MainForm, mnuHelpHow_Click", Shell<&ShellHandlers::mnuHelpHow_Click>},
-    {"mnuAbout", " in MainForm, mnuAbout_Click", Shell<&ShellHandlers::mnuAbout_Click>},
-    {"mnuCut", " in MainForm, mnuCut_Click", Format<&Formatting::mnuCut_Click>},
-    {"mnuCopy", " in MainForm, mnuCopy_Click", Format<&Formatting::mnuCopy_Click>},
-    {"mnuPaste", " in MainForm, mnuPaste_Click", Format<&Formatting::mnuPaste_Click>},
-    {"mnuBold", " in MainForm, mnuBold_Click", Format<&Formatting::mnuBold_Click>},
-    {"mnuItalic", " in MainForm, mnuItalic_Click", Format<&Formatting::mnuItalic_Click>},
-    {"mnuUnderline", " in MainForm, mnuUnderline_Click", Format<&Formatting::mnuUnderline_Click>},
-    {"mnuStrikeThru", " in MainForm, mnuStrikeThru_Click", Format<&Formatting::mnuStrikeThru_Click>},
-    {"mnuCutR", " in MainForm, mnuCut_Click", Format<&Formatting::mnuCut_Click>},
-    {"mnuCopyR", " in MainForm, mnuCopy_Click", Format<&Formatting::mnuCopy_Click>},
-    {"mnuPasteR", " in MainForm, mnuPaste_Click", Format<&Formatting::mnuPaste_Click>},
-    {"mnuBoldR", " in MainForm, mnuBold_Click", Format<&Formatting::mnuBold_Click>},
-    {"mnuItalicR", " in MainForm, mnuItalic_Click", Format<&Formatting::mnuItalic_Click>},
-    {"mnuUnderlineR", " in MainForm, mnuUnderline_Click", Format<&Formatting::mnuUnderline_Click>},
-    {"mnuStrikeThruR", " in MainForm, mnuStrikeThru_Click", Format<&Formatting::mnuStrikeThru_Click>},
-    {"mnuLeftJustify", " in MainForm, mnuLeftJustify_Click", Format<&Formatting::mnuLeftJustify_Click>},
-    {"mnuCenterJustify", " in MainForm, mnuCenterJustify_Click", Format<&Formatting::mnuCenterJustify_Click>},
-    {"mnuRightJustify", " in MainForm, mnuRightJustify_Click", Format<&Formatting::mnuRightJustify_Click>},
+    {"mnuNew", " in MainForm, mnuNew_Click", Run<&Rooms::planners, &PlannerHandlers::mnuNew_Click>},
+    {"mnuOpen", " in MainForm, mnuOpen_Click", Run<&Rooms::planners, &PlannerHandlers::mnuOpen_Click>},
+    {"mnuSave", " in MainForm, mnuSave_Click", Run<&Rooms::planners, &PlannerHandlers::mnuSave_Click>},
+    {"mnuCompact", " in MainForm, mnuCompact_Click", Run<&Rooms::maintenance, &Maintenance::mnuCompact_Click>},
+    {"mnuRepair", " in MainForm, mnuRepair_Click", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
+    {"mnuMonthView", " in MainForm, mnuMonthView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
+    {"mnuWeekView", " in MainForm, mnuWeekView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToWeekView>},
+    {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click", Run<&Rooms::bars, &Bars::mnuViewTBVisible_Click>},
+    {"mnuViewTBAlignTop", " in MainForm, mnuViewTBAlignTop_Click", Run<&Rooms::bars, &Bars::mnuViewTBAlignTop_Click>},
+    {"mnuViewTBAlignBottom", " in MainForm, mnuViewTBAlignBottom_Click",
+     Run<&Rooms::bars, &Bars::mnuViewTBAlignBottom_Click>},
+    {"mnuViewSBVisible", " in MainForm, mnuViewSBVisible_Click", Run<&Rooms::bars, &Bars::mnuViewSBVisible_Click>},
+    {"mnuPrevWeek", " in MainForm, mnuPrevWeek_Click", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
+    {"mnuCurrentWeek", " in MainForm, mnuCurrentWeek_Click",
+     Run<&Rooms::navigation, &Navigation::mnuCurrentWeek_Click>},
+    {"mnuNextWeek", " in MainForm, mnuNextWeek_Click", Run<&Rooms::navigation, &Navigation::subActionNext>},
+    {"mnuPrevMonth", " in MainForm, mnuPrevMonth_Click", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
+    {"mnuThisMonth", " in MainForm, mnuThisMonth_Click", Run<&Rooms::navigation, &Navigation::mnuThisMonth_Click>},
+    {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Run<&Rooms::navigation, &Navigation::subActionNext>},
+    {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
+    {"mnuInitialFont", " in MainForm, mnuInitialFont_Click",
+     Run<&Rooms::appearance, &Appearance::mnuInitialFont_Click>},
+    {"mnuNumberDlg", " in MainForm, mnuNumberDlg_Click", Run<&Rooms::appearance, &Appearance::mnuNumberDlg_Click>},
+    {"mnuWeekAppearance", " in MainForm, mnuWeekAppearance_Click",
+     Run<&Rooms::appearance, &Appearance::mnuWeekAppearance_Click>},
+    {"mnuMonthDisplay", " in MainForm, mnuMonthDisplay_Click",
+     Run<&Rooms::appearance, &Appearance::mnuMonthDisplay_Click>},
+    {"mnuMonToSun", " in MainForm, mnuMonToSun_Click", Run<&Rooms::appearance, &Appearance::mnuMonToSun_Click>},
+    {"mnuAutoload", " in MainForm, mnuAutoload_Click", Run<&Rooms::shellHandlers, &ShellHandlers::mnuAutoload_Click>},
+    {"mnuContents", " in MainForm, mnuContents_Click", Run<&Rooms::shellHandlers, &ShellHandlers::mnuContents_Click>},
+    {"mnuHelpSearch", " in MainForm, mnuHelpSearch_Click",
+     Run<&Rooms::shellHandlers, &ShellHandlers::mnuHelpSearch_Click>},
+    {"mnuHelpHow", " in MainForm, mnuHelpHow_Click", Run<&Rooms::shellHandlers, &ShellHandlers::mnuHelpHow_Click>},
+    {"mnuAbout", " in MainForm, mnuAbout_Click", Run<&Rooms::shellHandlers, &ShellHandlers::mnuAbout_Click>},
+    {"mnuCut", " in MainForm, mnuCut_Click", Run<&Rooms::formatting, &Formatting::mnuCut_Click>},
+    {"mnuCopy", " in MainForm, mnuCopy_Click", Run<&Rooms::formatting, &Formatting::mnuCopy_Click>},
+    {"mnuPaste", " in MainForm, mnuPaste_Click", Run<&Rooms::formatting, &Formatting::mnuPaste_Click>},
+    {"mnuBold", " in MainForm, mnuBold_Click", Run<&Rooms::formatting, &Formatting::mnuBold_Click>},
+    {"mnuItalic", " in MainForm, mnuItalic_Click", Run<&Rooms::formatting, &Formatting::mnuItalic_Click>},
+    {"mnuUnderline", " in MainForm, mnuUnderline_Click", Run<&Rooms::formatting, &Formatting::mnuUnderline_Click>},
+    {"mnuStrikeThru", " in MainForm, mnuStrikeThru_Click", Run<&Rooms::formatting, &Formatting::mnuStrikeThru_Click>},
+    {"mnuCutR", " in MainForm, mnuCut_Click", Run<&Rooms::formatting, &Formatting::mnuCut_Click>},
+    {"mnuCopyR", " in MainForm, mnuCopy_Click", Run<&Rooms::formatting, &Formatting::mnuCopy_Click>},
+    {"mnuPasteR", " in MainForm, mnuPaste_Click", Run<&Rooms::formatting, &Formatting::mnuPaste_Click>},
+    {"mnuBoldR", " in MainForm, mnuBold_Click", Run<&Rooms::formatting, &Formatting::mnuBold_Click>},
+    {"mnuItalicR", " in MainForm, mnuItalic_Click", Run<&Rooms::formatting, &Formatting::mnuItalic_Click>},
+    {"mnuUnderlineR", " in MainForm, mnuUnderline_Click", Run<&Rooms::formatting, &Formatting::mnuUnderline_Click>},
+    {"mnuStrikeThruR", " in MainForm, mnuStrikeThru_Click", Run<&Rooms::formatting, &Formatting::mnuStrikeThru_Click>},
+    {"mnuLeftJustify", " in MainForm, mnuLeftJustify_Click",
+     Run<&Rooms::formatting, &Formatting::mnuLeftJustify_Click>},
+    {"mnuCenterJustify", " in MainForm, mnuCenterJustify_Click",
+     Run<&Rooms::formatting, &Formatting::mnuCenterJustify_Click>},
+    {"mnuRightJustify", " in MainForm, mnuRightJustify_Click",
+     Run<&Rooms::formatting, &Formatting::mnuRightJustify_Click>},
 };
 
 // The buttons share the commands of the menu.
