@@ -1,5 +1,6 @@
 #include "appearance/initfontform.h"
 
+#include "platform/controls/okcancel.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
@@ -7,11 +8,9 @@
 #include "shell/settings.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -64,12 +63,7 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
         rows->addRow(QString(), m_styles[i]);
     }
     column->addWidget(frame);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    column->addWidget(buttons);
+    column->addWidget(MakeOkCancel(*this));
     column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     CenterOnScreen(*this);

@@ -3,15 +3,14 @@
 #include "appearance/panelstyle.h"
 #include "appearance/samplepanel.h"
 #include "platform/controls/fontdialog.h"
+#include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -32,13 +31,7 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     AddSamples(*grid);
     column->addWidget(frame);
     AddChecks(*column);
-    auto* buttons = new QDialogButtonBox;
-    buttons->addButton(QStringLiteral("&Ok"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("btnSave"));
-    buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole)
-        ->setObjectName(QStringLiteral("btnCancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    column->addWidget(buttons);
+    column->addWidget(MakeOkCancel(*this, QStringLiteral("btnSave")));
     column->setSizeConstraint(QLayout::SetFixedSize);
     ShowEffects();
     CenterOnScreen(*this);

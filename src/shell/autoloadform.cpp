@@ -2,16 +2,15 @@
 
 #include "calendar/viewmode.h"
 #include "plannerfile/plannerstate.h"
+#include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"
 #include "shell/settings.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -43,13 +42,7 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
     column->addWidget(MakeFileFrame());
     column->addWidget(MakeOptionsFrame());
     column->addWidget(MakeViewFrame());
-    auto* buttons = new QDialogButtonBox;
-    buttons->addButton(QStringLiteral("&Ok"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("btnOk"));
-    buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole)
-        ->setObjectName(QStringLiteral("btnCancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    column->addWidget(buttons);
+    column->addWidget(MakeOkCancel(*this));
     column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     CenterOnScreen(*this);

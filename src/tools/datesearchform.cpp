@@ -1,14 +1,13 @@
 #include "tools/datesearchform.h"
 
 #include "calendar/calendarstate.h"
+#include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
 
 #include <QButtonGroup>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QPushButton>
 #include <QRadioButton>
 
 #include <array>
@@ -52,17 +51,12 @@ DateSearchForm::DateSearchForm(QWidget* owner)
 {
     setObjectName(QStringLiteral("DateSearchForm"));
     setWindowTitle(QStringLiteral("Fast Search"));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("btnOk"));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("btnCancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 16);
     grid->setSpacing(16);
     grid->addWidget(MakeMonths(), 0, 0);
     grid->addWidget(MakeYears(), 0, 1);
-    grid->addWidget(buttons, 1, 0, 1, 2);
+    grid->addWidget(MakeOkCancel(*this), 1, 0, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
     ChooseShown();
     CenterOnScreen(*this);
