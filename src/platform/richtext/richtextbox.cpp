@@ -4,6 +4,7 @@
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
+#include "platform/richtext/shownpictures.h"
 #include "platform/richtext/thinscrollbarstyle.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -62,6 +63,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     BeginSetting();
     document()->setDocumentMargin(DocumentMargin); // counts as a change of content
     EndSetting();
+    ShowPictures(*document());
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::FollowCaret);

@@ -1,23 +1,18 @@
 #include "platform/richtext/rtfpicture.h"
 
-#include "platform/look/paper.h"
+#include "platform/richtext/picturegroup.h"
+#include "platform/richtext/pictureimage.h"
+#include "platform/richtext/shownpictures.h"
 
 #include <QCryptographicHash>
 #include <QHash>
-#include <QImage>
-#include <QPainter>
-#include <QTextDocument>
-#include <QUrl>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr double TwipsInPixel = 15;
 constexpr double MetricInPixel = 2540 / 96.0; // hundredths of a millimetre
-constexpr double LeastSide = 8;
-constexpr double GreatestSide = 4096;
 constexpr int DefaultSide = 32;
 
 // What a group says of itself, while it is copied in a form of its own: 7-bit, data in hexadecimal digits, and always
@@ -41,7 +36,8 @@ private:
     void CopyLetter(char letter);
     void CopyBrace(char brace);
     bool IsInPicture() const { return m_depth == m_pictureDepth; }
-    double Side(const char* goal, const char* plain, const char* scale) const;
+    double Side(const char* goal, const char* plain, const char* scale, double otherwise) const;
+    QSizeF Size() const;
 
     QByteArray m_source;
     QHash<QByteArray, int> m_numbers; // by their words, of the first picture in the group
@@ -59,7 +55,7 @@ RtfPicture Copier::CopyFrom(RtfTokenizer& tokenizer)
         Copy(token);
     }
     m_source.append(m_depth, '}');
-    const QSizeF size(Side("picwgoal", "picw", "picscalex"), Side("pichgoal", "pich", "picscaley"));
+    const QSizeF size = Size();
     return {std::move(m_source), m_hasData, size};
 }
 
@@ -142,31 +138,27 @@ void Copier::CopyLetter(char letter)
     m_source += letter;
 }
 
-double Copier::Side(const char* goal, const char* plain, const char* scale) const
+// A picture that says nothing of its size shows its pixels.
+QSizeF Copier::Size() const
 {
-    const double unit = m_numbers.contains("wmetafile") ? MetricInPixel : 1;
-    const double goalPixels = m_numbers.value(goal) / TwipsInPixel;
+    const auto saysNothing = [this](const char* goal, const char* plain) {
+        return m_numbers.value(goal) <= 0 && m_numbers.value(plain) <= 0;
+    };
+    const bool isOpen = saysNothing("picwgoal", "picw") || saysNothing("pichgoal", "pich");
+    const QSize pixels = isOpen && m_hasData ? PixelsOfPictureGroup(m_source) : QSize();
+    const QSize otherwise = pixels.isEmpty() ? QSize(DefaultSide, DefaultSide) : pixels;
+    return {Side("picwgoal", "picw", "picscalex", otherwise.width()),
+            Side("pichgoal", "pich", "picscaley", otherwise.height())};
+}
+
+double Copier::Side(const char* goal, const char* plain, const char* scale, double otherwise) const
+{
+    const double unit = m_numbers.contains("wmetafile") || m_numbers.contains("emfblip") ? MetricInPixel : 1;
+    const double goalPixels = double(m_numbers.value(goal)) / TwipsInPixel;
     const double plainPixels = m_numbers.value(plain) / unit;
-    const double pixels = goalPixels > 0 ? goalPixels : plainPixels > 0 ? plainPixels : DefaultSide;
+    const double pixels = goalPixels > 0 ? goalPixels : plainPixels > 0 ? plainPixels : otherwise;
     const int percent = m_numbers.value(scale, 100);
-    return std::clamp(percent > 0 ? pixels * percent / 100 : pixels, LeastSide, GreatestSide);
-}
-
-QImage DrawFrame()
-{
-    QImage image(192, 144, QImage::Format_RGB32);
-    image.fill(paper::MemoPaper);
-    QPainter painter(&image);
-    painter.setPen(QPen(paper::SoftInk, 3));
-    painter.drawRect(image.rect().adjusted(1, 1, -2, -2));
-    return image;
-}
-
-// One image serves them all, scaled, so that many pictures take no more memory than one.
-const QImage& Frame()
-{
-    static const QImage frame = DrawFrame();
-    return frame;
+    return std::clamp<double>(percent > 0 ? pixels * percent / 100 : pixels, LeastPictureSide, GreatestPictureSide);
 }
 
 } // namespace
@@ -180,11 +172,21 @@ QTextImageFormat ToImageFormat(const RtfPicture& picture, QTextDocument& documen
 {
     const QByteArray digest = QCryptographicHash::hash(picture.source, QCryptographicHash::Sha1).toHex();
     const QString name = QStringLiteral("picture:") + QString::fromLatin1(digest);
-    document.addResource(QTextDocument::ImageResource, QUrl(name), Frame());
+    ShowPictures(document);
     QTextImageFormat format;
     format.setName(name);
     format.setWidth(picture.size.width());
     format.setHeight(picture.size.height());
     format.setProperty(PictureSourceProperty, picture.source);
+    return format;
+}
+
+QTextCharFormat WithoutImage(QTextCharFormat format)
+{
+    constexpr int FirstOfImages = QTextFormat::ImageName, BehindImages = FirstOfImages + 0x100;
+    for (const int property : format.properties().keys())
+        if (property >= FirstOfImages && property < BehindImages) format.clearProperty(property);
+    format.clearProperty(QTextFormat::ObjectType);
+    format.clearProperty(PictureSourceProperty);
     return format;
 }

@@ -1,16 +1,19 @@
-// Pictures in notes. A picture that cannot be drawn is shown as a frame of its size; its source goes along in the
-// format of its character and is written back as it came. Knows only QtGui.
+// Pictures in rich text. A picture's source goes along in the format of its character and is written back as it came;
+// one that cannot be drawn is shown as a frame of its size. Knows only QtGui.
 #pragma once
 
 #include "platform/richtext/rtftokenizer.h"
 
 #include <QByteArray>
-#include <QTextFormat>
+#include <QTextCharFormat>
 
 class QTextDocument;
 
 // A whole group of rich text, {\pict ...} or {\object ...}, of 7-bit characters.
 inline constexpr int PictureSourceProperty = QTextFormat::UserProperty + 0x500;
+
+inline constexpr int LeastPictureSide = 8; // of the picture as it is shown, in logical pixels
+inline constexpr int GreatestPictureSide = 4096;
 
 struct RtfPicture
 {
@@ -23,5 +26,8 @@ struct RtfPicture
 // to be read.
 RtfPicture ReadRtfPicture(RtfTokenizer& tokenizer, QByteArrayView word);
 
-// The format of the picture's character, and in the document what is to be shown in its place.
+// The format of the picture's character, in a document that shows it from here on.
 QTextImageFormat ToImageFormat(const RtfPicture& picture, QTextDocument& document);
+
+// The format that a character has beside its being a picture; typed text is to take no more of one than that.
+QTextCharFormat WithoutImage(QTextCharFormat format);

@@ -290,8 +290,10 @@ const Writer::Format& Writer::FormatOf(const Piece& piece)
     const QTextCharFormat format = piece.charFormat();
     RtfCharacter character = ToRtfCharacter(format, m_font);
     character.font = PlaceOfFamily(FamilyOf(format, m_font));
-    return *m_formats.insert(piece.charFormatIndex(),
-                             {character, format.property(PictureSourceProperty).toByteArray()});
+    // Text that is typed behind a picture keeps the picture's properties, and is text all the same.
+    const QByteArray picture =
+        format.isImageFormat() ? format.property(PictureSourceProperty).toByteArray() : QByteArray();
+    return *m_formats.insert(piece.charFormatIndex(), {character, picture});
 }
 
 int Writer::PlaceOfFamily(const QString& family)
