@@ -1,0 +1,65 @@
+#include "platform/richtext/adoptedimages.h"
+
+#include "platform/richtext/notepicture.h"
+#include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/shownpictures.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QUrl>
+
+namespace {
+
+constexpr qint64 MostFileBytes = 64 << 20;
+
+QByteArray DataOfUrl(QStringView url)
+{
+    const qsizetype comma = url.indexOf(u',');
+    if (comma < 0) return {};
+    const QByteArray data = QByteArray::fromPercentEncoding(url.sliced(comma + 1).toLatin1());
+    return url.first(comma).endsWith(u";base64", Qt::CaseInsensitive) ? QByteArray::fromBase64(data) : data;
+}
+
+// A pipe or a device would never end, and a folder of another machine might never answer.
+QByteArray DataOfFile(const QUrl& url)
+{
+    if (!url.isLocalFile() || !url.host().isEmpty()) return {};
+    QFile file(url.toLocalFile());
+    const QFileInfo info(file);
+    if (!info.isFile() || info.size() > MostFileBytes || !file.open(QIODevice::ReadOnly)) return {};
+    return file.readAll();
+}
+
+QByteArray DataOf(const QString& name)
+{
+    return name.startsWith(u"data:", Qt::CaseInsensitive) ? DataOfUrl(name) : DataOfFile(QUrl(name));
+}
+
+// The image is selected.
+void Adopt(QTextCursor& cursor, const QTextImageFormat& image, PictureFit fit)
+{
+    if (image.width() >= 1 && image.height() >= 1) fit.exact = QSizeF(image.width(), image.height()).toSize();
+    if (InsertPicture(cursor, DataOf(image.name()), fit)) return;
+    cursor.insertText(image.property(QTextFormat::ImageAltText).toString(), WithoutImage(image));
+}
+
+} // namespace
+
+int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& fit)
+{
+    ShowPictures(document);
+    QTextCursor cursor(&document);
+    for (int position = begin; position < end; ++position) {
+        if (document.characterAt(position) != QChar::ObjectReplacementCharacter) continue;
+        cursor.setPosition(position);
+        cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+        const QTextImageFormat image = cursor.charFormat().toImageFormat();
+        if (!image.isValid() || image.hasProperty(PictureSourceProperty)) continue;
+        Adopt(cursor, image, fit);
+        end += cursor.position() - (position + 1);
+        position = cursor.position() - 1;
+    }
+    return end;
+}
