@@ -33,7 +33,6 @@ public:
     {
     }
 
-    bool HasTable(const QString& t) override { return Call("HasTable", &Store::HasTable, t); }
     QStringList TableNames() override { return Call("TableNames", &Store::TableNames); }
     TableDef Definition(const QString& t) override { return Call("Definition", &Store::Definition, t); }
     void CreateTable(const TableDef& t) override { Call("CreateTable", &Store::CreateTable, t); }

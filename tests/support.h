@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -163,4 +164,14 @@ inline void AnswerNextFileDialog(const QString& path)
 inline void CancelNextFileDialog()
 {
     OnNextModal<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+}
+
+// What the person does in the next font dialog; null cancels it.
+inline void AnswerFontDialog(const std::function<void(QFontDialog&)>& choose)
+{
+    OnNextModal([](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
+                [choose](QWidget* window) {
+                    if (choose) choose(*window->findChild<QFontDialog*>());
+                    QTest::keyClick(window, choose ? Qt::Key_Return : Qt::Key_Escape);
+                });
 }

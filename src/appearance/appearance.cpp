@@ -3,17 +3,15 @@
 #include "appearance/initfontform.h"
 #include "appearance/panelstyle.h"
 #include "appearance/styleform.h"
-#include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
 #include "calendar/redraw.h"
-#include "plannerfile/plannerstate.h"
-#include "plannerfile/qmtdb.h"
+#include "calendar/turn.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
 #include "platform/profile/profile.h"
-#include "platform/runtime/errortail.h"
 
 namespace {
 constexpr int Days = 7;
@@ -87,21 +85,11 @@ StyleRules MonthRules()
             .font3D = settings::DisplayMonthFont3D,
             .effect = Inset};
 }
-
-StyleDefaults HeadingDefaults(QStringView section)
-{
-    StyleDefaults defaults = settings::DayOfWeek;
-    defaults.section = section;
-    return defaults;
-}
 } // namespace
 
 void Appearance::DrawAnew(void (Redraw::*display)())
 {
-    const ErrorTail tail(QLatin1StringView(" in PanelDayForm, btnSave_Click"));
-    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
-    tail([&] { (m_redraw.*display)(); });
-    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
+    m_turn(QLatin1StringView(" in PanelDayForm, btnSave_Click"), [&] { (m_redraw.*display)(); });
 }
 
 void Appearance::mnuNumberDlg_Click()
@@ -129,17 +117,9 @@ void Appearance::mnuMonToSun_Click()
     const StyleSample all = {QStringLiteral("lblAllDay"), QString(), QStringLiteral("MON-SUN"), HeadingDefaults(u"SUN"),
                              paper::Band};
     StyleForm form(HeadingRules(all), samples, m_cells.Client()->window());
-    if (form.exec() == QDialog::Accepted) ShowHeadingStyles();
-}
-
-void Appearance::ShowHeadingStyles()
-{
-    for (int day = 0; day < Days; ++day) {
-        SSPanel& heading = m_cells.lblDayOfWeek(day);
-        const QString section = heading.Caption();
-        ApplyStyle(heading, ReadStyle(HeadingDefaults(section)));
-        heading.SetFont3D(Read(settings::DayOfWeekFont3D));
-    }
+    if (form.exec() != QDialog::Accepted) return;
+    for (int day = 0; day < Days; ++day)
+        StyleHeading(m_cells.lblDayOfWeek(day));
 }
 
 void Appearance::mnuMonthDisplay_Click()
@@ -147,9 +127,7 @@ void Appearance::mnuMonthDisplay_Click()
     const StyleSample month = {QStringLiteral("lblMonth"), QString(), fnMonthName(g_iMonth), settings::DisplayMonth,
                                paper::Band};
     StyleForm form(MonthRules(), {month}, m_cells.Client()->window());
-    if (form.exec() != QDialog::Accepted) return;
-    ApplyStyle(*m_bottom.panelBottom, ReadStyle(settings::DisplayMonth));
-    m_bottom.panelBottom->SetFont3D(Read(settings::DisplayMonthFont3D));
+    if (form.exec() == QDialog::Accepted) StyleTitle(*m_bottom.panelBottom);
 }
 
 void Appearance::mnuInitialFont_Click()

@@ -3,14 +3,14 @@
 
 struct BottomPanel;
 class Cells;
-class QMTDB;
 class Redraw;
+class Turn;
 
 class Appearance
 {
 public:
-    Appearance(Cells& cells, const BottomPanel& bottom, QMTDB& notes, Redraw& redraw)
-        : m_cells(cells), m_bottom(bottom), m_notes(notes), m_redraw(redraw)
+    Appearance(Cells& cells, const BottomPanel& bottom, Turn& turn, Redraw& redraw)
+        : m_cells(cells), m_bottom(bottom), m_turn(turn), m_redraw(redraw)
     {
     }
 
@@ -23,10 +23,9 @@ public:
 
 private:
     void DrawAnew(void (Redraw::*display)());
-    void ShowHeadingStyles();
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
-    QMTDB& m_notes;
+    Turn& m_turn;
     Redraw& m_redraw;
 };

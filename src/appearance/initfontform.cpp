@@ -5,7 +5,7 @@
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

@@ -20,9 +20,33 @@ PanelStyle StyleOf(const SSPanel& panel)
     return {font.family(), font.bold(), font.pointSize(), font.italic(), panel.ForeColor()};
 }
 
+StyleDefaults HeadingDefaults(QStringView caption)
+{
+    StyleDefaults defaults = settings::DayOfWeek;
+    defaults.section = caption;
+    return defaults;
+}
+
+void StyleHeading(SSPanel& heading)
+{
+    const QString caption = heading.Caption();
+    ApplyStyle(heading, ReadStyle(HeadingDefaults(caption)));
+    heading.SetFont3D(Read(settings::DayOfWeekFont3D));
+}
+
+void StyleTitle(SSPanel& title)
+{
+    ApplyStyle(title, ReadStyle(settings::DisplayMonth));
+    title.SetFont3D(Read(settings::DisplayMonthFont3D));
+}
+
 std::optional<PanelStyle> ChooseStyle(QWidget* owner, const PanelStyle& style)
 {
-    FontChoice choice = {style.fontName, style.size, style.bold, style.italic, style.color};
-    if (!ChooseFont(owner, choice)) return std::nullopt;
-    return PanelStyle{choice.name, choice.bold, choice.size, choice.italic, choice.color};
+    FontChoice choice = {.name = style.fontName,
+                         .size = double(style.size),
+                         .bold = style.bold,
+                         .italic = style.italic,
+                         .color = style.color};
+    if (!ChooseFont(owner, choice, fontdialog::ScreenFontsAndEffects | fontdialog::TrueTypeOnly)) return std::nullopt;
+    return PanelStyle{choice.name, choice.bold, qRound(choice.size), choice.italic, choice.color};
 }

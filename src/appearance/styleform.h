@@ -2,7 +2,7 @@
 // OK, which writes them. The four dialogs differ by their tables alone.
 #pragma once
 
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <QDialog>
 

@@ -7,19 +7,10 @@
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
 #include "calendar/redraw.h"
+#include "calendar/turn.h"
 #include "plannerfile/plannerstate.h"
-#include "plannerfile/qmtdb.h"
 
 #include <QPoint>
-
-#include <algorithm>
-
-namespace {
-bool HoldsLock()
-{
-    return g_bDBShared && std::find(g_aiLockState.begin(), g_aiLockState.end(), 1) != g_aiLockState.end();
-}
-} // namespace
 
 void Bars::RefreshLayout()
 {
@@ -31,11 +22,13 @@ void Bars::LayOutAgain()
     // The week is drawn anew as that of the selected day. Where the moves had left that week, the notes go with it.
     const bool rowChanges = HasPlanner() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
     const std::int16_t current = g_iCurrentPanel;
-    if (rowChanges) m_notes.subUpdateQMTDatabase();
-    RefreshLayout();
-    if (rowChanges) m_notes.subSeekQMTDatabase();
+    if (rowChanges) {
+        m_turn(QLatin1StringView(" in MainForm, Form_Resize"), [&] { RefreshLayout(); });
+    } else {
+        RefreshLayout();
+    }
     // A day that this user has locked stays the current one.
-    if (HoldsLock()) g_iCurrentPanel = current;
+    if (g_bDBShared && MarkedCell() != 0) g_iCurrentPanel = current;
 }
 
 void Bars::Form_Resize()

@@ -7,17 +7,17 @@ class CScreenLayout;
 class CSidebarView;
 class CStatusbarView;
 class CToolbarView;
-class QMTDB;
 class QPoint;
 class Redraw;
+class Turn;
 
 class Bars
 {
 public:
     Bars(CScreenLayout& layout, CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
-         CCalendarView& calendar, Redraw& redraw, QMTDB& notes)
+         CCalendarView& calendar, Redraw& redraw, Turn& turn)
         : m_layout(layout), m_toolbar(toolbar), m_sidebar(sidebar), m_statusbar(statusbar), m_calendar(calendar),
-          m_redraw(redraw), m_notes(notes)
+          m_redraw(redraw), m_turn(turn)
     {
     }
 
@@ -39,5 +39,5 @@ private:
     CStatusbarView& m_statusbar;
     CCalendarView& m_calendar;
     Redraw& m_redraw;
-    QMTDB& m_notes;
+    Turn& m_turn;
 };

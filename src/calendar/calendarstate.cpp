@@ -1,6 +1,7 @@
 #include "calendar/calendarstate.h"
 
 #include "platform/desktop/clock.h"
+#include "platform/runtime/runtimeerror.h"
 
 std::int16_t g_iYear = 0;
 std::int16_t g_iMonth = 0;
@@ -12,6 +13,39 @@ std::array<std::int16_t, CellCount> g_aiCalendar{};
 std::array<std::int16_t, 1> g_aiLastDailyPanel{};
 std::array<std::int16_t, CellCount> g_iAlarmIcon{};
 std::array<std::int16_t, CellCount> g_aiLockState{};
+
+namespace {
+std::int16_t& State(int cell)
+{
+    if (cell < 1 || cell > CellCount) {
+        throw RunTimeError{errors::SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
+    }
+    return g_aiLockState[static_cast<std::size_t>(cell - 1)];
+}
+} // namespace
+
+bool IsMarked(int cell)
+{
+    return State(cell) == 1;
+}
+
+void Mark(int cell, bool marked)
+{
+    State(cell) = marked ? 1 : 0;
+}
+
+void ClearMarks()
+{
+    g_aiLockState = {};
+}
+
+int MarkedCell(int except)
+{
+    for (int cell = 1; cell <= CellCount; ++cell) {
+        if (cell != except && IsMarked(cell)) return cell;
+    }
+    return 0;
+}
 
 void GoToToday()
 {

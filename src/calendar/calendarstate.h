@@ -24,6 +24,12 @@ extern std::array<std::int16_t, CellCount> g_aiLockState; // cell - 1: personal:
                                                           // shared: locked by this user. Cell events, QMTDB,
                                                           // the day lock
 
+// Cells by their number, 1 to 42: error 9 for any other.
+bool IsMarked(int cell);
+void Mark(int cell, bool marked);
+void ClearMarks();
+int MarkedCell(int except = 0); // the first that is marked, 0 for none
+
 void GoToToday(); // year, month and day by the clock; draws nothing
 
 void ResetCalendarStateForTests();

@@ -1,18 +1,18 @@
 #include "calendar/ccalendarview.h"
 
+#include "alarms/alarmmarks.h"
 #include "appearance/panelstyle.h"
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
 #include "calendar/redraw.h"
-#include "calendar/sidebar.h"
-#include "plannerfile/alarmmarks.h"
+#include "hall/cells.h"
+#include "hall/sidebar.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 namespace {
 constexpr int Columns = 7;
@@ -59,32 +59,22 @@ void CCalendarView::Show(std::int32_t left, std::int32_t top, std::int32_t right
 // The picture of the view that is shown looks pressed.
 void CCalendarView::ShowViewButtons()
 {
-    const auto show = [&](PictureButton& button, bool pressed) {
-        button.SetVisible(0, !pressed);
-        button.SetVisible(1, pressed);
-    };
     if (m_iViewMode != ViewMode::Week && m_iViewMode != ViewMode::Month) return;
-    show(*m_sidebar.picWeek, m_iViewMode == ViewMode::Week);
-    show(*m_sidebar.picMonth, m_iViewMode == ViewMode::Month);
+    m_sidebar.picWeek->ShowElement(m_iViewMode == ViewMode::Week ? 1 : 0);
+    m_sidebar.picMonth->ShowElement(m_iViewMode == ViewMode::Month ? 1 : 0);
 }
 
 void CCalendarView::PosDayOfWeek(const Rectangle& area)
 {
     const int width = (area.right - area.left) / Columns;
     const int rest = area.right - area.left - Columns * width;
-    const int font3D = Read(settings::DayOfWeekFont3D);
     for (int day = 0; day < Columns; ++day) {
         SSPanel& heading = m_cells.lblDayOfWeek(day);
         const bool isLast = day == Columns - 1;
         heading.setGeometry(area.left + day * width, area.top, isLast ? width + rest : width, heading.height());
         SetVisible(heading, true);
         if (day > 0) heading.SetCaption(fnDayOfWeekName(day));
-        // A heading's caption is also the name of the section that holds its style.
-        StyleDefaults defaults = settings::DayOfWeek;
-        const QString caption = heading.Caption();
-        defaults.section = caption;
-        ApplyStyle(heading, ReadStyle(defaults));
-        heading.SetFont3D(font3D);
+        StyleHeading(heading);
     }
 }
 

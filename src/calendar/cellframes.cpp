@@ -1,7 +1,7 @@
 #include "calendar/cellframes.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
+#include "hall/cells.h"
 #include "platform/runtime/errortail.h"
 
 #include <QApplication>

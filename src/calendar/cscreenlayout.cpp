@@ -4,10 +4,11 @@
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
 #include "platform/desktop/twips.h"
+#include "platform/desktop/windowplace.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -24,35 +25,6 @@ int Dimension(const TextSetting& setting, int defaultPixels)
     constexpr double Bound = 1e6;
     return static_cast<int>(qBound(-Bound, Val(stored) / TwipsPerPixel, Bound));
 }
-
-// A window that can be dragged by its title is left where it was, however little of it shows.
-bool TitleBarShows(const QRect& window)
-{
-    constexpr int Grip = 40;
-    const QRect title(window.x(), window.y() - Grip / 2, window.width(), Grip);
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        const QRect visible = title.intersected(screen->availableGeometry());
-        if (visible.width() >= Grip && visible.height() >= Grip / 2) return true;
-    }
-    return false;
-}
-
-QRect Reachable(QRect window)
-{
-    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    // A size that no screens could show is a broken setting.
-    const QRect allScreens = QGuiApplication::primaryScreen()->virtualGeometry();
-    window.setSize(window.size().boundedTo(allScreens.size()).expandedTo(Smallest));
-    if (TitleBarShows(window)) return window;
-    window.setSize(window.size().boundedTo(area.size()));
-    window.moveCenter(area.center());
-    return window;
-}
-
-bool HasStoredPlace()
-{
-    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
-}
 } // namespace
 
 void CScreenLayout::RestoreRectangle()
@@ -65,9 +37,9 @@ void CScreenLayout::RestoreRectangle()
     const int top = Dimension(settings::MainTop, area.top() + Inset);
     const int right = Dimension(settings::MainRight, area.left() + area.width() - Inset - FrameSides);
     const int bottom = Dimension(settings::MainBottom, area.top() + area.height() - Inset - FrameHeight);
-    const QRect window = Reachable(QRect(left, top, right - left, bottom - top));
+    const QRect window = ReachablePlace(QRect(left, top, right - left, bottom - top), Smallest);
     m_window.resize(window.size());
-    if (HasStoredPlace()) m_window.move(window.topLeft());
+    if (WindowsKnowTheirPlace()) m_window.move(window.topLeft());
 }
 
 void CScreenLayout::ShowWindow(bool minimized)
@@ -95,8 +67,8 @@ void CScreenLayout::DestroyWindow(const std::optional<Rectangle>& place)
     if (!place) return;
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
     // Where windows cannot know their place, the one stored elsewhere stays, with the new size.
-    const int left = HasStoredPlace() ? place->left : Dimension(settings::MainLeft, 0);
-    const int top = HasStoredPlace() ? place->top : Dimension(settings::MainTop, 0);
+    const int left = WindowsKnowTheirPlace() ? place->left : Dimension(settings::MainLeft, 0);
+    const int top = WindowsKnowTheirPlace() ? place->top : Dimension(settings::MainTop, 0);
     Write(settings::MainLeft, TrimmedStr(ToTwips(left)));
     Write(settings::MainTop, TrimmedStr(ToTwips(top)));
     Write(settings::MainRight, TrimmedStr(ToTwips(left + place->right - place->left)));

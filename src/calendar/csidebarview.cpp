@@ -1,13 +1,13 @@
 #include "calendar/csidebarview.h"
 
-#include "calendar/sidebar.h"
+#include "hall/menus.h"
+#include "hall/sidebar.h"
+#include "platform/controls/picturestrip.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/twips.h"
-#include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
-#include "shell/menus.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <QPushButton>
 

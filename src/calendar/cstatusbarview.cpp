@@ -1,11 +1,10 @@
 #include "calendar/cstatusbarview.h"
 
 #include "appearance/panelstyle.h"
-#include "calendar/bottompanel.h"
+#include "hall/bottompanel.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/sspanel.h"
 #include "platform/controls/visible.h"
-#include "shell/settings.h"
 
 int CStatusbarView::Height() const
 {
@@ -19,8 +18,7 @@ void CStatusbarView::ShowControl(std::int32_t left, std::int32_t, std::int32_t r
     panel.setGeometry(left, bottom - Height(), right - left, Height());
     PlaceLeftSpin();
     PlaceRightSpin();
-    ApplyStyle(panel, ReadStyle(settings::DisplayMonth));
-    panel.SetFont3D(Read(settings::DisplayMonthFont3D));
+    StyleTitle(panel);
     SetVisible(panel, true);
 }
 

@@ -1,11 +1,11 @@
 #include "calendar/ctoolbarview.h"
 
 #include "calendar/cscreenlayout.h"
+#include "hall/menus.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
 #include "platform/profile/profile.h"
-#include "shell/menus.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 CToolbarView::CToolbarView(Toolbar& tbTop, Menus& menus)
     : m_tbTop(tbTop), m_menus(menus), m_bVisible(Read(settings::ToolbarVisible) != 0),

@@ -1,6 +1,7 @@
 #include "calendar/modshow.h"
 
 #include "calendar/calendarstate.h"
+#include "platform/look/namedcolors.h"
 #include "platform/runtime/language.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -11,35 +12,13 @@ constexpr std::array<int, 12> CommonLengths = {31, 28, 31, 30, 31, 30, 31, 31, 3
 
 using MonthNames = std::array<QStringView, 12>;
 constexpr std::array<MonthNames, 3> MonthNamesByLanguage = {
-    MonthNames{u"JANUARY", u"FEBRUARY", u"MARCH", u"APRIL", u"MAY", u"JUNE", u"JULY", u"AUGUST", u"SEPTEMBER",
-               u"OCTOBER", u"NOVEMBER", u"DECEMBER"},
-    MonthNames{u"JANUAR", u"FEBRUAR", u"MAERZ", u"APRIL", u"MAI", u"JUNI", u"JULI", u"AUGUST", u"SEPTEMBER", u"OKTOBER",
-               u"NOVEMBER", u"DEZEMBER"},
-    MonthNames{u"JANVIER", u"FEVRIER", u"MARS", u"AVRIL", u"MAI", u"JUIN", u"JUILLET", u"AOUT", u"SEPTEMBRE",
-               u"OCTOBRE", u"NOVEMBRE", u"DECEMBRE"},
+    MonthNames{u"January", u"February", u"March", u"April", u"May", u"June", u"July", u"August", u"September",
+               u"October", u"November", u"December"},
+    MonthNames{u"Januar", u"Februar", u"Maerz", u"April", u"Mai", u"Juni", u"Juli", u"August", u"September", u"Oktober",
+               u"November", u"Dezember"},
+    MonthNames{u"Janvier", u"Fevrier", u"Mars", u"Avril", u"Mai", u"Juin", u"Juillet", u"Aout", u"Septembre",
+               u"Octobre", u"Novembre", u"Decembre"},
 };
-
-struct NamedColor
-{
-    QStringView name;
-    std::uint32_t value;
-};
-constexpr std::array<NamedColor, 16> Colors = {{{u"BLACK", 0x000000},
-                                                {u"RED", 0x0000FF},
-                                                {u"GREEN", 0x008000},
-                                                {u"YELLOW", 0x00FFFF},
-                                                {u"BLUE", 0xFF0000},
-                                                {u"FUSCHIA", 0xFF00FF},
-                                                {u"AQUA", 0xFFFF00},
-                                                {u"WHITE", 0xFFFFFF},
-                                                {u"MAROON", 0x000080},
-                                                {u"OLIVE", 0x008080},
-                                                {u"NAVY", 0x800000},
-                                                {u"PURPLE", 0x800080},
-                                                {u"TEAL", 0x808000},
-                                                {u"GRAY", 0x808080},
-                                                {u"SILVER", 0xC0C0C0},
-                                                {u"LIME", 0x00FF00}}};
 } // namespace
 
 bool fnIsLeapYear(int year)
@@ -81,10 +60,15 @@ std::int16_t fnFirstDayOfMonth()
     return static_cast<std::int16_t>(Weekday(g_iYear, g_iMonth, 1));
 }
 
-QString fnMonthName(int month)
+QString MonthWord(int month)
 {
     if (g_iLanguage < 0 || g_iLanguage > 2 || month < 1 || month > 12) return {};
     return MonthNamesByLanguage[static_cast<std::size_t>(g_iLanguage)][static_cast<std::size_t>(month - 1)].toString();
+}
+
+QString fnMonthName(int month)
+{
+    return MonthWord(month).toUpper();
 }
 
 QString MonthTitle()
@@ -100,8 +84,8 @@ QString fnDayOfWeekName(int day)
 
 std::uint32_t fnColorInHex(const QString& name)
 {
-    for (const NamedColor& color : Colors) {
-        if (color.name == name) return color.value;
+    for (const NamedColor& color : NamedColors) {
+        if (QString(color.name).toUpper() == name) return color.value;
     }
     return 0;
 }

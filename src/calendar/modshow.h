@@ -18,6 +18,7 @@ std::int16_t fnFirstDayOfMonth(); // weekday of the first of the shown month, 1 
 int Weekday(int year, int month, int day); // 1 Sunday to 7 Saturday; a day past the month's end rolls over
 
 QString fnMonthName(int month);   // upper case, in g_iLanguage; empty for any other month or language
+QString MonthWord(int month);     // "July", likewise
 QString MonthTitle();             // "JULY 1999", the title at the foot of the calendar
 QString fnDayOfWeekName(int day); // 0 "Sun" to 6 "Sat", else empty
 

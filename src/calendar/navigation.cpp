@@ -1,31 +1,21 @@
 #include "calendar/navigation.h"
 
 #include "calendar/bars.h"
-#include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
-#include "calendar/cells.h"
 #include "calendar/moddate.h"
 #include "calendar/modshow.h"
 #include "calendar/redraw.h"
+#include "calendar/turn.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
+#include "hall/menus.h"
 #include "plannerfile/plannerstate.h"
-#include "plannerfile/qmtdb.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/clock.h"
-#include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
-#include "shell/menus.h"
-#include "shell/messages.h"
-
-#include <algorithm>
-
-namespace {
-bool AnyMarked()
-{
-    return std::find(g_aiLockState.begin(), g_aiLockState.end(), 1) != g_aiLockState.end();
-}
-} // namespace
+#include "settings/messages.h"
 
 struct Navigation::View
 {
@@ -37,7 +27,7 @@ struct Navigation::View
 bool Navigation::RefusesToLeave()
 {
     if (!g_bDBShared) return false;
-    if (!AnyMarked()) {
+    if (MarkedCell() == 0) {
         g_iCurrentPanel = 0;
         return false;
     }
@@ -55,13 +45,11 @@ void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (
     bool refused = false;
     tail([&] { refused = RefusesToLeave(); });
     if (refused) return;
-    SetMousePointer(mousepointer::Hourglass);
-    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
-    const int mode = m_calendar.GetViewMode();
-    if (mode == ViewMode::Week) tail([&] { (m_redraw.*week)(); });
-    if (mode == ViewMode::Month) tail([&] { (m_redraw.*month)(); });
-    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
-    SetMousePointer(mousepointer::Default);
+    m_turn(literal, [&] {
+        const int mode = m_calendar.GetViewMode();
+        if (mode == ViewMode::Week) (m_redraw.*week)();
+        if (mode == ViewMode::Month) (m_redraw.*month)();
+    });
 }
 
 void Navigation::subActionNext()
@@ -77,26 +65,19 @@ void Navigation::subActionPrevious()
 
 void Navigation::mnuThisMonth_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuThisMonth_Click"));
-    SetMousePointer(mousepointer::Hourglass);
-    tail([&] { m_notes.subUpdateQMTDatabase(); });
-    GoToToday();
-    tail([&] { m_redraw.subDisplayMonth(); });
-    m_bottom.panelBottom->SetCaption(MonthTitle());
-    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
-    SetMousePointer(mousepointer::Default);
+    m_turn(QLatin1StringView(" in MainForm, mnuThisMonth_Click"), [&] {
+        GoToToday();
+        m_redraw.subDisplayMonth();
+        m_bottom.panelBottom->SetCaption(MonthTitle());
+    });
 }
 
 void Navigation::mnuCurrentWeek_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuCurrentWeek_Click"));
-    SetMousePointer(mousepointer::Hourglass);
-    // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
-    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
-    GoToToday();
-    tail([&] { m_redraw.subDisplayWeek(); });
-    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
-    SetMousePointer(mousepointer::Default);
+    m_turn(QLatin1StringView(" in MainForm, mnuCurrentWeek_Click"), [&] {
+        GoToToday();
+        m_redraw.subDisplayWeek();
+    });
 }
 
 void Navigation::SwitchTo(const View& view)
@@ -109,11 +90,11 @@ void Navigation::SwitchTo(const View& view)
     if (m_calendar.GetViewMode() == view.mode) {
         MsgBox(QStringLiteral("You are currently in %1").arg(view.name), msgbox::Information, view.name);
     } else {
-        tail([&] { m_notes.subUpdateQMTDatabase(); });
-        tail([&] { m_calendar.Clear(); });
-        m_calendar.SetViewMode(view.mode);
-        tail([&] { m_bars.RefreshLayout(); });
-        tail([&] { m_notes.subSeekQMTDatabase(); });
+        m_turn(view.literal, [&] {
+            m_calendar.Clear();
+            m_calendar.SetViewMode(view.mode);
+            m_bars.RefreshLayout();
+        });
     }
     tail([&] { subSetViewMenus(); });
 }
@@ -150,12 +131,11 @@ void Navigation::tmMidnightRefresh_Timer()
 {
     const QTime now = desktopclock::Now().time();
     if (now.hour() != 0 || now.minute() != 0) return;
-    const ErrorTail tail(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"));
-    tail([&] { m_notes.subUpdateQMTDatabase(); });
-    GoToToday();
-    if (m_calendar.GetViewMode() == ViewMode::Month) tail([&] { m_redraw.subDisplayMonth(); });
-    if (m_calendar.GetViewMode() == ViewMode::Week) tail([&] { m_redraw.subDisplayWeek(); });
-    tail([&] { m_notes.subSeekQMTDatabase(); });
+    m_turn(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"), [&] {
+        GoToToday();
+        if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
+        if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
+    });
 }
 
 void Navigation::subSetViewMenus()

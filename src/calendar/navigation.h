@@ -9,15 +9,15 @@ struct BottomPanel;
 class CCalendarView;
 class Cells;
 class Menus;
-class QMTDB;
 class Redraw;
+class Turn;
 
 class Navigation
 {
 public:
-    Navigation(Cells& cells, const BottomPanel& bottom, QMTDB& notes, Redraw& redraw, Menus& menus,
+    Navigation(Cells& cells, const BottomPanel& bottom, Turn& turn, Redraw& redraw, Menus& menus,
                CCalendarView& calendar, Bars& bars)
-        : m_cells(cells), m_bottom(bottom), m_notes(notes), m_redraw(redraw), m_menus(menus), m_calendar(calendar),
+        : m_cells(cells), m_bottom(bottom), m_turn(turn), m_redraw(redraw), m_menus(menus), m_calendar(calendar),
           m_bars(bars)
     {
     }
@@ -47,7 +47,7 @@ private:
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
-    QMTDB& m_notes;
+    Turn& m_turn;
     Redraw& m_redraw;
     Menus& m_menus;
     CCalendarView& m_calendar;

@@ -1,18 +1,18 @@
 #include "calendar/redraw.h"
 
+#include "alarms/alarmmarks.h"
 #include "appearance/panelstyle.h"
-#include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
-#include "plannerfile/alarmmarks.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,24 +1,24 @@
 #include "editing/cellediting.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/moddate.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
-#include "editing/colornames.h"
-#include "editing/formatbar.h"
+#include "editing/defaultfont.h"
 #include "editing/formatting.h"
+#include "hall/cells.h"
+#include "hall/formatbar.h"
+#include "hall/menus.h"
+#include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/look/namedcolors.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
-#include "shell/menus.h"
-#include "shell/messages.h"
-#include "shell/settings.h"
-#include "workgroup/networkcontrols.h"
+#include "settings/messages.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QMenu>
@@ -79,11 +79,7 @@ void CellEditing::Wire()
 
 bool CellEditing::IsHeldElsewhere(int Index) const
 {
-    if (g_iCurrentPanel == 0) return false;
-    for (int cell = 1; cell <= CellCount; ++cell) {
-        if (cell != Index && g_aiLockState[static_cast<std::size_t>(cell - 1)] == 1) return true;
-    }
-    return false;
+    return g_iCurrentPanel != 0 && MarkedCell(Index) != 0;
 }
 
 void CellEditing::RefuseMove()
@@ -113,24 +109,12 @@ void CellEditing::tbDay_GotFocus(int Index)
     }
     g_iCurrentPanel = static_cast<std::int16_t>(Index);
     // Without a planner there is nothing that the cell could be written to.
-    if (!g_bDBShared && HasPlanner() && Index >= 1) g_aiLockState.at(static_cast<std::size_t>(Index - 1)) = 1;
+    if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
     tail([&] {
         RichTextBox& box = m_cells.tbDay(Index);
-        // Tabs and empty lines are text that somebody has formatted.
-        if (box.Text().remove(u' ').isEmpty()) GiveDefaultFont(box);
+        if (!IsBlankNote(box)) return;
+        GiveDefaultFont(box, DefaultStyles::AsSet, QLatin1StringView(" in MainForm, tbDay_GotFocus"));
     });
-}
-
-void CellEditing::GiveDefaultFont(RichTextBox& box)
-{
-    const ErrorTail tail(QLatin1StringView(" in MainForm, tbDay_GotFocus"));
-    tail([&] { box.SetFontName(Read(settings::DefaultFontName)); });
-    tail([&] { box.SetFontSize(Read(settings::DefaultFontSize)); });
-    box.SetFontBold(Read(settings::DefaultBold) == 1);
-    box.SetFontItalic(Read(settings::DefaultItalic) == 1);
-    box.SetFontUnderline(Read(settings::DefaultUnderline) == 1);
-    box.SetFontStrikethrough(Read(settings::DefaultStrikeThrough) == 1);
-    box.SetSelColor(fnColorInHex(Read(settings::DefaultFontColor).toUpper()));
 }
 
 void CellEditing::EnterIfNoneIsCurrent(int Index)
@@ -212,6 +196,6 @@ void CellEditing::FollowCombos(const RichTextBox& box)
     });
     tail([&] {
         const auto color = box.SelColor();
-        Choose(*m_bar.orlcmbFontcolor, color ? ColorListIndex(*color) : ORLCombo::BlankColor);
+        Choose(*m_bar.orlcmbFontcolor, color ? PlaceOfColor(*color) : ORLCombo::BlankColor);
     });
 }

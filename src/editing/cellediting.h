@@ -32,7 +32,6 @@ private:
     void Wire();
     bool IsHeldElsewhere(int Index) const;
     void RefuseMove();
-    void GiveDefaultFont(RichTextBox& box);
     void EnterIfNoneIsCurrent(int Index);
     void FollowButtons(const RichTextBox& box);
     void FollowCombos(const RichTextBox& box);

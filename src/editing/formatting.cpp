@@ -1,30 +1,21 @@
 #include "editing/formatting.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
-#include "editing/formatbar.h"
+#include "editing/fontcommand.h"
+#include "editing/textstyles.h"
+#include "hall/cells.h"
+#include "hall/formatbar.h"
+#include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/controls/postkey.h"
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
-#include "shell/messages.h"
-#include "workgroup/networkcontrols.h"
-
-#include <QCoreApplication>
-#include <QKeyEvent>
-
-// One of the four styles that a command turns on and off.
-struct Formatting::Toggle
-{
-    QLatin1StringView literal;
-    const char16_t* key; // of its toolbar button
-    std::optional<bool> (RichTextBox::*read)() const;
-    void (RichTextBox::*write)(bool);
-};
+#include "settings/messages.h"
 
 bool Formatting::fnCanFormatCell()
 {
@@ -40,42 +31,57 @@ RichTextBox& Formatting::CurrentBox()
     return m_cells.tbDay(g_iCurrentPanel);
 }
 
-void Formatting::Run(const Toggle& toggle)
+void Formatting::Run(const TextStyle& style, QLatin1StringView literal)
 {
-    const ErrorTail tail(toggle.literal);
+    const ErrorTail tail(literal);
     tail([&] {
         if (!fnCanFormatCell()) return;
-        RichTextBox& box = CurrentBox();
-        ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromUtf16(toggle.key));
-        const std::optional<bool> now = (box.*toggle.read)();
+        const std::optional<bool> before = Toggle(CurrentBox(), style);
+        ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
         // A mixed selection becomes uniform, and its button stays grey until the selection changes.
-        button.SetMixedState(!now);
-        if (now) button.SetValue(*now ? 0 : 1);
-        (box.*toggle.write)(!now.value_or(false));
+        button.SetMixedState(!before);
+        if (before) button.SetValue(*before ? 0 : 1);
     });
 }
 
 void Formatting::mnuBold_Click()
 {
-    Run({QLatin1StringView(" in MainForm, mnuBold_Click"), u"bold", &RichTextBox::SelBold, &RichTextBox::SetSelBold});
+    Run(Bold, QLatin1StringView(" in MainForm, mnuBold_Click"));
 }
 
 void Formatting::mnuItalic_Click()
 {
-    Run({QLatin1StringView(" in MainForm, mnuItalic_Click"), u"italic", &RichTextBox::SelItalic,
-         &RichTextBox::SetSelItalic});
+    Run(Italic, QLatin1StringView(" in MainForm, mnuItalic_Click"));
 }
 
 void Formatting::mnuUnderline_Click()
 {
-    Run({QLatin1StringView(" in MainForm, mnuUnderline_Click"), u"underline", &RichTextBox::SelUnderline,
-         &RichTextBox::SetSelUnderline});
+    Run(Underline, QLatin1StringView(" in MainForm, mnuUnderline_Click"));
 }
 
 void Formatting::mnuStrikeThru_Click()
 {
-    Run({QLatin1StringView(" in MainForm, mnuStrikeThru_Click"), u"strikethru", &RichTextBox::SelStrikeThru,
-         &RichTextBox::SetSelStrikeThru});
+    Run(StrikeThru, QLatin1StringView(" in MainForm, mnuStrikeThru_Click"));
+}
+
+void Formatting::mnuColorSizeFonts_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuColorSizeFonts_Click"));
+    tail([&] {
+        if (!fnCanFormatCell()) return;
+        RichTextBox& box = CurrentBox();
+        const FontChoice& chosen = m_fontCommand.Ask(m_cells.Client()->window(), box, tail);
+        // Name and size are the whole note's, colour and styles the selection's.
+        tail([&] { box.SetFontName(NameOr(chosen)); });
+        tail([&] { box.SetFontSize(chosen.size); });
+        tail([&] { box.SetSelColor(chosen.color); });
+        for (const TextStyle& style : TextStyles) {
+            Set(box, style, chosen.*style.ofDialog);
+            ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
+            button.SetValue(chosen.*style.ofDialog ? 1 : 0);
+            button.SetMixedState(false);
+        }
+    });
 }
 
 void Formatting::Justify(int alignment)
@@ -102,8 +108,7 @@ void Formatting::SendKey(int key, Qt::KeyboardModifiers modifiers)
 {
     RichTextBox& box = CurrentBox();
     box.setFocus();
-    QCoreApplication::postEvent(&box, new QKeyEvent(QEvent::KeyPress, key, modifiers));
-    QCoreApplication::postEvent(&box, new QKeyEvent(QEvent::KeyRelease, key, modifiers));
+    PostKey(box, key, modifiers);
 }
 
 void Formatting::mnuCut_Click()

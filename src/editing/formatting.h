@@ -5,15 +5,17 @@
 #include <QString>
 
 class Cells;
+class FontCommand;
 struct FormatBar;
 struct NetworkControls;
 class RichTextBox;
+struct TextStyle;
 
 class Formatting
 {
 public:
-    Formatting(Cells& cells, const FormatBar& bar, const NetworkControls& network)
-        : m_cells(cells), m_bar(bar), m_network(network)
+    Formatting(Cells& cells, const FormatBar& bar, const NetworkControls& network, FontCommand& fontCommand)
+        : m_cells(cells), m_bar(bar), m_network(network), m_fontCommand(fontCommand)
     {
     }
 
@@ -24,6 +26,7 @@ public:
     void mnuItalic_Click();
     void mnuUnderline_Click();
     void mnuStrikeThru_Click();
+    void mnuColorSizeFonts_Click(); // the font dialog; Cancel applies what it was filled with
     void mnuLeftJustify_Click();
     void mnuCenterJustify_Click();
     void mnuRightJustify_Click();
@@ -39,8 +42,7 @@ public:
     void subInitAllComboBox(); // fills and shows the combos
 
 private:
-    struct Toggle;
-    void Run(const Toggle& toggle);
+    void Run(const TextStyle& style, QLatin1StringView literal);
     RichTextBox& CurrentBox();
     void SendKey(int key, Qt::KeyboardModifiers modifiers);
     void Justify(int alignment);
@@ -48,4 +50,5 @@ private:
     Cells& m_cells;
     const FormatBar& m_bar;
     const NetworkControls& m_network;
+    FontCommand& m_fontCommand;
 };

@@ -1,7 +1,7 @@
 #include "editing/shortcutfilter.h"
 
-#include "calendar/cells.h"
-#include "shell/menus.h"
+#include "hall/cells.h"
+#include "hall/menus.h"
 
 #include <QKeyEvent>
 

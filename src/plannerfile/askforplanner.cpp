@@ -2,7 +2,7 @@
 
 #include "platform/desktop/commondialog.h"
 #include "platform/runtime/runtimeerror.h"
-#include "shell/messages.h"
+#include "settings/messages.h"
 
 bool AskForPlanner(CommonDialog& dialog, const QString& title, const QString& acceptText)
 {

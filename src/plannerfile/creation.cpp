@@ -1,10 +1,10 @@
 #include "plannerfile/creation.h"
 
-#include "calendar/bottompanel.h"
+#include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
-#include "plannerfile/alarmmarks.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/opening.h"
@@ -16,7 +16,7 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
-#include "shell/messages.h"
+#include "settings/messages.h"
 #include "workgroup/networkmode.h"
 
 namespace {
@@ -136,7 +136,7 @@ void Creation::OpenNewFile()
     g_sNotesFile = file;
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-    g_aiLockState = {};
+    ClearMarks();
     subUnloadAlarmIcons(m_cells);
     m_notes.ReadCells(NewTail);
 }

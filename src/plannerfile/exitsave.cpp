@@ -1,14 +1,14 @@
 #include "plannerfile/exitsave.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
+#include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/rescuefiles.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
-#include "shell/messages.h"
+#include "settings/messages.h"
 
 namespace {
 constexpr QLatin1StringView ExitTail(" in MainForm, subExitProgram");
@@ -20,7 +20,7 @@ bool ExitSave::AnyCellChanged()
     bool changed = !m_notes.Unsaved().IsEmpty();
     for (int cell = 1; cell <= CellCount && !changed; ++cell) {
         tail([&] {
-            const bool marked = !g_bDBShared && g_aiLockState[static_cast<std::size_t>(cell - 1)] == 1;
+            const bool marked = !g_bDBShared && IsMarked(cell);
             changed = m_cells.tbDay(cell).Modified() || marked;
         });
     }

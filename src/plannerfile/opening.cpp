@@ -1,10 +1,10 @@
 #include "plannerfile/opening.h"
 
-#include "calendar/bottompanel.h"
+#include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
-#include "plannerfile/alarmmarks.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
@@ -16,9 +16,9 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
-#include "shell/messages.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
 #include "shell/recentlist.h"
-#include "shell/settings.h"
 #include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
 
@@ -110,7 +110,7 @@ bool Opening::OpenNotes(bool exclusive)
     // What the previous planner left must not answer for this one.
     g_rsAlarm = {};
     g_rsRecurse = {};
-    g_aiLockState = {};
+    ClearMarks();
     return true;
 }
 

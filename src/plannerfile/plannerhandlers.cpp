@@ -2,13 +2,13 @@
 
 #include "calendar/redraw.h"
 #include "calendar/viewmode.h"
+#include "hall/menuitem.h"
 #include "plannerfile/creation.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
-#include "shell/menuitem.h"
 
 void PlannerHandlers::mnuNew_Click()
 {

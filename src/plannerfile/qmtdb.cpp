@@ -1,19 +1,17 @@
 #include "plannerfile/qmtdb.h"
 
-#include "calendar/bottompanel.h"
+#include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
-#include "plannerfile/alarmmarks.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
-#include "platform/controls/picturebutton.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
-#include "workgroup/networkcontrols.h"
 
 namespace {
 constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
@@ -108,7 +106,7 @@ bool QMTDB::NeedsSaving(int cell) const
     if (box.Modified()) return true;
     // A cell that was only entered holds the very bytes that were read. To write them again could take back what
     // another user has written meanwhile.
-    const bool marked = cell > 0 && g_aiLockState.at(static_cast<std::size_t>(cell - 1)) == 1;
+    const bool marked = cell > 0 && IsMarked(cell);
     return marked && box.TextRTF() != *held;
 }
 
@@ -132,11 +130,7 @@ void QMTDB::TakeNote(int cell)
         box.MarkSaved(rtf);
         Held(cell) = {key, rtf};
     }
-    if (m_network.picLock->Visible(1)) {
-        m_network.picLock->SetVisible(0, true);
-        m_network.picLock->SetVisible(1, false);
-    }
-    if (cell > 0) g_aiLockState.at(static_cast<std::size_t>(cell - 1)) = 0;
+    if (cell > 0) Mark(cell, false);
 }
 
 void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& records)
@@ -181,6 +175,13 @@ void QMTDB::subUpdateQMTRecord(int iCell)
     WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
+void QMTDB::PutNote(const QString& key, const QByteArray& rtf)
+{
+    if (!HasPlanner() || g_bDBShared) return;
+    m_unsaved.Keep(g_sNotesFile, key, rtf);
+    WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
+}
+
 void QMTDB::subUpdateQMTDatabase()
 {
     const ErrorTail tail(UpdateTail);
@@ -216,5 +217,5 @@ void QMTDB::DropCells()
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last; ++cell)
         EmptyCell(cell);
-    g_aiLockState = {};
+    ClearMarks();
 }

@@ -11,15 +11,14 @@
 struct BottomPanel;
 class Cells;
 class Database;
-struct NetworkControls;
 class Recordset;
 class ViewMode;
 
 class QMTDB
 {
 public:
-    QMTDB(Cells& cells, const BottomPanel& bottom, const NetworkControls& network, const ViewMode& viewMode)
-        : m_cells(cells), m_bottom(bottom), m_network(network), m_viewMode(viewMode)
+    QMTDB(Cells& cells, const BottomPanel& bottom, const ViewMode& viewMode)
+        : m_cells(cells), m_bottom(bottom), m_viewMode(viewMode)
     {
     }
 
@@ -35,6 +34,8 @@ public:
     // them all first would cost as much as to fill them.
     void subUpdateQMTDatabase();
     void subUpdateQMTRecord(int iCell);
+    // Writes a day's note of a personal planner that no shown cell holds.
+    void PutNote(const QString& key, const QByteArray& rtf);
     bool HasChanges() const; // of the shown cells, that a save would write
 
     // Keeps what the shown cells of a personal planner hold unsaved, for the exit or its next opening, unwritten.
@@ -69,7 +70,6 @@ private:
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
-    const NetworkControls& m_network;
     const ViewMode& m_viewMode;
     UnsavedNotes m_unsaved;
     std::array<HeldNote, CellCount + 1> m_held;

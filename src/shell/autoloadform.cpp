@@ -6,7 +6,7 @@
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

@@ -2,6 +2,7 @@
 
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/controls/picturestrip.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
@@ -61,6 +62,7 @@ Toolbar* MakeToolbar(QWidget* client)
             bar->AddPlaceholder(key);
         } else {
             bar->AddButton(key, QString::fromLatin1(row.tip), Icon(row.key));
+            bar->Buttons(key).setEnabled(false); // until it is wired to its command
         }
     }
     return bar;
@@ -107,8 +109,6 @@ BottomPanel MakeBottomPanel(QWidget* client)
     for (PictureButton* spin : {bottom.imgLeftSpin, bottom.imgRightSpin}) {
         spin->resize(SpinSize);
         spin->SetFramed(true);
-        spin->SetVisible(0, true);
-        spin->SetVisible(1, false);
     }
     return bottom;
 }
@@ -139,6 +139,7 @@ PictureButton* MakePicture(const char* name, QWidget* page)
         if (QLatin1StringView(row.name) != QLatin1StringView(name)) continue;
         PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
         button->SetCaption(QString::fromLatin1(row.caption));
+        button->setEnabled(false); // until it is wired to its command
         for (int element = 0; element < 2; ++element)
             button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
         return button;
@@ -172,14 +173,13 @@ void FillPicturePage(Sidebar& sidebar)
     auto* label = new QLabel(QStringLiteral("You can add new Icons into the picture bar."), page);
     label->setWordWrap(true);
     sidebar.lblPictures = label;
-    sidebar.tbPictureBox = new RichTextBox(page);
+    sidebar.tbPictureBox = new PictureStrip(page);
     sidebar.tbPictureBox->setObjectName(QStringLiteral("tbPictureBox"));
     sidebar.tbPictureBox->setAccessibleName(QStringLiteral("Pictures"));
-    sidebar.tbPictureBox->SetLocked(true);
     sidebar.btnReloadIcons = new QPushButton(QStringLiteral("Reload"), page);
     sidebar.btnReloadIcons->setObjectName(QStringLiteral("btnReloadIcons"));
     sidebar.btnReloadIcons->setToolTip(QStringLiteral("Reload the Picture list"));
-    sidebar.btnReloadIcons->setEnabled(false); // with its command
+    sidebar.btnReloadIcons->setEnabled(false); // until it is wired to its command
 }
 
 NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
@@ -193,7 +193,6 @@ NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
     network.tmAutoRefresh->setObjectName(QStringLiteral("tmAutoRefresh"));
     network.lblNetwork->setAlignment(Qt::AlignCenter);
     for (PictureButton* button : {network.picRefresh, network.picLock}) {
-        button->setEnabled(false); // with its command
         button->SetVisible(0, false);
         button->SetVisible(1, false);
     }
@@ -213,9 +212,6 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
         (*buttons[i])->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
         column->addWidget(*buttons[i]);
     }
-    // With their commands.
-    for (PictureButton* button : {sidebar.picDay, sidebar.picPrint, sidebar.picRecurse, sidebar.picAlarm})
-        button->setEnabled(false);
     column->addSpacing(8);
     column->addWidget(network.lblNetwork);
     auto* pair = new QHBoxLayout;

@@ -1,13 +1,13 @@
 // Makes the main window's controls and hands them out in groups.
 #pragma once
 
-#include "calendar/bottompanel.h"
-#include "calendar/cells.h"
-#include "calendar/sidebar.h"
-#include "editing/formatbar.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
+#include "hall/formatbar.h"
+#include "hall/menus.h"
+#include "hall/networkcontrols.h"
+#include "hall/sidebar.h"
 #include "platform/desktop/commondialog.h"
-#include "shell/menus.h"
-#include "workgroup/networkcontrols.h"
 
 class QMainWindow;
 class Timer;

@@ -1,9 +1,9 @@
 #include "shell/recentlist.h"
 
+#include "hall/menus.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/profile/profile.h"
-#include "shell/menus.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <array>
 

@@ -11,8 +11,12 @@
 #include "calendar/ctoolbarview.h"
 #include "calendar/navigation.h"
 #include "calendar/redraw.h"
+#include "calendar/turn.h"
 #include "editing/cellediting.h"
+#include "editing/dayview.h"
+#include "editing/fontcommand.h"
 #include "editing/formatting.h"
+#include "editing/picturebar.h"
 #include "editing/shortcutfilter.h"
 #include "plannerfile/creation.h"
 #include "plannerfile/exitsave.h"
@@ -43,18 +47,22 @@ struct Rooms
     CScreenLayout m_pLayout;
     CellFrames frames{controls.cells};
     Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
-    QMTDB notes{controls.cells, controls.bottom, controls.network, m_pCalendarView};
-    Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, notes};
+    QMTDB notes{controls.cells, controls.bottom, m_pCalendarView};
+    Turn turn{notes};
+    Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
     NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop};
     RecentList recentList{controls.menus};
     Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList};
     Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
     PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
-    Navigation navigation{controls.cells, controls.bottom, notes, redraw, controls.menus, m_pCalendarView, bars};
-    Appearance appearance{controls.cells, controls.bottom, notes, redraw};
-    DateSearch dateSearch{controls.bottom, notes, redraw, m_pCalendarView, *controls.client};
+    Navigation navigation{controls.cells, controls.bottom, turn, redraw, controls.menus, m_pCalendarView, bars};
+    Appearance appearance{controls.cells, controls.bottom, turn, redraw};
+    DateSearch dateSearch{controls.bottom, turn, redraw, m_pCalendarView, *controls.client};
     ShellHandlers shellHandlers{*controls.client};
-    Formatting formatting{controls.cells, controls.bar, controls.network};
+    FontCommand fontCommand;
+    Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
+    DayView dayView{controls.cells, controls.sidebar, controls.network, notes, m_pCalendarView, fontCommand};
+    PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,

@@ -4,9 +4,9 @@
 #include "platform/desktop/folders.h"
 #include "platform/desktop/helpviewer.h"
 #include "platform/desktop/msgbox.h"
+#include "settings/messages.h"
 #include "shell/aboutform.h"
 #include "shell/autoloadform.h"
-#include "shell/messages.h"
 
 void ShellHandlers::mnuAutoload_Click()
 {
@@ -19,7 +19,7 @@ void ShellHandlers::mnuAutoload_Click()
 
 void ShellHandlers::Help(HelpCommand command)
 {
-    if (ShowHelp(&m_client, folders::HelpFile(QStringLiteral("ORL.HLP")), command)) return;
+    if (ShowHelp(&m_client, folders::Shipped(QStringLiteral("ORL.HLP")), command)) return;
     MsgBox(QStringLiteral("Sorry, cannot find ORL.HLP"), msgbox::Information, QStringLiteral("Helpfile error!"));
 }
 

@@ -2,11 +2,14 @@
 
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/controls/picturestrip.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
 #include "shell/rooms.h"
+
+#include <QPushButton>
 
 namespace {
 struct MenuRow
@@ -30,6 +33,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuRepair", " in MainForm, mnuRepair_Click", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
     {"mnuMonthView", " in MainForm, mnuMonthView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
     {"mnuWeekView", " in MainForm, mnuWeekView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToWeekView>},
+    {"mnuDayView", " in MainForm, mnuDayView_Click", Run<&Rooms::dayView, &DayView::subZoomView>},
     {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click", Run<&Rooms::bars, &Bars::mnuViewTBVisible_Click>},
     {"mnuViewTBAlignTop", " in MainForm, mnuViewTBAlignTop_Click", Run<&Rooms::bars, &Bars::mnuViewTBAlignTop_Click>},
     {"mnuViewTBAlignBottom", " in MainForm, mnuViewTBAlignBottom_Click",
@@ -64,6 +68,10 @@ constexpr MenuRow MenuRows[] = {
     {"mnuItalic", " in MainForm, mnuItalic_Click", Run<&Rooms::formatting, &Formatting::mnuItalic_Click>},
     {"mnuUnderline", " in MainForm, mnuUnderline_Click", Run<&Rooms::formatting, &Formatting::mnuUnderline_Click>},
     {"mnuStrikeThru", " in MainForm, mnuStrikeThru_Click", Run<&Rooms::formatting, &Formatting::mnuStrikeThru_Click>},
+    {"mnuColorSizeFonts", " in MainForm, mnuColorSizeFonts_Click",
+     Run<&Rooms::formatting, &Formatting::mnuColorSizeFonts_Click>},
+    {"mnuColorSizeFontsR", " in MainForm, mnuColorSizeFonts_Click",
+     Run<&Rooms::formatting, &Formatting::mnuColorSizeFonts_Click>},
     {"mnuCutR", " in MainForm, mnuCut_Click", Run<&Rooms::formatting, &Formatting::mnuCut_Click>},
     {"mnuCopyR", " in MainForm, mnuCopy_Click", Run<&Rooms::formatting, &Formatting::mnuCopy_Click>},
     {"mnuPasteR", " in MainForm, mnuPaste_Click", Run<&Rooms::formatting, &Formatting::mnuPaste_Click>},
@@ -111,100 +119,130 @@ void WireMenus(Rooms& rooms)
     }
 }
 
-void WireButtons(Rooms& rooms)
+// What an event does goes through the error log like the rest of the window's handlers.
+template <typename Sender, typename Signal, typename Action>
+void On(Sender* sender, Signal signal, const char* literal, Action action)
 {
-    Toolbar& bar = *rooms.controls.bar.tbTop;
-    QObject::connect(&bar, &Toolbar::ButtonClick, &bar, [&rooms](const QString& key) {
+    QObject::connect(sender, signal, sender, [literal, action](auto... arguments) {
+        guard(QLatin1StringView(literal), [&] { action(arguments...); });
+    });
+}
+
+// The pictures of the sidebar. One whose command is not here stays disabled.
+struct PictureRow
+{
+    PictureButton* Sidebar::*picture;
+    const char* literal;
+    void (*click)(Rooms& rooms, int Index); // Index: the element that was visible
+};
+
+constexpr PictureRow PictureRows[] = {
+    {&Sidebar::picDay, " in MainForm, picDay_Click", [](Rooms& rooms, int) { rooms.dayView.picDay_Click(); }},
+    {&Sidebar::picWeek, " in MainForm, picWeek_Click",
+     [](Rooms& rooms, int Index) { rooms.navigation.picWeek_Click(Index); }},
+    {&Sidebar::picMonth, " in MainForm, picMonth_Click",
+     [](Rooms& rooms, int) { rooms.navigation.subSwitchToMonthView(); }},
+};
+
+void WirePictures(Rooms& rooms)
+{
+    const Sidebar& sidebar = rooms.controls.sidebar;
+    for (const PictureRow& row : PictureRows) {
+        PictureButton* picture = sidebar.*row.picture;
+        On(picture, &PictureButton::Click, row.literal, [&rooms, &row](int Index) { row.click(rooms, Index); });
+        picture->setEnabled(true);
+    }
+    On(sidebar.picDay, &PictureButton::MouseDown, " in MainForm, picDay_MouseDown",
+       [&rooms](int) { rooms.dayView.picDay_MouseDown(); });
+    On(sidebar.picDay, &PictureButton::MouseUp, " in MainForm, picDay_MouseUp",
+       [&rooms](int) { rooms.dayView.picDay_MouseUp(); });
+    On(sidebar.tabSidebar, &TabStrip::Click, " in MainForm, tabSidebar_Click",
+       [&rooms] { rooms.m_pSidebar.TogglePages(); });
+}
+
+void WirePictureBar(Rooms& rooms)
+{
+    const Sidebar& sidebar = rooms.controls.sidebar;
+    PictureStrip* strip = sidebar.tbPictureBox;
+    PictureBar& bar = rooms.pictureBar;
+    On(strip, &PictureStrip::Shown, " in MainForm, subLoadIcons", [&bar] { bar.tbPictureBox_Shown(); });
+    On(strip, &PictureStrip::OLECompleteDrag, " in MainForm, tbPictureBox_OLECompleteDrag",
+       [&bar] { bar.tbPictureBox_OLECompleteDrag(); });
+    On(strip, &PictureStrip::OLEDragDrop, " in MainForm, tbPictureBox_OLEDragDrop",
+       [&bar](const QStringList& files) { bar.tbPictureBox_OLEDragDrop(files); });
+    QObject::connect(strip, &PictureStrip::OLEStartDrag, strip,
+                     [&bar](QMimeData& data, QPixmap& cursor) { bar.tbPictureBox_OLEStartDrag(data, cursor); });
+    On(sidebar.btnReloadIcons, &QPushButton::clicked, " in MainForm, btnReloadIcons_Click",
+       [&bar](bool) { bar.btnReloadIcons_Click(); });
+    sidebar.btnReloadIcons->setEnabled(true);
+}
+
+void WireToolbar(Rooms& rooms)
+{
+    Toolbar* bar = rooms.controls.bar.tbTop;
+    for (const ButtonRow& row : ButtonRows)
+        bar->Buttons(QString::fromLatin1(row.key)).setEnabled(true);
+    On(bar, &Toolbar::ButtonClick, " in MainForm, tbTop_ButtonClick", [&rooms](const QString& key) {
         for (const ButtonRow& row : ButtonRows) {
             if (key == QLatin1StringView(row.key))
                 rooms.controls.menus(QLatin1StringView(row.entry)).Action()->trigger();
         }
     });
-    bar.Buttons(QStringLiteral("datediff")).setEnabled(false); // with its command
-    QObject::connect(&bar, &Toolbar::Dropped, &bar, [&rooms](const QPoint& at) {
-        guard(QLatin1StringView(" in MainForm, Form_DragDrop"), [&] { rooms.bars.Form_DragDrop(at); });
-    });
+    On(bar, &Toolbar::Dropped, " in MainForm, Form_DragDrop",
+       [&rooms](const QPoint& at) { rooms.bars.Form_DragDrop(at); });
 }
 
 void WireCombos(Rooms& rooms)
 {
-    const auto wire = [&](ORLCombo* combo, QLatin1StringView literal, auto change) {
-        QObject::connect(combo, &ORLCombo::Click, combo, [&rooms] { rooms.formatting.fnCanFormatCell(); });
-        QObject::connect(combo, &ORLCombo::Change, combo,
-                         [&rooms, literal, change] { guard(literal, [&] { (rooms.formatting.*change)(); }); });
+    const auto wire = [&](ORLCombo* combo, const char* literal, auto change) {
+        On(combo, &ORLCombo::Click, literal, [&rooms] { rooms.formatting.fnCanFormatCell(); });
+        On(combo, &ORLCombo::Change, literal, [&rooms, change] { (rooms.formatting.*change)(); });
     };
     const FormatBar& bar = rooms.controls.bar;
-    wire(bar.orlcmbFontname, QLatin1StringView(" in MainForm, orlcmbFontname_Change"),
-         &Formatting::orlcmbFontname_Change);
-    wire(bar.orlcmbFontsize, QLatin1StringView(" in MainForm, orlcmbFontsize_Change"),
-         &Formatting::orlcmbFontsize_Change);
-    wire(bar.orlcmbFontcolor, QLatin1StringView(" in MainForm, orlcmbFontcolor_Change"),
-         &Formatting::orlcmbFontcolor_Change);
+    wire(bar.orlcmbFontname, " in MainForm, orlcmbFontname_Change", &Formatting::orlcmbFontname_Change);
+    wire(bar.orlcmbFontsize, " in MainForm, orlcmbFontsize_Change", &Formatting::orlcmbFontsize_Change);
+    wire(bar.orlcmbFontcolor, " in MainForm, orlcmbFontcolor_Change", &Formatting::orlcmbFontcolor_Change);
 }
 
 void WireSpins(Rooms& rooms)
 {
-    const auto wire = [&](PictureButton* spin, QLatin1StringView literal, auto action) {
-        QObject::connect(spin, &PictureButton::MouseDown, spin, [spin](int) {
-            spin->SetVisible(0, false);
-            spin->SetVisible(1, true);
-        });
-        QObject::connect(spin, &PictureButton::MouseMove, spin, [&rooms] { rooms.navigation.SpinTips(); });
-        QObject::connect(spin, &PictureButton::MouseUp, spin, [&rooms, spin, literal, action](int) {
-            guard(literal, [&] { (rooms.navigation.*action)(); });
-            spin->SetVisible(0, true);
-            spin->SetVisible(1, false);
-        });
+    const auto wire = [&](PictureButton* spin, const char* literal, auto action) {
+        On(spin, &PictureButton::MouseDown, literal, [spin](int) { spin->ShowElement(1); });
+        On(spin, &PictureButton::MouseMove, literal, [&rooms] { rooms.navigation.SpinTips(); });
+        On(spin, &PictureButton::MouseUp, literal, [&rooms, action](int) { (rooms.navigation.*action)(); });
+        On(spin, &PictureButton::MouseUp, literal, [spin](int) { spin->ShowElement(0); });
     };
     const BottomPanel& bottom = rooms.controls.bottom;
-    wire(bottom.imgLeftSpin, QLatin1StringView(" in MainForm, imgLeftSpin_MouseUp"), &Navigation::subActionPrevious);
-    wire(bottom.imgRightSpin, QLatin1StringView(" in MainForm, imgRightSpin_MouseUp"), &Navigation::subActionNext);
+    wire(bottom.imgLeftSpin, " in MainForm, imgLeftSpin_MouseUp", &Navigation::subActionPrevious);
+    wire(bottom.imgRightSpin, " in MainForm, imgRightSpin_MouseUp", &Navigation::subActionNext);
     rooms.navigation.SpinTips(); // before the mouse comes: the tips are the names by which the buttons are read out
-    QObject::connect(bottom.panelBottom, &SSPanel::DblClick, bottom.panelBottom, [&rooms] {
-        guard(QLatin1StringView(" in MainForm, PanelBottom_DblClick"),
-              [&] { rooms.dateSearch.PanelBottom_DblClick(); });
-    });
 }
 
-void WireSidebar(Rooms& rooms)
+void WireCalendar(Rooms& rooms)
 {
-    const Sidebar& sidebar = rooms.controls.sidebar;
-    QObject::connect(sidebar.tabSidebar, &TabStrip::Click, sidebar.tabSidebar, [&rooms] {
-        guard(QLatin1StringView(" in MainForm, tabSidebar_Click"), [&] { rooms.m_pSidebar.TogglePages(); });
-    });
-    QObject::connect(sidebar.picWeek, &PictureButton::Click, sidebar.picWeek, [&rooms](int Index) {
-        guard(QLatin1StringView(" in MainForm, picWeek_Click"), [&] { rooms.navigation.picWeek_Click(Index); });
-    });
-    QObject::connect(sidebar.picMonth, &PictureButton::Click, sidebar.picMonth, [&rooms] {
-        guard(QLatin1StringView(" in MainForm, picMonth_Click"), [&] { rooms.navigation.subSwitchToMonthView(); });
-    });
-}
-
-void WireHeadings(Rooms& rooms)
-{
-    QObject::connect(&rooms.controls.cells, &Cells::HeadingDblClick, &rooms.controls.cells, [&rooms](int Index) {
-        guard(QLatin1StringView(" in MainForm, lblDayOfWeek_DblClick"),
-              [&] { rooms.appearance.lblDayOfWeek_DblClick(Index); });
-    });
+    On(&rooms.controls.cells, &Cells::HeadingDblClick, " in MainForm, lblDayOfWeek_DblClick",
+       [&rooms](int Index) { rooms.appearance.lblDayOfWeek_DblClick(Index); });
+    On(&rooms.controls.cells, &Cells::PanelDblClick, " in MainForm, panelDay_DblClick",
+       [&rooms](int Index) { rooms.dayView.panelDay_DblClick(Index); });
+    On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
+       [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }
 
 void WireTimers(Rooms& rooms)
 {
-    Timer& midnight = rooms.controls.tmMidnightRefresh;
-    QObject::connect(&midnight, &Timer::Tick, &midnight, [&rooms] {
-        guard(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"),
-              [&] { rooms.navigation.tmMidnightRefresh_Timer(); });
-    });
+    On(&rooms.controls.tmMidnightRefresh, &Timer::Tick, " in MainForm, tmMidnightRefresh_Timer",
+       [&rooms] { rooms.navigation.tmMidnightRefresh_Timer(); });
 }
 } // namespace
 
 void WireHandlers(Rooms& rooms)
 {
     WireMenus(rooms);
-    WireButtons(rooms);
+    WirePictures(rooms);
+    WirePictureBar(rooms);
+    WireToolbar(rooms);
     WireCombos(rooms);
     WireSpins(rooms);
-    WireSidebar(rooms);
-    WireHeadings(rooms);
+    WireCalendar(rooms);
     WireTimers(rooms);
 }

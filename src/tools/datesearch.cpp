@@ -1,16 +1,13 @@
 #include "tools/datesearch.h"
 
-#include "calendar/bottompanel.h"
 #include "calendar/calendarstate.h"
 #include "calendar/modshow.h"
 #include "calendar/redraw.h"
+#include "calendar/turn.h"
 #include "calendar/viewmode.h"
-#include "plannerfile/plannerstate.h"
-#include "plannerfile/qmtdb.h"
+#include "hall/bottompanel.h"
 #include "platform/controls/sspanel.h"
-#include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
-#include "platform/runtime/errortail.h"
 #include "tools/datesearchform.h"
 
 void DateSearch::PanelBottom_DblClick()
@@ -24,13 +21,10 @@ void DateSearch::mnuDateSearch_Click()
 {
     DateSearchForm form(m_client.window());
     if (form.exec() != QDialog::Accepted) return;
-    const ErrorTail tail(QLatin1StringView(" in DateSearchForm, btnOk_Click"));
-    SetMousePointer(mousepointer::Hourglass);
-    tail([&] { m_notes.subUpdateQMTDatabase(); });
-    g_iMonth = form.Month().value_or(g_iMonth);
-    g_iYear = form.Year().value_or(g_iYear);
-    tail([&] { m_redraw.subDisplayMonth(); });
-    m_bottom.panelBottom->SetCaption(MonthTitle());
-    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
-    SetMousePointer(mousepointer::Default);
+    m_turn(QLatin1StringView(" in DateSearchForm, btnOk_Click"), [&] {
+        g_iMonth = form.Month().value_or(g_iMonth);
+        g_iYear = form.Year().value_or(g_iYear);
+        m_redraw.subDisplayMonth();
+        m_bottom.panelBottom->SetCaption(MonthTitle());
+    });
 }

@@ -2,16 +2,16 @@
 #pragma once
 
 struct BottomPanel;
-class QMTDB;
 class QWidget;
 class Redraw;
+class Turn;
 class ViewMode;
 
 class DateSearch
 {
 public:
-    DateSearch(const BottomPanel& bottom, QMTDB& notes, Redraw& redraw, const ViewMode& viewMode, QWidget& client)
-        : m_bottom(bottom), m_notes(notes), m_redraw(redraw), m_viewMode(viewMode), m_client(client)
+    DateSearch(const BottomPanel& bottom, Turn& turn, Redraw& redraw, const ViewMode& viewMode, QWidget& client)
+        : m_bottom(bottom), m_turn(turn), m_redraw(redraw), m_viewMode(viewMode), m_client(client)
     {
     }
 
@@ -20,7 +20,7 @@ public:
 
 private:
     const BottomPanel& m_bottom;
-    QMTDB& m_notes;
+    Turn& m_turn;
     Redraw& m_redraw;
     const ViewMode& m_viewMode;
     QWidget& m_client;

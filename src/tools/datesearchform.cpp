@@ -1,6 +1,7 @@
 #include "tools/datesearchform.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/modshow.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
@@ -10,19 +11,8 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
-#include <array>
-
 namespace {
 constexpr int FirstYear = 1990, LastYear = 2009;
-
-constexpr std::array<QStringView, 12> MonthNames[] = {
-    {u"January", u"February", u"March", u"April", u"May", u"June", u"July", u"August", u"September", u"October",
-     u"November", u"December"},
-    {u"Januar", u"Februar", u"Maerz", u"April", u"Mai", u"Juni", u"Juli", u"August", u"September", u"Oktober",
-     u"November", u"Dezember"},
-    {u"Janvier", u"Fevrier", u"Mars", u"Avril", u"Mai", u"Juin", u"Juillet", u"Aout", u"Septembre", u"Octobre",
-     u"Novembre", u"Decembre"},
-};
 
 QRadioButton* AddOption(QButtonGroup& group, const char* name, int index, const QString& caption)
 {
@@ -68,10 +58,8 @@ QGroupBox* DateSearchForm::MakeMonths()
     constexpr int Rows = 6;
     auto* frame = new QGroupBox(QStringLiteral("Month"));
     auto* grid = new QGridLayout(frame);
-    const auto& names = MonthNames[g_iLanguage >= 0 && g_iLanguage <= 2 ? g_iLanguage : 0];
     for (int month = 1; month <= 12; ++month) {
-        QRadioButton* option =
-            AddOption(*m_opMonth, "opMonth", month, names[static_cast<std::size_t>(month - 1)].toString());
+        QRadioButton* option = AddOption(*m_opMonth, "opMonth", month, MonthWord(month));
         grid->addWidget(option, (month - 1) % Rows, (month - 1) / Rows);
     }
     return frame;

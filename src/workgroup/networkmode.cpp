@@ -1,12 +1,12 @@
 #include "workgroup/networkmode.h"
 
+#include "hall/menus.h"
+#include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
-#include "shell/menus.h"
-#include "workgroup/networkcontrols.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QLabel>

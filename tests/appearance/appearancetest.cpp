@@ -5,7 +5,6 @@
 #include "program.h"
 
 #include <QCheckBox>
-#include <QFontDialog>
 
 // The dialogs of appearance on the real window; today is 17 March 1999.
 class AppearanceTest : public QObject
@@ -18,16 +17,6 @@ class AppearanceTest : public QObject
     {
         return GetPrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), QStringLiteral("none"),
                                         100, QStringLiteral("PLANNER.INI"));
-    }
-
-    // What the person does in the font dialog that comes next; null cancels it.
-    static void AnswerFontDialog(std::function<void(QFontDialog&)> choose)
-    {
-        OnNextModal([](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
-                    [choose](QWidget* window) {
-                        if (choose) choose(*window->findChild<QFontDialog*>());
-                        QTest::keyClick(window, choose ? Qt::Key_Return : Qt::Key_Escape);
-                    });
     }
 
     // Presses the sample and answers the font dialog, then leaves the dialog by the key.

@@ -27,9 +27,12 @@ std::uint32_t ValueOf(const QColor& color)
 QFont FontOf(const FontChoice& choice)
 {
     // The lists show what stands in for a font that is not installed.
-    QFont font(QFontInfo(QFont(choice.name)).family(), choice.size);
+    QFont font(QFontInfo(QFont(choice.name)).family());
+    if (choice.size > 0) font.setPointSizeF(choice.size);
     font.setBold(choice.bold);
     font.setItalic(choice.italic);
+    font.setUnderline(choice.underline);
+    font.setStrikeOut(choice.strikeThru);
     return font;
 }
 
@@ -37,10 +40,11 @@ QFont FontOf(const FontChoice& choice)
 class InnerFontDialog : public QFontDialog
 {
 public:
-    InnerFontDialog(const QFont& font, QWidget* outer) : QFontDialog(font, outer)
+    InnerFontDialog(const QFont& font, int flags, QWidget* outer) : QFontDialog(font, outer)
     {
         setWindowFlags(Qt::Widget);
-        setOptions(NoButtons | DontUseNativeDialog | ScalableFonts);
+        setOptions(NoButtons | DontUseNativeDialog);
+        setOption(ScalableFonts, flags & fontdialog::TrueTypeOnly);
     }
 
 protected:
@@ -50,7 +54,7 @@ protected:
 class FontForm : public QDialog
 {
 public:
-    FontForm(QWidget* owner, const FontChoice& seed);
+    FontForm(QWidget* owner, const FontChoice& seed, int flags);
     FontChoice Chosen() const;
 
 private:
@@ -64,8 +68,9 @@ private:
     QFont m_shown; // the given font as the lists show it
 };
 
-FontForm::FontForm(QWidget* owner, const FontChoice& seed)
-    : QDialog(owner), m_seed(seed), m_color(ColorOf(seed.color)), m_fonts(new InnerFontDialog(FontOf(seed), this)),
+FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
+    : QDialog(owner), m_seed(seed), m_color(ColorOf(seed.color)),
+      m_fonts(new InnerFontDialog(FontOf(seed), flags, this)),
       m_colorButton(new QPushButton(QStringLiteral("&Color...")))
 {
     setObjectName(QStringLiteral("FontForm"));
@@ -112,17 +117,19 @@ FontChoice FontForm::Chosen() const
     const QFont font = m_fonts->currentFont();
     FontChoice chosen = m_seed;
     if (font.family() != m_shown.family()) chosen.name = font.family();
-    if (font.pointSize() != m_shown.pointSize()) chosen.size = font.pointSize();
+    if (font.pointSizeF() != m_shown.pointSizeF()) chosen.size = font.pointSizeF();
     if (font.bold() != m_shown.bold()) chosen.bold = font.bold();
     if (font.italic() != m_shown.italic()) chosen.italic = font.italic();
+    if (font.underline() != m_shown.underline()) chosen.underline = font.underline();
+    if (font.strikeOut() != m_shown.strikeOut()) chosen.strikeThru = font.strikeOut();
     chosen.color = ValueOf(m_color);
     return chosen;
 }
 } // namespace
 
-bool ChooseFont(QWidget* owner, FontChoice& choice)
+bool ChooseFont(QWidget* owner, FontChoice& choice, int flags)
 {
-    FontForm form(owner, choice);
+    FontForm form(owner, choice, flags);
     if (form.exec() != QDialog::Accepted) return false;
     choice = form.Chosen();
     return true;

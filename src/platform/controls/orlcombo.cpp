@@ -1,5 +1,6 @@
 #include "platform/controls/orlcombo.h"
 
+#include "platform/look/namedcolors.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -23,23 +24,11 @@ constexpr int LinePadding = 10; // above and below the text together
 
 constexpr int Sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
-struct NamedColor
+QColor ColorOf(std::uint32_t value)
 {
-    QLatin1StringView Name;
-    QRgb Color;
-};
-// The spelling of "Fuschia" is part of the list: the choice is told by its name.
-constexpr NamedColor Colors[] = {
-    {QLatin1StringView("Black"), 0x000000},  {QLatin1StringView("Maroon"), 0x800000},
-    {QLatin1StringView("Green"), 0x008000},  {QLatin1StringView("Olive"), 0x808000},
-    {QLatin1StringView("Navy"), 0x000080},   {QLatin1StringView("Purple"), 0x800080},
-    {QLatin1StringView("Teal"), 0x008080},   {QLatin1StringView("Gray"), 0x808080},
-    {QLatin1StringView("Silver"), 0xc0c0c0}, {QLatin1StringView("Red"), 0xff0000},
-    {QLatin1StringView("Lime"), 0x00ff00},   {QLatin1StringView("Yellow"), 0xffff00},
-    {QLatin1StringView("Blue"), 0x0000ff},   {QLatin1StringView("Fuschia"), 0xff00ff},
-    {QLatin1StringView("Aqua"), 0x00ffff},   {QLatin1StringView("White"), 0xffffff},
-};
-static_assert(std::size(Colors) == ORLCombo::BlankColor);
+    return QColor::fromRgb(int(value & 0xff), int(value >> 8 & 0xff), int(value >> 16 & 0xff));
+}
+static_assert(NamedColors.size() == ORLCombo::BlankColor);
 
 // A square of one colour, sharp at every pixel ratio.
 class Swatch : public QIconEngine
@@ -151,8 +140,8 @@ void ORLCombo::FillColors()
 {
     Reserve({.Usual = 8, .Least = 0, .Swatch = true});
     clear();
-    for (const auto& [name, color] : Colors)
-        addItem(QIcon(new Swatch(QColor(color))), name);
+    for (const auto& [name, value] : NamedColors)
+        addItem(QIcon(new Swatch(ColorOf(value))), name);
     addItem(QString());
 }
 

@@ -50,6 +50,12 @@ PictureButton::PictureButton(const QString& raised, const QString& pressed, QWid
     setMouseTracking(true); // a tip may follow from what the mouse is over
 }
 
+void PictureButton::ShowElement(int element)
+{
+    SetVisible(1 - element, false);
+    SetVisible(element, true);
+}
+
 void PictureButton::SetVisible(int element, bool visible)
 {
     if (std::exchange(m_visible.at(std::size_t(element)), visible) == visible) return;

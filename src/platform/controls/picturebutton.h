@@ -18,6 +18,7 @@ public:
 
     bool Visible(int element) const { return m_visible.at(static_cast<std::size_t>(element)); }
     void SetVisible(int element, bool visible); // the widget is hidden while both are
+    void ShowElement(int element);              // this one and not the other
     void SetToolTip(int element, const QString& tip);
     void SetCaption(const QString& caption); // a word under the picture, for the sidebar
     void SetFramed(bool framed);             // a thin frame at rest, for a button that stands alone on a band

@@ -37,6 +37,20 @@ const QString& PathOf(Folder& folder, const QString& nameInRoot)
     }
     return folder.Path;
 }
+
+// A folder of the application directory that begins with what the program brings for it. It comes under its name when
+// it is complete: one that was cut short would never be filled.
+QString Stocked(const QString& name)
+{
+    const QString path = folders::ApplicationDirectory() + u'/' + name;
+    if (QFileInfo::exists(path)) return path;
+    QDir unfinished(Make(path + QStringLiteral(".new")));
+    const QDir shipped(folders::Shipped(name));
+    for (const QString& file : shipped.isRelative() ? QStringList() : shipped.entryList(QDir::Files))
+        QFile::copy(shipped.filePath(file), unfinished.filePath(file));
+    QDir().rename(unfinished.path(), path);
+    return path;
+}
 } // namespace
 
 QString folders::ApplicationDirectory()
@@ -51,11 +65,17 @@ QString folders::WindowsDirectory()
 
 QString folders::MediaDirectory()
 {
-    return Make(ApplicationDirectory() + QStringLiteral("/Media"));
+    return Stocked(QStringLiteral("Media"));
 }
 
-QString folders::HelpFile(const QString& name)
+QString folders::IconsDirectory()
 {
+    return Stocked(QStringLiteral("icons"));
+}
+
+QString folders::Shipped(const QString& name)
+{
+    if (!g_root.isEmpty()) return filesystem::Find(g_root + QStringLiteral("/shipped/") + name);
     const QDir program(QCoreApplication::applicationDirPath());
     const QString beside = filesystem::Find(program.filePath(name));
     return beside.isEmpty() ? filesystem::Find(program.filePath(QStringLiteral("../share/orrelin/") + name)) : beside;

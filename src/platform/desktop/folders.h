@@ -1,4 +1,5 @@
-// Where things lie. Each folder is made when it is first asked for. Tests set all of them under one temporary folder.
+// Where things lie. Each folder is made when it is first asked for; those that
+// the program brings contents for are made with them. Tests set all of them under one temporary folder.
 #pragma once
 
 #include <QString>
@@ -8,9 +9,11 @@ QString ApplicationDirectory(); // the user's data folder of Orrelin: log, scrat
 QString WindowsDirectory();     // the user's settings folder of Orrelin: PLANNER.INI, WIN.INI
 QString MediaDirectory();       // tunes
 
-// The help file of this name in any letter case, beside the program or where an installation puts it; empty if it is
-// in neither place. Tests do not move it.
-QString HelpFile(const QString& name);
+QString IconsDirectory(); // the small pictures of the sidebar
+
+// A file or folder of this name, in any letter case, that comes with the program: beside it or where an installation
+// puts it; empty if it is in neither place. Tests have theirs in the folder "shipped" instead.
+QString Shipped(const QString& name);
 
 // Puts all folders under the given one; an empty text goes back to the real ones.
 void SetRootForTests(const QString& root);

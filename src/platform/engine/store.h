@@ -39,7 +39,6 @@ class Store
 public:
     virtual ~Store() = default;
 
-    virtual bool HasTable(const QString& table) = 0;
     virtual QStringList TableNames() = 0;
     virtual TableDef Definition(const QString& table) = 0; // 3011
     virtual void CreateTable(const TableDef& table) = 0;

@@ -18,8 +18,10 @@ inline constexpr int ResumeWithoutError = 20;
 inline constexpr int FileNotFound = 53;
 inline constexpr int PathFileAccess = 75;
 inline constexpr int ObjectNotSet = 91;
+inline constexpr int InvalidUseOfNull = 94;
 inline constexpr int NoSuchElement = 340;
 inline constexpr int AlreadyLoaded = 360;
 inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int InvalidPicture = 481;
 inline constexpr int DialogCancelled = 32755;
 } // namespace errors

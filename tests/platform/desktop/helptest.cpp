@@ -1,7 +1,7 @@
+#include "hall/menus.h"
 #include "platform/desktop/helpbook.h"
 #include "platform/desktop/helppage.h"
 #include "platform/desktop/helpviewer.h"
-#include "shell/menus.h"
 #include "support.h"
 
 #include <QAction>
@@ -291,9 +291,9 @@ private Q_SLOTS:
     void TheFileLiesBesideTheProgramInAnyCase()
     {
         const QString own = QCoreApplication::applicationDirPath() + QStringLiteral("/ORL.HLP");
-        QCOMPARE(folders::HelpFile(QStringLiteral("Orl.HLP")), QString());
+        QCOMPARE(folders::Shipped(QStringLiteral("Orl.HLP")), QString());
         QVERIFY(QFile::copy(m_file, own));
-        QCOMPARE(folders::HelpFile(QStringLiteral("Orl.HLP")), own);
+        QCOMPARE(folders::Shipped(QStringLiteral("Orl.HLP")), own);
         QVERIFY(QFile::remove(own));
     }
 };

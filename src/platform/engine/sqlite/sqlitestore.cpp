@@ -78,13 +78,6 @@ void SqliteStore::RegisterMatches()
     m_connection->Read([this] { m_connection->Library().createFunction("matches", 1, false, &m_like, Matches); });
 }
 
-bool SqliteStore::HasTable(const QString& table)
-{
-    bool has = false;
-    m_connection->Read([&] { has = sqliteschema::StoredName(m_connection->Library(), table).has_value(); });
-    return has;
-}
-
 QStringList SqliteStore::TableNames()
 {
     QStringList names;

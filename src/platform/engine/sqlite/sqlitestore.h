@@ -28,7 +28,6 @@ public:
     // The path is the real one of an existing file. Errors as DBEngine::OpenDatabase.
     SqliteStore(const QString& path, bool exclusive, File file);
 
-    bool HasTable(const QString& table) override;
     QStringList TableNames() override;
     TableDef Definition(const QString& table) override;
     void CreateTable(const TableDef& table) override;

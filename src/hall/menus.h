@@ -1,7 +1,7 @@
 // The menu tree of the main window, built from one table: names, captions, shortcuts. No behaviour.
 #pragma once
 
-#include "shell/menuitem.h"
+#include "hall/menuitem.h"
 
 #include <QKeySequence>
 

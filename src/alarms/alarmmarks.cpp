@@ -1,7 +1,7 @@
-#include "plannerfile/alarmmarks.h"
+#include "alarms/alarmmarks.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/cells.h"
+#include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
 
 void PlaceAlarmIcon(Cells& cells, int cell)

@@ -1,4 +1,4 @@
-#include "calendar/cells.h"
+#include "hall/cells.h"
 
 #include "platform/look/paper.h"
 

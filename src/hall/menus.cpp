@@ -1,4 +1,4 @@
-#include "shell/menus.h"
+#include "hall/menus.h"
 
 #include "platform/runtime/runtimeerror.h"
 

@@ -22,7 +22,6 @@ public:
     void SetEnabled(bool enabled);
     bool Visible() const;
     void SetVisible(bool visible);
-    bool Checked() const;
     void SetChecked(bool checked);
 
     // literal names the command in the error log.

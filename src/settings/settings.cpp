@@ -1,4 +1,4 @@
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"

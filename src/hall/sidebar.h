@@ -4,9 +4,9 @@
 #include <array>
 
 class PictureButton;
+class PictureStrip;
 class QPushButton;
 class QWidget;
-class RichTextBox;
 class TabStrip;
 
 struct Sidebar
@@ -20,6 +20,6 @@ struct Sidebar
     PictureButton* picRecurse = nullptr;
     PictureButton* picAlarm = nullptr;
     QWidget* lblPictures = nullptr;
-    RichTextBox* tbPictureBox = nullptr;
+    PictureStrip* tbPictureBox = nullptr;
     QPushButton* btnReloadIcons = nullptr;
 };

@@ -1,4 +1,4 @@
-#include "shell/menuitem.h"
+#include "hall/menuitem.h"
 
 #include "platform/runtime/errortail.h"
 
@@ -25,11 +25,6 @@ bool MenuItem::Visible() const
 void MenuItem::SetVisible(bool visible)
 {
     m_action->setVisible(visible);
-}
-
-bool MenuItem::Checked() const
-{
-    return m_action->isChecked();
 }
 
 void MenuItem::SetChecked(bool checked)

@@ -1,0 +1,17 @@
+#include "calendar/turn.h"
+
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/runtime/errortail.h"
+
+void Turn::operator()(QLatin1StringView literal, const std::function<void()>& change)
+{
+    const ErrorTail tail(literal);
+    SetMousePointer(mousepointer::Hourglass);
+    // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
+    if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
+    tail(change);
+    if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
+    SetMousePointer(mousepointer::Default);
+}

@@ -1,0 +1,23 @@
+// Turns the page: the one way in which the cells come to stand for other days or in another form, so that nothing that
+// was typed is left under a date that is not its own.
+#pragma once
+
+#include <QLatin1StringView>
+
+#include <functional>
+
+class QMTDB;
+
+class Turn
+{
+public:
+    explicit Turn(QMTDB& notes) : m_notes(notes) {}
+
+    // Saves what the cells hold, has them changed by the caller (the date, the drawing), and reads their notes.
+    // Without a planner there is only the change. A step that fails is logged under the literal and does not keep the
+    // others back.
+    void operator()(QLatin1StringView literal, const std::function<void()>& change);
+
+private:
+    QMTDB& m_notes;
+};

@@ -1,0 +1,236 @@
+#include "editing/dayview.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/modshow.h"
+#include "calendar/viewmode.h"
+#include "editing/zoomboxform.h"
+#include "hall/cells.h"
+#include "hall/networkcontrols.h"
+#include "hall/sidebar.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop/folders.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/desktop/twips.h"
+#include "platform/desktop/windowplace.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+#include "workgroup/dayrecord.h"
+#include "workgroup/workgroupstate.h"
+
+#include <QFile>
+#include <QScreen>
+
+namespace {
+constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
+
+// A copy of the text for whoever finds the program killed while the window was open. What goes back into the cell is
+// kept in memory: a full disk may refuse the file, and a second Orrelin writes the same one.
+QString ScratchFile()
+{
+    return folders::ApplicationDirectory() + QStringLiteral("/dayview.rtf");
+}
+
+int Stored(IntSetting setting, int computedPixels)
+{
+    setting.fallback = ToTwips(computedPixels);
+    return ToPixels(Read(setting));
+}
+} // namespace
+
+int DayView::CellToOpen() const
+{
+    if (m_cells.Shows(g_iCurrentPanel)) return g_iCurrentPanel;
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    int ofDay = 0;
+    for (int cell = range.first; cell <= range.last; ++cell) {
+        if (!m_cells.Shows(cell)) continue;
+        if (m_cells.tbDay(cell).hasFocus()) return cell;
+        if (Val(m_cells.panelDay(cell).Caption()) == g_iDay) ofDay = cell;
+    }
+    return ofDay;
+}
+
+void DayView::subZoomView()
+{
+    if (!HasPlanner()) {
+        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
+        return;
+    }
+    if (IsOpen()) return;
+    const ErrorTail tail(ZoomLiteral);
+    g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
+    if (g_iCurrentPanel == 0) return; // nothing is shown that could be opened
+    m_day = {g_iCurrentPanel, CellKey(m_cells.panelDay(g_iCurrentPanel).Caption())};
+    if (g_bDBShared && !Lock()) return;
+    m_sidebar.picDay->ShowElement(1);
+    tail([&] { Show(); });
+    m_sidebar.picDay->ShowElement(0);
+    SetMousePointer(mousepointer::Default);
+    tail([&] { QFile::remove(ScratchFile()); });
+}
+
+// Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
+bool DayView::Lock()
+{
+    m_network.picLock->ShowElement(1);
+    try {
+        TakeDay(m_day.key);
+        return true;
+    } catch (const RunTimeError& error) {
+        SetMousePointer(mousepointer::Default);
+        if (!IsRefusal(error.Number)) {
+            LogError(error, ZoomLiteral);
+            return true;
+        }
+        m_network.picLock->ShowElement(0);
+        MsgBox(error.Description);
+        return false;
+    }
+}
+
+void DayView::Show()
+{
+    const ErrorTail tail(ZoomLiteral);
+    RichTextBox& box = m_cells.tbDay(m_day.cell);
+    box.CommitPreedit();
+    m_text = box.TextRTF();
+    m_taken = false;
+    tail([&] { box.SaveFile(ScratchFile()); });
+    ZoomBoxForm form(m_cells.Client()->window(), Heading(), m_text, Place(), m_fontCommand);
+    QObject::connect(&form, &ZoomBoxForm::SignOfLife, &form, [] { g_lUnlockTicks = 0; });
+    if (g_bDBShared) StartUnlockTimer();
+    m_form = &form;
+    const bool accepted = form.exec() == QDialog::Accepted;
+    m_form = nullptr;
+    if (m_taken) return;
+    FollowResult(form, accepted);
+    if (!form.bCancel) tail([&] { TakeOver(); });
+    if (g_bDBShared) tail([&] { Unlock(form.bCancel); });
+}
+
+void DayView::StartUnlockTimer()
+{
+    if (Read(settings::AutoUnLock) == 0) return;
+    constexpr int SecondsPerMinute = 60;
+    bGeneralUnlockEnable = true;
+    g_lUnlockDelay = SecondsPerMinute * Read(settings::UnlockDelay);
+    m_network.tmUnLock->SetEnabled(true);
+}
+
+// Esc leaves the timer and the place as they are; a cancel stops the timer alone.
+void DayView::FollowResult(const ZoomBoxForm& form, bool accepted)
+{
+    const ErrorTail tail(ZoomLiteral);
+    if (accepted || form.bCancel) m_network.tmUnLock->SetEnabled(false);
+    if (!accepted) return;
+    if (form.tbZoom().Modified()) {
+        m_text = form.tbZoom().TextRTF();
+        if (ShowsDay()) Mark(m_day.cell, true);
+        tail([&] { form.tbZoom().SaveFile(ScratchFile()); });
+    }
+    StorePlace(form);
+}
+
+bool DayView::ShowsDay() const
+{
+    return m_cells.Shows(m_day.cell) && CellKey(m_cells.panelDay(m_day.cell).Caption()) == m_day.key;
+}
+
+void DayView::TakeOver()
+{
+    if (!ShowsDay()) {
+        // The calendar has turned to today meanwhile.
+        m_notes.PutNote(m_day.key, m_text);
+        return;
+    }
+    RichTextBox& box = m_cells.tbDay(m_day.cell);
+    if (box.TextRTF() == m_text) return; // keeps the caret and what can be undone
+    box.SetTextRTF(m_text);
+}
+
+void DayView::Unlock(bool cancelled)
+{
+    m_network.picLock->ShowElement(0);
+    if (cancelled) {
+        GiveDayUp();
+    } else {
+        CommitDay(m_text);
+    }
+}
+
+void DayView::TakeText()
+{
+    if (!m_form) return;
+    const ErrorTail tail(ZoomLiteral);
+    m_form->tbZoom().CommitPreedit();
+    m_text = m_form->tbZoom().TextRTF();
+    tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
+    tail([&] { TakeOver(); });
+    m_taken = true;
+}
+
+void DayView::Close()
+{
+    if (m_form) m_form->done(QDialog::Rejected);
+}
+
+QString DayView::Heading() const
+{
+    const QString month = QStringLiteral("Zoom View/Edit For ") + fnMonthName(g_iMonth);
+    const auto day = static_cast<qint64>(Val(m_cells.panelDay(m_day.cell).Caption()));
+    if (day == 0) return month + QStringLiteral(" Memo");
+    return month + u' ' + TrimmedStr(day) + QStringLiteral(", ") + TrimmedStr(g_iYear);
+}
+
+QRect DayView::Place() const
+{
+    constexpr QSize Smallest(320, 200);
+    const SSPanel& heading = m_cells.lblDayOfWeek(1);
+    const QRect stored(Stored(settings::ZoomLeft, m_cells.Client()->screen()->size().width() / 8),
+                       Stored(settings::ZoomTop, heading.y() + 2 * heading.height()),
+                       ToPixels(Read(settings::ZoomWidth)), ToPixels(Read(settings::ZoomHeight)));
+    return ReachablePlace(stored, Smallest);
+}
+
+void DayView::StorePlace(const ZoomBoxForm& form)
+{
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    if (WindowsKnowTheirPlace()) {
+        Write(settings::ZoomLeft, ToTwips(form.x()));
+        Write(settings::ZoomTop, ToTwips(form.y()));
+    }
+    Write(settings::ZoomWidth, ToTwips(form.width()));
+    Write(settings::ZoomHeight, ToTwips(form.height()));
+}
+
+void DayView::panelDay_DblClick(int Index)
+{
+    g_iCurrentPanel = static_cast<std::int16_t>(Index);
+    subZoomView();
+}
+
+void DayView::picDay_MouseDown()
+{
+    if (HasPlanner()) {
+        m_sidebar.picDay->ShowElement(1);
+    } else {
+        subZoomView(); // says that there is none
+    }
+}
+
+void DayView::picDay_MouseUp()
+{
+    m_sidebar.picDay->ShowElement(0);
+}
+
+void DayView::picDay_Click()
+{
+    if (HasPlanner()) subZoomView();
+}

@@ -1,0 +1,69 @@
+// The day view: opens the current cell's note in a window with room around it and hands the result back to the cell. In
+// a workgroup's planner it takes and gives back the day's lock by itself.
+#pragma once
+
+#include "calendar/dayviewport.h"
+
+#include <QByteArray>
+#include <QRect>
+#include <QString>
+
+class Cells;
+class FontCommand;
+struct NetworkControls;
+class QMTDB;
+struct Sidebar;
+class ViewMode;
+class ZoomBoxForm;
+
+class DayView final : public DayViewPort
+{
+public:
+    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes,
+            const ViewMode& viewMode, FontCommand& fontCommand)
+        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_notes(notes), m_viewMode(viewMode),
+          m_fontCommand(fontCommand)
+    {
+    }
+
+    void subZoomView(); // returns when the window is closed and its text is taken over
+    void panelDay_DblClick(int Index);
+    void picDay_MouseDown();
+    void picDay_MouseUp();
+    void picDay_Click();
+
+    bool IsOpen() const override { return m_form != nullptr; }
+    void TakeText() override;
+    void Close() override;
+
+private:
+    // The day that the window was opened for: by the time it closes another one may stand in its cell.
+    struct Day
+    {
+        int cell = 0;
+        QString key;
+    };
+
+    int CellToOpen() const;
+    bool Lock();
+    void Show();
+    void StartUnlockTimer();
+    void FollowResult(const ZoomBoxForm& form, bool accepted);
+    void TakeOver();
+    void Unlock(bool cancelled);
+    QString Heading() const;
+    QRect Place() const;
+    void StorePlace(const ZoomBoxForm& form);
+    bool ShowsDay() const;
+
+    Cells& m_cells;
+    const Sidebar& m_sidebar;
+    const NetworkControls& m_network;
+    QMTDB& m_notes;
+    const ViewMode& m_viewMode;
+    FontCommand& m_fontCommand;
+    ZoomBoxForm* m_form = nullptr; // while the window is open
+    Day m_day;
+    QByteArray m_text;    // of the day, as it is to go into the cell
+    bool m_taken = false; // closed from outside, which has taken the text and given up the lock
+};

@@ -1,0 +1,35 @@
+#include "editing/fontcommand.h"
+
+#include "editing/textstyles.h"
+#include "platform/runtime/errortail.h"
+
+const FontChoice& FontCommand::Ask(QWidget* owner, const RichTextBox& box, const ErrorTail& tail)
+{
+    Fill(box, tail);
+    tail([&] { ChooseFont(owner, m_dialog, fontdialog::ScreenFontsAndEffects); });
+    return m_dialog;
+}
+
+void FontCommand::Fill(const RichTextBox& box, const ErrorTail& tail)
+{
+    m_dialog.name = box.SelFontName().value_or(QString());
+    m_dialog.size = box.SelFontSize().value_or(0);
+    for (const TextStyle& style : TextStyles)
+        m_dialog.*style.ofDialog = (box.*style.read)().value_or(false);
+    // Whether there is one colour is told by the underline: with a mixed one the dialog opens in black, and mixed
+    // colours under an even one leave the dialog with the colour of its last use.
+    tail([&] {
+        if (!box.SelUnderline()) {
+            m_dialog.color = 0;
+            return;
+        }
+        const std::optional<std::uint32_t> color = box.SelColor();
+        if (!color) throw RunTimeError{errors::InvalidUseOfNull, QStringLiteral("Invalid use of Null")};
+        m_dialog.color = *color;
+    });
+}
+
+QString NameOr(const FontChoice& choice)
+{
+    return choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name;
+}

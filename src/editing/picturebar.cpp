@@ -1,0 +1,137 @@
+#include "editing/picturebar.h"
+
+#include "hall/sidebar.h"
+#include "platform/controls/picturestrip.h"
+#include "platform/desktop/folders.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/look/paper.h"
+#include "platform/richtext/notepicture.h"
+#include "platform/richtext/rtfwriter.h"
+#include "platform/richtext/selectionformat.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+#include "workgroup/workgroupstate.h"
+
+#include <QDir>
+#include <QMimeData>
+#include <QPixmap>
+#include <QSaveFile>
+#include <QTextDocument>
+
+namespace {
+constexpr int PictureSize = 32;         // logical pixels a side
+constexpr qint64 LargestIcon = 4 << 20; // bytes; no icon comes near it
+const QString Blanks(3, u' ');          // behind each picture
+
+QByteArray ReadIcon(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+    return file.read(LargestIcon);
+}
+
+void AppendIcon(QTextCursor& end, const QString& path)
+{
+    if (!InsertPicture(end, ReadIcon(path), {.exact = QSize(PictureSize, PictureSize)}))
+        throw RunTimeError{errors::InvalidPicture, QStringLiteral("Invalid picture")};
+    end.insertText(Blanks);
+}
+
+// Under its own name, or not at all.
+void CopyIcon(const QString& from, const QString& to)
+{
+    const QByteArray content = ReadIcon(from);
+    QSaveFile file(to);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() || !file.commit())
+        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+}
+
+// What arrives in a note: the picture and one blank in the initial font, so that typing behind it looks as usual.
+QByteArray PictureAsRtf(const NotePicture& picture)
+{
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    InsertPicture(cursor, picture.image, {.exact = picture.shown.toSize()});
+    const QFont font(Read(settings::DefaultFontName), qMax(1, Read(settings::DefaultFontSize)));
+    cursor.insertText(QStringLiteral(" "), FormatOf(font));
+    cursor.select(QTextCursor::Document);
+    return WriteRtf(cursor);
+}
+
+QPixmap CursorOf(const QImage& picture, double pixelRatio)
+{
+    const int side = qRound(PictureSize * pixelRatio);
+    QPixmap cursor = QPixmap::fromImage(picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    cursor.setDevicePixelRatio(pixelRatio);
+    return cursor;
+}
+
+void Refuse(const QString& text)
+{
+    MsgBox(text, msgbox::Exclamation, messages::HelpWizard);
+}
+} // namespace
+
+void PictureBar::subLoadIcons()
+{
+    m_loaded = true;
+    const QDir icons(folders::IconsDirectory());
+    QTextCursor end(m_sidebar.tbPictureBox->document());
+    end.movePosition(QTextCursor::End);
+    const ErrorTail tail(QLatin1StringView(" in MainForm, subLoadIcons"));
+    tail([&] {
+        for (const QString& file :
+             icons.entryList({QStringLiteral("*.ico")}, QDir::Files, QDir::Name | QDir::IgnoreCase))
+            AppendIcon(end, icons.filePath(file));
+    });
+}
+
+void PictureBar::btnReloadIcons_Click()
+{
+    m_sidebar.tbPictureBox->SetTextRTF({});
+    m_sidebar.tbPictureBox->SetBackColor(paper::Paper);
+    subLoadIcons();
+}
+
+void PictureBar::tbPictureBox_Shown()
+{
+    if (!m_loaded) subLoadIcons();
+}
+
+void PictureBar::tbPictureBox_OLEStartDrag(QMimeData& Data, QPixmap& cursor)
+{
+    g_lUnlockTicks = 0;
+    const ErrorTail tail(QLatin1StringView(" in MainForm, tbPictureBox_OLEStartDrag"));
+    tail([&] {
+        const auto picture = OnlyPicture(m_sidebar.tbPictureBox->textCursor());
+        if (!picture || picture->image.isNull()) return Refuse(QStringLiteral("Please select one picture at a time."));
+        Data.setData(QStringLiteral("text/rtf"), PictureAsRtf(*picture));
+        Data.setImageData(picture->image);
+        cursor = CursorOf(picture->image, m_sidebar.tbPictureBox->devicePixelRatioF());
+    });
+}
+
+void PictureBar::tbPictureBox_OLECompleteDrag()
+{
+    g_lUnlockTicks = 0;
+    SetMousePointer(mousepointer::Default);
+}
+
+void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
+{
+    g_lUnlockTicks = 0;
+    const ErrorTail tail(QLatin1StringView(" in MainForm, tbPictureBox_OLEDragDrop"));
+    tail([&] {
+        const QString& dropped = files.constFirst();
+        if (!dropped.contains(u".ico", Qt::CaseInsensitive))
+            return Refuse(QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
+        const QDir icons(folders::IconsDirectory());
+        const QString name = QFileInfo(dropped).fileName();
+        if (icons.entryList(QDir::Files).contains(name))
+            return Refuse(QStringLiteral("File Exists!\nPlease select another Icon(*.ico) file."));
+        CopyIcon(dropped, icons.filePath(name));
+    });
+}

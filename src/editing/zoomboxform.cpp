@@ -1,0 +1,193 @@
+#include "editing/zoomboxform.h"
+
+#include "editing/defaultfont.h"
+#include "editing/fontcommand.h"
+#include "editing/textstyles.h"
+#include "platform/controls/postkey.h"
+#include "platform/look/paper.h"
+#include "platform/runtime/errortail.h"
+
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+constexpr QLatin1StringView LoadLiteral(" in ZoomBoxForm, Form_Load");
+
+struct KeyRow // a command of the menu that is a keystroke of the box
+{
+    const char* name;
+    const char* caption;
+    int key;
+    Qt::KeyboardModifier modifier;
+};
+constexpr KeyRow KeyRows[] = {
+    {"mnuCut", "Cut", Qt::Key_Delete, Qt::ShiftModifier},
+    {"mnuCopy", "Copy", Qt::Key_Insert, Qt::ControlModifier},
+    {"mnuPaste", "Paste", Qt::Key_Insert, Qt::ShiftModifier},
+};
+
+struct StyleRow // one that turns a style of the selection on and off
+{
+    const TextStyle& style;
+    const char* caption;
+    const char* shortcut;
+    const char* literal;
+};
+constexpr StyleRow StyleRows[] = {
+    {Bold, "Bold", "Ctrl+B", " in ZoomBoxForm, mnuBold_Click"},
+    {Italic, "Italic", "Ctrl+I", " in ZoomBoxForm, mnuItalic_Click"},
+    {StrikeThru, "Strikethrough", "Ctrl+T", " in ZoomBoxForm, mnuStrikeThru_Click"},
+    {Underline, "Underline", "Ctrl+U", " in ZoomBoxForm, mnuUnderline_Click"},
+};
+} // namespace
+
+ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArray& rtf, const QRect& place,
+                         FontCommand& fontCommand)
+    : QDialog(owner), m_fontCommand(fontCommand)
+{
+    setObjectName(QStringLiteral("ZoomBoxForm"));
+    setWindowTitle(QStringLiteral("Zoom View"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 8, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(MakeFrame(heading), 1);
+    column->addLayout(MakeFoot());
+    MakeMenu();
+    resize(place.size());
+    move(place.topLeft());
+    m_tbZoom->SetTextRTF(rtf);
+    if (IsBlankNote(*m_tbZoom)) GiveDefaultFont(*m_tbZoom, DefaultStyles::None, LoadLiteral);
+    m_tbZoom->setFocus();
+}
+
+QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
+{
+    auto* frame = new QGroupBox(heading);
+    frame->setObjectName(QStringLiteral("frZoom"));
+    frame->setStyleSheet(QStringLiteral("#frZoom { border: none; margin-top: 1.6em; font-weight: bold; }"
+                                        "#frZoom::title { subcontrol-origin: margin; left: 0px; }"
+                                        "#panelZoom { background: %1; border: 1px solid %2; }")
+                             .arg(paper::Paper.name(), paper::Hairline.name()));
+    auto* panel = new QFrame;
+    panel->setObjectName(QStringLiteral("panelZoom"));
+    m_tbZoom = new RichTextBox;
+    m_tbZoom->setObjectName(QStringLiteral("tbZoom"));
+    m_tbZoom->setAccessibleName(heading);
+    m_tbZoom->installEventFilter(this);
+    connect(m_tbZoom, &RichTextBox::Change, this, &ZoomBoxForm::SignOfLife);
+    connect(m_tbZoom, &RichTextBox::MouseDown, this, [this](int button, const QPoint& at) {
+        constexpr int RightButton = 2;
+        if (button != RightButton) return;
+        m_tbZoom->setFocus();
+        m_mnuRightMouse->popup(at);
+    });
+    auto* paperLayout = new QVBoxLayout(panel);
+    paperLayout->setContentsMargins(10, 8, 2, 8); // the scroll bar stands at the edge
+    paperLayout->addWidget(m_tbZoom);
+    auto* frameLayout = new QVBoxLayout(frame);
+    frameLayout->setContentsMargins(0, 0, 0, 0);
+    frameLayout->addWidget(panel);
+    return frame;
+}
+
+QLayout* ZoomBoxForm::MakeFoot()
+{
+    auto* lblHint = new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions"));
+    lblHint->setObjectName(QStringLiteral("lblHint"));
+    lblHint->setWordWrap(true);
+    QPalette soft = lblHint->palette();
+    soft.setColor(QPalette::WindowText, paper::SoftInk);
+    lblHint->setPalette(soft);
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(8);
+    foot->addWidget(lblHint, 1);
+    const auto add = [&](const char* name, const char* caption, void (ZoomBoxForm::*click)()) {
+        auto* button = new QPushButton(QString::fromLatin1(caption));
+        button->setObjectName(QString::fromLatin1(name));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, click);
+        foot->addWidget(button);
+    };
+    add("btnFonts", "&Fonts", &ZoomBoxForm::btnFonts_Click);
+    add("btnCancel", "&Cancel", &ZoomBoxForm::btnCancel_Click);
+    add("btnOk", "&Ok", &ZoomBoxForm::btnOk_Click);
+    return foot;
+}
+
+void ZoomBoxForm::MakeMenu()
+{
+    m_mnuRightMouse = new QMenu(this);
+    m_mnuRightMouse->setObjectName(QStringLiteral("mnuRightMouse"));
+    for (const KeyRow& row : KeyRows) {
+        m_mnuRightMouse
+            ->addAction(QString::fromLatin1(row.caption), this,
+                        [this, &row] { PostKey(*m_tbZoom, row.key, row.modifier); })
+            ->setObjectName(QString::fromLatin1(row.name));
+    }
+    m_mnuRightMouse->addSeparator();
+    for (const StyleRow& row : StyleRows) {
+        QAction* action = m_mnuRightMouse->addAction(QString::fromLatin1(row.caption), this, [this, &row] {
+            ErrorTail{QLatin1StringView(row.literal)}([&] { Toggle(*m_tbZoom, row.style); });
+        });
+        action->setObjectName(QString::fromLatin1(row.style.command));
+        action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+        m_tbZoom->addAction(action); // its key works without the menu being open
+    }
+}
+
+// The lines break at the box's edge, not at a page's width.
+void ZoomBoxForm::Form_Resize()
+{
+    ErrorTail{QLatin1StringView(" in ZoomBoxForm, Form_Resize")}(
+        [&] { m_tbZoom->SetRightMargin(m_tbZoom->viewport()->width()); });
+}
+
+bool ZoomBoxForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) Q_EMIT SignOfLife();
+    if (event->type() == QEvent::Resize) Form_Resize();
+    return QDialog::eventFilter(watched, event);
+}
+
+void ZoomBoxForm::keyPressEvent(QKeyEvent* event)
+{
+    Q_EMIT SignOfLife();
+    QDialog::keyPressEvent(event); // Esc rejects, which leaves bCancel as it is
+}
+
+// Whoever closes the window by its title has written a note and expects it to be there.
+void ZoomBoxForm::closeEvent(QCloseEvent* event)
+{
+    btnOk_Click();
+    event->accept();
+}
+
+void ZoomBoxForm::btnOk_Click()
+{
+    Q_EMIT SignOfLife();
+    m_tbZoom->CommitPreedit();
+    accept();
+}
+
+void ZoomBoxForm::btnCancel_Click()
+{
+    Q_EMIT SignOfLife();
+    bCancel = true;
+    reject();
+}
+
+void ZoomBoxForm::btnFonts_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in ZoomBoxForm, btnFonts_Click"));
+    const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
+    tail([&] { m_tbZoom->SetSelFontName(NameOr(chosen)); });
+    tail([&] { m_tbZoom->SetSelFontSize(chosen.size); });
+    tail([&] { m_tbZoom->SetSelColor(chosen.color); });
+    for (const TextStyle& style : TextStyles)
+        tail([&] { Set(*m_tbZoom, style, chosen.*style.ofDialog); });
+}

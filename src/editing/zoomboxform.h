@@ -1,0 +1,46 @@
+// The day view's window: one note with room around it, and the commands that a person needs while writing.
+#pragma once
+
+#include <QDialog>
+#include <QRect>
+
+class FontCommand;
+class QLabel;
+class QMenu;
+class QPushButton;
+class RichTextBox;
+
+class ZoomBoxForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // place is where the window stands, in pixels. Answers Accepted for Ok and the close box; on Cancel bCancel is set;
+    // Esc leaves the edits behind without being a cancel.
+    ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArray& rtf, const QRect& place,
+                FontCommand& fontCommand);
+
+    bool bCancel = false;
+    RichTextBox& tbZoom() const { return *m_tbZoom; }
+
+Q_SIGNALS:
+    void SignOfLife(); // a key, a change, a button
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* MakeFrame(const QString& heading);
+    QLayout* MakeFoot();
+    void MakeMenu();
+    void Form_Resize();
+    void btnOk_Click();
+    void btnCancel_Click();
+    void btnFonts_Click();
+
+    FontCommand& m_fontCommand;
+    RichTextBox* m_tbZoom = nullptr;
+    QMenu* m_mnuRightMouse = nullptr;
+};

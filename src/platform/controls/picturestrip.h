@@ -1,0 +1,41 @@
+// A strip of pictures, each a character of a text that nobody types into. A picture is dragged out of it; files are
+// dropped onto it.
+#pragma once
+
+#include "platform/richtext/richtextbox.h"
+
+class QMimeData;
+
+class PictureStrip : public RichTextBox
+{
+    Q_OBJECT
+
+public:
+    explicit PictureStrip(QWidget* parent = nullptr);
+
+    void SetBackColor(const QColor& color);
+
+Q_SIGNALS:
+    void Shown();
+    // The selection is about to be dragged: whoever fills data lets the drag begin; cursor is what the mouse carries.
+    void OLEStartDrag(QMimeData& data, QPixmap& cursor);
+    void OLECompleteDrag();
+    void OLEDragDrop(const QStringList& files); // paths
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    int PictureAt(const QPoint& point) const;
+    bool SelectionHas(const QPoint& point) const;
+    void BeginDrag();
+
+    std::optional<QPoint> m_pressed; // where the mouse went down on what it can drag
+};

@@ -1,0 +1,34 @@
+#include "platform/desktop/windowplace.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+bool TitleBarShows(const QRect& window)
+{
+    constexpr int Grip = 40;
+    const QRect title(window.x(), window.y() - Grip / 2, window.width(), Grip);
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect visible = title.intersected(screen->availableGeometry());
+        if (visible.width() >= Grip && visible.height() >= Grip / 2) return true;
+    }
+    return false;
+}
+} // namespace
+
+QRect ReachablePlace(QRect window, const QSize& smallest)
+{
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    // A size that no screens could show is a broken setting.
+    const QRect allScreens = QGuiApplication::primaryScreen()->virtualGeometry();
+    window.setSize(window.size().boundedTo(allScreens.size()).expandedTo(smallest));
+    if (TitleBarShows(window)) return window;
+    window.setSize(window.size().boundedTo(area.size()));
+    window.moveCenter(area.center());
+    return window;
+}
+
+bool WindowsKnowTheirPlace()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}

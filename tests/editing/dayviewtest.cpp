@@ -1,0 +1,222 @@
+#include "editing/zoomboxform.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/profile/profile.h"
+#include "program.h"
+
+#include <QGroupBox>
+
+// The day view over the real window; today is 17 March 1999, which stands in cell 18.
+class DayViewTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+    const QString m_file = QStringLiteral("notes.mdb");
+
+    static void InDayView(std::function<void(ZoomBoxForm&)> act) { OnNextModal<ZoomBoxForm>(std::move(act)); }
+
+    static void Press(ZoomBoxForm& form, const char* button)
+    {
+        QTest::mouseClick(form.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+    }
+
+    static QString Heading(const ZoomBoxForm& form)
+    {
+        return form.findChild<QGroupBox*>(QStringLiteral("frZoom"))->title();
+    }
+
+    int Ini(const char* key)
+    {
+        return GetPrivateProfileIntA(QStringLiteral("Zoombox"), QString::fromLatin1(key), -1,
+                                     QStringLiteral("PLANNER.INI"));
+    }
+
+    bool ScratchExists() const
+    {
+        return QFile::exists(folders::ApplicationDirectory() + QStringLiteral("/dayview.rtf"));
+    }
+
+    QByteArray StoredAfterSave(const QString& key)
+    {
+        m_program->Trigger("mnuSave");
+        return m_program->Stored(m_file, key);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+    }
+    void cleanup() { m_program.reset(); }
+
+    void withoutAPlannerThereIsOnlyAMessage()
+    {
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuDayView");
+        QCOMPARE(seen.Text, QStringLiteral("No Planner Exists!\n\nUse 'File' | 'New' to create a new planner or\nUse "
+                                           "'File | Open' to open an existing planner"));
+        AnswerNextBox(msgbox::Ok);
+        auto* const picture = m_program->form->findChild<PictureButton*>(QStringLiteral("picDay"));
+        QTest::mouseClick(picture, Qt::LeftButton);
+        QCOMPARE(WaitingAnswers(), 0);
+        QVERIFY(picture->Visible(0));
+    }
+
+    void okTakesTheTextOver()
+    {
+        m_program->New(m_file);
+        m_program->Type(18, QStringLiteral("tea"));
+        InDayView([&](ZoomBoxForm& form) {
+            QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH 17, 1999"));
+            QCOMPARE(form.size(), QSize(411, 311)); // until it was closed at another size
+            QVERIFY(ScratchExists());
+            QVERIFY(m_program->form->findChild<PictureButton*>(QStringLiteral("picDay"))->Visible(1));
+            form.move(60, 50);
+            form.resize(500, 400);
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("green "));
+            form.tbZoom().SetSelStart(0);
+            form.tbZoom().SetSelLength(5);
+            form.activateWindow();
+            QTRY_COMPARE(QApplication::activeWindow(), &form);
+            QTest::keyClick(&form.tbZoom(), Qt::Key_B, Qt::ControlModifier);
+            Press(form, "btnOk");
+        });
+        QTest::keyClick(&m_program->Box(18), Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("green tea"));
+        QVERIFY(!ScratchExists());
+        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("green"));
+        m_program->Box(18).SetSelStart(0);
+        m_program->Box(18).SetSelLength(5);
+        QCOMPARE(m_program->Box(18).SelBold(), true);
+        QCOMPARE(Ini("Left"), 900);
+        QCOMPARE(Ini("Width"), 7500);
+        QCOMPARE(Ini("Height"), 6000);
+    }
+
+    void waysOutWithoutTheText_data()
+    {
+        QTest::addColumn<bool>("cancels");
+        QTest::newRow("cancel") << true;
+        QTest::newRow("escape") << false;
+    }
+    void waysOutWithoutTheText()
+    {
+        QFETCH(bool, cancels);
+        m_program->New(m_file);
+        m_program->Type(18, QStringLiteral("kept"));
+        InDayView([cancels](ZoomBoxForm& form) {
+            form.move(60, 50);
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("never "));
+            if (cancels)
+                Press(form, "btnCancel");
+            else
+                QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
+        });
+        Q_EMIT m_program->Panel(18).DblClick();
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
+        QCOMPARE(Ini("Left"), -1);
+        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("kept"));
+    }
+
+    // Whoever closes a window by its title expects what was written to be there.
+    void theCloseBoxKeepsTheText()
+    {
+        m_program->New(m_file);
+        m_program->Click(33);
+        InDayView([](ZoomBoxForm& form) {
+            QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH Memo"));
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("roses"));
+            form.close();
+        });
+        m_program->Trigger("mnuDayView");
+        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/Memo2")).contains("roses"));
+    }
+
+    // The four styles of the initial font are the cell's alone.
+    void anEmptyDayBeginsInTheInitialFont()
+    {
+        for (const char* key : {"BOLD", "FONTSIZE"})
+            WritePrivateProfileStringA(QStringLiteral("DEFAULT FONTS"), QString::fromLatin1(key),
+                                       QLatin1StringView(key) == QLatin1StringView("BOLD") ? QStringLiteral("1")
+                                                                                           : QStringLiteral("15"),
+                                       QStringLiteral("PLANNER.INI"));
+        m_program->New(m_file);
+        m_program->Click(20);
+        QCOMPARE(m_program->Box(20).SelBold(), true);
+        InDayView([](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("x"));
+            form.tbZoom().SetSelStart(0);
+            form.tbZoom().SetSelLength(1);
+            QCOMPARE(form.tbZoom().SelBold(), false);
+            QCOMPARE(form.tbZoom().SelFontSize(), 15.0);
+            AnswerFontDialog(
+                [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(QStringLiteral("DejaVu Serif"), 22)); });
+            Press(form, "btnFonts");
+            QCOMPARE(form.tbZoom().SelFontSize(), 22.0);
+            Press(form, "btnOk");
+        });
+        m_program->Trigger("mnuDayView");
+        QCOMPARE(WaitingAnswers(), 0);
+    }
+
+    // The clock turns the calendar to today behind the window; the text must not come to stand under another date.
+    void midnightBehindTheWindow()
+    {
+        m_program->New(m_file);
+        m_program->Trigger("mnuPrevMonth");
+        m_program->Type(18, QStringLiteral("february"));
+        InDayView([&](ZoomBoxForm& form) {
+            desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
+            m_program->Tick("tmMidnightRefresh");
+            QTRY_COMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("late "));
+            Press(form, "btnOk");
+        });
+        m_program->Trigger("mnuDayView");
+        QCOMPARE(m_program->Box(18).Text(), QString());
+        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/2/17")).contains("late "));
+        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).isNull());
+    }
+
+    void aWorkgroupsDayIsLockedMeanwhile()
+    {
+        const QString team = QStringLiteral("team.mdb");
+        const QString key = QStringLiteral("1999/3/17");
+        m_program->New(team, true);
+        m_program->Click(18);
+        Recordset other = DBEngine::OpenDatabase(m_program->folders.Path(team)).OpenTable(QStringLiteral("QMT Table"));
+        other.SetIndex(QStringLiteral("qmtPrimaryKey"));
+        const auto* const lock = m_program->form->findChild<PictureButton*>(QStringLiteral("picLock"));
+        const auto type = [&](const char* button, const QString& text) {
+            InDayView([&, button, text](ZoomBoxForm& form) {
+                QVERIFY(lock->Visible(1) && !lock->Visible(0));
+                other.Seek(QStringLiteral("="), key);
+                QCOMPARE(other.Fields(QStringLiteral("qmtPadding")).toString().size(), 1005);
+                QVERIFY_THROWS_EXCEPTION(RunTimeError, other.Edit());
+                QTest::keyClicks(&form.tbZoom(), text);
+                Press(form, button);
+            });
+            m_program->Trigger("mnuDayView");
+            QVERIFY(lock->Visible(0) && !lock->Visible(1));
+        };
+        type("btnOk", QStringLiteral("agreed"));
+        QVERIFY(m_program->Stored(team, key).contains("agreed"));
+        type("btnCancel", QStringLiteral("never "));
+        QVERIFY(!m_program->Stored(team, key).contains("never"));
+        other.Seek(QStringLiteral("="), key);
+        other.Edit(); // now the other has it
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuDayView");
+        QVERIFY(seen.Text.contains(QStringLiteral("currently locked by")));
+        QVERIFY(lock->Visible(0));
+        other.CancelUpdate();
+    }
+};
+
+QTEST_MAIN(DayViewTest)
+#include "dayviewtest.moc"

@@ -1,0 +1,231 @@
+#include "platform/controls/orlcombo.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/toolbar.h"
+#include "program.h"
+
+#include <QClipboard>
+
+// The commands that change the look of the current note, on the real window.
+class FormattingTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+
+    ToolbarButton& Button(const char* key)
+    {
+        return m_program->form->findChild<Toolbar*>(QStringLiteral("tbTop"))->Buttons(QString::fromLatin1(key));
+    }
+
+    ORLCombo& Combo(const char* name) { return *m_program->form->findChild<ORLCombo*>(QString::fromLatin1(name)); }
+
+    // The entry with this text, by the keyboard.
+    void Choose(const char* name, const QString& text)
+    {
+        ORLCombo& combo = Combo(name);
+        combo.setFocus();
+        QTest::keyClick(&combo, Qt::Key_Home);
+        for (int i = 0; i < combo.ListCount() && combo.Text() != text; ++i)
+            QTest::keyClick(&combo, Qt::Key_Down);
+        QCOMPARE(combo.Text(), text);
+    }
+
+    RichTextBox& Write(const QString& text)
+    {
+        m_program->Type(18, text);
+        return m_program->Box(18);
+    }
+
+    static void Select(RichTextBox& box, int start, int length)
+    {
+        box.SetSelStart(start);
+        box.SetSelLength(length);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+    }
+    void cleanup() { m_program.reset(); }
+
+    void stylesToggleFromEveryPlace_data()
+    {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<int>("letter");
+        QTest::newRow("bold") << "mnuBold"
+                              << "bold" << int(Qt::Key_B);
+        QTest::newRow("italic") << "mnuItalic"
+                                << "italic" << int(Qt::Key_I);
+        QTest::newRow("underline") << "mnuUnderline"
+                                   << "underline" << int(Qt::Key_U);
+        QTest::newRow("strikethrough") << "mnuStrikeThru"
+                                       << "strikethru" << int(Qt::Key_T);
+    }
+    void stylesToggleFromEveryPlace()
+    {
+        QFETCH(QString, entry);
+        QFETCH(QString, key);
+        QFETCH(int, letter);
+        const auto on = [&](const RichTextBox& box) {
+            return key == u"bold"        ? box.SelBold()
+                   : key == u"italic"    ? box.SelItalic()
+                   : key == u"underline" ? box.SelUnderline()
+                                         : box.SelStrikeThru();
+        };
+        RichTextBox& box = Write(QStringLiteral("half and half"));
+        ToolbarButton& button = Button(key.toLatin1());
+        Select(box, 0, 4);
+        m_program->Trigger(entry.toLatin1());
+        QVERIFY(*on(box) && button.Value() == 1 && !button.MixedState());
+        m_program->Trigger((entry + u'R').toLatin1());
+        QVERIFY(!*on(box) && button.Value() == 0);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QVERIFY(*on(box) && button.Value() == 1);
+        Select(box, 0, 13); // half of it: the bar follows, and the command makes it uniform but stays grey
+        QVERIFY(!on(box) && button.MixedState());
+        QTest::keyClick(&box, Qt::Key(letter), Qt::ControlModifier);
+        QVERIFY(*on(box) && button.MixedState());
+        Select(box, 2, 3);
+        QVERIFY(!button.MixedState() && button.Value() == 1);
+    }
+
+    void combosActOnTheSelectionAndFollowIt()
+    {
+        RichTextBox& box = Write(QStringLiteral("one two three"));
+        Select(box, 0, 3);
+        Choose("orlcmbFontsize", QStringLiteral("14"));
+        Choose("orlcmbFontcolor", QStringLiteral("Fuschia"));
+        QCOMPARE(box.SelFontSize(), 14.0);
+        QCOMPARE(box.SelColor(), 0xFF00FFu);
+        Select(box, 4, 3);
+        QCOMPARE(Combo("orlcmbFontsize").Text(), QStringLiteral("8"));
+        QCOMPARE(Combo("orlcmbFontcolor").Text(), QStringLiteral("Black"));
+        Select(box, 0, 7); // two colours leave the colour blank, two sizes leave the size as it was
+        QCOMPARE(Combo("orlcmbFontcolor").ListIndex(), ORLCombo::BlankColor);
+        QCOMPARE(Combo("orlcmbFontsize").Text(), QStringLiteral("8"));
+        Select(box, 0, 3);
+        box.SetSelColor(0x123456);
+        Select(box, 0, 2); // a colour that has no name leaves what the box showed
+        QCOMPARE(Combo("orlcmbFontcolor").Text(), QStringLiteral("Fuschia"));
+        Combo("orlcmbFontcolor").setFocus();
+        QTest::keyClick(&Combo("orlcmbFontcolor"), Qt::Key_End); // the blank entry changes nothing
+        QCOMPARE(box.SelColor(), 0x123456u);
+        const QString family = Combo("orlcmbFontname").List(1);
+        Choose("orlcmbFontname", family);
+        QCOMPARE(box.SelFontName(), family);
+    }
+
+    void paragraphsAreJustified()
+    {
+        RichTextBox& box = Write(QStringLiteral("a line"));
+        m_program->Trigger("mnuCenterJustify");
+        QCOMPARE(box.SelAlignment(), 2);
+        m_program->Trigger("mnuRightJustify");
+        QCOMPARE(box.SelAlignment(), 1);
+        m_program->Trigger("mnuLeftJustify");
+        QCOMPARE(box.SelAlignment(), 0);
+    }
+
+    // Name and size are the whole note's, colour and styles the selection's.
+    void theFontDialogChangesTheNote()
+    {
+        RichTextBox& box = Write(QStringLiteral("plain and more"));
+        Select(box, 0, 5);
+        AnswerFontDialog([](QFontDialog& fonts) {
+            QCOMPARE(fonts.currentFont().pointSize(), 8);
+            QFont font(QStringLiteral("DejaVu Serif"), 12);
+            font.setUnderline(true);
+            fonts.setCurrentFont(font);
+        });
+        QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(box.SelLength(), 5); // and not the whole note
+        QVERIFY(*box.SelUnderline() && Button("underline").Value() == 1 && Button("bold").Value() == 0);
+        Select(box, 8, 4);
+        QCOMPARE(box.SelFontName(), QStringLiteral("DejaVu Serif"));
+        QCOMPARE(box.SelFontSize(), 12.0);
+        QVERIFY(!*box.SelUnderline());
+    }
+
+    // A cancelled dialog gives back what it was filled with, and that is applied.
+    void cancelEvensAMixedSelectionOut()
+    {
+        RichTextBox& box = Write(QStringLiteral("onetwo"));
+        Select(box, 0, 3);
+        box.SetSelBold(true);
+        box.SetSelUnderline(true);
+        box.SetSelFontName(QStringLiteral("DejaVu Serif"));
+        box.SetSelColor(0xFF0000);
+        Select(box, 0, 6);
+        AnswerFontDialog(nullptr);
+        m_program->Trigger("mnuColorSizeFonts");
+        QCOMPARE(box.SelBold(), false);
+        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+        QCOMPARE(box.SelFontSize(), 8.0);
+        QCOMPARE(box.SelColor(), 0u); // a mixed underline opens the dialog in black
+        Select(box, 0, 3);
+        box.SetSelColor(0xFF0000);
+        Select(box, 0, 6);
+        AnswerFontDialog(nullptr);
+        m_program->Trigger("mnuColorSizeFontsR");
+        QVERIFY(m_program->Log().contains(":Invalid use of Null in MainForm, mnuColorSizeFonts_Click"));
+        QCOMPARE(box.SelColor(), 0u); // as the dialog was left by its last use
+        Select(box, 0, 3);
+        box.SetSelFontSize(20);
+        Select(box, 0, 6);
+        AnswerFontDialog(nullptr);
+        m_program->Trigger("mnuColorSizeFonts");
+        QVERIFY(m_program->Log().contains(":Invalid property value in MainForm, mnuColorSizeFonts_Click"));
+        QVERIFY(!box.SelFontSize()); // no size is no size that a font could have
+    }
+
+    void clipboardCommandsReachTheCell()
+    {
+        RichTextBox& box = Write(QStringLiteral("carry this"));
+        Select(box, 0, 6);
+        box.SetSelBold(true);
+        m_program->Trigger("mnuCut");
+        QTRY_COMPARE(box.Text(), QStringLiteral("this"));
+        m_program->Click(20);
+        QTest::mouseClick(&Button("paste"), Qt::LeftButton);
+        QTRY_COMPARE(m_program->Box(20).Text(), QStringLiteral("carry "));
+        m_program->Trigger("mnuPasteR");
+        QTRY_COMPARE(m_program->Box(20).Text(), QStringLiteral("carry carry "));
+        Select(m_program->Box(20), 0, 12);
+        QCOMPARE(m_program->Box(20).SelBold(), true);
+        Select(m_program->Box(20), 6, 5);
+        QTest::mouseClick(&Button("copy"), Qt::LeftButton);
+        QTRY_COMPARE(QApplication::clipboard()->text(), QStringLiteral("carry"));
+    }
+
+    // In a workgroup's planner nothing may change before the day is locked; copying and justifying may go on.
+    void theGuardOfAWorkgroup()
+    {
+        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->Click(18);
+        RichTextBox& box = m_program->Box(18);
+        SeenBox seen;
+        for (const char* entry : {"mnuBold", "mnuCut", "mnuPaste", "mnuColorSizeFonts"}) {
+            AnswerNextBox(msgbox::Ok, &seen);
+            m_program->Trigger(entry);
+            QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(seen.Text, QStringLiteral("Please lock the desired day before attempting to apply font attributes "
+                                               "to current cell"));
+            QCOMPARE(seen.Icon, QMessageBox::Information);
+        }
+        m_program->Trigger("mnuCopy");
+        m_program->Trigger("mnuCenterJustify");
+        QCOMPARE(box.SelAlignment(), 2);
+        AnswerNextBox(msgbox::Ok, &seen);
+        Choose("orlcmbFontsize", QStringLiteral("6")); // the message, and the value all the same
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(box.SelFontSize(), 6.0);
+    }
+};
+
+QTEST_MAIN(FormattingTest)
+#include "formattingtest.moc"
