@@ -133,3 +133,12 @@ QByteArray ToBitmapFile(QByteArrayView bitmap)
     }
     return file + bitmap.toByteArray();
 }
+
+QByteArray ToImageFile(const QImage& image, const char* format)
+{
+    constexpr int JpegQuality = 90;
+    QByteArray file;
+    QBuffer buffer(&file);
+    image.save(&buffer, format, QByteArrayView(format) == "jpeg" ? JpegQuality : -1);
+    return file;
+}

@@ -24,3 +24,6 @@ bool IsTurned(const QByteArray& file);
 // A file from what stands in memory and in metafiles without a file's header: BITMAPINFO and the bits. Empty if it is
 // cut off within its palette.
 QByteArray ToBitmapFile(QByteArrayView bitmap);
+
+// The other way round; the format is one that ImageFormatOf names.
+QByteArray ToImageFile(const QImage& image, const char* format);

@@ -5,7 +5,6 @@
 #include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtfpicture.h"
 
-#include <QBuffer>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -15,16 +14,6 @@ namespace {
 
 constexpr int Sharpness = 3;                  // pixels kept for one that is shown, where a picture is encoded anew
 constexpr qsizetype MostFileBytes = 16 << 20; // kept as they are
-constexpr QSize AnySize{GreatestPictureSide * 8, GreatestPictureSide * 8};
-
-QByteArray Encode(const QImage& image, const char* format)
-{
-    constexpr int JpegQuality = 90;
-    QByteArray file;
-    QBuffer buffer(&file);
-    image.save(&buffer, format, QByteArrayView(format) == "jpeg" ? JpegQuality : -1);
-    return file;
-}
 
 bool Insert(QTextCursor& cursor, const QByteArray& file, QSize pixels, QSize shown)
 {
@@ -43,7 +32,7 @@ bool InsertAnew(QTextCursor& cursor, const QImage& image, const char* format, QS
     const QSize kept = image.size().boundedTo(shown * Sharpness);
     const QImage small =
         kept == image.size() ? image : image.scaled(kept, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const QByteArray file = Encode(small, format);
+    const QByteArray file = ToImageFile(small, format);
     return !file.isEmpty() && Insert(cursor, file, kept, shown);
 }
 
@@ -87,5 +76,5 @@ std::optional<NotePicture> OnlyPicture(const QTextCursor& selection)
     const QTextImageFormat picture = behind.charFormat().toImageFormat();
     const QByteArray group = picture.property(PictureSourceProperty).toByteArray();
     if (!picture.isValid() || group.isEmpty()) return {};
-    return NotePicture{ImageOfPicture(picture, AnySize), group, {picture.width(), picture.height()}};
+    return NotePicture{ImageOfPicture(picture, AllPixels), group, {picture.width(), picture.height()}};
 }

@@ -75,3 +75,11 @@ QSize PixelsOfPictureGroup(QByteArrayView group)
     }
     return {};
 }
+
+QByteArray ImageFileOf(const QTextImageFormat& picture)
+{
+    const PictureData data = DataOfPictureGroup(picture.property(PictureSourceProperty).toByteArray());
+    const QImage image = ImageOfPicture(picture, AllPixels);
+    const bool isFile = data.kind == PictureData::File;
+    return image.isNull() ? QByteArray() : isFile ? data.bytes : ToImageFile(image, "png");
+}

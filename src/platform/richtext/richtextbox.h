@@ -76,6 +76,8 @@ public:
 
     void CommitPreedit(); // takes in what an input method has shown but not yet committed
 
+    QVariant loadResource(int type, const QUrl& name) override;
+
 Q_SIGNALS:
     // The box came into focus by a click, by Tab or by the program; not when a menu, a popup or a window gave it back.
     // On a click this comes first, then MouseDown, then Click.
@@ -91,6 +93,8 @@ Q_SIGNALS:
     void PasteRequested(bool& allowed);
 
 protected:
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    QMimeData* createMimeDataFromSelection() const override;
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;

@@ -1,11 +1,9 @@
 #include "platform/richtext/richtextbox.h"
-#include "platform/richtext/selectionformat.h"
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QInputMethod>
-#include <QMimeData>
 #include <QScopedValueRollback>
 #include <QTextCursor>
 
@@ -208,13 +206,4 @@ void RichTextBox::dropEvent(QDropEvent* event)
     }
     const QScopedValueRollback admitted(m_admitted, true);
     QTextEdit::dropEvent(event);
-}
-
-void RichTextBox::insertFromMimeData(const QMimeData* source)
-{
-    if (!AdmitsPaste()) return;
-    UseTypingFormat();
-    const int start = SelStart();
-    QTextEdit::insertFromMimeData(source);
-    SpellOutFormats(*document(), start, textCursor().position(), Font());
 }

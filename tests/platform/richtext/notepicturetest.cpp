@@ -1,7 +1,7 @@
 // Pictures in notes: how they come in and out.
 #include "platform/richtext/notepicture.h"
 
-#include "platform/richtext/adoptedimages.h"
+#include "platform/richtext/htmlimages.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"

@@ -1,6 +1,8 @@
-#include "platform/richtext/adoptedimages.h"
+#include "platform/richtext/htmlimages.h"
 
+#include "platform/richtext/boundedimage.h"
 #include "platform/richtext/notepicture.h"
+#include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/shownpictures.h"
 
@@ -9,6 +11,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QUrl>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,16 +24,6 @@ QByteArray DataOfUrl(QStringView url)
     if (comma < 0) return {};
     const QByteArray data = QByteArray::fromPercentEncoding(url.sliced(comma + 1).toLatin1());
     return url.first(comma).endsWith(u";base64", Qt::CaseInsensitive) ? QByteArray::fromBase64(data) : data;
-}
-
-// A pipe or a device would never end, and a folder of another machine might never answer.
-QByteArray DataOfFile(const QUrl& url)
-{
-    if (!url.isLocalFile() || !url.host().isEmpty()) return {};
-    QFile file(url.toLocalFile());
-    const QFileInfo info(file);
-    if (!info.isFile() || info.size() > MostFileBytes || !file.open(QIODevice::ReadOnly)) return {};
-    return file.readAll();
 }
 
 QByteArray DataOf(const QString& name)
@@ -47,6 +41,16 @@ void Adopt(QTextCursor& cursor, const QTextImageFormat& image, PictureFit fit)
 
 } // namespace
 
+// A pipe or a device would never end, and a folder of another machine might never answer.
+QByteArray DataOfFile(const QUrl& url)
+{
+    if (!url.isLocalFile() || !url.host().isEmpty()) return {};
+    QFile file(url.toLocalFile());
+    const QFileInfo info(file);
+    if (!info.isFile() || info.size() > MostFileBytes || !file.open(QIODevice::ReadOnly)) return {};
+    return file.readAll();
+}
+
 int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& fit)
 {
     ShowPictures(document);
@@ -62,4 +66,23 @@ int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& f
         position = cursor.position() - 1;
     }
     return end;
+}
+
+void EmbedPictures(QTextDocument& document)
+{
+    for (int position = document.characterCount() - 1; position-- > 0;) {
+        if (document.characterAt(position) != QChar::ObjectReplacementCharacter) continue;
+        QTextCursor cursor(&document);
+        cursor.setPosition(position);
+        cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+        QTextImageFormat picture = cursor.charFormat().toImageFormat();
+        const QByteArray file = ImageFileOf(picture);
+        if (file.isEmpty()) {
+            cursor.removeSelectedText();
+            continue;
+        }
+        picture.setName(u"data:image/"_s + QString::fromLatin1(ImageFormatOf(file)) + u";base64,"_s +
+                        QString::fromLatin1(file.toBase64()));
+        cursor.setCharFormat(picture);
+    }
 }

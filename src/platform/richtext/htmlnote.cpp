@@ -1,0 +1,141 @@
+#include "platform/richtext/htmlnote.h"
+
+#include "platform/richtext/htmlimages.h"
+#include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfreader.h"
+#include "platform/richtext/rtfwriter.h"
+#include "platform/richtext/selectionformat.h"
+
+#include <QTextDocument>
+#include <QTextList>
+#include <QTextTable>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype MostCharacters = 8 << 20;
+constexpr int MostDepth = 200;
+
+// HTML may name files and pages of styles, and asks the document for them.
+class ClosedDocument : public QTextDocument
+{
+protected:
+    QVariant loadResource(int, const QUrl&) override { return {}; }
+};
+
+// Elements that hold none of their kind, or nothing at all, need no end.
+bool NeedsEnd(QStringView element)
+{
+    static constexpr QStringView Endless[] = {u"area", u"base",  u"br",    u"col", u"dd",   u"dt",
+                                              u"hr",   u"img",   u"input", u"li",  u"link", u"meta",
+                                              u"p",    u"param", u"td",    u"th",  u"tr",   u"wbr"};
+    return std::ranges::none_of(Endless,
+                                [&](QStringView name) { return name.compare(element, Qt::CaseInsensitive) == 0; });
+}
+
+// The time that HTML takes grows with the square of its depth.
+bool IsTooDeep(QStringView html)
+{
+    int depth = 0;
+    for (qsizetype at = html.indexOf(u'<'); at >= 0 && depth <= MostDepth; at = html.indexOf(u'<', at + 1)) {
+        const QStringView rest = html.sliced(at + 1);
+        const bool isEnd = rest.startsWith(u'/');
+        const QStringView name = rest.sliced(isEnd);
+        const auto end = std::find_if_not(name.begin(), name.end(), [](QChar c) { return c.isLetterOrNumber(); });
+        const QStringView element = name.first(end - name.begin());
+        if (!element.isEmpty() && NeedsEnd(element)) depth = std::max(0, depth + (isEnd ? -1 : 1));
+    }
+    return depth > MostDepth;
+}
+
+QString MarkOf(const QTextBlock& block)
+{
+    const QTextList* list = block.textList();
+    if (!list) return {};
+    const bool isBullet = list->format().style() >= QTextListFormat::ListSquare;
+    return (isBullet ? u"\u2022"_s : list->itemText(block)) + u'\t';
+}
+
+// Whether the next paragraph is the next cell of the same row of a table.
+bool IsCellEnd(const QTextBlock& block)
+{
+    const QTextTable* table = QTextCursor(block).currentTable();
+    const QTextBlock next = block.next();
+    if (!table || !next.isValid() || QTextCursor(next).currentTable() != table) return false;
+    const QTextTableCell one = table->cellAt(block.position()), other = table->cellAt(next.position());
+    return one.row() == other.row() && one.column() != other.column();
+}
+
+// The format for another document, where there is no such list or table.
+template <typename Format>
+Format Freed(Format format)
+{
+    format.clearProperty(QTextFormat::ObjectIndex);
+    if (!format.isImageFormat()) format.clearProperty(QTextFormat::ObjectType);
+    return format;
+}
+
+// Appends what a paragraph shows.
+void Append(const QTextBlock& block, QTextCursor& out)
+{
+    const QTextCharFormat mark = block.begin().atEnd() ? block.charFormat() : block.begin().fragment().charFormat();
+    out.insertText(MarkOf(block), WithoutImage(Freed(mark)));
+    for (auto i = block.begin(); !i.atEnd(); ++i)
+        out.insertText(i.fragment().text(), Freed(i.fragment().charFormat()));
+}
+
+// Lists and tables as text. There are no others in the document that is written.
+void Flatten(const QTextDocument& document, QTextDocument& flat)
+{
+    QTextCursor out(&flat);
+    out.beginEditBlock();
+    out.setBlockFormat(Freed(document.begin().blockFormat()));
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        Append(block, out);
+        if (IsCellEnd(block))
+            out.insertText(u"\t"_s);
+        else if (block.next().isValid())
+            out.insertBlock(Freed(block.next().blockFormat()), Freed(block.next().charFormat()));
+    }
+    out.endEditBlock();
+}
+
+bool IsPictures(const QTextDocument& document)
+{
+    const QString text = document.toPlainText();
+    return std::ranges::all_of(text,
+                               [](QChar one) { return one.isSpace() || one == QChar::ObjectReplacementCharacter; });
+}
+
+} // namespace
+
+HtmlNote ReadHtml(const QString& html, const QFont& font, const PictureFit& fit)
+{
+    if (html.size() > MostCharacters || IsTooDeep(html)) return {};
+    ClosedDocument document;
+    document.setUndoRedoEnabled(false);
+    document.setDefaultFont(font);
+    document.setHtml(html);
+    AdoptImages(document, 0, document.characterCount() - 1, fit);
+    if (document.isEmpty()) return {};
+    SpellOutFormats(document, 0, document.characterCount() - 1, font);
+    QTextDocument flat;
+    flat.setUndoRedoEnabled(false);
+    flat.setDefaultFont(font);
+    Flatten(document, flat);
+    return {WriteRtf(flat), IsPictures(flat)};
+}
+
+QString WriteHtml(const QByteArray& rtf, const QFont& font)
+{
+    QTextDocument document;
+    document.setUndoRedoEnabled(false);
+    document.setDefaultFont(font);
+    ReadRtf(rtf, document);
+    EmbedPictures(document);
+    return document.toHtml();
+}

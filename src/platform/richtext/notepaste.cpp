@@ -1,0 +1,129 @@
+#include "platform/richtext/notepaste.h"
+
+#include "platform/richtext/boundedimage.h"
+#include "platform/richtext/htmlimages.h"
+#include "platform/richtext/htmlnote.h"
+#include "platform/richtext/notemimedata.h"
+#include "platform/richtext/rtfreader.h"
+#include "platform/richtext/selectionformat.h"
+
+#include <QMimeData>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype MostRichText = 64 << 20; // bytes, mostly of pictures
+constexpr qsizetype MostText = 8 << 20;      // characters
+
+// One thing that was offered, and where it is to go.
+struct Pasting
+{
+    const QMimeData& data;
+    QTextCursor& cursor;
+    const QFont& font;
+    const PictureFit& fit;
+};
+
+bool PasteNote(const Pasting& pasting, const QByteArray& rtf)
+{
+    if (rtf.size() > MostRichText || !LooksLikeRtf(rtf)) return false;
+    const int begin = pasting.cursor.selectionStart();
+    InsertRtf(rtf, pasting.cursor);
+    return pasting.cursor.position() > begin;
+}
+
+// Other programs end with the mark of a paragraph what is a part of one.
+bool PasteForeign(const Pasting& pasting, const QByteArray& rtf)
+{
+    const int begin = pasting.cursor.selectionStart();
+    if (!PasteNote(pasting, rtf)) return false;
+    const int last = pasting.cursor.position() - 1;
+    const bool endsParagraph = pasting.cursor.document()->characterAt(last) == QChar::ParagraphSeparator;
+    if (last >= begin && endsParagraph) pasting.cursor.deletePreviousChar();
+    return true;
+}
+
+bool TakeNote(const Pasting& pasting)
+{
+    return PasteNote(pasting, pasting.data.data(QString::fromUtf16(NoteFormat)));
+}
+
+bool TakeRichText(const Pasting& pasting)
+{
+    return std::ranges::any_of(RichTextFormats, [&](const char16_t* format) {
+        return PasteForeign(pasting, pasting.data.data(QString::fromUtf16(format)));
+    });
+}
+
+bool TakeImage(const Pasting& pasting)
+{
+    for (const QString& format : pasting.data.formats())
+        if (format.startsWith(u"image/") && InsertPicture(pasting.cursor, pasting.data.data(format), pasting.fit))
+            return true;
+    return pasting.data.hasImage() &&
+           InsertPicture(pasting.cursor, pasting.data.imageData().value<QImage>(), pasting.fit);
+}
+
+bool TakeHtml(const Pasting& pasting)
+{
+    if (!pasting.data.hasHtml()) return false;
+    const HtmlNote note = ReadHtml(pasting.data.html(), pasting.font, pasting.fit);
+    // A browser says of an image where it came from, and has the image beside it.
+    if (note.isPictures && TakeImage(pasting)) return true;
+    return PasteForeign(pasting, note.rtf);
+}
+
+void PasteText(const Pasting& pasting, QString text)
+{
+    text.removeIf([](QChar one) { return one.isNull() || one == QChar::ObjectReplacementCharacter; });
+    const int begin = pasting.cursor.selectionStart();
+    pasting.cursor.insertText(text);
+    SpellOutFormats(*pasting.cursor.document(), begin, pasting.cursor.position(), pasting.font);
+}
+
+bool TakeFiles(const Pasting& pasting)
+{
+    const QList<QUrl> urls = pasting.data.urls();
+    QList<QByteArray> files;
+    std::ranges::transform(urls, std::back_inserter(files), DataOfFile);
+    if (std::ranges::none_of(files, [](const QByteArray& file) { return !ImageSize(file).isEmpty(); })) return false;
+    for (qsizetype i = 0; i < urls.size(); ++i)
+        if (!InsertPicture(pasting.cursor, files[i], pasting.fit))
+            PasteText(pasting, urls[i].toDisplayString() + u'\n');
+    return true;
+}
+
+bool TakeText(const Pasting& pasting)
+{
+    const QString text = pasting.data.text();
+    if (text.isEmpty() || text.size() > MostText) return false;
+    PasteText(pasting, text);
+    return true;
+}
+
+} // namespace
+
+bool CanPaste(const QMimeData& data)
+{
+    const QStringList formats = data.formats();
+    const auto isOffered = [&](const char16_t* format) { return formats.contains(QStringView(format)); };
+    return isOffered(NoteFormat) || std::ranges::any_of(RichTextFormats, isOffered) || data.hasHtml() ||
+           data.hasImage() || data.hasUrls() || data.hasText();
+}
+
+bool Paste(const QMimeData& data, QTextCursor& cursor, const QFont& font, const PictureFit& fit)
+{
+    static constexpr std::array Takers{TakeNote, TakeRichText, TakeHtml, TakeImage, TakeFiles, TakeText};
+    const Pasting pasting{data, cursor, font, fit};
+    cursor.beginEditBlock();
+    const bool isTaken = std::ranges::any_of(Takers, [&](auto take) { return take(pasting); });
+    cursor.endEditBlock();
+    return isTaken;
+}

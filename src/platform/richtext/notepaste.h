@@ -1,0 +1,15 @@
+// What others put on the clipboard or let fall, taken into a note in the best form that it comes in. Knows only QtGui.
+#pragma once
+
+#include "platform/richtext/notepicture.h"
+
+#include <QFont>
+
+class QMimeData;
+
+bool CanPaste(const QMimeData& data);
+
+// In place of the selection, in one step of undo; the cursor ends behind it. Rich text comes before HTML, images, image
+// files of this machine, and text, which takes the format at the cursor. What is damaged or beyond bounds gives way to
+// the next form. False: nothing was to be had.
+bool Paste(const QMimeData& data, QTextCursor& cursor, const QFont& font, const PictureFit& fit);

@@ -1,0 +1,34 @@
+// What the box gives to the clipboard and to drags, and what it takes of them.
+#include "platform/richtext/notemimedata.h"
+#include "platform/richtext/notepaste.h"
+#include "platform/richtext/notepicture.h"
+#include "platform/richtext/richtextbox.h"
+#include "platform/richtext/rtfwriter.h"
+
+QMimeData* RichTextBox::createMimeDataFromSelection() const
+{
+    const QTextCursor selection = textCursor();
+    return new NoteMimeData(WriteRtf(selection), Font(), OnlyPicture(selection).has_value());
+}
+
+bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const
+{
+    return !Locked() && CanPaste(*source);
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData* source)
+{
+    if (Locked() || !AdmitsPaste()) return;
+    UseTypingFormat();
+    QTextCursor cursor = textCursor();
+    const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
+    if (!Paste(*source, cursor, Font(), {.width = std::max(width, 1)})) return;
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+// A note holds all that it shows; whatever else it names stays where it is.
+QVariant RichTextBox::loadResource(int, const QUrl&)
+{
+    return QByteArray();
+}
