@@ -70,6 +70,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddStartRows(add, addMemory, started);
     AddMonthRows(add, ours, bare);
     AddTextRows(add);
+    AddDayViewRows(add);
     return Print(choice, names);
 }
 } // namespace

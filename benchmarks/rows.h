@@ -12,3 +12,4 @@ using AddMemory = std::function<void(const MemoryRow&)>;
 void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home);
 void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
 void AddTextRows(const Add& add);
+void AddDayViewRows(const Add& add);

@@ -6,7 +6,7 @@
 #include "platform/desktop/twips.h"
 #include "platform/engine/dbengine.h"
 #include "platform/profile/profile.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 
 #include <QDate>
 #include <QDir>

@@ -1,0 +1,175 @@
+#include "editing/picturetools.h"
+#include "platform/controls/picturestrip.h"
+#include "program.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTabBar>
+
+namespace {
+constexpr QChar Picture = QChar::ObjectReplacementCharacter;
+const QString File = QStringLiteral("notes.mdb");
+
+void MakeIcon(const QString& path, QColor color)
+{
+    QImage image(32, 32, QImage::Format_ARGB32);
+    image.fill(color);
+    QVERIFY(image.save(path, "ICO"));
+}
+
+void Drop(QWidget& target, const QMimeData& data, QPoint at = QPoint(10, 10))
+{
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &drop);
+}
+} // namespace
+
+// The strip of pictures on the real window. Two pictures come with the program: a blue and a red one.
+class PictureBarTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+
+    PictureStrip& Strip() { return *m_program->form->findChild<PictureStrip*>(QStringLiteral("tbPictureBox")); }
+    QString Content() { return Strip().toPlainText(); }
+    QDir Icons() { return QDir(folders::ApplicationDirectory() + QStringLiteral("/icons")); }
+    void ShowPictures() { m_program->form->findChild<QTabBar*>()->setCurrentIndex(1); }
+    void Reload() { m_program->form->findChild<QPushButton*>(QStringLiteral("btnReloadIcons"))->click(); }
+
+    void Select(int start, int length)
+    {
+        Strip().SetSelStart(start);
+        Strip().SetSelLength(length);
+    }
+
+    void DropFiles(const QStringList& paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        Drop(*Strip().viewport(), data);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        const QString shipped = m_program->folders.Path(QStringLiteral("shipped/icons"));
+        QVERIFY(QDir().mkpath(shipped));
+        MakeIcon(shipped + QStringLiteral("/b-red.ico"), Qt::red);
+        MakeIcon(shipped + QStringLiteral("/A-blue.ico"), Qt::blue);
+        m_program->Start();
+    }
+    void cleanup() { m_program.reset(); }
+
+    void thePicturesStandInTheStrip()
+    {
+        QCOMPARE(Content(), QString()); // nobody has looked yet
+        ShowPictures();
+        QCOMPARE(Content(), Picture + QStringLiteral("   ") + Picture + QStringLiteral("   "));
+        const QRect first = Strip().cursorRect(QTextCursor(Strip().document()));
+        QCOMPARE(Strip().viewport()->grab().toImage().pixelColor(first.center() + QPoint(16, 0)), QColor(Qt::blue));
+        // The folder is the person's from now on.
+        QVERIFY(Icons().remove(QStringLiteral("A-blue.ico")));
+        Reload();
+        QCOMPARE(Content(), Picture + QStringLiteral("   "));
+    }
+
+    void aDamagedIconEndsTheStrip()
+    {
+        ShowPictures();
+        MakeIcon(Icons().filePath(QStringLiteral("d-green.ico")), Qt::green);
+        QFile damaged(Icons().filePath(QStringLiteral("c-damaged.ico")));
+        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no icon at all") > 0);
+        damaged.close();
+        Reload();
+        QCOMPARE(Content().count(Picture), 2);
+        QVERIFY(m_program->Log().contains(":Invalid picture in MainForm, subLoadIcons"));
+    }
+
+    void iconsAreDroppedOntoTheStrip()
+    {
+        ShowPictures();
+        MakeIcon(m_program->folders.Path(QStringLiteral("new.ICO")), Qt::green);
+        MakeIcon(m_program->folders.Path(QStringLiteral("b-red.ico")), Qt::green);
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        DropFiles({m_program->folders.Path(QStringLiteral("song.mid"))});
+        QCOMPARE(seen.Text, QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
+        QCOMPARE(seen.Icon, QMessageBox::Warning);
+        AnswerNextBox(msgbox::Ok, &seen);
+        DropFiles({m_program->folders.Path(QStringLiteral("b-red.ico"))});
+        QCOMPARE(seen.Text, QStringLiteral("File Exists!\nPlease select another Icon(*.ico) file."));
+        DropFiles({m_program->folders.Path(QStringLiteral("new.ICO")), QStringLiteral("/nowhere/second.ico")});
+        QCOMPARE(Content().count(Picture), 2); // until it is loaded again
+        Reload();
+        QCOMPARE(Content().count(Picture), 3);
+        DropFiles({QStringLiteral("/nowhere/third.ico")});
+        QVERIFY(!Icons().exists(QStringLiteral("third.ico")));
+        QVERIFY(m_program->Log().contains(":Path/File access error in MainForm, tbPictureBox_OLEDragDrop"));
+    }
+
+    void oneSelectedPictureIsDragged()
+    {
+        m_program->New(File);
+        ShowPictures();
+        for (const auto& [start, length] : {std::pair(1, 2), std::pair(0, 2), std::pair(0, 5)}) {
+            Select(start, length);
+            QMimeData data;
+            QPixmap cursor;
+            SeenBox seen;
+            AnswerNextBox(msgbox::Ok, &seen);
+            Q_EMIT Strip().OLEStartDrag(data, cursor);
+            QCOMPARE(seen.Text, QStringLiteral("Please select one picture at a time."));
+            QVERIFY(data.formats().isEmpty());
+        }
+        QTest::mouseClick(Strip().viewport(), Qt::LeftButton, {}, QPoint(10, 10)); // selects what is under it
+        QCOMPARE(Strip().SelLength(), 1);
+        QMimeData data;
+        QPixmap cursor;
+        Q_EMIT Strip().OLEStartDrag(data, cursor);
+        QCOMPARE(cursor.size(), QSize(32, 32));
+        m_program->Type(18, QStringLiteral("tea"));
+        Drop(*m_program->Box(18).viewport(), data, QPoint(100, 8));
+        QCOMPARE(m_program->Box(18).toPlainText(), QStringLiteral("tea") + Picture + u' ');
+        Drop(*m_program->Box(20).viewport(), data);
+        m_program->Trigger("mnuSave");
+        for (const char* day : {"1999/3/17", "1999/3/19"}) {
+            const QByteArray stored = m_program->Stored(File, QString::fromLatin1(day));
+            QVERIFY(stored.contains("\\pict") && stored.contains("\\picwgoal480"));
+        }
+    }
+
+    void oldPicturesGetTheHeaderOfAnIcon()
+    {
+        QFile file(folders::ApplicationDirectory() + QStringLiteral("/pictures.orl"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw10 0100\r\n0900\r\n}}");
+        file.close();
+        subFixPictures();
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw846\\pich846\\picwgoal479"
+                                            "\\pichgoal479\r\n0900\r\n}}\r\n"));
+    }
+
+    void oneColourIsLeftOut()
+    {
+        QImage ground(4, 4, QImage::Format_RGB32), stamp(4, 4, QImage::Format_RGB32);
+        ground.fill(Qt::yellow);
+        stamp.fill(Qt::white);
+        stamp.setPixelColor(2, 1, Qt::black);
+        subTransparentBlt(ground, stamp, QRect(1, 1, 2, 2), 0, 2, qRgb(255, 255, 255));
+        QCOMPARE(ground.pixelColor(1, 2), QColor(Qt::black));
+        QCOMPARE(ground.pixelColor(0, 2), QColor(Qt::yellow));
+        QCOMPARE(ground.pixelColor(2, 1), QColor(Qt::yellow));
+    }
+};
+
+QTEST_MAIN(PictureBarTest)
+#include "picturebartest.moc"
