@@ -1,5 +1,6 @@
 #include "calendar/turn.h"
 
+#include "calendar/lockedday.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "platform/desktop/mousepointer.h"
@@ -8,6 +9,7 @@
 void Turn::operator()(QLatin1StringView literal, const std::function<void()>& change)
 {
     const ErrorTail tail(literal);
+    if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return;
     SetMousePointer(mousepointer::Hourglass);
     // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
     if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });

@@ -6,18 +6,21 @@
 
 #include <functional>
 
+class LockedDay;
 class QMTDB;
 
 class Turn
 {
 public:
     explicit Turn(QMTDB& notes) : m_notes(notes) {}
+    void SetLockedDay(LockedDay& lockedDay) { m_lockedDay = &lockedDay; }
 
-    // Saves what the cells hold, has them changed by the caller (the date, the drawing), and reads their notes.
-    // Without a planner there is only the change. A step that fails is logged under the literal and does not keep the
-    // others back.
+    // Commits a day that this user has locked, saves what the cells hold, has them changed by the caller (the date, the
+    // drawing), and reads their notes. Without a planner there is only the change; with a locked day that cannot be
+    // stored there is nothing. A step that fails is logged under the literal and does not keep the others back.
     void operator()(QLatin1StringView literal, const std::function<void()>& change);
 
 private:
     QMTDB& m_notes;
+    LockedDay* m_lockedDay = nullptr;
 };

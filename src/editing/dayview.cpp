@@ -67,7 +67,7 @@ void DayView::subZoomView()
     const ErrorTail tail(ZoomLiteral);
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
     if (g_iCurrentPanel == 0) return; // nothing is shown that could be opened
-    m_day = {g_iCurrentPanel, CellKey(m_cells.panelDay(g_iCurrentPanel).Caption())};
+    m_day = {g_iCurrentPanel, CellKey(m_cells.panelDay(g_iCurrentPanel).Caption()), false};
     if (g_bDBShared && !Lock()) return;
     m_sidebar.picDay->ShowElement(1);
     tail([&] { Show(); });
@@ -79,16 +79,18 @@ void DayView::subZoomView()
 // Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
 bool DayView::Lock()
 {
+    m_day.wasLocked = m_record.Holds(m_day.key);
     m_network.picLock->ShowElement(1);
     try {
-        TakeDay(m_day.key);
+        m_record.Seek(m_day.key, ZoomLiteral);
+        SetMousePointer(mousepointer::Hourglass);
+        m_record.Edit();
+        SetMousePointer(mousepointer::Default);
         return true;
     } catch (const RunTimeError& error) {
+        // What would be written without the lock would be lost, so no window opens, whatever the reason.
+        if (!IsRefusal(error.Number)) LogError(error, ZoomLiteral);
         SetMousePointer(mousepointer::Default);
-        if (!IsRefusal(error.Number)) {
-            LogError(error, ZoomLiteral);
-            return true;
-        }
         m_network.picLock->ShowElement(0);
         MsgBox(error.Description);
         return false;
@@ -128,11 +130,12 @@ void DayView::StartUnlockTimer()
 void DayView::FollowResult(const ZoomBoxForm& form, bool accepted)
 {
     const ErrorTail tail(ZoomLiteral);
-    if (accepted || form.bCancel) m_network.tmUnLock->SetEnabled(false);
+    const bool staysLocked = form.bCancel && m_day.wasLocked;
+    if ((accepted || form.bCancel) && !staysLocked) m_network.tmUnLock->SetEnabled(false);
     if (!accepted) return;
     if (form.tbZoom().Modified()) {
         m_text = form.tbZoom().TextRTF();
-        if (ShowsDay()) Mark(m_day.cell, true);
+        if (!g_bDBShared && ShowsDay()) Mark(m_day.cell, true);
         tail([&] { form.tbZoom().SaveFile(ScratchFile()); });
     }
     StorePlace(form);
@@ -147,7 +150,7 @@ void DayView::TakeOver()
 {
     if (!ShowsDay()) {
         // The calendar has turned to today meanwhile.
-        m_notes.PutNote(m_day.key, m_text);
+        if (!g_bDBShared) m_notes.PutNote(m_day.key, m_text);
         return;
     }
     RichTextBox& box = m_cells.tbDay(m_day.cell);
@@ -155,14 +158,42 @@ void DayView::TakeOver()
     box.SetTextRTF(m_text);
 }
 
+// A cancel leaves a day that was locked before as it was: locked, with what had been typed into its cell.
 void DayView::Unlock(bool cancelled)
 {
+    if (cancelled && m_day.wasLocked) return;
     m_network.picLock->ShowElement(0);
-    if (cancelled) {
-        GiveDayUp();
-    } else {
-        CommitDay(m_text);
+    if (cancelled) return m_record.GiveUp();
+    CommitDay();
+}
+
+void DayView::CommitDay()
+{
+    try {
+        m_record.Commit(m_text);
+    } catch (const RunTimeError& error) {
+        LogError(error, ZoomLiteral);
+        return KeepLocked(error.Description);
     }
+    if (!ShowsDay()) return;
+    Mark(m_day.cell, false);
+    m_cells.tbDay(m_day.cell).SetLocked(true);
+    m_cells.tbDay(m_day.cell).MarkSaved(m_text);
+}
+
+// What could not be stored stays in its cell under the lock, to be tried again by unlocking; where the calendar has
+// turned meanwhile it waits for the next look at its day.
+void DayView::KeepLocked(const QString& reason)
+{
+    if (ShowsDay()) {
+        m_network.picLock->ShowElement(1);
+        Mark(m_day.cell, true);
+        m_cells.tbDay(m_day.cell).SetLocked(false);
+    } else {
+        m_record.Close();
+        m_notes.PutNote(m_day.key, m_text);
+    }
+    MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
 }
 
 void DayView::TakeText()
@@ -173,6 +204,8 @@ void DayView::TakeText()
     m_text = m_form->tbZoom().TextRTF();
     tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
     tail([&] { TakeOver(); });
+    // The idle timer unlocks the day that is shown.
+    if (g_bDBShared && !ShowsDay()) Unlock(false);
     m_taken = true;
 }
 

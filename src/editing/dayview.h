@@ -9,6 +9,7 @@
 #include <QString>
 
 class Cells;
+class DayRecord;
 class FontCommand;
 struct NetworkControls;
 class QMTDB;
@@ -19,10 +20,10 @@ class ZoomBoxForm;
 class DayView final : public DayViewPort
 {
 public:
-    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes,
+    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes, DayRecord& record,
             const ViewMode& viewMode, FontCommand& fontCommand)
-        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_notes(notes), m_viewMode(viewMode),
-          m_fontCommand(fontCommand)
+        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_notes(notes), m_record(record),
+          m_viewMode(viewMode), m_fontCommand(fontCommand)
     {
     }
 
@@ -42,6 +43,7 @@ private:
     {
         int cell = 0;
         QString key;
+        bool wasLocked = false; // by this user's own hand before
     };
 
     int CellToOpen() const;
@@ -51,6 +53,8 @@ private:
     void FollowResult(const ZoomBoxForm& form, bool accepted);
     void TakeOver();
     void Unlock(bool cancelled);
+    void CommitDay();
+    void KeepLocked(const QString& reason);
     QString Heading() const;
     QRect Place() const;
     void StorePlace(const ZoomBoxForm& form);
@@ -60,6 +64,7 @@ private:
     const Sidebar& m_sidebar;
     const NetworkControls& m_network;
     QMTDB& m_notes;
+    DayRecord& m_record;
     const ViewMode& m_viewMode;
     FontCommand& m_fontCommand;
     ZoomBoxForm* m_form = nullptr; // while the window is open

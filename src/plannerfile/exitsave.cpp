@@ -9,6 +9,7 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "workgroup/dayrecord.h"
 
 namespace {
 constexpr QLatin1StringView ExitTail(" in MainForm, subExitProgram");
@@ -76,6 +77,7 @@ void ExitSave::ClosePlanner()
 {
     if (!HasPlanner()) return;
     const ErrorTail tail(ExitTail);
+    m_record.Close();
     tail([] { g_rsQMT.Close(); });
     tail([] { g_rsRecurse.Close(); });
     tail([] { g_rsAlarm.Close(); });

@@ -177,9 +177,9 @@ void QMTDB::subUpdateQMTRecord(int iCell)
 
 void QMTDB::PutNote(const QString& key, const QByteArray& rtf)
 {
-    if (!HasPlanner() || g_bDBShared) return;
+    if (!HasPlanner()) return;
     m_unsaved.Keep(g_sNotesFile, key, rtf);
-    WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
+    if (!g_bDBShared) WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
 void QMTDB::subUpdateQMTDatabase()

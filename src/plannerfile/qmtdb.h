@@ -34,7 +34,8 @@ public:
     // them all first would cost as much as to fill them.
     void subUpdateQMTDatabase();
     void subUpdateQMTRecord(int iCell);
-    // Writes a day's note of a personal planner that no shown cell holds.
+    // Writes a day's note that no shown cell holds; in a workgroup's planner it waits for the next look at its day, or
+    // for the exit.
     void PutNote(const QString& key, const QByteArray& rtf);
     bool HasChanges() const; // of the shown cells, that a save would write
 

@@ -28,7 +28,11 @@
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
 #include "tools/datesearch.h"
+#include "workgroup/daylock.h"
+#include "workgroup/dayrecord.h"
 #include "workgroup/networkmode.h"
+#include "workgroup/networkoptions.h"
+#include "workgroup/refresh.h"
 
 // In the order of their making; each stands on those above it.
 struct Rooms
@@ -36,6 +40,7 @@ struct Rooms
     explicit Rooms(QMainWindow& window) : controls(window), m_pLayout(window, *controls.client)
     {
         m_pCalendarView.SetRedraw(redraw);
+        turn.SetLockedDay(dayLock);
     }
 
     Controls controls;
@@ -50,7 +55,8 @@ struct Rooms
     QMTDB notes{controls.cells, controls.bottom, m_pCalendarView};
     Turn turn{notes};
     Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
-    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop};
+    DayRecord dayRecord;
+    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, dayRecord};
     RecentList recentList{controls.menus};
     Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList};
     Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
@@ -61,10 +67,13 @@ struct Rooms
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
-    DayView dayView{controls.cells, controls.sidebar, controls.network, notes, m_pCalendarView, fontCommand};
+    DayView dayView{controls.cells, controls.sidebar, controls.network, notes, dayRecord, m_pCalendarView, fontCommand};
+    Refresh refresh{controls.cells, controls.network, turn};
+    DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh};
+    NetworkOptions networkOptions{*controls.client, controls.network};
     PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
-    ExitSave exitSave{controls.cells, notes};
+    ExitSave exitSave{controls.cells, notes, dayRecord};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};
 };

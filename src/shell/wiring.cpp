@@ -31,6 +31,10 @@ constexpr MenuRow MenuRows[] = {
     {"mnuSave", " in MainForm, mnuSave_Click", Run<&Rooms::planners, &PlannerHandlers::mnuSave_Click>},
     {"mnuCompact", " in MainForm, mnuCompact_Click", Run<&Rooms::maintenance, &Maintenance::mnuCompact_Click>},
     {"mnuRepair", " in MainForm, mnuRepair_Click", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
+    {"mnuRefresh", " in MainForm, mnuRefresh_Click", Run<&Rooms::refresh, &Refresh::subRefreshCells>},
+    {"mnuLockDay", " in MainForm, mnuLockDay_Click", Run<&Rooms::dayLock, &DayLock::subLockDay>},
+    {"mnuNetworkOptions", " in MainForm, mnuNetworkOptions_Click",
+     Run<&Rooms::networkOptions, &NetworkOptions::mnuNetworkOptions_Click>},
     {"mnuMonthView", " in MainForm, mnuMonthView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
     {"mnuWeekView", " in MainForm, mnuWeekView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToWeekView>},
     {"mnuDayView", " in MainForm, mnuDayView_Click", Run<&Rooms::dayView, &DayView::subZoomView>},
@@ -160,6 +164,19 @@ void WirePictures(Rooms& rooms)
        [&rooms] { rooms.m_pSidebar.TogglePages(); });
 }
 
+void WireNetwork(Rooms& rooms)
+{
+    const NetworkControls& network = rooms.controls.network;
+    On(network.picLock, &PictureButton::Click, " in MainForm, picLock_Click",
+       [&rooms](int) { rooms.dayLock.subLockDay(); });
+    On(network.picRefresh, &PictureButton::MouseDown, " in MainForm, picRefresh",
+       [&rooms](int) { rooms.refresh.picRefresh_MouseDown(); });
+    On(network.picRefresh, &PictureButton::MouseUp, " in MainForm, picRefresh_Click",
+       [&rooms](int) { rooms.refresh.picRefresh_MouseUp(); });
+    for (PictureButton* picture : {network.picLock, network.picRefresh})
+        picture->setEnabled(true);
+}
+
 void WirePictureBar(Rooms& rooms)
 {
     const Sidebar& sidebar = rooms.controls.sidebar;
@@ -232,6 +249,10 @@ void WireTimers(Rooms& rooms)
 {
     On(&rooms.controls.tmMidnightRefresh, &Timer::Tick, " in MainForm, tmMidnightRefresh_Timer",
        [&rooms] { rooms.navigation.tmMidnightRefresh_Timer(); });
+    On(rooms.controls.network.tmUnLock, &Timer::Tick, " in MainForm, tmUnLock_Timer",
+       [&rooms] { rooms.dayLock.tmUnLock_Timer(); });
+    On(rooms.controls.network.tmAutoRefresh, &Timer::Tick, " in MainForm, tmAutoRefresh_Timer",
+       [&rooms] { rooms.refresh.tmAutoRefresh_Timer(); });
 }
 } // namespace
 
@@ -239,6 +260,7 @@ void WireHandlers(Rooms& rooms)
 {
     WireMenus(rooms);
     WirePictures(rooms);
+    WireNetwork(rooms);
     WirePictureBar(rooms);
     WireToolbar(rooms);
     WireCombos(rooms);

@@ -2,9 +2,10 @@
 
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
-#include "platform/desktop/mousepointer.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/runtime/runtimeerror.h"
+#include "platform/runtime/errortail.h"
+
+#include <utility>
 
 namespace {
 const QString Equal = QStringLiteral("=");
@@ -12,44 +13,61 @@ const QString DateField = QStringLiteral("qmtDate");
 const QString TextField = QStringLiteral("qmtText");
 const QString PaddingField = QStringLiteral("qmtPadding");
 
-// Kept by older versions so that no two days share a page of the file, which was what their engine locked. They still
-// read these files.
+// Kept from the versions whose engine locked pages of the file and not records: no two days shared one.
 constexpr int PaddingDots = 1005;
-
-void MakeRecord(const QString& key)
-{
-    g_rsQMT.AddNew();
-    g_rsQMT.SetField(DateField, key);
-    g_rsQMT.SetField(TextField, QByteArray(" "));
-    g_rsQMT.SetField(PaddingField, QString(PaddingDots, u'.'));
-    g_rsQMT.Update();
-}
 } // namespace
 
-bool TakeDay(const QString& key)
+bool DayRecord::Seek(const QString& key, QLatin1StringView literal)
 {
-    g_rsQMT.Seek(Equal, key);
-    const bool found = !g_rsQMT.NoMatch();
-    if (!found) {
-        MakeRecord(key);
-        g_rsQMT.MoveFirst();
-        g_rsQMT.Seek(Equal, key);
-    }
-    SetMousePointer(mousepointer::Hourglass);
-    g_rsQMT.Edit();
-    SetMousePointer(mousepointer::Default);
-    return found;
+    if (Holds(key)) return true;
+    m_held = false;
+    m_key = key;
+    m_record = schema::OpenNotes(g_dbPlanner);
+    m_record.Seek(Equal, key);
+    const bool found = !m_record.NoMatch();
+    const bool made = !found && ErrorTail{literal}([&] { Make(key); });
+    if (!found) m_record.Seek(Equal, key);
+    return !made;
 }
 
-void CommitDay(const QByteArray& rtf)
+void DayRecord::Make(const QString& key)
 {
-    g_rsQMT.SetField(TextField, rtf);
-    g_rsQMT.Update();
+    m_record.AddNew();
+    m_record.SetField(DateField, key);
+    m_record.SetField(TextField, QByteArray(" "));
+    m_record.SetField(PaddingField, QString(PaddingDots, u'.'));
+    m_record.Update();
 }
 
-void GiveDayUp()
+QByteArray DayRecord::Text() const
 {
-    g_rsQMT.CancelUpdate();
+    return m_record.Fields(TextField).toByteArray();
+}
+
+void DayRecord::Edit()
+{
+    if (m_held) return;
+    m_record.Edit();
+    m_held = true;
+}
+
+void DayRecord::Commit(const QByteArray& rtf)
+{
+    m_record.SetField(TextField, rtf);
+    m_record.Update();
+    Close();
+}
+
+void DayRecord::GiveUp()
+{
+    m_record.CancelUpdate();
+    Close();
+}
+
+void DayRecord::Close()
+{
+    m_held = false;
+    m_record = Recordset();
 }
 
 bool IsRefusal(int error)

@@ -7,12 +7,14 @@
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
+#include "workgroup/dayrecord.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QLabel>
 
 void NetworkMode::subSetNetworkMode(bool bOn)
 {
+    m_record.Close();
     m_menus(QLatin1StringView("mnuNetworkOptions")).SetEnabled(bOn);
     if (!bOn) m_controls.tmUnLock->SetEnabled(false);
     m_controls.picRefresh->SetVisible(0, bOn);

@@ -1,0 +1,14 @@
+// The day that this user holds in a workgroup's planner, for those who are about to show other days. The day lock knows
+// how to let go of it; those below it ask through this.
+#pragma once
+
+class LockedDay
+{
+public:
+    // Stores what was typed and unlocks; true where no day is held by hand. False: it could not be stored, and the cell
+    // must stay what it is.
+    virtual bool Commit() = 0;
+
+protected:
+    ~LockedDay() = default;
+};

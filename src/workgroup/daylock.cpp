@@ -1,0 +1,144 @@
+#include "workgroup/daylock.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/dayviewport.h"
+#include "calendar/modshow.h"
+#include "hall/cells.h"
+#include "hall/networkcontrols.h"
+#include "hall/sidebar.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/tabstrip.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/engine/dbengine.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+#include "workgroup/dayrecord.h"
+#include "workgroup/refresh.h"
+#include "workgroup/workgroupstate.h"
+
+namespace {
+constexpr QLatin1StringView LockLiteral(" in MainForm, picLock_Click");
+
+// The caret leaves the cell.
+void FocusSidebar(const Sidebar& sidebar)
+{
+    if (sidebar.tabSidebar->isVisible()) sidebar.tabSidebar->setFocus();
+}
+} // namespace
+
+void DayLock::subLockDay()
+{
+    if (g_iCurrentPanel == 0 && !m_record.IsHeld()) return AskForCell();
+    if (m_network.picLock->Visible(0)) {
+        Lock();
+    } else {
+        Unlock();
+    }
+}
+
+void DayLock::AskForCell()
+{
+    m_network.picLock->ShowElement(0);
+    MsgBox(QStringLiteral("Please select a daily cell to lock"));
+    FocusSidebar(m_sidebar);
+}
+
+void DayLock::ShowFree(const QString& reason)
+{
+    SetMousePointer(mousepointer::Default);
+    m_network.picLock->ShowElement(0);
+    MsgBox(reason);
+}
+
+// A cell whose last commit did not get through still holds its record and keeps its text: that is what is to be stored.
+bool DayLock::Take(int cell)
+{
+    RichTextBox& box = m_cells.tbDay(cell);
+    const QString key = CellKey(m_cells.panelDay(cell).Caption());
+    try {
+        const bool isNewHere = !m_record.Holds(key);
+        if (m_record.Seek(key, LockLiteral) && isNewHere) box.SetTextRTF(m_record.Text());
+        SetMousePointer(mousepointer::Hourglass);
+        m_record.Edit();
+        SetMousePointer(mousepointer::Default);
+        return true;
+    } catch (const RunTimeError& error) {
+        // Typing without the lock would be lost, so there is none, whatever the reason.
+        if (!IsRefusal(error.Number)) LogError(error, LockLiteral);
+        ShowFree(error.Description);
+        return false;
+    }
+}
+
+void DayLock::Lock()
+{
+    // The picture changes first: a failure puts it back.
+    m_network.picLock->ShowElement(1);
+    const int cell = g_iCurrentPanel;
+    if (!Take(cell)) return;
+    const ErrorTail tail(LockLiteral);
+    m_cells.tbDay(cell).SetLocked(false);
+    Mark(cell, true);
+    if (Read(settings::AutoUnLock) != 0) {
+        bGeneralUnlockEnable = true;
+        m_network.tmUnLock->SetEnabled(true);
+    }
+    tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
+}
+
+bool DayLock::Store(RichTextBox& box)
+{
+    const QByteArray rtf = box.TextRTF();
+    try {
+        m_record.Commit(rtf);
+        box.MarkSaved(rtf);
+        return true;
+    } catch (const RunTimeError& error) {
+        if (IsRefusal(error.Number)) {
+            ShowFree(error.Description);
+        } else {
+            // A full disk, a broken line: the day stays locked and its text where it is, to be tried again.
+            LogError(error, LockLiteral);
+            m_network.picLock->ShowElement(1);
+            MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
+        }
+        return false;
+    }
+}
+
+bool DayLock::Unlock()
+{
+    const ErrorTail tail(LockLiteral);
+    const int cell = MarkedCell() != 0 ? MarkedCell() : g_iCurrentPanel;
+    m_network.picLock->ShowElement(0);
+    m_cells.tbDay(cell).CommitPreedit();
+    if (!Store(m_cells.tbDay(cell))) return false;
+    Mark(cell, false);
+    FocusSidebar(m_sidebar);
+    g_lUnlockTicks = 0;
+    m_network.tmUnLock->SetEnabled(false);
+    tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
+    return true;
+}
+
+// What the day view holds is its own affair: it knows its day whatever the calendar turns to.
+bool DayLock::Commit()
+{
+    return !m_record.IsHeld() || m_dayView.IsOpen() || Unlock();
+}
+
+void DayLock::tmUnLock_Timer()
+{
+    if (++g_lUnlockTicks < g_lUnlockDelay) return;
+    if (m_dayView.IsOpen()) {
+        m_dayView.TakeText();
+        m_dayView.Close();
+    }
+    g_lUnlockTicks = 0;
+    if (m_record.IsHeld() && !Unlock()) return; // tried again after another while
+    m_network.tmUnLock->SetEnabled(false);
+    m_refresh.subRefreshCells();
+}

@@ -1,0 +1,123 @@
+#include "workgroup/networkoptionform.h"
+
+#include "hall/networkcontrols.h"
+#include "platform/controls/okcancel.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "settings/settings.h"
+#include "workgroup/workgroupstate.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace {
+void WriteText(const IntSetting& setting, const QString& text)
+{
+    WritePrivateProfileStringA(setting.section.toString(), setting.key.toString(), text,
+                               settings::PlannerIni.toString());
+}
+
+// A delay as it was typed goes into the file and counts at once; what is no number leaves the running delay as it is,
+// and the file gets the usual one.
+void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& seconds)
+{
+    constexpr int SecondsPerMinute = 60;
+    constexpr double LongestDelay = 30000; // minutes
+    bool isNumber = false;
+    const double minutes = typed.trimmed().toDouble(&isNumber);
+    if (!isNumber) return WriteText(setting, QStringLiteral("5"));
+    WriteText(setting, typed.trimmed());
+    seconds = static_cast<std::int32_t>(qBound(0.0, minutes, LongestDelay)) * SecondsPerMinute;
+}
+
+QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString& caption)
+{
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(QString::fromLatin1(name));
+    grid.addWidget(box, row, 0, 1, 3);
+    return box;
+}
+
+QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString& label)
+{
+    constexpr int Indent = 24, Width = 64;
+    auto* edit = new QLineEdit;
+    edit->setObjectName(QString::fromLatin1(name));
+    edit->setFixedWidth(Width);
+    auto* caption = new QLabel(label);
+    caption->setIndent(Indent);
+    caption->setBuddy(edit);
+    grid.addWidget(caption, row, 0);
+    grid.addWidget(edit, row, 1);
+    grid.addWidget(new QLabel(QStringLiteral("minutes")), row, 2);
+    return edit;
+}
+} // namespace
+
+NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& network)
+    : QDialog(owner), m_network(network)
+{
+    setObjectName(QStringLiteral("NetworkOptionForm"));
+    setWindowTitle(QStringLiteral("Network Options"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(MakeFrame());
+    column->addWidget(MakeOkCancel(*this, QStringLiteral("btnOK")));
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ShowSettings();
+    CenterOnScreen(*this);
+}
+
+QWidget* NetworkOptionForm::MakeFrame()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Workgroup"));
+    auto* grid = new QGridLayout(frame);
+    m_chkAutoUnlock = AddSwitch(*grid, 0, "chkAutoUnlock", QStringLiteral("&Unlock a day that is left idle"));
+    m_txtUnlockDelay = AddDelay(*grid, 1, "txtUnlockDelay", QStringLiteral("a&fter"));
+    m_chkAutoRefresh = AddSwitch(*grid, 2, "chkAutoRefresh", QStringLiteral("&Refresh the calendar by itself"));
+    m_txtAutoRefreshDelay = AddDelay(*grid, 3, "txtAutoRefreshDelay", QStringLiteral("&every"));
+    return frame;
+}
+
+void NetworkOptionForm::ShowSettings()
+{
+    m_chkAutoUnlock->setChecked(Read(settings::AutoUnLock) != 0);
+    m_txtUnlockDelay->setText(TrimmedStr(Read(settings::UnlockDelay)));
+    m_chkAutoRefresh->setChecked(Read(settings::AutoRefresh) != 0);
+    m_txtAutoRefreshDelay->setText(TrimmedStr(Read(settings::RefreshDelay)));
+}
+
+void NetworkOptionForm::accept()
+{
+    const ErrorTail tail(QLatin1StringView(" in NetworkOptionsForm, btnOK_Click"));
+    tail([&] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        TakeSwitches();
+        TakeDelays();
+    });
+    QDialog::accept();
+}
+
+// The idle timer is left alone: it follows the next lock.
+void NetworkOptionForm::TakeSwitches()
+{
+    bGeneralUnlockEnable = m_chkAutoUnlock->isChecked();
+    WriteText(settings::AutoUnLock, bGeneralUnlockEnable ? QStringLiteral("1") : QStringLiteral("0"));
+    g_bAutoRefresh = m_chkAutoRefresh->isChecked();
+    WriteText(settings::AutoRefresh, g_bAutoRefresh ? QStringLiteral("1") : QStringLiteral("0"));
+    m_network.tmAutoRefresh->SetEnabled(g_bAutoRefresh);
+}
+
+void NetworkOptionForm::TakeDelays()
+{
+    TakeDelay(m_txtUnlockDelay->text(), settings::UnlockDelay, g_lUnlockDelay);
+    TakeDelay(m_txtAutoRefreshDelay->text(), settings::RefreshDelay, g_lRefreshDelay);
+}

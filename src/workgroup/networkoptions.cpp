@@ -1,0 +1,8 @@
+#include "workgroup/networkoptions.h"
+
+#include "workgroup/networkoptionform.h"
+
+void NetworkOptions::mnuNetworkOptions_Click()
+{
+    NetworkOptionForm(m_client.window(), m_network).exec();
+}
