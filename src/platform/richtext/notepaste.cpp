@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype MostRichText = 64 << 20; // bytes, pictures and all
-constexpr qsizetype MostText = 4 << 20;      // characters, or bytes of rich text beside its pictures
+constexpr qsizetype MostText = 2 << 20;      // characters, or bytes of rich text beside its pictures
 
 // One thing that was offered, and where it is to go.
 struct Pasting
