@@ -12,6 +12,8 @@
 #include <QTextDocument>
 #include <QUrl>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -29,6 +31,20 @@ QByteArray DataOfUrl(QStringView url)
 QByteArray DataOf(const QString& name)
 {
     return name.startsWith(u"data:", Qt::CaseInsensitive) ? DataOfUrl(name) : DataOfFile(QUrl(name));
+}
+
+// From the end on, so that what is put in the place of one moves no other. The character is selected.
+template <typename Visit>
+void ForEachImage(QTextDocument& document, int begin, int end, Visit visit)
+{
+    const QString text = document.toRawText();
+    QTextCursor cursor(&document);
+    for (int position = std::min(end, static_cast<int>(text.size())); position-- > begin;) {
+        if (text[position] != QChar::ObjectReplacementCharacter) continue;
+        cursor.setPosition(position);
+        cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+        visit(cursor);
+    }
 }
 
 // The image is selected.
@@ -54,35 +70,22 @@ QByteArray DataOfFile(const QUrl& url)
 int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& fit)
 {
     ShowPictures(document);
-    QTextCursor cursor(&document);
-    for (int position = begin; position < end; ++position) {
-        if (document.characterAt(position) != QChar::ObjectReplacementCharacter) continue;
-        cursor.setPosition(position);
-        cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+    const int length = document.characterCount();
+    ForEachImage(document, begin, end, [&fit](QTextCursor& cursor) {
         const QTextImageFormat image = cursor.charFormat().toImageFormat();
-        if (!image.isValid() || image.hasProperty(PictureSourceProperty)) continue;
-        Adopt(cursor, image, fit);
-        end += cursor.position() - (position + 1);
-        position = cursor.position() - 1;
-    }
-    return end;
+        if (image.isValid() && !image.hasProperty(PictureSourceProperty)) Adopt(cursor, image, fit);
+    });
+    return end + document.characterCount() - length;
 }
 
 void EmbedPictures(QTextDocument& document)
 {
-    for (int position = document.characterCount() - 1; position-- > 0;) {
-        if (document.characterAt(position) != QChar::ObjectReplacementCharacter) continue;
-        QTextCursor cursor(&document);
-        cursor.setPosition(position);
-        cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+    ForEachImage(document, 0, document.characterCount(), [](QTextCursor& cursor) {
         QTextImageFormat picture = cursor.charFormat().toImageFormat();
         const QByteArray file = ImageFileOf(picture);
-        if (file.isEmpty()) {
-            cursor.removeSelectedText();
-            continue;
-        }
+        if (file.isEmpty()) return cursor.removeSelectedText();
         picture.setName(u"data:image/"_s + QString::fromLatin1(ImageFormatOf(file)) + u";base64,"_s +
                         QString::fromLatin1(file.toBase64()));
         cursor.setCharFormat(picture);
-    }
+    });
 }

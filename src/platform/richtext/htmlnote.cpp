@@ -1,5 +1,6 @@
 #include "platform/richtext/htmlnote.h"
 
+#include "platform/richtext/htmlbounds.h"
 #include "platform/richtext/htmlimages.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
@@ -11,14 +12,10 @@
 #include <QTextTable>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qsizetype MostCharacters = 8 << 20;
-constexpr int MostDepth = 200;
 
 // HTML may name files and pages of styles, and asks the document for them.
 class ClosedDocument : public QTextDocument
@@ -26,31 +23,6 @@ class ClosedDocument : public QTextDocument
 protected:
     QVariant loadResource(int, const QUrl&) override { return {}; }
 };
-
-// Elements that hold none of their kind, or nothing at all, need no end.
-bool NeedsEnd(QStringView element)
-{
-    static constexpr QStringView Endless[] = {u"area", u"base",  u"br",    u"col", u"dd",   u"dt",
-                                              u"hr",   u"img",   u"input", u"li",  u"link", u"meta",
-                                              u"p",    u"param", u"td",    u"th",  u"tr",   u"wbr"};
-    return std::ranges::none_of(Endless,
-                                [&](QStringView name) { return name.compare(element, Qt::CaseInsensitive) == 0; });
-}
-
-// The time that HTML takes grows with the square of its depth.
-bool IsTooDeep(QStringView html)
-{
-    int depth = 0;
-    for (qsizetype at = html.indexOf(u'<'); at >= 0 && depth <= MostDepth; at = html.indexOf(u'<', at + 1)) {
-        const QStringView rest = html.sliced(at + 1);
-        const bool isEnd = rest.startsWith(u'/');
-        const QStringView name = rest.sliced(isEnd);
-        const auto end = std::find_if_not(name.begin(), name.end(), [](QChar c) { return c.isLetterOrNumber(); });
-        const QStringView element = name.first(end - name.begin());
-        if (!element.isEmpty() && NeedsEnd(element)) depth = std::max(0, depth + (isEnd ? -1 : 1));
-    }
-    return depth > MostDepth;
-}
 
 QString MarkOf(const QTextBlock& block)
 {
@@ -115,7 +87,7 @@ bool IsPictures(const QTextDocument& document)
 
 HtmlNote ReadHtml(const QString& html, const QFont& font, const PictureFit& fit)
 {
-    if (html.size() > MostCharacters || IsTooDeep(html)) return {};
+    if (!IsWithinBounds(html)) return {};
     ClosedDocument document;
     document.setUndoRedoEnabled(false);
     document.setDefaultFont(font);

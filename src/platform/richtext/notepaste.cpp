@@ -5,6 +5,7 @@
 #include "platform/richtext/htmlnote.h"
 #include "platform/richtext/notemimedata.h"
 #include "platform/richtext/rtfreader.h"
+#include "platform/richtext/rtftokenizer.h"
 #include "platform/richtext/selectionformat.h"
 
 #include <QMimeData>
@@ -14,13 +15,14 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype MostRichText = 64 << 20; // bytes, mostly of pictures
-constexpr qsizetype MostText = 8 << 20;      // characters
+constexpr qsizetype MostRichText = 64 << 20; // bytes, pictures and all
+constexpr qsizetype MostText = 2 << 20;      // characters, or bytes of rich text beside its pictures
 
 // One thing that was offered, and where it is to go.
 struct Pasting
@@ -31,9 +33,24 @@ struct Pasting
     const PictureFit& fit;
 };
 
+// The data of pictures costs next to nothing, text is laid out.
+qsizetype SizeWithoutPictures(QByteArrayView rtf)
+{
+    qsizetype size = 0;
+    int depth = 0, pictureDepth = std::numeric_limits<int>::max();
+    RtfTokenizer tokenizer(rtf);
+    for (RtfToken token = tokenizer.Next(); token.kind != RtfToken::End; token = tokenizer.Next()) {
+        if (token.kind == RtfToken::Open) ++depth;
+        if (token.kind == RtfToken::Close && depth-- == pictureDepth) pictureDepth = std::numeric_limits<int>::max();
+        if (token.IsWord("pict") || token.IsWord("objdata")) pictureDepth = std::min(pictureDepth, depth);
+        if (depth < pictureDepth) size += token.bytes.size() + 1;
+    }
+    return size;
+}
+
 bool PasteNote(const Pasting& pasting, const QByteArray& rtf)
 {
-    if (rtf.size() > MostRichText || !LooksLikeRtf(rtf)) return false;
+    if (!LooksLikeRtf(rtf) || rtf.size() > MostRichText || SizeWithoutPictures(rtf) > MostText) return false;
     const int begin = pasting.cursor.selectionStart();
     InsertRtf(rtf, pasting.cursor);
     return pasting.cursor.position() > begin;

@@ -154,9 +154,15 @@ void RichTextBoxClipboardTest::TakesTheBestForm_data()
     row("rich text cut off", {{rtf, g_rtf + "{\\b r}t{\\pict\\pngblip 89"}}, u"<rt#>"_s, u"r"_s);
     row("rich text that lies", {{rtf, g_rtf + "{\\b r}t{\\bin99999999 x}"}}, u"<rt>"_s, u"r"_s);
     row("damaged image", {{png, g_png.first(40)}, {text, "t"}}, u"<t>"_s);
-    row("page too deep", {{html, QByteArray("<b>").repeated(100'000) + "x"}, {text, "t"}}, u"<t>"_s);
-    row("long page", {{html, QByteArray("<p>x<br>").repeated(2'000'000)}, {text, "t"}}, u"<t>"_s);
-    row("long text", {{text, QByteArray("x").repeated(9 << 20)}}, u"<>"_s);
+    const auto tooLarge = [&](const char* name, const QString& format, const QByteArray& data) {
+        row(name, {{format, data}, {text, "t"}}, u"<t>"_s);
+    };
+    tooLarge("page too deep", html, QByteArray("<b>").repeated(100'000) + "x");
+    tooLarge("page too long", html, QByteArray("<p>x<br>").repeated(2'000'000));
+    tooLarge("page of a long list", html, "<ul>" + QByteArray("<li>x</li>").repeated(50'000));
+    tooLarge("page of many images", html, QByteArray("<img src='data:x'>").repeated(50'000));
+    tooLarge("rich text too long", rtf, g_rtf + QByteArray("{\\b x}").repeated(2'000'000) + '}');
+    row("text too long", {{text, QByteArray("x").repeated(9 << 20)}}, u"<>"_s);
     row("nothing", {{u"x-other/kind"_s, "x"}}, u"<>"_s);
     row("word processor's page",
         {{html,
