@@ -77,6 +77,25 @@ bool IsAscii(char byte)
     return static_cast<unsigned char>(byte) < 128;
 }
 
+QString DecodeSingleBytes(QByteArrayView bytes, const CodePage& page)
+{
+    QString text = QString::fromLatin1(bytes);
+    if (std::ranges::all_of(bytes, IsAscii)) return text;
+    const UpperHalf& upperHalf = UpperHalfOf(page);
+    for (QChar& character : text)
+        if (character.unicode() > 127) character = upperHalf[character.unicode() - 128];
+    return text;
+}
+
+constexpr QChar Substitute(0x1A); // what decoders put for some broken characters
+
+bool IsMostlyBroken(const QString& text)
+{
+    const auto broken = text.count(QChar(QChar::ReplacementCharacter));
+    const auto foreign = std::ranges::count_if(text, [](QChar character) { return character.unicode() > 127; });
+    return foreign == 0 || broken * 2 > foreign; // a character cut off at the end leaves no trace
+}
+
 } // namespace
 
 int CodePageOfCharset(int charset)
@@ -85,14 +104,14 @@ int CodePageOfCharset(int charset)
     return found == std::end(Charsets) ? 0 : found->codePage;
 }
 
-QString DecodeRtfBytes(QByteArrayView bytes, int codePage)
+QString DecodeRtfBytes(QByteArrayView bytes, int codePage, int otherPage)
 {
     const CodePage& page = PageOf(codePage);
-    if (page.takesSeveralBytes) return QStringDecoder(page.name).decode(bytes);
-    QString text = QString::fromLatin1(bytes);
-    if (std::ranges::all_of(bytes, IsAscii)) return text;
-    const UpperHalf& upperHalf = UpperHalfOf(page);
-    for (QChar& character : text)
-        if (character.unicode() > 127) character = upperHalf[character.unicode() - 128];
-    return text;
+    if (!page.takesSeveralBytes) return DecodeSingleBytes(bytes, page);
+    QStringDecoder decoder(page.name, QStringDecoder::Flag::Stateless);
+    QString text = decoder.decode(bytes);
+    if (!decoder.hasError()) return text;
+    text.replace(Substitute, QChar::ReplacementCharacter);
+    const CodePage& other = PageOf(otherPage);
+    return !other.takesSeveralBytes && IsMostlyBroken(text) ? DecodeSingleBytes(bytes, other) : text;
 }

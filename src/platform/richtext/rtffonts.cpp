@@ -1,6 +1,11 @@
 #include "platform/richtext/rtffonts.h"
 
 #include "platform/richtext/rtfcodepage.h"
+#include "platform/richtext/rtfsymbols.h"
+
+namespace {
+constexpr int SymbolCharset = 2;
+}
 
 void RtfFonts::Begin(int number)
 {
@@ -12,6 +17,7 @@ void RtfFonts::Begin(int number)
 void RtfFonts::SetCharset(int charset)
 {
     SetCodePage(CodePageOfCharset(charset));
+    if (!m_entries.isEmpty()) m_entries.last().holdsSymbols = charset == SymbolCharset;
 }
 
 void RtfFonts::SetCodePage(int codePage)
@@ -42,4 +48,10 @@ QString RtfFonts::FamilyAt(int place) const
 int RtfFonts::CodePageAt(int place) const
 {
     return m_entries.value(place).codePage;
+}
+
+const RtfSymbols& RtfFonts::SymbolsAt(int place) const
+{
+    const RtfSymbols* const known = SymbolsOfFamily(m_entries.value(place).family);
+    return known ? *known : AnySymbols();
 }

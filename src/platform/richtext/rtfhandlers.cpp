@@ -1,6 +1,7 @@
 // What the control words do.
 #include "platform/richtext/rtfinterpreter.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QTextDocument>
 
@@ -46,8 +47,19 @@ void RtfInterpreter::PutUnicode(int, const RtfToken& word)
     // A signed 16-bit number by rights; some write it unsigned, and some a whole code point.
     const auto codePoint = static_cast<char32_t>(word.parameter);
     const bool isWhole = word.parameter > 0xFFFF && codePoint <= QChar::LastValidCodePoint;
-    Put(isWhole ? QString::fromUcs4(&codePoint, 1) : QString(QChar(static_cast<char16_t>(word.parameter))));
+    if (isWhole)
+        Put(QString::fromUcs4(&codePoint, 1));
+    else
+        PutUnit(static_cast<char16_t>(word.parameter));
     m_skip = m_state.fallbackLength;
+}
+
+void RtfInterpreter::PutUnit(char16_t unit)
+{
+    const int font = Character().font;
+    if (!IsPrivateSymbol(unit) || !m_fonts.HoldsSymbolsAt(font)) return Put(QStringView(&unit, 1));
+    const char byte = static_cast<char>(unit);
+    Put(DecodeSymbols(QByteArrayView(&byte, 1), m_fonts.SymbolsAt(font)));
 }
 
 void RtfInterpreter::SetFallbackLength(int, const RtfToken& word)

@@ -1,6 +1,7 @@
 #include "platform/richtext/rtfinterpreter.h"
 
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QTextDocument>
 
@@ -138,15 +139,21 @@ void RtfInterpreter::DoText(const RtfToken& text)
         break;
     case Body:
         if (!TakesText()) break;
-        if (!text.isAscii || !m_bytes.isEmpty()) {
-            m_bytes += bytes;
-        } else {
-            FlushCells();
-            m_builder.Append(QLatin1StringView(bytes), Character());
-        }
+        PutBytes(bytes, text.isAscii);
         break;
     default:
         break;
+    }
+}
+
+void RtfInterpreter::PutBytes(QByteArrayView bytes, bool areAscii)
+{
+    const RtfCharacter character = Character();
+    if (!areAscii || !m_bytes.isEmpty() || m_fonts.HoldsSymbolsAt(character.font)) {
+        m_bytes += bytes;
+    } else {
+        FlushCells();
+        m_builder.Append(QLatin1StringView(bytes), character);
     }
 }
 
@@ -165,14 +172,21 @@ void RtfInterpreter::DoHex(int byte)
 void RtfInterpreter::FlushBytes()
 {
     if (m_bytes.isEmpty()) return;
-    const bool isName = m_state.destination == FontTable;
-    const int ofFont = isName ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(Character().font);
-    const QString text = DecodeRtfBytes(m_bytes, ofFont ? ofFont : m_codePage);
+    const QString text =
+        m_state.destination == FontTable ? Decoded(m_fonts.CodePageOfOpenEntry()) : DecodedByFont(Character().font);
     m_bytes.resize(0);
-    if (isName)
-        m_fonts.AppendName(text);
-    else
-        Put(text);
+    Put(text);
+}
+
+QString RtfInterpreter::Decoded(int codePage) const
+{
+    return DecodeRtfBytes(m_bytes, codePage ? codePage : m_codePage, m_codePage);
+}
+
+QString RtfInterpreter::DecodedByFont(int font) const
+{
+    return m_fonts.HoldsSymbolsAt(font) ? DecodeSymbols(m_bytes, m_fonts.SymbolsAt(font))
+                                        : Decoded(m_fonts.CodePageAt(font));
 }
 
 void RtfInterpreter::Put(QStringView text)

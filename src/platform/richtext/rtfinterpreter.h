@@ -66,9 +66,12 @@ private:
     void DoText(const RtfToken& text);
     void DoHex(int byte);
 
-    void PutBytes(QByteArrayView bytes); // in the code page of the font or the document
+    void PutBytes(QByteArrayView bytes, bool areAscii); // in the code page of the font or the document
     void FlushBytes();
+    QString Decoded(int codePage) const;
+    QString DecodedByFont(int font) const;
     void Put(QStringView text);
+    void PutUnit(char16_t unit);
     void FlushCells();
     void PutFontNames(QByteArrayView bytes);
     void PutColors(QByteArrayView bytes);

@@ -2,6 +2,7 @@
 
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QFont>
 #include <QHash>
@@ -36,12 +37,14 @@ private:
     void WriteStyles(RtfStyles styles);
     void WriteText(QStringView text);
     void WriteOne(QChar character);
+    void WriteSymbols(QStringView text, const RtfSymbols& font);
     void WriteFragment(const QTextFragment& fragment, int begin, int end);
 
     struct Format
     {
         RtfCharacter character;
-        QByteArray picture; // the source of one, or empty
+        QByteArray picture;        // the source of one, or empty
+        const RtfSymbols* symbols; // of the family, or null
     };
 
     template <typename Piece> // a fragment or a block
@@ -104,7 +107,7 @@ QByteArray Writer::Take() const
 {
     QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
     for (qsizetype i = 0; i < m_families.size(); ++i) {
-        rtf += "{\\f" + QByteArray::number(i) + "\\fnil\\fcharset0 ";
+        rtf += "{\\f" + QByteArray::number(i) + "\\fnil\\fcharset" + (SymbolsOfFamily(m_families[i]) ? "2 " : "0 ");
         AppendFamily(rtf, m_families[i]);
         rtf += ";}";
     }
@@ -234,7 +237,7 @@ void Writer::WriteFragment(const QTextFragment& fragment, int begin, int end)
     WriteCharacter(format.character);
     const QString text = fragment.text();
     const QStringView slice = QStringView(text).sliced(first - fragment.position(), last - first);
-    if (format.picture.isEmpty()) return WriteText(slice);
+    if (format.picture.isEmpty()) return format.symbols ? WriteSymbols(slice, *format.symbols) : WriteText(slice);
     for (qsizetype i = 0; i < slice.size(); ++i)
         m_body += format.picture;
     m_isAfterWord = false;
@@ -282,6 +285,27 @@ void Writer::WriteOne(QChar character)
     m_isAfterWord = false;
 }
 
+// As the bytes that the font draws as these signs; what it has none for is written like any other text, though never as
+// a bare letter, which would be another sign.
+void Writer::WriteSymbols(QStringView text, const RtfSymbols& font)
+{
+    for (auto at = text.begin(); at != text.end();) {
+        const bool isPair = at->isHighSurrogate() && at + 1 != text.end() && at[1].isLowSurrogate();
+        const QStringView one(at, isPair ? 2 : 1);
+        const char32_t symbol = isPair ? QChar::surrogateToUcs4(at[0], at[1]) : at->unicode();
+        at += one.size();
+        if (const int byte = ByteOfSymbol(symbol, font); byte > ' ')
+            AppendHex(m_body, static_cast<char16_t>(byte));
+        else if (symbol > ' ' && symbol <= 0x7F)
+            AppendUnicode(m_body, static_cast<char16_t>(symbol));
+        else {
+            WriteText(one);
+            continue;
+        }
+        m_isAfterWord = false;
+    }
+}
+
 template <typename Piece>
 const Writer::Format& Writer::FormatOf(const Piece& piece)
 {
@@ -289,9 +313,10 @@ const Writer::Format& Writer::FormatOf(const Piece& piece)
     if (known != m_formats.cend()) return *known;
     const QTextCharFormat format = piece.charFormat();
     RtfCharacter character = ToRtfCharacter(format, m_font);
-    character.font = PlaceOfFamily(FamilyOf(format, m_font));
-    return *m_formats.insert(piece.charFormatIndex(),
-                             {character, format.property(PictureSourceProperty).toByteArray()});
+    const QString family = FamilyOf(format, m_font);
+    character.font = PlaceOfFamily(family);
+    return *m_formats.insert(piece.charFormatIndex(), {character, format.property(PictureSourceProperty).toByteArray(),
+                                                       SymbolsOfFamily(family)});
 }
 
 int Writer::PlaceOfFamily(const QString& family)

@@ -83,7 +83,12 @@ private Q_SLOTS:
             "\\f2 \x93\xfa"
             "A}",
             u"日A"_s);
-        row("two bytes, never ended", "\\f2\\'93\\b x}", u"x"_s);
+        row("two bytes, never ended", "\\f2 a\\'e0\\b x}", u"aàx"_s);
+        row("two bytes, broken among good ones", "\\f2\\'93\\'fa\\'96\\'7b\\'96 x}", u"日本\uFFFD x"_s);
+        row("signs", "\\f10 a\\'b7\\u-3999?\\u-3913?\\u97?\\tab\\~}", u"α•α•a\t\u00A0"_s);
+        row("signs of a font that is told by its charset alone", "\\f11\\'b7}", u"•"_s);
+        row("signs of Wingdings", "\\f12 J\\'fc\\'e0\\'d8\\'ff}", u"☺✓→➢\uF0FF"_s);
+        row("signs without a table", "\\f13 a}", u"\uF061"_s);
         row("GBK", "\\f3\\'c4\\'e3}", u"你"_s);
         row("Korean", "\\f4\\'c7\\'d1}", u"한"_s);
         row("font's own page", "\\f7\\'e4\\'b8\\'ad}", u"中"_s);
@@ -118,10 +123,12 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, body);
         QFETCH(QString, text);
-        const QByteArray fonts = "{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset204 B;}{\\f2\\fcharset128 "
-                                 "C;}{\\f3\\fcharset134 D;}{\\f4\\fcharset129 "
-                                 "E;}{\\f5\\fcharset161 F;}{\\f6\\fcharset77 G;}{\\f7\\fcharset128\\cpg65001 "
-                                 "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}}";
+        const QByteArray fonts =
+            "{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset204 B;}{\\f2\\fcharset128 "
+            "C;}{\\f3\\fcharset134 D;}{\\f4\\fcharset129 "
+            "E;}{\\f5\\fcharset161 F;}{\\f6\\fcharset77 G;}{\\f7\\fcharset128\\cpg65001 "
+            "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}{\\f10\\fcharset2 Symbol;}{\\f11\\fcharset2 "
+            "L;}{\\f12\\fcharset2 Wingdings;}{\\f13\\fcharset2 Webdings;}}";
         QCOMPARE(Read("{\\rtf1\\ansi\\ansicpg1252\\deff0" + fonts + body), text);
     }
 

@@ -64,7 +64,9 @@ private:
     {
         const auto any = [&](int least, int most) { return QString(QChar(m_random.bounded(least, most))); };
         const char32_t codePoint = m_random.bounded(0x10000, 0x110000);
-        switch (m_random.bounded(9)) {
+        switch (m_random.bounded(10)) {
+        case 8:
+            return OneOf({u"α"_s, u"•"_s, u"✓ "_s, u"☺"_s, u"🕐"_s, u"∴"_s, u"a"_s, u"♈"_s});
         case 0:
             return OneOf({u"\t"_s, u"\u2028"_s, u"\u00A0"_s, u"\u00AD"_s, u"\u2011"_s, u"  "_s, u"\uFFFC"_s});
         case 1:
@@ -72,7 +74,7 @@ private:
         case 2:
             return any(0x80, 0x2000);
         case 3:
-            return any(0x2030, 0xFDD0);
+            return any(0x2030, 0xF000); // above are the private forms of signs, which are read as the signs
         case 4:
             return any(0xFDF0, 0x10000);
         case 5:
@@ -88,7 +90,8 @@ private:
     {
         using Format = QTextCharFormat;
         Format format;
-        format.setFontFamilies({OneOf({u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u" Ünïcödé 明朝😀"_s})});
+        format.setFontFamilies({OneOf(
+            {u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u"Symbol"_s, u"Wingdings"_s, u" Ünïcödé 明朝😀"_s})});
         format.setFontPointSize((1 + m_random.bounded(3276)) / 2.0);
         format.setFontWeight(Is(2) ? QFont::Bold : QFont::Normal);
         format.setFontItalic(Is(2));
