@@ -34,6 +34,11 @@ void RtfInterpreter::Object(int, const RtfToken& word)
     m_builder.AppendPicture(ToImageFormat(picture, *m_document), Character());
 }
 
+void RtfInterpreter::BeginField(int, const RtfToken&)
+{
+    m_state.isField = true;
+}
+
 void RtfInterpreter::PutCharacter(int character, const RtfToken&)
 {
     const QChar text(static_cast<char16_t>(character));
@@ -126,7 +131,7 @@ QRgb RtfInterpreter::ColorAt(int number) const
 
 void RtfInterpreter::SetPlain(int, const RtfToken&)
 {
-    m_state.character = {};
+    m_state.character = {.link = m_state.character.link};
 }
 
 void RtfInterpreter::SetFont(int, const RtfToken& word)
@@ -148,14 +153,22 @@ void RtfInterpreter::SetStyle(int style, const RtfToken& word)
     m_state.character.styles.setFlag(static_cast<RtfStyle>(style), word.ParameterOr(1) != 0);
 }
 
-void RtfInterpreter::SetUnderline(int style, const RtfToken& word)
+void RtfInterpreter::SetUnderline(int place, const RtfToken& word)
 {
-    m_state.character.underline = static_cast<quint8>(word.ParameterOr(1) ? style : QTextCharFormat::NoUnderline);
+    m_state.character.underline = static_cast<quint8>(word.ParameterOr(1) ? place : QTextCharFormat::NoUnderline);
 }
 
 void RtfInterpreter::SetVertical(int alignment, const RtfToken& word)
 {
     m_state.character.vertical = static_cast<quint8>(word.ParameterOr(1) ? alignment : QTextCharFormat::AlignNormal);
+}
+
+void RtfInterpreter::SetRise(int sign, const RtfToken& word)
+{
+    constexpr int Usual = 6;
+    const int rise =
+        std::clamp(word.ParameterOr(Usual), -RtfCharacter::MaximumHalfPoints, RtfCharacter::MaximumHalfPoints);
+    m_state.character.rise = sign * rise;
 }
 
 void RtfInterpreter::SetColor(int, const RtfToken& word)

@@ -1,5 +1,6 @@
 #include "platform/richtext/rtfinterpreter.h"
 
+#include "platform/richtext/rtffield.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfsymbols.h"
 
@@ -16,7 +17,9 @@ constexpr std::size_t MaximumDepth = 1000;
 } // namespace
 
 RtfInterpreter::RtfInterpreter(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
-    : m_tokenizer(rtf), m_builder(cursor, purpose, [this](int place) { return m_fonts.FamilyAt(place); }),
+    : m_tokenizer(rtf),
+      m_builder(cursor, purpose,
+                {[this](int place) { return m_fonts.FamilyAt(place); }, [this](int place) { return m_links[place]; }}),
       m_document(cursor.document())
 {
 }
@@ -77,10 +80,21 @@ void RtfInterpreter::CloseGroup()
     if (m_depthBeyond > 0) {
         --m_depthBeyond;
     } else if (!m_outer.empty()) {
+        const bool wasInstruction = m_state.destination == Instruction;
         // The last paragraph may have no mark, and its format then is the one that holds at the end.
         if (m_outer.size() > 1) m_state = std::move(m_outer.back());
         m_outer.pop_back();
+        if (wasInstruction && m_state.destination != Instruction) EndInstruction();
     }
+}
+
+// What follows in the field's group is the result, and leads where the instruction says.
+void RtfInterpreter::EndInstruction()
+{
+    const QString link = LinkOfField(std::exchange(m_instruction, {}));
+    if (link.isEmpty() || !m_state.isField) return;
+    m_state.character.link = static_cast<int>(m_links.size());
+    m_links.append(link);
 }
 
 void RtfInterpreter::DoWord(const RtfToken& word)
@@ -137,9 +151,11 @@ void RtfInterpreter::DoText(const RtfToken& text)
     case ColorTable:
         PutColors(bytes);
         break;
+    case Instruction:
+        m_bytes += bytes;
+        break;
     case Body:
-        if (!TakesText()) break;
-        PutBytes(bytes, text.isAscii);
+        if (TakesText()) PutBytes(bytes, text.isAscii);
         break;
     default:
         break;
@@ -164,7 +180,7 @@ void RtfInterpreter::DoHex(int byte)
     } else if (byte == '\r' && m_state.destination == Body) {
         FlushBytes();
         EndParagraph(0, {});
-    } else if (byte != 0 && (m_state.destination == FontTable || TakesText())) {
+    } else if (byte != 0 && (m_state.destination == FontTable || m_state.destination == Instruction || TakesText())) {
         m_bytes += static_cast<char>(byte);
     }
 }
@@ -172,26 +188,24 @@ void RtfInterpreter::DoHex(int byte)
 void RtfInterpreter::FlushBytes()
 {
     if (m_bytes.isEmpty()) return;
-    const QString text =
-        m_state.destination == FontTable ? Decoded(m_fonts.CodePageOfOpenEntry()) : DecodedByFont(Character().font);
+    const QString text = Decoded();
     m_bytes.resize(0);
     Put(text);
 }
 
-QString RtfInterpreter::Decoded(int codePage) const
+QString RtfInterpreter::Decoded() const
 {
+    const int font = Character().font;
+    if (m_state.destination == Body && m_fonts.HoldsSymbolsAt(font))
+        return DecodeSymbols(m_bytes, m_fonts.SymbolsAt(font));
+    const int codePage = m_state.destination == FontTable ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(font);
     return DecodeRtfBytes(m_bytes, codePage ? codePage : m_codePage, m_codePage);
-}
-
-QString RtfInterpreter::DecodedByFont(int font) const
-{
-    return m_fonts.HoldsSymbolsAt(font) ? DecodeSymbols(m_bytes, m_fonts.SymbolsAt(font))
-                                        : Decoded(m_fonts.CodePageAt(font));
 }
 
 void RtfInterpreter::Put(QStringView text)
 {
     if (m_state.destination == FontTable) m_fonts.AppendName(text.toString());
+    if (m_state.destination == Instruction) m_instruction += text;
     if (!TakesText()) return;
     FlushCells();
     m_builder.Append(text, Character());

@@ -1,6 +1,8 @@
 #include "platform/richtext/rtfwriter.h"
 
+#include "platform/richtext/rtffield.h"
 #include "platform/richtext/rtfformat.h"
+#include "platform/richtext/rtfoutput.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfsymbols.h"
 
@@ -12,138 +14,120 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <limits>
 #include <utility>
+#include <vector>
 
 namespace {
 
 class Writer
 {
 public:
-    explicit Writer(const QFont& font) : m_font(font) {}
+    explicit Writer(const QTextDocument& document);
 
     void WriteBlock(const QTextBlock& block, int begin, int end);
     void EndParagraph();
     QByteArray Take() const;
 
 private:
-    void Write(const char* word);
-    void Write(const char* word, int parameter);
-    void WriteParagraph(const RtfParagraph& paragraph);
-    void WriteLineSpacing(const RtfParagraph& paragraph);
-    void WriteTabs(const QList<QTextOption::Tab>& tabs);
-    void WriteCharacter(const RtfCharacter& character);
-    void WriteStyles(RtfStyles styles);
-    void WriteText(QStringView text);
-    void WriteOne(QChar character);
-    void WriteSymbols(QStringView text, const RtfSymbols& font);
-    void WriteFragment(const QTextFragment& fragment, int begin, int end);
-
+    // What a format of the document comes to, made once for all of its runs.
     struct Format
     {
         RtfCharacter character;
-        QByteArray picture;        // the source of one, or empty
-        const RtfSymbols* symbols; // of the family, or null
+        int color = 0; // places in the colour table
+        int background = 0;
+        const RtfSymbols* symbols = nullptr; // of the family
+        QByteArray picture;                  // the source of one, or empty
+        QString link;                        // empty where there is none
     };
 
-    template <typename Piece> // a fragment or a block
-    const Format& FormatOf(const Piece& piece);
+    void WriteParagraph(const RtfParagraph& paragraph);
+    void WriteLineSpacing(const RtfParagraph& paragraph);
+    void WriteTabs(const QList<QTextOption::Tab>& tabs);
+    void WriteCharacter(const Format& format);
+    void WriteStyles(RtfStyles changed);
+    void WriteRise(int rise);
+    void WriteLink(const QString& link);
+    void WriteRun(const Format& format, QStringView text);
+
+    const Format& FormatAt(int index, const QTextCharFormat& format);
     int PlaceOfFamily(const QString& family);
     int PlaceOfColor(QRgb color);
 
     QFont m_font;
-    QByteArray m_body;
+    RtfOutput m_body;
     QStringList m_families;
     QList<QRgb> m_colors;
     QHash<QString, int> m_familyPlaces;
     QHash<QRgb, int> m_colorPlaces;
-    QHash<int, Format> m_formats;              // by their index in the document
+    std::vector<Format> m_formats;
+    std::vector<int> m_formatPlaces;           // in m_formats, from 1, by the format's index in the document
     RtfCharacter m_character{.halfPoints = 0}; // as written last; no character has this size
+    RtfCharacter m_outsideLink;                // what holds again behind the link
+    QString m_link;                            // the one that is open
     RtfParagraph m_paragraph;
-    bool m_hasParagraph = false;
-    bool m_isAfterWord = false; // then text needs a blank before it
+    int m_paragraphFormat = -1; // index in the document of the format that m_paragraph was made of
 };
 
-bool IsPlain(QChar character)
+Writer::Writer(const QTextDocument& document) : m_font(document.defaultFont())
 {
-    return character >= u' ' && character <= u'~' && character != u'\\' && character != u'{' && character != u'}';
-}
-
-void AppendNumber(QByteArray& rtf, int number)
-{
-    std::array<char, 12> digits;
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    rtf.append(digits.data(), end - digits.begin());
-}
-
-void AppendHex(QByteArray& rtf, char16_t character)
-{
-    const char byte = static_cast<char>(character);
-    rtf += "\\'" + QByteArray(&byte, 1).toHex();
-}
-
-void AppendUnicode(QByteArray& rtf, char16_t character)
-{
-    rtf += "\\u";
-    AppendNumber(rtf, static_cast<qint16>(character));
-    rtf += '?';
-}
-
-void AppendFamily(QByteArray& rtf, const QString& family)
-{
-    for (const QChar one : family) {
-        const char16_t character = one.unicode();
-        if (character > 126)
-            AppendUnicode(rtf, character);
-        else if (character < ' ' || QStringView(u"\\{};").contains(one))
-            AppendHex(rtf, character);
-        else
-            rtf += static_cast<char>(character);
-    }
+    // Half as much again for the words is enough for most notes.
+    m_body.Reserve(document.characterCount() * qsizetype{3} / 2 + 256);
 }
 
 QByteArray Writer::Take() const
 {
-    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
-    for (qsizetype i = 0; i < m_families.size(); ++i) {
-        rtf += "{\\f" + QByteArray::number(i) + "\\fnil\\fcharset" + (SymbolsOfFamily(m_families[i]) ? "2 " : "0 ");
-        AppendFamily(rtf, m_families[i]);
-        rtf += ";}";
+    RtfOutput head;
+    head.Raw("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
+    for (int i = 0; i < m_families.size(); ++i) {
+        head.Raw("{");
+        head.Word("f", i);
+        head.Word("fnil");
+        head.Word("fcharset", SymbolsOfFamily(m_families[i]) ? 2 : 0);
+        head.Raw(" ");
+        head.Name(m_families[i]);
+        head.Raw(";}");
     }
-    rtf += "}\r\n{\\colortbl ;";
-    for (const QRgb color : m_colors)
-        rtf += "\\red" + QByteArray::number(qRed(color)) + "\\green" + QByteArray::number(qGreen(color)) + "\\blue" +
-               QByteArray::number(qBlue(color)) + ';';
-    return rtf + "}\r\n\\viewkind4\\uc1" + m_body + "}\r\n";
-}
-
-void Writer::Write(const char* word)
-{
-    (m_body += '\\') += word;
-    m_isAfterWord = true;
-}
-
-void Writer::Write(const char* word, int parameter)
-{
-    Write(word);
-    AppendNumber(m_body, parameter);
+    head.Raw("}\r\n{\\colortbl ;");
+    for (const QRgb color : m_colors) {
+        head.Word("red", qRed(color));
+        head.Word("green", qGreen(color));
+        head.Word("blue", qBlue(color));
+        head.Raw(";");
+    }
+    head.Raw("}\r\n\\viewkind4\\uc1");
+    constexpr QByteArrayView Tail = "}\r\n";
+    QByteArray rtf;
+    rtf.reserve(static_cast<qsizetype>(head.Rtf().size() + m_body.Rtf().size()) + Tail.size());
+    return rtf.append(head.Rtf()).append(m_body.Rtf()).append(Tail);
 }
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
 {
-    const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
-    if (!m_hasParagraph || paragraph != m_paragraph) WriteParagraph(paragraph);
-    for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment)
-        WriteFragment(fragment.fragment(), begin, end);
-    if (block.length() == 1) WriteCharacter(FormatOf(block).character);
+    if (const int format = block.blockFormatIndex(); format != m_paragraphFormat) {
+        const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+        if (m_paragraphFormat < 0 || paragraph != m_paragraph) WriteParagraph(paragraph);
+        m_paragraph = paragraph;
+        m_paragraphFormat = format;
+    }
+    if (block.length() == 1) return WriteCharacter(FormatAt(block.charFormatIndex(), block.charFormat()));
+    const QString text = block.text();
+    for (auto at = block.begin(); !at.atEnd(); ++at) {
+        const QTextFragment fragment = at.fragment();
+        const int position = fragment.position();
+        const int first = std::max(begin, position);
+        const int last = std::min(end, position + fragment.length());
+        if (first >= last) continue;
+        WriteRun(FormatAt(fragment.charFormatIndex(), fragment.charFormat()),
+                 QStringView(text).sliced(first - block.position(), last - first));
+    }
+    WriteLink({});
 }
 
 void Writer::EndParagraph()
 {
-    Write("par");
-    m_body += "\r\n";
-    m_isAfterWord = false;
+    m_body.Word("par");
+    m_body.Raw("\r\n");
 }
 
 void Writer::WriteParagraph(const RtfParagraph& paragraph)
@@ -165,48 +149,46 @@ void Writer::WriteParagraph(const RtfParagraph& paragraph)
     };
     constexpr AlignmentWord Alignments[] = {
         {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
-    Write("pard");
-    if (paragraph.isRightToLeft) Write("rtlpar");
+    m_body.Word("pard");
+    if (paragraph.isRightToLeft) m_body.Word("rtlpar");
     for (const auto [word, alignment] : Alignments)
-        if (paragraph.alignment == alignment) Write(word);
+        if (paragraph.alignment == alignment) m_body.Word(word);
     for (const auto [word, measure] : Measures)
-        if (paragraph.measures[measure]) Write(word, paragraph.measures[measure]);
+        if (paragraph.measures[measure]) m_body.Word(word, paragraph.measures[measure]);
     WriteLineSpacing(paragraph);
     WriteTabs(paragraph.tabs);
-    m_paragraph = paragraph;
-    m_hasParagraph = true;
 }
 
 void Writer::WriteLineSpacing(const RtfParagraph& paragraph)
 {
     if (paragraph.lineSpacing == 0) return;
-    Write("sl", paragraph.lineSpacing);
-    Write("slmult", paragraph.isLineMultiple);
+    m_body.Word("sl", paragraph.lineSpacing);
+    m_body.Word("slmult", paragraph.isLineMultiple);
 }
 
 void Writer::WriteTabs(const QList<QTextOption::Tab>& tabs)
 {
     constexpr std::array<const char*, 4> Kinds{nullptr, "tqr", "tqc", "tqdec"}; // by QTextOption::TabType
     for (const QTextOption::Tab& tab : tabs) {
-        if (tab.type != QTextOption::LeftTab) Write(Kinds[tab.type]);
-        Write("tx", static_cast<int>(tab.position));
+        if (tab.type != QTextOption::LeftTab) m_body.Word(Kinds[tab.type]);
+        m_body.Word("tx", static_cast<int>(tab.position));
     }
 }
 
-void Writer::WriteCharacter(const RtfCharacter& character)
+void Writer::WriteCharacter(const Format& format)
 {
+    const RtfCharacter& character = format.character;
     if (character == m_character) return;
     const RtfCharacter old = std::exchange(m_character, character);
-    constexpr std::array<const char*, 8> Underlines{"ulnone",  "ul",       "uldash", "uld",
-                                                    "uldashd", "uldashdd", "ulwave", "ulwave"};
     constexpr std::array<const char*, 3> Verticals{"nosupersub", "super", "sub"};
     WriteStyles(old.styles ^ character.styles);
-    if (character.underline != old.underline) Write(Underlines[character.underline]);
-    if (character.vertical != old.vertical) Write(Verticals[character.vertical]);
-    if (character.color != old.color) Write("cf", PlaceOfColor(character.color));
-    if (character.background != old.background) Write("highlight", PlaceOfColor(character.background));
-    if (character.font != old.font) Write("f", character.font);
-    if (character.halfPoints != old.halfPoints) Write("fs", character.halfPoints);
+    if (character.underline != old.underline) m_body.Word(RtfUnderlines[character.underline].word);
+    if (character.vertical != old.vertical) m_body.Word(Verticals[character.vertical]);
+    if (character.rise != old.rise) WriteRise(character.rise);
+    if (character.color != old.color) m_body.Word("cf", format.color);
+    if (character.background != old.background) m_body.Word("highlight", format.background);
+    if (character.font != old.font) m_body.Word("f", character.font);
+    if (character.halfPoints != old.halfPoints) m_body.Word("fs", character.halfPoints);
 }
 
 void Writer::WriteStyles(RtfStyles changed)
@@ -223,100 +205,66 @@ void Writer::WriteStyles(RtfStyles changed)
                                    {"scaps", RtfStyle::SmallCaps}};
     for (const auto [word, style] : Words) {
         if (!changed.testFlag(style)) continue;
-        Write(word);
-        if (!m_character.styles.testFlag(style)) m_body += '0';
-    }
-}
-
-void Writer::WriteFragment(const QTextFragment& fragment, int begin, int end)
-{
-    const int first = std::max(begin, fragment.position());
-    const int last = std::min(end, fragment.position() + fragment.length());
-    if (first >= last) return;
-    const Format& format = FormatOf(fragment);
-    WriteCharacter(format.character);
-    const QString text = fragment.text();
-    const QStringView slice = QStringView(text).sliced(first - fragment.position(), last - first);
-    if (format.picture.isEmpty()) return format.symbols ? WriteSymbols(slice, *format.symbols) : WriteText(slice);
-    for (qsizetype i = 0; i < slice.size(); ++i)
-        m_body += format.picture;
-    m_isAfterWord = false;
-}
-
-void Writer::WriteText(QStringView text)
-{
-    for (auto next = text.begin(); next != text.end();) {
-        const auto special = std::find_if_not(next, text.end(), IsPlain);
-        if (special != next && std::exchange(m_isAfterWord, false)) m_body += ' ';
-        const qsizetype size = m_body.size();
-        m_body.resize(size + (special - next));
-        std::transform(next, special, m_body.begin() + size, [](QChar plain) { return plain.toLatin1(); });
-        next = special;
-        if (next != text.end()) WriteOne(*next++);
-    }
-}
-
-// The characters that stand for themselves only behind a backslash, or as a word.
-void Writer::WriteOne(QChar character)
-{
-    switch (character.unicode()) {
-    case 0:
-        return;
-    case u'\t':
-        Write("tab");
-        return;
-    case QChar::LineSeparator:
-        Write("line");
-        return;
-    case QChar::Nbsp:
-        m_body += "\\~";
-        break;
-    case u'\\':
-    case u'{':
-    case u'}':
-        (m_body += '\\') += static_cast<char>(character.unicode());
-        break;
-    default:
-        if (character.unicode() < 0x80)
-            AppendHex(m_body, character.unicode());
+        if (m_character.styles.testFlag(style))
+            m_body.Word(word);
         else
-            AppendUnicode(m_body, character.unicode());
-    }
-    m_isAfterWord = false;
-}
-
-// As the bytes that the font draws as these signs; what it has none for is written like any other text, though never as
-// a bare letter, which would be another sign.
-void Writer::WriteSymbols(QStringView text, const RtfSymbols& font)
-{
-    for (auto at = text.begin(); at != text.end();) {
-        const bool isPair = at->isHighSurrogate() && at + 1 != text.end() && at[1].isLowSurrogate();
-        const QStringView one(at, isPair ? 2 : 1);
-        const char32_t symbol = isPair ? QChar::surrogateToUcs4(at[0], at[1]) : at->unicode();
-        at += one.size();
-        if (const int byte = ByteOfSymbol(symbol, font); byte > ' ')
-            AppendHex(m_body, static_cast<char16_t>(byte));
-        else if (symbol > ' ' && symbol <= 0x7F)
-            AppendUnicode(m_body, static_cast<char16_t>(symbol));
-        else {
-            WriteText(one);
-            continue;
-        }
-        m_isAfterWord = false;
+            m_body.Word(word, 0);
     }
 }
 
-template <typename Piece>
-const Writer::Format& Writer::FormatOf(const Piece& piece)
+void Writer::WriteRise(int rise)
 {
-    const auto known = m_formats.constFind(piece.charFormatIndex());
-    if (known != m_formats.cend()) return *known;
-    const QTextCharFormat format = piece.charFormat();
-    RtfCharacter character = ToRtfCharacter(format, m_font);
+    m_body.Word(rise < 0 ? "dn" : "up", std::abs(rise));
+}
+
+// What the formats were before a link holds again behind it, since it is a group.
+void Writer::WriteLink(const QString& link)
+{
+    if (link == m_link) return;
+    if (!m_link.isEmpty()) {
+        m_body.Raw("}}");
+        m_character = m_outsideLink;
+    }
+    m_link = link;
+    if (link.isEmpty()) return;
+    m_outsideLink = m_character;
+    m_body.Raw("{\\field{\\*\\fldinst{");
+    m_body.Text(FieldOfLink(link));
+    m_body.Raw("}}{");
+    m_body.Word("fldrslt");
+}
+
+void Writer::WriteRun(const Format& format, QStringView text)
+{
+    WriteLink(format.link);
+    WriteCharacter(format);
+    if (!format.picture.isEmpty()) {
+        for (qsizetype i = 0; i < text.size(); ++i)
+            m_body.Raw(std::string_view(format.picture));
+    } else if (format.symbols) {
+        m_body.Text(text, *format.symbols);
+    } else {
+        m_body.Text(text);
+    }
+}
+
+const Writer::Format& Writer::FormatAt(int index, const QTextCharFormat& format)
+{
+    const auto at = static_cast<std::size_t>(index);
+    if (at >= m_formatPlaces.size()) m_formatPlaces.resize(at + 1);
+    if (const int place = m_formatPlaces[at]) return m_formats[place - 1];
+    Format made;
     const QString family = FamilyOf(format, m_font);
-    character.font = PlaceOfFamily(family);
-    return *m_formats.insert(piece.charFormatIndex(), {character, format.property(PictureSourceProperty).toByteArray(),
-                                                       SymbolsOfFamily(family)});
+    made.character = ToRtfCharacter(format, m_font);
+    made.character.font = PlaceOfFamily(family);
+    made.color = PlaceOfColor(made.character.color);
+    made.background = PlaceOfColor(made.character.background);
+    made.symbols = SymbolsOfFamily(family);
+    made.picture = format.property(PictureSourceProperty).toByteArray();
+    made.link = format.anchorHref();
+    m_formats.push_back(std::move(made));
+    m_formatPlaces[at] = static_cast<int>(m_formats.size());
+    return m_formats.back();
 }
 
 int Writer::PlaceOfFamily(const QString& family)
@@ -340,7 +288,7 @@ int Writer::PlaceOfColor(QRgb color)
 
 QByteArray WriteRtf(const QTextDocument& document)
 {
-    Writer writer(document.defaultFont());
+    Writer writer(document);
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         writer.WriteBlock(block, 0, std::numeric_limits<int>::max());
         writer.EndParagraph();
@@ -351,7 +299,7 @@ QByteArray WriteRtf(const QTextDocument& document)
 QByteArray WriteRtf(const QTextCursor& selection)
 {
     const QTextDocument& document = *selection.document();
-    Writer writer(document.defaultFont());
+    Writer writer(document);
     const int end = selection.selectionEnd();
     QTextBlock block = document.findBlock(selection.selectionStart());
     for (; block.isValid() && block.position() <= end; block = block.next()) {

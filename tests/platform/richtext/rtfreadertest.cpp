@@ -151,6 +151,12 @@ private Q_SLOTS:
         };
         const auto color = [](QRgb rgb) { return [=](Format f) { return f.foreground().color().rgb() == rgb; }; };
         const auto vertical = [](auto align) { return [=](Format f) { return f.verticalAlignment() == align; }; };
+        const auto offset = [](double percent) { return [=](Format f) { return f.baselineOffset() == percent; }; };
+        const auto link = [](const QString& address) {
+            return [=](Format f) {
+                return f.anchorHref() == address && f.fontWeight() == QFont::Normal && !f.fontUnderline();
+            };
+        };
         const auto underline = [](auto style) { return [=](Format f) { return f.underlineStyle() == style; }; };
         row("x", isPlain);
         row("\\b\\i\\ul\\strike\\cf1\\highlight1\\f1\\fs30\\super\\plain x", isPlain);
@@ -177,10 +183,19 @@ private Q_SLOTS:
         row("\\cf3 x", color(0xFFFF0000));
         row("\\highlight1 x", [](Format f) { return f.background().color().rgb() == 0xFF0A141E; });
         row("\\super x", vertical(QTextCharFormat::AlignSuperScript));
-        row("\\up6 x", vertical(QTextCharFormat::AlignSuperScript));
-        row("\\dn6 x", vertical(QTextCharFormat::AlignSubScript));
+        row("\\up6 x", offset(25));
+        row("\\dn x", offset(-25));
+        row("\\fs48\\dn12 x", offset(-25));
+        row("\\up6\\up0 x", offset(0));
+        row("{\\field{\\*\\fldinst{HYPERLINK \"http://a/b c\"}}{\\fldrslt{\\b a\\plain x}}}", link(u"http://a/b c"_s));
+        row("{\\field\\flddirty{\\*\\fldinst  hyperlink C:\\'5cd \\\\o \"tip\" \\\\l \"top\"}{\\fldrslt x}}",
+            link(u"C:\\d#top"_s));
+        row("{\\field{\\*\\fldinst HYPERLINK \"\\\\\\\\s\\\\\\\\d\\\\\"\\u8364?\"}{\\fldrslt x}}",
+            link(u"\\s\\d\"€"_s));
+        row("{\\field{\\*\\fldinst HYPERLINK \"a\"}{\\fldrslt b}}x", link({}));
+        row("{\\*\\fldinst HYPERLINK \"a\"}x", link({}));
+        row("{\\field{\\*\\fldinst PAGEREF a}{\\fldrslt x}}", link({}));
         row("\\sub\\nosupersub x", vertical(QTextCharFormat::AlignNormal));
-        row("\\up6\\up0 x", vertical(QTextCharFormat::AlignNormal));
         row("\\scaps x", [](Format f) { return f.fontCapitalization() == QFont::SmallCaps; });
         row("{\\b a}{\\i b\\par}x", isPlain);
     }
