@@ -83,7 +83,7 @@ QString LinkOfField(QStringView instruction)
         else if (isSwitch && IsSwitch(word, u"ot")) // a tip, a frame: each has a word of its own
             words.Next();
     }
-    return target;
+    return target.size() <= LongestLink ? target : QString();
 }
 
 QString FieldOfLink(const QString& link)

@@ -27,7 +27,7 @@ public:
 
     void WriteBlock(const QTextBlock& block, int begin, int end);
     void EndParagraph();
-    QByteArray Take() const;
+    QByteArray Take();
 
 private:
     // What a format of the document comes to, made once for all of its runs.
@@ -41,7 +41,8 @@ private:
         QString link;                        // empty where there is none
     };
 
-    void WriteParagraph(const RtfParagraph& paragraph);
+    void WriteParagraph(const QTextBlock& block);
+    void WriteFormats(const RtfParagraph& paragraph);
     void WriteLineSpacing(const RtfParagraph& paragraph);
     void WriteTabs(const QList<QTextOption::Tab>& tabs);
     void WriteCharacter(const Format& format);
@@ -50,7 +51,9 @@ private:
     void WriteLink(const QString& link);
     void WriteRun(const Format& format, QStringView text);
 
-    const Format& FormatAt(int index, const QTextCharFormat& format);
+    template <typename Piece> // a fragment or a block
+    const Format& FormatAt(const Piece& piece);
+    Format MakeFormat(const QTextCharFormat& format);
     int PlaceOfFamily(const QString& family);
     int PlaceOfColor(QRgb color);
 
@@ -63,10 +66,11 @@ private:
     std::vector<Format> m_formats;
     std::vector<int> m_formatPlaces;           // in m_formats, from 1, by the format's index in the document
     RtfCharacter m_character{.halfPoints = 0}; // as written last; no character has this size
-    RtfCharacter m_outsideLink;                // what holds again behind the link
+    RtfParagraph m_paragraph;                  // likewise
+    int m_paragraphFormat = -1;                // the format that it was made of, by its index in the document
     QString m_link;                            // the one that is open
-    RtfParagraph m_paragraph;
-    int m_paragraphFormat = -1; // index in the document of the format that m_paragraph was made of
+    RtfCharacter m_outerCharacter;             // what holds again behind the link, since that is a group
+    RtfParagraph m_outerParagraph;
 };
 
 Writer::Writer(const QTextDocument& document) : m_font(document.defaultFont())
@@ -75,8 +79,9 @@ Writer::Writer(const QTextDocument& document) : m_font(document.defaultFont())
     m_body.Reserve(document.characterCount() * qsizetype{3} / 2 + 256);
 }
 
-QByteArray Writer::Take() const
+QByteArray Writer::Take()
 {
+    WriteLink({});
     RtfOutput head;
     head.Raw("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
     for (int i = 0; i < m_families.size(); ++i) {
@@ -104,13 +109,10 @@ QByteArray Writer::Take() const
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
 {
-    if (const int format = block.blockFormatIndex(); format != m_paragraphFormat) {
-        const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
-        if (m_paragraphFormat < 0 || paragraph != m_paragraph) WriteParagraph(paragraph);
-        m_paragraph = paragraph;
-        m_paragraphFormat = format;
-    }
-    if (block.length() == 1) return WriteCharacter(FormatAt(block.charFormatIndex(), block.charFormat()));
+    // A link may go on from the paragraph before, and if not ends before this one's formats.
+    if (block.begin().atEnd() || FormatAt(block.begin().fragment()).link != m_link) WriteLink({});
+    if (block.blockFormatIndex() != m_paragraphFormat) WriteParagraph(block);
+    if (block.length() == 1) return WriteCharacter(FormatAt(block));
     const QString text = block.text();
     for (auto at = block.begin(); !at.atEnd(); ++at) {
         const QTextFragment fragment = at.fragment();
@@ -118,10 +120,8 @@ void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
         const int first = std::max(begin, position);
         const int last = std::min(end, position + fragment.length());
         if (first >= last) continue;
-        WriteRun(FormatAt(fragment.charFormatIndex(), fragment.charFormat()),
-                 QStringView(text).sliced(first - block.position(), last - first));
+        WriteRun(FormatAt(fragment), QStringView(text).sliced(first - block.position(), last - first));
     }
-    WriteLink({});
 }
 
 void Writer::EndParagraph()
@@ -130,7 +130,15 @@ void Writer::EndParagraph()
     m_body.Raw("\r\n");
 }
 
-void Writer::WriteParagraph(const RtfParagraph& paragraph)
+void Writer::WriteParagraph(const QTextBlock& block)
+{
+    const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    if (m_paragraphFormat < 0 || paragraph != m_paragraph) WriteFormats(paragraph);
+    m_paragraph = paragraph;
+    m_paragraphFormat = block.blockFormatIndex();
+}
+
+void Writer::WriteFormats(const RtfParagraph& paragraph)
 {
     struct MeasureWord
     {
@@ -217,17 +225,18 @@ void Writer::WriteRise(int rise)
     m_body.Word(rise < 0 ? "dn" : "up", std::abs(rise));
 }
 
-// What the formats were before a link holds again behind it, since it is a group.
 void Writer::WriteLink(const QString& link)
 {
     if (link == m_link) return;
     if (!m_link.isEmpty()) {
         m_body.Raw("}}");
-        m_character = m_outsideLink;
+        m_character = m_outerCharacter;
+        if (m_paragraph != m_outerParagraph) WriteFormats(m_paragraph);
     }
     m_link = link;
     if (link.isEmpty()) return;
-    m_outsideLink = m_character;
+    m_outerCharacter = m_character;
+    m_outerParagraph = m_paragraph;
     m_body.Raw("{\\field{\\*\\fldinst{");
     m_body.Text(FieldOfLink(link));
     m_body.Raw("}}{");
@@ -248,11 +257,20 @@ void Writer::WriteRun(const Format& format, QStringView text)
     }
 }
 
-const Writer::Format& Writer::FormatAt(int index, const QTextCharFormat& format)
+template <typename Piece>
+const Writer::Format& Writer::FormatAt(const Piece& piece)
 {
-    const auto at = static_cast<std::size_t>(index);
+    const auto at = static_cast<std::size_t>(piece.charFormatIndex());
     if (at >= m_formatPlaces.size()) m_formatPlaces.resize(at + 1);
-    if (const int place = m_formatPlaces[at]) return m_formats[place - 1];
+    if (m_formatPlaces[at] == 0) {
+        m_formats.push_back(MakeFormat(piece.charFormat()));
+        m_formatPlaces[at] = static_cast<int>(m_formats.size());
+    }
+    return m_formats[m_formatPlaces[at] - 1];
+}
+
+Writer::Format Writer::MakeFormat(const QTextCharFormat& format)
+{
     Format made;
     const QString family = FamilyOf(format, m_font);
     made.character = ToRtfCharacter(format, m_font);
@@ -262,9 +280,8 @@ const Writer::Format& Writer::FormatAt(int index, const QTextCharFormat& format)
     made.symbols = SymbolsOfFamily(family);
     made.picture = format.property(PictureSourceProperty).toByteArray();
     made.link = format.anchorHref();
-    m_formats.push_back(std::move(made));
-    m_formatPlaces[at] = static_cast<int>(m_formats.size());
-    return m_formats.back();
+    if (made.link.size() > LongestLink) made.link.clear();
+    return made;
 }
 
 int Writer::PlaceOfFamily(const QString& family)
