@@ -50,8 +50,8 @@ int RtfFonts::CodePageAt(int place) const
     return m_entries.value(place).codePage;
 }
 
-const RtfSymbols& RtfFonts::SymbolsAt(int place) const
+const RtfSymbols* RtfFonts::SymbolsAt(int place) const
 {
-    const RtfSymbols* const known = SymbolsOfFamily(m_entries.value(place).family);
-    return known ? *known : AnySymbols();
+    const RtfSymbols* const known = SymbolsOfFamily(FamilyAt(place));
+    return !known && HoldsSymbolsAt(place) ? &AnySymbols() : known;
 }

@@ -26,7 +26,7 @@ public:
     QString FamilyAt(int place) const; // empty where the text names none
     int CodePageAt(int place) const;   // 0 where the font leaves it to the document
     bool HoldsSymbolsAt(int place) const { return place >= 0 && m_entries[place].holdsSymbols; }
-    const RtfSymbols& SymbolsAt(int place) const; // of a font that holds them
+    const RtfSymbols* SymbolsAt(int place) const; // of a font that holds them by charset or by name, else null
 
 private:
     struct Entry

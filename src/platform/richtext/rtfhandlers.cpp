@@ -61,10 +61,10 @@ void RtfInterpreter::PutUnicode(int, const RtfToken& word)
 
 void RtfInterpreter::PutUnit(char16_t unit)
 {
-    const int font = Character().font;
-    if (!IsPrivateSymbol(unit) || !m_fonts.HoldsSymbolsAt(font)) return Put(QStringView(&unit, 1));
+    const RtfSymbols* const symbols = IsPrivateSymbol(unit) ? m_fonts.SymbolsAt(Character().font) : nullptr;
+    if (!symbols) return Put(QStringView(&unit, 1));
     const char byte = static_cast<char>(unit);
-    Put(DecodeSymbols(QByteArrayView(&byte, 1), m_fonts.SymbolsAt(font)));
+    Put(DecodeSymbols(QByteArrayView(&byte, 1), *symbols));
 }
 
 void RtfInterpreter::SetFallbackLength(int, const RtfToken& word)

@@ -197,7 +197,7 @@ QString RtfInterpreter::Decoded() const
 {
     const int font = Character().font;
     if (m_state.destination == Body && m_fonts.HoldsSymbolsAt(font))
-        return DecodeSymbols(m_bytes, m_fonts.SymbolsAt(font));
+        return DecodeSymbols(m_bytes, *m_fonts.SymbolsAt(font));
     const int codePage = m_state.destination == FontTable ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(font);
     return DecodeRtfBytes(m_bytes, codePage ? codePage : m_codePage, m_codePage);
 }

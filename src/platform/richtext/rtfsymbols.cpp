@@ -50,7 +50,7 @@ constexpr char16_t PrivateBase = 0xF000;
 
 char32_t SymbolOf(unsigned char byte, const RtfSymbols& font)
 {
-    if (byte < ' ') return byte;
+    if (byte <= ' ') return byte;
     const std::size_t place = byte - ' ';
     const char32_t symbol = place < font.symbols.size() ? font.symbols[place] : 0;
     return symbol ? symbol : PrivateBase + byte;
@@ -82,7 +82,7 @@ QString DecodeSymbols(QByteArrayView bytes, const RtfSymbols& font)
 
 bool IsPrivateSymbol(char32_t character)
 {
-    return character >= PrivateBase + U' ' && character <= PrivateBase + 0xFFU;
+    return character > PrivateBase + U' ' && character <= PrivateBase + 0xFFU;
 }
 
 int ByteOfSymbol(char32_t character, const RtfSymbols& font)
