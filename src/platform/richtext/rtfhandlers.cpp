@@ -61,7 +61,8 @@ void RtfInterpreter::PutUnicode(int, const RtfToken& word)
 
 void RtfInterpreter::PutUnit(char16_t unit)
 {
-    const RtfSymbols* const symbols = IsPrivateSymbol(unit) ? m_fonts.SymbolsAt(Character().font) : nullptr;
+    const bool isSymbol = m_state.destination == Body && IsPrivateSymbol(unit);
+    const RtfSymbols* const symbols = isSymbol ? m_fonts.SymbolsAt(Character().font) : nullptr;
     if (!symbols) return Put(QStringView(&unit, 1));
     const char byte = static_cast<char>(unit);
     Put(DecodeSymbols(QByteArrayView(&byte, 1), *symbols));
