@@ -47,8 +47,11 @@ void RtfOutput::Text(QStringView text)
     for (auto next = text.begin(); next != text.end();) {
         const auto special = std::find_if_not(next, text.end(), IsPlain);
         if (special != next && std::exchange(m_isAfterWord, false)) m_rtf += ' ';
-        for (; next != special; ++next)
-            m_rtf += next->toLatin1();
+        const std::size_t size = m_rtf.size();
+        m_rtf.resize(size + static_cast<std::size_t>(special - next));
+        std::transform(next, special, m_rtf.begin() + static_cast<std::ptrdiff_t>(size),
+                       [](QChar plain) { return plain.toLatin1(); });
+        next = special;
         if (next != text.end()) Character(*next++);
     }
 }

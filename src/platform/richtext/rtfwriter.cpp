@@ -49,6 +49,7 @@ private:
     void WriteStyles(RtfStyles changed);
     void WriteRise(int rise);
     void WriteLink(const QString& link);
+    bool Begins(const QTextBlock& block, const QString& link);
     void WriteRun(const Format& format, QStringView text);
 
     template <typename Piece> // a fragment or a block
@@ -109,18 +110,19 @@ QByteArray Writer::Take()
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
 {
-    // A link may go on from the paragraph before, and if not ends before this one's formats.
-    if (block.begin().atEnd() || FormatAt(block.begin().fragment()).link != m_link) WriteLink({});
+    if (!m_link.isEmpty() && !Begins(block, m_link)) WriteLink({}); // before this paragraph's formats
     if (block.blockFormatIndex() != m_paragraphFormat) WriteParagraph(block);
     if (block.length() == 1) return WriteCharacter(FormatAt(block));
     const QString text = block.text();
+    // Fragments lie one behind the other, and a document takes long to tell a position.
+    int position = block.position();
+    const int start = position;
     for (auto at = block.begin(); !at.atEnd(); ++at) {
         const QTextFragment fragment = at.fragment();
-        const int position = fragment.position();
         const int first = std::max(begin, position);
-        const int last = std::min(end, position + fragment.length());
-        if (first >= last) continue;
-        WriteRun(FormatAt(fragment), QStringView(text).sliced(first - block.position(), last - first));
+        position += fragment.length();
+        const int last = std::min(end, position);
+        if (first < last) WriteRun(FormatAt(fragment), QStringView(text).sliced(first - start, last - first));
     }
 }
 
@@ -241,6 +243,12 @@ void Writer::WriteLink(const QString& link)
     m_body.Text(FieldOfLink(link));
     m_body.Raw("}}{");
     m_body.Word("fldrslt");
+}
+
+bool Writer::Begins(const QTextBlock& block, const QString& link)
+{
+    const auto first = block.begin();
+    return !first.atEnd() && FormatAt(first.fragment()).link == link;
 }
 
 void Writer::WriteRun(const Format& format, QStringView text)

@@ -112,6 +112,11 @@ private Q_SLOTS:
             u"a\tb|c"_s);
         row("section", "a\\sect b\\par\\page c}", u"a|b|c"_s);
         row("binary", "a\\bin5 }{\\}}b\\bin0 c\\bin-3 d}", u"abcd"_s);
+        row("binary longer than the text", "a\\bin2147483647 b}", u"a"_s);
+        row("pair split by a group", "\\u-10179?{\\b\\u-8704?}x}", u"😀x"_s);
+        row("half a pair", "\\u-10179?x}", u"\xD83Dx"_s);
+        row("a font told twice", "{\\fonttbl{\\f1\\fcharset161 B;}}\\f1\\'e1}", u"α"_s);
+        row("a font told behind its use", "\\f20\\'e9{\\fonttbl{\\f20\\fcharset204 B;}}\\'e9\\f20\\'e9}", u"ééй"_s);
         row("shape", "{\\shp{\\*\\shpinst{\\sp{\\sn n}{\\sv v}}{\\shptxt box\\par}}{\\shprslt again}}a}", u"box|a"_s);
         row("unclosed", "a{\\b b{\\i c", u"abc"_s);
         row("too many closed", "a}}}b", u"ab"_s);
