@@ -13,10 +13,10 @@
 
 namespace {
 
-// What is read and written grows with the input and no faster. The factors are those of the dearest input there is:
-// \row for an empty line, and a paragraph with all of its tabs told again and again.
+// What is read and written grows with the input and no faster. The dearest input there is: signs beyond 16 bits, a byte
+// each, and a paragraph with all of its tabs told again and again.
 constexpr qsizetype SomeBytes = 4096;
-constexpr qsizetype LettersForByte = 1;
+constexpr qsizetype LettersForByte = 2;
 constexpr qsizetype BytesForByte = 256;
 
 void Require(bool holds, const char* rule)

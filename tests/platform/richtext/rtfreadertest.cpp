@@ -75,6 +75,8 @@ private Q_SLOTS:
         row("charset 204", "\\f1\\'cf\\'f0\\f0\\'cf}", u"ПрÏ"_s);
         row("charset 161", "\\f5\\'e1}", u"α"_s);
         row("charset 77", "\\f6\\'8e}", u"é"_s);
+        row("charset 88", "\\f14\\'8b\\'9f}", u"čü"_s);
+        row("charset 80", "\\f15\\'c4\\'e3}", u"你"_s);
         row("charset 254", "\\f8\\'e1}", u"ß"_s);
         row("charset 222", "\\f9\\'a1}", u"ก"_s);
         row("two bytes in hex", "\\f2\\'93\\'fa\\'96\\'7b}", u"日本"_s);
@@ -133,7 +135,7 @@ private Q_SLOTS:
             "C;}{\\f3\\fcharset134 D;}{\\f4\\fcharset129 "
             "E;}{\\f5\\fcharset161 F;}{\\f6\\fcharset77 G;}{\\f7\\fcharset128\\cpg65001 "
             "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}{\\f10\\fcharset2 Symbol;}{\\f11\\fcharset2 "
-            "L;}{\\f12\\fcharset2 Wingdings;}{\\f13\\fcharset2 Webdings;}}";
+            "L;}{\\f12\\fcharset2 Wingdings;}{\\f13\\fcharset2 Webdings;}{\\f14\\fcharset88 M;}{\\f15\\fcharset80 N;}}";
         QCOMPARE(Read("{\\rtf1\\ansi\\ansicpg1252\\deff0" + fonts + body), text);
     }
 
