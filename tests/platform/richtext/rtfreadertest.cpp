@@ -294,6 +294,13 @@ private Q_SLOTS:
         QTest::newRow("word") << "\\" + QByteArray(many, 'a') + " b}" << u"b"_s;
         QTest::newRow("number") << "\\b" + QByteArray(many, '9') + " b}" << u"b"_s;
         QTest::newRow("tabs") << QByteArray("\\tx5").repeated(many) + " a}" << u"a"_s;
+        QByteArray fonts, inFonts;
+        for (int number = 0; number < many; ++number) {
+            const QByteArray font = "\\f" + QByteArray::number(number);
+            fonts += '{' + font + " F" + QByteArray::number(number) + ";}";
+            inFonts += font + " a";
+        }
+        QTest::newRow("fonts") << "{\\fonttbl" + fonts + '}' + inFonts << QString(many, u'a');
         QTest::newRow("cells") << QByteArray("\\cell").repeated(many) + "\\row a}" << u"|a"_s;
     }
 
