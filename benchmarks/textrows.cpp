@@ -2,6 +2,9 @@
 #include "platform/richtext/rtfwriter.h"
 #include "rows.h"
 
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryFile>
 #include <QTextBlock>
 
 namespace {
@@ -59,6 +62,35 @@ void BuildWhole()
 {
     QTextDocument document;
     Build(AllTexts().Notes, document);
+}
+
+// The same bytes for both, from the disk.
+const QString& WholeFile()
+{
+    static QTemporaryFile file;
+    static const QString name = [] {
+        if (!file.open() || file.write(AllTexts().Whole) < 0 || !file.flush()) qFatal("no room for a temporary file");
+        return file.fileName();
+    }();
+    return name;
+}
+
+void ReadFromFile()
+{
+    QFile file(WholeFile());
+    if (!file.open(QIODevice::ReadOnly)) return;
+    QTextDocument document;
+    ReadRtf(file.readAll(), document);
+}
+
+bool g_otherReaderRan = false;
+
+void ReadByOtherReader()
+{
+    QProcess reader;
+    reader.setStandardOutputFile(QProcess::nullDevice());
+    reader.start(QStringLiteral("unrtf"), {QStringLiteral("--text"), WholeFile()});
+    g_otherReaderRan = reader.waitForFinished(-1) && reader.exitCode() == 0;
 }
 
 // A day's documents are many; a few dozen of them in turns stand for all.
@@ -127,6 +159,11 @@ void AddTextRows(const Add& add)
     const auto warm = [] { WholeDocument(), SomeDocuments(); };
     add({"read RTF, notes of 300 characters", {ReadNotes}, {BuildNotes}, FewTurns, bytes});
     add({"read RTF, one large document", {ReadWhole}, {BuildWhole}, FewTurns, wholeBytes});
+    add({"read RTF, beside unrtf --text",
+         {ReadFromFile, [] { WholeFile(); }},
+         {ReadByOtherReader, [] { WholeFile(); }, [] { return g_otherReaderRan; }},
+         FewTurns,
+         wholeBytes});
     add({"write RTF, notes of 300 characters",
          {[] { WriteNotes(Rtf); }, warm},
          {[] { WriteNotes(CopyOf); }, warm},

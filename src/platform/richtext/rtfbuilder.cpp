@@ -22,8 +22,8 @@ bool IsLineEnd(QChar character)
 
 } // namespace
 
-RtfBuilder::RtfBuilder(QTextCursor& cursor, Purpose purpose, FamilyAt familyAt)
-    : m_cursor(cursor), m_purpose(purpose), m_familyAt(std::move(familyAt)), m_surroundings(cursor.blockFormat()),
+RtfBuilder::RtfBuilder(QTextCursor& cursor, Purpose purpose, Tables tables)
+    : m_cursor(cursor), m_purpose(purpose), m_tables(std::move(tables)), m_surroundings(cursor.blockFormat()),
       m_keepsFirst(purpose == Insertion && cursor.block().length() > 1),
       m_keepsLast(purpose == Insertion && !cursor.atBlockEnd())
 {
@@ -82,11 +82,13 @@ void RtfBuilder::Finish(const RtfParagraph& paragraph, const RtfCharacter& mark)
 
 void RtfBuilder::OpenBlock(const RtfParagraph& paragraph, const RtfCharacter& mark)
 {
+    RtfCharacter shown = mark;
+    shown.link = -1; // an end of a paragraph leads nowhere
     if (std::exchange(m_hasBlock, true)) {
-        m_cursor.insertBlock(FormatOf(paragraph), FormatOf(mark));
+        m_cursor.insertBlock(FormatOf(paragraph), FormatOf(shown));
     } else if (!m_keepsFirst) {
         m_cursor.setBlockFormat(FormatOf(paragraph));
-        m_cursor.setBlockCharFormat(FormatOf(mark));
+        m_cursor.setBlockCharFormat(FormatOf(shown));
     }
 }
 
@@ -115,7 +117,12 @@ const QTextCharFormat& RtfBuilder::FormatOf(const RtfCharacter& character)
 {
     const auto known = m_charFormats.constFind(character);
     if (known != m_charFormats.cend()) return *known;
-    return *m_charFormats.insert(character, ToCharFormat(character, m_familyAt(character.font)));
+    QTextCharFormat format = ToCharFormat(character, m_tables.familyAt(character.font));
+    if (character.link >= 0) {
+        format.setAnchor(true);
+        format.setAnchorHref(m_tables.linkAt(character.link));
+    }
+    return *m_charFormats.insert(character, format);
 }
 
 const QTextBlockFormat& RtfBuilder::FormatOf(const RtfParagraph& paragraph)

@@ -20,9 +20,14 @@ public:
         WholeDocument,
         Insertion
     };
-    using FamilyAt = std::function<QString(int place)>;
+    // The tables that characters' formats lead to.
+    struct Tables
+    {
+        std::function<QString(int place)> familyAt;
+        std::function<QString(int place)> linkAt;
+    };
 
-    RtfBuilder(QTextCursor& cursor, Purpose purpose, FamilyAt familyAt);
+    RtfBuilder(QTextCursor& cursor, Purpose purpose, Tables tables);
 
     void Append(QLatin1StringView text, const RtfCharacter& character);
     void Append(QStringView text, const RtfCharacter& character); // leaves out what a document cannot hold
@@ -50,7 +55,7 @@ private:
 
     QTextCursor& m_cursor; // no copy, as every cursor in a document makes each insertion slower
     Purpose m_purpose;
-    FamilyAt m_familyAt;
+    Tables m_tables;
     QTextBlockFormat m_surroundings; // of the paragraph that an insertion goes into
     bool m_keepsFirst = false;
     bool m_keepsLast = false;

@@ -16,9 +16,10 @@ struct Charset
 };
 
 constexpr Charset Charsets[] = {
-    {0, 1252},   {2, 1252},   {77, 10000}, {78, 932},   {128, 932},  {129, 949},  {130, 949},
-    {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256},
-    {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
+    {0, 1252},   {2, 1252},   {77, 10000}, {78, 10001}, {79, 10003}, {80, 10008}, {81, 10002}, {83, 10005},
+    {85, 10006}, {86, 10081}, {87, 10021}, {88, 10029}, {89, 10007}, {128, 932},  {129, 949},  {130, 949},
+    {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256}, {186, 1257},
+    {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
 };
 
 struct CodePage
@@ -29,19 +30,50 @@ struct CodePage
 };
 
 constexpr CodePage CodePages[] = {
-    {1252, "windows-1252"},     {437, "ibm-437"},           {720, "ibm-720"},
-    {737, "ibm-737"},           {775, "ibm-775"},           {850, "ibm-850"},
-    {852, "ibm-852"},           {855, "ibm-855"},           {857, "ibm-857"},
-    {858, "ibm-858"},           {860, "ibm-860"},           {861, "ibm-861"},
-    {862, "ibm-862"},           {863, "ibm-863"},           {864, "ibm-864"},
-    {865, "ibm-865"},           {866, "ibm-866"},           {869, "ibm-869"},
-    {874, "windows-874"},       {932, "windows-932", true}, {936, "windows-936", true},
-    {949, "windows-949", true}, {950, "windows-950", true}, {1250, "windows-1250"},
-    {1251, "windows-1251"},     {1253, "windows-1253"},     {1254, "windows-1254"},
-    {1255, "windows-1255"},     {1256, "windows-1256"},     {1257, "windows-1257"},
-    {1258, "windows-1258"},     {10000, "macintosh"},       {10001, "windows-932", true},
-    {10006, "x-mac-greek"},     {10007, "x-mac-cyrillic"},  {10029, "x-mac-centraleurroman"},
-    {10081, "x-mac-turkish"},   {54936, "gb18030", true},   {65001, "utf-8", true},
+    {1252, "windows-1252"},
+    {437, "ibm-437"},
+    {720, "ibm-720"},
+    {737, "ibm-737"},
+    {775, "ibm-775"},
+    {850, "ibm-850"},
+    {852, "ibm-852"},
+    {855, "ibm-855"},
+    {857, "ibm-857"},
+    {858, "ibm-858"},
+    {860, "ibm-860"},
+    {861, "ibm-861"},
+    {862, "ibm-862"},
+    {863, "ibm-863"},
+    {864, "ibm-864"},
+    {865, "ibm-865"},
+    {866, "ibm-866"},
+    {869, "ibm-869"},
+    {874, "windows-874"},
+    {932, "windows-932", true},
+    {936, "windows-936", true},
+    {949, "windows-949", true},
+    {950, "windows-950", true},
+    {1250, "windows-1250"},
+    {1251, "windows-1251"},
+    {1253, "windows-1253"},
+    {1254, "windows-1254"},
+    {1255, "windows-1255"},
+    {1256, "windows-1256"},
+    {1257, "windows-1257"},
+    {1258, "windows-1258"},
+    {10000, "macintosh"},
+    {10001, "windows-932", true},
+    {10002, "windows-950", true},
+    {10003, "windows-949", true},
+    {10005, "windows-1255"},
+    {10008, "windows-936", true},
+    {10021, "windows-874"},
+    {10006, "x-mac-greek"},
+    {10007, "x-mac-cyrillic"},
+    {10029, "x-mac-centraleurroman"},
+    {10081, "x-mac-turkish"},
+    {54936, "gb18030", true},
+    {65001, "utf-8", true},
 };
 
 const CodePage& PageOf(int number)
@@ -77,6 +109,25 @@ bool IsAscii(char byte)
     return static_cast<unsigned char>(byte) < 128;
 }
 
+QString DecodeSingleBytes(QByteArrayView bytes, const CodePage& page)
+{
+    QString text = QString::fromLatin1(bytes);
+    if (std::ranges::all_of(bytes, IsAscii)) return text;
+    const UpperHalf& upperHalf = UpperHalfOf(page);
+    for (QChar& character : text)
+        if (character.unicode() > 127) character = upperHalf[character.unicode() - 128];
+    return text;
+}
+
+constexpr QChar Substitute(0x1A); // what decoders put for some broken characters
+
+bool IsMostlyBroken(const QString& text)
+{
+    const auto broken = text.count(QChar(QChar::ReplacementCharacter));
+    const auto foreign = std::ranges::count_if(text, [](QChar character) { return character.unicode() > 127; });
+    return foreign == 0 || broken * 2 > foreign; // a character cut off at the end leaves no trace
+}
+
 } // namespace
 
 int CodePageOfCharset(int charset)
@@ -85,14 +136,14 @@ int CodePageOfCharset(int charset)
     return found == std::end(Charsets) ? 0 : found->codePage;
 }
 
-QString DecodeRtfBytes(QByteArrayView bytes, int codePage)
+QString DecodeRtfBytes(QByteArrayView bytes, int codePage, int otherPage)
 {
     const CodePage& page = PageOf(codePage);
-    if (page.takesSeveralBytes) return QStringDecoder(page.name).decode(bytes);
-    QString text = QString::fromLatin1(bytes);
-    if (std::ranges::all_of(bytes, IsAscii)) return text;
-    const UpperHalf& upperHalf = UpperHalfOf(page);
-    for (QChar& character : text)
-        if (character.unicode() > 127) character = upperHalf[character.unicode() - 128];
-    return text;
+    if (!page.takesSeveralBytes) return DecodeSingleBytes(bytes, page);
+    QStringDecoder decoder(page.name, QStringDecoder::Flag::Stateless);
+    QString text = decoder.decode(bytes);
+    if (!decoder.hasError()) return text;
+    text.replace(Substitute, QChar::ReplacementCharacter);
+    const CodePage& other = PageOf(otherPage);
+    return !other.takesSeveralBytes && IsMostlyBroken(text) ? DecodeSingleBytes(bytes, other) : text;
 }

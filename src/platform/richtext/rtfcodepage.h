@@ -10,5 +10,6 @@ inline constexpr int AnsiCodePage = 1252;
 // The code page of a font's character set; 0 where the set leaves it to the document.
 int CodePageOfCharset(int charset);
 
-// Decodes by code page. What a page does not define becomes U+FFFD; an unknown page reads as 1252.
-QString DecodeRtfBytes(QByteArrayView bytes, int codePage);
+// Decodes by code page. What a page does not define becomes U+FFFD; an unknown page reads as 1252. Text of single bytes
+// whose font claims a page of several bytes a character is common: it is read by the other page.
+QString DecodeRtfBytes(QByteArrayView bytes, int codePage, int otherPage = AnsiCodePage);

@@ -1,22 +1,32 @@
 #include "platform/richtext/rtffonts.h"
 
 #include "platform/richtext/rtfcodepage.h"
+#include "platform/richtext/rtfsymbols.h"
+
+namespace {
+constexpr int SymbolCharset = 2;
+
+// Text in fonts beyond is in the default font. A document compares every new family with all that it has.
+constexpr qsizetype MostFonts = 2000;
+} // namespace
 
 void RtfFonts::Begin(int number)
 {
+    m_isOpen = m_entries.size() < MostFonts;
+    if (!m_isOpen) return;
     m_places.insert(number, static_cast<int>(m_entries.size()));
     m_entries.append(Entry{});
-    m_isOpen = true;
 }
 
 void RtfFonts::SetCharset(int charset)
 {
     SetCodePage(CodePageOfCharset(charset));
+    if (m_isOpen) m_entries.last().holdsSymbols = charset == SymbolCharset;
 }
 
 void RtfFonts::SetCodePage(int codePage)
 {
-    if (!m_entries.isEmpty()) m_entries.last().codePage = codePage;
+    if (m_isOpen) m_entries.last().codePage = codePage;
 }
 
 void RtfFonts::AppendName(const QString& name)
@@ -26,7 +36,7 @@ void RtfFonts::AppendName(const QString& name)
 
 int RtfFonts::CodePageOfOpenEntry() const
 {
-    return m_entries.isEmpty() ? 0 : m_entries.last().codePage;
+    return m_isOpen ? m_entries.last().codePage : 0;
 }
 
 int RtfFonts::PlaceOf(int number) const
@@ -42,4 +52,10 @@ QString RtfFonts::FamilyAt(int place) const
 int RtfFonts::CodePageAt(int place) const
 {
     return m_entries.value(place).codePage;
+}
+
+const RtfSymbols* RtfFonts::SymbolsAt(int place) const
+{
+    const RtfSymbols* const known = SymbolsOfFamily(FamilyAt(place));
+    return !known && HoldsSymbolsAt(place) ? &AnySymbols() : known;
 }

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+struct RtfSymbols;
+
 class RtfFonts
 {
 public:
@@ -23,12 +25,15 @@ public:
     int PlaceOfDefault() const { return PlaceOf(m_defaultNumber); }
     QString FamilyAt(int place) const; // empty where the text names none
     int CodePageAt(int place) const;   // 0 where the font leaves it to the document
+    bool HoldsSymbolsAt(int place) const { return place >= 0 && m_entries[place].holdsSymbols; }
+    const RtfSymbols* SymbolsAt(int place) const; // of a font that holds them by charset or by name, else null
 
 private:
     struct Entry
     {
         QString family;
         int codePage = 0;
+        bool holdsSymbols = false;
     };
 
     QList<Entry> m_entries;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -111,7 +112,11 @@ RtfStyles StylesOf(const QTextCharFormat& format, const QFont& font)
 
 quint8 UnderlineOf(const QTextCharFormat& format, const QFont& font)
 {
-    if (format.hasProperty(QTextFormat::TextUnderlineStyle)) return static_cast<quint8>(format.underlineStyle());
+    if (format.hasProperty(QTextFormat::TextUnderlineStyle)) {
+        const auto kind = static_cast<std::size_t>(format.intProperty(RtfUnderlineProperty));
+        const bool isKept = kind < std::size(RtfUnderlines) && RtfUnderlines[kind].style == format.underlineStyle();
+        return static_cast<quint8>(isKept ? kind : format.underlineStyle());
+    }
     const bool isUnderlined =
         format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : font.underline();
     return isUnderlined ? QTextCharFormat::SingleUnderline : QTextCharFormat::NoUnderline;
@@ -130,7 +135,13 @@ QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& fam
     format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));
     format.setFontStrikeOut(character.styles.testFlag(RtfStyle::StrikeOut));
-    format.setUnderlineStyle(static_cast<QTextCharFormat::UnderlineStyle>(character.underline));
+    format.setUnderlineStyle(RtfUnderlines[character.underline].style);
+    if (character.underline > QTextCharFormat::SpellCheckUnderline)
+        format.setProperty(RtfUnderlineProperty, int(character.underline));
+    if (character.rise) {
+        format.setProperty(RtfRiseProperty, character.rise);
+        format.setBaselineOffset(character.rise * 100.0 / character.halfPoints);
+    }
     if (character.color) format.setForeground(QColor(character.color));
     if (character.background) format.setBackground(QColor(character.background));
     if (character.vertical != QTextCharFormat::AlignNormal)
@@ -145,7 +156,8 @@ QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& fam
 size_t qHash(const RtfCharacter& character, size_t seed) noexcept
 {
     return qHashMulti(seed, character.font, character.halfPoints, character.color, character.background,
-                      character.styles.toInt(), character.underline, character.vertical);
+                      character.styles.toInt(), character.underline, character.vertical, character.rise,
+                      character.link);
 }
 
 QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family)
@@ -153,6 +165,7 @@ QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family)
     constexpr qsizetype MostKept = 1000;
     thread_local QHash<std::pair<RtfCharacter, QString>, QTextCharFormat> kept;
     character.font = -1; // the family says it
+    character.link = -1;
     const std::pair key(character, family);
     const auto known = kept.constFind(key);
     if (known != kept.cend()) return *known;
@@ -191,7 +204,9 @@ RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)
             .background = ColorOf(format.background()),
             .styles = StylesOf(format, font),
             .underline = UnderlineOf(format, font),
-            .vertical = static_cast<quint8>(isRaised ? vertical : QTextCharFormat::AlignNormal)};
+            .vertical = static_cast<quint8>(isRaised ? vertical : QTextCharFormat::AlignNormal),
+            .rise = std::clamp(format.intProperty(RtfRiseProperty), -RtfCharacter::MaximumHalfPoints,
+                               RtfCharacter::MaximumHalfPoints)};
 }
 
 RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)

@@ -9,6 +9,7 @@
 #include <QTextOption>
 
 #include <array>
+#include <string_view>
 
 enum class RtfStyle : quint8
 {
@@ -22,18 +23,45 @@ enum class RtfStyle : quint8
 Q_DECLARE_FLAGS(RtfStyles, RtfStyle)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RtfStyles)
 
+// The kinds of line under text: what rich text calls it and what a document draws. The first eight are those of the
+// document, by their numbers; the others are drawn as the nearest of them and keep their word.
+struct RtfUnderline
+{
+    std::string_view word;
+    QTextCharFormat::UnderlineStyle style;
+};
+inline constexpr RtfUnderline RtfUnderlines[] = {
+    {"ulnone", QTextCharFormat::NoUnderline},     {"ul", QTextCharFormat::SingleUnderline},
+    {"uldash", QTextCharFormat::DashUnderline},   {"uld", QTextCharFormat::DotLine},
+    {"uldashd", QTextCharFormat::DashDotLine},    {"uldashdd", QTextCharFormat::DashDotDotLine},
+    {"ulwave", QTextCharFormat::WaveUnderline},   {"ulwave", QTextCharFormat::SpellCheckUnderline},
+    {"uldb", QTextCharFormat::SingleUnderline},   {"ulw", QTextCharFormat::SingleUnderline},
+    {"ulth", QTextCharFormat::SingleUnderline},   {"ulhair", QTextCharFormat::SingleUnderline},
+    {"ulthd", QTextCharFormat::DotLine},          {"ulldash", QTextCharFormat::DashUnderline},
+    {"ulthdash", QTextCharFormat::DashUnderline}, {"ulthldash", QTextCharFormat::DashUnderline},
+    {"ulthdashd", QTextCharFormat::DashDotLine},  {"ulthdashdd", QTextCharFormat::DashDotDotLine},
+    {"ulhwave", QTextCharFormat::WaveUnderline},  {"ululdbwave", QTextCharFormat::WaveUnderline},
+};
+
+// What a document has no property for and is kept for the writing.
+inline constexpr int RtfUnderlineProperty = QTextFormat::UserProperty + 0x501; // place in RtfUnderlines
+inline constexpr int RtfRiseProperty = QTextFormat::UserProperty + 0x502;      // half points, as in RtfCharacter
+
 struct RtfCharacter
 {
     static constexpr int DefaultHalfPoints = 24;
     static constexpr int MaximumHalfPoints = 3276;
 
     int font = -1; // place in a table of families; -1 before any is chosen
+    int link = -1; // place in a table of addresses; -1 where there is none
     int halfPoints = DefaultHalfPoints;
     QRgb color = 0;      // 0 is none of its own
     QRgb background = 0; // 0 is none
     RtfStyles styles;
-    quint8 underline = QTextCharFormat::NoUnderline;
+    quint8 underline = QTextCharFormat::NoUnderline; // place in RtfUnderlines
     quint8 vertical = QTextCharFormat::AlignNormal;
+
+    int rise = 0; // half points above the line; below it where negative
 
     bool operator==(const RtfCharacter&) const = default;
 };
@@ -73,6 +101,7 @@ struct RtfParagraph
 // The family of text whose font has no name.
 inline constexpr QStringView NamelessFamily = u"Arial";
 
+// Link and family are places in tables of the caller, who gives the family and sets the link.
 // Kept for the notes to come, since the notes of a planner share a few formats, which are dear to make.
 QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family);
 QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph);

@@ -1,6 +1,7 @@
 // What the control words do.
 #include "platform/richtext/rtfinterpreter.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QTextDocument>
 
@@ -33,6 +34,11 @@ void RtfInterpreter::Object(int, const RtfToken& word)
     m_builder.AppendPicture(ToImageFormat(picture, *m_document), Character());
 }
 
+void RtfInterpreter::BeginField(int, const RtfToken&)
+{
+    m_state.isField = true;
+}
+
 void RtfInterpreter::PutCharacter(int character, const RtfToken&)
 {
     const QChar text(static_cast<char16_t>(character));
@@ -46,8 +52,20 @@ void RtfInterpreter::PutUnicode(int, const RtfToken& word)
     // A signed 16-bit number by rights; some write it unsigned, and some a whole code point.
     const auto codePoint = static_cast<char32_t>(word.parameter);
     const bool isWhole = word.parameter > 0xFFFF && codePoint <= QChar::LastValidCodePoint;
-    Put(isWhole ? QString::fromUcs4(&codePoint, 1) : QString(QChar(static_cast<char16_t>(word.parameter))));
+    if (isWhole)
+        Put(QString::fromUcs4(&codePoint, 1));
+    else
+        PutUnit(static_cast<char16_t>(word.parameter));
     m_skip = m_state.fallbackLength;
+}
+
+void RtfInterpreter::PutUnit(char16_t unit)
+{
+    const bool isSymbol = m_state.destination == Body && IsPrivateSymbol(unit);
+    const RtfSymbols* const symbols = isSymbol ? m_fonts.SymbolsAt(Character().font) : nullptr;
+    if (!symbols) return Put(QStringView(&unit, 1));
+    const char byte = static_cast<char>(unit);
+    Put(DecodeSymbols(QByteArrayView(&byte, 1), *symbols));
 }
 
 void RtfInterpreter::SetFallbackLength(int, const RtfToken& word)
@@ -114,7 +132,7 @@ QRgb RtfInterpreter::ColorAt(int number) const
 
 void RtfInterpreter::SetPlain(int, const RtfToken&)
 {
-    m_state.character = {};
+    m_state.character = {.link = m_state.character.link};
 }
 
 void RtfInterpreter::SetFont(int, const RtfToken& word)
@@ -136,14 +154,22 @@ void RtfInterpreter::SetStyle(int style, const RtfToken& word)
     m_state.character.styles.setFlag(static_cast<RtfStyle>(style), word.ParameterOr(1) != 0);
 }
 
-void RtfInterpreter::SetUnderline(int style, const RtfToken& word)
+void RtfInterpreter::SetUnderline(int place, const RtfToken& word)
 {
-    m_state.character.underline = static_cast<quint8>(word.ParameterOr(1) ? style : QTextCharFormat::NoUnderline);
+    m_state.character.underline = static_cast<quint8>(word.ParameterOr(1) ? place : QTextCharFormat::NoUnderline);
 }
 
 void RtfInterpreter::SetVertical(int alignment, const RtfToken& word)
 {
     m_state.character.vertical = static_cast<quint8>(word.ParameterOr(1) ? alignment : QTextCharFormat::AlignNormal);
+}
+
+void RtfInterpreter::SetRise(int sign, const RtfToken& word)
+{
+    constexpr int Usual = 6;
+    const int rise =
+        std::clamp(word.ParameterOr(Usual), -RtfCharacter::MaximumHalfPoints, RtfCharacter::MaximumHalfPoints);
+    m_state.character.rise = sign * rise;
 }
 
 void RtfInterpreter::SetColor(int, const RtfToken& word)

@@ -1,6 +1,8 @@
 #include "platform/richtext/rtfinterpreter.h"
 
+#include "platform/richtext/rtffield.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QTextDocument>
 
@@ -15,7 +17,9 @@ constexpr std::size_t MaximumDepth = 1000;
 } // namespace
 
 RtfInterpreter::RtfInterpreter(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
-    : m_tokenizer(rtf), m_builder(cursor, purpose, [this](int place) { return m_fonts.FamilyAt(place); }),
+    : m_tokenizer(rtf),
+      m_builder(cursor, purpose,
+                {[this](int place) { return m_fonts.FamilyAt(place); }, [this](int place) { return m_links[place]; }}),
       m_document(cursor.document())
 {
 }
@@ -76,10 +80,21 @@ void RtfInterpreter::CloseGroup()
     if (m_depthBeyond > 0) {
         --m_depthBeyond;
     } else if (!m_outer.empty()) {
+        const bool wasInstruction = m_state.destination == Instruction;
         // The last paragraph may have no mark, and its format then is the one that holds at the end.
         if (m_outer.size() > 1) m_state = std::move(m_outer.back());
         m_outer.pop_back();
+        if (wasInstruction && m_state.destination != Instruction) EndInstruction();
     }
+}
+
+// What follows in the field's group is the result, and leads where the instruction says.
+void RtfInterpreter::EndInstruction()
+{
+    const QString link = LinkOfField(std::exchange(m_instruction, {}));
+    if (link.isEmpty() || !m_state.isField) return;
+    m_state.character.link = static_cast<int>(m_links.size());
+    m_links.append(link);
 }
 
 void RtfInterpreter::DoWord(const RtfToken& word)
@@ -136,17 +151,25 @@ void RtfInterpreter::DoText(const RtfToken& text)
     case ColorTable:
         PutColors(bytes);
         break;
+    case Instruction:
+        m_bytes += bytes;
+        break;
     case Body:
-        if (!TakesText()) break;
-        if (!text.isAscii || !m_bytes.isEmpty()) {
-            m_bytes += bytes;
-        } else {
-            FlushCells();
-            m_builder.Append(QLatin1StringView(bytes), Character());
-        }
+        if (TakesText()) PutBytes(bytes, text.isAscii);
         break;
     default:
         break;
+    }
+}
+
+void RtfInterpreter::PutBytes(QByteArrayView bytes, bool areAscii)
+{
+    const RtfCharacter character = Character();
+    if (!areAscii || !m_bytes.isEmpty() || m_fonts.HoldsSymbolsAt(character.font)) {
+        m_bytes += bytes;
+    } else {
+        FlushCells();
+        m_builder.Append(QLatin1StringView(bytes), character);
     }
 }
 
@@ -157,7 +180,7 @@ void RtfInterpreter::DoHex(int byte)
     } else if (byte == '\r' && m_state.destination == Body) {
         FlushBytes();
         EndParagraph(0, {});
-    } else if (byte != 0 && (m_state.destination == FontTable || TakesText())) {
+    } else if (byte != 0 && (m_state.destination == FontTable || m_state.destination == Instruction || TakesText())) {
         m_bytes += static_cast<char>(byte);
     }
 }
@@ -165,19 +188,24 @@ void RtfInterpreter::DoHex(int byte)
 void RtfInterpreter::FlushBytes()
 {
     if (m_bytes.isEmpty()) return;
-    const bool isName = m_state.destination == FontTable;
-    const int ofFont = isName ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(Character().font);
-    const QString text = DecodeRtfBytes(m_bytes, ofFont ? ofFont : m_codePage);
+    const QString text = Decoded();
     m_bytes.resize(0);
-    if (isName)
-        m_fonts.AppendName(text);
-    else
-        Put(text);
+    Put(text);
+}
+
+QString RtfInterpreter::Decoded() const
+{
+    const int font = Character().font;
+    if (m_state.destination == Body && m_fonts.HoldsSymbolsAt(font))
+        return DecodeSymbols(m_bytes, *m_fonts.SymbolsAt(font));
+    const int codePage = m_state.destination == FontTable ? m_fonts.CodePageOfOpenEntry() : m_fonts.CodePageAt(font);
+    return DecodeRtfBytes(m_bytes, codePage ? codePage : m_codePage, m_codePage);
 }
 
 void RtfInterpreter::Put(QStringView text)
 {
     if (m_state.destination == FontTable) m_fonts.AppendName(text.toString());
+    if (m_state.destination == Instruction) m_instruction += text;
     if (!TakesText()) return;
     FlushCells();
     m_builder.Append(text, Character());

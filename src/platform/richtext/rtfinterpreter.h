@@ -28,7 +28,8 @@ private:
         Skipped,
         Structure,
         FontTable,
-        ColorTable
+        ColorTable,
+        Instruction // of a field
     };
 
     struct State
@@ -37,6 +38,7 @@ private:
         RtfParagraph paragraph;
         Destination destination = Body;
         bool isInObject = false;
+        bool isField = false;                                // so that an instruction tells what its result leads to
         QTextOption::TabType tabType = QTextOption::LeftTab; // of the next tab stop
         int fallbackLength = 1;                              // characters behind \u for readers that do not know it
     };
@@ -61,14 +63,17 @@ private:
     void Interpret(const RtfToken& token);
     void OpenGroup();
     void CloseGroup();
+    void EndInstruction();
     void DoWord(const RtfToken& word);
     void DoSymbol(char symbol);
     void DoText(const RtfToken& text);
     void DoHex(int byte);
 
-    void PutBytes(QByteArrayView bytes); // in the code page of the font or the document
+    void PutBytes(QByteArrayView bytes, bool areAscii); // in the code page of the font or the document
     void FlushBytes();
+    QString Decoded() const;
     void Put(QStringView text);
+    void PutUnit(char16_t unit);
     void FlushCells();
     void PutFontNames(QByteArrayView bytes);
     void PutColors(QByteArrayView bytes);
@@ -79,6 +84,7 @@ private:
     void EnterDestination(int destination, const RtfToken& word);
     void Picture(int, const RtfToken& word);
     void Object(int, const RtfToken& word);
+    void BeginField(int, const RtfToken& word);
     void PutCharacter(int character, const RtfToken&);
     void PutUnicode(int, const RtfToken& word);
     void SetFallbackLength(int, const RtfToken& word);
@@ -95,8 +101,9 @@ private:
     void SetFont(int, const RtfToken& word);
     void SetFontSize(int, const RtfToken& word);
     void SetStyle(int style, const RtfToken& word);
-    void SetUnderline(int style, const RtfToken& word);
+    void SetUnderline(int place, const RtfToken& word);
     void SetVertical(int alignment, const RtfToken& word);
+    void SetRise(int sign, const RtfToken& word);
     void SetColor(int, const RtfToken& word);
     void SetBackground(int, const RtfToken& word);
     void SetParagraphPlain(int, const RtfToken&);
@@ -124,6 +131,8 @@ private:
     qsizetype m_cells = 0;       // cell ends not yet written: those that end a row are not
     QByteArray m_bytes;          // not yet decoded, as a character may need more of them
     int m_codePage = AnsiCodePage;
+    QString m_instruction;
+    QStringList m_links;
     std::vector<QRgb> m_colors;
     QRgb m_color = 0; // the entry of the colour table that is being read
 };

@@ -4,12 +4,21 @@
 #include <QTextFormat>
 #include <QTextOption>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 using Reader = RtfInterpreter;
+
+namespace {
+consteval int PlaceOfUnderline(std::string_view word)
+{
+    return static_cast<int>(std::ranges::find(RtfUnderlines, word, &RtfUnderline::word) - std::begin(RtfUnderlines));
+}
+} // namespace
 
 constexpr RtfInterpreter::Word RtfInterpreter::Words[] = {
     {"aftncn", &Reader::EnterDestination, Skipped},
@@ -38,7 +47,7 @@ constexpr RtfInterpreter::Word RtfInterpreter::Words[] = {
     {"datafield", &Reader::EnterDestination, Skipped},
     {"datastore", &Reader::EnterDestination, Skipped},
     {"deff", &Reader::SetDefaultFont},
-    {"dn", &Reader::SetVertical, QTextCharFormat::AlignSubScript},
+    {"dn", &Reader::SetRise, -1},
     {"do", &Reader::EnterDestination, Skipped},
     {"emdash", &Reader::PutCharacter, 0x2014},
     {"emspace", &Reader::PutCharacter, 0x2003},
@@ -49,7 +58,8 @@ constexpr RtfInterpreter::Word RtfInterpreter::Words[] = {
     {"fcharset", &Reader::SetFontCharset},
     {"fi", &Reader::SetMeasure, RtfParagraph::First},
     {"filetbl", &Reader::EnterDestination, Skipped},
-    {"fldinst", &Reader::EnterDestination, Skipped},
+    {"field", &Reader::BeginField},
+    {"fldinst", &Reader::EnterDestination, Instruction},
     {"fname", &Reader::EnterDestination, Skipped},
     {"fontemb", &Reader::EnterDestination, Skipped},
     {"fonttbl", &Reader::EnterDestination, FontTable},
@@ -155,26 +165,26 @@ constexpr RtfInterpreter::Word RtfInterpreter::Words[] = {
     {"u", &Reader::PutUnicode},
     {"uc", &Reader::SetFallbackLength},
     {"ud", &Reader::EnterDestination, Body},
-    {"ul", &Reader::SetUnderline, QTextCharFormat::SingleUnderline},
-    {"uld", &Reader::SetUnderline, QTextCharFormat::DotLine},
-    {"uldash", &Reader::SetUnderline, QTextCharFormat::DashUnderline},
-    {"uldashd", &Reader::SetUnderline, QTextCharFormat::DashDotLine},
-    {"uldashdd", &Reader::SetUnderline, QTextCharFormat::DashDotDotLine},
-    {"uldb", &Reader::SetUnderline, QTextCharFormat::SingleUnderline},
-    {"ulhair", &Reader::SetUnderline, QTextCharFormat::SingleUnderline},
-    {"ulhwave", &Reader::SetUnderline, QTextCharFormat::WaveUnderline},
-    {"ulldash", &Reader::SetUnderline, QTextCharFormat::DashUnderline},
-    {"ulnone", &Reader::SetUnderline, QTextCharFormat::NoUnderline},
-    {"ulth", &Reader::SetUnderline, QTextCharFormat::SingleUnderline},
-    {"ulthd", &Reader::SetUnderline, QTextCharFormat::DotLine},
-    {"ulthdash", &Reader::SetUnderline, QTextCharFormat::DashUnderline},
-    {"ulthdashd", &Reader::SetUnderline, QTextCharFormat::DashDotLine},
-    {"ulthdashdd", &Reader::SetUnderline, QTextCharFormat::DashDotDotLine},
-    {"ulthldash", &Reader::SetUnderline, QTextCharFormat::DashUnderline},
-    {"ululdbwave", &Reader::SetUnderline, QTextCharFormat::WaveUnderline},
-    {"ulw", &Reader::SetUnderline, QTextCharFormat::SingleUnderline},
-    {"ulwave", &Reader::SetUnderline, QTextCharFormat::WaveUnderline},
-    {"up", &Reader::SetVertical, QTextCharFormat::AlignSuperScript},
+    {"ul", &Reader::SetUnderline, PlaceOfUnderline("ul")},
+    {"uld", &Reader::SetUnderline, PlaceOfUnderline("uld")},
+    {"uldash", &Reader::SetUnderline, PlaceOfUnderline("uldash")},
+    {"uldashd", &Reader::SetUnderline, PlaceOfUnderline("uldashd")},
+    {"uldashdd", &Reader::SetUnderline, PlaceOfUnderline("uldashdd")},
+    {"uldb", &Reader::SetUnderline, PlaceOfUnderline("uldb")},
+    {"ulhair", &Reader::SetUnderline, PlaceOfUnderline("ulhair")},
+    {"ulhwave", &Reader::SetUnderline, PlaceOfUnderline("ulhwave")},
+    {"ulldash", &Reader::SetUnderline, PlaceOfUnderline("ulldash")},
+    {"ulnone", &Reader::SetUnderline, PlaceOfUnderline("ulnone")},
+    {"ulth", &Reader::SetUnderline, PlaceOfUnderline("ulth")},
+    {"ulthd", &Reader::SetUnderline, PlaceOfUnderline("ulthd")},
+    {"ulthdash", &Reader::SetUnderline, PlaceOfUnderline("ulthdash")},
+    {"ulthdashd", &Reader::SetUnderline, PlaceOfUnderline("ulthdashd")},
+    {"ulthdashdd", &Reader::SetUnderline, PlaceOfUnderline("ulthdashdd")},
+    {"ulthldash", &Reader::SetUnderline, PlaceOfUnderline("ulthldash")},
+    {"ululdbwave", &Reader::SetUnderline, PlaceOfUnderline("ululdbwave")},
+    {"ulw", &Reader::SetUnderline, PlaceOfUnderline("ulw")},
+    {"ulwave", &Reader::SetUnderline, PlaceOfUnderline("ulwave")},
+    {"up", &Reader::SetRise, 1},
     {"upr", &Reader::EnterDestination, Structure},
     {"v", &Reader::SetStyle, int(RtfStyle::Hidden)},
     {"xe", &Reader::EnterDestination, Skipped},

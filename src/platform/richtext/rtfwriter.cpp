@@ -1,7 +1,10 @@
 #include "platform/richtext/rtfwriter.h"
 
+#include "platform/richtext/rtffield.h"
 #include "platform/richtext/rtfformat.h"
+#include "platform/richtext/rtfoutput.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QFont>
 #include <QHash>
@@ -11,139 +14,133 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <limits>
 #include <utility>
+#include <vector>
 
 namespace {
 
 class Writer
 {
 public:
-    explicit Writer(const QFont& font) : m_font(font) {}
+    explicit Writer(const QTextDocument& document);
 
     void WriteBlock(const QTextBlock& block, int begin, int end);
     void EndParagraph();
-    QByteArray Take() const;
+    QByteArray Take();
 
 private:
-    void Write(const char* word);
-    void Write(const char* word, int parameter);
-    void WriteParagraph(const RtfParagraph& paragraph);
-    void WriteLineSpacing(const RtfParagraph& paragraph);
-    void WriteTabs(const QList<QTextOption::Tab>& tabs);
-    void WriteCharacter(const RtfCharacter& character);
-    void WriteStyles(RtfStyles styles);
-    void WriteText(QStringView text);
-    void WriteOne(QChar character);
-    void WriteFragment(const QTextFragment& fragment, int begin, int end);
-
+    // What a format of the document comes to, made once for all of its runs.
     struct Format
     {
         RtfCharacter character;
-        QByteArray picture; // the source of one, or empty
+        int color = 0; // places in the colour table
+        int background = 0;
+        const RtfSymbols* symbols = nullptr; // of the family
+        QByteArray picture;                  // the source of one, or empty
+        QString link;                        // empty where there is none
     };
 
+    void WriteParagraph(const QTextBlock& block);
+    void WriteFormats(const RtfParagraph& paragraph);
+    void WriteLineSpacing(const RtfParagraph& paragraph);
+    void WriteTabs(const QList<QTextOption::Tab>& tabs);
+    void WriteCharacter(const Format& format);
+    void WriteStyles(RtfStyles changed);
+    void WriteRise(int rise);
+    void WriteLink(const QString& link);
+    bool Begins(const QTextBlock& block, const QString& link);
+    void WriteRun(const Format& format, QStringView text);
+
     template <typename Piece> // a fragment or a block
-    const Format& FormatOf(const Piece& piece);
+    const Format& FormatAt(const Piece& piece);
+    Format MakeFormat(const QTextCharFormat& format);
     int PlaceOfFamily(const QString& family);
     int PlaceOfColor(QRgb color);
 
     QFont m_font;
-    QByteArray m_body;
+    RtfOutput m_body;
     QStringList m_families;
     QList<QRgb> m_colors;
     QHash<QString, int> m_familyPlaces;
     QHash<QRgb, int> m_colorPlaces;
-    QHash<int, Format> m_formats;              // by their index in the document
+    std::vector<Format> m_formats;
+    std::vector<int> m_formatPlaces;           // in m_formats, from 1, by the format's index in the document
     RtfCharacter m_character{.halfPoints = 0}; // as written last; no character has this size
-    RtfParagraph m_paragraph;
-    bool m_hasParagraph = false;
-    bool m_isAfterWord = false; // then text needs a blank before it
+    RtfParagraph m_paragraph;                  // likewise
+    int m_paragraphFormat = -1;                // the format that it was made of, by its index in the document
+    QString m_link;                            // the one that is open
+    RtfCharacter m_outerCharacter;             // what holds again behind the link, since that is a group
+    RtfParagraph m_outerParagraph;
 };
 
-bool IsPlain(QChar character)
+Writer::Writer(const QTextDocument& document) : m_font(document.defaultFont())
 {
-    return character >= u' ' && character <= u'~' && character != u'\\' && character != u'{' && character != u'}';
+    // Half as much again for the words is enough for most notes.
+    m_body.Reserve(document.characterCount() * qsizetype{3} / 2 + 256);
 }
 
-void AppendNumber(QByteArray& rtf, int number)
+QByteArray Writer::Take()
 {
-    std::array<char, 12> digits;
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    rtf.append(digits.data(), end - digits.begin());
-}
-
-void AppendHex(QByteArray& rtf, char16_t character)
-{
-    const char byte = static_cast<char>(character);
-    rtf += "\\'" + QByteArray(&byte, 1).toHex();
-}
-
-void AppendUnicode(QByteArray& rtf, char16_t character)
-{
-    rtf += "\\u";
-    AppendNumber(rtf, static_cast<qint16>(character));
-    rtf += '?';
-}
-
-void AppendFamily(QByteArray& rtf, const QString& family)
-{
-    for (const QChar one : family) {
-        const char16_t character = one.unicode();
-        if (character > 126)
-            AppendUnicode(rtf, character);
-        else if (character < ' ' || QStringView(u"\\{};").contains(one))
-            AppendHex(rtf, character);
-        else
-            rtf += static_cast<char>(character);
+    WriteLink({});
+    RtfOutput head;
+    head.Raw("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
+    for (int i = 0; i < m_families.size(); ++i) {
+        head.Raw("{");
+        head.Word("f", i);
+        head.Word("fnil");
+        head.Word("fcharset", SymbolsOfFamily(m_families[i]) ? 2 : 0);
+        head.Raw(" ");
+        head.Name(m_families[i]);
+        head.Raw(";}");
     }
-}
-
-QByteArray Writer::Take() const
-{
-    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
-    for (qsizetype i = 0; i < m_families.size(); ++i) {
-        rtf += "{\\f" + QByteArray::number(i) + "\\fnil\\fcharset0 ";
-        AppendFamily(rtf, m_families[i]);
-        rtf += ";}";
+    head.Raw("}\r\n{\\colortbl ;");
+    for (const QRgb color : m_colors) {
+        head.Word("red", qRed(color));
+        head.Word("green", qGreen(color));
+        head.Word("blue", qBlue(color));
+        head.Raw(";");
     }
-    rtf += "}\r\n{\\colortbl ;";
-    for (const QRgb color : m_colors)
-        rtf += "\\red" + QByteArray::number(qRed(color)) + "\\green" + QByteArray::number(qGreen(color)) + "\\blue" +
-               QByteArray::number(qBlue(color)) + ';';
-    return rtf + "}\r\n\\viewkind4\\uc1" + m_body + "}\r\n";
-}
-
-void Writer::Write(const char* word)
-{
-    (m_body += '\\') += word;
-    m_isAfterWord = true;
-}
-
-void Writer::Write(const char* word, int parameter)
-{
-    Write(word);
-    AppendNumber(m_body, parameter);
+    head.Raw("}\r\n\\viewkind4\\uc1");
+    constexpr QByteArrayView Tail = "}\r\n";
+    QByteArray rtf;
+    rtf.reserve(static_cast<qsizetype>(head.Rtf().size() + m_body.Rtf().size()) + Tail.size());
+    return rtf.append(head.Rtf()).append(m_body.Rtf()).append(Tail);
 }
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
 {
-    const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
-    if (!m_hasParagraph || paragraph != m_paragraph) WriteParagraph(paragraph);
-    for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment)
-        WriteFragment(fragment.fragment(), begin, end);
-    if (block.length() == 1) WriteCharacter(FormatOf(block).character);
+    if (!m_link.isEmpty() && !Begins(block, m_link)) WriteLink({}); // before this paragraph's formats
+    if (block.blockFormatIndex() != m_paragraphFormat) WriteParagraph(block);
+    if (block.length() == 1) return WriteCharacter(FormatAt(block));
+    const QString text = block.text();
+    // Fragments lie one behind the other, and a document takes long to tell a position.
+    int position = block.position();
+    const int start = position;
+    for (auto at = block.begin(); !at.atEnd(); ++at) {
+        const QTextFragment fragment = at.fragment();
+        const int first = std::max(begin, position);
+        position += fragment.length();
+        const int last = std::min(end, position);
+        if (first < last) WriteRun(FormatAt(fragment), QStringView(text).sliced(first - start, last - first));
+    }
 }
 
 void Writer::EndParagraph()
 {
-    Write("par");
-    m_body += "\r\n";
-    m_isAfterWord = false;
+    m_body.Word("par");
+    m_body.Raw("\r\n");
 }
 
-void Writer::WriteParagraph(const RtfParagraph& paragraph)
+void Writer::WriteParagraph(const QTextBlock& block)
+{
+    const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    if (m_paragraphFormat < 0 || paragraph != m_paragraph) WriteFormats(paragraph);
+    m_paragraph = paragraph;
+    m_paragraphFormat = block.blockFormatIndex();
+}
+
+void Writer::WriteFormats(const RtfParagraph& paragraph)
 {
     struct MeasureWord
     {
@@ -162,48 +159,46 @@ void Writer::WriteParagraph(const RtfParagraph& paragraph)
     };
     constexpr AlignmentWord Alignments[] = {
         {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
-    Write("pard");
-    if (paragraph.isRightToLeft) Write("rtlpar");
+    m_body.Word("pard");
+    if (paragraph.isRightToLeft) m_body.Word("rtlpar");
     for (const auto [word, alignment] : Alignments)
-        if (paragraph.alignment == alignment) Write(word);
+        if (paragraph.alignment == alignment) m_body.Word(word);
     for (const auto [word, measure] : Measures)
-        if (paragraph.measures[measure]) Write(word, paragraph.measures[measure]);
+        if (paragraph.measures[measure]) m_body.Word(word, paragraph.measures[measure]);
     WriteLineSpacing(paragraph);
     WriteTabs(paragraph.tabs);
-    m_paragraph = paragraph;
-    m_hasParagraph = true;
 }
 
 void Writer::WriteLineSpacing(const RtfParagraph& paragraph)
 {
     if (paragraph.lineSpacing == 0) return;
-    Write("sl", paragraph.lineSpacing);
-    Write("slmult", paragraph.isLineMultiple);
+    m_body.Word("sl", paragraph.lineSpacing);
+    m_body.Word("slmult", paragraph.isLineMultiple);
 }
 
 void Writer::WriteTabs(const QList<QTextOption::Tab>& tabs)
 {
     constexpr std::array<const char*, 4> Kinds{nullptr, "tqr", "tqc", "tqdec"}; // by QTextOption::TabType
     for (const QTextOption::Tab& tab : tabs) {
-        if (tab.type != QTextOption::LeftTab) Write(Kinds[tab.type]);
-        Write("tx", static_cast<int>(tab.position));
+        if (tab.type != QTextOption::LeftTab) m_body.Word(Kinds[tab.type]);
+        m_body.Word("tx", static_cast<int>(tab.position));
     }
 }
 
-void Writer::WriteCharacter(const RtfCharacter& character)
+void Writer::WriteCharacter(const Format& format)
 {
+    const RtfCharacter& character = format.character;
     if (character == m_character) return;
     const RtfCharacter old = std::exchange(m_character, character);
-    constexpr std::array<const char*, 8> Underlines{"ulnone",  "ul",       "uldash", "uld",
-                                                    "uldashd", "uldashdd", "ulwave", "ulwave"};
     constexpr std::array<const char*, 3> Verticals{"nosupersub", "super", "sub"};
     WriteStyles(old.styles ^ character.styles);
-    if (character.underline != old.underline) Write(Underlines[character.underline]);
-    if (character.vertical != old.vertical) Write(Verticals[character.vertical]);
-    if (character.color != old.color) Write("cf", PlaceOfColor(character.color));
-    if (character.background != old.background) Write("highlight", PlaceOfColor(character.background));
-    if (character.font != old.font) Write("f", character.font);
-    if (character.halfPoints != old.halfPoints) Write("fs", character.halfPoints);
+    if (character.underline != old.underline) m_body.Word(RtfUnderlines[character.underline].word);
+    if (character.vertical != old.vertical) m_body.Word(Verticals[character.vertical]);
+    if (character.rise != old.rise) WriteRise(character.rise);
+    if (character.color != old.color) m_body.Word("cf", format.color);
+    if (character.background != old.background) m_body.Word("highlight", format.background);
+    if (character.font != old.font) m_body.Word("f", character.font);
+    if (character.halfPoints != old.halfPoints) m_body.Word("fs", character.halfPoints);
 }
 
 void Writer::WriteStyles(RtfStyles changed)
@@ -220,71 +215,60 @@ void Writer::WriteStyles(RtfStyles changed)
                                    {"scaps", RtfStyle::SmallCaps}};
     for (const auto [word, style] : Words) {
         if (!changed.testFlag(style)) continue;
-        Write(word);
-        if (!m_character.styles.testFlag(style)) m_body += '0';
-    }
-}
-
-void Writer::WriteFragment(const QTextFragment& fragment, int begin, int end)
-{
-    const int first = std::max(begin, fragment.position());
-    const int last = std::min(end, fragment.position() + fragment.length());
-    if (first >= last) return;
-    const Format& format = FormatOf(fragment);
-    WriteCharacter(format.character);
-    const QString text = fragment.text();
-    const QStringView slice = QStringView(text).sliced(first - fragment.position(), last - first);
-    if (format.picture.isEmpty()) return WriteText(slice);
-    for (qsizetype i = 0; i < slice.size(); ++i)
-        m_body += format.picture;
-    m_isAfterWord = false;
-}
-
-void Writer::WriteText(QStringView text)
-{
-    for (auto next = text.begin(); next != text.end();) {
-        const auto special = std::find_if_not(next, text.end(), IsPlain);
-        if (special != next && std::exchange(m_isAfterWord, false)) m_body += ' ';
-        const qsizetype size = m_body.size();
-        m_body.resize(size + (special - next));
-        std::transform(next, special, m_body.begin() + size, [](QChar plain) { return plain.toLatin1(); });
-        next = special;
-        if (next != text.end()) WriteOne(*next++);
-    }
-}
-
-// The characters that stand for themselves only behind a backslash, or as a word.
-void Writer::WriteOne(QChar character)
-{
-    switch (character.unicode()) {
-    case 0:
-        return;
-    case u'\t':
-        Write("tab");
-        return;
-    case QChar::LineSeparator:
-        Write("line");
-        return;
-    case QChar::Nbsp:
-        m_body += "\\~";
-        break;
-    case u'\\':
-    case u'{':
-    case u'}':
-        (m_body += '\\') += static_cast<char>(character.unicode());
-        break;
-    default:
-        if (character.unicode() < 0x80)
-            AppendHex(m_body, character.unicode());
+        if (m_character.styles.testFlag(style))
+            m_body.Word(word);
         else
-            AppendUnicode(m_body, character.unicode());
+            m_body.Word(word, 0);
     }
-    m_isAfterWord = false;
+}
+
+void Writer::WriteRise(int rise)
+{
+    m_body.Word(rise < 0 ? "dn" : "up", std::abs(rise));
+}
+
+void Writer::WriteLink(const QString& link)
+{
+    if (link == m_link) return;
+    if (!m_link.isEmpty()) {
+        m_body.Raw("}}");
+        m_character = m_outerCharacter;
+        if (m_paragraph != m_outerParagraph) WriteFormats(m_paragraph);
+    }
+    m_link = link;
+    if (link.isEmpty()) return;
+    m_outerCharacter = m_character;
+    m_outerParagraph = m_paragraph;
+    m_body.Raw("{\\field{\\*\\fldinst{");
+    m_body.Text(FieldOfLink(link));
+    m_body.Raw("}}{");
+    m_body.Word("fldrslt");
+}
+
+bool Writer::Begins(const QTextBlock& block, const QString& link)
+{
+    const auto first = block.begin();
+    return !first.atEnd() && FormatAt(first.fragment()).link == link;
+}
+
+void Writer::WriteRun(const Format& format, QStringView text)
+{
+    WriteLink(format.link);
+    WriteCharacter(format);
+    if (!format.picture.isEmpty()) {
+        for (qsizetype i = 0; i < text.size(); ++i)
+            m_body.Raw(std::string_view(format.picture));
+    } else if (format.symbols) {
+        m_body.Text(text, *format.symbols);
+    } else {
+        m_body.Text(text);
+    }
 }
 
 template <typename Piece>
-const Writer::Format& Writer::FormatOf(const Piece& piece)
+const Writer::Format& Writer::FormatAt(const Piece& piece)
 {
+<<<<<<< HEAD
     const auto known = m_formats.constFind(piece.charFormatIndex());
     if (known != m_formats.cend()) return *known;
     const QTextCharFormat format = piece.charFormat();
@@ -294,6 +278,30 @@ const Writer::Format& Writer::FormatOf(const Piece& piece)
     const QByteArray picture =
         format.isImageFormat() ? format.property(PictureSourceProperty).toByteArray() : QByteArray();
     return *m_formats.insert(piece.charFormatIndex(), {character, picture});
+=======
+    const auto at = static_cast<std::size_t>(piece.charFormatIndex());
+    if (at >= m_formatPlaces.size()) m_formatPlaces.resize(at + 1);
+    if (m_formatPlaces[at] == 0) {
+        m_formats.push_back(MakeFormat(piece.charFormat()));
+        m_formatPlaces[at] = static_cast<int>(m_formats.size());
+    }
+    return m_formats[m_formatPlaces[at] - 1];
+}
+
+Writer::Format Writer::MakeFormat(const QTextCharFormat& format)
+{
+    Format made;
+    const QString family = FamilyOf(format, m_font);
+    made.character = ToRtfCharacter(format, m_font);
+    made.character.font = PlaceOfFamily(family);
+    made.color = PlaceOfColor(made.character.color);
+    made.background = PlaceOfColor(made.character.background);
+    made.symbols = SymbolsOfFamily(family);
+    made.picture = format.property(PictureSourceProperty).toByteArray();
+    made.link = format.anchorHref();
+    if (made.link.size() > LongestLink) made.link.clear();
+    return made;
+>>>>>>> codec
 }
 
 int Writer::PlaceOfFamily(const QString& family)
@@ -317,7 +325,7 @@ int Writer::PlaceOfColor(QRgb color)
 
 QByteArray WriteRtf(const QTextDocument& document)
 {
-    Writer writer(document.defaultFont());
+    Writer writer(document);
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         writer.WriteBlock(block, 0, std::numeric_limits<int>::max());
         writer.EndParagraph();
@@ -328,7 +336,7 @@ QByteArray WriteRtf(const QTextDocument& document)
 QByteArray WriteRtf(const QTextCursor& selection)
 {
     const QTextDocument& document = *selection.document();
-    Writer writer(document.defaultFont());
+    Writer writer(document);
     const int end = selection.selectionEnd();
     QTextBlock block = document.findBlock(selection.selectionStart());
     for (; block.isValid() && block.position() <= end; block = block.next()) {

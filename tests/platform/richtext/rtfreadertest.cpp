@@ -75,6 +75,8 @@ private Q_SLOTS:
         row("charset 204", "\\f1\\'cf\\'f0\\f0\\'cf}", u"ПрÏ"_s);
         row("charset 161", "\\f5\\'e1}", u"α"_s);
         row("charset 77", "\\f6\\'8e}", u"é"_s);
+        row("charset 88", "\\f14\\'8b\\'9f}", u"čü"_s);
+        row("charset 80", "\\f15\\'c4\\'e3}", u"你"_s);
         row("charset 254", "\\f8\\'e1}", u"ß"_s);
         row("charset 222", "\\f9\\'a1}", u"ก"_s);
         row("two bytes in hex", "\\f2\\'93\\'fa\\'96\\'7b}", u"日本"_s);
@@ -83,7 +85,12 @@ private Q_SLOTS:
             "\\f2 \x93\xfa"
             "A}",
             u"日A"_s);
-        row("two bytes, never ended", "\\f2\\'93\\b x}", u"x"_s);
+        row("two bytes, never ended", "\\f2 a\\'e0\\b x}", u"aàx"_s);
+        row("two bytes, broken among good ones", "\\f2\\'93\\'fa\\'96\\'7b\\'96 x}", u"日本\uFFFD x"_s);
+        row("signs", "\\f10 a\\'b7\\u-3999?\\u-3913?\\u97?\\tab\\~}", u"α•α•a\t\u00A0"_s);
+        row("signs of a font that is told by its charset alone", "\\f11\\'b7}", u"•"_s);
+        row("signs of Wingdings", "\\f12 J\\'fc\\'e0\\'d8\\'ff}", u"☺✓→➢\uF0FF"_s);
+        row("signs without a table", "\\f13 a}", u"\uF061"_s);
         row("GBK", "\\f3\\'c4\\'e3}", u"你"_s);
         row("Korean", "\\f4\\'c7\\'d1}", u"한"_s);
         row("font's own page", "\\f7\\'e4\\'b8\\'ad}", u"中"_s);
@@ -107,6 +114,11 @@ private Q_SLOTS:
             u"a\tb|c"_s);
         row("section", "a\\sect b\\par\\page c}", u"a|b|c"_s);
         row("binary", "a\\bin5 }{\\}}b\\bin0 c\\bin-3 d}", u"abcd"_s);
+        row("binary longer than the text", "a\\bin2147483647 b}", u"a"_s);
+        row("pair split by a group", "\\u-10179?{\\b\\u-8704?}x}", u"😀x"_s);
+        row("half a pair", "\\u-10179?x}", u"\xD83Dx"_s);
+        row("a font told twice", "{\\fonttbl{\\f1\\fcharset161 B;}}\\f1\\'e1}", u"α"_s);
+        row("a font told behind its use", "\\f20\\'e9{\\fonttbl{\\f20\\fcharset204 B;}}\\'e9\\f20\\'e9}", u"ééй"_s);
         row("shape", "{\\shp{\\*\\shpinst{\\sp{\\sn n}{\\sv v}}{\\shptxt box\\par}}{\\shprslt again}}a}", u"box|a"_s);
         row("unclosed", "a{\\b b{\\i c", u"abc"_s);
         row("too many closed", "a}}}b", u"ab"_s);
@@ -118,10 +130,12 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, body);
         QFETCH(QString, text);
-        const QByteArray fonts = "{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset204 B;}{\\f2\\fcharset128 "
-                                 "C;}{\\f3\\fcharset134 D;}{\\f4\\fcharset129 "
-                                 "E;}{\\f5\\fcharset161 F;}{\\f6\\fcharset77 G;}{\\f7\\fcharset128\\cpg65001 "
-                                 "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}}";
+        const QByteArray fonts =
+            "{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset204 B;}{\\f2\\fcharset128 "
+            "C;}{\\f3\\fcharset134 D;}{\\f4\\fcharset129 "
+            "E;}{\\f5\\fcharset161 F;}{\\f6\\fcharset77 G;}{\\f7\\fcharset128\\cpg65001 "
+            "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}{\\f10\\fcharset2 Symbol;}{\\f11\\fcharset2 "
+            "L;}{\\f12\\fcharset2 Wingdings;}{\\f13\\fcharset2 Webdings;}{\\f14\\fcharset88 M;}{\\f15\\fcharset80 N;}}";
         QCOMPARE(Read("{\\rtf1\\ansi\\ansicpg1252\\deff0" + fonts + body), text);
     }
 
@@ -144,6 +158,12 @@ private Q_SLOTS:
         };
         const auto color = [](QRgb rgb) { return [=](Format f) { return f.foreground().color().rgb() == rgb; }; };
         const auto vertical = [](auto align) { return [=](Format f) { return f.verticalAlignment() == align; }; };
+        const auto offset = [](double percent) { return [=](Format f) { return f.baselineOffset() == percent; }; };
+        const auto link = [](const QString& address) {
+            return [=](Format f) {
+                return f.anchorHref() == address && f.fontWeight() == QFont::Normal && !f.fontUnderline();
+            };
+        };
         const auto underline = [](auto style) { return [=](Format f) { return f.underlineStyle() == style; }; };
         row("x", isPlain);
         row("\\b\\i\\ul\\strike\\cf1\\highlight1\\f1\\fs30\\super\\plain x", isPlain);
@@ -170,10 +190,19 @@ private Q_SLOTS:
         row("\\cf3 x", color(0xFFFF0000));
         row("\\highlight1 x", [](Format f) { return f.background().color().rgb() == 0xFF0A141E; });
         row("\\super x", vertical(QTextCharFormat::AlignSuperScript));
-        row("\\up6 x", vertical(QTextCharFormat::AlignSuperScript));
-        row("\\dn6 x", vertical(QTextCharFormat::AlignSubScript));
+        row("\\up6 x", offset(25));
+        row("\\dn x", offset(-25));
+        row("\\fs48\\dn12 x", offset(-25));
+        row("\\up6\\up0 x", offset(0));
+        row("{\\field{\\*\\fldinst{HYPERLINK \"http://a/b c\"}}{\\fldrslt{\\b a\\plain x}}}", link(u"http://a/b c"_s));
+        row("{\\field\\flddirty{\\*\\fldinst  hyperlink C:\\'5cd \\\\o \"tip\" \\\\l \"top\"}{\\fldrslt x}}",
+            link(u"C:\\d#top"_s));
+        row("{\\field{\\*\\fldinst HYPERLINK \"\\\\\\\\s\\\\\\\\d\\\\\"\\u8364?\"}{\\fldrslt x}}",
+            link(u"\\s\\d\"€"_s));
+        row("{\\field{\\*\\fldinst HYPERLINK \"a\"}{\\fldrslt b}}x", link({}));
+        row("{\\*\\fldinst HYPERLINK \"a\"}x", link({}));
+        row("{\\field{\\*\\fldinst PAGEREF a}{\\fldrslt x}}", link({}));
         row("\\sub\\nosupersub x", vertical(QTextCharFormat::AlignNormal));
-        row("\\up6\\up0 x", vertical(QTextCharFormat::AlignNormal));
         row("\\scaps x", [](Format f) { return f.fontCapitalization() == QFont::SmallCaps; });
         row("{\\b a}{\\i b\\par}x", isPlain);
     }
@@ -265,6 +294,13 @@ private Q_SLOTS:
         QTest::newRow("word") << "\\" + QByteArray(many, 'a') + " b}" << u"b"_s;
         QTest::newRow("number") << "\\b" + QByteArray(many, '9') + " b}" << u"b"_s;
         QTest::newRow("tabs") << QByteArray("\\tx5").repeated(many) + " a}" << u"a"_s;
+        QByteArray fonts, inFonts;
+        for (int number = 0; number < many; ++number) {
+            const QByteArray font = "\\f" + QByteArray::number(number);
+            fonts += '{' + font + " F" + QByteArray::number(number) + ";}";
+            inFonts += font + " a";
+        }
+        QTest::newRow("fonts") << "{\\fonttbl" + fonts + '}' + inFonts << QString(many, u'a');
         QTest::newRow("cells") << QByteArray("\\cell").repeated(many) + "\\row a}" << u"|a"_s;
     }
 

@@ -1,5 +1,6 @@
 #include "platform/richtext/rtfwriter.h"
 
+#include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
 
@@ -44,6 +45,10 @@ private:
     void Insert()
     {
         QTextCharFormat format = Character();
+        if (Is(4)) {
+            format.setAnchor(true);
+            format.setAnchorHref(OneOf({u"http://a.b/?c=d&e#f"_s, u"#top"_s, u"\\\\s\\d\"{}\t é 日"_s}));
+        }
         if (!Is(12)) return m_cursor.insertText(Text(), format);
         const QByteArray source = "{\\pict\\pngblip " + QByteArray::number(m_random.bounded(256), 16) + '}';
         RtfTokenizer behindTheWord(QByteArrayView(source).sliced(6));
@@ -64,7 +69,9 @@ private:
     {
         const auto any = [&](int least, int most) { return QString(QChar(m_random.bounded(least, most))); };
         const char32_t codePoint = m_random.bounded(0x10000, 0x110000);
-        switch (m_random.bounded(9)) {
+        switch (m_random.bounded(10)) {
+        case 8:
+            return OneOf({u"α"_s, u"•"_s, u"✓ "_s, u"☺"_s, u"🕐"_s, u"∴"_s, u"a"_s, u"♈"_s});
         case 0:
             return OneOf({u"\t"_s, u"\u2028"_s, u"\u00A0"_s, u"\u00AD"_s, u"\u2011"_s, u"  "_s, u"\uFFFC"_s});
         case 1:
@@ -72,7 +79,7 @@ private:
         case 2:
             return any(0x80, 0x2000);
         case 3:
-            return any(0x2030, 0xFDD0);
+            return any(0x2030, 0xF000); // above are the private forms of signs, which are read as the signs
         case 4:
             return any(0xFDF0, 0x10000);
         case 5:
@@ -88,7 +95,8 @@ private:
     {
         using Format = QTextCharFormat;
         Format format;
-        format.setFontFamilies({OneOf({u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u" Ünïcödé 明朝😀"_s})});
+        format.setFontFamilies({OneOf(
+            {u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u"Symbol"_s, u"Wingdings"_s, u" Ünïcödé 明朝😀"_s})});
         format.setFontPointSize((1 + m_random.bounded(3276)) / 2.0);
         format.setFontWeight(Is(2) ? QFont::Bold : QFont::Normal);
         format.setFontItalic(Is(2));
@@ -99,6 +107,16 @@ private:
         if (Is(2)) format.setForeground(QColor(QRgb(m_random.generate())));
         if (Is(4)) format.setBackground(QColor(QRgb(m_random.generate())));
         if (Is(4)) format.setVerticalAlignment(Is(2) ? Format::AlignSuperScript : Format::AlignSubScript);
+        if (Is(6)) {
+            const int kind = m_random.bounded(8, static_cast<int>(std::size(RtfUnderlines)));
+            format.setUnderlineStyle(RtfUnderlines[kind].style);
+            format.setProperty(RtfUnderlineProperty, kind);
+        }
+        if (Is(6)) {
+            const int rise = OneOf({1, -1}) * (1 + m_random.bounded(50));
+            format.setProperty(RtfRiseProperty, rise);
+            format.setBaselineOffset(rise * 50 / format.fontPointSize());
+        }
         if (Is(6)) format.setFontCapitalization(Is(2) ? QFont::AllUppercase : QFont::SmallCaps);
         return format;
     }
@@ -137,7 +155,9 @@ QString Describe(const QTextCharFormat& f)
     QString text;
     QDebug(&text) << f.fontFamilies() << f.fontPointSize() << f.fontWeight() << f.fontItalic() << f.fontStrikeOut()
                   << f.underlineStyle() << f.foreground() << f.background() << f.verticalAlignment()
-                  << f.fontCapitalization() << f.property(PictureSourceProperty) << f.toImageFormat().width();
+                  << f.fontCapitalization() << f.property(PictureSourceProperty) << f.toImageFormat().width()
+                  << f.property(RtfUnderlineProperty) << f.property(RtfRiseProperty) << f.baselineOffset()
+                  << f.isAnchor() << f.anchorHref();
     return text;
 }
 
@@ -211,6 +231,27 @@ private Q_SLOTS:
                                      "{\\colortbl ;\\red255\\green0\\blue0;}\r\n"
                                      "\\viewkind4\\uc1\\pard\\f0\\fs16 Tea \\{5\\}\\tab\\b\\cf1 caf\\u233?\\par\r\n"
                                      "\\pard\\qc\\par\r\n\\b0\\cf0 1\\u-10179?\\u-8704? \\par\r\n}\r\n");
+    }
+
+    // Signs as the bytes of their font; a link as a group, behind which the formats from before it hold again.
+    void WritesSignsAndLinks()
+    {
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        QTextCharFormat symbol, link;
+        symbol.setFontFamilies({u"Symbol"_s});
+        cursor.insertText(u"α•a"_s, symbol);
+        link.setAnchor(true);
+        link.setAnchorHref(u"http://a/\\"_s);
+        link.setFontWeight(QFont::Bold);
+        cursor.insertText(u"here"_s, link);
+        cursor.insertText(u" there"_s, QTextCharFormat());
+        document.setDefaultFont(QFont(u"Arial"_s, 10));
+        QCOMPARE(WriteRtf(document), "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset2 Symbol;}"
+                                     "{\\f1\\fnil\\fcharset0 Arial;}}\r\n{\\colortbl ;}\r\n"
+                                     "\\viewkind4\\uc1\\pard\\f0\\fs20\\'61\\'b7\\u97?"
+                                     "{\\field{\\*\\fldinst{HYPERLINK \"http://a/\\\\\\\\\"}}{\\fldrslt\\b\\f1 here}}"
+                                     "\\f1  there\\par\r\n}\r\n");
     }
 
     void WhatAFormatLeavesOpenComesFromTheDefaultFont()

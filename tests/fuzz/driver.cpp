@@ -1,0 +1,115 @@
+// Feeds a fuzz target where there is no libFuzzer: every file of the corpus, each cut at every byte, then so many
+// changed ones. The input at which the target ends is left as a file.
+//   NAME FOLDER [RUNS [SEED]]    words.txt in the folder holds the words of the language, one a line
+//   NAME FILE                    this input alone, as after a failure
+#include "fuzz/fuzztarget.h"
+#include "fuzz/mutator.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <unistd.h>
+
+extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
+
+namespace {
+
+constexpr unsigned SecondsForInput = 20;
+constexpr const char* FailedInput = "fuzz-input";
+std::string g_input; // the one that is being tried, for the handlers below
+
+void KeepInput()
+{
+    std::ofstream(FailedInput, std::ios::binary) << g_input;
+    std::fprintf(stderr, "The input is in %s.\n", std::filesystem::absolute(FailedInput).c_str());
+}
+
+// Nothing goes on after the signal, so that a routine which a handler should not call does no harm.
+void KeepInputAndDie(int number)
+{
+    KeepInput();
+    std::signal(number, SIG_DFL);
+    std::raise(number);
+}
+
+void WatchOver()
+{
+    std::signal(SIGABRT, KeepInputAndDie);
+    std::signal(SIGALRM, KeepInputAndDie);
+    if (__sanitizer_set_death_callback) __sanitizer_set_death_callback(KeepInput);
+}
+
+void Try(std::string input)
+{
+    g_input = std::move(input);
+    alarm(SecondsForInput);
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(g_input.data()), g_input.size());
+    alarm(0);
+}
+
+std::string ReadFile(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// In the order of their names, since the folder's own order differs from disk to disk.
+std::vector<std::string> ReadCorpus(const std::filesystem::path& folder)
+{
+    std::vector<std::filesystem::path> paths;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() != ".txt") paths.push_back(entry.path());
+    std::ranges::sort(paths);
+    std::vector<std::string> corpus;
+    std::ranges::transform(paths, std::back_inserter(corpus), ReadFile);
+    std::erase(corpus, std::string());
+    return corpus;
+}
+
+std::vector<std::string> ReadWords(const std::filesystem::path& path)
+{
+    std::vector<std::string> words;
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);)
+        words.push_back(line);
+    return words;
+}
+
+int TryFolder(const std::filesystem::path& folder, long runs, std::uint32_t seed)
+{
+    const std::vector<std::string> corpus = ReadCorpus(folder);
+    const std::vector<std::string> words = ReadWords(folder / "words.txt");
+    if (corpus.empty() || words.empty()) {
+        std::fprintf(stderr, "%s holds no corpus.\n", folder.c_str());
+        return 2;
+    }
+    for (const std::string& input : corpus)
+        for (std::size_t length = 0; length <= input.size(); ++length)
+            Try(input.substr(0, length));
+    Mutator mutator(corpus, words, seed);
+    for (long run = 0; run < runs; ++run)
+        Try(mutator.Next());
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    LLVMFuzzerInitialize(&count, &arguments);
+    if (count < 2) {
+        std::fprintf(stderr, "%s FOLDER [RUNS [SEED]] | FILE\n", arguments[0]);
+        return 2;
+    }
+    WatchOver();
+    const std::filesystem::path path = arguments[1];
+    if (std::filesystem::is_directory(path))
+        return TryFolder(path, count > 2 ? std::atol(arguments[2]) : 0,
+                         count > 3 ? static_cast<std::uint32_t>(std::atol(arguments[3])) : 1);
+    Try(ReadFile(path));
+    return 0;
+}
