@@ -115,7 +115,7 @@ quint8 UnderlineOf(const QTextCharFormat& format, const QFont& font)
     if (format.hasProperty(QTextFormat::TextUnderlineStyle)) {
         const auto kind = static_cast<std::size_t>(format.intProperty(RtfUnderlineProperty));
         const bool isKept = kind < std::size(RtfUnderlines) && RtfUnderlines[kind].style == format.underlineStyle();
-        return static_cast<quint8>(isKept ? kind : format.underlineStyle());
+        return static_cast<quint8>(isKept ? kind : static_cast<std::size_t>(format.underlineStyle()));
     }
     const bool isUnderlined =
         format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : font.underline();

@@ -268,17 +268,6 @@ void Writer::WriteRun(const Format& format, QStringView text)
 template <typename Piece>
 const Writer::Format& Writer::FormatAt(const Piece& piece)
 {
-<<<<<<< HEAD
-    const auto known = m_formats.constFind(piece.charFormatIndex());
-    if (known != m_formats.cend()) return *known;
-    const QTextCharFormat format = piece.charFormat();
-    RtfCharacter character = ToRtfCharacter(format, m_font);
-    character.font = PlaceOfFamily(FamilyOf(format, m_font));
-    // Text that is typed behind a picture keeps the picture's properties, and is text all the same.
-    const QByteArray picture =
-        format.isImageFormat() ? format.property(PictureSourceProperty).toByteArray() : QByteArray();
-    return *m_formats.insert(piece.charFormatIndex(), {character, picture});
-=======
     const auto at = static_cast<std::size_t>(piece.charFormatIndex());
     if (at >= m_formatPlaces.size()) m_formatPlaces.resize(at + 1);
     if (m_formatPlaces[at] == 0) {
@@ -297,11 +286,11 @@ Writer::Format Writer::MakeFormat(const QTextCharFormat& format)
     made.color = PlaceOfColor(made.character.color);
     made.background = PlaceOfColor(made.character.background);
     made.symbols = SymbolsOfFamily(family);
-    made.picture = format.property(PictureSourceProperty).toByteArray();
+    // Text that is typed behind a picture keeps the picture's properties, and is text all the same.
+    if (format.isImageFormat()) made.picture = format.property(PictureSourceProperty).toByteArray();
     made.link = format.anchorHref();
     if (made.link.size() > LongestLink) made.link.clear();
     return made;
->>>>>>> codec
 }
 
 int Writer::PlaceOfFamily(const QString& family)

@@ -1,0 +1,284 @@
+#include "editing/zoomboxform.h"
+#include "failingstore.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/profile/profile.h"
+#include "program.h"
+#include "workgroup/workgroupstate.h"
+
+// Two users of one planner: the program, which is in March 1999, and a recordset of another connection. The 17th stands
+// in cell 18.
+class DayLockTest : public QObject
+{
+    Q_OBJECT
+
+    const QString m_file = QStringLiteral("team.mdb");
+    const QString m_key = QStringLiteral("1999/3/17");
+    std::unique_ptr<Program> m_program;
+    Recordset m_other;
+
+    PictureButton& Picture(const char* name)
+    {
+        return *m_program->form->findChild<PictureButton*>(QString::fromLatin1(name));
+    }
+    bool ShowsLocked() { return Picture("picLock").Visible(1) && !Picture("picLock").Visible(0); }
+    bool ShowsFree() { return Picture("picLock").Visible(0) && !Picture("picLock").Visible(1); }
+    void PressLock() { QTest::mouseClick(&Picture("picLock"), Qt::LeftButton); }
+    QString Stored()
+    {
+        RichTextBox box;
+        box.SetTextRTF(m_program->Stored(m_file, m_key));
+        return box.Text();
+    }
+    RichTextBox& Box() { return m_program->Box(18); }
+
+    void OtherWrites(const QByteArray& text)
+    {
+        m_other.Seek(QStringLiteral("="), m_key);
+        if (m_other.NoMatch())
+            m_other.AddNew();
+        else
+            m_other.Edit();
+        m_other.SetField(QStringLiteral("qmtDate"), m_key);
+        m_other.SetField(QStringLiteral("qmtText"), text);
+        m_other.Update();
+    }
+
+    bool OtherIsRefused()
+    {
+        m_other.Seek(QStringLiteral("="), m_key);
+        try {
+            m_other.Edit();
+        } catch (const RunTimeError&) {
+            return true;
+        }
+        m_other.CancelUpdate();
+        return false;
+    }
+
+    // Locks the 17th and types into it.
+    void LockAndType(const QString& text)
+    {
+        m_program->Click(18);
+        PressLock();
+        QVERIFY(ShowsLocked());
+        QTest::keyClick(&Box(), Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(&Box(), text);
+    }
+
+    void SetIni(const char* key, const char* value)
+    {
+        WritePrivateProfileStringA(QStringLiteral("Network Options"), QString::fromLatin1(key),
+                                   QString::fromLatin1(value), QStringLiteral("PLANNER.INI"));
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+        m_program->New(m_file, true);
+        m_other = DBEngine::OpenDatabase(m_program->folders.Path(m_file)).OpenTable(QStringLiteral("QMT Table"));
+        m_other.SetIndex(QStringLiteral("qmtPrimaryKey"));
+    }
+    void cleanup()
+    {
+        DBEngine::SetStoreWrapperForTests(nullptr);
+        m_other = Recordset();
+        m_program.reset();
+    }
+
+    void aDayIsLockedTypedAndUnlocked()
+    {
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuLockDay");
+        QCOMPARE(seen.Text, QStringLiteral("Please select a daily cell to lock"));
+        QVERIFY(ShowsFree());
+        m_program->Click(18);
+        AnswerNextBox(msgbox::Ok, &seen); // no key before the lock
+        QTest::keyClick(&Box(), Qt::Key_X);
+        QVERIFY(seen.Text.startsWith(QStringLiteral("Please lock current day in order to edit a shared database.")));
+        LockAndType(QStringLiteral("meeting"));
+        QCOMPARE(Box().Text(), QStringLiteral("meeting"));
+        QVERIFY(OtherIsRefused());
+        QCOMPARE(m_other.Fields(QStringLiteral("qmtPadding")).toString(), QString(1005, u'.'));
+        QTest::keyClick(&Box(), Qt::Key_F2);
+        QVERIFY(ShowsFree());
+        QVERIFY(!Box().hasFocus());
+        QCOMPARE(Stored(), QStringLiteral("meeting"));
+        QVERIFY(!OtherIsRefused());
+    }
+
+    // What stands in the file at this instant takes the place of what the screen showed.
+    void lockingShowsWhatOthersHaveWritten()
+    {
+        OtherWrites("theirs");
+        LockAndType(QStringLiteral(" and ours"));
+        PressLock();
+        QCOMPARE(Stored(), QStringLiteral("theirs and ours"));
+        m_other.Seek(QStringLiteral("="), m_key);
+        m_other.Edit();
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Click(18);
+        PressLock();
+        QVERIFY(seen.Text.startsWith(QStringLiteral("Could not update; currently locked by user")));
+        QVERIFY(ShowsFree());
+        m_other.CancelUpdate();
+    }
+
+    void theLockKeepsThePersonInPlace()
+    {
+        LockAndType(QStringLiteral("kept"));
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Click(20);
+        QTRY_COMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked(Edit Mode), please unlock first."));
+        QTRY_VERIFY(Box().hasFocus());
+        for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
+            AnswerNextBox(msgbox::Ok, &seen);
+            m_program->Trigger(entry);
+            QCOMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked, please unlock first."));
+            QCOMPARE(WaitingAnswers(), 0);
+        }
+        QVERIFY(ShowsLocked());
+        QCOMPARE(Box().Text(), QStringLiteral("kept"));
+        PressLock();
+        QCOMPARE(Stored(), QStringLiteral("kept"));
+    }
+
+    // The ways out that nothing closes commit first.
+    void otherWaysOutCommit_data()
+    {
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("this month") << QStringLiteral("mnuThisMonth");
+        QTest::newRow("week view") << QStringLiteral("mnuWeekView");
+        QTest::newRow("midnight") << QString();
+    }
+    void otherWaysOutCommit()
+    {
+        QFETCH(QString, entry);
+        LockAndType(QStringLiteral("on the way"));
+        if (entry.isEmpty()) {
+            desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
+            m_program->Tick("tmMidnightRefresh");
+            QTRY_VERIFY(ShowsFree());
+        } else {
+            m_program->Trigger(entry.toLatin1());
+        }
+        QVERIFY(ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("on the way"));
+        QVERIFY(!OtherIsRefused());
+    }
+
+    void aDayLeftIdleIsCommitted()
+    {
+        SetIni("AutoUnLock", "1");
+        LockAndType(QStringLiteral("idle"));
+        g_lUnlockDelay = 3;
+        g_lUnlockTicks = 1;
+        QTest::keyClicks(&Box(), QStringLiteral("!")); // a sign of life
+        QCOMPARE(g_lUnlockTicks, 0);
+        for (int second = 0; second < 2; ++second)
+            m_program->Tick("tmUnLock");
+        QTRY_COMPARE(g_lUnlockTicks, 2);
+        QVERIFY(ShowsLocked());
+        m_program->Tick("tmUnLock");
+        QTRY_VERIFY(ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("idle!"));
+    }
+
+    void aDayViewLeftIdleIsTakenOver()
+    {
+        SetIni("AutoUnLock", "1");
+        m_program->Click(18);
+        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("unfinished"));
+            g_lUnlockDelay = 1;
+            Q_EMIT form.parentWidget()->findChild<Timer*>(QStringLiteral("tmUnLock"))->Tick();
+        });
+        m_program->Trigger("mnuDayView"); // returns, for the timer has closed it
+        QVERIFY(ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("unfinished"));
+        QVERIFY(!OtherIsRefused());
+    }
+
+    // Opened on a day that is locked by hand, the day view gives the lock back with the text, or leaves it.
+    void theDayViewOfALockedDay()
+    {
+        LockAndType(QStringLiteral("by hand"));
+        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
+            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnCancel")), Qt::LeftButton);
+        });
+        m_program->Trigger("mnuDayView");
+        QVERIFY(ShowsLocked());
+        QCOMPARE(Box().Text(), QStringLiteral("by hand"));
+        QVERIFY(OtherIsRefused());
+        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("zoomed "));
+            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnOk")), Qt::LeftButton);
+        });
+        m_program->Trigger("mnuDayView");
+        QVERIFY(ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("zoomed by hand"));
+        m_program->Trigger("mnuNextMonth");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
+    }
+
+    void exitLosesWhatIsUnderTheLock()
+    {
+        OtherWrites("old");
+        LockAndType(QStringLiteral(" new"));
+        m_program->Exit();
+        QCOMPARE(Stored(), QStringLiteral("old"));
+        QVERIFY(!OtherIsRefused());
+    }
+
+    void theRefreshReadsAgain()
+    {
+        m_program->Click(18);
+        OtherWrites("first");
+        QTest::mouseClick(&Picture("picRefresh"), Qt::LeftButton);
+        QCOMPARE(Box().Text(), QStringLiteral("first"));
+        QVERIFY(Picture("picRefresh").Visible(0));
+        g_bAutoRefresh = true;
+        g_lRefreshDelay = 2;
+        g_lRefreshTicks = 0;
+        OtherWrites("second");
+        for (const char* text : {"first", "first", "second"}) {
+            m_program->Tick("tmAutoRefresh");
+            QTest::qWait(1);
+            QCOMPARE(Box().Text(), QString::fromLatin1(text));
+        }
+        // A lock makes it skip its turn.
+        LockAndType(QStringLiteral("!"));
+        g_lRefreshTicks = 2;
+        m_program->Tick("tmAutoRefresh");
+        QTRY_COMPARE(g_lRefreshTicks, 1);
+        QCOMPARE(Box().Text(), QStringLiteral("second!"));
+    }
+
+    // A full disk at the commit: the day stays locked with its text, and the next try stores it.
+    void whatCannotBeStoredStays()
+    {
+        const auto plan = std::make_shared<FailurePlan>();
+        DBEngine::SetStoreWrapperForTests(
+            [plan](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, plan); });
+        m_program->Open(m_file, true);
+        LockAndType(QStringLiteral("not lost"));
+        *plan = {1, FailurePlan::Before, {3026, QStringLiteral("Disk full")}, QStringLiteral("Replace")};
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuWeekView");
+        QCOMPARE(seen.Text, QStringLiteral("Disk full"));
+        QVERIFY(ShowsLocked());
+        QVERIFY(!Box().isHidden()); // the month has not gone
+        QCOMPARE(Box().Text(), QStringLiteral("not lost"));
+        PressLock();
+        QVERIFY(ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("not lost"));
+    }
+};
+
+QTEST_MAIN(DayLockTest)
+#include "daylocktest.moc"
