@@ -13,6 +13,7 @@
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
 #include "support.h"
+#include "workgroup/workgroupstate.h"
 
 #include <QAction>
 #include <QFile>
@@ -37,6 +38,7 @@ public:
         desktopclock::SetForTests(QDateTime());
         ResetPlannerStateForTests();
         ResetCalendarStateForTests();
+        ResetWorkgroupStateForTests();
         CloseErrorLog();
     }
 
@@ -44,6 +46,7 @@ public:
     {
         ResetPlannerStateForTests();
         ResetCalendarStateForTests();
+        ResetWorkgroupStateForTests();
         g_bErrorTrap = true;
         OpenErrorLog(LogPath());
         form = std::make_unique<Mainform>();

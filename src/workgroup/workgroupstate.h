@@ -9,3 +9,5 @@ extern std::int32_t g_lUnlockDelay; // seconds
 extern std::int32_t g_lRefreshDelay;
 extern std::int32_t g_lUnlockTicks; // seconds since the user last showed life in a cell
 extern std::int32_t g_lRefreshTicks;
+
+void ResetWorkgroupStateForTests();
