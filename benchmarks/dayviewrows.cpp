@@ -124,10 +124,10 @@ void AddDayViewRows(const Add& add)
 {
     const auto painted = [] { return g_paintings.Take() >= 1; };
     const auto settle = [] { TheNote(), PaintNow(), g_paintings.Take(); };
-    add({"open the day view, 20 pages, 10 pictures",
+    add({"day view of 20 pages, 10 pictures",
          {[] { OpenDayView(); }, settle, painted},
          {[] { OpenBareView(); }, settle, painted},
          SomeTurns});
-    add({"keystroke in that note", KeystrokesIn([] { return OpenDayView(); }),
+    add({"keystroke in that day view", KeystrokesIn([] { return OpenDayView(); }),
          KeystrokesIn([] { return OpenBareView(); }), ManyKeys});
 }

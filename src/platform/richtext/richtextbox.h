@@ -134,6 +134,7 @@ private:
     void ChangeFont(const QFont& font, const QTextCharFormat& part);
     void ChangeAllText(const QTextCharFormat& part);
     void MergeIntoSelection(const QTextCharFormat& part);
+    void TellUnpasted(const QMimeData& source);
     void FollowRightMargin();
     void FollowScrollRange();
     void PassToViewport(const QMouseEvent& event);

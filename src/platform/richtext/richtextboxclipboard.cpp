@@ -1,4 +1,5 @@
 // What the box gives to the clipboard and to drags, and what it takes of them.
+#include "platform/desktop/msgbox.h"
 #include "platform/richtext/notemimedata.h"
 #include "platform/richtext/notepaste.h"
 #include "platform/richtext/notepicture.h"
@@ -22,9 +23,20 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     UseTypingFormat();
     QTextCursor cursor = textCursor();
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
-    if (!Paste(*source, cursor, Font(), {.width = std::max(width, 1)})) return;
+    if (!Paste(*source, cursor, Font(), {.width = std::max(width, 1)})) return TellUnpasted(*source);
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+// Queued, since a drag is over only when its drop returns.
+void RichTextBox::TellUnpasted(const QMimeData& source)
+{
+    if (!CanPaste(source)) return;
+    const auto tell = [] {
+        MsgBox(QStringLiteral("This cannot be pasted: it is empty, damaged, or too large for a note."),
+               msgbox::Exclamation);
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 // A note holds all that it shows; whatever else it names stays where it is.

@@ -3,6 +3,7 @@
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
+#include "support.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -66,6 +67,7 @@ private Q_SLOTS:
     void ComesBackTheSame();
     void TakesTheBestForm_data();
     void TakesTheBestForm();
+    void SaysWhatItCannotTake();
     void PhotographsFitTheBox();
     void FilesAreDropped();
     void PartOfAParagraphStaysOne();
@@ -207,6 +209,22 @@ void RichTextBoxClipboardTest::TakesTheBestForm()
     QTEST(bold.remove(u'|'), "bold");
     if (box.document()->isUndoAvailable()) box.undo();
     QCOMPARE(WriteRtf(*box.document()), before);
+}
+
+void RichTextBoxClipboardTest::SaysWhatItCannotTake()
+{
+    QApplication::clipboard()->setText(QString(9 << 20, u'x'));
+    Box box;
+    SeenBox seen;
+    AnswerNextBox(msgbox::Ok, &seen);
+    box.paste();
+    QTRY_VERIFY(seen.Text.contains(u"too large"));
+    auto* other = new QMimeData;
+    other->setData(u"x-other/kind"_s, "x");
+    QApplication::clipboard()->setMimeData(other);
+    box.paste(); // nothing that anybody could have meant
+    QTest::qWait(20);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void RichTextBoxClipboardTest::PhotographsFitTheBox()
