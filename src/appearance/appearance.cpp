@@ -87,23 +87,25 @@ StyleRules MonthRules()
 }
 } // namespace
 
-void Appearance::DrawAnew(void (Redraw::*display)())
+void Appearance::DrawAnew(void (Redraw::*display)(), QLatin1StringView literal)
 {
-    m_turn(QLatin1StringView(" in PanelDayForm, btnSave_Click"), [&] { (m_redraw.*display)(); });
+    m_turn(literal, [&] { (m_redraw.*display)(); });
 }
 
 void Appearance::mnuNumberDlg_Click()
 {
     StyleForm form(DayRules(), CellSamples({u"DAILY PANEL", u"TODAY PANEL", u"MEMO PANEL", u"PASTDATE PANEL"}, 12),
                    m_cells.Client()->window());
-    if (form.exec() == QDialog::Accepted) DrawAnew(&Redraw::subDisplayMonth);
+    if (form.exec() == QDialog::Accepted)
+        DrawAnew(&Redraw::subDisplayMonth, QLatin1StringView(" in PanelDayForm, btnSave_Click"));
 }
 
 void Appearance::mnuWeekAppearance_Click()
 {
     StyleForm form(WeekRules(), CellSamples({u"WEEKDAILY", u"WEEKTODAY", u"WEEKMEMO", u"WEEKPASTDATE"}, 16),
                    m_cells.Client()->window());
-    if (form.exec() == QDialog::Accepted) DrawAnew(&Redraw::subDisplayWeek);
+    if (form.exec() == QDialog::Accepted)
+        DrawAnew(&Redraw::subDisplayWeek, QLatin1StringView(" in PanelWeekForm, btnSave_Click"));
 }
 
 void Appearance::mnuMonToSun_Click()

@@ -1,6 +1,8 @@
 // The commands that change how days, headings, titles and new notes look.
 #pragma once
 
+#include <QLatin1StringView>
+
 struct BottomPanel;
 class Cells;
 class Redraw;
@@ -22,7 +24,7 @@ public:
     void lblDayOfWeek_DblClick(int Index); // this heading alone, by the font dialog
 
 private:
-    void DrawAnew(void (Redraw::*display)());
+    void DrawAnew(void (Redraw::*display)(), QLatin1StringView literal);
 
     Cells& m_cells;
     const BottomPanel& m_bottom;

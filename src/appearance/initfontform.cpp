@@ -56,7 +56,7 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
     auto* rows = new QFormLayout(frame);
     m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", QStringLiteral("&Font:"));
     m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", QStringLiteral("&Size:"));
-    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", QStringLiteral("C&olor:"));
+    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", QStringLiteral("Colo&r:"));
     for (std::size_t i = 0; i < m_styles.size(); ++i) {
         m_styles[i] = new QCheckBox(QString::fromLatin1(StyleRows[i].caption));
         m_styles[i]->setObjectName(QString::fromLatin1(StyleRows[i].name));

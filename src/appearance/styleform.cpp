@@ -72,19 +72,24 @@ void StyleForm::AddChecks(QLayout& column)
         auto* check = new QCheckBox(caption);
         check->setObjectName(QString::fromLatin1(name));
         check->setChecked(checked);
-        connect(check, &QCheckBox::toggled, this, &StyleForm::ShowEffects);
         column.addWidget(check);
         return check;
     };
-    m_chkFontEffect = add("chkFontEffect", QStringLiteral("3D Font Effects"), Read(m_rules.font3D) != 0);
-    if (m_rules.strikeOut)
-        m_chkStrikeOut = add("chkStrikeOut", m_rules.strikeOutCaption, Read(*m_rules.strikeOut) != 0);
+    m_effect = Read(m_rules.font3D);
+    m_chkFontEffect = add("chkFontEffect", QStringLiteral("3D Font Effects"), m_effect != 0);
+    connect(m_chkFontEffect, &QCheckBox::toggled, this, [this](bool checked) {
+        m_effect = checked ? m_rules.effect : 0;
+        ShowEffects();
+    });
+    if (!m_rules.strikeOut) return;
+    m_chkStrikeOut = add("chkStrikeOut", m_rules.strikeOutCaption, Read(*m_rules.strikeOut) != 0);
+    connect(m_chkStrikeOut, &QCheckBox::toggled, this, &StyleForm::ShowEffects);
 }
 
 void StyleForm::ShowEffects()
 {
     for (SamplePanel* panel : m_panels)
-        panel->SetFont3D(m_chkFontEffect->isChecked() ? m_rules.effect : 0);
+        panel->SetFont3D(m_effect);
     if (!m_chkStrikeOut) return;
     QFont font = m_panels.back()->CaptionFont();
     font.setStrikeOut(m_chkStrikeOut->isChecked());

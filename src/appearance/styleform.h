@@ -56,6 +56,7 @@ private:
     const StyleRules m_rules;
     const std::vector<StyleSample> m_samples;
     std::vector<SamplePanel*> m_panels; // of the samples, then the one for all
+    int m_effect = 0;                   // 3D, as the file has it until the box is clicked
     QCheckBox* m_chkFontEffect = nullptr;
     QCheckBox* m_chkStrikeOut = nullptr;
 };

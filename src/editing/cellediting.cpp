@@ -111,9 +111,7 @@ void CellEditing::tbDay_GotFocus(int Index)
     // Without a planner there is nothing that the cell could be written to.
     if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
     tail([&] {
-        RichTextBox& box = m_cells.tbDay(Index);
-        if (!IsBlankNote(box)) return;
-        GiveDefaultFont(box, DefaultStyles::AsSet, QLatin1StringView(" in MainForm, tbDay_GotFocus"));
+        GiveDefaultFont(m_cells.tbDay(Index), DefaultStyles::AsSet, QLatin1StringView(" in MainForm, tbDay_GotFocus"));
     });
 }
 
@@ -183,10 +181,7 @@ void CellEditing::FollowCombos(const RichTextBox& box)
     tail([&] {
         const auto name = box.SelFontName();
         if (!name) return;
-        const int index = IndexOf(*m_bar.orlcmbFontname, *name);
-        // A note keeps the name of a font that is not installed here.
-        if (index < 0) m_bar.orlcmbFontname->ShowText(*name);
-        Choose(*m_bar.orlcmbFontname, index);
+        Choose(*m_bar.orlcmbFontname, IndexOf(*m_bar.orlcmbFontname, *name));
     });
     tail([&] {
         const auto size = box.SelFontSize();

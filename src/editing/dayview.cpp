@@ -44,17 +44,20 @@ int Stored(IntSetting setting, int computedPixels)
 }
 } // namespace
 
+// The current cell, that of the caret, that of the selected day, or the first day that is shown.
 int DayView::CellToOpen() const
 {
     if (m_cells.Shows(g_iCurrentPanel)) return g_iCurrentPanel;
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    int ofDay = 0;
+    int selected = 0, firstDay = 0;
     for (int cell = range.first; cell <= range.last; ++cell) {
         if (!m_cells.Shows(cell)) continue;
         if (m_cells.tbDay(cell).hasFocus()) return cell;
-        if (Val(m_cells.panelDay(cell).Caption()) == g_iDay) ofDay = cell;
+        const QString caption = m_cells.panelDay(cell).Caption();
+        if (firstDay == 0 && !IsMemoCaption(caption)) firstDay = cell;
+        if (Val(caption) == g_iDay) selected = cell;
     }
-    return ofDay;
+    return selected != 0 ? selected : firstDay;
 }
 
 void DayView::subZoomView()
@@ -68,12 +71,20 @@ void DayView::subZoomView()
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
     if (g_iCurrentPanel == 0) return; // nothing is shown that could be opened
     m_day = {g_iCurrentPanel, CellKey(m_cells.panelDay(g_iCurrentPanel).Caption()), false};
+    if (!g_bDBShared && m_cells.tbDay(m_day.cell).Locked()) {
+        // What would be written could not be stored: the day's note has not been read.
+        MsgBox(QStringLiteral("This day cannot be opened, since its note could not be read."), msgbox::Exclamation,
+               messages::HelpWizard);
+        return;
+    }
     if (g_bDBShared && !Lock()) return;
     m_sidebar.picDay->ShowElement(1);
     tail([&] { Show(); });
     m_sidebar.picDay->ShowElement(0);
     SetMousePointer(mousepointer::Default);
     tail([&] { QFile::remove(ScratchFile()); });
+    // The caret goes where the eye is: the next command acts on the day that was open.
+    if (ShowsDay()) m_cells.tbDay(m_day.cell).setFocus();
 }
 
 // Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
@@ -103,6 +114,7 @@ void DayView::Show()
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     box.CommitPreedit();
     m_text = box.TextRTF();
+    m_isEmpty = box.IsEmpty();
     m_taken = false;
     tail([&] { box.SaveFile(ScratchFile()); });
     ZoomBoxForm form(m_cells.Client()->window(), Heading(), m_text, Place(), m_fontCommand);
@@ -134,11 +146,17 @@ void DayView::FollowResult(const ZoomBoxForm& form, bool accepted)
     if ((accepted || form.bCancel) && !staysLocked) m_network.tmUnLock->SetEnabled(false);
     if (!accepted) return;
     if (form.tbZoom().Modified()) {
-        m_text = form.tbZoom().TextRTF();
-        if (!g_bDBShared && ShowsDay()) Mark(m_day.cell, true);
+        TakeTextOf(form);
         tail([&] { form.tbZoom().SaveFile(ScratchFile()); });
     }
     StorePlace(form);
+}
+
+void DayView::TakeTextOf(const ZoomBoxForm& form)
+{
+    m_text = form.tbZoom().TextRTF();
+    m_isEmpty = form.tbZoom().IsEmpty();
+    if (!g_bDBShared && ShowsDay()) Mark(m_day.cell, true);
 }
 
 bool DayView::ShowsDay() const
@@ -150,7 +168,7 @@ void DayView::TakeOver()
 {
     if (!ShowsDay()) {
         // The calendar has turned to today meanwhile.
-        if (!g_bDBShared) m_notes.PutNote(m_day.key, m_text);
+        if (!g_bDBShared) m_notes.PutNote(m_day.key, m_isEmpty ? QByteArray() : m_text);
         return;
     }
     RichTextBox& box = m_cells.tbDay(m_day.cell);
@@ -201,12 +219,19 @@ void DayView::TakeText()
     if (!m_form) return;
     const ErrorTail tail(ZoomLiteral);
     m_form->tbZoom().CommitPreedit();
-    m_text = m_form->tbZoom().TextRTF();
+    TakeTextOf(*m_form);
     tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
     tail([&] { TakeOver(); });
     // The idle timer unlocks the day that is shown.
     if (g_bDBShared && !ShowsDay()) Unlock(false);
     m_taken = true;
+}
+
+void DayView::TakeTextAtExit()
+{
+    if (!m_form) return;
+    TakeText();
+    if (g_bDBShared && ShowsDay()) ErrorTail{ZoomLiteral}([&] { Unlock(false); });
 }
 
 void DayView::Close()
@@ -224,12 +249,11 @@ QString DayView::Heading() const
 
 QRect DayView::Place() const
 {
-    constexpr QSize Smallest(320, 200);
     const SSPanel& heading = m_cells.lblDayOfWeek(1);
     const QRect stored(Stored(settings::ZoomLeft, m_cells.Client()->screen()->size().width() / 8),
                        Stored(settings::ZoomTop, heading.y() + 2 * heading.height()),
                        ToPixels(Read(settings::ZoomWidth)), ToPixels(Read(settings::ZoomHeight)));
-    return ReachablePlace(stored, Smallest);
+    return ReachablePlace(stored, SmallestZoomBox);
 }
 
 void DayView::StorePlace(const ZoomBoxForm& form)

@@ -33,6 +33,8 @@ public:
     void picDay_MouseUp();
     void picDay_Click();
 
+    void TakeTextAtExit(); // where the window is open, what stands in it is kept; in a workgroup's planner stored
+
     bool IsOpen() const override { return m_form != nullptr; }
     void TakeText() override;
     void Close() override;
@@ -52,6 +54,7 @@ private:
     void StartUnlockTimer();
     void FollowResult(const ZoomBoxForm& form, bool accepted);
     void TakeOver();
+    void TakeTextOf(const ZoomBoxForm& form);
     void Unlock(bool cancelled);
     void CommitDay();
     void KeepLocked(const QString& reason);
@@ -69,6 +72,7 @@ private:
     FontCommand& m_fontCommand;
     ZoomBoxForm* m_form = nullptr; // while the window is open
     Day m_day;
-    QByteArray m_text;    // of the day, as it is to go into the cell
+    QByteArray m_text; // of the day, as it is to go into the cell
+    bool m_isEmpty = false;
     bool m_taken = false; // closed from outside, which has taken the text and given up the lock
 };

@@ -5,22 +5,25 @@
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
 
-bool IsBlankNote(const RichTextBox& box)
+namespace {
+void SetSize(QFont& font, int points)
 {
-    return box.Text().remove(u' ').isEmpty();
+    if (points <= 0) throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
+    font.setPointSize(points);
 }
+} // namespace
 
 void GiveDefaultFont(RichTextBox& box, DefaultStyles styles, QLatin1StringView literal)
 {
     const auto isSet = [styles](const IntSetting& setting) {
         return styles == DefaultStyles::AsSet && Read(setting) == 1;
     };
-    const ErrorTail tail(literal);
-    tail([&] { box.SetFontName(Read(settings::DefaultFontName)); });
-    tail([&] { box.SetFontSize(Read(settings::DefaultFontSize)); });
-    box.SetFontBold(isSet(settings::DefaultBold));
-    box.SetFontItalic(isSet(settings::DefaultItalic));
-    box.SetFontUnderline(isSet(settings::DefaultUnderline));
-    box.SetFontStrikethrough(isSet(settings::DefaultStrikeThrough));
-    box.SetSelColor(fnColorInHex(Read(settings::DefaultFontColor).toUpper()));
+    QFont font = box.Font();
+    font.setFamily(Read(settings::DefaultFontName));
+    ErrorTail{literal}([&] { SetSize(font, Read(settings::DefaultFontSize)); });
+    font.setBold(isSet(settings::DefaultBold));
+    font.setItalic(isSet(settings::DefaultItalic));
+    font.setUnderline(isSet(settings::DefaultUnderline));
+    font.setStrikeOut(isSet(settings::DefaultStrikeThrough));
+    box.SetBlankFormat(font, fnColorInHex(Read(settings::DefaultFontColor).toUpper()));
 }

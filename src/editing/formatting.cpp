@@ -71,6 +71,7 @@ void Formatting::mnuColorSizeFonts_Click()
         if (!fnCanFormatCell()) return;
         RichTextBox& box = CurrentBox();
         const FontChoice& chosen = m_fontCommand.Ask(m_cells.Client()->window(), box, tail);
+        const UndoStep oneStep(box);
         // Name and size are the whole note's, colour and styles the selection's.
         tail([&] { box.SetFontName(NameOr(chosen)); });
         tail([&] { box.SetFontSize(chosen.size); });

@@ -6,6 +6,8 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/look/paper.h"
+#include "platform/richtext/boundedimage.h"
+#include "platform/richtext/htmlimages.h"
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
@@ -19,18 +21,23 @@
 #include <QPixmap>
 #include <QSaveFile>
 #include <QTextDocument>
+#include <QUrl>
 
 namespace {
-constexpr int PictureSize = 32;         // logical pixels a side
-constexpr qint64 LargestIcon = 4 << 20; // bytes; no icon comes near it
-const QString Blanks(3, u' ');          // behind each picture
+constexpr int PictureSize = 32; // logical pixels a side
+const QString Blanks(3, u' ');  // behind each picture
 
+[[noreturn]] void RaiseAccessError()
+{
+    throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+}
+
+// Of a file alone: a pipe would never end.
 QByteArray ReadIcon(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
-    return file.read(LargestIcon);
+    const QByteArray content = DataOfFile(QUrl::fromLocalFile(path));
+    if (content.isEmpty()) RaiseAccessError();
+    return content;
 }
 
 void AppendIcon(QTextCursor& end, const QString& path)
@@ -41,12 +48,11 @@ void AppendIcon(QTextCursor& end, const QString& path)
 }
 
 // Under its own name, or not at all.
-void CopyIcon(const QString& from, const QString& to)
+void WriteIcon(const QByteArray& content, const QString& path)
 {
-    const QByteArray content = ReadIcon(from);
-    QSaveFile file(to);
+    QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() || !file.commit())
-        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+        RaiseAccessError();
 }
 
 // What arrives in a note: the picture and one blank in the initial font, so that typing behind it looks as usual.
@@ -73,6 +79,11 @@ void Refuse(const QString& text)
 {
     MsgBox(text, msgbox::Exclamation, messages::HelpWizard);
 }
+
+void RefuseFormat()
+{
+    Refuse(QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
+}
 } // namespace
 
 void PictureBar::subLoadIcons()
@@ -82,11 +93,15 @@ void PictureBar::subLoadIcons()
     QTextCursor end(m_sidebar.tbPictureBox->document());
     end.movePosition(QTextCursor::End);
     const ErrorTail tail(QLatin1StringView(" in MainForm, subLoadIcons"));
+    SetMousePointer(mousepointer::Hourglass);
+    end.beginEditBlock(); // laid out once, not after each of hundreds
     tail([&] {
         for (const QString& file :
              icons.entryList({QStringLiteral("*.ico")}, QDir::Files, QDir::Name | QDir::IgnoreCase))
             AppendIcon(end, icons.filePath(file));
     });
+    end.endEditBlock();
+    SetMousePointer(mousepointer::Default);
 }
 
 void PictureBar::btnReloadIcons_Click()
@@ -126,12 +141,14 @@ void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
     const ErrorTail tail(QLatin1StringView(" in MainForm, tbPictureBox_OLEDragDrop"));
     tail([&] {
         const QString& dropped = files.constFirst();
-        if (!dropped.contains(u".ico", Qt::CaseInsensitive))
-            return Refuse(QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
+        if (!dropped.contains(u".ico", Qt::CaseInsensitive)) return RefuseFormat();
         const QDir icons(folders::IconsDirectory());
         const QString name = QFileInfo(dropped).fileName();
         if (icons.entryList(QDir::Files).contains(name))
             return Refuse(QStringLiteral("File Exists!\nPlease select another Icon(*.ico) file."));
-        CopyIcon(dropped, icons.filePath(name));
+        const QByteArray content = ReadIcon(dropped);
+        // A file that is no picture would end the strip at its place.
+        if (ImageSize(content).isEmpty()) return RefuseFormat();
+        WriteIcon(content, icons.filePath(name));
     });
 }

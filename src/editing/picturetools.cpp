@@ -54,7 +54,7 @@ void subFixPictures()
 void subTransparentBlt(QImage& destination, const QImage& source, const QRect& part, int destX, int destY,
                        QRgb transparent)
 {
-    QImage cut = source.copy(part).convertToFormat(QImage::Format_ARGB32);
-    cut.setAlphaChannel(cut.createMaskFromColor(transparent, Qt::MaskOutColor));
+    QImage cut = source.copy(part).convertToFormat(QImage::Format_RGB32);
+    cut.setAlphaChannel(cut.createMaskFromColor(transparent | 0xFF000000, Qt::MaskOutColor));
     QPainter(&destination).drawImage(destX, destY, cut);
 }

@@ -4,6 +4,7 @@
 #include "editing/fontcommand.h"
 #include "editing/textstyles.h"
 #include "platform/controls/postkey.h"
+#include "platform/controls/sspanel.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 
@@ -58,10 +59,11 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     column->addWidget(MakeFrame(heading), 1);
     column->addLayout(MakeFoot());
     MakeMenu();
+    setMinimumSize(SmallestZoomBox);
     resize(place.size());
     move(place.topLeft());
     m_tbZoom->SetTextRTF(rtf);
-    if (IsBlankNote(*m_tbZoom)) GiveDefaultFont(*m_tbZoom, DefaultStyles::None, LoadLiteral);
+    GiveDefaultFont(*m_tbZoom, DefaultStyles::None, LoadLiteral);
     m_tbZoom->setFocus();
 }
 
@@ -69,12 +71,12 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 {
     auto* frame = new QGroupBox(heading);
     frame->setObjectName(QStringLiteral("frZoom"));
-    frame->setStyleSheet(QStringLiteral("#frZoom { border: none; margin-top: 1.6em; font-weight: bold; }"
-                                        "#frZoom::title { subcontrol-origin: margin; left: 0px; }"
-                                        "#panelZoom { background: %1; border: 1px solid %2; }")
-                             .arg(paper::Paper.name(), paper::Hairline.name()));
-    auto* panel = new QFrame;
+    QFont bold = frame->font();
+    bold.setBold(true);
+    frame->setFont(bold);
+    auto* panel = new SSPanel;
     panel->setObjectName(QStringLiteral("panelZoom"));
+    panel->SetPaper(paper::Paper);
     m_tbZoom = new RichTextBox;
     m_tbZoom->setObjectName(QStringLiteral("tbZoom"));
     m_tbZoom->setAccessibleName(heading);
@@ -90,7 +92,7 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
     paperLayout->setContentsMargins(10, 8, 2, 8); // the scroll bar stands at the edge
     paperLayout->addWidget(m_tbZoom);
     auto* frameLayout = new QVBoxLayout(frame);
-    frameLayout->setContentsMargins(0, 0, 0, 0);
+    frameLayout->setContentsMargins(1, 1, 1, 1);
     frameLayout->addWidget(panel);
     return frame;
 }
@@ -185,6 +187,7 @@ void ZoomBoxForm::btnFonts_Click()
 {
     const ErrorTail tail(QLatin1StringView(" in ZoomBoxForm, btnFonts_Click"));
     const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
+    const UndoStep oneStep(*m_tbZoom);
     tail([&] { m_tbZoom->SetSelFontName(NameOr(chosen)); });
     tail([&] { m_tbZoom->SetSelFontSize(chosen.size); });
     tail([&] { m_tbZoom->SetSelColor(chosen.color); });

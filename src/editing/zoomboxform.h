@@ -10,6 +10,8 @@ class QMenu;
 class QPushButton;
 class RichTextBox;
 
+inline constexpr QSize SmallestZoomBox(400, 260); // all of its foot can be read
+
 class ZoomBoxForm : public QDialog
 {
     Q_OBJECT

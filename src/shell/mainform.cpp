@@ -93,6 +93,7 @@ void Mainform::subExitProgram(int iUnloadMode)
         setWindowState(Qt::WindowMinimized);
         setWindowState(Qt::WindowNoState);
     }
+    tail([&] { m_rooms->dayView.TakeTextAtExit(); });
     // Where the window stood must be known before it is hidden.
     const auto place = m_rooms->m_pLayout.WindowPlace();
     hide();

@@ -182,6 +182,55 @@ private Q_SLOTS:
         QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).isNull());
     }
 
+    // A day whose note could not be read takes no text in its cell, and none by way of the day view.
+    void aDayThatIsNotReadIsRefused()
+    {
+        m_program->New(m_file);
+        m_program->Click(18);
+        AnswerNextFileDialog(m_program->folders.Path(m_file));
+        AnswerNextBox(msgbox::No); // not replaced: the planner is open, its notes are not read
+        m_program->Trigger("mnuNew");
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        Q_EMIT m_program->Panel(18).DblClick();
+        QCOMPARE(seen.Text, QStringLiteral("This day cannot be opened, since its note could not be read."));
+    }
+
+    // By a signal or the session's end; a person cannot close the main window behind it.
+    void theEndOfTheProgramKeepsWhatStandsInTheWindow()
+    {
+        m_program->New(m_file);
+        m_program->Click(18);
+        InDayView([&](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("unfinished"));
+            m_program->form->subExitProgram(Mainform::SessionEnds);
+            form.reject();
+        });
+        m_program->Trigger("mnuDayView");
+        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("unfinished"));
+        QVERIFY(!ScratchExists());
+    }
+
+    // Commands act on the day that was open, not on the one where the caret had been.
+    void theOpenedDayIsTheCurrentOne()
+    {
+        m_program->New(m_file);
+        m_program->Type(18, QStringLiteral("caret"));
+        InDayView([](ZoomBoxForm& form) { Press(form, "btnCancel"); });
+        Q_EMIT m_program->Panel(20).DblClick();
+        QCOMPARE(m_program->form->focusWidget(), &m_program->Box(20));
+        QCOMPARE(g_iCurrentPanel, 20);
+        m_program->Trigger("mnuWeekView");
+        m_program->Trigger("mnuNextWeek");
+        m_program->form->findChild<QWidget*>(QStringLiteral("tabSidebar"))->setFocus();
+        InDayView([](ZoomBoxForm& form) {
+            QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH 21, 1999")); // the first that is shown
+            Press(form, "btnCancel");
+        });
+        m_program->Trigger("mnuDayView");
+        QCOMPARE(WaitingAnswers(), 0);
+    }
+
     void aWorkgroupsDayIsLockedMeanwhile()
     {
         const QString team = QStringLiteral("team.mdb");

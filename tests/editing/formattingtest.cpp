@@ -4,6 +4,7 @@
 #include "program.h"
 
 #include <QClipboard>
+#include <QListView>
 
 // The commands that change the look of the current note, on the real window.
 class FormattingTest : public QObject
@@ -34,6 +35,19 @@ class FormattingTest : public QObject
     {
         m_program->Type(18, text);
         return m_program->Box(18);
+    }
+
+    // Types a size and presses Return there.
+    static void AnswerNextFontDialogByKeys()
+    {
+        OnNextModal([](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
+                    [](QWidget* window) {
+                        auto* const fonts = window->findChild<QFontDialog*>();
+                        auto* const size = fonts->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(2);
+                        size->selectAll();
+                        QTest::keyClicks(size, QStringLiteral("22"));
+                        QTest::keyClick(size, Qt::Key_Return);
+                    });
     }
 
     static void Select(RichTextBox& box, int start, int length)
@@ -181,6 +195,54 @@ private Q_SLOTS:
         m_program->Trigger("mnuColorSizeFonts");
         QVERIFY(m_program->Log().contains(":Invalid property value in MainForm, mnuColorSizeFonts_Click"));
         QVERIFY(!box.SelFontSize()); // no size is no size that a font could have
+    }
+
+    // Return is the dialog's Ok wherever the caret stands, and takes back as one step.
+    void theFontDialogIsOneStepOfUndo()
+    {
+        RichTextBox& box = Write(QStringLiteral("one step"));
+        Select(box, 0, 8);
+        AnswerNextFontDialogByKeys();
+        m_program->Trigger("mnuColorSizeFonts");
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(box.SelFontSize(), 22.0);
+        box.undo();
+        Select(box, 0, 8);
+        QCOMPARE(box.SelFontSize(), 8.0);
+        QCOMPARE(box.Text(), QStringLiteral("one step"));
+    }
+
+    // In a mixed selection the dialog begins with some value; choosing just that one is a choice too.
+    void theValueThatIsShownCanBeChosen()
+    {
+        RichTextBox& box = Write(QStringLiteral("onetwo"));
+        Select(box, 0, 3);
+        box.SetSelFontSize(20);
+        Select(box, 0, 6);
+        double shown = 0;
+        AnswerFontDialog([&](QFontDialog& fonts) {
+            shown = fonts.currentFont().pointSizeF();
+            auto* const sizes = fonts.findChildren<QListView*>(Qt::FindDirectChildrenOnly).at(2);
+            const QRect row = sizes->visualRect(sizes->currentIndex());
+            QTest::mouseClick(sizes->viewport(), Qt::LeftButton, {}, row.center());
+        });
+        m_program->Trigger("mnuColorSizeFonts");
+        QCOMPARE(box.SelFontSize(), shown);
+    }
+
+    void anEmptiedNoteTakesTheInitialFont()
+    {
+        m_program->Type(18, QStringLiteral("x"));
+        RichTextBox& box = m_program->Box(18);
+        box.SetTextRTF("{\\rtf1{\\fonttbl{\\f0 Courier;}}\\f0\\fs40 loud}");
+        m_program->Click(20);
+        m_program->Click(18);
+        box.selectAll();
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QTest::keyClicks(&box, QStringLiteral("quiet"));
+        Select(box, 0, 5);
+        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+        QCOMPARE(box.SelFontSize(), 8.0);
     }
 
     void clipboardCommandsReachTheCell()

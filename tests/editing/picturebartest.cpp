@@ -110,6 +110,12 @@ private Q_SLOTS:
         QCOMPARE(Content().count(Picture), 2); // until it is loaded again
         Reload();
         QCOMPARE(Content().count(Picture), 3);
+        QFile damaged(m_program->folders.Path(QStringLiteral("damaged.ico")));
+        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no icon at all") > 0);
+        damaged.close();
+        AnswerNextBox(msgbox::Ok, &seen);
+        DropFiles({damaged.fileName()});
+        QCOMPARE(seen.Text, QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
         DropFiles({QStringLiteral("/nowhere/third.ico")});
         QVERIFY(!Icons().exists(QStringLiteral("third.ico")));
         QVERIFY(m_program->Log().contains(":Path/File access error in MainForm, tbPictureBox_OLEDragDrop"));

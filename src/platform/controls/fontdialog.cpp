@@ -1,5 +1,6 @@
 #include "platform/controls/fontdialog.h"
 
+#include "platform/controls/fontfamilies.h"
 #include "platform/desktop/centeronscreen.h"
 
 #include <QColorDialog>
@@ -7,9 +8,13 @@
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <array>
 
 namespace {
 constexpr QSize SwatchSize(32, 16);
@@ -27,7 +32,7 @@ std::uint32_t ValueOf(const QColor& color)
 QFont FontOf(const FontChoice& choice)
 {
     // The lists show what stands in for a font that is not installed.
-    QFont font(QFontInfo(QFont(choice.name)).family());
+    QFont font(QFontInfo(QFont(choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name)).family());
     if (choice.size > 0) font.setPointSizeF(choice.size);
     font.setBold(choice.bold);
     font.setItalic(choice.italic);
@@ -36,19 +41,65 @@ QFont FontOf(const FontChoice& choice)
     return font;
 }
 
-// Return and Esc belong to the dialog around it; alone it would swallow the one and vanish by the other.
+// Return and Esc belong to the dialog around it; alone it would take the one for its own end and vanish by the other.
+// It knows which of its lists a person has touched: one that shows the wanted value already does not change by that.
 class InnerFontDialog : public QFontDialog
 {
 public:
-    InnerFontDialog(const QFont& font, int flags, QWidget* outer) : QFontDialog(font, outer)
+    enum Part
+    {
+        Family,
+        Style,
+        Size,
+        PartCount
+    };
+
+    InnerFontDialog(const QFont& font, int flags, QDialog* outer) : QFontDialog(font, outer), m_outer(outer)
     {
         setWindowFlags(Qt::Widget);
         setOptions(NoButtons | DontUseNativeDialog);
         setOption(ScalableFonts, flags & fontdialog::TrueTypeOnly);
+        setSizeGripEnabled(false);
+        Watch(findChildren<QListView*>(Qt::FindDirectChildrenOnly));
+        Watch(findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly));
     }
+
+    bool IsTouched(Part part) const { return m_touched[part]; }
+    void accept() override { m_outer->accept(); }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isKey =
+            event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->text().trimmed().isEmpty();
+        if (isKey || event->type() == QEvent::MouseButtonPress) Touch(watched);
+        return QFontDialog::eventFilter(watched, event);
+    }
+
+private:
+    // The lists, and the fields above them, stand in the order of the parts.
+    template <typename Control>
+    void Watch(const QList<Control*>& controls)
+    {
+        for (qsizetype part = 0; part < controls.size() && part < PartCount; ++part) {
+            QObject* control = controls[part];
+            if (auto* list = qobject_cast<QAbstractScrollArea*>(control)) control = list->viewport();
+            m_parts.insert(control, int(part));
+            control->installEventFilter(this);
+        }
+    }
+
+    void Touch(const QObject* control)
+    {
+        const auto part = m_parts.constFind(control);
+        if (part != m_parts.cend()) m_touched[std::size_t(*part)] = true;
+    }
+
+    QDialog* m_outer;
+    QHash<const QObject*, int> m_parts;
+    std::array<bool, PartCount> m_touched{};
 };
 
 class FontForm : public QDialog
@@ -116,10 +167,13 @@ FontChoice FontForm::Chosen() const
 {
     const QFont font = m_fonts->currentFont();
     FontChoice chosen = m_seed;
-    if (font.family() != m_shown.family()) chosen.name = font.family();
-    if (font.pointSizeF() != m_shown.pointSizeF()) chosen.size = font.pointSizeF();
-    if (font.bold() != m_shown.bold()) chosen.bold = font.bold();
-    if (font.italic() != m_shown.italic()) chosen.italic = font.italic();
+    const auto isChosen = [this](InnerFontDialog::Part part, const auto& now, const auto& shown) {
+        return m_fonts->IsTouched(part) || now != shown;
+    };
+    if (isChosen(InnerFontDialog::Family, font.family(), m_shown.family())) chosen.name = WithoutMaker(font.family());
+    if (isChosen(InnerFontDialog::Size, font.pointSizeF(), m_shown.pointSizeF())) chosen.size = font.pointSizeF();
+    if (isChosen(InnerFontDialog::Style, font.bold(), m_shown.bold())) chosen.bold = font.bold();
+    if (isChosen(InnerFontDialog::Style, font.italic(), m_shown.italic())) chosen.italic = font.italic();
     if (font.underline() != m_shown.underline()) chosen.underline = font.underline();
     if (font.strikeOut() != m_shown.strikeOut()) chosen.strikeThru = font.strikeOut();
     chosen.color = ValueOf(m_color);

@@ -1,16 +1,15 @@
 #include "platform/controls/orlcombo.h"
 
+#include "platform/controls/fontfamilies.h"
 #include "platform/look/namedcolors.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QAbstractItemView>
 #include <QAbstractListModel>
-#include <QFontDatabase>
 #include <QIconEngine>
 #include <QPainter>
 #include <QProxyStyle>
-#include <QRegularExpression>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
 
@@ -70,11 +69,7 @@ public:
     void fetchMore(const QModelIndex&) override
     {
         m_fetched = true;
-        QStringList families = QFontDatabase::families();
-        families.removeIf([](const QString& family) { return QFontDatabase::isPrivateFamily(family); });
-        // The maker in brackets behind a name is Qt's own addition, which no other program that reads a note knows.
-        families.replaceInStrings(QRegularExpression(QStringLiteral(" \\[.*\\]$")), QString());
-        families.removeDuplicates();
+        QStringList families = FontFamilies();
         if (families.isEmpty()) return;
         beginInsertRows({}, 0, int(families.size()) - 1); // a reset would choose the first entry
         m_names = std::move(families);

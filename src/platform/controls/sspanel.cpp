@@ -148,6 +148,7 @@ void SSPanel::Arrange()
 {
     const QFontMetrics metrics(m_font, this);
     m_shown = metrics.elidedText(m_caption.trimmed(), Qt::ElideRight, width() - 2 * paper::Margin);
+    if (m_shown.isEmpty()) m_shown = m_caption.trimmed(); // too narrow even for an ellipsis: cut is better than gone
     const int textWidth = metrics.horizontalAdvance(m_shown);
     m_origin = {Start(m_alignment / 3, width(), textWidth), Baseline(m_alignment % 3, height(), metrics)};
     m_captionArea = QRect(m_origin.x(), m_origin.y() - metrics.ascent(), textWidth, metrics.height())
@@ -182,6 +183,7 @@ void SSPanel::PaintLines(QPainter& painter) const
 void SSPanel::PaintCaption(QPainter& painter) const
 {
     painter.setFont(m_font);
+    painter.setClipRect(rect().adjusted(FrameWidth, 0, -FrameWidth, 0));
     const auto draw = [&](const QColor& color, qreal offset) {
         painter.setPen(color);
         painter.drawText(QPointF(m_origin) + QPointF(offset, offset), m_shown);

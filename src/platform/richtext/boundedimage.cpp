@@ -49,9 +49,16 @@ public:
     {
         if (!m_reader.device()) return {};
         const bool isSideways = m_reader.transformation() & QImageIOHandler::TransformationRotate90;
-        const QSize size = Size().boundedTo(isSideways ? most.transposed() : most);
-        if (size != Size()) m_reader.setScaledSize(size.expandedTo({1, 1}));
-        return m_reader.read();
+        const QSize size = Size().boundedTo(isSideways ? most.transposed() : most).expandedTo({1, 1});
+        // A photograph is decoded no finer than it is wanted. Other kinds would be scaled in their own few colours.
+        const bool scalesItself = m_reader.format() == "jpeg";
+        if (scalesItself && size != Size()) m_reader.setScaledSize(size);
+        QImage image = m_reader.read();
+        if (image.depth() < 24 && !image.isNull())
+            image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+        const QSize wanted = isSideways ? size.transposed() : size;
+        if (scalesItself || image.isNull() || image.size() == wanted) return image;
+        return image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
 
     QSize ShownSize() const

@@ -3,10 +3,24 @@
 #pragma once
 
 #include <QTextCharFormat>
+#include <QTextCursor>
 #include <QTextEdit>
 
 #include <cstdint>
 #include <optional>
+
+// What changes while it lives is taken back by one undo.
+class UndoStep
+{
+public:
+    explicit UndoStep(QTextEdit& box) : m_cursor(box.document()) { m_cursor.beginEditBlock(); }
+    ~UndoStep() { m_cursor.endEditBlock(); }
+    UndoStep(const UndoStep&) = delete;
+    UndoStep& operator=(const UndoStep&) = delete;
+
+private:
+    QTextCursor m_cursor;
+};
 
 class RichTextBox : public QTextEdit
 {
@@ -36,6 +50,8 @@ public:
     // The default font of the box. On a box with text, name and size change all of the text and set the modified flag.
     // The names are kept as written, whether or not such a font is installed. Size in points; 380 if 0 or less.
     QFont Font() const;
+    // How what is typed looks while the box is blank, and again when it becomes so. Text that is there stays as it is.
+    void SetBlankFormat(const QFont& font, std::uint32_t color);
     void SetFontName(const QString& name);
     void SetFontSize(double points);
     void SetFontBold(bool bold);

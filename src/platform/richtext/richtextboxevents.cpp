@@ -141,9 +141,18 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
     if (viewport()->rect().contains(event->position().toPoint())) Q_EMIT Click();
 }
 
+// A drag of the selection runs within the move that begins it. The box never sees the button come up, and would scroll
+// and drag on without it.
 void RichTextBox::mouseMoveEvent(QMouseEvent* event)
 {
+    const bool held = QGuiApplication::mouseButtons() & Qt::LeftButton;
     QTextEdit::mouseMoveEvent(event);
+    if (held && !(QGuiApplication::mouseButtons() & Qt::LeftButton)) {
+        QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(), Qt::LeftButton,
+                            Qt::NoButton, event->modifiers());
+        QTextEdit::mouseReleaseEvent(&release);
+        m_pressed = false;
+    }
     Q_EMIT MouseMove();
 }
 
@@ -204,6 +213,9 @@ void RichTextBox::dropEvent(QDropEvent* event)
         event->setDropAction(Qt::IgnoreAction);
         return event->ignore();
     }
-    const QScopedValueRollback admitted(m_admitted, true);
-    QTextEdit::dropEvent(event);
+    {
+        const QScopedValueRollback admitted(m_admitted, true);
+        QTextEdit::dropEvent(event);
+    }
+    if (event->isAccepted()) setFocus(); // whoever has dropped something goes on to write there
 }

@@ -26,6 +26,14 @@ QFont RichTextBox::Font() const
     return document()->defaultFont();
 }
 
+void RichTextBox::SetBlankFormat(const QFont& font, std::uint32_t color)
+{
+    if (font != Font()) document()->setDefaultFont(font);
+    m_blankColor = color;
+    // Tabs and empty lines are text that somebody has formatted.
+    if (Text().remove(u' ').isEmpty()) ResetTypingFormat();
+}
+
 void RichTextBox::SetFontName(const QString& name)
 {
     if (name.isEmpty()) return;
