@@ -118,6 +118,8 @@ void NetworkOptionForm::TakeSwitches()
 
 void NetworkOptionForm::TakeDelays()
 {
-    TakeDelay(m_txtUnlockDelay->text(), settings::UnlockDelay, g_lUnlockDelay);
+    // Under the spelling that older versions write; a key is found in any.
+    constexpr IntSetting Written = {settings::UnlockDelay.section, u"UnLockDelay", 0};
+    TakeDelay(m_txtUnlockDelay->text(), Written, g_lUnlockDelay);
     TakeDelay(m_txtAutoRefreshDelay->text(), settings::RefreshDelay, g_lRefreshDelay);
 }

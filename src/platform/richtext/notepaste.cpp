@@ -4,11 +4,13 @@
 #include "platform/richtext/htmlimages.h"
 #include "platform/richtext/htmlnote.h"
 #include "platform/richtext/notemimedata.h"
+#include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtftokenizer.h"
 #include "platform/richtext/selectionformat.h"
 
 #include <QMimeData>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QUrl>
@@ -79,13 +81,28 @@ bool TakeRichText(const Pasting& pasting)
     });
 }
 
+// A wide picture behind words begins a line of its own: beside them there is no room, and their line would become as
+// high as the picture. The cursor stands behind the picture.
+void GiveLine(QTextCursor& cursor, const PictureFit& fit)
+{
+    const bool isWide = cursor.charFormat().toImageFormat().width() > fit.width / 2.0;
+    const int picture = cursor.position() - 1;
+    if (!isWide || fit.width == 0 || picture == cursor.block().position()) return;
+    QTextCursor before(cursor.document());
+    before.setPosition(picture);
+    before.insertText(QString(QChar::LineSeparator), WithoutImage(before.charFormat()));
+}
+
 bool TakeImage(const Pasting& pasting)
 {
+    const auto insert = [&](const auto& image) {
+        if (!InsertPicture(pasting.cursor, image, pasting.fit)) return false;
+        GiveLine(pasting.cursor, pasting.fit);
+        return true;
+    };
     for (const QString& format : pasting.data.formats())
-        if (format.startsWith(u"image/") && InsertPicture(pasting.cursor, pasting.data.data(format), pasting.fit))
-            return true;
-    return pasting.data.hasImage() &&
-           InsertPicture(pasting.cursor, pasting.data.imageData().value<QImage>(), pasting.fit);
+        if (format.startsWith(u"image/") && insert(pasting.data.data(format))) return true;
+    return pasting.data.hasImage() && insert(pasting.data.imageData().value<QImage>());
 }
 
 bool TakeHtml(const Pasting& pasting)

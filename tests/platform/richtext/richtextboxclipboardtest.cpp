@@ -236,6 +236,12 @@ void RichTextBoxClipboardTest::PhotographsFitTheBox()
     const QSizeF shown = OnlyPicture(box.textCursor())->shown;
     QVERIFY(shown.width() > 200 && shown.width() <= box.viewport()->width());
     QCOMPARE(qRound(shown.width() / shown.height()), 3);
+    box.Set("words"); // which would stand in a line as high as the picture
+    box.Select(5, 5);
+    box.paste();
+    QCOMPARE(box.Shown(), u"words\u2028#"_s);
+    box.undo();
+    QCOMPARE(box.Shown(), u"words"_s);
 }
 
 void RichTextBoxClipboardTest::FilesAreDropped()
