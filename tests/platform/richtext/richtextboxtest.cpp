@@ -1,17 +1,13 @@
-// Content, formats and files of the rich text box.
+// Content and formats of the rich text box.
 #include "platform/richtext/richtextbox.h"
 
 #include "platform/runtime/runtimeerror.h"
 
 #include <QImage>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 
-#include <sys/resource.h>
-
-#include <csignal>
 #include <limits>
 #include <optional>
 
@@ -72,12 +68,6 @@ int NumberOfErrorIn(const std::function<void()>& step)
     }
     return 0;
 }
-
-QByteArray ContentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 } // namespace
 
 class RichTextBoxTest : public QObject
@@ -102,10 +92,6 @@ private Q_SLOTS:
     void fontOfABoxWithText();
     void badSizesAreRefused();
     void desktopFontStaysOutside();
-    void filesAreReadAndWritten();
-    void fileErrors();
-    void fullDiskLeavesTheOldFile_data();
-    void fullDiskLeavesTheOldFile();
     void textBreaksAtTheRightMargin();
     void noteLiesOnItsPaper();
 
@@ -411,69 +397,6 @@ void RichTextBoxTest::desktopFontStaysOutside()
     window.setFont(QFont(QStringLiteral("Courier"), 30));
     QCOMPARE(box.Font().family(), QStringLiteral("Arial"));
     QCOMPARE(box.Font().pointSizeF(), 9.0);
-}
-
-void RichTextBoxTest::filesAreReadAndWritten()
-{
-    QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("dayview.rtf"));
-    RichTextBox box;
-    box.SetTextRTF(g_rtf);
-    box.SaveFile(path);
-    QCOMPARE(ContentOf(path), g_rtf);
-
-    RichTextBox other;
-    other.SetText(QStringLiteral("before"));
-    QTest::keyClicks(&other, QStringLiteral("typed"));
-    other.LoadFile(path);
-    QVERIFY(!other.Modified());
-    QCOMPARE(other.Text(), box.Text());
-    QCOMPARE(other.TextRTF(), g_rtf);
-    QTest::keyClicks(&other, QStringLiteral("New "));
-    other.SaveFile(path);
-    box.LoadFile(path);
-    QCOMPARE(box.Text(), QStringLiteral("New Choir 19:00\n bring   notes"));
-}
-
-void RichTextBoxTest::fileErrors()
-{
-    QTemporaryDir directory;
-    RichTextBox box;
-    box.SetText(QStringLiteral("kept"));
-    QCOMPARE(NumberOfErrorIn([&] { box.LoadFile(directory.filePath(QStringLiteral("none.rtf"))); }),
-             errors::FileNotFound);
-    QCOMPARE(NumberOfErrorIn([&] { box.LoadFile(directory.path()); }), errors::PathFileAccess);
-    QCOMPARE(NumberOfErrorIn([&] { box.SaveFile(directory.path()); }), errors::PathFileAccess);
-    QCOMPARE(NumberOfErrorIn([&] { box.SaveFile(directory.filePath(QStringLiteral("no/where.rtf"))); }),
-             errors::PathFileAccess);
-    QCOMPARE(box.Text(), QStringLiteral("kept"));
-}
-
-void RichTextBoxTest::fullDiskLeavesTheOldFile_data()
-{
-    QTest::addColumn<int>("words");
-    QTest::newRow("fails in the buffer") << 1500;
-    QTest::newRow("falls short") << 20000;
-}
-
-void RichTextBoxTest::fullDiskLeavesTheOldFile()
-{
-    QFETCH(int, words);
-    QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("dayview.rtf"));
-    RichTextBox box;
-    box.SetTextRTF(g_rtf);
-    box.SaveFile(path);
-    box.SetText(QStringLiteral("long ").repeated(words));
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{4096, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const int error = NumberOfErrorIn([&] { box.SaveFile(path); });
-    setrlimit(RLIMIT_FSIZE, &before);
-    QCOMPARE(error, errors::PathFileAccess);
-    QCOMPARE(ContentOf(path), g_rtf);
 }
 
 void RichTextBoxTest::textBreaksAtTheRightMargin()
