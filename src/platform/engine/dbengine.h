@@ -1,11 +1,15 @@
-// Making, opening and keeping databases. Paths are real ones (platform/desktop/filesystem.h finds them).
+// Making, opening and keeping databases. Paths are real ones (platform/desktop/filesystem.h finds them). What a kind of
+// planner (storekinds.h) cannot do raises 3251 with a text that says why.
 #pragma once
 
 #include "platform/engine/database.h"
+#include "platform/engine/repairreport.h"
 
 #include <functional>
 
 namespace DBEngine {
+using ::RepairReport;
+
 inline constexpr int dbFreeLocks = 1;
 inline constexpr int dbRefreshCache = 8;
 
@@ -44,18 +48,6 @@ void CompactDatabase(const QString& from, const QString& to);
 // lie on different drives. The target keeps its mode and owner; whatever ends the program meanwhile, it is either the
 // old planner or the new one, whole. 3045, 3024, 3343, 3051, 3026, 3043: then both are as they were.
 void ReplaceDatabase(const QString& scratch, const QString& target);
-
-struct RepairReport
-{
-    struct Table
-    {
-        QString Name;
-        qint64 Rows = 0;    // recovered, the cut ones included
-        qint64 CutRows = 0; // of which the end of a text, or what stood behind it, is lost
-    };
-    QString KeptAs; // where the damaged planner lies now, with its journal; empty if nothing was wrong
-    std::vector<Table> Tables;
-};
 
 // Repairs a planner in place. An undamaged one is left as it is. Else all rows that can still be read are put into a
 // new planner, and the damaged one is kept beside it under a free name. The tables are those that the caller expects: a
