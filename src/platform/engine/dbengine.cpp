@@ -1,5 +1,6 @@
 #include "platform/engine/dbengine.h"
 
+#include "platform/engine/moving.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/store.h"
 #include "platform/engine/storekinds.h"
@@ -52,6 +53,16 @@ void ReplaceDatabase(const QString& scratch, const QString& target)
 RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables)
 {
     return OfKind(path, &StoreKind::Repair)(path, tables);
+}
+
+void MoveToServer(const QString& path, const QString& uri)
+{
+    moving::ToServer(path, uri);
+}
+
+void SaveToFile(const QString& link, const QString& path)
+{
+    moving::ToFile(link, path);
 }
 
 // One store that fails does not keep the others waiting.

@@ -56,6 +56,18 @@ void ReplaceDatabase(const QString& scratch, const QString& target);
 // as it was; whatever ends the program meanwhile, it is the old planner or the repaired one, whole.
 RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables = {});
 
+// Moves a planner from its file to a server: all rows of all tables, in one transaction, read back and compared. The
+// URI names a database and the planner's name in it (docs/planner-file.md). The file then is a link to it, and the old
+// one lies beside it as NAME.bak. 3045 if anybody has the planner open; 3343 for a URI that cannot be used, one with a
+// password above all; 3204 if the database has a planner of this name; 3151 no connection; 3051 no permission; else
+// the errors of OpenDatabase. After an error all is as it was.
+void MoveToServer(const QString& path, const QString& uri);
+
+// Makes `path` a new planner file with all that the planner behind the link holds at this moment, compared with it row
+// by row. The planner on the server stays, and others may go on with it. 3204 if `path` exists, 3251 if `link` is no
+// link, 3026, 3043 and the errors of OpenDatabase: then there is no `path`.
+void SaveToFile(const QString& link, const QString& path);
+
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
 

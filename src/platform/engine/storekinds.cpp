@@ -1,6 +1,7 @@
 #include "platform/engine/storekinds.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/postgres/plannerlink.h"
 #include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/repairing.h"
@@ -18,6 +19,8 @@ constexpr qsizetype HeadSize = 64;
 
 // The last row takes what no other one recognises.
 constexpr std::array Kinds = {
+    StoreKind{plannerlink::IsLink, plannerlink::Refusal, plannerlink::Open, plannerlink::Delete, nullptr, nullptr,
+              nullptr, nullptr},
     StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::Claim,
               compacting::Compact, compacting::Replace, repairing::Repair},
 };
