@@ -40,10 +40,9 @@ public:
     // Of the planner of this name, by the socket.
     QString Uri(const QString& planner) const
     {
-        return QStringLiteral("postgresql://ann@/postgres?host=%1&port=%2&planner=%3")
-            .arg(m_folder.path())
-            .arg(m_port)
-            .arg(planner);
+        return QStringLiteral("postgresql://ann@/postgres?host=%1&planner=%2&port=%3")
+            .arg(m_folder.path(), planner)
+            .arg(m_port);
     }
     QString TcpUri(const QString& planner, int port = 0) const
     {

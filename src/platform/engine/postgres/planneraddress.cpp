@@ -95,7 +95,7 @@ QString PlannerAddress::Uri() const
         else if (name == u"port" && !m_values.value(QStringLiteral("host")).startsWith(u'/'))
             url.setPort(value.toInt());
         else
-            query.addQueryItem(name, QString::fromLatin1(QUrl::toPercentEncoding(value)));
+            query.addQueryItem(name, QString::fromLatin1(QUrl::toPercentEncoding(value, "/")));
     }
     url.setQuery(query);
     const QString text = QString::fromLatin1(url.toEncoded());

@@ -132,7 +132,7 @@ void PostgresConnection::Break()
 {
     m_session.reset();
     m_reading = m_hasStep = false;
-    if (m_writing && !m_lost) m_lost = BrokenConnectionError(m_name, "the server has ended it.");
+    if (m_writing && !m_lost) m_lost = BrokenConnectionError(m_name);
     if (m_onBreak) m_onBreak();
 }
 
@@ -158,8 +158,10 @@ pqxx::result PostgresConnection::Guarded(Step&& step)
         return step(work);
     } catch (const pqxx::sql_error& error) {
         throw Failure(error);
-    } catch (const pqxx::failure& error) {
-        throw Lost(error.what());
+    } catch (const pqxx::transaction_rollback&) {
+        throw RolledBackError(m_writing, m_name);
+    } catch (const pqxx::failure&) {
+        throw Lost(); // what the library says of it helps nobody
     }
 }
 
@@ -186,10 +188,10 @@ void PostgresConnection::Listen()
     Connect();
     try {
         Library().get_notifs();
-    } catch (const pqxx::failure& error) {
-        throw Lost(error.what());
+    } catch (const pqxx::failure&) {
+        throw Lost();
     }
-    if (!Library().is_open()) throw Lost("the server has ended it.");
+    if (!Library().is_open()) throw Lost();
 }
 
 void PostgresConnection::BeginRead()

@@ -71,7 +71,7 @@ private:
     Backend Open();
     void End(const Backend& former);
     RunTimeError Failure(const pqxx::sql_error& error);
-    RunTimeError Lost(const char* detail);
+    RunTimeError Lost(const char* detail = "");
     template <typename Step>
     pqxx::result Guarded(Step&& step);
     void Command(const char* text);

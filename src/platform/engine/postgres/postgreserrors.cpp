@@ -21,7 +21,6 @@ constexpr std::array Meanings = {
             u"The changes were not saved to '%1': there is a record with the same key already."},
     Meaning{"55P03", CouldNotSave, Busy, u"'%1': another user is saving to it just now."},
     Meaning{"57014", CouldNotSave, Busy, u"'%1': the server took too long to answer."},
-    Meaning{"40", CouldNotSave, Busy, u"'%1': another user is saving to it just now."},
     Meaning{"53100", DiskFull, DiskFull, u"Could not save to '%1': the server's disk is full."},
     Meaning{"42501", ReadOnlyFile, ReadOnlyFile, u"You have no permission to use '%1' on its server in this way."},
     Meaning{"25006", ReadOnlyFile, ReadOnlyFile, u"Could not write '%1': its server may only be read."},
@@ -38,17 +37,25 @@ QString FirstLine(const char* text)
 
 RunTimeError RunTimeErrorOf(const pqxx::sql_error& error, bool writing, const QString& name)
 {
-    const auto fits = [&](const Meaning& meaning) { return error.sqlstate().starts_with(meaning.state); };
+    // This one the library tells by its type alone.
+    const bool forbidden = dynamic_cast<const pqxx::insufficient_privilege*>(&error);
+    const std::string state = forbidden ? "42501" : error.sqlstate();
+    const auto fits = [&](const Meaning& meaning) { return state.starts_with(meaning.state); };
     const auto found = std::ranges::find_if(Meanings, fits);
     if (found == Meanings.end())
         return {InputOutput, QStringLiteral("'%1': the server reports: %2").arg(name, FirstLine(error.what()))};
     return {writing ? found->number : found->numberReading, QString::fromUtf16(found->text).arg(name)};
 }
 
+RunTimeError RolledBackError(bool writing, const QString& name)
+{
+    return {writing ? CouldNotSave : Busy, QStringLiteral("'%1': another user is saving to it just now.").arg(name)};
+}
+
 RunTimeError BrokenConnectionError(const QString& name, const char* detail)
 {
-    return {BrokenConnection,
-            QStringLiteral("The connection to the server of '%1' is broken: %2").arg(name, FirstLine(detail))};
+    const QString text = QStringLiteral("There is no connection to the server of '%1'").arg(name);
+    return {BrokenConnection, *detail ? text + QLatin1StringView(": ") + FirstLine(detail) : text + u'.'};
 }
 
 bool EndsSession(const pqxx::sql_error& error)
