@@ -156,7 +156,7 @@ void ToServer(const QString& path, const QString& uri)
 void ToFile(const QString& link, const QString& path)
 {
     const QString name = QFileInfo(link).fileName();
-    if (KindOf(link).Claim)
+    if (KindOf(link).Open != plannerlink::Open)
         throw RunTimeError{NotSupported, QStringLiteral("'%1' is no link to a planner on a server.").arg(name)};
     PostgresStore server(plannerlink::Read(link), name, false);
     const QString fresh = path + QLatin1StringView(".new");

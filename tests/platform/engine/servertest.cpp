@@ -241,6 +241,23 @@ private Q_SLOTS:
         QCOMPARE(Read(days, QStringLiteral("new")), QByteArray(error ? "absent" : "row"));
     }
 
+    void AnExclusiveOpenIsTakenAgainAfterABreak()
+    {
+        Database database = DBEngine::OpenDatabase(m_path, true);
+        Recordset days = Days(database);
+        TestServer::Get().Cut();
+        QCOMPARE(ErrorOf([&] { Read(days, m_key); }), BrokenConnection);
+        QCOMPARE(Read(days, m_key), QByteArray("old"));
+        OtherProgram other;
+        QVERIFY(other.Open(m_path, false).startsWith(QString::number(InUse)));
+        TestServer::Get().Cut();
+        QTRY_COMPARE(other.Open(m_path, true), QStringLiteral("0"));
+        ErrorOf([&] { Read(days, m_key); });
+        QCOMPARE(ErrorOf([&] { Read(days, m_key); }), InUse);
+        other.Kill();
+        QTRY_COMPARE(ErrorOf([&] { Read(days, m_key); }), 0);
+    }
+
     void OthersAreTold()
     {
         Database database = DBEngine::OpenDatabase(m_path);

@@ -13,21 +13,17 @@ OpenMode::Opens& OpenMode::OpensOf(const QString& id)
 
 void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString& shownName)
 {
-    Leave();
     m_id = id;
     m_planner = planner;
     Opens& opens = OpensOf(id);
-    const Opens others = opens;
-    opens.push_back(this);
+    // One that comes back after a break keeps its place.
+    if (std::ranges::find(opens, this) == opens.end()) opens.push_back(this);
     if (Settle(opens)) return;
     QStringList own;
     for (const OpenMode* open : opens)
         own += QString::number(open->m_connection.Process());
     const QString holder = advisorylocks::HolderOf(m_connection, planner, own);
-    Become(Held::Nothing);
-    opens = others;
-    if (!others.empty()) Settle(others);
-    m_id.clear();
+    Leave();
     throw RunTimeError{engineerrors::InUse,
                        QStringLiteral("Could not use '%1'; file already in use by %2.").arg(shownName, holder)};
 }
@@ -43,7 +39,7 @@ void OpenMode::Leave()
     for (OpenMode* other : others)
         other->Become(Held::Shared);
     Become(Held::Nothing);
-    if (!others.empty()) Settle(others);
+    Settle(others);
     m_id.clear();
 }
 
@@ -52,6 +48,8 @@ void OpenMode::Leave()
 // granted.
 bool OpenMode::Settle(Opens opens)
 {
+    std::erase_if(opens, [](const OpenMode* open) { return !open->m_connection.IsConnected(); });
+    if (opens.empty()) return true;
     OpenMode* const latest = opens.back();
     for (OpenMode* open : opens)
         if (open->m_held == Held::Exclusive) open->Become(Held::Shared);

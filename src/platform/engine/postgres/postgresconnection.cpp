@@ -196,10 +196,11 @@ void PostgresConnection::Listen()
 
 void PostgresConnection::BeginRead()
 {
+    if (!m_reading && !m_writing) {
+        Command("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
+        m_reading = true;
+    }
     ++m_reads;
-    if (m_reading || m_writing) return;
-    Command("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
-    m_reading = true;
 }
 
 void PostgresConnection::EndRead()

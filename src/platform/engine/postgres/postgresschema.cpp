@@ -4,6 +4,8 @@
 #include "platform/engine/postgres/postgrestext.h"
 #include "platform/engine/postgres/postgresvalues.h"
 
+#include <QRegularExpression>
+
 namespace {
 // The tables of the schema $1.
 constexpr const char* FromTables = " FROM pg_class AS c JOIN pg_namespace AS n ON n.oid = c.relnamespace "
@@ -31,7 +33,11 @@ std::optional<PostgresSchema::Mark> PostgresSchema::FindMark() const
     const pqxx::result mark =
         m_connection.Ask("SELECT version::integer, id::text FROM " + qualified.toStdString() + " LIMIT 2");
     if (mark.size() != 1 || mark[0][0].is_null() || mark[0][1].is_null()) return {};
-    return Mark{mark[0][0].as<int>(), TextOf(mark[0][1]), table[0][0].as<quint32>()};
+    const QString id = TextOf(mark[0][1]);
+    // It goes into statements.
+    static const QRegularExpression form(QStringLiteral("^[0-9a-f-]{36}$"));
+    if (!form.match(id).hasMatch()) return {};
+    return Mark{mark[0][0].as<int>(), id, table[0][0].as<quint32>()};
 }
 
 void PostgresSchema::Create()

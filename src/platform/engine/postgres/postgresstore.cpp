@@ -324,6 +324,7 @@ void PostgresStore::Unlock(const TableDef& table, qint64 id)
 
 void PostgresStore::BeginRead()
 {
+    if (!m_connection.IsReading()) m_expected.clear();
     m_connection.BeginRead();
 }
 
