@@ -115,12 +115,6 @@ QString PlannerAddress::Schema() const
     return QLatin1StringView("orrelin_") + Planner();
 }
 
-QString PlannerAddress::Shown() const
-{
-    return QStringLiteral("'%1' on server '%2'")
-        .arg(Planner(), m_values.value(QStringLiteral("host"), QStringLiteral("localhost")));
-}
-
 std::string PlannerAddress::Connection() const
 {
     std::string text;

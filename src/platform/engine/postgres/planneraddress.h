@@ -17,7 +17,6 @@ public:
     QString Uri() const;
     QString Planner() const;
     QString Schema() const;         // the planner's own among those of the database
-    QString Shown() const;          // "'planner' on server 'desk1'"
     std::string Connection() const; // for the client library
 
 private:
