@@ -121,6 +121,26 @@ private Q_SLOTS:
         QCOMPARE(Files(), files);
         QCOMPARE(TablesOnServer(), tables);
     }
+
+    void KilledAtAnyMomentThePlannerIsWhole()
+    {
+        const Notes notes = NotesIn(m_path);
+        const QByteArray content = Content(m_path);
+        int change = 1;
+        const auto move = [&] {
+            m_uri = TestServer::Get().Uri(QStringLiteral("killed%1").arg(change));
+            return KilledBeforeChange(change, [this] { DBEngine::MoveToServer(m_path, m_uri); });
+        };
+        for (; move(); ++change) {
+            const bool isLink = Content(m_path).startsWith("Orrelin planner link 1\n");
+            if (isLink) DBEngine::SaveToFile(m_path, m_back);
+            QVERIFY2(NotesIn(isLink ? m_back : m_path) == notes, qPrintable(QString::number(change)));
+            QFile::remove(m_back);
+            SetContent(m_path, content);
+        }
+        QVERIFY(change > 8);
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
+    }
 };
 
 ENGINE_TEST_MAIN(MovingTest)
