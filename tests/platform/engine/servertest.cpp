@@ -130,6 +130,33 @@ private Q_SLOTS:
         QVERIFY2(text.contains(part), qPrintable(text));
     }
 
+    void AnOrdinaryRoleWorksAsTheOwnerDoes()
+    {
+        for (const char* sql : {"CREATE ROLE bob LOGIN", "GRANT USAGE ON SCHEMA orrelin_%1 TO bob",
+                                "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA orrelin_%1 TO bob"})
+            TestServer::Get().Ask(QString::fromLatin1(sql).replace(QLatin1StringView("%1"), m_planner));
+        OtherProgram owner;
+        QCOMPARE(owner.Open(m_path, false), QStringLiteral("0"));
+        Link(TestServer::Get().Uri(m_planner).replace(QLatin1StringView("ann@"), QLatin1StringView("bob@")));
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        Write(days, QStringLiteral("bob"), "his");
+        owner.Do({QStringLiteral("seek"), m_key});
+        QCOMPARE(owner.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        QString text;
+        days.Seek(QStringLiteral("="), m_key);
+        QCOMPARE(ErrorOf([&] { days.Edit(); }, &text), RecordLocked);
+        QVERIFY2(text.contains(QLatin1StringView("' on machine '")), qPrintable(text)); // the owner's name is seen
+        TestServer::Get().Cut();
+        ErrorOf([&] { days.MoveFirst(); });
+        days.Seek(QStringLiteral("="), m_key);
+        days.Edit();
+        QCOMPARE(ErrorOf([&] {
+                     database.Append({QStringLiteral("New"), {{QStringLiteral("a"), dbMemo}}, {}});
+                 }),
+                 ReadOnlyFile);
+    }
+
     void ANewerPlannerIsLeftAlone()
     {
         TestServer::Get().Ask(
