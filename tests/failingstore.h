@@ -52,14 +52,17 @@ public:
     }
     void Erase(const TableDef& t, const Row& old) override { Call("Erase", &Store::Erase, t, old); }
     void TryLock(const TableDef& t, qint64 id) override { Call("TryLock", &Store::TryLock, t, id); }
+    bool Holds(const TableDef& t, qint64 id) const override { return m_inner->Holds(t, id); }
     void Unlock(const TableDef& t, qint64 id) override { m_inner->Unlock(t, id); }
     void BeginRead() override { Call("BeginRead", &Store::BeginRead); }
+    void Expect(const TableDef& t, const Index& i, const QVariantList& keys) override { m_inner->Expect(t, i, keys); }
     void EndRead() override { m_inner->EndRead(); }
     // After an error of these two nothing is open, as the contract says.
     void BeginWrite() override { CallOrRollBack("BeginWrite", &Store::BeginWrite); }
     void Commit() override { CallOrRollBack("Commit", &Store::Commit); }
     void Rollback() override { m_inner->Rollback(); }
     void Refresh() override { Call("Refresh", &Store::Refresh); }
+    void OnChange(ChangeListener listener) override { m_inner->OnChange(std::move(listener)); }
     void Close() override { m_inner->Close(); }
 
 private:

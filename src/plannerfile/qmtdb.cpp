@@ -81,6 +81,11 @@ void QMTDB::ReadCells(QLatin1StringView literal)
     const ErrorTail tail(literal);
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const ReadTransaction reading(g_dbPlanner);
+    QVariantList days;
+    for (int cell = range.first; cell <= range.last; ++cell)
+        if (m_cells.panelDay.Exists(cell)) days += CellKey(m_cells.panelDay(cell).Caption());
+    reading.Expect(g_rsQMT, days);
+    reading.Expect(g_rsAlarm, days);
     for (int cell = range.first; cell <= range.last; ++cell) {
         if (!tail([&] { ReadNote(cell); })) EmptyCell(cell);
         tail([&] { subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell); });

@@ -48,10 +48,16 @@ QStringList Database::TableNames() const
     return Live()->TableNames();
 }
 
+void Database::OnChange(ChangeListener listener)
+{
+    Live()->OnChange(std::move(listener));
+}
+
 void Database::Close()
 {
     Live();
     const std::shared_ptr<Store> store = std::exchange(m_state->store, nullptr);
+    store->OnChange(nullptr);
     if (store.use_count() == 1) store->Close();
 }
 
@@ -69,6 +75,12 @@ ReadTransaction::ReadTransaction(const Database& database)
 ReadTransaction::~ReadTransaction()
 {
     if (m_store) m_store->EndRead();
+}
+
+void ReadTransaction::Expect(const Recordset& records, const QVariantList& keys) const
+{
+    if (!m_store || !records.m_state || records.m_state->store != m_store) return;
+    m_store->Expect(records.m_state->table, records.m_state->index, keys);
 }
 
 WriteTransaction::WriteTransaction(const Database& database) : m_store(database.Live())

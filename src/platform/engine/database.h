@@ -1,6 +1,7 @@
 // An open database. A value that shares its state, as Recordset does: a default-made one is no object (91).
 #pragma once
 
+#include "platform/engine/changelistener.h"
 #include "platform/engine/recordset.h"
 #include "platform/engine/tabledef.h"
 
@@ -17,6 +18,9 @@ public:
     Recordset CreateDynaset(const QString& name); // walks the primary key; for Find
     void Append(const TableDef& table);           // makes the table, its fields in this order, and its indexes
     QStringList TableNames() const;
+    // Calls back after each commit of another user, as far as the store is told of them: one on a server is, a file is
+    // not. From the event loop, never inside a call of the engine. Ends with Close; null takes it away.
+    void OnChange(ChangeListener listener);
     // Closes the file when the last recordset of it is gone too; later calls raise 3420.
     void Close();
 
@@ -39,6 +43,10 @@ public:
     ~ReadTransaction();
     ReadTransaction(const ReadTransaction&) = delete;
     ReadTransaction& operator=(const ReadTransaction&) = delete;
+
+    // The recordset is about to Seek these keys in its present index. A store on a server then reads them all in one
+    // journey, and the Seeks made while this lives are answered from that. Never an error, and never needed.
+    void Expect(const Recordset& records, const QVariantList& keys) const;
 
 private:
     std::shared_ptr<Store> m_store;

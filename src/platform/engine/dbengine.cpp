@@ -1,10 +1,12 @@
 #include "platform/engine/dbengine.h"
 
-#include "platform/engine/sqlite/compacting.h"
-#include "platform/engine/sqlite/repairing.h"
+#include "platform/engine/moving.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/store.h"
+#include "platform/engine/storekinds.h"
+#include "platform/runtime/runtimeerror.h"
 
+#include <optional>
 #include <vector>
 
 namespace {
@@ -28,35 +30,56 @@ Database CreateDatabase(const QString& path, const QString&)
 
 Database OpenDatabase(const QString& path, bool exclusive)
 {
-    return DatabaseOver(sqlitefile::Open(path, exclusive));
+    return DatabaseOver(OfKind(path, &StoreKind::Open)(path, exclusive));
 }
 
 void DeleteDatabase(const QString& path)
 {
-    sqlitefile::Delete(path);
+    OfKind(path, &StoreKind::Delete)(path);
 }
 
-AloneWith::AloneWith(const QString& path) : m_claim(sqlitefile::Claim(path)) {}
+AloneWith::AloneWith(const QString& path) : m_claim(OfKind(path, &StoreKind::Claim)(path)) {}
 
 void CompactDatabase(const QString& from, const QString& to)
 {
-    compacting::Compact(from, to);
+    OfKind(from, &StoreKind::Compact)(from, to);
 }
 
 void ReplaceDatabase(const QString& scratch, const QString& target)
 {
-    compacting::Replace(scratch, target);
+    OfKind(target, &StoreKind::Replace)(scratch, target);
 }
 
 RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables)
 {
-    return repairing::Repair(path, tables);
+    return OfKind(path, &StoreKind::Repair)(path, tables);
 }
 
+void MoveToServer(const QString& path, const QString& uri)
+{
+    moving::ToServer(path, uri);
+}
+
+void SaveToFile(const QString& link, const QString& path)
+{
+    moving::ToFile(link, path);
+}
+
+// One store that fails does not keep the others waiting.
 void Idle(int)
 {
-    for (const auto& open : g_openStores)
-        if (const auto store = open.lock()) store->Refresh();
+    std::optional<RunTimeError> failure;
+    const auto open = g_openStores;
+    for (const auto& one : open) {
+        const auto store = one.lock();
+        if (!store) continue;
+        try {
+            store->Refresh();
+        } catch (const RunTimeError& error) {
+            failure = error;
+        }
+    }
+    if (failure) throw *failure;
 }
 
 void SetStoreWrapperForTests(StoreWrapper wrapper)

@@ -1,11 +1,15 @@
-// Making, opening and keeping databases. Paths are real ones (platform/desktop/filesystem.h finds them).
+// Making, opening and keeping databases. Paths are real ones (platform/desktop/filesystem.h finds them). What a kind of
+// planner (storekinds.h) cannot do raises 3251 with a text that says why.
 #pragma once
 
 #include "platform/engine/database.h"
+#include "platform/engine/repairreport.h"
 
 #include <functional>
 
 namespace DBEngine {
+using ::RepairReport;
+
 inline constexpr int dbFreeLocks = 1;
 inline constexpr int dbRefreshCache = 8;
 
@@ -45,24 +49,24 @@ void CompactDatabase(const QString& from, const QString& to);
 // old planner or the new one, whole. 3045, 3024, 3343, 3051, 3026, 3043: then both are as they were.
 void ReplaceDatabase(const QString& scratch, const QString& target);
 
-struct RepairReport
-{
-    struct Table
-    {
-        QString Name;
-        qint64 Rows = 0;    // recovered, the cut ones included
-        qint64 CutRows = 0; // of which the end of a text, or what stood behind it, is lost
-    };
-    QString KeptAs; // where the damaged planner lies now, with its journal; empty if nothing was wrong
-    std::vector<Table> Tables;
-};
-
 // Repairs a planner in place. An undamaged one is left as it is. Else all rows that can still be read are put into a
 // new planner, and the damaged one is kept beside it under a free name. The tables are those that the caller expects: a
 // planner's own schema comes first, and they stand in for what is lost of it. 3045 if anybody has it open; 3024, 3051,
 // 3026, 3043; 3343 if it is no planner, or one from a newer program, or nothing in it can be read. After an error it is
 // as it was; whatever ends the program meanwhile, it is the old planner or the repaired one, whole.
 RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables = {});
+
+// Moves a planner from its file to a server: all rows of all tables, in one transaction, read back and compared. The
+// URI names a database and the planner's name in it (docs/planner-file.md). The file then is a link to it, and the old
+// one lies beside it as NAME.bak. 3045 if anybody has the planner open; 3343 for a URI that cannot be used, one with a
+// password above all; 3204 if the database has a planner of this name; 3151 no connection; 3051 no permission; else
+// the errors of OpenDatabase. After an error all is as it was.
+void MoveToServer(const QString& path, const QString& uri);
+
+// Makes `path` a new planner file with all that the planner behind the link holds at this moment, compared with it row
+// by row. The planner on the server stays, and others may go on with it. 3204 if `path` exists, 3251 if `link` is no
+// link, 3026, 3043 and the errors of OpenDatabase: then there is no `path`.
+void SaveToFile(const QString& link, const QString& path);
 
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);

@@ -24,6 +24,7 @@ inline constexpr int RecordDeleted = 3167;
 inline constexpr int CouldNotSave = 3186; // a commit that could not get through after the wait
 inline constexpr int DataChanged = 3197;
 inline constexpr int FileExists = 3204;
+inline constexpr int NotSupported = 3251; // this kind of planner cannot do it
 inline constexpr int RecordLocked = 3260;
 inline constexpr int ItemNotFound = 3265; // no such field or index
 inline constexpr int NotADatabase = 3343;

@@ -23,6 +23,8 @@ class LikePattern
 public:
     explicit LikePattern(const QString& pattern);
     bool Matches(QByteArrayView stored) const;
+    // A piece of ASCII, in lower case, that every text that matches contains in some case; may be empty.
+    const QByteArray& Run() const { return m_run; }
 
 private:
     QString m_folded;

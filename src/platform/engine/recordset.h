@@ -71,6 +71,7 @@ public:
 
 private:
     friend class Database;
+    friend class ReadTransaction;
     struct State;
     explicit Recordset(std::shared_ptr<State> state);
     State& Live() const;

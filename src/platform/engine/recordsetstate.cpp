@@ -165,6 +165,8 @@ void Recordset::State::Edit()
     const qint64 id = Current().id;
     pending = Pending::None;
     auto release = qScopeGuard([this] { DropEdit(); });
+    // A lock can have died with its connection; an edit that starts anew takes it anew.
+    m_locked = m_locked && store->Holds(table, id);
     if (lockEdits && !m_locked) Lock();
     const std::optional<Row> fresh = store->Fetch(table, id);
     if (!fresh) {

@@ -3,6 +3,7 @@
 // gives back (Unlock, EndRead, Rollback, Close) raises nothing, since it runs in destructors.
 #pragma once
 
+#include "platform/engine/changelistener.h"
 #include "platform/engine/tabledef.h"
 
 #include <QVariant>
@@ -50,22 +51,35 @@ public:
                                     const QString& likeField, const QString& likePattern) = 0;
     virtual std::optional<Row> Fetch(const TableDef& table, qint64 id) = 0;
 
+    // For going through a whole table: the next few rows in order of insertion. None at its end.
+    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId);
+
     virtual qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) = 0; // 3022
+    virtual void InsertAll(const TableDef& table, const std::vector<Row>& rows); // within a write; under new ids
     // Both only if the row still is as old says; else 3197.
     virtual void Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values) = 0;
     virtual void Erase(const TableDef& table, const Row& old) = 0;
 
-    // 3260, whose text names the holder. Not stacked: one TryLock an edit.
+    // 3260, whose text names the holder. Not stacked: one TryLock an edit. Where locks can be lost with a connection,
+    // Replace and Erase of a record whose lock is no longer held raise 3151.
     virtual void TryLock(const TableDef& table, qint64 id) = 0;
+    virtual bool Holds(const TableDef& table, qint64 id) const = 0;
     virtual void Unlock(const TableDef& table, qint64 id) = 0;
 
     // A write inside a read ends it: the write is durable when its call returns, and later look-ups stand alone.
     virtual void BeginRead() = 0;
+    // Inside a read: Finds of these keys are about to come. A store far away fetches them in one journey; until the
+    // read ends they are answered from that. Raises nothing: what could not be fetched is looked up when its Find
+    // comes.
+    virtual void Expect(const TableDef& table, const Index& index, const QVariantList& keys) = 0;
     virtual void EndRead() = 0;
     virtual void BeginWrite() = 0;
     virtual void Commit() = 0; // after an error nothing is open any more and nothing has been written
     virtual void Rollback() = 0;
 
     virtual void Refresh() = 0; // what Idle asks for
+    // Called from the event loop, never inside a call of the store, and not for this store's own commits. A store that
+    // is told nothing by others never calls it. Null takes it away.
+    virtual void OnChange(ChangeListener listener) = 0;
     virtual void Close() = 0;
 };

@@ -215,6 +215,20 @@ private Q_SLOTS:
         QCOMPARE(Read(days, QStringLiteral("third")) != "absent", later == 0 && commit == 0);
     }
 
+    void ALabelThatNobodyHoldsNamesNobody()
+    {
+        OtherProgram other;
+        other.Open(m_path, true);
+        QFile table(m_path.chopped(4) + QLatin1StringView(".ldb"));
+        QVERIFY(table.open(QIODevice::ReadWrite));
+        QVERIFY(table.size() > 0);
+        table.write(QByteArray(static_cast<int>(table.size()), '\0'));
+        table.close();
+        QString text;
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }, &text), InUse);
+        QVERIFY2(text.endsWith(QLatin1StringView("already in use by another user.")), qPrintable(text));
+    }
+
     void DamageFoundOnTheWayIsTold()
     {
         QByteArray content = Content(m_path);

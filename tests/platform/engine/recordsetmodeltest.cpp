@@ -1,6 +1,7 @@
 // Random calls on a recordset, each checked against the rules kept in the plainest form: a sorted list of rows.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "testserver.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -236,6 +237,8 @@ class RecordsetModelTest : public QObject
     }
 
 private Q_SLOTS:
+    void initTestCase_data() { AddStores(); }
+
     void AnyCallsObeyTheRules_data()
     {
         QTest::addColumn<quint32>("seed");
@@ -246,9 +249,17 @@ private Q_SLOTS:
     void AnyCallsObeyTheRules()
     {
         QFETCH(quint32, seed);
+        QFETCH_GLOBAL(bool, onServer);
         m_random.seed(seed);
         m_model = {};
-        m_database = DBEngine::CreateDatabase(m_folder.filePath(QStringLiteral("%1.mdb").arg(seed)), {});
+        const QString path = m_folder.filePath(
+            QStringLiteral("%1 %2.mdb").arg(QLatin1StringView(onServer ? "server" : "file")).arg(seed));
+        m_database = DBEngine::CreateDatabase(path, {});
+        if (onServer) {
+            m_database.Close();
+            TestServer::Get().Take(path);
+            m_database = DBEngine::OpenDatabase(path);
+        }
         m_database.Append({QStringLiteral("Alarm Table"),
                            {{keyField, dbText, 15}, {noteField, dbMemo}},
                            {{QStringLiteral("AlarmKey"), QStringLiteral("-Alarm Date"), false}}});

@@ -38,14 +38,20 @@ struct OpenFile::Shared
     ByteLocks locks;
     std::vector<OpenFile*> opens; // the latest one last
 
+    static std::weak_ptr<Shared>& Known(const struct stat& status);
     static std::shared_ptr<Shared> Of(const QString& planner);
 };
 
-std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
+std::weak_ptr<OpenFile::Shared>& OpenFile::Shared::Known(const struct stat& status)
 {
     static std::map<Identity, std::weak_ptr<Shared>> known;
+    return known[{status.st_dev, status.st_ino}];
+}
+
+std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
+{
     const struct stat status = wholefiles::StatusOf(planner);
-    std::weak_ptr<Shared>& entry = known[{status.st_dev, status.st_ino}];
+    std::weak_ptr<Shared>& entry = Known(status);
     std::shared_ptr<Shared> shared = entry.lock();
     if (!shared) entry = shared = std::make_shared<Shared>(planner, status);
     return shared;
@@ -75,6 +81,11 @@ std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)
     if (!locks->TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(planner, *locks);
     claim = locks;
     return locks;
+}
+
+bool OpenFile::IsOpenHere(const struct stat& planner)
+{
+    return !Shared::Known(planner).expired();
 }
 
 OpenFile::OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole)

@@ -4,6 +4,8 @@
 
 #include "platform/engine/sqlite/bytelocks.h"
 
+#include <sys/stat.h>
+
 #include <functional>
 #include <memory>
 
@@ -30,6 +32,10 @@ public:
     ~OpenFile(); // the one opened before it, if any, gets its own mode back
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
+
+    // Whether this process has the planner open. The file may then be opened by no other means: to close it again would
+    // drop the library's locks.
+    static bool IsOpenHere(const struct stat& planner);
 
     void Settle(); // the open has come to its end: the mode is now this one's
 

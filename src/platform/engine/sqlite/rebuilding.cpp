@@ -46,7 +46,7 @@ public:
     {
     }
 
-    DBEngine::RepairReport::Table Write()
+    RepairReport::Table Write()
     {
         const bool hasKey = !PrimaryIndex(m_table.definition).Fields.isEmpty();
         std::vector<const RawRow*> homeless;
@@ -92,14 +92,14 @@ private:
     SQLite::Database& m_library;
     const salvage::Table& m_table;
     SQLite::Statement m_insert;
-    DBEngine::RepairReport::Table m_report;
+    RepairReport::Table m_report;
 };
 } // namespace
 
 namespace rebuilding {
-std::vector<DBEngine::RepairReport::Table> Write(const std::vector<salvage::Table>& tables, const QString& path)
+std::vector<RepairReport::Table> Write(const std::vector<salvage::Table>& tables, const QString& path)
 {
-    std::vector<DBEngine::RepairReport::Table> report;
+    std::vector<RepairReport::Table> report;
     {
         SqliteConnection planner(path);
         planner.SetUp();

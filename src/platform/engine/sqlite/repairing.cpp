@@ -20,7 +20,7 @@
 namespace {
 using namespace engineerrors;
 using namespace wholefiles;
-using Tables = std::vector<DBEngine::RepairReport::Table>;
+using Tables = std::vector<RepairReport::Table>;
 
 // A version beyond this is no newer program's but damage.
 constexpr int VersionLimit = 1000;
@@ -79,13 +79,6 @@ qint64 Rows(const Tables& tables)
     return rows;
 }
 
-void CopyToFree(const QString& from, const QString& to, const struct stat& status)
-{
-    const ScratchFile copy(to + QLatin1StringView(".new"), status);
-    CopyInto(from, copy.Path());
-    RenameToFree(copy.Path(), to);
-}
-
 // The planner as it is without its journal, or as the journal leaves it, and what can be made of it.
 struct State
 {
@@ -121,7 +114,7 @@ public:
     {
     }
 
-    DBEngine::RepairReport Run();
+    RepairReport Run();
 
 private:
     void Look();
@@ -138,7 +131,7 @@ private:
     std::unique_ptr<State> m_playedBack; // if there is a journal to be played back
 };
 
-DBEngine::RepairReport Repairer::Run()
+RepairReport Repairer::Run()
 {
     Look();
     const State& likely = m_playedBack ? *m_playedBack : *m_asItIs;
@@ -229,7 +222,7 @@ void Repairer::Exchange(State& state)
 } // namespace
 
 namespace repairing {
-DBEngine::RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
+RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
 {
     StatusOfFile(path);
     const QString planner = RealPath(path);

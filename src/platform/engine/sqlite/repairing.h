@@ -1,8 +1,9 @@
 // Repairing a planner in place: what is to be kept, which state of it counts, and the exchange. As in DBEngine.
 #pragma once
 
-#include "platform/engine/dbengine.h"
+#include "platform/engine/repairreport.h"
+#include "platform/engine/tabledef.h"
 
 namespace repairing {
-DBEngine::RepairReport Repair(const QString& path, const std::vector<TableDef>& tables);
+RepairReport Repair(const QString& path, const std::vector<TableDef>& tables);
 } // namespace repairing

@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sessiontable.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/loginname.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QSysInfo>
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <pwd.h>
 #include <unistd.h>
 
 namespace {
@@ -18,16 +18,6 @@ using namespace plannerformat;
 
 constexpr int Looks = 5;
 constexpr unsigned long PauseBetweenLooks = 2; // milliseconds
-
-QString LoginName()
-{
-    std::array<char, 4096> buffer{};
-    passwd entry{};
-    passwd* found = nullptr;
-    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || !found)
-        return QString::number(::geteuid());
-    return QString::fromLocal8Bit(found->pw_name);
-}
 
 // Cut between characters; the last byte stays zero.
 void Fill(char* target, int size, const QString& text)

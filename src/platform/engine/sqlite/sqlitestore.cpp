@@ -60,6 +60,11 @@ std::unique_ptr<ByteLocks> LocksBeside(const QString& path)
 SqliteStore::SqliteStore(const QString& path, bool exclusive, File file)
 {
     m_connection.emplace(path);
+    if (file == File::Claimed) {
+        m_connection->SetUp();
+        m_connection->CheckHead();
+        return;
+    }
     // Before any lock, so that no file of locks is left beside something that is no planner.
     if (file == File::Planner) m_connection->CheckUnlocked();
     m_openFile = std::make_unique<OpenFile>(path, exclusive, [this](bool whole) { m_connection->KeepWhole(whole); });
@@ -71,6 +76,11 @@ SqliteStore::SqliteStore(const QString& path, bool exclusive, File file)
     m_session = std::make_unique<Session>(*m_locks);
     RegisterMatches();
     m_openFile->Settle();
+}
+
+void SqliteStore::CheckFile(const QString& path)
+{
+    SqliteConnection(path).CheckUnlocked();
 }
 
 void SqliteStore::RegisterMatches()
@@ -120,7 +130,7 @@ SQLite::Statement& SqliteStore::Prepared(const StatementView& view, Text&& text)
 SQLite::Statement& SqliteStore::PreparedFor(const TableDef& table, Verb verb, std::string (*text)(const TableDef&))
 {
     static const QString none;
-    return Prepared({verb, sqltext::Rows::All, true, table.Name, none, none}, [&] { return text(table); });
+    return Prepared({verb, Rows::All, true, table.Name, none, none}, [&] { return text(table); });
 }
 
 std::optional<Row> SqliteStore::Find(const TableDef& table, const Index& index, From from, const Place& place,
@@ -129,7 +139,7 @@ std::optional<Row> SqliteStore::Find(const TableDef& table, const Index& index, 
     if (!likeField.isEmpty()) m_like.emplace(likePattern);
     std::optional<Row> row;
     m_connection->Read([&] {
-        for (const sqltext::LookUp lookUp : sqltext::LookUpsFor(index, from, place.key.isNull())) {
+        for (const LookUp lookUp : LookUpsFor(index, from, place.key.isNull())) {
             row = FindOnce(table, index, lookUp, place, likeField);
             if (row) return;
         }
@@ -137,16 +147,16 @@ std::optional<Row> SqliteStore::Find(const TableDef& table, const Index& index, 
     return row;
 }
 
-std::optional<Row> SqliteStore::FindOnce(const TableDef& table, const Index& index, sqltext::LookUp lookUp,
-                                         const Place& place, const QString& likeField)
+std::optional<Row> SqliteStore::FindOnce(const TableDef& table, const Index& index, LookUp lookUp, const Place& place,
+                                         const QString& likeField)
 {
     SQLite::Statement& statement =
         Prepared({Verb::Find, lookUp.rows, lookUp.forward, table.Name, index.Fields, likeField},
                  [&] { return sqltext::Find(table, index, lookUp, likeField); });
     const StatementUse use(statement);
     int number = 1;
-    if (sqltext::BindsKey(lookUp.rows)) BindValue(statement, number++, place.key);
-    if (sqltext::BindsId(lookUp.rows)) statement.bind(number, int64_t{place.id});
+    if (BindsKey(lookUp.rows)) BindValue(statement, number++, place.key);
+    if (BindsId(lookUp.rows)) statement.bind(number, int64_t{place.id});
     return statement.executeStep() ? std::optional(ReadRow(statement, table)) : std::nullopt;
 }
 
@@ -216,6 +226,11 @@ plannerformat::HeldRecord SqliteStore::RecordOf(const TableDef& table, qint64 id
 void SqliteStore::TryLock(const TableDef& table, qint64 id)
 {
     m_session->TakeRecord(RecordOf(table, id));
+}
+
+bool SqliteStore::Holds(const TableDef& table, qint64 id) const
+{
+    return m_session->Holds({m_tableNumbers.value(table.Name), id});
 }
 
 void SqliteStore::Unlock(const TableDef& table, qint64 id)

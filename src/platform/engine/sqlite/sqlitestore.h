@@ -22,8 +22,11 @@ public:
     enum class File
     {
         Planner,
-        Empty // just made: an empty planner is written into it
+        Claimed, // by the caller, for himself alone: to be read, without locks of its own
+        Empty    // just made: an empty planner is written into it
     };
+
+    static void CheckFile(const QString& path); // raises what is wrong with it, before any lock is made beside it
 
     // The path is the real one of an existing file. Errors as DBEngine::OpenDatabase.
     SqliteStore(const QString& path, bool exclusive, File file);
@@ -41,15 +44,18 @@ public:
     void Erase(const TableDef& table, const Row& old) override;
 
     void TryLock(const TableDef& table, qint64 id) override;
+    bool Holds(const TableDef& table, qint64 id) const override;
     void Unlock(const TableDef& table, qint64 id) override;
 
     void BeginRead() override;
+    void Expect(const TableDef&, const Index&, const QVariantList&) override {} // nothing is far away
     void EndRead() override;
     void BeginWrite() override;
     void Commit() override;
     void Rollback() override;
 
     void Refresh() override;
+    void OnChange(ChangeListener) override {} // nobody tells a file's readers
     void Close() override;
 
 private:
@@ -62,13 +68,13 @@ private:
         Erase
     };
     // Verb, table, and for a Find the rows, the direction, and the fields walked along and searched.
-    using StatementKey = std::tuple<Verb, sqltext::Rows, bool, QString, QString, QString>;
-    using StatementView = std::tuple<Verb, sqltext::Rows, bool, const QString&, const QString&, const QString&>;
+    using StatementKey = std::tuple<Verb, Rows, bool, QString, QString, QString>;
+    using StatementView = std::tuple<Verb, Rows, bool, const QString&, const QString&, const QString&>;
 
     template <typename Text>
     SQLite::Statement& Prepared(const StatementView& view, Text&& text);
     SQLite::Statement& PreparedFor(const TableDef& table, Verb verb, std::string (*text)(const TableDef&));
-    std::optional<Row> FindOnce(const TableDef& table, const Index& index, sqltext::LookUp lookUp, const Place& place,
+    std::optional<Row> FindOnce(const TableDef& table, const Index& index, LookUp lookUp, const Place& place,
                                 const QString& likeField);
     void WriteRow(SQLite::Statement& statement);
     void RegisterMatches();

@@ -8,8 +8,6 @@
 #include <array>
 
 namespace {
-using sqltext::Rows;
-
 struct DeclaredName
 {
     FieldType type;
@@ -64,7 +62,9 @@ QString Condition(Rows rows, const QString& key, bool forward)
     case Rows::OfKey:
         return key + QLatin1StringView(" = ?");
     case Rows::OfKeyPast:
-        return key + QLatin1StringView(" IS ? AND ") + beyond;
+        return key + QLatin1StringView(" = ? AND ") + beyond;
+    case Rows::WithoutKeyPast:
+        return key + QLatin1StringView(" IS NULL AND ") + beyond;
     case Rows::PastId:
         return beyond;
     case Rows::Greater:
@@ -89,31 +89,6 @@ QString Order(const Index& index, bool forward)
 } // namespace
 
 namespace sqltext {
-QVarLengthArray<LookUp, 3> LookUpsFor(const Index& index, From from, bool keyIsNull)
-{
-    const bool forward = from == From::First || from == From::AtKey || from == From::After;
-    if (from == From::First || from == From::Last) return {{Rows::All, forward}};
-    if (from == From::AtKey) return {{keyIsNull ? Rows::WithoutKey : Rows::OfKey, forward}};
-    if (index.Fields.isEmpty()) return {{Rows::PastId, forward}};
-    // Rows without a key come before all others in ascending order.
-    const bool ascending = IsDescending(index) != forward;
-    QVarLengthArray<LookUp, 3> lookUps = {{Rows::OfKeyPast, forward}};
-    if (!keyIsNull) lookUps.push_back({ascending ? Rows::Greater : Rows::Less, forward});
-    if (keyIsNull && ascending) lookUps.push_back({Rows::WithKey, forward});
-    if (!keyIsNull && !ascending) lookUps.push_back({Rows::WithoutKey, forward});
-    return lookUps;
-}
-
-bool BindsKey(Rows rows)
-{
-    return rows == Rows::OfKey || rows == Rows::OfKeyPast || rows == Rows::Greater || rows == Rows::Less;
-}
-
-bool BindsId(Rows rows)
-{
-    return rows == Rows::OfKeyPast || rows == Rows::PastId;
-}
-
 std::string Find(const TableDef& table, const Index& index, LookUp lookUp, const QString& likeField)
 {
     const QString like = likeField.isEmpty() ? QString() : QStringLiteral(" AND matches(%1)").arg(Quoted(likeField));

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -137,6 +138,16 @@ QByteArray Content(const QString& path)
     return bytes.first(size);
 }
 
+QByteArray Head(const QString& path, qsizetype size)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return {};
+    QByteArray bytes(size, Qt::Uninitialized);
+    const ssize_t got = ::read(file, bytes.data(), static_cast<std::size_t>(size));
+    ::close(file);
+    return bytes.first(std::max<ssize_t>(got, 0));
+}
+
 void CopyInto(const QString& from, const QString& to)
 {
     const Descriptor source(from, O_RDONLY), target(to, O_WRONLY | O_TRUNC);
@@ -144,6 +155,20 @@ void CopyInto(const QString& from, const QString& to)
     while (const std::size_t size = source.Read(buffer.data(), buffer.size()))
         target.Write(buffer.data(), size);
     target.Sync();
+}
+
+void CopyToFree(const QString& from, const QString& to, const struct stat& model)
+{
+    const ScratchFile copy(to + QLatin1StringView(".new"), model);
+    CopyInto(from, copy.Path());
+    RenameToFree(copy.Path(), to);
+}
+
+void Fill(const QString& path, const QByteArray& content)
+{
+    const Descriptor file(path, O_WRONLY | O_TRUNC);
+    file.Write(content.constData(), static_cast<std::size_t>(content.size()));
+    file.Sync();
 }
 
 void Sync(const QString& path)

@@ -16,7 +16,10 @@ bool Exists(const QString& path);        // a link that leads nowhere exists too
 bool HasHotJournal(const QString& path); // one that the library would play back
 
 QByteArray Content(const QString& path);
+QByteArray Head(const QString& path, qsizetype size);  // at most so many bytes; none if it cannot be read
 void CopyInto(const QString& from, const QString& to); // an existing file; synced
+void CopyToFree(const QString& from, const QString& to, const struct stat& model); // 3204; a new file like the model
+void Fill(const QString& path, const QByteArray& content);                         // an existing file; synced
 void Sync(const QString& path);
 void SyncFolderOf(const QString& path);
 void Rename(const QString& from, const QString& to);

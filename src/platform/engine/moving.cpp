@@ -1,0 +1,178 @@
+#include "platform/engine/moving.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/postgres/plannerlink.h"
+#include "platform/engine/postgres/postgresstore.h"
+#include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/sqlitefile.h"
+#include "platform/engine/sqlite/sqlitestore.h"
+#include "platform/engine/sqlite/wholefiles.h"
+#include "platform/engine/storekinds.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace {
+using namespace engineerrors;
+using namespace wholefiles;
+
+class PagesOf
+{
+public:
+    PagesOf(Store& store, const TableDef& table) : m_store(store), m_table(table) {}
+
+    // The next rows in order of insertion, none at the end.
+    const std::vector<Row>& Next()
+    {
+        m_rows = m_store.Page(m_table, m_lastId);
+        if (!m_rows.empty()) m_lastId = m_rows.back().id;
+        return m_rows;
+    }
+
+private:
+    Store& m_store;
+    const TableDef& m_table;
+    std::vector<Row> m_rows;
+    qint64 m_lastId = 0;
+};
+
+class RowsOf
+{
+public:
+    RowsOf(Store& store, const TableDef& table) : m_pages(store, table) {}
+
+    const std::vector<QVariant>* Next()
+    {
+        if (m_page == nullptr || m_at == m_page->size()) {
+            m_page = &m_pages.Next();
+            m_at = 0;
+        }
+        return m_page->empty() ? nullptr : &(*m_page)[m_at++].values;
+    }
+
+private:
+    PagesOf m_pages;
+    const std::vector<Row>* m_page = nullptr;
+    std::size_t m_at = 0;
+};
+
+void Copy(Store& from, Store& to)
+{
+    for (const QString& name : from.TableNames()) {
+        const TableDef table = from.Definition(name);
+        to.CreateTable(table);
+        PagesOf pages(from, table);
+        for (const auto* rows = &pages.Next(); !rows->empty(); rows = &pages.Next())
+            to.InsertAll(table, *rows);
+    }
+}
+
+bool AreAlike(Store& a, Store& b, const TableDef& table)
+{
+    RowsOf first(a, table), second(b, table);
+    while (true) {
+        const auto* one = first.Next();
+        const auto* other = second.Next();
+        if (!one || !other) return !one && !other;
+        if (*one != *other) return false;
+    }
+}
+
+// Row by row, read back from both.
+void Compare(Store& from, Store& to)
+{
+    const QStringList names = from.TableNames();
+    bool alike = names == to.TableNames();
+    for (const QString& name : names)
+        alike = alike && AreAlike(from, to, from.Definition(name));
+    if (!alike) throw RunTimeError{InputOutput, QStringLiteral("What was copied is not what was read back.")};
+}
+
+void CopyAll(Store& from, Store& to)
+{
+    from.BeginRead(); // one state of all tables, whatever others do meanwhile
+    const auto endRead = qScopeGuard([&] { from.EndRead(); });
+    to.BeginWrite();
+    auto rollback = qScopeGuard([&] { to.Rollback(); });
+    Copy(from, to);
+    Compare(from, to);
+    rollback.dismiss();
+    to.Commit();
+}
+
+QString FreeBackupOf(const QString& planner)
+{
+    const bool hasExtension = planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
+    const QString stem = hasExtension ? planner.chopped(4) : planner;
+    QString name = stem + QLatin1StringView(".bak");
+    for (int number = 2; Exists(name); ++number)
+        name = stem + QStringLiteral(".bak%1").arg(number);
+    return name;
+}
+
+// The old planner is whole under its own name or the other one at any moment.
+void ReplaceByLink(const QString& planner, const PlannerAddress& address)
+{
+    const struct stat status = StatusOf(planner);
+    const ScratchFile link(planner + QLatin1StringView(".new"), status);
+    Fill(link.Path(), plannerlink::Text(address));
+    const QString backup = FreeBackupOf(planner);
+    CopyToFree(planner, backup, status);
+    auto removeBackup = qScopeGuard([&] { Unlink(backup); });
+    SyncFolderOf(planner);
+    const LibraryLock others(planner);
+    PutInPlace(link.Path(), planner);
+    removeBackup.dismiss();
+}
+} // namespace
+
+namespace moving {
+void ToServer(const QString& path, const QString& uri)
+{
+    const PlannerAddress address(uri);
+    OfKind(path, &StoreKind::Claim); // a link is on its server already
+    StatusOfFile(path);
+    const QString planner = RealPath(path);
+    SqliteStore::CheckFile(planner);
+    const auto claim = ClaimAlone(planner);
+    PostgresStore server(address, QFileInfo(path).fileName(), true, PostgresStore::Planner::New);
+    {
+        SqliteStore file(planner, true, SqliteStore::File::Claimed);
+        CopyAll(file, server);
+    }
+    auto undo = qScopeGuard([&] {
+        try {
+            server.BeginWrite();
+            server.DropPlanner();
+            server.Commit();
+        } catch (const RunTimeError&) {
+            server.Rollback(); // a second attempt is told that there is a planner of this name
+        }
+    });
+    ReplaceByLink(planner, address);
+    undo.dismiss();
+}
+
+void ToFile(const QString& link, const QString& path)
+{
+    const QString name = QFileInfo(link).fileName();
+    if (KindOf(link).Open != plannerlink::Open)
+        throw RunTimeError{NotSupported, QStringLiteral("'%1' is no link to a planner on a server.").arg(name)};
+    PostgresStore server(plannerlink::Read(link), name, false);
+    const QString fresh = path + QLatin1StringView(".new");
+    ScratchFile::Remove(fresh);
+    auto remove = qScopeGuard([&] {
+        ScratchFile::Remove(fresh);
+        Unlink(LockFileOf(fresh));
+    });
+    if (Exists(path))
+        throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
+    {
+        const std::shared_ptr<Store> file = sqlitefile::Create(fresh);
+        CopyAll(server, *file);
+    }
+    Sync(fresh);
+    RenameToFree(fresh, path);
+    SyncFolderOf(path);
+}
+} // namespace moving

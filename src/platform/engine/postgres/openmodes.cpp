@@ -1,0 +1,91 @@
+#include "platform/engine/postgres/openmodes.h"
+
+#include "platform/engine/engineerrors.h"
+
+#include <algorithm>
+#include <map>
+
+OpenMode::Opens& OpenMode::OpensOf(const QString& id)
+{
+    static std::map<QString, Opens> known;
+    return known[id];
+}
+
+void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString& shownName)
+{
+    m_id = id;
+    m_planner = planner;
+    Opens& opens = OpensOf(id);
+    // One that comes back after a break keeps its place.
+    if (std::ranges::find(opens, this) == opens.end()) opens.push_back(this);
+    if (Settle(opens)) return;
+    QStringList own;
+    for (const OpenMode* open : opens)
+        own += QString::number(open->m_connection.Process());
+    const QString holder = advisorylocks::HolderOf(m_connection, planner, own);
+    Leave();
+    throw RunTimeError{engineerrors::InUse,
+                       QStringLiteral("Could not use '%1'; file already in use by %2.").arg(shownName, holder)};
+}
+
+void OpenMode::Leave()
+{
+    if (m_id.isEmpty()) return;
+    Opens& opens = OpensOf(m_id);
+    std::erase(opens, this);
+    // This session keeps strangers out until the others have their locks back.
+    Become(Held::Shared);
+    const Opens others = opens;
+    for (OpenMode* other : others)
+        other->Become(Held::Shared);
+    Become(Held::Nothing);
+    Settle(others);
+    m_id.clear();
+}
+
+// Gives all of them the mode of the latest one. Shared locks are taken by all before one is to become exclusive, so
+// that no stranger can slip in between. False if the latest one's was refused; then all are shared, as far as that is
+// granted.
+bool OpenMode::Settle(Opens opens)
+{
+    std::erase_if(opens, [](const OpenMode* open) { return !open->m_connection.IsConnected(); });
+    if (opens.empty()) return true;
+    OpenMode* const latest = opens.back();
+    for (OpenMode* open : opens)
+        if (open->m_held == Held::Exclusive) open->Become(Held::Shared);
+    bool granted = false;
+    for (OpenMode* open : opens)
+        granted = open->Become(Held::Shared);
+    if (!latest->m_exclusive || !granted) return granted;
+    for (OpenMode* open : opens)
+        if (open != latest) open->Become(Held::Nothing);
+    if (latest->Become(Held::Exclusive)) return true;
+    for (OpenMode* open : opens)
+        open->Become(Held::Shared);
+    return false;
+}
+
+// A session may hold both kinds at once, so it never stands without one on the way from one to the other.
+bool OpenMode::Become(Held wanted)
+{
+    if (m_held == wanted) return true;
+    if (wanted == Held::Shared && !Ask("pg_try_advisory_lock_shared")) return false;
+    if (wanted == Held::Exclusive && !Ask("pg_try_advisory_lock")) return false;
+    if (m_held == Held::Shared) Ask("pg_advisory_unlock_shared");
+    if (m_held == Held::Exclusive) Ask("pg_advisory_unlock");
+    m_held = wanted;
+    return true;
+}
+
+bool OpenMode::Ask(const char* call)
+{
+    if (!m_connection.IsConnected()) return false;
+    try {
+        return m_connection
+            .Ask("SELECT " + std::string(call) + "($1::integer, $2::integer)", advisorylocks::ValuesOf(m_planner))[0][0]
+            .as<bool>();
+    } catch (const RunTimeError&) {
+        // Another open of this process whose session is over; it takes its lock again when it connects.
+        return false;
+    }
+}

@@ -1,0 +1,92 @@
+#include "platform/engine/postgres/postgreschanges.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <pqxx/notification>
+
+namespace {
+constexpr qsizetype LongestKey = 500; // the server takes messages of less than 8000 bytes
+} // namespace
+
+class PostgresChanges::Receiver : public pqxx::notification_receiver
+{
+public:
+    Receiver(pqxx::connection_base& connection, const std::string& channel, PostgresChanges& changes)
+        : notification_receiver(connection, channel), m_changes(changes), m_own(connection.backendpid())
+    {
+    }
+
+    void operator()(const std::string& message, int process) override
+    {
+        if (process != m_own) m_changes.Take(QString::fromStdString(message));
+    }
+
+private:
+    PostgresChanges& m_changes;
+    int m_own;
+};
+
+PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection) {}
+
+PostgresChanges::~PostgresChanges()
+{
+    Stop();
+}
+
+void PostgresChanges::Start(const std::string& channel)
+{
+    m_receiver = std::make_unique<Receiver>(m_connection.Library(), channel, *this);
+    // What was told while there was no session has been heard by nobody.
+    if (std::exchange(m_wasConnected, true)) Take({});
+    if (!QCoreApplication::instance()) return;
+    m_notifier = new QSocketNotifier(m_connection.Library().sock(), QSocketNotifier::Read, &m_context);
+    QObject::connect(m_notifier, &QSocketNotifier::activated, &m_context, [this] { Read(); });
+}
+
+void PostgresChanges::Stop()
+{
+    m_receiver.reset();
+    if (!m_notifier) return;
+    m_notifier->setEnabled(false);
+    m_notifier->deleteLater(); // this may be the notifier's own call
+    m_notifier = nullptr;
+}
+
+void PostgresChanges::Read()
+{
+    try {
+        m_connection.Listen();
+    } catch (const RunTimeError&) {
+        // The session is over. Whoever needs it next is told, or gets a new one.
+    }
+}
+
+void PostgresChanges::Take(const QString& message)
+{
+    if (m_messages.isEmpty())
+        QMetaObject::invokeMethod(
+            &m_context, [this] { Deliver(); }, Qt::QueuedConnection);
+    if (!m_messages.contains(message)) m_messages += message;
+}
+
+void PostgresChanges::Deliver()
+{
+    for (const QString& message : std::exchange(m_messages, {})) {
+        const ChangeListener listener = m_listener; // which may take itself away
+        if (!listener) continue;
+        const qsizetype end = message.indexOf(u'\n');
+        listener(message.left(end), end < 0 ? QVariant() : QVariant(message.mid(end + 1)));
+    }
+}
+
+std::string PostgresChanges::Message(const TableDef& table, const std::vector<QVariant>& values)
+{
+    QString message = table.Name;
+    if (!table.Indexes.empty()) {
+        const QVariant& key = values[FieldNumber(table, KeyField(table.Indexes.front()))];
+        if (key.typeId() == QMetaType::QString && key.toString().size() <= LongestKey)
+            message += u'\n' + key.toString();
+    }
+    return message.toStdString();
+}

@@ -1,0 +1,39 @@
+// What other sessions tell of their commits, from the server to the planner's listener. They are taken in whenever the
+// library has read them, and handed on from the event loop alone.
+#pragma once
+
+#include "platform/engine/changelistener.h"
+#include "platform/engine/postgres/postgresconnection.h"
+#include "platform/engine/tabledef.h"
+
+#include <QObject>
+
+class QSocketNotifier;
+
+class PostgresChanges
+{
+public:
+    explicit PostgresChanges(PostgresConnection& connection);
+    ~PostgresChanges();
+
+    void SetListener(ChangeListener listener) { m_listener = std::move(listener); }
+    void Start(const std::string& channel); // in each new session
+    void Stop();                            // at its end
+
+    // What is told of a record with this key, and what that means.
+    static std::string Message(const TableDef& table, const std::vector<QVariant>& values);
+
+private:
+    class Receiver;
+    void Take(const QString& message);
+    void Deliver();
+    void Read();
+
+    PostgresConnection& m_connection;
+    ChangeListener m_listener;
+    std::unique_ptr<Receiver> m_receiver;
+    QSocketNotifier* m_notifier = nullptr;
+    QStringList m_messages; // taken in and not yet handed on; an empty one is "anything"
+    QObject m_context;
+    bool m_wasConnected = false;
+};

@@ -1,0 +1,97 @@
+#include "platform/engine/postgres/postgresvalues.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QDateTime>
+
+#include <charconv>
+
+namespace {
+// What a clock on the wall shows: no zone.
+const QString dateFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
+
+QByteArrayView BytesOf(const pqxx::field& field)
+{
+    return {field.c_str(), static_cast<qsizetype>(field.size())};
+}
+
+std::string Plain(const QString& text)
+{
+    if (text.contains(QChar(u'\0')))
+        throw RunTimeError{engineerrors::TypeMismatch,
+                           QStringLiteral("A text that holds the character 0 cannot be kept on a server.")};
+    return text.toStdString();
+}
+
+float FloatOf(const pqxx::field& field)
+{
+    float value = 0;
+    std::from_chars(field.c_str(), field.c_str() + field.size(), value);
+    return value;
+}
+
+QVariant ReadValue(const pqxx::field& field, FieldType type)
+{
+    switch (type) {
+    case dbBoolean:
+        return field.c_str()[0] == 't';
+    case dbLong:
+        return BytesOf(field).toInt();
+    case dbSingle:
+        return FloatOf(field);
+    case dbDate:
+        return QDateTime::fromString(TextOf(field), Qt::ISODateWithMs);
+    case dbText:
+        return TextOf(field);
+    case dbMemo:
+        return QByteArray::fromHex(BytesOf(field).sliced(2).toByteArray()); // behind "\x"
+    }
+    return {};
+}
+} // namespace
+
+QString TextOf(const pqxx::field& field)
+{
+    return QString::fromUtf8(BytesOf(field));
+}
+
+std::optional<std::string> ParameterOf(const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return value.toBool() ? "true" : "false";
+    case QMetaType::Int:
+        return std::to_string(value.toInt());
+    case QMetaType::Float:
+        return QByteArray::number(value.toFloat(), 'g', 9).toStdString();
+    case QMetaType::QDateTime:
+        return value.toDateTime().toString(dateFormat).toStdString();
+    case QMetaType::QString:
+        return Plain(value.toString());
+    case QMetaType::QByteArray:
+        return "\\x" + value.toByteArray().toHex().toStdString();
+    default:
+        return {};
+    }
+}
+
+std::string ArrayOf(const QStringList& texts)
+{
+    QStringList parts;
+    for (QString text : texts)
+        parts += u'"' + text.replace(u'\\', QLatin1StringView("\\\\")).replace(u'"', QLatin1StringView("\\\"")) + u'"';
+    return Plain(u'{' + parts.join(u',') + u'}');
+}
+
+Row ReadRow(const pqxx::row& found, int column, const TableDef& table)
+{
+    Row row;
+    row.id = found[column].as<qint64>();
+    row.values.resize(table.Fields.size());
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+        const pqxx::field field = found[++column];
+        if (!field.is_null()) row.values[i] = ReadValue(field, table.Fields[i].Type);
+    }
+    return row;
+}

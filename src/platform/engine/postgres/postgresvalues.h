@@ -1,0 +1,17 @@
+// Values on their way into statements and out of rows.
+#pragma once
+
+#include "platform/engine/store.h"
+
+#include <pqxx/result>
+
+#include <optional>
+#include <string>
+
+// The value is one that AsFieldValue made, or null. 3421 for a text with a NUL, which no server takes.
+std::optional<std::string> ParameterOf(const QVariant& value);
+std::string ArrayOf(const QStringList& texts); // an array's text
+QString TextOf(const pqxx::field& field);
+
+// The row's columns from the one of this number on: id, then the fields in their order.
+Row ReadRow(const pqxx::row& found, int column, const TableDef& table);

@@ -1,0 +1,168 @@
+// A real PostgreSQL of a test program's own, in a temporary folder: the socket is trusted, over TCP it asks for a
+// password. It starts when it is first used and ends with the program, however that ends.
+#pragma once
+
+#include "platform/engine/dbengine.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <netinet/in.h>
+#include <pqxx/pqxx>
+#include <sys/socket.h>
+
+#include <csignal>
+#include <unistd.h>
+
+// Every test of the program once for each store, told by the global "onServer".
+inline void AddStores()
+{
+    QTest::addColumn<bool>("onServer");
+    QTest::newRow("file") << false;
+    QTest::newRow("server") << true;
+}
+
+class TestServer
+{
+public:
+    static constexpr const char* Password = "secret' \\ word";
+
+    static TestServer& Get()
+    {
+        static TestServer server;
+        return server;
+    }
+
+    // Of the planner of this name, by the socket.
+    QString Uri(const QString& planner) const
+    {
+        return QStringLiteral("postgresql://ann@/postgres?host=%1&planner=%2&port=%3")
+            .arg(m_folder.path(), planner)
+            .arg(m_port);
+    }
+    QString TcpUri(const QString& planner, int port = 0) const
+    {
+        return QStringLiteral("postgresql://ann@127.0.0.1:%1/postgres?planner=%2")
+            .arg(port ? port : m_port)
+            .arg(planner);
+    }
+    int Port() const { return m_port; }
+
+    // Puts the planner on the server under a new name; the file becomes its link.
+    QString Take(const QString& path)
+    {
+        const QString planner = QStringLiteral("test%1").arg(++m_planners);
+        DBEngine::MoveToServer(path, Uri(planner));
+        return planner;
+    }
+
+    // As the administrator. The first column of each row.
+    QStringList Ask(const QString& sql) const
+    {
+        pqxx::connection connection(Connection());
+        pqxx::nontransaction work(connection);
+        QStringList rows;
+        for (const auto& row : work.exec(sql.toStdString()))
+            rows += QString::fromUtf8(row[0].c_str());
+        return rows;
+    }
+    // Cuts every other connection.
+    int Cut() const
+    {
+        return static_cast<int>(Ask(QStringLiteral("SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
+                                                   "WHERE application_name LIKE 'Orrelin%'"))
+                                    .size());
+    }
+
+    void Start()
+    {
+        m_server.setProgram(QStringLiteral("setpriv"));
+        m_server.setArguments(As({Program("postgres"), QStringLiteral("-D"), m_folder.filePath(QStringLiteral("data")),
+                                  QStringLiteral("-k"), m_folder.path(), QStringLiteral("-p"), QString::number(m_port),
+                                  QStringLiteral("-cfsync=off"), QStringLiteral("-clisten_addresses=127.0.0.1"),
+                                  QStringLiteral("-cmax_connections=40"), QStringLiteral("-cshared_buffers=16MB")}));
+        m_server.setStandardErrorFile(m_folder.filePath(QStringLiteral("log")));
+        m_server.start();
+        for (int attempt = 0; attempt < 400; ++attempt) {
+            QThread::msleep(25);
+            try {
+                pqxx::connection connection(Connection());
+                return;
+            } catch (const pqxx::failure&) {
+            }
+        }
+        qFatal("The test's server does not start");
+    }
+    void Stop(int signal = SIGINT)
+    {
+        ::kill(static_cast<pid_t>(m_server.processId()), signal);
+        m_server.waitForFinished();
+    }
+
+private:
+    TestServer() : m_folder(QStringLiteral("/tmp/orrelin-server-XXXXXX")), m_port(FreePort())
+    {
+        const QString password = m_folder.filePath(QStringLiteral("password"));
+        QFile file(password);
+        if (!file.open(QIODevice::WriteOnly) || file.write(Password) < 0) qFatal("No room for the test's server");
+        file.close();
+        if (::geteuid() == 0)
+            for (const QString& path : {m_folder.path(), password})
+                if (::chown(QFile::encodeName(path), Nobody, Nobody) != 0) qFatal("This root may not chown");
+        QProcess init;
+        init.setStandardOutputFile(QProcess::nullDevice());
+        init.setStandardErrorFile(QProcess::nullDevice());
+        init.start(QStringLiteral("setpriv"),
+                   As({Program("initdb"), QStringLiteral("-D"), m_folder.filePath(QStringLiteral("data")),
+                       QStringLiteral("-U"), QStringLiteral("ann"), QStringLiteral("--pwfile"), password,
+                       QStringLiteral("--auth-local=trust"), QStringLiteral("--auth-host=scram-sha-256"),
+                       QStringLiteral("-EUTF8"), QStringLiteral("--no-locale"), QStringLiteral("-N")}));
+        if (!init.waitForFinished() || init.exitCode() != 0) qFatal("The test's server cannot be made");
+        Start();
+    }
+    ~TestServer() { Stop(); }
+
+    static constexpr uid_t Nobody = 65534;
+
+    static QString Program(const char* name)
+    {
+        return QStringLiteral("/usr/lib/postgresql/15/bin/%1").arg(QLatin1StringView(name));
+    }
+    // A server refuses to be root's. It stops when this program does, even if that is killed.
+    static QStringList As(const QStringList& command)
+    {
+        QStringList words = {QStringLiteral("--pdeathsig"), QStringLiteral("INT")};
+        if (::geteuid() == 0)
+            words +=
+                {QStringLiteral("--reuid=65534"), QStringLiteral("--regid=65534"), QStringLiteral("--clear-groups")};
+        return words + command;
+    }
+    static int FreePort()
+    {
+        const int probe = ::socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        ::bind(probe, reinterpret_cast<sockaddr*>(&address), size);
+        ::getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
+        ::close(probe);
+        return ntohs(address.sin_port);
+    }
+    std::string Connection() const
+    {
+        return QStringLiteral("host=%1 port=%2 user=ann dbname=postgres")
+            .arg(m_folder.path())
+            .arg(m_port)
+            .toStdString();
+    }
+
+    QTemporaryDir m_folder;
+    int m_port;
+    int m_planners = 0;
+    QProcess m_server;
+};
