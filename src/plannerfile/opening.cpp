@@ -107,11 +107,18 @@ bool Opening::OpenNotes(bool exclusive)
         ShowOpenFailed(error);
         return false;
     }
+    g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
     // What the previous planner left must not answer for this one.
     g_rsAlarm = {};
     g_rsRecurse = {};
     ClearMarks();
     return true;
+}
+
+// A server tells what others have stored; a file is asked by the refresh.
+void Opening::TakeChange(const QString& table, const QVariant& key)
+{
+    if (table == schema::Notes || table == schema::Alarms || table.isEmpty()) m_notes.ReadDay(key.toString());
 }
 
 void Opening::ShowOpenFailed(const RunTimeError& error)

@@ -1,6 +1,8 @@
 // Opens planners: by the file dialog, from the recent list, at start. Brings older files up to date on the way.
 #pragma once
 
+#include <QVariant>
+
 struct BottomPanel;
 class Cells;
 class CommonDialog;
@@ -32,6 +34,7 @@ public:
 
 private:
     bool OpenNotes(bool exclusive);
+    void TakeChange(const QString& table, const QVariant& key);
     void ShowOpenFailed(const RunTimeError& error);
     bool OpenAlarms();
     bool OpenRecursions();

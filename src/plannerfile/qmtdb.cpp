@@ -92,6 +92,22 @@ void QMTDB::ReadCells(QLatin1StringView literal)
     }
 }
 
+void QMTDB::ReadDay(const QString& key)
+{
+    const ErrorTail tail(QLatin1StringView(" in QMTDB.BAS, subSeekQMTDatabase"));
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last; ++cell) {
+        tail([&] {
+            const bool isMeant = key.isEmpty() || KeyOf(cell) == key;
+            const bool isEdited = g_bDBShared ? IsMarked(cell) : NeedsSaving(cell);
+            if (!isMeant || isEdited) return;
+            LetGo(cell);
+            ReadNote(cell);
+            subShowAlarmIcon(m_cells, KeyOf(cell), cell);
+        });
+    }
+}
+
 void QMTDB::subSeekQMTDatabase()
 {
     const QLatin1StringView literal(" in QMTDB.BAS, subSeekQMTDatabase");

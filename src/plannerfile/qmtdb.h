@@ -29,6 +29,9 @@ public:
     // under the literal, emptied, and takes no text.
     void ReadCells(QLatin1StringView literal);
 
+    // One day again, as another user has stored it meanwhile; not while it is being edited here. An empty key: all.
+    void ReadDay(const QString& key);
+
     // Writes the changed cells of a personal planner and lets go of the shown ones: none is written again before the
     // next read, which empties those whose day has no record. Until then they show what they showed, since to empty
     // them all first would cost as much as to fill them.

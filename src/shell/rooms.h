@@ -33,6 +33,7 @@
 #include "workgroup/networkmode.h"
 #include "workgroup/networkoptions.h"
 #include "workgroup/refresh.h"
+#include "workgroup/servermove.h"
 
 // In the order of their making; each stands on those above it.
 struct Rooms
@@ -70,10 +71,11 @@ struct Rooms
     DayView dayView{controls.cells, controls.sidebar, controls.network, notes, dayRecord, m_pCalendarView, fontCommand};
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh};
-    NetworkOptions networkOptions{*controls.client, controls.network};
     PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord};
+    ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
+    NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};
 };

@@ -12,6 +12,7 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/dbengine.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -97,6 +98,7 @@ bool DayLock::Store(RichTextBox& box)
         box.MarkSaved(rtf);
         return true;
     } catch (const RunTimeError& error) {
+        if (m_record.IsBroken() && error.Number == engineerrors::DataChanged) return StoreOverOthers(box, error);
         if (IsRefusal(error.Number)) {
             ShowFree(error.Description);
         } else {
@@ -109,6 +111,28 @@ bool DayLock::Store(RichTextBox& box)
     }
 }
 
+// The lock was lost with the connection, and somebody else has used the time.
+bool DayLock::StoreOverOthers(RichTextBox& box, const RunTimeError& error)
+{
+    const int answer = MsgBox(error.Description + QStringLiteral("\n\nYes puts your text in the place of theirs. No "
+                                                                 "shows theirs, and yours is gone."),
+                              msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard);
+    m_network.picLock->ShowElement(1);
+    bool isStored = false;
+    ErrorTail{LockLiteral}([&] {
+        const QByteArray theirs = m_record.TakeTheirs();
+        if (answer == msgbox::Yes) {
+            isStored = Store(box);
+            return;
+        }
+        box.SetTextRTF(theirs);
+        m_record.Close();
+        m_network.picLock->ShowElement(0);
+        isStored = true;
+    });
+    return isStored;
+}
+
 bool DayLock::Unlock()
 {
     const ErrorTail tail(LockLiteral);
@@ -116,6 +140,7 @@ bool DayLock::Unlock()
     m_network.picLock->ShowElement(0);
     m_cells.tbDay(cell).CommitPreedit();
     if (!Store(m_cells.tbDay(cell))) return false;
+    m_network.picLock->ShowElement(0);
     Mark(cell, false);
     FocusSidebar(m_sidebar);
     g_lUnlockTicks = 0;

@@ -12,6 +12,7 @@ class DayViewPort;
 struct NetworkControls;
 class Refresh;
 class RichTextBox;
+struct RunTimeError;
 struct Sidebar;
 
 class DayLock final : public LockedDay
@@ -34,6 +35,7 @@ private:
     void Lock();
     bool Unlock();
     bool Store(RichTextBox& box);
+    bool StoreOverOthers(RichTextBox& box, const RunTimeError& error);
     void ShowFree(const QString& reason);
 
     Cells& m_cells;

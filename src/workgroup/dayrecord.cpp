@@ -48,14 +48,44 @@ void DayRecord::Edit()
 {
     if (m_held) return;
     m_record.Edit();
+    m_locked = Text();
     m_held = true;
+    m_broken = false;
+}
+
+void DayRecord::TakeAgain()
+{
+    m_record = schema::OpenNotes(g_dbPlanner);
+    m_record.Seek(Equal, m_key);
+    if (m_record.NoMatch()) {
+        Make(m_key);
+        m_record.Seek(Equal, m_key);
+    }
+    m_record.Edit();
+    if (Text() == m_locked) return;
+    m_record.CancelUpdate();
+    throw RunTimeError{engineerrors::DataChanged,
+                       QStringLiteral("Another user has changed this day while the connection was broken.")};
 }
 
 void DayRecord::Commit(const QByteArray& rtf)
 {
-    m_record.SetField(TextField, rtf);
-    m_record.Update();
+    try {
+        if (m_broken) TakeAgain();
+        m_record.SetField(TextField, rtf);
+        m_record.Update();
+    } catch (const RunTimeError& error) {
+        m_broken = m_broken || error.Number == engineerrors::BrokenConnection;
+        throw;
+    }
     Close();
+}
+
+QByteArray DayRecord::TakeTheirs()
+{
+    m_record = schema::OpenNotes(g_dbPlanner);
+    m_record.Seek(Equal, m_key);
+    return m_locked = m_record.NoMatch() ? QByteArray() : Text();
 }
 
 void DayRecord::GiveUp()
@@ -66,7 +96,7 @@ void DayRecord::GiveUp()
 
 void DayRecord::Close()
 {
-    m_held = false;
+    m_held = m_broken = false;
     m_record = Recordset();
 }
 

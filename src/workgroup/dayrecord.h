@@ -17,16 +17,23 @@ public:
     bool IsHeld() const { return m_held; }
     bool Holds(const QString& key) const { return m_held && m_key == key; }
 
-    void Commit(const QByteArray& rtf); // stores the text and lets go; where it fails the record stays held
-    void GiveUp();                      // lets go, the file is as it was
-    void Close();                       // likewise, before the planner is closed or another opened
+    // Stores the text and lets go; where it fails the record stays held. After a connection to a server was broken, and
+    // the lock with it, the next try takes the record again: 3197 if it is not as it was under the lock.
+    void Commit(const QByteArray& rtf);
+    bool IsBroken() const { return m_broken; }
+    QByteArray TakeTheirs(); // what stands there now counts from here as what was locked
+    void GiveUp();           // lets go, the file is as it was
+    void Close();            // likewise, before the planner is closed or another opened
 
 private:
     void Make(const QString& key);
+    void TakeAgain();
 
     Recordset m_record;
     QString m_key;
+    QByteArray m_locked; // its text when it was locked
     bool m_held = false;
+    bool m_broken = false;
 };
 
 bool IsRefusal(int error); // one of the three numbers by which the engine refuses a record

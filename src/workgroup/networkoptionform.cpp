@@ -8,6 +8,7 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/settings.h"
+#include "workgroup/servermove.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QCheckBox>
@@ -15,6 +16,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -61,8 +63,8 @@ QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString&
 }
 } // namespace
 
-NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& network)
-    : QDialog(owner), m_network(network)
+NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& network, ServerMove& server)
+    : QDialog(owner), m_network(network), m_server(server)
 {
     setObjectName(QStringLiteral("NetworkOptionForm"));
     setWindowTitle(QStringLiteral("Network Options"));
@@ -70,9 +72,11 @@ NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& netw
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
     column->addWidget(MakeFrame());
+    column->addWidget(MakeServerFrame());
     column->addWidget(MakeOkCancel(*this, QStringLiteral("btnOK")));
     column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
+    ShowServer();
     CenterOnScreen(*this);
 }
 
@@ -85,6 +89,48 @@ QWidget* NetworkOptionForm::MakeFrame()
     m_chkAutoRefresh = AddSwitch(*grid, 2, "chkAutoRefresh", QStringLiteral("&Refresh the calendar by itself"));
     m_txtAutoRefreshDelay = AddDelay(*grid, 3, "txtAutoRefreshDelay", QStringLiteral("&every"));
     return frame;
+}
+
+QWidget* NetworkOptionForm::MakeServerFrame()
+{
+    constexpr int AddressWidth = 380;
+    auto* frame = new QGroupBox(QStringLiteral("Workgroup Server"));
+    auto* grid = new QGridLayout(frame);
+    auto* caption = new QLabel(QStringLiteral("&Address:"));
+    m_txtServer = new QLineEdit;
+    m_txtServer->setObjectName(QStringLiteral("txtServer"));
+    m_txtServer->setMinimumWidth(AddressWidth);
+    m_txtServer->setPlaceholderText(QStringLiteral("postgresql://user@host/database?planner=name"));
+    caption->setBuddy(m_txtServer);
+    m_btnMove = new QPushButton(QStringLiteral("&Move to Server..."));
+    m_btnMove->setObjectName(QStringLiteral("btnMove"));
+    m_btnSaveToFile = new QPushButton(QStringLiteral("&Save to a File..."));
+    m_btnSaveToFile->setObjectName(QStringLiteral("btnSaveToFile"));
+    for (QPushButton* button : {m_btnMove, m_btnSaveToFile})
+        button->setAutoDefault(false);
+    grid->addWidget(caption, 0, 0);
+    grid->addWidget(m_txtServer, 0, 1, 1, 3);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(m_btnSaveToFile, 1, 2);
+    grid->addWidget(m_btnMove, 1, 3);
+    connect(m_txtServer, &QLineEdit::textChanged, this, &NetworkOptionForm::ShowServer);
+    connect(m_btnMove, &QPushButton::clicked, this, [this] {
+        m_server.MoveToServer(m_txtServer->text().trimmed());
+        ShowServer();
+    });
+    connect(m_btnSaveToFile, &QPushButton::clicked, this, [this] { m_server.SaveToFile(); });
+    return frame;
+}
+
+// A planner that is on a server already shows where, and can go back to a file.
+void NetworkOptionForm::ShowServer()
+{
+    const QString address = m_server.Address();
+    const bool isThere = !address.isEmpty();
+    if (isThere) m_txtServer->setText(address);
+    m_txtServer->setReadOnly(isThere);
+    m_btnMove->setEnabled(!isThere && !m_txtServer->text().trimmed().isEmpty());
+    m_btnSaveToFile->setEnabled(isThere);
 }
 
 void NetworkOptionForm::ShowSettings()

@@ -5,6 +5,8 @@
 
 class QCheckBox;
 class QLineEdit;
+class QPushButton;
+class ServerMove;
 struct NetworkControls;
 
 class NetworkOptionForm : public QDialog
@@ -12,16 +14,22 @@ class NetworkOptionForm : public QDialog
     Q_OBJECT
 
 public:
-    NetworkOptionForm(QWidget* owner, const NetworkControls& network); // shows the settings
-    void accept() override;                                            // writes them; the running planner follows
+    NetworkOptionForm(QWidget* owner, const NetworkControls& network, ServerMove& server); // shows the settings
+    void accept() override; // writes them; the running planner follows
 
 private:
     QWidget* MakeFrame();
+    QWidget* MakeServerFrame();
+    void ShowServer();
     void ShowSettings();
     void TakeSwitches();
     void TakeDelays();
 
     const NetworkControls& m_network;
+    ServerMove& m_server;
+    QLineEdit* m_txtServer = nullptr;
+    QPushButton* m_btnMove = nullptr;
+    QPushButton* m_btnSaveToFile = nullptr;
     QCheckBox* m_chkAutoUnlock = nullptr;
     QLineEdit* m_txtUnlockDelay = nullptr;
     QCheckBox* m_chkAutoRefresh = nullptr;

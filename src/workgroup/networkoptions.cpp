@@ -4,5 +4,5 @@
 
 void NetworkOptions::mnuNetworkOptions_Click()
 {
-    NetworkOptionForm(m_client.window(), m_network).exec();
+    NetworkOptionForm(m_client.window(), m_network, m_server).exec();
 }

@@ -154,7 +154,7 @@ private Q_SLOTS:
             QCOMPARE(form.tbZoom().SelBold(), false);
             QCOMPARE(form.tbZoom().SelFontSize(), 15.0);
             AnswerFontDialog(
-                [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(QStringLiteral("DejaVu Serif"), 22)); });
+                [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(QStringLiteral("Liberation Serif"), 22)); });
             Press(form, "btnFonts");
             QCOMPARE(form.tbZoom().SelFontSize(), 22.0);
             Press(form, "btnOk");

@@ -151,7 +151,7 @@ private Q_SLOTS:
         Select(box, 0, 5);
         AnswerFontDialog([](QFontDialog& fonts) {
             QCOMPARE(fonts.currentFont().pointSize(), 8);
-            QFont font(QStringLiteral("DejaVu Serif"), 12);
+            QFont font(QStringLiteral("Liberation Serif"), 12);
             font.setUnderline(true);
             fonts.setCurrentFont(font);
         });
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QCOMPARE(box.SelLength(), 5); // and not the whole note
         QVERIFY(*box.SelUnderline() && Button("underline").Value() == 1 && Button("bold").Value() == 0);
         Select(box, 8, 4);
-        QCOMPARE(box.SelFontName(), QStringLiteral("DejaVu Serif"));
+        QCOMPARE(box.SelFontName(), QStringLiteral("Liberation Serif"));
         QCOMPARE(box.SelFontSize(), 12.0);
         QVERIFY(!*box.SelUnderline());
     }
@@ -172,7 +172,7 @@ private Q_SLOTS:
         Select(box, 0, 3);
         box.SetSelBold(true);
         box.SetSelUnderline(true);
-        box.SetSelFontName(QStringLiteral("DejaVu Serif"));
+        box.SetSelFontName(QStringLiteral("Liberation Serif"));
         box.SetSelColor(0xFF0000);
         Select(box, 0, 6);
         AnswerFontDialog(nullptr);

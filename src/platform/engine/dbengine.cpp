@@ -65,6 +65,11 @@ void SaveToFile(const QString& link, const QString& path)
     moving::ToFile(link, path);
 }
 
+QString ServerAddress(const QString& path)
+{
+    return moving::AddressOf(path);
+}
+
 // One store that fails does not keep the others waiting.
 void Idle(int)
 {

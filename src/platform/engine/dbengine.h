@@ -68,6 +68,9 @@ void MoveToServer(const QString& path, const QString& uri);
 // link, 3026, 3043 and the errors of OpenDatabase: then there is no `path`.
 void SaveToFile(const QString& link, const QString& path);
 
+// The address of the planner behind a link, empty for a planner that lies in its file. 3024, 3343.
+QString ServerAddress(const QString& path);
+
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
 

@@ -7,4 +7,5 @@
 namespace moving {
 void ToServer(const QString& path, const QString& uri);
 void ToFile(const QString& link, const QString& path);
+QString AddressOf(const QString& path); // DBEngine::ServerAddress
 } // namespace moving
