@@ -70,12 +70,14 @@ public:
             rows += QString::fromUtf8(row[0].c_str());
         return rows;
     }
-    // Cuts every other connection.
+    // Cuts the connections of all planners, and tells how many there were.
     int Cut() const
     {
-        return static_cast<int>(Ask(QStringLiteral("SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
-                                                   "WHERE application_name LIKE 'Orrelin%'"))
-                                    .size());
+        const QString sessions = QStringLiteral(" FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'");
+        const auto cut = Ask(QStringLiteral("SELECT pg_terminate_backend(pid)") + sessions).size();
+        while (!Ask(QStringLiteral("SELECT pid") + sessions).isEmpty())
+            QThread::msleep(5);
+        return static_cast<int>(cut);
     }
 
     void Start()

@@ -5,22 +5,23 @@
 #include <algorithm>
 #include <map>
 
-OpenMode::Opens& OpenMode::OpensOf(const QString& id)
+std::shared_ptr<OpenMode::Opens> OpenMode::OpensOf(const QString& id)
 {
-    static std::map<QString, Opens> known;
-    return known[id];
+    static std::map<QString, std::weak_ptr<Opens>> known;
+    std::shared_ptr<Opens> opens = known[id].lock();
+    if (!opens) known[id] = opens = std::make_shared<Opens>();
+    return opens;
 }
 
 void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString& shownName)
 {
-    m_id = id;
+    m_opens = OpensOf(id);
     m_planner = planner;
-    Opens& opens = OpensOf(id);
     // One that comes back after a break keeps its place.
-    if (std::ranges::find(opens, this) == opens.end()) opens.push_back(this);
-    if (Settle(opens)) return;
+    if (std::ranges::find(*m_opens, this) == m_opens->end()) m_opens->push_back(this);
+    if (Settle(*m_opens)) return;
     QStringList own;
-    for (const OpenMode* open : opens)
+    for (const OpenMode* open : *m_opens)
         own += QString::number(open->m_connection.Process());
     const QString holder = advisorylocks::HolderOf(m_connection, planner, own);
     Leave();
@@ -30,17 +31,15 @@ void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString
 
 void OpenMode::Leave()
 {
-    if (m_id.isEmpty()) return;
-    Opens& opens = OpensOf(m_id);
-    std::erase(opens, this);
+    if (!m_opens) return;
+    std::erase(*m_opens, this);
     // This session keeps strangers out until the others have their locks back.
     Become(Held::Shared);
-    const Opens others = opens;
+    const Opens others = *std::exchange(m_opens, nullptr);
     for (OpenMode* other : others)
         other->Become(Held::Shared);
     Become(Held::Nothing);
     Settle(others);
-    m_id.clear();
 }
 
 // Gives all of them the mode of the latest one. Shared locks are taken by all before one is to become exclusive, so

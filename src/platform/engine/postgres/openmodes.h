@@ -28,7 +28,7 @@ private:
     };
     using Opens = std::vector<OpenMode*>; // the latest one last
 
-    static Opens& OpensOf(const QString& id);
+    static std::shared_ptr<Opens> OpensOf(const QString& id);
     static bool Settle(Opens opens); // a copy: one whose session is over enters anew meanwhile
     bool Become(Held wanted);
     bool Ask(const char* call);
@@ -36,6 +36,6 @@ private:
     PostgresConnection& m_connection;
     const bool m_exclusive;
     Held m_held = Held::Nothing;
-    QString m_id;
+    std::shared_ptr<Opens> m_opens; // of this planner in this process, once entered
     RecordLocks::Name m_planner{};
 };

@@ -104,7 +104,6 @@ PostgresConnection::Backend PostgresConnection::Open()
     try {
         m_session =
             std::make_unique<Line>(m_address.Connection() + Waiting + "application_name='" + sessionname::Own() + '\'');
-        ++m_sessions;
     } catch (const pqxx::failure& error) {
         throw BrokenConnectionError(m_name, error.what());
     }
@@ -130,10 +129,10 @@ void PostgresConnection::End(const Backend& former)
 
 void PostgresConnection::Break()
 {
+    if (m_onBreak) m_onBreak(); // what belongs to the session goes before it
     m_session.reset();
     m_reading = m_hasStep = false;
     if (m_writing && !m_lost) m_lost = BrokenConnectionError(m_name);
-    if (m_onBreak) m_onBreak();
 }
 
 RunTimeError PostgresConnection::Lost(const char* detail)

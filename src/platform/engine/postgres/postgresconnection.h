@@ -32,9 +32,8 @@ public:
     // stand still once for every note.
     void Connect();
     bool IsConnected() const { return m_session != nullptr; }
-    int Session() const { return m_sessions; } // another number for each session
-    int Process() const;                       // the server's process that serves it
-    pqxx::connection& Library();               // of the present session
+    int Process() const;         // the server's process that serves it
+    pqxx::connection& Library(); // of the present session
 
     // One statement, with the values for its $1 and so on; prepared by the library. 3151, 3006 and others as told by
     // the table of postgreserrors.
@@ -56,7 +55,7 @@ public:
 
     // Takes in what others have told. A break is found here too.
     void Listen();
-    // Called after each end of a session, to give up what belonged to it. Must not raise.
+    // Called at each end of a session, to give up what belongs to it. Must not raise, nor ask anything.
     void OnBreak(std::function<void()> step) { m_onBreak = std::move(step); }
     void Break();
 
@@ -86,7 +85,6 @@ private:
     std::function<void()> m_onBreak;
     std::unique_ptr<Line> m_session;
     Backend m_backend;
-    int m_sessions = 0;
     int m_reads = 0;        // nested reads
     bool m_reading = false; // a read transaction is open
     bool m_writing = false;
