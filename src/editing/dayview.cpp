@@ -1,6 +1,7 @@
 #include "editing/dayview.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/moddate.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "editing/zoomboxform.h"
@@ -77,7 +78,7 @@ void DayView::subZoomView()
                messages::HelpWizard);
         return;
     }
-    if (g_bDBShared && !Lock()) return;
+    if (g_bDBShared && (RefusesToLeave() || !Lock())) return;
     m_sidebar.picDay->ShowElement(1);
     tail([&] { Show(); });
     m_sidebar.picDay->ShowElement(0);
@@ -85,6 +86,19 @@ void DayView::subZoomView()
     tail([&] { QFile::remove(ScratchFile()); });
     // The caret goes where the eye is: the next command acts on the day that was open.
     if (ShowsDay()) m_cells.tbDay(m_day.cell).setFocus();
+}
+
+// Another day that is locked by hand would lose its lock, and what was typed under it.
+bool DayView::RefusesToLeave()
+{
+    const int held = MarkedCell(m_day.cell);
+    if (held == 0 || !m_record.IsHeld()) return false;
+    g_iCurrentPanel = static_cast<std::int16_t>(held);
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
+               QStringLiteral(" is locked, please unlock first."),
+           msgbox::Exclamation, messages::HelpWizard);
+    m_cells.tbDay(held).setFocus();
+    return true;
 }
 
 // Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.

@@ -49,6 +49,7 @@ private:
     };
 
     int CellToOpen() const;
+    bool RefusesToLeave();
     bool Lock();
     void Show();
     void StartUnlockTimer();

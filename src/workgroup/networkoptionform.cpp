@@ -113,7 +113,9 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     grid->setColumnStretch(1, 1);
     grid->addWidget(m_btnSaveToFile, 1, 2);
     grid->addWidget(m_btnMove, 1, 3);
-    connect(m_txtServer, &QLineEdit::textChanged, this, &NetworkOptionForm::ShowServer);
+    connect(m_txtServer, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_btnMove->setEnabled(!m_txtServer->isReadOnly() && !text.trimmed().isEmpty());
+    });
     connect(m_btnMove, &QPushButton::clicked, this, [this] {
         m_server.MoveToServer(m_txtServer->text().trimmed());
         ShowServer();

@@ -142,7 +142,10 @@ private Q_SLOTS:
             QCOMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked, please unlock first."));
             QCOMPARE(WaitingAnswers(), 0);
         }
-        QVERIFY(ShowsLocked());
+        AnswerNextBox(msgbox::Ok, &seen);
+        Q_EMIT m_program->Panel(20).DblClick(); // the day view of another day would take the lock away
+        QCOMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked, please unlock first."));
+        QVERIFY(ShowsLocked() && OtherIsRefused());
         QCOMPARE(Box().Text(), QStringLiteral("kept"));
         PressLock();
         QCOMPARE(Stored(), QStringLiteral("kept"));
