@@ -21,12 +21,13 @@ void BindText(sqlite3_stmt* statement, int number, const QByteArray& text)
 }
 } // namespace
 
-RawPlanner::RawPlanner(const QString& path)
+RawPlanner::RawPlanner(const QString& path, Locking locking)
 {
     const QByteArray name = QFile::encodeName(path);
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
     Check(sqlite3_open_v2(name.constData(), &m_database, flags, nullptr) == SQLITE_OK, m_database);
-    Execute("PRAGMA synchronous = EXTRA; PRAGMA journal_mode = PERSIST; PRAGMA locking_mode = EXCLUSIVE");
+    Execute("PRAGMA synchronous = EXTRA; PRAGMA journal_mode = PERSIST; PRAGMA busy_timeout = 1000");
+    if (locking == Locking::Exclusive) Execute("PRAGMA locking_mode = EXCLUSIVE");
     m_find = Prepare(R"(SELECT "qmtText" FROM "QMT Table" WHERE "qmtDate" = ?1)");
     m_replace = Prepare(R"(UPDATE "QMT Table" SET "qmtText" = ?2 WHERE "qmtDate" = ?1)");
 }

@@ -14,7 +14,13 @@ struct sqlite3_stmt;
 class RawPlanner
 {
 public:
-    explicit RawPlanner(const QString& path); // with the journal, sync and locking that the program uses
+    enum class Locking
+    {
+        Exclusive,
+        Shared
+    };
+    // With the journal and sync that the program uses.
+    explicit RawPlanner(const QString& path, Locking locking = Locking::Exclusive);
     ~RawPlanner();
     RawPlanner(const RawPlanner&) = delete;
     RawPlanner& operator=(const RawPlanner&) = delete;

@@ -86,7 +86,7 @@ public:
         m_server.setArguments(As({Program("postgres"), QStringLiteral("-D"), m_folder.filePath(QStringLiteral("data")),
                                   QStringLiteral("-k"), m_folder.path(), QStringLiteral("-p"), QString::number(m_port),
                                   QStringLiteral("-cfsync=off"), QStringLiteral("-clisten_addresses=127.0.0.1"),
-                                  QStringLiteral("-cmax_connections=40"), QStringLiteral("-cshared_buffers=16MB")}));
+                                  QStringLiteral("-cmax_connections=120"), QStringLiteral("-cshared_buffers=16MB")}));
         m_server.setStandardErrorFile(m_folder.filePath(QStringLiteral("log")));
         m_server.start();
         for (int attempt = 0; attempt < 400; ++attempt) {
