@@ -115,7 +115,8 @@ void DayLock::KeepLocked(const RunTimeError& error)
 {
     LogError(error, LockLiteral);
     m_network.picLock->ShowElement(1);
-    MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
+    MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard,
+           QStringLiteral("What you typed is still in its day. Unlock the day again to save it."));
 }
 
 // The lock was lost with the connection, and somebody else has used the time.

@@ -207,6 +207,7 @@ private Q_SLOTS:
                 seen.Text = box.text();
                 g_lUnlockDelay = 1;
                 for (const char* timer : {"tmUnLock", "tmAutoRefresh"}) {
+                    if (QTest::currentTestFailed()) break;
                     g_bAutoRefresh = true;
                     g_lRefreshDelay = g_lRefreshTicks = 0;
                     m_program->Tick(timer);

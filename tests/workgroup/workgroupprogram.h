@@ -37,7 +37,14 @@ public:
     PictureButton& Lock() const { return *form->findChild<PictureButton*>(QStringLiteral("picLock")); }
     bool ShowsLocked() const { return Lock().Visible(1) && !Lock().Visible(0); }
     bool ShowsFree() const { return Lock().Visible(0) && !Lock().Visible(1); }
-    void PressLock() const { QTest::mouseClick(&Lock(), Qt::LeftButton); }
+    // A box that the test has no answer for fails it instead of keeping it waiting.
+    void PressLock() const
+    {
+        OnNextModal([](QWidget*) { return true; },
+                    [](QWidget*) { QTest::qFail("a box came that was not expected", __FILE__, __LINE__); });
+        QTest::mouseClick(&Lock(), Qt::LeftButton);
+        if (WaitingAnswers() > 0) support::g_answers.pop_back();
+    }
     // Presses the lock and answers the message that comes; what it said.
     QString PressLockAndHear(int answer = msgbox::Ok) const
     {
