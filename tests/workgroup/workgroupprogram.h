@@ -38,10 +38,14 @@ public:
     bool ShowsLocked() const { return Lock().Visible(1) && !Lock().Visible(0); }
     bool ShowsFree() const { return Lock().Visible(0) && !Lock().Visible(1); }
     // A box that the test has no answer for fails it instead of keeping it waiting.
+    static void ExpectNoBox(const QWidget* but = nullptr)
+    {
+        OnNextModal([but](QWidget* box) { return box != but; },
+                    [](QWidget*) { QTest::qFail("a box came that was not expected", __FILE__, __LINE__); });
+    }
     void PressLock() const
     {
-        OnNextModal([](QWidget*) { return true; },
-                    [](QWidget*) { QTest::qFail("a box came that was not expected", __FILE__, __LINE__); });
+        ExpectNoBox();
         QTest::mouseClick(&Lock(), Qt::LeftButton);
         if (WaitingAnswers() > 0) support::g_answers.pop_back();
     }
