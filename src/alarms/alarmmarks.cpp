@@ -28,9 +28,13 @@ void subShowAlarmIcon(Cells& cells, const QString& key, int cell)
 
 void subUnloadAlarmIcons(Cells& cells)
 {
-    for (int cell = 1; cell <= CellCount; ++cell) {
-        std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
-        if (loaded == 1) cells.btnTunes.Unload(cell);
-        loaded = 0;
-    }
+    for (int cell = 1; cell <= CellCount; ++cell)
+        UnloadAlarmIcon(cells, cell);
+}
+
+void UnloadAlarmIcon(Cells& cells, int cell)
+{
+    std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
+    if (loaded == 1) cells.btnTunes.Unload(cell);
+    loaded = 0;
 }

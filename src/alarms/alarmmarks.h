@@ -8,6 +8,7 @@ class Cells;
 // Loads and places the mark of the cell if "Alarm Table" holds the key. 91 while no planner's alarms are open.
 void subShowAlarmIcon(Cells& cells, const QString& key, int cell);
 void subUnloadAlarmIcons(Cells& cells);
+void UnloadAlarmIcon(Cells& cells, int cell); // if it is loaded
 
 // Puts a loaded mark into the top right corner of its cell, in front of the note.
 void PlaceAlarmIcon(Cells& cells, int cell);

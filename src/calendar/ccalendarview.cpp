@@ -129,6 +129,7 @@ void CCalendarView::RestoreAlarmMarks(int first, int last)
 {
     if (!HasPlanner()) return;
     const ReadTransaction reading(g_dbPlanner);
+    reading.Expect(g_rsAlarm, m_cells.Keys({first, last}));
     for (int cell = first; cell <= last; ++cell) {
         if (m_cells.btnTunes.Exists(cell)) {
             PlaceAlarmIcon(m_cells, cell);

@@ -1,5 +1,6 @@
 #include "hall/cells.h"
 
+#include "calendar/modshow.h"
 #include "platform/look/paper.h"
 
 #include <QIcon>
@@ -17,6 +18,14 @@ void Cells::EnterAgain()
 {
     auto* box = qobject_cast<RichTextBox*>(m_client->window()->focusWidget());
     if (box && box->parent() == m_client) Q_EMIT box->GotFocus();
+}
+
+QVariantList Cells::Keys(CellRange range) const
+{
+    QVariantList keys;
+    for (int cell = range.first; cell <= range.last; ++cell)
+        if (panelDay.Exists(cell)) keys += CellKey(panelDay(cell).Caption());
+    return keys;
 }
 
 void Cells::SetTabBehind(QWidget* first, QWidget* second)

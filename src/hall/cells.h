@@ -2,12 +2,14 @@
 // does stands with the subject it belongs to.
 #pragma once
 
+#include "calendar/viewmode.h"
 #include "platform/controls/controlarray.h"
 #include "platform/controls/sspanel.h"
 #include "platform/richtext/richtextbox.h"
 
 #include <QObject>
 #include <QToolButton>
+#include <QVariant>
 
 class Cells : public QObject
 {
@@ -26,6 +28,7 @@ public:
     void EnterAgain();
 
     bool Shows(int cell) const { return tbDay.Exists(cell) && !tbDay(cell).isHidden(); }
+    QVariantList Keys(CellRange range) const; // of the days that the loaded ones stand for
     // Are reached by the Tab key behind all cells, those included that are loaded later.
     void SetTabBehind(QWidget* first, QWidget* second);
 

@@ -81,31 +81,42 @@ void QMTDB::ReadCells(QLatin1StringView literal)
     const ErrorTail tail(literal);
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const ReadTransaction reading(g_dbPlanner);
-    QVariantList days;
-    for (int cell = range.first; cell <= range.last; ++cell)
-        if (m_cells.panelDay.Exists(cell)) days += CellKey(m_cells.panelDay(cell).Caption());
-    reading.Expect(g_rsQMT, days);
-    reading.Expect(g_rsAlarm, days);
+    Expect(reading, range);
     for (int cell = range.first; cell <= range.last; ++cell) {
-        if (!tail([&] { ReadNote(cell); })) EmptyCell(cell);
+        if (!tail([&] { ReadNote(cell); })) ShowUnread(cell);
         tail([&] { subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell); });
     }
+}
+
+void QMTDB::Expect(const ReadTransaction& reading, CellRange range)
+{
+    const QVariantList days = m_cells.Keys(range);
+    reading.Expect(g_rsQMT, days);
+    reading.Expect(g_rsAlarm, days);
+}
+
+void QMTDB::ReadAgain(int cell)
+{
+    LetGo(cell);
+    ReadNote(cell);
 }
 
 void QMTDB::ReadDay(const QString& key)
 {
     const ErrorTail tail(QLatin1StringView(" in QMTDB.BAS, subSeekQMTDatabase"));
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    const ReadTransaction reading(key.isEmpty() ? g_dbPlanner : Database()); // a single day needs none
+    Expect(reading, range);
     for (int cell = range.first; cell <= range.last; ++cell) {
         tail([&] {
-            const bool isMeant = key.isEmpty() || KeyOf(cell) == key;
+            if (!key.isEmpty() && KeyOf(cell) != key) return;
             const bool isEdited = g_bDBShared ? IsMarked(cell) : NeedsSaving(cell);
-            if (!isMeant || isEdited) return;
-            LetGo(cell);
-            ReadNote(cell);
+            if (!isEdited) tail([&] { ReadAgain(cell); });
+            UnloadAlarmIcon(m_cells, cell);
             subShowAlarmIcon(m_cells, KeyOf(cell), cell);
         });
     }
+    if (key.isEmpty()) m_bottom.panelBottom->SetCaption(MonthTitle());
 }
 
 void QMTDB::subSeekQMTDatabase()
@@ -113,9 +124,10 @@ void QMTDB::subSeekQMTDatabase()
     const QLatin1StringView literal(" in QMTDB.BAS, subSeekQMTDatabase");
     // The daily mode has no cell of its own to fill.
     if (m_viewMode.GetViewMode() != ViewMode::Day) ReadCells(literal);
-    ErrorTail{literal}([] { DBEngine::Idle(DBEngine::dbFreeLocks); });
+    const bool isConnected = ErrorTail{literal}([] { DBEngine::Idle(DBEngine::dbFreeLocks); });
     g_iCurrentPanel = 0;
-    m_bottom.panelBottom->SetCaption(MonthTitle());
+    m_bottom.panelBottom->SetCaption(isConnected ? MonthTitle()
+                                                 : QStringLiteral("There is no connection to the planner's server."));
     SetMousePointer(mousepointer::Default);
 }
 
@@ -217,10 +229,17 @@ void QMTDB::subUpdateQMTDatabase()
     if (saves) WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
+// What the day held when it was last read stays on the screen, to be looked at; another day's note must not.
+void QMTDB::ShowUnread(int cell)
+{
+    const bool isItsDay = m_cells.panelDay.Exists(cell) && Held(cell).key == CellKey(m_cells.panelDay(cell).Caption());
+    if (!isItsDay) EmptyCell(cell);
+}
+
 void QMTDB::EmptyCell(int cell)
 {
     if (!m_cells.tbDay.Exists(cell)) return;
-    LetGo(cell);
+    Held(cell) = {};
     m_cells.tbDay(cell).SetTextRTF({});
     m_cells.tbDay(cell).SetLocked(true);
 }

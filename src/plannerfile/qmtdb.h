@@ -3,6 +3,7 @@
 #pragma once
 
 #include "calendar/calendarstate.h"
+#include "calendar/viewmode.h"
 #include "plannerfile/unsavednotes.h"
 
 #include <array>
@@ -11,8 +12,8 @@
 struct BottomPanel;
 class Cells;
 class Database;
+class ReadTransaction;
 class Recordset;
-class ViewMode;
 
 class QMTDB
 {
@@ -26,10 +27,11 @@ public:
     // what it shows, unless a save has let go of it.
     void subSeekQMTDatabase();
     // The shown cells, as the read of the view and the opening fill them. A cell whose record cannot be read is logged
-    // under the literal, emptied, and takes no text.
+    // under the literal and takes no text; it keeps what it shows only if that is the same day's.
     void ReadCells(QLatin1StringView literal);
 
-    // One day again, as another user has stored it meanwhile; not while it is being edited here. An empty key: all.
+    // One day again, as another user has stored it meanwhile; its note not while it is being edited here. An empty key:
+    // all that are shown.
     void ReadDay(const QString& key);
 
     // Writes the changed cells of a personal planner and lets go of the shown ones: none is written again before the
@@ -54,7 +56,9 @@ public:
     void ForgetUnsaved(const QString& planner) { m_unsaved.Forget(planner); }
 
 private:
+    void Expect(const ReadTransaction& reading, CellRange range);
     void ReadNote(int cell);
+    void ReadAgain(int cell);
     struct HeldNote
     {
         QString key; // of the day that the box was last filled for
@@ -70,6 +74,7 @@ private:
     void TakeNote(int cell);
     void LetGo(int cell) { Held(cell).rtf.reset(); }
     void EmptyCell(int cell);
+    void ShowUnread(int cell);
     void WriteNotes(const QString& planner, Database& database, Recordset& records);
 
     Cells& m_cells;

@@ -20,6 +20,8 @@
 #include "workgroup/refresh.h"
 #include "workgroup/workgroupstate.h"
 
+#include <QScopedValueRollback>
+
 namespace {
 constexpr QLatin1StringView LockLiteral(" in MainForm, picLock_Click");
 
@@ -102,39 +104,47 @@ bool DayLock::Store(RichTextBox& box)
         if (IsRefusal(error.Number)) {
             ShowFree(error.Description);
         } else {
-            // A full disk, a broken line: the day stays locked and its text where it is, to be tried again.
-            LogError(error, LockLiteral);
-            m_network.picLock->ShowElement(1);
-            MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
+            KeepLocked(error);
         }
         return false;
     }
 }
 
+// A full disk, a broken line: the day stays locked and its text where it is, to be tried again.
+void DayLock::KeepLocked(const RunTimeError& error)
+{
+    LogError(error, LockLiteral);
+    m_network.picLock->ShowElement(1);
+    MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard,
+           QStringLiteral("What you typed is still in its day. Unlock the day again to save it."));
+}
+
 // The lock was lost with the connection, and somebody else has used the time.
 bool DayLock::StoreOverOthers(RichTextBox& box, const RunTimeError& error)
 {
-    const int answer = MsgBox(error.Description + QStringLiteral("\n\nYes puts your text in the place of theirs. No "
-                                                                 "shows theirs, and yours is gone."),
-                              msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard);
     m_network.picLock->ShowElement(1);
-    bool isStored = false;
-    ErrorTail{LockLiteral}([&] {
+    const int answer = MsgBox(error.Description + QStringLiteral("\n\nYes puts your text in the place of theirs. No "
+                                                                 "shows theirs, and yours is gone. Cancel leaves yours "
+                                                                 "on the screen and nothing decided."),
+                              msgbox::YesNoCancel + msgbox::Question + msgbox::DefaultButton3, messages::HelpWizard);
+    if (answer == msgbox::Cancel) return false;
+    try {
         const QByteArray theirs = m_record.TakeTheirs();
-        if (answer == msgbox::Yes) {
-            isStored = Store(box);
-            return;
-        }
+        if (answer == msgbox::Yes) return Store(box);
         box.SetTextRTF(theirs);
         m_record.Close();
-        m_network.picLock->ShowElement(0);
-        isStored = true;
-    });
-    return isStored;
+        return true;
+    } catch (const RunTimeError& failure) {
+        KeepLocked(failure);
+        return false;
+    }
 }
 
 bool DayLock::Unlock()
 {
+    // The timers go on behind the message of an unlock that failed.
+    if (m_isUnlocking) return false;
+    const QScopedValueRollback unlocking(m_isUnlocking, true);
     const ErrorTail tail(LockLiteral);
     const int cell = MarkedCell() != 0 ? MarkedCell() : g_iCurrentPanel;
     m_network.picLock->ShowElement(0);

@@ -37,6 +37,7 @@ private:
     bool Store(RichTextBox& box);
     bool StoreOverOthers(RichTextBox& box, const RunTimeError& error);
     void ShowFree(const QString& reason);
+    void KeepLocked(const RunTimeError& error);
 
     Cells& m_cells;
     const Sidebar& m_sidebar;
@@ -44,4 +45,5 @@ private:
     DayRecord& m_record;
     DayViewPort& m_dayView;
     Refresh& m_refresh;
+    bool m_isUnlocking = false;
 };

@@ -48,7 +48,7 @@ void DayRecord::Edit()
 {
     if (m_held) return;
     m_record.Edit();
-    m_locked = Text();
+    m_locked = m_tried = Text();
     m_held = true;
     m_broken = false;
 }
@@ -62,7 +62,10 @@ void DayRecord::TakeAgain()
         m_record.Seek(Equal, m_key);
     }
     m_record.Edit();
-    if (Text() == m_locked) return;
+    if (Text() == m_locked || Text() == m_tried) {
+        m_locked = Text();
+        return;
+    }
     m_record.CancelUpdate();
     throw RunTimeError{engineerrors::DataChanged,
                        QStringLiteral("Another user has changed this day while the connection was broken.")};
@@ -72,6 +75,7 @@ void DayRecord::Commit(const QByteArray& rtf)
 {
     try {
         if (m_broken) TakeAgain();
+        m_tried = rtf;
         m_record.SetField(TextField, rtf);
         m_record.Update();
     } catch (const RunTimeError& error) {

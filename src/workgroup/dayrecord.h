@@ -18,7 +18,8 @@ public:
     bool Holds(const QString& key) const { return m_held && m_key == key; }
 
     // Stores the text and lets go; where it fails the record stays held. After a connection to a server was broken, and
-    // the lock with it, the next try takes the record again: 3197 if it is not as it was under the lock.
+    // the lock with it, the next try takes the record again: 3197 if it is neither as it was under the lock nor what
+    // the try before wrote, since that can have come through unheard.
     void Commit(const QByteArray& rtf);
     bool IsBroken() const { return m_broken; }
     QByteArray TakeTheirs(); // what stands there now counts from here as what was locked
@@ -32,6 +33,7 @@ private:
     Recordset m_record;
     QString m_key;
     QByteArray m_locked; // its text when it was locked
+    QByteArray m_tried;  // the last text that was to be stored
     bool m_held = false;
     bool m_broken = false;
 };

@@ -130,6 +130,7 @@ void NetworkOptionForm::ShowServer()
     const QString address = m_server.Address();
     const bool isThere = !address.isEmpty();
     if (isThere) m_txtServer->setText(address);
+    m_txtServer->setCursorPosition(0); // a long one shows its beginning
     m_txtServer->setReadOnly(isThere);
     m_btnMove->setEnabled(!isThere && !m_txtServer->text().trimmed().isEmpty());
     m_btnSaveToFile->setEnabled(isThere);

@@ -12,25 +12,30 @@
 #include "settings/messages.h"
 
 #include <functional>
+#include <optional>
 
 namespace {
 constexpr QLatin1StringView MoveLiteral(" in NetworkOptionsForm, btnMove_Click");
 constexpr QLatin1StringView SaveLiteral(" in NetworkOptionsForm, btnSaveToFile_Click");
 
-// True if it came to its end; else the person has been told why not.
-bool Tell(QLatin1StringView literal, const std::function<void()>& work)
+// Under the hourglass. Why it did not come to its end; nothing if it did.
+std::optional<QString> Failure(QLatin1StringView literal, const std::function<void()>& work)
 {
+    std::optional<QString> failure;
     SetMousePointer(mousepointer::Hourglass);
     try {
         work();
     } catch (const RunTimeError& error) {
-        SetMousePointer(mousepointer::Default);
         LogError(error, literal);
-        MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
-        return false;
+        failure = error.Description;
     }
     SetMousePointer(mousepointer::Default);
-    return true;
+    return failure;
+}
+
+void Tell(const std::optional<QString>& failure, const QString& success)
+{
+    MsgBox(failure.value_or(success), failure ? msgbox::Exclamation : msgbox::Information, messages::HelpWizard);
 }
 } // namespace
 
@@ -46,14 +51,15 @@ void ServerMove::MoveToServer(const QString& address)
     const QString question = QStringLiteral("%1\n\nwill be moved to\n\n%2\n\nEverybody goes on to open the same file. "
                                             "The planner as it is now stays beside it under a name that ends in .bak.")
                                  .arg(g_sNotesFile, address);
-    if (!m_lockedDay.Commit()) return;
     if (MsgBox(question, msgbox::YesNo + msgbox::Question, messages::HelpWizard) != msgbox::Yes) return;
+    if (!m_lockedDay.Commit()) return;
     const QString file = g_sNotesFile;
-    // Nobody, this program included, may have it open meanwhile.
+    // Nobody, this program included, may have it open meanwhile; it is open again before anything is said, since the
+    // timers go on behind a message.
     m_exitSave.ClosePlanner();
-    const bool moved = Tell(MoveLiteral, [&] { DBEngine::MoveToServer(file, address); });
+    const auto failure = Failure(MoveLiteral, [&] { DBEngine::MoveToServer(file, address); });
     m_opening.subOpenDBNoDlg(false);
-    if (moved) MsgBox(QStringLiteral("The planner is on the server now."), msgbox::Information, messages::HelpWizard);
+    Tell(failure, QStringLiteral("The planner is on the server now."));
 }
 
 void ServerMove::SaveToFile()
@@ -61,7 +67,6 @@ void ServerMove::SaveToFile()
     if (!m_lockedDay.Commit()) return;
     if (!AskForPlanner(m_dialog, QStringLiteral("Save Planner To File"), QStringLiteral("&Save"))) return;
     const QString path = m_dialog.FileName;
-    if (Tell(SaveLiteral, [&] { DBEngine::SaveToFile(g_sNotesFile, path); }))
-        MsgBox(QStringLiteral("All that the planner holds is in\n%1").arg(path), msgbox::Information,
-               messages::HelpWizard);
+    const auto failure = Failure(SaveLiteral, [&] { DBEngine::SaveToFile(g_sNotesFile, path); });
+    Tell(failure, QStringLiteral("All that the planner holds is in\n%1").arg(path));
 }

@@ -30,8 +30,11 @@ public:
 
     void Unload(int index) // 340
     {
-        delete &(*this)(index);
+        Control& control = (*this)(index);
         m_elements.erase(index);
+        control.hide();
+        control.setObjectName({});
+        control.deleteLater(); // it may be in the middle of an event of its own
     }
 
     Control& operator()(int index) const // 340

@@ -6,9 +6,9 @@
 
 namespace msgbox {
 inline constexpr int Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7;
-inline constexpr int YesNo = 4, RetryCancel = 5;
+inline constexpr int YesNoCancel = 3, YesNo = 4, RetryCancel = 5;
 inline constexpr int Critical = 16, Question = 32, Exclamation = 48, Information = 64;
-inline constexpr int DefaultButton2 = 256;
+inline constexpr int DefaultButton2 = 256, DefaultButton3 = 512;
 } // namespace msgbox
 
 // Shows the box over the active window and waits; the answer is one of the seven numbers above. Esc and the close box

@@ -50,9 +50,11 @@ void ControlsTest::elementsComeAndGo()
     QCOMPARE(window.findChild<QPushButton*>(QStringLiteral("btnTunes(7)")), &made);
     QCOMPARE(NumberOfErrorIn([&] { buttons.Load(7); }), errors::AlreadyLoaded);
     QCOMPARE(window.findChildren<QPushButton*>().size(), 1);
-    buttons.Unload(7);
-    QVERIFY(window.findChildren<QPushButton*>().isEmpty());
+    connect(&made, &QPushButton::clicked, this, [&] { buttons.Unload(7); });
+    made.click(); // which ends behind it
     QVERIFY(!buttons.Exists(7));
+    QVERIFY(!window.findChild<QPushButton*>(QStringLiteral("btnTunes(7)")));
+    QTRY_VERIFY(window.findChildren<QPushButton*>().isEmpty());
     buttons.Load(7);
 }
 

@@ -42,7 +42,8 @@ public:
     }
 
     int Port() const { return m_port; }
-    void CutAt(Cut cut) { m_cut = cut; } // once, at the next COMMIT
+    void CutAt(Cut cut) { m_cut = cut; }      // once, at the next COMMIT
+    void Shut(bool shut) { m_isShut = shut; } // for new connections
     // Gives the program another number of its process than the server's, as a pooler does.
     void PretendToBeAPooler() { m_isPooler = true; }
 
@@ -62,6 +63,10 @@ private:
     {
         for (int program = ::accept(m_listener, nullptr, nullptr); program >= 0;
              program = ::accept(m_listener, nullptr, nullptr)) {
+            if (m_isShut) {
+                ::close(program);
+                continue;
+            }
             const int server = ::socket(AF_INET, SOCK_STREAM, 0);
             const sockaddr_in address = Loopback(m_serverPort);
             ::connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
@@ -117,6 +122,6 @@ private:
     int m_listener;
     int m_port = 0;
     std::atomic<Cut> m_cut = Never;
-    std::atomic<bool> m_isPooler = false;
+    std::atomic<bool> m_isPooler = false, m_isShut = false;
     std::thread m_thread;
 };

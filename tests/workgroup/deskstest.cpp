@@ -1,0 +1,118 @@
+#include "workgroupprogram.h"
+
+#include <QSysInfo>
+
+#include <pwd.h>
+#include <unistd.h>
+
+// Two desks: the program and another process, on a planner in a file and on a server.
+class DesksTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WorkgroupProgram> m_program;
+    QString m_path;
+
+    static QString Me()
+    {
+        return QStringLiteral("user '%1' on machine '%2'.")
+            .arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name), QSysInfo::machineHostName());
+    }
+    // Ends the other process like a power cut; a server needs a moment to see it.
+    static void Kill(OtherProgram& other, int sessionsLeft)
+    {
+        other.Kill();
+        QFETCH_GLOBAL(bool, onServer);
+        const QString sessions =
+            QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'");
+        if (onServer) QTRY_COMPARE(TestServer::Get().Ask(sessions).size(), sessionsLeft);
+    }
+
+private Q_SLOTS:
+    void initTestCase_data() { AddStores(); }
+
+    void init()
+    {
+        QFETCH_GLOBAL(bool, onServer);
+        m_program = std::make_unique<WorkgroupProgram>();
+        m_path = m_program->folders.Path(m_program->File);
+        m_program->MakePlanner(onServer);
+        m_program->Start();
+    }
+    void cleanup() { m_program.reset(); }
+
+    void WhoOpensHowMeetsWhoHasItOpenHow_data()
+    {
+        QTest::addColumn<bool>("theirsIsPersonal");
+        QTest::addColumn<bool>("mineIsPersonal");
+        QTest::addColumn<bool>("theyCameFirst");
+        for (const bool theirs : {false, true})
+            for (const bool mine : {false, true})
+                for (const bool first : {false, true})
+                    QTest::addRow("%s behind %s", (first ? mine : theirs) ? "personal" : "shared",
+                                  (first ? theirs : mine) ? "personal" : "shared")
+                        << theirs << mine << first;
+    }
+
+    void WhoOpensHowMeetsWhoHasItOpenHow()
+    {
+        QFETCH(bool, theirsIsPersonal);
+        QFETCH(bool, mineIsPersonal);
+        QFETCH(bool, theyCameFirst);
+        const bool meet = !theirsIsPersonal && !mineIsPersonal;
+        const QString refusal = QStringLiteral("Could not use 'team.mdb'; file already in use by ") + Me();
+        OtherProgram other;
+        if (!theyCameFirst) {
+            m_program->Open(m_program->File, !mineIsPersonal);
+            const QString answer = other.Open(m_path, theirsIsPersonal);
+            QCOMPARE(answer, meet ? QStringLiteral("0") : QStringLiteral("3045 ") + refusal);
+            QVERIFY(HasPlanner());
+            return;
+        }
+        QCOMPARE(other.Open(m_path, theirsIsPersonal), QStringLiteral("0"));
+        SeenBox seen;
+        AnswerNextFileDialog(m_path);
+        Program::AnswerOpenAs(!mineIsPersonal);
+        if (!meet) AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuOpen");
+        QCOMPARE(seen.Text, meet ? QString() : refusal);
+        QCOMPARE(HasPlanner(), meet);
+        Kill(other, meet ? 1 : 0);
+        m_program->Open(m_program->File, !mineIsPersonal);
+        QVERIFY(HasPlanner());
+    }
+
+    void ADayIsHeldUntilItsHolderDies()
+    {
+        OtherProgram other;
+        other.Open(m_path, false);
+        other.Do({QStringLiteral("write"), m_program->Key, QStringLiteral("theirs")});
+        m_program->Open(m_program->File, true);
+        other.Do({QStringLiteral("seek"), m_program->Key});
+        QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        m_program->Click(WorkgroupProgram::Cell);
+        QCOMPARE(m_program->PressLockAndHear(), QStringLiteral("Could not update; currently locked by ") + Me());
+        QVERIFY(m_program->ShowsFree());
+        m_program->Click(20); // elsewhere the work goes on
+        m_program->PressLock();
+        QVERIFY(m_program->ShowsLocked());
+        m_program->PressLock();
+        Kill(other, 1);
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        OtherProgram third;
+        third.Open(m_path, false);
+        third.Do({QStringLiteral("seek"), m_program->Key});
+        QCOMPARE(third.Do({QStringLiteral("edit")}),
+                 QStringLiteral("3260 Could not update; currently locked by ") + Me());
+        m_program->PressLock();
+        QVERIFY(m_program->ShowsFree());
+        QCOMPARE(PlainText(m_program->Stored(m_program->File, m_program->Key)), QStringLiteral("theirs and mine"));
+    }
+};
+
+int main(int count, char** words)
+{
+    return RunWithOtherProgram<DesksTest>(count, words);
+}
+
+#include "deskstest.moc"

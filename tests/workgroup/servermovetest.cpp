@@ -1,0 +1,157 @@
+#include "workgroup/networkoptionform.h"
+#include "workgroupprogram.h"
+
+// The open planner taken to a server and saved to a file again from the network options, with a day locked and typed
+// into at that moment.
+class ServerMoveTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WorkgroupProgram> m_program;
+    int m_count = 0;
+    QString m_planner;
+
+    // Runs the steps in the open dialog and leaves it.
+    void InOptions(const std::function<void(NetworkOptionForm&)>& steps)
+    {
+        OnNextModal<NetworkOptionForm>([=](NetworkOptionForm& form) {
+            steps(form);
+            QTest::keyClick(&form, Qt::Key_Escape);
+        });
+        m_program->Trigger("mnuNetworkOptions");
+        QCOMPARE(WaitingAnswers(), 0);
+        m_program->Activate();
+    }
+    static QPushButton& Button(const NetworkOptionForm& form, const char* name)
+    {
+        return *form.findChild<QPushButton*>(QString::fromLatin1(name));
+    }
+    static QLineEdit& Address(const NetworkOptionForm& form)
+    {
+        return *form.findChild<QLineEdit*>(QStringLiteral("txtServer"));
+    }
+
+    // Answers the question; what was said then, if the answer was Yes.
+    SeenBox Move(const QString& address, int answer = msgbox::Yes)
+    {
+        SeenBox seen;
+        InOptions([&](NetworkOptionForm& form) {
+            Address(form).clear();
+            QVERIFY(!Button(form, "btnMove").isEnabled());
+            Address(form).setText(address);
+            AnswerNextBox(answer);
+            if (answer == msgbox::Yes) AnswerNextBox(msgbox::Ok, &seen);
+            QTest::mouseClick(&Button(form, "btnMove"), Qt::LeftButton);
+        });
+        return seen;
+    }
+
+    QByteArray FileContent() const
+    {
+        QFile file(m_program->folders.Path(m_program->File));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    QString StoredIn(const QString& file) const { return PlainText(m_program->Stored(file, m_program->Key)); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_planner = QStringLiteral("options%1").arg(++m_count);
+        ::setenv("PGPASSWORD", TestServer::Password, 1);
+        m_program = std::make_unique<WorkgroupProgram>();
+        m_program->MakePlanner(false);
+        m_program->Start();
+        m_program->Open(m_program->File, true);
+        m_program->LockAndType(QStringLiteral("typed"));
+    }
+    void cleanup() { m_program.reset(); }
+
+    void ThePlannerMovesAndTheWorkGoesOn()
+    {
+        const QString uri = TestServer::Get().Uri(m_planner);
+        QCOMPARE(Move(uri).Text, QStringLiteral("The planner is on the server now."));
+        QVERIFY(FileContent().startsWith("Orrelin planner link 1\n"));
+        QCOMPARE(StoredIn(QStringLiteral("team.bak")), QStringLiteral("typed"));
+        QCOMPARE(m_program->Box().Text(), QStringLiteral("typed"));
+        QVERIFY(m_program->ShowsFree());
+        m_program->LockAndType(QStringLiteral(" and more"));
+        m_program->PressLock();
+        QCOMPARE(StoredIn(m_program->File), QStringLiteral("typed and more"));
+        m_program->LockAndType(QStringLiteral(", last"));
+        const QString saved = m_program->folders.Path(QStringLiteral("saved.mdb"));
+        for (const QString& said : {QStringLiteral("All that the planner holds is in\n") + saved,
+                                    QStringLiteral("'saved.mdb' exists already.")})
+            InOptions([&](NetworkOptionForm& form) {
+                QVERIFY(Address(form).isReadOnly() && Address(form).text() == uri);
+                QVERIFY(!Button(form, "btnMove").isEnabled());
+                SeenBox seen;
+                AnswerNextFileDialog(saved);
+                AnswerNextBox(msgbox::Ok, &seen);
+                QTest::mouseClick(&Button(form, "btnSaveToFile"), Qt::LeftButton);
+                QCOMPARE(seen.Text, said);
+            });
+        QCOMPARE(StoredIn(QStringLiteral("saved.mdb")), QStringLiteral("typed and more, last"));
+        m_program->Open(QStringLiteral("saved.mdb"), true);
+        InOptions([&](NetworkOptionForm& form) {
+            QVERIFY(Address(form).text().isEmpty() && !Address(form).isReadOnly());
+            QVERIFY(!Button(form, "btnSaveToFile").isEnabled());
+        });
+    }
+
+    void WhatCannotMoveStaysOpenAndWhole_data()
+    {
+        QTest::addColumn<QString>("address"); // %1: the planner
+        QTest::addColumn<QByteArray>("hindrance");
+        QTest::addColumn<QString>("part"); // of what is said
+        const TestServer& server = TestServer::Get();
+        const QString tcp = server.TcpUri(QStringLiteral("%1"));
+        QTest::newRow("no address") << QStringLiteral("the server in the hall") << QByteArray() << "form postgresql:";
+        QTest::newRow("server down") << server.TcpUri(QStringLiteral("%1"), 1) << QByteArray() << "Connection refused";
+        QTest::newRow("no such server") << QStringLiteral("postgresql://nowhere.invalid/office") << QByteArray()
+                                        << "nowhere.invalid";
+        QTest::newRow("wrong password") << tcp << QByteArray("password") << "password authentication failed";
+        QTest::newRow("name taken") << tcp << QByteArray("taken") << "a planner of this name already";
+        QTest::newRow("newer planner there") << tcp << QByteArray("newer") << "a planner of this name already";
+        QTest::newRow("another desk") << tcp << QByteArray("open") << "already in use by";
+        QTest::newRow("no") << tcp << QByteArray("no") << "";
+    }
+
+    void WhatCannotMoveStaysOpenAndWhole()
+    {
+        QFETCH(QString, address);
+        QFETCH(QByteArray, hindrance);
+        QFETCH(QString, part);
+        if (hindrance == "password") ::setenv("PGPASSWORD", "guess", 1);
+        if (hindrance == "taken" || hindrance == "newer") {
+            const QString first = m_program->folders.Path(QStringLiteral("first.mdb"));
+            DBEngine::CreateDatabase(first, {}).Close();
+            DBEngine::MoveToServer(first, TestServer::Get().Uri(m_planner));
+        }
+        if (hindrance == "newer")
+            TestServer::Get().Ask(
+                QStringLiteral("UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1").arg(m_planner));
+        const QByteArray before = FileContent().left(16);
+        std::optional<OtherProgram> desk;
+        if (hindrance == "open")
+            QCOMPARE(desk.emplace().Open(m_program->folders.Path(m_program->File), false), QStringLiteral("0"));
+        const SeenBox seen = Move(address.arg(m_planner), hindrance == "no" ? msgbox::No : msgbox::Yes);
+        desk.reset();
+        QVERIFY2(seen.Text.contains(part), qPrintable(seen.Text));
+        QVERIFY(HasPlanner());
+        QCOMPARE(m_program->ShowsLocked(), hindrance == "no"); // who thinks better of it goes on typing
+        QCOMPARE(m_program->Box().Text(), QStringLiteral("typed"));
+        if (hindrance == "no") m_program->PressLock();
+        m_program->LockAndType(QStringLiteral(" and more"));
+        m_program->PressLock();
+        QCOMPARE(StoredIn(m_program->File), QStringLiteral("typed and more"));
+        QCOMPARE(FileContent().left(16), before);
+        QVERIFY(!QFile::exists(m_program->folders.Path(QStringLiteral("team.bak"))));
+    }
+};
+
+int main(int count, char** words)
+{
+    return RunWithOtherProgram<ServerMoveTest>(count, words);
+}
+
+#include "servermovetest.moc"

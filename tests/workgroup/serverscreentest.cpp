@@ -1,0 +1,273 @@
+#include "editing/zoomboxform.h"
+#include "platform/engine/cuttingproxy.h"
+#include "workgroupprogram.h"
+
+#include <QToolButton>
+
+// What the screen shows of a planner on a server: what others store while one looks on, and what one has typed when the
+// connection breaks.
+class ServerScreenTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WorkgroupProgram> m_program;
+    std::unique_ptr<CuttingProxy> m_proxy; // between the program and the server, for one connection at a time
+    QString m_direct;                      // a link past it
+    QString m_planner;
+
+    void Link(const QString& path, const QString& uri) const
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("Orrelin planner link 1\n" + uri.toUtf8() + '\n');
+    }
+    // Another user's look at the planner, by a connection of its own.
+    void Others(const std::function<void(Database&)>& work) const
+    {
+        Database planner = DBEngine::OpenDatabase(m_direct);
+        work(planner);
+    }
+    void OthersWrite(const QString& key, const QByteArray& text) const
+    {
+        Others([&](Database& planner) {
+            Recordset notes = Days(planner);
+            Write(notes, key, text);
+        });
+    }
+    QString Stored() const
+    {
+        QByteArray rtf;
+        Others([&](Database& planner) {
+            Recordset notes = Days(planner);
+            rtf = Read(notes, m_program->Key);
+        });
+        return PlainText(rtf);
+    }
+    bool IsFreeForOthers() const
+    {
+        int error = 0;
+        Others([&](Database& planner) {
+            Recordset notes = Days(planner);
+            notes.Seek(QStringLiteral("="), m_program->Key);
+            error = ErrorOf([&] { notes.Edit(); });
+        });
+        return error == 0;
+    }
+    bool HasMark() const { return m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(18)")) != nullptr; }
+    QString Shown() const { return m_program->Box().Text(); }
+
+private Q_SLOTS:
+    void init()
+    {
+        ::setenv("PGPASSWORD", TestServer::Password, 1);
+        m_program = std::make_unique<WorkgroupProgram>();
+        m_planner = m_program->MakePlanner(true);
+        m_proxy = std::make_unique<CuttingProxy>(TestServer::Get().Port());
+        m_direct = m_program->folders.Path(QStringLiteral("direct.mdb"));
+        Link(m_direct, TestServer::Get().Uri(m_planner));
+        Link(m_program->folders.Path(m_program->File), TestServer::Get().TcpUri(m_planner, m_proxy->Port()));
+        OthersWrite(m_program->Key, "old");
+        m_program->Start();
+        m_program->Open(m_program->File, true);
+        QCOMPARE(Shown(), QStringLiteral("old"));
+    }
+    void cleanup()
+    {
+        m_program.reset();
+        m_proxy.reset();
+    }
+
+    void WhatOthersStoreIsShown()
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        OthersWrite(QStringLiteral("1999/5/1"), "not shown");
+        OthersWrite(m_program->Key, "first");
+        QTRY_COMPARE(Shown(), QStringLiteral("first"));
+        QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays chosen
+        Others([&](Database& planner) {
+            Recordset notes = Days(planner);
+            notes.Seek(QStringLiteral("="), m_program->Key);
+            notes.Delete();
+        });
+        QTRY_COMPARE(Shown(), QString());
+        m_program->Trigger("mnuWeekView");
+        OthersWrite(m_program->Key, "in the week");
+        QTRY_COMPARE(m_program->Box(m_program->CellOf(17)).Text(), QString());
+        QTRY_COMPARE(m_program->Box(39).Text(), QStringLiteral("in the week"));
+        QVERIFY2(!m_program->Log().contains("subSeek"), m_program->Log());
+    }
+
+    // An alarm of the day that one writes in comes and goes without a touch on what was typed.
+    void AMarkComesToALockedDay()
+    {
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        Others([&](Database& planner) {
+            Recordset alarms = planner.OpenTable(schema::Alarms);
+            alarms.AddNew();
+            alarms.SetField(QStringLiteral("Alarm Date"), m_program->Key);
+            alarms.Update();
+        });
+        QTRY_VERIFY(HasMark());
+        QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        Others([](Database& planner) { planner.OpenTable(schema::Alarms).Delete(); });
+        QTRY_VERIFY(!HasMark());
+        QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        QVERIFY(m_program->ShowsLocked());
+        m_program->PressLock();
+        QCOMPARE(Stored(), QStringLiteral("old and mine"));
+    }
+
+    void WhatWasTypedOutlivesABreak_data()
+    {
+        QTest::addColumn<QByteArray>("broken"); // how
+        QTest::addColumn<QString>("said");      // by the first unlock
+        QTest::newRow("cut") << QByteArray("cut") << "and the lock of this record with it. Nothing was saved.";
+        QTest::newRow("unnoticed") << QByteArray("unnoticed") << "There is no connection to the server of 'team.mdb'";
+        QTest::newRow("server down") << QByteArray("down") << "There is no connection to the server of 'team.mdb'";
+        QTest::newRow("before COMMIT") << QByteArray("before") << "There is no connection to the server of 'team.mdb'";
+        QTest::newRow("answer to COMMIT") << QByteArray("after") << "";
+        QTest::newRow("in doubt") << QByteArray("doubt") << "It is not known whether the change was saved.";
+    }
+
+    void WhatWasTypedOutlivesABreak()
+    {
+        QFETCH(QByteArray, broken);
+        QFETCH(QString, said);
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        TestServer& server = TestServer::Get();
+        if (broken == "cut") server.Cut(), QTest::qWait(20); // the program sees it
+        if (broken == "unnoticed") server.Cut();
+        if (broken == "down") server.Stop(SIGQUIT);
+        if (broken == "before") m_proxy->CutAt(CuttingProxy::BeforeWord);
+        if (broken == "after" || broken == "doubt") m_proxy->CutAt(CuttingProxy::AfterAnswer);
+        m_proxy->Shut(broken == "doubt");
+        if (!said.isEmpty()) {
+            const QString heard = m_program->PressLockAndHear();
+            QVERIFY2(heard.contains(said), qPrintable(heard));
+            QVERIFY(m_program->ShowsLocked());
+            QCOMPARE(Shown(), QStringLiteral("old and mine"));
+            if (broken == "down") server.Start();
+            m_proxy->Shut(false);
+            QTest::qWait(50); // a program leaves a server that was not there alone for a moment
+            m_program->TypeOn(QStringLiteral("!"));
+        }
+        m_program->PressLock();
+        QVERIFY(m_program->ShowsFree());
+        QCOMPARE(Shown(), said.isEmpty() ? QStringLiteral("old and mine") : QStringLiteral("old and mine!"));
+        QCOMPARE(Stored(), Shown());
+        QVERIFY(IsFreeForOthers());
+        QVERIFY(m_program->form->isActiveWindow()); // nothing more was asked
+    }
+
+    void SomebodyElseUsedTheTime_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("Yes") << msgbox::Yes << "old and mine";
+        QTest::newRow("No") << msgbox::No << "theirs";
+        QTest::newRow("Cancel, then Yes") << msgbox::Cancel << "old and mine";
+    }
+
+    void SomebodyElseUsedTheTime()
+    {
+        QFETCH(int, answer);
+        QFETCH(QString, expected);
+        const QString question = QStringLiteral("Another user has changed this day while the connection was broken.");
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        TestServer::Get().Cut();
+        QVERIFY(m_program->PressLockAndHear().contains(QStringLiteral("connection")));
+        OthersWrite(m_program->Key, "theirs");
+        QTest::qWait(50); // they tell of it, and the day is being edited
+        QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        QVERIFY(m_program->PressLockAndHear(answer).startsWith(question));
+        if (answer == msgbox::Cancel) {
+            QVERIFY(m_program->ShowsLocked());
+            QCOMPARE(Shown(), QStringLiteral("old and mine"));
+            QCOMPARE(Stored(), QStringLiteral("theirs"));
+            QVERIFY(m_program->PressLockAndHear(msgbox::Yes).startsWith(question));
+        }
+        QVERIFY(m_program->ShowsFree());
+        QCOMPARE(Shown(), expected);
+        QCOMPARE(Stored(), expected);
+        QVERIFY(IsFreeForOthers());
+    }
+
+    // The timers go on behind a message: no second one comes up over it.
+    void SomebodyElseHoldsTheDay()
+    {
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        TestServer::Get().Cut();
+        QVERIFY(m_program->PressLockAndHear().contains(QStringLiteral("connection")));
+        Others([&](Database& planner) {
+            Recordset notes = Days(planner);
+            notes.Seek(QStringLiteral("="), m_program->Key);
+            notes.Edit();
+            SeenBox seen;
+            OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                seen.Text = box.text();
+                DropAnswers();
+                WorkgroupProgram::ExpectNoBox(&box);
+                g_lUnlockDelay = 1;
+                for (const char* timer : {"tmUnLock", "tmAutoRefresh"}) {
+                    if (QTest::currentTestFailed()) break;
+                    g_bAutoRefresh = true;
+                    g_lRefreshDelay = g_lRefreshTicks = 0;
+                    m_program->Tick(timer);
+                    QTest::qWait(20);
+                }
+                box.button(QMessageBox::Ok)->click();
+            });
+            m_program->PressLock();
+            QVERIFY2(seen.Text.startsWith(QStringLiteral("Could not update; currently locked by")),
+                     qPrintable(seen.Text));
+            QVERIFY(m_program->ShowsFree());
+            QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        });
+        m_program->PressLock();
+        QVERIFY(m_program->ShowsLocked());
+        m_program->PressLock();
+        QCOMPARE(Stored(), QStringLiteral("old and mine"));
+    }
+
+    void TheDayViewOutlivesABreak()
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        SeenBox seen;
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("mine, "));
+            TestServer::Get().Cut();
+            AnswerNextBox(msgbox::Ok, &seen);
+            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnOk")), Qt::LeftButton);
+        });
+        m_program->Trigger("mnuDayView");
+        QVERIFY2(seen.Text.contains(QStringLiteral("connection")), qPrintable(seen.Text));
+        QVERIFY(m_program->ShowsLocked());
+        m_program->PressLock();
+        QVERIFY(m_program->ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("mine, old"));
+    }
+
+    void WithoutItsServerTheScreenKeepsWhatItShows()
+    {
+        TestServer::Get().Stop(SIGQUIT);
+        m_program->Trigger("mnuRefresh");
+        QCOMPARE(Shown(), QStringLiteral("old"));
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("There is no connection to the planner's server."));
+        m_program->Click(WorkgroupProgram::Cell);
+        QVERIFY(m_program->PressLockAndHear().contains(QStringLiteral("no connection to the server of 'team.mdb'")));
+        QVERIFY(m_program->ShowsFree());
+        m_program->Trigger("mnuNextMonth");
+        QCOMPARE(Shown(), QString()); // never under another date
+        m_program->Trigger("mnuPrevMonth");
+        TestServer::Get().Start();
+        QTest::qWait(50);
+        m_program->Trigger("mnuRefresh");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+        QCOMPARE(Shown(), QStringLiteral("old"));
+        OthersWrite(m_program->Key, "told again");
+        QTRY_COMPARE(Shown(), QStringLiteral("told again"));
+    }
+};
+
+QTEST_MAIN(ServerScreenTest)
+#include "serverscreentest.moc"

@@ -1,0 +1,87 @@
+// The program with a workgroup's planner in a file or on a server, in March 1999: the 17th stands in cell 18.
+#pragma once
+
+#include "plannerfile/schema.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/engine/enginetesting.h"
+#include "platform/engine/testserver.h"
+#include "program.h"
+
+// What is shown of a stored note.
+inline QString PlainText(const QByteArray& rtf)
+{
+    RichTextBox box;
+    box.SetTextRTF(rtf);
+    return box.Text();
+}
+
+class WorkgroupProgram : public Program
+{
+public:
+    static constexpr int Cell = 18;
+    const QString File = QStringLiteral("team.mdb");
+    const QString Key = QStringLiteral("1999/3/17");
+
+    // An empty planner; on the server the file is its link. Its name there.
+    QString MakePlanner(bool onServer) const
+    {
+        Database planner = DBEngine::CreateDatabase(folders.Path(File), schema::Locale);
+        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
+            planner.Append(table);
+        planner.Close();
+        return onServer ? TestServer::Get().Take(folders.Path(File)) : QString();
+    }
+
+    using Program::Box;
+    RichTextBox& Box() const { return Box(Cell); }
+    PictureButton& Lock() const { return *form->findChild<PictureButton*>(QStringLiteral("picLock")); }
+    bool ShowsLocked() const { return Lock().Visible(1) && !Lock().Visible(0); }
+    bool ShowsFree() const { return Lock().Visible(0) && !Lock().Visible(1); }
+    // A box that the test has no answer for fails it instead of keeping it waiting.
+    static void ExpectNoBox(const QWidget* but = nullptr)
+    {
+        OnNextModal([but](QWidget* box) { return box != but; },
+                    [](QWidget*) { QTest::qFail("a box came that was not expected", __FILE__, __LINE__); });
+    }
+    void PressLock() const
+    {
+        ExpectNoBox();
+        QTest::mouseClick(&Lock(), Qt::LeftButton);
+        if (WaitingAnswers() > 0) support::g_answers.pop_back();
+    }
+    // Presses the lock and answers the message that comes; what it said.
+    QString PressLockAndHear(int answer = msgbox::Ok) const
+    {
+        SeenBox seen;
+        AnswerNextBox(answer, &seen);
+        PressLock();
+        Activate();
+        return WaitingAnswers() ? QStringLiteral("nothing was said") : seen.Text;
+    }
+
+    void LockAndType(const QString& text) const
+    {
+        Click(Cell);
+        PressLock();
+        QVERIFY(ShowsLocked());
+        TypeOn(text);
+    }
+    void TypeOn(const QString& text) const
+    {
+        QTest::keyClick(&Box(), Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(&Box(), text);
+    }
+};
+
+// The main of a test whose program can also be the other process.
+template <typename Test>
+int RunWithOtherProgram(int count, char** words)
+{
+    if (count > 1 && QByteArrayView(words[1]) == "--other") {
+        const QCoreApplication application(count, words);
+        return OtherProgram::Serve();
+    }
+    const QApplication application(count, words);
+    Test test;
+    return QTest::qExec(&test, count, words);
+}
