@@ -22,6 +22,7 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/database.h"
+#include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
@@ -55,6 +56,15 @@ void WirePicture(PictureButton* picture, int pressed, int released, QLatin1Strin
         picture->ShowElement(released);
         guard(literal, action);
     });
+}
+
+// What is disabled only because nothing is to be edited is there to be read.
+void KeepReadable(QWidget& frame)
+{
+    QPalette palette = frame.palette();
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, paper::SoftInk);
+    frame.setPalette(palette);
 }
 
 void WireStep(PictureButton* picture, MaskEdBox* box, QString (*step)(const QString&))
@@ -166,8 +176,10 @@ void AlarmForm::PrepareBrowse(const QString& caption)
 {
     m_controls.frAlarm->setTitle(QStringLiteral("Browse/Edit Alarm Event"));
     // What stands in a frame is disabled with it.
-    for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes})
+    for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes}) {
         frame->setEnabled(false);
+        KeepReadable(*frame);
+    }
     for (PictureButton* spin : {m_controls.picLeftSpin, m_controls.picRightSpin})
         spin->ShowElement(2);
     m_controls.btnCancel->hide();
