@@ -27,6 +27,7 @@ public:
 
     std::vector<QByteArray> Read(const QStringList& keys);
     void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // in one transaction
+    bool HasAlarm(const QString& date, const QString& time);                   // by a look at each alarm of the date
 
 private:
     sqlite3_stmt* Prepare(const char* text);
@@ -35,4 +36,5 @@ private:
     sqlite3* m_database = nullptr;
     sqlite3_stmt* m_find = nullptr;
     sqlite3_stmt* m_replace = nullptr;
+    sqlite3_stmt* m_alarms = nullptr;
 };
