@@ -71,6 +71,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddMonthRows(add, ours, bare);
     AddTextRows(add);
     AddDayViewRows(add);
+    AddEventRows(add);
     return Print(choice, names);
 }
 } // namespace

@@ -13,3 +13,4 @@ void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home);
 void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
 void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
+void AddEventRows(const Add& add);

@@ -58,16 +58,17 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
 QWidget* RecurForm::MakeOptions()
 {
     QGroupBox* frame = MakeFrame("frOptions", "Recurring Event Options");
-    auto* column = new QVBoxLayout(frame);
-    column->setSpacing(Gap);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(Margin);
-    top->addLayout(MakeDates());
-    top->addStretch(1);
-    top->addWidget(MakeBrowser());
-    column->addLayout(top);
-    column->addLayout(MakeMethods());
-    column->addWidget(MakeText(), 1);
+    auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(Margin);
+    grid->setVerticalSpacing(Gap);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(2, 1);
+    // In the order of the Tab key: the browser is none of the steps of entering an event.
+    grid->addLayout(MakeDates(), 0, 0);
+    grid->addLayout(MakeMethods(), 1, 0);
+    grid->addWidget(MakeInterval(), 1, 1);
+    grid->addWidget(MakeText(), 2, 0, 1, 2);
+    grid->addWidget(MakeBrowser(), 0, 1);
     return frame;
 }
 
@@ -75,6 +76,7 @@ QLayout* RecurForm::MakeDates()
 {
     auto* grid = new QGridLayout;
     grid->setSpacing(Gap);
+    grid->setColumnStretch(2, 1);
     m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:");
     m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:");
     return grid;
@@ -138,15 +140,22 @@ QLayout* RecurForm::MakeMethods()
         m_opMethod->addButton(option, index++);
         row->addWidget(option);
     }
+    row->addStretch(1);
+    return row;
+}
+
+// Of the special method.
+QWidget* RecurForm::MakeInterval()
+{
     QGroupBox* frame = MakeFrame("Frame3D1", "&Every ...");
     auto* lists = new QHBoxLayout(frame);
     lists->setSpacing(Gap);
     m_cmbRecurDays = MakeList("cmbRecurDays", "Number", *lists);
     m_cmbRecurDays->setEditable(true);
+    m_cmbRecurDays->setInsertPolicy(QComboBox::NoInsert);
     m_cmbRecurSpecial = MakeList("cmbRecurSpecial", "Unit", *lists);
-    row->addWidget(frame);
-    row->addStretch(1);
-    return row;
+    lists->addStretch(1);
+    return frame;
 }
 
 QWidget* RecurForm::MakeText()
@@ -154,10 +163,12 @@ QWidget* RecurForm::MakeText()
     constexpr QSize LeastPaper(480, 128);
     auto* panel = new SSPanel;
     panel->SetPaper(paper::Paper);
+    panel->SetFrame(paper::Hairline);
     panel->setMinimumSize(LeastPaper);
     m_tbRecurse = new RichTextBox;
     m_tbRecurse->setObjectName(QStringLiteral("tbRecurse"));
     m_tbRecurse->setAccessibleName(QStringLiteral("Text of the event"));
+    m_tbRecurse->setPlaceholderText(QStringLiteral("Write the event here"));
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(10, Gap, 2, Gap); // the scroll bar stands at the edge
     layout->addWidget(m_tbRecurse);

@@ -36,6 +36,7 @@ private:
     QLayout* MakeDates();
     QWidget* MakeBrowser();
     QLayout* MakeMethods();
+    QWidget* MakeInterval();
     QWidget* MakeText();
     QLayout* MakeFoot();
     MaskEdBox* MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption);

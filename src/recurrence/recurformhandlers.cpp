@@ -187,6 +187,7 @@ void RecurForm::picRightSpin_MouseUp()
 void RecurForm::EndOfRecords()
 {
     m_picRightSpin->ShowElement(Idle);
+    m_btnCancel->setFocus(); // whoever goes on pressing Space must not come to Delete
     m_picRightSpin->setEnabled(false);
     m_lblNextRecord->setText(QStringLiteral("End of Recurring Event"));
 }
@@ -228,8 +229,10 @@ void RecurForm::btnDelete_Click()
 {
     if (m_isPressed) return; // the record that is shown is not the one before the table's place yet
     const ErrorTail tail(DeleteTail);
+    const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
     SetMousePointer(mousepointer::Hourglass);
-    tail([this] { DeleteShown(); });
+    tail([this] { m_notes.subUpdateQMTDatabase(); }); // before the cells are emptied, whatever has failed
+    if (isFound) tail([this] { DeleteShown(); });
     tail([this] { ShowCells(); });
     SetMousePointer(mousepointer::Default);
     tail([this] { ReopenRecords(); });
@@ -239,8 +242,6 @@ void RecurForm::btnDelete_Click()
 // An event that could not be taken out of all its notes keeps its record, since without it nobody could find the rest.
 void RecurForm::DeleteShown()
 {
-    g_rsRecurse.MovePrevious();
-    m_notes.subUpdateQMTDatabase();
     const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
     const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
     const int method = m_opMethod->checkedId();

@@ -69,7 +69,7 @@ bool Recurrence::Save(Frequency frequency, QLatin1StringView literal, const QStr
     }
     if (!SaveRecord(literal, startKey, endKey, WordOf(frequency))) return false;
     const QStringList dates = EventDates(frequency, startKey, endKey, iStep);
-    NoteRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subUpdateRecurseData"), m_progress);
+    DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subUpdateRecurseData"), m_progress);
     const qsizetype failures = run(dates, [&](const QString& date) { subUpdateRecurseData(date, run); });
     TellOfFailures(failures, dates.size(),
                    QStringLiteral("The recurring event could not be written into %1 of its %2 days."), run.LastError());
@@ -100,7 +100,7 @@ void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& en
     g_rsRecurse.Update();
 }
 
-void Recurrence::subUpdateRecurseData(const QString& sDate, NoteRun& run)
+void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
 {
     g_rsQMT.Seek(Equal, sDate);
     if (g_rsQMT.NoMatch()) {
@@ -117,7 +117,7 @@ void Recurrence::subUpdateRecurseData(const QString& sDate, NoteRun& run)
 bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QString& endKey)
 {
     const QStringList dates = RemovalDates(frequency, startKey, endKey);
-    NoteRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subRemoveRecurStr"), m_progress);
+    DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subRemoveRecurStr"), m_progress);
     const qsizetype failures = run(dates, [&](const QString& date) { subRemoveRecurStr(date); });
     return TellOfFailures(failures, dates.size(),
                           QStringLiteral("The recurring event could not be taken out of %1 of %2 days. It is kept, so "
@@ -138,7 +138,7 @@ void Recurrence::subRemoveRecurStr(const QString& sDate)
     if (g_rsQMT.Fields(TextField).toByteArray() == " ") g_rsQMT.Delete();
 }
 
-bool fnCanSaveRecurseText(const QString& sDate, NoteRun& run)
+bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
 {
     for (;;) {
         try {

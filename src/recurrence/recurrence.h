@@ -2,14 +2,14 @@
 // open planner alone.
 #pragma once
 
+#include "recurrence/dayrun.h"
 #include "recurrence/eventtext.h"
-#include "recurrence/noterun.h"
 #include "recurrence/recurdates.h"
 
 class Recurrence
 {
 public:
-    Recurrence(const QByteArray& rtf, const QTextCharFormat& plain, NoteRun::Progress progress)
+    Recurrence(const QByteArray& rtf, const QTextCharFormat& plain, DayRun::Progress progress)
         : m_text(rtf, plain), m_progress(std::move(progress))
     {
     }
@@ -33,14 +33,14 @@ private:
     bool SaveRecord(QLatin1StringView literal, const QString& startKey, const QString& endKey,
                     const QString& frequency) const;
     void subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const;
-    void subUpdateRecurseData(const QString& sDate, NoteRun& run);
+    void subUpdateRecurseData(const QString& sDate, DayRun& run);
     void subRemoveRecurStr(const QString& sDate);
 
     EventText m_text;
-    NoteRun::Progress m_progress;
+    DayRun::Progress m_progress;
 };
 
 // Begins an edit of the date's record, on which g_rsQMT stands. Where another user holds it the person is asked whether
 // to try again; false when they have had enough, or when the run has been told of another error. While other days wait
 // for the commit nobody is asked, and the error is raised.
-bool fnCanSaveRecurseText(const QString& sDate, NoteRun& run);
+bool fnCanSaveRecurseText(const QString& sDate, DayRun& run);

@@ -78,7 +78,8 @@ private Q_SLOTS:
     {
         ForAllStarts([](QDate start, std::int16_t step) {
             QString month = KeyOf(start), year = month;
-            for (int times = 1; times <= 14; ++times) {
+            const int most = start.day() < 28 ? 3 : 14;
+            for (int times = 1; times <= most; ++times) {
                 month = fnGetNextMonthDate(KeyOf(start), month, step);
                 QCOMPARE(month, LookingBack(start, step, times));
                 if (start.year() + step * times > 2099) continue;

@@ -305,6 +305,7 @@ private Q_SLOTS:
             QCOMPARE(Find<QLabel>(form, "lblNextRecord").text(), QStringLiteral("Next Recurring Event"));
             Release(form);
             QVERIFY(spin.Visible(0));
+            QVERIFY(!Find<QPushButton>(form, "btnDelete").hasFocus());
             QCOMPARE(Find<QLabel>(form, "lblNextRecord").text(), QStringLiteral("End of Recurring Event"));
             Hold(form);
             Release(form);

@@ -31,7 +31,7 @@ class RecurrenceTest : public QObject
         return key.section(u'/', 1, 1) + u'/' + key.section(u'/', 2) + u'/' + key.section(u'/', 0, 0);
     }
 
-    static Recurrence MakeEvent(NoteRun::Progress progress = [](qsizetype, qsizetype) {})
+    static Recurrence MakeEvent(DayRun::Progress progress = [](qsizetype, qsizetype) {})
     {
         return {Event(), QTextCharFormat(), std::move(progress)};
     }

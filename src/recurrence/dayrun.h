@@ -9,7 +9,7 @@
 
 #include <functional>
 
-class NoteRun
+class DayRun
 {
 public:
     // Changes the note of one day. What it raises leaves this day out, and no other.
@@ -17,7 +17,7 @@ public:
     using Progress = std::function<void(qsizetype done, qsizetype all)>;
 
     // Errors of single days are logged under the literal.
-    NoteRun(const Database& planner, QLatin1StringView literal, Progress progress)
+    DayRun(const Database& planner, QLatin1StringView literal, Progress progress)
         : m_planner(planner), m_literal(literal), m_progress(std::move(progress))
     {
     }

@@ -1,4 +1,4 @@
-#include "recurrence/noterun.h"
+#include "recurrence/dayrun.h"
 
 #include "platform/runtime/errortail.h"
 
@@ -21,7 +21,7 @@ bool Succeeds(Action&& action)
 }
 } // namespace
 
-qsizetype NoteRun::operator()(const QStringList& dates, const Step& step)
+qsizetype DayRun::operator()(const QStringList& dates, const Step& step)
 {
     for (qsizetype done = 0; done < dates.size();) {
         const Group group = RunGroup(dates, done, step);
@@ -36,7 +36,7 @@ qsizetype NoteRun::operator()(const QStringList& dates, const Step& step)
     return m_failures;
 }
 
-NoteRun::Group NoteRun::RunGroup(const QStringList& dates, qsizetype begin, const Step& step) const
+DayRun::Group DayRun::RunGroup(const QStringList& dates, qsizetype begin, const Step& step) const
 {
     Group group{begin, false, false};
     group.committed = Succeeds([&] {
@@ -53,7 +53,7 @@ NoteRun::Group NoteRun::RunGroup(const QStringList& dates, qsizetype begin, cons
     return group;
 }
 
-void NoteRun::RunAlone(const QString& date, const Step& step)
+void DayRun::RunAlone(const QString& date, const Step& step)
 {
     m_isAlone = true;
     const auto amongOthers = qScopeGuard([this] { m_isAlone = false; });
@@ -67,7 +67,7 @@ void NoteRun::RunAlone(const QString& date, const Step& step)
     });
 }
 
-void NoteRun::Fail(const QString& reason)
+void DayRun::Fail(const QString& reason)
 {
     ++m_failures;
     m_lastError = reason;
