@@ -2,48 +2,20 @@
 
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
+#include "editing/notemenu.h"
 #include "editing/textstyles.h"
-#include "platform/controls/postkey.h"
-#include "platform/controls/sspanel.h"
+#include "platform/controls/notepanel.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
 constexpr QLatin1StringView LoadLiteral(" in ZoomBoxForm, Form_Load");
-
-struct KeyRow // a command of the menu that is a keystroke of the box
-{
-    const char* name;
-    const char* caption;
-    int key;
-    Qt::KeyboardModifier modifier;
-};
-constexpr KeyRow KeyRows[] = {
-    {"mnuCut", "Cut", Qt::Key_Delete, Qt::ShiftModifier},
-    {"mnuCopy", "Copy", Qt::Key_Insert, Qt::ControlModifier},
-    {"mnuPaste", "Paste", Qt::Key_Insert, Qt::ShiftModifier},
-};
-
-struct StyleRow // one that turns a style of the selection on and off
-{
-    const TextStyle& style;
-    const char* caption;
-    const char* shortcut;
-    const char* literal;
-};
-constexpr StyleRow StyleRows[] = {
-    {Bold, "Bold", "Ctrl+B", " in ZoomBoxForm, mnuBold_Click"},
-    {Italic, "Italic", "Ctrl+I", " in ZoomBoxForm, mnuItalic_Click"},
-    {StrikeThru, "Strikethrough", "Ctrl+T", " in ZoomBoxForm, mnuStrikeThru_Click"},
-    {Underline, "Underline", "Ctrl+U", " in ZoomBoxForm, mnuUnderline_Click"},
-};
 } // namespace
 
 ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArray& rtf, const QRect& place,
@@ -58,7 +30,7 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     column->setSpacing(16);
     column->addWidget(MakeFrame(heading), 1);
     column->addLayout(MakeFoot());
-    MakeMenu();
+    AddNoteMenu(*m_tbZoom, "ZoomBoxForm");
     setMinimumSize(SmallestZoomBox);
     resize(place.size());
     move(place.topLeft());
@@ -74,23 +46,13 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
     QFont bold = frame->font();
     bold.setBold(true);
     frame->setFont(bold);
-    auto* panel = new SSPanel;
-    panel->setObjectName(QStringLiteral("panelZoom"));
-    panel->SetPaper(paper::Paper);
     m_tbZoom = new RichTextBox;
     m_tbZoom->setObjectName(QStringLiteral("tbZoom"));
     m_tbZoom->setAccessibleName(heading);
     m_tbZoom->installEventFilter(this);
     connect(m_tbZoom, &RichTextBox::Change, this, &ZoomBoxForm::SignOfLife);
-    connect(m_tbZoom, &RichTextBox::MouseDown, this, [this](int button, const QPoint& at) {
-        constexpr int RightButton = 2;
-        if (button != RightButton) return;
-        m_tbZoom->setFocus();
-        m_mnuRightMouse->popup(at);
-    });
-    auto* paperLayout = new QVBoxLayout(panel);
-    paperLayout->setContentsMargins(10, 8, 2, 8); // the scroll bar stands at the edge
-    paperLayout->addWidget(m_tbZoom);
+    SSPanel* panel = MakeNotePanel(m_tbZoom);
+    panel->setObjectName(QStringLiteral("panelZoom"));
     auto* frameLayout = new QVBoxLayout(frame);
     frameLayout->setContentsMargins(1, 1, 1, 1);
     frameLayout->addWidget(panel);
@@ -119,27 +81,6 @@ QLayout* ZoomBoxForm::MakeFoot()
     add("btnCancel", "&Cancel", &ZoomBoxForm::btnCancel_Click);
     add("btnOk", "&Ok", &ZoomBoxForm::btnOk_Click);
     return foot;
-}
-
-void ZoomBoxForm::MakeMenu()
-{
-    m_mnuRightMouse = new QMenu(this);
-    m_mnuRightMouse->setObjectName(QStringLiteral("mnuRightMouse"));
-    for (const KeyRow& row : KeyRows) {
-        m_mnuRightMouse
-            ->addAction(QString::fromLatin1(row.caption), this,
-                        [this, &row] { PostKey(*m_tbZoom, row.key, row.modifier); })
-            ->setObjectName(QString::fromLatin1(row.name));
-    }
-    m_mnuRightMouse->addSeparator();
-    for (const StyleRow& row : StyleRows) {
-        QAction* action = m_mnuRightMouse->addAction(QString::fromLatin1(row.caption), this, [this, &row] {
-            ErrorTail{QLatin1StringView(row.literal)}([&] { Toggle(*m_tbZoom, row.style); });
-        });
-        action->setObjectName(QString::fromLatin1(row.style.command));
-        action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
-        m_tbZoom->addAction(action); // its key works without the menu being open
-    }
 }
 
 // The lines break at the box's edge, not at a page's width.

@@ -6,7 +6,6 @@
 
 class FontCommand;
 class QLabel;
-class QMenu;
 class QPushButton;
 class RichTextBox;
 
@@ -36,7 +35,6 @@ protected:
 private:
     QWidget* MakeFrame(const QString& heading);
     QLayout* MakeFoot();
-    void MakeMenu();
     void Form_Resize();
     void btnOk_Click();
     void btnCancel_Click();
@@ -44,5 +42,4 @@ private:
 
     FontCommand& m_fontCommand;
     RichTextBox* m_tbZoom = nullptr;
-    QMenu* m_mnuRightMouse = nullptr;
 };

@@ -87,6 +87,8 @@ QToolButton* Cells::MakeAlarmMark(int index)
     mark->setFocusPolicy(Qt::TabFocus);
     mark->setToolTip(QStringLiteral("Alarm"));
     mark->setAccessibleName(QStringLiteral("Alarm"));
-    connect(mark, &QToolButton::clicked, this, [this, index] { Q_EMIT AlarmMarkClick(index); });
+    // Queued, since what follows from the click may unload the mark.
+    connect(
+        mark, &QToolButton::clicked, this, [this, index] { Q_EMIT AlarmMarkClick(index); }, Qt::QueuedConnection);
     return mark;
 }

@@ -1,12 +1,11 @@
 #include "recurrence/recurform.h"
 
 #include "calendar/dateorder.h"
+#include "editing/notemenu.h"
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/notepanel.h"
 #include "platform/controls/picturebutton.h"
-#include "platform/controls/sspanel.h"
 #include "platform/desktop/centeronscreen.h"
-#include "platform/look/paper.h"
-#include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 
 #include <QButtonGroup>
@@ -16,7 +15,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 namespace {
 constexpr int Gap = 8, Margin = 16;
@@ -161,17 +159,14 @@ QWidget* RecurForm::MakeInterval()
 QWidget* RecurForm::MakeText()
 {
     constexpr QSize LeastPaper(480, 128);
-    auto* panel = new SSPanel;
-    panel->SetPaper(paper::Paper);
-    panel->SetFrame(paper::Hairline);
-    panel->setMinimumSize(LeastPaper);
     m_tbRecurse = new RichTextBox;
     m_tbRecurse->setObjectName(QStringLiteral("tbRecurse"));
     m_tbRecurse->setAccessibleName(QStringLiteral("Text of the event"));
     m_tbRecurse->setPlaceholderText(QStringLiteral("Write the event here"));
-    auto* layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(10, Gap, 2, Gap); // the scroll bar stands at the edge
-    layout->addWidget(m_tbRecurse);
+    AddNoteMenu(*m_tbRecurse, "RecurForm");
+    SSPanel* panel = MakeNotePanel(m_tbRecurse);
+    panel->SetFrame(paper::Hairline);
+    panel->setMinimumSize(LeastPaper);
     return panel;
 }
 

@@ -15,7 +15,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int HalfAMinute = 30000; // milliseconds
+constexpr int HalfAMinute = 30000, TenSeconds = 10000; // milliseconds
 
 struct ToolbarRow
 {
@@ -238,9 +238,10 @@ Controls::Controls(QMainWindow& window)
     : client(MakeClient(window)), menus(*window.menuBar()), cells(*new Cells(client)), bar(MakeFormatBar(client)),
       sidebar(MakeSidebar(client)), bottom(MakeBottomPanel(client)),
       network(MakeNetworkControls(client, sidebar.fraSidebar[0])), tmMidnightRefresh(*new Timer(HalfAMinute, client)),
-      FontDialog(&window)
+      tmAlarm(*new Timer(TenSeconds, client)), FontDialog(&window)
 {
     tmMidnightRefresh.setObjectName(QStringLiteral("tmMidnightRefresh"));
+    tmAlarm.setObjectName(QStringLiteral("tmAlarm"));
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
     // From the tabs to their page, then to the cells, and the spins last.

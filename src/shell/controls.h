@@ -25,5 +25,6 @@ struct Controls
     BottomPanel bottom;
     NetworkControls network;
     Timer& tmMidnightRefresh;
+    Timer& tmAlarm;
     CommonDialog FontDialog;
 };

@@ -48,6 +48,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     DoEvents();
     progress(QStringLiteral("Loading Icons..."));
     rooms.controls.tmMidnightRefresh.SetEnabled(true);
+    rooms.controls.tmAlarm.SetEnabled(true);
     SetMousePointer(mousepointer::Default);
 }
 

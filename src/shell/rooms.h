@@ -1,6 +1,8 @@
 // What the main window consists of: its controls, the views, and the classes that hold its handlers.
 #pragma once
 
+#include "alarms/alarmclock.h"
+#include "alarms/alarmhandlers.h"
 #include "appearance/appearance.h"
 #include "calendar/bars.h"
 #include "calendar/ccalendarview.h"
@@ -73,6 +75,8 @@ struct Rooms
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh};
     RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
+    AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
+    AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord};

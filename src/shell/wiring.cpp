@@ -43,6 +43,9 @@ constexpr MenuRow MenuRows[] = {
     {"mnuViewTBAlignBottom", " in MainForm, mnuViewTBAlignBottom_Click",
      Run<&Rooms::bars, &Bars::mnuViewTBAlignBottom_Click>},
     {"mnuViewSBVisible", " in MainForm, mnuViewSBVisible_Click", Run<&Rooms::bars, &Bars::mnuViewSBVisible_Click>},
+    {"mnuNewAlarm", " in MainForm, mnuNewAlarm_Click", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
+    {"mnuChangeAlarms", " in MainForm, mnuChangeAlarms_Click",
+     Run<&Rooms::alarms, &AlarmHandlers::mnuChangeAlarms_Click>},
     {"mnuPrevWeek", " in MainForm, mnuPrevWeek_Click", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
     {"mnuCurrentWeek", " in MainForm, mnuCurrentWeek_Click",
      Run<&Rooms::navigation, &Navigation::mnuCurrentWeek_Click>},
@@ -149,6 +152,7 @@ constexpr PictureRow PictureRows[] = {
      [](Rooms& rooms, int) { rooms.navigation.subSwitchToMonthView(); }},
     {&Sidebar::picRecurse, " in MainForm, picRecurse_MouseUp",
      [](Rooms& rooms, int) { rooms.recurringEvents.picRecurse_Click(); }},
+    {&Sidebar::picAlarm, " in MainForm, picAlarm_MouseUp", [](Rooms& rooms, int) { rooms.alarms.picAlarm_Click(); }},
 };
 
 void WirePictures(Rooms& rooms)
@@ -167,6 +171,10 @@ void WirePictures(Rooms& rooms)
        [&rooms](int) { rooms.recurringEvents.picRecurse_MouseDown(); });
     On(sidebar.picRecurse, &PictureButton::MouseUp, " in MainForm, picRecurse_MouseUp",
        [&rooms](int) { rooms.recurringEvents.picRecurse_MouseUp(); });
+    On(sidebar.picAlarm, &PictureButton::MouseDown, " in MainForm, picAlarm_MouseDown",
+       [&rooms](int) { rooms.alarms.picAlarm_MouseDown(); });
+    On(sidebar.picAlarm, &PictureButton::MouseUp, " in MainForm, picAlarm_MouseUp",
+       [&rooms](int) { rooms.alarms.picAlarm_MouseUp(); });
     On(sidebar.tabSidebar, &TabStrip::Click, " in MainForm, tabSidebar_Click",
        [&rooms] { rooms.m_pSidebar.TogglePages(); });
 }
@@ -248,6 +256,8 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.appearance.lblDayOfWeek_DblClick(Index); });
     On(&rooms.controls.cells, &Cells::PanelDblClick, " in MainForm, panelDay_DblClick",
        [&rooms](int Index) { rooms.dayView.panelDay_DblClick(Index); });
+    On(&rooms.controls.cells, &Cells::AlarmMarkClick, " in MainForm, btnTunes_Click",
+       [&rooms](int Index) { rooms.alarms.btnTunes_Click(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
        [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }
@@ -256,6 +266,8 @@ void WireTimers(Rooms& rooms)
 {
     On(&rooms.controls.tmMidnightRefresh, &Timer::Tick, " in MainForm, tmMidnightRefresh_Timer",
        [&rooms] { rooms.navigation.tmMidnightRefresh_Timer(); });
+    On(&rooms.controls.tmAlarm, &Timer::Tick, " in MainForm, tmAlarm_Timer",
+       [&rooms] { rooms.alarmClock.tmAlarm_Timer(); });
     On(rooms.controls.network.tmUnLock, &Timer::Tick, " in MainForm, tmUnLock_Timer",
        [&rooms] { rooms.dayLock.tmUnLock_Timer(); });
     On(rooms.controls.network.tmAutoRefresh, &Timer::Tick, " in MainForm, tmAutoRefresh_Timer",

@@ -167,8 +167,10 @@ private Q_SLOTS:
         QCOMPARE(TextOf(QStringLiteral("1999/3/30")), QString());
         QCOMPARE(program.Box(program.CellOf(16)).Text(), QStringLiteral("already here\nRent"));
         QCOMPARE(MousePointer(), mousepointer::Default);
-        // The same window shows it again and takes it out.
+        // The same window shows it again and takes it out. The caret has stayed in its day.
+        program.Activate();
         OnNextModal<RecurForm>([&](RecurForm& form) {
+            QCOMPARE(Find<MaskEdBox>(form, "maskStartDate").Text(), start);
             Hold(form);
             Release(form);
             QVERIFY(Shown(form).startsWith(start));

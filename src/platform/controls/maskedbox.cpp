@@ -80,6 +80,7 @@ void MaskEdBox::SetText(const QString& text)
 {
     if (m_mask.isEmpty()) return setText(text);
     setText(QString());
+    setCursorPosition(0);
     Paste(text);
     setText(Text()); // nothing to undo
 }
@@ -158,18 +159,23 @@ void MaskEdBox::Paste(const QString& text)
     QStringList numbers = NumbersOf(text);
     QList<Group> groups = Groups();
     if (numbers.isEmpty()) return;
-    if (numbers.size() == 1 && numbers[0].size() == m_mask.count(u'#')) {
-        const QString digits = numbers[0];
-        numbers.clear();
-        int taken = 0;
-        for (const Group& group : groups) {
-            numbers.append(digits.mid(taken, group.end - group.start));
-            taken += group.end - group.start;
-        }
-    }
-    if (numbers.size() == 1) return Type(numbers[0]);
+    const bool isWhole = numbers.size() == 1 && numbers[0].size() == m_mask.count(u'#');
+    if (numbers.size() == 1 && !isWhole) return Type(numbers[0]);
+    if (isWhole) numbers = Split(numbers[0]);
     if (numbers.size() < groups.size()) groups.remove(0, GroupAt(cursorPosition()));
     Put(groups, numbers);
+}
+
+// The digits of a whole date, group by group.
+QStringList MaskEdBox::Split(const QString& digits) const
+{
+    QStringList numbers;
+    int taken = 0;
+    for (const Group& group : Groups()) {
+        numbers.append(digits.mid(taken, group.end - group.start));
+        taken += group.end - group.start;
+    }
+    return numbers;
 }
 
 void MaskEdBox::Put(const QList<Group>& groups, const QStringList& numbers)

@@ -41,6 +41,7 @@ private:
     void Type(const QString& text);
     void MoveOn();
     void Paste(const QString& text);
+    QStringList Split(const QString& digits) const;
     void Put(const QList<Group>& groups, const QStringList& numbers);
     void Replace(int start, int end, const QString& text);
     bool Edit(const QKeyEvent& event);

@@ -202,6 +202,10 @@ private Q_SLOTS:
         QCOMPARE(m_box->Text(), QStringLiteral("__"));
         Press(*m_box, QStringLiteral("1 /"));
         QCOMPARE(m_box->Text(), QStringLiteral("01"));
+        m_box->SetText(QStringLiteral("12"));
+        QCOMPARE(m_box->Text(), QStringLiteral("12"));
+        m_box->SetText(QStringLiteral("5"));
+        QCOMPARE(m_box->Text(), QStringLiteral("5_"));
         m_box->SetText(QStringLiteral("12:30"));
         QCOMPARE(m_box->Text(), QStringLiteral("__"));
         m_box->setReadOnly(true);

@@ -1,0 +1,49 @@
+#include "alarms/alarmclock.h"
+
+#include "alarms/alarmeventform.h"
+#include "alarms/alarmrecords.h"
+#include "alarms/alarmrules.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/desktop/clock.h"
+#include "platform/engine/database.h"
+#include "platform/runtime/errortail.h"
+
+#include <QScopedValueRollback>
+
+#include <optional>
+
+namespace {
+// Leaves the table at the alarm that was found, or at its end.
+std::optional<Alarm> DueAlarm(const QDateTime& now)
+{
+    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return std::nullopt; // the table is empty
+    const ReadTransaction reading(g_dbPlanner);
+    if (!GoToDueAlarm(g_rsAlarm, AlarmDateOf(now), AlarmTimeOf(now))) return std::nullopt;
+    return CurrentAlarm(g_rsAlarm);
+}
+} // namespace
+
+void AlarmClock::tmAlarm_Timer()
+{
+    if (!HasPlanner()) return;
+    ErrorTail{QLatin1StringView(" in MainForm, tmAlarm_Timer")}([this] { Check(); });
+}
+
+void AlarmClock::Check()
+{
+    const QDateTime now = desktopclock::Now();
+    const QString minute = AlarmTimeOf(now);
+    if (minute == m_sLastAlarmMinute) return;
+    m_sLastAlarmMinute = minute;
+    if (m_isRinging) return; // the window that is open stays as it is
+    if (const auto alarm = DueAlarm(now)) Ring(*alarm);
+}
+
+void AlarmClock::Ring(const Alarm& alarm)
+{
+    const QScopedValueRollback<bool> ringing(m_isRinging, true);
+    AlarmEventForm form(alarm.note, m_client.screen());
+    if (!alarm.silence) form.PlayWhenShown(alarm.tune);
+    form.exec();
+    if (!alarm.silence) form.subStopMusic(alarm.tune);
+}

@@ -1,0 +1,376 @@
+#include "alarms/alarmform.h"
+
+#include "alarms/alarmmarks.h"
+#include "alarms/alarmrecords.h"
+#include "alarms/alarmrules.h"
+#include "alarms/tunes.h"
+#include "calendar/calendarstate.h"
+#include "calendar/dateorder.h"
+#include "calendar/moddate.h"
+#include "calendar/modshow.h"
+#include "calendar/turn.h"
+#include "editing/defaultfont.h"
+#include "editing/notemenu.h"
+#include "hall/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/orlcombo.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/engine/database.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "settings/messages.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+
+namespace {
+constexpr QLatin1StringView LoadLiteral(" in AlarmForm, Form Load");
+constexpr QLatin1StringView OkLiteral(" in AlarmForm, btnOk_Click");
+constexpr QLatin1StringView DeleteLiteral(" in AlarmForm, btnDelete_Click");
+constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData");
+
+void Tell(const QString& text, int icon = msgbox::Information)
+{
+    MsgBox(text, icon, messages::HelpWizard);
+}
+
+// A picture that looks pressed while it is, and acts on the release.
+template <typename Action>
+void WirePicture(PictureButton* picture, int pressed, int released, QLatin1StringView literal, Action action)
+{
+    QObject::connect(picture, &PictureButton::MouseDown, picture, [=] { picture->ShowElement(pressed); });
+    QObject::connect(picture, &PictureButton::MouseUp, picture, [=] {
+        picture->ShowElement(released);
+        guard(literal, action);
+    });
+}
+
+void WireStep(PictureButton* picture, MaskEdBox* box, QString (*step)(const QString&))
+{
+    WirePicture(picture, 1, 0, QLatin1StringView(" in AlarmForm, subSpin"), [=] { box->SetText(step(box->Text())); });
+}
+} // namespace
+
+AlarmForm::AlarmForm(Mode mode, int cell, Cells& cells, Turn& turn, Timer& tmAlarm)
+    : QDialog(cells.Client()->window()), m_mode(mode), m_dateOrder(LocalDateOrder()), m_cells(cells), m_turn(turn),
+      m_tmAlarm(tmAlarm), m_controls(MakeAlarmControls(*this))
+{
+    setObjectName(QStringLiteral("AlarmForm"));
+    setWindowTitle(QStringLiteral("Alarm Events"));
+    Wire();
+    WirePictures();
+    AddNoteMenu(*m_controls.tbNotes, "AlarmForm");
+    Form_Load(cell);
+    CenterOnScreen(*this);
+}
+
+// Music that was only tried out ends with the window, for nobody could stop it any more.
+AlarmForm::~AlarmForm()
+{
+    if (!m_played.isEmpty()) StopTune(m_played);
+}
+
+void AlarmForm::Wire()
+{
+    const auto on = [this](QPushButton* button, QLatin1StringView literal, void (AlarmForm::*click)()) {
+        connect(button, &QPushButton::clicked, this,
+                [this, literal, click] { guard(literal, [this, click] { (this->*click)(); }); });
+    };
+    on(m_controls.btnOk, OkLiteral, &AlarmForm::btnOk_Click);
+    on(m_controls.btnDelete, DeleteLiteral, &AlarmForm::btnDelete_Click);
+    on(m_controls.btnCancel, QLatin1StringView(" in AlarmForm, btnCancel_Click"), &AlarmForm::btnCancel_Click);
+}
+
+void AlarmForm::WirePictures()
+{
+    WireStep(m_controls.picHourUp, m_controls.maskHour, HourUp);
+    WireStep(m_controls.picHourDn, m_controls.maskHour, HourDown);
+    WireStep(m_controls.picMinuteUp, m_controls.maskMinute, MinuteUp);
+    WireStep(m_controls.picMinuteDn, m_controls.maskMinute, MinuteDown);
+    const QLatin1StringView left(" in AlarmForm, PicLeftSpin_MouseUp"), right(" in AlarmForm, PicRightSpin_MouseUp");
+    WirePicture(m_controls.picLeftSpin, 1, 2, left, [this, left] { Browse(Toward::Previous, left); });
+    WirePicture(m_controls.picRightSpin, 1, 2, right, [this, right] { Browse(Toward::Next, right); });
+    const QLatin1StringView play(" in AlarmForm, picPlay_MouseUp");
+    WirePicture(m_controls.picPlay, 1, 0, play, [this] { picPlay_MouseUp(); });
+    WirePicture(m_controls.picStop, 0, 1, QLatin1StringView(" in AlarmForm, picStop_MouseUp"),
+                [this] { picStop_MouseUp(); });
+}
+
+void AlarmForm::Form_Load(int cell)
+{
+    const ErrorTail tail(LoadLiteral);
+    SetMousePointer(mousepointer::Hourglass);
+    m_tmAlarm.SetEnabled(false);
+    const bool isShown = m_cells.panelDay.Exists(cell);
+    const QString caption = isShown ? m_cells.panelDay(cell).Caption().trimmed() : QString();
+    m_controls.lblDateFormat->setText(m_dateOrder.label);
+    ShowEmptyBoxes();
+    tail([&] { m_controls.orlcmbTunes->FillTexts(ListTunes()); });
+    tail([&] { GiveDefaultFont(*m_controls.tbNotes, DefaultStyles::None, LoadLiteral); });
+    tail([&] {
+        if (m_mode == Mode::New) {
+            PrepareNew(caption);
+        } else {
+            PrepareBrowse(caption);
+        }
+    });
+    SetMousePointer(mousepointer::Default);
+}
+
+void AlarmForm::ShowEmptyBoxes()
+{
+    for (MaskEdBox* box : {m_controls.maskAlarmDate, m_controls.maskHour, m_controls.maskMinute}) {
+        box->SetMask(QString());
+        box->SetText(QString());
+        box->SetMask(box == m_controls.maskAlarmDate ? m_dateOrder.mask : QStringLiteral("##"));
+    }
+    SetHalfDay(std::nullopt);
+}
+
+void AlarmForm::PrepareNew(const QString& caption)
+{
+    m_controls.frAlarm->setTitle(QStringLiteral("New Alarm Event"));
+    subHideBrowseControls();
+    ProposeDate(caption);
+    const bool isDated = !m_controls.maskAlarmDate->Text().contains(u'_');
+    (isDated ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
+}
+
+void AlarmForm::subHideBrowseControls()
+{
+    m_controls.frBrowseAlarm->setEnabled(false);
+    m_controls.btnDelete->setEnabled(false);
+    for (PictureButton* spin : {m_controls.picLeftSpin, m_controls.picRightSpin})
+        spin->ShowElement(0);
+}
+
+void AlarmForm::ProposeDate(const QString& caption)
+{
+    if (caption.isEmpty() || IsMemoCaption(caption)) return;
+    m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(g_iYear, g_iMonth, IntegerOf(caption)));
+}
+
+void AlarmForm::PrepareBrowse(const QString& caption)
+{
+    m_controls.frAlarm->setTitle(QStringLiteral("Browse/Edit Alarm Event"));
+    // What stands in a frame is disabled with it.
+    for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes})
+        frame->setEnabled(false);
+    for (PictureButton* spin : {m_controls.picLeftSpin, m_controls.picRightSpin})
+        spin->ShowElement(2);
+    m_controls.btnCancel->hide();
+    m_controls.picRightSpin->setFocus();
+    subDisplayAlarmData(caption);
+}
+
+void AlarmForm::subDisplayAlarmData(const QString& caption)
+{
+    const ErrorTail tail(DisplayLiteral);
+    m_sAlarmDate = TrimmedStr(g_iYear) + u'/' + TrimmedStr(g_iMonth) + u'/' + caption;
+    tail([&] {
+        m_alarms = schema::OpenAlarms(g_dbPlanner);
+        m_alarms.Seek(QStringLiteral("="), m_sAlarmDate);
+        if (!m_alarms.NoMatch()) ShowAlarm(CurrentAlarm(m_alarms));
+    });
+}
+
+void AlarmForm::ShowAlarm(const Alarm& alarm)
+{
+    const ErrorTail tail(DisplayLiteral);
+    tail([&] {
+        m_controls.maskAlarmDate->SetText(
+            m_dateOrder.BoxText(fnGetQMTYear(m_sAlarmDate), fnGetQMTMonth(m_sAlarmDate), fnGetQMTDay(m_sAlarmDate)));
+    });
+    tail([&] {
+        const ShownTime time = ShownTimeOf(alarm.time);
+        m_controls.maskHour->SetText(time.hour);
+        m_controls.maskMinute->SetText(time.minute);
+        SetHalfDay(time.pm);
+    });
+    ORLCombo& tunes = *m_controls.orlcmbTunes;
+    tunes.SetListIndex(-1);
+    for (int index = 0; index < tunes.ListCount(); ++index) {
+        if (tunes.List(index) == alarm.tune) tunes.SetListIndex(index);
+    }
+    m_controls.chkSilence->setChecked(alarm.silence);
+    m_controls.tbNotes->SetTextRTF(alarm.note);
+}
+
+void AlarmForm::Browse(Toward direction, QLatin1StringView literal)
+{
+    ErrorTail{literal}([&] {
+        const auto step = [&] {
+            const ReadTransaction reading(g_dbPlanner);
+            return StepToAlarm(m_alarms, m_sAlarmDate, direction);
+        };
+        if (step()) return ShowAlarm(CurrentAlarm(m_alarms));
+        Tell(QStringLiteral("No more alarm events for the date ") + m_controls.maskAlarmDate->Text());
+    });
+}
+
+std::optional<bool> AlarmForm::HalfDay() const
+{
+    const int half = m_controls.halfDay->checkedId();
+    return half < 0 ? std::nullopt : std::optional(half == 1);
+}
+
+void AlarmForm::SetHalfDay(std::optional<bool> pm)
+{
+    m_controls.halfDay->setExclusive(false); // or the last one chosen could not be taken away
+    m_controls.opAMPM[0]->setChecked(pm == false);
+    m_controls.opAMPM[1]->setChecked(pm == true);
+    m_controls.halfDay->setExclusive(true);
+}
+
+QString AlarmForm::fnAlarmTimeText()
+{
+    const QString time = AlarmTimeText(m_controls.maskHour->Text(), m_controls.maskMinute->Text(), HalfDay());
+    if (time.isEmpty()) Tell(QStringLiteral("The time you have entered is not valid"));
+    return time;
+}
+
+void AlarmForm::btnOk_Click()
+{
+    m_controls.tbNotes->CommitPreedit();
+    if (m_mode == Mode::New) return AddAlarm();
+    ApplyDeletions();
+    Close();
+}
+
+void AlarmForm::AddAlarm()
+{
+    const Alarm alarm = {fnAlarmDateKey(m_dateOrder, m_controls.maskAlarmDate->Text()), fnAlarmTimeText(),
+                         m_controls.tbNotes->TextRTF(), m_controls.orlcmbTunes->Text(),
+                         m_controls.chkSilence->isChecked()};
+    if (!TellRefusal(alarm) && Store(alarm)) Close();
+}
+
+bool AlarmForm::TellRefusal(const Alarm& alarm)
+{
+    if (alarm.time.isEmpty()) return true; // told already
+    if (m_controls.tbNotes->IsEmpty()) {
+        Tell(QStringLiteral("Notes field cannot be empty"));
+        return true;
+    }
+    // An alarm of no date would never ring and never be seen again.
+    if (m_controls.maskAlarmDate->Text().contains(u'_')) {
+        Tell(QStringLiteral("The date you have entered is not complete"));
+        m_controls.maskAlarmDate->setFocus();
+        return true;
+    }
+    return false;
+}
+
+// Where the planner does not take it the window stays, with what was written.
+bool AlarmForm::Store(const Alarm& alarm)
+{
+    bool isStored = false;
+    QString problem;
+    m_turn(OkLiteral, [&] {
+        try {
+            subAddAlarmRecord(g_rsAlarm, alarm);
+            isStored = true;
+        } catch (const RunTimeError& error) {
+            LogError(error, OkLiteral);
+            problem = error.Description;
+        }
+    });
+    if (!problem.isEmpty()) Tell(problem, msgbox::Exclamation);
+    return isStored;
+}
+
+// What the cells hold is saved first, since reading the planner again would take it away.
+void AlarmForm::ApplyDeletions()
+{
+    m_turn(OkLiteral, [this] { subUnloadAlarmIcons(m_cells); });
+    ErrorTail{OkLiteral}([] {
+        const Recordset alarms = schema::OpenAlarms(g_dbPlanner);
+        g_rsAlarm.Close();
+        g_rsAlarm = alarms;
+    });
+}
+
+void AlarmForm::btnDelete_Click()
+{
+    const ErrorTail tail(DeleteLiteral);
+    Alarm shown = {
+        m_sAlarmDate, fnAlarmTimeText(), {}, m_controls.orlcmbTunes->Text(), m_controls.chkSilence->isChecked()};
+    if (shown.time.isEmpty()) return;
+    bool isFound = false;
+    tail([&] {
+        const ReadTransaction reading(g_dbPlanner);
+        isFound = GoToAlarmLike(m_alarms, shown);
+    });
+    if (!isFound || !tail([&] { m_alarms.Delete(); })) return;
+    tail([&] { m_alarms.MoveFirst(); });
+    ShowEmptyBoxes();
+    m_controls.chkSilence->setChecked(false);
+    m_controls.orlcmbTunes->SetListIndex(-1);
+    m_controls.tbNotes->SetTextRTF({});
+}
+
+void AlarmForm::btnCancel_Click()
+{
+    Close();
+}
+
+// The clock goes on, as after every way out but Esc.
+void AlarmForm::Close()
+{
+    m_tmAlarm.SetEnabled(true);
+    accept();
+}
+
+void AlarmForm::closeEvent(QCloseEvent* event)
+{
+    guard(OkLiteral, [this] {
+        if (m_mode == Mode::Browse) ApplyDeletions();
+        Close();
+    });
+    event->accept();
+}
+
+void AlarmForm::picPlay_MouseUp()
+{
+    m_played = m_controls.orlcmbTunes->Text();
+    const QString problem = PlayTune(m_played);
+    if (!problem.isEmpty()) MsgBox(problem);
+}
+
+void AlarmForm::picStop_MouseUp()
+{
+    StopTune(m_controls.orlcmbTunes->Text());
+}
+
+// A box that is disabled takes neither wheel nor keys; a long note must be readable all the same.
+QScrollBar* AlarmForm::ScrollBarOfBrowsedNote() const
+{
+    return m_mode == Mode::Browse ? m_controls.tbNotes->verticalScrollBar() : nullptr;
+}
+
+void AlarmForm::wheelEvent(QWheelEvent* event)
+{
+    QScrollBar* bar = ScrollBarOfBrowsedNote();
+    if (!bar) return QDialog::wheelEvent(event);
+    bar->setValue(bar->value() - event->angleDelta().y());
+}
+
+void AlarmForm::keyPressEvent(QKeyEvent* event)
+{
+    QScrollBar* bar = ScrollBarOfBrowsedNote();
+    const int pages = event->key() == Qt::Key_PageDown ? 1 : event->key() == Qt::Key_PageUp ? -1 : 0;
+    if (!bar || pages == 0) return QDialog::keyPressEvent(event); // Esc closes
+    bar->setValue(bar->value() + pages * bar->pageStep());
+}

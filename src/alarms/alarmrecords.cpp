@@ -1,0 +1,94 @@
+#include "alarms/alarmrecords.h"
+
+#include "platform/engine/recordset.h"
+
+namespace {
+const QString DateField = QStringLiteral("Alarm Date");
+const QString TimeField = QStringLiteral("Alarm Time");
+const QString NoteField = QStringLiteral("Alarm Note");
+const QString TuneField = QStringLiteral("Music Path");
+const QString SilenceField = QStringLiteral("Silence");
+
+QString DateOf(const Recordset& alarms)
+{
+    return alarms.Fields(DateField).toString();
+}
+
+// True where the walk stands behind the table's last record in its direction.
+bool IsPast(const Recordset& alarms, Toward direction)
+{
+    return direction == Toward::Next ? alarms.EOF_() : alarms.BOF();
+}
+
+void Step(Recordset& alarms, Toward direction)
+{
+    if (direction == Toward::Next) {
+        alarms.MoveNext();
+    } else {
+        alarms.MovePrevious();
+    }
+}
+
+bool StepOnce(Recordset& alarms, const QString& date, Toward direction)
+{
+    do {
+        Step(alarms, direction);
+    } while (!IsPast(alarms, direction) && DateOf(alarms) != date);
+    return !IsPast(alarms, direction);
+}
+
+void GoToEnd(Recordset& alarms)
+{
+    alarms.MoveLast();
+    alarms.MoveNext();
+}
+} // namespace
+
+Alarm CurrentAlarm(const Recordset& alarms)
+{
+    return {DateOf(alarms), alarms.Fields(TimeField).toString(), alarms.Fields(NoteField).toByteArray(),
+            alarms.Fields(TuneField).toString(), alarms.Fields(SilenceField).toBool()};
+}
+
+void subAddAlarmRecord(Recordset& alarms, const Alarm& alarm)
+{
+    alarms.AddNew();
+    alarms.SetField(DateField, alarm.date);
+    alarms.SetField(TimeField, alarm.time);
+    alarms.SetField(NoteField, alarm.note);
+    alarms.SetField(TuneField, alarm.tune);
+    alarms.SetField(SilenceField, alarm.silence);
+    alarms.Update();
+}
+
+bool StepToAlarm(Recordset& alarms, const QString& date, Toward direction)
+{
+    if (IsPast(alarms, direction)) return false;
+    const bool isAtFarEnd = IsPast(alarms, direction == Toward::Next ? Toward::Previous : Toward::Next);
+    if (isAtFarEnd && !StepOnce(alarms, date, direction)) return false;
+    return StepOnce(alarms, date, direction);
+}
+
+bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm)
+{
+    const auto isAlike = [&] {
+        return DateOf(alarms) == alarm.date && alarms.Fields(TimeField).toString() == alarm.time &&
+               alarms.Fields(TuneField).toString() == alarm.tune &&
+               alarms.Fields(SilenceField).toBool() == alarm.silence;
+    };
+    for (alarms.MoveFirst(); !alarms.EOF_() && !isAlike();)
+        alarms.MoveNext();
+    return !alarms.EOF_();
+}
+
+bool GoToDueAlarm(Recordset& alarms, const QString& date, const QString& time)
+{
+    alarms.Seek(QStringLiteral("="), date);
+    bool isOfDate = !alarms.NoMatch();
+    while (isOfDate && alarms.Fields(TimeField).toString() != time) {
+        alarms.MoveNext();
+        isOfDate = !alarms.EOF_() && DateOf(alarms) == date;
+    }
+    if (!isOfDate) GoToEnd(alarms);
+    return isOfDate;
+}

@@ -1,0 +1,44 @@
+#include "alarms/tunes.h"
+
+#include "platform/desktop/folders.h"
+#include "platform/desktop/sound.h"
+
+#include <QDir>
+
+namespace {
+const QLatin1StringView WaveEnding(".wav");
+
+// A tune's name comes with the planner, perhaps from somebody else: it leads to no other folder. Without a path there
+// is no file.
+QString PathOf(const QString& tune)
+{
+    return tune.contains(u'/') ? QString() : folders::MediaDirectory() + u'/' + tune;
+}
+} // namespace
+
+QStringList ListTunes()
+{
+    // The name filters of a folder take any letter case.
+    const QDir media(folders::MediaDirectory());
+    const auto sorted = QDir::Name | QDir::IgnoreCase;
+    return media.entryList({QStringLiteral("*.wav")}, QDir::Files, sorted) +
+           media.entryList({QStringLiteral("*.mid")}, QDir::Files, sorted);
+}
+
+QString PlayTune(const QString& tune)
+{
+    const QString path = PathOf(tune);
+    if (tune.endsWith(WaveEnding, Qt::CaseInsensitive)) {
+        sndPlaySoundA(path, sound::Asynchronous | sound::NoDefault);
+        return {};
+    }
+    mciSendStringA(QStringLiteral("close ") + path);
+    if (const int error = mciSendStringA(QStringLiteral("open ") + path + QStringLiteral(" type sequencer")))
+        return mciGetErrorStringA(error);
+    return mciGetErrorStringA(mciSendStringA(QStringLiteral("play ") + path));
+}
+
+void StopTune(const QString& tune)
+{
+    mciSendStringA(QStringLiteral("close ") + PathOf(tune));
+}

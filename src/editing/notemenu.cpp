@@ -1,0 +1,67 @@
+#include "editing/notemenu.h"
+
+#include "editing/textstyles.h"
+#include "platform/controls/postkey.h"
+#include "platform/runtime/errortail.h"
+
+#include <QMenu>
+
+namespace {
+struct KeyRow // a command that is a keystroke of the box
+{
+    const char* name;
+    const char* caption;
+    int key;
+    Qt::KeyboardModifier modifier;
+};
+constexpr KeyRow KeyRows[] = {
+    {"mnuCut", "Cut", Qt::Key_Delete, Qt::ShiftModifier},
+    {"mnuCopy", "Copy", Qt::Key_Insert, Qt::ControlModifier},
+    {"mnuPaste", "Paste", Qt::Key_Insert, Qt::ShiftModifier},
+};
+
+struct StyleRow // one that turns a style of the selection on and off
+{
+    const TextStyle& style;
+    const char* caption;
+    const char* shortcut;
+};
+constexpr StyleRow StyleRows[] = {
+    {Bold, "Bold", "Ctrl+B"},
+    {Italic, "Italic", "Ctrl+I"},
+    {StrikeThru, "Strikethrough", "Ctrl+T"},
+    {Underline, "Underline", "Ctrl+U"},
+};
+
+void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* form)
+{
+    const QByteArray literal = QByteArray(" in ") + form + ", " + row.style.command + "_Click";
+    QAction* action = menu.addAction(QString::fromLatin1(row.caption), &box, [&box, &row, literal] {
+        ErrorTail{QLatin1StringView(literal)}([&] { Toggle(box, row.style); });
+    });
+    action->setObjectName(QString::fromLatin1(row.style.command));
+    action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+    action->setShortcutContext(Qt::WidgetShortcut);
+    box.addAction(action);
+}
+} // namespace
+
+QMenu* AddNoteMenu(RichTextBox& box, const char* form)
+{
+    auto* menu = new QMenu(&box);
+    menu->setObjectName(QStringLiteral("mnuRightMouse"));
+    for (const KeyRow& row : KeyRows) {
+        menu->addAction(QString::fromLatin1(row.caption), &box, [&box, &row] { PostKey(box, row.key, row.modifier); })
+            ->setObjectName(QString::fromLatin1(row.name));
+    }
+    menu->addSeparator();
+    for (const StyleRow& row : StyleRows)
+        AddStyle(*menu, box, row, form);
+    QObject::connect(&box, &RichTextBox::MouseDown, menu, [&box, menu](int button, const QPoint& at) {
+        constexpr int RightButton = 2;
+        if (button != RightButton) return;
+        box.setFocus();
+        menu->popup(at);
+    });
+    return menu;
+}

@@ -1,0 +1,32 @@
+// The sound device behind SDL_mixer: one channel for waves and one for music. Knows no files.
+#pragma once
+
+#include <QBasicTimer>
+#include <QByteArray>
+#include <QObject>
+
+struct Mix_Chunk;
+struct _Mix_Music;
+
+class Mixer : public QObject
+{
+public:
+    // The contents are those of ReadWave and ReadMidi. They play in place of what plays in their channel and answer 0
+    // or a sound::Error.
+    int PlayWave(const QByteArray& content);
+    int PlayMusic(const QByteArray& content);
+    void StopMusic();
+    void Close(); // stops everything
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    bool Open();
+
+    Mix_Chunk* m_wave = nullptr;
+    _Mix_Music* m_music = nullptr;
+    bool m_open = false;
+    bool m_idle = false; // at the last check
+    QBasicTimer m_idleCheck;
+};

@@ -1,0 +1,188 @@
+#include "alarmtesting.h"
+
+// The alarm clock over a day, and the window that it opens. The program is on the 17th of March 1999, 9:30.
+class AlarmClockTest : public QObject
+{
+    Q_OBJECT
+
+    const QDate m_today{1999, 3, 17};
+    std::unique_ptr<Program> m_program;
+
+    // Lets the clock tick; what it shows is closed at once. Gives the notes that were shown.
+    QStringList TickAt(const QDateTime& now)
+    {
+        desktopclock::SetForTests(now);
+        QStringList notes;
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            notes += In<RichTextBox>(form, "tbNotes").Text();
+            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
+        });
+        m_program->Tick("tmAlarm");
+        DropAnswers();
+        return notes;
+    }
+    QStringList TickAt(int hour, int minute, int second = 0)
+    {
+        return TickAt(QDateTime(m_today, QTime(hour, minute, second)));
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+        m_program->New(QStringLiteral("mine.mdb"));
+    }
+    void cleanup() { m_program.reset(); }
+
+    void eachAlarmRingsInItsMinute()
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "00:00", "midnight"), MakeAlarm("1999/3/17", "13:05", "lunch"),
+                   MakeAlarm("1999/3/17", "23:59", "late"), MakeAlarm("1999/3/17", "7:05", "of old"),
+                   MakeAlarm("1999/3/18", "00:00", "tomorrow"), MakeAlarm("1999/3/16", "13:05", "yesterday"),
+                   MakeAlarm("1999/03/17", "13:05", "padded"), MakeAlarm("1999/3/1", "13:05", "like it")});
+        QStringList rung;
+        const QDateTime start(m_today, QTime(0, 0));
+        for (int tick = 0; tick <= 24 * 60 * 2; ++tick) { // two a minute
+            const QDateTime now = start.addSecs(tick * 30);
+            for (const QString& note : TickAt(now))
+                rung += now.toString(QStringLiteral("d hh:mm:ss ")) + note;
+        }
+        QCOMPARE(rung, QStringList({QStringLiteral("17 00:00:00 midnight"), QStringLiteral("17 13:05:00 lunch"),
+                                    QStringLiteral("17 23:59:00 late"), QStringLiteral("18 00:00:00 tomorrow")}));
+        QCOMPARE(StoredAlarms().size(), 8);
+    }
+
+    void oneOfTwo()
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "first"), MakeAlarm("1999/3/17", "09:30", "second")});
+        QCOMPARE(TickAt(9, 30), QStringList(QStringLiteral("first")));
+        QCOMPARE(g_rsAlarm.Fields(QStringLiteral("Alarm Note")).toByteArray(), QByteArray("first"));
+        QCOMPARE(TickAt(9, 30, 50), QStringList());
+        QCOMPARE(TickAt(9, 31), QStringList());
+        QVERIFY(g_rsAlarm.EOF_());
+        QCOMPARE(TickAt(9, 30), QStringList(QStringLiteral("first"))); // the clock was turned back
+    }
+
+    // Against a plain walk through the whole table, which is what the search by date stands for.
+    void findsWhatAWalkWouldFind()
+    {
+        for (int i = 0; i < 300; ++i) {
+            const QByteArray date = "1999/3/" + QByteArray::number(i * 7 % 31 + 1);
+            const QByteArray time = i * 11 % 2 ? "09:30" : "10:00";
+            AddAlarms({MakeAlarm(date.constData(), time.constData(), QByteArray::number(i).constData())});
+        }
+        for (int day = 1; day <= 31; ++day) {
+            const QDateTime now(QDate(1999, 3, day), QTime(day % 2 ? 10 : 9, day % 2 ? 0 : 30));
+            const QString date = now.toString(QStringLiteral("yyyy/M/d"));
+            QStringList expected;
+            for (g_rsAlarm.MoveFirst(); !g_rsAlarm.EOF_() && expected.isEmpty(); g_rsAlarm.MoveNext()) {
+                const Alarm alarm = CurrentAlarm(g_rsAlarm);
+                const bool isDue = alarm.date == date && alarm.time == now.toString(QStringLiteral("hh:mm"));
+                if (isDue) expected += QString::fromLatin1(alarm.note);
+            }
+            QCOMPARE(TickAt(now), expected);
+        }
+    }
+
+    void anEmptyTableStaysQuiet()
+    {
+        QCOMPARE(TickAt(9, 30), QStringList());
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "too late"), MakeAlarm("1999/3/17", "09:31", "in time")});
+        QCOMPARE(TickAt(9, 30, 10), QStringList()); // this minute was looked at before
+        QCOMPARE(TickAt(9, 31), QStringList(QStringLiteral("in time")));
+        QCOMPARE(m_program->Log(), QByteArray());
+    }
+
+    void anotherPlannerInTheSameMinute()
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "mine"), MakeAlarm("1999/3/17", "09:31", "mine")});
+        m_program->New(QStringLiteral("other.mdb"));
+        QCOMPARE(TickAt(9, 30), QStringList());
+        m_program->Open(QStringLiteral("mine.mdb"));
+        QCOMPARE(TickAt(9, 30, 20), QStringList());
+        QCOMPARE(TickAt(9, 31), QStringList(QStringLiteral("mine")));
+        g_sDBPath.clear();
+        QCOMPARE(TickAt(9, 30), QStringList());
+    }
+
+    void dueWhileOneIsShown()
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "first"), MakeAlarm("1999/3/17", "09:31", "second")});
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            desktopclock::SetForTests(QDateTime(m_today, QTime(9, 31)));
+            m_program->Tick("tmAlarm");
+            QCOMPARE(QApplication::activeModalWidget(), &form);
+            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), QStringLiteral("first"));
+            QCOMPARE(g_rsAlarm.Fields(QStringLiteral("Alarm Time")).toString(), QStringLiteral("09:30"));
+            QTest::keyClick(&form, Qt::Key_Escape);
+        });
+        m_program->Tick("tmAlarm");
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(TickAt(9, 31), QStringList()); // missed for good
+        QCOMPARE(TickAt(9, 32), QStringList());
+    }
+
+    // Keys that were meant for the work behind it leave the window open and its note as it is.
+    void theWindow()
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "{\\rtf1\\ansi a {\\b bold} note}")});
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            QCOMPARE(form.windowTitle(), QStringLiteral("Alarm Event"));
+            QVERIFY(form.windowFlags() & Qt::WindowStaysOnTopHint);
+            const QPoint off = form.frameGeometry().center() - form.screen()->availableGeometry().center();
+            QVERIFY(off.manhattanLength() < 8);
+            for (const Qt::Key key : {Qt::Key_X, Qt::Key_Space, Qt::Key_Return, Qt::Key_Backspace})
+                QTest::keyClick(form.focusWidget(), key);
+            QVERIFY(form.isVisible());
+            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), QStringLiteral("a bold note"));
+            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+            QTest::keyClick(form.focusWidget(), Qt::Key_Space);
+        });
+        m_program->Tick("tmAlarm");
+        QCOMPARE(WaitingAnswers(), 0);
+    }
+
+    void tunes_data()
+    {
+        QTest::addColumn<QString>("tune");
+        QTest::addColumn<bool>("silence");
+        QTest::addColumn<bool>("told");
+        QTest::newRow("missing music") << "gone.mid" << false << true;
+        QTest::newRow("no tune") << "" << false << true;
+        QTest::newRow("missing wave") << "gone.wav" << false << false;
+        QTest::newRow("silent") << "gone.mid" << true << false;
+    }
+
+    // What is told of a tune stands over the window, which is there already.
+    void tunes()
+    {
+        QFETCH(QString, tune);
+        QFETCH(bool, silence);
+        QFETCH(bool, told);
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", tune.toLatin1().constData(), silence)});
+        QString text;
+        bool isShownBefore = false;
+        if (told) {
+            OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                for (const QWidget* window : QApplication::topLevelWidgets())
+                    isShownBefore |= window->objectName() == u"AlarmEventForm" && window->isVisible();
+                text = box.windowTitle() + u':' + box.text();
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+        }
+        QCOMPARE(TickAt(9, 30).size(), 1);
+        QCOMPARE(isShownBefore, told);
+        QCOMPARE(text.startsWith(QStringLiteral("Orrelin:")), told);
+    }
+
+    void runsFromTheStart()
+    {
+        const auto* tmAlarm = m_program->form->findChild<Timer*>(QStringLiteral("tmAlarm"));
+        QVERIFY(tmAlarm->Enabled());
+        QCOMPARE(tmAlarm->Interval(), 10000);
+    }
+};
+
+QTEST_MAIN(AlarmClockTest)
+#include "alarmclocktest.moc"

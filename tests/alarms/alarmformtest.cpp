@@ -1,0 +1,480 @@
+#include "alarmtesting.h"
+#include "failingstore.h"
+#include "platform/profile/profile.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollBar>
+
+// The editor of alarms in both modes. The program shows March 1999; the 17th stands in cell 18.
+class AlarmFormTest : public QObject
+{
+    Q_OBJECT
+
+    const QString m_file = QStringLiteral("mine.mdb");
+    std::unique_ptr<Program> m_program;
+
+    bool ClockRuns() const { return m_program->form->findChild<Timer*>(QStringLiteral("tmAlarm"))->Enabled(); }
+    QToolButton* Mark(int cell) const
+    {
+        auto* mark = m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(%1)").arg(cell));
+        return mark && !mark->isHidden() ? mark : nullptr;
+    }
+
+    static void Click(QWidget& form, const char* button)
+    {
+        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
+    }
+
+    // What the person does in the editor that the command opens.
+    void InEditor(const char* command, const std::function<void(AlarmForm&)>& act)
+    {
+        OnNextModal<AlarmForm>(act);
+        m_program->Trigger(command);
+        QCOMPARE(WaitingAnswers(), 0);
+        m_program->Activate();
+    }
+
+    // A row of what the boxes show.
+    static QString Row(AlarmForm& form)
+    {
+        const QString half = In<QRadioButton>(form, "opAMPM(0)").isChecked()   ? QStringLiteral("AM")
+                             : In<QRadioButton>(form, "opAMPM(1)").isChecked() ? QStringLiteral("PM")
+                                                                               : QStringLiteral("-");
+        return QStringList({Shown(form, "maskAlarmDate"), Shown(form, "maskHour"), Shown(form, "maskMinute"), half,
+                            In<ORLCombo>(form, "orlcmbTunes").Text(), In<RichTextBox>(form, "tbNotes").Text()})
+                   .join(u' ') +
+               (In<QCheckBox>(form, "chkSilence").isChecked() ? QStringLiteral(" silent") : QString());
+    }
+
+    static void FillIn(AlarmForm& form, const QString& hour, const QString& minute, const QString& note)
+    {
+        TypeAt(form, "maskHour", hour);
+        TypeAt(form, "maskMinute", minute);
+        In<RichTextBox>(form, "tbNotes").setFocus();
+        QTest::keyClicks(&In<RichTextBox>(form, "tbNotes"), note);
+    }
+
+    static void WriteDateOrder(const QByteArray& iDate)
+    {
+        WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("iDate"), QString::fromLatin1(iDate),
+                                   QStringLiteral("WIN.INI"));
+    }
+
+    void ExpectBox(const QString& text, QMessageBox::Icon icon = QMessageBox::Information)
+    {
+        OnNextModal<QMessageBox>([=](QMessageBox& box) {
+            QCOMPARE(box.windowTitle(), QStringLiteral("Orrelin Help Wizard"));
+            QCOMPARE(box.text().remove(QChar(0x200B)), text);
+            QCOMPARE(box.icon(), icon);
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+        WriteDateOrder("0");
+    }
+    void cleanup()
+    {
+        m_program.reset();
+        DBEngine::SetStoreWrapperForTests(nullptr);
+    }
+
+    void refusals()
+    {
+        const QString none = QStringLiteral("No Planner Exists!\nUse 'File' | 'New' to create a new planner or\nUse "
+                                            "'File | Open' to open an existing planner");
+        const QString shared = QStringLiteral(
+            "Global alarm settings for a shared database is not allowed. You need to open the database as a 'Personal "
+            "Planner' to have exclusiveness to the database. Please read the helpfile (F1) for more information.");
+        for (const QString& text : {none, shared}) {
+            for (const char* command : {"mnuNewAlarm", "mnuChangeAlarms", "picAlarm"}) {
+                ExpectBox(text);
+                if (command == QByteArray("picAlarm")) {
+                    Press(*m_program->form, command);
+                    QTRY_COMPARE(WaitingAnswers(), 0);
+                    QVERIFY(In<PictureButton>(*m_program->form, command).Visible(0));
+                } else {
+                    m_program->Trigger(command);
+                }
+                QCOMPARE(WaitingAnswers(), 0);
+            }
+            if (!g_bDBShared) m_program->New(QStringLiteral("team.mdb"), true);
+        }
+        QVERIFY(ClockRuns());
+    }
+
+    void newAlarm_data()
+    {
+        QTest::addColumn<QByteArray>("order");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("proposed");
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("month first") << QByteArray("0") << "MM/DD/YYYY"
+                                     << "03/17/1999"
+                                     << "3/5/";
+        QTest::newRow("day first") << QByteArray("1") << "DD/MM/YYYY"
+                                   << "17/03/1999"
+                                   << "5/3/";
+        QTest::newRow("year first") << QByteArray("2") << "YYYY/MM/DD"
+                                    << "1999/03/17"
+                                    << "1999/3/5/";
+    }
+
+    void newAlarm()
+    {
+        QFETCH(QByteArray, order);
+        WriteDateOrder(order);
+        PutTune("b.mid");
+        PutTune("a.wav");
+        m_program->New(m_file);
+        m_program->Type(18, QStringLiteral("typed"));
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+            QVERIFY(!ClockRuns());
+            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), QStringLiteral("New Alarm Event"));
+            QTEST(In<QLabel>(form, "lblDateFormat").text(), "label");
+            QTEST(Shown(form, "maskAlarmDate"), "proposed");
+            QVERIFY(!In<QGroupBox>(form, "frBrowseAlarm").isEnabled());
+            QVERIFY(!In<QPushButton>(form, "btnDelete").isEnabled());
+            QVERIFY(In<PictureButton>(form, "picLeftSpin").Visible(0));
+            auto& tunes = In<ORLCombo>(form, "orlcmbTunes");
+            QCOMPARE(tunes.List(0) + tunes.List(tunes.ListCount() - 1), QStringLiteral("a.wavb.mid"));
+            QCOMPARE(tunes.Text(), QString());
+            QFETCH(QString, typed);
+            TypeAt(form, "maskAlarmDate", typed);
+            FillIn(form, QStringLiteral("12"), QStringLiteral("30"), QStringLiteral("lunch"));
+            In<QRadioButton>(form, "opAMPM(0)").click();
+            QTest::keyClick(&tunes, Qt::Key_End);
+            Click(form, "btnOk");
+        });
+        QVERIFY(ClockRuns());
+        QCOMPARE(StoredAlarms(), QStringList(QStringLiteral("1999/3/5 00:30 lunch b.mid")));
+        QVERIFY(Mark(m_program->CellOf(5)) && !Mark(18));
+        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("typed"));
+        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("typed"));
+        QCOMPARE(m_program->Log(), QByteArray());
+    }
+
+    void badInput_data()
+    {
+        QTest::addColumn<QString>("date");
+        QTest::addColumn<QString>("hour");
+        QTest::addColumn<QString>("minute");
+        QTest::addColumn<QString>("note");
+        QTest::addColumn<QString>("told");
+        const QString time = QStringLiteral("The time you have entered is not valid");
+        QTest::newRow("hour 0") << ""
+                                << "00"
+                                << "00"
+                                << "x" << time;
+        QTest::newRow("hour 13") << ""
+                                 << "13"
+                                 << "00"
+                                 << "x" << time;
+        QTest::newRow("minute 60") << ""
+                                   << "12"
+                                   << "60"
+                                   << "x" << time;
+        QTest::newRow("no time, no note") << ""
+                                          << ""
+                                          << ""
+                                          << "" << time;
+        QTest::newRow("no note") << ""
+                                 << "09"
+                                 << "00"
+                                 << "" << QStringLiteral("Notes field cannot be empty");
+        QTest::newRow("half a date") << "Del"
+                                     << "09"
+                                     << "00"
+                                     << "x" << QStringLiteral("The date you have entered is not complete");
+    }
+
+    // Each is told once, and leaves the window as it was filled in.
+    void badInput()
+    {
+        QFETCH(QString, date);
+        QFETCH(QString, hour);
+        QFETCH(QString, minute);
+        QFETCH(QString, note);
+        QFETCH(QString, told);
+        m_program->New(m_file);
+        m_program->Click(18);
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+            FillIn(form, hour, minute, note);
+            In<MaskEdBox>(form, "maskAlarmDate").setCursorPosition(0);
+            if (!date.isEmpty()) QTest::keyClick(&In<MaskEdBox>(form, "maskAlarmDate"), Qt::Key_Delete);
+            ExpectBox(told);
+            Click(form, "btnOk");
+            QCOMPARE(WaitingAnswers(), 0);
+            QVERIFY(form.isVisible());
+            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
+            Click(form, "btnCancel");
+        });
+        QCOMPARE(StoredAlarms(), QStringList());
+        QVERIFY(ClockRuns());
+    }
+
+    void aPlannerThatTakesNothing()
+    {
+        auto plan = std::make_shared<FailurePlan>();
+        DBEngine::SetStoreWrapperForTests(
+            [plan](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, plan); });
+        m_program->New(m_file);
+        m_program->Click(18);
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+            FillIn(form, QStringLiteral("9"), QStringLiteral("00"), QStringLiteral("kept"));
+            *plan = {1, FailurePlan::Before, {3026, QStringLiteral("The disk is full")}, QStringLiteral("Insert")};
+            ExpectBox(QStringLiteral("The disk is full"), QMessageBox::Warning);
+            Click(form, "btnOk");
+            QVERIFY(form.isVisible());
+            Click(form, "btnOk");
+        });
+        QCOMPARE(StoredAlarms(), QStringList(QStringLiteral("1999/3/17 09:00 kept ")));
+    }
+
+    void memoCellsHaveNoDate()
+    {
+        m_program->New(m_file);
+        m_program->Click(1);
+        QVERIFY(m_program->Panel(1).Caption().contains(QStringLiteral("Memo")));
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+            QCOMPARE(Shown(form, "maskAlarmDate"), QStringLiteral("__/__/____"));
+            QCOMPARE(form.focusWidget(), &In<QWidget>(form, "maskAlarmDate"));
+            TypeAt(form, "maskAlarmDate", QStringLiteral("02311999"));
+            FillIn(form, QStringLiteral("9"), QStringLiteral("5"), QStringLiteral("never"));
+            QTest::keyClick(&In<MaskEdBox>(form, "maskHour"), Qt::Key_Return);
+        });
+        QCOMPARE(StoredAlarms(), QStringList(QStringLiteral("1999/2/31 09:05 never ")));
+    }
+
+    void steps()
+    {
+        m_program->New(m_file);
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+            const auto press = [&](const char* picture, const char* box) {
+                Press(form, picture);
+                return Shown(form, box);
+            };
+            QCOMPARE(press("picHourDn", "maskHour"), QStringLiteral("12"));
+            QCOMPARE(press("picHourUp", "maskHour"), QStringLiteral("01"));
+            QCOMPARE(press("picMinuteUp", "maskMinute"), QStringLiteral("01"));
+            QCOMPARE(press("picMinuteDn", "maskMinute"), QStringLiteral("00"));
+            auto& up = In<PictureButton>(form, "picHourUp");
+            up.setFocus();
+            QTest::keyPress(&up, Qt::Key_Space);
+            QVERIFY(up.Visible(1) && !up.Visible(0));
+            QCOMPARE(Shown(form, "maskHour"), QStringLiteral("01"));
+            QTest::keyRelease(&up, Qt::Key_Space);
+            QVERIFY(up.Visible(0) && !up.Visible(1));
+            QCOMPARE(Shown(form, "maskHour"), QStringLiteral("02"));
+            auto& stop = In<PictureButton>(form, "picStop");
+            QVERIFY(stop.Visible(1));
+            QTest::mousePress(&stop, Qt::LeftButton);
+            QVERIFY(stop.Visible(0) && !stop.Visible(1));
+            QTest::mouseRelease(&stop, Qt::LeftButton);
+            Click(form, "btnCancel");
+        });
+    }
+
+    void waysOut_data()
+    {
+        QTest::addColumn<QByteArray>("command");
+        QTest::addColumn<QByteArray>("way");
+        QTest::addColumn<bool>("runs");
+        QTest::newRow("cancel") << QByteArray("mnuNewAlarm") << QByteArray("btnCancel") << true;
+        QTest::newRow("esc") << QByteArray("mnuNewAlarm") << QByteArray("esc") << false;
+        QTest::newRow("close box") << QByteArray("mnuNewAlarm") << QByteArray("close") << true;
+        QTest::newRow("browsed, ok") << QByteArray("mnuChangeAlarms") << QByteArray("btnOk") << true;
+        QTest::newRow("browsed, esc") << QByteArray("mnuChangeAlarms") << QByteArray("esc") << false;
+        QTest::newRow("browsed, close box") << QByteArray("mnuChangeAlarms") << QByteArray("close") << true;
+    }
+
+    void waysOut()
+    {
+        QFETCH(QByteArray, command);
+        QFETCH(QByteArray, way);
+        m_program->New(m_file);
+        InEditor(command.constData(), [&](AlarmForm& form) {
+            QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), command == "mnuNewAlarm");
+            if (way == "esc") {
+                QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+            } else if (way == "close") {
+                form.close();
+            } else {
+                Click(form, way.constData());
+            }
+        });
+        QTEST(ClockRuns(), "runs");
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) { Click(form, "btnCancel"); });
+        QVERIFY(ClockRuns());
+        QCOMPARE(m_program->Log(), QByteArray());
+    }
+
+    void browsing()
+    {
+        PutTune("a.wav");
+        m_program->New(m_file);
+        AddAlarms({MakeAlarm("1999/3/16", "09:00", "before"), MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
+                   MakeAlarm("1999/3/18", "09:00", "after"), MakeAlarm("1999/3/17", "00:30", "two", "gone.wav", false),
+                   MakeAlarm("1999/3/17", "12:00", "three")});
+        m_program->Click(18);
+        InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
+            const QString one = QStringLiteral("03/17/1999 07 05 AM a.wav one silent");
+            const QString two = QStringLiteral("03/17/1999 12 30 AM  two");
+            const QString three = QStringLiteral("03/17/1999 12 00 PM  three silent");
+            const auto step = [&](const char* picture, const QString& shown, bool told) {
+                if (told) ExpectBox(QStringLiteral("No more alarm events for the date 03/17/1999"));
+                Press(form, picture);
+                QCOMPARE(WaitingAnswers(), 0);
+                QCOMPARE(Row(form), shown);
+            };
+            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), QStringLiteral("Browse/Edit Alarm Event"));
+            for (const char* disabled : {"maskAlarmDate", "maskHour", "maskMinute", "opAMPM(0)", "opAMPM(1)",
+                                         "orlcmbTunes", "chkSilence", "tbNotes"})
+                QVERIFY2(!In<QWidget>(form, disabled).isEnabled(), disabled);
+            QVERIFY(In<PictureButton>(form, "picRightSpin").Visible(2));
+            QCOMPARE(Row(form), one);
+            step("picRightSpin", two, false);
+            step("picRightSpin", three, false);
+            step("picLeftSpin", two, false);
+            step("picRightSpin", three, false);
+            step("picRightSpin", three, true);
+            step("picRightSpin", three, true); // the walk stands at the end of the table
+            step("picLeftSpin", two, false);   // it goes back to the last one first, and from there one on
+            step("picLeftSpin", one, false);
+            step("picLeftSpin", one, true);
+            step("picRightSpin", two, false); // likewise from the other end: the first one is passed over
+            Click(form, "btnOk");
+        });
+        QCOMPARE(m_program->Log(), QByteArray());
+    }
+
+    void browsingADayWithoutAlarms()
+    {
+        m_program->New(m_file);
+        for (const bool isTableEmpty : {true, false}) {
+            if (!isTableEmpty)
+                AddAlarms({MakeAlarm("1999/3/16", "09:00", "before"), MakeAlarm("1999/3/18", "9:00", "x")});
+            m_program->Click(18);
+            InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
+                for (const char* picture : {"picLeftSpin", "picRightSpin", "picLeftSpin"}) {
+                    ExpectBox(QStringLiteral("No more alarm events for the date __/__/____"));
+                    Press(form, picture);
+                }
+                QCOMPARE(Row(form), QStringLiteral("__/__/____ __ __ -  "));
+                Click(form, "btnOk");
+            });
+        }
+    }
+
+    // Of alarms that are alike in four fields the first goes, whichever note is shown.
+    void deleting()
+    {
+        PutTune("a.wav");
+        m_program->New(m_file);
+        AddAlarms({MakeAlarm("1999/3/17", "09:00", "other time", "a.wav"),
+                   MakeAlarm("1999/3/17", "10:00", "loud", "a.wav", false), MakeAlarm("1999/3/17", "10:00", "tuneless"),
+                   MakeAlarm("1999/3/17", "10:00", "first", "a.wav"),
+                   MakeAlarm("1999/3/17", "10:00", "second", "a.wav"),
+                   MakeAlarm("1999/3/16", "10:00", "other day", "a.wav")});
+        m_program->Trigger("mnuSave");
+        QVERIFY(Mark(18));
+        m_program->Click(18);
+        InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
+            for (int i = 0; i < 4; ++i)
+                Press(form, "picRightSpin");
+            QVERIFY(Row(form).contains(QStringLiteral("second")));
+            Click(form, "btnDelete");
+            QVERIFY(form.isVisible());
+            QCOMPARE(Row(form), QStringLiteral("__/__/____ __ __ -  "));
+            ExpectBox(QStringLiteral("The time you have entered is not valid"));
+            Click(form, "btnDelete"); // nothing is shown now
+            Click(form, "btnOk");
+        });
+        QCOMPARE(StoredAlarms().size(), 5);
+        QVERIFY(StoredAlarms().join(u',').contains(QStringLiteral("second")));
+        QVERIFY(!StoredAlarms().join(u',').contains(QStringLiteral("first")));
+        QVERIFY(Mark(18));
+    }
+
+    void theMarkGoesAtOkOnly_data()
+    {
+        QTest::addColumn<bool>("ok");
+        QTest::newRow("ok") << true;
+        QTest::newRow("esc") << false;
+    }
+
+    void theMarkGoesAtOkOnly()
+    {
+        QFETCH(bool, ok);
+        m_program->New(m_file);
+        AddAlarms({MakeAlarm("1999/3/17", "10:00", "only")});
+        m_program->Trigger("mnuSave");
+        m_program->Type(19, QStringLiteral("unsaved"));
+        OnNextModal<AlarmForm>([&](AlarmForm& form) {
+            QVERIFY(Row(form).contains(QStringLiteral("only")));
+            Click(form, "btnDelete");
+            QVERIFY(Mark(18));
+            if (ok) Click(form, "btnOk");
+            if (!ok) QTest::keyClick(&form, Qt::Key_Escape);
+        });
+        QTest::mouseClick(Mark(18), Qt::LeftButton);
+        QTRY_COMPARE(WaitingAnswers(), 0);
+        QTRY_COMPARE(Mark(18) == nullptr, ok);
+        QCOMPARE(StoredAlarms(), QStringList());
+        QCOMPARE(m_program->Box(19).Text(), QStringLiteral("unsaved"));
+        if (!ok) return;
+        QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock sees that the table is empty
+        m_program->Activate();
+        AddAlarms({MakeAlarm("1999/3/17", "11:00", "new")});
+        QVERIFY(!g_rsAlarm.EOF_());
+    }
+
+    // In a workgroup's planner the mark is the one way in; what stands in a locked day is stored before.
+    void theMarkInAWorkgroup()
+    {
+        m_program->New(QStringLiteral("team.mdb"), true);
+        AddAlarms({MakeAlarm("1999/3/17", "10:00", "ours")});
+        m_program->Trigger("mnuRefresh");
+        m_program->Click(20);
+        m_program->Trigger("mnuLockDay");
+        QTest::keyClicks(&m_program->Box(20), QStringLiteral("locked"));
+        OnNextModal<AlarmForm>([&](AlarmForm& form) {
+            QVERIFY(m_program->Stored(QStringLiteral("team.mdb"), QStringLiteral("1999/3/19")).contains("locked"));
+            Click(form, "btnDelete");
+            Click(form, "btnOk");
+        });
+        QTest::mouseClick(Mark(18), Qt::LeftButton);
+        QTRY_COMPARE(WaitingAnswers(), 0);
+        QTRY_VERIFY(!Mark(18));
+        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("locked"));
+        QVERIFY(m_program->form->findChild<PictureButton*>(QStringLiteral("picLock"))->Visible(0));
+    }
+
+    void aLongNoteCanBeReadThrough()
+    {
+        m_program->New(m_file);
+        AddAlarms({MakeAlarm("1999/3/17", "10:00", QByteArray("line\n").repeated(200).constData())});
+        m_program->Click(18);
+        InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
+            const QScrollBar& bar = *In<RichTextBox>(form, "tbNotes").verticalScrollBar();
+            QTest::keyClick(form.focusWidget(), Qt::Key_PageDown);
+            const int one = bar.value();
+            QVERIFY(one > 0);
+            QWheelEvent wheel(QPointF(), QPointF(), {}, QPoint(0, -120), {}, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&form, &wheel);
+            const int further = bar.value();
+            QVERIFY(further > one);
+            QTest::keyClick(form.focusWidget(), Qt::Key_PageUp);
+            QVERIFY(bar.value() < further);
+            Click(form, "btnOk");
+        });
+    }
+};
+
+QTEST_MAIN(AlarmFormTest)
+#include "alarmformtest.moc"

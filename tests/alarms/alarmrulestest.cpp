@@ -1,0 +1,138 @@
+#include "alarms/alarmrules.h"
+
+#include "calendar/dateorder.h"
+#include "platform/runtime/errortail.h"
+
+#include <QLocale>
+#include <QTest>
+#include <QTime>
+
+// Dates and times of alarms, without windows.
+class AlarmRulesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { g_bErrorTrap = true; }
+
+    // Each minute as the toolkit writes it in both ways.
+    void aWholeDay()
+    {
+        for (QTime time(0, 0);;) {
+            const QString stored = time.toString(QStringLiteral("HH:mm"));
+            const QStringList shown = QLocale::c().toString(time, QStringLiteral("hh mm AP")).split(u' ');
+            QCOMPARE(AlarmTimeText(shown[0], shown[1], shown[2] == u"PM"), stored);
+            const ShownTime back = ShownTimeOf(stored);
+            QCOMPARE(QStringList({back.hour, back.minute, back.pm ? QStringLiteral("PM") : QStringLiteral("AM")}),
+                     shown);
+            QCOMPARE(AlarmTimeOf(QDateTime(QDate(1999, 7, 4), time.addSecs(59))), stored);
+            time = time.addSecs(60);
+            if (time == QTime(0, 0)) break;
+        }
+    }
+
+    void times_data()
+    {
+        QTest::addColumn<QString>("hour");
+        QTest::addColumn<QString>("minute");
+        QTest::addColumn<int>("half"); // 2: none is chosen
+        QTest::addColumn<QString>("time");
+        QTest::newRow("hour 0") << "00"
+                                << "00" << 0 << "";
+        QTest::newRow("hour 13") << "13"
+                                 << "00" << 1 << "";
+        QTest::newRow("minute 60") << "12"
+                                   << "60" << 0 << "";
+        QTest::newRow("empty") << "__"
+                               << "__" << 2 << "";
+        QTest::newRow("no minute") << "09"
+                                   << "__" << 0 << "09:00";
+        QTest::newRow("one digit") << "9_"
+                                   << "5_" << 0 << "09:05";
+        QTest::newRow("no half, noon") << "12"
+                                       << "30" << 2 << "12:30";
+        QTest::newRow("no half, morning") << "09"
+                                          << "30" << 2 << "09:30";
+    }
+
+    void times()
+    {
+        QFETCH(QString, hour);
+        QFETCH(QString, minute);
+        QFETCH(int, half);
+        QTEST(AlarmTimeText(hour, minute, half == 2 ? HalfDay() : HalfDay(half == 1)), "time");
+    }
+
+    void olderTimes()
+    {
+        const ShownTime time = ShownTimeOf(QStringLiteral("7:05"));
+        QCOMPARE(time.hour + time.minute, QStringLiteral("0705"));
+        QVERIFY(!time.pm);
+    }
+
+    void steps_data()
+    {
+        using Step = QString (*)(const QString&);
+        QTest::addColumn<Step>("step");
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("last");
+        QTest::addColumn<int>("direction");
+        QTest::addColumn<QString>("ofNothing");
+        QTest::newRow("hour up") << Step(HourUp) << 1 << 12 << 1 << "01";
+        QTest::newRow("hour down") << Step(HourDown) << 1 << 12 << -1 << "12";
+        QTest::newRow("minute up") << Step(MinuteUp) << 0 << 59 << 1 << "01";
+        QTest::newRow("minute down") << Step(MinuteDown) << 0 << 59 << -1 << "59";
+    }
+
+    void steps()
+    {
+        using Step = QString (*)(const QString&);
+        QFETCH(Step, step);
+        QFETCH(int, first);
+        QFETCH(int, last);
+        QFETCH(int, direction);
+        QTEST(step(QStringLiteral("__")), "ofNothing");
+        const int count = last - first + 1;
+        for (int value = first; value <= last; ++value) {
+            const int expected = first + (value - first + direction + count) % count;
+            QCOMPARE(step(QString::number(value)), QStringLiteral("%1").arg(expected, 2, 10, QChar(u'0')));
+        }
+    }
+
+    void dates_data()
+    {
+        QTest::addColumn<int>("order");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("month first") << 0 << "MM/DD/YYYY"
+                                     << "07/04/1999"
+                                     << "07/04/1999";
+        QTest::newRow("day first") << 1 << "DD/MM/YYYY"
+                                   << "04/07/1999"
+                                   << "07/04/1999";
+        QTest::newRow("year first") << 2 << "YYYY/MM/DD"
+                                    << "1999/07/04"
+                                    << "07/04/1999";
+        QTest::newRow("unknown") << 7 << "MM/DD/YYYY"
+                                 << "07/04/1999"
+                                 << "07/04/1999";
+    }
+
+    void dates()
+    {
+        QFETCH(int, order);
+        QFETCH(QString, box);
+        const DateOrder& dateOrder = DateOrderOf(order);
+        QTEST(dateOrder.label, "label");
+        QTEST(dateOrder.EntryDate(box), "entry");
+        QCOMPARE(dateOrder.BoxText(1999, 7, 4), box);
+        QCOMPARE(fnAlarmDateKey(dateOrder, box), QStringLiteral("1999/7/4"));
+        // The clock looks for the very key that the editor writes.
+        QCOMPARE(fnAlarmDateKey(dateOrder, box), AlarmDateOf(QDateTime(QDate(1999, 7, 4), QTime(0, 0))));
+        QCOMPARE(fnAlarmDateKey(dateOrder, dateOrder.BoxText(1999, 2, 31)), QStringLiteral("1999/2/31"));
+    }
+};
+
+QTEST_MAIN(AlarmRulesTest)
+#include "alarmrulestest.moc"

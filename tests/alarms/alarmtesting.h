@@ -1,0 +1,73 @@
+// A planner with alarms, and short ways to the alarm windows.
+#pragma once
+
+#include "alarms/alarmeventform.h"
+#include "alarms/alarmform.h"
+#include "alarms/alarmrecords.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/orlcombo.h"
+#include "platform/controls/picturebutton.h"
+#include "program.h"
+
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QToolButton>
+
+inline Alarm MakeAlarm(const char* date, const char* time, const char* note, const char* tune = "", bool silence = true)
+{
+    return {QString::fromLatin1(date), QString::fromLatin1(time), note, QString::fromLatin1(tune), silence};
+}
+
+inline void AddAlarms(const QList<Alarm>& alarms)
+{
+    for (const Alarm& alarm : alarms)
+        subAddAlarmRecord(g_rsAlarm, alarm);
+}
+
+// What the table holds, by its index, each alarm in one line.
+inline QStringList StoredAlarms()
+{
+    QStringList lines;
+    Recordset alarms = g_dbPlanner.OpenTable(QStringLiteral("Alarm Table"));
+    alarms.SetIndex(QStringLiteral("AlarmKey"));
+    for (; !alarms.EOF_(); alarms.MoveNext()) {
+        const Alarm alarm = CurrentAlarm(alarms);
+        RichTextBox note;
+        note.SetTextRTF(alarm.note);
+        lines += QStringList({alarm.date, alarm.time, note.Text(), alarm.tune}).join(u' ') +
+                 (alarm.silence ? QStringLiteral(" silent") : QString());
+    }
+    return lines;
+}
+
+template <typename Control>
+Control& In(QWidget& window, const char* name)
+{
+    return *window.findChild<Control*>(QString::fromLatin1(name));
+}
+
+inline void Press(QWidget& window, const char* picture)
+{
+    QTest::mouseClick(&In<PictureButton>(window, picture), Qt::LeftButton);
+}
+
+// Types into a box from its first place.
+inline void TypeAt(QWidget& window, const char* box, const QString& text)
+{
+    auto& mask = In<MaskEdBox>(window, box);
+    mask.setFocus();
+    mask.setCursorPosition(0);
+    QTest::keyClicks(&mask, text);
+}
+
+inline QString Shown(QWidget& window, const char* box)
+{
+    return In<MaskEdBox>(window, box).Text();
+}
+
+inline void PutTune(const char* name, const QByteArray& content = "x")
+{
+    QFile file(folders::MediaDirectory() + u'/' + QString::fromLatin1(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
