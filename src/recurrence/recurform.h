@@ -7,7 +7,6 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-#include <array>
 
 struct DateOrder;
 class Cells;

@@ -56,6 +56,14 @@ bool Tell(const QString& text, int icon = msgbox::Information)
     return false;
 }
 
+// The next digit begins the date anew.
+bool RefuseDate(MaskEdBox& box, const QString& text, int icon = msgbox::Information)
+{
+    box.setFocus();
+    box.selectAll();
+    return Tell(text, icon);
+}
+
 // Of a record's date key, as the box shows it.
 QString InBox(const QString& key, const DateOrder& order)
 {
@@ -91,14 +99,11 @@ void RecurForm::ShowDefaultDate()
 
 bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
 {
-    if (!fnValidateDate(sStart)) {
-        m_maskStartDate->setFocus();
-        return Tell(QStringLiteral("Start Date is not a valid date"));
-    }
-    m_maskUntil->setFocus();
-    if (!fnValidateDate(sEnd)) return Tell(QStringLiteral("End Date is not a valid date"));
+    if (!fnValidateDate(sStart)) return RefuseDate(*m_maskStartDate, QStringLiteral("Start Date is not a valid date"));
+    if (!fnValidateDate(sEnd)) return RefuseDate(*m_maskUntil, QStringLiteral("End Date is not a valid date"));
     if (!fnCheckBackwardDate(sStart, sEnd))
-        return Tell(QStringLiteral("The Ending Date is earlier than Starting Date"), msgbox::Exclamation);
+        return RefuseDate(*m_maskUntil, QStringLiteral("The Ending Date is earlier than Starting Date"),
+                          msgbox::Exclamation);
     return true;
 }
 
