@@ -7,7 +7,6 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-
 struct DateOrder;
 class Cells;
 class FontCommand;
