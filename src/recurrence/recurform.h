@@ -49,6 +49,7 @@ private:
     void picRightSpin_MouseUp();
 
     bool HaveValidDates(const QString& sStart, const QString& sEnd);
+    bool SaveCells();
     bool SaveEvent(const QString& sStart, const QString& sEnd);
     bool fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd);
     std::int16_t Step() const; // 0 where none can be read

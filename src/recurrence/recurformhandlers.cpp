@@ -114,16 +114,25 @@ void RecurForm::btnOk_Click()
     const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
     const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
     if (!HaveValidDates(sStart, sEnd)) return;
-    tail([this] { m_notes.subUpdateQMTDatabase(); });
     SetMousePointer(mousepointer::Hourglass);
     bool saved = false;
-    tail([&] { saved = SaveEvent(sStart, sEnd); });
+    tail([&] { saved = SaveCells() && SaveEvent(sStart, sEnd); });
     SetMousePointer(mousepointer::Default);
     m_progress->hide();
     tail([this] { m_notes.subSeekQMTDatabase(); });
     if (!saved) return;
     tail([this] { ReopenRecords(); });
     accept();
+}
+
+// A note that waits to be saved will be written as it is, and would undo what the event has done to its day.
+bool RecurForm::SaveCells()
+{
+    m_notes.subUpdateQMTDatabase();
+    if (!m_notes.HasChanges()) return true;
+    return Tell(
+        QStringLiteral("Some notes could not be saved yet. Please save them before you change recurring events."),
+        msgbox::Exclamation);
 }
 
 bool RecurForm::SaveEvent(const QString& sStart, const QString& sEnd)
@@ -236,8 +245,9 @@ void RecurForm::btnDelete_Click()
     const ErrorTail tail(DeleteTail);
     const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
     SetMousePointer(mousepointer::Hourglass);
-    tail([this] { m_notes.subUpdateQMTDatabase(); }); // before the cells are emptied, whatever has failed
-    if (isFound) tail([this] { DeleteShown(); });
+    bool cellsAreSaved = false;
+    tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
+    if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
     tail([this] { ShowCells(); });
     SetMousePointer(mousepointer::Default);
     tail([this] { ReopenRecords(); });

@@ -1,5 +1,6 @@
 #include "recurrence/recurform.h"
 
+#include "failingstore.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"
@@ -333,6 +334,42 @@ private Q_SLOTS:
         g_rsRecurse.MoveNext();
         g_rsRecurse.MoveNext();
         QVERIFY(g_rsRecurse.EOF_());
+    }
+
+    void WaitsForNotesThatCouldNotBeSaved()
+    {
+        const auto plan = std::make_shared<FailurePlan>();
+        DBEngine::SetStoreWrapperForTests(
+            [plan](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, plan); });
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        DBEngine::SetStoreWrapperForTests(nullptr);
+        Enter(QStringLiteral("03011999"), QStringLiteral("03021999"), 0, QStringLiteral("Rent"));
+        RichTextBox& second = program.Box(program.CellOf(2));
+        program.Click(program.CellOf(2));
+        second.SetSelStart(0);
+        QTest::keyClicks(&second, QStringLiteral("Typed "));
+        SeenBox seen[2];
+        OnNextModal<RecurForm>([&](RecurForm& form) {
+            Fill(form, {}, QStringLiteral("03091999"), 0, QStringLiteral("Other"));
+            *plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("The disk is full")}, QStringLiteral("Commit")};
+            AnswerNextBox(msgbox::Ok, &seen[0]);
+            Press(form, "btnOk");
+            QVERIFY(form.isVisible());
+            Hold(form), Release(form);
+            AnswerNextBox(msgbox::Ok, &seen[1]);
+            Press(form, "btnDelete");
+        });
+        program.Trigger("mnuRecurse");
+        for (const SeenBox& box : seen)
+            QVERIFY(box.Text.startsWith(QStringLiteral("Some notes could not be saved yet.")));
+        QCOMPARE(second.Text(), QStringLiteral("Typed Rent"));
+        *plan = {};
+        program.Trigger("mnuSave");
+        QCOMPARE(TextOf(QStringLiteral("1999/3/1")), QStringLiteral("Rent"));
+        QCOMPARE(TextOf(QStringLiteral("1999/3/2")), QStringLiteral("Typed Rent"));
+        QCOMPARE(TextOf(QStringLiteral("1999/3/9")), QString());
+        QVERIFY(!g_rsRecurse.EOF_());
     }
 
     void TheFontOfTheSelectionGoesIntoTheNotes()
