@@ -30,6 +30,7 @@ RawPlanner::RawPlanner(const QString& path)
     m_find = Prepare(R"(SELECT "qmtText" FROM "QMT Table" WHERE "qmtDate" = ?1)");
     m_replace = Prepare(R"(UPDATE "QMT Table" SET "qmtText" = ?2 WHERE "qmtDate" = ?1)");
     m_insert = Prepare(R"(INSERT INTO "QMT Table" ("qmtDate", "qmtText") VALUES (?1, ?2))");
+    m_alarms = Prepare(R"(SELECT "Alarm Time" FROM "Alarm Table" WHERE "Alarm Date" = ?1)");
 }
 
 RawPlanner::~RawPlanner()
@@ -37,6 +38,7 @@ RawPlanner::~RawPlanner()
     sqlite3_finalize(m_find);
     sqlite3_finalize(m_replace);
     sqlite3_finalize(m_insert);
+    sqlite3_finalize(m_alarms);
     sqlite3_close(m_database);
 }
 
@@ -106,4 +108,17 @@ void RawPlanner::Put(const QStringList& keys, const std::vector<QByteArray>& not
         Run(Finds(date) ? m_replace : m_insert, date, notes[std::size_t(i)]);
     }
     Execute("COMMIT");
+}
+
+bool RawPlanner::HasAlarm(const QString& date, const QString& time)
+{
+    const QByteArray wantedDate = date.toUtf8(), wantedTime = time.toUtf8();
+    bool found = false;
+    int seen = 0;
+    BindText(m_alarms, 1, wantedDate);
+    for (; !found && sqlite3_step(m_alarms) == SQLITE_ROW; ++seen)
+        found = wantedTime == reinterpret_cast<const char*>(sqlite3_column_text(m_alarms, 0));
+    sqlite3_reset(m_alarms);
+    Check(seen > 0, m_database);
+    return found;
 }

@@ -24,6 +24,7 @@ public:
     void AddEvent(); // the record of a recurring event, in a transaction of its own
     // As Write, but each day is looked up first, and one without a record gets one.
     void Put(const QStringList& keys, const std::vector<QByteArray>& notes);
+    bool HasAlarm(const QString& date, const QString& time); // by a look at each alarm of the date
 
 private:
     sqlite3_stmt* Prepare(const char* text);
@@ -35,4 +36,5 @@ private:
     sqlite3_stmt* m_find = nullptr;
     sqlite3_stmt* m_replace = nullptr;
     sqlite3_stmt* m_insert = nullptr;
+    sqlite3_stmt* m_alarms = nullptr;
 };

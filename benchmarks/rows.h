@@ -14,3 +14,4 @@ void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
 void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
 void AddEventRows(const Add& add);
+void AddAlarmRows(const Add& add, QWidget& client);

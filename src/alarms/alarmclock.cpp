@@ -16,7 +16,8 @@ namespace {
 // Leaves the table at the alarm that was found, or at its end.
 std::optional<Alarm> DueAlarm(const QDateTime& now)
 {
-    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return std::nullopt; // the table is empty
+    if (g_rsAlarm.IsNothing()) return std::nullopt; // an older planner, left without the table
+    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return std::nullopt;
     const ReadTransaction reading(g_dbPlanner);
     if (!GoToDueAlarm(g_rsAlarm, AlarmDateOf(now), AlarmTimeOf(now))) return std::nullopt;
     return CurrentAlarm(g_rsAlarm);

@@ -159,7 +159,7 @@ QGroupBox* MakeTunes(AlarmControls& controls)
 
 QGroupBox* MakeNotes(AlarmControls& controls)
 {
-    constexpr QSize Smallest(400, 120);
+    constexpr QSize Smallest(400, 48); // the window fits on a screen of 960 by 540
     controls.frNotes = Named(new QGroupBox(QStringLiteral("Notes")), "frNotes");
     controls.tbNotes = Named(new RichTextBox, "tbNotes");
     controls.tbNotes->setAccessibleName(QStringLiteral("Notes"));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "alarms/alarmcontrols.h"
+#include "platform/desktop/msgbox.h"
 #include "platform/engine/recordset.h"
 
 #include <QDialog>
@@ -65,6 +66,7 @@ private:
     QString fnAlarmTimeText();
     void SetHalfDay(std::optional<bool> pm);
     QScrollBar* ScrollBarOfBrowsedNote() const;
+    static void Tell(const QString& text, int icon = msgbox::Information);
     void Close();
 
     const Mode m_mode;

@@ -1,6 +1,7 @@
 #include "alarmtesting.h"
 #include "failingstore.h"
 #include "platform/profile/profile.h"
+#include "recording.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -53,6 +54,11 @@ class AlarmFormTest : public QObject
         TypeAt(form, "maskMinute", minute);
         In<RichTextBox>(form, "tbNotes").setFocus();
         QTest::keyClicks(&In<RichTextBox>(form, "tbNotes"), note);
+    }
+
+    static void PutTune(const char* name)
+    {
+        WriteFile(folders::MediaDirectory() + u'/' + QString::fromLatin1(name), "x");
     }
 
     static void WriteDateOrder(const QByteArray& iDate)
@@ -276,6 +282,34 @@ private Q_SLOTS:
             QTest::mousePress(&stop, Qt::LeftButton);
             QVERIFY(stop.Visible(0) && !stop.Visible(1));
             QTest::mouseRelease(&stop, Qt::LeftButton);
+            Click(form, "btnCancel");
+        });
+    }
+
+    // Music that is tried out ends by its button, and with the window.
+    void tryingATune()
+    {
+        WriteFile(folders::MediaDirectory() + QStringLiteral("/Flute.mid"), MidiNote(84));
+        constexpr double Pitch = 1046.5;
+        const Recording recording;
+        m_program->New(m_file);
+        for (const char* way : {"picStop", "btnCancel"}) {
+            InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+                In<ORLCombo>(form, "orlcmbTunes").SetListIndex(0);
+                Press(form, "picPlay");
+                QVERIFY(Tone(recording.Hear(0.3), Pitch) > 0.02);
+                if (way == QByteArray("picStop")) {
+                    Press(form, way);
+                    QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
+                }
+                Click(form, "btnCancel");
+            });
+            QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
+        }
+        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+            OnNextModal<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            Press(form, "picPlay"); // no tune is chosen
+            QCOMPARE(WaitingAnswers(), 0);
             Click(form, "btnCancel");
         });
     }

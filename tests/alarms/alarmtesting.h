@@ -64,10 +64,3 @@ inline QString Shown(QWidget& window, const char* box)
 {
     return In<MaskEdBox>(window, box).Text();
 }
-
-inline void PutTune(const char* name, const QByteArray& content = "x")
-{
-    QFile file(folders::MediaDirectory() + u'/' + QString::fromLatin1(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}

@@ -108,12 +108,19 @@ bool SplashIsUp()
         return window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
     });
 }
+
+// A window that has just opened may not be active yet, and would then stand in front of its own box.
+QWidget* Owner()
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
 } // namespace
 
 int MsgBox(const QString& text, int style, const QString& title, const QString& secondText)
 {
     // A timer behind the box may close the window that owns it, and the box goes with its owner.
-    const QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    const QPointer<QMessageBox> box = new QMessageBox(Owner());
     Fill(*box, text, style, title);
     box->setInformativeText(Breakable(secondText));
     if (SplashIsUp()) box->setWindowFlag(Qt::WindowStaysOnTopHint);

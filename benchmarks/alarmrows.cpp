@@ -1,0 +1,77 @@
+#include "alarms/alarmclock.h"
+#include "alarms/alarmrecords.h"
+#include "alarms/alarmrules.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
+#include "platform/desktop/clock.h"
+#include "platform/desktop/folders.h"
+#include "rows.h"
+
+#include <QFile>
+
+namespace {
+constexpr int AlarmsInAll = 10000, AlarmsADay = 8;
+constexpr Turns ManyTicks{30, 20};
+
+// Years of alarms, today's among them, none of which is due.
+struct AlarmPlanner
+{
+    AlarmPlanner()
+    {
+        Database file = DBEngine::CreateDatabase(Path, schema::Locale);
+        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
+            file.Append(table);
+        Recordset alarms = schema::OpenAlarms(file);
+        WriteTransaction writing(file);
+        for (int i = 0; i < AlarmsInAll; ++i) {
+            const QDateTime day = Noon.addDays(i / AlarmsADay - AlarmsInAll / AlarmsADay / 2);
+            subAddAlarmRecord(alarms, {AlarmDateOf(day), QStringLiteral("24:00"), RtfOf(MakeNote(i)), {}, true});
+        }
+        writing.Commit();
+        alarms.Close();
+        file.Close();
+        QFile::copy(Path, RawPath);
+        Planner = DBEngine::OpenDatabase(Path, true);
+        Alarms = schema::OpenAlarms(Planner);
+        Raw = std::make_unique<RawPlanner>(RawPath);
+    }
+
+    // The month's window goes on with its own planner afterwards.
+    void Swap()
+    {
+        std::swap(g_dbPlanner, Planner);
+        std::swap(g_rsAlarm, Alarms);
+    }
+
+    void SetNextMinute() { desktopclock::SetForTests(Noon.addSecs(60 * (++Minute % (12 * 60)))); }
+    bool HasAlarm() { return Raw->HasAlarm(AlarmDateOf(Noon), QStringLiteral("12:00")); }
+
+    const QDateTime Noon{QDate::currentDate(), QTime(12, 0)};
+    const QString Path = folders::ApplicationDirectory() + QStringLiteral("/alarms.mdb");
+    const QString RawPath = folders::ApplicationDirectory() + QStringLiteral("/rawalarms.mdb");
+    int Minute = 0;
+    Database Planner;
+    Recordset Alarms;
+    std::unique_ptr<RawPlanner> Raw;
+};
+} // namespace
+
+void AddAlarmRows(const Add& add, QWidget& client)
+{
+    static std::unique_ptr<AlarmPlanner> planner;
+    static AlarmClock clock(client);
+    static bool found = false;
+    const auto make = [] {
+        if (!planner) planner = std::make_unique<AlarmPlanner>();
+    };
+    add({"alarm clock, 10,000 alarms",
+         {[] { clock.tmAlarm_Timer(); }, [=] { make(), planner->SetNextMinute(), planner->Swap(); },
+          [] {
+              const bool lookedThrough = g_rsAlarm.EOF_();
+              planner->Swap();
+              desktopclock::SetForTests({});
+              return lookedThrough;
+          }},
+         {[] { found = planner->HasAlarm(); }, make, [] { return !found; }},
+         ManyTicks});
+}

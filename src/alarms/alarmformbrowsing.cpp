@@ -1,0 +1,153 @@
+// What the editor does while it browses.
+#include "alarms/alarmform.h"
+#include "alarms/alarmmarks.h"
+#include "alarms/alarmrecords.h"
+#include "alarms/alarmrules.h"
+#include "calendar/calendarstate.h"
+#include "calendar/dateorder.h"
+#include "calendar/moddate.h"
+#include "calendar/turn.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/orlcombo.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/engine/database.h"
+#include "platform/look/paper.h"
+#include "platform/richtext/richtextbox.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScrollBar>
+
+namespace {
+constexpr QLatin1StringView OkLiteral(" in AlarmForm, btnOk_Click");
+constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData");
+
+// What is disabled only because nothing is to be edited is there to be read.
+void KeepReadable(QWidget& frame)
+{
+    QPalette palette = frame.palette();
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, paper::SoftInk);
+    frame.setPalette(palette);
+}
+} // namespace
+
+void AlarmForm::PrepareBrowse(const QString& caption)
+{
+    m_controls.frAlarm->setTitle(QStringLiteral("Browse/Edit Alarm Event"));
+    // What stands in a frame is disabled with it.
+    for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes}) {
+        frame->setEnabled(false);
+        KeepReadable(*frame);
+    }
+    for (PictureButton* spin : {m_controls.picLeftSpin, m_controls.picRightSpin})
+        spin->ShowElement(2);
+    m_controls.btnCancel->hide();
+    m_controls.picRightSpin->setFocus();
+    subDisplayAlarmData(caption);
+}
+
+void AlarmForm::subDisplayAlarmData(const QString& caption)
+{
+    const ErrorTail tail(DisplayLiteral);
+    m_sAlarmDate = TrimmedStr(g_iYear) + u'/' + TrimmedStr(g_iMonth) + u'/' + caption;
+    tail([&] {
+        m_alarms = schema::OpenAlarms(g_dbPlanner);
+        m_alarms.Seek(QStringLiteral("="), m_sAlarmDate);
+        if (!m_alarms.NoMatch()) ShowAlarm(CurrentAlarm(m_alarms));
+    });
+}
+
+void AlarmForm::ShowAlarm(const Alarm& alarm)
+{
+    const ErrorTail tail(DisplayLiteral);
+    tail([&] {
+        m_controls.maskAlarmDate->SetText(
+            m_dateOrder.BoxText(fnGetQMTYear(m_sAlarmDate), fnGetQMTMonth(m_sAlarmDate), fnGetQMTDay(m_sAlarmDate)));
+    });
+    tail([&] {
+        const ShownTime time = ShownTimeOf(alarm.time);
+        m_controls.maskHour->SetText(time.hour);
+        m_controls.maskMinute->SetText(time.minute);
+        SetHalfDay(time.pm);
+    });
+    ORLCombo& tunes = *m_controls.orlcmbTunes;
+    tunes.SetListIndex(-1);
+    for (int index = 0; index < tunes.ListCount(); ++index) {
+        if (tunes.List(index) == alarm.tune) tunes.SetListIndex(index);
+    }
+    m_controls.chkSilence->setChecked(alarm.silence);
+    m_controls.tbNotes->SetTextRTF(alarm.note);
+}
+
+void AlarmForm::Browse(Toward direction, QLatin1StringView literal)
+{
+    ErrorTail{literal}([&] {
+        const auto step = [&] {
+            const ReadTransaction reading(g_dbPlanner);
+            return StepToAlarm(m_alarms, m_sAlarmDate, direction);
+        };
+        if (step()) return ShowAlarm(CurrentAlarm(m_alarms));
+        Tell(QStringLiteral("No more alarm events for the date ") + m_controls.maskAlarmDate->Text());
+    });
+}
+
+// What the cells hold is saved first, since reading the planner again would take it away.
+void AlarmForm::ApplyDeletions()
+{
+    m_turn(OkLiteral, [this] { subUnloadAlarmIcons(m_cells); });
+    ErrorTail{OkLiteral}([] {
+        const Recordset alarms = schema::OpenAlarms(g_dbPlanner);
+        g_rsAlarm.Close();
+        g_rsAlarm = alarms;
+    });
+}
+
+void AlarmForm::btnDelete_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in AlarmForm, btnDelete_Click"));
+    Alarm shown = {
+        m_sAlarmDate, fnAlarmTimeText(), {}, m_controls.orlcmbTunes->Text(), m_controls.chkSilence->isChecked()};
+    if (shown.time.isEmpty()) return;
+    bool isFound = false;
+    tail([&] {
+        const ReadTransaction reading(g_dbPlanner);
+        isFound = GoToAlarmLike(m_alarms, shown);
+    });
+    if (!isFound || !tail([&] { m_alarms.Delete(); })) return;
+    tail([&] { m_alarms.MoveFirst(); });
+    ShowEmptyBoxes();
+    m_controls.chkSilence->setChecked(false);
+    m_controls.orlcmbTunes->SetListIndex(-1);
+    m_controls.tbNotes->SetTextRTF({});
+}
+
+// A box that is disabled takes neither wheel nor keys; a long note must be readable all the same.
+QScrollBar* AlarmForm::ScrollBarOfBrowsedNote() const
+{
+    return m_mode == Mode::Browse ? m_controls.tbNotes->verticalScrollBar() : nullptr;
+}
+
+void AlarmForm::wheelEvent(QWheelEvent* event)
+{
+    QScrollBar* bar = ScrollBarOfBrowsedNote();
+    if (!bar) return QDialog::wheelEvent(event);
+    constexpr int Notch = 120;
+    bar->setValue(bar->value() -
+                  event->angleDelta().y() * QApplication::wheelScrollLines() * bar->singleStep() / Notch);
+}
+
+void AlarmForm::keyPressEvent(QKeyEvent* event)
+{
+    QScrollBar* bar = ScrollBarOfBrowsedNote();
+    const int pages = event->key() == Qt::Key_PageDown ? 1 : event->key() == Qt::Key_PageUp ? -1 : 0;
+    if (!bar || pages == 0) return QDialog::keyPressEvent(event); // Esc closes
+    bar->setValue(bar->value() + pages * bar->pageStep());
+}
