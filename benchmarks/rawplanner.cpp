@@ -30,6 +30,7 @@ RawPlanner::RawPlanner(const QString& path, Locking locking)
     if (locking == Locking::Exclusive) Execute("PRAGMA locking_mode = EXCLUSIVE");
     m_find = Prepare(R"(SELECT "qmtText" FROM "QMT Table" WHERE "qmtDate" = ?1)");
     m_replace = Prepare(R"(UPDATE "QMT Table" SET "qmtText" = ?2 WHERE "qmtDate" = ?1)");
+    m_insert = Prepare(R"(INSERT INTO "QMT Table" ("qmtDate", "qmtText") VALUES (?1, ?2))");
     m_alarms = Prepare(R"(SELECT "Alarm Time" FROM "Alarm Table" WHERE "Alarm Date" = ?1)");
 }
 
@@ -37,6 +38,7 @@ RawPlanner::~RawPlanner()
 {
     sqlite3_finalize(m_find);
     sqlite3_finalize(m_replace);
+    sqlite3_finalize(m_insert);
     sqlite3_finalize(m_alarms);
     sqlite3_close(m_database);
 }
@@ -72,11 +74,39 @@ void RawPlanner::Write(const QStringList& keys, const std::vector<QByteArray>& n
 {
     Execute("BEGIN IMMEDIATE");
     for (qsizetype i = 0; i < keys.size(); ++i) {
+        Run(m_replace, keys[i].toUtf8(), notes[std::size_t(i)]);
+    }
+    Execute("COMMIT");
+}
+
+void RawPlanner::Run(sqlite3_stmt* statement, const QByteArray& date, const QByteArray& note)
+{
+    BindText(statement, 1, date);
+    BindText(statement, 2, note);
+    Check(sqlite3_step(statement) == SQLITE_DONE && sqlite3_changes(m_database) == 1, m_database);
+    sqlite3_reset(statement);
+}
+
+void RawPlanner::AddEvent()
+{
+    Execute(R"(INSERT INTO "Recursion Table" ("Start Date", "End Date", "Frequency", "Recursion Text")
+               VALUES ('2000/1/1', '2009/12/31', 'DAILY', 'Recurring'))");
+}
+
+bool RawPlanner::Finds(const QByteArray& date)
+{
+    BindText(m_find, 1, date);
+    const bool found = sqlite3_step(m_find) == SQLITE_ROW;
+    sqlite3_reset(m_find);
+    return found;
+}
+
+void RawPlanner::Put(const QStringList& keys, const std::vector<QByteArray>& notes)
+{
+    Execute("BEGIN IMMEDIATE");
+    for (qsizetype i = 0; i < keys.size(); ++i) {
         const QByteArray date = keys[i].toUtf8();
-        BindText(m_replace, 1, date);
-        BindText(m_replace, 2, notes[std::size_t(i)]);
-        Check(sqlite3_step(m_replace) == SQLITE_DONE && sqlite3_changes(m_database) == 1, m_database);
-        sqlite3_reset(m_replace);
+        Run(Finds(date) ? m_replace : m_insert, date, notes[std::size_t(i)]);
     }
     Execute("COMMIT");
 }

@@ -27,14 +27,20 @@ public:
 
     std::vector<QByteArray> Read(const QStringList& keys);
     void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // in one transaction
-    bool HasAlarm(const QString& date, const QString& time);                   // by a look at each alarm of the date
+    void AddEvent(); // the record of a recurring event, in a transaction of its own
+    // As Write, but each day is looked up first, and one without a record gets one.
+    void Put(const QStringList& keys, const std::vector<QByteArray>& notes);
+    bool HasAlarm(const QString& date, const QString& time); // by a look at each alarm of the date
 
 private:
     sqlite3_stmt* Prepare(const char* text);
     void Execute(const char* text);
+    bool Finds(const QByteArray& date);
+    void Run(sqlite3_stmt* statement, const QByteArray& date, const QByteArray& note);
 
     sqlite3* m_database = nullptr;
     sqlite3_stmt* m_find = nullptr;
     sqlite3_stmt* m_replace = nullptr;
+    sqlite3_stmt* m_insert = nullptr;
     sqlite3_stmt* m_alarms = nullptr;
 };

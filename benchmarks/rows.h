@@ -14,4 +14,5 @@ void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
 void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
 void AddWorkgroupRows(const Add& add, const AddMemory& addMemory, const QString& planner);
+void AddEventRows(const Add& add);
 void AddAlarmRows(const Add& add, QWidget& client);

@@ -7,15 +7,17 @@
 
 #include <QLatin1StringView>
 
+#include <csignal>
 #include <memory>
 
 struct FailurePlan
 {
     enum When
     {
-        Before, // the call does nothing and raises
-        After,  // the call does its work and raises
-        ForEver // from the chosen call on, every one that is counted does nothing and raises
+        Before,  // the call does nothing and raises
+        After,   // the call does its work and raises
+        ForEver, // from the chosen call on, every one that is counted does nothing and raises
+        Kill     // the process is killed before the call
     };
 
     int at = 0; // which call fails, counted from 1; 0 is none
@@ -83,6 +85,7 @@ private:
         if (counted) ++m_plan->calls;
         const bool due = counted && m_plan->at > 0 && m_plan->calls == m_plan->at;
         const bool broken = counted && m_plan->at > 0 && m_plan->calls >= m_plan->at;
+        if (m_plan->when == FailurePlan::Kill && due) std::raise(SIGKILL);
         if ((m_plan->when == FailurePlan::Before && due) || (m_plan->when == FailurePlan::ForEver && broken))
             throw m_plan->error;
         const Failing raise{m_plan->when == FailurePlan::After && due};

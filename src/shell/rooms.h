@@ -26,6 +26,7 @@
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
+#include "recurrence/recurringevents.h"
 #include "shell/controls.h"
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
@@ -73,6 +74,7 @@ struct Rooms
     DayView dayView{controls.cells, controls.sidebar, controls.network, notes, dayRecord, m_pCalendarView, fontCommand};
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh};
+    RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
     AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};

@@ -53,6 +53,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuPrevMonth", " in MainForm, mnuPrevMonth_Click", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
     {"mnuThisMonth", " in MainForm, mnuThisMonth_Click", Run<&Rooms::navigation, &Navigation::mnuThisMonth_Click>},
     {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Run<&Rooms::navigation, &Navigation::subActionNext>},
+    {"mnuRecurse", " in MainForm, mnuRecurse_Click", Run<&Rooms::recurringEvents, &RecurringEvents::mnuRecurse_Click>},
     {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
     {"mnuInitialFont", " in MainForm, mnuInitialFont_Click",
      Run<&Rooms::appearance, &Appearance::mnuInitialFont_Click>},
@@ -149,6 +150,8 @@ constexpr PictureRow PictureRows[] = {
      [](Rooms& rooms, int Index) { rooms.navigation.picWeek_Click(Index); }},
     {&Sidebar::picMonth, " in MainForm, picMonth_Click",
      [](Rooms& rooms, int) { rooms.navigation.subSwitchToMonthView(); }},
+    {&Sidebar::picRecurse, " in MainForm, picRecurse_MouseUp",
+     [](Rooms& rooms, int) { rooms.recurringEvents.picRecurse_Click(); }},
     {&Sidebar::picAlarm, " in MainForm, picAlarm_MouseUp", [](Rooms& rooms, int) { rooms.alarms.picAlarm_Click(); }},
 };
 
@@ -164,6 +167,10 @@ void WirePictures(Rooms& rooms)
        [&rooms](int) { rooms.dayView.picDay_MouseDown(); });
     On(sidebar.picDay, &PictureButton::MouseUp, " in MainForm, picDay_MouseUp",
        [&rooms](int) { rooms.dayView.picDay_MouseUp(); });
+    On(sidebar.picRecurse, &PictureButton::MouseDown, " in MainForm, picRecurse_MouseDown",
+       [&rooms](int) { rooms.recurringEvents.picRecurse_MouseDown(); });
+    On(sidebar.picRecurse, &PictureButton::MouseUp, " in MainForm, picRecurse_MouseUp",
+       [&rooms](int) { rooms.recurringEvents.picRecurse_MouseUp(); });
     On(sidebar.picAlarm, &PictureButton::MouseDown, " in MainForm, picAlarm_MouseDown",
        [&rooms](int) { rooms.alarms.picAlarm_MouseDown(); });
     On(sidebar.picAlarm, &PictureButton::MouseUp, " in MainForm, picAlarm_MouseUp",

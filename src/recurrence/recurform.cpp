@@ -1,0 +1,199 @@
+#include "recurrence/recurform.h"
+
+#include "calendar/dateorder.h"
+#include "editing/notemenu.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/notepanel.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/runtime/errortail.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+constexpr int Gap = 8, Margin = 16;
+
+QGroupBox* MakeFrame(const char* name, const char* caption)
+{
+    auto* frame = new QGroupBox(QString::fromLatin1(caption));
+    frame->setObjectName(QString::fromLatin1(name));
+    return frame;
+}
+
+QComboBox* MakeList(const char* name, const char* tip, QLayout& row)
+{
+    auto* list = new QComboBox;
+    list->setObjectName(QString::fromLatin1(name));
+    list->setAccessibleName(QString::fromLatin1(tip));
+    row.addWidget(list);
+    return list;
+}
+} // namespace
+
+RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode& viewMode, FontCommand& fontCommand)
+    : QDialog(owner), m_cells(cells), m_notes(notes), m_viewMode(viewMode), m_fontCommand(fontCommand),
+      m_iDateFormat(LocalDateOrder()), m_opMethod(new QButtonGroup(this))
+{
+    setObjectName(QStringLiteral("RecurForm"));
+    setWindowTitle(QStringLiteral("Recurring Events"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->setSpacing(Margin);
+    column->addWidget(MakeOptions(), 1);
+    column->addLayout(MakeFoot());
+    Form_Load();
+    CenterOnScreen(*this);
+    setMinimumSize(size());
+    m_maskStartDate->setFocus();
+}
+
+QWidget* RecurForm::MakeOptions()
+{
+    QGroupBox* frame = MakeFrame("frOptions", "Recurring Event Options");
+    auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(Margin);
+    grid->setVerticalSpacing(Gap);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(2, 1);
+    // In the order of the Tab key: the browser is none of the steps of entering an event.
+    grid->addLayout(MakeDates(), 0, 0);
+    grid->addLayout(MakeMethods(), 1, 0);
+    grid->addWidget(MakeInterval(), 1, 1);
+    grid->addWidget(MakeText(), 2, 0, 1, 2);
+    grid->addWidget(MakeBrowser(), 0, 1);
+    return frame;
+}
+
+QLayout* RecurForm::MakeDates()
+{
+    auto* grid = new QGridLayout;
+    grid->setSpacing(Gap);
+    grid->setColumnStretch(2, 1);
+    m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:");
+    m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:");
+    return grid;
+}
+
+MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption)
+{
+    auto* box = new MaskEdBox;
+    box->setObjectName(QString::fromLatin1(name));
+    box->SetMask(m_iDateFormat.mask);
+    // The digits and the signs between them, with some room at the borders.
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 2 * Gap);
+    auto* label = new QLabel(QString::fromLatin1(caption));
+    label->setBuddy(box);
+    auto* lblDateFormat = new QLabel(m_iDateFormat.label);
+    lblDateFormat->setObjectName(QStringLiteral("lblDateFormat(%1)").arg(row));
+    QPalette soft = lblDateFormat->palette();
+    soft.setColor(QPalette::WindowText, paper::SoftInk);
+    lblDateFormat->setPalette(soft);
+    grid.addWidget(label, row, 0);
+    grid.addWidget(box, row, 1);
+    grid.addWidget(lblDateFormat, row, 2);
+    return box;
+}
+
+QWidget* RecurForm::MakeBrowser()
+{
+    const QString right = QStringLiteral(":/icons/right.svg");
+    QGroupBox* frame = MakeFrame("Frame3D3", "&Browse...");
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(Gap);
+    m_picRightSpin = new PictureButton({right, QStringLiteral(":/icons/right-pressed.svg"), right});
+    m_picRightSpin->setObjectName(QStringLiteral("picRightSpin"));
+    m_lblNextRecord = new QLabel(QStringLiteral("Next Recurring Event"));
+    m_lblNextRecord->setObjectName(QStringLiteral("lblNextRecord"));
+    // Room for what stands there at the end.
+    m_lblNextRecord->setMinimumWidth(
+        m_lblNextRecord->fontMetrics().horizontalAdvance(QStringLiteral("End of Recurring Event ")));
+    for (int element = 0; element < 3; ++element)
+        m_picRightSpin->SetToolTip(element, m_lblNextRecord->text());
+    m_picRightSpin->SetFramed(true);
+    row->addWidget(m_picRightSpin);
+    row->addWidget(m_lblNextRecord);
+    connect(m_picRightSpin, &PictureButton::MouseDown, this, [this] {
+        guard(QLatin1StringView(" in RecurForm, picRightSpin()_MouseDown"), [this] { picRightSpin_MouseDown(); });
+    });
+    connect(m_picRightSpin, &PictureButton::MouseUp, this, [this] {
+        guard(QLatin1StringView(" in RecurForm, picRightSpin_MouseUp"), [this] { picRightSpin_MouseUp(); });
+    });
+    return frame;
+}
+
+QLayout* RecurForm::MakeMethods()
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Margin);
+    int index = 0;
+    for (const char* caption : {"D&ay", "&Week", "&Month", "&Year", "S&pecial"}) {
+        auto* option = new QRadioButton(QString::fromLatin1(caption));
+        option->setObjectName(QStringLiteral("opMethod(%1)").arg(index));
+        m_opMethod->addButton(option, index++);
+        row->addWidget(option);
+    }
+    row->addStretch(1);
+    return row;
+}
+
+// Of the special method.
+QWidget* RecurForm::MakeInterval()
+{
+    QGroupBox* frame = MakeFrame("Frame3D1", "&Every ...");
+    auto* lists = new QHBoxLayout(frame);
+    lists->setSpacing(Gap);
+    m_cmbRecurDays = MakeList("cmbRecurDays", "Number", *lists);
+    m_cmbRecurDays->setEditable(true);
+    m_cmbRecurDays->setInsertPolicy(QComboBox::NoInsert);
+    m_cmbRecurSpecial = MakeList("cmbRecurSpecial", "Unit", *lists);
+    lists->addStretch(1);
+    return frame;
+}
+
+QWidget* RecurForm::MakeText()
+{
+    constexpr QSize LeastPaper(480, 128);
+    m_tbRecurse = new RichTextBox;
+    m_tbRecurse->setObjectName(QStringLiteral("tbRecurse"));
+    m_tbRecurse->setAccessibleName(QStringLiteral("Text of the event"));
+    m_tbRecurse->setPlaceholderText(QStringLiteral("Write the event here"));
+    AddNoteMenu(*m_tbRecurse, "RecurForm");
+    SSPanel* panel = MakeNotePanel(m_tbRecurse);
+    panel->SetFrame(paper::Hairline);
+    panel->setMinimumSize(LeastPaper);
+    return panel;
+}
+
+QLayout* RecurForm::MakeFoot()
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Gap);
+    const auto add = [&](const char* name, const char* caption, void (RecurForm::*click)()) {
+        auto* button = new QPushButton(QString::fromLatin1(caption));
+        button->setObjectName(QString::fromLatin1(name));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, click);
+        row->addWidget(button);
+        return button;
+    };
+    m_btnFonts = add("btnFonts", "&Fonts", &RecurForm::btnFonts_Click);
+    m_progress = new QProgressBar;
+    m_progress->setObjectName(QStringLiteral("progress"));
+    QSizePolicy keepsItsRoom = m_progress->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true);
+    m_progress->setSizePolicy(keepsItsRoom);
+    m_progress->hide();
+    row->addWidget(m_progress, 1);
+    m_btnDelete = add("btnDelete", "&Delete", &RecurForm::btnDelete_Click);
+    m_btnOk = add("btnOk", "&Ok", &RecurForm::btnOk_Click);
+    m_btnCancel = add("btnCancel", "&Cancel", &RecurForm::btnCancel_Click);
+    m_btnDelete->setEnabled(false);
+    m_btnOk->setDefault(true);
+    return row;
+}

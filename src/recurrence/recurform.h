@@ -1,0 +1,87 @@
+// Recurring Events: enters an event, or goes through those that there are and deletes one. From the first look at one
+// until it is closed the window only browses.
+#pragma once
+
+#include "recurrence/recurrence.h"
+
+#include <QDialog>
+#include <QElapsedTimer>
+
+struct DateOrder;
+class Cells;
+class FontCommand;
+class MaskEdBox;
+class PictureButton;
+class QButtonGroup;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QMTDB;
+class RichTextBox;
+class ViewMode;
+
+class RecurForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode& viewMode, FontCommand& fontCommand);
+
+private:
+    QWidget* MakeOptions();
+    QLayout* MakeDates();
+    QWidget* MakeBrowser();
+    QLayout* MakeMethods();
+    QWidget* MakeInterval();
+    QWidget* MakeText();
+    QLayout* MakeFoot();
+    MaskEdBox* MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption);
+
+    void Form_Load();
+    void ShowDefaultDate();
+    void btnOk_Click();
+    void btnCancel_Click();
+    void btnDelete_Click();
+    void btnFonts_Click();
+    void picRightSpin_MouseDown();
+    void picRightSpin_MouseUp();
+
+    bool HaveValidDates(const QString& sStart, const QString& sEnd);
+    bool SaveCells();
+    bool SaveEvent(const QString& sStart, const QString& sEnd);
+    bool fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd);
+    std::int16_t Step() const; // 0 where none can be read
+    void Browse();
+    void ShowRecord();
+    void ShowMethod(const QString& frequency);
+    void EndOfRecords();
+    void DeleteShown();
+    void ShowCells();
+    void ReopenRecords();
+    Recurrence Event();
+    void ShowProgress(qsizetype done, qsizetype all);
+
+    Cells& m_cells;
+    QMTDB& m_notes;
+    const ViewMode& m_viewMode;
+    FontCommand& m_fontCommand;
+    const DateOrder& m_iDateFormat;
+
+    MaskEdBox* m_maskStartDate = nullptr;
+    MaskEdBox* m_maskUntil = nullptr;
+    QButtonGroup* m_opMethod;
+    QComboBox* m_cmbRecurDays = nullptr;
+    QComboBox* m_cmbRecurSpecial = nullptr;
+    PictureButton* m_picRightSpin = nullptr;
+    QLabel* m_lblNextRecord = nullptr;
+    RichTextBox* m_tbRecurse = nullptr;
+    QProgressBar* m_progress = nullptr;
+    QPushButton* m_btnOk = nullptr;
+    QPushButton* m_btnCancel = nullptr;
+    QPushButton* m_btnDelete = nullptr;
+    QPushButton* m_btnFonts = nullptr;
+    QElapsedTimer m_running;  // since a run of dates began
+    bool m_isPressed = false; // the record that is shown is the current one, and not the one before it
+};

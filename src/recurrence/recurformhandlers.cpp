@@ -1,0 +1,304 @@
+#include "calendar/calendarstate.h"
+#include "calendar/dateorder.h"
+#include "calendar/moddate.h"
+#include "calendar/modshow.h"
+#include "calendar/viewmode.h"
+#include "editing/defaultfont.h"
+#include "editing/fontcommand.h"
+#include "editing/textstyles.h"
+#include "hall/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
+#include "plannerfile/schema.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/richtext/selectionformat.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "recurrence/recurform.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+constexpr QLatin1StringView LoadTail(" in RecurForm, Form Load");
+constexpr QLatin1StringView SaveTail(" in RecurForm, btnOk_Click");
+constexpr QLatin1StringView DeleteTail(" in RecurForm, btnDelete_Click");
+constexpr int Idle = 0, Pressed = 1, Released = 2; // the spin's pictures
+constexpr int MostListed = 15;
+
+using Recur = bool (Recurrence::*)(const QString& sStart, const QString& sEnd, std::int16_t iStep);
+
+struct Method
+{
+    const char* unit; // in the list of units
+    Recur recur;
+};
+
+// By option and by Frequency. The fifth option chooses one of them by its unit.
+constexpr std::array<Method, 4> Methods = {{{"Day(s)", &Recurrence::fnRecurseDaily},
+                                            {"Week(s)", &Recurrence::fnRecurseWeekly},
+                                            {"Month(s)", &Recurrence::fnRecurseMonthly},
+                                            {"Year(s)", &Recurrence::fnRecurseYearly}}};
+constexpr int Special = static_cast<int>(Methods.size());
+
+bool Tell(const QString& text, int icon = msgbox::Information)
+{
+    MsgBox(text, icon, messages::HelpWizard);
+    return false;
+}
+
+// The next digit begins the date anew.
+bool RefuseDate(MaskEdBox& box, const QString& text, int icon = msgbox::Information)
+{
+    box.setFocus();
+    box.selectAll();
+    return Tell(text, icon);
+}
+
+// Of a record's date key, as the box shows it.
+QString InBox(const QString& key, const DateOrder& order)
+{
+    return order.BoxText(fnGetQMTYear(key), fnGetQMTMonth(key), fnGetQMTDay(key));
+}
+} // namespace
+
+void RecurForm::Form_Load()
+{
+    const ErrorTail tail(LoadTail);
+    m_picRightSpin->setEnabled(false);
+    tail([this] {
+        if (g_rsRecurse.EOF_() && g_rsRecurse.BOF()) return;
+        g_rsRecurse.MoveFirst();
+        m_picRightSpin->ShowElement(Released);
+        m_picRightSpin->setEnabled(true);
+    });
+    tail([this] { ShowDefaultDate(); });
+    for (int i = 1; i <= MostListed; ++i)
+        m_cmbRecurDays->addItem(QString::number(i));
+    for (const Method& method : Methods)
+        m_cmbRecurSpecial->addItem(QString::fromLatin1(method.unit));
+    tail([this] { GiveDefaultFont(*m_tbRecurse, DefaultStyles::None, LoadTail); });
+}
+
+void RecurForm::ShowDefaultDate()
+{
+    if (!m_cells.panelDay.Exists(g_iCurrentPanel)) return;
+    const QString caption = m_cells.panelDay(g_iCurrentPanel).Caption();
+    if (caption.isEmpty() || IsMemoCaption(caption)) return;
+    m_maskStartDate->SetText(m_iDateFormat.BoxText(g_iYear, g_iMonth, IntegerOf(caption)));
+}
+
+bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
+{
+    if (!fnValidateDate(sStart)) return RefuseDate(*m_maskStartDate, QStringLiteral("Start Date is not a valid date"));
+    if (!fnValidateDate(sEnd)) return RefuseDate(*m_maskUntil, QStringLiteral("End Date is not a valid date"));
+    if (!fnCheckBackwardDate(sStart, sEnd))
+        return RefuseDate(*m_maskUntil, QStringLiteral("The Ending Date is earlier than Starting Date"),
+                          msgbox::Exclamation);
+    return true;
+}
+
+void RecurForm::btnOk_Click()
+{
+    const ErrorTail tail(SaveTail);
+    m_tbRecurse->CommitPreedit();
+    const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
+    const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
+    if (!HaveValidDates(sStart, sEnd)) return;
+    SetMousePointer(mousepointer::Hourglass);
+    bool saved = false;
+    tail([&] { saved = SaveCells() && SaveEvent(sStart, sEnd); });
+    SetMousePointer(mousepointer::Default);
+    m_progress->hide();
+    tail([this] { m_notes.subSeekQMTDatabase(); });
+    if (!saved) return;
+    tail([this] { ReopenRecords(); });
+    accept();
+}
+
+// A note that waits to be saved will be written as it is, and would undo what the event has done to its day.
+bool RecurForm::SaveCells()
+{
+    m_notes.subUpdateQMTDatabase();
+    if (!m_notes.HasChanges()) return true;
+    return Tell(
+        QStringLiteral("Some notes could not be saved yet. Please save them before you change recurring events."),
+        msgbox::Exclamation);
+}
+
+bool RecurForm::SaveEvent(const QString& sStart, const QString& sEnd)
+{
+    const int method = m_opMethod->checkedId();
+    if (method < 0) return Tell(QStringLiteral("Please select a recurring method (Day, Week, Month or Year)"));
+    Recurrence event = Event();
+    if (method == Special) return fnRecurseSpecial(event, sStart, sEnd);
+    return (event.*Methods.at(static_cast<std::size_t>(method)).recur)(sStart, sEnd, 1);
+}
+
+bool RecurForm::fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd)
+{
+    if (!event.HasText()) return false;
+    std::int16_t step = 0;
+    ErrorTail{QLatin1StringView(" in RecurForm, fnRecurseSpecial")}(
+        [&] { step = IntegerOf(m_cmbRecurDays->currentText()); });
+    // Any other number would write the same day for ever.
+    if (step < 1) {
+        m_cmbRecurDays->setFocus();
+        return Tell(QStringLiteral("Please choose how many days, weeks, months or years, 1 or more"));
+    }
+    for (const Method& method : Methods) {
+        if (m_cmbRecurSpecial->currentText() == QLatin1StringView(method.unit))
+            return (event.*method.recur)(sStart, sEnd, step);
+    }
+    return false;
+}
+
+Recurrence RecurForm::Event()
+{
+    QTextCharFormat plain = FormatOf(m_tbRecurse->Font());
+    plain.merge(ColorFormat(fnColorInHex(Read(settings::DefaultFontColor).toUpper())));
+    m_running.start();
+    return {m_tbRecurse->TextRTF(), plain, [this](qsizetype done, qsizetype all) { ShowProgress(done, all); }};
+}
+
+// Painted at once and alone: an event that came in meanwhile could close the window or change the notes.
+void RecurForm::ShowProgress(qsizetype done, qsizetype all)
+{
+    constexpr int Noticed = 500; // milliseconds
+    if (!m_running.hasExpired(Noticed)) return;
+    m_progress->setRange(0, static_cast<int>(all));
+    m_progress->setValue(static_cast<int>(done));
+    m_progress->show();
+    m_progress->repaint();
+}
+
+// Only a press of the spin finds a record; it always shows the one before that on which the table stands.
+void RecurForm::picRightSpin_MouseDown()
+{
+    m_isPressed = true;
+    Browse();
+    m_picRightSpin->ShowElement(Pressed);
+    ShowRecord();
+}
+
+void RecurForm::picRightSpin_MouseUp()
+{
+    m_isPressed = false;
+    m_picRightSpin->ShowElement(Released);
+    g_rsRecurse.MoveNext();
+    if (g_rsRecurse.EOF_()) EndOfRecords();
+}
+
+void RecurForm::EndOfRecords()
+{
+    m_picRightSpin->ShowElement(Idle);
+    m_btnCancel->setFocus(); // whoever goes on pressing Space must not come to Delete
+    m_picRightSpin->setEnabled(false);
+    m_lblNextRecord->setText(QStringLiteral("End of Recurring Event"));
+}
+
+void RecurForm::Browse()
+{
+    m_btnOk->setEnabled(false);
+    m_btnOk->setDefault(false);
+    m_btnCancel->setText(QStringLiteral("Done"));
+    m_btnDelete->setEnabled(true);
+    m_btnDelete->setDefault(true);
+    m_tbRecurse->SetLocked(true); // what is typed over the text would not be found in the notes
+    for (QAbstractButton* option : m_opMethod->buttons())
+        option->setEnabled(false);
+    for (QWidget* input : {static_cast<QWidget*>(m_maskStartDate), static_cast<QWidget*>(m_maskUntil),
+                           static_cast<QWidget*>(m_cmbRecurDays), static_cast<QWidget*>(m_cmbRecurSpecial),
+                           static_cast<QWidget*>(m_btnFonts)})
+        input->setEnabled(false);
+}
+
+void RecurForm::ShowRecord()
+{
+    m_maskStartDate->SetText(InBox(g_rsRecurse.Fields(QStringLiteral("Start Date")).toString(), m_iDateFormat));
+    m_maskUntil->SetText(InBox(g_rsRecurse.Fields(QStringLiteral("End Date")).toString(), m_iDateFormat));
+    ShowMethod(g_rsRecurse.Fields(QStringLiteral("Frequency")).toString());
+    m_tbRecurse->SetTextRTF(g_rsRecurse.Fields(QStringLiteral("Recursion Text")).toByteArray());
+}
+
+void RecurForm::ShowMethod(const QString& frequency)
+{
+    const auto known = FrequencyOf(frequency);
+    m_opMethod->setExclusive(false); // else one of them would have to stay chosen
+    for (QAbstractButton* option : m_opMethod->buttons())
+        option->setChecked(known && m_opMethod->id(option) == static_cast<int>(*known));
+    m_opMethod->setExclusive(true);
+}
+
+void RecurForm::btnDelete_Click()
+{
+    if (m_isPressed) return; // the record that is shown is not the one before the table's place yet
+    const ErrorTail tail(DeleteTail);
+    const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
+    SetMousePointer(mousepointer::Hourglass);
+    bool cellsAreSaved = false;
+    tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
+    if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
+    tail([this] { ShowCells(); });
+    SetMousePointer(mousepointer::Default);
+    tail([this] { ReopenRecords(); });
+    accept();
+}
+
+// An event that could not be taken out of all its notes keeps its record, since without it nobody could find the rest.
+void RecurForm::DeleteShown()
+{
+    const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
+    const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
+    const int method = m_opMethod->checkedId();
+    // What another program has written there may be no dates; such a record leads to no notes.
+    const bool leadsToNotes = method >= 0 && fnValidateDate(sStart) && fnValidateDate(sEnd);
+    const bool isOut =
+        !leadsToNotes || Event().TakeOut(static_cast<Frequency>(method), fnFnGetQMTDate(sStart), fnFnGetQMTDate(sEnd));
+    if (isOut) g_rsRecurse.Delete();
+}
+
+void RecurForm::ShowCells()
+{
+    const int last = m_viewMode.GetViewMode() == ViewMode::Month ? LastWeekCell : LastMonthCell;
+    for (int cell = FirstMonthCell; cell <= last; ++cell) {
+        if (!m_cells.tbDay.Exists(cell)) continue;
+        m_cells.tbDay(cell).SetTextRTF({});
+        Mark(cell, false);
+    }
+    m_notes.subSeekQMTDatabase();
+}
+
+void RecurForm::ReopenRecords()
+{
+    g_rsRecurse.Close();
+    g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
+    g_rsRecurse.SetLockEdits(true);
+}
+
+void RecurForm::btnCancel_Click()
+{
+    reject();
+}
+
+void RecurForm::btnFonts_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in RecurForm, btnFonts_Click"));
+    const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbRecurse, tail);
+    const UndoStep oneStep(*m_tbRecurse);
+    tail([&] { m_tbRecurse->SetSelFontName(NameOr(chosen)); });
+    tail([&] { m_tbRecurse->SetSelFontSize(chosen.size); });
+    tail([&] { m_tbRecurse->SetSelColor(chosen.color); });
+    for (const TextStyle& style : TextStyles)
+        tail([&] { Set(*m_tbRecurse, style, chosen.*style.ofDialog); });
+    m_tbRecurse->setFocus();
+}

@@ -1,0 +1,158 @@
+#include "recurrence/recurrence.h"
+
+#include "calendar/moddate.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+
+namespace {
+const QString Equal = QStringLiteral("=");
+const QString DateField = QStringLiteral("qmtDate");
+const QString TextField = QStringLiteral("qmtText");
+
+void Tell(const QString& text, int icon, const QString& reason = {})
+{
+    MsgBox(text, icon, messages::HelpWizard, reason);
+}
+
+bool TellOfFailures(qsizetype failures, qsizetype all, const QString& what, const QString& reason)
+{
+    if (failures > 0) Tell(what.arg(failures).arg(all), msgbox::Exclamation, reason);
+    return failures == 0;
+}
+
+bool AskToRetry(const QString& date, const QString& reason)
+{
+    const QString question = QStringLiteral("%1 is locked.\n%2\n\nDo you want to retry?");
+    return MsgBox(question.arg(fnFormatDateKey(date), reason), msgbox::YesNo + msgbox::Question,
+                  messages::HelpWizard) == msgbox::Yes;
+}
+} // namespace
+
+bool Recurrence::fnRecurseDaily(const QString& sStart, const QString& sEnd, std::int16_t iStep)
+{
+    return Save(Frequency::Daily, QLatin1StringView(" in RecurForm, fnRecurseDaily"), sStart, sEnd, iStep);
+}
+
+bool Recurrence::fnRecurseWeekly(const QString& sStart, const QString& sEnd, std::int16_t iStep)
+{
+    return Save(Frequency::Weekly, QLatin1StringView(" in RecurForm, fnRecurseWeekly"), sStart, sEnd, iStep);
+}
+
+bool Recurrence::fnRecurseMonthly(const QString& sStart, const QString& sEnd, std::int16_t iStep)
+{
+    return Save(Frequency::Monthly, QLatin1StringView(" in RecurForm, fnRecurseMonthly"), sStart, sEnd, iStep);
+}
+
+bool Recurrence::fnRecurseYearly(const QString& sStart, const QString& sEnd, std::int16_t iStep)
+{
+    return Save(Frequency::Yearly, QLatin1StringView(" in RecurForm, fnRecurseYearly"), sStart, sEnd, iStep);
+}
+
+bool Recurrence::HasText()
+{
+    if (m_text.IsEmpty()) Tell(QStringLiteral("Recurring event cannot be empty"), msgbox::Information);
+    return !m_text.IsEmpty();
+}
+
+bool Recurrence::Save(Frequency frequency, QLatin1StringView literal, const QString& sStart, const QString& sEnd,
+                      std::int16_t iStep)
+{
+    if (!HasText()) return false;
+    const QString startKey = fnFnGetQMTDate(sStart);
+    const QString endKey = fnFnGetQMTDate(sEnd);
+    if (frequency != Frequency::Daily && !IsDayOfItsMonth(endKey)) {
+        Tell(QStringLiteral("End Date is not a valid date"), msgbox::Information);
+        return false;
+    }
+    if (!SaveRecord(literal, startKey, endKey, WordOf(frequency))) return false;
+    const QStringList dates = EventDates(frequency, startKey, endKey, iStep);
+    DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subUpdateRecurseData"), m_progress);
+    const qsizetype failures = run(dates, [&](const QString& date) { subUpdateRecurseData(date, run); });
+    TellOfFailures(failures, dates.size(),
+                   QStringLiteral("The recurring event could not be written into %1 of its %2 days."), run.LastError());
+    return true;
+}
+
+// Without its record the event could never be taken out again, so nothing is written then.
+bool Recurrence::SaveRecord(QLatin1StringView literal, const QString& startKey, const QString& endKey,
+                            const QString& frequency) const
+{
+    return ErrorTail{literal}([&] {
+        try {
+            subSaveRecurseRecord(startKey, endKey, frequency);
+        } catch (const RunTimeError& error) {
+            Tell(QStringLiteral("The recurring event could not be saved."), msgbox::Exclamation, error.Description);
+            throw;
+        }
+    });
+}
+
+void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const
+{
+    g_rsRecurse.AddNew();
+    g_rsRecurse.SetField(QStringLiteral("Start Date"), startKey);
+    g_rsRecurse.SetField(QStringLiteral("End Date"), endKey);
+    g_rsRecurse.SetField(QStringLiteral("Frequency"), frequency);
+    g_rsRecurse.SetField(QStringLiteral("Recursion Text"), m_text.Rtf());
+    g_rsRecurse.Update();
+}
+
+void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
+{
+    g_rsQMT.Seek(Equal, sDate);
+    if (g_rsQMT.NoMatch()) {
+        g_rsQMT.AddNew();
+        g_rsQMT.SetField(DateField, sDate);
+        g_rsQMT.SetField(TextField, m_text.Rtf());
+    } else {
+        if (!fnCanSaveRecurseText(sDate, run)) return;
+        g_rsQMT.SetField(TextField, m_text.AppendedTo(g_rsQMT.Fields(TextField).toByteArray()));
+    }
+    g_rsQMT.Update();
+}
+
+bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QString& endKey)
+{
+    const QStringList dates = RemovalDates(frequency, startKey, endKey);
+    DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subRemoveRecurStr"), m_progress);
+    const qsizetype failures = run(dates, [&](const QString& date) { subRemoveRecurStr(date); });
+    return TellOfFailures(failures, dates.size(),
+                          QStringLiteral("The recurring event could not be taken out of %1 of %2 days. It is kept, so "
+                                         "that you can delete it again."),
+                          run.LastError());
+}
+
+void Recurrence::subRemoveRecurStr(const QString& sDate)
+{
+    g_rsQMT.Seek(Equal, sDate);
+    if (g_rsQMT.NoMatch()) return;
+    const auto rest = m_text.TakenOutOf(g_rsQMT.Fields(TextField).toByteArray());
+    if (!rest) return;
+    g_rsQMT.Edit();
+    g_rsQMT.SetField(TextField, *rest);
+    g_rsQMT.Update();
+    // One blank is how an emptied day is stored.
+    if (g_rsQMT.Fields(TextField).toByteArray() == " ") g_rsQMT.Delete();
+}
+
+bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
+{
+    for (;;) {
+        try {
+            g_rsQMT.Edit();
+            return true;
+        } catch (const RunTimeError& error) {
+            if (!run.IsAlone()) throw;
+            if (error.Number != engineerrors::RecordLocked) {
+                LogError(error, QLatin1StringView(" in RecurForm, fnCanSaveRecurseText"));
+                run.Fail(error.Description);
+                return false;
+            }
+            if (!AskToRetry(sDate, error.Description)) return false;
+            g_rsQMT.Seek(Equal, sDate); // a timer behind the question may have read other days
+        }
+    }
+}

@@ -1,0 +1,167 @@
+#include "recurrence/eventtext.h"
+
+#include "platform/richtext/rtfreader.h"
+#include "platform/richtext/rtfwriter.h"
+#include "platform/richtext/selectionformat.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QTest>
+#include <QTextBlock>
+
+// How an event's text goes into a note and out of it: nothing of the note may change but that.
+class EventTextTest : public QObject
+{
+    Q_OBJECT
+
+    static QByteArray Picture()
+    {
+        QImage image(2, 2, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QBuffer file;
+        image.save(&file, "png");
+        return "{\\pict\\pngblip\\picw2\\pich2\\picwgoal300\\pichgoal300 " + file.data().toHex() + '}';
+    }
+
+    static QByteArray Rtf(const QByteArray& body)
+    {
+        return "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil Arial;}{\\f1\\fnil Symbol Sans;}}{\\colortbl "
+               ";\\red255\\green0\\blue0;\\red0\\green0\\blue255;}\\f0\\fs16 " +
+               body + '}';
+    }
+
+    static QTextCharFormat PlainFormat() { return FormatOf(QFont(QStringLiteral("Plain Face"), 9)); }
+
+    static QByteArray Named(const QByteArray& name)
+    {
+        const QMap<QByteArray, QByteArray> texts = {
+            {"word", Rtf("Rent\\par")},
+            {"no mark at the end", Rtf("Rent")},
+            {"bold and centred", Rtf("\\pard\\qc\\b\\cf1 Dentist\\b0  at {\\i ten}\\par")},
+            {"paragraphs", Rtf("\\pard\\qr first\\par\\pard\\li360\\fi-200\\f1\\fs40 second\\par\\pard\\qj\\par")},
+            {"list", Rtf("{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1{\\pntxtb\\'B7}}\\fi-200\\li200 milk\\par"
+                         "{\\pntext\\f1\\'B7\\tab}bread\\par")},
+            {"picture", Rtf("\\ul left " + Picture() + " right\\ulnone\\par")},
+            {"a vector drawing", Rtf("plan {\\pict\\wmetafile8\\picw1000\\pich1000\\picwgoal600\\pichgoal600 "
+                                     "0100090000032100000000000500000000001c0000000000} of it\\par")},
+            {"a link", Rtf("{\\field{\\*\\fldinst{HYPERLINK \"http://example.org/\"}}{\\fldrslt{there}}} now\\par")},
+            {"no rich text", "milk, bread\nand caf\xc3\xa9"},
+            {"nothing", ""},
+            {"one blank", " "},
+        };
+        return texts.value(name);
+    }
+
+    static void Read(const QByteArray& rtf, QTextDocument& document)
+    {
+        ReadRtf(rtf, document);
+        if (LooksLikeRtf(rtf)) return;
+        QTextCursor all(&document);
+        all.select(QTextCursor::Document);
+        all.setCharFormat(PlainFormat());
+    }
+
+    // All that can be seen of a document's paragraphs, one text for each: their formats, and those of every character.
+    static QStringList Described(const QByteArray& rtf)
+    {
+        QTextDocument document;
+        Read(rtf, document);
+        if (!LooksLikeRtf(rtf)) ReadRtf(WriteRtf(document), document); // as it stands in a note from then on
+        QStringList blocks;
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+            QString text;
+            QDebug out(&text);
+            out << block.blockFormat().properties() << block.text();
+            for (auto run = block.begin(); !run.atEnd(); ++run)
+                out << run.fragment().text() << run.fragment().charFormat().properties();
+            blocks += text;
+        }
+        return blocks;
+    }
+
+private Q_SLOTS:
+    void GoesBelowWhatTheNoteHeld_data()
+    {
+        QTest::addColumn<QByteArray>("note");
+        QTest::addColumn<QByteArray>("event");
+        for (const char* note : {"word", "no mark at the end", "bold and centred", "paragraphs", "list", "picture",
+                                 "a vector drawing", "a link", "no rich text", "nothing", "one blank"}) {
+            for (const char* event : {"word", "bold and centred", "paragraphs", "list", "picture", "a link"})
+                QTest::addRow("%s, then %s", note, event) << Named(note) << Named(event);
+        }
+    }
+
+    void GoesBelowWhatTheNoteHeld()
+    {
+        QFETCH(QByteArray, note);
+        QFETCH(QByteArray, event);
+        EventText text(event, PlainFormat());
+        const QByteArray once = text.AppendedTo(note);
+        QCOMPARE(Described(once), Described(note) + Described(event));
+        QCOMPARE(Described(text.AppendedTo(once)), Described(once) + Described(event));
+        QVERIFY(!note.contains("wmetafile") || once.contains("0100090000032100000000000500000000001c0000000000"));
+    }
+
+    void IsFoundAsAWordOfOneParagraph_data()
+    {
+        QTest::addColumn<QByteArray>("event");
+        QTest::addColumn<QByteArray>("note");
+        QTest::addColumn<QByteArray>("rest"); // null: the note keeps all
+        const QByteArray kept;
+        QTest::newRow("alone") << Rtf("Rent") << Rtf("Rent") << Rtf("");
+        QTest::newRow("below") << Rtf("Rent") << Rtf("old\\par Rent\\par") << Rtf("old\\par\\par");
+        QTest::newRow("formatted otherwise") << Rtf("Rent") << Rtf("\\b Re\\b0 nt now") << Rtf("\\b0  now");
+        QTest::newRow("first of two") << Rtf("Rent") << Rtf("a Rent\\par Rent") << Rtf("a \\par Rent");
+        QTest::newRow("other case") << Rtf("Rent") << Rtf("rent RENT") << kept;
+        QTest::newRow("part of a word") << Rtf("Rent") << Rtf("Rents Parent") << kept;
+        QTest::newRow("beside stops") << Rtf("Rent") << Rtf("Rents (Rent), 1Rent") << Rtf("Rents (), 1Rent");
+        QTest::newRow("blank that does not break in the note") << Rtf("at ten") << Rtf("meet at\\~ten") << Rtf("meet ");
+        QTest::newRow("and in the event") << Rtf("at\\~ten") << Rtf("meet at ten") << Rtf("meet ");
+        QTest::newRow("across paragraphs") << Rtf("Rent and light") << Rtf("Rent\\par and light") << kept;
+        QTest::newRow("event of two paragraphs") << Rtf("Rent\\par light") << Rtf("Rent\\par light") << kept;
+        QTest::newRow("line break") << Rtf("Rent\\line light") << Rtf("x\\par Rent\\line light") << Rtf("x\\par\\par");
+        QTest::newRow("with its picture")
+            << Rtf("cake " + Picture()) << Rtf("a cake " + Picture() + " b") << Rtf("a  b");
+        QTest::newRow("its picture is gone") << Rtf("cake" + Picture()) << Rtf("a cake") << Rtf("a ");
+        QTest::newRow("a picture alone") << Rtf(Picture()) << Rtf(Picture()) << kept;
+        QTest::newRow("plain note") << Rtf("Rent") << QByteArray("pay Rent") << QByteArray("pay ");
+    }
+
+    void IsFoundAsAWordOfOneParagraph()
+    {
+        QFETCH(QByteArray, event);
+        QFETCH(QByteArray, note);
+        QFETCH(QByteArray, rest);
+        const auto left = EventText(event, PlainFormat()).TakenOutOf(note);
+        QCOMPARE(left.has_value(), !rest.isNull());
+        if (left) QCOMPARE(Described(*left), Described(rest));
+    }
+
+    void TakesOutWhatWasAppended_data() { GoesBelowWhatTheNoteHeld_data(); }
+
+    void TakesOutWhatWasAppended()
+    {
+        QFETCH(QByteArray, note);
+        QFETCH(QByteArray, event);
+        EventText text(event, PlainFormat());
+        QTextDocument wanted;
+        Read(event, wanted);
+        if (wanted.blockCount() > 1) return;
+        const auto left = text.TakenOutOf(text.AppendedTo(note));
+        QVERIFY(left);
+        // The line that the event stood on stays.
+        const QStringList lines = Described(*left), before = Described(note);
+        const bool hadItBefore = text.TakenOutOf(note).has_value();
+        QCOMPARE(lines.size(), before.size() + 1);
+        if (!hadItBefore) QCOMPARE(lines.first(before.size()), before);
+    }
+
+    void APictureAloneIsNoText()
+    {
+        QVERIFY(EventText(Rtf(Picture()), PlainFormat()).IsEmpty());
+        QVERIFY(!EventText(Rtf("x"), PlainFormat()).IsEmpty());
+    }
+};
+
+QTEST_MAIN(EventTextTest)
+#include "eventtexttest.moc"

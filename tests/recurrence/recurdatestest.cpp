@@ -1,0 +1,190 @@
+#include "recurrence/recurdates.h"
+
+#include <QDate>
+#include <QTest>
+
+#include <functional>
+
+// The dates of recurring events, beside other ways to come to the same: the true calendar where the two agree,
+// remainders in place of steps, and a look back over all months that have passed.
+class RecurDatesTest : public QObject
+{
+    Q_OBJECT
+
+    static QString KeyOf(int year, int month, int day)
+    {
+        return QStringLiteral("%1/%2/%3").arg(year).arg(month).arg(day);
+    }
+
+    static QString KeyOf(QDate date) { return KeyOf(date.year(), date.month(), date.day()); }
+
+    static QStringList Keys(std::initializer_list<const char*> keys)
+    {
+        QStringList list;
+        for (const char* key : keys)
+            list += QString::fromLatin1(key);
+        return list;
+    }
+
+    // Between 1901 and 2099 the true calendar has a leap year every four years too.
+    static void ForAllStarts(const std::function<void(QDate, std::int16_t)>& check)
+    {
+        for (QDate start(1999, 1, 1); start.year() < 2001; start = start.addDays(1)) {
+            for (std::int16_t step = 1; step <= 15; ++step)
+                check(start, step);
+        }
+    }
+
+    // So many days on, where every month has the length of the first one.
+    static QString AsIfAllAlike(QDate start, int days)
+    {
+        const int length = start.daysInMonth();
+        const int sum = start.day() - 1 + days;
+        const QDate month = QDate(start.year(), start.month(), 1).addMonths(sum / length);
+        return KeyOf(month.year(), month.month(), sum % length + 1);
+    }
+
+    // The day of a walk's last month: that of the latest one that was no longer than the wanted day.
+    static QString LookingBack(QDate start, int months, int times)
+    {
+        const QDate first(start.year(), start.month(), 1);
+        const QDate last = first.addMonths(months * times);
+        for (int i = times; i > 0; --i) {
+            const int length = first.addMonths(months * i).daysInMonth();
+            if (length <= start.day()) return KeyOf(last.year(), last.month(), length);
+        }
+        return KeyOf(last.year(), last.month(), start.day());
+    }
+
+private Q_SLOTS:
+    void DaysAreThoseOfTheCalendar()
+    {
+        ForAllStarts([](QDate start, std::int16_t step) {
+            QCOMPARE(fnGetNextDayDate(KeyOf(start), step), KeyOf(start.addDays(step)));
+        });
+    }
+
+    void TheLengthOfAMonthIsLookedUpOnce()
+    {
+        ForAllStarts([](QDate start, std::int16_t step) {
+            QCOMPARE(fnGetNextWeekDate(KeyOf(start), step), AsIfAllAlike(start, 7 * step));
+            for (const int days : {28, 30, 45, 90})
+                QCOMPARE(fnGetNextDayDate(KeyOf(start), std::int16_t(days * step)), AsIfAllAlike(start, days * step));
+            if (step == 1) QCOMPARE(fnGetNextWeekDate(KeyOf(start), 1), KeyOf(start.addDays(7)));
+        });
+    }
+
+    void TheWantedDayNeverComesBack()
+    {
+        ForAllStarts([](QDate start, std::int16_t step) {
+            QString month = KeyOf(start), year = month;
+            const int most = start.day() < 28 ? 3 : 14;
+            for (int times = 1; times <= most; ++times) {
+                month = fnGetNextMonthDate(KeyOf(start), month, step);
+                QCOMPARE(month, LookingBack(start, step, times));
+                if (start.year() + step * times > 2099) continue;
+                year = fnGetNextYearDate(KeyOf(start), year, step);
+                QCOMPARE(year, LookingBack(start, 12 * step, times));
+            }
+        });
+    }
+
+    void WritesIntoTheseDates_data()
+    {
+        QTest::addColumn<Frequency>("frequency");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<QString>("dates"); // the start first
+        QTest::newRow("across the year") << Frequency::Daily << 1 << QStringLiteral("2000/1/2")
+                                         << QStringLiteral("1999/12/30 12/31 2000/1/1 1/2");
+        QTest::newRow("one day") << Frequency::Daily << 1 << QStringLiteral("1999/12/30")
+                                 << QStringLiteral("1999/12/30");
+        QTest::newRow("leap centuries") << Frequency::Daily << 1 << QStringLiteral("1900/3/1")
+                                        << QStringLiteral("1900/2/28 2/29 3/1");
+        QTest::newRow("2100 too") << Frequency::Daily << 2 << QStringLiteral("2100/3/3")
+                                  << QStringLiteral("2100/2/27 2/29 3/2");
+        QTest::newRow("30th of February")
+            << Frequency::Daily << 30 << QStringLiteral("1999/12/31") << QStringLiteral("1999/1/31 2/30");
+        QTest::newRow("end of time") << Frequency::Daily << 1 << QStringLiteral("9999/12/31")
+                                     << QStringLiteral("9999/12/30 12/31");
+        QTest::newRow("beyond it") << Frequency::Yearly << 32767 << QStringLiteral("9999/12/31")
+                                   << QStringLiteral("9999/12/30");
+        QTest::newRow("week") << Frequency::Weekly << 1 << QStringLiteral("1999/2/12")
+                              << QStringLiteral("1999/1/29 2/5 2/12");
+        QTest::newRow("week, not the end")
+            << Frequency::Weekly << 1 << QStringLiteral("1999/2/11") << QStringLiteral("1999/1/29 2/5");
+        QTest::newRow("weeks at the end of time")
+            << Frequency::Weekly << 1 << QStringLiteral("9999/12/31") << QStringLiteral("9999/12/25");
+        QTest::newRow("31st") << Frequency::Monthly << 1 << QStringLiteral("1999/5/31")
+                              << QStringLiteral("1999/1/31 2/28 3/31 4/30 5/31");
+        QTest::newRow("30th") << Frequency::Monthly << 1 << QStringLiteral("1999/5/30")
+                              << QStringLiteral("1999/1/30 2/28 3/28 4/30 5/30");
+        QTest::newRow("29th") << Frequency::Monthly << 13 << QStringLiteral("2004/9/1")
+                              << QStringLiteral("1999/1/29 2000/2/29 2001/3/29 2002/4/29 2003/5/29 2004/6/29");
+        QTest::newRow("quarters") << Frequency::Monthly << 3 << QStringLiteral("2000/5/1")
+                                  << QStringLiteral("1999/11/30 2000/2/29");
+        QTest::newRow("29 February") << Frequency::Yearly << 1 << QStringLiteral("2000/12/31")
+                                     << QStringLiteral("1996/2/29 1997/2/28 1998/2/28 1999/2/28 2000/2/29");
+    }
+
+    void WritesIntoTheseDates()
+    {
+        QFETCH(Frequency, frequency);
+        QFETCH(int, step);
+        QFETCH(QString, end);
+        QFETCH(QString, dates);
+        QStringList expected;
+        QString year;
+        for (const QString& date : dates.split(u' ')) {
+            if (date.count(u'/') == 2) year = date.left(5);
+            expected += date.count(u'/') == 2 ? date : year + date;
+        }
+        QCOMPARE(EventDates(frequency, expected.first(), end, std::int16_t(step)), expected);
+    }
+
+    void IsTakenOutOfTheseDates_data()
+    {
+        QTest::addColumn<Frequency>("frequency");
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<QStringList>("dates");
+        QTest::newRow("up to the end") << Frequency::Daily << QStringLiteral("1999/2/2")
+                                       << Keys({"1999/1/31", "1999/2/1", "1999/2/2"});
+        QTest::newRow("one day") << Frequency::Daily << QStringLiteral("1999/1/31") << Keys({"1999/1/31"});
+        QTest::newRow("an end before the start")
+            << Frequency::Daily << QStringLiteral("1998/1/1") << Keys({"1999/1/31", "1999/2/1"});
+        QTest::newRow("a week past it") << Frequency::Weekly << QStringLiteral("1999/2/8")
+                                        << Keys({"1999/1/31", "1999/2/7", "1999/2/14"});
+        QTest::newRow("a month past it") << Frequency::Monthly << QStringLiteral("1999/2/28")
+                                         << Keys({"1999/1/31", "1999/2/28", "1999/3/31"});
+        QTest::newRow("a year past it") << Frequency::Yearly << QStringLiteral("1999/1/31")
+                                        << Keys({"1999/1/31", "2000/1/31"});
+    }
+
+    void IsTakenOutOfTheseDates()
+    {
+        QFETCH(Frequency, frequency);
+        QFETCH(QString, end);
+        QFETCH(QStringList, dates);
+        QCOMPARE(RemovalDates(frequency, dates.first(), end), dates);
+    }
+
+    void TheStartMayNotLieBehindTheEnd()
+    {
+        const QList<QDate> ascending = {{1998, 12, 31}, {1999, 1, 15}, {1999, 2, 1}, {1999, 2, 2}, {2000, 1, 1}};
+        const auto entry = [](QDate date) { return date.toString(QStringLiteral("MM/dd/yyyy")); };
+        for (const QDate start : ascending) {
+            for (const QDate end : ascending)
+                QCOMPARE(fnCheckBackwardDate(entry(start), entry(end)), start <= end);
+        }
+    }
+
+    void WordsOfRecords()
+    {
+        for (const char* word : {"DAILY", "WEEKLY", "MONTHLY", "YEARLY"})
+            QCOMPARE(WordOf(FrequencyOf(QString::fromLatin1(word)).value()), QString::fromLatin1(word));
+        QVERIFY(!FrequencyOf(QStringLiteral("daily")));
+    }
+};
+
+QTEST_GUILESS_MAIN(RecurDatesTest)
+#include "recurdatestest.moc"
