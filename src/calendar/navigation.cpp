@@ -32,10 +32,11 @@ bool Navigation::RefusesToLeave()
         return false;
     }
     if (g_iCurrentPanel == 0) return false;
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(g_iCurrentPanel).Caption())) +
+    const int held = g_iCurrentPanel; // the idle timer goes on behind the box
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
                QStringLiteral(" is locked, please unlock first."),
            msgbox::Exclamation, messages::HelpWizard);
-    m_cells.tbDay(g_iCurrentPanel).setFocus();
+    m_cells.tbDay(held).setFocus();
     return true;
 }
 

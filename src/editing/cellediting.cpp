@@ -139,7 +139,10 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
 {
     g_lUnlockTicks = 0;
     EnterIfNoneIsCurrent(Index);
-    if (!g_bDBShared || !m_network.picLock->Visible(0)) return;
+    if (!g_bDBShared) return;
+    // Nothing would store it, though the box may still take text from an earlier lock.
+    if (IsHeldElsewhere(Index)) KeyAscii = 0;
+    if (!m_network.picLock->Visible(0)) return;
     KeyAscii = 0;
     MsgBox(QStringLiteral("Please lock current day in order to edit a shared database. Alternatively, locking "
                           "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "

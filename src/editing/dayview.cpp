@@ -207,25 +207,34 @@ void DayView::CommitDay()
         LogError(error, ZoomLiteral);
         return KeepLocked(error.Description);
     }
-    if (!ShowsDay()) return;
+    m_notes.ForgetDay(m_day.key);
     Mark(m_day.cell, false);
+    if (!ShowsDay()) return;
     m_cells.tbDay(m_day.cell).SetLocked(true);
     m_cells.tbDay(m_day.cell).MarkSaved(m_text);
 }
 
 // What could not be stored stays in its cell under the lock, to be tried again by unlocking; where the calendar has
-// turned meanwhile it waits for the next look at its day.
+// turned meanwhile it waits for the next look at its day. At the exit it goes where all goes that could not be saved.
 void DayView::KeepLocked(const QString& reason)
 {
-    if (ShowsDay()) {
-        m_network.picLock->ShowElement(1);
-        Mark(m_day.cell, true);
-        m_cells.tbDay(m_day.cell).SetLocked(false);
+    if (ShowsDay() && !m_isExiting) {
+        HandToCell();
     } else {
         m_record.Close();
+        Mark(m_day.cell, false);
         m_notes.PutNote(m_day.key, m_text);
     }
-    MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
+    if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
+}
+
+// The cell is what the lock by hand knows: it is typed into, and no reading may touch it.
+void DayView::HandToCell()
+{
+    m_network.picLock->ShowElement(1);
+    Mark(m_day.cell, true);
+    m_cells.tbDay(m_day.cell).SetLocked(false);
+    g_iCurrentPanel = m_day.cell;
 }
 
 void DayView::TakeText()
@@ -237,6 +246,7 @@ void DayView::TakeText()
     tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
     tail([&] { TakeOver(); });
     // The idle timer unlocks the day that is shown.
+    if (g_bDBShared && ShowsDay()) HandToCell();
     if (g_bDBShared && !ShowsDay()) Unlock(false);
     m_taken = true;
 }
@@ -244,6 +254,7 @@ void DayView::TakeText()
 void DayView::TakeTextAtExit()
 {
     if (!m_form) return;
+    m_isExiting = true;
     TakeText();
     if (g_bDBShared && ShowsDay()) ErrorTail{ZoomLiteral}([&] { Unlock(false); });
 }

@@ -59,6 +59,7 @@ private:
     void Unlock(bool cancelled);
     void CommitDay();
     void KeepLocked(const QString& reason);
+    void HandToCell();
     QString Heading() const;
     QRect Place() const;
     void StorePlace(const ZoomBoxForm& form);
@@ -75,5 +76,6 @@ private:
     Day m_day;
     QByteArray m_text; // of the day, as it is to go into the cell
     bool m_isEmpty = false;
+    bool m_isExiting = false;
     bool m_taken = false; // closed from outside, which has taken the text and given up the lock
 };

@@ -136,7 +136,7 @@ void Creation::OpenNewFile()
     g_sNotesFile = file;
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-    ClearMarks();
+    m_notes.DropCells(); // a timer may have filled them again behind a question
     subUnloadAlarmIcons(m_cells);
     m_notes.ReadCells(NewTail);
 }

@@ -42,7 +42,7 @@ void ReadNetworkOptions()
 void Opening::subOpenPlanner()
 {
     const bool wasOpen = HasPlanner();
-    const bool saved = wasOpen && m_notes.HasChanges();
+    const bool saved = wasOpen && !g_bDBShared && m_notes.HasChanges();
     if (saved) m_notes.subUpdateQMTDatabase();
     if (!AskForPlanner(m_dialog, QStringLiteral("Open Planner File"))) {
         if (saved) m_notes.subSeekQMTDatabase();
@@ -111,7 +111,7 @@ bool Opening::OpenNotes(bool exclusive)
     // What the previous planner left must not answer for this one.
     g_rsAlarm = {};
     g_rsRecurse = {};
-    ClearMarks();
+    m_notes.DropCells(); // a timer may have filled them again behind a question
     return true;
 }
 

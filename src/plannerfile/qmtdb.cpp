@@ -12,6 +12,9 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
+#include "workgroup/workgroupstate.h"
+
+#include <QScopedValueRollback>
 
 namespace {
 constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
@@ -105,6 +108,7 @@ void QMTDB::ReadDay(const QString& key)
 {
     const ErrorTail tail(QLatin1StringView(" in QMTDB.BAS, subSeekQMTDatabase"));
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    const QScopedValueRollback noSignOfLife(g_lUnlockTicks);                 // what others type keeps no idle lock
     const ReadTransaction reading(key.isEmpty() ? g_dbPlanner : Database()); // a single day needs none
     Expect(reading, range);
     for (int cell = range.first; cell <= range.last; ++cell) {

@@ -4,6 +4,7 @@
 
 #include "calendar/calendarstate.h"
 #include "calendar/viewmode.h"
+#include "plannerfile/plannerstate.h"
 #include "plannerfile/unsavednotes.h"
 
 #include <array>
@@ -54,6 +55,8 @@ public:
     void WriteUnsaved(); // tries each of those planners again
     void ForgetUnsaved() { m_unsaved = {}; }
     void ForgetUnsaved(const QString& planner) { m_unsaved.Forget(planner); }
+    bool IsUnsaved(const QString& key) const { return m_unsaved.Find(g_sNotesFile, key).has_value(); }
+    void ForgetDay(const QString& key) { m_unsaved.Forget(g_sNotesFile, key); } // it has been stored another way
 
 private:
     void Expect(const ReadTransaction& reading, CellRange range);

@@ -73,7 +73,7 @@ struct Rooms
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
     DayView dayView{controls.cells, controls.sidebar, controls.network, notes, dayRecord, m_pCalendarView, fontCommand};
     Refresh refresh{controls.cells, controls.network, turn};
-    DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh};
+    DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
     RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
     AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
     AlarmClock alarmClock{*controls.client};

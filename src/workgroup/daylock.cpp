@@ -6,6 +6,8 @@
 #include "hall/cells.h"
 #include "hall/networkcontrols.h"
 #include "hall/sidebar.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
@@ -34,12 +36,24 @@ void FocusSidebar(const Sidebar& sidebar)
 
 void DayLock::subLockDay()
 {
-    if (g_iCurrentPanel == 0 && !m_record.IsHeld()) return AskForCell();
+    if (HeldCell() == 0) m_record.Close();
+    if (!m_record.IsHeld() && (g_iCurrentPanel == 0 || !HasPlanner())) return AskForCell();
     if (m_network.picLock->Visible(0)) {
         Lock();
     } else {
         Unlock();
     }
+}
+
+// The cell in which somebody types under the lock: marked, and showing the day whose record is held. Where an opening
+// has taken the day from its cell there is none, and no other cell's text may go into the record.
+int DayLock::HeldCell() const
+{
+    for (int cell = 1; cell <= CellCount; ++cell) {
+        const bool isTypedInto = IsMarked(cell) && m_cells.Shows(cell);
+        if (isTypedInto && m_record.Holds(CellKey(m_cells.panelDay(cell).Caption()))) return cell;
+    }
+    return 0;
 }
 
 void DayLock::AskForCell()
@@ -63,7 +77,8 @@ bool DayLock::Take(int cell)
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
     try {
         const bool isNewHere = !m_record.Holds(key);
-        if (m_record.Seek(key, LockLiteral) && isNewHere) box.SetTextRTF(m_record.Text());
+        // What this user could not store yet is what the cell shows.
+        if (m_record.Seek(key, LockLiteral) && isNewHere && !m_notes.IsUnsaved(key)) box.SetTextRTF(m_record.Text());
         SetMousePointer(mousepointer::Hourglass);
         m_record.Edit();
         SetMousePointer(mousepointer::Default);
@@ -80,7 +95,7 @@ void DayLock::Lock()
 {
     // The picture changes first: a failure puts it back.
     m_network.picLock->ShowElement(1);
-    const int cell = g_iCurrentPanel;
+    const int cell = m_record.IsHeld() ? HeldCell() : g_iCurrentPanel;
     if (!Take(cell)) return;
     const ErrorTail tail(LockLiteral);
     m_cells.tbDay(cell).SetLocked(false);
@@ -146,12 +161,11 @@ bool DayLock::Unlock()
     if (m_isUnlocking) return false;
     const QScopedValueRollback unlocking(m_isUnlocking, true);
     const ErrorTail tail(LockLiteral);
-    const int cell = MarkedCell() != 0 ? MarkedCell() : g_iCurrentPanel;
+    const int cell = HeldCell();
     m_network.picLock->ShowElement(0);
-    m_cells.tbDay(cell).CommitPreedit();
-    if (!Store(m_cells.tbDay(cell))) return false;
-    m_network.picLock->ShowElement(0);
-    Mark(cell, false);
+    if (cell != 0 && !StoreCell(cell)) return false;
+    if (cell == 0) m_record.Close();
+    ClearMarks();
     FocusSidebar(m_sidebar);
     g_lUnlockTicks = 0;
     m_network.tmUnLock->SetEnabled(false);
@@ -159,10 +173,21 @@ bool DayLock::Unlock()
     return true;
 }
 
-// What the day view holds is its own affair: it knows its day whatever the calendar turns to.
+bool DayLock::StoreCell(int cell)
+{
+    m_cells.tbDay(cell).CommitPreedit();
+    if (!Store(m_cells.tbDay(cell))) return false;
+    m_notes.ForgetDay(CellKey(m_cells.panelDay(cell).Caption()));
+    m_network.picLock->ShowElement(0);
+    return true;
+}
+
+// What the day view holds is its own affair: it knows its day whatever the calendar turns to. What was typed into a
+// cell before it was opened would be lost by a turn.
 bool DayLock::Commit()
 {
-    return !m_record.IsHeld() || m_dayView.IsOpen() || Unlock();
+    if (m_dayView.IsOpen()) return HeldCell() == 0;
+    return !m_record.IsHeld() || Unlock();
 }
 
 void DayLock::tmUnLock_Timer()

@@ -10,6 +10,7 @@ class Cells;
 class DayRecord;
 class DayViewPort;
 struct NetworkControls;
+class QMTDB;
 class Refresh;
 class RichTextBox;
 struct RunTimeError;
@@ -19,9 +20,9 @@ class DayLock final : public LockedDay
 {
 public:
     DayLock(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, DayRecord& record,
-            DayViewPort& dayView, Refresh& refresh)
+            DayViewPort& dayView, Refresh& refresh, QMTDB& notes)
         : m_cells(cells), m_sidebar(sidebar), m_network(network), m_record(record), m_dayView(dayView),
-          m_refresh(refresh)
+          m_refresh(refresh), m_notes(notes)
     {
     }
 
@@ -34,6 +35,8 @@ private:
     bool Take(int cell);
     void Lock();
     bool Unlock();
+    int HeldCell() const;
+    bool StoreCell(int cell);
     bool Store(RichTextBox& box);
     bool StoreOverOthers(RichTextBox& box, const RunTimeError& error);
     void ShowFree(const QString& reason);
@@ -45,5 +48,6 @@ private:
     DayRecord& m_record;
     DayViewPort& m_dayView;
     Refresh& m_refresh;
+    QMTDB& m_notes;
     bool m_isUnlocking = false;
 };

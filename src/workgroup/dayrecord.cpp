@@ -5,6 +5,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -24,10 +25,23 @@ bool DayRecord::Seek(const QString& key, QLatin1StringView literal)
     m_key = key;
     m_record = schema::OpenNotes(g_dbPlanner);
     m_record.Seek(Equal, key);
-    const bool found = !m_record.NoMatch();
-    const bool made = !found && ErrorTail{literal}([&] { Make(key); });
-    if (!found) m_record.Seek(Equal, key);
-    return !made;
+    return !m_record.NoMatch() || !MakeNew(key, literal);
+}
+
+// False where another user was quicker: then theirs is the record.
+bool DayRecord::MakeNew(const QString& key, QLatin1StringView literal)
+{
+    std::optional<RunTimeError> failure;
+    try {
+        Make(key);
+    } catch (const RunTimeError& error) {
+        failure = error;
+    }
+    m_record.Seek(Equal, key);
+    if (!failure) return true;
+    if (m_record.NoMatch()) throw *failure;
+    LogError(*failure, literal);
+    return false;
 }
 
 void DayRecord::Make(const QString& key)

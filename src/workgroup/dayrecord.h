@@ -8,8 +8,8 @@ class DayRecord
 {
 public:
     // Goes to the day's record in the open planner, first making one for a day that has none; true where there was one.
-    // On the record that is held already it stays, with its lock. What fails in the making is logged under the literal,
-    // for another user may have made it in the same moment.
+    // On the record that is held already it stays, with its lock. Where another user has made it in the same moment,
+    // that is logged under the literal; other errors of the making leave no record.
     bool Seek(const QString& key, QLatin1StringView literal);
     QByteArray Text() const; // as the file has it
     void Edit();             // takes the lock: 3186, 3197 or 3260 where another user has it
@@ -27,6 +27,7 @@ public:
     void Close();            // likewise, before the planner is closed or another opened
 
 private:
+    bool MakeNew(const QString& key, QLatin1StringView literal);
     void Make(const QString& key);
     void TakeAgain();
 

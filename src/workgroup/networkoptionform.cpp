@@ -34,7 +34,7 @@ void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& se
     constexpr double LongestDelay = 30000; // minutes
     bool isNumber = false;
     const double minutes = typed.trimmed().toDouble(&isNumber);
-    if (!isNumber) return WriteText(setting, QStringLiteral("5"));
+    if (!isNumber || !qIsFinite(minutes)) return WriteText(setting, QStringLiteral("5"));
     WriteText(setting, typed.trimmed());
     seconds = static_cast<std::int32_t>(qBound(0.0, minutes, LongestDelay)) * SecondsPerMinute;
 }

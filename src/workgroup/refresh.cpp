@@ -19,10 +19,11 @@ void Refresh::subRefreshCells()
         m_turn(QLatin1StringView(" in MainForm, picRefresh_Click"), [] {});
         return;
     }
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(g_iCurrentPanel).Caption())) +
+    const int held = g_iCurrentPanel; // the idle timer goes on behind the box
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
                QStringLiteral(" is locked, please unlock first."),
            msgbox::Exclamation, messages::HelpWizard);
-    m_cells.tbDay(g_iCurrentPanel).setFocus();
+    m_cells.tbDay(held).setFocus();
     m_network.picRefresh->ShowElement(0);
 }
 

@@ -5,6 +5,7 @@
 #include "platform/engine/postgres/sessionname.h"
 
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QThread>
 
 #include <pqxx/errorhandler>
@@ -149,6 +150,14 @@ RunTimeError PostgresConnection::Failure(const pqxx::sql_error& error)
     return RunTimeErrorOf(error, m_writing, m_name);
 }
 
+// The server answers the commit of a spoilt transaction with no error, though nothing of it is kept. A step of a group
+// is undone alone.
+RunTimeError PostgresConnection::Spoiling(const RunTimeError& error)
+{
+    if (m_writing && !m_inStep && !m_lost) m_lost = error;
+    return error;
+}
+
 template <typename Step>
 pqxx::result PostgresConnection::Guarded(Step&& step)
 {
@@ -156,9 +165,9 @@ pqxx::result PostgresConnection::Guarded(Step&& step)
         pqxx::nontransaction work(m_session->connection);
         return step(work);
     } catch (const pqxx::sql_error& error) {
-        throw Failure(error);
+        throw Spoiling(Failure(error));
     } catch (const pqxx::transaction_rollback&) {
-        throw RolledBackError(m_writing, m_name);
+        throw Spoiling(RolledBackError(m_writing, m_name));
     } catch (const pqxx::failure&) {
         throw Lost(); // what the library says of it helps nobody
     }
@@ -232,6 +241,7 @@ void PostgresConnection::WriteInGroup(const std::function<void()>& step)
 {
     if (m_lost) throw *m_lost;
     Command(std::exchange(m_hasStep, true) ? "RELEASE SAVEPOINT step; SAVEPOINT step" : "SAVEPOINT step");
+    const QScopedValueRollback inStep(m_inStep, true);
     try {
         step();
     } catch (const RunTimeError& failure) {

@@ -71,6 +71,7 @@ private:
     void End(const Backend& former);
     RunTimeError Failure(const pqxx::sql_error& error);
     RunTimeError Lost(const char* detail = "");
+    RunTimeError Spoiling(const RunTimeError& error);
     template <typename Step>
     pqxx::result Guarded(Step&& step);
     void Command(const char* text);
@@ -88,6 +89,7 @@ private:
     int m_reads = 0;        // nested reads
     bool m_reading = false; // a read transaction is open
     bool m_writing = false;
+    bool m_inStep = false;              // a failure is undone by itself
     bool m_hasStep = false;             // of the group of writes, so that a failing one can be undone alone
     std::string m_transaction;          // of the writes
     std::optional<RunTimeError> m_lost; // why the group of writes is lost

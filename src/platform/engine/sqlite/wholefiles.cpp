@@ -205,7 +205,11 @@ void PutInPlace(const QString& fresh, const QString& planner)
     if (!Unlink(JournalOf(planner)) && errno != ENOENT) Raise(JournalOf(planner), errno);
     SyncFolderOf(planner);
     Rename(fresh, planner);
-    SyncFolderOf(planner);
+    try {
+        SyncFolderOf(planner);
+    } catch (const RunTimeError&) {
+        // The new one is there. Who took this for a failure would undo what it leads to.
+    }
 }
 } // namespace wholefiles
 

@@ -1,0 +1,260 @@
+// What a day's lock survives: timers behind other windows, the day view, openings that come to nothing, full disks. At
+// the end each day holds what was typed under its lock, or what it held before, and never another day's text.
+#include "editing/zoomboxform.h"
+#include "failingstore.h"
+#include "platform/profile/profile.h"
+#include "workgroupprogram.h"
+
+class HeldRecordTest : public QObject
+{
+    Q_OBJECT
+    std::unique_ptr<WorkgroupProgram> m_program;
+    std::shared_ptr<FailurePlan> m_plan;
+    const QString m_tenth = QStringLiteral("1999/3/10");
+    const QString m_second = QStringLiteral("second.mdb");
+
+    void WriteAs(const QString& key, const QByteArray& text) const
+    {
+        Database planner = DBEngine::OpenDatabase(m_program->folders.Path(m_program->File));
+        Recordset notes = Days(planner);
+        Write(notes, key, text);
+    }
+    void MakeSecond() const
+    {
+        Database planner = DBEngine::CreateDatabase(m_program->folders.Path(m_second), schema::Locale);
+        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
+            planner.Append(table);
+        planner.Close();
+    }
+    QString Stored(const QString& key) const { return PlainText(m_program->Stored(m_program->File, key)); }
+    QString Stored() const { return Stored(m_program->Key); }
+    void FailNext(const char* call) const
+    {
+        m_plan->calls = 0;
+        m_plan->at = 1;
+        m_plan->when = FailurePlan::Before;
+        m_plan->only = QString::fromLatin1(call);
+        m_plan->error = {3026, QStringLiteral("Disk full")};
+    }
+    void RunOut() const
+    {
+        g_lUnlockTicks = g_lUnlockDelay = 300;
+        m_program->Tick("tmUnLock");
+    }
+    void Midnight(const QDate& day) const
+    {
+        desktopclock::SetForTests(QDateTime(day, QTime(0, 0, 10)));
+        m_program->Tick("tmMidnightRefresh");
+    }
+    // Opens the day view on the current day, types into it and does the rest there.
+    void InDayView(const QString& typed, const std::function<void(ZoomBoxForm&)>& rest) const
+    {
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), typed);
+            rest(form);
+        });
+        m_program->Trigger("mnuDayView");
+        m_program->Activate();
+    }
+    static void Press(const ZoomBoxForm& form, const char* button)
+    {
+        QTest::mouseClick(form.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_plan = std::make_shared<FailurePlan>();
+        m_program = std::make_unique<WorkgroupProgram>();
+        m_program->MakePlanner(false);
+        WriteAs(m_program->Key, "old");
+        WriteAs(m_tenth, "tenth");
+        WritePrivateProfileStringA(QStringLiteral("Network Options"), QStringLiteral("AutoUnLock"), QStringLiteral("1"),
+                                   QStringLiteral("PLANNER.INI"));
+        m_program->Start();
+        DBEngine::SetStoreWrapperForTests(
+            [this](auto store) { return std::make_shared<FailingStore>(std::move(store), m_plan); });
+        m_program->Open(m_program->File, true);
+        DBEngine::SetStoreWrapperForTests(nullptr);
+    }
+    void cleanup()
+    {
+        DBEngine::SetStoreWrapperForTests(nullptr);
+        m_program.reset();
+    }
+
+    void theIdleTimerFindsItsDayAfterMidnight()
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+            Midnight(QDate(1999, 3, 18));
+            RunOut();
+        });
+        QCOMPARE(Stored(), QStringLiteral("mine old"));
+        QVERIFY(m_program->ShowsFree());
+        m_program->Click(m_program->CellOf(10));
+        RunOut();
+        QCOMPARE(Stored(), QStringLiteral("mine old"));
+        QCOMPARE(Stored(m_tenth), QStringLiteral("tenth"));
+    }
+
+    void theIdleTimerFindsItsDayAfterAResize()
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+            m_program->form->resize(900, 650);
+            QTest::qWait(50);
+            RunOut();
+        });
+        QCOMPARE(Stored(), QStringLiteral("mine old"));
+        QVERIFY(m_program->ShowsFree());
+    }
+
+    void aFailedIdleCommitKeepsItsCell()
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        SeenBox seen, refusal;
+        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+            FailNext("Replace");
+            AnswerNextBox(msgbox::Ok, &seen);
+            RunOut();
+        });
+        m_plan->at = 0;
+        QVERIFY(m_program->ShowsLocked());
+        AnswerNextBox(msgbox::Ok, &refusal);
+        m_program->Click(m_program->CellOf(10));
+        QTRY_VERIFY(refusal.Text.contains(QStringLiteral("Mar 17, 1999 is locked")));
+        m_program->Activate();
+        m_program->PressLock();
+        QCOMPARE(Stored(), QStringLiteral("mine old"));
+        QCOMPARE(Stored(m_tenth), QStringLiteral("tenth"));
+    }
+
+    void whatWasTypedBeforeTheDayViewOutlivesMidnight_data()
+    {
+        QTest::addColumn<QDate>("day");
+        QTest::newRow("same month") << QDate(1999, 3, 18);
+        QTest::newRow("next month") << QDate(1999, 4, 1);
+    }
+    void whatWasTypedBeforeTheDayViewOutlivesMidnight()
+    {
+        QFETCH(QDate, day);
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        InDayView(QString(), [&](ZoomBoxForm& form) {
+            Midnight(day);
+            Press(form, "btnCancel");
+        });
+        QVERIFY(m_program->ShowsLocked());
+        InDayView(QStringLiteral("more, "), [&](ZoomBoxForm& form) {
+            Midnight(day);
+            Press(form, "btnOk");
+        });
+        QVERIFY(m_program->ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("more, old and mine"));
+        QCOMPARE(MarkedCell(), 0);
+    }
+
+    void anOpenThatIsCancelledLeavesTheTyping()
+    {
+        m_program->LockAndType(QStringLiteral(" and mine"));
+        OnNextModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+        m_program->Trigger("mnuOpen");
+        m_program->Activate();
+        QCOMPARE(m_program->Box().Text(), QStringLiteral("old and mine"));
+        m_program->PressLock();
+        QCOMPARE(Stored(), QStringLiteral("old and mine"));
+    }
+
+    // An opening gives up what was typed under a lock; the day itself must not be emptied.
+    void theIdleTimerBehindAnOpeningEmptiesNothing()
+    {
+        m_program->LockAndType(QString());
+        AnswerNextFileDialog(m_program->folders.Path(m_program->File));
+        OnNextModal<OpenAsForm>([&](OpenAsForm& form) {
+            RunOut();
+            form.findChild<QRadioButton*>(QStringLiteral("opShared(1)"))->click();
+            QTest::keyClick(&form, Qt::Key_Return);
+        });
+        m_program->Trigger("mnuOpen");
+        m_program->Activate();
+        QCOMPARE(Stored(), QStringLiteral("old"));
+    }
+
+    void aNewThatIsAnsweredNoEmptiesNothing()
+    {
+        MakeSecond();
+        m_program->LockAndType(QString());
+        AnswerNextFileDialog(m_program->folders.Path(m_second));
+        AnswerNextBox(msgbox::No);
+        m_program->Trigger("mnuNew");
+        m_program->Activate();
+        m_program->PressLock();
+        QVERIFY(m_program->ShowsFree());
+        QCOMPARE(Stored(), QStringLiteral("old"));
+    }
+
+    void aRefreshBehindAnOpeningLeavesNothingForTheNextPlanner()
+    {
+        MakeSecond();
+        AnswerNextFileDialog(m_program->folders.Path(m_second));
+        OnNextModal<OpenAsForm>([&](OpenAsForm& form) {
+            g_bAutoRefresh = true;
+            g_lRefreshTicks = g_lRefreshDelay = 1;
+            m_program->Tick("tmAutoRefresh");
+            form.findChild<QRadioButton*>(QStringLiteral("opShared(0)"))->click();
+            QTest::keyClick(&form, Qt::Key_Return);
+        });
+        m_program->Trigger("mnuOpen");
+        m_program->Activate();
+        QCOMPARE(m_program->Box().Text(), QString());
+        m_program->Type(WorkgroupProgram::Cell, QStringLiteral("x"));
+        m_program->Trigger("mnuSave");
+        QCOMPARE(PlainText(m_program->Stored(m_second, m_program->Key)), QStringLiteral("x"));
+    }
+
+    // The day view's text could not be stored while another month was shown.
+    void aNoteThatWaitsIsWhatTheLockShows()
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        SeenBox seen;
+        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm& form) {
+            Midnight(QDate(1999, 4, 1));
+            FailNext("Replace");
+            AnswerNextBox(msgbox::Ok, &seen);
+            Press(form, "btnOk");
+        });
+        m_plan->at = 0;
+        QCOMPARE(Stored(), QStringLiteral("old"));
+        m_program->Trigger("mnuPrevMonth");
+        QCOMPARE(m_program->Box().Text(), QStringLiteral("mine old"));
+        m_program->LockAndType(QStringLiteral(" and newer"));
+        m_program->PressLock();
+        QCOMPARE(Stored(), QStringLiteral("mine old and newer"));
+        m_program->Exit();
+        QCOMPARE(Stored(), QStringLiteral("mine old and newer"));
+    }
+
+    void aFullDiskIsNamedWhenAnEmptyDayIsLocked()
+    {
+        FailNext("Insert");
+        m_program->Click(m_program->CellOf(20));
+        QCOMPARE(m_program->PressLockAndHear(), QStringLiteral("Disk full"));
+        QVERIFY(m_program->ShowsFree());
+    }
+
+    // A box that was unlocked before still takes keys; what nobody would store must not be taken.
+    void nothingIsTypedBesideTheLockedDay()
+    {
+        const int before = m_program->CellOf(10);
+        m_program->Click(before);
+        m_program->PressLock();
+        m_program->PressLock();
+        m_program->LockAndType(QStringLiteral("!"));
+        g_iCurrentPanel = 1; // as the sidebar's week picture leaves it
+        QTest::keyClicks(&m_program->Box(before), QStringLiteral("lost"));
+        QCOMPARE(m_program->Box(before).Text(), QStringLiteral("tenth"));
+    }
+};
+
+QTEST_MAIN(HeldRecordTest)
+#include "heldrecordtest.moc"
