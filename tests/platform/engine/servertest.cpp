@@ -240,6 +240,24 @@ private Q_SLOTS:
         QCOMPARE(Read(days, QStringLiteral("a")), QByteArray("again"));
     }
 
+    // The server would answer the commit without an error, and nothing would be kept.
+    void AGroupThatALookUpSpoilsIsToldOf()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        TableDef other = DayTable();
+        other.Name = QStringLiteral("Other");
+        other.Indexes.front().Name = QStringLiteral("otherKey");
+        database.Append(other);
+        Recordset others = database.OpenTable(other.Name);
+        WriteTransaction group(database);
+        Write(days, QStringLiteral("1999/3/8"), "of the group");
+        TestServer::Get().Ask(QStringLiteral("DROP TABLE orrelin_%1.\"Other\"").arg(m_planner));
+        QVERIFY(ErrorOf([&] { others.MoveFirst(); }) != 0);
+        QVERIFY(ErrorOf([&] { Write(days, QStringLiteral("1999/3/9"), "of the group"); }) != 0);
+        QVERIFY(ErrorOf([&] { group.Commit(); }) != 0);
+    }
+
     void ACommitInDoubtIsCleared_data()
     {
         QTest::addColumn<int>("cut");
