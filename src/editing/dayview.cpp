@@ -223,7 +223,7 @@ void DayView::KeepLocked(const QString& reason)
     } else {
         m_record.Close();
         Mark(m_day.cell, false);
-        m_notes.PutNote(m_day.key, m_text);
+        m_notes.PutNote(m_day.key, m_text, m_record.LockedText());
     }
     if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
 }

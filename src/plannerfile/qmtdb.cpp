@@ -25,13 +25,15 @@ const QString TextField = QStringLiteral("qmtText");
 
 // Stores one day's text; an empty one leaves no record. A zero-length text is never stored: an
 // emptied day goes by way of one blank, and its record is deleted.
-void StoreNote(Recordset& records, const QString& key, const QByteArray& rtf)
+void StoreNote(Recordset& records, const QString& key, const UnsavedNote& note)
 {
+    QByteArray rtf = note.rtf;
     records.Seek(Equal, key);
     if (records.NoMatch()) {
         records.AddNew();
     } else {
         records.Edit();
+        rtf = note.Over(records.Fields(TextField).toByteArray());
     }
     records.SetField(DateField, key);
     records.SetField(TextField, rtf.isEmpty() ? QByteArray(" ") : rtf);
@@ -53,7 +55,7 @@ void QMTDB::ReadNote(int cell)
     const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
     if (!unsaved) g_rsQMT.Seek(Equal, key);
     if (unsaved || !g_rsQMT.NoMatch()) {
-        ShowNote(cell, key, unsaved ? *unsaved : g_rsQMT.Fields(TextField).toByteArray());
+        ShowNote(cell, key, unsaved ? unsaved->rtf : g_rsQMT.Fields(TextField).toByteArray());
         if (unsaved) box.SetModified(true);
     } else if (!Held(cell).rtf) {
         ShowNote(cell, key, {});
@@ -163,7 +165,7 @@ void QMTDB::TakeNote(int cell)
     if (NeedsSaving(cell)) {
         const QString key = KeyOf(cell);
         const QByteArray rtf = box.IsEmpty() ? QByteArray() : box.TextRTF();
-        m_unsaved.Keep(g_sNotesFile, key, rtf);
+        m_unsaved.Keep(g_sNotesFile, key, rtf, Held(cell).rtf);
         box.MarkSaved(rtf);
         Held(cell) = {key, rtf};
     }
@@ -186,6 +188,12 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
         for (const QString& key : written)
             m_unsaved.Forget(planner, key);
     });
+}
+
+QByteArray QMTDB::NoteOver(const QString& key, const QByteArray& stored) const
+{
+    const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
+    return unsaved ? unsaved->Over(stored) : stored;
 }
 
 void QMTDB::WriteUnsaved()
@@ -212,10 +220,10 @@ void QMTDB::subUpdateQMTRecord(int iCell)
     WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
-void QMTDB::PutNote(const QString& key, const QByteArray& rtf)
+void QMTDB::PutNote(const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base)
 {
     if (!HasPlanner()) return;
-    m_unsaved.Keep(g_sNotesFile, key, rtf);
+    m_unsaved.Keep(g_sNotesFile, key, rtf, base);
     if (!g_bDBShared) WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 

@@ -42,7 +42,7 @@ public:
     void subUpdateQMTRecord(int iCell);
     // Writes a day's note that no shown cell holds; in a workgroup's planner it waits for the next look at its day, or
     // for the exit.
-    void PutNote(const QString& key, const QByteArray& rtf);
+    void PutNote(const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base = {});
     bool HasChanges() const; // of the shown cells, that a save would write
 
     // Keeps what the shown cells of a personal planner hold unsaved, for the exit or its next opening, unwritten.
@@ -55,7 +55,8 @@ public:
     void WriteUnsaved(); // tries each of those planners again
     void ForgetUnsaved() { m_unsaved = {}; }
     void ForgetUnsaved(const QString& planner) { m_unsaved.Forget(planner); }
-    bool IsUnsaved(const QString& key) const { return m_unsaved.Find(g_sNotesFile, key).has_value(); }
+    // What a day is to show that holds this in the file: what could not be stored yet comes first.
+    QByteArray NoteOver(const QString& key, const QByteArray& stored) const;
     void ForgetDay(const QString& key) { m_unsaved.Forget(g_sNotesFile, key); } // it has been stored another way
 
 private:

@@ -39,7 +39,7 @@ void WriteRescueFiles(const UnsavedNotes& notes)
         const QString base = RescueFolder() + u'/' + QFileInfo(planner).completeBaseName() + u' ';
         const auto days = notes.NotesOf(planner);
         for (auto day = days.cbegin(); day != days.cend(); ++day) {
-            if (!day->isEmpty()) WriteNote(FreeName(base + QString(day.key()).replace(u'/', u'-')), *day);
+            if (!day->rtf.isEmpty()) WriteNote(FreeName(base + QString(day.key()).replace(u'/', u'-')), day->rtf);
         }
     }
 }

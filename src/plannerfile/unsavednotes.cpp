@@ -1,12 +1,24 @@
 #include "plannerfile/unsavednotes.h"
 
 #include "calendar/moddate.h"
+#include "platform/richtext/notejoin.h"
 
 #include <QStringList>
 
-void UnsavedNotes::Keep(const QString& planner, const QString& key, const QByteArray& rtf)
+QByteArray UnsavedNote::Over(const QByteArray& stored) const
 {
-    m_notes[planner].insert(key, rtf);
+    const bool isOfOthers = base && stored != *base && stored != rtf && stored != former;
+    if (!isOfOthers || stored.trimmed().isEmpty()) return rtf;
+    return rtf.isEmpty() ? stored : JoinedNotes(stored, rtf);
+}
+
+void UnsavedNotes::Keep(const QString& planner, const QString& key, const QByteArray& rtf,
+                        const std::optional<QByteArray>& base)
+{
+    auto& notes = m_notes[planner];
+    const auto former = notes.constFind(key);
+    const bool goesOn = former != notes.cend();
+    notes.insert(key, {rtf, goesOn ? former->base : base, goesOn ? former->rtf : QByteArray()});
 }
 
 void UnsavedNotes::Forget(const QString& planner, const QString& key)
@@ -17,7 +29,7 @@ void UnsavedNotes::Forget(const QString& planner, const QString& key)
     if (notes->isEmpty()) m_notes.erase(notes);
 }
 
-std::optional<QByteArray> UnsavedNotes::Find(const QString& planner, const QString& key) const
+std::optional<UnsavedNote> UnsavedNotes::Find(const QString& planner, const QString& key) const
 {
     const auto notes = NotesOf(planner);
     const auto note = notes.constFind(key);

@@ -9,18 +9,29 @@
 
 #include <optional>
 
+struct UnsavedNote
+{
+    QByteArray rtf;                 // empty: the day was emptied
+    std::optional<QByteArray> base; // what the file held when the typing began, if that is known
+    QByteArray former;              // an earlier text of the same typing, which may have been stored unheard
+
+    // What is to be stored where the file holds this by now. Where somebody else has written meanwhile both notes stay,
+    // theirs above.
+    QByteArray Over(const QByteArray& stored) const;
+};
+
 class UnsavedNotes
 {
 public:
-    void Keep(const QString& planner, const QString& key, const QByteArray& rtf); // empty: the day was emptied
+    void Keep(const QString& planner, const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base);
     void Forget(const QString& planner, const QString& key);
     void Forget(const QString& planner) { m_notes.remove(planner); }
-    std::optional<QByteArray> Find(const QString& planner, const QString& key) const;
-    QMap<QString, QByteArray> NotesOf(const QString& planner) const { return m_notes.value(planner); }
+    std::optional<UnsavedNote> Find(const QString& planner, const QString& key) const;
+    QMap<QString, UnsavedNote> NotesOf(const QString& planner) const { return m_notes.value(planner); }
     QStringList Planners() const { return m_notes.keys(); }
     bool IsEmpty() const { return m_notes.isEmpty(); }
     QString Describe() const; // a line for each planner: its path and the days
 
 private:
-    QMap<QString, QMap<QString, QByteArray>> m_notes;
+    QMap<QString, QMap<QString, UnsavedNote>> m_notes;
 };

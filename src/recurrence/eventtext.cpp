@@ -1,5 +1,6 @@
 #include "recurrence/eventtext.h"
 
+#include "platform/richtext/notejoin.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 
@@ -40,12 +41,7 @@ void EventText::ReadNote(const QByteArray& note)
 QByteArray EventText::AppendedTo(const QByteArray& note)
 {
     ReadNote(note);
-    QTextCursor cursor(&m_note);
-    cursor.movePosition(QTextCursor::End);
-    // Without formats of its own the new paragraph would take the alignment and the style of the note's last one.
-    const QTextBlock first = m_event.firstBlock();
-    cursor.insertBlock(first.blockFormat(), first.charFormat());
-    cursor.insertFragment(m_fragment);
+    AppendBelow(m_note, m_event.firstBlock(), m_fragment);
     return WriteRtf(m_note);
 }
 

@@ -77,8 +77,7 @@ bool DayLock::Take(int cell)
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
     try {
         const bool isNewHere = !m_record.Holds(key);
-        // What this user could not store yet is what the cell shows.
-        if (m_record.Seek(key, LockLiteral) && isNewHere && !m_notes.IsUnsaved(key)) box.SetTextRTF(m_record.Text());
+        if (m_record.Seek(key, LockLiteral) && isNewHere) box.SetTextRTF(m_notes.NoteOver(key, m_record.Text()));
         SetMousePointer(mousepointer::Hourglass);
         m_record.Edit();
         SetMousePointer(mousepointer::Default);

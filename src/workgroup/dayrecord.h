@@ -11,8 +11,9 @@ public:
     // On the record that is held already it stays, with its lock. Where another user has made it in the same moment,
     // that is logged under the literal; other errors of the making leave no record.
     bool Seek(const QString& key, QLatin1StringView literal);
-    QByteArray Text() const; // as the file has it
-    void Edit();             // takes the lock: 3186, 3197 or 3260 where another user has it
+    QByteArray Text() const;                                  // as the file has it
+    const QByteArray& LockedText() const { return m_locked; } // as it was when it was locked
+    void Edit(); // takes the lock: 3186, 3197 or 3260 where another user has it
 
     bool IsHeld() const { return m_held; }
     bool Holds(const QString& key) const { return m_held && m_key == key; }

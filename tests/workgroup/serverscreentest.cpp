@@ -77,6 +77,21 @@ private Q_SLOTS:
         m_proxy.reset();
     }
 
+    // While the connection is broken the planner is open to others; a note of theirs must outlive our save.
+    void aPersonalPlannersSaveKeepsWhatOthersWrote()
+    {
+        const QString file = QFileInfo(m_direct).fileName();
+        m_program->Open(file, false);
+        m_program->Type(WorkgroupProgram::Cell, QStringLiteral("mine "));
+        TestServer::Get().Cut();
+        OthersWrite(m_program->Key, "theirs");
+        m_program->Trigger("mnuSave");
+        m_program->Trigger("mnuSave");
+        m_program->Open(file, true);
+        QVERIFY2(Shown().startsWith(QStringLiteral("theirs")), qPrintable(Shown()));
+        QVERIFY2(Shown().endsWith(QStringLiteral("mine old")), qPrintable(Shown()));
+    }
+
     void WhatOthersStoreIsShown()
     {
         m_program->Click(WorkgroupProgram::Cell);
