@@ -140,6 +140,14 @@ void ORLCombo::FillColors()
     addItem(QString());
 }
 
+void ORLCombo::FillTexts(const QStringList& texts)
+{
+    Reserve({.Usual = 24, .Least = 8});
+    m_canBeEmpty = true;
+    clear();
+    addItems(texts);
+}
+
 void ORLCombo::Reserve(Room room)
 {
     m_room = room;
@@ -235,6 +243,10 @@ void ORLCombo::keyPressEvent(QKeyEvent* event)
 {
     m_clicked = false; // of a list that was closed without a choice
     Fetch();
+    if (m_canBeEmpty && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)) {
+        setCurrentIndex(-1);
+        return Choose();
+    }
     QComboBox::keyPressEvent(event);
 }
 

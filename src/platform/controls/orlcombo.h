@@ -1,5 +1,5 @@
-// A combo box of the format bar, filled once with fonts, sizes or colours. It takes no focus by the mouse, so that the
-// caret stays in its cell; Tab reaches it.
+// A combo box of the format bar, filled once with fonts, sizes or colours, or a list of names in a dialog. It takes no
+// focus by the mouse, so that the caret stays in its cell; Tab reaches it.
 #pragma once
 
 #include <QComboBox>
@@ -16,6 +16,8 @@ public:
     void FillFontNames(); // the installed families; cheap: the list is read when it is first opened or looked into
     void FillFontSizes(); // plain integers, 6 to 72
     void FillColors();    // the sixteen names, each with its colour, and a blank one
+    // Texts of a dialog, none chosen at first; Delete and Backspace choose none again.
+    void FillTexts(const QStringList& texts);
 
     QString Text() const; // what the box shows
     int ListCount() const;
@@ -55,6 +57,7 @@ private:
 
     QAbstractItemDelegate* m_rows = nullptr;
     Room m_room;
-    QString m_unlisted;     // shown in place of the entry, if not empty
+    QString m_unlisted; // shown in place of the entry, if not empty
+    bool m_canBeEmpty = false;
     bool m_clicked = false; // whether Click was raised for the choice that is being made
 };

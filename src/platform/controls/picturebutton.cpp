@@ -42,24 +42,47 @@ bool Presses(int key)
 } // namespace
 
 PictureButton::PictureButton(const QString& raised, const QString& pressed, QWidget* parent)
-    : QWidget(parent), m_files{raised, pressed}
+    : PictureButton({raised, pressed}, 1, parent)
+{
+}
+
+PictureButton::PictureButton(const QStringList& pictures, int pressedElement, QWidget* parent)
+    : QWidget(parent), m_pressedElement(pressedElement)
 {
     [[maybe_unused]] static const bool installed = (QAccessible::installFactory(MakeAccess), true);
+    for (const QString& picture : pictures)
+        m_elements.push_back({.file = picture});
+    m_elements.front().visible = true;
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
     setMouseTracking(true); // a tip may follow from what the mouse is over
 }
 
+bool PictureButton::IsAnyVisible() const
+{
+    return std::any_of(m_elements.begin(), m_elements.end(), [](const Element& element) { return element.visible; });
+}
+
+int PictureButton::ShownElement() const
+{
+    for (std::size_t i = m_elements.size() - 1; i > 0; --i) {
+        if (m_elements[i].visible) return int(i);
+    }
+    return 0;
+}
+
 void PictureButton::ShowElement(int element)
 {
-    SetVisible(1 - element, false);
+    for (int other = 0; other < int(m_elements.size()); ++other) {
+        if (other != element) SetVisible(other, false);
+    }
     SetVisible(element, true);
 }
 
 void PictureButton::SetVisible(int element, bool visible)
 {
-    if (std::exchange(m_visible.at(std::size_t(element)), visible) == visible) return;
-    setToolTip(m_tips[std::size_t(ShownElement())]);
+    if (std::exchange(m_elements.at(std::size_t(element)).visible, visible) == visible) return;
+    setToolTip(m_elements[std::size_t(ShownElement())].tip);
     update();
     // Between hiding the one and showing the other neither is visible: hiding the widget at once would lose its focus.
     if (visible) {
@@ -72,15 +95,15 @@ void PictureButton::SetVisible(int element, bool visible)
 // A hidden widget never hears of the release, so while it is pressed it only paints nothing.
 void PictureButton::Follow()
 {
-    const bool visible = m_visible[0] || m_visible[1];
+    const bool visible = IsAnyVisible();
     if (visible || !m_downElement) setVisible(visible);
 }
 
 void PictureButton::SetToolTip(int element, const QString& tip)
 {
-    m_tips.at(std::size_t(element)) = tip;
+    m_elements.at(std::size_t(element)).tip = tip;
     if (element == 0) setAccessibleName(tip);
-    setToolTip(m_tips[std::size_t(ShownElement())]);
+    setToolTip(m_elements[std::size_t(ShownElement())].tip);
 }
 
 void PictureButton::SetCaption(const QString& caption)
@@ -182,18 +205,18 @@ void PictureButton::focusOutEvent(QFocusEvent* event)
     update();
 }
 
-const QPixmap& PictureButton::Picture(int element)
+const QPixmap& PictureButton::Picture(int number)
 {
-    QPixmap& picture = m_pictures[std::size_t(element)];
-    if (picture.isNull() || picture.devicePixelRatio() != devicePixelRatioF()) {
-        picture = QIcon(m_files[std::size_t(element)]).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF());
+    Element& element = m_elements[std::size_t(number)];
+    if (element.picture.isNull() || element.picture.devicePixelRatio() != devicePixelRatioF()) {
+        element.picture = QIcon(element.file).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF());
     }
-    return picture;
+    return element.picture;
 }
 
 void PictureButton::PaintGround(QPainter& painter)
 {
-    const bool chosen = ShownElement() == 1;
+    const bool chosen = LooksPressed();
     QColor ground = m_framed ? paper::Paper : Qt::transparent;
     if (underMouse()) ground = paper::Band;
     if (chosen || m_downElement) ground = paper::AccentTint;
@@ -209,16 +232,15 @@ void PictureButton::PaintGround(QPainter& painter)
 
 void PictureButton::paintEvent(QPaintEvent*)
 {
-    if (!m_visible[0] && !m_visible[1]) return;
+    if (!IsAnyVisible()) return;
     QPainter painter(this);
     PaintGround(painter);
     if (!isEnabled()) painter.setOpacity(0.4);
-    const int element = ShownElement();
     int textHeight = m_caption.isEmpty() ? 0 : fontMetrics().height() + 4;
     if (height() < PictureSize + textHeight + 4) textHeight = 0;
     const int top = (height() - PictureSize - textHeight) / 2;
-    painter.drawPixmap((width() - PictureSize) / 2, top, Picture(element));
+    painter.drawPixmap((width() - PictureSize) / 2, top, Picture(ShownElement()));
     if (textHeight == 0) return;
-    painter.setPen(element == 1 ? paper::Accent : paper::SoftInk);
+    painter.setPen(LooksPressed() ? paper::Accent : paper::SoftInk);
     painter.drawText(QRect(0, top + PictureSize + 4, width(), textHeight), Qt::AlignHCenter | Qt::AlignTop, m_caption);
 }

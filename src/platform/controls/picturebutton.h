@@ -1,12 +1,13 @@
-// A picture button: two elements of one picture, 0 raised and 1 pressed, of which at most one is visible. It is one
-// stable widget, so that the release comes to it even when the element under the mouse was hidden by the press.
+// A picture button: the elements of one picture, of which at most one is visible: 0 raised and 1 pressed unless told
+// otherwise. It is one stable widget, so that the release comes to it even when the element under the mouse was hidden
+// by the press.
 #pragma once
 
 #include <QPixmap>
 #include <QWidget>
 
-#include <array>
 #include <optional>
+#include <vector>
 
 class PictureButton : public QWidget
 {
@@ -15,10 +16,12 @@ class PictureButton : public QWidget
 public:
     // raised and pressed are SVG pictures of the resources. The accessible name is the tip of element 0.
     PictureButton(const QString& raised, const QString& pressed, QWidget* parent = nullptr);
+    // As many elements as there are pictures; pressedElement is the one that looks pressed. The first one is visible.
+    explicit PictureButton(const QStringList& pictures, int pressedElement = 1, QWidget* parent = nullptr);
 
-    bool Visible(int element) const { return m_visible.at(static_cast<std::size_t>(element)); }
-    void SetVisible(int element, bool visible); // the widget is hidden while both are
-    void ShowElement(int element);              // this one and not the other
+    bool Visible(int element) const { return m_elements.at(static_cast<std::size_t>(element)).visible; }
+    void SetVisible(int element, bool visible); // the widget is hidden while all are
+    void ShowElement(int element);              // this one and no other
     void SetToolTip(int element, const QString& tip);
     void SetCaption(const QString& caption); // a word under the picture, for the sidebar
     void SetFramed(bool framed);             // a thin frame at rest, for a button that stands alone on a band
@@ -47,17 +50,25 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    int ShownElement() const { return m_visible[1] ? 1 : 0; }
+    struct Element
+    {
+        QString file;
+        QPixmap picture; // rendered when first shown
+        QString tip;
+        bool visible = false;
+    };
+
+    bool IsAnyVisible() const;
+    int ShownElement() const; // 0 if none is visible
+    bool LooksPressed() const { return ShownElement() == m_pressedElement; }
     void Follow();
     void Down(int element, int key);
     void Up(bool click);
     void PaintGround(QPainter& painter);
-    const QPixmap& Picture(int element);
+    const QPixmap& Picture(int number);
 
-    std::array<QString, 2> m_files;
-    std::array<QPixmap, 2> m_pictures; // rendered when first shown
-    std::array<QString, 2> m_tips;
-    std::array<bool, 2> m_visible{true, false};
+    std::vector<Element> m_elements;
+    int m_pressedElement;
     QString m_caption;
     bool m_framed = false;
     std::optional<int> m_downElement; // while pressed: the element that was visible

@@ -68,6 +68,26 @@ private Q_SLOTS:
         QCOMPARE(colors.ListIndex(), -1);
     }
 
+    void TextsOfADialog()
+    {
+        ORLCombo tunes;
+        tunes.FillTexts({QStringLiteral("b.wav"), QStringLiteral("a.mid")});
+        QCOMPARE(tunes.Text(), QString());
+        QCOMPARE(tunes.List(0) + tunes.List(1), QStringLiteral("b.wava.mid"));
+        const Record record(tunes);
+        QTest::keyClick(&tunes, Qt::Key_Down);
+        QCOMPARE(tunes.Text(), QStringLiteral("b.wav"));
+        QTest::keyClick(&tunes, Qt::Key_Delete);
+        QCOMPARE(tunes.ListIndex(), -1);
+        QCOMPARE(record.Events,
+                 QStringList({QStringLiteral("Click"), QStringLiteral("b.wav"), QStringLiteral("Click"), QString()}));
+        ORLCombo sizes;
+        sizes.FillFontSizes();
+        sizes.SetListIndex(3);
+        QTest::keyClick(&sizes, Qt::Key_Delete); // a size cannot be taken away
+        QCOMPARE(sizes.ListIndex(), 3);
+    }
+
     void FontsAreReadWhenLookedInto()
     {
         ORLCombo fonts;

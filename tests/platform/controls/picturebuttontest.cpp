@@ -65,6 +65,7 @@ private Q_SLOTS:
     void swapKeepsTheFocus();
     void dialogTakesTheRelease();
     void tipsAndNames();
+    void longerArrays();
     void looks();
 };
 
@@ -177,6 +178,22 @@ void PictureButtonTest::tipsAndNames()
     QCOMPARE(access->role(), QAccessible::Button);
     access->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+}
+
+void PictureButtonTest::longerArrays()
+{
+    PictureButton spin({g_left, g_right, g_left}, 1);
+    QVERIFY(spin.Visible(0) && !spin.Visible(1) && !spin.Visible(2));
+    spin.ShowElement(2);
+    const QImage released = spin.grab().toImage();
+    QVERIFY(!spin.Visible(0) && !spin.Visible(1) && spin.Visible(2));
+    spin.ShowElement(1);
+    QVERIFY(spin.grab().toImage() != released);
+    PictureButton stop({g_right, g_left}, 0); // pressed first
+    const QImage pressed = stop.grab().toImage();
+    stop.ShowElement(1);
+    QCOMPARE(stop.grab().toImage(), released);
+    QVERIFY(pressed != released);
 }
 
 // Each state can be told from the others by the eye.

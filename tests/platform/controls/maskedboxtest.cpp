@@ -1,0 +1,214 @@
+// The mask box under keys, mouse, clipboard and input methods.
+#include "platform/controls/maskedbox.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+const QString g_date = QStringLiteral("##/##/####");
+const QString g_full = QStringLiteral("07/04/1999");
+
+// Keys as a person presses them, one word a key: a character, or the name of a key.
+void Press(MaskEdBox& box, const QString& keys)
+{
+    static const QHash<QString, QKeySequence> named = {
+        {QStringLiteral("Back"), Qt::Key_Backspace},  {QStringLiteral("Del"), Qt::Key_Delete},
+        {QStringLiteral("Home"), Qt::Key_Home},       {QStringLiteral("End"), Qt::Key_End},
+        {QStringLiteral("Left"), Qt::Key_Left},       {QStringLiteral("Right"), Qt::Key_Right},
+        {QStringLiteral("Undo"), QKeySequence::Undo}, {QStringLiteral("All"), QKeySequence::SelectAll},
+        {QStringLiteral("Cut"), QKeySequence::Cut},   {QStringLiteral("Paste"), QKeySequence::Paste}};
+    for (const QString& key : keys.split(u' ', Qt::SkipEmptyParts)) {
+        if (named.contains(key)) {
+            QTest::keySequence(&box, named[key]);
+        } else {
+            QTest::keyClicks(&box, key);
+        }
+    }
+}
+} // namespace
+
+class MaskedBoxTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<MaskEdBox> m_box;
+
+private Q_SLOTS:
+    void init()
+    {
+        m_box = std::make_unique<MaskEdBox>();
+        m_box->SetMask(g_date);
+        m_box->show();
+        m_box->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_box.get()));
+        m_box->setFocus();
+    }
+
+    void keys_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("keys"); // from the first place
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<int>("caret");
+        const QString none;
+        QTest::newRow("digits alone") << none << "07041999" << g_full << 10;
+        QTest::newRow("as written") << none << "07/04/1999" << g_full << 10;
+        QTest::newRow("without zeros") << none << "7/4/1999" << g_full << 10;
+        QTest::newRow("by dots") << none << "7.4.1999" << g_full << 10;
+        QTest::newRow("too much") << none << "070419991" << g_full << 10;
+        QTest::newRow("letters") << none << "a0x7,;4"
+                                 << "07/4_/____" << 4;
+        QTest::newRow("partial") << none << "7"
+                                 << "7_/__/____" << 1;
+        QTest::newRow("other number over a full one") << g_full << "1 2 / 9 /"
+                                                      << "12/09/1999" << 6;
+        QTest::newRow("one digit over a full number") << g_full << "9 /"
+                                                      << "09/04/1999" << 3;
+        QTest::newRow("separator skips") << g_full << "/ /" << g_full << 6;
+        QTest::newRow("separator after a move keeps") << g_full << "Right /" << g_full << 3;
+        QTest::newRow("delete over separators") << g_full << "Del Del Del Del Del"
+                                                << "__/__/_999" << 7;
+        QTest::newRow("delete at the end") << g_full << "End Del" << g_full << 10;
+        QTest::newRow("backspace over separators") << g_full << "End Back Back Back Back Back"
+                                                   << "07/0_/____" << 4;
+        QTest::newRow("backspace at the start") << g_full << "Home Back" << g_full << 0;
+        QTest::newRow("end of a part") << "07/04/1___"
+                                       << "End"
+                                       << "07/04/1___" << 7;
+        QTest::newRow("end of nothing") << none << "End 1"
+                                        << "1_/__/____" << 1;
+        QTest::newRow("selection typed over") << g_full << "All 1"
+                                              << "1_/__/____" << 1;
+        QTest::newRow("selection deleted") << g_full << "All Del"
+                                           << "__/__/____" << 0;
+        QTest::newRow("undo") << g_full << "All 1 Undo" << g_full << 10;
+        QTest::newRow("cut and paste") << g_full << "All Cut Paste" << g_full << 10;
+    }
+
+    void keys()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, keys);
+        m_box->SetText(before);
+        m_box->setCursorPosition(0);
+        Press(*m_box, keys);
+        QTEST(m_box->Text(), "after");
+        QTEST(m_box->cursorPosition(), "caret");
+    }
+
+    void pasting_data()
+    {
+        QTest::addColumn<QString>("mask");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("caret");
+        QTest::addColumn<QString>("clipboard");
+        QTest::addColumn<QString>("after");
+        const QString yearFirst = QStringLiteral("####/##/##"), two = QStringLiteral("##");
+        QTest::newRow("short date") << g_date << "" << 0 << "7/4/1999" << g_full;
+        QTest::newRow("blanks around") << g_date << "" << 5 << " \t07/04/1999 \n" << g_full;
+        QTest::newRow("digits alone") << g_date << "12/31/2001" << 10 << "07041999" << g_full;
+        QTest::newRow("other separators") << g_date << "" << 0 << "7-4-1999" << g_full;
+        QTest::newRow("year first") << yearFirst << "" << 0 << "1999/7/4"
+                                    << "1999/07/04";
+        QTest::newRow("other order") << g_date << g_full << 0 << "1999/7/4" << g_full;
+        QTest::newRow("words") << g_date << g_full << 0 << "July 4" << g_full;
+        QTest::newRow("date and time") << g_date << g_full << 0 << "7/4/1999 10:15" << g_full;
+        QTest::newRow("nothing") << g_date << g_full << 0 << "" << g_full;
+        QTest::newRow("the year alone") << g_date << "07/04/____" << 6 << "1999" << g_full;
+        QTest::newRow("month and year") << g_date << "31/12/2001" << 4 << "7/1999"
+                                        << "31/07/1999";
+        QTest::newRow("too many") << g_date << g_full << 4 << "1/2/3/4" << g_full;
+        QTest::newRow("half filled box") << g_date << g_full << 0 << "08/__/____"
+                                         << "08/__/____";
+        QTest::newRow("minute") << two << "" << 0 << "5"
+                                << "5_";
+        QTest::newRow("wide digits") << two << "" << 0 << QString::fromUtf8("０７") << "07";
+        QTest::newRow("no mask") << ""
+                                 << "x" << 1 << "any; text"
+                                 << "xany; text";
+    }
+
+    void pasting()
+    {
+        QFETCH(QString, mask);
+        QFETCH(QString, before);
+        QFETCH(int, caret);
+        QFETCH(QString, clipboard);
+        m_box->SetMask(mask);
+        m_box->SetText(before);
+        QGuiApplication::clipboard()->setText(clipboard);
+        m_box->setCursorPosition(caret);
+        Press(*m_box, QStringLiteral("Paste"));
+        QTEST(m_box->Text(), "after");
+
+        m_box->SetText(before);
+        m_box->setCursorPosition(caret);
+        QTimer::singleShot(0, this, [] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QVERIFY(menu);
+            for (QAction* action : menu->actions()) {
+                if (action->text().contains(QStringLiteral("Paste"))) menu->setActiveAction(action);
+            }
+            QTest::keyClick(menu, Qt::Key_Return);
+            menu->close();
+        });
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(5, 5), m_box->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(m_box.get(), &asked);
+        QTEST(m_box->Text(), "after");
+
+        m_box->SetText(before);
+        m_box->setCursorPosition(caret);
+        if (mask.isEmpty() || caret != 0) return; // a drop moves the caret to where the mouse is
+        QMimeData dragged;
+        dragged.setText(clipboard);
+        QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_box.get(), &enter);
+        QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_box.get(), &drop);
+        QTEST(m_box->Text(), "after");
+    }
+
+    void pressesIntoTheEmptyBox()
+    {
+        QTest::mouseClick(m_box.get(), Qt::LeftButton, {}, QPoint(m_box->width() - 4, m_box->height() / 2));
+        QCOMPARE(m_box->cursorPosition(), 0);
+        Press(*m_box, QStringLiteral("07"));
+        QTest::mouseClick(m_box.get(), Qt::LeftButton, {}, QPoint(m_box->width() - 4, m_box->height() / 2));
+        QCOMPARE(m_box->cursorPosition(), 3);
+    }
+
+    void inputMethod()
+    {
+        QInputMethodEvent composing(QStringLiteral("7"), {});
+        QCoreApplication::sendEvent(m_box.get(), &composing);
+        QInputMethodEvent commit;
+        commit.setCommitString(QString::fromUtf8("٧é/４"));
+        QCoreApplication::sendEvent(m_box.get(), &commit);
+        QCOMPARE(m_box->Text(), QStringLiteral("07/4_/____"));
+    }
+
+    void masksComeAndGo()
+    {
+        m_box->SetText(g_full);
+        m_box->SetMask(QString());
+        m_box->SetText(QString());
+        QCOMPARE(m_box->Text(), QString());
+        m_box->SetMask(QStringLiteral("##"));
+        QCOMPARE(m_box->Text(), QStringLiteral("__"));
+        Press(*m_box, QStringLiteral("1 /"));
+        QCOMPARE(m_box->Text(), QStringLiteral("01"));
+        m_box->SetText(QStringLiteral("12:30"));
+        QCOMPARE(m_box->Text(), QStringLiteral("__"));
+        m_box->setReadOnly(true);
+        Press(*m_box, QStringLiteral("1 Paste"));
+        QCOMPARE(m_box->Text(), QStringLiteral("__"));
+    }
+};
+
+QTEST_MAIN(MaskedBoxTest)
+#include "maskedboxtest.moc"
