@@ -51,6 +51,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuThisMonth", " in MainForm, mnuThisMonth_Click", Run<&Rooms::navigation, &Navigation::mnuThisMonth_Click>},
     {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Run<&Rooms::navigation, &Navigation::subActionNext>},
     {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
+    {"mnuFindWord", " in MainForm, mnuFindWord_Click", Run<&Rooms::findWord, &FindWord::mnuFindWord_Click>},
     {"mnuInitialFont", " in MainForm, mnuInitialFont_Click",
      Run<&Rooms::appearance, &Appearance::mnuInitialFont_Click>},
     {"mnuNumberDlg", " in MainForm, mnuNumberDlg_Click", Run<&Rooms::appearance, &Appearance::mnuNumberDlg_Click>},
