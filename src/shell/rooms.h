@@ -27,6 +27,7 @@
 #include "shell/controls.h"
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
+#include "tools/datedifference.h"
 #include "tools/datesearch.h"
 #include "tools/findword.h"
 #include "workgroup/daylock.h"
@@ -67,6 +68,7 @@ struct Rooms
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{controls.bottom, turn, redraw, m_pCalendarView, *controls.client};
     FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
+    DateDifference dateDifference{controls.cells, *controls.bar.tbTop, controls.menus, *controls.lblDateDiff};
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};

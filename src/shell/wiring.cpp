@@ -52,6 +52,10 @@ constexpr MenuRow MenuRows[] = {
     {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Run<&Rooms::navigation, &Navigation::subActionNext>},
     {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
     {"mnuFindWord", " in MainForm, mnuFindWord_Click", Run<&Rooms::findWord, &FindWord::mnuFindWord_Click>},
+    {"mnuDateDiffShow", " in MainForm, mnuDateDiffShow_Click",
+     Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffShow_Click>},
+    {"mnuDateDiffCustomize", " in MainForm, mnuDateDiffCustomize_Click",
+     Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffCustomize_Click>},
     {"mnuInitialFont", " in MainForm, mnuInitialFont_Click",
      Run<&Rooms::appearance, &Appearance::mnuInitialFont_Click>},
     {"mnuNumberDlg", " in MainForm, mnuNumberDlg_Click", Run<&Rooms::appearance, &Appearance::mnuNumberDlg_Click>},
@@ -110,6 +114,7 @@ constexpr ButtonRow ButtonRows[] = {
     {"italic", "mnuItalic"},
     {"underline", "mnuUnderline"},
     {"strikethru", "mnuStrikeThru"},
+    {"datediff", "mnuDateDiffShow"},
 };
 
 void WireMenus(Rooms& rooms)
@@ -242,6 +247,8 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.appearance.lblDayOfWeek_DblClick(Index); });
     On(&rooms.controls.cells, &Cells::PanelDblClick, " in MainForm, panelDay_DblClick",
        [&rooms](int Index) { rooms.dayView.panelDay_DblClick(Index); });
+    On(&rooms.controls.cells, &Cells::MouseMove, " in MainForm, tbDay_MouseMove",
+       [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
        [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }
