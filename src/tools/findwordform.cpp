@@ -298,6 +298,10 @@ int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
 // Whole, since a place in the stored text is none in what the cell shows.
 void FindWordForm::SelectNote()
 {
+    // Side by side in one month, an earlier hit and this one would look alike.
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last; ++cell)
+        if (m_cells.tbDay.Exists(cell) && m_cells.tbDay(cell).SelLength() > 0) m_cells.tbDay(cell).SetSelLength(0);
     RichTextBox& box = m_cells.tbDay(m_iCell);
     box.SetSelStart(0);
     box.SetSelLength(box.document()->characterCount() - 1);
