@@ -30,12 +30,15 @@ RawPlanner::RawPlanner(const QString& path, Locking locking)
     if (locking == Locking::Exclusive) Execute("PRAGMA locking_mode = EXCLUSIVE");
     m_find = Prepare(R"(SELECT "qmtText" FROM "QMT Table" WHERE "qmtDate" = ?1)");
     m_replace = Prepare(R"(UPDATE "QMT Table" SET "qmtText" = ?2 WHERE "qmtDate" = ?1)");
+    m_like = Prepare(R"(SELECT "qmtDate", "qmtText" FROM "QMT Table" WHERE "qmtDate" > ?1 AND "qmtText" LIKE ?2
+                        ORDER BY "qmtDate" LIMIT 1)");
 }
 
 RawPlanner::~RawPlanner()
 {
     sqlite3_finalize(m_find);
     sqlite3_finalize(m_replace);
+    sqlite3_finalize(m_like);
     sqlite3_close(m_database);
 }
 
@@ -64,6 +67,19 @@ std::vector<QByteArray> RawPlanner::Read(const QStringList& keys)
     }
     Execute("COMMIT");
     return notes;
+}
+
+QString RawPlanner::FindLike(const QByteArray& like, const QString& behind)
+{
+    const QByteArray date = behind.toUtf8();
+    BindText(m_like, 1, date);
+    BindText(m_like, 2, like);
+    const int step = sqlite3_step(m_like);
+    Check(step == SQLITE_ROW || step == SQLITE_DONE, m_database);
+    QString found;
+    if (step == SQLITE_ROW) found = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(m_like, 0)));
+    sqlite3_reset(m_like);
+    return found;
 }
 
 void RawPlanner::Write(const QStringList& keys, const std::vector<QByteArray>& notes)

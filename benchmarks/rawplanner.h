@@ -26,6 +26,8 @@ public:
     RawPlanner& operator=(const RawPlanner&) = delete;
 
     std::vector<QByteArray> Read(const QStringList& keys);
+    // The key of the first note behind this key, the smallest first, whose text is LIKE that; empty for none.
+    QString FindLike(const QByteArray& like, const QString& behind = {});
     void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // in one transaction
 
 private:
@@ -35,4 +37,5 @@ private:
     sqlite3* m_database = nullptr;
     sqlite3_stmt* m_find = nullptr;
     sqlite3_stmt* m_replace = nullptr;
+    sqlite3_stmt* m_like = nullptr;
 };
