@@ -71,6 +71,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddMonthRows(add, ours, bare);
     AddTextRows(add);
     AddDayViewRows(add);
+    AddFindRows(add, planner);
     AddWorkgroupRows(add, addMemory, planner);
     AddEventRows(add);
     AddAlarmRows(add, ours.Box(1));

@@ -32,6 +32,8 @@ RawPlanner::RawPlanner(const QString& path, Locking locking)
     m_replace = Prepare(R"(UPDATE "QMT Table" SET "qmtText" = ?2 WHERE "qmtDate" = ?1)");
     m_insert = Prepare(R"(INSERT INTO "QMT Table" ("qmtDate", "qmtText") VALUES (?1, ?2))");
     m_alarms = Prepare(R"(SELECT "Alarm Time" FROM "Alarm Table" WHERE "Alarm Date" = ?1)");
+    m_like = Prepare(R"(SELECT "qmtDate", "qmtText" FROM "QMT Table" WHERE "qmtDate" > ?1 AND "qmtText" LIKE ?2
+                        ORDER BY "qmtDate" LIMIT 1)");
 }
 
 RawPlanner::~RawPlanner()
@@ -40,6 +42,7 @@ RawPlanner::~RawPlanner()
     sqlite3_finalize(m_replace);
     sqlite3_finalize(m_insert);
     sqlite3_finalize(m_alarms);
+    sqlite3_finalize(m_like);
     sqlite3_close(m_database);
 }
 
@@ -68,6 +71,19 @@ std::vector<QByteArray> RawPlanner::Read(const QStringList& keys)
     }
     Execute("COMMIT");
     return notes;
+}
+
+QString RawPlanner::FindLike(const QByteArray& like, const QString& behind)
+{
+    const QByteArray date = behind.toUtf8();
+    BindText(m_like, 1, date);
+    BindText(m_like, 2, like);
+    const int step = sqlite3_step(m_like);
+    Check(step == SQLITE_ROW || step == SQLITE_DONE, m_database);
+    QString found;
+    if (step == SQLITE_ROW) found = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(m_like, 0)));
+    sqlite3_reset(m_like);
+    return found;
 }
 
 void RawPlanner::Write(const QStringList& keys, const std::vector<QByteArray>& notes)

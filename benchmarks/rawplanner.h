@@ -26,6 +26,8 @@ public:
     RawPlanner& operator=(const RawPlanner&) = delete;
 
     std::vector<QByteArray> Read(const QStringList& keys);
+    // The key of the first note behind this key, the smallest first, whose text is LIKE that; empty for none.
+    QString FindLike(const QByteArray& like, const QString& behind = {});
     void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // in one transaction
     void AddEvent(); // the record of a recurring event, in a transaction of its own
     // As Write, but each day is looked up first, and one without a record gets one.
@@ -43,4 +45,5 @@ private:
     sqlite3_stmt* m_replace = nullptr;
     sqlite3_stmt* m_insert = nullptr;
     sqlite3_stmt* m_alarms = nullptr;
+    sqlite3_stmt* m_like = nullptr;
 };

@@ -11,6 +11,8 @@ CellFrames::CellFrames(Cells& cells) : QObject(&cells), m_cells(cells)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         guard(QLatin1StringView(" in CCalendarView, CellFrames"), [&] { FollowFocus(now); });
     });
+    // Also where its window is not the active one.
+    connect(&cells, &Cells::GotFocus, this, [this](int Index) { Frame(&m_cells.panelDay(Index)); });
 }
 
 void CellFrames::FollowFocus(QWidget* now)
@@ -21,6 +23,11 @@ void CellFrames::FollowFocus(QWidget* now)
     for (int cell = 1; cell <= CellCount && !panel; ++cell) {
         if (m_cells.tbDay.Exists(cell) && &m_cells.tbDay(cell) == now) panel = &m_cells.panelDay(cell);
     }
+    Frame(panel);
+}
+
+void CellFrames::Frame(SSPanel* panel)
+{
     if (m_framed) m_framed->SetActive(false);
     m_framed = panel;
     if (m_framed) m_framed->SetActive(true);

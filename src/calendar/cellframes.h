@@ -16,6 +16,7 @@ public:
 
 private:
     void FollowFocus(QWidget* now);
+    void Frame(SSPanel* panel);
 
     Cells& m_cells;
     QPointer<SSPanel> m_framed;

@@ -6,14 +6,15 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
 
-void Turn::operator()(QLatin1StringView literal, const std::function<void()>& change)
+bool Turn::operator()(QLatin1StringView literal, const std::function<void()>& change)
 {
     const ErrorTail tail(literal);
-    if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return;
+    if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return false;
     SetMousePointer(mousepointer::Hourglass);
     // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
     if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
     tail(change);
     if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
     SetMousePointer(mousepointer::Default);
+    return true;
 }

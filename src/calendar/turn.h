@@ -17,8 +17,9 @@ public:
 
     // Commits a day that this user has locked, saves what the cells hold, has them changed by the caller (the date, the
     // drawing), and reads their notes. Without a planner there is only the change; with a locked day that cannot be
-    // stored there is nothing. A step that fails is logged under the literal and does not keep the others back.
-    void operator()(QLatin1StringView literal, const std::function<void()>& change);
+    // stored there is nothing, and false is given. A step that fails is logged under the literal and does not keep the
+    // others back.
+    bool operator()(QLatin1StringView literal, const std::function<void()>& change);
 
 private:
     QMTDB& m_notes;

@@ -133,6 +133,7 @@ void Creation::OpenNewFile()
     const QString file = filesystem::Find(g_sDBPath);
     g_dbPlanner = DBEngine::OpenDatabase(file);
     g_rsQMT = schema::OpenNotes(g_dbPlanner);
+    g_rsFind = {};
     g_sNotesFile = file;
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);

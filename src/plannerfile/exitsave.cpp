@@ -78,6 +78,7 @@ void ExitSave::ClosePlanner()
     if (!HasPlanner()) return;
     const ErrorTail tail(ExitTail);
     m_record.Close();
+    g_rsFind = {};
     tail([] { g_rsQMT.Close(); });
     tail([] { g_rsRecurse.Close(); });
     tail([] { g_rsAlarm.Close(); });

@@ -111,6 +111,7 @@ bool Opening::OpenNotes(bool exclusive)
     // What the previous planner left must not answer for this one.
     g_rsAlarm = {};
     g_rsRecurse = {};
+    g_rsFind = {};
     m_notes.DropCells(); // a timer may have filled them again behind a question
     return true;
 }

@@ -8,6 +8,7 @@ Database g_dbPlanner;
 Recordset g_rsQMT;
 Recordset g_rsAlarm;
 Recordset g_rsRecurse;
+Recordset g_rsFind;
 bool g_bExitSaved = false;
 
 void ResetPlannerStateForTests()
@@ -16,6 +17,6 @@ void ResetPlannerStateForTests()
     g_sDBTitle.clear();
     g_sNotesFile.clear();
     g_bDBShared = g_bExitSaved = false;
-    g_rsQMT = g_rsAlarm = g_rsRecurse = {};
+    g_rsQMT = g_rsAlarm = g_rsRecurse = g_rsFind = {};
     g_dbPlanner = {};
 }

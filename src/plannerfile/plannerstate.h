@@ -14,6 +14,8 @@ extern Database g_dbPlanner;
 extern Recordset g_rsQMT;     // "QMT Table": the notes
 extern Recordset g_rsAlarm;   // "Alarm Table"
 extern Recordset g_rsRecurse; // "Recursion Table"
+extern Recordset g_rsFind;    // a walk through the notes of its own, no object between two searches; the word search,
+                              // and emptied where another planner is opened, or it would keep the old one open
 extern bool g_bExitSaved;     // the exit has saved once; subExitProgram
 
 inline bool HasPlanner()

@@ -38,7 +38,9 @@ QString Read(const TextSetting& setting)
 
 QString Read(const TextSetting& setting, const QString& computedFallback)
 {
-    return ReadText(setting.section, setting.key, computedFallback, setting.size);
+    // Not by its characters alone, which may be gone before the text that is given back.
+    return GetPrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), computedFallback, setting.size,
+                                    Fixed(settings::PlannerIni));
 }
 
 void Write(const IntSetting& setting, int value)
@@ -52,17 +54,26 @@ void Write(const TextSetting& setting, const QString& value)
     WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), value, Fixed(settings::PlannerIni));
 }
 
+std::uint32_t ColorOf(const QString& text)
+{
+    const double color = std::clamp(Val(text), -2147483648.0, 4294967295.0);
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(color)) & 0xFFFFFFu;
+}
+
+QString ColorText(std::uint32_t color)
+{
+    return QStringLiteral("&H%1&").arg(QString::number(color, 16).toUpper());
+}
+
 PanelStyle ReadStyle(const StyleDefaults& defaults)
 {
     const QStringView section = defaults.section;
     // A size that no font can have, from a file edited by hand, must not reach the painter.
     constexpr int LargestSize = 400;
-    const double color = Val(ReadText(section, u"FONTCOLOR", defaults.color, ColorSize));
     return {ReadText(section, u"FONTNAME", u"Arial", FontNameSize), ReadInt(section, u"FONTBOLD", defaults.bold) != 0,
             std::clamp(ReadInt(section, u"FONTSIZE", defaults.size), 1, LargestSize),
             ReadInt(section, u"FONTITALIC", defaults.italic) != 0,
-            static_cast<std::uint32_t>(static_cast<std::int64_t>(std::clamp(color, -2147483648.0, 4294967295.0))) &
-                0xFFFFFFu};
+            ColorOf(ReadText(section, u"FONTCOLOR", defaults.color, ColorSize))};
 }
 
 void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes)
@@ -75,5 +86,5 @@ void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes)
     write(u"FONTSIZE", TrimmedStr(style.size));
     write(u"FONTBOLD", flag(style.bold));
     write(u"FONTITALIC", flag(style.italic));
-    write(u"FONTCOLOR", QStringLiteral("&H%1&").arg(QString::number(style.color, 16).toUpper()));
+    write(u"FONTCOLOR", ColorText(style.color));
 }

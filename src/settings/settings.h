@@ -47,6 +47,10 @@ struct PanelStyle
     std::uint32_t color; // blue, green, red from high to low
 };
 
+// A colour as the file has it and back, as PanelStyle has it.
+std::uint32_t ColorOf(const QString& text);
+QString ColorText(std::uint32_t color);
+
 PanelStyle ReadStyle(const StyleDefaults& defaults);
 // yes is the text of a flag that is set, which differs from writer to writer; every reader takes it for true.
 void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes);

@@ -221,6 +221,19 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
     column->addStretch(1);
 }
 
+// Follows the mouse and must never be in its way.
+QLabel* MakeDateDiffLabel(QWidget* client)
+{
+    auto* label = new QLabel(QStringLiteral("Day 365"), client);
+    label->setObjectName(QStringLiteral("lblDateDiff"));
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->setAlignment(Qt::AlignCenter);
+    label->setAutoFillBackground(true);
+    label->setMargin(3);
+    label->hide();
+    return label;
+}
+
 QWidget* MakeClient(QMainWindow& window)
 {
     auto* client = new QWidget;
@@ -237,8 +250,8 @@ QWidget* MakeClient(QMainWindow& window)
 Controls::Controls(QMainWindow& window)
     : client(MakeClient(window)), menus(*window.menuBar()), cells(*new Cells(client)), bar(MakeFormatBar(client)),
       sidebar(MakeSidebar(client)), bottom(MakeBottomPanel(client)),
-      network(MakeNetworkControls(client, sidebar.fraSidebar[0])), tmMidnightRefresh(*new Timer(HalfAMinute, client)),
-      tmAlarm(*new Timer(TenSeconds, client)), FontDialog(&window)
+      network(MakeNetworkControls(client, sidebar.fraSidebar[0])), lblDateDiff(MakeDateDiffLabel(client)),
+      tmMidnightRefresh(*new Timer(HalfAMinute, client)), tmAlarm(*new Timer(TenSeconds, client)), FontDialog(&window)
 {
     tmMidnightRefresh.setObjectName(QStringLiteral("tmMidnightRefresh"));
     tmAlarm.setObjectName(QStringLiteral("tmAlarm"));

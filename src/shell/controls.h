@@ -9,6 +9,7 @@
 #include "hall/sidebar.h"
 #include "platform/desktop/commondialog.h"
 
+class QLabel;
 class QMainWindow;
 class Timer;
 
@@ -24,6 +25,7 @@ struct Controls
     Sidebar sidebar;
     BottomPanel bottom;
     NetworkControls network;
+    QLabel* lblDateDiff; // lies over the cells
     Timer& tmMidnightRefresh;
     Timer& tmAlarm;
     CommonDialog FontDialog;

@@ -97,6 +97,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     tail([&] { m_rooms->dayView.TakeTextAtExit(); });
     // Where the window stood must be known before it is hidden.
     const auto place = m_rooms->m_pLayout.WindowPlace();
+    tail([&] { m_rooms->findWord.Unload(); });
     hide();
     ExitForm exitForm;
     exitForm.ShowAtOnce();

@@ -30,7 +30,9 @@
 #include "shell/controls.h"
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
+#include "tools/datedifference.h"
 #include "tools/datesearch.h"
+#include "tools/findword.h"
 #include "workgroup/daylock.h"
 #include "workgroup/dayrecord.h"
 #include "workgroup/networkmode.h"
@@ -68,6 +70,8 @@ struct Rooms
     Navigation navigation{controls.cells, controls.bottom, turn, redraw, controls.menus, m_pCalendarView, bars};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{controls.bottom, turn, redraw, m_pCalendarView, *controls.client};
+    FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
+    DateDifference dateDifference{controls.cells, *controls.bar.tbTop, controls.menus, *controls.lblDateDiff};
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};

@@ -55,6 +55,11 @@ constexpr MenuRow MenuRows[] = {
     {"mnuNextMonth", " in MainForm, mnuNextMonth_Click", Run<&Rooms::navigation, &Navigation::subActionNext>},
     {"mnuRecurse", " in MainForm, mnuRecurse_Click", Run<&Rooms::recurringEvents, &RecurringEvents::mnuRecurse_Click>},
     {"mnuDateSearch", " in MainForm, mnuDateSearch_Click", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
+    {"mnuFindWord", " in MainForm, mnuFindWord_Click", Run<&Rooms::findWord, &FindWord::mnuFindWord_Click>},
+    {"mnuDateDiffShow", " in MainForm, mnuDateDiffShow_Click",
+     Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffShow_Click>},
+    {"mnuDateDiffCustomize", " in MainForm, mnuDateDiffCustomize_Click",
+     Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffCustomize_Click>},
     {"mnuInitialFont", " in MainForm, mnuInitialFont_Click",
      Run<&Rooms::appearance, &Appearance::mnuInitialFont_Click>},
     {"mnuNumberDlg", " in MainForm, mnuNumberDlg_Click", Run<&Rooms::appearance, &Appearance::mnuNumberDlg_Click>},
@@ -113,6 +118,7 @@ constexpr ButtonRow ButtonRows[] = {
     {"italic", "mnuItalic"},
     {"underline", "mnuUnderline"},
     {"strikethru", "mnuStrikeThru"},
+    {"datediff", "mnuDateDiffShow"},
 };
 
 void WireMenus(Rooms& rooms)
@@ -258,6 +264,8 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.dayView.panelDay_DblClick(Index); });
     On(&rooms.controls.cells, &Cells::AlarmMarkClick, " in MainForm, btnTunes_Click",
        [&rooms](int Index) { rooms.alarms.btnTunes_Click(Index); });
+    On(&rooms.controls.cells, &Cells::MouseMove, " in MainForm, tbDay_MouseMove",
+       [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
        [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }

@@ -50,9 +50,8 @@ public:
     void MoveLast();
     void MoveNext();
     void MovePrevious();
-    // Criterion of the form: [Field] LIKE "pattern" or [Field] LIKE 'pattern', where * stands for any run of characters
-    // and ? for one, without regard to case; the surrounding quote doubled stands for itself. 3077 and NoMatch true if
-    // it cannot be read.
+    // Criterion of the form: [Field] LIKE "pattern" or [Field] LIKE 'pattern', a pattern as likepattern.h tells; the
+    // surrounding quote doubled stands for itself. 3077 and NoMatch true if it cannot be read.
     void FindLast(const QString& criterion);
     void FindPrevious(const QString& criterion);
 

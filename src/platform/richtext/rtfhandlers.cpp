@@ -39,6 +39,12 @@ void RtfInterpreter::BeginField(int, const RtfToken&)
     m_state.isField = true;
 }
 
+char16_t RtfInterpreter::CharacterOf(QByteArrayView name)
+{
+    const Word* const word = Find(name);
+    return word && word->handler == &RtfInterpreter::PutCharacter ? static_cast<char16_t>(word->argument) : 0;
+}
+
 void RtfInterpreter::PutCharacter(int character, const RtfToken&)
 {
     const QChar text(static_cast<char16_t>(character));

@@ -19,6 +19,9 @@ public:
 
     void Run();
 
+    // What a control word stands for in the text; 0 where it is none of these words.
+    static char16_t CharacterOf(QByteArrayView word);
+
 private:
     // Where the text of a group goes. Structure is a group whose own text is none of the note's, though a group within
     // it may be.

@@ -8,24 +8,12 @@
 
 namespace {
 
-// Text that is no rich text is UTF-8, or else of the code page that rich text begins with.
-QString PlainText(QByteArrayView bytes)
-{
-    QByteArray kept = bytes.toByteArray();
-    kept.removeIf([](char byte) { return byte == 0; });
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    QString text = decoder.decode(kept);
-    if (decoder.hasError()) text = DecodeRtfBytes(kept, AnsiCodePage);
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return text;
-}
-
 void Read(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
 {
     if (LooksLikeRtf(rtf))
         RtfInterpreter(rtf, cursor, purpose).Run();
     else
-        cursor.insertText(PlainText(rtf));
+        cursor.insertText(PlainNote(rtf));
 }
 
 } // namespace
@@ -57,4 +45,15 @@ bool LooksLikeRtf(QByteArrayView text)
     while (!text.isEmpty() && isFiller(text.front()))
         text = text.sliced(1);
     return text.startsWith("{\\rtf") || text.startsWith("{\\urtf");
+}
+
+QString PlainNote(QByteArrayView bytes)
+{
+    QByteArray kept = bytes.toByteArray();
+    kept.removeIf([](char byte) { return byte == 0; });
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    QString text = decoder.decode(kept);
+    if (decoder.hasError()) text = DecodeRtfBytes(kept, AnsiCodePage);
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return text;
 }

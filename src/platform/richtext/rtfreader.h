@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QString>
 
 class QTextCursor;
 class QTextDocument;
@@ -18,3 +19,6 @@ void InsertRtf(QByteArrayView rtf, QTextCursor& cursor);
 
 // Whether a text begins as rich text does, blanks and NUL bytes aside.
 bool LooksLikeRtf(QByteArrayView text);
+
+// A text that is no rich text: UTF-8, or else of the code page that rich text begins with; without NUL bytes.
+QString PlainNote(QByteArrayView text);

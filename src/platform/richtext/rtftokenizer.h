@@ -35,6 +35,7 @@ public:
 
     // Line ends and NUL bytes between tokens are passed over; a text never holds one.
     RtfToken Next();
+    const char* At() const { return m_at; } // behind the last token
 
 private:
     RtfToken Control();

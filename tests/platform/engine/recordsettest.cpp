@@ -1,7 +1,7 @@
 #include "enginetesting.h"
 #include "failingstore.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/like.h"
+#include "platform/engine/textview.h"
 #include "testserver.h"
 
 #include <QDateTime>
@@ -219,6 +219,20 @@ private Q_SLOTS:
                                       << "d";
         QTest::newRow("doubled quote") << "'*don''t*'"
                                        << "c";
+        QTest::newRow("digits") << "\"##[%]*\""
+                                << "b";
+        QTest::newRow("list") << "\"*[d-f][a-cO]n't*\""
+                              << "c";
+        QTest::newRow("list without") << "'[!b-h5]*'"
+                                      << "cd";
+        QTest::newRow("signs as letters") << "\"*[*]*\""
+                                          << "";
+        QTest::newRow("hyphen at the end") << "'[x!-]*'"
+                                           << "d";
+        QTest::newRow("bracket that closes nothing") << "'*[]milk]*'"
+                                                     << "";
+        QTest::newRow("list of no ASCII") << "'*caf[à-ï]'"
+                                          << "b";
         QTest::newRow("many runs") << "\"*i*m*d*t*k*\""
                                    << "c";
         QTest::newRow("all") << "\"*\""
@@ -251,6 +265,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("criterion");
         QTest::addColumn<int>("error");
         QTest::newRow("quote inside") << "[qmtText] LIKE '*don't*'" << UnparsableCriterion;
+        QTest::newRow("list without an end") << "[qmtText] LIKE '*[a-*'" << UnparsableCriterion;
+        QTest::newRow("list backwards") << "[qmtText] LIKE '[z-a]'" << UnparsableCriterion;
         QTest::newRow("no field") << "LIKE 'x'" << UnparsableCriterion;
         QTest::newRow("unknown field") << "[nothing] LIKE 'x'" << ItemNotFound;
     }
@@ -267,8 +283,9 @@ private Q_SLOTS:
 
     void ATextViewDecidesWhatIsFound()
     {
-        SetTextView([](const QByteArray& stored) { return QString::fromUtf8(stored).replace(u'#', u'é'); });
-        const auto plain = qScopeGuard([] { SetTextView(nullptr); });
+        SetTextView({[](QByteArrayView stored) { return QString::fromUtf8(stored).replace(u'#', u'é'); },
+                     [](QByteArrayView stored, char32_t) { return stored.contains('#'); }});
+        const auto plain = qScopeGuard(SetPlainTextView);
         Write(m_days, m_key, "caf#");
         m_days.FindLast(QStringLiteral("[qmtText] LIKE '*CAFÉ*'"));
         QVERIFY(!m_days.NoMatch());

@@ -1,7 +1,7 @@
 #include "platform/engine/postgres/postgresstore.h"
 
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/like.h"
+#include "platform/engine/likepattern.h"
 #include "platform/engine/postgres/postgresvalues.h"
 
 #include <QScopeGuard>

@@ -2,7 +2,7 @@
 // two calls: an open one would make another program's commit fail.
 #pragma once
 
-#include "platform/engine/like.h"
+#include "platform/engine/likepattern.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/sessiontable.h"
 #include "platform/engine/sqlite/sqliteconnection.h"

@@ -1,0 +1,119 @@
+#include "plannerfile/schema.h"
+#include "platform/engine/dbengine.h"
+#include "platform/richtext/rtftextview.h"
+#include "rawplanner.h"
+#include "rows.h"
+
+#include <QDate>
+#include <QFileInfo>
+
+namespace {
+constexpr int Days = 36500;
+constexpr int DayOfRareWord = 20000; // of those, from the first
+constexpr Turns Few{15};
+constexpr Turns Many{30, 20};
+const QString DateField = QStringLiteral("qmtDate");
+
+QString KeyOf(const QDate& day)
+{
+    return QStringLiteral("%1/%2/%3").arg(day.year()).arg(day.month()).arg(day.day());
+}
+
+QByteArray TextOf(int day)
+{
+    QByteArray rtf = RtfOf(MakeNote(day));
+    if (day == DayOfRareWord) rtf.insert(rtf.lastIndexOf('}'), " Zebrafink Zahn\\u228?rztin");
+    return rtf;
+}
+
+// A planner of a hundred years with a note on every day, open in this program and by the bare library.
+struct Century
+{
+    explicit Century(const QString& path)
+    {
+        Write(path);
+        planner = DBEngine::OpenDatabase(path);
+        notes = planner.CreateDynaset(schema::Notes);
+        raw = std::make_unique<RawPlanner>(path, RawPlanner::Locking::Shared);
+        SetTextView(RtfTextView);
+    }
+
+    static void Write(const QString& path)
+    {
+        Database made = DBEngine::CreateDatabase(path, schema::Locale);
+        made.Append(schema::NotesTable());
+        Recordset records = made.OpenTable(schema::Notes);
+        WriteTransaction writing(made);
+        for (int day = 0; day < Days; ++day) {
+            records.AddNew();
+            records.SetField(DateField, KeyOf(QDate(1950, 1, 1).addDays(day)));
+            records.SetField(QStringLiteral("qmtText"), TextOf(day));
+            records.Update();
+        }
+        writing.Commit();
+    }
+
+    static QString Criterion(const QString& word) { return QStringLiteral("[qmtText] LIKE '*%1*'").arg(word); }
+
+    // From the last record on, or from the one that was found before.
+    void Find(const QString& word)
+    {
+        notes.FindLast(Criterion(word));
+        found = notes.NoMatch() ? QString() : notes.Fields(DateField).toString();
+    }
+    void FindNext(const QString& word)
+    {
+        notes.FindPrevious(Criterion(word));
+        found = notes.NoMatch() ? QString() : notes.Fields(DateField).toString();
+    }
+
+    Database planner;
+    Recordset notes;
+    std::unique_ptr<RawPlanner> raw;
+    QString found;
+    QString foundRaw;
+};
+
+Century& In(const QString& planner)
+{
+    static Century century(QFileInfo(planner).path() + QStringLiteral("/century.mdb"));
+    return century;
+}
+
+struct Search
+{
+    const char* name;
+    const char16_t* word;
+    const char* like; // as the word stands in the file
+};
+} // namespace
+
+void AddFindRows(const Add& add, const QString& planner)
+{
+    static constexpr Search searches[] = {
+        {"find a rare word", u"zebrafink", "%zebrafink%"},
+        {"find a rare word with an umlaut", u"ZAHN\u00c4RZTIN", "%zahn\\u228?rztin%"},
+        {"find no word", u"zebrafinch", "%zebrafinch%"},
+    };
+    const auto century = [planner]() -> Century& { return In(planner); };
+    for (const Search& search : searches) {
+        const QString word = QString::fromUtf16(search.word);
+        const bool isThere = std::string_view(search.name) != "find no word";
+        add({search.name,
+             {[=] { century().Find(word); }, [=] { century().found.clear(); },
+              [=] { return century().found.isEmpty() != isThere; }},
+             {[=] { century().foundRaw = century().raw->FindLike(search.like); }, [=] { century(); },
+              [=] { return century().foundRaw.isEmpty() != isThere; }},
+             Few});
+    }
+    const QString common = QStringLiteral("garden");
+    add({"find the next of a common word",
+         {[=] { century().FindNext(common); },
+          [=] {
+              if (century().found.isEmpty()) century().Find(common);
+          },
+          [=] { return !century().found.isEmpty(); }},
+         {[=] { century().foundRaw = century().raw->FindLike("%garden%", century().foundRaw); }, [=] { century(); },
+          [=] { return !century().foundRaw.isEmpty(); }},
+         Many});
+}

@@ -1,0 +1,56 @@
+#include "platform/engine/textview.h"
+
+#include <algorithm>
+
+namespace {
+constexpr TextView Plain = {[](QByteArrayView stored) { return QString::fromUtf8(stored); },
+                            [](QByteArrayView stored, char32_t) {
+                                return std::ranges::any_of(
+                                    stored, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+                            }};
+
+TextView g_textView = Plain;
+} // namespace
+
+void SetTextView(const TextView& view)
+{
+    g_textView = view;
+}
+
+void SetPlainTextView()
+{
+    g_textView = Plain;
+}
+
+QString ViewedText(QByteArrayView stored)
+{
+    return g_textView.Read(stored);
+}
+
+bool MayHold(QByteArrayView stored, char32_t folded)
+{
+    return g_textView.MayHold(stored, folded);
+}
+
+char32_t FoldedCase(char32_t character)
+{
+    if (character < 0x80) return character >= U'A' && character <= U'Z' ? character + (U'a' - U'A') : character;
+    const char32_t folded = QChar::toCaseFolded(QChar::toLower(character));
+    return folded < 0x80 ? character : folded;
+}
+
+QString FoldedCase(const QString& text)
+{
+    QString folded = text;
+    for (qsizetype i = 0; i < folded.size(); ++i) {
+        const bool isPair = folded[i].isHighSurrogate() && i + 1 < folded.size() && folded[i + 1].isLowSurrogate();
+        if (!isPair) {
+            folded[i] = QChar(static_cast<char16_t>(FoldedCase(char32_t{folded[i].unicode()})));
+            continue;
+        }
+        const char32_t character = FoldedCase(QChar::surrogateToUcs4(folded[i], folded[i + 1]));
+        folded[i] = QChar::highSurrogate(character);
+        folded[++i] = QChar::lowSurrogate(character);
+    }
+    return folded;
+}

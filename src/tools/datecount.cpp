@@ -1,0 +1,46 @@
+#include "tools/datecount.h"
+
+#include "calendar/modshow.h"
+
+#include <QRegularExpression>
+
+#include <chrono>
+
+namespace {
+constexpr int JulianDayOfEpoch = 2440588; // 1 January 1970
+
+int JulianDay(const GridDay& day)
+{
+    using namespace std::chrono;
+    const sys_days first = year(day.year) / month(static_cast<unsigned>(day.month)) / 1;
+    return static_cast<int>(first.time_since_epoch().count()) + day.day - 1 + JulianDayOfEpoch;
+}
+
+int Count(DateUnit unit, const GridDay& day)
+{
+    switch (unit) {
+    case DateUnit::Week:
+        return (JulianDay(day) + 1) / 7; // day 0 of that count was a Monday
+    case DateUnit::Month:
+        return day.year * 12 + day.month;
+    default:
+        return JulianDay(day);
+    }
+}
+} // namespace
+
+std::optional<GridDay> DayOfText(const QString& text)
+{
+    static const QRegularExpression form(QStringLiteral("^([0-9]{2})/([0-9]{2})/([0-9]{4})$"));
+    const auto match = form.match(text);
+    if (!match.hasMatch()) return {};
+    const GridDay day = {match.captured(3).toInt(), match.captured(1).toInt(), match.captured(2).toInt()};
+    const bool exists = day.year > 0 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
+                        day.day <= MonthLength(day.year, day.month);
+    return exists ? std::optional(day) : std::nullopt;
+}
+
+int DateDifferenceOf(DateUnit unit, const GridDay& from, const GridDay& to)
+{
+    return Count(unit, to) - Count(unit, from);
+}

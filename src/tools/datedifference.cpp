@@ -1,0 +1,76 @@
+#include "tools/datedifference.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/modshow.h"
+#include "hall/cells.h"
+#include "hall/menus.h"
+#include "plannerfile/refusals.h"
+#include "platform/controls/toolbar.h"
+#include "platform/runtime/language.h"
+#include "tools/datediffform.h"
+
+#include <QLabel>
+
+namespace {
+const QString ButtonKey = QStringLiteral("datediff");
+
+QString CaptionOf(DateUnit unit, int difference)
+{
+    static constexpr const char* words[] = {"Day ", "Week ", "Month "};
+    return QLatin1StringView(words[static_cast<int>(unit)]) + TrimmedStr(difference);
+}
+} // namespace
+
+bool DateDifference::IsOn() const
+{
+    return m_toolbar.Buttons(ButtonKey).Value() == 1;
+}
+
+void DateDifference::mnuDateDiffShow_Click()
+{
+    m_toolbar.Buttons(ButtonKey).SetValue(IsOn() ? 0 : 1);
+    subApplyDateDiff();
+}
+
+void DateDifference::mnuDateDiffCustomize_Click()
+{
+    if (RefusesWithoutPlanner()) return;
+    DateDiffForm(m_cells.Client()->window()).exec();
+}
+
+void DateDifference::subApplyDateDiff()
+{
+    m_menus(QLatin1StringView("mnuDateDiffShow")).SetChecked(IsOn());
+    if (IsOn())
+        PaintDateDiffLabel(m_lblDateDiff, ColorOf(Read(settings::DateDiffColor)));
+    else
+        m_lblDateDiff.hide();
+}
+
+void DateDifference::tbDay_MouseMove(int Index)
+{
+    if (!IsOn()) return;
+    const QString caption = m_cells.panelDay(Index).Caption();
+    if (IsMemoCaption(caption)) return;
+    const auto start = DayOfText(StoredStartDate());
+    if (!start) return m_lblDateDiff.hide();
+    const DateUnit unit = StoredDateUnit();
+    const GridDay day = {g_iYear, g_iMonth, IntegerOf(caption)};
+    Show(Index, CaptionOf(unit, DateDifferenceOf(unit, *start, day)));
+}
+
+void DateDifference::Show(int cell, const QString& caption)
+{
+    const QRect note = m_cells.tbDay(cell).geometry();
+    const QSize size = m_lblDateDiff.text() == caption ? m_lblDateDiff.size() : QSize();
+    QRect place(QPoint(), size);
+    place.moveBottomRight(note.bottomRight());
+    if (size.isValid() && place == m_lblDateDiff.geometry() && m_lblDateDiff.isVisible()) return;
+    m_lblDateDiff.setText(caption);
+    m_lblDateDiff.adjustSize();
+    place.setSize(m_lblDateDiff.size());
+    place.moveBottomRight(note.bottomRight());
+    m_lblDateDiff.setGeometry(place);
+    m_lblDateDiff.raise();
+    m_lblDateDiff.show();
+}

@@ -1,0 +1,170 @@
+#include "tools/datediffform.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/dateorder.h"
+#include "calendar/moddate.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/okcancel.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/look/paper.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "settings/messages.h"
+
+#include <QColorDialog>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+namespace {
+constexpr const char* Units[] = {"Day", "Week", "Month"};
+
+QColor ShownColor(std::uint32_t color)
+{
+    return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+                  static_cast<int>(color >> 16 & 0xFF));
+}
+
+std::uint32_t ValueOf(const QColor& color)
+{
+    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+} // namespace
+
+QString StoredStartDate()
+{
+    return Read(settings::DateDiff, QStringLiteral("01/01/") + TrimmedStr(g_iYear));
+}
+
+DateUnit StoredDateUnit()
+{
+    const int method = Read(settings::DateDiffMethod);
+    return method == 1 || method == 2 ? static_cast<DateUnit>(method) : DateUnit::Day;
+}
+
+void PaintDateDiffLabel(QLabel& label, std::uint32_t color)
+{
+    constexpr int Middle = 128;
+    const QColor ground = ShownColor(color);
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::WindowText, qGray(ground.rgb()) < Middle ? paper::Paper : paper::Ink);
+    label.setPalette(palette);
+}
+
+DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner)
+{
+    setObjectName(QStringLiteral("DateDiffForm"));
+    setWindowTitle(QStringLiteral("Customize Date Difference"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(MakeOptions());
+    column->addWidget(MakeOkCancel(*this));
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ErrorTail{QLatin1StringView(" in DateDiffForm, Form Load")}([this] { ShowSettings(); });
+    CenterOnScreen(*this);
+    m_maskStartDate->setFocus();
+}
+
+QWidget* DateDiffForm::MakeOptions()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Date Difference Options"));
+    auto* column = new QVBoxLayout(frame);
+    column->setSpacing(16);
+    column->addLayout(MakeStartDate());
+    column->addWidget(MakeMethods());
+    column->addLayout(MakeColor());
+    return frame;
+}
+
+QLayout* DateDiffForm::MakeStartDate()
+{
+    m_maskStartDate = new MaskEdBox;
+    m_maskStartDate->setObjectName(QStringLiteral("maskStartDate"));
+    auto* label = new QLabel(QStringLiteral("&Start Date:"));
+    label->setBuddy(m_maskStartDate);
+    m_lblDateFormat = new QLabel;
+    m_lblDateFormat->setObjectName(QStringLiteral("lblDateFormat"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(label);
+    row->addWidget(m_maskStartDate, 1);
+    row->addWidget(m_lblDateFormat);
+    return row;
+}
+
+QWidget* DateDiffForm::MakeMethods()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Calculation Method"));
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(16);
+    for (std::size_t i = 0; i < m_opDateDiff.size(); ++i) {
+        m_opDateDiff[i] = new QRadioButton(QString::fromLatin1(Units[i]));
+        m_opDateDiff[i]->setObjectName(QStringLiteral("opDateDiff(%1)").arg(i));
+        row->addWidget(m_opDateDiff[i]);
+    }
+    row->addStretch(1);
+    return frame;
+}
+
+QLayout* DateDiffForm::MakeColor()
+{
+    auto* button = new QPushButton(QStringLiteral("Background Color"));
+    button->setObjectName(QStringLiteral("btnBGColor"));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this,
+            [this] { guard(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }); });
+    m_lblDateDiff = new QLabel(QStringLiteral("Day 365"));
+    m_lblDateDiff->setObjectName(QStringLiteral("lblDateDiff"));
+    m_lblDateDiff->setAccessibleName(QStringLiteral("Sample"));
+    m_lblDateDiff->setAutoFillBackground(true);
+    m_lblDateDiff->setMargin(3);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(button);
+    row->addWidget(m_lblDateDiff);
+    row->addStretch(1);
+    return row;
+}
+
+void DateDiffForm::ShowSettings()
+{
+    const DateOrder& order = LocalDateOrder();
+    m_lblDateFormat->setText(order.label);
+    m_maskStartDate->SetMask(order.mask);
+    if (const auto start = DayOfText(StoredStartDate()))
+        m_maskStartDate->SetText(order.BoxText(start->year, start->month, start->day));
+    m_opDateDiff[static_cast<std::size_t>(StoredDateUnit())]->setChecked(true);
+    m_color = ColorOf(Read(settings::DateDiffColor));
+    PaintDateDiffLabel(*m_lblDateDiff, m_color);
+}
+
+void DateDiffForm::btnBGColor_Click()
+{
+    const QColor chosen = QColorDialog::getColor(ShownColor(m_color), this, QString());
+    if (!chosen.isValid()) return;
+    m_color = ValueOf(chosen);
+    PaintDateDiffLabel(*m_lblDateDiff, m_color);
+}
+
+void DateDiffForm::accept()
+{
+    const QString start = LocalDateOrder().EntryDate(m_maskStartDate->Text());
+    if (!fnValidateDate(start) || !DayOfText(start)) { // the second for digits that are missing
+        MsgBox(QStringLiteral("Start Date is not a valid date"), msgbox::Information, messages::HelpWizard);
+        m_maskStartDate->setFocus();
+        return;
+    }
+    ErrorTail{QLatin1StringView(" in DateDiffForm, btnOk_Click")}([&] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        Write(settings::DateDiff, start);
+        for (std::size_t i = 0; i < m_opDateDiff.size(); ++i)
+            if (m_opDateDiff[i]->isChecked()) Write(settings::DateDiffMethod, static_cast<int>(i));
+        Write(settings::DateDiffColor, ColorText(m_color));
+    });
+    QDialog::accept();
+}

@@ -1,0 +1,36 @@
+#include "tools/findword.h"
+
+#include "hall/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/richtext/rtftextview.h"
+#include "settings/messages.h"
+#include "tools/findwordform.h"
+
+FindWord::FindWord(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& viewMode)
+    : m_cells(cells), m_turn(turn), m_redraw(redraw), m_viewMode(viewMode)
+{
+    SetTextView(RtfTextView);
+}
+
+FindWord::~FindWord()
+{
+    delete m_form; // what it stands on is about to go
+}
+
+void FindWord::mnuFindWord_Click()
+{
+    if (!HasPlanner()) {
+        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
+        return;
+    }
+    if (!m_form) m_form = new FindWordForm(m_cells, m_turn, m_redraw, m_viewMode);
+    m_form->show();
+    m_form->raise();
+    m_form->activateWindow();
+}
+
+void FindWord::Unload()
+{
+    if (m_form) m_form->reject();
+}

@@ -1,0 +1,333 @@
+#include "tools/findwordform.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/modshow.h"
+#include "calendar/redraw.h"
+#include "calendar/turn.h"
+#include "calendar/viewmode.h"
+#include "hall/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/desktop/twips.h"
+#include "platform/desktop/windowplace.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/textview.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+constexpr QLatin1StringView NextLiteral(" in FindWordForm, btnFindNext_Click");
+constexpr QLatin1StringView WithinLiteral(" in FindWordForm, btnFindWithin_Click");
+constexpr QLatin1StringView GotoLiteral(" in FindWordForm, subGotoRecCalendar");
+const QString DateField = QStringLiteral("qmtDate");
+const QString TextField = QStringLiteral("qmtText");
+
+// From 1; 0 where the word does not stand at this place or behind it.
+int PlaceOf(const QString& word, const QByteArray& stored, int from)
+{
+    return static_cast<int>(FoldedCase(ViewedText(stored)).indexOf(FoldedCase(word), from - 1)) + 1;
+}
+} // namespace
+
+FindWordForm::FindWordForm(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& viewMode)
+    : QDialog(cells.Client()->window()), m_cells(cells), m_turn(turn), m_redraw(redraw), m_viewMode(viewMode)
+{
+    setObjectName(QStringLiteral("FindWordForm"));
+    setWindowTitle(QStringLiteral("Find Word"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    MakeControls();
+    ShowStored();
+}
+
+FindWordForm::~FindWordForm()
+{
+    g_rsFind = {};
+}
+
+void FindWordForm::MakeControls()
+{
+    constexpr int WordWidth = 240;
+    m_tbFindWord = new QLineEdit;
+    m_tbFindWord->setObjectName(QStringLiteral("tbFindWord"));
+    m_tbFindWord->setMinimumWidth(WordWidth);
+    auto* label = new QLabel(QStringLiteral("Find What:"));
+    label->setBuddy(m_tbFindWord);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(16, 16, 16, 16);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(8);
+    grid->addWidget(label, 0, 0);
+    grid->addWidget(m_tbFindWord, 0, 1);
+    m_btnFindNext =
+        AddButton("btnFindNext", QStringLiteral("&Find Next"), &FindWordForm::btnFindNext_Click, NextLiteral.data());
+    m_btnFindWithin = AddButton("btnFindWithin", QStringLiteral("&Find Next"), &FindWordForm::btnFindWithin_Click,
+                                WithinLiteral.data());
+    // On the same spot, so that whoever goes on clicking goes on searching.
+    grid->addWidget(m_btnFindNext, 0, 2);
+    grid->addWidget(m_btnFindWithin, 0, 2);
+    m_btnFindWithin->hide();
+    auto* cancel = new QPushButton(QStringLiteral("&Cancel"));
+    cancel->setObjectName(QStringLiteral("btnCancel"));
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    grid->addWidget(cancel, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    connect(m_tbFindWord, &QLineEdit::textChanged, this, [this] {
+        guard(QLatin1StringView(" in FindWordForm, btnFindWord_Change"), [this] { tbFindWord_Change(); });
+    });
+}
+
+QPushButton* FindWordForm::AddButton(const char* name, const QString& caption, void (FindWordForm::*click)(),
+                                     const char* literal)
+{
+    auto* button = new QPushButton(caption);
+    button->setObjectName(QString::fromLatin1(name));
+    connect(button, &QPushButton::clicked, this,
+            [this, click, literal] { guard(QLatin1StringView(literal), [&] { (this->*click)(); }); });
+    return button;
+}
+
+void FindWordForm::ShowStored()
+{
+    if (!WindowsKnowTheirPlace()) return;
+    adjustSize();
+    const QPoint stored(ToPixels(Read(settings::FindWordLeft)), ToPixels(Read(settings::FindWordTop)));
+    move(ReachablePlace({stored, size()}, size()).topLeft());
+}
+
+// Every way out: the button, Esc, the close box, the end of the program.
+void FindWordForm::done(int result)
+{
+    if (WindowsKnowTheirPlace()) {
+        Write(settings::FindWordLeft, ToTwips(pos().x()));
+        Write(settings::FindWordTop, ToTwips(pos().y()));
+    }
+    QDialog::done(result);
+}
+
+void FindWordForm::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    m_tbFindWord->setFocus();
+    if (g_rsFind.IsNothing()) EnableButtons(true); // another planner may hold the word again
+}
+
+void FindWordForm::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter || !m_tbFindWord->hasFocus()) return QDialog::keyPressEvent(event);
+    guard(QLatin1StringView(" in FindWordForm, tbFindWord_KeyPress"), [this] { tbFindWord_KeyPress(); });
+}
+
+void FindWordForm::tbFindWord_KeyPress()
+{
+    if (m_btnFindNext->isHidden())
+        btnFindWithin_Click();
+    else
+        btnFindNext_Click();
+}
+
+void FindWordForm::tbFindWord_Change()
+{
+    m_bWordChanged = m_bSearching;
+    m_bHitWaits = false;
+    ShowButton(m_btnFindNext, m_btnFindWithin);
+    EnableButtons(true);
+}
+
+void FindWordForm::ShowButton(QPushButton* shown, QPushButton* hidden)
+{
+    const bool hadFocus = hidden->hasFocus();
+    hidden->hide();
+    shown->show();
+    if (hadFocus) shown->setFocus();
+}
+
+void FindWordForm::EnableButtons(bool enabled)
+{
+    m_btnFindNext->setEnabled(enabled);
+    m_btnFindWithin->setEnabled(enabled);
+}
+
+void FindWordForm::btnFindNext_Click()
+{
+    if (!HasPlanner()) {
+        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
+        return;
+    }
+    const ErrorTail tail(NextLiteral);
+    ShowButton(m_btnFindNext, m_btnFindWithin);
+    SetMousePointer(mousepointer::Hourglass);
+    const Found found = m_bHitWaits && !g_rsFind.IsNothing() ? Found::Hit : FindDay();
+    SetMousePointer(mousepointer::Default);
+    if (found == Found::Nothing) EndSearch();
+    if (found != Found::Hit) return;
+    tail([&] {
+        m_bHitWaits = !subGotoRecCalendar(g_rsFind.Fields(TextField).toByteArray(), m_tbFindWord->text(), m_hit);
+    });
+}
+
+void FindWordForm::EndSearch()
+{
+    MsgBox(QStringLiteral("End of String Search"), msgbox::Information, QStringLiteral("End of Search"));
+    EnableButtons(false);
+}
+
+// Empty where the key is none of a day that the calendar shows: memos above all.
+std::optional<FindWordForm::Day> FindWordForm::DayOf(const QString& key)
+{
+    const qsizetype slash = key.indexOf(u'/', 5);
+    if (slash < 0) return {};
+    const Day day = {key.left(4).toInt(), key.mid(5, slash - 5).toInt(), key.mid(slash + 1).toInt()};
+    const bool exists = day.year > 0 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
+                        day.day <= MonthLength(day.year, day.month);
+    return exists ? std::optional(day) : std::nullopt;
+}
+
+FindWordForm::Found FindWordForm::FindDay()
+{
+    // The word goes in as it was typed: what it holds of the pattern's signs acts as such.
+    const QString criterion = QStringLiteral("[qmtText] LIKE '*") + m_tbFindWord->text() + QStringLiteral("*'");
+    for (;;) {
+        const Found found = FindRecord(criterion);
+        if (found != Found::Hit) return found;
+        if (const auto day = DayOf(g_rsFind.Fields(DateField).toString())) {
+            m_hit = *day;
+            return found;
+        }
+    }
+}
+
+FindWordForm::Found FindWordForm::FindRecord(const QString& criterion)
+{
+    try {
+        StepBack(criterion);
+    } catch (const RunTimeError& error) {
+        LogError(error, NextLiteral);
+        if (error.Number == engineerrors::UnparsableCriterion || error.Number == engineerrors::NoCurrentRecord)
+            return Found::Nothing;
+        SetMousePointer(mousepointer::Default);
+        MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
+        return Found::Failed;
+    }
+    return g_rsFind.NoMatch() ? Found::Nothing : Found::Hit;
+}
+
+void FindWordForm::StepBack(const QString& criterion)
+{
+    if (g_rsFind.IsNothing()) {
+        m_bSearching = m_bWordChanged = false;
+        m_iPos = 0;
+        g_rsFind = g_dbPlanner.CreateDynaset(schema::Notes);
+    }
+    if (m_bWordChanged) g_rsFind.MoveLast();
+    m_bWordChanged = false;
+    if (m_bSearching) return g_rsFind.FindPrevious(criterion);
+    g_rsFind.FindLast(criterion);
+    m_bSearching = true;
+}
+
+bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& word, const Day& day)
+{
+    if (!ShowDay(day)) return false;
+    m_iPos = fnFindString(text, word);
+    ShowButton(m_btnFindWithin, m_btnFindNext);
+    return true;
+}
+
+bool FindWordForm::ShowDay(const Day& day)
+{
+    const int mode = m_viewMode.GetViewMode();
+    if (mode != ViewMode::Month && mode != ViewMode::Week) {
+        g_iDay = static_cast<std::int16_t>(day.day);
+        return true;
+    }
+    const bool turned = m_turn(GotoLiteral, [&] {
+        g_iYear = static_cast<std::int16_t>(day.year);
+        g_iMonth = static_cast<std::int16_t>(day.month);
+        g_iDay = static_cast<std::int16_t>(day.day);
+        if (mode == ViewMode::Month) m_redraw.subDisplayMonth();
+        if (mode == ViewMode::Week) m_redraw.subDisplayWeek();
+    });
+    if (!turned) return false;
+    if (const int cell = CellOf(day.day)) {
+        m_iCell = cell;
+        FocusCell();
+    }
+    return true;
+}
+
+// The window with the calendar is not made the active one: who presses Enter again wants to search on, and would have
+// put an empty line in the place of the selected note. So no event tells the cell of its focus, nor where it had it
+// already.
+void FindWordForm::FocusCell()
+{
+    m_cells.tbDay(m_iCell).setFocus();
+    if (g_iCurrentPanel != m_iCell) m_cells.EnterAgain();
+}
+
+int FindWordForm::CellOf(int day) const
+{
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last; ++cell) {
+        if (m_cells.panelDay.Exists(cell) && Val(m_cells.panelDay(cell).Caption()) == day) return cell;
+    }
+    return 0;
+}
+
+int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
+{
+    int place = 0;
+    ErrorTail{QLatin1StringView(" in FindWordForm, fnFindString")}([&] {
+        place = PlaceOf(word, text, 1);
+        if (place != 0) SelectNote();
+    });
+    return place;
+}
+
+// Whole, since a place in the stored text is none in what the cell shows.
+void FindWordForm::SelectNote()
+{
+    // Side by side in one month, an earlier hit and this one would look alike.
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last; ++cell)
+        if (m_cells.tbDay.Exists(cell) && m_cells.tbDay(cell).SelLength() > 0) m_cells.tbDay(cell).SetSelLength(0);
+    RichTextBox& box = m_cells.tbDay(m_iCell);
+    box.SetSelStart(0);
+    box.SetSelLength(box.document()->characterCount() - 1);
+}
+
+// The calendar may have been turned meanwhile, and the cell stand for another day.
+bool FindWordForm::ShowsHit() const
+{
+    return m_cells.Shows(m_iCell) && g_iYear == m_hit.year && g_iMonth == m_hit.month && CellOf(m_hit.day) == m_iCell;
+}
+
+void FindWordForm::btnFindWithin_Click()
+{
+    const ErrorTail tail(WithinLiteral);
+    const QString word = m_tbFindWord->text();
+    tail([&] {
+        // The empty word stands everywhere, and would be found at each letter.
+        const bool goesOn = m_iPos != 0 && !word.isEmpty() && !g_rsFind.IsNothing();
+        const int place = goesOn ? PlaceOf(word, g_rsFind.Fields(TextField).toByteArray(), m_iPos + 1) : 0;
+        if (place != 0 && !ShowsHit() && !ShowDay(m_hit)) return;
+        if (place != 0) {
+            FocusCell();
+            SelectNote();
+        }
+        m_iPos = place;
+    });
+    if (m_iPos != 0) return;
+    btnFindNext_Click();
+}

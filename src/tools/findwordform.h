@@ -1,0 +1,81 @@
+// Finds a word in the stored notes, from the last record back to the first, turns the calendar to each hit and selects
+// its note. Stays in front of the main window while the calendar is in use.
+#pragma once
+
+#include <QDialog>
+
+#include <optional>
+
+class Cells;
+class QLineEdit;
+class QPushButton;
+class Redraw;
+class Turn;
+class ViewMode;
+
+class FindWordForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FindWordForm(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& viewMode);
+    ~FindWordForm() override;
+
+    void btnFindNext_Click();   // on to the next record that holds the word
+    void btnFindWithin_Click(); // on through the note that was found, and then to the next record
+    void tbFindWord_Change();
+    void tbFindWord_KeyPress();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void done(int result) override;
+
+private:
+    struct Day
+    {
+        int year;
+        int month;
+        int day;
+    };
+    enum class Found
+    {
+        Hit,
+        Nothing,
+        Failed // and the person knows
+    };
+
+    void MakeControls();
+    QPushButton* AddButton(const char* name, const QString& caption, void (FindWordForm::*click)(),
+                           const char* literal);
+    void ShowStored();
+    void ShowButton(QPushButton* shown, QPushButton* hidden);
+    void EnableButtons(bool enabled);
+
+    static std::optional<Day> DayOf(const QString& key);
+    Found FindDay();
+    Found FindRecord(const QString& criterion);
+    void StepBack(const QString& criterion);
+    void EndSearch();
+    bool subGotoRecCalendar(const QByteArray& text, const QString& word, const Day& day);
+    bool ShowDay(const Day& day);
+    void FocusCell();
+    bool ShowsHit() const;
+    int CellOf(int day) const;
+    int fnFindString(const QByteArray& text, const QString& word);
+    void SelectNote();
+
+    Cells& m_cells;
+    Turn& m_turn;
+    Redraw& m_redraw;
+    const ViewMode& m_viewMode;
+    QLineEdit* m_tbFindWord = nullptr;
+    QPushButton* m_btnFindNext = nullptr;
+    QPushButton* m_btnFindWithin = nullptr;
+    bool m_bSearching = false;   // the first search has run
+    bool m_bWordChanged = false; // so that the next search begins behind the last record
+    bool m_bHitWaits = false;    // it could not be shown, since a locked day could not be stored
+    int m_iPos = 0;              // of the last hit within the record's text as it is read, from 1; 0 is none
+    int m_iCell = 0;             // that shows the hit's day
+    Day m_hit = {};
+};

@@ -1,0 +1,208 @@
+#include "enginetesting.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/textview.h"
+#include "platform/richtext/rtftextview.h"
+#include "testserver.h"
+
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace engineerrors;
+
+// Words in notes as they are stored, by the view of rich text, on both stores.
+class FindTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    Database m_database;
+    int m_count = 0;
+
+    // In the order of the keys.
+    void Fill(const QByteArrayList& texts)
+    {
+        Recordset days = Days(m_database);
+        WriteTransaction writing(m_database);
+        for (int i = 0; i < texts.size(); ++i) {
+            days.AddNew();
+            days.SetField(QStringLiteral("qmtDate"), QStringLiteral("%1").arg(i, 6, 10, QChar(u'0')));
+            days.SetField(QStringLiteral("qmtText"), texts[i]);
+            days.Update();
+        }
+        writing.Commit();
+    }
+
+    QList<int> Walk(const QString& pattern)
+    {
+        QList<int> found;
+        Recordset walk = m_database.CreateDynaset(QStringLiteral("QMT Table"));
+        const QString criterion = QStringLiteral("[qmtText] LIKE '%1'").arg(pattern);
+        for (walk.FindLast(criterion); !walk.NoMatch(); walk.FindPrevious(criterion))
+            found += walk.Fields(QStringLiteral("qmtDate")).toInt();
+        return found;
+    }
+
+    // The pattern's language once more, by the library's own expressions.
+    static QList<int> Scan(const QStringList& texts, const QString& pattern)
+    {
+        QString expression;
+        for (qsizetype i = 0; i < pattern.size(); ++i) {
+            const QChar sign = pattern[i];
+            if (sign == u'[') {
+                const qsizetype end = pattern.indexOf(u']', i);
+                expression += pattern.mid(i, end - i + 1).replace(QStringLiteral("[!"), QStringLiteral("[^"));
+                i = end;
+            } else {
+                expression += sign == u'*'   ? QStringLiteral(".*")
+                              : sign == u'?' ? QStringLiteral(".")
+                              : sign == u'#' ? QStringLiteral("[0-9]")
+                                             : QRegularExpression::escape(QString(sign));
+            }
+        }
+        const QRegularExpression form(QRegularExpression::anchoredPattern(expression),
+                                      QRegularExpression::CaseInsensitiveOption |
+                                          QRegularExpression::DotMatchesEverythingOption |
+                                          QRegularExpression::UseUnicodePropertiesOption);
+        QList<int> found;
+        for (int i = 0; i < texts.size(); ++i)
+            if (form.match(texts[i]).hasMatch()) found += i;
+        return found;
+    }
+
+    template <typename List>
+    static typename List::value_type OneOf(QRandomGenerator& random, const List& list)
+    {
+        return list[random.bounded(int(list.size()))];
+    }
+
+private Q_SLOTS:
+    void initTestCase_data() { AddStores(); }
+    void initTestCase() { SetTextView(RtfTextView); }
+
+    void init()
+    {
+        QFETCH_GLOBAL(bool, onServer);
+        const QString path = m_folder.filePath(QStringLiteral("%1.mdb").arg(++m_count));
+        m_database = DBEngine::CreateDatabase(path, {});
+        m_database.Append(DayTable());
+        if (!onServer) return;
+        m_database.Close();
+        TestServer::Get().Take(path);
+        m_database = DBEngine::OpenDatabase(path);
+    }
+
+    void WordsAreFoundAsTheyAreTyped_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QString>("word");
+        const QByteArray head = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil Arial;}"
+                                "{\\f1\\fnil\\fcharset161 Arial Greek;}{\\f2\\fnil\\fcharset128 MS Gothic;}"
+                                "{\\f3\\fnil\\fcharset2 {\\*\\panose 05}Symbol;}}\\viewkind4\\uc1\\pard\\f0 ";
+        const auto row = [&](const char* name, const QByteArray& text, const QString& word) {
+            QTest::newRow(name) << head + text + '}' << word;
+        };
+        const QString german = QStringLiteral("FÜR GRÖßE"), french = QStringLiteral("déjÀ Œuvre");
+        const QString greek = QStringLiteral("ΚΑΛΗΜΈΡΑΣ"), japanese = QStringLiteral("日本ソフト");
+        row("German, units", "f\\u252?r Gr\\u246?\\u223?e", german);
+        row("German, bytes", "f\\'fcr Gr\\'f6\\'dfe", german);
+        row("German, raw", "f\xfcr Gr\xf6\xdf\x65", german);
+        row("German, between codes", "\\b f\\u252\\'fcr Gr\\u-10?\\b0\\uc0\\u246\\uc2\\u223 sse!",
+            QStringLiteral("ße!"));
+        row("capital sharp s", "Gr\\'f6\\u7838?e", QStringLiteral("größe"));
+        row("French, units", "D\\u233?j\\u224? \\u339?uvre", french);
+        row("French, bytes", "d\\'e9j\\'e0 \\'9cuvre", french);
+        row("French, Macintosh", "\\mac d\\'8ej\\'88 \\'cfuvre", french);
+        row("French, quotes", "\\lquote a\\rquote\\emdash b\\~c", QStringLiteral("‘A’—B\u00a0C"));
+        row("Greek, units", "\\u954?\\u945?\\u955?\\u951?\\u956?\\u941?\\u961?\\u945?\\u962?", greek);
+        row("Greek, bytes", "\\f1\\'ea\\'e1\\'eb\\'e7\\'ec\\'dd\\'f1\\'e1\\'f2\\f0 caf\\'e9",
+            greek + QStringLiteral("\\F0 cafÉ"));
+        row("Greek, of the symbol font", "{\\f3 \\'61\\'62}\\'e9", QStringLiteral("ΑΒ}É"));
+        row("Japanese, units", "\\u26085?\\u26412?\\u12477?\\u12501?\\u12488?", japanese);
+        row("Japanese, bytes, broken lines", "\\f2\\'93\\'fa\\'96\r\n\\'7b\\'83\\\\\\'83t\\'83\\'67", japanese);
+        row("beyond the first plane", "\\u-10179?\\u-8704?", QStringLiteral("\U0001F600"));
+        QTest::newRow("plain text") << QByteArray("Καλημέρας") << greek;
+        QTest::newRow("plain text, old bytes") << QByteArray("gr\xf6\xdf\x65") << QStringLiteral("GRÖßE");
+    }
+
+    void WordsAreFoundAsTheyAreTyped()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, word);
+        Fill({"{\\rtf1 other}", stored, "{\\rtf1 f\\'fbr \\u26085?\\'81 Gr\\'f6\\'dfte}"});
+        QCOMPARE(Walk(u'*' + word + u'*'), QList<int>{1});
+    }
+
+    void CodesAreTextLikeAnyOther()
+    {
+        Fill({"{\\rtf1\\b bold}", "{\\rtf1\\pard x\\par}", "{\\rtf1 p\xc3\xa4r}"});
+        QCOMPARE(Walk(QStringLiteral("*\\b bold*")), QList<int>{0});
+        QCOMPARE(Walk(QStringLiteral("*par*")), QList<int>{1});
+    }
+
+    // The rules of folding: one character for one, and never ASCII for another.
+    void PlacesStayWhenCaseIsFolded()
+    {
+        const QString text = QStringLiteral("aBÇ ẞß Σσς İı \u212A \U00010400");
+        const QString folded = FoldedCase(text);
+        QCOMPARE(folded, QStringLiteral("abç ßß σσσ İı \u212A \U00010428"));
+        QCOMPARE(folded.size(), text.size());
+    }
+
+    void SearchesFindWhatAPlainScanFinds()
+    {
+        QRandomGenerator random(7);
+        const QStringList words = {QStringLiteral("milk"),  QStringLiteral("Zahnärztin"), QStringLiteral("ÉTÉ"),
+                                   QStringLiteral("Été42"), QStringLiteral("日本"),       QStringLiteral("MILKY"),
+                                   QStringLiteral("7 pm"),  QStringLiteral("Ωmega")};
+        QStringList texts;
+        QByteArrayList stored;
+        for (int i = 0; i < 300; ++i) {
+            QString text;
+            for (int count = random.bounded(4); count >= 0; --count)
+                text += OneOf(random, words) + u' ';
+            texts += text;
+            stored += text.toUtf8();
+        }
+        Fill(stored);
+        const QStringList pieces =
+            words + QStringList{QStringLiteral("*"),     QStringLiteral("?"),       QStringLiteral("#"),
+                                QStringLiteral("[a-m]"), QStringLiteral("[!ä-é ]"), QStringLiteral("k"),
+                                QStringLiteral("é")};
+        int hits = 0;
+        for (int i = 0; i < 150; ++i) {
+            QString pattern = QStringLiteral("*");
+            for (int count = random.bounded(3); count >= 0; --count)
+                pattern += OneOf(random, pieces);
+            pattern += u'*';
+            const QList<int> found = Walk(pattern);
+            QVERIFY2(found == Scan(texts, pattern), qPrintable(pattern));
+            hits += int(found.size());
+        }
+        QVERIFY(hits > 1000);
+    }
+
+    void AWalkSeesWhatHasChangedAheadOfIt()
+    {
+        Fill({"word 1", "word 2", "word 3"});
+        const QString criterion = QStringLiteral("[qmtText] LIKE '*word*'");
+        Recordset walk = m_database.CreateDynaset(QStringLiteral("QMT Table"));
+        walk.FindLast(criterion);
+        QCOMPARE(walk.Fields(QStringLiteral("qmtDate")).toInt(), 0);
+        Recordset days = Days(m_database);
+        days.Seek(QStringLiteral("="), QStringLiteral("000000"));
+        days.Delete();
+        Write(days, QStringLiteral("000001"), "changed");
+        walk.FindPrevious(criterion);
+        QCOMPARE(walk.Fields(QStringLiteral("qmtDate")).toInt(), 2);
+        walk.FindPrevious(criterion);
+        QVERIFY(walk.NoMatch());
+        walk.MoveLast(); // the one before which the next search begins
+        walk.FindPrevious(QStringLiteral("[qmtText] LIKE '*'"));
+        QCOMPARE(walk.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("word 3"));
+    }
+};
+
+ENGINE_TEST_MAIN(FindTest)
+#include "findtest.moc"

@@ -1,0 +1,232 @@
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/toolbar.h"
+#include "platform/profile/profile.h"
+#include "program.h"
+#include "settings/settings.h"
+#include "tools/datecount.h"
+#include "tools/datediffform.h"
+
+#include <QColorDialog>
+#include <QLabel>
+
+// Date difference; today is 17 March 1999.
+class DateDifferenceTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+
+    QLabel& Label() const { return *m_program->form->findChild<QLabel*>(QStringLiteral("lblDateDiff")); }
+    ToolbarButton& Button() const
+    {
+        return m_program->form->findChild<Toolbar*>(QStringLiteral("tbTop"))->Buttons(QStringLiteral("datediff"));
+    }
+    void MoveOver(int cell) const
+    {
+        QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(5, 5));
+        QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(9, 9));
+    }
+    QString Over(int cell) const
+    {
+        MoveOver(cell);
+        return Label().isVisible() ? Label().text() : QString();
+    }
+    static void Put(const char* key, const QString& value)
+    {
+        WritePrivateProfileStringA(QStringLiteral("Date Difference"), QString::fromLatin1(key), value,
+                                   settings::PlannerIni.toString());
+    }
+    static void SetOrder(const QString& iDate)
+    {
+        WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("iDate"), iDate, QStringLiteral("WIN.INI"));
+    }
+    static QString Stored(const char* key)
+    {
+        return GetPrivateProfileStringA(QStringLiteral("Date Difference"), QString::fromLatin1(key),
+                                        QStringLiteral("none"), 80, settings::PlannerIni.toString());
+    }
+    // What the person does in the dialog, which must open.
+    void Customize(const std::function<void(DateDiffForm&)>& act) const
+    {
+        OnNextModal<DateDiffForm>(act);
+        m_program->Trigger("mnuDateDiffCustomize");
+        QCOMPARE(WaitingAnswers(), 0);
+    }
+    static MaskEdBox& Mask(DateDiffForm& form) { return *form.findChild<MaskEdBox*>(QStringLiteral("maskStartDate")); }
+
+private Q_SLOTS:
+    void init() { m_program = std::make_unique<Program>(); }
+    void cleanup() { m_program.reset(); }
+
+    // Against counting one by one: days on a calendar of its own, weeks by their Sundays, months by their firsts.
+    void CountsAsOneCountsByHand()
+    {
+        const GridDay start = {1896, 3, 5};
+        int days = 0, sundays = 0, months = 0;
+        for (QDate date(1896, 3, 5); date < QDate(2104, 6, 1); date = date.addDays(1), ++days) {
+            const GridDay day = {date.year(), date.month(), date.day()};
+            if (days > 0 && date.dayOfWeek() == Qt::Sunday) ++sundays;
+            if (days > 0 && date.day() == 1) ++months;
+            QCOMPARE(DateDifferenceOf(DateUnit::Day, start, day), days);
+            QCOMPARE(DateDifferenceOf(DateUnit::Week, start, day), sundays);
+            QCOMPARE(DateDifferenceOf(DateUnit::Month, start, day), months);
+            QCOMPARE(DateDifferenceOf(DateUnit::Week, day, start), -sundays);
+        }
+        const GridDay leap = {2100, 2, 29};
+        QCOMPARE(DateDifferenceOf(DateUnit::Day, {2100, 2, 28}, leap), 1);
+        QCOMPARE(DateDifferenceOf(DateUnit::Month, {2100, 1, 31}, leap), 1);
+        QCOMPARE(DateDifferenceOf(DateUnit::Week, {2100, 2, 28}, leap), 0); // a Monday, behind that Sunday
+    }
+
+    void OnlyDaysOfTheGridAreDates_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("isDate");
+        QTest::newRow("usual") << "12/31/1999" << true;
+        QTest::newRow("of the grid alone") << "02/29/2100" << true;
+        QTest::newRow("no such day") << "02/30/2000" << false;
+        QTest::newRow("no such month") << "13/01/1999" << false;
+        QTest::newRow("year 0") << "01/01/0000" << false;
+        QTest::newRow("not padded") << "1/5/1999" << false;
+        QTest::newRow("gap") << "01/0_/1999" << false;
+        QTest::newRow("empty") << "" << false;
+    }
+    void OnlyDaysOfTheGridAreDates()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, isDate);
+        QCOMPARE(DayOfText(text).has_value(), isDate);
+    }
+
+    void TheLabelFollowsTheMouse()
+    {
+        m_program->Start();
+        const int fifth = m_program->CellOf(5), last = m_program->CellOf(31);
+        QCOMPARE(Over(fifth), QString());
+        QTest::mouseClick(&Button(), Qt::LeftButton);
+        QCOMPARE(Button().Value(), 1);
+        QVERIFY(m_program->Entry("mnuDateDiffShow").isChecked());
+        QCOMPARE(Over(fifth), QStringLiteral("Day 63"));
+        QVERIFY(Label().testAttribute(Qt::WA_TransparentForMouseEvents));
+        QCOMPARE(Label().geometry().bottomRight(), m_program->Box(fifth).geometry().bottomRight());
+        QVERIFY(Label().width() >= Label().sizeHint().width());
+        QCOMPARE(Over(last), QStringLiteral("Day 89"));
+        QCOMPARE(Label().geometry().bottomRight(), m_program->Box(last).geometry().bottomRight());
+        // A memo cell has no date.
+        const QRect before = Label().geometry();
+        int memo = 1;
+        while (!m_program->Panel(memo).Caption().startsWith(u"Memo"))
+            ++memo;
+        QCOMPARE(Over(memo), QStringLiteral("Day 89"));
+        QCOMPARE(Label().geometry(), before);
+        Put("Calculation Method", QStringLiteral("1"));
+        QCOMPARE(Over(last), QStringLiteral("Week 13"));
+        Put("Calculation Method", QStringLiteral("2"));
+        Put("DateDiff", QStringLiteral("12/01/2000"));
+        QCOMPARE(Over(last), QStringLiteral("Month -21"));
+        Put("DateDiff", QStringLiteral("12/ 1/2000"));
+        QCOMPARE(Over(last), QString()); // nothing rather than nonsense
+        Put("DateDiff", QStringLiteral("03/31/1999"));
+        QCOMPARE(Over(last), QStringLiteral("Month 0"));
+        m_program->Trigger("mnuDateDiffShow");
+        QCOMPARE(Button().Value(), 0);
+        QVERIFY(!m_program->Entry("mnuDateDiffShow").isChecked());
+        QVERIFY(!Label().isVisible());
+        QCOMPARE(Over(fifth), QString());
+    }
+
+    void TheWeekHasItToo()
+    {
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Trigger("mnuWeekView");
+        m_program->Trigger("mnuDateDiffShow");
+        QCOMPARE(Over(39), QStringLiteral("Day 75")); // Wednesday 17 March
+        QCOMPARE(Label().geometry().bottomRight(), m_program->Box(39).geometry().bottomRight());
+    }
+
+    void CustomizeRefusesWithoutAPlanner()
+    {
+        m_program->Start();
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuDateDiffCustomize");
+        QVERIFY(seen.Text.startsWith(QStringLiteral("No Planner Exists!")));
+    }
+
+    void TheDialogKeepsOneOrderInTheFile_data()
+    {
+        QTest::addColumn<QString>("order");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("month first") << "0"
+                                     << "MM/DD/YYYY"
+                                     << "01/01/1999"
+                                     << "07041999";
+        QTest::newRow("day first") << "1"
+                                   << "DD/MM/YYYY"
+                                   << "01/01/1999"
+                                   << "04071999";
+        QTest::newRow("year first") << "2"
+                                    << "YYYY/MM/DD"
+                                    << "1999/01/01"
+                                    << "19990704";
+    }
+    void TheDialogKeepsOneOrderInTheFile()
+    {
+        QFETCH(QString, order);
+        QFETCH(QString, label);
+        QFETCH(QString, shown);
+        QFETCH(QString, typed);
+        SetOrder(order);
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+        Customize([&](DateDiffForm& form) {
+            QCOMPARE(form.findChild<QLabel*>(QStringLiteral("lblDateFormat"))->text(), label);
+            QCOMPARE(Mask(form).Text(), shown);
+            QVERIFY(form.findChild<QRadioButton*>(QStringLiteral("opDateDiff(0)"))->isChecked());
+            form.findChild<QRadioButton*>(QStringLiteral("opDateDiff(1)"))->click();
+            OnNextModal<QColorDialog>([](QColorDialog& dialog) {
+                dialog.setCurrentColor(QColor(0x12, 0x34, 0xAB));
+                dialog.accept();
+            });
+            form.findChild<QPushButton*>(QStringLiteral("btnBGColor"))->click();
+            Mask(form).selectAll();
+            QTest::keyClicks(&Mask(form), typed);
+            QTest::keyClick(&form, Qt::Key_Return);
+        });
+        QCOMPARE(Stored("DateDiff"), QStringLiteral("07/04/1999"));
+        QCOMPARE(Stored("Calculation Method"), QStringLiteral("1"));
+        QCOMPARE(Stored("Label Color"), QStringLiteral("&HAB3412&"));
+        m_program->Trigger("mnuDateDiffShow");
+        QCOMPARE(Label().palette().color(QPalette::Window), QColor(0x12, 0x34, 0xAB));
+        Customize([&](DateDiffForm& form) {
+            QVERIFY(form.findChild<QRadioButton*>(QStringLiteral("opDateDiff(1)"))->isChecked());
+            QTest::keyClick(&form, Qt::Key_Escape);
+        });
+    }
+
+    void AnInvalidDateIsRefused()
+    {
+        Put("DateDiff", QStringLiteral("02/29/2100"));
+        SetOrder(QStringLiteral("0"));
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+        SeenBox seen;
+        Customize([&](DateDiffForm& form) {
+            QCOMPARE(Mask(form).Text(), QStringLiteral("02/29/2100"));
+            Mask(form).SetText(QStringLiteral("02/30/2000"));
+            AnswerNextBox(msgbox::Ok, &seen);
+            QTest::keyClick(&form, Qt::Key_Return);
+            QVERIFY(form.isVisible());
+            QTest::keyClick(&form, Qt::Key_Escape);
+        });
+        QCOMPARE(seen.Text, QStringLiteral("Start Date is not a valid date"));
+        QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
+        QCOMPARE(Stored("DateDiff"), QStringLiteral("02/29/2100"));
+    }
+};
+
+QTEST_MAIN(DateDifferenceTest)
+#include "datedifferencetest.moc"
