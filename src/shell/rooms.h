@@ -28,6 +28,7 @@
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
 #include "tools/datesearch.h"
+#include "wallpaper/wallpapercommands.h"
 #include "workgroup/daylock.h"
 #include "workgroup/dayrecord.h"
 #include "workgroup/networkmode.h"
@@ -75,6 +76,7 @@ struct Rooms
     Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
+    WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView};
     NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};
