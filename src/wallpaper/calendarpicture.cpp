@@ -3,13 +3,12 @@
 #include "calendar/ccalendarview.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "platform/desktop/nativesize.h"
 #include "platform/runtime/runtimeerror.h"
 #include "wallpaper/momentslook.h"
 
 #include <QPainter>
 #include <QSaveFile>
-#include <QScopeGuard>
-#include <QScreen>
 
 #include <optional>
 #include <unistd.h>
@@ -69,7 +68,7 @@ QImage CalendarPicture::Draw(int wallpaperSize) const
     const QRect region = Region();
     const qreal ratio = client.devicePixelRatioF();
     if (wallpaperSize == calendarpicture::Stretched) {
-        const QSize screen = ScaledBy(client.screen()->size(), ratio);
+        const QSize screen = NativeSize(*client.screen());
         return DrawOver(client, region, screen, screen);
     }
     const QSize drawn = ScaledBy(region.size(), ratio);

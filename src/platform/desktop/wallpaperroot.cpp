@@ -1,4 +1,5 @@
 // A plain window manager, which leaves the ground to whoever paints the X root window.
+#include "platform/desktop/nativesize.h"
 #include "platform/desktop/rootpixmap.h"
 #include "platform/desktop/wallpaperbackend.h"
 
@@ -9,10 +10,10 @@
 using wallpaper::Fit;
 
 namespace {
-// In the server's pixels; a screen keeps its place in them and counts its size in logical ones.
+// In the server's pixels, in which a screen keeps its place.
 QRect NativeRect(const QScreen& screen)
 {
-    return {screen.geometry().topLeft(), (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize()};
+    return {screen.geometry().topLeft(), NativeSize(screen)};
 }
 
 void Draw(QPainter& painter, const QImage& image, const QRect& area, Fit fit)
