@@ -72,6 +72,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddTextRows(add);
     AddDayViewRows(add);
     AddFindRows(add, planner);
+    AddWallpaperRows(add, ours, planner);
     AddWorkgroupRows(add, addMemory, planner);
     AddEventRows(add);
     AddAlarmRows(add, ours.Box(1));

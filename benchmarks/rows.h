@@ -14,6 +14,7 @@ void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
 void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
 void AddFindRows(const Add& add, const QString& planner);
+void AddWallpaperRows(const Add& add, PlannerWindow& ours, const QString& planner);
 void AddWorkgroupRows(const Add& add, const AddMemory& addMemory, const QString& planner);
 void AddEventRows(const Add& add);
 void AddAlarmRows(const Add& add, QWidget& client);

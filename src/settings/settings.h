@@ -133,6 +133,7 @@ inline constexpr IntSetting WallpaperSize = {u"WallPaper", u"WallpaperSize", 0};
 inline constexpr IntSetting WallpaperAutoupdate = {u"WallPaper", u"Autoupdate", 0};
 inline constexpr TextSetting PreviousWallPaper = {u"WallPaper", u"PreviousWallPaper", u"(None)", PathSize};
 inline constexpr IntSetting PreviousTileStyle = {u"WallPaper", u"PreviousTileStyle", 0};
+inline constexpr IntSetting PreviousWallpaperStyle = {u"WallPaper", u"PreviousWallpaperStyle", 0};
 
 inline constexpr TextSetting DateDiff = {u"Date Difference", u"DateDiff", u"", 11}; // default: 01/01/ + shown year
 inline constexpr IntSetting DateDiffMethod = {u"Date Difference", u"Calculation Method", 0};

@@ -95,6 +95,7 @@ void Mainform::subExitProgram(int iUnloadMode)
         setWindowState(Qt::WindowNoState);
     }
     tail([&] { m_rooms->dayView.TakeTextAtExit(); });
+    tail([&] { m_rooms->wallpaper.subWallpaperOnExit(iUnloadMode == CloseBox); });
     // Where the window stood must be known before it is hidden.
     const auto place = m_rooms->m_pLayout.WindowPlace();
     tail([&] { m_rooms->findWord.Unload(); });

@@ -33,6 +33,7 @@
 #include "tools/datedifference.h"
 #include "tools/datesearch.h"
 #include "tools/findword.h"
+#include "wallpaper/wallpapercommands.h"
 #include "workgroup/daylock.h"
 #include "workgroup/dayrecord.h"
 #include "workgroup/networkmode.h"
@@ -85,6 +86,7 @@ struct Rooms
     Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
+    WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView};
     NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};

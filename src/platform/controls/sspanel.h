@@ -52,6 +52,7 @@ public:
     // A thin frame inside the panel: today, the cell with the caret. An invalid colour takes it away.
     void SetFrame(const QColor& frame);
     void SetActive(bool active); // the accent's frame, in front of the other one
+    bool IsActive() const { return m_active; }
 
 Q_SIGNALS:
     void Click();

@@ -1,0 +1,71 @@
+// Plasma, whose shell runs a script over all of its desktops.
+#include "platform/desktop/wallpaperbackend.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <array>
+
+using wallpaper::Fit;
+
+namespace {
+// By Fit. Plasma has no way to span, and fills the screen instead.
+constexpr std::array FillModes{6, 3, 0, 1, 2, 2};
+
+const QString SetScript = QStringLiteral(
+    "var all = desktops(); for (var i = 0; i < all.length; ++i) { all[i].wallpaperPlugin = 'org.kde.image';"
+    "all[i].currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General']; all[i].writeConfig('FillMode', %2);"
+    "all[i].writeConfig('Image', %1[0]); } print(all.length);");
+const QString ClearScript = QStringLiteral("var all = desktops(); for (var i = 0; i < all.length; ++i)"
+                                           "{ all[i].wallpaperPlugin = 'org.kde.color'; } print(all.length);");
+const QString ReadScript =
+    QStringLiteral("var one = desktops()[0]; one.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
+                   "print(JSON.stringify([one.wallpaperPlugin, '' + one.readConfig('Image'), '' + "
+                   "one.readConfig('FillMode')]));");
+
+// What the script has printed; empty if there is no shell, it does not answer in time, or it refuses.
+std::optional<QString> Run(const QString& script, const QDeadlineTimer& until)
+{
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
+                                       QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript"));
+    call.setArguments({script});
+    const QDBusMessage reply =
+        QDBusConnection::sessionBus().call(call, QDBus::Block, std::max(1, int(until.remainingTime())));
+    if (reply.type() != QDBusMessage::ReplyMessage) return std::nullopt;
+    return reply.arguments().value(0).toString().trimmed();
+}
+
+bool IsHere(const DesktopSession& session)
+{
+    return session.Is("KDE");
+}
+
+WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
+{
+    // An array in JSON is also one of the script's language, whatever letters the path has.
+    const QJsonArray address{WallpaperAddress(picture.Path)};
+    const QString script = picture.Path == wallpaper::None
+                               ? ClearScript
+                               : SetScript.arg(QString::fromUtf8(QJsonDocument(address).toJson(QJsonDocument::Compact)),
+                                               QString::number(FillModes[std::size_t(picture.Fit)]));
+    const std::optional<QString> count = Run(script, until);
+    return count && count->toInt() > 0 ? WallpaperAnswer::Done : WallpaperAnswer::Failed;
+}
+
+std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTimer& until)
+{
+    const QJsonArray read = QJsonDocument::fromJson(Run(ReadScript, until).value_or(QString()).toUtf8()).array();
+    const QString plugin = read.at(0).toString(), image = read.at(1).toString();
+    if (plugin == u"org.kde.color") return DesktopPicture{wallpaper::None};
+    // A slide show, say, is no picture that could be put back.
+    if (plugin != u"org.kde.image" || image.isEmpty()) return std::nullopt;
+    const auto fit = std::find(FillModes.begin(), FillModes.end(), read.at(2).toString().toInt());
+    return DesktopPicture{WallpaperPath(image), fit == FillModes.end() ? Fit::Zoomed : Fit(fit - FillModes.begin())};
+}
+} // namespace
+
+const WallpaperBackend PlasmaWallpaper = {IsHere, Show, Present};

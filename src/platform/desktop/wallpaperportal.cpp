@@ -1,0 +1,128 @@
+// The desktop's portal: a service on the session bus that asks the person, if need be, and tells by a signal what came
+// of it. It cannot take a picture away.
+#include "platform/desktop/wallpaperbackend.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
+#include <QDBusUnixFileDescriptor>
+#include <QEventLoop>
+#include <QFile>
+#include <QGuiApplication>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace {
+const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString RequestInterface = QStringLiteral("org.freedesktop.portal.Request");
+constexpr int CallTime = 2000; // milliseconds in which the service says that it has understood
+enum Code : uint
+{
+    Granted = 0,
+    Cancelled = 1
+};
+
+// Waits for the answer to one request, in a loop of its own that takes no clicks and keys for our windows.
+class PortalRequest : public QObject
+{
+    Q_OBJECT
+
+public:
+    PortalRequest() : m_token(QStringLiteral("orrelin%1").arg(QRandomGenerator::global()->generate()))
+    {
+        // The answer may come sooner than the reply to the call, so its path is known beforehand.
+        const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
+        Listen(QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, m_token));
+        m_watcher.setConnection(m_bus);
+        connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, &m_loop, &QEventLoop::quit);
+    }
+
+    QString Token() const { return m_token; }
+
+    void Listen(const QString& path)
+    {
+        if (path == m_path) return;
+        m_path = path;
+        m_bus.connect(Service, path, RequestInterface, QStringLiteral("Response"), this,
+                      SLOT(Response(uint, QVariantMap)));
+    }
+
+    WallpaperAnswer Wait(const QDeadlineTimer& until)
+    {
+        QTimer::singleShot(std::chrono::milliseconds(std::max<qint64>(0, until.remainingTime())), &m_loop,
+                           &QEventLoop::quit);
+        if (!m_code) m_loop.exec(QEventLoop::ExcludeUserInputEvents);
+        if (!m_code) {
+            m_bus.send(QDBusMessage::createMethodCall(Service, m_path, RequestInterface, QStringLiteral("Close")));
+            return WallpaperAnswer::Failed;
+        }
+        if (*m_code == Granted) return WallpaperAnswer::Done;
+        return *m_code == Cancelled ? WallpaperAnswer::Refused : WallpaperAnswer::Failed;
+    }
+
+private Q_SLOTS:
+    void Response(uint code, const QVariantMap&)
+    {
+        m_code = code;
+        m_loop.quit();
+    }
+
+private:
+    QDBusConnection m_bus = QDBusConnection::sessionBus();
+    QString m_token;
+    QString m_path;
+    QEventLoop m_loop;
+    QDBusServiceWatcher m_watcher{Service, m_bus, QDBusServiceWatcher::WatchForUnregistration};
+    std::optional<uint> m_code;
+};
+
+// Over which window the service is to ask.
+QString ParentWindow()
+{
+    const QWindow* window = QGuiApplication::focusWindow();
+    const bool isX11 = QGuiApplication::platformName() == u"xcb";
+    return window && isX11 ? QStringLiteral("x11:%1").arg(window->winId(), 0, 16) : QString();
+}
+
+// Only an address that is set is tried: without one the library would start a bus of its own.
+bool IsHere(const DesktopSession&)
+{
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const bool hasBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + QStringLiteral("/bus"));
+    return hasBus && QDBusConnection::sessionBus().isConnected();
+}
+
+WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
+{
+    QFile file(picture.Path);
+    if (picture.Path == wallpaper::None || !file.open(QIODevice::ReadOnly)) return WallpaperAnswer::Failed;
+    PortalRequest request;
+    // The open file and not its address: the service refuses addresses of files.
+    QDBusMessage call = QDBusMessage::createMethodCall(Service, QStringLiteral("/org/freedesktop/portal/desktop"),
+                                                       QStringLiteral("org.freedesktop.portal.Wallpaper"),
+                                                       QStringLiteral("SetWallpaperFile"));
+    call.setArguments({ParentWindow(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())),
+                       QVariantMap{{QStringLiteral("handle_token"), request.Token()},
+                                   {QStringLiteral("show-preview"), false},
+                                   {QStringLiteral("set-on"), QStringLiteral("background")}}});
+    const int patience = std::clamp(int(until.remainingTime()), 1, CallTime);
+    const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, patience);
+    if (reply.type() != QDBusMessage::ReplyMessage) return WallpaperAnswer::Failed;
+    request.Listen(reply.arguments().value(0).value<QDBusObjectPath>().path());
+    return request.Wait(until);
+}
+
+std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTimer&)
+{
+    return std::nullopt;
+}
+} // namespace
+
+const WallpaperBackend PortalWallpaper = {IsHere, Show, Present, true};
+
+#include "wallpaperportal.moc"

@@ -1,0 +1,51 @@
+#include "wallpaper/desktopkeys.h"
+
+#include "platform/profile/profile.h"
+#include "settings/settings.h"
+
+namespace {
+const QString WinIni = QStringLiteral("WIN.INI");
+const QString Section = QStringLiteral("Desktop");
+const QString WallpaperKey = QStringLiteral("wallpaper");
+const QString TileKey = QStringLiteral("TileWallPaper");
+const QString StyleKey = QStringLiteral("WallpaperStyle");
+} // namespace
+
+DesktopKeys DesktopKeys::Of(const DesktopPicture& picture)
+{
+    return {picture.Path, picture.Fit == wallpaper::Fit::Tiled ? 1 : 0, int(picture.Fit)};
+}
+
+DesktopKeys ReadDesktopKeys()
+{
+    return {GetPrivateProfileStringA(Section, WallpaperKey, wallpaper::None, settings::PathSize, WinIni),
+            GetPrivateProfileIntA(Section, TileKey, 0, WinIni), GetPrivateProfileIntA(Section, StyleKey, 0, WinIni)};
+}
+
+void WriteDesktopKeys(const DesktopKeys& keys)
+{
+    const ProfileBatch oneReplacement(WinIni);
+    WritePrivateProfileStringA(Section, WallpaperKey, keys.wallpaper, WinIni);
+    WritePrivateProfileStringA(Section, TileKey, QString::number(keys.tileWallPaper), WinIni);
+    WritePrivateProfileStringA(Section, StyleKey, QString::number(keys.style), WinIni);
+}
+
+void TakeOverPresentWallpaper(const QDeadlineTimer& until)
+{
+    if (const std::optional<DesktopPicture> present = PresentWallpaper(until))
+        WriteDesktopKeys(DesktopKeys::Of(*present));
+}
+
+DesktopKeys ReadPreviousKeys()
+{
+    return {Read(settings::PreviousWallPaper), Read(settings::PreviousTileStyle),
+            Read(settings::PreviousWallpaperStyle)};
+}
+
+void WritePreviousKeys(const DesktopKeys& keys)
+{
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    Write(settings::PreviousWallPaper, keys.wallpaper);
+    Write(settings::PreviousTileStyle, keys.tileWallPaper);
+    Write(settings::PreviousWallpaperStyle, keys.style);
+}

@@ -1,0 +1,136 @@
+#include "wallpaper/wallpapercommands.h"
+
+#include "hall/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/desktop/folders.h"
+#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/desktop/wallpaper.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+#include "wallpaper/desktopkeys.h"
+#include "wallpaper/wallpaperform.h"
+
+#include <QDeadlineTimer>
+#include <QScopedValueRollback>
+
+namespace {
+constexpr int PersonsPatience = 60000; // milliseconds, while a desktop may be asking whether it is allowed
+constexpr int ExitsPatience = 2000;
+
+bool ShowOnDesktop(const QString& wallpaper, const QDeadlineTimer& until)
+{
+    constexpr int SetDeskWallpaper = 20, UpdateAndTellAll = 3;
+    return SystemParametersInfoA(SetDeskWallpaper, 0, wallpaper, UpdateAndTellAll, until);
+}
+
+// Each planner has a picture of its own.
+QString PicturePath()
+{
+    constexpr int ExtensionSize = 4;
+    const QString name = g_sDBTitle.isEmpty() ? QStringLiteral("planner")
+                                              : g_sDBTitle.chopped(qMin<qsizetype>(ExtensionSize, g_sDBTitle.size()));
+    return folders::ApplicationDirectory() + u'/' + name.toLower() + QStringLiteral(".bmp");
+}
+
+void Tell(const QString& text, const QString& title = messages::HelpWizard)
+{
+    MsgBox(text, msgbox::Information, title);
+}
+
+// A hourglass until the end of a command.
+class Waiting
+{
+public:
+    Waiting() { SetMousePointer(mousepointer::Hourglass); }
+    ~Waiting() { SetMousePointer(mousepointer::Default); }
+    Q_DISABLE_COPY_MOVE(Waiting)
+};
+} // namespace
+
+WallpaperCommands::WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar)
+    : m_client(*cells.Client()), m_picture(cells, bottom, calendar)
+{
+}
+
+bool WallpaperCommands::SetWallpaper(const QDeadlineTimer& until, QString& trouble)
+{
+    // While a desktop asks, a signal may end the program, which must not begin a second picture.
+    if (m_isSetting) return false;
+    const QScopedValueRollback setting(m_isSetting, true);
+    const Waiting hourglass;
+    bool isSet = false;
+    ErrorTail{QLatin1StringView(" in MainForm, fnSetWallpaper")}([&] {
+        const QImage image = m_picture.Draw(Read(settings::WallpaperSize));
+        TakeOverPresentWallpaper(until);
+        WritePreviousKeys(ReadDesktopKeys());
+        const QString path = PicturePath();
+        trouble = QStringLiteral("The picture could not be written to %1.").arg(path);
+        SaveBitmap(image, path);
+        trouble.clear();
+        WriteDesktopKeys(DesktopKeys::Of({path}));
+        isSet = ShowOnDesktop(path, until);
+    });
+    return isSet;
+}
+
+bool WallpaperCommands::fnSetWallpaper()
+{
+    QString trouble;
+    const bool isSet = SetWallpaper(QDeadlineTimer(PersonsPatience), trouble);
+    if (!isSet) TellFailure(trouble);
+    return isSet;
+}
+
+void WallpaperCommands::TellFailure(const QString& trouble)
+{
+    MsgBox(QStringLiteral("Wallpaper setting not successful! Make sure your video resolution is in 16 or 256 colors"),
+           0, QString(), trouble);
+}
+
+void WallpaperCommands::mnuSetWallpaper_Click()
+{
+    fnSetWallpaper();
+}
+
+void WallpaperCommands::mnuClearWallpaper_Click()
+{
+    const DesktopKeys cleared = DesktopKeys::Of({wallpaper::None});
+    WriteDesktopKeys(cleared);
+    if (!ShowOnDesktop(cleared.wallpaper, QDeadlineTimer(PersonsPatience)))
+        Tell(QStringLiteral("Wallpaper Clearing Not Successful!"));
+}
+
+void WallpaperCommands::mnuUpdateWallpaper_Click()
+{
+    const QDeadlineTimer until(PersonsPatience);
+    TakeOverPresentWallpaper(until);
+    const bool isLoaded = ShowOnDesktop(ReadDesktopKeys().wallpaper, until);
+    Tell(isLoaded ? QStringLiteral("Successfully Updated Wallpaper!") : QStringLiteral("Unable To Update Wallpaper!"));
+}
+
+void WallpaperCommands::mnuPrevWallpaper_Click()
+{
+    const Waiting hourglass;
+    const DesktopKeys previous = ReadPreviousKeys();
+    WriteDesktopKeys(previous);
+    if (ShowOnDesktop(previous.wallpaper, QDeadlineTimer(PersonsPatience)))
+        Tell(QStringLiteral("Restored to previous wallpaper!"));
+    else
+        Tell(QStringLiteral("Unable to restore previous wallpaper!"), QStringLiteral("Orrelin"));
+}
+
+void WallpaperCommands::mnuWallpaperOption_Click()
+{
+    WallpaperForm(m_client.window()).exec();
+}
+
+void WallpaperCommands::subWallpaperOnExit(bool isSomebodyThere)
+{
+    if (Read(settings::WallpaperAutoupdate) != 1) return;
+    QWidget& window = *m_client.window();
+    if (window.isMinimized()) window.setWindowState(Qt::WindowNoState);
+    QString trouble;
+    if (!SetWallpaper(QDeadlineTimer(ExitsPatience), trouble) && isSomebodyThere) TellFailure(trouble);
+}

@@ -1,0 +1,90 @@
+#include "wallpaper/wallpaperform.h"
+
+#include "platform/controls/okcancel.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "settings/settings.h"
+#include "wallpaper/calendarpicture.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace {
+constexpr std::array Captions{"Normal (Current Window Size)", "Full Screen (Stretched Edge-to-Edge)",
+                              "Maxmimzed (Maximized Window Size)"};
+}
+
+WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
+{
+    setObjectName(QStringLiteral("WallpaperForm"));
+    setWindowTitle(QStringLiteral("Customize Wallpaper"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(MakeFrame());
+    column->addWidget(MakeOkCancel(*this));
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ErrorTail{QLatin1StringView(" in WallpaperForm, Form_Load")}([this] { ShowSettings(); });
+    CenterOnScreen(*this);
+}
+
+QWidget* WallpaperForm::MakeFrame()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Wallpaper Options"));
+    auto* column = new QVBoxLayout(frame);
+    column->addWidget(MakeSettingFrame());
+    column->addWidget(MakeUpdateFrame());
+    return frame;
+}
+
+QWidget* WallpaperForm::MakeSettingFrame()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Wallpaper Setting"));
+    auto* column = new QVBoxLayout(frame);
+    for (std::size_t size = 0; size < Captions.size(); ++size) {
+        m_opSetting[size] = new QRadioButton(QString::fromLatin1(Captions[size]));
+        m_opSetting[size]->setObjectName(QStringLiteral("opSetting(%1)").arg(size));
+        column->addWidget(m_opSetting[size]);
+    }
+    return frame;
+}
+
+QWidget* WallpaperForm::MakeUpdateFrame()
+{
+    auto* frame = new QGroupBox(QStringLiteral("Automatic Update"));
+    auto* column = new QVBoxLayout(frame);
+    m_chkAutoload = new QCheckBox(QStringLiteral("Check to update wallpaper automatically when program exits"));
+    m_chkAutoload->setObjectName(QStringLiteral("chkAutoload"));
+    column->addWidget(m_chkAutoload);
+    return frame;
+}
+
+// A size that there is not chooses nothing.
+void WallpaperForm::ShowSettings()
+{
+    const int size = Read(settings::WallpaperSize);
+    if (size >= 0 && size < int(m_opSetting.size())) m_opSetting[std::size_t(size)]->setChecked(true);
+    m_chkAutoload->setChecked(Read(settings::WallpaperAutoupdate) != 0);
+}
+
+int WallpaperForm::ChosenSize() const
+{
+    using namespace calendarpicture;
+    for (const int size : {Normal, Stretched}) {
+        if (m_opSetting[std::size_t(size)]->isChecked()) return size;
+    }
+    return Maximized;
+}
+
+void WallpaperForm::accept()
+{
+    ErrorTail{QLatin1StringView(" in WallpaperForm, btnOk_Click")}([this] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        Write(settings::WallpaperSize, ChosenSize());
+        Write(settings::WallpaperAutoupdate, m_chkAutoload->isChecked() ? 1 : 0);
+    });
+    QDialog::accept();
+}

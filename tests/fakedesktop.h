@@ -1,0 +1,66 @@
+// The commands by which desktops take a picture, put first on the path: they keep what they are told in small files
+// and write down how they were called.
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+class FakeDesktop
+{
+public:
+    explicit FakeDesktop(const char* name) : m_path(qgetenv("PATH"))
+    {
+        qputenv("XDG_CURRENT_DESKTOP", name);
+        qputenv("PATH", m_folder.path().toUtf8() + ':' + m_path);
+        qputenv("FAKE_DESKTOP", m_folder.path().toUtf8());
+        const QByteArray head = "#!/bin/sh\nprintf '%s\\n' \"$(basename \"$0\") $*\" >> \"$FAKE_DESKTOP/calls\"\n"
+                                "[ ! -e \"$FAKE_DESKTOP/refuses\" ] || exit 1\n"
+                                "[ ! -e \"$FAKE_DESKTOP/hangs\" ] || exec sleep 1000\n";
+        Command("gsettings",
+                head + "case $1 in get) cat \"$FAKE_DESKTOP/$2 $3\" ;;\n"
+                       "set) [ -e \"$FAKE_DESKTOP/forgets\" ] || printf '%s\\n' \"$4\" > \"$FAKE_DESKTOP/$2 $3\" ;;"
+                       "esac\n");
+        Command("xfconf-query", head + "shift 2; mkdir -p \"$FAKE_DESKTOP/xfce\"; cd \"$FAKE_DESKTOP/xfce\"\n"
+                                       "[ $1 != -l ] || { find . -type f | cut -c2-; exit; }\n"
+                                       "[ $# = 2 ] && exec cat \"./$2\"\n"
+                                       "mkdir -p \"./$(dirname \"$2\")\"; printf '%s\\n' \"$7\" > \"./$2\"\n");
+        Command("pcmanfm-qt", head);
+    }
+
+    ~FakeDesktop()
+    {
+        qputenv("PATH", m_path);
+        qunsetenv("XDG_CURRENT_DESKTOP");
+    }
+    Q_DISABLE_COPY_MOVE(FakeDesktop)
+
+    // "refuses", "hangs" or "forgets": how the commands behave from now on.
+    void Become(const char* manner) const { Keep(QString::fromLatin1(manner), ""); }
+
+    void Keep(const QString& key, const QByteArray& value) const
+    {
+        QDir().mkpath(QFileInfo(m_folder.filePath(key)).path());
+        QFile file(m_folder.filePath(key));
+        if (!file.open(QIODevice::WriteOnly) || file.write(value + '\n') < 0) qFatal("no room for a temporary file");
+    }
+
+    QByteArray Kept(const QString& key) const
+    {
+        QFile file(m_folder.filePath(key));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+    }
+
+    QByteArray Calls() const { return Kept(QStringLiteral("calls")); }
+
+private:
+    void Command(const char* name, const QByteArray& script) const
+    {
+        QFile file(m_folder.filePath(QString::fromLatin1(name)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(script) < 0) qFatal("no room for a temporary file");
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    QTemporaryDir m_folder;
+    QByteArray m_path;
+};

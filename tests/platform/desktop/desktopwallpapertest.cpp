@@ -1,0 +1,373 @@
+#include "fakedesktop.h"
+#include "platform/desktop/folders.h"
+#include "platform/desktop/wallpaper.h"
+#include "platform/profile/profile.h"
+#include "support.h"
+#include "virtualscreen.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusUnixFileDescriptor>
+#include <QThread>
+
+// What the two services on the bus are to do, and what they were asked.
+struct Played
+{
+    enum Manner
+    {
+        Answers,
+        AnswersLate,
+        Hangs,  // takes the call and never replies
+        Forgets // replies and never says what came of it
+    };
+    static inline Manner manner = Answers;
+    static inline uint code = 0;
+    static inline QByteArray taken; // the bytes of the picture
+    static inline QStringList scripts;
+    static inline QString printed;
+};
+
+class PlayedPortal : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Wallpaper")
+
+public:
+    explicit PlayedPortal(const QDBusConnection& bus) : m_bus(bus) {}
+
+public Q_SLOTS:
+    QDBusObjectPath SetWallpaperFile(const QString&, const QDBusUnixFileDescriptor& picture, const QVariantMap& options,
+                                     const QDBusMessage& call)
+    {
+        if (Played::manner == Played::Hangs) return call.setDelayedReply(true), QDBusObjectPath();
+        QFile file;
+        if (file.open(picture.fileDescriptor(), QIODevice::ReadOnly)) Played::taken = file.readAll();
+        const QString path = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
+                                 .arg(call.service().mid(1).replace(u'.', u'_'),
+                                      options.value(QStringLiteral("handle_token")).toString());
+        QDBusMessage response = QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.portal.Request"),
+                                                           QStringLiteral("Response"));
+        response << Played::code << QVariantMap();
+        const int delay = Played::manner == Played::AnswersLate ? 200 : 0;
+        // Before the reply or long after it: a real one does both.
+        if (Played::manner == Played::Answers) m_bus.send(response);
+        if (delay) QTimer::singleShot(delay, this, [this, response] { m_bus.send(response); });
+        return QDBusObjectPath(path);
+    }
+
+private:
+    QDBusConnection m_bus;
+};
+
+class PlayedPlasma : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.PlasmaShell")
+
+public Q_SLOTS:
+    QString evaluateScript(const QString& script, const QDBusMessage& call)
+    {
+        Played::scripts += script;
+        if (Played::manner == Played::Hangs) call.setDelayedReply(true);
+        return Played::printed;
+    }
+};
+
+// A session bus of the test's own, with both services in a thread of theirs.
+class PlayedBus
+{
+public:
+    PlayedBus()
+    {
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        if (!m_daemon.waitForReadyRead()) qFatal("dbus-daemon did not start");
+        const QByteArray address = m_daemon.readAllStandardOutput().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        m_address = QString::fromLatin1(address);
+    }
+
+    void Serve()
+    {
+        QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("played"));
+        auto* portal = new PlayedPortal(bus);
+        auto* plasma = new PlayedPlasma;
+        for (QObject* service : std::initializer_list<QObject*>{portal, plasma}) {
+            service->moveToThread(&m_thread);
+            QObject::connect(&m_thread, &QThread::finished, service, &QObject::deleteLater);
+        }
+        bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), portal, QDBusConnection::ExportAllSlots);
+        bus.registerObject(QStringLiteral("/PlasmaShell"), plasma, QDBusConnection::ExportAllSlots);
+        bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+        bus.registerService(QStringLiteral("org.kde.plasmashell"));
+        m_thread.start();
+    }
+
+    ~PlayedBus()
+    {
+        m_thread.quit();
+        m_thread.wait();
+        QDBusConnection::disconnectFromBus(QStringLiteral("played"));
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+    QThread m_thread;
+};
+
+// The desktops that take a picture, each played.
+class DesktopWallpaperTest : public QObject
+{
+    Q_OBJECT
+
+    PlayedBus& m_bus;
+    TemporaryFolders m_folders;
+    QString m_picture;
+
+    static bool Show(const QString& picture, int patience = 20000)
+    {
+        return SystemParametersInfoA(20, 0, picture, 3, QDeadlineTimer(patience));
+    }
+    static std::optional<DesktopPicture> Present() { return PresentWallpaper(QDeadlineTimer(20000)); }
+    static void WriteDesktop(const char* key, const QString& value)
+    {
+        WritePrivateProfileStringA(QStringLiteral("Desktop"), QString::fromLatin1(key), value,
+                                   QStringLiteral("WIN.INI"));
+    }
+
+public:
+    explicit DesktopWallpaperTest(PlayedBus& bus) : m_bus(bus) {}
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_bus.Serve();
+        // Letters that addresses, scripts and quoted texts each write in their own way.
+        m_picture = m_folders.Path(QStringLiteral("It's \"my\" p\u00e4per \\1.bmp"));
+        QImage image(20, 10, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QVERIFY(image.save(m_picture, "BMP"));
+    }
+
+    void init()
+    {
+        Played::manner = Played::Answers;
+        Played::code = 0;
+        Played::scripts.clear();
+        Played::taken.clear();
+        for (const char* key : {"TileWallPaper", "WallpaperStyle"})
+            WriteDesktop(key, QStringLiteral("0"));
+    }
+    void cleanup() { qunsetenv("FLATPAK_ID"); }
+
+    void ADesktopsOwnSettingsTakeThePicture_data()
+    {
+        QTest::addColumn<QByteArray>("desktop");
+        QTest::addColumn<QString>("pictureKey");
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QString>("fitKey");
+        QTest::addColumn<QByteArrayList>("fits"); // filling the screen, centred, as a call sets none
+        const QByteArrayList names{"'zoom'", "'centered'", "'none'"};
+        QTest::newRow("GNOME") << QByteArray("ubuntu:GNOME") << "org.gnome.desktop.background picture-uri"
+                               << QByteArray("'file:///usr/my%20photo.jpg'")
+                               << "org.gnome.desktop.background picture-options" << names;
+        QTest::newRow("Cinnamon") << QByteArray("X-Cinnamon") << "org.cinnamon.desktop.background picture-uri"
+                                  << QByteArray("'file:///usr/my%20photo.jpg'")
+                                  << "org.cinnamon.desktop.background picture-options" << names;
+        QTest::newRow("MATE") << QByteArray("MATE") << "org.mate.background picture-filename"
+                              << QByteArray("'/usr/my photo.jpg'") << "org.mate.background picture-options" << names;
+        QTest::newRow("Xfce") << QByteArray("XFCE") << "xfce/backdrop/screen0/monitorDP-1/workspace0/last-image"
+                              << QByteArray("/usr/my photo.jpg")
+                              << "xfce/backdrop/screen0/monitorDP-1/workspace0/image-style"
+                              << QByteArrayList{"5", "1", "-s 0"};
+    }
+
+    void ADesktopsOwnSettingsTakeThePicture()
+    {
+        QFETCH(QByteArray, desktop);
+        QFETCH(QString, pictureKey);
+        QFETCH(QByteArray, before);
+        QFETCH(QString, fitKey);
+        QFETCH(QByteArrayList, fits);
+        const FakeDesktop fake(desktop.constData());
+        fake.Keep(pictureKey, before);
+        fake.Keep(fitKey, fits[0]);
+        QCOMPARE(Present()->Path, QStringLiteral("/usr/my photo.jpg"));
+        QCOMPARE(Present()->Fit, wallpaper::Fit::Zoomed);
+
+        QVERIFY(Show(m_picture));
+        QCOMPARE(fake.Kept(fitKey), fits[1]);
+        QCOMPARE(*Present(), DesktopPicture{m_picture});
+        QVERIFY(!fake.Calls().contains(fits[2])); // nothing to load anew
+        QVERIFY(Show(m_picture));
+        QVERIFY(fake.Calls().contains(fits[2])); // or the desktop would keep what it has
+        QCOMPARE(*Present(), DesktopPicture{m_picture});
+        WriteDesktop("WallpaperStyle", QStringLiteral("4"));
+        QVERIFY(Show(m_picture));
+        QCOMPARE(fake.Kept(fitKey), fits[0]);
+
+        QVERIFY(Show(wallpaper::None));
+        QCOMPARE(*Present(), DesktopPicture{wallpaper::None});
+        fake.Become("refuses");
+        Played::code = 2; // the portal behind it cannot either
+        QVERIFY(!Show(m_picture));
+        QVERIFY(!Present());
+    }
+
+    void EveryMonitorAndWorkspaceOfXfceIsPainted()
+    {
+        const FakeDesktop fake("XFCE");
+        const QString first = QStringLiteral("xfce/backdrop/screen0/monitorDP-1/workspace0/last-image");
+        const QString second = QStringLiteral("xfce/backdrop/screen0/monitorHDMI-2/workspace3/last-image");
+        for (const QString& key : {first, second})
+            fake.Keep(key, "/before.jpg");
+        QVERIFY(Show(m_picture));
+        QCOMPARE(fake.Kept(first), m_picture.toUtf8());
+        QCOMPARE(fake.Kept(second), m_picture.toUtf8());
+    }
+
+    void TheFileManagerOfLxqtIsTold()
+    {
+        const FakeDesktop fake("LXQt");
+        QVERIFY(Show(m_picture));
+        QVERIFY(fake.Calls().contains("pcmanfm-qt --set-wallpaper=" + m_picture.toUtf8() + " --wallpaper-mode=center"));
+    }
+
+    void ADesktopThatForgetsOrHangsIsNotBelieved_data()
+    {
+        QTest::addColumn<QByteArray>("manner");
+        QTest::newRow("forgets") << QByteArray("forgets");
+        QTest::newRow("hangs") << QByteArray("hangs");
+    }
+
+    void ADesktopThatForgetsOrHangsIsNotBelieved()
+    {
+        QFETCH(QByteArray, manner);
+        const FakeDesktop fake("GNOME");
+        fake.Become(manner.constData());
+        Played::code = 2;
+        QVERIFY(!Show(m_picture));
+        Played::code = 0;
+        QVERIFY(Show(m_picture));
+        QVERIFY(!Played::taken.isEmpty());
+    }
+
+    void PlasmaRunsAScriptOverItsDesktops()
+    {
+        const FakeDesktop fake("KDE");
+        Played::printed = QStringLiteral("[\"org.kde.image\",\"file:///usr/my%20photo.jpg\",\"2\"]");
+        QCOMPARE(*Present(), (DesktopPicture{QStringLiteral("/usr/my photo.jpg"), wallpaper::Fit::Zoomed}));
+        Played::printed = QStringLiteral("[\"org.kde.slideshow\",\"\",\"\"]");
+        QVERIFY(!Present());
+        Played::printed = QStringLiteral("2\n");
+        QVERIFY(Show(m_picture));
+        QVERIFY(Played::scripts.last().contains(
+            QStringLiteral("['Wallpaper', 'org.kde.image', 'General']; all[i].writeConfig('FillMode', 6)")));
+        QVERIFY(Played::scripts.last().contains(QStringLiteral("writeConfig('Image', [\"file:///")));
+        QVERIFY(Show(wallpaper::None));
+        QVERIFY(Played::scripts.last().contains(u"org.kde.color"));
+        Played::code = 2;
+        Played::printed = QStringLiteral("0");
+        QVERIFY(!Show(m_picture));
+        Played::manner = Played::Hangs;
+        QVERIFY(!Show(m_picture, 300));
+    }
+
+    void ThePortalSaysWhatCameOfIt_data()
+    {
+        QTest::addColumn<int>("manner");
+        QTest::addColumn<uint>("code");
+        QTest::addColumn<bool>("isShown");
+        QTest::newRow("granted") << int(Played::Answers) << 0U << true;
+        QTest::newRow("granted after a while") << int(Played::AnswersLate) << 0U << true;
+        QTest::newRow("refused by the person") << int(Played::Answers) << 1U << false;
+        QTest::newRow("ended otherwise") << int(Played::AnswersLate) << 2U << false;
+        QTest::newRow("never says") << int(Played::Forgets) << 0U << false;
+        QTest::newRow("never replies") << int(Played::Hangs) << 0U << false;
+    }
+
+    void ThePortalSaysWhatCameOfIt()
+    {
+        QFETCH(int, manner);
+        QFETCH(uint, code);
+        QFETCH(bool, isShown);
+        qputenv("FLATPAK_ID", "org.example");
+        const FakeDesktop fake("GNOME"); // whose settings are those of the sandbox
+        Played::manner = Played::Manner(manner);
+        Played::code = code;
+        QCOMPARE(Show(m_picture, isShown ? 20000 : 600), isShown);
+        QFile file(m_picture);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        if (isShown) QCOMPARE(Played::taken, file.readAll());
+        QVERIFY(!Show(wallpaper::None)); // there is no way to take a picture away
+        QCOMPARE(fake.Calls(), QByteArray());
+    }
+
+    void TheRootKeepsThePictureAndFreesTheOneBefore()
+    {
+        const SeenRoot root;
+        QCOMPARE(*Present(), DesktopPicture{wallpaper::None});
+        QVERIFY(Show(m_picture));
+        const xcb_pixmap_t first = root.Pixmap();
+        QCOMPARE(root.Pixmap("ESETROOT_PMAP_ID"), first);
+        const QImage seen = root.Picture(first);
+        QCOMPARE(seen.size(), root.SizeOf(root.Window()));
+        QCOMPARE(seen.pixelColor(seen.rect().center()), QColor(Qt::red));
+        QCOMPARE(seen.pixelColor(seen.rect().center() + QPoint(12, 0)), QColor(Qt::black)); // not stretched, not tiled
+        QVERIFY(!Present()); // whose it is cannot be told
+        WriteDesktop("WallpaperStyle", QStringLiteral("2"));
+        QVERIFY(Show(m_picture));
+        QVERIFY(root.Pixmap() != first);
+        QCOMPARE(root.SizeOf(first), QSize());
+        QCOMPARE(root.Picture(root.Pixmap()).pixelColor(1, 1), QColor(Qt::red));
+        QCOMPARE(root.Picture(root.Window()).pixelColor(1, 1), QColor(Qt::red)); // on the screen, too
+        QVERIFY(Show(wallpaper::None));
+        QCOMPARE(root.Pixmap(), xcb_pixmap_t(XCB_PIXMAP_NONE));
+        QCOMPARE(root.Picture(root.Window()).pixelColor(1, 1), QColor(Qt::black));
+        QVERIFY(Played::taken.isEmpty()); // a portal would only know of settings that nobody here reads
+    }
+
+    void ARootThatNobodySeesIsNotPainted()
+    {
+        const SeenRoot root;
+        const xcb_window_t window = root.Window(); // stands in for a desktop's own
+        const xcb_atom_t desktop = root.Atom("_NET_WM_WINDOW_TYPE_DESKTOP");
+        const auto set = [&](const char* property, xcb_atom_t type, quint32 value) {
+            xcb_change_property(root.Connection(), XCB_PROP_MODE_REPLACE, window, root.Atom(property), type, 32, 1,
+                                &value);
+            xcb_flush(root.Connection());
+        };
+        set("_NET_CLIENT_LIST", XCB_ATOM_WINDOW, window);
+        set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, desktop);
+        Played::code = 2;
+        const bool isShown = Show(m_picture);
+        set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, XCB_ATOM_NONE);
+        QVERIFY(!isShown);
+        QVERIFY(!Played::taken.isEmpty()); // so the portal was asked
+    }
+
+    void WhatIsNoPictureIsRefused()
+    {
+        QVERIFY(!Show(m_folders.Path(QStringLiteral("missing.bmp"))));
+        QFile text(m_folders.Path(QStringLiteral("text.bmp")));
+        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no picture") > 0);
+        text.close();
+        Played::code = 2;
+        QVERIFY(!Show(text.fileName()));
+    }
+};
+
+int main(int argc, char** argv)
+{
+    const VirtualScreen screen(QSize(800, 600));
+    PlayedBus bus;
+    QApplication application(argc, argv);
+    DesktopWallpaperTest test(bus);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "desktopwallpapertest.moc"

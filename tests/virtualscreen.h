@@ -1,0 +1,93 @@
+// An X server of the test's own, and what stands on its root window. Made before the application object.
+#pragma once
+
+#include "platform/desktop/rootpixmap.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <cstdlib>
+
+class VirtualScreen
+{
+public:
+    explicit VirtualScreen(const QSize& size)
+    {
+        const QString screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
+        m_server.setStandardErrorFile(QProcess::nullDevice());
+        m_server.start(QStringLiteral("Xvfb"),
+                       {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                        QStringLiteral("0"), screen, QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+        if (!m_server.waitForReadyRead()) qFatal("Xvfb did not start");
+        qputenv("DISPLAY", ':' + m_server.readAllStandardOutput().trimmed());
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        qputenv("XDG_RUNTIME_DIR", m_runtime.path().toUtf8());
+        for (const char* name : {"WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "FLATPAK_ID", "SNAP_NAME"})
+            qunsetenv(name);
+    }
+
+    ~VirtualScreen()
+    {
+        m_server.kill();
+        m_server.waitForFinished();
+    }
+
+private:
+    QTemporaryDir m_runtime;
+    QProcess m_server;
+};
+
+// What a program that looks through to the root finds there.
+class SeenRoot
+{
+public:
+    SeenRoot() : m_connection(xcb_connect(nullptr, nullptr)) {}
+    ~SeenRoot() { xcb_disconnect(m_connection); }
+    Q_DISABLE_COPY_MOVE(SeenRoot)
+
+    xcb_window_t Window() const { return xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root; }
+    xcb_connection_t* Connection() const { return m_connection; }
+
+    xcb_atom_t Atom(const QByteArray& name) const
+    {
+        const auto cookie = xcb_intern_atom(m_connection, 0, quint16(name.size()), name.constData());
+        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(m_connection, cookie, nullptr);
+        const xcb_atom_t atom = reply->atom;
+        std::free(reply);
+        return atom;
+    }
+
+    xcb_pixmap_t Pixmap(const QByteArray& property = "_XROOTPMAP_ID") const
+    {
+        const auto cookie = xcb_get_property(m_connection, 0, Window(), Atom(property), XCB_ATOM_PIXMAP, 0, 1);
+        xcb_get_property_reply_t* reply = xcb_get_property_reply(m_connection, cookie, nullptr);
+        const xcb_pixmap_t pixmap = reply->value_len ? *static_cast<quint32*>(xcb_get_property_value(reply)) : 0;
+        std::free(reply);
+        return pixmap;
+    }
+
+    QSize SizeOf(xcb_drawable_t drawable) const // empty if there is no such thing any more
+    {
+        xcb_get_geometry_reply_t* reply =
+            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, drawable), nullptr);
+        const QSize size = reply ? QSize(reply->width, reply->height) : QSize();
+        std::free(reply);
+        return size;
+    }
+
+    QImage Picture(xcb_drawable_t drawable) const
+    {
+        const QSize size = SizeOf(drawable);
+        const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, drawable, 0, 0,
+                                          quint16(size.width()), quint16(size.height()), ~0U);
+        xcb_get_image_reply_t* reply = xcb_get_image_reply(m_connection, cookie, nullptr);
+        if (!reply) return {};
+        const QImage image =
+            QImage(xcb_get_image_data(reply), size.width(), size.height(), QImage::Format_RGB32).copy();
+        std::free(reply);
+        return image;
+    }
+
+private:
+    xcb_connection_t* m_connection;
+};

@@ -1,0 +1,405 @@
+#include "fakedesktop.h"
+#include "platform/look/paper.h"
+#include "platform/profile/profile.h"
+#include "program.h"
+#include "virtualscreen.h"
+#include "wallpaper/wallpaperform.h"
+
+#include <QCheckBox>
+#include <QScreen>
+
+#include <sys/resource.h>
+
+#include <csignal>
+
+// The wallpaper commands on the real window and the root of a real X server; today is 17 March 1999, cell 18.
+class WallpaperTest : public QObject
+{
+    Q_OBJECT
+
+    static constexpr int Today = 18;
+    const QString m_options = QStringLiteral("org.gnome.desktop.background picture-options");
+    const QString m_address = QStringLiteral("org.gnome.desktop.background picture-uri");
+    std::unique_ptr<Program> m_program;
+
+    static QString Ini(const char* key)
+    {
+        return GetPrivateProfileStringA(QStringLiteral("WallPaper"), QString::fromLatin1(key), QStringLiteral("none"),
+                                        1000, QStringLiteral("PLANNER.INI"));
+    }
+    static void WriteIni(const char* key, const QString& value)
+    {
+        WritePrivateProfileStringA(QStringLiteral("WallPaper"), QString::fromLatin1(key), value,
+                                   QStringLiteral("PLANNER.INI"));
+    }
+    static QString WinIni(const char* key)
+    {
+        return GetPrivateProfileStringA(QStringLiteral("Desktop"), QString::fromLatin1(key), QStringLiteral("none"),
+                                        1000, QStringLiteral("WIN.INI"));
+    }
+    static QString Bitmap(const char* name)
+    {
+        return folders::ApplicationDirectory() + u'/' + QString::fromLatin1(name);
+    }
+
+    // From the first heading to the foot of the title, in pixels of the client area.
+    QRect Region() const
+    {
+        const auto& heading = *m_program->form->findChild<SSPanel*>(QStringLiteral("lblDayOfWeek(0)"));
+        const SSPanel& title = m_program->Bottom();
+        return {heading.x(), heading.y(), title.width(), m_program->form->centralWidget()->height() - heading.y()};
+    }
+
+    // The part of the bitmap in which a cell stands.
+    QImage Cell(const QImage& bitmap, int cell) const
+    {
+        const SSPanel& panel = m_program->Panel(cell);
+        const qreal ratio = panel.devicePixelRatioF();
+        const QRect place = panel.geometry().translated(-Region().topLeft());
+        return bitmap.copy(QRect(place.topLeft() * ratio, place.size() * ratio));
+    }
+
+    static bool HasColor(const QImage& image, const QColor& color)
+    {
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) == color) return true;
+        }
+        return false;
+    }
+
+    // What the command says, with its title.
+    QString Said(const char* entry)
+    {
+        SeenBox box;
+        AnswerNextBox(msgbox::Ok, &box);
+        m_program->Trigger(entry);
+        if (WaitingAnswers() != 0) return DropAnswers(), QStringLiteral("nothing");
+        return box.Title + QStringLiteral(": ") + box.Text;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+    }
+    void cleanup() { m_program.reset(); }
+
+    void TheShownMonthBecomesTheWallpaper()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("Notes.mdb"));
+        program.Type(Today, QStringLiteral("a note of today"));
+        program.Box(Today).selectAll();
+        const qreal ratio = program.form->devicePixelRatioF();
+        QWidget over; // which a photograph of the screen would show
+        over.setGeometry(QRect(program.form->pos(), QSize(300, 300)));
+        over.setStyleSheet(QStringLiteral("background: #00ff00"));
+        over.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&over));
+        program.Trigger("mnuSetWallpaper");
+
+        const QImage bitmap(Bitmap("notes.bmp"));
+        const QSize region = Region().size();
+        QCOMPARE(bitmap.size(), QSize(region.width(), region.height() - 1) * ratio);
+        QCOMPARE(WinIni("wallpaper"), Bitmap("notes.bmp"));
+        QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("0"));
+        QVERIFY(!HasColor(bitmap, Qt::green));
+
+        const SeenRoot seen;
+        const QImage root = seen.Picture(seen.Pixmap());
+        QRect place(QPoint(), bitmap.size());
+        place.moveCenter(root.rect().center());
+        QCOMPARE(root.copy(place), bitmap.copy().convertToFormat(QImage::Format_RGB32));
+        QVERIFY(HasColor(Cell(bitmap, 1), paper::MemoPaper)); // it is the calendar
+    }
+
+    void NothingOfTheMomentIsInThePicture()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        program.Type(Today, QStringLiteral("a note of today"));
+        RichTextBox& box = program.Box(Today);
+        box.SetSelStart(2);
+        box.SetSelLength(4);
+        const int caretWidth = box.cursorWidth();
+        program.Trigger("mnuSetWallpaper");
+        const QImage cell = Cell(QImage(Bitmap("notes.bmp")), Today);
+        for (const QColor& color : {paper::Today, paper::TodayFrame, paper::Accent, QColor(Qt::red),
+                                    box.palette().color(QPalette::Active, QPalette::Highlight)})
+            QVERIFY2(!HasColor(cell, color), qPrintable(color.name()));
+        QVERIFY(HasColor(cell, Qt::black)); // the number as on any other day, and the note
+
+        QCOMPARE(program.Panel(Today).Paper(), QColor(paper::Today));
+        QCOMPARE(program.Panel(Today).ForeColor(), 0xFFu);
+        QVERIFY(program.Panel(Today).IsActive());
+        QCOMPARE(box.SelLength(), 4);
+        QCOMPARE(box.cursorWidth(), caretWidth);
+        QVERIFY(HasColor(program.Panel(Today).grab().toImage(), paper::Accent));
+    }
+
+    void InAnotherMonthNoCellChanges()
+    {
+        Program& program = *m_program;
+        WritePrivateProfileStringA(QStringLiteral("DAILY PANEL"), QStringLiteral("FONTSIZE"), QStringLiteral("30"),
+                                   QStringLiteral("PLANNER.INI"));
+        program.New(QStringLiteral("notes.mdb"));
+        program.Trigger("mnuNextMonth");
+        const QFont before = program.Panel(program.CellOf(17)).CaptionFont();
+        program.Trigger("mnuSetWallpaper");
+        QCOMPARE(program.Panel(program.CellOf(17)).CaptionFont(), before);
+        QCOMPARE(program.Panel(program.CellOf(17)).Paper(), QColor(paper::Paper));
+    }
+
+    void TheWeekTakesTheStylesOfTheMonth()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("planner.mdb"));
+        program.Trigger("mnuWeekView");
+        program.Trigger("mnuSetWallpaper");
+        QCOMPARE(program.Panel(39).Caption(), QStringLiteral(" 17"));
+        QCOMPARE(program.Panel(39).CaptionFont().pointSize(), 8);
+        QCOMPARE(program.Panel(39).ForeColor(), 0xFFu);
+        QVERIFY(!HasColor(Cell(QImage(Bitmap("planner.bmp")), 39), paper::TodayFrame));
+    }
+
+    void TheSizeFollowsTheOption_data()
+    {
+        QTest::addColumn<QString>("size");
+        QTest::addColumn<bool>("isWeek");
+        QTest::newRow("full screen") << QStringLiteral("1") << false;
+        QTest::newRow("full screen, week") << QStringLiteral("1") << true;
+        QTest::newRow("maximized") << QStringLiteral("2") << false;
+    }
+
+    void TheSizeFollowsTheOption()
+    {
+        QFETCH(QString, size);
+        QFETCH(bool, isWeek);
+        Program& program = *m_program;
+        program.New(QStringLiteral("planner.mdb"));
+        if (isWeek) program.Trigger("mnuWeekView");
+        WriteIni("WallpaperSize", size);
+        const QRect before = program.form->geometry();
+        const QRect cell = program.Panel(isWeek ? 39 : Today).geometry();
+        const QSize client = program.form->centralWidget()->size();
+        program.Trigger("mnuSetWallpaper");
+        const QImage bitmap(Bitmap("planner.bmp"));
+        const QSize screen = program.form->screen()->size();
+        const qreal ratio = program.form->devicePixelRatioF();
+        const QSize around = program.form->frameGeometry().size() - client;
+        const QSize maximized = Region().size() + (screen - around - client) - QSize(0, 1);
+        const SeenRoot root;
+        QCOMPARE(bitmap.size(), size == u'1' ? root.SizeOf(root.Window()) : maximized * ratio);
+        // The headings stand at the top and the title at the foot, over all of the width.
+        QVERIFY(HasColor(bitmap.copy(0, 0, bitmap.width() / 7, 20), paper::Band));
+        QVERIFY(HasColor(bitmap.copy(bitmap.width() - 30, bitmap.height() - 30, 30, 30), paper::Band));
+        QCOMPARE(program.form->geometry(), before);
+        QCOMPARE(program.Panel(isWeek ? 39 : Today).geometry(), cell);
+    }
+
+    void TheFileIsNamedAfterThePlanner_data()
+    {
+        QTest::addColumn<QString>("planner");
+        QTest::addColumn<QByteArray>("file");
+        QTest::newRow("none") << QString() << QByteArray("planner.bmp");
+        QTest::newRow("capitals") << QStringLiteral("My Year.MDB") << QByteArray("my year.bmp");
+        QTest::newRow("no extension") << QStringLiteral("mymdb") << QByteArray("m.bmp");
+    }
+
+    void TheFileIsNamedAfterThePlanner()
+    {
+        QFETCH(QString, planner);
+        QFETCH(QByteArray, file);
+        if (!planner.isEmpty()) m_program->New(planner);
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(WinIni("wallpaper"), Bitmap(file.constData()));
+        QVERIFY(QFile::exists(Bitmap(file.constData())));
+    }
+
+    void ThePreviousOneComesBackAsItWas()
+    {
+        const FakeDesktop fake("GNOME");
+        const QString photo = m_program->folders.Path(QString(100, u'p') + QStringLiteral(".png"));
+        QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(photo));
+        fake.Keep(m_address, "'file://" + photo.toUtf8() + '\'');
+        fake.Keep(m_options, "'wallpaper'");
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
+        QCOMPARE(Ini("PreviousWallPaper"), photo); // set by another program, and longer than 80 letters
+        QCOMPARE(Ini("PreviousTileStyle"), QStringLiteral("1"));
+        QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("0"));
+        QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
+        QCOMPARE(fake.Kept(m_options), QByteArray("'wallpaper'"));
+        QCOMPARE(fake.Kept(m_address), "'file://" + photo.toUtf8() + '\'');
+        QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("1"));
+
+        m_program->Trigger("mnuSetWallpaper");
+        m_program->Trigger("mnuSetWallpaper");
+        Said("mnuPrevWallpaper");
+        QCOMPARE(fake.Kept(m_address), "'file://" + Bitmap("planner.bmp").toUtf8() + '\'');
+    }
+
+    void WithoutAPreviousOneTheDesktopIsCleared()
+    {
+        m_program->Trigger("mnuSetWallpaper");
+        QVERIFY(SeenRoot().Pixmap() != 0);
+        WriteIni("PreviousWallPaper", QStringLiteral("(None)"));
+        QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
+        QCOMPARE(SeenRoot().Pixmap(), 0U);
+        QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
+    }
+
+    void ClearAndUpdate()
+    {
+        const FakeDesktop fake("GNOME");
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(Said("mnuUpdateWallpaper"), QStringLiteral("Orrelin Help Wizard: Successfully Updated Wallpaper!"));
+        QVERIFY(fake.Calls().contains("picture-options 'none'")); // or what is cached would stay
+        QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
+        const QString before = Ini("PreviousWallPaper");
+        QCOMPARE(Said("mnuClearWallpaper"), QStringLiteral("nothing"));
+        QCOMPARE(fake.Kept(m_options), QByteArray("'none'"));
+        QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
+        QCOMPARE(Ini("PreviousWallPaper"), before);
+    }
+
+    void ADesktopThatRefusesIsTold_data()
+    {
+        QTest::addColumn<QByteArray>("entry");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("set") << QByteArray("mnuSetWallpaper")
+                             << QStringLiteral("Orrelin: Wallpaper setting not successful! Make sure your video "
+                                               "resolution is in 16 or 256 colors");
+        QTest::newRow("clear") << QByteArray("mnuClearWallpaper")
+                               << QStringLiteral("Orrelin Help Wizard: Wallpaper Clearing Not Successful!");
+        QTest::newRow("update") << QByteArray("mnuUpdateWallpaper")
+                                << QStringLiteral("Orrelin Help Wizard: Unable To Update Wallpaper!");
+        QTest::newRow("previous") << QByteArray("mnuPrevWallpaper")
+                                  << QStringLiteral("Orrelin: Unable to restore previous wallpaper!");
+    }
+
+    void ADesktopThatRefusesIsTold()
+    {
+        QFETCH(QByteArray, entry);
+        QFETCH(QString, said);
+        const FakeDesktop fake("GNOME");
+        fake.Become("refuses");
+        QCOMPARE(Said(entry.constData()), said);
+        QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
+        // As it stands, WIN.INI is changed before the desktop is asked.
+        if (entry == "mnuSetWallpaper") QCOMPARE(WinIni("wallpaper"), Bitmap("planner.bmp"));
+    }
+
+    void AFullDiskLeavesTheOldPicture()
+    {
+        m_program->Trigger("mnuSetWallpaper");
+        const QImage before(Bitmap("planner.bmp"));
+        m_program->form->resize(900, 600);
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit full{100000, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        const QString said = Said("mnuSetWallpaper");
+        setrlimit(RLIMIT_FSIZE, &limit);
+        std::signal(SIGXFSZ, handler);
+        QVERIFY(said.startsWith(u"Orrelin: Wallpaper setting not successful!"));
+        QCOMPARE(QImage(Bitmap("planner.bmp")), before);
+        QVERIFY(m_program->Log().contains(" in MainForm, fnSetWallpaper"));
+        QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
+        QCOMPARE(QDir(folders::ApplicationDirectory()).entryList({QStringLiteral("planner.bmp*")}).size(), 1);
+    }
+
+    void TheOptionsAreKept_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<int>("chosen"); // -1: none of the three
+        QTest::addColumn<int>("click");
+        QTest::addColumn<QString>("written");
+        QTest::newRow("normal") << QStringLiteral("0") << 0 << 1 << QStringLiteral("1");
+        QTest::newRow("full screen") << QStringLiteral("1") << 1 << 2 << QStringLiteral("2");
+        QTest::newRow("maximized") << QStringLiteral("2") << 2 << 0 << QStringLiteral("0");
+        QTest::newRow("no such size") << QStringLiteral("7") << -1 << -1 << QStringLiteral("2");
+    }
+
+    void TheOptionsAreKept()
+    {
+        QFETCH(QString, stored);
+        QFETCH(int, chosen);
+        QFETCH(int, click);
+        QFETCH(QString, written);
+        WriteIni("WallpaperSize", stored);
+        const auto answer = [=, this](Qt::Key key) {
+            OnNextModal<WallpaperForm>([=](WallpaperForm& form) {
+                const auto option = [&](int size) {
+                    return form.findChild<QRadioButton*>(QStringLiteral("opSetting(%1)").arg(size));
+                };
+                for (int size = 0; size < 3; ++size)
+                    QCOMPARE(option(size)->isChecked(), size == chosen);
+                if (click >= 0) option(click)->click();
+                auto* const update = form.findChild<QCheckBox*>(QStringLiteral("chkAutoload"));
+                QVERIFY(!update->isChecked());
+                update->click();
+                QTest::keyClick(&form, key);
+            });
+            m_program->Trigger("mnuWallpaperOption");
+        };
+        answer(Qt::Key_Escape);
+        QCOMPARE(Ini("WallpaperSize"), stored);
+        answer(Qt::Key_Return);
+        QCOMPARE(Ini("WallpaperSize"), written);
+        QCOMPARE(Ini("Autoupdate"), QStringLiteral("1"));
+        QVERIFY(!QFile::exists(Bitmap("planner.bmp"))); // the wallpaper stays as it is
+    }
+
+    void TheExitRenewsThePicture_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QByteArray>("manner"); // of the desktop
+        QTest::addColumn<bool>("isMinimized");
+        QTest::newRow("close box") << int(Mainform::CloseBox) << QByteArray() << false;
+        QTest::newRow("minimized") << int(Mainform::CloseBox) << QByteArray() << true;
+        QTest::newRow("the session ends") << int(Mainform::SessionEnds) << QByteArray() << true;
+        QTest::newRow("the session ends, refused") << int(Mainform::SessionEnds) << QByteArray("refuses") << false;
+        QTest::newRow("ended by a signal, no answer") << int(Mainform::ProcessIsEnded) << QByteArray("hangs") << false;
+    }
+
+    void TheExitRenewsThePicture()
+    {
+        QFETCH(int, mode);
+        QFETCH(QByteArray, manner);
+        QFETCH(bool, isMinimized);
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        const QSize region = Region().size();
+        WriteIni("Autoupdate", QStringLiteral("1"));
+        const FakeDesktop fake("GNOME");
+        if (!manner.isEmpty()) fake.Become(manner.constData());
+        if (isMinimized) program.form->showMinimized();
+        program.form->subExitProgram(mode); // a box would have nobody to answer it
+        const qreal ratio = program.form->devicePixelRatioF();
+        QVERIFY(program.form->HasEnded());
+        QCOMPARE(QImage(Bitmap("notes.bmp")).size(), QSize(region.width(), region.height() - 1) * ratio);
+        if (manner.isEmpty()) QVERIFY(fake.Kept(m_address).endsWith("/notes.bmp'"));
+    }
+
+    void WithoutTheOptionTheExitLeavesTheDesktop()
+    {
+        WriteIni("Autoupdate", QStringLiteral("2"));
+        m_program->Exit();
+        QVERIFY(!QFile::exists(Bitmap("planner.bmp")));
+    }
+};
+
+int main(int argc, char** argv)
+{
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    const VirtualScreen screen(QSize(2400, 1600));
+    QApplication application(argc, argv);
+    WallpaperTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "wallpapertest.moc"
