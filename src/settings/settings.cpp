@@ -38,7 +38,9 @@ QString Read(const TextSetting& setting)
 
 QString Read(const TextSetting& setting, const QString& computedFallback)
 {
-    return ReadText(setting.section, setting.key, computedFallback, setting.size);
+    // The fallback may not outlive the call, so the result shares it instead of pointing into it.
+    return GetPrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), computedFallback, setting.size,
+                                    Fixed(settings::PlannerIni));
 }
 
 void Write(const IntSetting& setting, int value)
