@@ -71,6 +71,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddMonthRows(add, ours, bare);
     AddTextRows(add);
     AddDayViewRows(add);
+    AddPrintRow(add, ours);
     AddWorkgroupRows(add, addMemory, planner);
     return Print(choice, names);
 }

@@ -13,4 +13,5 @@ void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home);
 void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
 void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
+void AddPrintRow(const Add& add, PlannerWindow& ours);
 void AddWorkgroupRows(const Add& add, const AddMemory& addMemory, const QString& planner);
