@@ -73,6 +73,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddDayViewRows(add);
     AddFindRows(add, planner);
     AddWallpaperRows(add, ours, planner);
+    AddPrintRow(add, ours);
     AddWorkgroupRows(add, addMemory, planner);
     AddEventRows(add);
     AddAlarmRows(add, ours.Box(1));

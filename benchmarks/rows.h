@@ -15,6 +15,7 @@ void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
 void AddFindRows(const Add& add, const QString& planner);
 void AddWallpaperRows(const Add& add, PlannerWindow& ours, const QString& planner);
+void AddPrintRow(const Add& add, PlannerWindow& ours);
 void AddWorkgroupRows(const Add& add, const AddMemory& addMemory, const QString& planner);
 void AddEventRows(const Add& add);
 void AddAlarmRows(const Add& add, QWidget& client);

@@ -142,7 +142,7 @@ inline constexpr TextSetting DateDiffColor = {u"Date Difference", u"Label Color"
 inline constexpr TextSetting PageHeaderFont = {u"PAGESETUP", u"HEADERFONT", u"Arial", 40};
 inline constexpr IntSetting PageHeaderBold = {u"PAGESETUP", u"HEADERBOLD", -1};
 inline constexpr IntSetting PageHeaderItalic = {u"PAGESETUP", u"HEADERITALIC", 0};
-inline constexpr IntSetting PageHeaderSize = {u"PAGESETUP", u"HEADERSIZE", 12};
+inline constexpr TextSetting PageHeaderSize = {u"PAGESETUP", u"HEADERSIZE", u"12", 20}; // points, or a part of one
 inline constexpr TextSetting PageHeaderColor = {u"PAGESETUP", u"HEADERCOLOR", u"", 10};
 inline constexpr TextSetting PageHeader = {u"PAGESETUP", u"HEADER", u"", PathSize};
 // Margins in inches; the default is 1, the locale's decimal separator and 00.

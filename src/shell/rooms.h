@@ -27,6 +27,9 @@
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
 #include "recurrence/recurringevents.h"
+#include "platform/desktop/systemprinter.h"
+#include "platform/print/qmtprn32.h"
+#include "printing/printing.h"
 #include "shell/controls.h"
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
@@ -87,6 +90,14 @@ struct Rooms
     ExitSave exitSave{controls.cells, notes, dayRecord};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView};
+    SystemPrinter printer;
+    QMTPrn32 printLibrary{printer};
+    Printing printing{{controls.cells, controls.bottom, m_pCalendarView},
+                      controls.sidebar,
+                      dayLock,
+                      controls.FontDialog,
+                      printer,
+                      printLibrary};
     NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};

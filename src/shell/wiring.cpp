@@ -31,6 +31,9 @@ constexpr MenuRow MenuRows[] = {
     {"mnuSave", " in MainForm, mnuSave_Click", Run<&Rooms::planners, &PlannerHandlers::mnuSave_Click>},
     {"mnuCompact", " in MainForm, mnuCompact_Click", Run<&Rooms::maintenance, &Maintenance::mnuCompact_Click>},
     {"mnuRepair", " in MainForm, mnuRepair_Click", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
+    {"mnuPageSetup", " in MainForm, mnuPageSetup_Click", Run<&Rooms::printing, &Printing::mnuPageSetup_Click>},
+    {"mnuPrintSetup", " in MainForm, mnuPrintSetup_Click", Run<&Rooms::printing, &Printing::mnuPrintSetup_Click>},
+    {"mnuPrint", " in MainForm, mnuPrint_Click", Run<&Rooms::printing, &Printing::mnuPrint_Click>},
     {"mnuRefresh", " in MainForm, mnuRefresh_Click", Run<&Rooms::refresh, &Refresh::subRefreshCells>},
     {"mnuLockDay", " in MainForm, mnuLockDay_Click", Run<&Rooms::dayLock, &DayLock::subLockDay>},
     {"mnuNetworkOptions", " in MainForm, mnuNetworkOptions_Click",
@@ -169,6 +172,7 @@ constexpr PictureRow PictureRows[] = {
     {&Sidebar::picRecurse, " in MainForm, picRecurse_MouseUp",
      [](Rooms& rooms, int) { rooms.recurringEvents.picRecurse_Click(); }},
     {&Sidebar::picAlarm, " in MainForm, picAlarm_MouseUp", [](Rooms& rooms, int) { rooms.alarms.picAlarm_Click(); }},
+    {&Sidebar::picPrint, " in MainForm, picPrint_MouseUp", [](Rooms& rooms, int) { rooms.printing.picPrint_Click(); }},
 };
 
 void WirePictures(Rooms& rooms)
@@ -191,6 +195,10 @@ void WirePictures(Rooms& rooms)
        [&rooms](int) { rooms.alarms.picAlarm_MouseDown(); });
     On(sidebar.picAlarm, &PictureButton::MouseUp, " in MainForm, picAlarm_MouseUp",
        [&rooms](int) { rooms.alarms.picAlarm_MouseUp(); });
+    On(sidebar.picPrint, &PictureButton::MouseDown, " in MainForm, picPrint_MouseDown",
+       [&rooms](int) { rooms.printing.picPrint_MouseDown(); });
+    On(sidebar.picPrint, &PictureButton::MouseUp, " in MainForm, picPrint_MouseUp",
+       [&rooms](int) { rooms.printing.picPrint_MouseUp(); });
     On(sidebar.tabSidebar, &TabStrip::Click, " in MainForm, tabSidebar_Click",
        [&rooms] { rooms.m_pSidebar.TogglePages(); });
 }

@@ -51,6 +51,7 @@ public:
     void SetEdges(Qt::Edges edges);
     // A thin frame inside the panel: today, the cell with the caret. An invalid colour takes it away.
     void SetFrame(const QColor& frame);
+    QColor Frame() const { return m_frame; }
     void SetActive(bool active); // the accent's frame, in front of the other one
     bool IsActive() const { return m_active; }
 

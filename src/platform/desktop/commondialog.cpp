@@ -2,6 +2,7 @@
 
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/systemprinter.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QApplication>
@@ -100,8 +101,20 @@ bool CommonDialog::ShowOpen()
     SetMousePointer(pointer);
     if (accepted) Take(*dialog, filters);
     delete dialog;
-    if (!accepted && CancelError) throw RunTimeError{errors::DialogCancelled, QStringLiteral("Cancel was selected.")};
+    RaiseIfCancelled(accepted);
     return accepted;
+}
+
+bool CommonDialog::ShowPrinter(SystemPrinter& printer)
+{
+    const bool accepted = printer.AskForSetup(m_owner);
+    RaiseIfCancelled(accepted);
+    return accepted;
+}
+
+void CommonDialog::RaiseIfCancelled(bool accepted) const
+{
+    if (!accepted && CancelError) throw RunTimeError{errors::DialogCancelled, QStringLiteral("Cancel was selected.")};
 }
 
 void CommonDialog::Take(const QFileDialog& dialog, const QStringList& filters)

@@ -5,6 +5,7 @@
 
 class QFileDialog;
 class QWidget;
+class SystemPrinter;
 
 class CommonDialog
 {
@@ -28,8 +29,12 @@ public:
     // leaves FileName as it was and gives false. Patterns match in any letter case.
     bool Action(int action);
 
+    // The printer dialog, for the choice of printer and paper; what is chosen stays in the printer. Cancel as above.
+    bool ShowPrinter(SystemPrinter& printer);
+
 private:
     bool ShowOpen();
+    void RaiseIfCancelled(bool accepted) const;
     void Take(const QFileDialog& dialog, const QStringList& filters);
 
     QWidget* m_owner;

@@ -1,0 +1,110 @@
+#include "platform/print/notefit.h"
+
+#include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/shownpictures.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPaintDevice>
+#include <QScreen>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace {
+constexpr QChar Ellipsis(0x2026);
+constexpr double Rounding = 0.5; // dots
+
+// Where the first line begins that does not fit whole, from the second line on; -1 if all do.
+int FirstHidden(const QTextDocument& note, double height)
+{
+    const QAbstractTextDocumentLayout& layout = *note.documentLayout();
+    for (QTextBlock block = note.begin(); block.isValid(); block = block.next()) {
+        const double top = layout.blockBoundingRect(block).top();
+        const QTextLayout& lines = *block.layout();
+        for (int i = 0; i < lines.lineCount(); ++i) {
+            const QTextLine line = lines.lineAt(i);
+            const bool isFirst = block == note.begin() && i == 0;
+            if (!isFirst && top + line.y() + line.height() > height + Rounding)
+                return block.position() + line.textStart();
+        }
+    }
+    return -1;
+}
+
+bool IsBlankFrom(const QTextDocument& note, int position)
+{
+    for (int i = position; i < note.characterCount() - 1; ++i) {
+        if (!note.characterAt(i).isSpace()) return false;
+    }
+    return true;
+}
+
+void RemoveFrom(QTextCursor& end, int position)
+{
+    end.setPosition(position);
+    end.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    end.removeSelectedText();
+}
+
+// Blanks and ends of paragraphs: nothing but text stands before an ellipsis.
+void RemoveTrailingBlanks(QTextCursor& end)
+{
+    while (end.position() > 0 && end.document()->characterAt(end.position() - 1).isSpace())
+        end.deletePreviousChar();
+}
+
+// Takes away from the end what the ellipsis needs to stand in the last line, but not the only letter.
+void Shorten(QTextDocument& note, int firstHidden, double height)
+{
+    QTextCursor end(&note);
+    RemoveFrom(end, firstHidden);
+    RemoveTrailingBlanks(end);
+    const QTextCharFormat format = WithoutImage(end.charFormat());
+    end.insertText(Ellipsis, format);
+    while (FirstHidden(note, height) >= 0 && end.position() > 2) {
+        end.deletePreviousChar();
+        end.deletePreviousChar();
+        RemoveTrailingBlanks(end);
+        end.insertText(Ellipsis, format);
+    }
+}
+
+// A picture that is larger than the box, in proportion; beside it there is room for an ellipsis.
+void ShrinkPictures(QTextDocument& note, const QSizeF& most)
+{
+    for (QTextBlock block = note.begin(); block.isValid(); block = block.next()) {
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            QTextImageFormat picture = at.fragment().charFormat().toImageFormat();
+            if (!picture.isValid() || picture.width() <= 0 || picture.height() <= 0) continue;
+            const double scale = std::min(most.width() / picture.width(), most.height() / picture.height());
+            if (scale >= 1) continue;
+            picture.setWidth(picture.width() * scale);
+            picture.setHeight(picture.height() * scale);
+            QTextCursor cursor(&note);
+            cursor.setPosition(at.fragment().position());
+            cursor.setPosition(at.fragment().position() + at.fragment().length(), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(picture);
+        }
+    }
+}
+} // namespace
+
+void FitNote(QTextDocument& note, const QSizeF& box, QPaintDevice& device)
+{
+    note.setUndoRedoEnabled(false);
+    note.setDocumentMargin(0);
+    ShowPictures(note);
+    note.documentLayout()->setPaintDevice(&device);
+    // Sizes of pictures are in dots of the screen.
+    const double dots = device.logicalDpiY() / QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+    const double ellipsis = QFontMetricsF(note.defaultFont(), &device).horizontalAdvance(Ellipsis);
+    ShrinkPictures(note, QSizeF(box.width() - ellipsis, box.height()) / dots);
+    note.setTextWidth(box.width());
+    const int firstHidden = FirstHidden(note, box.height());
+    if (firstHidden < 0 || IsBlankFrom(note, firstHidden)) return;
+    Shorten(note, firstHidden, box.height());
+}

@@ -1,0 +1,86 @@
+#include "platform/print/pagesetup.h"
+
+#include "platform/profile/profile.h"
+#include "platform/runtime/language.h"
+
+#include <QPageLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr double UsualMargin = 1; // inches
+constexpr double LeastSide = 2;   // of what the margins leave
+
+QString Text(const char* key, const char* fallback = "", int size = 1024)
+{
+    return GetPrivateProfileStringA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key),
+                                    QString::fromLatin1(fallback), size, QStringLiteral("PLANNER.INI"));
+}
+
+bool Flag(const char* key, int fallback)
+{
+    return GetPrivateProfileIntA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key), fallback,
+                                 QStringLiteral("PLANNER.INI")) != 0;
+}
+
+double Margin(const char* key)
+{
+    bool isNumber = false;
+    const double margin = Text(key).replace(u',', u'.').toDouble(&isNumber);
+    return isNumber && std::isfinite(margin) ? margin : UsualMargin;
+}
+
+QFont HeaderFont()
+{
+    constexpr double UsualSize = 12, LargestSize = 400;
+    const double size = Val(Text("HEADERSIZE", "12").replace(u',', u'.'));
+    QFont font(Text("HEADERFONT", "Arial", 40));
+    font.setPointSizeF(size > 0 ? std::clamp(size, 1.0, LargestSize) : UsualSize);
+    font.setBold(Flag("HEADERBOLD", -1));
+    font.setItalic(Flag("HEADERITALIC", 0));
+    return font;
+}
+
+QColor HeaderInk()
+{
+    const auto color = static_cast<std::uint32_t>(static_cast<std::int64_t>(Val(Text("HEADERCOLOR"))));
+    return QColor(int(color & 0xFF), int(color >> 8 & 0xFF), int(color >> 16 & 0xFF));
+}
+
+QSizeF SizeInside(const QSizeF& paper, const QMarginsF& margins)
+{
+    return {paper.width() - margins.left() - margins.right(), paper.height() - margins.top() - margins.bottom()};
+}
+
+QMarginsF AtLeast(const QMarginsF& margins, const QMarginsF& least)
+{
+    return {std::max(margins.left(), least.left()), std::max(margins.top(), least.top()),
+            std::max(margins.right(), least.right()), std::max(margins.bottom(), least.bottom())};
+}
+
+bool IsTooSmall(const QSizeF& size, double least)
+{
+    return size.width() < least || size.height() < least;
+}
+} // namespace
+
+PageSetup ReadPageSetup()
+{
+    return {QMarginsF(Margin("LEFT"), Margin("TOP"), Margin("RIGHT"), Margin("BOTTOM")), Text("HEADER"), HeaderFont(),
+            HeaderInk()};
+}
+
+QRectF AreaOf(const QPageLayout& paper, const QMarginsF& margins, int dotsPerInch)
+{
+    QPageLayout inInches = paper;
+    inInches.setUnits(QPageLayout::Inch);
+    const QSizeF size = inInches.fullRect().size();
+    const QMarginsF printable = inInches.minimumMargins();
+    QMarginsF kept = AtLeast(margins, printable);
+    if (IsTooSmall(SizeInside(size, kept), LeastSide))
+        kept = AtLeast(QMarginsF(UsualMargin, UsualMargin, UsualMargin, UsualMargin), printable);
+    // On paper as small as a playing card nothing would be left.
+    if (IsTooSmall(SizeInside(size, kept), LeastSide / 2)) kept = printable;
+    return QRectF(QPointF(kept.left(), kept.top()) * dotsPerInch, SizeInside(size, kept) * dotsPerInch);
+}

@@ -1,0 +1,177 @@
+#include "printing/pagesetupform.h"
+
+#include "platform/controls/okcancel.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/look/paper.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+#include "printing/onelinebox.h"
+#include "settings/settings.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+struct MarginRow
+{
+    const char* name;
+    const char* label; // with the mnemonic that the box is reached by
+    const TextSetting* setting;
+};
+
+constexpr MarginRow MarginRows[] = {{"tbLeft", "&Left:", &settings::PageLeft},
+                                    {"tbTop", "&Top:", &settings::PageTop},
+                                    {"tbRight", "&Right:", &settings::PageRight},
+                                    {"tbBottom", "&Bottom:", &settings::PageBottom}};
+
+// "1.00" as it is written in this country.
+QString UsualMargin()
+{
+    constexpr int SeparatorSize = 5;
+    return u'1' +
+           GetPrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("sDecimal"), QStringLiteral("."),
+                                    SeparatorSize, QStringLiteral("WIN.INI")) +
+           QStringLiteral("00");
+}
+
+FontChoice ReadHeaderFont()
+{
+    return {.name = Read(settings::PageHeaderFont),
+            .size = Val(Read(settings::PageHeaderSize).replace(u',', u'.')),
+            .bold = Read(settings::PageHeaderBold) != 0,
+            .italic = Read(settings::PageHeaderItalic) != 0,
+            .color = static_cast<std::uint32_t>(static_cast<std::int64_t>(Val(Read(settings::PageHeaderColor)))) &
+                     0xFFFFFFu};
+}
+} // namespace
+
+PageSetupForm::PageSetupForm(QWidget* owner) : QDialog(owner)
+{
+    setObjectName(QStringLiteral("PageSetupForm"));
+    setWindowTitle(QStringLiteral("Customize Page Setup"));
+    auto* frame = new QGroupBox(QStringLiteral("Page Setup"));
+    auto* parts = new QVBoxLayout(frame);
+    parts->setSpacing(16);
+    parts->addWidget(MakeHeaderFrame());
+    parts->addWidget(MakeMarginFrame());
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(16);
+    column->addWidget(frame);
+    column->addWidget(MakeOkCancel(*this));
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ShowSettings();
+    CenterOnScreen(*this);
+}
+
+QWidget* PageSetupForm::MakeHeaderFrame()
+{
+    constexpr int HeaderWidth = 380;
+    auto* frame = new QGroupBox(QStringLiteral("Header"));
+    m_tbHeader = new OneLineBox(QStringLiteral("tbHeader"), OneLineBox::OnEntering::KeepSelection);
+    m_tbHeader->setAccessibleName(QStringLiteral("Header"));
+    m_tbHeader->setMaxLength(settings::PageHeader.size - 1);
+    m_tbHeader->setFixedWidth(HeaderWidth);
+    auto* btnFonts = new QPushButton(QStringLiteral("&Fonts"));
+    btnFonts->setObjectName(QStringLiteral("btnFonts"));
+    btnFonts->setAutoDefault(false);
+    connect(btnFonts, &QPushButton::clicked, this, &PageSetupForm::btnFonts_Click);
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(8);
+    row->addWidget(m_tbHeader);
+    row->addWidget(btnFonts);
+    return frame;
+}
+
+QWidget* PageSetupForm::MakeMarginFrame()
+{
+    constexpr int MarginWidth = 72, ColumnGap = 24;
+    auto* frame = new QGroupBox(QStringLiteral("Margins (Inches)"));
+    auto* grid = new QGridLayout(frame);
+    for (std::size_t i = 0; i < m_margins.size(); ++i) {
+        m_margins[i] = new OneLineBox(QString::fromLatin1(MarginRows[i].name), OneLineBox::OnEntering::SelectAll);
+        m_margins[i]->setMaxLength(MarginRows[i].setting->size - 1);
+        m_margins[i]->setFixedWidth(MarginWidth);
+        auto* label = new QLabel(QString::fromLatin1(MarginRows[i].label));
+        label->setBuddy(m_margins[i]);
+        // Left over right, top over bottom.
+        const int row = int(i) / 2, column = int(i) % 2 * 3;
+        grid->addWidget(label, row, column);
+        grid->addWidget(m_margins[i], row, column + 1);
+    }
+    grid->setColumnMinimumWidth(2, ColumnGap);
+    grid->setColumnStretch(5, 1);
+    return frame;
+}
+
+void PageSetupForm::ShowSettings()
+{
+    const ErrorTail tail(QLatin1StringView(" in PageSetupForm, Form_Load"));
+    tail([&] {
+        const QString usual = UsualMargin();
+        for (std::size_t i = 0; i < m_margins.size(); ++i)
+            m_margins[i]->setText(Read(*MarginRows[i].setting, usual));
+        m_tbHeader->setText(Read(settings::PageHeader));
+        m_tbHeader->setCursorPosition(0);
+    });
+    tail([&] {
+        m_headerFont = ReadHeaderFont();
+        ShowHeaderFont();
+    });
+}
+
+void PageSetupForm::btnFonts_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in PageSetupForm, btnFonts_Click"));
+    tail([&] {
+        // What is stored, not what an earlier press has shown in the box.
+        FontChoice choice = ReadHeaderFont();
+        if (!ChooseFont(this, choice, fontdialog::ScreenFontsAndEffects)) return;
+        m_headerFont = choice;
+        ShowHeaderFont();
+    });
+}
+
+// As the header will look on paper, but never larger than the window can bear.
+void PageSetupForm::ShowHeaderFont()
+{
+    constexpr double LargestShown = 48;
+    QFont font(m_headerFont.name);
+    font.setPointSizeF(std::clamp(m_headerFont.size, 1.0, LargestShown));
+    font.setBold(m_headerFont.bold);
+    font.setItalic(m_headerFont.italic);
+    m_tbHeader->setFont(font);
+    QPalette palette = m_tbHeader->palette();
+    palette.setColor(QPalette::Base, paper::Paper);
+    palette.setColor(QPalette::Text, QColor(int(m_headerFont.color & 0xFF), int(m_headerFont.color >> 8 & 0xFF),
+                                            int(m_headerFont.color >> 16 & 0xFF)));
+    m_tbHeader->setPalette(palette);
+}
+
+void PageSetupForm::WriteHeader() const
+{
+    Write(settings::PageHeader, m_tbHeader->text());
+    Write(settings::PageHeaderFont, m_headerFont.name.trimmed());
+    Write(settings::PageHeaderBold, m_headerFont.bold ? -1 : 0);
+    Write(settings::PageHeaderItalic, m_headerFont.italic ? -1 : 0);
+    Write(settings::PageHeaderSize, QString::number(m_headerFont.size));
+    Write(settings::PageHeaderColor, QStringLiteral("&H%1&").arg(QString::number(m_headerFont.color, 16).toUpper()));
+}
+
+void PageSetupForm::accept()
+{
+    const ErrorTail tail(QLatin1StringView(" in PageSetupForm, btnOk_Click"));
+    tail([&] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        for (std::size_t i = 0; i < m_margins.size(); ++i)
+            Write(*MarginRows[i].setting, m_margins[i]->text());
+        WriteHeader();
+    });
+    QDialog::accept();
+}

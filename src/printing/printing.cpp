@@ -1,0 +1,141 @@
+#include "printing/printing.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
+#include "calendar/viewmode.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
+#include "hall/sidebar.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/desktop/commondialog.h"
+#include "platform/desktop/folders.h"
+#include "platform/look/paper.h"
+#include "platform/print/printlibrary.h"
+#include "platform/runtime/errortail.h"
+#include "printing/pagesetupform.h"
+#include "printing/spoolform.h"
+
+#include <QFile>
+
+namespace {
+constexpr QLatin1StringView EngineLiteral(" in MainForm, subUseDLLPrintEngine");
+constexpr int Headings = 7;
+
+// The cell's look on paper: flat, and white where the screen shows the calendar's own paper.
+CaptionLook LookOf(const SSPanel& panel)
+{
+    constexpr Qt::Alignment Columns[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    const std::uint32_t ink = panel.ForeColor();
+    return {panel.CaptionFont(), QColor(int(ink & 0xFF), int(ink >> 8 & 0xFF), int(ink >> 16 & 0xFF)),
+            Columns[panel.CaptionAlignment() / 3], panel.Paper() == paper::Paper ? QColor(Qt::white) : panel.Paper(),
+            panel.Frame()};
+}
+} // namespace
+
+Printing::Printing(const Printed& printed, const Sidebar& sidebar, LockedDay& lockedDay, CommonDialog& FontDialog,
+                   SystemPrinter& printer, PrintLibrary& library)
+    : m_printed(printed), m_sidebar(sidebar), m_lockedDay(lockedDay), m_FontDialog(FontDialog), m_printer(printer),
+      m_library(library)
+{
+}
+
+Printing::~Printing() = default;
+
+void Printing::mnuPageSetup_Click()
+{
+    PageSetupForm(m_printed.cells.Client()->window()).exec();
+}
+
+void Printing::mnuPrintSetup_Click()
+{
+    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuPrintSetup_Click"), {errors::DialogCancelled});
+    tail([&] { m_FontDialog.ShowPrinter(m_printer); });
+}
+
+void Printing::mnuPrint_Click()
+{
+    m_lockedDay.Commit();
+    subUseDLLPrintEngine();
+}
+
+void Printing::picPrint_MouseDown()
+{
+    m_sidebar.picPrint->ShowElement(1);
+}
+
+void Printing::picPrint_MouseUp()
+{
+    m_sidebar.picPrint->ShowElement(0);
+}
+
+void Printing::picPrint_Click()
+{
+    mnuPrint_Click();
+}
+
+// The first error ends the routine. The job then has no end, and the notice stays until the next one.
+void Printing::subUseDLLPrintEngine()
+{
+    const ErrorTail tail(EngineLiteral);
+    tail([&] { PrintPage(); });
+}
+
+void Printing::PrintPage()
+{
+    Cells& cells = m_printed.cells;
+    if (!m_tbPrint) {
+        m_tbPrint = new RichTextBox(cells.Client());
+        m_tbPrint->setObjectName(QStringLiteral("tbPrint"));
+        m_tbPrint->hide();
+    }
+    if (m_library.qmtInitPrint(cells.Client()->window(), *m_tbPrint) == 0) return;
+    ShowSpoolForm();
+    m_library.qmtPrintHeader();
+    for (int day = 0; day < Headings; ++day)
+        m_library.qmtPrintDOW(cells.lblDayOfWeek(day).Caption(), LookOf(cells.lblDayOfWeek(day)));
+    const int view = m_printed.viewMode.GetViewMode();
+    const CellRange range = CellsOf(view);
+    for (int cell = range.first; cell <= range.last; ++cell)
+        PrintCell(view, cell - range.first + 1, cell);
+    // All dates after all bodies, so that a number lies on top of whatever its note has printed.
+    for (int cell = range.first; cell <= range.last; ++cell) {
+        const SSPanel& panel = cells.panelDay(cell);
+        m_library.qmtPrintDate(panel.Caption(), LookOf(panel), view, cell - range.first + 1);
+    }
+    m_library.qmtPrintMonth(m_printed.bottom.panelBottom->Caption(), LookOf(*m_printed.bottom.panelBottom));
+    m_library.qmtEndPrint();
+    m_spoolForm.reset();
+}
+
+// The place is the heading's within the main window, taken for one on the screen.
+void Printing::ShowSpoolForm()
+{
+    const SSPanel& heading = m_printed.cells.lblDayOfWeek(0);
+    m_spoolForm = std::make_unique<SpoolForm>(m_printed.cells.Client()->window());
+    m_spoolForm->move(heading.x(), heading.y() + 2 * heading.height());
+    m_spoolForm->ShowAtOnce();
+}
+
+void Printing::PrintCell(int view, int position, int cell)
+{
+    m_library.qmtPrintBoxes(view, position);
+    const QString path = folders::ApplicationDirectory() + QStringLiteral("/qmtprint.rtf");
+    LoadCarrier(m_printed.cells.tbDay(cell), path);
+    m_library.qmtPrintBody(path, view, position);
+    QFile::remove(path);
+}
+
+// A full disk takes no file, and a second Orrelin writes the same one: what the carrier then holds instead comes from
+// the cell itself, so that no note is missing on the page.
+void Printing::LoadCarrier(RichTextBox& note, const QString& path)
+{
+    const ErrorTail tail(EngineLiteral);
+    note.CommitPreedit();
+    m_tbPrint->SetBlankFormat(note.Font(), 0); // of a note that is plain text
+    tail([&] {
+        note.SaveFile(path);
+        m_tbPrint->LoadFile(path);
+    });
+    const QByteArray rtf = note.TextRTF();
+    if (!m_tbPrint->Holds(rtf)) m_tbPrint->SetTextRTF(rtf);
+}

@@ -1,0 +1,56 @@
+// Printing: page setup, the choice of printer, and the calendar as it is on the screen put on one page.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+struct BottomPanel;
+class Cells;
+class CommonDialog;
+class LockedDay;
+class PrintLibrary;
+class RichTextBox;
+struct Sidebar;
+class SpoolForm;
+class SystemPrinter;
+class ViewMode;
+
+// What of the main window is printed.
+struct Printed
+{
+    Cells& cells;
+    const BottomPanel& bottom;
+    const ViewMode& viewMode;
+};
+
+class Printing
+{
+public:
+    Printing(const Printed& printed, const Sidebar& sidebar, LockedDay& lockedDay, CommonDialog& FontDialog,
+             SystemPrinter& printer, PrintLibrary& library);
+    ~Printing();
+
+    void mnuPageSetup_Click();
+    void mnuPrintSetup_Click();
+    void mnuPrint_Click();
+    void picPrint_MouseDown();
+    void picPrint_MouseUp(); // shows the raised picture again
+    void picPrint_Click();   // after it, if the mouse was still over the picture
+    void subUseDLLPrintEngine();
+
+private:
+    void PrintPage();
+    void ShowSpoolForm();
+    void PrintCell(int view, int position, int cell);
+    void LoadCarrier(RichTextBox& note, const QString& path);
+
+    Printed m_printed;
+    const Sidebar& m_sidebar;
+    LockedDay& m_lockedDay;
+    CommonDialog& m_FontDialog;
+    SystemPrinter& m_printer;
+    PrintLibrary& m_library;
+    RichTextBox* m_tbPrint = nullptr; // hidden; carries each note while it prints. Made with the first job
+    std::unique_ptr<SpoolForm> m_spoolForm;
+};

@@ -1,0 +1,38 @@
+#include "printing/spoolform.h"
+
+#include "platform/controls/sspanel.h"
+#include "platform/desktop/doevents.h"
+#include "platform/look/paper.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
+#include <QVBoxLayout>
+#include <QWindow>
+
+SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStaysOnTopHint)
+{
+    constexpr QSize Size(280, 64);
+    setObjectName(QStringLiteral("SpoolForm"));
+    setWindowTitle(QStringLiteral("ORL Printing"));
+    setAttribute(Qt::WA_ShowWithoutActivating); // the caret stays in its cell
+    setFixedSize(Size);
+    auto* message = new SSPanel;
+    message->setObjectName(QStringLiteral("SSPanel1"));
+    message->SetPaper(paper::Band);
+    message->SetCaptionAlignment(SSPanel::CenterMiddle);
+    message->SetCaption(QStringLiteral("Spooling to Printer ..."));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(message);
+}
+
+void SpoolForm::ShowAtOnce()
+{
+    constexpr int LongestWait = 100; // milliseconds
+    show();
+    raise();
+    const QDeadlineTimer limit(LongestWait);
+    for (DoEvents(); !windowHandle()->isExposed() && !limit.hasExpired(); DoEvents())
+        QThread::msleep(1);
+    repaint();
+}

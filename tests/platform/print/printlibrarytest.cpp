@@ -1,0 +1,300 @@
+#include "platform/desktop/systemprinter.h"
+#include "platform/print/qmtprn32.h"
+#include "platform/profile/profile.h"
+#include "platform/richtext/notepicture.h"
+#include "platform/richtext/richtextbox.h"
+#include "printedpage.h"
+
+#include <QPrinter>
+
+#include <sys/resource.h>
+
+#include <csignal>
+
+// The eight operations, and what they put on the page of a PDF.
+class PrintLibraryTest : public QObject
+{
+    Q_OBJECT
+
+    static constexpr int Week = 2, Month = 3;
+    std::unique_ptr<TemporaryFolders> m_folders;
+    std::unique_ptr<SystemPrinter> m_printer;
+    std::unique_ptr<QMTPrn32> m_library;
+    std::unique_ptr<RichTextBox> m_carrier;
+    QString m_pdf;
+
+    static void SetUp(const char* key, const QString& value)
+    {
+        WritePrivateProfileStringA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key), value,
+                                   QStringLiteral("PLANNER.INI"));
+    }
+    static void SetMargins(const QString& margin)
+    {
+        for (const char* key : {"LEFT", "TOP", "RIGHT", "BOTTOM"})
+            SetUp(key, margin);
+    }
+
+    static bool IsRed(const QColor& color) { return color.red() > 200 && color.green() < 90; }
+
+    static CaptionLook Look(double size, Qt::Alignment alignment = Qt::AlignHCenter)
+    {
+        QFont font(QStringLiteral("Liberation Sans"));
+        font.setPointSizeF(size);
+        return {.font = font, .alignment = alignment};
+    }
+
+    bool Begin()
+    {
+        PrintNextTo(m_pdf);
+        return m_library->qmtInitPrint(nullptr, *m_carrier) != 0;
+    }
+
+    // Each note is what the carrier holds when fill has been called for its cell.
+    template <typename Fill>
+    void Feed(int view, Fill fill)
+    {
+        m_library->qmtPrintHeader();
+        for (const char16_t* day : {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"})
+            m_library->qmtPrintDOW(QString::fromUtf16(day), Look(16));
+        const int count = view == Week ? 7 : 35;
+        for (int i = 1; i <= count; ++i) {
+            m_library->qmtPrintBoxes(view, i);
+            m_carrier->SetTextRTF({});
+            fill(i);
+            m_library->qmtPrintBody(QString(), view, i);
+        }
+        for (int i = 1; i <= count; ++i)
+            m_library->qmtPrintDate(QStringLiteral(" d%1").arg(i), Look(8, Qt::AlignLeft), view, i);
+        m_library->qmtPrintMonth(QStringLiteral("JULY 1999"), Look(12));
+    }
+
+    // One note in the second row's third cell of an otherwise empty month.
+    PrintedPage PrintNote(const QByteArray& rtf)
+    {
+        if (!Begin()) QTest::qFail("no job", __FILE__, __LINE__);
+        Feed(Month, [&](int i) {
+            if (i == 10) m_carrier->SetTextRTF(rtf);
+        });
+        m_library->qmtEndPrint();
+        return PrintedPage(m_pdf);
+    }
+
+    // That cell, by the dates around it.
+    static QRectF CellOfNote(const PrintedPage& page)
+    {
+        return QRectF(page.At(QStringLiteral("d10")).topLeft() - QPointF(2, 2),
+                      page.At(QStringLiteral("d18")).topLeft() - QPointF(2, 2));
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folders = std::make_unique<TemporaryFolders>();
+        m_printer = std::make_unique<SystemPrinter>();
+        m_library = std::make_unique<QMTPrn32>(*m_printer);
+        m_carrier = std::make_unique<RichTextBox>();
+        m_pdf = m_folders->Path(QStringLiteral("page.pdf"));
+    }
+    void cleanup()
+    {
+        DropAnswers();
+        m_folders.reset();
+    }
+
+    void everythingHasItsPlace_data()
+    {
+        QTest::addColumn<int>("view");
+        QTest::addColumn<QPageSize::PageSizeId>("paper");
+        QTest::addColumn<QPageLayout::Orientation>("orientation");
+        for (const int view : {Week, Month}) {
+            for (const auto paper : {QPageSize::A4, QPageSize::Letter}) {
+                for (const auto orientation : {QPageLayout::Portrait, QPageLayout::Landscape}) {
+                    QTest::addRow("view %d paper %d orientation %d", view, paper, orientation)
+                        << view << paper << orientation;
+                }
+            }
+        }
+    }
+
+    void everythingHasItsPlace()
+    {
+        QFETCH(const int, view);
+        QFETCH(const QPageSize::PageSizeId, paper);
+        QFETCH(const QPageLayout::Orientation, orientation);
+        SetMargins(QStringLiteral("0.5"));
+        SetUp("HEADER", QStringLiteral("Household"));
+        m_printer->Printer().setPageSize(QPageSize(paper));
+        m_printer->Printer().setPageOrientation(orientation);
+        QVERIFY(Begin());
+        Feed(view, [&](int i) { m_carrier->SetText(QStringLiteral("n%1").arg(i)); });
+        m_library->qmtEndPrint();
+
+        const PrintedPage page(m_pdf);
+        QCOMPARE(page.Pages(), 1);
+        QSizeF size = QPageSize(paper).size(QPageSize::Point);
+        if (orientation == QPageLayout::Landscape) size.transpose();
+        QVERIFY(qAbs(page.Size().width() - size.width()) < 1.5 && qAbs(page.Size().height() - size.height()) < 1.5);
+        const QRectF area = QRectF(QPointF(), size).adjusted(36, 36, -36, -36);
+        const QRectF withLetterTops = area.adjusted(-1, -4, 1, 1); // a font's own box reaches higher than its letters
+        for (const Word& word : page.Words())
+            QVERIFY2(withLetterTops.contains(word.at), qPrintable(word.text));
+        const QRectF title = page.At(QStringLiteral("JULY")) | page.At(QStringLiteral("1999"));
+        const double gridTop = page.At(QStringLiteral("Wed")).bottom();
+        QVERIFY(page.At(QStringLiteral("Household")).bottom() < page.At(QStringLiteral("Wed")).top());
+        QVERIFY(qAbs(title.center().x() - area.center().x()) < 2);
+        const int rows = view == Week ? 1 : 5;
+        for (int i = 0; i < 7 * rows; ++i) {
+            const QRectF note = page.At(QStringLiteral("n%1").arg(i + 1)),
+                         date = page.At(QStringLiteral("d%1").arg(i + 1));
+            QVERIFY(!note.isNull() && date.bottom() <= note.top() + 1);
+            const double left = area.left() + area.width() * (i % 7) / 7;
+            QVERIFY(note.left() > left && note.right() < left + area.width() / 7);
+            const double height = (title.top() - gridTop) / rows;
+            QVERIFY(note.top() > gridTop + height * (i / 7) - 1 && note.bottom() < gridTop + height * (i / 7 + 1));
+        }
+    }
+
+    void marginsAreReadAsTyped_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("inches");
+        QTest::newRow("point") << QStringLiteral("0.75") << 0.75;
+        QTest::newRow("comma") << QStringLiteral("0,75") << 0.75;
+        QTest::newRow("none") << QString() << 1.0;
+        QTest::newRow("no number") << QStringLiteral("wide") << 1.0;
+        QTest::newRow("no room left") << QStringLiteral("3.5") << 1.0;
+        QTest::newRow("off the paper") << QStringLiteral("-2") << 0.0;
+        QTest::newRow("endless") << QStringLiteral("1e999") << 1.0;
+    }
+
+    void marginsAreReadAsTyped()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const double, inches);
+        SetMargins(text);
+        const PrintedPage page = PrintNote("a");
+        const QRectF ink = page.Painted([](const QColor& color) { return color.lightness() < 230; });
+        const QRectF wanted =
+            QRectF(QPointF(), page.Size()).adjusted(72 * inches, 72 * inches, -72 * inches, -72 * inches);
+        QVERIFY(qAbs(ink.left() - wanted.left()) < 1.5 && qAbs(ink.right() - wanted.right()) < 1.5);
+        QVERIFY(ink.top() >= wanted.top() - 1 && ink.bottom() <= wanted.bottom() + 1);
+    }
+
+    void aLongNoteEndsWithAWholeLine_data()
+    {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("between");
+        QTest::newRow("one paragraph") << QByteArray("\\pard ") << QByteArray(" ");
+        QTest::newRow("paragraphs") << QByteArray("\\pard ") << QByteArray("\\par ");
+        QTest::newRow("from right to left") << QByteArray("\\pard\\rtlpar ") << QByteArray("\\par ");
+        QTest::newRow("higher than its box") << QByteArray("\\pard\\fs150 ") << QByteArray(" ");
+    }
+
+    void aLongNoteEndsWithAWholeLine()
+    {
+        QFETCH(const QByteArray, before);
+        QFETCH(const QByteArray, between);
+        QByteArray text;
+        for (int i = 0; i < 300; ++i)
+            text += "w" + QByteArray::number(i) + between;
+        const PrintedPage page =
+            PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18" + before + text + "}");
+        QVERIFY(CellOfNote(page).contains(page.Painted(IsRed)));
+        QVERIFY(page.At(QStringLiteral("w299")).isNull());
+        const bool clipped = before.contains("fs150"); // its first line, with all that ends it
+        const auto endsHere = [](const Word& word) { return word.text.contains(QChar(0x2026)); };
+        QVERIFY(clipped || std::any_of(page.Words().begin(), page.Words().end(), endsHere));
+        const QRectF first = page.At(QStringLiteral("w0")), cell = CellOfNote(page);
+        QVERIFY(clipped || before.contains("rtlpar") == (first.center().x() > cell.center().x()));
+    }
+
+    // With or without glyphs for them: lines break between the letters.
+    void lettersWithoutBlanksBreakInTheBox()
+    {
+        QByteArray text;
+        for (int i = 0; i < 40; ++i)
+            text += "\\u26085?\\u26412?\\u35486?";
+        const PrintedPage page =
+            PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18 " + text + "}");
+        const QRectF ink = page.Painted(IsRed);
+        QVERIFY(CellOfNote(page).contains(ink));
+        QVERIFY(ink.height() > 30 && ink.width() > 60);
+    }
+
+    void aPictureFitsItsBox_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("small") << QSize(24, 24);
+        QTest::newRow("wide") << QSize(1600, 300);
+        QTest::newRow("high") << QSize(300, 1600);
+    }
+
+    void aPictureFitsItsBox()
+    {
+        QFETCH(const QSize, size);
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        RichTextBox box;
+        QTextCursor cursor(box.document());
+        QVERIFY(InsertPicture(cursor, image, PictureFit{}));
+        cursor.insertText(QStringLiteral("\nbelow\nit\nthere\nis\nmore\nthan\nfits"));
+        const PrintedPage page = PrintNote(box.TextRTF());
+        const QRectF red = page.Painted(IsRed);
+        QVERIFY(CellOfNote(page).contains(red));
+        const double wanted = double(size.width()) / size.height();
+        QVERIFY(red.height() > 4 && qAbs(red.width() / red.height() - wanted) < 0.2 * wanted);
+    }
+
+    void cancelLeavesNothing()
+    {
+        CancelNextPrintDialog();
+        QCOMPARE(m_library->qmtInitPrint(nullptr, *m_carrier), std::int16_t{0});
+        Feed(Month, [](int) {});
+        m_library->qmtEndPrint();
+        QVERIFY(!QFile::exists(m_pdf));
+    }
+
+    void aJobWithoutItsEndIsDropped()
+    {
+        QVERIFY(Begin());
+        Feed(Month, [&](int) { m_carrier->SetText(QStringLiteral("stale")); });
+        QVERIFY(!QFile::exists(m_pdf));
+        const PrintedPage page = PrintNote("fresh");
+        QVERIFY(!page.At(QStringLiteral("fresh")).isNull());
+        for (const Word& word : page.Words())
+            QVERIFY(word.text != u"stale");
+    }
+
+    void aFileThatCannotBeWrittenIsToldOf_data()
+    {
+        QTest::addColumn<bool>("full");
+        QTest::newRow("folder gone") << false;
+        QTest::newRow("disk full") << true;
+    }
+
+    void aFileThatCannotBeWrittenIsToldOf()
+    {
+        QFETCH(const bool, full);
+        const QString folder = m_folders->Path(QStringLiteral("there"));
+        QDir().mkpath(folder);
+        const QString usual = std::exchange(m_pdf, folder + QStringLiteral("/page.pdf"));
+        QVERIFY(Begin());
+        Feed(Month, [](int) {});
+        QVERIFY(full || QDir(folder).removeRecursively());
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+        const rlimit little{2000, before.rlim_max};
+        if (full) QCOMPARE(::setrlimit(RLIMIT_FSIZE, &little), 0);
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_library->qmtEndPrint();
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+        QVERIFY(seen.Text.contains(m_pdf));
+        m_pdf = usual;
+        QVERIFY(!PrintNote("again").At(QStringLiteral("again")).isNull());
+    }
+};
+
+QTEST_MAIN(PrintLibraryTest)
+#include "printlibrarytest.moc"

@@ -1,0 +1,261 @@
+#include "printing/printing.h"
+
+#include "calendar/lockedday.h"
+#include "calendar/viewmode.h"
+#include "hall/bottompanel.h"
+#include "hall/cells.h"
+#include "hall/sidebar.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/desktop/commondialog.h"
+#include "platform/desktop/systemprinter.h"
+#include "platform/print/printlibrary.h"
+#include "printedpage.h"
+#include "printing/spoolform.h"
+#include "program.h"
+
+#include <QPrinter>
+
+// The calls of a job, a line each, as a back end gets them.
+class RecordingLibrary final : public PrintLibrary
+{
+public:
+    explicit RecordingLibrary(QStringList& calls) : m_calls(calls) {}
+
+    std::int16_t Answer = 1;
+    std::function<void()> OnBody = [] {};
+
+    std::int16_t qmtInitPrint(QWidget*, RichTextBox& tbPrint) override
+    {
+        m_carrier = &tbPrint;
+        m_calls += QStringLiteral("init");
+        return Answer;
+    }
+    void qmtPrintHeader() override { m_calls += QStringLiteral("header"); }
+    void qmtPrintDOW(const QString& caption, const CaptionLook&) override { m_calls += caption; }
+    void qmtPrintBoxes(int view, int position) override { Add("box", view, position); }
+    void qmtPrintBody(const QString&, int view, int position) override
+    {
+        OnBody();
+        Add("body", view, position, m_carrier->Text());
+    }
+    void qmtPrintDate(const QString& caption, const CaptionLook&, int view, int position) override
+    {
+        Add("date", view, position, caption);
+    }
+    void qmtPrintMonth(const QString& caption, const CaptionLook&) override { m_calls += caption; }
+    void qmtEndPrint() override { m_calls += QStringLiteral("end"); }
+
+private:
+    void Add(const char* what, int view, int position, const QString& text = QString())
+    {
+        m_calls += QStringLiteral("%1 %2 %3 %4").arg(QLatin1StringView(what)).arg(view).arg(position).arg(text);
+    }
+
+    QStringList& m_calls;
+    RichTextBox* m_carrier = nullptr;
+};
+
+struct RecordingLock final : LockedDay
+{
+    explicit RecordingLock(QStringList& calls) : Calls(calls) {}
+    bool Commit() override
+    {
+        Calls += QStringLiteral("commit");
+        return true;
+    }
+    QStringList& Calls;
+};
+
+struct FixedView final : ViewMode
+{
+    int GetViewMode() const override { return Mode; }
+    int Mode = Month;
+};
+
+// Printing of the main window; today is 17 March 1999.
+class PrintingTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+
+    // The window's controls over a back end that records.
+    struct Job
+    {
+        explicit Job(Program& program)
+            : cells(*program.form->findChild<Cells*>()), bottom{&program.Bottom()},
+              printing({cells, bottom, view}, sidebar, lock, FontDialog, printer, library)
+        {
+        }
+        QStringList calls;
+        RecordingLibrary library{calls};
+        RecordingLock lock{calls};
+        FixedView view;
+        Sidebar sidebar;
+        CommonDialog FontDialog{nullptr};
+        SystemPrinter printer;
+        Cells& cells;
+        BottomPanel bottom;
+        Printing printing;
+    };
+
+    SpoolForm* Notice() const { return m_program->form->findChild<SpoolForm*>(); }
+    QString Pdf() const { return m_program->folders.Path(QStringLiteral("page.pdf")); }
+    static QString Scratch() { return folders::ApplicationDirectory() + QStringLiteral("/qmtprint.rtf"); }
+
+    QRectF CellOf(const PrintedPage& page, int cell) const
+    {
+        const double left = page.At(QStringLiteral("Sun")).center().x(),
+                     right = page.At(QStringLiteral("Sat")).center().x();
+        const double top = page.At(QStringLiteral("Sun")).bottom(), bottom = page.At(QStringLiteral("1999")).top();
+        const double width = (right - left) / 6, height = (bottom - top) / 5;
+        return {left - width / 2 + (cell - 1) % 7 * width, top + (cell - 1) / 7 * height, width, height};
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+    }
+    void cleanup() { m_program.reset(); }
+
+    void theOperationsComeInOrder_data()
+    {
+        QTest::addColumn<int>("view");
+        QTest::addColumn<int>("count");
+        QTest::newRow("month") << int(ViewMode::Month) << 35;
+        QTest::newRow("week") << int(ViewMode::Week) << 7;
+    }
+
+    void theOperationsComeInOrder()
+    {
+        QFETCH(const int, view);
+        QFETCH(const int, count);
+        m_program->New(QStringLiteral("notes.mdb"));
+        if (view == ViewMode::Week) m_program->Trigger("mnuWeekView");
+        const int first = view == ViewMode::Week ? 36 : 1;
+        m_program->Type(first + 3, QStringLiteral("typed"));
+        Job job(*m_program);
+        job.view.Mode = view;
+        bool hadFile = true;
+        job.library.OnBody = [&] { hadFile = hadFile && QFile::exists(Scratch()) && Notice()->isVisible(); };
+        job.printing.mnuPrint_Click();
+
+        QStringList wanted = {QStringLiteral("commit"), QStringLiteral("init"), QStringLiteral("header")};
+        for (const char16_t* day : {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"})
+            wanted += QString::fromUtf16(day);
+        for (int i = 1; i <= count; ++i) {
+            wanted += QStringLiteral("box %1 %2 ").arg(view).arg(i);
+            wanted +=
+                QStringLiteral("body %1 %2 %3").arg(view).arg(i).arg(i == 4 ? QStringLiteral("typed") : QString());
+        }
+        for (int i = 1; i <= count; ++i)
+            wanted += QStringLiteral("date %1 %2 %3").arg(view).arg(i).arg(m_program->Panel(first + i - 1).Caption());
+        wanted += {QStringLiteral("MARCH 1999"), QStringLiteral("end")};
+        QCOMPARE(job.calls, wanted);
+        QVERIFY(hadFile);
+        QVERIFY(!QFile::exists(Scratch()));
+        QVERIFY(!Notice());
+    }
+
+    void aRefusedJobDoesNothing()
+    {
+        Job job(*m_program);
+        job.library.Answer = 0;
+        job.printing.subUseDLLPrintEngine();
+        QCOMPARE(job.calls, QStringList{QStringLiteral("init")});
+        QVERIFY(!Notice());
+    }
+
+    void anErrorEndsTheRoutineAndLeavesTheNotice()
+    {
+        Job job(*m_program);
+        job.library.OnBody = [&] {
+            if (job.calls.contains(QStringLiteral("box 3 5 "))) throw RunTimeError{5, QStringLiteral("broken")};
+        };
+        job.printing.subUseDLLPrintEngine();
+        QCOMPARE(job.calls.last(), QStringLiteral("box 3 5 "));
+        QVERIFY(m_program->Log().contains("broken in MainForm, subUseDLLPrintEngine"));
+        QVERIFY(Notice()->isVisible());
+        const SSPanel& heading = *m_program->form->findChild<SSPanel*>(QStringLiteral("lblDayOfWeek(0)"));
+        QCOMPARE(Notice()->pos(), QPoint(heading.x(), heading.y() + 2 * heading.height()));
+    }
+
+    // A folder in the way of the scratch file stands for a disk that takes no more.
+    void aNoteIsPrintedWithoutItsScratchFile()
+    {
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Type(20, QStringLiteral("kept"));
+        QVERIFY(QDir().mkpath(Scratch() + QStringLiteral("/in the way")));
+        Job job(*m_program);
+        job.printing.subUseDLLPrintEngine();
+        QVERIFY(job.calls.contains(QStringLiteral("body 3 20 kept")));
+        QVERIFY(job.calls.contains(QStringLiteral("body 3 21 ")));
+        QCOMPARE(job.calls.last(), QStringLiteral("end"));
+    }
+
+    void theShownMonthIsOnThePage()
+    {
+        Program& program = *m_program;
+        program.New(QStringLiteral("notes.mdb"));
+        g_iMonth = 4; // and then May, whose last two days wrap to the first row
+        program.Trigger("mnuNextMonth");
+        for (int cell = 1; cell <= 35; ++cell)
+            program.Box(cell).SetText(QStringLiteral("note%1").arg(cell));
+        PrintNextTo(Pdf());
+        program.Trigger("mnuPrint");
+        const PrintedPage page(Pdf());
+        QCOMPARE(page.Pages(), 1);
+        for (int cell = 1; cell <= 35; ++cell) {
+            const QRectF place = CellOf(page, cell);
+            QVERIFY(place.contains(page.At(QStringLiteral("note%1").arg(cell))));
+            QVERIFY(place.contains(page.At(program.Panel(cell).Caption().trimmed()).center()));
+        }
+        QCOMPARE(page.At(QStringLiteral("36")), QRectF());
+        QVERIFY(!program.Log().contains("subUseDLLPrintEngine"));
+    }
+
+    void thePictureCommitsTheLockedDayFirst()
+    {
+        Program& program = *m_program;
+        const QString file = QStringLiteral("team.mdb");
+        program.New(file, true);
+        program.Click(18);
+        QTest::mouseClick(program.form->findChild<PictureButton*>(QStringLiteral("picLock")), Qt::LeftButton);
+        QTest::keyClicks(&program.Box(18), QStringLiteral("locked text"));
+        auto& print = *program.form->findChild<PictureButton*>(QStringLiteral("picPrint"));
+        PrintNextTo(Pdf());
+        QTest::mousePress(&print, Qt::LeftButton);
+        QVERIFY(print.Visible(1));
+        QVERIFY(!program.Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
+        QTest::mouseRelease(&print, Qt::LeftButton);
+        QVERIFY(print.Visible(0) && !print.Visible(1));
+        QVERIFY(program.Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
+        const PrintedPage page(Pdf());
+        QVERIFY(CellOf(page, 18).contains(page.At(QStringLiteral("locked"))));
+    }
+
+    void theSetupAsksForNoFileAndHoldsForTheJob()
+    {
+        Program& program = *m_program;
+        CancelNextPrintDialog();
+        program.Trigger("mnuPrintSetup");
+        OnNextModal<QPrintDialog>([&program](QPrintDialog& dialog) {
+            // A file that is there: for a job the dialog would ask whether to replace it.
+            dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->setText(program.LogPath());
+            dialog.printer()->setPageSize(QPageSize(QPageSize::A5));
+            QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+        });
+        program.Trigger("mnuPrintSetup");
+        QVERIFY(!QFile::exists(Pdf()));
+        PrintNextTo(Pdf());
+        program.Trigger("mnuPrint");
+        QVERIFY(qAbs(PrintedPage(Pdf()).Size().height() - QPageSize(QPageSize::A5).size(QPageSize::Point).width()) <
+                1.5);
+        QVERIFY(!program.Log().contains("Print"));
+    }
+};
+
+QTEST_MAIN(PrintingTest)
+#include "printingtest.moc"
