@@ -89,7 +89,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuSave");
         m_program->Open(file, true);
         QVERIFY2(Shown().startsWith(QStringLiteral("theirs")), qPrintable(Shown()));
-        QVERIFY2(Shown().endsWith(QStringLiteral("mine old")), qPrintable(Shown()));
+        QVERIFY2(Shown().endsWith(QStringLiteral("oldmine ")), qPrintable(Shown()));
     }
 
     void WhatOthersStoreIsShown()
