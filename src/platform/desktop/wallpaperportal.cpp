@@ -93,7 +93,8 @@ QString ParentWindow()
 bool IsHere(const DesktopSession&)
 {
     const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const bool hasBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + QStringLiteral("/bus"));
+    const bool hasBus =
+        qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + QStringLiteral("/bus"));
     return hasBus && QDBusConnection::sessionBus().isConnected();
 }
 
