@@ -1,13 +1,10 @@
 #include "printing/spoolform.h"
 
 #include "platform/controls/sspanel.h"
-#include "platform/desktop/doevents.h"
+#include "platform/desktop/showatonce.h"
 #include "platform/look/paper.h"
 
-#include <QDeadlineTimer>
-#include <QThread>
 #include <QVBoxLayout>
-#include <QWindow>
 
 SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStaysOnTopHint)
 {
@@ -28,11 +25,5 @@ SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStays
 
 void SpoolForm::ShowAtOnce()
 {
-    constexpr int LongestWait = 100; // milliseconds
-    show();
-    raise();
-    const QDeadlineTimer limit(LongestWait);
-    for (DoEvents(); !windowHandle()->isExposed() && !limit.hasExpired(); DoEvents())
-        QThread::msleep(1);
-    repaint();
+    ShowAndPaint(*this);
 }

@@ -1,14 +1,11 @@
 #include "shell/exitform.h"
 
 #include "platform/controls/sspanel.h"
-#include "platform/desktop/doevents.h"
+#include "platform/desktop/showatonce.h"
 #include "platform/look/paper.h"
 
-#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QThread>
-#include <QWindow>
 
 ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 {
@@ -28,11 +25,5 @@ ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 
 void ExitForm::ShowAtOnce()
 {
-    constexpr int LongestWait = 100; // milliseconds
-    show();
-    raise();
-    const QDeadlineTimer limit(LongestWait);
-    for (DoEvents(); !windowHandle()->isExposed() && !limit.hasExpired(); DoEvents())
-        QThread::msleep(1);
-    repaint();
+    ShowAndPaint(*this);
 }
