@@ -31,7 +31,6 @@ RawPlanner::RawPlanner(const QString& path, Locking locking)
     m_find = Prepare(R"(SELECT "qmtText" FROM "QMT Table" WHERE "qmtDate" = ?1)");
     m_replace = Prepare(R"(UPDATE "QMT Table" SET "qmtText" = ?2 WHERE "qmtDate" = ?1)");
     m_insert = Prepare(R"(INSERT INTO "QMT Table" ("qmtDate", "qmtText") VALUES (?1, ?2))");
-    m_alarms = Prepare(R"(SELECT "Alarm Time" FROM "Alarm Table" WHERE "Alarm Date" = ?1)");
     m_like = Prepare(R"(SELECT "qmtDate", "qmtText" FROM "QMT Table" WHERE "qmtDate" > ?1 AND "qmtText" LIKE ?2
                         ORDER BY "qmtDate" LIMIT 1)");
 }
@@ -129,6 +128,10 @@ void RawPlanner::Put(const QStringList& keys, const std::vector<QByteArray>& not
 
 bool RawPlanner::HasAlarm(const QString& date, const QString& time)
 {
+    // Only here: the planners of the other rows hold notes alone.
+    if (m_alarms == nullptr) {
+        m_alarms = Prepare(R"(SELECT "Alarm Time" FROM "Alarm Table" WHERE "Alarm Date" = ?1)");
+    }
     const QByteArray wantedDate = date.toUtf8(), wantedTime = time.toUtf8();
     bool found = false;
     int seen = 0;
