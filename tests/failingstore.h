@@ -35,6 +35,7 @@ public:
     {
     }
 
+    QString Address() const override { return m_inner->Address(); }
     QStringList TableNames() override { return Call("TableNames", &Store::TableNames); }
     TableDef Definition(const QString& t) override { return Call("Definition", &Store::Definition, t); }
     void CreateTable(const TableDef& t) override { Call("CreateTable", &Store::CreateTable, t); }

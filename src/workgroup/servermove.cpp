@@ -41,9 +41,7 @@ void Tell(const std::optional<QString>& failure, const QString& success)
 
 QString ServerMove::Address() const
 {
-    QString address;
-    ErrorTail{MoveLiteral}([&] { address = DBEngine::ServerAddress(g_sNotesFile); });
-    return address;
+    return g_dbPlanner.ServerAddress();
 }
 
 void ServerMove::MoveToServer(const QString& address)
@@ -67,6 +65,6 @@ void ServerMove::SaveToFile()
     if (!m_lockedDay.Commit()) return;
     if (!AskForPlanner(m_dialog, QStringLiteral("Save Planner To File"), QStringLiteral("&Save"))) return;
     const QString path = m_dialog.FileName;
-    const auto failure = Failure(SaveLiteral, [&] { DBEngine::SaveToFile(g_sNotesFile, path); });
+    const auto failure = Failure(SaveLiteral, [&] { g_dbPlanner.SaveToFile(path); });
     Tell(failure, QStringLiteral("All that the planner holds is in\n%1").arg(path));
 }

@@ -167,7 +167,7 @@ class StormTest : public QObject
     {
         const QString file = m_folder->filePath(QStringLiteral("saved.mdb"));
         QFETCH_GLOBAL(bool, onServer);
-        if (onServer) DBEngine::SaveToFile(Planner(), file);
+        if (onServer) DBEngine::OpenDatabase(Planner()).SaveToFile(file);
         DBEngine::CompactDatabase(onServer ? file : Planner(), m_folder->filePath(QStringLiteral("checked.mdb")));
     }
 

@@ -1,6 +1,7 @@
 #include "platform/engine/database.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/moving.h"
 #include "platform/engine/recordsetstate.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -46,6 +47,16 @@ void Database::Append(const TableDef& table)
 QStringList Database::TableNames() const
 {
     return Live()->TableNames();
+}
+
+QString Database::ServerAddress() const
+{
+    return m_state && m_state->store ? m_state->store->Address() : QString();
+}
+
+void Database::SaveToFile(const QString& path)
+{
+    moving::ToFile(*Live(), path);
 }
 
 void Database::OnChange(ChangeListener listener)

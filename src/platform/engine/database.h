@@ -18,6 +18,10 @@ public:
     Recordset CreateDynaset(const QString& name); // walks the primary key; for Find
     void Append(const TableDef& table);           // makes the table, its fields in this order, and its indexes
     QStringList TableNames() const;
+    QString ServerAddress() const; // of a planner on a server; empty for one in its file or closed
+    // Makes `path` a new planner file with all that this one holds at this moment, compared with it row by row. It
+    // stays where it is, and others may go on with it. 3204 if `path` exists, 3026, 3043: then there is no `path`.
+    void SaveToFile(const QString& path);
     // Calls back after each commit of another user, as far as the store is told of them: one on a server is, a file is
     // not. From the event loop, never inside a call of the engine. Ends with Close; null takes it away.
     void OnChange(ChangeListener listener);

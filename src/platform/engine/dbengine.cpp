@@ -60,16 +60,6 @@ void MoveToServer(const QString& path, const QString& uri)
     moving::ToServer(path, uri);
 }
 
-void SaveToFile(const QString& link, const QString& path)
-{
-    moving::ToFile(link, path);
-}
-
-QString ServerAddress(const QString& path)
-{
-    return moving::AddressOf(path);
-}
-
 // One store that fails does not keep the others waiting.
 void Idle(int)
 {

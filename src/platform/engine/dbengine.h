@@ -63,14 +63,6 @@ RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& ta
 // the errors of OpenDatabase. After an error all is as it was.
 void MoveToServer(const QString& path, const QString& uri);
 
-// Makes `path` a new planner file with all that the planner behind the link holds at this moment, compared with it row
-// by row. The planner on the server stays, and others may go on with it. 3204 if `path` exists, 3251 if `link` is no
-// link, 3026, 3043 and the errors of OpenDatabase: then there is no `path`.
-void SaveToFile(const QString& link, const QString& path);
-
-// The address of the planner behind a link, empty for a planner that lies in its file. 3024, 3343.
-QString ServerAddress(const QString& path);
-
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
 

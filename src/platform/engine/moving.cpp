@@ -127,11 +127,6 @@ void ReplaceByLink(const QString& planner, const PlannerAddress& address)
 } // namespace
 
 namespace moving {
-QString AddressOf(const QString& path)
-{
-    return KindOf(path).Open == plannerlink::Open ? plannerlink::Read(path).Uri() : QString();
-}
-
 void ToServer(const QString& path, const QString& uri)
 {
     const PlannerAddress address(uri);
@@ -158,12 +153,8 @@ void ToServer(const QString& path, const QString& uri)
     undo.dismiss();
 }
 
-void ToFile(const QString& link, const QString& path)
+void ToFile(Store& from, const QString& path)
 {
-    const QString name = QFileInfo(link).fileName();
-    if (KindOf(link).Open != plannerlink::Open)
-        throw RunTimeError{NotSupported, QStringLiteral("'%1' is no link to a planner on a server.").arg(name)};
-    PostgresStore server(plannerlink::Read(link), name, false);
     const QString fresh = path + QLatin1StringView(".new");
     ScratchFile::Remove(fresh);
     auto remove = qScopeGuard([&] {
@@ -174,7 +165,7 @@ void ToFile(const QString& link, const QString& path)
         throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
     {
         const std::shared_ptr<Store> file = sqlitefile::Create(fresh);
-        CopyAll(server, *file);
+        CopyAll(from, *file);
     }
     Sync(fresh);
     RenameToFree(fresh, path);

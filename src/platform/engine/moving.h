@@ -1,11 +1,12 @@
 // Taking a planner from a file to a server and back: all rows of all tables, or nothing. Meaning and errors as in
-// DBEngine.
+// DBEngine and Database.
 #pragma once
 
 #include <QString>
 
+class Store;
+
 namespace moving {
 void ToServer(const QString& path, const QString& uri);
-void ToFile(const QString& link, const QString& path);
-QString AddressOf(const QString& path); // DBEngine::ServerAddress
+void ToFile(Store& from, const QString& path);
 } // namespace moving

@@ -40,6 +40,7 @@ class Store
 public:
     virtual ~Store() = default;
 
+    virtual QString Address() const = 0; // of a planner on a server; empty for one in its file
     virtual QStringList TableNames() = 0;
     virtual TableDef Definition(const QString& table) = 0; // 3011
     virtual void CreateTable(const TableDef& table) = 0;

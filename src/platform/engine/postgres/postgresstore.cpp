@@ -47,7 +47,7 @@ std::string ChannelOf(const QString& id)
 } // namespace
 
 PostgresStore::PostgresStore(const PlannerAddress& address, const QString& name, bool exclusive, Planner planner)
-    : m_name(name), m_schemaName(address.Schema()), m_connection(address, name, [this] { Welcome(); }),
+    : m_name(name), m_address(address.Uri()), m_schemaName(address.Schema()), m_connection(address, name, [this] { Welcome(); }),
       m_planner(planner), m_locks(m_connection), m_openMode(m_connection, exclusive), m_changes(m_connection)
 {
     m_connection.OnBreak([this] { Forget(); });

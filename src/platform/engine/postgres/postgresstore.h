@@ -27,6 +27,7 @@ public:
                   Planner planner = Planner::Existing);
     ~PostgresStore() override;
 
+    QString Address() const override { return m_address; }
     QStringList TableNames() override;
     TableDef Definition(const QString& table) override;
     void CreateTable(const TableDef& table) override;
@@ -78,6 +79,7 @@ private:
     pqxx::row Written(const std::string& statement, const PostgresConnection::Values& values);
 
     const QString m_name;
+    const QString m_address;
     const QString m_schemaName;
     PostgresConnection m_connection;
     Planner m_planner;

@@ -31,6 +31,7 @@ public:
     // The path is the real one of an existing file. Errors as DBEngine::OpenDatabase.
     SqliteStore(const QString& path, bool exclusive, File file);
 
+    QString Address() const override { return {}; }
     QStringList TableNames() override;
     TableDef Definition(const QString& table) override;
     void CreateTable(const TableDef& table) override;
