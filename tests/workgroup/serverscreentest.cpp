@@ -262,6 +262,15 @@ private Q_SLOTS:
         QCOMPARE(Stored(), QStringLiteral("mine, old"));
     }
 
+    void AServerThatComesBackIsHeardByItself()
+    {
+        TestServer::Get().Stop(SIGQUIT);
+        QTest::qWait(100); // the end is heard
+        TestServer::Get().Start();
+        OthersWrite(m_program->Key, "told without a touch");
+        QTRY_COMPARE_WITH_TIMEOUT(Shown(), QStringLiteral("told without a touch"), 30000);
+    }
+
     void WithoutItsServerTheScreenKeepsWhatItShows()
     {
         TestServer::Get().Stop(SIGQUIT);

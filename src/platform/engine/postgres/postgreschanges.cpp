@@ -7,6 +7,8 @@
 
 namespace {
 constexpr qsizetype LongestKey = 500; // the server takes messages of less than 8000 bytes
+constexpr int BetweenAttempts = 3000; // milliseconds
+constexpr int ShortAttempt = 100;     // milliseconds: nobody at the screen may feel it
 } // namespace
 
 class PostgresChanges::Receiver : public pqxx::notification_receiver
@@ -27,7 +29,11 @@ private:
     int m_own;
 };
 
-PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection) {}
+PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection)
+{
+    m_nextAttempt.setSingleShot(true);
+    QObject::connect(&m_nextAttempt, &QTimer::timeout, &m_context, [this] { ConnectAgain(); });
+}
 
 PostgresChanges::~PostgresChanges()
 {
@@ -59,6 +65,20 @@ void PostgresChanges::Read()
         m_connection.Listen();
     } catch (const RunTimeError&) {
         // The session is over. Whoever needs it next is told, or gets a new one.
+        m_nextAttempt.start(BetweenAttempts);
+    }
+}
+
+// A host that does not answer at all would keep the window waiting at each attempt, so it is left to the user's next
+// step.
+void PostgresChanges::ConnectAgain()
+{
+    QElapsedTimer attempt;
+    attempt.start();
+    try {
+        m_connection.Connect();
+    } catch (const RunTimeError&) {
+        if (attempt.elapsed() < ShortAttempt) m_nextAttempt.start(BetweenAttempts);
     }
 }
 

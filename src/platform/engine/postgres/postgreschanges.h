@@ -1,5 +1,6 @@
 // What other sessions tell of their commits, from the server to the planner's listener. They are taken in whenever the
-// library has read them, and handed on from the event loop alone.
+// library has read them, and handed on from the event loop alone. Who waits for them without doing anything is
+// connected again when a server that went away is back.
 #pragma once
 
 #include "platform/engine/changelistener.h"
@@ -7,6 +8,7 @@
 #include "platform/engine/tabledef.h"
 
 #include <QObject>
+#include <QTimer>
 
 class QSocketNotifier;
 
@@ -28,6 +30,7 @@ private:
     void Take(const QString& message);
     void Deliver();
     void Read();
+    void ConnectAgain();
 
     PostgresConnection& m_connection;
     ChangeListener m_listener;
@@ -35,5 +38,6 @@ private:
     QSocketNotifier* m_notifier = nullptr;
     QStringList m_messages; // taken in and not yet handed on; an empty one is "anything"
     QObject m_context;
+    QTimer m_nextAttempt;
     bool m_wasConnected = false;
 };
