@@ -2,6 +2,7 @@
 // the end each day holds what was typed under its lock, or what it held before, and never another day's text.
 #include "editing/zoomboxform.h"
 #include "failingstore.h"
+#include "plannerfile/rescuefiles.h"
 #include "platform/profile/profile.h"
 #include "workgroupprogram.h"
 
@@ -232,6 +233,33 @@ private Q_SLOTS:
         QCOMPARE(Stored(), QStringLiteral("mine old and newer"));
         m_program->Exit();
         QCOMPARE(Stored(), QStringLiteral("mine old and newer"));
+    }
+
+    // The session ends while the window is open: nobody is there to be asked.
+    void anExitInTheDayViewKeepsWhatItCannotStore_data()
+    {
+        QTest::addColumn<int>("fails");
+        QTest::newRow("once") << int(FailurePlan::Before);
+        QTest::newRow("for ever") << int(FailurePlan::ForEver);
+    }
+
+    void anExitInTheDayViewKeepsWhatItCannotStore()
+    {
+        QFETCH(int, fails);
+        m_program->Click(WorkgroupProgram::Cell);
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral("mine "));
+            FailNext("Replace");
+            m_plan->when = FailurePlan::When(fails);
+            WorkgroupProgram::ExpectNoBox(&form);
+            m_program->form->subExitProgram(Mainform::SessionEnds);
+            form.reject();
+        });
+        m_program->Trigger("mnuDayView");
+        DropAnswers();
+        QFile kept(RescueFolder() + QStringLiteral("/team 1999-3-17.rtf"));
+        QCOMPARE(kept.open(QIODevice::ReadOnly), fails == FailurePlan::ForEver);
+        QCOMPARE(fails == FailurePlan::ForEver ? PlainText(kept.readAll()) : Stored(), QStringLiteral("mine old"));
     }
 
     void aFullDiskIsNamedWhenAnEmptyDayIsLocked()
