@@ -8,6 +8,7 @@
 #include "hall/cells.h"
 #include "hall/networkcontrols.h"
 #include "hall/sidebar.h"
+#include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "platform/controls/picturebutton.h"
@@ -83,6 +84,7 @@ void DayView::subZoomView()
     tail([&] { Show(); });
     m_sidebar.picDay->ShowElement(0);
     SetMousePointer(mousepointer::Default);
+    m_journal.Follow();
     tail([&] { QFile::remove(ScratchFile()); });
     // The caret goes where the eye is: the next command acts on the day that was open.
     if (ShowsDay()) m_cells.tbDay(m_day.cell).setFocus();
@@ -133,6 +135,7 @@ void DayView::Show()
     tail([&] { box.SaveFile(ScratchFile()); });
     ZoomBoxForm form(m_cells.Client()->window(), Heading(), m_text, Place(), m_fontCommand);
     QObject::connect(&form, &ZoomBoxForm::SignOfLife, &form, [] { g_lUnlockTicks = 0; });
+    QObject::connect(&form.tbZoom(), &RichTextBox::Change, &form, [this] { m_journal.Touch(); });
     if (g_bDBShared) StartUnlockTimer();
     m_form = &form;
     const bool accepted = form.exec() == QDialog::Accepted;
@@ -235,6 +238,14 @@ void DayView::HandToCell()
     Mark(m_day.cell, true);
     m_cells.tbDay(m_day.cell).SetLocked(false);
     g_iCurrentPanel = m_day.cell;
+}
+
+void DayView::AddTyped(UnsavedNotes& typed) const
+{
+    if (!m_form || !m_form->tbZoom().Modified()) return;
+    const RichTextBox& box = m_form->tbZoom();
+    typed.Keep(g_sNotesFile, m_day.key, box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),
+               g_bDBShared ? m_record.LockedText() : m_notes.HeldText(m_day.key));
 }
 
 void DayView::TakeText()

@@ -11,9 +11,11 @@
 class Cells;
 class DayRecord;
 class FontCommand;
+class Journal;
 struct NetworkControls;
 class QMTDB;
 struct Sidebar;
+class UnsavedNotes;
 class ViewMode;
 class ZoomBoxForm;
 
@@ -21,9 +23,9 @@ class DayView final : public DayViewPort
 {
 public:
     DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes, DayRecord& record,
-            const ViewMode& viewMode, FontCommand& fontCommand)
+            const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
         : m_cells(cells), m_sidebar(sidebar), m_network(network), m_notes(notes), m_record(record),
-          m_viewMode(viewMode), m_fontCommand(fontCommand)
+          m_viewMode(viewMode), m_fontCommand(fontCommand), m_journal(journal)
     {
     }
 
@@ -34,6 +36,8 @@ public:
     void picDay_Click();
 
     void TakeTextAtExit(); // where the window is open, what stands in it is kept; in a workgroup's planner stored
+
+    void AddTyped(UnsavedNotes& typed) const; // what stands in the open window and nowhere else
 
     bool IsOpen() const override { return m_form != nullptr; }
     void TakeText() override;
@@ -72,6 +76,7 @@ private:
     DayRecord& m_record;
     const ViewMode& m_viewMode;
     FontCommand& m_fontCommand;
+    Journal& m_journal;
     ZoomBoxForm* m_form = nullptr; // while the window is open
     Day m_day;
     QByteArray m_text; // of the day, as it is to go into the cell

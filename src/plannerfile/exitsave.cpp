@@ -2,6 +2,7 @@
 
 #include "calendar/calendarstate.h"
 #include "hall/cells.h"
+#include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/rescuefiles.h"
@@ -38,11 +39,25 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
         tail([&] { m_notes.WriteUnsaved(); });
         SetMousePointer(mousepointer::Default);
     }
+    SaveUnsaved(mayAsk);
+    if (mayAsk) {
+        m_journal.Remove();
+    } else {
+        tail([&] { m_journal.Write(); });
+    }
+    m_journal.Leave();
+}
+
+void ExitSave::SaveUnsaved(bool mayAsk)
+{
+    const ErrorTail tail(ExitTail);
     while (!m_notes.Unsaved().IsEmpty()) {
         if (mayAsk && AskToRetry()) {
             tail([&] { m_notes.WriteUnsaved(); });
         } else if (KeepAsFiles(mayAsk)) {
             m_notes.ForgetUnsaved();
+        } else if (!mayAsk) {
+            return;
         }
     }
 }
@@ -55,7 +70,7 @@ bool ExitSave::AskToRetry()
                   messages::HelpWizard) == msgbox::Retry;
 }
 
-// False: the notes are still nowhere, and the person wants to try again.
+// False: the notes are still nowhere, and the person, if there is one, wants to try again.
 bool ExitSave::KeepAsFiles(bool mayAsk)
 {
     QString reason;
@@ -66,7 +81,7 @@ bool ExitSave::KeepAsFiles(bool mayAsk)
         LogError(error, ExitTail);
         reason = error.Description;
     }
-    if (!mayAsk) return true;
+    if (!mayAsk) return false;
     const QString question = QStringLiteral("The notes could not be kept as files either: %1\n\nEnd Orrelin and lose "
                                             "them?");
     return MsgBox(question.arg(reason), msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,

@@ -3,24 +3,31 @@
 
 class Cells;
 class DayRecord;
+class Journal;
 class QMTDB;
 
 class ExitSave
 {
 public:
-    ExitSave(Cells& cells, QMTDB& notes, DayRecord& record) : m_cells(cells), m_notes(notes), m_record(record) {}
+    ExitSave(Cells& cells, QMTDB& notes, DayRecord& record, Journal& journal)
+        : m_cells(cells), m_notes(notes), m_record(record), m_journal(journal)
+    {
+    }
 
     // Notes that cannot be written, because the disk is full or another program holds the file, are asked about if
-    // that may be asked; otherwise, and if the person wishes, each goes to a file of its own.
+    // that may be asked; otherwise, and if the person wishes, each goes to a file of its own. Where nobody could be
+    // asked the journal keeps what is nowhere else.
     void SaveBeforeExit(bool mayAsk);
     void ClosePlanner(); // a lock ends with it, and what was typed under it is lost
 
 private:
     bool AnyCellChanged();
     bool AskToRetry();
+    void SaveUnsaved(bool mayAsk);
     bool KeepAsFiles(bool mayAsk);
 
     Cells& m_cells;
     QMTDB& m_notes;
     DayRecord& m_record;
+    Journal& m_journal;
 };

@@ -9,6 +9,7 @@
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/recovery.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/filesystem.h"
@@ -92,6 +93,7 @@ void Opening::subOpenDBNoDlg(bool bShared)
     }
     m_bottom.panelBottom->SetCaption(MonthTitle());
     SetMousePointer(mousepointer::Default);
+    m_recovery.Offer();
 }
 
 bool Opening::OpenNotes(bool exclusive)

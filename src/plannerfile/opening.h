@@ -9,15 +9,16 @@ class CommonDialog;
 class NetworkMode;
 class QMTDB;
 class RecentList;
+class Recovery;
 struct RunTimeError;
 
 class Opening
 {
 public:
     Opening(Cells& cells, const BottomPanel& bottom, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
-            RecentList& recentList)
+            RecentList& recentList, Recovery& recovery)
         : m_cells(cells), m_bottom(bottom), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
-          m_recentList(recentList)
+          m_recentList(recentList), m_recovery(recovery)
     {
     }
 
@@ -47,4 +48,5 @@ private:
     QMTDB& m_notes;
     NetworkMode& m_networkMode;
     RecentList& m_recentList;
+    Recovery& m_recovery;
 };

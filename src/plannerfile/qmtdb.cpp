@@ -6,6 +6,7 @@
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/visible.h"
@@ -188,6 +189,46 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
         for (const QString& key : written)
             m_unsaved.Forget(planner, key);
     });
+    m_journal.Follow();
+}
+
+void QMTDB::ForgetUnsaved()
+{
+    m_unsaved = {};
+    m_journal.Follow();
+}
+
+void QMTDB::ForgetUnsaved(const QString& planner)
+{
+    m_unsaved.Forget(planner);
+    m_journal.Follow();
+}
+
+void QMTDB::ForgetDay(const QString& key)
+{
+    m_unsaved.Forget(g_sNotesFile, key);
+    m_journal.Follow();
+}
+
+UnsavedNotes QMTDB::Typed() const
+{
+    UnsavedNotes typed = m_unsaved;
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last && HasPlanner() && !g_bDBShared; ++cell) {
+        if (!m_cells.tbDay.Exists(cell) || !NeedsSaving(cell)) continue;
+        const RichTextBox& box = m_cells.tbDay(cell);
+        const HeldNote& held = m_held.at(std::size_t(cell));
+        typed.Keep(g_sNotesFile, held.key, box.IsEmpty() ? QByteArray() : box.TextRTF(), held.rtf);
+    }
+    return typed;
+}
+
+std::optional<QByteArray> QMTDB::HeldText(const QString& key) const
+{
+    for (const HeldNote& held : m_held) {
+        if (held.key == key) return held.rtf;
+    }
+    return {};
 }
 
 QByteArray QMTDB::NoteOver(const QString& key, const QByteArray& stored) const
@@ -270,4 +311,5 @@ void QMTDB::DropCells()
     for (int cell = range.first; cell <= range.last; ++cell)
         EmptyCell(cell);
     ClearMarks();
+    m_journal.Follow();
 }

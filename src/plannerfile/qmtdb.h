@@ -13,14 +13,15 @@
 struct BottomPanel;
 class Cells;
 class Database;
+class Journal;
 class ReadTransaction;
 class Recordset;
 
 class QMTDB
 {
 public:
-    QMTDB(Cells& cells, const BottomPanel& bottom, const ViewMode& viewMode)
-        : m_cells(cells), m_bottom(bottom), m_viewMode(viewMode)
+    QMTDB(Cells& cells, const BottomPanel& bottom, const ViewMode& viewMode, Journal& journal)
+        : m_cells(cells), m_bottom(bottom), m_viewMode(viewMode), m_journal(journal)
     {
     }
 
@@ -53,11 +54,15 @@ public:
     // Notes of any planner that was open in this run and would not take them.
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
     void WriteUnsaved(); // tries each of those planners again
-    void ForgetUnsaved() { m_unsaved = {}; }
-    void ForgetUnsaved(const QString& planner) { m_unsaved.Forget(planner); }
+    void ForgetUnsaved();
+    void ForgetUnsaved(const QString& planner);
     // What a day is to show that holds this in the file: what could not be stored yet comes first.
     QByteArray NoteOver(const QString& key, const QByteArray& stored) const;
-    void ForgetDay(const QString& key) { m_unsaved.Forget(g_sNotesFile, key); } // it has been stored another way
+    void ForgetDay(const QString& key); // it has been stored another way
+
+    // All that is not in its planner yet: Unsaved(), and what stands in the shown cells of a personal planner.
+    UnsavedNotes Typed() const;
+    std::optional<QByteArray> HeldText(const QString& key) const; // what the file holds for a shown day, if it was read
 
 private:
     void Expect(const ReadTransaction& reading, CellRange range);
@@ -84,6 +89,7 @@ private:
     Cells& m_cells;
     const BottomPanel& m_bottom;
     const ViewMode& m_viewMode;
+    Journal& m_journal;
     UnsavedNotes m_unsaved;
     std::array<HeldNote, CellCount + 1> m_held;
 };

@@ -2,11 +2,11 @@
 
 #include "plannerfile/unsavednotes.h"
 #include "platform/desktop/folders.h"
+#include "platform/runtime/durablefile.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 QString FreeName(const QString& wanted)
@@ -20,10 +20,8 @@ QString FreeName(const QString& wanted)
 
 void WriteNote(const QString& name, const QByteArray& rtf)
 {
-    QSaveFile file(name);
-    const bool written =
-        file.open(QIODevice::WriteOnly) && file.write(rtf) == rtf.size() && file.flush() && file.commit();
-    if (!written) throw RunTimeError{errors::PathFileAccess, file.errorString()};
+    QString reason;
+    if (!WriteDurably(name, rtf, &reason)) throw RunTimeError{errors::PathFileAccess, reason};
 }
 } // namespace
 

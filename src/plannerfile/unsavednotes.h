@@ -23,15 +23,21 @@ struct UnsavedNote
 class UnsavedNotes
 {
 public:
+    using ByPlanner = QMap<QString, QMap<QString, UnsavedNote>>;
+
+    UnsavedNotes() = default;
+    explicit UnsavedNotes(const ByPlanner& notes) : m_notes(notes) {}
+
     void Keep(const QString& planner, const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base);
     void Forget(const QString& planner, const QString& key);
     void Forget(const QString& planner) { m_notes.remove(planner); }
     std::optional<UnsavedNote> Find(const QString& planner, const QString& key) const;
     QMap<QString, UnsavedNote> NotesOf(const QString& planner) const { return m_notes.value(planner); }
     QStringList Planners() const { return m_notes.keys(); }
+    const ByPlanner& All() const { return m_notes; }
     bool IsEmpty() const { return m_notes.isEmpty(); }
     QString Describe() const; // a line for each planner: its path and the days
 
 private:
-    QMap<QString, QMap<QString, UnsavedNote>> m_notes;
+    ByPlanner m_notes;
 };

@@ -22,10 +22,12 @@
 #include "editing/shortcutfilter.h"
 #include "plannerfile/creation.h"
 #include "plannerfile/exitsave.h"
+#include "plannerfile/journal.h"
 #include "plannerfile/maintenance.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/recovery.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/print/qmtprn32.h"
 #include "printing/printing.h"
@@ -51,6 +53,12 @@ struct Rooms
     {
         m_pCalendarView.SetRedraw(redraw);
         turn.SetLockedDay(dayLock);
+        journal.SetSource([this] {
+            UnsavedNotes typed = notes.Typed();
+            dayLock.AddTyped(typed);
+            dayView.AddTyped(typed);
+            return typed;
+        });
     }
 
     Controls controls;
@@ -62,13 +70,15 @@ struct Rooms
     CScreenLayout m_pLayout;
     CellFrames frames{controls.cells};
     Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
-    QMTDB notes{controls.cells, controls.bottom, m_pCalendarView};
+    Journal journal;
+    QMTDB notes{controls.cells, controls.bottom, m_pCalendarView, journal};
     Turn turn{notes};
     Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
     DayRecord dayRecord;
     NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, dayRecord};
     RecentList recentList{controls.menus};
-    Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList};
+    Recovery recovery{notes, journal, *controls.client};
+    Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList, recovery};
     Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
     PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
     Navigation navigation{controls.cells, controls.bottom, turn, redraw, controls.menus, m_pCalendarView, bars};
@@ -79,7 +89,8 @@ struct Rooms
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
-    DayView dayView{controls.cells, controls.sidebar, controls.network, notes, dayRecord, m_pCalendarView, fontCommand};
+    DayView dayView{controls.cells, controls.sidebar, controls.network, notes,
+                    dayRecord,      m_pCalendarView,  fontCommand,      journal};
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
     RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
@@ -87,7 +98,7 @@ struct Rooms
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
-    ExitSave exitSave{controls.cells, notes, dayRecord};
+    ExitSave exitSave{controls.cells, notes, dayRecord, journal};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView};
     SystemPrinter printer;

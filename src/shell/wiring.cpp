@@ -276,6 +276,7 @@ void WireSpins(Rooms& rooms)
 
 void WireCalendar(Rooms& rooms)
 {
+    On(&rooms.controls.cells, &Cells::Change, " in Journal, Touch", [&rooms](int) { rooms.journal.Touch(); });
     On(&rooms.controls.cells, &Cells::HeadingDblClick, " in MainForm, lblDayOfWeek_DblClick",
        [&rooms](int Index) { rooms.appearance.lblDayOfWeek_DblClick(Index); });
     On(&rooms.controls.cells, &Cells::PanelDblClick, " in MainForm, panelDay_DblClick",

@@ -13,6 +13,7 @@ struct NetworkControls;
 class QMTDB;
 class Refresh;
 class RichTextBox;
+class UnsavedNotes;
 struct RunTimeError;
 struct Sidebar;
 
@@ -28,6 +29,7 @@ public:
 
     void subLockDay(); // locks the current day; where one is locked, commits it
     void tmUnLock_Timer();
+    void AddTyped(UnsavedNotes& typed) const; // what stands in the locked day and is not in the planner yet
     bool Commit() override;
 
 private:

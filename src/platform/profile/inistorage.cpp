@@ -1,8 +1,9 @@
 #include "platform/profile/inistorage.h"
 
+#include "platform/runtime/durablefile.h"
+
 #include <QDeadlineTimer>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QThread>
 
 #include <sys/stat.h>
@@ -75,19 +76,6 @@ QString Resolved(QString path)
         path = QFileInfo(path).symLinkTarget();
     return path;
 }
-
-// The file object's own commit goes on if the bytes cannot be synced, so they are synced before: a network drive may
-// find out only then that it is full.
-bool Replace(const QString& path, const QByteArray& text)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush()) return false;
-    if (::fsync(file.handle()) != 0) return false;
-    if (!file.commit()) return false;
-    const Descriptor folder(QFileInfo(path).path(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ::fsync(folder.Number());
-    return true;
-}
 } // namespace
 
 inistorage::Identity inistorage::IdentityOf(const QByteArray& encodedPath)
@@ -118,5 +106,5 @@ bool inistorage::Change(const QString& path, const std::function<std::optional<Q
     if (!Lock(lockFile)) return false;
     const std::optional<QByteArray> before = Read(target);
     const std::optional<QByteArray> after = before ? change(*before) : std::nullopt;
-    return after && (*after == *before || Replace(target, *after));
+    return after && (*after == *before || WriteDurably(target, *after));
 }

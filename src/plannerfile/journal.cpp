@@ -1,0 +1,127 @@
+#include "plannerfile/journal.h"
+
+#include "plannerfile/journalfile.h"
+#include "platform/desktop/folders.h"
+#include "platform/runtime/errortail.h"
+
+#include <QDir>
+
+namespace {
+constexpr QLatin1StringView JournalTail(" in Journal, Write");
+constexpr int Pause = 700;              // milliseconds without a key, so that nobody who types waits for the disk
+constexpr int LongestWait = 2000;       // milliseconds, for somebody who types without a pause
+constexpr int AfterFailure = 15000;     // milliseconds
+constexpr qint64 LargestFile = 1 << 30; // no journal of ours
+const QString Extension = QStringLiteral(".notes");
+
+// Nobody else's: the notes of a planner may be private.
+QDir Folder()
+{
+    const QString path = folders::ApplicationDirectory() + QStringLiteral("/journal");
+    if (!QFileInfo::exists(path) && QDir().mkpath(path))
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return QDir(path);
+}
+
+QString LockOf(const QString& journal)
+{
+    return journal.chopped(Extension.size()) + QStringLiteral(".lock");
+}
+} // namespace
+
+Journal::Journal()
+{
+    m_timer.setSingleShot(true);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { guard(JournalTail, [this] { Write(); }); });
+}
+
+void Journal::Touch()
+{
+    if (!m_timer.isActive()) m_sinceTouch.start();
+    m_timer.start(qBound(0, LongestWait - int(m_sinceTouch.elapsed()), Pause));
+}
+
+void Journal::Follow()
+{
+    if (m_timer.isActive() || !m_written.isEmpty()) Write();
+}
+
+void Journal::Write()
+{
+    m_timer.stop();
+    const UnsavedNotes notes = m_source ? m_source() : UnsavedNotes();
+    if (notes.IsEmpty()) return Remove();
+    const QByteArray content = journalfile::Encode(notes);
+    if (content == m_written) return;
+    Claim();
+    QString reason;
+    if (!WriteDurably(m_path, content, &reason)) return Fail(reason);
+    m_written = content;
+    m_failed = false;
+}
+
+// The first number that no running program has and no ended one has left.
+void Journal::Claim()
+{
+    for (int number = 1; !m_lock; ++number) {
+        m_path = Folder().filePath(QString::number(number) + Extension);
+        auto lock = FileLock::Try(LockOf(m_path));
+        if (!lock && !QFileInfo(LockOf(m_path)).isFile()) return; // the folder takes none
+        if (lock && !QFileInfo::exists(m_path)) m_lock = std::move(lock);
+    }
+}
+
+// Told of once; it is tried again, since a disk does not stay full for ever.
+void Journal::Fail(const QString& reason)
+{
+    if (!m_failed) LogError({errors::PathFileAccess, reason}, JournalTail);
+    m_failed = true;
+    m_timer.start(AfterFailure);
+}
+
+void Journal::Remove()
+{
+    m_timer.stop();
+    if (!m_written.isEmpty()) QFile::remove(m_path);
+    m_written.clear();
+}
+
+void Journal::Leave()
+{
+    m_timer.stop();
+    m_source = nullptr;
+    m_written.clear();
+}
+
+LeftJournal::LeftJournal(QString path, UnsavedNotes notes, std::unique_ptr<FileLock> lock)
+    : m_path(std::move(path)), m_notes(std::move(notes)), m_lock(std::move(lock))
+{
+}
+
+std::vector<LeftJournal> LeftJournal::FindAll()
+{
+    std::vector<LeftJournal> left;
+    const QString folder = folders::ApplicationDirectory() + QStringLiteral("/journal");
+    for (const QFileInfo& entry : QDir(folder).entryInfoList({u'*' + Extension}, QDir::Files, QDir::Time)) {
+        auto lock = FileLock::Try(LockOf(entry.filePath()));
+        QFile file(entry.filePath());
+        if (!lock || entry.size() > LargestFile || !file.open(QIODevice::ReadOnly)) continue;
+        auto notes = journalfile::Decode(file.readAll());
+        if (!notes) {
+            LogError({errors::PathFileAccess, QStringLiteral("This is no journal: ") + entry.filePath()}, JournalTail);
+            continue;
+        }
+        left.push_back(LeftJournal(entry.filePath(), *notes, std::move(lock)));
+    }
+    return left;
+}
+
+void LeftJournal::Forget(const QString& planner)
+{
+    m_notes.Forget(planner);
+    if (m_notes.IsEmpty()) {
+        QFile::remove(m_path);
+    } else {
+        WriteDurably(m_path, journalfile::Encode(m_notes));
+    }
+}

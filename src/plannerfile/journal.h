@@ -1,0 +1,58 @@
+// What is typed and is not in its planner yet, kept on the disk against a crash or a power cut: a file for each running
+// program in `journal` of the application directory. It is written within two seconds of the last key, and removed when
+// all is saved.
+#pragma once
+
+#include "plannerfile/unsavednotes.h"
+#include "platform/runtime/durablefile.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class Journal
+{
+public:
+    Journal();
+
+    // What is to be kept, asked for when it is written.
+    void SetSource(std::function<UnsavedNotes()> source) { m_source = std::move(source); }
+
+    void Touch();  // something was typed
+    void Follow(); // something was saved or given up: what is kept may be less by now
+    void Write();
+    void Remove(); // nothing is to be kept
+    void Leave();  // for the next opening of its planners: the file stays as it is
+
+private:
+    void Claim();
+    void Fail(const QString& reason);
+
+    std::function<UnsavedNotes()> m_source;
+    QTimer m_timer;
+    QElapsedTimer m_sinceTouch; // since the first key that is not on the disk
+    std::unique_ptr<FileLock> m_lock;
+    QString m_path; // of the file, once there was something to be kept
+    QByteArray m_written;
+    bool m_failed = false; // the last try
+};
+
+// A journal whose program ended without a save. While this lives nobody else finds it.
+class LeftJournal
+{
+public:
+    static std::vector<LeftJournal> FindAll();
+
+    QMap<QString, UnsavedNote> NotesOf(const QString& planner) const { return m_notes.NotesOf(planner); }
+    void Forget(const QString& planner); // the file goes with its last planner
+
+private:
+    LeftJournal(QString path, UnsavedNotes notes, std::unique_ptr<FileLock> lock);
+
+    QString m_path;
+    UnsavedNotes m_notes;
+    std::unique_ptr<FileLock> m_lock;
+};

@@ -1,0 +1,103 @@
+#include "plannerfile/recoveryform.h"
+
+#include "calendar/moddate.h"
+#include "plannerfile/rescuefiles.h"
+#include "platform/controls/notepanel.h"
+#include "platform/desktop/centeronscreen.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSplitter>
+
+namespace {
+constexpr QSize OpeningSize(760, 440);
+const QString ColumnSpace = QStringLiteral("  ");
+
+QLabel* MakeText(const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setWordWrap(true);
+    return label;
+}
+} // namespace
+
+RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDialog(owner), m_notes(std::move(notes))
+{
+    setObjectName(QStringLiteral("RecoveryForm"));
+    setWindowTitle(QStringLiteral("Unsaved Notes Found"));
+    auto* sheets = new QSplitter;
+    sheets->addWidget(MakeList());
+    sheets->addWidget(MakeSheet(QStringLiteral("In the planner:"), "tbStored", m_tbStored));
+    sheets->addWidget(MakeSheet(QStringLiteral("Found:"), "tbFound", m_tbFound));
+    sheets->setStretchFactor(1, 1);
+    sheets->setStretchFactor(2, 1);
+    sheets->setChildrenCollapsible(false);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(12);
+    column->addWidget(MakeText(QStringLiteral("Orrelin ended before it could save what was typed on these days. Tick "
+                                              "the days whose text is to go into the planner.")));
+    column->addWidget(sheets, 1);
+    column->addWidget(MakeText(QStringLiteral("What is not ticked is kept as files in %1").arg(RescueFolder())));
+    column->addWidget(MakeFoot());
+    connect(m_lstDays, &QListWidget::currentRowChanged, this, &RecoveryForm::ShowNote);
+    m_lstDays->setCurrentRow(0);
+    m_lstDays->setFocus();
+    resize(OpeningSize);
+    CenterOnScreen(*this);
+}
+
+QWidget* RecoveryForm::MakeList()
+{
+    m_lstDays = new QListWidget;
+    m_lstDays->setObjectName(QStringLiteral("lstDays"));
+    m_lstDays->setAccessibleName(QStringLiteral("Days"));
+    for (const FoundNote& note : m_notes) {
+        auto* day = new QListWidgetItem(fnFormatDateKey(note.key) + ColumnSpace, m_lstDays);
+        day->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        day->setCheckState(Qt::Checked);
+    }
+    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + 2 * m_lstDays->frameWidth());
+    return m_lstDays;
+}
+
+QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichTextBox*& box)
+{
+    box = new RichTextBox;
+    box->setObjectName(QString::fromLatin1(name));
+    box->setAccessibleName(caption);
+    box->SetLocked(true);
+    auto* sheet = new QWidget;
+    auto* column = new QVBoxLayout(sheet);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(new QLabel(caption));
+    column->addWidget(MakeNotePanel(box), 1);
+    return sheet;
+}
+
+QWidget* RecoveryForm::MakeFoot()
+{
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* take = buttons->addButton(QStringLiteral("&Put into Planner"), QDialogButtonBox::AcceptRole);
+    take->setObjectName(QStringLiteral("btnOk"));
+    take->setDefault(true);
+    buttons->addButton(QStringLiteral("Ask &Later"), QDialogButtonBox::RejectRole)
+        ->setObjectName(QStringLiteral("btnCancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    return buttons;
+}
+
+void RecoveryForm::ShowNote(int row)
+{
+    const FoundNote& note = m_notes.at(std::size_t(qMax(0, row)));
+    m_tbStored->SetTextRTF(note.stored);
+    m_tbFound->SetTextRTF(note.found);
+}
+
+bool RecoveryForm::Takes(std::size_t number) const
+{
+    return m_lstDays->item(int(number))->checkState() == Qt::Checked;
+}

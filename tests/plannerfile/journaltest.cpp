@@ -1,0 +1,222 @@
+#include "plannerfile/journal.h"
+
+#include "editing/zoomboxform.h"
+#include "failingstore.h"
+#include "plannerfile/recoveryform.h"
+#include "plannerfile/rescuefiles.h"
+#include "workgroup/workgroupprogram.h"
+
+#include <QListWidget>
+
+// What becomes of typing that no planner holds yet when the power is cut: the files as they are at some moment are put
+// back after the program has ended, and it starts again.
+class JournalTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WorkgroupProgram> m_program;
+    QMap<QString, QByteArray> m_atTheCut;
+
+    static QString Folder() { return folders::ApplicationDirectory() + QStringLiteral("/journal"); }
+    static QByteArray Content(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static void SetContent(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    static QByteArray Journalled()
+    {
+        QByteArray all;
+        for (const QString& name : QDir(Folder()).entryList({QStringLiteral("*.notes")}))
+            all += Content(Folder() + u'/' + name);
+        return all;
+    }
+    void WriteAs(const QString& key, const QByteArray& text) const
+    {
+        Database planner = DBEngine::OpenDatabase(m_program->folders.Path(m_program->File));
+        Recordset notes = Days(planner);
+        Write(notes, key, text);
+    }
+    QString Stored() const { return PlainText(m_program->Stored(m_program->File, m_program->Key)); }
+
+    void CutWhenJournalled(const QByteArray& text)
+    {
+        QTRY_VERIFY(Journalled().contains(text));
+        m_atTheCut.clear();
+        for (const QString& path : {Folder() + QStringLiteral("/1.notes"), m_program->folders.Path(m_program->File)})
+            m_atTheCut[path] = Content(path);
+    }
+    void StartAfterTheCut()
+    {
+        m_program->Exit();
+        ResetPlannerStateForTests();
+        for (auto file = m_atTheCut.cbegin(); file != m_atTheCut.cend(); ++file)
+            SetContent(file.key(), file.value());
+        m_program->Start();
+    }
+    void OpenAndAnswer(bool shared, const std::function<void(RecoveryForm&)>& answer) const
+    {
+        AnswerNextFileDialog(m_program->folders.Path(m_program->File));
+        Program::AnswerOpenAs(shared);
+        OnNextModal<RecoveryForm>(answer);
+        m_program->Trigger("mnuOpen");
+        m_program->Activate();
+    }
+    static void Press(const RecoveryForm& form, const char* button)
+    {
+        QTest::mouseClick(form.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+    }
+    // Types into the day, in its cell or in the day view, until the journal has it.
+    void TypeUntilTheCut(bool shared, bool inDayView)
+    {
+        m_program->Click(WorkgroupProgram::Cell);
+        if (!inDayView) {
+            if (shared) m_program->PressLock();
+            m_program->TypeOn(QStringLiteral(" and new"));
+            CutWhenJournalled("old and new");
+            return;
+        }
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            QTest::keyClick(&form.tbZoom(), Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClicks(&form.tbZoom(), QStringLiteral(" and new"));
+            CutWhenJournalled("old and new");
+            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnCancel")), Qt::LeftButton);
+        });
+        m_program->Trigger("mnuDayView");
+        m_program->Activate();
+    }
+    void StartTyping(bool shared, bool inDayView = false)
+    {
+        WriteAs(m_program->Key, "old");
+        m_program->Start();
+        m_program->Open(m_program->File, shared);
+        TypeUntilTheCut(shared, inDayView);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<WorkgroupProgram>();
+        m_program->MakePlanner(false);
+    }
+    void cleanup() { m_program.reset(); }
+
+    void WhatWasTypedComesBack_data()
+    {
+        QTest::addColumn<bool>("shared");
+        QTest::addColumn<bool>("inDayView");
+        QTest::addColumn<bool>("othersWrote");
+        QTest::newRow("cell") << false << false << false;
+        QTest::newRow("day view") << false << true << false;
+        QTest::newRow("locked day") << true << false << false;
+        QTest::newRow("locked day view") << true << true << false;
+        QTest::newRow("others wrote meanwhile") << true << false << true;
+        QTest::newRow("others wrote into a personal planner") << false << true << true;
+    }
+
+    void WhatWasTypedComesBack()
+    {
+        QFETCH(bool, shared);
+        QFETCH(bool, inDayView);
+        QFETCH(bool, othersWrote);
+        StartTyping(shared, inDayView);
+        StartAfterTheCut();
+        QCOMPARE(Stored(), QStringLiteral("old"));
+        if (othersWrote) WriteAs(m_program->Key, "theirs");
+        const QString wanted = othersWrote ? QStringLiteral("theirs\nold and new") : QStringLiteral("old and new");
+        QString stored, found;
+        OpenAndAnswer(shared, [&](RecoveryForm& form) {
+            stored = form.findChild<RichTextBox*>(QStringLiteral("tbStored"))->Text();
+            found = form.findChild<RichTextBox*>(QStringLiteral("tbFound"))->Text();
+            Press(form, "btnOk");
+        });
+        QCOMPARE(stored, othersWrote ? QStringLiteral("theirs") : QStringLiteral("old"));
+        QCOMPARE(found, wanted);
+        QCOMPARE(Stored(), wanted);
+        QCOMPARE(m_program->Box().Text(), wanted);
+        QVERIFY(Journalled().isEmpty());
+    }
+
+    void WhatIsNotWantedBecomesAFileAndLaterAsksAgain()
+    {
+        StartTyping(false);
+        StartAfterTheCut();
+        OpenAndAnswer(false, [](RecoveryForm& form) { QTest::keyClick(&form, Qt::Key_Escape); });
+        QCOMPARE(m_program->Box().Text(), QStringLiteral("old"));
+        QVERIFY(Journalled().contains("old and new"));
+        OpenAndAnswer(false, [](RecoveryForm& form) {
+            QTest::keyClick(form.findChild<QListWidget*>(QStringLiteral("lstDays")), Qt::Key_Space);
+            Press(form, "btnOk");
+        });
+        QCOMPARE(Stored(), QStringLiteral("old"));
+        QVERIFY(Journalled().isEmpty());
+        QCOMPARE(PlainText(Content(RescueFolder() + QStringLiteral("/team 1999-3-17.rtf"))),
+                 QStringLiteral("old and new"));
+    }
+
+    void ASaveAndAnExitLeaveNothing()
+    {
+        StartTyping(false);
+        m_program->Trigger("mnuSave");
+        QVERIFY(Journalled().isEmpty());
+        m_program->TypeOn(QStringLiteral("!"));
+        QTRY_VERIFY(Journalled().contains("old and new!"));
+        m_program->Exit();
+        QVERIFY(Journalled().isEmpty());
+    }
+
+    // The cut came between the commit and the removal of the journal.
+    void WhatWasSavedAfterAllIsNotOffered()
+    {
+        StartTyping(false);
+        m_program->Trigger("mnuSave");
+        m_atTheCut.remove(m_program->folders.Path(m_program->File));
+        StartAfterTheCut();
+        m_program->Open(m_program->File);
+        QCOMPARE(m_program->Box().Text(), QStringLiteral("old and new"));
+        QVERIFY(Journalled().isEmpty());
+    }
+
+    // Nobody is there to be asked, and the disk takes nothing but what it has.
+    void AnEndWithoutAScreenKeepsTheJournal_data()
+    {
+        QTest::addColumn<bool>("shared");
+        QTest::newRow("a planner that takes nothing") << false;
+        QTest::newRow("a locked day") << true;
+    }
+
+    void AnEndWithoutAScreenKeepsTheJournal()
+    {
+        QFETCH(bool, shared);
+        auto plan = std::make_shared<FailurePlan>();
+        DBEngine::SetStoreWrapperForTests([=](auto store) { return std::make_shared<FailingStore>(store, plan); });
+        StartTyping(shared);
+        DBEngine::SetStoreWrapperForTests(nullptr);
+        *plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
+        SetContent(RescueFolder(), "no folder");
+        m_program->form->subExitProgram(Mainform::ProcessIsEnded);
+        QVERIFY(Journalled().contains("old and new"));
+    }
+
+    void ADamagedJournalIsLeftAlone()
+    {
+        StartTyping(false);
+        QByteArray& journal = m_atTheCut[Folder() + QStringLiteral("/1.notes")];
+        const QByteArray whole = journal;
+        for (const QByteArray& damaged : {whole.chopped(1), QByteArray(whole).replace("old", "odd"), QByteArray("x")}) {
+            journal = damaged;
+            StartAfterTheCut();
+            m_program->Open(m_program->File);
+            QCOMPARE(m_program->Box().Text(), QStringLiteral("old"));
+            QCOMPARE(Journalled(), damaged);
+        }
+    }
+};
+
+QTEST_MAIN(JournalTest)
+#include "journaltest.moc"
