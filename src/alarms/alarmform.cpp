@@ -10,6 +10,7 @@
 #include "editing/defaultfont.h"
 #include "editing/notemenu.h"
 #include "hall/cells.h"
+#include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/orlcombo.h"
@@ -215,6 +216,7 @@ bool AlarmForm::Store(const Alarm& alarm)
     QString problem;
     m_turn(OkLiteral, [&] {
         try {
+            BackUpBeforeSave();
             subAddAlarmRecord(g_rsAlarm, alarm);
             isStored = true;
         } catch (const RunTimeError& error) {

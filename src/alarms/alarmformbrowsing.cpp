@@ -7,6 +7,7 @@
 #include "calendar/dateorder.h"
 #include "calendar/moddate.h"
 #include "calendar/turn.h"
+#include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/maskedbox.h"
@@ -121,7 +122,9 @@ void AlarmForm::btnDelete_Click()
         const ReadTransaction reading(g_dbPlanner);
         isFound = GoToAlarmLike(m_alarms, shown);
     });
-    if (!isFound || !tail([&] { m_alarms.Delete(); })) return;
+    if (!isFound) return;
+    BackUpBeforeSave();
+    if (!tail([&] { m_alarms.Delete(); })) return;
     tail([&] { m_alarms.MoveFirst(); });
     ShowEmptyBoxes();
     m_controls.chkSilence->setChecked(false);

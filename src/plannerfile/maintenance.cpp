@@ -1,5 +1,6 @@
 #include "plannerfile/maintenance.h"
 
+#include "plannerfile/backups.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
@@ -19,6 +20,13 @@ QString WordFor(const QString& table)
     return table == schema::Recursions ? QStringLiteral("Recurring events") : table;
 }
 
+QString PlaceOfBackups()
+{
+    return QStringLiteral(
+               "Copies of your planners, one for each of the last days on which they were changed, are in %1")
+        .arg(BackupFolder());
+}
+
 QString Describe(const DBEngine::RepairReport& report)
 {
     if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.");
@@ -28,18 +36,19 @@ QString Describe(const DBEngine::RepairReport& report)
         text += QStringLiteral("\n%1: %2 recovered").arg(WordFor(table.Name)).arg(table.Rows);
         if (table.CutRows > 0) text += QStringLiteral(", of which %1 lost a part").arg(table.CutRows);
     }
-    return text;
+    return text + QStringLiteral("\n\n") + PlaceOfBackups();
 }
 } // namespace
 
-void Maintenance::Run(QLatin1StringView literal, const char* text, const std::function<void()>& work)
+void Maintenance::Run(QLatin1StringView literal, const char* text, const std::function<void()>& work,
+                      const QString& afterError)
 {
     const auto pointer = qScopeGuard([] { SetMousePointer(mousepointer::Default); });
     try {
         work();
     } catch (const RunTimeError& error) {
         SetMousePointer(mousepointer::Default);
-        MsgBox(QString::fromLatin1(text) + error.Description, msgbox::Critical, QStringLiteral("Error"));
+        MsgBox(QString::fromLatin1(text) + error.Description, msgbox::Critical, QStringLiteral("Error"), afterError);
         LogError(error, literal);
     }
 }
@@ -73,7 +82,7 @@ void Maintenance::mnuCompact_Click()
 
 void Maintenance::mnuRepair_Click()
 {
-    Run(QLatin1StringView(" in MainForm, mnuRepair_Click"), "Error when repairing database: ", [&] {
+    const auto repair = [&] {
         if (!ChooseFile("Access (*.mdb)|*.mdb")) return;
         SetMousePointer(mousepointer::Hourglass);
         const auto report = DBEngine::RepairDatabase(
@@ -81,5 +90,7 @@ void Maintenance::mnuRepair_Click()
         SetMousePointer(mousepointer::Default);
         MsgBox(QStringLiteral("Database repaired successfully"), msgbox::Information, QStringLiteral("Repair"),
                Describe(report));
-    });
+    };
+    Run(QLatin1StringView(" in MainForm, mnuRepair_Click"), "Error when repairing database: ", repair,
+        PlaceOfBackups());
 }

@@ -18,7 +18,8 @@ public:
 private:
     bool ChooseFile(const char* filter);
     // Shows and logs an error of the work; text is what stands before the error's own.
-    static void Run(QLatin1StringView literal, const char* text, const std::function<void()>& work);
+    static void Run(QLatin1StringView literal, const char* text, const std::function<void()>& work,
+                    const QString& afterError = {});
 
     CommonDialog& m_dialog;
 };

@@ -6,6 +6,7 @@
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "plannerfile/backups.h"
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
@@ -177,6 +178,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
 {
     const auto notes = m_unsaved.NotesOf(planner);
     if (notes.isEmpty()) return;
+    if (planner == g_sNotesFile) BackUpBeforeSave();
     const ErrorTail tail(UpdateTail, {0, errors::ResumeWithoutError, engineerrors::CouldNotSave});
     tail([&] {
         QStringList written;

@@ -12,7 +12,8 @@
 #include <QSplitter>
 
 namespace {
-constexpr QSize OpeningSize(760, 440);
+constexpr QSize OpeningSize(800, 440);
+constexpr int Gap = 12;
 const QString ColumnSpace = QStringLiteral("  ");
 
 QLabel* MakeText(const QString& text)
@@ -20,6 +21,16 @@ QLabel* MakeText(const QString& text)
     auto* label = new QLabel(text);
     label->setWordWrap(true);
     return label;
+}
+
+QWidget* MakeColumn(const QString& caption, QWidget* content)
+{
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel(caption));
+    layout->addWidget(content, 1);
+    return column;
 }
 } // namespace
 
@@ -31,12 +42,15 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
     sheets->addWidget(MakeList());
     sheets->addWidget(MakeSheet(QStringLiteral("In the planner:"), "tbStored", m_tbStored));
     sheets->addWidget(MakeSheet(QStringLiteral("Found:"), "tbFound", m_tbFound));
-    sheets->setStretchFactor(1, 1);
-    sheets->setStretchFactor(2, 1);
+    const int share = (OpeningSize.width() - m_lstDays->minimumWidth()) / 2;
+    sheets->setSizes({m_lstDays->minimumWidth(), share, share});
+    for (int sheet = 1; sheet <= 2; ++sheet)
+        sheets->setStretchFactor(sheet, 1);
+    sheets->setHandleWidth(Gap);
     sheets->setChildrenCollapsible(false);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(12);
+    column->setSpacing(Gap);
     column->addWidget(MakeText(QStringLiteral("Orrelin ended before it could save what was typed on these days. Tick "
                                               "the days whose text is to go into the planner.")));
     column->addWidget(sheets, 1);
@@ -59,8 +73,9 @@ QWidget* RecoveryForm::MakeList()
         day->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         day->setCheckState(Qt::Checked);
     }
-    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + 2 * m_lstDays->frameWidth());
-    return m_lstDays;
+    constexpr int ScrollBar = 20;
+    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + ScrollBar);
+    return MakeColumn(QStringLiteral("Days:"), m_lstDays);
 }
 
 QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichTextBox*& box)
@@ -69,12 +84,7 @@ QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichT
     box->setObjectName(QString::fromLatin1(name));
     box->setAccessibleName(caption);
     box->SetLocked(true);
-    auto* sheet = new QWidget;
-    auto* column = new QVBoxLayout(sheet);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new QLabel(caption));
-    column->addWidget(MakeNotePanel(box), 1);
-    return sheet;
+    return MakeColumn(caption, MakeNotePanel(box));
 }
 
 QWidget* RecoveryForm::MakeFoot()

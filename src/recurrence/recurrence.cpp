@@ -1,6 +1,7 @@
 #include "recurrence/recurrence.h"
 
 #include "calendar/moddate.h"
+#include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/engineerrors.h"
@@ -67,6 +68,7 @@ bool Recurrence::Save(Frequency frequency, QLatin1StringView literal, const QStr
         Tell(QStringLiteral("End Date is not a valid date"), msgbox::Information);
         return false;
     }
+    BackUpBeforeSave();
     if (!SaveRecord(literal, startKey, endKey, WordOf(frequency))) return false;
     const QStringList dates = EventDates(frequency, startKey, endKey, iStep);
     DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subUpdateRecurseData"), m_progress);
@@ -116,6 +118,7 @@ void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
 
 bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QString& endKey)
 {
+    BackUpBeforeSave();
     const QStringList dates = RemovalDates(frequency, startKey, endKey);
     DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subRemoveRecurStr"), m_progress);
     const qsizetype failures = run(dates, [&](const QString& date) { subRemoveRecurStr(date); });

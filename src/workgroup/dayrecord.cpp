@@ -1,5 +1,6 @@
 #include "workgroup/dayrecord.h"
 
+#include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/engineerrors.h"
@@ -89,6 +90,7 @@ void DayRecord::Commit(const QByteArray& rtf)
 {
     try {
         if (m_broken) TakeAgain();
+        BackUpBeforeSave();
         m_tried = rtf;
         m_record.SetField(TextField, rtf);
         m_record.Update();

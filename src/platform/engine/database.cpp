@@ -59,6 +59,11 @@ void Database::SaveToFile(const QString& path)
     moving::ToFile(*Live(), path);
 }
 
+void Database::BackUp(const QString& path)
+{
+    Live()->BackUp(path);
+}
+
 void Database::OnChange(ChangeListener listener)
 {
     Live()->OnChange(std::move(listener));

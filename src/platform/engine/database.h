@@ -22,6 +22,9 @@ public:
     // Makes `path` a new planner file with all that this one holds at this moment, compared with it row by row. It
     // stays where it is, and others may go on with it. 3204 if `path` exists, 3026, 3043: then there is no `path`.
     void SaveToFile(const QString& path);
+    // An online copy of a planner in a file, page by page; `path` is replaced as a whole. 3186, 3026, 3043: then `path`
+    // is as it was. 3251 for one on a server.
+    void BackUp(const QString& path);
     // Calls back after each commit of another user, as far as the store is told of them: one on a server is, a file is
     // not. From the event loop, never inside a call of the engine. Ends with Close; null takes it away.
     void OnChange(ChangeListener listener);

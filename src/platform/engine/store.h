@@ -78,7 +78,8 @@ public:
     virtual void Commit() = 0; // after an error nothing is open any more and nothing has been written
     virtual void Rollback() = 0;
 
-    virtual void Refresh() = 0; // what Idle asks for
+    virtual void BackUp(const QString& path) = 0; // Database::BackUp
+    virtual void Refresh() = 0;                   // what Idle asks for
     // Called from the event loop, never inside a call of the store, and not for this store's own commits. A store that
     // is told nothing by others never calls it. Null takes it away.
     virtual void OnChange(ChangeListener listener) = 0;

@@ -47,8 +47,9 @@ std::string ChannelOf(const QString& id)
 } // namespace
 
 PostgresStore::PostgresStore(const PlannerAddress& address, const QString& name, bool exclusive, Planner planner)
-    : m_name(name), m_address(address.Uri()), m_schemaName(address.Schema()), m_connection(address, name, [this] { Welcome(); }),
-      m_planner(planner), m_locks(m_connection), m_openMode(m_connection, exclusive), m_changes(m_connection)
+    : m_name(name), m_address(address.Uri()), m_schemaName(address.Schema()),
+      m_connection(address, name, [this] { Welcome(); }), m_planner(planner), m_locks(m_connection),
+      m_openMode(m_connection, exclusive), m_changes(m_connection)
 {
     m_connection.OnBreak([this] { Forget(); });
     m_connection.Connect();
@@ -354,6 +355,11 @@ void PostgresStore::Commit()
 void PostgresStore::Rollback()
 {
     m_connection.Rollback();
+}
+
+void PostgresStore::BackUp(const QString&)
+{
+    throw RunTimeError{NotSupported, QStringLiteral("A planner on a server is copied by the server's own means.")};
 }
 
 void PostgresStore::Refresh()

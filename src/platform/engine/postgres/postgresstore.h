@@ -53,6 +53,7 @@ public:
     void Commit() override;
     void Rollback() override;
 
+    void BackUp(const QString& path) override;
     void Refresh() override;
     void OnChange(ChangeListener listener) override;
     void Close() override;

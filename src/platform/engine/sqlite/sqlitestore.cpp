@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqlitestore.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/onlinecopy.h"
 #include "platform/engine/sqlite/sqliteschema.h"
 #include "platform/engine/sqlite/sqlitevalues.h"
 #include "platform/runtime/runtimeerror.h"
@@ -57,7 +58,7 @@ std::unique_ptr<ByteLocks> LocksBeside(const QString& path)
 }
 } // namespace
 
-SqliteStore::SqliteStore(const QString& path, bool exclusive, File file)
+SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : m_path(path)
 {
     m_connection.emplace(path);
     if (file == File::Claimed) {
@@ -264,6 +265,11 @@ void SqliteStore::Rollback()
 }
 
 // Every look-up reads the file as it is; there is nothing to be fetched ahead.
+void SqliteStore::BackUp(const QString& path)
+{
+    CopyOnline(*m_connection, m_path, path);
+}
+
 void SqliteStore::Refresh() {}
 
 void SqliteStore::Close()

@@ -55,6 +55,7 @@ public:
     void Commit() override;
     void Rollback() override;
 
+    void BackUp(const QString& path) override;
     void Refresh() override;
     void OnChange(ChangeListener) override {} // nobody tells a file's readers
     void Close() override;
@@ -81,6 +82,7 @@ private:
     void RegisterMatches();
     plannerformat::HeldRecord RecordOf(const TableDef& table, qint64 id);
 
+    const QString m_path;
     std::unique_ptr<OpenFile> m_openFile; // before the connection: the mode is given back when the file is closed
     std::unique_ptr<ByteLocks> m_locks;
     std::unique_ptr<Session> m_session;

@@ -1,0 +1,48 @@
+#include "platform/engine/sqlite/onlinecopy.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/sqlite/sqliteconnection.h"
+#include "platform/engine/sqlite/wholefiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+#include <SQLiteCpp/Backup.h>
+
+#include <sqlite3.h>
+
+namespace {
+constexpr int PagesOfStep = 2000;
+constexpr int Attempts = 40;
+constexpr unsigned long BetweenAttempts = 50; // milliseconds
+
+void CopyPages(SQLite::Database& source, SQLite::Database& target)
+{
+    SQLite::Backup backup(target, source);
+    int attempt = 0, result = SQLITE_OK;
+    while (result != SQLITE_DONE) {
+        result = backup.executeStep(PagesOfStep);
+        if (result != SQLITE_BUSY && result != SQLITE_LOCKED) continue;
+        if (++attempt > Attempts)
+            throw RunTimeError{engineerrors::CouldNotSave,
+                               QStringLiteral("Others keep the planner from being copied.")};
+        QThread::msleep(BetweenAttempts);
+    }
+}
+} // namespace
+
+void CopyOnline(SqliteConnection& source, const QString& path, const QString& to)
+{
+    const ScratchFile fresh(to + QLatin1StringView(".new"), wholefiles::StatusOf(path));
+    try {
+        SQLite::Database target(QFile::encodeName(fresh.Path()).toStdString(), SQLite::OPEN_READWRITE);
+        target.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // nobody sees it before it is whole
+        CopyPages(source.Library(), target);
+    } catch (const SQLite::Exception& error) {
+        throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(to).fileName());
+    }
+    wholefiles::Sync(fresh.Path());
+    wholefiles::Rename(fresh.Path(), to);
+    wholefiles::SyncFolderOf(to);
+}

@@ -1,0 +1,90 @@
+#include "plannerfile/backups.h"
+
+#include "program.h"
+
+// The copies that are made before the first save of a day.
+class BackupsTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Program> m_program;
+    const QString m_file = QStringLiteral("notes.mdb");
+
+    static void SetDay(int day) { desktopclock::SetForTests(QDateTime(QDate(1999, 3, day), QTime(9, 30))); }
+    static QStringList Copies()
+    {
+        QStringList copies;
+        for (const QFileInfo& folder : QDir(BackupFolder()).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+            for (const QFileInfo& copy :
+                 QDir(folder.filePath()).entryInfoList({QStringLiteral("*.mdb")}, QDir::Files, QDir::Name))
+                copies += copy.filePath();
+        return copies;
+    }
+    static QStringList Days()
+    {
+        QStringList days;
+        for (const QString& copy : Copies())
+            days += QFileInfo(copy).fileName();
+        return days;
+    }
+    QByteArray NoteIn(const QString& path) const
+    {
+        Recordset notes = DBEngine::OpenDatabase(path, true).OpenTable(QStringLiteral("QMT Table"));
+        notes.SetIndex(QStringLiteral("qmtPrimaryKey"));
+        notes.Seek(QStringLiteral("="), QStringLiteral("1999/3/17"));
+        return notes.NoMatch() ? QByteArray() : notes.Fields(QStringLiteral("qmtText")).toByteArray();
+    }
+    void TypeAndSave(const QString& text) const
+    {
+        m_program->Type(m_program->CellOf(17), text);
+        m_program->Trigger("mnuSave");
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_program = std::make_unique<Program>();
+        m_program->Start();
+        m_program->New(m_file);
+    }
+    void cleanup() { m_program.reset(); }
+
+    void TheFirstSaveOfADayMakesOne()
+    {
+        TypeAndSave(QStringLiteral("first"));
+        TypeAndSave(QStringLiteral("second "));
+        QCOMPARE(Days(), QStringList(QStringLiteral("notes 1999-03-17.mdb")));
+        QVERIFY(NoteIn(Copies().first()).isEmpty()); // as it was before
+        SetDay(18);
+        TypeAndSave(QStringLiteral("third "));
+        QCOMPARE(Days().size(), 2);
+        const QByteArray note = NoteIn(Copies().last());
+        QVERIFY2(note.contains("second") && !note.contains("third"), note);
+    }
+
+    void TenAreKeptOfEachPlanner()
+    {
+        for (int day = 5; day <= 16; ++day) {
+            SetDay(day);
+            TypeAndSave(QString::number(day));
+        }
+        QCOMPARE(Days().size(), 10);
+        QCOMPARE(Days().first(), QStringLiteral("notes 1999-03-07.mdb"));
+        QDir().mkpath(m_program->folders.Path(QStringLiteral("elsewhere")));
+        m_program->New(QStringLiteral("elsewhere/") + m_file);
+        TypeAndSave(QStringLiteral("x"));
+        QCOMPARE(Days().size(), 11);
+    }
+
+    void WithoutAPlaceForItTheSaveGoesOn()
+    {
+        QFile inTheWay(BackupFolder());
+        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        TypeAndSave(QStringLiteral("saved"));
+        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("saved"));
+        QVERIFY2(m_program->Log().contains("BackUpBeforeSave"), m_program->Log());
+    }
+};
+
+QTEST_MAIN(BackupsTest)
+#include "backupstest.moc"
