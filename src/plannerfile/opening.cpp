@@ -6,6 +6,7 @@
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
+#include "plannerfile/knownservers.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -100,7 +101,12 @@ bool Opening::OpenNotes(bool exclusive)
 {
     try {
         const QString file = filesystem::Find(g_sDBPath);
-        Database database = DBEngine::OpenDatabase(file.isEmpty() ? g_sDBPath : file, exclusive);
+        const QString path = file.isEmpty() ? g_sDBPath : file;
+        if (!MayConnect(path)) {
+            GiveUp(QString());
+            return false;
+        }
+        Database database = DBEngine::OpenDatabase(path, exclusive);
         const Recordset notes = schema::OpenNotes(database);
         g_dbPlanner = database;
         g_rsQMT = notes;
@@ -128,10 +134,16 @@ void Opening::ShowOpenFailed(const RunTimeError& error)
 {
     SetMousePointer(mousepointer::Default);
     MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
-    m_bottom.panelBottom->SetCaption(error.Description);
+    GiveUp(error.Description);
+    LogError(error, OpenTail);
+}
+
+void Opening::GiveUp(const QString& reason)
+{
+    SetMousePointer(mousepointer::Default);
+    m_bottom.panelBottom->SetCaption(reason);
     g_sDBPath.clear();
     m_notes.DropCells();
-    LogError(error, OpenTail);
 }
 
 bool Opening::OpenAlarms()

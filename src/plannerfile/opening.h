@@ -36,6 +36,7 @@ public:
 private:
     bool OpenNotes(bool exclusive);
     void TakeChange(const QString& table, const QVariant& key);
+    void GiveUp(const QString& reason);
     void ShowOpenFailed(const RunTimeError& error);
     bool OpenAlarms();
     bool OpenRecursions();

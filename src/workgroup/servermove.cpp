@@ -3,6 +3,7 @@
 #include "calendar/lockedday.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/exitsave.h"
+#include "plannerfile/knownservers.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/desktop/commondialog.h"
@@ -55,7 +56,10 @@ void ServerMove::MoveToServer(const QString& address)
     // Nobody, this program included, may have it open meanwhile; it is open again before anything is said, since the
     // timers go on behind a message.
     m_exitSave.ClosePlanner();
-    const auto failure = Failure(MoveLiteral, [&] { DBEngine::MoveToServer(file, address); });
+    const auto failure = Failure(MoveLiteral, [&] {
+        DBEngine::MoveToServer(file, address);
+        RememberServer(address);
+    });
     m_opening.subOpenDBNoDlg(false);
     Tell(failure, QStringLiteral("The planner is on the server now."));
 }

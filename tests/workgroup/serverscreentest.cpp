@@ -1,5 +1,7 @@
 #include "editing/zoomboxform.h"
 #include "platform/engine/cuttingproxy.h"
+#include "platform/profile/profile.h"
+#include "settings/settings.h"
 #include "workgroupprogram.h"
 
 #include <QToolButton>
@@ -65,7 +67,9 @@ private Q_SLOTS:
         m_proxy = std::make_unique<CuttingProxy>(TestServer::Get().Port());
         m_direct = m_program->folders.Path(QStringLiteral("direct.mdb"));
         Link(m_direct, TestServer::Get().Uri(m_planner));
-        Link(m_program->folders.Path(m_program->File), TestServer::Get().TcpUri(m_planner, m_proxy->Port()));
+        const QString through = TestServer::Get().TcpUri(m_planner, m_proxy->Port());
+        Link(m_program->folders.Path(m_program->File), through);
+        RememberServer(through);
         OthersWrite(m_program->Key, "old");
         m_program->Start();
         m_program->Open(m_program->File, true);
@@ -75,6 +79,35 @@ private Q_SLOTS:
     {
         m_program.reset();
         m_proxy.reset();
+    }
+
+    // Whoever writes a link could have the program log in anywhere.
+    void AServerNotSeenBeforeIsAskedAbout()
+    {
+        const QString address = TestServer::Get().Uri(m_planner);
+        WritePrivateProfileStringA(QStringLiteral("Known Servers"), DBEngine::ServerOf(address), QStringLiteral("0"),
+                                   settings::PlannerIni.toString());
+        const auto sessions = [] {
+            return TestServer::Get().Ask(
+                QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"));
+        };
+        const auto open = [this](int answer) {
+            SeenBox seen;
+            AnswerNextFileDialog(m_direct);
+            Program::AnswerOpenAs(true);
+            AnswerNextBox(answer, &seen);
+            m_program->Trigger("mnuOpen");
+            m_program->Activate();
+            return seen.Text;
+        };
+        const QStringList before = sessions();
+        QVERIFY2(open(msgbox::No).contains(address), "it must tell where the link leads");
+        QCOMPARE(sessions(), before);
+        QVERIFY(g_sDBPath.isEmpty());
+        open(msgbox::Yes);
+        QCOMPARE(Shown(), QStringLiteral("old"));
+        m_program->Open(QFileInfo(m_direct).fileName(), true); // no question
+        QCOMPARE(Shown(), QStringLiteral("old"));
     }
 
     // While the connection is broken the planner is open to others; a note of theirs must outlive our save.

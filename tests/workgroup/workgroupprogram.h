@@ -1,6 +1,7 @@
 // The program with a workgroup's planner in a file or on a server, in March 1999: the 17th stands in cell 18.
 #pragma once
 
+#include "plannerfile/knownservers.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/engine/enginetesting.h"
@@ -29,7 +30,10 @@ public:
         for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
             planner.Append(table);
         planner.Close();
-        return onServer ? TestServer::Get().Take(folders.Path(File)) : QString();
+        if (!onServer) return {};
+        const QString name = TestServer::Get().Take(folders.Path(File));
+        RememberServer(TestServer::Get().Uri(name));
+        return name;
     }
 
     using Program::Box;

@@ -1,6 +1,7 @@
 #include "platform/engine/dbengine.h"
 
 #include "platform/engine/moving.h"
+#include "platform/engine/postgres/planneraddress.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/store.h"
 #include "platform/engine/storekinds.h"
@@ -58,6 +59,16 @@ RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& ta
 void MoveToServer(const QString& path, const QString& uri)
 {
     moving::ToServer(path, uri);
+}
+
+QString LinkedAddress(const QString& path)
+{
+    return moving::LinkedAddress(path);
+}
+
+QString ServerOf(const QString& uri)
+{
+    return PlannerAddress(uri).Server();
 }
 
 // One store that fails does not keep the others waiting.

@@ -63,6 +63,11 @@ RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& ta
 // the errors of OpenDatabase. After an error all is as it was.
 void MoveToServer(const QString& path, const QString& uri);
 
+// Where a link leads, as MoveToServer takes it; empty for a planner that lies in its file. Nothing is connected. 3024,
+// 3343.
+QString LinkedAddress(const QString& path);
+QString ServerOf(const QString& uri); // host and port. 3343
+
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
 

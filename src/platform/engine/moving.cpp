@@ -127,6 +127,11 @@ void ReplaceByLink(const QString& planner, const PlannerAddress& address)
 } // namespace
 
 namespace moving {
+QString LinkedAddress(const QString& path)
+{
+    return KindOf(path).Open == plannerlink::Open ? plannerlink::Read(path).Uri() : QString();
+}
+
 void ToServer(const QString& path, const QString& uri)
 {
     const PlannerAddress address(uri);

@@ -8,5 +8,6 @@ class Store;
 
 namespace moving {
 void ToServer(const QString& path, const QString& uri);
+QString LinkedAddress(const QString& path);
 void ToFile(Store& from, const QString& path);
 } // namespace moving

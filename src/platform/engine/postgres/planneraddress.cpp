@@ -105,6 +105,12 @@ QString PlannerAddress::Uri() const
                : QString(text).replace(QLatin1StringView("postgresql:"), QLatin1StringView("postgresql://"));
 }
 
+QString PlannerAddress::Server() const
+{
+    const QString host = m_values.value(QStringLiteral("host"), QStringLiteral("localhost"));
+    return host.toLower() + u':' + m_values.value(QStringLiteral("port"), QStringLiteral("5432"));
+}
+
 QString PlannerAddress::Planner() const
 {
     return m_values.value(PlannerName, PlannerName);

@@ -15,6 +15,7 @@ public:
     explicit PlannerAddress(const QString& uri);
 
     QString Uri() const;
+    QString Server() const; // host and port
     QString Planner() const;
     QString Schema() const;         // the planner's own among those of the database
     std::string Connection() const; // for the client library
