@@ -45,7 +45,7 @@ public:
         QByteArray name;
         jetstream::Type type;
     };
-    using Row = std::vector<std::optional<QByteArray>>; // a boolean is null for false
+    using Row = std::vector<std::optional<QByteArray>>; // a boolean is null for false; later columns may be left out
 
     explicit Jet3File(quint16 codePage) : m_codePage(codePage), m_pages(FirstFree, QByteArray(PageSize, '\0')) {}
 
@@ -127,9 +127,9 @@ private:
 
     QByteArray RowBytes(const std::vector<Column>& columns, const Row& row)
     {
-        QByteArray fixed, texts, offsets, present((static_cast<qsizetype>(columns.size()) + 7) / 8, '\0');
+        QByteArray fixed, texts, offsets, present((static_cast<qsizetype>(row.size()) + 7) / 8, '\0');
         std::vector<QByteArray> variable;
-        for (std::size_t i = 0; i < columns.size(); ++i) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
             const auto& value = row[i];
             if (value) present[static_cast<qsizetype>(i / 8)] |= static_cast<char>(1 << i % 8);
             if (IsFixed(columns[i].type))
@@ -144,8 +144,7 @@ private:
             texts += value;
         }
         offsets.prepend(static_cast<char>(1 + fixed.size() + texts.size()));
-        return static_cast<char>(columns.size()) + fixed + texts + offsets + static_cast<char>(variable.size()) +
-               present;
+        return static_cast<char>(row.size()) + fixed + texts + offsets + static_cast<char>(variable.size()) + present;
     }
 
     void WriteTable(quint32 page, const std::vector<Column>& columns, const std::vector<Row>& rows)

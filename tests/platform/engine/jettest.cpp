@@ -5,6 +5,7 @@
 #include "platform/desktop/folders.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jetreader.h"
+#include "platform/engine/sqlite/openfiles.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -160,6 +161,25 @@ private Q_SLOTS:
         QCOMPARE(Content(m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.old2.mdb"))), old);
     }
 
+    void ARowOlderThanItsLastColumnsLacksThem()
+    {
+        std::vector<Jet3File::Column> columns = {{"qmtDate", jetstream::Text}, {"qmtText", jetstream::Memo}};
+        Jet3File::Row whole = {"1997/1/1", "new"};
+        for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "qmtFontBold"}) {
+            columns.push_back({name, jetstream::Boolean});
+            whole.push_back("");
+        }
+        columns.push_back({"qmtPadding", jetstream::Memo});
+        whole.push_back("dots");
+        Jet3File file(1252);
+        file.AddTable("QMT Table", columns, {whole, {"1996/1/1", "old"}}); // behind the second lie bytes of the first
+        SetContent(m_path, file.Bytes());
+        QString text;
+        QVERIFY2(Convert(&text) == 0, qPrintable(text));
+        QCOMPARE(Ask(m_path, "SELECT qmtText, qmtFontBold, coalesce(qmtPadding, 'null') FROM \"QMT Table\""),
+                 QList<QByteArrayList>({{"new", "1", "dots"}, {"old", "0", "null"}}));
+    }
+
     void TextsArePatchedInAndComeOut_data()
     {
         QTest::addColumn<QByteArray>("before");
@@ -249,6 +269,19 @@ private Q_SLOTS:
         QVERIFY2(text.contains(word), qPrintable(text));
         QCOMPARE(Content(m_path), bytes);
         QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
+    }
+
+    void WhoHasItOpenInTheOlderEngineKeepsIt()
+    {
+        constexpr off_t userByte = 0x10000001;
+        ByteLocks others(LockFileOf(m_path), 0600, ::getgid());
+        QVERIFY(others.TryLock(userByte, ByteLocks::Exclusive));
+        QString text;
+        QCOMPARE(Convert(&text), InUse);
+        QVERIFY2(text.contains(QLatin1StringView("older engine")), qPrintable(text));
+        QCOMPARE(Content(m_path), m_sample);
+        others.Unlock(userByte);
+        QCOMPARE(Convert(), 0);
     }
 
     void NoReaderIsWaitedForOrBelieved_data()

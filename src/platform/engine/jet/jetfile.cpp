@@ -6,6 +6,7 @@
 #include "platform/engine/moving.h"
 #include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/engine/tablepages.h"
@@ -53,6 +54,17 @@ void Compare(Store& to, JetRows&& from)
         throw RunTimeError{InputOutput, QStringLiteral("What was converted is not what was read back.")};
 }
 
+// The older engine's users lock bytes of the same file of locks, all of them below ours. Who had it open when the new
+// planner takes its place would write into a file without a name.
+std::shared_ptr<ByteLocks> ClaimFromAll(const QString& planner)
+{
+    auto claim = ClaimAlone(planner);
+    if (claim->IsLockedElsewhere(0, plannerformat::OpenModeByte))
+        throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; a program of the older engine has it open.")
+                                      .arg(QFileInfo(planner).fileName())};
+    return claim;
+}
+
 bool IsSameState(const struct stat& a, const struct stat& b)
 {
     return a.st_ino == b.st_ino && a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
@@ -70,7 +82,7 @@ void Compact(const QString& from, const QString& to, const std::vector<TableDef>
 {
     const struct stat before = StatusOfFile(from);
     const QString planner = RealPath(from), name = QFileInfo(from).fileName();
-    const auto claim = ClaimAlone(planner);
+    const auto claim = ClaimFromAll(planner);
     if (!QFileInfo(planner).isWritable())
         throw RunTimeError{ReadOnlyFile, QStringLiteral("You have no permission to write '%1'.").arg(name)};
     moving::NewFile(to, [&](Store& file) {
@@ -87,7 +99,7 @@ QString Replace(const QString& scratch, const QString& target)
     StatusOfFile(scratch);
     const struct stat status = StatusOfFile(target);
     const QString planner = RealPath(target), source = RealPath(scratch);
-    const auto claim = ClaimAlone(planner);
+    const auto claim = ClaimFromAll(planner);
     SqliteConnection(source).CheckHead();
     const ScratchFile fresh(planner + QLatin1StringView(".new"), status);
     compacting::CopyWhole(source, fresh.Path());

@@ -66,7 +66,7 @@ bool Table::EachRow(Take&& take)
         int start = 0;
         std::size_t size = 0;
         if (mdb_find_row(&m_file, static_cast<int>(m_table.cur_row) - 1, &start, &size) != 0 ||
-            mdb_crack_row(&m_table, start & OffsetBits, size, values.data()) != static_cast<int>(m_table.num_cols))
+            mdb_crack_row(&m_table, start & OffsetBits, size, values.data()) < 0)
             return false;
         take(std::span<const MdbField>(values.data(), m_table.num_cols));
     }
