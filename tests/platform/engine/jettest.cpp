@@ -77,6 +77,7 @@ class JetTest : public QObject
             QFile::link(QStringLiteral(READER), reader);
             return;
         }
+        if (script == "none") return;
         SetContent(reader, "#!/bin/sh\n" + script + "\n");
         QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
     }
@@ -289,6 +290,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("script");
         QTest::newRow("silent") << QByteArray("exec sleep 100");
         QTest::newRow("endless") << QByteArray("exec yes");
+        QTest::newRow("no program") << QByteArray("none");
         QTest::newRow("dead") << QByteArray("kill -9 $$");
         QTest::newRow("unfinished") << QByteArray("\"" READER "\" \"$@\" | head -c 3000");
         QTest::newRow("with a table of its own")

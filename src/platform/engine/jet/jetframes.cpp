@@ -59,7 +59,9 @@ QByteArray JetFrames::Receive(qint64 size)
     // Room is taken for what has come, never for what is announced.
     while (m_source.bytesAvailable() < size) {
         const auto wait = std::min<qint64>(m_forSilence.count(), m_until.remainingTime());
-        if (wait <= 0 || !m_source.waitForReadyRead(static_cast<int>(wait))) jeterrors::RaiseDamaged(m_name);
+        // What a reader leaves at its end comes without a word.
+        if (wait <= 0 || (!m_source.waitForReadyRead(static_cast<int>(wait)) && m_source.bytesAvailable() < size))
+            jeterrors::RaiseDamaged(m_name);
     }
     return m_source.read(size);
 }

@@ -18,15 +18,6 @@ std::chrono::milliseconds g_patience = Patience;
 // than one of the file.
 constexpr qint64 BytesPerByte = 4;
 constexpr qint64 BytesOfDefinitions = 1 << 20;
-
-QString Program()
-{
-    const QString program = folders::ShippedProgram(QStringLiteral("orrelin-readjet"));
-    if (program.isEmpty())
-        throw RunTimeError{engineerrors::NotADatabase,
-                           QStringLiteral("The part of Orrelin that reads older planners is not installed.")};
-    return program;
-}
 } // namespace
 
 JetReader::JetReader(const QString& path, const QStringList& tables)
@@ -37,7 +28,10 @@ JetReader::JetReader(const QString& path, const QStringList& tables)
     m_process.setProcessEnvironment(environment);
     m_process.setStandardInputFile(path);
     m_process.setStandardErrorFile(QProcess::nullDevice());
-    m_process.start(Program(), tables);
+    m_process.start(folders::ShippedProgram(QStringLiteral("orrelin-readjet")), tables);
+    if (!m_process.waitForStarted())
+        throw RunTimeError{engineerrors::NotADatabase,
+                           QStringLiteral("The part of Orrelin that reads older planners is not installed.")};
     m_frames.emplace(m_process, file.fileName(),
                      JetFrames::Limits{BytesOfDefinitions + BytesPerByte * file.size(), g_patience, Longest});
 }

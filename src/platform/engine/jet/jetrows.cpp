@@ -35,7 +35,7 @@ const TableDef* JetRows::NextTable()
 {
     auto from = m_reader.Frames().Table();
     if (!from) {
-        if (!m_isPlanner) jeterrors::RaiseNoPlanner(m_name, m_expected.front().Name);
+        if (!m_isPlanner) jeterrors::RaiseNoPlanner(m_name, NamesOf(m_expected).value(0));
         return nullptr;
     }
     m_from = std::move(*from);
