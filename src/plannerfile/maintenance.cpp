@@ -27,6 +27,19 @@ QString PlaceOfBackups()
         .arg(BackupFolder());
 }
 
+std::vector<TableDef> AllTables()
+{
+    return {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+}
+
+QString DescribeKept(const QString& oldPlanner)
+{
+    if (oldPlanner.isEmpty()) return {};
+    return QStringLiteral(
+               "The planner was of an older kind and has been converted. The old one is kept beside it as %1.")
+        .arg(QFileInfo(oldPlanner).fileName());
+}
+
 QString Describe(const DBEngine::RepairReport& report)
 {
     if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.");
@@ -70,13 +83,15 @@ void Maintenance::mnuCompact_Click()
         const QString file = m_dialog.FileName;
         const QString scratch = folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
         SetMousePointer(mousepointer::Hourglass);
+        QString kept;
         {
             const DBEngine::AloneWith alone(file);
-            DBEngine::CompactDatabase(file, scratch);
-            DBEngine::ReplaceDatabase(scratch, file);
+            DBEngine::CompactDatabase(file, scratch, AllTables());
+            kept = DBEngine::ReplaceDatabase(scratch, file);
         }
         SetMousePointer(mousepointer::Default);
-        MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"));
+        MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"),
+               DescribeKept(kept));
     });
 }
 
@@ -85,8 +100,7 @@ void Maintenance::mnuRepair_Click()
     const auto repair = [&] {
         if (!ChooseFile("Access (*.mdb)|*.mdb")) return;
         SetMousePointer(mousepointer::Hourglass);
-        const auto report = DBEngine::RepairDatabase(
-            m_dialog.FileName, {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()});
+        const auto report = DBEngine::RepairDatabase(m_dialog.FileName, AllTables());
         SetMousePointer(mousepointer::Default);
         MsgBox(QStringLiteral("Database repaired successfully"), msgbox::Information, QStringLiteral("Repair"),
                Describe(report));

@@ -81,6 +81,34 @@ private Q_SLOTS:
         QCOMPARE(cancelled.Text, text + QStringLiteral("Cancel was selected."));
     }
 
+    void APlannerOfTheOlderEngineIsConverted()
+    {
+        QDir(m_program->folders.Path({})).mkdir(QStringLiteral("shipped"));
+        QFile::link(QStringLiteral(READER), m_program->folders.Path(QStringLiteral("shipped/orrelin-readjet")));
+        QFile::copy(QStringLiteral(SAMPLE), Path());
+        desktopclock::SetForTests(QDateTime(QDate(2003, 1, 15), QTime(9, 30)));
+        m_program->Start();
+        SeenBox refused;
+        AnswerNextFileDialog(Path());
+        Program::AnswerOpenAs(false);
+        AnswerNextBox(msgbox::Ok, &refused);
+        m_program->Trigger("mnuOpen");
+        QVERIFY2(refused.Text.contains(QStringLiteral("Compact Database in the File menu")), qPrintable(refused.Text));
+        QVERIFY(!HasPlanner());
+        QString second;
+        AnswerNextFileDialog(Path());
+        OnNextModal<QMessageBox>([&](QMessageBox& box) {
+            QCOMPARE(box.text(), QStringLiteral("Database compressed OK"));
+            second = box.informativeText();
+            box.accept();
+        });
+        m_program->Trigger("mnuCompact");
+        QVERIFY2(second.contains(QStringLiteral("notes.old.mdb")), qPrintable(second));
+        m_program->Open(QStringLiteral("notes.mdb"));
+        const QString text = m_program->Box(m_program->CellOf(15)).Text();
+        QVERIFY2(text.startsWith(QStringLiteral("Line 0 of a long day, bold and italic")), qPrintable(text.left(60)));
+    }
+
     void ADamagedPlannerIsRepairedAndKept()
     {
         MakePlanner();

@@ -38,6 +38,14 @@ const QString& PathOf(Folder& folder, const QString& nameInRoot)
     return folder.Path;
 }
 
+QString Brought(const QString& name, const QString& installed)
+{
+    if (!g_root.isEmpty()) return filesystem::Find(g_root + QStringLiteral("/shipped/") + name);
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString beside = filesystem::Find(program.filePath(name));
+    return beside.isEmpty() ? filesystem::Find(program.filePath(installed + name)) : beside;
+}
+
 // A folder of the application directory that begins with what the program brings for it. It comes under its name when
 // it is complete: one that was cut short would never be filled.
 QString Stocked(const QString& name)
@@ -75,10 +83,12 @@ QString folders::IconsDirectory()
 
 QString folders::Shipped(const QString& name)
 {
-    if (!g_root.isEmpty()) return filesystem::Find(g_root + QStringLiteral("/shipped/") + name);
-    const QDir program(QCoreApplication::applicationDirPath());
-    const QString beside = filesystem::Find(program.filePath(name));
-    return beside.isEmpty() ? filesystem::Find(program.filePath(QStringLiteral("../share/orrelin/") + name)) : beside;
+    return Brought(name, QStringLiteral("../share/orrelin/"));
+}
+
+QString folders::ShippedProgram(const QString& name)
+{
+    return Brought(name, QStringLiteral("../lib/orrelin/"));
 }
 
 void folders::SetRootForTests(const QString& root)

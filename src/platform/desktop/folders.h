@@ -15,6 +15,9 @@ QString IconsDirectory(); // the small pictures of the sidebar
 // puts it; empty if it is in neither place. Tests have theirs in the folder "shipped" instead.
 QString Shipped(const QString& name);
 
+// The same for a program that only ours starts.
+QString ShippedProgram(const QString& name);
+
 // Puts all folders under the given one; an empty text goes back to the real ones.
 void SetRootForTests(const QString& root);
 } // namespace folders

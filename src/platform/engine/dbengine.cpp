@@ -41,14 +41,14 @@ void DeleteDatabase(const QString& path)
 
 AloneWith::AloneWith(const QString& path) : m_claim(OfKind(path, &StoreKind::Claim)(path)) {}
 
-void CompactDatabase(const QString& from, const QString& to)
+void CompactDatabase(const QString& from, const QString& to, const std::vector<TableDef>& tables)
 {
-    OfKind(from, &StoreKind::Compact)(from, to);
+    OfKind(from, &StoreKind::Compact)(from, to, tables);
 }
 
-void ReplaceDatabase(const QString& scratch, const QString& target)
+QString ReplaceDatabase(const QString& scratch, const QString& target)
 {
-    OfKind(target, &StoreKind::Replace)(scratch, target);
+    return OfKind(target, &StoreKind::Replace)(scratch, target);
 }
 
 RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables)

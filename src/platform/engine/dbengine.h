@@ -41,13 +41,15 @@ private:
 // disk, and with its mode and, where they can be given, its owner and group. 3204 if `to` exists, 3044 if its folder
 // does not, 3045 if anybody has `from` open, else the errors of OpenDatabase; 3343 where a full check of `from` finds
 // damage, since nothing may be left out in silence; 3026, 3043. After an error there is no `to`, and `from` is as it
-// was.
-void CompactDatabase(const QString& from, const QString& to);
+// was. A file of the older engine (docs/old-planners.md) is converted: of the given tables, the first of which makes it
+// a planner, all that are there.
+void CompactDatabase(const QString& from, const QString& to, const std::vector<TableDef>& tables = {});
 
 // Puts a planner that nobody has open, such as Compact makes, into the place of another and deletes it. The folders may
 // lie on different drives. The target keeps its mode and owner; whatever ends the program meanwhile, it is either the
-// old planner or the new one, whole. 3045, 3024, 3343, 3051, 3026, 3043: then both are as they were.
-void ReplaceDatabase(const QString& scratch, const QString& target);
+// old planner or the new one, whole. 3045, 3024, 3343, 3051, 3026, 3043: then both are as they were. A target of the
+// older engine is kept beside it instead, under the path that is returned; for others that is empty.
+QString ReplaceDatabase(const QString& scratch, const QString& target);
 
 // Repairs a planner in place. An undamaged one is left as it is. Else all rows that can still be read are put into a
 // new planner, and the damaged one is kept beside it under a free name. The tables are those that the caller expects: a

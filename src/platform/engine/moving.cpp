@@ -8,6 +8,7 @@
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/engine/storekinds.h"
+#include "platform/engine/tablepages.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -15,46 +16,6 @@
 namespace {
 using namespace engineerrors;
 using namespace wholefiles;
-
-class PagesOf
-{
-public:
-    PagesOf(Store& store, const TableDef& table) : m_store(store), m_table(table) {}
-
-    // The next rows in order of insertion, none at the end.
-    const std::vector<Row>& Next()
-    {
-        m_rows = m_store.Page(m_table, m_lastId);
-        if (!m_rows.empty()) m_lastId = m_rows.back().id;
-        return m_rows;
-    }
-
-private:
-    Store& m_store;
-    const TableDef& m_table;
-    std::vector<Row> m_rows;
-    qint64 m_lastId = 0;
-};
-
-class RowsOf
-{
-public:
-    RowsOf(Store& store, const TableDef& table) : m_pages(store, table) {}
-
-    const std::vector<QVariant>* Next()
-    {
-        if (m_page == nullptr || m_at == m_page->size()) {
-            m_page = &m_pages.Next();
-            m_at = 0;
-        }
-        return m_page->empty() ? nullptr : &(*m_page)[m_at++].values;
-    }
-
-private:
-    PagesOf m_pages;
-    const std::vector<Row>* m_page = nullptr;
-    std::size_t m_at = 0;
-};
 
 void Copy(Store& from, Store& to)
 {
@@ -88,16 +49,13 @@ void Compare(Store& from, Store& to)
     if (!alike) throw RunTimeError{InputOutput, QStringLiteral("What was copied is not what was read back.")};
 }
 
-void CopyAll(Store& from, Store& to)
+// Within a write of the second.
+void CopyAndCompare(Store& from, Store& to)
 {
     from.BeginRead(); // one state of all tables, whatever others do meanwhile
     const auto endRead = qScopeGuard([&] { from.EndRead(); });
-    to.BeginWrite();
-    auto rollback = qScopeGuard([&] { to.Rollback(); });
     Copy(from, to);
     Compare(from, to);
-    rollback.dismiss();
-    to.Commit();
 }
 
 QString FreeBackupOf(const QString& planner)
@@ -143,7 +101,11 @@ void ToServer(const QString& path, const QString& uri)
     PostgresStore server(address, QFileInfo(path).fileName(), true, PostgresStore::Planner::New);
     {
         SqliteStore file(planner, true, SqliteStore::File::Claimed);
-        CopyAll(file, server);
+        server.BeginWrite();
+        auto rollback = qScopeGuard([&] { server.Rollback(); });
+        CopyAndCompare(file, server);
+        rollback.dismiss();
+        server.Commit();
     }
     auto undo = qScopeGuard([&] {
         try {
@@ -158,7 +120,7 @@ void ToServer(const QString& path, const QString& uri)
     undo.dismiss();
 }
 
-void ToFile(Store& from, const QString& path)
+void NewFile(const QString& path, const std::function<void(Store&)>& write)
 {
     const QString fresh = path + QLatin1StringView(".new");
     ScratchFile::Remove(fresh);
@@ -170,10 +132,19 @@ void ToFile(Store& from, const QString& path)
         throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
     {
         const std::shared_ptr<Store> file = sqlitefile::Create(fresh);
-        CopyAll(from, *file);
+        file->BeginWrite();
+        auto rollback = qScopeGuard([&] { file->Rollback(); });
+        write(*file);
+        rollback.dismiss();
+        file->Commit();
     }
     Sync(fresh);
     RenameToFree(fresh, path);
     SyncFolderOf(path);
+}
+
+void ToFile(Store& from, const QString& path)
+{
+    NewFile(path, [&](Store& file) { CopyAndCompare(from, file); });
 }
 } // namespace moving

@@ -1,6 +1,7 @@
 #include "platform/engine/storekinds.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/jet/jetfile.h"
 #include "platform/engine/postgres/plannerlink.h"
 #include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
@@ -21,6 +22,8 @@ constexpr qsizetype HeadSize = 64;
 constexpr std::array Kinds = {
     StoreKind{plannerlink::IsLink, plannerlink::Refusal, plannerlink::Open, plannerlink::Delete, nullptr, nullptr,
               nullptr, nullptr},
+    StoreKind{jetfile::IsJet, jetfile::Refusal, nullptr, sqlitefile::Delete, sqlitefile::Claim, jetfile::Compact,
+              jetfile::Replace, nullptr},
     StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::Claim,
               compacting::Compact, compacting::Replace, repairing::Repair},
 };

@@ -94,9 +94,10 @@ void ByteLocks::Unlock(off_t byte)
     ::fcntl(m_descriptor, F_OFD_SETLK, &lock);
 }
 
-bool ByteLocks::IsLockedElsewhere(off_t byte) const
+bool ByteLocks::IsLockedElsewhere(off_t byte, off_t count) const
 {
     struct flock lock = OneByte(byte, F_WRLCK);
+    lock.l_len = count;
     return ::fcntl(m_descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 

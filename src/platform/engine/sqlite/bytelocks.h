@@ -27,7 +27,7 @@ public:
     bool TryLock(off_t byte, Mode mode);
     bool ChangeLock(off_t byte, Mode mode); // TryLock that takes any failure for a refusal
     void Unlock(off_t byte);
-    bool IsLockedElsewhere(off_t byte) const;
+    bool IsLockedElsewhere(off_t byte, off_t count = 1) const; // any of so many
 
     QByteArray Read(off_t at, qsizetype size) const; // shorter at the end of the file
     void Write(off_t at, const void* data, std::size_t size);

@@ -77,7 +77,7 @@ void RefuseExisting(const QString& to)
 } // namespace
 
 namespace compacting {
-void Compact(const QString& from, const QString& to)
+void Compact(const QString& from, const QString& to, const std::vector<TableDef>&)
 {
     RefuseExisting(to);
     const struct stat status = StatusOfFile(from);
@@ -95,7 +95,15 @@ void Compact(const QString& from, const QString& to)
     SyncFolderOf(to);
 }
 
-void Replace(const QString& scratch, const QString& target)
+void CopyWhole(const QString& planner, const QString& to)
+{
+    CopyInto(planner, to);
+    SqliteConnection copy(to);
+    copy.CheckHead();
+    copy.CheckWhole();
+}
+
+QString Replace(const QString& scratch, const QString& target)
 {
     StatusOfFile(scratch);
     const struct stat status = StatusOfFile(target);
@@ -108,14 +116,10 @@ void Replace(const QString& scratch, const QString& target)
         SqliteConnection(source).CheckHead();
     }
     const ScratchFile fresh(real + QLatin1StringView(".new"), status);
-    CopyInto(source, fresh.Path());
-    {
-        SqliteConnection copy(fresh.Path());
-        copy.CheckHead();
-        copy.CheckWhole();
-    }
+    CopyWhole(source, fresh.Path());
     const LibraryLock others(real);
     PutInPlace(fresh.Path(), real);
     ScratchFile::Remove(source);
+    return {};
 }
 } // namespace compacting

@@ -63,6 +63,19 @@ QString LockFileOf(const QString& planner)
     return (hasExtension ? planner.chopped(4) : planner) + QLatin1StringView(".ldb");
 }
 
+QString FreeNameBeside(const QString& planner, QLatin1StringView word)
+{
+    const bool hasExtension = planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
+    const QString stem = (hasExtension ? planner.chopped(4) : planner) + u'.' + word;
+    const QString extension = hasExtension ? planner.last(4) : QString();
+    QString name = stem + extension;
+    for (int number = 2; wholefiles::Exists(name) || wholefiles::Exists(wholefiles::JournalOf(name)) ||
+                         wholefiles::Exists(LockFileOf(name));
+         ++number)
+        name = stem + QString::number(number) + extension;
+    return name;
+}
+
 void RaiseInUse(const QString& planner, const ByteLocks& locks)
 {
     throw RunTimeError{engineerrors::InUse, QStringLiteral("Could not use '%1'; file already in use by %2.")

@@ -12,6 +12,9 @@
 // NAME.ldb beside NAME.mdb.
 QString LockFileOf(const QString& planner);
 
+// NAME.WORD.mdb beside NAME.mdb, else NAME.WORD2.mdb and so on: a name that no planner has, and nothing beside one.
+QString FreeNameBeside(const QString& planner, QLatin1StringView word);
+
 // Raises the 3045 that says who has the planner open.
 [[noreturn]] void RaiseInUse(const QString& planner, const ByteLocks& locks);
 

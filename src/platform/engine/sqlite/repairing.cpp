@@ -191,15 +191,7 @@ State& Repairer::Choose()
 
 QString Repairer::KeepDamaged() const
 {
-    const bool hasExtension = m_planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
-    const QString stem = hasExtension ? m_planner.chopped(4) : m_planner;
-    QString kept;
-    int number = 1;
-    do {
-        kept = stem + QLatin1StringView(".damaged") + (number > 1 ? QString::number(number) : QString()) +
-               (hasExtension ? m_planner.last(4) : QString());
-        ++number;
-    } while (Exists(kept) || Exists(JournalOf(kept)) || Exists(LockFileOf(kept)));
+    const QString kept = FreeNameBeside(m_planner, QLatin1StringView("damaged"));
     // The journal first, so that a planner of that name is never without it.
     if (Exists(JournalOf(m_planner))) CopyToFree(JournalOf(m_planner), JournalOf(kept), m_status);
     CopyToFree(m_planner, kept, m_status);

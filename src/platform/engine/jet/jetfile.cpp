@@ -1,0 +1,115 @@
+#include "platform/engine/jet/jetfile.h"
+
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/jet/jeterrors.h"
+#include "platform/engine/jet/jetrows.h"
+#include "platform/engine/moving.h"
+#include "platform/engine/sqlite/compacting.h"
+#include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/sqliteconnection.h"
+#include "platform/engine/sqlite/wholefiles.h"
+#include "platform/engine/tablepages.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace {
+using namespace engineerrors;
+using namespace wholefiles;
+
+constexpr QByteArrayView Mark("\0\1\0\0Standard Jet DB\0", 20);
+
+void Write(Store& to, JetRows&& from, const QString& name)
+{
+    try {
+        while (const TableDef* table = from.NextTable()) {
+            to.CreateTable(*table);
+            while (const auto row = from.NextRow())
+                to.Insert(*table, *row);
+        }
+    } catch (const RunTimeError& error) {
+        // The old engine keeps names and primary keys apart too.
+        if (error.Number == DuplicateKey || error.Number == TableExists) jeterrors::RaiseDamaged(name);
+        throw;
+    }
+}
+
+// The old file is read a second time and compared with what the new one gives back.
+void Compare(Store& to, JetRows&& from)
+{
+    int tables = 0;
+    bool alike = true;
+    while (const TableDef* table = from.NextTable()) {
+        ++tables;
+        RowsOf rows(to, *table);
+        for (auto row = from.NextRow(); row; row = from.NextRow()) {
+            const auto* written = rows.Next();
+            alike = alike && written && *written == *row;
+        }
+        alike = alike && !rows.Next();
+    }
+    if (!alike || tables != to.TableNames().size())
+        throw RunTimeError{InputOutput, QStringLiteral("What was converted is not what was read back.")};
+}
+
+// The older engine's users lock bytes of the same file of locks, all of them below ours. Who had it open when the new
+// planner takes its place would write into a file without a name.
+std::shared_ptr<ByteLocks> ClaimFromAll(const QString& planner)
+{
+    auto claim = ClaimAlone(planner);
+    if (claim->IsLockedElsewhere(0, plannerformat::OpenModeByte))
+        throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; a program of the older engine has it open.")
+                                      .arg(QFileInfo(planner).fileName())};
+    return claim;
+}
+
+bool IsSameState(const struct stat& a, const struct stat& b)
+{
+    return a.st_ino == b.st_ino && a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
+           a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+} // namespace
+
+namespace jetfile {
+bool IsJet(QByteArrayView head)
+{
+    return head.startsWith(Mark);
+}
+
+void Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected)
+{
+    const struct stat before = StatusOfFile(from);
+    const QString planner = RealPath(from), name = QFileInfo(from).fileName();
+    const auto claim = ClaimFromAll(planner);
+    if (!QFileInfo(planner).isWritable())
+        throw RunTimeError{ReadOnlyFile, QStringLiteral("You have no permission to write '%1'.").arg(name)};
+    moving::NewFile(to, [&](Store& file) {
+        Write(file, JetRows(planner, expected), name);
+        Compare(file, JetRows(planner, expected));
+        if (!IsSameState(before, StatusOf(planner)))
+            throw RunTimeError{InUse,
+                               QStringLiteral("Could not convert '%1'; another program has changed it.").arg(name)};
+    });
+}
+
+QString Replace(const QString& scratch, const QString& target)
+{
+    StatusOfFile(scratch);
+    const struct stat status = StatusOfFile(target);
+    const QString planner = RealPath(target), source = RealPath(scratch);
+    const auto claim = ClaimFromAll(planner);
+    SqliteConnection(source).CheckHead();
+    const ScratchFile fresh(planner + QLatin1StringView(".new"), status);
+    compacting::CopyWhole(source, fresh.Path());
+    const QString kept = FreeNameBeside(planner, QLatin1StringView("old"));
+    CopyToFree(planner, kept, status);
+    auto removeKept = qScopeGuard([&] { Unlink(kept); });
+    SyncFolderOf(kept);
+    PutInPlace(fresh.Path(), planner);
+    removeKept.dismiss();
+    ScratchFile::Remove(source);
+    return kept;
+}
+} // namespace jetfile

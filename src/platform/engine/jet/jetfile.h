@@ -1,0 +1,16 @@
+// Files of the older database engine: what can be done with them. Meaning and errors as in DBEngine; to open one is not
+// among it.
+#pragma once
+
+#include "platform/engine/tabledef.h"
+
+#include <QByteArrayView>
+
+namespace jetfile {
+inline constexpr const char16_t* Refusal =
+    u"'%1' is a file of the older database engine. Compact Database in the File menu converts it.";
+
+bool IsJet(QByteArrayView head);
+void Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected);
+QString Replace(const QString& scratch, const QString& target);
+} // namespace jetfile

@@ -1,0 +1,11 @@
+// A memo, which lies in its row only if it is short.
+#pragma once
+
+#include <glib.h> // first here, since the next would read it as C
+#include <mdbtools.h>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Nothing if its whole length is not there. The library's own way cuts it, or follows its pages for ever.
+std::optional<std::string> ReadLongValue(MdbHandle& file, std::string_view inRow);

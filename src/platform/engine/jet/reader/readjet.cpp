@@ -1,0 +1,171 @@
+// A process of its own that reads the database on its standard input and writes the tables whose names it is given into
+// its standard output, as jetstream.h says. It reads what anybody may have made, so it may do nothing else.
+#include "platform/engine/jet/reader/limits.h"
+#include "platform/engine/jet/reader/longvalue.h"
+#include "platform/engine/jet/reader/output.h"
+
+#include <sys/mman.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <span>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+constexpr int OffsetBits = 0x1FFF;
+
+class Table
+{
+public:
+    Table(MdbHandle& file, MdbTableDef& table) : m_file(file), m_table(table) {}
+
+    void SendDefinition() const;
+    // Every row goes to the function as its values; false if fewer can be read than the file counts.
+    template <typename Take>
+    bool EachRow(Take&& take);
+    void SendRow(std::span<const MdbField> values) const;
+
+private:
+    const MdbColumn& ColumnAt(std::size_t number) const
+    {
+        return *static_cast<const MdbColumn*>(g_ptr_array_index(m_table.columns, number));
+    }
+
+    MdbHandle& m_file;
+    MdbTableDef& m_table;
+};
+
+[[noreturn]] void RefuseDamaged(const MdbHandle& file)
+{
+    Refuse(file.f->db_key != 0 ? jetstream::Encoded : jetstream::Damaged);
+}
+
+void Table::SendDefinition() const
+{
+    Frame frame(jetstream::Table);
+    frame.AddText(m_table.name);
+    frame.AddNumber(m_table.num_cols, 2);
+    for (std::size_t i = 0; i < m_table.num_cols; ++i) {
+        frame.AddNumber(static_cast<std::uint32_t>(ColumnAt(i).col_type), 1);
+        frame.AddNumber(static_cast<std::uint32_t>(ColumnAt(i).col_size), 2);
+        frame.AddText(ColumnAt(i).name);
+    }
+    frame.Send();
+}
+
+template <typename Take>
+bool Table::EachRow(Take&& take)
+{
+    std::array<MdbField, MDB_MAX_COLS> values = {};
+    unsigned int rows = 0;
+    mdb_rewind_table(&m_table);
+    for (; mdb_fetch_row(&m_table); ++rows) {
+        int start = 0;
+        std::size_t size = 0;
+        if (mdb_find_row(&m_file, static_cast<int>(m_table.cur_row) - 1, &start, &size) != 0 ||
+            mdb_crack_row(&m_table, start & OffsetBits, size, values.data()) < 0)
+            return false;
+        take(std::span<const MdbField>(values.data(), m_table.num_cols));
+    }
+    return rows >= m_table.num_rows;
+}
+
+void Table::SendRow(std::span<const MdbField> values) const
+{
+    Frame frame(jetstream::Row);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const int type = ColumnAt(i).col_type;
+        if (type == jetstream::Boolean) {
+            frame.AddText(std::string_view(values[i].is_null ? "\0" : "\1", 1)); // its bit among those of null
+            continue;
+        }
+        if (values[i].is_null) {
+            frame.AddNull();
+            continue;
+        }
+        const std::string_view bytes(static_cast<const char*>(values[i].value),
+                                     values[i].siz > 0 ? static_cast<std::size_t>(values[i].siz) : 0);
+        const auto whole = type == jetstream::Memo ? ReadLongValue(m_file, bytes) : std::string(bytes);
+        if (!whole) RefuseDamaged(m_file);
+        frame.AddText(*whole);
+    }
+    frame.Send();
+}
+
+MdbTableDef* Find(MdbHandle& file, char* name, int kind)
+{
+    MdbTableDef* table = mdb_read_table_by_name(&file, name, kind);
+    if (table && (!mdb_read_columns(table) || table->num_cols > MDB_MAX_COLS || table->num_cols != table->columns->len))
+        RefuseDamaged(file);
+    return table;
+}
+
+// A table that the catalog has lost would pass for one that was never there.
+void CheckCatalog(MdbHandle& file)
+{
+    std::array name = std::to_array("MSysObjects");
+    MdbTableDef* catalog = Find(file, name.data(), MDB_ANY);
+    if (!catalog || !Table(file, *catalog).EachRow([](auto) {})) RefuseDamaged(file);
+}
+
+void SendTable(MdbHandle& file, char* name)
+{
+    MdbTableDef* found = Find(file, name, MDB_TABLE);
+    if (!found) return;
+    Table table(file, *found);
+    table.SendDefinition();
+    if (!table.EachRow([&](auto values) { table.SendRow(values); })) RefuseDamaged(file);
+}
+
+// The page of the head must still be the one that was read last.
+bool HasPassword(const MdbHandle& file)
+{
+    constexpr std::size_t PasswordAt = 0x42, DateAt = 0x72, Jet3Size = 20, Jet4Size = 40;
+    const unsigned char* const head = file.pg_buf;
+    const bool isJet3 = file.f->jet_version == MDB_VER_JET3;
+    std::array<unsigned char, 4> mask = {};
+    if (!isJet3) {
+        // Masked by the day that the file was made.
+        const double day = mdb_get_double(const_cast<unsigned char*>(head), DateAt);
+        const auto whole = day > 0 && day < 1e9 ? static_cast<std::uint32_t>(day) : 0;
+        for (std::size_t i = 0; i < mask.size(); ++i)
+            mask[i] = static_cast<unsigned char>(whole >> 8 * i);
+    }
+    for (std::size_t i = 0; i < (isJet3 ? Jet3Size : Jet4Size); ++i)
+        if (head[PasswordAt + i] != mask[i % mask.size()]) return true;
+    return false;
+}
+
+MdbHandle& Open()
+{
+    struct stat status = {};
+    if (::fstat(STDIN_FILENO, &status) != 0 || status.st_size <= 0) Refuse(jetstream::Unreadable);
+    const auto size = static_cast<std::size_t>(status.st_size);
+    if (!LimitResources(size)) Refuse(jetstream::Unprotected);
+    void* bytes = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, STDIN_FILENO, 0);
+    if (bytes == MAP_FAILED) Refuse(jetstream::Unreadable);
+    // The library loads its tables of characters here, and looks at nothing of the file but the head.
+    MdbHandle* file = mdb_open_buffer(bytes, size, MDB_NOFLAGS);
+    if (!file || file->f->jet_version > MDB_VER_JET4) Refuse(jetstream::Unreadable);
+    if (!GiveUpTheSystem()) Refuse(jetstream::Unprotected);
+    return *file;
+}
+} // namespace
+
+int main(int count, char** words)
+{
+    MdbHandle& file = Open();
+    if (HasPassword(file)) Refuse(jetstream::Password);
+    Frame head(jetstream::Head);
+    head.AddNumber(file.f->jet_version, 1);
+    head.AddNumber(file.f->code_page, 2);
+    head.Send();
+    CheckCatalog(file);
+    for (char* name : std::span(words, static_cast<std::size_t>(count)).subspan(1))
+        SendTable(file, name);
+    Frame(jetstream::End).Send();
+    ::_exit(EXIT_SUCCESS); // what the library holds goes with the process
+}

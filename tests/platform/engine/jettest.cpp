@@ -1,0 +1,363 @@
+// Planners of the older engine: converted whole or not at all, whatever the file is and whatever ends it.
+#include "damagetesting.h"
+#include "jet3file.h"
+#include "plannerfile/schema.h"
+#include "platform/desktop/folders.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/jet/jetreader.h"
+#include "platform/engine/sqlite/openfiles.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+using namespace engineerrors;
+
+namespace {
+const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+
+QByteArray RichText(const QByteArray& body)
+{
+    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}}\r\n"
+           "\\viewkind4\\uc1\\pard\\f0\\fs20 " +
+           body + "\\par\r\n}\r\n";
+}
+
+QByteArray Wide(const QString& text)
+{
+    QByteArray bytes;
+    for (const QChar character : text)
+        bytes += LittleEndian(character.unicode());
+    return bytes;
+}
+
+const std::vector<Jet3File::Column> noteColumns = {
+    {"qmtDate", jetstream::Text},        {"qmtFontSize", jetstream::Single}, {"QMTTEXT", jetstream::Memo},
+    {"qmtFontBold", jetstream::Boolean}, {"Database Date", jetstream::Date}, {"ours", jetstream::Text}};
+
+// Notes of every length in the code page of Central Europe, and no table but theirs.
+QByteArray Jet3Planner(int longest)
+{
+    std::vector<Jet3File::Row> rows;
+    for (int size = 10; size <= longest; size *= 3)
+        rows.push_back({"1997/1/" + QByteArray::number(size), LittleEndian(8.25f),
+                        QByteArray("\x9Elu\x9D").repeated(size / 4),
+                        size % 20 ? std::nullopt : std::optional<QByteArray>(""), LittleEndian(35431.5), std::nullopt});
+    Jet3File file(1250);
+    file.AddTable("qmt table", noteColumns, rows);
+    return file.Bytes();
+}
+} // namespace
+
+class JetTest : public QObject
+{
+    Q_OBJECT
+
+    std::optional<QTemporaryDir> m_folder;
+    QString m_path, m_dummy, m_kept;
+    QByteArray m_sample;
+
+    int Convert(QString* text = nullptr) const
+    {
+        return ErrorOf(
+            [this] {
+                const DBEngine::AloneWith alone(m_path);
+                DBEngine::CompactDatabase(m_path, m_dummy, tables);
+                DBEngine::ReplaceDatabase(m_dummy, m_path);
+            },
+            text);
+    }
+    QStringList Planners() const { return QDir(m_folder->path()).entryList({QStringLiteral("*.mdb*")}, QDir::Files); }
+    QList<QByteArrayList> Notes() const { return Ask(m_path, "SELECT qmtDate, qmtText FROM \"QMT Table\" ORDER BY 1"); }
+    void UseReader(const QByteArray& script) const
+    {
+        const QString reader = m_folder->filePath(QStringLiteral("shipped/orrelin-readjet"));
+        QFile::remove(reader);
+        if (script.isEmpty()) {
+            QFile::link(QStringLiteral(READER), reader);
+            return;
+        }
+        if (script == "none") return;
+        SetContent(reader, "#!/bin/sh\n" + script + "\n");
+        QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder.emplace();
+        m_path = m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.mdb")); // any name at all
+        m_kept = m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.old.mdb"));
+        m_dummy = m_folder->filePath(QStringLiteral("dummy.mdb"));
+        QDir(m_folder->path()).mkdir(QStringLiteral("shipped"));
+        folders::SetRootForTests(m_folder->path());
+        UseReader({});
+        m_sample = Content(QStringLiteral(SAMPLE));
+        SetContent(m_path, m_sample);
+    }
+    void cleanup() { folders::SetRootForTests({}); }
+
+    void AnOldPlannerIsConvertedWholeAndKept()
+    {
+        QString text;
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }, &text), NotSupported);
+        QVERIFY2(text.contains(QLatin1StringView("Compact")), qPrintable(text));
+        QCOMPARE(Convert(&text), 0);
+        QCOMPARE(Content(m_kept), m_sample);
+        const QByteArray dots(1005, '.');
+        QByteArray longDay;
+        for (int line = 0; line < 400; ++line)
+            longDay +=
+                "Line " + QByteArray::number(line) + " of a long day, \\b bold\\b0  and \\i italic\\i0 .\\par\r\n";
+        const QList<QByteArrayList> notes = {
+            {"1999/12/31", RichText("Year's end \\b party\\b0  at 9"), ""},
+            {"2000/2/29", RichText("Leap day \\b meeting\\b0  at 9:00"), ""},
+            {"2001/7/4", RichText("caf\\'e9 \\u8364?100 \\ul under\\ulnone"), dots},
+            {"2003/1/15", RichText(longDay), dots},
+            {"2003/1/Memo2", "Plain text note, not RTF.\r\nSecond line.", ""},
+            {"2004/5/6", RichText("\\u382?lu\\u357?ou\\u269?k\\u253?  \\u26085?\\u26412?\\u-30050?"), dots},
+        };
+        QCOMPARE(Ask(m_path, "SELECT qmtDate, qmtText, qmtPadding FROM \"QMT Table\" ORDER BY 1"), notes);
+        const QList<QByteArrayList> alarms = {
+            {"2001/7/4", "09:05", RichText("Breakfast"), "", "chimes.wav", "0"},
+            {"2001/7/4", "9:30", RichText("Old form of time"), "", "canyon.mid", "1"},
+            {"1999/12/31", "00:00", RichText("Midnight"), "", "", "0"},
+        };
+        QCOMPARE(Ask(m_path, "SELECT \"Alarm Date\", \"Alarm Time\", \"Alarm Note\", \"Alarm Music\", \"Music Path\", "
+                             "Silence FROM \"Alarm Table\""),
+                 alarms);
+        const QList<QByteArrayList> events = {
+            {"1999/9/1", "1999/12/1", "WEEKLY", RichText("Choir")},
+            {"2000/2/29", "2010/2/28", "YEARLY", RichText("Leap birthday")},
+        };
+        QCOMPARE(
+            Ask(m_path, "SELECT \"Start Date\", \"End Date\", Frequency, \"Recursion Text\" FROM \"Recursion Table\""),
+            events);
+        Database planner = DBEngine::OpenDatabase(m_path);
+        Recordset days = schema::OpenNotes(planner);
+        QVERIFY(days.Fields(QStringLiteral("qmtFontSize")).isNull());
+        QCOMPARE(days.Fields(QStringLiteral("qmtFontBold")), QVariant(false));
+        Write(days, QStringLiteral("2005/1/1"), "new");
+        QCOMPARE(Read(days, QStringLiteral("2005/1/1")), QByteArray("new"));
+    }
+
+    void NotesOfTheThirdVersionComeInTheirCodePage()
+    {
+        const QByteArray old = Jet3Planner(200000); // more than any 16 bits count
+        SetContent(m_path, old);
+        SetContent(m_kept, "mine");
+        QString text;
+        QVERIFY2(Convert(&text) == 0, qPrintable(text));
+        const auto notes = Notes();
+        QCOMPARE(notes.size(), 10);
+        for (const auto& note : notes)
+            QCOMPARE(note[1], QByteArray("žluť").repeated(note[0].mid(7).toInt() / 4));
+        QCOMPARE(Ask(m_path, "SELECT DISTINCT qmtFontSize, \"Database Date\", qmtFontName IS NULL FROM \"QMT Table\""),
+                 QList<QByteArrayList>({{"8.25", "1997-01-01 12:00:00.000", "1"}}));
+        QCOMPARE(Ask(m_path, "SELECT count(*) FROM \"QMT Table\" WHERE qmtFontBold"), QList<QByteArrayList>({{"0"}}));
+        // Tables that it lacks are asked for when it is opened, as with any older planner.
+        Database planner = DBEngine::OpenDatabase(m_path);
+        QCOMPARE(planner.TableNames(), QStringList(schema::Notes));
+        QCOMPARE(Content(m_kept), QByteArray("mine"));
+        QCOMPARE(Content(m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.old2.mdb"))), old);
+    }
+
+    void ARowOlderThanItsLastColumnsLacksThem()
+    {
+        std::vector<Jet3File::Column> columns = {{"qmtDate", jetstream::Text}, {"qmtText", jetstream::Memo}};
+        Jet3File::Row whole = {"1997/1/1", "new"};
+        for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "qmtFontBold"}) {
+            columns.push_back({name, jetstream::Boolean});
+            whole.push_back("");
+        }
+        columns.push_back({"qmtPadding", jetstream::Memo});
+        whole.push_back("dots");
+        Jet3File file(1252);
+        file.AddTable("QMT Table", columns, {whole, {"1996/1/1", "old"}}); // behind the second lie bytes of the first
+        SetContent(m_path, file.Bytes());
+        QString text;
+        QVERIFY2(Convert(&text) == 0, qPrintable(text));
+        QCOMPARE(Ask(m_path, "SELECT qmtText, qmtFontBold, coalesce(qmtPadding, 'null') FROM \"QMT Table\""),
+                 QList<QByteArrayList>({{"new", "1", "dots"}, {"old", "0", "null"}}));
+    }
+
+    void TextsArePatchedInAndComeOut_data()
+    {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("patch");
+        QTest::addColumn<QByteArray>("note");
+        QTest::newRow("bytes of rich text")
+            << Wide(QStringLiteral("Leap day")) << Wide(QStringLiteral("L\u20acap d\u00e9y"))
+            << RichText("L\x80"
+                        "ap d\xE9y \\b meeting\\b0  at 9:00");
+        const QString plain = QStringLiteral("Plain text note, not RTF.\r\nSecond line.");
+        QByteArray shortened = QByteArray("\xFF\xFE"
+                                          "caf\xE9 \0\x7E\x01\0 and ",
+                                          16);
+        shortened += QByteArray(plain.size() * 2 - shortened.size(), 'x');
+        QTest::newRow("shortened") << Wide(plain) << shortened << QByteArray("café ž and ") + QByteArray(62, 'x');
+    }
+
+    void TextsArePatchedInAndComeOut()
+    {
+        QFETCH(QByteArray, before);
+        QFETCH(QByteArray, patch);
+        QFETCH(QByteArray, note);
+        QCOMPARE(m_sample.count(before), 1);
+        SetContent(m_path, QByteArray(m_sample).replace(before, patch));
+        QCOMPARE(Convert(), 0);
+        const auto notes = Notes();
+        QVERIFY(std::ranges::any_of(notes, [&](const auto& row) { return row[1] == note; }));
+    }
+
+    void AnEncodedPlannerIsRead()
+    {
+        QByteArray encoded = m_sample;
+        constexpr quint32 key = 0x5EED1234;
+        constexpr qsizetype pageSize = 4096;
+        for (qsizetype page = 1; page * pageSize < encoded.size(); ++page)
+            Rc4(encoded, page * pageSize, pageSize, LittleEndian(key ^ static_cast<quint32>(page)));
+        const auto withKey = [&](quint32 told) {
+            QByteArray file = encoded;
+            for (int i = 0; i < 4; ++i)
+                file[0x3E + i] = static_cast<char>(file[0x3E + i] ^ static_cast<char>(told >> 8 * i));
+            return file;
+        };
+        SetContent(m_path, withKey(key + 1));
+        QString text;
+        QCOMPARE(Convert(&text), NotADatabase);
+        QVERIFY2(text.contains(QLatin1StringView("encoded")), qPrintable(text));
+        SetContent(m_path, withKey(key));
+        QCOMPARE(Convert(), 0);
+        QCOMPARE(Notes().size(), 6);
+    }
+
+    void WhatIsNoReadablePlannerIsLeftAlone_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("word");
+        const QByteArray sample = Content(QStringLiteral(SAMPLE));
+        QByteArray locked = sample, locked3 = Jet3Planner(10), version = sample;
+        locked[0x42] = static_cast<char>(locked[0x42] ^ 'p');
+        locked3[0x42] = static_cast<char>(locked3[0x42] ^ 'p');
+        QTest::newRow("password") << locked << QStringLiteral("password");
+        QTest::newRow("password, third version") << locked3 << QStringLiteral("password");
+        version[0x14] = 9;
+        QTest::newRow("unknown version") << version << QStringLiteral("version");
+        Jet3File other(1252);
+        other.AddTable("Customers", {{"Name", jetstream::Text}}, {{"Ann"}});
+        QTest::newRow("no planner") << other.Bytes() << QStringLiteral("no planner");
+        Jet3File keyless(1252);
+        keyless.AddTable("QMT Table", {{"qmtText", jetstream::Memo}}, {{"note"}});
+        QTest::newRow("no days") << keyless.Bytes() << QStringLiteral("qmtDate");
+        Jet3File twice(1252);
+        twice.AddTable("QMT Table", {{"qmtDate", jetstream::Text}}, {{"1997/1/1"}, {"1997/1/1"}});
+        QTest::newRow("a day twice") << twice.Bytes() << QStringLiteral("damaged");
+        QTest::newRow("head alone") << sample.first(64) << QString();
+        for (const int page : {1, 2, 27, 30, 41, 46}) {
+            const QByteArray lost = QByteArray(sample).replace(4096 * page, 4096, QByteArray(4096, '\0'));
+            if (page != 1) QTest::addRow("page %d lost", page) << lost << QStringLiteral("damaged");
+        }
+    }
+
+    void WhatIsNoReadablePlannerIsLeftAlone()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, word);
+        SetContent(m_path, bytes);
+        QString text;
+        QCOMPARE(Convert(&text), NotADatabase);
+        QVERIFY2(text.contains(word), qPrintable(text));
+        QCOMPARE(Content(m_path), bytes);
+        QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
+    }
+
+    void WhoHasItOpenInTheOlderEngineKeepsIt()
+    {
+        constexpr off_t userByte = 0x10000001;
+        ByteLocks others(LockFileOf(m_path), 0600, ::getgid());
+        QVERIFY(others.TryLock(userByte, ByteLocks::Exclusive));
+        QString text;
+        QCOMPARE(Convert(&text), InUse);
+        QVERIFY2(text.contains(QLatin1StringView("older engine")), qPrintable(text));
+        QCOMPARE(Content(m_path), m_sample);
+        others.Unlock(userByte);
+        QCOMPARE(Convert(), 0);
+    }
+
+    void NoReaderIsWaitedForOrBelieved_data()
+    {
+        QTest::addColumn<QByteArray>("script");
+        QTest::newRow("silent") << QByteArray("exec sleep 100");
+        QTest::newRow("endless") << QByteArray("exec yes");
+        QTest::newRow("no program") << QByteArray("none");
+        QTest::newRow("dead") << QByteArray("kill -9 $$");
+        QTest::newRow("unfinished") << QByteArray("\"" READER "\" \"$@\" | head -c 3000");
+        QTest::newRow("with a table of its own")
+            << QByteArray("\"" READER "\" MSysObjects \"$@\" MSysQueries 'QMT Table'");
+        QTest::newRow("changing") << QByteArray("test -e \"$0.x\" && exec \"" READER "\" 'QMT Table'; touch \"$0.x\"; "
+                                                "exec \"" READER "\" \"$@\"");
+    }
+
+    void NoReaderIsWaitedForOrBelieved()
+    {
+        QFETCH(QByteArray, script);
+        UseReader(script);
+        JetReader::SetPatienceForTests(std::chrono::milliseconds(500));
+        const auto patient = qScopeGuard([] { JetReader::SetPatienceForTests({}); });
+        QVERIFY(Convert() != 0);
+        QCOMPARE(Content(m_path), m_sample);
+        QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
+    }
+
+    void DamageNeverCrashesHangsOrChangesAFile_data()
+    {
+        QTest::addColumn<QByteArray>("whole");
+        QTest::newRow("third version") << Jet3Planner(3000);
+        QTest::newRow("fourth version") << Content(QStringLiteral(SAMPLE));
+    }
+
+    void DamageNeverCrashesHangsOrChangesAFile()
+    {
+        QFETCH(QByteArray, whole);
+        QRandomGenerator random(7);
+        int refused = 0;
+        constexpr int runs = 150;
+        for (int run = 0; run < runs; ++run) {
+            QByteArray damaged = whole;
+            if (run % 10 == 0) damaged.truncate(random.bounded(100, int(whole.size())));
+            for (int i = 0; run % 10 != 0 && i < (1 << run % 9); ++i) {
+                const auto at = random.bounded(100, int(whole.size()));
+                damaged[at] = static_cast<char>(damaged[at] ^ 1 << random.bounded(8));
+            }
+            SetContent(m_path, damaged);
+            QString text;
+            const int error = ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy, tables); }, &text);
+            QVERIFY2(error == 0 || error == NotADatabase, qPrintable(text));
+            QCOMPARE(Content(m_path), damaged);
+            QCOMPARE(QFile::exists(m_dummy), error == 0);
+            QFile::remove(m_dummy);
+            refused += error != 0;
+        }
+        QVERIFY2(refused > runs / 10 && refused < runs, qPrintable(QString::number(refused)));
+    }
+
+    void KilledAtAnyMomentThereIsAPlanner()
+    {
+        int change = 1, converted = 0;
+        for (; KilledBeforeChange(change, [this] { Convert(); }); ++change) {
+            const bool isNew = Content(m_path) != m_sample;
+            QVERIFY2(!isNew || (Content(m_kept) == m_sample && Notes().size() == 6),
+                     qPrintable(QString::number(change)));
+            converted += isNew;
+            for (const QString& name : Planners())
+                QFile::remove(m_folder->filePath(name));
+            SetContent(m_path, m_sample);
+        }
+        QVERIFY2(change > 15 && converted > 0, qPrintable(QString::number(change)));
+        QCOMPARE(Content(m_kept), m_sample);
+    }
+};
+
+QTEST_GUILESS_MAIN(JetTest)
+#include "jettest.moc"
