@@ -42,14 +42,15 @@ QString DescribeKept(const QString& oldPlanner)
 
 QString Describe(const DBEngine::RepairReport& report)
 {
-    if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.");
+    const QString backups = QStringLiteral("\n\n") + PlaceOfBackups();
+    if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.") + backups;
     QString text =
         QStringLiteral("The damaged planner is kept beside it as %1.\n").arg(QFileInfo(report.KeptAs).fileName());
     for (const auto& table : report.Tables) {
         text += QStringLiteral("\n%1: %2 recovered").arg(WordFor(table.Name)).arg(table.Rows);
         if (table.CutRows > 0) text += QStringLiteral(", of which %1 lost a part").arg(table.CutRows);
     }
-    return text + QStringLiteral("\n\n") + PlaceOfBackups();
+    return text + backups;
 }
 } // namespace
 

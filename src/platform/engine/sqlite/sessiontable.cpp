@@ -29,9 +29,14 @@ void Fill(char* target, int size, const QString& text)
     std::copy(bytes.begin(), bytes.end(), target);
 }
 
+// Others can have written anything: a message must not get lines of theirs.
 QString TextOf(const char* field, int size)
 {
-    return QString::fromUtf8(field, static_cast<qsizetype>(::strnlen(field, static_cast<std::size_t>(size))));
+    QString text = QString::fromUtf8(field, static_cast<qsizetype>(::strnlen(field, static_cast<std::size_t>(size))));
+    for (QChar& letter : text) {
+        if (!letter.isPrint() && !letter.isSurrogate()) letter = u'?';
+    }
+    return text;
 }
 
 off_t PlaceOf(int session)

@@ -1,0 +1,38 @@
+// Any bytes at all as a file of settings: nothing may crash or hang, a value that is set is read back, and all that was
+// there stays. The entry is the one that libFuzzer calls.
+#include "fuzz/fuzztarget.h"
+#include "platform/profile/inifile.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+void Require(bool holds, const char* rule)
+{
+    if (holds) return;
+    std::fprintf(stderr, "inifuzz: broken: %s\n", rule);
+    std::abort();
+}
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const QByteArray text(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const QString section = QStringLiteral("DAYS"), other = QStringLiteral("FONTNAME"), key = QStringLiteral("Color");
+    const IniFile before(text);
+    const auto changed = WithValue(text, section, key, QStringLiteral("new"));
+    Require(changed.has_value(), "every file takes a value");
+    const IniFile after(*changed);
+    Require(after.Value(section, key) == QStringLiteral("new"), "a value that is set is read back");
+    Require(after.Value(section, other) == before.Value(section, other), "other values stay");
+    Require(changed->size() + 64 >= text.size() - before.Value(section, key).value_or(QString()).toUtf8().size() - 64,
+            "nothing else goes");
+    Require(WithValue(*changed, section, key, QStringLiteral("new")) == *changed,
+            "the same value again changes nothing");
+    return 0;
+}

@@ -1,0 +1,67 @@
+// Any bytes at all as a link to a planner on a server: nothing may crash or hang, nothing but what a link may say
+// reaches the client library, and an address that is taken is written as one that means the same. The entry is the one
+// that libFuzzer calls.
+#include "fuzz/fuzztarget.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/postgres/plannerlink.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <cstdlib>
+#include <libpq-fe.h>
+#include <set>
+
+namespace {
+void Require(bool holds, const char* rule)
+{
+    if (holds) return;
+    std::fprintf(stderr, "linkfuzz: broken: %s\n", rule);
+    std::abort();
+}
+
+// As the library itself takes the connection string apart.
+void HoldsWhatItMay(const std::string& connection)
+{
+    static const std::set<std::string> allowed = {"host", "port", "user", "dbname", "sslmode", "sslrootcert"};
+    char* error = nullptr;
+    PQconninfoOption* options = PQconninfoParse(connection.c_str(), &error);
+    Require(options != nullptr, "the library understands it");
+    for (const PQconninfoOption* option = options; option->keyword; ++option)
+        Require(option->val == nullptr || allowed.contains(option->keyword), "nothing else is said");
+    PQconninfoFree(options);
+}
+
+void Read(const QString& path)
+{
+    try {
+        const PlannerAddress address = plannerlink::Read(path);
+        HoldsWhatItMay(address.Connection());
+        const PlannerAddress again(address.Uri());
+        Require(again.Uri() == address.Uri() && again.Connection() == address.Connection() &&
+                    again.Schema() == address.Schema(),
+                "what is written means the same");
+    } catch (const RunTimeError& error) {
+        Require(error.Number == engineerrors::NotADatabase, "every refusal is the one that is told");
+    }
+}
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("link.mdb")));
+    Require(file.open(QIODevice::WriteOnly) &&
+                file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size)) == static_cast<qint64>(size),
+            "there is room for the input");
+    file.close();
+    Read(file.fileName());
+    return 0;
+}

@@ -1,0 +1,59 @@
+// Any bytes at all as the file of locks beside a planner, while somebody has it open: nothing may crash or hang, a name
+// that is told is short and of one line, and records are locked and given back as ever. The entry is the one that
+// libFuzzer calls.
+#include "fuzz/fuzztarget.h"
+#include "platform/engine/sqlite/sessiontable.h"
+#include "platform/runtime/runtimeerror.h"
+
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace {
+constexpr plannerformat::HeldRecord Record{3, 7};
+constexpr qsizetype LongestName = plannerformat::UserBytes + plannerformat::MachineBytes + 40;
+
+void Require(bool holds, const char* rule)
+{
+    if (holds) return;
+    std::fprintf(stderr, "locksfuzz: broken: %s\n", rule);
+    std::abort();
+}
+
+void RequireReadable(const QString& name)
+{
+    Require(!name.isEmpty() && name.size() <= LongestName, "a name is short");
+    Require(std::ranges::all_of(name, [](QChar c) { return c.isPrint() || c.isSurrogate(); }), "a name is of one line");
+}
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("planner.ldb"));
+    ByteLocks theirs(path, 0600, ::getgid()), ours(path, 0600, ::getgid());
+    Session other(theirs);
+    other.TakeRecord(Record);
+    theirs.Write(0, data, size);
+    RequireReadable(HolderOf(ours, Record));
+    Session own(ours);
+    bool isRefused = false;
+    try {
+        own.TakeRecord(Record);
+    } catch (const RunTimeError&) {
+        isRefused = true;
+    }
+    Require(isRefused, "the lock is the truth, the name a label");
+    other.GiveBackRecord(Record);
+    own.TakeRecord(Record);
+    Require(own.Holds(Record), "what was given back can be taken");
+    return 0;
+}
