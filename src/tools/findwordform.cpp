@@ -189,9 +189,7 @@ std::optional<FindWordForm::Day> FindWordForm::DayOf(const QString& key)
     const qsizetype slash = key.indexOf(u'/', 5);
     if (slash < 0) return {};
     const Day day = {key.left(4).toInt(), key.mid(5, slash - 5).toInt(), key.mid(slash + 1).toInt()};
-    const bool exists = day.year > 0 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
-                        day.day <= MonthLength(day.year, day.month);
-    return exists ? std::optional(day) : std::nullopt;
+    return IsDayOfGrid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
 }
 
 FindWordForm::Found FindWordForm::FindDay()
