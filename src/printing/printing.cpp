@@ -104,6 +104,7 @@ void Printing::PrintPage()
     m_library.qmtPrintMonth(m_printed.bottom.panelBottom->Caption(), LookOf(*m_printed.bottom.panelBottom));
     m_library.qmtEndPrint();
     m_spoolForm.reset();
+    m_library.TellTrouble();
 }
 
 // The place is the heading's within the main window, taken for one on the screen.
