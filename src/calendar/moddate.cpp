@@ -118,7 +118,7 @@ bool fnValidateDate(const QString& entryDate)
         const std::int16_t month = IntegerOf(FirstField(entryDate));
         const std::int16_t day = IntegerOf(MiddleField(entryDate));
         const std::int16_t year = IntegerOf(entryDate.right(4));
-        valid = month >= 1 && month < 13 && day > 0 && day <= MonthLength(year, month) && year > 0;
+        valid = IsDayOfGrid(year, month, day);
     });
     return valid;
 }

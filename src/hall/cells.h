@@ -50,6 +50,7 @@ Q_SIGNALS:
     void SelChange(int Index);
     void KeyPress(int Index, int& KeyAscii);
     void PasteRequested(int Index, bool& allowed);
+    void Redrawn(); // the cells shown have got their captions anew, or other places
 
 private:
     void PlaceInTabOrder(QWidget* box);

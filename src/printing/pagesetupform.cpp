@@ -2,6 +2,7 @@
 
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
@@ -149,8 +150,7 @@ void PageSetupForm::ShowHeaderFont()
     m_tbHeader->setFont(font);
     QPalette palette = m_tbHeader->palette();
     palette.setColor(QPalette::Base, paper::Paper);
-    palette.setColor(QPalette::Text, QColor(int(m_headerFont.color & 0xFF), int(m_headerFont.color >> 8 & 0xFF),
-                                            int(m_headerFont.color >> 16 & 0xFF)));
+    palette.setColor(QPalette::Text, ColorOfValue(m_headerFont.color));
     m_tbHeader->setPalette(palette);
 }
 

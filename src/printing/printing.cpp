@@ -9,6 +9,7 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
+#include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 #include "platform/print/printlibrary.h"
 #include "platform/runtime/errortail.h"
@@ -25,10 +26,8 @@ constexpr int Headings = 7;
 CaptionLook LookOf(const SSPanel& panel)
 {
     constexpr Qt::Alignment Columns[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-    const std::uint32_t ink = panel.ForeColor();
-    return {panel.CaptionFont(), QColor(int(ink & 0xFF), int(ink >> 8 & 0xFF), int(ink >> 16 & 0xFF)),
-            Columns[panel.CaptionAlignment() / 3], panel.Paper() == paper::Paper ? QColor(Qt::white) : panel.Paper(),
-            panel.Frame()};
+    return {panel.CaptionFont(), ColorOfValue(panel.ForeColor()), Columns[panel.CaptionAlignment() / 3],
+            panel.Paper() == paper::Paper ? QColor(Qt::white) : panel.Paper(), panel.Frame()};
 }
 } // namespace
 
@@ -105,6 +104,7 @@ void Printing::PrintPage()
     m_library.qmtPrintMonth(m_printed.bottom.panelBottom->Caption(), LookOf(*m_printed.bottom.panelBottom));
     m_library.qmtEndPrint();
     m_spoolForm.reset();
+    m_library.TellTrouble();
 }
 
 // The place is the heading's within the main window, taken for one on the screen.

@@ -100,7 +100,7 @@ struct Rooms
     Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord, journal};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
-    WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView};
+    WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{{controls.cells, controls.bottom, m_pCalendarView},

@@ -285,6 +285,8 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.alarms.btnTunes_Click(Index); });
     On(&rooms.controls.cells, &Cells::MouseMove, " in MainForm, tbDay_MouseMove",
        [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
+    On(&rooms.controls.cells, &Cells::Redrawn, " in MainForm, tbDay_MouseMove",
+       [&rooms] { rooms.dateDifference.FollowCell(); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
        [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }

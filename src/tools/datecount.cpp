@@ -35,9 +35,7 @@ std::optional<GridDay> DayOfText(const QString& text)
     const auto match = form.match(text);
     if (!match.hasMatch()) return {};
     const GridDay day = {match.captured(3).toInt(), match.captured(1).toInt(), match.captured(2).toInt()};
-    const bool exists = day.year > 0 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
-                        day.day <= MonthLength(day.year, day.month);
-    return exists ? std::optional(day) : std::nullopt;
+    return IsDayOfGrid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
 }
 
 int DateDifferenceOf(DateUnit unit, const GridDay& from, const GridDay& to)

@@ -59,8 +59,17 @@ void DateDifference::tbDay_MouseMove(int Index)
     Show(Index, CaptionOf(unit, DateDifferenceOf(unit, *start, day)));
 }
 
+void DateDifference::FollowCell()
+{
+    if (m_lblDateDiff.isHidden()) return;
+    if (m_cells.Shows(m_cell) && !IsMemoCaption(m_cells.panelDay(m_cell).Caption())) return tbDay_MouseMove(m_cell);
+    m_lblDateDiff.hide();
+}
+
 void DateDifference::Show(int cell, const QString& caption)
 {
+    m_cell = cell;
+    m_lblDateDiff.raise(); // cells that are placed anew come to the front
     const QRect note = m_cells.tbDay(cell).geometry();
     const QSize size = m_lblDateDiff.text() == caption ? m_lblDateDiff.size() : QSize();
     QRect place(QPoint(), size);
@@ -71,6 +80,5 @@ void DateDifference::Show(int cell, const QString& caption)
     place.setSize(m_lblDateDiff.size());
     place.moveBottomRight(note.bottomRight());
     m_lblDateDiff.setGeometry(place);
-    m_lblDateDiff.raise();
     m_lblDateDiff.show();
 }

@@ -21,11 +21,13 @@ public:
     void subApplyDateDiff(); // as the button is
     // Over a memo cell the label stays what and where it was. With a start date that cannot be read it is hidden.
     void tbDay_MouseMove(int Index);
+    void FollowCell(); // after a redraw: to where its cell is now, or away if that shows no day
 
 private:
     bool IsOn() const;
     void Show(int cell, const QString& caption);
 
+    int m_cell = 0; // that the label belongs to
     Cells& m_cells;
     Toolbar& m_toolbar;
     Menus& m_menus;

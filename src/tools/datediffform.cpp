@@ -7,6 +7,7 @@
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
@@ -20,18 +21,8 @@
 #include <QRadioButton>
 
 namespace {
+constexpr int CaptionPadding = 8; // beyond what the desktop's style leaves beside a caption
 constexpr const char* Units[] = {"Day", "Week", "Month"};
-
-QColor ShownColor(std::uint32_t color)
-{
-    return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-                  static_cast<int>(color >> 16 & 0xFF));
-}
-
-std::uint32_t ValueOf(const QColor& color)
-{
-    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
-}
 } // namespace
 
 QString StoredStartDate()
@@ -48,7 +39,7 @@ DateUnit StoredDateUnit()
 void PaintDateDiffLabel(QLabel& label, std::uint32_t color)
 {
     constexpr int Middle = 128;
-    const QColor ground = ShownColor(color);
+    const QColor ground = ColorOfValue(color);
     QPalette palette = label.palette();
     palette.setColor(QPalette::Window, ground);
     palette.setColor(QPalette::WindowText, qGray(ground.rgb()) < Middle ? paper::Paper : paper::Ink);
@@ -116,6 +107,7 @@ QLayout* DateDiffForm::MakeColor()
     auto* button = new QPushButton(QStringLiteral("Background Color"));
     button->setObjectName(QStringLiteral("btnBGColor"));
     button->setAutoDefault(false);
+    button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
             [this] { guard(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }); });
     m_lblDateDiff = new QLabel(QStringLiteral("Day 365"));
@@ -145,9 +137,9 @@ void DateDiffForm::ShowSettings()
 
 void DateDiffForm::btnBGColor_Click()
 {
-    const QColor chosen = QColorDialog::getColor(ShownColor(m_color), this, QString());
+    const QColor chosen = QColorDialog::getColor(ColorOfValue(m_color), this, QString());
     if (!chosen.isValid()) return;
-    m_color = ValueOf(chosen);
+    m_color = ValueOfColor(chosen);
     PaintDateDiffLabel(*m_lblDateDiff, m_color);
 }
 

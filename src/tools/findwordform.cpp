@@ -189,9 +189,7 @@ std::optional<FindWordForm::Day> FindWordForm::DayOf(const QString& key)
     const qsizetype slash = key.indexOf(u'/', 5);
     if (slash < 0) return {};
     const Day day = {key.left(4).toInt(), key.mid(5, slash - 5).toInt(), key.mid(slash + 1).toInt()};
-    const bool exists = day.year > 0 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
-                        day.day <= MonthLength(day.year, day.month);
-    return exists ? std::optional(day) : std::nullopt;
+    return IsDayOfGrid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
 }
 
 FindWordForm::Found FindWordForm::FindDay()
@@ -240,6 +238,7 @@ void FindWordForm::StepBack(const QString& criterion)
 bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& word, const Day& day)
 {
     if (!ShowDay(day)) return false;
+    ClearSelections();
     m_iPos = fnFindString(text, word);
     ShowButton(m_btnFindWithin, m_btnFindNext);
     return true;
@@ -295,13 +294,17 @@ int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
     return place;
 }
 
-// Whole, since a place in the stored text is none in what the cell shows.
-void FindWordForm::SelectNote()
+// Side by side in one month, an earlier hit and the new one would look alike.
+void FindWordForm::ClearSelections()
 {
-    // Side by side in one month, an earlier hit and this one would look alike.
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last; ++cell)
         if (m_cells.tbDay.Exists(cell) && m_cells.tbDay(cell).SelLength() > 0) m_cells.tbDay(cell).SetSelLength(0);
+}
+
+// Whole, since a place in the stored text is none in what the cell shows.
+void FindWordForm::SelectNote()
+{
     RichTextBox& box = m_cells.tbDay(m_iCell);
     box.SetSelStart(0);
     box.SetSelLength(box.document()->characterCount() - 1);
@@ -324,6 +327,7 @@ void FindWordForm::btnFindWithin_Click()
         if (place != 0 && !ShowsHit() && !ShowDay(m_hit)) return;
         if (place != 0) {
             FocusCell();
+            ClearSelections();
             SelectNote();
         }
         m_iPos = place;

@@ -63,6 +63,7 @@ private:
     bool ShowsHit() const;
     int CellOf(int day) const;
     int fnFindString(const QByteArray& text, const QString& word);
+    void ClearSelections();
     void SelectNote();
 
     Cells& m_cells;

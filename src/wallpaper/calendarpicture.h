@@ -5,6 +5,7 @@
 
 class CCalendarView;
 class Cells;
+class QWidget;
 struct BottomPanel;
 
 namespace calendarpicture {
@@ -17,13 +18,14 @@ inline constexpr int Maximized = 2; // the calendar as it is in a window that fi
 class CalendarPicture
 {
 public:
-    CalendarPicture(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar)
-        : m_cells(cells), m_bottom(bottom), m_calendar(calendar)
+    CalendarPicture(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar, QWidget& lblDateDiff)
+        : m_cells(cells), m_bottom(bottom), m_calendar(calendar), m_lblDateDiff(lblDateDiff)
     {
     }
 
     // Grid, headings and the month's title in the screen's own pixels, without what only the moment has: today's look,
-    // caret, selection, the frame of the cell with the caret. All of that is back when the call ends, however it ends.
+    // caret, selection, the frame of the cell with the caret, the date difference. All of that is back when the call
+    // ends, however it ends.
     QImage Draw(int wallpaperSize) const;
 
 private:
@@ -32,6 +34,7 @@ private:
     Cells& m_cells;
     const BottomPanel& m_bottom;
     const CCalendarView& m_calendar;
+    QWidget& m_lblDateDiff;
 };
 
 // The image as a bitmap file, in place of one of that name: whole, or the old file stays and error 75 is raised.

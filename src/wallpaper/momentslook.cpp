@@ -5,6 +5,7 @@
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/cells.h"
+#include "platform/controls/visible.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/language.h"
@@ -25,8 +26,10 @@ SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
 }
 } // namespace
 
-MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode)
+MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff)
+    : m_lblDateDiff(lblDateDiff), m_hadLabel(Visible(lblDateDiff))
 {
+    SetVisible(m_lblDateDiff, false);
     const CellRange range = CellsOf(viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
         if (!cells.Shows(cell)) continue;
@@ -44,6 +47,7 @@ MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode)
 
 MomentsLook::~MomentsLook()
 {
+    SetVisible(m_lblDateDiff, m_hadLabel);
     if (m_today) {
         ApplyStyle(*m_today, ReadStyle(settings::TodayPanel));
         m_today->SetPaper(paper::Today);

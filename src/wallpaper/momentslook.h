@@ -6,6 +6,7 @@
 #include <QTextCursor>
 
 class Cells;
+class QWidget;
 class RichTextBox;
 class SSPanel;
 class ViewMode;
@@ -13,7 +14,8 @@ class ViewMode;
 class MomentsLook
 {
 public:
-    MomentsLook(Cells& cells, const ViewMode& viewMode);
+    // lblDateDiff: lies over the cells when the mouse has been there
+    MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff);
     ~MomentsLook();
     Q_DISABLE_COPY_MOVE(MomentsLook)
 
@@ -21,6 +23,8 @@ private:
     void HideCaret(RichTextBox& box);
     void ShowCaret();
 
+    QWidget& m_lblDateDiff;
+    const bool m_hadLabel;
     SSPanel* m_today = nullptr;
     SSPanel* m_active = nullptr;
     RichTextBox* m_box = nullptr; // with the caret

@@ -49,8 +49,9 @@ public:
 };
 } // namespace
 
-WallpaperCommands::WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar)
-    : m_client(*cells.Client()), m_picture(cells, bottom, calendar)
+WallpaperCommands::WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar,
+                                     QWidget& lblDateDiff)
+    : m_client(*cells.Client()), m_picture(cells, bottom, calendar, lblDateDiff)
 {
 }
 

@@ -9,7 +9,7 @@ class QWidget;
 class WallpaperCommands
 {
 public:
-    WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar);
+    WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar, QWidget& lblDateDiff);
 
     void mnuSetWallpaper_Click();
     void mnuClearWallpaper_Click();

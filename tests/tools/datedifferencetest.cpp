@@ -135,6 +135,32 @@ private Q_SLOTS:
         QCOMPARE(Over(fifth), QString());
     }
 
+    void TheLabelStaysWithItsCell()
+    {
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Trigger("mnuDateDiffShow");
+        const int fifth = m_program->CellOf(5), first = m_program->CellOf(1);
+        MoveOver(fifth);
+        const auto isThere = [&] {
+            const QColor corner = m_program->form->centralWidget()->grab(Label().geometry()).toImage().pixelColor(1, 1);
+            return Label().geometry().bottomRight() == m_program->Box(fifth).geometry().bottomRight() &&
+                   corner == Label().palette().color(QPalette::Window); // and in front
+        };
+        m_program->form->resize(m_program->form->size() - QSize(140, 100));
+        QVERIFY(QTest::qWaitFor(isThere));
+        m_program->Trigger("mnuNextMonth");
+        QCOMPARE(Label().text(), QStringLiteral("Day 91")); // 2 April
+        QVERIFY(isThere());
+        m_program->Trigger("mnuPrevMonth");
+        MoveOver(first);
+        m_program->Trigger("mnuNextMonth"); // in which that cell is a memo's
+        QVERIFY(!Label().isVisible());
+        MoveOver(fifth);
+        m_program->Trigger("mnuWeekView");
+        QVERIFY(!Label().isVisible());
+    }
+
     void TheWeekHasItToo()
     {
         m_program->Start();

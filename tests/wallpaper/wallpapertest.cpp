@@ -6,6 +6,7 @@
 #include "wallpaper/wallpaperform.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QScreen>
 
 #include <sys/resource.h>
@@ -68,6 +69,17 @@ class WallpaperTest : public QObject
         return false;
     }
 
+    // The number that the mouse leaves in a cell.
+    QLabel& ShowDateDiff(int cell) const
+    {
+        auto& label = *m_program->form->findChild<QLabel*>(QStringLiteral("lblDateDiff"));
+        m_program->Trigger("mnuDateDiffShow");
+        QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(5, 5));
+        QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(9, 9));
+        if (!QTest::qWaitFor([&] { return label.isVisible(); })) QTest::qFail("no number", __FILE__, __LINE__);
+        return label;
+    }
+
     // What the command says, with its title.
     QString Said(const char* entry)
     {
@@ -124,10 +136,12 @@ private Q_SLOTS:
         box.SetSelStart(2);
         box.SetSelLength(4);
         const int caretWidth = box.cursorWidth();
+        const QLabel& label = ShowDateDiff(Today);
         program.Trigger("mnuSetWallpaper");
         const QImage cell = Cell(QImage(Bitmap("notes.bmp")), Today);
-        for (const QColor& color : {paper::Today, paper::TodayFrame, paper::Accent, QColor(Qt::red),
-                                    box.palette().color(QPalette::Active, QPalette::Highlight)})
+        for (const QColor& color :
+             {paper::Today, paper::TodayFrame, paper::Accent, QColor(Qt::red), label.palette().color(QPalette::Window),
+              box.palette().color(QPalette::Active, QPalette::Highlight)})
             QVERIFY2(!HasColor(cell, color), qPrintable(color.name()));
         QVERIFY(HasColor(cell, Qt::black)); // the number as on any other day, and the note
 
@@ -136,6 +150,7 @@ private Q_SLOTS:
         QVERIFY(program.Panel(Today).IsActive());
         QCOMPARE(box.SelLength(), 4);
         QCOMPARE(box.cursorWidth(), caretWidth);
+        QVERIFY(label.isVisible());
         QVERIFY(HasColor(program.Panel(Today).grab().toImage(), paper::Accent));
     }
 
@@ -184,8 +199,12 @@ private Q_SLOTS:
         const QRect before = program.form->geometry();
         const QRect cell = program.Panel(isWeek ? 39 : Today).geometry();
         const QSize client = program.form->centralWidget()->size();
+        const QLabel& label = ShowDateDiff(isWeek ? 39 : Today);
+        const QRect number = label.geometry();
         program.Trigger("mnuSetWallpaper");
         const QImage bitmap(Bitmap("planner.bmp"));
+        QVERIFY(!HasColor(bitmap, label.palette().color(QPalette::Window)));
+        QVERIFY(label.isVisible() && label.geometry() == number);
         const QSize screen = program.form->screen()->size();
         const qreal ratio = program.form->devicePixelRatioF();
         const QSize around = program.form->frameGeometry().size() - client;

@@ -2,6 +2,7 @@
 
 #include "platform/controls/fontfamilies.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/look/colorvalue.h"
 
 #include <QColorDialog>
 #include <QDialogButtonBox>
@@ -18,16 +19,6 @@
 
 namespace {
 constexpr QSize SwatchSize(32, 16);
-
-QColor ColorOf(std::uint32_t value)
-{
-    return QColor(int(value & 0xFF), int(value >> 8 & 0xFF), int(value >> 16 & 0xFF));
-}
-
-std::uint32_t ValueOf(const QColor& color)
-{
-    return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
-}
 
 QFont FontOf(const FontChoice& choice)
 {
@@ -120,7 +111,7 @@ private:
 };
 
 FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
-    : QDialog(owner), m_seed(seed), m_color(ColorOf(seed.color)),
+    : QDialog(owner), m_seed(seed), m_color(ColorOfValue(seed.color)),
       m_fonts(new InnerFontDialog(FontOf(seed), flags, this)),
       m_colorButton(new QPushButton(QStringLiteral("&Color...")))
 {
@@ -176,7 +167,7 @@ FontChoice FontForm::Chosen() const
     if (isChosen(InnerFontDialog::Style, font.italic(), m_shown.italic())) chosen.italic = font.italic();
     if (font.underline() != m_shown.underline()) chosen.underline = font.underline();
     if (font.strikeOut() != m_shown.strikeOut()) chosen.strikeThru = font.strikeOut();
-    chosen.color = ValueOf(m_color);
+    chosen.color = ValueOfColor(m_color);
     return chosen;
 }
 } // namespace

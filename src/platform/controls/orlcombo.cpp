@@ -1,6 +1,7 @@
 #include "platform/controls/orlcombo.h"
 
 #include "platform/controls/fontfamilies.h"
+#include "platform/look/colorvalue.h"
 #include "platform/look/namedcolors.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/runtimeerror.h"
@@ -23,10 +24,6 @@ constexpr int LinePadding = 10; // above and below the text together
 
 constexpr int Sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
-QColor ColorOf(std::uint32_t value)
-{
-    return QColor::fromRgb(int(value & 0xff), int(value >> 8 & 0xff), int(value >> 16 & 0xff));
-}
 static_assert(NamedColors.size() == ORLCombo::BlankColor);
 
 // A square of one colour, sharp at every pixel ratio.
@@ -136,7 +133,7 @@ void ORLCombo::FillColors()
     Reserve({.Usual = 8, .Least = 0, .Swatch = true});
     clear();
     for (const auto& [name, value] : NamedColors)
-        addItem(QIcon(new Swatch(ColorOf(value))), name);
+        addItem(QIcon(new Swatch(ColorOfValue(value))), name);
     addItem(QString());
 }
 

@@ -1,5 +1,6 @@
 #include "platform/controls/sspanel.h"
 
+#include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 
 #include <QMouseEvent>
@@ -21,11 +22,6 @@ struct Relief
 constexpr std::array<Relief, 5> Reliefs{{{0, 0, 0}, {1, 1, 16}, {1, 2, 26}, {-1, 1, 16}, {-1, 2, 26}}};
 constexpr int LightPercent = 80;
 constexpr int CapitalPerDepth = 6; // the least height of capitals for each pixel of depth: small captions stay legible
-
-QColor FromBgr(std::uint32_t color)
-{
-    return QColor::fromRgb(int(color & 0xff), int(color >> 8 & 0xff), int(color >> 16 & 0xff));
-}
 
 QColor Mixed(const QColor& from, const QColor& to, int percent)
 {
@@ -189,7 +185,7 @@ void SSPanel::PaintCaption(QPainter& painter) const
         painter.drawText(QPointF(m_origin) + QPointF(offset, offset), m_shown);
     };
     const Relief relief = Reliefs[std::size_t(m_font3D)];
-    const QColor ink = FromBgr(m_foreColor);
+    const QColor ink = ColorOfValue(m_foreColor);
     // The paler the ink, the paler what it throws: beside grey text a black shadow would be a second text.
     const int contrast = std::max(0, qGray(m_paper.rgb()) - qGray(ink.rgb()));
     const int depth = std::min(relief.depth, painter.fontMetrics().capHeight() / CapitalPerDepth);

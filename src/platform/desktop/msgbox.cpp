@@ -63,10 +63,11 @@ QMessageBox::Icon IconOf(int style)
 
 constexpr qsizetype LongestText = 1200; // more would push the buttons off the screen; the box then unfolds the rest
 
-// A path without blanks can be longer than the box is wide, so it gets invisible places to break.
+// A path without blanks can be longer than the box is wide, so it gets invisible places to break: behind a folder, and
+// in a name only if that is too long itself.
 QString Breakable(QString text)
 {
-    static const QRegularExpression longRun(QStringLiteral("(\\S{40})(?=\\S)"));
+    static const QRegularExpression longRun(QStringLiteral("(?=\\S{41})([^\\s/]{0,39}/|\\S{40})"));
     return text.replace(longRun, QStringLiteral("\\1") + QChar(0x200B));
 }
 

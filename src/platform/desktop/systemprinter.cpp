@@ -2,6 +2,7 @@
 
 #include "platform/desktop/mousepointer.h"
 
+#include <QChildEvent>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -10,6 +11,8 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+
+#include <utility>
 
 namespace {
 // A calendar's seven columns want the longer side of the paper.
@@ -26,28 +29,58 @@ std::unique_ptr<QPrinter> MakePrinter()
     return printer;
 }
 
-// The choice alone: the dialog would ask at once whether a file may be replaced whose name can be typed, so here none
-// can be.
-class SetupDialog : public QPrintDialog
+// Margins are those of Page Setup, so the dialog behind "Properties" offers none that would count for nothing.
+class PrinterDialog : public QPrintDialog
 {
 public:
-    SetupDialog(QPrinter* printer, QWidget* owner) : QPrintDialog(printer, owner)
+    using QPrintDialog::QPrintDialog;
+
+protected:
+    void childEvent(QChildEvent* event) override
+    {
+        QPrintDialog::childEvent(event);
+        if (!event->polished()) return;
+        const auto* const margin = event->child()->findChild<QWidget*>(QStringLiteral("leftMargin"));
+        if (margin) margin->parentWidget()->hide();
+    }
+};
+
+// The choice alone: the dialog would ask at once whether a file may be replaced whose name can be typed, so here none
+// can be.
+class SetupDialog : public PrinterDialog
+{
+public:
+    SetupDialog(QPrinter* printer, QWidget* owner) : PrinterDialog(printer, owner)
     {
         setWindowTitle(QStringLiteral("Print Setup"));
-        if (auto* const buttons = findChild<QDialogButtonBox*>()) {
-            if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok)) ok->setText(QStringLiteral("&Ok"));
-        }
+        if (const auto* const buttons = findChild<QDialogButtonBox*>()) NameButtons(*buttons);
         if (auto* const printers = findChild<QComboBox*>(QStringLiteral("printers")))
             connect(printers, &QComboBox::currentIndexChanged, this, &SetupDialog::CloseFileFields);
     }
 
     void setVisible(bool visible) override
     {
-        QPrintDialog::setVisible(visible);
+        PrinterDialog::setVisible(visible);
         CloseFileFields();
     }
 
 private:
+    void NameButtons(const QDialogButtonBox& buttons)
+    {
+        if (QPushButton* const ok = buttons.button(QDialogButtonBox::Ok)) ok->setText(QStringLiteral("&Ok"));
+        for (QAbstractButton* const button : buttons.buttons()) {
+            if (buttons.buttonRole(button) != QDialogButtonBox::ResetRole) continue;
+            LeaveLetterToOk(*button);
+            // With each click it gets its other name.
+            connect(button, &QAbstractButton::clicked, this, [button] { LeaveLetterToOk(*button); });
+        }
+    }
+
+    static void LeaveLetterToOk(QAbstractButton& options)
+    {
+        options.setText(options.text().replace(QStringLiteral("&Op"), QStringLiteral("O&p")));
+    }
+
     void CloseFileFields()
     {
         for (const char* name : {"filename", "fileBrowser"}) {
@@ -79,9 +112,22 @@ QPrinter& SystemPrinter::Printer()
     return *m_printer;
 }
 
+void SystemPrinter::Renew()
+{
+    const std::unique_ptr<QPrinter> failed = std::exchange(m_printer, MakePrinter());
+    m_printer->setPrinterName(failed->printerName());
+    m_printer->setOutputFileName(failed->outputFileName());
+    m_printer->setOutputFormat(failed->outputFormat());
+    m_printer->setPageLayout(failed->pageLayout());
+    m_printer->setCopyCount(failed->copyCount());
+    m_printer->setCollateCopies(failed->collateCopies());
+    m_printer->setColorMode(failed->colorMode());
+    m_printer->setDuplex(failed->duplex());
+}
+
 bool SystemPrinter::AskForJob(QWidget* owner)
 {
-    auto* dialog = new QPrintDialog(&Printer(), owner);
+    auto* dialog = new PrinterDialog(&Printer(), owner);
     dialog->setWindowTitle(QStringLiteral("Print"));
     return Ask(dialog);
 }

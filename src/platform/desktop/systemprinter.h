@@ -14,6 +14,8 @@ public:
     virtual ~SystemPrinter();
 
     QPrinter& Printer();
+    // After a job that failed: another printer with the same choices. The old one would fail for ever.
+    void Renew();
     // The platform's print dialog, a PDF file among the printers; false if it was cancelled.
     virtual bool AskForJob(QWidget* owner);
     // The same one for the choice alone: it starts nothing and asks for no file.

@@ -1,5 +1,6 @@
 #include "platform/print/pagesetup.h"
 
+#include "platform/look/colorvalue.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"
 
@@ -45,7 +46,7 @@ QFont HeaderFont()
 QColor HeaderInk()
 {
     const auto color = static_cast<std::uint32_t>(static_cast<std::int64_t>(Val(Text("HEADERCOLOR"))));
-    return QColor(int(color & 0xFF), int(color >> 8 & 0xFF), int(color >> 16 & 0xFF));
+    return ColorOfValue(color);
 }
 
 QSizeF SizeInside(const QSizeF& paper, const QMarginsF& margins)

@@ -1,4 +1,4 @@
-// The eight operations by which a calendar is put on one page, in the order in which a job calls them. Knows no
+// The operations by which a calendar is put on one page, in the order in which a job calls them. Knows no
 // planner: a cell is a view code (2 a row of 7, 3 five rows of 7) and a position from 1, and all else is texts with
 // their looks.
 #pragma once
@@ -37,5 +37,7 @@ public:
     virtual void qmtPrintBody(const QString& path, int view, int position) = 0;
     virtual void qmtPrintDate(const QString& caption, const CaptionLook& look, int view, int position) = 0;
     virtual void qmtPrintMonth(const QString& caption, const CaptionLook& look) = 0;
-    virtual void qmtEndPrint() = 0; // prints the page; says so if that fails
+    virtual void qmtEndPrint() = 0; // prints the page
+    // Says so if that failed; for the caller whose notice, in front of every window, has gone.
+    virtual void TellTrouble() = 0;
 };

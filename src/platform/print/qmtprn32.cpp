@@ -6,18 +6,30 @@
 #include "platform/print/pagepainter.h"
 #include "platform/richtext/richtextbox.h"
 
-#include <QFile>
+#include <QDir>
 #include <QPainter>
 #include <QPrinter>
+#include <QSaveFile>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <unistd.h>
+#include <utility>
 
 namespace {
-// Nobody tells of a disk that ran full while the file was written.
-bool IsWholePdf(const QString& path)
+// Nobody tells of a disk that ran full while the page was drawn.
+bool IsWholePdf(const QByteArray& pdf)
 {
-    constexpr qint64 TailSize = 16;
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.size() > TailSize && file.seek(file.size() - TailSize) &&
-           file.read(TailSize).contains("%%EOF");
+    constexpr qsizetype TailSize = 16;
+    return pdf.last(std::min(TailSize, pdf.size())).contains("%%EOF");
+}
+
+// Whole, or the old file stays.
+bool WriteFile(const QString& path, const QByteArray& pdf)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.flush() &&
+           ::fsync(file.handle()) == 0 && file.commit();
 }
 
 bool IsPdf(const QPrinter& printer)
@@ -25,14 +37,13 @@ bool IsPdf(const QPrinter& printer)
     return printer.outputFormat() == QPrinter::PdfFormat;
 }
 
-void TellFailure(const QPrinter& printer)
+PrintTrouble TroubleWith(const QPrinter& printer)
 {
-    const QString text = IsPdf(printer)
-                             ? QStringLiteral("The page could not be written to %1.").arg(printer.outputFileName())
-                             : QStringLiteral("The page could not be printed on %1.").arg(printer.printerName());
-    const QString advice = IsPdf(printer) ? QStringLiteral("Is the folder still there, and is there room on the disk?")
-                                          : QStringLiteral("Is the printer switched on and connected?");
-    MsgBox(text, msgbox::Exclamation, QString(), advice);
+    if (IsPdf(printer))
+        return {QStringLiteral("The page could not be written to %1.").arg(printer.outputFileName()),
+                QStringLiteral("Is the folder still there, and is there room on the disk?")};
+    return {QStringLiteral("The page could not be printed on %1.").arg(printer.printerName()),
+            QStringLiteral("Is the printer switched on and connected?")};
 }
 } // namespace
 
@@ -88,21 +99,41 @@ void QMTPrn32::qmtPrintMonth(const QString& caption, const CaptionLook& look)
     if (m_page) m_page->month = {caption.trimmed(), look};
 }
 
-bool QMTPrn32::Print()
+bool QMTPrn32::Draw(QPrinter& printer)
 {
-    QPrinter& printer = m_printer.Printer();
     printer.setFullPage(true); // margins are counted from the paper's edge
     QPainter painter;
     if (!painter.begin(&printer)) return false;
     PaintPage(painter, *m_page, AreaOf(printer.pageLayout(), m_page->setup.margins, printer.resolution()));
-    if (!painter.end() || printer.printerState() == QPrinter::Error) return false;
-    return !IsPdf(printer) || IsWholePdf(printer.outputFileName());
+    return painter.end() && printer.printerState() != QPrinter::Error;
+}
+
+// The printer would empty the file at once, and leave a torn one where the disk runs full.
+bool QMTPrn32::DrawFile(QPrinter& printer)
+{
+    QTemporaryFile drawn(QDir::tempPath() + QStringLiteral("/orrelin-XXXXXX.pdf"));
+    if (!drawn.open()) return false;
+    const QString path = printer.outputFileName();
+    printer.setOutputFileName(drawn.fileName());
+    const bool isDrawn = Draw(printer);
+    printer.setOutputFileName(path);
+    const QByteArray pdf = drawn.readAll();
+    return isDrawn && IsWholePdf(pdf) && WriteFile(path, pdf);
 }
 
 void QMTPrn32::qmtEndPrint()
 {
     if (!m_page) return;
-    const bool isPrinted = Print();
+    QPrinter& printer = m_printer.Printer();
+    const bool isPrinted = IsPdf(printer) ? DrawFile(printer) : Draw(printer);
     m_page.reset();
-    if (!isPrinted) TellFailure(m_printer.Printer());
+    if (isPrinted) return;
+    m_trouble = TroubleWith(printer);
+    m_printer.Renew();
+}
+
+void QMTPrn32::TellTrouble()
+{
+    const auto trouble = std::exchange(m_trouble, std::nullopt);
+    if (trouble) MsgBox(trouble->text, msgbox::Exclamation, QString(), trouble->advice);
 }

@@ -5,10 +5,18 @@
 #include "platform/print/printlibrary.h"
 
 #include <memory>
+#include <optional>
 
 struct CalendarPage;
 struct PageCell;
+class QPrinter;
 class SystemPrinter;
+
+struct PrintTrouble
+{
+    QString text;
+    QString advice;
+};
 
 class QMTPrn32 final : public PrintLibrary
 {
@@ -24,12 +32,15 @@ public:
     void qmtPrintDate(const QString& caption, const CaptionLook& look, int view, int position) override;
     void qmtPrintMonth(const QString& caption, const CaptionLook& look) override;
     void qmtEndPrint() override;
+    void TellTrouble() override;
 
 private:
     PageCell* Cell(int view, int position); // null without a job, or for no cell of the view
-    bool Print();
+    bool Draw(QPrinter& printer);
+    bool DrawFile(QPrinter& printer);
 
     SystemPrinter& m_printer;
     std::unique_ptr<CalendarPage> m_page; // of the job under way
     RichTextBox* m_tbPrint = nullptr;
+    std::optional<PrintTrouble> m_trouble; // of the last job
 };

@@ -1,5 +1,7 @@
 #include "platform/richtext/selectionformat.h"
 
+#include "platform/look/colorvalue.h"
+
 #include <QTextLayout>
 
 #include <algorithm>
@@ -79,8 +81,7 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
 std::uint32_t Color(const QTextCharFormat& format, const QFont&)
 {
     if (!format.hasProperty(QTextFormat::ForegroundBrush)) return 0;
-    const QColor color = format.foreground().color();
-    return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
+    return ValueOfColor(format.foreground().color());
 }
 
 void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont)
@@ -156,7 +157,7 @@ QTextCharFormat SizeFormat(double points)
 QTextCharFormat ColorFormat(std::uint32_t color)
 {
     QTextCharFormat format;
-    format.setForeground(QColor::fromRgb(int(color & 0xff), int(color >> 8 & 0xff), int(color >> 16 & 0xff)));
+    format.setForeground(ColorOfValue(color));
     return format;
 }
 

@@ -99,6 +99,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("folded");
         QTest::newRow("path without blanks") << u'/' + QString(900, u'w') << false;
+        QTest::newRow("path of folders") << QStringLiteral("/home/person/plans/planner.bmp").repeated(9) << false;
         QTest::newRow("words") << QStringLiteral("word ").repeated(200) << false;
         QTest::newRow("a book") << QStringLiteral("word ").repeated(4000) << true;
     }
@@ -115,6 +116,8 @@ private Q_SLOTS:
             QVERIFY(label->width() >= label->minimumSizeHint().width());
             QVERIFY(label->height() >= label->heightForWidth(label->width()));
             QCOMPARE(folded ? box.detailedText() : box.text().remove(QChar(0x200B)), text);
+            const QRegularExpression insideAName(QStringLiteral("[^/]\\x{200B}"));
+            QVERIFY(text.contains(QString(41, u'w')) || !box.text().contains(insideAName));
             box.accept();
         });
         MsgBox(text, msgbox::Exclamation, QStringLiteral("Orrelin Help Wizard"));

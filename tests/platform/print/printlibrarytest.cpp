@@ -6,6 +6,7 @@
 #include "printedpage.h"
 
 #include <QPrinter>
+#include <QRandomGenerator>
 
 #include <sys/resource.h>
 
@@ -272,27 +273,42 @@ private Q_SLOTS:
         QTest::newRow("disk full") << true;
     }
 
+    // On a page whose picture is larger than what a file collects before it writes.
     void aFileThatCannotBeWrittenIsToldOf()
     {
         QFETCH(const bool, full);
         const QString folder = m_folders->Path(QStringLiteral("there"));
         QDir().mkpath(folder);
         const QString usual = std::exchange(m_pdf, folder + QStringLiteral("/page.pdf"));
-        QVERIFY(Begin());
-        Feed(Month, [](int) {});
+        m_printer->Printer().setPageSize(QPageSize(QPageSize::A5));
+        PrintNote("kept");
+        PrintNextTo(m_pdf);
+        AnswerNextBox(msgbox::Yes); // to replace it
+        QVERIFY(m_library->qmtInitPrint(nullptr, *m_carrier) != 0);
+        QImage noise(600, 600, QImage::Format_RGB32);
+        QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
+        Feed(Month, [&](int i) {
+            QTextCursor cursor(m_carrier->document());
+            if (i == 10) QVERIFY(InsertPicture(cursor, noise, PictureFit{}));
+        });
         QVERIFY(full || QDir(folder).removeRecursively());
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit before = {};
         QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
         const rlimit little{2000, before.rlim_max};
         if (full) QCOMPARE(::setrlimit(RLIMIT_FSIZE, &little), 0);
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
         m_library->qmtEndPrint();
         QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_library->TellTrouble();
         QVERIFY(seen.Text.contains(m_pdf));
+        QVERIFY(!full || !PrintedPage(m_pdf).At(QStringLiteral("kept")).isNull());
+        QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), full ? 1 : 0);
         m_pdf = usual;
-        QVERIFY(!PrintNote("again").At(QStringLiteral("again")).isNull());
+        const PrintedPage page = PrintNote("again");
+        QVERIFY(!page.At(QStringLiteral("again")).isNull());
+        QVERIFY(qAbs(page.Size().height() - QPageSize(QPageSize::A5).size(QPageSize::Point).width()) < 1.5);
     }
 };
 
