@@ -3,7 +3,10 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QTemporaryDir>
+
+#include <cstdio>
 
 namespace {
 struct Choice
@@ -11,6 +14,7 @@ struct Choice
     std::string Row;
     bool WithFloor = true;
     int Times = 1;
+    int Years = UsualYears;
 };
 
 Choice ReadChoice()
@@ -20,11 +24,13 @@ Choice ReadChoice()
     const QCommandLineOption ours(QStringLiteral("ours"), QStringLiteral("Leave the floors out, for a profiler."));
     const QCommandLineOption times(QStringLiteral("times"), QStringLiteral("So many times the turns."),
                                    QStringLiteral("number"), QStringLiteral("1"));
-    parser.addOptions({ours, times});
+    const QCommandLineOption years(QStringLiteral("years"), QStringLiteral("So large a planner, for its growth."),
+                                   QStringLiteral("number"), QString::number(UsualYears));
+    parser.addOptions({ours, times, years});
     parser.addHelpOption();
     parser.process(*qApp);
     return {parser.positionalArguments().value(0).toStdString(), !parser.isSet(ours),
-            qMax(1, parser.value(times).toInt())};
+            qMax(1, parser.value(times).toInt()), qMax(1, parser.value(years).toInt())};
 }
 
 // The turns follow a name behind a slash.
@@ -52,7 +58,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     const Home started{folder.filePath(QStringLiteral("started"))};
     // Before anything asks for a folder: nobody's own settings are to be seen or touched.
     UseHome(shown);
-    WritePlanner(planner);
+    WritePlanner(planner, choice.Years);
     Furnish(shown, planner);
     Furnish(started, planner);
     PlannerWindow ours;
@@ -77,7 +83,10 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddWorkgroupRows(add, addMemory, planner);
     AddEventRows(add);
     AddAlarmRows(add, ours.Box(1));
-    return Print(choice, names);
+    const int failed = Print(choice, names);
+    const double megabytes = double(QFileInfo(planner).size()) / 1e6;
+    std::printf("\nThe planner: %d years, %d notes, %.1f MB\n", choice.Years, choice.Years * 12 * BoxCount, megabytes);
+    return failed;
 }
 } // namespace
 

@@ -12,8 +12,6 @@
 #include <QDir>
 
 namespace {
-constexpr int YearsBefore = 5, YearsInAll = 10;
-
 void WriteNotes(Recordset& notes, YearMonth month)
 {
     const QStringList keys = KeysOf(month);
@@ -65,15 +63,15 @@ int NoteNumber(YearMonth month, int cell)
     return (month.year * 12 + month.month) * BoxCount + cell;
 }
 
-void WritePlanner(const QString& path)
+void WritePlanner(const QString& path, int years)
 {
     Database planner = DBEngine::CreateDatabase(path, schema::Locale);
     for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
         planner.Append(table);
     Recordset notes = planner.OpenTable(schema::Notes);
     WriteTransaction writing(planner);
-    const int first = ThisMonth().year - YearsBefore;
-    for (YearMonth month{first, 1}; month.year < first + YearsInAll; month = month.Next())
+    const int first = ThisMonth().year - years / 2;
+    for (YearMonth month{first, 1}; month.year < first + years; month = month.Next())
         WriteNotes(notes, month);
     writing.Commit();
 }

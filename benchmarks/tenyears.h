@@ -1,4 +1,4 @@
-// A planner of ten years with a note in every cell, days and memos: 120 months of 35 notes.
+// A planner of ten years, or so many, with a note in every cell, days and memos: 12 months a year of 35 notes.
 #pragma once
 
 #include "notes.h"
@@ -12,11 +12,12 @@ struct YearMonth
     YearMonth Next() const { return month == 12 ? YearMonth{year + 1, 1} : YearMonth{year, month + 1}; }
 };
 
-YearMonth ThisMonth();               // stands in the midst of the ten years
+YearMonth ThisMonth();               // stands in the midst of the years
 QStringList KeysOf(YearMonth month); // of cells 1 to 35
 int NoteNumber(YearMonth month, int cell);
 
-void WritePlanner(const QString& path);
+inline constexpr int UsualYears = 10;
+void WritePlanner(const QString& path, int years);
 
 // A home with settings that load a copy of the planner at the start, as a person would have it.
 struct Home

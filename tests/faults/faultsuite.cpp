@@ -3,6 +3,7 @@
 #include "plannerfile/rescuefiles.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/damagetesting.h"
+#include "platform/engine/testserver.h"
 #include "platform/profile/profile.h"
 #include "program.h"
 #include "recurrence/recurrence.h"
@@ -18,7 +19,7 @@
 namespace {
 using faultycalls::Fault;
 
-const QString Planner = QStringLiteral("/planner.mdb");
+const QString Planner = QStringLiteral("/planner.mdb"), OldPlanner = QStringLiteral("/old.mdb");
 const QString Third = QStringLiteral("1999/3/3"), Fourth = QStringLiteral("1999/3/4");
 constexpr const char* TypedOnThird = "typed on the third ";
 constexpr int EventDays = 40;
@@ -123,14 +124,33 @@ QString Settings(const Scene& scene)
     return written ? QStringLiteral("done") : QStringLiteral("not written");
 }
 
+// A file of the older engine, beside the planner.
+QString Convert(const Scene& scene)
+{
+    folders::SetRootForTests(scene.root); // where the reader is
+    const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+    scene.Begin();
+    return AnswerOf([&] {
+        const DBEngine::AloneWith alone(scene.Path(OldPlanner));
+        DBEngine::CompactDatabase(scene.Path(OldPlanner), scene.Path(QStringLiteral("/dummy.mdb")), tables);
+        DBEngine::ReplaceDatabase(scene.Path(QStringLiteral("/dummy.mdb")), scene.Path(OldPlanner));
+    });
+}
+
+QString Move(const Scene& scene)
+{
+    scene.Begin();
+    return AnswerOf([&] { DBEngine::MoveToServer(scene.Path(Planner), qEnvironmentVariable("ORRELIN_TEST_ADDRESS")); });
+}
+
 struct Work
 {
     const char* name;
     QString (*run)(const Scene& scene);
 };
 
-constexpr Work Works[] = {
-    {"save", Save}, {"recurrence", Recur}, {"compact", Compact}, {"backup", BackUp}, {"settings", Settings}};
+constexpr Work Works[] = {{"save", Save},         {"recurrence", Recur}, {"compact", Compact}, {"backup", BackUp},
+                          {"settings", Settings}, {"convert", Convert},  {"move", Move}};
 
 int RunChild(const QStringList& words)
 {
@@ -157,6 +177,10 @@ class FaultSuite : public QObject
     void MakePlanner()
     {
         m_folder.emplace();
+        QDir().mkpath(Path(QStringLiteral("/shipped")));
+        QFile::link(QStringLiteral(READER), Path(QStringLiteral("/shipped/orrelin-readjet")));
+        QFile::copy(QStringLiteral(SAMPLE), Path(OldPlanner));
+        QFile::setPermissions(Path(OldPlanner), QFile::ReadOwner | QFile::WriteOwner);
         Database planner = DBEngine::CreateDatabase(Path(Planner), {});
         for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
             planner.Append(table);
@@ -179,6 +203,11 @@ class FaultSuite : public QObject
     Answer Run(int work, Fault fault, int at) const
     {
         QProcess child;
+        static int s_planner = 0;
+        if (Works[work].run == Move) {
+            const QString address = TestServer::Get().Uri(QStringLiteral("fault%1").arg(++s_planner));
+            qputenv("ORRELIN_TEST_ADDRESS", address.toUtf8());
+        }
         child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--child"), QString::number(work), Root(),
                                                               QString::number(int(fault)), QString::number(at)});
@@ -234,6 +263,21 @@ class FaultSuite : public QObject
         if (answer.text == u"done") QVERIFY(QFile::exists(copy));
         if (QFile::exists(copy)) QCOMPARE(NotesIn(copy).size(), 15);
     }
+    // Whole under its name, or under another beside the new one.
+    void CheckConvert(const Answer& answer) const
+    {
+        const QByteArray sample = Content(QStringLiteral(SAMPLE));
+        const bool isConverted = Content(Path(OldPlanner)) != sample;
+        if (isConverted) QCOMPARE(Content(Path(QStringLiteral("/old.old.mdb"))), sample);
+        if (isConverted) QVERIFY(NotesIn(Path(OldPlanner)).size() > 1);
+        QVERIFY(isConverted || answer.text != u"done");
+    }
+    void CheckMove(const Answer& answer) const
+    {
+        const bool isLink = !DBEngine::LinkedAddress(Path(Planner)).isEmpty();
+        QVERIFY(isLink || answer.text != u"done");
+        if (isLink) QCOMPARE(NotesIn(Path(QStringLiteral("/planner.bak"))).size(), 15);
+    }
     void CheckSettings(const Answer& answer) const
     {
         folders::SetRootForTests(Root());
@@ -262,6 +306,9 @@ class FaultSuite : public QObject
         if (name == "recurrence") CheckRecurrence(answer, notes);
         if (name == "backup") CheckBackUp(answer);
         if (name == "settings") CheckSettings(answer);
+        if (name == "convert") CheckConvert(answer);
+        if (name == "move") CheckMove(answer);
+        if (!DBEngine::LinkedAddress(Path(Planner)).isEmpty()) return;
         // Every page of the file.
         QFile::remove(Path(QStringLiteral("/checked.mdb")));
         QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(Path(Planner), Path(QStringLiteral("/checked.mdb"))); }), 0);
