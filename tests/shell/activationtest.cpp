@@ -34,14 +34,14 @@ class ActivationTest : public QObject
     void Open(const QStringList& uris) const
     {
         const QDBusPendingCall call = Call(QStringLiteral("Open"), {uris});
-        QVERIFY(QTest::qWaitFor([&] { return call.isFinished(); }));
+        QVERIFY(QTest::qWaitFor([&] { return call.isFinished(); }, support::longestWait));
         QVERIFY2(!call.isError(), qPrintable(call.error().message()));
     }
 
     void Activate() const
     {
         const QDBusPendingCall call = Call(QStringLiteral("Activate"), {});
-        QVERIFY(QTest::qWaitFor([&] { return call.isFinished(); }));
+        QVERIFY(QTest::qWaitFor([&] { return call.isFinished(); }, support::longestWait));
         QVERIFY2(!call.isError(), qPrintable(call.error().message()));
     }
 
@@ -251,7 +251,7 @@ private Q_SLOTS:
         const QString owner = Owner();
         QVERIFY(!owner.isEmpty() && owner != QDBusConnection::sessionBus().baseService());
         QCOMPARE(kill(pid_t(m_desktop.interface()->servicePid(owner).value()), SIGTERM), 0);
-        QTRY_COMPARE(Owner(), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(Owner(), QString(), support::longestWait);
     }
 };
 
