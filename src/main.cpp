@@ -1,3 +1,4 @@
+#include "platform/desktop/desktopcalls.h"
 #include "shell/startup.h"
 
 #include <QApplication>
@@ -7,5 +8,6 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orrelin"));
     QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
+    QGuiApplication::setDesktopFileName(DesktopCalls::Name());
     return RunOrrelin(application);
 }

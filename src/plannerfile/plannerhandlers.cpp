@@ -7,8 +7,10 @@
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
-#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/filesystem.h"
 #include "platform/runtime/errortail.h"
+
+#include <QFileInfo>
 
 void PlannerHandlers::mnuNew_Click()
 {
@@ -29,8 +31,18 @@ void PlannerHandlers::mnuSave_Click()
 
 void PlannerHandlers::mnuMRU_Click(const MenuItem& entry)
 {
-    // The list is rebuilt by the opening; the path must outlive that.
-    const QString path = entry.Caption();
+    OpenListed(entry.Caption());
+}
+
+void PlannerHandlers::OpenFile(const QString& path)
+{
+    filesystem::Remember(path);
+    g_sDBTitle = QFileInfo(path).fileName().toLower();
+    OpenListed(path.toLower());
+}
+
+void PlannerHandlers::OpenListed(const QString& path)
+{
     m_notes.subUpdateQMTDatabase();
     if (m_viewMode.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
     if (m_viewMode.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();

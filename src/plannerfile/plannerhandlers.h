@@ -1,6 +1,8 @@
 // The main window's commands on planner files, under their own names.
 #pragma once
 
+#include <QString>
+
 class Creation;
 class Opening;
 class QMTDB;
@@ -21,7 +23,12 @@ public:
     void mnuSave_Click();
     void mnuMRU_Click(const MenuItem& entry);
 
+    // As from the recent list. The path is that of a file, letter for letter, whether it is there or not.
+    void OpenFile(const QString& path);
+
 private:
+    void OpenListed(const QString& path);
+
     Creation& m_creation;
     Opening& m_opening;
     QMTDB& m_notes;

@@ -86,6 +86,11 @@ void Mainform::Form_QueryUnload(int UnloadMode)
     if (!m_ended) subExitProgram(UnloadMode);
 }
 
+void Mainform::AnswerDesktop(const QStringList& uris)
+{
+    m_rooms->activation.Answer(uris);
+}
+
 void Mainform::subExitProgram(int iUnloadMode)
 {
     if (m_ended) return;

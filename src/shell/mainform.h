@@ -33,6 +33,8 @@ public:
     void subExitProgram(int iUnloadMode);
     bool HasEnded() const { return m_ended; }
 
+    void AnswerDesktop(const QStringList& uris); // comes to the front, and opens the file if there is one
+
 Q_SIGNALS:
     void Ended(); // everything is saved and closed
 

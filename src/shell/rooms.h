@@ -32,6 +32,7 @@
 #include "platform/print/qmtprn32.h"
 #include "printing/printing.h"
 #include "recurrence/recurringevents.h"
+#include "shell/activation.h"
 #include "shell/controls.h"
 #include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
@@ -81,6 +82,7 @@ struct Rooms
     Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList, recovery};
     Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
     PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
+    Activation activation{*controls.client, planners};
     Navigation navigation{controls.cells, controls.bottom, turn, redraw, controls.menus, m_pCalendarView, bars};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{controls.bottom, turn, redraw, m_pCalendarView, *controls.client};

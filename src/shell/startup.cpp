@@ -2,6 +2,7 @@
 
 #include "calendar/calendarstate.h"
 #include "platform/controls/resources.h"
+#include "platform/desktop/desktopcalls.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/mousepointer.h"
@@ -46,8 +47,14 @@ int RunOrrelin(QApplication& application)
     // Not quit(): that asks the windows first, and one that must be answered refuses.
     QObject::connect(&form, &Mainform::Ended, [] { QCoreApplication::exit(); });
     WatchForTheEnd(application, form);
-    ErrorTail{StartTail}(
-        [&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, [&] { splash->raise(); }); });
+    DesktopCalls calls;
+    QObject::connect(&calls, &DesktopCalls::Called, &form, &Mainform::AnswerDesktop);
+    const auto windowIsThere = [&] {
+        splash->raise();
+        // Even where a box of the start waits for its answer: the bus gives up a program that does not listen.
+        QTimer::singleShot(0, &calls, &DesktopCalls::Listen);
+    };
+    ErrorTail{StartTail}([&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, windowIsThere); });
     splash.reset();
     // Ended while a box of the start was waiting: there is no loop yet that the end could have left.
     if (form.HasEnded()) return 0;

@@ -1,5 +1,6 @@
 // The desktop's portal: a service on the session bus that asks the person, if need be, and tells by a signal what came
 // of it. It cannot take a picture away.
+#include "platform/desktop/sessionbus.h"
 #include "platform/desktop/wallpaperbackend.h"
 
 #include <QDBusConnection>
@@ -11,7 +12,6 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QRandomGenerator>
-#include <QStandardPaths>
 #include <QTimer>
 #include <QWindow>
 
@@ -89,13 +89,9 @@ QString ParentWindow()
     return window && isX11 ? QStringLiteral("x11:%1").arg(window->winId(), 0, 16) : QString();
 }
 
-// Only an address that is set is tried: without one the library would start a bus of its own.
 bool IsHere(const DesktopSession&)
 {
-    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const bool hasBus =
-        qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + QStringLiteral("/bus"));
-    return hasBus && QDBusConnection::sessionBus().isConnected();
+    return HasSessionBus();
 }
 
 WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)

@@ -5,15 +5,14 @@
 #include "platform/print/calendarpage.h"
 #include "platform/print/pagepainter.h"
 #include "platform/richtext/richtextbox.h"
+#include "platform/runtime/durablefile.h"
 
 #include <QDir>
 #include <QPainter>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QTemporaryFile>
 
 #include <algorithm>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -22,14 +21,6 @@ bool IsWholePdf(const QByteArray& pdf)
 {
     constexpr qsizetype TailSize = 16;
     return pdf.last(std::min(TailSize, pdf.size())).contains("%%EOF");
-}
-
-// Whole, or the old file stays.
-bool WriteFile(const QString& path, const QByteArray& pdf)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.flush() &&
-           ::fsync(file.handle()) == 0 && file.commit();
 }
 
 bool IsPdf(const QPrinter& printer)
@@ -118,7 +109,7 @@ bool QMTPrn32::DrawFile(QPrinter& printer)
     const bool isDrawn = Draw(printer);
     printer.setOutputFileName(path);
     const QByteArray pdf = drawn.readAll();
-    return isDrawn && IsWholePdf(pdf) && WriteFile(path, pdf);
+    return isDrawn && IsWholePdf(pdf) && WriteDurably(path, pdf);
 }
 
 void QMTPrn32::qmtEndPrint()

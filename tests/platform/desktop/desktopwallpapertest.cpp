@@ -2,6 +2,7 @@
 #include "platform/desktop/folders.h"
 #include "platform/desktop/wallpaper.h"
 #include "platform/profile/profile.h"
+#include "privatebus.h"
 #include "support.h"
 #include "virtualscreen.h"
 
@@ -78,19 +79,9 @@ public Q_SLOTS:
 class PlayedBus
 {
 public:
-    PlayedBus()
-    {
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        if (!m_daemon.waitForReadyRead()) qFatal("dbus-daemon did not start");
-        const QByteArray address = m_daemon.readAllStandardOutput().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        m_address = QString::fromLatin1(address);
-    }
-
     void Serve()
     {
-        QDBusConnection bus = QDBusConnection::connectToBus(m_address, QStringLiteral("played"));
+        QDBusConnection bus = QDBusConnection::connectToBus(m_bus.Address(), QStringLiteral("played"));
         auto* portal = new PlayedPortal(bus);
         auto* plasma = new PlayedPlasma;
         for (QObject* service : std::initializer_list<QObject*>{portal, plasma}) {
@@ -109,13 +100,10 @@ public:
         m_thread.quit();
         m_thread.wait();
         QDBusConnection::disconnectFromBus(QStringLiteral("played"));
-        m_daemon.kill();
-        m_daemon.waitForFinished();
     }
 
 private:
-    QProcess m_daemon;
-    QString m_address;
+    PrivateBus m_bus;
     QThread m_thread;
 };
 

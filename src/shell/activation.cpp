@@ -1,0 +1,81 @@
+#include "shell/activation.h"
+
+#include "plannerfile/plannerhandlers.h"
+#include "platform/desktop/doevents.h"
+#include "platform/desktop/msgbox.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+
+#include <QApplication>
+#include <QThread>
+#include <QUrl>
+
+#include <utility>
+
+namespace {
+constexpr int LookAgain = 100; // milliseconds until a planner that waits is tried once more
+constexpr int MainLoop = 1;    // the depth of the program's own event loop; a drag, say, has one inside it
+
+// Empty if the address leads elsewhere. Some file managers name their own machine in it.
+QString LocalPath(const QUrl& address)
+{
+    const QString host = address.host();
+    const bool isHere = host.isEmpty() || host == u"localhost" || host == QSysInfo::machineHostName().toLower();
+    return address.isLocalFile() && isHere ? address.path(QUrl::FullyDecoded) : QString();
+}
+} // namespace
+
+Activation::Activation(QWidget& client, PlannerHandlers& planners) : m_client(client), m_planners(planners)
+{
+    m_tmWaiting.setSingleShot(true);
+    m_tmWaiting.callOnTimeout(&client,
+                              [this] { guard(QLatin1StringView(" in MainForm, Open"), [&] { OpenWaiting(); }); });
+}
+
+void Activation::Answer(const QStringList& uris)
+{
+    BringToFront();
+    if (uris.isEmpty()) return;
+    m_waiting = uris;
+    m_tmWaiting.start(0); // not at once: the caller waits for the end of this
+}
+
+void Activation::BringToFront() const
+{
+    QWidget* front = m_client.window();
+    if (!front->isVisible()) return; // the program is just starting or ending
+    front->setWindowState(front->windowState() & ~Qt::WindowMinimized);
+    front->raise();
+    if (QWidget* const modal = QApplication::activeModalWidget()) front = modal;
+    front->raise();
+    front->activateWindow();
+}
+
+bool Activation::IsFree() const
+{
+    return m_client.window()->isVisible() && !DoEventsRuns() && QThread::currentThread()->loopLevel() <= MainLoop &&
+           !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
+}
+
+void Activation::OpenWaiting()
+{
+    if (!IsFree()) return m_tmWaiting.start(LookAgain);
+    const QStringList uris = std::exchange(m_waiting, {});
+    if (uris.size() > 1) {
+        MsgBox(QStringLiteral("Orrelin shows one planner at a time. Of the %1 that were chosen it opens the first.")
+                   .arg(uris.size()),
+               msgbox::Information, messages::HelpWizard);
+    }
+    Open(uris.front());
+}
+
+void Activation::Open(const QString& uri)
+{
+    const QUrl address(uri);
+    const QString path = LocalPath(address);
+    if (!path.isEmpty()) return m_planners.OpenFile(path);
+    MsgBox(QStringLiteral("Orrelin opens planners that lie in a folder of this computer or of a drive that is "
+                          "connected to it. This one lies elsewhere:\n\n%1")
+               .arg(address.toDisplayString()),
+           msgbox::Exclamation, messages::HelpWizard);
+}

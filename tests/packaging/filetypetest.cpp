@@ -1,0 +1,94 @@
+#include "plannerfile/schema.h"
+#include "platform/engine/dbengine.h"
+
+#include <QDir>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+// What a desktop takes a file for that knows our types beside all the usual ones.
+class FileTypeTest : public QObject
+{
+    Q_OBJECT
+
+    const QTemporaryDir& m_data;
+    const QString m_planner = QStringLiteral("application/x-orrelin-planner");
+    const QString m_link = m_planner + QStringLiteral("-link");
+
+    QString Write(const QString& name, const QByteArray& content) const
+    {
+        QFile file(m_data.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0) qFatal("no room for a temporary file");
+        return file.fileName();
+    }
+
+    QByteArray Planner() const
+    {
+        const QString path = m_data.filePath(QStringLiteral("made"));
+        QFile::remove(path);
+        DBEngine::CreateDatabase(path, schema::Locale).Append(schema::NotesTable());
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+public:
+    explicit FileTypeTest(const QTemporaryDir& data) : m_data(data) {}
+
+private Q_SLOTS:
+    void AFileGoesByItsContent_data()
+    {
+        const QByteArray planner = Planner(), link("Orrelin planner link 1\npostgresql://desk1/office\n");
+        const QByteArray otherProgram = QByteArray(planner).replace(68, 4, QByteArray(4, '\0'));
+        const QString other = QStringLiteral("application/vnd.ms-access");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("type");
+        QTest::newRow("planner") << "notes.mdb" << planner << m_planner;
+        QTest::newRow("large letters") << "NOTES.MDB" << planner << m_planner;
+        QTest::newRow("no extension") << "notes" << planner << m_planner;
+        QTest::newRow("link") << "team.mdb" << link << m_link;
+        QTest::newRow("link without extension") << "team" << link << m_link;
+        QTest::newRow("database of another engine") << "a.mdb" << QByteArray("\0\1\0\0Standard Jet DB\0", 20) << other;
+        QTest::newRow("text") << "text.mdb" << QByteArray("Dear Ann,\n") << other;
+        QTest::newRow("database of another program") << "other.mdb" << otherProgram << other;
+        QTest::newRow("the same by its own name") << "b.sqlite3" << otherProgram << "application/vnd.sqlite3";
+    }
+
+    void AFileGoesByItsContent()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        QTEST(QMimeDatabase().mimeTypeForFile(Write(name, content)).name(), "type");
+    }
+
+    void TheDesktopEntryTakesThemAll()
+    {
+        QFile file(QStringLiteral(PACKAGING_FOLDER "/org.orrelin.Orrelin.desktop"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray entry = file.readAll();
+        for (const QString& type : {m_planner, m_link}) {
+            QVERIFY(QMimeDatabase().mimeTypeForName(type).isValid());
+            QVERIFY(entry.contains(type.toUtf8() + ';'));
+        }
+    }
+};
+
+int main(int argc, char** argv)
+{
+    // One folder of types, as where the package puts ours.
+    const QTemporaryDir data;
+    const QString types = data.filePath(QStringLiteral("mime/packages/"));
+    const QString usual = QStringLiteral("freedesktop.org.xml"), ours = QStringLiteral("org.orrelin.Orrelin.xml");
+    if (!QDir().mkpath(types) || !QFile::copy(QStringLiteral("/usr/share/mime/packages/") + usual, types + usual) ||
+        !QFile::copy(QStringLiteral(PACKAGING_FOLDER "/") + ours, types + ours) ||
+        QProcess::execute(QStringLiteral("update-mime-database"), {data.filePath(QStringLiteral("mime"))}) != 0)
+        qFatal("the types could not be installed");
+    qputenv("XDG_DATA_HOME", data.path().toUtf8());
+    qputenv("XDG_DATA_DIRS", data.path().toUtf8());
+    QCoreApplication application(argc, argv);
+    FileTypeTest test(data);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "filetypetest.moc"

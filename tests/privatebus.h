@@ -1,0 +1,33 @@
+// A session bus of the test's own, on which the program stands too. Made before the application object.
+#pragma once
+
+#include <QProcess>
+
+class PrivateBus
+{
+public:
+    // Of the environment the bus starts services in, and looks for their files by XDG_DATA_HOME.
+    explicit PrivateBus(const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+    {
+        m_daemon.setProcessEnvironment(environment);
+        m_daemon.setStandardErrorFile(QProcess::nullDevice());
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        if (!m_daemon.waitForReadyRead()) qFatal("dbus-daemon did not start");
+        const QByteArray address = m_daemon.readAllStandardOutput().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        m_address = QString::fromLatin1(address);
+    }
+
+    ~PrivateBus()
+    {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    QString Address() const { return m_address; }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+};
