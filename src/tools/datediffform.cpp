@@ -115,7 +115,6 @@ QLayout* DateDiffForm::MakeColor()
 {
     auto* button = new QPushButton(QStringLiteral("Background Color"));
     button->setObjectName(QStringLiteral("btnBGColor"));
-    button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this,
             [this] { guard(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }); });
     m_lblDateDiff = new QLabel(QStringLiteral("Day 365"));
