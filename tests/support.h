@@ -166,6 +166,13 @@ inline void CancelNextFileDialog()
     OnNextModal<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
 }
 
+// Without a window manager a window may open without becoming the active one, and then nothing in it has the focus.
+inline void Activate(QWidget& window)
+{
+    window.activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), &window);
+}
+
 // What the person does in the next font dialog; null cancels it.
 inline void AnswerFontDialog(const std::function<void(QFontDialog&)>& choose)
 {

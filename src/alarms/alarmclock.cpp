@@ -8,6 +8,7 @@
 #include "platform/engine/database.h"
 #include "platform/runtime/errortail.h"
 
+#include <QApplication>
 #include <QScopedValueRollback>
 
 #include <optional>
@@ -43,7 +44,7 @@ void AlarmClock::Check()
 void AlarmClock::Ring(const Alarm& alarm)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
-    AlarmEventForm form(alarm.note, m_client.screen());
+    AlarmEventForm form(alarm.note, m_client.screen(), QApplication::focusWidget());
     if (!alarm.silence) form.PlayWhenShown(alarm.tune);
     form.exec();
     if (!alarm.silence) form.subStopMusic(alarm.tune);

@@ -2,17 +2,16 @@
 
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/notepanel.h"
+#include "platform/controls/optionbutton.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -108,7 +107,7 @@ QLayout* MakeTime(AlarmControls& controls)
     line->addWidget(controls.picMinuteDn);
     line->addSpacing(Rhythm);
     for (int half = 0; half < 2; ++half) {
-        auto* option = new QRadioButton(half == 0 ? QStringLiteral("AM") : QStringLiteral("PM"));
+        auto* option = new OptionButton(half == 0 ? QStringLiteral("AM") : QStringLiteral("PM"));
         option->setObjectName(QStringLiteral("opAMPM(%1)").arg(half));
         controls.opAMPM[std::size_t(half)] = option;
         controls.halfDay->addButton(option, half);
@@ -170,13 +169,11 @@ QGroupBox* MakeNotes(AlarmControls& controls)
     return controls.frNotes;
 }
 
-QDialogButtonBox* MakeButtons(AlarmControls& controls)
+QDialogButtonBox* MakeButtons(AlarmControls& controls, QDialog& window)
 {
-    controls.buttons = new QDialogButtonBox;
+    controls.buttons = new QDialogButtonBox(&window); // which would not hear of its default button otherwise
     const auto add = [&](const char* name, const char* caption, QDialogButtonBox::ButtonRole role) {
-        auto* button = Named(controls.buttons->addButton(QString::fromLatin1(caption), role), name);
-        button->setAutoDefault(false); // Return in a box means Ok, whatever button had the focus last
-        return button;
+        return Named(controls.buttons->addButton(QString::fromLatin1(caption), role), name);
     };
     controls.btnOk = add("btnOk", "&Ok", QDialogButtonBox::AcceptRole);
     controls.btnDelete = add("btnDelete", "&Delete", QDialogButtonBox::DestructiveRole);
@@ -200,6 +197,6 @@ AlarmControls MakeAlarmControls(QDialog& window)
     column->setContentsMargins(2 * Rhythm, 2 * Rhythm, 2 * Rhythm, 2 * Rhythm);
     column->setSpacing(2 * Rhythm);
     column->addWidget(controls.frAlarm, 1);
-    column->addWidget(MakeButtons(controls));
+    column->addWidget(MakeButtons(controls, window));
     return controls;
 }

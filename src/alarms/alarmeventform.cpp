@@ -4,53 +4,130 @@
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/desktop/pressedbyreturn.h"
 #include "platform/runtime/errortail.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPushButton>
-#include <QTimer>
+
+namespace {
+constexpr QLatin1StringView PlayLiteral(" in AlarmEventForm, subPlayMusic");
+constexpr int HalfASecond = 500;
+
+bool IsReturn(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+// What writes and edits, and no command.
+bool IsTyping(const QKeyEvent& event)
+{
+    const auto command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (command) return false;
+    const int key = event.key();
+    const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
+    if (isArrow || IsReturn(key) || key == Qt::Key_Backspace || key == Qt::Key_Delete) return true;
+    return !event.text().isEmpty() && event.text().front() >= u' ';
+}
+
+bool TakesText(const QWidget& widget)
+{
+    const QVariant readOnly = widget.property("readOnly"); // all boxes for text have it
+    return readOnly.isValid() && !readOnly.toBool() && widget.isEnabled() && widget.isVisible();
+}
+} // namespace
 
 // Without an owner: the desktop would hide it together with a main window that is minimised.
-AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen) : QDialog(nullptr, Qt::WindowStaysOnTopHint)
+AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget* typedInto)
+    : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(new RichTextBox), m_typedInto(typedInto)
 {
     constexpr QSize SmallestNote(400, 180);
     setObjectName(QStringLiteral("AlarmEventForm"));
     setWindowTitle(QStringLiteral("Alarm Event"));
     setModal(true);
     setScreen(screen);
-    auto* tbNotes = new RichTextBox;
-    tbNotes->setObjectName(QStringLiteral("tbNotes"));
-    tbNotes->setAccessibleName(QStringLiteral("Notes"));
-    tbNotes->setMinimumSize(SmallestNote);
-    tbNotes->SetTextRTF(note);
-    tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here
-    auto* btnOk = new QPushButton(QStringLiteral("&Ok"));
+    m_tbNotes->setObjectName(QStringLiteral("tbNotes"));
+    m_tbNotes->setAccessibleName(QStringLiteral("Notes"));
+    m_tbNotes->setMinimumSize(SmallestNote);
+    m_tbNotes->SetTextRTF(note);
+    m_tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here
+    setAccessibleDescription(m_tbNotes->Text());
+    auto* btnOk = new PressedByReturn<QPushButton>(QStringLiteral("&Ok"));
     btnOk->setObjectName(QStringLiteral("btnOk"));
-    // The window comes in the middle of other work: a key that was meant for that must not close it unseen.
-    btnOk->setAutoDefault(false);
+    btnOk->setAutoDefault(false); // Return anywhere else must not close the window
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(HalfASecond);
+    connect(&m_quiet, &QTimer::timeout, this, [this] { guard(PlayLiteral, [this] { MsgBox(m_problem); }); });
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
-    column->addWidget(MakeNotePanel(tbNotes), 1);
+    column->addWidget(MakeNotePanel(m_tbNotes), 1);
     column->addWidget(btnOk, 0, Qt::AlignRight);
-    tbNotes->setFocus();
+    setTabOrder(btnOk, m_tbNotes);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setFocus(); // of the window itself, until it is touched
     CenterOnScreen(*this);
 }
 
 void AlarmEventForm::PlayWhenShown(const QString& tune)
 {
-    QTimer::singleShot(0, this, [this, tune] {
-        guard(QLatin1StringView(" in AlarmEventForm, subPlayMusic"), [&] { subPlayMusic(tune); });
-    });
+    QTimer::singleShot(0, this, [this, tune] { guard(PlayLiteral, [&] { subPlayMusic(tune); }); });
 }
 
 void AlarmEventForm::subPlayMusic(const QString& sTune)
 {
-    const QString problem = PlayTune(sTune);
-    if (!problem.isEmpty()) MsgBox(problem);
+    m_problem = PlayTune(sTune);
+    if (!m_problem.isEmpty()) m_quiet.start();
 }
 
 void AlarmEventForm::subStopMusic(const QString& sTune)
 {
     StopTune(sTune);
+}
+
+void AlarmEventForm::showEvent(QShowEvent* event)
+{
+    m_isNew.setRemainingTime(HalfASecond);
+    QDialog::showEvent(event);
+}
+
+// A shortcut, Tab or Esc that comes at once was meant for the work.
+bool AlarmEventForm::event(QEvent* event)
+{
+    const bool isPress = event->type() == QEvent::KeyPress;
+    const bool isKey = isPress || event->type() == QEvent::ShortcutOverride;
+    if (!isKey || m_isNew.hasExpired()) return QDialog::event(event);
+    if (isPress && IsTyping(static_cast<QKeyEvent&>(*event))) keyPressEvent(static_cast<QKeyEvent*>(event));
+    event->accept();
+    return true;
+}
+
+void AlarmEventForm::keyPressEvent(QKeyEvent* event)
+{
+    if (IsTouched()) return QDialog::keyPressEvent(event);
+    if (m_quiet.isActive()) m_quiet.start();
+    if (IsTyping(*event)) {
+        // In a box of one line Return would press a button of the window behind.
+        const bool staysInBox = !IsReturn(event->key()) || qobject_cast<QTextEdit*>(m_typedInto);
+        if (staysInBox) PassOn(*event);
+    } else if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        QApplication::sendEvent(m_tbNotes, event);
+    } else {
+        QDialog::keyPressEvent(event); // Esc closes
+    }
+}
+
+// Accents and other scripts.
+void AlarmEventForm::inputMethodEvent(QInputMethodEvent* event)
+{
+    QInputMethodEvent committed;
+    committed.setCommitString(event->commitString());
+    if (!IsTouched() && !event->commitString().isEmpty()) PassOn(committed);
+}
+
+void AlarmEventForm::PassOn(QEvent& typed)
+{
+    if (m_typedInto && TakesText(*m_typedInto)) QApplication::sendEvent(m_typedInto, &typed);
 }

@@ -1,21 +1,42 @@
-// The window of an alarm that rings: its note, in front of everything.
+// The window of an alarm that rings: its note, in front of everything. It comes in the middle of other work: what is
+// being typed goes on to where it was meant for, until somebody clicks or tabs here.
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QDialog>
+#include <QPointer>
+#include <QTimer>
 
 class QScreen;
+class RichTextBox;
 
 class AlarmEventForm : public QDialog
 {
     Q_OBJECT
 
 public:
-    AlarmEventForm(const QByteArray& note, QScreen* screen);
+    // typedInto is the widget that has the focus behind it, if any; it may go while the window is open.
+    AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget* typedInto);
 
-    // Plays the tune once the window is shown, so that what is told of a tune that cannot be played stands over it.
+    // Plays the tune once the window is shown. What is told of a tune that cannot be played stands over it, and waits
+    // for half a second without a key.
     void PlayWhenShown(const QString& tune);
     void subStopMusic(const QString& sTune);
 
+protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+
 private:
     void subPlayMusic(const QString& sTune);
+    bool IsTouched() const { return focusWidget() != this; }
+    void PassOn(QEvent& typed);
+
+    RichTextBox* m_tbNotes;
+    QPointer<QWidget> m_typedInto;
+    QDeadlineTimer m_isNew; // nobody has read it yet
+    QTimer m_quiet;         // runs while the problem waits to be told
+    QString m_problem;
 };

@@ -138,8 +138,7 @@ void AlarmForm::PrepareNew(const QString& caption)
     m_controls.frAlarm->setTitle(QStringLiteral("New Alarm Event"));
     subHideBrowseControls();
     ProposeDate(caption);
-    const bool isDated = !m_controls.maskAlarmDate->Text().contains(u'_');
-    (isDated ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
+    (m_controls.maskAlarmDate->IsComplete() ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
 }
 
 void AlarmForm::subHideBrowseControls()
@@ -201,7 +200,7 @@ bool AlarmForm::TellRefusal(const Alarm& alarm)
         return true;
     }
     // An alarm of no date would never ring and never be seen again.
-    if (m_controls.maskAlarmDate->Text().contains(u'_')) {
+    if (!m_controls.maskAlarmDate->IsComplete()) {
         Tell(QStringLiteral("The date you have entered is not complete"));
         m_controls.maskAlarmDate->setFocus();
         return true;

@@ -10,11 +10,11 @@
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/keepreadable.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/engine/database.h"
-#include "platform/look/paper.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
@@ -29,15 +29,6 @@
 namespace {
 constexpr QLatin1StringView OkLiteral(" in AlarmForm, btnOk_Click");
 constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData");
-
-// What is disabled only because nothing is to be edited is there to be read.
-void KeepReadable(QWidget& frame)
-{
-    QPalette palette = frame.palette();
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, paper::SoftInk);
-    frame.setPalette(palette);
-}
 } // namespace
 
 void AlarmForm::PrepareBrowse(const QString& caption)
@@ -113,6 +104,7 @@ void AlarmForm::ApplyDeletions()
 
 void AlarmForm::btnDelete_Click()
 {
+    if (!m_controls.maskAlarmDate->IsComplete()) return; // no alarm is shown
     const ErrorTail tail(QLatin1StringView(" in AlarmForm, btnDelete_Click"));
     Alarm shown = {
         m_sAlarmDate, fnAlarmTimeText(), {}, m_controls.orlcmbTunes->Text(), m_controls.chkSilence->isChecked()};

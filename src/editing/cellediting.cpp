@@ -21,6 +21,7 @@
 #include "settings/messages.h"
 #include "workgroup/workgroupstate.h"
 
+#include <QApplication>
 #include <QMenu>
 
 #include <cmath>
@@ -144,6 +145,8 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
     if (IsHeldElsewhere(Index)) KeyAscii = 0;
     if (!m_network.picLock->Visible(0)) return;
     KeyAscii = 0;
+    // Handed on by an alarm's window: a box would put itself in front of that.
+    if (QApplication::activeModalWidget()) return;
     MsgBox(QStringLiteral("Please lock current day in order to edit a shared database. Alternatively, locking "
                           "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "
                           "the cell, or use shortcut key Ctrl-D"),

@@ -16,6 +16,7 @@ void FontCommand::Fill(const RichTextBox& box, const ErrorTail& tail)
     m_dialog.size = box.SelFontSize().value_or(0);
     for (const TextStyle& style : TextStyles)
         m_dialog.*style.ofDialog = (box.*style.read)().value_or(false);
+    m_dialog.colorIsChosen = false;
     // Whether there is one colour is told by the underline: with a mixed one the dialog opens in black, and mixed
     // colours under an even one leave the dialog with the colour of its last use.
     tail([&] {

@@ -5,6 +5,7 @@
 #include "editing/notemenu.h"
 #include "editing/textstyles.h"
 #include "platform/controls/notepanel.h"
+#include "platform/desktop/pressedbyreturn.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 
@@ -71,7 +72,7 @@ QLayout* ZoomBoxForm::MakeFoot()
     foot->setSpacing(8);
     foot->addWidget(lblHint, 1);
     const auto add = [&](const char* name, const char* caption, void (ZoomBoxForm::*click)()) {
-        auto* button = new QPushButton(QString::fromLatin1(caption));
+        auto* button = new PressedByReturn<QPushButton>(QString::fromLatin1(caption));
         button->setObjectName(QString::fromLatin1(name));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, click);

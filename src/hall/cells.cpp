@@ -1,6 +1,7 @@
 #include "hall/cells.h"
 
 #include "calendar/modshow.h"
+#include "platform/desktop/pressedbyreturn.h"
 #include "platform/look/paper.h"
 
 #include <QIcon>
@@ -89,7 +90,7 @@ RichTextBox* Cells::MakeBox(int index)
 QToolButton* Cells::MakeAlarmMark(int index)
 {
     constexpr int MarkSize = 20;
-    auto* mark = new QToolButton(m_client);
+    auto* mark = new PressedByReturn<QToolButton>(m_client);
     mark->hide();
     mark->resize(MarkSize, MarkSize);
     mark->setIcon(QIcon(QStringLiteral(":/icons/alarm.svg")));

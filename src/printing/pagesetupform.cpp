@@ -81,7 +81,6 @@ QWidget* PageSetupForm::MakeHeaderFrame()
     m_tbHeader->setFixedWidth(HeaderWidth);
     auto* btnFonts = new QPushButton(QStringLiteral("&Fonts"));
     btnFonts->setObjectName(QStringLiteral("btnFonts"));
-    btnFonts->setAutoDefault(false);
     connect(btnFonts, &QPushButton::clicked, this, &PageSetupForm::btnFonts_Click);
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(8);

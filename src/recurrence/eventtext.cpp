@@ -17,10 +17,44 @@ void Read(const QByteArray& rtf, const QTextCharFormat& plain, QTextDocument& do
     all.setCharFormat(plain);
 }
 
-// As the search sees a note: blanks that do not break are blanks.
-QString Searchable(QString text)
+// As the search sees a paragraph: blanks that do not break are blanks.
+QString TextOf(const QTextBlock& block)
 {
-    return text.replace(QChar::Nbsp, u' ');
+    return block.text().replace(QChar::Nbsp, u' ');
+}
+
+// Without empty ones at the end: they are no more than the place where the writing stopped.
+QStringList ParagraphsOf(const QTextDocument& document)
+{
+    QStringList paragraphs;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        paragraphs += TextOf(block);
+    while (!paragraphs.isEmpty() && paragraphs.last().isEmpty())
+        paragraphs.removeLast();
+    return paragraphs;
+}
+
+bool BeginsWith(const QString& text, const QString& words)
+{
+    return text.startsWith(words) && (text.size() == words.size() || !text[words.size()].isLetterOrNumber());
+}
+
+bool EndsWith(const QString& text, const QString& words)
+{
+    const qsizetype before = text.size() - words.size();
+    return text.endsWith(words) && (before == 0 || !text[before - 1].isLetterOrNumber());
+}
+
+// Where the last of several paragraphs stands if they follow one another from this block on, which the first one ends;
+// else an invalid block.
+QTextBlock LastBlockOf(const QStringList& paragraphs, const QTextBlock& first)
+{
+    if (!EndsWith(TextOf(first), paragraphs.first())) return {};
+    QTextBlock block = first.next();
+    for (qsizetype i = 1; i + 1 < paragraphs.size(); ++i, block = block.next()) {
+        if (TextOf(block) != paragraphs[i]) return {};
+    }
+    return block.isValid() && BeginsWith(TextOf(block), paragraphs.last()) ? block : QTextBlock();
 }
 } // namespace
 
@@ -29,8 +63,10 @@ EventText::EventText(const QByteArray& rtf, const QTextCharFormat& plain) : m_rt
     m_note.setUndoRedoEnabled(false);
     Read(rtf, plain, m_event);
     m_fragment = QTextDocumentFragment(&m_event);
-    m_text = m_event.toPlainText().remove(QChar::ObjectReplacementCharacter);
-    if (m_event.blockCount() == 1) m_paragraph = Searchable(m_event.firstBlock().text());
+    m_isEmpty = m_event.toPlainText().remove(QChar::ObjectReplacementCharacter).isEmpty();
+    m_paragraphs = ParagraphsOf(m_event);
+    m_withoutPictures =
+        QStringList(m_paragraphs).replaceInStrings(QString(QChar::ObjectReplacementCharacter), QString());
 }
 
 void EventText::ReadNote(const QByteArray& note)
@@ -45,18 +81,32 @@ QByteArray EventText::AppendedTo(const QByteArray& note)
     return WriteRtf(m_note);
 }
 
+QTextCursor EventText::Find(const QStringList& paragraphs) const
+{
+    if (paragraphs.size() == 1)
+        return m_note.find(paragraphs.first(), 0, QTextDocument::FindWholeWords | QTextDocument::FindCaseSensitively);
+    for (QTextBlock first = m_note.begin(); first.isValid(); first = first.next()) {
+        const QTextBlock last = LastBlockOf(paragraphs, first);
+        if (!last.isValid()) continue;
+        QTextCursor found(first);
+        found.movePosition(QTextCursor::EndOfBlock);
+        found.setPosition(found.position() - int(paragraphs.first().size()));
+        found.setPosition(last.position() + int(paragraphs.last().size()), QTextCursor::KeepAnchor);
+        return found;
+    }
+    return {};
+}
+
 QTextCursor EventText::FindInNote() const
 {
-    const QTextDocument::FindFlags exactly = QTextDocument::FindWholeWords | QTextDocument::FindCaseSensitively;
-    const QTextCursor found = m_note.find(m_paragraph, 0, exactly);
+    const QTextCursor found = Find(m_paragraphs);
     // Somebody may have taken the event's pictures out of the note.
-    const bool hasPictures = m_paragraph.contains(QChar::ObjectReplacementCharacter);
-    return found.isNull() && hasPictures ? m_note.find(Searchable(m_text), 0, exactly) : found;
+    return found.isNull() && m_withoutPictures != m_paragraphs ? Find(m_withoutPictures) : found;
 }
 
 std::optional<QByteArray> EventText::TakenOutOf(const QByteArray& note)
 {
-    if (m_text.isEmpty() || m_paragraph.isEmpty()) return {};
+    if (m_withoutPictures.join(QString()).isEmpty()) return {}; // it would be found where somebody else wrote it
     ReadNote(note);
     QTextCursor found = FindInNote();
     if (found.isNull()) return {};

@@ -17,17 +17,18 @@ public:
     EventText(const QByteArray& rtf, const QTextCharFormat& plain);
 
     const QByteArray& Rtf() const { return m_rtf; }
-    bool IsEmpty() const { return m_text.isEmpty(); } // a picture alone is no text
+    bool IsEmpty() const { return m_isEmpty; } // a picture alone is no text
 
     // The note, a line break, and the event as it is formatted.
     QByteArray AppendedTo(const QByteArray& note);
 
-    // The note without the first place where the event's text stands as a whole word, in the same letter case and in
-    // one paragraph; pictures that belong to the event go with it. Empty where the text does not stand in the note.
+    // The note without the first place where the event's text stands as whole words, in the same letter case and in as
+    // many paragraphs; pictures that belong to the event go with it. Empty where the text does not stand in the note.
     std::optional<QByteArray> TakenOutOf(const QByteArray& note);
 
 private:
     void ReadNote(const QByteArray& note);
+    QTextCursor Find(const QStringList& paragraphs) const;
     QTextCursor FindInNote() const;
 
     QByteArray m_rtf;
@@ -35,6 +36,7 @@ private:
     QTextDocument m_event;
     QTextDocument m_note; // the one that is being changed
     QTextDocumentFragment m_fragment;
-    QString m_text;
-    QString m_paragraph; // what is searched for, pictures and line breaks included; of several paragraphs none
+    bool m_isEmpty = true;
+    QStringList m_paragraphs; // what is searched for, pictures and line breaks included
+    QStringList m_withoutPictures;
 };

@@ -4,17 +4,16 @@
 #include "editing/notemenu.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/notepanel.h"
+#include "platform/controls/optionbutton.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
 
-#include <QButtonGroup>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
 
 namespace {
 constexpr int Gap = 8, Margin = 16;
@@ -47,6 +46,7 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
     column->setSpacing(Margin);
     column->addWidget(MakeOptions(), 1);
     column->addLayout(MakeFoot());
+    m_btnOk->setDefault(true); // the window hears only of a button that it holds
     Form_Load();
     CenterOnScreen(*this);
     setMinimumSize(size());
@@ -133,7 +133,7 @@ QLayout* RecurForm::MakeMethods()
     row->setSpacing(Margin);
     int index = 0;
     for (const char* caption : {"D&ay", "&Week", "&Month", "&Year", "S&pecial"}) {
-        auto* option = new QRadioButton(QString::fromLatin1(caption));
+        auto* option = new OptionButton(QString::fromLatin1(caption));
         option->setObjectName(QStringLiteral("opMethod(%1)").arg(index));
         m_opMethod->addButton(option, index++);
         row->addWidget(option);
@@ -177,7 +177,6 @@ QLayout* RecurForm::MakeFoot()
     const auto add = [&](const char* name, const char* caption, void (RecurForm::*click)()) {
         auto* button = new QPushButton(QString::fromLatin1(caption));
         button->setObjectName(QString::fromLatin1(name));
-        button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, click);
         row->addWidget(button);
         return button;
@@ -194,6 +193,5 @@ QLayout* RecurForm::MakeFoot()
     m_btnOk = add("btnOk", "&Ok", &RecurForm::btnOk_Click);
     m_btnCancel = add("btnCancel", "&Cancel", &RecurForm::btnCancel_Click);
     m_btnDelete->setEnabled(false);
-    m_btnOk->setDefault(true);
     return row;
 }

@@ -10,6 +10,7 @@
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/keepreadable.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"
@@ -99,8 +100,11 @@ void RecurForm::ShowDefaultDate()
 
 bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
 {
-    if (!fnValidateDate(sStart)) return RefuseDate(*m_maskStartDate, QStringLiteral("Start Date is not a valid date"));
-    if (!fnValidateDate(sEnd)) return RefuseDate(*m_maskUntil, QStringLiteral("End Date is not a valid date"));
+    // A date of which a digit is missing could be read as one of another year.
+    if (!m_maskStartDate->IsComplete() || !fnValidateDate(sStart))
+        return RefuseDate(*m_maskStartDate, QStringLiteral("Start Date is not a valid date"));
+    if (!m_maskUntil->IsComplete() || !fnValidateDate(sEnd))
+        return RefuseDate(*m_maskUntil, QStringLiteral("End Date is not a valid date"));
     if (!fnCheckBackwardDate(sStart, sEnd))
         return RefuseDate(*m_maskUntil, QStringLiteral("The Ending Date is earlier than Starting Date"),
                           msgbox::Exclamation);
@@ -214,12 +218,14 @@ void RecurForm::Browse()
     m_btnDelete->setEnabled(true);
     m_btnDelete->setDefault(true);
     m_tbRecurse->SetLocked(true); // what is typed over the text would not be found in the notes
+    m_btnFonts->setEnabled(false);
+    QWidgetList shown = {m_maskStartDate, m_maskUntil, m_cmbRecurDays, m_cmbRecurSpecial};
     for (QAbstractButton* option : m_opMethod->buttons())
-        option->setEnabled(false);
-    for (QWidget* input : {static_cast<QWidget*>(m_maskStartDate), static_cast<QWidget*>(m_maskUntil),
-                           static_cast<QWidget*>(m_cmbRecurDays), static_cast<QWidget*>(m_cmbRecurSpecial),
-                           static_cast<QWidget*>(m_btnFonts)})
+        shown += option;
+    for (QWidget* input : shown) {
         input->setEnabled(false);
+        KeepReadable(*input);
+    }
 }
 
 void RecurForm::ShowRecord()
@@ -297,7 +303,7 @@ void RecurForm::btnFonts_Click()
     const UndoStep oneStep(*m_tbRecurse);
     tail([&] { m_tbRecurse->SetSelFontName(NameOr(chosen)); });
     tail([&] { m_tbRecurse->SetSelFontSize(chosen.size); });
-    tail([&] { m_tbRecurse->SetSelColor(chosen.color); });
+    if (chosen.colorIsChosen) tail([&] { m_tbRecurse->SetSelColor(chosen.color); });
     for (const TextStyle& style : TextStyles)
         tail([&] { Set(*m_tbRecurse, style, chosen.*style.ofDialog); });
     m_tbRecurse->setFocus();

@@ -6,6 +6,7 @@
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
+#include "platform/desktop/pressedbyreturn.h"
 #include "platform/look/paper.h"
 
 #include <QLabel>
@@ -176,7 +177,7 @@ void FillPicturePage(Sidebar& sidebar)
     sidebar.tbPictureBox = new PictureStrip(page);
     sidebar.tbPictureBox->setObjectName(QStringLiteral("tbPictureBox"));
     sidebar.tbPictureBox->setAccessibleName(QStringLiteral("Pictures"));
-    sidebar.btnReloadIcons = new QPushButton(QStringLiteral("Reload"), page);
+    sidebar.btnReloadIcons = new PressedByReturn<QPushButton>(QStringLiteral("Reload"), page);
     sidebar.btnReloadIcons->setObjectName(QStringLiteral("btnReloadIcons"));
     sidebar.btnReloadIcons->setToolTip(QStringLiteral("Reload the Picture list"));
     sidebar.btnReloadIcons->setEnabled(false); // until it is wired to its command

@@ -106,7 +106,6 @@ QLayout* DateDiffForm::MakeColor()
 {
     auto* button = new QPushButton(QStringLiteral("Background Color"));
     button->setObjectName(QStringLiteral("btnBGColor"));
-    button->setAutoDefault(false);
     button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
             [this] { guard(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }); });

@@ -106,8 +106,6 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     m_btnMove->setObjectName(QStringLiteral("btnMove"));
     m_btnSaveToFile = new QPushButton(QStringLiteral("&Save to a File..."));
     m_btnSaveToFile->setObjectName(QStringLiteral("btnSaveToFile"));
-    for (QPushButton* button : {m_btnMove, m_btnSaveToFile})
-        button->setAutoDefault(false);
     grid->addWidget(caption, 0, 0);
     grid->addWidget(m_txtServer, 0, 1, 1, 3);
     grid->setColumnStretch(1, 1);

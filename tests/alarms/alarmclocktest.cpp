@@ -1,5 +1,9 @@
 #include "alarmtesting.h"
 #include "recording.h"
+#include "recurrence/recurform.h"
+
+#include <QInputMethodEvent>
+#include <QScrollBar>
 
 // The alarm clock over a day, and the window that it opens. The program is on the 17th of March 1999, 9:30.
 class AlarmClockTest : public QObject
@@ -25,6 +29,30 @@ class AlarmClockTest : public QObject
     QStringList TickAt(int hour, int minute, int second = 0)
     {
         return TickAt(QDateTime(m_today, QTime(hour, minute, second)));
+    }
+
+    // One that comes with the window was not meant for it.
+    static void Escape(AlarmEventForm& form)
+    {
+        QTRY_VERIFY((QTest::keyClick(form.focusWidget(), Qt::Key_Escape), !form.isVisible()));
+    }
+
+    // The keys that the person goes on pressing while the window of an alarm comes up.
+    void RingWhile(const std::function<void(QWidget& typed)>& goOn)
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", QByteArray("line\n").repeated(200).constData())});
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            QTRY_COMPARE(QApplication::focusWidget(), &form);
+            QTest::keyClick(&form, Qt::Key_O, Qt::AltModifier);
+            QTest::keyClick(&form, Qt::Key_Escape);
+            goOn(form);
+            QVERIFY(form.isVisible());
+            QCOMPARE(QApplication::activeModalWidget(), &form);
+            QCOMPARE(In<RichTextBox>(form, "tbNotes").verticalScrollBar()->value(), 0);
+            Escape(form);
+        });
+        m_program->Tick("tmAlarm");
+        QCOMPARE(WaitingAnswers(), 0);
     }
 
 private Q_SLOTS:
@@ -116,7 +144,7 @@ private Q_SLOTS:
             QCOMPARE(QApplication::activeModalWidget(), &form);
             QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), QStringLiteral("first"));
             QCOMPARE(g_rsAlarm.Fields(QStringLiteral("Alarm Time")).toString(), QStringLiteral("09:30"));
-            QTest::keyClick(&form, Qt::Key_Escape);
+            Escape(form);
         });
         m_program->Tick("tmAlarm");
         QCOMPARE(WaitingAnswers(), 0);
@@ -124,7 +152,6 @@ private Q_SLOTS:
         QCOMPARE(TickAt(9, 32), QStringList());
     }
 
-    // Keys that were meant for the work behind it leave the window open and its note as it is.
     void theWindow()
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "{\\rtf1\\ansi a {\\b bold} note}")});
@@ -133,14 +160,67 @@ private Q_SLOTS:
             QVERIFY(form.windowFlags() & Qt::WindowStaysOnTopHint);
             const QPoint off = form.frameGeometry().center() - form.screen()->availableGeometry().center();
             QVERIFY(off.manhattanLength() < 8);
-            for (const Qt::Key key : {Qt::Key_X, Qt::Key_Space, Qt::Key_Return, Qt::Key_Backspace})
-                QTest::keyClick(form.focusWidget(), key);
+            auto& note = In<RichTextBox>(form, "tbNotes");
+            note.setFocus();
+            for (const Qt::Key key : {Qt::Key_X, Qt::Key_Return, Qt::Key_Backspace})
+                QTest::keyClick(&note, key);
             QVERIFY(form.isVisible());
-            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), QStringLiteral("a bold note"));
-            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-            QTest::keyClick(form.focusWidget(), Qt::Key_Space);
+            QCOMPARE(note.Text(), QStringLiteral("a bold note"));
+            form.setFocus();
+            QTRY_COMPARE((QTest::keyClick(form.focusWidget(), Qt::Key_Tab), form.focusWidget()->objectName()),
+                         QStringLiteral("btnOk"));
+            QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+            QVERIFY(!form.isVisible());
         });
         m_program->Tick("tmAlarm");
+        QCOMPARE(WaitingAnswers(), 0);
+    }
+
+    void typingGoesOnInTheCell()
+    {
+        RichTextBox& box = m_program->Box(18);
+        m_program->Type(18, QStringLiteral("a"));
+        RingWhile([](QWidget& typed) {
+            QTest::keyClicks(&typed, QStringLiteral("b cx"));
+            for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Left, Qt::Key_Left})
+                QTest::keyClick(&typed, key);
+            QTest::keyClick(&typed, Qt::Key_A, Qt::ControlModifier); // would have the next key take all
+            QInputMethodEvent accent;
+            accent.setCommitString(QStringLiteral("\u00e9"));
+            QApplication::sendEvent(&typed, &accent);
+        });
+        QCOMPARE(box.Text(), QStringLiteral("ab \u00e9c\n"));
+        m_program->Trigger("mnuSave");
+        QVERIFY(m_program->Stored(QStringLiteral("mine.mdb"), QStringLiteral("1999/3/17")).contains("ab "));
+        // A cell that has been locked and given back takes no text, and its refusal would stand over the alarm.
+        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->Click(18);
+        for (int times = 0; times < 2; ++times)
+            m_program->Trigger("mnuLockDay");
+        QVERIFY(!box.Locked());
+        desktopclock::SetForTests(QDateTime(m_today, QTime(9, 29)));
+        m_program->Tick("tmAlarm");
+        desktopclock::SetForTests(QDateTime(m_today, QTime(9, 30)));
+        RingWhile([](QWidget& typed) { QTest::keyClicks(&typed, QStringLiteral("lost")); });
+        QCOMPARE(box.Text(), QString());
+    }
+
+    // Return in a box of one line would press the default button of the window behind.
+    void typingGoesOnInAnotherWindow()
+    {
+        OnNextModal<RecurForm>([&](RecurForm& form) {
+            auto& until = In<MaskEdBox>(form, "maskUntil");
+            until.setFocus();
+            QTRY_COMPARE(QApplication::focusWidget(), &until);
+            RingWhile([](QWidget& typed) {
+                QTest::keyClicks(&typed, QStringLiteral("3/20/1999"));
+                QTest::keyClick(&typed, Qt::Key_Return);
+            });
+            QCOMPARE(until.Text(), QStringLiteral("03/20/1999"));
+            QVERIFY(form.isVisible());
+            QTest::keyClick(&form, Qt::Key_Escape);
+        });
+        m_program->Trigger("mnuRecurse");
         QCOMPARE(WaitingAnswers(), 0);
     }
 
@@ -165,6 +245,13 @@ private Q_SLOTS:
         QString text;
         QString owner;
         if (told) {
+            OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
+                for (int key = 0; key < 60; ++key) { // a running typist would close it unread
+                    QTest::keyClick(&form, Qt::Key_Space);
+                    QTest::qWait(10);
+                }
+                QCOMPARE(QApplication::activeModalWidget(), &form);
+            });
             OnNextModal<QMessageBox>([&](QMessageBox& box) {
                 if (box.parentWidget() && box.parentWidget()->isVisible()) owner = box.parentWidget()->objectName();
                 text = box.windowTitle() + u':' + box.text();
@@ -185,7 +272,7 @@ private Q_SLOTS:
         OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
             QTRY_VERIFY(recording.IsOpen());
             QVERIFY(Tone(recording.HearFromTheFirstSound(0.3), Pitch) > 0.02);
-            QTest::keyClick(&form, Qt::Key_Escape);
+            Escape(form);
         });
         m_program->Tick("tmAlarm");
         QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);

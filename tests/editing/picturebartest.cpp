@@ -38,7 +38,10 @@ class PictureBarTest : public QObject
     QString Content() { return Strip().toPlainText(); }
     QDir Icons() { return QDir(folders::ApplicationDirectory() + QStringLiteral("/icons")); }
     void ShowPictures() { m_program->form->findChild<QTabBar*>()->setCurrentIndex(1); }
-    void Reload() { m_program->form->findChild<QPushButton*>(QStringLiteral("btnReloadIcons"))->click(); }
+    void Reload()
+    {
+        QTest::keyClick(m_program->form->findChild<QPushButton*>(QStringLiteral("btnReloadIcons")), Qt::Key_Return);
+    }
 
     void Select(int start, int length)
     {

@@ -30,7 +30,7 @@ class PageSetupTest : public QObject
     }
     static void Press(QWidget& form, const char* name)
     {
-        QTest::mouseClick(form.findChild<QPushButton*>(QString::fromLatin1(name)), Qt::LeftButton);
+        QTest::keyClick(form.findChild<QPushButton*>(QString::fromLatin1(name)), Qt::Key_Return);
     }
     static void Show(PageSetupForm& form)
     {

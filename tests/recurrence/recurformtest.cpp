@@ -4,9 +4,11 @@
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/look/paper.h"
 #include "platform/profile/profile.h"
 #include "program.h"
 
+#include <QColorDialog>
 #include <QComboBox>
 #include <QLabel>
 #include <QProgressBar>
@@ -158,8 +160,13 @@ private Q_SLOTS:
             QCOMPARE(Find<QLabel>(form, "lblDateFormat(1)").text(), label);
             QVERIFY(!Find<PictureButton>(form, "picRightSpin").isEnabled());
             QVERIFY(!Find<QPushButton>(form, "btnDelete").isEnabled());
-            Fill(form, {}, until, 1, QStringLiteral("Rent"));
-            Press(form, "btnOk");
+            Fill(form, {}, until, -1, QStringLiteral("Rent"));
+            Activate(form);
+            auto& day = Find<QRadioButton>(form, "opMethod(0)");
+            day.setFocus();
+            QTest::keyClick(&day, Qt::Key_Right); // while none is chosen
+            QTest::keyClick(&Find<MaskEdBox>(form, "maskUntil"), Qt::Key_Return);
+            QVERIFY(!form.isVisible());
         });
         QTest::mouseClick(program.form->findChild<PictureButton*>(QStringLiteral("picRecurse")), Qt::LeftButton);
         QCOMPARE(TextOf(QStringLiteral("1999/3/9")), QStringLiteral("Rent"));
@@ -212,6 +219,12 @@ private Q_SLOTS:
                                << QStringLiteral("Start Date is not a valid date");
         QTest::newRow("end") << ok << QStringLiteral("13011999") << 0 << QStringLiteral("x") << QStringLiteral("1")
                              << QStringLiteral("End Date is not a valid date");
+        // The box shows the year first. No method is chosen: a year of three digits would be written day by day.
+        const QString first = QStringLiteral("1999/11/24"), cut = QStringLiteral("202/11/24");
+        QTest::newRow("year of the start") << cut << first << -1 << QStringLiteral("x") << QStringLiteral("1")
+                                           << QStringLiteral("Start Date is not a valid date");
+        QTest::newRow("year of the end") << first << cut << -1 << QStringLiteral("x") << QStringLiteral("1")
+                                         << QStringLiteral("End Date is not a valid date");
         QTest::newRow("order") << ok << QStringLiteral("02281999") << 0 << QStringLiteral("x") << QStringLiteral("1")
                                << QStringLiteral("The Ending Date is earlier than Starting Date");
         QTest::newRow("no method") << ok << ok << -1 << QStringLiteral("x") << QStringLiteral("1")
@@ -233,6 +246,7 @@ private Q_SLOTS:
         QFETCH(QString, text);
         QFETCH(QString, number);
         QFETCH(QString, message);
+        if (start.contains(u'/')) SetOrder(2);
         m_program->New(QStringLiteral("notes.mdb"));
         SeenBox seen;
         OnNextModal<RecurForm>([&](RecurForm& form) {
@@ -286,6 +300,7 @@ private Q_SLOTS:
         Enter(QStringLiteral("03011999"), QStringLiteral("03311999"), 0, QStringLiteral("March"));
         OnNextModal<RecurForm>([&](RecurForm& form) {
             auto& spin = Find<PictureButton>(form, "picRightSpin");
+            Activate(form);
             QVERIFY(spin.Visible(2));
             Hold(form);
             QVERIFY(spin.Visible(1));
@@ -294,8 +309,11 @@ private Q_SLOTS:
             QVERIFY(!Find<QPushButton>(form, "btnOk").isEnabled());
             QVERIFY(Find<QPushButton>(form, "btnDelete").isDefault());
             QCOMPARE(Find<QPushButton>(form, "btnCancel").text(), QStringLiteral("Done"));
-            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"})
-                QVERIFY2(!Find<QWidget>(form, name).isEnabled(), name);
+            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"}) {
+                const auto& shown = Find<QWidget>(form, name);
+                QVERIFY2(!shown.isEnabled(), name);
+                QVERIFY2(shown.palette().color(QPalette::Text) == paper::SoftInk, name);
+            }
             // Held down, the window shows a record that is not the one before the table's place.
             QTest::mouseClick(&Find<QPushButton>(form, "btnDelete"), Qt::LeftButton);
             QVERIFY(form.isVisible());
@@ -308,12 +326,16 @@ private Q_SLOTS:
             QCOMPARE(Find<QLabel>(form, "lblNextRecord").text(), QStringLiteral("Next Recurring Event"));
             Release(form);
             QVERIFY(spin.Visible(0));
-            QVERIFY(!Find<QPushButton>(form, "btnDelete").hasFocus());
+            const auto& remove = Find<QPushButton>(form, "btnDelete");
+            QVERIFY(!remove.hasFocus() && !remove.isDefault());
+            Find<RichTextBox>(form, "tbRecurse").setFocus();
+            QVERIFY(remove.isDefault());
             QCOMPARE(Find<QLabel>(form, "lblNextRecord").text(), QStringLiteral("End of Recurring Event"));
             Hold(form);
             Release(form);
             QCOMPARE(Shown(form), QStringLiteral("12/01/1999 12/01/1999 0 December"));
-            QTest::keyClick(&form, Qt::Key_Escape);
+            QTest::keyClick(&Find<QPushButton>(form, "btnCancel"), Qt::Key_Return);
+            QVERIFY(!form.isVisible());
         });
         program.Trigger("mnuRecurse");
         program.Trigger("mnuWeekView");
@@ -372,20 +394,40 @@ private Q_SLOTS:
         QVERIFY(!g_rsRecurse.EOF_());
     }
 
+    void TheFontOfTheSelectionGoesIntoTheNotes_data()
+    {
+        QTest::addColumn<bool>("isColored");
+        QTest::newRow("size alone") << false;
+        QTest::newRow("colour too") << true;
+    }
+
+    // Its colours stay, unless one is chosen.
     void TheFontOfTheSelectionGoesIntoTheNotes()
     {
+        QFETCH(bool, isColored);
+        constexpr std::uint32_t Red = 0xff, Blue = 0xff0000;
         m_program->New(QStringLiteral("notes.mdb"));
-        OnNextModal<RecurForm>([](RecurForm& form) {
+        OnNextModal<RecurForm>([&](RecurForm& form) {
             Fill(form, QStringLiteral("03011999"), QStringLiteral("03011999"), 0, QStringLiteral("very big"));
             auto& box = Find<RichTextBox>(form, "tbRecurse");
+            box.SetSelStart(4);
+            box.SetSelLength(2);
+            box.SetSelColor(Red);
             box.SetSelStart(5);
             box.SetSelLength(3);
-            AnswerFontDialog([](QFontDialog& dialog) {
+            AnswerFontDialog([&](QFontDialog& dialog) {
+                if (isColored) {
+                    OnNextModal<QColorDialog>([](QColorDialog& colors) {
+                        colors.setCurrentColor(Qt::blue);
+                        colors.accept();
+                    });
+                    dialog.window()->findChild<QPushButton*>(QStringLiteral("btnColor"))->click();
+                }
                 QFont font = dialog.currentFont();
                 font.setPointSize(20);
                 dialog.setCurrentFont(font);
             });
-            QTest::mouseClick(&Find<QPushButton>(form, "btnFonts"), Qt::LeftButton);
+            QTest::keyClick(&Find<QPushButton>(form, "btnFonts"), Qt::Key_Return);
             Press(form, "btnOk");
         });
         m_program->Trigger("mnuRecurse");
@@ -397,6 +439,7 @@ private Q_SLOTS:
         box.SetSelStart(5);
         box.SetSelLength(3);
         QCOMPARE(box.SelFontSize(), std::optional(20.0));
+        QCOMPARE(box.SelColor(), isColored ? std::optional(Blue) : std::nullopt);
     }
 
     void ARecordThatLeadsNowhereCanBeDeleted()

@@ -217,7 +217,7 @@ private Q_SLOTS:
                 dialog.setCurrentColor(QColor(0x12, 0x34, 0xAB));
                 dialog.accept();
             });
-            form.findChild<QPushButton*>(QStringLiteral("btnBGColor"))->click();
+            QTest::keyClick(form.findChild<QPushButton*>(QStringLiteral("btnBGColor")), Qt::Key_Return);
             Mask(form).selectAll();
             QTest::keyClicks(&Mask(form), typed);
             QTest::keyClick(&form, Qt::Key_Return);

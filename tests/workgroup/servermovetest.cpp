@@ -41,7 +41,7 @@ class ServerMoveTest : public QObject
             Address(form).setText(address);
             AnswerNextBox(answer);
             if (answer == msgbox::Yes) AnswerNextBox(msgbox::Ok, &seen);
-            QTest::mouseClick(&Button(form, "btnMove"), Qt::LeftButton);
+            QTest::keyClick(&Button(form, "btnMove"), Qt::Key_Return);
         });
         return seen;
     }
@@ -87,7 +87,7 @@ private Q_SLOTS:
                 SeenBox seen;
                 AnswerNextFileDialog(saved);
                 AnswerNextBox(msgbox::Ok, &seen);
-                QTest::mouseClick(&Button(form, "btnSaveToFile"), Qt::LeftButton);
+                QTest::keyClick(&Button(form, "btnSaveToFile"), Qt::Key_Return);
                 QCOMPARE(seen.Text, said);
             });
         QCOMPARE(StoredIn(QStringLiteral("saved.mdb")), QStringLiteral("typed and more, last"));

@@ -119,9 +119,8 @@ FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
     setWindowTitle(QStringLiteral("Font"));
     m_colorButton->setObjectName(QStringLiteral("btnColor"));
     m_colorButton->setIconSize(SwatchSize);
-    m_colorButton->setAutoDefault(false);
     connect(m_colorButton, &QPushButton::clicked, this, &FontForm::AskColor);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -142,7 +141,9 @@ FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
 void FontForm::AskColor()
 {
     const QColor color = QColorDialog::getColor(m_color, this, QStringLiteral("Color"));
-    if (color.isValid()) m_color = color;
+    if (!color.isValid()) return;
+    m_color = color;
+    m_seed.colorIsChosen = true;
     ShowColor();
 }
 

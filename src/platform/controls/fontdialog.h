@@ -15,7 +15,8 @@ struct FontChoice
     bool italic = false;
     bool underline = false;
     bool strikeThru = false;
-    std::uint32_t color = 0; // blue, green, red from high to low
+    std::uint32_t color = 0;    // blue, green, red from high to low
+    bool colorIsChosen = false; // by the person in the dialog
 };
 
 // Which fonts are offered.

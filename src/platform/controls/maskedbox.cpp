@@ -71,6 +71,11 @@ void MaskEdBox::SetMask(const QString& mask)
     setInputMask(mask.isEmpty() ? QString() : inputMask + u';' + Missing);
 }
 
+bool MaskEdBox::IsComplete() const
+{
+    return !Text().contains(Missing);
+}
+
 QString MaskEdBox::Text() const
 {
     return displayText();

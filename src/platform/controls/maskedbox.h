@@ -14,7 +14,8 @@ public:
     QString Mask() const { return m_mask; }
     void SetMask(const QString& mask); // "#" is a digit, all else stands for itself; an empty one takes any text
 
-    QString Text() const; // with the mask's own characters, and "_" for each digit that is missing
+    bool IsComplete() const; // no digit is missing
+    QString Text() const;    // with the mask's own characters, and "_" for each digit that is missing
     // As if it were pasted into the empty box: "7/4/1999" becomes "07/04/1999"; what does not fit leaves it empty.
     void SetText(const QString& text);
 

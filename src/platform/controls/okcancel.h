@@ -8,7 +8,8 @@
 // "&Ok", the default, accepts the dialog; "&Cancel" rejects it, as Esc does. okName is the object name of the first.
 inline QDialogButtonBox* MakeOkCancel(QDialog& dialog, const QString& okName = QStringLiteral("btnOk"))
 {
-    auto* buttons = new QDialogButtonBox;
+    // In the dialog from the start: it would not hear of its default button otherwise.
+    auto* buttons = new QDialogButtonBox(&dialog);
     QPushButton* ok = buttons->addButton(QStringLiteral("&Ok"), QDialogButtonBox::AcceptRole);
     ok->setObjectName(okName);
     ok->setDefault(true);

@@ -37,7 +37,7 @@ QBoxLayout* Row(const QWidget& bar)
 }
 } // namespace
 
-ToolbarButton::ToolbarButton(QWidget* parent) : QToolButton(parent)
+ToolbarButton::ToolbarButton(QWidget* parent) : PressedByReturn(parent)
 {
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
@@ -57,12 +57,6 @@ void ToolbarButton::SetMixedState(bool mixed)
 {
     m_mixed = mixed;
     update();
-}
-
-void ToolbarButton::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QToolButton::keyPressEvent(event);
-    if (!event->isAutoRepeat()) click();
 }
 
 const QPixmap& ToolbarButton::Picture()

@@ -2,6 +2,8 @@
 // not change them by itself, the program sets them.
 #pragma once
 
+#include "platform/desktop/pressedbyreturn.h"
+
 #include <QPointer>
 #include <QRubberBand>
 #include <QToolButton>
@@ -11,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-class ToolbarButton : public QToolButton
+class ToolbarButton : public PressedByReturn<QToolButton>
 {
     Q_OBJECT
 
@@ -26,7 +28,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void nextCheckState() override {} // the program sets the value, a click never does
 
 private:

@@ -1,6 +1,7 @@
 #include "platform/desktop/helpwindow.h"
 
 #include "platform/desktop/helppage.h"
+#include "platform/desktop/pressedbyreturn.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -104,7 +105,7 @@ void HelpWindow::AddCommands(QBoxLayout& bar)
         if (!command.Text) continue;
         action->setToolTip(QStringLiteral("%1 (%2)").arg(QString::fromLatin1(command.Tip),
                                                          command.Key.toString(QKeySequence::NativeText)));
-        auto* const button = new QToolButton(this);
+        auto* const button = new PressedByReturn<QToolButton>(this);
         button->setDefaultAction(action);
         button->setFocusPolicy(Qt::TabFocus);
         bar.addWidget(button);
