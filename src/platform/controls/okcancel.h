@@ -8,7 +8,7 @@
 // "&Ok", the default, accepts the dialog; "&Cancel" rejects it, as Esc does. okName is the object name of the first.
 inline QDialogButtonBox* MakeOkCancel(QDialog& dialog, const QString& okName = QStringLiteral("btnOk"))
 {
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(&dialog); // else the dialog would forget the default once Cancel had the focus
     QPushButton* ok = buttons->addButton(QStringLiteral("&Ok"), QDialogButtonBox::AcceptRole);
     ok->setObjectName(okName);
     ok->setDefault(true);
