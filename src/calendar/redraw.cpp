@@ -92,6 +92,7 @@ void Redraw::FinishRedraw()
     subUnloadAlarmIcons(m_cells);
     subStylePastDates();
     g_iCurrentPanel = 0;
+    Q_EMIT m_cells.Redrawn();
 }
 
 void Redraw::subDisplayMonth()

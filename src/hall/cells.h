@@ -38,6 +38,8 @@ public:
     ControlArray<QToolButton> btnTunes; // the alarm mark, loaded for the cells that have one
 
 Q_SIGNALS:
+    void Redrawn();               // all cells may stand for other days, or for days of another time
+    void StateChanged(int Index); // the cell is locked or unlocked, or its alarm mark has come or gone
     void PanelClick(int Index);
     void PanelDblClick(int Index);
     void HeadingDblClick(int Index);

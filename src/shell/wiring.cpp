@@ -285,6 +285,9 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.alarms.btnTunes_Click(Index); });
     On(&rooms.controls.cells, &Cells::MouseMove, " in MainForm, tbDay_MouseMove",
        [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
+    // Whoever walks by the keyboard has no mouse to point with.
+    On(&rooms.controls.cells, &Cells::GotFocus, " in MainForm, tbDay_MouseMove",
+       [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
        [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }
