@@ -24,6 +24,7 @@ void subShowAlarmIcon(Cells& cells, const QString& key, int cell)
         cells.btnTunes.Load(cell);
     }
     PlaceAlarmIcon(cells, cell);
+    Q_EMIT cells.StateChanged(cell);
 }
 
 void subUnloadAlarmIcons(Cells& cells)
@@ -35,6 +36,7 @@ void subUnloadAlarmIcons(Cells& cells)
 void UnloadAlarmIcon(Cells& cells, int cell)
 {
     std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
-    if (loaded == 1) cells.btnTunes.Unload(cell);
-    loaded = 0;
+    if (std::exchange(loaded, std::int16_t(0)) != 1) return;
+    cells.btnTunes.Unload(cell);
+    Q_EMIT cells.StateChanged(cell);
 }

@@ -1,9 +1,12 @@
 #include "appearance/samplepanel.h"
 
+#include "platform/controls/accessrole.h"
+
 #include <QKeyEvent>
 
 SamplePanel::SamplePanel(QWidget* parent) : SSPanel(parent)
 {
+    SetAccessibleRole(this, QAccessible::Button);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
     SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);

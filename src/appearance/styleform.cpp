@@ -53,10 +53,10 @@ SamplePanel* StyleForm::AddSample(const StyleSample& sample)
     auto* panel = new SamplePanel;
     panel->setObjectName(sample.name);
     panel->setMinimumSize(SmallestSample);
-    panel->setAccessibleName(sample.label.isEmpty() ? sample.caption : sample.label);
     panel->SetPaper(sample.paper);
     panel->SetCaptionAlignment(SSPanel::CenterMiddle);
     panel->SetCaption(sample.caption);
+    panel->setAccessibleName(sample.label.isEmpty() ? sample.caption : sample.label);
     ApplyStyle(*panel, ReadStyle(sample.defaults));
     m_panels.push_back(panel);
     const bool isAll = &sample == m_rules.all;

@@ -19,6 +19,9 @@ constexpr std::array<MonthNames, 3> MonthNamesByLanguage = {
     MonthNames{u"Janvier", u"Fevrier", u"Mars", u"Avril", u"Mai", u"Juin", u"Juillet", u"Aout", u"Septembre",
                u"Octobre", u"Novembre", u"Decembre"},
 };
+
+constexpr std::array<QStringView, 7> WeekdayWords = {u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
+                                                     u"Thursday", u"Friday", u"Saturday"};
 } // namespace
 
 bool fnIsLeapYear(int year)
@@ -83,8 +86,8 @@ QString MonthTitle()
 
 QString fnDayOfWeekName(int day)
 {
-    static constexpr std::array<QStringView, 7> names = {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};
-    return day >= 0 && day <= 6 ? names[static_cast<std::size_t>(day)].toString() : QString();
+    constexpr int LettersShown = 3;
+    return day >= 0 && day <= 6 ? WeekdayWords[static_cast<std::size_t>(day)].left(LettersShown).toString() : QString();
 }
 
 std::uint32_t fnColorInHex(const QString& name)
@@ -135,6 +138,17 @@ int FirstSlotOfWeek(int year, int month, int day)
 bool IsMemoCaption(const QString& caption)
 {
     return caption.startsWith(u"Memo");
+}
+
+QString DayInWords(const QString& caption)
+{
+    const QString month = MonthWord(g_iMonth);
+    if (IsMemoCaption(caption)) {
+        return QStringLiteral("Memo %1 of %2 %3").arg(caption.mid(4)).arg(month).arg(g_iYear);
+    }
+    const int day = IntegerOf(caption);
+    const QStringView weekday = WeekdayWords.at(static_cast<std::size_t>(Weekday(g_iYear, g_iMonth, day) - 1));
+    return QStringLiteral("%1, %2 %3, %4").arg(weekday).arg(month).arg(day).arg(g_iYear);
 }
 
 QString CellKey(const QString& caption)

@@ -45,5 +45,9 @@ int FirstSlotOfWeek(int year, int month, int day);
 
 bool IsMemoCaption(const QString& caption);
 
+// The day or memo of a cell with this caption in the shown month, as it is read out: "Wednesday, March 17, 1999",
+// "Memo 2 of March 1999".
+QString DayInWords(const QString& caption);
+
 // The date key of a cell with this caption in the shown month.
 QString CellKey(const QString& caption);

@@ -212,6 +212,7 @@ void DayView::CommitDay()
     }
     m_notes.ForgetDay(m_day.key);
     Mark(m_day.cell, false);
+    Q_EMIT m_cells.StateChanged(m_day.cell);
     if (!ShowsDay()) return;
     m_cells.tbDay(m_day.cell).SetLocked(true);
     m_cells.tbDay(m_day.cell).MarkSaved(m_text);
@@ -226,6 +227,7 @@ void DayView::KeepLocked(const QString& reason)
     } else {
         m_record.Close();
         Mark(m_day.cell, false);
+        Q_EMIT m_cells.StateChanged(m_day.cell);
         m_notes.PutNote(m_day.key, m_text, m_record.LockedText());
     }
     if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
@@ -236,6 +238,7 @@ void DayView::HandToCell()
 {
     m_network.picLock->ShowElement(1);
     Mark(m_day.cell, true);
+    Q_EMIT m_cells.StateChanged(m_day.cell);
     m_cells.tbDay(m_day.cell).SetLocked(false);
     g_iCurrentPanel = m_day.cell;
 }

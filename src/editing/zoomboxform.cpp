@@ -5,8 +5,8 @@
 #include "editing/notemenu.h"
 #include "editing/textstyles.h"
 #include "platform/controls/notepanel.h"
+#include "platform/controls/softtext.h"
 #include "platform/desktop/pressedbyreturn.h"
-#include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCloseEvent>
@@ -32,7 +32,7 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     column->addWidget(MakeFrame(heading), 1);
     column->addLayout(MakeFoot());
     AddNoteMenu(*m_tbZoom, "ZoomBoxForm");
-    setMinimumSize(SmallestZoomBox);
+    setMinimumSize(SmallestZoomBox.expandedTo(minimumSizeHint()));
     resize(place.size());
     move(place.topLeft());
     m_tbZoom->SetTextRTF(rtf);
@@ -65,22 +65,24 @@ QLayout* ZoomBoxForm::MakeFoot()
     auto* lblHint = new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions"));
     lblHint->setObjectName(QStringLiteral("lblHint"));
     lblHint->setWordWrap(true);
-    QPalette soft = lblHint->palette();
-    soft.setColor(QPalette::WindowText, paper::SoftInk);
-    lblHint->setPalette(soft);
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    foot->addWidget(lblHint, 1);
+    SoftenText(*lblHint);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    buttons->addStretch(1);
     const auto add = [&](const char* name, const char* caption, void (ZoomBoxForm::*click)()) {
         auto* button = new PressedByReturn<QPushButton>(QString::fromLatin1(caption));
         button->setObjectName(QString::fromLatin1(name));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, click);
-        foot->addWidget(button);
+        buttons->addWidget(button);
     };
     add("btnFonts", "&Fonts", &ZoomBoxForm::btnFonts_Click);
     add("btnCancel", "&Cancel", &ZoomBoxForm::btnCancel_Click);
     add("btnOk", "&Ok", &ZoomBoxForm::btnOk_Click);
+    auto* foot = new QVBoxLayout;
+    foot->setSpacing(8);
+    foot->addWidget(lblHint); // a line of its own, as wide as it can be
+    foot->addLayout(buttons);
     return foot;
 }
 

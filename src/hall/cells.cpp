@@ -1,6 +1,7 @@
 #include "hall/cells.h"
 
 #include "calendar/modshow.h"
+#include "platform/controls/accessrole.h"
 #include "platform/desktop/pressedbyreturn.h"
 #include "platform/look/paper.h"
 
@@ -47,6 +48,7 @@ SSPanel* Cells::MakeHeading(int index)
     constexpr int HeadingHeight = 31;
     auto* heading = new SSPanel(m_client);
     heading->hide();
+    SetAccessibleRole(heading, QAccessible::ColumnHeader);
     heading->resize(0, HeadingHeight);
     heading->SetPaper(paper::Band);
     heading->SetEdges(Qt::RightEdge | Qt::BottomEdge);
@@ -60,6 +62,7 @@ SSPanel* Cells::MakePanel(int index)
 {
     auto* panel = new SSPanel(m_client);
     panel->hide();
+    SetAccessibleRole(panel, QAccessible::Heading);
     panel->SetEdges(Qt::RightEdge | Qt::BottomEdge);
     connect(panel, &SSPanel::Click, this, [this, index] { Q_EMIT PanelClick(index); });
     connect(panel, &SSPanel::DblClick, this, [this, index] { Q_EMIT PanelDblClick(index); });
@@ -97,6 +100,7 @@ QToolButton* Cells::MakeAlarmMark(int index)
     mark->setFocusPolicy(Qt::TabFocus);
     mark->setToolTip(QStringLiteral("Alarm"));
     mark->setAccessibleName(QStringLiteral("Alarm"));
+    if (tbDay.Exists(index)) QWidget::setTabOrder(&tbDay(index), mark);
     // Queued, since what follows from the click may unload the mark.
     connect(
         mark, &QToolButton::clicked, this, [this, index] { Q_EMIT AlarmMarkClick(index); }, Qt::QueuedConnection);

@@ -38,6 +38,9 @@ public:
     ControlArray<QToolButton> btnTunes; // the alarm mark, loaded for the cells that have one
 
 Q_SIGNALS:
+    // The cells shown have got their captions anew, or other places: they may stand for other days.
+    void Redrawn();
+    void StateChanged(int Index); // the cell is locked or unlocked, or its alarm mark has come or gone
     void PanelClick(int Index);
     void PanelDblClick(int Index);
     void HeadingDblClick(int Index);
@@ -50,7 +53,6 @@ Q_SIGNALS:
     void SelChange(int Index);
     void KeyPress(int Index, int& KeyAscii);
     void PasteRequested(int Index, bool& allowed);
-    void Redrawn(); // the cells shown have got their captions anew, or other places
 
 private:
     void PlaceInTabOrder(QWidget* box);

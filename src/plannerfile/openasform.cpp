@@ -37,7 +37,7 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     }
     m_opShared[0]->setChecked(true);
 
-    auto* btnOk = new QPushButton(QStringLiteral("&Ok"));
+    auto* btnOk = new QPushButton(QStringLiteral("&Ok"), this);
     btnOk->setObjectName(QStringLiteral("btnOk"));
     btnOk->setDefault(true);
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);

@@ -89,7 +89,7 @@ QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichT
 
 QWidget* RecoveryForm::MakeFoot()
 {
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     QPushButton* take = buttons->addButton(QStringLiteral("&Put into Planner"), QDialogButtonBox::AcceptRole);
     take->setObjectName(QStringLiteral("btnOk"));
     take->setDefault(true);

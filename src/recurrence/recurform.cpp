@@ -6,12 +6,14 @@
 #include "platform/controls/notepanel.h"
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/controls/softtext.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -91,9 +93,7 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
     label->setBuddy(box);
     auto* lblDateFormat = new QLabel(m_iDateFormat.label);
     lblDateFormat->setObjectName(QStringLiteral("lblDateFormat(%1)").arg(row));
-    QPalette soft = lblDateFormat->palette();
-    soft.setColor(QPalette::WindowText, paper::SoftInk);
-    lblDateFormat->setPalette(soft);
+    SoftenText(*lblDateFormat);
     grid.addWidget(label, row, 0);
     grid.addWidget(box, row, 1);
     grid.addWidget(lblDateFormat, row, 2);
@@ -150,6 +150,7 @@ QWidget* RecurForm::MakeInterval()
     lists->setSpacing(Gap);
     m_cmbRecurDays = MakeList("cmbRecurDays", "Number", *lists);
     m_cmbRecurDays->setEditable(true);
+    m_cmbRecurDays->lineEdit()->setAccessibleName(m_cmbRecurDays->accessibleName());
     m_cmbRecurDays->setInsertPolicy(QComboBox::NoInsert);
     m_cmbRecurSpecial = MakeList("cmbRecurSpecial", "Unit", *lists);
     lists->addStretch(1);

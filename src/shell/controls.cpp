@@ -1,5 +1,6 @@
 #include "shell/controls.h"
 
+#include "platform/controls/accessrole.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/picturestrip.h"
@@ -55,6 +56,8 @@ Toolbar* MakeToolbar(QWidget* client)
 {
     auto* bar = new Toolbar(client);
     bar->setObjectName(QStringLiteral("tbTop"));
+    bar->setAccessibleName(QStringLiteral("Toolbar"));
+    SetAccessibleRole(bar, QAccessible::ToolBar);
     for (const ToolbarRow& row : ToolbarRows) {
         const QString key = QString::fromLatin1(row.key);
         if (key.isEmpty()) {
@@ -102,6 +105,7 @@ BottomPanel MakeBottomPanel(QWidget* client)
     constexpr QSize SpinSize(40, 36);
     auto* panel = new SSPanel(client);
     panel->setObjectName(QStringLiteral("panelBottom"));
+    SetAccessibleRole(panel, QAccessible::Grouping); // of the title and the two buttons
     panel->hide();
     panel->SetPaper(paper::Band);
     panel->SetCaptionAlignment(SSPanel::CenterMiddle);
@@ -168,11 +172,20 @@ Sidebar MakeSidebar(QWidget* client)
     return sidebar;
 }
 
+// The sidebar is paper in any theme, so what stands on it is ink.
+void InkText(QWidget* label)
+{
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, paper::Ink);
+    label->setPalette(palette);
+}
+
 void FillPicturePage(Sidebar& sidebar)
 {
     QWidget* page = sidebar.fraSidebar[1];
     auto* label = new QLabel(QStringLiteral("You can add new Icons into the picture bar."), page);
     label->setWordWrap(true);
+    InkText(label);
     sidebar.lblPictures = label;
     sidebar.tbPictureBox = new PictureStrip(page);
     sidebar.tbPictureBox->setObjectName(QStringLiteral("tbPictureBox"));
@@ -193,6 +206,7 @@ NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
     network.tmUnLock->setObjectName(QStringLiteral("tmUnLock"));
     network.tmAutoRefresh->setObjectName(QStringLiteral("tmAutoRefresh"));
     network.lblNetwork->setAlignment(Qt::AlignCenter);
+    InkText(network.lblNetwork);
     for (PictureButton* button : {network.picRefresh, network.picLock}) {
         button->SetVisible(0, false);
         button->SetVisible(1, false);
@@ -239,6 +253,8 @@ QWidget* MakeClient(QMainWindow& window)
 {
     auto* client = new QWidget;
     client->setObjectName(QStringLiteral("client"));
+    client->setAccessibleName(QStringLiteral("Calendar"));
+    SetAccessibleRole(client, QAccessible::Grouping);
     QPalette palette = client->palette();
     palette.setColor(QPalette::Window, paper::Band);
     client->setPalette(palette);

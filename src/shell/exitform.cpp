@@ -11,14 +11,16 @@ ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 {
     setObjectName(QStringLiteral("ExitForm"));
     setWindowTitle(QStringLiteral("Orrelin"));
-    setFixedSize(360, 96);
     auto* message = new SSPanel(this);
     message->setObjectName(QStringLiteral("SSPanel2"));
-    message->setGeometry(rect());
     message->SetPaper(paper::Band);
     message->SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
     message->SetCaptionAlignment(SSPanel::CenterMiddle);
     message->SetCaption(QStringLiteral("Please wait while Orrelin Shuts Down"));
+    constexpr int Least = 360, Margins = 96;
+    const QFontMetrics metrics(message->CaptionFont());
+    setFixedSize(qMax(Least, metrics.horizontalAdvance(message->Caption()) + Margins), metrics.height() + Margins);
+    message->setGeometry(rect());
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     move(screen.center() - rect().center());
 }

@@ -7,6 +7,7 @@
 #include "calendar/bars.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
+#include "calendar/cellnames.h"
 #include "calendar/cscreenlayout.h"
 #include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
@@ -70,6 +71,7 @@ struct Rooms
     CCalendarView m_pCalendarView{controls.cells, controls.sidebar};
     CScreenLayout m_pLayout;
     CellFrames frames{controls.cells};
+    CellNames names{controls.cells};
     Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
     Journal journal;
     QMTDB notes{controls.cells, controls.bottom, m_pCalendarView, journal};

@@ -10,6 +10,7 @@
 
 namespace {
 constexpr QSize SplashSize(420, 220);
+constexpr int UsualDpi = 96;
 
 // A month's leaf in a few lines: drawn by hand, since a picture file would cost more time than it may take.
 void PaintLeaf(QPainter& painter, const QRectF& leaf)
@@ -36,7 +37,7 @@ StartUpForm::StartUpForm() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWi
 {
     setObjectName(QStringLiteral("StartUpForm"));
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFixedSize(SplashSize);
+    setFixedSize(SplashSize * logicalDpiY() / UsualDpi); // grows with the text of the desktop
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     move(screen.center() - rect().center());
 }
@@ -60,13 +61,14 @@ void StartUpForm::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), paper::Band);
     painter.setPen(QPen(paper::Hairline, 2));
     painter.drawRect(rect());
+    painter.scale(logicalDpiY() / qreal(UsualDpi), logicalDpiY() / qreal(UsualDpi));
     PaintLeaf(painter, QRectF(32, 48, 124, 116));
     QFont font = this->font();
-    font.setPointSize(26);
+    font.setPixelSize(35);
     painter.setFont(font);
     painter.setPen(paper::Ink);
     painter.drawText(QRect(184, 56, 220, 48), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Orrelin"));
-    font.setPointSize(10);
+    font.setPixelSize(13);
     painter.setFont(font);
     painter.setPen(paper::SoftInk);
     painter.drawText(QRect(186, 104, 220, 24), Qt::AlignLeft | Qt::AlignVCenter, m_panel3D1);

@@ -99,6 +99,7 @@ void DayLock::Lock()
     const ErrorTail tail(LockLiteral);
     m_cells.tbDay(cell).SetLocked(false);
     Mark(cell, true);
+    Q_EMIT m_cells.StateChanged(cell);
     if (Read(settings::AutoUnLock) != 0) {
         bGeneralUnlockEnable = true;
         m_network.tmUnLock->SetEnabled(true);
@@ -165,6 +166,7 @@ bool DayLock::Unlock()
     if (cell != 0 && !StoreCell(cell)) return false;
     if (cell == 0) m_record.Close();
     ClearMarks();
+    if (cell != 0) Q_EMIT m_cells.StateChanged(cell);
     FocusSidebar(m_sidebar);
     g_lUnlockTicks = 0;
     m_network.tmUnLock->SetEnabled(false);

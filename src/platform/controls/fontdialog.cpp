@@ -75,6 +75,8 @@ private:
     void Watch(const QList<Control*>& controls)
     {
         for (qsizetype part = 0; part < controls.size() && part < PartCount; ++part) {
+            static constexpr const char* names[] = {"Font", "Style", "Size"};
+            controls[part]->setAccessibleName(QString::fromLatin1(names[part]));
             QObject* control = controls[part];
             if (auto* list = qobject_cast<QAbstractScrollArea*>(control)) control = list->viewport();
             m_parts.insert(control, int(part));

@@ -18,6 +18,15 @@ class PictureButtonAccess : public QAccessibleWidget
 public:
     explicit PictureButtonAccess(PictureButton* button) : QAccessibleWidget(button, QAccessible::Button) {}
 
+    QAccessible::State state() const override
+    {
+        const auto* button = static_cast<PictureButton*>(widget());
+        QAccessible::State state = QAccessibleWidget::state();
+        state.pressed = button->IsPressed();
+        // Only of those that stay in: the others would be read as switches.
+        state.checkable = state.checked = button->LooksPressed() && !button->IsPressed();
+        return state;
+    }
     QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
     void doAction(const QString& name) override
     {
@@ -82,7 +91,7 @@ void PictureButton::ShowElement(int element)
 void PictureButton::SetVisible(int element, bool visible)
 {
     if (std::exchange(m_elements.at(std::size_t(element)).visible, visible) == visible) return;
-    setToolTip(m_elements[std::size_t(ShownElement())].tip);
+    Tell();
     update();
     // Between hiding the one and showing the other neither is visible: hiding the widget at once would lose its focus.
     if (visible) {
@@ -99,11 +108,22 @@ void PictureButton::Follow()
     if (visible || !m_downElement) setVisible(visible);
 }
 
+void PictureButton::Tell()
+{
+    const QString& tip = m_elements[std::size_t(ShownElement())].tip;
+    setToolTip(tip);
+    const QString& name = tip.isEmpty() ? m_elements.front().tip : tip;
+    if (accessibleName() != name) setAccessibleName(name);
+    QAccessible::State changed;
+    changed.pressed = changed.checked = true;
+    QAccessibleStateChangeEvent told(this, changed);
+    QAccessible::updateAccessibility(&told);
+}
+
 void PictureButton::SetToolTip(int element, const QString& tip)
 {
     m_elements.at(std::size_t(element)).tip = tip;
-    if (element == 0) setAccessibleName(tip);
-    setToolTip(m_elements[std::size_t(ShownElement())].tip);
+    Tell();
 }
 
 void PictureButton::SetCaption(const QString& caption)

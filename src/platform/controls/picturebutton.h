@@ -14,7 +14,7 @@ class PictureButton : public QWidget
     Q_OBJECT
 
 public:
-    // raised and pressed are SVG pictures of the resources. The accessible name is the tip of element 0.
+    // raised and pressed are SVG pictures of the resources. The accessible name is the tip of the visible one.
     PictureButton(const QString& raised, const QString& pressed, QWidget* parent = nullptr);
     // As many elements as there are pictures; pressedElement is the one that looks pressed. The first one is visible.
     explicit PictureButton(const QStringList& pictures, int pressedElement = 1, QWidget* parent = nullptr);
@@ -25,7 +25,10 @@ public:
     void SetToolTip(int element, const QString& tip);
     void SetCaption(const QString& caption); // a word under the picture, for the sidebar
     void SetFramed(bool framed);             // a thin frame at rest, for a button that stands alone on a band
-    void Press();                            // as a key does it: presses, releases and clicks
+    // The view that is shown, a lock that is held.
+    bool LooksPressed() const { return ShownElement() == m_pressedElement; }
+    bool IsPressed() const { return m_downElement.has_value(); } // by mouse or key, at this moment
+    void Press();                                                // as a key does it: presses, releases and clicks
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override; // the picture alone; a caption shows only where it fits
@@ -60,7 +63,7 @@ private:
 
     bool IsAnyVisible() const;
     int ShownElement() const; // 0 if none is visible
-    bool LooksPressed() const { return ShownElement() == m_pressedElement; }
+    void Tell();
     void Follow();
     void Down(int element, int key);
     void Up(bool click);

@@ -1,5 +1,6 @@
 #include "platform/controls/sspanel.h"
 
+#include "platform/controls/accessrole.h"
 #include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 
@@ -59,6 +60,7 @@ int Start(int column, int width, int textWidth)
 SSPanel::SSPanel(QWidget* parent) : QWidget(parent), m_paper(paper::Paper)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    SetAccessibleRole(this, QAccessible::StaticText);
 }
 
 void SSPanel::SetCaption(const QString& caption)

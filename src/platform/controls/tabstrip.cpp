@@ -48,7 +48,7 @@ void TabStrip::Select(int index)
 
 QRect TabStrip::ClientRect() const
 {
-    return rect().adjusted(0, m_tabs->height(), -1, 0);
+    return rect().adjusted(0, m_tabs->sizeHint().height(), -1, 0);
 }
 
 QSize TabStrip::sizeHint() const

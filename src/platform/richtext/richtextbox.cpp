@@ -8,6 +8,7 @@
 #include "platform/richtext/thinscrollbarstyle.h"
 #include "platform/runtime/runtimeerror.h"
 
+#include <QAccessible>
 #include <QFile>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -160,6 +161,10 @@ void RichTextBox::SetLocked(bool locked)
     if (locked) CommitPreedit();
     setTextInteractionFlags(locked ? LockedFlags : Qt::TextEditorInteraction);
     setAttribute(Qt::WA_InputMethodEnabled, !locked);
+    QAccessible::State changed;
+    changed.readOnly = changed.editable = true;
+    QAccessibleStateChangeEvent told(this, changed);
+    QAccessible::updateAccessibility(&told);
 }
 
 bool RichTextBox::Modified() const

@@ -174,6 +174,11 @@ bool RichTextBox::AdmitsKey(const QString& text)
 
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
+    // For keyboards without a menu key.
+    if (event->keyCombination() == QKeyCombination(Qt::SHIFT, Qt::Key_F10)) {
+        Q_EMIT MouseDown(2, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+        return event->accept();
+    }
     if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
     UseTypingFormat();

@@ -173,7 +173,7 @@ void PictureButtonTest::tipsAndNames()
     QCOMPARE(bar.button.toolTip(), QStringLiteral("Next month"));
     bar.Show(1);
     QCOMPARE(bar.button.toolTip(), QStringLiteral("Pressed"));
-    QCOMPARE(bar.button.accessibleName(), QStringLiteral("Next month"));
+    QCOMPARE(bar.button.accessibleName(), QStringLiteral("Pressed"));
     QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&bar.button);
     QCOMPARE(access->role(), QAccessible::Button);
     access->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

@@ -1,0 +1,85 @@
+#include "calendar/cellnames.h"
+
+#include "calendar/calendarstate.h"
+#include "calendar/moddate.h"
+#include "calendar/modshow.h"
+#include "hall/cells.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/desktop/clock.h"
+#include "platform/runtime/errortail.h"
+#include "platform/runtime/language.h"
+
+#include <tuple>
+
+namespace {
+// Not as a QDate: the calendar's own leap years have days that no true one has.
+using Day = std::tuple<int, int, int>;
+
+Day Today()
+{
+    const QDate today = desktopclock::Now().date();
+    return {today.year(), today.month(), today.day()};
+}
+
+// "Today. Has an alarm."
+QString Describe(const Cells& cells, int cell)
+{
+    const QString caption = cells.panelDay(cell).Caption();
+    const Day day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
+    const bool isDay = !IsMemoCaption(caption);
+    const std::pair<bool, QLatin1StringView> parts[] = {
+        {isDay && day == Today(), QLatin1StringView("Today.")},
+        {isDay && day < Today(), QLatin1StringView("Past.")},
+        {g_bDBShared && IsMarked(cell), QLatin1StringView("Locked by you.")},
+        {cells.btnTunes.Exists(cell), QLatin1StringView("Has an alarm.")},
+    };
+    QStringList said;
+    for (const auto& [holds, words] : parts) {
+        if (holds) said += words;
+    }
+    return said.join(u' ');
+}
+} // namespace
+
+CellNames::CellNames(Cells& cells) : QObject(&cells), m_cells(cells), m_active(QAccessible::isActive())
+{
+    QAccessible::installActivationObserver(this);
+    connect(&cells, &Cells::Redrawn, this, [this] { NameAll(); });
+    connect(&cells, &Cells::StateChanged, this, [this](int Index) {
+        if (m_active) guard(QLatin1StringView(" in CCalendarView, CellNames"), [&] { Name(Index); });
+    });
+}
+
+CellNames::~CellNames()
+{
+    QAccessible::removeActivationObserver(this);
+}
+
+void CellNames::accessibilityActiveChanged(bool active)
+{
+    m_active = active;
+    NameAll();
+}
+
+void CellNames::NameAll()
+{
+    if (!m_active) return;
+    guard(QLatin1StringView(" in CCalendarView, CellNames"), [&] {
+        for (int cell = 1; cell <= CellCount; ++cell)
+            Name(cell);
+    });
+}
+
+void CellNames::Name(int cell)
+{
+    if (!m_cells.tbDay.Exists(cell) || !m_cells.panelDay.Exists(cell)) return;
+    if (m_cells.panelDay(cell).Caption().isEmpty()) return; // not drawn yet
+    const QString name = DayInWords(m_cells.panelDay(cell).Caption());
+    const QString description = Describe(m_cells, cell);
+    for (QWidget* part :
+         {static_cast<QWidget*>(&m_cells.panelDay(cell)), static_cast<QWidget*>(&m_cells.tbDay(cell))}) {
+        if (part->accessibleName() != name) part->setAccessibleName(name);
+        if (part->accessibleDescription() != description) part->setAccessibleDescription(description);
+    }
+    if (m_cells.btnTunes.Exists(cell)) m_cells.btnTunes(cell).setAccessibleName(QStringLiteral("Alarm of ") + name);
+}

@@ -1,0 +1,277 @@
+#include "alarms/alarmtesting.h"
+#include "plannerfile/recoveryform.h"
+#include "platform/controls/tabstrip.h"
+#include "workgroup/workgroupprogram.h"
+
+#include <QAccessible>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <cmath>
+
+namespace {
+// Cells 18 and 35 of March 1999 are the 17th and "Memo4".
+constexpr int Today = 18;
+
+QString Called(const QObject& object)
+{
+    return QLatin1StringView(object.metaObject()->className()) + u' ' + object.objectName();
+}
+
+// What is wrong with the names and roles of the objects below this one.
+QStringList Nameless(QAccessibleInterface* item)
+{
+    if (!item || item->state().invisible) return {};
+    QStringList wrong;
+    QAccessibleActionInterface* actions = item->actionInterface();
+    const bool acts = item->state().focusable || (actions && actions->actionNames().contains(actions->pressAction()));
+    const bool isGroup = qobject_cast<QGroupBox*>(item->object()) != nullptr;
+    const bool hasRole = item->role() != QAccessible::NoRole && item->role() != QAccessible::Client;
+    if ((acts || isGroup) && item->object() && (item->text(QAccessible::Name).isEmpty() || !hasRole))
+        wrong += QStringLiteral("no name or role: ") + Called(*item->object());
+    for (int i = 0; i < item->childCount(); ++i)
+        wrong += Nameless(item->child(i));
+    return wrong;
+}
+
+QList<QWidget*> TabStops(const QWidget& window)
+{
+    QList<QWidget*> stops;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool isStop = widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy();
+        if (isStop && widget->isVisible() && widget->isEnabled() && widget->window() == &window) stops += widget;
+    }
+    return stops;
+}
+
+// One button of a group is a stop, the arrow keys lead to the others.
+bool IsReached(QWidget* stop, const QList<QWidget*>& reached)
+{
+    const auto* radio = qobject_cast<QRadioButton*>(stop);
+    return reached.contains(stop) || std::any_of(reached.begin(), reached.end(), [&](QWidget* other) {
+               return radio && qobject_cast<QRadioButton*>(other) && other->parent() == stop->parent();
+           });
+}
+
+// What the Tab key does not reach, and what does not show that it has the focus.
+QStringList Unreached(QWidget& window)
+{
+    QStringList wrong;
+    QList<QWidget*> reached;
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab); // some styles show the focus once a key has moved it
+    QTest::keyClick(window.focusWidget(), Qt::Key_Backtab);
+    QWidget* focus = window.focusWidget();
+    while (focus && !reached.contains(focus)) {
+        reached += focus;
+        const QRect area = QRect(focus->mapTo(&window, QPoint()), focus->size()).adjusted(-4, -4, 4, 4);
+        const QImage entered = window.grab(area).toImage();
+        QTest::keyClick(focus, Qt::Key_Tab);
+        const auto* button = qobject_cast<QPushButton*>(focus);
+        const bool looksChosen = button && button->isDefault(); // the style's own look of focus
+        if (!looksChosen && window.focusWidget() != focus && window.grab(area).toImage() == entered)
+            wrong += QStringLiteral("focus not seen: ") + Called(*focus);
+        focus = window.focusWidget();
+    }
+    for (QWidget* stop : TabStops(window)) {
+        if (!IsReached(stop, reached)) wrong += QStringLiteral("not reached: ") + Called(*stop);
+    }
+    return wrong;
+}
+
+double Light(const QColor& color)
+{
+    const auto part = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+}
+
+// As the guidelines for readable pages count it: 1 is none, 21 black on white.
+double Contrast(const QColor& a, const QColor& b)
+{
+    return (std::max(Light(a), Light(b)) + 0.05) / (std::min(Light(a), Light(b)) + 0.05);
+}
+
+QStringList Unreadable(QWidget& window)
+{
+    QStringList wrong;
+    const QImage shown = window.grab().toImage();
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<QLabel*>(widget);
+        const auto* option = qobject_cast<QAbstractButton*>(widget);
+        const bool hasText = (label && !label->text().isEmpty()) || (option && !option->text().isEmpty());
+        if (!hasText || !widget->isVisible() || widget->window() != &window) continue;
+        const bool wraps = label && label->wordWrap();
+        const QSize wanted = wraps ? QSize(0, widget->heightForWidth(widget->width())) : widget->minimumSizeHint();
+        if (wanted.width() > widget->width() || wanted.height() > widget->height())
+            wrong += QStringLiteral("cut: ") + Called(*widget);
+        if (!widget->isEnabled() || qobject_cast<QPushButton*>(widget)) continue;
+        const QColor ground = shown.pixelColor(widget->mapTo(&window, QPoint(widget->width() - 2, 1)));
+        QColor ink = widget->palette().color(widget->foregroundRole());
+        if (Contrast(ink, ground) < 4.5) wrong += QStringLiteral("pale: ") + Called(*widget);
+    }
+    return wrong;
+}
+
+QStringList WrongIn(QWidget& window)
+{
+    return Nameless(QAccessible::queryAccessibleInterface(&window)) + Unreadable(window) + Unreached(window);
+}
+
+QPalette BlackPalette()
+{
+    QPalette palette(Qt::white, Qt::black, Qt::gray, Qt::darkGray, Qt::lightGray, Qt::white, Qt::white, Qt::black,
+                     Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    return palette;
+}
+} // namespace
+
+// The program without a mouse, without eyes, and with eyes that need large letters or a dark screen.
+class AccessibleTest : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<WorkgroupProgram> m_program;
+    QStringList m_wrong;
+
+    static QString Said(const QWidget& widget)
+    {
+        QAccessibleInterface* access = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+        return access->text(QAccessible::Name) + u'|' + access->text(QAccessible::Description);
+    }
+    QString Said(int cell) const { return Said(m_program->Box(cell)); }
+
+    void Look(const char* entry, QWidget& window)
+    {
+        Q_UNUSED(QTest::qWaitFor([&] { return window.isActiveWindow(); }));
+        for (const QString& what : WrongIn(window))
+            m_wrong += QLatin1StringView(entry) + u' ' + what;
+    }
+
+    // The window that the entry opens, modal or not.
+    void LookAtWindowOf(const char* entry)
+    {
+        OnNextModal([](QWidget*) { return true; },
+                    [=, this](QWidget* window) {
+                        Look(entry, *window);
+                        window->close();
+                    });
+        m_program->Trigger(entry);
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (!window->isVisible() || window == m_program->form.get() || WaitingAnswers() == 0) continue;
+            DropAnswers();
+            Look(entry, *window);
+            window->close();
+        }
+        if (WaitingAnswers() != 0) m_wrong += QLatin1StringView(entry) + QStringLiteral(" opens no window");
+        DropAnswers();
+        m_program->Activate();
+    }
+
+private Q_SLOTS:
+    void init() { m_program = std::make_unique<WorkgroupProgram>(); }
+    void cleanup()
+    {
+        m_program.reset();
+        QAccessible::setActive(false);
+    }
+
+    void EveryWindow_data()
+    {
+        QTest::addColumn<QPalette>("palette");
+        QTest::addColumn<double>("letters");
+        QTest::newRow("usual") << QApplication::palette() << 1.0;
+        QTest::newRow("dark") << BlackPalette() << 1.0;
+        QTest::newRow("large") << QApplication::palette() << 2.0;
+    }
+
+    void EveryWindow()
+    {
+        QFETCH(QPalette, palette);
+        QFETCH(double, letters);
+        const QFont font = QApplication::font();
+        const QPalette usual = QApplication::palette();
+        QFont larger = font;
+        larger.setPointSizeF(font.pointSizeF() * letters);
+        QApplication::setFont(larger);
+        QApplication::setPalette(palette);
+        m_wrong.clear();
+        m_program->Start();
+        QAccessible::setActive(true);
+        m_program->New(QStringLiteral("own.mdb"));
+        AddAlarms({MakeAlarm("1999/3/17", "10:00", "")});
+        m_program->Trigger("mnuNextMonth");
+        m_program->Trigger("mnuPrevMonth");
+        m_program->Click(Today);
+        Look("main window", *m_program->form);
+        m_program->form->findChild<TabStrip*>(QStringLiteral("tabSidebar"))->Select(1);
+        Look("pictures", *m_program->form);
+        for (const char* entry :
+             {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",
+              "mnuDateSearch", "mnuDayView", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",
+              "mnuNewAlarm", "mnuNumberDlg", "mnuPageSetup", "mnuRecurse", "mnuWallpaperOption", "mnuWeekAppearance"}) {
+            m_program->Click(Today);
+            LookAtWindowOf(entry);
+        }
+        m_program->New(QStringLiteral("team.mdb"), true);
+        LookAtWindowOf("mnuNetworkOptions");
+        RecoveryForm recovery({{.key = QStringLiteral("1999/3/17")}}, m_program->form.get());
+        OpenAsForm openAs(QStringLiteral("team.mdb"), m_program->form.get());
+        for (QWidget* window : {static_cast<QWidget*>(&recovery), static_cast<QWidget*>(&openAs)}) {
+            window->show();
+            Look("opening", *window);
+            window->hide();
+        }
+        QApplication::setFont(font);
+        QApplication::setPalette(usual);
+        for (const QString& what : m_wrong)
+            QTest::qFail(qPrintable(what), __FILE__, __LINE__);
+    }
+
+    void ACellTellsItsDayAndWhatIsSeenOfIt()
+    {
+        m_program->Start();
+        m_program->New(QStringLiteral("own.mdb"));
+        AddAlarms({MakeAlarm("1999/3/16", "10:00", "")});
+        QCOMPARE(Said(Today), QStringLiteral("|")); // nobody listens
+        QAccessible::setActive(true);
+        QCOMPARE(Said(Today), QStringLiteral("Wednesday, March 17, 1999|Today."));
+        QCOMPARE(Said(m_program->Panel(Today)), Said(Today));
+        QCOMPARE(Said(Today + 1), QStringLiteral("Thursday, March 18, 1999|"));
+        QCOMPARE(Said(1), QStringLiteral("Memo 1 of March 1999|"));
+        m_program->Trigger("mnuNextMonth");
+        QCOMPARE(Said(Today), QStringLiteral("Wednesday, April 14, 1999|"));
+        m_program->Trigger("mnuWeekView");
+        QCOMPARE(Said(FirstWeekCell), QStringLiteral("Sunday, April 11, 1999|"));
+        m_program->Trigger("mnuMonthView");
+        m_program->Trigger("mnuPrevMonth");
+        QCOMPARE(Said(Today - 1), QStringLiteral("Tuesday, March 16, 1999|Past. Has an alarm."));
+        auto* mark = m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(%1)").arg(Today - 1));
+        QCOMPARE(Said(*mark), QStringLiteral("Alarm of Tuesday, March 16, 1999|Alarm"));
+        m_program->Box(Today - 1).setFocus();
+        QTest::keyClick(&m_program->Box(Today - 1), Qt::Key_Tab);
+        QVERIFY(mark->hasFocus());
+        QTest::keyClick(mark, Qt::Key_Tab);
+        QVERIFY(m_program->Box(Today).hasFocus());
+    }
+
+    void ACellTellsItsLock()
+    {
+        m_program->Start();
+        m_program->New(QStringLiteral("team.mdb"), true);
+        QAccessible::setActive(true);
+        m_program->Click(Today);
+        m_program->PressLock();
+        QCOMPARE(Said(Today), QStringLiteral("Wednesday, March 17, 1999|Today. Locked by you."));
+        QCOMPARE(Said(m_program->Lock()), QStringLiteral("Network Unlock|Network Unlock"));
+        QVERIFY(QAccessible::queryAccessibleInterface(&m_program->Lock())->state().checked);
+        m_program->PressLock();
+        QCOMPARE(Said(Today), QStringLiteral("Wednesday, March 17, 1999|Today."));
+        QVERIFY(!QAccessible::queryAccessibleInterface(&m_program->Lock())->state().checked);
+    }
+};
+
+QTEST_MAIN(AccessibleTest)
+#include "accessibletest.moc"
