@@ -89,7 +89,7 @@ public:
                                   QStringLiteral("-cmax_connections=120"), QStringLiteral("-cshared_buffers=16MB")}));
         m_server.setStandardErrorFile(m_folder.filePath(QStringLiteral("log")));
         m_server.start();
-        for (int attempt = 0; attempt < 400; ++attempt) {
+        for (int attempt = 0; attempt < 2400; ++attempt) {
             QThread::msleep(25);
             try {
                 pqxx::connection connection(Connection());
