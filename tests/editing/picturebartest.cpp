@@ -71,6 +71,25 @@ private Q_SLOTS:
     }
     void cleanup() { m_program.reset(); }
 
+    void APictureGoesIntoANoteByKeys()
+    {
+        m_program->New(File);
+        ShowPictures();
+        Strip().setFocus();
+        const qsizetype first = Content().indexOf(Picture), second = Content().indexOf(Picture, first + 1);
+        for (const auto& [key, chosen] :
+             {std::pair(Qt::Key_Left, second), std::pair(Qt::Key_Left, first), std::pair(Qt::Key_Left, first),
+              std::pair(Qt::Key_Right, second), std::pair(Qt::Key_Right, second), std::pair(Qt::Key_Home, first)}) {
+            QTest::keyClick(&Strip(), key);
+            QCOMPARE(Strip().SelStart(), int(chosen));
+            QCOMPARE(Strip().SelLength(), 1);
+        }
+        QTest::keyClick(&Strip(), Qt::Key_C, Qt::ControlModifier);
+        m_program->Click(20);
+        QTest::keyClick(&m_program->Box(20), Qt::Key_V, Qt::ControlModifier);
+        QTRY_VERIFY(m_program->Box(20).toPlainText().startsWith(Picture));
+    }
+
     void thePicturesStandInTheStrip()
     {
         QCOMPARE(Content(), QString()); // nobody has looked yet

@@ -1,6 +1,7 @@
 #include "platform/controls/picturestrip.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDrag>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -76,11 +77,48 @@ void PictureStrip::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || (picture < 0 && !inSelection)) return RichTextBox::mousePressEvent(event);
     m_pressed = point;
     setFocus(Qt::MouseFocusReason);
-    if (inSelection) return;
+    if (!inSelection) SelectAlone(picture);
+}
+
+void PictureStrip::SelectAlone(int picture)
+{
     QTextCursor alone(document());
     alone.setPosition(picture);
     alone.setPosition(picture + 1, QTextCursor::KeepAnchor);
     setTextCursor(alone);
+}
+
+// The picture at this place or the next one in the direction of the step, -1 for none.
+int PictureStrip::PictureFrom(int place, int step) const
+{
+    for (; place >= 0 && place < document()->characterCount(); place += step)
+        if (document()->characterAt(place) == QChar::ObjectReplacementCharacter) return place;
+    return -1;
+}
+
+// The menu would copy from the current cell.
+bool PictureStrip::event(QEvent* event)
+{
+    const bool copies =
+        event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy);
+    if (!copies) return RichTextBox::event(event);
+    event->accept();
+    return true;
+}
+
+// Whoever has no mouse to drag with chooses a picture by the arrow keys, copies it and pastes it into a note.
+void PictureStrip::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) return Copy();
+    RichTextBox::keyPressEvent(event);
+    const int key = event->key();
+    const bool moves = key >= Qt::Key_Home && key <= Qt::Key_Down; // the arrows, Home and End
+    if (!moves || event->modifiers() & Qt::ShiftModifier) return;
+    const bool forward = key == Qt::Key_Right || key == Qt::Key_Home;
+    const int caret = textCursor().position();
+    int picture = forward ? PictureFrom(caret, 1) : PictureFrom(caret - 1, -1);
+    if (picture < 0) picture = forward ? PictureFrom(caret - 1, -1) : PictureFrom(0, 1);
+    if (picture >= 0) SelectAlone(picture);
 }
 
 void PictureStrip::mouseMoveEvent(QMouseEvent* event)
@@ -104,6 +142,15 @@ void PictureStrip::mouseReleaseEvent(QMouseEvent* event)
 void PictureStrip::mouseDoubleClickEvent(QMouseEvent* event)
 {
     mousePressEvent(event);
+}
+
+// As it would be dragged: other programs know the picture too.
+void PictureStrip::Copy()
+{
+    auto copied = std::make_unique<QMimeData>();
+    QPixmap cursor;
+    Q_EMIT OLEStartDrag(*copied, cursor);
+    if (!copied->formats().isEmpty()) QGuiApplication::clipboard()->setMimeData(copied.release());
 }
 
 void PictureStrip::BeginDrag()

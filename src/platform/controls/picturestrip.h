@@ -17,12 +17,15 @@ public:
 
 Q_SIGNALS:
     void Shown();
-    // The selection is about to be dragged: whoever fills data lets the drag begin; cursor is what the mouse carries.
+    // The selection is about to be dragged or copied: whoever fills data lets the drag begin; cursor is what the mouse
+    // carries.
     void OLEStartDrag(QMimeData& data, QPixmap& cursor);
     void OLECompleteDrag();
     void OLEDragDrop(const QStringList& files); // paths
 
 protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -34,7 +37,10 @@ protected:
 
 private:
     int PictureAt(const QPoint& point) const;
+    int PictureFrom(int place, int step) const;
+    void SelectAlone(int picture);
     bool SelectionHas(const QPoint& point) const;
+    void Copy();
     void BeginDrag();
 
     std::optional<QPoint> m_pressed; // where the mouse went down on what it can drag
