@@ -76,6 +76,7 @@ ORLCombo* MakeCombo(Toolbar* bar, const char* name, const char* key)
 {
     auto* combo = new ORLCombo(bar);
     combo->hide();
+    combo->setPalette(paper::OnPaper(combo->palette()));
     combo->setObjectName(QString::fromLatin1(name));
     for (const ToolbarRow& row : ToolbarRows) {
         if (QLatin1StringView(row.key) != QLatin1StringView(key)) continue;

@@ -262,11 +262,13 @@ void ORLCombo::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled()) painter.setOpacity(0.5);
     const qreal line = hasFocus() ? 2 : 1;
-    painter.setPen(QPen(hasFocus() ? paper::Accent : paper::Hairline, line));
-    painter.setBrush(underMouse() && isEnabled() ? QColor(Qt::white) : paper::Paper);
+    const QPalette colors = palette(); // of the paper or the window that it stands on
+    painter.setPen(QPen(hasFocus() ? paper::Accent : colors.color(QPalette::Mid), line));
+    const QColor ground = colors.color(QPalette::Base);
+    painter.setBrush(underMouse() && isEnabled() ? ground.lighter(110) : ground);
     painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), 4, 4);
 
-    painter.setPen(QPen(paper::SoftInk, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(colors.color(QPalette::PlaceholderText), 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QPointF tip(width() - ArrowWidth / 2.0, height() / 2.0 + 2);
     painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
 
@@ -276,6 +278,6 @@ void ORLCombo::paintEvent(QPaintEvent*)
         icon.paint(&painter, QRect(QPoint(text.left(), (height() - SwatchSize.height()) / 2), SwatchSize));
         text.setLeft(text.left() + SwatchSize.width() + SwatchGap);
     }
-    painter.setPen(paper::Ink);
+    painter.setPen(colors.color(QPalette::Text));
     painter.drawText(text, Qt::AlignVCenter, fontMetrics().elidedText(Text(), Qt::ElideRight, text.width()));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 namespace paper {
 inline constexpr QColor Paper{0xfd, 0xfc, 0xf9};
@@ -21,6 +22,16 @@ inline constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};   // of a button whose fo
 inline constexpr QColor MixedDots{0xb4, 0xb3, 0xaf};
 inline constexpr QColor ScrollHandle{0x22, 0x25, 0x2a, 0x48}; // ink that lets the paper through
 inline constexpr QColor ActiveScrollHandle{0x22, 0x25, 0x2a, 0x90};
+
+// What a field of the platform's kind takes its colours from where it stands on paper.
+inline QPalette OnPaper(QPalette palette)
+{
+    palette.setColor(QPalette::Base, Paper);
+    palette.setColor(QPalette::Text, Ink);
+    palette.setColor(QPalette::PlaceholderText, SoftInk);
+    palette.setColor(QPalette::Mid, Hairline);
+    return palette;
+}
 
 inline constexpr int CaptionBand = 20; // pixels that a cell keeps free above its note
 inline constexpr int Margin = 7;       // from a cell's edge to its caption; its note begins there too

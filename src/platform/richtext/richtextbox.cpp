@@ -30,6 +30,7 @@ const QPalette& NotePalette()
     static const QPalette palette = [] {
         QPalette made;
         made.setColor(QPalette::Text, Qt::black);
+        made.setColor(QPalette::PlaceholderText, paper::SoftInk);
         made.setColor(QPalette::Highlight, paper::Accent);
         made.setColor(QPalette::HighlightedText, Qt::white);
         // Notes keep their selections when they are left; one in full colour among them is the one that is typed into.
