@@ -108,6 +108,12 @@ QString Compact(const Scene& scene)
     });
 }
 
+QString Repair(const Scene& scene)
+{
+    scene.Begin();
+    return AnswerOf([&] { DBEngine::RepairDatabase(scene.Path(Planner)); });
+}
+
 QString BackUp(const Scene& scene)
 {
     Database planner = DBEngine::OpenDatabase(scene.Path(Planner));
@@ -149,8 +155,13 @@ struct Work
     QString (*run)(const Scene& scene);
 };
 
-constexpr Work Works[] = {{"save", Save},         {"recurrence", Recur}, {"compact", Compact}, {"backup", BackUp},
-                          {"settings", Settings}, {"convert", Convert},  {"move", Move}};
+constexpr Work Works[] = {{"save", Save},     {"recurrence", Recur},  {"compact", Compact}, {"repair", Repair},
+                          {"backup", BackUp}, {"settings", Settings}, {"convert", Convert}, {"move", Move}};
+
+bool TakesAll()
+{
+    return qEnvironmentVariable("ORRELIN_FAULTS") == u"all";
+}
 
 int RunChild(const QStringList& words)
 {
@@ -193,6 +204,22 @@ class FaultSuite : public QObject
         WritePrivateProfileStringA(QStringLiteral("Days"), QStringLiteral("Font"), QStringLiteral("kept"),
                                    QStringLiteral("PLANNER.INI"));
         folders::SetRootForTests({});
+    }
+
+    // What the notes are found by; the notes themselves stay whole.
+    void SpoilIndex() const
+    {
+        const QByteArray page = Ask(Path(Planner), "SELECT rootpage FROM sqlite_master WHERE type = 'index'")[0][0];
+        const QByteArray size = Ask(Path(Planner), "PRAGMA page_size")[0][0];
+        QByteArray bytes = Content(Path(Planner));
+        bytes.replace((page.toInt() - 1) * size.toInt(), size.toInt(), QByteArray(size.toInt(), '\x5a'));
+        SetContent(Path(Planner), bytes);
+    }
+
+    void Prepare(int work)
+    {
+        MakePlanner();
+        if (Works[work].run == Repair) SpoilIndex();
     }
 
     struct Answer
@@ -263,6 +290,13 @@ class FaultSuite : public QObject
         if (answer.text == u"done") QVERIFY(QFile::exists(copy));
         if (QFile::exists(copy)) QCOMPARE(NotesIn(copy).size(), 15);
     }
+    // What broke off is taken up by the next repair.
+    void CheckRepair(const Answer& answer) const
+    {
+        DBEngine::RepairReport second;
+        QCOMPARE(ErrorOf([&] { second = DBEngine::RepairDatabase(Path(Planner)); }), 0);
+        QVERIFY2(answer.text != u"done" || second.KeptAs.isEmpty(), "said to be repaired");
+    }
     // Whole under its name, or under another beside the new one.
     void CheckConvert(const Answer& answer) const
     {
@@ -294,6 +328,7 @@ class FaultSuite : public QObject
     void Check(int work, const Answer& answer)
     {
         QVERIFY2(answer.text != u"it hangs", "it hangs");
+        if (Works[work].run == Repair) CheckRepair(answer);
         QMap<QString, QByteArray> notes;
         QCOMPARE(ErrorOf([&] { notes = NotesNow(); }), 0);
         for (int day = 1; day <= 30; day += 2) {
@@ -333,15 +368,14 @@ private Q_SLOTS:
     {
         QFETCH(int, work);
         QFETCH(int, fault);
-        MakePlanner();
+        Prepare(work);
         const Answer whole = Run(work, Fault::None, 0);
         QCOMPARE(whole.text, QStringLiteral("done"));
         QVERIFY(whole.calls > 2);
         Check(work, whole);
-        const bool all = qEnvironmentVariable("ORRELIN_FAULTS") == u"all";
-        const int step = all ? 1 : qMax(1, whole.calls / 4);
+        const int step = TakesAll() ? 1 : qMax(1, whole.calls / 4);
         for (int at = 1 + fault % step; at <= whole.calls && !QTest::currentTestFailed(); at += step, ++m_faults) {
-            MakePlanner();
+            Prepare(work);
             Check(work, Run(work, Fault(fault), at));
             if (QTest::currentTestFailed()) qInfo("at call %d of %d", at, whole.calls);
         }
@@ -354,6 +388,7 @@ int main(int count, char** words)
 {
     QApplication application(count, words);
     if (QCoreApplication::arguments().value(1) == u"--child") return RunChild(QCoreApplication::arguments());
+    if (TakesAll()) qputenv("QTEST_FUNCTION_TIMEOUT", "36000000"); // a row has hundreds of calls
     FaultSuite suite;
     return QTest::qExec(&suite, count, words);
 }
