@@ -198,7 +198,7 @@ void DayView::TakeOver()
     if (g_bDBShared) JoinWithTheirs();
     if (!ShowsDay()) {
         // The calendar has turned to today meanwhile.
-        if (!g_bDBShared) m_notes.PutNote(m_day.key, m_isEmpty ? QByteArray() : m_text);
+        if (!g_bDBShared) m_notes.PutNote(m_day.key, {m_isEmpty ? QByteArray() : m_text, {}, {}});
         return;
     }
     RichTextBox& box = m_cells.tbDay(m_day.cell);
@@ -241,7 +241,7 @@ void DayView::KeepLocked(const QString& reason)
         m_record.Close();
         Mark(m_day.cell, false);
         Q_EMIT m_cells.StateChanged(m_day.cell);
-        m_notes.PutNote(m_day.key, m_text, m_record.LockedText());
+        m_notes.PutNote(m_day.key, {m_text, m_record.LockedText(), {}});
     }
     if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
 }
@@ -260,8 +260,10 @@ void DayView::AddTyped(UnsavedNotes& typed) const
 {
     if (!m_form || !m_form->tbZoom().Modified()) return;
     const RichTextBox& box = m_form->tbZoom();
-    typed.Keep(g_sNotesFile, m_day.key, box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),
-               g_bDBShared ? m_base : m_notes.HeldText(m_day.key));
+    typed.Keep(g_sNotesFile, m_day.key,
+               {box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),
+                g_bDBShared ? m_base : m_notes.HeldText(m_day.key),
+                {}});
 }
 
 void DayView::TakeText()

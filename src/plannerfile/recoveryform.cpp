@@ -5,6 +5,7 @@
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
 
+#include <QAccessible>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
@@ -14,7 +15,6 @@
 namespace {
 constexpr QSize OpeningSize(800, 440);
 constexpr int Gap = 12;
-const QString ColumnSpace = QStringLiteral("  ");
 
 QLabel* MakeText(const QString& text)
 {
@@ -69,13 +69,24 @@ QWidget* RecoveryForm::MakeList()
     m_lstDays->setObjectName(QStringLiteral("lstDays"));
     m_lstDays->setAccessibleName(QStringLiteral("Days"));
     for (const FoundNote& note : m_notes) {
-        auto* day = new QListWidgetItem(fnFormatDateKey(note.key) + ColumnSpace, m_lstDays);
+        auto* day = new QListWidgetItem(fnFormatDateKey(note.key), m_lstDays);
         day->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         day->setCheckState(Qt::Checked);
     }
-    constexpr int ScrollBar = 20;
-    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + ScrollBar);
+    constexpr int ScrollBarAndGap = 28;
+    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + ScrollBarAndGap);
+    connect(m_lstDays, &QListWidget::itemChanged, this, &RecoveryForm::TellTick);
     return MakeColumn(QStringLiteral("Days:"), m_lstDays);
+}
+
+// The list itself is silent about it.
+void RecoveryForm::TellTick(const QListWidgetItem* item)
+{
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent tick(m_lstDays, changed);
+    tick.setChild(m_lstDays->row(item));
+    QAccessible::updateAccessibility(&tick);
 }
 
 QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichTextBox*& box)

@@ -31,6 +31,7 @@ private:
     QWidget* MakeList();
     QWidget* MakeSheet(const QString& caption, const char* name, RichTextBox*& box);
     QWidget* MakeFoot();
+    void TellTick(const QListWidgetItem* item);
     void ShowNote(int row);
 
     const std::vector<FoundNote> m_notes;

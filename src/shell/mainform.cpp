@@ -49,6 +49,9 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     progress(QStringLiteral("Loading Icons..."));
     rooms.controls.tmMidnightRefresh.SetEnabled(true);
     rooms.controls.tmAlarm.SetEnabled(true);
+    QTimer::singleShot(0, this, [&rooms] {
+        guard(QLatin1StringView(" in MainForm, Form_Load"), [&rooms] { rooms.recovery.BeginOffering(); });
+    });
     SetMousePointer(mousepointer::Default);
 }
 

@@ -68,7 +68,8 @@ void MoveToServer(const QString& path, const QString& uri);
 // Where a link leads, as MoveToServer takes it; empty for a planner that lies in its file. Nothing is connected. 3024,
 // 3343.
 QString LinkedAddress(const QString& path);
-QString ServerOf(const QString& uri); // host and port. 3343
+// Host and port, and how one logs in there: a link that asks for less protection leads to another server. 3343
+QString ServerOf(const QString& uri);
 
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);
