@@ -12,7 +12,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <limits>
 #include <tuple>
 
 namespace {
@@ -24,12 +23,14 @@ QByteArray Stored(const QString& key)
     return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(QStringLiteral("qmtText")).toByteArray();
 }
 
-// Days by their date, and the memos, whose keys begin with a letter, behind them.
+// Days by their date, the memos behind the days of their month.
 std::tuple<int, int, int, QString> OrderOf(const QString& key)
 {
+    constexpr int BehindTheDays = 99;
     const QStringList parts = key.split(u'/');
-    if (parts.size() != 3) return {std::numeric_limits<int>::max(), 0, 0, key};
-    return {parts[0].toInt(), parts[1].toInt(), parts[2].toInt(), key};
+    bool isDay = false;
+    const int day = parts.value(2).toInt(&isDay);
+    return {parts.value(0).toInt(), parts.value(1).toInt(), isDay ? day : BehindTheDays, key};
 }
 
 // A workgroup's day is written under its lock, as it would have been.
