@@ -105,7 +105,7 @@ void AlarmForm::WirePictures()
 void AlarmForm::Form_Load(int cell)
 {
     const ErrorTail tail(LoadLiteral);
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     m_tmAlarm.SetEnabled(false);
     const bool isShown = m_cells.panelDay.Exists(cell);
     const QString caption = isShown ? m_cells.panelDay(cell).Caption().trimmed() : QString();
@@ -120,7 +120,6 @@ void AlarmForm::Form_Load(int cell)
             PrepareBrowse(caption);
         }
     });
-    SetMousePointer(mousepointer::Default);
 }
 
 void AlarmForm::ShowEmptyBoxes()

@@ -93,7 +93,7 @@ void PictureBar::subLoadIcons()
     QTextCursor end(m_sidebar.tbPictureBox->document());
     end.movePosition(QTextCursor::End);
     const ErrorTail tail(QLatin1StringView(" in MainForm, subLoadIcons"));
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     end.beginEditBlock(); // laid out once, not after each of hundreds
     tail([&] {
         for (const QString& file :
@@ -101,7 +101,6 @@ void PictureBar::subLoadIcons()
             AppendIcon(end, icons.filePath(file));
     });
     end.endEditBlock();
-    SetMousePointer(mousepointer::Default);
 }
 
 void PictureBar::btnReloadIcons_Click()

@@ -118,10 +118,11 @@ void RecurForm::btnOk_Click()
     const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
     const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
     if (!HaveValidDates(sStart, sEnd)) return;
-    SetMousePointer(mousepointer::Hourglass);
     bool saved = false;
-    tail([&] { saved = SaveCells() && SaveEvent(sStart, sEnd); });
-    SetMousePointer(mousepointer::Default);
+    tail([&] {
+        const Hourglass hourglass;
+        saved = SaveCells() && SaveEvent(sStart, sEnd);
+    });
     m_progress->hide();
     tail([this] { m_notes.subSeekQMTDatabase(); });
     if (!saved) return;
@@ -250,12 +251,13 @@ void RecurForm::btnDelete_Click()
     if (m_isPressed) return; // the record that is shown is not the one before the table's place yet
     const ErrorTail tail(DeleteTail);
     const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
-    SetMousePointer(mousepointer::Hourglass);
-    bool cellsAreSaved = false;
-    tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
-    if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
-    tail([this] { ShowCells(); });
-    SetMousePointer(mousepointer::Default);
+    {
+        const Hourglass hourglass;
+        bool cellsAreSaved = false;
+        tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
+        if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
+        tail([this] { ShowCells(); });
+    }
     tail([this] { ReopenRecords(); });
     accept();
 }

@@ -29,7 +29,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(QLatin1StringView(" in MainForm, Form_Load"));
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     GoToToday();
     subSetDaysInMonth(g_iYear);
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
@@ -49,7 +49,6 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     progress(QStringLiteral("Loading Icons..."));
     rooms.controls.tmMidnightRefresh.SetEnabled(true);
     rooms.controls.tmAlarm.SetEnabled(true);
-    SetMousePointer(mousepointer::Default);
 }
 
 void Mainform::Form_Resize()

@@ -167,9 +167,7 @@ void FindWordForm::btnFindNext_Click()
     }
     const ErrorTail tail(NextLiteral);
     ShowButton(m_btnFindNext, m_btnFindWithin);
-    SetMousePointer(mousepointer::Hourglass);
     const Found found = m_bHitWaits && !g_rsFind.IsNothing() ? Found::Hit : FindDay();
-    SetMousePointer(mousepointer::Default);
     if (found == Found::Nothing) EndSearch();
     if (found != Found::Hit) return;
     tail([&] {
@@ -194,6 +192,7 @@ std::optional<FindWordForm::Day> FindWordForm::DayOf(const QString& key)
 
 FindWordForm::Found FindWordForm::FindDay()
 {
+    const Hourglass hourglass;
     // The word goes in as it was typed: what it holds of the pattern's signs acts as such.
     const QString criterion = QStringLiteral("[qmtText] LIKE '*") + m_tbFindWord->text() + QStringLiteral("*'");
     for (;;) {
@@ -214,7 +213,6 @@ FindWordForm::Found FindWordForm::FindRecord(const QString& criterion)
         LogError(error, NextLiteral);
         if (error.Number == engineerrors::UnparsableCriterion || error.Number == engineerrors::NoCurrentRecord)
             return Found::Nothing;
-        SetMousePointer(mousepointer::Default);
         MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
         return Found::Failed;
     }
