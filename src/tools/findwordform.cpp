@@ -7,6 +7,7 @@
 #include "calendar/viewmode.h"
 #include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
@@ -161,10 +162,7 @@ void FindWordForm::EnableButtons(bool enabled)
 
 void FindWordForm::btnFindNext_Click()
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
     const ErrorTail tail(NextLiteral);
     ShowButton(m_btnFindNext, m_btnFindWithin);
     const Found found = m_bHitWaits && !g_rsFind.IsNothing() ? Found::Hit : FindDay();
