@@ -9,13 +9,8 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 
-#include <tuple>
-
 namespace {
-// Not as a QDate: the calendar's own leap years have days that no true one has.
-using Day = std::tuple<int, int, int>;
-
-Day Today()
+GridDay Today()
 {
     const QDate today = desktopclock::Now().date();
     return {today.year(), today.month(), today.day()};
@@ -25,7 +20,7 @@ Day Today()
 QString Describe(const Cells& cells, int cell)
 {
     const QString caption = cells.panelDay(cell).Caption();
-    const Day day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
+    const GridDay day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
     const bool isDay = !IsMemoCaption(caption);
     const std::pair<bool, QLatin1StringView> parts[] = {
         {isDay && day == Today(), QLatin1StringView("Today.")},

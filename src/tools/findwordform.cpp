@@ -1,7 +1,6 @@
 #include "tools/findwordform.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
 #include "calendar/viewmode.h"
@@ -179,15 +178,6 @@ void FindWordForm::EndSearch()
     EnableButtons(false);
 }
 
-// Empty where the key is none of a day that the calendar shows: memos above all.
-std::optional<FindWordForm::Day> FindWordForm::DayOf(const QString& key)
-{
-    const qsizetype slash = key.indexOf(u'/', 5);
-    if (slash < 0) return {};
-    const Day day = {key.left(4).toInt(), key.mid(5, slash - 5).toInt(), key.mid(slash + 1).toInt()};
-    return IsDayOfGrid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
-}
-
 FindWordForm::Found FindWordForm::FindDay()
 {
     const Hourglass hourglass;
@@ -196,7 +186,7 @@ FindWordForm::Found FindWordForm::FindDay()
     for (;;) {
         const Found found = FindRecord(criterion);
         if (found != Found::Hit) return found;
-        if (const auto day = DayOf(g_rsFind.Fields(DateField).toString())) {
+        if (const auto day = DayOfKey(g_rsFind.Fields(DateField).toString())) {
             m_hit = *day;
             return found;
         }
@@ -231,7 +221,7 @@ void FindWordForm::StepBack(const QString& criterion)
     m_bSearching = true;
 }
 
-bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& word, const Day& day)
+bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& word, const GridDay& day)
 {
     if (!ShowDay(day)) return false;
     ClearSelections();
@@ -240,7 +230,7 @@ bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& wor
     return true;
 }
 
-bool FindWordForm::ShowDay(const Day& day)
+bool FindWordForm::ShowDay(const GridDay& day)
 {
     const int mode = m_viewMode.GetViewMode();
     if (mode != ViewMode::Month && mode != ViewMode::Week) {
