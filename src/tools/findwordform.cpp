@@ -15,7 +15,6 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/textview.h"
 #include "platform/runtime/errortail.h"
-#include "platform/runtime/language.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
 
@@ -245,7 +244,7 @@ bool FindWordForm::ShowDay(const GridDay& day)
         if (mode == ViewMode::Week) m_redraw.subDisplayWeek();
     });
     if (!turned) return false;
-    if (const int cell = CellOf(day.day)) {
+    if (const int cell = m_cells.CellOfDay(CellsOf(mode), day.day)) {
         m_iCell = cell;
         FocusCell();
     }
@@ -259,15 +258,6 @@ void FindWordForm::FocusCell()
 {
     m_cells.tbDay(m_iCell).setFocus();
     if (g_iCurrentPanel != m_iCell) m_cells.EnterAgain();
-}
-
-int FindWordForm::CellOf(int day) const
-{
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell) {
-        if (m_cells.panelDay.Exists(cell) && Val(m_cells.panelDay(cell).Caption()) == day) return cell;
-    }
-    return 0;
 }
 
 int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
@@ -299,7 +289,8 @@ void FindWordForm::SelectNote()
 // The calendar may have been turned meanwhile, and the cell stand for another day.
 bool FindWordForm::ShowsHit() const
 {
-    return m_cells.Shows(m_iCell) && g_iYear == m_hit.year && g_iMonth == m_hit.month && CellOf(m_hit.day) == m_iCell;
+    return m_cells.Shows(m_iCell) && g_iYear == m_hit.year && g_iMonth == m_hit.month &&
+           m_cells.CellOfDay(CellsOf(m_viewMode.GetViewMode()), m_hit.day) == m_iCell;
 }
 
 void FindWordForm::btnFindWithin_Click()

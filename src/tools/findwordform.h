@@ -54,7 +54,6 @@ private:
     bool ShowDay(const GridDay& day);
     void FocusCell();
     bool ShowsHit() const;
-    int CellOf(int day) const;
     int fnFindString(const QByteArray& text, const QString& word);
     void ClearSelections();
     void SelectNote();
