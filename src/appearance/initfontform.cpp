@@ -91,9 +91,7 @@ void InitFontForm::accept()
     const ErrorTail tail(QLatin1StringView(" in InitFontForm, btnOK_Click"));
     tail([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-        WritePrivateProfileStringA(settings::DefaultFontSize.section.toString(),
-                                   settings::DefaultFontSize.key.toString(), m_orlcmbFontsize->Text().trimmed(),
-                                   settings::PlannerIni.toString());
+        WriteText(settings::DefaultFontSize, m_orlcmbFontsize->Text().trimmed());
         Write(settings::DefaultFontColor, m_orlcmbFontcolor->Text().trimmed());
         Write(settings::DefaultFontName, m_orlcmbFontname->Text().trimmed());
         for (std::size_t i = 0; i < m_styles.size(); ++i)

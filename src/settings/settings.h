@@ -27,6 +27,7 @@ QString Read(const TextSetting& setting);
 QString Read(const TextSetting& setting, const QString& computedFallback);
 void Write(const IntSetting& setting, int value);
 void Write(const TextSetting& setting, const QString& value);
+void WriteText(const IntSetting& setting, const QString& text); // as it is to stand in the file
 
 // The look of one kind of cell or heading, one section each. Colours are "&H" + hexadecimal + "&", red in the low byte.
 struct StyleDefaults
@@ -82,6 +83,8 @@ inline constexpr IntSetting AutoUnLock = {u"Network Options", u"AutoUnLock", 0};
 inline constexpr IntSetting UnlockDelay = {u"Network Options", u"UnlockDelay", 5}; // minutes
 inline constexpr IntSetting AutoRefresh = {u"Network Options", u"AutoRefresh", 0};
 inline constexpr IntSetting RefreshDelay = {u"Network Options", u"RefreshDelay", 5}; // minutes
+
+inline constexpr QStringView KnownServers = u"Known Servers"; // a key for each server; 1 if it may be connected to
 
 inline constexpr StyleDefaults MemoPanel = {u"MEMO PANEL", -1, 8, 0, u""};
 inline constexpr StyleDefaults DailyPanel = {u"DAILY PANEL", -1, 8, 0, u""};

@@ -25,10 +25,9 @@ Control* Add(QLayout& layout, const char* name, const QString& caption)
 }
 
 // A length stands with the blank of its sign, as older versions wrote it.
-void WriteLength(const IntSetting& setting, const QString& of)
+QString LengthOf(const QString& text)
 {
-    WritePrivateProfileStringA(setting.section.toString(), setting.key.toString(),
-                               of.isEmpty() ? QString() : Str(of.size()), settings::PlannerIni.toString());
+    return text.isEmpty() ? QString() : Str(text.size());
 }
 } // namespace
 
@@ -100,8 +99,8 @@ void AutoloadForm::accept()
     const QString path = autoload ? g_sDBPath : QString();
     const QString title = autoload ? g_sDBTitle : QString();
     Write(settings::LoadCondition, autoload ? 1 : 0);
-    WriteLength(settings::LoadPathSize, path);
-    WriteLength(settings::LoadTitleSize, title);
+    WriteText(settings::LoadPathSize, LengthOf(path));
+    WriteText(settings::LoadTitleSize, LengthOf(title));
     Write(settings::LoadFilePath, path);
     Write(settings::LoadFileTitle, title);
     Write(settings::ViewPref, m_opStartupView[0]->isChecked() ? ViewMode::Week : ViewMode::Month);

@@ -20,12 +20,6 @@
 #include <QVBoxLayout>
 
 namespace {
-void WriteText(const IntSetting& setting, const QString& text)
-{
-    WritePrivateProfileStringA(setting.section.toString(), setting.key.toString(), text,
-                               settings::PlannerIni.toString());
-}
-
 // A delay as it was typed goes into the file and counts at once; what is no number leaves the running delay as it is,
 // and the file gets the usual one.
 void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& seconds)
