@@ -3,10 +3,10 @@
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
 #include "editing/notemenu.h"
-#include "editing/textstyles.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
 #include "platform/desktop/pressedbyreturn.h"
+#include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCloseEvent>
@@ -130,11 +130,7 @@ void ZoomBoxForm::btnCancel_Click()
 void ZoomBoxForm::btnFonts_Click()
 {
     const ErrorTail tail(QLatin1StringView(" in ZoomBoxForm, btnFonts_Click"));
-    const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
-    const UndoStep oneStep(*m_tbZoom);
-    tail([&] { m_tbZoom->SetSelFontName(NameOr(chosen)); });
-    tail([&] { m_tbZoom->SetSelFontSize(chosen.size); });
-    tail([&] { m_tbZoom->SetSelColor(chosen.color); });
-    for (const TextStyle& style : TextStyles)
-        tail([&] { Set(*m_tbZoom, style, chosen.*style.ofDialog); });
+    FontChoice chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
+    chosen.colorIsChosen = true; // here the dialog's colour counts in any case
+    ApplyToSelection(*m_tbZoom, chosen, tail);
 }

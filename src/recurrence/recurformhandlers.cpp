@@ -5,7 +5,6 @@
 #include "calendar/viewmode.h"
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
-#include "editing/textstyles.h"
 #include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -15,6 +14,7 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/richtext/richtextbox.h"
 #include "platform/richtext/selectionformat.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
@@ -301,12 +301,6 @@ void RecurForm::btnCancel_Click()
 void RecurForm::btnFonts_Click()
 {
     const ErrorTail tail(QLatin1StringView(" in RecurForm, btnFonts_Click"));
-    const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbRecurse, tail);
-    const UndoStep oneStep(*m_tbRecurse);
-    tail([&] { m_tbRecurse->SetSelFontName(NameOr(chosen)); });
-    tail([&] { m_tbRecurse->SetSelFontSize(chosen.size); });
-    if (chosen.colorIsChosen) tail([&] { m_tbRecurse->SetSelColor(chosen.color); });
-    for (const TextStyle& style : TextStyles)
-        tail([&] { Set(*m_tbRecurse, style, chosen.*style.ofDialog); });
+    ApplyToSelection(*m_tbRecurse, m_fontCommand.Ask(this, *m_tbRecurse, tail), tail);
     m_tbRecurse->setFocus();
 }
