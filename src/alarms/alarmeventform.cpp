@@ -1,6 +1,7 @@
 #include "alarms/alarmeventform.h"
 
 #include "alarms/tunes.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 constexpr QLatin1StringView PlayLiteral(" in AlarmEventForm, subPlayMusic");
@@ -53,8 +55,7 @@ AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget*
     m_tbNotes->SetTextRTF(note);
     m_tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here
     setAccessibleDescription(m_tbNotes->Text());
-    auto* btnOk = new PressedByReturn<QPushButton>(QStringLiteral("&Ok"));
-    btnOk->setObjectName(QStringLiteral("btnOk"));
+    auto* btnOk = Named(new PressedByReturn<QPushButton>(QStringLiteral("&Ok")), "btnOk");
     btnOk->setAutoDefault(false); // Return anywhere else must not close the window
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
     m_quiet.setSingleShot(true);

@@ -1,6 +1,7 @@
 #include "editing/notemenu.h"
 
 #include "editing/textstyles.h"
+#include "platform/controls/named.h"
 #include "platform/controls/postkey.h"
 #include "platform/runtime/errortail.h"
 
@@ -48,8 +49,7 @@ void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* fo
 
 QMenu* AddNoteMenu(RichTextBox& box, const char* form)
 {
-    auto* menu = new QMenu(&box);
-    menu->setObjectName(QStringLiteral("mnuRightMouse"));
+    auto* menu = Named(new QMenu(&box), "mnuRightMouse");
     for (const KeyRow& row : KeyRows) {
         menu->addAction(QString::fromLatin1(row.caption), &box, [&box, &row] { PostKey(box, row.key, row.modifier); })
             ->setObjectName(QString::fromLatin1(row.name));

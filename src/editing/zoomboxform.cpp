@@ -3,6 +3,7 @@
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
 #include "editing/notemenu.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
 #include "platform/desktop/pressedbyreturn.h"
@@ -42,13 +43,11 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
 
 QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 {
-    auto* frame = new QGroupBox(heading);
-    frame->setObjectName(QStringLiteral("frZoom"));
+    auto* frame = Named(new QGroupBox(heading), "frZoom");
     QFont bold = frame->font();
     bold.setBold(true);
     frame->setFont(bold);
-    m_tbZoom = new RichTextBox;
-    m_tbZoom->setObjectName(QStringLiteral("tbZoom"));
+    m_tbZoom = Named(new RichTextBox, "tbZoom");
     m_tbZoom->setAccessibleName(heading);
     m_tbZoom->installEventFilter(this);
     connect(m_tbZoom, &RichTextBox::Change, this, &ZoomBoxForm::SignOfLife);
@@ -62,16 +61,15 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 
 QLayout* ZoomBoxForm::MakeFoot()
 {
-    auto* lblHint = new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions"));
-    lblHint->setObjectName(QStringLiteral("lblHint"));
+    auto* lblHint =
+        Named(new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions")), "lblHint");
     lblHint->setWordWrap(true);
     SoftenText(*lblHint);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addStretch(1);
     const auto add = [&](const char* name, const char* caption, void (ZoomBoxForm::*click)()) {
-        auto* button = new PressedByReturn<QPushButton>(QString::fromLatin1(caption));
-        button->setObjectName(QString::fromLatin1(name));
+        auto* button = Named(new PressedByReturn<QPushButton>(QString::fromLatin1(caption)), name);
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, click);
         buttons->addWidget(button);

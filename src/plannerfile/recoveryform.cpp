@@ -2,6 +2,7 @@
 
 #include "calendar/moddate.h"
 #include "plannerfile/rescuefiles.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
 
@@ -65,8 +66,7 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
 
 QWidget* RecoveryForm::MakeList()
 {
-    m_lstDays = new QListWidget;
-    m_lstDays->setObjectName(QStringLiteral("lstDays"));
+    m_lstDays = Named(new QListWidget, "lstDays");
     m_lstDays->setAccessibleName(QStringLiteral("Days"));
     for (const FoundNote& note : m_notes) {
         auto* day = new QListWidgetItem(fnFormatDateKey(note.key) + ColumnSpace, m_lstDays);
@@ -80,8 +80,7 @@ QWidget* RecoveryForm::MakeList()
 
 QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichTextBox*& box)
 {
-    box = new RichTextBox;
-    box->setObjectName(QString::fromLatin1(name));
+    box = Named(new RichTextBox, name);
     box->setAccessibleName(caption);
     box->SetLocked(true);
     return MakeColumn(caption, MakeNotePanel(box));

@@ -3,6 +3,7 @@
 #include "calendar/dateorder.h"
 #include "editing/notemenu.h"
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/picturebutton.h"
@@ -16,21 +17,20 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 constexpr int Gap = 8, Margin = 16;
 
 QGroupBox* MakeFrame(const char* name, const char* caption)
 {
-    auto* frame = new QGroupBox(QString::fromLatin1(caption));
-    frame->setObjectName(QString::fromLatin1(name));
+    auto* frame = Named(new QGroupBox(QString::fromLatin1(caption)), name);
     return frame;
 }
 
 QComboBox* MakeList(const char* name, const char* tip, QLayout& row)
 {
-    auto* list = new QComboBox;
-    list->setObjectName(QString::fromLatin1(name));
+    auto* list = Named(new QComboBox, name);
     list->setAccessibleName(QString::fromLatin1(tip));
     row.addWidget(list);
     return list;
@@ -84,8 +84,7 @@ QLayout* RecurForm::MakeDates()
 
 MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption)
 {
-    auto* box = new MaskEdBox;
-    box->setObjectName(QString::fromLatin1(name));
+    auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
     // The digits and the signs between them, with some room at the borders.
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 2 * Gap);
@@ -106,10 +105,9 @@ QWidget* RecurForm::MakeBrowser()
     QGroupBox* frame = MakeFrame("Frame3D3", "&Browse...");
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(Gap);
-    m_picRightSpin = new PictureButton({right, QStringLiteral(":/icons/right-pressed.svg"), right});
-    m_picRightSpin->setObjectName(QStringLiteral("picRightSpin"));
-    m_lblNextRecord = new QLabel(QStringLiteral("Next Recurring Event"));
-    m_lblNextRecord->setObjectName(QStringLiteral("lblNextRecord"));
+    m_picRightSpin =
+        Named(new PictureButton({right, QStringLiteral(":/icons/right-pressed.svg"), right}), "picRightSpin");
+    m_lblNextRecord = Named(new QLabel(QStringLiteral("Next Recurring Event")), "lblNextRecord");
     // Room for what stands there at the end.
     m_lblNextRecord->setMinimumWidth(
         m_lblNextRecord->fontMetrics().horizontalAdvance(QStringLiteral("End of Recurring Event ")));
@@ -160,8 +158,7 @@ QWidget* RecurForm::MakeInterval()
 QWidget* RecurForm::MakeText()
 {
     constexpr QSize LeastPaper(480, 128);
-    m_tbRecurse = new RichTextBox;
-    m_tbRecurse->setObjectName(QStringLiteral("tbRecurse"));
+    m_tbRecurse = Named(new RichTextBox, "tbRecurse");
     m_tbRecurse->setAccessibleName(QStringLiteral("Text of the event"));
     m_tbRecurse->setPlaceholderText(QStringLiteral("Write the event here"));
     AddNoteMenu(*m_tbRecurse, "RecurForm");
@@ -176,15 +173,13 @@ QLayout* RecurForm::MakeFoot()
     auto* row = new QHBoxLayout;
     row->setSpacing(Gap);
     const auto add = [&](const char* name, const char* caption, void (RecurForm::*click)()) {
-        auto* button = new QPushButton(QString::fromLatin1(caption));
-        button->setObjectName(QString::fromLatin1(name));
+        auto* button = Named(new QPushButton(QString::fromLatin1(caption)), name);
         connect(button, &QPushButton::clicked, this, click);
         row->addWidget(button);
         return button;
     };
     m_btnFonts = add("btnFonts", "&Fonts", &RecurForm::btnFonts_Click);
-    m_progress = new QProgressBar;
-    m_progress->setObjectName(QStringLiteral("progress"));
+    m_progress = Named(new QProgressBar, "progress");
     QSizePolicy keepsItsRoom = m_progress->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
     m_progress->setSizePolicy(keepsItsRoom);

@@ -2,6 +2,8 @@
 
 #include "calendar/viewmode.h"
 #include "plannerfile/plannerstate.h"
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
@@ -18,8 +20,7 @@ namespace {
 template <typename Control>
 Control* Add(QLayout& layout, const char* name, const QString& caption)
 {
-    auto* control = new Control(caption);
-    control->setObjectName(QString::fromLatin1(name));
+    auto* control = Named(new Control(caption), name);
     layout.addWidget(control);
     return control;
 }
@@ -35,14 +36,11 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(QStringLiteral("AutoloadForm"));
     setWindowTitle(QStringLiteral("Customize Startup"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(MakeFileFrame());
     column->addWidget(MakeOptionsFrame());
     column->addWidget(MakeViewFrame());
     column->addWidget(MakeOkCancel(*this));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     CenterOnScreen(*this);
     m_chkAutoload->setFocus();

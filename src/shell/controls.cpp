@@ -1,6 +1,7 @@
 #include "shell/controls.h"
 
 #include "platform/controls/accessrole.h"
+#include "platform/controls/named.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/picturestrip.h"
@@ -54,8 +55,7 @@ QString Icon(const char* name)
 
 Toolbar* MakeToolbar(QWidget* client)
 {
-    auto* bar = new Toolbar(client);
-    bar->setObjectName(QStringLiteral("tbTop"));
+    auto* bar = Named(new Toolbar(client), "tbTop");
     bar->setAccessibleName(QStringLiteral("Toolbar"));
     SetAccessibleRole(bar, QAccessible::ToolBar);
     for (const ToolbarRow& row : ToolbarRows) {
@@ -96,16 +96,14 @@ FormatBar MakeFormatBar(QWidget* client)
 
 PictureButton* MakePictureButton(const char* name, const char* raised, const char* pressed, QWidget* parent)
 {
-    auto* button = new PictureButton(Icon(raised), Icon(pressed), parent);
-    button->setObjectName(QString::fromLatin1(name));
+    auto* button = Named(new PictureButton(Icon(raised), Icon(pressed), parent), name);
     return button;
 }
 
 BottomPanel MakeBottomPanel(QWidget* client)
 {
     constexpr QSize SpinSize(40, 36);
-    auto* panel = new SSPanel(client);
-    panel->setObjectName(QStringLiteral("panelBottom"));
+    auto* panel = Named(new SSPanel(client), "panelBottom");
     SetAccessibleRole(panel, QAccessible::Grouping); // of the title and the two buttons
     panel->hide();
     panel->SetPaper(paper::Band);
@@ -240,8 +238,7 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
 // Follows the mouse and must never be in its way.
 QLabel* MakeDateDiffLabel(QWidget* client)
 {
-    auto* label = new QLabel(QStringLiteral("Day 365"), client);
-    label->setObjectName(QStringLiteral("lblDateDiff"));
+    auto* label = Named(new QLabel(QStringLiteral("Day 365"), client), "lblDateDiff");
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
     label->setAlignment(Qt::AlignCenter);
     label->setAutoFillBackground(true);
@@ -252,8 +249,7 @@ QLabel* MakeDateDiffLabel(QWidget* client)
 
 QWidget* MakeClient(QMainWindow& window)
 {
-    auto* client = new QWidget;
-    client->setObjectName(QStringLiteral("client"));
+    auto* client = Named(new QWidget, "client");
     client->setAccessibleName(QStringLiteral("Calendar"));
     SetAccessibleRole(client, QAccessible::Grouping);
     QPalette palette = client->palette();

@@ -8,6 +8,7 @@
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/refusals.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/named.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/desktop/twips.h"
@@ -56,8 +57,7 @@ FindWordForm::~FindWordForm()
 void FindWordForm::MakeControls()
 {
     constexpr int WordWidth = 240;
-    m_tbFindWord = new QLineEdit;
-    m_tbFindWord->setObjectName(QStringLiteral("tbFindWord"));
+    m_tbFindWord = Named(new QLineEdit, "tbFindWord");
     m_tbFindWord->setMinimumWidth(WordWidth);
     auto* label = new QLabel(QStringLiteral("Find What:"));
     label->setBuddy(m_tbFindWord);
@@ -75,8 +75,7 @@ void FindWordForm::MakeControls()
     grid->addWidget(m_btnFindNext, 0, 2);
     grid->addWidget(m_btnFindWithin, 0, 2);
     m_btnFindWithin->hide();
-    auto* cancel = new QPushButton(QStringLiteral("&Cancel"));
-    cancel->setObjectName(QStringLiteral("btnCancel"));
+    auto* cancel = Named(new QPushButton(QStringLiteral("&Cancel")), "btnCancel");
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(cancel, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
@@ -88,8 +87,7 @@ void FindWordForm::MakeControls()
 QPushButton* FindWordForm::AddButton(const char* name, const QString& caption, void (FindWordForm::*click)(),
                                      const char* literal)
 {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QString::fromLatin1(name));
+    auto* button = Named(new QPushButton(caption), name);
     connect(button, &QPushButton::clicked, this,
             [this, click, literal] { guard(QLatin1StringView(literal), [&] { (this->*click)(); }); });
     return button;
