@@ -24,8 +24,7 @@ constexpr int Gap = 8, Margin = 16;
 
 QGroupBox* MakeFrame(const char* name, const char* caption)
 {
-    auto* frame = Named(new QGroupBox(QString::fromLatin1(caption)), name);
-    return frame;
+    return Named(new QGroupBox(QString::fromLatin1(caption)), name);
 }
 
 QComboBox* MakeList(const char* name, const char* tip, QLayout& row)

@@ -96,8 +96,7 @@ FormatBar MakeFormatBar(QWidget* client)
 
 PictureButton* MakePictureButton(const char* name, const char* raised, const char* pressed, QWidget* parent)
 {
-    auto* button = Named(new PictureButton(Icon(raised), Icon(pressed), parent), name);
-    return button;
+    return Named(new PictureButton(Icon(raised), Icon(pressed), parent), name);
 }
 
 BottomPanel MakeBottomPanel(QWidget* client)
@@ -125,30 +124,34 @@ struct PictureRow
     const char* caption;
 };
 
-// A view that is shown looks pressed, with a picture of its own colour.
-constexpr PictureRow PictureRows[] = {
-    {"picDay", {"Day View", "Day View"}, {"day", "day"}, "Day"},
-    {"picWeek", {"Week View", "Week View"}, {"week", "week-pressed"}, "Week"},
-    {"picMonth", {"Month View", "Month View"}, {"month", "month-pressed"}, "Month"},
-    {"picPrint", {"Print", "Print"}, {"print", "print"}, "Print"},
-    {"picRecurse", {"Recurring Events", "Recurring Events"}, {"recurring", "recurring"}, "Recurring"},
-    {"picAlarm", {"Alarm Settings", "Alarm Settings"}, {"alarm", "alarm"}, "Alarm"},
-    {"picRefresh", {"Network Refresh", "Network Refresh"}, {"refresh", "refresh"}, ""},
-    {"picLock", {"Network Lock", "Network Unlock"}, {"lock", "unlock"}, ""},
+struct SidebarRow
+{
+    PictureButton* Sidebar::*button;
+    PictureRow picture;
 };
 
-PictureButton* MakePicture(const char* name, QWidget* page)
+// From top to bottom. A view that is shown looks pressed, with a picture of its own colour.
+constexpr SidebarRow SidebarRows[] = {
+    {&Sidebar::picDay, {"picDay", {"Day View", "Day View"}, {"day", "day"}, "Day"}},
+    {&Sidebar::picWeek, {"picWeek", {"Week View", "Week View"}, {"week", "week-pressed"}, "Week"}},
+    {&Sidebar::picMonth, {"picMonth", {"Month View", "Month View"}, {"month", "month-pressed"}, "Month"}},
+    {&Sidebar::picPrint, {"picPrint", {"Print", "Print"}, {"print", "print"}, "Print"}},
+    {&Sidebar::picRecurse,
+     {"picRecurse", {"Recurring Events", "Recurring Events"}, {"recurring", "recurring"}, "Recurring"}},
+    {&Sidebar::picAlarm, {"picAlarm", {"Alarm Settings", "Alarm Settings"}, {"alarm", "alarm"}, "Alarm"}},
+};
+constexpr PictureRow RefreshPicture = {
+    "picRefresh", {"Network Refresh", "Network Refresh"}, {"refresh", "refresh"}, ""};
+constexpr PictureRow LockPicture = {"picLock", {"Network Lock", "Network Unlock"}, {"lock", "unlock"}, ""};
+
+PictureButton* MakePicture(const PictureRow& row, QWidget* page)
 {
-    for (const PictureRow& row : PictureRows) {
-        if (QLatin1StringView(row.name) != QLatin1StringView(name)) continue;
-        PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
-        button->SetCaption(QString::fromLatin1(row.caption));
-        button->setEnabled(false); // until it is wired to its command
-        for (int element = 0; element < 2; ++element)
-            button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
-        return button;
-    }
-    return nullptr;
+    PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
+    button->SetCaption(QString::fromLatin1(row.caption));
+    button->setEnabled(false); // until it is wired to its command
+    for (int element = 0; element < 2; ++element)
+        button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
+    return button;
 }
 
 Sidebar MakeSidebar(QWidget* client)
@@ -198,7 +201,7 @@ void FillPicturePage(Sidebar& sidebar)
 NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
 {
     constexpr int OneSecond = 1000;
-    NetworkControls network = {MakePicture("picRefresh", page), MakePicture("picLock", page),
+    NetworkControls network = {MakePicture(RefreshPicture, page), MakePicture(LockPicture, page),
                                new QLabel(QStringLiteral("Network"), page), new Timer(OneSecond, client),
                                new Timer(OneSecond, client)};
     network.lblNetwork->setObjectName(QStringLiteral("lblNetwork"));
@@ -219,12 +222,11 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(8, 4, 8, 4);
     column->setSpacing(2);
-    PictureButton** const buttons[] = {&sidebar.picDay,   &sidebar.picWeek,    &sidebar.picMonth,
-                                       &sidebar.picPrint, &sidebar.picRecurse, &sidebar.picAlarm};
-    for (std::size_t i = 0; i < std::size(buttons); ++i) {
-        *buttons[i] = MakePicture(PictureRows[i].name, page);
-        (*buttons[i])->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
-        column->addWidget(*buttons[i]);
+    for (const SidebarRow& row : SidebarRows) {
+        PictureButton* button = MakePicture(row.picture, page);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+        column->addWidget(button);
+        sidebar.*row.button = button;
     }
     column->addSpacing(8);
     column->addWidget(network.lblNetwork);
