@@ -155,9 +155,8 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
 
 void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPosition)
 {
-    constexpr int RightButton = 2;
     EnterIfNoneIsCurrent(Index);
-    if (Button != RightButton) return;
+    if (Button != RichTextBox::RightButton) return;
     m_cells.tbDay(Index).setFocus();
     m_menus.mnuRightMouse().popup(globalPosition);
 }

@@ -58,8 +58,7 @@ QMenu* AddNoteMenu(RichTextBox& box, const char* form)
     for (const StyleRow& row : StyleRows)
         AddStyle(*menu, box, row, form);
     QObject::connect(&box, &RichTextBox::MouseDown, menu, [&box, menu](int button, const QPoint& at) {
-        constexpr int RightButton = 2;
-        if (button != RightButton) return;
+        if (button != RichTextBox::RightButton) return;
         box.setFocus();
         menu->popup(at);
     });

@@ -277,6 +277,7 @@ void RecurForm::DeleteShown()
 
 void RecurForm::ShowCells()
 {
+    // On purpose all 42 in the month view and only the month's in the week view: the read shows those of the week anew.
     const int last = m_viewMode.GetViewMode() == ViewMode::Month ? LastWeekCell : LastMonthCell;
     for (int cell = FirstMonthCell; cell <= last; ++cell) {
         if (!m_cells.tbDay.Exists(cell)) continue;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <iterator>
 
 struct IntSetting
 {
@@ -67,6 +68,7 @@ inline constexpr TextSetting MRU[] = {
     {u"MRU", u"MRU3", u"", PathSize},
     {u"MRU", u"MRU4", u"", PathSize},
 };
+inline constexpr int RecentPlanners = std::size(MRU);
 
 inline constexpr IntSetting LoadCondition = {u"QMT2LOAD", u"LOAD CONDITION", 0};
 inline constexpr IntSetting LoadPathSize = {u"QMT2LOAD", u"PATHSIZE", 0};

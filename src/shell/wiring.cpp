@@ -7,6 +7,7 @@
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 #include "shell/rooms.h"
 
 #include <QPushButton>
@@ -142,7 +143,7 @@ void WireMenus(Rooms& rooms)
     for (const MenuRow& row : MenuRows)
         menus(QLatin1StringView(row.name))
             .OnClick([&rooms, &row] { row.click(rooms); }, QLatin1StringView(row.literal));
-    for (int entry = 0; entry < 4; ++entry) {
+    for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         menus.mnuMRU(entry).OnClick([&rooms, &item = menus.mnuMRU(entry)] { rooms.planners.mnuMRU_Click(item); },
                                     QLatin1StringView(" in MainForm, mnuMRU_Click"));
     }
