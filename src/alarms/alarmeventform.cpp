@@ -60,7 +60,7 @@ AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget*
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(HalfASecond);
-    connect(&m_quiet, &QTimer::timeout, this, [this] { guard(PlayLiteral, [this] { MsgBox(m_problem); }); });
+    connect(&m_quiet, &QTimer::timeout, this, Guarded(PlayLiteral, [this] { MsgBox(m_problem); }));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
@@ -74,7 +74,7 @@ AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget*
 
 void AlarmEventForm::PlayWhenShown(const QString& tune)
 {
-    QTimer::singleShot(0, this, [this, tune] { guard(PlayLiteral, [&] { subPlayMusic(tune); }); });
+    QTimer::singleShot(0, this, Guarded(PlayLiteral, [this, tune] { subPlayMusic(tune); }));
 }
 
 void AlarmEventForm::subPlayMusic(const QString& sTune)

@@ -58,9 +58,9 @@ SamplePanel* StyleForm::AddSample(const StyleSample& sample)
     ApplyStyle(*panel, ReadStyle(sample.defaults));
     m_panels.push_back(panel);
     const bool isAll = &sample == m_rules.all;
-    connect(panel, &SSPanel::Click, this, [this, &sample, panel, isAll] {
-        guard(m_rules.click, [&] { PressSample(sample, isAll ? m_panels : std::vector<SamplePanel*>{panel}); });
-    });
+    connect(panel, &SSPanel::Click, this, Guarded(m_rules.click, [this, &sample, panel, isAll] {
+                PressSample(sample, isAll ? m_panels : std::vector<SamplePanel*>{panel});
+            }));
     return panel;
 }
 

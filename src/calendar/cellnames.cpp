@@ -10,6 +10,8 @@
 #include "platform/runtime/language.h"
 
 namespace {
+constexpr QLatin1StringView Literal(" in CCalendarView, CellNames");
+
 GridDay Today()
 {
     const QDate today = desktopclock::Now().date();
@@ -40,9 +42,9 @@ CellNames::CellNames(Cells& cells) : QObject(&cells), m_cells(cells), m_active(Q
 {
     QAccessible::installActivationObserver(this);
     connect(&cells, &Cells::Redrawn, this, [this] { NameAll(); });
-    connect(&cells, &Cells::StateChanged, this, [this](int Index) {
-        if (m_active) guard(QLatin1StringView(" in CCalendarView, CellNames"), [&] { Name(Index); });
-    });
+    connect(&cells, &Cells::StateChanged, this, Guarded(Literal, [this](int Index) {
+        if (m_active) Name(Index);
+    }));
 }
 
 CellNames::~CellNames()
@@ -59,7 +61,7 @@ void CellNames::accessibilityActiveChanged(bool active)
 void CellNames::NameAll()
 {
     if (!m_active) return;
-    guard(QLatin1StringView(" in CCalendarView, CellNames"), [&] {
+    guard(Literal, [&] {
         for (int cell = 1; cell <= CellCount; ++cell)
             Name(cell);
     });

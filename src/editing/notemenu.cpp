@@ -57,10 +57,11 @@ QMenu* AddNoteMenu(RichTextBox& box, const char* form)
     menu->addSeparator();
     for (const StyleRow& row : StyleRows)
         AddStyle(*menu, box, row, form);
-    QObject::connect(&box, &RichTextBox::MouseDown, menu, [&box, menu](int button, const QPoint& at) {
+    const auto popUp = [&box, menu](int button, const QPoint& at) {
         if (button != RichTextBox::RightButton) return;
         box.setFocus();
         menu->popup(at);
-    });
+    };
+    QObject::connect(&box, &RichTextBox::MouseDown, menu, Guarded(QLatin1StringView(" in NoteMenu, MouseDown"), popUp));
     return menu;
 }

@@ -68,15 +68,16 @@ QLayout* ZoomBoxForm::MakeFoot()
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addStretch(1);
-    const auto add = [&](const char* name, const char* caption, void (ZoomBoxForm::*click)()) {
+    const auto add = [&](const char* name, const char* caption, const char* literal, void (ZoomBoxForm::*click)()) {
         auto* button = Named(new PressedByReturn<QPushButton>(QString::fromLatin1(caption)), name);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, click);
+        connect(button, &QPushButton::clicked, this,
+                Guarded(QLatin1StringView(literal), [this, click] { (this->*click)(); }));
         buttons->addWidget(button);
     };
-    add("btnFonts", "&Fonts", &ZoomBoxForm::btnFonts_Click);
-    add("btnCancel", "&Cancel", &ZoomBoxForm::btnCancel_Click);
-    add("btnOk", "&Ok", &ZoomBoxForm::btnOk_Click);
+    add("btnFonts", "&Fonts", " in ZoomBoxForm, btnFonts_Click", &ZoomBoxForm::btnFonts_Click);
+    add("btnCancel", "&Cancel", " in ZoomBoxForm, btnCancel_Click", &ZoomBoxForm::btnCancel_Click);
+    add("btnOk", "&Ok", " in ZoomBoxForm, btnOk_Click", &ZoomBoxForm::btnOk_Click);
     auto* foot = new QVBoxLayout;
     foot->setSpacing(8);
     foot->addWidget(lblHint); // a line of its own, as wide as it can be

@@ -5,6 +5,7 @@
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/runtime/errortail.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -57,7 +58,8 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
     column->addWidget(sheets, 1);
     column->addWidget(MakeText(QStringLiteral("What is not ticked is kept as files in %1").arg(RescueFolder())));
     column->addWidget(MakeFoot());
-    connect(m_lstDays, &QListWidget::currentRowChanged, this, &RecoveryForm::ShowNote);
+    connect(m_lstDays, &QListWidget::currentRowChanged, this,
+            Guarded(QLatin1StringView(" in RecoveryForm, lstDays_Click"), [this](int row) { ShowNote(row); }));
     m_lstDays->setCurrentRow(0);
     m_lstDays->setFocus();
     resize(OpeningSize);

@@ -115,12 +115,11 @@ QWidget* RecurForm::MakeBrowser()
     m_picRightSpin->SetFramed(true);
     row->addWidget(m_picRightSpin);
     row->addWidget(m_lblNextRecord);
-    connect(m_picRightSpin, &PictureButton::MouseDown, this, [this] {
-        guard(QLatin1StringView(" in RecurForm, picRightSpin()_MouseDown"), [this] { picRightSpin_MouseDown(); });
-    });
-    connect(m_picRightSpin, &PictureButton::MouseUp, this, [this] {
-        guard(QLatin1StringView(" in RecurForm, picRightSpin_MouseUp"), [this] { picRightSpin_MouseUp(); });
-    });
+    connect(
+        m_picRightSpin, &PictureButton::MouseDown, this,
+        Guarded(QLatin1StringView(" in RecurForm, picRightSpin()_MouseDown"), [this] { picRightSpin_MouseDown(); }));
+    connect(m_picRightSpin, &PictureButton::MouseUp, this,
+            Guarded(QLatin1StringView(" in RecurForm, picRightSpin_MouseUp"), [this] { picRightSpin_MouseUp(); }));
     return frame;
 }
 
@@ -171,22 +170,23 @@ QLayout* RecurForm::MakeFoot()
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(Gap);
-    const auto add = [&](const char* name, const char* caption, void (RecurForm::*click)()) {
+    const auto add = [&](const char* name, const char* caption, const char* literal, void (RecurForm::*click)()) {
         auto* button = Named(new QPushButton(QString::fromLatin1(caption)), name);
-        connect(button, &QPushButton::clicked, this, click);
+        connect(button, &QPushButton::clicked, this,
+                Guarded(QLatin1StringView(literal), [this, click] { (this->*click)(); }));
         row->addWidget(button);
         return button;
     };
-    m_btnFonts = add("btnFonts", "&Fonts", &RecurForm::btnFonts_Click);
+    m_btnFonts = add("btnFonts", "&Fonts", " in RecurForm, btnFonts_Click", &RecurForm::btnFonts_Click);
     m_progress = Named(new QProgressBar, "progress");
     QSizePolicy keepsItsRoom = m_progress->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
     m_progress->setSizePolicy(keepsItsRoom);
     m_progress->hide();
     row->addWidget(m_progress, 1);
-    m_btnDelete = add("btnDelete", "&Delete", &RecurForm::btnDelete_Click);
-    m_btnOk = add("btnOk", "&Ok", &RecurForm::btnOk_Click);
-    m_btnCancel = add("btnCancel", "&Cancel", &RecurForm::btnCancel_Click);
+    m_btnDelete = add("btnDelete", "&Delete", " in RecurForm, btnDelete_Click", &RecurForm::btnDelete_Click);
+    m_btnOk = add("btnOk", "&Ok", " in RecurForm, btnOk_Click", &RecurForm::btnOk_Click);
+    m_btnCancel = add("btnCancel", "&Cancel", " in RecurForm, btnCancel_Click", &RecurForm::btnCancel_Click);
     m_btnDelete->setEnabled(false);
     return row;
 }

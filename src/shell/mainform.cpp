@@ -76,7 +76,8 @@ void Mainform::changeEvent(QEvent* event)
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode);
+    guard(QLatin1StringView(" in MainForm, Form_QueryUnload"),
+          [&] { Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode); });
     event->accept();
 }
 

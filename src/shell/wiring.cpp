@@ -153,9 +153,7 @@ void WireMenus(Rooms& rooms)
 template <typename Sender, typename Signal, typename Action>
 void On(Sender* sender, Signal signal, const char* literal, Action action)
 {
-    QObject::connect(sender, signal, sender, [literal, action](auto... arguments) {
-        guard(QLatin1StringView(literal), [&] { action(arguments...); });
-    });
+    QObject::connect(sender, signal, sender, Guarded(QLatin1StringView(literal), std::move(action)));
 }
 
 // What a picture does when it is pressed and let go, beside its command.
@@ -237,8 +235,8 @@ void WirePictureBar(Rooms& rooms)
        [&bar] { bar.tbPictureBox_OLECompleteDrag(); });
     On(strip, &PictureStrip::OLEDragDrop, " in MainForm, tbPictureBox_OLEDragDrop",
        [&bar](const QStringList& files) { bar.tbPictureBox_OLEDragDrop(files); });
-    QObject::connect(strip, &PictureStrip::OLEStartDrag, strip,
-                     [&bar](QMimeData& data, QPixmap& cursor) { bar.tbPictureBox_OLEStartDrag(data, cursor); });
+    On(strip, &PictureStrip::OLEStartDrag, " in MainForm, tbPictureBox_OLEStartDrag",
+       [&bar](QMimeData& data, QPixmap& cursor) { bar.tbPictureBox_OLEStartDrag(data, cursor); });
     On(sidebar.btnReloadIcons, &QPushButton::clicked, " in MainForm, btnReloadIcons_Click",
        [&bar](bool) { bar.btnReloadIcons_Click(); });
     sidebar.btnReloadIcons->setEnabled(true);

@@ -105,7 +105,7 @@ QLayout* DateDiffForm::MakeColor()
     auto* button = Named(new QPushButton(QStringLiteral("Background Color")), "btnBGColor");
     button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
-            [this] { guard(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }); });
+            Guarded(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }));
     m_lblDateDiff = Named(new QLabel(QStringLiteral("Day 365")), "lblDateDiff");
     m_lblDateDiff->setAccessibleName(QStringLiteral("Sample"));
     m_lblDateDiff->setAutoFillBackground(true);

@@ -79,9 +79,8 @@ void FindWordForm::MakeControls()
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(cancel, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
-    connect(m_tbFindWord, &QLineEdit::textChanged, this, [this] {
-        guard(QLatin1StringView(" in FindWordForm, btnFindWord_Change"), [this] { tbFindWord_Change(); });
-    });
+    connect(m_tbFindWord, &QLineEdit::textChanged, this,
+            Guarded(QLatin1StringView(" in FindWordForm, btnFindWord_Change"), [this] { tbFindWord_Change(); }));
 }
 
 QPushButton* FindWordForm::AddButton(const char* name, const QString& caption, void (FindWordForm::*click)(),
@@ -89,7 +88,7 @@ QPushButton* FindWordForm::AddButton(const char* name, const QString& caption, v
 {
     auto* button = Named(new QPushButton(caption), name);
     connect(button, &QPushButton::clicked, this,
-            [this, click, literal] { guard(QLatin1StringView(literal), [&] { (this->*click)(); }); });
+            Guarded(QLatin1StringView(literal), [this, click] { (this->*click)(); }));
     return button;
 }
 

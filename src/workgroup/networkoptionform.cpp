@@ -101,11 +101,14 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     connect(m_txtServer, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_btnMove->setEnabled(!m_txtServer->isReadOnly() && !text.trimmed().isEmpty());
     });
-    connect(m_btnMove, &QPushButton::clicked, this, [this] {
-        m_server.MoveToServer(m_txtServer->text().trimmed());
-        ShowServer();
-    });
-    connect(m_btnSaveToFile, &QPushButton::clicked, this, [this] { m_server.SaveToFile(); });
+    connect(m_btnMove, &QPushButton::clicked, this,
+            Guarded(QLatin1StringView(" in NetworkOptionsForm, btnMove_Click"), [this] {
+                m_server.MoveToServer(m_txtServer->text().trimmed());
+                ShowServer();
+            }));
+    connect(
+        m_btnSaveToFile, &QPushButton::clicked, this,
+        Guarded(QLatin1StringView(" in NetworkOptionsForm, btnSaveToFile_Click"), [this] { m_server.SaveToFile(); }));
     return frame;
 }
 
