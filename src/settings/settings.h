@@ -1,6 +1,7 @@
-// Every setting of PLANNER.INI: section, key and the value of a key that is not there. Nothing keeps settings in
-// memory: a routine reads one at the moment it needs it, and a dialog writes its own when it is confirmed, so a change
-// is seen by the next read. Where two readers know different defaults the two stand side by side here.
+// Every setting of PLANNER.INI: section, key and the value of a key that is not there. A routine reads a
+// setting at the moment it needs it, and a dialog writes its own when it is confirmed, so a change is seen by the next
+// read. Only the bars and the timers of a workgroup keep theirs while they are used. Where two readers know different
+// defaults the two stand side by side here.
 #pragma once
 
 #include <QString>
