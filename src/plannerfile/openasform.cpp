@@ -4,7 +4,6 @@
 #include "platform/controls/named.h"
 #include "platform/desktop/centeronscreen.h"
 
-#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>

@@ -1,6 +1,5 @@
 #include "printing/printing.h"
 
-#include "calendar/calendarstate.h"
 #include "calendar/lockedday.h"
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"

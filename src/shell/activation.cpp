@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QThread>
 #include <QUrl>
+#include <QWidget>
 
 #include <utility>
 
