@@ -116,7 +116,16 @@ void AlarmForm::btnDelete_Click()
     });
     if (!isFound) return;
     BackUpBeforeSave();
-    if (!tail([&] { m_alarms.Delete(); })) return;
+    QString problem;
+    tail([&] {
+        try {
+            m_alarms.Delete();
+        } catch (const RunTimeError& error) {
+            problem = error.Description;
+            throw;
+        }
+    });
+    if (!problem.isEmpty()) return Tell(problem, msgbox::Exclamation);
     tail([&] { m_alarms.MoveFirst(); });
     ShowEmptyBoxes();
     m_controls.chkSilence->setChecked(false);

@@ -130,6 +130,7 @@ void DayView::Show()
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     box.CommitPreedit();
     m_text = box.TextRTF();
+    m_base = m_day.wasLocked ? m_record.LockedText() : m_text;
     m_isEmpty = box.IsEmpty();
     m_taken = false;
     tail([&] { box.SaveFile(ScratchFile()); });
@@ -149,9 +150,8 @@ void DayView::Show()
 void DayView::StartUnlockTimer()
 {
     if (Read(settings::AutoUnLock) == 0) return;
-    constexpr int SecondsPerMinute = 60;
     bGeneralUnlockEnable = true;
-    g_lUnlockDelay = SecondsPerMinute * Read(settings::UnlockDelay);
+    g_lUnlockDelay = DelaySeconds(Read(settings::UnlockDelay));
     m_network.tmUnLock->SetEnabled(true);
 }
 
@@ -181,8 +181,21 @@ bool DayView::ShowsDay() const
     return m_cells.Shows(m_day.cell) && CellKey(m_cells.panelDay(m_day.cell).Caption()) == m_day.key;
 }
 
+// The window opened on what the screen showed, and others may have written the day since: theirs stays beside it.
+void DayView::JoinWithTheirs()
+{
+    const QByteArray& stored = m_record.LockedText();
+    if (m_text == m_base) {
+        m_text = stored;
+        return;
+    }
+    const QByteArray joined = UnsavedNote{m_isEmpty ? QByteArray() : m_text, m_base, {}}.Over(stored);
+    if (!joined.isEmpty()) m_text = joined;
+}
+
 void DayView::TakeOver()
 {
+    if (g_bDBShared) JoinWithTheirs();
     if (!ShowsDay()) {
         // The calendar has turned to today meanwhile.
         if (!g_bDBShared) m_notes.PutNote(m_day.key, m_isEmpty ? QByteArray() : m_text);
@@ -248,7 +261,7 @@ void DayView::AddTyped(UnsavedNotes& typed) const
     if (!m_form || !m_form->tbZoom().Modified()) return;
     const RichTextBox& box = m_form->tbZoom();
     typed.Keep(g_sNotesFile, m_day.key, box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),
-               g_bDBShared ? m_record.LockedText() : m_notes.HeldText(m_day.key));
+               g_bDBShared ? m_base : m_notes.HeldText(m_day.key));
 }
 
 void DayView::TakeText()

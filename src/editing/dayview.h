@@ -58,6 +58,7 @@ private:
     void Show();
     void StartUnlockTimer();
     void FollowResult(const ZoomBoxForm& form, bool accepted);
+    void JoinWithTheirs();
     void TakeOver();
     void TakeTextOf(const ZoomBoxForm& form);
     void Unlock(bool cancelled);
@@ -80,6 +81,7 @@ private:
     ZoomBoxForm* m_form = nullptr; // while the window is open
     Day m_day;
     QByteArray m_text; // of the day, as it is to go into the cell
+    QByteArray m_base; // of a workgroup's day: what the file held as far as this screen knew when the window opened
     bool m_isEmpty = false;
     bool m_isExiting = false;
     bool m_taken = false; // closed from outside, which has taken the text and given up the lock

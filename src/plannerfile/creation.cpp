@@ -2,6 +2,7 @@
 
 #include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
@@ -71,6 +72,8 @@ bool Creation::MayReplaceExisting()
 void Creation::subNewPlanner()
 {
     if (!AskForPlanner(m_dialog, QStringLiteral("New Planner File"), QStringLiteral("&Create"))) return;
+    // What is typed under a lock is stored while there is a planner to store it in.
+    if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return;
     if (HasPlanner()) {
         m_notes.SetAside();
         m_notes.DropCells();
@@ -83,7 +86,12 @@ void Creation::subNewPlanner()
     }
     AppendExtension();
     if (!BuildFile() || !AskHowToOpen()) return;
-    OpenNewFile();
+    try {
+        OpenNewFile();
+    } catch (const RunTimeError& error) {
+        m_opening.ShowOpenFailed(error);
+        throw;
+    }
     m_opening.ShowPlannerOpen();
     if (g_sDBTitle.isEmpty()) return;
     MsgBox(QStringLiteral("New Planner created successfully!\n\n"
@@ -131,10 +139,8 @@ void Creation::OpenNewFile()
 {
     // Not exclusively, whatever the answer was.
     const QString file = filesystem::Find(g_sDBPath);
-    g_dbPlanner = DBEngine::OpenDatabase(file);
-    g_rsQMT = schema::OpenNotes(g_dbPlanner);
-    g_rsFind = {};
-    g_sNotesFile = file;
+    Database database = DBEngine::OpenDatabase(file);
+    AdoptPlanner(database, schema::OpenNotes(database), file);
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     m_notes.DropCells(); // a timer may have filled them again behind a question

@@ -3,6 +3,7 @@
 
 struct BottomPanel;
 class CommonDialog;
+class LockedDay;
 class NetworkMode;
 class Opening;
 class QMTDB;
@@ -17,6 +18,8 @@ public:
           m_opening(opening)
     {
     }
+
+    void SetLockedDay(LockedDay& lockedDay) { m_lockedDay = &lockedDay; }
 
     // Does not write the cells of the planner before, which are kept for the exit, nor enter the recent list: a planner
     // is recent once it was opened.
@@ -34,4 +37,5 @@ private:
     QMTDB& m_notes;
     NetworkMode& m_networkMode;
     Opening& m_opening;
+    LockedDay* m_lockedDay = nullptr;
 };

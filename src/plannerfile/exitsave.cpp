@@ -51,7 +51,8 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
 void ExitSave::SaveUnsaved(bool mayAsk)
 {
     const ErrorTail tail(ExitTail);
-    while (!m_notes.Unsaved().IsEmpty()) {
+    m_isEnded = m_isEnded || !mayAsk;
+    while (!m_notes.Unsaved().IsEmpty() && m_isEnded != mayAsk) {
         if (mayAsk && AskToRetry()) {
             tail([&] { m_notes.WriteUnsaved(); });
         } else if (KeepAsFiles(mayAsk)) {

@@ -30,4 +30,5 @@ private:
     QMTDB& m_notes;
     DayRecord& m_record;
     Journal& m_journal;
+    bool m_isEnded = false; // the process is, perhaps behind a question that can no longer be answered
 };

@@ -46,18 +46,26 @@ void Journal::Follow()
     if (m_timer.isActive() || !m_written.isEmpty()) Write();
 }
 
-void Journal::Write()
+bool Journal::Write()
 {
     m_timer.stop();
     const UnsavedNotes notes = m_source ? m_source() : UnsavedNotes();
-    if (notes.IsEmpty()) return Remove();
+    if (notes.IsEmpty()) {
+        Remove();
+        return true;
+    }
     const QByteArray content = journalfile::Encode(notes);
-    if (content == m_written) return;
+    if (content == m_written) return true;
     Claim();
     QString reason;
-    if (!WriteDurably(m_path, content, &reason)) return Fail(reason);
-    m_written = content;
-    m_failed = false;
+    const bool isWritten = WriteDurably(m_path, content, &reason);
+    if (isWritten) {
+        m_written = content;
+    } else {
+        Fail(reason);
+    }
+    m_failed = !isWritten;
+    return isWritten;
 }
 
 // The first number that no running program has and no ended one has left.
@@ -75,7 +83,6 @@ void Journal::Claim()
 void Journal::Fail(const QString& reason)
 {
     if (!m_failed) LogError({errors::PathFileAccess, reason}, JournalTail);
-    m_failed = true;
     m_timer.start(AfterFailure);
 }
 

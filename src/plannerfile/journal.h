@@ -23,7 +23,7 @@ public:
 
     void Touch();  // something was typed
     void Follow(); // something was saved or given up: what is kept may be less by now
-    void Write();
+    bool Write();  // false: what is to be kept is not on the disk
     void Remove(); // nothing is to be kept
     void Leave();  // for the next opening of its planners: the file stays as it is
 

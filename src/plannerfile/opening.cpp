@@ -30,13 +30,11 @@ constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
 // The network options count as they stand when a planner is opened.
 void ReadNetworkOptions()
 {
-    constexpr int SecondsPerMinute = 60;
-    constexpr int LongestDelay = 30000; // minutes; a larger number in the file would not fit the counters
     bGeneralUnlockEnable = Read(settings::AutoUnLock) != 0;
-    g_lUnlockDelay = qBound(0, Read(settings::UnlockDelay), LongestDelay) * SecondsPerMinute;
+    g_lUnlockDelay = DelaySeconds(Read(settings::UnlockDelay));
     g_lUnlockTicks = 0;
     g_bAutoRefresh = Read(settings::AutoRefresh) != 0;
-    g_lRefreshDelay = qBound(0, Read(settings::RefreshDelay), LongestDelay) * SecondsPerMinute;
+    g_lRefreshDelay = DelaySeconds(Read(settings::RefreshDelay));
     g_lRefreshTicks = 0;
 }
 } // namespace
@@ -107,19 +105,13 @@ bool Opening::OpenNotes(bool exclusive)
             return false;
         }
         Database database = DBEngine::OpenDatabase(path, exclusive);
-        const Recordset notes = schema::OpenNotes(database);
-        g_dbPlanner = database;
-        g_rsQMT = notes;
-        g_sNotesFile = file;
+        AdoptPlanner(database, schema::OpenNotes(database), file);
     } catch (const RunTimeError& error) {
         ShowOpenFailed(error);
+        LogError(error, OpenTail);
         return false;
     }
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
-    // What the previous planner left must not answer for this one.
-    g_rsAlarm = {};
-    g_rsRecurse = {};
-    g_rsFind = {};
     m_notes.DropCells(); // a timer may have filled them again behind a question
     return true;
 }
@@ -135,7 +127,6 @@ void Opening::ShowOpenFailed(const RunTimeError& error)
     SetMousePointer(mousepointer::Default);
     MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
     GiveUp(error.Description);
-    LogError(error, OpenTail);
 }
 
 void Opening::GiveUp(const QString& reason)

@@ -31,13 +31,13 @@ public:
 
     void AskHowAndOpen(); // OpenAsForm for g_sDBPath, then the open that was asked for
 
-    void ShowPlannerOpen(); // title bar, month's title, pointer; no cell is current
+    void ShowPlannerOpen();                         // title bar, month's title, pointer; no cell is current
+    void ShowOpenFailed(const RunTimeError& error); // says so; no planner is open then
 
 private:
     bool OpenNotes(bool exclusive);
     void TakeChange(const QString& table, const QVariant& key);
     void GiveUp(const QString& reason);
-    void ShowOpenFailed(const RunTimeError& error);
     bool OpenAlarms();
     bool OpenRecursions();
     void subAddAlarmTable();

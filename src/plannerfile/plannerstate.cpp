@@ -11,6 +11,14 @@ Recordset g_rsRecurse;
 Recordset g_rsFind;
 bool g_bExitSaved = false;
 
+void AdoptPlanner(const Database& database, const Recordset& notes, const QString& file)
+{
+    g_dbPlanner = database;
+    g_rsQMT = notes;
+    g_sNotesFile = file;
+    g_rsAlarm = g_rsRecurse = g_rsFind = {};
+}
+
 void ResetPlannerStateForTests()
 {
     g_sDBPath.clear();

@@ -68,14 +68,28 @@ bool Recovery::Ask(const std::vector<Found>& found)
             others[g_sNotesFile].insert(found[i].key, found[i].note);
         }
     }
-    WriteRescueFiles(UnsavedNotes(others));
-    Take(wanted);
-    return true;
+    const bool isKept = Take(wanted);
+    return KeepAsFiles(UnsavedNotes(others)) && isKept;
+}
+
+bool Recovery::KeepAsFiles(const UnsavedNotes& others)
+{
+    try {
+        WriteRescueFiles(others);
+        return true;
+    } catch (const RunTimeError& error) {
+        LogError(error, RecoveryTail);
+        MsgBox(QStringLiteral("The days that you did not tick could not be kept as files: %1\n\nThey will be offered "
+                              "again when the planner is next opened.")
+                   .arg(error.Description),
+               msgbox::Exclamation, messages::HelpWizard);
+        return false;
+    }
 }
 
 // What the planner does not take now waits like any other note that could not be saved, and is journalled again before
 // the journal that it came from goes.
-void Recovery::Take(const std::vector<Found>& wanted)
+bool Recovery::Take(const std::vector<Found>& wanted)
 {
     QStringList waiting;
     for (const Found& day : wanted) {
@@ -84,10 +98,11 @@ void Recovery::Take(const std::vector<Found>& wanted)
         if (m_notes.Unsaved().Find(g_sNotesFile, day.key)) waiting << fnFormatDateKey(day.key);
         m_notes.ReadDay(day.key);
     }
-    m_journal.Write();
-    if (waiting.isEmpty()) return;
+    const bool isKept = m_journal.Write();
+    if (waiting.isEmpty()) return true;
     MsgBox(QStringLiteral("These days cannot be saved now, since the planner or the day is in use or the disk takes no "
                           "more:\n\n%1\n\nTheir text is shown and goes with the next save.")
                .arg(waiting.join(QStringLiteral("; "))),
            msgbox::Exclamation, messages::HelpWizard);
+    return isKept;
 }

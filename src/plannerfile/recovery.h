@@ -22,8 +22,9 @@ private:
     };
 
     static std::vector<Found> NewsIn(const LeftJournal& left);
-    bool Ask(const std::vector<Found>& found); // false: later
-    void Take(const std::vector<Found>& wanted);
+    bool Ask(const std::vector<Found>& found);   // false: the journal is still needed
+    bool Take(const std::vector<Found>& wanted); // false: some of it is in memory alone
+    static bool KeepAsFiles(const UnsavedNotes& others);
 
     QMTDB& m_notes;
     Journal& m_journal;

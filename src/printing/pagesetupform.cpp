@@ -47,8 +47,7 @@ FontChoice ReadHeaderFont()
             .size = Val(Read(settings::PageHeaderSize).replace(u',', u'.')),
             .bold = Read(settings::PageHeaderBold) != 0,
             .italic = Read(settings::PageHeaderItalic) != 0,
-            .color = static_cast<std::uint32_t>(static_cast<std::int64_t>(Val(Read(settings::PageHeaderColor)))) &
-                     0xFFFFFFu};
+            .color = ColorOf(Read(settings::PageHeaderColor))};
 }
 } // namespace
 
@@ -160,7 +159,7 @@ void PageSetupForm::WriteHeader() const
     Write(settings::PageHeaderBold, m_headerFont.bold ? -1 : 0);
     Write(settings::PageHeaderItalic, m_headerFont.italic ? -1 : 0);
     Write(settings::PageHeaderSize, QString::number(m_headerFont.size));
-    Write(settings::PageHeaderColor, QStringLiteral("&H%1&").arg(QString::number(m_headerFont.color, 16).toUpper()));
+    Write(settings::PageHeaderColor, ColorText(m_headerFont.color));
 }
 
 void PageSetupForm::accept()

@@ -1,5 +1,6 @@
 #include "settings/settings.h"
 
+#include "platform/look/colorvalue.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"
 
@@ -58,15 +59,11 @@ void WriteText(const IntSetting& setting, const QString& text)
     WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), text, Fixed(settings::PlannerIni));
 }
 
-std::uint32_t ColorOf(const QString& text)
+std::int32_t DelaySeconds(double minutes)
 {
-    const double color = std::clamp(Val(text), -2147483648.0, 4294967295.0);
-    return static_cast<std::uint32_t>(static_cast<std::int64_t>(color)) & 0xFFFFFFu;
-}
-
-QString ColorText(std::uint32_t color)
-{
-    return QStringLiteral("&H%1&").arg(QString::number(color, 16).toUpper());
+    constexpr double LongestDelay = 30000;
+    constexpr int SecondsPerMinute = 60;
+    return static_cast<std::int32_t>(std::clamp(minutes, 0.0, LongestDelay)) * SecondsPerMinute;
 }
 
 PanelStyle ReadStyle(const StyleDefaults& defaults)

@@ -31,6 +31,9 @@ void Write(const IntSetting& setting, int value);
 void Write(const TextSetting& setting, const QString& value);
 void WriteText(const IntSetting& setting, const QString& text); // as it is to stand in the file
 
+// Of a delay in minutes; a longer one than the counters take is cut.
+std::int32_t DelaySeconds(double minutes);
+
 // The look of one kind of cell or heading, one section each. Colours are "&H" + hexadecimal + "&", red in the low byte.
 struct StyleDefaults
 {
@@ -49,10 +52,6 @@ struct PanelStyle
     bool italic;
     std::uint32_t color; // blue, green, red from high to low
 };
-
-// A colour as the file has it and back, as PanelStyle has it.
-std::uint32_t ColorOf(const QString& text);
-QString ColorText(std::uint32_t color);
 
 PanelStyle ReadStyle(const StyleDefaults& defaults);
 // yes is the text of a flag that is set, which differs from writer to writer; every reader takes it for true.

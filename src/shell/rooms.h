@@ -58,6 +58,7 @@ struct Rooms
     {
         m_pCalendarView.SetRedraw(redraw);
         turn.SetLockedDay(dayLock);
+        creation.SetLockedDay(dayLock);
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
             dayLock.AddTyped(typed);

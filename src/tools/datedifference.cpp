@@ -6,6 +6,7 @@
 #include "hall/menus.h"
 #include "plannerfile/refusals.h"
 #include "platform/controls/toolbar.h"
+#include "platform/look/colorvalue.h"
 #include "platform/runtime/language.h"
 #include "tools/datediffform.h"
 

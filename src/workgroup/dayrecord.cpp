@@ -13,6 +13,7 @@ namespace {
 const QString Equal = QStringLiteral("=");
 const QString DateField = QStringLiteral("qmtDate");
 const QString TextField = QStringLiteral("qmtText");
+const QByteArray EmptiedNote = QByteArrayLiteral(" "); // a zero-length text is never stored
 const QString PaddingField = QStringLiteral("qmtPadding");
 
 // Kept from the versions whose engine locked pages of the file and not records: no two days shared one.
@@ -49,7 +50,7 @@ void DayRecord::Make(const QString& key)
 {
     m_record.AddNew();
     m_record.SetField(DateField, key);
-    m_record.SetField(TextField, QByteArray(" "));
+    m_record.SetField(TextField, EmptiedNote);
     m_record.SetField(PaddingField, QString(PaddingDots, u'.'));
     m_record.Update();
 }
@@ -91,8 +92,8 @@ void DayRecord::Commit(const QByteArray& rtf)
     try {
         if (m_broken) TakeAgain();
         BackUpBeforeSave();
-        m_tried = rtf;
-        m_record.SetField(TextField, rtf);
+        m_tried = rtf.isEmpty() ? EmptiedNote : rtf;
+        m_record.SetField(TextField, m_tried);
         m_record.Update();
     } catch (const RunTimeError& error) {
         m_broken = m_broken || error.Number == engineerrors::BrokenConnection;

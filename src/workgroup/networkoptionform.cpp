@@ -25,13 +25,11 @@ namespace {
 // and the file gets the usual one.
 void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& seconds)
 {
-    constexpr int SecondsPerMinute = 60;
-    constexpr double LongestDelay = 30000; // minutes
     bool isNumber = false;
     const double minutes = typed.trimmed().toDouble(&isNumber);
     if (!isNumber || !qIsFinite(minutes)) return WriteText(setting, QStringLiteral("5"));
     WriteText(setting, typed.trimmed());
-    seconds = static_cast<std::int32_t>(qBound(0.0, minutes, LongestDelay)) * SecondsPerMinute;
+    seconds = DelaySeconds(minutes);
 }
 
 QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString& caption)

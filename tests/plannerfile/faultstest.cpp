@@ -1,4 +1,5 @@
 #include "failingstore.h"
+#include "plannerfile/rescuefiles.h"
 #include "program.h"
 
 #include <QProcess>
@@ -127,6 +128,23 @@ private Q_SLOTS:
         QFile kept(folders::ApplicationDirectory() + QStringLiteral("/unsaved/notes 1999-3-19.rtf"));
         QVERIFY(kept.open(QIODevice::ReadOnly));
         QVERIFY(kept.readAll().contains("shelved"));
+    }
+
+    // By the session or a signal, while a question waits that nobody can answer any more.
+    void AnEndBehindTheQuestionIsTheEnd()
+    {
+        StartWithFailingStore();
+        m_program->Type(20, QStringLiteral("shelved"));
+        Fail(FailurePlan::ForEver, 1, 3026);
+        QFile inTheWay(RescueFolder());
+        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        connect(m_program->form.get(), &Mainform::Ended, qApp, &QCoreApplication::quit);
+        OnNextModal<QMessageBox>([&](QMessageBox&) { m_program->form->subExitProgram(Mainform::ProcessIsEnded); });
+        QTimer::singleShot(0, m_program->form.get(), [&] { m_program->Trigger("mnuExit"); });
+        QCoreApplication::exec();
+        QFile journal(folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes"));
+        QVERIFY(journal.open(QIODevice::ReadOnly));
+        QVERIFY(journal.readAll().contains("shelved"));
     }
 
     void ALeftPlannerGetsItsNotesAtExit()

@@ -8,6 +8,10 @@
 
 #include <QListWidget>
 
+#include <sys/resource.h>
+
+#include <csignal>
+
 // What becomes of typing that no planner holds yet when the power is cut: the files as they are at some moment are put
 // back after the program has ended, and it starts again.
 class JournalTest : public QObject
@@ -157,6 +161,36 @@ private Q_SLOTS:
         QVERIFY(Journalled().isEmpty());
         QCOMPARE(PlainText(Content(RescueFolder() + QStringLiteral("/team 1999-3-17.rtf"))),
                  QStringLiteral("old and new"));
+    }
+
+    void WithoutRoomTheJournalStays_data()
+    {
+        QTest::addColumn<bool>("isWanted");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("for the planner") << true << QStringLiteral("These days cannot be saved now");
+        QTest::newRow("for the file") << false << QStringLiteral("The days that you did not tick could not be kept");
+    }
+
+    void WithoutRoomTheJournalStays()
+    {
+        QFETCH(bool, isWanted);
+        QFETCH(QString, said);
+        StartTyping(false);
+        StartAfterTheCut();
+        SeenBox seen;
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit = {};
+        ::getrlimit(RLIMIT_FSIZE, &limit);
+        OpenAndAnswer(false, [&](RecoveryForm& form) {
+            if (!isWanted) QTest::keyClick(form.findChild<QListWidget*>(QStringLiteral("lstDays")), Qt::Key_Space);
+            const rlimit full = {0, limit.rlim_max};
+            ::setrlimit(RLIMIT_FSIZE, &full);
+            AnswerNextBox(msgbox::Ok, &seen);
+            Press(form, "btnOk");
+        });
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        QVERIFY2(seen.Text.startsWith(said), qPrintable(seen.Text));
+        QVERIFY(Journalled().contains("old and new"));
     }
 
     void ASaveAndAnExitLeaveNothing()

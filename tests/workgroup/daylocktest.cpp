@@ -158,11 +158,16 @@ private Q_SLOTS:
         QTest::newRow("this month") << QStringLiteral("mnuThisMonth");
         QTest::newRow("week view") << QStringLiteral("mnuWeekView");
         QTest::newRow("midnight") << QString();
+        QTest::newRow("a new planner that is not made") << QStringLiteral("mnuNew");
     }
     void otherWaysOutCommit()
     {
         QFETCH(QString, entry);
         LockAndType(QStringLiteral("on the way"));
+        if (entry == u"mnuNew") {
+            AnswerNextFileDialog(m_program->folders.Path(m_file)); // which is there
+            AnswerNextBox(msgbox::No);
+        }
         if (entry.isEmpty()) {
             desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
             m_program->Tick("tmMidnightRefresh");
@@ -227,6 +232,29 @@ private Q_SLOTS:
         QCOMPARE(Stored(), QStringLiteral("zoomed by hand"));
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
+    }
+
+    // It opens on what this screen knows of the day.
+    void theDayViewKeepsWhatOthersWrote_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("typed") << QStringLiteral("mine") << QStringLiteral("theirs\nmine");
+        QTest::newRow("looked at") << QString() << QStringLiteral("theirs");
+    }
+    void theDayViewKeepsWhatOthersWrote()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, stored);
+        m_program->Click(18);
+        OtherWrites("theirs");
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            QTest::keyClicks(&form.tbZoom(), typed);
+            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnOk")), Qt::LeftButton);
+        });
+        m_program->Trigger("mnuDayView");
+        QCOMPARE(Stored(), stored);
+        QCOMPARE(Box().Text(), stored);
     }
 
     void exitLosesWhatIsUnderTheLock()

@@ -2,8 +2,11 @@
 // QtGui.
 #pragma once
 
+#include "platform/runtime/language.h"
+
 #include <QColor>
 
+#include <algorithm>
 #include <cstdint>
 
 inline QColor ColorOfValue(std::uint32_t value)
@@ -14,4 +17,16 @@ inline QColor ColorOfValue(std::uint32_t value)
 inline std::uint32_t ValueOfColor(const QColor& color)
 {
     return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
+}
+
+// As settings files have it, "&HBBGGRR&"; what is larger than a colour is cut.
+inline std::uint32_t ColorOf(const QString& text)
+{
+    const double color = std::clamp(Val(text), -2147483648.0, 4294967295.0);
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(color)) & 0xFFFFFFu;
+}
+
+inline QString ColorText(std::uint32_t color)
+{
+    return QStringLiteral("&H%1&").arg(QString::number(color, 16).toUpper());
 }

@@ -45,8 +45,7 @@ QFont HeaderFont()
 
 QColor HeaderInk()
 {
-    const auto color = static_cast<std::uint32_t>(static_cast<std::int64_t>(Val(Text("HEADERCOLOR"))));
-    return ColorOfValue(color);
+    return ColorOfValue(ColorOf(Text("HEADERCOLOR")));
 }
 
 QSizeF SizeInside(const QSizeF& paper, const QMarginsF& margins)
