@@ -10,7 +10,7 @@
 #include <QUrl>
 
 namespace {
-const QString Section = QStringLiteral("Known Servers");
+const QString Section = settings::KnownServers.toString();
 
 QString KeyOf(const QString& address)
 {

@@ -2,8 +2,10 @@
 
 #include "calendar/moddate.h"
 #include "plannerfile/rescuefiles.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/runtime/errortail.h"
 
 #include <QAccessible>
 #include <QDialogButtonBox>
@@ -56,7 +58,8 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
     column->addWidget(sheets, 1);
     column->addWidget(MakeText(QStringLiteral("What is not ticked is kept as files in %1").arg(RescueFolder())));
     column->addWidget(MakeFoot());
-    connect(m_lstDays, &QListWidget::currentRowChanged, this, &RecoveryForm::ShowNote);
+    connect(m_lstDays, &QListWidget::currentRowChanged, this,
+            Guarded(QLatin1StringView(" in RecoveryForm, lstDays_Click"), [this](int row) { ShowNote(row); }));
     m_lstDays->setCurrentRow(0);
     m_lstDays->setFocus();
     resize(OpeningSize);
@@ -65,8 +68,7 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
 
 QWidget* RecoveryForm::MakeList()
 {
-    m_lstDays = new QListWidget;
-    m_lstDays->setObjectName(QStringLiteral("lstDays"));
+    m_lstDays = Named(new QListWidget, "lstDays");
     m_lstDays->setAccessibleName(QStringLiteral("Days"));
     for (const FoundNote& note : m_notes) {
         auto* day = new QListWidgetItem(fnFormatDateKey(note.key), m_lstDays);
@@ -91,8 +93,7 @@ void RecoveryForm::TellTick(const QListWidgetItem* item)
 
 QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichTextBox*& box)
 {
-    box = new RichTextBox;
-    box->setObjectName(QString::fromLatin1(name));
+    box = Named(new RichTextBox, name);
     box->setAccessibleName(caption);
     box->SetLocked(true);
     return MakeColumn(caption, MakeNotePanel(box));

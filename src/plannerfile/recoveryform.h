@@ -7,7 +7,6 @@
 #include <vector>
 
 class QListWidget;
-class QListWidgetItem;
 class RichTextBox;
 
 struct FoundNote

@@ -49,6 +49,9 @@
 #include "workgroup/refresh.h"
 #include "workgroup/servermove.h"
 
+#include <QLabel>
+#include <QMainWindow>
+
 // In the order of their making; each stands on those above it.
 struct Rooms
 {

@@ -1,6 +1,5 @@
 #include "platform/richtext/rtfpicture.h"
 
-#include "platform/richtext/picturegroup.h"
 #include "platform/richtext/pictureimage.h"
 #include "platform/richtext/shownpictures.h"
 

@@ -49,6 +49,23 @@ private Q_SLOTS:
         QVERIFY_EXCEPTION_THROWN(OpenErrorLog(m_folder.filePath(QStringLiteral("gone/planner.err"))), RunTimeError);
     }
 
+    void WhatASignalRunsEndsThereToo()
+    {
+        QObject sender;
+        QString heard;
+        connect(&sender, &QObject::objectNameChanged, &sender,
+                Guarded(QLatin1StringView(" in MainForm, x"), [&](const QString& name) { heard = name; }));
+        connect(&sender, &QObject::objectNameChanged, &sender,
+                Guarded(QLatin1StringView(" in MainForm, y"), [] { Fail(91); }));
+        sender.setObjectName(QStringLiteral("a name"));
+        QCOMPARE(heard, QStringLiteral("a name"));
+        QCOMPARE(Log(), QByteArray(" 1:it broke in MainForm, y\n"));
+
+        int counted = 3;
+        Guarded(QLatin1StringView(" in MainForm, z"), [](int& number) { ++number; })(counted); // not a copy
+        QCOMPARE(counted, 4);
+    }
+
     void WithoutTheTrapErrorsTravel()
     {
         g_bErrorTrap = false;

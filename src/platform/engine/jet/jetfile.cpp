@@ -3,11 +3,11 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jeterrors.h"
 #include "platform/engine/jet/jetrows.h"
-#include "platform/engine/moving.h"
 #include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
+#include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/engine/tablepages.h"
 #include "platform/runtime/runtimeerror.h"
@@ -85,7 +85,7 @@ void Compact(const QString& from, const QString& to, const std::vector<TableDef>
     const auto claim = ClaimFromAll(planner);
     if (!QFileInfo(planner).isWritable())
         throw RunTimeError{ReadOnlyFile, QStringLiteral("You have no permission to write '%1'.").arg(name)};
-    moving::NewFile(to, [&](Store& file) {
+    sqlitefile::CreateFilled(to, [&](Store& file) {
         Write(file, JetRows(planner, expected), name);
         Compare(file, JetRows(planner, expected));
         if (!IsSameState(before, StatusOf(planner)))

@@ -72,6 +72,29 @@ std::shared_ptr<Store> Create(const QString& path)
     return store;
 }
 
+void CreateFilled(const QString& path, const std::function<void(Store&)>& write)
+{
+    const QString fresh = path + QLatin1StringView(".new");
+    ScratchFile::Remove(fresh);
+    auto remove = qScopeGuard([&] {
+        ScratchFile::Remove(fresh);
+        Unlink(LockFileOf(fresh));
+    });
+    if (Exists(path))
+        throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
+    {
+        const std::shared_ptr<Store> file = Create(fresh);
+        file->BeginWrite();
+        auto rollback = qScopeGuard([&] { file->Rollback(); });
+        write(*file);
+        rollback.dismiss();
+        file->Commit();
+    }
+    Sync(fresh);
+    RenameToFree(fresh, path);
+    SyncFolderOf(path);
+}
+
 std::shared_ptr<void> Claim(const QString& path)
 {
     StatusOf(path);
