@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
+
 class ErrorTailTest : public QObject
 {
     Q_OBJECT
@@ -51,14 +53,15 @@ private Q_SLOTS:
 
     void WhatASignalRunsEndsThereToo()
     {
-        QObject sender;
-        QString heard;
-        connect(&sender, &QObject::objectNameChanged, &sender,
-                Guarded(QLatin1StringView(" in MainForm, x"), [&](const QString& name) { heard = name; }));
-        connect(&sender, &QObject::objectNameChanged, &sender,
+        auto sender = std::make_unique<QObject>();
+        const QObject* heard = nullptr;
+        connect(sender.get(), &QObject::destroyed, this,
+                Guarded(QLatin1StringView(" in MainForm, x"), [&](const QObject* gone) { heard = gone; }));
+        connect(sender.get(), &QObject::destroyed, this,
                 Guarded(QLatin1StringView(" in MainForm, y"), [] { Fail(91); }));
-        sender.setObjectName(QStringLiteral("a name"));
-        QCOMPARE(heard, QStringLiteral("a name"));
+        const QObject* const expected = sender.get();
+        sender.reset();
+        QCOMPARE(heard, expected);
         QCOMPARE(Log(), QByteArray(" 1:it broke in MainForm, y\n"));
 
         int counted = 3;
