@@ -11,6 +11,7 @@
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop/folders.h"
@@ -64,10 +65,7 @@ int DayView::CellToOpen() const
 
 void DayView::subZoomView()
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
     if (IsOpen()) return;
     const ErrorTail tail(ZoomLiteral);
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
