@@ -46,18 +46,27 @@ QString Brought(const QString& name, const QString& installed)
     return beside.isEmpty() ? filesystem::Find(program.filePath(installed + name)) : beside;
 }
 
+// False too where there is nothing.
+bool CopyAll(const QDir& from, const QDir& to)
+{
+    const QStringList files = from.isRelative() ? QStringList() : from.entryList(QDir::Files);
+    bool isComplete = !files.isEmpty();
+    for (const QString& file : files) {
+        QFile::remove(to.filePath(file)); // a half one, of a copying that was cut short
+        isComplete = QFile::copy(from.filePath(file), to.filePath(file)) && isComplete;
+    }
+    return isComplete;
+}
+
 // A folder of the application directory that begins with what the program brings for it. It comes under its name when
-// it is complete: one that was cut short would never be filled.
+// it is complete: one that was cut short would never be filled. Until then the unfinished one serves.
 QString Stocked(const QString& name)
 {
     const QString path = folders::ApplicationDirectory() + u'/' + name;
     if (QFileInfo::exists(path)) return path;
-    QDir unfinished(Make(path + QStringLiteral(".new")));
-    const QDir shipped(folders::Shipped(name));
-    for (const QString& file : shipped.isRelative() ? QStringList() : shipped.entryList(QDir::Files))
-        QFile::copy(shipped.filePath(file), unfinished.filePath(file));
-    QDir().rename(unfinished.path(), path);
-    return path;
+    const QString unfinished = Make(path + QStringLiteral(".new"));
+    const bool isComplete = CopyAll(QDir(folders::Shipped(name)), QDir(unfinished));
+    return isComplete && QDir().rename(unfinished, path) ? path : unfinished;
 }
 } // namespace
 

@@ -1,5 +1,5 @@
-// Where things lie. Each folder is made when it is first asked for; those that
-// the program brings contents for are made with them. Tests set all of them under one temporary folder.
+// Where things lie. Each folder is made when it is first asked for; those that the program brings contents for are made
+// with them, and are called NAME.new until all of that is there. Tests set all of them under one temporary folder.
 #pragma once
 
 #include <QString>

@@ -109,7 +109,11 @@ bool RootPixmap::Show(const QImage& image)
                                                 m_screen->width_in_pixels, m_screen->height_in_pixels);
     if (!Check(made) || !Fill(pixmap, pixels)) return false;
     xcb_set_close_down_mode(m_connection.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
-    return Replace(XCB_CW_BACK_PIXMAP, pixmap, pixmap);
+    if (Replace(XCB_CW_BACK_PIXMAP, pixmap, pixmap)) return true;
+    // Nobody would ever free a pixmap that nothing names.
+    xcb_set_close_down_mode(m_connection.get(), XCB_CLOSE_DOWN_DESTROY_ALL);
+    xcb_flush(m_connection.get());
+    return false;
 }
 
 bool RootPixmap::Clear()

@@ -4,6 +4,15 @@
 #include <pwd.h>
 #include <unistd.h>
 
+namespace {
+QString OneLine(QString text)
+{
+    for (QChar& letter : text)
+        if (!letter.isPrint() && !letter.isSurrogate()) letter = u'?';
+    return text;
+}
+} // namespace
+
 QString LoginName()
 {
     std::array<char, 4096> buffer{};
@@ -12,4 +21,9 @@ QString LoginName()
     if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || !found)
         return QString::number(::geteuid());
     return QString::fromLocal8Bit(found->pw_name);
+}
+
+QString PersonText(const QString& user, const QString& machine)
+{
+    return QStringLiteral("user '%1' on machine '%2'").arg(OneLine(user), OneLine(machine));
 }

@@ -69,11 +69,11 @@ QString FreeBackupOf(const QString& planner)
 }
 
 // The old planner is whole under its own name or the other one at any moment.
-void ReplaceByLink(const QString& planner, const PlannerAddress& address)
+void ReplaceByLink(const QString& planner, const QByteArray& linkText)
 {
     const struct stat status = StatusOf(planner);
     const ScratchFile link(planner + QLatin1StringView(".new"), status);
-    Fill(link.Path(), plannerlink::Text(address));
+    Fill(link.Path(), linkText);
     const QString backup = FreeBackupOf(planner);
     CopyToFree(planner, backup, status);
     auto removeBackup = qScopeGuard([&] { Unlink(backup); });
@@ -93,6 +93,7 @@ QString LinkedAddress(const QString& path)
 void ToServer(const QString& path, const QString& uri)
 {
     const PlannerAddress address(uri);
+    const QByteArray link = plannerlink::Text(address);
     OfKind(path, &StoreKind::Claim); // a link is on its server already
     StatusOfFile(path);
     const QString planner = RealPath(path);
@@ -116,7 +117,7 @@ void ToServer(const QString& path, const QString& uri)
             server.Rollback(); // a second attempt is told that there is a planner of this name
         }
     });
-    ReplaceByLink(planner, address);
+    ReplaceByLink(planner, link);
     undo.dismiss();
 }
 

@@ -3,6 +3,7 @@
 #include "platform/desktop/folders.h"
 #include "platform/profile/inifile.h"
 #include "platform/profile/inistorage.h"
+#include "platform/runtime/errortail.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -55,8 +56,11 @@ void Apply(IniFile& file, const std::vector<Change>& changes)
 
 void Refresh(Held& held, const QString& path, const inistorage::Identity& identity)
 {
-    const QByteArray text = inistorage::Read(path).value_or(QByteArray());
-    if (text != held.File.Text() || !held.Batch.empty()) held.File = IniFile(text);
+    const std::optional<QByteArray> text = inistorage::Read(path);
+    held.Settled = false;
+    // One that cannot be read just now is no empty one: defaults would be shown, and written by the next OK.
+    if (!text) return;
+    if (*text != held.File.Text() || !held.Batch.empty()) held.File = IniFile(*text);
     Apply(held.File, held.Batch);
     held.Identity = identity;
     held.Settled = identity == inistorage::Identity() ||
@@ -127,13 +131,18 @@ bool WriteAll(const QString& path, const std::vector<Change>& changes)
     if (changes.empty()) return true;
     // Somebody may have removed the folder since it was made.
     if (path.startsWith(folders::WindowsDirectory())) QDir().mkpath(folders::WindowsDirectory());
-    return inistorage::Change(path, [&](const QByteArray& before) -> std::optional<QByteArray> {
+    const bool isWritten = inistorage::Change(path, [&](const QByteArray& before) -> std::optional<QByteArray> {
         std::optional<QByteArray> text = before;
         for (const Change& change : changes) {
             if (text) text = WithValue(*text, change.Section, change.Key, change.Value);
         }
         return text;
     });
+    // Who writes a setting has mostly nobody to tell.
+    if (!isWritten)
+        LogError({errors::PathFileAccess, QStringLiteral("Could not write settings to ") + path},
+                 QLatin1StringView(" in Profile, WritePrivateProfileString"));
+    return isWritten;
 }
 } // namespace
 

@@ -1,7 +1,8 @@
 // The INI store: files of [sections] and key=value lines, UTF-8, read and written one key at a time. A name without a
 // path means the Windows directory (folders.h). Sections and keys match without regard to case, the first match wins,
-// and lines that are no key are kept. Nothing here raises an error: a missing file or key is normal, and a write that
-// fails leaves the file as it was. Two programs may use one file at the same time.
+// and lines that are no key are kept. Nothing here raises an error: a missing file or key is normal, a file that cannot
+// be read counts as it was last read, and a write that fails leaves the file as it was and is logged. Two programs may
+// use one file at the same time.
 #pragma once
 
 #include <QString>
@@ -19,7 +20,8 @@ QString GetPrivateProfileStringA(const QString& section, const QString& key, con
 bool WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value, const QString& file);
 
 // While one of these lives, the writes of this process to the file are held back; its end writes them in one
-// replacement of the file. Reads see them at once. Batches of one file do not nest.
+// replacement of the file. Reads see them at once, and no longer if they could not be written at the end, which only
+// the log tells. Batches of one file do not nest.
 class ProfileBatch
 {
 public:

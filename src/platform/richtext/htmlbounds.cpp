@@ -25,14 +25,51 @@ bool IsSame(QStringView one, QStringView other)
     return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-qsizetype SizeWithoutData(QStringView html)
+// Takes off the view what stands before the first of these characters, or all of it.
+QStringView TakeUntil(QStringView& html, QStringView ends)
 {
-    qsizetype size = html.size();
-    for (qsizetype at = html.indexOf(u"data:"); at >= 0; at = html.indexOf(u"data:", at)) {
-        const auto rest = html.sliced(at);
-        const auto end = std::ranges::find_if(rest, [](QChar one) { return QStringView(u"\"'> ").contains(one); });
-        size -= end - rest.begin();
-        at += end - rest.begin();
+    const auto end = std::ranges::find_if(html, [ends](QChar one) { return ends.contains(one); });
+    const QStringView taken = html.first(end - html.begin());
+    html = html.sliced(taken.size());
+    return taken;
+}
+
+void SkipBlanks(QStringView& html)
+{
+    while (!html.isEmpty() && html.front().isSpace())
+        html = html.sliced(1);
+}
+
+bool Skip(QStringView& html, QChar letter)
+{
+    const bool isThere = html.startsWith(letter);
+    if (isThere) html = html.sliced(1);
+    return isThere;
+}
+
+// The value of the next attribute of a tag, with or without quotes; the view goes on behind it.
+QStringView TakeValue(QStringView& tag)
+{
+    for (const QChar quote : {u'"', u'\''})
+        if (Skip(tag, quote)) {
+            const QStringView value = TakeUntil(tag, {&quote, 1});
+            Skip(tag, quote);
+            return value;
+        }
+    return TakeUntil(tag, u" \t\r\n>");
+}
+
+// Characters that are the data of an image. The view begins behind the name in its tag and goes on behind the tag.
+qsizetype TakeData(QStringView& tag)
+{
+    qsizetype size = 0;
+    for (SkipBlanks(tag); !tag.isEmpty() && tag.front() != u'>'; SkipBlanks(tag)) {
+        const QStringView name = TakeUntil(tag, u"= \t\r\n>");
+        SkipBlanks(tag);
+        if (!Skip(tag, u'=')) continue;
+        SkipBlanks(tag);
+        const QStringView value = TakeValue(tag);
+        if (IsSame(name, u"src") && value.startsWith(u"data:", Qt::CaseInsensitive)) size += value.size();
     }
     return size;
 }
@@ -42,6 +79,18 @@ QStringView ElementAt(QStringView tag)
 {
     const auto end = std::ranges::find_if_not(tag, [](QChar one) { return one.isLetterOrNumber(); });
     return tag.first(end - tag.begin());
+}
+
+qsizetype SizeWithoutData(QStringView html)
+{
+    qsizetype size = html.size();
+    for (qsizetype at = html.indexOf(u'<'); at >= 0; at = html.indexOf(u'<')) {
+        html = html.sliced(at + 1);
+        const QStringView element = ElementAt(html);
+        html = html.sliced(element.size());
+        if (IsSame(element, u"img")) size -= TakeData(html);
+    }
+    return size;
 }
 
 bool HasBoundedElements(QStringView html)

@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 MostFileBytes = 64 << 20;
-
 QByteArray DataOfUrl(QStringView url)
 {
     const qsizetype comma = url.indexOf(u',');
@@ -58,13 +56,13 @@ void Adopt(QTextCursor& cursor, const QTextImageFormat& image, PictureFit fit)
 } // namespace
 
 // A pipe or a device would never end, and a folder of another machine might never answer.
-QByteArray DataOfFile(const QUrl& url)
+QByteArray DataOfFile(const QUrl& url, qint64 most)
 {
     if (!url.isLocalFile() || !url.host().isEmpty()) return {};
     QFile file(url.toLocalFile());
     const QFileInfo info(file);
     if (!info.isFile() || info.size() > MostFileBytes || !file.open(QIODevice::ReadOnly)) return {};
-    return file.readAll();
+    return file.read(std::min(most, MostFileBytes));
 }
 
 int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& fit)

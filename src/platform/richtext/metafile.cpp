@@ -15,7 +15,7 @@
 namespace {
 
 constexpr double MostCanvas = 8'000'000;       // pixels
-constexpr double MostPainted = 8 * MostCanvas; // pixels, as many small bitmaps may each be stretched over all
+constexpr double MostPainted = 3 * MostCanvas; // pixels, as many small bitmaps may each be stretched over all
 constexpr quint32 PlaceableKey = 0x9AC6CDD7;
 constexpr int PlaceableWords = 11;
 constexpr int HeaderWords = 9;
@@ -66,7 +66,8 @@ struct Span
 
 struct Blit
 {
-    QImage image;
+    QImage image; // null where there is only to be measured
+    QSize pixels; // of it
     Span across, down;
     QPainter::CompositionMode mode;
 };
@@ -74,8 +75,14 @@ struct Blit
 class Player
 {
 public:
-    explicit Player(QByteArrayView metafile);
+    enum Purpose : quint8
+    {
+        Measuring,
+        Painting
+    };
+    Player(QByteArrayView metafile, Purpose purpose);
 
+    QSize CanvasSize() const; // empty where there is nothing
     QImage Paint() const;
 
 private:
@@ -89,10 +96,12 @@ private:
     void Play(quint16 function, qsizetype end);
     void Add(const Layout& layout, qsizetype end);
     Span Window(Span Blit::*side, double begin, double length) const;
-    QSize CanvasSize(Span across, Span down) const;
-    QImage PaintOn(QRgb ground, QSize size, Span across, Span down) const;
+    Span Across() const { return Window(&Blit::across, m_originX, m_extentX); }
+    Span Down() const { return Window(&Blit::down, m_originY, m_extentY); }
+    QImage PaintOn(QRgb ground, QSize size) const;
 
     QByteArrayView m_metafile;
+    Purpose m_purpose;
     qsizetype m_words;
     qsizetype m_begin = 0;            // of the present record's parameters, in words
     qint64 m_pixelsLeft = MostPixels; // for all bitmaps together
@@ -100,7 +109,8 @@ private:
     std::vector<Blit> m_blits;
 };
 
-Player::Player(QByteArrayView metafile) : m_metafile(metafile), m_words(metafile.size() / 2)
+Player::Player(QByteArrayView metafile, Purpose purpose)
+    : m_metafile(metafile), m_purpose(purpose), m_words(metafile.size() / 2)
 {
     constexpr int RecordWords = 3;
     if (NumberAt(0) == PlaceableKey) m_begin = PlaceableWords;
@@ -144,9 +154,10 @@ void Player::Add(const Layout& layout, qsizetype end)
     const Span across(WordAt(layout.x), WordAt(layout.width));
     const Span down(WordAt(layout.y), WordAt(layout.height));
     if (source.isEmpty() || across.length == 0 || down.length == 0) return;
-    const QImage image = ReadImage(file, size).convertToFormat(QImage::Format_RGB32).copy(source);
+    QImage image;
+    if (m_purpose == Painting) image = ReadImage(file, size).convertToFormat(QImage::Format_RGB32).copy(source);
     const auto mode = layout.operation < 0 ? QPainter::CompositionMode_Source : ModeOf(NumberAt(layout.operation));
-    if (!image.isNull()) m_blits.push_back({image, across, down, mode});
+    if (m_purpose == Measuring || !image.isNull()) m_blits.push_back({image, source.size(), across, down, mode});
 }
 
 // The window along one side; where the metafile sets none it is what the bitmaps cover.
@@ -162,12 +173,14 @@ Span Player::Window(Span Blit::*side, double begin, double length) const
     return {least, most - least};
 }
 
-QSize Player::CanvasSize(Span across, Span down) const
+QSize Player::CanvasSize() const
 {
+    if (m_blits.empty()) return {};
+    const Span across = Across(), down = Down();
     double scaleX = 0, scaleY = 0;
     for (const Blit& blit : m_blits) {
-        scaleX = std::max(scaleX, blit.image.width() / std::abs(blit.across.length));
-        scaleY = std::max(scaleY, blit.image.height() / std::abs(blit.down.length));
+        scaleX = std::max(scaleX, blit.pixels.width() / std::abs(blit.across.length));
+        scaleY = std::max(scaleY, blit.pixels.height() / std::abs(blit.down.length));
     }
     const double width = std::max(1.0, std::abs(across.length) * scaleX);
     const double height = std::max(1.0, std::abs(down.length) * scaleY);
@@ -175,8 +188,9 @@ QSize Player::CanvasSize(Span across, Span down) const
     return QSizeF(width * factor, height * factor).toSize().expandedTo({1, 1}).boundedTo({16384, 16384});
 }
 
-QImage Player::PaintOn(QRgb ground, QSize size, Span across, Span down) const
+QImage Player::PaintOn(QRgb ground, QSize size) const
 {
+    const Span across = Across(), down = Down();
     QImage canvas(size, QImage::Format_RGB32);
     canvas.fill(ground);
     QPainter painter(&canvas);
@@ -199,12 +213,10 @@ QImage Player::PaintOn(QRgb ground, QSize size, Span across, Span down) const
 // they are multiplied by that.
 QImage Player::Paint() const
 {
-    if (m_blits.empty()) return {};
-    const Span across = Window(&Blit::across, m_originX, m_extentX);
-    const Span down = Window(&Blit::down, m_originY, m_extentY);
-    const QSize size = CanvasSize(across, down);
-    const QImage onBlack = PaintOn(0xFF000000, size, across, down);
-    const QImage onWhite = PaintOn(0xFFFFFFFF, size, across, down);
+    const QSize size = CanvasSize();
+    if (size.isEmpty()) return {};
+    const QImage onBlack = PaintOn(0xFF000000, size);
+    const QImage onWhite = PaintOn(0xFFFFFFFF, size);
     QImage merged(size, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < size.height(); ++y) {
         const auto* black = reinterpret_cast<const QRgb*>(onBlack.constScanLine(y));
@@ -223,5 +235,10 @@ QImage Player::Paint() const
 
 QImage BitmapsOfMetafile(QByteArrayView metafile)
 {
-    return Player(metafile).Paint();
+    return Player(metafile, Player::Painting).Paint();
+}
+
+QSize SizeOfMetafile(QByteArrayView metafile)
+{
+    return Player(metafile, Player::Measuring).CanvasSize();
 }

@@ -25,6 +25,7 @@ namespace {
 
 constexpr qsizetype MostRichText = 64 << 20; // bytes, pictures and all
 constexpr qsizetype MostText = 2 << 20;      // characters, or bytes of rich text beside its pictures
+constexpr qsizetype MostFiles = 100;         // taken as pictures; of more the names are pasted
 
 // One thing that was offered, and where it is to go.
 struct Pasting
@@ -122,15 +123,20 @@ void PasteText(const Pasting& pasting, QString text)
     SpellOutFormats(*pasting.cursor.document(), begin, pasting.cursor.position(), pasting.font);
 }
 
+// By its first bytes, since any number of large files may have been dropped.
+bool IsImage(const QUrl& file)
+{
+    constexpr qint64 HeadBytes = 16;
+    return ImageFormatOf(DataOfFile(file, HeadBytes)) != nullptr;
+}
+
 bool TakeFiles(const Pasting& pasting)
 {
     const QList<QUrl> urls = pasting.data.urls();
-    QList<QByteArray> files;
-    std::ranges::transform(urls, std::back_inserter(files), DataOfFile);
-    if (std::ranges::none_of(files, [](const QByteArray& file) { return !ImageSize(file).isEmpty(); })) return false;
-    for (qsizetype i = 0; i < urls.size(); ++i)
-        if (!InsertPicture(pasting.cursor, files[i], pasting.fit))
-            PasteText(pasting, urls[i].toDisplayString() + u'\n');
+    if (urls.size() > MostFiles || std::ranges::none_of(urls, IsImage)) return false;
+    for (const QUrl& url : urls)
+        if (!IsImage(url) || !InsertPicture(pasting.cursor, DataOfFile(url), pasting.fit))
+            PasteText(pasting, url.toDisplayString() + u'\n');
     return true;
 }
 

@@ -67,7 +67,7 @@ QSize PixelsOfPictureGroup(QByteArrayView group)
     case PictureData::Bitmap:
         return ImageSize(ToBitmapFile(data.bytes));
     case PictureData::Metafile:
-        return BitmapsOfMetafile(data.bytes).size();
+        return SizeOfMetafile(data.bytes);
     case PictureData::Other:
         break;
     }

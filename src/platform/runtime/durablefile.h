@@ -6,8 +6,9 @@
 
 #include <memory>
 
-// Replaces the file: when this returns true all of it is on the disk under its name; else the file is as it was, and
-// the reason says why.
+// Replaces the file: when this returns true all of it is on the disk under its name, as far as the drive can sync a
+// folder; where it cannot, a failing computer may leave the file as it was. Else the file is as it was, and the reason
+// says why.
 bool WriteDurably(const QString& path, const QByteArray& bytes, QString* reason = nullptr);
 
 // A lock on a file of its own, which is made where there is none and is never removed: two programs could otherwise
@@ -15,7 +16,8 @@ bool WriteDurably(const QString& path, const QByteArray& bytes, QString* reason 
 class FileLock
 {
 public:
-    // Nothing while somebody else, this program included, has it. A drive without locks gives it to everybody.
+    // Nothing while somebody else, this program included, has it, and where the file cannot be opened for writing. A
+    // drive without locks gives it to everybody.
     static std::unique_ptr<FileLock> Try(const QString& path);
     ~FileLock();
     FileLock(const FileLock&) = delete;

@@ -103,11 +103,29 @@ private Q_SLOTS:
         folders::SetRootForTests(QString());
         QCOMPARE(folders::ApplicationDirectory(), Path(QStringLiteral("data home/orrelin")));
         QCOMPARE(folders::WindowsDirectory(), Path(QStringLiteral("config home/orrelin")));
-        QCOMPARE(folders::MediaDirectory(), Path(QStringLiteral("data home/orrelin/Media")));
-        QVERIFY(QFileInfo(folders::MediaDirectory()).isDir());
         QVERIFY(QFileInfo(folders::WindowsDirectory()).isDir());
         const TemporaryFolders own;
         QCOMPARE(folders::WindowsDirectory(), own.Path(QStringLiteral("config")));
+    }
+
+    void AFolderIsOnlyFinishedWhenAllIsCopied()
+    {
+        const TemporaryFolders own;
+        const QString unfinished = own.Path(QStringLiteral("data/Media.new"));
+        QCOMPARE(folders::MediaDirectory(), unfinished); // nothing has been brought
+        QVERIFY(QFileInfo(unfinished).isDir());
+        QVERIFY(QDir().mkpath(own.Path(QStringLiteral("shipped/Media"))));
+        QFile tune(own.Path(QStringLiteral("shipped/Media/a.wav")));
+        QVERIFY(tune.open(QIODevice::WriteOnly) && tune.write("all of it"));
+        tune.close();
+        QVERIFY(QDir(unfinished).mkdir(QStringLiteral("a.wav"))); // in the way of its copy
+        QCOMPARE(folders::MediaDirectory(), unfinished);
+        QVERIFY(QDir(unfinished).rmdir(QStringLiteral("a.wav")));
+        QFile half(unfinished + QStringLiteral("/a.wav"));
+        QVERIFY(half.open(QIODevice::WriteOnly) && half.write("all"));
+        half.close();
+        QCOMPARE(folders::MediaDirectory(), own.Path(QStringLiteral("data/Media")));
+        QCOMPARE(QFileInfo(own.Path(QStringLiteral("data/Media/a.wav"))).size(), 9);
     }
 
     void TheClockCanBeSet()

@@ -78,6 +78,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("error");
         QTest::newRow("open") << "open" << InUse;
         QTest::newRow("password") << "password" << NotADatabase;
+        QTest::newRow("too long for a link") << "long" << NotADatabase;
         QTest::newRow("planner there") << "there" << FileExists;
         QTest::newRow("no server") << "no server" << BrokenConnection;
         QTest::newRow("no permission") << "no permission" << ReadOnlyFile;
@@ -93,6 +94,7 @@ private Q_SLOTS:
         OtherProgram other;
         if (hindrance == u"open") other.Open(m_path, false);
         if (hindrance == u"password") m_uri.replace(QLatin1StringView("ann@"), QLatin1StringView("ann:word@"));
+        if (hindrance == u"long") m_uri += QLatin1StringView("&sslrootcert=/") + QString(250, QChar(0x20AC));
         if (hindrance == u"there") {
             const QString first = m_folder->filePath(QStringLiteral("first.mdb"));
             DBEngine::CreateDatabase(first, {}).Close();

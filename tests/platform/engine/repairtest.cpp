@@ -187,6 +187,19 @@ private Q_SLOTS:
         }
     }
 
+    void ADefinitionThatTakesTooLongToReadIsNoHindrance()
+    {
+        QByteArray indexes;
+        for (int i = 0; i < 300; ++i)
+            indexes += "CREATE INDEX \"more " + QByteArray::number(i) + "\" ON \"QMT Table\" (qmtFontSize);";
+        Ask(m_path, "VACUUM;" + indexes); // without pages to be used again: what is new comes last
+        Damaged planner(Content(m_path));
+        planner.Put(planner.pages, 0, QByteArray(pageSize, '\x5a')); // of an index
+        SetContent(m_path, planner.bytes);
+        QVERIFY(!Repair().KeptAs.isEmpty());
+        QVERIFY(NotesIn(m_path) == m_notes);
+    }
+
     void TheSizeOfPagesIsFoundAgain()
     {
         for (const QByteArray size : {"512", "1024", "65536"}) {

@@ -2,6 +2,7 @@
 #include "cuttingproxy.h"
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/postgres/sessionname.h"
 #include "testserver.h"
 
 #include <QScopeGuard>
@@ -164,6 +165,44 @@ private Q_SLOTS:
         QString text;
         QCOMPARE(Open(&text), NotADatabase);
         QVERIFY2(text.contains(QLatin1StringView("newer Orrelin")), qPrintable(text));
+    }
+
+    void WhatTheServerHasAndNoPlannerIsRefused_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("type") << "ADD COLUMN extra json";
+        QTest::newRow("size") << "ALTER COLUMN \"qmtFontColor\" TYPE bigint";
+    }
+
+    void WhatTheServerHasAndNoPlannerIsRefused()
+    {
+        QFETCH(QString, change);
+        pqxx::connection owner(TestServer::Get().Uri(m_planner).section(u'&', 0, 0).toStdString() +
+                               "&port=" + std::to_string(TestServer::Get().Port()));
+        pqxx::nontransaction(owner).exec(
+            QStringLiteral("ALTER TABLE orrelin_%1.\"QMT Table\" %2").arg(m_planner, change).toStdString());
+        Database database = DBEngine::OpenDatabase(m_path);
+        QCOMPARE(ErrorOf([&] { Days(database); }), NotADatabase);
+    }
+
+    void AReplicaIsRefused()
+    {
+        TestServer& server = TestServer::Get();
+        server.Stop();
+        server.StartAsReplica();
+        const auto asEver = qScopeGuard([&] {
+            server.Stop();
+            server.Start();
+        });
+        QString text;
+        QCOMPARE(Open(&text), ReadOnlyFile);
+        QVERIFY2(text.contains(QLatin1StringView("may only be read")), qPrintable(text));
+    }
+
+    void APersonsNameKeepsItsLine()
+    {
+        QCOMPARE(sessionname::Person(QStringLiteral("Orrelin ann%0Alee@d%E4%B8%AD%1B")),
+                 QStringLiteral("user 'ann?lee' on machine 'd\u4E2D?'"));
     }
 
     void APoolerIsRefused()

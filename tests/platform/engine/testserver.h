@@ -99,6 +99,13 @@ public:
         }
         qFatal("The test's server does not start");
     }
+    // As one that only follows another server and may not be written.
+    void StartAsReplica()
+    {
+        QFile(Mark()).open(QIODevice::WriteOnly);
+        Start();
+        QFile::remove(Mark());
+    }
     void Stop(int signal = SIGINT)
     {
         ::kill(static_cast<pid_t>(m_server.processId()), signal);
@@ -155,6 +162,7 @@ private:
         ::close(probe);
         return ntohs(address.sin_port);
     }
+    QString Mark() const { return m_folder.filePath(QStringLiteral("data/standby.signal")); }
     std::string Connection() const
     {
         return QStringLiteral("host=%1 port=%2 user=ann dbname=postgres")

@@ -1,7 +1,9 @@
 #include "platform/profile/profile.h"
 
+#include "platform/runtime/errortail.h"
 #include "support.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <sys/resource.h>
@@ -243,6 +245,23 @@ private Q_SLOTS:
         QCOMPARE(Number("S", "Key"), 77);
         QVERIFY(!Write("S", "Key", QStringLiteral("2")));
         QCOMPARE(QFileInfo(Path(m_ini)).size(), before.size());
+    }
+
+    void WhatCannotBeReadIsAsItWas()
+    {
+        Put("[S]\nKey=v\n");
+        QCOMPARE(Text("S", "Key"), QStringLiteral("v"));
+        QVERIFY(QFile::remove(Path(m_ini)) && QDir().mkdir(Path(m_ini)));
+        QCOMPARE(Text("S", "Key"), QStringLiteral("v"));
+        const std::int16_t errors = g_iErrCount;
+        {
+            const ProfileBatch batch(m_ini);
+            Write("S", "Key", QStringLiteral("w"));
+            QCOMPARE(Text("S", "Key"), QStringLiteral("w"));
+        }
+        QCOMPARE(g_iErrCount, std::int16_t(errors + 1)); // told in the log at least
+        QVERIFY(QDir().rmdir(Path(m_ini)));
+        QCOMPARE(Text("S", "Key"), QStringLiteral("(None)"));
     }
 
     void LargeFilesAreRead_data()

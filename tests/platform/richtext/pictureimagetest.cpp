@@ -114,6 +114,7 @@ private Q_SLOTS:
         const QByteArray all = StretchDib(CopyLow, CopyHigh, Sample());
         wmf("STRETCHDIB", Metafile(all));
         wmf("placeable", Metafile(all, true));
+        row("metafile, size of its pixels", "{\\pict\\wmetafile8 " + Metafile(all).toHex() + '}');
         wmf("DIBSTRETCHBLT",
             Metafile(Record(0x0B41, {CopyLow, CopyHigh, 20, 40, 0, 0, 20, 40, 0, 0}, DibOf(Sample()))));
         wmf("DIBBITBLT", Metafile(Record(0x0940, {CopyLow, CopyHigh, 0, 0, 20, 40, 0, 0}, DibOf(Sample()))));

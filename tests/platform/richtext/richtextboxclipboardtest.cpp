@@ -161,6 +161,9 @@ void RichTextBoxClipboardTest::TakesTheBestForm_data()
     };
     tooLarge("page too deep", html, QByteArray("<b>").repeated(100'000) + "x");
     tooLarge("page too long", html, QByteArray("<p>x<br>").repeated(2'000'000));
+    tooLarge("page of text that names data", html, "data:" + QByteArray("x").repeated(2'000'000));
+    tooLarge("page of long words for an image", html,
+             "<img alt=' src=data:" + QByteArray("x").repeated(2'000'000) + "'>");
     tooLarge("page of a long list", html, "<ul>" + QByteArray("<li>x</li>").repeated(50'000));
     tooLarge("page of many images", html, QByteArray("<img src='data:x'>").repeated(50'000));
     tooLarge("rich text too long", rtf, g_rtf + QByteArray("{\\b x}").repeated(2'000'000) + '}');
@@ -261,6 +264,9 @@ void RichTextBoxClipboardTest::FilesAreDropped()
     other.setUrls({QUrl(u"file:///dev/zero"_s)});
     Drop(box, other, {299, 199});
     QCOMPARE(box.Text(), u"abfile:///dev/zero"_s);
+    other.setUrls(QList<QUrl>(1000, QUrl::fromLocalFile(path)));
+    Drop(box, other, {299, 199});
+    QVERIFY(!box.Shown().contains(u'#'));
 }
 
 // Between boxes of this program a paragraph's mark is one; others put one behind everything.

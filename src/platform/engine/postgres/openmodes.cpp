@@ -80,9 +80,8 @@ bool OpenMode::Ask(const char* call)
 {
     if (!m_connection.IsConnected()) return false;
     try {
-        return m_connection
-            .Ask("SELECT " + std::string(call) + "($1::integer, $2::integer)", advisorylocks::ValuesOf(m_planner))[0][0]
-            .as<bool>();
+        return m_connection.AskOne("SELECT " + std::string(call) + "($1::integer, $2::integer)",
+                                   advisorylocks::ValuesOf(m_planner)) == u"t";
     } catch (const RunTimeError&) {
         // Another open of this process whose session is over; it takes its lock again when it connects.
         return false;

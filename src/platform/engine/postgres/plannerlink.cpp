@@ -48,7 +48,11 @@ PlannerAddress Read(const QString& path)
 
 QByteArray Text(const PlannerAddress& address)
 {
-    return Magic.toByteArray() + Version.toByteArray() + '\n' + address.Uri().toUtf8() + '\n';
+    const QByteArray text = Magic.toByteArray() + Version.toByteArray() + '\n' + address.Uri().toUtf8() + '\n';
+    if (text.size() > SizeLimit)
+        throw RunTimeError{NotADatabase,
+                           QStringLiteral("The address of the planner is too long to be kept in a file.")};
+    return text;
 }
 
 std::shared_ptr<Store> Open(const QString& path, bool exclusive)

@@ -42,11 +42,13 @@ PostgresChanges::~PostgresChanges()
 
 void PostgresChanges::Start(const std::string& channel)
 {
-    m_receiver = std::make_unique<Receiver>(m_connection.Library(), channel, *this);
+    // Its making asks the server, which may refuse: one that only follows another server tells nothing.
+    m_connection.Do(
+        [&](pqxx::connection& library) { m_receiver = std::make_unique<Receiver>(library, channel, *this); });
     // What was told while there was no session has been heard by nobody.
     if (std::exchange(m_wasConnected, true)) Take({});
     if (!QCoreApplication::instance()) return;
-    m_notifier = new QSocketNotifier(m_connection.Library().sock(), QSocketNotifier::Read, &m_context);
+    m_notifier = new QSocketNotifier(m_connection.Socket(), QSocketNotifier::Read, &m_context);
     QObject::connect(m_notifier, &QSocketNotifier::activated, &m_context, [this] { Read(); });
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgreserrors.h"
+#include "platform/engine/postgres/postgresvalues.h"
 #include "platform/engine/postgres/sessionname.h"
 
 #include <QScopeGuard>
@@ -70,9 +71,9 @@ PostgresConnection::PostgresConnection(const PlannerAddress& address, const QStr
 
 PostgresConnection::~PostgresConnection() = default;
 
-pqxx::connection& PostgresConnection::Library()
+int PostgresConnection::Socket() const
 {
-    return m_session->connection;
+    return m_session->connection.sock();
 }
 
 int PostgresConnection::Process() const
@@ -110,12 +111,12 @@ PostgresConnection::Backend PostgresConnection::Open()
     }
     const pqxx::result told = Guarded([](pqxx::nontransaction& work) { return work.exec(Settings); });
     // A pooler hands each transaction to whichever session is free, and locks would lie in another's.
-    if (told.size() != 1 || told[0][0].as<int>() != Process())
+    if (told.size() != 1 || NumberOf(told[0][0]) != Process())
         throw RunTimeError{BrokenConnection,
                            QStringLiteral("'%1' cannot be opened: there is a connection pooler before the server, "
                                           "which would lose the locks of days. Please use the server's own port.")
                                .arg(m_name)};
-    return {told[0][0].as<std::string>(), told[0][1].as<std::string>()};
+    return {std::to_string(Process()), TextOf(told[0][1]).toStdString()};
 }
 
 // After a pulled cable the server can take half a minute to see that the former session is over, and would keep its
@@ -159,11 +160,10 @@ RunTimeError PostgresConnection::Spoiling(const RunTimeError& error)
 }
 
 template <typename Step>
-pqxx::result PostgresConnection::Guarded(Step&& step)
+auto PostgresConnection::Translated(Step&& step)
 {
     try {
-        pqxx::nontransaction work(m_session->connection);
-        return step(work);
+        return step();
     } catch (const pqxx::sql_error& error) {
         throw Spoiling(Failure(error));
     } catch (const pqxx::transaction_rollback&) {
@@ -171,6 +171,15 @@ pqxx::result PostgresConnection::Guarded(Step&& step)
     } catch (const pqxx::failure&) {
         throw Lost(); // what the library says of it helps nobody
     }
+}
+
+template <typename Step>
+pqxx::result PostgresConnection::Guarded(Step&& step)
+{
+    return Translated([&] {
+        pqxx::nontransaction work(m_session->connection);
+        return step(work);
+    });
 }
 
 pqxx::result PostgresConnection::Ask(const std::string& statement, const Values& values)
@@ -185,21 +194,29 @@ pqxx::result PostgresConnection::Ask(const std::string& statement, const Values&
     return result;
 }
 
+QString PostgresConnection::AskOne(const std::string& statement, const Values& values)
+{
+    const pqxx::result result = Ask(statement, values);
+    if (result.empty()) throw SenselessAnswerError();
+    return TextOf(result[0][0]);
+}
+
 void PostgresConnection::Command(const char* text)
 {
     Connect();
     Guarded([&](pqxx::nontransaction& work) { return work.exec(text); });
 }
 
+void PostgresConnection::Do(const std::function<void(pqxx::connection&)>& step)
+{
+    Translated([&] { step(m_session->connection); });
+}
+
 void PostgresConnection::Listen()
 {
     Connect();
-    try {
-        Library().get_notifs();
-    } catch (const pqxx::failure&) {
-        throw Lost();
-    }
-    if (!Library().is_open()) throw Lost();
+    Do([](pqxx::connection& library) { library.get_notifs(); });
+    if (!m_session->connection.is_open()) throw Lost();
 }
 
 void PostgresConnection::BeginRead()
@@ -320,7 +337,7 @@ std::string PostgresConnection::StateOf(const std::string& transaction)
 {
     std::string state;
     for (int look = 0; look < StateLooks; ++look) {
-        state = Ask("SELECT coalesce(pg_catalog.pg_xact_status($1::xid8), '')", {transaction})[0][0].as<std::string>();
+        state = AskOne("SELECT coalesce(pg_catalog.pg_xact_status($1::xid8), '')", {transaction}).toStdString();
         if (state != "in progress") break;
         QThread::msleep(PauseBetweenLooks); // until the server has ended the former session
     }

@@ -32,12 +32,16 @@ public:
     // stand still once for every note.
     void Connect();
     bool IsConnected() const { return m_session != nullptr; }
-    int Process() const;         // the server's process that serves it
-    pqxx::connection& Library(); // of the present session
+    int Process() const; // the server's process that serves it
+    int Socket() const;  // of the present session
 
     // One statement, with the values for its $1 and so on; prepared by the library. 3151, 3006 and others as told by
     // the table of postgreserrors.
     pqxx::result Ask(const std::string& statement, const Values& values = {});
+    QString AskOne(const std::string& statement, const Values& values = {}); // the first value; 3043 if there is none
+
+    // Anything else that the present session's library does, with the same errors.
+    void Do(const std::function<void(pqxx::connection&)>& step);
 
     // Runs the step in the WriteTransaction, or as one of its own. What the step asks must tell its transaction's
     // number by NoteTransaction, so that it can be asked for if the connection breaks while it is committed.
@@ -72,6 +76,8 @@ private:
     RunTimeError Failure(const pqxx::sql_error& error);
     RunTimeError Lost(const char* detail = "");
     RunTimeError Spoiling(const RunTimeError& error);
+    template <typename Step>
+    auto Translated(Step&& step); // with the library's errors as ours
     template <typename Step>
     pqxx::result Guarded(Step&& step);
     void Command(const char* text);

@@ -58,6 +58,11 @@ RunTimeError BrokenConnectionError(const QString& name, const char* detail)
     return {BrokenConnection, *detail ? text + QLatin1StringView(": ") + FirstLine(detail) : text + u'.'};
 }
 
+RunTimeError SenselessAnswerError()
+{
+    return {InputOutput, QStringLiteral("The server's answer makes no sense. It may be no server of planners.")};
+}
+
 bool EndsSession(const pqxx::sql_error& error)
 {
     static constexpr std::array Ends = {"57P01", "57P02", "57P03", "57P05", "08"};

@@ -11,6 +11,7 @@
 RunTimeError RunTimeErrorOf(const pqxx::sql_error& error, bool writing, const QString& name);
 RunTimeError RolledBackError(bool writing, const QString& name); // two writers were in each other's way
 RunTimeError BrokenConnectionError(const QString& name, const char* detail = "");
+RunTimeError SenselessAnswerError();
 
 // Whether the error says that the session is over, though the line may still stand.
 bool EndsSession(const pqxx::sql_error& error);

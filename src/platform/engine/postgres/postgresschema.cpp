@@ -32,12 +32,12 @@ std::optional<PostgresSchema::Mark> PostgresSchema::FindMark() const
     const QString qualified = QuotedName(m_schema) + u'.' + QuotedName(FormatTable);
     const pqxx::result mark =
         m_connection.Ask("SELECT version::integer, id::text FROM " + qualified.toStdString() + " LIMIT 2");
-    if (mark.size() != 1 || mark[0][0].is_null() || mark[0][1].is_null()) return {};
+    if (mark.size() != 1 || mark[0][0].is_null()) return {};
     const QString id = TextOf(mark[0][1]);
     // It goes into statements.
     static const QRegularExpression form(QStringLiteral("^[0-9a-f-]{36}$"));
     if (!form.match(id).hasMatch()) return {};
-    return Mark{mark[0][0].as<int>(), id, table[0][0].as<quint32>()};
+    return Mark{static_cast<int>(NumberOf(mark[0][0])), id, static_cast<quint32>(NumberOf(table[0][0]))};
 }
 
 void PostgresSchema::Create()
@@ -45,7 +45,7 @@ void PostgresSchema::Create()
     if (FindMark())
         throw RunTimeError{engineerrors::FileExists,
                            QStringLiteral("The server's database has a planner of this name already.")};
-    if (m_connection.Ask("SHOW server_encoding")[0][0].as<std::string>() != "UTF8")
+    if (m_connection.AskOne("SHOW server_encoding") != u"UTF8")
         throw RunTimeError{engineerrors::NotSupported,
                            QStringLiteral("The server's database must have the encoding UTF8.")};
     const std::string schema = QuotedName(m_schema).toStdString();
@@ -80,7 +80,7 @@ std::optional<PostgresSchema::Table> PostgresSchema::Find(const QString& table) 
                              " AND lower(c.relname) = lower($2::text) ORDER BY c.relname = $2::text DESC LIMIT 1",
                          {m_schema.toStdString(), table.toStdString()});
     if (found.empty() || TextOf(found[0][1]) == FormatTable) return {};
-    return Table{found[0][0].as<quint32>(), TextOf(found[0][1])};
+    return Table{static_cast<quint32>(NumberOf(found[0][0])), TextOf(found[0][1])};
 }
 
 TableDef PostgresSchema::Definition(const Table& table) const
@@ -91,7 +91,13 @@ TableDef PostgresSchema::Definition(const Table& table) const
                                             "ORDER BY attnum",
                                             {Text(table.number)})) {
         const QString name = TextOf(row[0]);
-        if (name != PostgresText::IdColumn) definition.Fields.push_back(FieldOf(name, TextOf(row[1])));
+        if (name == PostgresText::IdColumn) continue;
+        const auto field = FieldOf(name, TextOf(row[1]));
+        if (!field)
+            throw RunTimeError{engineerrors::NotADatabase,
+                               QStringLiteral("The table '%1' has a column '%2' of a type that no planner has: %3.")
+                                   .arg(table.name, name, TextOf(row[1]))};
+        definition.Fields.push_back(*field);
     }
     for (const auto& row :
          m_connection.Ask("SELECT own.relname, i.indisunique, part.attname, i.indoption[0] & 1 FROM pg_index AS i "
@@ -99,8 +105,8 @@ TableDef PostgresSchema::Definition(const Table& table) const
                           "JOIN pg_attribute AS part ON part.attrelid = i.indrelid AND part.attnum = i.indkey[0] "
                           "WHERE i.indrelid = $1::oid AND NOT i.indisprimary ORDER BY own.oid",
                           {Text(table.number)})) {
-        const QString sign = row[3].as<int>() != 0 ? QStringLiteral("-") : QString();
-        definition.Indexes.push_back({TextOf(row[0]), sign + TextOf(row[2]), row[1].as<bool>()});
+        const QString sign = NumberOf(row[3]) != 0 ? QStringLiteral("-") : QString();
+        definition.Indexes.push_back({TextOf(row[0]), sign + TextOf(row[2]), IsTrue(row[1])});
     }
     return definition;
 }

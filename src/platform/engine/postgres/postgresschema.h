@@ -37,7 +37,7 @@ public:
 
     QStringList TableNames() const;
     std::optional<Table> Find(const QString& table) const; // without regard to case
-    TableDef Definition(const Table& table) const;
+    TableDef Definition(const Table& table) const;         // 3343 for a column that no planner has
 
 private:
     pqxx::result AskOf(const std::string& statement) const; // binds the schema

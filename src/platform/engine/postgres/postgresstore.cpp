@@ -232,7 +232,7 @@ pqxx::row PostgresStore::Written(const std::string& statement, const PostgresCon
     if (written.empty())
         throw RunTimeError{DataChanged,
                            QStringLiteral("Data has changed; operation stopped. Another user has saved this record.")};
-    m_connection.NoteTransaction(written[0]["pg_current_xact_id"].as<std::string>());
+    m_connection.NoteTransaction(TextOf(written[0][written.columns() - 1]).toStdString());
     return written[0];
 }
 
@@ -244,7 +244,7 @@ qint64 PostgresStore::Insert(const TableDef& table, const std::vector<QVariant>&
     all.insert(all.end(), {message, message});
     qint64 id = 0;
     m_expected.clear();
-    m_connection.Write([&] { id = Written(m_text->Insert(table), all)[0].as<qint64>(); });
+    m_connection.Write([&] { id = NumberOf(Written(m_text->Insert(table), all)[0]); });
     return id;
 }
 
@@ -340,7 +340,7 @@ void PostgresStore::BeginWrite()
     m_connection.BeginWrite();
     if (m_planner == Planner::Existing) return;
     auto rollback = qScopeGuard([this] { m_connection.Rollback(); });
-    m_connection.NoteTransaction(m_connection.Ask("SELECT pg_current_xact_id()::text")[0][0].as<std::string>());
+    m_connection.NoteTransaction(m_connection.AskOne("SELECT pg_current_xact_id()::text").toStdString());
     Schema().Create();
     m_planner = Planner::Existing;
     Welcome();

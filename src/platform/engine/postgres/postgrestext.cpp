@@ -180,7 +180,7 @@ std::string PostgresText::Page(const TableDef& table, int limit) const
 std::string PostgresText::Told(std::size_t bound) const
 {
     const QString text =
-        QStringLiteral("pg_current_xact_id()::text, pg_notify('%1', $%2::text), pg_notify('%1', $%3::text)")
+        QStringLiteral("pg_notify('%1', $%2::text), pg_notify('%1', $%3::text), pg_current_xact_id()::text")
             .arg(m_channel, QString::number(bound + 1), QString::number(bound + 2));
     return text.toStdString();
 }
@@ -246,11 +246,11 @@ QString DeclaredType(const Field& field)
     return TypeName(field.Type) + size;
 }
 
-Field FieldOf(const QString& name, const QString& declaredType)
+std::optional<Field> FieldOf(const QString& name, const QString& declaredType)
 {
     static const QRegularExpression sized(QStringLiteral("^character varying\\((\\d+)\\)$"));
     const auto text = sized.match(declaredType);
-    if (text.hasMatch()) return {name, dbText, text.captured(1).toInt()};
+    if (text.hasMatch()) return Field{name, dbText, text.captured(1).toInt()};
     const auto found = std::ranges::find(DeclaredNames, declaredType, &DeclaredName::name);
-    return {name, found == DeclaredNames.end() ? dbMemo : found->type, 0};
+    return found == DeclaredNames.end() ? std::nullopt : std::optional(Field{name, found->type, 0});
 }

@@ -4,6 +4,7 @@
 
 #include "platform/engine/lookup.h"
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -23,8 +24,8 @@ public:
     std::string Fetch(const TableDef& table) const;                        // binds the id; the id, the fields
     std::string Page(const TableDef& table, int limit) const;              // binds an id: those after it, as Fetch
 
-    // Each binds its values and then two texts to be told to others. Gives the transaction's number, and Insert before
-    // it the id.
+    // Each binds its values and then two texts to be told to others. Gives the transaction's number as its last column,
+    // and Insert the id as its first.
     std::string Insert(const TableDef& table) const;  // binds the values
     std::string Replace(const TableDef& table) const; // binds the new values, the id and the old ones
     std::string Erase(const TableDef& table) const;   // binds the id and the old values
@@ -46,4 +47,4 @@ QString QuotedName(QString name);
 
 // A column's declared type and back.
 QString DeclaredType(const Field& field);
-Field FieldOf(const QString& name, const QString& declaredType);
+std::optional<Field> FieldOf(const QString& name, const QString& declaredType); // none of a type that is not ours

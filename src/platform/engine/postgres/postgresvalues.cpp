@@ -1,6 +1,7 @@
 #include "platform/engine/postgres/postgresvalues.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/postgres/postgreserrors.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QDateTime>
@@ -31,13 +32,21 @@ float FloatOf(const pqxx::field& field)
     return value;
 }
 
+QByteArray BytesOfMemo(const pqxx::field& field)
+{
+    constexpr QByteArrayView Begin = "\\x";
+    const QByteArrayView text = BytesOf(field);
+    if (!text.startsWith(Begin)) throw SenselessAnswerError();
+    return QByteArray::fromHex(text.sliced(Begin.size()).toByteArray());
+}
+
 QVariant ReadValue(const pqxx::field& field, FieldType type)
 {
     switch (type) {
     case dbBoolean:
-        return field.c_str()[0] == 't';
+        return IsTrue(field);
     case dbLong:
-        return BytesOf(field).toInt();
+        return static_cast<int>(NumberOf(field));
     case dbSingle:
         return FloatOf(field);
     case dbDate:
@@ -45,7 +54,7 @@ QVariant ReadValue(const pqxx::field& field, FieldType type)
     case dbText:
         return TextOf(field);
     case dbMemo:
-        return QByteArray::fromHex(BytesOf(field).sliced(2).toByteArray()); // behind "\x"
+        return BytesOfMemo(field);
     }
     return {};
 }
@@ -54,6 +63,19 @@ QVariant ReadValue(const pqxx::field& field, FieldType type)
 QString TextOf(const pqxx::field& field)
 {
     return QString::fromUtf8(BytesOf(field));
+}
+
+qint64 NumberOf(const pqxx::field& field)
+{
+    bool isNumber = false;
+    const qint64 number = BytesOf(field).toLongLong(&isNumber);
+    if (!isNumber) throw SenselessAnswerError();
+    return number;
+}
+
+bool IsTrue(const pqxx::field& field)
+{
+    return BytesOf(field) == "t";
 }
 
 std::optional<std::string> ParameterOf(const QVariant& value)
@@ -87,7 +109,7 @@ std::string ArrayOf(const QStringList& texts)
 Row ReadRow(const pqxx::row& found, int column, const TableDef& table)
 {
     Row row;
-    row.id = found[column].as<qint64>();
+    row.id = NumberOf(found[column]);
     row.values.resize(table.Fields.size());
     for (std::size_t i = 0; i < row.values.size(); ++i) {
         const pqxx::field field = found[++column];

@@ -19,7 +19,7 @@ QString HolderOf(PostgresConnection& connection, RecordLocks::Name name, const Q
         "AND held.database = (SELECT oid FROM pg_database WHERE datname = current_database()) "
         "AND held.classid = $1::oid AND held.objid = $2::oid LIMIT 1",
         {std::to_string(name.table), std::to_string(name.record), ArrayOf(exceptOf)});
-    return sessionname::Person(holder.empty() || holder[0][0].is_null() ? QString() : TextOf(holder[0][0]));
+    return sessionname::Person(holder.empty() ? QString() : TextOf(holder[0][0]));
 }
 } // namespace advisorylocks
 
@@ -27,9 +27,8 @@ void RecordLocks::Take(Name name)
 {
     // The server grants a session its own lock once more, and another recordset of this planner would get it.
     const bool own = m_held.contains(name);
-    if (!own &&
-        m_connection.Ask("SELECT pg_try_advisory_lock($1::integer, $2::integer)", advisorylocks::ValuesOf(name))[0][0]
-            .as<bool>()) {
+    if (!own && m_connection.AskOne("SELECT pg_try_advisory_lock($1::integer, $2::integer)",
+                                    advisorylocks::ValuesOf(name)) == u"t") {
         m_held.insert(name);
         return;
     }

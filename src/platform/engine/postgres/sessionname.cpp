@@ -32,6 +32,6 @@ QString Person(const QString& label)
     const QStringList parts = label.mid(Prefix.size()).split(u'@');
     if (!label.startsWith(Prefix) || parts.size() != 2) return QStringLiteral("another user");
     const auto plain = [](const QString& part) { return QUrl::fromPercentEncoding(part.toLatin1()); };
-    return QStringLiteral("user '%1' on machine '%2'").arg(plain(parts[0]), plain(parts[1]));
+    return PersonText(plain(parts[0]), plain(parts[1]));
 }
 } // namespace sessionname

@@ -4,6 +4,7 @@
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QThread>
@@ -14,20 +15,23 @@
 
 namespace {
 constexpr int PagesOfStep = 2000;
+constexpr int LongestCopy = 60000; // milliseconds
 constexpr int Attempts = 40;
 constexpr unsigned long BetweenAttempts = 50; // milliseconds
 
+// The library begins anew whenever another program has written meanwhile, which may be for ever.
 void CopyPages(SQLite::Database& source, SQLite::Database& target)
 {
     SQLite::Backup backup(target, source);
+    const QDeadlineTimer wholeCopy(LongestCopy);
     int attempt = 0, result = SQLITE_OK;
     while (result != SQLITE_DONE) {
         result = backup.executeStep(PagesOfStep);
-        if (result != SQLITE_BUSY && result != SQLITE_LOCKED) continue;
-        if (++attempt > Attempts)
+        const bool isHeldUp = result == SQLITE_BUSY || result == SQLITE_LOCKED;
+        if ((isHeldUp && ++attempt > Attempts) || (result != SQLITE_DONE && wholeCopy.hasExpired()))
             throw RunTimeError{engineerrors::CouldNotSave,
                                QStringLiteral("Others keep the planner from being copied.")};
-        QThread::msleep(BetweenAttempts);
+        if (isHeldUp) QThread::msleep(BetweenAttempts);
     }
 }
 } // namespace

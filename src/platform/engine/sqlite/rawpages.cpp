@@ -220,7 +220,7 @@ RawPages::Rest RawPages::RestOf(const Cell& cell, const Uses& uses, Use most) co
     auto missing = static_cast<qsizetype>(cell.size) - cell.local.size();
     std::unordered_set<quint32> own;
     const auto isFree = [&](quint32 page) {
-        return page >= 2 && Contains(page) && uses[page] <= most && !own.contains(page);
+        return page >= 2 && Contains(page) && uses.of[page] <= most && !own.contains(page);
     };
     for (quint32 page = cell.overflow; missing > 0; page = Long(page, 0)) {
         rest.complete = isFree(page);
@@ -240,9 +240,38 @@ RawPages::Rest RawPages::RestOf(const Cell& cell, const Uses& uses, Use most) co
     return rest;
 }
 
-bool RawPages::IsComplete(const Cell& cell, const Uses& uses) const
+// Endless if it leads to no end, be it that it goes in a circle.
+quint32 RawPages::ChainFrom(quint32 first, Uses& uses) const
 {
-    return RestOf(cell, uses, ByOneRecord).complete;
+    const auto exists = [this](quint32 page) { return page >= 2 && Contains(page); };
+    std::vector<quint32> passed;
+    quint32 page = first;
+    for (; exists(page) && uses.chains[page] == Unknown; page = Long(page, 0)) {
+        uses.chains[page] = Endless;
+        if (IsBlank(Page(page))) break;
+        passed.push_back(page);
+    }
+    quint32 length = page == 0 ? 0 : exists(page) ? uses.chains[page] : Endless;
+    for (auto before = passed.rbegin(); before != passed.rend(); ++before)
+        uses.chains[*before] = length = length == Endless ? Endless : length + 1;
+    return length;
+}
+
+// A chain that leads to a page which is taken is as good as endless: no page is given back.
+bool RawPages::IsComplete(const Cell& cell, Uses& uses) const
+{
+    const quint64 missing = cell.size - static_cast<quint64>(cell.local.size()), room = m_usable - 4;
+    if (missing == 0) return true;
+    if (ChainFrom(cell.overflow, uses) != (missing + room - 1) / room) return false;
+    std::vector<quint32> passed;
+    for (quint32 page = cell.overflow; page != 0; page = Long(page, 0)) {
+        passed.push_back(page);
+        if (uses.of[page] != Taken && uses.chains[page] != Endless) continue;
+        for (const quint32 broken : passed)
+            uses.chains[broken] = Endless;
+        return false;
+    }
+    return true;
 }
 
 RawRow RawPages::Read(const Cell& cell, Uses& uses) const
@@ -251,7 +280,7 @@ RawRow RawPages::Read(const Cell& cell, Uses& uses) const
     const Rest overflow = RestOf(cell, uses, complete ? ByOneRecord : Unused);
     QByteArray payload = cell.local.toByteArray();
     for (const quint32 page : overflow.pages) {
-        uses[page] = uses[page] == Unused ? ByOneRecord : Taken;
+        uses.of[page] = uses.of[page] == Unused ? ByOneRecord : Taken;
         payload +=
             Page(page).sliced(4, std::min<qsizetype>(m_usable - 4, cell.local.size() + overflow.size - payload.size()));
     }

@@ -58,11 +58,17 @@ public:
         ByOneRecord,
         Taken
     };
-    using Uses = std::vector<Use>;
+    struct Uses
+    {
+        explicit Uses(quint32 pages) : of(pages + std::size_t{1}), chains(pages + std::size_t{1}) {}
+        std::vector<Use> of;
+        // How many pages it is from each to the end of its chain, as far as known: any number of records may lead into
+        // one long chain, which is walked once.
+        std::vector<quint32> chains;
+    };
 
-    // Read adds the record's own pages. Null values and a cut
-    // text stand where pages are lost.
-    bool IsComplete(const Cell& cell, const Uses& uses) const;
+    bool IsComplete(const Cell& cell, Uses& uses) const;
+    // Adds the record's own pages to the uses. Null values and a cut text stand where pages are lost.
     RawRow Read(const Cell& cell, Uses& uses) const;
 
 private:
@@ -77,6 +83,8 @@ private:
     QByteArrayView Page(quint32 page) const;
     std::optional<Cell> CellAt(QByteArrayView page, qsizetype at) const;
     Rest RestOf(const Cell& cell, const Uses& uses, Use most) const;
+    quint32 ChainFrom(quint32 first, Uses& uses) const;
+    static constexpr quint32 Unknown = 0, Endless = 0xffffffff; // of chains
     quint32 Long(quint32 page, qsizetype at) const;
 
     QByteArrayView m_bytes;

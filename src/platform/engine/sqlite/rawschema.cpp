@@ -56,6 +56,16 @@ bool BeginsWithId(SQLite::Database& database, const QString& table)
     return first.executeStep();
 }
 
+// Without fields where the library gives up.
+TableDef DefinitionOf(SQLite::Database& database, const QString& table)
+{
+    try {
+        return BeginsWithId(database, table) ? sqliteschema::Definition(database, table) : TableDef();
+    } catch (const SQLite::Exception&) {
+        return {};
+    }
+}
+
 bool HasIndex(const TableDef& table, const QString& name)
 {
     return std::ranges::any_of(table.Indexes, [&](const Index& index) { return index.Name == name; });
@@ -92,7 +102,7 @@ std::vector<Table> Tables(const std::vector<RawRow>& rows, const std::vector<Tab
         }
     }
     for (Table& table : tables) {
-        if (BeginsWithId(empty, table.name)) table.definition = sqliteschema::Definition(empty, table.name);
+        table.definition = DefinitionOf(empty, table.name);
         const auto known = std::ranges::find(expected, table.name, &TableDef::Name);
         if (known != expected.end()) Complete(table.definition, *known);
     }

@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <sqlite3.h>
+#include <tuple>
 
 namespace {
 using namespace engineerrors;
@@ -97,6 +98,7 @@ struct State
         tables = rebuilding::Write(found.tables, rebuilt.Path());
         isFound = isFound || Rows(tables) > 0;
     }
+    std::tuple<bool, qint64, qint64> Worth() const { return {isFound, WholeRows(tables), Rows(tables)}; }
 
     ScratchFile copy;
     ScratchFile rebuilt;
@@ -179,14 +181,14 @@ void Repairer::OpenAsEver()
 
 // A journal that leaves a sound planner is right, however many rows that has: the rest was never told to be saved. Only
 // where it does not, it may be torn or another planner's. Then a planner that is sound without it never needed it, and
-// of two damaged states the one with more whole rows is the better; the other one stays with what is kept.
+// of two damaged states the better is the one with a find, with more whole rows, with more rows; the other one stays
+// with what is kept.
 State& Repairer::Choose()
 {
     m_asItIs->Rebuild(m_expected);
     if (!m_playedBack || m_asItIs->verdict == Verdict::Sound) return *m_asItIs;
     m_playedBack->Rebuild(m_expected);
-    const bool asItIs = WholeRows(m_asItIs->tables) > WholeRows(m_playedBack->tables);
-    return asItIs ? *m_asItIs : *m_playedBack;
+    return m_asItIs->Worth() > m_playedBack->Worth() ? *m_asItIs : *m_playedBack;
 }
 
 QString Repairer::KeepDamaged() const

@@ -75,7 +75,7 @@ private:
 };
 
 Salvage::Salvage(const RawPages& pages, const std::vector<TableDef>& expected)
-    : m_pages(pages), m_expected(expected), m_uses(pages.Count() + std::size_t{1})
+    : m_pages(pages), m_expected(expected), m_uses(pages.Count())
 {
 }
 
@@ -105,10 +105,10 @@ Tree Salvage::Walk(qint64 root)
         const quint32 page = ahead.back();
         ahead.pop_back();
         const quint8 type = m_pages.TypeOf(page);
-        const bool good = !m_uses[page] && (type == RawPages::Leaf || type == RawPages::Interior);
+        const bool good = !m_uses.of[page] && (type == RawPages::Leaf || type == RawPages::Interior);
         tree.complete = tree.complete && good;
         if (!good) continue;
-        m_uses[page] = RawPages::Taken;
+        m_uses.of[page] = RawPages::Taken;
         if (type == RawPages::Leaf) {
             tree.leaves.push_back(page);
             continue;
@@ -181,9 +181,9 @@ void Salvage::ReadTrees()
     }
     // What the list of free pages names has been deleted, unless the list names what is in use.
     const auto freePages = m_pages.FreePages();
-    if (freePages && std::ranges::none_of(*freePages, [&](quint32 page) { return m_uses[page]; }))
+    if (freePages && std::ranges::none_of(*freePages, [&](quint32 page) { return m_uses.of[page]; }))
         for (const quint32 page : *freePages)
-            m_uses[page] = RawPages::Taken;
+            m_uses.of[page] = RawPages::Taken;
     std::vector<RawRow> lastIds;
     for (std::size_t i = 0; i < trees.size(); ++i) {
         const TableDef& definition = m_schema[i].definition;
@@ -211,9 +211,9 @@ void Salvage::ReadLastIds(const std::vector<RawRow>& rows)
 std::vector<quint32> Salvage::LoosePages() const
 {
     std::vector<quint32> loose;
-    std::vector<bool> led(m_uses.size());
+    std::vector<bool> led(m_uses.of.size());
     for (quint32 page = 2; page <= m_pages.Count(); ++page) {
-        if (m_uses[page]) continue;
+        if (m_uses.of[page]) continue;
         if (m_pages.TypeOf(page) == RawPages::Leaf) loose.push_back(page);
         if (m_pages.TypeOf(page) == RawPages::Interior)
             for (const quint32 child : m_pages.ChildrenOf(page).pages)
@@ -240,7 +240,7 @@ std::optional<std::size_t> Salvage::TableOf(const std::vector<RawPages::Cell>& c
 void Salvage::ReadLoose()
 {
     for (const quint32 page : LoosePages()) {
-        if (m_uses[page]) continue; // found to be the rest of a text meanwhile
+        if (m_uses.of[page]) continue; // found to be the rest of a text meanwhile
         const std::vector<RawPages::Cell> cells = m_pages.LeafCells(page).whole;
         const auto table = TableOf(cells);
         if (!table || m_tables[*table].complete) continue;

@@ -29,14 +29,9 @@ void Fill(char* target, int size, const QString& text)
     std::copy(bytes.begin(), bytes.end(), target);
 }
 
-// Others can have written anything: a message must not get lines of theirs.
 QString TextOf(const char* field, int size)
 {
-    QString text = QString::fromUtf8(field, static_cast<qsizetype>(::strnlen(field, static_cast<std::size_t>(size))));
-    for (QChar& letter : text) {
-        if (!letter.isPrint() && !letter.isSurrogate()) letter = u'?';
-    }
-    return text;
+    return QString::fromUtf8(field, static_cast<qsizetype>(::strnlen(field, static_cast<std::size_t>(size))));
 }
 
 off_t PlaceOf(int session)
@@ -54,8 +49,7 @@ bool Tells(const SessionEntry& entry, HeldRecord wanted)
 
 QString NameOf(const SessionEntry& entry)
 {
-    return QStringLiteral("user '%1' on machine '%2'")
-        .arg(TextOf(entry.User, UserBytes), TextOf(entry.Machine, MachineBytes));
+    return PersonText(TextOf(entry.User, UserBytes), TextOf(entry.Machine, MachineBytes));
 }
 
 QString LookForHolder(const ByteLocks& locks, HeldRecord wanted)
