@@ -31,12 +31,16 @@ std::vector<TableDef> AllTables()
     return {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
 }
 
-QString DescribeKept(const QString& oldPlanner)
+QString DescribeKept(const QString& oldPlanner, const QStringList& missing)
 {
     if (oldPlanner.isEmpty()) return {};
-    return QStringLiteral(
-               "The planner was of an older kind and has been converted. The old one is kept beside it as %1.")
-        .arg(QFileInfo(oldPlanner).fileName());
+    QString text =
+        QStringLiteral("The planner was of an older kind and has been converted. The old one is kept beside it as %1.")
+            .arg(QFileInfo(oldPlanner).fileName());
+    if (!missing.isEmpty()) text += u'\n';
+    for (const QString& table : missing)
+        text += QStringLiteral("\n%1: it had no table for them").arg(WordFor(table));
+    return text;
 }
 
 QString Describe(const DBEngine::RepairReport& report)
@@ -81,14 +85,15 @@ void Maintenance::mnuCompact_Click()
         const QString file = m_dialog.FileName;
         const QString scratch = folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
         QString kept;
+        QStringList missing;
         {
             const Hourglass hourglass;
             const DBEngine::AloneWith alone(file);
-            DBEngine::CompactDatabase(file, scratch, AllTables());
+            missing = DBEngine::CompactDatabase(file, scratch, AllTables());
             kept = DBEngine::ReplaceDatabase(scratch, file);
         }
         MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"),
-               DescribeKept(kept));
+               DescribeKept(kept, missing));
     });
 }
 
