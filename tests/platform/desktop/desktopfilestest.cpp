@@ -1,4 +1,3 @@
-#include "platform/desktop/clock.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/folders.h"
 #include "support.h"
@@ -108,15 +107,6 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(folders::WindowsDirectory()).isDir());
         const TemporaryFolders own;
         QCOMPARE(folders::WindowsDirectory(), own.Path(QStringLiteral("config")));
-    }
-
-    void TheClockCanBeSet()
-    {
-        const QDateTime noon(QDate(1999, 12, 31), QTime(12, 0));
-        desktopclock::SetForTests(noon);
-        QCOMPARE(desktopclock::Now(), noon);
-        desktopclock::SetForTests(QDateTime());
-        QVERIFY(desktopclock::Now() > noon);
     }
 };
 
