@@ -1,6 +1,7 @@
-# Shared by ./run, ./test and ./bench: installs what is missing and builds. Sourced, never started.
-# need KIND...      install the packages of scripts/packages.txt of these kinds that are not there yet
-# build PRESET      configure and build with all cores
+# Shared by the scripts of this tree: installs what is missing, builds, gives a screen. Sourced, never started.
+# need KIND...             install the packages of scripts/packages.txt of these kinds that are not there yet
+# build PRESET             configure and build with all cores
+# virtual_screen SIZE      start an X server; $screen is its process, $screen_name what DISPLAY is to be
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$top"
@@ -33,4 +34,18 @@ build() {
     shift
     [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >&2
     cmake --build --preset "$preset" --parallel "$(nproc)" "$@" >&2
+}
+
+# In a session of its own: Ctrl+C is for the program, which still needs its screen then.
+virtual_screen() {
+    local number=90
+    while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
+    setsid Xvfb ":$number" -screen 0 "$1x24" >/dev/null 2>&1 &
+    screen=$! screen_name=":$number"
+    for _ in $(seq 100); do
+        [ -e "/tmp/.X11-unix/X$number" ] && return
+        sleep 0.05
+    done
+    say "The virtual screen $screen_name does not come up."
+    exit 1
 }

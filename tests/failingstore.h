@@ -2,6 +2,7 @@
 // EndRead, Rollback, Close) never fail.
 #pragma once
 
+#include "platform/engine/dbengine.h"
 #include "platform/engine/store.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -112,4 +113,19 @@ private:
 
     std::shared_ptr<Store> m_inner;
     std::shared_ptr<FailurePlan> m_plan;
+};
+
+// Planners that are opened while this lives fail by the plan, then and later.
+class FailingStores
+{
+public:
+    FailingStores()
+    {
+        DBEngine::SetStoreWrapperForTests(
+            [plan = plan](auto store) { return std::make_shared<FailingStore>(std::move(store), plan); });
+    }
+    ~FailingStores() { DBEngine::SetStoreWrapperForTests(nullptr); }
+    Q_DISABLE_COPY_MOVE(FailingStores)
+
+    const std::shared_ptr<FailurePlan> plan = std::make_shared<FailurePlan>();
 };

@@ -2,8 +2,9 @@
 // and write down how they were called.
 #pragma once
 
+#include "files.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 class FakeDesktop
@@ -41,8 +42,7 @@ public:
     void Keep(const QString& key, const QByteArray& value) const
     {
         QDir().mkpath(QFileInfo(m_folder.filePath(key)).path());
-        QFile file(m_folder.filePath(key));
-        if (!file.open(QIODevice::WriteOnly) || file.write(value + '\n') < 0) qFatal("no room for a temporary file");
+        SetContent(m_folder.filePath(key), value + '\n');
     }
 
     QByteArray Kept(const QString& key) const
@@ -56,9 +56,9 @@ public:
 private:
     void Command(const char* name, const QByteArray& script) const
     {
-        QFile file(m_folder.filePath(QString::fromLatin1(name)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(script) < 0) qFatal("no room for a temporary file");
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const QString path = m_folder.filePath(QString::fromLatin1(name));
+        SetContent(path, script);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     QTemporaryDir m_folder;

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "calendar/calendarstate.h"
+#include "files.h"
+#include "notes.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/resources.h"
@@ -16,7 +18,6 @@
 #include "workgroup/workgroupstate.h"
 
 #include <QAction>
-#include <QFile>
 #include <QRadioButton>
 
 #include <memory>
@@ -40,6 +41,13 @@ public:
         ResetCalendarStateForTests();
         ResetWorkgroupStateForTests();
         CloseErrorLog();
+    }
+
+    static std::unique_ptr<Program> Started()
+    {
+        auto program = std::make_unique<Program>();
+        program->Start();
+        return program;
     }
 
     void Start()
@@ -94,7 +102,12 @@ public:
         Activate();
     }
 
-    QAction& Entry(const char* name) const { return *form->findChild<QAction*>(QString::fromLatin1(name)); }
+    template <typename Control>
+    Control& Find(const char* name) const
+    {
+        return *form->findChild<Control*>(QString::fromLatin1(name));
+    }
+    QAction& Entry(const char* name) const { return Find<QAction>(name); }
     void Trigger(const char* name) const { Entry(name).trigger(); }
 
     RichTextBox& Box(int cell) const { return *form->findChild<RichTextBox*>(QStringLiteral("tbDay(%1)").arg(cell)); }
@@ -107,7 +120,7 @@ public:
         QTest::keyClicks(&Box(cell), text);
     }
 
-    void Tick(const char* timer) const { Q_EMIT form->findChild<Timer*>(QString::fromLatin1(timer))->Tick(); }
+    void Tick(const char* timer) const { Q_EMIT Find<Timer>(timer).Tick(); }
 
     // The cell of a day in the shown month.
     int CellOf(int day) const
@@ -119,11 +132,7 @@ public:
     }
 
     QString LogPath() const { return folders::ApplicationDirectory() + QStringLiteral("/planner.err"); }
-    QByteArray Log() const
-    {
-        QFile log(LogPath());
-        return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray("no log");
-    }
+    QByteArray Log() const { return Content(LogPath()); }
 
     // What the file holds for a key, read by a connection of its own; null if it has no record.
     QByteArray Stored(const QString& name, const QString& key) const

@@ -2,10 +2,10 @@
 // twenty times as fast as they would sound.
 #pragma once
 
+#include "files.h"
 #include "platform/desktop/sound.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -127,11 +127,4 @@ inline QByteArray WaveTone(double hertz, double seconds = 30, const WaveForm& fo
     return "RIFF" + number(36 + int(data.size()), 4) + "WAVEfmt " + number(16, 4) + number(1, 2) +
            number(form.Channels, 2) + number(form.Rate, 4) + number(form.Rate * frame, 4) + number(frame, 2) +
            number(form.Bits, 2) + "data" + number(int(data.size()), 4) + data;
-}
-
-inline void WriteFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
 }

@@ -182,3 +182,18 @@ inline void AnswerFontDialog(const std::function<void(QFontDialog&)>& choose)
                     QTest::keyClick(window, choose ? Qt::Key_Return : Qt::Key_Escape);
                 });
 }
+
+// The font that the dialog was filled with, in another size.
+inline void ChooseSize(QFontDialog& dialog, int points)
+{
+    QFont font = dialog.currentFont();
+    font.setPointSize(points);
+    dialog.setCurrentFont(font);
+}
+
+// The control of a window that has this name.
+template <typename Control>
+Control& In(const QWidget& window, const char* name)
+{
+    return *window.findChild<Control*>(QString::fromLatin1(name));
+}

@@ -1,11 +1,13 @@
 #include "alarmtesting.h"
 #include "failingstore.h"
-#include "platform/profile/profile.h"
 #include "recording.h"
+#include "settingsfile.h"
 
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollBar>
+
+using namespace Qt::StringLiterals;
 
 // The editor of alarms in both modes. The program shows March 1999; the 17th stands in cell 18.
 class AlarmFormTest : public QObject
@@ -15,7 +17,7 @@ class AlarmFormTest : public QObject
     const QString m_file = QStringLiteral("mine.mdb");
     std::unique_ptr<Program> m_program;
 
-    bool ClockRuns() const { return m_program->form->findChild<Timer*>(QStringLiteral("tmAlarm"))->Enabled(); }
+    bool ClockRuns() const { return m_program->Find<Timer>("tmAlarm").Enabled(); }
     QToolButton* Mark(int cell) const
     {
         auto* mark = m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(%1)").arg(cell));
@@ -39,16 +41,12 @@ class AlarmFormTest : public QObject
     // A row of what the boxes show.
     static QString Row(AlarmForm& form)
     {
-        const bool halves[] = {In<QRadioButton>(form, "opAMPM(0)").isChecked(),
-                               In<QRadioButton>(form, "opAMPM(1)").isChecked()};
-        const QString half = QLatin1StringView(halves[0] ? "AM" : halves[1] ? "PM" : "-");
-        const QStringList boxes = {Shown(form, "maskAlarmDate"),
-                                   Shown(form, "maskHour"),
-                                   Shown(form, "maskMinute"),
-                                   half,
-                                   In<ORLCombo>(form, "orlcmbTunes").Text(),
-                                   In<RichTextBox>(form, "tbNotes").Text()};
-        return boxes.join(u' ') + QLatin1StringView(In<QCheckBox>(form, "chkSilence").isChecked() ? " silent" : "");
+        const auto isOn = [&](const char* name) { return In<QAbstractButton>(form, name).isChecked(); };
+        const QString half = QLatin1StringView(isOn("opAMPM(0)") ? "AM" : isOn("opAMPM(1)") ? "PM" : "-");
+        const QString time = Shown(form, "maskHour") + u' ' + Shown(form, "maskMinute") + u' ' + half;
+        const QString note = In<ORLCombo>(form, "orlcmbTunes").Text() + u' ' + In<RichTextBox>(form, "tbNotes").Text();
+        return Shown(form, "maskAlarmDate") + u' ' + time + u' ' + note +
+               QLatin1StringView(isOn("chkSilence") ? " silent" : "");
     }
 
     static void FillIn(AlarmForm& form, const QString& hour, const QString& minute, const QString& note)
@@ -57,17 +55,6 @@ class AlarmFormTest : public QObject
         TypeAt(form, "maskMinute", minute);
         In<RichTextBox>(form, "tbNotes").setFocus();
         QTest::keyClicks(&In<RichTextBox>(form, "tbNotes"), note);
-    }
-
-    static void PutTune(const char* name)
-    {
-        WriteFile(folders::MediaDirectory() + u'/' + QString::fromLatin1(name), "x");
-    }
-
-    static void WriteDateOrder(const QByteArray& iDate)
-    {
-        WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("iDate"), QString::fromLatin1(iDate),
-                                   QStringLiteral("WIN.INI"));
     }
 
     void ExpectBox(const QString& text, QMessageBox::Icon icon = QMessageBox::Information)
@@ -83,53 +70,27 @@ class AlarmFormTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-        WriteDateOrder("0");
+        m_program = Program::Started();
+        SetDateOrder(0);
     }
-    void cleanup()
-    {
-        m_program.reset();
-        DBEngine::SetStoreWrapperForTests(nullptr);
-    }
-
-    void refusals()
-    {
-        const QString none = QStringLiteral("No Planner Exists!\nUse 'File' | 'New' to create a new planner or\nUse "
-                                            "'File | Open' to open an existing planner");
-        const QString shared = QStringLiteral(
-            "Global alarm settings for a shared database is not allowed. You need to open the database as a 'Personal "
-            "Planner' to have exclusiveness to the database. Please read the helpfile (F1) for more information.");
-        const char* const picture = "picAlarm";
-        for (const QString& text : {none, shared}) {
-            for (const char* command : {"mnuNewAlarm", "mnuChangeAlarms", picture}) {
-                ExpectBox(text);
-                if (command == picture) Press(*m_program->form, command);
-                if (command != picture) m_program->Trigger(command);
-                QTRY_COMPARE(WaitingAnswers(), 0);
-            }
-            QVERIFY(In<PictureButton>(*m_program->form, picture).Visible(0));
-            if (!g_bDBShared) m_program->New(QStringLiteral("team.mdb"), true);
-        }
-        QVERIFY(ClockRuns());
-    }
+    void cleanup() { m_program.reset(); }
 
     void newAlarm_data()
     {
-        QTest::addColumn<QByteArray>("order");
+        QTest::addColumn<int>("order");
         QTest::addColumn<QString>("shown");
         QTest::addColumn<QString>("typed");
-        QTest::newRow("month first") << QByteArray("0") << QStringLiteral("MM/DD/YYYY 03/17/1999") << "3/5/";
-        QTest::newRow("day first") << QByteArray("1") << QStringLiteral("DD/MM/YYYY 17/03/1999") << "5/3/";
-        QTest::newRow("year first") << QByteArray("2") << QStringLiteral("YYYY/MM/DD 1999/03/17") << "1999/3/5/";
+        QTest::newRow("month first") << 0 << QStringLiteral("MM/DD/YYYY 03/17/1999") << "3/5/";
+        QTest::newRow("day first") << 1 << QStringLiteral("DD/MM/YYYY 17/03/1999") << "5/3/";
+        QTest::newRow("year first") << 2 << QStringLiteral("YYYY/MM/DD 1999/03/17") << "1999/3/5/";
     }
 
     void newAlarm()
     {
-        QFETCH(QByteArray, order);
-        WriteDateOrder(order);
-        PutTune("b.mid");
-        PutTune("a.wav");
+        QFETCH(int, order);
+        SetDateOrder(order);
+        for (const char* tune : {"/b.mid", "/a.wav"})
+            SetContent(folders::MediaDirectory() + QLatin1StringView(tune), "x");
         m_program->New(m_file);
         m_program->Type(18, QStringLiteral("typed"));
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
@@ -165,13 +126,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("note");
         QTest::addColumn<QString>("told");
         const QString wrongTime = QStringLiteral("The time you have entered is not valid");
-        for (const char* time : {"0000", "1300", "1260"})
-            QTest::newRow(time) << true << QString::fromLatin1(time) << "x" << wrongTime;
+        QTest::newRow("hour 13") << true << u"1300"_s << u"x"_s << wrongTime;
         QTest::newRow("nothing at all") << true << QString() << "" << wrongTime;
-        QTest::newRow("no note") << true << QStringLiteral("0900") << ""
-                                 << QStringLiteral("Notes field cannot be empty");
-        QTest::newRow("half a date") << false << QStringLiteral("0900") << "x"
-                                     << QStringLiteral("The date you have entered is not complete");
+        QTest::newRow("no note") << true << u"0900"_s << u""_s << u"Notes field cannot be empty"_s;
+        QTest::newRow("half a date") << false << u"0900"_s << u"x"_s << u"The date you have entered is not complete"_s;
     }
 
     // Each is told once, and leaves the window as it was filled in.
@@ -199,9 +157,7 @@ private Q_SLOTS:
     // What the planner does not take stays in the window.
     void aMemoCellHasNoDateAndAFullDiskTakesNothing()
     {
-        auto plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests(
-            [plan](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, plan); });
+        const FailingStores failing;
         m_program->New(m_file);
         m_program->Click(1);
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
@@ -209,7 +165,8 @@ private Q_SLOTS:
             QCOMPARE(form.focusWidget(), &In<QWidget>(form, "maskAlarmDate"));
             TypeAt(form, "maskAlarmDate", QStringLiteral("02311999"));
             FillIn(form, QStringLiteral("9"), QStringLiteral("5"), QStringLiteral("never"));
-            *plan = {1, FailurePlan::Before, {3026, QStringLiteral("The disk is full")}, QStringLiteral("Insert")};
+            *failing.plan = {
+                1, FailurePlan::Before, {3026, QStringLiteral("The disk is full")}, QStringLiteral("Insert")};
             ExpectBox(QStringLiteral("The disk is full"), QMessageBox::Warning);
             for (const bool isStored : {false, true}) {
                 QTest::keyClick(&In<MaskEdBox>(form, "maskHour"), Qt::Key_Return);
@@ -245,7 +202,7 @@ private Q_SLOTS:
     // Music that is tried out ends by its button, and with the window.
     void tryingATune()
     {
-        WriteFile(folders::MediaDirectory() + QStringLiteral("/Flute.mid"), MidiNote(84));
+        SetContent(folders::MediaDirectory() + QStringLiteral("/Flute.mid"), MidiNote(84));
         constexpr double Pitch = 1046.5;
         const Recording recording;
         m_program->New(m_file);
@@ -284,13 +241,9 @@ private Q_SLOTS:
             const bool isNew = command == "mnuNewAlarm";
             QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), isNew);
             if (isNew) FillIn(form, QStringLiteral("9"), QStringLiteral("00"), QStringLiteral("dropped"));
-            if (way == "esc") {
-                QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
-            } else if (way == "close") {
-                form.close();
-            } else {
-                QTest::keyClick(&In<QPushButton>(form, isNew ? "btnCancel" : "btnOk"), Qt::Key_Return);
-            }
+            if (way == "esc") QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+            if (way == "close") form.close();
+            if (way == "button") QTest::keyClick(&In<QPushButton>(form, isNew ? "btnCancel" : "btnOk"), Qt::Key_Return);
         });
         QCOMPARE(ClockRuns(), way != "esc");
         QCOMPARE(StoredAlarms(), QStringList());
@@ -300,7 +253,7 @@ private Q_SLOTS:
 
     void browsing()
     {
-        PutTune("a.wav");
+        SetContent(folders::MediaDirectory() + QStringLiteral("/a.wav"), "x");
         m_program->New(m_file);
         AddAlarms({MakeAlarm("1999/3/16", "09:00", "before"), MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
                    MakeAlarm("1999/3/18", "09:00", "after"), MakeAlarm("1999/3/17", "00:30", "two", "gone.wav", false),
@@ -358,7 +311,7 @@ private Q_SLOTS:
     // Of alarms that are alike in four fields the first goes, whichever note is shown.
     void deleting()
     {
-        PutTune("a.wav");
+        SetContent(folders::MediaDirectory() + QStringLiteral("/a.wav"), "x");
         m_program->New(m_file);
         AddAlarms({MakeAlarm("1999/3/17", "09:00", "other time", "a.wav"),
                    MakeAlarm("1999/3/17", "10:00", "loud", "a.wav", false), MakeAlarm("1999/3/17", "10:00", "tuneless"),

@@ -32,18 +32,10 @@ inline QStringList StoredAlarms()
     alarms.SetIndex(QStringLiteral("AlarmKey"));
     for (; !alarms.EOF_(); alarms.MoveNext()) {
         const Alarm alarm = CurrentAlarm(alarms);
-        RichTextBox note;
-        note.SetTextRTF(alarm.note);
-        lines += QStringList({alarm.date, alarm.time, note.Text(), alarm.tune}).join(u' ') +
+        lines += QStringList({alarm.date, alarm.time, PlainText(alarm.note), alarm.tune}).join(u' ') +
                  (alarm.silence ? QStringLiteral(" silent") : QString());
     }
     return lines;
-}
-
-template <typename Control>
-Control& In(QWidget& window, const char* name)
-{
-    return *window.findChild<Control*>(QString::fromLatin1(name));
 }
 
 inline void Press(QWidget& window, const char* picture)

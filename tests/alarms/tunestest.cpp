@@ -22,7 +22,7 @@ private Q_SLOTS:
     void TheFolderBeginsWithTheShippedTunes()
     {
         QVERIFY(QDir(m_root.path()).mkpath(QStringLiteral("shipped/Media")));
-        WriteFile(m_root.filePath(QStringLiteral("shipped/Media/Chime.wav")), WaveTone(440, 1));
+        SetContent(m_root.filePath(QStringLiteral("shipped/Media/Chime.wav")), WaveTone(440, 1));
         QCOMPARE(ListTunes(), QStringList(QStringLiteral("Chime.wav")));
         QVERIFY(QFile::remove(Media("Chime.wav")));
         QCOMPARE(ListTunes(), QStringList());
@@ -32,15 +32,15 @@ private Q_SLOTS:
     void WavesAreListedBeforeMusic()
     {
         for (const char* name : {"b.mid", "A.MID", "z.Wav", "Y.wav", "notes.txt", "wav", "x.wav.bak"})
-            WriteFile(Media(name), "x");
+            SetContent(Media(name), "x");
         QVERIFY(QDir().mkdir(Media("folder.wav")));
         QCOMPARE(ListTunes().join(u' '), QStringLiteral("Y.wav z.Wav A.MID b.mid"));
     }
 
     void StoppingEndsMusicAndNoWave()
     {
-        WriteFile(Media("Long Wave.WAV"), WaveTone(440));
-        WriteFile(Media("Flute.mid"), MidiNote(84));
+        SetContent(Media("Long Wave.WAV"), WaveTone(440));
+        SetContent(Media("Flute.mid"), MidiNote(84));
         const Recording recording;
         QCOMPARE(PlayTune(QStringLiteral("Long Wave.WAV")), QString());
         for (int time = 0; time < 2; ++time) { // the second time it is open already
@@ -76,10 +76,10 @@ private Q_SLOTS:
         QFETCH(QString, tune);
         QFETCH(int, error);
         for (const char* name : {"damaged.mid", "damaged.wav"})
-            WriteFile(Media(name), "no music");
-        WriteFile(Media("wave.snd"), WaveTone(440, 1));
-        WriteFile(Media("../outside.mid"), MidiNote(84));
-        WriteFile(Media("../outside.wav"), WaveTone(440));
+            SetContent(Media(name), "no music");
+        SetContent(Media("wave.snd"), WaveTone(440, 1));
+        SetContent(Media("../outside.mid"), MidiNote(84));
+        SetContent(Media("../outside.wav"), WaveTone(440));
         const Recording recording;
         QCOMPARE(PlayTune(tune), mciGetErrorStringA(error));
         QVERIFY(!recording.IsOpen()); // nothing went to the device

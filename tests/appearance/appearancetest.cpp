@@ -1,8 +1,8 @@
 #include "appearance/initfontform.h"
 #include "appearance/styleform.h"
 #include "platform/controls/orlcombo.h"
-#include "platform/profile/profile.h"
 #include "program.h"
+#include "settingsfile.h"
 
 #include <QCheckBox>
 
@@ -12,12 +12,6 @@ class AppearanceTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<Program> m_program;
-
-    QString Ini(const char* section, const char* key)
-    {
-        return GetPrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), QStringLiteral("none"),
-                                        100, QStringLiteral("PLANNER.INI"));
-    }
 
     // Presses the sample and answers the font dialog, then leaves the dialog by the key.
     void Customize(const char* entry, const QString& sample, std::function<void(QFontDialog&)> choose, Qt::Key key)
@@ -33,18 +27,13 @@ class AppearanceTest : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-    }
+    void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
 
     void TheDaysTakeTheStyleThatWasChosen()
     {
-        Program& program = *m_program;
-        program.New(QStringLiteral("notes.mdb"));
-        program.Type(20, QStringLiteral("typed before"));
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Type(20, QStringLiteral("typed before"));
         Customize(
             "mnuNumberDlg", QStringLiteral("panelDay(0)"),
             [](QFontDialog& fonts) {
@@ -63,9 +52,9 @@ private Q_SLOTS:
         QCOMPARE(Ini("MEMO PANEL", "FONTSIZE"), QStringLiteral("12"));
         QCOMPARE(Ini("DAILY PANEL", "FONT3D"), QStringLiteral("2"));
         QCOMPARE(Ini("PASTDATE PANEL", "FONTSTRIKETHRU"), QStringLiteral("-1"));
-        QCOMPARE(program.Panel(25).CaptionFont().pointSize(), 14);
-        QCOMPARE(program.Box(20).Text(), QStringLiteral("typed before"));
-        QVERIFY(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("before"));
+        QCOMPARE(m_program->Panel(25).CaptionFont().pointSize(), 14);
+        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed before"));
+        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("before"));
     }
 
     void CancelChangesNothing()
@@ -83,8 +72,8 @@ private Q_SLOTS:
     void WeeksComeOutItalicAfterEachSave()
     {
         OnNextModal<StyleForm>([](StyleForm& form) {
-            form.findChild<QCheckBox*>(QStringLiteral("chkFontEffect"))->click();
-            form.findChild<QCheckBox*>(QStringLiteral("chkStrikeOut"))->click();
+            In<QCheckBox>(form, "chkFontEffect").click();
+            In<QCheckBox>(form, "chkStrikeOut").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuWeekAppearance");
@@ -97,24 +86,15 @@ private Q_SLOTS:
     void OneSampleStandsForAllHeadings()
     {
         Customize(
-            "mnuMonToSun", QStringLiteral("lblAllDay"),
-            [](QFontDialog& fonts) {
-                QFont font = fonts.currentFont();
-                font.setPointSize(11);
-                fonts.setCurrentFont(font);
-            },
+            "mnuMonToSun", QStringLiteral("lblAllDay"), [](QFontDialog& fonts) { ChooseSize(fonts, 11); },
             Qt::Key_Return);
         QCOMPARE(Ini("Sun", "FONTSIZE"), QStringLiteral("11"));
         QCOMPARE(Ini("Sat", "FONTSIZE"), QStringLiteral("11"));
-        auto& heading = *m_program->form->findChild<SSPanel*>(QStringLiteral("lblDayOfWeek(3)"));
+        auto& heading = m_program->Find<SSPanel>("lblDayOfWeek(3)");
         QCOMPARE(heading.CaptionFont().pointSize(), 11);
 
         // A double click changes one heading, with flags written another way.
-        AnswerFontDialog([](QFontDialog& fonts) {
-            QFont font = fonts.currentFont();
-            font.setPointSize(18);
-            fonts.setCurrentFont(font);
-        });
+        AnswerFontDialog([](QFontDialog& fonts) { ChooseSize(fonts, 18); });
         QTest::mouseDClick(&heading, Qt::LeftButton);
         QCOMPARE(heading.CaptionFont().pointSize(), 18);
         QCOMPARE(Ini("Wed", "FONTSIZE"), QStringLiteral("18"));
@@ -125,12 +105,7 @@ private Q_SLOTS:
     void TheTitleFollowsAtOnce()
     {
         Customize(
-            "mnuMonthDisplay", QStringLiteral("lblMonth"),
-            [](QFontDialog& fonts) {
-                QFont font = fonts.currentFont();
-                font.setPointSize(20);
-                fonts.setCurrentFont(font);
-            },
+            "mnuMonthDisplay", QStringLiteral("lblMonth"), [](QFontDialog& fonts) { ChooseSize(fonts, 20); },
             Qt::Key_Return);
         QCOMPARE(m_program->Bottom().CaptionFont().pointSize(), 20);
         QCOMPARE(Ini("DISPLAY MONTH", "FONT3D"), QStringLiteral("4"));
@@ -138,30 +113,33 @@ private Q_SLOTS:
 
     void TheInitialFontIsThatOfTheNextEmptyDay()
     {
-        Program& program = *m_program;
-        program.New(QStringLiteral("notes.mdb"));
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Type(21, QStringLiteral("full"));
         OnNextModal<InitFontForm>([](InitFontForm& form) {
             const auto choose = [&](const char* name, const QString& text) {
                 auto* const combo = form.findChild<ORLCombo*>(QString::fromLatin1(name));
                 for (int i = 0; i < combo->ListCount(); ++i)
                     if (combo->List(i).trimmed() == text) combo->SetListIndex(i);
             };
-            QCOMPARE(form.findChild<ORLCombo*>(QStringLiteral("orlcmbFontname"))->Text(), QStringLiteral("Arial"));
+            QCOMPARE(In<ORLCombo>(form, "orlcmbFontname").Text(), QStringLiteral("Arial"));
             choose("orlcmbFontsize", QStringLiteral("14"));
             choose("orlcmbFontcolor", QStringLiteral("Navy"));
-            form.findChild<QCheckBox*>(QStringLiteral("chkItalic"))->click();
+            In<QCheckBox>(form, "chkItalic").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
-        program.Trigger("mnuInitialFont");
+        m_program->Trigger("mnuInitialFont");
         QCOMPARE(Ini("DEFAULT FONTS", "BOLD"), QStringLiteral("0"));
         QCOMPARE(Ini("DEFAULT FONTS", "FONTNAME"), QStringLiteral("Arial"));
-        program.Activate();
-        program.Type(20, QStringLiteral("x"));
-        program.Box(20).SetSelStart(0);
-        program.Box(20).SetSelLength(1);
-        QCOMPARE(program.Box(20).SelFontSize(), std::optional(14.0));
-        QCOMPARE(program.Box(20).SelColor(), std::optional(0x800000u));
-        QCOMPARE(program.Box(20).SelItalic(), std::optional(true));
+        m_program->Activate();
+        m_program->Type(20, QStringLiteral("x"));
+        Select(m_program->Box(20), 0, 1);
+        QCOMPARE(m_program->Box(20).SelFontSize(), std::optional(14.0));
+        QCOMPARE(m_program->Box(20).SelColor(), std::optional(0x800000u));
+        QCOMPARE(m_program->Box(20).SelItalic(), std::optional(true));
+        m_program->Click(21); // which keeps its own
+        Select(m_program->Box(21), 0, 4);
+        QCOMPARE(m_program->Box(21).SelFontSize(), std::optional(8.0));
+        QCOMPARE(m_program->Box(21).SelItalic(), std::optional(false));
     }
 };
 

@@ -1,7 +1,7 @@
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/toolbar.h"
-#include "platform/profile/profile.h"
 #include "program.h"
+#include "settingsfile.h"
 
 // Where the four parts of the window lie, and what a person may do about it.
 class LayoutTest : public QObject
@@ -10,15 +10,10 @@ class LayoutTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    Toolbar& Bar() const { return *m_program->form->findChild<Toolbar*>(QStringLiteral("tbTop")); }
-    TabStrip& Sidebar() const { return *m_program->form->findChild<TabStrip*>(QStringLiteral("tabSidebar")); }
-    QWidget& Client() const { return *m_program->form->findChild<QWidget*>(QStringLiteral("client")); }
-    SSPanel& Heading() const { return *m_program->form->findChild<SSPanel*>(QStringLiteral("lblDayOfWeek(0)")); }
-    int Stored(const char* section, const char* key) const
-    {
-        return GetPrivateProfileIntA(QString::fromLatin1(section), QString::fromLatin1(key), 99,
-                                     QStringLiteral("PLANNER.INI"));
-    }
+    Toolbar& Bar() const { return m_program->Find<Toolbar>("tbTop"); }
+    TabStrip& Sidebar() const { return m_program->Find<TabStrip>("tabSidebar"); }
+    QWidget& Client() const { return m_program->Find<QWidget>("client"); }
+    SSPanel& Heading() const { return m_program->Find<SSPanel>("lblDayOfWeek(0)"); }
 
     // Every part stands where the bars leave room for it, and they fill the client area.
     void CheckRectangles() const
@@ -43,15 +38,14 @@ private Q_SLOTS:
 
     void EveryArrangementFillsTheWindow()
     {
-        Program& program = *m_program;
-        program.Start();
+        m_program->Start();
         for (const QSize size : {QSize(1000, 700), QSize(640, 480), QSize(3840, 2160)}) {
-            program.form->resize(size);
+            m_program->form->resize(size);
             QTRY_COMPARE(Bar().width(), size.width());
             CheckRectangles();
             for (const char* entry : {"mnuViewSBVisible", "mnuViewTBAlignBottom", "mnuViewSBVisible",
                                       "mnuViewTBVisible", "mnuViewTBVisible", "mnuViewTBAlignTop"}) {
-                program.Trigger(entry);
+                m_program->Trigger(entry);
                 CheckRectangles();
             }
         }
@@ -59,28 +53,28 @@ private Q_SLOTS:
 
     void TheBarsAreRemembered()
     {
-        Program& program = *m_program;
-        program.Start();
-        program.Trigger("mnuViewTBAlignBottom");
-        QCOMPARE(Stored("Mainform Toolbar", "Alignment"), 2);
-        QVERIFY(!program.Entry("mnuViewTBAlignTop").isChecked() && program.Entry("mnuViewTBAlignBottom").isChecked());
-        program.Trigger("mnuViewTBVisible");
-        QCOMPARE(Stored("Mainform Toolbar", "Visible"), 0);
-        QVERIFY(!program.Entry("mnuViewTBAlignTop").isEnabled() && !program.Entry("mnuViewTBVisible").isChecked());
-        program.Trigger("mnuViewSBVisible");
-        QCOMPARE(Stored("Mainform Sidebar", "Visible"), 0);
-        program.Exit();
-        program.Start();
+        m_program->Start();
+        m_program->Trigger("mnuViewTBAlignBottom");
+        QCOMPARE(Ini("Mainform Toolbar", "Alignment"), QStringLiteral("2"));
+        QVERIFY(!m_program->Entry("mnuViewTBAlignTop").isChecked() &&
+                m_program->Entry("mnuViewTBAlignBottom").isChecked());
+        m_program->Trigger("mnuViewTBVisible");
+        QCOMPARE(Ini("Mainform Toolbar", "Visible"), QStringLiteral("0"));
+        QVERIFY(!m_program->Entry("mnuViewTBAlignTop").isEnabled() &&
+                !m_program->Entry("mnuViewTBVisible").isChecked());
+        m_program->Trigger("mnuViewSBVisible");
+        QCOMPARE(Ini("Mainform Sidebar", "Visible"), QStringLiteral("0"));
+        m_program->Exit();
+        m_program->Start();
         QVERIFY(Bar().isHidden() && Sidebar().isHidden());
-        program.Trigger("mnuViewTBVisible");
-        QCOMPARE(Stored("Mainform Toolbar", "Visible"), -1);
+        m_program->Trigger("mnuViewTBVisible");
+        QCOMPARE(Ini("Mainform Toolbar", "Visible"), QStringLiteral("-1"));
         QVERIFY(Bar().y() > 0);
     }
 
     void TheToolbarIsDroppedOnASide()
     {
-        Program& program = *m_program;
-        program.Start();
+        m_program->Start();
         const auto drag = [&](int y) {
             const QPoint from(Bar().width() - 30, Bar().height() / 2);
             const QPoint to = from + QPoint(0, y - Bar().y() - from.y());
@@ -96,15 +90,14 @@ private Q_SLOTS:
         CheckRectangles();
         drag(5);
         QCOMPARE(Bar().y(), 0);
-        QCOMPARE(Stored("Mainform Toolbar", "Alignment"), 1);
+        QCOMPARE(Ini("Mainform Toolbar", "Alignment"), QStringLiteral("1"));
     }
 
     void TheTabsBringTheirPageToTheFront()
     {
-        Program& program = *m_program;
-        program.Start();
+        m_program->Start();
         const auto page = [&](int i) {
-            return program.form->findChild<QWidget*>(QStringLiteral("fraSidebar(%1)").arg(i))->isVisible();
+            return m_program->form->findChild<QWidget*>(QStringLiteral("fraSidebar(%1)").arg(i))->isVisible();
         };
         QVERIFY(page(0) && !page(1));
         QVERIFY(Sidebar().focusProxy()->hasFocus());

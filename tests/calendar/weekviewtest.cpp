@@ -49,17 +49,12 @@ class WeekViewTest : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-    }
+    void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
 
     void AYearOfWeeksBackAndForward()
     {
-        Program& program = *m_program;
-        program.New(Planner);
+        m_program->New(Planner);
         QList<Row> rows;
         for (int month = 1; month <= 12; ++month)
             rows << RowsOf(1999, month);
@@ -70,80 +65,77 @@ private Q_SLOTS:
         auto row = std::find_if(rows.cbegin(), rows.cend(), [](const Row& one) {
             return one.month == 3 && one.captions.contains(QStringLiteral("17"));
         });
-        program.Trigger("mnuWeekView");
-        for (; row != rows.cbegin(); --row, program.Trigger("mnuPrevWeek"))
+        m_program->Trigger("mnuWeekView");
+        for (; row != rows.cbegin(); --row, m_program->Trigger("mnuPrevWeek"))
             check(*row);
-        for (; row != rows.cend(); ++row, program.Trigger("mnuNextWeek"))
+        for (; row != rows.cend(); ++row, m_program->Trigger("mnuNextWeek"))
             check(*row);
         QCOMPARE(QPoint(g_iYear, g_iMonth), QPoint(2000, 1));
         QCOMPARE(g_iDay, std::int16_t{1});
-        program.Trigger("mnuPrevWeek");
+        m_program->Trigger("mnuPrevWeek");
         check(rows.last());
         QCOMPARE(g_iDay, std::int16_t{31});
-        QCOMPARE(program.Bottom().Caption(), QStringLiteral("DECEMBER 1999"));
-        QCOMPARE(program.Log(), QByteArray());
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("DECEMBER 1999"));
+        QCOMPARE(m_program->Log(), QByteArray());
     }
 
     void FebruaryKeepsTheLengthOfTheMonthLastDrawn()
     {
-        Program& program = *m_program;
-        program.New(Planner);
-        program.Trigger("mnuWeekView");
+        m_program->New(Planner);
+        m_program->Trigger("mnuWeekView");
         g_iYear = 2000;
         g_iMonth = 2;
         g_iDay = 28;
-        program.Entry("mnuViewSBVisible").trigger(); // lays out and draws the week of the selected day
-        QCOMPARE(program.Panel(38).Caption(), QStringLiteral("Memo3"));
+        m_program->Entry("mnuViewSBVisible").trigger(); // lays out and draws the week of the selected day
+        QCOMPARE(m_program->Panel(38).Caption(), QStringLiteral("Memo3"));
     }
 
     void NotesFollowTheirDaysThroughBothViews()
     {
-        Program& program = *m_program;
-        program.New(Planner);
-        program.Type(18, QStringLiteral("choir"));
-        program.Type(1, QStringLiteral("leading memo"));
-        program.Trigger("mnuWeekView");
-        QVERIFY(!program.Box(18).isVisible());
-        QCOMPARE(program.Box(39).Text(), QStringLiteral("choir"));
-        program.Type(40, QStringLiteral("dentist"));
+        m_program->New(Planner);
+        m_program->Type(18, QStringLiteral("choir"));
+        m_program->Type(1, QStringLiteral("leading memo"));
+        m_program->Trigger("mnuWeekView");
+        QVERIFY(!m_program->Box(18).isVisible());
+        QCOMPARE(m_program->Box(39).Text(), QStringLiteral("choir"));
+        m_program->Type(40, QStringLiteral("dentist"));
         QCOMPARE(g_iDay, std::int16_t{17}); // a click in the week selects no day
-        program.Trigger("mnuNextWeek");
-        QCOMPARE(program.Box(39).Text(), QString());
-        program.Type(36, QStringLiteral("sunday"));
+        m_program->Trigger("mnuNextWeek");
+        QCOMPARE(m_program->Box(39).Text(), QString());
+        m_program->Type(36, QStringLiteral("sunday"));
         // A new size draws the week of the selected day again, with its own notes.
-        program.form->resize(900, 650);
-        QTRY_COMPARE(program.Panel(36).Caption(), QStringLiteral(" 14"));
-        QCOMPARE(program.Box(39).Text(), QStringLiteral("choir"));
-        QCOMPARE(program.Box(36).Text(), QString());
-        program.Trigger("mnuPrevWeek");
-        program.Trigger("mnuPrevWeek");
-        QCOMPARE(program.Panel(36).Caption(), QStringLiteral("Memo1"));
-        QCOMPARE(program.Box(36).Text(), QStringLiteral("leading memo"));
-        program.Trigger("mnuCurrentWeek");
-        QCOMPARE(program.Box(40).Text(), QStringLiteral("dentist"));
-        QCOMPARE(program.Box(36).Text(), QString());
-        program.Trigger("mnuMonthView");
-        QCOMPARE(program.Box(19).Text(), QStringLiteral("dentist"));
-        QCOMPARE(program.Box(22).Text(), QStringLiteral("sunday"));
-        QVERIFY(!program.Box(40).isVisible());
-        QCOMPARE(program.Log(), QByteArray());
+        m_program->form->resize(900, 650);
+        QTRY_COMPARE(m_program->Panel(36).Caption(), QStringLiteral(" 14"));
+        QCOMPARE(m_program->Box(39).Text(), QStringLiteral("choir"));
+        QCOMPARE(m_program->Box(36).Text(), QString());
+        m_program->Trigger("mnuPrevWeek");
+        m_program->Trigger("mnuPrevWeek");
+        QCOMPARE(m_program->Panel(36).Caption(), QStringLiteral("Memo1"));
+        QCOMPARE(m_program->Box(36).Text(), QStringLiteral("leading memo"));
+        m_program->Trigger("mnuCurrentWeek");
+        QCOMPARE(m_program->Box(40).Text(), QStringLiteral("dentist"));
+        QCOMPARE(m_program->Box(36).Text(), QString());
+        m_program->Trigger("mnuMonthView");
+        QCOMPARE(m_program->Box(19).Text(), QStringLiteral("dentist"));
+        QCOMPARE(m_program->Box(22).Text(), QStringLiteral("sunday"));
+        QVERIFY(!m_program->Box(40).isVisible());
+        QCOMPARE(m_program->Log(), QByteArray());
     }
 
     void TodayAndThePastAreStyledInEachWeek()
     {
-        Program& program = *m_program;
-        program.New(Planner);
-        program.Trigger("mnuWeekView");
-        QCOMPARE(program.Panel(39).ForeColor(), 0x0000FFu);
-        QVERIFY(program.Panel(38).CaptionFont().strikeOut());
-        QCOMPARE(program.Panel(40).CaptionFont().pointSize(), 12);
-        program.Trigger("mnuNextWeek");
-        QCOMPARE(program.Panel(39).ForeColor(), 0u);
-        QVERIFY(!program.Panel(36).CaptionFont().strikeOut());
+        m_program->New(Planner);
+        m_program->Trigger("mnuWeekView");
+        QCOMPARE(m_program->Panel(39).ForeColor(), 0x0000FFu);
+        QVERIFY(m_program->Panel(38).CaptionFont().strikeOut());
+        QCOMPARE(m_program->Panel(40).CaptionFont().pointSize(), 12);
+        m_program->Trigger("mnuNextWeek");
+        QCOMPARE(m_program->Panel(39).ForeColor(), 0u);
+        QVERIFY(!m_program->Panel(36).CaptionFont().strikeOut());
         for (int i = 0; i < 5; ++i)
-            program.Trigger("mnuPrevWeek");
-        QCOMPARE(program.Panel(42).Caption(), QStringLiteral(" 27"));
-        QVERIFY(program.Panel(42).CaptionFont().strikeOut());
+            m_program->Trigger("mnuPrevWeek");
+        QCOMPARE(m_program->Panel(42).Caption(), QStringLiteral(" 27"));
+        QVERIFY(m_program->Panel(42).CaptionFont().strikeOut());
     }
 };
 

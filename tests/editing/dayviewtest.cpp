@@ -1,7 +1,7 @@
 #include "editing/zoomboxform.h"
 #include "platform/controls/picturebutton.h"
-#include "platform/profile/profile.h"
 #include "program.h"
+#include "settingsfile.h"
 
 #include <QGroupBox>
 
@@ -17,19 +17,10 @@ class DayViewTest : public QObject
 
     static void Press(ZoomBoxForm& form, const char* button)
     {
-        QTest::keyClick(form.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::Key_Return);
+        QTest::keyClick(&In<QPushButton>(form, button), Qt::Key_Return);
     }
 
-    static QString Heading(const ZoomBoxForm& form)
-    {
-        return form.findChild<QGroupBox*>(QStringLiteral("frZoom"))->title();
-    }
-
-    int Ini(const char* key)
-    {
-        return GetPrivateProfileIntA(QStringLiteral("Zoombox"), QString::fromLatin1(key), -1,
-                                     QStringLiteral("PLANNER.INI"));
-    }
+    static QString Heading(const ZoomBoxForm& form) { return In<QGroupBox>(form, "frZoom").title(); }
 
     bool ScratchExists() const
     {
@@ -43,26 +34,8 @@ class DayViewTest : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-    }
+    void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
-
-    void withoutAPlannerThereIsOnlyAMessage()
-    {
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(seen.Text, QStringLiteral("No Planner Exists!\n\nUse 'File' | 'New' to create a new planner or\nUse "
-                                           "'File | Open' to open an existing planner"));
-        AnswerNextBox(msgbox::Ok);
-        auto* const picture = m_program->form->findChild<PictureButton*>(QStringLiteral("picDay"));
-        QTest::mouseClick(picture, Qt::LeftButton);
-        QCOMPARE(WaitingAnswers(), 0);
-        QVERIFY(picture->Visible(0));
-    }
 
     void okTakesTheTextOver()
     {
@@ -72,12 +45,11 @@ private Q_SLOTS:
             QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH 17, 1999"));
             QCOMPARE(form.size(), QSize(411, 311)); // until it was closed at another size
             QVERIFY(ScratchExists());
-            QVERIFY(m_program->form->findChild<PictureButton*>(QStringLiteral("picDay"))->Visible(1));
+            QVERIFY(m_program->Find<PictureButton>("picDay").Visible(1));
             form.move(60, 50);
             form.resize(500, 400);
             QTest::keyClicks(&form.tbZoom(), QStringLiteral("green "));
-            form.tbZoom().SetSelStart(0);
-            form.tbZoom().SetSelLength(5);
+            Select(form.tbZoom(), 0, 5);
             Activate(form);
             QTest::keyClick(&form.tbZoom(), Qt::Key_B, Qt::ControlModifier);
             Press(form, "btnOk");
@@ -87,12 +59,11 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box(18).Text(), QStringLiteral("green tea"));
         QVERIFY(!ScratchExists());
         QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("green"));
-        m_program->Box(18).SetSelStart(0);
-        m_program->Box(18).SetSelLength(5);
+        Select(m_program->Box(18), 0, 5);
         QCOMPARE(m_program->Box(18).SelBold(), true);
-        QCOMPARE(Ini("Left"), 900);
-        QCOMPARE(Ini("Width"), 7500);
-        QCOMPARE(Ini("Height"), 6000);
+        QCOMPARE(Ini("Zoombox", "Left"), QStringLiteral("900"));
+        QCOMPARE(Ini("Zoombox", "Width"), QStringLiteral("7500"));
+        QCOMPARE(Ini("Zoombox", "Height"), QStringLiteral("6000"));
     }
 
     void waysOutWithoutTheText_data()
@@ -117,7 +88,7 @@ private Q_SLOTS:
         Q_EMIT m_program->Panel(18).DblClick();
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
-        QCOMPARE(Ini("Left"), -1);
+        QCOMPARE(Ini("Zoombox", "Left"), QStringLiteral("none"));
         QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("kept"));
     }
 
@@ -138,18 +109,14 @@ private Q_SLOTS:
     // The four styles of the initial font are the cell's alone.
     void anEmptyDayBeginsInTheInitialFont()
     {
-        for (const char* key : {"BOLD", "FONTSIZE"})
-            WritePrivateProfileStringA(QStringLiteral("DEFAULT FONTS"), QString::fromLatin1(key),
-                                       QLatin1StringView(key) == QLatin1StringView("BOLD") ? QStringLiteral("1")
-                                                                                           : QStringLiteral("15"),
-                                       QStringLiteral("PLANNER.INI"));
+        SetIni("DEFAULT FONTS", "BOLD", "1");
+        SetIni("DEFAULT FONTS", "FONTSIZE", "15");
         m_program->New(m_file);
         m_program->Click(20);
         QCOMPARE(m_program->Box(20).SelBold(), true);
         InDayView([](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), QStringLiteral("x"));
-            form.tbZoom().SetSelStart(0);
-            form.tbZoom().SetSelLength(1);
+            Select(form.tbZoom(), 0, 1);
             QCOMPARE(form.tbZoom().SelBold(), false);
             QCOMPARE(form.tbZoom().SelFontSize(), 15.0);
             AnswerFontDialog(
@@ -221,7 +188,7 @@ private Q_SLOTS:
         QCOMPARE(g_iCurrentPanel, 20);
         m_program->Trigger("mnuWeekView");
         m_program->Trigger("mnuNextWeek");
-        m_program->form->findChild<QWidget*>(QStringLiteral("tabSidebar"))->setFocus();
+        m_program->Find<QWidget>("tabSidebar").setFocus();
         InDayView([](ZoomBoxForm& form) {
             QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH 21, 1999")); // the first that is shown
             Press(form, "btnCancel");

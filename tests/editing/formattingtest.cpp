@@ -6,6 +6,8 @@
 #include <QClipboard>
 #include <QListView>
 
+using namespace Qt::StringLiterals;
+
 // The commands that change the look of the current note, on the real window.
 class FormattingTest : public QObject
 {
@@ -15,10 +17,10 @@ class FormattingTest : public QObject
 
     ToolbarButton& Button(const char* key)
     {
-        return m_program->form->findChild<Toolbar*>(QStringLiteral("tbTop"))->Buttons(QString::fromLatin1(key));
+        return m_program->Find<Toolbar>("tbTop").Buttons(QString::fromLatin1(key));
     }
 
-    ORLCombo& Combo(const char* name) { return *m_program->form->findChild<ORLCombo*>(QString::fromLatin1(name)); }
+    ORLCombo& Combo(const char* name) { return m_program->Find<ORLCombo>(name); }
 
     // The entry with this text, by the keyboard.
     void Choose(const char* name, const QString& text)
@@ -50,17 +52,10 @@ class FormattingTest : public QObject
                     });
     }
 
-    static void Select(RichTextBox& box, int start, int length)
-    {
-        box.SetSelStart(start);
-        box.SetSelLength(length);
-    }
-
 private Q_SLOTS:
     void init()
     {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
+        m_program = Program::Started();
         m_program->New(QStringLiteral("notes.mdb"));
     }
     void cleanup() { m_program.reset(); }
@@ -70,14 +65,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("entry");
         QTest::addColumn<QString>("key");
         QTest::addColumn<int>("letter");
-        QTest::newRow("bold") << "mnuBold"
-                              << "bold" << int(Qt::Key_B);
-        QTest::newRow("italic") << "mnuItalic"
-                                << "italic" << int(Qt::Key_I);
-        QTest::newRow("underline") << "mnuUnderline"
-                                   << "underline" << int(Qt::Key_U);
-        QTest::newRow("strikethrough") << "mnuStrikeThru"
-                                       << "strikethru" << int(Qt::Key_T);
+        QTest::newRow("bold") << u"mnuBold"_s << u"bold"_s << int(Qt::Key_B);
+        QTest::newRow("italic") << u"mnuItalic"_s << u"italic"_s << int(Qt::Key_I);
+        QTest::newRow("underline") << u"mnuUnderline"_s << u"underline"_s << int(Qt::Key_U);
+        QTest::newRow("strikethrough") << u"mnuStrikeThru"_s << u"strikethru"_s << int(Qt::Key_T);
     }
     void stylesToggleFromEveryPlace()
     {

@@ -2,8 +2,6 @@
 #include "platform/controls/picturestrip.h"
 #include "program.h"
 
-#include <QDropEvent>
-#include <QMimeData>
 #include <QTabBar>
 
 namespace {
@@ -17,14 +15,6 @@ void MakeIcon(const QString& path, QColor color)
     QVERIFY(image.save(path, "ICO"));
 }
 
-void Drop(QWidget& target, const QMimeData& data, QPoint at = QPoint(10, 10))
-{
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&target, &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&target, &drop);
-}
 } // namespace
 
 // The strip of pictures on the real window. Two pictures come with the program: a blue and a red one.
@@ -34,20 +24,11 @@ class PictureBarTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    PictureStrip& Strip() { return *m_program->form->findChild<PictureStrip*>(QStringLiteral("tbPictureBox")); }
+    PictureStrip& Strip() { return m_program->Find<PictureStrip>("tbPictureBox"); }
     QString Content() { return Strip().toPlainText(); }
     QDir Icons() { return QDir(folders::ApplicationDirectory() + QStringLiteral("/icons")); }
     void ShowPictures() { m_program->form->findChild<QTabBar*>()->setCurrentIndex(1); }
-    void Reload()
-    {
-        QTest::keyClick(m_program->form->findChild<QPushButton*>(QStringLiteral("btnReloadIcons")), Qt::Key_Return);
-    }
-
-    void Select(int start, int length)
-    {
-        Strip().SetSelStart(start);
-        Strip().SetSelLength(length);
-    }
+    void Reload() { QTest::keyClick(&m_program->Find<QPushButton>("btnReloadIcons"), Qt::Key_Return); }
 
     void DropFiles(const QStringList& paths)
     {
@@ -56,7 +37,7 @@ class PictureBarTest : public QObject
         for (const QString& path : paths)
             urls.append(QUrl::fromLocalFile(path));
         data.setUrls(urls);
-        Drop(*Strip().viewport(), data);
+        Drop(Strip(), data);
     }
 
 private Q_SLOTS:
@@ -107,9 +88,7 @@ private Q_SLOTS:
     {
         ShowPictures();
         MakeIcon(Icons().filePath(QStringLiteral("d-green.ico")), Qt::green);
-        QFile damaged(Icons().filePath(QStringLiteral("c-damaged.ico")));
-        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no icon at all") > 0);
-        damaged.close();
+        SetContent(Icons().filePath(QStringLiteral("c-damaged.ico")), "no icon at all");
         Reload();
         QCOMPARE(Content().count(Picture), 2);
         QVERIFY(m_program->Log().contains(":Invalid picture in MainForm, subLoadIcons"));
@@ -132,11 +111,10 @@ private Q_SLOTS:
         QCOMPARE(Content().count(Picture), 2); // until it is loaded again
         Reload();
         QCOMPARE(Content().count(Picture), 3);
-        QFile damaged(m_program->folders.Path(QStringLiteral("damaged.ico")));
-        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no icon at all") > 0);
-        damaged.close();
+        const QString damaged = m_program->folders.Path(QStringLiteral("damaged.ico"));
+        SetContent(damaged, "no icon at all");
         AnswerNextBox(msgbox::Ok, &seen);
-        DropFiles({damaged.fileName()});
+        DropFiles({damaged});
         QCOMPARE(seen.Text, QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
         DropFiles({QStringLiteral("/nowhere/third.ico")});
         QVERIFY(!Icons().exists(QStringLiteral("third.ico")));
@@ -148,7 +126,7 @@ private Q_SLOTS:
         m_program->New(File);
         ShowPictures();
         for (const auto& [start, length] : {std::pair(1, 2), std::pair(0, 2), std::pair(0, 5)}) {
-            Select(start, length);
+            Select(Strip(), start, length);
             QMimeData data;
             QPixmap cursor;
             SeenBox seen;
@@ -164,9 +142,9 @@ private Q_SLOTS:
         Q_EMIT Strip().OLEStartDrag(data, cursor);
         QCOMPARE(cursor.size(), QSize(32, 32));
         m_program->Type(18, QStringLiteral("tea"));
-        Drop(*m_program->Box(18).viewport(), data, QPoint(100, 8));
+        Drop(m_program->Box(18), data, QPoint(100, 8));
         QCOMPARE(m_program->Box(18).toPlainText(), QStringLiteral("tea") + Picture + u' ');
-        Drop(*m_program->Box(20).viewport(), data);
+        Drop(m_program->Box(20), data);
         m_program->Trigger("mnuSave");
         for (const char* day : {"1999/3/17", "1999/3/19"}) {
             const QByteArray stored = m_program->Stored(File, QString::fromLatin1(day));
@@ -176,14 +154,11 @@ private Q_SLOTS:
 
     void oldPicturesGetTheHeaderOfAnIcon()
     {
-        QFile file(folders::ApplicationDirectory() + QStringLiteral("/pictures.orl"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw10 0100\r\n0900\r\n}}");
-        file.close();
+        const QString path = folders::ApplicationDirectory() + QStringLiteral("/pictures.orl");
+        SetContent(path, "{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw10 0100\r\n0900\r\n}}");
         subFixPictures();
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw846\\pich846\\picwgoal479"
-                                            "\\pichgoal479\r\n0900\r\n}}\r\n"));
+        QCOMPARE(::Content(path), QByteArray("{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw846\\pich846\\picwgoal479"
+                                             "\\pichgoal479\r\n0900\r\n}}\r\n"));
     }
 
     void oneColourIsLeftOut()

@@ -1,7 +1,7 @@
 #include "faultycalls.h"
 #include "plannerfile/journalfile.h"
 #include "plannerfile/rescuefiles.h"
-#include "plannerfile/schema.h"
+#include "planners.h"
 #include "platform/engine/damagetesting.h"
 #include "platform/engine/testserver.h"
 #include "platform/profile/profile.h"
@@ -134,11 +134,10 @@ QString Settings(const Scene& scene)
 QString Convert(const Scene& scene)
 {
     folders::SetRootForTests(scene.root); // where the reader is
-    const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
     scene.Begin();
     return AnswerOf([&] {
         const DBEngine::AloneWith alone(scene.Path(OldPlanner));
-        DBEngine::CompactDatabase(scene.Path(OldPlanner), scene.Path(QStringLiteral("/dummy.mdb")), tables);
+        DBEngine::CompactDatabase(scene.Path(OldPlanner), scene.Path(QStringLiteral("/dummy.mdb")), plannerTables);
         DBEngine::ReplaceDatabase(scene.Path(QStringLiteral("/dummy.mdb")), scene.Path(OldPlanner));
     });
 }
@@ -192,9 +191,7 @@ class FaultSuite : public QObject
         QFile::link(QStringLiteral(READER), Path(QStringLiteral("/shipped/orrelin-readjet")));
         QFile::copy(QStringLiteral(SAMPLE), Path(OldPlanner));
         QFile::setPermissions(Path(OldPlanner), QFile::ReadOwner | QFile::WriteOwner);
-        Database planner = DBEngine::CreateDatabase(Path(Planner), {});
-        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
-            planner.Append(table);
+        Database planner = ::MakePlanner(Path(Planner));
         Recordset notes = schema::OpenNotes(planner);
         for (int day = 1; day <= 30; day += 2) // every other one
             Write(notes, QStringLiteral("1999/3/%1").arg(day), OldNote(day));

@@ -100,7 +100,7 @@ int TryFolder(const std::filesystem::path& folder, long runs, std::uint32_t seed
 
 int main(int count, char** arguments)
 {
-    LLVMFuzzerInitialize(&count, &arguments);
+    if (LLVMFuzzerInitialize) LLVMFuzzerInitialize(&count, &arguments);
     if (count < 2) {
         std::fprintf(stderr, "%s FOLDER [RUNS [SEED]] | FILE\n", arguments[0]);
         return 2;

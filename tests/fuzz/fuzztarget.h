@@ -1,11 +1,20 @@
-// What a fuzz target is: the two routines that libFuzzer and our own driver call.
+// What a fuzz target is: the routines that libFuzzer and our own driver call, and how it tells of a broken rule.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 
-// Called once, before any input.
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments);
+// Called once, before any input, where a target has it.
+extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) __attribute__((weak));
 
 // Ends the program where the input breaks a rule.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+inline void Require(bool holds, const char* rule)
+{
+    if (holds) return;
+    std::fprintf(stderr, "broken: %s\n", rule);
+    std::abort();
+}

@@ -3,23 +3,6 @@
 #include "fuzz/fuzztarget.h"
 #include "platform/profile/inifile.h"
 
-#include <cstdio>
-#include <cstdlib>
-
-namespace {
-void Require(bool holds, const char* rule)
-{
-    if (holds) return;
-    std::fprintf(stderr, "inifuzz: broken: %s\n", rule);
-    std::abort();
-}
-} // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray text(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

@@ -9,17 +9,7 @@
 #include <QBuffer>
 #include <QCoreApplication>
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
-void Require(bool holds, const char* rule)
-{
-    if (holds) return;
-    std::fprintf(stderr, "jetframesfuzz: broken: %s\n", rule);
-    std::abort();
-}
-
 void DecodeEachWay(const JetColumn& column, const QByteArray& bytes, const JetEncoding& encoding)
 {
     for (const FieldType type : {dbBoolean, dbLong, dbSingle, dbDate, dbText, dbMemo}) {

@@ -5,28 +5,13 @@
 
 #include <QCryptographicHash>
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
-void Require(bool holds, const char* rule)
-{
-    if (holds) return;
-    std::fprintf(stderr, "journalfuzz: broken: %s\n", rule);
-    std::abort();
-}
-
 // A changed journal has no right sum, and would be refused before anything of it is looked at.
 QByteArray WithRightSum(const QByteArray& content)
 {
     return "Orrelin journal 1\n" + QCryptographicHash::hash(content, QCryptographicHash::Sha256) + content;
 }
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

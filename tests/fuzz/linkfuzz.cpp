@@ -9,19 +9,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <cstdlib>
 #include <libpq-fe.h>
 #include <set>
 
 namespace {
-void Require(bool holds, const char* rule)
-{
-    if (holds) return;
-    std::fprintf(stderr, "linkfuzz: broken: %s\n", rule);
-    std::abort();
-}
-
 // As the library itself takes the connection string apart.
 void HoldsWhatItMay(const std::string& connection)
 {
@@ -48,11 +39,6 @@ void Read(const QString& path)
     }
 }
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -8,20 +8,11 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <unistd.h>
 
 namespace {
 constexpr plannerformat::HeldRecord Record{3, 7};
 constexpr qsizetype LongestName = plannerformat::UserBytes + plannerformat::MachineBytes + 40;
-
-void Require(bool holds, const char* rule)
-{
-    if (holds) return;
-    std::fprintf(stderr, "locksfuzz: broken: %s\n", rule);
-    std::abort();
-}
 
 void RequireReadable(const QString& name)
 {
@@ -29,11 +20,6 @@ void RequireReadable(const QString& name)
     Require(std::ranges::all_of(name, [](QChar c) { return c.isPrint() || c.isSurrogate(); }), "a name is of one line");
 }
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -8,9 +8,6 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
 
 // What is read and written grows with the input and no faster. The dearest input there is: signs beyond 16 bits, a byte
@@ -18,13 +15,6 @@ namespace {
 constexpr qsizetype SomeBytes = 4096;
 constexpr qsizetype LettersForByte = 2;
 constexpr qsizetype BytesForByte = 256;
-
-void Require(bool holds, const char* rule)
-{
-    if (holds) return;
-    std::fprintf(stderr, "rtffuzz: broken: %s\n", rule);
-    std::abort();
-}
 
 void ReadsWhatItWrites(QByteArrayView rtf)
 {

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/dbengine.h"
 
@@ -18,9 +19,8 @@ class FileTypeTest : public QObject
 
     QString Write(const QString& name, const QByteArray& content) const
     {
-        QFile file(m_data.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0) qFatal("no room for a temporary file");
-        return file.fileName();
+        SetContent(m_data.filePath(name), content);
+        return m_data.filePath(name);
     }
 
     QByteArray Planner() const
@@ -28,8 +28,7 @@ class FileTypeTest : public QObject
         const QString path = m_data.filePath(QStringLiteral("made"));
         QFile::remove(path);
         DBEngine::CreateDatabase(path, schema::Locale).Append(schema::NotesTable());
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return Content(path);
     }
 
 public:
@@ -64,9 +63,7 @@ private Q_SLOTS:
 
     void TheDesktopEntryTakesThemAll()
     {
-        QFile file(QStringLiteral(PACKAGING_FOLDER "/org.orrelin.Orrelin.desktop"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray entry = file.readAll();
+        const QByteArray entry = Content(QStringLiteral(PACKAGING_FOLDER "/org.orrelin.Orrelin.desktop"));
         for (const QString& type : {m_planner, m_link}) {
             QVERIFY(QMimeDatabase().mimeTypeForName(type).isValid());
             QVERIFY(entry.contains(type.toUtf8() + ';'));

@@ -43,8 +43,7 @@ class BackupsTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
+        m_program = Program::Started();
         m_program->New(m_file);
     }
     void cleanup() { m_program.reset(); }

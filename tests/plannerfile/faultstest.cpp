@@ -2,38 +2,30 @@
 #include "plannerfile/rescuefiles.h"
 #include "program.h"
 
-#include <QProcess>
-
-#include <csignal>
-
-// What becomes of notes when the store fails at any call, and when the process is killed at any moment.
+// What becomes of notes when the store fails at any call.
 class FaultsTest : public QObject
 {
     Q_OBJECT
 
     std::unique_ptr<Program> m_program;
-    std::shared_ptr<FailurePlan> m_plan;
+    std::optional<FailingStores> m_failing;
 
     void StartWithFailingStore()
     {
-        m_plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests(
-            [plan = m_plan](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, plan); });
-        m_program = std::make_unique<Program>();
-        m_program->Start();
+        m_failing.emplace();
+        m_program = Program::Started();
         m_program->New(QStringLiteral("notes.mdb"));
     }
 
     void Fail(FailurePlan::When when, int at, int number, const QString& only = {})
     {
-        *m_plan = {at, when, {number, QStringLiteral("The disk is full")}, only};
+        *m_failing->plan = {at, when, {number, QStringLiteral("The disk is full")}, only};
     }
 
     void Replace(int cell, const QString& text)
     {
         m_program->Click(cell);
-        m_program->Box(cell).SetSelStart(0);
-        m_program->Box(cell).SetSelLength(1000);
+        Select(m_program->Box(cell), 0, 1000);
         QTest::keyClicks(&m_program->Box(cell), text);
     }
 
@@ -46,7 +38,7 @@ private Q_SLOTS:
     void cleanup()
     {
         m_program.reset();
-        DBEngine::SetStoreWrapperForTests(nullptr);
+        m_failing.reset();
     }
 
     void NoFailingCallLosesANote_data()
@@ -64,38 +56,36 @@ private Q_SLOTS:
         QFETCH(int, when);
         QFETCH(int, number);
         StartWithFailingStore();
-        Program& program = *m_program;
-        program.Type(22, QStringLiteral("untouched"));
-        program.Trigger("mnuSave");
+        m_program->Type(22, QStringLiteral("untouched"));
+        m_program->Trigger("mnuSave");
         int calls = 1;
         for (int at = 1; at <= calls; at += calls > 100 ? 5 : 1) {
             const QString text = QStringLiteral("note%1").arg(at);
             Replace(20, text);
             Replace(21, text);
-            program.Click(22); // entered, and so written again
+            m_program->Click(22); // entered, and so written again
             Fail(FailurePlan::When(when), at, number);
-            program.Trigger("mnuNextMonth");
-            program.Trigger("mnuPrevMonth");
-            calls = when == FailurePlan::ForEver ? qMax(calls, 120) : m_plan->calls;
+            m_program->Trigger("mnuNextMonth");
+            m_program->Trigger("mnuPrevMonth");
+            calls = when == FailurePlan::ForEver ? qMax(calls, 120) : m_failing->plan->calls;
             Fail(FailurePlan::Before, 0, 0);
-            program.Trigger("mnuSave"); // what was left over goes with the next save
+            m_program->Trigger("mnuSave"); // what was left over goes with the next save
             QVERIFY2(Stored("1999/3/19").contains(text.toLatin1()), qPrintable(text));
             QVERIFY2(Stored("1999/3/20").contains(text.toLatin1()), qPrintable(text));
             QVERIFY2(Stored("1999/3/21").contains("untouched"), qPrintable(text));
-            QCOMPARE(program.Box(20).Text(), text);
-            QCOMPARE(program.Box(22).Text(), QStringLiteral("untouched"));
+            QCOMPARE(m_program->Box(20).Text(), text);
+            QCOMPARE(m_program->Box(22).Text(), QStringLiteral("untouched"));
         }
     }
 
     void ANoteThatCouldNotBeWrittenIsShownAgain()
     {
         StartWithFailingStore();
-        Program& program = *m_program;
-        program.Type(20, QStringLiteral("shelved"));
+        m_program->Type(20, QStringLiteral("shelved"));
         Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
-        program.Trigger("mnuNextMonth");
-        program.Trigger("mnuPrevMonth");
-        QCOMPARE(program.Box(20).Text(), QStringLiteral("shelved"));
+        m_program->Trigger("mnuNextMonth");
+        m_program->Trigger("mnuPrevMonth");
+        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("shelved"));
         // The exit tells of it instead of losing it.
         SeenBox seen;
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
@@ -103,9 +93,9 @@ private Q_SLOTS:
             Fail(FailurePlan::Before, 0, 0);
             box.button(QMessageBox::Retry)->click();
         });
-        program.Trigger("mnuExit");
+        m_program->Trigger("mnuExit");
         QVERIFY(seen.Text.contains(QStringLiteral("Mar 19, 1999")));
-        program.form.reset();
+        m_program->form.reset();
         QVERIFY(Stored("1999/3/19").contains("shelved"));
     }
 
@@ -125,9 +115,8 @@ private Q_SLOTS:
         if (asked) AnswerNextBox(msgbox::Cancel);
         m_program->form->subExitProgram(asked ? Mainform::CloseBox : Mainform::ProcessIsEnded);
         QVERIFY(m_program->form->HasEnded());
-        QFile kept(folders::ApplicationDirectory() + QStringLiteral("/unsaved/notes 1999-3-19.rtf"));
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QVERIFY(kept.readAll().contains("shelved"));
+        const QString kept = folders::ApplicationDirectory() + QStringLiteral("/unsaved/notes 1999-3-19.rtf");
+        QVERIFY(Content(kept).contains("shelved"));
     }
 
     // By the session or a signal, while a question waits that nobody can answer any more.
@@ -162,82 +151,18 @@ private Q_SLOTS:
     void ADayThatCouldNotBeReadIsNeverEmptied()
     {
         StartWithFailingStore();
-        Program& program = *m_program;
-        program.Type(20, QStringLiteral("precious"));
-        program.Trigger("mnuNextMonth");
+        m_program->Type(20, QStringLiteral("precious"));
+        m_program->Trigger("mnuNextMonth");
         Fail(FailurePlan::ForEver, 1, 3043, QStringLiteral("Find"));
-        program.Trigger("mnuPrevMonth");
-        QCOMPARE(program.Box(20).Text(), QString());
-        program.Type(20, QStringLiteral("x"));
-        QCOMPARE(program.Box(20).Text(), QString());
+        m_program->Trigger("mnuPrevMonth");
+        QCOMPARE(m_program->Box(20).Text(), QString());
+        m_program->Type(20, QStringLiteral("x"));
+        QCOMPARE(m_program->Box(20).Text(), QString());
         Fail(FailurePlan::Before, 0, 0);
-        program.Trigger("mnuSave");
-        QCOMPARE(program.Box(20).Text(), QStringLiteral("precious"));
-    }
-
-    void AKilledProcessLeavesEveryNoteThatWasSaved()
-    {
-        m_program = std::make_unique<Program>();
-        int lastSeen = 0;
-        for (int round = 0; round < 4; ++round) {
-            QProcess writer;
-            writer.start(QCoreApplication::applicationFilePath(),
-                         {QStringLiteral("--write-notes"), m_program->folders.Path({})});
-            QByteArray output;
-            const int wanted = 2 + round * 3;
-            while (output.count('\n') < wanted && writer.waitForReadyRead(60000))
-                output += writer.readAll();
-            ::kill(static_cast<pid_t>(writer.processId()), SIGKILL);
-            writer.waitForFinished();
-            const QList<QByteArray> saved = (output + writer.readAll()).split('\n');
-            QVERIFY(saved.size() > wanted);
-            lastSeen = saved.at(saved.size() - 2).toInt();
-            for (int day = 1; day <= qMin(lastSeen, 28); ++day) {
-                QVERIFY2(Stored(qPrintable(QStringLiteral("1999/3/%1").arg(day))).contains("note"),
-                         qPrintable(QString::number(day)));
-            }
-        }
-    }
-
-public:
-    // The child: one note after the other, each told of once the save has come back.
-    static int WriteNotes(const QString& root)
-    {
-        folders::SetRootForTests(root);
-        Program program;
-        folders::SetRootForTests(root);
-        program.Start();
-        g_sDBPath.clear();
-        const QString path = root + QStringLiteral("/notes.mdb");
-        if (QFile::exists(path)) {
-            AnswerNextFileDialog(path);
-            Program::AnswerOpenAs(false);
-            program.Trigger("mnuOpen");
-        } else {
-            AnswerNextFileDialog(path);
-            Program::AnswerOpenAs(false);
-            AnswerNextBox(msgbox::Ok);
-            program.Trigger("mnuNew");
-        }
-        for (int i = 0; i < 28; ++i) {
-            program.Type(program.CellOf(i + 1), QStringLiteral("note %1 ").arg(i).repeated(20));
-            program.Trigger("mnuSave");
-            std::printf("%d\n", i + 1);
-            std::fflush(stdout);
-        }
-        std::printf("99\n");
-        return 0;
+        m_program->Trigger("mnuSave");
+        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("precious"));
     }
 };
 
-int main(int argc, char** argv)
-{
-    QApplication application(argc, argv);
-    if (argc == 3 && QLatin1StringView(argv[1]) == QLatin1StringView("--write-notes")) {
-        return FaultsTest::WriteNotes(QString::fromLocal8Bit(argv[2]));
-    }
-    FaultsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(FaultsTest)
 #include "faultstest.moc"

@@ -24,29 +24,12 @@ class JournalTest : public QObject
     QMap<QString, QByteArray> m_atTheCut;
 
     static QString Folder() { return folders::ApplicationDirectory() + QStringLiteral("/journal"); }
-    static QByteArray Content(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    static void SetContent(const QString& path, const QByteArray& bytes)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
     static QByteArray Journalled()
     {
         QByteArray all;
         for (const QString& name : QDir(Folder()).entryList({QStringLiteral("*.notes")}))
             all += Content(Folder() + u'/' + name);
         return all;
-    }
-    void WriteAs(const QString& key, const QByteArray& text) const
-    {
-        Database planner = DBEngine::OpenDatabase(m_program->folders.Path(m_program->File));
-        Recordset notes = Days(planner);
-        Write(notes, key, text);
     }
     QString Stored() const { return PlainText(m_program->Stored(m_program->File, m_program->Key)); }
 
@@ -75,7 +58,7 @@ class JournalTest : public QObject
     }
     static void Press(const RecoveryForm& form, const char* button)
     {
-        QTest::mouseClick(form.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
     // Types into the day, in its cell or in the day view, until the journal has it.
     void TypeUntilTheCut(bool shared, bool inDayView)
@@ -91,14 +74,14 @@ class JournalTest : public QObject
             QTest::keyClick(&form.tbZoom(), Qt::Key_End, Qt::ControlModifier);
             QTest::keyClicks(&form.tbZoom(), QStringLiteral(" and new"));
             CutWhenJournalled("old and new");
-            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnCancel")), Qt::LeftButton);
+            QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton);
         });
         m_program->Trigger("mnuDayView");
         m_program->Activate();
     }
     void StartTyping(bool shared, bool inDayView = false)
     {
-        WriteAs(m_program->Key, "old");
+        m_program->WriteAs(m_program->Key, "old");
         m_program->Start();
         m_program->Open(m_program->File, shared);
         TypeUntilTheCut(shared, inDayView);
@@ -133,12 +116,12 @@ private Q_SLOTS:
         StartTyping(shared, inDayView);
         StartAfterTheCut();
         QCOMPARE(Stored(), QStringLiteral("old"));
-        if (othersWrote) WriteAs(m_program->Key, "theirs");
+        if (othersWrote) m_program->WriteAs(m_program->Key, "theirs");
         const QString wanted = othersWrote ? QStringLiteral("theirs\nold and new") : QStringLiteral("old and new");
         QString stored, found;
         OpenAndAnswer(shared, [&](RecoveryForm& form) {
-            stored = form.findChild<RichTextBox*>(QStringLiteral("tbStored"))->Text();
-            found = form.findChild<RichTextBox*>(QStringLiteral("tbFound"))->Text();
+            stored = In<RichTextBox>(form, "tbStored").Text();
+            found = In<RichTextBox>(form, "tbFound").Text();
             Press(form, "btnOk");
         });
         QCOMPARE(stored, othersWrote ? QStringLiteral("theirs") : QStringLiteral("old"));
@@ -156,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box().Text(), QStringLiteral("old"));
         QVERIFY(Journalled().contains("old and new"));
         OpenAndAnswer(false, [](RecoveryForm& form) {
-            QTest::keyClick(form.findChild<QListWidget*>(QStringLiteral("lstDays")), Qt::Key_Space);
+            QTest::keyClick(&In<QListWidget>(form, "lstDays"), Qt::Key_Space);
             Press(form, "btnOk");
         });
         QCOMPARE(Stored(), QStringLiteral("old"));
@@ -229,11 +212,9 @@ private Q_SLOTS:
     void AnEndWithoutAScreenKeepsTheJournal()
     {
         QFETCH(bool, shared);
-        auto plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests([=](auto store) { return std::make_shared<FailingStore>(store, plan); });
+        const FailingStores failing;
         StartTyping(shared);
-        DBEngine::SetStoreWrapperForTests(nullptr);
-        *plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
+        *failing.plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
         SetContent(RescueFolder(), "no folder");
         m_program->form->subExitProgram(Mainform::ProcessIsEnded);
         QVERIFY(Journalled().contains("old and new"));

@@ -1,4 +1,3 @@
-#include "platform/profile/profile.h"
 #include "program.h"
 
 // Compact and Repair as a person runs them.
@@ -28,12 +27,6 @@ class MaintenanceTest : public QObject
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger(entry);
         return seen;
-    }
-
-    QByteArray Content() const
-    {
-        QFile file(Path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
 private Q_SLOTS:
@@ -66,12 +59,12 @@ private Q_SLOTS:
         QFETCH(QString, text);
         MakePlanner();
         m_program->Open(QStringLiteral("notes.mdb"));
-        const QByteArray before = Content();
+        const QByteArray before = Content(Path());
         const SeenBox seen = Run(entry.constData());
         QVERIFY2(seen.Text.startsWith(text), qPrintable(seen.Text));
         QVERIFY(seen.Text.size() > text.size());
         QCOMPARE(seen.Icon, QMessageBox::Critical);
-        QCOMPARE(Content(), before);
+        QCOMPARE(Content(Path()), before);
         QVERIFY(m_program->Log().contains(entry));
         // After Open a Cancel is an error that is told.
         SeenBox cancelled;
@@ -112,12 +105,9 @@ private Q_SLOTS:
     void ADamagedPlannerIsRepairedAndKept()
     {
         MakePlanner();
-        QByteArray damaged = Content();
+        QByteArray damaged = Content(Path());
         damaged.replace(0, 100, QByteArray(100, '\xff')); // the head of the file
-        QFile file(Path());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(damaged);
-        file.close();
+        SetContent(Path(), damaged);
         QString second;
         AnswerNextFileDialog(Path());
         OnNextModal<QMessageBox>([&](QMessageBox& box) {

@@ -1,6 +1,6 @@
-#include "platform/profile/profile.h"
 #include "printing/pagesetupform.h"
 #include "program.h"
+#include "settingsfile.h"
 
 // The page setup dialog over the keys of section PAGESETUP.
 class PageSetupTest : public QObject
@@ -9,28 +9,15 @@ class PageSetupTest : public QObject
 
     std::unique_ptr<TemporaryFolders> m_folders;
 
-    static QString Ini(const char* key)
-    {
-        return GetPrivateProfileStringA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key), QStringLiteral("(none)"),
-                                        200, QStringLiteral("PLANNER.INI"));
-    }
-    static void SetIni(const char* key, const QString& value)
-    {
-        WritePrivateProfileStringA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key), value,
-                                   QStringLiteral("PLANNER.INI"));
-    }
     static void SetSeparator(const QString& separator)
     {
         WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("sDecimal"), separator,
                                    QStringLiteral("WIN.INI"));
     }
-    static QLineEdit& Box(QWidget& form, const char* name)
-    {
-        return *form.findChild<QLineEdit*>(QString::fromLatin1(name));
-    }
+    static QLineEdit& Box(QWidget& form, const char* name) { return In<QLineEdit>(form, name); }
     static void Press(QWidget& form, const char* name)
     {
-        QTest::keyClick(form.findChild<QPushButton*>(QString::fromLatin1(name)), Qt::Key_Return);
+        QTest::keyClick(&In<QPushButton>(form, name), Qt::Key_Return);
     }
     static void Show(PageSetupForm& form)
     {
@@ -65,9 +52,9 @@ private Q_SLOTS:
     void okWritesWhatWasTyped()
     {
         SetSeparator(QStringLiteral("."));
-        SetIni("HEADERCOLOR", QStringLiteral("&HFF0000&")); // blue
-        SetIni("HEADERITALIC", QStringLiteral("-1"));
-        SetIni("HEADERSIZE", QStringLiteral("10.5"));
+        SetIni("PAGESETUP", "HEADERCOLOR", "&HFF0000&"); // blue
+        SetIni("PAGESETUP", "HEADERITALIC", "-1");
+        SetIni("PAGESETUP", "HEADERSIZE", "10.5");
         PageSetupForm form;
         Show(form);
         QCOMPARE(Box(form, "tbHeader").palette().color(QPalette::Text), QColor(Qt::blue));
@@ -81,7 +68,7 @@ private Q_SLOTS:
             QTest::keyClick(&Box(form, name), Qt::Key_Enter);
         }
         QVERIFY(form.isVisible());
-        QCOMPARE(Ini("LEFT"), QStringLiteral("(none)"));
+        QCOMPARE(Ini("PAGESETUP", "LEFT"), QStringLiteral("none"));
         Press(form, "btnOk");
         QVERIFY(!form.isVisible());
         const std::pair<const char*, const char*> wanted[] = {{"LEFT", "narrow"},     {"TOP", "1.00"},
@@ -90,7 +77,7 @@ private Q_SLOTS:
                                                               {"HEADERBOLD", "-1"},   {"HEADERITALIC", "-1"},
                                                               {"HEADERSIZE", "10.5"}, {"HEADERCOLOR", "&HFF0000&"}};
         for (const auto& [key, value] : wanted)
-            QCOMPARE(Ini(key), QString::fromLatin1(value));
+            QCOMPARE(Ini("PAGESETUP", key), QString::fromLatin1(value));
     }
 
     void fontsAreShownAndKeptByOkAlone_data()
@@ -105,30 +92,22 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, button);
         QFETCH(const QString, size);
-        SetIni("HEADERFONT", QStringLiteral("Never Installed"));
-        SetIni("HEADERSIZE", QStringLiteral("14"));
+        SetIni("PAGESETUP", "HEADERFONT", "Never Installed");
+        SetIni("PAGESETUP", "HEADERSIZE", "14");
         PageSetupForm form;
         Show(form);
-        AnswerFontDialog([](QFontDialog& dialog) {
-            QFont font = dialog.currentFont();
-            QCOMPARE(font.pointSize(), 14);
-            font.setPointSize(20);
-            dialog.setCurrentFont(font);
-        });
-        Press(form, "btnFonts");
-        QCOMPARE(Box(form, "tbHeader").font().pointSize(), 20);
-        QCOMPARE(Ini("HEADERSIZE"), QStringLiteral("14"));
-        // Filled from the keys each time.
-        AnswerFontDialog([](QFontDialog& dialog) {
-            QCOMPARE(dialog.currentFont().pointSize(), 14);
-            QFont font = dialog.currentFont();
-            font.setPointSize(20);
-            dialog.setCurrentFont(font);
-        });
-        Press(form, "btnFonts");
+        for (int time = 0; time < 2; ++time) { // filled from the keys each time
+            AnswerFontDialog([](QFontDialog& dialog) {
+                QCOMPARE(dialog.currentFont().pointSize(), 14);
+                ChooseSize(dialog, 20);
+            });
+            Press(form, "btnFonts");
+            QCOMPARE(Box(form, "tbHeader").font().pointSize(), 20);
+            QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), QStringLiteral("14"));
+        }
         Press(form, button.constData());
-        QCOMPARE(Ini("HEADERSIZE"), size);
-        QCOMPARE(Ini("HEADERFONT"), QStringLiteral("Never Installed"));
+        QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), size);
+        QCOMPARE(Ini("PAGESETUP", "HEADERFONT"), QStringLiteral("Never Installed"));
     }
 
     void theCommandNeedsNoPlanner()
@@ -141,7 +120,7 @@ private Q_SLOTS:
         });
         program.Trigger("mnuPageSetup");
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(Ini("HEADER"), QStringLiteral("(none)"));
+        QCOMPARE(Ini("PAGESETUP", "HEADER"), QStringLiteral("none"));
     }
 };
 

@@ -119,11 +119,7 @@ class PrintingTest : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-    }
+    void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
 
     void theOperationsComeInOrder_data()
@@ -185,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(job.calls.last(), QStringLiteral("box 3 5 "));
         QVERIFY(m_program->Log().contains("broken in MainForm, subUseDLLPrintEngine"));
         QVERIFY(Notice()->isVisible());
-        const SSPanel& heading = *m_program->form->findChild<SSPanel*>(QStringLiteral("lblDayOfWeek(0)"));
+        const SSPanel& heading = m_program->Find<SSPanel>("lblDayOfWeek(0)");
         QCOMPARE(Notice()->pos(), QPoint(heading.x(), heading.y() + 2 * heading.height()));
     }
 
@@ -204,75 +200,72 @@ private Q_SLOTS:
 
     void theShownMonthIsOnThePage()
     {
-        Program& program = *m_program;
-        program.New(QStringLiteral("notes.mdb"));
+        m_program->New(QStringLiteral("notes.mdb"));
         g_iMonth = 4; // and then May, whose last two days wrap to the first row
-        program.Trigger("mnuNextMonth");
+        m_program->Trigger("mnuNextMonth");
         for (int cell = 1; cell <= 35; ++cell)
-            program.Box(cell).SetText(QStringLiteral("note%1").arg(cell));
+            m_program->Box(cell).SetText(QStringLiteral("note%1").arg(cell));
         PrintNextTo(Pdf());
-        program.Trigger("mnuPrint");
+        m_program->Trigger("mnuPrint");
         const PrintedPage page(Pdf());
         QCOMPARE(page.Pages(), 1);
         for (int cell = 1; cell <= 35; ++cell) {
             const QRectF place = CellOf(page, cell);
             QVERIFY(place.contains(page.At(QStringLiteral("note%1").arg(cell))));
-            QVERIFY(place.contains(page.At(program.Panel(cell).Caption().trimmed()).center()));
+            QVERIFY(place.contains(page.At(m_program->Panel(cell).Caption().trimmed()).center()));
         }
         QCOMPARE(page.At(QStringLiteral("36")), QRectF());
-        QVERIFY(!program.Log().contains("subUseDLLPrintEngine"));
+        QVERIFY(!m_program->Log().contains("subUseDLLPrintEngine"));
     }
 
     void thePictureCommitsTheLockedDayFirst()
     {
-        Program& program = *m_program;
         const QString file = QStringLiteral("team.mdb");
-        program.New(file, true);
-        program.Click(18);
-        QTest::mouseClick(program.form->findChild<PictureButton*>(QStringLiteral("picLock")), Qt::LeftButton);
-        QTest::keyClicks(&program.Box(18), QStringLiteral("locked text"));
-        auto& print = *program.form->findChild<PictureButton*>(QStringLiteral("picPrint"));
+        m_program->New(file, true);
+        m_program->Click(18);
+        QTest::mouseClick(&m_program->Find<PictureButton>("picLock"), Qt::LeftButton);
+        QTest::keyClicks(&m_program->Box(18), QStringLiteral("locked text"));
+        auto& print = m_program->Find<PictureButton>("picPrint");
         PrintNextTo(Pdf());
         QTest::mousePress(&print, Qt::LeftButton);
         QVERIFY(print.Visible(1));
-        QVERIFY(!program.Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
+        QVERIFY(!m_program->Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
         QTest::mouseRelease(&print, Qt::LeftButton);
         QVERIFY(print.Visible(0) && !print.Visible(1));
-        QVERIFY(program.Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
+        QVERIFY(m_program->Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
         const PrintedPage page(Pdf());
         QVERIFY(CellOf(page, 18).contains(page.At(QStringLiteral("locked"))));
     }
 
     void theSetupAsksForNoFileAndHoldsForTheJob()
     {
-        Program& program = *m_program;
         CancelNextPrintDialog();
-        program.Trigger("mnuPrintSetup");
-        OnNextModal<QPrintDialog>([&program](QPrintDialog& dialog) {
+        m_program->Trigger("mnuPrintSetup");
+        OnNextModal<QPrintDialog>([this](QPrintDialog& dialog) {
             // A file that is there: for a job the dialog would ask whether to replace it.
-            dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->setText(program.LogPath());
+            In<QLineEdit>(dialog, "filename").setText(m_program->LogPath());
             dialog.printer()->setPageSize(QPageSize(QPageSize::A5));
             OnNextModal<QDialog>([](QDialog& properties) { // margins are those of Page Setup
-                QVERIFY(properties.findChild<QWidget*>(QStringLiteral("pageSizeCombo"))->isVisible());
-                QVERIFY(!properties.findChild<QWidget*>(QStringLiteral("leftMargin"))->isVisible());
+                QVERIFY(In<QWidget>(properties, "pageSizeCombo").isVisible());
+                QVERIFY(!In<QWidget>(properties, "leftMargin").isVisible());
                 QTest::keyClick(&properties, Qt::Key_Escape);
             });
-            QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("properties")), Qt::LeftButton);
+            QTest::mouseClick(&In<QPushButton>(dialog, "properties"), Qt::LeftButton);
             dialog.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&dialog));
             // Unfolds the options, whose button changes its name.
             QTest::keyClick(dialog.windowHandle(), Qt::Key_P, Qt::AltModifier);
-            QTRY_VERIFY(dialog.findChild<QWidget*>(QStringLiteral("printAll"))->isVisible());
+            QTRY_VERIFY(In<QWidget>(dialog, "printAll").isVisible());
             QTest::keyClick(dialog.windowHandle(), Qt::Key_O, Qt::AltModifier);
             QTRY_VERIFY(!dialog.isVisible());
         });
-        program.Trigger("mnuPrintSetup");
+        m_program->Trigger("mnuPrintSetup");
         QVERIFY(!QFile::exists(Pdf()));
         PrintNextTo(Pdf());
-        program.Trigger("mnuPrint");
+        m_program->Trigger("mnuPrint");
         QVERIFY(qAbs(PrintedPage(Pdf()).Size().height() - QPageSize(QPageSize::A5).size(QPageSize::Point).width()) <
                 1.5);
-        QVERIFY(!program.Log().contains("Print"));
+        QVERIFY(!m_program->Log().contains("Print"));
     }
 };
 

@@ -18,14 +18,6 @@ class RecurDatesTest : public QObject
 
     static QString KeyOf(QDate date) { return KeyOf(date.year(), date.month(), date.day()); }
 
-    static QStringList Keys(std::initializer_list<const char*> keys)
-    {
-        QStringList list;
-        for (const char* key : keys)
-            list += QString::fromLatin1(key);
-        return list;
-    }
-
     // Between 1901 and 2099 the true calendar has a leap year every four years too.
     static void ForAllStarts(const std::function<void(QDate, std::int16_t)>& check)
     {
@@ -95,36 +87,24 @@ private Q_SLOTS:
         QTest::addColumn<int>("step");
         QTest::addColumn<QString>("end");
         QTest::addColumn<QString>("dates"); // the start first
-        QTest::newRow("across the year") << Frequency::Daily << 1 << QStringLiteral("2000/1/2")
-                                         << QStringLiteral("1999/12/30 12/31 2000/1/1 1/2");
-        QTest::newRow("one day") << Frequency::Daily << 1 << QStringLiteral("1999/12/30")
-                                 << QStringLiteral("1999/12/30");
-        QTest::newRow("leap centuries") << Frequency::Daily << 1 << QStringLiteral("1900/3/1")
-                                        << QStringLiteral("1900/2/28 2/29 3/1");
-        QTest::newRow("2100 too") << Frequency::Daily << 2 << QStringLiteral("2100/3/3")
-                                  << QStringLiteral("2100/2/27 2/29 3/2");
-        QTest::newRow("30th of February")
-            << Frequency::Daily << 30 << QStringLiteral("1999/12/31") << QStringLiteral("1999/1/31 2/30");
-        QTest::newRow("end of time") << Frequency::Daily << 1 << QStringLiteral("9999/12/31")
-                                     << QStringLiteral("9999/12/30 12/31");
-        QTest::newRow("beyond it") << Frequency::Yearly << 32767 << QStringLiteral("9999/12/31")
-                                   << QStringLiteral("9999/12/30");
-        QTest::newRow("week") << Frequency::Weekly << 1 << QStringLiteral("1999/2/12")
-                              << QStringLiteral("1999/1/29 2/5 2/12");
-        QTest::newRow("week, not the end")
-            << Frequency::Weekly << 1 << QStringLiteral("1999/2/11") << QStringLiteral("1999/1/29 2/5");
-        QTest::newRow("weeks at the end of time")
-            << Frequency::Weekly << 1 << QStringLiteral("9999/12/31") << QStringLiteral("9999/12/25");
-        QTest::newRow("31st") << Frequency::Monthly << 1 << QStringLiteral("1999/5/31")
-                              << QStringLiteral("1999/1/31 2/28 3/31 4/30 5/31");
-        QTest::newRow("30th") << Frequency::Monthly << 1 << QStringLiteral("1999/5/30")
-                              << QStringLiteral("1999/1/30 2/28 3/28 4/30 5/30");
-        QTest::newRow("29th") << Frequency::Monthly << 13 << QStringLiteral("2004/9/1")
-                              << QStringLiteral("1999/1/29 2000/2/29 2001/3/29 2002/4/29 2003/5/29 2004/6/29");
-        QTest::newRow("quarters") << Frequency::Monthly << 3 << QStringLiteral("2000/5/1")
-                                  << QStringLiteral("1999/11/30 2000/2/29");
-        QTest::newRow("29 February") << Frequency::Yearly << 1 << QStringLiteral("2000/12/31")
-                                     << QStringLiteral("1996/2/29 1997/2/28 1998/2/28 1999/2/28 2000/2/29");
+        const auto row = [](const char* name, Frequency frequency, int step, const char* end, const char* dates) {
+            QTest::newRow(name) << frequency << step << QString::fromLatin1(end) << QString::fromLatin1(dates);
+        };
+        row("across the year", Frequency::Daily, 1, "2000/1/2", "1999/12/30 12/31 2000/1/1 1/2");
+        row("one day", Frequency::Daily, 1, "1999/12/30", "1999/12/30");
+        row("leap centuries", Frequency::Daily, 1, "1900/3/1", "1900/2/28 2/29 3/1");
+        row("2100 too", Frequency::Daily, 2, "2100/3/3", "2100/2/27 2/29 3/2");
+        row("30th of February", Frequency::Daily, 30, "1999/12/31", "1999/1/31 2/30");
+        row("end of time", Frequency::Daily, 1, "9999/12/31", "9999/12/30 12/31");
+        row("beyond it", Frequency::Yearly, 32767, "9999/12/31", "9999/12/30");
+        row("week", Frequency::Weekly, 1, "1999/2/12", "1999/1/29 2/5 2/12");
+        row("week, not the end", Frequency::Weekly, 1, "1999/2/11", "1999/1/29 2/5");
+        row("weeks at the end of time", Frequency::Weekly, 1, "9999/12/31", "9999/12/25");
+        row("31st", Frequency::Monthly, 1, "1999/5/31", "1999/1/31 2/28 3/31 4/30 5/31");
+        row("30th", Frequency::Monthly, 1, "1999/5/30", "1999/1/30 2/28 3/28 4/30 5/30");
+        row("29th", Frequency::Monthly, 13, "2004/9/1", "1999/1/29 2000/2/29 2001/3/29 2002/4/29 2003/5/29 2004/6/29");
+        row("quarters", Frequency::Monthly, 3, "2000/5/1", "1999/11/30 2000/2/29");
+        row("29 February", Frequency::Yearly, 1, "2000/12/31", "1996/2/29 1997/2/28 1998/2/28 1999/2/28 2000/2/29");
     }
 
     void WritesIntoTheseDates()
@@ -147,17 +127,15 @@ private Q_SLOTS:
         QTest::addColumn<Frequency>("frequency");
         QTest::addColumn<QString>("end");
         QTest::addColumn<QStringList>("dates");
-        QTest::newRow("up to the end") << Frequency::Daily << QStringLiteral("1999/2/2")
-                                       << Keys({"1999/1/31", "1999/2/1", "1999/2/2"});
-        QTest::newRow("one day") << Frequency::Daily << QStringLiteral("1999/1/31") << Keys({"1999/1/31"});
-        QTest::newRow("an end before the start")
-            << Frequency::Daily << QStringLiteral("1998/1/1") << Keys({"1999/1/31", "1999/2/1"});
-        QTest::newRow("a week past it") << Frequency::Weekly << QStringLiteral("1999/2/8")
-                                        << Keys({"1999/1/31", "1999/2/7", "1999/2/14"});
-        QTest::newRow("a month past it") << Frequency::Monthly << QStringLiteral("1999/2/28")
-                                         << Keys({"1999/1/31", "1999/2/28", "1999/3/31"});
-        QTest::newRow("a year past it") << Frequency::Yearly << QStringLiteral("1999/1/31")
-                                        << Keys({"1999/1/31", "2000/1/31"});
+        const auto row = [](const char* name, Frequency frequency, const char* end, const char* dates) {
+            QTest::newRow(name) << frequency << QString::fromLatin1(end) << QString::fromLatin1(dates).split(u' ');
+        };
+        row("up to the end", Frequency::Daily, "1999/2/2", "1999/1/31 1999/2/1 1999/2/2");
+        row("one day", Frequency::Daily, "1999/1/31", "1999/1/31");
+        row("an end before the start", Frequency::Daily, "1998/1/1", "1999/1/31 1999/2/1");
+        row("a week past it", Frequency::Weekly, "1999/2/8", "1999/1/31 1999/2/7 1999/2/14");
+        row("a month past it", Frequency::Monthly, "1999/2/28", "1999/1/31 1999/2/28 1999/3/31");
+        row("a year past it", Frequency::Yearly, "1999/1/31", "1999/1/31 2000/1/31");
     }
 
     void IsTakenOutOfTheseDates()

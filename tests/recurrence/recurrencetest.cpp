@@ -1,8 +1,9 @@
 #include "recurrence/recurrence.h"
 
 #include "failingstore.h"
+#include "files.h"
 #include "plannerfile/plannerstate.h"
-#include "plannerfile/schema.h"
+#include "planners.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/runtime/errortail.h"
@@ -19,7 +20,7 @@ class RecurrenceTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<TemporaryFolders> m_folders;
-    std::shared_ptr<FailurePlan> m_plan;
+    std::optional<FailingStores> m_failing;
 
     static QByteArray Event() { return QByteArrayLiteral("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs16\\b Rent}"); }
     static QByteArray OldNote(const QString& date)
@@ -38,11 +39,7 @@ class RecurrenceTest : public QObject
 
     static void Open(const QString& path, bool isNew)
     {
-        g_dbPlanner = isNew ? DBEngine::CreateDatabase(path, schema::Locale) : DBEngine::OpenDatabase(path, true);
-        if (isNew) {
-            for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
-                g_dbPlanner.Append(table);
-        }
+        g_dbPlanner = isNew ? MakePlanner(path) : DBEngine::OpenDatabase(path, true);
         g_rsQMT = schema::OpenNotes(g_dbPlanner);
         g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     }
@@ -52,12 +49,8 @@ class RecurrenceTest : public QObject
     static void PutOldNotes(const QStringList& dates)
     {
         WriteTransaction writing(g_dbPlanner);
-        for (const QString& date : dates) {
-            g_rsQMT.AddNew();
-            g_rsQMT.SetField(QStringLiteral("qmtDate"), date);
-            g_rsQMT.SetField(QStringLiteral("qmtText"), OldNote(date));
-            g_rsQMT.Update();
-        }
+        for (const QString& date : dates)
+            Write(g_rsQMT, date, OldNote(date));
         writing.Commit();
     }
 
@@ -87,24 +80,18 @@ class RecurrenceTest : public QObject
         return count;
     }
 
-    static QByteArray Log()
-    {
-        QFile log(folders::ApplicationDirectory() + QStringLiteral("/planner.err"));
-        return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray("no log");
-    }
+    static QByteArray Log() { return Content(folders::ApplicationDirectory() + QStringLiteral("/planner.err")); }
 
     void Fail(FailurePlan::When when, int at, int number, const QString& only = {})
     {
-        *m_plan = {at, when, {number, QStringLiteral("The test's reason")}, only};
+        *m_failing->plan = {at, when, {number, QStringLiteral("The test's reason")}, only};
     }
 
 private Q_SLOTS:
     void init()
     {
         m_folders = std::make_unique<TemporaryFolders>();
-        m_plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests(
-            [this](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, m_plan); });
+        m_failing.emplace();
         QDir().mkpath(folders::ApplicationDirectory());
         OpenErrorLog(folders::ApplicationDirectory() + QStringLiteral("/planner.err"));
         g_bErrorTrap = true;
@@ -115,10 +102,9 @@ private Q_SLOTS:
     {
         QCOMPARE(WaitingAnswers(), 0);
         DropAnswers();
-        *m_plan = {};
         ResetPlannerStateForTests();
         CloseErrorLog();
-        DBEngine::SetStoreWrapperForTests(nullptr);
+        m_failing.reset();
         m_folders.reset();
     }
 
@@ -242,7 +228,7 @@ private Q_SLOTS:
             AnswerNextBox(msgbox::Ok);
             Fail(FailurePlan::When(when), at, number);
             run();
-            calls = when == FailurePlan::ForEver ? 90 : m_plan->calls;
+            calls = when == FailurePlan::ForEver ? 90 : m_failing->plan->calls;
             Fail(FailurePlan::Before, 0, 0);
             wasTold = WaitingAnswers() == 0;
             DropAnswers();

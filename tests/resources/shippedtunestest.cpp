@@ -9,35 +9,32 @@ class ShippedTunesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void EveryScoreHasItsTune_data();
-    void EveryScoreHasItsTune();
-};
-
-void ShippedTunesTest::EveryScoreHasItsTune_data()
-{
-    QTest::addColumn<QString>("tune");
-    const QStringList scores = QDir(QStringLiteral(SCORES_FOLDER)).entryList({QStringLiteral("*.score")});
-    QVERIFY(scores.size() >= 8);
-    for (const QString& score : scores)
-        QTest::newRow(qPrintable(score)) << QStringLiteral(TUNES_FOLDER "/") + score.chopped(6);
-}
-
-void ShippedTunesTest::EveryScoreHasItsTune()
-{
-    QFETCH(QString, tune);
-    const Recording recording;
-    if (tune.endsWith(QStringLiteral(".wav"))) {
-        QVERIFY(sndPlaySoundA(tune, sound::Asynchronous | sound::NoDefault));
-    } else {
-        QCOMPARE(mciSendStringA(QStringLiteral("open %1 type sequencer").arg(tune)), 0);
-        QCOMPARE(mciSendStringA(QStringLiteral("play ") + tune), 0);
+    void EveryScoreHasItsTune_data()
+    {
+        QTest::addColumn<QString>("tune");
+        const QStringList scores = QDir(QStringLiteral(SCORES_FOLDER)).entryList({QStringLiteral("*.score")});
+        QVERIFY(scores.size() >= 8);
+        for (const QString& score : scores)
+            QTest::newRow(qPrintable(score)) << QStringLiteral(TUNES_FOLDER "/") + score.chopped(6);
     }
-    const QList<double> heard = recording.HearFromTheFirstSound(13);
-    const auto last = std::find_if(heard.crbegin(), heard.crend(), Recording::IsSound).base();
-    const double seconds = double(last - heard.cbegin()) / Recording::Rate;
-    QVERIFY2(seconds > 3 && seconds < 12, qPrintable(QString::number(seconds)));
-    QVERIFY2(Peak(heard) > 0.5 && Peak(heard) < 0.8, qPrintable(QString::number(Peak(heard))));
-}
+
+    void EveryScoreHasItsTune()
+    {
+        QFETCH(QString, tune);
+        const Recording recording;
+        if (tune.endsWith(QStringLiteral(".wav"))) {
+            QVERIFY(sndPlaySoundA(tune, sound::Asynchronous | sound::NoDefault));
+        } else {
+            QCOMPARE(mciSendStringA(QStringLiteral("open %1 type sequencer").arg(tune)), 0);
+            QCOMPARE(mciSendStringA(QStringLiteral("play ") + tune), 0);
+        }
+        const QList<double> heard = recording.HearFromTheFirstSound(13);
+        const auto last = std::find_if(heard.crbegin(), heard.crend(), Recording::IsSound).base();
+        const double seconds = double(last - heard.cbegin()) / Recording::Rate;
+        QVERIFY2(seconds > 3 && seconds < 12, qPrintable(QString::number(seconds)));
+        QVERIFY2(Peak(heard) > 0.5 && Peak(heard) < 0.8, qPrintable(QString::number(Peak(heard))));
+    }
+};
 
 QTEST_GUILESS_MAIN(ShippedTunesTest)
 #include "shippedtunestest.moc"

@@ -206,7 +206,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuPrevMonth");
         m_program->Click(Today);
         Look("main window", *m_program->form);
-        m_program->form->findChild<TabStrip*>(QStringLiteral("tabSidebar"))->Select(1);
+        m_program->Find<TabStrip>("tabSidebar").Select(1);
         Look("pictures", *m_program->form);
         for (const char* entry :
              {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",

@@ -1,5 +1,5 @@
-#include "platform/profile/profile.h"
 #include "program.h"
+#include "settingsfile.h"
 
 #include <QScreen>
 
@@ -9,18 +9,9 @@ class StartStopTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    QString Ini(const QString& section, const QString& key)
+    static void WriteIni(const QByteArray& content)
     {
-        return GetPrivateProfileStringA(section, key, QString(), 100, QStringLiteral("PLANNER.INI"));
-    }
-
-    QString IniPath() const { return folders::WindowsDirectory() + QStringLiteral("/PLANNER.INI"); }
-
-    void WriteIni(const QByteArray& content)
-    {
-        QFile file(IniPath());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        SetContent(folders::WindowsDirectory() + QStringLiteral("/PLANNER.INI"), content);
     }
 
 private Q_SLOTS:
@@ -33,38 +24,35 @@ private Q_SLOTS:
 
     void AnExitWithNothingToSaveLogsTheCellsThatWereNeverLoaded()
     {
-        Program& program = *m_program;
-        program.Start();
-        program.Exit();
-        QCOMPARE(program.Log().count('\n'), 7);
-        QVERIFY(program.Log().contains("Control array element '42' doesn't exist in MainForm, subExitProgram"));
-        program.Start();
-        QCOMPARE(program.Log(), QByteArray()); // each run begins an empty log
+        m_program->Start();
+        m_program->Exit();
+        QCOMPARE(m_program->Log().count('\n'), 7);
+        QVERIFY(m_program->Log().contains("Control array element '42' doesn't exist in MainForm, subExitProgram"));
+        m_program->Start();
+        QCOMPARE(m_program->Log(), QByteArray()); // each run begins an empty log
     }
 
     void TheExitSavesWhateverTheWayOut()
     {
-        Program& program = *m_program;
-        program.Start();
-        program.New(QStringLiteral("notes.mdb"));
-        program.Type(20, QStringLiteral("first"));
-        program.form->subExitProgram(3);
-        program.form.reset();
-        QVERIFY(program.Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("first"));
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Type(20, QStringLiteral("first"));
+        m_program->form->subExitProgram(3);
+        m_program->form.reset();
+        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("first"));
     }
 
     void TheWindowComesBackWhereItWas()
     {
-        Program& program = *m_program;
-        program.Start();
-        program.form->move(60, 40);
-        program.form->resize(640, 500);
-        program.Exit();
-        QCOMPARE(Ini(QStringLiteral("Mainform Dimension"), QStringLiteral("Left")), QStringLiteral("900"));
-        QCOMPARE(Ini(QStringLiteral("Mainform Dimension"), QStringLiteral("Bottom")), QStringLiteral("8100"));
-        program.Start();
-        QCOMPARE(program.form->pos(), QPoint(60, 40));
-        QCOMPARE(program.form->size(), QSize(640, 500));
+        m_program->Start();
+        m_program->form->move(60, 40);
+        m_program->form->resize(640, 500);
+        m_program->Exit();
+        QCOMPARE(Ini("Mainform Dimension", "Left"), QStringLiteral("900"));
+        QCOMPARE(Ini("Mainform Dimension", "Bottom"), QStringLiteral("8100"));
+        m_program->Start();
+        QCOMPARE(m_program->form->pos(), QPoint(60, 40));
+        QCOMPARE(m_program->form->size(), QSize(640, 500));
     }
 
     void AWindowThatNobodyCouldReachIsBroughtBack_data()
@@ -107,12 +95,13 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, ini);
         WriteIni(ini);
-        Program& program = *m_program;
-        program.Start();
-        program.New(QStringLiteral("notes.mdb"));
-        if (program.form->findChild<RichTextBox*>(QStringLiteral("tbDay(20)")))
-            program.Type(20, QStringLiteral("still here"));
-        program.Exit();
+        m_program->Start();
+        m_program->New(QStringLiteral("notes.mdb"));
+        const bool isMonth = m_program->form->findChild<RichTextBox*>(QStringLiteral("tbDay(20)")) != nullptr;
+        if (isMonth) m_program->Type(20, QStringLiteral("still here"));
+        m_program->Exit();
+        const QByteArray stored = m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19"));
+        QCOMPARE(stored.contains("still here"), isMonth);
     }
 };
 

@@ -1,8 +1,7 @@
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/toolbar.h"
-#include "platform/profile/profile.h"
 #include "program.h"
-#include "settings/settings.h"
+#include "settingsfile.h"
 #include "tools/datecount.h"
 #include "tools/datediffform.h"
 
@@ -16,11 +15,8 @@ class DateDifferenceTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    QLabel& Label() const { return *m_program->form->findChild<QLabel*>(QStringLiteral("lblDateDiff")); }
-    ToolbarButton& Button() const
-    {
-        return m_program->form->findChild<Toolbar*>(QStringLiteral("tbTop"))->Buttons(QStringLiteral("datediff"));
-    }
+    QLabel& Label() const { return m_program->Find<QLabel>("lblDateDiff"); }
+    ToolbarButton& Button() const { return m_program->Find<Toolbar>("tbTop").Buttons(QStringLiteral("datediff")); }
     void MoveOver(int cell) const
     {
         QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(5, 5));
@@ -31,20 +27,8 @@ class DateDifferenceTest : public QObject
         MoveOver(cell);
         return Label().isVisible() ? Label().text() : QString();
     }
-    static void Put(const char* key, const QString& value)
-    {
-        WritePrivateProfileStringA(QStringLiteral("Date Difference"), QString::fromLatin1(key), value,
-                                   settings::PlannerIni.toString());
-    }
-    static void SetOrder(const QString& iDate)
-    {
-        WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("iDate"), iDate, QStringLiteral("WIN.INI"));
-    }
-    static QString Stored(const char* key)
-    {
-        return GetPrivateProfileStringA(QStringLiteral("Date Difference"), QString::fromLatin1(key),
-                                        QStringLiteral("none"), 80, settings::PlannerIni.toString());
-    }
+    static void Put(const char* key, const char* value) { SetIni("Date Difference", key, value); }
+    static QString Stored(const char* key) { return Ini("Date Difference", key); }
     // What the person does in the dialog, which must open.
     void Customize(const std::function<void(DateDiffForm&)>& act) const
     {
@@ -52,7 +36,7 @@ class DateDifferenceTest : public QObject
         m_program->Trigger("mnuDateDiffCustomize");
         QCOMPARE(WaitingAnswers(), 0);
     }
-    static MaskEdBox& Mask(DateDiffForm& form) { return *form.findChild<MaskEdBox*>(QStringLiteral("maskStartDate")); }
+    static MaskEdBox& Mask(DateDiffForm& form) { return In<MaskEdBox>(form, "maskStartDate"); }
 
 private Q_SLOTS:
     void init() { m_program = std::make_unique<Program>(); }
@@ -119,14 +103,14 @@ private Q_SLOTS:
             ++memo;
         QCOMPARE(Over(memo), QStringLiteral("Day 89"));
         QCOMPARE(Label().geometry(), before);
-        Put("Calculation Method", QStringLiteral("1"));
+        Put("Calculation Method", "1");
         QCOMPARE(Over(last), QStringLiteral("Week 13"));
-        Put("Calculation Method", QStringLiteral("2"));
-        Put("DateDiff", QStringLiteral("12/01/2000"));
+        Put("Calculation Method", "2");
+        Put("DateDiff", "12/01/2000");
         QCOMPARE(Over(last), QStringLiteral("Month -21"));
-        Put("DateDiff", QStringLiteral("12/ 1/2000"));
+        Put("DateDiff", "12/ 1/2000");
         QCOMPARE(Over(last), QString()); // nothing rather than nonsense
-        Put("DateDiff", QStringLiteral("03/31/1999"));
+        Put("DateDiff", "03/31/1999");
         QCOMPARE(Over(last), QStringLiteral("Month 0"));
         m_program->Trigger("mnuDateDiffShow");
         QCOMPARE(Button().Value(), 0);
@@ -171,53 +155,39 @@ private Q_SLOTS:
         QCOMPARE(Label().geometry().bottomRight(), m_program->Box(39).geometry().bottomRight());
     }
 
-    void CustomizeRefusesWithoutAPlanner()
-    {
-        m_program->Start();
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuDateDiffCustomize");
-        QVERIFY(seen.Text.startsWith(QStringLiteral("No Planner Exists!")));
-    }
-
     void TheDialogKeepsOneOrderInTheFile_data()
     {
-        QTest::addColumn<QString>("order");
+        QTest::addColumn<int>("order");
         QTest::addColumn<QString>("label");
         QTest::addColumn<QString>("shown");
         QTest::addColumn<QString>("typed");
-        QTest::newRow("month first") << "0"
-                                     << "MM/DD/YYYY"
-                                     << "01/01/1999"
-                                     << "07041999";
-        QTest::newRow("day first") << "1"
-                                   << "DD/MM/YYYY"
-                                   << "01/01/1999"
-                                   << "04071999";
-        QTest::newRow("year first") << "2"
-                                    << "YYYY/MM/DD"
-                                    << "1999/01/01"
-                                    << "19990704";
+        const auto row = [](const char* name, int order, const char* label, const char* shown, const char* typed) {
+            QTest::newRow(name) << order << QString::fromLatin1(label) << QString::fromLatin1(shown)
+                                << QString::fromLatin1(typed);
+        };
+        row("month first", 0, "MM/DD/YYYY", "01/01/1999", "07041999");
+        row("day first", 1, "DD/MM/YYYY", "01/01/1999", "04071999");
+        row("year first", 2, "YYYY/MM/DD", "1999/01/01", "19990704");
     }
     void TheDialogKeepsOneOrderInTheFile()
     {
-        QFETCH(QString, order);
+        QFETCH(int, order);
         QFETCH(QString, label);
         QFETCH(QString, shown);
         QFETCH(QString, typed);
-        SetOrder(order);
+        SetDateOrder(order);
         m_program->Start();
         m_program->New(QStringLiteral("notes.mdb"));
         Customize([&](DateDiffForm& form) {
-            QCOMPARE(form.findChild<QLabel*>(QStringLiteral("lblDateFormat"))->text(), label);
+            QCOMPARE(In<QLabel>(form, "lblDateFormat").text(), label);
             QCOMPARE(Mask(form).Text(), shown);
-            QVERIFY(form.findChild<QRadioButton*>(QStringLiteral("opDateDiff(0)"))->isChecked());
-            form.findChild<QRadioButton*>(QStringLiteral("opDateDiff(1)"))->click();
+            QVERIFY(In<QRadioButton>(form, "opDateDiff(0)").isChecked());
+            In<QRadioButton>(form, "opDateDiff(1)").click();
             OnNextModal<QColorDialog>([](QColorDialog& dialog) {
                 dialog.setCurrentColor(QColor(0x12, 0x34, 0xAB));
                 dialog.accept();
             });
-            QTest::keyClick(form.findChild<QPushButton*>(QStringLiteral("btnBGColor")), Qt::Key_Return);
+            QTest::keyClick(&In<QPushButton>(form, "btnBGColor"), Qt::Key_Return);
             Mask(form).selectAll();
             QTest::keyClicks(&Mask(form), typed);
             QTest::keyClick(&form, Qt::Key_Return);
@@ -228,15 +198,15 @@ private Q_SLOTS:
         m_program->Trigger("mnuDateDiffShow");
         QCOMPARE(Label().palette().color(QPalette::Window), QColor(0x12, 0x34, 0xAB));
         Customize([&](DateDiffForm& form) {
-            QVERIFY(form.findChild<QRadioButton*>(QStringLiteral("opDateDiff(1)"))->isChecked());
+            QVERIFY(In<QRadioButton>(form, "opDateDiff(1)").isChecked());
             QTest::keyClick(&form, Qt::Key_Escape);
         });
     }
 
     void AnInvalidDateIsRefused()
     {
-        Put("DateDiff", QStringLiteral("02/29/2100"));
-        SetOrder(QStringLiteral("0"));
+        Put("DateDiff", "02/29/2100");
+        SetDateOrder(0);
         m_program->Start();
         m_program->New(QStringLiteral("notes.mdb"));
         SeenBox seen;

@@ -1,12 +1,10 @@
 #include "failingstore.h"
 #include "platform/desktop/twips.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/profile/profile.h"
 #include "program.h"
 #include "settings/settings.h"
+#include "settingsfile.h"
 #include "tools/findwordform.h"
-
-#include <QScopeGuard>
 
 // Find Word; today is 17 March 1999.
 class FindWordTest : public QObject
@@ -91,16 +89,6 @@ class FindWordTest : public QObject
 private Q_SLOTS:
     void init() { m_program = std::make_unique<Program>(); }
     void cleanup() { m_program.reset(); }
-
-    void WithoutAPlannerThereIsOnlyAMessage()
-    {
-        m_program->Start();
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuFindWord");
-        QVERIFY(seen.Text.startsWith(QStringLiteral("No Planner Exists!")));
-        QVERIFY(!IsOpen());
-    }
 
     void WalksFromTheLastRecordToTheFirst()
     {
@@ -223,14 +211,12 @@ private Q_SLOTS:
 
     void ALostConnectionIsToldAndTheSearchGoesOn()
     {
-        const auto plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests([&](auto store) { return std::make_shared<FailingStore>(store, plan); });
-        const auto unwrap = qScopeGuard([] { DBEngine::SetStoreWrapperForTests(nullptr); });
+        const FailingStores failing;
         Begin({{QStringLiteral("1999/1/5"), "milk"}, {QStringLiteral("1999/2/5"), "milk"}});
         OpenForm();
         Look(QStringLiteral("milk"));
         QCOMPARE(Next(), QStringLiteral("1999/1/5"));
-        *plan = {
+        *failing.plan = {
             1, FailurePlan::Before, {engineerrors::BrokenConnection, QStringLiteral("gone")}, QStringLiteral("Find")};
         QCOMPARE(Next(), QStringLiteral("gone"));
         QVERIFY(Of("btnFindNext").isEnabled());
@@ -239,8 +225,7 @@ private Q_SLOTS:
 
     void KeepsItsPlaceAndEndsWithTheProgram()
     {
-        WritePrivateProfileStringA(QStringLiteral("FindWordForm"), QStringLiteral("Left"), QStringLiteral("3000"),
-                                   settings::PlannerIni.toString());
+        SetIni("FindWordForm", "Left", "3000");
         Begin({});
         OpenForm();
         QCOMPARE(Form().pos(), QPoint(200, ToPixels(100)));

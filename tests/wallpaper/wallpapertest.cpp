@@ -1,7 +1,7 @@
 #include "fakedesktop.h"
 #include "platform/look/paper.h"
-#include "platform/profile/profile.h"
 #include "program.h"
+#include "settingsfile.h"
 #include "virtualscreen.h"
 #include "wallpaper/wallpaperform.h"
 
@@ -9,9 +9,7 @@
 #include <QLabel>
 #include <QScreen>
 
-#include <sys/resource.h>
-
-#include <csignal>
+using namespace Qt::StringLiterals;
 
 // The wallpaper commands on the real window and the root of a real X server; today is 17 March 1999, cell 18.
 class WallpaperTest : public QObject
@@ -23,16 +21,6 @@ class WallpaperTest : public QObject
     const QString m_address = QStringLiteral("org.gnome.desktop.background picture-uri");
     std::unique_ptr<Program> m_program;
 
-    static QString Ini(const char* key)
-    {
-        return GetPrivateProfileStringA(QStringLiteral("WallPaper"), QString::fromLatin1(key), QStringLiteral("none"),
-                                        1000, QStringLiteral("PLANNER.INI"));
-    }
-    static void WriteIni(const char* key, const QString& value)
-    {
-        WritePrivateProfileStringA(QStringLiteral("WallPaper"), QString::fromLatin1(key), value,
-                                   QStringLiteral("PLANNER.INI"));
-    }
     static QString WinIni(const char* key)
     {
         return GetPrivateProfileStringA(QStringLiteral("Desktop"), QString::fromLatin1(key), QStringLiteral("none"),
@@ -46,7 +34,7 @@ class WallpaperTest : public QObject
     // From the first heading to the foot of the title, in pixels of the client area.
     QRect Region() const
     {
-        const auto& heading = *m_program->form->findChild<SSPanel*>(QStringLiteral("lblDayOfWeek(0)"));
+        const auto& heading = m_program->Find<SSPanel>("lblDayOfWeek(0)");
         const SSPanel& title = m_program->Bottom();
         return {heading.x(), heading.y(), title.width(), m_program->form->centralWidget()->height() - heading.y()};
     }
@@ -72,7 +60,7 @@ class WallpaperTest : public QObject
     // The number that the mouse leaves in a cell.
     QLabel& ShowDateDiff(int cell) const
     {
-        auto& label = *m_program->form->findChild<QLabel*>(QStringLiteral("lblDateDiff"));
+        auto& label = m_program->Find<QLabel>("lblDateDiff");
         m_program->Trigger("mnuDateDiffShow");
         QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(5, 5));
         QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(9, 9));
@@ -91,26 +79,21 @@ class WallpaperTest : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-    }
+    void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
 
     void TheShownMonthBecomesTheWallpaper()
     {
-        Program& program = *m_program;
-        program.New(QStringLiteral("Notes.mdb"));
-        program.Type(Today, QStringLiteral("a note of today"));
-        program.Box(Today).selectAll();
-        const qreal ratio = program.form->devicePixelRatioF();
+        m_program->New(QStringLiteral("Notes.mdb"));
+        m_program->Type(Today, QStringLiteral("a note of today"));
+        m_program->Box(Today).selectAll();
+        const qreal ratio = m_program->form->devicePixelRatioF();
         QWidget over; // which a photograph of the screen would show
-        over.setGeometry(QRect(program.form->pos(), QSize(300, 300)));
+        over.setGeometry(QRect(m_program->form->pos(), QSize(300, 300)));
         over.setStyleSheet(QStringLiteral("background: #00ff00"));
         over.show();
         QVERIFY(QTest::qWaitForWindowExposed(&over));
-        program.Trigger("mnuSetWallpaper");
+        m_program->Trigger("mnuSetWallpaper");
 
         const QImage bitmap(Bitmap("notes.bmp"));
         const QSize region = Region().size();
@@ -129,15 +112,13 @@ private Q_SLOTS:
 
     void NothingOfTheMomentIsInThePicture()
     {
-        Program& program = *m_program;
-        program.New(QStringLiteral("notes.mdb"));
-        program.Type(Today, QStringLiteral("a note of today"));
-        RichTextBox& box = program.Box(Today);
-        box.SetSelStart(2);
-        box.SetSelLength(4);
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Type(Today, QStringLiteral("a note of today"));
+        RichTextBox& box = m_program->Box(Today);
+        Select(box, 2, 4);
         const int caretWidth = box.cursorWidth();
         const QLabel& label = ShowDateDiff(Today);
-        program.Trigger("mnuSetWallpaper");
+        m_program->Trigger("mnuSetWallpaper");
         const QImage cell = Cell(QImage(Bitmap("notes.bmp")), Today);
         for (const QColor& color :
              {paper::Today, paper::TodayFrame, paper::Accent, QColor(Qt::red), label.palette().color(QPalette::Window),
@@ -145,37 +126,34 @@ private Q_SLOTS:
             QVERIFY2(!HasColor(cell, color), qPrintable(color.name()));
         QVERIFY(HasColor(cell, Qt::black)); // the number as on any other day, and the note
 
-        QCOMPARE(program.Panel(Today).Paper(), QColor(paper::Today));
-        QCOMPARE(program.Panel(Today).ForeColor(), 0xFFu);
-        QVERIFY(program.Panel(Today).IsActive());
+        QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
+        QCOMPARE(m_program->Panel(Today).ForeColor(), 0xFFu);
+        QVERIFY(m_program->Panel(Today).IsActive());
         QCOMPARE(box.SelLength(), 4);
         QCOMPARE(box.cursorWidth(), caretWidth);
         QVERIFY(label.isVisible());
-        QVERIFY(HasColor(program.Panel(Today).grab().toImage(), paper::Accent));
+        QVERIFY(HasColor(m_program->Panel(Today).grab().toImage(), paper::Accent));
     }
 
     void InAnotherMonthNoCellChanges()
     {
-        Program& program = *m_program;
-        WritePrivateProfileStringA(QStringLiteral("DAILY PANEL"), QStringLiteral("FONTSIZE"), QStringLiteral("30"),
-                                   QStringLiteral("PLANNER.INI"));
-        program.New(QStringLiteral("notes.mdb"));
-        program.Trigger("mnuNextMonth");
-        const QFont before = program.Panel(program.CellOf(17)).CaptionFont();
-        program.Trigger("mnuSetWallpaper");
-        QCOMPARE(program.Panel(program.CellOf(17)).CaptionFont(), before);
-        QCOMPARE(program.Panel(program.CellOf(17)).Paper(), QColor(paper::Paper));
+        SetIni("DAILY PANEL", "FONTSIZE", "30");
+        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->Trigger("mnuNextMonth");
+        const QFont before = m_program->Panel(m_program->CellOf(17)).CaptionFont();
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(m_program->Panel(m_program->CellOf(17)).CaptionFont(), before);
+        QCOMPARE(m_program->Panel(m_program->CellOf(17)).Paper(), QColor(paper::Paper));
     }
 
     void TheWeekTakesTheStylesOfTheMonth()
     {
-        Program& program = *m_program;
-        program.New(QStringLiteral("planner.mdb"));
-        program.Trigger("mnuWeekView");
-        program.Trigger("mnuSetWallpaper");
-        QCOMPARE(program.Panel(39).Caption(), QStringLiteral(" 17"));
-        QCOMPARE(program.Panel(39).CaptionFont().pointSize(), 8);
-        QCOMPARE(program.Panel(39).ForeColor(), 0xFFu);
+        m_program->New(QStringLiteral("planner.mdb"));
+        m_program->Trigger("mnuWeekView");
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(m_program->Panel(39).Caption(), QStringLiteral(" 17"));
+        QCOMPARE(m_program->Panel(39).CaptionFont().pointSize(), 8);
+        QCOMPARE(m_program->Panel(39).ForeColor(), 0xFFu);
         QVERIFY(!HasColor(Cell(QImage(Bitmap("planner.bmp")), 39), paper::TodayFrame));
     }
 
@@ -192,30 +170,29 @@ private Q_SLOTS:
     {
         QFETCH(QString, size);
         QFETCH(bool, isWeek);
-        Program& program = *m_program;
-        program.New(QStringLiteral("planner.mdb"));
-        if (isWeek) program.Trigger("mnuWeekView");
-        WriteIni("WallpaperSize", size);
-        const QRect before = program.form->geometry();
-        const QRect cell = program.Panel(isWeek ? 39 : Today).geometry();
-        const QSize client = program.form->centralWidget()->size();
+        m_program->New(QStringLiteral("planner.mdb"));
+        if (isWeek) m_program->Trigger("mnuWeekView");
+        SetIni("WallPaper", "WallpaperSize", size);
+        const QRect before = m_program->form->geometry();
+        const QRect cell = m_program->Panel(isWeek ? 39 : Today).geometry();
+        const QSize client = m_program->form->centralWidget()->size();
         const QLabel& label = ShowDateDiff(isWeek ? 39 : Today);
         const QRect number = label.geometry();
-        program.Trigger("mnuSetWallpaper");
+        m_program->Trigger("mnuSetWallpaper");
         const QImage bitmap(Bitmap("planner.bmp"));
         QVERIFY(!HasColor(bitmap, label.palette().color(QPalette::Window)));
         QVERIFY(label.isVisible() && label.geometry() == number);
-        const QSize screen = program.form->screen()->size();
-        const qreal ratio = program.form->devicePixelRatioF();
-        const QSize around = program.form->frameGeometry().size() - client;
+        const QSize screen = m_program->form->screen()->size();
+        const qreal ratio = m_program->form->devicePixelRatioF();
+        const QSize around = m_program->form->frameGeometry().size() - client;
         const QSize maximized = Region().size() + (screen - around - client) - QSize(0, 1);
         const SeenRoot root;
         QCOMPARE(bitmap.size(), size == u'1' ? root.SizeOf(root.Window()) : maximized * ratio);
         // The headings stand at the top and the title at the foot, over all of the width.
         QVERIFY(HasColor(bitmap.copy(0, 0, bitmap.width() / 7, 20), paper::Band));
         QVERIFY(HasColor(bitmap.copy(bitmap.width() - 30, bitmap.height() - 30, 30, 30), paper::Band));
-        QCOMPARE(program.form->geometry(), before);
-        QCOMPARE(program.Panel(isWeek ? 39 : Today).geometry(), cell);
+        QCOMPARE(m_program->form->geometry(), before);
+        QCOMPARE(m_program->Panel(isWeek ? 39 : Today).geometry(), cell);
     }
 
     void TheFileIsNamedAfterThePlanner_data()
@@ -246,8 +223,8 @@ private Q_SLOTS:
         fake.Keep(m_options, "'wallpaper'");
         m_program->Trigger("mnuSetWallpaper");
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
-        QCOMPARE(Ini("PreviousWallPaper"), photo); // set by another program, and longer than 80 letters
-        QCOMPARE(Ini("PreviousTileStyle"), QStringLiteral("1"));
+        QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), photo); // set by another program, and longer than 80 letters
+        QCOMPARE(Ini("WallPaper", "PreviousTileStyle"), QStringLiteral("1"));
         QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("0"));
         QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
         QCOMPARE(fake.Kept(m_options), QByteArray("'wallpaper'"));
@@ -264,7 +241,7 @@ private Q_SLOTS:
     {
         m_program->Trigger("mnuSetWallpaper");
         QVERIFY(SeenRoot().Pixmap() != 0);
-        WriteIni("PreviousWallPaper", QStringLiteral("(None)"));
+        SetIni("WallPaper", "PreviousWallPaper", QStringLiteral("(None)"));
         QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
         QCOMPARE(SeenRoot().Pixmap(), 0U);
         QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
@@ -277,11 +254,11 @@ private Q_SLOTS:
         QCOMPARE(Said("mnuUpdateWallpaper"), QStringLiteral("Orrelin Help Wizard: Successfully Updated Wallpaper!"));
         QVERIFY(fake.Calls().contains("picture-options 'none'")); // or what is cached would stay
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
-        const QString before = Ini("PreviousWallPaper");
+        const QString before = Ini("WallPaper", "PreviousWallPaper");
         QCOMPARE(Said("mnuClearWallpaper"), QStringLiteral("nothing"));
         QCOMPARE(fake.Kept(m_options), QByteArray("'none'"));
         QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
-        QCOMPARE(Ini("PreviousWallPaper"), before);
+        QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), before);
     }
 
     void ADesktopThatRefusesIsTold_data()
@@ -292,11 +269,11 @@ private Q_SLOTS:
                              << QStringLiteral("Orrelin: Wallpaper setting not successful! Make sure your video "
                                                "resolution is in 16 or 256 colors");
         QTest::newRow("clear") << QByteArray("mnuClearWallpaper")
-                               << QStringLiteral("Orrelin Help Wizard: Wallpaper Clearing Not Successful!");
+                               << u"Orrelin Help Wizard: Wallpaper Clearing Not Successful!"_s;
         QTest::newRow("update") << QByteArray("mnuUpdateWallpaper")
-                                << QStringLiteral("Orrelin Help Wizard: Unable To Update Wallpaper!");
+                                << u"Orrelin Help Wizard: Unable To Update Wallpaper!"_s;
         QTest::newRow("previous") << QByteArray("mnuPrevWallpaper")
-                                  << QStringLiteral("Orrelin: Unable to restore previous wallpaper!");
+                                  << u"Orrelin: Unable to restore previous wallpaper!"_s;
     }
 
     void ADesktopThatRefusesIsTold()
@@ -316,14 +293,9 @@ private Q_SLOTS:
         m_program->Trigger("mnuSetWallpaper");
         const QImage before(Bitmap("planner.bmp"));
         m_program->form->resize(900, 600);
-        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        const rlimit full{100000, limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
+        std::optional<FullDisk> full(100000);
         const QString said = Said("mnuSetWallpaper");
-        setrlimit(RLIMIT_FSIZE, &limit);
-        std::signal(SIGXFSZ, handler);
+        full.reset();
         QVERIFY(said.startsWith(u"Orrelin: Wallpaper setting not successful!"));
         QCOMPARE(QImage(Bitmap("planner.bmp")), before);
         QVERIFY(m_program->Log().contains(" in MainForm, fnSetWallpaper"));
@@ -349,7 +321,7 @@ private Q_SLOTS:
         QFETCH(int, chosen);
         QFETCH(int, click);
         QFETCH(QString, written);
-        WriteIni("WallpaperSize", stored);
+        SetIni("WallPaper", "WallpaperSize", stored);
         const auto answer = [=, this](Qt::Key key) {
             OnNextModal<WallpaperForm>([=](WallpaperForm& form) {
                 const auto option = [&](int size) {
@@ -366,10 +338,10 @@ private Q_SLOTS:
             m_program->Trigger("mnuWallpaperOption");
         };
         answer(Qt::Key_Escape);
-        QCOMPARE(Ini("WallpaperSize"), stored);
+        QCOMPARE(Ini("WallPaper", "WallpaperSize"), stored);
         answer(Qt::Key_Return);
-        QCOMPARE(Ini("WallpaperSize"), written);
-        QCOMPARE(Ini("Autoupdate"), QStringLiteral("1"));
+        QCOMPARE(Ini("WallPaper", "WallpaperSize"), written);
+        QCOMPARE(Ini("WallPaper", "Autoupdate"), QStringLiteral("1"));
         QVERIFY(!QFile::exists(Bitmap("planner.bmp"))); // the wallpaper stays as it is
     }
 
@@ -390,23 +362,22 @@ private Q_SLOTS:
         QFETCH(int, mode);
         QFETCH(QByteArray, manner);
         QFETCH(bool, isMinimized);
-        Program& program = *m_program;
-        program.New(QStringLiteral("notes.mdb"));
+        m_program->New(QStringLiteral("notes.mdb"));
         const QSize region = Region().size();
-        WriteIni("Autoupdate", QStringLiteral("1"));
+        SetIni("WallPaper", "Autoupdate", QStringLiteral("1"));
         const FakeDesktop fake("GNOME");
         if (!manner.isEmpty()) fake.Become(manner.constData());
-        if (isMinimized) program.form->showMinimized();
-        program.form->subExitProgram(mode); // a box would have nobody to answer it
-        const qreal ratio = program.form->devicePixelRatioF();
-        QVERIFY(program.form->HasEnded());
+        if (isMinimized) m_program->form->showMinimized();
+        m_program->form->subExitProgram(mode); // a box would have nobody to answer it
+        const qreal ratio = m_program->form->devicePixelRatioF();
+        QVERIFY(m_program->form->HasEnded());
         QCOMPARE(QImage(Bitmap("notes.bmp")).size(), QSize(region.width(), region.height() - 1) * ratio);
         if (manner.isEmpty()) QVERIFY(fake.Kept(m_address).endsWith("/notes.bmp'"));
     }
 
     void WithoutTheOptionTheExitLeavesTheDesktop()
     {
-        WriteIni("Autoupdate", QStringLiteral("2"));
+        SetIni("WallPaper", "Autoupdate", QStringLiteral("2"));
         m_program->Exit();
         QVERIFY(!QFile::exists(Bitmap("planner.bmp")));
     }

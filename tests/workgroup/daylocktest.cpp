@@ -1,9 +1,7 @@
 #include "editing/zoomboxform.h"
 #include "failingstore.h"
-#include "platform/controls/picturebutton.h"
-#include "platform/profile/profile.h"
-#include "program.h"
-#include "workgroup/workgroupstate.h"
+#include "settingsfile.h"
+#include "workgroupprogram.h"
 
 // Two users of one planner: the program, which is in March 1999, and a recordset of another connection. The 17th stands
 // in cell 18.
@@ -11,78 +9,35 @@ class DayLockTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_file = QStringLiteral("team.mdb");
-    const QString m_key = QStringLiteral("1999/3/17");
-    std::unique_ptr<Program> m_program;
+    std::unique_ptr<WorkgroupProgram> m_program;
     Recordset m_other;
 
-    PictureButton& Picture(const char* name)
-    {
-        return *m_program->form->findChild<PictureButton*>(QString::fromLatin1(name));
-    }
-    bool ShowsLocked() { return Picture("picLock").Visible(1) && !Picture("picLock").Visible(0); }
-    bool ShowsFree() { return Picture("picLock").Visible(0) && !Picture("picLock").Visible(1); }
-    void PressLock() { QTest::mouseClick(&Picture("picLock"), Qt::LeftButton); }
-    QString Stored()
-    {
-        RichTextBox box;
-        box.SetTextRTF(m_program->Stored(m_file, m_key));
-        return box.Text();
-    }
-    RichTextBox& Box() { return m_program->Box(18); }
+    bool ShowsLocked() const { return m_program->ShowsLocked(); }
+    bool ShowsFree() const { return m_program->ShowsFree(); }
+    void PressLock() const { QTest::mouseClick(&m_program->Lock(), Qt::LeftButton); }
+    void LockAndType(const QString& text) const { m_program->LockAndType(text); }
+    QString Stored() const { return PlainText(m_program->Stored(m_program->File, m_program->Key)); }
+    RichTextBox& Box() const { return m_program->Box(); }
 
-    void OtherWrites(const QByteArray& text)
-    {
-        m_other.Seek(QStringLiteral("="), m_key);
-        if (m_other.NoMatch())
-            m_other.AddNew();
-        else
-            m_other.Edit();
-        m_other.SetField(QStringLiteral("qmtDate"), m_key);
-        m_other.SetField(QStringLiteral("qmtText"), text);
-        m_other.Update();
-    }
-
+    void OtherWrites(const QByteArray& text) { Write(m_other, m_program->Key, text); }
     bool OtherIsRefused()
     {
-        m_other.Seek(QStringLiteral("="), m_key);
-        try {
-            m_other.Edit();
-        } catch (const RunTimeError&) {
-            return true;
-        }
-        m_other.CancelUpdate();
-        return false;
-    }
-
-    // Locks the 17th and types into it.
-    void LockAndType(const QString& text)
-    {
-        m_program->Click(18);
-        PressLock();
-        QVERIFY(ShowsLocked());
-        QTest::keyClick(&Box(), Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClicks(&Box(), text);
-    }
-
-    void SetIni(const char* key, const char* value)
-    {
-        WritePrivateProfileStringA(QStringLiteral("Network Options"), QString::fromLatin1(key),
-                                   QString::fromLatin1(value), QStringLiteral("PLANNER.INI"));
+        m_other.Seek(QStringLiteral("="), m_program->Key);
+        const bool isRefused = ErrorOf([this] { m_other.Edit(); }) != 0;
+        if (!isRefused) m_other.CancelUpdate();
+        return isRefused;
     }
 
 private Q_SLOTS:
     void init()
     {
-        m_program = std::make_unique<Program>();
+        m_program = std::make_unique<WorkgroupProgram>();
         m_program->Start();
-        m_program->New(m_file, true);
-        m_other = DBEngine::OpenDatabase(m_program->folders.Path(m_file)).OpenTable(QStringLiteral("QMT Table"));
-        m_other.SetIndex(QStringLiteral("qmtPrimaryKey"));
+        m_program->New(m_program->File, true);
+        m_other = schema::OpenNotes(DBEngine::OpenDatabase(m_program->folders.Path(m_program->File)));
     }
     void cleanup()
     {
-        DBEngine::SetStoreWrapperForTests(nullptr);
         m_other = Recordset();
         m_program.reset();
     }
@@ -117,15 +72,6 @@ private Q_SLOTS:
         LockAndType(QStringLiteral(" and ours"));
         PressLock();
         QCOMPARE(Stored(), QStringLiteral("theirs and ours"));
-        m_other.Seek(QStringLiteral("="), m_key);
-        m_other.Edit();
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Click(18);
-        PressLock();
-        QVERIFY(seen.Text.startsWith(QStringLiteral("Could not update; currently locked by user")));
-        QVERIFY(ShowsFree());
-        m_other.CancelUpdate();
     }
 
     void theLockKeepsThePersonInPlace()
@@ -182,7 +128,7 @@ private Q_SLOTS:
 
     void aDayLeftIdleIsCommitted()
     {
-        SetIni("AutoUnLock", "1");
+        SetIni("Network Options", "AutoUnLock", "1");
         LockAndType(QStringLiteral("idle"));
         g_lUnlockDelay = 3;
         g_lUnlockTicks = 1;
@@ -197,35 +143,19 @@ private Q_SLOTS:
         QCOMPARE(Stored(), QStringLiteral("idle!"));
     }
 
-    void aDayViewLeftIdleIsTakenOver()
-    {
-        SetIni("AutoUnLock", "1");
-        m_program->Click(18);
-        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("unfinished"));
-            g_lUnlockDelay = 1;
-            Q_EMIT form.parentWidget()->findChild<Timer*>(QStringLiteral("tmUnLock"))->Tick();
-        });
-        m_program->Trigger("mnuDayView"); // returns, for the timer has closed it
-        QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("unfinished"));
-        QVERIFY(!OtherIsRefused());
-    }
-
     // Opened on a day that is locked by hand, the day view gives the lock back with the text, or leaves it.
     void theDayViewOfALockedDay()
     {
         LockAndType(QStringLiteral("by hand"));
-        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
-            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnCancel")), Qt::LeftButton);
-        });
+        OnNextModal<ZoomBoxForm>(
+            [](ZoomBoxForm& form) { QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton); });
         m_program->Trigger("mnuDayView");
         QVERIFY(ShowsLocked());
         QCOMPARE(Box().Text(), QStringLiteral("by hand"));
         QVERIFY(OtherIsRefused());
         OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), QStringLiteral("zoomed "));
-            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnOk")), Qt::LeftButton);
+            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
         });
         m_program->Trigger("mnuDayView");
         QVERIFY(ShowsFree());
@@ -268,11 +198,12 @@ private Q_SLOTS:
 
     void theRefreshReadsAgain()
     {
+        auto& refresh = m_program->Find<PictureButton>("picRefresh");
         m_program->Click(18);
         OtherWrites("first");
-        QTest::mouseClick(&Picture("picRefresh"), Qt::LeftButton);
+        QTest::mouseClick(&refresh, Qt::LeftButton);
         QCOMPARE(Box().Text(), QStringLiteral("first"));
-        QVERIFY(Picture("picRefresh").Visible(0));
+        QVERIFY(refresh.Visible(0));
         g_bAutoRefresh = true;
         g_lRefreshDelay = 2;
         g_lRefreshTicks = 0;
@@ -293,12 +224,10 @@ private Q_SLOTS:
     // A full disk at the commit: the day stays locked with its text, and the next try stores it.
     void whatCannotBeStoredStays()
     {
-        const auto plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests(
-            [plan](std::shared_ptr<Store> inner) { return std::make_shared<FailingStore>(inner, plan); });
-        m_program->Open(m_file, true);
+        const FailingStores failing;
+        m_program->Open(m_program->File, true);
         LockAndType(QStringLiteral("not lost"));
-        *plan = {1, FailurePlan::Before, {3026, QStringLiteral("Disk full")}, QStringLiteral("Replace")};
+        *failing.plan = {1, FailurePlan::Before, {3026, QStringLiteral("Disk full")}, QStringLiteral("Replace")};
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuWeekView");

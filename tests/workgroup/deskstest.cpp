@@ -1,10 +1,5 @@
 #include "workgroupprogram.h"
 
-#include <QSysInfo>
-
-#include <pwd.h>
-#include <unistd.h>
-
 // Two desks: the program and another process, on a planner in a file and on a server.
 class DesksTest : public QObject
 {
@@ -13,11 +8,6 @@ class DesksTest : public QObject
     std::unique_ptr<WorkgroupProgram> m_program;
     QString m_path;
 
-    static QString Me()
-    {
-        return QStringLiteral("user '%1' on machine '%2'.")
-            .arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name), QSysInfo::machineHostName());
-    }
     // Ends the other process like a power cut; a server needs a moment to see it.
     static void Kill(OtherProgram& other, int sessionsLeft)
     {
@@ -60,7 +50,8 @@ private Q_SLOTS:
         QFETCH(bool, mineIsPersonal);
         QFETCH(bool, theyCameFirst);
         const bool meet = !theirsIsPersonal && !mineIsPersonal;
-        const QString refusal = QStringLiteral("Could not use 'team.mdb'; file already in use by ") + Me();
+        const QString refusal =
+            QStringLiteral("Could not use 'team.mdb'; file already in use by ") + OtherProgram::Name();
         OtherProgram other;
         if (!theyCameFirst) {
             m_program->Open(m_program->File, !mineIsPersonal);
@@ -91,7 +82,8 @@ private Q_SLOTS:
         other.Do({QStringLiteral("seek"), m_program->Key});
         QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
         m_program->Click(WorkgroupProgram::Cell);
-        QCOMPARE(m_program->PressLockAndHear(), QStringLiteral("Could not update; currently locked by ") + Me());
+        QCOMPARE(m_program->PressLockAndHear(),
+                 QStringLiteral("Could not update; currently locked by ") + OtherProgram::Name());
         QVERIFY(m_program->ShowsFree());
         m_program->Click(20); // elsewhere the work goes on
         m_program->PressLock();
@@ -103,7 +95,7 @@ private Q_SLOTS:
         third.Open(m_path, false);
         third.Do({QStringLiteral("seek"), m_program->Key});
         QCOMPARE(third.Do({QStringLiteral("edit")}),
-                 QStringLiteral("3260 Could not update; currently locked by ") + Me());
+                 QStringLiteral("3260 Could not update; currently locked by ") + OtherProgram::Name());
         m_program->PressLock();
         QVERIFY(m_program->ShowsFree());
         QCOMPARE(PlainText(m_program->Stored(m_program->File, m_program->Key)), QStringLiteral("theirs and mine"));

@@ -3,7 +3,7 @@
 #include "editing/zoomboxform.h"
 #include "failingstore.h"
 #include "plannerfile/rescuefiles.h"
-#include "platform/profile/profile.h"
+#include "settingsfile.h"
 #include "workgroupprogram.h"
 
 class HeldRecordTest : public QObject
@@ -14,28 +14,11 @@ class HeldRecordTest : public QObject
     const QString m_tenth = QStringLiteral("1999/3/10");
     const QString m_second = QStringLiteral("second.mdb");
 
-    void WriteAs(const QString& key, const QByteArray& text) const
-    {
-        Database planner = DBEngine::OpenDatabase(m_program->folders.Path(m_program->File));
-        Recordset notes = Days(planner);
-        Write(notes, key, text);
-    }
-    void MakeSecond() const
-    {
-        Database planner = DBEngine::CreateDatabase(m_program->folders.Path(m_second), schema::Locale);
-        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
-            planner.Append(table);
-        planner.Close();
-    }
     QString Stored(const QString& key) const { return PlainText(m_program->Stored(m_program->File, key)); }
     QString Stored() const { return Stored(m_program->Key); }
     void FailNext(const char* call) const
     {
-        m_plan->calls = 0;
-        m_plan->at = 1;
-        m_plan->when = FailurePlan::Before;
-        m_plan->only = QString::fromLatin1(call);
-        m_plan->error = {3026, QStringLiteral("Disk full")};
+        *m_plan = {1, FailurePlan::Before, {3026, QStringLiteral("Disk full")}, QString::fromLatin1(call)};
     }
     void RunOut() const
     {
@@ -59,30 +42,23 @@ class HeldRecordTest : public QObject
     }
     static void Press(const ZoomBoxForm& form, const char* button)
     {
-        QTest::mouseClick(form.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
 
 private Q_SLOTS:
     void init()
     {
-        m_plan = std::make_shared<FailurePlan>();
         m_program = std::make_unique<WorkgroupProgram>();
         m_program->MakePlanner(false);
-        WriteAs(m_program->Key, "old");
-        WriteAs(m_tenth, "tenth");
-        WritePrivateProfileStringA(QStringLiteral("Network Options"), QStringLiteral("AutoUnLock"), QStringLiteral("1"),
-                                   QStringLiteral("PLANNER.INI"));
+        m_program->WriteAs(m_program->Key, "old");
+        m_program->WriteAs(m_tenth, "tenth");
+        SetIni("Network Options", "AutoUnLock", "1");
         m_program->Start();
-        DBEngine::SetStoreWrapperForTests(
-            [this](auto store) { return std::make_shared<FailingStore>(std::move(store), m_plan); });
+        const FailingStores failing;
+        m_plan = failing.plan;
         m_program->Open(m_program->File, true);
-        DBEngine::SetStoreWrapperForTests(nullptr);
     }
-    void cleanup()
-    {
-        DBEngine::SetStoreWrapperForTests(nullptr);
-        m_program.reset();
-    }
+    void cleanup() { m_program.reset(); }
 
     void theIdleTimerFindsItsDayAfterMidnight()
     {
@@ -103,8 +79,9 @@ private Q_SLOTS:
     {
         m_program->Click(WorkgroupProgram::Cell);
         InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+            const QRect before = m_program->Panel(WorkgroupProgram::Cell).geometry();
             m_program->form->resize(900, 650);
-            QTest::qWait(50);
+            QTRY_VERIFY(m_program->Panel(WorkgroupProgram::Cell).geometry() != before);
             RunOut();
         });
         QCOMPARE(Stored(), QStringLiteral("mine old"));
@@ -173,7 +150,7 @@ private Q_SLOTS:
         AnswerNextFileDialog(m_program->folders.Path(m_program->File));
         OnNextModal<OpenAsForm>([&](OpenAsForm& form) {
             RunOut();
-            form.findChild<QRadioButton*>(QStringLiteral("opShared(1)"))->click();
+            In<QRadioButton>(form, "opShared(1)").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuOpen");
@@ -183,7 +160,7 @@ private Q_SLOTS:
 
     void aNewThatIsAnsweredNoEmptiesNothing()
     {
-        MakeSecond();
+        MakePlanner(m_program->folders.Path(m_second));
         m_program->LockAndType(QString());
         AnswerNextFileDialog(m_program->folders.Path(m_second));
         AnswerNextBox(msgbox::No);
@@ -196,13 +173,13 @@ private Q_SLOTS:
 
     void aRefreshBehindAnOpeningLeavesNothingForTheNextPlanner()
     {
-        MakeSecond();
+        MakePlanner(m_program->folders.Path(m_second));
         AnswerNextFileDialog(m_program->folders.Path(m_second));
         OnNextModal<OpenAsForm>([&](OpenAsForm& form) {
             g_bAutoRefresh = true;
             g_lRefreshTicks = g_lRefreshDelay = 1;
             m_program->Tick("tmAutoRefresh");
-            form.findChild<QRadioButton*>(QStringLiteral("opShared(0)"))->click();
+            In<QRadioButton>(form, "opShared(0)").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuOpen");
@@ -257,9 +234,9 @@ private Q_SLOTS:
         });
         m_program->Trigger("mnuDayView");
         DropAnswers();
-        QFile kept(RescueFolder() + QStringLiteral("/team 1999-3-17.rtf"));
-        QCOMPARE(kept.open(QIODevice::ReadOnly), fails == FailurePlan::ForEver);
-        QCOMPARE(fails == FailurePlan::ForEver ? PlainText(kept.readAll()) : Stored(), QStringLiteral("mine old"));
+        const QString kept = RescueFolder() + QStringLiteral("/team 1999-3-17.rtf");
+        QCOMPARE(QFile::exists(kept), fails == FailurePlan::ForEver);
+        QCOMPARE(fails == FailurePlan::ForEver ? PlainText(Content(kept)) : Stored(), QStringLiteral("mine old"));
     }
 
     void aFullDiskIsNamedWhenAnEmptyDayIsLocked()

@@ -1,5 +1,5 @@
-#include "platform/profile/profile.h"
 #include "program.h"
+#include "settingsfile.h"
 #include "workgroup/networkoptionform.h"
 #include "workgroup/workgroupstate.h"
 
@@ -12,19 +12,13 @@ class NetworkOptionsTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    static QString Ini(const char* key)
-    {
-        return GetPrivateProfileStringA(QStringLiteral("Network Options"), QString::fromLatin1(key),
-                                        QStringLiteral("none"), 100, QStringLiteral("PLANNER.INI"));
-    }
-
     void Answer(const QString& unlock, const QString& refresh, Qt::Key key)
     {
         OnNextModal<NetworkOptionForm>([=](NetworkOptionForm& form) {
             for (const char* box : {"chkAutoUnlock", "chkAutoRefresh"})
-                form.findChild<QCheckBox*>(QString::fromLatin1(box))->click();
-            form.findChild<QLineEdit*>(QStringLiteral("txtUnlockDelay"))->setText(unlock);
-            form.findChild<QLineEdit*>(QStringLiteral("txtAutoRefreshDelay"))->setText(refresh);
+                In<QCheckBox>(form, box).click();
+            In<QLineEdit>(form, "txtUnlockDelay").setText(unlock);
+            In<QLineEdit>(form, "txtAutoRefreshDelay").setText(refresh);
             QTest::keyClick(&form, key);
         });
         m_program->Trigger("mnuNetworkOptions");
@@ -32,11 +26,7 @@ class NetworkOptionsTest : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_program = std::make_unique<Program>();
-        m_program->Start();
-    }
+    void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
 
     void belongsToWorkgroupsAlone()
@@ -44,7 +34,7 @@ private Q_SLOTS:
         m_program->New(QStringLiteral("mine.mdb"));
         QVERIFY(!m_program->Entry("mnuNetworkOptions").isEnabled());
         QVERIFY(!m_program->Entry("mnuLockDay").isEnabled());
-        QVERIFY(!m_program->form->findChild<Timer*>(QStringLiteral("tmUnLock"))->Enabled());
+        QVERIFY(!m_program->Find<Timer>("tmUnLock").Enabled());
     }
 
     void okWritesAndCounts()
@@ -52,22 +42,23 @@ private Q_SLOTS:
         m_program->New(QStringLiteral("team.mdb"), true);
         g_lRefreshDelay = 77;
         Answer(QStringLiteral("2.5"), QStringLiteral("abc"), Qt::Key_Return);
-        QCOMPARE(Ini("AutoUnLock"), QStringLiteral("1"));
-        QCOMPARE(Ini("AutoRefresh"), QStringLiteral("1"));
-        QCOMPARE(Ini("UnlockDelay"), QStringLiteral("2.5"));
+        QCOMPARE(Ini("Network Options", "AutoUnLock"), QStringLiteral("1"));
+        QCOMPARE(Ini("Network Options", "AutoRefresh"), QStringLiteral("1"));
+        QCOMPARE(Ini("Network Options", "UnlockDelay"), QStringLiteral("2.5"));
         QCOMPARE(g_lUnlockDelay, 120);
-        QCOMPARE(Ini("RefreshDelay"), QStringLiteral("5")); // what is no number leaves the running delay
+        QCOMPARE(Ini("Network Options", "RefreshDelay"),
+                 QStringLiteral("5")); // what is no number leaves the running delay
         QCOMPARE(g_lRefreshDelay, 77);
         QVERIFY(bGeneralUnlockEnable && g_bAutoRefresh);
-        QVERIFY(m_program->form->findChild<Timer*>(QStringLiteral("tmAutoRefresh"))->Enabled());
-        QVERIFY(!m_program->form->findChild<Timer*>(QStringLiteral("tmUnLock"))->Enabled());
+        QVERIFY(m_program->Find<Timer>("tmAutoRefresh").Enabled());
+        QVERIFY(!m_program->Find<Timer>("tmUnLock").Enabled());
     }
 
     void cancelChangesNothing()
     {
         m_program->New(QStringLiteral("team.mdb"), true);
         Answer(QStringLiteral("9"), QStringLiteral("9"), Qt::Key_Escape);
-        QCOMPARE(Ini("AutoUnLock"), QStringLiteral("none"));
+        QCOMPARE(Ini("Network Options", "AutoUnLock"), QStringLiteral("none"));
         QVERIFY(!g_bAutoRefresh);
     }
 };

@@ -1,6 +1,8 @@
 #include "workgroup/networkoptionform.h"
 #include "workgroupprogram.h"
 
+using namespace Qt::StringLiterals;
+
 // The open planner taken to a server and saved to a file again from the network options, with a day locked and typed
 // into at that moment.
 class ServerMoveTest : public QObject
@@ -22,14 +24,8 @@ class ServerMoveTest : public QObject
         QCOMPARE(WaitingAnswers(), 0);
         m_program->Activate();
     }
-    static QPushButton& Button(const NetworkOptionForm& form, const char* name)
-    {
-        return *form.findChild<QPushButton*>(QString::fromLatin1(name));
-    }
-    static QLineEdit& Address(const NetworkOptionForm& form)
-    {
-        return *form.findChild<QLineEdit*>(QStringLiteral("txtServer"));
-    }
+    static QPushButton& Button(const NetworkOptionForm& form, const char* name) { return In<QPushButton>(form, name); }
+    static QLineEdit& Address(const NetworkOptionForm& form) { return In<QLineEdit>(form, "txtServer"); }
 
     // Answers the question; what was said then, if the answer was Yes.
     SeenBox Move(const QString& address, int answer = msgbox::Yes)
@@ -46,11 +42,7 @@ class ServerMoveTest : public QObject
         return seen;
     }
 
-    QByteArray FileContent() const
-    {
-        QFile file(m_program->folders.Path(m_program->File));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray FileContent() const { return Content(m_program->folders.Path(m_program->File)); }
     QString StoredIn(const QString& file) const { return PlainText(m_program->Stored(file, m_program->Key)); }
 
 private Q_SLOTS:
@@ -107,8 +99,8 @@ private Q_SLOTS:
         const QString tcp = server.TcpUri(QStringLiteral("%1"));
         QTest::newRow("no address") << QStringLiteral("the server in the hall") << QByteArray() << "form postgresql:";
         QTest::newRow("server down") << server.TcpUri(QStringLiteral("%1"), 1) << QByteArray() << "Connection refused";
-        QTest::newRow("no such server") << QStringLiteral("postgresql://nowhere.invalid/office") << QByteArray()
-                                        << "nowhere.invalid";
+        QTest::newRow("no such server") << u"postgresql://nowhere.invalid/office"_s << QByteArray()
+                                        << u"nowhere.invalid"_s;
         QTest::newRow("wrong password") << tcp << QByteArray("password") << "password authentication failed";
         QTest::newRow("name taken") << tcp << QByteArray("taken") << "a planner of this name already";
         QTest::newRow("newer planner there") << tcp << QByteArray("newer") << "a planner of this name already";

@@ -1,7 +1,6 @@
 #include "editing/zoomboxform.h"
 #include "platform/engine/cuttingproxy.h"
-#include "platform/profile/profile.h"
-#include "settings/settings.h"
+#include "settingsfile.h"
 #include "workgroupprogram.h"
 
 #include <QToolButton>
@@ -17,11 +16,9 @@ class ServerScreenTest : public QObject
     QString m_direct;                      // a link past it
     QString m_planner;
 
-    void Link(const QString& path, const QString& uri) const
+    static void Link(const QString& path, const QString& uri)
     {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("Orrelin planner link 1\n" + uri.toUtf8() + '\n');
+        SetContent(path, "Orrelin planner link 1\n" + uri.toUtf8() + '\n');
     }
     // Another user's look at the planner, by a connection of its own.
     void Others(const std::function<void(Database&)>& work) const
@@ -36,15 +33,7 @@ class ServerScreenTest : public QObject
             Write(notes, key, text);
         });
     }
-    QString Stored() const
-    {
-        QByteArray rtf;
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            rtf = Read(notes, m_program->Key);
-        });
-        return PlainText(rtf);
-    }
+    QString Stored() const { return PlainText(m_program->Stored(QFileInfo(m_direct).fileName(), m_program->Key)); }
     bool IsFreeForOthers() const
     {
         int error = 0;
@@ -85,9 +74,7 @@ private Q_SLOTS:
     void AServerNotSeenBeforeIsAskedAbout()
     {
         const QString address = TestServer::Get().Uri(m_planner);
-        const QString key = QString::fromLatin1(QUrl::toPercentEncoding(DBEngine::ServerOf(address), "/:"));
-        WritePrivateProfileStringA(QStringLiteral("Known Servers"), key, QStringLiteral("0"),
-                                   settings::PlannerIni.toString());
+        SetIni("Known Servers", QUrl::toPercentEncoding(DBEngine::ServerOf(address), "/:"), "0");
         const auto sessions = [] {
             return TestServer::Get().Ask(
                 QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"));
@@ -286,7 +273,7 @@ private Q_SLOTS:
             QTest::keyClicks(&form.tbZoom(), QStringLiteral("mine, "));
             TestServer::Get().Cut();
             AnswerNextBox(msgbox::Ok, &seen);
-            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnOk")), Qt::LeftButton);
+            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
         });
         m_program->Trigger("mnuDayView");
         QVERIFY2(seen.Text.contains(QStringLiteral("connection")), qPrintable(seen.Text));

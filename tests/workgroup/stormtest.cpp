@@ -1,7 +1,6 @@
 #include "plannerfile/plannerstate.h"
-#include "plannerfile/schema.h"
+#include "planners.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/enginetesting.h"
 #include "platform/engine/testserver.h"
 #include "platform/runtime/errortail.h"
 #include "workgroup/dayrecord.h"
@@ -179,12 +178,7 @@ private Q_SLOTS:
         m_folder.emplace();
         m_days.clear();
         m_refusals = 0;
-        {
-            Database planner = DBEngine::CreateDatabase(Planner(), schema::Locale);
-            for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
-                planner.Append(table);
-            planner.Close();
-        }
+        MakePlanner(Planner());
         QFETCH_GLOBAL(bool, onServer);
         if (onServer) TestServer::Get().Take(Planner());
         Storm();

@@ -2,19 +2,10 @@
 #pragma once
 
 #include "plannerfile/knownservers.h"
-#include "plannerfile/schema.h"
+#include "planners.h"
 #include "platform/controls/picturebutton.h"
-#include "platform/engine/enginetesting.h"
 #include "platform/engine/testserver.h"
 #include "program.h"
-
-// What is shown of a stored note.
-inline QString PlainText(const QByteArray& rtf)
-{
-    RichTextBox box;
-    box.SetTextRTF(rtf);
-    return box.Text();
-}
 
 class WorkgroupProgram : public Program
 {
@@ -23,13 +14,18 @@ public:
     QString File = QStringLiteral("team.mdb");
     const QString Key = QStringLiteral("1999/3/17");
 
+    // Another user writes, by a connection of its own.
+    void WriteAs(const QString& key, const QByteArray& text) const
+    {
+        Database planner = DBEngine::OpenDatabase(folders.Path(File));
+        Recordset notes = Days(planner);
+        Write(notes, key, text);
+    }
+
     // An empty planner; on the server the file is its link. Its name there.
     QString MakePlanner(bool onServer) const
     {
-        Database planner = DBEngine::CreateDatabase(folders.Path(File), schema::Locale);
-        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
-            planner.Append(table);
-        planner.Close();
+        ::MakePlanner(folders.Path(File));
         if (!onServer) return {};
         const QString name = TestServer::Get().Take(folders.Path(File));
         RememberServer(TestServer::Get().Uri(name));
@@ -38,7 +34,7 @@ public:
 
     using Program::Box;
     RichTextBox& Box() const { return Box(Cell); }
-    PictureButton& Lock() const { return *form->findChild<PictureButton*>(QStringLiteral("picLock")); }
+    PictureButton& Lock() const { return Find<PictureButton>("picLock"); }
     bool ShowsLocked() const { return Lock().Visible(1) && !Lock().Visible(0); }
     bool ShowsFree() const { return Lock().Visible(0) && !Lock().Visible(1); }
     // A box that the test has no answer for fails it instead of keeping it waiting.

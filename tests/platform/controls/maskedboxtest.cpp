@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 const QString g_date = QStringLiteral("##/##/####");
 const QString g_full = QStringLiteral("07/04/1999");
@@ -63,29 +65,20 @@ private Q_SLOTS:
         QTest::newRow("too much") << none << "070419991" << g_full << 10;
         QTest::newRow("letters") << none << "a0x7,;4"
                                  << "07/4_/____" << 4;
-        QTest::newRow("partial") << none << "7"
-                                 << "7_/__/____" << 1;
-        QTest::newRow("other number over a full one") << g_full << "1 2 / 9 /"
-                                                      << "12/09/1999" << 6;
-        QTest::newRow("one digit over a full number") << g_full << "9 /"
-                                                      << "09/04/1999" << 3;
+        QTest::newRow("partial") << none << u"7"_s << u"7_/__/____"_s << 1;
+        QTest::newRow("other number over a full one") << g_full << u"1 2 / 9 /"_s << u"12/09/1999"_s << 6;
+        QTest::newRow("one digit over a full number") << g_full << u"9 /"_s << u"09/04/1999"_s << 3;
         QTest::newRow("separator skips") << g_full << "/ /" << g_full << 6;
         QTest::newRow("separator after a move keeps") << g_full << "Right /" << g_full << 3;
-        QTest::newRow("delete over separators") << g_full << "Del Del Del Del Del"
-                                                << "__/__/_999" << 7;
+        QTest::newRow("delete over separators") << g_full << u"Del Del Del Del Del"_s << u"__/__/_999"_s << 7;
         QTest::newRow("delete at the end") << g_full << "End Del" << g_full << 10;
-        QTest::newRow("backspace over separators") << g_full << "End Back Back Back Back Back"
-                                                   << "07/0_/____" << 4;
+        QTest::newRow("backspace over separators")
+            << g_full << u"End Back Back Back Back Back"_s << u"07/0_/____"_s << 4;
         QTest::newRow("backspace at the start") << g_full << "Home Back" << g_full << 0;
-        QTest::newRow("end of a part") << "07/04/1___"
-                                       << "End"
-                                       << "07/04/1___" << 7;
-        QTest::newRow("end of nothing") << none << "End 1"
-                                        << "1_/__/____" << 1;
-        QTest::newRow("selection typed over") << g_full << "All 1"
-                                              << "1_/__/____" << 1;
-        QTest::newRow("selection deleted") << g_full << "All Del"
-                                           << "__/__/____" << 0;
+        QTest::newRow("end of a part") << u"07/04/1___"_s << u"End"_s << u"07/04/1___"_s << 7;
+        QTest::newRow("end of nothing") << none << u"End 1"_s << u"1_/__/____"_s << 1;
+        QTest::newRow("selection typed over") << g_full << u"All 1"_s << u"1_/__/____"_s << 1;
+        QTest::newRow("selection deleted") << g_full << u"All Del"_s << u"__/__/____"_s << 0;
         QTest::newRow("undo") << g_full << "All 1 Undo" << g_full << 10;
         QTest::newRow("cut and paste") << g_full << "All Cut Paste" << g_full << 10;
     }
@@ -113,23 +106,18 @@ private Q_SLOTS:
         QTest::newRow("blanks around") << g_date << "" << 5 << " \t07/04/1999 \n" << g_full;
         QTest::newRow("digits alone") << g_date << "12/31/2001" << 10 << "07041999" << g_full;
         QTest::newRow("other separators") << g_date << "" << 0 << "7-4-1999" << g_full;
-        QTest::newRow("year first") << yearFirst << "" << 0 << "1999/7/4"
-                                    << "1999/07/04";
+        QTest::newRow("year first") << yearFirst << u""_s << 0 << u"1999/7/4"_s << u"1999/07/04"_s;
         QTest::newRow("other order") << g_date << g_full << 0 << "1999/7/4" << g_full;
         QTest::newRow("words") << g_date << g_full << 0 << "July 4" << g_full;
         QTest::newRow("date and time") << g_date << g_full << 0 << "7/4/1999 10:15" << g_full;
         QTest::newRow("nothing") << g_date << g_full << 0 << "" << g_full;
         QTest::newRow("the year alone") << g_date << "07/04/____" << 6 << "1999" << g_full;
-        QTest::newRow("month and year") << g_date << "31/12/2001" << 4 << "7/1999"
-                                        << "31/07/1999";
+        QTest::newRow("month and year") << g_date << u"31/12/2001"_s << 4 << u"7/1999"_s << u"31/07/1999"_s;
         QTest::newRow("too many") << g_date << g_full << 4 << "1/2/3/4" << g_full;
-        QTest::newRow("half filled box") << g_date << g_full << 0 << "08/__/____"
-                                         << "08/__/____";
-        QTest::newRow("minute") << two << "" << 0 << "5"
-                                << "5_";
+        QTest::newRow("half filled box") << g_date << g_full << 0 << u"08/__/____"_s << u"08/__/____"_s;
+        QTest::newRow("minute") << two << u""_s << 0 << u"5"_s << u"5_"_s;
         QTest::newRow("wide digits") << two << "" << 0 << QString::fromUtf8("０７") << "07";
-        QTest::newRow("no mask") << ""
-                                 << "x" << 1 << "any; text"
+        QTest::newRow("no mask") << u""_s << u"x"_s << 1 << "any; text"
                                  << "xany; text";
     }
 

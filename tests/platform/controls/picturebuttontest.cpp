@@ -57,172 +57,162 @@ class PictureButtonTest : public QObject
 
 private Q_SLOTS:
     void initTestCase() { InitResources(); }
-    void mouse();
-    void swapUnderTheMouse();
-    void keys_data();
-    void keys();
-    void hidden();
-    void swapKeepsTheFocus();
-    void dialogTakesTheRelease();
-    void tipsAndNames();
-    void longerArrays();
-    void looks();
-};
 
-void PictureButtonTest::mouse()
-{
-    Sidebar bar;
-    QTest::mouseClick(&bar.button, Qt::LeftButton);
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
-    bar.log.clear();
-    QTest::mousePress(&bar.button, Qt::LeftButton);
-    QTest::mouseRelease(&bar.button, Qt::LeftButton, {}, {-5, 5});
-    QTest::mouseClick(&bar.button, Qt::RightButton);
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0"));
-    bar.log.clear();
-    QTest::mouseDClick(&bar.button, Qt::LeftButton); // the second of two quick presses
-    QTest::mouseRelease(&bar.button, Qt::LeftButton);
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
-    QVERIFY(bar.cell.hasFocus()); // the caret stays in its cell
-}
-
-void PictureButtonTest::swapUnderTheMouse()
-{
-    Sidebar bar;
-    connect(&bar.button, &PictureButton::MouseDown, this, [&] { bar.Show(1); });
-    connect(&bar.button, &PictureButton::MouseUp, this, [&] { bar.Show(0); });
-    QWindow* window = bar.window.windowHandle();
-    for (int i = 0; i < 2; ++i) {
-        QTest::mousePress(window, Qt::LeftButton, {}, {40, 40}); // through the window, as the real mouse comes
-        QCoreApplication::processEvents();
-        QVERIFY(bar.button.Visible(1) && !bar.button.Visible(0));
-        QTest::mouseRelease(window, Qt::LeftButton, {}, {40, 40});
-        QVERIFY(bar.button.Visible(0) && !bar.button.Visible(1));
+    void mouse()
+    {
+        Sidebar bar;
+        QTest::mouseClick(&bar.button, Qt::LeftButton);
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        bar.log.clear();
+        QTest::mousePress(&bar.button, Qt::LeftButton);
+        QTest::mouseRelease(&bar.button, Qt::LeftButton, {}, {-5, 5});
+        QTest::mouseClick(&bar.button, Qt::RightButton);
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0"));
+        bar.log.clear();
+        QTest::mouseDClick(&bar.button, Qt::LeftButton); // the second of two quick presses
+        QTest::mouseRelease(&bar.button, Qt::LeftButton);
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        QVERIFY(bar.cell.hasFocus()); // the caret stays in its cell
     }
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0 down0 up0 click0"));
-    bar.log.clear();
-    bar.Show(1);
-    QTest::mouseClick(&bar.button, Qt::LeftButton);
-    QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1"));
-}
 
-void PictureButtonTest::keys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::newRow("space") << int(Qt::Key_Space);
-    QTest::newRow("return") << int(Qt::Key_Return);
-    QTest::newRow("enter") << int(Qt::Key_Enter);
-}
+    void swapUnderTheMouse()
+    {
+        Sidebar bar;
+        connect(&bar.button, &PictureButton::MouseDown, this, [&] { bar.Show(1); });
+        connect(&bar.button, &PictureButton::MouseUp, this, [&] { bar.Show(0); });
+        QWindow* window = bar.window.windowHandle();
+        for (int i = 0; i < 2; ++i) {
+            QTest::mousePress(window, Qt::LeftButton, {}, {40, 40}); // through the window, as the real mouse comes
+            QCoreApplication::processEvents();
+            QVERIFY(bar.button.Visible(1) && !bar.button.Visible(0));
+            QTest::mouseRelease(window, Qt::LeftButton, {}, {40, 40});
+            QVERIFY(bar.button.Visible(0) && !bar.button.Visible(1));
+        }
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0 down0 up0 click0"));
+        bar.log.clear();
+        bar.Show(1);
+        QTest::mouseClick(&bar.button, Qt::LeftButton);
+        QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1"));
+    }
 
-void PictureButtonTest::keys()
-{
-    QFETCH(int, key);
-    Sidebar bar;
-    QTest::keyClick(&bar.cell, Qt::Key_Tab);
-    QVERIFY(bar.button.hasFocus());
-    bar.Show(1);
-    QTest::keyPress(&bar.button, Qt::Key(key));
-    QCOMPARE(bar.Log(), QStringLiteral("down0"));
-    QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
-    QCoreApplication::sendEvent(&bar.button, &again);
-    QTest::keyRelease(&bar.button, Qt::Key(key));
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
-    QTest::keyPress(&bar.button, Qt::Key(key));
-    bar.button.clearFocus();
-    QTest::keyRelease(&bar.button, Qt::Key(key));
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0 down0 up0"));
-}
+    void keys_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("space") << int(Qt::Key_Space);
+        QTest::newRow("return") << int(Qt::Key_Return);
+        QTest::newRow("enter") << int(Qt::Key_Enter);
+    }
 
-void PictureButtonTest::hidden()
-{
-    Sidebar bar;
-    bar.button.SetVisible(0, false);
-    QTRY_VERIFY(bar.button.isHidden());
-    bar.button.SetVisible(1, true);
-    QVERIFY(bar.button.isVisible());
-    connect(&bar.button, &PictureButton::MouseDown, this, [&] { bar.button.SetVisible(1, false); });
-    QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
-    QCoreApplication::processEvents();
-    QTest::mouseRelease(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
-    QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1")); // the release came though nothing was shown
-    QTRY_VERIFY(bar.button.isHidden());
-}
+    void keys()
+    {
+        QFETCH(int, key);
+        Sidebar bar;
+        QTest::keyClick(&bar.cell, Qt::Key_Tab);
+        QVERIFY(bar.button.hasFocus());
+        bar.Show(1);
+        QTest::keyPress(&bar.button, Qt::Key(key));
+        QCOMPARE(bar.Log(), QStringLiteral("down0"));
+        QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(&bar.button, &again);
+        QTest::keyRelease(&bar.button, Qt::Key(key));
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        QTest::keyPress(&bar.button, Qt::Key(key));
+        bar.button.clearFocus();
+        QTest::keyRelease(&bar.button, Qt::Key(key));
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0 down0 up0"));
+    }
 
-void PictureButtonTest::swapKeepsTheFocus()
-{
-    Sidebar bar;
-    bar.button.setFocus(Qt::TabFocusReason);
-    connect(&bar.button, &PictureButton::Click, this, [&] { bar.Show(bar.button.Visible(0) ? 1 : 0); });
-    QTest::keyClick(&bar.button, Qt::Key_Space);
-    QCoreApplication::processEvents();
-    QVERIFY(bar.button.hasFocus() && bar.button.Visible(1));
-}
+    void hidden()
+    {
+        Sidebar bar;
+        bar.button.SetVisible(0, false);
+        QTRY_VERIFY(bar.button.isHidden());
+        bar.button.SetVisible(1, true);
+        QVERIFY(bar.button.isVisible());
+        connect(&bar.button, &PictureButton::MouseDown, this, [&] { bar.button.SetVisible(1, false); });
+        QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
+        QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1")); // the release came though nothing was shown
+        QTRY_VERIFY(bar.button.isHidden());
+    }
 
-void PictureButtonTest::dialogTakesTheRelease()
-{
-    Sidebar bar;
-    QDialog dialog(&bar.window);
-    connect(&bar.button, &PictureButton::MouseDown, &dialog, &QDialog::open);
-    QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
-    QTRY_COMPARE(bar.Log(), QStringLiteral("down0 up0"));
-}
+    void swapKeepsTheFocus()
+    {
+        Sidebar bar;
+        bar.button.setFocus(Qt::TabFocusReason);
+        connect(&bar.button, &PictureButton::Click, this, [&] { bar.Show(bar.button.Visible(0) ? 1 : 0); });
+        QTest::keyClick(&bar.button, Qt::Key_Space);
+        QCoreApplication::processEvents();
+        QVERIFY(bar.button.hasFocus() && bar.button.Visible(1));
+    }
 
-void PictureButtonTest::tipsAndNames()
-{
-    Sidebar bar;
-    QCOMPARE(bar.button.toolTip(), QStringLiteral("Next month"));
-    bar.Show(1);
-    QCOMPARE(bar.button.toolTip(), QStringLiteral("Pressed"));
-    QCOMPARE(bar.button.accessibleName(), QStringLiteral("Pressed"));
-    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&bar.button);
-    QCOMPARE(access->role(), QAccessible::Button);
-    access->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
-}
+    void dialogTakesTheRelease()
+    {
+        Sidebar bar;
+        QDialog dialog(&bar.window);
+        connect(&bar.button, &PictureButton::MouseDown, &dialog, &QDialog::open);
+        QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
+        QTRY_COMPARE(bar.Log(), QStringLiteral("down0 up0"));
+    }
 
-void PictureButtonTest::longerArrays()
-{
-    PictureButton spin({g_left, g_right, g_left}, 1);
-    QVERIFY(spin.Visible(0) && !spin.Visible(1) && !spin.Visible(2));
-    spin.ShowElement(2);
-    const QImage released = spin.grab().toImage();
-    QVERIFY(!spin.Visible(0) && !spin.Visible(1) && spin.Visible(2));
-    spin.ShowElement(1);
-    QVERIFY(spin.grab().toImage() != released);
-    PictureButton stop({g_right, g_left}, 0); // pressed first
-    const QImage pressed = stop.grab().toImage();
-    stop.ShowElement(1);
-    QCOMPARE(stop.grab().toImage(), released);
-    QVERIFY(pressed != released);
-}
+    void tipsAndNames()
+    {
+        Sidebar bar;
+        QCOMPARE(bar.button.toolTip(), QStringLiteral("Next month"));
+        bar.Show(1);
+        QCOMPARE(bar.button.toolTip(), QStringLiteral("Pressed"));
+        QCOMPARE(bar.button.accessibleName(), QStringLiteral("Pressed"));
+        QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&bar.button);
+        QCOMPARE(access->role(), QAccessible::Button);
+        access->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+    }
 
-// Each state can be told from the others by the eye.
-void PictureButtonTest::looks()
-{
-    Sidebar bar;
-    QList<QImage> seen;
-    const auto look = [&] {
-        const QImage image = bar.button.grab().toImage();
-        QVERIFY(!seen.contains(image));
-        seen << image;
-    };
-    look();
-    bar.button.SetFramed(true);
-    look();
-    bar.button.SetCaption(QStringLiteral("Month"));
-    QVERIFY(bar.button.sizeHint().height() > 40);
-    look();
-    bar.button.setFocus(Qt::TabFocusReason);
-    look();
-    bar.button.clearFocus();
-    QTest::mousePress(&bar.button, Qt::LeftButton);
-    look();
-    QTest::mouseRelease(&bar.button, Qt::LeftButton);
-    bar.Show(1);
-    look();
-    bar.button.setEnabled(false);
-    look();
-}
+    void longerArrays()
+    {
+        PictureButton spin({g_left, g_right, g_left}, 1);
+        QVERIFY(spin.Visible(0) && !spin.Visible(1) && !spin.Visible(2));
+        spin.ShowElement(2);
+        const QImage released = spin.grab().toImage();
+        QVERIFY(!spin.Visible(0) && !spin.Visible(1) && spin.Visible(2));
+        spin.ShowElement(1);
+        QVERIFY(spin.grab().toImage() != released);
+        PictureButton stop({g_right, g_left}, 0); // pressed first
+        const QImage pressed = stop.grab().toImage();
+        stop.ShowElement(1);
+        QCOMPARE(stop.grab().toImage(), released);
+        QVERIFY(pressed != released);
+    }
+
+    // Each state can be told from the others by the eye.
+    void looks()
+    {
+        Sidebar bar;
+        QList<QImage> seen;
+        const auto look = [&] {
+            const QImage image = bar.button.grab().toImage();
+            QVERIFY(!seen.contains(image));
+            seen << image;
+        };
+        look();
+        bar.button.SetFramed(true);
+        look();
+        bar.button.SetCaption(QStringLiteral("Month"));
+        QVERIFY(bar.button.sizeHint().height() > 40);
+        look();
+        bar.button.setFocus(Qt::TabFocusReason);
+        look();
+        bar.button.clearFocus();
+        QTest::mousePress(&bar.button, Qt::LeftButton);
+        look();
+        QTest::mouseRelease(&bar.button, Qt::LeftButton);
+        bar.Show(1);
+        look();
+        bar.button.setEnabled(false);
+        look();
+    }
+};
 
 QTEST_MAIN(PictureButtonTest)
 #include "picturebuttontest.moc"

@@ -1,7 +1,7 @@
 #include "platform/controls/toolbar.h"
 
+#include "errorof.h"
 #include "platform/controls/resources.h"
-#include "platform/runtime/runtimeerror.h"
 
 #include <QFile>
 #include <QMessageBox>
@@ -219,14 +219,8 @@ private Q_SLOTS:
     void UnknownKeysAreAnError()
     {
         Window window;
-        for (const char* key : {"none", "color"}) {
-            try {
-                window.Bar.Buttons(QString::fromLatin1(key));
-                QFAIL("no error");
-            } catch (const RunTimeError& error) {
-                QCOMPARE(error.Number, 35601);
-            }
-        }
+        for (const char* key : {"none", "color"})
+            QCOMPARE(ErrorOf([&] { window.Bar.Buttons(QString::fromLatin1(key)); }), 35601);
         QVERIFY_EXCEPTION_THROWN(window.Bar.Placeholder(QStringLiteral("none")), RunTimeError);
     }
 

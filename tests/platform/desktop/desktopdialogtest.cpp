@@ -1,9 +1,10 @@
+#include "errorof.h"
+#include "files.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
-#include "platform/runtime/runtimeerror.h"
 #include "support.h"
 
 #include <QLabel>
@@ -17,20 +18,10 @@ class DesktopDialogTest : public QObject
     QTemporaryDir m_folder;
 
     QString Path(const QString& name) const { return m_folder.filePath(name); }
-    void Make(const QString& name) const
-    {
-        QFile file(Path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
 
     static int NumberOf(CommonDialog& dialog, int action)
     {
-        try {
-            dialog.Action(action);
-        } catch (const RunTimeError& error) {
-            return error.Number;
-        }
-        return 0;
+        return ErrorOf([&] { dialog.Action(action); });
     }
 
     CommonDialog PlannerDialog() const
@@ -45,10 +36,8 @@ class DesktopDialogTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        Make(QStringLiteral("Alpha.MDB"));
-        Make(QStringLiteral("beta.mdb"));
-        Make(QStringLiteral("notes.txt"));
-        Make(QStringLiteral("README"));
+        for (const char* name : {"Alpha.MDB", "beta.mdb", "notes.txt", "README"})
+            SetContent(Path(QString::fromLatin1(name)), {});
     }
     void cleanup()
     {
@@ -85,7 +74,7 @@ private Q_SLOTS:
         OnNextModal<QMessageBox>([=](QMessageBox& box) {
             QVERIFY(QTest::qWaitForWindowActive(&box));
             QCOMPARE(box.text(), QStringLiteral("replace '<b>a.mdb'?"));
-            QCOMPARE(box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->textFormat(), Qt::PlainText);
+            QCOMPARE(In<QLabel>(box, "qt_msgbox_label").textFormat(), Qt::PlainText);
             QTEST(support::PlainText(box.defaultButton()), "defaultButton");
             const bool isLetter = key < Qt::Key_Escape;
             if (key == 0) return void(box.close());

@@ -1,4 +1,3 @@
-#include "platform/desktop/clock.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/folders.h"
 #include "support.h"
@@ -126,15 +125,6 @@ private Q_SLOTS:
         half.close();
         QCOMPARE(folders::MediaDirectory(), own.Path(QStringLiteral("data/Media")));
         QCOMPARE(QFileInfo(own.Path(QStringLiteral("data/Media/a.wav"))).size(), 9);
-    }
-
-    void TheClockCanBeSet()
-    {
-        const QDateTime noon(QDate(1999, 12, 31), QTime(12, 0));
-        desktopclock::SetForTests(noon);
-        QCOMPARE(desktopclock::Now(), noon);
-        desktopclock::SetForTests(QDateTime());
-        QVERIFY(desktopclock::Now() > noon);
     }
 };
 

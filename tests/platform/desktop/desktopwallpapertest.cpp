@@ -12,6 +12,8 @@
 #include <QDBusUnixFileDescriptor>
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 // What the two services on the bus are to do, and what they were asked.
 struct Played
 {
@@ -160,17 +162,17 @@ private Q_SLOTS:
         QTest::addColumn<QString>("fitKey");
         QTest::addColumn<QByteArrayList>("fits"); // filling the screen, centred, as a call sets none
         const QByteArrayList names{"'zoom'", "'centered'", "'none'"};
-        QTest::newRow("GNOME") << QByteArray("ubuntu:GNOME") << "org.gnome.desktop.background picture-uri"
+        QTest::newRow("GNOME") << QByteArray("ubuntu:GNOME") << u"org.gnome.desktop.background picture-uri"_s
                                << QByteArray("'file:///usr/my%20photo.jpg'")
-                               << "org.gnome.desktop.background picture-options" << names;
-        QTest::newRow("Cinnamon") << QByteArray("X-Cinnamon") << "org.cinnamon.desktop.background picture-uri"
+                               << u"org.gnome.desktop.background picture-options"_s << names;
+        QTest::newRow("Cinnamon") << QByteArray("X-Cinnamon") << u"org.cinnamon.desktop.background picture-uri"_s
                                   << QByteArray("'file:///usr/my%20photo.jpg'")
-                                  << "org.cinnamon.desktop.background picture-options" << names;
-        QTest::newRow("MATE") << QByteArray("MATE") << "org.mate.background picture-filename"
-                              << QByteArray("'/usr/my photo.jpg'") << "org.mate.background picture-options" << names;
-        QTest::newRow("Xfce") << QByteArray("XFCE") << "xfce/backdrop/screen0/monitorDP-1/workspace0/last-image"
+                                  << u"org.cinnamon.desktop.background picture-options"_s << names;
+        QTest::newRow("MATE") << QByteArray("MATE") << u"org.mate.background picture-filename"_s
+                              << QByteArray("'/usr/my photo.jpg'") << u"org.mate.background picture-options"_s << names;
+        QTest::newRow("Xfce") << QByteArray("XFCE") << u"xfce/backdrop/screen0/monitorDP-1/workspace0/last-image"_s
                               << QByteArray("/usr/my photo.jpg")
-                              << "xfce/backdrop/screen0/monitorDP-1/workspace0/image-style"
+                              << u"xfce/backdrop/screen0/monitorDP-1/workspace0/image-style"_s
                               << QByteArrayList{"5", "1", "-s 0"};
     }
 
@@ -288,9 +290,7 @@ private Q_SLOTS:
         Played::manner = Played::Manner(manner);
         Played::code = code;
         QCOMPARE(Show(m_picture, isShown ? 20000 : 600), isShown);
-        QFile file(m_picture);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        if (isShown) QCOMPARE(Played::taken, file.readAll());
+        if (isShown) QCOMPARE(Played::taken, Content(m_picture));
         QVERIFY(!Show(wallpaper::None)); // there is no way to take a picture away
         QCOMPARE(fake.Calls(), QByteArray());
     }
@@ -341,11 +341,10 @@ private Q_SLOTS:
     void WhatIsNoPictureIsRefused()
     {
         QVERIFY(!Show(m_folders.Path(QStringLiteral("missing.bmp"))));
-        QFile text(m_folders.Path(QStringLiteral("text.bmp")));
-        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no picture") > 0);
-        text.close();
+        const QString text = m_folders.Path(QStringLiteral("text.bmp"));
+        SetContent(text, "no picture");
         Played::code = 2;
-        QVERIFY(!Show(text.fileName()));
+        QVERIFY(!Show(text));
     }
 };
 

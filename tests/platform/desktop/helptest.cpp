@@ -1,3 +1,4 @@
+#include "files.h"
 #include "hall/menus.h"
 #include "platform/desktop/helpbook.h"
 #include "platform/desktop/helppage.h"
@@ -12,6 +13,8 @@
 #include <QTextBlock>
 #include <QToolTip>
 #include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
 
 // Drives the help window over the help file that the build has made.
 class HelpTest : public QObject
@@ -143,12 +146,9 @@ private Q_SLOTS:
         QTest::addColumn<HelpCommand>("command");
         QTest::addColumn<QString>("page");
         QTest::addColumn<QString>("focus");
-        QTest::newRow("contents") << HelpCommand::Contents << "welcome"
-                                  << "helpContents";
-        QTest::newRow("how to") << HelpCommand::HowToUseHelp << "using-help"
-                                << "helpContents";
-        QTest::newRow("search") << HelpCommand::Search << "welcome"
-                                << "helpWords";
+        QTest::newRow("contents") << HelpCommand::Contents << u"welcome"_s << u"helpContents"_s;
+        QTest::newRow("how to") << HelpCommand::HowToUseHelp << u"using-help"_s << u"helpContents"_s;
+        QTest::newRow("search") << HelpCommand::Search << u"welcome"_s << u"helpWords"_s;
     }
 
     void CommandsOpenTheirPages()
@@ -195,14 +195,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("first");
         QTest::addColumn<bool>("only");
-        QTest::newRow("title before text") << "tunes"
-                                           << "Tunes" << false;
-        QTest::newRow("beginning") << "WALLP"
-                                   << "Your calendar as wallpaper" << false;
-        QTest::newRow("several words") << "  stretched  edge "
-                                       << "Your calendar as wallpaper" << true;
-        QTest::newRow("key") << "ctrl+l"
-                             << "Your calendar as wallpaper" << false;
+        QTest::newRow("title before text") << u"tunes"_s << u"Tunes"_s << false;
+        QTest::newRow("beginning") << u"WALLP"_s << u"Your calendar as wallpaper"_s << false;
+        QTest::newRow("several words") << u"  stretched  edge "_s << u"Your calendar as wallpaper"_s << true;
+        QTest::newRow("key") << u"ctrl+l"_s << u"Your calendar as wallpaper"_s << false;
         QTest::newRow("inside a word") << "allpaper" << QString() << true;
         QTest::newRow("no pattern") << ".*" << QString() << true;
         QTest::newRow("one word nowhere") << "wallpaper zebra" << QString() << true;
@@ -240,14 +236,13 @@ private Q_SLOTS:
     void NothingOutsideIsFetched()
     {
         QTemporaryDir folder;
-        QFile secret(folder.filePath(QStringLiteral("secret.html")));
-        QVERIFY(secret.open(QIODevice::WriteOnly) && secret.write("<p>secret</p>") > 0);
-        secret.close();
+        const QString secret = folder.filePath(QStringLiteral("secret.html"));
+        SetContent(secret, "<p>secret</p>");
         HelpPage page(*m_book, nullptr);
         const QUrl home = HelpBook::PageOf(QStringLiteral("welcome"));
         page.setSource(home);
         for (const QUrl& outside :
-             {QUrl::fromLocalFile(secret.fileName()), QUrl(QStringLiteral("https://example.org")),
+             {QUrl::fromLocalFile(secret), QUrl(QStringLiteral("https://example.org")),
               QUrl(QStringLiteral("qrc:/icons/new.svg")), QUrl(QStringLiteral("qrc:/orrelin-help/../icons/new.svg"))}) {
             page.setSource(outside);
             QCOMPARE(page.source(), home);
@@ -260,9 +255,7 @@ private Q_SLOTS:
     void ADamagedFileIsRefused_data()
     {
         QTest::addColumn<QByteArray>("content");
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray whole = file.readAll();
+        const QByteArray whole = Content(m_file);
         QByteArray flipped = whole;
         flipped[whole.size() / 2] = char(~flipped[whole.size() / 2]);
         QTest::newRow("empty") << QByteArray();
@@ -278,10 +271,9 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         QTemporaryDir folder;
-        QFile file(folder.filePath(QStringLiteral("ORL.HLP")));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        file.close();
-        QVERIFY(!ShowHelp(m_owner.get(), file.fileName(), HelpCommand::Contents));
+        const QString damaged = folder.filePath(QStringLiteral("ORL.HLP"));
+        SetContent(damaged, content);
+        QVERIFY(!ShowHelp(m_owner.get(), damaged, HelpCommand::Contents));
         QVERIFY(!ShowHelp(m_owner.get(), folder.path(), HelpCommand::Contents));
         QVERIFY(!ShowHelp(m_owner.get(), folder.filePath(QStringLiteral("none")), HelpCommand::Contents));
         QVERIFY(!ShowHelp(m_owner.get(), QString(), HelpCommand::Contents));

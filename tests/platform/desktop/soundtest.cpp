@@ -71,16 +71,16 @@ class SoundTest : public QObject
     QString Path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
     QString Written(const char* name, const QByteArray& content) const
     {
-        WriteFile(Path(name), content);
+        SetContent(Path(name), content);
         return Path(name);
     }
 
 private Q_SLOTS:
     void initTestCase()
     {
-        WriteFile(m_a4, WaveTone(440));
-        WriteFile(m_a5, WaveTone(880));
-        WriteFile(m_music, MidiNote(84));
+        SetContent(m_a4, WaveTone(440));
+        SetContent(m_a5, WaveTone(880));
+        SetContent(m_music, MidiNote(84));
     }
 
     void WavesSoundAtTheirPitch_data()

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace engineerrors;
@@ -104,12 +103,7 @@ private Q_SLOTS:
         const Notes notes = NotesIn(m_path);
         DBEngine::CompactDatabase(m_path, m_dummy);
         const QStringList files = Files();
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit before = {};
-        ::getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit little = {200000, before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &little);
-        const auto unlimited = qScopeGuard([&] { ::setrlimit(RLIMIT_FSIZE, &before); });
+        const FullDisk full(200000);
         QCOMPARE(ErrorOf([&] { DBEngine::ReplaceDatabase(m_dummy, m_path); }), InputOutput);
         QVERIFY(ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy + u'2'); }) != 0);
         QVERIFY(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }) != 0);

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "enginetesting.h"
+#include "files.h"
 
-#include <QFile>
 #include <QMap>
 #include <QScopeGuard>
 #include <QSet>
@@ -13,21 +13,8 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 
-#include <csignal>
 #include <sqlite3.h>
 #include <unistd.h>
-
-inline QByteArray Content(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
-inline void SetContent(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("Could not write a test's file");
-}
 
 // Each row as its columns' bytes.
 inline QList<QByteArrayList> Ask(const QString& path, const QByteArray& sql)

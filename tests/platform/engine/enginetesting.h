@@ -1,14 +1,16 @@
-// What the engine's tests share: a table as planners have it, errors by number, and a second program.
+// What the engine's tests share: a table as planners have it, and a second program.
 #pragma once
 
+#include "errorof.h"
 #include "platform/engine/dbengine.h"
-#include "platform/runtime/runtimeerror.h"
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QSysInfo>
 #include <QTextStream>
 
-#include <functional>
+#include <pwd.h>
+#include <unistd.h>
 
 inline TableDef DayTable()
 {
@@ -20,18 +22,6 @@ inline TableDef DayTable()
              {QStringLiteral("qmtFontBold"), dbBoolean},
              {QStringLiteral("qmtFontColor"), dbLong}},
             {{QStringLiteral("qmtPrimaryKey"), QStringLiteral("-qmtDate"), true}}};
-}
-
-// The error's number, 0 if there was none; its text goes to the second argument.
-inline int ErrorOf(const std::function<void()>& step, QString* text = nullptr)
-{
-    try {
-        step();
-    } catch (const RunTimeError& error) {
-        if (text) *text = error.Description;
-        return error.Number;
-    }
-    return 0;
 }
 
 inline Recordset Days(Database& database)
@@ -88,6 +78,13 @@ public:
     {
         m_process.kill();
         m_process.waitForFinished();
+    }
+
+    // As the engine's messages name it.
+    static QString Name()
+    {
+        return QStringLiteral("user '%1' on machine '%2'.")
+            .arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name), QSysInfo::machineHostName());
     }
 
     // What the second program's main does.

@@ -37,6 +37,15 @@ QByteArray LittleEndian(Number number)
     return bytes;
 }
 
+// As the fourth version keeps texts: 16 bits a character.
+inline QByteArray Wide(const QString& text)
+{
+    QByteArray bytes;
+    for (const QChar character : text)
+        bytes += LittleEndian(character.unicode());
+    return bytes;
+}
+
 class Jet3File
 {
 public:

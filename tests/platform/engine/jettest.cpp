@@ -1,7 +1,7 @@
 // Planners of the older engine: converted whole or not at all, whatever the file is and whatever ends it.
 #include "damagetesting.h"
 #include "jet3file.h"
-#include "plannerfile/schema.h"
+#include "planners.h"
 #include "platform/desktop/folders.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jetrows.h"
@@ -11,24 +11,16 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace engineerrors;
 
 namespace {
-const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
-
 QByteArray RichText(const QByteArray& body)
 {
     return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}}\r\n"
            "\\viewkind4\\uc1\\pard\\f0\\fs20 " +
            body + "\\par\r\n}\r\n";
-}
-
-QByteArray Wide(const QString& text)
-{
-    QByteArray bytes;
-    for (const QChar character : text)
-        bytes += LittleEndian(character.unicode());
-    return bytes;
 }
 
 const std::vector<Jet3File::Column> noteColumns = {
@@ -83,7 +75,7 @@ class JetTest : public QObject
         return ErrorOf(
             [this] {
                 const DBEngine::AloneWith alone(m_path);
-                DBEngine::CompactDatabase(m_path, m_dummy, tables);
+                DBEngine::CompactDatabase(m_path, m_dummy, plannerTables);
                 DBEngine::ReplaceDatabase(m_dummy, m_path);
             },
             text);
@@ -209,10 +201,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("before");
         QTest::addColumn<QByteArray>("patch");
         QTest::addColumn<QByteArray>("note");
-        QTest::newRow("bytes of rich text")
-            << Wide(QStringLiteral("Leap day")) << Wide(QStringLiteral("L\u20acap d\u00e9y"))
-            << RichText("L\x80"
-                        "ap d\xE9y \\b meeting\\b0  at 9:00");
+        QTest::newRow("bytes of rich text") << Wide(u"Leap day"_s) << Wide(u"L\u20acap d\u00e9y"_s)
+                                            << RichText("L\x80"
+                                                        "ap d\xE9y \\b meeting\\b0  at 9:00");
         const QString plain = QStringLiteral("Plain text note, not RTF.\r\nSecond line.");
         QByteArray shortened = QByteArray("\xFF\xFE"
                                           "caf\xE9 \0\x7E\x01\0 and ",
@@ -356,7 +347,7 @@ private Q_SLOTS:
             }
             SetContent(m_path, damaged);
             QString text;
-            const int error = ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy, tables); }, &text);
+            const int error = ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy, plannerTables); }, &text);
             QVERIFY2(error == 0 || error == NotADatabase, qPrintable(text));
             QCOMPARE(Content(m_path), damaged);
             QCOMPARE(QFile::exists(m_dummy), error == 0);

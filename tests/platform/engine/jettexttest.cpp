@@ -1,30 +1,16 @@
 // Single texts and values of old planners: the ways in which they lie there, and bytes that are none.
+#include "jet3file.h"
 #include "platform/engine/jet/jetstream.h"
 #include "platform/engine/jet/jetvalues.h"
 
 #include <QDateTime>
 #include <QTest>
-#include <QtEndian>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 const QByteArray Missing = "none";
-
-template <typename Number>
-QByteArray Bytes(Number number)
-{
-    QByteArray bytes(sizeof(Number), '\0');
-    qToLittleEndian(number, bytes.data());
-    return bytes;
 }
-
-QByteArray Wide(const QString& text)
-{
-    QByteArray bytes;
-    for (const QChar character : text)
-        bytes += Bytes(character.unicode());
-    return bytes;
-}
-} // namespace
 
 class JetTextTest : public QObject
 {
@@ -59,7 +45,7 @@ private Q_SLOTS:
         // The control's bytes had been taken for Western ones; what that page lacks is told in the text's own way.
         QTest::newRow("rich text of pairs") << 0 << Wide(QStringLiteral("{\\rtf1\\ansi Ïð\\'e8 \u0081 end}")) << rich;
         QTest::newRow("rich text beyond the page")
-            << 0 << Wide(QStringLiteral("{\\rtf1 é日😀}")) << QByteArray("{\\rtf1 \xE9\\u26085?\\u-10179?\\u-8704?}");
+            << 0 << Wide(u"{\\rtf1 é日😀}"_s) << QByteArray("{\\rtf1 \xE9\\u26085?\\u-10179?\\u-8704?}");
         QTest::newRow("half a pair") << 0 << QByteArray("abc") << Missing;
         QTest::newRow("half a pair, shortened") << 0
                                                 << QByteArray("\xFF\xFE"
@@ -88,16 +74,16 @@ private Q_SLOTS:
         using namespace jetstream;
         QTest::newRow("true") << int(Boolean) << QByteArray("\1") << int(dbBoolean) << QVariant(true);
         QTest::newRow("byte") << int(Byte) << QByteArray("\xFF") << int(dbLong) << QVariant(255);
-        QTest::newRow("integer") << int(Integer) << Bytes<qint16>(-2) << int(dbLong) << QVariant(-2);
-        QTest::newRow("long") << int(Long) << Bytes<qint32>(1 << 30) << int(dbLong) << QVariant(1 << 30);
-        QTest::newRow("single") << int(Single) << Bytes(8.25f) << int(dbSingle) << QVariant(8.25f);
-        QTest::newRow("double") << int(Double) << Bytes(8.25) << int(dbSingle) << QVariant(8.25f);
-        QTest::newRow("money") << int(Money) << Bytes<qint64>(82500) << int(dbSingle) << QVariant(8.25f);
-        QTest::newRow("date") << int(Date) << Bytes(36526.75) << int(dbDate) << moment(2000, 1, 1, 18);
-        QTest::newRow("an early date") << int(Date) << Bytes(-1.25) << int(dbDate) << moment(1899, 12, 29, 6);
-        QTest::newRow("no date") << int(Date) << Bytes(1e300) << int(dbDate) << QVariant();
-        QTest::newRow("not a number") << int(Date) << Bytes(qQNaN()) << int(dbDate) << QVariant();
-        QTest::newRow("half a number") << int(Long) << Bytes<qint16>(1) << int(dbLong) << QVariant();
+        QTest::newRow("integer") << int(Integer) << LittleEndian<qint16>(-2) << int(dbLong) << QVariant(-2);
+        QTest::newRow("long") << int(Long) << LittleEndian<qint32>(1 << 30) << int(dbLong) << QVariant(1 << 30);
+        QTest::newRow("single") << int(Single) << LittleEndian(8.25f) << int(dbSingle) << QVariant(8.25f);
+        QTest::newRow("double") << int(Double) << LittleEndian(8.25) << int(dbSingle) << QVariant(8.25f);
+        QTest::newRow("money") << int(Money) << LittleEndian<qint64>(82500) << int(dbSingle) << QVariant(8.25f);
+        QTest::newRow("date") << int(Date) << LittleEndian(36526.75) << int(dbDate) << moment(2000, 1, 1, 18);
+        QTest::newRow("an early date") << int(Date) << LittleEndian(-1.25) << int(dbDate) << moment(1899, 12, 29, 6);
+        QTest::newRow("no date") << int(Date) << LittleEndian(1e300) << int(dbDate) << QVariant();
+        QTest::newRow("not a number") << int(Date) << LittleEndian(qQNaN()) << int(dbDate) << QVariant();
+        QTest::newRow("half a number") << int(Long) << LittleEndian<qint16>(1) << int(dbLong) << QVariant();
         QTest::newRow("text") << int(Text) << QByteArray("12345") << int(dbText) << QVariant(QStringLiteral("12345"));
         QTest::newRow("too long") << int(Text) << QByteArray("123456") << int(dbText) << QVariant();
         QTest::newRow("words for a number") << int(Text) << QByteArray("many") << int(dbLong) << QVariant();

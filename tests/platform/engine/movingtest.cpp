@@ -5,8 +5,6 @@
 
 #include <QDir>
 
-#include <sys/resource.h>
-
 using namespace engineerrors;
 
 class MovingTest : public QObject
@@ -111,17 +109,11 @@ private Q_SLOTS:
         const QStringList files = Files();
         const Notes notes = NotesIn(m_path);
         const QByteArray content = Content(m_path);
-        rlimit before = {};
-        ::getrlimit(RLIMIT_FSIZE, &before);
-        const auto unlimited = qScopeGuard([&] { ::setrlimit(RLIMIT_FSIZE, &before); });
-        if (hindrance == u"no room") {
-            std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit little = {200000, before.rlim_max};
-            ::setrlimit(RLIMIT_FSIZE, &little);
-        }
+        std::optional<FullDisk> full;
+        if (hindrance == u"no room") full.emplace(200000);
         QString text;
         const int raised = Move(&text);
-        ::setrlimit(RLIMIT_FSIZE, &before);
+        full.reset();
         QVERIFY2(raised == error, qPrintable(QString::number(raised) + text));
         QVERIFY(Content(m_path) == content);
         QVERIFY(NotesIn(m_path) == notes);

@@ -1,18 +1,16 @@
 // Files that are no planners, damaged, read-only, or on a full disk.
 #include "enginetesting.h"
+#include "files.h"
 #include "platform/engine/engineerrors.h"
 
 #include <QDir>
-#include <QFile>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -48,18 +46,18 @@ public:
             if (::mount("tmpfs", m_path, "tmpfs", 0, "size=256k") != 0) qFatal("This root may not mount");
             return;
         }
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit little = {200000, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &little);
+        m_limit.emplace(200000);
     }
-    ~LittleRoom() { m_mounted ? ::umount2(m_path, MNT_DETACH) : ::setrlimit(RLIMIT_FSIZE, &m_before); }
+    ~LittleRoom()
+    {
+        if (m_mounted) ::umount2(m_path, MNT_DETACH);
+    }
     int Error() const { return m_mounted ? DiskFull : InputOutput; }
 
 private:
     QByteArray m_path;
     bool m_mounted;
-    rlimit m_before = {};
+    std::optional<FullDisk> m_limit;
 };
 } // namespace
 
@@ -71,17 +69,6 @@ class PlannerFileTest : public QObject
     std::optional<QTemporaryDir> m_folder;
     QString m_path;
 
-    QByteArray Content(const QString& path) const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
-    void SetContent(const QByteArray& bytes) const
-    {
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
     void MakePlanner(const QString& path) const
     {
         Database database = DBEngine::CreateDatabase(path, {});
@@ -128,7 +115,7 @@ private Q_SLOTS:
         QByteArray content = Content(m_path);
         if (size >= 0) content.truncate(size);
         content.replace(at, bytes.size(), bytes);
-        SetContent(content);
+        SetContent(m_path, content);
         QVERIFY(QFile::remove(m_path.chopped(4) + QLatin1StringView(".ldb")));
         for (const bool exclusive : {false, true}) {
             QString text;
@@ -233,7 +220,7 @@ private Q_SLOTS:
     {
         QByteArray content = Content(m_path);
         content.replace(4096 * 20, 4096 * 10, QByteArray(4096 * 10, '\x5a'));
-        SetContent(content);
+        SetContent(m_path, content);
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
         int damaged = 0;

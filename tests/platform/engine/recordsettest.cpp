@@ -11,6 +11,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace engineerrors;
 
 // Every rule holds for a planner in a file and for one on a server.
@@ -62,8 +64,7 @@ private Q_SLOTS:
         QTest::newRow("single") << QStringLiteral("QMTFONTSIZE") << QVariant(8.25f);
         QTest::newRow("boolean") << QStringLiteral("qmtFontBold") << QVariant(true);
         QTest::newRow("long number") << QStringLiteral("qmtFontColor") << QVariant(INT_MIN);
-        QTest::newRow("date") << QStringLiteral("Database Date")
-                              << QVariant(QDateTime(QDate(1999, 3, 7), QTime(13, 5, 6, 7)));
+        QTest::newRow("date") << u"Database Date"_s << QVariant(QDateTime(QDate(1999, 3, 7), QTime(13, 5, 6, 7)));
         QTest::newRow("null") << memo << QVariant();
     }
 
@@ -201,42 +202,27 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("pattern");
         QTest::addColumn<QString>("found"); // walking from the last, the smallest key
-        QTest::newRow("word") << "\"*milk*\""
-                              << "ac";
-        QTest::newRow("single quotes") << "'*MILK*'"
-                                       << "ac";
-        QTest::newRow("whole") << "\"buy milk\""
-                               << "a";
-        QTest::newRow("one character") << "\"?uy ????\""
-                                       << "a";
-        QTest::newRow("not ASCII") << "\"*CAFÉ*\""
-                                   << "b";
-        QTest::newRow("percent is a letter") << "\"*50%*\""
-                                             << "b";
-        QTest::newRow("underscore is a letter") << "\"*_*\""
-                                                << "";
-        QTest::newRow("behind a NUL") << "\"*hidden*\""
-                                      << "d";
-        QTest::newRow("doubled quote") << "'*don''t*'"
-                                       << "c";
-        QTest::newRow("digits") << "\"##[%]*\""
-                                << "b";
-        QTest::newRow("list") << "\"*[d-f][a-cO]n't*\""
-                              << "c";
-        QTest::newRow("list without") << "'[!b-h5]*'"
-                                      << "cd";
-        QTest::newRow("signs as letters") << "\"*[*]*\""
-                                          << "";
-        QTest::newRow("hyphen at the end") << "'[x!-]*'"
-                                           << "d";
-        QTest::newRow("bracket that closes nothing") << "'*[]milk]*'"
-                                                     << "";
-        QTest::newRow("list of no ASCII") << "'*caf[à-ï]'"
-                                          << "b";
-        QTest::newRow("many runs") << "\"*i*m*d*t*k*\""
-                                   << "c";
-        QTest::newRow("all") << "\"*\""
-                             << "abcd";
+        const auto row = [](const char* name, const char* pattern, const char* found) {
+            QTest::newRow(name) << QString::fromUtf8(pattern) << QString::fromUtf8(found);
+        };
+        row("word", "\"*milk*\"", "ac");
+        row("single quotes", "'*MILK*'", "ac");
+        row("whole", "\"buy milk\"", "a");
+        row("one character", "\"?uy ????\"", "a");
+        row("not ASCII", "\"*CAFÉ*\"", "b");
+        row("percent is a letter", "\"*50%*\"", "b");
+        row("underscore is a letter", "\"*_*\"", "");
+        row("behind a NUL", "\"*hidden*\"", "d");
+        row("doubled quote", "'*don''t*'", "c");
+        row("digits", "\"##[%]*\"", "b");
+        row("list", "\"*[d-f][a-cO]n't*\"", "c");
+        row("list without", "'[!b-h5]*'", "cd");
+        row("signs as letters", "\"*[*]*\"", "");
+        row("hyphen at the end", "'[x!-]*'", "d");
+        row("bracket that closes nothing", "'*[]milk]*'", "");
+        row("list of no ASCII", "'*caf[à-ï]'", "b");
+        row("many runs", "\"*i*m*d*t*k*\"", "c");
+        row("all", "\"*\"", "abcd");
     }
 
     void CriteriaFindTheirRecords()
@@ -347,14 +333,12 @@ private Q_SLOTS:
         QFETCH(int, when);
         QFETCH(QByteArray, stored);
         Write(m_days, m_key, "old");
-        const auto plan = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests([&](auto store) { return std::make_shared<FailingStore>(store, plan); });
-        const auto unwrap = qScopeGuard([] { DBEngine::SetStoreWrapperForTests(nullptr); });
+        const FailingStores failing;
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
         days.Edit();
         days.SetField(QStringLiteral("qmtText"), QByteArray("new"));
-        *plan = {1, FailurePlan::When(when), {DiskFull, {}}, QStringLiteral("Replace")};
+        *failing.plan = {1, FailurePlan::When(when), {DiskFull, {}}, QStringLiteral("Replace")};
         QCOMPARE(ErrorOf([&] { days.Update(); }), DiskFull);
         QCOMPARE(days.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("new"));
         QCOMPARE(Read(m_days, m_key), stored);

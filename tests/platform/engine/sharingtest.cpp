@@ -6,13 +6,8 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
-#include <QSysInfo>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <pwd.h>
-#include <unistd.h>
 
 using namespace engineerrors;
 
@@ -25,11 +20,6 @@ class SharingTest : public QObject
     QString m_path;
     int m_count = 0;
 
-    static QString Me()
-    {
-        return QStringLiteral("user '%1' on machine '%2'.")
-            .arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name), QSysInfo::machineHostName());
-    }
     static bool CanOpen(const QString& path, bool exclusive)
     {
         OtherProgram other;
@@ -82,7 +72,8 @@ private Q_SLOTS:
         QString text;
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, mine); }, &text), refused ? InUse : 0);
         const QString expected =
-            QStringLiteral("Could not use '%1'; file already in use by ").arg(QFileInfo(m_path).fileName()) + Me();
+            QStringLiteral("Could not use '%1'; file already in use by ").arg(QFileInfo(m_path).fileName()) +
+            OtherProgram::Name();
         QCOMPARE(text, refused ? expected : QString());
         QFETCH_GLOBAL(bool, onServer);
         if (!onServer) QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
@@ -149,7 +140,7 @@ private Q_SLOTS:
         QString text;
         for (const auto& attempt : {std::function([&] { days.Edit(); }), std::function([&] { days.Delete(); })})
             QCOMPARE(ErrorOf(attempt, &text), RecordLocked);
-        QCOMPARE(text, QStringLiteral("Could not update; currently locked by ") + Me());
+        QCOMPARE(text, QStringLiteral("Could not update; currently locked by ") + OtherProgram::Name());
         QCOMPARE(Read(days, m_key), QByteArray("old")); // reading is free
         Write(days, QStringLiteral("1999/3/8"), "and so is the neighbour");
         Recordset own = Days(database);

@@ -1,16 +1,13 @@
+#include "files.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/print/qmtprn32.h"
-#include "platform/profile/profile.h"
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/richtextbox.h"
 #include "printedpage.h"
+#include "settingsfile.h"
 
 #include <QPrinter>
 #include <QRandomGenerator>
-
-#include <sys/resource.h>
-
-#include <csignal>
 
 // The eight operations, and what they put on the page of a PDF.
 class PrintLibraryTest : public QObject
@@ -24,15 +21,10 @@ class PrintLibraryTest : public QObject
     std::unique_ptr<RichTextBox> m_carrier;
     QString m_pdf;
 
-    static void SetUp(const char* key, const QString& value)
-    {
-        WritePrivateProfileStringA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key), value,
-                                   QStringLiteral("PLANNER.INI"));
-    }
     static void SetMargins(const QString& margin)
     {
         for (const char* key : {"LEFT", "TOP", "RIGHT", "BOTTOM"})
-            SetUp(key, margin);
+            SetIni("PAGESETUP", key, margin);
     }
 
     static bool IsRed(const QColor& color) { return color.red() > 200 && color.green() < 90; }
@@ -123,7 +115,7 @@ private Q_SLOTS:
         QFETCH(const QPageSize::PageSizeId, paper);
         QFETCH(const QPageLayout::Orientation, orientation);
         SetMargins(QStringLiteral("0.5"));
-        SetUp("HEADER", QStringLiteral("Household"));
+        SetIni("PAGESETUP", "HEADER", "Household");
         m_printer->Printer().setPageSize(QPageSize(paper));
         m_printer->Printer().setPageOrientation(orientation);
         QVERIFY(Begin());
@@ -292,13 +284,10 @@ private Q_SLOTS:
             if (i == 10) QVERIFY(InsertPicture(cursor, noise, PictureFit{}));
         });
         QVERIFY(full || QDir(folder).removeRecursively());
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit before = {};
-        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
-        const rlimit little{2000, before.rlim_max};
-        if (full) QCOMPARE(::setrlimit(RLIMIT_FSIZE, &little), 0);
+        std::optional<FullDisk> limit;
+        if (full) limit.emplace(2000);
         m_library->qmtEndPrint();
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+        limit.reset();
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_library->TellTrouble();

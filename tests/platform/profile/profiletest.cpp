@@ -1,17 +1,17 @@
 #include "platform/profile/profile.h"
 
+#include "files.h"
 #include "platform/runtime/errortail.h"
 #include "support.h"
 
 #include <QDir>
-#include <QFile>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 class ProfileTest : public QObject
 {
@@ -21,16 +21,10 @@ class ProfileTest : public QObject
     const QString m_ini = QStringLiteral("PLANNER.INI");
 
     static QString Path(const QString& name) { return folders::WindowsDirectory() + u'/' + name; }
-    QByteArray Bytes() const
+    QByteArray Bytes() const { return Content(Path(m_ini)); }
+    static void Put(const QByteArray& text, const QString& name = QStringLiteral("PLANNER.INI"))
     {
-        QFile file(Path(m_ini));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
-    void Put(const QByteArray& text, const QString& name = QStringLiteral("PLANNER.INI")) const
-    {
-        QFile file(Path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(text), qint64(text.size()));
+        SetContent(Path(name), text);
     }
     QString Text(const char* section, const char* key, int size = 1024) const
     {
@@ -133,8 +127,7 @@ private Q_SLOTS:
         for (const char* same : {"", "&HFF&", "c:\\a b.mdb", "a=b;c", "[x]", " edge ", "\"said\"", "'", "Ω\tπ"}) {
             QTest::newRow(same) << QString::fromUtf8(same) << QString::fromUtf8(same);
         }
-        QTest::newRow("line breaks") << "a\r\nb\n[T]\rc"
-                                     << "a b [T] c";
+        QTest::newRow("line breaks") << u"a\r\nb\n[T]\rc"_s << u"a b [T] c"_s;
     }
 
     void WhatIsWrittenIsReadBack()
@@ -211,14 +204,10 @@ private Q_SLOTS:
     {
         const QByteArray text = "[S]\nKey=1\n" + QByteArray(8000, ';');
         Put(text);
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit old = {};
-        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &old), 0);
-        const rlimit small{4096, old.rlim_max};
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
-        const bool written = Write("S", "Key", QStringLiteral("2"));
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &old), 0);
-        QVERIFY(!written);
+        {
+            const FullDisk full(4096);
+            QVERIFY(!Write("S", "Key", QStringLiteral("2")));
+        }
         QCOMPARE(Bytes(), text);
         QCOMPARE(Number("S", "Key"), 1);
         const QStringList left = QDir(folders::WindowsDirectory()).entryList(QDir::Files);

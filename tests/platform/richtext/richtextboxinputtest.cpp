@@ -1,12 +1,10 @@
 // Focus, mouse, keys, input methods, paste and drop of the rich text box.
-#include "platform/richtext/richtextbox.h"
+#include "notes.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
-#include <QDropEvent>
 #include <QFocusEvent>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
@@ -59,17 +57,11 @@ void SendPreedit(RichTextBox& box, const QString& preedit, const QString& commit
     QCoreApplication::sendEvent(&box, &event);
 }
 
-// Whether the box took the text that was let fall into it.
-bool Drop(RichTextBox& box, const QString& text)
+bool DropText(RichTextBox& box, const QString& text)
 {
     QMimeData data;
     data.setText(text);
-    QDragEnterEvent enter({190, 190}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(box.viewport(), &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop({190, 190}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(box.viewport(), &drop);
-    return drop.isAccepted() && drop.dropAction() != Qt::IgnoreAction;
+    return Drop(box, data, {190, 190});
 }
 } // namespace
 
@@ -78,324 +70,306 @@ class RichTextBoxInputTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void clickComesInOrder();
-    void otherButtonsDoNotClick();
-    void refusedFocusSwallowsThePress();
-    void passingFocusIsNoGotFocus();
-    void focusThatCameWhileTheWindowSlept();
-    void menuKeyStandsForTheRightButton();
-    void keysWithText_data();
-    void keysWithText();
-    void keysWithoutText();
-    void tabMovesTheFocus();
-    void escapeReachesTheWindow();
-    void inputMethodCommits();
-    void preeditIsTakenIn();
-    void lockedBoxReadsOnly();
-    void pasteIsGuarded();
-    void keysPasteUnasked();
-    void pastedSizesAreInPoints();
-    void caretMovesAreTold();
+    void clickComesInOrder()
+    {
+        Boxes boxes;
+        QTest::mouseClick(boxes.second.viewport(), Qt::LeftButton, {}, {20, 20});
+        QCOMPARE(boxes.log, List("2focus 2down1 2click"));
+        QCOMPARE(boxes.pressed, boxes.second.viewport()->mapToGlobal(QPoint(20, 20)));
+        QTest::mousePress(boxes.second.viewport(), Qt::LeftButton, {}, {20, 20});
+        QTest::mouseRelease(boxes.second.viewport(), Qt::LeftButton, {}, {-20, 20});
+        QCOMPARE(boxes.log.mid(3), List("2down1"));
+        QSignalSpy moves(&boxes.second, &RichTextBox::MouseMove);
+        QTest::mouseMove(boxes.second.viewport(), {50, 50});
+        QTRY_VERIFY(!moves.isEmpty());
+    }
+
+    void otherButtonsDoNotClick()
+    {
+        Boxes boxes;
+        boxes.second.SetSelStart(6);
+        QTest::mouseClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
+        QTest::mouseDClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
+        QTest::mouseClick(boxes.second.viewport(), Qt::MiddleButton, {}, {5, 5});
+        QCOMPARE(boxes.log.filter(QStringLiteral("down2")).size(), 2); // two quick ones count as two
+        QCOMPARE(boxes.log.filter(QStringLiteral("down4")).size(), 1);
+        QVERIFY(boxes.log.filter(QStringLiteral("click")).isEmpty());
+    }
+
+    void refusedFocusSwallowsThePress()
+    {
+        Boxes boxes;
+        boxes.second.SetSelStart(4);
+        connect(&boxes.second, &RichTextBox::GotFocus, &boxes.window, [&] { boxes.first.setFocus(); });
+        QTest::mouseClick(boxes.second.viewport(), Qt::LeftButton, {}, {1, 5});
+        QVERIFY(boxes.first.hasFocus());
+        QCOMPARE(boxes.log, List("2focus 1focus 2down1"));
+        QCOMPARE(boxes.second.SelStart(), 4);
+    }
+
+    void passingFocusIsNoGotFocus()
+    {
+        Boxes boxes;
+        for (auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
+            QFocusEvent out(QEvent::FocusOut, reason), in(QEvent::FocusIn, reason);
+            QCoreApplication::sendEvent(&boxes.first, &out);
+            QCoreApplication::sendEvent(&boxes.first, &in);
+        }
+        QCOMPARE(boxes.log, QStringList());
+        boxes.second.setFocus(Qt::TabFocusReason);
+        boxes.first.setFocus();
+        QCOMPARE(boxes.log, List("2focus 1focus"));
+    }
+
+    // The window brings a focus that was set while another one was active; it is new to the box all the same.
+    void focusThatCameWhileTheWindowSlept()
+    {
+        Boxes boxes;
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        boxes.second.setFocus();
+        boxes.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&boxes.window));
+        QVERIFY(boxes.second.hasFocus());
+        QCOMPARE(boxes.log, List("2focus"));
+    }
+
+    void menuKeyStandsForTheRightButton()
+    {
+        Boxes boxes;
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
+        QCoreApplication::sendEvent(boxes.first.viewport(), &byKey);
+        QCOMPARE(boxes.log, List("1down2"));
+        QVERIFY(QRect(boxes.first.mapToGlobal(QPoint()), boxes.first.size()).contains(boxes.pressed));
+        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, {5, 5}, {5, 5});
+        QCoreApplication::sendEvent(boxes.first.viewport(), &byMouse);
+        QCOMPARE(boxes.log.size(), 1);
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+
+    void keysWithText_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("text");
+        const Qt::KeyboardModifiers none, control(Qt::ControlModifier);
+        QTest::newRow("letter") << int(Qt::Key_A) << none << QStringLiteral("a") << QStringLiteral("abcd");
+        QTest::newRow("backspace") << int(Qt::Key_Backspace) << none << QStringLiteral("\b") << QStringLiteral("cd");
+        QTest::newRow("return") << int(Qt::Key_Return) << none << QStringLiteral("\r") << QStringLiteral("b\ncd");
+        QTest::newRow("tab") << int(Qt::Key_Tab) << control << QStringLiteral("\t") << QStringLiteral("b\tcd");
+        QTest::newRow("escape") << int(Qt::Key_Escape) << none << QStringLiteral("\x1b") << QStringLiteral("bcd");
+        QTest::newRow("umlaut") << 0xe4 << none << QStringLiteral("\u00e4") << QStringLiteral("b\u00e4cd");
+    }
+
+    void keysWithText()
+    {
+        QFETCH(int, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QString, typed);
+        QFETCH(QString, text);
+        Boxes boxes;
+        bool drop = true;
+        QList<int> keys;
+        connect(&boxes.first, &RichTextBox::KeyPress, this, [&](int& keyAscii) {
+            keys << keyAscii;
+            if (drop) keyAscii = 0;
+        });
+        boxes.first.SetText(QStringLiteral("bcd"));
+        boxes.first.SetSelStart(key == Qt::Key_A ? 0 : 1);
+        const auto press = [&] { QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key(key), typed, modifiers); };
+        press();
+        QCOMPARE(boxes.first.Text(), QStringLiteral("bcd"));
+        QVERIFY(!boxes.first.Modified());
+        drop = false;
+        press();
+        QCOMPARE(boxes.first.Text(), text);
+        QCOMPARE(keys, QList<int>(2, typed.front().unicode()));
+    }
+
+    void keysWithoutText()
+    {
+        Boxes boxes;
+        int keys = 0;
+        connect(&boxes.first, &RichTextBox::KeyPress, this, [&] { ++keys; });
+        QTest::keyClick(&boxes.first, Qt::Key_Right);
+        QCOMPARE(boxes.first.SelStart(), 1);
+        QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier);
+        QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier);
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("first"));
+        QCOMPARE(keys, 0);
+    }
+
+    void tabMovesTheFocus()
+    {
+        Boxes boxes;
+        QTest::keyClick(&boxes.first, Qt::Key_Tab);
+        QVERIFY(boxes.second.hasFocus());
+        QCOMPARE(boxes.log, List("2focus"));
+        QTest::keyClick(&boxes.second, Qt::Key_Tab, Qt::ShiftModifier);
+        QVERIFY(boxes.first.hasFocus());
+        QVERIFY(!boxes.first.Modified());
+    }
+
+    void escapeReachesTheWindow()
+    {
+        QDialog dialog;
+        RichTextBox box(&dialog);
+        dialog.show();
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void inputMethodCommits()
+    {
+        Boxes boxes;
+        int last = -1;
+        bool drop = true;
+        connect(&boxes.first, &RichTextBox::KeyPress, this, [&](int& keyAscii) {
+            last = keyAscii;
+            if (drop) keyAscii = 0;
+        });
+        SendPreedit(boxes.first, QStringLiteral("\u00b4"));
+        QCOMPARE(last, -1);
+        SendPreedit(boxes.first, {}, QStringLiteral("\u00e9"));
+        QCOMPARE(last, 0xe9);
+        boxes.first.CommitPreedit(); // what was refused does not come back
+        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        drop = false;
+        SendPreedit(boxes.first, {}, QStringLiteral("\u00e9"));
+        QCOMPARE(boxes.first.Text(), QStringLiteral("\u00e9first"));
+    }
+
+    void preeditIsTakenIn()
+    {
+        Boxes boxes;
+        SendPreedit(boxes.first, QStringLiteral("nihon"));
+        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        boxes.first.CommitPreedit();
+        QCOMPARE(boxes.first.Text(), QStringLiteral("nihonfirst"));
+        QVERIFY(boxes.first.Modified());
+        boxes.first.CommitPreedit();
+        SendPreedit(boxes.first, QStringLiteral("go"));
+        boxes.first.SetLocked(true);
+        QCOMPARE(boxes.first.Text(), QStringLiteral("nihongofirst"));
+    }
+
+    void lockedBoxReadsOnly()
+    {
+        Boxes boxes;
+        int keys = 0;
+        connect(&boxes.first, &RichTextBox::KeyPress, this, [&] { ++keys; });
+        boxes.first.SetLocked(true);
+        QVERIFY(boxes.first.Locked());
+        QApplication::clipboard()->setText(QStringLiteral("paste"));
+        QTest::keyClicks(&boxes.first, QStringLiteral("x"));
+        QTest::keyClick(&boxes.first, Qt::Key_Tab, Qt::ControlModifier);
+        QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
+        SendPreedit(boxes.first, {}, QStringLiteral("y"));
+        QVERIFY(!DropText(boxes.first, QStringLiteral("dropped")));
+        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        QCOMPARE(keys, 4); // the program has its say on keys all the same
+        QTest::mouseDClick(boxes.first.viewport(), Qt::LeftButton, {}, {8, 8});
+        QCOMPARE(boxes.first.SelLength(), 5);
+        QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ControlModifier);
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("first"));
+        QVERIFY(boxes.first.hasFocus());
+
+        boxes.first.SetSelBold(true); // the program may
+        QCOMPARE(boxes.first.SelBold(), true);
+        boxes.first.SetLocked(false);
+        QTest::keyClicks(&boxes.first, QStringLiteral("x"));
+        QCOMPARE(boxes.first.Text(), QStringLiteral("x"));
+    }
+
+    void pasteIsGuarded()
+    {
+        Boxes boxes;
+        bool refuse = true;
+        int asked = 0;
+        connect(&boxes.first, &RichTextBox::PasteRequested, this, [&](bool& allowed) {
+            ++asked;
+            allowed = !refuse;
+        });
+        QApplication::clipboard()->setText(QStringLiteral("pasted "));
+        boxes.first.paste();
+        QVERIFY(!DropText(boxes.first, QStringLiteral("dropped ")));
+        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        QVERIFY(!boxes.first.Modified());
+        refuse = false;
+        boxes.first.paste();
+        QVERIFY(DropText(boxes.first, QStringLiteral("dropped ")));
+        QCOMPARE(asked, 4);
+        QCOMPARE(boxes.first.Text(), QStringLiteral("pasted firstdropped "));
+    }
+
+    void keysPasteUnasked()
+    {
+        Boxes boxes;
+        bool asked = false;
+        connect(&boxes.first, &RichTextBox::PasteRequested, this, [&] { asked = true; });
+        QApplication::clipboard()->setText(QStringLiteral("a"));
+        QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
+        QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
+        QVERIFY(!asked);
+        // Their own guard is that of any key, though they bring no character; what the program posts has passed
+        // another.
+        connect(&boxes.first, &RichTextBox::KeyPress, this, [](int& keyAscii) { keyAscii = 0; });
+        QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
+        QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(&boxes.first, Qt::Key_Delete);
+        QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
+        QCoreApplication::postEvent(&boxes.first, new QKeyEvent(QEvent::KeyPress, Qt::Key_Insert, Qt::ShiftModifier));
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(boxes.first.Text(), QStringLiteral("aaafirst"));
+    }
+
+    void pastedSizesAreInPoints()
+    {
+        Boxes boxes;
+        auto* data = new QMimeData;
+        data->setHtml(
+            QStringLiteral("<p>a<span style='font-size:20px'>b</span><font size='+1'>c</font><b>d</b></p><p>e</p>"));
+        QApplication::clipboard()->setMimeData(data);
+        boxes.first.SetFontSize(10);
+        boxes.first.SetSelStart(5);
+        const int start = 5;
+        QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(boxes.first.Text(), QStringLiteral("firstabcd\ne"));
+        const double sizes[] = {10, 15, 12, 10, 10, 10};
+        for (int i = 0; i < 6; ++i) {
+            boxes.first.SetSelStart(start + i);
+            boxes.first.SetSelLength(1);
+            QCOMPARE(boxes.first.SelFontSize(), sizes[i]);
+        }
+        boxes.first.selectAll();
+        boxes.first.SetSelFontSize(30);
+        const QRectF all = boxes.first.document()->firstBlock().layout()->boundingRect();
+        QCOMPARE(boxes.first.SelFontSize(), 30.0);
+        QCOMPARE(QTextCursor(boxes.first.document()).block().begin().fragment().charFormat().font().pointSizeF(), 30.0);
+        QVERIFY(all.height() > 30);
+        boxes.first.undo();
+        boxes.first.undo(); // the paste is one step
+        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+    }
+
+    void caretMovesAreTold()
+    {
+        Boxes boxes;
+        QSignalSpy moves(&boxes.first, &RichTextBox::SelChange);
+        QSignalSpy changes(&boxes.first, &RichTextBox::Change);
+        QTest::keyClick(&boxes.first, Qt::Key_End);
+        QCOMPARE(moves.size(), 1);
+        QTest::keyClick(&boxes.first, Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(moves.size(), 2);
+        QVERIFY(changes.isEmpty());
+        QTest::keyClicks(&boxes.first, QStringLiteral("x"));
+        QVERIFY(!changes.isEmpty());
+    }
 };
-
-void RichTextBoxInputTest::clickComesInOrder()
-{
-    Boxes boxes;
-    QTest::mouseClick(boxes.second.viewport(), Qt::LeftButton, {}, {20, 20});
-    QCOMPARE(boxes.log, List("2focus 2down1 2click"));
-    QCOMPARE(boxes.pressed, boxes.second.viewport()->mapToGlobal(QPoint(20, 20)));
-    QTest::mousePress(boxes.second.viewport(), Qt::LeftButton, {}, {20, 20});
-    QTest::mouseRelease(boxes.second.viewport(), Qt::LeftButton, {}, {-20, 20});
-    QCOMPARE(boxes.log.mid(3), List("2down1"));
-    QSignalSpy moves(&boxes.second, &RichTextBox::MouseMove);
-    QTest::mouseMove(boxes.second.viewport(), {50, 50});
-    QTRY_VERIFY(!moves.isEmpty());
-}
-
-void RichTextBoxInputTest::otherButtonsDoNotClick()
-{
-    Boxes boxes;
-    boxes.second.SetSelStart(6);
-    QTest::mouseClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
-    QTest::mouseDClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
-    QTest::mouseClick(boxes.second.viewport(), Qt::MiddleButton, {}, {5, 5});
-    QCOMPARE(boxes.log.filter(QStringLiteral("down2")).size(), 2); // two quick ones count as two
-    QCOMPARE(boxes.log.filter(QStringLiteral("down4")).size(), 1);
-    QVERIFY(boxes.log.filter(QStringLiteral("click")).isEmpty());
-}
-
-void RichTextBoxInputTest::refusedFocusSwallowsThePress()
-{
-    Boxes boxes;
-    boxes.second.SetSelStart(4);
-    connect(&boxes.second, &RichTextBox::GotFocus, &boxes.window, [&] { boxes.first.setFocus(); });
-    QTest::mouseClick(boxes.second.viewport(), Qt::LeftButton, {}, {1, 5});
-    QVERIFY(boxes.first.hasFocus());
-    QCOMPARE(boxes.log, List("2focus 1focus 2down1"));
-    QCOMPARE(boxes.second.SelStart(), 4);
-}
-
-void RichTextBoxInputTest::passingFocusIsNoGotFocus()
-{
-    Boxes boxes;
-    for (auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
-        QFocusEvent out(QEvent::FocusOut, reason), in(QEvent::FocusIn, reason);
-        QCoreApplication::sendEvent(&boxes.first, &out);
-        QCoreApplication::sendEvent(&boxes.first, &in);
-    }
-    QCOMPARE(boxes.log, QStringList());
-    boxes.second.setFocus(Qt::TabFocusReason);
-    boxes.first.setFocus();
-    QCOMPARE(boxes.log, List("2focus 1focus"));
-}
-
-// The window brings a focus that was set while another one was active; it is new to the box all the same.
-void RichTextBoxInputTest::focusThatCameWhileTheWindowSlept()
-{
-    Boxes boxes;
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
-    boxes.second.setFocus();
-    boxes.window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&boxes.window));
-    QVERIFY(boxes.second.hasFocus());
-    QCOMPARE(boxes.log, List("2focus"));
-}
-
-void RichTextBoxInputTest::menuKeyStandsForTheRightButton()
-{
-    Boxes boxes;
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
-    QCoreApplication::sendEvent(boxes.first.viewport(), &byKey);
-    QCOMPARE(boxes.log, List("1down2"));
-    QVERIFY(QRect(boxes.first.mapToGlobal(QPoint()), boxes.first.size()).contains(boxes.pressed));
-    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, {5, 5}, {5, 5});
-    QCoreApplication::sendEvent(boxes.first.viewport(), &byMouse);
-    QCOMPARE(boxes.log.size(), 1);
-    QVERIFY(!QApplication::activePopupWidget());
-}
-
-void RichTextBoxInputTest::keysWithText_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("text");
-    const Qt::KeyboardModifiers none, control(Qt::ControlModifier);
-    QTest::newRow("letter") << int(Qt::Key_A) << none << QStringLiteral("a") << QStringLiteral("abcd");
-    QTest::newRow("backspace") << int(Qt::Key_Backspace) << none << QStringLiteral("\b") << QStringLiteral("cd");
-    QTest::newRow("return") << int(Qt::Key_Return) << none << QStringLiteral("\r") << QStringLiteral("b\ncd");
-    QTest::newRow("tab") << int(Qt::Key_Tab) << control << QStringLiteral("\t") << QStringLiteral("b\tcd");
-    QTest::newRow("escape") << int(Qt::Key_Escape) << none << QStringLiteral("\x1b") << QStringLiteral("bcd");
-    QTest::newRow("umlaut") << 0xe4 << none << QStringLiteral("\u00e4") << QStringLiteral("b\u00e4cd");
-}
-
-void RichTextBoxInputTest::keysWithText()
-{
-    QFETCH(int, key);
-    QFETCH(Qt::KeyboardModifiers, modifiers);
-    QFETCH(QString, typed);
-    QFETCH(QString, text);
-    Boxes boxes;
-    bool drop = true;
-    QList<int> keys;
-    connect(&boxes.first, &RichTextBox::KeyPress, this, [&](int& keyAscii) {
-        keys << keyAscii;
-        if (drop) keyAscii = 0;
-    });
-    boxes.first.SetText(QStringLiteral("bcd"));
-    boxes.first.SetSelStart(key == Qt::Key_A ? 0 : 1);
-    const auto press = [&] { QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key(key), typed, modifiers); };
-    press();
-    QCOMPARE(boxes.first.Text(), QStringLiteral("bcd"));
-    QVERIFY(!boxes.first.Modified());
-    drop = false;
-    press();
-    QCOMPARE(boxes.first.Text(), text);
-    QCOMPARE(keys, QList<int>(2, typed.front().unicode()));
-}
-
-void RichTextBoxInputTest::keysWithoutText()
-{
-    Boxes boxes;
-    int keys = 0;
-    connect(&boxes.first, &RichTextBox::KeyPress, this, [&] { ++keys; });
-    QTest::keyClick(&boxes.first, Qt::Key_Right);
-    QCOMPARE(boxes.first.SelStart(), 1);
-    QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier);
-    QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("first"));
-    QCOMPARE(keys, 0);
-}
-
-void RichTextBoxInputTest::tabMovesTheFocus()
-{
-    Boxes boxes;
-    QTest::keyClick(&boxes.first, Qt::Key_Tab);
-    QVERIFY(boxes.second.hasFocus());
-    QCOMPARE(boxes.log, List("2focus"));
-    QTest::keyClick(&boxes.second, Qt::Key_Tab, Qt::ShiftModifier);
-    QVERIFY(boxes.first.hasFocus());
-    QVERIFY(!boxes.first.Modified());
-}
-
-void RichTextBoxInputTest::escapeReachesTheWindow()
-{
-    QDialog dialog;
-    RichTextBox box(&dialog);
-    dialog.show();
-    QTest::keyClick(&box, Qt::Key_Escape);
-    QVERIFY(!dialog.isVisible());
-}
-
-void RichTextBoxInputTest::inputMethodCommits()
-{
-    Boxes boxes;
-    int last = -1;
-    bool drop = true;
-    connect(&boxes.first, &RichTextBox::KeyPress, this, [&](int& keyAscii) {
-        last = keyAscii;
-        if (drop) keyAscii = 0;
-    });
-    SendPreedit(boxes.first, QStringLiteral("\u00b4"));
-    QCOMPARE(last, -1);
-    SendPreedit(boxes.first, {}, QStringLiteral("\u00e9"));
-    QCOMPARE(last, 0xe9);
-    boxes.first.CommitPreedit(); // what was refused does not come back
-    QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
-    drop = false;
-    SendPreedit(boxes.first, {}, QStringLiteral("\u00e9"));
-    QCOMPARE(boxes.first.Text(), QStringLiteral("\u00e9first"));
-}
-
-void RichTextBoxInputTest::preeditIsTakenIn()
-{
-    Boxes boxes;
-    SendPreedit(boxes.first, QStringLiteral("nihon"));
-    QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
-    boxes.first.CommitPreedit();
-    QCOMPARE(boxes.first.Text(), QStringLiteral("nihonfirst"));
-    QVERIFY(boxes.first.Modified());
-    boxes.first.CommitPreedit();
-    SendPreedit(boxes.first, QStringLiteral("go"));
-    boxes.first.SetLocked(true);
-    QCOMPARE(boxes.first.Text(), QStringLiteral("nihongofirst"));
-}
-
-void RichTextBoxInputTest::lockedBoxReadsOnly()
-{
-    Boxes boxes;
-    int keys = 0;
-    connect(&boxes.first, &RichTextBox::KeyPress, this, [&] { ++keys; });
-    boxes.first.SetLocked(true);
-    QVERIFY(boxes.first.Locked());
-    QApplication::clipboard()->setText(QStringLiteral("paste"));
-    QTest::keyClicks(&boxes.first, QStringLiteral("x"));
-    QTest::keyClick(&boxes.first, Qt::Key_Tab, Qt::ControlModifier);
-    QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
-    SendPreedit(boxes.first, {}, QStringLiteral("y"));
-    QVERIFY(!Drop(boxes.first, QStringLiteral("dropped")));
-    QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
-    QCOMPARE(keys, 4); // the program has its say on keys all the same
-    QTest::mouseDClick(boxes.first.viewport(), Qt::LeftButton, {}, {8, 8});
-    QCOMPARE(boxes.first.SelLength(), 5);
-    QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("first"));
-    QVERIFY(boxes.first.hasFocus());
-
-    boxes.first.SetSelBold(true); // the program may
-    QCOMPARE(boxes.first.SelBold(), true);
-    boxes.first.SetLocked(false);
-    QTest::keyClicks(&boxes.first, QStringLiteral("x"));
-    QCOMPARE(boxes.first.Text(), QStringLiteral("x"));
-}
-
-void RichTextBoxInputTest::pasteIsGuarded()
-{
-    Boxes boxes;
-    bool refuse = true;
-    int asked = 0;
-    connect(&boxes.first, &RichTextBox::PasteRequested, this, [&](bool& allowed) {
-        ++asked;
-        allowed = !refuse;
-    });
-    QApplication::clipboard()->setText(QStringLiteral("pasted "));
-    boxes.first.paste();
-    QVERIFY(!Drop(boxes.first, QStringLiteral("dropped ")));
-    QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
-    QVERIFY(!boxes.first.Modified());
-    refuse = false;
-    boxes.first.paste();
-    QVERIFY(Drop(boxes.first, QStringLiteral("dropped ")));
-    QCOMPARE(asked, 4);
-    QCOMPARE(boxes.first.Text(), QStringLiteral("pasted firstdropped "));
-}
-
-void RichTextBoxInputTest::keysPasteUnasked()
-{
-    Boxes boxes;
-    bool asked = false;
-    connect(&boxes.first, &RichTextBox::PasteRequested, this, [&] { asked = true; });
-    QApplication::clipboard()->setText(QStringLiteral("a"));
-    QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
-    QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
-    QVERIFY(!asked);
-    // Their own guard is that of any key, though they bring no character; what the program posts has passed another.
-    connect(&boxes.first, &RichTextBox::KeyPress, this, [](int& keyAscii) { keyAscii = 0; });
-    QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
-    QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
-    QTest::keyClick(&boxes.first, Qt::Key_Delete);
-    QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
-    QCoreApplication::postEvent(&boxes.first, new QKeyEvent(QEvent::KeyPress, Qt::Key_Insert, Qt::ShiftModifier));
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(boxes.first.Text(), QStringLiteral("aaafirst"));
-}
-
-void RichTextBoxInputTest::pastedSizesAreInPoints()
-{
-    Boxes boxes;
-    auto* data = new QMimeData;
-    data->setHtml(
-        QStringLiteral("<p>a<span style='font-size:20px'>b</span><font size='+1'>c</font><b>d</b></p><p>e</p>"));
-    QApplication::clipboard()->setMimeData(data);
-    boxes.first.SetFontSize(10);
-    boxes.first.SetSelStart(5);
-    const int start = 5;
-    QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(boxes.first.Text(), QStringLiteral("firstabcd\ne"));
-    const double sizes[] = {10, 15, 12, 10, 10, 10};
-    for (int i = 0; i < 6; ++i) {
-        boxes.first.SetSelStart(start + i);
-        boxes.first.SetSelLength(1);
-        QCOMPARE(boxes.first.SelFontSize(), sizes[i]);
-    }
-    boxes.first.selectAll();
-    boxes.first.SetSelFontSize(30);
-    const QRectF all = boxes.first.document()->firstBlock().layout()->boundingRect();
-    QCOMPARE(boxes.first.SelFontSize(), 30.0);
-    QCOMPARE(QTextCursor(boxes.first.document()).block().begin().fragment().charFormat().font().pointSizeF(), 30.0);
-    QVERIFY(all.height() > 30);
-    boxes.first.undo();
-    boxes.first.undo(); // the paste is one step
-    QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
-}
-
-void RichTextBoxInputTest::caretMovesAreTold()
-{
-    Boxes boxes;
-    QSignalSpy moves(&boxes.first, &RichTextBox::SelChange);
-    QSignalSpy changes(&boxes.first, &RichTextBox::Change);
-    QTest::keyClick(&boxes.first, Qt::Key_End);
-    QCOMPARE(moves.size(), 1);
-    QTest::keyClick(&boxes.first, Qt::Key_Home, Qt::ShiftModifier);
-    QCOMPARE(moves.size(), 2);
-    QVERIFY(changes.isEmpty());
-    QTest::keyClicks(&boxes.first, QStringLiteral("x"));
-    QVERIFY(!changes.isEmpty());
-}
 
 QTEST_MAIN(RichTextBoxInputTest)
 #include "richtextboxinputtest.moc"

@@ -1,7 +1,8 @@
 // Content and formats of the rich text box.
 #include "platform/richtext/richtextbox.h"
 
-#include "platform/runtime/runtimeerror.h"
+#include "errorof.h"
+#include "notes.h"
 
 #include <QImage>
 #include <QScrollBar>
@@ -52,412 +53,318 @@ const std::vector<Attribute>& CharacterAttributes()
         Make("colour", &Box::SetSelColor, &Box::SelColor, 0x0080ffU, 0x000000U)};
     return attributes;
 }
-
-void Select(RichTextBox& box, int start, int length)
-{
-    box.SetSelStart(start);
-    box.SetSelLength(length);
-}
-
-int NumberOfErrorIn(const std::function<void()>& step)
-{
-    try {
-        step();
-    } catch (const RunTimeError& error) {
-        return error.Number;
-    }
-    return 0;
-}
 } // namespace
 
 class RichTextBoxTest : public QObject
 {
     Q_OBJECT
 
+    static void AddAttributes()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < int(CharacterAttributes().size()); ++i)
+            QTest::newRow(CharacterAttributes()[i].name) << i;
+    }
+
 private Q_SLOTS:
     void selectionHasAnAttribute_data() { AddAttributes(); }
-    void selectionHasAnAttribute();
     void emptyBoxTakesAnAttribute_data() { AddAttributes(); }
-    void emptyBoxTakesAnAttribute();
-    void alignmentBelongsToParagraphs();
-    void selectionIsClamped();
-    void formattingIsNoMove();
-    void untouchedContentIsGivenBackByteByByte_data();
-    void untouchedContentIsGivenBackByteByByte();
-    void changesOutliveTheClearedFlag();
-    void settingForgetsWhatWasThere();
-    void textLeavesOutPictures();
-    void emptyBoxTakesTheDefaultFont();
-    void emptiedBoxLooksLikeTheDefaultFont();
-    void fontOfABoxWithText();
-    void badSizesAreRefused();
-    void desktopFontStaysOutside();
-    void textBreaksAtTheRightMargin();
-    void noteLiesOnItsPaper();
 
-private:
-    static void AddAttributes();
-};
-
-void RichTextBoxTest::AddAttributes()
-{
-    QTest::addColumn<int>("index");
-    for (int i = 0; i < int(CharacterAttributes().size()); ++i)
-        QTest::newRow(CharacterAttributes()[i].name) << i;
-}
-
-void RichTextBoxTest::selectionHasAnAttribute()
-{
-    QFETCH(int, index);
-    const Attribute& attribute = CharacterAttributes()[std::size_t(index)];
-    RichTextBox box;
-    box.SetText(QStringLiteral("one\n\ntwo three"));
-    Select(box, 0, 100);
-    attribute.set(box, attribute.second);
-    QCOMPARE(attribute.get(box), attribute.second); // across paragraphs, an empty one among them
-
-    Select(box, 1, 6); // "ne", both ends of lines, "tw"
-    attribute.set(box, attribute.first);
-    QCOMPARE(attribute.get(box), attribute.first);
-    Select(box, 0, 3);
-    QCOMPARE(attribute.get(box), QVariant());
-    Select(box, 0, 1);
-    QCOMPARE(attribute.get(box), attribute.second);
-    Select(box, 6, 3);
-    QCOMPARE(attribute.get(box), QVariant());
-
-    QTextCursor(box.document()).insertImage(QImage(4, 4, QImage::Format_RGB32), QStringLiteral("picture"));
-    Select(box, 0, 2); // a picture has no font that could differ
-    QCOMPARE(attribute.get(box), attribute.second);
-
-    box.SetSelStart(box.document()->characterCount());
-    QCOMPARE(attribute.get(box), attribute.second);
-    attribute.set(box, attribute.first);
-    QCOMPARE(attribute.get(box), attribute.first);
-    box.insertPlainText(QStringLiteral("!"));
-    Select(box, box.document()->characterCount() - 2, 1);
-    QCOMPARE(attribute.get(box), attribute.first);
-    Select(box, box.document()->characterCount() - 4, 3);
-    QCOMPARE(attribute.get(box), QVariant());
-
-    const QByteArray written = box.TextRTF();
-    box.SetTextRTF(written);
-    Select(box, box.document()->characterCount() - 2, 1);
-    QCOMPARE(attribute.get(box), attribute.first);
-}
-
-void RichTextBoxTest::emptyBoxTakesAnAttribute()
-{
-    QFETCH(int, index);
-    const Attribute& attribute = CharacterAttributes()[std::size_t(index)];
-    RichTextBox box;
-    attribute.set(box, attribute.first);
-    QCOMPARE(attribute.get(box), attribute.first);
-    QVERIFY(!box.Modified());
-    QTest::mouseClick(box.viewport(), Qt::LeftButton); // moves the caret to where it is
-    QTest::keyClick(&box, Qt::Key_Return);
-    QTest::keyClicks(&box, QStringLiteral("ab"));
-    Select(box, 1, 2);
-    QCOMPARE(attribute.get(box), attribute.first);
-}
-
-void RichTextBoxTest::alignmentBelongsToParagraphs()
-{
-    RichTextBox box;
-    box.SetText(QStringLiteral("one\ntwo\nthree"));
-    for (int alignment : {1, 2, 0}) {
-        Select(box, 1, 4);
-        box.SetSelAlignment(alignment);
-        QCOMPARE(box.SelAlignment(), alignment);
-        QCOMPARE(box.SelStart(), 1);
-    }
-    box.SetSelAlignment(2);
-    Select(box, 5, 4);
-    QCOMPARE(box.SelAlignment(), std::nullopt);
-    box.SetSelStart(9);
-    QCOMPARE(box.SelAlignment(), 0);
-    QCOMPARE(NumberOfErrorIn([&] { box.SetSelAlignment(3); }), errors::InvalidPropertyValue);
-
-    box.SetText(QStringLiteral("\u05d0\u05d1")); // runs from the right by nature
-    QCOMPARE(box.SelAlignment(), 1);
-    box.SetSelAlignment(0);
-    QCOMPARE(box.SelAlignment(), 0);
-}
-
-void RichTextBoxTest::selectionIsClamped()
-{
-    RichTextBox box;
-    box.SetText(QStringLiteral("four\nfive"));
-    Select(box, 5, 1000);
-    QCOMPARE(box.SelLength(), 4);
-    box.SetSelStart(1000);
-    QCOMPARE(box.SelStart(), 9);
-    QCOMPARE(box.SelLength(), 0);
-    Select(box, -3, -3);
-    QCOMPARE(box.SelStart(), 0);
-    QCOMPARE(box.SelLength(), 0);
-}
-
-void RichTextBoxTest::formattingIsNoMove()
-{
-    RichTextBox box;
-    box.SetText(QStringLiteral("one two"));
-    int moves = 0;
-    connect(&box, &RichTextBox::SelChange, &box, [&] { ++moves; });
-    Select(box, 2, 3);
-    QCOMPARE(moves, 2); // the caret, then the selection
-    for (const Attribute& attribute : CharacterAttributes())
-        attribute.set(box, attribute.first);
-    box.SetSelAlignment(2);
-    box.SetFontSize(20);
-    QCOMPARE(moves, 2);
-    box.selectAll();
-    QCOMPARE(moves, 3);
-}
-
-void RichTextBoxTest::untouchedContentIsGivenBackByteByByte_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("rich") << g_rtf << QStringLiteral("Choir 19:00\n bring   notes");
-    QTest::newRow("odd rich") << QByteArray("{\\rtf1 \\unknown\\b}}}} x") << QString();
-    QTest::newRow("plain") << QByteArray("Dentist\r\n10:30 \xc3\xa4") << QStringLiteral("Dentist\n10:30 \u00e4");
-    QTest::newRow("blank") << QByteArray(" ") << QStringLiteral(" ");
-    QTest::newRow("nothing") << QByteArray() << QString();
-}
-
-void RichTextBoxTest::untouchedContentIsGivenBackByteByByte()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QString, text);
-    RichTextBox box;
-    box.SetTextRTF(content);
-    if (!text.isEmpty()) QCOMPARE(box.Text(), text);
-    Select(box, 0, 3);
-    QVERIFY(!box.Modified());
-    QCOMPARE(box.TextRTF(), content);
-
-    box.moveCursor(QTextCursor::End);
-    QTest::keyClicks(&box, QStringLiteral("!"));
-    QVERIFY(box.Modified());
-    QVERIFY(box.TextRTF() != content);
-    QVERIFY(box.TextRTF().startsWith("{\\rtf"));
-    box.undo();
-    QVERIFY(!box.Modified());
-    QCOMPARE(box.TextRTF(), content);
-}
-
-// A save clears the flag; what it saved must not fall back to what had been read before.
-void RichTextBoxTest::changesOutliveTheClearedFlag()
-{
-    RichTextBox box;
-    box.SetTextRTF(g_rtf);
-    QTest::keyClicks(&box, QStringLiteral("new "));
-    const QByteArray saved = box.TextRTF();
-    box.SetModified(false);
-    QCOMPARE(box.TextRTF(), saved);
-
-    RichTextBox other;
-    other.SetTextRTF(saved);
-    QCOMPARE(other.Text(), QStringLiteral("new Choir 19:00\n bring   notes"));
-    box.undo();
-    QVERIFY(box.Modified());
-    other.SetTextRTF(box.TextRTF());
-    QCOMPARE(other.Text(), QStringLiteral("Choir 19:00\n bring   notes"));
-
-    box.MarkSaved("saved bytes");
-    QVERIFY(box.Holds("saved bytes"));
-    QTest::keyClicks(&box, QStringLiteral("!"));
-    QVERIFY(!box.Holds("saved bytes"));
-    box.undo();
-    QCOMPARE(box.TextRTF(), QByteArray("saved bytes"));
-}
-
-void RichTextBoxTest::settingForgetsWhatWasThere()
-{
-    RichTextBox box;
-    const std::vector<std::function<void()>> settings{[&] { box.SetText(QStringLiteral("17th")); },
-                                                      [&] { box.SetTextRTF("17th"); },
-                                                      [&] { box.SetTextRTF("{\\rtf1 17th}"); }};
-    for (const auto& set : settings) {
-        box.SetText(QStringLiteral("another day"));
-        box.selectAll();
-        box.SetSelColor(0xff);
-        box.SetSelBold(true);
-        QTest::keyClicks(&box, QStringLiteral("secret"));
-        set();
-        QVERIFY(!box.Modified());
-        box.undo();
-        QCOMPARE(box.Text(), QStringLiteral("17th"));
-        QCOMPARE(box.SelStart(), 0);
-        box.selectAll();
-        QCOMPARE(box.SelColor(), 0U);
-        QCOMPARE(box.SelBold(), false);
-    }
-}
-
-void RichTextBoxTest::textLeavesOutPictures()
-{
-    RichTextBox box;
-    box.SetText(QStringLiteral("a\r\nb\nc\u00a0d"));
-    QTextCursor cursor(box.document());
-    cursor.setPosition(1);
-    cursor.insertImage(QImage(4, 4, QImage::Format_RGB32), QStringLiteral("picture"));
-    QCOMPARE(box.Text(), QStringLiteral("a\nb\nc d"));
-}
-
-void RichTextBoxTest::emptyBoxTakesTheDefaultFont()
-{
-    for (const QByteArray& content : {QByteArray(), QByteArray("  "), QByteArray("{\\rtf1\\b\\fs60\\cf1 \\par}")}) {
+    void selectionHasAnAttribute()
+    {
+        QFETCH(int, index);
+        const Attribute& attribute = CharacterAttributes()[std::size_t(index)];
         RichTextBox box;
-        box.SetTextRTF(content);
-        const int caret = box.SelStart();
-        box.SetFontName(QStringLiteral("Absent Hand"));
-        box.SetFontSize(8.5);
-        box.SetFontBold(false);
-        box.SetFontItalic(true);
-        box.SetFontUnderline(true);
-        box.SetFontStrikethrough(false);
-        box.SetSelColor(0x800000);
-        QVERIFY(!box.Modified());
-        QCOMPARE(box.SelStart(), caret);
-        QCOMPARE(box.TextRTF(), content);
-        QCOMPARE(box.Font().family(), QStringLiteral("Absent Hand"));
+        box.SetText(QStringLiteral("one\n\ntwo three"));
+        Select(box, 0, 100);
+        attribute.set(box, attribute.second);
+        QCOMPARE(attribute.get(box), attribute.second); // across paragraphs, an empty one among them
 
+        Select(box, 1, 6); // "ne", both ends of lines, "tw"
+        attribute.set(box, attribute.first);
+        QCOMPARE(attribute.get(box), attribute.first);
+        Select(box, 0, 3);
+        QCOMPARE(attribute.get(box), QVariant());
+        Select(box, 0, 1);
+        QCOMPARE(attribute.get(box), attribute.second);
+        Select(box, 6, 3);
+        QCOMPARE(attribute.get(box), QVariant());
+
+        QTextCursor(box.document()).insertImage(QImage(4, 4, QImage::Format_RGB32), QStringLiteral("picture"));
+        Select(box, 0, 2); // a picture has no font that could differ
+        QCOMPARE(attribute.get(box), attribute.second);
+
+        box.SetSelStart(box.document()->characterCount());
+        QCOMPARE(attribute.get(box), attribute.second);
+        attribute.set(box, attribute.first);
+        QCOMPARE(attribute.get(box), attribute.first);
+        box.insertPlainText(QStringLiteral("!"));
+        Select(box, box.document()->characterCount() - 2, 1);
+        QCOMPARE(attribute.get(box), attribute.first);
+        Select(box, box.document()->characterCount() - 4, 3);
+        QCOMPARE(attribute.get(box), QVariant());
+
+        const QByteArray written = box.TextRTF();
+        box.SetTextRTF(written);
+        Select(box, box.document()->characterCount() - 2, 1);
+        QCOMPARE(attribute.get(box), attribute.first);
+    }
+
+    void emptyBoxTakesAnAttribute()
+    {
+        QFETCH(int, index);
+        const Attribute& attribute = CharacterAttributes()[std::size_t(index)];
+        RichTextBox box;
+        attribute.set(box, attribute.first);
+        QCOMPARE(attribute.get(box), attribute.first);
+        QVERIFY(!box.Modified());
+        QTest::mouseClick(box.viewport(), Qt::LeftButton); // moves the caret to where it is
+        QTest::keyClick(&box, Qt::Key_Return);
+        QTest::keyClicks(&box, QStringLiteral("ab"));
+        Select(box, 1, 2);
+        QCOMPARE(attribute.get(box), attribute.first);
+    }
+
+    void alignmentBelongsToParagraphs()
+    {
+        RichTextBox box;
+        box.SetText(QStringLiteral("one\ntwo\nthree"));
+        for (int alignment : {1, 2, 0}) {
+            Select(box, 1, 4);
+            box.SetSelAlignment(alignment);
+            QCOMPARE(box.SelAlignment(), alignment);
+            QCOMPARE(box.SelStart(), 1);
+        }
+        box.SetSelAlignment(2);
+        Select(box, 5, 4);
+        QCOMPARE(box.SelAlignment(), std::nullopt);
+        box.SetSelStart(9);
+        QCOMPARE(box.SelAlignment(), 0);
+        QCOMPARE(ErrorOf([&] { box.SetSelAlignment(3); }), errors::InvalidPropertyValue);
+
+        box.SetText(QStringLiteral("\u05d0\u05d1")); // runs from the right by nature
+        QCOMPARE(box.SelAlignment(), 1);
+        box.SetSelAlignment(0);
+        QCOMPARE(box.SelAlignment(), 0);
+    }
+
+    void selectionIsClamped()
+    {
+        RichTextBox box;
+        box.SetText(QStringLiteral("four\nfive"));
+        Select(box, 5, 1000);
+        QCOMPARE(box.SelLength(), 4);
+        box.SetSelStart(1000);
+        QCOMPARE(box.SelStart(), 9);
+        QCOMPARE(box.SelLength(), 0);
+        Select(box, -3, -3);
+        QCOMPARE(box.SelStart(), 0);
+        QCOMPARE(box.SelLength(), 0);
+    }
+
+    void formattingIsNoMove()
+    {
+        RichTextBox box;
+        box.SetText(QStringLiteral("one two"));
+        int moves = 0;
+        connect(&box, &RichTextBox::SelChange, &box, [&] { ++moves; });
+        Select(box, 2, 3);
+        QCOMPARE(moves, 2); // the caret, then the selection
+        for (const Attribute& attribute : CharacterAttributes())
+            attribute.set(box, attribute.first);
+        box.SetSelAlignment(2);
+        box.SetFontSize(20);
+        QCOMPARE(moves, 2);
+        box.selectAll();
+        QCOMPARE(moves, 3);
+    }
+
+    void settingForgetsWhatWasThere()
+    {
+        RichTextBox box;
+        const std::vector<std::function<void()>> settings{[&] { box.SetText(QStringLiteral("17th")); },
+                                                          [&] { box.SetTextRTF("17th"); },
+                                                          [&] { box.SetTextRTF("{\\rtf1 17th}"); }};
+        for (const auto& set : settings) {
+            box.SetText(QStringLiteral("another day"));
+            box.selectAll();
+            box.SetSelColor(0xff);
+            box.SetSelBold(true);
+            QTest::keyClicks(&box, QStringLiteral("secret"));
+            set();
+            QVERIFY(!box.Modified());
+            box.undo();
+            QCOMPARE(box.Text(), QStringLiteral("17th"));
+            QCOMPARE(box.SelStart(), 0);
+            box.selectAll();
+            QCOMPARE(box.SelColor(), 0U);
+            QCOMPARE(box.SelBold(), false);
+        }
+    }
+
+    void textLeavesOutPictures()
+    {
+        RichTextBox box;
+        box.SetText(QStringLiteral("a\r\nb\nc\u00a0d"));
+        QTextCursor cursor(box.document());
+        cursor.setPosition(1);
+        cursor.insertImage(QImage(4, 4, QImage::Format_RGB32), QStringLiteral("picture"));
+        QCOMPARE(box.Text(), QStringLiteral("a\nb\nc d"));
+    }
+
+    void emptyBoxTakesTheDefaultFont()
+    {
+        for (const QByteArray& content : {QByteArray(), QByteArray("  "), QByteArray("{\\rtf1\\b\\fs60\\cf1 \\par}")}) {
+            RichTextBox box;
+            box.SetTextRTF(content);
+            const int caret = box.SelStart();
+            box.SetFontName(QStringLiteral("Absent Hand"));
+            box.SetFontSize(8.5);
+            box.SetFontBold(false);
+            box.SetFontItalic(true);
+            box.SetFontUnderline(true);
+            box.SetFontStrikethrough(false);
+            box.SetSelColor(0x800000);
+            QVERIFY(!box.Modified());
+            QCOMPARE(box.SelStart(), caret);
+            QCOMPARE(box.TextRTF(), content);
+            QCOMPARE(box.Font().family(), QStringLiteral("Absent Hand"));
+
+            QTest::keyClicks(&box, QStringLiteral("x"));
+            Select(box, 0, 1);
+            QCOMPARE(box.SelFontName(), QStringLiteral("Absent Hand"));
+            QCOMPARE(box.SelFontSize(), 8.5);
+            QCOMPARE(box.SelBold(), false);
+            QCOMPARE(box.SelItalic(), true);
+            QCOMPARE(box.SelUnderline(), true);
+            QCOMPARE(box.SelStrikeThru(), false);
+            QCOMPARE(box.SelColor(), 0x800000U);
+        }
+    }
+
+    void emptiedBoxLooksLikeTheDefaultFont()
+    {
+        RichTextBox box;
+        box.SetFontBold(true);
+        box.SetSelColor(0x0000ff);
+        box.SetSelItalic(true); // for this text only
+        QTest::keyClicks(&box, QStringLiteral("abc"));
+        box.selectAll();
+        box.SetSelColor(0x00ff00);
+        box.SetSelBold(false);
+        box.SetSelFontSize(40);
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QVERIFY(box.Text().isEmpty());
         QTest::keyClicks(&box, QStringLiteral("x"));
         Select(box, 0, 1);
-        QCOMPARE(box.SelFontName(), QStringLiteral("Absent Hand"));
-        QCOMPARE(box.SelFontSize(), 8.5);
-        QCOMPARE(box.SelBold(), false);
-        QCOMPARE(box.SelItalic(), true);
-        QCOMPARE(box.SelUnderline(), true);
-        QCOMPARE(box.SelStrikeThru(), false);
-        QCOMPARE(box.SelColor(), 0x800000U);
+        QCOMPARE(box.SelColor(), 0x0000ffU);
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(box.SelItalic(), false);
+        QCOMPARE(box.SelFontSize(), box.Font().pointSizeF());
     }
-}
 
-void RichTextBoxTest::emptiedBoxLooksLikeTheDefaultFont()
-{
-    RichTextBox box;
-    box.SetFontBold(true);
-    box.SetSelColor(0x0000ff);
-    box.SetSelItalic(true); // for this text only
-    QTest::keyClicks(&box, QStringLiteral("abc"));
-    box.selectAll();
-    box.SetSelColor(0x00ff00);
-    box.SetSelBold(false);
-    box.SetSelFontSize(40);
-    QTest::keyClick(&box, Qt::Key_Delete);
-    QVERIFY(box.Text().isEmpty());
-    QTest::keyClicks(&box, QStringLiteral("x"));
-    Select(box, 0, 1);
-    QCOMPARE(box.SelColor(), 0x0000ffU);
-    QCOMPARE(box.SelBold(), true);
-    QCOMPARE(box.SelItalic(), false);
-    QCOMPARE(box.SelFontSize(), box.Font().pointSizeF());
-}
-
-void RichTextBoxTest::fontOfABoxWithText()
-{
-    RichTextBox box;
-    box.SetTextRTF(g_rtf);
-    Select(box, 3, 4);
-    box.SetFontBold(true); // the default alone
-    QVERIFY(!box.Modified());
-    QCOMPARE(box.SelBold(), std::nullopt);
-    box.SetFontName(QStringLiteral("Courier Quite"));
-    QVERIFY(box.Modified());
-    box.SetFontSize(17);
-    QCOMPARE(box.SelStart(), 3);
-    QCOMPARE(box.SelLength(), 4);
-    box.selectAll();
-    QCOMPARE(box.SelFontName(), QStringLiteral("Courier Quite"));
-    QCOMPARE(box.SelFontSize(), 17.0);
-    QCOMPARE(box.SelBold(), std::nullopt);
-    QCOMPARE(box.Text(), QStringLiteral("Choir 19:00\n bring   notes"));
-}
-
-void RichTextBoxTest::badSizesAreRefused()
-{
-    RichTextBox box;
-    box.SetText(QStringLiteral("x"));
-    for (double size : {0.0, -8.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
-        QCOMPARE(NumberOfErrorIn([&] { box.SetFontSize(size); }), errors::InvalidPropertyValue);
-        QCOMPARE(NumberOfErrorIn([&] { box.SetSelFontSize(size); }), errors::InvalidPropertyValue);
+    void fontOfABoxWithText()
+    {
+        RichTextBox box;
+        box.SetTextRTF(g_rtf);
+        Select(box, 3, 4);
+        box.SetFontBold(true); // the default alone
+        QVERIFY(!box.Modified());
+        QCOMPARE(box.SelBold(), std::nullopt);
+        box.SetFontName(QStringLiteral("Courier Quite"));
+        QVERIFY(box.Modified());
+        box.SetFontSize(17);
+        QCOMPARE(box.SelStart(), 3);
+        QCOMPARE(box.SelLength(), 4);
+        box.selectAll();
+        QCOMPARE(box.SelFontName(), QStringLiteral("Courier Quite"));
+        QCOMPARE(box.SelFontSize(), 17.0);
+        QCOMPARE(box.SelBold(), std::nullopt);
+        QCOMPARE(box.Text(), QStringLiteral("Choir 19:00\n bring   notes"));
     }
-    QVERIFY(!box.Modified());
-}
 
-void RichTextBoxTest::desktopFontStaysOutside()
-{
-    QWidget window;
-    RichTextBox box(&window);
-    box.SetFontName(QStringLiteral("Arial"));
-    box.SetFontSize(9);
-    window.setFont(QFont(QStringLiteral("Courier"), 30));
-    QCOMPARE(box.Font().family(), QStringLiteral("Arial"));
-    QCOMPARE(box.Font().pointSizeF(), 9.0);
-}
-
-void RichTextBoxTest::textBreaksAtTheRightMargin()
-{
-    RichTextBox box;
-    box.resize(300, 200);
-    box.show();
-    box.SetText(QStringLiteral("word ").repeated(20));
-    const auto width = [&] { return box.document()->firstBlock().layout()->boundingRect().width(); };
-    box.SetRightMargin(100);
-    QCOMPARE(box.RightMargin(), 100);
-    QVERIFY(width() <= 100);
-    for (int margin : {0, 300, 5000}) {
-        box.SetRightMargin(margin);
-        QVERIFY(width() > 200);
-        QVERIFY(width() <= box.viewport()->width());
+    void badSizesAreRefused()
+    {
+        RichTextBox box;
+        box.SetText(QStringLiteral("x"));
+        for (double size : {0.0, -8.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
+            QCOMPARE(ErrorOf([&] { box.SetFontSize(size); }), errors::InvalidPropertyValue);
+            QCOMPARE(ErrorOf([&] { box.SetSelFontSize(size); }), errors::InvalidPropertyValue);
+        }
+        QVERIFY(!box.Modified());
     }
-    box.resize(150, 200); // narrower than the margin: nothing may lie beyond the edge
-    QVERIFY(width() <= 150);
-}
 
-void RichTextBoxTest::noteLiesOnItsPaper()
-{
-    QWidget window;
-    QPalette dark;
-    dark.setColor(QPalette::Window, Qt::yellow);
-    dark.setColor(QPalette::Base, Qt::black);
-    dark.setColor(QPalette::Text, Qt::white);
-    window.setPalette(dark);
-    RichTextBox box(&window);
-    window.resize(120, 80);
-    box.setGeometry(0, 0, 120, 80);
-    box.SetText(QStringLiteral("IIIII"));
-    window.show();
-    // The place of the scroll bar is paper, too, while there is nothing to scroll.
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(117, 8));
-    QCOMPARE(box.SelStart(), 5);
-    const QImage picture = window.grab().toImage();
-    for (int x : {110, 115, 118})
-        QCOMPARE(picture.pixelColor(x, 70), QColor(Qt::yellow));
-    bool hasInk = false;
-    for (int x = 0; x < 40; ++x)
-        hasInk |= picture.pixelColor(x, 8).red() < 100;
-    QVERIFY(hasInk);
+    void desktopFontStaysOutside()
+    {
+        QWidget window;
+        RichTextBox box(&window);
+        box.SetFontName(QStringLiteral("Arial"));
+        box.SetFontSize(9);
+        window.setFont(QFont(QStringLiteral("Courier"), 30));
+        QCOMPARE(box.Font().family(), QStringLiteral("Arial"));
+        QCOMPARE(box.Font().pointSizeF(), 9.0);
+    }
 
-    box.SetText(QStringLiteral("line\n").repeated(50));
-    QVERIFY(box.verticalScrollBar()->width() < 10);
-    QTest::mouseClick(box.verticalScrollBar(), Qt::LeftButton, {}, {3, 70});
-    QVERIFY(box.verticalScrollBar()->value() > 0);
+    void textBreaksAtTheRightMargin()
+    {
+        RichTextBox box;
+        box.resize(300, 200);
+        box.show();
+        box.SetText(QStringLiteral("word ").repeated(20));
+        const auto width = [&] { return box.document()->firstBlock().layout()->boundingRect().width(); };
+        box.SetRightMargin(100);
+        QCOMPARE(box.RightMargin(), 100);
+        QVERIFY(width() <= 100);
+        for (int margin : {0, 300, 5000}) {
+            box.SetRightMargin(margin);
+            QVERIFY(width() > 200);
+            QVERIFY(width() <= box.viewport()->width());
+        }
+        box.resize(150, 200); // narrower than the margin: nothing may lie beyond the edge
+        QVERIFY(width() <= 150);
+    }
 
-    const auto inkAtTheEdge = [&](int scrolled) {
-        box.verticalScrollBar()->setValue(scrolled);
-        const QImage edge = window.grab(QRect(0, 0, 40, 3)).toImage();
-        QImage bare = edge;
-        bare.fill(Qt::yellow);
-        return edge != bare;
-    };
-    QVERIFY(!inkAtTheEdge(6)); // half a line is left out
-    box.SetFontSize(60);
-    QVERIFY(inkAtTheEdge(40)); // but not one that fills the box
-}
+    void noteLiesOnItsPaper()
+    {
+        QWidget window;
+        QPalette dark;
+        dark.setColor(QPalette::Window, Qt::yellow);
+        dark.setColor(QPalette::Base, Qt::black);
+        dark.setColor(QPalette::Text, Qt::white);
+        window.setPalette(dark);
+        RichTextBox box(&window);
+        window.resize(120, 80);
+        box.setGeometry(0, 0, 120, 80);
+        box.SetText(QStringLiteral("IIIII"));
+        window.show();
+        // The place of the scroll bar is paper, too, while there is nothing to scroll.
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(117, 8));
+        QCOMPARE(box.SelStart(), 5);
+        const QImage picture = window.grab().toImage();
+        for (int x : {110, 115, 118})
+            QCOMPARE(picture.pixelColor(x, 70), QColor(Qt::yellow));
+        bool hasInk = false;
+        for (int x = 0; x < 40; ++x)
+            hasInk |= picture.pixelColor(x, 8).red() < 100;
+        QVERIFY(hasInk);
+
+        box.SetText(QStringLiteral("line\n").repeated(50));
+        QVERIFY(box.verticalScrollBar()->width() < 10);
+        QTest::mouseClick(box.verticalScrollBar(), Qt::LeftButton, {}, {3, 70});
+        QVERIFY(box.verticalScrollBar()->value() > 0);
+
+        const auto inkAtTheEdge = [&](int scrolled) {
+            box.verticalScrollBar()->setValue(scrolled);
+            const QImage edge = window.grab(QRect(0, 0, 40, 3)).toImage();
+            QImage bare = edge;
+            bare.fill(Qt::yellow);
+            return edge != bare;
+        };
+        QVERIFY(!inkAtTheEdge(6)); // half a line is left out
+        box.SetFontSize(60);
+        QVERIFY(inkAtTheEdge(40)); // but not one that fills the box
+    }
+};
 
 QTEST_MAIN(RichTextBoxTest)
 #include "richtextboxtest.moc"

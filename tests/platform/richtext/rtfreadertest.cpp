@@ -1,12 +1,10 @@
 #include "platform/richtext/rtfreader.h"
 
-#include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfwriter.h"
+#include "platform/richtext/samplepictures.h"
 
 #include <QTest>
 #include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
 
 #include <functional>
 
@@ -37,8 +35,7 @@ QString Read(const QByteArray& rtf)
 // The format of the first character that is an x.
 QTextCharFormat FormatAtX(QTextDocument& document)
 {
-    QTextCursor cursor = document.find(u"x"_s, 0, QTextDocument::FindCaseSensitively);
-    return cursor.charFormat();
+    return document.find(u"x"_s, 0, QTextDocument::FindCaseSensitively).charFormat();
 }
 
 } // namespace
@@ -124,6 +121,10 @@ private Q_SLOTS:
         row("too many closed", "a}}}b", u"ab"_s);
         row("characters a document cannot hold", "a\\u8233?\\u-560?\\u0?b}", u"a/b"_s);
         row("unknown code page", "\\ansicpg77777\\'e9}", u"é"_s);
+        row("pictures", "{\\pict 00}{\\pict 00}\\par{\\pict 01}}", u"##|#"_s);
+        row("no pictures", "a{\\pict}{\\pict\\pngblip {\\*\\x y}}{\\object{\\*\\objdata 01}{\\result text}}b}",
+            u"atextb"_s);
+        row("hidden pictures", "a{\\v{\\pict 00}{\\object{\\result{\\pict 00}}}}b}", u"ab"_s);
     }
 
     void Text()
@@ -346,9 +347,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, body);
         QTextDocument document;
         ReadRtf("{\\rtf1\\qr ab\\par cd\\par}", document);
-        QTextCursor cursor(&document);
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        QTextCursor cursor = Selection(document, from, to);
         InsertRtf("{\\rtf1" + body + "}", cursor);
         QTEST(TextOf(document), "text");
         QList<int> alignments;
@@ -386,21 +385,11 @@ private Q_SLOTS:
         QFETCH(QByteArray, source);
         QTextDocument document;
         ReadRtf("{\\rtf1 a" + body, document);
-        QTextCursor cursor(&document);
-        cursor.setPosition(2);
-        const QTextImageFormat format = cursor.charFormat().toImageFormat();
+        const QTextImageFormat format = Selection(document, 1, 2).charFormat().toImageFormat();
         QVERIFY(format.isValid());
         QTEST(QSizeF(format.width(), format.height()), "size");
         const QByteArray written = WriteRtf(document);
         QVERIFY2(written.contains(source), written);
-    }
-
-    void WhatHoldsNoPictureShowsNone()
-    {
-        QCOMPARE(Read("{\\rtf1 a{\\pict}{\\pict\\pngblip {\\*\\x y}}{\\object{\\*\\objdata 01}{\\result text}}b}"),
-                 u"atextb"_s);
-        QCOMPARE(Read("{\\rtf1 a{\\v{\\pict 00}{\\object{\\result{\\pict 00}}}}b}"), u"ab"_s);
-        QCOMPARE(Read("{\\rtf1 {\\pict 00}{\\pict 00}\\par{\\pict 01}}"), u"##|#"_s);
     }
 };
 

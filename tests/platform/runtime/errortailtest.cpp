@@ -1,6 +1,7 @@
 #include "platform/runtime/errortail.h"
 
-#include <QFile>
+#include "files.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -13,11 +14,7 @@ class ErrorTailTest : public QObject
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(QStringLiteral("planner.err"));
 
-    QByteArray Log() const
-    {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no log");
-    }
+    QByteArray Log() const { return Content(m_path); }
 
     static void Fail(int number) { throw RunTimeError{number, QStringLiteral("it\nbroke")}; }
 

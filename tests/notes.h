@@ -1,0 +1,34 @@
+// Short ways to the text of a note: in a box, in the file, and let fall into a box.
+#pragma once
+
+#include "platform/richtext/richtextbox.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QMimeData>
+
+inline void Select(RichTextBox& box, int start, int length)
+{
+    box.SetSelStart(start);
+    box.SetSelLength(length);
+}
+
+// What is shown of a stored note.
+inline QString PlainText(const QByteArray& rtf)
+{
+    RichTextBox box;
+    box.SetTextRTF(rtf);
+    return box.Text();
+}
+
+// Whether what was let fall there was taken.
+inline bool Drop(RichTextBox& box, const QMimeData& data, QPoint at = {10, 10})
+{
+    const auto actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(at, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box.viewport(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop(at, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box.viewport(), &drop);
+    return drop.isAccepted() && drop.dropAction() != Qt::IgnoreAction;
+}

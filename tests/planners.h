@@ -1,0 +1,17 @@
+// Planners that no program has open, made by the engine alone.
+#pragma once
+
+#include "plannerfile/schema.h"
+#include "platform/engine/enginetesting.h"
+
+inline const std::vector<TableDef> plannerTables = {schema::NotesTable(), schema::AlarmsTable(),
+                                                    schema::RecursionsTable()};
+
+// With these tables and no record.
+inline Database MakePlanner(const QString& path, const std::vector<TableDef>& tables = plannerTables)
+{
+    Database planner = DBEngine::CreateDatabase(path, schema::Locale);
+    for (const TableDef& table : tables)
+        planner.Append(table);
+    return planner;
+}

@@ -1,0 +1,24 @@
+// Settings as they lie in the files, past the table of them.
+#pragma once
+
+#include "platform/profile/profile.h"
+
+// Of PLANNER.INI; "none" where there is no such key.
+inline QString Ini(const char* section, const char* key)
+{
+    return GetPrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), QStringLiteral("none"),
+                                    1000, QStringLiteral("PLANNER.INI"));
+}
+
+inline void SetIni(const char* section, const char* key, QAnyStringView value)
+{
+    WritePrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), value.toString(),
+                               QStringLiteral("PLANNER.INI"));
+}
+
+// The desktop's order of dates: 0 month first, 1 day first, 2 year first.
+inline void SetDateOrder(int iDate)
+{
+    WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("iDate"), QString::number(iDate),
+                               QStringLiteral("WIN.INI"));
+}
