@@ -7,6 +7,7 @@
 #include <vector>
 
 class QListWidget;
+class QListWidgetItem;
 class RichTextBox;
 
 struct FoundNote

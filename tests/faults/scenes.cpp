@@ -1,0 +1,267 @@
+#include "scenes.h"
+
+#include "editing/zoomboxform.h"
+#include "faultycalls.h"
+#include "plannerfile/backups.h"
+#include "plannerfile/recoveryform.h"
+#include "plannerfile/schema.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/engine/enginetesting.h"
+#include "platform/profile/profile.h"
+#include "program.h"
+#include "recurrence/recurrence.h"
+
+namespace {
+const QString Done = QStringLiteral("done");
+
+QString AnswerOf(const std::function<void()>& step)
+{
+    QString text;
+    return ErrorOf(step, &text) == 0 ? Done : text;
+}
+
+void SayKept()
+{
+    std::puts(Keeps);
+    std::fflush(stdout);
+}
+
+void Press(const QMessageBox& box, std::initializer_list<QMessageBox::StandardButton> first)
+{
+    for (const auto button : first)
+        if (box.button(button)) return box.button(button)->click();
+}
+
+// Somebody who gives up nothing: first lets the program keep the notes as files; when that fails too, makes room on the
+// disk and has it try again.
+void AnswerBoxes(QStringList& said)
+{
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, qApp, [&said] {
+        const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible()) return;
+        const bool isAsked = box->button(QMessageBox::Retry), again = isAsked && said.contains(box->text());
+        said += box->text();
+        if (again) faultycalls::Disarm();
+        again ? Press(*box, {QMessageBox::Retry})
+              : Press(*box, {QMessageBox::Cancel, QMessageBox::No, QMessageBox::Ok});
+    });
+    timer->start(5);
+}
+
+// The main window over the stage's planner, and somebody in front of it.
+class Session : public Program
+{
+public:
+    explicit Session(const Stage& stage) : m_stage(stage)
+    {
+        ::folders::SetRootForTests(stage.root);
+        AnswerBoxes(said);
+        Start();
+    }
+
+    void OpenPlanner(bool shared = false) const
+    {
+        AnswerNextFileDialog(m_stage.Path(Planner));
+        AnswerOpenAs(shared);
+        Trigger("mnuOpen");
+    }
+    void TypeTwoDays() const
+    {
+        Type(CellOf(3), QString::fromLatin1(TypedOnThird));
+        Type(CellOf(4), QString::fromLatin1(TypedOnFourth));
+    }
+    // Until the journal has what was typed, or says that it cannot have it.
+    bool AwaitJournal() const
+    {
+        const QString journal = ::folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes");
+        Q_UNUSED(QTest::qWaitFor([&] { return QFile::exists(journal) || Log().contains("in Journal"); }, 2500));
+        if (QFile::exists(journal)) SayKept();
+        return QFile::exists(journal);
+    }
+    void PressLock() const
+    {
+        QTest::mouseClick(form->findChild<PictureButton*>(QStringLiteral("picLock")), Qt::LeftButton);
+    }
+    QString End(int mode = Mainform::ProcessIsEnded) const
+    {
+        form->subExitProgram(mode);
+        return Done;
+    }
+
+    QStringList said;
+
+private:
+    const Stage& m_stage;
+};
+
+void PressIn(const QWidget& window, const char* button)
+{
+    QTest::mouseClick(window.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+}
+
+// Ends without a save where the journal could be written.
+QString JournalIt(const Stage& stage)
+{
+    const Session session(stage);
+    session.OpenPlanner();
+    stage.Begin();
+    session.TypeTwoDays();
+    return session.AwaitJournal() ? Done : session.End();
+}
+
+QString Save(const Stage& stage)
+{
+    const Session session(stage);
+    session.OpenPlanner();
+    session.TypeTwoDays();
+    session.AwaitJournal();
+    stage.Begin();
+    session.Trigger("mnuSave");
+    return session.End();
+}
+
+QString Exit(const Stage& stage)
+{
+    const Session session(stage);
+    session.OpenPlanner();
+    session.TypeTwoDays();
+    session.AwaitJournal();
+    stage.Begin();
+    return session.End(Mainform::CloseBox);
+}
+
+QString LockedDay(const Stage& stage)
+{
+    const Session session(stage);
+    session.OpenPlanner(true);
+    session.Click(session.CellOf(3));
+    session.PressLock();
+    QTest::keyClicks(&session.Box(session.CellOf(3)), QString::fromLatin1(TypedOnThird));
+    session.AwaitJournal();
+    stage.Begin();
+    session.PressLock();
+    return session.End();
+}
+
+QString DayView(const Stage& stage)
+{
+    const Session session(stage);
+    session.OpenPlanner();
+    session.Click(session.CellOf(3));
+    OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+        QTest::keyClicks(&form.tbZoom(), QString::fromLatin1(TypedOnThird));
+        session.AwaitJournal();
+        stage.Begin();
+        PressIn(form, "btnOk");
+    });
+    session.Trigger("mnuDayView");
+    session.Trigger("mnuSave");
+    return session.End();
+}
+
+// What a run before has left is put into the planner.
+QString Recover(const Stage& stage)
+{
+    SayKept();
+    const Session session(stage);
+    AnswerNextFileDialog(stage.Path(Planner));
+    Program::AnswerOpenAs(false);
+    OnNextModal<RecoveryForm>([&](RecoveryForm& form) {
+        stage.Begin();
+        PressIn(form, "btnOk");
+    });
+    session.Trigger("mnuOpen");
+    return session.End();
+}
+
+void OpenTables(const Stage& stage)
+{
+    folders::SetRootForTests(stage.root);
+    g_bErrorTrap = true;
+    g_sDBPath = g_sNotesFile = stage.Path(Planner);
+    g_dbPlanner = DBEngine::OpenDatabase(g_sNotesFile, true);
+    g_rsQMT = schema::OpenNotes(g_dbPlanner);
+    g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
+}
+
+QString Recur(const Stage& stage)
+{
+    OpenTables(stage);
+    QStringList said;
+    AnswerBoxes(said);
+    Recurrence event("{\\rtf1 Standup}", {}, [](qsizetype, qsizetype) {});
+    stage.Begin();
+    const bool saved = event.fnRecurseDaily(QStringLiteral("3/1/1999"), QStringLiteral("4/9/1999"), 1);
+    return saved && said.isEmpty() ? Done : QStringLiteral("not saved: ") + said.join(u' ');
+}
+
+QString BackUp(const Stage& stage)
+{
+    OpenTables(stage);
+    stage.Begin();
+    BackUpBeforeSave();
+    const QDir folder(BackupFolder());
+    for (const QString& planner : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        if (!QDir(folder.filePath(planner)).entryList({QStringLiteral("*.mdb")}).isEmpty()) return Done;
+    return QStringLiteral("not copied");
+}
+
+// As Compact does it, whatever kind of file that is.
+QString CompactFile(const Stage& stage, const QString& name)
+{
+    folders::SetRootForTests(stage.root); // where the reader is
+    const QString file = stage.Path(name), scratch = stage.Path(QStringLiteral("/dummy.mdb"));
+    const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+    stage.Begin();
+    return AnswerOf([&] {
+        const DBEngine::AloneWith alone(file);
+        DBEngine::CompactDatabase(file, scratch, tables);
+        DBEngine::ReplaceDatabase(scratch, file);
+    });
+}
+
+QString Compact(const Stage& stage)
+{
+    return CompactFile(stage, Planner);
+}
+
+QString Convert(const Stage& stage)
+{
+    return CompactFile(stage, OldPlanner);
+}
+
+QString Repair(const Stage& stage)
+{
+    const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+    stage.Begin();
+    return AnswerOf([&] { DBEngine::RepairDatabase(stage.Path(Planner), tables); });
+}
+
+QString Settings(const Stage& stage)
+{
+    folders::SetRootForTests(stage.root);
+    stage.Begin();
+    const bool written = WritePrivateProfileStringA(QStringLiteral("Days"), QStringLiteral("Color"),
+                                                    QStringLiteral("new"), QStringLiteral("PLANNER.INI"));
+    return written ? Done : QStringLiteral("not written");
+}
+
+QString Move(const Stage& stage)
+{
+    stage.Begin();
+    return AnswerOf([&] { DBEngine::MoveToServer(stage.Path(Planner), qEnvironmentVariable("ORRELIN_TEST_ADDRESS")); });
+}
+} // namespace
+
+const QList<Scene>& Scenes()
+{
+    static const QList<Scene> scenes = {
+        {"journal", JournalIt, true},    {"save", Save, true},          {"exit", Exit, true},
+        {"locked day", LockedDay, true}, {"day view", DayView, true},   {"recovery", Recover, true},
+        {"recurrence", Recur, false},    {"compact", Compact, false},   {"repair", Repair, false},
+        {"backup", BackUp, false},       {"settings", Settings, false}, {"convert", Convert, false},
+        {"move", Move, false},
+    };
+    return scenes;
+}
