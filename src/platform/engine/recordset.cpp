@@ -1,4 +1,4 @@
-#include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/recordsetstate.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -9,7 +9,7 @@ Recordset::Recordset(std::shared_ptr<State> state) : m_state(std::move(state)) {
 Recordset::State& Recordset::Live() const
 {
     if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
-    if (!m_state->store) throw RunTimeError{engineerrors::Closed, QStringLiteral("Object is closed.")};
+    if (!m_state->store) engineerrors::RaiseClosed();
     return *m_state;
 }
 
@@ -107,9 +107,7 @@ void Recordset::Update()
 void Recordset::CancelUpdate()
 {
     State& state = Live();
-    if (state.pending == State::Pending::None)
-        throw RunTimeError{engineerrors::NoUpdatePending,
-                           QStringLiteral("Update or CancelUpdate without AddNew or Edit.")};
+    if (state.pending == State::Pending::None) engineerrors::RaiseNoUpdatePending();
     state.DropEdit();
 }
 
