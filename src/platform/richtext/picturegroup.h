@@ -6,8 +6,6 @@
 #include <QByteArrayView>
 #include <QSize>
 
-inline constexpr int TwipsInPixel = 15; // logical ones
-
 struct PictureData
 {
     enum Kind : quint8
