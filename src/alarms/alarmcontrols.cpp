@@ -1,6 +1,7 @@
 #include "alarms/alarmcontrols.h"
 
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/orlcombo.h"
@@ -17,13 +18,6 @@
 namespace {
 constexpr int Rhythm = 8;
 constexpr QSize StepSize(28, 28);
-
-template <typename Control>
-Control* Named(Control* control, const char* name)
-{
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
 
 struct Picture
 {

@@ -1,6 +1,7 @@
 #include "alarms/alarmeventform.h"
 
 #include "alarms/tunes.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 constexpr QLatin1StringView PlayLiteral(" in AlarmEventForm, subPlayMusic");
@@ -53,13 +55,12 @@ AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget*
     m_tbNotes->SetTextRTF(note);
     m_tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here
     setAccessibleDescription(m_tbNotes->Text());
-    auto* btnOk = new PressedByReturn<QPushButton>(QStringLiteral("&Ok"));
-    btnOk->setObjectName(QStringLiteral("btnOk"));
+    auto* btnOk = Named(new PressedByReturn<QPushButton>(QStringLiteral("&Ok")), "btnOk");
     btnOk->setAutoDefault(false); // Return anywhere else must not close the window
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(HalfASecond);
-    connect(&m_quiet, &QTimer::timeout, this, [this] { guard(PlayLiteral, [this] { MsgBox(m_problem); }); });
+    connect(&m_quiet, &QTimer::timeout, this, Guarded(PlayLiteral, [this] { MsgBox(m_problem); }));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
@@ -73,7 +74,7 @@ AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget*
 
 void AlarmEventForm::PlayWhenShown(const QString& tune)
 {
-    QTimer::singleShot(0, this, [this, tune] { guard(PlayLiteral, [&] { subPlayMusic(tune); }); });
+    QTimer::singleShot(0, this, Guarded(PlayLiteral, [this, tune] { subPlayMusic(tune); }));
 }
 
 void AlarmEventForm::subPlayMusic(const QString& sTune)

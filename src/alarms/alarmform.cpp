@@ -40,10 +40,10 @@ template <typename Action>
 void WirePicture(PictureButton* picture, int pressed, int released, QLatin1StringView literal, Action action)
 {
     QObject::connect(picture, &PictureButton::MouseDown, picture, [=] { picture->ShowElement(pressed); });
-    QObject::connect(picture, &PictureButton::MouseUp, picture, [=] {
-        picture->ShowElement(released);
-        guard(literal, action);
-    });
+    QObject::connect(picture, &PictureButton::MouseUp, picture, Guarded(literal, [=] {
+                         picture->ShowElement(released);
+                         action();
+                     }));
 }
 
 void WireStep(PictureButton* picture, MaskEdBox* box, QString (*step)(const QString&))
@@ -79,8 +79,7 @@ void AlarmForm::Tell(const QString& text, int icon)
 void AlarmForm::Wire()
 {
     const auto on = [this](QPushButton* button, QLatin1StringView literal, void (AlarmForm::*click)()) {
-        connect(button, &QPushButton::clicked, this,
-                [this, literal, click] { guard(literal, [this, click] { (this->*click)(); }); });
+        connect(button, &QPushButton::clicked, this, Guarded(literal, [this, click] { (this->*click)(); }));
     };
     on(m_controls.btnOk, OkLiteral, &AlarmForm::btnOk_Click);
     on(m_controls.btnDelete, QLatin1StringView(" in AlarmForm, btnDelete_Click"), &AlarmForm::btnDelete_Click);
@@ -105,7 +104,7 @@ void AlarmForm::WirePictures()
 void AlarmForm::Form_Load(int cell)
 {
     const ErrorTail tail(LoadLiteral);
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     m_tmAlarm.SetEnabled(false);
     const bool isShown = m_cells.panelDay.Exists(cell);
     const QString caption = isShown ? m_cells.panelDay(cell).Caption().trimmed() : QString();
@@ -120,7 +119,6 @@ void AlarmForm::Form_Load(int cell)
             PrepareBrowse(caption);
         }
     });
-    SetMousePointer(mousepointer::Default);
 }
 
 void AlarmForm::ShowEmptyBoxes()

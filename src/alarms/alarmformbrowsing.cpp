@@ -3,9 +3,9 @@
 #include "alarms/alarmmarks.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
-#include "calendar/calendarstate.h"
 #include "calendar/dateorder.h"
 #include "calendar/moddate.h"
+#include "calendar/modshow.h"
 #include "calendar/turn.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
@@ -17,7 +17,6 @@
 #include "platform/engine/database.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
-#include "platform/runtime/language.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -49,7 +48,7 @@ void AlarmForm::PrepareBrowse(const QString& caption)
 void AlarmForm::subDisplayAlarmData(const QString& caption)
 {
     const ErrorTail tail(DisplayLiteral);
-    m_sAlarmDate = TrimmedStr(g_iYear) + u'/' + TrimmedStr(g_iMonth) + u'/' + caption;
+    m_sAlarmDate = CellKey(caption);
     tail([&] {
         m_alarms = schema::OpenAlarms(g_dbPlanner);
         m_alarms.Seek(QStringLiteral("="), m_sAlarmDate);

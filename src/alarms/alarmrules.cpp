@@ -66,7 +66,7 @@ QString MinuteDown(const QString& sMinute)
 QString AlarmDateOf(const QDateTime& now)
 {
     const QDate today = now.date();
-    return TrimmedStr(today.year()) + u'/' + TrimmedStr(today.month()) + u'/' + TrimmedStr(today.day());
+    return KeyOf({today.year(), today.month(), today.day()});
 }
 
 QString AlarmTimeOf(const QDateTime& now)

@@ -22,14 +22,15 @@ StyleDefaults Dialogs(QStringView section, int size)
     return {section, -1, size, 0, u""};
 }
 
-std::vector<StyleSample> CellSamples(const std::array<QStringView, 4>& sections, int size)
+std::vector<StyleSample> CellSamples(const std::array<StyleDefaults, 4>& styles, int size)
 {
     const QString today = QString::number(desktopclock::Now().date().day());
     const auto name = [](int i) { return QStringLiteral("panelDay(%1)").arg(i); };
-    return {{name(0), QStringLiteral("Daily"), QStringLiteral("18"), Dialogs(sections[0], size), paper::Paper},
-            {name(1), QStringLiteral("Today"), today, Dialogs(sections[1], size), paper::Today},
-            {name(2), QStringLiteral("Memo"), QStringLiteral("Memo1"), Dialogs(sections[2], size), paper::MemoPaper},
-            {name(3), QStringLiteral("Past Dates"), QStringLiteral("5"), Dialogs(sections[3], size), paper::Paper}};
+    return {
+        {name(0), QStringLiteral("Daily"), QStringLiteral("18"), Dialogs(styles[0].section, size), paper::Paper},
+        {name(1), QStringLiteral("Today"), today, Dialogs(styles[1].section, size), paper::Today},
+        {name(2), QStringLiteral("Memo"), QStringLiteral("Memo1"), Dialogs(styles[2].section, size), paper::MemoPaper},
+        {name(3), QStringLiteral("Past Dates"), QStringLiteral("5"), Dialogs(styles[3].section, size), paper::Paper}};
 }
 
 StyleRules DayRules()
@@ -94,16 +95,20 @@ void Appearance::DrawAnew(void (Redraw::*display)(), QLatin1StringView literal)
 
 void Appearance::mnuNumberDlg_Click()
 {
-    StyleForm form(DayRules(), CellSamples({u"DAILY PANEL", u"TODAY PANEL", u"MEMO PANEL", u"PASTDATE PANEL"}, 12),
-                   m_cells.Client()->window());
+    StyleForm form(
+        DayRules(),
+        CellSamples({settings::DailyPanel, settings::TodayPanel, settings::MemoPanel, settings::PastDatePanel}, 12),
+        m_cells.Client()->window());
     if (form.exec() == QDialog::Accepted)
         DrawAnew(&Redraw::subDisplayMonth, QLatin1StringView(" in PanelDayForm, btnSave_Click"));
 }
 
 void Appearance::mnuWeekAppearance_Click()
 {
-    StyleForm form(WeekRules(), CellSamples({u"WEEKDAILY", u"WEEKTODAY", u"WEEKMEMO", u"WEEKPASTDATE"}, 16),
-                   m_cells.Client()->window());
+    StyleForm form(
+        WeekRules(),
+        CellSamples({settings::WeekDaily, settings::WeekToday, settings::WeekMemo, settings::WeekPastDate}, 16),
+        m_cells.Client()->window());
     if (form.exec() == QDialog::Accepted)
         DrawAnew(&Redraw::subDisplayWeek, QLatin1StringView(" in PanelWeekForm, btnSave_Click"));
 }

@@ -1,5 +1,7 @@
 #include "appearance/initfontform.h"
 
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/desktop/centeronscreen.h"
@@ -11,7 +13,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QVBoxLayout>
 
 namespace {
 struct StyleRow
@@ -28,8 +29,7 @@ constexpr StyleRow StyleRows[] = {{"chkBold", "Bold", &settings::DefaultBold},
 
 ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label)
 {
-    auto* combo = new ORLCombo;
-    combo->setObjectName(QString::fromLatin1(name));
+    auto* combo = Named(new ORLCombo, name);
     combo->setFocusPolicy(Qt::StrongFocus); // no caret is waiting in a cell here
     rows.addRow(label, combo);
     return combo;
@@ -48,9 +48,7 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(QStringLiteral("InitFontForm"));
     setWindowTitle(QStringLiteral("Customize Initial Fonts"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(new QLabel(QStringLiteral("Customize your default choice of Font Name, Size and Color.")));
     auto* frame = new QGroupBox(QStringLiteral("Initial Fonts"));
     auto* rows = new QFormLayout(frame);
@@ -64,7 +62,6 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
     }
     column->addWidget(frame);
     column->addWidget(MakeOkCancel(*this));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     CenterOnScreen(*this);
 }
@@ -91,9 +88,7 @@ void InitFontForm::accept()
     const ErrorTail tail(QLatin1StringView(" in InitFontForm, btnOK_Click"));
     tail([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-        WritePrivateProfileStringA(settings::DefaultFontSize.section.toString(),
-                                   settings::DefaultFontSize.key.toString(), m_orlcmbFontsize->Text().trimmed(),
-                                   settings::PlannerIni.toString());
+        WriteText(settings::DefaultFontSize, m_orlcmbFontsize->Text().trimmed());
         Write(settings::DefaultFontColor, m_orlcmbFontcolor->Text().trimmed());
         Write(settings::DefaultFontName, m_orlcmbFontname->Text().trimmed());
         for (std::size_t i = 0; i < m_styles.size(); ++i)

@@ -2,7 +2,9 @@
 
 #include "appearance/panelstyle.h"
 #include "appearance/samplepanel.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/fontdialog.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
@@ -11,7 +13,6 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QVBoxLayout>
 
 namespace {
 constexpr QSize SmallestSample(88, 72);
@@ -22,9 +23,7 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
 {
     setObjectName(QString::fromLatin1(m_rules.name));
     setWindowTitle(m_rules.title);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(new QLabel(m_rules.hint));
     auto* frame = new QGroupBox(m_rules.frame);
     auto* grid = new QGridLayout(frame);
@@ -32,7 +31,6 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     column->addWidget(frame);
     AddChecks(*column);
     column->addWidget(MakeOkCancel(*this, QStringLiteral("btnSave")));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ShowEffects();
     CenterOnScreen(*this);
 }
@@ -60,17 +58,16 @@ SamplePanel* StyleForm::AddSample(const StyleSample& sample)
     ApplyStyle(*panel, ReadStyle(sample.defaults));
     m_panels.push_back(panel);
     const bool isAll = &sample == m_rules.all;
-    connect(panel, &SSPanel::Click, this, [this, &sample, panel, isAll] {
-        guard(m_rules.click, [&] { PressSample(sample, isAll ? m_panels : std::vector<SamplePanel*>{panel}); });
-    });
+    connect(panel, &SSPanel::Click, this, Guarded(m_rules.click, [this, &sample, panel, isAll] {
+                PressSample(sample, isAll ? m_panels : std::vector<SamplePanel*>{panel});
+            }));
     return panel;
 }
 
 void StyleForm::AddChecks(QLayout& column)
 {
     const auto add = [&](const char* name, const QString& caption, bool checked) {
-        auto* check = new QCheckBox(caption);
-        check->setObjectName(QString::fromLatin1(name));
+        auto* check = Named(new QCheckBox(caption), name);
         check->setChecked(checked);
         column.addWidget(check);
         return check;

@@ -30,9 +30,9 @@ struct StyleRules
     QLatin1StringView click; // in the error log
     QLatin1StringView save;
     IntSetting font3D;
-    int effect;                       // that "3D Font Effects" stands for
-    const IntSetting* strikeOut{};    // of the last sample, if it has one
-    QString strikeOutCaption;         //
+    int effect;                    // that "3D Font Effects" stands for
+    const IntSetting* strikeOut{}; // of the last sample, if it has one
+    QString strikeOutCaption;
     bool alwaysItalic = false;        // whatever the samples show: kept as it has always been
     const StyleSample* all = nullptr; // a sample that stands for all others and is not written
 };

@@ -46,13 +46,12 @@ void CCalendarView::LoadCells(int first, int last)
 void CCalendarView::Show(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom)
 {
     const ErrorTail tail(QLatin1StringView(" in CCalendarView, Show"));
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     const std::int32_t gridTop = top + m_cells.lblDayOfWeek(0).height();
     tail([&] { PosDayOfWeek({left, top, right, bottom}); });
     ShowViewButtons();
     if (m_iViewMode == ViewMode::Week) tail([&] { PosWeekPanels({left, gridTop, right, bottom}); });
     if (m_iViewMode == ViewMode::Month) tail([&] { PosMonthPanels({left, gridTop, right, bottom}); });
-    SetMousePointer(mousepointer::Default);
     m_rcView = {left, top, right, bottom};
 }
 

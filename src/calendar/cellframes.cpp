@@ -6,13 +6,16 @@
 
 #include <QApplication>
 
+namespace {
+constexpr QLatin1StringView Literal(" in CCalendarView, CellFrames");
+}
+
 CellFrames::CellFrames(Cells& cells) : QObject(&cells), m_cells(cells)
 {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        guard(QLatin1StringView(" in CCalendarView, CellFrames"), [&] { FollowFocus(now); });
-    });
+    connect(qApp, &QApplication::focusChanged, this,
+            Guarded(Literal, [this](QWidget*, QWidget* now) { FollowFocus(now); }));
     // Also where its window is not the active one.
-    connect(&cells, &Cells::GotFocus, this, [this](int Index) { Frame(&m_cells.panelDay(Index)); });
+    connect(&cells, &Cells::GotFocus, this, Guarded(Literal, [this](int Index) { Frame(&m_cells.panelDay(Index)); }));
 }
 
 void CellFrames::FollowFocus(QWidget* now)

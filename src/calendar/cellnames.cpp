@@ -9,13 +9,10 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 
-#include <tuple>
-
 namespace {
-// Not as a QDate: the calendar's own leap years have days that no true one has.
-using Day = std::tuple<int, int, int>;
+constexpr QLatin1StringView Literal(" in CCalendarView, CellNames");
 
-Day Today()
+GridDay Today()
 {
     const QDate today = desktopclock::Now().date();
     return {today.year(), today.month(), today.day()};
@@ -25,7 +22,7 @@ Day Today()
 QString Describe(const Cells& cells, int cell)
 {
     const QString caption = cells.panelDay(cell).Caption();
-    const Day day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
+    const GridDay day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
     const bool isDay = !IsMemoCaption(caption);
     const std::pair<bool, QLatin1StringView> parts[] = {
         {isDay && day == Today(), QLatin1StringView("Today.")},
@@ -45,9 +42,9 @@ CellNames::CellNames(Cells& cells) : QObject(&cells), m_cells(cells), m_active(Q
 {
     QAccessible::installActivationObserver(this);
     connect(&cells, &Cells::Redrawn, this, [this] { NameAll(); });
-    connect(&cells, &Cells::StateChanged, this, [this](int Index) {
-        if (m_active) guard(QLatin1StringView(" in CCalendarView, CellNames"), [&] { Name(Index); });
-    });
+    connect(&cells, &Cells::StateChanged, this, Guarded(Literal, [this](int Index) {
+        if (m_active) Name(Index);
+    }));
 }
 
 CellNames::~CellNames()
@@ -64,7 +61,7 @@ void CellNames::accessibilityActiveChanged(bool active)
 void CellNames::NameAll()
 {
     if (!m_active) return;
-    guard(QLatin1StringView(" in CCalendarView, CellNames"), [&] {
+    guard(Literal, [&] {
         for (int cell = 1; cell <= CellCount; ++cell)
             Name(cell);
     });

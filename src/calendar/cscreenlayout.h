@@ -3,6 +3,7 @@
 #pragma once
 
 #include "calendar/ccalendarview.h"
+#include "calendar/clientarea.h"
 
 #include <optional>
 
@@ -11,7 +12,7 @@ class CStatusbarView;
 class CToolbarView;
 class QWidget;
 
-class CScreenLayout
+class CScreenLayout final : public ClientArea
 {
 public:
     // window is the main window, client the part of it that is divided.
@@ -21,7 +22,7 @@ public:
     // Where the window stands, to be taken while it is shown; empty for a minimized one.
     std::optional<Rectangle> WindowPlace() const;
     void DestroyWindow(const std::optional<Rectangle>& place); // saves the place; that of a minimized window stays
-    void GetClientRect(std::int32_t& left, std::int32_t& top, std::int32_t& right, std::int32_t& bottom) const;
+    void GetClientRect(std::int32_t& left, std::int32_t& top, std::int32_t& right, std::int32_t& bottom) const override;
     void RefreshLayout(CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
                        CCalendarView& calendar);
     bool ClientRectChanged() const; // since the last RefreshLayout

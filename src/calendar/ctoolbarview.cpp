@@ -1,6 +1,6 @@
 #include "calendar/ctoolbarview.h"
 
-#include "calendar/cscreenlayout.h"
+#include "calendar/clientarea.h"
 #include "hall/menus.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
@@ -40,10 +40,10 @@ void CToolbarView::SetAlignment(std::int32_t alignment)
     UpdateMenus();
 }
 
-void CToolbarView::DragDropReposition(const CScreenLayout& layout, std::int32_t x, std::int32_t y)
+void CToolbarView::DragDropReposition(const ClientArea& area, std::int32_t x, std::int32_t y)
 {
     std::int32_t left = 0, top = 0, right = 0, bottom = 0;
-    layout.GetClientRect(left, top, right, bottom);
+    area.GetClientRect(left, top, right, bottom);
     const auto within = [](int value, int low, int high) { return low < value && value < high; };
     if (!within(x, left, right)) return;
     if (within(y, bottom - Height(), bottom)) {

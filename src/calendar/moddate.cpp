@@ -29,11 +29,6 @@ QString FirstField(const QString& date)
     return date.left(Slashes(date).first < 0 ? 0 : Slashes(date).first);
 }
 
-QString JoinKey(std::int16_t year, std::int16_t month, std::int16_t day)
-{
-    return TrimmedStr(year) + u'/' + TrimmedStr(month) + u'/' + TrimmedStr(day);
-}
-
 // The number of a field, 0 after an error that the tail has logged.
 std::int16_t NumberOf(QLatin1StringView literal, const QString& field)
 {
@@ -55,6 +50,25 @@ QString MemoName(const QString& dateKey)
 }
 } // namespace
 
+bool IsDayOfGrid(const GridDay& day)
+{
+    return day.year > 0 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
+           day.day <= MonthLength(day.year, day.month);
+}
+
+QString KeyOf(const GridDay& day)
+{
+    return TrimmedStr(day.year) + u'/' + TrimmedStr(day.month) + u'/' + TrimmedStr(day.day);
+}
+
+std::optional<GridDay> DayOfKey(const QString& dateKey)
+{
+    const qsizetype slash = dateKey.indexOf(u'/', 5);
+    if (slash < 0) return {};
+    const GridDay day = {dateKey.left(4).toInt(), dateKey.mid(5, slash - 5).toInt(), dateKey.mid(slash + 1).toInt()};
+    return IsDayOfGrid(day) ? std::optional(day) : std::nullopt;
+}
+
 std::int16_t fnGetDay(const QString& entryDate)
 {
     return NumberOf(QLatin1StringView(" in MODDATE, fnGetDay"), MiddleField(entryDate));
@@ -73,8 +87,9 @@ std::int16_t fnGetYear(const QString& entryDate)
 QString fnFnGetQMTDate(const QString& entryDate)
 {
     QString key;
-    ErrorTail{QLatin1StringView(" in MODDATE.BAS, fnFnGetQMTDate")}(
-        [&] { key = JoinKey(fnGetYear(entryDate), fnGetMonth(entryDate), fnGetDay(entryDate)); });
+    ErrorTail{QLatin1StringView(" in MODDATE.BAS, fnFnGetQMTDate")}([&] {
+        key = KeyOf({fnGetYear(entryDate), fnGetMonth(entryDate), fnGetDay(entryDate)});
+    });
     return key;
 }
 
@@ -117,8 +132,7 @@ bool fnValidateDate(const QString& entryDate)
         if (Slashes(entryDate).second < 0) return;
         const std::int16_t month = IntegerOf(FirstField(entryDate));
         const std::int16_t day = IntegerOf(MiddleField(entryDate));
-        const std::int16_t year = IntegerOf(entryDate.right(4));
-        valid = IsDayOfGrid(year, month, day);
+        valid = IsDayOfGrid({IntegerOf(entryDate.right(4)), month, day});
     });
     return valid;
 }

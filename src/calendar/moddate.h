@@ -4,7 +4,23 @@
 
 #include <QString>
 
+#include <compare>
 #include <cstdint>
+#include <optional>
+
+// A day of the calendar's grid, which has a 29th of February in every fourth year, centuries too; so not a QDate. In
+// plain integers: a long step of an event can leave 16 bits.
+struct GridDay
+{
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    auto operator<=>(const GridDay&) const = default;
+};
+
+bool IsDayOfGrid(const GridDay& day);
+QString KeyOf(const GridDay& day);                       // its date key
+std::optional<GridDay> DayOfKey(const QString& dateKey); // empty where the key is none of a day of the grid: memos
 
 std::int16_t fnGetDay(const QString& entryDate);
 std::int16_t fnGetMonth(const QString& entryDate);

@@ -34,11 +34,6 @@ int MonthLength(int year, int month)
     return month == 2 && fnIsLeapYear(year) ? 29 : CommonLengths.at(static_cast<std::size_t>(month - 1));
 }
 
-bool IsDayOfGrid(int year, int month, int day)
-{
-    return year > 0 && month >= 1 && month <= 12 && day >= 1 && day <= MonthLength(year, month);
-}
-
 void subSetDaysInMonth(int year)
 {
     g_aiDaysInMonth[0] = 0;

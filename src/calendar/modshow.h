@@ -11,7 +11,6 @@
 // they are. Weekdays come from the true calendar all the same.
 bool fnIsLeapYear(int year);
 int MonthLength(int year, int month); // by that rule; month 1 to 12
-bool IsDayOfGrid(int year, int month, int day);
 
 void subSetDaysInMonth(int year); // fills g_aiDaysInMonth
 std::int16_t fnDaysInMonth();     // of g_iMonth in the table as it stands; error 9 beyond 0 to 13

@@ -11,6 +11,7 @@
 #include "hall/cells.h"
 #include "hall/menus.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/msgbox.h"
@@ -83,10 +84,7 @@ void Navigation::mnuCurrentWeek_Click()
 
 void Navigation::SwitchTo(const View& view)
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
     const ErrorTail tail(view.literal);
     if (m_calendar.GetViewMode() == view.mode) {
         MsgBox(QStringLiteral("You are currently in %1").arg(view.name), msgbox::Information, view.name);

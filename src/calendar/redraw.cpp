@@ -104,13 +104,12 @@ void Redraw::subDisplayMonth()
 
 void Redraw::MoveMonth(int step)
 {
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     const ErrorTail tail(step > 0 ? QLatin1StringView(" in MODSHOW, subDisplayNextMonth")
                                   : QLatin1StringView(" in MODSHOW, subDisplayPrevMonth"));
     tail([&] { StepMonth(step); });
     subDisplayMonth();
     m_bottom.panelBottom->SetCaption(MonthTitle());
-    SetMousePointer(mousepointer::Default);
 }
 
 void Redraw::subDisplayNextMonth()

@@ -10,11 +10,10 @@ bool Turn::operator()(QLatin1StringView literal, const std::function<void()>& ch
 {
     const ErrorTail tail(literal);
     if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return false;
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
     if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
     tail(change);
     if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });
-    SetMousePointer(mousepointer::Default);
     return true;
 }

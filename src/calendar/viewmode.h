@@ -1,6 +1,8 @@
 // Which view is shown. The calendar view knows; those below it ask through this.
 #pragma once
 
+#include "calendar/calendarstate.h"
+
 class ViewMode
 {
 public:
@@ -27,9 +29,9 @@ constexpr CellRange CellsOf(int viewMode)
     case ViewMode::Day:
         return {0, 0};
     case ViewMode::Week:
-        return {36, 42};
+        return {FirstWeekCell, LastWeekCell};
     case ViewMode::Month:
-        return {1, 35};
+        return {FirstMonthCell, LastMonthCell};
     default:
         return {1, 0};
     }

@@ -59,9 +59,7 @@ CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const NetworkContro
 void CellEditing::Wire()
 {
     const auto on = [this](auto signal, QLatin1StringView literal, auto handler) {
-        connect(&m_cells, signal, this, [literal, handler](auto&&... arguments) {
-            guard(literal, [&] { handler(std::forward<decltype(arguments)>(arguments)...); });
-        });
+        connect(&m_cells, signal, this, Guarded(literal, handler));
     };
     const QLatin1StringView click(" in MainForm, tbDay_Click");
     on(&Cells::GotFocus, QLatin1StringView(" in MainForm, tbDay_GotFocus"), [this](int i) { tbDay_GotFocus(i); });
@@ -88,17 +86,15 @@ void CellEditing::RefuseMove()
     const int held = g_iCurrentPanel;
     m_cells.tbDay(held).setFocus();
     // A box that opened in the middle of a focus change would let the press through to the refused cell.
-    QMetaObject::invokeMethod(
-        this,
-        [this, held] {
-            guard(QLatin1StringView(" in MainForm, tbDay_GotFocus"), [&] {
-                MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-                           QStringLiteral(" is locked(Edit Mode), please unlock first."),
-                       msgbox::Exclamation, messages::HelpWizard);
-                m_cells.tbDay(held).setFocus();
-            });
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this,
+                              Guarded(QLatin1StringView(" in MainForm, tbDay_GotFocus"),
+                                      [this, held] {
+                                          MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
+                                                     QStringLiteral(" is locked(Edit Mode), please unlock first."),
+                                                 msgbox::Exclamation, messages::HelpWizard);
+                                          m_cells.tbDay(held).setFocus();
+                                      }),
+                              Qt::QueuedConnection);
 }
 
 void CellEditing::tbDay_GotFocus(int Index)
@@ -155,9 +151,8 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
 
 void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPosition)
 {
-    constexpr int RightButton = 2;
     EnterIfNoneIsCurrent(Index);
-    if (Button != RightButton) return;
+    if (Button != RichTextBox::RightButton) return;
     m_cells.tbDay(Index).setFocus();
     m_menus.mnuRightMouse().popup(globalPosition);
 }

@@ -11,6 +11,7 @@
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop/folders.h"
@@ -64,10 +65,7 @@ int DayView::CellToOpen() const
 
 void DayView::subZoomView()
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
     if (IsOpen()) return;
     const ErrorTail tail(ZoomLiteral);
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
@@ -198,7 +196,7 @@ void DayView::TakeOver()
     if (g_bDBShared) JoinWithTheirs();
     if (!ShowsDay()) {
         // The calendar has turned to today meanwhile.
-        if (!g_bDBShared) m_notes.PutNote(m_day.key, m_isEmpty ? QByteArray() : m_text);
+        if (!g_bDBShared) m_notes.PutNote(m_day.key, {m_isEmpty ? QByteArray() : m_text, {}, {}});
         return;
     }
     RichTextBox& box = m_cells.tbDay(m_day.cell);
@@ -241,7 +239,7 @@ void DayView::KeepLocked(const QString& reason)
         m_record.Close();
         Mark(m_day.cell, false);
         Q_EMIT m_cells.StateChanged(m_day.cell);
-        m_notes.PutNote(m_day.key, m_text, m_record.LockedText());
+        m_notes.PutNote(m_day.key, {m_text, m_record.LockedText(), {}});
     }
     if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
 }
@@ -260,8 +258,10 @@ void DayView::AddTyped(UnsavedNotes& typed) const
 {
     if (!m_form || !m_form->tbZoom().Modified()) return;
     const RichTextBox& box = m_form->tbZoom();
-    typed.Keep(g_sNotesFile, m_day.key, box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),
-               g_bDBShared ? m_base : m_notes.HeldText(m_day.key));
+    typed.Keep(g_sNotesFile, m_day.key,
+               {box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),
+                g_bDBShared ? m_base : m_notes.HeldText(m_day.key),
+                {}});
 }
 
 void DayView::TakeText()

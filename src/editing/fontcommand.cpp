@@ -34,3 +34,13 @@ QString NameOr(const FontChoice& choice)
 {
     return choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name;
 }
+
+void ApplyToSelection(RichTextBox& box, const FontChoice& choice, const ErrorTail& tail)
+{
+    const UndoStep oneStep(box);
+    tail([&] { box.SetSelFontName(NameOr(choice)); });
+    tail([&] { box.SetSelFontSize(choice.size); });
+    if (choice.colorIsChosen) tail([&] { box.SetSelColor(choice.color); });
+    for (const TextStyle& style : TextStyles)
+        tail([&] { Set(box, style, choice.*style.ofDialog); });
+}

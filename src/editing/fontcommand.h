@@ -21,3 +21,6 @@ private:
 
 // The name that is applied: notes always have one.
 QString NameOr(const FontChoice& choice);
+
+// Font, styles and, where one was chosen, colour on the selection, as one step that can be taken back.
+void ApplyToSelection(RichTextBox& box, const FontChoice& choice, const ErrorTail& tail);

@@ -1,6 +1,7 @@
 #include "editing/notemenu.h"
 
 #include "editing/textstyles.h"
+#include "platform/controls/named.h"
 #include "platform/controls/postkey.h"
 #include "platform/runtime/errortail.h"
 
@@ -48,8 +49,7 @@ void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* fo
 
 QMenu* AddNoteMenu(RichTextBox& box, const char* form)
 {
-    auto* menu = new QMenu(&box);
-    menu->setObjectName(QStringLiteral("mnuRightMouse"));
+    auto* menu = Named(new QMenu(&box), "mnuRightMouse");
     for (const KeyRow& row : KeyRows) {
         menu->addAction(QString::fromLatin1(row.caption), &box, [&box, &row] { PostKey(box, row.key, row.modifier); })
             ->setObjectName(QString::fromLatin1(row.name));
@@ -57,11 +57,11 @@ QMenu* AddNoteMenu(RichTextBox& box, const char* form)
     menu->addSeparator();
     for (const StyleRow& row : StyleRows)
         AddStyle(*menu, box, row, form);
-    QObject::connect(&box, &RichTextBox::MouseDown, menu, [&box, menu](int button, const QPoint& at) {
-        constexpr int RightButton = 2;
-        if (button != RightButton) return;
+    const auto popUp = [&box, menu](int button, const QPoint& at) {
+        if (button != RichTextBox::RightButton) return;
         box.setFocus();
         menu->popup(at);
-    });
+    };
+    QObject::connect(&box, &RichTextBox::MouseDown, menu, Guarded(QLatin1StringView(" in NoteMenu, MouseDown"), popUp));
     return menu;
 }

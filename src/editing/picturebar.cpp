@@ -11,6 +11,7 @@
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
+#include "platform/runtime/durablefile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -19,7 +20,6 @@
 #include <QDir>
 #include <QMimeData>
 #include <QPixmap>
-#include <QSaveFile>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -45,14 +45,6 @@ void AppendIcon(QTextCursor& end, const QString& path)
     if (!InsertPicture(end, ReadIcon(path), {.exact = QSize(PictureSize, PictureSize)}))
         throw RunTimeError{errors::InvalidPicture, QStringLiteral("Invalid picture")};
     end.insertText(Blanks);
-}
-
-// Under its own name, or not at all.
-void WriteIcon(const QByteArray& content, const QString& path)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() || !file.commit())
-        RaiseAccessError();
 }
 
 // What arrives in a note: the picture and one blank in the initial font, so that typing behind it looks as usual.
@@ -93,7 +85,7 @@ void PictureBar::subLoadIcons()
     QTextCursor end(m_sidebar.tbPictureBox->document());
     end.movePosition(QTextCursor::End);
     const ErrorTail tail(QLatin1StringView(" in MainForm, subLoadIcons"));
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     end.beginEditBlock(); // laid out once, not after each of hundreds
     tail([&] {
         for (const QString& file :
@@ -101,7 +93,6 @@ void PictureBar::subLoadIcons()
             AppendIcon(end, icons.filePath(file));
     });
     end.endEditBlock();
-    SetMousePointer(mousepointer::Default);
 }
 
 void PictureBar::btnReloadIcons_Click()
@@ -149,6 +140,6 @@ void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
         const QByteArray content = ReadIcon(dropped);
         // A file that is no picture would end the strip at its place.
         if (ImageSize(content).isEmpty()) return RefuseFormat();
-        WriteIcon(content, icons.filePath(name));
+        if (!WriteDurably(icons.filePath(name), content)) RaiseAccessError();
     });
 }

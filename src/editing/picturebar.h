@@ -3,10 +3,8 @@
 
 #include <QStringList>
 
-class PictureStrip;
 class QMimeData;
 class QPixmap;
-class RichTextBox;
 struct Sidebar;
 
 class PictureBar

@@ -3,7 +3,6 @@
 #include "platform/desktop/folders.h"
 #include "platform/runtime/errortail.h"
 
-#include <QBitmap>
 #include <QFile>
 #include <QImage>
 #include <QPainter>

@@ -6,7 +6,6 @@
 #include <QRgb>
 
 class QImage;
-class QString;
 
 // Gives every picture of the rich text beside the program ("pictures.orl" in the application directory) the header of
 // an icon: 846 hundredths of a millimetre, shown at 479 twips. Ends quietly at an error.

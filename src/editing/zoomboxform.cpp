@@ -3,10 +3,11 @@
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
 #include "editing/notemenu.h"
-#include "editing/textstyles.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
 #include "platform/desktop/pressedbyreturn.h"
+#include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCloseEvent>
@@ -42,13 +43,11 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
 
 QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 {
-    auto* frame = new QGroupBox(heading);
-    frame->setObjectName(QStringLiteral("frZoom"));
+    auto* frame = Named(new QGroupBox(heading), "frZoom");
     QFont bold = frame->font();
     bold.setBold(true);
     frame->setFont(bold);
-    m_tbZoom = new RichTextBox;
-    m_tbZoom->setObjectName(QStringLiteral("tbZoom"));
+    m_tbZoom = Named(new RichTextBox, "tbZoom");
     m_tbZoom->setAccessibleName(heading);
     m_tbZoom->installEventFilter(this);
     connect(m_tbZoom, &RichTextBox::Change, this, &ZoomBoxForm::SignOfLife);
@@ -62,23 +61,23 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 
 QLayout* ZoomBoxForm::MakeFoot()
 {
-    auto* lblHint = new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions"));
-    lblHint->setObjectName(QStringLiteral("lblHint"));
+    auto* lblHint =
+        Named(new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions")), "lblHint");
     lblHint->setWordWrap(true);
     SoftenText(*lblHint);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addStretch(1);
-    const auto add = [&](const char* name, const char* caption, void (ZoomBoxForm::*click)()) {
-        auto* button = new PressedByReturn<QPushButton>(QString::fromLatin1(caption));
-        button->setObjectName(QString::fromLatin1(name));
+    const auto add = [&](const char* name, const char* caption, const char* literal, void (ZoomBoxForm::*click)()) {
+        auto* button = Named(new PressedByReturn<QPushButton>(QString::fromLatin1(caption)), name);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, click);
+        connect(button, &QPushButton::clicked, this,
+                Guarded(QLatin1StringView(literal), [this, click] { (this->*click)(); }));
         buttons->addWidget(button);
     };
-    add("btnFonts", "&Fonts", &ZoomBoxForm::btnFonts_Click);
-    add("btnCancel", "&Cancel", &ZoomBoxForm::btnCancel_Click);
-    add("btnOk", "&Ok", &ZoomBoxForm::btnOk_Click);
+    add("btnFonts", "&Fonts", " in ZoomBoxForm, btnFonts_Click", &ZoomBoxForm::btnFonts_Click);
+    add("btnCancel", "&Cancel", " in ZoomBoxForm, btnCancel_Click", &ZoomBoxForm::btnCancel_Click);
+    add("btnOk", "&Ok", " in ZoomBoxForm, btnOk_Click", &ZoomBoxForm::btnOk_Click);
     auto* foot = new QVBoxLayout;
     foot->setSpacing(8);
     foot->addWidget(lblHint); // a line of its own, as wide as it can be
@@ -130,11 +129,7 @@ void ZoomBoxForm::btnCancel_Click()
 void ZoomBoxForm::btnFonts_Click()
 {
     const ErrorTail tail(QLatin1StringView(" in ZoomBoxForm, btnFonts_Click"));
-    const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
-    const UndoStep oneStep(*m_tbZoom);
-    tail([&] { m_tbZoom->SetSelFontName(NameOr(chosen)); });
-    tail([&] { m_tbZoom->SetSelFontSize(chosen.size); });
-    tail([&] { m_tbZoom->SetSelColor(chosen.color); });
-    for (const TextStyle& style : TextStyles)
-        tail([&] { Set(*m_tbZoom, style, chosen.*style.ofDialog); });
+    FontChoice chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
+    chosen.colorIsChosen = true; // here the dialog's colour counts in any case
+    ApplyToSelection(*m_tbZoom, chosen, tail);
 }

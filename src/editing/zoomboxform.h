@@ -5,8 +5,6 @@
 #include <QRect>
 
 class FontCommand;
-class QLabel;
-class QPushButton;
 class RichTextBox;
 
 inline constexpr QSize SmallestZoomBox(400, 260); // all of its foot can be read

@@ -4,6 +4,7 @@
 #include "platform/controls/accessrole.h"
 #include "platform/desktop/pressedbyreturn.h"
 #include "platform/look/paper.h"
+#include "platform/runtime/language.h"
 
 #include <QIcon>
 
@@ -28,6 +29,13 @@ QVariantList Cells::Keys(CellRange range) const
     for (int cell = range.first; cell <= range.last; ++cell)
         if (panelDay.Exists(cell)) keys += CellKey(panelDay(cell).Caption());
     return keys;
+}
+
+int Cells::CellOfDay(CellRange range, int day) const
+{
+    for (int cell = range.first; cell <= range.last; ++cell)
+        if (panelDay.Exists(cell) && Val(panelDay(cell).Caption()) == day) return cell;
+    return 0;
 }
 
 void Cells::SetTabBehind(QWidget* first, QWidget* second)

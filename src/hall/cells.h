@@ -28,7 +28,8 @@ public:
     void EnterAgain();
 
     bool Shows(int cell) const { return tbDay.Exists(cell) && !tbDay(cell).isHidden(); }
-    QVariantList Keys(CellRange range) const; // of the days that the loaded ones stand for
+    QVariantList Keys(CellRange range) const;      // of the days that the loaded ones stand for
+    int CellOfDay(CellRange range, int day) const; // the loaded one that stands for this day of the month, or 0
     // Are reached by the Tab key behind all cells, those included that are loaded later.
     void SetTabBehind(QWidget* first, QWidget* second);
 

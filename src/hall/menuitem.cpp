@@ -34,8 +34,7 @@ void MenuItem::SetChecked(bool checked)
 
 void MenuItem::OnClick(std::function<void()> click, QLatin1StringView literal)
 {
-    QObject::connect(m_action, &QAction::triggered, m_action,
-                     [click = std::move(click), literal] { guard(literal, click); });
+    QObject::connect(m_action, &QAction::triggered, m_action, Guarded(literal, std::move(click)));
     m_click = true;
     m_action->setEnabled(m_enabled);
 }

@@ -8,9 +8,8 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QMap>
 #include <QStorageInfo>
-
-#include <utility>
 
 namespace {
 constexpr QLatin1StringView BackupTail(" in Backups, BackUpBeforeSave");
@@ -33,23 +32,42 @@ void RefuseWithoutRoom(const QFileInfo& planner)
         throw RunTimeError{engineerrors::DiskFull, QStringLiteral("There is too little room left for a backup.")};
 }
 
-void RemoveOldest(const QDir& folder)
+QString NameOf(const QFileInfo& planner, const QDate& day)
 {
-    const QStringList copies = folder.entryList({QStringLiteral("*.mdb")}, QDir::Files, QDir::Name); // by their day
-    for (qsizetype i = 0; i < copies.size() - CopiesKept; ++i)
-        QFile::remove(folder.filePath(copies[i]));
+    return planner.completeBaseName() + u' ' + day.toString(Qt::ISODate) + QStringLiteral(".mdb");
 }
 
-void BackUp(const QFileInfo& planner, const QString& day)
+// The copy of a day to come was made while the clock stood wrong, and is of no known age.
+void RemoveOldest(const QDir& folder, const QFileInfo& planner, const QDate& today)
+{
+    QMap<QDate, QString> copies;
+    for (const QString& name : folder.entryList({QStringLiteral("*.mdb")}, QDir::Files)) {
+        const QDate day = QDate::fromString(name.chopped(4).right(10), Qt::ISODate);
+        const bool isOurs = day.isValid() && name == NameOf(planner, day);
+        if (isOurs) copies[day > today ? QDate(1, 1, 1).addDays(today.daysTo(day)) : day] = name;
+    }
+    while (copies.size() > CopiesKept)
+        QFile::remove(folder.filePath(copies.take(copies.firstKey())));
+}
+
+void BackUp(const QFileInfo& planner, const QDate& day)
 {
     const QDir folder = FolderOf(planner);
-    const QString copy = folder.filePath(planner.completeBaseName() + u' ' + day + QStringLiteral(".mdb"));
+    const QString copy = folder.filePath(NameOf(planner, day));
     if (QFileInfo::exists(copy)) return;
     QDir().mkpath(folder.path());
     RefuseWithoutRoom(planner);
     g_dbPlanner.BackUp(copy);
-    RemoveOldest(folder);
+    RemoveOldest(folder, planner, day);
 }
+
+// Of the last look, so that most saves look no more. What failed is tried again after a while.
+struct
+{
+    QString planner;
+    QDate day;
+    QDateTime nextTry;
+} g_lastLook;
 } // namespace
 
 QString BackupFolder()
@@ -59,10 +77,13 @@ QString BackupFolder()
 
 void BackUpBeforeSave()
 {
-    static std::pair<QString, QString>
-        s_last; // the planner and the day of the last look, so that most saves look no more
+    constexpr int Pause = 600; // seconds
     if (!HasPlanner() || !g_dbPlanner.ServerAddress().isEmpty()) return;
-    const QString day = desktopclock::Now().date().toString(Qt::ISODate);
-    if (std::exchange(s_last, {g_sNotesFile, day}) == std::pair(g_sNotesFile, day)) return;
-    ErrorTail{BackupTail}([&] { BackUp(QFileInfo(g_sNotesFile), day); });
+    const QDateTime now = desktopclock::Now();
+    const bool isAnother = g_lastLook.planner != g_sNotesFile || g_lastLook.day != now.date();
+    const bool isDue = g_lastLook.nextTry.isValid() && now >= g_lastLook.nextTry;
+    if (!isAnother && !isDue) return;
+    g_lastLook = {g_sNotesFile, now.date(), {}};
+    if (!ErrorTail{BackupTail}([&] { BackUp(QFileInfo(g_sNotesFile), now.date()); }))
+        g_lastLook.nextTry = now.addSecs(Pause);
 }

@@ -1,7 +1,6 @@
 #include "plannerfile/creation.h"
 
 #include "alarms/alarmmarks.h"
-#include "calendar/calendarstate.h"
 #include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
@@ -40,16 +39,12 @@ public:
     {
         m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
         m_bottom.panelBottom->repaint();
-        SetMousePointer(mousepointer::Hourglass);
     }
-    ~CreatingNotice()
-    {
-        m_bottom.panelBottom->SetCaption(MonthTitle());
-        SetMousePointer(mousepointer::Default);
-    }
+    ~CreatingNotice() { m_bottom.panelBottom->SetCaption(MonthTitle()); }
     Q_DISABLE_COPY_MOVE(CreatingNotice)
 
 private:
+    const Hourglass m_hourglass;
     const BottomPanel& m_bottom;
 };
 } // namespace
@@ -107,7 +102,6 @@ bool Creation::BuildFile()
     Database database;
     ErrorTail{NewTail}([&] { database = DBEngine::CreateDatabase(file, schema::Locale); });
     if (database.IsNothing()) {
-        SetMousePointer(mousepointer::Default);
         MsgBox(QStringLiteral("Could not create New Planner"));
         return false;
     }
@@ -119,7 +113,6 @@ bool Creation::BuildFile()
         // Half a planner is none: the next open would find tables missing.
         database.Close();
         ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(file); });
-        SetMousePointer(mousepointer::Default);
         MsgBox(QStringLiteral("Could not create New Planner"));
         throw;
     }

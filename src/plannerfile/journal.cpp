@@ -27,6 +27,16 @@ QString LockOf(const QString& journal)
 {
     return journal.chopped(Extension.size()) + QStringLiteral(".lock");
 }
+
+// Under a name that no journal has; where it lies then.
+QString PutAside(const QFileInfo& journal)
+{
+    for (int number = 1;; ++number) {
+        const QString name = journal.dir().filePath(QStringLiteral("damaged-%1").arg(number));
+        if (QFileInfo::exists(name)) continue;
+        return QFile::rename(journal.filePath(), name) ? name : journal.filePath();
+    }
+}
 } // namespace
 
 Journal::Journal()
@@ -37,6 +47,7 @@ Journal::Journal()
 
 void Journal::Touch()
 {
+    if (m_failed && m_timer.isActive()) return; // or each key would wait for the disk that takes nothing
     if (!m_timer.isActive()) m_sinceTouch.start();
     m_timer.start(qBound(0, LongestWait - int(m_sinceTouch.elapsed()), Pause));
 }
@@ -61,6 +72,7 @@ bool Journal::Write()
     const bool isWritten = WriteDurably(m_path, content, &reason);
     if (isWritten) {
         m_written = content;
+        if (m_failed) Tell({});
     } else {
         Fail(reason);
     }
@@ -79,10 +91,17 @@ void Journal::Claim()
     }
 }
 
-// Told of once; it is tried again, since a disk does not stay full for ever.
+void Journal::Tell(const QString& reason) const
+{
+    if (m_onTrouble) m_onTrouble(reason);
+}
+
+// Logged once; it is tried again, since a disk does not stay full for ever.
 void Journal::Fail(const QString& reason)
 {
     if (!m_failed) LogError({errors::PathFileAccess, reason}, JournalTail);
+    if (!QFileInfo::exists(LockOf(m_path))) m_lock.reset(); // somebody has taken the folder away
+    Tell(reason);
     m_timer.start(AfterFailure);
 }
 
@@ -105,22 +124,24 @@ LeftJournal::LeftJournal(QString path, UnsavedNotes notes, std::unique_ptr<FileL
 {
 }
 
-std::vector<LeftJournal> LeftJournal::FindAll()
+LeftJournal::All LeftJournal::FindAll()
 {
-    std::vector<LeftJournal> left;
-    const QString folder = folders::ApplicationDirectory() + QStringLiteral("/journal");
-    for (const QFileInfo& entry : QDir(folder).entryInfoList({u'*' + Extension}, QDir::Files, QDir::Time)) {
+    All all;
+    // Files alone: what a link leads to may have no end.
+    const auto kind = QDir::Files | QDir::NoSymLinks;
+    const QDir folder(folders::ApplicationDirectory() + QStringLiteral("/journal"));
+    for (const QFileInfo& entry : folder.entryInfoList({u'*' + Extension}, kind, QDir::Time)) {
         auto lock = FileLock::Try(LockOf(entry.filePath()));
         QFile file(entry.filePath());
-        if (!lock || entry.size() > LargestFile || !file.open(QIODevice::ReadOnly)) continue;
-        auto notes = journalfile::Decode(file.readAll());
-        if (!notes) {
-            LogError({errors::PathFileAccess, QStringLiteral("This is no journal: ") + entry.filePath()}, JournalTail);
-            continue;
+        if (!lock || !file.open(QIODevice::ReadOnly)) continue;
+        auto notes = entry.size() <= LargestFile ? journalfile::Decode(file.readAll()) : std::nullopt;
+        if (notes) {
+            all.whole.push_back(LeftJournal(entry.filePath(), *notes, std::move(lock)));
+        } else {
+            all.damaged << PutAside(entry);
         }
-        left.push_back(LeftJournal(entry.filePath(), *notes, std::move(lock)));
     }
-    return left;
+    return all;
 }
 
 void LeftJournal::Forget(const QString& planner)

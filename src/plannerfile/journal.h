@@ -20,6 +20,8 @@ public:
 
     // What is to be kept, asked for when it is written.
     void SetSource(std::function<UnsavedNotes()> source) { m_source = std::move(source); }
+    // Told at each try that fails, with the reason, and with none when it works again.
+    void SetOnTrouble(std::function<void(const QString&)> onTrouble) { m_onTrouble = std::move(onTrouble); }
 
     void Touch();  // something was typed
     void Follow(); // something was saved or given up: what is kept may be less by now
@@ -29,9 +31,11 @@ public:
 
 private:
     void Claim();
+    void Tell(const QString& reason) const;
     void Fail(const QString& reason);
 
     std::function<UnsavedNotes()> m_source;
+    std::function<void(const QString&)> m_onTrouble;
     QTimer m_timer;
     QElapsedTimer m_sinceTouch; // since the first key that is not on the disk
     std::unique_ptr<FileLock> m_lock;
@@ -44,9 +48,15 @@ private:
 class LeftJournal
 {
 public:
-    static std::vector<LeftJournal> FindAll();
+    // What cannot be read is put aside under another name, so that it is told of once.
+    struct All
+    {
+        std::vector<LeftJournal> whole;
+        QStringList damaged; // paths
+    };
+    static All FindAll();
 
-    QMap<QString, UnsavedNote> NotesOf(const QString& planner) const { return m_notes.NotesOf(planner); }
+    const UnsavedNotes& Notes() const { return m_notes; }
     void Forget(const QString& planner); // the file goes with its last planner
 
 private:

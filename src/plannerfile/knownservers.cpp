@@ -10,7 +10,7 @@
 #include <QUrl>
 
 namespace {
-const QString Section = QStringLiteral("Known Servers");
+const QString Section = settings::KnownServers.toString();
 
 QString KeyOf(const QString& address)
 {
@@ -21,8 +21,8 @@ bool Allows(const QString& planner, const QString& address)
 {
     const QString question =
         QStringLiteral("'%1' is no planner itself but leads to one on a server:\n\n%2\n\nOrrelin "
-                       "has not been connected to this server before. Connect only if you know it, "
-                       "or trust whoever gave you the file.\n\nConnect?");
+                       "has not been connected to this server in this way before. Connect only if you "
+                       "know it, or trust whoever gave you the file.\n\nConnect?");
     return MsgBox(question.arg(QFileInfo(planner).fileName(), address),
                   msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard) == msgbox::Yes;
 }

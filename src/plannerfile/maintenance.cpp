@@ -10,7 +10,6 @@
 #include "platform/runtime/errortail.h"
 
 #include <QFileInfo>
-#include <QScopeGuard>
 
 namespace {
 QString WordFor(const QString& table)
@@ -32,12 +31,16 @@ std::vector<TableDef> AllTables()
     return {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
 }
 
-QString DescribeKept(const QString& oldPlanner)
+QString DescribeKept(const QString& oldPlanner, const QStringList& missing)
 {
     if (oldPlanner.isEmpty()) return {};
-    return QStringLiteral(
-               "The planner was of an older kind and has been converted. The old one is kept beside it as %1.")
-        .arg(QFileInfo(oldPlanner).fileName());
+    QString text =
+        QStringLiteral("The planner was of an older kind and has been converted. The old one is kept beside it as %1.")
+            .arg(QFileInfo(oldPlanner).fileName());
+    if (!missing.isEmpty()) text += u'\n';
+    for (const QString& table : missing)
+        text += QStringLiteral("\n%1: it had no table for them").arg(WordFor(table));
+    return text;
 }
 
 QString Describe(const DBEngine::RepairReport& report)
@@ -57,11 +60,9 @@ QString Describe(const DBEngine::RepairReport& report)
 void Maintenance::Run(QLatin1StringView literal, const char* text, const std::function<void()>& work,
                       const QString& afterError)
 {
-    const auto pointer = qScopeGuard([] { SetMousePointer(mousepointer::Default); });
     try {
         work();
     } catch (const RunTimeError& error) {
-        SetMousePointer(mousepointer::Default);
         MsgBox(QString::fromLatin1(text) + error.Description, msgbox::Critical, QStringLiteral("Error"), afterError);
         LogError(error, literal);
     }
@@ -83,16 +84,16 @@ void Maintenance::mnuCompact_Click()
         if (!ChooseFile("Access (*.MDB)|*.mdb")) return;
         const QString file = m_dialog.FileName;
         const QString scratch = folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
-        SetMousePointer(mousepointer::Hourglass);
         QString kept;
+        QStringList missing;
         {
+            const Hourglass hourglass;
             const DBEngine::AloneWith alone(file);
-            DBEngine::CompactDatabase(file, scratch, AllTables());
+            missing = DBEngine::CompactDatabase(file, scratch, AllTables());
             kept = DBEngine::ReplaceDatabase(scratch, file);
         }
-        SetMousePointer(mousepointer::Default);
         MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"),
-               DescribeKept(kept));
+               DescribeKept(kept, missing));
     });
 }
 
@@ -100,9 +101,11 @@ void Maintenance::mnuRepair_Click()
 {
     const auto repair = [&] {
         if (!ChooseFile("Access (*.mdb)|*.mdb")) return;
-        SetMousePointer(mousepointer::Hourglass);
-        const auto report = DBEngine::RepairDatabase(m_dialog.FileName, AllTables());
-        SetMousePointer(mousepointer::Default);
+        DBEngine::RepairReport report;
+        {
+            const Hourglass hourglass;
+            report = DBEngine::RepairDatabase(m_dialog.FileName, AllTables());
+        }
         MsgBox(QStringLiteral("Database repaired successfully"), msgbox::Information, QStringLiteral("Repair"),
                Describe(report));
     };

@@ -1,8 +1,9 @@
 #include "plannerfile/openasform.h"
 
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/desktop/centeronscreen.h"
 
-#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -27,8 +28,7 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     setObjectName(QStringLiteral("OpenAsForm"));
     setWindowTitle(QStringLiteral("Loading ") + plannerPath);
 
-    auto* frame = new QGroupBox(QStringLiteral("Open As ..."));
-    frame->setObjectName(QStringLiteral("Frame3D2"));
+    auto* frame = Named(new QGroupBox(QStringLiteral("Open As ...")), "Frame3D2");
     auto* options = new QVBoxLayout(frame);
     for (int i = 0; i < 2; ++i) {
         QRadioButton* option = m_opShared[static_cast<std::size_t>(i)];
@@ -37,17 +37,13 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     }
     m_opShared[0]->setChecked(true);
 
-    auto* btnOk = new QPushButton(QStringLiteral("&Ok"), this);
-    btnOk->setObjectName(QStringLiteral("btnOk"));
+    auto* btnOk = Named(new QPushButton(QStringLiteral("&Ok"), this), "btnOk");
     btnOk->setDefault(true);
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(frame);
     column->addWidget(btnOk, 0, Qt::AlignRight);
-    column->setSizeConstraint(QLayout::SetFixedSize); // no window manager offers to maximise it then
     frame->setMinimumWidth(WidthForTitle(*this));
     CenterOnScreen(*this);
     m_opShared[0]->setFocus();

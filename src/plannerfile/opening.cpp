@@ -6,6 +6,7 @@
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
+#include "plannerfile/backups.h"
 #include "plannerfile/knownservers.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
@@ -148,6 +149,7 @@ bool Opening::OpenAlarms()
     }
     const int answer = MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard);
     if (answer != msgbox::Yes) return false;
+    BackUpBeforeSave();
     return ErrorTail{OpenTail}([&] { subAddAlarmTable(); });
 }
 

@@ -167,7 +167,7 @@ void QMTDB::TakeNote(int cell)
     if (NeedsSaving(cell)) {
         const QString key = KeyOf(cell);
         const QByteArray rtf = box.IsEmpty() ? QByteArray() : box.TextRTF();
-        m_unsaved.Keep(g_sNotesFile, key, rtf, Held(cell).rtf);
+        m_unsaved.Keep(g_sNotesFile, key, {rtf, Held(cell).rtf, {}});
         box.MarkSaved(rtf);
         Held(cell) = {key, rtf};
     }
@@ -220,14 +220,16 @@ UnsavedNotes QMTDB::Typed() const
         if (!m_cells.tbDay.Exists(cell) || !NeedsSaving(cell)) continue;
         const RichTextBox& box = m_cells.tbDay(cell);
         const HeldNote& held = m_held.at(std::size_t(cell));
-        typed.Keep(g_sNotesFile, held.key, box.IsEmpty() ? QByteArray() : box.TextRTF(), held.rtf);
+        typed.Keep(g_sNotesFile, held.key, {box.IsEmpty() ? QByteArray() : box.TextRTF(), held.rtf, {}});
     }
     return typed;
 }
 
 std::optional<QByteArray> QMTDB::HeldText(const QString& key) const
 {
-    for (const HeldNote& held : m_held) {
+    const CellRange range = CellsOf(m_viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last; ++cell) {
+        const HeldNote& held = m_held.at(std::size_t(cell));
         if (held.key == key) return held.rtf;
     }
     return {};
@@ -263,10 +265,10 @@ void QMTDB::subUpdateQMTRecord(int iCell)
     WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
-void QMTDB::PutNote(const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base)
+void QMTDB::PutNote(const QString& key, const UnsavedNote& note)
 {
     if (!HasPlanner()) return;
-    m_unsaved.Keep(g_sNotesFile, key, rtf, base);
+    m_unsaved.Keep(g_sNotesFile, key, note);
     if (!g_bDBShared) WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 

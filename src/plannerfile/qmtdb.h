@@ -43,7 +43,7 @@ public:
     void subUpdateQMTRecord(int iCell);
     // Writes a day's note that no shown cell holds; in a workgroup's planner it waits for the next look at its day, or
     // for the exit.
-    void PutNote(const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base = {});
+    void PutNote(const QString& key, const UnsavedNote& note);
     bool HasChanges() const; // of the shown cells, that a save would write
 
     // Keeps what the shown cells of a personal planner hold unsaved, for the exit or its next opening, unwritten.

@@ -9,6 +9,11 @@
 #include "settings/messages.h"
 #include "workgroup/dayrecord.h"
 
+#include <QFileInfo>
+
+#include <algorithm>
+#include <tuple>
+
 namespace {
 constexpr QLatin1StringView RecoveryTail(" in Recovery, Offer");
 
@@ -16,6 +21,16 @@ QByteArray Stored(const QString& key)
 {
     g_rsQMT.Seek(QStringLiteral("="), key);
     return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(QStringLiteral("qmtText")).toByteArray();
+}
+
+// Days by their date, the memos behind the days of their month.
+std::tuple<int, int, int, QString> OrderOf(const QString& key)
+{
+    constexpr int BehindTheDays = 99;
+    const QStringList parts = key.split(u'/');
+    bool isDay = false;
+    const int day = parts.value(2).toInt(&isDay);
+    return {parts.value(0).toInt(), parts.value(1).toInt(), isDay ? day : BehindTheDays, key};
 }
 
 // A workgroup's day is written under its lock, as it would have been.
@@ -28,27 +43,59 @@ void StoreUnderLock(const QString& key, const UnsavedNote& note)
 }
 } // namespace
 
+// The same file by another path, or one that was moved: only the person knows then.
+bool Recovery::IsOfOpenPlanner(const QString& planner)
+{
+    const QFileInfo left(planner);
+    if (planner == g_sNotesFile) return true;
+    if (left.exists()) return left.canonicalFilePath() == QFileInfo(g_sNotesFile).canonicalFilePath();
+    return MsgBox(QStringLiteral("Orrelin ended before it could save what was typed into\n\n%1\n\nThat planner is no "
+                                 "longer there. Is it the one that is open now, in another place or under another "
+                                 "name?\n\nYes offers what was typed for this planner. No keeps it until the next "
+                                 "opening.")
+                      .arg(planner),
+                  msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard) == msgbox::Yes;
+}
+
+void Recovery::BeginOffering()
+{
+    m_offers = true;
+    Offer();
+}
+
 void Recovery::Offer()
 {
-    if (!HasPlanner()) return;
+    if (!m_offers || !HasPlanner()) return;
     const ErrorTail tail(RecoveryTail);
-    for (LeftJournal& left : LeftJournal::FindAll()) {
-        tail([&] {
-            const std::vector<Found> found = NewsIn(left);
-            if (found.empty() || Ask(found)) left.Forget(g_sNotesFile);
-        });
+    LeftJournal::All all = LeftJournal::FindAll();
+    for (const QString& path : all.damaged) {
+        MsgBox(QStringLiteral("Orrelin ended before it could save what was typed, and the file that keeps it is "
+                              "damaged. It lies in\n\n%1")
+                   .arg(path),
+               msgbox::Exclamation, messages::HelpWizard);
+    }
+    for (LeftJournal& left : all.whole)
+        tail([&] { OfferFrom(left); });
+}
+
+void Recovery::OfferFrom(LeftJournal& left)
+{
+    for (const QString& planner : left.Notes().Planners()) {
+        if (!IsOfOpenPlanner(planner)) continue;
+        const std::vector<Found> found = NewsIn(left.Notes().NotesOf(planner));
+        if (found.empty() || Ask(found)) left.Forget(planner);
     }
 }
 
-// What was saved after all, as by a save whose end the program did not see, is no news.
-std::vector<Recovery::Found> Recovery::NewsIn(const LeftJournal& left)
+// What was saved after all, as by a save whose end the program did not see, is no news. In the order of the days.
+std::vector<Recovery::Found> Recovery::NewsIn(const QMap<QString, UnsavedNote>& notes)
 {
     std::vector<Found> news;
-    const auto notes = left.NotesOf(g_sNotesFile);
     for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
         const QByteArray stored = Stored(note.key());
         if (note->Over(stored) != stored) news.push_back({note.key(), *note, stored});
     }
+    std::ranges::stable_sort(news, [](const Found& a, const Found& b) { return OrderOf(a.key) < OrderOf(b.key); });
     return news;
 }
 
@@ -94,15 +141,18 @@ bool Recovery::Take(const std::vector<Found>& wanted)
     QStringList waiting;
     for (const Found& day : wanted) {
         const bool stored = g_bDBShared && ErrorTail{RecoveryTail}([&] { StoreUnderLock(day.key, day.note); });
-        if (!stored) m_notes.PutNote(day.key, day.note.rtf, day.note.base);
+        if (!stored) m_notes.PutNote(day.key, day.note);
         if (m_notes.Unsaved().Find(g_sNotesFile, day.key)) waiting << fnFormatDateKey(day.key);
         m_notes.ReadDay(day.key);
     }
     const bool isKept = m_journal.Write();
     if (waiting.isEmpty()) return true;
     MsgBox(QStringLiteral("These days cannot be saved now, since the planner or the day is in use or the disk takes no "
-                          "more:\n\n%1\n\nTheir text is shown and goes with the next save.")
-               .arg(waiting.join(QStringLiteral("; "))),
+                          "more:\n\n%1\n\nTheir text is shown and goes %2.")
+               .arg(waiting.join(QStringLiteral("; ")), g_bDBShared
+                                                            ? QStringLiteral("by locking and unlocking the day, or at "
+                                                                             "the end of Orrelin")
+                                                            : QStringLiteral("with the next save")),
            msgbox::Exclamation, messages::HelpWizard);
     return isKept;
 }

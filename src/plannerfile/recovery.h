@@ -11,7 +11,10 @@ class Recovery
 public:
     Recovery(QMTDB& notes, Journal& journal, QWidget& owner) : m_notes(notes), m_journal(journal), m_owner(owner) {}
 
-    void Offer(); // nothing where nothing was left for the open planner
+    // Nothing where nothing was left for the open planner, and nothing before the program has started: the window of
+    // the start would stand over the question, and the clock of the alarms not run behind it.
+    void Offer();
+    void BeginOffering(); // offers what waited for it
 
 private:
     struct Found
@@ -21,7 +24,9 @@ private:
         QByteArray stored;
     };
 
-    static std::vector<Found> NewsIn(const LeftJournal& left);
+    void OfferFrom(LeftJournal& left);
+    static bool IsOfOpenPlanner(const QString& planner);
+    static std::vector<Found> NewsIn(const QMap<QString, UnsavedNote>& notes);
     bool Ask(const std::vector<Found>& found);   // false: the journal is still needed
     bool Take(const std::vector<Found>& wanted); // false: some of it is in memory alone
     static bool KeepAsFiles(const UnsavedNotes& others);
@@ -29,4 +34,5 @@ private:
     QMTDB& m_notes;
     Journal& m_journal;
     QWidget& m_owner;
+    bool m_offers = false;
 };

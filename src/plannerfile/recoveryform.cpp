@@ -2,9 +2,12 @@
 
 #include "calendar/moddate.h"
 #include "plannerfile/rescuefiles.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/runtime/errortail.h"
 
+#include <QAccessible>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
@@ -14,7 +17,6 @@
 namespace {
 constexpr QSize OpeningSize(800, 440);
 constexpr int Gap = 12;
-const QString ColumnSpace = QStringLiteral("  ");
 
 QLabel* MakeText(const QString& text)
 {
@@ -56,7 +58,8 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
     column->addWidget(sheets, 1);
     column->addWidget(MakeText(QStringLiteral("What is not ticked is kept as files in %1").arg(RescueFolder())));
     column->addWidget(MakeFoot());
-    connect(m_lstDays, &QListWidget::currentRowChanged, this, &RecoveryForm::ShowNote);
+    connect(m_lstDays, &QListWidget::currentRowChanged, this,
+            Guarded(QLatin1StringView(" in RecoveryForm, lstDays_Click"), [this](int row) { ShowNote(row); }));
     m_lstDays->setCurrentRow(0);
     m_lstDays->setFocus();
     resize(OpeningSize);
@@ -65,23 +68,32 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
 
 QWidget* RecoveryForm::MakeList()
 {
-    m_lstDays = new QListWidget;
-    m_lstDays->setObjectName(QStringLiteral("lstDays"));
+    m_lstDays = Named(new QListWidget, "lstDays");
     m_lstDays->setAccessibleName(QStringLiteral("Days"));
     for (const FoundNote& note : m_notes) {
-        auto* day = new QListWidgetItem(fnFormatDateKey(note.key) + ColumnSpace, m_lstDays);
+        auto* day = new QListWidgetItem(fnFormatDateKey(note.key), m_lstDays);
         day->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         day->setCheckState(Qt::Checked);
     }
-    constexpr int ScrollBar = 20;
-    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + ScrollBar);
+    constexpr int ScrollBarAndGap = 28;
+    m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + ScrollBarAndGap);
+    connect(m_lstDays, &QListWidget::itemChanged, this, &RecoveryForm::TellTick);
     return MakeColumn(QStringLiteral("Days:"), m_lstDays);
+}
+
+// The list itself is silent about it.
+void RecoveryForm::TellTick(const QListWidgetItem* item)
+{
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent tick(m_lstDays, changed);
+    tick.setChild(m_lstDays->row(item));
+    QAccessible::updateAccessibility(&tick);
 }
 
 QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichTextBox*& box)
 {
-    box = new RichTextBox;
-    box->setObjectName(QString::fromLatin1(name));
+    box = Named(new RichTextBox, name);
     box->setAccessibleName(caption);
     box->SetLocked(true);
     return MakeColumn(caption, MakeNotePanel(box));

@@ -7,7 +7,6 @@
 #include <vector>
 
 class QListWidget;
-class QListWidgetItem;
 class RichTextBox;
 
 struct FoundNote
@@ -31,6 +30,7 @@ private:
     QWidget* MakeList();
     QWidget* MakeSheet(const QString& caption, const char* name, RichTextBox*& box);
     QWidget* MakeFoot();
+    void TellTick(const QListWidgetItem* item);
     void ShowNote(int row);
 
     const std::vector<FoundNote> m_notes;

@@ -2,7 +2,6 @@
 
 #include "plannerfile/plannerstate.h"
 #include "platform/desktop/msgbox.h"
-#include "settings/messages.h"
 
 namespace {
 bool Refuses(bool refused, const QString& text)
@@ -12,9 +11,9 @@ bool Refuses(bool refused, const QString& text)
 }
 } // namespace
 
-bool RefusesWithoutPlanner()
+bool RefusesWithoutPlanner(const QString& text)
 {
-    return Refuses(!HasPlanner(), messages::NoPlannerForEvents);
+    return Refuses(!HasPlanner(), text);
 }
 
 bool RefusesShared(const QString& subject)

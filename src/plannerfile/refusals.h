@@ -1,7 +1,7 @@
-// What commands on events ask before they begin. Each answers true after it has told the person why not.
+// What commands ask before they begin. Each answers true after it has told the person why not.
 #pragma once
 
-#include <QString>
+#include "settings/messages.h"
 
-bool RefusesWithoutPlanner();
+bool RefusesWithoutPlanner(const QString& text = messages::NoPlannerForEvents);
 bool RefusesShared(const QString& subject); // subject begins the sentence: "Global alarm settings"

@@ -12,13 +12,12 @@ QByteArray UnsavedNote::Over(const QByteArray& stored) const
     return rtf.isEmpty() ? stored : JoinedNotes(stored, rtf);
 }
 
-void UnsavedNotes::Keep(const QString& planner, const QString& key, const QByteArray& rtf,
-                        const std::optional<QByteArray>& base)
+void UnsavedNotes::Keep(const QString& planner, const QString& key, const UnsavedNote& note)
 {
     auto& notes = m_notes[planner];
     const auto former = notes.constFind(key);
     const bool goesOn = former != notes.cend();
-    notes.insert(key, {rtf, goesOn ? former->base : base, goesOn ? former->rtf : QByteArray()});
+    notes.insert(key, goesOn ? UnsavedNote{note.rtf, former->base, former->rtf} : note);
 }
 
 void UnsavedNotes::Forget(const QString& planner, const QString& key)

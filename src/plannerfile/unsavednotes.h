@@ -28,7 +28,8 @@ public:
     UnsavedNotes() = default;
     explicit UnsavedNotes(const ByPlanner& notes) : m_notes(notes) {}
 
-    void Keep(const QString& planner, const QString& key, const QByteArray& rtf, const std::optional<QByteArray>& base);
+    // Of a note that is kept already what it was typed upon stays.
+    void Keep(const QString& planner, const QString& key, const UnsavedNote& note);
     void Forget(const QString& planner, const QString& key);
     void Forget(const QString& planner) { m_notes.remove(planner); }
     std::optional<UnsavedNote> Find(const QString& planner, const QString& key) const;

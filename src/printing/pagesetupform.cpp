@@ -1,5 +1,7 @@
 #include "printing/pagesetupform.h"
 
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/look/colorvalue.h"
@@ -60,12 +62,9 @@ PageSetupForm::PageSetupForm(QWidget* owner) : QDialog(owner)
     parts->setSpacing(16);
     parts->addWidget(MakeHeaderFrame());
     parts->addWidget(MakeMarginFrame());
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(frame);
     column->addWidget(MakeOkCancel(*this));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     CenterOnScreen(*this);
 }
@@ -78,9 +77,9 @@ QWidget* PageSetupForm::MakeHeaderFrame()
     m_tbHeader->setAccessibleName(QStringLiteral("Header"));
     m_tbHeader->setMaxLength(settings::PageHeader.size - 1);
     m_tbHeader->setFixedWidth(HeaderWidth);
-    auto* btnFonts = new QPushButton(QStringLiteral("&Fonts"));
-    btnFonts->setObjectName(QStringLiteral("btnFonts"));
-    connect(btnFonts, &QPushButton::clicked, this, &PageSetupForm::btnFonts_Click);
+    auto* btnFonts = Named(new QPushButton(QStringLiteral("&Fonts")), "btnFonts");
+    connect(btnFonts, &QPushButton::clicked, this,
+            Guarded(QLatin1StringView(" in PageSetupForm, btnFonts_Click"), [this] { btnFonts_Click(); }));
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(8);
     row->addWidget(m_tbHeader);

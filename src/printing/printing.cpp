@@ -1,11 +1,11 @@
 #include "printing/printing.h"
 
-#include "calendar/calendarstate.h"
 #include "calendar/lockedday.h"
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/sidebar.h"
+#include "platform/controls/named.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
@@ -83,8 +83,7 @@ void Printing::PrintPage()
 {
     Cells& cells = m_printed.cells;
     if (!m_tbPrint) {
-        m_tbPrint = new RichTextBox(cells.Client());
-        m_tbPrint->setObjectName(QStringLiteral("tbPrint"));
+        m_tbPrint = Named(new RichTextBox(cells.Client()), "tbPrint");
         m_tbPrint->hide();
     }
     if (m_library.qmtInitPrint(cells.Client()->window(), *m_tbPrint) == 0) return;

@@ -1,5 +1,6 @@
 #include "printing/spoolform.h"
 
+#include "platform/controls/named.h"
 #include "platform/controls/sspanel.h"
 #include "platform/desktop/showatonce.h"
 #include "platform/look/paper.h"
@@ -13,8 +14,7 @@ SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStays
     setWindowTitle(QStringLiteral("ORL Printing"));
     setAttribute(Qt::WA_ShowWithoutActivating); // the caret stays in its cell
     setFixedSize(Size);
-    auto* message = new SSPanel;
-    message->setObjectName(QStringLiteral("SSPanel1"));
+    auto* message = Named(new SSPanel, "SSPanel1");
     message->SetPaper(paper::Band);
     message->SetCaptionAlignment(SSPanel::CenterMiddle);
     message->SetCaption(QStringLiteral("Spooling to Printer ..."));

@@ -2,31 +2,23 @@
 
 #include "calendar/moddate.h"
 #include "calendar/modshow.h"
-#include "platform/runtime/language.h"
 
 #include <array>
-#include <tuple>
 
 namespace {
-// In plain integers: a long step can leave 16 bits, and the year the four digits of a key.
-struct Date
+int LengthOfMonth(const GridDay& day)
 {
-    int year;
-    int month;
-    int day;
+    return MonthLength(day.year, day.month);
+}
 
-    QString Key() const { return TrimmedStr(year) + u'/' + TrimmedStr(month) + u'/' + TrimmedStr(day); }
-    int LengthOfMonth() const { return MonthLength(year, month); }
-    void NextMonth()
-    {
-        month = month == 12 ? 1 : month + 1;
-        if (month == 1) ++year;
-    }
-    auto InOrder() const { return std::tie(year, month, day); }
-};
+void NextMonth(GridDay& day)
+{
+    day.month = day.month == 12 ? 1 : day.month + 1;
+    if (day.month == 1) ++day.year;
+}
 
 // Copies nothing: a run over all years that can be written reads keys by the million.
-Date DateOf(QStringView key)
+GridDay DateOf(QStringView key)
 {
     const auto takeField = [&key] {
         int number = 0;
@@ -41,20 +33,20 @@ Date DateOf(QStringView key)
     return {year, month, takeField()};
 }
 
-Date OfEntry(const QString& entryDate)
+GridDay OfEntry(const QString& entryDate)
 {
     return {fnGetYear(entryDate), fnGetMonth(entryDate), fnGetDay(entryDate)};
 }
 
-void CutToMonth(Date& date, int wantedDay)
+void CutToMonth(GridDay& date, int wantedDay)
 {
-    const int length = date.LengthOfMonth();
+    const int length = LengthOfMonth(date);
     if (wantedDay >= length) date.day = length;
 }
 
 bool IsUpTo(const QString& current, const QString& end)
 {
-    return DateOf(current).InOrder() <= DateOf(end).InOrder();
+    return DateOf(current) <= DateOf(end);
 }
 
 struct FrequencyRow
@@ -97,50 +89,50 @@ std::optional<Frequency> FrequencyOf(const QString& word)
 
 QString fnGetNextDayDate(const QString& sCurrent, std::int16_t iStep)
 {
-    Date date = DateOf(sCurrent);
-    const int length = date.LengthOfMonth();
+    GridDay date = DateOf(sCurrent);
+    const int length = LengthOfMonth(date);
     for (int i = 0; i < iStep; ++i) {
         if (date.day == length) {
             date.day = 1;
-            date.NextMonth();
+            NextMonth(date);
         } else {
             ++date.day;
         }
     }
-    return date.Key();
+    return KeyOf(date);
 }
 
 QString fnGetNextWeekDate(const QString& sCurrent, std::int16_t iStep)
 {
     constexpr int Week = 7;
-    Date date = DateOf(sCurrent);
-    const int length = date.LengthOfMonth();
+    GridDay date = DateOf(sCurrent);
+    const int length = LengthOfMonth(date);
     for (int i = 0; i < iStep; ++i) {
         if (date.day + Week > length) {
             date.day = Week - (length - date.day);
-            date.NextMonth();
+            NextMonth(date);
         } else {
             date.day += Week;
         }
     }
-    return date.Key();
+    return KeyOf(date);
 }
 
 QString fnGetNextMonthDate(const QString& sStart, const QString& sCurrent, std::int16_t iStep)
 {
-    Date date = DateOf(sCurrent);
+    GridDay date = DateOf(sCurrent);
     for (int i = 0; i < iStep; ++i)
-        date.NextMonth();
+        NextMonth(date);
     CutToMonth(date, DateOf(sStart).day);
-    return date.Key();
+    return KeyOf(date);
 }
 
 QString fnGetNextYearDate(const QString& sStart, const QString& sCurrent, std::int16_t iStep)
 {
-    Date date = DateOf(sCurrent);
+    GridDay date = DateOf(sCurrent);
     date.year += iStep;
     CutToMonth(date, DateOf(sStart).day);
-    return date.Key();
+    return KeyOf(date);
 }
 
 bool fnContinueDaily(const QString&, const QString& sCurrent, const QString& sEnd)
@@ -165,13 +157,13 @@ bool fnContinueYearly(const QString&, const QString& sCurrent, const QString& sE
 
 bool fnCheckBackwardDate(const QString& sStart, const QString& sEnd)
 {
-    return OfEntry(sStart).InOrder() <= OfEntry(sEnd).InOrder();
+    return OfEntry(sStart) <= OfEntry(sEnd);
 }
 
 bool IsDayOfItsMonth(const QString& dateKey)
 {
-    const Date date = DateOf(dateKey);
-    return date.day <= date.LengthOfMonth();
+    const GridDay date = DateOf(dateKey);
+    return date.day <= LengthOfMonth(date);
 }
 
 QStringList EventDates(Frequency frequency, const QString& start, const QString& end, std::int16_t step)

@@ -3,6 +3,7 @@
 #include "calendar/dateorder.h"
 #include "editing/notemenu.h"
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/picturebutton.h"
@@ -16,21 +17,19 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 constexpr int Gap = 8, Margin = 16;
 
 QGroupBox* MakeFrame(const char* name, const char* caption)
 {
-    auto* frame = new QGroupBox(QString::fromLatin1(caption));
-    frame->setObjectName(QString::fromLatin1(name));
-    return frame;
+    return Named(new QGroupBox(QString::fromLatin1(caption)), name);
 }
 
 QComboBox* MakeList(const char* name, const char* tip, QLayout& row)
 {
-    auto* list = new QComboBox;
-    list->setObjectName(QString::fromLatin1(name));
+    auto* list = Named(new QComboBox, name);
     list->setAccessibleName(QString::fromLatin1(tip));
     row.addWidget(list);
     return list;
@@ -84,8 +83,7 @@ QLayout* RecurForm::MakeDates()
 
 MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption)
 {
-    auto* box = new MaskEdBox;
-    box->setObjectName(QString::fromLatin1(name));
+    auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
     // The digits and the signs between them, with some room at the borders.
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 2 * Gap);
@@ -106,10 +104,9 @@ QWidget* RecurForm::MakeBrowser()
     QGroupBox* frame = MakeFrame("Frame3D3", "&Browse...");
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(Gap);
-    m_picRightSpin = new PictureButton({right, QStringLiteral(":/icons/right-pressed.svg"), right});
-    m_picRightSpin->setObjectName(QStringLiteral("picRightSpin"));
-    m_lblNextRecord = new QLabel(QStringLiteral("Next Recurring Event"));
-    m_lblNextRecord->setObjectName(QStringLiteral("lblNextRecord"));
+    m_picRightSpin =
+        Named(new PictureButton({right, QStringLiteral(":/icons/right-pressed.svg"), right}), "picRightSpin");
+    m_lblNextRecord = Named(new QLabel(QStringLiteral("Next Recurring Event")), "lblNextRecord");
     // Room for what stands there at the end.
     m_lblNextRecord->setMinimumWidth(
         m_lblNextRecord->fontMetrics().horizontalAdvance(QStringLiteral("End of Recurring Event ")));
@@ -118,12 +115,11 @@ QWidget* RecurForm::MakeBrowser()
     m_picRightSpin->SetFramed(true);
     row->addWidget(m_picRightSpin);
     row->addWidget(m_lblNextRecord);
-    connect(m_picRightSpin, &PictureButton::MouseDown, this, [this] {
-        guard(QLatin1StringView(" in RecurForm, picRightSpin()_MouseDown"), [this] { picRightSpin_MouseDown(); });
-    });
-    connect(m_picRightSpin, &PictureButton::MouseUp, this, [this] {
-        guard(QLatin1StringView(" in RecurForm, picRightSpin_MouseUp"), [this] { picRightSpin_MouseUp(); });
-    });
+    connect(
+        m_picRightSpin, &PictureButton::MouseDown, this,
+        Guarded(QLatin1StringView(" in RecurForm, picRightSpin()_MouseDown"), [this] { picRightSpin_MouseDown(); }));
+    connect(m_picRightSpin, &PictureButton::MouseUp, this,
+            Guarded(QLatin1StringView(" in RecurForm, picRightSpin_MouseUp"), [this] { picRightSpin_MouseUp(); }));
     return frame;
 }
 
@@ -160,8 +156,7 @@ QWidget* RecurForm::MakeInterval()
 QWidget* RecurForm::MakeText()
 {
     constexpr QSize LeastPaper(480, 128);
-    m_tbRecurse = new RichTextBox;
-    m_tbRecurse->setObjectName(QStringLiteral("tbRecurse"));
+    m_tbRecurse = Named(new RichTextBox, "tbRecurse");
     m_tbRecurse->setAccessibleName(QStringLiteral("Text of the event"));
     m_tbRecurse->setPlaceholderText(QStringLiteral("Write the event here"));
     AddNoteMenu(*m_tbRecurse, "RecurForm");
@@ -175,24 +170,23 @@ QLayout* RecurForm::MakeFoot()
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(Gap);
-    const auto add = [&](const char* name, const char* caption, void (RecurForm::*click)()) {
-        auto* button = new QPushButton(QString::fromLatin1(caption));
-        button->setObjectName(QString::fromLatin1(name));
-        connect(button, &QPushButton::clicked, this, click);
+    const auto add = [&](const char* name, const char* caption, const char* literal, void (RecurForm::*click)()) {
+        auto* button = Named(new QPushButton(QString::fromLatin1(caption)), name);
+        connect(button, &QPushButton::clicked, this,
+                Guarded(QLatin1StringView(literal), [this, click] { (this->*click)(); }));
         row->addWidget(button);
         return button;
     };
-    m_btnFonts = add("btnFonts", "&Fonts", &RecurForm::btnFonts_Click);
-    m_progress = new QProgressBar;
-    m_progress->setObjectName(QStringLiteral("progress"));
+    m_btnFonts = add("btnFonts", "&Fonts", " in RecurForm, btnFonts_Click", &RecurForm::btnFonts_Click);
+    m_progress = Named(new QProgressBar, "progress");
     QSizePolicy keepsItsRoom = m_progress->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
     m_progress->setSizePolicy(keepsItsRoom);
     m_progress->hide();
     row->addWidget(m_progress, 1);
-    m_btnDelete = add("btnDelete", "&Delete", &RecurForm::btnDelete_Click);
-    m_btnOk = add("btnOk", "&Ok", &RecurForm::btnOk_Click);
-    m_btnCancel = add("btnCancel", "&Cancel", &RecurForm::btnCancel_Click);
+    m_btnDelete = add("btnDelete", "&Delete", " in RecurForm, btnDelete_Click", &RecurForm::btnDelete_Click);
+    m_btnOk = add("btnOk", "&Ok", " in RecurForm, btnOk_Click", &RecurForm::btnOk_Click);
+    m_btnCancel = add("btnCancel", "&Cancel", " in RecurForm, btnCancel_Click", &RecurForm::btnCancel_Click);
     m_btnDelete->setEnabled(false);
     return row;
 }

@@ -5,7 +5,6 @@
 #include "calendar/viewmode.h"
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
-#include "editing/textstyles.h"
 #include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -15,6 +14,7 @@
 #include "platform/controls/softtext.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/richtext/richtextbox.h"
 #include "platform/richtext/selectionformat.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
@@ -118,10 +118,11 @@ void RecurForm::btnOk_Click()
     const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
     const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
     if (!HaveValidDates(sStart, sEnd)) return;
-    SetMousePointer(mousepointer::Hourglass);
     bool saved = false;
-    tail([&] { saved = SaveCells() && SaveEvent(sStart, sEnd); });
-    SetMousePointer(mousepointer::Default);
+    tail([&] {
+        const Hourglass hourglass;
+        saved = SaveCells() && SaveEvent(sStart, sEnd);
+    });
     m_progress->hide();
     tail([this] { m_notes.subSeekQMTDatabase(); });
     if (!saved) return;
@@ -250,12 +251,13 @@ void RecurForm::btnDelete_Click()
     if (m_isPressed) return; // the record that is shown is not the one before the table's place yet
     const ErrorTail tail(DeleteTail);
     const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
-    SetMousePointer(mousepointer::Hourglass);
-    bool cellsAreSaved = false;
-    tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
-    if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
-    tail([this] { ShowCells(); });
-    SetMousePointer(mousepointer::Default);
+    {
+        const Hourglass hourglass;
+        bool cellsAreSaved = false;
+        tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
+        if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
+        tail([this] { ShowCells(); });
+    }
     tail([this] { ReopenRecords(); });
     accept();
 }
@@ -275,6 +277,7 @@ void RecurForm::DeleteShown()
 
 void RecurForm::ShowCells()
 {
+    // On purpose all 42 in the month view and only the month's in the week view: the read shows those of the week anew.
     const int last = m_viewMode.GetViewMode() == ViewMode::Month ? LastWeekCell : LastMonthCell;
     for (int cell = FirstMonthCell; cell <= last; ++cell) {
         if (!m_cells.tbDay.Exists(cell)) continue;
@@ -299,12 +302,6 @@ void RecurForm::btnCancel_Click()
 void RecurForm::btnFonts_Click()
 {
     const ErrorTail tail(QLatin1StringView(" in RecurForm, btnFonts_Click"));
-    const FontChoice& chosen = m_fontCommand.Ask(this, *m_tbRecurse, tail);
-    const UndoStep oneStep(*m_tbRecurse);
-    tail([&] { m_tbRecurse->SetSelFontName(NameOr(chosen)); });
-    tail([&] { m_tbRecurse->SetSelFontSize(chosen.size); });
-    if (chosen.colorIsChosen) tail([&] { m_tbRecurse->SetSelColor(chosen.color); });
-    for (const TextStyle& style : TextStyles)
-        tail([&] { Set(*m_tbRecurse, style, chosen.*style.ofDialog); });
+    ApplyToSelection(*m_tbRecurse, m_fontCommand.Ask(this, *m_tbRecurse, tail), tail);
     m_tbRecurse->setFocus();
 }

@@ -10,7 +10,7 @@ namespace {
 constexpr int FontNameSize = 40;
 constexpr int ColorSize = 40;
 
-// A text of the tables above without a copy of its characters.
+// A text of the tables in settings.h without a copy of its characters.
 QString Fixed(QStringView text)
 {
     return QString::fromRawData(text.data(), text.size());
@@ -46,13 +46,17 @@ QString Read(const TextSetting& setting, const QString& computedFallback)
 
 void Write(const IntSetting& setting, int value)
 {
-    WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), QString::number(value),
-                               Fixed(settings::PlannerIni));
+    WriteText(setting, QString::number(value));
 }
 
 void Write(const TextSetting& setting, const QString& value)
 {
     WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), value, Fixed(settings::PlannerIni));
+}
+
+void WriteText(const IntSetting& setting, const QString& text)
+{
+    WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), text, Fixed(settings::PlannerIni));
 }
 
 std::int32_t DelaySeconds(double minutes)

@@ -1,11 +1,13 @@
-// Every setting of PLANNER.INI: section, key and the value of a key that is not there. Nothing keeps settings in
-// memory: a routine reads one at the moment it needs it, and a dialog writes its own when it is confirmed, so a change
-// is seen by the next read. Where two readers know different defaults the two stand side by side here.
+// Every setting of PLANNER.INI: section, key and the value of a key that is not there. A routine reads a
+// setting at the moment it needs it, and a dialog writes its own when it is confirmed, so a change is seen by the next
+// read. Only the bars and the timers of a workgroup keep theirs while they are used. Where two readers know different
+// defaults the two stand side by side here.
 #pragma once
 
 #include <QString>
 
 #include <cstdint>
+#include <iterator>
 
 struct IntSetting
 {
@@ -27,6 +29,7 @@ QString Read(const TextSetting& setting);
 QString Read(const TextSetting& setting, const QString& computedFallback);
 void Write(const IntSetting& setting, int value);
 void Write(const TextSetting& setting, const QString& value);
+void WriteText(const IntSetting& setting, const QString& text); // as it is to stand in the file
 
 // Of a delay in minutes; a longer one than the counters take is cut.
 std::int32_t DelaySeconds(double minutes);
@@ -65,6 +68,7 @@ inline constexpr TextSetting MRU[] = {
     {u"MRU", u"MRU3", u"", PathSize},
     {u"MRU", u"MRU4", u"", PathSize},
 };
+inline constexpr int RecentPlanners = std::size(MRU);
 
 inline constexpr IntSetting LoadCondition = {u"QMT2LOAD", u"LOAD CONDITION", 0};
 inline constexpr IntSetting LoadPathSize = {u"QMT2LOAD", u"PATHSIZE", 0};
@@ -81,6 +85,8 @@ inline constexpr IntSetting AutoUnLock = {u"Network Options", u"AutoUnLock", 0};
 inline constexpr IntSetting UnlockDelay = {u"Network Options", u"UnlockDelay", 5}; // minutes
 inline constexpr IntSetting AutoRefresh = {u"Network Options", u"AutoRefresh", 0};
 inline constexpr IntSetting RefreshDelay = {u"Network Options", u"RefreshDelay", 5}; // minutes
+
+inline constexpr QStringView KnownServers = u"Known Servers"; // a key for each server; 1 if it may be connected to
 
 inline constexpr StyleDefaults MemoPanel = {u"MEMO PANEL", -1, 8, 0, u""};
 inline constexpr StyleDefaults DailyPanel = {u"DAILY PANEL", -1, 8, 0, u""};

@@ -1,5 +1,6 @@
 #include "shell/aboutform.h"
 
+#include "platform/controls/named.h"
 #include "platform/desktop/centeronscreen.h"
 
 #include <QDialogButtonBox>
@@ -27,8 +28,7 @@ AboutForm::AboutForm(QWidget* owner) : QDialog(owner)
     auto* picture = new QLabel;
     picture->setPixmap(
         QIcon(QStringLiteral(":/icons/orrelin.svg")).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF()));
-    auto* version = new QLabel(QStringLiteral("Version ") + QStringLiteral(ORRELIN_VERSION));
-    version->setObjectName(QStringLiteral("lblVersion"));
+    auto* version = Named(new QLabel(QStringLiteral("Version ") + QStringLiteral(ORRELIN_VERSION)), "lblVersion");
     version->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* purpose = new QLabel(QStringLiteral("A planner of days: write straight into the calendar."));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QThread>
 #include <QUrl>
+#include <QWidget>
 
 #include <utility>
 
@@ -28,8 +29,7 @@ QString LocalPath(const QUrl& address)
 Activation::Activation(QWidget& client, PlannerHandlers& planners) : m_client(client), m_planners(planners)
 {
     m_tmWaiting.setSingleShot(true);
-    m_tmWaiting.callOnTimeout(&client,
-                              [this] { guard(QLatin1StringView(" in MainForm, Open"), [&] { OpenWaiting(); }); });
+    m_tmWaiting.callOnTimeout(&client, Guarded(QLatin1StringView(" in MainForm, Open"), [this] { OpenWaiting(); }));
 }
 
 void Activation::Answer(const QStringList& uris)

@@ -2,6 +2,8 @@
 
 #include "calendar/viewmode.h"
 #include "plannerfile/plannerstate.h"
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
@@ -18,17 +20,15 @@ namespace {
 template <typename Control>
 Control* Add(QLayout& layout, const char* name, const QString& caption)
 {
-    auto* control = new Control(caption);
-    control->setObjectName(QString::fromLatin1(name));
+    auto* control = Named(new Control(caption), name);
     layout.addWidget(control);
     return control;
 }
 
 // A length stands with the blank of its sign, as older versions wrote it.
-void WriteLength(const IntSetting& setting, const QString& of)
+QString LengthOf(const QString& text)
 {
-    WritePrivateProfileStringA(setting.section.toString(), setting.key.toString(),
-                               of.isEmpty() ? QString() : Str(of.size()), settings::PlannerIni.toString());
+    return text.isEmpty() ? QString() : Str(text.size());
 }
 } // namespace
 
@@ -36,14 +36,11 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(QStringLiteral("AutoloadForm"));
     setWindowTitle(QStringLiteral("Customize Startup"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(MakeFileFrame());
     column->addWidget(MakeOptionsFrame());
     column->addWidget(MakeViewFrame());
     column->addWidget(MakeOkCancel(*this));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     CenterOnScreen(*this);
     m_chkAutoload->setFocus();
@@ -100,8 +97,8 @@ void AutoloadForm::accept()
     const QString path = autoload ? g_sDBPath : QString();
     const QString title = autoload ? g_sDBTitle : QString();
     Write(settings::LoadCondition, autoload ? 1 : 0);
-    WriteLength(settings::LoadPathSize, path);
-    WriteLength(settings::LoadTitleSize, title);
+    WriteText(settings::LoadPathSize, LengthOf(path));
+    WriteText(settings::LoadTitleSize, LengthOf(title));
     Write(settings::LoadFilePath, path);
     Write(settings::LoadFileTitle, title);
     Write(settings::ViewPref, m_opStartupView[0]->isChecked() ? ViewMode::Week : ViewMode::Month);

@@ -1,6 +1,7 @@
 #include "shell/controls.h"
 
 #include "platform/controls/accessrole.h"
+#include "platform/controls/named.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/picturestrip.h"
@@ -54,8 +55,7 @@ QString Icon(const char* name)
 
 Toolbar* MakeToolbar(QWidget* client)
 {
-    auto* bar = new Toolbar(client);
-    bar->setObjectName(QStringLiteral("tbTop"));
+    auto* bar = Named(new Toolbar(client), "tbTop");
     bar->setAccessibleName(QStringLiteral("Toolbar"));
     SetAccessibleRole(bar, QAccessible::ToolBar);
     for (const ToolbarRow& row : ToolbarRows) {
@@ -96,16 +96,13 @@ FormatBar MakeFormatBar(QWidget* client)
 
 PictureButton* MakePictureButton(const char* name, const char* raised, const char* pressed, QWidget* parent)
 {
-    auto* button = new PictureButton(Icon(raised), Icon(pressed), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    return button;
+    return Named(new PictureButton(Icon(raised), Icon(pressed), parent), name);
 }
 
 BottomPanel MakeBottomPanel(QWidget* client)
 {
     constexpr QSize SpinSize(40, 36);
-    auto* panel = new SSPanel(client);
-    panel->setObjectName(QStringLiteral("panelBottom"));
+    auto* panel = Named(new SSPanel(client), "panelBottom");
     SetAccessibleRole(panel, QAccessible::Grouping); // of the title and the two buttons
     panel->hide();
     panel->SetPaper(paper::Band);
@@ -127,30 +124,34 @@ struct PictureRow
     const char* caption;
 };
 
-// A view that is shown looks pressed, with a picture of its own colour.
-constexpr PictureRow PictureRows[] = {
-    {"picDay", {"Day View", "Day View"}, {"day", "day"}, "Day"},
-    {"picWeek", {"Week View", "Week View"}, {"week", "week-pressed"}, "Week"},
-    {"picMonth", {"Month View", "Month View"}, {"month", "month-pressed"}, "Month"},
-    {"picPrint", {"Print", "Print"}, {"print", "print"}, "Print"},
-    {"picRecurse", {"Recurring Events", "Recurring Events"}, {"recurring", "recurring"}, "Recurring"},
-    {"picAlarm", {"Alarm Settings", "Alarm Settings"}, {"alarm", "alarm"}, "Alarm"},
-    {"picRefresh", {"Network Refresh", "Network Refresh"}, {"refresh", "refresh"}, ""},
-    {"picLock", {"Network Lock", "Network Unlock"}, {"lock", "unlock"}, ""},
+struct SidebarRow
+{
+    PictureButton* Sidebar::*button;
+    PictureRow picture;
 };
 
-PictureButton* MakePicture(const char* name, QWidget* page)
+// From top to bottom. A view that is shown looks pressed, with a picture of its own colour.
+constexpr SidebarRow SidebarRows[] = {
+    {&Sidebar::picDay, {"picDay", {"Day View", "Day View"}, {"day", "day"}, "Day"}},
+    {&Sidebar::picWeek, {"picWeek", {"Week View", "Week View"}, {"week", "week-pressed"}, "Week"}},
+    {&Sidebar::picMonth, {"picMonth", {"Month View", "Month View"}, {"month", "month-pressed"}, "Month"}},
+    {&Sidebar::picPrint, {"picPrint", {"Print", "Print"}, {"print", "print"}, "Print"}},
+    {&Sidebar::picRecurse,
+     {"picRecurse", {"Recurring Events", "Recurring Events"}, {"recurring", "recurring"}, "Recurring"}},
+    {&Sidebar::picAlarm, {"picAlarm", {"Alarm Settings", "Alarm Settings"}, {"alarm", "alarm"}, "Alarm"}},
+};
+constexpr PictureRow RefreshPicture = {
+    "picRefresh", {"Network Refresh", "Network Refresh"}, {"refresh", "refresh"}, ""};
+constexpr PictureRow LockPicture = {"picLock", {"Network Lock", "Network Unlock"}, {"lock", "unlock"}, ""};
+
+PictureButton* MakePicture(const PictureRow& row, QWidget* page)
 {
-    for (const PictureRow& row : PictureRows) {
-        if (QLatin1StringView(row.name) != QLatin1StringView(name)) continue;
-        PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
-        button->SetCaption(QString::fromLatin1(row.caption));
-        button->setEnabled(false); // until it is wired to its command
-        for (int element = 0; element < 2; ++element)
-            button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
-        return button;
-    }
-    return nullptr;
+    PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
+    button->SetCaption(QString::fromLatin1(row.caption));
+    button->setEnabled(false); // until it is wired to its command
+    for (int element = 0; element < 2; ++element)
+        button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
+    return button;
 }
 
 Sidebar MakeSidebar(QWidget* client)
@@ -200,7 +201,7 @@ void FillPicturePage(Sidebar& sidebar)
 NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
 {
     constexpr int OneSecond = 1000;
-    NetworkControls network = {MakePicture("picRefresh", page), MakePicture("picLock", page),
+    NetworkControls network = {MakePicture(RefreshPicture, page), MakePicture(LockPicture, page),
                                new QLabel(QStringLiteral("Network"), page), new Timer(OneSecond, client),
                                new Timer(OneSecond, client)};
     network.lblNetwork->setObjectName(QStringLiteral("lblNetwork"));
@@ -221,12 +222,11 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(8, 4, 8, 4);
     column->setSpacing(2);
-    PictureButton** const buttons[] = {&sidebar.picDay,   &sidebar.picWeek,    &sidebar.picMonth,
-                                       &sidebar.picPrint, &sidebar.picRecurse, &sidebar.picAlarm};
-    for (std::size_t i = 0; i < std::size(buttons); ++i) {
-        *buttons[i] = MakePicture(PictureRows[i].name, page);
-        (*buttons[i])->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
-        column->addWidget(*buttons[i]);
+    for (const SidebarRow& row : SidebarRows) {
+        PictureButton* button = MakePicture(row.picture, page);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+        column->addWidget(button);
+        sidebar.*row.button = button;
     }
     column->addSpacing(8);
     column->addWidget(network.lblNetwork);
@@ -240,8 +240,7 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
 // Follows the mouse and must never be in its way.
 QLabel* MakeDateDiffLabel(QWidget* client)
 {
-    auto* label = new QLabel(QStringLiteral("Day 365"), client);
-    label->setObjectName(QStringLiteral("lblDateDiff"));
+    auto* label = Named(new QLabel(QStringLiteral("Day 365"), client), "lblDateDiff");
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
     label->setAlignment(Qt::AlignCenter);
     label->setAutoFillBackground(true);
@@ -252,8 +251,7 @@ QLabel* MakeDateDiffLabel(QWidget* client)
 
 QWidget* MakeClient(QMainWindow& window)
 {
-    auto* client = new QWidget;
-    client->setObjectName(QStringLiteral("client"));
+    auto* client = Named(new QWidget, "client");
     client->setAccessibleName(QStringLiteral("Calendar"));
     SetAccessibleRole(client, QAccessible::Grouping);
     QPalette palette = client->palette();

@@ -1,5 +1,6 @@
 #include "shell/exitform.h"
 
+#include "platform/controls/named.h"
 #include "platform/controls/sspanel.h"
 #include "platform/desktop/showatonce.h"
 #include "platform/look/paper.h"
@@ -11,8 +12,7 @@ ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 {
     setObjectName(QStringLiteral("ExitForm"));
     setWindowTitle(QStringLiteral("Orrelin"));
-    auto* message = new SSPanel(this);
-    message->setObjectName(QStringLiteral("SSPanel2"));
+    auto* message = Named(new SSPanel(this), "SSPanel2");
     message->SetPaper(paper::Band);
     message->SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
     message->SetCaptionAlignment(SSPanel::CenterMiddle);

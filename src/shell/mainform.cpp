@@ -29,7 +29,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(QLatin1StringView(" in MainForm, Form_Load"));
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     GoToToday();
     subSetDaysInMonth(g_iYear);
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
@@ -49,7 +49,8 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     progress(QStringLiteral("Loading Icons..."));
     rooms.controls.tmMidnightRefresh.SetEnabled(true);
     rooms.controls.tmAlarm.SetEnabled(true);
-    SetMousePointer(mousepointer::Default);
+    QTimer::singleShot(
+        0, this, Guarded(QLatin1StringView(" in MainForm, Form_Load"), [&rooms] { rooms.recovery.BeginOffering(); }));
 }
 
 void Mainform::Form_Resize()
@@ -77,7 +78,8 @@ void Mainform::changeEvent(QEvent* event)
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode);
+    guard(QLatin1StringView(" in MainForm, Form_QueryUnload"),
+          [&] { Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode); });
     event->accept();
 }
 

@@ -8,13 +8,14 @@
 #include <array>
 
 namespace {
-constexpr int Entries = 4;
+using settings::RecentPlanners;
 
-// Which entry is the open planner, or Entries. An entry longer than the path that begins with it counts as the same.
-int FindOpenPlanner(const std::array<QString, Entries>& list)
+// Which entry is the open planner, or RecentPlanners. An entry longer than the path that begins with it counts as the
+// same.
+int FindOpenPlanner(const std::array<QString, RecentPlanners>& list)
 {
     int entry = 0;
-    while (entry < Entries &&
+    while (entry < RecentPlanners &&
            list[static_cast<std::size_t>(entry)].toLower().left(g_sDBPath.size()) != g_sDBPath.toLower()) {
         ++entry;
     }
@@ -34,7 +35,7 @@ void RecentList::subLoadMRU(bool bRead)
 void RecentList::ShowEntries()
 {
     bool listed = true;
-    for (int entry = 0; entry < Entries; ++entry) {
+    for (int entry = 0; entry < RecentPlanners; ++entry) {
         const QString path = Read(settings::MRU[entry]);
         // The first empty key ends the list, whatever stands behind it.
         listed = listed && !path.isEmpty();
@@ -49,8 +50,9 @@ void RecentList::ShowEntries()
 
 void RecentList::WriteFirstVisible()
 {
-    static constexpr std::array<int, Entries> keyOfItem = {0, 1, 2, 2};
-    for (int entry = 0; entry < Entries; ++entry) {
+    // On purpose the last two share a key: with none before it visible, the oldest goes to the third place.
+    static constexpr std::array<int, RecentPlanners> keyOfItem = {0, 1, 2, 2};
+    for (int entry = 0; entry < RecentPlanners; ++entry) {
         const MenuItem& item = m_menus.mnuMRU(entry);
         if (!item.Visible()) continue;
         Write(settings::MRU[keyOfItem[static_cast<std::size_t>(entry)]], item.Caption());
@@ -60,14 +62,14 @@ void RecentList::WriteFirstVisible()
 
 void RecentList::subUpdateMRU()
 {
-    std::array<QString, Entries> list;
-    for (int entry = 0; entry < Entries; ++entry)
+    std::array<QString, RecentPlanners> list;
+    for (int entry = 0; entry < RecentPlanners; ++entry)
         list[static_cast<std::size_t>(entry)] = Read(settings::MRU[entry]);
     const int match = FindOpenPlanner(list);
     if (match > 0) {
         // The entries before the match move down by one; with no match all do, and the oldest falls off.
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-        const int last = qMin(match, Entries - 1);
+        const int last = qMin(match, RecentPlanners - 1);
         for (int entry = last; entry > 0; --entry) {
             Write(settings::MRU[entry], list[static_cast<std::size_t>(entry - 1)]);
         }

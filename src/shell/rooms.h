@@ -12,6 +12,7 @@
 #include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
+#include "calendar/modshow.h"
 #include "calendar/navigation.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
@@ -48,6 +49,9 @@
 #include "workgroup/refresh.h"
 #include "workgroup/servermove.h"
 
+#include <QLabel>
+#include <QMainWindow>
+
 // In the order of their making; each stands on those above it.
 struct Rooms
 {
@@ -56,6 +60,11 @@ struct Rooms
         m_pCalendarView.SetRedraw(redraw);
         turn.SetLockedDay(dayLock);
         creation.SetLockedDay(dayLock);
+        // It stands there until the calendar is turned, and comes again with the next try.
+        journal.SetOnTrouble([this](const QString& reason) {
+            const QString trouble = QStringLiteral("What you type cannot be kept aside: ");
+            controls.bottom.panelBottom->SetCaption(reason.isEmpty() ? MonthTitle() : trouble + reason);
+        });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
             dayLock.AddTyped(typed);

@@ -1,19 +1,15 @@
 #include "shell/shellhandlers.h"
 
-#include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/helpviewer.h"
 #include "platform/desktop/msgbox.h"
-#include "settings/messages.h"
 #include "shell/aboutform.h"
 #include "shell/autoloadform.h"
 
 void ShellHandlers::mnuAutoload_Click()
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n\n")))) return;
     AutoloadForm(m_client.window()).exec();
 }
 

@@ -17,16 +17,17 @@
 
 namespace {
 constexpr QLatin1StringView StartTail(" in StartupForm, Form Load event");
+constexpr QLatin1StringView ExitLiteral(" in MainForm, subExitProgram");
 
 void WatchForTheEnd(QApplication& application, Mainform& form)
 {
     // The session may take the process away as soon as this returns.
-    QObject::connect(
-        &application, &QGuiApplication::commitDataRequest, &form,
-        [&form] { form.subExitProgram(Mainform::SessionEnds); }, Qt::DirectConnection);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &form,
+                     Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::SessionEnds); }),
+                     Qt::DirectConnection);
     auto* watched = new TerminationSignals(&form);
     QObject::connect(watched, &TerminationSignals::Received, &form,
-                     [&form] { form.subExitProgram(Mainform::ProcessIsEnded); });
+                     Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::ProcessIsEnded); }));
 }
 } // namespace
 
@@ -48,7 +49,9 @@ int RunOrrelin(QApplication& application)
     QObject::connect(&form, &Mainform::Ended, [] { QCoreApplication::exit(); });
     WatchForTheEnd(application, form);
     DesktopCalls calls;
-    QObject::connect(&calls, &DesktopCalls::Called, &form, &Mainform::AnswerDesktop);
+    QObject::connect(&calls, &DesktopCalls::Called, &form,
+                     Guarded(QLatin1StringView(" in MainForm, AnswerDesktop"),
+                             [&form](const QStringList& uris) { form.AnswerDesktop(uris); }));
     const auto windowIsThere = [&] {
         splash->raise();
         // Even where a box of the start waits for its answer: the bus gives up a program that does not listen.

@@ -7,9 +7,12 @@
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 #include "shell/rooms.h"
 
 #include <QPushButton>
+
+#include <optional>
 
 namespace {
 struct MenuRow
@@ -140,7 +143,7 @@ void WireMenus(Rooms& rooms)
     for (const MenuRow& row : MenuRows)
         menus(QLatin1StringView(row.name))
             .OnClick([&rooms, &row] { row.click(rooms); }, QLatin1StringView(row.literal));
-    for (int entry = 0; entry < 4; ++entry) {
+    for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         menus.mnuMRU(entry).OnClick([&rooms, &item = menus.mnuMRU(entry)] { rooms.planners.mnuMRU_Click(item); },
                                     QLatin1StringView(" in MainForm, mnuMRU_Click"));
     }
@@ -150,10 +153,15 @@ void WireMenus(Rooms& rooms)
 template <typename Sender, typename Signal, typename Action>
 void On(Sender* sender, Signal signal, const char* literal, Action action)
 {
-    QObject::connect(sender, signal, sender, [literal, action](auto... arguments) {
-        guard(QLatin1StringView(literal), [&] { action(arguments...); });
-    });
+    QObject::connect(sender, signal, sender, Guarded(QLatin1StringView(literal), std::move(action)));
 }
+
+// What a picture does when it is pressed and let go, beside its command.
+struct PictureEvent
+{
+    const char* literal;
+    void (*run)(Rooms& rooms);
+};
 
 // The pictures of the sidebar. One whose command is not here stays disabled.
 struct PictureRow
@@ -161,44 +169,45 @@ struct PictureRow
     PictureButton* Sidebar::*picture;
     const char* literal;
     void (*click)(Rooms& rooms, int Index); // Index: the element that was visible
+    std::optional<PictureEvent> down = {};
+    std::optional<PictureEvent> up = {};
 };
 
 constexpr PictureRow PictureRows[] = {
-    {&Sidebar::picDay, " in MainForm, picDay_Click", [](Rooms& rooms, int) { rooms.dayView.picDay_Click(); }},
+    {&Sidebar::picDay, " in MainForm, picDay_Click", [](Rooms& rooms, int) { rooms.dayView.picDay_Click(); },
+     PictureEvent{" in MainForm, picDay_MouseDown", Run<&Rooms::dayView, &DayView::picDay_MouseDown>},
+     PictureEvent{" in MainForm, picDay_MouseUp", Run<&Rooms::dayView, &DayView::picDay_MouseUp>}},
     {&Sidebar::picWeek, " in MainForm, picWeek_Click",
      [](Rooms& rooms, int Index) { rooms.navigation.picWeek_Click(Index); }},
     {&Sidebar::picMonth, " in MainForm, picMonth_Click",
      [](Rooms& rooms, int) { rooms.navigation.subSwitchToMonthView(); }},
     {&Sidebar::picRecurse, " in MainForm, picRecurse_MouseUp",
-     [](Rooms& rooms, int) { rooms.recurringEvents.picRecurse_Click(); }},
-    {&Sidebar::picAlarm, " in MainForm, picAlarm_MouseUp", [](Rooms& rooms, int) { rooms.alarms.picAlarm_Click(); }},
-    {&Sidebar::picPrint, " in MainForm, picPrint_MouseUp", [](Rooms& rooms, int) { rooms.printing.picPrint_Click(); }},
+     [](Rooms& rooms, int) { rooms.recurringEvents.picRecurse_Click(); },
+     PictureEvent{" in MainForm, picRecurse_MouseDown",
+                  Run<&Rooms::recurringEvents, &RecurringEvents::picRecurse_MouseDown>},
+     PictureEvent{" in MainForm, picRecurse_MouseUp",
+                  Run<&Rooms::recurringEvents, &RecurringEvents::picRecurse_MouseUp>}},
+    {&Sidebar::picAlarm, " in MainForm, picAlarm_MouseUp", [](Rooms& rooms, int) { rooms.alarms.picAlarm_Click(); },
+     PictureEvent{" in MainForm, picAlarm_MouseDown", Run<&Rooms::alarms, &AlarmHandlers::picAlarm_MouseDown>},
+     PictureEvent{" in MainForm, picAlarm_MouseUp", Run<&Rooms::alarms, &AlarmHandlers::picAlarm_MouseUp>}},
+    {&Sidebar::picPrint, " in MainForm, picPrint_MouseUp", [](Rooms& rooms, int) { rooms.printing.picPrint_Click(); },
+     PictureEvent{" in MainForm, picPrint_MouseDown", Run<&Rooms::printing, &Printing::picPrint_MouseDown>},
+     PictureEvent{" in MainForm, picPrint_MouseUp", Run<&Rooms::printing, &Printing::picPrint_MouseUp>}},
 };
 
 void WirePictures(Rooms& rooms)
 {
     const Sidebar& sidebar = rooms.controls.sidebar;
+    const auto wire = [&rooms](PictureButton* picture, auto signal, const std::optional<PictureEvent>& event) {
+        if (event) On(picture, signal, event->literal, [&rooms, run = event->run](int) { run(rooms); });
+    };
     for (const PictureRow& row : PictureRows) {
         PictureButton* picture = sidebar.*row.picture;
         On(picture, &PictureButton::Click, row.literal, [&rooms, &row](int Index) { row.click(rooms, Index); });
+        wire(picture, &PictureButton::MouseDown, row.down);
+        wire(picture, &PictureButton::MouseUp, row.up);
         picture->setEnabled(true);
     }
-    On(sidebar.picDay, &PictureButton::MouseDown, " in MainForm, picDay_MouseDown",
-       [&rooms](int) { rooms.dayView.picDay_MouseDown(); });
-    On(sidebar.picDay, &PictureButton::MouseUp, " in MainForm, picDay_MouseUp",
-       [&rooms](int) { rooms.dayView.picDay_MouseUp(); });
-    On(sidebar.picRecurse, &PictureButton::MouseDown, " in MainForm, picRecurse_MouseDown",
-       [&rooms](int) { rooms.recurringEvents.picRecurse_MouseDown(); });
-    On(sidebar.picRecurse, &PictureButton::MouseUp, " in MainForm, picRecurse_MouseUp",
-       [&rooms](int) { rooms.recurringEvents.picRecurse_MouseUp(); });
-    On(sidebar.picAlarm, &PictureButton::MouseDown, " in MainForm, picAlarm_MouseDown",
-       [&rooms](int) { rooms.alarms.picAlarm_MouseDown(); });
-    On(sidebar.picAlarm, &PictureButton::MouseUp, " in MainForm, picAlarm_MouseUp",
-       [&rooms](int) { rooms.alarms.picAlarm_MouseUp(); });
-    On(sidebar.picPrint, &PictureButton::MouseDown, " in MainForm, picPrint_MouseDown",
-       [&rooms](int) { rooms.printing.picPrint_MouseDown(); });
-    On(sidebar.picPrint, &PictureButton::MouseUp, " in MainForm, picPrint_MouseUp",
-       [&rooms](int) { rooms.printing.picPrint_MouseUp(); });
     On(sidebar.tabSidebar, &TabStrip::Click, " in MainForm, tabSidebar_Click",
        [&rooms] { rooms.m_pSidebar.TogglePages(); });
 }
@@ -226,8 +235,8 @@ void WirePictureBar(Rooms& rooms)
        [&bar] { bar.tbPictureBox_OLECompleteDrag(); });
     On(strip, &PictureStrip::OLEDragDrop, " in MainForm, tbPictureBox_OLEDragDrop",
        [&bar](const QStringList& files) { bar.tbPictureBox_OLEDragDrop(files); });
-    QObject::connect(strip, &PictureStrip::OLEStartDrag, strip,
-                     [&bar](QMimeData& data, QPixmap& cursor) { bar.tbPictureBox_OLEStartDrag(data, cursor); });
+    On(strip, &PictureStrip::OLEStartDrag, " in MainForm, tbPictureBox_OLEStartDrag",
+       [&bar](QMimeData& data, QPixmap& cursor) { bar.tbPictureBox_OLEStartDrag(data, cursor); });
     On(sidebar.btnReloadIcons, &QPushButton::clicked, " in MainForm, btnReloadIcons_Click",
        [&bar](bool) { bar.btnReloadIcons_Click(); });
     sidebar.btnReloadIcons->setEnabled(true);

@@ -1,4 +1,5 @@
-// Which handler each menu entry, toolbar button, combo and spin picture of the main window runs.
+// Which handler runs for what happens to the main window: to its menu entries, buttons, combos and pictures, to its
+// cells and timers, in the network and in the strip of pictures.
 #pragma once
 
 struct Rooms;

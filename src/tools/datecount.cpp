@@ -1,7 +1,5 @@
 #include "tools/datecount.h"
 
-#include "calendar/modshow.h"
-
 #include <QRegularExpression>
 
 #include <chrono>
@@ -35,7 +33,7 @@ std::optional<GridDay> DayOfText(const QString& text)
     const auto match = form.match(text);
     if (!match.hasMatch()) return {};
     const GridDay day = {match.captured(3).toInt(), match.captured(1).toInt(), match.captured(2).toInt()};
-    return IsDayOfGrid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
+    return IsDayOfGrid(day) ? std::optional(day) : std::nullopt;
 }
 
 int DateDifferenceOf(DateUnit unit, const GridDay& from, const GridDay& to)

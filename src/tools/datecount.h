@@ -1,17 +1,7 @@
 // How far one day lies from another. Plain computation.
 #pragma once
 
-#include <QString>
-
-#include <optional>
-
-// A day of the calendar's grid, which has a 29th of February in every fourth year, centuries too.
-struct GridDay
-{
-    int year;
-    int month;
-    int day;
-};
+#include "calendar/moddate.h"
 
 // "MM/DD/YYYY", and only so; empty for what is no day of the grid.
 std::optional<GridDay> DayOfText(const QString& text);

@@ -3,7 +3,9 @@
 #include "calendar/calendarstate.h"
 #include "calendar/dateorder.h"
 #include "calendar/moddate.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
@@ -19,6 +21,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
+#include <QVBoxLayout>
 
 namespace {
 constexpr int CaptionPadding = 8; // beyond what the desktop's style leaves beside a caption
@@ -50,12 +53,9 @@ DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(QStringLiteral("DateDiffForm"));
     setWindowTitle(QStringLiteral("Customize Date Difference"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(MakeOptions());
     column->addWidget(MakeOkCancel(*this));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ErrorTail{QLatin1StringView(" in DateDiffForm, Form Load")}([this] { ShowSettings(); });
     CenterOnScreen(*this);
     m_maskStartDate->setFocus();
@@ -74,12 +74,10 @@ QWidget* DateDiffForm::MakeOptions()
 
 QLayout* DateDiffForm::MakeStartDate()
 {
-    m_maskStartDate = new MaskEdBox;
-    m_maskStartDate->setObjectName(QStringLiteral("maskStartDate"));
+    m_maskStartDate = Named(new MaskEdBox, "maskStartDate");
     auto* label = new QLabel(QStringLiteral("&Start Date:"));
     label->setBuddy(m_maskStartDate);
-    m_lblDateFormat = new QLabel;
-    m_lblDateFormat->setObjectName(QStringLiteral("lblDateFormat"));
+    m_lblDateFormat = Named(new QLabel, "lblDateFormat");
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(label);
@@ -104,13 +102,11 @@ QWidget* DateDiffForm::MakeMethods()
 
 QLayout* DateDiffForm::MakeColor()
 {
-    auto* button = new QPushButton(QStringLiteral("Background Color"));
-    button->setObjectName(QStringLiteral("btnBGColor"));
+    auto* button = Named(new QPushButton(QStringLiteral("Background Color")), "btnBGColor");
     button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
-            [this] { guard(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }); });
-    m_lblDateDiff = new QLabel(QStringLiteral("Day 365"));
-    m_lblDateDiff->setObjectName(QStringLiteral("lblDateDiff"));
+            Guarded(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }));
+    m_lblDateDiff = Named(new QLabel(QStringLiteral("Day 365")), "lblDateDiff");
     m_lblDateDiff->setAccessibleName(QStringLiteral("Sample"));
     m_lblDateDiff->setAutoFillBackground(true);
     m_lblDateDiff->setMargin(3);

@@ -2,6 +2,7 @@
 
 #include "calendar/calendarstate.h"
 #include "calendar/modshow.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
@@ -41,13 +42,12 @@ DateSearchForm::DateSearchForm(QWidget* owner)
 {
     setObjectName(QStringLiteral("DateSearchForm"));
     setWindowTitle(QStringLiteral("Fast Search"));
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 16, 16, 16);
-    grid->setSpacing(16);
-    grid->addWidget(MakeMonths(), 0, 0);
-    grid->addWidget(MakeYears(), 0, 1);
-    grid->addWidget(MakeOkCancel(*this), 1, 0, 1, 2);
-    grid->setSizeConstraint(QLayout::SetFixedSize);
+    auto* column = DialogColumn(*this);
+    auto* row = new QHBoxLayout;
+    row->addWidget(MakeMonths());
+    row->addWidget(MakeYears());
+    column->addLayout(row);
+    column->addWidget(MakeOkCancel(*this));
     ChooseShown();
     CenterOnScreen(*this);
     if (QAbstractButton* month = m_opMonth->checkedButton()) month->setFocus();

@@ -1,10 +1,8 @@
 #include "tools/findword.h"
 
 #include "hall/cells.h"
-#include "plannerfile/plannerstate.h"
-#include "platform/desktop/msgbox.h"
+#include "plannerfile/refusals.h"
 #include "platform/richtext/rtftextview.h"
-#include "settings/messages.h"
 #include "tools/findwordform.h"
 
 FindWord::FindWord(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& viewMode)
@@ -20,10 +18,7 @@ FindWord::~FindWord()
 
 void FindWord::mnuFindWord_Click()
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
     if (!m_form) m_form = new FindWordForm(m_cells, m_turn, m_redraw, m_viewMode);
     m_form->show();
     m_form->raise();

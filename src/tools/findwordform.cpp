@@ -1,13 +1,14 @@
 #include "tools/findwordform.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
 #include "calendar/viewmode.h"
 #include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/named.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/desktop/twips.h"
@@ -15,7 +16,6 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/textview.h"
 #include "platform/runtime/errortail.h"
-#include "platform/runtime/language.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
 
@@ -57,8 +57,7 @@ FindWordForm::~FindWordForm()
 void FindWordForm::MakeControls()
 {
     constexpr int WordWidth = 240;
-    m_tbFindWord = new QLineEdit;
-    m_tbFindWord->setObjectName(QStringLiteral("tbFindWord"));
+    m_tbFindWord = Named(new QLineEdit, "tbFindWord");
     m_tbFindWord->setMinimumWidth(WordWidth);
     auto* label = new QLabel(QStringLiteral("Find What:"));
     label->setBuddy(m_tbFindWord);
@@ -76,23 +75,20 @@ void FindWordForm::MakeControls()
     grid->addWidget(m_btnFindNext, 0, 2);
     grid->addWidget(m_btnFindWithin, 0, 2);
     m_btnFindWithin->hide();
-    auto* cancel = new QPushButton(QStringLiteral("&Cancel"));
-    cancel->setObjectName(QStringLiteral("btnCancel"));
+    auto* cancel = Named(new QPushButton(QStringLiteral("&Cancel")), "btnCancel");
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(cancel, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
-    connect(m_tbFindWord, &QLineEdit::textChanged, this, [this] {
-        guard(QLatin1StringView(" in FindWordForm, btnFindWord_Change"), [this] { tbFindWord_Change(); });
-    });
+    connect(m_tbFindWord, &QLineEdit::textChanged, this,
+            Guarded(QLatin1StringView(" in FindWordForm, btnFindWord_Change"), [this] { tbFindWord_Change(); }));
 }
 
 QPushButton* FindWordForm::AddButton(const char* name, const QString& caption, void (FindWordForm::*click)(),
                                      const char* literal)
 {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QString::fromLatin1(name));
+    auto* button = Named(new QPushButton(caption), name);
     connect(button, &QPushButton::clicked, this,
-            [this, click, literal] { guard(QLatin1StringView(literal), [&] { (this->*click)(); }); });
+            Guarded(QLatin1StringView(literal), [this, click] { (this->*click)(); }));
     return button;
 }
 
@@ -161,15 +157,10 @@ void FindWordForm::EnableButtons(bool enabled)
 
 void FindWordForm::btnFindNext_Click()
 {
-    if (!HasPlanner()) {
-        MsgBox(messages::NoPlanner.arg(QStringLiteral("\n")), msgbox::Information, messages::HelpWizard);
-        return;
-    }
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
     const ErrorTail tail(NextLiteral);
     ShowButton(m_btnFindNext, m_btnFindWithin);
-    SetMousePointer(mousepointer::Hourglass);
     const Found found = m_bHitWaits && !g_rsFind.IsNothing() ? Found::Hit : FindDay();
-    SetMousePointer(mousepointer::Default);
     if (found == Found::Nothing) EndSearch();
     if (found != Found::Hit) return;
     tail([&] {
@@ -183,23 +174,15 @@ void FindWordForm::EndSearch()
     EnableButtons(false);
 }
 
-// Empty where the key is none of a day that the calendar shows: memos above all.
-std::optional<FindWordForm::Day> FindWordForm::DayOf(const QString& key)
-{
-    const qsizetype slash = key.indexOf(u'/', 5);
-    if (slash < 0) return {};
-    const Day day = {key.left(4).toInt(), key.mid(5, slash - 5).toInt(), key.mid(slash + 1).toInt()};
-    return IsDayOfGrid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
-}
-
 FindWordForm::Found FindWordForm::FindDay()
 {
+    const Hourglass hourglass;
     // The word goes in as it was typed: what it holds of the pattern's signs acts as such.
     const QString criterion = QStringLiteral("[qmtText] LIKE '*") + m_tbFindWord->text() + QStringLiteral("*'");
     for (;;) {
         const Found found = FindRecord(criterion);
         if (found != Found::Hit) return found;
-        if (const auto day = DayOf(g_rsFind.Fields(DateField).toString())) {
+        if (const auto day = DayOfKey(g_rsFind.Fields(DateField).toString())) {
             m_hit = *day;
             return found;
         }
@@ -214,7 +197,6 @@ FindWordForm::Found FindWordForm::FindRecord(const QString& criterion)
         LogError(error, NextLiteral);
         if (error.Number == engineerrors::UnparsableCriterion || error.Number == engineerrors::NoCurrentRecord)
             return Found::Nothing;
-        SetMousePointer(mousepointer::Default);
         MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
         return Found::Failed;
     }
@@ -235,7 +217,7 @@ void FindWordForm::StepBack(const QString& criterion)
     m_bSearching = true;
 }
 
-bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& word, const Day& day)
+bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& word, const GridDay& day)
 {
     if (!ShowDay(day)) return false;
     ClearSelections();
@@ -244,7 +226,7 @@ bool FindWordForm::subGotoRecCalendar(const QByteArray& text, const QString& wor
     return true;
 }
 
-bool FindWordForm::ShowDay(const Day& day)
+bool FindWordForm::ShowDay(const GridDay& day)
 {
     const int mode = m_viewMode.GetViewMode();
     if (mode != ViewMode::Month && mode != ViewMode::Week) {
@@ -259,7 +241,7 @@ bool FindWordForm::ShowDay(const Day& day)
         if (mode == ViewMode::Week) m_redraw.subDisplayWeek();
     });
     if (!turned) return false;
-    if (const int cell = CellOf(day.day)) {
+    if (const int cell = m_cells.CellOfDay(CellsOf(mode), day.day)) {
         m_iCell = cell;
         FocusCell();
     }
@@ -273,15 +255,6 @@ void FindWordForm::FocusCell()
 {
     m_cells.tbDay(m_iCell).setFocus();
     if (g_iCurrentPanel != m_iCell) m_cells.EnterAgain();
-}
-
-int FindWordForm::CellOf(int day) const
-{
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell) {
-        if (m_cells.panelDay.Exists(cell) && Val(m_cells.panelDay(cell).Caption()) == day) return cell;
-    }
-    return 0;
 }
 
 int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
@@ -313,7 +286,8 @@ void FindWordForm::SelectNote()
 // The calendar may have been turned meanwhile, and the cell stand for another day.
 bool FindWordForm::ShowsHit() const
 {
-    return m_cells.Shows(m_iCell) && g_iYear == m_hit.year && g_iMonth == m_hit.month && CellOf(m_hit.day) == m_iCell;
+    return m_cells.Shows(m_iCell) && g_iYear == m_hit.year && g_iMonth == m_hit.month &&
+           m_cells.CellOfDay(CellsOf(m_viewMode.GetViewMode()), m_hit.day) == m_iCell;
 }
 
 void FindWordForm::btnFindWithin_Click()

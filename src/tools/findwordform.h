@@ -2,9 +2,9 @@
 // its note. Stays in front of the main window while the calendar is in use.
 #pragma once
 
-#include <QDialog>
+#include "calendar/moddate.h"
 
-#include <optional>
+#include <QDialog>
 
 class Cells;
 class QLineEdit;
@@ -32,12 +32,6 @@ protected:
     void done(int result) override;
 
 private:
-    struct Day
-    {
-        int year;
-        int month;
-        int day;
-    };
     enum class Found
     {
         Hit,
@@ -52,16 +46,14 @@ private:
     void ShowButton(QPushButton* shown, QPushButton* hidden);
     void EnableButtons(bool enabled);
 
-    static std::optional<Day> DayOf(const QString& key);
     Found FindDay();
     Found FindRecord(const QString& criterion);
     void StepBack(const QString& criterion);
     void EndSearch();
-    bool subGotoRecCalendar(const QByteArray& text, const QString& word, const Day& day);
-    bool ShowDay(const Day& day);
+    bool subGotoRecCalendar(const QByteArray& text, const QString& word, const GridDay& day);
+    bool ShowDay(const GridDay& day);
     void FocusCell();
     bool ShowsHit() const;
-    int CellOf(int day) const;
     int fnFindString(const QByteArray& text, const QString& word);
     void ClearSelections();
     void SelectNote();
@@ -78,5 +70,5 @@ private:
     bool m_bHitWaits = false;    // it could not be shown, since a locked day could not be stored
     int m_iPos = 0;              // of the last hit within the record's text as it is read, from 1; 0 is none
     int m_iCell = 0;             // that shows the hit's day
-    Day m_hit = {};
+    GridDay m_hit;
 };

@@ -4,14 +4,14 @@
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "platform/desktop/nativesize.h"
+#include "platform/runtime/durablefile.h"
 #include "platform/runtime/runtimeerror.h"
 #include "wallpaper/momentslook.h"
 
+#include <QBuffer>
 #include <QPainter>
-#include <QSaveFile>
 
 #include <optional>
-#include <unistd.h>
 
 namespace {
 // The client area as large as it is in a window that fills the work area, as long as this lives. The window itself
@@ -78,9 +78,8 @@ QImage CalendarPicture::Draw(int wallpaperSize) const
 
 void SaveBitmap(const QImage& image, const QString& path)
 {
-    QSaveFile file(path);
-    const bool isWritten = file.open(QIODevice::WriteOnly) && image.save(&file, "BMP") && file.flush();
-    // A drive may find out only now that it is full, and the commit does not ask.
-    if (!isWritten || ::fsync(file.handle()) != 0 || !file.commit())
-        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Cannot write %1: %2").arg(path, file.errorString())};
+    QBuffer bitmap;
+    QString reason;
+    if (!image.save(&bitmap, "BMP") || !WriteDurably(path, bitmap.data(), &reason))
+        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Cannot write %1: %2").arg(path, reason)};
 }

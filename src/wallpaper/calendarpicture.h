@@ -25,7 +25,7 @@ public:
 
     // Grid, headings and the month's title in the screen's own pixels, without what only the moment has: today's look,
     // caret, selection, the frame of the cell with the caret, the date difference. All of that is back when the call
-    // ends, however it ends.
+    // ends, however it ends; today's caption in the month's style, in the week view too.
     QImage Draw(int wallpaperSize) const;
 
 private:

@@ -2,13 +2,11 @@
 
 #include "appearance/panelstyle.h"
 #include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/cells.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
-#include "platform/runtime/language.h"
 #include "settings/settings.h"
 
 #include <QScrollBar>
@@ -19,10 +17,8 @@ SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
 {
     const QDate today = desktopclock::Now().date();
     if (g_iMonth != today.month() || g_iYear != today.year()) return nullptr;
-    for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
-        if (cells.Shows(cell) && Val(cells.panelDay(cell).Caption()) == today.day()) return &cells.panelDay(cell);
-    }
-    return nullptr;
+    const int cell = cells.CellOfDay(range, today.day());
+    return cell == 0 ? nullptr : &cells.panelDay(cell);
 }
 } // namespace
 
@@ -39,7 +35,7 @@ MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDat
     if (m_active) m_active->SetActive(false);
     m_today = TodaysPanel(cells, range);
     if (!m_today) return;
-    // The month's styles in the week view too, as the settings have no others for this.
+    // The month's styles in the week view too, here and at the end: the wallpaper knows no others.
     ApplyStyle(*m_today, ReadStyle(settings::DailyPanel));
     m_today->SetPaper(paper::Paper);
     m_today->SetFrame(QColor());

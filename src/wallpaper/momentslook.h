@@ -1,8 +1,6 @@
 // Takes out of the shown cells what a picture for later must not have, and puts it back at its own end.
 #pragma once
 
-#include <QList>
-#include <QPointer>
 #include <QTextCursor>
 
 class Cells;

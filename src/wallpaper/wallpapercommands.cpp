@@ -39,15 +39,6 @@ void Tell(const QString& text, const QString& title = messages::HelpWizard)
 {
     MsgBox(text, msgbox::Information, title);
 }
-
-// A hourglass until the end of a command.
-class Waiting
-{
-public:
-    Waiting() { SetMousePointer(mousepointer::Hourglass); }
-    ~Waiting() { SetMousePointer(mousepointer::Default); }
-    Q_DISABLE_COPY_MOVE(Waiting)
-};
 } // namespace
 
 WallpaperCommands::WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar,
@@ -61,7 +52,7 @@ bool WallpaperCommands::SetWallpaper(const QDeadlineTimer& until, QString& troub
     // While a desktop asks, a signal may end the program, which must not begin a second picture.
     if (m_isSetting) return false;
     const QScopedValueRollback setting(m_isSetting, true);
-    const Waiting hourglass;
+    const Hourglass hourglass;
     bool isSet = false;
     ErrorTail{QLatin1StringView(" in MainForm, fnSetWallpaper")}([&] {
         const QImage image = m_picture.Draw(Read(settings::WallpaperSize));
@@ -114,7 +105,7 @@ void WallpaperCommands::mnuUpdateWallpaper_Click()
 
 void WallpaperCommands::mnuPrevWallpaper_Click()
 {
-    const Waiting hourglass;
+    const Hourglass hourglass;
     const DesktopKeys previous = ReadPreviousKeys();
     WriteDesktopKeys(previous);
     if (ShowOnDesktop(previous.wallpaper, QDeadlineTimer(PersonsPatience)))

@@ -1,5 +1,7 @@
 #include "wallpaper/wallpaperform.h"
 
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
@@ -21,12 +23,9 @@ WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(QStringLiteral("WallpaperForm"));
     setWindowTitle(QStringLiteral("Customize Wallpaper"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(MakeFrame());
     column->addWidget(MakeOkCancel(*this));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ErrorTail{QLatin1StringView(" in WallpaperForm, Form_Load")}([this] { ShowSettings(); });
     CenterOnScreen(*this);
 }
@@ -56,8 +55,8 @@ QWidget* WallpaperForm::MakeUpdateFrame()
 {
     auto* frame = new QGroupBox(QStringLiteral("Automatic Update"));
     auto* column = new QVBoxLayout(frame);
-    m_chkAutoload = new QCheckBox(QStringLiteral("Check to update wallpaper automatically when program exits"));
-    m_chkAutoload->setObjectName(QStringLiteral("chkAutoload"));
+    m_chkAutoload = Named(new QCheckBox(QStringLiteral("Check to update wallpaper automatically when program exits")),
+                          "chkAutoload");
     column->addWidget(m_chkAutoload);
     return frame;
 }

@@ -195,8 +195,8 @@ void DayLock::AddTyped(UnsavedNotes& typed) const
 {
     const int cell = g_bDBShared ? HeldCell() : 0;
     if (cell == 0 || !m_cells.tbDay(cell).Modified()) return;
-    typed.Keep(g_sNotesFile, CellKey(m_cells.panelDay(cell).Caption()), m_cells.tbDay(cell).TextRTF(),
-               m_record.LockedText());
+    typed.Keep(g_sNotesFile, CellKey(m_cells.panelDay(cell).Caption()),
+               {m_cells.tbDay(cell).TextRTF(), m_record.LockedText(), {}});
 }
 
 void DayLock::tmUnLock_Timer()

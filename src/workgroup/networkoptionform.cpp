@@ -1,6 +1,8 @@
 #include "workgroup/networkoptionform.h"
 
 #include "hall/networkcontrols.h"
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop/centeronscreen.h"
@@ -17,15 +19,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
-void WriteText(const IntSetting& setting, const QString& text)
-{
-    WritePrivateProfileStringA(setting.section.toString(), setting.key.toString(), text,
-                               settings::PlannerIni.toString());
-}
-
 // A delay as it was typed goes into the file and counts at once; what is no number leaves the running delay as it is,
 // and the file gets the usual one.
 void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& seconds)
@@ -39,8 +34,7 @@ void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& se
 
 QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString& caption)
 {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(QString::fromLatin1(name));
+    auto* box = Named(new QCheckBox(caption), name);
     grid.addWidget(box, row, 0, 1, 3);
     return box;
 }
@@ -48,8 +42,7 @@ QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString
 QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString& label)
 {
     constexpr int Indent = 24, Width = 64;
-    auto* edit = new QLineEdit;
-    edit->setObjectName(QString::fromLatin1(name));
+    auto* edit = Named(new QLineEdit, name);
     edit->setFixedWidth(Width);
     auto* caption = new QLabel(label);
     caption->setIndent(Indent);
@@ -66,13 +59,10 @@ NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& netw
 {
     setObjectName(QStringLiteral("NetworkOptionForm"));
     setWindowTitle(QStringLiteral("Network Options"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this);
     column->addWidget(MakeFrame());
     column->addWidget(MakeServerFrame());
     column->addWidget(MakeOkCancel(*this, QStringLiteral("btnOK")));
-    column->setSizeConstraint(QLayout::SetFixedSize);
     ShowSettings();
     ShowServer();
     CenterOnScreen(*this);
@@ -95,15 +85,12 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     auto* frame = new QGroupBox(QStringLiteral("Workgroup Server"));
     auto* grid = new QGridLayout(frame);
     auto* caption = new QLabel(QStringLiteral("&Address:"));
-    m_txtServer = new QLineEdit;
-    m_txtServer->setObjectName(QStringLiteral("txtServer"));
+    m_txtServer = Named(new QLineEdit, "txtServer");
     m_txtServer->setMinimumWidth(AddressWidth);
     m_txtServer->setPlaceholderText(QStringLiteral("postgresql://user@host/database?planner=name"));
     caption->setBuddy(m_txtServer);
-    m_btnMove = new QPushButton(QStringLiteral("&Move to Server..."));
-    m_btnMove->setObjectName(QStringLiteral("btnMove"));
-    m_btnSaveToFile = new QPushButton(QStringLiteral("&Save to a File..."));
-    m_btnSaveToFile->setObjectName(QStringLiteral("btnSaveToFile"));
+    m_btnMove = Named(new QPushButton(QStringLiteral("&Move to Server...")), "btnMove");
+    m_btnSaveToFile = Named(new QPushButton(QStringLiteral("&Save to a File...")), "btnSaveToFile");
     grid->addWidget(caption, 0, 0);
     grid->addWidget(m_txtServer, 0, 1, 1, 3);
     grid->setColumnStretch(1, 1);
@@ -112,11 +99,14 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     connect(m_txtServer, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_btnMove->setEnabled(!m_txtServer->isReadOnly() && !text.trimmed().isEmpty());
     });
-    connect(m_btnMove, &QPushButton::clicked, this, [this] {
-        m_server.MoveToServer(m_txtServer->text().trimmed());
-        ShowServer();
-    });
-    connect(m_btnSaveToFile, &QPushButton::clicked, this, [this] { m_server.SaveToFile(); });
+    connect(m_btnMove, &QPushButton::clicked, this,
+            Guarded(QLatin1StringView(" in NetworkOptionsForm, btnMove_Click"), [this] {
+                m_server.MoveToServer(m_txtServer->text().trimmed());
+                ShowServer();
+            }));
+    connect(
+        m_btnSaveToFile, &QPushButton::clicked, this,
+        Guarded(QLatin1StringView(" in NetworkOptionsForm, btnSaveToFile_Click"), [this] { m_server.SaveToFile(); }));
     return frame;
 }
 

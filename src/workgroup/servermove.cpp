@@ -23,14 +23,13 @@ constexpr QLatin1StringView SaveLiteral(" in NetworkOptionsForm, btnSaveToFile_C
 std::optional<QString> Failure(QLatin1StringView literal, const std::function<void()>& work)
 {
     std::optional<QString> failure;
-    SetMousePointer(mousepointer::Hourglass);
+    const Hourglass hourglass;
     try {
         work();
     } catch (const RunTimeError& error) {
         LogError(error, literal);
         failure = error.Description;
     }
-    SetMousePointer(mousepointer::Default);
     return failure;
 }
 

@@ -46,6 +46,25 @@ private Q_SLOTS:
         QTEST(fnFormatDateKey(key), "shown");
     }
 
+    void OnlyKeysOfDaysAreRead_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("read");
+        QTest::newRow("day") << QStringLiteral("1999/12/31") << QStringLiteral("1999/12/31");
+        QTest::newRow("padded") << QStringLiteral("1999/07/04") << QStringLiteral("1999/7/4");
+        QTest::newRow("of the grid alone") << QStringLiteral("1900/2/29") << QStringLiteral("1900/2/29");
+        QTest::newRow("of no year's grid") << QStringLiteral("1999/2/29") << QString();
+        QTest::newRow("memo") << QStringLiteral("1999/7/Memo3") << QString();
+        QTest::newRow("no day") << QStringLiteral("1999/7") << QString();
+    }
+
+    void OnlyKeysOfDaysAreRead()
+    {
+        QFETCH(QString, key);
+        const auto day = DayOfKey(key);
+        QTEST(day ? KeyOf(*day) : QString(), "read");
+    }
+
     void EntryDatesAreValidated_data()
     {
         QTest::addColumn<QString>("entry");

@@ -64,10 +64,18 @@ private Q_SLOTS:
 
     void TenAreKeptOfEachPlanner()
     {
+        SetDay(4);
+        TypeAndSave(QStringLiteral("4"));
+        const QString first = Copies().first();
+        // Made while the clock stood wrong, and a copy of the person's own.
+        const QString toCome = QString(first).replace(QStringLiteral("1999-03-04"), QStringLiteral("2027-01-01"));
+        const QString own = QString(first).replace(QStringLiteral("1999-03-04"), QStringLiteral("a own"));
+        QVERIFY(QFile::copy(first, toCome) && QFile::copy(first, own));
         for (int day = 5; day <= 16; ++day) {
             SetDay(day);
             TypeAndSave(QString::number(day));
         }
+        QVERIFY(!QFile::exists(toCome) && QFile::remove(own));
         QCOMPARE(Days().size(), 10);
         QCOMPARE(Days().first(), QStringLiteral("notes 1999-03-07.mdb"));
         QDir().mkpath(m_program->folders.Path(QStringLiteral("elsewhere")));

@@ -4,6 +4,8 @@
 #include "failingstore.h"
 #include "plannerfile/recoveryform.h"
 #include "plannerfile/rescuefiles.h"
+#include "platform/controls/timer.h"
+#include "settings/settings.h"
 #include "workgroup/workgroupprogram.h"
 
 #include <QListWidget>
@@ -237,18 +239,80 @@ private Q_SLOTS:
         QVERIFY(Journalled().contains("old and new"));
     }
 
-    void ADamagedJournalIsLeftAlone()
+    void ADamagedJournalIsToldOfOnce()
     {
         StartTyping(false);
         QByteArray& journal = m_atTheCut[Folder() + QStringLiteral("/1.notes")];
         const QByteArray whole = journal;
+        int number = 0;
         for (const QByteArray& damaged : {whole.chopped(1), QByteArray(whole).replace("old", "odd"), QByteArray("x")}) {
             journal = damaged;
             StartAfterTheCut();
-            m_program->Open(m_program->File);
-            QCOMPARE(m_program->Box().Text(), QStringLiteral("old"));
-            QCOMPARE(Journalled(), damaged);
+            const QString aside = Folder() + QStringLiteral("/damaged-%1").arg(++number);
+            AnswerNextFileDialog(m_program->folders.Path(m_program->File));
+            Program::AnswerOpenAs(false);
+            SeenBox seen;
+            AnswerNextBox(msgbox::Ok, &seen);
+            m_program->Trigger("mnuOpen");
+            m_program->Activate();
+            QVERIFY2(seen.Text.contains(aside), qPrintable(seen.Text));
+            QCOMPARE(Content(aside), damaged);
+            QVERIFY(Journalled().isEmpty());
         }
+    }
+
+    void APlannerBehindAnotherPathGetsItsNotes_data()
+    {
+        QTest::addColumn<bool>("isMoved");
+        QTest::newRow("moved") << true;
+        QTest::newRow("through a link") << false;
+    }
+
+    void APlannerBehindAnotherPathGetsItsNotes()
+    {
+        QFETCH(bool, isMoved);
+        StartTyping(false);
+        StartAfterTheCut();
+        const QString path = m_program->folders.Path(m_program->File);
+        m_program->File = QStringLiteral("other.mdb");
+        const QString other = m_program->folders.Path(m_program->File);
+        QVERIFY(isMoved ? QFile::rename(path, other) : QFile::link(path, other));
+        AnswerNextFileDialog(other);
+        Program::AnswerOpenAs(false);
+        SeenBox seen;
+        if (isMoved) AnswerNextBox(msgbox::Yes, &seen);
+        OnNextModal<RecoveryForm>([](RecoveryForm& form) { Press(form, "btnOk"); });
+        m_program->Trigger("mnuOpen");
+        m_program->Activate();
+        QCOMPARE(seen.Text.contains(path), isMoved);
+        QCOMPARE(Stored(), QStringLiteral("old and new"));
+        QVERIFY(Journalled().isEmpty());
+    }
+
+    // The window of the start would cover the question, and no alarm come up behind it.
+    void AtTheStartItIsOfferedBehindIt()
+    {
+        StartTyping(false);
+        Write(settings::LoadCondition, 1);
+        Write(settings::LoadFilePath, m_program->folders.Path(m_program->File));
+        bool alarmsRun = false;
+        OnNextModal<RecoveryForm>([&](RecoveryForm& form) {
+            alarmsRun = m_program->form->findChild<Timer*>(QStringLiteral("tmAlarm"))->Enabled();
+            Press(form, "btnOk");
+        });
+        StartAfterTheCut();
+        QTRY_COMPARE(Stored(), QStringLiteral("old and new"));
+        QVERIFY(alarmsRun);
+    }
+
+    void WhereNothingCanBeKeptAsideItIsTold()
+    {
+        QDir(Folder()).removeRecursively();
+        SetContent(Folder(), "no folder");
+        m_program->Start();
+        m_program->Open(m_program->File);
+        m_program->Type(WorkgroupProgram::Cell, QStringLiteral("new"));
+        QTRY_VERIFY(m_program->Bottom().Caption().startsWith(QStringLiteral("What you type cannot be kept aside: ")));
     }
 };
 

@@ -85,7 +85,8 @@ private Q_SLOTS:
     void AServerNotSeenBeforeIsAskedAbout()
     {
         const QString address = TestServer::Get().Uri(m_planner);
-        WritePrivateProfileStringA(QStringLiteral("Known Servers"), DBEngine::ServerOf(address), QStringLiteral("0"),
+        const QString key = QString::fromLatin1(QUrl::toPercentEncoding(DBEngine::ServerOf(address), "/:"));
+        WritePrivateProfileStringA(QStringLiteral("Known Servers"), key, QStringLiteral("0"),
                                    settings::PlannerIni.toString());
         const auto sessions = [] {
             return TestServer::Get().Ask(
@@ -183,7 +184,7 @@ private Q_SLOTS:
         QFETCH(QString, said);
         m_program->LockAndType(QStringLiteral(" and mine"));
         TestServer& server = TestServer::Get();
-        if (broken == "cut") server.Cut(), QTest::qWait(20); // the program sees it
+        if (broken == "cut") server.Cut(), QTest::qWait(300); // the program sees it
         if (broken == "unnoticed") server.Cut();
         if (broken == "down") server.Stop(SIGQUIT);
         if (broken == "before") m_proxy->CutAt(CuttingProxy::BeforeWord);

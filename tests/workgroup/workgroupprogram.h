@@ -20,7 +20,7 @@ class WorkgroupProgram : public Program
 {
 public:
     static constexpr int Cell = 18;
-    const QString File = QStringLiteral("team.mdb");
+    QString File = QStringLiteral("team.mdb");
     const QString Key = QStringLiteral("1999/3/17");
 
     // An empty planner; on the server the file is its link. Its name there.

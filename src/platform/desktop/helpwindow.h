@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/desktop/helpbook.h"
-#include "platform/desktop/helpviewer.h"
+#include "platform/desktop/helpcommand.h"
 
 #include <QWidget>
 

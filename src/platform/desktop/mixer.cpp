@@ -1,7 +1,7 @@
 #include "platform/desktop/mixer.h"
 
 #include "platform/desktop/mixerlibrary.h"
-#include "platform/desktop/sound.h"
+#include "platform/desktop/sounderror.h"
 
 #include <utility>
 

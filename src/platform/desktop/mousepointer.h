@@ -1,6 +1,8 @@
 // The mouse pointer as one value that is set and set back, over the whole program.
 #pragma once
 
+#include <QtGlobal>
+
 namespace mousepointer {
 inline constexpr int Default = 0;
 inline constexpr int Hourglass = 11;
@@ -8,3 +10,12 @@ inline constexpr int Hourglass = 11;
 
 void SetMousePointer(int pointer);
 int MousePointer();
+
+// A hourglass until the end of its scope.
+class Hourglass
+{
+public:
+    Hourglass() { SetMousePointer(mousepointer::Hourglass); }
+    ~Hourglass() { SetMousePointer(mousepointer::Default); }
+    Q_DISABLE_COPY_MOVE(Hourglass)
+};

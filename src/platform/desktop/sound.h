@@ -2,24 +2,13 @@
 // program. The sound device is opened by the first play, and again by the next one if it was not there or went away.
 #pragma once
 
+#include "platform/desktop/sounderror.h"
+
 #include <QString>
 
 namespace sound {
 // How a wave plays. There is no other way than both together.
 inline constexpr unsigned Asynchronous = 1, NoDefault = 2;
-
-// What mciSendStringA answers; 0 is success.
-enum Error : int
-{
-    UnknownCommand = 1,
-    FileNotFound,
-    NotMidi,
-    TooLarge,
-    AlreadyOpen,
-    NotOpen,
-    NoDevice,
-    NotPlayable
-};
 
 // Ends all that plays and gives the device and the memory back; also the end of the application does.
 void Close();

@@ -1,7 +1,7 @@
 #include "platform/desktop/soundfile.h"
 
 #include "platform/desktop/filesystem.h"
-#include "platform/desktop/sound.h"
+#include "platform/desktop/sounderror.h"
 
 #include <QFile>
 #include <QFileInfo>

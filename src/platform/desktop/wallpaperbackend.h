@@ -1,9 +1,12 @@
 // One way to the desktop's ground. The ways stand in wallpaper.cpp in the order in which they are tried.
 #pragma once
 
-#include "platform/desktop/wallpaper.h"
+#include "platform/desktop/desktoppicture.h"
 
+#include <QDeadlineTimer>
 #include <QStringList>
+
+#include <optional>
 
 // Where the program runs, as the environment tells.
 struct DesktopSession

@@ -30,14 +30,14 @@ bool Database::IsNothing() const
 Recordset Database::OpenTable(const QString& name)
 {
     const auto& store = Live();
-    return Recordset(std::make_shared<Recordset::State>(store, store->Definition(name), Index()));
+    return Recordset(std::make_shared<RecordsetState>(store, store->Definition(name), Index()));
 }
 
 Recordset Database::CreateDynaset(const QString& name)
 {
     const auto& store = Live();
     const TableDef table = store->Definition(name);
-    return Recordset(std::make_shared<Recordset::State>(store, table, PrimaryIndex(table)));
+    return Recordset(std::make_shared<RecordsetState>(store, table, PrimaryIndex(table)));
 }
 
 void Database::Append(const TableDef& table)

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class Store;
+
 class Database
 {
 public:

@@ -41,9 +41,9 @@ void DeleteDatabase(const QString& path)
 
 AloneWith::AloneWith(const QString& path) : m_claim(OfKind(path, &StoreKind::Claim)(path)) {}
 
-void CompactDatabase(const QString& from, const QString& to, const std::vector<TableDef>& tables)
+QStringList CompactDatabase(const QString& from, const QString& to, const std::vector<TableDef>& tables)
 {
-    OfKind(from, &StoreKind::Compact)(from, to, tables);
+    return OfKind(from, &StoreKind::Compact)(from, to, tables);
 }
 
 QString ReplaceDatabase(const QString& scratch, const QString& target)

@@ -42,8 +42,8 @@ private:
 // does not, 3045 if anybody has `from` open, else the errors of OpenDatabase; 3343 where a full check of `from` finds
 // damage, since nothing may be left out in silence; 3026, 3043. After an error there is no `to`, and `from` is as it
 // was. A file of the older engine (docs/old-planners.md) is converted: of the given tables, the first of which makes it
-// a planner, all that are there.
-void CompactDatabase(const QString& from, const QString& to, const std::vector<TableDef>& tables = {});
+// a planner, all that are there; the names of the others are returned, of other planners none.
+QStringList CompactDatabase(const QString& from, const QString& to, const std::vector<TableDef>& tables = {});
 
 // Puts a planner that nobody has open, such as Compact makes, into the place of another and deletes it. The folders may
 // lie on different drives. The target keeps its mode and owner; whatever ends the program meanwhile, it is either the
@@ -68,7 +68,8 @@ void MoveToServer(const QString& path, const QString& uri);
 // Where a link leads, as MoveToServer takes it; empty for a planner that lies in its file. Nothing is connected. 3024,
 // 3343.
 QString LinkedAddress(const QString& path);
-QString ServerOf(const QString& uri); // host and port. 3343
+// Host and port, and how one logs in there: a link that asks for less protection leads to another server. 3343
+QString ServerOf(const QString& uri);
 
 // dbFreeLocks and dbRefreshCache: lets the engine see what others have committed. Never touches a pending edit.
 void Idle(int action);

@@ -113,31 +113,8 @@ void ToServer(const QString& path, const QString& uri)
     undo.dismiss();
 }
 
-void NewFile(const QString& path, const std::function<void(Store&)>& write)
-{
-    const QString fresh = path + QLatin1StringView(".new");
-    ScratchFile::Remove(fresh);
-    auto remove = qScopeGuard([&] {
-        ScratchFile::Remove(fresh);
-        Unlink(LockFileOf(fresh));
-    });
-    if (Exists(path))
-        throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
-    {
-        const std::shared_ptr<Store> file = sqlitefile::Create(fresh);
-        file->BeginWrite();
-        auto rollback = qScopeGuard([&] { file->Rollback(); });
-        write(*file);
-        rollback.dismiss();
-        file->Commit();
-    }
-    Sync(fresh);
-    RenameToFree(fresh, path);
-    SyncFolderOf(path);
-}
-
 void ToFile(Store& from, const QString& path)
 {
-    NewFile(path, [&](Store& file) { CopyAndCompare(from, file); });
+    sqlitefile::CreateFilled(path, [&](Store& file) { CopyAndCompare(from, file); });
 }
 } // namespace moving

@@ -4,15 +4,10 @@
 
 #include <QString>
 
-#include <functional>
-
 class Store;
 
 namespace moving {
 void ToServer(const QString& path, const QString& uri);
 QString LinkedAddress(const QString& path);
 void ToFile(Store& from, const QString& path);
-
-// Makes `path` a new planner file of what is written into it, in one transaction; where that fails, there is no `path`.
-void NewFile(const QString& path, const std::function<void(Store&)>& write);
 } // namespace moving

@@ -1,12 +1,14 @@
+#include "platform/engine/recordset.h"
+
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/recordsetstate.h"
 #include "platform/runtime/runtimeerror.h"
 
 Recordset::Recordset() = default;
 
-Recordset::Recordset(std::shared_ptr<State> state) : m_state(std::move(state)) {}
+Recordset::Recordset(std::shared_ptr<RecordsetState> state) : m_state(std::move(state)) {}
 
-Recordset::State& Recordset::Live() const
+RecordsetState& Recordset::Live() const
 {
     if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
     if (!m_state->store) engineerrors::RaiseClosed();
@@ -25,7 +27,7 @@ QString Recordset::Index() const
 
 void Recordset::SetIndex(const QString& name)
 {
-    State& state = Live();
+    RecordsetState& state = Live();
     state.SetIndex(name.isEmpty() ? ::Index() : IndexNamed(state.table, name));
 }
 
@@ -106,8 +108,8 @@ void Recordset::Update()
 
 void Recordset::CancelUpdate()
 {
-    State& state = Live();
-    if (state.pending == State::Pending::None) engineerrors::RaiseNoUpdatePending();
+    RecordsetState& state = Live();
+    if (state.pending == RecordsetState::Pending::None) engineerrors::RaiseNoUpdatePending();
     state.DropEdit();
 }
 
@@ -118,7 +120,7 @@ void Recordset::Delete()
 
 void Recordset::Close()
 {
-    State& state = Live();
+    RecordsetState& state = Live();
     state.DropEdit();
     state.store.reset();
 }

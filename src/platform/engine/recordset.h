@@ -26,7 +26,7 @@
 
 #include <memory>
 
-class Store;
+struct RecordsetState;
 
 class Recordset
 {
@@ -71,9 +71,8 @@ public:
 private:
     friend class Database;
     friend class ReadTransaction;
-    struct State;
-    explicit Recordset(std::shared_ptr<State> state);
-    State& Live() const;
+    explicit Recordset(std::shared_ptr<RecordsetState> state);
+    RecordsetState& Live() const;
 
-    std::shared_ptr<State> m_state;
+    std::shared_ptr<RecordsetState> m_state;
 };

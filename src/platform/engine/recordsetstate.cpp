@@ -25,24 +25,24 @@ using namespace engineerrors;
 }
 } // namespace
 
-Recordset::State::State(std::shared_ptr<Store> openStore, TableDef definition, const ::Index& order)
+RecordsetState::RecordsetState(std::shared_ptr<Store> openStore, TableDef definition, const Index& order)
     : store(std::move(openStore)), table(std::move(definition))
 {
     Use(order);
 }
 
-Recordset::State::~State()
+RecordsetState::~RecordsetState()
 {
     if (store) DropEdit();
 }
 
-void Recordset::State::SetIndex(const ::Index& order)
+void RecordsetState::SetIndex(const Index& order)
 {
     DropEdit();
     Use(order);
 }
 
-void Recordset::State::Use(const ::Index& order)
+void RecordsetState::Use(const Index& order)
 {
     index = order;
     m_keyField.reset();
@@ -51,12 +51,12 @@ void Recordset::State::Use(const ::Index& order)
     bof = eof = !Land(Look(From::First));
 }
 
-std::optional<Row> Recordset::State::Look(From from, const Criterion& criterion) const
+std::optional<Row> RecordsetState::Look(From from, const Criterion& criterion) const
 {
     return store->Find(table, index, from, m_place, criterion.Field, criterion.Pattern);
 }
 
-bool Recordset::State::Land(std::optional<Row> found)
+bool RecordsetState::Land(std::optional<Row> found)
 {
     if (!found) return false;
     m_row = std::move(*found);
@@ -67,7 +67,7 @@ bool Recordset::State::Land(std::optional<Row> found)
     return true;
 }
 
-void Recordset::State::Seek(const QString& comparison, const QVariant& key)
+void RecordsetState::Seek(const QString& comparison, const QVariant& key)
 {
     DropEdit();
     // Whatever fails from here on, no older record may be taken for the one that was sought.
@@ -80,7 +80,7 @@ void Recordset::State::Seek(const QString& comparison, const QVariant& key)
     noMatch = !Land(Look(From::AtKey));
 }
 
-void Recordset::State::MoveToEnd(From end)
+void RecordsetState::MoveToEnd(From end)
 {
     DropEdit();
     m_at = At::Nowhere;
@@ -89,7 +89,7 @@ void Recordset::State::MoveToEnd(From end)
     RaiseNoCurrentRecord();
 }
 
-void Recordset::State::Step(From direction)
+void RecordsetState::Step(From direction)
 {
     DropEdit();
     const bool forward = direction == From::After;
@@ -100,7 +100,7 @@ void Recordset::State::Step(From direction)
     StandAtEnd(direction);
 }
 
-void Recordset::State::StandAtEnd(From end)
+void RecordsetState::StandAtEnd(From end)
 {
     const bool empty = !Look(From::First);
     bof = empty || end == From::Before;
@@ -108,7 +108,7 @@ void Recordset::State::StandAtEnd(From end)
     m_at = empty ? At::Nowhere : eof ? At::Eof : At::Bof;
 }
 
-void Recordset::State::Find(From direction, const QString& text)
+void RecordsetState::Find(From direction, const QString& text)
 {
     DropEdit();
     noMatch = true;
@@ -118,45 +118,45 @@ void Recordset::State::Find(From direction, const QString& text)
     noMatch = !Land(direction == From::Last ? Look(From::Last, criterion) : LookPrevious(criterion));
 }
 
-std::optional<Row> Recordset::State::LookPrevious(const Criterion& criterion) const
+std::optional<Row> RecordsetState::LookPrevious(const Criterion& criterion) const
 {
     if (m_at == At::Nowhere || m_at == At::Bof) return {};
     return Look(m_at == At::Eof ? From::Last : From::Before, criterion);
 }
 
-const Row& Recordset::State::Current() const
+const Row& RecordsetState::Current() const
 {
     if (m_at == At::Deleted) RaiseDeleted();
     if (m_at != At::Record) RaiseNoCurrentRecord();
     return m_row;
 }
 
-void Recordset::State::Lock()
+void RecordsetState::Lock()
 {
     store->TryLock(table, m_row.id);
     m_locked = true;
 }
 
-void Recordset::State::ReleaseLock()
+void RecordsetState::ReleaseLock()
 {
     if (std::exchange(m_locked, false)) store->Unlock(table, m_row.id);
 }
 
-void Recordset::State::DropEdit()
+void RecordsetState::DropEdit()
 {
     pending = Pending::None;
     m_buffer.clear();
     ReleaseLock();
 }
 
-void Recordset::State::AddNew()
+void RecordsetState::AddNew()
 {
     DropEdit();
     m_buffer.assign(table.Fields.size(), QVariant());
     pending = Pending::Add;
 }
 
-void Recordset::State::Edit()
+void RecordsetState::Edit()
 {
     const qint64 id = Current().id;
     pending = Pending::None;
@@ -175,7 +175,7 @@ void Recordset::State::Edit()
     release.dismiss();
 }
 
-void Recordset::State::Update()
+void RecordsetState::Update()
 {
     if (pending == Pending::None) RaiseNoUpdatePending();
     if (pending == Pending::Change) return UpdateRecord();
@@ -184,7 +184,7 @@ void Recordset::State::Update()
     DropEdit();
 }
 
-void Recordset::State::UpdateRecord()
+void RecordsetState::UpdateRecord()
 {
     const bool borrowed = !m_locked;
     if (borrowed) Lock();
@@ -197,7 +197,7 @@ void Recordset::State::UpdateRecord()
     DropEdit();
 }
 
-void Recordset::State::Delete()
+void RecordsetState::Delete()
 {
     Current();
     pending = Pending::None;
@@ -207,13 +207,13 @@ void Recordset::State::Delete()
     m_at = At::Deleted;
 }
 
-const QVariant& Recordset::State::Value(const QString& name) const
+const QVariant& RecordsetState::Value(const QString& name) const
 {
     const std::size_t number = FieldNumber(table, name);
     return pending != Pending::None ? m_buffer[number] : Current().values[number];
 }
 
-void Recordset::State::SetValue(const QString& name, const QVariant& value)
+void RecordsetState::SetValue(const QString& name, const QVariant& value)
 {
     if (pending == Pending::None) RaiseNoUpdatePending();
     const std::size_t number = FieldNumber(table, name);

@@ -2,17 +2,17 @@
 #pragma once
 
 #include "platform/engine/like.h"
-#include "platform/engine/recordset.h"
 #include "platform/engine/store.h"
 
-struct Recordset::State
+struct RecordsetState
 {
-    State(std::shared_ptr<Store> openStore, TableDef definition, const ::Index& order); // stands on the first record
-    ~State(); // an edit's lock ends with its recordset
-    State(const State&) = delete;
-    State& operator=(const State&) = delete;
+    // Stands on the first record.
+    RecordsetState(std::shared_ptr<Store> openStore, TableDef definition, const Index& order);
+    ~RecordsetState(); // an edit's lock ends with its recordset
+    RecordsetState(const RecordsetState&) = delete;
+    RecordsetState& operator=(const RecordsetState&) = delete;
 
-    void SetIndex(const ::Index& order);
+    void SetIndex(const Index& order);
     void Seek(const QString& comparison, const QVariant& key);
     void MoveToEnd(From end);                            // First or Last
     void Step(From direction);                           // After or Before
@@ -45,7 +45,7 @@ struct Recordset::State
 
     std::shared_ptr<Store> store; // null when closed
     TableDef table;
-    ::Index index; // changed by SetIndex alone
+    Index index; // changed by SetIndex alone
     bool lockEdits = true;
     bool bof = false;
     bool eof = false;
@@ -57,8 +57,8 @@ private:
     std::optional<Row> LookPrevious(const Criterion& criterion) const;
     bool Land(std::optional<Row> found);
     void StandAtEnd(From end);
-    void Use(const ::Index& order); // and stand on its first record
-    const Row& Current() const;     // 3021, 3167
+    void Use(const Index& order); // and stand on its first record
+    const Row& Current() const;   // 3021, 3167
     void Lock();
     void ReleaseLock();
     void UpdateRecord();

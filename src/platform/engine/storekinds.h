@@ -18,7 +18,7 @@ struct StoreKind
     std::shared_ptr<Store> (*Open)(const QString& path, bool exclusive);
     void (*Delete)(const QString& path);
     std::shared_ptr<void> (*Claim)(const QString& path);
-    void (*Compact)(const QString& from, const QString& to, const std::vector<TableDef>& expected);
+    QStringList (*Compact)(const QString& from, const QString& to, const std::vector<TableDef>& expected);
     QString (*Replace)(const QString& scratch, const QString& target);
     RepairReport (*Repair)(const QString& path, const std::vector<TableDef>& tables);
     QString (*LinkedAddress)(const QString& path);

@@ -5,6 +5,7 @@
 #include "platform/runtime/language.h"
 
 #include <QPageLayout>
+#include <QRectF>
 
 #include <algorithm>
 #include <cmath>

@@ -5,6 +5,10 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QSize>
+#include <QTextFormat>
+
+// Of a picture's character: its whole group, {\pict ...} or {\object ...}, of 7-bit characters.
+inline constexpr int PictureSourceProperty = QTextFormat::UserProperty + 0x500;
 
 struct PictureData
 {

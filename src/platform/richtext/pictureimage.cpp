@@ -3,10 +3,8 @@
 #include "platform/richtext/boundedimage.h"
 #include "platform/richtext/metafile.h"
 #include "platform/richtext/picturegroup.h"
-#include "platform/richtext/rtfpicture.h"
 
 #include <QCache>
-#include <QTextImageFormat>
 
 #include <limits>
 

@@ -27,6 +27,8 @@ class RichTextBox : public QTextEdit
     Q_OBJECT
 
 public:
+    static constexpr int RightButton = 2; // as MouseDown tells it
+
     explicit RichTextBox(QWidget* parent = nullptr);
 
     QString Text() const; // lines end with "\n"; characters that stand for pictures are left out
@@ -99,7 +101,7 @@ Q_SIGNALS:
     // On a click this comes first, then MouseDown, then Click.
     void GotFocus();
     void Click();
-    void MouseDown(int button, const QPoint& globalPosition); // 1 left, 2 right, 4 middle
+    void MouseDown(int button, const QPoint& globalPosition); // 1 left, RightButton, 4 middle
     void MouseMove();
     void Change();
     void SelChange(); // caret and selection moves only, never a change of format

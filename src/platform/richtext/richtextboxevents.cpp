@@ -22,7 +22,7 @@ int ButtonNumber(Qt::MouseButton button)
     case Qt::LeftButton:
         return 1;
     case Qt::RightButton:
-        return 2;
+        return RichTextBox::RightButton;
     case Qt::MiddleButton:
         return 4;
     default:
@@ -161,7 +161,7 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
     if (event->reason() == QContextMenuEvent::Mouse) return;
-    Q_EMIT MouseDown(2, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+    Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
 }
 
 bool RichTextBox::AdmitsKey(const QString& text)
@@ -176,7 +176,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     // For keyboards without a menu key.
     if (event->keyCombination() == QKeyCombination(Qt::SHIFT, Qt::Key_F10)) {
-        Q_EMIT MouseDown(2, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+        Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
         return event->accept();
     }
     if (!AdmitsKey(CharacterOf(event))) return event->accept();

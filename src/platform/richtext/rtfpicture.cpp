@@ -1,7 +1,6 @@
 #include "platform/richtext/rtfpicture.h"
 
 #include "platform/desktop/twips.h"
-#include "platform/richtext/picturegroup.h"
 #include "platform/richtext/pictureimage.h"
 #include "platform/richtext/shownpictures.h"
 

@@ -2,15 +2,13 @@
 // one that cannot be drawn is shown as a frame of its size. Knows only QtGui.
 #pragma once
 
+#include "platform/richtext/picturegroup.h"
 #include "platform/richtext/rtftokenizer.h"
 
 #include <QByteArray>
 #include <QTextCharFormat>
 
 class QTextDocument;
-
-// A whole group of rich text, {\pict ...} or {\object ...}, of 7-bit characters.
-inline constexpr int PictureSourceProperty = QTextFormat::UserProperty + 0x500;
 
 inline constexpr int LeastPictureSide = 8; // of the picture as it is shown, in logical pixels
 inline constexpr int GreatestPictureSide = 4096;

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -65,4 +66,18 @@ void guard(QLatin1StringView literal, Step&& step)
     } catch (const RunTimeError& error) {
         LogError(error, literal);
     }
+}
+
+// An action under guard(), for a signal to be connected to. It takes what the signal brings, or nothing.
+template <typename Action>
+auto Guarded(QLatin1StringView literal, Action action)
+{
+    return [literal, action = std::move(action)](auto&&... arguments) {
+        guard(literal, [&] {
+            if constexpr (std::is_invocable_v<const Action&, decltype(arguments)...>)
+                action(std::forward<decltype(arguments)>(arguments)...);
+            else
+                action();
+        });
+    };
 }

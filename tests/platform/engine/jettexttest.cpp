@@ -43,7 +43,10 @@ private Q_SLOTS:
         QTest::newRow("Japanese") << 932 << QByteArray("\x93\xFA\x96\x7B") << QByteArray("日本");
         QTest::newRow("Thai") << 874 << QByteArray("\xA1") << QByteArray("ก");
         QTest::newRow("DOS") << 850 << QByteArray("\x82") << QByteArray("é");
-        QTest::newRow("an unknown page") << 12 << QByteArray("\xE9") << QByteArray("é");
+        QTest::newRow("an unknown page") << 12 << QByteArray("\xE9") << Missing;
+        QTest::newRow("an unknown page, plain") << 12 << QByteArray("e") << QByteArray("e");
+        QTest::newRow("not of the page") << 932 << QByteArray("\x93\xFA\x96\x20") << Missing;
+        QTest::newRow("half a Japanese letter") << 932 << QByteArray("\x93\xFA\x96") << Missing;
         QTest::newRow("rich text of bytes") << 1250 << rich << rich;
         QTest::newRow("pairs") << 0 << Wide(QStringLiteral("žluť 😀")) << QByteArray("žluť 😀");
         QTest::newRow("shortened") << 0

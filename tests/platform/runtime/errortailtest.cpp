@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
+
 class ErrorTailTest : public QObject
 {
     Q_OBJECT
@@ -47,6 +49,24 @@ private Q_SLOTS:
         QCOMPARE(Log(), QByteArray());
         QCOMPARE(g_iErrCount, std::int16_t{0});
         QVERIFY_EXCEPTION_THROWN(OpenErrorLog(m_folder.filePath(QStringLiteral("gone/planner.err"))), RunTimeError);
+    }
+
+    void WhatASignalRunsEndsThereToo()
+    {
+        auto sender = std::make_unique<QObject>();
+        const QObject* heard = nullptr;
+        connect(sender.get(), &QObject::destroyed, this,
+                Guarded(QLatin1StringView(" in MainForm, x"), [&](const QObject* gone) { heard = gone; }));
+        connect(sender.get(), &QObject::destroyed, this,
+                Guarded(QLatin1StringView(" in MainForm, y"), [] { Fail(91); }));
+        const QObject* const expected = sender.get();
+        sender.reset();
+        QCOMPARE(heard, expected);
+        QCOMPARE(Log(), QByteArray(" 1:it broke in MainForm, y\n"));
+
+        int counted = 3;
+        Guarded(QLatin1StringView(" in MainForm, z"), [](int& number) { ++number; })(counted); // not a copy
+        QCOMPARE(counted, 4);
     }
 
     void WithoutTheTrapErrorsTravel()

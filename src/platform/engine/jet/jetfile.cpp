@@ -3,11 +3,11 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jeterrors.h"
 #include "platform/engine/jet/jetrows.h"
-#include "platform/engine/moving.h"
 #include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
+#include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/engine/tablepages.h"
 #include "platform/runtime/runtimeerror.h"
@@ -54,6 +54,15 @@ void Compare(Store& to, JetRows&& from)
         throw RunTimeError{InputOutput, QStringLiteral("What was converted is not what was read back.")};
 }
 
+QStringList MissingIn(Store& file, const std::vector<TableDef>& expected)
+{
+    const QStringList names = file.TableNames();
+    QStringList missing;
+    for (const TableDef& table : expected)
+        if (!names.contains(table.Name)) missing += table.Name;
+    return missing;
+}
+
 // The older engine's users lock bytes of the same file of locks, all of them below ours. Who had it open when the new
 // planner takes its place would write into a file without a name.
 std::shared_ptr<ByteLocks> ClaimFromAll(const QString& planner)
@@ -78,20 +87,23 @@ bool IsJet(QByteArrayView head)
     return head.startsWith(Mark);
 }
 
-void Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected)
+QStringList Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected)
 {
     const struct stat before = StatusOfFile(from);
     const QString planner = RealPath(from), name = QFileInfo(from).fileName();
     const auto claim = ClaimFromAll(planner);
     if (!QFileInfo(planner).isWritable())
         throw RunTimeError{ReadOnlyFile, QStringLiteral("You have no permission to write '%1'.").arg(name)};
-    moving::NewFile(to, [&](Store& file) {
+    QStringList missing;
+    sqlitefile::CreateFilled(to, [&](Store& file) {
         Write(file, JetRows(planner, expected), name);
         Compare(file, JetRows(planner, expected));
         if (!IsSameState(before, StatusOf(planner)))
             throw RunTimeError{InUse,
                                QStringLiteral("Could not convert '%1'; another program has changed it.").arg(name)};
+        missing = MissingIn(file, expected);
     });
+    return missing;
 }
 
 QString Replace(const QString& scratch, const QString& target)

@@ -11,6 +11,6 @@ inline constexpr const char16_t* Refusal =
     u"'%1' is a file of the older database engine. Compact Database in the File menu converts it.";
 
 bool IsJet(QByteArrayView head);
-void Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected);
+QStringList Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected);
 QString Replace(const QString& scratch, const QString& target);
 } // namespace jetfile

@@ -6,7 +6,6 @@
 #include <algorithm>
 
 namespace {
-constexpr const char* FallbackPage = "windows-1252";
 constexpr QByteArrayView ShortenedMark("\xFF\xFE", 2);
 
 bool IsAscii(QByteArrayView bytes)
@@ -55,11 +54,11 @@ std::optional<QString> DecodeWide(QByteArrayView bytes)
     return text;
 }
 
-// Null where the page lacks something of it.
+// Null where the page lacks something of it. One that nobody knows lacks all.
 QByteArray Encoded(QStringView text, int codePage)
 {
     QStringEncoder encoder(NameOf(codePage).constData(), QStringEncoder::Flag::Stateless);
-    if (!encoder.isValid()) encoder = QStringEncoder(FallbackPage, QStringEncoder::Flag::Stateless);
+    if (!encoder.isValid()) return {};
     const QByteArray bytes = encoder.encode(text);
     return encoder.hasError() ? QByteArray() : bytes;
 }
@@ -90,8 +89,9 @@ std::optional<QString> DecodeJetText(QByteArrayView bytes, const JetEncoding& en
     if (encoding.IsJet4) return DecodeWide(bytes);
     if (IsAscii(bytes)) return QString::fromLatin1(bytes);
     QStringDecoder decoder(NameOf(encoding.CodePage).constData(), QStringDecoder::Flag::Stateless);
-    if (!decoder.isValid()) decoder = QStringDecoder(FallbackPage, QStringDecoder::Flag::Stateless);
-    return decoder.decode(bytes);
+    if (!decoder.isValid()) return {};
+    const QString text = decoder.decode(bytes);
+    return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
 std::optional<QByteArray> DecodeJetMemo(QByteArrayView bytes, const JetEncoding& encoding)

@@ -108,7 +108,11 @@ QString PlannerAddress::Uri() const
 QString PlannerAddress::Server() const
 {
     const QString host = m_values.value(QStringLiteral("host"), QStringLiteral("localhost"));
-    return host.toLower() + u':' + m_values.value(QStringLiteral("port"), QStringLiteral("5432"));
+    QString server = host.toLower() + u':' + m_values.value(QStringLiteral("port"), QStringLiteral("5432"));
+    for (const QString& name : {QStringLiteral("user"), QStringLiteral("sslmode"), QStringLiteral("sslrootcert")}) {
+        if (m_values.contains(name)) server += u' ' + name + u'=' + m_values.value(name);
+    }
+    return server;
 }
 
 QString PlannerAddress::Planner() const

@@ -78,7 +78,7 @@ void RefuseExisting(const QString& to)
 } // namespace
 
 namespace compacting {
-void Compact(const QString& from, const QString& to, const std::vector<TableDef>&)
+QStringList Compact(const QString& from, const QString& to, const std::vector<TableDef>&)
 {
     RefuseExisting(to);
     const struct stat status = StatusOfFile(from);
@@ -94,6 +94,7 @@ void Compact(const QString& from, const QString& to, const std::vector<TableDef>
     Sync(fresh.Path());
     RenameToFree(fresh.Path(), to);
     SyncFolderOf(to);
+    return {};
 }
 
 void CopyWhole(const QString& planner, const QString& to)

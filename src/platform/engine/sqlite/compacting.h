@@ -4,7 +4,7 @@
 #include "platform/engine/tabledef.h"
 
 namespace compacting {
-void Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected);
+QStringList Compact(const QString& from, const QString& to, const std::vector<TableDef>& expected);
 QString Replace(const QString& scratch, const QString& target);
 
 // Copies a planner that nobody has open into an existing file, and looks at all of the copy. 3343, 3026, 3043.

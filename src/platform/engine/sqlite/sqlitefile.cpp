@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqlitefile.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/runtime/runtimeerror.h"
@@ -70,6 +71,28 @@ std::shared_ptr<Store> Create(const QString& path)
     auto store = std::make_shared<SqliteStore>(real, false, SqliteStore::File::Empty);
     remove.dismiss();
     return store;
+}
+
+void CreateFilled(const QString& path, const std::function<void(Store&)>& write)
+{
+    const QString fresh = path + QLatin1StringView(".new");
+    ScratchFile::Remove(fresh);
+    auto remove = qScopeGuard([&] {
+        ScratchFile::Remove(fresh);
+        Unlink(LockFileOf(fresh));
+    });
+    if (Exists(path)) RaiseFileExists(path);
+    {
+        const std::shared_ptr<Store> file = Create(fresh);
+        file->BeginWrite();
+        auto rollback = qScopeGuard([&] { file->Rollback(); });
+        write(*file);
+        rollback.dismiss();
+        file->Commit();
+    }
+    Sync(fresh);
+    RenameToFree(fresh, path);
+    SyncFolderOf(path);
 }
 
 std::shared_ptr<void> Claim(const QString& path)

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class Store;
@@ -12,6 +13,8 @@ class Store;
 namespace sqlitefile {
 std::shared_ptr<Store> Open(const QString& path, bool exclusive);
 std::shared_ptr<Store> Create(const QString& path);
+// Makes `path` a new planner file of what is written into it, in one transaction; where that fails, there is no `path`.
+void CreateFilled(const QString& path, const std::function<void(Store&)>& write);
 void Delete(const QString& path);
 std::shared_ptr<void> Claim(const QString& path); // nobody can open it while the result lives
 } // namespace sqlitefile

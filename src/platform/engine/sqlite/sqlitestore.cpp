@@ -262,12 +262,12 @@ void SqliteStore::Rollback()
     m_connection->Rollback();
 }
 
-// Every look-up reads the file as it is; there is nothing to be fetched ahead.
 void SqliteStore::BackUp(const QString& path)
 {
     CopyOnline(*m_connection, m_path, path);
 }
 
+// Every look-up reads the file as it is; there is nothing to be fetched ahead.
 void SqliteStore::Refresh() {}
 
 void SqliteStore::Close()

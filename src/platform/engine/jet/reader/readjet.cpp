@@ -103,17 +103,29 @@ MdbTableDef* Find(MdbHandle& file, char* name, int kind)
     return table;
 }
 
-// A table that the catalog has lost would pass for one that was never there.
+// A table that the catalog has lost would pass for one that was never there. What the library makes of the catalog, it
+// leaves in its handle.
 void CheckCatalog(MdbHandle& file)
 {
     std::array name = std::to_array("MSysObjects");
     MdbTableDef* catalog = Find(file, name.data(), MDB_ANY);
-    if (!catalog || !Table(file, *catalog).EachRow([](auto) {})) RefuseDamaged(file);
+    if (!catalog || !Table(file, *catalog).EachRow([](auto) {}) || file.num_catalog < catalog->num_rows)
+        RefuseDamaged(file);
+    for (unsigned int i = 0; i < file.num_catalog; ++i)
+        if (static_cast<const MdbCatalogEntry*>(g_ptr_array_index(file.catalog, i))->object_name[0] == '\0')
+            RefuseDamaged(file);
+}
+
+// The library has one answer for a table that is not there and for one that it cannot read.
+bool IsInCatalog(MdbHandle& file, const char* name)
+{
+    return mdb_read_catalog(&file, MDB_ANY) && mdb_get_catalogentry_by_name(&file, name);
 }
 
 void SendTable(MdbHandle& file, char* name)
 {
     MdbTableDef* found = Find(file, name, MDB_TABLE);
+    if (!found && IsInCatalog(file, name)) RefuseDamaged(file);
     if (!found) return;
     Table table(file, *found);
     table.SendDefinition();
@@ -150,6 +162,8 @@ MdbHandle& Open()
     // The library loads its tables of characters here, and looks at nothing of the file but the head.
     MdbHandle* file = mdb_open_buffer(bytes, size, MDB_NOFLAGS);
     if (!file || file->f->jet_version > MDB_VER_JET4) Refuse(jetstream::Unreadable);
+    // The engine writes whole pages: the file has been cut.
+    if (size % static_cast<std::size_t>(file->fmt->pg_size) != 0) Refuse(jetstream::Damaged);
     if (!GiveUpTheSystem()) Refuse(jetstream::Unprotected);
     return *file;
 }

@@ -1,0 +1,17 @@
+// The outermost layout of a small dialog.
+#pragma once
+
+#include <QDialog>
+#include <QVBoxLayout>
+
+// What stands one below the other. The dialog is as large as that needs, so that no window manager offers to maximise
+// it.
+inline QVBoxLayout* DialogColumn(QDialog& dialog)
+{
+    constexpr int Gap = 16;
+    auto* column = new QVBoxLayout(&dialog);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
+    column->setSpacing(Gap);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    return column;
+}
