@@ -3,6 +3,8 @@
 #include "platform/profile/profile.h"
 #include "settings/settings.h"
 
+#include <algorithm>
+
 namespace {
 const QString WinIni = QStringLiteral("WIN.INI");
 const QString Section = QStringLiteral("Desktop");
@@ -14,6 +16,13 @@ const QString StyleKey = QStringLiteral("WallpaperStyle");
 DesktopKeys DesktopKeys::Of(const DesktopPicture& picture)
 {
     return {picture.Path, picture.Fit == wallpaper::Fit::Tiled ? 1 : 0, int(picture.Fit)};
+}
+
+DesktopPicture DesktopKeys::Picture() const
+{
+    using wallpaper::Fit;
+    if (tileWallPaper == 1) return {wallpaper, Fit::Tiled};
+    return {wallpaper, Fit(std::clamp(style, int(Fit::Centered), int(Fit::Spanned)))};
 }
 
 DesktopKeys ReadDesktopKeys()

@@ -10,6 +10,7 @@ struct DesktopKeys
     int style;         // a wallpaper::Fit, for what is not repeated
 
     static DesktopKeys Of(const DesktopPicture& picture);
+    DesktopPicture Picture() const; // a style that there is not counts as the nearest one
 };
 
 DesktopKeys ReadDesktopKeys();

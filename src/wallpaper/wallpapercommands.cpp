@@ -22,7 +22,8 @@ constexpr int ExitsPatience = 2000;
 bool ShowOnDesktop(const QString& wallpaper, const QDeadlineTimer& until)
 {
     constexpr int SetDeskWallpaper = 20, UpdateAndTellAll = 3;
-    return SystemParametersInfoA(SetDeskWallpaper, 0, wallpaper, UpdateAndTellAll, until);
+    const DesktopPicture picture = {wallpaper, ReadDesktopKeys().Picture().Fit};
+    return SystemParametersInfoA(SetDeskWallpaper, 0, picture, UpdateAndTellAll, until);
 }
 
 // Each planner has a picture of its own.

@@ -38,7 +38,7 @@ public:
     int Font3D() const { return m_font3D; } // 0 flat, 1 and 2 raised light and heavy, 3 and 4 inset light and heavy
     void SetFont3D(int effect);
 
-    // The caption's font. Setting one part leaves the others. Size in points.
+    // The caption's font, as a whole.
     QFont CaptionFont() const { return m_font; }
     void SetCaptionFont(const QFont& font);
 

@@ -1,7 +1,7 @@
 #include "platform/desktop/commondialog.h"
 
+#include "platform/desktop/execmodal.h"
 #include "platform/desktop/filesystem.h"
-#include "platform/desktop/mousepointer.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -95,10 +95,7 @@ bool CommonDialog::ShowOpen()
     dialog->setDirectory(FirstFolder({InitDir, m_lastFolder, documents}));
     if (QFileInfo(FileName).isFile()) dialog->selectFile(FileName);
     Enlarge(*dialog);
-    const int pointer = MousePointer();
-    SetMousePointer(mousepointer::Default);
-    const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
-    SetMousePointer(pointer);
+    const bool accepted = ExecModal(*dialog) == QDialog::Accepted && dialog;
     if (accepted) Take(*dialog, filters);
     delete dialog;
     RaiseIfCancelled(accepted);

@@ -1,6 +1,6 @@
 #include "platform/desktop/msgbox.h"
 
-#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/execmodal.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -125,10 +125,7 @@ int MsgBox(const QString& text, int style, const QString& title, const QString& 
     Fill(*box, text, style, title);
     box->setInformativeText(Breakable(secondText));
     if (SplashIsUp()) box->setWindowFlag(Qt::WindowStaysOnTopHint);
-    const int pointer = MousePointer();
-    SetMousePointer(mousepointer::Default); // the person is to choose now, not to wait
-    const int pressed = box->exec();
-    SetMousePointer(pointer);
+    const int pressed = ExecModal(*box);
     delete box;
     return AnswerOf(pressed, ButtonSetOf(style).Escape);
 }

@@ -6,6 +6,9 @@
 #include <QCoreApplication>
 #include <QHash>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 struct Sound
 {
@@ -41,8 +44,9 @@ int PlaySequence(const QString& path)
 
 int CloseSequence(const QString& path)
 {
-    if (!TheSound().Open.remove(path)) return sound::NotOpen;
-    if (TheSound().Played == path) TheSound().Device.StopMusic();
+    if (!TheSound().Open.contains(path)) return sound::NotOpen;
+    if (TheSound().Played == path) TheSound().Device.StopMusic(); // before its bytes go
+    TheSound().Open.remove(path);
     return 0;
 }
 
@@ -53,6 +57,21 @@ constexpr struct
 } commands[] = {{QLatin1StringView("open "), QLatin1StringView(" type sequencer"), OpenSequence},
                 {QLatin1StringView("play "), QLatin1StringView(""), PlaySequence},
                 {QLatin1StringView("close "), QLatin1StringView(""), CloseSequence}};
+
+constexpr struct ErrorText
+{
+    int Error;
+    const char16_t* Text;
+} texts[] = {{sound::UnknownCommand, u"The sound system does not know this command."},
+             {sound::FileNotFound, u"The tune's file cannot be found or read."},
+             {sound::NotMidi, u"The file is damaged or holds no music in the MIDI format."},
+             {sound::TooLarge, u"The file is too large to be played as a tune."},
+             {sound::AlreadyOpen, u"This tune is already open."},
+             {sound::NotOpen, u"This tune is not open."},
+             {sound::NoDevice, u"There is no sound device, or it cannot be used now."}};
+constexpr const char16_t* NotPlayableText =
+    u"The music cannot be played. Its instruments may be missing: they come with "
+    u"the package timgm6mb-soundfont. Or there is too little memory.";
 } // namespace
 
 bool sndPlaySoundA(const QString& path, unsigned flags)
@@ -74,27 +93,9 @@ int mciSendStringA(const QString& command)
 
 QString mciGetErrorStringA(int error)
 {
-    switch (error) {
-    case 0:
-        return {};
-    case sound::UnknownCommand:
-        return QStringLiteral("The sound system does not know this command.");
-    case sound::FileNotFound:
-        return QStringLiteral("The tune's file cannot be found or read.");
-    case sound::NotMidi:
-        return QStringLiteral("The file is damaged or holds no music in the MIDI format.");
-    case sound::TooLarge:
-        return QStringLiteral("The file is too large to be played as a tune.");
-    case sound::AlreadyOpen:
-        return QStringLiteral("This tune is already open.");
-    case sound::NotOpen:
-        return QStringLiteral("This tune is not open.");
-    case sound::NoDevice:
-        return QStringLiteral("There is no sound device, or it cannot be used now.");
-    default:
-        return QStringLiteral("The music cannot be played. Its instruments may be missing: they come with the package "
-                              "timgm6mb-soundfont. Or there is too little memory.");
-    }
+    if (error == 0) return {};
+    const auto known = std::ranges::find(texts, error, &ErrorText::Error);
+    return QString::fromUtf16(known == std::end(texts) ? NotPlayableText : known->Text);
 }
 
 void sound::Close()

@@ -1,6 +1,6 @@
 #include "platform/desktop/systemprinter.h"
 
-#include "platform/desktop/mousepointer.h"
+#include "platform/desktop/execmodal.h"
 
 #include <QChildEvent>
 #include <QComboBox>
@@ -94,10 +94,7 @@ bool Ask(QPrintDialog* made)
     // The dialog goes with its owner if the program ends behind it.
     const QPointer<QPrintDialog> dialog = made;
     dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    const int pointer = MousePointer();
-    SetMousePointer(mousepointer::Default);
-    const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
-    SetMousePointer(pointer);
+    const bool accepted = ExecModal(*dialog) == QDialog::Accepted && dialog;
     delete dialog;
     return accepted;
 }

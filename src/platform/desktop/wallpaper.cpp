@@ -1,7 +1,6 @@
 #include "platform/desktop/wallpaper.h"
 
 #include "platform/desktop/wallpaperbackend.h"
-#include "platform/profile/profile.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -15,8 +14,6 @@ namespace {
 constexpr int SetDeskWallpaper = 20;
 constexpr int LongestWait = 2000; // milliseconds, for all that is no person
 constexpr int KillTime = 100;     // until a killed command is gone
-const QString WinIni = QStringLiteral("WIN.INI");
-const QString Section = QStringLiteral("Desktop");
 
 // In the order in which they are tried. A desktop's own settings come before the portal, which may ask and cannot
 // clear. So does the root where nothing lies over it: there a portal writes the settings of a desktop that does not
@@ -48,13 +45,6 @@ Backends WaysOf(const DesktopSession& session)
 QDeadlineTimer Sooner(const QDeadlineTimer& until)
 {
     return std::min(until, QDeadlineTimer(LongestWait));
-}
-
-wallpaper::Fit StoredFit()
-{
-    if (GetPrivateProfileIntA(Section, QStringLiteral("TileWallPaper"), 0, WinIni) == 1) return wallpaper::Fit::Tiled;
-    const int stored = GetPrivateProfileIntA(Section, QStringLiteral("WallpaperStyle"), 0, WinIni);
-    return wallpaper::Fit(std::clamp(stored, int(wallpaper::Fit::Centered), int(wallpaper::Fit::Spanned)));
 }
 
 // A desktop that is told the path that it has already keeps the picture that it has loaded.
@@ -90,12 +80,12 @@ std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until)
     return ways.empty() ? std::nullopt : ways.front()->Present(session, Sooner(until));
 }
 
-bool SystemParametersInfoA(int action, int, const QString& picture, int, const QDeadlineTimer& until)
+bool SystemParametersInfoA(int action, int, const DesktopPicture& picture, int, const QDeadlineTimer& until)
 {
-    if (action != SetDeskWallpaper || IsMissingFile(picture)) return false;
+    if (action != SetDeskWallpaper || IsMissingFile(picture.Path)) return false;
     const DesktopSession session = DesktopSession::Present();
     for (const WallpaperBackend* way : WaysOf(session)) {
-        const WallpaperAnswer answer = ShowAnew(*way, session, {picture, StoredFit()}, until);
+        const WallpaperAnswer answer = ShowAnew(*way, session, picture, until);
         if (answer != WallpaperAnswer::Failed) return answer == WallpaperAnswer::Done;
     }
     return false;

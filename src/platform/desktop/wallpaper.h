@@ -11,8 +11,8 @@
 // What the desktop shows now; empty where that cannot be told.
 std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until);
 
-// Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. How it is
-// laid out stands in WIN.INI, section "Desktop", under TileWallPaper (1 tiles) and else under WallpaperStyle. False if
+// Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. False if
 // the desktop did not take it, or if a person who was asked refused; nobody is asked for longer than until the
 // deadline, and nothing else takes longer than two seconds.
-bool SystemParametersInfoA(int action, int parameter, const QString& picture, int flags, const QDeadlineTimer& until);
+bool SystemParametersInfoA(int action, int parameter, const DesktopPicture& picture, int flags,
+                           const QDeadlineTimer& until);

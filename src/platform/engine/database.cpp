@@ -1,6 +1,7 @@
 #include "platform/engine/database.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/moving.h"
 #include "platform/engine/recordsetstate.h"
 #include "platform/runtime/runtimeerror.h"
@@ -17,7 +18,7 @@ Database::Database(std::shared_ptr<Store> store) : m_state(std::make_shared<Stat
 const std::shared_ptr<Store>& Database::Live() const
 {
     if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
-    if (!m_state->store) throw RunTimeError{engineerrors::Closed, QStringLiteral("Object is closed.")};
+    if (!m_state->store) engineerrors::RaiseClosed();
     return m_state->store;
 }
 

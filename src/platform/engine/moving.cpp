@@ -4,6 +4,7 @@
 #include "platform/engine/postgres/plannerlink.h"
 #include "platform/engine/postgres/postgresstore.h"
 #include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -58,16 +59,6 @@ void CopyAndCompare(Store& from, Store& to)
     Compare(from, to);
 }
 
-QString FreeBackupOf(const QString& planner)
-{
-    const bool hasExtension = planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
-    const QString stem = hasExtension ? planner.chopped(4) : planner;
-    QString name = stem + QLatin1StringView(".bak");
-    for (int number = 2; Exists(name); ++number)
-        name = stem + QStringLiteral(".bak%1").arg(number);
-    return name;
-}
-
 // The old planner is whole under its own name or the other one at any moment.
 void ReplaceByLink(const QString& planner, const QByteArray& linkText)
 {
@@ -87,7 +78,8 @@ void ReplaceByLink(const QString& planner, const QByteArray& linkText)
 namespace moving {
 QString LinkedAddress(const QString& path)
 {
-    return KindOf(path).Open == plannerlink::Open ? plannerlink::Read(path).Uri() : QString();
+    const auto address = KindOf(path).LinkedAddress;
+    return address ? address(path) : QString();
 }
 
 void ToServer(const QString& path, const QString& uri)

@@ -1,6 +1,6 @@
 #include "platform/engine/recordset.h"
 
-#include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/recordsetstate.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -11,7 +11,7 @@ Recordset::Recordset(std::shared_ptr<RecordsetState> state) : m_state(std::move(
 RecordsetState& Recordset::Live() const
 {
     if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
-    if (!m_state->store) throw RunTimeError{engineerrors::Closed, QStringLiteral("Object is closed.")};
+    if (!m_state->store) engineerrors::RaiseClosed();
     return *m_state;
 }
 
@@ -109,9 +109,7 @@ void Recordset::Update()
 void Recordset::CancelUpdate()
 {
     RecordsetState& state = Live();
-    if (state.pending == RecordsetState::Pending::None)
-        throw RunTimeError{engineerrors::NoUpdatePending,
-                           QStringLiteral("Update or CancelUpdate without AddNew or Edit.")};
+    if (state.pending == RecordsetState::Pending::None) engineerrors::RaiseNoUpdatePending();
     state.DropEdit();
 }
 

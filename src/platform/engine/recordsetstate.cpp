@@ -1,6 +1,7 @@
 #include "platform/engine/recordsetstate.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QScopeGuard>
@@ -16,11 +17,6 @@ using namespace engineerrors;
 [[noreturn]] void RaiseNoCurrentRecord()
 {
     Raise(NoCurrentRecord, QStringLiteral("No current record."));
-}
-
-[[noreturn]] void RaiseNoUpdatePending()
-{
-    Raise(NoUpdatePending, QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
 }
 
 [[noreturn]] void RaiseDeleted()
@@ -173,8 +169,7 @@ void RecordsetState::Edit()
         m_at = At::Deleted;
         RaiseDeleted();
     }
-    if (fresh->values != m_row.values)
-        Raise(DataChanged, QStringLiteral("Data has changed; operation stopped. Another user has saved this record."));
+    if (fresh->values != m_row.values) RaiseDataChanged();
     m_buffer = m_row.values;
     pending = Pending::Change;
     release.dismiss();

@@ -21,6 +21,7 @@ struct StoreKind
     QStringList (*Compact)(const QString& from, const QString& to, const std::vector<TableDef>& expected);
     QString (*Replace)(const QString& scratch, const QString& target);
     RepairReport (*Repair)(const QString& path, const std::vector<TableDef>& tables);
+    QString (*LinkedAddress)(const QString& path);
 };
 
 // By the file's first bytes, whatever its name. What nobody recognises counts as a damaged planner in a file, whose

@@ -62,7 +62,7 @@ void QMTPrn32::qmtPrintDOW(const QString& caption, const CaptionLook& look)
         m_page->headings.push_back({caption.trimmed(), look});
 }
 
-PageCell* QMTPrn32::Cell(int view, int position)
+PageCell* QMTPrn32::OpenCell(int view, int position)
 {
     if (!m_page) return nullptr;
     m_page->rows = view == CalendarPage::WeekView ? 1 : 5;
@@ -72,17 +72,17 @@ PageCell* QMTPrn32::Cell(int view, int position)
 
 void QMTPrn32::qmtPrintBoxes(int view, int position)
 {
-    if (PageCell* cell = Cell(view, position)) cell->hasBox = true;
+    if (PageCell* cell = OpenCell(view, position)) cell->hasBox = true;
 }
 
 void QMTPrn32::qmtPrintBody(const QString&, int view, int position)
 {
-    if (PageCell* cell = Cell(view, position)) cell->note.reset(m_tbPrint->document()->clone());
+    if (PageCell* cell = OpenCell(view, position)) cell->note.reset(m_tbPrint->document()->clone());
 }
 
 void QMTPrn32::qmtPrintDate(const QString& caption, const CaptionLook& look, int view, int position)
 {
-    if (PageCell* cell = Cell(view, position)) cell->date = {caption.trimmed(), look};
+    if (PageCell* cell = OpenCell(view, position)) cell->date = {caption.trimmed(), look};
 }
 
 void QMTPrn32::qmtPrintMonth(const QString& caption, const CaptionLook& look)

@@ -35,7 +35,7 @@ public:
     void TellTrouble() override;
 
 private:
-    PageCell* Cell(int view, int position); // null without a job, or for no cell of the view
+    PageCell* OpenCell(int view, int position); // the page has the view now; null without a job, or for no cell of it
     bool Draw(QPrinter& printer);
     bool DrawFile(QPrinter& printer);
 

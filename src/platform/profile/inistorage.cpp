@@ -1,5 +1,6 @@
 #include "platform/profile/inistorage.h"
 
+#include "platform/runtime/descriptor.h"
 #include "platform/runtime/durablefile.h"
 
 #include <QDeadlineTimer>
@@ -10,27 +11,10 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 constexpr qint64 LargestFile = 64 * 1024 * 1024;
 constexpr int LongestWait = 2000; // milliseconds
-
-class Descriptor
-{
-public:
-    Descriptor(const QString& path, int flags) : m_number(::open(QFile::encodeName(path).constData(), flags, 0666)) {}
-    ~Descriptor()
-    {
-        if (m_number >= 0) ::close(m_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Number() const { return m_number; }
-
-private:
-    int m_number;
-};
 
 // The bytes of the lock file that are locked. Who waits for the turn holds the queue, so that a process which writes
 // without a pause cannot come in between again and again.
@@ -39,12 +23,7 @@ constexpr off_t Queue = 1;
 
 int SetLock(const Descriptor& file, short type, off_t byte)
 {
-    struct flock lock = {};
-    lock.l_type = type;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = byte;
-    lock.l_len = 1;
-    return ::fcntl(file.Number(), F_OFD_SETLK, &lock) == 0 ? 0 : errno;
+    return file.Lock(type, byte) ? 0 : errno;
 }
 
 // Asks again and again instead of F_OFD_SETLKW, which a stopped process could hold up for ever.
@@ -64,7 +43,7 @@ bool WaitFor(const Descriptor& file, off_t byte, const QDeadlineTimer& until)
 bool Lock(const Descriptor& file)
 {
     const QDeadlineTimer until(LongestWait);
-    if (file.Number() < 0 || !WaitFor(file, Queue, until) || !WaitFor(file, Turn, until)) return false;
+    if (!file.IsOpen() || !WaitFor(file, Queue, until) || !WaitFor(file, Turn, until)) return false;
     SetLock(file, F_UNLCK, Queue);
     return true;
 }
@@ -102,7 +81,7 @@ std::optional<QByteArray> inistorage::Read(const QString& path)
 bool inistorage::Change(const QString& path, const std::function<std::optional<QByteArray>(const QByteArray&)>& change)
 {
     const QString target = Resolved(path);
-    const Descriptor lockFile(target + QStringLiteral(".lock"), O_RDWR | O_CREAT | O_CLOEXEC);
+    const Descriptor lockFile(target + QStringLiteral(".lock"), O_RDWR | O_CREAT, 0666);
     if (!Lock(lockFile)) return false;
     const std::optional<QByteArray> before = Read(target);
     const std::optional<QByteArray> after = before ? change(*before) : std::nullopt;

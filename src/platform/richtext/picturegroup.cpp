@@ -1,5 +1,6 @@
 #include "platform/richtext/picturegroup.h"
 
+#include "platform/desktop/twips.h"
 #include "platform/richtext/boundedimage.h"
 #include "platform/richtext/rtftokenizer.h"
 
@@ -52,7 +53,7 @@ QByteArray ToPictureGroup(const QByteArray& file, QSize pixels, QSize shown)
     const auto write = [&group](const char* word, int number) { group += word + QByteArray::number(number); };
     write("\\picw", pixels.width());
     write("\\pich", pixels.height());
-    write("\\picwgoal", shown.width() * TwipsInPixel);
-    write("\\pichgoal", shown.height() * TwipsInPixel);
+    write("\\picwgoal", shown.width() * TwipsPerPixel);
+    write("\\pichgoal", shown.height() * TwipsPerPixel);
     return group + ' ' + file.toHex() + '}';
 }

@@ -10,8 +10,6 @@
 // Of a picture's character: its whole group, {\pict ...} or {\object ...}, of 7-bit characters.
 inline constexpr int PictureSourceProperty = QTextFormat::UserProperty + 0x500;
 
-inline constexpr int TwipsInPixel = 15; // logical ones
-
 struct PictureData
 {
     enum Kind : quint8

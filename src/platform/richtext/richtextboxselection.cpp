@@ -1,4 +1,5 @@
 #include "platform/richtext/richtextbox.h"
+#include "platform/richtext/rtfformat.h"
 #include "platform/richtext/selectionformat.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -6,7 +7,7 @@
 #include <array>
 
 namespace {
-constexpr double LargestFont = 1638; // points; the largest that other programs read
+constexpr double LargestFont = RtfCharacter::MaximumHalfPoints / 2.0; // points
 constexpr std::array<Qt::Alignment, 3> Alignments{Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
                                                   Qt::AlignHCenter};
 

@@ -5,7 +5,7 @@
 #include <QByteArrayView>
 #include <QString>
 
-inline constexpr int AnsiCodePage = 1252;
+inline constexpr int AnsiCodePage = 1252, MacCodePage = 10000, PcCodePage = 437, PcMultilingualCodePage = 850;
 
 // The code page of a font's character set; 0 where the set leaves it to the document.
 int CodePageOfCharset(int charset);

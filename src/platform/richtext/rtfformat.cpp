@@ -1,5 +1,8 @@
 #include "platform/richtext/rtfformat.h"
 
+#include "platform/desktop/twips.h"
+#include "platform/richtext/selectionformat.h"
+
 #include <QBrush>
 #include <QFont>
 #include <QHash>
@@ -12,18 +15,16 @@
 
 namespace {
 
-constexpr double TwipsInPixel = 15;
 constexpr double LineUnits = 240; // of one line, where the spacing counts lines
-constexpr int MaximumSpacing = 31680;
 
-double ToPixels(int twips)
+double PixelsOf(int twips)
 {
-    return twips / TwipsInPixel;
+    return double(twips) / TwipsPerPixel;
 }
 
-int ToTwips(double pixels)
+int TwipsOf(double pixels)
 {
-    return qRound(std::clamp(pixels, -1e6, 1e6) * TwipsInPixel);
+    return qRound(std::clamp(pixels, -1e6, 1e6) * TwipsPerPixel);
 }
 
 struct BlockMeasure
@@ -65,7 +66,7 @@ void SetLineHeight(QTextBlockFormat& format, const RtfParagraph& paragraph)
     if (paragraph.isLineMultiple)
         format.setLineHeight(std::abs(spacing) * 100 / LineUnits, QTextBlockFormat::ProportionalHeight);
     else
-        format.setLineHeight(ToPixels(std::abs(spacing)),
+        format.setLineHeight(PixelsOf(std::abs(spacing)),
                              spacing > 0 ? QTextBlockFormat::MinimumHeight : QTextBlockFormat::FixedHeight);
 }
 
@@ -76,35 +77,27 @@ void TakeLineHeight(RtfParagraph& paragraph, const QTextBlockFormat& format)
     paragraph.isLineMultiple = type == QTextBlockFormat::ProportionalHeight;
     const int spacing = paragraph.isLineMultiple ? qRound(std::clamp(height, 0.0, 1e6) * LineUnits / 100)
                         : type == QTextBlockFormat::MinimumHeight || type == QTextBlockFormat::FixedHeight
-                            ? ToTwips(height)
+                            ? TwipsOf(height)
                             : 0;
-    paragraph.lineSpacing = std::clamp(spacing, 0, MaximumSpacing);
+    paragraph.lineSpacing = std::clamp(spacing, 0, RtfParagraph::Furthest);
     if (type == QTextBlockFormat::FixedHeight) paragraph.lineSpacing = -paragraph.lineSpacing;
     if (paragraph.lineSpacing == 0) paragraph.isLineMultiple = false;
 }
 
 int HalfPointsOf(const QTextCharFormat& format, const QFont& font)
 {
-    constexpr double PointsInPixel = 0.75;
-    double points = format.fontPointSize();
-    if (points <= 0) points = format.property(QTextFormat::FontPixelSize).toDouble() * PointsInPixel;
-    if (points <= 0) points = font.pointSizeF();
-    if (points <= 0) points = font.pixelSize() * PointsInPixel;
-    return std::clamp(qRound(points * 2), 1, RtfCharacter::MaximumHalfPoints);
+    const double points = std::min(FontSize(format, font), RtfCharacter::MaximumHalfPoints / 2.0);
+    return std::max(qRound(points * 2), 1);
 }
 
 RtfStyles StylesOf(const QTextCharFormat& format, const QFont& font)
 {
-    const auto has = [&](int property, bool ofFormat, bool ofFont) {
-        return format.hasProperty(property) ? ofFormat : ofFont;
-    };
     const int capitals =
         format.hasProperty(QTextFormat::FontCapitalization) ? format.fontCapitalization() : font.capitalization();
     RtfStyles styles;
-    styles.setFlag(RtfStyle::Bold, has(QTextFormat::FontWeight, format.fontWeight() >= QFont::DemiBold,
-                                       font.weight() >= QFont::DemiBold));
-    styles.setFlag(RtfStyle::Italic, has(QTextFormat::FontItalic, format.fontItalic(), font.italic()));
-    styles.setFlag(RtfStyle::StrikeOut, has(QTextFormat::FontStrikeOut, format.fontStrikeOut(), font.strikeOut()));
+    styles.setFlag(RtfStyle::Bold, IsBold(format, font));
+    styles.setFlag(RtfStyle::Italic, IsItalic(format, font));
+    styles.setFlag(RtfStyle::StrikeOut, IsStruckThrough(format, font));
     styles.setFlag(RtfStyle::AllCaps, capitals == QFont::AllUppercase);
     styles.setFlag(RtfStyle::SmallCaps, capitals == QFont::SmallCaps);
     return styles;
@@ -117,9 +110,7 @@ quint8 UnderlineOf(const QTextCharFormat& format, const QFont& font)
         const bool isKept = kind < std::size(RtfUnderlines) && RtfUnderlines[kind].style == format.underlineStyle();
         return static_cast<quint8>(isKept ? kind : static_cast<std::size_t>(format.underlineStyle()));
     }
-    const bool isUnderlined =
-        format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : font.underline();
-    return isUnderlined ? QTextCharFormat::SingleUnderline : QTextCharFormat::NoUnderline;
+    return IsUnderlined(format, font) ? QTextCharFormat::SingleUnderline : QTextCharFormat::NoUnderline;
 }
 
 QRgb ColorOf(const QBrush& brush)
@@ -179,19 +170,19 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
     if (paragraph.isRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
     SetAlignment(format, paragraph);
     for (const auto [property, measure] : BlockMeasures)
-        if (paragraph.measures[measure]) format.setProperty(property, ToPixels(paragraph.measures[measure]));
+        if (paragraph.measures[measure]) format.setProperty(property, PixelsOf(paragraph.measures[measure]));
     SetLineHeight(format, paragraph);
     if (paragraph.tabs.isEmpty()) return format;
     QList<QTextOption::Tab> tabs = paragraph.tabs;
     for (QTextOption::Tab& tab : tabs)
-        tab.position /= TwipsInPixel;
+        tab.position /= TwipsPerPixel;
     format.setTabPositions(tabs);
     return format;
 }
 
 QString FamilyOf(const QTextCharFormat& format, const QFont& font)
 {
-    const QString family = format.fontFamilies().toStringList().value(0, font.family());
+    const QString family = FontName(format, font);
     return family.isEmpty() ? NamelessFamily.toString() : family;
 }
 
@@ -216,11 +207,11 @@ RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)
     paragraph.alignment = AlignmentOf(format);
     for (const auto [property, measure] : BlockMeasures) {
         const auto [least, most] = RtfParagraph::Limits[measure];
-        paragraph.measures[measure] = std::clamp(ToTwips(format.doubleProperty(property)), least, most);
+        paragraph.measures[measure] = std::clamp(TwipsOf(format.doubleProperty(property)), least, most);
     }
     TakeLineHeight(paragraph, format);
     paragraph.tabs = format.tabPositions().mid(0, RtfParagraph::MaximumTabs);
     for (QTextOption::Tab& tab : paragraph.tabs)
-        tab.position = std::clamp(ToTwips(tab.position), 0, RtfParagraph::Furthest);
+        tab.position = std::clamp(TwipsOf(tab.position), 0, RtfParagraph::Furthest);
     return paragraph;
 }

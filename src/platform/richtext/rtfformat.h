@@ -50,7 +50,7 @@ inline constexpr int RtfRiseProperty = QTextFormat::UserProperty + 0x502;      /
 struct RtfCharacter
 {
     static constexpr int DefaultHalfPoints = 24;
-    static constexpr int MaximumHalfPoints = 3276;
+    static constexpr int MaximumHalfPoints = 3276; // the largest that other programs read
 
     int font = -1; // place in a table of families; -1 before any is chosen
     int link = -1; // place in a table of addresses; -1 where there is none

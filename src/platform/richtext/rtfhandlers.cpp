@@ -1,6 +1,7 @@
 // What the control words do.
 #include "platform/richtext/rtfinterpreter.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfreading.h"
 #include "platform/richtext/rtfsymbols.h"
 
 #include <QTextDocument>
@@ -76,8 +77,7 @@ void RtfInterpreter::PutUnit(char16_t unit)
 
 void RtfInterpreter::SetFallbackLength(int, const RtfToken& word)
 {
-    constexpr int Longest = 255;
-    m_state.fallbackLength = std::clamp(word.ParameterOr(1), 0, Longest);
+    m_state.fallbackLength = std::clamp(word.ParameterOr(1), 0, RtfLongestFallback);
 }
 
 void RtfInterpreter::EndParagraph(int, const RtfToken&)

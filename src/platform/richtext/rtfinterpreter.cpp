@@ -2,19 +2,13 @@
 
 #include "platform/richtext/rtffield.h"
 #include "platform/richtext/rtfpicture.h"
+#include "platform/richtext/rtfreading.h"
 #include "platform/richtext/rtfsymbols.h"
 
 #include <QTextDocument>
 
 #include <algorithm>
 #include <utility>
-
-namespace {
-
-// Deeper groups share the state of this depth: what they set leaks out, but they cost nothing.
-constexpr std::size_t MaximumDepth = 1000;
-
-} // namespace
 
 RtfInterpreter::RtfInterpreter(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
     : m_tokenizer(rtf),
@@ -67,7 +61,7 @@ void RtfInterpreter::OpenGroup()
     m_skip = 0;
     m_isIgnorable = false;
     m_isGroupStart = true;
-    if (m_outer.size() < MaximumDepth)
+    if (m_outer.size() < RtfMaximumDepth)
         m_outer.push_back(m_state);
     else
         ++m_depthBeyond;
@@ -121,15 +115,16 @@ void RtfInterpreter::DoSymbol(char symbol)
         int argument;
     };
     constexpr Meaning Meanings[] = {
-        {'~', &RtfInterpreter::PutCharacter, 0xA0},   {'-', &RtfInterpreter::PutCharacter, 0xAD},
-        {'_', &RtfInterpreter::PutCharacter, 0x2011}, {'\t', &RtfInterpreter::PutCharacter, '\t'},
-        {'\r', &RtfInterpreter::EndParagraph, 0},     {'\n', &RtfInterpreter::EndParagraph, 0},
+        {'\t', &RtfInterpreter::PutCharacter, '\t'},
+        {'\r', &RtfInterpreter::EndParagraph, 0},
+        {'\n', &RtfInterpreter::EndParagraph, 0},
     };
     if (symbol == '*') m_isIgnorable = isGroupStart;
     if (m_skip > 0) {
         --m_skip;
         return;
     }
+    if (const char16_t sign = RtfSignOf(symbol)) return PutCharacter(sign, {});
     const auto known = std::ranges::find(Meanings, symbol, &Meaning::symbol);
     if (known != std::end(Meanings)) (this->*known->handler)(known->argument, {});
 }

@@ -1,5 +1,6 @@
 #include "platform/richtext/rtfpicture.h"
 
+#include "platform/desktop/twips.h"
 #include "platform/richtext/pictureimage.h"
 #include "platform/richtext/shownpictures.h"
 
@@ -153,7 +154,7 @@ QSizeF Copier::Size() const
 double Copier::Side(const char* goal, const char* plain, const char* scale, double otherwise) const
 {
     const double unit = m_numbers.contains("wmetafile") || m_numbers.contains("emfblip") ? MetricInPixel : 1;
-    const double goalPixels = double(m_numbers.value(goal)) / TwipsInPixel;
+    const double goalPixels = double(m_numbers.value(goal)) / TwipsPerPixel;
     const double plainPixels = m_numbers.value(plain) / unit;
     const double pixels = goalPixels > 0 ? goalPixels : plainPixels > 0 ? plainPixels : otherwise;
     const int percent = m_numbers.value(scale, 100);

@@ -4,6 +4,7 @@
 #include "platform/richtext/rtffonts.h"
 #include "platform/richtext/rtfinterpreter.h"
 #include "platform/richtext/rtfreader.h"
+#include "platform/richtext/rtfreading.h"
 #include "platform/richtext/rtfsymbols.h"
 #include "platform/richtext/rtftokenizer.h"
 
@@ -12,9 +13,6 @@
 #include <vector>
 
 namespace {
-constexpr std::size_t MaximumDepth = 1000;
-constexpr int LongestFallback = 255;
-
 bool IsAscii(char32_t character)
 {
     return character < 0x80;
@@ -23,21 +21,6 @@ bool IsAscii(char32_t character)
 bool HasHighByte(QByteArrayView bytes)
 {
     return std::ranges::any_of(bytes, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
-}
-
-// The signs that stand behind a backslash alone.
-char16_t SignOf(char symbol)
-{
-    switch (symbol) {
-    case '~':
-        return 0xA0;
-    case '_':
-        return 0x2011;
-    case '-':
-        return 0xAD;
-    default:
-        return 0;
-    }
 }
 
 class Viewer
@@ -114,7 +97,7 @@ void Viewer::View(const RtfToken& token, QByteArrayView raw)
 void Viewer::Open()
 {
     m_skip = 0;
-    if (m_outer.size() < MaximumDepth)
+    if (m_outer.size() < RtfMaximumDepth)
         m_outer.push_back(m_state);
     else
         ++m_depthBeyond;
@@ -190,7 +173,7 @@ void Viewer::ViewSymbol(char symbol, QByteArrayView raw)
 {
     if (symbol == '*') m_state.isFontName = false;
     if (SkipsOne()) return;
-    if (const char16_t sign = SignOf(symbol))
+    if (const char16_t sign = RtfSignOf(symbol))
         m_text += QChar(sign);
     else
         Put(raw);
@@ -257,13 +240,13 @@ void Viewer::Obey(const RtfToken& word)
         {"falt", [](Viewer& viewer, int) { viewer.m_state.isFontName = false; }},
         {"plain", [](Viewer& viewer, int) { viewer.m_state.font = -1; }},
         {"uc",
-         [](Viewer& viewer, int number) { viewer.m_state.fallbackLength = std::clamp(number, 0, LongestFallback); }},
+         [](Viewer& viewer, int number) { viewer.m_state.fallbackLength = std::clamp(number, 0, RtfLongestFallback); }},
         {"deff", [](Viewer& viewer, int number) { viewer.m_fonts.SetDefault(number); }},
         {"ansicpg", page},
         {"ansi", [](Viewer& viewer, int) { page(viewer, AnsiCodePage); }},
-        {"mac", [](Viewer& viewer, int) { page(viewer, 10000); }},
-        {"pc", [](Viewer& viewer, int) { page(viewer, 437); }},
-        {"pca", [](Viewer& viewer, int) { page(viewer, 850); }},
+        {"mac", [](Viewer& viewer, int) { page(viewer, MacCodePage); }},
+        {"pc", [](Viewer& viewer, int) { page(viewer, PcCodePage); }},
+        {"pca", [](Viewer& viewer, int) { page(viewer, PcMultilingualCodePage); }},
     };
     const auto row = std::ranges::find(rows, word.bytes, &Row::name);
     if (row != std::end(rows)) row->act(*this, word.ParameterOr(row->name == QByteArrayView("uc") ? 1 : 0));
@@ -285,7 +268,7 @@ bool MayBe(RtfTokenizer code, char32_t folded)
 {
     const RtfToken token = code.Next();
     if (token.kind == RtfToken::Hex) return true;
-    if (token.kind == RtfToken::Symbol) return SignOf(token.bytes[0]) == folded;
+    if (token.kind == RtfToken::Symbol) return RtfSignOf(token.bytes[0]) == folded;
     if (token.kind != RtfToken::Word) return false;
     return token.IsWord("u") ? IsUnitOf(token.parameter, folded) : RtfInterpreter::CharacterOf(token.bytes) == folded;
 }

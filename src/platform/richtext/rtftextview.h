@@ -1,5 +1,5 @@
 // Rich text as it is stored, codes and all, but with the characters that stand there in code: a word is found as a
-// person types it, whichever program wrote the note. Knows only QtCore.
+// person types it, whichever program wrote the note. Knows only QtGui.
 #pragma once
 
 #include "platform/engine/textview.h"

@@ -52,8 +52,9 @@ bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont)
 
 bool IsUnderlined(const QTextCharFormat& format, const QFont& defaultFont)
 {
-    if (!format.hasProperty(QTextFormat::TextUnderlineStyle)) return defaultFont.underline();
-    return format.underlineStyle() != QTextCharFormat::NoUnderline;
+    if (format.hasProperty(QTextFormat::TextUnderlineStyle))
+        return format.underlineStyle() != QTextCharFormat::NoUnderline;
+    return format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : defaultFont.underline();
 }
 
 bool IsStruckThrough(const QTextCharFormat& format, const QFont& defaultFont)
@@ -69,10 +70,9 @@ QString FontName(const QTextCharFormat& format, const QFont& defaultFont)
 
 double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
 {
-    if (format.hasProperty(QTextFormat::FontPointSize)) return format.fontPointSize();
-    if (format.hasProperty(QTextFormat::FontPixelSize)) {
-        return format.intProperty(QTextFormat::FontPixelSize) * PointsPerPixel;
-    }
+    if (format.fontPointSize() > 0) return format.fontPointSize();
+    const double pixels = format.property(QTextFormat::FontPixelSize).toDouble();
+    if (pixels > 0) return pixels * PointsPerPixel;
     const int step = format.intProperty(QTextFormat::FontSizeAdjustment); // 0 is the size around it
     const int last = int(RelativeSizes.size()) - 1;
     return PointSize(defaultFont) * RelativeSizes[std::size_t(std::clamp(step + NormalSize, 0, last))];

@@ -9,16 +9,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace {
-void SyncFolder(const QString& folder)
-{
-    const int number = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (number < 0) return;
-    ::fsync(number);
-    ::close(number);
-}
-} // namespace
-
 bool WriteDurably(const QString& path, const QByteArray& bytes, QString* reason)
 {
     QSaveFile file(path);
@@ -31,22 +21,14 @@ bool WriteDurably(const QString& path, const QByteArray& bytes, QString* reason)
     }
     written = written && file.commit();
     if (!written && reason) *reason = file.errorString();
-    if (written) SyncFolder(QFileInfo(path).path());
+    if (written) Descriptor(QFileInfo(path).path(), O_RDONLY | O_DIRECTORY).Sync();
     return written;
 }
 
 std::unique_ptr<FileLock> FileLock::Try(const QString& path)
 {
-    const int number = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (number < 0) return nullptr;
-    if (::flock(number, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        ::close(number);
-        return nullptr;
-    }
-    return std::unique_ptr<FileLock>(new FileLock(number));
-}
-
-FileLock::~FileLock()
-{
-    ::close(m_number);
+    Descriptor file(path, O_RDWR | O_CREAT, 0600);
+    if (!file.IsOpen()) return nullptr;
+    if (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return nullptr;
+    return std::unique_ptr<FileLock>(new FileLock(std::move(file)));
 }

@@ -1,6 +1,8 @@
 // Files that are on the disk whole or not at all, and locks on files that end with their holder.
 #pragma once
 
+#include "platform/runtime/descriptor.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -19,11 +21,8 @@ public:
     // Nothing while somebody else, this program included, has it, and where the file cannot be opened for writing. A
     // drive without locks gives it to everybody.
     static std::unique_ptr<FileLock> Try(const QString& path);
-    ~FileLock();
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
 
 private:
-    explicit FileLock(int number) : m_number(number) {}
-    int m_number;
+    explicit FileLock(Descriptor file) : m_file(std::move(file)) {}
+    Descriptor m_file;
 };

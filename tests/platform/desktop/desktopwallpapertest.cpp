@@ -1,7 +1,6 @@
 #include "fakedesktop.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/wallpaper.h"
-#include "platform/profile/profile.h"
 #include "privatebus.h"
 #include "support.h"
 #include "virtualscreen.h"
@@ -118,16 +117,12 @@ class DesktopWallpaperTest : public QObject
     TemporaryFolders m_folders;
     QString m_picture;
 
-    static bool Show(const QString& picture, int patience = 20000)
+    static bool Show(const QString& picture, int patience = 20000, wallpaper::Fit fit = wallpaper::Fit::Centered)
     {
-        return SystemParametersInfoA(20, 0, picture, 3, QDeadlineTimer(patience));
+        return SystemParametersInfoA(20, 0, {picture, fit}, 3, QDeadlineTimer(patience));
     }
+    static bool ShowLaidOut(const QString& picture, wallpaper::Fit fit) { return Show(picture, 20000, fit); }
     static std::optional<DesktopPicture> Present() { return PresentWallpaper(QDeadlineTimer(20000)); }
-    static void WriteDesktop(const char* key, const QString& value)
-    {
-        WritePrivateProfileStringA(QStringLiteral("Desktop"), QString::fromLatin1(key), value,
-                                   QStringLiteral("WIN.INI"));
-    }
 
 public:
     explicit DesktopWallpaperTest(PlayedBus& bus) : m_bus(bus) {}
@@ -149,8 +144,6 @@ private Q_SLOTS:
         Played::code = 0;
         Played::scripts.clear();
         Played::taken.clear();
-        for (const char* key : {"TileWallPaper", "WallpaperStyle"})
-            WriteDesktop(key, QStringLiteral("0"));
     }
     void cleanup() { qunsetenv("FLATPAK_ID"); }
 
@@ -196,8 +189,7 @@ private Q_SLOTS:
         QVERIFY(Show(m_picture));
         QVERIFY(fake.Calls().contains(fits[2])); // or the desktop would keep what it has
         QCOMPARE(*Present(), DesktopPicture{m_picture});
-        WriteDesktop("WallpaperStyle", QStringLiteral("4"));
-        QVERIFY(Show(m_picture));
+        QVERIFY(ShowLaidOut(m_picture, wallpaper::Fit::Zoomed));
         QCOMPARE(fake.Kept(fitKey), fits[0]);
 
         QVERIFY(Show(wallpaper::None));
@@ -307,8 +299,7 @@ private Q_SLOTS:
         QCOMPARE(seen.pixelColor(seen.rect().center()), QColor(Qt::red));
         QCOMPARE(seen.pixelColor(seen.rect().center() + QPoint(12, 0)), QColor(Qt::black)); // not stretched, not tiled
         QVERIFY(!Present()); // whose it is cannot be told
-        WriteDesktop("WallpaperStyle", QStringLiteral("2"));
-        QVERIFY(Show(m_picture));
+        QVERIFY(ShowLaidOut(m_picture, wallpaper::Fit::Stretched));
         QVERIFY(root.Pixmap() != first);
         QCOMPARE(root.SizeOf(first), QSize());
         QCOMPARE(root.Picture(root.Pixmap()).pixelColor(1, 1), QColor(Qt::red));

@@ -1,6 +1,6 @@
 #include "platform/engine/postgres/openmodes.h"
 
-#include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 
 #include <algorithm>
 #include <map>
@@ -25,8 +25,7 @@ void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString
         own += QString::number(open->m_connection.Process());
     const QString holder = advisorylocks::HolderOf(m_connection, planner, own);
     Leave();
-    throw RunTimeError{engineerrors::InUse,
-                       QStringLiteral("Could not use '%1'; file already in use by %2.").arg(shownName, holder)};
+    engineerrors::RaiseInUse(shownName, holder);
 }
 
 void OpenMode::Leave()

@@ -1,6 +1,7 @@
 #include "platform/engine/postgres/postgresconnection.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/postgres/postgreserrors.h"
 #include "platform/engine/postgres/postgresvalues.h"
 #include "platform/engine/postgres/sessionname.h"
@@ -12,6 +13,8 @@
 #include <pqxx/errorhandler>
 #include <pqxx/nontransaction>
 #include <pqxx/prepared_statement>
+
+#include <stdexcept>
 
 namespace {
 using namespace engineerrors;
@@ -170,6 +173,8 @@ auto PostgresConnection::Translated(Step&& step)
         throw Spoiling(RolledBackError(m_writing, m_name));
     } catch (const pqxx::failure&) {
         throw Lost(); // what the library says of it helps nobody
+    } catch (const std::logic_error&) {
+        throw Spoiling(SenselessAnswerError()); // the library's own where it does not understand what it gets
     }
 }
 
@@ -278,8 +283,7 @@ void PostgresConnection::UndoStep(const RunTimeError& failure)
 
 void PostgresConnection::BeginWrite()
 {
-    if (m_writing)
-        throw RunTimeError{CouldNotSave, QStringLiteral("Could not save to '%1'; a save is under way.").arg(m_name)};
+    if (m_writing) RaiseSaveUnderWay(m_name);
     // What was read may be old by now, so a write never grows out of a read.
     StopReading();
     Command("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE");

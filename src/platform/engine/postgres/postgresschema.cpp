@@ -3,6 +3,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgrestext.h"
 #include "platform/engine/postgres/postgresvalues.h"
+#include "platform/engine/storedform.h"
 
 #include <QRegularExpression>
 
@@ -91,7 +92,7 @@ TableDef PostgresSchema::Definition(const Table& table) const
                                             "ORDER BY attnum",
                                             {Text(table.number)})) {
         const QString name = TextOf(row[0]);
-        if (name == PostgresText::IdColumn) continue;
+        if (name == storedform::IdColumn) continue;
         const auto field = FieldOf(name, TextOf(row[1]));
         if (!field)
             throw RunTimeError{engineerrors::NotADatabase,

@@ -1,6 +1,7 @@
 #include "platform/engine/postgres/postgresstore.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/likepattern.h"
 #include "platform/engine/postgres/postgresvalues.h"
 
@@ -73,10 +74,7 @@ void PostgresStore::Welcome()
     if (!mark || mark->version < 1)
         throw RunTimeError{
             NotADatabase, QStringLiteral("'%1' cannot be opened: its server has no planner of this name.").arg(m_name)};
-    if (mark->version > PostgresSchema::Version)
-        throw RunTimeError{
-            NotADatabase,
-            QStringLiteral("'%1' was written by a newer Orrelin. Please update this one to open it.").arg(m_name)};
+    if (mark->version > PostgresSchema::Version) RaiseNewer(m_name);
     if (!m_id.isEmpty() && m_id != mark->id)
         throw RunTimeError{BrokenConnection,
                            QStringLiteral("The server of '%1' has another planner now. Please open it "
@@ -106,7 +104,7 @@ QStringList PostgresStore::TableNames()
 PostgresSchema::Table PostgresStore::TableOf(const QString& name)
 {
     const auto table = Schema().Find(name);
-    if (!table) throw RunTimeError{NoTable, QStringLiteral("The planner has no table named '%1'.").arg(name)};
+    if (!table) RaiseNoTable(name);
     return *table;
 }
 
@@ -127,8 +125,7 @@ void PostgresStore::CreateTable(const TableDef& table)
         if (name.toUtf8().size() > LongestName)
             throw RunTimeError{InvalidArgument, QStringLiteral("The name '%1' is too long for a server.").arg(name)};
     m_connection.Write([&] {
-        if (Schema().Find(table.Name) || table.Name == PostgresSchema::FormatTable)
-            throw RunTimeError{TableExists, QStringLiteral("Table '%1' already exists.").arg(table.Name)};
+        if (Schema().Find(table.Name) || table.Name == PostgresSchema::FormatTable) RaiseTableExists(table.Name);
         m_connection.Ask(m_text->CreateTable(table));
         for (const Index& index : table.Indexes)
             m_connection.Ask(m_text->CreateIndex(table, index));
@@ -229,9 +226,7 @@ pqxx::row PostgresStore::Written(const std::string& statement, const PostgresCon
 {
     const pqxx::result written = m_connection.Ask(statement, values);
     // The old content is the guard: no row that somebody else has changed is ever written over.
-    if (written.empty())
-        throw RunTimeError{DataChanged,
-                           QStringLiteral("Data has changed; operation stopped. Another user has saved this record.")};
+    if (written.empty()) RaiseDataChanged();
     m_connection.NoteTransaction(TextOf(written[0][written.columns() - 1]).toStdString());
     return written[0];
 }

@@ -1,5 +1,7 @@
 #include "platform/engine/postgres/postgrestext.h"
 
+#include "platform/engine/storedform.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -29,7 +31,7 @@ QLatin1StringView TypeName(FieldType type)
 
 const QString& Id()
 {
-    static const QString quoted = QuotedName(PostgresText::IdColumn);
+    static const QString quoted = QuotedName(storedform::IdColumn);
     return quoted;
 }
 

@@ -11,8 +11,6 @@
 class PostgresText
 {
 public:
-    static constexpr QLatin1StringView IdColumn{"record id"};
-
     // Schema is the planner's own, channel the one on which its commits are told.
     PostgresText(const QString& schema, const QString& channel);
 

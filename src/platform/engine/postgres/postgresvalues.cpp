@@ -2,6 +2,7 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgreserrors.h"
+#include "platform/engine/storedform.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QDateTime>
@@ -9,9 +10,6 @@
 #include <charconv>
 
 namespace {
-// What a clock on the wall shows: no zone.
-const QString dateFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
-
 QByteArrayView BytesOf(const pqxx::field& field)
 {
     return {field.c_str(), static_cast<qsizetype>(field.size())};
@@ -88,7 +86,7 @@ std::optional<std::string> ParameterOf(const QVariant& value)
     case QMetaType::Float:
         return QByteArray::number(value.toFloat(), 'g', 9).toStdString();
     case QMetaType::QDateTime:
-        return value.toDateTime().toString(dateFormat).toStdString();
+        return value.toDateTime().toString(storedform::DateFormat).toStdString();
     case QMetaType::QString:
         return Plain(value.toString());
     case QMetaType::QByteArray:

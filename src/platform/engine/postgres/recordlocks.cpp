@@ -1,6 +1,6 @@
 #include "platform/engine/postgres/recordlocks.h"
 
-#include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/postgres/postgresvalues.h"
 #include "platform/engine/postgres/sessionname.h"
 
@@ -34,8 +34,7 @@ void RecordLocks::Take(Name name)
     }
     const QString holder = own ? sessionname::Person(QString::fromStdString(sessionname::Own()))
                                : advisorylocks::HolderOf(m_connection, name, {});
-    throw RunTimeError{engineerrors::RecordLocked,
-                       QStringLiteral("Could not update; currently locked by %1.").arg(holder)};
+    engineerrors::RaiseRecordLocked(holder);
 }
 
 bool RecordLocks::Holds(Name name) const

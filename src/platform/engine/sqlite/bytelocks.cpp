@@ -3,7 +3,6 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/runtimeerror.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <sys/stat.h>
@@ -24,32 +23,21 @@ namespace {
                        QStringLiteral("Could not write '%1', which keeps the users of the planner apart: %2.")
                            .arg(name, QString::fromLocal8Bit(std::strerror(error)))};
 }
-
-struct flock OneByte(off_t byte, short type)
-{
-    struct flock lock = {};
-    lock.l_type = type;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = byte;
-    lock.l_len = 1;
-    return lock;
-}
 } // namespace
 
 ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(path)
 {
-    const QByteArray name = QFile::encodeName(path);
-    m_descriptor = ::open(name.constData(), O_RDWR | O_CLOEXEC);
-    if (m_descriptor >= 0) {
+    m_file = Descriptor(path, O_RDWR);
+    if (m_file.IsOpen()) {
         RefuseIfDatabase();
         return;
     }
-    m_descriptor = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (m_descriptor < 0) RaiseCannotOpen(path, errno);
+    m_file = Descriptor(path, O_RDWR | O_CREAT, 0600);
+    if (!m_file.IsOpen()) RaiseCannotOpen(path, errno);
     // Whoever may use the planner must be able to use its locks, whatever this user's mask says. Where the group is
     // not ours to give, the mode alone has to do.
-    [[maybe_unused]] const int owned = ::fchown(m_descriptor, static_cast<uid_t>(-1), group);
-    ::fchmod(m_descriptor, mode & 0666);
+    [[maybe_unused]] const int owned = ::fchown(m_file.Number(), static_cast<uid_t>(-1), group);
+    ::fchmod(m_file.Number(), mode & 0666);
 }
 
 // Somebody may have given a planner the name that our lock file wants; its head must not become a table of sessions.
@@ -57,19 +45,13 @@ void ByteLocks::RefuseIfDatabase() const
 {
     static constexpr std::string_view Magic = "SQLite format 3";
     std::array<char, Magic.size()> head = {};
-    if (::pread(m_descriptor, head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) return;
+    if (::pread(m_file.Number(), head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) return;
     if (std::string_view(head.data(), head.size()) != Magic) return;
-    ::close(m_descriptor);
     throw RunTimeError{
         engineerrors::InputOutput,
         QStringLiteral("'%1' is a database, but its name is that of the file which keeps the users of the "
                        "planner apart.")
             .arg(QFileInfo(m_path).fileName())};
-}
-
-ByteLocks::~ByteLocks()
-{
-    ::close(m_descriptor);
 }
 
 bool ByteLocks::TryLock(off_t byte, Mode mode)
@@ -84,32 +66,28 @@ bool ByteLocks::TryLock(off_t byte, Mode mode)
 
 bool ByteLocks::ChangeLock(off_t byte, Mode mode)
 {
-    struct flock lock = OneByte(byte, mode == Exclusive ? F_WRLCK : F_RDLCK);
-    return ::fcntl(m_descriptor, F_OFD_SETLK, &lock) == 0;
+    return m_file.Lock(mode == Exclusive ? F_WRLCK : F_RDLCK, byte);
 }
 
 void ByteLocks::Unlock(off_t byte)
 {
-    struct flock lock = OneByte(byte, F_UNLCK);
-    ::fcntl(m_descriptor, F_OFD_SETLK, &lock);
+    m_file.Lock(F_UNLCK, byte);
 }
 
 bool ByteLocks::IsLockedElsewhere(off_t byte, off_t count) const
 {
-    struct flock lock = OneByte(byte, F_WRLCK);
-    lock.l_len = count;
-    return ::fcntl(m_descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+    return m_file.IsLockedElsewhere(byte, count);
 }
 
 QByteArray ByteLocks::Read(off_t at, qsizetype size) const
 {
     QByteArray data(size, '\0');
-    const ssize_t got = ::pread(m_descriptor, data.data(), static_cast<std::size_t>(size), at);
+    const ssize_t got = ::pread(m_file.Number(), data.data(), static_cast<std::size_t>(size), at);
     return data.first(std::max<ssize_t>(got, 0));
 }
 
 void ByteLocks::Write(off_t at, const void* data, std::size_t size)
 {
     // The lock is the truth and what is written a label: on a full disk the holder stays without a name.
-    [[maybe_unused]] const ssize_t written = ::pwrite(m_descriptor, data, size, at);
+    [[maybe_unused]] const ssize_t written = ::pwrite(m_file.Number(), data, size, at);
 }

@@ -2,6 +2,8 @@
 // another descriptor of the file leaves them alone and two descriptors of one process exclude each other too.
 #pragma once
 
+#include "platform/runtime/descriptor.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -18,9 +20,6 @@ public:
 
     // Makes the file if there is none, for the same people that may use the file it belongs to. 3051, 3043.
     ByteLocks(const QString& path, mode_t mode, gid_t group);
-    ~ByteLocks();
-    ByteLocks(const ByteLocks&) = delete;
-    ByteLocks& operator=(const ByteLocks&) = delete;
 
     // False if another descriptor's lock is in the way; a lock held here is changed to the mode. 3050 if the file
     // system keeps no locks.
@@ -36,5 +35,5 @@ private:
     void RefuseIfDatabase() const; // 3043
 
     QString m_path;
-    int m_descriptor;
+    Descriptor m_file;
 };

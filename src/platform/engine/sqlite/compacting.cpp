@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/compacting.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/sqliteschema.h"
@@ -69,7 +70,7 @@ void CompareWith(SqliteConnection& source, const QString& path)
 void RefuseExisting(const QString& to)
 {
     const QFileInfo info(to);
-    if (Exists(to)) throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(info.fileName())};
+    if (Exists(to)) RaiseFileExists(to);
     if (!info.dir().exists())
         throw RunTimeError{InvalidPath,
                            QStringLiteral("'%1' cannot be made: its folder does not exist.").arg(info.fileName())};

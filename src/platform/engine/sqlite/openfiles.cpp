@@ -1,6 +1,6 @@
 #include "platform/engine/sqlite/openfiles.h"
 
-#include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sessiontable.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -57,29 +57,9 @@ std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
     return shared;
 }
 
-QString LockFileOf(const QString& planner)
-{
-    const bool hasExtension = planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
-    return (hasExtension ? planner.chopped(4) : planner) + QLatin1StringView(".ldb");
-}
-
-QString FreeNameBeside(const QString& planner, QLatin1StringView word)
-{
-    const bool hasExtension = planner.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive);
-    const QString stem = (hasExtension ? planner.chopped(4) : planner) + u'.' + word;
-    const QString extension = hasExtension ? planner.last(4) : QString();
-    QString name = stem + extension;
-    for (int number = 2; wholefiles::Exists(name) || wholefiles::Exists(wholefiles::JournalOf(name)) ||
-                         wholefiles::Exists(LockFileOf(name));
-         ++number)
-        name = stem + QString::number(number) + extension;
-    return name;
-}
-
 void RaiseInUse(const QString& planner, const ByteLocks& locks)
 {
-    throw RunTimeError{engineerrors::InUse, QStringLiteral("Could not use '%1'; file already in use by %2.")
-                                                .arg(QFileInfo(planner).fileName(), HolderOf(locks, {}))};
+    engineerrors::RaiseInUse(QFileInfo(planner).fileName(), HolderOf(locks, {}));
 }
 
 std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)

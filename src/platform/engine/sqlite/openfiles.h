@@ -3,17 +3,12 @@
 #pragma once
 
 #include "platform/engine/sqlite/bytelocks.h"
+#include "platform/engine/sqlite/plannernames.h"
 
 #include <sys/stat.h>
 
 #include <functional>
 #include <memory>
-
-// NAME.ldb beside NAME.mdb.
-QString LockFileOf(const QString& planner);
-
-// NAME.WORD.mdb beside NAME.mdb, else NAME.WORD2.mdb and so on: a name that no planner has, and nothing beside one.
-QString FreeNameBeside(const QString& planner, QLatin1StringView word);
 
 // Raises the 3045 that says who has the planner open.
 [[noreturn]] void RaiseInUse(const QString& planner, const ByteLocks& locks);

@@ -2,14 +2,13 @@
 // them byte by byte.
 #pragma once
 
-#include <QString>
+#include <QtGlobal>
 
 #include <sys/types.h>
 
 namespace plannerformat {
 inline constexpr int ApplicationId = 0x4F524C50; // "ORLP"
 inline constexpr int Version = 1;
-inline const QString IdColumn = QStringLiteral("record id");
 
 // Bytes that are locked hold no data and lie far beyond the end of the file: where locks are mandatory, nobody could
 // read them.
@@ -26,6 +25,7 @@ constexpr off_t RecordByte(qint64 table, qint64 record)
 {
     return (off_t{1 + table} << 40) + record;
 }
+inline constexpr qint64 IdLimit = qint64{1} << 40; // ids of a table are below it, as so many bytes are its own
 
 inline constexpr int MaximalSessions = 4096;
 inline constexpr int UserBytes = 80;

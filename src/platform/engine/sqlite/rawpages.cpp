@@ -163,7 +163,7 @@ RawPages::Children RawPages::ChildrenOf(quint32 number) const
     };
     for (qsizetype i = 0; i < std::min(told, room); ++i) {
         const qsizetype at = Short(page, first + 2 * i);
-        at <= page.size() - 4 ? add(Long(number, at)) : add(0);
+        add(at <= page.size() - 4 ? Long(number, at) : 0);
     }
     add(Long(number, head + 8));
     return children;

@@ -1,8 +1,8 @@
 #include "platform/engine/sqlite/rawschema.h"
 
-#include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteschema.h"
 #include "platform/engine/sqlite/sqlitevalues.h"
+#include "platform/engine/storedform.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
@@ -52,7 +52,7 @@ bool BeginsWithId(SQLite::Database& database, const QString& table)
 {
     SQLite::Statement first(database, "SELECT 1 FROM pragma_table_info(?) WHERE cid = 0 AND pk = 1 AND name = ?");
     BindText(first, 1, table);
-    BindText(first, 2, plannerformat::IdColumn);
+    BindText(first, 2, storedform::IdColumn);
     return first.executeStep();
 }
 

@@ -12,12 +12,9 @@
 #include <algorithm>
 
 namespace {
-// An id is a place among the locked bytes, and those of a table are so many.
-constexpr qint64 IdLimit = qint64{1} << 40;
-
 bool IsId(qint64 id)
 {
-    return id >= 1 && id < IdLimit;
+    return id >= 1 && id < plannerformat::IdLimit;
 }
 
 void BindRaw(SQLite::Statement& statement, int number, const RawValue& value)
@@ -52,9 +49,9 @@ public:
         std::vector<const RawRow*> homeless;
         for (const RawRow& row : m_table.rows)
             // With a key of its own it cannot be an older state of the row that has the id.
-            if (!Insert(row, IsId(row.id)) && hasKey) homeless.push_back(&row);
+            if (HasWholeKeys(m_table.definition, row) && !Insert(row, IsId(row.id)) && hasKey) homeless.push_back(&row);
         for (const RawRow& row : m_table.loose)
-            if (IsId(row.id)) Insert(row, true);
+            if (HasWholeKeys(m_table.definition, row) && IsId(row.id)) Insert(row, true);
         RaiseLastId();
         for (const RawRow* row : homeless)
             Insert(*row, false);
@@ -62,11 +59,11 @@ public:
     }
 
 private:
+    // False if another row has its id or its key.
     bool Insert(const RawRow& row, bool underItsId)
     {
-        if (!HasWholeKeys(m_table.definition, row)) return true;
         int number = 1;
-        underItsId ? m_insert.bind(number, int64_t{row.id}) : m_insert.bind(number);
+        BindRaw(m_insert, number, underItsId ? RawValue(row.id) : RawValue());
         for (const RawValue& value : row.values)
             BindRaw(m_insert, ++number, value);
         const bool inserted = m_insert.exec() == 1;

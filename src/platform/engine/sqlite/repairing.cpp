@@ -6,6 +6,7 @@
 #include "platform/engine/sqlite/rebuilding.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
+#include "platform/engine/storedform.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -44,7 +45,7 @@ Verdict JudgeOpened(SQLite::Database& library)
     // Only the mark of our program may be what was damaged.
     const std::string ours = "SELECT count(*) FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c "
                              "WHERE t.type = 'table' AND c.cid = 0 AND c.name = '" +
-                             plannerformat::IdColumn.toStdString() + "'";
+                             storedform::IdColumn.toStdString() + "'";
     return library.execAndGet(ours).getInt() > 0 ? Verdict::Damaged : Verdict::NotOurs;
 }
 

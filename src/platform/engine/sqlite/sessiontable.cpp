@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sessiontable.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/loginname.h"
 #include "platform/runtime/runtimeerror.h"
 
@@ -73,11 +74,6 @@ SessionEntry OwnEntry()
     return entry;
 }
 
-[[noreturn]] void RaiseLocked(const QString& holder)
-{
-    throw RunTimeError{engineerrors::RecordLocked,
-                       QStringLiteral("Could not update; currently locked by %1.").arg(holder)};
-}
 } // namespace
 
 QString HolderOf(const ByteLocks& locks, HeldRecord held)
@@ -115,9 +111,9 @@ bool Session::Holds(HeldRecord held) const
 void Session::TakeRecord(HeldRecord held)
 {
     // A descriptor never refuses itself, and two recordsets of one program must not write over each other either.
-    if (Holds(held)) RaiseLocked(NameOf(OwnEntry()));
+    if (Holds(held)) engineerrors::RaiseRecordLocked(NameOf(OwnEntry()));
     if (!m_locks.TryLock(RecordByte(held.Table, held.Record), ByteLocks::Exclusive))
-        RaiseLocked(HolderOf(m_locks, held));
+        engineerrors::RaiseRecordLocked(HolderOf(m_locks, held));
     m_held.push_back(held);
     WriteHeld();
 }

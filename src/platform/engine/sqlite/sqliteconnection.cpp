@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqliteconnection.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
 
 #include <QFile>
@@ -71,10 +72,7 @@ void SqliteConnection::CheckOwnership()
     m_database.execAndGet("SELECT count(*) FROM sqlite_schema");
     if (id != plannerformat::ApplicationId || version < 1)
         throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(m_name)};
-    if (version > plannerformat::Version)
-        throw RunTimeError{
-            NotADatabase,
-            QStringLiteral("'%1' was written by a newer Orrelin. Please update this one to open it.").arg(m_name)};
+    if (version > plannerformat::Version) RaiseNewer(m_name);
 }
 
 void SqliteConnection::CheckHead()
@@ -177,8 +175,7 @@ void SqliteConnection::RefuseIfMoved()
 
 void SqliteConnection::BeginWrite()
 {
-    if (m_writing)
-        throw RunTimeError{CouldNotSave, QStringLiteral("Could not save to '%1'; a save is under way.").arg(m_name)};
+    if (m_writing) RaiseSaveUnderWay(m_name);
     // What was read may be old by now, so a write never grows out of a read.
     StopReading();
     RefuseIfMoved();

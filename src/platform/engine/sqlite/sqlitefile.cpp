@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqlitefile.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/runtime/runtimeerror.h"
@@ -80,8 +81,7 @@ void CreateFilled(const QString& path, const std::function<void(Store&)>& write)
         ScratchFile::Remove(fresh);
         Unlink(LockFileOf(fresh));
     });
-    if (Exists(path))
-        throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
+    if (Exists(path)) RaiseFileExists(path);
     {
         const std::shared_ptr<Store> file = Create(fresh);
         file->BeginWrite();

@@ -1,8 +1,8 @@
 #include "platform/engine/sqlite/sqliteschema.h"
 
-#include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqlitevalues.h"
 #include "platform/engine/sqlite/sqltext.h"
+#include "platform/engine/storedform.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
@@ -21,7 +21,7 @@ std::vector<Field> FieldsOf(SQLite::Database& database, const QString& table)
     auto columns = Asking(database, "SELECT name, type FROM pragma_table_info(?) ORDER BY cid", table);
     while (columns.executeStep()) {
         const QString name = TextOf(columns.getColumn(0));
-        if (name != plannerformat::IdColumn) fields.push_back(sqltext::FieldOf(name, TextOf(columns.getColumn(1))));
+        if (name != storedform::IdColumn) fields.push_back(sqltext::FieldOf(name, TextOf(columns.getColumn(1))));
     }
     return fields;
 }

@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqlitestore.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/onlinecopy.h"
 #include "platform/engine/sqlite/sqliteschema.h"
 #include "platform/engine/sqlite/sqlitevalues.h"
@@ -101,7 +102,7 @@ TableDef SqliteStore::Definition(const QString& table)
     TableDef definition;
     m_connection->Read([&] {
         const auto name = sqliteschema::StoredName(m_connection->Library(), table);
-        if (!name) throw RunTimeError{NoTable, QStringLiteral("The planner has no table named '%1'.").arg(table)};
+        if (!name) RaiseNoTable(table);
         definition = sqliteschema::Definition(m_connection->Library(), *name);
     });
     return definition;
@@ -111,8 +112,7 @@ void SqliteStore::CreateTable(const TableDef& table)
 {
     m_connection->Write([&] {
         SQLite::Database& library = m_connection->Library();
-        if (sqliteschema::StoredName(library, table.Name))
-            throw RunTimeError{TableExists, QStringLiteral("Table '%1' already exists.").arg(table.Name)};
+        if (sqliteschema::StoredName(library, table.Name)) RaiseTableExists(table.Name);
         library.exec(sqltext::CreateTable(table));
         for (const Index& index : table.Indexes)
             library.exec(sqltext::CreateIndex(table, index));
@@ -189,9 +189,7 @@ qint64 SqliteStore::Insert(const TableDef& table, const std::vector<QVariant>& v
 // The old content is the guard: no row that somebody else has changed is ever written over.
 void SqliteStore::WriteRow(SQLite::Statement& statement)
 {
-    if (statement.exec() == 0)
-        throw RunTimeError{DataChanged,
-                           QStringLiteral("Data has changed; operation stopped. Another user has saved this record.")};
+    if (statement.exec() == 0) RaiseDataChanged();
 }
 
 void SqliteStore::Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values)

@@ -1,13 +1,12 @@
 #include "platform/engine/sqlite/sqlitevalues.h"
 
+#include "platform/engine/storedform.h"
+
 #include <QDateTime>
 
 #include <SQLiteCpp/Column.h>
 
 namespace {
-// What a clock on the wall shows: no zone.
-const QString dateFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
-
 QByteArray BytesOf(const SQLite::Column& column)
 {
     // The text first: it may convert, and then the size is that of the converted text.
@@ -25,7 +24,7 @@ QVariant ReadValue(const SQLite::Column& column, FieldType type)
     case dbSingle:
         return static_cast<float>(column.getDouble());
     case dbDate:
-        return QDateTime::fromString(TextOf(column), dateFormat);
+        return QDateTime::fromString(TextOf(column), storedform::DateFormat);
     case dbText:
         return TextOf(column);
     case dbMemo:
@@ -50,7 +49,7 @@ void BindValue(SQLite::Statement& statement, int number, const QVariant& value)
     case QMetaType::Float:
         return statement.bind(number, static_cast<double>(value.toFloat()));
     case QMetaType::QDateTime:
-        return BindText(statement, number, value.toDateTime().toString(dateFormat));
+        return BindText(statement, number, value.toDateTime().toString(storedform::DateFormat));
     case QMetaType::QString:
         return BindText(statement, number, value.toString());
     case QMetaType::QByteArray:

@@ -1,6 +1,6 @@
 #include "platform/engine/sqlite/sqltext.h"
 
-#include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/storedform.h"
 
 #include <QRegularExpression>
 
@@ -29,7 +29,7 @@ QString Quoted(QString name)
 
 const QString& Id()
 {
-    static const QString quoted = Quoted(plannerformat::IdColumn);
+    static const QString quoted = Quoted(storedform::IdColumn);
     return quoted;
 }
 

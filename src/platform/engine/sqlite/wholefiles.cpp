@@ -40,30 +40,27 @@ int NumberOf(int error)
                        QStringLiteral("'%1': %2.").arg(NameOf(path), QString::fromLocal8Bit(std::strerror(error)))};
 }
 
-class Descriptor
+// A descriptor whose errors are raised.
+class File
 {
 public:
-    Descriptor(const QString& path, int flags, mode_t mode = 0)
-        : m_path(path), m_number(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
+    File(const QString& path, int flags, mode_t mode = 0) : m_path(path), m_descriptor(path, flags, mode)
     {
-        if (m_number < 0) Raise(path, errno);
+        if (!m_descriptor.IsOpen()) Raise(path, errno);
     }
-    ~Descriptor() { ::close(m_number); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
 
-    operator int() const { return m_number; }
+    operator int() const { return m_descriptor.Number(); }
 
     std::size_t Read(char* data, std::size_t size) const
     {
-        const ssize_t got = ::read(m_number, data, size);
+        const ssize_t got = ::read(*this, data, size);
         if (got < 0) Raise(m_path, errno);
         return static_cast<std::size_t>(got);
     }
     void Write(const char* data, std::size_t size) const
     {
         while (size > 0) {
-            const ssize_t written = ::write(m_number, data, size);
+            const ssize_t written = ::write(*this, data, size);
             if (written < 0) Raise(m_path, errno);
             data += written;
             size -= static_cast<std::size_t>(written);
@@ -71,13 +68,12 @@ public:
     }
     void Sync() const
     {
-        // Some file systems have nothing to sync in a folder and say so.
-        if (::fsync(m_number) != 0 && errno != EINVAL) Raise(m_path, errno);
+        if (!m_descriptor.Sync()) Raise(m_path, errno);
     }
 
 private:
     QString m_path;
-    int m_number;
+    Descriptor m_descriptor;
 };
 } // namespace
 
@@ -120,12 +116,12 @@ bool HasHotJournal(const QString& path)
 {
     if (!Exists(JournalOf(path))) return false;
     char first = '\0';
-    return Descriptor(JournalOf(path), O_RDONLY).Read(&first, 1) == 1 && first != '\0';
+    return File(JournalOf(path), O_RDONLY).Read(&first, 1) == 1 && first != '\0';
 }
 
 QByteArray Content(const QString& path)
 {
-    const Descriptor file(path, O_RDONLY);
+    const File file(path, O_RDONLY);
     struct stat status = {};
     ::fstat(file, &status);
     QByteArray bytes(status.st_size, Qt::Uninitialized);
@@ -140,17 +136,16 @@ QByteArray Content(const QString& path)
 
 QByteArray Head(const QString& path, qsizetype size)
 {
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return {};
+    const Descriptor file(path, O_RDONLY);
+    if (!file.IsOpen()) return {};
     QByteArray bytes(size, Qt::Uninitialized);
-    const ssize_t got = ::read(file, bytes.data(), static_cast<std::size_t>(size));
-    ::close(file);
+    const ssize_t got = ::read(file.Number(), bytes.data(), static_cast<std::size_t>(size));
     return bytes.first(std::max<ssize_t>(got, 0));
 }
 
 void CopyInto(const QString& from, const QString& to)
 {
-    const Descriptor source(from, O_RDONLY), target(to, O_WRONLY | O_TRUNC);
+    const File source(from, O_RDONLY), target(to, O_WRONLY | O_TRUNC);
     std::array<char, 1 << 16> buffer;
     while (const std::size_t size = source.Read(buffer.data(), buffer.size()))
         target.Write(buffer.data(), size);
@@ -166,19 +161,19 @@ void CopyToFree(const QString& from, const QString& to, const struct stat& model
 
 void Fill(const QString& path, const QByteArray& content)
 {
-    const Descriptor file(path, O_WRONLY | O_TRUNC);
+    const File file(path, O_WRONLY | O_TRUNC);
     file.Write(content.constData(), static_cast<std::size_t>(content.size()));
     file.Sync();
 }
 
 void Sync(const QString& path)
 {
-    Descriptor(path, O_RDONLY).Sync();
+    File(path, O_RDONLY).Sync();
 }
 
 void SyncFolderOf(const QString& path)
 {
-    Descriptor(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY).Sync();
+    File(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY).Sync();
 }
 
 void Rename(const QString& from, const QString& to)
@@ -216,7 +211,7 @@ void PutInPlace(const QString& fresh, const QString& planner)
 ScratchFile::ScratchFile(const QString& path, const struct stat& model) : m_path(path)
 {
     Remove(m_path);
-    const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
+    const File file(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
     // Each by itself: a member of the planner's group may give the group and not the owner. The mode comes last, since
     // a change of owner can take bits of it away.
     if (::fchown(file, model.st_uid, model.st_gid) != 0) {
@@ -236,21 +231,9 @@ void ScratchFile::Remove(const QString& path)
         wholefiles::Unlink(path + QLatin1StringView(beside));
 }
 
-LibraryLock::LibraryLock(const QString& path)
-    : m_descriptor(::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC))
+LibraryLock::LibraryLock(const QString& path) : m_file(path, O_RDWR)
 {
-    if (m_descriptor < 0) Raise(path, errno);
-    struct flock lock = {};
-    lock.l_type = F_WRLCK;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = LibraryLockByte;
-    lock.l_len = LibraryLockSize;
-    if (::fcntl(m_descriptor, F_OFD_SETLK, &lock) == 0) return;
-    ::close(m_descriptor);
+    if (!m_file.IsOpen()) Raise(path, errno);
+    if (m_file.Lock(F_WRLCK, LibraryLockByte, LibraryLockSize)) return;
     throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; another program has it open.").arg(NameOf(path))};
-}
-
-LibraryLock::~LibraryLock()
-{
-    ::close(m_descriptor);
 }

@@ -1,6 +1,8 @@
 // Steps on whole files around a planner, ordered by their callers so that a crash between any two leaves nothing torn.
-// All of them raise 3051 (no permission), 3026 (disk full) or 3043.
+// All of them raise 3024 (not there), 3051 (no permission), 3026 (disk full), 3204 (there already) or 3043.
 #pragma once
+
+#include "platform/runtime/descriptor.h"
 
 #include <QByteArray>
 #include <QString>
@@ -54,10 +56,7 @@ class LibraryLock
 {
 public:
     explicit LibraryLock(const QString& path); // 3045, 3051
-    ~LibraryLock();
-    LibraryLock(const LibraryLock&) = delete;
-    LibraryLock& operator=(const LibraryLock&) = delete;
 
 private:
-    int m_descriptor;
+    Descriptor m_file;
 };
