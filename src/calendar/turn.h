@@ -1,6 +1,6 @@
 // Turns the page: the one way in which the cells of an open planner come to stand for other days or in another form, so
-// that nothing that was typed is left under a date that is not its own. Another planner is saved and read for by whoever
-// opens it.
+// that nothing that was typed is left under a date that is not its own. Another planner is saved and read for by
+// whoever opens it.
 #pragma once
 
 #include <QLatin1StringView>
