@@ -110,8 +110,8 @@ QString JournalFolder()
 void LeaveJournal(const QString& planner)
 {
     UnsavedNotes notes;
-    notes.Keep(planner, Third, "{\\rtf1 " + QByteArray(TypedOnThird) + "old note 3}", OldNote(3));
-    notes.Keep(planner, Fourth, "{\\rtf1 " + QByteArray(TypedOnFourth) + "}", QByteArray());
+    notes.Keep(planner, Third, {"{\\rtf1 " + QByteArray(TypedOnThird) + "old note 3}", OldNote(3), {}});
+    notes.Keep(planner, Fourth, {"{\\rtf1 " + QByteArray(TypedOnFourth) + "}", QByteArray(), {}});
     QDir().mkpath(JournalFolder());
     SetContent(JournalFolder() + QStringLiteral("/1.notes"), journalfile::Encode(notes));
 }

@@ -111,7 +111,7 @@ private Q_SLOTS:
         QFETCH(QString, entry);
         LockAndType(QStringLiteral("on the way"));
         if (entry == u"mnuNew") {
-            AnswerNextFileDialog(m_program->folders.Path(m_file)); // which is there
+            AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
             AnswerNextBox(msgbox::No);
         }
         if (entry.isEmpty()) {

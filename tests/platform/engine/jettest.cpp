@@ -49,7 +49,7 @@ QByteArray Jet3Planner(int longest)
 QStringList RowsOf(const QString& path)
 {
     QStringList all;
-    JetRows rows(path, tables);
+    JetRows rows(path, plannerTables);
     while (const TableDef* table = rows.NextTable()) {
         all += table->Name;
         while (const auto row = rows.NextRow()) {
@@ -159,7 +159,8 @@ private Q_SLOTS:
         const QByteArray old = Jet3Planner(200000); // more than any 16 bits count
         SetContent(m_path, old);
         SetContent(m_kept, "mine");
-        QCOMPARE(DBEngine::CompactDatabase(m_path, m_dummy, tables), QStringList({schema::Alarms, schema::Recursions}));
+        QCOMPARE(DBEngine::CompactDatabase(m_path, m_dummy, plannerTables),
+                 QStringList({schema::Alarms, schema::Recursions}));
         QFile::remove(m_dummy);
         QString text;
         QVERIFY2(Convert(&text) == 0, qPrintable(text));
