@@ -158,19 +158,6 @@ private Q_SLOTS:
         QCOMPARE(Stored(), QStringLiteral("old"));
     }
 
-    void aNewThatIsAnsweredNoEmptiesNothing()
-    {
-        MakePlanner(m_program->folders.Path(m_second));
-        m_program->LockAndType(QString());
-        AnswerNextFileDialog(m_program->folders.Path(m_second));
-        AnswerNextBox(msgbox::No);
-        m_program->Trigger("mnuNew");
-        m_program->Activate();
-        m_program->PressLock();
-        QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("old"));
-    }
-
     void aRefreshBehindAnOpeningLeavesNothingForTheNextPlanner()
     {
         MakePlanner(m_program->folders.Path(m_second));
