@@ -44,7 +44,7 @@ void AlarmClock::Check()
 void AlarmClock::Ring(const Alarm& alarm)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
-    AlarmEventForm form(alarm.note, m_client.screen(), QApplication::focusWidget());
+    AlarmEventForm form(alarm, m_client.screen(), QApplication::focusWidget());
     if (!alarm.silence) form.PlayWhenShown(alarm.tune);
     form.exec();
     if (!alarm.silence) form.subStopMusic(alarm.tune);

@@ -175,6 +175,14 @@ QDialogButtonBox* MakeButtons(AlarmControls& controls, QDialog& window)
     controls.btnOk->setDefault(true);
     return controls.buttons;
 }
+
+// The time is typed in one go; the arrows beside it come after it.
+void OrderTime(const AlarmControls& controls)
+{
+    QWidget::setTabOrder(controls.maskHour, controls.maskMinute);
+    QWidget::setTabOrder(controls.maskMinute, controls.opAMPM[0]);
+    QWidget::setTabOrder(controls.opAMPM[0], controls.opAMPM[1]);
+}
 } // namespace
 
 AlarmControls MakeAlarmControls(QDialog& window)
@@ -192,5 +200,6 @@ AlarmControls MakeAlarmControls(QDialog& window)
     column->setSpacing(2 * Rhythm);
     column->addWidget(controls.frAlarm, 1);
     column->addWidget(MakeButtons(controls, window));
+    OrderTime(controls);
     return controls;
 }

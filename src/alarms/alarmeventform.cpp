@@ -1,5 +1,7 @@
 #include "alarms/alarmeventform.h"
 
+#include "alarms/alarmrecords.h"
+#include "alarms/alarmrules.h"
 #include "alarms/tunes.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
@@ -9,13 +11,16 @@
 #include "platform/runtime/errortail.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
 constexpr QLatin1StringView PlayLiteral(" in AlarmEventForm, subPlayMusic");
-constexpr int HalfASecond = 500;
+constexpr int HalfASecond = 500, Second = 1000;
 
 bool IsReturn(int key)
 {
@@ -35,41 +40,62 @@ bool IsTyping(const QKeyEvent& event)
 
 bool TakesText(const QWidget& widget)
 {
-    const QVariant readOnly = widget.property("readOnly"); // all boxes for text have it
+    const auto* list = qobject_cast<const QComboBox*>(&widget); // has the focus in place of its box
+    const QObject& box = list && list->isEditable() ? static_cast<const QObject&>(*list->lineEdit()) : widget;
+    const QVariant readOnly = box.property("readOnly"); // all boxes for text have it
     return readOnly.isValid() && !readOnly.toBool() && widget.isEnabled() && widget.isVisible();
 }
 } // namespace
 
 // Without an owner: the desktop would hide it together with a main window that is minimised.
-AlarmEventForm::AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget* typedInto)
-    : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(new RichTextBox), m_typedInto(typedInto)
+AlarmEventForm::AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto)
+    : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(Named(new RichTextBox, "tbNotes")),
+      m_btnOk(Named(new PressedByReturn<QPushButton>(QStringLiteral("&Ok")), "btnOk")), m_typedInto(typedInto)
 {
-    constexpr QSize SmallestNote(400, 180);
     setObjectName(QStringLiteral("AlarmEventForm"));
     setWindowTitle(QStringLiteral("Alarm Event"));
     setModal(true);
     setScreen(screen);
-    m_tbNotes->setObjectName(QStringLiteral("tbNotes"));
+    ShowNote(alarm.note);
+    LayOut(ShownDayAndTime(alarm.date, alarm.time));
+    SetUpTimers();
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setFocus(); // of the window itself, until it is touched
+    CenterOnScreen(*this);
+}
+
+void AlarmEventForm::ShowNote(const QByteArray& note)
+{
+    constexpr QSize SmallestNote(400, 180);
     m_tbNotes->setAccessibleName(QStringLiteral("Notes"));
     m_tbNotes->setMinimumSize(SmallestNote);
     m_tbNotes->SetTextRTF(note);
     m_tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here
-    setAccessibleDescription(m_tbNotes->Text());
-    auto* btnOk = Named(new PressedByReturn<QPushButton>(QStringLiteral("&Ok")), "btnOk");
-    btnOk->setAutoDefault(false); // Return anywhere else must not close the window
-    connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
-    m_quiet.setSingleShot(true);
-    m_quiet.setInterval(HalfASecond);
-    connect(&m_quiet, &QTimer::timeout, this, Guarded(PlayLiteral, [this] { MsgBox(m_problem); }));
+}
+
+void AlarmEventForm::LayOut(const QString& when)
+{
+    auto* lblWhen = Named(new QLabel(when), "lblWhen");
+    setAccessibleDescription(when + u'\n' + m_tbNotes->Text());
+    m_btnOk->setAutoDefault(false); // Return anywhere else must not close the window
+    connect(m_btnOk, &QPushButton::clicked, this, &QDialog::accept);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
+    column->addWidget(lblWhen);
     column->addWidget(MakeNotePanel(m_tbNotes), 1);
-    column->addWidget(btnOk, 0, Qt::AlignRight);
-    setTabOrder(btnOk, m_tbNotes);
-    setAttribute(Qt::WA_InputMethodEnabled);
-    setFocus(); // of the window itself, until it is touched
-    CenterOnScreen(*this);
+    column->addWidget(m_btnOk, 0, Qt::AlignRight);
+    setTabOrder(m_btnOk, m_tbNotes);
+}
+
+void AlarmEventForm::SetUpTimers()
+{
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(Second);
+    connect(&m_typing, &QTimer::timeout, this, [this] { TakeKeys(); });
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(HalfASecond);
+    connect(&m_quiet, &QTimer::timeout, this, Guarded(PlayLiteral, [this] { MsgBox(m_problem); }));
 }
 
 void AlarmEventForm::PlayWhenShown(const QString& tune)
@@ -91,6 +117,7 @@ void AlarmEventForm::subStopMusic(const QString& sTune)
 void AlarmEventForm::showEvent(QShowEvent* event)
 {
     m_isNew.setRemainingTime(HalfASecond);
+    m_typing.start();
     QDialog::showEvent(event);
 }
 
@@ -110,6 +137,7 @@ void AlarmEventForm::keyPressEvent(QKeyEvent* event)
     if (IsTouched()) return QDialog::keyPressEvent(event);
     if (m_quiet.isActive()) m_quiet.start();
     if (IsTyping(*event)) {
+        m_typing.start();
         // In a box of one line Return would press a button of the window behind.
         const bool staysInBox = !IsReturn(event->key()) || qobject_cast<QTextEdit*>(m_typedInto);
         if (staysInBox) PassOn(*event);
@@ -125,7 +153,14 @@ void AlarmEventForm::inputMethodEvent(QInputMethodEvent* event)
 {
     QInputMethodEvent committed;
     committed.setCommitString(event->commitString());
+    if (!IsTouched()) m_typing.start();
     if (!IsTouched() && !event->commitString().isEmpty()) PassOn(committed);
+}
+
+// Nobody types on: the next key is an answer to this window.
+void AlarmEventForm::TakeKeys()
+{
+    if (!IsTouched()) m_btnOk->setFocus();
 }
 
 void AlarmEventForm::PassOn(QEvent& typed)

@@ -1,5 +1,6 @@
-// The window of an alarm that rings: its note, in front of everything. It comes in the middle of other work: what is
-// being typed goes on to where it was meant for, until somebody clicks or tabs here.
+// The window of an alarm that rings: its day, time and note, in front of everything. It comes in the middle of other
+// work: what is being typed goes on to where it was meant for, until a second has passed without a key, or somebody
+// clicks or tabs here.
 #pragma once
 
 #include <QDeadlineTimer>
@@ -7,8 +8,10 @@
 #include <QPointer>
 #include <QTimer>
 
+class QPushButton;
 class QScreen;
 class RichTextBox;
+struct Alarm;
 
 class AlarmEventForm : public QDialog
 {
@@ -16,7 +19,7 @@ class AlarmEventForm : public QDialog
 
 public:
     // typedInto is the widget that has the focus behind it, if any; it may go while the window is open.
-    AlarmEventForm(const QByteArray& note, QScreen* screen, QWidget* typedInto);
+    AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto);
 
     // Plays the tune once the window is shown. What is told of a tune that cannot be played stands over it, and waits
     // for half a second without a key.
@@ -33,10 +36,16 @@ private:
     void subPlayMusic(const QString& sTune);
     bool IsTouched() const { return focusWidget() != this; }
     void PassOn(QEvent& typed);
+    void TakeKeys();
+    void ShowNote(const QByteArray& note);
+    void LayOut(const QString& when);
+    void SetUpTimers();
 
     RichTextBox* m_tbNotes;
+    QPushButton* m_btnOk;
     QPointer<QWidget> m_typedInto;
     QDeadlineTimer m_isNew; // nobody has read it yet
+    QTimer m_typing;        // runs while the keys go on to where they were meant for
     QTimer m_quiet;         // runs while the problem waits to be told
     QString m_problem;
 };

@@ -136,6 +136,7 @@ void AlarmForm::PrepareNew(const QString& caption)
     m_controls.frAlarm->setTitle(QStringLiteral("New Alarm Event"));
     subHideBrowseControls();
     ProposeDate(caption);
+    if (m_controls.orlcmbTunes->ListCount() > 0) m_controls.orlcmbTunes->SetListIndex(0);
     (m_controls.maskAlarmDate->IsComplete() ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
 }
 
@@ -230,11 +231,17 @@ void AlarmForm::btnCancel_Click()
     Close();
 }
 
-// The clock goes on, as after every way out but Esc.
 void AlarmForm::Close()
 {
     m_tmAlarm.SetEnabled(true);
     accept();
+}
+
+void AlarmForm::reject()
+{
+    const bool isAtWindow = !focusWidget() || focusWidget() == this;
+    if (!isAtWindow) m_tmAlarm.SetEnabled(true);
+    QDialog::reject();
 }
 
 void AlarmForm::closeEvent(QCloseEvent* event)

@@ -1,5 +1,6 @@
 // The editor of alarms, in two modes. New makes an alarm; Browse goes through the alarms of one day and deletes. While
-// it is open the alarm clock stands still, and Esc leaves it so until the editor is closed by a button.
+// it is open the alarm clock stands still. Esc is Cancel; at the window itself, with no control in the focus, it leaves
+// the clock so until the editor is closed in another way.
 #pragma once
 
 #include "alarms/alarmcontrols.h"
@@ -32,6 +33,8 @@ public:
     // cell is the one whose day is proposed for a new alarm, or whose alarms are shown; 0 for none.
     AlarmForm(Mode mode, int cell, Cells& cells, Turn& turn, Timer& tmAlarm);
     ~AlarmForm() override;
+
+    void reject() override; // Esc
 
 protected:
     void closeEvent(QCloseEvent* event) override;

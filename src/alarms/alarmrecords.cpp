@@ -14,6 +14,12 @@ QString DateOf(const Recordset& alarms)
     return alarms.Fields(DateField).toString();
 }
 
+// "hh:mm", as the boxes tell it. Of an older planner "h:mm" is stored.
+QString LongTimeOf(const Recordset& alarms)
+{
+    return alarms.Fields(TimeField).toString().rightJustified(5, u'0');
+}
+
 // True where the walk stands behind the table's last record in its direction.
 bool IsPast(const Recordset& alarms, Toward direction)
 {
@@ -72,7 +78,7 @@ bool StepToAlarm(Recordset& alarms, const QString& date, Toward direction)
 bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm)
 {
     const auto isAlike = [&] {
-        return DateOf(alarms) == alarm.date && alarms.Fields(TimeField).toString() == alarm.time &&
+        return DateOf(alarms) == alarm.date && LongTimeOf(alarms) == alarm.time &&
                alarms.Fields(TuneField).toString() == alarm.tune &&
                alarms.Fields(SilenceField).toBool() == alarm.silence;
     };

@@ -28,7 +28,8 @@ enum class Toward
 // first alarm, and then to the one behind it.
 bool StepToAlarm(Recordset& alarms, const QString& date, Toward direction);
 
-// The first of all alarms that are alike but for their notes, or the end of the table.
+// The first of all alarms that are alike but for their notes, or the end of the table. The time of the alarm is
+// "hh:mm".
 bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm);
 
 // The first alarm of this date and time, or the end of the table. Looks at the alarms of the date alone.

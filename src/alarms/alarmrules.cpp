@@ -39,6 +39,14 @@ ShownTime ShownTimeOf(const QString& alarmTime)
     return {TwoDigits(shown == 0 ? HoursOfHalf : shown), alarmTime.right(2), pm};
 }
 
+QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime)
+{
+    const ShownTime time = ShownTimeOf(alarmTime);
+    return QStringLiteral("%1, %2:%3 %4")
+        .arg(fnFormatDateKey(alarmDate), QString::number(IntegerOf(time.hour)), time.minute,
+             time.pm ? QStringLiteral("PM") : QStringLiteral("AM"));
+}
+
 QString HourUp(const QString& sHour)
 {
     const int hour = IntegerOf(sHour);

@@ -25,6 +25,8 @@ struct ShownTime
 };
 ShownTime ShownTimeOf(const QString& alarmTime);
 
+QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime); // "Jul 4, 1999, 9:05 AM"
+
 // A step of the boxes' arrows; what is no number counts as 0. The hour goes round without changing its half of the day.
 QString HourUp(const QString& sHour);
 QString HourDown(const QString& sHour);

@@ -20,10 +20,16 @@ constexpr int Rows = 5;
 
 // Where the note stands in its panel: below the caption, clear of the frame.
 constexpr int NoteLeft = 6, NoteTop = 20, NoteNarrower = 12, NoteLower = 25;
+
+// A view that there is not counts as the month view; that of a day has no cells.
+constexpr int ViewAtStart(int preference)
+{
+    return preference == ViewMode::Day || preference == ViewMode::Week ? preference : ViewMode::Month;
+}
 } // namespace
 
 CCalendarView::CCalendarView(Cells& cells, const Sidebar& sidebar)
-    : m_cells(cells), m_sidebar(sidebar), m_iViewMode(Read(settings::ViewPref)),
+    : m_cells(cells), m_sidebar(sidebar), m_iViewMode(ViewAtStart(Read(settings::ViewPref))),
       m_bStartsMinimized(Read(settings::Minimized) == 1)
 {
     if (m_iViewMode == ViewMode::Week) LoadCells(FirstWeekCell, LastWeekCell);

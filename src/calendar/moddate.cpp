@@ -29,11 +29,21 @@ QString FirstField(const QString& date)
     return date.left(Slashes(date).first < 0 ? 0 : Slashes(date).first);
 }
 
+// The digits at the start of a text, behind blanks; 0 where there are none. A sign is no digit.
+std::int16_t LeadingNumber(const QString& text)
+{
+    const QString trimmed = text.trimmed();
+    qsizetype length = 0;
+    while (length < trimmed.size() && trimmed[length] >= u'0' && trimmed[length] <= u'9')
+        ++length;
+    return IntegerOf(trimmed.first(length));
+}
+
 // The number of a field, 0 after an error that the tail has logged.
 std::int16_t NumberOf(QLatin1StringView literal, const QString& field)
 {
     std::int16_t number = 0;
-    ErrorTail{literal}([&] { number = IntegerOf(field); });
+    ErrorTail{literal}([&] { number = LeadingNumber(field); });
     return number;
 }
 
@@ -81,7 +91,7 @@ std::int16_t fnGetMonth(const QString& entryDate)
 
 std::int16_t fnGetYear(const QString& entryDate)
 {
-    return IntegerOf(entryDate.right(4));
+    return LeadingNumber(entryDate.right(4));
 }
 
 QString fnFnGetQMTDate(const QString& entryDate)
@@ -107,7 +117,7 @@ std::int16_t fnGetQMTMonth(const QString& dateKey)
 
 std::int16_t fnGetQMTYear(const QString& dateKey)
 {
-    return IntegerOf(dateKey.left(4));
+    return LeadingNumber(dateKey.left(4));
 }
 
 QString fnMonthAbbrev(int month)
@@ -130,9 +140,9 @@ bool fnValidateDate(const QString& entryDate)
     bool valid = false;
     ErrorTail{QLatin1StringView(" in MODDATE, fnValidateDate")}([&] {
         if (Slashes(entryDate).second < 0) return;
-        const std::int16_t month = IntegerOf(FirstField(entryDate));
-        const std::int16_t day = IntegerOf(MiddleField(entryDate));
-        valid = IsDayOfGrid({IntegerOf(entryDate.right(4)), month, day});
+        const std::int16_t month = LeadingNumber(FirstField(entryDate));
+        const std::int16_t day = LeadingNumber(MiddleField(entryDate));
+        valid = IsDayOfGrid({LeadingNumber(entryDate.right(4)), month, day});
     });
     return valid;
 }

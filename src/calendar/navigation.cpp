@@ -128,12 +128,15 @@ void Navigation::SpinTips() const
 
 void Navigation::tmMidnightRefresh_Timer()
 {
-    const QTime now = desktopclock::Now().time();
-    if (now.hour() != 0 || now.minute() != 0) return;
+    const QDateTime now = desktopclock::Now();
+    const bool isFirstMinute = now.time() < QTime(0, 1);
+    const bool isOtherDay = std::exchange(m_lastTick, now.date()) != now.date();
+    if (!isFirstMinute && !isOtherDay) return;
     m_turn(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"), [&] {
         GoToToday();
         if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
         if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
+        m_bottom.panelBottom->SetCaption(MonthTitle());
     });
 }
 

@@ -2,6 +2,8 @@
 // change the date, draw, read the notes.
 #pragma once
 
+#include "platform/desktop/clock.h"
+
 #include <QLatin1StringView>
 
 class Bars;
@@ -35,6 +37,8 @@ public:
     void picWeek_Click(int Index);
 
     void SpinTips() const; // as the view is, at the moment the mouse is over them
+    // Goes to today in the minute after midnight, and at the first tick of another day: a machine may have slept over
+    // that minute.
     void tmMidnightRefresh_Timer();
     void subSetViewMenus(); // which of the Goto and View entries the present mode allows
 
@@ -52,4 +56,5 @@ private:
     Menus& m_menus;
     CCalendarView& m_calendar;
     Bars& m_bars;
+    QDate m_lastTick = desktopclock::Now().date(); // of the midnight timer
 };

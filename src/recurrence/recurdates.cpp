@@ -180,6 +180,13 @@ QStringList EventDates(Frequency frequency, const QString& start, const QString&
     return dates;
 }
 
+bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, std::int16_t step)
+{
+    const FrequencyRow& row = RowOf(frequency);
+    const QString& start = eventDates.first();
+    return row.continues(start, row.next(start, eventDates.last(), step), end);
+}
+
 QStringList RemovalDates(Frequency frequency, const QString& start, const QString& end)
 {
     const FrequencyRow& row = RowOf(frequency);

@@ -42,6 +42,9 @@ bool IsDayOfItsMonth(const QString& dateKey); // the day is not past the end of 
 
 // The dates that an event is written into. The start is always one of them. The step is 1 or more.
 QStringList EventDates(Frequency frequency, const QString& start, const QString& end, std::int16_t step);
+// Whether the walk of these event dates ended before its end, at a day that its month does not have: no later date can
+// be reached from there. Only steps longer than the shortest month come to one.
+bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, std::int16_t step);
 // The dates that it is taken out of, one by one, since nobody has kept its step. All but the daily walk go one date
 // past the end.
 QStringList RemovalDates(Frequency frequency, const QString& start, const QString& end);

@@ -30,6 +30,16 @@ bool AskToRetry(const QString& date, const QString& reason)
     return MsgBox(question.arg(fnFormatDateKey(date), reason), msgbox::YesNo + msgbox::Question,
                   messages::HelpWizard) == msgbox::Yes;
 }
+
+// A day that its month does not have is written as it comes, but no view shows it, and nothing comes after it.
+bool AskToEndAt(const QString& lastDate, std::int16_t step)
+{
+    const QString question = QStringLiteral(
+        "Counted in steps of %1 days, this recurring event would end at %2: its month has no such day, and "
+        "no later date can be counted from there.\n\nDo you want to write it up to that date?");
+    return MsgBox(question.arg(step).arg(fnFormatDateKey(lastDate)), msgbox::YesNo + msgbox::Question,
+                  messages::HelpWizard) == msgbox::Yes;
+}
 } // namespace
 
 bool Recurrence::fnRecurseDaily(const QString& sStart, const QString& sEnd, std::int16_t iStep)
@@ -68,9 +78,10 @@ bool Recurrence::Save(Frequency frequency, QLatin1StringView literal, const QStr
         Tell(QStringLiteral("End Date is not a valid date"), msgbox::Information);
         return false;
     }
+    const QStringList dates = EventDates(frequency, startKey, endKey, iStep);
+    if (BreaksOff(frequency, dates, endKey, iStep) && !AskToEndAt(dates.last(), iStep)) return false;
     BackUpBeforeSave();
     if (!SaveRecord(literal, startKey, endKey, WordOf(frequency))) return false;
-    const QStringList dates = EventDates(frequency, startKey, endKey, iStep);
     DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subUpdateRecurseData"), m_progress);
     const qsizetype failures = run(dates, [&](const QString& date) { subUpdateRecurseData(date, run); });
     TellOfFailures(failures, dates.size(),

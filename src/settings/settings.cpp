@@ -56,7 +56,7 @@ void Write(const TextSetting& setting, const QString& value)
 
 void WriteText(const IntSetting& setting, const QString& text)
 {
-    WritePrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), text, Fixed(settings::PlannerIni));
+    WritePrivateProfileNumber(Fixed(setting.section), Fixed(setting.key), text, Fixed(settings::PlannerIni));
 }
 
 std::int32_t DelaySeconds(double minutes)

@@ -39,10 +39,9 @@ void WriteDesktopKeys(const DesktopKeys& keys)
     WritePrivateProfileStringA(Section, StyleKey, QString::number(keys.style), WinIni);
 }
 
-void TakeOverPresentWallpaper(const QDeadlineTimer& until)
+void TakeOver(const std::optional<DesktopPicture>& shown)
 {
-    if (const std::optional<DesktopPicture> present = PresentWallpaper(until))
-        WriteDesktopKeys(DesktopKeys::Of(*present));
+    if (shown) WriteDesktopKeys(DesktopKeys::Of(*shown));
 }
 
 DesktopKeys ReadPreviousKeys()

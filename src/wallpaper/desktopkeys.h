@@ -16,7 +16,7 @@ struct DesktopKeys
 DesktopKeys ReadDesktopKeys();
 void WriteDesktopKeys(const DesktopKeys& keys);
 // What another program has set since counts, where the desktop tells it: WIN.INI takes it over.
-void TakeOverPresentWallpaper(const QDeadlineTimer& until);
+void TakeOver(const std::optional<DesktopPicture>& shown);
 
 DesktopKeys ReadPreviousKeys();
 void WritePreviousKeys(const DesktopKeys& keys);

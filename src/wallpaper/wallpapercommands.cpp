@@ -56,7 +56,7 @@ bool WallpaperCommands::SetWallpaper(const QDeadlineTimer& until, QString& troub
     bool isSet = false;
     ErrorTail{QLatin1StringView(" in MainForm, fnSetWallpaper")}([&] {
         const QImage image = m_picture.Draw(Read(settings::WallpaperSize));
-        TakeOverPresentWallpaper(until);
+        TakeOver(PresentWallpaper(until));
         WritePreviousKeys(ReadDesktopKeys());
         const QString path = PicturePath();
         trouble = QStringLiteral("The picture could not be written to %1.").arg(path);
@@ -98,7 +98,7 @@ void WallpaperCommands::mnuClearWallpaper_Click()
 void WallpaperCommands::mnuUpdateWallpaper_Click()
 {
     const QDeadlineTimer until(PersonsPatience);
-    TakeOverPresentWallpaper(until);
+    TakeOver(KeptWallpaper(until));
     const bool isLoaded = ShowOnDesktop(ReadDesktopKeys().wallpaper, until);
     Tell(isLoaded ? QStringLiteral("Successfully Updated Wallpaper!") : QStringLiteral("Unable To Update Wallpaper!"));
 }

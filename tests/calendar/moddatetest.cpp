@@ -82,7 +82,8 @@ private Q_SLOTS:
         row("0/1/1999", false);
         row("1/0/1999", false);
         row("1/1/0000", false);
-        row("-1/1/1999", false);
+        row("+1/1/1999", false); // digits alone
+        row("1/&H1/1999", false);
         row("1/1", false);
         row("1999", false);
         row("", false);

@@ -111,12 +111,15 @@ private Q_SLOTS:
         QVERIFY(!m_program->Entry("mnuNextMonth").isEnabled());
     }
 
-    void AnUnknownViewShowsTheHeadingsAlone()
+    // The view of a day has no cells in this window.
+    void AnUnknownViewIsThatOfTheMonth()
     {
-        SetIni("VIEW", "VIEWPREF", "1");
-        m_program->Start();
-        QVERIFY(!m_program->form->findChild<SSPanel*>(QStringLiteral("panelDay(1)")));
-        QVERIFY(m_program->Find<SSPanel>("lblDayOfWeek(6)").isVisible());
+        for (const char* view : {"1", "7"}) {
+            SetIni("VIEW", "VIEWPREF", view);
+            m_program->Start();
+            QCOMPARE(m_program->form->findChild<SSPanel*>(QStringLiteral("panelDay(1)")) != nullptr, *view == '7');
+            QVERIFY(m_program->Find<SSPanel>("lblDayOfWeek(6)").isVisible());
+        }
     }
 
     void TheYearStopsAtTheEdgeOfSixteenBits()

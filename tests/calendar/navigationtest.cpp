@@ -90,11 +90,15 @@ private Q_SLOTS:
 
     void MidnightBringsBackToday()
     {
+        const auto tick = [&] { m_program->Tick("tmMidnightRefresh"); };
+        desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(0, 0, 10)));
+        m_program->Trigger("mnuNextMonth");
+        tick();
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999")); // without a planner too
         m_program->New(QStringLiteral("notes.mdb"));
         m_program->Type(20, QStringLiteral("typed late"));
         m_program->Trigger("mnuNextMonth");
         m_program->Type(20, QStringLiteral("in April"));
-        const auto tick = [&] { m_program->Tick("tmMidnightRefresh"); };
         desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(23, 59, 40)));
         tick();
         QCOMPARE(Month(), QPoint(1999, 4));
@@ -106,6 +110,14 @@ private Q_SLOTS:
         QVERIFY(m_program->Panel(18).CaptionFont().strikeOut());
         QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed late"));
         QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/4/16")).contains("in April"));
+        // A machine that has slept over midnight; later in the same day nothing turns.
+        desktopclock::SetForTests(QDateTime(QDate(1999, 4, 2), QTime(7, 30)));
+        for (const int month : {4, 5}) {
+            tick();
+            QCOMPARE(Month(), QPoint(1999, month));
+            QCOMPARE(g_iDay, std::int16_t{2});
+            m_program->Trigger("mnuNextMonth");
+        }
         QCOMPARE(m_program->Log(), QByteArray());
     }
 };

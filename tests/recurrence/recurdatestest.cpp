@@ -155,13 +155,6 @@ private Q_SLOTS:
                 QCOMPARE(fnCheckBackwardDate(entry(start), entry(end)), start <= end);
         }
     }
-
-    void WordsOfRecords()
-    {
-        for (const char* word : {"DAILY", "WEEKLY", "MONTHLY", "YEARLY"})
-            QCOMPARE(WordOf(FrequencyOf(QString::fromLatin1(word)).value()), QString::fromLatin1(word));
-        QVERIFY(!FrequencyOf(QStringLiteral("daily")));
-    }
 };
 
 QTEST_GUILESS_MAIN(RecurDatesTest)

@@ -197,6 +197,10 @@ private Q_SLOTS:
         for (const char* number : {"0", "-3", "", "many", "99999"})
             row(qPrintable(QStringLiteral("step %1").arg(QLatin1StringView(number))), ok, ok, 4,
                 "Please choose how many days, weeks, months or years, 1 or more", "x", number);
+        row("broken off", "01311999", "12311999", 4,
+            "Counted in steps of 30 days, this recurring event would end at Feb 30, 1999: its month has no such day, "
+            "and no later date can be counted from there.\n\nDo you want to write it up to that date?",
+            "x", "30");
     }
 
     void StaysOpenAndSaysWhy()
@@ -215,7 +219,7 @@ private Q_SLOTS:
             auto& days = In<QComboBox>(form, "cmbRecurDays");
             QCOMPARE(days.currentText(), QStringLiteral("1"));
             days.setEditText(number);
-            AnswerNextBox(msgbox::Ok, &seen);
+            AnswerNextBox(message.endsWith(u'?') ? msgbox::No : msgbox::Ok, &seen);
             Press(form, "btnOk");
             QVERIFY(form.isVisible());
             Press(form, "btnCancel");
@@ -223,8 +227,9 @@ private Q_SLOTS:
         m_program->Trigger("mnuRecurse");
         QCOMPARE(seen.Text, message);
         QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
-        QCOMPARE(seen.Icon,
-                 message.contains(QStringLiteral("earlier")) ? QMessageBox::Warning : QMessageBox::Information);
+        QCOMPARE(seen.Icon, message.contains(u"earlier"_s) ? QMessageBox::Warning
+                            : message.endsWith(u'?')       ? QMessageBox::Question
+                                                           : QMessageBox::Information);
         QVERIFY(g_rsRecurse.EOF_());
         QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/1")).isNull());
     }

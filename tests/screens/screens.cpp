@@ -1,6 +1,7 @@
 // Puts a picture of every window of the program into a folder: screens FOLDER [dark]. Windows are those that a person
 // gets by the menu, over a planner with notes; the platform's own dialogs for files and printers are not among them.
 #include "alarms/alarmeventform.h"
+#include "alarms/alarmrecords.h"
 #include "plannerfile/recoveryform.h"
 #include "printing/spoolform.h"
 #include "program.h"
@@ -78,7 +79,11 @@ void SaveWithoutCommand(QWidget& owner)
     SaveOwn(ExitForm(), "Exit");
     SaveOwn(SpoolForm(&owner), "Spool");
     SaveOwn(OpenAsForm(QStringLiteral("/home/ann/family.mdb")), "OpenAs");
-    SaveOwn(AlarmEventForm("{\\rtf1 Call the \\b school\\b0  back.}", owner.screen(), nullptr), "AlarmEvent");
+    SaveOwn(
+        AlarmEventForm(
+            {QStringLiteral("1999/3/17"), QStringLiteral("09:30"), "{\\rtf1 Call the \\b school\\b0  back.}", {}, true},
+            owner.screen(), nullptr),
+        "AlarmEvent");
     const FoundNote note{QStringLiteral("1999/3/9"), "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"};
     SaveOwn(RecoveryForm({note, {QStringLiteral("1999/3/10"), {}, "{\\rtf1 New}"}}, &owner), "Recovery");
     OnNextModal<QMessageBox>([](QMessageBox& box) {

@@ -33,7 +33,7 @@ private Q_SLOTS:
         Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(1)")}, Qt::Key_Return);
         QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), QStringLiteral("1"));
         QCOMPARE(Ini("QMT2LOAD", "FILETITLE"), QStringLiteral("notes.mdb"));
-        QCOMPARE(Ini("QMT2LOAD", "TITLESIZE").trimmed(), QStringLiteral("9"));
+        QVERIFY(Content(folders::WindowsDirectory() + QStringLiteral("/PLANNER.INI")).contains("\nTITLESIZE= 9\n"));
         QCOMPARE(Ini("VIEW", "VIEWPREF"), QStringLiteral("3"));
         m_program->Exit();
         m_program->Start();

@@ -245,6 +245,11 @@ private Q_SLOTS:
         QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
         QCOMPARE(SeenRoot().Pixmap(), 0U);
         QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
+        // As a new session has it: its root is empty, and WIN.INI has the picture of the last one.
+        WritePrivateProfileStringA(u"Desktop"_s, u"wallpaper"_s, Bitmap("planner.bmp"), u"WIN.INI"_s);
+        QCOMPARE(Said("mnuUpdateWallpaper"), QStringLiteral("Orrelin Help Wizard: Successfully Updated Wallpaper!"));
+        QVERIFY(SeenRoot().Pixmap() != 0);
+        QCOMPARE(WinIni("wallpaper"), Bitmap("planner.bmp"));
     }
 
     void ClearAndUpdate()

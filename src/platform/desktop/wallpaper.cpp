@@ -80,6 +80,12 @@ std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until)
     return ways.empty() ? std::nullopt : ways.front()->Present(session, Sooner(until));
 }
 
+std::optional<DesktopPicture> KeptWallpaper(const QDeadlineTimer& until)
+{
+    const Backends ways = WaysOf(DesktopSession::Present());
+    return ways.empty() || !ways.front()->IsKept ? std::nullopt : PresentWallpaper(until);
+}
+
 bool SystemParametersInfoA(int action, int, const DesktopPicture& picture, int, const QDeadlineTimer& until)
 {
     if (action != SetDeskWallpaper || IsMissingFile(picture.Path)) return false;

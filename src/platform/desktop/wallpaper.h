@@ -10,6 +10,9 @@
 
 // What the desktop shows now; empty where that cannot be told.
 std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until);
+// The same, but empty where the ground begins each session without a picture: having none then says nothing of what
+// somebody wanted.
+std::optional<DesktopPicture> KeptWallpaper(const QDeadlineTimer& until);
 
 // Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. False if
 // the desktop did not take it, or if a person who was asked refused; nobody is asked for longer than until the

@@ -32,6 +32,7 @@ struct WallpaperBackend
     WallpaperAnswer (*Show)(const DesktopSession& session, const DesktopPicture& picture, const QDeadlineTimer& until);
     std::optional<DesktopPicture> (*Present)(const DesktopSession& session, const QDeadlineTimer& until);
     bool AsksPerson = false; // and so may take until the deadline of the call
+    bool IsKept = true;      // what it shows stays for the next session
 };
 
 extern const WallpaperBackend GSettingsWallpaper; // GNOME, Cinnamon, MATE and those that share their settings

@@ -72,4 +72,4 @@ std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTime
 }
 } // namespace
 
-const WallpaperBackend RootWallpaper = {IsHere, Show, Present};
+const WallpaperBackend RootWallpaper = {.IsHere = IsHere, .Show = Show, .Present = Present, .IsKept = false};

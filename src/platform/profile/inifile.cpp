@@ -90,13 +90,14 @@ bool IsQuoted(QStringView value)
     return value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
 }
 
-// One line, in quotes of its own where reading would strip something of it.
-QByteArray Written(QString value)
+// One line, in quotes of its own if it needs them.
+QByteArray Written(QString value, Quotes quotes)
 {
     value.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
     for (const char16_t breaking : {u'\n', u'\r'})
         value.replace(breaking, u' ');
-    if (value != value.trimmed() || IsQuoted(value)) value = u'"' + value + u'"';
+    const bool isStripped = value != value.trimmed() || IsQuoted(value);
+    if (isStripped && quotes == Quotes::WhereNeeded) value = u'"' + value + u'"';
     return value.toUtf8();
 }
 
@@ -158,15 +159,16 @@ std::optional<QString> IniFile::Value(const QString& section, const QString& key
 }
 
 std::optional<QByteArray> WithValue(const QByteArray& text, const QString& section, const QString& key,
-                                    const QString& value)
+                                    const QString& value, Quotes quotes)
 {
     if (!CanBeSection(section) || !CanBeKey(key)) return std::nullopt;
     const Target target = FindTarget(text, section, key);
+    const QByteArray written = Written(value, quotes);
     QByteArray result = text;
-    if (target.ValueStart >= 0) return result.replace(target.ValueStart, target.ValueLength, Written(value));
+    if (target.ValueStart >= 0) return result.replace(target.ValueStart, target.ValueLength, written);
     const qsizetype firstBreak = text.indexOf('\n');
     const QByteArray lineBreak = firstBreak > 0 && text[firstBreak - 1] == '\r' ? "\r\n" : "\n";
-    QByteArray added = key.toUtf8() + '=' + Written(value) + lineBreak;
+    QByteArray added = key.toUtf8() + '=' + written + lineBreak;
     qsizetype place = target.SectionEnd;
     if (place < 0) {
         place = text.size();

@@ -32,7 +32,13 @@ private:
     QHash<QString, Place> m_values; // by section and key, folded
 };
 
+enum class Quotes
+{
+    WhereNeeded, // where reading would strip something of the value
+    Never        // of a number, whose readers skip blanks
+};
+
 // The text with this one value set, all other bytes as they were; a missing section or key is added. Line breaks in the
 // value become blanks. Empty if no INI file can hold such a section or key.
 std::optional<QByteArray> WithValue(const QByteArray& text, const QString& section, const QString& key,
-                                    const QString& value);
+                                    const QString& value, Quotes quotes = Quotes::WhereNeeded);

@@ -21,6 +21,7 @@ struct Change
     QString Section;
     QString Key;
     QString Value;
+    Quotes Quoting;
 };
 
 // A file as it was last read. Used on the user interface's thread only, like all of this room.
@@ -49,7 +50,7 @@ void Apply(IniFile& file, const std::vector<Change>& changes)
 {
     QByteArray text = file.Text();
     for (const Change& change : changes) {
-        text = WithValue(text, change.Section, change.Key, change.Value).value_or(text);
+        text = WithValue(text, change.Section, change.Key, change.Value, change.Quoting).value_or(text);
     }
     if (text != file.Text()) file = IniFile(text);
 }
@@ -134,7 +135,7 @@ bool WriteAll(const QString& path, const std::vector<Change>& changes)
     const bool isWritten = inistorage::Change(path, [&](const QByteArray& before) -> std::optional<QByteArray> {
         std::optional<QByteArray> text = before;
         for (const Change& change : changes) {
-            if (text) text = WithValue(*text, change.Section, change.Key, change.Value);
+            if (text) text = WithValue(*text, change.Section, change.Key, change.Value, change.Quoting);
         }
         return text;
     });
@@ -143,6 +144,17 @@ bool WriteAll(const QString& path, const std::vector<Change>& changes)
         LogError({errors::PathFileAccess, QStringLiteral("Could not write settings to ") + path},
                  QLatin1StringView(" in Profile, WritePrivateProfileString"));
     return isWritten;
+}
+
+bool Write(const Change& change, const QString& file)
+{
+    const QString path = PathOf(file);
+    const auto held = g_held.find(path);
+    if (held == g_held.end() || !held->Batched) return WriteAll(path, {change});
+    if (!WithValue(QByteArray(), change.Section, change.Key, change.Value)) return false;
+    held->Batch.push_back(change);
+    Apply(held->File, {change});
+    return true;
 }
 } // namespace
 
@@ -162,14 +174,12 @@ QString GetPrivateProfileStringA(const QString& section, const QString& key, con
 
 bool WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value, const QString& file)
 {
-    const QString path = PathOf(file);
-    const Change change{section, key, value};
-    const auto held = g_held.find(path);
-    if (held == g_held.end() || !held->Batched) return WriteAll(path, {change});
-    if (!WithValue(QByteArray(), section, key, value)) return false;
-    held->Batch.push_back(change);
-    Apply(held->File, {change});
-    return true;
+    return Write({section, key, value, Quotes::WhereNeeded}, file);
+}
+
+bool WritePrivateProfileNumber(const QString& section, const QString& key, const QString& number, const QString& file)
+{
+    return Write({section, key, number, Quotes::Never}, file);
 }
 
 ProfileBatch::ProfileBatch(const QString& file) : m_file(PathOf(file))

@@ -18,6 +18,8 @@ QString GetPrivateProfileStringA(const QString& section, const QString& key, con
 
 // Creates file, section and key as needed; false if it could not be written, in which case nothing has changed.
 bool WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value, const QString& file);
+// The same for a number as text, which may have blanks around it: they stand in the file as they are, without quotes.
+bool WritePrivateProfileNumber(const QString& section, const QString& key, const QString& number, const QString& file);
 
 // While one of these lives, the writes of this process to the file are held back; its end writes them in one
 // replacement of the file. Reads see them at once, and no longer if they could not be written at the end, which only
