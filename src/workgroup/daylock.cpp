@@ -20,6 +20,7 @@
 #include "settings/settings.h"
 #include "workgroup/dayrecord.h"
 #include "workgroup/refresh.h"
+#include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QScopedValueRollback>
@@ -100,10 +101,7 @@ void DayLock::Lock()
     m_cells.tbDay(cell).SetLocked(false);
     Mark(cell, true);
     Q_EMIT m_cells.StateChanged(cell);
-    if (Read(settings::AutoUnLock) != 0) {
-        bGeneralUnlockEnable = true;
-        m_network.tmUnLock->SetEnabled(true);
-    }
+    StartUnlockTimer(m_network);
     tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
 }
 
