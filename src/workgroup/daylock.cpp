@@ -8,6 +8,7 @@
 #include "hall/sidebar.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
@@ -38,7 +39,8 @@ void FocusSidebar(const Sidebar& sidebar)
 void DayLock::subLockDay()
 {
     if (HeldCell() == 0) m_record.Close();
-    if (!m_record.IsHeld() && (g_iCurrentPanel == 0 || !HasPlanner())) return AskForCell();
+    if (!m_record.IsHeld() && RefusesWithoutPlanner()) return;
+    if (!m_record.IsHeld() && g_iCurrentPanel == 0) return AskForCell();
     if (m_network.picLock->Visible(0)) {
         Lock();
     } else {

@@ -82,8 +82,8 @@ private Q_SLOTS:
         const QString path = m_program->folders.Path(QStringLiteral("other.mdb"));
         SetContent(path, content);
         AnswerNextFileDialog(path);
-        Program::AnswerOpenAs(false);
-        SeenBox seen;
+        Program::AnswerOpenAs(true);
+        SeenBox seen, next;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuOpen");
         QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
@@ -113,7 +113,10 @@ private Q_SLOTS:
         MakeOlder(QStringLiteral("old.mdb"), tables);
         AnswerNextFileDialog(m_program->folders.Path(QStringLiteral("old.mdb")));
         Program::AnswerOpenAs(false);
+        AnswerNextBox(msgbox::Ok, &next);
         if (answer) AnswerNextBox(answer);
+        m_program->Trigger("mnuLockDay");
+        QVERIFY2(next.Text.startsWith(QStringLiteral("No Planner Exists!")), qPrintable(next.Text));
         m_program->Trigger("mnuOpen");
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
