@@ -66,8 +66,9 @@ void Opening::AskHowAndOpen()
 
 void Opening::subAutoload()
 {
-    if (Read(settings::LoadCondition) != 1) return;
-    g_sDBPath = Read(settings::LoadFilePath);
+    const QString path = Read(settings::LoadFilePath);
+    if (Read(settings::LoadCondition) != 1 || path.isEmpty()) return;
+    g_sDBPath = path;
     g_sDBTitle = Read(settings::LoadFileTitle);
     const bool shared = Read(settings::LoadWorkgroup) != 0;
     m_networkMode.subSetNetworkMode(shared);
