@@ -40,7 +40,7 @@ public:
         m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
         m_bottom.panelBottom->repaint();
     }
-    ~CreatingNotice() { m_bottom.panelBottom->SetCaption(MonthTitle()); }
+    ~CreatingNotice() { m_bottom.panelBottom->SetCaption(FootTitle()); }
     Q_DISABLE_COPY_MOVE(CreatingNotice)
 
 private:

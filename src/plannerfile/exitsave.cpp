@@ -65,10 +65,10 @@ void ExitSave::SaveUnsaved(bool mayAsk)
 
 bool ExitSave::AskToRetry()
 {
-    const QString question = QStringLiteral("These notes could not be saved:\n\n%1\n\nRetry saves them again. Cancel "
-                                            "ends Orrelin and keeps each of them as a file in\n%2");
-    return MsgBox(question.arg(m_notes.Unsaved().Describe(), RescueFolder()), msgbox::RetryCancel + msgbox::Critical,
-                  messages::HelpWizard) == msgbox::Retry;
+    const QString question = QStringLiteral("These notes could not be saved:\n\n%1\n\n%2\n\nRetry saves them again. "
+                                            "Cancel ends Orrelin and keeps each of them as a file in\n%3");
+    return MsgBox(question.arg(m_notes.Unsaved().Describe(), m_notes.WhyUnsaved(), RescueFolder()),
+                  msgbox::RetryCancel + msgbox::Critical, messages::HelpWizard) == msgbox::Retry;
 }
 
 // False: the notes are still nowhere, and the person, if there is one, wants to try again.

@@ -30,9 +30,10 @@ public:
     void Leave();  // for the next opening of its planners: the file stays as it is
 
 private:
-    void Claim();
+    void Claim(QString& reason);
     void Tell(const QString& reason) const;
     void Fail(const QString& reason);
+    void Recover();
 
     std::function<UnsavedNotes()> m_source;
     std::function<void(const QString&)> m_onTrouble;

@@ -92,7 +92,7 @@ void Opening::subOpenDBNoDlg(bool bShared)
         m_recentList.subLoadMRU(false);
         m_recentList.subUpdateMRU();
     }
-    m_bottom.panelBottom->SetCaption(MonthTitle());
+    m_bottom.panelBottom->SetCaption(FootTitle());
     SetMousePointer(mousepointer::Default);
     m_recovery.Offer();
 }
@@ -182,6 +182,6 @@ void Opening::ShowPlannerOpen()
 {
     g_iCurrentPanel = 0;
     m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
-    m_bottom.panelBottom->SetCaption(MonthTitle());
+    m_bottom.panelBottom->SetCaption(FootTitle());
     SetMousePointer(mousepointer::Default);
 }

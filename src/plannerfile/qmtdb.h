@@ -53,7 +53,8 @@ public:
 
     // Notes of any planner that was open in this run and would not take them.
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
-    void WriteUnsaved(); // tries each of those planners again
+    void WriteUnsaved();        // tries each of those planners again
+    QString WhyUnsaved() const; // the reasons of the last tries, a line for each
     void ForgetUnsaved();
     void ForgetUnsaved(const QString& planner);
     // What a day is to show that holds this in the file: what could not be stored yet comes first.
@@ -88,8 +89,10 @@ private:
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
+    void FollowUnsaved();
     const ViewMode& m_viewMode;
     Journal& m_journal;
     UnsavedNotes m_unsaved;
     std::array<HeldNote, CellCount + 1> m_held;
 };
+    QMap<QString, QString> m_reasons; // by planner: why its notes were not taken at the last try

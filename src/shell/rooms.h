@@ -60,10 +60,10 @@ struct Rooms
         m_pCalendarView.SetRedraw(redraw);
         turn.SetLockedDay(dayLock);
         creation.SetLockedDay(dayLock);
-        // It stands there until the calendar is turned, and comes again with the next try.
         journal.SetOnTrouble([this](const QString& reason) {
             const QString trouble = QStringLiteral("What you type cannot be kept aside: ");
-            controls.bottom.panelBottom->SetCaption(reason.isEmpty() ? MonthTitle() : trouble + reason);
+            g_sNotKept = reason.isEmpty() ? reason : trouble + reason;
+            controls.bottom.panelBottom->SetCaption(FootTitle());
         });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();

@@ -293,9 +293,18 @@ private Q_SLOTS:
         m_program->Start();
         m_program->Open(m_program->File);
         m_program->Type(WorkgroupProgram::Cell, QStringLiteral("new"));
-        QTRY_VERIFY(m_program->Bottom().Caption().startsWith(QStringLiteral("What you type cannot be kept aside: ")));
+        const QString told = QStringLiteral(" - What you type cannot be kept aside: ");
+        QTRY_VERIFY(m_program->Bottom().Caption().contains(told));
+        // A turn does not make it untrue, the save that succeeds does.
+        *failing.plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
+        m_program->Trigger("mnuNextMonth");
+        QVERIFY(m_program->Bottom().Caption().contains(told));
+        *failing.plan = {};
+        m_program->Trigger("mnuSave");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
     }
 };
 
 QTEST_MAIN(JournalTest)
 #include "journaltest.moc"
+        const FailingStores failing;
