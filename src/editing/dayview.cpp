@@ -244,6 +244,7 @@ void DayView::HandToCell()
     Mark(m_day.cell, true);
     Q_EMIT m_cells.StateChanged(m_day.cell);
     m_cells.tbDay(m_day.cell).SetLocked(false);
+    m_cells.tbDay(m_day.cell).SetModified(true); // or nothing would count as typed
     g_iCurrentPanel = m_day.cell;
 }
 

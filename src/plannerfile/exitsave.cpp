@@ -1,6 +1,7 @@
 #include "plannerfile/exitsave.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "hall/cells.h"
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
@@ -39,6 +40,7 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
         tail([&] { m_notes.WriteUnsaved(); });
         SetMousePointer(mousepointer::Default);
     }
+    tail([&] { m_lockedDay.LeaveBehind(); });
     SaveUnsaved(mayAsk);
     if (mayAsk) {
         m_journal.Remove();
@@ -93,6 +95,7 @@ void ExitSave::ClosePlanner()
 {
     if (!HasPlanner()) return;
     const ErrorTail tail(ExitTail);
+    tail([&] { m_lockedDay.LeaveBehind(); });
     m_record.Close();
     g_rsFind = {};
     tail([] { g_rsQMT.Close(); });

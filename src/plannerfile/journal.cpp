@@ -118,6 +118,15 @@ void Journal::Claim(QString& reason)
     m_lock = std::move(place.lock);
 }
 
+bool Journal::LeaveBehind(const UnsavedNotes& notes, QString& reason)
+{
+    const Place place = FreePlace(reason);
+    // Without a lock nobody would find it.
+    if (reason.isEmpty() && WriteDurably(place.path, journalfile::Encode(notes), &reason) && place.lock) return true;
+    LogError({errors::PathFileAccess, reason}, JournalTail);
+    return false;
+}
+
 void Journal::Tell(const QString& reason) const
 {
     if (m_onTrouble) m_onTrouble(reason);

@@ -2,6 +2,7 @@
 
 #include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
@@ -49,11 +50,17 @@ void Opening::subOpenPlanner()
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
+    LeaveLockedDay();
     if (wasOpen) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
     AskHowAndOpen();
     if (HasPlanner()) m_notes.subSeekQMTDatabase();
+}
+
+void Opening::LeaveLockedDay()
+{
+    if (m_lockedDay) m_lockedDay->LeaveBehind();
 }
 
 void Opening::AskHowAndOpen()

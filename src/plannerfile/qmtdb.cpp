@@ -246,6 +246,19 @@ void QMTDB::ForgetDay(const QString& key)
     FollowUnsaved();
 }
 
+void QMTDB::LeaveBehind(const QString& key, const UnsavedNote& note)
+{
+    UnsavedNotes left;
+    left.Keep(g_sNotesFile, key, note);
+    m_unsaved.Forget(g_sNotesFile, key);
+    QString reason;
+    if (!Journal::LeaveBehind(left, reason)) {
+        m_unsaved.Keep(g_sNotesFile, key, note);
+        m_reasons[g_sNotesFile] = reason;
+    }
+    FollowUnsaved();
+}
+
 UnsavedNotes QMTDB::Typed() const
 {
     UnsavedNotes typed = m_unsaved;

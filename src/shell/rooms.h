@@ -60,6 +60,7 @@ struct Rooms
         m_pCalendarView.SetRedraw(redraw);
         turn.SetLockedDay(dayLock);
         creation.SetLockedDay(dayLock);
+        opening.SetLockedDay(dayLock);
         journal.SetOnTrouble([this](const QString& reason) {
             const QString trouble = QStringLiteral("What you type cannot be kept aside: ");
             g_sNotKept = reason.isEmpty() ? reason : trouble + reason;
@@ -112,7 +113,7 @@ struct Rooms
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
-    ExitSave exitSave{controls.cells, notes, dayRecord, journal};
+    ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;

@@ -20,8 +20,8 @@
 #include "settings/messages.h"
 #include "settings/settings.h"
 #include "workgroup/dayrecord.h"
-#include "workgroup/refresh.h"
 #include "workgroup/networkmode.h"
+#include "workgroup/refresh.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QScopedValueRollback>
@@ -165,13 +165,18 @@ bool DayLock::Unlock()
     m_network.picLock->ShowElement(0);
     if (cell != 0 && !StoreCell(cell)) return false;
     if (cell == 0) m_record.Close();
-    ClearMarks();
-    if (cell != 0) Q_EMIT m_cells.StateChanged(cell);
+    ShowUnlocked(cell);
     FocusSidebar(m_sidebar);
-    g_lUnlockTicks = 0;
-    m_network.tmUnLock->SetEnabled(false);
     tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
     return true;
+}
+
+void DayLock::ShowUnlocked(int cell)
+{
+    ClearMarks();
+    if (cell != 0) Q_EMIT m_cells.StateChanged(cell);
+    g_lUnlockTicks = 0;
+    m_network.tmUnLock->SetEnabled(false);
 }
 
 bool DayLock::StoreCell(int cell)
@@ -189,6 +194,21 @@ bool DayLock::Commit()
 {
     if (m_dayView.IsOpen()) return HeldCell() == 0;
     return !m_record.IsHeld() || Unlock();
+}
+
+void DayLock::LeaveBehind()
+{
+    const int cell = g_bDBShared ? HeldCell() : 0;
+    if (cell == 0) return;
+    m_cells.tbDay(cell).CommitPreedit();
+    UnsavedNotes typed = m_notes.Unsaved();
+    AddTyped(typed);
+    m_record.Close();
+    const QString key = CellKey(m_cells.panelDay(cell).Caption());
+    const auto note = typed.Find(g_sNotesFile, key);
+    if (note && m_cells.tbDay(cell).Modified()) m_notes.LeaveBehind(key, *note);
+    m_network.picLock->ShowElement(0);
+    ShowUnlocked(cell);
 }
 
 void DayLock::AddTyped(UnsavedNotes& typed) const

@@ -188,15 +188,6 @@ private Q_SLOTS:
         QCOMPARE(Box().Text(), stored);
     }
 
-    void exitLosesWhatIsUnderTheLock()
-    {
-        OtherWrites("old");
-        LockAndType(QStringLiteral(" new"));
-        m_program->Exit();
-        QCOMPARE(Stored(), QStringLiteral("old"));
-        QVERIFY(!OtherIsRefused());
-    }
-
     void theRefreshReadsAgain()
     {
         auto& refresh = m_program->Find<PictureButton>("picRefresh");
