@@ -13,6 +13,8 @@ std::array<std::int16_t, CellCount> g_aiCalendar{};
 std::array<std::int16_t, 1> g_aiLastDailyPanel{};
 std::array<std::int16_t, CellCount> g_iAlarmIcon{};
 std::array<std::int16_t, CellCount> g_aiLockState{};
+QString g_sNotSaved;
+QString g_sNotKept;
 
 namespace {
 std::int16_t& State(int cell)
@@ -63,4 +65,6 @@ void ResetCalendarStateForTests()
     g_aiLastDailyPanel = {};
     g_iAlarmIcon = {};
     g_aiLockState = {};
+    g_sNotSaved.clear();
+    g_sNotKept.clear();
 }

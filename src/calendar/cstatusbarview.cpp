@@ -16,6 +16,7 @@ void CStatusbarView::ShowControl(std::int32_t left, std::int32_t, std::int32_t r
     SSPanel& panel = *m_bottom.panelBottom;
     if (panel.window()->isMinimized()) return;
     panel.setGeometry(left, bottom - Height(), right - left, Height());
+    panel.SetSides(m_bottom.imgLeftSpin->width());
     PlaceLeftSpin();
     PlaceRightSpin();
     StyleTitle(panel);

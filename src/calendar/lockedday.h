@@ -9,6 +9,10 @@ public:
     // must stay what it is.
     virtual bool Commit() = 0;
 
+    // Lets go of it unstored, as the exit and the opening of another planner do: what was typed is offered when its
+    // planner is next opened.
+    virtual void LeaveBehind() = 0;
+
 protected:
     ~LockedDay() = default;
 };

@@ -79,6 +79,18 @@ QString MonthTitle()
     return fnMonthName(g_iMonth) + Str(g_iYear);
 }
 
+QString FootTitle()
+{
+    QStringList parts = {MonthTitle(), g_sNotKept, g_sNotSaved};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(" - "));
+}
+
+QString WithoutNotices(const QString& footTitle)
+{
+    return footTitle == FootTitle() ? MonthTitle() : footTitle;
+}
+
 QString fnDayOfWeekName(int day)
 {
     constexpr int LettersShown = 3;

@@ -70,7 +70,7 @@ void Navigation::mnuThisMonth_Click()
     m_turn(QLatin1StringView(" in MainForm, mnuThisMonth_Click"), [&] {
         GoToToday();
         m_redraw.subDisplayMonth();
-        m_bottom.panelBottom->SetCaption(MonthTitle());
+        m_bottom.panelBottom->SetCaption(FootTitle());
     });
 }
 

@@ -109,7 +109,7 @@ void Redraw::MoveMonth(int step)
                                   : QLatin1StringView(" in MODSHOW, subDisplayPrevMonth"));
     tail([&] { StepMonth(step); });
     subDisplayMonth();
-    m_bottom.panelBottom->SetCaption(MonthTitle());
+    m_bottom.panelBottom->SetCaption(FootTitle());
 }
 
 void Redraw::subDisplayNextMonth()

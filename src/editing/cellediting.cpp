@@ -11,6 +11,7 @@
 #include "hall/menus.h"
 #include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
@@ -142,7 +143,7 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
     if (!m_network.picLock->Visible(0)) return;
     KeyAscii = 0;
     // Handed on by an alarm's window: a box would put itself in front of that.
-    if (QApplication::activeModalWidget()) return;
+    if (QApplication::activeModalWidget() || RefusesWithoutPlanner()) return;
     MsgBox(QStringLiteral("Please lock current day in order to edit a shared database. Alternatively, locking "
                           "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "
                           "the cell, or use shortcut key Ctrl-D"),

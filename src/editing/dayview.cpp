@@ -25,6 +25,7 @@
 #include "settings/messages.h"
 #include "settings/settings.h"
 #include "workgroup/dayrecord.h"
+#include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QFile>
@@ -135,7 +136,7 @@ void DayView::Show()
     ZoomBoxForm form(m_cells.Client()->window(), Heading(), m_text, Place(), m_fontCommand);
     QObject::connect(&form, &ZoomBoxForm::SignOfLife, &form, [] { g_lUnlockTicks = 0; });
     QObject::connect(&form.tbZoom(), &RichTextBox::Change, &form, [this] { m_journal.Touch(); });
-    if (g_bDBShared) StartUnlockTimer();
+    if (g_bDBShared) StartUnlockTimer(m_network);
     m_form = &form;
     const bool accepted = form.exec() == QDialog::Accepted;
     m_form = nullptr;
@@ -143,14 +144,6 @@ void DayView::Show()
     FollowResult(form, accepted);
     if (!form.bCancel) tail([&] { TakeOver(); });
     if (g_bDBShared) tail([&] { Unlock(form.bCancel); });
-}
-
-void DayView::StartUnlockTimer()
-{
-    if (Read(settings::AutoUnLock) == 0) return;
-    bGeneralUnlockEnable = true;
-    g_lUnlockDelay = DelaySeconds(Read(settings::UnlockDelay));
-    m_network.tmUnLock->SetEnabled(true);
 }
 
 // Esc leaves the timer and the place as they are; a cancel stops the timer alone.
@@ -251,6 +244,7 @@ void DayView::HandToCell()
     Mark(m_day.cell, true);
     Q_EMIT m_cells.StateChanged(m_day.cell);
     m_cells.tbDay(m_day.cell).SetLocked(false);
+    m_cells.tbDay(m_day.cell).SetModified(true); // or nothing would count as typed
     g_iCurrentPanel = m_day.cell;
 }
 

@@ -56,7 +56,6 @@ private:
     bool RefusesToLeave();
     bool Lock();
     void Show();
-    void StartUnlockTimer();
     void FollowResult(const ZoomBoxForm& form, bool accepted);
     void JoinWithTheirs();
     void TakeOver();

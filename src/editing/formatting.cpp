@@ -8,6 +8,7 @@
 #include "hall/formatbar.h"
 #include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/postkey.h"
@@ -20,6 +21,7 @@
 bool Formatting::fnCanFormatCell()
 {
     if (!g_bDBShared || !m_network.picLock->Visible(0)) return true;
+    if (RefusesWithoutPlanner()) return false;
     MsgBox(QStringLiteral("Please lock the desired day before attempting to apply font attributes to current cell"),
            msgbox::Information, messages::HelpWizard);
     return false;

@@ -22,13 +22,12 @@
 namespace {
 constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");
 
+const QString Extension = QStringLiteral(".mdb");
+
 // The last three letters, without a dot before them: a name such as mymdb counts as having its extension.
-void AppendExtension()
+bool HasExtension()
 {
-    const QString extension = QStringLiteral(".mdb");
-    if (g_sDBTitle.right(3).toLower() == u"mdb") return;
-    g_sDBTitle += extension;
-    g_sDBPath += extension;
+    return g_sDBTitle.right(3).toLower() == u"mdb";
 }
 
 // Says what is being made while it is made; what ends the making, an error too, brings the month's title back.
@@ -40,7 +39,7 @@ public:
         m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
         m_bottom.panelBottom->repaint();
     }
-    ~CreatingNotice() { m_bottom.panelBottom->SetCaption(MonthTitle()); }
+    ~CreatingNotice() { m_bottom.panelBottom->SetCaption(FootTitle()); }
     Q_DISABLE_COPY_MOVE(CreatingNotice)
 
 private:
@@ -49,19 +48,29 @@ private:
 };
 } // namespace
 
-bool Creation::MayReplaceExisting()
+// The name as it was typed, and the one that it gets.
+bool Creation::MayUseName()
 {
-    const QString existing = filesystem::Find(g_sDBPath);
-    if (existing.isEmpty() || filesystem::Dir(existing).toLower() != g_sDBTitle) return true;
-    const int answer =
-        MsgBox(QStringLiteral("File exists! Are you sure you want to replace the existing file '") + g_sDBTitle +
-                   QStringLiteral("'?"),
-               msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2, QStringLiteral("File Exists!"));
-    if (answer != msgbox::Yes) return false;
-    // A file that somebody has open stays; making the new one then fails.
-    // What its cells had not saved goes with it.
-    if (ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(existing); })) m_notes.ForgetUnsaved(existing);
+    m_replaced.clear();
+    const Names typed = {g_sDBPath, g_sDBTitle};
+    const Names made = {g_sDBPath + Extension, g_sDBTitle + Extension};
+    const bool isExtended = HasExtension();
+    if (!MayReplace(typed) || (!isExtended && !MayReplace(made))) return false;
+    if (isExtended) return true;
+    g_sDBPath = made.path;
+    g_sDBTitle = made.title;
     return true;
+}
+
+bool Creation::MayReplace(const Names& names)
+{
+    const QString existing = filesystem::Find(names.path);
+    if (existing.isEmpty() || filesystem::Dir(existing).toLower() != names.title) return true;
+    m_replaced << existing;
+    return MsgBox(QStringLiteral("File exists! Are you sure you want to replace the existing file '") + names.title +
+                      QStringLiteral("'?"),
+                  msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,
+                  QStringLiteral("File Exists!")) == msgbox::Yes;
 }
 
 void Creation::subNewPlanner()
@@ -69,18 +78,33 @@ void Creation::subNewPlanner()
     if (!AskForPlanner(m_dialog, QStringLiteral("New Planner File"), QStringLiteral("&Create"))) return;
     // What is typed under a lock is stored while there is a planner to store it in.
     if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return;
+    const Names former = {g_sDBPath, g_sDBTitle};
     if (HasPlanner()) {
         m_notes.SetAside();
         m_notes.DropCells();
     }
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
-    if (!MayReplaceExisting()) {
-        SetMousePointer(mousepointer::Default);
+    if (!MayUseName()) return ReadAgain(former);
+    if (const auto reason = BuildFile()) {
+        g_sDBPath = former.path;
+        g_sDBTitle = former.title;
+        ReadAgain(former);
+        MsgBox(QStringLiteral("Could not create New Planner"), 0, QString(), *reason);
         return;
     }
-    AppendExtension();
-    if (!BuildFile() || !AskHowToOpen()) return;
+    if (AskHowToOpen()) OpenAndTell();
+}
+
+// What a New that came to nothing has taken from the cells.
+void Creation::ReadAgain(const Names& former)
+{
+    SetMousePointer(mousepointer::Default);
+    if (!former.path.isEmpty()) m_notes.subSeekQMTDatabase();
+}
+
+void Creation::OpenAndTell()
+{
     try {
         OpenNewFile();
     } catch (const RunTimeError& error) {
@@ -94,30 +118,36 @@ void Creation::subNewPlanner()
            msgbox::Information, messages::HelpWizard);
 }
 
-bool Creation::BuildFile()
+std::optional<QString> Creation::BuildFile()
 {
     const CreatingNotice notice(m_bottom);
-    const QString place = filesystem::PlaceFor(g_sDBPath);
-    const QString file = place.isEmpty() ? g_sDBPath : place;
-    Database database;
-    ErrorTail{NewTail}([&] { database = DBEngine::CreateDatabase(file, schema::Locale); });
-    if (database.IsNothing()) {
-        MsgBox(QStringLiteral("Could not create New Planner"));
-        return false;
-    }
     try {
-        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()}) {
-            database.Append(table);
+        for (const QString& replaced : m_replaced) {
+            DBEngine::DeleteDatabase(replaced);
+            m_notes.ForgetUnsaved(replaced); // what its cells had not saved goes with it
         }
+        const QString place = filesystem::PlaceFor(g_sDBPath);
+        MakeTables(place.isEmpty() ? g_sDBPath : place);
+        return {};
     } catch (const RunTimeError& error) {
+        LogError(error, NewTail);
+        return error.Description;
+    }
+}
+
+void Creation::MakeTables(const QString& file)
+{
+    Database database = DBEngine::CreateDatabase(file, schema::Locale);
+    try {
+        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
+            database.Append(table);
+    } catch (const RunTimeError&) {
         // Half a planner is none: the next open would find tables missing.
         database.Close();
         ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(file); });
-        MsgBox(QStringLiteral("Could not create New Planner"));
         throw;
     }
     database.Close();
-    return true;
 }
 
 bool Creation::AskHowToOpen()

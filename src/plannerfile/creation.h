@@ -1,6 +1,10 @@
 // Makes a new planner: asks for its name, builds the file, opens it and shows the empty calendar in it.
 #pragma once
 
+#include <QStringList>
+
+#include <optional>
+
 struct BottomPanel;
 class CommonDialog;
 class LockedDay;
@@ -26,9 +30,18 @@ public:
     void subNewPlanner();
 
 private:
-    bool MayReplaceExisting();
-    bool BuildFile();
+    struct Names
+    {
+        QString path, title; // g_sDBPath, g_sDBTitle
+    };
+
+    bool MayUseName();
+    bool MayReplace(const Names& names);
+    std::optional<QString> BuildFile(); // why it could not be made; nothing if it was
+    void MakeTables(const QString& file);
+    void ReadAgain(const Names& former);
     bool AskHowToOpen(); // false: the program ends
+    void OpenAndTell();
     void OpenNewFile();
 
     Cells& m_cells;
@@ -38,4 +51,5 @@ private:
     NetworkMode& m_networkMode;
     Opening& m_opening;
     LockedDay* m_lockedDay = nullptr;
+    QStringList m_replaced; // the files that the new one takes the place of
 };

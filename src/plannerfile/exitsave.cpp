@@ -1,6 +1,7 @@
 #include "plannerfile/exitsave.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "hall/cells.h"
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
@@ -39,6 +40,7 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
         tail([&] { m_notes.WriteUnsaved(); });
         SetMousePointer(mousepointer::Default);
     }
+    tail([&] { m_lockedDay.LeaveBehind(); });
     SaveUnsaved(mayAsk);
     if (mayAsk) {
         m_journal.Remove();
@@ -65,10 +67,10 @@ void ExitSave::SaveUnsaved(bool mayAsk)
 
 bool ExitSave::AskToRetry()
 {
-    const QString question = QStringLiteral("These notes could not be saved:\n\n%1\n\nRetry saves them again. Cancel "
-                                            "ends Orrelin and keeps each of them as a file in\n%2");
-    return MsgBox(question.arg(m_notes.Unsaved().Describe(), RescueFolder()), msgbox::RetryCancel + msgbox::Critical,
-                  messages::HelpWizard) == msgbox::Retry;
+    const QString question = QStringLiteral("These notes could not be saved:\n\n%1\n\n%2\n\nRetry saves them again. "
+                                            "Cancel ends Orrelin and keeps each of them as a file in\n%3");
+    return MsgBox(question.arg(m_notes.Unsaved().Describe(), m_notes.WhyUnsaved(), RescueFolder()),
+                  msgbox::RetryCancel + msgbox::Critical, messages::HelpWizard) == msgbox::Retry;
 }
 
 // False: the notes are still nowhere, and the person, if there is one, wants to try again.
@@ -93,6 +95,7 @@ void ExitSave::ClosePlanner()
 {
     if (!HasPlanner()) return;
     const ErrorTail tail(ExitTail);
+    tail([&] { m_lockedDay.LeaveBehind(); });
     m_record.Close();
     g_rsFind = {};
     tail([] { g_rsQMT.Close(); });

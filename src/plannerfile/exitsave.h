@@ -4,13 +4,14 @@
 class Cells;
 class DayRecord;
 class Journal;
+class LockedDay;
 class QMTDB;
 
 class ExitSave
 {
 public:
-    ExitSave(Cells& cells, QMTDB& notes, DayRecord& record, Journal& journal)
-        : m_cells(cells), m_notes(notes), m_record(record), m_journal(journal)
+    ExitSave(Cells& cells, QMTDB& notes, DayRecord& record, Journal& journal, LockedDay& lockedDay)
+        : m_cells(cells), m_notes(notes), m_record(record), m_journal(journal), m_lockedDay(lockedDay)
     {
     }
 
@@ -18,7 +19,7 @@ public:
     // that may be asked; otherwise, and if the person wishes, each goes to a file of its own. Where nobody could be
     // asked the journal keeps what is nowhere else.
     void SaveBeforeExit(bool mayAsk);
-    void ClosePlanner(); // a lock ends with it, and what was typed under it is lost
+    void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
 
 private:
     bool AnyCellChanged();
@@ -30,5 +31,6 @@ private:
     QMTDB& m_notes;
     DayRecord& m_record;
     Journal& m_journal;
+    LockedDay& m_lockedDay;
     bool m_isEnded = false; // the process is, perhaps behind a question that can no longer be answered
 };

@@ -6,6 +6,8 @@
 
 #include <QDir>
 
+#include <filesystem>
+
 namespace {
 constexpr QLatin1StringView JournalTail(" in Journal, Write");
 constexpr int Pause = 700;              // milliseconds without a key, so that nobody who types waits for the disk
@@ -14,18 +16,43 @@ constexpr int AfterFailure = 15000;     // milliseconds
 constexpr qint64 LargestFile = 1 << 30; // no journal of ours
 const QString Extension = QStringLiteral(".notes");
 
-// Nobody else's: the notes of a planner may be private.
 QDir Folder()
 {
-    const QString path = folders::ApplicationDirectory() + QStringLiteral("/journal");
-    if (!QFileInfo::exists(path) && QDir().mkpath(path))
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return QDir(path);
+    return QDir(folders::ApplicationDirectory() + QStringLiteral("/journal"));
+}
+
+// Nobody else's: the notes of a planner may be private.
+void MakeFolder(QString& reason)
+{
+    const QString path = Folder().path();
+    if (QFileInfo::exists(path)) return;
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
+    if (error) reason = QString::fromStdString(error.message());
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 QString LockOf(const QString& journal)
 {
     return journal.chopped(Extension.size()) + QStringLiteral(".lock");
+}
+
+struct Place
+{
+    QString path;
+    std::unique_ptr<FileLock> lock; // none where the folder takes none
+};
+
+// The first number that no running program has and no ended one has left.
+Place FreePlace(QString& reason)
+{
+    MakeFolder(reason);
+    for (int number = 1;; ++number) {
+        const QString path = Folder().filePath(QString::number(number) + Extension);
+        auto lock = FileLock::Try(LockOf(path));
+        if (!lock && !QFileInfo(LockOf(path)).isFile()) return {path, nullptr};
+        if (lock && !QFileInfo::exists(path)) return {path, std::move(lock)};
+    }
 }
 
 // Under a name that no journal has; where it lies then.
@@ -66,29 +93,38 @@ bool Journal::Write()
         return true;
     }
     const QByteArray content = journalfile::Encode(notes);
-    if (content == m_written) return true;
-    Claim();
+    if (content == m_written) {
+        Recover();
+        return true;
+    }
     QString reason;
-    const bool isWritten = WriteDurably(m_path, content, &reason);
+    Claim(reason);
+    const bool isWritten = reason.isEmpty() && WriteDurably(m_path, content, &reason);
     if (isWritten) {
         m_written = content;
-        if (m_failed) Tell({});
+        Recover();
     } else {
         Fail(reason);
     }
-    m_failed = !isWritten;
     return isWritten;
 }
 
-// The first number that no running program has and no ended one has left.
-void Journal::Claim()
+void Journal::Claim(QString& reason)
 {
-    for (int number = 1; !m_lock; ++number) {
-        m_path = Folder().filePath(QString::number(number) + Extension);
-        auto lock = FileLock::Try(LockOf(m_path));
-        if (!lock && !QFileInfo(LockOf(m_path)).isFile()) return; // the folder takes none
-        if (lock && !QFileInfo::exists(m_path)) m_lock = std::move(lock);
-    }
+    if (m_lock && QFileInfo::exists(LockOf(m_path))) return;
+    m_lock.reset(); // somebody has taken the folder away
+    Place place = FreePlace(reason);
+    m_path = place.path;
+    m_lock = std::move(place.lock);
+}
+
+bool Journal::LeaveBehind(const UnsavedNotes& notes, QString& reason)
+{
+    const Place place = FreePlace(reason);
+    // Without a lock nobody would find it.
+    if (reason.isEmpty() && WriteDurably(place.path, journalfile::Encode(notes), &reason) && place.lock) return true;
+    LogError({errors::PathFileAccess, reason}, JournalTail);
+    return false;
 }
 
 void Journal::Tell(const QString& reason) const
@@ -100,9 +136,15 @@ void Journal::Tell(const QString& reason) const
 void Journal::Fail(const QString& reason)
 {
     if (!m_failed) LogError({errors::PathFileAccess, reason}, JournalTail);
-    if (!QFileInfo::exists(LockOf(m_path))) m_lock.reset(); // somebody has taken the folder away
+    m_failed = true;
     Tell(reason);
     m_timer.start(AfterFailure);
+}
+
+// What is to be kept is on the disk, or there is nothing to be kept.
+void Journal::Recover()
+{
+    if (std::exchange(m_failed, false)) Tell({});
 }
 
 void Journal::Remove()
@@ -110,6 +152,7 @@ void Journal::Remove()
     m_timer.stop();
     if (!m_written.isEmpty()) QFile::remove(m_path);
     m_written.clear();
+    Recover();
 }
 
 void Journal::Leave()

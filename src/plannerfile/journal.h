@@ -29,10 +29,15 @@ public:
     void Remove(); // nothing is to be kept
     void Leave();  // for the next opening of its planners: the file stays as it is
 
+    // These notes as an ended program would leave them, for the next opening of their planner, in this program too.
+    // False: they are not on the disk, and the reason says why.
+    static bool LeaveBehind(const UnsavedNotes& notes, QString& reason);
+
 private:
-    void Claim();
+    void Claim(QString& reason);
     void Tell(const QString& reason) const;
     void Fail(const QString& reason);
+    void Recover();
 
     std::function<UnsavedNotes()> m_source;
     std::function<void(const QString&)> m_onTrouble;

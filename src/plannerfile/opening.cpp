@@ -2,6 +2,7 @@
 
 #include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
@@ -49,11 +50,17 @@ void Opening::subOpenPlanner()
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
+    LeaveLockedDay();
     if (wasOpen) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
     AskHowAndOpen();
     if (HasPlanner()) m_notes.subSeekQMTDatabase();
+}
+
+void Opening::LeaveLockedDay()
+{
+    if (m_lockedDay) m_lockedDay->LeaveBehind();
 }
 
 void Opening::AskHowAndOpen()
@@ -66,8 +73,9 @@ void Opening::AskHowAndOpen()
 
 void Opening::subAutoload()
 {
-    if (Read(settings::LoadCondition) != 1) return;
-    g_sDBPath = Read(settings::LoadFilePath);
+    const QString path = Read(settings::LoadFilePath);
+    if (Read(settings::LoadCondition) != 1 || path.isEmpty()) return;
+    g_sDBPath = path;
     g_sDBTitle = Read(settings::LoadFileTitle);
     const bool shared = Read(settings::LoadWorkgroup) != 0;
     m_networkMode.subSetNetworkMode(shared);
@@ -91,7 +99,7 @@ void Opening::subOpenDBNoDlg(bool bShared)
         m_recentList.subLoadMRU(false);
         m_recentList.subUpdateMRU();
     }
-    m_bottom.panelBottom->SetCaption(MonthTitle());
+    m_bottom.panelBottom->SetCaption(FootTitle());
     SetMousePointer(mousepointer::Default);
     m_recovery.Offer();
 }
@@ -181,6 +189,6 @@ void Opening::ShowPlannerOpen()
 {
     g_iCurrentPanel = 0;
     m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
-    m_bottom.panelBottom->SetCaption(MonthTitle());
+    m_bottom.panelBottom->SetCaption(FootTitle());
     SetMousePointer(mousepointer::Default);
 }

@@ -6,6 +6,7 @@
 struct BottomPanel;
 class Cells;
 class CommonDialog;
+class LockedDay;
 class NetworkMode;
 class QMTDB;
 class RecentList;
@@ -21,6 +22,9 @@ public:
           m_recentList(recentList), m_recovery(recovery)
     {
     }
+
+    void SetLockedDay(LockedDay& lockedDay) { m_lockedDay = &lockedDay; }
+    void LeaveLockedDay(); // before its cell stands for anything else: what was typed waits for the next opening
 
     void subOpenPlanner();
     void subAutoload(); // the planner of the start-up options, if one is set
@@ -50,4 +54,5 @@ private:
     NetworkMode& m_networkMode;
     RecentList& m_recentList;
     Recovery& m_recovery;
+    LockedDay* m_lockedDay = nullptr;
 };

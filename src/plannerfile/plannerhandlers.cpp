@@ -43,6 +43,7 @@ void PlannerHandlers::OpenFile(const QString& path)
 
 void PlannerHandlers::OpenListed(const QString& path)
 {
+    m_opening.LeaveLockedDay();
     m_notes.subUpdateQMTDatabase();
     if (m_viewMode.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
     if (m_viewMode.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();

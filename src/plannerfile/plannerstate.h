@@ -5,8 +5,8 @@
 
 #include <QString>
 
-extern QString g_sDBPath;     // lower-cased path, empty while no planner is open; after a New that came to nothing it
-                              // names the file that was to be made; opening, creating, recent list
+extern QString g_sDBPath;     // lower-cased path, empty while no planner is open; after a New that was not to replace a
+                              // file it names that file; opening, creating, recent list
 extern QString g_sDBTitle;    // lower-cased file name; opening and creating
 extern QString g_sNotesFile;  // real path of the planner behind g_rsQMT; AdoptPlanner
 extern bool g_bDBShared;      // a workgroup's planner: a day must be locked before it is edited; subSetNetworkMode

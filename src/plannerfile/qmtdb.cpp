@@ -24,6 +24,7 @@ constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
 const QString Equal = QStringLiteral("=");
 const QString DateField = QStringLiteral("qmtDate");
 const QString TextField = QStringLiteral("qmtText");
+const QString NotSaved = QStringLiteral("Notes not saved yet: ");
 
 // Stores one day's text; an empty one leaves no record. A zero-length text is never stored: an
 // emptied day goes by way of one blank, and its record is deleted.
@@ -43,6 +44,20 @@ void StoreNote(Recordset& records, const QString& key, const UnsavedNote& note)
     if (!rtf.isEmpty()) return;
     records.Seek(Equal, key);
     records.Delete();
+}
+
+// A step of a save: where it fails the reason is taken down.
+template <typename Step>
+auto Noting(QString& reason, Step step)
+{
+    return [&reason, step = std::move(step)] {
+        try {
+            step();
+        } catch (const RunTimeError& error) {
+            reason = error.Description;
+            throw;
+        }
+    };
 }
 } // namespace
 
@@ -124,7 +139,7 @@ void QMTDB::ReadDay(const QString& key)
             subShowAlarmIcon(m_cells, KeyOf(cell), cell);
         });
     }
-    if (key.isEmpty()) m_bottom.panelBottom->SetCaption(MonthTitle());
+    if (key.isEmpty()) m_bottom.panelBottom->SetCaption(FootTitle());
 }
 
 void QMTDB::subSeekQMTDatabase()
@@ -134,8 +149,9 @@ void QMTDB::subSeekQMTDatabase()
     if (m_viewMode.GetViewMode() != ViewMode::Day) ReadCells(literal);
     const bool isConnected = ErrorTail{literal}([] { DBEngine::Idle(DBEngine::dbFreeLocks); });
     g_iCurrentPanel = 0;
-    m_bottom.panelBottom->SetCaption(isConnected ? MonthTitle()
-                                                 : QStringLiteral("There is no connection to the planner's server."));
+    m_bottom.panelBottom->SetCaption(isConnected || !g_sNotSaved.isEmpty()
+                                         ? FootTitle()
+                                         : QStringLiteral("There is no connection to the planner's server."));
     SetMousePointer(mousepointer::Default);
 }
 
@@ -180,36 +196,67 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
     if (notes.isEmpty()) return;
     if (planner == g_sNotesFile) BackUpBeforeSave();
     const ErrorTail tail(UpdateTail, {0, errors::ResumeWithoutError, engineerrors::CouldNotSave});
-    tail([&] {
+    QString reason;
+    tail(Noting(reason, [&] {
         QStringList written;
         // One commit for all: the cost of a save is the wait for the disk.
         WriteTransaction writing(database);
         for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
-            if (tail([&] { StoreNote(records, note.key(), note.value()); })) written.append(note.key());
+            if (tail(Noting(reason, [&] { StoreNote(records, note.key(), note.value()); }))) written.append(note.key());
         }
         writing.Commit();
         for (const QString& key : written)
             m_unsaved.Forget(planner, key);
-    });
+    }));
+    m_reasons[planner] = reason;
+    FollowUnsaved();
+}
+
+QString QMTDB::WhyUnsaved() const
+{
+    return QStringList(m_reasons.values()).join(u'\n');
+}
+
+// The foot tells of what was tried and not taken. What New has set aside was not tried.
+void QMTDB::FollowUnsaved()
+{
+    const QStringList waiting = m_unsaved.Planners();
+    m_reasons.removeIf([&](const auto& reason) { return reason->isEmpty() || !waiting.contains(reason.key()); });
+    const QString reasons = QStringList(m_reasons.values()).join(u' ');
+    const QString before = std::exchange(g_sNotSaved, reasons.isEmpty() ? reasons : NotSaved + reasons);
+    if (g_sNotSaved != before) m_bottom.panelBottom->SetCaption(FootTitle());
     m_journal.Follow();
 }
 
 void QMTDB::ForgetUnsaved()
 {
     m_unsaved = {};
-    m_journal.Follow();
+    FollowUnsaved();
 }
 
 void QMTDB::ForgetUnsaved(const QString& planner)
 {
     m_unsaved.Forget(planner);
-    m_journal.Follow();
+    FollowUnsaved();
 }
 
 void QMTDB::ForgetDay(const QString& key)
 {
     m_unsaved.Forget(g_sNotesFile, key);
-    m_journal.Follow();
+    FollowUnsaved();
+}
+
+void QMTDB::LeaveBehind(const QString& key, const UnsavedNote& note)
+{
+    UnsavedNotes left;
+    left.Keep(g_sNotesFile, key, note);
+    m_unsaved.Forget(g_sNotesFile, key);
+    QString reason;
+    if (!Journal::LeaveBehind(left, reason)) {
+        m_unsaved.Keep(g_sNotesFile, key, note);
+        m_reasons[g_sNotesFile] = reason;
+    }
+    FollowUnsaved();
 }
 
 UnsavedNotes QMTDB::Typed() const
@@ -249,12 +296,15 @@ void QMTDB::WriteUnsaved()
             WriteNotes(planner, g_dbPlanner, g_rsQMT);
             continue;
         }
-        tail([&] {
+        QString reason;
+        tail(Noting(reason, [&] {
             Database database = DBEngine::OpenDatabase(planner);
             Recordset records = schema::OpenNotes(database);
             WriteNotes(planner, database, records);
-        });
+        }));
+        if (!reason.isEmpty()) m_reasons[planner] = reason;
     }
+    FollowUnsaved();
 }
 
 void QMTDB::subUpdateQMTRecord(int iCell)

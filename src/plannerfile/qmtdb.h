@@ -53,12 +53,16 @@ public:
 
     // Notes of any planner that was open in this run and would not take them.
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
-    void WriteUnsaved(); // tries each of those planners again
+    void WriteUnsaved();        // tries each of those planners again
+    QString WhyUnsaved() const; // the reasons of the last tries, a line for each
     void ForgetUnsaved();
     void ForgetUnsaved(const QString& planner);
     // What a day is to show that holds this in the file: what could not be stored yet comes first.
     QByteArray NoteOver(const QString& key, const QByteArray& stored) const;
     void ForgetDay(const QString& key); // it has been stored another way
+    // A note of the open planner that is not to be written into it now: the next opening offers it. Where even that
+    // cannot be kept it is one that would not be taken.
+    void LeaveBehind(const QString& key, const UnsavedNote& note);
 
     // All that is not in its planner yet: Unsaved(), and what stands in the shown cells of a personal planner.
     UnsavedNotes Typed() const;
@@ -85,11 +89,13 @@ private:
     void EmptyCell(int cell);
     void ShowUnread(int cell);
     void WriteNotes(const QString& planner, Database& database, Recordset& records);
+    void FollowUnsaved();
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
     const ViewMode& m_viewMode;
     Journal& m_journal;
     UnsavedNotes m_unsaved;
+    QMap<QString, QString> m_reasons; // by planner: why its notes were not taken at the last try
     std::array<HeldNote, CellCount + 1> m_held;
 };

@@ -49,8 +49,8 @@ bool Recovery::IsOfOpenPlanner(const QString& planner)
     const QFileInfo left(planner);
     if (planner == g_sNotesFile) return true;
     if (left.exists()) return left.canonicalFilePath() == QFileInfo(g_sNotesFile).canonicalFilePath();
-    return MsgBox(QStringLiteral("Orrelin ended before it could save what was typed into\n\n%1\n\nThat planner is no "
-                                 "longer there. Is it the one that is open now, in another place or under another "
+    return MsgBox(QStringLiteral("What was typed into\n\n%1\n\nhas not been saved, and that planner is no longer "
+                                 "there. Is it the one that is open now, in another place or under another "
                                  "name?\n\nYes offers what was typed for this planner. No keeps it until the next "
                                  "opening.")
                       .arg(planner),

@@ -53,8 +53,8 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(Gap);
-    column->addWidget(MakeText(QStringLiteral("Orrelin ended before it could save what was typed on these days. Tick "
-                                              "the days whose text is to go into the planner.")));
+    column->addWidget(MakeText(QStringLiteral("What was typed on these days has not been saved. Tick the days whose "
+                                              "text is to go into the planner.")));
     column->addWidget(sheets, 1);
     column->addWidget(MakeText(QStringLiteral("What is not ticked is kept as files in %1").arg(RescueFolder())));
     column->addWidget(MakeFoot());

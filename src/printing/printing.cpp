@@ -1,6 +1,7 @@
 #include "printing/printing.h"
 
 #include "calendar/lockedday.h"
+#include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
@@ -100,7 +101,8 @@ void Printing::PrintPage()
         const SSPanel& panel = cells.panelDay(cell);
         m_library.qmtPrintDate(panel.Caption(), LookOf(panel), view, cell - range.first + 1);
     }
-    m_library.qmtPrintMonth(m_printed.bottom.panelBottom->Caption(), LookOf(*m_printed.bottom.panelBottom));
+    const SSPanel& month = *m_printed.bottom.panelBottom;
+    m_library.qmtPrintMonth(WithoutNotices(month.Caption()), LookOf(month));
     m_library.qmtEndPrint();
     m_spoolForm.reset();
     m_library.TellTrouble();

@@ -106,6 +106,8 @@ void Mainform::subExitProgram(int iUnloadMode)
     // Where the window stood must be known before it is hidden.
     const auto place = m_rooms->m_pLayout.WindowPlace();
     tail([&] { m_rooms->findWord.Unload(); });
+    // Hidden with the focus in a cell the window would hand it to the next one, which a locked day refuses.
+    if (QWidget* const focused = focusWidget()) focused->clearFocus();
     hide();
     ExitForm exitForm;
     exitForm.ShowAtOnce();

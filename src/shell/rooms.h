@@ -60,10 +60,11 @@ struct Rooms
         m_pCalendarView.SetRedraw(redraw);
         turn.SetLockedDay(dayLock);
         creation.SetLockedDay(dayLock);
-        // It stands there until the calendar is turned, and comes again with the next try.
+        opening.SetLockedDay(dayLock);
         journal.SetOnTrouble([this](const QString& reason) {
             const QString trouble = QStringLiteral("What you type cannot be kept aside: ");
-            controls.bottom.panelBottom->SetCaption(reason.isEmpty() ? MonthTitle() : trouble + reason);
+            g_sNotKept = reason.isEmpty() ? reason : trouble + reason;
+            controls.bottom.panelBottom->SetCaption(FootTitle());
         });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
@@ -112,7 +113,7 @@ struct Rooms
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     Maintenance maintenance{controls.FontDialog};
-    ExitSave exitSave{controls.cells, notes, dayRecord, journal};
+    ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;

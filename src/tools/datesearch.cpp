@@ -25,6 +25,6 @@ void DateSearch::mnuDateSearch_Click()
         g_iMonth = form.Month().value_or(g_iMonth);
         g_iYear = form.Year().value_or(g_iYear);
         m_redraw.subDisplayMonth();
-        m_bottom.panelBottom->SetCaption(MonthTitle());
+        m_bottom.panelBottom->SetCaption(FootTitle());
     });
 }

@@ -64,7 +64,7 @@ QImage CalendarPicture::Draw(int wallpaperSize) const
     QWidget& client = *m_cells.Client();
     std::optional<GrownClient> grown;
     if (wallpaperSize != calendarpicture::Normal && client.isVisible()) grown.emplace(client);
-    const MomentsLook out(m_cells, m_calendar, m_lblDateDiff);
+    const MomentsLook out(m_cells, m_calendar, m_lblDateDiff, *m_bottom.panelBottom);
     const QRect region = Region();
     const qreal ratio = client.devicePixelRatioF();
     if (wallpaperSize == calendarpicture::Stretched) {

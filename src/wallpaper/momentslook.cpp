@@ -2,6 +2,7 @@
 
 #include "appearance/panelstyle.h"
 #include "calendar/calendarstate.h"
+#include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/cells.h"
 #include "platform/controls/visible.h"
@@ -22,9 +23,10 @@ SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
 }
 } // namespace
 
-MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff)
-    : m_lblDateDiff(lblDateDiff), m_hadLabel(Visible(lblDateDiff))
+MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month)
+    : m_lblDateDiff(lblDateDiff), m_hadLabel(Visible(lblDateDiff)), m_month(month), m_title(month.Caption())
 {
+    m_month.SetCaption(WithoutNotices(m_title));
     SetVisible(m_lblDateDiff, false);
     const CellRange range = CellsOf(viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
@@ -43,6 +45,7 @@ MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDat
 
 MomentsLook::~MomentsLook()
 {
+    m_month.SetCaption(m_title);
     SetVisible(m_lblDateDiff, m_hadLabel);
     if (m_today) {
         ApplyStyle(*m_today, ReadStyle(settings::TodayPanel));

@@ -12,8 +12,8 @@ class ViewMode;
 class MomentsLook
 {
 public:
-    // lblDateDiff: lies over the cells when the mouse has been there
-    MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff);
+    // lblDateDiff: lies over the cells when the mouse has been there; month: with notices behind its title
+    MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month);
     ~MomentsLook();
     Q_DISABLE_COPY_MOVE(MomentsLook)
 
@@ -23,6 +23,8 @@ private:
 
     QWidget& m_lblDateDiff;
     const bool m_hadLabel;
+    SSPanel& m_month;
+    const QString m_title;
     SSPanel* m_today = nullptr;
     SSPanel* m_active = nullptr;
     RichTextBox* m_box = nullptr; // with the caret

@@ -8,6 +8,7 @@
 #include "hall/sidebar.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
@@ -19,6 +20,7 @@
 #include "settings/messages.h"
 #include "settings/settings.h"
 #include "workgroup/dayrecord.h"
+#include "workgroup/networkmode.h"
 #include "workgroup/refresh.h"
 #include "workgroup/workgroupstate.h"
 
@@ -37,7 +39,8 @@ void FocusSidebar(const Sidebar& sidebar)
 void DayLock::subLockDay()
 {
     if (HeldCell() == 0) m_record.Close();
-    if (!m_record.IsHeld() && (g_iCurrentPanel == 0 || !HasPlanner())) return AskForCell();
+    if (!m_record.IsHeld() && RefusesWithoutPlanner()) return;
+    if (!m_record.IsHeld() && g_iCurrentPanel == 0) return AskForCell();
     if (m_network.picLock->Visible(0)) {
         Lock();
     } else {
@@ -100,10 +103,7 @@ void DayLock::Lock()
     m_cells.tbDay(cell).SetLocked(false);
     Mark(cell, true);
     Q_EMIT m_cells.StateChanged(cell);
-    if (Read(settings::AutoUnLock) != 0) {
-        bGeneralUnlockEnable = true;
-        m_network.tmUnLock->SetEnabled(true);
-    }
+    StartUnlockTimer(m_network);
     tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
 }
 
@@ -165,13 +165,18 @@ bool DayLock::Unlock()
     m_network.picLock->ShowElement(0);
     if (cell != 0 && !StoreCell(cell)) return false;
     if (cell == 0) m_record.Close();
-    ClearMarks();
-    if (cell != 0) Q_EMIT m_cells.StateChanged(cell);
+    ShowUnlocked(cell);
     FocusSidebar(m_sidebar);
-    g_lUnlockTicks = 0;
-    m_network.tmUnLock->SetEnabled(false);
     tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
     return true;
+}
+
+void DayLock::ShowUnlocked(int cell)
+{
+    ClearMarks();
+    if (cell != 0) Q_EMIT m_cells.StateChanged(cell);
+    g_lUnlockTicks = 0;
+    m_network.tmUnLock->SetEnabled(false);
 }
 
 bool DayLock::StoreCell(int cell)
@@ -189,6 +194,21 @@ bool DayLock::Commit()
 {
     if (m_dayView.IsOpen()) return HeldCell() == 0;
     return !m_record.IsHeld() || Unlock();
+}
+
+void DayLock::LeaveBehind()
+{
+    const int cell = g_bDBShared ? HeldCell() : 0;
+    if (cell == 0) return;
+    m_cells.tbDay(cell).CommitPreedit();
+    UnsavedNotes typed = m_notes.Unsaved();
+    AddTyped(typed);
+    m_record.Close();
+    const QString key = CellKey(m_cells.panelDay(cell).Caption());
+    const auto note = typed.Find(g_sNotesFile, key);
+    if (note && m_cells.tbDay(cell).Modified()) m_notes.LeaveBehind(key, *note);
+    m_network.picLock->ShowElement(0);
+    ShowUnlocked(cell);
 }
 
 void DayLock::AddTyped(UnsavedNotes& typed) const

@@ -31,6 +31,7 @@ public:
     void tmUnLock_Timer();
     void AddTyped(UnsavedNotes& typed) const; // what stands in the locked day and is not in the planner yet
     bool Commit() override;
+    void LeaveBehind() override;
 
 private:
     void AskForCell();
@@ -41,6 +42,7 @@ private:
     bool StoreCell(int cell);
     bool Store(RichTextBox& box);
     bool StoreOverOthers(RichTextBox& box, const RunTimeError& error);
+    void ShowUnlocked(int cell);
     void ShowFree(const QString& reason);
     void KeepLocked(const RunTimeError& error);
 

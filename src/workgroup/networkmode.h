@@ -6,6 +6,10 @@ class Menus;
 struct NetworkControls;
 class Toolbar;
 
+// Where the settings have an idle day unlocked, from here on: with the delay as it stands there by now, since a planner
+// just made has not been opened and nobody has read it yet.
+void StartUnlockTimer(const NetworkControls& network);
+
 class NetworkMode
 {
 public:

@@ -84,9 +84,17 @@ private Q_SLOTS:
         m_program->Type(20, QStringLiteral("shelved"));
         Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
         m_program->Trigger("mnuNextMonth");
+        const QString told = QStringLiteral(" - Notes not saved yet: The disk is full");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999") + told);
         m_program->Trigger("mnuPrevMonth");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999") + told);
         QCOMPARE(m_program->Box(20).Text(), QStringLiteral("shelved"));
+        Fail(FailurePlan::Before, 0, 0);
+        m_program->Trigger("mnuSave");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
         // The exit tells of it instead of losing it.
+        m_program->Type(20, QStringLiteral("!"));
+        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
         SeenBox seen;
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
             seen.Text = box.text();
@@ -94,9 +102,9 @@ private Q_SLOTS:
             box.button(QMessageBox::Retry)->click();
         });
         m_program->Trigger("mnuExit");
-        QVERIFY(seen.Text.contains(QStringLiteral("Mar 19, 1999")));
+        QVERIFY(seen.Text.contains(QStringLiteral("Mar 19, 1999\n\nThe disk is full\n")));
         m_program->form.reset();
-        QVERIFY(Stored("1999/3/19").contains("shelved"));
+        QVERIFY(Stored("1999/3/19").contains("!"));
     }
 
     void WhatNoPlannerTakesAtExitIsKeptAsAFile_data()

@@ -44,6 +44,8 @@ class JournalTest : public QObject
     {
         m_program->Exit();
         ResetPlannerStateForTests();
+        for (const QString& name : QDir(Folder()).entryList({QStringLiteral("*.notes")}))
+            QFile::remove(Folder() + u'/' + name); // as the exit has left it
         for (auto file = m_atTheCut.cbegin(); file != m_atTheCut.cend(); ++file)
             SetContent(file.key(), file.value());
         m_program->Start();
@@ -56,7 +58,7 @@ class JournalTest : public QObject
         m_program->Trigger("mnuOpen");
         m_program->Activate();
     }
-    static void Press(const RecoveryForm& form, const char* button)
+    static void Press(const QDialog& form, const char* button)
     {
         QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
@@ -128,6 +130,54 @@ private Q_SLOTS:
         QCOMPARE(found, wanted);
         QCOMPARE(Stored(), wanted);
         QCOMPARE(m_program->Box().Text(), wanted);
+        QVERIFY(Journalled().isEmpty());
+    }
+
+    void ALockedDayThatIsLeftIsOffered_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<bool>("inDayView"); // which the planner did not take
+        for (const char* way : {"exit", "open", "recent", "other"})
+            QTest::newRow(way) << QString::fromLatin1(way) << false;
+        QTest::newRow("exit, day view") << QStringLiteral("exit") << true;
+    }
+
+    void ALockedDayThatIsLeftIsOffered()
+    {
+        QFETCH(QString, way);
+        QFETCH(bool, inDayView);
+        const QString other = QStringLiteral("other.mdb");
+        ::MakePlanner(m_program->folders.Path(other));
+        std::optional<FailingStores> failing(std::in_place);
+        StartTyping(true);
+        if (inDayView) {
+            OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) { Press(form, "btnOk"); });
+            *failing->plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, QStringLiteral("Replace")};
+            AnswerNextBox(msgbox::Ok);
+            m_program->Trigger("mnuDayView");
+        }
+        failing.reset();
+        if (way == u"exit") {
+            WorkgroupProgram::ExpectNoBox();
+            m_program->Trigger("mnuExit");
+            QCoreApplication::processEvents();
+            DropAnswers();
+            m_program->form.reset();
+            m_program->Start();
+        }
+        if (way == u"other") m_program->Open(other);
+        const auto takeIt = [&](RecoveryForm& form) {
+            QCOMPARE(In<RichTextBox>(form, "tbStored").Text(), QStringLiteral("old"));
+            Press(form, "btnOk");
+        };
+        if (way == u"recent") {
+            Program::AnswerOpenAs(true);
+            OnNextModal<RecoveryForm>(takeIt);
+            m_program->Trigger("mnuMRU(0)");
+        } else {
+            OpenAndAnswer(true, takeIt);
+        }
+        QCOMPARE(Stored(), QStringLiteral("old and new"));
         QVERIFY(Journalled().isEmpty());
     }
 
@@ -290,10 +340,19 @@ private Q_SLOTS:
     {
         QDir(Folder()).removeRecursively();
         SetContent(Folder(), "no folder");
+        const FailingStores failing;
         m_program->Start();
         m_program->Open(m_program->File);
         m_program->Type(WorkgroupProgram::Cell, QStringLiteral("new"));
-        QTRY_VERIFY(m_program->Bottom().Caption().startsWith(QStringLiteral("What you type cannot be kept aside: ")));
+        const QString told = QStringLiteral(" - What you type cannot be kept aside: ");
+        QTRY_VERIFY(m_program->Bottom().Caption().contains(told));
+        // A turn does not make it untrue, the save that succeeds does.
+        *failing.plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
+        m_program->Trigger("mnuNextMonth");
+        QVERIFY(m_program->Bottom().Caption().contains(told));
+        *failing.plan = {};
+        m_program->Trigger("mnuSave");
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
     }
 };
 

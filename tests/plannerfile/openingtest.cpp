@@ -36,23 +36,51 @@ private Q_SLOTS:
         QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
     }
 
+    void NewOverAnExistingFileAsksFirst_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("no") << QStringLiteral("other.mdb") << msgbox::No;
+        QTest::newRow("without its ending") << QStringLiteral("other") << msgbox::No;
+        QTest::newRow("in use") << QStringLiteral("notes") << msgbox::Yes;
+        QTest::newRow("no folder") << QStringLiteral("none/new.mdb") << 0;
+    }
+
+    // A New that comes to nothing leaves the open planner's notes as they were, unsaved ones too.
     void NewOverAnExistingFileAsksFirst()
     {
+        QFETCH(QString, typed);
+        QFETCH(int, answer);
+        MakeOlder(QStringLiteral("Other.mdb"));
         m_program->New(QStringLiteral("notes.mdb"));
         m_program->Type(20, QStringLiteral("kept"));
-        m_program->Trigger("mnuSave");
-        AnswerNextFileDialog(m_program->folders.Path(QStringLiteral("notes.mdb")));
+        AnswerNextFileDialog(m_program->folders.Path(typed));
         SeenBox seen;
-        AnswerNextBox(msgbox::No, &seen);
+        if (answer != 0) AnswerNextBox(answer, &seen);
+        QString refusal, reason;
+        if (answer != msgbox::No) {
+            OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                refusal = box.text();
+                reason = box.informativeText();
+                box.accept();
+            });
+        }
         m_program->Trigger("mnuNew");
-        QCOMPARE(seen.Title, QStringLiteral("File Exists!"));
-        QCOMPARE(seen.DefaultButton, QStringLiteral("No"));
-        QVERIFY(m_program->Box(20).Text().isEmpty() && m_program->Box(20).Locked());
-        // The cells are empty, and clicking into them must not be taken for emptying the days.
-        m_program->Type(20, QStringLiteral("x"));
+        m_program->Activate();
+        QCOMPARE(WaitingAnswers(), 0);
+        QCOMPARE(seen.Title.isEmpty(), answer == 0);
+        if (answer != msgbox::No) {
+            QCOMPARE(refusal, QStringLiteral("Could not create New Planner"));
+            QVERIFY(!reason.isEmpty());
+            QVERIFY(g_sDBPath.endsWith(QStringLiteral("notes.mdb")));
+        }
+        m_program->Click(20);
+        QTest::keyClick(&m_program->Box(20), Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(&m_program->Box(20), QStringLiteral("!"));
         m_program->Trigger("mnuNextMonth");
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("kept"));
+        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("kept!"));
+        QVERIFY(m_program->Stored(QStringLiteral("Other.mdb"), QStringLiteral("1999/3/17")).contains("kept"));
     }
 
     void CancelLeavesEverythingAsItWas()
@@ -82,10 +110,13 @@ private Q_SLOTS:
         const QString path = m_program->folders.Path(QStringLiteral("other.mdb"));
         SetContent(path, content);
         AnswerNextFileDialog(path);
-        Program::AnswerOpenAs(false);
-        SeenBox seen;
+        Program::AnswerOpenAs(true);
+        SeenBox seen, next;
         AnswerNextBox(msgbox::Ok, &seen);
+        AnswerNextBox(msgbox::Ok, &next);
         m_program->Trigger("mnuOpen");
+        m_program->Trigger("mnuLockDay");
+        QVERIFY2(next.Text.startsWith(QStringLiteral("No Planner Exists!")), qPrintable(next.Text));
         QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
         QCOMPARE(seen.Icon, QMessageBox::Warning);
         QCOMPARE(m_program->Bottom().Caption(), seen.Text);

@@ -47,6 +47,7 @@ private Q_SLOTS:
         Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(0)")}, Qt::Key_Return);
         QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), QStringLiteral("0"));
         QCOMPARE(Ini("QMT2LOAD", "FILEPATH"), QString());
+        SetIni("QMT2LOAD", "LOAD CONDITION", "1"); // without a path it is none
         m_program->Exit();
         m_program->Start();
         QVERIFY(g_sDBPath.isEmpty());

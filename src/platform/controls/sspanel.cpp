@@ -79,6 +79,13 @@ void SSPanel::SetCaptionAlignment(int alignment)
     Rearrange();
 }
 
+void SSPanel::SetSides(int pixels)
+{
+    if (pixels == m_sides) return;
+    m_sides = pixels;
+    Rearrange();
+}
+
 void SSPanel::SetFont3D(int effect)
 {
     if (effect < 0 || effect >= int(Reliefs.size())) effect = 0;
@@ -145,7 +152,7 @@ void SSPanel::resizeEvent(QResizeEvent* event)
 void SSPanel::Arrange()
 {
     const QFontMetrics metrics(m_font, this);
-    m_shown = metrics.elidedText(m_caption.trimmed(), Qt::ElideRight, width() - 2 * paper::Margin);
+    m_shown = metrics.elidedText(m_caption.trimmed(), Qt::ElideRight, width() - 2 * (paper::Margin + m_sides));
     if (m_shown.isEmpty()) m_shown = m_caption.trimmed(); // too narrow even for an ellipsis: cut is better than gone
     const int textWidth = metrics.horizontalAdvance(m_shown);
     m_origin = {Start(m_alignment / 3, width(), textWidth), Baseline(m_alignment % 3, height(), metrics)};

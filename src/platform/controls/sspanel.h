@@ -35,6 +35,8 @@ public:
     int CaptionAlignment() const { return m_alignment; } // one of Alignment; others read as LeftTop
     void SetCaptionAlignment(int alignment);
 
+    void SetSides(int pixels); // at both ends, for what lies over them: the caption keeps clear of them
+
     int Font3D() const { return m_font3D; } // 0 flat, 1 and 2 raised light and heavy, 3 and 4 inset light and heavy
     void SetFont3D(int effect);
 
@@ -75,6 +77,7 @@ private:
     QString m_caption;
     QFont m_font;
     int m_alignment = LeftTop;
+    int m_sides = 0;
     int m_font3D = 0;
     std::uint32_t m_foreColor = 0;
     QColor m_paper;

@@ -20,13 +20,27 @@ using namespace engineerrors;
 
 constexpr int BusyTimeout = 1500; // milliseconds; a person waits with us
 
+QString JournalOf(const QString& path)
+{
+    return path + QLatin1StringView("-journal");
+}
+
+bool MayWrite(const QString& path)
+{
+    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+}
+
 // Without the journal's folder nothing can be written, and root, whom no permission stops, must still see it.
 bool CanKeepJournal(const QString& path)
 {
-    const QByteArray journal = QFile::encodeName(path + QLatin1StringView("-journal"));
-    if (::faccessat(AT_FDCWD, journal.constData(), W_OK, AT_EACCESS) == 0) return true;
+    if (MayWrite(JournalOf(path))) return true;
     const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
     return ::faccessat(AT_FDCWD, folder.constData(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+RunTimeError ReadOnlyError(const QString& name)
+{
+    return {ReadOnlyFile, QStringLiteral("Could not write '%1': the file or its folder is read-only.").arg(name)};
 }
 
 SQLite::Database Open(const QString& path, const QString& name)
@@ -60,8 +74,15 @@ void SqliteConnection::CheckUnlocked()
 void SqliteConnection::CheckWritable() const
 {
     if (sqlite3_db_readonly(m_database.getHandle(), "main") != 1 && CanKeepJournal(m_path)) return;
-    throw RunTimeError{ReadOnlyFile,
-                       QStringLiteral("Could not write '%1': the file or its folder is read-only.").arg(m_name)};
+    throw ReadOnlyError(m_name);
+}
+
+// A journal that has become read-only looks like a failing disk to the library.
+RunTimeError SqliteConnection::ErrorOf(const SQLite::Exception& error, Doing doing) const
+{
+    const RunTimeError found = RunTimeErrorOf(error, doing, m_name);
+    const bool isRefused = QFileInfo::exists(JournalOf(m_path)) && !MayWrite(JournalOf(m_path));
+    return found.Number == InputOutput && isRefused ? ReadOnlyError(m_name) : found;
 }
 
 // Reads the schema too, which tells at once whether pages are missing at the end.
@@ -122,7 +143,7 @@ bool SqliteConnection::InTransaction() const
 
 RunTimeError SqliteConnection::Failure(const SQLite::Exception& error, Doing doing)
 {
-    const RunTimeError failure = RunTimeErrorOf(error, doing, m_name);
+    const RunTimeError failure = ErrorOf(error, doing);
     StopReading();
     // Updates after this must not be written one by one, where those before it are undone.
     if (m_writing && !InTransaction() && !m_lost) m_lost = failure;
@@ -182,7 +203,7 @@ void SqliteConnection::BeginWrite()
     try {
         m_database.exec("BEGIN IMMEDIATE");
     } catch (const SQLite::Exception& error) {
-        throw RunTimeErrorOf(error, Doing::Writing, m_name);
+        throw ErrorOf(error, Doing::Writing);
     }
     m_writing = true;
 }
@@ -195,7 +216,7 @@ void SqliteConnection::Commit()
         m_database.exec("COMMIT");
     } catch (const SQLite::Exception& error) {
         Rollback();
-        throw RunTimeErrorOf(error, Doing::Writing, m_name);
+        throw ErrorOf(error, Doing::Writing);
     }
 }
 

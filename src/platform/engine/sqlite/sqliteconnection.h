@@ -48,6 +48,7 @@ private:
     void CheckOwnership();
     bool InTransaction() const;
     void StopReading();
+    RunTimeError ErrorOf(const SQLite::Exception& error, Doing doing) const;
     RunTimeError Failure(const SQLite::Exception& error, Doing doing);
 
     QString m_path;
