@@ -4,6 +4,7 @@
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/waiting.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCryptographicHash>
@@ -78,6 +79,7 @@ QString BackupFolder()
 void BackUpBeforeSave()
 {
     constexpr int Pause = 600; // seconds
+    waiting::Before();
     if (!HasPlanner() || !g_dbPlanner.ServerAddress().isEmpty()) return;
     const QDateTime now = desktopclock::Now();
     const bool isAnother = g_lastLook.planner != g_sNotesFile || g_lastLook.day != now.date();

@@ -31,6 +31,7 @@
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/recovery.h"
 #include "platform/desktop/systemprinter.h"
+#include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
 #include "printing/printing.h"
 #include "recurrence/recurringevents.h"
@@ -71,7 +72,11 @@ struct Rooms
             dayView.AddTyped(typed);
             return typed;
         });
+        waiting::SetBefore([this] { journal.Hurry(); });
     }
+    ~Rooms() { waiting::SetBefore(nullptr); }
+    Rooms(const Rooms&) = delete;
+    Rooms& operator=(const Rooms&) = delete;
 
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};

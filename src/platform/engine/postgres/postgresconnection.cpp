@@ -6,6 +6,7 @@
 #include "platform/engine/postgres/postgreserrors.h"
 #include "platform/engine/postgres/postgresvalues.h"
 #include "platform/engine/postgres/sessionname.h"
+#include "platform/engine/waiting.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -105,6 +106,7 @@ int PostgresConnection::Process() const
 
 void PostgresConnection::Connect()
 {
+    waiting::Before();
     if (m_session && !m_session->connection.is_open()) Break();
     // What belongs to a transaction that is lost must not be written by itself.
     if (m_lost) throw *m_lost;

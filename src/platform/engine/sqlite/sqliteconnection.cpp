@@ -149,6 +149,7 @@ void SqliteConnection::Write(const std::function<void()>& step)
 void SqliteConnection::BeginRead()
 {
     ++m_reads;
+    waiting::Before();
     if (InTransaction()) return;
     m_reading = m_database.tryExec("BEGIN") == SQLITE_OK;
 }
@@ -177,6 +178,7 @@ void SqliteConnection::BeginWrite()
 {
     if (m_writing) RaiseSaveUnderWay(m_name);
     // What was read may be old by now, so a write never grows out of a read.
+    waiting::Before();
     StopReading();
     RefuseIfMoved();
     try {
