@@ -19,18 +19,6 @@ QString WordFor(const QString& table)
     return table == schema::Recursions ? QStringLiteral("Recurring events") : table;
 }
 
-QString PlaceOfBackups()
-{
-    return QStringLiteral(
-               "Copies of your planners, one for each of the last days on which they were changed, are in %1")
-        .arg(BackupFolder());
-}
-
-std::vector<TableDef> AllTables()
-{
-    return {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
-}
-
 QString DescribeKept(const QString& oldPlanner, const QStringList& missing)
 {
     if (oldPlanner.isEmpty()) return {};
@@ -89,7 +77,7 @@ void Maintenance::mnuCompact_Click()
         {
             const Hourglass hourglass;
             const DBEngine::AloneWith alone(file);
-            missing = DBEngine::CompactDatabase(file, scratch, AllTables());
+            missing = DBEngine::CompactDatabase(file, scratch, schema::AllTables());
             kept = DBEngine::ReplaceDatabase(scratch, file);
         }
         MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"),
@@ -104,7 +92,7 @@ void Maintenance::mnuRepair_Click()
         DBEngine::RepairReport report;
         {
             const Hourglass hourglass;
-            report = DBEngine::RepairDatabase(m_dialog.FileName, AllTables());
+            report = DBEngine::RepairDatabase(m_dialog.FileName, schema::AllTables());
         }
         MsgBox(QStringLiteral("Database repaired successfully"), msgbox::Information, QStringLiteral("Repair"),
                Describe(report));

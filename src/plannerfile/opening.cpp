@@ -7,6 +7,7 @@
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/backups.h"
+#include "plannerfile/damagewatch.h"
 #include "plannerfile/knownservers.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
@@ -18,6 +19,7 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/explaining.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -98,20 +100,22 @@ void Opening::subOpenDBNoDlg(bool bShared)
 
 bool Opening::OpenNotes(bool exclusive)
 {
+    const QString file = filesystem::Find(g_sDBPath);
+    const QString path = file.isEmpty() ? g_sDBPath : file;
     try {
-        const QString file = filesystem::Find(g_sDBPath);
-        const QString path = file.isEmpty() ? g_sDBPath : file;
         if (!MayConnect(path)) {
             GiveUp(QString());
             return false;
         }
         Database database = DBEngine::OpenDatabase(path, exclusive);
         AdoptPlanner(database, schema::OpenNotes(database), file);
-    } catch (const RunTimeError& error) {
+    } catch (const RunTimeError& failure) {
+        const RunTimeError error = explaining::Explained(failure, path, schema::AllTables());
         ShowOpenFailed(error);
         LogError(error, OpenTail);
         return false;
     }
+    WatchForDamage(file);
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
     m_notes.DropCells(); // a timer may have filled them again behind a question
     return true;

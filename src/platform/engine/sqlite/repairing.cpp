@@ -10,6 +10,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
 #include <SQLiteCpp/Column.h>
 
@@ -49,20 +50,32 @@ Verdict JudgeOpened(SQLite::Database& library)
     return library.execAndGet(ours).getInt() > 0 ? Verdict::Damaged : Verdict::NotOurs;
 }
 
-// Of a copy, since the library plays a journal back as soon as it looks at the file.
-Verdict Judge(const QString& copy)
+Verdict Judge(const std::string& name, int flags, const QString& path)
 {
     try {
-        SQLite::Database library(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE);
+        SQLite::Database library(name, flags);
         library.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
         return JudgeOpened(library);
     } catch (const SQLite::Exception& error) {
         // What the disk cannot do is no damage of the planner.
         const int code = error.getErrorCode() & 0xff;
         if (code == SQLITE_FULL || code == SQLITE_IOERR || code == SQLITE_NOMEM)
-            throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(copy).fileName());
+            throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
         return Verdict::Damaged;
     }
+}
+
+// Of a copy, since the library plays a journal back as soon as it looks at the file.
+Verdict Judge(const QString& copy)
+{
+    return Judge(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE, copy);
+}
+
+// The file as it is, without a journal, a lock or a write.
+Verdict JudgeUntouched(const QString& path)
+{
+    const QByteArray uri = QUrl::fromLocalFile(path).toEncoded() + "?immutable=1";
+    return Judge(uri.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI, path);
 }
 
 qint64 WholeRows(const Tables& tables)
@@ -223,5 +236,16 @@ RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
     const QString planner = RealPath(path);
     const auto claim = ClaimAlone(planner);
     return Repairer(planner, tables).Run();
+}
+
+bool FindsPlanner(const QString& path, const std::vector<TableDef>& tables)
+{
+    constexpr qint64 LargestFile = 1 << 28; // what is larger is more likely something else
+    const struct stat status = StatusOf(path);
+    if (!S_ISREG(status.st_mode) || status.st_size > LargestFile || OpenFile::IsOpenHere(status)) return false;
+    if (JudgeUntouched(path) != Verdict::Damaged) return false;
+    const salvage::Result found = salvage::Read(Content(path), tables);
+    return std::ranges::any_of(found.tables,
+                               [](const salvage::Table& table) { return !table.rows.empty() || !table.loose.empty(); });
 }
 } // namespace repairing

@@ -1,5 +1,6 @@
 #include "platform/engine/sqlite/sqliteconnection.h"
 
+#include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
@@ -123,6 +124,7 @@ bool SqliteConnection::InTransaction() const
 RunTimeError SqliteConnection::Failure(const SQLite::Exception& error, Doing doing)
 {
     const RunTimeError failure = RunTimeErrorOf(error, doing, m_name);
+    if (IsDamage(error)) damage::Tell(m_path);
     StopReading();
     // Updates after this must not be written one by one, where those before it are undone.
     if (m_writing && !InTransaction() && !m_lost) m_lost = failure;
