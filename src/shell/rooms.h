@@ -116,8 +116,8 @@ struct Rooms
     AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
-    Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord, journal};
+    Maintenance maintenance{controls.FontDialog, notes, dayLock, exitSave, opening};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
