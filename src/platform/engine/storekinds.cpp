@@ -24,7 +24,7 @@ constexpr std::array Kinds = {
               nullptr, nullptr, plannerlink::Address, nullptr},
     StoreKind{jetfile::IsJet, jetfile::Refusal, nullptr, sqlitefile::Delete, sqlitefile::Claim, jetfile::Compact,
               jetfile::Replace, nullptr, nullptr, nullptr},
-    StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::Claim,
+    StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::ClaimPlanner,
               compacting::Compact, compacting::Replace, repairing::Repair, nullptr, repairing::FindsPlanner},
 };
 } // namespace

@@ -3,6 +3,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/rebuilding.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -125,14 +126,19 @@ struct State
 class Repairer
 {
 public:
+    // Nobody has the planner open where there is no file of locks. The claim would make one, so it waits for the look
+    // that tells whether this is a planner at all.
     Repairer(const QString& planner, const std::vector<TableDef>& expected)
-        : m_planner(planner), m_status(StatusOf(planner)), m_expected(expected), m_lock(std::in_place, planner)
+        : m_planner(planner), m_status(StatusOf(planner)), m_expected(expected)
     {
+        if (Exists(LockFileOf(m_planner)) || OpenFile::IsOpenHere(m_status)) Claim();
+        m_lock.emplace(m_planner);
     }
 
     RepairReport Run();
 
 private:
+    void Claim() { m_claim = ClaimAlone(m_planner); }
     void Look();
     void OpenAsEver();
     State& Choose();
@@ -142,6 +148,7 @@ private:
     QString m_planner;
     struct stat m_status;
     const std::vector<TableDef>& m_expected;
+    std::shared_ptr<ByteLocks> m_claim;
     std::optional<LibraryLock> m_lock;
     std::unique_ptr<State> m_asItIs;     // without the journal
     std::unique_ptr<State> m_playedBack; // if there is a journal to be played back
@@ -164,6 +171,7 @@ RepairReport Repairer::Run()
             NotADatabase,
             QStringLiteral("Nothing can be read any more in the damaged planner '%1'. It is left as it was.")
                 .arg(name)};
+    Claim();
     const QString kept = KeepDamaged();
     Exchange(state);
     return {kept, state.tables};
@@ -189,6 +197,8 @@ void Repairer::OpenAsEver()
     m_playedBack.reset();
     m_lock.reset();
     SqliteConnection planner(m_planner);
+    planner.CheckUnlocked();
+    Claim();
     planner.SetUp();
     planner.CheckHead();
 }
@@ -233,9 +243,7 @@ namespace repairing {
 RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
 {
     StatusOfFile(path);
-    const QString planner = RealPath(path);
-    const auto claim = ClaimAlone(planner);
-    return Repairer(planner, tables).Run();
+    return Repairer(RealPath(path), tables).Run();
 }
 
 bool FindsPlanner(const QString& path, const std::vector<TableDef>& tables)
