@@ -81,10 +81,11 @@ void Opening::subOpenDBNoDlg(bool bShared)
     ReadNetworkOptions();
     m_networkMode.ApplyTimers();
     SetMousePointer(mousepointer::Hourglass);
+    const QString foot = m_bottom.panelBottom->Caption();
     m_bottom.panelBottom->SetCaption(QStringLiteral("opening ") + g_sDBPath.toLower());
     m_bottom.panelBottom->repaint();
     subUnloadAlarmIcons(m_cells);
-    if (!OpenNotes(bShared)) return;
+    if (!OpenNotes(bShared, foot)) return;
     const bool complete = OpenAlarms() && OpenRecursions();
     m_notes.ReadCells(OpenTail);
     g_iCurrentPanel = 0;
@@ -98,13 +99,13 @@ void Opening::subOpenDBNoDlg(bool bShared)
     m_recovery.Offer();
 }
 
-bool Opening::OpenNotes(bool exclusive)
+bool Opening::OpenNotes(bool exclusive, const QString& foot)
 {
     const QString file = filesystem::Find(g_sDBPath);
     const QString path = file.isEmpty() ? g_sDBPath : file;
     try {
         if (!MayConnect(path)) {
-            GiveUp(QString());
+            GiveUp(foot);
             return false;
         }
         Database database = DBEngine::OpenDatabase(path, exclusive);
@@ -152,9 +153,25 @@ bool Opening::OpenAlarms()
         if (error.Number != engineerrors::NoTable) return false;
     }
     const int answer = MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard);
-    if (answer != msgbox::Yes) return false;
-    BackUpBeforeSave();
-    return ErrorTail{OpenTail}([&] { subAddAlarmTable(); });
+    return answer == msgbox::Yes && Upgrade([&] { subAddAlarmTable(); });
+}
+
+// A copy that fails does not stand in the way: whoever was asked was told to make one.
+bool Opening::Upgrade(const std::function<void()>& step)
+{
+    const QString trouble = BackUpBeforeSave();
+    if (!trouble.isEmpty())
+        MsgBox(QStringLiteral("No copy of the planner could be made before the upgrade: ") + trouble,
+               msgbox::Exclamation, messages::HelpWizard);
+    try {
+        step();
+        return true;
+    } catch (const RunTimeError& error) {
+        MsgBox(QStringLiteral("The planner could not be upgraded: ") + error.Description, msgbox::Exclamation,
+               messages::HelpWizard);
+        LogError(error, OpenTail);
+        return false;
+    }
 }
 
 bool Opening::OpenRecursions()
@@ -166,7 +183,7 @@ bool Opening::OpenRecursions()
         if (error.Number != engineerrors::NoTable) return false;
     }
     // No question: whoever was asked about the alarms has answered for both.
-    return ErrorTail{OpenTail}([&] { subAddRecursionTable(); });
+    return Upgrade([&] { subAddRecursionTable(); });
 }
 
 void Opening::subAddAlarmTable()
