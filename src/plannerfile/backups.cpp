@@ -4,6 +4,7 @@
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/waiting.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCryptographicHash>
@@ -75,15 +76,29 @@ QString BackupFolder()
     return folders::ApplicationDirectory() + QStringLiteral("/backups");
 }
 
-void BackUpBeforeSave()
+QString PlaceOfBackups()
+{
+    return QStringLiteral(
+               "Copies of your planners, one for each of the last days on which they were changed, are in %1")
+        .arg(BackupFolder());
+}
+
+QString BackUpBeforeSave()
 {
     constexpr int Pause = 600; // seconds
-    if (!HasPlanner() || !g_dbPlanner.ServerAddress().isEmpty()) return;
+    waiting::Before();
+    if (!HasPlanner() || !g_dbPlanner.ServerAddress().isEmpty()) return {};
     const QDateTime now = desktopclock::Now();
     const bool isAnother = g_lastLook.planner != g_sNotesFile || g_lastLook.day != now.date();
     const bool isDue = g_lastLook.nextTry.isValid() && now >= g_lastLook.nextTry;
-    if (!isAnother && !isDue) return;
+    if (!isAnother && !isDue) return {};
     g_lastLook = {g_sNotesFile, now.date(), {}};
-    if (!ErrorTail{BackupTail}([&] { BackUp(QFileInfo(g_sNotesFile), now.date()); }))
+    try {
+        BackUp(QFileInfo(g_sNotesFile), now.date());
+        return {};
+    } catch (const RunTimeError& error) {
+        LogError(error, BackupTail);
         g_lastLook.nextTry = now.addSecs(Pause);
+        return error.Description;
+    }
 }

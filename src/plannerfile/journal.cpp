@@ -84,6 +84,12 @@ void Journal::Follow()
     if (m_timer.isActive() || !m_written.isEmpty()) Write();
 }
 
+// A disk that has just refused is left to the timer, or each look-up of a turn would try it again.
+void Journal::Hurry()
+{
+    if (m_timer.isActive() && !m_failed) Write();
+}
+
 bool Journal::Write()
 {
     m_timer.stop();

@@ -26,6 +26,7 @@ public:
     void Touch();  // something was typed
     void Follow(); // something was saved or given up: what is kept may be less by now
     bool Write();  // false: what is to be kept is not on the disk
+    void Hurry();  // the program may not come back from its next step: what waits for its time is written now
     void Remove(); // nothing is to be kept
     void Leave();  // for the next opening of its planners: the file stays as it is
 

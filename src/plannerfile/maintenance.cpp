@@ -1,15 +1,26 @@
 #include "plannerfile/maintenance.h"
 
+#include "calendar/lockedday.h"
 #include "plannerfile/backups.h"
+#include "plannerfile/exitsave.h"
+#include "plannerfile/opening.h"
+#include "plannerfile/plannerstate.h"
+#include "plannerfile/qmtdb.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/engine/damage.h"
 #include "platform/engine/dbengine.h"
+#include "platform/engine/explaining.h"
+#include "platform/engine/sqlite/scratchplace.h"
 #include "platform/runtime/errortail.h"
+#include "settings/messages.h"
 
 #include <QFileInfo>
+
+#include <optional>
 
 namespace {
 QString WordFor(const QString& table)
@@ -19,16 +30,37 @@ QString WordFor(const QString& table)
     return table == schema::Recursions ? QStringLiteral("Recurring events") : table;
 }
 
-QString PlaceOfBackups()
+QString ScratchPath()
 {
-    return QStringLiteral(
-               "Copies of your planners, one for each of the last days on which they were changed, are in %1")
-        .arg(BackupFolder());
+    return folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
 }
 
-std::vector<TableDef> AllTables()
+// Somebody has taken the planner away under the hands of Compact.
+QString WhatIsLeft(const QString& file)
 {
-    return {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+    const bool isGone = !file.isEmpty() && !QFileInfo::exists(file);
+    if (!isGone || !QFileInfo::exists(ScratchPath())) return {};
+    return QStringLiteral("The planner is not in its place any more. What Compact has made of it is\n%1")
+        .arg(ScratchPath());
+}
+
+QString DescribeBeside(const ScratchPlace& scratch)
+{
+    if (scratch.PutBeside().isEmpty()) return {};
+    return QStringLiteral("\n\nWhat lay at %1, where Compact makes its copies, is now\n%2")
+        .arg(scratch.Path(), scratch.PutBeside());
+}
+
+bool IsOpenPlanner(const QString& file)
+{
+    return HasPlanner() && g_dbPlanner.ServerAddress().isEmpty() &&
+           QFileInfo(file).canonicalFilePath() == QFileInfo(g_sNotesFile).canonicalFilePath();
+}
+
+QString UnderHourglass(const QString& file, const std::function<QString(const QString& file)>& work)
+{
+    const Hourglass hourglass;
+    return work(file);
 }
 
 QString DescribeKept(const QString& oldPlanner, const QStringList& missing)
@@ -57,17 +89,6 @@ QString Describe(const DBEngine::RepairReport& report)
 }
 } // namespace
 
-void Maintenance::Run(QLatin1StringView literal, const char* text, const std::function<void()>& work,
-                      const QString& afterError)
-{
-    try {
-        work();
-    } catch (const RunTimeError& error) {
-        MsgBox(QString::fromLatin1(text) + error.Description, msgbox::Critical, QStringLiteral("Error"), afterError);
-        LogError(error, literal);
-    }
-}
-
 // Title and CancelError are those of the dialog's last use: after New or Open a Cancel is an error that is shown.
 bool Maintenance::ChooseFile(const char* filter)
 {
@@ -78,37 +99,78 @@ bool Maintenance::ChooseFile(const char* filter)
     return m_dialog.Action(1) && !m_dialog.FileName.isEmpty();
 }
 
+void Maintenance::Run(const Command& command, const Work& work)
+{
+    QString file;
+    try {
+        if (!ChooseFile(command.filter)) return;
+        file = m_dialog.FileName;
+        const bool isOpen = IsOpenPlanner(file);
+        if (isOpen && !MayClose(file, command)) return;
+        const QString more = isOpen ? RunClosed(file, work) : UnderHourglass(file, work);
+        MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.title), more);
+    } catch (const RunTimeError& failure) {
+        const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());
+        MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, QStringLiteral("Error"),
+               command.afterError(file));
+        LogError(error, command.literal);
+    }
+}
+
+bool Maintenance::MayClose(const QString& file, const Command& command)
+{
+    const QString question =
+        QStringLiteral("'%1' is the planner that is open. Orrelin saves and closes it for this, and "
+                       "opens it again afterwards.\n\n%2 it now?");
+    return MsgBox(question.arg(QFileInfo(file).fileName(), QString::fromLatin1(command.name)),
+                  msgbox::YesNo + msgbox::Question, messages::HelpWizard) == msgbox::Yes &&
+           m_lockedDay.Commit();
+}
+
+// It is open again before anything is said, since the timers go on behind a message.
+QString Maintenance::RunClosed(const QString& file, const Work& work)
+{
+    m_notes.subUpdateQMTDatabase();
+    m_exitSave.ClosePlanner();
+    damage::SetListener(nullptr); // the command says by itself what it meets
+    QString more;
+    std::optional<RunTimeError> failure;
+    try {
+        more = UnderHourglass(file, work);
+    } catch (const RunTimeError& error) {
+        failure = error;
+    }
+    m_opening.subOpenDBNoDlg(!g_bDBShared);
+    if (failure) throw *failure;
+    return more;
+}
+
 void Maintenance::mnuCompact_Click()
 {
-    Run(QLatin1StringView(" in MainForm, mnuCompact_Click"), "Unable to compress database: ", [&] {
-        if (!ChooseFile("Access (*.MDB)|*.mdb")) return;
-        const QString file = m_dialog.FileName;
-        const QString scratch = folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
-        QString kept;
-        QStringList missing;
-        {
-            const Hourglass hourglass;
-            const DBEngine::AloneWith alone(file);
-            missing = DBEngine::CompactDatabase(file, scratch, AllTables());
-            kept = DBEngine::ReplaceDatabase(scratch, file);
-        }
-        MsgBox(QStringLiteral("Database compressed OK"), msgbox::Information, QStringLiteral("Compact"),
-               DescribeKept(kept, missing));
+    static constexpr Command compact = {"Compact",
+                                        "Access (*.MDB)|*.mdb",
+                                        QLatin1StringView(" in MainForm, mnuCompact_Click"),
+                                        "Unable to compress database: ",
+                                        "Database compressed OK",
+                                        "Compact",
+                                        WhatIsLeft};
+    Run(compact, [](const QString& file) {
+        const DBEngine::AloneWith alone(file);
+        const ScratchPlace scratch(ScratchPath(), file);
+        const QStringList missing = DBEngine::CompactDatabase(file, scratch.Path(), schema::AllTables());
+        const QString old = DBEngine::ReplaceDatabase(scratch.Path(), file);
+        return DescribeKept(old, missing) + DescribeBeside(scratch);
     });
 }
 
 void Maintenance::mnuRepair_Click()
 {
-    const auto repair = [&] {
-        if (!ChooseFile("Access (*.mdb)|*.mdb")) return;
-        DBEngine::RepairReport report;
-        {
-            const Hourglass hourglass;
-            report = DBEngine::RepairDatabase(m_dialog.FileName, AllTables());
-        }
-        MsgBox(QStringLiteral("Database repaired successfully"), msgbox::Information, QStringLiteral("Repair"),
-               Describe(report));
-    };
-    Run(QLatin1StringView(" in MainForm, mnuRepair_Click"), "Error when repairing database: ", repair,
-        PlaceOfBackups());
+    static constexpr Command repair = {"Repair",
+                                       "Access (*.mdb)|*.mdb",
+                                       QLatin1StringView(" in MainForm, mnuRepair_Click"),
+                                       "Error when repairing database: ",
+                                       "Database repaired successfully",
+                                       "Repair",
+                                       [](const QString&) { return PlaceOfBackups(); }};
+    Run(repair, [](const QString& file) { return Describe(DBEngine::RepairDatabase(file, schema::AllTables())); });
 }

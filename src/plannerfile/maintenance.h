@@ -1,25 +1,50 @@
-// Compact and Repair: the engine's upkeep of a planner file that is chosen, whichever one is open.
+// Compact and Repair: the engine's upkeep of a planner file that is chosen. The one that is open here is closed for it,
+// if the person wants that, and open again afterwards.
 #pragma once
 
-#include <QLatin1StringView>
+#include <QString>
 
 #include <functional>
 
 class CommonDialog;
+class ExitSave;
+class LockedDay;
+class Opening;
+class QMTDB;
 
 class Maintenance
 {
 public:
-    explicit Maintenance(CommonDialog& dialog) : m_dialog(dialog) {}
+    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, ExitSave& exitSave, Opening& opening)
+        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_exitSave(exitSave), m_opening(opening)
+    {
+    }
 
     void mnuCompact_Click();
     void mnuRepair_Click();
 
 private:
+    // The work of a command on a file; what is to be said besides that it is done.
+    using Work = std::function<QString(const QString& file)>;
+    struct Command
+    {
+        const char* name; // as the menu has it
+        const char* filter;
+        QLatin1StringView literal;
+        const char* failed; // stands before the error's own text
+        const char* done;
+        const char* title;
+        QString (*afterError)(const QString& file);
+    };
+
+    void Run(const Command& command, const Work& work);
     bool ChooseFile(const char* filter);
-    // Shows and logs an error of the work; text is what stands before the error's own.
-    static void Run(QLatin1StringView literal, const char* text, const std::function<void()>& work,
-                    const QString& afterError = {});
+    bool MayClose(const QString& file, const Command& command);
+    QString RunClosed(const QString& file, const Work& work);
 
     CommonDialog& m_dialog;
+    QMTDB& m_notes;
+    LockedDay& m_lockedDay;
+    ExitSave& m_exitSave;
+    Opening& m_opening;
 };

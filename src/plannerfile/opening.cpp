@@ -8,6 +8,7 @@
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/backups.h"
+#include "plannerfile/damagewatch.h"
 #include "plannerfile/knownservers.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
@@ -19,6 +20,7 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/explaining.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -87,10 +89,11 @@ void Opening::subOpenDBNoDlg(bool bShared)
     ReadNetworkOptions();
     m_networkMode.ApplyTimers();
     SetMousePointer(mousepointer::Hourglass);
+    const QString foot = m_bottom.panelBottom->Caption();
     m_bottom.panelBottom->SetCaption(QStringLiteral("opening ") + g_sDBPath.toLower());
     m_bottom.panelBottom->repaint();
     subUnloadAlarmIcons(m_cells);
-    if (!OpenNotes(bShared)) return;
+    if (!OpenNotes(bShared, foot)) return;
     const bool complete = OpenAlarms() && OpenRecursions();
     m_notes.ReadCells(OpenTail);
     g_iCurrentPanel = 0;
@@ -104,22 +107,24 @@ void Opening::subOpenDBNoDlg(bool bShared)
     m_recovery.Offer();
 }
 
-bool Opening::OpenNotes(bool exclusive)
+bool Opening::OpenNotes(bool exclusive, const QString& foot)
 {
+    const QString file = filesystem::Find(g_sDBPath);
+    const QString path = file.isEmpty() ? g_sDBPath : file;
     try {
-        const QString file = filesystem::Find(g_sDBPath);
-        const QString path = file.isEmpty() ? g_sDBPath : file;
         if (!MayConnect(path)) {
-            GiveUp(QString());
+            GiveUp(foot);
             return false;
         }
         Database database = DBEngine::OpenDatabase(path, exclusive);
         AdoptPlanner(database, schema::OpenNotes(database), file);
-    } catch (const RunTimeError& error) {
+    } catch (const RunTimeError& failure) {
+        const RunTimeError error = explaining::Explained(failure, path, schema::AllTables());
         ShowOpenFailed(error);
         LogError(error, OpenTail);
         return false;
     }
+    WatchForDamage(file);
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
     m_notes.DropCells(); // a timer may have filled them again behind a question
     return true;
@@ -156,9 +161,25 @@ bool Opening::OpenAlarms()
         if (error.Number != engineerrors::NoTable) return false;
     }
     const int answer = MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard);
-    if (answer != msgbox::Yes) return false;
-    BackUpBeforeSave();
-    return ErrorTail{OpenTail}([&] { subAddAlarmTable(); });
+    return answer == msgbox::Yes && Upgrade([&] { subAddAlarmTable(); });
+}
+
+// A copy that fails does not stand in the way: whoever was asked was told to make one.
+bool Opening::Upgrade(const std::function<void()>& step)
+{
+    const QString trouble = BackUpBeforeSave();
+    if (!trouble.isEmpty())
+        MsgBox(QStringLiteral("No copy of the planner could be made before the upgrade: ") + trouble,
+               msgbox::Exclamation, messages::HelpWizard);
+    try {
+        step();
+        return true;
+    } catch (const RunTimeError& error) {
+        MsgBox(QStringLiteral("The planner could not be upgraded: ") + error.Description, msgbox::Exclamation,
+               messages::HelpWizard);
+        LogError(error, OpenTail);
+        return false;
+    }
 }
 
 bool Opening::OpenRecursions()
@@ -170,7 +191,7 @@ bool Opening::OpenRecursions()
         if (error.Number != engineerrors::NoTable) return false;
     }
     // No question: whoever was asked about the alarms has answered for both.
-    return ErrorTail{OpenTail}([&] { subAddRecursionTable(); });
+    return Upgrade([&] { subAddRecursionTable(); });
 }
 
 void Opening::subAddAlarmTable()

@@ -3,6 +3,8 @@
 
 #include <QVariant>
 
+#include <functional>
+
 struct BottomPanel;
 class Cells;
 class CommonDialog;
@@ -39,9 +41,10 @@ public:
     void ShowOpenFailed(const RunTimeError& error); // says so; no planner is open then
 
 private:
-    bool OpenNotes(bool exclusive);
+    bool OpenNotes(bool exclusive, const QString& foot);
     void TakeChange(const QString& table, const QVariant& key);
     void GiveUp(const QString& reason);
+    static bool Upgrade(const std::function<void()>& step); // false: it is said and logged
     bool OpenAlarms();
     bool OpenRecursions();
     void subAddAlarmTable();

@@ -41,6 +41,11 @@ TableDef RecursionsTable()
             {{RecursionsIndex, QStringLiteral("-Start Date"), false}}};
 }
 
+std::vector<TableDef> AllTables()
+{
+    return {NotesTable(), AlarmsTable(), RecursionsTable()};
+}
+
 namespace {
 Recordset OpenIndexed(Database& planner, const QString& table, const QString& index)
 {

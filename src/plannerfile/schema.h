@@ -17,6 +17,7 @@ inline const QString Locale = QStringLiteral(";LANGID=0x0809;CP=1252;COUNTRY=0")
 TableDef NotesTable();
 TableDef AlarmsTable();
 TableDef RecursionsTable();
+std::vector<TableDef> AllTables();
 
 // The tables of an open planner, each in the order of its index. 3011 where an older planner lacks one.
 Recordset OpenNotes(Database planner);

@@ -31,6 +31,7 @@
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/recovery.h"
 #include "platform/desktop/systemprinter.h"
+#include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
 #include "printing/printing.h"
 #include "recurrence/recurringevents.h"
@@ -72,7 +73,11 @@ struct Rooms
             dayView.AddTyped(typed);
             return typed;
         });
+        waiting::SetBefore([this] { journal.Hurry(); });
     }
+    ~Rooms() { waiting::SetBefore(nullptr); }
+    Rooms(const Rooms&) = delete;
+    Rooms& operator=(const Rooms&) = delete;
 
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};
@@ -112,8 +117,8 @@ struct Rooms
     AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
-    Maintenance maintenance{controls.FontDialog};
     ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
+    Maintenance maintenance{controls.FontDialog, notes, dayLock, exitSave, opening};
     ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;

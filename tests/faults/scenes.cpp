@@ -7,6 +7,7 @@
 #include "plannerfile/schema.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/engine/enginetesting.h"
+#include "platform/engine/sqlite/scratchplace.h"
 #include "platform/profile/profile.h"
 #include "program.h"
 #include "recurrence/recurrence.h"
@@ -216,6 +217,7 @@ QString CompactFile(const Stage& stage, const QString& name)
     stage.Begin();
     return AnswerOf([&] {
         const DBEngine::AloneWith alone(file);
+        const ScratchPlace place(scratch, file);
         DBEngine::CompactDatabase(file, scratch, tables);
         DBEngine::ReplaceDatabase(scratch, file);
     });

@@ -1,5 +1,6 @@
 #include "plannerfile/backups.h"
 
+#include "planners.h"
 #include "program.h"
 
 // The copies that are made before the first save of a day.
@@ -81,6 +82,52 @@ private Q_SLOTS:
         m_program->New(QStringLiteral("elsewhere/") + m_file);
         TypeAndSave(QStringLiteral("x"));
         QCOMPARE(Days().size(), 11);
+    }
+
+    // It is said once, by the first copy or the first look that meets the damage, and the copies of the days before
+    // stay.
+    void ADamagedPlannerPushesOutNoSoundCopy_data()
+    {
+        QTest::addColumn<bool>("looks");
+        QTest::newRow("met by the copy") << false;
+        QTest::newRow("met by a look") << true;
+    }
+
+    void ADamagedPlannerPushesOutNoSoundCopy()
+    {
+        QFETCH(bool, looks);
+        for (int day = 4; day <= 13; ++day) {
+            SetDay(day);
+            TypeAndSave(QString::number(day));
+        }
+        const QStringList before = Days();
+        Recordset notes = schema::OpenNotes(g_dbPlanner);
+        for (int day = 1; day < 29; ++day)
+            Write(notes, QStringLiteral("1999/5/%1").arg(day), "May" + QByteArray::number(day) + QByteArray(9000, 'x'));
+        notes.Close();
+        m_program->Exit();
+        const QString path = m_program->folders.Path(m_file);
+        QByteArray damaged = Content(path);
+        damaged.replace(damaged.indexOf("May14") / 4096 * 4096, 2048, QByteArray(2048, '\0'));
+        SetContent(path, damaged);
+        SetDay(14);
+        m_program->Start();
+        m_program->Open(m_file);
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        const auto lookAtMay = [&] {
+            for (const char* turn : {"mnuNextMonth", "mnuNextMonth", "mnuPrevMonth", "mnuPrevMonth"})
+                m_program->Trigger(turn);
+        };
+        if (looks) lookAtMay();
+        if (!looks) TypeAndSave(QStringLiteral("saved"));
+        QTRY_VERIFY2(seen.Text.contains(QStringLiteral("Repair Database in the File menu")), qPrintable(seen.Text));
+        lookAtMay();
+        TypeAndSave(QStringLiteral("saved"));
+        QTest::qWait(50);
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(Days(), before);
+        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("saved"));
     }
 
     void WithoutAPlaceForItTheSaveGoesOn()

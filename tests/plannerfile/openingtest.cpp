@@ -3,6 +3,8 @@
 #include "program.h"
 #include "settingsfile.h"
 
+#include <QDirIterator>
+
 // New, Open, the recent list and the start-up planner, with every answer that their questions allow.
 class OpeningTest : public QObject
 {
@@ -18,6 +20,8 @@ class OpeningTest : public QObject
         Recordset notes = schema::OpenNotes(MakePlanner(m_program->folders.Path(name), tables));
         Write(notes, QStringLiteral("1999/3/17"), "{\\rtf1 kept}");
     }
+
+    static bool MissesTable(const QString& path) { return DBEngine::OpenDatabase(path).TableNames().size() < 3; }
 
 private Q_SLOTS:
     void init() { m_program = Program::Started(); }
@@ -149,6 +153,10 @@ private Q_SLOTS:
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
         const bool upgraded = answer != msgbox::No;
+        QDirIterator copies(folders::ApplicationDirectory() + QStringLiteral("/backups"), {QStringLiteral("*.mdb")},
+                            QDir::Files, QDirIterator::Subdirectories);
+        QCOMPARE(copies.hasNext(), upgraded); // of the planner as it was
+        QVERIFY(!upgraded || MissesTable(copies.next()));
         QCOMPARE(g_dbPlanner.TableNames().size(), upgraded ? 3 : 1);
         QCOMPARE(g_rsRecurse.IsNothing(), !upgraded);
         QCOMPARE(m_program->form->windowTitle().endsWith(QStringLiteral("old.mdb")), upgraded);

@@ -92,6 +92,7 @@ private Q_SLOTS:
         QVERIFY2(open(msgbox::No).contains(address), "it must tell where the link leads");
         QCOMPARE(sessions(), before);
         QVERIFY(g_sDBPath.isEmpty());
+        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
         open(msgbox::Yes);
         QCOMPARE(Shown(), QStringLiteral("old"));
         m_program->Open(QFileInfo(m_direct).fileName(), true); // no question
@@ -193,6 +194,42 @@ private Q_SLOTS:
         QCOMPARE(Stored(), Shown());
         QVERIFY(IsFreeForOthers());
         QVERIFY(m_program->form->isActiveWindow()); // nothing more was asked
+    }
+
+    // Whoever kills a program that hangs must find the typing in the journal: the server goes on only when it is there.
+    void AServerIsEnteredWhenTheTypingIsKept_data()
+    {
+        QTest::addColumn<bool>("shared");
+        QTest::newRow("unlock") << true;
+        QTest::newRow("turn") << false;
+    }
+
+    void AServerIsEnteredWhenTheTypingIsKept()
+    {
+        QFETCH(bool, shared);
+        if (!shared) m_program->Open(QFileInfo(m_direct).fileName(), false);
+        if (shared) m_program->LockAndType(QStringLiteral(" and mine"));
+        if (!shared) m_program->Type(WorkgroupProgram::Cell, QStringLiteral("mine "));
+        const QStringList frozen = TestServer::Get().Freeze();
+        const QString journal = folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes");
+        QVERIFY(!QFile::exists(journal));
+        std::atomic<bool> isKept = false;
+        std::thread server([&] {
+            const QDeadlineTimer end(5000);
+            while (!isKept && !end.hasExpired()) {
+                isKept = Content(journal).contains("mine");
+                QThread::msleep(5);
+            }
+            TestServer::Signal(frozen, SIGCONT);
+        });
+        if (shared)
+            m_program->PressLock();
+        else
+            m_program->Trigger("mnuNextMonth");
+        server.join();
+        QVERIFY(isKept);
+        QCOMPARE(Stored(), shared ? QStringLiteral("old and mine") : QStringLiteral("oldmine "));
+        QVERIFY(!QFile::exists(journal));
     }
 
     void SomebodyElseUsedTheTime_data()

@@ -39,6 +39,11 @@ void RaiseNewer(const QString& name)
         QStringLiteral("'%1' was written by a newer Orrelin. Please update this one to open it.").arg(name)};
 }
 
+RunTimeError DamagedError(const QString& name)
+{
+    return {NotADatabase, QStringLiteral("The planner '%1' is damaged. Repair may be able to mend it.").arg(name)};
+}
+
 void RaiseNoTable(const QString& table)
 {
     throw RunTimeError{NoTable, QStringLiteral("The planner has no table named '%1'.").arg(table)};

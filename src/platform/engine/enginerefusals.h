@@ -2,7 +2,7 @@
 // show it.
 #pragma once
 
-#include <QString>
+#include "platform/runtime/runtimeerror.h"
 
 namespace engineerrors {
 [[noreturn]] void RaiseDataChanged();                                     // 3197
@@ -12,6 +12,7 @@ namespace engineerrors {
 [[noreturn]] void RaiseSaveUnderWay(const QString& name);                 // 3186
 [[noreturn]] void RaiseNewer(const QString& name);                        // 3343
 [[noreturn]] void RaiseNoTable(const QString& table);                     // 3011
+RunTimeError DamagedError(const QString& name);                           // 3343
 [[noreturn]] void RaiseTableExists(const QString& table);                 // 3010
 [[noreturn]] void RaiseFileExists(const QString& path);                   // 3204
 [[noreturn]] void RaiseClosed();                                          // 3420

@@ -21,11 +21,11 @@ constexpr qsizetype HeadSize = 64;
 // The last row takes what no other one recognises.
 constexpr std::array Kinds = {
     StoreKind{plannerlink::IsLink, plannerlink::Refusal, plannerlink::Open, plannerlink::Delete, nullptr, nullptr,
-              nullptr, nullptr, plannerlink::Address},
+              nullptr, nullptr, plannerlink::Address, nullptr},
     StoreKind{jetfile::IsJet, jetfile::Refusal, nullptr, sqlitefile::Delete, sqlitefile::Claim, jetfile::Compact,
-              jetfile::Replace, nullptr, nullptr},
-    StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::Claim,
-              compacting::Compact, compacting::Replace, repairing::Repair, nullptr},
+              jetfile::Replace, nullptr, nullptr, nullptr},
+    StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::ClaimPlanner,
+              compacting::Compact, compacting::Replace, repairing::Repair, nullptr, repairing::FindsPlanner},
 };
 } // namespace
 

@@ -22,6 +22,7 @@ struct StoreKind
     QString (*Replace)(const QString& scratch, const QString& target);
     RepairReport (*Repair)(const QString& path, const std::vector<TableDef>& tables);
     QString (*LinkedAddress)(const QString& path);
+    bool (*FindsPlanner)(const QString& path, const std::vector<TableDef>& tables); // in what Open refuses
 };
 
 // By the file's first bytes, whatever its name. What nobody recognises counts as a damaged planner in a file, whose

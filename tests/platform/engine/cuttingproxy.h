@@ -44,6 +44,7 @@ public:
     int Port() const { return m_port; }
     void CutAt(Cut cut) { m_cut = cut; }      // once, at the next COMMIT
     void Shut(bool shut) { m_isShut = shut; } // for new connections
+    void Slow() { m_isSlow = true; }          // what the server says comes in small pieces
     // Gives the program another number of its process than the server's, as a pooler does.
     void PretendToBeAPooler() { m_isPooler = true; }
 
@@ -95,10 +96,20 @@ private:
                 // The message with the process's number: 'K', its length 12, the number, a secret.
                 const qsizetype key = m_isPooler ? bytes.indexOf(QByteArray("K\0\0\0\x0c", 5)) : -1;
                 if (key >= 0) bytes[key + 8] = static_cast<char>(bytes[key + 8] ^ 1);
-                if (!Write(program, bytes)) return;
+                if (!WriteTo(program, bytes)) return;
             }
             if (ends[2].revents & POLLHUP) return;
         }
+    }
+
+    bool WriteTo(int program, const QByteArray& bytes) const
+    {
+        if (!m_isSlow) return Write(program, bytes);
+        for (qsizetype at = 0; at < bytes.size(); at += 4096) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            if (!Write(program, bytes.mid(at, 4096))) return false;
+        }
+        return true;
     }
 
     static QByteArray Read(int socket)
@@ -122,6 +133,6 @@ private:
     int m_listener;
     int m_port = 0;
     std::atomic<Cut> m_cut = Never;
-    std::atomic<bool> m_isPooler = false, m_isShut = false;
+    std::atomic<bool> m_isPooler = false, m_isShut = false, m_isSlow = false;
     std::thread m_thread;
 };

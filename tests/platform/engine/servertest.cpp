@@ -3,6 +3,7 @@
 #include "enginetesting.h"
 #include "files.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/postgres/postgresconnection.h"
 #include "platform/engine/postgres/sessionname.h"
 #include "testserver.h"
 
@@ -246,6 +247,31 @@ private Q_SLOTS:
             days.Update();
         }
         QCOMPARE(Read(days, m_key), editAgain == 0 ? QByteArray("typed") : meanwhile);
+    }
+
+    // It would keep the window waiting for ever. One that says little at a time is waited for.
+    void AServerThatFallsSilentIsABrokenConnection()
+    {
+        PostgresConnection::SetPatienceForTests(std::chrono::milliseconds(300));
+        const auto asEver = qScopeGuard([] { PostgresConnection::SetPatienceForTests({}); });
+        CuttingProxy proxy(TestServer::Get().Port());
+        Link(TestServer::Get().TcpUri(m_planner, proxy.Port()));
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        Write(days, QStringLiteral("long"), QByteArray(100000, 'x'));
+        proxy.Slow();
+        QCOMPARE(Read(days, QStringLiteral("long")).size(), 100000);
+        StartEdit(days, "typed");
+        const QStringList frozen = TestServer::Get().Freeze();
+        QString text;
+        const int raised = ErrorOf([&] { days.Update(); }, &text);
+        TestServer::Signal(frozen, SIGCONT);
+        QCOMPARE(raised, BrokenConnection);
+        QVERIFY2(text.contains(QLatin1StringView("does not answer")), qPrintable(text));
+        QTRY_COMPARE(ErrorOf([&] { days.Edit(); }), 0); // connects and locks again
+        days.SetField(QStringLiteral("qmtText"), QByteArray("typed"));
+        days.Update();
+        QCOMPARE(Read(days, m_key), QByteArray("typed"));
     }
 
     void AGroupThatIsCutIsNotWrittenByHalves()

@@ -80,6 +80,20 @@ public:
         return static_cast<int>(cut);
     }
 
+    // Stops those that serve the present connections, as a machine that hangs: the lines stay and nothing is answered.
+    QStringList Freeze() const
+    {
+        const QStringList processes =
+            Ask(QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"));
+        Signal(processes, SIGSTOP);
+        return processes;
+    }
+    static void Signal(const QStringList& processes, int signal)
+    {
+        for (const QString& process : processes)
+            ::kill(process.toInt(), signal);
+    }
+
     void Start()
     {
         m_server.setProgram(QStringLiteral("setpriv"));

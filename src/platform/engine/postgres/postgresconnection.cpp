@@ -2,9 +2,11 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
+#include "platform/engine/postgres/answerwatch.h"
 #include "platform/engine/postgres/postgreserrors.h"
 #include "platform/engine/postgres/postgresvalues.h"
 #include "platform/engine/postgres/sessionname.h"
+#include "platform/engine/waiting.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -14,13 +16,15 @@
 #include <pqxx/nontransaction>
 #include <pqxx/prepared_statement>
 
+#include <array>
 #include <stdexcept>
 
 namespace {
 using namespace engineerrors;
 
 // Nothing may keep the window waiting for ever: not a server that does not answer, not a cable that is pulled, not a
-// colleague's lock. Keepalives end a dead session in about half a minute, on both sides; its locks end with it.
+// colleague's lock. Keepalives end a dead session in about half a minute, on both sides; its locks end with it. They
+// say nothing of a server that has stopped while its machine goes on: that is the AnswerWatch's.
 constexpr const char* Waiting =
     "connect_timeout=5 keepalives=1 keepalives_idle=20 keepalives_interval=5 keepalives_count=3 "
     "tcp_user_timeout=15000 client_encoding=UTF8 ";
@@ -34,6 +38,15 @@ constexpr const char* Settings =
     "SET tcp_keepalives_count = 3; SET tcp_user_timeout = 15000; "
     "SELECT pid, backend_start FROM pg_catalog.pg_stat_activity WHERE pid = pg_catalog.pg_backend_pid()";
 
+using namespace std::chrono_literals;
+constexpr std::array Silences = {10000ms, 30000ms}; // by Patience; the long one leaves the server its own 20 seconds
+std::optional<std::chrono::milliseconds> g_silenceForTests;
+
+std::chrono::milliseconds SilenceOf(PostgresConnection::Patience patience)
+{
+    return g_silenceForTests.value_or(Silences.at(static_cast<std::size_t>(patience)));
+}
+
 constexpr int AttemptsPause = 5;       // times as long as a failed attempt took
 constexpr qint64 LongestPause = 15000; // milliseconds
 constexpr int StateLooks = 40;
@@ -42,7 +55,7 @@ constexpr unsigned long PauseBetweenLooks = 50; // milliseconds
 
 struct PostgresConnection::Line
 {
-    explicit Line(const std::string& text) : connection(text), quiet(connection)
+    explicit Line(const std::string& text) : connection(text), quiet(connection), watch(connection.sock())
     {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -63,6 +76,7 @@ struct PostgresConnection::Line
 
     pqxx::connection connection;
     pqxx::quiet_errorhandler quiet;
+    AnswerWatch watch;
     std::map<std::string, std::string> names; // of the statements
 };
 
@@ -73,6 +87,12 @@ PostgresConnection::PostgresConnection(const PlannerAddress& address, const QStr
 }
 
 PostgresConnection::~PostgresConnection() = default;
+
+void PostgresConnection::SetPatienceForTests(std::chrono::milliseconds both)
+{
+    g_silenceForTests.reset();
+    if (both > 0ms) g_silenceForTests = both;
+}
 
 int PostgresConnection::Socket() const
 {
@@ -86,6 +106,7 @@ int PostgresConnection::Process() const
 
 void PostgresConnection::Connect()
 {
+    waiting::Before();
     if (m_session && !m_session->connection.is_open()) Break();
     // What belongs to a transaction that is lost must not be written by itself.
     if (m_lost) throw *m_lost;
@@ -112,7 +133,7 @@ PostgresConnection::Backend PostgresConnection::Open()
     } catch (const pqxx::failure& error) {
         throw BrokenConnectionError(m_name, error.what());
     }
-    const pqxx::result told = Guarded([](pqxx::nontransaction& work) { return work.exec(Settings); });
+    const pqxx::result told = Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec(Settings); });
     // A pooler hands each transaction to whichever session is free, and locks would lie in another's.
     if (told.size() != 1 || NumberOf(told[0][0]) != Process())
         throw RunTimeError{BrokenConnection,
@@ -134,7 +155,12 @@ void PostgresConnection::End(const Backend& former)
 
 void PostgresConnection::Break()
 {
-    if (m_onBreak) m_onBreak(); // what belongs to the session goes before it
+    {
+        // The library says good-bye to a server that is still there.
+        std::optional<AnswerWatch::Call> call;
+        if (m_session) call.emplace(m_session->watch, SilenceOf(Patience::Usual));
+        if (m_onBreak) m_onBreak(); // what belongs to the session goes before it
+    }
     m_session.reset();
     m_reading = m_hasStep = false;
     if (m_writing && !m_lost) m_lost = BrokenConnectionError(m_name);
@@ -142,7 +168,8 @@ void PostgresConnection::Break()
 
 RunTimeError PostgresConnection::Lost(const char* detail)
 {
-    const RunTimeError error = BrokenConnectionError(m_name, detail);
+    const bool isSilent = m_session && m_session->watch.HasShut();
+    const RunTimeError error = BrokenConnectionError(m_name, isSilent ? "it does not answer." : detail);
     if (m_writing && !m_lost) m_lost = error;
     Break();
     return error;
@@ -163,9 +190,10 @@ RunTimeError PostgresConnection::Spoiling(const RunTimeError& error)
 }
 
 template <typename Step>
-auto PostgresConnection::Translated(Step&& step)
+auto PostgresConnection::Translated(Patience patience, Step&& step)
 {
     try {
+        const AnswerWatch::Call call(m_session->watch, SilenceOf(patience));
         return step();
     } catch (const pqxx::sql_error& error) {
         throw Spoiling(Failure(error));
@@ -179,18 +207,18 @@ auto PostgresConnection::Translated(Step&& step)
 }
 
 template <typename Step>
-pqxx::result PostgresConnection::Guarded(Step&& step)
+pqxx::result PostgresConnection::Guarded(Patience patience, Step&& step)
 {
-    return Translated([&] {
+    return Translated(patience, [&] {
         pqxx::nontransaction work(m_session->connection);
         return step(work);
     });
 }
 
-pqxx::result PostgresConnection::Ask(const std::string& statement, const Values& values)
+pqxx::result PostgresConnection::Ask(const std::string& statement, const Values& values, Patience patience)
 {
     Connect();
-    const pqxx::result result = Guarded([&](pqxx::nontransaction& work) {
+    const pqxx::result result = Guarded(patience, [&](pqxx::nontransaction& work) {
         std::vector<const char*> parameters;
         for (const auto& value : values)
             parameters.push_back(value ? value->c_str() : nullptr);
@@ -206,15 +234,15 @@ QString PostgresConnection::AskOne(const std::string& statement, const Values& v
     return TextOf(result[0][0]);
 }
 
-void PostgresConnection::Command(const char* text)
+void PostgresConnection::Command(const char* text, Patience patience)
 {
     Connect();
-    Guarded([&](pqxx::nontransaction& work) { return work.exec(text); });
+    Guarded(patience, [&](pqxx::nontransaction& work) { return work.exec(text); });
 }
 
 void PostgresConnection::Do(const std::function<void(pqxx::connection&)>& step)
 {
-    Translated([&] { step(m_session->connection); });
+    Translated(Patience::Usual, [&] { step(m_session->connection); });
 }
 
 void PostgresConnection::Listen()
@@ -242,7 +270,7 @@ void PostgresConnection::StopReading()
 {
     if (!std::exchange(m_reading, false)) return;
     try {
-        Guarded([](pqxx::nontransaction& work) { return work.exec("COMMIT"); });
+        Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec("COMMIT"); });
     } catch (const RunTimeError&) {
         // Nothing was written, and a break has been noted.
     }
@@ -298,7 +326,7 @@ void PostgresConnection::Commit()
         throw *lost;
     }
     try {
-        Command("COMMIT");
+        Command("COMMIT", Patience::Long);
     } catch (const RunTimeError& failure) {
         const bool broken = !m_session;
         Rollback();
@@ -315,7 +343,7 @@ void PostgresConnection::Rollback()
     m_lost.reset();
     if (!open) return;
     try {
-        Guarded([](pqxx::nontransaction& work) { return work.exec("ROLLBACK"); });
+        Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec("ROLLBACK"); });
     } catch (const RunTimeError&) {
         // A session that cannot roll back is over, and the server does it.
         Break();

@@ -10,6 +10,7 @@
 #include <pqxx/connection>
 #include <pqxx/result>
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -20,6 +21,14 @@ class PostgresConnection
 {
 public:
     using Values = std::vector<std::optional<std::string>>;
+
+    // How long the server may be silent, neither giving nor taking a byte, before the session counts as broken.
+    enum class Patience
+    {
+        Usual,
+        Long // where it has much to look at or to write before it answers
+    };
+    static void SetPatienceForTests(std::chrono::milliseconds both); // none: the usual ones
 
     // Nothing is connected yet. Name is the planner's, as messages show it. Welcome is run in each new session, with
     // Ask; what it raises ends the session again.
@@ -37,7 +46,7 @@ public:
 
     // One statement, with the values for its $1 and so on; prepared by the library. 3151, 3006 and others as told by
     // the table of postgreserrors.
-    pqxx::result Ask(const std::string& statement, const Values& values = {});
+    pqxx::result Ask(const std::string& statement, const Values& values = {}, Patience patience = Patience::Usual);
     QString AskOne(const std::string& statement, const Values& values = {}); // the first value; 3043 if there is none
 
     // Anything else that the present session's library does, with the same errors.
@@ -77,10 +86,10 @@ private:
     RunTimeError Lost(const char* detail = "");
     RunTimeError Spoiling(const RunTimeError& error);
     template <typename Step>
-    auto Translated(Step&& step); // with the library's errors as ours
+    auto Translated(Patience patience, Step&& step); // with the library's errors as ours
     template <typename Step>
-    pqxx::result Guarded(Step&& step);
-    void Command(const char* text);
+    pqxx::result Guarded(Patience patience, Step&& step);
+    void Command(const char* text, Patience patience = Patience::Usual);
     void WriteInGroup(const std::function<void()>& step);
     void UndoStep(const RunTimeError& failure);
     void FindOutWhetherCommitted(const RunTimeError& loss);

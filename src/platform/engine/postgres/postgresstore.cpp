@@ -58,7 +58,7 @@ PostgresStore::PostgresStore(const PlannerAddress& address, const QString& name,
 
 PostgresStore::~PostgresStore()
 {
-    m_openMode.Leave();
+    Close();
     m_connection.OnBreak(nullptr);
 }
 
@@ -143,7 +143,9 @@ std::vector<Row> PostgresStore::Look(const TableDef& table, const Index& index, 
         values.push_back(std::to_string(place.id));
     if (!runField.isEmpty()) values.push_back(run);
     std::vector<Row> rows;
-    for (const auto& found : m_connection.Ask(m_text->Find(table, index, lookUps, runField, limit), values))
+    // For a rare word the server looks at every note before it answers.
+    const auto patience = runField.isEmpty() ? PostgresConnection::Patience::Usual : PostgresConnection::Patience::Long;
+    for (const auto& found : m_connection.Ask(m_text->Find(table, index, lookUps, runField, limit), values, patience))
         rows.push_back(ReadRow(found, 1, table));
     return rows;
 }

@@ -1,7 +1,6 @@
 #include "platform/engine/sqlite/compacting.h"
 
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/sqliteschema.h"
@@ -54,7 +53,7 @@ void VacuumInto(SqliteConnection& source, const QString& path)
         vacuum.bind(1, QFile::encodeName(path).toStdString());
         vacuum.exec();
     } catch (const SQLite::Exception& error) {
-        throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
+        throw RunTimeErrorOf(error, Doing::Writing, path);
     }
 }
 
@@ -64,16 +63,14 @@ void CompareWith(SqliteConnection& source, const QString& path)
     made.CheckHead();
     made.CheckWhole();
     if (Inventory(made) != Inventory(source))
-        throw RunTimeError{InputOutput, QStringLiteral("'%1' has not become a copy.").arg(QFileInfo(path).fileName())};
+        throw RunTimeError{InputOutput, QStringLiteral("'%1' has not become a copy.").arg(path)};
 }
 
 void RefuseExisting(const QString& to)
 {
-    const QFileInfo info(to);
-    if (Exists(to)) RaiseFileExists(to);
-    if (!info.dir().exists())
-        throw RunTimeError{InvalidPath,
-                           QStringLiteral("'%1' cannot be made: its folder does not exist.").arg(info.fileName())};
+    if (Exists(to)) throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(to)};
+    if (!QFileInfo(to).dir().exists())
+        throw RunTimeError{InvalidPath, QStringLiteral("'%1' cannot be made: its folder does not exist.").arg(to)};
 }
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "platform/engine/sqlite/onlinecopy.h"
 
+#include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -10,6 +11,7 @@
 #include <QThread>
 
 #include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/Column.h>
 
 #include <sqlite3.h>
 
@@ -34,6 +36,17 @@ void CopyPages(SQLite::Database& source, SQLite::Database& target)
         if (isHeldUp) QThread::msleep(BetweenAttempts);
     }
 }
+
+// It may be what somebody's notes are brought back from, long after the planner itself was damaged.
+bool IsSound(SQLite::Database& copy)
+{
+    try {
+        return copy.execAndGet("PRAGMA integrity_check(1)").getString() == "ok";
+    } catch (const SQLite::Exception& error) {
+        if (IsDamage(error)) return false;
+        throw;
+    }
+}
 } // namespace
 
 void CopyOnline(SqliteConnection& source, const QString& path, const QString& to)
@@ -43,6 +56,12 @@ void CopyOnline(SqliteConnection& source, const QString& path, const QString& to
         SQLite::Database target(QFile::encodeName(fresh.Path()).toStdString(), SQLite::OPEN_READWRITE);
         target.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // nobody sees it before it is whole
         CopyPages(source.Library(), target);
+        if (!IsSound(target)) {
+            damage::Tell(path);
+            throw RunTimeError{
+                engineerrors::NotADatabase,
+                QStringLiteral("The planner '%1' is damaged. No copy was made of it.").arg(QFileInfo(path).fileName())};
+        }
     } catch (const SQLite::Exception& error) {
         throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(to).fileName());
     }

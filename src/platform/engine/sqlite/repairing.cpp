@@ -3,6 +3,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/rebuilding.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -10,6 +11,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
 #include <SQLiteCpp/Column.h>
 
@@ -49,20 +51,32 @@ Verdict JudgeOpened(SQLite::Database& library)
     return library.execAndGet(ours).getInt() > 0 ? Verdict::Damaged : Verdict::NotOurs;
 }
 
-// Of a copy, since the library plays a journal back as soon as it looks at the file.
-Verdict Judge(const QString& copy)
+Verdict Judge(const std::string& name, int flags, const QString& path)
 {
     try {
-        SQLite::Database library(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE);
+        SQLite::Database library(name, flags);
         library.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
         return JudgeOpened(library);
     } catch (const SQLite::Exception& error) {
         // What the disk cannot do is no damage of the planner.
         const int code = error.getErrorCode() & 0xff;
         if (code == SQLITE_FULL || code == SQLITE_IOERR || code == SQLITE_NOMEM)
-            throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(copy).fileName());
+            throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
         return Verdict::Damaged;
     }
+}
+
+// Of a copy, since the library plays a journal back as soon as it looks at the file.
+Verdict Judge(const QString& copy)
+{
+    return Judge(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE, copy);
+}
+
+// The file as it is, without a journal, a lock or a write.
+Verdict JudgeUntouched(const QString& path)
+{
+    const QByteArray uri = QUrl::fromLocalFile(path).toEncoded() + "?immutable=1";
+    return Judge(uri.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI, path);
 }
 
 qint64 WholeRows(const Tables& tables)
@@ -112,14 +126,19 @@ struct State
 class Repairer
 {
 public:
+    // Nobody has the planner open where there is no file of locks. The claim would make one, so it waits for the look
+    // that tells whether this is a planner at all.
     Repairer(const QString& planner, const std::vector<TableDef>& expected)
-        : m_planner(planner), m_status(StatusOf(planner)), m_expected(expected), m_lock(std::in_place, planner)
+        : m_planner(planner), m_status(StatusOf(planner)), m_expected(expected)
     {
+        if (Exists(LockFileOf(m_planner)) || OpenFile::IsOpenHere(m_status)) Claim();
+        m_lock.emplace(m_planner);
     }
 
     RepairReport Run();
 
 private:
+    void Claim() { m_claim = ClaimAlone(m_planner); }
     void Look();
     void OpenAsEver();
     State& Choose();
@@ -129,6 +148,7 @@ private:
     QString m_planner;
     struct stat m_status;
     const std::vector<TableDef>& m_expected;
+    std::shared_ptr<ByteLocks> m_claim;
     std::optional<LibraryLock> m_lock;
     std::unique_ptr<State> m_asItIs;     // without the journal
     std::unique_ptr<State> m_playedBack; // if there is a journal to be played back
@@ -151,6 +171,7 @@ RepairReport Repairer::Run()
             NotADatabase,
             QStringLiteral("Nothing can be read any more in the damaged planner '%1'. It is left as it was.")
                 .arg(name)};
+    Claim();
     const QString kept = KeepDamaged();
     Exchange(state);
     return {kept, state.tables};
@@ -176,6 +197,8 @@ void Repairer::OpenAsEver()
     m_playedBack.reset();
     m_lock.reset();
     SqliteConnection planner(m_planner);
+    planner.CheckUnlocked();
+    Claim();
     planner.SetUp();
     planner.CheckHead();
 }
@@ -220,8 +243,17 @@ namespace repairing {
 RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
 {
     StatusOfFile(path);
-    const QString planner = RealPath(path);
-    const auto claim = ClaimAlone(planner);
-    return Repairer(planner, tables).Run();
+    return Repairer(RealPath(path), tables).Run();
+}
+
+bool FindsPlanner(const QString& path, const std::vector<TableDef>& tables)
+{
+    constexpr qint64 LargestFile = 1 << 28; // what is larger is more likely something else
+    const struct stat status = StatusOf(path);
+    if (!S_ISREG(status.st_mode) || status.st_size > LargestFile || OpenFile::IsOpenHere(status)) return false;
+    if (JudgeUntouched(path) != Verdict::Damaged) return false;
+    const salvage::Result found = salvage::Read(Content(path), tables);
+    return std::ranges::any_of(found.tables,
+                               [](const salvage::Table& table) { return !table.rows.empty() || !table.loose.empty(); });
 }
 } // namespace repairing

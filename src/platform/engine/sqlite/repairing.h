@@ -6,4 +6,7 @@
 
 namespace repairing {
 RepairReport Repair(const QString& path, const std::vector<TableDef>& tables);
+
+// Whether a file that is no planner as it stands is a damaged one in which Repair finds notes. Touches nothing.
+bool FindsPlanner(const QString& path, const std::vector<TableDef>& tables);
 } // namespace repairing

@@ -1,5 +1,6 @@
 #include "platform/engine/sqlite/sqliteconnection.h"
 
+#include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
@@ -144,6 +145,7 @@ bool SqliteConnection::InTransaction() const
 RunTimeError SqliteConnection::Failure(const SQLite::Exception& error, Doing doing)
 {
     const RunTimeError failure = ErrorOf(error, doing);
+    if (IsDamage(error)) damage::Tell(m_path);
     StopReading();
     // Updates after this must not be written one by one, where those before it are undone.
     if (m_writing && !InTransaction() && !m_lost) m_lost = failure;
@@ -170,6 +172,7 @@ void SqliteConnection::Write(const std::function<void()>& step)
 void SqliteConnection::BeginRead()
 {
     ++m_reads;
+    waiting::Before();
     if (InTransaction()) return;
     m_reading = m_database.tryExec("BEGIN") == SQLITE_OK;
 }
@@ -198,6 +201,7 @@ void SqliteConnection::BeginWrite()
 {
     if (m_writing) RaiseSaveUnderWay(m_name);
     // What was read may be old by now, so a write never grows out of a read.
+    waiting::Before();
     StopReading();
     RefuseIfMoved();
     try {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/engine/sqlite/sqliteerrors.h"
+#include "platform/engine/waiting.h"
 
 #include <SQLiteCpp/Database.h>
 
@@ -28,6 +29,7 @@ public:
     template <typename Step>
     void Read(Step&& step)
     {
+        waiting::Before();
         try {
             step();
         } catch (const SQLite::Exception& error) {

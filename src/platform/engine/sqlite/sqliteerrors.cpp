@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqliteerrors.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 
 #include <algorithm>
 #include <array>
@@ -27,7 +28,6 @@ constexpr std::array Meanings = {
     Meaning{SQLITE_READONLY, ReadOnlyFile, u"Could not write '%1': the file or its folder is read-only."},
     Meaning{SQLITE_PERM, ReadOnlyFile, u"Could not write '%1': you have no permission."},
     Meaning{SQLITE_NOTADB, NotADatabase, u"'%1' is not a planner."},
-    Meaning{SQLITE_CORRUPT, NotADatabase, u"The planner '%1' is damaged. Repair may be able to mend it."},
     Meaning{SQLITE_TOOBIG, FieldTooSmall, u"The text is too long to be saved to '%1'."},
 };
 
@@ -45,9 +45,16 @@ RunTimeError BusyError(Doing doing, const QString& file)
 }
 } // namespace
 
+bool IsDamage(const SQLite::Exception& error)
+{
+    const int code = error.getErrorCode() & 0xff;
+    return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+}
+
 RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const QString& file)
 {
     if (IsBusy(error.getErrorCode() & 0xff)) return BusyError(doing, file);
+    if ((error.getErrorCode() & 0xff) == SQLITE_CORRUPT) return DamagedError(file);
     const auto fits = [&](const Meaning& meaning) {
         return meaning.code == error.getExtendedErrorCode() || meaning.code == (error.getErrorCode() & 0xff);
     };

@@ -13,5 +13,7 @@ enum class Doing
     Writing
 };
 
+bool IsDamage(const SQLite::Exception& error); // of the file, or that it is none of the library's
+
 // File is the planner's name, as the texts show it.
 RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const QString& file);

@@ -101,6 +101,13 @@ std::shared_ptr<void> Claim(const QString& path)
     return ClaimAlone(RealPath(path));
 }
 
+std::shared_ptr<void> ClaimPlanner(const QString& path)
+{
+    StatusOfFile(path);
+    SqliteStore::CheckFile(RealPath(path));
+    return Claim(path);
+}
+
 void Delete(const QString& path)
 {
     const std::shared_ptr<void> claim = Claim(path);

@@ -16,5 +16,6 @@ std::shared_ptr<Store> Create(const QString& path);
 // Makes `path` a new planner file of what is written into it, in one transaction; where that fails, there is no `path`.
 void CreateFilled(const QString& path, const std::function<void(Store&)>& write);
 void Delete(const QString& path);
-std::shared_ptr<void> Claim(const QString& path); // nobody can open it while the result lives
+std::shared_ptr<void> Claim(const QString& path);        // nobody can open it while the result lives
+std::shared_ptr<void> ClaimPlanner(const QString& path); // 3343 too: no file of locks comes to what is no planner
 } // namespace sqlitefile

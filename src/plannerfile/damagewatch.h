@@ -1,0 +1,8 @@
+// What a person is told of a planner that turns out to be damaged while it is open.
+#pragma once
+
+class QString;
+
+// From now on: says so once in a run, with what to do, when a read, a save or the day's copy of this planner has met
+// damage.
+void WatchForDamage(const QString& planner);

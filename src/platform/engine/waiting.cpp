@@ -1,0 +1,19 @@
+#include "platform/engine/waiting.h"
+
+#include "platform/runtime/errortail.h"
+
+namespace {
+std::function<void()> g_before;
+}
+
+namespace waiting {
+void SetBefore(std::function<void()> step)
+{
+    g_before = std::move(step);
+}
+
+void Before()
+{
+    if (g_before) guard(QLatin1StringView(" in waiting, Before"), g_before);
+}
+} // namespace waiting
