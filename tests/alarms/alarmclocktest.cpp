@@ -238,7 +238,7 @@ private Q_SLOTS:
         if (told) {
             OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
                 for (int key = 0; key < 60; ++key) { // a running typist would close it unread
-                    QTest::keyClick(&form, Qt::Key_Space);
+                    QTest::keyClick(form.focusWidget(), Qt::Key_Space);
                     QTest::qWait(20);
                 }
                 QCOMPARE(QApplication::activeModalWidget(), &form);

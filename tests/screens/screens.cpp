@@ -79,11 +79,9 @@ void SaveWithoutCommand(QWidget& owner)
     SaveOwn(ExitForm(), "Exit");
     SaveOwn(SpoolForm(&owner), "Spool");
     SaveOwn(OpenAsForm(QStringLiteral("/home/ann/family.mdb")), "OpenAs");
-    SaveOwn(
-        AlarmEventForm(
-            {QStringLiteral("1999/3/17"), QStringLiteral("09:30"), "{\\rtf1 Call the \\b school\\b0  back.}", {}, true},
-            owner.screen(), nullptr),
-        "AlarmEvent");
+    const Alarm alarm{
+        QStringLiteral("1999/3/17"), QStringLiteral("09:30"), "{\\rtf1 Call the \\b school\\b0  back.}", {}, true};
+    SaveOwn(AlarmEventForm(alarm, owner.screen(), nullptr), "AlarmEvent");
     const FoundNote note{QStringLiteral("1999/3/9"), "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"};
     SaveOwn(RecoveryForm({note, {QStringLiteral("1999/3/10"), {}, "{\\rtf1 New}"}}, &owner), "Recovery");
     OnNextModal<QMessageBox>([](QMessageBox& box) {
