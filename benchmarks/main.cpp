@@ -75,6 +75,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     };
     AddStartRows(add, addMemory, started);
     AddMonthRows(add, ours, bare);
+    AddLongNoteRows(add, ours);
     AddTextRows(add);
     AddDayViewRows(add);
     AddFindRows(add, planner);

@@ -74,6 +74,12 @@ void PlannerWindow::ShowMonth()
     PaintNow();
 }
 
+void PlannerWindow::ShowThisMonth()
+{
+    ShowMonth();
+    if (m_ahead) MoveMonth();
+}
+
 void PlannerWindow::ShowWeek()
 {
     if (std::exchange(m_inWeek, true)) return;

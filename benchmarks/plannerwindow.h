@@ -16,6 +16,7 @@ public:
     RichTextBox& Box(int cell) const;
     void MoveMonth(); // to the next month and back again in turns
     void ShowMonth();
+    void ShowThisMonth();
     void ShowWeek();
     void MoveWeek();   // to the next week and back again in turns
     void ResizeStep(); // a little narrower and wider again in turns

@@ -11,6 +11,7 @@ using AddMemory = std::function<void(const MemoryRow&)>;
 
 void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home);
 void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
+void AddLongNoteRows(const Add& add, PlannerWindow& ours);
 void AddTextRows(const Add& add);
 void AddDayViewRows(const Add& add);
 void AddFindRows(const Add& add, const QString& planner);

@@ -1,5 +1,6 @@
 #include "platform/print/notefit.h"
 
+#include "platform/richtext/layoutcost.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/shownpictures.h"
 
@@ -16,7 +17,8 @@
 
 namespace {
 constexpr QChar Ellipsis(0x2026);
-constexpr double Rounding = 0.5; // dots
+constexpr double Rounding = 0.5;     // dots
+constexpr int MostLetters = 200'000; // no page has room for more, and lines beyond some ten million dots have no place
 
 // Where the first line begins that does not fit whole, from the second line on; -1 if all do.
 int FirstHidden(const QTextDocument& note, double height)
@@ -61,7 +63,10 @@ void RemoveTrailingBlanks(QTextCursor& end)
 void Shorten(QTextDocument& note, int firstHidden, double height)
 {
     QTextCursor end(&note);
-    RemoveFrom(end, firstHidden);
+    {
+        const WithoutLines noLines(note);
+        RemoveFrom(end, firstHidden);
+    }
     RemoveTrailingBlanks(end);
     const QTextCharFormat format = WithoutImage(end.charFormat());
     end.insertText(Ellipsis, format);
@@ -96,6 +101,7 @@ void ShrinkPictures(QTextDocument& note, const QSizeF& most)
 void FitNote(QTextDocument& note, const QSizeF& box, QPaintDevice& device)
 {
     note.setUndoRedoEnabled(false);
+    if (QTextCursor end(&note); note.characterCount() > MostLetters) RemoveFrom(end, MostLetters);
     note.setDocumentMargin(0);
     ShowPictures(note);
     note.documentLayout()->setPaintDevice(&device);

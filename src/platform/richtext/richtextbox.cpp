@@ -1,6 +1,7 @@
 #include "platform/richtext/richtextbox.h"
 
 #include "platform/look/paper.h"
+#include "platform/richtext/layoutcost.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
@@ -66,6 +67,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     document()->setDocumentMargin(DocumentMargin); // counts as a change of content
     EndSetting();
     ShowPictures(*document());
+    BoundLayoutCost(*this);
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::FollowText);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::FollowCaret);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::FollowCaret);
@@ -188,11 +190,10 @@ void RichTextBox::MarkSaved(const QByteArray& rtf)
 
 bool RichTextBox::IsBlank() const
 {
-    const int length = document()->characterCount() - 1;
-    for (int i = 0; i < length; ++i) {
-        const QChar character = document()->characterAt(i);
-        if (!character.isSpace() && character != QChar::ObjectReplacementCharacter) return false;
-    }
+    const auto isBlank = [](QChar one) { return one.isSpace() || one == QChar::ObjectReplacementCharacter; };
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        for (auto at = block.begin(); !at.atEnd(); ++at)
+            if (!std::ranges::all_of(at.fragment().text(), isBlank)) return false;
     return true;
 }
 

@@ -1,5 +1,6 @@
 // What the box gives to the clipboard and to drags, and what it takes of them.
 #include "platform/desktop/msgbox.h"
+#include "platform/richtext/layoutcost.h"
 #include "platform/richtext/notemimedata.h"
 #include "platform/richtext/notepaste.h"
 #include "platform/richtext/notepicture.h"
@@ -23,7 +24,11 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     UseTypingFormat();
     QTextCursor cursor = textCursor();
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
-    if (!Paste(*source, cursor, Font(), {.width = std::max(width, 1)})) return TellUnpasted(*source);
+    const bool isPasted = [&] {
+        const WithoutLines noLines(*document());
+        return Paste(*source, cursor, Font(), {.width = std::max(width, 1)});
+    }();
+    if (!isPasted) return TellUnpasted(*source);
     setTextCursor(cursor);
     ensureCursorVisible();
 }

@@ -1,3 +1,4 @@
+#include "platform/richtext/layoutcost.h"
 #include "platform/richtext/richtextbox.h"
 
 #include <QContextMenuEvent>
@@ -8,6 +9,7 @@
 #include <QTextCursor>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 // A menu, a popup or another window had taken the focus and gives it back.
@@ -57,6 +59,13 @@ QString CharacterOf(QKeyEvent* event)
     if (TypesTab(*event)) return QStringLiteral("\t");
     if (OnlyReads(event)) return {};
     return ChangesSilently(event) ? QStringLiteral("\b") : event->text();
+}
+
+// Takes away more than a letter, or brings it back.
+bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
+{
+    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) return true;
+    return cursor.hasSelection() && !CharacterOf(event).isEmpty();
 }
 } // namespace
 
@@ -187,6 +196,8 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
         return;
     }
     const QScopedValueRollback admitted(m_admitted, true);
+    std::optional<WithoutLines> noLines;
+    if (ChangesMuch(event, textCursor())) noLines.emplace(*document());
     QTextEdit::keyPressEvent(event);
 }
 

@@ -32,7 +32,7 @@ void RichTextBox::SetBlankFormat(const QFont& font, std::uint32_t color)
     if (font != Font()) document()->setDefaultFont(font);
     m_blankColor = color;
     // Tabs and empty lines are text that somebody has formatted.
-    if (Text().remove(u' ').isEmpty()) ResetTypingFormat();
+    if (m_blank && Text().remove(u' ').isEmpty()) ResetTypingFormat();
 }
 
 void RichTextBox::SetFontName(const QString& name)
