@@ -22,29 +22,8 @@ namespace {
 constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
 
 const QString Equal = QStringLiteral("=");
-const QString DateField = QStringLiteral("qmtDate");
 const QString TextField = QStringLiteral("qmtText");
 const QString NotSaved = QStringLiteral("Notes not saved yet: ");
-
-// Stores one day's text; an empty one leaves no record. A zero-length text is never stored: an
-// emptied day goes by way of one blank, and its record is deleted.
-void StoreNote(Recordset& records, const QString& key, const UnsavedNote& note)
-{
-    QByteArray rtf = note.rtf;
-    records.Seek(Equal, key);
-    if (records.NoMatch()) {
-        records.AddNew();
-    } else {
-        records.Edit();
-        rtf = note.Over(records.Fields(TextField).toByteArray());
-    }
-    records.SetField(DateField, key);
-    records.SetField(TextField, rtf.isEmpty() ? QByteArray(" ") : rtf);
-    records.Update();
-    if (!rtf.isEmpty()) return;
-    records.Seek(Equal, key);
-    records.Delete();
-}
 
 // A step of a save: where it fails the reason is taken down.
 template <typename Step>
@@ -202,7 +181,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
         // One commit for all: the cost of a save is the wait for the disk.
         WriteTransaction writing(database);
         for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
-            if (tail(Noting(reason, [&] { StoreNote(records, note.key(), note.value()); }))) written.append(note.key());
+            if (tail(Noting(reason, [&] { note->StoreIn(records, note.key()); }))) written.append(note.key());
         }
         writing.Commit();
         for (const QString& key : written)

@@ -1,6 +1,7 @@
 #include "plannerfile/unsavednotes.h"
 
 #include "calendar/moddate.h"
+#include "platform/engine/recordset.h"
 #include "platform/richtext/notejoin.h"
 
 #include <QStringList>
@@ -10,6 +11,25 @@ QByteArray UnsavedNote::Over(const QByteArray& stored) const
     const bool isOfOthers = base && stored != *base && stored != rtf && stored != former;
     if (!isOfOthers || stored.trimmed().isEmpty()) return rtf;
     return rtf.isEmpty() ? stored : JoinedNotes(stored, rtf);
+}
+
+void UnsavedNote::StoreIn(Recordset& records, const QString& key) const
+{
+    const QString equal = QStringLiteral("="), textField = QStringLiteral("qmtText");
+    QByteArray text = rtf;
+    records.Seek(equal, key);
+    if (records.NoMatch()) {
+        records.AddNew();
+    } else {
+        records.Edit();
+        text = Over(records.Fields(textField).toByteArray());
+    }
+    records.SetField(QStringLiteral("qmtDate"), key);
+    records.SetField(textField, text.isEmpty() ? QByteArray(" ") : text);
+    records.Update();
+    if (!text.isEmpty()) return;
+    records.Seek(equal, key);
+    records.Delete();
 }
 
 void UnsavedNotes::Keep(const QString& planner, const QString& key, const UnsavedNote& note)

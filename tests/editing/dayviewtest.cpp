@@ -1,4 +1,5 @@
 #include "editing/zoomboxform.h"
+#include "failingstore.h"
 #include "platform/controls/picturebutton.h"
 #include "program.h"
 #include "settingsfile.h"
@@ -151,11 +152,10 @@ private Q_SLOTS:
     // A day whose note could not be read takes no text in its cell, and none by way of the day view.
     void aDayThatIsNotReadIsRefused()
     {
+        const FailingStores failing;
         m_program->New(m_file);
-        m_program->Click(18);
-        AnswerNextFileDialog(m_program->folders.Path(m_file));
-        AnswerNextBox(msgbox::No); // not replaced: the planner is open, its notes are not read
-        m_program->Trigger("mnuNew");
+        *failing.plan = {1, FailurePlan::ForEver, {3043, QStringLiteral("A bad disk")}, QStringLiteral("Find")};
+        m_program->Trigger("mnuSave");
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         Q_EMIT m_program->Panel(18).DblClick();

@@ -69,6 +69,7 @@ struct RecordingLock final : LockedDay
         Calls += QStringLiteral("commit");
         return true;
     }
+    void LeaveBehind() override {}
     QStringList& Calls;
 };
 
