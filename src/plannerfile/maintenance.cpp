@@ -159,7 +159,7 @@ void Maintenance::mnuCompact_Click()
         const ScratchPlace scratch(ScratchPath(), file);
         const QStringList missing = DBEngine::CompactDatabase(file, scratch.Path(), schema::AllTables());
         const QString old = DBEngine::ReplaceDatabase(scratch.Path(), file);
-        return DescribeKept(old, missing) + DescribeBeside(scratch);
+        return (DescribeKept(old, missing) + DescribeBeside(scratch)).trimmed();
     });
 }
 
