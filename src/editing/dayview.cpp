@@ -84,8 +84,9 @@ void DayView::subZoomView()
     SetMousePointer(mousepointer::Default);
     m_journal.Follow();
     tail([&] { QFile::remove(ScratchFile()); });
-    // The caret goes where the eye is: the next command acts on the day that was open.
-    if (ShowsDay()) m_cells.tbDay(m_day.cell).setFocus();
+    // The caret goes where the eye is: the next command acts on the day that was open. A day that was left idle and has
+    // been unlocked is left.
+    if (ShowsDay() && (!m_taken || m_record.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
 }
 
 // Another day that is locked by hand would lose its lock, and what was typed under it.

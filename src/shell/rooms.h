@@ -80,7 +80,6 @@ struct Rooms
     CStatusbarView m_pStatusbar{controls.bottom};
     CCalendarView m_pCalendarView{controls.cells, controls.sidebar};
     CScreenLayout m_pLayout;
-    CellFrames frames{controls.cells};
     CellNames names{controls.cells};
     Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
     Journal journal;
@@ -126,4 +125,6 @@ struct Rooms
     NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};
+    // Behind the handler that may refuse a cell the focus: what has put it back has left no cell.
+    CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

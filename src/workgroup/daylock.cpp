@@ -28,9 +28,9 @@ namespace {
 constexpr QLatin1StringView LockLiteral(" in MainForm, picLock_Click");
 
 // The caret leaves the cell.
-void FocusSidebar(const Sidebar& sidebar)
+void FocusSidebar(Cells& cells, const Sidebar& sidebar)
 {
-    if (sidebar.tabSidebar->isVisible()) sidebar.tabSidebar->setFocus();
+    if (sidebar.tabSidebar->isVisible()) cells.LeaveFor(*sidebar.tabSidebar);
 }
 } // namespace
 
@@ -60,7 +60,7 @@ void DayLock::AskForCell()
 {
     m_network.picLock->ShowElement(0);
     MsgBox(QStringLiteral("Please select a daily cell to lock"));
-    FocusSidebar(m_sidebar);
+    FocusSidebar(m_cells, m_sidebar);
 }
 
 void DayLock::ShowFree(const QString& reason)
@@ -167,7 +167,7 @@ bool DayLock::Unlock()
     if (cell == 0) m_record.Close();
     ClearMarks();
     if (cell != 0) Q_EMIT m_cells.StateChanged(cell);
-    FocusSidebar(m_sidebar);
+    FocusSidebar(m_cells, m_sidebar);
     g_lUnlockTicks = 0;
     m_network.tmUnLock->SetEnabled(false);
     tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });

@@ -138,8 +138,12 @@ private Q_SLOTS:
             m_program->Tick("tmUnLock");
         QTRY_COMPARE(g_lUnlockTicks, 2);
         QVERIFY(ShowsLocked());
+        QWidget other; // nobody looks at the calendar
+        other.show();
+        Activate(other);
         m_program->Tick("tmUnLock");
         QTRY_VERIFY(ShowsFree());
+        QVERIFY(!m_program->Panel(18).IsActive());
         QCOMPARE(Stored(), QStringLiteral("idle!"));
     }
 
