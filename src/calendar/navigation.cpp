@@ -135,6 +135,8 @@ void Navigation::tmMidnightRefresh_Timer()
         if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
         if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
     });
+    // Nobody has asked for the turn, and whoever is typing would go on in another day's note.
+    if (m_cells.CellWithCaret() != 0 && !m_cells.CaretHasItsDay()) m_cells.LeaveFor(*m_cells.Client());
 }
 
 void Navigation::subSetViewMenus()

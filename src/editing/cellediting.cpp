@@ -105,6 +105,7 @@ void CellEditing::tbDay_GotFocus(int Index)
         return;
     }
     g_iCurrentPanel = static_cast<std::int16_t>(Index);
+    m_cells.RememberEntry(Index);
     // Without a planner there is nothing that the cell could be written to.
     if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
     tail([&] {

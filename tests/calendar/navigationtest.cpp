@@ -104,8 +104,14 @@ private Q_SLOTS:
         QCOMPARE(g_iDay, std::int16_t{18});
         QCOMPARE(m_program->Panel(19).ForeColor(), 0x0000FFu);
         QVERIFY(m_program->Panel(18).CaptionFont().strikeOut());
+        QVERIFY(!m_program->Box(20).hasFocus() && !m_program->Panel(20).IsActive()); // it has become another day
         QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed late"));
         QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/4/16")).contains("in April"));
+        m_program->Type(20, QStringLiteral("still "));
+        tick(); // twice in its minute: nobody is disturbed who has gone on meanwhile
+        QTest::keyClicks(&m_program->Box(20), QStringLiteral("here "));
+        QVERIFY(m_program->Box(20).hasFocus());
+        QVERIFY(m_program->Box(20).Text().contains(QStringLiteral("still here ")));
         QCOMPARE(m_program->Log(), QByteArray());
     }
 };
