@@ -33,7 +33,7 @@ bool Navigation::RefusesToLeave()
         return false;
     }
     if (g_iCurrentPanel == 0) return false;
-    const int held = g_iCurrentPanel; // the idle timer goes on behind the box
+    const int held = m_cells.CellToStayIn(); // the idle timer goes on behind the box
     MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
                QStringLiteral(" is locked, please unlock first."),
            msgbox::Exclamation, messages::HelpWizard);
@@ -44,7 +44,7 @@ bool Navigation::RefusesToLeave()
 void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)())
 {
     const ErrorTail tail(literal);
-    bool refused = false;
+    bool refused = true; // also where the refusal cannot be shown
     tail([&] { refused = RefusesToLeave(); });
     if (refused) return;
     m_turn(literal, [&] {

@@ -57,13 +57,20 @@ private Q_SLOTS:
     {
         m_program->New(QStringLiteral("notes.mdb"), true);
         m_program->Click(20);
-        g_aiLockState[22 - 1] = 1;
+        Mark(22, true);
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuNextMonth");
         // It names the current cell, not the locked one.
         QCOMPARE(seen.Text, QStringLiteral("Mar 19, 1999 is locked, please unlock first."));
         QCOMPARE(seen.Icon, QMessageBox::Warning);
+        g_iCurrentPanel = 40; // as the pressed week's picture leaves it: none of this view
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuNextMonth");
+        QCOMPARE(seen.Text, QStringLiteral("Mar 21, 1999 is locked, please unlock first."));
+        Mark(22, false);
+        Mark(40, true); // not loaded: nothing can be said
+        m_program->Trigger("mnuNextMonth");
         QCOMPARE(Month(), QPoint(1999, 3));
         g_iCurrentPanel = 0;
         m_program->Trigger("mnuNextMonth");

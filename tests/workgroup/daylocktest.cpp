@@ -78,10 +78,18 @@ private Q_SLOTS:
     {
         LockAndType(QStringLiteral("kept"));
         SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Click(20);
-        QTRY_COMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked(Edit Mode), please unlock first."));
-        QTRY_COMPARE(m_program->form->focusWidget(), &Box());
+        for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+            seen = {};
+            AnswerNextBox(msgbox::Ok, &seen);
+            m_program->ExpectNoBox(); // but this one
+            QTest::mouseClick(m_program->Box(20).viewport(), button, {}, QPoint(20, 8));
+            QTRY_COMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked(Edit Mode), please unlock first."));
+            QTRY_COMPARE(m_program->form->focusWidget(), &Box());
+            QTRY_COMPARE(QApplication::activePopupWidget() != nullptr, button == Qt::RightButton);
+            if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+            DropAnswers();
+            m_program->Activate();
+        }
         for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
             AnswerNextBox(msgbox::Ok, &seen);
             m_program->Trigger(entry);
