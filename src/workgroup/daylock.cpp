@@ -37,7 +37,9 @@ void FocusSidebar(Cells& cells, const Sidebar& sidebar)
 void DayLock::subLockDay()
 {
     if (HeldCell() == 0) m_record.Close();
-    if (!m_record.IsHeld() && (g_iCurrentPanel == 0 || !HasPlanner())) return AskForCell();
+    // Other days are chosen anew; where the cells were only read again the caret tells which is meant.
+    if (!m_cells.Shows(g_iCurrentPanel) && m_cells.CaretHasItsDay()) m_cells.EnterAgain();
+    if (!m_record.IsHeld() && (!m_cells.Shows(g_iCurrentPanel) || !HasPlanner())) return AskForCell();
     if (m_network.picLock->Visible(0)) {
         Lock();
     } else {
@@ -77,7 +79,10 @@ bool DayLock::Take(int cell)
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
     try {
         const bool isNewHere = !m_record.Holds(key);
-        if (m_record.Seek(key, LockLiteral) && isNewHere) box.SetTextRTF(m_notes.NoteOver(key, m_record.Text()));
+        if (m_record.Seek(key, LockLiteral) && isNewHere) {
+            const QByteArray rtf = m_notes.NoteOver(key, m_record.Text());
+            if (!box.Holds(rtf)) box.SetTextRTF(rtf); // else the caret and what can be undone stay
+        }
         SetMousePointer(mousepointer::Hourglass);
         m_record.Edit();
         SetMousePointer(mousepointer::Default);

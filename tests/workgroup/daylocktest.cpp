@@ -63,6 +63,9 @@ private Q_SLOTS:
         QVERIFY(!Box().hasFocus());
         QCOMPARE(Stored(), QStringLiteral("meeting"));
         QVERIFY(!OtherIsRefused());
+        m_program->Click(18);
+        m_program->Trigger("mnuNextMonth"); // another day stands where the caret is
+        QVERIFY(m_program->PressLockAndHear().startsWith(QStringLiteral("Please select")));
     }
 
     // What stands in the file at this instant takes the place of what the screen showed.
@@ -216,6 +219,11 @@ private Q_SLOTS:
         QTest::mouseClick(&refresh, Qt::LeftButton);
         QCOMPARE(Box().Text(), QStringLiteral("first"));
         QVERIFY(refresh.Visible(0));
+        m_program->ExpectNoBox();
+        m_program->Trigger("mnuLockDay"); // the day with the caret
+        QVERIFY(ShowsLocked());
+        PressLock();
+        DropAnswers();
         g_bAutoRefresh = true;
         g_lRefreshDelay = 2;
         g_lRefreshTicks = 0;
