@@ -102,7 +102,7 @@ struct Rooms
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
-    DayView dayView{controls.cells, controls.sidebar, controls.network, notes,
+    DayView dayView{controls.cells, controls.sidebar, controls.network, controls.bottom, notes,
                     dayRecord,      m_pCalendarView,  fontCommand,      journal};
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
