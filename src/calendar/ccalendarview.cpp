@@ -147,7 +147,7 @@ void CCalendarView::RestoreAlarmMarks(int first, int last)
 void CCalendarView::Clear()
 {
     const CellRange range = CellsOf(m_iViewMode);
-    m_cells.Client()->setFocus(); // else it would pass on to the first button of the toolbar
+    m_cells.LeaveFor(*m_cells.Client()); // else the focus would pass on to the first button of the toolbar
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
         SetVisible(m_cells.panelDay(cell), false);
         SetVisible(m_cells.tbDay(cell), false);

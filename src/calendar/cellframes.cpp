@@ -1,37 +1,52 @@
 #include "calendar/cellframes.h"
 
-#include "calendar/calendarstate.h"
 #include "hall/cells.h"
+#include "hall/formatbar.h"
+#include "hall/sidebar.h"
+#include "platform/controls/picturestrip.h"
+#include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
 
 #include <QApplication>
 
-namespace {
-constexpr QLatin1StringView Literal(" in CCalendarView, CellFrames");
-}
+#include <utility>
 
-CellFrames::CellFrames(Cells& cells) : QObject(&cells), m_cells(cells)
+CellFrames::CellFrames(Cells& cells, const FormatBar& bar, const Sidebar& sidebar)
+    : QObject(&cells), m_cells(cells), m_bar(bar), m_sidebar(sidebar)
 {
-    connect(qApp, &QApplication::focusChanged, this,
-            Guarded(Literal, [this](QWidget*, QWidget* now) { FollowFocus(now); }));
+    const auto follow = Guarded(QLatin1StringView(" in CCalendarView, CellFrames"), [this] { FollowFocus(); });
+    connect(qApp, &QApplication::focusChanged, this, follow);
     // Also where its window is not the active one.
-    connect(&cells, &Cells::GotFocus, this, Guarded(Literal, [this](int Index) { Frame(&m_cells.panelDay(Index)); }));
+    connect(&cells, &Cells::GotFocus, this, follow);
+    connect(&cells, &Cells::Left, this, follow);
 }
 
-void CellFrames::FollowFocus(QWidget* now)
+void CellFrames::FollowFocus()
 {
     // A menu or a message box takes the focus away and gives it back: the cell stays the current one.
+    const QWidget* now = m_cells.Client()->window()->focusWidget();
     if (!now || !m_cells.Client()->isAncestorOf(now)) return;
-    SSPanel* panel = nullptr;
-    for (int cell = 1; cell <= CellCount && !panel; ++cell) {
-        if (m_cells.tbDay.Exists(cell) && &m_cells.tbDay(cell) == now) panel = &m_cells.panelDay(cell);
-    }
-    Frame(panel);
+    const int cell = m_cells.CellWithCaret();
+    Frame(cell);
+    if (!IsTool(now)) Leave(cell);
 }
 
-void CellFrames::Frame(SSPanel* panel)
+// What acts on the note, on what is selected in it, or goes into it where it is looked at.
+bool CellFrames::IsTool(const QWidget* now) const
 {
-    if (m_framed) m_framed->SetActive(false);
-    m_framed = panel;
-    if (m_framed) m_framed->SetActive(true);
+    return m_bar.tbTop->isAncestorOf(now) || m_sidebar.tbPictureBox->isAncestorOf(now);
+}
+
+void CellFrames::Frame(int cell)
+{
+    const int before = std::exchange(m_framed, cell);
+    if (before == cell) return;
+    if (before != 0) m_cells.panelDay(before).SetActive(false);
+    if (cell != 0) m_cells.panelDay(cell).SetActive(true);
+}
+
+void CellFrames::Leave(int forCell)
+{
+    const int before = std::exchange(m_visited, forCell);
+    if (before != forCell && before != 0) m_cells.tbDay(before).ShowBeginning();
 }

@@ -1,23 +1,29 @@
-// The thin frame around the cell with the caret. Follows the focus of the whole program by one connection.
+// The cell with the caret: it wears a thin frame, and once it is left it shows its note from the beginning again.
+// Follows the focus of the whole program.
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 
 class Cells;
-class SSPanel;
+struct FormatBar;
+struct Sidebar;
 
 class CellFrames : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit CellFrames(Cells& cells);
+    CellFrames(Cells& cells, const FormatBar& bar, const Sidebar& sidebar);
 
 private:
-    void FollowFocus(QWidget* now);
-    void Frame(SSPanel* panel);
+    void FollowFocus();
+    bool IsTool(const QWidget* now) const;
+    void Frame(int cell);
+    void Leave(int forCell);
 
     Cells& m_cells;
-    QPointer<SSPanel> m_framed;
+    const FormatBar& m_bar;
+    const Sidebar& m_sidebar;
+    int m_framed = 0;
+    int m_visited = 0; // not left yet
 };

@@ -33,7 +33,7 @@ bool Navigation::RefusesToLeave()
         return false;
     }
     if (g_iCurrentPanel == 0) return false;
-    const int held = g_iCurrentPanel; // the idle timer goes on behind the box
+    const int held = m_cells.CellToStayIn(); // the idle timer goes on behind the box
     MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
                QStringLiteral(" is locked, please unlock first."),
            msgbox::Exclamation, messages::HelpWizard);
@@ -44,7 +44,7 @@ bool Navigation::RefusesToLeave()
 void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)())
 {
     const ErrorTail tail(literal);
-    bool refused = false;
+    bool refused = true; // also where the refusal cannot be shown
     tail([&] { refused = RefusesToLeave(); });
     if (refused) return;
     m_turn(literal, [&] {
@@ -136,8 +136,10 @@ void Navigation::tmMidnightRefresh_Timer()
         GoToToday();
         if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
         if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
-        m_bottom.panelBottom->SetCaption(MonthTitle());
+        m_bottom.panelBottom->SetCaption(FootTitle());
     });
+    // Nobody has asked for the turn, and whoever is typing would go on in another day's note.
+    if (m_cells.CellWithCaret() != 0 && !m_cells.CaretHasItsDay()) m_cells.LeaveFor(*m_cells.Client());
 }
 
 void Navigation::subSetViewMenus()

@@ -24,8 +24,10 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QScopeGuard>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 void Follow(ToolbarButton& button, const std::optional<bool>& format)
@@ -84,18 +86,27 @@ bool CellEditing::IsHeldElsewhere(int Index) const
 
 void CellEditing::RefuseMove()
 {
-    const int held = g_iCurrentPanel;
+    const int held = m_cells.CellToStayIn();
     m_cells.tbDay(held).setFocus();
+    if (std::exchange(m_isRefusing, true)) return;
     // A box that opened in the middle of a focus change would let the press through to the refused cell.
-    QMetaObject::invokeMethod(this,
-                              Guarded(QLatin1StringView(" in MainForm, tbDay_GotFocus"),
-                                      [this, held] {
-                                          MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-                                                     QStringLiteral(" is locked(Edit Mode), please unlock first."),
-                                                 msgbox::Exclamation, messages::HelpWizard);
-                                          m_cells.tbDay(held).setFocus();
-                                      }),
-                              Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, Guarded(QLatin1StringView(" in MainForm, tbDay_GotFocus"), [this, held] { TellRefusal(held); }),
+        Qt::QueuedConnection);
+}
+
+// Then the focus, and at last the menu that a right click has asked for.
+void CellEditing::TellRefusal(int held)
+{
+    const auto isOver = qScopeGuard([this] {
+        m_isRefusing = false;
+        m_menuAfterwards.reset();
+    });
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
+               QStringLiteral(" is locked(Edit Mode), please unlock first."),
+           msgbox::Exclamation, messages::HelpWizard);
+    m_cells.tbDay(held).setFocus();
+    if (m_menuAfterwards) m_menus.mnuRightMouse().popup(*m_menuAfterwards);
 }
 
 void CellEditing::tbDay_GotFocus(int Index)
@@ -106,6 +117,7 @@ void CellEditing::tbDay_GotFocus(int Index)
         return;
     }
     g_iCurrentPanel = static_cast<std::int16_t>(Index);
+    m_cells.RememberEntry(Index);
     // Without a planner there is nothing that the cell could be written to.
     if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
     tail([&] {
@@ -154,6 +166,12 @@ void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPos
 {
     EnterIfNoneIsCurrent(Index);
     if (Button != RichTextBox::RightButton) return;
+    if (g_bDBShared && IsHeldElsewhere(Index)) {
+        RefuseMove(); // also where the window is only about to become the active one, and no event has told of the
+                      // focus
+        m_menuAfterwards = globalPosition;
+        return;
+    }
     m_cells.tbDay(Index).setFocus();
     m_menus.mnuRightMouse().popup(globalPosition);
 }

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
+
+#include <optional>
 
 class Cells;
 class Formatting;
@@ -32,6 +35,7 @@ private:
     void Wire();
     bool IsHeldElsewhere(int Index) const;
     void RefuseMove();
+    void TellRefusal(int held);
     void EnterIfNoneIsCurrent(int Index);
     void FollowButtons(const RichTextBox& box);
     void FollowCombos(const RichTextBox& box);
@@ -42,4 +46,6 @@ private:
     Menus& m_menus;
     const ViewMode& m_viewMode;
     Formatting& m_formatting;
+    bool m_isRefusing = false;              // the box is up or about to come
+    std::optional<QPoint> m_menuAfterwards; // where the press was that was refused
 };

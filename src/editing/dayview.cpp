@@ -5,6 +5,7 @@
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "editing/zoomboxform.h"
+#include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/networkcontrols.h"
 #include "hall/sidebar.h"
@@ -17,9 +18,7 @@
 #include "platform/desktop/folders.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
-#include "platform/desktop/twips.h"
-#include "platform/desktop/windowplace.h"
-#include "platform/profile/profile.h"
+#include "platform/richtext/undooffer.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
@@ -29,7 +28,6 @@
 #include "workgroup/workgroupstate.h"
 
 #include <QFile>
-#include <QScreen>
 
 namespace {
 constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
@@ -39,12 +37,6 @@ constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
 QString ScratchFile()
 {
     return folders::ApplicationDirectory() + QStringLiteral("/dayview.rtf");
-}
-
-int Stored(IntSetting setting, int computedPixels)
-{
-    setting.fallback = ToTwips(computedPixels);
-    return ToPixels(Read(setting));
 }
 } // namespace
 
@@ -85,8 +77,9 @@ void DayView::subZoomView()
     SetMousePointer(mousepointer::Default);
     m_journal.Follow();
     tail([&] { QFile::remove(ScratchFile()); });
-    // The caret goes where the eye is: the next command acts on the day that was open.
-    if (ShowsDay()) m_cells.tbDay(m_day.cell).setFocus();
+    // The caret goes where the eye is: the next command acts on the day that was open. A day that was left idle and has
+    // been unlocked is left.
+    if (ShowsDay() && (!m_taken || m_record.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
 }
 
 // Another day that is locked by hand would lose its lock, and what was typed under it.
@@ -133,7 +126,8 @@ void DayView::Show()
     m_isEmpty = box.IsEmpty();
     m_taken = false;
     tail([&] { box.SaveFile(ScratchFile()); });
-    ZoomBoxForm form(m_cells.Client()->window(), Heading(), m_text, Place(), m_fontCommand);
+    ZoomBoxForm form(m_cells.Client()->window(), Heading(), m_text, ZoomBoxForm::StoredPlace(m_cells.lblDayOfWeek(1)),
+                     m_fontCommand);
     QObject::connect(&form, &ZoomBoxForm::SignOfLife, &form, [] { g_lUnlockTicks = 0; });
     QObject::connect(&form.tbZoom(), &RichTextBox::Change, &form, [this] { m_journal.Touch(); });
     if (g_bDBShared) StartUnlockTimer(m_network);
@@ -144,6 +138,19 @@ void DayView::Show()
     FollowResult(form, accepted);
     if (!form.bCancel) tail([&] { TakeOver(); });
     if (g_bDBShared) tail([&] { Unlock(form.bCancel); });
+    const bool isDropped = !accepted && !form.bCancel && form.tbZoom().Modified();
+    if (isDropped) tail([&] { OfferDropped(form.tbZoom()); });
+}
+
+// Esc is pressed in a hurry: what it drops is a step of the cell's undo.
+void DayView::OfferDropped(const RichTextBox& dropped)
+{
+    if (!ShowsDay()) return;
+    RichTextBox& box = m_cells.tbDay(m_day.cell);
+    OfferByUndo(box, *dropped.document());
+    m_bottom.panelBottom->SetCaption(box.Locked()
+                                         ? QStringLiteral("What you typed was dropped. Lock the day, then Ctrl+Z.")
+                                         : QStringLiteral("What you typed was dropped. Ctrl+Z brings it back."));
 }
 
 // Esc leaves the timer and the place as they are; a cancel stops the timer alone.
@@ -157,7 +164,7 @@ void DayView::FollowResult(const ZoomBoxForm& form, bool accepted)
         TakeTextOf(form);
         tail([&] { form.tbZoom().SaveFile(ScratchFile()); });
     }
-    StorePlace(form);
+    form.StorePlace();
 }
 
 void DayView::TakeTextOf(const ZoomBoxForm& form)
@@ -291,26 +298,6 @@ QString DayView::Heading() const
     const auto day = static_cast<qint64>(Val(m_cells.panelDay(m_day.cell).Caption()));
     if (day == 0) return month + QStringLiteral(" Memo");
     return month + u' ' + TrimmedStr(day) + QStringLiteral(", ") + TrimmedStr(g_iYear);
-}
-
-QRect DayView::Place() const
-{
-    const SSPanel& heading = m_cells.lblDayOfWeek(1);
-    const QRect stored(Stored(settings::ZoomLeft, m_cells.Client()->screen()->size().width() / 8),
-                       Stored(settings::ZoomTop, heading.y() + 2 * heading.height()),
-                       ToPixels(Read(settings::ZoomWidth)), ToPixels(Read(settings::ZoomHeight)));
-    return ReachablePlace(stored, SmallestZoomBox);
-}
-
-void DayView::StorePlace(const ZoomBoxForm& form)
-{
-    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    if (WindowsKnowTheirPlace()) {
-        Write(settings::ZoomLeft, ToTwips(form.x()));
-        Write(settings::ZoomTop, ToTwips(form.y()));
-    }
-    Write(settings::ZoomWidth, ToTwips(form.width()));
-    Write(settings::ZoomHeight, ToTwips(form.height()));
 }
 
 void DayView::panelDay_DblClick(int Index)

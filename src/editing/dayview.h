@@ -5,15 +5,16 @@
 #include "calendar/dayviewport.h"
 
 #include <QByteArray>
-#include <QRect>
 #include <QString>
 
+struct BottomPanel;
 class Cells;
 class DayRecord;
 class FontCommand;
 class Journal;
 struct NetworkControls;
 class QMTDB;
+class RichTextBox;
 struct Sidebar;
 class UnsavedNotes;
 class ViewMode;
@@ -22,9 +23,9 @@ class ZoomBoxForm;
 class DayView final : public DayViewPort
 {
 public:
-    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes, DayRecord& record,
-            const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
-        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_notes(notes), m_record(record),
+    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, const BottomPanel& bottom,
+            QMTDB& notes, DayRecord& record, const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
+        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_bottom(bottom), m_notes(notes), m_record(record),
           m_viewMode(viewMode), m_fontCommand(fontCommand), m_journal(journal)
     {
     }
@@ -59,19 +60,19 @@ private:
     void FollowResult(const ZoomBoxForm& form, bool accepted);
     void JoinWithTheirs();
     void TakeOver();
+    void OfferDropped(const RichTextBox& dropped);
     void TakeTextOf(const ZoomBoxForm& form);
     void Unlock(bool cancelled);
     void CommitDay();
     void KeepLocked(const QString& reason);
     void HandToCell();
     QString Heading() const;
-    QRect Place() const;
-    void StorePlace(const ZoomBoxForm& form);
     bool ShowsDay() const;
 
     Cells& m_cells;
     const Sidebar& m_sidebar;
     const NetworkControls& m_network;
+    const BottomPanel& m_bottom;
     QMTDB& m_notes;
     DayRecord& m_record;
     const ViewMode& m_viewMode;

@@ -7,17 +7,28 @@
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
 #include "platform/desktop/pressedbyreturn.h"
+#include "platform/desktop/twips.h"
+#include "platform/desktop/windowplace.h"
+#include "platform/profile/profile.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 constexpr QLatin1StringView LoadLiteral(" in ZoomBoxForm, Form_Load");
+
+int Stored(IntSetting setting, int computedPixels)
+{
+    setting.fallback = ToTwips(computedPixels);
+    return ToPixels(Read(setting));
+}
 } // namespace
 
 ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArray& rtf, const QRect& place,
@@ -39,6 +50,25 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     m_tbZoom->SetTextRTF(rtf);
     GiveDefaultFont(*m_tbZoom, DefaultStyles::None, LoadLiteral);
     m_tbZoom->setFocus();
+}
+
+QRect ZoomBoxForm::StoredPlace(const QWidget& heading)
+{
+    const QRect stored(Stored(settings::ZoomLeft, heading.screen()->size().width() / 8),
+                       Stored(settings::ZoomTop, heading.y() + 2 * heading.height()),
+                       ToPixels(Read(settings::ZoomWidth)), ToPixels(Read(settings::ZoomHeight)));
+    return ReachablePlace(stored, SmallestZoomBox);
+}
+
+void ZoomBoxForm::StorePlace() const
+{
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    if (WindowsKnowTheirPlace()) {
+        Write(settings::ZoomLeft, ToTwips(x()));
+        Write(settings::ZoomTop, ToTwips(y()));
+    }
+    Write(settings::ZoomWidth, ToTwips(width()));
+    Write(settings::ZoomHeight, ToTwips(height()));
 }
 
 QWidget* ZoomBoxForm::MakeFrame(const QString& heading)

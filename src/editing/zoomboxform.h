@@ -19,6 +19,9 @@ public:
     ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArray& rtf, const QRect& place,
                 FontCommand& fontCommand);
 
+    static QRect StoredPlace(const QWidget& heading); // at the first time below this one of the calendar's headings
+    void StorePlace() const;
+
     bool bCancel = false;
     RichTextBox& tbZoom() const { return *m_tbZoom; }
 

@@ -1,6 +1,5 @@
 #include "hall/cells.h"
 
-#include "calendar/modshow.h"
 #include "platform/controls/accessrole.h"
 #include "platform/desktop/pressedbyreturn.h"
 #include "platform/look/paper.h"
@@ -19,8 +18,27 @@ Cells::Cells(QWidget* client)
 
 void Cells::EnterAgain()
 {
-    auto* box = qobject_cast<RichTextBox*>(m_client->window()->focusWidget());
-    if (box && box->parent() == m_client) Q_EMIT box->GotFocus();
+    if (const int cell = CellWithCaret()) Q_EMIT tbDay(cell).GotFocus();
+}
+
+int Cells::CellWithCaret() const
+{
+    const QWidget* now = m_client->window()->focusWidget();
+    for (int cell = 1; cell <= CellCount; ++cell)
+        if (tbDay.Exists(cell) && &tbDay(cell) == now) return cell;
+    return 0;
+}
+
+bool Cells::CaretHasItsDay() const
+{
+    const int cell = CellWithCaret();
+    return cell != 0 && CellKey(panelDay(cell).Caption()) == m_entered;
+}
+
+void Cells::LeaveFor(QWidget& other)
+{
+    other.setFocus();
+    Q_EMIT Left();
 }
 
 QVariantList Cells::Keys(CellRange range) const

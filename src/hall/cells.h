@@ -2,6 +2,7 @@
 // does stands with the subject it belongs to.
 #pragma once
 
+#include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "platform/controls/controlarray.h"
 #include "platform/controls/sspanel.h"
@@ -27,7 +28,16 @@ public:
     // caret still stands in one.
     void EnterAgain();
 
+    // The cell has become the current one. Until the next one does, the caret has its day while it stands in a cell
+    // that shows the day of then; a redraw may put another day there.
+    void RememberEntry(int cell) { m_entered = CellKey(panelDay(cell).Caption()); }
+    bool CaretHasItsDay() const;
+    int CellWithCaret() const;     // 0 for none; also while another window is the active one
+    void LeaveFor(QWidget& other); // gives the focus to what is no cell, and raises Left
+
     bool Shows(int cell) const { return tbDay.Exists(cell) && !tbDay(cell).isHidden(); }
+    // That keeps a person in place who holds a day: the current one, or the locked one where that is not shown.
+    int CellToStayIn() const { return Shows(g_iCurrentPanel) ? g_iCurrentPanel : MarkedCell(); }
     QVariantList Keys(CellRange range) const;      // of the days that the loaded ones stand for
     int CellOfDay(CellRange range, int day) const; // the loaded one that stands for this day of the month, or 0
     // Are reached by the Tab key behind all cells, those included that are loaded later.
@@ -47,6 +57,7 @@ Q_SIGNALS:
     void HeadingDblClick(int Index);
     void AlarmMarkClick(int Index);
     void GotFocus(int Index);
+    void Left(); // by LeaveFor; in a window that is not the active one nothing else tells of it
     void Click(int Index);
     void MouseDown(int Index, int Button, const QPoint& globalPosition);
     void MouseMove(int Index);
@@ -64,6 +75,7 @@ private:
 
     QWidget* m_client;
     QObject* m_boxFilter = nullptr;
+    QString m_entered; // key
     QWidget* m_firstBehind = nullptr;
     QWidget* m_secondBehind = nullptr;
 };

@@ -86,7 +86,6 @@ struct Rooms
     CStatusbarView m_pStatusbar{controls.bottom};
     CCalendarView m_pCalendarView{controls.cells, controls.sidebar};
     CScreenLayout m_pLayout;
-    CellFrames frames{controls.cells};
     CellNames names{controls.cells};
     Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
     Journal journal;
@@ -109,7 +108,7 @@ struct Rooms
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
     Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
-    DayView dayView{controls.cells, controls.sidebar, controls.network, notes,
+    DayView dayView{controls.cells, controls.sidebar, controls.network, controls.bottom, notes,
                     dayRecord,      m_pCalendarView,  fontCommand,      journal};
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
@@ -132,4 +131,6 @@ struct Rooms
     NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};
+    // Behind the handler that may refuse a cell the focus: what has put it back has left no cell.
+    CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

@@ -296,9 +296,8 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
     On(&rooms.controls.cells, &Cells::Redrawn, " in MainForm, tbDay_MouseMove",
        [&rooms] { rooms.dateDifference.FollowCell(); });
-    // Whoever walks by the keyboard has no mouse to point with.
     On(&rooms.controls.cells, &Cells::GotFocus, " in MainForm, tbDay_MouseMove",
-       [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
+       [&rooms](int Index) { rooms.dateDifference.tbDay_GotFocus(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
        [&rooms] { rooms.dateSearch.PanelBottom_DblClick(); });
 }

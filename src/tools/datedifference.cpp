@@ -10,6 +10,7 @@
 #include "platform/runtime/language.h"
 #include "tools/datediffform.h"
 
+#include <QApplication>
 #include <QLabel>
 
 namespace {
@@ -58,6 +59,21 @@ void DateDifference::tbDay_MouseMove(int Index)
     const DateUnit unit = StoredDateUnit();
     const GridDay day = {g_iYear, g_iMonth, IntegerOf(caption)};
     Show(Index, CaptionOf(unit, DateDifferenceOf(unit, *start, day)));
+}
+
+// Whoever walks by the keyboard has no mouse to point with. A hit of the word search is no walk: its window is active.
+void DateDifference::tbDay_GotFocus(int Index)
+{
+    const bool isWalk = QApplication::activeWindow() == m_cells.Client()->window();
+    if (isWalk && !MouseRestsOnCell()) tbDay_MouseMove(Index);
+}
+
+bool DateDifference::MouseRestsOnCell() const
+{
+    for (int cell = 1; cell <= CellCount; ++cell)
+        if (m_cells.Shows(cell) && (m_cells.panelDay(cell).underMouse() || m_cells.tbDay(cell).underMouse()))
+            return true;
+    return false;
 }
 
 void DateDifference::FollowCell()

@@ -21,10 +21,12 @@ public:
     void subApplyDateDiff(); // as the button is
     // Over a memo cell the label stays what and where it was. With a start date that cannot be read it is hidden.
     void tbDay_MouseMove(int Index);
-    void FollowCell(); // after a redraw: to where its cell is now, or away if that shows no day
+    void tbDay_GotFocus(int Index); // the keyboard leads the label while the mouse rests on no cell
+    void FollowCell();              // after a redraw: to where its cell is now, or away if that shows no day
 
 private:
     bool IsOn() const;
+    bool MouseRestsOnCell() const;
     void Show(int cell, const QString& caption);
 
     int m_cell = 0; // that the label belongs to

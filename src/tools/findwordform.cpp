@@ -107,6 +107,7 @@ void FindWordForm::done(int result)
         Write(settings::FindWordLeft, ToTwips(pos().x()));
         Write(settings::FindWordTop, ToTwips(pos().y()));
     }
+    ClearSelections(); // one letter typed over it would put itself in the place of the note
     QDialog::done(result);
 }
 
@@ -270,8 +271,7 @@ int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
 // Side by side in one month, an earlier hit and the new one would look alike.
 void FindWordForm::ClearSelections()
 {
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell)
+    for (int cell = 1; cell <= CellCount; ++cell)
         if (m_cells.tbDay.Exists(cell) && m_cells.tbDay(cell).SelLength() > 0) m_cells.tbDay(cell).SetSelLength(0);
 }
 

@@ -30,9 +30,9 @@ namespace {
 constexpr QLatin1StringView LockLiteral(" in MainForm, picLock_Click");
 
 // The caret leaves the cell.
-void FocusSidebar(const Sidebar& sidebar)
+void FocusSidebar(Cells& cells, const Sidebar& sidebar)
 {
-    if (sidebar.tabSidebar->isVisible()) sidebar.tabSidebar->setFocus();
+    if (sidebar.tabSidebar->isVisible()) cells.LeaveFor(*sidebar.tabSidebar);
 }
 } // namespace
 
@@ -40,7 +40,9 @@ void DayLock::subLockDay()
 {
     if (HeldCell() == 0) m_record.Close();
     if (!m_record.IsHeld() && RefusesWithoutPlanner()) return;
-    if (!m_record.IsHeld() && g_iCurrentPanel == 0) return AskForCell();
+    // Other days are chosen anew; where the cells were only read again the caret tells which is meant.
+    if (!m_cells.Shows(g_iCurrentPanel) && m_cells.CaretHasItsDay()) m_cells.EnterAgain();
+    if (!m_record.IsHeld() && !m_cells.Shows(g_iCurrentPanel)) return AskForCell();
     if (m_network.picLock->Visible(0)) {
         Lock();
     } else {
@@ -63,7 +65,7 @@ void DayLock::AskForCell()
 {
     m_network.picLock->ShowElement(0);
     MsgBox(QStringLiteral("Please select a daily cell to lock"));
-    FocusSidebar(m_sidebar);
+    FocusSidebar(m_cells, m_sidebar);
 }
 
 void DayLock::ShowFree(const QString& reason)
@@ -80,7 +82,10 @@ bool DayLock::Take(int cell)
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
     try {
         const bool isNewHere = !m_record.Holds(key);
-        if (m_record.Seek(key, LockLiteral) && isNewHere) box.SetTextRTF(m_notes.NoteOver(key, m_record.Text()));
+        if (m_record.Seek(key, LockLiteral) && isNewHere) {
+            const QByteArray rtf = m_notes.NoteOver(key, m_record.Text());
+            if (!box.Holds(rtf)) box.SetTextRTF(rtf); // else the caret and what can be undone stay
+        }
         SetMousePointer(mousepointer::Hourglass);
         m_record.Edit();
         SetMousePointer(mousepointer::Default);
@@ -166,7 +171,7 @@ bool DayLock::Unlock()
     if (cell != 0 && !StoreCell(cell)) return false;
     if (cell == 0) m_record.Close();
     ShowUnlocked(cell);
-    FocusSidebar(m_sidebar);
+    FocusSidebar(m_cells, m_sidebar);
     tail([] { DBEngine::Idle(DBEngine::dbRefreshCache); });
     return true;
 }

@@ -19,7 +19,7 @@ void Refresh::subRefreshCells()
         m_turn(QLatin1StringView(" in MainForm, picRefresh_Click"), [] {});
         return;
     }
-    const int held = g_iCurrentPanel; // the idle timer goes on behind the box
+    const int held = m_cells.CellToStayIn(); // the idle timer goes on behind the box
     MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
                QStringLiteral(" is locked, please unlock first."),
            msgbox::Exclamation, messages::HelpWizard);

@@ -57,13 +57,20 @@ private Q_SLOTS:
     {
         m_program->New(QStringLiteral("notes.mdb"), true);
         m_program->Click(20);
-        g_aiLockState[22 - 1] = 1;
+        Mark(22, true);
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuNextMonth");
         // It names the current cell, not the locked one.
         QCOMPARE(seen.Text, QStringLiteral("Mar 19, 1999 is locked, please unlock first."));
         QCOMPARE(seen.Icon, QMessageBox::Warning);
+        g_iCurrentPanel = 40; // as the pressed week's picture leaves it: none of this view
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuNextMonth");
+        QCOMPARE(seen.Text, QStringLiteral("Mar 21, 1999 is locked, please unlock first."));
+        Mark(22, false);
+        Mark(40, true); // not loaded: nothing can be said
+        m_program->Trigger("mnuNextMonth");
         QCOMPARE(Month(), QPoint(1999, 3));
         g_iCurrentPanel = 0;
         m_program->Trigger("mnuNextMonth");
@@ -108,8 +115,14 @@ private Q_SLOTS:
         QCOMPARE(g_iDay, std::int16_t{18});
         QCOMPARE(m_program->Panel(19).ForeColor(), 0x0000FFu);
         QVERIFY(m_program->Panel(18).CaptionFont().strikeOut());
+        QVERIFY(!m_program->Box(20).hasFocus() && !m_program->Panel(20).IsActive()); // it has become another day
         QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed late"));
         QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/4/16")).contains("in April"));
+        m_program->Type(20, QStringLiteral("still "));
+        tick(); // twice in its minute: nobody is disturbed who has gone on meanwhile
+        QTest::keyClicks(&m_program->Box(20), QStringLiteral("here "));
+        QVERIFY(m_program->Box(20).hasFocus());
+        QVERIFY(m_program->Box(20).Text().contains(QStringLiteral("still here ")));
         // A machine that has slept over midnight; later in the same day nothing turns.
         desktopclock::SetForTests(QDateTime(QDate(1999, 4, 2), QTime(7, 30)));
         for (const int month : {4, 5}) {

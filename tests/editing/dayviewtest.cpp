@@ -88,7 +88,13 @@ private Q_SLOTS:
         });
         Q_EMIT m_program->Panel(18).DblClick();
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
+        RichTextBox& box = m_program->Box(18);
+        QCOMPARE(m_program->Bottom().Caption().contains(QStringLiteral("Ctrl+Z")), !cancels);
+        QCOMPARE(box.Text(), QStringLiteral("kept"));
+        for (const char* undone : {"never kept", "kept"}) {
+            if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+            if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
+        }
         QCOMPARE(Ini("Zoombox", "Left"), QStringLiteral("none"));
         QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("kept"));
     }

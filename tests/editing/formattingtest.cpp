@@ -5,6 +5,7 @@
 
 #include <QClipboard>
 #include <QListView>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -124,15 +125,29 @@ private Q_SLOTS:
         QCOMPARE(box.SelFontName(), family);
     }
 
+    void aNoteThatIsLeftShowsItsBeginning()
+    {
+        RichTextBox& box = Write(QStringLiteral("end"));
+        Select(box, 0, 0);
+        box.insertPlainText(QString(40, u'\n'));
+        Select(box, 40, 3);
+        const QScrollBar& bar = *box.verticalScrollBar();
+        Combo("orlcmbFontsize").setFocus(); // whose commands act on what is selected
+        QVERIFY(box.SelLength() == 3 && bar.value() > 0);
+        m_program->Click(20);
+        QVERIFY(box.SelLength() == 0 && bar.value() == 0 && !m_program->Panel(18).IsActive());
+        box.setFocus(Qt::TabFocusReason);
+        QVERIFY(box.SelStart() == 43 && bar.value() > 0); // the caret is where it was
+    }
+
     void paragraphsAreJustified()
     {
         RichTextBox& box = Write(QStringLiteral("a line"));
-        m_program->Trigger("mnuCenterJustify");
-        QCOMPARE(box.SelAlignment(), 2);
-        m_program->Trigger("mnuRightJustify");
-        QCOMPARE(box.SelAlignment(), 1);
-        m_program->Trigger("mnuLeftJustify");
-        QCOMPARE(box.SelAlignment(), 0);
+        for (const auto& [entry, alignment] :
+             {std::pair("mnuCenterJustify", 2), std::pair("mnuRightJustify", 1), std::pair("mnuLeftJustify", 0)}) {
+            m_program->Trigger(entry);
+            QCOMPARE(box.SelAlignment(), alignment);
+        }
     }
 
     // Name and size are the whole note's, colour and styles the selection's.

@@ -63,6 +63,9 @@ private Q_SLOTS:
         QVERIFY(!Box().hasFocus());
         QCOMPARE(Stored(), QStringLiteral("meeting"));
         QVERIFY(!OtherIsRefused());
+        m_program->Click(18);
+        m_program->Trigger("mnuNextMonth"); // another day stands where the caret is
+        QVERIFY(m_program->PressLockAndHear().startsWith(QStringLiteral("Please select")));
     }
 
     // What stands in the file at this instant takes the place of what the screen showed.
@@ -78,10 +81,18 @@ private Q_SLOTS:
     {
         LockAndType(QStringLiteral("kept"));
         SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Click(20);
-        QTRY_COMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked(Edit Mode), please unlock first."));
-        QTRY_COMPARE(m_program->form->focusWidget(), &Box());
+        for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+            seen = {};
+            AnswerNextBox(msgbox::Ok, &seen);
+            m_program->ExpectNoBox(); // but this one
+            QTest::mouseClick(m_program->Box(20).viewport(), button, {}, QPoint(20, 8));
+            QTRY_COMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked(Edit Mode), please unlock first."));
+            QTRY_COMPARE(m_program->form->focusWidget(), &Box());
+            QTRY_COMPARE(QApplication::activePopupWidget() != nullptr, button == Qt::RightButton);
+            if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+            DropAnswers();
+            m_program->Activate();
+        }
         for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
             AnswerNextBox(msgbox::Ok, &seen);
             m_program->Trigger(entry);
@@ -139,8 +150,12 @@ private Q_SLOTS:
             m_program->Tick("tmUnLock");
         QTRY_COMPARE(g_lUnlockTicks, 2);
         QVERIFY(ShowsLocked());
+        QWidget other; // nobody looks at the calendar
+        other.show();
+        Activate(other);
         m_program->Tick("tmUnLock");
         QTRY_VERIFY(ShowsFree());
+        QVERIFY(!m_program->Panel(18).IsActive());
         QCOMPARE(Stored(), QStringLiteral("idle!"));
     }
 
@@ -196,6 +211,11 @@ private Q_SLOTS:
         QTest::mouseClick(&refresh, Qt::LeftButton);
         QCOMPARE(Box().Text(), QStringLiteral("first"));
         QVERIFY(refresh.Visible(0));
+        m_program->ExpectNoBox();
+        m_program->Trigger("mnuLockDay"); // the day with the caret
+        QVERIFY(ShowsLocked());
+        PressLock();
+        DropAnswers();
         g_bAutoRefresh = true;
         g_lRefreshDelay = 2;
         g_lRefreshTicks = 0;

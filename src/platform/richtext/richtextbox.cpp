@@ -34,7 +34,7 @@ const QPalette& NotePalette()
         made.setColor(QPalette::PlaceholderText, paper::SoftInk);
         made.setColor(QPalette::Highlight, paper::Accent);
         made.setColor(QPalette::HighlightedText, Qt::white);
-        // Notes keep their selections when they are left; one in full colour among them is the one that is typed into.
+        // Still seen while a command, a window or the search acts on it; in full colour while it is typed into.
         made.setColor(QPalette::Inactive, QPalette::Highlight, paper::PaleSelection);
         made.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
         return made;

@@ -2,6 +2,8 @@
 // where the selection is mixed.
 #pragma once
 
+#include "platform/richtext/movedtexts.h"
+
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextEdit>
@@ -92,6 +94,10 @@ public:
     int RightMargin() const; // width of the wrapped text in pixels; 0 wraps at the box's edge
     void SetRightMargin(int pixels);
 
+    // As whoever reads it wants to see it: from the first line, nothing selected. The caret stays, and is shown again
+    // when the focus comes back other than by the mouse. In the middle of a drag only when that is over.
+    void ShowBeginning();
+
     void CommitPreedit(); // takes in what an input method has shown but not yet committed
 
     QVariant loadResource(int type, const QUrl& name) override;
@@ -158,7 +164,10 @@ private:
     void PassToViewport(const QMouseEvent& event);
     bool AdmitsKey(const QString& text);
     bool AdmitsPaste();
+    void EndDrag(const QMouseEvent& event);
     int CutHeight() const;
+
+    MovedTexts m_moved{*this}; // between this note and others
 
     std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while unmodified
     bool m_blank = true;                       // nothing but blanks, empty lines and pictures
@@ -171,5 +180,7 @@ private:
     bool m_setting = false;       // new content is coming in
     bool m_pressedBeside = false; // the mouse went down beside the text
     bool m_pressed = false;       // the left button went down here
+    bool m_dragging = false;      // a drag of the selection may be under way
+    bool m_leftInDrag = false;    // ShowBeginning waits for its end
     bool m_admitted = false;      // the change under way comes from a key or was let through already
 };

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextCursor>
 
 #include <algorithm>
@@ -116,6 +117,7 @@ void RichTextBox::focusInEvent(QFocusEvent* event)
     QTextEdit::focusInEvent(event);
     if (m_entered && IsPassing(event->reason())) return;
     m_entered = true;
+    if (event->reason() != Qt::MouseFocusReason) ensureCursorVisible();
     Q_EMIT GotFocus();
 }
 
@@ -154,15 +156,32 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
 // and drag on without it.
 void RichTextBox::mouseMoveEvent(QMouseEvent* event)
 {
-    const bool held = QGuiApplication::mouseButtons() & Qt::LeftButton;
+    m_dragging = QGuiApplication::mouseButtons() & Qt::LeftButton;
+    const int revision = document()->revision();
     QTextEdit::mouseMoveEvent(event);
-    if (held && !(QGuiApplication::mouseButtons() & Qt::LeftButton)) {
-        QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(), Qt::LeftButton,
-                            Qt::NoButton, event->modifiers());
-        QTextEdit::mouseReleaseEvent(&release);
-        m_pressed = false;
-    }
+    if (std::exchange(m_dragging, false) && !(QGuiApplication::mouseButtons() & Qt::LeftButton)) EndDrag(*event);
+    m_moved.EndOfDrag(revision != document()->revision());
+    if (std::exchange(m_leftInDrag, false)) ShowBeginning();
     Q_EMIT MouseMove();
+}
+
+void RichTextBox::EndDrag(const QMouseEvent& event)
+{
+    QMouseEvent release(QEvent::MouseButtonRelease, event.position(), event.globalPosition(), Qt::LeftButton,
+                        Qt::NoButton, event.modifiers());
+    QTextEdit::mouseReleaseEvent(&release);
+    m_pressed = false;
+}
+
+void RichTextBox::ShowBeginning()
+{
+    // What is dragged out is still to be taken away, and is known by its selection.
+    m_leftInDrag = m_dragging;
+    if (m_dragging) return;
+    QTextCursor caret = textCursor();
+    caret.clearSelection();
+    setTextCursor(caret);
+    verticalScrollBar()->setValue(0);
 }
 
 // The mouse's press has raised MouseDown already; the menu key stands for a right press at the caret.
@@ -190,6 +209,8 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     }
     if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
+    if (event->matches(QKeySequence::Undo) && m_moved.Undo()) return;
+    if (event->matches(QKeySequence::Redo) && m_moved.Redo()) return;
     UseTypingFormat();
     if (TypesTab(*event)) {
         if (!Locked()) insertPlainText(QStringLiteral("\t"));
@@ -233,5 +254,7 @@ void RichTextBox::dropEvent(QDropEvent* event)
         const QScopedValueRollback admitted(m_admitted, true);
         QTextEdit::dropEvent(event);
     }
+    auto* source = qobject_cast<RichTextBox*>(event->source() ? event->source()->parent() : nullptr);
+    if (event->isAccepted() && source && source != this) source->m_moved.Dropped(m_moved);
     if (event->isAccepted()) setFocus(); // whoever has dropped something goes on to write there
 }

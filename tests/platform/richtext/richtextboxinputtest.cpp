@@ -356,6 +356,27 @@ private Q_SLOTS:
         QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
     }
 
+    void textMovedToAnotherNoteIsOneStepInBoth()
+    {
+        Boxes boxes;
+        MovedTexts first(boxes.first), second(boxes.second);
+        boxes.second.insertPlainText(QStringLiteral("first "));
+        boxes.first.selectAll();
+        boxes.first.textCursor().removeSelectedText();
+        first.Dropped(second);
+        first.EndOfDrag(true);
+        const auto texts = [&] { return boxes.first.Text() + u'/' + boxes.second.Text(); };
+        QVERIFY(!second.Redo() && second.Undo());
+        QCOMPARE(texts(), QStringLiteral("first/second"));
+        QVERIFY(first.Redo());
+        QCOMPARE(texts(), QStringLiteral("/first second"));
+        QTest::keyClicks(&boxes.second, QStringLiteral("more ")); // a part of the step there
+        QVERIFY(!first.Undo() && second.Undo());
+        QTest::keyClicks(&boxes.second, QStringLiteral("other "));
+        QVERIFY(!first.Redo() && !second.Undo());
+        QCOMPARE(texts(), QStringLiteral("first/other second"));
+    }
+
     void caretMovesAreTold()
     {
         Boxes boxes;

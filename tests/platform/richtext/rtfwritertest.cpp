@@ -1,8 +1,11 @@
 #include "platform/richtext/rtfwriter.h"
 
+#include "notes.h"
+#include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
+#include "platform/richtext/undooffer.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -198,6 +201,8 @@ private Q_SLOTS:
     void AnyDocumentComesBackTheSame()
     {
         constexpr quint32 rounds = 400;
+        RichTextBox offered;
+        QByteArray shown = WriteRtf(QTextDocument()); // then what the round before has written
         for (quint32 seed = 1; seed <= rounds; ++seed) {
             QTextDocument written;
             RandomDocument(seed, written);
@@ -209,6 +214,14 @@ private Q_SLOTS:
             if (Describe(read) != Describe(written)) qWarning("%s", message.constData());
             QCOMPARE(Describe(read), Describe(written));
             QVERIFY2(WriteRtf(read) == rtf, message);
+            offered.SetTextRTF(shown);
+            OfferByUndo(offered, read);
+            QVERIFY2(WriteRtf(*offered.document()) == shown, message);
+            offered.undo();
+            QCOMPARE(offered.document()->toRawText(), read.toRawText());
+            offered.undo();
+            QCOMPARE(PlainText(offered.TextRTF()), PlainText(shown));
+            shown = rtf;
         }
     }
 

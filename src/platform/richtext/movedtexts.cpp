@@ -1,0 +1,62 @@
+#include "platform/richtext/movedtexts.h"
+
+#include <algorithm>
+#include <utility>
+
+MovedTexts::MovedTexts(QTextEdit& box) : m_box(box)
+{
+    connect(box.document(), &QTextDocument::undoCommandAdded, this, &MovedTexts::Forget);
+}
+
+void MovedTexts::EndOfDrag(bool isTakenAway)
+{
+    const QPointer<MovedTexts> target = std::exchange(m_target, nullptr);
+    if (!target || !isTakenAway) return;
+    const auto move = std::make_shared<Move>(Move{{End{this, {}, Now()}, End{target, {}, target->Now()}}});
+    m_moves.push_back(move);
+    target->m_moves.push_back(move);
+}
+
+// What was typed behind the text here goes with it, as it does where nothing was moved; in the other note it must not.
+bool MovedTexts::CanStep(const Move& move) const
+{
+    return std::ranges::all_of(move.ends, [&](const End& end) {
+        if (!end.note || end.note->m_box.isReadOnly()) return false;
+        const State now = end.note->Now(), expected = move.isUndone ? end.before : end.after;
+        return now == expected || (!move.isUndone && end.note == this && now.steps == expected.steps);
+    });
+}
+
+bool MovedTexts::Step(bool isUndone)
+{
+    const auto fits = [&](const auto& move) { return move->isUndone == isUndone && CanStep(*move); };
+    const auto found = std::ranges::find_if(m_moves, fits);
+    if (found == m_moves.end()) return false;
+    const std::shared_ptr<Move> move = *found;
+    for (End& end : move->ends) {
+        end.note->StepHere(isUndone, end.note == this);
+        (isUndone ? end.after : end.before) = end.note->Now();
+    }
+    move->isUndone = !isUndone;
+    return true;
+}
+
+// Only the note that is typed into scrolls to the change.
+void MovedTexts::StepHere(bool isUndone, bool withCaret)
+{
+    QTextDocument& document = *m_box.document();
+    if (isUndone)
+        withCaret ? m_box.redo() : document.redo();
+    else
+        withCaret ? m_box.undo() : document.undo();
+}
+
+// A new step takes the place of those that have been undone, and moves among them cannot come back.
+void MovedTexts::Forget()
+{
+    std::erase_if(m_moves, [this](const auto& move) {
+        for (End& end : move->ends)
+            if (end.note == this && end.after.steps >= Now().steps) end.note.clear();
+        return std::ranges::any_of(move->ends, [](const End& end) { return end.note.isNull(); });
+    });
+}

@@ -1,0 +1,48 @@
+#include "platform/richtext/undooffer.h"
+
+#include "platform/richtext/richtextbox.h"
+
+#include <QTextBlock>
+#include <QTextDocumentFragment>
+
+#include <memory>
+
+namespace {
+// A copied document, as an inserted fragment, has the first and the last paragraph not quite as they were.
+void CopyParagraphs(QTextDocument& document, const QTextDocument& from)
+{
+    QTextBlock block = document.begin();
+    for (QTextBlock original = from.begin(); original.isValid() && block.isValid();
+         original = original.next(), block = block.next()) {
+        QTextCursor cursor(block);
+        if (block.blockFormat() != original.blockFormat()) cursor.setBlockFormat(original.blockFormat());
+        if (block.charFormat() != original.charFormat()) cursor.setBlockCharFormat(original.charFormat());
+    }
+}
+
+void Replace(QTextDocument& document, const QTextDocument& by)
+{
+    QTextCursor all(&document);
+    all.beginEditBlock();
+    all.select(QTextCursor::Document);
+    all.removeSelectedText();
+    all.insertFragment(QTextDocumentFragment(&by));
+    CopyParagraphs(document, by);
+    all.endEditBlock();
+}
+} // namespace
+
+void OfferByUndo(RichTextBox& box, const QTextDocument& text)
+{
+    QTextDocument& document = *box.document();
+    const std::unique_ptr<QTextDocument> shown(document.clone());
+    CopyParagraphs(*shown, document);
+    const bool isSaved = !box.Modified();
+    const QByteArray rtf = isSaved ? box.TextRTF() : QByteArray();
+    const int start = box.SelStart(), length = box.SelLength();
+    Replace(document, text);
+    Replace(document, *shown);
+    if (isSaved) box.MarkSaved(rtf);
+    box.SetSelStart(start);
+    box.SetSelLength(length);
+}
