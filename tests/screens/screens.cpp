@@ -1,6 +1,7 @@
 // Puts a picture of every window of the program into a folder: screens FOLDER [dark]. Windows are those that a person
 // gets by the menu, over a planner with notes; the platform's own dialogs for files and printers are not among them.
 #include "alarms/alarmeventform.h"
+#include "alarms/alarmrecords.h"
 #include "plannerfile/recoveryform.h"
 #include "printing/spoolform.h"
 #include "program.h"
@@ -8,6 +9,7 @@
 #include "shell/startupform.h"
 
 #include <QStyleFactory>
+#include <QTabBar>
 
 namespace {
 const QString Planner = QStringLiteral("family.mdb");
@@ -52,6 +54,7 @@ void Write(const Program& program)
     program.Type(program.CellOf(9), QStringLiteral(" Cake! "));
     program.Type(program.CellOf(18), QStringLiteral("A note that is longer than its cell has lines for, as notes are "
                                                     "when somebody has much to do on one day and writes all of it."));
+    subAddAlarmRecord(g_rsAlarm, {QStringLiteral("1999/3/3"), QStringLiteral("10:00"), "call", {}, true});
     program.Trigger("mnuSave");
 }
 
@@ -62,6 +65,10 @@ void SaveMain(const Program& program)
     program.Trigger("mnuWeekView");
     Save(*program.form, "Week");
     program.Trigger("mnuMonthView");
+    auto* const tabs = program.Find<QWidget>("tabSidebar").findChild<QTabBar*>();
+    tabs->setCurrentIndex(1);
+    Save(*program.form, "Pictures");
+    tabs->setCurrentIndex(0);
 }
 
 template <typename Window>

@@ -37,11 +37,14 @@ QBoxLayout* Row(const QWidget& bar)
 }
 } // namespace
 
-ToolbarButton::ToolbarButton(QWidget* parent) : PressedByReturn(parent)
+ToolbarButton::ToolbarButton(QWidget* parent) : ToolbarButton(ButtonSize, PictureSize, parent) {}
+
+ToolbarButton::ToolbarButton(const QSize& size, const QSize& picture, QWidget* parent) : PressedByReturn(parent)
 {
+    setIconSize(picture);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedSize(ButtonSize);
+    setFixedSize(size);
 }
 
 void ToolbarButton::SetValue(int value)
@@ -62,7 +65,7 @@ void ToolbarButton::SetMixedState(bool mixed)
 const QPixmap& ToolbarButton::Picture()
 {
     if (m_picture.isNull() || m_picture.devicePixelRatio() != devicePixelRatioF()) {
-        m_picture = QIcon(m_file).pixmap(PictureSize, devicePixelRatioF());
+        m_picture = QIcon(m_file).pixmap(iconSize(), devicePixelRatioF());
     }
     return m_picture;
 }
@@ -96,7 +99,7 @@ void ToolbarButton::paintEvent(QPaintEvent*)
     PaintGround(painter);
     if (!isEnabled()) painter.setOpacity(0.35);
     const QPixmap& picture = Picture();
-    painter.drawPixmap((width() - PictureSize.width()) / 2, (height() - PictureSize.height()) / 2, picture);
+    painter.drawPixmap((width() - iconSize().width()) / 2, (height() - iconSize().height()) / 2, picture);
 }
 
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent)

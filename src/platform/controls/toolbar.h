@@ -18,7 +18,8 @@ class ToolbarButton : public PressedByReturn<QToolButton>
     Q_OBJECT
 
 public:
-    explicit ToolbarButton(QWidget* parent = nullptr);
+    explicit ToolbarButton(QWidget* parent = nullptr); // as large as those of a bar
+    ToolbarButton(const QSize& size, const QSize& picture, QWidget* parent);
 
     int Value() const { return m_value; } // 0 up, 1 down
     void SetValue(int value);

@@ -33,6 +33,16 @@ inline QPalette OnPaper(QPalette palette)
     return palette;
 }
 
+// And a button, whatever the theme: what a style draws of its body and edges follows from these two.
+inline QPalette ButtonOnPaper()
+{
+    QPalette palette(LightBand, Paper);
+    palette.setColor(QPalette::ButtonText, Ink);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, SoftInk);
+    palette.setColor(QPalette::Highlight, Accent);
+    return palette;
+}
+
 inline constexpr int CaptionBand = 20; // pixels that a cell keeps free above its note
 inline constexpr int Margin = 7;       // from a cell's edge to its caption; its note begins there too
 } // namespace paper
