@@ -314,6 +314,8 @@ void QMTDB::DropCells()
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last; ++cell)
         EmptyCell(cell);
+    const int marked = MarkedCell();
     ClearMarks();
+    if (marked != 0) Q_EMIT m_cells.StateChanged(marked);
     m_journal.Follow();
 }

@@ -129,6 +129,10 @@ int main(int count, char** words)
     SaveBeside(program, "mnuFindWord");
     SaveBeside(program, "mnuContents");
     program.Open(Planner, true);
+    program.Click(program.CellOf(3));
+    program.Trigger("mnuLockDay");
+    Save(*program.form, "Locked");
+    program.Trigger("mnuLockDay");
     SaveCommand(program, "mnuNetworkOptions");
     SaveWithoutCommand(*program.form);
     program.Exit();

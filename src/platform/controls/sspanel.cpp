@@ -11,7 +11,7 @@
 #include <array>
 
 namespace {
-constexpr int FrameWidth = 2;
+constexpr int FrameWidth = 2, HeldFrameWidth = 3;
 
 // The shadow falls down and to the right of a raised caption, up and to the left of an inset one; the light opposite.
 struct Relief
@@ -129,6 +129,13 @@ void SSPanel::SetActive(bool active)
     update();
 }
 
+void SSPanel::SetHeld(bool held)
+{
+    if (held == m_held) return;
+    m_held = held;
+    update();
+}
+
 void SSPanel::Rearrange()
 {
     m_arranged = false;
@@ -172,10 +179,13 @@ void SSPanel::PaintLines(QPainter& painter) const
     for (const auto& [edge, line] : sides) {
         if (m_edges & edge) painter.fillRect(line, paper::Hairline);
     }
-    const QColor frame = m_active ? paper::Accent : m_frame;
+    QColor frame = m_active ? paper::Accent : m_frame;
+    if (m_held) frame = paper::LockFrame;
     if (!frame.isValid()) return;
-    painter.setPen(QPen(frame, FrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const int width = m_held ? HeldFrameWidth : FrameWidth;
+    painter.setPen(QPen(frame, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const int near = width / 2, far = (width + 1) / 2;
+    painter.drawRect(rect().adjusted(near, near, -far, -far));
 }
 
 void SSPanel::PaintCaption(QPainter& painter) const

@@ -200,6 +200,9 @@ private Q_SLOTS:
             QCOMPARE(framed.pixelColor(at), paper::Accent);
         }
         QCOMPARE(framed.pixelColor(20, 15), paper::Paper);
+        panel.SetHeld(true); // in front of the others
+        QCOMPARE(panel.grab().toImage().pixelColor(20, 1), paper::LockFrame);
+        panel.SetHeld(false);
         panel.SetFrame(QColor());
         QCOMPARE(panel.grab().toImage(), edged);
     }
