@@ -55,6 +55,19 @@ int Start(int column, int width, int textWidth)
         return (width - textWidth) / 2;
     }
 }
+
+// What is left of a caption that is too wide. Of a short one the ellipsis would leave nothing; its first letters say
+// more.
+QString Shortened(const QString& caption, int width, const QFontMetrics& metrics)
+{
+    constexpr int TooShort = 3; // the ellipsis counted
+    const QString elided = metrics.elidedText(caption, Qt::ElideRight, width);
+    if (elided == caption || elided.size() > TooShort) return elided;
+    qsizetype letters = caption.size();
+    while (letters > 1 && metrics.horizontalAdvance(caption, int(letters)) > width)
+        --letters;
+    return caption.left(letters);
+}
 } // namespace
 
 SSPanel::SSPanel(QWidget* parent) : QWidget(parent), m_paper(paper::Paper)
@@ -152,10 +165,10 @@ void SSPanel::resizeEvent(QResizeEvent* event)
 void SSPanel::Arrange()
 {
     const QFontMetrics metrics(m_font, this);
-    m_shown = metrics.elidedText(m_caption.trimmed(), Qt::ElideRight, width() - 2 * paper::Margin);
-    if (m_shown.isEmpty()) m_shown = m_caption.trimmed(); // too narrow even for an ellipsis: cut is better than gone
+    m_shown = Shortened(m_caption.trimmed(), width() - 2 * paper::Margin, metrics);
     const int textWidth = metrics.horizontalAdvance(m_shown);
-    m_origin = {Start(m_alignment / 3, width(), textWidth), Baseline(m_alignment % 3, height(), metrics)};
+    m_origin = {std::max(FrameWidth, Start(m_alignment / 3, width(), textWidth)),
+                Baseline(m_alignment % 3, height(), metrics)};
     m_captionArea = QRect(m_origin.x(), m_origin.y() - metrics.ascent(), textWidth, metrics.height())
                         .adjusted(-metrics.height(), -FrameWidth, metrics.height(), FrameWidth);
     m_arranged = true;
