@@ -179,7 +179,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
     const auto notes = m_unsaved.NotesOf(planner);
     if (notes.isEmpty()) return;
     if (planner == g_sNotesFile) BackUpBeforeSave();
-    const ErrorTail tail(UpdateTail, {0, errors::ResumeWithoutError, engineerrors::CouldNotSave});
+    const ErrorTail tail(UpdateTail, {engineerrors::CouldNotSave});
     tail([&] {
         QStringList written;
         // One commit for all: the cost of a save is the wait for the disk.
