@@ -139,7 +139,6 @@ void Toolbar::Add(const QString& key, QWidget* item)
 {
     item->setObjectName(key);
     Row(*this)->insertWidget(Row(*this)->count() - 1, item); // before the stretch
-    m_keys.append(key);
     m_items[key] = item;
 }
 
@@ -155,17 +154,6 @@ ToolbarButton& Toolbar::Buttons(const QString& key) const
     auto* button = qobject_cast<ToolbarButton*>(&Item(key));
     if (!button) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
     return *button;
-}
-
-QWidget& Toolbar::Placeholder(const QString& key) const
-{
-    layout()->activate();
-    return Item(key);
-}
-
-QStringList Toolbar::Keys() const
-{
-    return m_keys;
 }
 
 void Toolbar::Lay(const QString& key, QWidget* control)

@@ -59,8 +59,6 @@ public:
     void SetRoom(int width);
 
     ToolbarButton& Buttons(const QString& key) const; // 35601 if there is none
-    QWidget& Placeholder(const QString& key) const;   // 35601; its geometry is up to date, shown or not
-    QStringList Keys() const;                         // in order, placeholders too
 
     QSize sizeHint() const override;
 
@@ -85,7 +83,6 @@ private:
     void BeginDrag();
     void EndDrag();
 
-    QStringList m_keys;
     std::map<QString, QWidget*> m_items;
     struct Laid
     {
