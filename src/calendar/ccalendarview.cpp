@@ -100,8 +100,7 @@ void CCalendarView::PlaceCell(int cell, int column, int top, int height)
 
 void CCalendarView::PosWeekPanels(const Rectangle& area)
 {
-    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosWeekPanels"),
-                         {errors::ResumeWithoutError, errors::NoSuchElement});
+    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosWeekPanels"), {errors::NoSuchElement});
     tail([&] { LoadCells(FirstWeekCell, LastWeekCell); });
     for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
         tail([&] { PlaceCell(cell, cell - FirstWeekCell, area.top, area.bottom - area.top); });
@@ -113,8 +112,7 @@ void CCalendarView::PosWeekPanels(const Rectangle& area)
 
 void CCalendarView::PosMonthPanels(const Rectangle& area)
 {
-    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosMonthPanels"),
-                         {errors::ResumeWithoutError, errors::NoSuchElement});
+    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosMonthPanels"), {errors::NoSuchElement});
     tail([&] { LoadCells(FirstMonthCell, LastMonthCell); });
     const int rowHeight = (area.bottom - area.top) / Rows;
     const int rest = area.bottom - area.top - Rows * rowHeight;

@@ -83,7 +83,6 @@ void Redraw::DisplayMonthCells()
         panel.Tag = slot.isMemo ? QStringLiteral("Memo") : QString();
         panel.SetCaptionAlignment(slot.isMemo ? SSPanel::CenterTop : SSPanel::LeftTop);
         ShowSlot(panel, slot, styles);
-        if (!slot.isMemo) g_aiLastDailyPanel[0] = static_cast<std::int16_t>(cell);
     }
 }
 

@@ -1,11 +1,9 @@
 #include "hall/cells.h"
 
 #include "platform/controls/accessrole.h"
-#include "platform/desktop/pressedbyreturn.h"
+#include "platform/controls/toolbar.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/language.h"
-
-#include <QIcon>
 
 Cells::Cells(QWidget* client)
     : QObject(client), lblDayOfWeek(QStringLiteral("lblDayOfWeek"), [this](int i) { return MakeHeading(i); }),
@@ -118,12 +116,12 @@ RichTextBox* Cells::MakeBox(int index)
 
 QToolButton* Cells::MakeAlarmMark(int index)
 {
-    constexpr int MarkSize = 20;
-    auto* mark = new PressedByReturn<QToolButton>(m_client);
+    // It begins 5 below the panel's edge: as high as this it ends where the note begins.
+    constexpr QSize MarkSize(17, paper::CaptionBand - 5);
+    constexpr QSize PictureSize(15, 15);
+    auto* mark = new ToolbarButton(MarkSize, PictureSize, m_client);
     mark->hide();
-    mark->resize(MarkSize, MarkSize);
-    mark->setIcon(QIcon(QStringLiteral(":/icons/alarm.svg")));
-    mark->setFocusPolicy(Qt::TabFocus);
+    mark->SetPicture(QStringLiteral(":/icons/alarm.svg"));
     mark->setToolTip(QStringLiteral("Alarm"));
     mark->setAccessibleName(QStringLiteral("Alarm"));
     if (tbDay.Exists(index)) QWidget::setTabOrder(&tbDay(index), mark);

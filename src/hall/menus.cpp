@@ -3,8 +3,11 @@
 #include "platform/runtime/runtimeerror.h"
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
 namespace {
 enum Kind
@@ -132,6 +135,28 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuAbout", "&About..."},
 };
 
+// A command that opens a window runs inside the menu's own mouse event, and when that ends the toolkit believes that
+// the mouse was over the menu: a button that got lit meanwhile would stay so. The next move lights it again if it must.
+class Menu : public QMenu
+{
+public:
+    using QMenu::QMenu;
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override
+    {
+        const QPointer<Menu> alive = this; // the command may have ended the program
+        QMenu::mouseReleaseEvent(event);
+        if (!alive || isVisible()) return;
+        for (QWidget* widget : parentWidget()->window()->findChildren<QWidget*>()) {
+            if (!widget->underMouse()) continue;
+            QEvent leave(QEvent::Leave);
+            QCoreApplication::sendEvent(widget, &leave);
+            widget->update();
+        }
+    }
+};
+
 // An entry without its command does nothing; it is enabled by MenuItem::OnClick.
 QAction* AddEntry(QMenu& menu, const MenuRow& row)
 {
@@ -156,13 +181,13 @@ Menus::Menus(QMenuBar& bar)
         QAction* action = nullptr;
         switch (row.kind) {
         case Top:
-            action = (menu = bar.addMenu(caption))->menuAction();
+            action = bar.addMenu(menu = new Menu(caption, &bar));
             break;
         case PopupTop:
-            action = (m_rightMouse = menu = new QMenu(caption, &bar))->menuAction();
+            action = (m_rightMouse = menu = new Menu(caption, &bar))->menuAction();
             break;
         case SubMenu:
-            action = (subMenu = menu->addMenu(caption))->menuAction();
+            action = menu->addMenu(subMenu = new Menu(caption, menu));
             break;
         case SubEntry:
         case UncheckedSubEntry:

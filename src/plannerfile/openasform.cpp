@@ -9,17 +9,6 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-namespace {
-// Wide enough for the window manager to show a path of common length in the title, beside its buttons.
-int WidthForTitle(const QWidget& window)
-{
-    constexpr int Least = 328, Most = 640, Buttons = 100;
-    QFont titleFont = window.font();
-    titleFont.setBold(true);
-    return qBound(Least, QFontMetrics(titleFont).horizontalAdvance(window.windowTitle()) + Buttons, Most);
-}
-} // namespace
-
 OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       m_opShared{new QRadioButton(QStringLiteral("Personal Planner")),
@@ -44,7 +33,8 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     auto* column = DialogColumn(*this);
     column->addWidget(frame);
     column->addWidget(btnOk, 0, Qt::AlignRight);
-    frame->setMinimumWidth(WidthForTitle(*this));
+    constexpr int LeastWidth = 328;
+    frame->setMinimumWidth(LeastWidth);
     CenterOnScreen(*this);
     m_opShared[0]->setFocus();
 }

@@ -174,7 +174,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
     const auto notes = m_unsaved.NotesOf(planner);
     if (notes.isEmpty()) return;
     if (planner == g_sNotesFile) BackUpBeforeSave();
-    const ErrorTail tail(UpdateTail, {0, errors::ResumeWithoutError, engineerrors::CouldNotSave});
+    const ErrorTail tail(UpdateTail, {engineerrors::CouldNotSave});
     QString reason;
     tail(Noting(reason, [&] {
         QStringList written;
@@ -343,6 +343,8 @@ void QMTDB::DropCells()
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last; ++cell)
         EmptyCell(cell);
+    const int marked = MarkedCell();
     ClearMarks();
+    if (marked != 0) Q_EMIT m_cells.StateChanged(marked);
     m_journal.Follow();
 }

@@ -194,6 +194,7 @@ void FillPicturePage(Sidebar& sidebar)
     sidebar.tbPictureBox->setAccessibleName(QStringLiteral("Pictures"));
     sidebar.btnReloadIcons = new PressedByReturn<QPushButton>(QStringLiteral("Reload"), page);
     sidebar.btnReloadIcons->setObjectName(QStringLiteral("btnReloadIcons"));
+    sidebar.btnReloadIcons->setPalette(paper::ButtonOnPaper());
     sidebar.btnReloadIcons->setToolTip(QStringLiteral("Reload the Picture list"));
     sidebar.btnReloadIcons->setEnabled(false); // until it is wired to its command
 }

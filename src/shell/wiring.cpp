@@ -1,5 +1,6 @@
 #include "shell/wiring.h"
 
+#include "calendar/lockframes.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/picturestrip.h"
@@ -296,6 +297,9 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
     On(&rooms.controls.cells, &Cells::Redrawn, " in MainForm, tbDay_MouseMove",
        [&rooms] { rooms.dateDifference.FollowCell(); });
+    const auto followLocks = [&rooms] { FollowLocks(rooms.controls.cells); };
+    On(&rooms.controls.cells, &Cells::StateChanged, " in MainForm, FollowLocks", followLocks);
+    On(&rooms.controls.cells, &Cells::Redrawn, " in MainForm, FollowLocks", followLocks);
     On(&rooms.controls.cells, &Cells::GotFocus, " in MainForm, tbDay_MouseMove",
        [&rooms](int Index) { rooms.dateDifference.tbDay_GotFocus(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",

@@ -132,7 +132,7 @@ void DateDiffForm::ShowSettings()
 
 void DateDiffForm::btnBGColor_Click()
 {
-    const QColor chosen = QColorDialog::getColor(ColorOfValue(m_color), this, QString());
+    const QColor chosen = QColorDialog::getColor(ColorOfValue(m_color), this, QStringLiteral("Color"));
     if (!chosen.isValid()) return;
     m_color = ValueOfColor(chosen);
     PaintDateDiffLabel(*m_lblDateDiff, m_color);

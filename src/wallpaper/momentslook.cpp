@@ -32,9 +32,11 @@ MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDat
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
         if (!cells.Shows(cell)) continue;
         if (cells.panelDay(cell).IsActive()) m_active = &cells.panelDay(cell);
+        if (cells.panelDay(cell).IsHeld()) m_held = &cells.panelDay(cell);
         if (&cells.tbDay(cell) == cells.Client()->window()->focusWidget()) HideCaret(cells.tbDay(cell));
     }
     if (m_active) m_active->SetActive(false);
+    if (m_held) m_held->SetHeld(false);
     m_today = TodaysPanel(cells, range);
     if (!m_today) return;
     // The month's styles in the week view too, here and at the end: the wallpaper knows no others.
@@ -53,6 +55,7 @@ MomentsLook::~MomentsLook()
         m_today->SetFrame(paper::TodayFrame);
     }
     if (m_active) m_active->SetActive(true);
+    if (m_held) m_held->SetHeld(true);
     if (m_box) ShowCaret();
 }
 

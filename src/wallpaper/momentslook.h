@@ -27,6 +27,7 @@ private:
     const QString m_title;
     SSPanel* m_today = nullptr;
     SSPanel* m_active = nullptr;
+    SSPanel* m_held = nullptr;
     RichTextBox* m_box = nullptr; // with the caret
     QTextCursor m_caret;
     int m_caretWidth = 0;

@@ -21,7 +21,8 @@ class AlarmFormTest : public QObject
     QToolButton* Mark(int cell) const
     {
         auto* mark = m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(%1)").arg(cell));
-        return mark && !mark->isHidden() ? mark : nullptr;
+        const bool covers = mark && mark->geometry().intersects(m_program->Box(cell).geometry());
+        return mark && !mark->isHidden() && !covers ? mark : nullptr;
     }
 
     static void Click(QWidget& form, const char* button)

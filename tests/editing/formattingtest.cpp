@@ -1,3 +1,5 @@
+#include "platform/controls/familylist.h"
+#include "platform/controls/fontfamilies.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
@@ -216,6 +218,22 @@ private Q_SLOTS:
         Select(box, 0, 8);
         QCOMPARE(box.SelFontSize(), 8.0);
         QCOMPARE(box.Text(), QStringLiteral("one step"));
+    }
+
+    // Also the one that is only stood in for, and under its own name.
+    void theFontDialogOffersTheFontsOfTheBar()
+    {
+        RichTextBox& box = Write(QStringLiteral("x"));
+        box.SetFontName(QStringLiteral("Liberation Serif"));
+        AnswerFontDialog([](QFontDialog& fonts) {
+            auto& list = *fonts.findChild<FamilyList*>();
+            const QStringList names = static_cast<QStringListModel*>(list.model())->stringList();
+            QCOMPARE(names, FontFamilies());
+            QCOMPARE(list.Name(), QStringLiteral("Liberation Serif"));
+            list.setCurrentIndex(list.model()->index(int(names.indexOf(QStringLiteral("Arial"))), 0));
+        });
+        m_program->Trigger("mnuColorSizeFonts");
+        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
     }
 
     // In a mixed selection the dialog begins with some value; choosing just that one is a choice too.

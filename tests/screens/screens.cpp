@@ -9,6 +9,7 @@
 #include "shell/startupform.h"
 
 #include <QStyleFactory>
+#include <QTabBar>
 
 namespace {
 const QString Planner = QStringLiteral("family.mdb");
@@ -53,6 +54,7 @@ void Write(const Program& program)
     program.Type(program.CellOf(9), QStringLiteral(" Cake! "));
     program.Type(program.CellOf(18), QStringLiteral("A note that is longer than its cell has lines for, as notes are "
                                                     "when somebody has much to do on one day and writes all of it."));
+    subAddAlarmRecord(g_rsAlarm, {QStringLiteral("1999/3/3"), QStringLiteral("10:00"), "call", {}, true});
     program.Trigger("mnuSave");
 }
 
@@ -63,6 +65,10 @@ void SaveMain(const Program& program)
     program.Trigger("mnuWeekView");
     Save(*program.form, "Week");
     program.Trigger("mnuMonthView");
+    auto* const tabs = program.Find<QWidget>("tabSidebar").findChild<QTabBar*>();
+    tabs->setCurrentIndex(1);
+    Save(*program.form, "Pictures");
+    tabs->setCurrentIndex(0);
 }
 
 template <typename Window>
@@ -125,6 +131,10 @@ int main(int count, char** words)
     SaveBeside(program, "mnuFindWord");
     SaveBeside(program, "mnuContents");
     program.Open(Planner, true);
+    program.Click(program.CellOf(3));
+    program.Trigger("mnuLockDay");
+    Save(*program.form, "Locked");
+    program.Trigger("mnuLockDay");
     SaveCommand(program, "mnuNetworkOptions");
     SaveWithoutCommand(*program.form);
     program.Exit();

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
+#include <QTabBar>
 
 #include <cmath>
 
@@ -206,7 +207,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuPrevMonth");
         m_program->Click(Today);
         Look("main window", *m_program->form);
-        m_program->Find<TabStrip>("tabSidebar").Select(1);
+        m_program->Find<TabStrip>("tabSidebar").findChild<QTabBar*>()->setCurrentIndex(1);
         Look("pictures", *m_program->form);
         for (const char* entry :
              {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",

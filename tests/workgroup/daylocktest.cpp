@@ -12,8 +12,8 @@ class DayLockTest : public QObject
     std::unique_ptr<WorkgroupProgram> m_program;
     Recordset m_other;
 
-    bool ShowsLocked() const { return m_program->ShowsLocked(); }
-    bool ShowsFree() const { return m_program->ShowsFree(); }
+    bool ShowsLocked() const { return m_program->ShowsLocked() && m_program->Panel(18).IsHeld(); }
+    bool ShowsFree() const { return m_program->ShowsFree() && !m_program->Panel(18).IsHeld(); }
     void PressLock() const { QTest::mouseClick(&m_program->Lock(), Qt::LeftButton); }
     void LockAndType(const QString& text) const { m_program->LockAndType(text); }
     QString Stored() const { return PlainText(m_program->Stored(m_program->File, m_program->Key)); }

@@ -1,6 +1,6 @@
 #include "platform/controls/fontdialog.h"
 
-#include "platform/controls/fontfamilies.h"
+#include "platform/controls/familylist.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/look/colorvalue.h"
 
@@ -20,10 +20,15 @@
 namespace {
 constexpr QSize SwatchSize(32, 16);
 
+QString NameOf(const FontChoice& choice)
+{
+    return choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name;
+}
+
 QFont FontOf(const FontChoice& choice)
 {
     // The lists show what stands in for a font that is not installed.
-    QFont font(QFontInfo(QFont(choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name)).family());
+    QFont font(QFontInfo(QFont(NameOf(choice))).family());
     if (choice.size > 0) font.setPointSizeF(choice.size);
     font.setBold(choice.bold);
     font.setItalic(choice.italic);
@@ -39,22 +44,27 @@ class InnerFontDialog : public QFontDialog
 public:
     enum Part
     {
-        Family,
+        Font,
         Style,
         Size,
         PartCount
     };
 
-    InnerFontDialog(const QFont& font, int flags, QDialog* outer) : QFontDialog(font, outer), m_outer(outer)
+    InnerFontDialog(const FontChoice& seed, int flags, QDialog* outer)
+        : QFontDialog(FontOf(seed), outer), m_outer(outer)
     {
         setWindowFlags(Qt::Widget);
         setOptions(NoButtons | DontUseNativeDialog);
         setOption(ScalableFonts, flags & fontdialog::TrueTypeOnly);
         setSizeGripEnabled(false);
-        Watch(findChildren<QListView*>(Qt::FindDirectChildrenOnly));
-        Watch(findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly));
+        const auto lists = findChildren<QListView*>(Qt::FindDirectChildrenOnly);
+        const auto fields = findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
+        Watch(lists);
+        Watch(fields);
+        m_families = new FamilyList(*this, *lists[Font], *fields[Font], NameOf(seed));
     }
 
+    const FamilyList& Families() const { return *m_families; }
     bool IsTouched(Part part) const { return m_touched[part]; }
     void accept() override { m_outer->accept(); }
 
@@ -91,6 +101,7 @@ private:
     }
 
     QDialog* m_outer;
+    FamilyList* m_families;
     QHash<const QObject*, int> m_parts;
     std::array<bool, PartCount> m_touched{};
 };
@@ -110,11 +121,11 @@ private:
     InnerFontDialog* m_fonts;
     QPushButton* m_colorButton;
     QFont m_shown; // the given font as the lists show it
+    QString m_name;
 };
 
 FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
-    : QDialog(owner), m_seed(seed), m_color(ColorOfValue(seed.color)),
-      m_fonts(new InnerFontDialog(FontOf(seed), flags, this)),
+    : QDialog(owner), m_seed(seed), m_color(ColorOfValue(seed.color)), m_fonts(new InnerFontDialog(seed, flags, this)),
       m_colorButton(new QPushButton(QStringLiteral("&Color...")))
 {
     setObjectName(QStringLiteral("FontForm"));
@@ -137,6 +148,7 @@ FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
     ShowColor();
     m_fonts->show();
     m_shown = m_fonts->currentFont();
+    m_name = m_fonts->Families().Name();
     CenterOnScreen(*this);
 }
 
@@ -164,7 +176,8 @@ FontChoice FontForm::Chosen() const
     const auto isChosen = [this](InnerFontDialog::Part part, const auto& now, const auto& shown) {
         return m_fonts->IsTouched(part) || now != shown;
     };
-    if (isChosen(InnerFontDialog::Family, font.family(), m_shown.family())) chosen.name = WithoutMaker(font.family());
+    const FamilyList& families = m_fonts->Families();
+    if (families.IsTouched() || families.Name() != m_name) chosen.name = families.Name();
     if (isChosen(InnerFontDialog::Size, font.pointSizeF(), m_shown.pointSizeF())) chosen.size = font.pointSizeF();
     if (isChosen(InnerFontDialog::Style, font.bold(), m_shown.bold())) chosen.bold = font.bold();
     if (isChosen(InnerFontDialog::Style, font.italic(), m_shown.italic())) chosen.italic = font.italic();

@@ -9,15 +9,20 @@ QString WithoutMaker(const QString& family)
     return QString(family).remove(maker);
 }
 
+QStringList KeptNames(const QStringList& families)
+{
+    if (families.isEmpty()) return {};
+    QStringList names(QStringLiteral("Arial"));
+    for (const QString& family : families)
+        names.append(WithoutMaker(family));
+    names.sort(Qt::CaseInsensitive);
+    names.removeDuplicates();
+    return names;
+}
+
 QStringList FontFamilies()
 {
-    QStringList families;
-    for (const QString& family : QFontDatabase::families()) {
-        if (!QFontDatabase::isPrivateFamily(family)) families.append(WithoutMaker(family));
-    }
-    if (families.isEmpty()) return {};
-    families.append(QStringLiteral("Arial"));
-    families.sort(Qt::CaseInsensitive);
-    families.removeDuplicates();
-    return families;
+    QStringList families = QFontDatabase::families();
+    families.removeIf([](const QString& family) { return QFontDatabase::isPrivateFamily(family); });
+    return KeptNames(families);
 }

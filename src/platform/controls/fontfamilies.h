@@ -6,5 +6,7 @@
 // The maker in brackets behind a name is the toolkit's own addition, which no other program that reads a note knows.
 QString WithoutMaker(const QString& family);
 
-// What is installed, and the font that notes have when nobody chooses one, which is shown by its metric twin.
-QStringList FontFamilies();
+// The families by these names, and with them the font that notes have when nobody chooses one, which is shown by its
+// metric twin. Sorted; none of none.
+QStringList KeptNames(const QStringList& families);
+QStringList FontFamilies(); // of what is installed

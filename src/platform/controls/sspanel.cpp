@@ -11,7 +11,7 @@
 #include <array>
 
 namespace {
-constexpr int FrameWidth = 2;
+constexpr int FrameWidth = 2, HeldFrameWidth = 3;
 
 // The shadow falls down and to the right of a raised caption, up and to the left of an inset one; the light opposite.
 struct Relief
@@ -54,6 +54,19 @@ int Start(int column, int width, int textWidth)
     default:
         return (width - textWidth) / 2;
     }
+}
+
+// What is left of a caption that is too wide. Of a short one the ellipsis would leave nothing; its first letters say
+// more.
+QString Shortened(const QString& caption, int width, const QFontMetrics& metrics)
+{
+    constexpr int TooShort = 3; // the ellipsis counted
+    const QString elided = metrics.elidedText(caption, Qt::ElideRight, width);
+    if (elided == caption || elided.size() > TooShort) return elided;
+    qsizetype letters = caption.size();
+    while (letters > 1 && metrics.horizontalAdvance(caption, int(letters)) > width)
+        --letters;
+    return caption.left(letters);
 }
 } // namespace
 
@@ -136,6 +149,13 @@ void SSPanel::SetActive(bool active)
     update();
 }
 
+void SSPanel::SetHeld(bool held)
+{
+    if (held == m_held) return;
+    m_held = held;
+    update();
+}
+
 void SSPanel::Rearrange()
 {
     m_arranged = false;
@@ -152,10 +172,10 @@ void SSPanel::resizeEvent(QResizeEvent* event)
 void SSPanel::Arrange()
 {
     const QFontMetrics metrics(m_font, this);
-    m_shown = metrics.elidedText(m_caption.trimmed(), Qt::ElideRight, width() - 2 * (paper::Margin + m_sides));
-    if (m_shown.isEmpty()) m_shown = m_caption.trimmed(); // too narrow even for an ellipsis: cut is better than gone
+    m_shown = Shortened(m_caption.trimmed(), width() - 2 * (paper::Margin + m_sides), metrics);
     const int textWidth = metrics.horizontalAdvance(m_shown);
-    m_origin = {Start(m_alignment / 3, width(), textWidth), Baseline(m_alignment % 3, height(), metrics)};
+    m_origin = {std::max(FrameWidth, Start(m_alignment / 3, width(), textWidth)),
+                Baseline(m_alignment % 3, height(), metrics)};
     m_captionArea = QRect(m_origin.x(), m_origin.y() - metrics.ascent(), textWidth, metrics.height())
                         .adjusted(-metrics.height(), -FrameWidth, metrics.height(), FrameWidth);
     m_arranged = true;
@@ -179,10 +199,13 @@ void SSPanel::PaintLines(QPainter& painter) const
     for (const auto& [edge, line] : sides) {
         if (m_edges & edge) painter.fillRect(line, paper::Hairline);
     }
-    const QColor frame = m_active ? paper::Accent : m_frame;
+    QColor frame = m_active ? paper::Accent : m_frame;
+    if (m_held) frame = paper::LockFrame;
     if (!frame.isValid()) return;
-    painter.setPen(QPen(frame, FrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const int width = m_held ? HeldFrameWidth : FrameWidth;
+    painter.setPen(QPen(frame, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const int near = width / 2, far = (width + 1) / 2;
+    painter.drawRect(rect().adjusted(near, near, -far, -far));
 }
 
 void SSPanel::PaintCaption(QPainter& painter) const

@@ -56,6 +56,8 @@ public:
     QColor Frame() const { return m_frame; }
     void SetActive(bool active); // the accent's frame, in front of the other one
     bool IsActive() const { return m_active; }
+    void SetHeld(bool held); // a broader frame of its own colour, in front of both
+    bool IsHeld() const { return m_held; }
 
 Q_SIGNALS:
     void Click();
@@ -83,6 +85,7 @@ private:
     QColor m_paper;
     QColor m_frame;
     bool m_active = false;
+    bool m_held = false;
     Qt::Edges m_edges;
     bool m_pressed = false;
 

@@ -41,11 +41,6 @@ int TabStrip::SelectedIndex() const
     return m_tabs->currentIndex();
 }
 
-void TabStrip::Select(int index)
-{
-    m_tabs->setCurrentIndex(index);
-}
-
 QRect TabStrip::ClientRect() const
 {
     return rect().adjusted(0, m_tabs->sizeHint().height(), -1, 0);

@@ -14,8 +14,7 @@ public:
 
     void AddTab(const QString& caption, const QString& tip);
     int SelectedIndex() const; // 0 is the first
-    void Select(int index);
-    QRect ClientRect() const; // below the tabs, in the strip's own coordinates
+    QRect ClientRect() const;  // below the tabs, in the strip's own coordinates
     QSize sizeHint() const override;
 
 Q_SIGNALS:

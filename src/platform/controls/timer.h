@@ -13,7 +13,6 @@ public:
 
     bool Enabled() const { return m_timer.isActive(); }
     void SetEnabled(bool enabled);
-    int Interval() const { return m_timer.interval(); }
 
 Q_SIGNALS:
     void Tick();

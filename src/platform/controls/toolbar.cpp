@@ -37,11 +37,14 @@ QBoxLayout* Row(const QWidget& bar)
 }
 } // namespace
 
-ToolbarButton::ToolbarButton(QWidget* parent) : PressedByReturn(parent)
+ToolbarButton::ToolbarButton(QWidget* parent) : ToolbarButton(ButtonSize, PictureSize, parent) {}
+
+ToolbarButton::ToolbarButton(const QSize& size, const QSize& picture, QWidget* parent) : PressedByReturn(parent)
 {
+    setIconSize(picture);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedSize(ButtonSize);
+    setFixedSize(size);
 }
 
 void ToolbarButton::SetValue(int value)
@@ -62,7 +65,7 @@ void ToolbarButton::SetMixedState(bool mixed)
 const QPixmap& ToolbarButton::Picture()
 {
     if (m_picture.isNull() || m_picture.devicePixelRatio() != devicePixelRatioF()) {
-        m_picture = QIcon(m_file).pixmap(PictureSize, devicePixelRatioF());
+        m_picture = QIcon(m_file).pixmap(iconSize(), devicePixelRatioF());
     }
     return m_picture;
 }
@@ -96,7 +99,7 @@ void ToolbarButton::paintEvent(QPaintEvent*)
     PaintGround(painter);
     if (!isEnabled()) painter.setOpacity(0.35);
     const QPixmap& picture = Picture();
-    painter.drawPixmap((width() - PictureSize.width()) / 2, (height() - PictureSize.height()) / 2, picture);
+    painter.drawPixmap((width() - iconSize().width()) / 2, (height() - iconSize().height()) / 2, picture);
 }
 
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent)
@@ -136,7 +139,6 @@ void Toolbar::Add(const QString& key, QWidget* item)
 {
     item->setObjectName(key);
     Row(*this)->insertWidget(Row(*this)->count() - 1, item); // before the stretch
-    m_keys.append(key);
     m_items[key] = item;
 }
 
@@ -152,17 +154,6 @@ ToolbarButton& Toolbar::Buttons(const QString& key) const
     auto* button = qobject_cast<ToolbarButton*>(&Item(key));
     if (!button) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
     return *button;
-}
-
-QWidget& Toolbar::Placeholder(const QString& key) const
-{
-    layout()->activate();
-    return Item(key);
-}
-
-QStringList Toolbar::Keys() const
-{
-    return m_keys;
 }
 
 void Toolbar::Lay(const QString& key, QWidget* control)

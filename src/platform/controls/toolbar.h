@@ -18,7 +18,8 @@ class ToolbarButton : public PressedByReturn<QToolButton>
     Q_OBJECT
 
 public:
-    explicit ToolbarButton(QWidget* parent = nullptr);
+    explicit ToolbarButton(QWidget* parent = nullptr); // as large as those of a bar
+    ToolbarButton(const QSize& size, const QSize& picture, QWidget* parent);
 
     int Value() const { return m_value; } // 0 up, 1 down
     void SetValue(int value);
@@ -58,8 +59,6 @@ public:
     void SetRoom(int width);
 
     ToolbarButton& Buttons(const QString& key) const; // 35601 if there is none
-    QWidget& Placeholder(const QString& key) const;   // 35601; its geometry is up to date, shown or not
-    QStringList Keys() const;                         // in order, placeholders too
 
     QSize sizeHint() const override;
 
@@ -84,7 +83,6 @@ private:
     void BeginDrag();
     void EndDrag();
 
-    QStringList m_keys;
     std::map<QString, QWidget*> m_items;
     struct Laid
     {

@@ -1,8 +1,10 @@
 #include "platform/desktop/msgbox.h"
 
 #include "platform/desktop/execmodal.h"
+#include "platform/desktop/titlewidth.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -93,6 +95,13 @@ void Fill(QMessageBox& box, const QString& text, int style, const QString& title
     }
 }
 
+// The box lays itself out by what its grid needs.
+void WidenToTitle(const QMessageBox& box)
+{
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(WidthForTitle(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 int AnswerOf(int standardButton, int otherwise)
 {
     for (std::size_t answer = 1; answer < Buttons.size(); ++answer) {
@@ -124,6 +133,7 @@ int MsgBox(const QString& text, int style, const QString& title, const QString& 
     const QPointer<QMessageBox> box = new QMessageBox(Owner());
     Fill(*box, text, style, title);
     box->setInformativeText(Breakable(secondText));
+    WidenToTitle(*box);
     if (SplashIsUp()) box->setWindowFlag(Qt::WindowStaysOnTopHint);
     const int pressed = ExecModal(*box);
     delete box;

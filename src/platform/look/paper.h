@@ -15,6 +15,7 @@ inline constexpr QColor Hairline{0xd8, 0xd3, 0xc7};
 inline constexpr QColor Ink{0x22, 0x25, 0x2a};
 inline constexpr QColor SoftInk{0x6b, 0x6f, 0x76};
 inline constexpr QColor TodayFrame{0xd0, 0x5a, 0x55};
+inline constexpr QColor LockFrame{0x3c, 0x8c, 0x55};
 inline constexpr QColor Accent{0x2f, 0x6d, 0xb5};
 inline constexpr QColor AccentTint{0xe3, 0xec, 0xf7};
 inline constexpr QColor PaleSelection{0xdc, 0xe5, 0xf0}; // black stands on it
@@ -30,6 +31,16 @@ inline QPalette OnPaper(QPalette palette)
     palette.setColor(QPalette::Text, Ink);
     palette.setColor(QPalette::PlaceholderText, SoftInk);
     palette.setColor(QPalette::Mid, Hairline);
+    return palette;
+}
+
+// And a button, whatever the theme: what a style draws of its body and edges follows from these two.
+inline QPalette ButtonOnPaper()
+{
+    QPalette palette(LightBand, Paper);
+    palette.setColor(QPalette::ButtonText, Ink);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, SoftInk);
+    palette.setColor(QPalette::Highlight, Accent);
     return palette;
 }
 

@@ -126,5 +126,6 @@ void QMTPrn32::qmtEndPrint()
 void QMTPrn32::TellTrouble()
 {
     const auto trouble = std::exchange(m_trouble, std::nullopt);
-    if (trouble) MsgBox(trouble->text, msgbox::Exclamation, QString(), trouble->advice);
+    if (!trouble) return;
+    MsgBox(trouble->text, msgbox::Exclamation, QStringLiteral("Orrelin Help Wizard"), trouble->advice);
 }

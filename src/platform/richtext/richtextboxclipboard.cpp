@@ -39,7 +39,7 @@ void RichTextBox::TellUnpasted(const QMimeData& source)
     if (!CanPaste(source)) return;
     const auto tell = [] {
         MsgBox(QStringLiteral("This cannot be pasted: it is empty, damaged, or too large for a note."),
-               msgbox::Exclamation);
+               msgbox::Exclamation, QStringLiteral("Orrelin Help Wizard"));
     };
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }

@@ -1,4 +1,5 @@
 #include "platform/richtext/richtextbox.h"
+#include "platform/richtext/wrappedpictures.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPaintEvent>
@@ -7,6 +8,16 @@
 #include <QTextLayout>
 
 #include <cmath>
+
+namespace {
+void CloseGaps(const QTextDocument& document, int top, int bottom)
+{
+    const auto* layout = document.documentLayout();
+    QTextBlock block = document.findBlock(qMax(0, layout->hitTest(QPointF(0, top), Qt::FuzzyHit)));
+    for (; block.isValid() && layout->blockBoundingRect(block).top() < bottom; block = block.next())
+        CloseGapsAbovePictures(block);
+}
+} // namespace
 
 // How much of a line sticks out at the top, cut through by the edge; 0 if that line is so high that the box has to
 // show it in parts.
@@ -29,6 +40,8 @@ int RichTextBox::CutHeight() const
 // Half a line right under a cell's number would look like a fault, so it is left out.
 void RichTextBox::paintEvent(QPaintEvent* event)
 {
+    const int top = verticalScrollBar()->value();
+    CloseGaps(*document(), top, top + viewport()->height());
     const QRect whole = event->rect() & viewport()->rect().adjusted(0, CutHeight(), 0, 0);
     if (whole.isEmpty()) return;
     QPaintEvent visible(whole);

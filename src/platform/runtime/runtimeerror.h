@@ -14,7 +14,6 @@ struct RunTimeError
 namespace errors {
 inline constexpr int Overflow = 6;
 inline constexpr int SubscriptOutOfRange = 9;
-inline constexpr int ResumeWithoutError = 20;
 inline constexpr int FileNotFound = 53;
 inline constexpr int PathFileAccess = 75;
 inline constexpr int ObjectNotSet = 91;

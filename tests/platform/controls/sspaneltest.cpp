@@ -106,6 +106,7 @@ private Q_SLOTS:
     void longCaptionStaysInside()
     {
         SSPanel panel;
+        panel.SetCaptionFont(Arial(12));
         panel.SetCaption(QStringLiteral("SEPTEMBER ").repeated(5));
         for (int alignment : {SSPanel::LeftTop, SSPanel::CenterMiddle, SSPanel::RightBottom}) {
             panel.SetCaptionAlignment(alignment);
@@ -115,6 +116,11 @@ private Q_SLOTS:
                 QVERIFY(ink.isEmpty() || (ink.left() > 0 && ink.right() < width - 1));
             }
         }
+        panel.resize(30, 40);
+        panel.SetCaption(QStringLiteral("Wed"));
+        const QImage shortened = panel.grab().toImage();
+        panel.SetCaption(QStringLiteral("W")); // its first letter, and no ellipsis
+        QCOMPARE(panel.grab().toImage(), shortened);
     }
 
     void effects_data()
@@ -200,6 +206,9 @@ private Q_SLOTS:
             QCOMPARE(framed.pixelColor(at), paper::Accent);
         }
         QCOMPARE(framed.pixelColor(20, 15), paper::Paper);
+        panel.SetHeld(true); // in front of the others
+        QCOMPARE(panel.grab().toImage().pixelColor(20, 1), paper::LockFrame);
+        panel.SetHeld(false);
         panel.SetFrame(QColor());
         QCOMPARE(panel.grab().toImage(), edged);
     }

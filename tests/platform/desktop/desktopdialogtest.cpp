@@ -5,6 +5,7 @@
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/desktop/titlewidth.h"
 #include "support.h"
 
 #include <QLabel>
@@ -74,13 +75,15 @@ private Q_SLOTS:
         OnNextModal<QMessageBox>([=](QMessageBox& box) {
             QVERIFY(QTest::qWaitForWindowActive(&box));
             QCOMPARE(box.text(), QStringLiteral("replace '<b>a.mdb'?"));
+            QVERIFY(box.width() >= WidthForTitle(box));
             QCOMPARE(In<QLabel>(box, "qt_msgbox_label").textFormat(), Qt::PlainText);
             QTEST(support::PlainText(box.defaultButton()), "defaultButton");
             const bool isLetter = key < Qt::Key_Escape;
             if (key == 0) return void(box.close());
             QTest::keyClick(box.windowHandle(), Qt::Key(key), isLetter ? Qt::AltModifier : Qt::NoModifier);
         });
-        QTEST(MsgBox(QStringLiteral("replace '<b>a.mdb'?"), style), "answer");
+        const QString title = QStringLiteral("A title that is longer than the question");
+        QTEST(MsgBox(QStringLiteral("replace '<b>a.mdb'?"), style, title), "answer");
     }
 
     void ALongTextIsShownWhole_data()

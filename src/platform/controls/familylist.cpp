@@ -1,0 +1,94 @@
+#include "platform/controls/familylist.h"
+
+#include "platform/controls/fontfamilies.h"
+
+#include <QFontDialog>
+#include <QFontInfo>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+namespace {
+QStringList TextsOf(const QAbstractItemModel& model)
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row)
+        texts.append(model.index(row, 0).data().toString());
+    return texts;
+}
+
+// The installed family that shows the name: itself, one with its maker behind it, or what stands in for it.
+qsizetype RowOf(const QString& name, const QStringList& families)
+{
+    for (qsizetype row = 0; row < families.size(); ++row)
+        if (WithoutMaker(families[row]) == name) return row;
+    return families.indexOf(QFontInfo(QFont(name)).family());
+}
+} // namespace
+
+FamilyList::FamilyList(QFontDialog& dialog, QListView& families, QLineEdit& field, const QString& name)
+    : QListView(&dialog), m_families(families), m_field(field), m_name(name)
+{
+    setAccessibleName(QStringLiteral("Font"));
+    setEditTriggers(NoEditTriggers);
+    setUniformItemSizes(true);
+    setModel(&m_names);
+    TakePlace(dialog);
+    Fill();
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &FamilyList::Choose);
+    connect(this, &QListView::pressed, this, &FamilyList::Choose); // also of the name that is shown already
+    connect(families.model(), &QAbstractItemModel::modelReset, this, &FamilyList::Fill);
+    connect(families.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& index) { Follow(index.data().toString()); });
+}
+
+void FamilyList::TakePlace(QFontDialog& dialog)
+{
+    delete dialog.layout()->replaceWidget(&m_families, this); // the item of the list that gives way
+    QWidget::setTabOrder(&m_families, this);
+    for (QLabel* label : dialog.findChildren<QLabel*>())
+        if (label->buddy() == &m_families) label->setBuddy(this);
+    m_families.hide();
+    m_families.setFocusProxy(this);
+    setFocus();
+}
+
+void FamilyList::Fill()
+{
+    m_names.setStringList(KeptNames(TextsOf(*m_families.model())));
+    if (!m_names.stringList().contains(m_name)) m_name = WithoutMaker(m_families.currentIndex().data().toString());
+    ShowName();
+}
+
+// The dialog has been given another font.
+void FamilyList::Follow(const QString& family)
+{
+    const QStringList families = TextsOf(*m_families.model());
+    if (families.value(RowOf(m_name, families)) == family) return;
+    m_name = WithoutMaker(family);
+    ShowName();
+}
+
+void FamilyList::Choose(const QModelIndex& index)
+{
+    if (m_isShowing) return;
+    m_name = index.data().toString();
+    m_touched = true;
+    const auto row = int(RowOf(m_name, TextsOf(*m_families.model())));
+    if (row >= 0) m_families.setCurrentIndex(m_families.model()->index(row, 0));
+    m_field.setText(m_name);
+}
+
+void FamilyList::ShowName()
+{
+    const QScopedValueRollback showing(m_isShowing, true);
+    setCurrentIndex(m_names.index(int(m_names.stringList().indexOf(m_name)), 0));
+    m_field.setText(m_name);
+}
+
+void FamilyList::showEvent(QShowEvent* event)
+{
+    QListView::showEvent(event);
+    scrollTo(currentIndex(), PositionAtCenter);
+}
