@@ -119,7 +119,7 @@ void PasteText(const Pasting& pasting, QString text)
 {
     text.removeIf([](QChar one) { return one.isNull() || one == QChar::ObjectReplacementCharacter; });
     const int begin = pasting.cursor.selectionStart();
-    pasting.cursor.insertText(text);
+    pasting.cursor.insertText(text, FormatToType(pasting.cursor));
     SpellOutFormats(*pasting.cursor.document(), begin, pasting.cursor.position(), pasting.font);
 }
 

@@ -41,6 +41,17 @@ const QPalette& NotePalette()
     return palette;
 }
 
+bool IsBlank(QChar character)
+{
+    return character == u' ' || character == QChar::Nbsp || character == QChar::ObjectReplacementCharacter;
+}
+
+// Tabs and lines that are begun in a blank box look as it does; those of a note have formats of their own.
+bool IsBlankOrSpace(QChar character)
+{
+    return character.isSpace() || IsBlank(character);
+}
+
 [[noreturn]] void RaiseAccessError()
 {
     throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
@@ -81,7 +92,8 @@ void RichTextBox::SetText(const QString& text)
     BeginSetting();
     document()->setUndoRedoEnabled(false);
     document()->clear();
-    QTextCursor(document()).insertText(text, m_typingFormat);
+    QTextCursor(document()).insertText(text);
+    FormatAsTyped();
     document()->setUndoRedoEnabled(true);
     m_source.reset();
     EndSetting();
@@ -115,6 +127,7 @@ void RichTextBox::SetTextRTF(const QByteArray& rtf)
 void RichTextBox::FormatAsTyped()
 {
     QTextCursor all(document());
+    all.setBlockCharFormat(m_typingFormat);
     all.select(QTextCursor::Document);
     all.setCharFormat(m_typingFormat);
 }
@@ -135,7 +148,7 @@ void RichTextBox::EndSetting()
     KeepShapedText();
     document()->clearUndoRedoStacks();
     document()->setModified(false);
-    m_blank = IsBlank();
+    m_blank = HoldsOnly(IsBlank);
     setTextCursor(QTextCursor(document()));
     m_setting = false;
     FollowCaret();
@@ -186,13 +199,11 @@ void RichTextBox::MarkSaved(const QByteArray& rtf)
     m_source = rtf;
 }
 
-bool RichTextBox::IsBlank() const
+bool RichTextBox::HoldsOnly(bool (*isFiller)(QChar)) const
 {
     const int length = document()->characterCount() - 1;
-    for (int i = 0; i < length; ++i) {
-        const QChar character = document()->characterAt(i);
-        if (!character.isSpace() && character != QChar::ObjectReplacementCharacter) return false;
-    }
+    for (int i = 0; i < length; ++i)
+        if (!isFiller(document()->characterAt(i))) return false;
     return true;
 }
 
@@ -202,16 +213,10 @@ void RichTextBox::ResetTypingFormat()
     if (m_blankColor) m_typingFormat.merge(ColorFormat(*m_blankColor));
 }
 
-// The caret's own format does not outlive a click, so in a blank box it is set anew before each change.
-void RichTextBox::UseTypingFormat()
-{
-    if (m_blank && !textCursor().hasSelection()) setCurrentCharFormat(m_typingFormat);
-}
-
 void RichTextBox::FollowText()
 {
     if (m_setting) return;
-    const bool blank = IsBlank();
+    const bool blank = HoldsOnly(m_blank ? IsBlankOrSpace : IsBlank);
     if (blank && !m_blank) ResetTypingFormat();
     m_blank = blank;
     Q_EMIT Change();

@@ -52,6 +52,11 @@ bool ChangesSilently(QKeyEvent* event)
     return std::any_of(std::begin(keys), std::end(keys), [&](auto key) { return event->matches(key); });
 }
 
+bool TakesBack(QKeyEvent* event)
+{
+    return event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo);
+}
+
 QString CharacterOf(QKeyEvent* event)
 {
     if (TypesTab(*event)) return QStringLiteral("\t");
@@ -182,12 +187,14 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
     UseTypingFormat();
-    if (TypesTab(*event)) {
-        if (!Locked()) insertPlainText(QStringLiteral("\t"));
-        return;
-    }
+    const QString typed = TypesTab(*event) ? QStringLiteral("\t") : TypedInstead(*event);
+    if (!typed.isEmpty()) return Locked() ? void() : Type(typed);
     const QScopedValueRollback admitted(m_admitted, true);
+    const QTextCharFormat format = TypedFormat();
+    const int size = document()->characterCount();
+    const bool hasText = textCursor().hasSelection() || textCursor().block().length() > 1;
     QTextEdit::keyPressEvent(event);
+    if (hasText && document()->characterCount() < size && !TakesBack(event)) KeepFormat(format);
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
@@ -201,7 +208,11 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
     }
     if (Locked()) return event->ignore(); // a text that can be selected by keys would take it in
     UseTypingFormat();
+    const QTextCharFormat format = TypedFormat();
+    const int start = std::max(SelStart() + event->replacementStart(), 0);
     QTextEdit::inputMethodEvent(event);
+    FormatCommitted(start, event->commitString().size(), format);
+    if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become so
 }
 
 bool RichTextBox::AdmitsPaste()

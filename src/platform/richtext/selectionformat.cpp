@@ -29,6 +29,17 @@ int AlignmentOf(const QTextBlock& block)
 }
 } // namespace
 
+QTextCharFormat FormatToType(const QTextCursor& selection)
+{
+    if (!selection.hasSelection()) return selection.charFormat();
+    QTextCursor first(selection);
+    first.setPosition(selection.selectionStart());
+    if (!first.atBlockEnd()) first.movePosition(QTextCursor::NextCharacter); // a format is that of what lies before
+    QTextCharFormat format = first.charFormat();
+    format.clearProperty(QTextFormat::ObjectType); // text in place of a picture is text
+    return format;
+}
+
 std::optional<int> CommonAlignment(const QTextCursor& selection)
 {
     QTextBlock block = selection.document()->findBlock(selection.selectionStart());

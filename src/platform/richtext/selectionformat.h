@@ -49,6 +49,9 @@ auto CommonValue(const QTextCursor& selection, const QTextCharFormat& caretForma
     return common;
 }
 
+// What is typed in place of the selection, or at the caret: the format of the first character that goes.
+QTextCharFormat FormatToType(const QTextCursor& selection);
+
 // 0 left, 1 right, 2 centre; empty where the paragraphs differ.
 std::optional<int> CommonAlignment(const QTextCursor& selection);
 
