@@ -207,10 +207,16 @@ bool RichTextBox::HoldsOnly(bool (*isFiller)(QChar)) const
     return true;
 }
 
+QTextCharFormat RichTextBox::InitialFormat() const
+{
+    QTextCharFormat format = FormatOf(Font());
+    if (m_blankColor) format.merge(ColorFormat(*m_blankColor));
+    return format;
+}
+
 void RichTextBox::ResetTypingFormat()
 {
-    m_typingFormat = FormatOf(Font());
-    if (m_blankColor) m_typingFormat.merge(ColorFormat(*m_blankColor));
+    m_typingFormat = InitialFormat();
 }
 
 void RichTextBox::FollowText()

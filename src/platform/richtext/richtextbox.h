@@ -145,6 +145,7 @@ private:
     void FollowText();
     void FollowCaret();
     bool HoldsOnly(bool (*isFiller)(QChar)) const;
+    QTextCharFormat InitialFormat() const;
     void ResetTypingFormat();
     void UseTypingFormat();
     QTextCharFormat TypedFormat() const;

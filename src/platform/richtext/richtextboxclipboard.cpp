@@ -23,7 +23,7 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     UseTypingFormat();
     QTextCursor cursor = textCursor();
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
-    if (!Paste(*source, cursor, Font(), {.width = std::max(width, 1)})) return TellUnpasted(*source);
+    if (!Paste(*source, cursor, InitialFormat(), {.width = std::max(width, 1)})) return TellUnpasted(*source);
     setTextCursor(cursor);
     ensureCursorVisible();
 }

@@ -95,10 +95,10 @@ std::uint32_t Color(const QTextCharFormat& format, const QFont&)
     return ValueOfColor(format.foreground().color());
 }
 
-void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont)
+void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCharFormat& base)
 {
     if (end <= start) return;
-    const QTextCharFormat base = FormatOf(defaultFont);
+    const QFont defaultFont = base.font();
     QTextCursor cursor(&document);
     cursor.joinPreviousEditBlock();
     for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;

@@ -76,6 +76,7 @@ QTextCharFormat ColorFormat(std::uint32_t color);
 // All that the font says, spelled out.
 QTextCharFormat FormatOf(const QFont& font);
 
-// Gives each run of characters from start to end its whole format, sizes in points: pasted text may say sizes in pixels
-// or relative ones, over which a size in points that is set later would not count. Joins the step of undo before it.
-void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont);
+// Gives each run of characters from start to end its whole format over the base, sizes in points: pasted text may say
+// sizes in pixels or relative ones, over which a size in points that is set later would not count. Joins the step of
+// undo before it.
+void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCharFormat& base);
