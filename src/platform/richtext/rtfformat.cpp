@@ -172,8 +172,7 @@ QRgb ColorOf(const QBrush& brush)
 
 QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& family)
 {
-    QTextCharFormat format;
-    format.setFontFamilies({family.isEmpty() ? NamelessFamily.toString() : family});
+    QTextCharFormat format = NameFormat(family.isEmpty() ? NamelessFamily.toString() : family);
     format.setFontPointSize(character.halfPoints / 2.0);
     format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));

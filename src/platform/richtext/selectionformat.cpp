@@ -1,6 +1,7 @@
 #include "platform/richtext/selectionformat.h"
 
 #include "platform/look/colorvalue.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QTextLayout>
 
@@ -17,6 +18,14 @@ constexpr int NormalSize = 2;
 double PointSize(const QFont& font)
 {
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * PointsPerPixel;
+}
+
+// A sign is a character of its own here, for which a font of signs may draw nothing: any other font draws it.
+QStringList FamiliesOf(const QString& name)
+{
+    const RtfSymbols* const signs = SymbolsOfFamily(name);
+    if (!signs || signs->symbols.empty()) return {name};
+    return {QStringLiteral("Arial"), name};
 }
 
 // In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.
@@ -76,7 +85,8 @@ bool IsStruckThrough(const QTextCharFormat& format, const QFont& defaultFont)
 QString FontName(const QTextCharFormat& format, const QFont& defaultFont)
 {
     const QStringList names = format.fontFamilies().toStringList();
-    return names.isEmpty() ? defaultFont.family() : names.first();
+    if (names.isEmpty()) return defaultFont.family();
+    return FamiliesOf(names.last()) == names ? names.last() : names.first();
 }
 
 double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
@@ -154,7 +164,7 @@ QTextCharFormat StrikeThruFormat(bool strikethrough)
 QTextCharFormat NameFormat(const QString& name)
 {
     QTextCharFormat format;
-    format.setFontFamilies({name});
+    format.setFontFamilies(FamiliesOf(name));
     return format;
 }
 
