@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QScopedValueRollback>
+#include <QTextBlock>
 #include <QTextCursor>
 
 #include <algorithm>
