@@ -2,6 +2,8 @@
 
 #include "platform/richtext/htmlbounds.h"
 #include "platform/richtext/htmlimages.h"
+#include "platform/richtext/htmlparagraphs.h"
+#include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
@@ -12,6 +14,7 @@
 #include <QTextTable>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -32,14 +35,14 @@ QString MarkOf(const QTextBlock& block)
     return (isBullet ? u"\u2022"_s : list->itemText(block)) + u'\t';
 }
 
-// Whether the next paragraph is the next cell of the same row of a table.
-bool IsCellEnd(const QTextBlock& block)
+// How many columns the next paragraph is further in the same row of a table; 0 where it is in no other cell of it.
+int ColumnsToNext(const QTextBlock& block)
 {
     const QTextTable* table = QTextCursor(block).currentTable();
     const QTextBlock next = block.next();
-    if (!table || !next.isValid() || QTextCursor(next).currentTable() != table) return false;
+    if (!table || !next.isValid() || QTextCursor(next).currentTable() != table) return 0;
     const QTextTableCell one = table->cellAt(block.position()), other = table->cellAt(next.position());
-    return one.row() == other.row() && one.column() != other.column();
+    return one.row() == other.row() ? std::clamp(other.column() - one.column(), 0, RtfParagraph::MaximumTabs) : 0;
 }
 
 // The format for another document, where there is no such list or table.
@@ -63,15 +66,19 @@ void Append(const QTextBlock& block, QTextCursor& out)
 // Lists and tables as text. There are no others in the document that is written.
 void Flatten(const QTextDocument& document, QTextDocument& flat)
 {
+    HtmlParagraphs paragraphs;
     QTextCursor out(&flat);
     out.beginEditBlock();
-    out.setBlockFormat(Freed(document.begin().blockFormat()));
+    bool isFirst = true;
+    int columns = 0; // since the paragraph before
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (IsBesideTable(block)) continue;
+        const bool isNext = !std::exchange(isFirst, false);
+        if (isNext && columns == 0) out.insertBlock(paragraphs.FormatOf(block), Freed(block.charFormat()));
+        if (!isNext) out.setBlockFormat(paragraphs.FormatOf(block));
         Append(block, out);
-        if (IsCellEnd(block))
-            out.insertText(u"\t"_s);
-        else if (block.next().isValid())
-            out.insertBlock(Freed(block.next().blockFormat()), Freed(block.next().charFormat()));
+        columns = ColumnsToNext(block);
+        out.insertText(QString(columns, u'\t'));
     }
     out.endEditBlock();
 }
@@ -85,8 +92,9 @@ bool IsPictures(const QTextDocument& document)
 
 } // namespace
 
-HtmlNote ReadHtml(const QString& html, const QFont& font, const PictureFit& fit)
+HtmlNote ReadHtml(const QString& html, const QTextCharFormat& initial, const PictureFit& fit)
 {
+    const QFont font = initial.font();
     if (!IsWithinBounds(html)) return {};
     ClosedDocument document;
     document.setUndoRedoEnabled(false);
@@ -94,7 +102,7 @@ HtmlNote ReadHtml(const QString& html, const QFont& font, const PictureFit& fit)
     document.setHtml(html);
     AdoptImages(document, 0, document.characterCount() - 1, fit);
     if (document.isEmpty()) return {};
-    SpellOutFormats(document, 0, document.characterCount() - 1, font);
+    SpellOutFormats(document, 0, document.characterCount() - 1, initial);
     QTextDocument flat;
     flat.setUndoRedoEnabled(false);
     flat.setDefaultFont(font);

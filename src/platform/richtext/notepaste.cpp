@@ -32,7 +32,7 @@ struct Pasting
 {
     const QMimeData& data;
     QTextCursor& cursor;
-    const QFont& font;
+    const QTextCharFormat& initial;
     const PictureFit& fit;
 };
 
@@ -109,7 +109,7 @@ bool TakeImage(const Pasting& pasting)
 bool TakeHtml(const Pasting& pasting)
 {
     if (!pasting.data.hasHtml()) return false;
-    const HtmlNote note = ReadHtml(pasting.data.html(), pasting.font, pasting.fit);
+    const HtmlNote note = ReadHtml(pasting.data.html(), pasting.initial, pasting.fit);
     // A browser says of an image where it came from, and has the image beside it.
     if (note.isPictures && TakeImage(pasting)) return true;
     return PasteForeign(pasting, note.rtf);
@@ -119,8 +119,9 @@ void PasteText(const Pasting& pasting, QString text)
 {
     text.removeIf([](QChar one) { return one.isNull() || one == QChar::ObjectReplacementCharacter; });
     const int begin = pasting.cursor.selectionStart();
-    pasting.cursor.insertText(text);
-    SpellOutFormats(*pasting.cursor.document(), begin, pasting.cursor.position(), pasting.font);
+    pasting.cursor.insertText(text, FormatToType(pasting.cursor));
+    const QTextCharFormat base = FormatOf(pasting.initial.font()); // without its colour, as the caret may have none
+    SpellOutFormats(*pasting.cursor.document(), begin, pasting.cursor.position(), base);
 }
 
 // By its first bytes, since any number of large files may have been dropped.
@@ -158,10 +159,10 @@ bool CanPaste(const QMimeData& data)
            data.hasImage() || data.hasUrls() || data.hasText();
 }
 
-bool Paste(const QMimeData& data, QTextCursor& cursor, const QFont& font, const PictureFit& fit)
+bool Paste(const QMimeData& data, QTextCursor& cursor, const QTextCharFormat& initial, const PictureFit& fit)
 {
     static constexpr std::array Takers{TakeNote, TakeRichText, TakeHtml, TakeImage, TakeFiles, TakeText};
-    const Pasting pasting{data, cursor, font, fit};
+    const Pasting pasting{data, cursor, initial, fit};
     cursor.beginEditBlock();
     const bool isTaken = std::ranges::any_of(Takers, [&](auto take) { return take(pasting); });
     cursor.endEditBlock();

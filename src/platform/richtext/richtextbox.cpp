@@ -42,6 +42,17 @@ const QPalette& NotePalette()
     return palette;
 }
 
+bool IsBlank(QChar character)
+{
+    return character == u' ' || character == QChar::Nbsp || character == QChar::ObjectReplacementCharacter;
+}
+
+// Tabs and lines that are begun in a blank box look as it does; those of a note have formats of their own.
+bool IsBlankOrSpace(QChar character)
+{
+    return character.isSpace() || IsBlank(character);
+}
+
 [[noreturn]] void RaiseAccessError()
 {
     throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
@@ -83,7 +94,8 @@ void RichTextBox::SetText(const QString& text)
     BeginSetting();
     document()->setUndoRedoEnabled(false);
     document()->clear();
-    QTextCursor(document()).insertText(text, m_typingFormat);
+    QTextCursor(document()).insertText(text);
+    FormatAsTyped();
     document()->setUndoRedoEnabled(true);
     m_source.reset();
     EndSetting();
@@ -117,6 +129,7 @@ void RichTextBox::SetTextRTF(const QByteArray& rtf)
 void RichTextBox::FormatAsTyped()
 {
     QTextCursor all(document());
+    all.setBlockCharFormat(m_typingFormat);
     all.select(QTextCursor::Document);
     all.setCharFormat(m_typingFormat);
 }
@@ -137,7 +150,7 @@ void RichTextBox::EndSetting()
     KeepShapedText();
     document()->clearUndoRedoStacks();
     document()->setModified(false);
-    m_blank = IsBlank();
+    m_blank = HoldsOnly(IsBlank);
     setTextCursor(QTextCursor(document()));
     m_setting = false;
     FollowCaret();
@@ -188,31 +201,31 @@ void RichTextBox::MarkSaved(const QByteArray& rtf)
     m_source = rtf;
 }
 
-bool RichTextBox::IsBlank() const
+bool RichTextBox::HoldsOnly(bool (*isFiller)(QChar)) const
 {
-    const auto isBlank = [](QChar one) { return one.isSpace() || one == QChar::ObjectReplacementCharacter; };
+    if (document()->blockCount() > 1 && !isFiller(QChar::ParagraphSeparator)) return false;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         for (auto at = block.begin(); !at.atEnd(); ++at)
-            if (!std::ranges::all_of(at.fragment().text(), isBlank)) return false;
+            if (!std::ranges::all_of(at.fragment().text(), isFiller)) return false;
     return true;
+}
+
+QTextCharFormat RichTextBox::InitialFormat() const
+{
+    QTextCharFormat format = FormatOf(Font());
+    if (m_blankColor) format.merge(ColorFormat(*m_blankColor));
+    return format;
 }
 
 void RichTextBox::ResetTypingFormat()
 {
-    m_typingFormat = FormatOf(Font());
-    if (m_blankColor) m_typingFormat.merge(ColorFormat(*m_blankColor));
-}
-
-// The caret's own format does not outlive a click, so in a blank box it is set anew before each change.
-void RichTextBox::UseTypingFormat()
-{
-    if (m_blank && !textCursor().hasSelection()) setCurrentCharFormat(m_typingFormat);
+    m_typingFormat = InitialFormat();
 }
 
 void RichTextBox::FollowText()
 {
     if (m_setting) return;
-    const bool blank = IsBlank();
+    const bool blank = HoldsOnly(m_blank ? IsBlankOrSpace : IsBlank);
     if (blank && !m_blank) ResetTypingFormat();
     m_blank = blank;
     Q_EMIT Change();

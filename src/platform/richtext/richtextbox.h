@@ -150,9 +150,15 @@ private:
     void KeepShapedText();
     void FollowText();
     void FollowCaret();
-    bool IsBlank() const;
+    bool HoldsOnly(bool (*isFiller)(QChar)) const;
+    QTextCharFormat InitialFormat() const;
     void ResetTypingFormat();
     void UseTypingFormat();
+    QTextCharFormat TypedFormat() const;
+    QString TypedInstead(QKeyEvent& event) const;
+    void Type(const QString& text);
+    void KeepFormat(const QTextCharFormat& format);
+    void FormatCommitted(int start, qsizetype length, const QTextCharFormat& format);
     template <typename Read>
     auto Selected(Read read) const;
     void ChangeFont(const QFont& font, const QTextCharFormat& part);
@@ -170,7 +176,7 @@ private:
     MovedTexts m_moved{*this}; // between this note and others
 
     std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while unmodified
-    bool m_blank = true;                       // nothing but blanks, empty lines and pictures
+    bool m_blank = true;                       // nothing but blanks, pictures, and lines that were begun since
     QTextCharFormat m_typingFormat;            // of what is typed into a blank box
     std::optional<std::uint32_t> m_blankColor; // set while the box was empty
     int m_caret = 0;                           // caret and anchor as SelChange last told them

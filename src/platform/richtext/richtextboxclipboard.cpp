@@ -26,7 +26,7 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
     const bool isPasted = [&] {
         const WithoutLines noLines(*document());
-        return Paste(*source, cursor, Font(), {.width = std::max(width, 1)});
+        return Paste(*source, cursor, InitialFormat(), {.width = std::max(width, 1)});
     }();
     if (!isPasted) return TellUnpasted(*source);
     setTextCursor(cursor);

@@ -7,6 +7,7 @@
 #include <QInputMethod>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextCursor>
 
 #include <algorithm>
@@ -55,6 +56,11 @@ bool ChangesSilently(QKeyEvent* event)
     return std::any_of(std::begin(keys), std::end(keys), [&](auto key) { return event->matches(key); });
 }
 
+bool TakesBack(QKeyEvent* event)
+{
+    return event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo);
+}
+
 QString CharacterOf(QKeyEvent* event)
 {
     if (TypesTab(*event)) return QStringLiteral("\t");
@@ -65,8 +71,7 @@ QString CharacterOf(QKeyEvent* event)
 // Takes away more than a letter, or brings it back.
 bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 {
-    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) return true;
-    return cursor.hasSelection() && !CharacterOf(event).isEmpty();
+    return TakesBack(event) || (cursor.hasSelection() && !CharacterOf(event).isEmpty());
 }
 } // namespace
 
@@ -212,14 +217,16 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     if (event->matches(QKeySequence::Undo) && m_moved.Undo()) return;
     if (event->matches(QKeySequence::Redo) && m_moved.Redo()) return;
     UseTypingFormat();
-    if (TypesTab(*event)) {
-        if (!Locked()) insertPlainText(QStringLiteral("\t"));
-        return;
-    }
+    const QString typed = TypesTab(*event) ? QStringLiteral("\t") : TypedInstead(*event);
+    if (!typed.isEmpty()) return Locked() ? void() : Type(typed);
     const QScopedValueRollback admitted(m_admitted, true);
     std::optional<WithoutLines> noLines;
     if (ChangesMuch(event, textCursor())) noLines.emplace(*document());
+    const QTextCharFormat format = TypedFormat();
+    const int size = document()->characterCount();
+    const bool hasText = textCursor().hasSelection() || textCursor().block().length() > 1;
     QTextEdit::keyPressEvent(event);
+    if (hasText && document()->characterCount() < size && !TakesBack(event)) KeepFormat(format);
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
@@ -233,7 +240,11 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
     }
     if (Locked()) return event->ignore(); // a text that can be selected by keys would take it in
     UseTypingFormat();
+    const QTextCharFormat format = TypedFormat();
+    const int start = std::max(SelStart() + event->replacementStart(), 0);
     QTextEdit::inputMethodEvent(event);
+    FormatCommitted(start, event->commitString().size(), format);
+    if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become so
 }
 
 bool RichTextBox::AdmitsPaste()

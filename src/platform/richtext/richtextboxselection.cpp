@@ -3,6 +3,8 @@
 #include "platform/richtext/selectionformat.h"
 #include "platform/runtime/runtimeerror.h"
 
+#include <QTextBlock>
+
 #include <algorithm>
 #include <array>
 
@@ -20,6 +22,13 @@ void CheckFontSize(double points)
 {
     if (!(points > 0 && points <= LargestFont)) RaiseInvalidValue();
 }
+// An empty paragraph has its format for what will be typed there; a selection from there on does not reach it.
+void MergeIntoEmptyLine(const QTextCursor& selection, const QTextCharFormat& part)
+{
+    QTextCursor start(selection.document());
+    start.setPosition(selection.selectionStart());
+    if (start.block().length() == 1) start.mergeBlockCharFormat(part);
+}
 } // namespace
 
 QFont RichTextBox::Font() const
@@ -31,7 +40,6 @@ void RichTextBox::SetBlankFormat(const QFont& font, std::uint32_t color)
 {
     if (font != Font()) document()->setDefaultFont(font);
     m_blankColor = color;
-    // Tabs and empty lines are text that somebody has formatted.
     if (m_blank && Text().remove(u' ').isEmpty()) ResetTypingFormat();
 }
 
@@ -91,6 +99,7 @@ void RichTextBox::ChangeAllText(const QTextCharFormat& part)
 {
     if (m_blank) return;
     QTextCursor all(document());
+    MergeIntoEmptyLine(all, part);
     all.select(QTextCursor::Document);
     all.mergeCharFormat(part);
     document()->setModified(true);
@@ -147,7 +156,10 @@ std::optional<int> RichTextBox::SelAlignment() const
 
 void RichTextBox::MergeIntoSelection(const QTextCharFormat& part)
 {
-    if (m_blank) m_typingFormat.merge(part);
+    if (m_blank)
+        m_typingFormat.merge(part);
+    else
+        MergeIntoEmptyLine(textCursor(), part);
     mergeCurrentCharFormat(part);
 }
 

@@ -27,6 +27,58 @@ int TwipsOf(double pixels)
     return qRound(std::clamp(pixels, -1e6, 1e6) * TwipsPerPixel);
 }
 
+// A document counts the tab stops of a line from where that line begins; for these lines they are told anew.
+class FirstLine
+{
+public:
+    explicit FirstLine(const RtfParagraph& paragraph)
+        : m_paragraph(paragraph),
+          m_begin(paragraph.measures[RtfParagraph::Left] + paragraph.measures[RtfParagraph::First])
+    {
+    }
+
+    // From where the line begins, by position.
+    QList<QTextOption::Tab> Stops(int shownIndent) const
+    {
+        QList<QTextOption::Tab> stops;
+        for (const QTextOption::Tab& tab : m_paragraph.tabs)
+            if (tab.position > m_begin) stops.append(QTextOption::Tab(tab.position - m_begin, tab.type));
+        if (shownIndent < 0) stops.append(QTextOption::Tab(-shownIndent, QTextOption::LeftTab));
+        std::ranges::stable_sort(stops, {}, &QTextOption::Tab::position);
+        AppendUsual(stops);
+        return stops;
+    }
+
+private:
+    // Without them a document goes on with the usual distance from where the line begins.
+    void AppendUsual(QList<QTextOption::Tab>& stops) const
+    {
+        constexpr int Distance = 720, Widest = 14400; // twips
+        if (m_begin % Distance == 0) return;
+        const double last = stops.isEmpty() ? 0 : stops.last().position;
+        for (int stop = -m_begin % Distance; stop <= Widest; stop += Distance)
+            if (stop > last) stops.append(QTextOption::Tab(stop, QTextOption::LeftTab));
+    }
+
+    const RtfParagraph& m_paragraph;
+    int m_begin; // twips from the edge
+};
+
+// As much as a first line that begins beyond the edge moves the others.
+constexpr int MostMoved = 1440;
+
+RtfParagraph Shown(const RtfParagraph& paragraph)
+{
+    RtfParagraph shown = paragraph;
+    int& start = shown.measures[paragraph.isRightToLeft ? RtfParagraph::Right : RtfParagraph::Left];
+    int& first = shown.measures[RtfParagraph::First];
+    const bool isAtEdge = start == 0 && first == 0;
+    start = std::max(start, std::min(-first, MostMoved));
+    first = std::max(first, -start);
+    if (!isAtEdge && !paragraph.isRightToLeft) shown.tabs = FirstLine(paragraph).Stops(first);
+    return shown;
+}
+
 struct BlockMeasure
 {
     QTextFormat::Property property;
@@ -120,8 +172,7 @@ QRgb ColorOf(const QBrush& brush)
 
 QTextCharFormat MakeCharFormat(const RtfCharacter& character, const QString& family)
 {
-    QTextCharFormat format;
-    format.setFontFamilies({family.isEmpty() ? NamelessFamily.toString() : family});
+    QTextCharFormat format = NameFormat(family.isEmpty() ? NamelessFamily.toString() : family);
     format.setFontPointSize(character.halfPoints / 2.0);
     format.setFontWeight(character.styles & RtfStyle::Bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(character.styles.testFlag(RtfStyle::Italic));
@@ -164,9 +215,11 @@ QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family)
     return *kept.insert(key, MakeCharFormat(character, family));
 }
 
-QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph)
+QTextBlockFormat ToBlockFormat(const RtfParagraph& written)
 {
+    const RtfParagraph paragraph = Shown(written);
     QTextBlockFormat format;
+    if (paragraph != written) format.setProperty(RtfParagraphProperty, QVariant::fromValue(written));
     if (paragraph.isRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
     SetAlignment(format, paragraph);
     for (const auto [property, measure] : BlockMeasures)
@@ -213,5 +266,10 @@ RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)
     paragraph.tabs = format.tabPositions().mid(0, RtfParagraph::MaximumTabs);
     for (QTextOption::Tab& tab : paragraph.tabs)
         tab.position = std::clamp(TwipsOf(tab.position), 0, RtfParagraph::Furthest);
+    if (!format.hasProperty(RtfParagraphProperty)) return paragraph;
+    const auto written = format.property(RtfParagraphProperty).value<RtfParagraph>();
+    for (const auto measure : {RtfParagraph::Left, RtfParagraph::Right, RtfParagraph::First})
+        paragraph.measures[measure] = written.measures[measure];
+    paragraph.tabs = written.tabs;
     return paragraph;
 }

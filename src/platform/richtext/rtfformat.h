@@ -46,6 +46,7 @@ inline constexpr RtfUnderline RtfUnderlines[] = {
 // What a document has no property for and is kept for the writing.
 inline constexpr int RtfUnderlineProperty = QTextFormat::UserProperty + 0x501; // place in RtfUnderlines
 inline constexpr int RtfRiseProperty = QTextFormat::UserProperty + 0x502;      // half points, as in RtfCharacter
+inline constexpr int RtfParagraphProperty = QTextFormat::UserProperty + 0x503; // whose indents and tabs are shown else
 
 struct RtfCharacter
 {
@@ -104,6 +105,9 @@ inline constexpr QStringView NamelessFamily = u"Arial";
 // Link and family are places in tables of the caller, who gives the family and sets the link.
 // Kept for the notes to come, since the notes of a planner share a few formats, which are dear to make.
 QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family);
+
+// Shown as rich text means it: tab stops lie where they do from the edge of the paper, a negative first indent is a
+// stop itself, and no line begins beyond that edge.
 QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph);
 
 // What a format leaves open is taken from the font. The place of the family is left to the caller.

@@ -39,11 +39,33 @@ constexpr std::u32string_view Dingbats = U" 🖉✂✁👓🔔📖🕯☎✆✉�
                                          U"→↑↓↖↗↙↘⬅➡⬆⬇⬉⬈⬋⬊⇦"
                                          U"⇨⇧⇩⬄⇳⬁⬀⬃⬂▭▫✗✓☒☑\0"sv;
 
-static_assert(Greek.size() == 224 && Dingbats.size() == 224);
+constexpr std::u32string_view Zapf = U" ✁✂✃✄☎✆✇✈✉☛☞✌✍✎✏"
+                                     U"✐✑✒✓✔✕✖✗✘✙✚✛✜✝✞✟"
+                                     U"✠✡✢✣✤✥✦✧★✩✪✫✬✭✮✯"
+                                     U"✰✱✲✳✴✵✶✷✸✹✺✻✼✽✾✿"
+                                     U"❀❁❂❃❄❅❆❇❈❉❊❋●❍■❏"
+                                     U"❐❑❒▲▼◆❖◗❘❙❚❛❜❝❞\0"
+                                     U"❨❩❪❫❬❭❮❯❰❱❲❳❴❵\0\0"
+                                     U"\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"
+                                     U"\0❡❢❣❤❥❦❧♣♦♥♠①②③④"
+                                     U"⑤⑥⑦⑧⑨⑩❶❷❸❹❺❻❼❽❾❿"
+                                     U"➀➁➂➃➄➅➆➇➈➉➊➋➌➍➎➏"
+                                     U"➐➑➒➓➔→↔↕➘➙➚➛➜➝➞➟"
+                                     U"➠➡➢➣➤➥➦➧➨➩➪➫➬➭➮➯"
+                                     U"\0➱➲➳➴➵➶➷➸➹➺➻➼➽➾\0"sv;
+
+static_assert(Greek.size() == 224 && Dingbats.size() == 224 && Zapf.size() == 224);
 
 constexpr RtfSymbols Fonts[] = {
-    {u"Symbol", Greek},   {u"Wingdings", Dingbats}, {u"Wingdings 2", {}},
-    {u"Wingdings 3", {}}, {u"Webdings", {}},        {u"Marlett", {}},
+    {u"Symbol", Greek},
+    {u"Wingdings", Dingbats},
+    {u"Zapf Dingbats", Zapf},
+    {u"ZapfDingbats", Zapf},
+    {u"ITC Zapf Dingbats", Zapf},
+    {u"Wingdings 2", {}},
+    {u"Wingdings 3", {}},
+    {u"Webdings", {}},
+    {u"Marlett", {}},
 };
 
 constexpr char16_t PrivateBase = 0xF000;

@@ -1,6 +1,7 @@
 #include "platform/richtext/selectionformat.h"
 
 #include "platform/look/colorvalue.h"
+#include "platform/richtext/rtfsymbols.h"
 
 #include <QTextLayout>
 
@@ -19,6 +20,14 @@ double PointSize(const QFont& font)
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * PointsPerPixel;
 }
 
+// A sign is a character of its own here, for which a font of signs may draw nothing: any other font draws it.
+QStringList FamiliesOf(const QString& name)
+{
+    const RtfSymbols* const signs = SymbolsOfFamily(name);
+    if (!signs || signs->symbols.empty()) return {name};
+    return {QStringLiteral("Arial"), name};
+}
+
 // In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.
 int AlignmentOf(const QTextBlock& block)
 {
@@ -28,6 +37,17 @@ int AlignmentOf(const QTextBlock& block)
     return bool(alignment & Qt::AlignRight) != mirrored ? 1 : 0;
 }
 } // namespace
+
+QTextCharFormat FormatToType(const QTextCursor& selection)
+{
+    if (!selection.hasSelection()) return selection.charFormat();
+    QTextCursor first(selection);
+    first.setPosition(selection.selectionStart());
+    if (!first.atBlockEnd()) first.movePosition(QTextCursor::NextCharacter); // a format is that of what lies before
+    QTextCharFormat format = first.charFormat();
+    format.clearProperty(QTextFormat::ObjectType); // text in place of a picture is text
+    return format;
+}
 
 std::optional<int> CommonAlignment(const QTextCursor& selection)
 {
@@ -65,7 +85,8 @@ bool IsStruckThrough(const QTextCharFormat& format, const QFont& defaultFont)
 QString FontName(const QTextCharFormat& format, const QFont& defaultFont)
 {
     const QStringList names = format.fontFamilies().toStringList();
-    return names.isEmpty() ? defaultFont.family() : names.first();
+    if (names.isEmpty()) return defaultFont.family();
+    return FamiliesOf(names.last()) == names ? names.last() : names.first();
 }
 
 double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
@@ -84,10 +105,10 @@ std::uint32_t Color(const QTextCharFormat& format, const QFont&)
     return ValueOfColor(format.foreground().color());
 }
 
-void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont)
+void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCharFormat& base)
 {
     if (end <= start) return;
-    const QTextCharFormat base = FormatOf(defaultFont);
+    const QFont defaultFont = base.font();
     QTextCursor cursor(&document);
     cursor.joinPreviousEditBlock();
     for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;
@@ -143,7 +164,7 @@ QTextCharFormat StrikeThruFormat(bool strikethrough)
 QTextCharFormat NameFormat(const QString& name)
 {
     QTextCharFormat format;
-    format.setFontFamilies({name});
+    format.setFontFamilies(FamiliesOf(name));
     return format;
 }
 

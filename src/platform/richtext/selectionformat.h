@@ -49,6 +49,9 @@ auto CommonValue(const QTextCursor& selection, const QTextCharFormat& caretForma
     return common;
 }
 
+// What is typed in place of the selection, or at the caret: the format of the first character that goes.
+QTextCharFormat FormatToType(const QTextCursor& selection);
+
 // 0 left, 1 right, 2 centre; empty where the paragraphs differ.
 std::optional<int> CommonAlignment(const QTextCursor& selection);
 
@@ -73,6 +76,7 @@ QTextCharFormat ColorFormat(std::uint32_t color);
 // All that the font says, spelled out.
 QTextCharFormat FormatOf(const QFont& font);
 
-// Gives each run of characters from start to end its whole format, sizes in points: pasted text may say sizes in pixels
-// or relative ones, over which a size in points that is set later would not count. Joins the step of undo before it.
-void SpellOutFormats(QTextDocument& document, int start, int end, const QFont& defaultFont);
+// Gives each run of characters from start to end its whole format over the base, sizes in points: pasted text may say
+// sizes in pixels or relative ones, over which a size in points that is set later would not count. Joins the step of
+// undo before it.
+void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCharFormat& base);

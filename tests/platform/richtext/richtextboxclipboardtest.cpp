@@ -192,6 +192,34 @@ private Q_SLOTS:
         QCOMPARE(WriteRtf(*box.document()), before);
     }
 
+    void PageStandsAsItDid()
+    {
+        QMimeData page;
+        page.setHtml(u"<ul><li><p>one</p><ul><li><p>two</p></li></ul></li></ul><table><thead><tr><th>Name of all</th>"
+                     "<th>Sum</th></tr></thead><tr><td>a</td><td style='color:#00ff00'>5</td></tr></table><p>x</p>"_s);
+        Box box;
+        box.SetBlankFormat(QFont(u"Courier"_s, 9), 0xff);
+        box.insertFromMimeData(&page);
+        QCOMPARE(box.Shown(), u"\u2022\tone|\u2022\ttwo|Name of all\tSum|a\t5|x"_s);
+        const auto left = [&](int position) {
+            return box.cursorRect(Selection(*box.document(), position, position)).left();
+        };
+        const int sum = 24;
+        QCOMPARE(left(6) - left(0), left(8) - left(2)); // an item further in by as much as a mark takes
+        QVERIFY(left(6) > left(0));
+        QCOMPARE(left(sum + 6), left(sum));
+        QVERIFY(left(sum) > left(sum - 2));
+        const auto line = [&](int number) {
+            return box.document()->findBlockByNumber(number).layout()->position().y();
+        };
+        QCOMPARE(line(1) - line(0), line(2) - line(1));
+        for (const auto& [position, color] : {std::pair(2, 0xffU), {12, 0xffU}, {sum + 6, 0xff00U}}) {
+            box.Select(position, position + 1);
+            QCOMPARE(box.SelColor(), color);
+            QCOMPARE(box.SelFontName(), u"Courier"_s);
+        }
+    }
+
     void SaysWhatItCannotTake()
     {
         QApplication::clipboard()->setText(QString(9 << 20, u'x'));
@@ -280,6 +308,11 @@ private Q_SLOTS:
             QCOMPARE(box.SelColor(), 0x0000ffU);
         }
         QCOMPARE(box.Shown(), u"atextb#text"_s);
+        box.Set("{\\b a}b");
+        box.selectAll();
+        box.paste(); // as the first letter that it replaces
+        box.selectAll();
+        QCOMPARE(box.SelBold(), true);
     }
 
     void LockedBoxGivesOnly()

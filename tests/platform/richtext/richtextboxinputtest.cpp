@@ -377,6 +377,66 @@ private Q_SLOTS:
         QCOMPARE(texts(), QStringLiteral("first/other second"));
     }
 
+    void typedTextLooksLikeTheCaret_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const char* name, const char* keys, const char* shown) {
+            QTest::newRow(name) << QString::fromLatin1(keys) << QString::fromLatin1(shown);
+        };
+        row("behind an empty line", "ab$$cd", "AB||CD");
+        row("in the empty line", "ab$$cd^x", "AB|X|CD");
+        row("read again", "ab$$#cd", "AB||CD");
+        row("lines alone, read again", "$$#cd", "||CD");
+        row("above the first line", "ab{$^x", "X|AB");
+        row("taken back", "ab$$cdZ$e", "AB|||E");
+        row("chosen by hand", "ab$-$cd^x", "AB|x|cd");
+        row("chosen by hand and left", "ab$-^vcd", "AB|cd");
+        row("emptied", "ab$-cd<<^ve", "AB|e");
+        row("emptied, read again", "ab$-cd<<#e", "AB|e");
+        row("back into an empty line", "ab$$-cd<<<x", "AB|X");
+        row("over a selection to the left", "a-b+c((x", "Ax");
+        row("over a selection to the right", "-a+b{)x", "x");
+        row("a line over a selection", "-a+b{)$x", "|x");
+        row("by an input method", "~$$~", "I||I");
+        row("by an input method, over a selection", "-a+b{)~", "i");
+    }
+
+    void typedTextLooksLikeTheCaret()
+    {
+        QFETCH(QString, keys);
+        RichTextBox box;
+        box.SetBlankFormat(QFont(QStringLiteral("Arial"), 16, QFont::Bold), 0xff);
+        const QHash<QChar, QKeyCombination> moves{
+            {u'$', Qt::Key_Return}, {u'<', Qt::Key_Backspace},        {u'^', Qt::Key_Up},
+            {u'v', Qt::Key_Down},   {u'(', Qt::SHIFT | Qt::Key_Left}, {u')', Qt::SHIFT | Qt::Key_End},
+            {u'{', Qt::Key_Home}};
+        for (const QChar key : keys) {
+            if (key == u'#') {
+                box.SetTextRTF(box.TextRTF());
+                box.moveCursor(QTextCursor::End);
+            } else if (key == u'Z') {
+                box.undo();
+            } else if (key == u'+' || key == u'-') {
+                box.SetSelBold(key == u'+');
+            } else if (key == u'~') {
+                SendPreedit(box, QStringLiteral("?"));
+                SendPreedit(box, {}, QStringLiteral("i"));
+            } else if (moves.contains(key)) {
+                QTest::keyClick(&box, moves[key].key(), moves[key].keyboardModifiers());
+            } else {
+                QTest::keyClicks(&box, key);
+            }
+        }
+        QString shown = box.Text().replace(u'\n', u'|'); // what is not as it was set from the start in small letters
+        for (int i = 0; i < shown.size(); ++i) {
+            Select(box, i, 1);
+            const bool isAsSet = box.SelBold() == true && box.SelColor() == 0xffU && box.SelFontSize() == 16.0;
+            if (isAsSet) shown[i] = shown[i].toUpper();
+        }
+        QTEST(shown, "shown");
+    }
+
     void caretMovesAreTold()
     {
         Boxes boxes;

@@ -212,6 +212,24 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), QStringLiteral("a\nb\nc d"));
     }
 
+    // A font of signs that is installed may have none under the numbers that signs have everywhere else.
+    void signsArePainted()
+    {
+        for (const QByteArray& sign :
+             {"Symbol;}}\\'b7", "Symbol;}}\\'61", "ZapfDingbats;}}\\'6c", "Wingdings;}}\\'fc"}) {
+            RichTextBox box;
+            const QImage bare = box.grab().toImage();
+            box.SetTextRTF("{\\rtf1{\\fonttbl{\\f0\\fcharset2 " + sign + "}");
+            QVERIFY2(box.grab().toImage() != bare, sign);
+            box.SetModified(true);
+            QVERIFY2(box.TextRTF().contains(sign.left(sign.indexOf(';'))), sign);
+        }
+        RichTextBox box;
+        box.SetTextRTF("{\\rtf1{\\fonttbl{\\f0\\fcharset2 Zapf Dingbats;}}\\f0\\'33\\'6c\\'b6\\'d5}");
+        QCOMPARE(box.Text(), QStringLiteral("✓●❶→"));
+        QCOMPARE(box.SelFontName(), QStringLiteral("Zapf Dingbats"));
+    }
+
     void emptyBoxTakesTheDefaultFont()
     {
         for (const QByteArray& content : {QByteArray(), QByteArray("  "), QByteArray("{\\rtf1\\b\\fs60\\cf1 \\par}")}) {

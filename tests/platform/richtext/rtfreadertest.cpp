@@ -222,6 +222,39 @@ private Q_SLOTS:
         QVERIFY(check(FormatAtX(document)));
     }
 
+    // Where "x" begins, from the edge of the paper; the words before the text come back as they are.
+    void Indents_data()
+    {
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<int>("pixels");
+        const auto row = [](const char* words, const char* text, int pixels) {
+            QTest::addRow("%s%s", words, text) << QByteArray(words) << QByteArray(text) << pixels;
+        };
+        row("\\fi-360\\li720", " a\\tab x", 48);
+        row("\\fi-360\\li720", " a\\tab\\tab x", 96);
+        row("\\fi-720\\li1080\\tqr\\tx900\\tx3000", " a\\tab\\tab x", 72);
+        row("\\fi-360\\li720\\tx1440", " a\\tab\\tab x", 96);
+        row("\\li360", " a\\tab x", 48);
+        row("\\li360\\tx1440", " a\\tab x", 96);
+        row("\\fi-360", " a\\tab x", 24);
+    }
+
+    void Indents()
+    {
+        QFETCH(QByteArray, words);
+        QFETCH(QByteArray, text);
+        QTextDocument document;
+        document.setDocumentMargin(0);
+        document.setTextWidth(400);
+        ReadRtf("{\\rtf1\\fs8\\pard" + words + text + "}", document);
+        const QTextBlock block = document.begin();
+        QVERIFY(document.size().height() > 0); // lays it out
+        const int at = static_cast<int>(block.text().indexOf(u'x'));
+        QTEST(qRound(block.layout()->position().x() + block.layout()->lineForTextPosition(at).cursorToX(at)), "pixels");
+        QVERIFY2(WriteRtf(document).contains("\\pard" + words + "\\f0"), WriteRtf(document));
+    }
+
     void BlockFormat_data()
     {
         QTest::addColumn<QByteArray>("body");

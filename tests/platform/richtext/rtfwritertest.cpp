@@ -5,6 +5,7 @@
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
+#include "platform/richtext/selectionformat.h"
 #include "platform/richtext/undooffer.h"
 
 #include <QRandomGenerator>
@@ -98,8 +99,8 @@ private:
     {
         using Format = QTextCharFormat;
         Format format;
-        format.setFontFamilies({OneOf(
-            {u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u"Symbol"_s, u"Wingdings"_s, u" Ünïcödé 明朝😀"_s})});
+        format.merge(NameFormat(OneOf(
+            {u"Arial"_s, u"Times New Roman"_s, u"A;{b}\\ "_s, u"Symbol"_s, u"Wingdings"_s, u" Ünïcödé 明朝😀"_s})));
         format.setFontPointSize((1 + m_random.bounded(3276)) / 2.0);
         format.setFontWeight(Is(2) ? QFont::Bold : QFont::Normal);
         format.setFontItalic(Is(2));
@@ -146,7 +147,7 @@ private:
             tabs.append(QTextOption::Tab(pixels(), OneOf({QTextOption::LeftTab, QTextOption::RightTab,
                                                           QTextOption::CenterTab, QTextOption::DelimiterTab})));
         if (!tabs.isEmpty()) format.setTabPositions(tabs);
-        return format;
+        return ToBlockFormat(ToRtfParagraph(format)); // indents and stops as they are shown
     }
 
     QRandomGenerator m_random;
@@ -251,9 +252,8 @@ private Q_SLOTS:
     {
         QTextDocument document;
         QTextCursor cursor(&document);
-        QTextCharFormat symbol, link;
-        symbol.setFontFamilies({u"Symbol"_s});
-        cursor.insertText(u"α•a"_s, symbol);
+        QTextCharFormat link;
+        cursor.insertText(u"α•a"_s, NameFormat(u"Symbol"_s));
         link.setAnchor(true);
         link.setAnchorHref(u"http://a/\\"_s);
         link.setFontWeight(QFont::Bold);

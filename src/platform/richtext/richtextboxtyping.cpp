@@ -1,0 +1,83 @@
+// What typed text looks like.
+#include "platform/richtext/layoutcost.h"
+#include "platform/richtext/richtextbox.h"
+#include "platform/richtext/selectionformat.h"
+
+#include <QKeyEvent>
+#include <QTextBlock>
+
+#include <optional>
+
+namespace {
+bool TypesCharacter(const QKeyEvent& event)
+{
+    const QString text = event.text();
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::ShiftModifier;
+    return !text.isEmpty() && modifiers != Qt::ControlModifier &&
+           (text.front().isPrint() || text.front().isSurrogate());
+}
+} // namespace
+
+// The caret's own format does not outlive a click, so in a blank box it is set anew before each change.
+void RichTextBox::UseTypingFormat()
+{
+    if (m_blank && !textCursor().hasSelection()) setCurrentCharFormat(m_typingFormat);
+}
+
+QTextCharFormat RichTextBox::TypedFormat() const
+{
+    return m_blank ? m_typingFormat : FormatToType(textCursor());
+}
+
+// Text that the toolkit would type differently: it drops all formats at a second Return, and what it types in place of
+// a selection looks like whatever lies before the caret.
+QString RichTextBox::TypedInstead(QKeyEvent& event) const
+{
+    if (Locked()) return {};
+    if (event.matches(QKeySequence::InsertParagraphSeparator)) return QChar(QChar::ParagraphSeparator);
+    if (!textCursor().hasSelection()) return {};
+    if (event.matches(QKeySequence::InsertLineSeparator)) return QChar(QChar::LineSeparator);
+    return TypesCharacter(event) ? event.text() : QString();
+}
+
+void RichTextBox::Type(const QString& text)
+{
+    const QTextCharFormat format = TypedFormat();
+    QTextCursor cursor = textCursor();
+    std::optional<WithoutLines> noLines;
+    if (cursor.hasSelection()) noLines.emplace(*document());
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    // A paragraph that is begun here may leave an empty one.
+    if (cursor.atBlockStart() && text.front() == QChar::ParagraphSeparator) cursor.setBlockCharFormat(format);
+    cursor.insertText(text, format);
+    cursor.endEditBlock();
+    noLines.reset();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+// For a paragraph that has lost all of its text. In a blank box all is typed as at its beginning.
+void RichTextBox::KeepFormat(const QTextCharFormat& format)
+{
+    QTextCursor cursor = textCursor();
+    if (m_blank || cursor.block().length() > 1 || cursor.blockCharFormat() == format) return;
+    cursor.joinPreviousEditBlock();
+    cursor.setBlockCharFormat(format);
+    cursor.endEditBlock();
+}
+
+// The toolkit forgets the caret's format when an input method commits its text, and a selection goes already when the
+// method begins to show some.
+void RichTextBox::FormatCommitted(int start, qsizetype length, const QTextCharFormat& format)
+{
+    if (length > 0) {
+        QTextCursor committed(document());
+        committed.joinPreviousEditBlock();
+        committed.setPosition(start);
+        committed.setPosition(start + static_cast<int>(length), QTextCursor::KeepAnchor);
+        committed.setCharFormat(format);
+        committed.endEditBlock();
+    }
+    if (!textCursor().hasSelection()) setCurrentCharFormat(format);
+}
