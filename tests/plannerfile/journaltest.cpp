@@ -158,11 +158,7 @@ private Q_SLOTS:
         }
         failing.reset();
         if (way == u"exit") {
-            WorkgroupProgram::ExpectNoBox();
-            m_program->Trigger("mnuExit");
-            QCoreApplication::processEvents();
-            DropAnswers();
-            m_program->form.reset();
+            m_program->Exit();
             m_program->Start();
         }
         if (way == u"other") m_program->Open(other);
