@@ -6,6 +6,7 @@
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
+#include "plannerfile/damagewatch.h"
 #include "plannerfile/openasform.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
@@ -139,7 +140,7 @@ void Creation::MakeTables(const QString& file)
 {
     Database database = DBEngine::CreateDatabase(file, schema::Locale);
     try {
-        for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
+        for (const TableDef& table : schema::AllTables())
             database.Append(table);
     } catch (const RunTimeError&) {
         // Half a planner is none: the next open would find tables missing.
@@ -164,6 +165,7 @@ void Creation::OpenNewFile()
     const QString file = filesystem::Find(g_sDBPath);
     Database database = DBEngine::OpenDatabase(file);
     AdoptPlanner(database, schema::OpenNotes(database), file);
+    WatchForDamage(file);
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     m_notes.DropCells(); // a timer may have filled them again behind a question

@@ -1,4 +1,4 @@
-// What a person is told of a planner that turns out to be damaged while it is open.
+// Says that the open planner has turned out to be damaged.
 #pragma once
 
 class QString;

@@ -47,7 +47,7 @@ QStringList RowsOf(Recordset records, const TableDef& table)
 void MakePlanner(const QString& path)
 {
     Database planner = DBEngine::CreateDatabase(path, {});
-    for (const TableDef& table : {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()})
+    for (const TableDef& table : schema::AllTables())
         planner.Append(table);
     WriteTransaction all(planner);
     Recordset notes = schema::OpenNotes(planner);

@@ -213,7 +213,7 @@ QString CompactFile(const Stage& stage, const QString& name)
 {
     folders::SetRootForTests(stage.root); // where the reader is
     const QString file = stage.Path(name), scratch = stage.Path(QStringLiteral("/dummy.mdb"));
-    const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+    const std::vector<TableDef> tables = schema::AllTables();
     stage.Begin();
     return AnswerOf([&] {
         const DBEngine::AloneWith alone(file);
@@ -235,7 +235,7 @@ QString Convert(const Stage& stage)
 
 QString Repair(const Stage& stage)
 {
-    const std::vector<TableDef> tables = {schema::NotesTable(), schema::AlarmsTable(), schema::RecursionsTable()};
+    const std::vector<TableDef> tables = schema::AllTables();
     stage.Begin();
     return AnswerOf([&] { DBEngine::RepairDatabase(stage.Path(Planner), tables); });
 }

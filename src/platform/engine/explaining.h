@@ -1,4 +1,4 @@
-// What a person is told of a file that the engine has refused.
+// What messages say of a file that the engine has refused.
 #pragma once
 
 #include "platform/engine/tabledef.h"
