@@ -215,7 +215,7 @@ private Q_SLOTS:
     // A font of signs that is installed may have none under the numbers that signs have everywhere else.
     void signsArePainted()
     {
-        for (const QByteArray& sign :
+        for (const QByteArray sign :
              {"Symbol;}}\\'b7", "Symbol;}}\\'61", "ZapfDingbats;}}\\'6c", "Wingdings;}}\\'fc"}) {
             RichTextBox box;
             const QImage bare = box.grab().toImage();
