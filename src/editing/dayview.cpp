@@ -28,6 +28,7 @@
 #include "workgroup/workgroupstate.h"
 
 #include <QFile>
+#include <QScopeGuard>
 
 namespace {
 constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
@@ -215,12 +216,15 @@ void DayView::Unlock(bool cancelled)
 
 void DayView::CommitDay()
 {
+    const auto isOver = qScopeGuard([this] { m_storing.reset(); });
+    if (m_text != m_record.LockedText()) m_storing = UnsavedNote{m_text, m_record.LockedText(), {}};
     try {
         m_record.Commit(m_text);
     } catch (const RunTimeError& error) {
         LogError(error, ZoomLiteral);
         return KeepLocked(error.Description);
     }
+    m_storing.reset();
     m_notes.ForgetDay(m_day.key);
     Mark(m_day.cell, false);
     Q_EMIT m_cells.StateChanged(m_day.cell);
@@ -236,10 +240,10 @@ void DayView::KeepLocked(const QString& reason)
     if (ShowsDay() && !m_isExiting) {
         HandToCell();
     } else {
+        m_notes.PutNote(m_day.key, {m_text, m_record.LockedText(), {}});
         m_record.Close();
         Mark(m_day.cell, false);
         Q_EMIT m_cells.StateChanged(m_day.cell);
-        m_notes.PutNote(m_day.key, {m_text, m_record.LockedText(), {}});
     }
     if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
 }
@@ -257,6 +261,7 @@ void DayView::HandToCell()
 
 void DayView::AddTyped(UnsavedNotes& typed) const
 {
+    if (m_storing) typed.Keep(g_sNotesFile, m_day.key, *m_storing);
     if (!m_form || !m_form->tbZoom().Modified()) return;
     const RichTextBox& box = m_form->tbZoom();
     typed.Keep(g_sNotesFile, m_day.key,

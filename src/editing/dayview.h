@@ -3,9 +3,12 @@
 #pragma once
 
 #include "calendar/dayviewport.h"
+#include "plannerfile/unsavednotes.h"
 
 #include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 struct BottomPanel;
 class Cells;
@@ -16,7 +19,6 @@ struct NetworkControls;
 class QMTDB;
 class RichTextBox;
 struct Sidebar;
-class UnsavedNotes;
 class ViewMode;
 class ZoomBoxForm;
 
@@ -84,5 +86,6 @@ private:
     QByteArray m_base; // of a workgroup's day: what the file held as far as this screen knew when the window opened
     bool m_isEmpty = false;
     bool m_isExiting = false;
-    bool m_taken = false; // closed from outside, which has taken the text and given up the lock
+    std::optional<UnsavedNote> m_storing; // while the record takes it, and no box holds it as typed
+    bool m_taken = false;                 // closed from outside, which has taken the text and given up the lock
 };

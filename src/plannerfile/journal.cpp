@@ -128,7 +128,8 @@ bool Journal::LeaveBehind(const UnsavedNotes& notes, QString& reason)
 {
     const Place place = FreePlace(reason);
     // Without a lock nobody would find it.
-    if (reason.isEmpty() && WriteDurably(place.path, journalfile::Encode(notes), &reason) && place.lock) return true;
+    if (!place.lock && reason.isEmpty()) reason = QStringLiteral("'%1' takes no locks.").arg(Folder().path());
+    if (reason.isEmpty() && WriteDurably(place.path, journalfile::Encode(notes), &reason)) return true;
     LogError({errors::PathFileAccess, reason}, JournalTail);
     return false;
 }
@@ -178,8 +179,7 @@ LeftJournal::All LeftJournal::FindAll()
     All all;
     // Files alone: what a link leads to may have no end.
     const auto kind = QDir::Files | QDir::NoSymLinks;
-    const QDir folder(folders::ApplicationDirectory() + QStringLiteral("/journal"));
-    for (const QFileInfo& entry : folder.entryInfoList({u'*' + Extension}, kind, QDir::Time)) {
+    for (const QFileInfo& entry : Folder().entryInfoList({u'*' + Extension}, kind, QDir::Time)) {
         auto lock = FileLock::Try(LockOf(entry.filePath()));
         QFile file(entry.filePath());
         if (!lock || !file.open(QIODevice::ReadOnly)) continue;

@@ -208,10 +208,11 @@ void DayLock::LeaveBehind()
     m_cells.tbDay(cell).CommitPreedit();
     UnsavedNotes typed = m_notes.Unsaved();
     AddTyped(typed);
-    m_record.Close();
     const QString key = CellKey(m_cells.panelDay(cell).Caption());
     const auto note = typed.Find(g_sNotesFile, key);
+    // Before the record goes, for a server may keep that waiting.
     if (note && m_cells.tbDay(cell).Modified()) m_notes.LeaveBehind(key, *note);
+    m_record.Close();
     m_network.picLock->ShowElement(0);
     ShowUnlocked(cell);
 }
