@@ -2,16 +2,13 @@
 
 #include "calendar/lockedday.h"
 #include "plannerfile/backups.h"
-#include "plannerfile/exitsave.h"
-#include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/reopening.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
-#include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
-#include "platform/engine/damage.h"
 #include "platform/engine/dbengine.h"
 #include "platform/engine/explaining.h"
 #include "platform/engine/sqlite/scratchplace.h"
@@ -19,8 +16,6 @@
 #include "settings/messages.h"
 
 #include <QFileInfo>
-
-#include <optional>
 
 namespace {
 QString WordFor(const QString& table)
@@ -55,12 +50,6 @@ bool IsOpenPlanner(const QString& file)
 {
     return HasPlanner() && g_dbPlanner.ServerAddress().isEmpty() &&
            QFileInfo(file).canonicalFilePath() == QFileInfo(g_sNotesFile).canonicalFilePath();
-}
-
-QString UnderHourglass(const QString& file, const std::function<QString(const QString& file)>& work)
-{
-    const Hourglass hourglass;
-    return work(file);
 }
 
 QString DescribeKept(const QString& oldPlanner, const QStringList& missing)
@@ -105,9 +94,14 @@ void Maintenance::Run(const Command& command, const Work& work)
     try {
         if (!ChooseFile(command.filter)) return;
         file = m_dialog.FileName;
+        // An opening that failed has left the planner before it behind, which nobody can see any more.
+        if (!HasPlanner()) AdoptPlanner({}, {}, {});
         const bool isOpen = IsOpenPlanner(file);
         if (isOpen && !MayClose(file, command)) return;
-        const QString more = isOpen ? RunClosed(file, work) : UnderHourglass(file, work);
+        if (isOpen) m_notes.subUpdateQMTDatabase();
+        QString more;
+        const auto job = [&] { more = work(file); };
+        if (const auto failure = isOpen ? m_reopening(job) : FailureOf(job)) throw *failure;
         MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.title), more);
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());
@@ -125,24 +119,6 @@ bool Maintenance::MayClose(const QString& file, const Command& command)
     return MsgBox(question.arg(QFileInfo(file).fileName(), QString::fromLatin1(command.name)),
                   msgbox::YesNo + msgbox::Question, messages::HelpWizard) == msgbox::Yes &&
            m_lockedDay.Commit();
-}
-
-// It is open again before anything is said, since the timers go on behind a message.
-QString Maintenance::RunClosed(const QString& file, const Work& work)
-{
-    m_notes.subUpdateQMTDatabase();
-    m_exitSave.ClosePlanner();
-    damage::SetListener(nullptr); // the command says by itself what it meets
-    QString more;
-    std::optional<RunTimeError> failure;
-    try {
-        more = UnderHourglass(file, work);
-    } catch (const RunTimeError& error) {
-        failure = error;
-    }
-    m_opening.subOpenDBNoDlg(!g_bDBShared);
-    if (failure) throw *failure;
-    return more;
 }
 
 void Maintenance::mnuCompact_Click()

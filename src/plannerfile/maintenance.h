@@ -7,16 +7,15 @@
 #include <functional>
 
 class CommonDialog;
-class ExitSave;
 class LockedDay;
-class Opening;
 class QMTDB;
+class Reopening;
 
 class Maintenance
 {
 public:
-    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, ExitSave& exitSave, Opening& opening)
-        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_exitSave(exitSave), m_opening(opening)
+    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, Reopening& reopening)
+        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_reopening(reopening)
     {
     }
 
@@ -40,11 +39,9 @@ private:
     void Run(const Command& command, const Work& work);
     bool ChooseFile(const char* filter);
     bool MayClose(const QString& file, const Command& command);
-    QString RunClosed(const QString& file, const Work& work);
 
     CommonDialog& m_dialog;
     QMTDB& m_notes;
     LockedDay& m_lockedDay;
-    ExitSave& m_exitSave;
-    Opening& m_opening;
+    Reopening& m_reopening;
 };

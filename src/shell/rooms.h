@@ -30,6 +30,7 @@
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/recovery.h"
+#include "plannerfile/reopening.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
@@ -117,8 +118,9 @@ struct Rooms
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
-    Maintenance maintenance{controls.FontDialog, notes, dayLock, exitSave, opening};
-    ServerMove serverMove{controls.FontDialog, opening, exitSave, dayLock};
+    Reopening reopening{exitSave, opening};
+    Maintenance maintenance{controls.FontDialog, notes, dayLock, reopening};
+    ServerMove serverMove{controls.FontDialog, reopening, dayLock};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};

@@ -4,15 +4,14 @@
 #include <QString>
 
 class CommonDialog;
-class ExitSave;
 class LockedDay;
-class Opening;
+class Reopening;
 
 class ServerMove
 {
 public:
-    ServerMove(CommonDialog& dialog, Opening& opening, ExitSave& exitSave, LockedDay& lockedDay)
-        : m_dialog(dialog), m_opening(opening), m_exitSave(exitSave), m_lockedDay(lockedDay)
+    ServerMove(CommonDialog& dialog, Reopening& reopening, LockedDay& lockedDay)
+        : m_dialog(dialog), m_reopening(reopening), m_lockedDay(lockedDay)
     {
     }
 
@@ -23,7 +22,6 @@ public:
 
 private:
     CommonDialog& m_dialog;
-    Opening& m_opening;
-    ExitSave& m_exitSave;
+    Reopening& m_reopening;
     LockedDay& m_lockedDay;
 };
