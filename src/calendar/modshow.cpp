@@ -86,11 +86,6 @@ QString FootTitle()
     return parts.join(QStringLiteral(" - "));
 }
 
-QString WithoutNotices(const QString& footTitle)
-{
-    return footTitle == FootTitle() ? MonthTitle() : footTitle;
-}
-
 QString fnDayOfWeekName(int day)
 {
     constexpr int LettersShown = 3;

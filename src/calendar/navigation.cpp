@@ -131,8 +131,10 @@ void Navigation::tmMidnightRefresh_Timer()
     const QDateTime now = desktopclock::Now();
     const bool isFirstMinute = now.time() < QTime(0, 1);
     const bool isOtherDay = std::exchange(m_lastTick, now.date()) != now.date();
-    if (!isFirstMinute && !isOtherDay) return;
-    m_turn(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"), [&] {
+    // After a day that could not be stored the calendar turns when that is done.
+    const bool isOwed = m_isTurnOwed && !(g_bDBShared && MarkedCell() != 0);
+    if (!isFirstMinute && !isOtherDay && !isOwed) return;
+    m_isTurnOwed = !m_turn(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"), [&] {
         GoToToday();
         if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
         if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();

@@ -57,4 +57,5 @@ private:
     CCalendarView& m_calendar;
     Bars& m_bars;
     QDate m_lastTick = desktopclock::Now().date(); // of the midnight timer
+    bool m_isTurnOwed = false;                     // to today
 };

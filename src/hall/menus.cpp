@@ -187,7 +187,7 @@ Menus::Menus(QMenuBar& bar)
             action = (m_rightMouse = menu = new Menu(caption, &bar))->menuAction();
             break;
         case SubMenu:
-            action = menu->addMenu(subMenu = new Menu(caption, menu));
+            action = menu->addMenu(subMenu = new Menu(caption, &bar));
             break;
         case SubEntry:
         case UncheckedSubEntry:

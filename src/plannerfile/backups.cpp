@@ -67,7 +67,8 @@ struct
 {
     QString planner;
     QDate day;
-    QDateTime nextTry;
+    QDateTime nextTry; // after one that failed
+    QString trouble;
 } g_lastLook;
 } // namespace
 
@@ -91,14 +92,14 @@ QString BackUpBeforeSave()
     const QDateTime now = desktopclock::Now();
     const bool isAnother = g_lastLook.planner != g_sNotesFile || g_lastLook.day != now.date();
     const bool isDue = g_lastLook.nextTry.isValid() && now >= g_lastLook.nextTry;
-    if (!isAnother && !isDue) return {};
-    g_lastLook = {g_sNotesFile, now.date(), {}};
+    if (!isAnother && !isDue) return g_lastLook.trouble;
+    g_lastLook = {g_sNotesFile, now.date(), {}, {}};
     try {
         BackUp(QFileInfo(g_sNotesFile), now.date());
         return {};
     } catch (const RunTimeError& error) {
         LogError(error, BackupTail);
         g_lastLook.nextTry = now.addSecs(Pause);
-        return error.Description;
+        return g_lastLook.trouble = error.Description;
     }
 }

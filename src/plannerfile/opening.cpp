@@ -31,7 +31,7 @@
 namespace {
 constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
 
-// The network options count as they stand when a planner is opened.
+// The network options count as they stand when a planner is opened; those of the idle unlock also at each lock.
 void ReadNetworkOptions()
 {
     bGeneralUnlockEnable = Read(settings::AutoUnLock) != 0;

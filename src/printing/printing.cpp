@@ -102,7 +102,7 @@ void Printing::PrintPage()
         m_library.qmtPrintDate(panel.Caption(), LookOf(panel), view, cell - range.first + 1);
     }
     const SSPanel& month = *m_printed.bottom.panelBottom;
-    m_library.qmtPrintMonth(WithoutNotices(month.Caption()), LookOf(month));
+    m_library.qmtPrintMonth(MonthTitle(), LookOf(month));
     m_library.qmtEndPrint();
     m_spoolForm.reset();
     m_library.TellTrouble();

@@ -26,7 +26,7 @@ SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
 MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month)
     : m_lblDateDiff(lblDateDiff), m_hadLabel(Visible(lblDateDiff)), m_month(month), m_title(month.Caption())
 {
-    m_month.SetCaption(WithoutNotices(m_title));
+    m_month.SetCaption(MonthTitle());
     SetVisible(m_lblDateDiff, false);
     const CellRange range = CellsOf(viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {

@@ -6,7 +6,7 @@
 
 extern bool bGeneralUnlockEnable;   // a day left idle is unlocked; a lock sets it where the settings say so
 extern bool g_bAutoRefresh;         // the cells are read again by a timer
-extern std::int32_t g_lUnlockDelay; // seconds; the day view reads it anew from the settings
+extern std::int32_t g_lUnlockDelay; // seconds; read anew at each lock while the switch is on
 extern std::int32_t g_lRefreshDelay;
 extern std::int32_t g_lUnlockTicks; // seconds since the user last showed life in a cell, the day view or the pictures
 extern std::int32_t g_lRefreshTicks;

@@ -5,7 +5,9 @@
 #include <sys/socket.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -19,9 +21,16 @@ unsigned long long BytesOf(int socket)
     if (::getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size) != 0) return 0;
     return info.tcpi_bytes_acked + info.tcpi_bytes_received;
 }
+
+int Duplicate(int socket)
+{
+    const int duplicate = ::fcntl(socket, F_DUPFD_CLOEXEC, 0);
+    if (duplicate < 0) throw std::system_error(errno, std::generic_category());
+    return duplicate;
+}
 } // namespace
 
-AnswerWatch::AnswerWatch(int socket) : m_socket(::fcntl(socket, F_DUPFD_CLOEXEC, 0)), m_thread([this] { Run(); }) {}
+AnswerWatch::AnswerWatch(int socket) : m_socket(Duplicate(socket)), m_thread([this] { Run(); }) {}
 
 AnswerWatch::~AnswerWatch()
 {
@@ -31,7 +40,7 @@ AnswerWatch::~AnswerWatch()
     }
     m_wake.notify_one();
     m_thread.join();
-    if (m_socket >= 0) ::close(m_socket);
+    ::close(m_socket);
 }
 
 bool AnswerWatch::HasShut() const

@@ -11,7 +11,8 @@
 class AnswerWatch
 {
 public:
-    explicit AnswerWatch(int socket); // of a session; a duplicate is kept, so that no other file can be hit
+    // Of a session; a duplicate is kept, so that no other file can be hit. std::system_error without room for either.
+    explicit AnswerWatch(int socket);
     ~AnswerWatch();
     AnswerWatch(const AnswerWatch&) = delete;
     AnswerWatch& operator=(const AnswerWatch&) = delete;

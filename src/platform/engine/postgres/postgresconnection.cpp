@@ -132,6 +132,8 @@ PostgresConnection::Backend PostgresConnection::Open()
             std::make_unique<Line>(m_address.Connection() + Waiting + "application_name='" + sessionname::Own() + '\'');
     } catch (const pqxx::failure& error) {
         throw BrokenConnectionError(m_name, error.what());
+    } catch (const std::system_error& error) {
+        throw BrokenConnectionError(m_name, error.what()); // nobody would bound the wait for an answer
     }
     const pqxx::result told = Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec(Settings); });
     // A pooler hands each transaction to whichever session is free, and locks would lie in another's.

@@ -4,6 +4,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/wholefiles.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,13 +19,9 @@
 
 namespace {
 using namespace engineerrors;
+using wholefiles::JournalOf;
 
 constexpr int BusyTimeout = 1500; // milliseconds; a person waits with us
-
-QString JournalOf(const QString& path)
-{
-    return path + QLatin1StringView("-journal");
-}
 
 bool MayWrite(const QString& path)
 {
