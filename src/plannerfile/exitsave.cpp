@@ -41,26 +41,30 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
         SetMousePointer(mousepointer::Default);
     }
     tail([&] { m_lockedDay.LeaveBehind(); });
-    SaveUnsaved(mayAsk);
     if (mayAsk) {
+        AskForUnsaved();
         m_journal.Remove();
     } else {
-        tail([&] { m_journal.Write(); });
+        tail([&] { KeepForNextTime(); });
     }
     m_journal.Leave();
 }
 
-void ExitSave::SaveUnsaved(bool mayAsk)
+// The next opening of the planner offers what is in the journal; of a file nobody would be told.
+void ExitSave::KeepForNextTime()
+{
+    m_isEnded = true;
+    if (!m_journal.Write() && KeepAsFiles(false)) m_notes.ForgetUnsaved();
+}
+
+void ExitSave::AskForUnsaved()
 {
     const ErrorTail tail(ExitTail);
-    m_isEnded = m_isEnded || !mayAsk;
-    while (!m_notes.Unsaved().IsEmpty() && m_isEnded != mayAsk) {
-        if (mayAsk && AskToRetry()) {
+    while (!m_notes.Unsaved().IsEmpty() && !m_isEnded) {
+        if (AskToRetry()) {
             tail([&] { m_notes.WriteUnsaved(); });
-        } else if (KeepAsFiles(mayAsk)) {
+        } else if (KeepAsFiles(true)) {
             m_notes.ForgetUnsaved();
-        } else if (!mayAsk) {
-            return;
         }
     }
 }

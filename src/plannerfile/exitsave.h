@@ -16,15 +16,16 @@ public:
     }
 
     // Notes that cannot be written, because the disk is full or another program holds the file, are asked about if
-    // that may be asked; otherwise, and if the person wishes, each goes to a file of its own. Where nobody could be
-    // asked the journal keeps what is nowhere else.
+    // that may be asked, and if the person wishes each goes to a file of its own. Where nobody could be asked the
+    // journal keeps them for the next opening of their planner; files do where it cannot.
     void SaveBeforeExit(bool mayAsk);
     void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
 
 private:
     bool AnyCellChanged();
     bool AskToRetry();
-    void SaveUnsaved(bool mayAsk);
+    void AskForUnsaved();
+    void KeepForNextTime();
     bool KeepAsFiles(bool mayAsk);
 
     Cells& m_cells;

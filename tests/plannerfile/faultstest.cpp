@@ -107,24 +107,26 @@ private Q_SLOTS:
         QVERIFY(Stored("1999/3/19").contains("!"));
     }
 
-    void WhatNoPlannerTakesAtExitIsKeptAsAFile_data()
+    void WhatNoPlannerTakesAtExitIsKept_data()
     {
         QTest::addColumn<bool>("asked");
-        QTest::newRow("asked") << true;
-        QTest::newRow("ended by a signal") << false;
+        QTest::addColumn<QString>("place");
+        QTest::newRow("asked") << true << QStringLiteral("/unsaved/notes 1999-3-19.rtf");
+        QTest::newRow("ended by a signal")
+            << false << QStringLiteral("/journal/1.notes"); // offered by the next opening
     }
 
-    void WhatNoPlannerTakesAtExitIsKeptAsAFile()
+    void WhatNoPlannerTakesAtExitIsKept()
     {
         QFETCH(bool, asked);
+        QFETCH(QString, place);
         StartWithFailingStore();
         m_program->Type(20, QStringLiteral("shelved"));
         Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
         if (asked) AnswerNextBox(msgbox::Cancel);
         m_program->form->subExitProgram(asked ? Mainform::CloseBox : Mainform::ProcessIsEnded);
         QVERIFY(m_program->form->HasEnded());
-        const QString kept = folders::ApplicationDirectory() + QStringLiteral("/unsaved/notes 1999-3-19.rtf");
-        QVERIFY(Content(kept).contains("shelved"));
+        QVERIFY(Content(folders::ApplicationDirectory() + place).contains("shelved"));
     }
 
     // By the session or a signal, while a question waits that nobody can answer any more.
