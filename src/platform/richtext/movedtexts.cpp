@@ -8,11 +8,19 @@ MovedTexts::MovedTexts(QTextEdit& box) : m_box(box)
     connect(box.document(), &QTextDocument::undoCommandAdded, this, &MovedTexts::Forget);
 }
 
+void MovedTexts::Dropped(MovedTexts& target)
+{
+    m_target = &target;
+    m_text = m_box.textCursor().selection();
+    m_place = m_box.textCursor().selectionStart();
+}
+
 void MovedTexts::EndOfDrag(bool isTakenAway)
 {
     const QPointer<MovedTexts> target = std::exchange(m_target, nullptr);
     if (!target || !isTakenAway) return;
-    const auto move = std::make_shared<Move>(Move{{End{this, {}, Now()}, End{target, {}, target->Now()}}});
+    const auto move = std::make_shared<Move>(
+        Move{.ends = {End{this, {}, Now()}, End{target, {}, target->Now()}}, .text = m_text, .place = m_place});
     m_moves.push_back(move);
     target->m_moves.push_back(move);
 }
@@ -38,6 +46,28 @@ bool MovedTexts::Step(bool isUndone)
         (isUndone ? end.after : end.before) = end.note->Now();
     }
     move->isUndone = !isUndone;
+    return true;
+}
+
+bool MovedTexts::GiveBack()
+{
+    const auto isNext = [this](const auto& move) {
+        const auto& [from, to] = move->ends;
+        const bool hasGoneOn =
+            from.note && !from.note->m_box.isReadOnly() && from.note->Now().steps >= from.after.steps;
+        return !move->isUndone && hasGoneOn && to.note == this && to.after.steps == Now().steps;
+    };
+    const auto found = std::ranges::find_if(m_moves, isNext);
+    if (found == m_moves.end()) return false;
+    const std::shared_ptr<Move> move = *found;
+    StepHere(false, true);
+    QTextDocument& source = *move->ends[0].note->m_box.document();
+    for (End& end : move->ends)
+        end.note.clear();
+    QTextCursor place(&source);
+    place.setPosition(std::min(move->place, source.characterCount() - 1));
+    place.insertFragment(move->text);
+    Forget();
     return true;
 }
 

@@ -362,9 +362,12 @@ private Q_SLOTS:
         MovedTexts first(boxes.first), second(boxes.second);
         boxes.second.insertPlainText(QStringLiteral("first "));
         boxes.first.selectAll();
-        boxes.first.textCursor().removeSelectedText();
-        first.Dropped(second);
-        first.EndOfDrag(true);
+        const auto endDrag = [&] {
+            first.Dropped(second);
+            boxes.first.textCursor().removeSelectedText();
+            first.EndOfDrag(true);
+        };
+        endDrag();
         const auto texts = [&] { return boxes.first.Text() + u'/' + boxes.second.Text(); };
         QVERIFY(!second.Redo() && second.Undo());
         QCOMPARE(texts(), QStringLiteral("first/second"));
@@ -375,6 +378,13 @@ private Q_SLOTS:
         QTest::keyClicks(&boxes.second, QStringLiteral("other "));
         QVERIFY(!first.Redo() && !second.Undo());
         QCOMPARE(texts(), QStringLiteral("first/other second"));
+        boxes.second.moveCursor(QTextCursor::End); // or it would be one step with what was just typed
+        boxes.second.insertPlainText(QStringLiteral("first"));
+        boxes.first.selectAll();
+        endDrag();
+        QTest::keyClicks(&boxes.first, QStringLiteral(" new"));
+        QVERIFY(second.Undo());
+        QCOMPARE(texts(), QStringLiteral("first new/other second")); // in one of them
     }
 
     void typedTextLooksLikeTheCaret_data()
