@@ -30,6 +30,8 @@
 #include <QFile>
 #include <QScopeGuard>
 
+#include <utility>
+
 namespace {
 constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
 
@@ -149,9 +151,20 @@ void DayView::OfferDropped(const RichTextBox& dropped)
     if (!ShowsDay()) return;
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     OfferByUndo(box, *dropped.document());
+    m_tellsDropped = true;
     m_bottom.panelBottom->SetCaption(box.Locked()
                                          ? QStringLiteral("What you typed was dropped. Lock the day, then Ctrl+Z.")
                                          : QStringLiteral("What you typed was dropped. Ctrl+Z brings it back."));
+}
+
+void DayView::EndNotice()
+{
+    if (std::exchange(m_tellsDropped, false)) m_bottom.panelBottom->SetCaption(FootTitle());
+}
+
+void DayView::FollowFocus(int cell)
+{
+    if (cell != m_day.cell) EndNotice();
 }
 
 // Esc leaves the timer and the place as they are; a cancel stops the timer alone.
@@ -262,7 +275,7 @@ void DayView::HandToCell()
 void DayView::AddTyped(UnsavedNotes& typed) const
 {
     if (m_storing) typed.Keep(g_sNotesFile, m_day.key, *m_storing);
-    if (!m_form || !m_form->tbZoom().Modified()) return;
+    if (!m_form || m_taken || !m_form->tbZoom().Modified()) return;
     const RichTextBox& box = m_form->tbZoom();
     typed.Keep(g_sNotesFile, m_day.key,
                {box.IsEmpty() && !g_bDBShared ? QByteArray() : box.TextRTF(),

@@ -34,6 +34,9 @@ public:
 
     void subZoomView(); // returns when the window is closed and its text is taken over
     void panelDay_DblClick(int Index);
+    // The foot tells of what Esc has dropped until the next undo would do something else.
+    void EndNotice();
+    void FollowFocus(int cell);
     void picDay_MouseDown();
     void picDay_MouseUp();
     void picDay_Click();
@@ -87,5 +90,6 @@ private:
     bool m_isEmpty = false;
     bool m_isExiting = false;
     std::optional<UnsavedNote> m_storing; // while the record takes it, and no box holds it as typed
+    bool m_tellsDropped = false;          // in the foot
     bool m_taken = false;                 // closed from outside, which has taken the text and given up the lock
 };

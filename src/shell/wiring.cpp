@@ -287,6 +287,10 @@ void WireSpins(Rooms& rooms)
 void WireCalendar(Rooms& rooms)
 {
     On(&rooms.controls.cells, &Cells::Change, " in Journal, Touch", [&rooms](int) { rooms.journal.Touch(); });
+    On(&rooms.controls.cells, &Cells::Change, " in MainForm, tbDay_Change",
+       [&rooms](int) { rooms.dayView.EndNotice(); });
+    On(&rooms.controls.cells, &Cells::GotFocus, " in MainForm, tbDay_GotFocus",
+       [&rooms](int Index) { rooms.dayView.FollowFocus(Index); });
     On(&rooms.controls.cells, &Cells::HeadingDblClick, " in MainForm, lblDayOfWeek_DblClick",
        [&rooms](int Index) { rooms.appearance.lblDayOfWeek_DblClick(Index); });
     On(&rooms.controls.cells, &Cells::PanelDblClick, " in MainForm, panelDay_DblClick",

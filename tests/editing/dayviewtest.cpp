@@ -94,6 +94,7 @@ private Q_SLOTS:
         for (const char* undone : {"never kept", "kept"}) {
             if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
             if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
+            QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999")); // the offer is over
         }
         QCOMPARE(Ini("Zoombox", "Left"), QStringLiteral("none"));
         QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("kept"));
