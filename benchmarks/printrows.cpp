@@ -49,6 +49,7 @@ struct FilePrinter final : SystemPrinter
 struct NoLock final : LockedDay
 {
     bool Commit() override { return true; }
+    void LeaveBehind() override {}
 };
 
 struct MonthView final : ViewMode
