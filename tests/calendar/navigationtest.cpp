@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed late"));
         QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/4/16")).contains("in April"));
         m_program->Type(20, QStringLiteral("still "));
-        tick(); // twice in its minute: nobody is disturbed who has gone on meanwhile
+        tick(); // twice in its minute: the second does not disturb the typing
         QTest::keyClicks(&m_program->Box(20), QStringLiteral("here "));
         QVERIFY(m_program->Box(20).hasFocus());
         QVERIFY(m_program->Box(20).Text().contains(QStringLiteral("still here ")));

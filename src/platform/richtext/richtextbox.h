@@ -94,7 +94,7 @@ public:
     int RightMargin() const; // width of the wrapped text in pixels; 0 wraps at the box's edge
     void SetRightMargin(int pixels);
 
-    // As whoever reads it wants to see it: from the first line, nothing selected. The caret stays, and is shown again
+    // Shows the note to be read: from the first line, nothing selected. The caret stays, and is shown again
     // when the focus comes back other than by the mouse. In the middle of a drag only when that is over.
     void ShowBeginning();
 
