@@ -25,7 +25,7 @@ struct AlarmPlanner
         WriteTransaction writing(file);
         for (int i = 0; i < AlarmsInAll; ++i) {
             const QDateTime day = Noon.addDays(i / AlarmsADay - AlarmsInAll / AlarmsADay / 2);
-            subAddAlarmRecord(alarms, {AlarmDateOf(day), QStringLiteral("24:00"), RtfOf(MakeNote(i)), {}, true});
+            subAddAlarmRecord(alarms, {AlarmDateOf(day), u"24:00"_s, RtfOf(MakeNote(i)), {}, true});
         }
         writing.Commit();
         alarms.Close();
@@ -44,11 +44,11 @@ struct AlarmPlanner
     }
 
     void SetNextMinute() { desktopclock::SetForTests(Noon.addSecs(60 * (++Minute % (12 * 60)))); }
-    bool HasAlarm() { return Raw->HasAlarm(AlarmDateOf(Noon), QStringLiteral("12:00")); }
+    bool HasAlarm() { return Raw->HasAlarm(AlarmDateOf(Noon), u"12:00"_s); }
 
     const QDateTime Noon{QDate::currentDate(), QTime(12, 0)};
-    const QString Path = folders::ApplicationDirectory() + QStringLiteral("/alarms.mdb");
-    const QString RawPath = folders::ApplicationDirectory() + QStringLiteral("/rawalarms.mdb");
+    const QString Path = folders::ApplicationDirectory() + u"/alarms.mdb"_s;
+    const QString RawPath = folders::ApplicationDirectory() + u"/rawalarms.mdb"_s;
     int Minute = 0;
     Database Planner;
     Recordset Alarms;

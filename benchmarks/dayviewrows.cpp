@@ -71,8 +71,8 @@ PaintCount g_paintings;
 
 std::unique_ptr<ZoomBoxForm> OpenDayView()
 {
-    auto form = std::make_unique<ZoomBoxForm>(nullptr, QStringLiteral("Zoom View/Edit For JULY 4, 1999"), TheNote().Rtf,
-                                              Place, g_fontCommand);
+    auto form = std::make_unique<ZoomBoxForm>(nullptr, u"Zoom View/Edit For JULY 4, 1999"_s, TheNote().Rtf, Place,
+                                              g_fontCommand);
     g_paintings.Watch(form->tbZoom());
     form->show();
     PaintNow();
@@ -99,7 +99,7 @@ std::unique_ptr<QDialog> OpenBareView()
 void TypeInto(QWidget& box, bool& typed)
 {
     const int key = typed ? Qt::Key_Backspace : Qt::Key_X;
-    QKeyEvent press(QEvent::KeyPress, key, {}, typed ? QStringLiteral("\b") : QStringLiteral("x"));
+    QKeyEvent press(QEvent::KeyPress, key, {}, typed ? u"\b"_s : u"x"_s);
     typed = !typed;
     QApplication::sendEvent(&box, &press);
     PaintNow();

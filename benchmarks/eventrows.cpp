@@ -14,8 +14,8 @@ constexpr int FirstYear = 2000, LastYear = 2009;
 
 QStringList AllDays()
 {
-    static const QStringList days = EventDates(Frequency::Daily, QStringLiteral("%1/1/1").arg(FirstYear),
-                                               QStringLiteral("%1/12/31").arg(LastYear), 1);
+    static const QStringList days =
+        EventDates(Frequency::Daily, u"%1/1/1"_s.arg(FirstYear), u"%1/12/31"_s.arg(LastYear), 1);
     return days;
 }
 
@@ -23,7 +23,7 @@ QByteArray EventRtf()
 {
     static const QByteArray rtf = [] {
         Note note = MakeNote(0);
-        note.front().text = QStringLiteral("Recurring");
+        note.front().text = u"Recurring"_s;
         note.front().endsParagraph = false;
         return RtfOf({note.front()});
     }();
@@ -94,10 +94,7 @@ public:
     void Open() { Prepare(), m_open = std::make_unique<OpenHere>(Path(true)); }
     void OpenRaw() { Prepare(), m_raw = std::make_unique<RawPlanner>(Path(true)); }
 
-    void Write() const
-    {
-        Event().fnRecurseDaily(QStringLiteral("1/1/%1").arg(FirstYear), QStringLiteral("12/31/%1").arg(LastYear), 1);
-    }
+    void Write() const { Event().fnRecurseDaily(u"1/1/%1"_s.arg(FirstYear), u"12/31/%1"_s.arg(LastYear), 1); }
     void TakeOut() const { Event().TakeOut(Frequency::Daily, AllDays().first(), AllDays().last()); }
     void Put(const std::vector<QByteArray>& texts) const
     {
@@ -106,8 +103,8 @@ public:
     }
     bool HoldsEvent(bool expected)
     {
-        g_rsQMT.Seek(QStringLiteral("="), AllDays().last());
-        const bool holds = g_rsQMT.Fields(QStringLiteral("qmtText")).toByteArray().contains("Recurring");
+        g_rsQMT.Seek(u"="_s, AllDays().last());
+        const bool holds = g_rsQMT.Fields(u"qmtText"_s).toByteArray().contains("Recurring");
         m_open.reset();
         return holds == expected;
     }
@@ -116,7 +113,7 @@ private:
     QString Path(bool isCopy) const
     {
         static const QTemporaryDir folder;
-        return folder.filePath(m_name + (isCopy ? QStringLiteral(" copy.mdb") : QStringLiteral(".mdb")));
+        return folder.filePath(m_name + (isCopy ? u" copy.mdb"_s : u".mdb"_s));
     }
 
     void Make() const
@@ -129,8 +126,8 @@ private:
         WriteTransaction writing(planner);
         for (qsizetype i = 0; i < AllDays().size(); ++i) {
             notes.AddNew();
-            notes.SetField(QStringLiteral("qmtDate"), AllDays().at(i));
-            notes.SetField(QStringLiteral("qmtText"), TextsOf(m_days)[std::size_t(i)]);
+            notes.SetField(u"qmtDate"_s, AllDays().at(i));
+            notes.SetField(u"qmtText"_s, TextsOf(m_days)[std::size_t(i)]);
             notes.Update();
         }
         writing.Commit();
@@ -153,9 +150,9 @@ Row WriteRow(const char* name, EventPlanner& planner, const std::vector<QByteArr
 
 void AddEventRows(const Add& add)
 {
-    static EventPlanner empty(QStringLiteral("empty"), Days::Empty);
-    static EventPlanner full(QStringLiteral("full"), Days::WithNotes);
-    static EventPlanner withEvent(QStringLiteral("event"), Days::WithEvent);
+    static EventPlanner empty(u"empty"_s, Days::Empty);
+    static EventPlanner full(u"full"_s, Days::WithNotes);
+    static EventPlanner withEvent(u"event"_s, Days::WithEvent);
     static const std::vector<QByteArray> alone(std::size_t(AllDays().size()), EventRtf());
     add(WriteRow("event of ten years, empty days", empty, alone));
     add(WriteRow("event of ten years, days with notes", full, TextsOf(Days::WithEvent)));

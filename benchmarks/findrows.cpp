@@ -12,11 +12,11 @@ constexpr int Days = 36500;
 constexpr int DayOfRareWord = 20000; // of those, from the first
 constexpr Turns Few{15};
 constexpr Turns Many{30, 20};
-const QString DateField = QStringLiteral("qmtDate");
+const QString DateField = u"qmtDate"_s;
 
 QString KeyOf(const QDate& day)
 {
-    return QStringLiteral("%1/%2/%3").arg(day.year()).arg(day.month()).arg(day.day());
+    return u"%1/%2/%3"_s.arg(day.year()).arg(day.month()).arg(day.day());
 }
 
 QByteArray TextOf(int day)
@@ -47,13 +47,13 @@ struct Century
         for (int day = 0; day < Days; ++day) {
             records.AddNew();
             records.SetField(DateField, KeyOf(QDate(1950, 1, 1).addDays(day)));
-            records.SetField(QStringLiteral("qmtText"), TextOf(day));
+            records.SetField(u"qmtText"_s, TextOf(day));
             records.Update();
         }
         writing.Commit();
     }
 
-    static QString Criterion(const QString& word) { return QStringLiteral("[qmtText] LIKE '*%1*'").arg(word); }
+    static QString Criterion(const QString& word) { return u"[qmtText] LIKE '*%1*'"_s.arg(word); }
 
     // From the last record on, or from the one that was found before.
     void Find(const QString& word)
@@ -76,7 +76,7 @@ struct Century
 
 Century& In(const QString& planner)
 {
-    static Century century(QFileInfo(planner).path() + QStringLiteral("/century.mdb"));
+    static Century century(QFileInfo(planner).path() + u"/century.mdb"_s);
     return century;
 }
 
@@ -106,7 +106,7 @@ void AddFindRows(const Add& add, const QString& planner)
               [=] { return century().foundRaw.isEmpty() != isThere; }},
              Few});
     }
-    const QString common = QStringLiteral("garden");
+    const QString common = u"garden"_s;
     add({"find the next of a common word",
          {[=] { century().FindNext(common); },
           [=] {

@@ -39,7 +39,7 @@ Note LongNote(const Shape& shape)
 void Press(QWidget& box, bool& typed)
 {
     const int key = typed ? Qt::Key_Backspace : Qt::Key_X;
-    QKeyEvent press(QEvent::KeyPress, key, {}, typed ? QStringLiteral("\b") : QStringLiteral("x"));
+    QKeyEvent press(QEvent::KeyPress, key, {}, typed ? u"\b"_s : u"x"_s);
     typed = !typed;
     QApplication::sendEvent(&box, &press);
     PaintNow();

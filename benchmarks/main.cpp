@@ -20,12 +20,11 @@ struct Choice
 Choice ReadChoice()
 {
     QCommandLineParser parser;
-    parser.addPositionalArgument(QStringLiteral("row"), QStringLiteral("Run this row alone."), QStringLiteral("[row]"));
-    const QCommandLineOption ours(QStringLiteral("ours"), QStringLiteral("Leave the floors out, for a profiler."));
-    const QCommandLineOption times(QStringLiteral("times"), QStringLiteral("So many times the turns."),
-                                   QStringLiteral("number"), QStringLiteral("1"));
-    const QCommandLineOption years(QStringLiteral("years"), QStringLiteral("So large a planner, for its growth."),
-                                   QStringLiteral("number"), QString::number(UsualYears));
+    parser.addPositionalArgument(u"row"_s, u"Run this row alone."_s, u"[row]"_s);
+    const QCommandLineOption ours(u"ours"_s, u"Leave the floors out, for a profiler."_s);
+    const QCommandLineOption times(u"times"_s, u"So many times the turns."_s, u"number"_s, u"1"_s);
+    const QCommandLineOption years(u"years"_s, u"So large a planner, for its growth."_s, u"number"_s,
+                                   QString::number(UsualYears));
     parser.addOptions({ours, times, years});
     parser.addHelpOption();
     parser.process(*qApp);
@@ -53,9 +52,9 @@ int Print(const Choice& choice, const std::vector<std::string>& names)
 
 int Measure(const Choice& choice, const QTemporaryDir& folder)
 {
-    const QString planner = folder.filePath(QStringLiteral("planner.mdb"));
-    const Home shown{folder.filePath(QStringLiteral("shown"))};
-    const Home started{folder.filePath(QStringLiteral("started"))};
+    const QString planner = folder.filePath(u"planner.mdb"_s);
+    const Home shown{folder.filePath(u"shown"_s)};
+    const Home started{folder.filePath(u"started"_s)};
     // Before anything asks for a folder: nobody's own settings are to be seen or touched.
     UseHome(shown);
     WritePlanner(planner, choice.Years);

@@ -40,7 +40,7 @@ Row SaveRow(PlannerWindow& ours, BarePlanner& bare)
 void TypeInto(QWidget& box, bool& typed)
 {
     const int key = typed ? Qt::Key_Backspace : Qt::Key_X;
-    const QString text = typed ? QStringLiteral("\b") : QStringLiteral("x");
+    const QString text = typed ? u"\b"_s : u"x"_s;
     typed = !typed;
     QKeyEvent press(QEvent::KeyPress, key, {}, text);
     QApplication::sendEvent(&box, &press);

@@ -17,7 +17,7 @@ constexpr std::array<const char*, 20> Words = {"meeting", "call",  "Dr.",   "rep
 QTextCharFormat Plain()
 {
     QTextCharFormat format;
-    format.setFontFamilies({QStringLiteral("Arial")});
+    format.setFontFamilies({u"Arial"_s});
     format.setFontPointSize(8);
     return format;
 }

@@ -37,7 +37,7 @@ void Change(RichTextBox& box)
     if (box.document()->characterAt(0) == u'~')
         cursor.deleteChar();
     else
-        cursor.insertText(QStringLiteral("~"));
+        cursor.insertText(u"~"_s);
 }
 } // namespace
 
@@ -58,7 +58,7 @@ void PlannerWindow::Trigger(const char* entry) const
 
 RichTextBox& PlannerWindow::Box(int cell) const
 {
-    return *m_form.findChild<RichTextBox*>(QStringLiteral("tbDay(%1)").arg(cell));
+    return *m_form.findChild<RichTextBox*>(u"tbDay(%1)"_s.arg(cell));
 }
 
 void PlannerWindow::MoveMonth()
@@ -83,7 +83,7 @@ void PlannerWindow::ShowThisMonth()
 void PlannerWindow::ShowWeek()
 {
     if (std::exchange(m_inWeek, true)) return;
-    const bool first = !m_form.findChild<QWidget*>(QStringLiteral("tbDay(%1)").arg(BoxCount + 1));
+    const bool first = !m_form.findChild<QWidget*>(u"tbDay(%1)"_s.arg(BoxCount + 1));
     Trigger("mnuWeekView");
     for (int cell = BoxCount + 1; first && cell <= BoxCount + WeekBoxCount; ++cell)
         m_paintings.Watch(Box(cell));

@@ -22,7 +22,7 @@ constexpr int Columns = 7, Rows = 5;
 QString PdfPath()
 {
     static const QTemporaryDir folder;
-    return folder.filePath(QStringLiteral("page.pdf"));
+    return folder.filePath(u"page.pdf"_s);
 }
 
 bool HasPdf()
@@ -60,7 +60,7 @@ struct MonthView final : ViewMode
 struct PrintingWindow
 {
     explicit PrintingWindow(const QWidget& window)
-        : bottom{window.findChild<SSPanel*>(QStringLiteral("panelBottom"))},
+        : bottom{window.findChild<SSPanel*>(u"panelBottom"_s)},
           printing({*window.findChild<Cells*>(), bottom, view}, sidebar, lock, FontDialog, printer, library)
     {
     }

@@ -17,7 +17,7 @@ QString WithoutPlanner(const QString& address)
 {
     QUrl url(address);
     QUrlQuery query(url);
-    query.removeQueryItem(QStringLiteral("planner"));
+    query.removeQueryItem(u"planner"_s);
     url.setQuery(query);
     return url.toString(QUrl::FullyEncoded);
 }
@@ -31,7 +31,7 @@ std::string ArrayOf(const QStringList& keys)
 RawServer::RawServer(const QString& address) : m_session(std::make_unique<Session>(WithoutPlanner(address)))
 {
     pqxx::connection& connection = m_session->connection;
-    const QString planner = QUrlQuery(QUrl(address)).queryItemValue(QStringLiteral("planner"));
+    const QString planner = QUrlQuery(QUrl(address)).queryItemValue(u"planner"_s);
     pqxx::nontransaction(connection).exec0("SET search_path = orrelin_" + planner.toStdString());
     connection.prepare("read", R"(SELECT "qmtDate", "qmtText" FROM "QMT Table" WHERE "qmtDate" = ANY ($1::text[]))");
     connection.prepare("lock", R"(SELECT pg_try_advisory_lock(1), "qmtText" FROM "QMT Table" WHERE "qmtDate" = $1)");

@@ -23,8 +23,8 @@ qint64 Kilobytes(const QString& file, QByteArrayView name)
 
 void TellMemory()
 {
-    std::printf("%lld %lld\n", Kilobytes(QStringLiteral("/proc/self/smaps_rollup"), "Pss:"),
-                Kilobytes(QStringLiteral("/proc/self/status"), "VmHWM:"));
+    std::printf("%lld %lld\n", Kilobytes(u"/proc/self/smaps_rollup"_s, "Pss:"),
+                Kilobytes(u"/proc/self/status"_s, "VmHWM:"));
     std::fflush(stdout);
 }
 
@@ -77,7 +77,7 @@ int RunBare(EndAfterPainting& end)
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("orrelin"));
+    QApplication::setApplicationName(u"orrelin"_s);
     QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
     const bool bare = QApplication::arguments().contains(u"--bare");
     EndAfterPainting end(bare);

@@ -17,8 +17,8 @@ void WriteNotes(Recordset& notes, YearMonth month)
     const QStringList keys = KeysOf(month);
     for (int cell = 1; cell <= BoxCount; ++cell) {
         notes.AddNew();
-        notes.SetField(QStringLiteral("qmtDate"), keys[cell - 1]);
-        notes.SetField(QStringLiteral("qmtText"), RtfOf(MakeNote(NoteNumber(month, cell))));
+        notes.SetField(u"qmtDate"_s, keys[cell - 1]);
+        notes.SetField(u"qmtText"_s, RtfOf(MakeNote(NoteNumber(month, cell))));
         notes.Update();
     }
 }
@@ -32,12 +32,12 @@ void Put(const QString& file, const Setting& setting, const QString& value)
 void WriteSettings(const QString& file, const QString& planner)
 {
     const ProfileBatch once(file);
-    Put(file, settings::LoadCondition, QStringLiteral("1"));
+    Put(file, settings::LoadCondition, u"1"_s);
     Put(file, settings::LoadFilePath, planner);
     Put(file, settings::LoadFileTitle, QFileInfo(planner).fileName());
-    Put(file, settings::LoadWorkgroup, QStringLiteral("0"));
-    Put(file, settings::MainLeft, QStringLiteral("0"));
-    Put(file, settings::MainTop, QStringLiteral("0"));
+    Put(file, settings::LoadWorkgroup, u"0"_s);
+    Put(file, settings::MainLeft, u"0"_s);
+    Put(file, settings::MainTop, u"0"_s);
     Put(file, settings::MainRight, QString::number(ToTwips(WindowSize.width())));
     Put(file, settings::MainBottom, QString::number(ToTwips(WindowSize.height())));
 }
@@ -53,7 +53,7 @@ QStringList KeysOf(YearMonth month)
 {
     QStringList keys;
     for (const DaySlot& slot : MonthGrid(Weekday(month.year, month.month, 1), MonthLength(month.year, month.month))) {
-        keys += QStringLiteral("%1/%2/%3").arg(month.year).arg(month.month).arg(slot.Caption().trimmed());
+        keys += u"%1/%2/%3"_s.arg(month.year).arg(month.month).arg(slot.Caption().trimmed());
     }
     return keys;
 }
@@ -78,7 +78,7 @@ void WritePlanner(const QString& path, int years)
 
 void Furnish(const Home& home, const QString& planner)
 {
-    const QString settingsFolder = home.Config() + QStringLiteral("/orrelin");
+    const QString settingsFolder = home.Config() + u"/orrelin"_s;
     QDir().mkpath(settingsFolder);
     QDir().mkpath(home.Data());
     QFile::copy(planner, home.Planner());

@@ -23,9 +23,9 @@ void WritePlanner(const QString& path, int years);
 struct Home
 {
     QString Folder;
-    QString Planner() const { return Folder + QStringLiteral("/tenyears.mdb"); }
-    QString Config() const { return Folder + QStringLiteral("/config"); }
-    QString Data() const { return Folder + QStringLiteral("/data"); }
+    QString Planner() const { return Folder + u"/tenyears.mdb"_s; }
+    QString Config() const { return Folder + u"/config"_s; }
+    QString Data() const { return Folder + u"/data"_s; }
 };
 
 void Furnish(const Home& home, const QString& planner);

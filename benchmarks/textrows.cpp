@@ -89,7 +89,7 @@ void ReadByOtherReader()
 {
     QProcess reader;
     reader.setStandardOutputFile(QProcess::nullDevice());
-    reader.start(QStringLiteral("unrtf"), {QStringLiteral("--text"), WholeFile()});
+    reader.start(u"unrtf"_s, {u"--text"_s, WholeFile()});
     g_otherReaderRan = reader.waitForFinished(-1) && reader.exitCode() == 0;
 }
 

@@ -13,7 +13,7 @@ constexpr Turns SomeTurns{15};
 
 QString FileBeside(const QString& planner)
 {
-    return QFileInfo(planner).path() + QStringLiteral("/floor.bmp");
+    return QFileInfo(planner).path() + u"/floor.bmp"_s;
 }
 
 bool IsWritten(const QString& file)
@@ -41,8 +41,7 @@ void AddWallpaperRows(const Add& add, PlannerWindow& ours, const QString& planne
     // Nobody's own desktop is to change: the picture goes to the root of the virtual screen.
     qunsetenv("XDG_CURRENT_DESKTOP");
     const auto picture = [] {
-        return folders::ApplicationDirectory() + u'/' + QFileInfo(g_sDBTitle).completeBaseName() +
-               QStringLiteral(".bmp");
+        return folders::ApplicationDirectory() + u'/' + QFileInfo(g_sDBTitle).completeBaseName() + u".bmp"_s;
     };
     const QString file = FileBeside(planner);
     add({"wallpaper, full screen of 4K",

@@ -9,8 +9,8 @@
 namespace {
 constexpr Turns ManyDays{30, 4};
 constexpr int IdleSessions = 50;
-const QString Equal = QStringLiteral("=");
-const QString TextField = QStringLiteral("qmtText");
+const QString Equal = u"="_s;
+const QString TextField = u"qmtText"_s;
 
 // Other bytes each time, of the same length: a row that stays as it is might cost less.
 QByteArray NextNote()
@@ -74,7 +74,7 @@ QString LinkBeside(const QString& planner)
 
 QString Address()
 {
-    return TestServer::Get().Uri(QStringLiteral("bench"));
+    return TestServer::Get().Uri(u"bench"_s);
 }
 
 Shared<RawPlanner>& InFile(const QString& planner)
@@ -125,8 +125,8 @@ void AddStore(const Add& add, const char* store, const std::function<Shared<Raw>
 double ServerMegabytes()
 {
     double sum = 0;
-    for (const QString& process : TestServer::Get().Ask(QStringLiteral("SELECT pid FROM pg_stat_activity"))) {
-        QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(process));
+    for (const QString& process : TestServer::Get().Ask(u"SELECT pid FROM pg_stat_activity"_s)) {
+        QFile file(u"/proc/%1/smaps_rollup"_s.arg(process));
         if (!file.open(QIODevice::ReadOnly)) continue;
         for (const QByteArray& line : file.readAll().split('\n'))
             if (line.startsWith("Pss:")) sum += line.simplified().split(' ').at(1).toDouble() / 1024;

@@ -6,7 +6,7 @@
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("orrelin"));
+    QApplication::setApplicationName(u"orrelin"_s);
     QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
     QGuiApplication::setDesktopFileName(DesktopCalls::Name());
     return RunOrrelin(application);

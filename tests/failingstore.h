@@ -23,7 +23,7 @@ struct FailurePlan
 
     int at = 0; // which call fails, counted from 1; 0 is none
     When when = Before;
-    RunTimeError error = {3043, QStringLiteral("The test's error")};
+    RunTimeError error = {3043, u"The test's error"_s};
     QString only = {}; // counts calls of this name alone, "Commit" for one; empty counts all
     int calls = 0;     // counted so far
 };

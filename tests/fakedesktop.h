@@ -51,7 +51,7 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
     }
 
-    QByteArray Calls() const { return Kept(QStringLiteral("calls")); }
+    QByteArray Calls() const { return Kept(u"calls"_s); }
 
 private:
     void Command(const char* name, const QByteArray& script) const

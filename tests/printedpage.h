@@ -18,9 +18,9 @@
 inline void PrintNextTo(const QString& path)
 {
     OnNextModal<QPrintDialog>([path](QPrintDialog& dialog) {
-        auto* const printers = dialog.findChild<QComboBox*>(QStringLiteral("printers"));
+        auto* const printers = dialog.findChild<QComboBox*>(u"printers"_s);
         printers->setCurrentIndex(printers->count() - 1);
-        dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->setText(path);
+        dialog.findChild<QLineEdit*>(u"filename"_s)->setText(path);
         QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
     });
 }
@@ -49,11 +49,10 @@ class PrintedPage
 public:
     explicit PrintedPage(const QString& path) : m_path(path)
     {
-        const QString html = QString::fromUtf8(
-            OutputOf(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), path, QStringLiteral("-")}));
-        static const QRegularExpression page(QStringLiteral("<page width=\"([^\"]+)\" height=\"([^\"]+)\""));
-        static const QRegularExpression word(QStringLiteral(
-            "<word xMin=\"([^\"]+)\" yMin=\"([^\"]+)\" xMax=\"([^\"]+)\" yMax=\"([^\"]+)\">([^<]*)</word>"));
+        const QString html = QString::fromUtf8(OutputOf(u"pdftotext"_s, {u"-bbox"_s, path, u"-"_s}));
+        static const QRegularExpression page(u"<page width=\"([^\"]+)\" height=\"([^\"]+)\""_s);
+        static const QRegularExpression word(
+            u"<word xMin=\"([^\"]+)\" yMin=\"([^\"]+)\" xMax=\"([^\"]+)\" yMax=\"([^\"]+)\">([^<]*)</word>"_s);
         for (auto found = page.globalMatch(html); found.hasNext(); ++m_pages) {
             const auto match = found.next();
             m_size = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
@@ -85,8 +84,7 @@ public:
     // Painted at this many dots a point.
     QImage Painted(int dots) const
     {
-        return QImage::fromData(OutputOf(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"),
-                                                                      QString::number(72 * dots), m_path}));
+        return QImage::fromData(OutputOf(u"pdftoppm"_s, {u"-png"_s, u"-r"_s, QString::number(72 * dots), m_path}));
     }
 
     // The bounds in points of what is painted in a colour that fits.

@@ -11,8 +11,7 @@ public:
     {
         m_daemon.setProcessEnvironment(environment);
         m_daemon.setStandardErrorFile(QProcess::nullDevice());
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
         if (!m_daemon.waitForReadyRead()) qFatal("dbus-daemon did not start");
         const QByteArray address = m_daemon.readAllStandardOutput().trimmed();
         qputenv("DBUS_SESSION_BUS_ADDRESS", address);

@@ -80,7 +80,7 @@ public:
     static void AnswerOpenAs(bool shared)
     {
         OnNextModal<OpenAsForm>([shared](OpenAsForm& form) {
-            form.findChild<QRadioButton*>(QStringLiteral("opShared(%1)").arg(int(shared)))->click();
+            form.findChild<QRadioButton*>(u"opShared(%1)"_s.arg(int(shared)))->click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
     }
@@ -110,9 +110,9 @@ public:
     QAction& Entry(const char* name) const { return Find<QAction>(name); }
     void Trigger(const char* name) const { Entry(name).trigger(); }
 
-    RichTextBox& Box(int cell) const { return *form->findChild<RichTextBox*>(QStringLiteral("tbDay(%1)").arg(cell)); }
-    SSPanel& Panel(int cell) const { return *form->findChild<SSPanel*>(QStringLiteral("panelDay(%1)").arg(cell)); }
-    SSPanel& Bottom() const { return *form->findChild<SSPanel*>(QStringLiteral("panelBottom")); }
+    RichTextBox& Box(int cell) const { return *form->findChild<RichTextBox*>(u"tbDay(%1)"_s.arg(cell)); }
+    SSPanel& Panel(int cell) const { return *form->findChild<SSPanel*>(u"panelDay(%1)"_s.arg(cell)); }
+    SSPanel& Bottom() const { return *form->findChild<SSPanel*>(u"panelBottom"_s); }
     void Click(int cell) const { QTest::mouseClick(Box(cell).viewport(), Qt::LeftButton, {}, QPoint(20, 8)); }
     void Type(int cell, const QString& text) const
     {
@@ -131,16 +131,16 @@ public:
         return 0;
     }
 
-    QString LogPath() const { return folders::ApplicationDirectory() + QStringLiteral("/planner.err"); }
+    QString LogPath() const { return folders::ApplicationDirectory() + u"/planner.err"_s; }
     QByteArray Log() const { return Content(LogPath()); }
 
     // What the file holds for a key, read by a connection of its own; null if it has no record.
     QByteArray Stored(const QString& name, const QString& key) const
     {
-        Recordset notes = DBEngine::OpenDatabase(folders.Path(name)).OpenTable(QStringLiteral("QMT Table"));
-        notes.SetIndex(QStringLiteral("qmtPrimaryKey"));
-        notes.Seek(QStringLiteral("="), key);
-        return notes.NoMatch() ? QByteArray() : notes.Fields(QStringLiteral("qmtText")).toByteArray();
+        Recordset notes = DBEngine::OpenDatabase(folders.Path(name)).OpenTable(u"QMT Table"_s);
+        notes.SetIndex(u"qmtPrimaryKey"_s);
+        notes.Seek(u"="_s, key);
+        return notes.NoMatch() ? QByteArray() : notes.Fields(u"qmtText"_s).toByteArray();
     }
 
     TemporaryFolders folders;

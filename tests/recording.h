@@ -32,7 +32,7 @@ public:
     QString File() const { return m_file; }
     bool IsOpen() const // by this process
     {
-        const auto files = QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::Files | QDir::System);
+        const auto files = QDir(u"/proc/self/fd"_s).entryInfoList(QDir::Files | QDir::System);
         return std::ranges::any_of(files, [this](const QFileInfo& file) { return file.symLinkTarget() == m_file; });
     }
 
@@ -76,7 +76,7 @@ private:
     }
 
     QTemporaryDir m_folder;
-    QString m_file = m_folder.filePath(QStringLiteral("samples"));
+    QString m_file = m_folder.filePath(u"samples"_s);
 };
 
 inline double Peak(const QList<double>& samples)

@@ -6,19 +6,18 @@
 // Of PLANNER.INI; "none" where there is no such key.
 inline QString Ini(const char* section, const char* key)
 {
-    return GetPrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), QStringLiteral("none"),
-                                    1000, QStringLiteral("PLANNER.INI"));
+    return GetPrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), u"none"_s, 1000,
+                                    u"PLANNER.INI"_s);
 }
 
 inline void SetIni(const char* section, const char* key, QAnyStringView value)
 {
     WritePrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), value.toString(),
-                               QStringLiteral("PLANNER.INI"));
+                               u"PLANNER.INI"_s);
 }
 
 // The desktop's order of dates: 0 month first, 1 day first, 2 year first.
 inline void SetDateOrder(int iDate)
 {
-    WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("iDate"), QString::number(iDate),
-                               QStringLiteral("WIN.INI"));
+    WritePrivateProfileStringA(u"intl"_s, u"iDate"_s, QString::number(iDate), u"WIN.INI"_s);
 }

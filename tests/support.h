@@ -148,7 +148,7 @@ inline void AnswerNextBox(int answer, SeenBox* seen = nullptr)
 inline void AnswerNextFileDialog(const QString& path)
 {
     OnNextModal<QFileDialog>([=](QFileDialog& dialog) {
-        auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
         // Without the focus the dialog takes what is typed for a choice in its list.
         // Its window alone would count as active while its owner is.
         Q_UNUSED(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }));

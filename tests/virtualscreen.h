@@ -13,11 +13,9 @@ class VirtualScreen
 public:
     explicit VirtualScreen(const QSize& size)
     {
-        const QString screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
+        const QString screen = u"%1x%2x24"_s.arg(size.width()).arg(size.height());
         m_server.setStandardErrorFile(QProcess::nullDevice());
-        m_server.start(QStringLiteral("Xvfb"),
-                       {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                        QStringLiteral("0"), screen, QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+        m_server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, screen, u"-nolisten"_s, u"tcp"_s});
         if (!m_server.waitForReadyRead()) qFatal("Xvfb did not start");
         qputenv("DISPLAY", ':' + m_server.readAllStandardOutput().trimmed());
         qputenv("QT_QPA_PLATFORM", "xcb");

@@ -9,6 +9,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int sizes[] = {16, 24, 32, 48, 64};
 constexpr quint32 directoryHeader = 6, directoryEntry = 16, bitmapHeader = 40;
@@ -24,7 +26,7 @@ QImage Drawn(const QString& picture, int size, QString* error)
     QImageReader reader(picture, "svg");
     reader.setScaledSize(QSize(size, size));
     QImage image = reader.read();
-    if (image.isNull()) *error = picture + QStringLiteral(": ") + reader.errorString();
+    if (image.isNull()) *error = picture + u": "_s + reader.errorString();
     return image.convertToFormat(QImage::Format_ARGB32);
 }
 
@@ -74,7 +76,7 @@ int Make(const QString& picture, const QString& icon)
     }
     QSaveFile file(icon);
     if (!file.open(QIODevice::WriteOnly) || file.write(Container(bitmaps)) < 0 || !file.commit())
-        return Fail(icon + QStringLiteral(": ") + file.errorString());
+        return Fail(icon + u": "_s + file.errorString());
     return 0;
 }
 } // namespace
@@ -83,14 +85,13 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() < 3) return Fail(QStringLiteral("usage: makeicons FOLDER PICTURE.svg..."));
+    if (arguments.size() < 3) return Fail(u"usage: makeicons FOLDER PICTURE.svg..."_s);
     if (!QImageReader::supportedImageFormats().contains("svg"))
-        return Fail(QStringLiteral("Qt has no image plugin for SVG; install the package libqt6svg6 and build again"));
+        return Fail(u"Qt has no image plugin for SVG; install the package libqt6svg6 and build again"_s);
 
     const QDir folder(arguments[1]);
-    if (!folder.mkpath(QStringLiteral("."))) return Fail(folder.path() + QStringLiteral(": cannot be made"));
+    if (!folder.mkpath(u"."_s)) return Fail(folder.path() + u": cannot be made"_s);
     for (const QString& picture : arguments.mid(2))
-        if (Make(picture, folder.filePath(QFileInfo(picture).completeBaseName() + QStringLiteral(".ico"))) != 0)
-            return 1;
+        if (Make(picture, folder.filePath(QFileInfo(picture).completeBaseName() + u".ico"_s)) != 0) return 1;
     return 0;
 }

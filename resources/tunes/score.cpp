@@ -6,11 +6,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 // -1 for what is no key of MIDI.
 int KeyOf(const QString& name)
 {
-    static const QRegularExpression form(QStringLiteral("^([A-G])([#b]?)(\\d)$"));
+    static const QRegularExpression form(u"^([A-G])([#b]?)(\\d)$"_s);
     const auto match = form.match(name);
     if (!match.hasMatch()) return -1;
     constexpr int steps[] = {9, 11, 0, 2, 4, 5, 7}; // from A
@@ -89,8 +91,8 @@ Score ReadScore(const QString& text, QString* error)
         ++number;
         const QStringList words = line.simplified().split(u' ', Qt::SkipEmptyParts);
         if (words.isEmpty() || words[0].startsWith(u'#')) continue;
-        if (!ReadLine(score, words)) *error = QStringLiteral("line %1: %2").arg(number).arg(line);
+        if (!ReadLine(score, words)) *error = u"line %1: %2"_s.arg(number).arg(line);
     }
-    if (score.End() <= 0) *error = QStringLiteral("no note");
+    if (score.End() <= 0) *error = u"no note"_s;
     return score;
 }

@@ -28,7 +28,7 @@ std::optional<Alarm> DueAlarm(const QDateTime& now)
 void AlarmClock::tmAlarm_Timer()
 {
     if (!HasPlanner()) return;
-    ErrorTail{QLatin1StringView(" in MainForm, tmAlarm_Timer")}([this] { Check(); });
+    ErrorTail{" in MainForm, tmAlarm_Timer"_L1}([this] { Check(); });
 }
 
 void AlarmClock::Check()

@@ -32,7 +32,7 @@ PictureButton* MakePicture(const Picture& picture)
 {
     QStringList files;
     for (const QString& icon : picture.icons)
-        files.append(QStringLiteral(":/icons/%1.svg").arg(icon));
+        files.append(u":/icons/%1.svg"_s.arg(icon));
     auto* button = Named(new PictureButton(files, picture.pressedElement), picture.name);
     for (int element = 0; element < files.size(); ++element)
         button->SetToolTip(element, QString::fromLatin1(picture.tip));
@@ -43,7 +43,7 @@ PictureButton* MakePicture(const Picture& picture)
 
 PictureButton* MakeStep(const char* name, const char* tip, const QString& icon)
 {
-    PictureButton* button = MakePicture({name, tip, {icon, icon + QStringLiteral("-pressed")}});
+    PictureButton* button = MakePicture({name, tip, {icon, icon + u"-pressed"_s}});
     button->setFixedSize(StepSize);
     return button;
 }
@@ -66,43 +66,43 @@ QHBoxLayout* Line()
 
 QGroupBox* MakeBrowse(AlarmControls& controls)
 {
-    const auto icons = [](const QString& icon) { return QStringList{icon, icon + QStringLiteral("-pressed"), icon}; };
-    controls.frBrowseAlarm = Named(new QGroupBox(QStringLiteral("Browse Alarm Events")), "frBrowseAlarm");
-    controls.picLeftSpin = MakePicture({"picLeftSpin", "Previous", icons(QStringLiteral("left"))});
-    controls.picRightSpin = MakePicture({"picRightSpin", "Next", icons(QStringLiteral("right"))});
+    const auto icons = [](const QString& icon) { return QStringList{icon, icon + u"-pressed"_s, icon}; };
+    controls.frBrowseAlarm = Named(new QGroupBox(u"Browse Alarm Events"_s), "frBrowseAlarm");
+    controls.picLeftSpin = MakePicture({"picLeftSpin", "Previous", icons(u"left"_s)});
+    controls.picRightSpin = MakePicture({"picRightSpin", "Next", icons(u"right"_s)});
     auto* line = new QHBoxLayout(controls.frBrowseAlarm);
     line->setSpacing(Rhythm);
     line->addWidget(controls.picLeftSpin);
-    line->addWidget(Named(new QLabel(QStringLiteral("Previous")), "lblPreviousRecord"));
+    line->addWidget(Named(new QLabel(u"Previous"_s), "lblPreviousRecord"));
     line->addStretch(1);
-    line->addWidget(Named(new QLabel(QStringLiteral("Next")), "lblNextRecord"));
+    line->addWidget(Named(new QLabel(u"Next"_s), "lblNextRecord"));
     line->addWidget(controls.picRightSpin);
     return controls.frBrowseAlarm;
 }
 
 QLayout* MakeTime(AlarmControls& controls)
 {
-    const QString widest = QStringLiteral("00");
-    controls.maskHour = MakeMask("maskHour", QStringLiteral("Hour"), widest);
-    controls.picHourUp = MakeStep("picHourUp", "Hour up", QStringLiteral("up"));
-    controls.picHourDn = MakeStep("picHourDn", "Hour down", QStringLiteral("down"));
-    controls.maskMinute = MakeMask("maskMinute", QStringLiteral("Minute"), widest);
-    controls.picMinuteUp = MakeStep("picMinuteUp", "Minute up", QStringLiteral("up"));
-    controls.picMinuteDn = MakeStep("picMinuteDn", "Minute down", QStringLiteral("down"));
+    const QString widest = u"00"_s;
+    controls.maskHour = MakeMask("maskHour", u"Hour"_s, widest);
+    controls.picHourUp = MakeStep("picHourUp", "Hour up", u"up"_s);
+    controls.picHourDn = MakeStep("picHourDn", "Hour down", u"down"_s);
+    controls.maskMinute = MakeMask("maskMinute", u"Minute"_s, widest);
+    controls.picMinuteUp = MakeStep("picMinuteUp", "Minute up", u"up"_s);
+    controls.picMinuteDn = MakeStep("picMinuteDn", "Minute down", u"down"_s);
     controls.halfDay = new QButtonGroup(controls.frAlarmDate);
     QHBoxLayout* line = Line();
     line->addWidget(controls.maskHour);
     line->addWidget(controls.picHourUp);
     line->addWidget(controls.picHourDn);
     line->addSpacing(Rhythm);
-    line->addWidget(new QLabel(QStringLiteral("Minute:")));
+    line->addWidget(new QLabel(u"Minute:"_s));
     line->addWidget(controls.maskMinute);
     line->addWidget(controls.picMinuteUp);
     line->addWidget(controls.picMinuteDn);
     line->addSpacing(Rhythm);
     for (int half = 0; half < 2; ++half) {
-        auto* option = new OptionButton(half == 0 ? QStringLiteral("AM") : QStringLiteral("PM"));
-        option->setObjectName(QStringLiteral("opAMPM(%1)").arg(half));
+        auto* option = new OptionButton(half == 0 ? u"AM"_s : u"PM"_s);
+        option->setObjectName(u"opAMPM(%1)"_s.arg(half));
         controls.opAMPM[std::size_t(half)] = option;
         controls.halfDay->addButton(option, half);
         line->addWidget(option);
@@ -113,15 +113,15 @@ QLayout* MakeTime(AlarmControls& controls)
 
 QGroupBox* MakeDate(AlarmControls& controls)
 {
-    controls.frAlarmDate = Named(new QGroupBox(QStringLiteral("Alarm Date and Time")), "frAlarmDate");
+    controls.frAlarmDate = Named(new QGroupBox(u"Alarm Date and Time"_s), "frAlarmDate");
     controls.lblDateFormat = Named(new QLabel, "lblDateFormat");
-    controls.maskAlarmDate = MakeMask("maskAlarmDate", QStringLiteral("Alarm date"), QStringLiteral("0000/00/00"));
+    controls.maskAlarmDate = MakeMask("maskAlarmDate", u"Alarm date"_s, u"0000/00/00"_s);
     auto* grid = new QGridLayout(controls.frAlarmDate);
     grid->setHorizontalSpacing(Rhythm);
     grid->setVerticalSpacing(Rhythm);
     grid->addWidget(controls.lblDateFormat, 0, 0);
     grid->addWidget(controls.maskAlarmDate, 0, 1);
-    grid->addWidget(new QLabel(QStringLiteral("Hour:")), 1, 0);
+    grid->addWidget(new QLabel(u"Hour:"_s), 1, 0);
     grid->addLayout(MakeTime(controls), 1, 1);
     return controls.frAlarmDate;
 }
@@ -129,16 +129,16 @@ QGroupBox* MakeDate(AlarmControls& controls)
 QGroupBox* MakeTunes(AlarmControls& controls)
 {
     constexpr int PictureSize = 24;
-    controls.frTunes = Named(new QGroupBox(QStringLiteral("Tunes")), "frTunes");
+    controls.frTunes = Named(new QGroupBox(u"Tunes"_s), "frTunes");
     auto* picTunes = Named(new QLabel, "picTunes");
-    picTunes->setPixmap(QIcon(QStringLiteral(":/icons/tune.svg"))
-                            .pixmap(QSize(PictureSize, PictureSize), controls.frAlarm->devicePixelRatioF()));
+    picTunes->setPixmap(
+        QIcon(u":/icons/tune.svg"_s).pixmap(QSize(PictureSize, PictureSize), controls.frAlarm->devicePixelRatioF()));
     controls.orlcmbTunes = Named(new ORLCombo, "orlcmbTunes");
-    controls.orlcmbTunes->setAccessibleName(QStringLiteral("Tune"));
+    controls.orlcmbTunes->setAccessibleName(u"Tune"_s);
     controls.orlcmbTunes->setFocusPolicy(Qt::StrongFocus);
-    controls.picPlay = MakePicture({"picPlay", "Play", {QStringLiteral("play"), QStringLiteral("play-pressed")}});
-    controls.picStop = MakePicture({"picStop", "Stop", {QStringLiteral("stop-pressed"), QStringLiteral("stop")}, 0, 1});
-    controls.chkSilence = Named(new QCheckBox(QStringLiteral("Silence")), "chkSilence");
+    controls.picPlay = MakePicture({"picPlay", "Play", {u"play"_s, u"play-pressed"_s}});
+    controls.picStop = MakePicture({"picStop", "Stop", {u"stop-pressed"_s, u"stop"_s}, 0, 1});
+    controls.chkSilence = Named(new QCheckBox(u"Silence"_s), "chkSilence");
     auto* line = new QHBoxLayout(controls.frTunes);
     line->setSpacing(Rhythm);
     line->addWidget(picTunes);
@@ -153,9 +153,9 @@ QGroupBox* MakeTunes(AlarmControls& controls)
 QGroupBox* MakeNotes(AlarmControls& controls)
 {
     constexpr QSize Smallest(400, 48); // the window fits on a screen of 960 by 540
-    controls.frNotes = Named(new QGroupBox(QStringLiteral("Notes")), "frNotes");
+    controls.frNotes = Named(new QGroupBox(u"Notes"_s), "frNotes");
     controls.tbNotes = Named(new RichTextBox, "tbNotes");
-    controls.tbNotes->setAccessibleName(QStringLiteral("Notes"));
+    controls.tbNotes->setAccessibleName(u"Notes"_s);
     controls.tbNotes->setMinimumSize(Smallest);
     auto* layout = new QVBoxLayout(controls.frNotes);
     layout->setContentsMargins(1, 1, 1, 1);

@@ -50,10 +50,10 @@ bool TakesText(const QWidget& widget)
 // Without an owner: the desktop would hide it together with a main window that is minimised.
 AlarmEventForm::AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto)
     : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(Named(new RichTextBox, "tbNotes")),
-      m_btnOk(Named(new PressedByReturn<QPushButton>(QStringLiteral("&Ok")), "btnOk")), m_typedInto(typedInto)
+      m_btnOk(Named(new PressedByReturn<QPushButton>(u"&Ok"_s), "btnOk")), m_typedInto(typedInto)
 {
-    setObjectName(QStringLiteral("AlarmEventForm"));
-    setWindowTitle(QStringLiteral("Alarm Event"));
+    setObjectName(u"AlarmEventForm"_s);
+    setWindowTitle(u"Alarm Event"_s);
     setModal(true);
     setScreen(screen);
     ShowNote(alarm.note);
@@ -67,7 +67,7 @@ AlarmEventForm::AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typ
 void AlarmEventForm::ShowNote(const QByteArray& note)
 {
     constexpr QSize SmallestNote(400, 180);
-    m_tbNotes->setAccessibleName(QStringLiteral("Notes"));
+    m_tbNotes->setAccessibleName(u"Notes"_s);
     m_tbNotes->setMinimumSize(SmallestNote);
     m_tbNotes->SetTextRTF(note);
     m_tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here

@@ -48,7 +48,7 @@ void WirePicture(PictureButton* picture, int pressed, int released, QLatin1Strin
 
 void WireStep(PictureButton* picture, MaskEdBox* box, QString (*step)(const QString&))
 {
-    WirePicture(picture, 1, 0, QLatin1StringView(" in AlarmForm, subSpin"), [=] { box->SetText(step(box->Text())); });
+    WirePicture(picture, 1, 0, " in AlarmForm, subSpin"_L1, [=] { box->SetText(step(box->Text())); });
 }
 } // namespace
 
@@ -56,8 +56,8 @@ AlarmForm::AlarmForm(Mode mode, int cell, Cells& cells, Turn& turn, Timer& tmAla
     : QDialog(cells.Client()->window()), m_mode(mode), m_dateOrder(LocalDateOrder()), m_cells(cells), m_turn(turn),
       m_tmAlarm(tmAlarm), m_controls(MakeAlarmControls(*this))
 {
-    setObjectName(QStringLiteral("AlarmForm"));
-    setWindowTitle(QStringLiteral("Alarm Events"));
+    setObjectName(u"AlarmForm"_s);
+    setWindowTitle(u"Alarm Events"_s);
     Wire();
     WirePictures();
     AddNoteMenu(*m_controls.tbNotes, "AlarmForm");
@@ -82,8 +82,8 @@ void AlarmForm::Wire()
         connect(button, &QPushButton::clicked, this, Guarded(literal, [this, click] { (this->*click)(); }));
     };
     on(m_controls.btnOk, OkLiteral, &AlarmForm::btnOk_Click);
-    on(m_controls.btnDelete, QLatin1StringView(" in AlarmForm, btnDelete_Click"), &AlarmForm::btnDelete_Click);
-    on(m_controls.btnCancel, QLatin1StringView(" in AlarmForm, btnCancel_Click"), &AlarmForm::btnCancel_Click);
+    on(m_controls.btnDelete, " in AlarmForm, btnDelete_Click"_L1, &AlarmForm::btnDelete_Click);
+    on(m_controls.btnCancel, " in AlarmForm, btnCancel_Click"_L1, &AlarmForm::btnCancel_Click);
 }
 
 void AlarmForm::WirePictures()
@@ -97,8 +97,7 @@ void AlarmForm::WirePictures()
     WirePicture(m_controls.picRightSpin, 1, 2, right, [this, right] { Browse(Toward::Next, right); });
     const QLatin1StringView play(" in AlarmForm, picPlay_MouseUp");
     WirePicture(m_controls.picPlay, 1, 0, play, [this] { picPlay_MouseUp(); });
-    WirePicture(m_controls.picStop, 0, 1, QLatin1StringView(" in AlarmForm, picStop_MouseUp"),
-                [this] { picStop_MouseUp(); });
+    WirePicture(m_controls.picStop, 0, 1, " in AlarmForm, picStop_MouseUp"_L1, [this] { picStop_MouseUp(); });
 }
 
 void AlarmForm::Form_Load(int cell)
@@ -126,14 +125,14 @@ void AlarmForm::ShowEmptyBoxes()
     for (MaskEdBox* box : {m_controls.maskAlarmDate, m_controls.maskHour, m_controls.maskMinute}) {
         box->SetMask(QString());
         box->SetText(QString());
-        box->SetMask(box == m_controls.maskAlarmDate ? m_dateOrder.mask : QStringLiteral("##"));
+        box->SetMask(box == m_controls.maskAlarmDate ? m_dateOrder.mask : u"##"_s);
     }
     SetHalfDay(std::nullopt);
 }
 
 void AlarmForm::PrepareNew(const QString& caption)
 {
-    m_controls.frAlarm->setTitle(QStringLiteral("New Alarm Event"));
+    m_controls.frAlarm->setTitle(u"New Alarm Event"_s);
     subHideBrowseControls();
     ProposeDate(caption);
     if (m_controls.orlcmbTunes->ListCount() > 0) m_controls.orlcmbTunes->SetListIndex(0);
@@ -171,7 +170,7 @@ void AlarmForm::SetHalfDay(std::optional<bool> pm)
 QString AlarmForm::fnAlarmTimeText()
 {
     const QString time = AlarmTimeText(m_controls.maskHour->Text(), m_controls.maskMinute->Text(), HalfDay());
-    if (time.isEmpty()) Tell(QStringLiteral("The time you have entered is not valid"));
+    if (time.isEmpty()) Tell(u"The time you have entered is not valid"_s);
     return time;
 }
 
@@ -195,12 +194,12 @@ bool AlarmForm::TellRefusal(const Alarm& alarm)
 {
     if (alarm.time.isEmpty()) return true; // told already
     if (m_controls.tbNotes->IsEmpty()) {
-        Tell(QStringLiteral("Notes field cannot be empty"));
+        Tell(u"Notes field cannot be empty"_s);
         return true;
     }
     // An alarm of no date would never ring and never be seen again.
     if (!m_controls.maskAlarmDate->IsComplete()) {
-        Tell(QStringLiteral("The date you have entered is not complete"));
+        Tell(u"The date you have entered is not complete"_s);
         m_controls.maskAlarmDate->setFocus();
         return true;
     }

@@ -32,7 +32,7 @@ constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData")
 
 void AlarmForm::PrepareBrowse(const QString& caption)
 {
-    m_controls.frAlarm->setTitle(QStringLiteral("Browse/Edit Alarm Event"));
+    m_controls.frAlarm->setTitle(u"Browse/Edit Alarm Event"_s);
     // What stands in a frame is disabled with it.
     for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes}) {
         frame->setEnabled(false);
@@ -51,7 +51,7 @@ void AlarmForm::subDisplayAlarmData(const QString& caption)
     m_sAlarmDate = CellKey(caption);
     tail([&] {
         m_alarms = schema::OpenAlarms(g_dbPlanner);
-        m_alarms.Seek(QStringLiteral("="), m_sAlarmDate);
+        m_alarms.Seek(u"="_s, m_sAlarmDate);
         if (!m_alarms.NoMatch()) ShowAlarm(CurrentAlarm(m_alarms));
     });
 }
@@ -86,7 +86,7 @@ void AlarmForm::Browse(Toward direction, QLatin1StringView literal)
             return StepToAlarm(m_alarms, m_sAlarmDate, direction);
         };
         if (step()) return ShowAlarm(CurrentAlarm(m_alarms));
-        Tell(QStringLiteral("No more alarm events for the date ") + m_controls.maskAlarmDate->Text());
+        Tell(u"No more alarm events for the date "_s + m_controls.maskAlarmDate->Text());
     });
 }
 
@@ -104,7 +104,7 @@ void AlarmForm::ApplyDeletions()
 void AlarmForm::btnDelete_Click()
 {
     if (!m_controls.maskAlarmDate->IsComplete()) return; // no alarm is shown
-    const ErrorTail tail(QLatin1StringView(" in AlarmForm, btnDelete_Click"));
+    const ErrorTail tail(" in AlarmForm, btnDelete_Click"_L1);
     Alarm shown = {
         m_sAlarmDate, fnAlarmTimeText(), {}, m_controls.orlcmbTunes->Text(), m_controls.chkSilence->isChecked()};
     if (shown.time.isEmpty()) return;

@@ -12,7 +12,7 @@
 namespace {
 bool RefusesWorkgroup()
 {
-    return RefusesShared(QStringLiteral("Global alarm settings"));
+    return RefusesShared(u"Global alarm settings"_s);
 }
 } // namespace
 

@@ -16,7 +16,7 @@ void PlaceAlarmIcon(Cells& cells, int cell)
 
 void subShowAlarmIcon(Cells& cells, const QString& key, int cell)
 {
-    g_rsAlarm.Seek(QStringLiteral("="), key);
+    g_rsAlarm.Seek(u"="_s, key);
     if (g_rsAlarm.NoMatch()) return;
     std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
     if (loaded != 1) {

@@ -3,11 +3,11 @@
 #include "platform/engine/recordset.h"
 
 namespace {
-const QString DateField = QStringLiteral("Alarm Date");
-const QString TimeField = QStringLiteral("Alarm Time");
-const QString NoteField = QStringLiteral("Alarm Note");
-const QString TuneField = QStringLiteral("Music Path");
-const QString SilenceField = QStringLiteral("Silence");
+const QString DateField = u"Alarm Date"_s;
+const QString TimeField = u"Alarm Time"_s;
+const QString NoteField = u"Alarm Note"_s;
+const QString TuneField = u"Music Path"_s;
+const QString SilenceField = u"Silence"_s;
 
 QString DateOf(const Recordset& alarms)
 {
@@ -89,7 +89,7 @@ bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm)
 
 bool GoToDueAlarm(Recordset& alarms, const QString& date, const QString& time)
 {
-    alarms.Seek(QStringLiteral("="), date);
+    alarms.Seek(u"="_s, date);
     bool isOfDate = !alarms.NoMatch();
     while (isOfDate && alarms.Fields(TimeField).toString() != time) {
         alarms.MoveNext();

@@ -42,9 +42,8 @@ ShownTime ShownTimeOf(const QString& alarmTime)
 QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime)
 {
     const ShownTime time = ShownTimeOf(alarmTime);
-    return QStringLiteral("%1, %2:%3 %4")
-        .arg(fnFormatDateKey(alarmDate), QString::number(IntegerOf(time.hour)), time.minute,
-             time.pm ? QStringLiteral("PM") : QStringLiteral("AM"));
+    return u"%1, %2:%3 %4"_s.arg(fnFormatDateKey(alarmDate), QString::number(IntegerOf(time.hour)), time.minute,
+                                 time.pm ? u"PM"_s : u"AM"_s);
 }
 
 QString HourUp(const QString& sHour)
@@ -79,5 +78,5 @@ QString AlarmDateOf(const QDateTime& now)
 
 QString AlarmTimeOf(const QDateTime& now)
 {
-    return now.toString(QStringLiteral("hh:mm"));
+    return now.toString(u"hh:mm"_s);
 }

@@ -21,8 +21,7 @@ QStringList ListTunes()
     // The name filters of a folder take any letter case.
     const QDir media(folders::MediaDirectory());
     const auto sorted = QDir::Name | QDir::IgnoreCase;
-    return media.entryList({QStringLiteral("*.wav")}, QDir::Files, sorted) +
-           media.entryList({QStringLiteral("*.mid")}, QDir::Files, sorted);
+    return media.entryList({u"*.wav"_s}, QDir::Files, sorted) + media.entryList({u"*.mid"_s}, QDir::Files, sorted);
 }
 
 QString PlayTune(const QString& tune)
@@ -32,13 +31,12 @@ QString PlayTune(const QString& tune)
         sndPlaySoundA(path, sound::Asynchronous | sound::NoDefault);
         return {};
     }
-    mciSendStringA(QStringLiteral("close ") + path);
-    if (const int error = mciSendStringA(QStringLiteral("open ") + path + QStringLiteral(" type sequencer")))
-        return mciGetErrorStringA(error);
-    return mciGetErrorStringA(mciSendStringA(QStringLiteral("play ") + path));
+    mciSendStringA(u"close "_s + path);
+    if (const int error = mciSendStringA(u"open "_s + path + u" type sequencer"_s)) return mciGetErrorStringA(error);
+    return mciGetErrorStringA(mciSendStringA(u"play "_s + path));
 }
 
 void StopTune(const QString& tune)
 {
-    mciSendStringA(QStringLiteral("close ") + PathOf(tune));
+    mciSendStringA(u"close "_s + PathOf(tune));
 }

@@ -25,51 +25,50 @@ StyleDefaults Dialogs(QStringView section, int size)
 std::vector<StyleSample> CellSamples(const std::array<StyleDefaults, 4>& styles, int size)
 {
     const QString today = QString::number(desktopclock::Now().date().day());
-    const auto name = [](int i) { return QStringLiteral("panelDay(%1)").arg(i); };
-    return {
-        {name(0), QStringLiteral("Daily"), QStringLiteral("18"), Dialogs(styles[0].section, size), paper::Paper},
-        {name(1), QStringLiteral("Today"), today, Dialogs(styles[1].section, size), paper::Today},
-        {name(2), QStringLiteral("Memo"), QStringLiteral("Memo1"), Dialogs(styles[2].section, size), paper::MemoPaper},
-        {name(3), QStringLiteral("Past Dates"), QStringLiteral("5"), Dialogs(styles[3].section, size), paper::Paper}};
+    const auto name = [](int i) { return u"panelDay(%1)"_s.arg(i); };
+    return {{name(0), u"Daily"_s, u"18"_s, Dialogs(styles[0].section, size), paper::Paper},
+            {name(1), u"Today"_s, today, Dialogs(styles[1].section, size), paper::Today},
+            {name(2), u"Memo"_s, u"Memo1"_s, Dialogs(styles[2].section, size), paper::MemoPaper},
+            {name(3), u"Past Dates"_s, u"5"_s, Dialogs(styles[3].section, size), paper::Paper}};
 }
 
 StyleRules DayRules()
 {
     return {.name = "PanelDayForm",
-            .title = QStringLiteral("Customize Daily Appearance"),
-            .frame = QStringLiteral("Daily Appearance"),
-            .hint = QStringLiteral("Click on individual cells to change the daily appearance of numbers and text"),
-            .click = QLatin1StringView(" in PanelDayForm, lblPanel1_Click"),
-            .save = QLatin1StringView(" in PanelDayForm, btnSave_Click"),
+            .title = u"Customize Daily Appearance"_s,
+            .frame = u"Daily Appearance"_s,
+            .hint = u"Click on individual cells to change the daily appearance of numbers and text"_s,
+            .click = " in PanelDayForm, lblPanel1_Click"_L1,
+            .save = " in PanelDayForm, btnSave_Click"_L1,
             .font3D = settings::DailyFont3D,
             .effect = Raised,
             .strikeOut = &settings::PastDateStrikeThru,
-            .strikeOutCaption = QStringLiteral("Strikethrough")};
+            .strikeOutCaption = u"Strikethrough"_s};
 }
 
 StyleRules WeekRules()
 {
     return {.name = "PanelWeekForm",
-            .title = QStringLiteral("Customize Weekly Appearance"),
-            .frame = QStringLiteral("Weekly Appearance"),
-            .hint = QStringLiteral("Click on the panel to change the daily appearance of numbers and text"),
-            .click = QLatin1StringView(" in PanelWeekForm, lblPanel1_Click"),
-            .save = QLatin1StringView(" in PanelWeekForm, btnSave_Click"),
+            .title = u"Customize Weekly Appearance"_s,
+            .frame = u"Weekly Appearance"_s,
+            .hint = u"Click on the panel to change the daily appearance of numbers and text"_s,
+            .click = " in PanelWeekForm, lblPanel1_Click"_L1,
+            .save = " in PanelWeekForm, btnSave_Click"_L1,
             .font3D = settings::WeekDailyFont3D,
             .effect = Raised,
             .strikeOut = &settings::WeekPastDateStrikeThru,
-            .strikeOutCaption = QStringLiteral("StrikeThrough"),
+            .strikeOutCaption = u"StrikeThrough"_s,
             .alwaysItalic = true};
 }
 
 StyleRules HeadingRules(const StyleSample& all)
 {
     return {.name = "LabelColor",
-            .title = QStringLiteral("Customize Day of Week Appearance"),
-            .frame = QStringLiteral("Day of Week Appearence"),
-            .hint = QStringLiteral("Click on individual label to change fonts and colors"),
-            .click = QLatin1StringView(" in LabelColor, lblSampleDay_Click"),
-            .save = QLatin1StringView(" in LabelColor, btnSave_Click"),
+            .title = u"Customize Day of Week Appearance"_s,
+            .frame = u"Day of Week Appearence"_s,
+            .hint = u"Click on individual label to change fonts and colors"_s,
+            .click = " in LabelColor, lblSampleDay_Click"_L1,
+            .save = " in LabelColor, btnSave_Click"_L1,
             .font3D = settings::DayOfWeekFont3D,
             .effect = Raised,
             .all = &all};
@@ -78,11 +77,11 @@ StyleRules HeadingRules(const StyleSample& all)
 StyleRules MonthRules()
 {
     return {.name = "lblMonthForm",
-            .title = QStringLiteral("Customize Monthly Appearance"),
-            .frame = QStringLiteral("Monthly Appearance"),
-            .hint = QStringLiteral("Click on this month's display to change fonts and color"),
-            .click = QLatin1StringView(" in lblMonthForm, lblMonth_Click"),
-            .save = QLatin1StringView(" in lblMonthForm, btnSave_Click"),
+            .title = u"Customize Monthly Appearance"_s,
+            .frame = u"Monthly Appearance"_s,
+            .hint = u"Click on this month's display to change fonts and color"_s,
+            .click = " in lblMonthForm, lblMonth_Click"_L1,
+            .save = " in lblMonthForm, btnSave_Click"_L1,
             .font3D = settings::DisplayMonthFont3D,
             .effect = Inset};
 }
@@ -99,8 +98,7 @@ void Appearance::mnuNumberDlg_Click()
         DayRules(),
         CellSamples({settings::DailyPanel, settings::TodayPanel, settings::MemoPanel, settings::PastDatePanel}, 12),
         m_cells.Client()->window());
-    if (form.exec() == QDialog::Accepted)
-        DrawAnew(&Redraw::subDisplayMonth, QLatin1StringView(" in PanelDayForm, btnSave_Click"));
+    if (form.exec() == QDialog::Accepted) DrawAnew(&Redraw::subDisplayMonth, " in PanelDayForm, btnSave_Click"_L1);
 }
 
 void Appearance::mnuWeekAppearance_Click()
@@ -109,8 +107,7 @@ void Appearance::mnuWeekAppearance_Click()
         WeekRules(),
         CellSamples({settings::WeekDaily, settings::WeekToday, settings::WeekMemo, settings::WeekPastDate}, 16),
         m_cells.Client()->window());
-    if (form.exec() == QDialog::Accepted)
-        DrawAnew(&Redraw::subDisplayWeek, QLatin1StringView(" in PanelWeekForm, btnSave_Click"));
+    if (form.exec() == QDialog::Accepted) DrawAnew(&Redraw::subDisplayWeek, " in PanelWeekForm, btnSave_Click"_L1);
 }
 
 void Appearance::mnuMonToSun_Click()
@@ -118,11 +115,10 @@ void Appearance::mnuMonToSun_Click()
     static constexpr std::array<QStringView, Days> sections = {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};
     std::vector<StyleSample> samples;
     for (std::size_t day = 0; day < Days; ++day) {
-        samples.push_back({QStringLiteral("lblSampleDay(%1)").arg(day), QString(), sections[day].toString().toUpper(),
+        samples.push_back({u"lblSampleDay(%1)"_s.arg(day), QString(), sections[day].toString().toUpper(),
                            HeadingDefaults(sections[day]), paper::Band});
     }
-    const StyleSample all = {QStringLiteral("lblAllDay"), QString(), QStringLiteral("MON-SUN"), HeadingDefaults(u"SUN"),
-                             paper::Band};
+    const StyleSample all = {u"lblAllDay"_s, QString(), u"MON-SUN"_s, HeadingDefaults(u"SUN"), paper::Band};
     StyleForm form(HeadingRules(all), samples, m_cells.Client()->window());
     if (form.exec() != QDialog::Accepted) return;
     for (int day = 0; day < Days; ++day)
@@ -131,8 +127,7 @@ void Appearance::mnuMonToSun_Click()
 
 void Appearance::mnuMonthDisplay_Click()
 {
-    const StyleSample month = {QStringLiteral("lblMonth"), QString(), fnMonthName(g_iMonth), settings::DisplayMonth,
-                               paper::Band};
+    const StyleSample month = {u"lblMonth"_s, QString(), fnMonthName(g_iMonth), settings::DisplayMonth, paper::Band};
     StyleForm form(MonthRules(), {month}, m_cells.Client()->window());
     if (form.exec() == QDialog::Accepted) StyleTitle(*m_bottom.panelBottom);
 }

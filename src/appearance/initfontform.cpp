@@ -46,15 +46,15 @@ void Select(ORLCombo& combo, const QString& text)
 
 InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
 {
-    setObjectName(QStringLiteral("InitFontForm"));
-    setWindowTitle(QStringLiteral("Customize Initial Fonts"));
+    setObjectName(u"InitFontForm"_s);
+    setWindowTitle(u"Customize Initial Fonts"_s);
     auto* column = DialogColumn(*this);
-    column->addWidget(new QLabel(QStringLiteral("Customize your default choice of Font Name, Size and Color.")));
-    auto* frame = new QGroupBox(QStringLiteral("Initial Fonts"));
+    column->addWidget(new QLabel(u"Customize your default choice of Font Name, Size and Color."_s));
+    auto* frame = new QGroupBox(u"Initial Fonts"_s);
     auto* rows = new QFormLayout(frame);
-    m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", QStringLiteral("&Font:"));
-    m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", QStringLiteral("&Size:"));
-    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", QStringLiteral("Colo&r:"));
+    m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", u"&Font:"_s);
+    m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", u"&Size:"_s);
+    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", u"Colo&r:"_s);
     for (std::size_t i = 0; i < m_styles.size(); ++i) {
         m_styles[i] = new QCheckBox(QString::fromLatin1(StyleRows[i].caption));
         m_styles[i]->setObjectName(QString::fromLatin1(StyleRows[i].name));
@@ -68,7 +68,7 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
 
 void InitFontForm::ShowSettings()
 {
-    const ErrorTail tail(QLatin1StringView(" in InitFontForm, Form_Load"));
+    const ErrorTail tail(" in InitFontForm, Form_Load"_L1);
     m_orlcmbFontname->FillFontNames();
     m_orlcmbFontsize->FillFontSizes();
     m_orlcmbFontcolor->FillColors();
@@ -77,7 +77,7 @@ void InitFontForm::ShowSettings()
     tail([&] {
         // Any other text stands for black, as it does in a note.
         const QString color = Read(settings::DefaultFontColor);
-        Select(*m_orlcmbFontcolor, color == u"0" ? QStringLiteral("Black") : color);
+        Select(*m_orlcmbFontcolor, color == u"0" ? u"Black"_s : color);
     });
     for (std::size_t i = 0; i < m_styles.size(); ++i)
         m_styles[i]->setChecked(Read(*StyleRows[i].setting) == 1);
@@ -85,7 +85,7 @@ void InitFontForm::ShowSettings()
 
 void InitFontForm::accept()
 {
-    const ErrorTail tail(QLatin1StringView(" in InitFontForm, btnOK_Click"));
+    const ErrorTail tail(" in InitFontForm, btnOK_Click"_L1);
     tail([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         WriteText(settings::DefaultFontSize, m_orlcmbFontsize->Text().trimmed());

@@ -30,7 +30,7 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     AddSamples(*grid);
     column->addWidget(frame);
     AddChecks(*column);
-    column->addWidget(MakeOkCancel(*this, QStringLiteral("btnSave")));
+    column->addWidget(MakeOkCancel(*this, u"btnSave"_s));
     ShowEffects();
     CenterOnScreen(*this);
 }
@@ -73,7 +73,7 @@ void StyleForm::AddChecks(QLayout& column)
         return check;
     };
     m_effect = Read(m_rules.font3D);
-    m_chkFontEffect = add("chkFontEffect", QStringLiteral("3D Font Effects"), m_effect != 0);
+    m_chkFontEffect = add("chkFontEffect", u"3D Font Effects"_s, m_effect != 0);
     connect(m_chkFontEffect, &QCheckBox::toggled, this, [this](bool checked) {
         m_effect = checked ? m_rules.effect : 0;
         ShowEffects();

@@ -23,7 +23,7 @@ void Bars::LayOutAgain()
     const bool rowChanges = HasPlanner() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
     const std::int16_t current = g_iCurrentPanel;
     if (rowChanges) {
-        m_turn(QLatin1StringView(" in MainForm, Form_Resize"), [&] { RefreshLayout(); });
+        m_turn(" in MainForm, Form_Resize"_L1, [&] { RefreshLayout(); });
     } else {
         RefreshLayout();
     }

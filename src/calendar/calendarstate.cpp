@@ -19,7 +19,7 @@ namespace {
 std::int16_t& State(int cell)
 {
     if (cell < 1 || cell > CellCount) {
-        throw RunTimeError{errors::SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
+        throw RunTimeError{errors::SubscriptOutOfRange, u"Subscript out of range"_s};
     }
     return g_aiLockState[static_cast<std::size_t>(cell - 1)];
 }

@@ -51,7 +51,7 @@ void CCalendarView::LoadCells(int first, int last)
 
 void CCalendarView::Show(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom)
 {
-    const ErrorTail tail(QLatin1StringView(" in CCalendarView, Show"));
+    const ErrorTail tail(" in CCalendarView, Show"_L1);
     const Hourglass hourglass;
     const std::int32_t gridTop = top + m_cells.lblDayOfWeek(0).height();
     tail([&] { PosDayOfWeek({left, top, right, bottom}); });
@@ -100,7 +100,7 @@ void CCalendarView::PlaceCell(int cell, int column, int top, int height)
 
 void CCalendarView::PosWeekPanels(const Rectangle& area)
 {
-    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosWeekPanels"), {errors::NoSuchElement});
+    const ErrorTail tail(" in CCalendarView, PosWeekPanels"_L1, {errors::NoSuchElement});
     tail([&] { LoadCells(FirstWeekCell, LastWeekCell); });
     for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
         tail([&] { PlaceCell(cell, cell - FirstWeekCell, area.top, area.bottom - area.top); });
@@ -112,7 +112,7 @@ void CCalendarView::PosWeekPanels(const Rectangle& area)
 
 void CCalendarView::PosMonthPanels(const Rectangle& area)
 {
-    const ErrorTail tail(QLatin1StringView(" in CCalendarView, PosMonthPanels"), {errors::NoSuchElement});
+    const ErrorTail tail(" in CCalendarView, PosMonthPanels"_L1, {errors::NoSuchElement});
     tail([&] { LoadCells(FirstMonthCell, LastMonthCell); });
     const int rowHeight = (area.bottom - area.top) / Rows;
     const int rest = area.bottom - area.top - Rows * rowHeight;

@@ -14,7 +14,7 @@
 CellFrames::CellFrames(Cells& cells, const FormatBar& bar, const Sidebar& sidebar)
     : QObject(&cells), m_cells(cells), m_bar(bar), m_sidebar(sidebar)
 {
-    const auto follow = Guarded(QLatin1StringView(" in CCalendarView, CellFrames"), [this] { FollowFocus(); });
+    const auto follow = Guarded(" in CCalendarView, CellFrames"_L1, [this] { FollowFocus(); });
     connect(qApp, &QApplication::focusChanged, this, follow);
     // Also where its window is not the active one.
     connect(&cells, &Cells::GotFocus, this, follow);

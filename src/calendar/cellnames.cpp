@@ -25,10 +25,10 @@ QString Describe(const Cells& cells, int cell)
     const GridDay day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
     const bool isDay = !IsMemoCaption(caption);
     const std::pair<bool, QLatin1StringView> parts[] = {
-        {isDay && day == Today(), QLatin1StringView("Today.")},
-        {isDay && day < Today(), QLatin1StringView("Past.")},
-        {g_bDBShared && IsMarked(cell), QLatin1StringView("Locked by you.")},
-        {cells.btnTunes.Exists(cell), QLatin1StringView("Has an alarm.")},
+        {isDay && day == Today(), "Today."_L1},
+        {isDay && day < Today(), "Past."_L1},
+        {g_bDBShared && IsMarked(cell), "Locked by you."_L1},
+        {cells.btnTunes.Exists(cell), "Has an alarm."_L1},
     };
     QStringList said;
     for (const auto& [holds, words] : parts) {
@@ -78,5 +78,5 @@ void CellNames::Name(int cell)
         if (part->accessibleName() != name) part->setAccessibleName(name);
         if (part->accessibleDescription() != description) part->setAccessibleDescription(description);
     }
-    if (m_cells.btnTunes.Exists(cell)) m_cells.btnTunes(cell).setAccessibleName(QStringLiteral("Alarm of ") + name);
+    if (m_cells.btnTunes.Exists(cell)) m_cells.btnTunes(cell).setAccessibleName(u"Alarm of "_s + name);
 }

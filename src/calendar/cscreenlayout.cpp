@@ -94,7 +94,7 @@ void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CSidebarView& sidebar, 
                                   CCalendarView& calendar)
 {
     if (m_bMoving) return;
-    const ErrorTail tail(QLatin1StringView(" in CScreenLayout, RefreshLayout"));
+    const ErrorTail tail(" in CScreenLayout, RefreshLayout"_L1);
     tail([&] { toolbar.ShowControl(); });
     std::int32_t left = 0, top = 0, right = 0, bottom = 0;
     GetClientRect(left, top, right, bottom);

@@ -14,7 +14,7 @@
 CSidebarView::CSidebarView(const Sidebar& sidebar, Menus& menus)
     : m_sidebar(sidebar), m_menus(menus), m_bVisible(Read(settings::SidebarVisible) != 0)
 {
-    m_menus(QLatin1StringView("mnuViewSBVisible")).SetChecked(m_bVisible);
+    m_menus("mnuViewSBVisible"_L1).SetChecked(m_bVisible);
 }
 
 CSidebarView::~CSidebarView()
@@ -58,7 +58,7 @@ void CSidebarView::SetVisible()
 {
     m_bVisible = !m_bVisible;
     WriteSetting();
-    m_menus(QLatin1StringView("mnuViewSBVisible")).SetChecked(m_bVisible);
+    m_menus("mnuViewSBVisible"_L1).SetChecked(m_bVisible);
 }
 
 int CSidebarView::Width() const
@@ -68,7 +68,7 @@ int CSidebarView::Width() const
 
 void CSidebarView::ShowControl(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom)
 {
-    const ErrorTail tail(QLatin1StringView(" in CSidebarView, ShowControl"));
+    const ErrorTail tail(" in CSidebarView, ShowControl"_L1);
     TabStrip& strip = *m_sidebar.tabSidebar;
     const bool shown = m_bVisible && !strip.window()->isMinimized();
     if (shown) {

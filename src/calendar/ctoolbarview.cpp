@@ -69,9 +69,9 @@ void CToolbarView::ShowControl()
 
 void CToolbarView::UpdateMenus()
 {
-    m_menus(QLatin1StringView("mnuViewTBVisible")).SetChecked(m_bVisible);
-    MenuItem& top = m_menus(QLatin1StringView("mnuViewTBAlignTop"));
-    MenuItem& bottom = m_menus(QLatin1StringView("mnuViewTBAlignBottom"));
+    m_menus("mnuViewTBVisible"_L1).SetChecked(m_bVisible);
+    MenuItem& top = m_menus("mnuViewTBAlignTop"_L1);
+    MenuItem& bottom = m_menus("mnuViewTBAlignBottom"_L1);
     top.SetEnabled(m_bVisible);
     bottom.SetEnabled(m_bVisible);
     top.SetChecked(m_iAlignment == AlignTop);

@@ -22,15 +22,14 @@ QString DateOrder::BoxText(int yearNumber, int monthNumber, int dayNumber) const
 const DateOrder& DateOrderOf(int iDate)
 {
     static const DateOrder orders[] = {
-        {QStringLiteral("MM/DD/YYYY"), QStringLiteral("##/##/####"), 0, 3, 6},
-        {QStringLiteral("DD/MM/YYYY"), QStringLiteral("##/##/####"), 3, 0, 6},
-        {QStringLiteral("YYYY/MM/DD"), QStringLiteral("####/##/##"), 5, 8, 0},
+        {u"MM/DD/YYYY"_s, u"##/##/####"_s, 0, 3, 6},
+        {u"DD/MM/YYYY"_s, u"##/##/####"_s, 3, 0, 6},
+        {u"YYYY/MM/DD"_s, u"####/##/##"_s, 5, 8, 0},
     };
     return orders[iDate == 1 || iDate == 2 ? iDate : 0];
 }
 
 const DateOrder& LocalDateOrder()
 {
-    return DateOrderOf(
-        GetPrivateProfileIntA(QStringLiteral("intl"), QStringLiteral("iDate"), 0, QStringLiteral("WIN.INI")));
+    return DateOrderOf(GetPrivateProfileIntA(u"intl"_s, u"iDate"_s, 0, u"WIN.INI"_s));
 }

@@ -81,12 +81,12 @@ std::optional<GridDay> DayOfKey(const QString& dateKey)
 
 std::int16_t fnGetDay(const QString& entryDate)
 {
-    return NumberOf(QLatin1StringView(" in MODDATE, fnGetDay"), MiddleField(entryDate));
+    return NumberOf(" in MODDATE, fnGetDay"_L1, MiddleField(entryDate));
 }
 
 std::int16_t fnGetMonth(const QString& entryDate)
 {
-    return NumberOf(QLatin1StringView(" in MODDATE, fnGetMonth"), FirstField(entryDate));
+    return NumberOf(" in MODDATE, fnGetMonth"_L1, FirstField(entryDate));
 }
 
 std::int16_t fnGetYear(const QString& entryDate)
@@ -97,7 +97,7 @@ std::int16_t fnGetYear(const QString& entryDate)
 QString fnFnGetQMTDate(const QString& entryDate)
 {
     QString key;
-    ErrorTail{QLatin1StringView(" in MODDATE.BAS, fnFnGetQMTDate")}([&] {
+    ErrorTail{" in MODDATE.BAS, fnFnGetQMTDate"_L1}([&] {
         key = KeyOf({fnGetYear(entryDate), fnGetMonth(entryDate), fnGetDay(entryDate)});
     });
     return key;
@@ -106,13 +106,12 @@ QString fnFnGetQMTDate(const QString& entryDate)
 std::int16_t fnGetQMTDay(const QString& dateKey)
 {
     const Slashes at(dateKey);
-    return NumberOf(QLatin1StringView(" in MODDATE.BAS, fnGetQMTDay"),
-                    at.second < 0 ? QString() : dateKey.mid(at.second + 1));
+    return NumberOf(" in MODDATE.BAS, fnGetQMTDay"_L1, at.second < 0 ? QString() : dateKey.mid(at.second + 1));
 }
 
 std::int16_t fnGetQMTMonth(const QString& dateKey)
 {
-    return NumberOf(QLatin1StringView(" in MODDATE.BAS, fnGetQMTMonth"), MiddleField(dateKey));
+    return NumberOf(" in MODDATE.BAS, fnGetQMTMonth"_L1, MiddleField(dateKey));
 }
 
 std::int16_t fnGetQMTYear(const QString& dateKey)
@@ -131,14 +130,13 @@ QString fnFormatDateKey(const QString& dateKey)
 {
     QString day = MemoName(dateKey);
     if (day.isEmpty()) day = TrimmedStr(fnGetQMTDay(dateKey));
-    return fnMonthAbbrev(fnGetQMTMonth(dateKey)) + u' ' + day + QStringLiteral(", ") +
-           TrimmedStr(fnGetQMTYear(dateKey));
+    return fnMonthAbbrev(fnGetQMTMonth(dateKey)) + u' ' + day + u", "_s + TrimmedStr(fnGetQMTYear(dateKey));
 }
 
 bool fnValidateDate(const QString& entryDate)
 {
     bool valid = false;
-    ErrorTail{QLatin1StringView(" in MODDATE, fnValidateDate")}([&] {
+    ErrorTail{" in MODDATE, fnValidateDate"_L1}([&] {
         if (Slashes(entryDate).second < 0) return;
         const std::int16_t month = LeadingNumber(FirstField(entryDate));
         const std::int16_t day = LeadingNumber(MiddleField(entryDate));

@@ -45,7 +45,7 @@ void subSetDaysInMonth(int year)
 std::int16_t fnDaysInMonth()
 {
     if (g_iMonth < 0 || g_iMonth > 13) {
-        throw RunTimeError{errors::SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
+        throw RunTimeError{errors::SubscriptOutOfRange, u"Subscript out of range"_s};
     }
     return g_aiDaysInMonth[static_cast<std::size_t>(g_iMonth)];
 }
@@ -83,7 +83,7 @@ QString FootTitle()
 {
     QStringList parts = {MonthTitle(), g_sNotKept, g_sNotSaved};
     parts.removeAll(QString());
-    return parts.join(QStringLiteral(" - "));
+    return parts.join(u" - "_s);
 }
 
 QString fnDayOfWeekName(int day)
@@ -102,7 +102,7 @@ std::uint32_t fnColorInHex(const QString& name)
 
 QString DaySlot::Caption() const
 {
-    return isMemo ? QStringLiteral("Memo") + TrimmedStr(number) : Str(number);
+    return isMemo ? u"Memo"_s + TrimmedStr(number) : Str(number);
 }
 
 std::array<DaySlot, 35> MonthGrid(int firstWeekday, int length)
@@ -146,11 +146,11 @@ QString DayInWords(const QString& caption)
 {
     const QString month = MonthWord(g_iMonth);
     if (IsMemoCaption(caption)) {
-        return QStringLiteral("Memo %1 of %2 %3").arg(caption.mid(4)).arg(month).arg(g_iYear);
+        return u"Memo %1 of %2 %3"_s.arg(caption.mid(4)).arg(month).arg(g_iYear);
     }
     const int day = IntegerOf(caption);
     const QStringView weekday = WeekdayWords.at(static_cast<std::size_t>(Weekday(g_iYear, g_iMonth, day) - 1));
-    return QStringLiteral("%1, %2 %3, %4").arg(weekday).arg(month).arg(day).arg(g_iYear);
+    return u"%1, %2 %3, %4"_s.arg(weekday).arg(month).arg(day).arg(g_iYear);
 }
 
 QString CellKey(const QString& caption)

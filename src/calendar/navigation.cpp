@@ -34,8 +34,7 @@ bool Navigation::RefusesToLeave()
     }
     if (g_iCurrentPanel == 0) return false;
     const int held = m_cells.CellToStayIn(); // the idle timer goes on behind the box
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-               QStringLiteral(" is locked, please unlock first."),
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) + u" is locked, please unlock first."_s,
            msgbox::Exclamation, messages::HelpWizard);
     m_cells.tbDay(held).setFocus();
     return true;
@@ -56,18 +55,17 @@ void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (
 
 void Navigation::subActionNext()
 {
-    Move(QLatin1StringView(" in MainForm, subActionNext"), &Redraw::subDisplayNextMonth, &Redraw::subDisplayNextWeek);
+    Move(" in MainForm, subActionNext"_L1, &Redraw::subDisplayNextMonth, &Redraw::subDisplayNextWeek);
 }
 
 void Navigation::subActionPrevious()
 {
-    Move(QLatin1StringView(" in MainForm, subActionPrevious"), &Redraw::subDisplayPrevMonth,
-         &Redraw::subDisplayPrevWeek);
+    Move(" in MainForm, subActionPrevious"_L1, &Redraw::subDisplayPrevMonth, &Redraw::subDisplayPrevWeek);
 }
 
 void Navigation::mnuThisMonth_Click()
 {
-    m_turn(QLatin1StringView(" in MainForm, mnuThisMonth_Click"), [&] {
+    m_turn(" in MainForm, mnuThisMonth_Click"_L1, [&] {
         GoToToday();
         m_redraw.subDisplayMonth();
         m_bottom.panelBottom->SetCaption(FootTitle());
@@ -76,7 +74,7 @@ void Navigation::mnuThisMonth_Click()
 
 void Navigation::mnuCurrentWeek_Click()
 {
-    m_turn(QLatin1StringView(" in MainForm, mnuCurrentWeek_Click"), [&] {
+    m_turn(" in MainForm, mnuCurrentWeek_Click"_L1, [&] {
         GoToToday();
         m_redraw.subDisplayWeek();
     });
@@ -84,10 +82,10 @@ void Navigation::mnuCurrentWeek_Click()
 
 void Navigation::SwitchTo(const View& view)
 {
-    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
     const ErrorTail tail(view.literal);
     if (m_calendar.GetViewMode() == view.mode) {
-        MsgBox(QStringLiteral("You are currently in %1").arg(view.name), msgbox::Information, view.name);
+        MsgBox(u"You are currently in %1"_s.arg(view.name), msgbox::Information, view.name);
     } else {
         m_turn(view.literal, [&] {
             m_calendar.Clear();
@@ -100,13 +98,12 @@ void Navigation::SwitchTo(const View& view)
 
 void Navigation::subSwitchToMonthView()
 {
-    SwitchTo(
-        {ViewMode::Month, QLatin1StringView(" in MainForm, subSwitchToMonthView"), QLatin1StringView("Month View")});
+    SwitchTo({ViewMode::Month, " in MainForm, subSwitchToMonthView"_L1, "Month View"_L1});
 }
 
 void Navigation::subSwitchToWeekView()
 {
-    SwitchTo({ViewMode::Week, QLatin1StringView(" in MainForm, subSwitchToWeekView"), QLatin1StringView("Week View")});
+    SwitchTo({ViewMode::Week, " in MainForm, subSwitchToWeekView"_L1, "Week View"_L1});
 }
 
 void Navigation::picWeek_Click(int Index)
@@ -119,10 +116,10 @@ void Navigation::SpinTips() const
 {
     const int mode = m_calendar.GetViewMode();
     if (mode != ViewMode::Week && mode != ViewMode::Month) return;
-    const QString unit = mode == ViewMode::Week ? QStringLiteral("Week") : QStringLiteral("Month");
+    const QString unit = mode == ViewMode::Week ? u"Week"_s : u"Month"_s;
     for (int element = 0; element < 2; ++element) {
-        m_bottom.imgLeftSpin->SetToolTip(element, QStringLiteral("Previous ") + unit);
-        m_bottom.imgRightSpin->SetToolTip(element, QStringLiteral("Next ") + unit);
+        m_bottom.imgLeftSpin->SetToolTip(element, u"Previous "_s + unit);
+        m_bottom.imgRightSpin->SetToolTip(element, u"Next "_s + unit);
     }
 }
 
@@ -134,7 +131,7 @@ void Navigation::tmMidnightRefresh_Timer()
     // After a day that could not be stored the calendar turns when that is done.
     const bool isOwed = m_isTurnOwed && !(g_bDBShared && MarkedCell() != 0);
     if (!isFirstMinute && !isOtherDay && !isOwed) return;
-    m_isTurnOwed = !m_turn(QLatin1StringView(" in MainForm, tmMidnightRefresh_Timer"), [&] {
+    m_isTurnOwed = !m_turn(" in MainForm, tmMidnightRefresh_Timer"_L1, [&] {
         GoToToday();
         if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
         if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();

@@ -80,7 +80,7 @@ void Redraw::DisplayMonthCells()
     for (int cell = FirstMonthCell; cell <= LastMonthCell; ++cell) {
         const DaySlot& slot = grid[static_cast<std::size_t>(cell - 1)];
         SSPanel& panel = m_cells.panelDay(cell);
-        panel.Tag = slot.isMemo ? QStringLiteral("Memo") : QString();
+        panel.Tag = slot.isMemo ? u"Memo"_s : QString();
         panel.SetCaptionAlignment(slot.isMemo ? SSPanel::CenterTop : SSPanel::LeftTop);
         ShowSlot(panel, slot, styles);
     }
@@ -96,7 +96,7 @@ void Redraw::FinishRedraw()
 
 void Redraw::subDisplayMonth()
 {
-    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayMonth"));
+    const ErrorTail tail(" in MODSHOW, subDisplayMonth"_L1);
     tail([&] { DisplayMonthCells(); });
     tail([&] { FinishRedraw(); });
 }
@@ -104,8 +104,7 @@ void Redraw::subDisplayMonth()
 void Redraw::MoveMonth(int step)
 {
     const Hourglass hourglass;
-    const ErrorTail tail(step > 0 ? QLatin1StringView(" in MODSHOW, subDisplayNextMonth")
-                                  : QLatin1StringView(" in MODSHOW, subDisplayPrevMonth"));
+    const ErrorTail tail(step > 0 ? " in MODSHOW, subDisplayNextMonth"_L1 : " in MODSHOW, subDisplayPrevMonth"_L1);
     tail([&] { StepMonth(step); });
     subDisplayMonth();
     m_bottom.panelBottom->SetCaption(FootTitle());
@@ -135,7 +134,7 @@ void Redraw::DisplayWeekCells(int firstSlot, int daysInMonth, bool with3D)
 
 void Redraw::subDisplayWeek()
 {
-    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayWeek"));
+    const ErrorTail tail(" in MODSHOW, subDisplayWeek"_L1);
     tail([&] {
         // The table of lengths is not refreshed here: after a year's end crossed week by week February keeps the
         // length of the last month drawn.
@@ -147,13 +146,13 @@ void Redraw::subDisplayWeek()
 
 void Redraw::subDisplayNextWeek()
 {
-    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayNextWeek"));
+    const ErrorTail tail(" in MODSHOW, subDisplayNextWeek"_L1);
     tail([&] { MoveWeek(1); });
 }
 
 void Redraw::subDisplayPrevWeek()
 {
-    const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayPrevWeek"));
+    const ErrorTail tail(" in MODSHOW, subDisplayPrevWeek"_L1);
     tail([&] { MoveWeek(-1); });
 }
 

@@ -65,17 +65,16 @@ void CellEditing::Wire()
         connect(&m_cells, signal, this, Guarded(literal, handler));
     };
     const QLatin1StringView click(" in MainForm, tbDay_Click");
-    on(&Cells::GotFocus, QLatin1StringView(" in MainForm, tbDay_GotFocus"), [this](int i) { tbDay_GotFocus(i); });
+    on(&Cells::GotFocus, " in MainForm, tbDay_GotFocus"_L1, [this](int i) { tbDay_GotFocus(i); });
     on(&Cells::Click, click, [this](int i) { tbDay_Click(i); });
     on(&Cells::PanelClick, click, [this](int i) { tbDay_Click(i); });
-    on(&Cells::Change, QLatin1StringView(" in MainForm, tbDay_Change"), [this](int) { tbDay_Change(); });
-    on(&Cells::SelChange, QLatin1StringView(" in MainForm, errTbDaySelChange"), [this](int i) { tbDay_SelChange(i); });
-    on(&Cells::KeyPress, QLatin1StringView(" in MainForm, tbDay_KeyPress"),
-       [this](int i, int& key) { tbDay_KeyPress(i, key); });
-    on(&Cells::MouseDown, QLatin1StringView(" in MainForm, tbDay_MouseDown"),
+    on(&Cells::Change, " in MainForm, tbDay_Change"_L1, [this](int) { tbDay_Change(); });
+    on(&Cells::SelChange, " in MainForm, errTbDaySelChange"_L1, [this](int i) { tbDay_SelChange(i); });
+    on(&Cells::KeyPress, " in MainForm, tbDay_KeyPress"_L1, [this](int i, int& key) { tbDay_KeyPress(i, key); });
+    on(&Cells::MouseDown, " in MainForm, tbDay_MouseDown"_L1,
        [this](int i, int button, const QPoint& at) { tbDay_MouseDown(i, button, at); });
     // What the mouse drops or pastes passes the guard of the paste command.
-    on(&Cells::PasteRequested, QLatin1StringView(" in MainForm, mnuPaste_Click"),
+    on(&Cells::PasteRequested, " in MainForm, mnuPaste_Click"_L1,
        [this](int, bool& allowed) { allowed = m_formatting.fnCanFormatCell(); });
 }
 
@@ -90,9 +89,8 @@ void CellEditing::RefuseMove()
     m_cells.tbDay(held).setFocus();
     if (std::exchange(m_isRefusing, true)) return;
     // A box that opened in the middle of a focus change would let the press through to the refused cell.
-    QMetaObject::invokeMethod(
-        this, Guarded(QLatin1StringView(" in MainForm, tbDay_GotFocus"), [this, held] { TellRefusal(held); }),
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, Guarded(" in MainForm, tbDay_GotFocus"_L1, [this, held] { TellRefusal(held); }),
+                              Qt::QueuedConnection);
 }
 
 // Then the focus, and at last the menu that a right click has asked for.
@@ -103,7 +101,7 @@ void CellEditing::TellRefusal(int held)
         m_menuAfterwards.reset();
     });
     MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-               QStringLiteral(" is locked(Edit Mode), please unlock first."),
+               u" is locked(Edit Mode), please unlock first."_s,
            msgbox::Exclamation, messages::HelpWizard);
     m_cells.tbDay(held).setFocus();
     if (m_menuAfterwards) m_menus.mnuRightMouse().popup(*m_menuAfterwards);
@@ -111,7 +109,7 @@ void CellEditing::TellRefusal(int held)
 
 void CellEditing::tbDay_GotFocus(int Index)
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, tbDay_GotFocus"));
+    const ErrorTail tail(" in MainForm, tbDay_GotFocus"_L1);
     if (g_bDBShared && IsHeldElsewhere(Index)) {
         tail([&] { RefuseMove(); });
         return;
@@ -120,9 +118,7 @@ void CellEditing::tbDay_GotFocus(int Index)
     m_cells.RememberEntry(Index);
     // Without a planner there is nothing that the cell could be written to.
     if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
-    tail([&] {
-        GiveDefaultFont(m_cells.tbDay(Index), DefaultStyles::AsSet, QLatin1StringView(" in MainForm, tbDay_GotFocus"));
-    });
+    tail([&] { GiveDefaultFont(m_cells.tbDay(Index), DefaultStyles::AsSet, " in MainForm, tbDay_GotFocus"_L1); });
 }
 
 void CellEditing::EnterIfNoneIsCurrent(int Index)
@@ -133,7 +129,7 @@ void CellEditing::EnterIfNoneIsCurrent(int Index)
 
 void CellEditing::tbDay_Click(int Index)
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, tbDay_Click"));
+    const ErrorTail tail(" in MainForm, tbDay_Click"_L1);
     tail([&] {
         const QString caption = m_cells.panelDay(Index).Caption();
         if (m_viewMode.GetViewMode() == ViewMode::Month && !IsMemoCaption(caption)) g_iDay = IntegerOf(caption);
@@ -156,9 +152,9 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
     KeyAscii = 0;
     // Handed on by an alarm's window: a box would put itself in front of that.
     if (QApplication::activeModalWidget() || RefusesWithoutPlanner()) return;
-    MsgBox(QStringLiteral("Please lock current day in order to edit a shared database. Alternatively, locking "
-                          "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "
-                          "the cell, or use shortcut key Ctrl-D"),
+    MsgBox(u"Please lock current day in order to edit a shared database. Alternatively, locking "
+           "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "
+           "the cell, or use shortcut key Ctrl-D"_s,
            msgbox::Exclamation, messages::HelpWizard);
 }
 
@@ -187,17 +183,17 @@ void CellEditing::tbDay_SelChange(int Index)
 
 void CellEditing::FollowButtons(const RichTextBox& box)
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, errTbDaySelChange"));
+    const ErrorTail tail(" in MainForm, errTbDaySelChange"_L1);
     const Toolbar& bar = *m_bar.tbTop;
-    tail([&] { Follow(bar.Buttons(QStringLiteral("bold")), box.SelBold()); });
-    tail([&] { Follow(bar.Buttons(QStringLiteral("italic")), box.SelItalic()); });
-    tail([&] { Follow(bar.Buttons(QStringLiteral("underline")), box.SelUnderline()); });
-    tail([&] { Follow(bar.Buttons(QStringLiteral("strikethru")), box.SelStrikeThru()); });
+    tail([&] { Follow(bar.Buttons(u"bold"_s), box.SelBold()); });
+    tail([&] { Follow(bar.Buttons(u"italic"_s), box.SelItalic()); });
+    tail([&] { Follow(bar.Buttons(u"underline"_s), box.SelUnderline()); });
+    tail([&] { Follow(bar.Buttons(u"strikethru"_s), box.SelStrikeThru()); });
 }
 
 void CellEditing::FollowCombos(const RichTextBox& box)
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, errTbDaySelChange"));
+    const ErrorTail tail(" in MainForm, errTbDaySelChange"_L1);
     tail([&] {
         const auto name = box.SelFontName();
         if (!name) return;

@@ -39,7 +39,7 @@ constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
 // kept in memory: a full disk may refuse the file, and a second Orrelin writes the same one.
 QString ScratchFile()
 {
-    return folders::ApplicationDirectory() + QStringLiteral("/dayview.rtf");
+    return folders::ApplicationDirectory() + u"/dayview.rtf"_s;
 }
 } // namespace
 
@@ -61,7 +61,7 @@ int DayView::CellToOpen() const
 
 void DayView::subZoomView()
 {
-    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
     if (IsOpen()) return;
     const ErrorTail tail(ZoomLiteral);
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
@@ -69,7 +69,7 @@ void DayView::subZoomView()
     m_day = {g_iCurrentPanel, CellKey(m_cells.panelDay(g_iCurrentPanel).Caption()), false};
     if (!g_bDBShared && m_cells.tbDay(m_day.cell).Locked()) {
         // What would be written could not be stored: the day's note has not been read.
-        MsgBox(QStringLiteral("This day cannot be opened, since its note could not be read."), msgbox::Exclamation,
+        MsgBox(u"This day cannot be opened, since its note could not be read."_s, msgbox::Exclamation,
                messages::HelpWizard);
         return;
     }
@@ -91,8 +91,7 @@ bool DayView::RefusesToLeave()
     const int held = MarkedCell(m_day.cell);
     if (held == 0 || !m_record.IsHeld()) return false;
     g_iCurrentPanel = static_cast<std::int16_t>(held);
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-               QStringLiteral(" is locked, please unlock first."),
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) + u" is locked, please unlock first."_s,
            msgbox::Exclamation, messages::HelpWizard);
     m_cells.tbDay(held).setFocus();
     return true;
@@ -152,9 +151,8 @@ void DayView::OfferDropped(const RichTextBox& dropped)
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     OfferByUndo(box, *dropped.document());
     m_tellsDropped = true;
-    m_bottom.panelBottom->SetCaption(box.Locked()
-                                         ? QStringLiteral("What you typed was dropped. Lock the day, then Ctrl+Z.")
-                                         : QStringLiteral("What you typed was dropped. Ctrl+Z brings it back."));
+    m_bottom.panelBottom->SetCaption(box.Locked() ? u"What you typed was dropped. Lock the day, then Ctrl+Z."_s
+                                                  : u"What you typed was dropped. Ctrl+Z brings it back."_s);
 }
 
 void DayView::EndNotice()
@@ -312,10 +310,10 @@ void DayView::Close()
 
 QString DayView::Heading() const
 {
-    const QString month = QStringLiteral("Zoom View/Edit For ") + fnMonthName(g_iMonth);
+    const QString month = u"Zoom View/Edit For "_s + fnMonthName(g_iMonth);
     const auto day = static_cast<qint64>(Val(m_cells.panelDay(m_day.cell).Caption()));
-    if (day == 0) return month + QStringLiteral(" Memo");
-    return month + u' ' + TrimmedStr(day) + QStringLiteral(", ") + TrimmedStr(g_iYear);
+    if (day == 0) return month + u" Memo"_s;
+    return month + u' ' + TrimmedStr(day) + u", "_s + TrimmedStr(g_iYear);
 }
 
 void DayView::panelDay_DblClick(int Index)

@@ -8,7 +8,7 @@
 namespace {
 void SetSize(QFont& font, int points)
 {
-    if (points <= 0) throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
+    if (points <= 0) throw RunTimeError{errors::InvalidPropertyValue, u"Invalid property value"_s};
     font.setPointSize(points);
 }
 } // namespace

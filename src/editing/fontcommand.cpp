@@ -25,14 +25,14 @@ void FontCommand::Fill(const RichTextBox& box, const ErrorTail& tail)
             return;
         }
         const std::optional<std::uint32_t> color = box.SelColor();
-        if (!color) throw RunTimeError{errors::InvalidUseOfNull, QStringLiteral("Invalid use of Null")};
+        if (!color) throw RunTimeError{errors::InvalidUseOfNull, u"Invalid use of Null"_s};
         m_dialog.color = *color;
     });
 }
 
 QString NameOr(const FontChoice& choice)
 {
-    return choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name;
+    return choice.name.isEmpty() ? u"Arial"_s : choice.name;
 }
 
 void ApplyToSelection(RichTextBox& box, const FontChoice& choice, const ErrorTail& tail)

@@ -22,7 +22,7 @@ bool Formatting::fnCanFormatCell()
 {
     if (!g_bDBShared || !m_network.picLock->Visible(0)) return true;
     if (RefusesWithoutPlanner()) return false;
-    MsgBox(QStringLiteral("Please lock the desired day before attempting to apply font attributes to current cell"),
+    MsgBox(u"Please lock the desired day before attempting to apply font attributes to current cell"_s,
            msgbox::Information, messages::HelpWizard);
     return false;
 }
@@ -48,27 +48,27 @@ void Formatting::Run(const TextStyle& style, QLatin1StringView literal)
 
 void Formatting::mnuBold_Click()
 {
-    Run(Bold, QLatin1StringView(" in MainForm, mnuBold_Click"));
+    Run(Bold, " in MainForm, mnuBold_Click"_L1);
 }
 
 void Formatting::mnuItalic_Click()
 {
-    Run(Italic, QLatin1StringView(" in MainForm, mnuItalic_Click"));
+    Run(Italic, " in MainForm, mnuItalic_Click"_L1);
 }
 
 void Formatting::mnuUnderline_Click()
 {
-    Run(Underline, QLatin1StringView(" in MainForm, mnuUnderline_Click"));
+    Run(Underline, " in MainForm, mnuUnderline_Click"_L1);
 }
 
 void Formatting::mnuStrikeThru_Click()
 {
-    Run(StrikeThru, QLatin1StringView(" in MainForm, mnuStrikeThru_Click"));
+    Run(StrikeThru, " in MainForm, mnuStrikeThru_Click"_L1);
 }
 
 void Formatting::mnuColorSizeFonts_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuColorSizeFonts_Click"));
+    const ErrorTail tail(" in MainForm, mnuColorSizeFonts_Click"_L1);
     tail([&] {
         if (!fnCanFormatCell()) return;
         RichTextBox& box = CurrentBox();
@@ -116,19 +116,19 @@ void Formatting::SendKey(int key, Qt::KeyboardModifiers modifiers)
 
 void Formatting::mnuCut_Click()
 {
-    ErrorTail{QLatin1StringView(" in MainForm, mnuCut_Click")}([&] {
+    ErrorTail{" in MainForm, mnuCut_Click"_L1}([&] {
         if (fnCanFormatCell()) SendKey(Qt::Key_Delete, Qt::ShiftModifier);
     });
 }
 
 void Formatting::mnuCopy_Click()
 {
-    ErrorTail{QLatin1StringView(" in MainForm, mnuCopy_Click")}([&] { SendKey(Qt::Key_Insert, Qt::ControlModifier); });
+    ErrorTail{" in MainForm, mnuCopy_Click"_L1}([&] { SendKey(Qt::Key_Insert, Qt::ControlModifier); });
 }
 
 void Formatting::mnuPaste_Click()
 {
-    ErrorTail{QLatin1StringView(" in MainForm, mnuPaste_Click")}([&] {
+    ErrorTail{" in MainForm, mnuPaste_Click"_L1}([&] {
         if (fnCanFormatCell()) SendKey(Qt::Key_Insert, Qt::ShiftModifier);
     });
 }
@@ -151,7 +151,7 @@ void Formatting::orlcmbFontcolor_Change()
 
 void Formatting::subInitAllComboBox()
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, subInitAllComboBox"));
+    const ErrorTail tail(" in MainForm, subInitAllComboBox"_L1);
     tail([&] { m_bar.orlcmbFontcolor->FillColors(); });
     tail([&] { m_bar.orlcmbFontsize->FillFontSizes(); });
     tail([&] { m_bar.orlcmbFontname->FillFontNames(); });

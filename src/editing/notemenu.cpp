@@ -62,6 +62,6 @@ QMenu* AddNoteMenu(RichTextBox& box, const char* form)
         box.setFocus();
         menu->popup(at);
     };
-    QObject::connect(&box, &RichTextBox::MouseDown, menu, Guarded(QLatin1StringView(" in NoteMenu, MouseDown"), popUp));
+    QObject::connect(&box, &RichTextBox::MouseDown, menu, Guarded(" in NoteMenu, MouseDown"_L1, popUp));
     return menu;
 }

@@ -29,7 +29,7 @@ const QString Blanks(3, u' ');  // behind each picture
 
 [[noreturn]] void RaiseAccessError()
 {
-    throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+    throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
 }
 
 // Of a file alone: a pipe would never end.
@@ -43,7 +43,7 @@ QByteArray ReadIcon(const QString& path)
 void AppendIcon(QTextCursor& end, const QString& path)
 {
     if (!InsertPicture(end, ReadIcon(path), {.exact = QSize(PictureSize, PictureSize)}))
-        throw RunTimeError{errors::InvalidPicture, QStringLiteral("Invalid picture")};
+        throw RunTimeError{errors::InvalidPicture, u"Invalid picture"_s};
     end.insertText(Blanks);
 }
 
@@ -54,7 +54,7 @@ QByteArray PictureAsRtf(const NotePicture& picture)
     QTextCursor cursor(&document);
     InsertPicture(cursor, picture.image, {.exact = picture.shown.toSize()});
     const QFont font(Read(settings::DefaultFontName), qMax(1, Read(settings::DefaultFontSize)));
-    cursor.insertText(QStringLiteral(" "), FormatOf(font));
+    cursor.insertText(u" "_s, FormatOf(font));
     cursor.select(QTextCursor::Document);
     return WriteRtf(cursor);
 }
@@ -74,7 +74,7 @@ void Refuse(const QString& text)
 
 void RefuseFormat()
 {
-    Refuse(QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
+    Refuse(u"Incorrect File Format!\nPlease select Icon(*.ico) files only."_s);
 }
 } // namespace
 
@@ -84,12 +84,11 @@ void PictureBar::subLoadIcons()
     const QDir icons(folders::IconsDirectory());
     QTextCursor end(m_sidebar.tbPictureBox->document());
     end.movePosition(QTextCursor::End);
-    const ErrorTail tail(QLatin1StringView(" in MainForm, subLoadIcons"));
+    const ErrorTail tail(" in MainForm, subLoadIcons"_L1);
     const Hourglass hourglass;
     end.beginEditBlock(); // laid out once, not after each of hundreds
     tail([&] {
-        for (const QString& file :
-             icons.entryList({QStringLiteral("*.ico")}, QDir::Files, QDir::Name | QDir::IgnoreCase))
+        for (const QString& file : icons.entryList({u"*.ico"_s}, QDir::Files, QDir::Name | QDir::IgnoreCase))
             AppendIcon(end, icons.filePath(file));
     });
     end.endEditBlock();
@@ -110,11 +109,11 @@ void PictureBar::tbPictureBox_Shown()
 void PictureBar::tbPictureBox_OLEStartDrag(QMimeData& Data, QPixmap& cursor)
 {
     g_lUnlockTicks = 0;
-    const ErrorTail tail(QLatin1StringView(" in MainForm, tbPictureBox_OLEStartDrag"));
+    const ErrorTail tail(" in MainForm, tbPictureBox_OLEStartDrag"_L1);
     tail([&] {
         const auto picture = OnlyPicture(m_sidebar.tbPictureBox->textCursor());
-        if (!picture || picture->image.isNull()) return Refuse(QStringLiteral("Please select one picture at a time."));
-        Data.setData(QStringLiteral("text/rtf"), PictureAsRtf(*picture));
+        if (!picture || picture->image.isNull()) return Refuse(u"Please select one picture at a time."_s);
+        Data.setData(u"text/rtf"_s, PictureAsRtf(*picture));
         Data.setImageData(picture->image);
         cursor = CursorOf(picture->image, m_sidebar.tbPictureBox->devicePixelRatioF());
     });
@@ -129,14 +128,14 @@ void PictureBar::tbPictureBox_OLECompleteDrag()
 void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
 {
     g_lUnlockTicks = 0;
-    const ErrorTail tail(QLatin1StringView(" in MainForm, tbPictureBox_OLEDragDrop"));
+    const ErrorTail tail(" in MainForm, tbPictureBox_OLEDragDrop"_L1);
     tail([&] {
         const QString& dropped = files.constFirst();
         if (!dropped.contains(u".ico", Qt::CaseInsensitive)) return RefuseFormat();
         const QDir icons(folders::IconsDirectory());
         const QString name = QFileInfo(dropped).fileName();
         if (icons.entryList(QDir::Files).contains(name))
-            return Refuse(QStringLiteral("File Exists!\nPlease select another Icon(*.ico) file."));
+            return Refuse(u"File Exists!\nPlease select another Icon(*.ico) file."_s);
         const QByteArray content = ReadIcon(dropped);
         // A file that is no picture would end the strip at its place.
         if (ImageSize(content).isEmpty()) return RefuseFormat();

@@ -14,7 +14,7 @@ constexpr QByteArrayView FixedHeader("{\\pict\\wmetafile8\\picw846\\pich846\\pic
 
 [[noreturn]] void RaiseAccessError()
 {
-    throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+    throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
 }
 
 // A line that begins a picture keeps what stands before it; the rest of its header is dropped.
@@ -34,7 +34,7 @@ QByteArray WithoutLineEnd(QByteArray line)
 void FixPictures(const QString& path)
 {
     QFile old(path);
-    if (!old.exists()) throw RunTimeError{errors::FileNotFound, QStringLiteral("File not found")};
+    if (!old.exists()) throw RunTimeError{errors::FileNotFound, u"File not found"_s};
     if (!old.open(QIODevice::ReadOnly)) RaiseAccessError();
     QSaveFile fixed(path);
     if (!fixed.open(QIODevice::WriteOnly)) RaiseAccessError();
@@ -46,8 +46,8 @@ void FixPictures(const QString& path)
 
 void subFixPictures()
 {
-    ErrorTail{QLatin1StringView(" in MainForm, subFixPictures")}(
-        [] { FixPictures(folders::ApplicationDirectory() + QStringLiteral("/pictures.orl")); });
+    ErrorTail{" in MainForm, subFixPictures"_L1}(
+        [] { FixPictures(folders::ApplicationDirectory() + u"/pictures.orl"_s); });
 }
 
 void subTransparentBlt(QImage& destination, const QImage& source, const QRect& part, int destX, int destY,

@@ -35,8 +35,8 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
                          FontCommand& fontCommand)
     : QDialog(owner), m_fontCommand(fontCommand)
 {
-    setObjectName(QStringLiteral("ZoomBoxForm"));
-    setWindowTitle(QStringLiteral("Zoom View"));
+    setObjectName(u"ZoomBoxForm"_s);
+    setWindowTitle(u"Zoom View"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 8, 16, 16);
@@ -82,7 +82,7 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
     m_tbZoom->installEventFilter(this);
     connect(m_tbZoom, &RichTextBox::Change, this, &ZoomBoxForm::SignOfLife);
     SSPanel* panel = MakeNotePanel(m_tbZoom);
-    panel->setObjectName(QStringLiteral("panelZoom"));
+    panel->setObjectName(u"panelZoom"_s);
     auto* frameLayout = new QVBoxLayout(frame);
     frameLayout->setContentsMargins(1, 1, 1, 1);
     frameLayout->addWidget(panel);
@@ -91,8 +91,7 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 
 QLayout* ZoomBoxForm::MakeFoot()
 {
-    auto* lblHint =
-        Named(new QLabel(QStringLiteral("Hint: Use right mouse button to access common functions")), "lblHint");
+    auto* lblHint = Named(new QLabel(u"Hint: Use right mouse button to access common functions"_s), "lblHint");
     lblHint->setWordWrap(true);
     SoftenText(*lblHint);
     auto* buttons = new QHBoxLayout;
@@ -118,8 +117,7 @@ QLayout* ZoomBoxForm::MakeFoot()
 // The lines break at the box's edge, not at a page's width.
 void ZoomBoxForm::Form_Resize()
 {
-    ErrorTail{QLatin1StringView(" in ZoomBoxForm, Form_Resize")}(
-        [&] { m_tbZoom->SetRightMargin(m_tbZoom->viewport()->width()); });
+    ErrorTail{" in ZoomBoxForm, Form_Resize"_L1}([&] { m_tbZoom->SetRightMargin(m_tbZoom->viewport()->width()); });
 }
 
 bool ZoomBoxForm::eventFilter(QObject* watched, QEvent* event)
@@ -158,7 +156,7 @@ void ZoomBoxForm::btnCancel_Click()
 
 void ZoomBoxForm::btnFonts_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in ZoomBoxForm, btnFonts_Click"));
+    const ErrorTail tail(" in ZoomBoxForm, btnFonts_Click"_L1);
     FontChoice chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
     chosen.colorIsChosen = true; // here the dialog's colour counts in any case
     ApplyToSelection(*m_tbZoom, chosen, tail);

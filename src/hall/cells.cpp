@@ -6,12 +6,12 @@
 #include "platform/runtime/language.h"
 
 Cells::Cells(QWidget* client)
-    : QObject(client), lblDayOfWeek(QStringLiteral("lblDayOfWeek"), [this](int i) { return MakeHeading(i); }),
-      panelDay(QStringLiteral("panelDay"), [this](int i) { return MakePanel(i); }),
-      tbDay(QStringLiteral("tbDay"), [this](int i) { return MakeBox(i); }),
-      btnTunes(QStringLiteral("btnTunes"), [this](int i) { return MakeAlarmMark(i); }), m_client(client)
+    : QObject(client), lblDayOfWeek(u"lblDayOfWeek"_s, [this](int i) { return MakeHeading(i); }),
+      panelDay(u"panelDay"_s, [this](int i) { return MakePanel(i); }),
+      tbDay(u"tbDay"_s, [this](int i) { return MakeBox(i); }),
+      btnTunes(u"btnTunes"_s, [this](int i) { return MakeAlarmMark(i); }), m_client(client)
 {
-    lblDayOfWeek.Load(0).SetCaption(QStringLiteral("Sun"));
+    lblDayOfWeek.Load(0).SetCaption(u"Sun"_s);
 }
 
 void Cells::EnterAgain()
@@ -77,7 +77,7 @@ SSPanel* Cells::MakeHeading(int index)
     heading->SetPaper(paper::Band);
     heading->SetEdges(Qt::RightEdge | Qt::BottomEdge);
     heading->SetCaptionAlignment(SSPanel::CenterMiddle);
-    heading->setToolTip(QStringLiteral("Double click to change fonts"));
+    heading->setToolTip(u"Double click to change fonts"_s);
     connect(heading, &SSPanel::DblClick, this, [this, index] { Q_EMIT HeadingDblClick(index); });
     return heading;
 }
@@ -121,9 +121,9 @@ QToolButton* Cells::MakeAlarmMark(int index)
     constexpr QSize PictureSize(15, 15);
     auto* mark = new ToolbarButton(MarkSize, PictureSize, m_client);
     mark->hide();
-    mark->SetPicture(QStringLiteral(":/icons/alarm.svg"));
-    mark->setToolTip(QStringLiteral("Alarm"));
-    mark->setAccessibleName(QStringLiteral("Alarm"));
+    mark->SetPicture(u":/icons/alarm.svg"_s);
+    mark->setToolTip(u"Alarm"_s);
+    mark->setAccessibleName(u"Alarm"_s);
     if (tbDay.Exists(index)) QWidget::setTabOrder(&tbDay(index), mark);
     // Queued, since what follows from the click may unload the mark.
     connect(

@@ -8,7 +8,7 @@ void MenuItem::SetCaption(const QString& caption)
 {
     m_caption = caption;
     QString shown = caption;
-    m_action->setText(shown.replace(u'&', QStringLiteral("&&")));
+    m_action->setText(shown.replace(u'&', u"&&"_s));
 }
 
 void MenuItem::SetEnabled(bool enabled)

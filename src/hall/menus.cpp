@@ -209,14 +209,14 @@ MenuItem& Menus::operator()(QLatin1StringView name)
 {
     const auto found = m_items.find(QString(name));
     if (found == m_items.end()) {
-        throw RunTimeError{errors::NoSuchElement, QStringLiteral("There is no menu entry '%1'").arg(name)};
+        throw RunTimeError{errors::NoSuchElement, u"There is no menu entry '%1'"_s.arg(name)};
     }
     return found->second;
 }
 
 MenuItem& Menus::mnuMRU(int index)
 {
-    return m_items.at(QStringLiteral("mnuMRU(%1)").arg(index));
+    return m_items.at(u"mnuMRU(%1)"_s.arg(index));
 }
 
 const MenuItem* Menus::OfShortcut(const QKeySequence& key) const

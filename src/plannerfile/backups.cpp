@@ -30,19 +30,19 @@ void RefuseWithoutRoom(const QFileInfo& planner)
 {
     const qint64 free = QStorageInfo(BackupFolder()).bytesAvailable();
     if (free >= 0 && free < 2 * planner.size() + RoomToLeave)
-        throw RunTimeError{engineerrors::DiskFull, QStringLiteral("There is too little room left for a backup.")};
+        throw RunTimeError{engineerrors::DiskFull, u"There is too little room left for a backup."_s};
 }
 
 QString NameOf(const QFileInfo& planner, const QDate& day)
 {
-    return planner.completeBaseName() + u' ' + day.toString(Qt::ISODate) + QStringLiteral(".mdb");
+    return planner.completeBaseName() + u' ' + day.toString(Qt::ISODate) + u".mdb"_s;
 }
 
 // The copy of a day to come was made while the clock stood wrong, and is of no known age.
 void RemoveOldest(const QDir& folder, const QFileInfo& planner, const QDate& today)
 {
     QMap<QDate, QString> copies;
-    for (const QString& name : folder.entryList({QStringLiteral("*.mdb")}, QDir::Files)) {
+    for (const QString& name : folder.entryList({u"*.mdb"_s}, QDir::Files)) {
         const QDate day = QDate::fromString(name.chopped(4).right(10), Qt::ISODate);
         const bool isOurs = day.isValid() && name == NameOf(planner, day);
         if (isOurs) copies[day > today ? QDate(1, 1, 1).addDays(today.daysTo(day)) : day] = name;
@@ -74,14 +74,13 @@ struct
 
 QString BackupFolder()
 {
-    return folders::ApplicationDirectory() + QStringLiteral("/backups");
+    return folders::ApplicationDirectory() + u"/backups"_s;
 }
 
 QString PlaceOfBackups()
 {
-    return QStringLiteral(
-               "Copies of your planners, one for each of the last days on which they were changed, are in %1")
-        .arg(BackupFolder());
+    return u"Copies of your planners, one for each of the last days on which they were changed, are in %1"_s.arg(
+        BackupFolder());
 }
 
 QString BackUpBeforeSave()

@@ -23,7 +23,7 @@
 namespace {
 constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");
 
-const QString Extension = QStringLiteral(".mdb");
+const QString Extension = u".mdb"_s;
 
 // The last three letters, without a dot before them: a name such as mymdb counts as having its extension.
 bool HasExtension()
@@ -37,7 +37,7 @@ class CreatingNotice
 public:
     explicit CreatingNotice(const BottomPanel& bottom) : m_bottom(bottom)
     {
-        m_bottom.panelBottom->SetCaption(QStringLiteral("creating ") + g_sDBPath.toLower());
+        m_bottom.panelBottom->SetCaption(u"creating "_s + g_sDBPath.toLower());
         m_bottom.panelBottom->repaint();
     }
     ~CreatingNotice() { m_bottom.panelBottom->SetCaption(FootTitle()); }
@@ -68,15 +68,13 @@ bool Creation::MayReplace(const Names& names)
     const QString existing = filesystem::Find(names.path);
     if (existing.isEmpty() || filesystem::Dir(existing).toLower() != names.title) return true;
     m_replaced << existing;
-    return MsgBox(QStringLiteral("File exists! Are you sure you want to replace the existing file '") + names.title +
-                      QStringLiteral("'?"),
-                  msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,
-                  QStringLiteral("File Exists!")) == msgbox::Yes;
+    return MsgBox(u"File exists! Are you sure you want to replace the existing file '"_s + names.title + u"'?"_s,
+                  msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2, u"File Exists!"_s) == msgbox::Yes;
 }
 
 void Creation::subNewPlanner()
 {
-    if (!AskForPlanner(m_dialog, QStringLiteral("New Planner File"), QStringLiteral("&Create"))) return;
+    if (!AskForPlanner(m_dialog, u"New Planner File"_s, u"&Create"_s)) return;
     // What is typed under a lock is stored while there is a planner to store it in.
     if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return;
     const Names former = {g_sDBPath, g_sDBTitle};
@@ -91,7 +89,7 @@ void Creation::subNewPlanner()
         g_sDBPath = former.path;
         g_sDBTitle = former.title;
         ReadAgain(former);
-        MsgBox(QStringLiteral("Could not create New Planner"), 0, QString(), *reason);
+        MsgBox(u"Could not create New Planner"_s, 0, QString(), *reason);
         return;
     }
     if (AskHowToOpen()) OpenAndTell();
@@ -114,8 +112,8 @@ void Creation::OpenAndTell()
     }
     m_opening.ShowPlannerOpen();
     if (g_sDBTitle.isEmpty()) return;
-    MsgBox(QStringLiteral("New Planner created successfully!\n\n"
-                          "Now click on the area below today's date to enter text"),
+    MsgBox(u"New Planner created successfully!\n\n"
+           "Now click on the area below today's date to enter text"_s,
            msgbox::Information, messages::HelpWizard);
 }
 

@@ -22,10 +22,10 @@ void Tell(const QString& planner)
         QTimer::singleShot(LookAgain, qApp, Guarded(DamageLiteral, [planner] { Tell(planner); }));
         return;
     }
-    const QString text = QStringLiteral("The planner '%1' is damaged: not all of its days can be read any more. What "
-                                        "cannot be read stays empty on the screen and is not written over.\n\nChoose "
-                                        "Repair Database in the File menu. It brings back what is still there, and "
-                                        "keeps the damaged planner beside it.");
+    const QString text = u"The planner '%1' is damaged: not all of its days can be read any more. What "
+                         "cannot be read stays empty on the screen and is not written over.\n\nChoose "
+                         "Repair Database in the File menu. It brings back what is still there, and "
+                         "keeps the damaged planner beside it."_s;
     MsgBox(text.arg(QFileInfo(planner).fileName()), msgbox::Exclamation, messages::HelpWizard, PlaceOfBackups());
 }
 } // namespace

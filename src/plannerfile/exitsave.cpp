@@ -71,8 +71,8 @@ void ExitSave::AskForUnsaved()
 
 bool ExitSave::AskToRetry()
 {
-    const QString question = QStringLiteral("These notes could not be saved:\n\n%1\n\n%2\n\nRetry saves them again. "
-                                            "Cancel ends Orrelin and keeps each of them as a file in\n%3");
+    const QString question = u"These notes could not be saved:\n\n%1\n\n%2\n\nRetry saves them again. "
+                             "Cancel ends Orrelin and keeps each of them as a file in\n%3"_s;
     return MsgBox(question.arg(m_notes.Unsaved().Describe(), m_notes.WhyUnsaved(), RescueFolder()),
                   msgbox::RetryCancel + msgbox::Critical, messages::HelpWizard) == msgbox::Retry;
 }
@@ -89,8 +89,8 @@ bool ExitSave::KeepAsFiles(bool mayAsk)
         reason = error.Description;
     }
     if (!mayAsk) return false;
-    const QString question = QStringLiteral("The notes could not be kept as files either: %1\n\nEnd Orrelin and lose "
-                                            "them?");
+    const QString question = u"The notes could not be kept as files either: %1\n\nEnd Orrelin and lose "
+                             "them?"_s;
     return MsgBox(question.arg(reason), msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,
                   messages::HelpWizard) == msgbox::Yes;
 }

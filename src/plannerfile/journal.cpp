@@ -14,11 +14,11 @@ constexpr int Pause = 700;              // milliseconds without a key, so that n
 constexpr int LongestWait = 2000;       // milliseconds, for somebody who types without a pause
 constexpr int AfterFailure = 15000;     // milliseconds
 constexpr qint64 LargestFile = 1 << 30; // no journal of ours
-const QString Extension = QStringLiteral(".notes");
+const QString Extension = u".notes"_s;
 
 QDir Folder()
 {
-    return QDir(folders::ApplicationDirectory() + QStringLiteral("/journal"));
+    return QDir(folders::ApplicationDirectory() + u"/journal"_s);
 }
 
 // Nobody else's: the notes of a planner may be private.
@@ -34,7 +34,7 @@ void MakeFolder(QString& reason)
 
 QString LockOf(const QString& journal)
 {
-    return journal.chopped(Extension.size()) + QStringLiteral(".lock");
+    return journal.chopped(Extension.size()) + u".lock"_s;
 }
 
 struct Place
@@ -59,7 +59,7 @@ Place FreePlace(QString& reason)
 QString PutAside(const QFileInfo& journal)
 {
     for (int number = 1;; ++number) {
-        const QString name = journal.dir().filePath(QStringLiteral("damaged-%1").arg(number));
+        const QString name = journal.dir().filePath(u"damaged-%1"_s.arg(number));
         if (QFileInfo::exists(name)) continue;
         return QFile::rename(journal.filePath(), name) ? name : journal.filePath();
     }
@@ -128,7 +128,7 @@ bool Journal::LeaveBehind(const UnsavedNotes& notes, QString& reason)
 {
     const Place place = FreePlace(reason);
     // Without a lock nobody would find it.
-    if (!place.lock && reason.isEmpty()) reason = QStringLiteral("'%1' takes no locks.").arg(Folder().path());
+    if (!place.lock && reason.isEmpty()) reason = u"'%1' takes no locks."_s.arg(Folder().path());
     if (reason.isEmpty() && WriteDurably(place.path, journalfile::Encode(notes), &reason)) return true;
     LogError({errors::PathFileAccess, reason}, JournalTail);
     return false;

@@ -19,10 +19,9 @@ QString KeyOf(const QString& address)
 
 bool Allows(const QString& planner, const QString& address)
 {
-    const QString question =
-        QStringLiteral("'%1' is no planner itself but leads to one on a server:\n\n%2\n\nOrrelin "
-                       "has not been connected to this server in this way before. Connect only if you "
-                       "know it, or trust whoever gave you the file.\n\nConnect?");
+    const QString question = u"'%1' is no planner itself but leads to one on a server:\n\n%2\n\nOrrelin "
+                             "has not been connected to this server in this way before. Connect only if you "
+                             "know it, or trust whoever gave you the file.\n\nConnect?"_s;
     return MsgBox(question.arg(QFileInfo(planner).fileName(), address),
                   msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard) == msgbox::Yes;
 }
@@ -41,5 +40,5 @@ bool MayConnect(const QString& planner)
 
 void RememberServer(const QString& address)
 {
-    WritePrivateProfileStringA(Section, KeyOf(address), QStringLiteral("1"), settings::PlannerIni.toString());
+    WritePrivateProfileStringA(Section, KeyOf(address), u"1"_s, settings::PlannerIni.toString());
 }

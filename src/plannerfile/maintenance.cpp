@@ -20,14 +20,14 @@
 namespace {
 QString WordFor(const QString& table)
 {
-    if (table == schema::Notes) return QStringLiteral("Notes");
-    if (table == schema::Alarms) return QStringLiteral("Alarms");
-    return table == schema::Recursions ? QStringLiteral("Recurring events") : table;
+    if (table == schema::Notes) return u"Notes"_s;
+    if (table == schema::Alarms) return u"Alarms"_s;
+    return table == schema::Recursions ? u"Recurring events"_s : table;
 }
 
 QString ScratchPath()
 {
-    return folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
+    return folders::ApplicationDirectory() + u"/dummy.mdb"_s;
 }
 
 // Somebody has taken the planner away under the hands of Compact.
@@ -35,15 +35,13 @@ QString WhatIsLeft(const QString& file)
 {
     const bool isGone = !file.isEmpty() && !QFileInfo::exists(file);
     if (!isGone || !QFileInfo::exists(ScratchPath())) return {};
-    return QStringLiteral("The planner is not in its place any more. What Compact has made of it is\n%1")
-        .arg(ScratchPath());
+    return u"The planner is not in its place any more. What Compact has made of it is\n%1"_s.arg(ScratchPath());
 }
 
 QString DescribeBeside(const ScratchPlace& scratch)
 {
     if (scratch.PutBeside().isEmpty()) return {};
-    return QStringLiteral("\n\nWhat lay at %1, where Compact makes its copies, is now\n%2")
-        .arg(scratch.Path(), scratch.PutBeside());
+    return u"\n\nWhat lay at %1, where Compact makes its copies, is now\n%2"_s.arg(scratch.Path(), scratch.PutBeside());
 }
 
 bool IsOpenPlanner(const QString& file)
@@ -56,23 +54,22 @@ QString DescribeKept(const QString& oldPlanner, const QStringList& missing)
 {
     if (oldPlanner.isEmpty()) return {};
     QString text =
-        QStringLiteral("The planner was of an older kind and has been converted. The old one is kept beside it as %1.")
-            .arg(QFileInfo(oldPlanner).fileName());
+        u"The planner was of an older kind and has been converted. The old one is kept beside it as %1."_s.arg(
+            QFileInfo(oldPlanner).fileName());
     if (!missing.isEmpty()) text += u'\n';
     for (const QString& table : missing)
-        text += QStringLiteral("\n%1: it had no table for them").arg(WordFor(table));
+        text += u"\n%1: it had no table for them"_s.arg(WordFor(table));
     return text;
 }
 
 QString Describe(const DBEngine::RepairReport& report)
 {
-    const QString backups = QStringLiteral("\n\n") + PlaceOfBackups();
-    if (report.KeptAs.isEmpty()) return QStringLiteral("Nothing was wrong with it.") + backups;
-    QString text =
-        QStringLiteral("The damaged planner is kept beside it as %1.\n").arg(QFileInfo(report.KeptAs).fileName());
+    const QString backups = u"\n\n"_s + PlaceOfBackups();
+    if (report.KeptAs.isEmpty()) return u"Nothing was wrong with it."_s + backups;
+    QString text = u"The damaged planner is kept beside it as %1.\n"_s.arg(QFileInfo(report.KeptAs).fileName());
     for (const auto& table : report.Tables) {
-        text += QStringLiteral("\n%1: %2 recovered").arg(WordFor(table.Name)).arg(table.Rows);
-        if (table.CutRows > 0) text += QStringLiteral(", of which %1 lost a part").arg(table.CutRows);
+        text += u"\n%1: %2 recovered"_s.arg(WordFor(table.Name)).arg(table.Rows);
+        if (table.CutRows > 0) text += u", of which %1 lost a part"_s.arg(table.CutRows);
     }
     return text + backups;
 }
@@ -105,7 +102,7 @@ void Maintenance::Run(const Command& command, const Work& work)
         MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.title), more);
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());
-        MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, QStringLiteral("Error"),
+        MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, u"Error"_s,
                command.afterError(file));
         LogError(error, command.literal);
     }
@@ -113,9 +110,8 @@ void Maintenance::Run(const Command& command, const Work& work)
 
 bool Maintenance::MayClose(const QString& file, const Command& command)
 {
-    const QString question =
-        QStringLiteral("'%1' is the planner that is open. Orrelin saves and closes it for this, and "
-                       "opens it again afterwards.\n\n%2 it now?");
+    const QString question = u"'%1' is the planner that is open. Orrelin saves and closes it for this, and "
+                             "opens it again afterwards.\n\n%2 it now?"_s;
     return MsgBox(question.arg(QFileInfo(file).fileName(), QString::fromLatin1(command.name)),
                   msgbox::YesNo + msgbox::Question, messages::HelpWizard) == msgbox::Yes &&
            m_lockedDay.Commit();
@@ -125,7 +121,7 @@ void Maintenance::mnuCompact_Click()
 {
     static constexpr Command compact = {"Compact",
                                         "Access (*.MDB)|*.mdb",
-                                        QLatin1StringView(" in MainForm, mnuCompact_Click"),
+                                        " in MainForm, mnuCompact_Click"_L1,
                                         "Unable to compress database: ",
                                         "Database compressed OK",
                                         "Compact",
@@ -143,7 +139,7 @@ void Maintenance::mnuRepair_Click()
 {
     static constexpr Command repair = {"Repair",
                                        "Access (*.mdb)|*.mdb",
-                                       QLatin1StringView(" in MainForm, mnuRepair_Click"),
+                                       " in MainForm, mnuRepair_Click"_L1,
                                        "Error when repairing database: ",
                                        "Database repaired successfully",
                                        "Repair",

@@ -11,22 +11,21 @@
 
 OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
-      m_opShared{new QRadioButton(QStringLiteral("Personal Planner")),
-                 new QRadioButton(QStringLiteral("Shared Workgroup Planner (Network)"))}
+      m_opShared{new QRadioButton(u"Personal Planner"_s), new QRadioButton(u"Shared Workgroup Planner (Network)"_s)}
 {
-    setObjectName(QStringLiteral("OpenAsForm"));
-    setWindowTitle(QStringLiteral("Loading ") + plannerPath);
+    setObjectName(u"OpenAsForm"_s);
+    setWindowTitle(u"Loading "_s + plannerPath);
 
-    auto* frame = Named(new QGroupBox(QStringLiteral("Open As ...")), "Frame3D2");
+    auto* frame = Named(new QGroupBox(u"Open As ..."_s), "Frame3D2");
     auto* options = new QVBoxLayout(frame);
     for (int i = 0; i < 2; ++i) {
         QRadioButton* option = m_opShared[static_cast<std::size_t>(i)];
-        option->setObjectName(QStringLiteral("opShared(%1)").arg(i));
+        option->setObjectName(u"opShared(%1)"_s.arg(i));
         options->addWidget(option);
     }
     m_opShared[0]->setChecked(true);
 
-    auto* btnOk = Named(new QPushButton(QStringLiteral("&Ok"), this), "btnOk");
+    auto* btnOk = Named(new QPushButton(u"&Ok"_s, this), "btnOk");
     btnOk->setDefault(true);
     connect(btnOk, &QPushButton::clicked, this, &QDialog::accept);
 

@@ -48,7 +48,7 @@ void Opening::subOpenPlanner()
     const bool wasOpen = HasPlanner();
     const bool saved = wasOpen && !g_bDBShared && m_notes.HasChanges();
     if (saved) m_notes.subUpdateQMTDatabase();
-    if (!AskForPlanner(m_dialog, QStringLiteral("Open Planner File"))) {
+    if (!AskForPlanner(m_dialog, u"Open Planner File"_s)) {
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
@@ -90,7 +90,7 @@ void Opening::subOpenDBNoDlg(bool bShared)
     m_networkMode.ApplyTimers();
     SetMousePointer(mousepointer::Hourglass);
     const QString foot = m_bottom.panelBottom->Caption();
-    m_bottom.panelBottom->SetCaption(QStringLiteral("opening ") + g_sDBPath.toLower());
+    m_bottom.panelBottom->SetCaption(u"opening "_s + g_sDBPath.toLower());
     m_bottom.panelBottom->repaint();
     subUnloadAlarmIcons(m_cells);
     if (!OpenNotes(bShared, foot)) return;
@@ -169,14 +169,13 @@ bool Opening::Upgrade(const std::function<void()>& step)
 {
     const QString trouble = BackUpBeforeSave();
     if (!trouble.isEmpty())
-        MsgBox(QStringLiteral("No copy of the planner could be made before the upgrade: ") + trouble,
-               msgbox::Exclamation, messages::HelpWizard);
+        MsgBox(u"No copy of the planner could be made before the upgrade: "_s + trouble, msgbox::Exclamation,
+               messages::HelpWizard);
     try {
         step();
         return true;
     } catch (const RunTimeError& error) {
-        MsgBox(QStringLiteral("The planner could not be upgraded: ") + error.Description, msgbox::Exclamation,
-               messages::HelpWizard);
+        MsgBox(u"The planner could not be upgraded: "_s + error.Description, msgbox::Exclamation, messages::HelpWizard);
         LogError(error, OpenTail);
         return false;
     }

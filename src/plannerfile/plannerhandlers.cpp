@@ -14,17 +14,17 @@
 
 void PlannerHandlers::mnuNew_Click()
 {
-    ErrorTail{QLatin1StringView(" in MainForm, mnuNew_Click")}([&] { m_creation.subNewPlanner(); });
+    ErrorTail{" in MainForm, mnuNew_Click"_L1}([&] { m_creation.subNewPlanner(); });
 }
 
 void PlannerHandlers::mnuOpen_Click()
 {
-    ErrorTail{QLatin1StringView(" in MainForm, mnuOpen_Click")}([&] { m_opening.subOpenPlanner(); });
+    ErrorTail{" in MainForm, mnuOpen_Click"_L1}([&] { m_opening.subOpenPlanner(); });
 }
 
 void PlannerHandlers::mnuSave_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuSave_Click"));
+    const ErrorTail tail(" in MainForm, mnuSave_Click"_L1);
     tail([&] { m_notes.subUpdateQMTDatabase(); });
     tail([&] { m_notes.subSeekQMTDatabase(); });
 }

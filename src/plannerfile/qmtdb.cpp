@@ -21,9 +21,9 @@
 namespace {
 constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
 
-const QString Equal = QStringLiteral("=");
-const QString TextField = QStringLiteral("qmtText");
-const QString NotSaved = QStringLiteral("Notes not saved yet: ");
+const QString Equal = u"="_s;
+const QString TextField = u"qmtText"_s;
+const QString NotSaved = u"Notes not saved yet: "_s;
 
 // A step of a save: where it fails the reason is taken down.
 template <typename Step>
@@ -46,7 +46,7 @@ void QMTDB::ReadNote(int cell)
     box.SetLocked(true);
     SetVisible(box, true);
     // After a failed open the tables are still the planner's before, and what is typed would have no place.
-    if (!HasPlanner()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    if (!HasPlanner()) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
     const QString key = KeyOf(cell);
     const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
     if (!unsaved) g_rsQMT.Seek(Equal, key);
@@ -63,7 +63,7 @@ QString QMTDB::KeyOf(int cell) const
 {
     const QString caption = m_cells.panelDay(cell).Caption();
     // A cell that has not been numbered yet stands for no day.
-    if (caption.isEmpty()) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    if (caption.isEmpty()) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
     return CellKey(caption);
 }
 
@@ -104,7 +104,7 @@ void QMTDB::ReadAgain(int cell)
 
 void QMTDB::ReadDay(const QString& key)
 {
-    const ErrorTail tail(QLatin1StringView(" in QMTDB.BAS, subSeekQMTDatabase"));
+    const ErrorTail tail(" in QMTDB.BAS, subSeekQMTDatabase"_L1);
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const QScopedValueRollback noSignOfLife(g_lUnlockTicks);                 // what others type keeps no idle lock
     const ReadTransaction reading(key.isEmpty() ? g_dbPlanner : Database()); // a single day needs none
@@ -128,9 +128,8 @@ void QMTDB::subSeekQMTDatabase()
     if (m_viewMode.GetViewMode() != ViewMode::Day) ReadCells(literal);
     const bool isConnected = ErrorTail{literal}([] { DBEngine::Idle(DBEngine::dbFreeLocks); });
     g_iCurrentPanel = 0;
-    m_bottom.panelBottom->SetCaption(isConnected || !g_sNotSaved.isEmpty()
-                                         ? FootTitle()
-                                         : QStringLiteral("There is no connection to the planner's server."));
+    m_bottom.panelBottom->SetCaption(
+        isConnected || !g_sNotSaved.isEmpty() ? FootTitle() : u"There is no connection to the planner's server."_s);
     SetMousePointer(mousepointer::Default);
 }
 

@@ -19,8 +19,8 @@ constexpr QLatin1StringView RecoveryTail(" in Recovery, Offer");
 
 QByteArray Stored(const QString& key)
 {
-    g_rsQMT.Seek(QStringLiteral("="), key);
-    return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(QStringLiteral("qmtText")).toByteArray();
+    g_rsQMT.Seek(u"="_s, key);
+    return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(u"qmtText"_s).toByteArray();
 }
 
 // Days by their date, the memos behind the days of their month.
@@ -49,11 +49,10 @@ bool Recovery::IsOfOpenPlanner(const QString& planner)
     const QFileInfo left(planner);
     if (planner == g_sNotesFile) return true;
     if (left.exists()) return left.canonicalFilePath() == QFileInfo(g_sNotesFile).canonicalFilePath();
-    return MsgBox(QStringLiteral("What was typed into\n\n%1\n\nhas not been saved, and that planner is no longer "
-                                 "there. Is it the one that is open now, in another place or under another "
-                                 "name?\n\nYes offers what was typed for this planner. No keeps it until the next "
-                                 "opening.")
-                      .arg(planner),
+    return MsgBox(u"What was typed into\n\n%1\n\nhas not been saved, and that planner is no longer "
+                  "there. Is it the one that is open now, in another place or under another "
+                  "name?\n\nYes offers what was typed for this planner. No keeps it until the next "
+                  "opening."_s.arg(planner),
                   msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard) == msgbox::Yes;
 }
 
@@ -69,9 +68,8 @@ void Recovery::Offer()
     const ErrorTail tail(RecoveryTail);
     LeftJournal::All all = LeftJournal::FindAll();
     for (const QString& path : all.damaged) {
-        MsgBox(QStringLiteral("Orrelin ended before it could save what was typed, and the file that keeps it is "
-                              "damaged. It lies in\n\n%1")
-                   .arg(path),
+        MsgBox(u"Orrelin ended before it could save what was typed, and the file that keeps it is "
+               "damaged. It lies in\n\n%1"_s.arg(path),
                msgbox::Exclamation, messages::HelpWizard);
     }
     for (LeftJournal& left : all.whole)
@@ -126,9 +124,8 @@ bool Recovery::KeepAsFiles(const UnsavedNotes& others)
         return true;
     } catch (const RunTimeError& error) {
         LogError(error, RecoveryTail);
-        MsgBox(QStringLiteral("The days that you did not tick could not be kept as files: %1\n\nThey will be offered "
-                              "again when the planner is next opened.")
-                   .arg(error.Description),
+        MsgBox(u"The days that you did not tick could not be kept as files: %1\n\nThey will be offered "
+               "again when the planner is next opened."_s.arg(error.Description),
                msgbox::Exclamation, messages::HelpWizard);
         return false;
     }
@@ -147,12 +144,11 @@ bool Recovery::Take(const std::vector<Found>& wanted)
     }
     const bool isKept = m_journal.Write();
     if (waiting.isEmpty()) return true;
-    MsgBox(QStringLiteral("These days cannot be saved now, since the planner or the day is in use or the disk takes no "
-                          "more:\n\n%1\n\nTheir text is shown and goes %2.")
-               .arg(waiting.join(QStringLiteral("; ")), g_bDBShared
-                                                            ? QStringLiteral("by locking and unlocking the day, or at "
-                                                                             "the end of Orrelin")
-                                                            : QStringLiteral("with the next save")),
+    MsgBox(u"These days cannot be saved now, since the planner or the day is in use or the disk takes no "
+           "more:\n\n%1\n\nTheir text is shown and goes %2."_s.arg(
+               waiting.join(u"; "_s), g_bDBShared ? u"by locking and unlocking the day, or at "
+                                                    "the end of Orrelin"_s
+                                                  : u"with the next save"_s),
            msgbox::Exclamation, messages::HelpWizard);
     return isKept;
 }

@@ -38,12 +38,12 @@ QWidget* MakeColumn(const QString& caption, QWidget* content)
 
 RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDialog(owner), m_notes(std::move(notes))
 {
-    setObjectName(QStringLiteral("RecoveryForm"));
-    setWindowTitle(QStringLiteral("Unsaved Notes Found"));
+    setObjectName(u"RecoveryForm"_s);
+    setWindowTitle(u"Unsaved Notes Found"_s);
     auto* sheets = new QSplitter;
     sheets->addWidget(MakeList());
-    sheets->addWidget(MakeSheet(QStringLiteral("In the planner:"), "tbStored", m_tbStored));
-    sheets->addWidget(MakeSheet(QStringLiteral("Found:"), "tbFound", m_tbFound));
+    sheets->addWidget(MakeSheet(u"In the planner:"_s, "tbStored", m_tbStored));
+    sheets->addWidget(MakeSheet(u"Found:"_s, "tbFound", m_tbFound));
     const int share = (OpeningSize.width() - m_lstDays->minimumWidth()) / 2;
     sheets->setSizes({m_lstDays->minimumWidth(), share, share});
     for (int sheet = 1; sheet <= 2; ++sheet)
@@ -53,13 +53,13 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(Gap);
-    column->addWidget(MakeText(QStringLiteral("What was typed on these days has not been saved. Tick the days whose "
-                                              "text is to go into the planner.")));
+    column->addWidget(MakeText(u"What was typed on these days has not been saved. Tick the days whose "
+                               "text is to go into the planner."_s));
     column->addWidget(sheets, 1);
-    column->addWidget(MakeText(QStringLiteral("What is not ticked is kept as files in %1").arg(RescueFolder())));
+    column->addWidget(MakeText(u"What is not ticked is kept as files in %1"_s.arg(RescueFolder())));
     column->addWidget(MakeFoot());
     connect(m_lstDays, &QListWidget::currentRowChanged, this,
-            Guarded(QLatin1StringView(" in RecoveryForm, lstDays_Click"), [this](int row) { ShowNote(row); }));
+            Guarded(" in RecoveryForm, lstDays_Click"_L1, [this](int row) { ShowNote(row); }));
     m_lstDays->setCurrentRow(0);
     m_lstDays->setFocus();
     resize(OpeningSize);
@@ -69,7 +69,7 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
 QWidget* RecoveryForm::MakeList()
 {
     m_lstDays = Named(new QListWidget, "lstDays");
-    m_lstDays->setAccessibleName(QStringLiteral("Days"));
+    m_lstDays->setAccessibleName(u"Days"_s);
     for (const FoundNote& note : m_notes) {
         auto* day = new QListWidgetItem(fnFormatDateKey(note.key), m_lstDays);
         day->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
@@ -78,7 +78,7 @@ QWidget* RecoveryForm::MakeList()
     constexpr int ScrollBarAndGap = 28;
     m_lstDays->setMinimumWidth(m_lstDays->sizeHintForColumn(0) + ScrollBarAndGap);
     connect(m_lstDays, &QListWidget::itemChanged, this, &RecoveryForm::TellTick);
-    return MakeColumn(QStringLiteral("Days:"), m_lstDays);
+    return MakeColumn(u"Days:"_s, m_lstDays);
 }
 
 // The list itself is silent about it.
@@ -102,11 +102,10 @@ QWidget* RecoveryForm::MakeSheet(const QString& caption, const char* name, RichT
 QWidget* RecoveryForm::MakeFoot()
 {
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* take = buttons->addButton(QStringLiteral("&Put into Planner"), QDialogButtonBox::AcceptRole);
-    take->setObjectName(QStringLiteral("btnOk"));
+    QPushButton* take = buttons->addButton(u"&Put into Planner"_s, QDialogButtonBox::AcceptRole);
+    take->setObjectName(u"btnOk"_s);
     take->setDefault(true);
-    buttons->addButton(QStringLiteral("Ask &Later"), QDialogButtonBox::RejectRole)
-        ->setObjectName(QStringLiteral("btnCancel"));
+    buttons->addButton(u"Ask &Later"_s, QDialogButtonBox::RejectRole)->setObjectName(u"btnCancel"_s);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     return buttons;

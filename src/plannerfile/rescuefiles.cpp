@@ -11,10 +11,10 @@
 namespace {
 QString FreeName(const QString& wanted)
 {
-    const QString extension = QStringLiteral(".rtf");
+    const QString extension = u".rtf"_s;
     QString name = wanted + extension;
     for (int number = 2; QFileInfo::exists(name); ++number)
-        name = QStringLiteral("%1 (%2)%3").arg(wanted).arg(number).arg(extension);
+        name = u"%1 (%2)%3"_s.arg(wanted).arg(number).arg(extension);
     return name;
 }
 
@@ -27,7 +27,7 @@ void WriteNote(const QString& name, const QByteArray& rtf)
 
 QString RescueFolder()
 {
-    return folders::ApplicationDirectory() + QStringLiteral("/unsaved");
+    return folders::ApplicationDirectory() + u"/unsaved"_s;
 }
 
 void WriteRescueFiles(const UnsavedNotes& notes)

@@ -5,40 +5,40 @@ TableDef NotesTable()
 {
     // The date field and the seven of the font were never written; older programs expect to find them.
     return {Notes,
-            {{QStringLiteral("Database Date"), dbDate},
-             {QStringLiteral("qmtDate"), dbText, 15},
-             {QStringLiteral("qmtText"), dbMemo},
-             {QStringLiteral("qmtFontName"), dbText, 40},
-             {QStringLiteral("qmtFontSize"), dbSingle},
-             {QStringLiteral("qmtFontBold"), dbBoolean},
-             {QStringLiteral("qmtFontItalic"), dbBoolean},
-             {QStringLiteral("qmtFontUnderline"), dbBoolean},
-             {QStringLiteral("qmtFontStrikeThru"), dbBoolean},
-             {QStringLiteral("qmtFontColor"), dbLong},
-             {QStringLiteral("qmtPadding"), dbMemo}},
-            {{NotesIndex, QStringLiteral("-qmtDate"), true}}};
+            {{u"Database Date"_s, dbDate},
+             {u"qmtDate"_s, dbText, 15},
+             {u"qmtText"_s, dbMemo},
+             {u"qmtFontName"_s, dbText, 40},
+             {u"qmtFontSize"_s, dbSingle},
+             {u"qmtFontBold"_s, dbBoolean},
+             {u"qmtFontItalic"_s, dbBoolean},
+             {u"qmtFontUnderline"_s, dbBoolean},
+             {u"qmtFontStrikeThru"_s, dbBoolean},
+             {u"qmtFontColor"_s, dbLong},
+             {u"qmtPadding"_s, dbMemo}},
+            {{NotesIndex, u"-qmtDate"_s, true}}};
 }
 
 TableDef AlarmsTable()
 {
     return {Alarms,
-            {{QStringLiteral("Alarm Date"), dbText, 15},
-             {QStringLiteral("Alarm Time"), dbText, 5},
-             {QStringLiteral("Alarm Note"), dbMemo},
-             {QStringLiteral("Alarm Music"), dbText, 25},
-             {QStringLiteral("Music Path"), dbText, 255},
-             {QStringLiteral("Silence"), dbBoolean}},
-            {{AlarmsIndex, QStringLiteral("-Alarm Date"), false}}};
+            {{u"Alarm Date"_s, dbText, 15},
+             {u"Alarm Time"_s, dbText, 5},
+             {u"Alarm Note"_s, dbMemo},
+             {u"Alarm Music"_s, dbText, 25},
+             {u"Music Path"_s, dbText, 255},
+             {u"Silence"_s, dbBoolean}},
+            {{AlarmsIndex, u"-Alarm Date"_s, false}}};
 }
 
 TableDef RecursionsTable()
 {
     return {Recursions,
-            {{QStringLiteral("Start Date"), dbText, 15},
-             {QStringLiteral("End Date"), dbText, 15},
-             {QStringLiteral("Frequency"), dbText, 10},
-             {QStringLiteral("Recursion Text"), dbMemo}},
-            {{RecursionsIndex, QStringLiteral("-Start Date"), false}}};
+            {{u"Start Date"_s, dbText, 15},
+             {u"End Date"_s, dbText, 15},
+             {u"Frequency"_s, dbText, 10},
+             {u"Recursion Text"_s, dbMemo}},
+            {{RecursionsIndex, u"-Start Date"_s, false}}};
 }
 
 std::vector<TableDef> AllTables()

@@ -4,15 +4,15 @@
 #include "platform/engine/database.h"
 
 namespace schema {
-inline const QString Notes = QStringLiteral("QMT Table");
-inline const QString Alarms = QStringLiteral("Alarm Table");
-inline const QString Recursions = QStringLiteral("Recursion Table");
+inline const QString Notes = u"QMT Table"_s;
+inline const QString Alarms = u"Alarm Table"_s;
+inline const QString Recursions = u"Recursion Table"_s;
 
-inline const QString NotesIndex = QStringLiteral("qmtPrimaryKey");
-inline const QString AlarmsIndex = QStringLiteral("AlarmKey");
-inline const QString RecursionsIndex = QStringLiteral("RecurseKey");
+inline const QString NotesIndex = u"qmtPrimaryKey"_s;
+inline const QString AlarmsIndex = u"AlarmKey"_s;
+inline const QString RecursionsIndex = u"RecurseKey"_s;
 
-inline const QString Locale = QStringLiteral(";LANGID=0x0809;CP=1252;COUNTRY=0");
+inline const QString Locale = u";LANGID=0x0809;CP=1252;COUNTRY=0"_s;
 
 TableDef NotesTable();
 TableDef AlarmsTable();

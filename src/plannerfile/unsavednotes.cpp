@@ -15,7 +15,7 @@ QByteArray UnsavedNote::Over(const QByteArray& stored) const
 
 void UnsavedNote::StoreIn(Recordset& records, const QString& key) const
 {
-    const QString equal = QStringLiteral("="), textField = QStringLiteral("qmtText");
+    const QString equal = u"="_s, textField = u"qmtText"_s;
     QByteArray text = rtf;
     records.Seek(equal, key);
     if (records.NoMatch()) {
@@ -24,7 +24,7 @@ void UnsavedNote::StoreIn(Recordset& records, const QString& key) const
         records.Edit();
         text = Over(records.Fields(textField).toByteArray());
     }
-    records.SetField(QStringLiteral("qmtDate"), key);
+    records.SetField(u"qmtDate"_s, key);
     records.SetField(textField, text.isEmpty() ? QByteArray(" ") : text);
     records.Update();
     if (!text.isEmpty()) return;
@@ -63,8 +63,8 @@ QString UnsavedNotes::Describe() const
         QStringList days;
         for (const QString& key : planner->keys().first(qMin(MostDays, planner->size())))
             days << fnFormatDateKey(key);
-        const QString more = planner->size() > MostDays ? QStringLiteral(", ...") : QString();
-        lines << planner.key() + QStringLiteral(": ") + days.join(QStringLiteral("; ")) + more;
+        const QString more = planner->size() > MostDays ? u", ..."_s : QString();
+        lines << planner.key() + u": "_s + days.join(u"; "_s) + more;
     }
     return lines.join(u'\n');
 }

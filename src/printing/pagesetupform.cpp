@@ -37,10 +37,7 @@ constexpr MarginRow MarginRows[] = {{"tbLeft", "&Left:", &settings::PageLeft},
 QString UsualMargin()
 {
     constexpr int SeparatorSize = 5;
-    return u'1' +
-           GetPrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("sDecimal"), QStringLiteral("."),
-                                    SeparatorSize, QStringLiteral("WIN.INI")) +
-           QStringLiteral("00");
+    return u'1' + GetPrivateProfileStringA(u"intl"_s, u"sDecimal"_s, u"."_s, SeparatorSize, u"WIN.INI"_s) + u"00"_s;
 }
 
 FontChoice ReadHeaderFont()
@@ -55,9 +52,9 @@ FontChoice ReadHeaderFont()
 
 PageSetupForm::PageSetupForm(QWidget* owner) : QDialog(owner)
 {
-    setObjectName(QStringLiteral("PageSetupForm"));
-    setWindowTitle(QStringLiteral("Customize Page Setup"));
-    auto* frame = new QGroupBox(QStringLiteral("Page Setup"));
+    setObjectName(u"PageSetupForm"_s);
+    setWindowTitle(u"Customize Page Setup"_s);
+    auto* frame = new QGroupBox(u"Page Setup"_s);
     auto* parts = new QVBoxLayout(frame);
     parts->setSpacing(16);
     parts->addWidget(MakeHeaderFrame());
@@ -72,14 +69,14 @@ PageSetupForm::PageSetupForm(QWidget* owner) : QDialog(owner)
 QWidget* PageSetupForm::MakeHeaderFrame()
 {
     constexpr int HeaderWidth = 380;
-    auto* frame = new QGroupBox(QStringLiteral("Header"));
-    m_tbHeader = new OneLineBox(QStringLiteral("tbHeader"), OneLineBox::OnEntering::KeepSelection);
-    m_tbHeader->setAccessibleName(QStringLiteral("Header"));
+    auto* frame = new QGroupBox(u"Header"_s);
+    m_tbHeader = new OneLineBox(u"tbHeader"_s, OneLineBox::OnEntering::KeepSelection);
+    m_tbHeader->setAccessibleName(u"Header"_s);
     m_tbHeader->setMaxLength(settings::PageHeader.size - 1);
     m_tbHeader->setFixedWidth(HeaderWidth);
-    auto* btnFonts = Named(new QPushButton(QStringLiteral("&Fonts")), "btnFonts");
+    auto* btnFonts = Named(new QPushButton(u"&Fonts"_s), "btnFonts");
     connect(btnFonts, &QPushButton::clicked, this,
-            Guarded(QLatin1StringView(" in PageSetupForm, btnFonts_Click"), [this] { btnFonts_Click(); }));
+            Guarded(" in PageSetupForm, btnFonts_Click"_L1, [this] { btnFonts_Click(); }));
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(8);
     row->addWidget(m_tbHeader);
@@ -90,7 +87,7 @@ QWidget* PageSetupForm::MakeHeaderFrame()
 QWidget* PageSetupForm::MakeMarginFrame()
 {
     constexpr int MarginWidth = 72, ColumnGap = 24;
-    auto* frame = new QGroupBox(QStringLiteral("Margins (Inches)"));
+    auto* frame = new QGroupBox(u"Margins (Inches)"_s);
     auto* grid = new QGridLayout(frame);
     for (std::size_t i = 0; i < m_margins.size(); ++i) {
         m_margins[i] = new OneLineBox(QString::fromLatin1(MarginRows[i].name), OneLineBox::OnEntering::SelectAll);
@@ -110,7 +107,7 @@ QWidget* PageSetupForm::MakeMarginFrame()
 
 void PageSetupForm::ShowSettings()
 {
-    const ErrorTail tail(QLatin1StringView(" in PageSetupForm, Form_Load"));
+    const ErrorTail tail(" in PageSetupForm, Form_Load"_L1);
     tail([&] {
         const QString usual = UsualMargin();
         for (std::size_t i = 0; i < m_margins.size(); ++i)
@@ -126,7 +123,7 @@ void PageSetupForm::ShowSettings()
 
 void PageSetupForm::btnFonts_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in PageSetupForm, btnFonts_Click"));
+    const ErrorTail tail(" in PageSetupForm, btnFonts_Click"_L1);
     tail([&] {
         // What is stored, not what an earlier press has shown in the box.
         FontChoice choice = ReadHeaderFont();
@@ -163,7 +160,7 @@ void PageSetupForm::WriteHeader() const
 
 void PageSetupForm::accept()
 {
-    const ErrorTail tail(QLatin1StringView(" in PageSetupForm, btnOk_Click"));
+    const ErrorTail tail(" in PageSetupForm, btnOk_Click"_L1);
     tail([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         for (std::size_t i = 0; i < m_margins.size(); ++i)

@@ -48,7 +48,7 @@ void Printing::mnuPageSetup_Click()
 
 void Printing::mnuPrintSetup_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in MainForm, mnuPrintSetup_Click"), {errors::DialogCancelled});
+    const ErrorTail tail(" in MainForm, mnuPrintSetup_Click"_L1, {errors::DialogCancelled});
     tail([&] { m_FontDialog.ShowPrinter(m_printer); });
 }
 
@@ -120,7 +120,7 @@ void Printing::ShowSpoolForm()
 void Printing::PrintCell(int view, int position, int cell)
 {
     m_library.qmtPrintBoxes(view, position);
-    const QString path = folders::ApplicationDirectory() + QStringLiteral("/qmtprint.rtf");
+    const QString path = folders::ApplicationDirectory() + u"/qmtprint.rtf"_s;
     LoadCarrier(m_printed.cells.tbDay(cell), path);
     m_library.qmtPrintBody(path, view, position);
     QFile::remove(path);

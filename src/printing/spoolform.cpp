@@ -10,14 +10,14 @@
 SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStaysOnTopHint)
 {
     constexpr QSize Size(280, 64);
-    setObjectName(QStringLiteral("SpoolForm"));
-    setWindowTitle(QStringLiteral("ORL Printing"));
+    setObjectName(u"SpoolForm"_s);
+    setWindowTitle(u"ORL Printing"_s);
     setAttribute(Qt::WA_ShowWithoutActivating); // the caret stays in its cell
     setFixedSize(Size);
     auto* message = Named(new SSPanel, "SSPanel1");
     message->SetPaper(paper::Band);
     message->SetCaptionAlignment(SSPanel::CenterMiddle);
-    message->SetCaption(QStringLiteral("Spooling to Printer ..."));
+    message->SetCaption(u"Spooling to Printer ..."_s);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(message);

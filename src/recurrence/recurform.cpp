@@ -40,8 +40,8 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
     : QDialog(owner), m_cells(cells), m_notes(notes), m_viewMode(viewMode), m_fontCommand(fontCommand),
       m_iDateFormat(LocalDateOrder()), m_opMethod(new QButtonGroup(this))
 {
-    setObjectName(QStringLiteral("RecurForm"));
-    setWindowTitle(QStringLiteral("Recurring Events"));
+    setObjectName(u"RecurForm"_s);
+    setWindowTitle(u"Recurring Events"_s);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(Margin);
@@ -86,11 +86,11 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
     auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
     // The digits and the signs between them, with some room at the borders.
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00/00/00000")) + 2 * Gap);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Gap);
     auto* label = new QLabel(QString::fromLatin1(caption));
     label->setBuddy(box);
     auto* lblDateFormat = new QLabel(m_iDateFormat.label);
-    lblDateFormat->setObjectName(QStringLiteral("lblDateFormat(%1)").arg(row));
+    lblDateFormat->setObjectName(u"lblDateFormat(%1)"_s.arg(row));
     SoftenText(*lblDateFormat);
     grid.addWidget(label, row, 0);
     grid.addWidget(box, row, 1);
@@ -100,26 +100,23 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
 
 QWidget* RecurForm::MakeBrowser()
 {
-    const QString right = QStringLiteral(":/icons/right.svg");
+    const QString right = u":/icons/right.svg"_s;
     QGroupBox* frame = MakeFrame("Frame3D3", "&Browse...");
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(Gap);
-    m_picRightSpin =
-        Named(new PictureButton({right, QStringLiteral(":/icons/right-pressed.svg"), right}), "picRightSpin");
-    m_lblNextRecord = Named(new QLabel(QStringLiteral("Next Recurring Event")), "lblNextRecord");
+    m_picRightSpin = Named(new PictureButton({right, u":/icons/right-pressed.svg"_s, right}), "picRightSpin");
+    m_lblNextRecord = Named(new QLabel(u"Next Recurring Event"_s), "lblNextRecord");
     // Room for what stands there at the end.
-    m_lblNextRecord->setMinimumWidth(
-        m_lblNextRecord->fontMetrics().horizontalAdvance(QStringLiteral("End of Recurring Event ")));
+    m_lblNextRecord->setMinimumWidth(m_lblNextRecord->fontMetrics().horizontalAdvance(u"End of Recurring Event "_s));
     for (int element = 0; element < 3; ++element)
         m_picRightSpin->SetToolTip(element, m_lblNextRecord->text());
     m_picRightSpin->SetFramed(true);
     row->addWidget(m_picRightSpin);
     row->addWidget(m_lblNextRecord);
-    connect(
-        m_picRightSpin, &PictureButton::MouseDown, this,
-        Guarded(QLatin1StringView(" in RecurForm, picRightSpin()_MouseDown"), [this] { picRightSpin_MouseDown(); }));
+    connect(m_picRightSpin, &PictureButton::MouseDown, this,
+            Guarded(" in RecurForm, picRightSpin()_MouseDown"_L1, [this] { picRightSpin_MouseDown(); }));
     connect(m_picRightSpin, &PictureButton::MouseUp, this,
-            Guarded(QLatin1StringView(" in RecurForm, picRightSpin_MouseUp"), [this] { picRightSpin_MouseUp(); }));
+            Guarded(" in RecurForm, picRightSpin_MouseUp"_L1, [this] { picRightSpin_MouseUp(); }));
     return frame;
 }
 
@@ -130,7 +127,7 @@ QLayout* RecurForm::MakeMethods()
     int index = 0;
     for (const char* caption : {"D&ay", "&Week", "&Month", "&Year", "S&pecial"}) {
         auto* option = new OptionButton(QString::fromLatin1(caption));
-        option->setObjectName(QStringLiteral("opMethod(%1)").arg(index));
+        option->setObjectName(u"opMethod(%1)"_s.arg(index));
         m_opMethod->addButton(option, index++);
         row->addWidget(option);
     }
@@ -157,8 +154,8 @@ QWidget* RecurForm::MakeText()
 {
     constexpr QSize LeastPaper(480, 128);
     m_tbRecurse = Named(new RichTextBox, "tbRecurse");
-    m_tbRecurse->setAccessibleName(QStringLiteral("Text of the event"));
-    m_tbRecurse->setPlaceholderText(QStringLiteral("Write the event here"));
+    m_tbRecurse->setAccessibleName(u"Text of the event"_s);
+    m_tbRecurse->setPlaceholderText(u"Write the event here"_s);
     AddNoteMenu(*m_tbRecurse, "RecurForm");
     SSPanel* panel = MakeNotePanel(m_tbRecurse);
     panel->SetFrame(paper::Hairline);

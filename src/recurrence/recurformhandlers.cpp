@@ -102,12 +102,11 @@ bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
 {
     // A date of which a digit is missing could be read as one of another year.
     if (!m_maskStartDate->IsComplete() || !fnValidateDate(sStart))
-        return RefuseDate(*m_maskStartDate, QStringLiteral("Start Date is not a valid date"));
+        return RefuseDate(*m_maskStartDate, u"Start Date is not a valid date"_s);
     if (!m_maskUntil->IsComplete() || !fnValidateDate(sEnd))
-        return RefuseDate(*m_maskUntil, QStringLiteral("End Date is not a valid date"));
+        return RefuseDate(*m_maskUntil, u"End Date is not a valid date"_s);
     if (!fnCheckBackwardDate(sStart, sEnd))
-        return RefuseDate(*m_maskUntil, QStringLiteral("The Ending Date is earlier than Starting Date"),
-                          msgbox::Exclamation);
+        return RefuseDate(*m_maskUntil, u"The Ending Date is earlier than Starting Date"_s, msgbox::Exclamation);
     return true;
 }
 
@@ -135,15 +134,14 @@ bool RecurForm::SaveCells()
 {
     m_notes.subUpdateQMTDatabase();
     if (!m_notes.HasChanges()) return true;
-    return Tell(
-        QStringLiteral("Some notes could not be saved yet. Please save them before you change recurring events."),
-        msgbox::Exclamation);
+    return Tell(u"Some notes could not be saved yet. Please save them before you change recurring events."_s,
+                msgbox::Exclamation);
 }
 
 bool RecurForm::SaveEvent(const QString& sStart, const QString& sEnd)
 {
     const int method = m_opMethod->checkedId();
-    if (method < 0) return Tell(QStringLiteral("Please select a recurring method (Day, Week, Month or Year)"));
+    if (method < 0) return Tell(u"Please select a recurring method (Day, Week, Month or Year)"_s);
     Recurrence event = Event();
     if (method == Special) return fnRecurseSpecial(event, sStart, sEnd);
     return (event.*Methods.at(static_cast<std::size_t>(method)).recur)(sStart, sEnd, 1);
@@ -153,12 +151,11 @@ bool RecurForm::fnRecurseSpecial(Recurrence& event, const QString& sStart, const
 {
     if (!event.HasText()) return false;
     std::int16_t step = 0;
-    ErrorTail{QLatin1StringView(" in RecurForm, fnRecurseSpecial")}(
-        [&] { step = IntegerOf(m_cmbRecurDays->currentText()); });
+    ErrorTail{" in RecurForm, fnRecurseSpecial"_L1}([&] { step = IntegerOf(m_cmbRecurDays->currentText()); });
     // Any other number would write the same day for ever.
     if (step < 1) {
         m_cmbRecurDays->setFocus();
-        return Tell(QStringLiteral("Please choose how many days, weeks, months or years, 1 or more"));
+        return Tell(u"Please choose how many days, weeks, months or years, 1 or more"_s);
     }
     for (const Method& method : Methods) {
         if (m_cmbRecurSpecial->currentText() == QLatin1StringView(method.unit))
@@ -208,14 +205,14 @@ void RecurForm::EndOfRecords()
     m_picRightSpin->ShowElement(Idle);
     m_btnCancel->setFocus(); // whoever goes on pressing Space must not come to Delete
     m_picRightSpin->setEnabled(false);
-    m_lblNextRecord->setText(QStringLiteral("End of Recurring Event"));
+    m_lblNextRecord->setText(u"End of Recurring Event"_s);
 }
 
 void RecurForm::Browse()
 {
     m_btnOk->setEnabled(false);
     m_btnOk->setDefault(false);
-    m_btnCancel->setText(QStringLiteral("Done"));
+    m_btnCancel->setText(u"Done"_s);
     m_btnDelete->setEnabled(true);
     m_btnDelete->setDefault(true);
     m_tbRecurse->SetLocked(true); // what is typed over the text would not be found in the notes
@@ -231,10 +228,10 @@ void RecurForm::Browse()
 
 void RecurForm::ShowRecord()
 {
-    m_maskStartDate->SetText(InBox(g_rsRecurse.Fields(QStringLiteral("Start Date")).toString(), m_iDateFormat));
-    m_maskUntil->SetText(InBox(g_rsRecurse.Fields(QStringLiteral("End Date")).toString(), m_iDateFormat));
-    ShowMethod(g_rsRecurse.Fields(QStringLiteral("Frequency")).toString());
-    m_tbRecurse->SetTextRTF(g_rsRecurse.Fields(QStringLiteral("Recursion Text")).toByteArray());
+    m_maskStartDate->SetText(InBox(g_rsRecurse.Fields(u"Start Date"_s).toString(), m_iDateFormat));
+    m_maskUntil->SetText(InBox(g_rsRecurse.Fields(u"End Date"_s).toString(), m_iDateFormat));
+    ShowMethod(g_rsRecurse.Fields(u"Frequency"_s).toString());
+    m_tbRecurse->SetTextRTF(g_rsRecurse.Fields(u"Recursion Text"_s).toByteArray());
 }
 
 void RecurForm::ShowMethod(const QString& frequency)
@@ -301,7 +298,7 @@ void RecurForm::btnCancel_Click()
 
 void RecurForm::btnFonts_Click()
 {
-    const ErrorTail tail(QLatin1StringView(" in RecurForm, btnFonts_Click"));
+    const ErrorTail tail(" in RecurForm, btnFonts_Click"_L1);
     ApplyToSelection(*m_tbRecurse, m_fontCommand.Ask(this, *m_tbRecurse, tail), tail);
     m_tbRecurse->setFocus();
 }

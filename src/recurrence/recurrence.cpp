@@ -9,9 +9,9 @@
 #include "settings/messages.h"
 
 namespace {
-const QString Equal = QStringLiteral("=");
-const QString DateField = QStringLiteral("qmtDate");
-const QString TextField = QStringLiteral("qmtText");
+const QString Equal = u"="_s;
+const QString DateField = u"qmtDate"_s;
+const QString TextField = u"qmtText"_s;
 
 void Tell(const QString& text, int icon, const QString& reason = {})
 {
@@ -26,7 +26,7 @@ bool TellOfFailures(qsizetype failures, qsizetype all, const QString& what, cons
 
 bool AskToRetry(const QString& date, const QString& reason)
 {
-    const QString question = QStringLiteral("%1 is locked.\n%2\n\nDo you want to retry?");
+    const QString question = u"%1 is locked.\n%2\n\nDo you want to retry?"_s;
     return MsgBox(question.arg(fnFormatDateKey(date), reason), msgbox::YesNo + msgbox::Question,
                   messages::HelpWizard) == msgbox::Yes;
 }
@@ -34,9 +34,9 @@ bool AskToRetry(const QString& date, const QString& reason)
 // A day that its month does not have is written as it comes, but no view shows it, and nothing comes after it.
 bool AskToEndAt(const QString& lastDate, std::int16_t step)
 {
-    const QString question = QStringLiteral(
-        "Counted in steps of %1 days, this recurring event would end at %2: its month has no such day, and "
-        "no later date can be counted from there.\n\nDo you want to write it up to that date?");
+    const QString question =
+        u"Counted in steps of %1 days, this recurring event would end at %2: its month has no such day, and "
+        "no later date can be counted from there.\n\nDo you want to write it up to that date?"_s;
     return MsgBox(question.arg(step).arg(fnFormatDateKey(lastDate)), msgbox::YesNo + msgbox::Question,
                   messages::HelpWizard) == msgbox::Yes;
 }
@@ -44,27 +44,27 @@ bool AskToEndAt(const QString& lastDate, std::int16_t step)
 
 bool Recurrence::fnRecurseDaily(const QString& sStart, const QString& sEnd, std::int16_t iStep)
 {
-    return Save(Frequency::Daily, QLatin1StringView(" in RecurForm, fnRecurseDaily"), sStart, sEnd, iStep);
+    return Save(Frequency::Daily, " in RecurForm, fnRecurseDaily"_L1, sStart, sEnd, iStep);
 }
 
 bool Recurrence::fnRecurseWeekly(const QString& sStart, const QString& sEnd, std::int16_t iStep)
 {
-    return Save(Frequency::Weekly, QLatin1StringView(" in RecurForm, fnRecurseWeekly"), sStart, sEnd, iStep);
+    return Save(Frequency::Weekly, " in RecurForm, fnRecurseWeekly"_L1, sStart, sEnd, iStep);
 }
 
 bool Recurrence::fnRecurseMonthly(const QString& sStart, const QString& sEnd, std::int16_t iStep)
 {
-    return Save(Frequency::Monthly, QLatin1StringView(" in RecurForm, fnRecurseMonthly"), sStart, sEnd, iStep);
+    return Save(Frequency::Monthly, " in RecurForm, fnRecurseMonthly"_L1, sStart, sEnd, iStep);
 }
 
 bool Recurrence::fnRecurseYearly(const QString& sStart, const QString& sEnd, std::int16_t iStep)
 {
-    return Save(Frequency::Yearly, QLatin1StringView(" in RecurForm, fnRecurseYearly"), sStart, sEnd, iStep);
+    return Save(Frequency::Yearly, " in RecurForm, fnRecurseYearly"_L1, sStart, sEnd, iStep);
 }
 
 bool Recurrence::HasText()
 {
-    if (m_text.IsEmpty()) Tell(QStringLiteral("Recurring event cannot be empty"), msgbox::Information);
+    if (m_text.IsEmpty()) Tell(u"Recurring event cannot be empty"_s, msgbox::Information);
     return !m_text.IsEmpty();
 }
 
@@ -75,17 +75,17 @@ bool Recurrence::Save(Frequency frequency, QLatin1StringView literal, const QStr
     const QString startKey = fnFnGetQMTDate(sStart);
     const QString endKey = fnFnGetQMTDate(sEnd);
     if (frequency != Frequency::Daily && !IsDayOfItsMonth(endKey)) {
-        Tell(QStringLiteral("End Date is not a valid date"), msgbox::Information);
+        Tell(u"End Date is not a valid date"_s, msgbox::Information);
         return false;
     }
     const QStringList dates = EventDates(frequency, startKey, endKey, iStep);
     if (BreaksOff(frequency, dates, endKey, iStep) && !AskToEndAt(dates.last(), iStep)) return false;
     BackUpBeforeSave();
     if (!SaveRecord(literal, startKey, endKey, WordOf(frequency))) return false;
-    DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subUpdateRecurseData"), m_progress);
+    DayRun run(g_dbPlanner, " in RecurForm, subUpdateRecurseData"_L1, m_progress);
     const qsizetype failures = run(dates, [&](const QString& date) { subUpdateRecurseData(date, run); });
-    TellOfFailures(failures, dates.size(),
-                   QStringLiteral("The recurring event could not be written into %1 of its %2 days."), run.LastError());
+    TellOfFailures(failures, dates.size(), u"The recurring event could not be written into %1 of its %2 days."_s,
+                   run.LastError());
     return true;
 }
 
@@ -97,7 +97,7 @@ bool Recurrence::SaveRecord(QLatin1StringView literal, const QString& startKey, 
         try {
             subSaveRecurseRecord(startKey, endKey, frequency);
         } catch (const RunTimeError& error) {
-            Tell(QStringLiteral("The recurring event could not be saved."), msgbox::Exclamation, error.Description);
+            Tell(u"The recurring event could not be saved."_s, msgbox::Exclamation, error.Description);
             throw;
         }
     });
@@ -106,10 +106,10 @@ bool Recurrence::SaveRecord(QLatin1StringView literal, const QString& startKey, 
 void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const
 {
     g_rsRecurse.AddNew();
-    g_rsRecurse.SetField(QStringLiteral("Start Date"), startKey);
-    g_rsRecurse.SetField(QStringLiteral("End Date"), endKey);
-    g_rsRecurse.SetField(QStringLiteral("Frequency"), frequency);
-    g_rsRecurse.SetField(QStringLiteral("Recursion Text"), m_text.Rtf());
+    g_rsRecurse.SetField(u"Start Date"_s, startKey);
+    g_rsRecurse.SetField(u"End Date"_s, endKey);
+    g_rsRecurse.SetField(u"Frequency"_s, frequency);
+    g_rsRecurse.SetField(u"Recursion Text"_s, m_text.Rtf());
     g_rsRecurse.Update();
 }
 
@@ -131,11 +131,11 @@ bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QSt
 {
     BackUpBeforeSave();
     const QStringList dates = RemovalDates(frequency, startKey, endKey);
-    DayRun run(g_dbPlanner, QLatin1StringView(" in RecurForm, subRemoveRecurStr"), m_progress);
+    DayRun run(g_dbPlanner, " in RecurForm, subRemoveRecurStr"_L1, m_progress);
     const qsizetype failures = run(dates, [&](const QString& date) { subRemoveRecurStr(date); });
     return TellOfFailures(failures, dates.size(),
-                          QStringLiteral("The recurring event could not be taken out of %1 of %2 days. It is kept, so "
-                                         "that you can delete it again."),
+                          u"The recurring event could not be taken out of %1 of %2 days. It is kept, so "
+                          "that you can delete it again."_s,
                           run.LastError());
 }
 
@@ -161,7 +161,7 @@ bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
         } catch (const RunTimeError& error) {
             if (!run.IsAlone()) throw;
             if (error.Number != engineerrors::RecordLocked) {
-                LogError(error, QLatin1StringView(" in RecurForm, fnCanSaveRecurseText"));
+                LogError(error, " in RecurForm, fnCanSaveRecurseText"_L1);
                 run.Fail(error.Description);
                 return false;
             }

@@ -30,7 +30,7 @@ void RecurringEvents::picRecurse_Click()
 
 void RecurringEvents::Open()
 {
-    if (RefusesShared(QStringLiteral("Global recurring event"))) return;
+    if (RefusesShared(u"Global recurring event"_s)) return;
     // After a redraw no cell is current, though the caret may still stand in one.
     if (!m_cells.Shows(g_iCurrentPanel)) m_cells.EnterAgain();
     RecurForm(m_cells.Client()->window(), m_cells, m_notes, m_viewMode, m_fontCommand).exec();

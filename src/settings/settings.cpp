@@ -82,7 +82,7 @@ void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes)
     const auto write = [&](QStringView key, const QString& value) {
         WritePrivateProfileStringA(Fixed(section), Fixed(key), value, Fixed(settings::PlannerIni));
     };
-    const auto flag = [&](bool set) { return set ? yes.toString() : QStringLiteral("0"); };
+    const auto flag = [&](bool set) { return set ? yes.toString() : u"0"_s; };
     write(u"FONTNAME", style.fontName);
     write(u"FONTSIZE", TrimmedStr(style.size));
     write(u"FONTBOLD", flag(style.bold));

@@ -11,7 +11,7 @@
 namespace {
 QLabel* MakeName()
 {
-    auto* name = new QLabel(QStringLiteral("Orrelin"));
+    auto* name = new QLabel(u"Orrelin"_s);
     QFont font = name->font();
     font.setPointSizeF(font.pointSizeF() * 2);
     font.setBold(true);
@@ -23,14 +23,13 @@ QLabel* MakeName()
 AboutForm::AboutForm(QWidget* owner) : QDialog(owner)
 {
     constexpr int PictureSize = 64;
-    setObjectName(QStringLiteral("AboutForm"));
-    setWindowTitle(QStringLiteral("About Orrelin"));
+    setObjectName(u"AboutForm"_s);
+    setWindowTitle(u"About Orrelin"_s);
     auto* picture = new QLabel;
-    picture->setPixmap(
-        QIcon(QStringLiteral(":/icons/orrelin.svg")).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF()));
-    auto* version = Named(new QLabel(QStringLiteral("Version ") + QStringLiteral(ORRELIN_VERSION)), "lblVersion");
+    picture->setPixmap(QIcon(u":/icons/orrelin.svg"_s).pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF()));
+    auto* version = Named(new QLabel(u"Version "_s + QStringLiteral(ORRELIN_VERSION)), "lblVersion");
     version->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* purpose = new QLabel(QStringLiteral("A planner of days: write straight into the calendar."));
+    auto* purpose = new QLabel(u"A planner of days: write straight into the calendar."_s);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     auto* grid = new QGridLayout(this);

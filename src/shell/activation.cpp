@@ -29,7 +29,7 @@ QString LocalPath(const QUrl& address)
 Activation::Activation(QWidget& client, PlannerHandlers& planners) : m_client(client), m_planners(planners)
 {
     m_tmWaiting.setSingleShot(true);
-    m_tmWaiting.callOnTimeout(&client, Guarded(QLatin1StringView(" in MainForm, Open"), [this] { OpenWaiting(); }));
+    m_tmWaiting.callOnTimeout(&client, Guarded(" in MainForm, Open"_L1, [this] { OpenWaiting(); }));
 }
 
 void Activation::Answer(const QStringList& uris)
@@ -62,9 +62,9 @@ void Activation::OpenWaiting()
     if (!IsFree()) return m_tmWaiting.start(LookAgain);
     const QStringList uris = std::exchange(m_waiting, {});
     if (uris.size() > 1) {
-        MsgBox(QStringLiteral("Orrelin shows one planner at a time. Of the %1 that were chosen it opens the first.")
-                   .arg(uris.size()),
-               msgbox::Information, messages::HelpWizard);
+        MsgBox(
+            u"Orrelin shows one planner at a time. Of the %1 that were chosen it opens the first."_s.arg(uris.size()),
+            msgbox::Information, messages::HelpWizard);
     }
     Open(uris.front());
 }
@@ -74,8 +74,7 @@ void Activation::Open(const QString& uri)
     const QUrl address(uri);
     const QString path = LocalPath(address);
     if (!path.isEmpty()) return m_planners.OpenFile(path);
-    MsgBox(QStringLiteral("Orrelin opens planners that lie in a folder of this computer or of a drive that is "
-                          "connected to it. This one lies elsewhere:\n\n%1")
-               .arg(address.toDisplayString()),
+    MsgBox(u"Orrelin opens planners that lie in a folder of this computer or of a drive that is "
+           "connected to it. This one lies elsewhere:\n\n%1"_s.arg(address.toDisplayString()),
            msgbox::Exclamation, messages::HelpWizard);
 }

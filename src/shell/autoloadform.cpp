@@ -34,8 +34,8 @@ QString LengthOf(const QString& text)
 
 AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
 {
-    setObjectName(QStringLiteral("AutoloadForm"));
-    setWindowTitle(QStringLiteral("Customize Startup"));
+    setObjectName(u"AutoloadForm"_s);
+    setWindowTitle(u"Customize Startup"_s);
     auto* column = DialogColumn(*this);
     column->addWidget(MakeFileFrame());
     column->addWidget(MakeOptionsFrame());
@@ -49,7 +49,7 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
 QGroupBox* AutoloadForm::MakeFileFrame()
 {
     constexpr int PathWidth = 360;
-    auto* frame = new QGroupBox(QStringLiteral("Autoload File"));
+    auto* frame = new QGroupBox(u"Autoload File"_s);
     auto* column = new QVBoxLayout(frame);
     auto* lblAutoload = Add<QLabel>(*column, "lblAutoload", QString());
     lblAutoload->setTextFormat(Qt::PlainText);
@@ -57,26 +57,26 @@ QGroupBox* AutoloadForm::MakeFileFrame()
     // Both ends of a path tell something: the disk and the name.
     lblAutoload->setText(lblAutoload->fontMetrics().elidedText(g_sDBPath, Qt::ElideMiddle, PathWidth));
     lblAutoload->setToolTip(g_sDBPath);
-    m_chkAutoload = Add<QCheckBox>(*column, "chkAutoload", QStringLiteral("Check to autoload current planner"));
+    m_chkAutoload = Add<QCheckBox>(*column, "chkAutoload", u"Check to autoload current planner"_s);
     return frame;
 }
 
 QGroupBox* AutoloadForm::MakeOptionsFrame()
 {
-    auto* frame = new QGroupBox(QStringLiteral("StartUp Options"));
+    auto* frame = new QGroupBox(u"StartUp Options"_s);
     auto* column = new QVBoxLayout(frame);
-    m_opShared = {Add<QRadioButton>(*column, "opShared(0)", QStringLiteral("Personal Planner")),
-                  Add<QRadioButton>(*column, "opShared(1)", QStringLiteral("Shared Workgroup Planner (Network)"))};
-    m_chkMinimized = Add<QCheckBox>(*column, "chkMinimized", QStringLiteral("Startup Minimized"));
+    m_opShared = {Add<QRadioButton>(*column, "opShared(0)", u"Personal Planner"_s),
+                  Add<QRadioButton>(*column, "opShared(1)", u"Shared Workgroup Planner (Network)"_s)};
+    m_chkMinimized = Add<QCheckBox>(*column, "chkMinimized", u"Startup Minimized"_s);
     return frame;
 }
 
 QGroupBox* AutoloadForm::MakeViewFrame()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Startup View"));
+    auto* frame = new QGroupBox(u"Startup View"_s);
     auto* column = new QVBoxLayout(frame);
-    m_opStartupView = {Add<QRadioButton>(*column, "opStartupView(0)", QStringLiteral("Week")),
-                       Add<QRadioButton>(*column, "opStartupView(1)", QStringLiteral("Month"))};
+    m_opStartupView = {Add<QRadioButton>(*column, "opStartupView(0)", u"Week"_s),
+                       Add<QRadioButton>(*column, "opStartupView(1)", u"Month"_s)};
     return frame;
 }
 

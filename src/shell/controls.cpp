@@ -50,13 +50,13 @@ constexpr ToolbarRow ToolbarRows[] = {
 
 QString Icon(const char* name)
 {
-    return QStringLiteral(":/icons/%1.svg").arg(QLatin1StringView(name));
+    return u":/icons/%1.svg"_s.arg(QLatin1StringView(name));
 }
 
 Toolbar* MakeToolbar(QWidget* client)
 {
     auto* bar = Named(new Toolbar(client), "tbTop");
-    bar->setAccessibleName(QStringLiteral("Toolbar"));
+    bar->setAccessibleName(u"Toolbar"_s);
     SetAccessibleRole(bar, QAccessible::ToolBar);
     for (const ToolbarRow& row : ToolbarRows) {
         const QString key = QString::fromLatin1(row.key);
@@ -158,17 +158,15 @@ Sidebar MakeSidebar(QWidget* client)
 {
     Sidebar sidebar;
     sidebar.tabSidebar = new TabStrip(client);
-    sidebar.tabSidebar->setObjectName(QStringLiteral("tabSidebar"));
+    sidebar.tabSidebar->setObjectName(u"tabSidebar"_s);
     sidebar.tabSidebar->hide();
-    sidebar.tabSidebar->AddTab(QStringLiteral("Sidebar"),
-                               QStringLiteral("Additional functions to manipulate calendar"));
-    sidebar.tabSidebar->AddTab(QStringLiteral("Pictures"),
-                               QStringLiteral("Spice up your calendar with these pictures."));
+    sidebar.tabSidebar->AddTab(u"Sidebar"_s, u"Additional functions to manipulate calendar"_s);
+    sidebar.tabSidebar->AddTab(u"Pictures"_s, u"Spice up your calendar with these pictures."_s);
     constexpr int DesignWidth = 112;
     sidebar.tabSidebar->resize(qMax(DesignWidth, sidebar.tabSidebar->sizeHint().width() + 1), 0);
     for (int page = 0; page < 2; ++page) {
         auto* frame = new QWidget(sidebar.tabSidebar);
-        frame->setObjectName(QStringLiteral("fraSidebar(%1)").arg(page));
+        frame->setObjectName(u"fraSidebar(%1)"_s.arg(page));
         sidebar.fraSidebar[static_cast<std::size_t>(page)] = frame;
     }
     return sidebar;
@@ -185,17 +183,17 @@ void InkText(QWidget* label)
 void FillPicturePage(Sidebar& sidebar)
 {
     QWidget* page = sidebar.fraSidebar[1];
-    auto* label = new QLabel(QStringLiteral("You can add new Icons into the picture bar."), page);
+    auto* label = new QLabel(u"You can add new Icons into the picture bar."_s, page);
     label->setWordWrap(true);
     InkText(label);
     sidebar.lblPictures = label;
     sidebar.tbPictureBox = new PictureStrip(page);
-    sidebar.tbPictureBox->setObjectName(QStringLiteral("tbPictureBox"));
-    sidebar.tbPictureBox->setAccessibleName(QStringLiteral("Pictures"));
-    sidebar.btnReloadIcons = new PressedByReturn<QPushButton>(QStringLiteral("Reload"), page);
-    sidebar.btnReloadIcons->setObjectName(QStringLiteral("btnReloadIcons"));
+    sidebar.tbPictureBox->setObjectName(u"tbPictureBox"_s);
+    sidebar.tbPictureBox->setAccessibleName(u"Pictures"_s);
+    sidebar.btnReloadIcons = new PressedByReturn<QPushButton>(u"Reload"_s, page);
+    sidebar.btnReloadIcons->setObjectName(u"btnReloadIcons"_s);
     sidebar.btnReloadIcons->setPalette(paper::ButtonOnPaper());
-    sidebar.btnReloadIcons->setToolTip(QStringLiteral("Reload the Picture list"));
+    sidebar.btnReloadIcons->setToolTip(u"Reload the Picture list"_s);
     sidebar.btnReloadIcons->setEnabled(false); // until it is wired to its command
 }
 
@@ -203,11 +201,11 @@ NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
 {
     constexpr int OneSecond = 1000;
     NetworkControls network = {MakePicture(RefreshPicture, page), MakePicture(LockPicture, page),
-                               new QLabel(QStringLiteral("Network"), page), new Timer(OneSecond, client),
+                               new QLabel(u"Network"_s, page), new Timer(OneSecond, client),
                                new Timer(OneSecond, client)};
-    network.lblNetwork->setObjectName(QStringLiteral("lblNetwork"));
-    network.tmUnLock->setObjectName(QStringLiteral("tmUnLock"));
-    network.tmAutoRefresh->setObjectName(QStringLiteral("tmAutoRefresh"));
+    network.lblNetwork->setObjectName(u"lblNetwork"_s);
+    network.tmUnLock->setObjectName(u"tmUnLock"_s);
+    network.tmAutoRefresh->setObjectName(u"tmAutoRefresh"_s);
     network.lblNetwork->setAlignment(Qt::AlignCenter);
     InkText(network.lblNetwork);
     for (PictureButton* button : {network.picRefresh, network.picLock}) {
@@ -241,7 +239,7 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
 // Follows the mouse and must never be in its way.
 QLabel* MakeDateDiffLabel(QWidget* client)
 {
-    auto* label = Named(new QLabel(QStringLiteral("Day 365"), client), "lblDateDiff");
+    auto* label = Named(new QLabel(u"Day 365"_s, client), "lblDateDiff");
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
     label->setAlignment(Qt::AlignCenter);
     label->setAutoFillBackground(true);
@@ -253,7 +251,7 @@ QLabel* MakeDateDiffLabel(QWidget* client)
 QWidget* MakeClient(QMainWindow& window)
 {
     auto* client = Named(new QWidget, "client");
-    client->setAccessibleName(QStringLiteral("Calendar"));
+    client->setAccessibleName(u"Calendar"_s);
     SetAccessibleRole(client, QAccessible::Grouping);
     QPalette palette = client->palette();
     palette.setColor(QPalette::Window, paper::Band);
@@ -270,8 +268,8 @@ Controls::Controls(QMainWindow& window)
       network(MakeNetworkControls(client, sidebar.fraSidebar[0])), lblDateDiff(MakeDateDiffLabel(client)),
       tmMidnightRefresh(*new Timer(HalfAMinute, client)), tmAlarm(*new Timer(TenSeconds, client)), FontDialog(&window)
 {
-    tmMidnightRefresh.setObjectName(QStringLiteral("tmMidnightRefresh"));
-    tmAlarm.setObjectName(QStringLiteral("tmAlarm"));
+    tmMidnightRefresh.setObjectName(u"tmMidnightRefresh"_s);
+    tmAlarm.setObjectName(u"tmAlarm"_s);
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
     // From the tabs to their page, then to the cells, and the spins last.

@@ -10,13 +10,13 @@
 
 ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
 {
-    setObjectName(QStringLiteral("ExitForm"));
-    setWindowTitle(QStringLiteral("Orrelin"));
+    setObjectName(u"ExitForm"_s);
+    setWindowTitle(u"Orrelin"_s);
     auto* message = Named(new SSPanel(this), "SSPanel2");
     message->SetPaper(paper::Band);
     message->SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
     message->SetCaptionAlignment(SSPanel::CenterMiddle);
-    message->SetCaption(QStringLiteral("Please wait while Orrelin Shuts Down"));
+    message->SetCaption(u"Please wait while Orrelin Shuts Down"_s);
     constexpr int Least = 360, Margins = 96;
     const QFontMetrics metrics(message->CaptionFont());
     setFixedSize(qMax(Least, metrics.horizontalAdvance(message->Caption()) + Margins), metrics.height() + Margins);

@@ -15,11 +15,11 @@
 
 Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 {
-    setObjectName(QStringLiteral("Mainform"));
-    setWindowTitle(QStringLiteral("Orrelin"));
+    setObjectName(u"Mainform"_s);
+    setWindowTitle(u"Orrelin"_s);
     WireHandlers(*m_rooms);
-    m_rooms->controls.menus(QLatin1StringView("mnuExit"))
-        .OnClick([this] { subExitProgram(CloseBox); }, QLatin1StringView(" in MainForm, mnuExit_Click"));
+    m_rooms->controls.menus("mnuExit"_L1)
+        .OnClick([this] { subExitProgram(CloseBox); }, " in MainForm, mnuExit_Click"_L1);
     m_rooms->controls.client->installEventFilter(this);
 }
 
@@ -28,7 +28,7 @@ Mainform::~Mainform() = default;
 void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront)
 {
     Rooms& rooms = *m_rooms;
-    const ErrorTail tail(QLatin1StringView(" in MainForm, Form_Load"));
+    const ErrorTail tail(" in MainForm, Form_Load"_L1);
     const Hourglass hourglass;
     GoToToday();
     subSetDaysInMonth(g_iYear);
@@ -46,11 +46,10 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.formatting.subInitAllComboBox(); });
     if (rooms.m_pSidebar.IsVisible()) rooms.controls.sidebar.tabSidebar->setFocus();
     DoEvents();
-    progress(QStringLiteral("Loading Icons..."));
+    progress(u"Loading Icons..."_s);
     rooms.controls.tmMidnightRefresh.SetEnabled(true);
     rooms.controls.tmAlarm.SetEnabled(true);
-    QTimer::singleShot(
-        0, this, Guarded(QLatin1StringView(" in MainForm, Form_Load"), [&rooms] { rooms.recovery.BeginOffering(); }));
+    QTimer::singleShot(0, this, Guarded(" in MainForm, Form_Load"_L1, [&rooms] { rooms.recovery.BeginOffering(); }));
 }
 
 void Mainform::Form_Resize()
@@ -62,7 +61,7 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
 {
     // The client area changes with the window, and when the menu bar takes another line.
     if (event->type() == QEvent::Resize && isVisible()) {
-        guard(QLatin1StringView(" in MainForm, Form_Resize"), [&] { Form_Resize(); });
+        guard(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); });
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -72,13 +71,13 @@ void Mainform::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     // Minimize and restore bring no resize.
     if (event->type() == QEvent::WindowStateChange && isVisible()) {
-        guard(QLatin1StringView(" in MainForm, Form_Resize"), [&] { Form_Resize(); });
+        guard(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); });
     }
 }
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    guard(QLatin1StringView(" in MainForm, Form_QueryUnload"),
+    guard(" in MainForm, Form_QueryUnload"_L1,
           [&] { Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode); });
     event->accept();
 }
@@ -96,7 +95,7 @@ void Mainform::AnswerDesktop(const QStringList& uris)
 void Mainform::subExitProgram(int iUnloadMode)
 {
     if (m_ended) return;
-    const ErrorTail tail(QLatin1StringView(" in MainForm, subExitProgram"));
+    const ErrorTail tail(" in MainForm, subExitProgram"_L1);
     if (iUnloadMode == SessionEnds) {
         setWindowState(Qt::WindowMinimized);
         setWindowState(Qt::WindowNoState);

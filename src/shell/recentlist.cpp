@@ -41,7 +41,7 @@ void RecentList::ShowEntries()
         listed = listed && !path.isEmpty();
         MenuItem& item = m_menus.mnuMRU(entry);
         if (listed) {
-            m_menus(QLatin1StringView("mnuMRUHyphen")).SetVisible(true);
+            m_menus("mnuMRUHyphen"_L1).SetVisible(true);
             item.SetCaption(path);
         }
         item.SetVisible(listed);

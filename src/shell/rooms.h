@@ -64,7 +64,7 @@ struct Rooms
         creation.SetLockedDay(dayLock);
         opening.SetLockedDay(dayLock);
         journal.SetOnTrouble([this](const QString& reason) {
-            const QString trouble = QStringLiteral("What you type cannot be kept aside: ");
+            const QString trouble = u"What you type cannot be kept aside: "_s;
             g_sNotKept = reason.isEmpty() ? reason : trouble + reason;
             controls.bottom.panelBottom->SetCaption(FootTitle());
         });

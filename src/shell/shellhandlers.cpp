@@ -9,14 +9,14 @@
 
 void ShellHandlers::mnuAutoload_Click()
 {
-    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n\n")))) return;
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n\n"_s))) return;
     AutoloadForm(m_client.window()).exec();
 }
 
 void ShellHandlers::Help(HelpCommand command)
 {
-    if (ShowHelp(&m_client, folders::Shipped(QStringLiteral("ORL.HLP")), command)) return;
-    MsgBox(QStringLiteral("Sorry, cannot find ORL.HLP"), msgbox::Information, QStringLiteral("Helpfile error!"));
+    if (ShowHelp(&m_client, folders::Shipped(u"ORL.HLP"_s), command)) return;
+    MsgBox(u"Sorry, cannot find ORL.HLP"_s, msgbox::Information, u"Helpfile error!"_s);
 }
 
 void ShellHandlers::mnuContents_Click()

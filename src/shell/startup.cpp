@@ -36,22 +36,22 @@ int RunOrrelin(QApplication& application)
     InitResources();
     application.setQuitOnLastWindowClosed(false);
     auto splash = std::make_unique<StartUpForm>();
-    splash->SetPanel3D1(QStringLiteral("Version ") + QStringLiteral(ORRELIN_VERSION));
+    splash->SetPanel3D1(u"Version "_s + QStringLiteral(ORRELIN_VERSION));
     splash->show();
     DoEvents();
     g_bErrorTrap = true;
     g_iLanguage = 0;
     // Without a log the program can still be used.
-    ErrorTail{StartTail}([] { OpenErrorLog(folders::ApplicationDirectory() + QStringLiteral("/planner.err")); });
+    ErrorTail{StartTail}([] { OpenErrorLog(folders::ApplicationDirectory() + u"/planner.err"_s); });
     SetMousePointer(mousepointer::Hourglass);
     Mainform form;
     // Not quit(): that asks the windows first, and one that must be answered refuses.
     QObject::connect(&form, &Mainform::Ended, [] { QCoreApplication::exit(); });
     WatchForTheEnd(application, form);
     DesktopCalls calls;
-    QObject::connect(&calls, &DesktopCalls::Called, &form,
-                     Guarded(QLatin1StringView(" in MainForm, AnswerDesktop"),
-                             [&form](const QStringList& uris) { form.AnswerDesktop(uris); }));
+    QObject::connect(
+        &calls, &DesktopCalls::Called, &form,
+        Guarded(" in MainForm, AnswerDesktop"_L1, [&form](const QStringList& uris) { form.AnswerDesktop(uris); }));
     const auto windowIsThere = [&] {
         splash->raise();
         // Even where a box of the start waits for its answer: the bus gives up a program that does not listen.
@@ -62,8 +62,7 @@ int RunOrrelin(QApplication& application)
     // Ended while a box of the start was waiting: there is no loop yet that the end could have left.
     if (form.HasEnded()) return 0;
     // After the first paint: nobody waits for it, and reading the picture takes its time.
-    QTimer::singleShot(0, &application,
-                       [] { QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/orrelin.svg"))); });
+    QTimer::singleShot(0, &application, [] { QGuiApplication::setWindowIcon(QIcon(u":/icons/orrelin.svg"_s)); });
     SetMousePointer(mousepointer::Default);
     return application.exec();
 }

@@ -35,7 +35,7 @@ void PaintLeaf(QPainter& painter, const QRectF& leaf)
 
 StartUpForm::StartUpForm() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
 {
-    setObjectName(QStringLiteral("StartUpForm"));
+    setObjectName(u"StartUpForm"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFixedSize(SplashSize * logicalDpiY() / UsualDpi); // grows with the text of the desktop
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
@@ -67,7 +67,7 @@ void StartUpForm::paintEvent(QPaintEvent*)
     font.setPixelSize(35);
     painter.setFont(font);
     painter.setPen(paper::Ink);
-    painter.drawText(QRect(184, 56, 220, 48), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Orrelin"));
+    painter.drawText(QRect(184, 56, 220, 48), Qt::AlignLeft | Qt::AlignVCenter, u"Orrelin"_s);
     font.setPixelSize(13);
     painter.setFont(font);
     painter.setPen(paper::SoftInk);

@@ -146,7 +146,7 @@ void WireMenus(Rooms& rooms)
             .OnClick([&rooms, &row] { row.click(rooms); }, QLatin1StringView(row.literal));
     for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         menus.mnuMRU(entry).OnClick([&rooms, &item = menus.mnuMRU(entry)] { rooms.planners.mnuMRU_Click(item); },
-                                    QLatin1StringView(" in MainForm, mnuMRU_Click"));
+                                    " in MainForm, mnuMRU_Click"_L1);
     }
 }
 

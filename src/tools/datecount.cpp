@@ -29,7 +29,7 @@ int Count(DateUnit unit, const GridDay& day)
 
 std::optional<GridDay> DayOfText(const QString& text)
 {
-    static const QRegularExpression form(QStringLiteral("^([0-9]{2})/([0-9]{2})/([0-9]{4})$"));
+    static const QRegularExpression form(u"^([0-9]{2})/([0-9]{2})/([0-9]{4})$"_s);
     const auto match = form.match(text);
     if (!match.hasMatch()) return {};
     const GridDay day = {match.captured(3).toInt(), match.captured(1).toInt(), match.captured(2).toInt()};

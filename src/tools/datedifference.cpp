@@ -14,7 +14,7 @@
 #include <QLabel>
 
 namespace {
-const QString ButtonKey = QStringLiteral("datediff");
+const QString ButtonKey = u"datediff"_s;
 
 QString CaptionOf(DateUnit unit, int difference)
 {
@@ -42,7 +42,7 @@ void DateDifference::mnuDateDiffCustomize_Click()
 
 void DateDifference::subApplyDateDiff()
 {
-    m_menus(QLatin1StringView("mnuDateDiffShow")).SetChecked(IsOn());
+    m_menus("mnuDateDiffShow"_L1).SetChecked(IsOn());
     if (IsOn())
         PaintDateDiffLabel(m_lblDateDiff, ColorOf(Read(settings::DateDiffColor)));
     else

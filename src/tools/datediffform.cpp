@@ -30,7 +30,7 @@ constexpr const char* Units[] = {"Day", "Week", "Month"};
 
 QString StoredStartDate()
 {
-    return Read(settings::DateDiff, QStringLiteral("01/01/") + TrimmedStr(g_iYear));
+    return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear));
 }
 
 DateUnit StoredDateUnit()
@@ -51,19 +51,19 @@ void PaintDateDiffLabel(QLabel& label, std::uint32_t color)
 
 DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner)
 {
-    setObjectName(QStringLiteral("DateDiffForm"));
-    setWindowTitle(QStringLiteral("Customize Date Difference"));
+    setObjectName(u"DateDiffForm"_s);
+    setWindowTitle(u"Customize Date Difference"_s);
     auto* column = DialogColumn(*this);
     column->addWidget(MakeOptions());
     column->addWidget(MakeOkCancel(*this));
-    ErrorTail{QLatin1StringView(" in DateDiffForm, Form Load")}([this] { ShowSettings(); });
+    ErrorTail{" in DateDiffForm, Form Load"_L1}([this] { ShowSettings(); });
     CenterOnScreen(*this);
     m_maskStartDate->setFocus();
 }
 
 QWidget* DateDiffForm::MakeOptions()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Date Difference Options"));
+    auto* frame = new QGroupBox(u"Date Difference Options"_s);
     auto* column = new QVBoxLayout(frame);
     column->setSpacing(16);
     column->addLayout(MakeStartDate());
@@ -75,7 +75,7 @@ QWidget* DateDiffForm::MakeOptions()
 QLayout* DateDiffForm::MakeStartDate()
 {
     m_maskStartDate = Named(new MaskEdBox, "maskStartDate");
-    auto* label = new QLabel(QStringLiteral("&Start Date:"));
+    auto* label = new QLabel(u"&Start Date:"_s);
     label->setBuddy(m_maskStartDate);
     m_lblDateFormat = Named(new QLabel, "lblDateFormat");
     auto* row = new QHBoxLayout;
@@ -88,12 +88,12 @@ QLayout* DateDiffForm::MakeStartDate()
 
 QWidget* DateDiffForm::MakeMethods()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Calculation Method"));
+    auto* frame = new QGroupBox(u"Calculation Method"_s);
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(16);
     for (std::size_t i = 0; i < m_opDateDiff.size(); ++i) {
         m_opDateDiff[i] = new QRadioButton(QString::fromLatin1(Units[i]));
-        m_opDateDiff[i]->setObjectName(QStringLiteral("opDateDiff(%1)").arg(i));
+        m_opDateDiff[i]->setObjectName(u"opDateDiff(%1)"_s.arg(i));
         row->addWidget(m_opDateDiff[i]);
     }
     row->addStretch(1);
@@ -102,12 +102,12 @@ QWidget* DateDiffForm::MakeMethods()
 
 QLayout* DateDiffForm::MakeColor()
 {
-    auto* button = Named(new QPushButton(QStringLiteral("Background Color")), "btnBGColor");
+    auto* button = Named(new QPushButton(u"Background Color"_s), "btnBGColor");
     button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
-            Guarded(QLatin1StringView(" in DateDiffForm, btnBGColor_Click"), [this] { btnBGColor_Click(); }));
-    m_lblDateDiff = Named(new QLabel(QStringLiteral("Day 365")), "lblDateDiff");
-    m_lblDateDiff->setAccessibleName(QStringLiteral("Sample"));
+            Guarded(" in DateDiffForm, btnBGColor_Click"_L1, [this] { btnBGColor_Click(); }));
+    m_lblDateDiff = Named(new QLabel(u"Day 365"_s), "lblDateDiff");
+    m_lblDateDiff->setAccessibleName(u"Sample"_s);
     m_lblDateDiff->setAutoFillBackground(true);
     m_lblDateDiff->setMargin(3);
     auto* row = new QHBoxLayout;
@@ -132,7 +132,7 @@ void DateDiffForm::ShowSettings()
 
 void DateDiffForm::btnBGColor_Click()
 {
-    const QColor chosen = QColorDialog::getColor(ColorOfValue(m_color), this, QStringLiteral("Color"));
+    const QColor chosen = QColorDialog::getColor(ColorOfValue(m_color), this, u"Color"_s);
     if (!chosen.isValid()) return;
     m_color = ValueOfColor(chosen);
     PaintDateDiffLabel(*m_lblDateDiff, m_color);
@@ -142,11 +142,11 @@ void DateDiffForm::accept()
 {
     const QString start = LocalDateOrder().EntryDate(m_maskStartDate->Text());
     if (!fnValidateDate(start) || !DayOfText(start)) { // the second for digits that are missing
-        MsgBox(QStringLiteral("Start Date is not a valid date"), msgbox::Information, messages::HelpWizard);
+        MsgBox(u"Start Date is not a valid date"_s, msgbox::Information, messages::HelpWizard);
         m_maskStartDate->setFocus();
         return;
     }
-    ErrorTail{QLatin1StringView(" in DateDiffForm, btnOk_Click")}([&] {
+    ErrorTail{" in DateDiffForm, btnOk_Click"_L1}([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         Write(settings::DateDiff, start);
         for (std::size_t i = 0; i < m_opDateDiff.size(); ++i)

@@ -13,15 +13,14 @@
 void DateSearch::PanelBottom_DblClick()
 {
     if (m_viewMode.GetViewMode() == ViewMode::Month) return mnuDateSearch_Click();
-    MsgBox(QStringLiteral("Please switch to Monthly View first."), msgbox::Information,
-           QStringLiteral("Currently not Monthly View"));
+    MsgBox(u"Please switch to Monthly View first."_s, msgbox::Information, u"Currently not Monthly View"_s);
 }
 
 void DateSearch::mnuDateSearch_Click()
 {
     DateSearchForm form(m_client.window());
     if (form.exec() != QDialog::Accepted) return;
-    m_turn(QLatin1StringView(" in DateSearchForm, btnOk_Click"), [&] {
+    m_turn(" in DateSearchForm, btnOk_Click"_L1, [&] {
         g_iMonth = form.Month().value_or(g_iMonth);
         g_iYear = form.Year().value_or(g_iYear);
         m_redraw.subDisplayMonth();

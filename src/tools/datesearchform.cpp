@@ -18,7 +18,7 @@ constexpr int FirstYear = 1990, LastYear = 2009;
 QRadioButton* AddOption(QButtonGroup& group, const char* name, int index, const QString& caption)
 {
     auto* option = new QRadioButton(caption);
-    option->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1StringView(name)).arg(index));
+    option->setObjectName(u"%1(%2)"_s.arg(QLatin1StringView(name)).arg(index));
     group.addButton(option, index);
     return option;
 }
@@ -32,7 +32,7 @@ std::optional<std::int16_t> Chosen(const QButtonGroup& group)
 void Choose(const QButtonGroup& group, int index)
 {
     QAbstractButton* option = group.button(index);
-    if (!option) throw RunTimeError{errors::NoSuchElement, QStringLiteral("There is no button for %1").arg(index)};
+    if (!option) throw RunTimeError{errors::NoSuchElement, u"There is no button for %1"_s.arg(index)};
     option->setChecked(true);
 }
 } // namespace
@@ -40,8 +40,8 @@ void Choose(const QButtonGroup& group, int index)
 DateSearchForm::DateSearchForm(QWidget* owner)
     : QDialog(owner), m_opMonth(new QButtonGroup(this)), m_opYear(new QButtonGroup(this))
 {
-    setObjectName(QStringLiteral("DateSearchForm"));
-    setWindowTitle(QStringLiteral("Fast Search"));
+    setObjectName(u"DateSearchForm"_s);
+    setWindowTitle(u"Fast Search"_s);
     auto* column = DialogColumn(*this);
     auto* row = new QHBoxLayout;
     row->addWidget(MakeMonths());
@@ -56,7 +56,7 @@ DateSearchForm::DateSearchForm(QWidget* owner)
 QGroupBox* DateSearchForm::MakeMonths()
 {
     constexpr int Rows = 6;
-    auto* frame = new QGroupBox(QStringLiteral("Month"));
+    auto* frame = new QGroupBox(u"Month"_s);
     auto* grid = new QGridLayout(frame);
     for (int month = 1; month <= 12; ++month) {
         QRadioButton* option = AddOption(*m_opMonth, "opMonth", month, MonthWord(month));
@@ -68,7 +68,7 @@ QGroupBox* DateSearchForm::MakeMonths()
 QGroupBox* DateSearchForm::MakeYears()
 {
     constexpr int Rows = 5;
-    auto* frame = new QGroupBox(QStringLiteral("Year"));
+    auto* frame = new QGroupBox(u"Year"_s);
     auto* grid = new QGridLayout(frame);
     for (int year = FirstYear; year <= LastYear; ++year) {
         QRadioButton* option = AddOption(*m_opYear, "opYear", year, QString::number(year));
@@ -79,7 +79,7 @@ QGroupBox* DateSearchForm::MakeYears()
 
 void DateSearchForm::ChooseShown()
 {
-    const ErrorTail tail(QLatin1StringView(" in DateSearchForm, Form_Load"));
+    const ErrorTail tail(" in DateSearchForm, Form_Load"_L1);
     tail([&] { Choose(*m_opMonth, g_iMonth); });
     tail([&] { Choose(*m_opYear, g_iYear); });
 }

@@ -18,7 +18,7 @@ FindWord::~FindWord()
 
 void FindWord::mnuFindWord_Click()
 {
-    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
     if (!m_form) m_form = new FindWordForm(m_cells, m_turn, m_redraw, m_viewMode);
     m_form->show();
     m_form->raise();

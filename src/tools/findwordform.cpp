@@ -29,8 +29,8 @@ namespace {
 constexpr QLatin1StringView NextLiteral(" in FindWordForm, btnFindNext_Click");
 constexpr QLatin1StringView WithinLiteral(" in FindWordForm, btnFindWithin_Click");
 constexpr QLatin1StringView GotoLiteral(" in FindWordForm, subGotoRecCalendar");
-const QString DateField = QStringLiteral("qmtDate");
-const QString TextField = QStringLiteral("qmtText");
+const QString DateField = u"qmtDate"_s;
+const QString TextField = u"qmtText"_s;
 
 // From 1; 0 where the word does not stand at this place or behind it.
 int PlaceOf(const QString& word, const QByteArray& stored, int from)
@@ -42,8 +42,8 @@ int PlaceOf(const QString& word, const QByteArray& stored, int from)
 FindWordForm::FindWordForm(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& viewMode)
     : QDialog(cells.Client()->window()), m_cells(cells), m_turn(turn), m_redraw(redraw), m_viewMode(viewMode)
 {
-    setObjectName(QStringLiteral("FindWordForm"));
-    setWindowTitle(QStringLiteral("Find Word"));
+    setObjectName(u"FindWordForm"_s);
+    setWindowTitle(u"Find Word"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     MakeControls();
     ShowStored();
@@ -59,7 +59,7 @@ void FindWordForm::MakeControls()
     constexpr int WordWidth = 240;
     m_tbFindWord = Named(new QLineEdit, "tbFindWord");
     m_tbFindWord->setMinimumWidth(WordWidth);
-    auto* label = new QLabel(QStringLiteral("Find What:"));
+    auto* label = new QLabel(u"Find What:"_s);
     label->setBuddy(m_tbFindWord);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 16);
@@ -67,20 +67,19 @@ void FindWordForm::MakeControls()
     grid->setVerticalSpacing(8);
     grid->addWidget(label, 0, 0);
     grid->addWidget(m_tbFindWord, 0, 1);
-    m_btnFindNext =
-        AddButton("btnFindNext", QStringLiteral("&Find Next"), &FindWordForm::btnFindNext_Click, NextLiteral.data());
-    m_btnFindWithin = AddButton("btnFindWithin", QStringLiteral("&Find Next"), &FindWordForm::btnFindWithin_Click,
-                                WithinLiteral.data());
+    m_btnFindNext = AddButton("btnFindNext", u"&Find Next"_s, &FindWordForm::btnFindNext_Click, NextLiteral.data());
+    m_btnFindWithin =
+        AddButton("btnFindWithin", u"&Find Next"_s, &FindWordForm::btnFindWithin_Click, WithinLiteral.data());
     // On the same spot, so that whoever goes on clicking goes on searching.
     grid->addWidget(m_btnFindNext, 0, 2);
     grid->addWidget(m_btnFindWithin, 0, 2);
     m_btnFindWithin->hide();
-    auto* cancel = Named(new QPushButton(QStringLiteral("&Cancel")), "btnCancel");
+    auto* cancel = Named(new QPushButton(u"&Cancel"_s), "btnCancel");
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(cancel, 1, 2);
     grid->setSizeConstraint(QLayout::SetFixedSize);
     connect(m_tbFindWord, &QLineEdit::textChanged, this,
-            Guarded(QLatin1StringView(" in FindWordForm, btnFindWord_Change"), [this] { tbFindWord_Change(); }));
+            Guarded(" in FindWordForm, btnFindWord_Change"_L1, [this] { tbFindWord_Change(); }));
 }
 
 QPushButton* FindWordForm::AddButton(const char* name, const QString& caption, void (FindWordForm::*click)(),
@@ -123,7 +122,7 @@ void FindWordForm::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isEnter || !m_tbFindWord->hasFocus()) return QDialog::keyPressEvent(event);
-    guard(QLatin1StringView(" in FindWordForm, tbFindWord_KeyPress"), [this] { tbFindWord_KeyPress(); });
+    guard(" in FindWordForm, tbFindWord_KeyPress"_L1, [this] { tbFindWord_KeyPress(); });
 }
 
 void FindWordForm::tbFindWord_KeyPress()
@@ -158,7 +157,7 @@ void FindWordForm::EnableButtons(bool enabled)
 
 void FindWordForm::btnFindNext_Click()
 {
-    if (RefusesWithoutPlanner(messages::NoPlanner.arg(QStringLiteral("\n")))) return;
+    if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
     const ErrorTail tail(NextLiteral);
     ShowButton(m_btnFindNext, m_btnFindWithin);
     const Found found = m_bHitWaits && !g_rsFind.IsNothing() ? Found::Hit : FindDay();
@@ -171,7 +170,7 @@ void FindWordForm::btnFindNext_Click()
 
 void FindWordForm::EndSearch()
 {
-    MsgBox(QStringLiteral("End of String Search"), msgbox::Information, QStringLiteral("End of Search"));
+    MsgBox(u"End of String Search"_s, msgbox::Information, u"End of Search"_s);
     EnableButtons(false);
 }
 
@@ -179,7 +178,7 @@ FindWordForm::Found FindWordForm::FindDay()
 {
     const Hourglass hourglass;
     // The word goes in as it was typed: what it holds of the pattern's signs acts as such.
-    const QString criterion = QStringLiteral("[qmtText] LIKE '*") + m_tbFindWord->text() + QStringLiteral("*'");
+    const QString criterion = u"[qmtText] LIKE '*"_s + m_tbFindWord->text() + u"*'"_s;
     for (;;) {
         const Found found = FindRecord(criterion);
         if (found != Found::Hit) return found;
@@ -261,7 +260,7 @@ void FindWordForm::FocusCell()
 int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
 {
     int place = 0;
-    ErrorTail{QLatin1StringView(" in FindWordForm, fnFindString")}([&] {
+    ErrorTail{" in FindWordForm, fnFindString"_L1}([&] {
         place = PlaceOf(word, text, 1);
         if (place != 0) SelectNote();
     });

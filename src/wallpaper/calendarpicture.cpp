@@ -81,5 +81,5 @@ void SaveBitmap(const QImage& image, const QString& path)
     QBuffer bitmap;
     QString reason;
     if (!image.save(&bitmap, "BMP") || !WriteDurably(path, bitmap.data(), &reason))
-        throw RunTimeError{errors::PathFileAccess, QStringLiteral("Cannot write %1: %2").arg(path, reason)};
+        throw RunTimeError{errors::PathFileAccess, u"Cannot write %1: %2"_s.arg(path, reason)};
 }

@@ -6,11 +6,11 @@
 #include <algorithm>
 
 namespace {
-const QString WinIni = QStringLiteral("WIN.INI");
-const QString Section = QStringLiteral("Desktop");
-const QString WallpaperKey = QStringLiteral("wallpaper");
-const QString TileKey = QStringLiteral("TileWallPaper");
-const QString StyleKey = QStringLiteral("WallpaperStyle");
+const QString WinIni = u"WIN.INI"_s;
+const QString Section = u"Desktop"_s;
+const QString WallpaperKey = u"wallpaper"_s;
+const QString TileKey = u"TileWallPaper"_s;
+const QString StyleKey = u"WallpaperStyle"_s;
 } // namespace
 
 DesktopKeys DesktopKeys::Of(const DesktopPicture& picture)

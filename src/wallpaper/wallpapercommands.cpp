@@ -30,9 +30,9 @@ bool ShowOnDesktop(const QString& wallpaper, const QDeadlineTimer& until)
 QString PicturePath()
 {
     constexpr int ExtensionSize = 4;
-    const QString name = g_sDBTitle.isEmpty() ? QStringLiteral("planner")
-                                              : g_sDBTitle.chopped(qMin<qsizetype>(ExtensionSize, g_sDBTitle.size()));
-    return folders::ApplicationDirectory() + u'/' + name.toLower() + QStringLiteral(".bmp");
+    const QString name =
+        g_sDBTitle.isEmpty() ? u"planner"_s : g_sDBTitle.chopped(qMin<qsizetype>(ExtensionSize, g_sDBTitle.size()));
+    return folders::ApplicationDirectory() + u'/' + name.toLower() + u".bmp"_s;
 }
 
 void Tell(const QString& text, const QString& title = messages::HelpWizard)
@@ -54,12 +54,12 @@ bool WallpaperCommands::SetWallpaper(const QDeadlineTimer& until, QString& troub
     const QScopedValueRollback setting(m_isSetting, true);
     const Hourglass hourglass;
     bool isSet = false;
-    ErrorTail{QLatin1StringView(" in MainForm, fnSetWallpaper")}([&] {
+    ErrorTail{" in MainForm, fnSetWallpaper"_L1}([&] {
         const QImage image = m_picture.Draw(Read(settings::WallpaperSize));
         TakeOver(PresentWallpaper(until));
         WritePreviousKeys(ReadDesktopKeys());
         const QString path = PicturePath();
-        trouble = QStringLiteral("The picture could not be written to %1.").arg(path);
+        trouble = u"The picture could not be written to %1."_s.arg(path);
         SaveBitmap(image, path);
         trouble.clear();
         WriteDesktopKeys(DesktopKeys::Of({path}));
@@ -78,8 +78,8 @@ bool WallpaperCommands::fnSetWallpaper()
 
 void WallpaperCommands::TellFailure(const QString& trouble)
 {
-    MsgBox(QStringLiteral("Wallpaper setting not successful! Make sure your video resolution is in 16 or 256 colors"),
-           0, QString(), trouble);
+    MsgBox(u"Wallpaper setting not successful! Make sure your video resolution is in 16 or 256 colors"_s, 0, QString(),
+           trouble);
 }
 
 void WallpaperCommands::mnuSetWallpaper_Click()
@@ -92,7 +92,7 @@ void WallpaperCommands::mnuClearWallpaper_Click()
     const DesktopKeys cleared = DesktopKeys::Of({wallpaper::None});
     WriteDesktopKeys(cleared);
     if (!ShowOnDesktop(cleared.wallpaper, QDeadlineTimer(PersonsPatience)))
-        Tell(QStringLiteral("Wallpaper Clearing Not Successful!"));
+        Tell(u"Wallpaper Clearing Not Successful!"_s);
 }
 
 void WallpaperCommands::mnuUpdateWallpaper_Click()
@@ -100,7 +100,7 @@ void WallpaperCommands::mnuUpdateWallpaper_Click()
     const QDeadlineTimer until(PersonsPatience);
     TakeOver(KeptWallpaper(until));
     const bool isLoaded = ShowOnDesktop(ReadDesktopKeys().wallpaper, until);
-    Tell(isLoaded ? QStringLiteral("Successfully Updated Wallpaper!") : QStringLiteral("Unable To Update Wallpaper!"));
+    Tell(isLoaded ? u"Successfully Updated Wallpaper!"_s : u"Unable To Update Wallpaper!"_s);
 }
 
 void WallpaperCommands::mnuPrevWallpaper_Click()
@@ -109,9 +109,9 @@ void WallpaperCommands::mnuPrevWallpaper_Click()
     const DesktopKeys previous = ReadPreviousKeys();
     WriteDesktopKeys(previous);
     if (ShowOnDesktop(previous.wallpaper, QDeadlineTimer(PersonsPatience)))
-        Tell(QStringLiteral("Restored to previous wallpaper!"));
+        Tell(u"Restored to previous wallpaper!"_s);
     else
-        Tell(QStringLiteral("Unable to restore previous wallpaper!"), QStringLiteral("Orrelin"));
+        Tell(u"Unable to restore previous wallpaper!"_s, u"Orrelin"_s);
 }
 
 void WallpaperCommands::mnuWallpaperOption_Click()

@@ -21,18 +21,18 @@ constexpr std::array Captions{"Normal (Current Window Size)", "Full Screen (Stre
 
 WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
 {
-    setObjectName(QStringLiteral("WallpaperForm"));
-    setWindowTitle(QStringLiteral("Customize Wallpaper"));
+    setObjectName(u"WallpaperForm"_s);
+    setWindowTitle(u"Customize Wallpaper"_s);
     auto* column = DialogColumn(*this);
     column->addWidget(MakeFrame());
     column->addWidget(MakeOkCancel(*this));
-    ErrorTail{QLatin1StringView(" in WallpaperForm, Form_Load")}([this] { ShowSettings(); });
+    ErrorTail{" in WallpaperForm, Form_Load"_L1}([this] { ShowSettings(); });
     CenterOnScreen(*this);
 }
 
 QWidget* WallpaperForm::MakeFrame()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Wallpaper Options"));
+    auto* frame = new QGroupBox(u"Wallpaper Options"_s);
     auto* column = new QVBoxLayout(frame);
     column->addWidget(MakeSettingFrame());
     column->addWidget(MakeUpdateFrame());
@@ -41,11 +41,11 @@ QWidget* WallpaperForm::MakeFrame()
 
 QWidget* WallpaperForm::MakeSettingFrame()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Wallpaper Setting"));
+    auto* frame = new QGroupBox(u"Wallpaper Setting"_s);
     auto* column = new QVBoxLayout(frame);
     for (std::size_t size = 0; size < Captions.size(); ++size) {
         m_opSetting[size] = new QRadioButton(QString::fromLatin1(Captions[size]));
-        m_opSetting[size]->setObjectName(QStringLiteral("opSetting(%1)").arg(size));
+        m_opSetting[size]->setObjectName(u"opSetting(%1)"_s.arg(size));
         column->addWidget(m_opSetting[size]);
     }
     return frame;
@@ -53,10 +53,10 @@ QWidget* WallpaperForm::MakeSettingFrame()
 
 QWidget* WallpaperForm::MakeUpdateFrame()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Automatic Update"));
+    auto* frame = new QGroupBox(u"Automatic Update"_s);
     auto* column = new QVBoxLayout(frame);
-    m_chkAutoload = Named(new QCheckBox(QStringLiteral("Check to update wallpaper automatically when program exits")),
-                          "chkAutoload");
+    m_chkAutoload =
+        Named(new QCheckBox(u"Check to update wallpaper automatically when program exits"_s), "chkAutoload");
     column->addWidget(m_chkAutoload);
     return frame;
 }
@@ -80,7 +80,7 @@ int WallpaperForm::ChosenSize() const
 
 void WallpaperForm::accept()
 {
-    ErrorTail{QLatin1StringView(" in WallpaperForm, btnOk_Click")}([this] {
+    ErrorTail{" in WallpaperForm, btnOk_Click"_L1}([this] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         Write(settings::WallpaperSize, ChosenSize());
         Write(settings::WallpaperAutoupdate, m_chkAutoload->isChecked() ? 1 : 0);

@@ -64,7 +64,7 @@ int DayLock::HeldCell() const
 void DayLock::AskForCell()
 {
     m_network.picLock->ShowElement(0);
-    MsgBox(QStringLiteral("Please select a daily cell to lock"));
+    MsgBox(u"Please select a daily cell to lock"_s);
     FocusSidebar(m_cells, m_sidebar);
 }
 
@@ -136,16 +136,16 @@ void DayLock::KeepLocked(const RunTimeError& error)
     LogError(error, LockLiteral);
     m_network.picLock->ShowElement(1);
     MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard,
-           QStringLiteral("What you typed is still in its day. Unlock the day again to save it."));
+           u"What you typed is still in its day. Unlock the day again to save it."_s);
 }
 
 // The lock was lost with the connection, and somebody else has used the time.
 bool DayLock::StoreOverOthers(RichTextBox& box, const RunTimeError& error)
 {
     m_network.picLock->ShowElement(1);
-    const int answer = MsgBox(error.Description + QStringLiteral("\n\nYes puts your text in the place of theirs. No "
-                                                                 "shows theirs, and yours is gone. Cancel leaves yours "
-                                                                 "on the screen and nothing decided."),
+    const int answer = MsgBox(error.Description + u"\n\nYes puts your text in the place of theirs. No "
+                                                  "shows theirs, and yours is gone. Cancel leaves yours "
+                                                  "on the screen and nothing decided."_s,
                               msgbox::YesNoCancel + msgbox::Question + msgbox::DefaultButton3, messages::HelpWizard);
     if (answer == msgbox::Cancel) return false;
     try {

@@ -10,11 +10,11 @@
 #include <utility>
 
 namespace {
-const QString Equal = QStringLiteral("=");
-const QString DateField = QStringLiteral("qmtDate");
-const QString TextField = QStringLiteral("qmtText");
+const QString Equal = u"="_s;
+const QString DateField = u"qmtDate"_s;
+const QString TextField = u"qmtText"_s;
 const QByteArray EmptiedNote = QByteArrayLiteral(" "); // a zero-length text is never stored
-const QString PaddingField = QStringLiteral("qmtPadding");
+const QString PaddingField = u"qmtPadding"_s;
 
 // Kept from the versions whose engine locked pages of the file and not records: no two days shared one.
 constexpr int PaddingDots = 1005;
@@ -84,7 +84,7 @@ void DayRecord::TakeAgain()
     }
     m_record.CancelUpdate();
     throw RunTimeError{engineerrors::DataChanged,
-                       QStringLiteral("Another user has changed this day while the connection was broken.")};
+                       u"Another user has changed this day while the connection was broken."_s};
 }
 
 void DayRecord::Commit(const QByteArray& rtf)

@@ -24,21 +24,21 @@ void StartUnlockTimer(const NetworkControls& network)
 void NetworkMode::subSetNetworkMode(bool bOn)
 {
     m_record.Close();
-    m_menus(QLatin1StringView("mnuNetworkOptions")).SetEnabled(bOn);
+    m_menus("mnuNetworkOptions"_L1).SetEnabled(bOn);
     if (!bOn) m_controls.tmUnLock->SetEnabled(false);
     m_controls.picRefresh->SetVisible(0, bOn);
     m_controls.picRefresh->SetVisible(1, false);
     m_controls.picLock->SetVisible(0, bOn);
     m_controls.picLock->SetVisible(1, false);
     SetVisible(*m_controls.lblNetwork, bOn);
-    m_menus(QLatin1StringView("mnuRefresh")).SetEnabled(bOn);
-    m_menus(QLatin1StringView("mnuLockDay")).SetEnabled(bOn);
+    m_menus("mnuRefresh"_L1).SetEnabled(bOn);
+    m_menus("mnuLockDay"_L1).SetEnabled(bOn);
     // A workgroup's planner has no general save: each day is saved by its own lock.
-    ToolbarButton& save = m_toolbar.Buttons(QStringLiteral("save"));
+    ToolbarButton& save = m_toolbar.Buttons(u"save"_s);
     if (!bOn) save.SetValue(0);
     save.setEnabled(!bOn);
     save.SetMixedState(bOn);
-    m_menus(QLatin1StringView("mnuSave")).SetEnabled(!bOn);
+    m_menus("mnuSave"_L1).SetEnabled(!bOn);
     g_bDBShared = bOn;
 }
 

@@ -27,7 +27,7 @@ void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& se
 {
     bool isNumber = false;
     const double minutes = typed.trimmed().toDouble(&isNumber);
-    if (!isNumber || !qIsFinite(minutes)) return WriteText(setting, QStringLiteral("5"));
+    if (!isNumber || !qIsFinite(minutes)) return WriteText(setting, u"5"_s);
     WriteText(setting, typed.trimmed());
     seconds = DelaySeconds(minutes);
 }
@@ -49,7 +49,7 @@ QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString&
     caption->setBuddy(edit);
     grid.addWidget(caption, row, 0);
     grid.addWidget(edit, row, 1);
-    grid.addWidget(new QLabel(QStringLiteral("minutes")), row, 2);
+    grid.addWidget(new QLabel(u"minutes"_s), row, 2);
     return edit;
 }
 } // namespace
@@ -57,12 +57,12 @@ QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString&
 NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& network, ServerMove& server)
     : QDialog(owner), m_network(network), m_server(server)
 {
-    setObjectName(QStringLiteral("NetworkOptionForm"));
-    setWindowTitle(QStringLiteral("Network Options"));
+    setObjectName(u"NetworkOptionForm"_s);
+    setWindowTitle(u"Network Options"_s);
     auto* column = DialogColumn(*this);
     column->addWidget(MakeFrame());
     column->addWidget(MakeServerFrame());
-    column->addWidget(MakeOkCancel(*this, QStringLiteral("btnOK")));
+    column->addWidget(MakeOkCancel(*this, u"btnOK"_s));
     ShowSettings();
     ShowServer();
     CenterOnScreen(*this);
@@ -70,27 +70,27 @@ NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& netw
 
 QWidget* NetworkOptionForm::MakeFrame()
 {
-    auto* frame = new QGroupBox(QStringLiteral("Workgroup"));
+    auto* frame = new QGroupBox(u"Workgroup"_s);
     auto* grid = new QGridLayout(frame);
-    m_chkAutoUnlock = AddSwitch(*grid, 0, "chkAutoUnlock", QStringLiteral("&Unlock a day that is left idle"));
-    m_txtUnlockDelay = AddDelay(*grid, 1, "txtUnlockDelay", QStringLiteral("a&fter"));
-    m_chkAutoRefresh = AddSwitch(*grid, 2, "chkAutoRefresh", QStringLiteral("&Refresh the calendar by itself"));
-    m_txtAutoRefreshDelay = AddDelay(*grid, 3, "txtAutoRefreshDelay", QStringLiteral("&every"));
+    m_chkAutoUnlock = AddSwitch(*grid, 0, "chkAutoUnlock", u"&Unlock a day that is left idle"_s);
+    m_txtUnlockDelay = AddDelay(*grid, 1, "txtUnlockDelay", u"a&fter"_s);
+    m_chkAutoRefresh = AddSwitch(*grid, 2, "chkAutoRefresh", u"&Refresh the calendar by itself"_s);
+    m_txtAutoRefreshDelay = AddDelay(*grid, 3, "txtAutoRefreshDelay", u"&every"_s);
     return frame;
 }
 
 QWidget* NetworkOptionForm::MakeServerFrame()
 {
     constexpr int AddressWidth = 380;
-    auto* frame = new QGroupBox(QStringLiteral("Workgroup Server"));
+    auto* frame = new QGroupBox(u"Workgroup Server"_s);
     auto* grid = new QGridLayout(frame);
-    auto* caption = new QLabel(QStringLiteral("&Address:"));
+    auto* caption = new QLabel(u"&Address:"_s);
     m_txtServer = Named(new QLineEdit, "txtServer");
     m_txtServer->setMinimumWidth(AddressWidth);
-    m_txtServer->setPlaceholderText(QStringLiteral("postgresql://user@host/database?planner=name"));
+    m_txtServer->setPlaceholderText(u"postgresql://user@host/database?planner=name"_s);
     caption->setBuddy(m_txtServer);
-    m_btnMove = Named(new QPushButton(QStringLiteral("&Move to Server...")), "btnMove");
-    m_btnSaveToFile = Named(new QPushButton(QStringLiteral("&Save to a File...")), "btnSaveToFile");
+    m_btnMove = Named(new QPushButton(u"&Move to Server..."_s), "btnMove");
+    m_btnSaveToFile = Named(new QPushButton(u"&Save to a File..."_s), "btnSaveToFile");
     grid->addWidget(caption, 0, 0);
     grid->addWidget(m_txtServer, 0, 1, 1, 3);
     grid->setColumnStretch(1, 1);
@@ -99,14 +99,12 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     connect(m_txtServer, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_btnMove->setEnabled(!m_txtServer->isReadOnly() && !text.trimmed().isEmpty());
     });
-    connect(m_btnMove, &QPushButton::clicked, this,
-            Guarded(QLatin1StringView(" in NetworkOptionsForm, btnMove_Click"), [this] {
+    connect(m_btnMove, &QPushButton::clicked, this, Guarded(" in NetworkOptionsForm, btnMove_Click"_L1, [this] {
                 m_server.MoveToServer(m_txtServer->text().trimmed());
                 ShowServer();
             }));
-    connect(
-        m_btnSaveToFile, &QPushButton::clicked, this,
-        Guarded(QLatin1StringView(" in NetworkOptionsForm, btnSaveToFile_Click"), [this] { m_server.SaveToFile(); }));
+    connect(m_btnSaveToFile, &QPushButton::clicked, this,
+            Guarded(" in NetworkOptionsForm, btnSaveToFile_Click"_L1, [this] { m_server.SaveToFile(); }));
     return frame;
 }
 
@@ -132,7 +130,7 @@ void NetworkOptionForm::ShowSettings()
 
 void NetworkOptionForm::accept()
 {
-    const ErrorTail tail(QLatin1StringView(" in NetworkOptionsForm, btnOK_Click"));
+    const ErrorTail tail(" in NetworkOptionsForm, btnOK_Click"_L1);
     tail([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         TakeSwitches();
@@ -145,9 +143,9 @@ void NetworkOptionForm::accept()
 void NetworkOptionForm::TakeSwitches()
 {
     bGeneralUnlockEnable = m_chkAutoUnlock->isChecked();
-    WriteText(settings::AutoUnLock, bGeneralUnlockEnable ? QStringLiteral("1") : QStringLiteral("0"));
+    WriteText(settings::AutoUnLock, bGeneralUnlockEnable ? u"1"_s : u"0"_s);
     g_bAutoRefresh = m_chkAutoRefresh->isChecked();
-    WriteText(settings::AutoRefresh, g_bAutoRefresh ? QStringLiteral("1") : QStringLiteral("0"));
+    WriteText(settings::AutoRefresh, g_bAutoRefresh ? u"1"_s : u"0"_s);
     m_network.tmAutoRefresh->SetEnabled(g_bAutoRefresh);
 }
 

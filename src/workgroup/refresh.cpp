@@ -16,12 +16,11 @@
 void Refresh::subRefreshCells()
 {
     if (!m_network.picLock->Visible(1)) {
-        m_turn(QLatin1StringView(" in MainForm, picRefresh_Click"), [] {});
+        m_turn(" in MainForm, picRefresh_Click"_L1, [] {});
         return;
     }
     const int held = m_cells.CellToStayIn(); // the idle timer goes on behind the box
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-               QStringLiteral(" is locked, please unlock first."),
+    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) + u" is locked, please unlock first."_s,
            msgbox::Exclamation, messages::HelpWizard);
     m_cells.tbDay(held).setFocus();
     m_network.picRefresh->ShowElement(0);

@@ -31,9 +31,9 @@ QString ServerMove::Address() const
 
 void ServerMove::MoveToServer(const QString& address)
 {
-    const QString question = QStringLiteral("%1\n\nwill be moved to\n\n%2\n\nEverybody goes on to open the same file. "
-                                            "The planner as it is now stays beside it under a name that ends in .bak.")
-                                 .arg(g_sNotesFile, address);
+    const QString question =
+        u"%1\n\nwill be moved to\n\n%2\n\nEverybody goes on to open the same file. "
+        "The planner as it is now stays beside it under a name that ends in .bak."_s.arg(g_sNotesFile, address);
     if (MsgBox(question, msgbox::YesNo + msgbox::Question, messages::HelpWizard) != msgbox::Yes) return;
     if (!m_lockedDay.Commit()) return;
     const QString file = g_sNotesFile;
@@ -41,14 +41,14 @@ void ServerMove::MoveToServer(const QString& address)
         DBEngine::MoveToServer(file, address);
         RememberServer(address);
     });
-    Tell(failure, MoveLiteral, QStringLiteral("The planner is on the server now."));
+    Tell(failure, MoveLiteral, u"The planner is on the server now."_s);
 }
 
 void ServerMove::SaveToFile()
 {
     if (!m_lockedDay.Commit()) return;
-    if (!AskForPlanner(m_dialog, QStringLiteral("Save Planner To File"), QStringLiteral("&Save"))) return;
+    if (!AskForPlanner(m_dialog, u"Save Planner To File"_s, u"&Save"_s)) return;
     const QString path = m_dialog.FileName;
     const auto failure = FailureOf([&] { g_dbPlanner.SaveToFile(path); });
-    Tell(failure, SaveLiteral, QStringLiteral("All that the planner holds is in\n%1").arg(path));
+    Tell(failure, SaveLiteral, u"All that the planner holds is in\n%1"_s.arg(path));
 }

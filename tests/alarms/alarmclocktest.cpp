@@ -61,7 +61,7 @@ private Q_SLOTS:
     void init()
     {
         m_program = Program::Started();
-        m_program->New(QStringLiteral("mine.mdb"));
+        m_program->New(u"mine.mdb"_s);
     }
     void cleanup() { m_program.reset(); }
 
@@ -76,22 +76,22 @@ private Q_SLOTS:
         for (int tick = 0; tick <= 24 * 60 * 2; ++tick) { // two a minute
             const QDateTime now = start.addSecs(tick * 30);
             for (const QString& note : TickAt(now))
-                rung += now.toString(QStringLiteral("d hh:mm:ss ")) + note;
+                rung += now.toString(u"d hh:mm:ss "_s) + note;
         }
-        QCOMPARE(rung, QStringList({QStringLiteral("17 00:00:00 midnight"), QStringLiteral("17 13:05:00 lunch"),
-                                    QStringLiteral("17 23:59:00 late"), QStringLiteral("18 00:00:00 tomorrow")}));
+        QCOMPARE(rung, QStringList({u"17 00:00:00 midnight"_s, u"17 13:05:00 lunch"_s, u"17 23:59:00 late"_s,
+                                    u"18 00:00:00 tomorrow"_s}));
         QCOMPARE(StoredAlarms().size(), 8);
     }
 
     void oneOfTwo()
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "first"), MakeAlarm("1999/3/17", "09:30", "second")});
-        QCOMPARE(TickAt(9, 30), QStringList(QStringLiteral("first")));
-        QCOMPARE(g_rsAlarm.Fields(QStringLiteral("Alarm Note")).toByteArray(), QByteArray("first"));
+        QCOMPARE(TickAt(9, 30), QStringList(u"first"_s));
+        QCOMPARE(g_rsAlarm.Fields(u"Alarm Note"_s).toByteArray(), QByteArray("first"));
         QCOMPARE(TickAt(9, 30, 50), QStringList());
         QCOMPARE(TickAt(9, 31), QStringList());
         QVERIFY(g_rsAlarm.EOF_());
-        QCOMPARE(TickAt(9, 30), QStringList(QStringLiteral("first"))); // the clock was turned back
+        QCOMPARE(TickAt(9, 30), QStringList(u"first"_s)); // the clock was turned back
     }
 
     void anEmptyTableStaysQuiet()
@@ -99,18 +99,18 @@ private Q_SLOTS:
         QCOMPARE(TickAt(9, 30), QStringList());
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "too late"), MakeAlarm("1999/3/17", "09:31", "in time")});
         QCOMPARE(TickAt(9, 30, 10), QStringList()); // this minute was looked at before
-        QCOMPARE(TickAt(9, 31), QStringList(QStringLiteral("in time")));
+        QCOMPARE(TickAt(9, 31), QStringList(u"in time"_s));
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
     void anotherPlannerInTheSameMinute()
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "mine"), MakeAlarm("1999/3/17", "09:31", "mine")});
-        m_program->New(QStringLiteral("other.mdb"));
+        m_program->New(u"other.mdb"_s);
         QCOMPARE(TickAt(9, 30), QStringList());
-        m_program->Open(QStringLiteral("mine.mdb"));
+        m_program->Open(u"mine.mdb"_s);
         QCOMPARE(TickAt(9, 30, 20), QStringList());
-        QCOMPARE(TickAt(9, 31), QStringList(QStringLiteral("mine")));
+        QCOMPARE(TickAt(9, 31), QStringList(u"mine"_s));
         g_sDBPath.clear();
         QCOMPARE(TickAt(9, 30), QStringList());
     }
@@ -122,8 +122,8 @@ private Q_SLOTS:
             desktopclock::SetForTests(QDateTime(m_today, QTime(9, 31)));
             m_program->Tick("tmAlarm");
             QCOMPARE(QApplication::activeModalWidget(), &form);
-            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), QStringLiteral("first"));
-            QCOMPARE(g_rsAlarm.Fields(QStringLiteral("Alarm Time")).toString(), QStringLiteral("09:30"));
+            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), u"first"_s);
+            QCOMPARE(g_rsAlarm.Fields(u"Alarm Time"_s).toString(), u"09:30"_s);
             Escape(form);
         });
         m_program->Tick("tmAlarm");
@@ -136,18 +136,18 @@ private Q_SLOTS:
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "{\\rtf1\\ansi a {\\b bold} note}")});
         OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
-            QCOMPARE(form.windowTitle(), QStringLiteral("Alarm Event"));
+            QCOMPARE(form.windowTitle(), u"Alarm Event"_s);
             QVERIFY(form.windowFlags() & Qt::WindowStaysOnTopHint);
             const QPoint off = form.frameGeometry().center() - form.screen()->availableGeometry().center();
             QVERIFY(off.manhattanLength() < 8);
-            QCOMPARE(In<QLabel>(form, "lblWhen").text(), QStringLiteral("Mar 17, 1999, 9:30 AM"));
+            QCOMPARE(In<QLabel>(form, "lblWhen").text(), u"Mar 17, 1999, 9:30 AM"_s);
             auto& note = In<RichTextBox>(form, "tbNotes");
-            QTRY_COMPARE(form.focusWidget()->objectName(), QStringLiteral("btnOk")); // nobody types on
+            QTRY_COMPARE(form.focusWidget()->objectName(), u"btnOk"_s); // nobody types on
             note.setFocus();
             for (const Qt::Key key : {Qt::Key_X, Qt::Key_Return, Qt::Key_Backspace})
                 QTest::keyClick(&note, key);
             QVERIFY(form.isVisible());
-            QCOMPARE(note.Text(), QStringLiteral("a bold note"));
+            QCOMPARE(note.Text(), u"a bold note"_s);
             QTest::keyClick(&In<QPushButton>(form, "btnOk"), Qt::Key_Return);
             QVERIFY(!form.isVisible());
         });
@@ -158,21 +158,21 @@ private Q_SLOTS:
     void typingGoesOnInTheCell()
     {
         RichTextBox& box = m_program->Box(18);
-        m_program->Type(18, QStringLiteral("a"));
+        m_program->Type(18, u"a"_s);
         RingWhile([](QWidget& typed) {
-            QTest::keyClicks(&typed, QStringLiteral("b cx"));
+            QTest::keyClicks(&typed, u"b cx"_s);
             for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Left, Qt::Key_Left})
                 QTest::keyClick(&typed, key);
             QTest::keyClick(&typed, Qt::Key_A, Qt::ControlModifier); // would have the next key take all
             QInputMethodEvent accent;
-            accent.setCommitString(QStringLiteral("\u00e9"));
+            accent.setCommitString(u"\u00e9"_s);
             QApplication::sendEvent(&typed, &accent);
         });
-        QCOMPARE(box.Text(), QStringLiteral("ab \u00e9c\n"));
+        QCOMPARE(box.Text(), u"ab \u00e9c\n"_s);
         m_program->Trigger("mnuSave");
-        QVERIFY(m_program->Stored(QStringLiteral("mine.mdb"), QStringLiteral("1999/3/17")).contains("ab "));
+        QVERIFY(m_program->Stored(u"mine.mdb"_s, u"1999/3/17"_s).contains("ab "));
         // A cell that has been locked and given back takes no text, and its refusal would stand over the alarm.
-        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->New(u"team.mdb"_s, true);
         m_program->Click(18);
         for (int times = 0; times < 2; ++times)
             m_program->Trigger("mnuLockDay");
@@ -180,7 +180,7 @@ private Q_SLOTS:
         desktopclock::SetForTests(QDateTime(m_today, QTime(9, 29)));
         m_program->Tick("tmAlarm");
         desktopclock::SetForTests(QDateTime(m_today, QTime(9, 30)));
-        RingWhile([](QWidget& typed) { QTest::keyClicks(&typed, QStringLiteral("lost")); });
+        RingWhile([](QWidget& typed) { QTest::keyClicks(&typed, u"lost"_s); });
         QCOMPARE(box.Text(), QString());
     }
 
@@ -207,7 +207,7 @@ private Q_SLOTS:
             });
             const QString until = In<MaskEdBox>(form, "maskUntil").Text();
             QCOMPARE(box == "maskUntil" ? until : In<QComboBox>(form, "cmbRecurDays").currentText(),
-                     box == "maskUntil" ? QStringLiteral("03/20/1999") : QStringLiteral("14"));
+                     box == "maskUntil" ? u"03/20/1999"_s : u"14"_s);
             QVERIFY(form.isVisible());
             QTest::keyClick(&form, Qt::Key_Escape);
         });
@@ -251,12 +251,12 @@ private Q_SLOTS:
         }
         QCOMPARE(TickAt(9, 30).size(), 1);
         QCOMPARE(owner == u"AlarmEventForm", told);
-        QCOMPARE(text.startsWith(QStringLiteral("Orrelin:")), told);
+        QCOMPARE(text.startsWith(u"Orrelin:"_s), told);
     }
 
     void musicPlaysWhileTheWindowIsOpen()
     {
-        SetContent(folders::MediaDirectory() + QStringLiteral("/Flute.mid"), MidiNote(84));
+        SetContent(folders::MediaDirectory() + u"/Flute.mid"_s, MidiNote(84));
         constexpr double Pitch = 1046.5;
         const Recording recording;
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", "Flute.mid", false)});

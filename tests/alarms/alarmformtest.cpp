@@ -14,13 +14,13 @@ class AlarmFormTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_file = QStringLiteral("mine.mdb");
+    const QString m_file = u"mine.mdb"_s;
     std::unique_ptr<Program> m_program;
 
     bool ClockRuns() const { return m_program->Find<Timer>("tmAlarm").Enabled(); }
     QToolButton* Mark(int cell) const
     {
-        auto* mark = m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(%1)").arg(cell));
+        auto* mark = m_program->form->findChild<QToolButton*>(u"btnTunes(%1)"_s.arg(cell));
         const bool covers = mark && mark->geometry().intersects(m_program->Box(cell).geometry());
         return mark && !mark->isHidden() && !covers ? mark : nullptr;
     }
@@ -61,7 +61,7 @@ class AlarmFormTest : public QObject
     void ExpectBox(const QString& text, QMessageBox::Icon icon = QMessageBox::Information)
     {
         OnNextModal<QMessageBox>([=](QMessageBox& box) {
-            QCOMPARE(box.windowTitle(), QStringLiteral("Orrelin Help Wizard"));
+            QCOMPARE(box.windowTitle(), u"Orrelin Help Wizard"_s);
             QCOMPARE(box.text().remove(QChar(0x200B)), text);
             QCOMPARE(box.icon(), icon);
             QTest::keyClick(&box, Qt::Key_Return);
@@ -82,23 +82,23 @@ private Q_SLOTS:
         for (const char* tune : {"/b.mid", "/a.wav"})
             SetContent(folders::MediaDirectory() + QLatin1StringView(tune), "x");
         m_program->New(m_file);
-        m_program->Type(18, QStringLiteral("typed"));
+        m_program->Type(18, u"typed"_s);
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
             QVERIFY(!ClockRuns());
-            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), QStringLiteral("New Alarm Event"));
+            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"New Alarm Event"_s);
             QCOMPARE(In<QLabel>(form, "lblDateFormat").text() + u' ' + Shown(form, "maskAlarmDate"),
-                     QStringLiteral("DD/MM/YYYY 17/03/1999"));
+                     u"DD/MM/YYYY 17/03/1999"_s);
             for (const char* disabled : {"frBrowseAlarm", "btnDelete"})
                 QVERIFY(!In<QWidget>(form, disabled).isEnabled());
             auto& tunes = In<ORLCombo>(form, "orlcmbTunes");
-            QCOMPARE(tunes.List(0) + tunes.List(tunes.ListCount() - 1), QStringLiteral("a.wavb.mid"));
-            QCOMPARE(tunes.Text(), QStringLiteral("a.wav"));
+            QCOMPARE(tunes.List(0) + tunes.List(tunes.ListCount() - 1), u"a.wavb.mid"_s);
+            QCOMPARE(tunes.Text(), u"a.wav"_s);
             for (const char* control : {"maskHour", "maskMinute", "opAMPM(0)"}) {
                 QCOMPARE(form.focusWidget()->objectName(), QLatin1StringView(control));
                 QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
             }
-            TypeAt(form, "maskAlarmDate", QStringLiteral("5/3/"));
-            FillIn(form, QStringLiteral("12"), QStringLiteral("30"), QStringLiteral("lunch"));
+            TypeAt(form, "maskAlarmDate", u"5/3/"_s);
+            FillIn(form, u"12"_s, u"30"_s, u"lunch"_s);
             Activate(form);
             In<QRadioButton>(form, "opAMPM(1)").setFocus();
             QTest::keyClick(&In<QRadioButton>(form, "opAMPM(1)"), Qt::Key_Left); // while none is chosen
@@ -106,10 +106,10 @@ private Q_SLOTS:
             Click(form, "btnOk");
         });
         QVERIFY(ClockRuns());
-        QCOMPARE(StoredAlarms(), QStringList(QStringLiteral("1999/3/5 00:30 lunch b.mid")));
+        QCOMPARE(StoredAlarms(), QStringList(u"1999/3/5 00:30 lunch b.mid"_s));
         QVERIFY(Mark(m_program->CellOf(5)) && !Mark(18));
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("typed"));
-        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("typed"));
+        QCOMPARE(m_program->Box(18).Text(), u"typed"_s);
+        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("typed"));
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("time");
         QTest::addColumn<QString>("note");
         QTest::addColumn<QString>("told");
-        const QString wrongTime = QStringLiteral("The time you have entered is not valid");
+        const QString wrongTime = u"The time you have entered is not valid"_s;
         QTest::newRow("hour 13") << true << u"1300"_s << u"x"_s << wrongTime;
         QTest::newRow("nothing at all") << true << QString() << "" << wrongTime;
         QTest::newRow("no note") << true << u"0900"_s << u""_s << u"Notes field cannot be empty"_s;
@@ -155,19 +155,18 @@ private Q_SLOTS:
         m_program->New(m_file);
         m_program->Click(1);
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
-            QCOMPARE(Shown(form, "maskAlarmDate"), QStringLiteral("__/__/____"));
+            QCOMPARE(Shown(form, "maskAlarmDate"), u"__/__/____"_s);
             QCOMPARE(form.focusWidget(), &In<QWidget>(form, "maskAlarmDate"));
-            TypeAt(form, "maskAlarmDate", QStringLiteral("02311999"));
-            FillIn(form, QStringLiteral("9"), QStringLiteral("5"), QStringLiteral("never"));
-            *failing.plan = {
-                1, FailurePlan::Before, {3026, QStringLiteral("The disk is full")}, QStringLiteral("Insert")};
-            ExpectBox(QStringLiteral("The disk is full"), QMessageBox::Warning);
+            TypeAt(form, "maskAlarmDate", u"02311999"_s);
+            FillIn(form, u"9"_s, u"5"_s, u"never"_s);
+            *failing.plan = {1, FailurePlan::Before, {3026, u"The disk is full"_s}, u"Insert"_s};
+            ExpectBox(u"The disk is full"_s, QMessageBox::Warning);
             for (const bool isStored : {false, true}) {
                 QTest::keyClick(&In<MaskEdBox>(form, "maskHour"), Qt::Key_Return);
                 QCOMPARE(form.isVisible(), !isStored);
             }
         });
-        QCOMPARE(StoredAlarms(), QStringList(QStringLiteral("1999/2/31 09:05 never ")));
+        QCOMPARE(StoredAlarms(), QStringList(u"1999/2/31 09:05 never "_s));
     }
 
     void steps()
@@ -188,7 +187,7 @@ private Q_SLOTS:
                 QVERIFY(button.Visible(pressed) && !button.Visible(released));
                 QTest::mouseRelease(&button, Qt::LeftButton);
             }
-            QCOMPARE(Shown(form, "maskHour"), QStringLiteral("02")); // at the release
+            QCOMPARE(Shown(form, "maskHour"), u"02"_s); // at the release
             Click(form, "btnCancel");
         });
     }
@@ -196,7 +195,7 @@ private Q_SLOTS:
     // Music that is tried out ends by its button, and with the window.
     void tryingATune()
     {
-        SetContent(folders::MediaDirectory() + QStringLiteral("/Flute.mid"), MidiNote(84));
+        SetContent(folders::MediaDirectory() + u"/Flute.mid"_s, MidiNote(84));
         constexpr double Pitch = 1046.5;
         const Recording recording;
         m_program->New(m_file);
@@ -235,7 +234,7 @@ private Q_SLOTS:
         InEditor(command.constData(), [&](AlarmForm& form) {
             const bool isNew = command == "mnuNewAlarm";
             QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), isNew);
-            if (isNew) FillIn(form, QStringLiteral("9"), QStringLiteral("00"), QStringLiteral("dropped"));
+            if (isNew) FillIn(form, u"9"_s, u"00"_s, u"dropped"_s);
             if (way == "esc at the window") form.setFocus();
             if (way.startsWith("esc")) QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
             if (way == "close") form.close();
@@ -249,23 +248,23 @@ private Q_SLOTS:
 
     void browsing()
     {
-        SetContent(folders::MediaDirectory() + QStringLiteral("/a.wav"), "x");
+        SetContent(folders::MediaDirectory() + u"/a.wav"_s, "x");
         m_program->New(m_file);
         AddAlarms({MakeAlarm("1999/3/16", "09:00", "before"), MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
                    MakeAlarm("1999/3/18", "09:00", "after"), MakeAlarm("1999/3/17", "00:30", "two", "gone.wav", false),
                    MakeAlarm("1999/3/17", "12:00", "three")});
         m_program->Click(18);
         InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
-            const QString one = QStringLiteral("03/17/1999 07 05 AM a.wav one silent");
-            const QString two = QStringLiteral("03/17/1999 12 30 AM  two");
-            const QString three = QStringLiteral("03/17/1999 12 00 PM  three silent");
+            const QString one = u"03/17/1999 07 05 AM a.wav one silent"_s;
+            const QString two = u"03/17/1999 12 30 AM  two"_s;
+            const QString three = u"03/17/1999 12 00 PM  three silent"_s;
             const auto step = [&](const char* picture, const QString& shown, bool told) {
-                if (told) ExpectBox(QStringLiteral("No more alarm events for the date 03/17/1999"));
+                if (told) ExpectBox(u"No more alarm events for the date 03/17/1999"_s);
                 Press(form, picture);
                 QCOMPARE(WaitingAnswers(), 0);
                 QCOMPARE(Row(form), shown);
             };
-            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), QStringLiteral("Browse/Edit Alarm Event"));
+            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"Browse/Edit Alarm Event"_s);
             for (const char* disabled : {"maskAlarmDate", "maskHour", "maskMinute", "opAMPM(0)", "opAMPM(1)",
                                          "orlcmbTunes", "chkSilence", "tbNotes"})
                 QVERIFY2(!In<QWidget>(form, disabled).isEnabled(), disabled);
@@ -295,10 +294,10 @@ private Q_SLOTS:
             m_program->Click(18);
             InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
                 for (const char* picture : {"picLeftSpin", "picRightSpin", "picLeftSpin"}) {
-                    ExpectBox(QStringLiteral("No more alarm events for the date __/__/____"));
+                    ExpectBox(u"No more alarm events for the date __/__/____"_s);
                     Press(form, picture);
                 }
-                QCOMPARE(Row(form), QStringLiteral("__/__/____ __ __ -  "));
+                QCOMPARE(Row(form), u"__/__/____ __ __ -  "_s);
                 Click(form, "btnOk");
             });
         }
@@ -307,7 +306,7 @@ private Q_SLOTS:
     // Of alarms that are alike in four fields the first goes, whichever note is shown.
     void deleting()
     {
-        SetContent(folders::MediaDirectory() + QStringLiteral("/a.wav"), "x");
+        SetContent(folders::MediaDirectory() + u"/a.wav"_s, "x");
         m_program->New(m_file);
         AddAlarms({MakeAlarm("1999/3/17", "09:00", "other time", "a.wav"),
                    MakeAlarm("1999/3/17", "10:00", "loud", "a.wav", false), MakeAlarm("1999/3/17", "10:00", "tuneless"),
@@ -319,19 +318,19 @@ private Q_SLOTS:
         InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
             for (int i = 0; i < 4; ++i)
                 Press(form, "picRightSpin");
-            QVERIFY(Row(form).contains(QStringLiteral("second")));
+            QVERIFY(Row(form).contains(u"second"_s));
             for (int times = 0; times < 2; ++times) { // nothing is shown then, and nothing is told
                 AnswerNextBox(msgbox::Ok);
                 QTest::keyClick(&In<QPushButton>(form, "btnDelete"), Qt::Key_Return);
                 QCOMPARE(WaitingAnswers(), 1);
                 DropAnswers();
                 QVERIFY(form.isVisible());
-                QCOMPARE(Row(form), QStringLiteral("__/__/____ __ __ -  "));
+                QCOMPARE(Row(form), u"__/__/____ __ __ -  "_s);
             }
             Click(form, "btnOk");
         });
         QCOMPARE(StoredAlarms().size(), 5);
-        QVERIFY(StoredAlarms().filter(QStringLiteral("first")).isEmpty()); // and the second one is there
+        QVERIFY(StoredAlarms().filter(u"first"_s).isEmpty()); // and the second one is there
         QVERIFY(Mark(18));
     }
 
@@ -351,11 +350,11 @@ private Q_SLOTS:
         m_program->Trigger(isShared ? "mnuRefresh" : "mnuSave");
         m_program->Click(20);
         if (isShared) m_program->Trigger("mnuLockDay");
-        QTest::keyClicks(&m_program->Box(20), QStringLiteral("typed"));
+        QTest::keyClicks(&m_program->Box(20), u"typed"_s);
         for (const bool ok : {false, true}) {
             OnNextModal<AlarmForm>([&](AlarmForm& form) {
-                QCOMPARE(Row(form).contains(QStringLiteral("only")), !ok);
-                if (isShared) QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/19")).contains("typed"));
+                QCOMPARE(Row(form).contains(u"only"_s), !ok);
+                if (isShared) QVERIFY(m_program->Stored(m_file, u"1999/3/19"_s).contains("typed"));
                 Click(form, "btnDelete");
                 QVERIFY(Mark(18));
                 if (ok) Click(form, "btnOk");
@@ -365,7 +364,7 @@ private Q_SLOTS:
             QTRY_COMPARE(WaitingAnswers(), 0);
             QTRY_COMPARE(Mark(18) == nullptr, ok);
             QCOMPARE(StoredAlarms(), QStringList());
-            QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed"));
+            QCOMPARE(m_program->Box(20).Text(), u"typed"_s);
             m_program->Activate();
         }
         QCOMPARE(In<PictureButton>(*m_program->form, "picLock").Visible(0), isShared);

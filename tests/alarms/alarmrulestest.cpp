@@ -19,12 +19,11 @@ private Q_SLOTS:
     void aWholeDay()
     {
         for (QTime time(0, 0);;) {
-            const QString stored = time.toString(QStringLiteral("HH:mm"));
-            const QStringList shown = QLocale::c().toString(time, QStringLiteral("hh mm AP")).split(u' ');
+            const QString stored = time.toString(u"HH:mm"_s);
+            const QStringList shown = QLocale::c().toString(time, u"hh mm AP"_s).split(u' ');
             QCOMPARE(AlarmTimeText(shown[0], shown[1], shown[2] == u"PM"), stored);
             const ShownTime back = ShownTimeOf(stored);
-            QCOMPARE(QStringList({back.hour, back.minute, back.pm ? QStringLiteral("PM") : QStringLiteral("AM")}),
-                     shown);
+            QCOMPARE(QStringList({back.hour, back.minute, back.pm ? u"PM"_s : u"AM"_s}), shown);
             QCOMPARE(AlarmTimeOf(QDateTime(QDate(1999, 7, 4), time.addSecs(59))), stored);
             time = time.addSecs(60);
             if (time == QTime(0, 0)) break;
@@ -80,11 +79,11 @@ private Q_SLOTS:
         QFETCH(int, first);
         QFETCH(int, last);
         QFETCH(int, direction);
-        QTEST(step(QStringLiteral("__")), "ofNothing");
+        QTEST(step(u"__"_s), "ofNothing");
         const int count = last - first + 1;
         for (int value = first; value <= last; ++value) {
             const int expected = first + (value - first + direction + count) % count;
-            QCOMPARE(step(QString::number(value)), QStringLiteral("%1").arg(expected, 2, 10, QChar(u'0')));
+            QCOMPARE(step(QString::number(value)), u"%1"_s.arg(expected, 2, 10, QChar(u'0')));
         }
     }
 
@@ -103,12 +102,12 @@ private Q_SLOTS:
         QFETCH(int, order);
         QFETCH(QString, box);
         const DateOrder& dateOrder = DateOrderOf(order);
-        QCOMPARE(dateOrder.EntryDate(box), QStringLiteral("07/04/1999"));
+        QCOMPARE(dateOrder.EntryDate(box), u"07/04/1999"_s);
         QCOMPARE(dateOrder.BoxText(1999, 7, 4), box);
-        QCOMPARE(fnAlarmDateKey(dateOrder, box), QStringLiteral("1999/7/4"));
+        QCOMPARE(fnAlarmDateKey(dateOrder, box), u"1999/7/4"_s);
         // The clock looks for the very key that the editor writes.
         QCOMPARE(fnAlarmDateKey(dateOrder, box), AlarmDateOf(QDateTime(QDate(1999, 7, 4), QTime(0, 0))));
-        QCOMPARE(fnAlarmDateKey(dateOrder, dateOrder.BoxText(1999, 2, 31)), QStringLiteral("1999/2/31"));
+        QCOMPARE(fnAlarmDateKey(dateOrder, dateOrder.BoxText(1999, 2, 31)), u"1999/2/31"_s);
     }
 };
 

@@ -28,12 +28,12 @@ inline void AddAlarms(const QList<Alarm>& alarms)
 inline QStringList StoredAlarms()
 {
     QStringList lines;
-    Recordset alarms = g_dbPlanner.OpenTable(QStringLiteral("Alarm Table"));
-    alarms.SetIndex(QStringLiteral("AlarmKey"));
+    Recordset alarms = g_dbPlanner.OpenTable(u"Alarm Table"_s);
+    alarms.SetIndex(u"AlarmKey"_s);
     for (; !alarms.EOF_(); alarms.MoveNext()) {
         const Alarm alarm = CurrentAlarm(alarms);
         lines += QStringList({alarm.date, alarm.time, PlainText(alarm.note), alarm.tune}).join(u' ') +
-                 (alarm.silence ? QStringLiteral(" silent") : QString());
+                 (alarm.silence ? u" silent"_s : QString());
     }
     return lines;
 }

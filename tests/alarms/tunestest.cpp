@@ -16,17 +16,17 @@ private Q_SLOTS:
     void cleanup()
     {
         folders::SetRootForTests(QString());
-        QVERIFY(QDir(m_root.filePath(QStringLiteral("data"))).removeRecursively());
+        QVERIFY(QDir(m_root.filePath(u"data"_s)).removeRecursively());
     }
 
     void TheFolderBeginsWithTheShippedTunes()
     {
-        QVERIFY(QDir(m_root.path()).mkpath(QStringLiteral("shipped/Media")));
-        SetContent(m_root.filePath(QStringLiteral("shipped/Media/Chime.wav")), WaveTone(440, 1));
-        QCOMPARE(ListTunes(), QStringList(QStringLiteral("Chime.wav")));
+        QVERIFY(QDir(m_root.path()).mkpath(u"shipped/Media"_s));
+        SetContent(m_root.filePath(u"shipped/Media/Chime.wav"_s), WaveTone(440, 1));
+        QCOMPARE(ListTunes(), QStringList(u"Chime.wav"_s));
         QVERIFY(QFile::remove(Media("Chime.wav")));
         QCOMPARE(ListTunes(), QStringList());
-        QVERIFY(QDir(m_root.filePath(QStringLiteral("shipped"))).removeRecursively());
+        QVERIFY(QDir(m_root.filePath(u"shipped"_s)).removeRecursively());
     }
 
     void WavesAreListedBeforeMusic()
@@ -34,7 +34,7 @@ private Q_SLOTS:
         for (const char* name : {"b.mid", "A.MID", "z.Wav", "Y.wav", "notes.txt", "wav", "x.wav.bak"})
             SetContent(Media(name), "x");
         QVERIFY(QDir().mkdir(Media("folder.wav")));
-        QCOMPARE(ListTunes().join(u' '), QStringLiteral("Y.wav z.Wav A.MID b.mid"));
+        QCOMPARE(ListTunes().join(u' '), u"Y.wav z.Wav A.MID b.mid"_s);
     }
 
     void StoppingEndsMusicAndNoWave()
@@ -42,13 +42,13 @@ private Q_SLOTS:
         SetContent(Media("Long Wave.WAV"), WaveTone(440));
         SetContent(Media("Flute.mid"), MidiNote(84));
         const Recording recording;
-        QCOMPARE(PlayTune(QStringLiteral("Long Wave.WAV")), QString());
+        QCOMPARE(PlayTune(u"Long Wave.WAV"_s), QString());
         for (int time = 0; time < 2; ++time) { // the second time it is open already
-            QCOMPARE(PlayTune(QStringLiteral("Flute.mid")), QString());
+            QCOMPARE(PlayTune(u"Flute.mid"_s), QString());
             QVERIFY(Tone(recording.Hear(1), 1046.5) > 0.02);
         }
-        StopTune(QStringLiteral("Flute.mid"));
-        StopTune(QStringLiteral("Long Wave.WAV"));
+        StopTune(u"Flute.mid"_s);
+        StopTune(u"Long Wave.WAV"_s);
         const QList<double> heard = recording.Hear(1);
         QVERIFY(Tone(heard, 440) > 0.4 && Tone(heard, 1046.5) < 0.002);
     }

@@ -32,10 +32,10 @@ private Q_SLOTS:
 
     void TheDaysTakeTheStyleThatWasChosen()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("typed before"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"typed before"_s);
         Customize(
-            "mnuNumberDlg", QStringLiteral("panelDay(0)"),
+            "mnuNumberDlg", u"panelDay(0)"_s,
             [](QFontDialog& fonts) {
                 QFont font = fonts.currentFont();
                 QVERIFY(font.bold() && font.pointSize() == 12); // the dialog's own default, not the grid's
@@ -45,28 +45,27 @@ private Q_SLOTS:
                 fonts.setCurrentFont(font);
             },
             Qt::Key_Return);
-        QCOMPARE(Ini("DAILY PANEL", "FONTSIZE"), QStringLiteral("14"));
-        QCOMPARE(Ini("DAILY PANEL", "FONTBOLD"), QStringLiteral("0"));
-        QCOMPARE(Ini("DAILY PANEL", "FONTNAME"), QStringLiteral("Arial")); // installed or not
-        QCOMPARE(Ini("DAILY PANEL", "FONTCOLOR"), QStringLiteral("&H0&"));
-        QCOMPARE(Ini("MEMO PANEL", "FONTSIZE"), QStringLiteral("12"));
-        QCOMPARE(Ini("DAILY PANEL", "FONT3D"), QStringLiteral("2"));
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTSTRIKETHRU"), QStringLiteral("-1"));
+        QCOMPARE(Ini("DAILY PANEL", "FONTSIZE"), u"14"_s);
+        QCOMPARE(Ini("DAILY PANEL", "FONTBOLD"), u"0"_s);
+        QCOMPARE(Ini("DAILY PANEL", "FONTNAME"), u"Arial"_s); // installed or not
+        QCOMPARE(Ini("DAILY PANEL", "FONTCOLOR"), u"&H0&"_s);
+        QCOMPARE(Ini("MEMO PANEL", "FONTSIZE"), u"12"_s);
+        QCOMPARE(Ini("DAILY PANEL", "FONT3D"), u"2"_s);
+        QCOMPARE(Ini("PASTDATE PANEL", "FONTSTRIKETHRU"), u"-1"_s);
         QCOMPARE(m_program->Panel(25).CaptionFont().pointSize(), 14);
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed before"));
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("before"));
+        QCOMPARE(m_program->Box(20).Text(), u"typed before"_s);
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("before"));
     }
 
     void CancelChangesNothing()
     {
         Customize(
-            "mnuNumberDlg", QStringLiteral("panelDay(3)"),
-            [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(QStringLiteral("Liberation Serif"), 20)); },
-            Qt::Key_Escape);
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTSIZE"), QStringLiteral("none"));
-        Customize("mnuNumberDlg", QStringLiteral("panelDay(3)"), nullptr, Qt::Key_Return);
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTSIZE"), QStringLiteral("12"));
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTBOLD"), QStringLiteral("1"));
+            "mnuNumberDlg", u"panelDay(3)"_s,
+            [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(u"Liberation Serif"_s, 20)); }, Qt::Key_Escape);
+        QCOMPARE(Ini("PASTDATE PANEL", "FONTSIZE"), u"none"_s);
+        Customize("mnuNumberDlg", u"panelDay(3)"_s, nullptr, Qt::Key_Return);
+        QCOMPARE(Ini("PASTDATE PANEL", "FONTSIZE"), u"12"_s);
+        QCOMPARE(Ini("PASTDATE PANEL", "FONTBOLD"), u"1"_s);
     }
 
     void WeeksComeOutItalicAfterEachSave()
@@ -77,19 +76,18 @@ private Q_SLOTS:
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuWeekAppearance");
-        QCOMPARE(Ini("WEEKDAILY", "FONTITALIC"), QStringLiteral("1"));
-        QCOMPARE(Ini("WEEKMEMO", "FONTSIZE"), QStringLiteral("16"));
-        QCOMPARE(Ini("WEEKDAILY", "FONT3D"), QStringLiteral("0"));
-        QCOMPARE(Ini("WEEKPASTDATE", "FONTSTRIKETHRU"), QStringLiteral("0"));
+        QCOMPARE(Ini("WEEKDAILY", "FONTITALIC"), u"1"_s);
+        QCOMPARE(Ini("WEEKMEMO", "FONTSIZE"), u"16"_s);
+        QCOMPARE(Ini("WEEKDAILY", "FONT3D"), u"0"_s);
+        QCOMPARE(Ini("WEEKPASTDATE", "FONTSTRIKETHRU"), u"0"_s);
     }
 
     void OneSampleStandsForAllHeadings()
     {
         Customize(
-            "mnuMonToSun", QStringLiteral("lblAllDay"), [](QFontDialog& fonts) { ChooseSize(fonts, 11); },
-            Qt::Key_Return);
-        QCOMPARE(Ini("Sun", "FONTSIZE"), QStringLiteral("11"));
-        QCOMPARE(Ini("Sat", "FONTSIZE"), QStringLiteral("11"));
+            "mnuMonToSun", u"lblAllDay"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 11); }, Qt::Key_Return);
+        QCOMPARE(Ini("Sun", "FONTSIZE"), u"11"_s);
+        QCOMPARE(Ini("Sat", "FONTSIZE"), u"11"_s);
         auto& heading = m_program->Find<SSPanel>("lblDayOfWeek(3)");
         QCOMPARE(heading.CaptionFont().pointSize(), 11);
 
@@ -97,41 +95,40 @@ private Q_SLOTS:
         AnswerFontDialog([](QFontDialog& fonts) { ChooseSize(fonts, 18); });
         QTest::mouseDClick(&heading, Qt::LeftButton);
         QCOMPARE(heading.CaptionFont().pointSize(), 18);
-        QCOMPARE(Ini("Wed", "FONTSIZE"), QStringLiteral("18"));
-        QCOMPARE(Ini("Wed", "FONTBOLD"), QStringLiteral("-1"));
-        QCOMPARE(Ini("Thu", "FONTSIZE"), QStringLiteral("11"));
+        QCOMPARE(Ini("Wed", "FONTSIZE"), u"18"_s);
+        QCOMPARE(Ini("Wed", "FONTBOLD"), u"-1"_s);
+        QCOMPARE(Ini("Thu", "FONTSIZE"), u"11"_s);
     }
 
     void TheTitleFollowsAtOnce()
     {
         Customize(
-            "mnuMonthDisplay", QStringLiteral("lblMonth"), [](QFontDialog& fonts) { ChooseSize(fonts, 20); },
-            Qt::Key_Return);
+            "mnuMonthDisplay", u"lblMonth"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 20); }, Qt::Key_Return);
         QCOMPARE(m_program->Bottom().CaptionFont().pointSize(), 20);
-        QCOMPARE(Ini("DISPLAY MONTH", "FONT3D"), QStringLiteral("4"));
+        QCOMPARE(Ini("DISPLAY MONTH", "FONT3D"), u"4"_s);
     }
 
     void TheInitialFontIsThatOfTheNextEmptyDay()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(21, QStringLiteral("full"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(21, u"full"_s);
         OnNextModal<InitFontForm>([](InitFontForm& form) {
             const auto choose = [&](const char* name, const QString& text) {
                 auto* const combo = form.findChild<ORLCombo*>(QString::fromLatin1(name));
                 for (int i = 0; i < combo->ListCount(); ++i)
                     if (combo->List(i).trimmed() == text) combo->SetListIndex(i);
             };
-            QCOMPARE(In<ORLCombo>(form, "orlcmbFontname").Text(), QStringLiteral("Arial"));
-            choose("orlcmbFontsize", QStringLiteral("14"));
-            choose("orlcmbFontcolor", QStringLiteral("Navy"));
+            QCOMPARE(In<ORLCombo>(form, "orlcmbFontname").Text(), u"Arial"_s);
+            choose("orlcmbFontsize", u"14"_s);
+            choose("orlcmbFontcolor", u"Navy"_s);
             In<QCheckBox>(form, "chkItalic").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuInitialFont");
-        QCOMPARE(Ini("DEFAULT FONTS", "BOLD"), QStringLiteral("0"));
-        QCOMPARE(Ini("DEFAULT FONTS", "FONTNAME"), QStringLiteral("Arial"));
+        QCOMPARE(Ini("DEFAULT FONTS", "BOLD"), u"0"_s);
+        QCOMPARE(Ini("DEFAULT FONTS", "FONTNAME"), u"Arial"_s);
         m_program->Activate();
-        m_program->Type(20, QStringLiteral("x"));
+        m_program->Type(20, u"x"_s);
         Select(m_program->Box(20), 0, 1);
         QCOMPARE(m_program->Box(20).SelFontSize(), std::optional(14.0));
         QCOMPARE(m_program->Box(20).SelColor(), std::optional(0x800000u));

@@ -55,20 +55,20 @@ private Q_SLOTS:
     {
         m_program->Start();
         m_program->Trigger("mnuViewTBAlignBottom");
-        QCOMPARE(Ini("Mainform Toolbar", "Alignment"), QStringLiteral("2"));
+        QCOMPARE(Ini("Mainform Toolbar", "Alignment"), u"2"_s);
         QVERIFY(!m_program->Entry("mnuViewTBAlignTop").isChecked() &&
                 m_program->Entry("mnuViewTBAlignBottom").isChecked());
         m_program->Trigger("mnuViewTBVisible");
-        QCOMPARE(Ini("Mainform Toolbar", "Visible"), QStringLiteral("0"));
+        QCOMPARE(Ini("Mainform Toolbar", "Visible"), u"0"_s);
         QVERIFY(!m_program->Entry("mnuViewTBAlignTop").isEnabled() &&
                 !m_program->Entry("mnuViewTBVisible").isChecked());
         m_program->Trigger("mnuViewSBVisible");
-        QCOMPARE(Ini("Mainform Sidebar", "Visible"), QStringLiteral("0"));
+        QCOMPARE(Ini("Mainform Sidebar", "Visible"), u"0"_s);
         m_program->Exit();
         m_program->Start();
         QVERIFY(Bar().isHidden() && Sidebar().isHidden());
         m_program->Trigger("mnuViewTBVisible");
-        QCOMPARE(Ini("Mainform Toolbar", "Visible"), QStringLiteral("-1"));
+        QCOMPARE(Ini("Mainform Toolbar", "Visible"), u"-1"_s);
         QVERIFY(Bar().y() > 0);
     }
 
@@ -90,14 +90,14 @@ private Q_SLOTS:
         CheckRectangles();
         drag(5);
         QCOMPARE(Bar().y(), 0);
-        QCOMPARE(Ini("Mainform Toolbar", "Alignment"), QStringLiteral("1"));
+        QCOMPARE(Ini("Mainform Toolbar", "Alignment"), u"1"_s);
     }
 
     void TheTabsBringTheirPageToTheFront()
     {
         m_program->Start();
         const auto page = [&](int i) {
-            return m_program->form->findChild<QWidget*>(QStringLiteral("fraSidebar(%1)").arg(i))->isVisible();
+            return m_program->form->findChild<QWidget*>(u"fraSidebar(%1)"_s.arg(i))->isVisible();
         };
         QVERIFY(page(0) && !page(1));
         QVERIFY(Sidebar().focusProxy()->hasFocus());

@@ -15,12 +15,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("entry");
         QTest::addColumn<QString>("key");
-        QTest::newRow("padded") << QStringLiteral("07/04/1999") << QStringLiteral("1999/7/4");
-        QTest::newRow("bare") << QStringLiteral("7/4/1999") << QStringLiteral("1999/7/4");
-        QTest::newRow("blanks") << QStringLiteral(" 7/ 4/1999") << QStringLiteral("1999/7/4");
-        QTest::newRow("no slash") << QStringLiteral("1999") << QStringLiteral("1999/0/0");
-        QTest::newRow("one slash") << QStringLiteral("7/1999") << QStringLiteral("1999/7/0");
-        QTest::newRow("empty") << QString() << QStringLiteral("0/0/0");
+        QTest::newRow("padded") << u"07/04/1999"_s << u"1999/7/4"_s;
+        QTest::newRow("bare") << u"7/4/1999"_s << u"1999/7/4"_s;
+        QTest::newRow("blanks") << u" 7/ 4/1999"_s << u"1999/7/4"_s;
+        QTest::newRow("no slash") << u"1999"_s << u"1999/0/0"_s;
+        QTest::newRow("one slash") << u"7/1999"_s << u"1999/7/0"_s;
+        QTest::newRow("empty") << QString() << u"0/0/0"_s;
     }
 
     void KeysDropPadding()
@@ -33,11 +33,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("day") << QStringLiteral("1999/7/4") << QStringLiteral("Jul 4, 1999");
-        QTest::newRow("memo of one digit") << QStringLiteral("1999/12/Memo3") << QStringLiteral("Dec Memo3, 1999");
-        QTest::newRow("memo of two digits") << QStringLiteral("1999/1/Memo12") << QStringLiteral("Jan Memo12, 1999");
-        QTest::newRow("no digit") << QStringLiteral("1999/1/Memo") << QStringLiteral("Jan 0, 1999");
-        QTest::newRow("no month") << QStringLiteral("1999/13/4") << QStringLiteral(" 4, 1999");
+        QTest::newRow("day") << u"1999/7/4"_s << u"Jul 4, 1999"_s;
+        QTest::newRow("memo of one digit") << u"1999/12/Memo3"_s << u"Dec Memo3, 1999"_s;
+        QTest::newRow("memo of two digits") << u"1999/1/Memo12"_s << u"Jan Memo12, 1999"_s;
+        QTest::newRow("no digit") << u"1999/1/Memo"_s << u"Jan 0, 1999"_s;
+        QTest::newRow("no month") << u"1999/13/4"_s << u" 4, 1999"_s;
     }
 
     void KeysAreShownByMonthAndDay()
@@ -50,12 +50,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("read");
-        QTest::newRow("day") << QStringLiteral("1999/12/31") << QStringLiteral("1999/12/31");
-        QTest::newRow("padded") << QStringLiteral("1999/07/04") << QStringLiteral("1999/7/4");
-        QTest::newRow("of the grid alone") << QStringLiteral("1900/2/29") << QStringLiteral("1900/2/29");
-        QTest::newRow("of no year's grid") << QStringLiteral("1999/2/29") << QString();
-        QTest::newRow("memo") << QStringLiteral("1999/7/Memo3") << QString();
-        QTest::newRow("no day") << QStringLiteral("1999/7") << QString();
+        QTest::newRow("day") << u"1999/12/31"_s << u"1999/12/31"_s;
+        QTest::newRow("padded") << u"1999/07/04"_s << u"1999/7/4"_s;
+        QTest::newRow("of the grid alone") << u"1900/2/29"_s << u"1900/2/29"_s;
+        QTest::newRow("of no year's grid") << u"1999/2/29"_s << QString();
+        QTest::newRow("memo") << u"1999/7/Memo3"_s << QString();
+        QTest::newRow("no day") << u"1999/7"_s << QString();
     }
 
     void OnlyKeysOfDaysAreRead()

@@ -61,11 +61,11 @@ private Q_SLOTS:
     void KnownMonthsAreDrawnAsKnown()
     {
         const QStringList february = Captions(1999, 2);
-        QCOMPARE(february.first(3), QStringList({QStringLiteral("Memo1"), QStringLiteral("1"), QStringLiteral("2")}));
-        QCOMPARE(february.last(2), QStringList({QStringLiteral("Memo6"), QStringLiteral("Memo7")}));
+        QCOMPARE(february.first(3), QStringList({u"Memo1"_s, u"1"_s, u"2"_s}));
+        QCOMPARE(february.last(2), QStringList({u"Memo6"_s, u"Memo7"_s}));
         const QStringList august = Captions(1998, 8);
-        QCOMPARE(august.first(7).join(u' '), QStringLiteral("30 31 Memo1 Memo2 Memo3 Memo4 1"));
-        QVERIFY(Captions(2100, 2).contains(QStringLiteral("29")));
+        QCOMPARE(august.first(7).join(u' '), u"30 31 Memo1 Memo2 Memo3 Memo4 1"_s);
+        QVERIFY(Captions(2100, 2).contains(u"29"_s));
     }
 
     void TheWeekMapCountsOnFromTheLastDay()
@@ -96,13 +96,13 @@ private Q_SLOTS:
     void NamesOutsideTheTablesAreEmpty()
     {
         QCOMPARE(fnMonthName(13), QString());
-        QCOMPARE(fnMonthName(3), QStringLiteral("MARCH"));
+        QCOMPARE(fnMonthName(3), u"MARCH"_s);
         g_iLanguage = 1;
-        QCOMPARE(fnMonthName(3), QStringLiteral("MAERZ"));
+        QCOMPARE(fnMonthName(3), u"MAERZ"_s);
         g_iLanguage = 3;
         QCOMPARE(fnMonthName(3), QString());
-        QCOMPARE(fnColorInHex(QStringLiteral("FUSCHIA")), 0xFF00FFu);
-        QCOMPARE(fnColorInHex(QStringLiteral("red")), 0u);
+        QCOMPARE(fnColorInHex(u"FUSCHIA"_s), 0xFF00FFu);
+        QCOMPARE(fnColorInHex(u"red"_s), 0u);
     }
 };
 

@@ -17,11 +17,11 @@ private Q_SLOTS:
     void AFirstRunShowsThisMonthInItsDefaultStyles()
     {
         m_program->Start();
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
-        QCOMPARE(m_program->Panel(1).Caption(), QStringLiteral("Memo1"));
-        QCOMPARE(m_program->Panel(1).Tag, QStringLiteral("Memo"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
+        QCOMPARE(m_program->Panel(1).Caption(), u"Memo1"_s);
+        QCOMPARE(m_program->Panel(1).Tag, u"Memo"_s);
         QCOMPARE(m_program->Panel(1).CaptionAlignment(), int(SSPanel::CenterTop));
-        QCOMPARE(m_program->Panel(18).Caption(), QStringLiteral(" 17"));
+        QCOMPARE(m_program->Panel(18).Caption(), u" 17"_s);
         QCOMPARE(m_program->Panel(18).ForeColor(), 0x0000FFu);
         QVERIFY(!m_program->Panel(18).CaptionFont().strikeOut());
         QVERIFY(m_program->Panel(18).CaptionFont().bold());
@@ -39,19 +39,19 @@ private Q_SLOTS:
     {
         m_program->Start();
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("FEBRUARY 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"FEBRUARY 1999"_s);
         QVERIFY(m_program->Panel(29).CaptionFont().strikeOut());
         QVERIFY(!m_program->Panel(30).CaptionFont().strikeOut()); // a memo is never past
         for (int i = 0; i < 2; ++i)
             m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
         for (int cell = 1; cell <= 35; ++cell) {
             QVERIFY(!m_program->Panel(cell).CaptionFont().strikeOut());
             QCOMPARE(m_program->Panel(cell).ForeColor(), 0u);
         }
         for (int i = 0; i < 9; ++i)
             m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("JANUARY 2000"));
+        QCOMPARE(m_program->Bottom().Caption(), u"JANUARY 2000"_s);
         QCOMPARE(m_program->CellOf(30), 1); // it starts on Saturday: two days wrap to the first row
         QCOMPARE(m_program->Panel(1).Tag, QString());
     }
@@ -60,7 +60,7 @@ private Q_SLOTS:
     {
         desktopclock::SetForTests(QDateTime(QDate(1998, 8, 31), QTime(9, 0)));
         m_program->Start();
-        QCOMPARE(m_program->Panel(2).Caption(), QStringLiteral(" 31"));
+        QCOMPARE(m_program->Panel(2).Caption(), u" 31"_s);
         QCOMPARE(m_program->Panel(2).ForeColor(), 0x0000FFu);
         QVERIFY(m_program->Panel(1).CaptionFont().strikeOut());
     }
@@ -76,7 +76,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuPrevMonth");
         QCOMPARE(m_program->Panel(19).ForeColor(), 0xFF0000u);
         QCOMPARE(m_program->Panel(19).CaptionFont().pointSize(), 11);
-        QCOMPARE(m_program->Panel(18).CaptionFont().family(), QStringLiteral("Courier New"));
+        QCOMPARE(m_program->Panel(18).CaptionFont().family(), u"Courier New"_s);
         QVERIFY(!m_program->Panel(17).CaptionFont().strikeOut());
     }
 
@@ -103,8 +103,8 @@ private Q_SLOTS:
     {
         SetIni("VIEW", "VIEWPREF", "2");
         m_program->Start();
-        QVERIFY(!m_program->form->findChild<SSPanel*>(QStringLiteral("panelDay(1)")));
-        QCOMPARE(m_program->Panel(36).Caption(), QStringLiteral(" 14"));
+        QVERIFY(!m_program->form->findChild<SSPanel*>(u"panelDay(1)"_s));
+        QCOMPARE(m_program->Panel(36).Caption(), u" 14"_s);
         QCOMPARE(m_program->Panel(39).ForeColor(), 0x0000FFu);
         QCOMPARE(m_program->Panel(39).CaptionFont().pointSize(), 12);
         QVERIFY(m_program->Panel(38).CaptionFont().strikeOut());
@@ -117,7 +117,7 @@ private Q_SLOTS:
         for (const char* view : {"1", "7"}) {
             SetIni("VIEW", "VIEWPREF", view);
             m_program->Start();
-            QCOMPARE(m_program->form->findChild<SSPanel*>(QStringLiteral("panelDay(1)")) != nullptr, *view == '7');
+            QCOMPARE(m_program->form->findChild<SSPanel*>(u"panelDay(1)"_s) != nullptr, *view == '7');
             QVERIFY(m_program->Find<SSPanel>("lblDayOfWeek(6)").isVisible());
         }
     }
@@ -136,12 +136,12 @@ private Q_SLOTS:
     void TheSpinPicturesMoveOnRelease()
     {
         m_program->Start();
-        auto* spin = m_program->form->findChild<PictureButton*>(QStringLiteral("imgRightSpin"));
+        auto* spin = m_program->form->findChild<PictureButton*>(u"imgRightSpin"_s);
         QTest::mousePress(spin, Qt::LeftButton);
         QVERIFY(spin->Visible(1) && !spin->Visible(0));
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
         QTest::mouseRelease(spin, Qt::LeftButton, {}, QPoint(-50, -50));
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
         QVERIFY(spin->Visible(0) && !spin->Visible(1));
     }
 };

@@ -22,7 +22,7 @@ private Q_SLOTS:
         QCOMPARE(Month(), QPoint(1998, 1));
         QTest::keyClick(m_program->form.get(), Qt::Key_F5);
         QCOMPARE(Month(), QPoint(1999, 3));
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
         QCOMPARE(m_program->Panel(18).ForeColor(), 0x0000FFu);
         QCOMPARE(m_program->Log(), QByteArray());
     }
@@ -30,7 +30,7 @@ private Q_SLOTS:
     void ViewsAreNotEnteredTwice()
     {
         SeenBox seen;
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         m_program->Click(20);
         QTest::keyClick(&m_program->Box(20), Qt::Key_W, Qt::ControlModifier); // with the caret in a cell
         QVERIFY(m_program->Panel(36).isVisible());
@@ -39,8 +39,8 @@ private Q_SLOTS:
         QVERIFY(!m_program->Entry("mnuWeekView").isEnabled() && !m_program->Entry("mnuDateSearch").isEnabled());
         AnswerNextBox(msgbox::Ok, &seen);
         QTest::mouseClick(&Picture("picWeek"), Qt::LeftButton);
-        QCOMPARE(seen.Text, QStringLiteral("You are currently in Week View"));
-        QCOMPARE(seen.Title, QStringLiteral("Week View"));
+        QCOMPARE(seen.Text, u"You are currently in Week View"_s);
+        QCOMPARE(seen.Title, u"Week View"_s);
         QCOMPARE(g_iCurrentPanel, std::int16_t{1});
         // That cell is none of this view: what is formatted is what is typed into.
         m_program->Activate();
@@ -55,19 +55,19 @@ private Q_SLOTS:
 
     void ALockedDayRefusesToBeLeft()
     {
-        m_program->New(QStringLiteral("notes.mdb"), true);
+        m_program->New(u"notes.mdb"_s, true);
         m_program->Click(20);
         Mark(22, true);
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuNextMonth");
         // It names the current cell, not the locked one.
-        QCOMPARE(seen.Text, QStringLiteral("Mar 19, 1999 is locked, please unlock first."));
+        QCOMPARE(seen.Text, u"Mar 19, 1999 is locked, please unlock first."_s);
         QCOMPARE(seen.Icon, QMessageBox::Warning);
         g_iCurrentPanel = 40; // as the pressed week's picture leaves it: none of this view
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(seen.Text, QStringLiteral("Mar 21, 1999 is locked, please unlock first."));
+        QCOMPARE(seen.Text, u"Mar 21, 1999 is locked, please unlock first."_s);
         Mark(22, false);
         Mark(40, true); // not loaded: nothing can be said
         m_program->Trigger("mnuNextMonth");
@@ -80,7 +80,7 @@ private Q_SLOTS:
 
     void TheSpinsTellWhereTheyLead()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         const auto tips = [&] {
             for (const char* name : {"imgLeftSpin", "imgRightSpin"}) {
                 QTest::mouseMove(&Picture(name), QPoint(8, 8));
@@ -88,11 +88,11 @@ private Q_SLOTS:
             }
             return Picture("imgLeftSpin").toolTip() + u'/' + Picture("imgRightSpin").toolTip();
         };
-        QCOMPARE(tips(), QStringLiteral("Previous Month/Next Month"));
+        QCOMPARE(tips(), u"Previous Month/Next Month"_s);
         m_program->Trigger("mnuWeekView");
-        QTRY_COMPARE(tips(), QStringLiteral("Previous Week/Next Week"));
+        QTRY_COMPARE(tips(), u"Previous Week/Next Week"_s);
         QTest::keyClick(&Picture("imgRightSpin"), Qt::Key_Space);
-        QCOMPARE(m_program->Panel(36).Caption(), QStringLiteral(" 21"));
+        QCOMPARE(m_program->Panel(36).Caption(), u" 21"_s);
     }
 
     void MidnightBringsBackToday()
@@ -101,11 +101,11 @@ private Q_SLOTS:
         desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(0, 0, 10)));
         m_program->Trigger("mnuNextMonth");
         tick();
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999")); // without a planner too
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("typed late"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // without a planner too
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"typed late"_s);
         m_program->Trigger("mnuNextMonth");
-        m_program->Type(20, QStringLiteral("in April"));
+        m_program->Type(20, u"in April"_s);
         desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(23, 59, 40)));
         tick();
         QCOMPARE(Month(), QPoint(1999, 4));
@@ -116,13 +116,13 @@ private Q_SLOTS:
         QCOMPARE(m_program->Panel(19).ForeColor(), 0x0000FFu);
         QVERIFY(m_program->Panel(18).CaptionFont().strikeOut());
         QVERIFY(!m_program->Box(20).hasFocus() && !m_program->Panel(20).IsActive()); // it has become another day
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("typed late"));
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/4/16")).contains("in April"));
-        m_program->Type(20, QStringLiteral("still "));
+        QCOMPARE(m_program->Box(20).Text(), u"typed late"_s);
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/4/16"_s).contains("in April"));
+        m_program->Type(20, u"still "_s);
         tick(); // twice in its minute: the second does not disturb the typing
-        QTest::keyClicks(&m_program->Box(20), QStringLiteral("here "));
+        QTest::keyClicks(&m_program->Box(20), u"here "_s);
         QVERIFY(m_program->Box(20).hasFocus());
-        QVERIFY(m_program->Box(20).Text().contains(QStringLiteral("still here ")));
+        QVERIFY(m_program->Box(20).Text().contains(u"still here "_s));
         // A machine that has slept over midnight; later in the same day nothing turns.
         desktopclock::SetForTests(QDateTime(QDate(1999, 4, 2), QTime(7, 30)));
         for (const int month : {4, 5}) {

@@ -4,7 +4,7 @@
 #include <QDate>
 
 namespace {
-const QString Planner = QStringLiteral("notes.mdb");
+const QString Planner = u"notes.mdb"_s;
 
 // The whole calendar as rows of seven captions, worked out from QDate alone: each month stands by itself, and what
 // does not belong to it is a memo, counted from its start.
@@ -24,8 +24,8 @@ QList<Row> RowsOf(int year, int month)
         Row row{year, month, {}};
         for (int day = start; day < start + 7; ++day) {
             if (day >= 0 && day < length) row.captions << QString::number(day + 1);
-            if (day < 0) row.captions << QStringLiteral("Memo%1").arg(leading + day + 1);
-            if (day >= length) row.captions << QStringLiteral("Memo%1").arg(leading + day - length + 1);
+            if (day < 0) row.captions << u"Memo%1"_s.arg(leading + day + 1);
+            if (day >= length) row.captions << u"Memo%1"_s.arg(leading + day - length + 1);
         }
         rows << row;
     }
@@ -62,9 +62,8 @@ private Q_SLOTS:
             QCOMPARE(Shown(), row.captions);
             QCOMPARE(QPoint(g_iYear, g_iMonth), QPoint(row.year, row.month));
         };
-        auto row = std::find_if(rows.cbegin(), rows.cend(), [](const Row& one) {
-            return one.month == 3 && one.captions.contains(QStringLiteral("17"));
-        });
+        auto row = std::find_if(rows.cbegin(), rows.cend(),
+                                [](const Row& one) { return one.month == 3 && one.captions.contains(u"17"_s); });
         m_program->Trigger("mnuWeekView");
         for (; row != rows.cbegin(); --row, m_program->Trigger("mnuPrevWeek"))
             check(*row);
@@ -75,7 +74,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuPrevWeek");
         check(rows.last());
         QCOMPARE(g_iDay, std::int16_t{31});
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("DECEMBER 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"DECEMBER 1999"_s);
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
@@ -87,37 +86,37 @@ private Q_SLOTS:
         g_iMonth = 2;
         g_iDay = 28;
         m_program->Entry("mnuViewSBVisible").trigger(); // lays out and draws the week of the selected day
-        QCOMPARE(m_program->Panel(38).Caption(), QStringLiteral("Memo3"));
+        QCOMPARE(m_program->Panel(38).Caption(), u"Memo3"_s);
     }
 
     void NotesFollowTheirDaysThroughBothViews()
     {
         m_program->New(Planner);
-        m_program->Type(18, QStringLiteral("choir"));
-        m_program->Type(1, QStringLiteral("leading memo"));
+        m_program->Type(18, u"choir"_s);
+        m_program->Type(1, u"leading memo"_s);
         m_program->Trigger("mnuWeekView");
         QVERIFY(!m_program->Box(18).isVisible());
-        QCOMPARE(m_program->Box(39).Text(), QStringLiteral("choir"));
-        m_program->Type(40, QStringLiteral("dentist"));
+        QCOMPARE(m_program->Box(39).Text(), u"choir"_s);
+        m_program->Type(40, u"dentist"_s);
         QCOMPARE(g_iDay, std::int16_t{17}); // a click in the week selects no day
         m_program->Trigger("mnuNextWeek");
         QCOMPARE(m_program->Box(39).Text(), QString());
-        m_program->Type(36, QStringLiteral("sunday"));
+        m_program->Type(36, u"sunday"_s);
         // A new size draws the week of the selected day again, with its own notes.
         m_program->form->resize(900, 650);
-        QTRY_COMPARE(m_program->Panel(36).Caption(), QStringLiteral(" 14"));
-        QCOMPARE(m_program->Box(39).Text(), QStringLiteral("choir"));
+        QTRY_COMPARE(m_program->Panel(36).Caption(), u" 14"_s);
+        QCOMPARE(m_program->Box(39).Text(), u"choir"_s);
         QCOMPARE(m_program->Box(36).Text(), QString());
         m_program->Trigger("mnuPrevWeek");
         m_program->Trigger("mnuPrevWeek");
-        QCOMPARE(m_program->Panel(36).Caption(), QStringLiteral("Memo1"));
-        QCOMPARE(m_program->Box(36).Text(), QStringLiteral("leading memo"));
+        QCOMPARE(m_program->Panel(36).Caption(), u"Memo1"_s);
+        QCOMPARE(m_program->Box(36).Text(), u"leading memo"_s);
         m_program->Trigger("mnuCurrentWeek");
-        QCOMPARE(m_program->Box(40).Text(), QStringLiteral("dentist"));
+        QCOMPARE(m_program->Box(40).Text(), u"dentist"_s);
         QCOMPARE(m_program->Box(36).Text(), QString());
         m_program->Trigger("mnuMonthView");
-        QCOMPARE(m_program->Box(19).Text(), QStringLiteral("dentist"));
-        QCOMPARE(m_program->Box(22).Text(), QStringLiteral("sunday"));
+        QCOMPARE(m_program->Box(19).Text(), u"dentist"_s);
+        QCOMPARE(m_program->Box(22).Text(), u"sunday"_s);
         QVERIFY(!m_program->Box(40).isVisible());
         QCOMPARE(m_program->Log(), QByteArray());
     }
@@ -134,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(!m_program->Panel(36).CaptionFont().strikeOut());
         for (int i = 0; i < 5; ++i)
             m_program->Trigger("mnuPrevWeek");
-        QCOMPARE(m_program->Panel(42).Caption(), QStringLiteral(" 27"));
+        QCOMPARE(m_program->Panel(42).Caption(), u" 27"_s);
         QVERIFY(m_program->Panel(42).CaptionFont().strikeOut());
     }
 };

@@ -12,7 +12,7 @@ class DayViewTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<Program> m_program;
-    const QString m_file = QStringLiteral("notes.mdb");
+    const QString m_file = u"notes.mdb"_s;
 
     static void InDayView(std::function<void(ZoomBoxForm&)> act) { OnNextModal<ZoomBoxForm>(std::move(act)); }
 
@@ -23,10 +23,7 @@ class DayViewTest : public QObject
 
     static QString Heading(const ZoomBoxForm& form) { return In<QGroupBox>(form, "frZoom").title(); }
 
-    bool ScratchExists() const
-    {
-        return QFile::exists(folders::ApplicationDirectory() + QStringLiteral("/dayview.rtf"));
-    }
+    bool ScratchExists() const { return QFile::exists(folders::ApplicationDirectory() + u"/dayview.rtf"_s); }
 
     QByteArray StoredAfterSave(const QString& key)
     {
@@ -41,15 +38,15 @@ private Q_SLOTS:
     void okTakesTheTextOver()
     {
         m_program->New(m_file);
-        m_program->Type(18, QStringLiteral("tea"));
+        m_program->Type(18, u"tea"_s);
         InDayView([&](ZoomBoxForm& form) {
-            QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH 17, 1999"));
+            QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 17, 1999"_s);
             QCOMPARE(form.size(), QSize(411, 311)); // until it was closed at another size
             QVERIFY(ScratchExists());
             QVERIFY(m_program->Find<PictureButton>("picDay").Visible(1));
             form.move(60, 50);
             form.resize(500, 400);
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("green "));
+            QTest::keyClicks(&form.tbZoom(), u"green "_s);
             Select(form.tbZoom(), 0, 5);
             Activate(form);
             QTest::keyClick(&form.tbZoom(), Qt::Key_B, Qt::ControlModifier);
@@ -57,14 +54,14 @@ private Q_SLOTS:
         });
         QTest::keyClick(&m_program->Box(18), Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("green tea"));
+        QCOMPARE(m_program->Box(18).Text(), u"green tea"_s);
         QVERIFY(!ScratchExists());
-        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("green"));
+        QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("green"));
         Select(m_program->Box(18), 0, 5);
         QCOMPARE(m_program->Box(18).SelBold(), true);
-        QCOMPARE(Ini("Zoombox", "Left"), QStringLiteral("900"));
-        QCOMPARE(Ini("Zoombox", "Width"), QStringLiteral("7500"));
-        QCOMPARE(Ini("Zoombox", "Height"), QStringLiteral("6000"));
+        QCOMPARE(Ini("Zoombox", "Left"), u"900"_s);
+        QCOMPARE(Ini("Zoombox", "Width"), u"7500"_s);
+        QCOMPARE(Ini("Zoombox", "Height"), u"6000"_s);
     }
 
     void waysOutWithoutTheText_data()
@@ -77,10 +74,10 @@ private Q_SLOTS:
     {
         QFETCH(bool, cancels);
         m_program->New(m_file);
-        m_program->Type(18, QStringLiteral("kept"));
+        m_program->Type(18, u"kept"_s);
         InDayView([cancels](ZoomBoxForm& form) {
             form.move(60, 50);
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("never "));
+            QTest::keyClicks(&form.tbZoom(), u"never "_s);
             if (cancels)
                 Press(form, "btnCancel");
             else
@@ -89,15 +86,15 @@ private Q_SLOTS:
         Q_EMIT m_program->Panel(18).DblClick();
         QCOMPARE(WaitingAnswers(), 0);
         RichTextBox& box = m_program->Box(18);
-        QCOMPARE(m_program->Bottom().Caption().contains(QStringLiteral("Ctrl+Z")), !cancels);
-        QCOMPARE(box.Text(), QStringLiteral("kept"));
+        QCOMPARE(m_program->Bottom().Caption().contains(u"Ctrl+Z"_s), !cancels);
+        QCOMPARE(box.Text(), u"kept"_s);
         for (const char* undone : {"never kept", "kept"}) {
             if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
             if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
-            QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999")); // the offer is over
+            QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // the offer is over
         }
-        QCOMPARE(Ini("Zoombox", "Left"), QStringLiteral("none"));
-        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).contains("kept"));
+        QCOMPARE(Ini("Zoombox", "Left"), u"none"_s);
+        QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("kept"));
     }
 
     // Whoever closes a window by its title expects what was written to be there.
@@ -106,12 +103,12 @@ private Q_SLOTS:
         m_program->New(m_file);
         m_program->Click(33);
         InDayView([](ZoomBoxForm& form) {
-            QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH Memo"));
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("roses"));
+            QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH Memo"_s);
+            QTest::keyClicks(&form.tbZoom(), u"roses"_s);
             form.close();
         });
         m_program->Trigger("mnuDayView");
-        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/Memo2")).contains("roses"));
+        QVERIFY(StoredAfterSave(u"1999/3/Memo2"_s).contains("roses"));
     }
 
     // The four styles of the initial font are the cell's alone.
@@ -123,12 +120,11 @@ private Q_SLOTS:
         m_program->Click(20);
         QCOMPARE(m_program->Box(20).SelBold(), true);
         InDayView([](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("x"));
+            QTest::keyClicks(&form.tbZoom(), u"x"_s);
             Select(form.tbZoom(), 0, 1);
             QCOMPARE(form.tbZoom().SelBold(), false);
             QCOMPARE(form.tbZoom().SelFontSize(), 15.0);
-            AnswerFontDialog(
-                [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(QStringLiteral("Liberation Serif"), 22)); });
+            AnswerFontDialog([](QFontDialog& fonts) { fonts.setCurrentFont(QFont(u"Liberation Serif"_s, 22)); });
             Press(form, "btnFonts");
             QCOMPARE(form.tbZoom().SelFontSize(), 22.0);
             Press(form, "btnOk");
@@ -142,18 +138,18 @@ private Q_SLOTS:
     {
         m_program->New(m_file);
         m_program->Trigger("mnuPrevMonth");
-        m_program->Type(18, QStringLiteral("february"));
+        m_program->Type(18, u"february"_s);
         InDayView([&](ZoomBoxForm& form) {
             desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
             m_program->Tick("tmMidnightRefresh");
-            QTRY_COMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("late "));
+            QTRY_COMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
+            QTest::keyClicks(&form.tbZoom(), u"late "_s);
             Press(form, "btnOk");
         });
         m_program->Trigger("mnuDayView");
         QCOMPARE(m_program->Box(18).Text(), QString());
-        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/2/17")).contains("late "));
-        QVERIFY(StoredAfterSave(QStringLiteral("1999/3/17")).isNull());
+        QVERIFY(m_program->Stored(m_file, u"1999/2/17"_s).contains("late "));
+        QVERIFY(StoredAfterSave(u"1999/3/17"_s).isNull());
     }
 
     // A day whose note could not be read takes no text in its cell, and none by way of the day view.
@@ -161,12 +157,12 @@ private Q_SLOTS:
     {
         const FailingStores failing;
         m_program->New(m_file);
-        *failing.plan = {1, FailurePlan::ForEver, {3043, QStringLiteral("A bad disk")}, QStringLiteral("Find")};
+        *failing.plan = {1, FailurePlan::ForEver, {3043, u"A bad disk"_s}, u"Find"_s};
         m_program->Trigger("mnuSave");
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         Q_EMIT m_program->Panel(18).DblClick();
-        QCOMPARE(seen.Text, QStringLiteral("This day cannot be opened, since its note could not be read."));
+        QCOMPARE(seen.Text, u"This day cannot be opened, since its note could not be read."_s);
     }
 
     // By a signal or the session's end; a person cannot close the main window behind it.
@@ -175,12 +171,12 @@ private Q_SLOTS:
         m_program->New(m_file);
         m_program->Click(18);
         InDayView([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("unfinished"));
+            QTest::keyClicks(&form.tbZoom(), u"unfinished"_s);
             m_program->form->subExitProgram(Mainform::SessionEnds);
             form.reject();
         });
         m_program->Trigger("mnuDayView");
-        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("unfinished"));
+        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("unfinished"));
         QVERIFY(!ScratchExists());
     }
 
@@ -188,7 +184,7 @@ private Q_SLOTS:
     void theOpenedDayIsTheCurrentOne()
     {
         m_program->New(m_file);
-        m_program->Type(18, QStringLiteral("caret"));
+        m_program->Type(18, u"caret"_s);
         InDayView([](ZoomBoxForm& form) { Press(form, "btnCancel"); });
         Q_EMIT m_program->Panel(20).DblClick();
         QCOMPARE(m_program->form->focusWidget(), &m_program->Box(20));
@@ -197,7 +193,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuNextWeek");
         m_program->Find<QWidget>("tabSidebar").setFocus();
         InDayView([](ZoomBoxForm& form) {
-            QCOMPARE(Heading(form), QStringLiteral("Zoom View/Edit For MARCH 21, 1999")); // the first that is shown
+            QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 21, 1999"_s); // the first that is shown
             Press(form, "btnCancel");
         });
         m_program->Trigger("mnuDayView");
@@ -206,18 +202,18 @@ private Q_SLOTS:
 
     void aWorkgroupsDayIsLockedMeanwhile()
     {
-        const QString team = QStringLiteral("team.mdb");
-        const QString key = QStringLiteral("1999/3/17");
+        const QString team = u"team.mdb"_s;
+        const QString key = u"1999/3/17"_s;
         m_program->New(team, true);
         m_program->Click(18);
-        Recordset other = DBEngine::OpenDatabase(m_program->folders.Path(team)).OpenTable(QStringLiteral("QMT Table"));
-        other.SetIndex(QStringLiteral("qmtPrimaryKey"));
-        const auto* const lock = m_program->form->findChild<PictureButton*>(QStringLiteral("picLock"));
+        Recordset other = DBEngine::OpenDatabase(m_program->folders.Path(team)).OpenTable(u"QMT Table"_s);
+        other.SetIndex(u"qmtPrimaryKey"_s);
+        const auto* const lock = m_program->form->findChild<PictureButton*>(u"picLock"_s);
         const auto type = [&](const char* button, const QString& text) {
             InDayView([&, button, text](ZoomBoxForm& form) {
                 QVERIFY(lock->Visible(1) && !lock->Visible(0));
-                other.Seek(QStringLiteral("="), key);
-                QCOMPARE(other.Fields(QStringLiteral("qmtPadding")).toString().size(), 1005);
+                other.Seek(u"="_s, key);
+                QCOMPARE(other.Fields(u"qmtPadding"_s).toString().size(), 1005);
                 QVERIFY_THROWS_EXCEPTION(RunTimeError, other.Edit());
                 QTest::keyClicks(&form.tbZoom(), text);
                 Press(form, button);
@@ -225,16 +221,16 @@ private Q_SLOTS:
             m_program->Trigger("mnuDayView");
             QVERIFY(lock->Visible(0) && !lock->Visible(1));
         };
-        type("btnOk", QStringLiteral("agreed"));
+        type("btnOk", u"agreed"_s);
         QVERIFY(m_program->Stored(team, key).contains("agreed"));
-        type("btnCancel", QStringLiteral("never "));
+        type("btnCancel", u"never "_s);
         QVERIFY(!m_program->Stored(team, key).contains("never"));
-        other.Seek(QStringLiteral("="), key);
+        other.Seek(u"="_s, key);
         other.Edit(); // now the other has it
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuDayView");
-        QVERIFY(seen.Text.contains(QStringLiteral("currently locked by")));
+        QVERIFY(seen.Text.contains(u"currently locked by"_s));
         QVERIFY(lock->Visible(0));
         other.CancelUpdate();
     }

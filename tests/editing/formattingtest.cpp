@@ -50,7 +50,7 @@ class FormattingTest : public QObject
                         auto* const fonts = window->findChild<QFontDialog*>();
                         auto* const size = fonts->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(2);
                         size->selectAll();
-                        QTest::keyClicks(size, QStringLiteral("22"));
+                        QTest::keyClicks(size, u"22"_s);
                         QTest::keyClick(size, Qt::Key_Return);
                     });
     }
@@ -59,7 +59,7 @@ private Q_SLOTS:
     void init()
     {
         m_program = Program::Started();
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
     }
     void cleanup() { m_program.reset(); }
 
@@ -84,7 +84,7 @@ private Q_SLOTS:
                    : key == u"underline" ? box.SelUnderline()
                                          : box.SelStrikeThru();
         };
-        RichTextBox& box = Write(QStringLiteral("half and half"));
+        RichTextBox& box = Write(u"half and half"_s);
         ToolbarButton& button = Button(key.toLatin1());
         Select(box, 0, 4);
         m_program->Trigger(entry.toLatin1());
@@ -103,22 +103,22 @@ private Q_SLOTS:
 
     void combosActOnTheSelectionAndFollowIt()
     {
-        RichTextBox& box = Write(QStringLiteral("one two three"));
+        RichTextBox& box = Write(u"one two three"_s);
         Select(box, 0, 3);
-        Choose("orlcmbFontsize", QStringLiteral("14"));
-        Choose("orlcmbFontcolor", QStringLiteral("Fuschia"));
+        Choose("orlcmbFontsize", u"14"_s);
+        Choose("orlcmbFontcolor", u"Fuschia"_s);
         QCOMPARE(box.SelFontSize(), 14.0);
         QCOMPARE(box.SelColor(), 0xFF00FFu);
         Select(box, 4, 3);
-        QCOMPARE(Combo("orlcmbFontsize").Text(), QStringLiteral("8"));
-        QCOMPARE(Combo("orlcmbFontcolor").Text(), QStringLiteral("Black"));
+        QCOMPARE(Combo("orlcmbFontsize").Text(), u"8"_s);
+        QCOMPARE(Combo("orlcmbFontcolor").Text(), u"Black"_s);
         Select(box, 0, 7); // two colours leave the colour blank, two sizes leave the size as it was
         QCOMPARE(Combo("orlcmbFontcolor").ListIndex(), ORLCombo::BlankColor);
-        QCOMPARE(Combo("orlcmbFontsize").Text(), QStringLiteral("8"));
+        QCOMPARE(Combo("orlcmbFontsize").Text(), u"8"_s);
         Select(box, 0, 3);
         box.SetSelColor(0x123456);
         Select(box, 0, 2); // a colour that has no name leaves what the box showed
-        QCOMPARE(Combo("orlcmbFontcolor").Text(), QStringLiteral("Fuschia"));
+        QCOMPARE(Combo("orlcmbFontcolor").Text(), u"Fuschia"_s);
         Combo("orlcmbFontcolor").setFocus();
         QTest::keyClick(&Combo("orlcmbFontcolor"), Qt::Key_End); // the blank entry changes nothing
         QCOMPARE(box.SelColor(), 0x123456u);
@@ -129,7 +129,7 @@ private Q_SLOTS:
 
     void aNoteThatIsLeftShowsItsBeginning()
     {
-        RichTextBox& box = Write(QStringLiteral("end"));
+        RichTextBox& box = Write(u"end"_s);
         Select(box, 0, 0);
         box.insertPlainText(QString(40, u'\n'));
         Select(box, 40, 3);
@@ -144,7 +144,7 @@ private Q_SLOTS:
 
     void paragraphsAreJustified()
     {
-        RichTextBox& box = Write(QStringLiteral("a line"));
+        RichTextBox& box = Write(u"a line"_s);
         for (const auto& [entry, alignment] :
              {std::pair("mnuCenterJustify", 2), std::pair("mnuRightJustify", 1), std::pair("mnuLeftJustify", 0)}) {
             m_program->Trigger(entry);
@@ -155,11 +155,11 @@ private Q_SLOTS:
     // Name and size are the whole note's, colour and styles the selection's.
     void theFontDialogChangesTheNote()
     {
-        RichTextBox& box = Write(QStringLiteral("plain and more"));
+        RichTextBox& box = Write(u"plain and more"_s);
         Select(box, 0, 5);
         AnswerFontDialog([](QFontDialog& fonts) {
             QCOMPARE(fonts.currentFont().pointSize(), 8);
-            QFont font(QStringLiteral("Liberation Serif"), 12);
+            QFont font(u"Liberation Serif"_s, 12);
             font.setUnderline(true);
             fonts.setCurrentFont(font);
         });
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(box.SelLength(), 5); // and not the whole note
         QVERIFY(*box.SelUnderline() && Button("underline").Value() == 1 && Button("bold").Value() == 0);
         Select(box, 8, 4);
-        QCOMPARE(box.SelFontName(), QStringLiteral("Liberation Serif"));
+        QCOMPARE(box.SelFontName(), u"Liberation Serif"_s);
         QCOMPARE(box.SelFontSize(), 12.0);
         QVERIFY(!*box.SelUnderline());
     }
@@ -176,17 +176,17 @@ private Q_SLOTS:
     // A cancelled dialog gives back what it was filled with, and that is applied.
     void cancelEvensAMixedSelectionOut()
     {
-        RichTextBox& box = Write(QStringLiteral("onetwo"));
+        RichTextBox& box = Write(u"onetwo"_s);
         Select(box, 0, 3);
         box.SetSelBold(true);
         box.SetSelUnderline(true);
-        box.SetSelFontName(QStringLiteral("Liberation Serif"));
+        box.SetSelFontName(u"Liberation Serif"_s);
         box.SetSelColor(0xFF0000);
         Select(box, 0, 6);
         AnswerFontDialog(nullptr);
         m_program->Trigger("mnuColorSizeFonts");
         QCOMPARE(box.SelBold(), false);
-        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+        QCOMPARE(box.SelFontName(), u"Arial"_s);
         QCOMPARE(box.SelFontSize(), 8.0);
         QCOMPARE(box.SelColor(), 0u); // a mixed underline opens the dialog in black
         Select(box, 0, 3);
@@ -208,7 +208,7 @@ private Q_SLOTS:
     // Return is the dialog's Ok wherever the caret stands, and takes back as one step.
     void theFontDialogIsOneStepOfUndo()
     {
-        RichTextBox& box = Write(QStringLiteral("one step"));
+        RichTextBox& box = Write(u"one step"_s);
         Select(box, 0, 8);
         AnswerNextFontDialogByKeys();
         m_program->Trigger("mnuColorSizeFonts");
@@ -217,29 +217,29 @@ private Q_SLOTS:
         box.undo();
         Select(box, 0, 8);
         QCOMPARE(box.SelFontSize(), 8.0);
-        QCOMPARE(box.Text(), QStringLiteral("one step"));
+        QCOMPARE(box.Text(), u"one step"_s);
     }
 
     // Also the one that is only stood in for, and under its own name.
     void theFontDialogOffersTheFontsOfTheBar()
     {
-        RichTextBox& box = Write(QStringLiteral("x"));
-        box.SetFontName(QStringLiteral("Liberation Serif"));
+        RichTextBox& box = Write(u"x"_s);
+        box.SetFontName(u"Liberation Serif"_s);
         AnswerFontDialog([](QFontDialog& fonts) {
             auto& list = *fonts.findChild<FamilyList*>();
             const QStringList names = static_cast<QStringListModel*>(list.model())->stringList();
             QCOMPARE(names, FontFamilies());
-            QCOMPARE(list.Name(), QStringLiteral("Liberation Serif"));
-            list.setCurrentIndex(list.model()->index(int(names.indexOf(QStringLiteral("Arial"))), 0));
+            QCOMPARE(list.Name(), u"Liberation Serif"_s);
+            list.setCurrentIndex(list.model()->index(int(names.indexOf(u"Arial"_s)), 0));
         });
         m_program->Trigger("mnuColorSizeFonts");
-        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+        QCOMPARE(box.SelFontName(), u"Arial"_s);
     }
 
     // In a mixed selection the dialog begins with some value; choosing just that one is a choice too.
     void theValueThatIsShownCanBeChosen()
     {
-        RichTextBox& box = Write(QStringLiteral("onetwo"));
+        RichTextBox& box = Write(u"onetwo"_s);
         Select(box, 0, 3);
         box.SetSelFontSize(20);
         Select(box, 0, 6);
@@ -256,42 +256,42 @@ private Q_SLOTS:
 
     void anEmptiedNoteTakesTheInitialFont()
     {
-        m_program->Type(18, QStringLiteral("x"));
+        m_program->Type(18, u"x"_s);
         RichTextBox& box = m_program->Box(18);
         box.SetTextRTF("{\\rtf1{\\fonttbl{\\f0 Courier;}}\\f0\\fs40 loud}");
         m_program->Click(20);
         m_program->Click(18);
         box.selectAll();
         QTest::keyClick(&box, Qt::Key_Delete);
-        QTest::keyClicks(&box, QStringLiteral("quiet"));
+        QTest::keyClicks(&box, u"quiet"_s);
         Select(box, 0, 5);
-        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+        QCOMPARE(box.SelFontName(), u"Arial"_s);
         QCOMPARE(box.SelFontSize(), 8.0);
     }
 
     void clipboardCommandsReachTheCell()
     {
-        RichTextBox& box = Write(QStringLiteral("carry this"));
+        RichTextBox& box = Write(u"carry this"_s);
         Select(box, 0, 6);
         box.SetSelBold(true);
         m_program->Trigger("mnuCut");
-        QTRY_COMPARE(box.Text(), QStringLiteral("this"));
+        QTRY_COMPARE(box.Text(), u"this"_s);
         m_program->Click(20);
         QTest::mouseClick(&Button("paste"), Qt::LeftButton);
-        QTRY_COMPARE(m_program->Box(20).Text(), QStringLiteral("carry "));
+        QTRY_COMPARE(m_program->Box(20).Text(), u"carry "_s);
         m_program->Trigger("mnuPasteR");
-        QTRY_COMPARE(m_program->Box(20).Text(), QStringLiteral("carry carry "));
+        QTRY_COMPARE(m_program->Box(20).Text(), u"carry carry "_s);
         Select(m_program->Box(20), 0, 12);
         QCOMPARE(m_program->Box(20).SelBold(), true);
         Select(m_program->Box(20), 6, 5);
         QTest::mouseClick(&Button("copy"), Qt::LeftButton);
-        QTRY_COMPARE(QApplication::clipboard()->text(), QStringLiteral("carry"));
+        QTRY_COMPARE(QApplication::clipboard()->text(), u"carry"_s);
     }
 
     // In a workgroup's planner nothing may change before the day is locked; copying and justifying may go on.
     void theGuardOfAWorkgroup()
     {
-        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->New(u"team.mdb"_s, true);
         m_program->Click(18);
         RichTextBox& box = m_program->Box(18);
         SeenBox seen;
@@ -299,15 +299,15 @@ private Q_SLOTS:
             AnswerNextBox(msgbox::Ok, &seen);
             m_program->Trigger(entry);
             QCOMPARE(WaitingAnswers(), 0);
-            QCOMPARE(seen.Text, QStringLiteral("Please lock the desired day before attempting to apply font attributes "
-                                               "to current cell"));
+            QCOMPARE(seen.Text, u"Please lock the desired day before attempting to apply font attributes "
+                                "to current cell"_s);
             QCOMPARE(seen.Icon, QMessageBox::Information);
         }
         m_program->Trigger("mnuCopy");
         m_program->Trigger("mnuCenterJustify");
         QCOMPARE(box.SelAlignment(), 2);
         AnswerNextBox(msgbox::Ok, &seen);
-        Choose("orlcmbFontsize", QStringLiteral("6")); // the message, and the value all the same
+        Choose("orlcmbFontsize", u"6"_s); // the message, and the value all the same
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(box.SelFontSize(), 6.0);
     }

@@ -6,7 +6,7 @@
 
 namespace {
 constexpr QChar Picture = QChar::ObjectReplacementCharacter;
-const QString File = QStringLiteral("notes.mdb");
+const QString File = u"notes.mdb"_s;
 
 void MakeIcon(const QString& path, QColor color)
 {
@@ -26,7 +26,7 @@ class PictureBarTest : public QObject
 
     PictureStrip& Strip() { return m_program->Find<PictureStrip>("tbPictureBox"); }
     QString Content() { return Strip().toPlainText(); }
-    QDir Icons() { return QDir(folders::ApplicationDirectory() + QStringLiteral("/icons")); }
+    QDir Icons() { return QDir(folders::ApplicationDirectory() + u"/icons"_s); }
     void ShowPictures() { m_program->form->findChild<QTabBar*>()->setCurrentIndex(1); }
     void Reload() { QTest::keyClick(&m_program->Find<QPushButton>("btnReloadIcons"), Qt::Key_Return); }
 
@@ -44,10 +44,10 @@ private Q_SLOTS:
     void init()
     {
         m_program = std::make_unique<Program>();
-        const QString shipped = m_program->folders.Path(QStringLiteral("shipped/icons"));
+        const QString shipped = m_program->folders.Path(u"shipped/icons"_s);
         QVERIFY(QDir().mkpath(shipped));
-        MakeIcon(shipped + QStringLiteral("/b-red.ico"), Qt::red);
-        MakeIcon(shipped + QStringLiteral("/A-blue.ico"), Qt::blue);
+        MakeIcon(shipped + u"/b-red.ico"_s, Qt::red);
+        MakeIcon(shipped + u"/A-blue.ico"_s, Qt::blue);
         m_program->Start();
     }
     void cleanup() { m_program.reset(); }
@@ -75,20 +75,20 @@ private Q_SLOTS:
     {
         QCOMPARE(Content(), QString()); // nobody has looked yet
         ShowPictures();
-        QCOMPARE(Content(), Picture + QStringLiteral("   ") + Picture + QStringLiteral("   "));
+        QCOMPARE(Content(), Picture + u"   "_s + Picture + u"   "_s);
         const QRect first = Strip().cursorRect(QTextCursor(Strip().document()));
         QCOMPARE(Strip().viewport()->grab().toImage().pixelColor(first.center() + QPoint(16, 0)), QColor(Qt::blue));
         // The folder is the person's from now on.
-        QVERIFY(Icons().remove(QStringLiteral("A-blue.ico")));
+        QVERIFY(Icons().remove(u"A-blue.ico"_s));
         Reload();
-        QCOMPARE(Content(), Picture + QStringLiteral("   "));
+        QCOMPARE(Content(), Picture + u"   "_s);
     }
 
     void aDamagedIconEndsTheStrip()
     {
         ShowPictures();
-        MakeIcon(Icons().filePath(QStringLiteral("d-green.ico")), Qt::green);
-        SetContent(Icons().filePath(QStringLiteral("c-damaged.ico")), "no icon at all");
+        MakeIcon(Icons().filePath(u"d-green.ico"_s), Qt::green);
+        SetContent(Icons().filePath(u"c-damaged.ico"_s), "no icon at all");
         Reload();
         QCOMPARE(Content().count(Picture), 2);
         QVERIFY(m_program->Log().contains(":Invalid picture in MainForm, subLoadIcons"));
@@ -97,27 +97,27 @@ private Q_SLOTS:
     void iconsAreDroppedOntoTheStrip()
     {
         ShowPictures();
-        MakeIcon(m_program->folders.Path(QStringLiteral("new.ICO")), Qt::green);
-        MakeIcon(m_program->folders.Path(QStringLiteral("b-red.ico")), Qt::green);
+        MakeIcon(m_program->folders.Path(u"new.ICO"_s), Qt::green);
+        MakeIcon(m_program->folders.Path(u"b-red.ico"_s), Qt::green);
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
-        DropFiles({m_program->folders.Path(QStringLiteral("song.mid"))});
-        QCOMPARE(seen.Text, QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
+        DropFiles({m_program->folders.Path(u"song.mid"_s)});
+        QCOMPARE(seen.Text, u"Incorrect File Format!\nPlease select Icon(*.ico) files only."_s);
         QCOMPARE(seen.Icon, QMessageBox::Warning);
         AnswerNextBox(msgbox::Ok, &seen);
-        DropFiles({m_program->folders.Path(QStringLiteral("b-red.ico"))});
-        QCOMPARE(seen.Text, QStringLiteral("File Exists!\nPlease select another Icon(*.ico) file."));
-        DropFiles({m_program->folders.Path(QStringLiteral("new.ICO")), QStringLiteral("/nowhere/second.ico")});
+        DropFiles({m_program->folders.Path(u"b-red.ico"_s)});
+        QCOMPARE(seen.Text, u"File Exists!\nPlease select another Icon(*.ico) file."_s);
+        DropFiles({m_program->folders.Path(u"new.ICO"_s), u"/nowhere/second.ico"_s});
         QCOMPARE(Content().count(Picture), 2); // until it is loaded again
         Reload();
         QCOMPARE(Content().count(Picture), 3);
-        const QString damaged = m_program->folders.Path(QStringLiteral("damaged.ico"));
+        const QString damaged = m_program->folders.Path(u"damaged.ico"_s);
         SetContent(damaged, "no icon at all");
         AnswerNextBox(msgbox::Ok, &seen);
         DropFiles({damaged});
-        QCOMPARE(seen.Text, QStringLiteral("Incorrect File Format!\nPlease select Icon(*.ico) files only."));
-        DropFiles({QStringLiteral("/nowhere/third.ico")});
-        QVERIFY(!Icons().exists(QStringLiteral("third.ico")));
+        QCOMPARE(seen.Text, u"Incorrect File Format!\nPlease select Icon(*.ico) files only."_s);
+        DropFiles({u"/nowhere/third.ico"_s});
+        QVERIFY(!Icons().exists(u"third.ico"_s));
         QVERIFY(m_program->Log().contains(":Path/File access error in MainForm, tbPictureBox_OLEDragDrop"));
     }
 
@@ -132,7 +132,7 @@ private Q_SLOTS:
             SeenBox seen;
             AnswerNextBox(msgbox::Ok, &seen);
             Q_EMIT Strip().OLEStartDrag(data, cursor);
-            QCOMPARE(seen.Text, QStringLiteral("Please select one picture at a time."));
+            QCOMPARE(seen.Text, u"Please select one picture at a time."_s);
             QVERIFY(data.formats().isEmpty());
         }
         QTest::mouseClick(Strip().viewport(), Qt::LeftButton, {}, QPoint(10, 10)); // selects what is under it
@@ -141,9 +141,9 @@ private Q_SLOTS:
         QPixmap cursor;
         Q_EMIT Strip().OLEStartDrag(data, cursor);
         QCOMPARE(cursor.size(), QSize(32, 32));
-        m_program->Type(18, QStringLiteral("tea"));
+        m_program->Type(18, u"tea"_s);
         Drop(m_program->Box(18), data, QPoint(100, 8));
-        QCOMPARE(m_program->Box(18).toPlainText(), QStringLiteral("tea") + Picture + u' ');
+        QCOMPARE(m_program->Box(18).toPlainText(), u"tea"_s + Picture + u' ');
         Drop(m_program->Box(20), data);
         m_program->Trigger("mnuSave");
         for (const char* day : {"1999/3/17", "1999/3/19"}) {
@@ -154,7 +154,7 @@ private Q_SLOTS:
 
     void oldPicturesGetTheHeaderOfAnIcon()
     {
-        const QString path = folders::ApplicationDirectory() + QStringLiteral("/pictures.orl");
+        const QString path = folders::ApplicationDirectory() + u"/pictures.orl"_s;
         SetContent(path, "{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw10 0100\r\n0900\r\n}}");
         subFixPictures();
         QCOMPARE(::Content(path), QByteArray("{\\rtf1 text\r\none {\\pict\\wmetafile8\\picw846\\pich846\\picwgoal479"

@@ -25,7 +25,7 @@ void AddRow(Recordset records, const TableDef& table, int number)
     records.AddNew();
     for (const Field& field : table.Fields)
         if (field.Type == dbText || field.Type == dbMemo) {
-            const QString text = QStringLiteral("%1%2").arg(field.Name.at(0)).arg(number);
+            const QString text = u"%1%2"_s.arg(field.Name.at(0)).arg(number);
             records.SetField(field.Name, field.Type == dbMemo ? QVariant(text.toLatin1()) : QVariant(text));
         }
     records.Update();
@@ -52,7 +52,7 @@ void MakePlanner(const QString& path)
     WriteTransaction all(planner);
     Recordset notes = schema::OpenNotes(planner);
     for (int day = 1; day < 2 * OldNotes; day += 2) // every other one
-        Write(notes, QStringLiteral("1999/3/%1").arg(day), OldNote(day));
+        Write(notes, u"1999/3/%1"_s.arg(day), OldNote(day));
     for (int row = 0; row < OldRows; ++row) {
         AddRow(schema::OpenAlarms(planner), schema::AlarmsTable(), row);
         AddRow(schema::OpenRecursions(planner), schema::RecursionsTable(), row);
@@ -62,14 +62,12 @@ void MakePlanner(const QString& path)
 
 void SetInLook(const char* key, const char* value)
 {
-    WritePrivateProfileStringA(QStringLiteral("Days"), QString::fromLatin1(key), QString::fromLatin1(value),
-                               QStringLiteral("PLANNER.INI"));
+    WritePrivateProfileStringA(u"Days"_s, QString::fromLatin1(key), QString::fromLatin1(value), u"PLANNER.INI"_s);
 }
 
 QString InLook(const char* key)
 {
-    return GetPrivateProfileStringA(QStringLiteral("Days"), QString::fromLatin1(key), {}, 20,
-                                    QStringLiteral("PLANNER.INI"));
+    return GetPrivateProfileStringA(u"Days"_s, QString::fromLatin1(key), {}, 20, u"PLANNER.INI"_s);
 }
 
 // All that a scene finds, by its place; made once.
@@ -103,7 +101,7 @@ void SpoilIndex(const QString& planner)
 
 QString JournalFolder()
 {
-    return folders::ApplicationDirectory() + QStringLiteral("/journal");
+    return folders::ApplicationDirectory() + u"/journal"_s;
 }
 
 // As a run left it that was killed.
@@ -113,12 +111,12 @@ void LeaveJournal(const QString& planner)
     notes.Keep(planner, Third, {"{\\rtf1 " + QByteArray(TypedOnThird) + "old note 3}", OldNote(3), {}});
     notes.Keep(planner, Fourth, {"{\\rtf1 " + QByteArray(TypedOnFourth) + "}", QByteArray(), {}});
     QDir().mkpath(JournalFolder());
-    SetContent(JournalFolder() + QStringLiteral("/1.notes"), journalfile::Encode(notes));
+    SetContent(JournalFolder() + u"/1.notes"_s, journalfile::Encode(notes));
 }
 
 bool IsInJournal(const QString& planner, const QString& key, const QByteArray& text)
 {
-    for (const QFileInfo& file : QDir(JournalFolder()).entryInfoList({QStringLiteral("*.notes")})) {
+    for (const QFileInfo& file : QDir(JournalFolder()).entryInfoList({u"*.notes"_s})) {
         const auto notes = journalfile::Decode(Content(file.filePath()));
         const auto note = notes ? notes->Find(planner, key) : std::nullopt;
         if (note && note->rtf.contains(text)) return true;
@@ -128,7 +126,7 @@ bool IsInJournal(const QString& planner, const QString& key, const QByteArray& t
 
 bool IsInAFile(const QString& key, const QByteArray& text)
 {
-    const QString name = QStringLiteral("planner %1*.rtf").arg(QString(key).replace(u'/', u'-'));
+    const QString name = u"planner %1*.rtf"_s.arg(QString(key).replace(u'/', u'-'));
     for (const QFileInfo& file : QDir(RescueFolder()).entryInfoList({name}))
         if (Content(file.filePath()).contains(text)) return true;
     return false;
@@ -168,7 +166,7 @@ void Left::ReadPlanner()
 {
     Database planner = DBEngine::OpenDatabase(Path(Planner), true);
     for (Recordset all = schema::OpenNotes(planner); !all.EOF_(); all.MoveNext())
-        m_notes[all.Fields(QStringLiteral("qmtDate")).toString()] = all.Fields(QStringLiteral("qmtText")).toByteArray();
+        m_notes[all.Fields(u"qmtDate"_s).toString()] = all.Fields(u"qmtText"_s).toByteArray();
     m_alarms = RowsOf(schema::OpenAlarms(planner), schema::AlarmsTable());
     m_events = RowsOf(schema::OpenRecursions(planner), schema::RecursionsTable());
 }
@@ -178,14 +176,14 @@ void Left::CheckPlanner()
     QString said;
     QVERIFY2(ErrorOf([&] { ReadPlanner(); }, &said) == 0, qPrintable(said));
     for (int day = 1; day < 2 * OldNotes; day += 2) {
-        QByteArray note = m_notes.value(QStringLiteral("1999/3/%1").arg(day));
+        QByteArray note = m_notes.value(u"1999/3/%1"_s.arg(day));
         note.replace(TypedOnThird, ""); // in the middle of the old one
         QVERIFY2(note.contains("old note " + QByteArray::number(day)), note);
     }
     QCOMPARE(m_alarms.size(), OldRows);
     for (int row = 0; row < OldRows; ++row) {
-        QVERIFY(m_alarms.contains(QStringLiteral("A%1|A%1|A%1|A%1|M%1|").arg(row)));
-        QVERIFY(m_events.contains(QStringLiteral("S%1|E%1|F%1|R%1").arg(row)));
+        QVERIFY(m_alarms.contains(u"A%1|A%1|A%1|A%1|M%1|"_s.arg(row)));
+        QVERIFY(m_events.contains(u"S%1|E%1|F%1|R%1"_s.arg(row)));
     }
 }
 
@@ -216,8 +214,8 @@ void Left::CheckRecurrence() const
 void Left::CheckBackUp() const
 {
     int copies = 0;
-    for (QDirIterator file(BackupFolder(), {QStringLiteral("*.mdb")}, QDir::Files, QDirIterator::Subdirectories);
-         file.hasNext(); ++copies)
+    for (QDirIterator file(BackupFolder(), {u"*.mdb"_s}, QDir::Files, QDirIterator::Subdirectories); file.hasNext();
+         ++copies)
         QCOMPARE(NotesIn(file.next()).size(), OldNotes + OldRows);
     if (IsDone()) QCOMPARE(copies, 1);
 }
@@ -237,7 +235,7 @@ void Left::CheckConvert() const
     const bool isConverted = Content(Path(OldPlanner)) != sample;
     QVERIFY(isConverted || !IsDone());
     if (!isConverted) return;
-    QCOMPARE(Content(Path(QStringLiteral("/old.old.mdb"))), sample);
+    QCOMPARE(Content(Path(u"/old.old.mdb"_s)), sample);
     const QByteArray counts = "SELECT (SELECT count(*) FROM \"QMT Table\"), (SELECT count(*) FROM \"Alarm Table\"), "
                               "(SELECT count(*) FROM \"Recursion Table\")";
     QCOMPARE(Ask(Path(OldPlanner), counts), QList<QByteArrayList>({{"6", "3", "2"}}));
@@ -247,14 +245,14 @@ void Left::CheckMove() const
 {
     const bool isLink = !DBEngine::LinkedAddress(Path(Planner)).isEmpty();
     QVERIFY(isLink || !IsDone());
-    if (isLink) QCOMPARE(NotesIn(Path(QStringLiteral("/planner.bak"))).size(), OldNotes + OldRows);
+    if (isLink) QCOMPARE(NotesIn(Path(u"/planner.bak"_s)).size(), OldNotes + OldRows);
 }
 
 void Left::CheckSettings() const
 {
     const QString color = InLook("Color");
     QVERIFY2(color == u"new" || (color == u"old" && !IsDone()), qPrintable(color));
-    QCOMPARE(InLook("Font"), QStringLiteral("kept"));
+    QCOMPARE(InLook("Font"), u"kept"_s);
 }
 
 void Left::CheckScene() const
@@ -269,7 +267,7 @@ void Left::CheckScene() const
 void Left::CheckPages() const
 {
     if (!DBEngine::LinkedAddress(Path(Planner)).isEmpty()) return;
-    QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(Path(Planner), Path(QStringLiteral("/checked.mdb"))); }), 0);
+    QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(Path(Planner), Path(u"/checked.mdb"_s)); }), 0);
 }
 } // namespace
 
@@ -277,7 +275,7 @@ void Prepare(const Scene& scene, const QString& root)
 {
     for (const char* folder : {"/shipped", "/cut"})
         QDir().mkpath(root + QString::fromLatin1(folder));
-    QFile::link(QStringLiteral(READER), root + QStringLiteral("/shipped/orrelin-readjet"));
+    QFile::link(QStringLiteral(READER), root + u"/shipped/orrelin-readjet"_s);
     for (auto file = Template().cbegin(); file != Template().cend(); ++file) {
         QDir().mkpath(QFileInfo(root + file.key()).path());
         SetContent(root + file.key(), file.value());

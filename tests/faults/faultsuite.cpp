@@ -43,12 +43,10 @@ public:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         static int s_planner = 0;
         if (QByteArrayView(Scenes()[scene].name) == "move")
-            environment.insert(QStringLiteral("ORRELIN_TEST_ADDRESS"),
-                               TestServer::Get().Uri(QStringLiteral("fault%1").arg(++s_planner)));
+            environment.insert(u"ORRELIN_TEST_ADDRESS"_s, TestServer::Get().Uri(u"fault%1"_s.arg(++s_planner)));
         m_child.setProcessEnvironment(environment);
-        m_child.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--child"), QString::number(scene), m_folder.path(), QString::number(int(fault)),
-                       QString::number(at)});
+        m_child.start(QCoreApplication::applicationFilePath(), {u"--child"_s, QString::number(scene), m_folder.path(),
+                                                                QString::number(int(fault)), QString::number(at)});
     }
 
     // Waits for its end and looks at what is left.

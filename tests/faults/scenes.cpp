@@ -13,7 +13,7 @@
 #include "recurrence/recurrence.h"
 
 namespace {
-const QString Done = QStringLiteral("done");
+const QString Done = u"done"_s;
 
 QString AnswerOf(const std::function<void()>& step)
 {
@@ -75,15 +75,12 @@ public:
     // Until the journal has what was typed, or says that it cannot have it.
     bool AwaitJournal() const
     {
-        const QString journal = ::folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes");
+        const QString journal = ::folders::ApplicationDirectory() + u"/journal/1.notes"_s;
         Q_UNUSED(QTest::qWaitFor([&] { return QFile::exists(journal) || Log().contains("in Journal"); }, 2500));
         if (QFile::exists(journal)) SayKept();
         return QFile::exists(journal);
     }
-    void PressLock() const
-    {
-        QTest::mouseClick(form->findChild<PictureButton*>(QStringLiteral("picLock")), Qt::LeftButton);
-    }
+    void PressLock() const { QTest::mouseClick(form->findChild<PictureButton*>(u"picLock"_s), Qt::LeftButton); }
     QString End(int mode = Mainform::ProcessIsEnded) const
     {
         form->subExitProgram(mode);
@@ -193,8 +190,8 @@ QString Recur(const Stage& stage)
     AnswerBoxes(said);
     Recurrence event("{\\rtf1 Standup}", {}, [](qsizetype, qsizetype) {});
     stage.Begin();
-    const bool saved = event.fnRecurseDaily(QStringLiteral("3/1/1999"), QStringLiteral("4/9/1999"), 1);
-    return saved && said.isEmpty() ? Done : QStringLiteral("not saved: ") + said.join(u' ');
+    const bool saved = event.fnRecurseDaily(u"3/1/1999"_s, u"4/9/1999"_s, 1);
+    return saved && said.isEmpty() ? Done : u"not saved: "_s + said.join(u' ');
 }
 
 QString BackUp(const Stage& stage)
@@ -204,15 +201,15 @@ QString BackUp(const Stage& stage)
     BackUpBeforeSave();
     const QDir folder(BackupFolder());
     for (const QString& planner : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        if (!QDir(folder.filePath(planner)).entryList({QStringLiteral("*.mdb")}).isEmpty()) return Done;
-    return QStringLiteral("not copied");
+        if (!QDir(folder.filePath(planner)).entryList({u"*.mdb"_s}).isEmpty()) return Done;
+    return u"not copied"_s;
 }
 
 // As Compact does it, whatever kind of file that is.
 QString CompactFile(const Stage& stage, const QString& name)
 {
     folders::SetRootForTests(stage.root); // where the reader is
-    const QString file = stage.Path(name), scratch = stage.Path(QStringLiteral("/dummy.mdb"));
+    const QString file = stage.Path(name), scratch = stage.Path(u"/dummy.mdb"_s);
     const std::vector<TableDef> tables = schema::AllTables();
     stage.Begin();
     return AnswerOf([&] {
@@ -244,9 +241,8 @@ QString Settings(const Stage& stage)
 {
     folders::SetRootForTests(stage.root);
     stage.Begin();
-    const bool written = WritePrivateProfileStringA(QStringLiteral("Days"), QStringLiteral("Color"),
-                                                    QStringLiteral("new"), QStringLiteral("PLANNER.INI"));
-    return written ? Done : QStringLiteral("not written");
+    const bool written = WritePrivateProfileStringA(u"Days"_s, u"Color"_s, u"new"_s, u"PLANNER.INI"_s);
+    return written ? Done : u"not written"_s;
 }
 
 QString Move(const Stage& stage)

@@ -6,8 +6,8 @@
 #include <functional>
 
 // Where the planners lie, in the child and for who looks at what it left.
-inline const QString Planner = QStringLiteral("/planner.mdb"), OldPlanner = QStringLiteral("/old.mdb");
-inline const QString Third = QStringLiteral("1999/3/3"), Fourth = QStringLiteral("1999/3/4");
+inline const QString Planner = u"/planner.mdb"_s, OldPlanner = u"/old.mdb"_s;
+inline const QString Third = u"1999/3/3"_s, Fourth = u"1999/3/4"_s;
 inline constexpr const char* TypedOnThird = "typed on the third ";
 inline constexpr const char* TypedOnFourth = "typed on the fourth ";
 inline constexpr const char* Keeps =

@@ -23,7 +23,7 @@ void ReadAll(QByteArrayView bytes)
     QByteArray input = bytes.toByteArray();
     QBuffer source(&input);
     source.open(QIODevice::ReadOnly);
-    JetFrames frames(source, QStringLiteral("old.mdb"), {input.size(), std::chrono::seconds(1), std::chrono::hours(1)});
+    JetFrames frames(source, u"old.mdb"_s, {input.size(), std::chrono::seconds(1), std::chrono::hours(1)});
     const JetEncoding encoding = frames.Head();
     qsizetype taken = 0;
     while (const auto table = frames.Table()) {

@@ -43,7 +43,7 @@ void Read(const QString& path)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("link.mdb")));
+    QFile file(folder.filePath(u"link.mdb"_s));
     Require(file.open(QIODevice::WriteOnly) &&
                 file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size)) == static_cast<qint64>(size),
             "there is room for the input");

@@ -24,7 +24,7 @@ void RequireReadable(const QString& name)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("planner.ldb"));
+    const QString path = folder.filePath(u"planner.ldb"_s);
     ByteLocks theirs(path, 0600, ::getgid()), ours(path, 0600, ::getgid());
     Session other(theirs);
     other.TakeRecord(Record);

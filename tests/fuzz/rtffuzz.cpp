@@ -31,12 +31,12 @@ void ReadsWhatItWrites(QByteArrayView rtf)
 void IsTakenBackInOneStep(QByteArrayView rtf)
 {
     QTextDocument document;
-    document.setPlainText(QStringLiteral("in")); // which no undo takes back
+    document.setPlainText(u"in"_s); // which no undo takes back
     QTextCursor cursor(&document);
     cursor.setPosition(1);
     InsertRtf(rtf, cursor);
     document.undo();
-    Require(document.toRawText() == QStringLiteral("in"), "an insertion is one step of undo");
+    Require(document.toRawText() == u"in"_s, "an insertion is one step of undo");
 }
 
 } // namespace

@@ -14,8 +14,8 @@ class FileTypeTest : public QObject
     Q_OBJECT
 
     const QTemporaryDir& m_data;
-    const QString m_planner = QStringLiteral("application/x-orrelin-planner");
-    const QString m_link = m_planner + QStringLiteral("-link");
+    const QString m_planner = u"application/x-orrelin-planner"_s;
+    const QString m_link = m_planner + u"-link"_s;
 
     QString Write(const QString& name, const QByteArray& content) const
     {
@@ -25,7 +25,7 @@ class FileTypeTest : public QObject
 
     QByteArray Planner() const
     {
-        const QString path = m_data.filePath(QStringLiteral("made"));
+        const QString path = m_data.filePath(u"made"_s);
         QFile::remove(path);
         DBEngine::CreateDatabase(path, schema::Locale).Append(schema::NotesTable());
         return Content(path);
@@ -39,7 +39,7 @@ private Q_SLOTS:
     {
         const QByteArray planner = Planner(), link("Orrelin planner link 1\npostgresql://desk1/office\n");
         const QByteArray otherProgram = QByteArray(planner).replace(68, 4, QByteArray(4, '\0'));
-        const QString other = QStringLiteral("application/vnd.ms-access");
+        const QString other = u"application/vnd.ms-access"_s;
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("type");
@@ -75,11 +75,11 @@ int main(int argc, char** argv)
 {
     // One folder of types, as where the package puts ours.
     const QTemporaryDir data;
-    const QString types = data.filePath(QStringLiteral("mime/packages/"));
-    const QString usual = QStringLiteral("freedesktop.org.xml"), ours = QStringLiteral("org.orrelin.Orrelin.xml");
-    if (!QDir().mkpath(types) || !QFile::copy(QStringLiteral("/usr/share/mime/packages/") + usual, types + usual) ||
+    const QString types = data.filePath(u"mime/packages/"_s);
+    const QString usual = u"freedesktop.org.xml"_s, ours = u"org.orrelin.Orrelin.xml"_s;
+    if (!QDir().mkpath(types) || !QFile::copy(u"/usr/share/mime/packages/"_s + usual, types + usual) ||
         !QFile::copy(QStringLiteral(PACKAGING_FOLDER "/") + ours, types + ours) ||
-        QProcess::execute(QStringLiteral("update-mime-database"), {data.filePath(QStringLiteral("mime"))}) != 0)
+        QProcess::execute(u"update-mime-database"_s, {data.filePath(u"mime"_s)}) != 0)
         qFatal("the types could not be installed");
     qputenv("XDG_DATA_HOME", data.path().toUtf8());
     qputenv("XDG_DATA_DIRS", data.path().toUtf8());

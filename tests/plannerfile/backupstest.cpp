@@ -9,15 +9,14 @@ class BackupsTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<Program> m_program;
-    const QString m_file = QStringLiteral("notes.mdb");
+    const QString m_file = u"notes.mdb"_s;
 
     static void SetDay(int day) { desktopclock::SetForTests(QDateTime(QDate(1999, 3, day), QTime(9, 30))); }
     static QStringList Copies()
     {
         QStringList copies;
         for (const QFileInfo& folder : QDir(BackupFolder()).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
-            for (const QFileInfo& copy :
-                 QDir(folder.filePath()).entryInfoList({QStringLiteral("*.mdb")}, QDir::Files, QDir::Name))
+            for (const QFileInfo& copy : QDir(folder.filePath()).entryInfoList({u"*.mdb"_s}, QDir::Files, QDir::Name))
                 copies += copy.filePath();
         return copies;
     }
@@ -30,10 +29,10 @@ class BackupsTest : public QObject
     }
     QByteArray NoteIn(const QString& path) const
     {
-        Recordset notes = DBEngine::OpenDatabase(path, true).OpenTable(QStringLiteral("QMT Table"));
-        notes.SetIndex(QStringLiteral("qmtPrimaryKey"));
-        notes.Seek(QStringLiteral("="), QStringLiteral("1999/3/17"));
-        return notes.NoMatch() ? QByteArray() : notes.Fields(QStringLiteral("qmtText")).toByteArray();
+        Recordset notes = DBEngine::OpenDatabase(path, true).OpenTable(u"QMT Table"_s);
+        notes.SetIndex(u"qmtPrimaryKey"_s);
+        notes.Seek(u"="_s, u"1999/3/17"_s);
+        return notes.NoMatch() ? QByteArray() : notes.Fields(u"qmtText"_s).toByteArray();
     }
     void TypeAndSave(const QString& text) const
     {
@@ -51,12 +50,12 @@ private Q_SLOTS:
 
     void TheFirstSaveOfADayMakesOne()
     {
-        TypeAndSave(QStringLiteral("first"));
-        TypeAndSave(QStringLiteral("second "));
-        QCOMPARE(Days(), QStringList(QStringLiteral("notes 1999-03-17.mdb")));
+        TypeAndSave(u"first"_s);
+        TypeAndSave(u"second "_s);
+        QCOMPARE(Days(), QStringList(u"notes 1999-03-17.mdb"_s));
         QVERIFY(NoteIn(Copies().first()).isEmpty()); // as it was before
         SetDay(18);
-        TypeAndSave(QStringLiteral("third "));
+        TypeAndSave(u"third "_s);
         QCOMPARE(Days().size(), 2);
         const QByteArray note = NoteIn(Copies().last());
         QVERIFY2(note.contains("second") && !note.contains("third"), note);
@@ -65,11 +64,11 @@ private Q_SLOTS:
     void TenAreKeptOfEachPlanner()
     {
         SetDay(4);
-        TypeAndSave(QStringLiteral("4"));
+        TypeAndSave(u"4"_s);
         const QString first = Copies().first();
         // Made while the clock stood wrong, and a copy of the person's own.
-        const QString toCome = QString(first).replace(QStringLiteral("1999-03-04"), QStringLiteral("2027-01-01"));
-        const QString own = QString(first).replace(QStringLiteral("1999-03-04"), QStringLiteral("a own"));
+        const QString toCome = QString(first).replace(u"1999-03-04"_s, u"2027-01-01"_s);
+        const QString own = QString(first).replace(u"1999-03-04"_s, u"a own"_s);
         QVERIFY(QFile::copy(first, toCome) && QFile::copy(first, own));
         for (int day = 5; day <= 16; ++day) {
             SetDay(day);
@@ -77,10 +76,10 @@ private Q_SLOTS:
         }
         QVERIFY(!QFile::exists(toCome) && QFile::remove(own));
         QCOMPARE(Days().size(), 10);
-        QCOMPARE(Days().first(), QStringLiteral("notes 1999-03-07.mdb"));
-        QDir().mkpath(m_program->folders.Path(QStringLiteral("elsewhere")));
-        m_program->New(QStringLiteral("elsewhere/") + m_file);
-        TypeAndSave(QStringLiteral("x"));
+        QCOMPARE(Days().first(), u"notes 1999-03-07.mdb"_s);
+        QDir().mkpath(m_program->folders.Path(u"elsewhere"_s));
+        m_program->New(u"elsewhere/"_s + m_file);
+        TypeAndSave(u"x"_s);
         QCOMPARE(Days().size(), 11);
     }
 
@@ -103,7 +102,7 @@ private Q_SLOTS:
         const QStringList before = Days();
         Recordset notes = schema::OpenNotes(g_dbPlanner);
         for (int day = 1; day < 29; ++day)
-            Write(notes, QStringLiteral("1999/5/%1").arg(day), "May" + QByteArray::number(day) + QByteArray(9000, 'x'));
+            Write(notes, u"1999/5/%1"_s.arg(day), "May" + QByteArray::number(day) + QByteArray(9000, 'x'));
         notes.Close();
         m_program->Exit();
         const QString path = m_program->folders.Path(m_file);
@@ -120,22 +119,22 @@ private Q_SLOTS:
                 m_program->Trigger(turn);
         };
         if (looks) lookAtMay();
-        if (!looks) TypeAndSave(QStringLiteral("saved"));
-        QTRY_VERIFY2(seen.Text.contains(QStringLiteral("Repair Database in the File menu")), qPrintable(seen.Text));
+        if (!looks) TypeAndSave(u"saved"_s);
+        QTRY_VERIFY2(seen.Text.contains(u"Repair Database in the File menu"_s), qPrintable(seen.Text));
         lookAtMay();
-        TypeAndSave(QStringLiteral("saved"));
+        TypeAndSave(u"saved"_s);
         QTest::qWait(50);
         QVERIFY(!QApplication::activeModalWidget());
         QCOMPARE(Days(), before);
-        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("saved"));
+        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("saved"));
     }
 
     void WithoutAPlaceForItTheSaveGoesOn()
     {
         QFile inTheWay(BackupFolder());
         QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-        TypeAndSave(QStringLiteral("saved"));
-        QVERIFY(m_program->Stored(m_file, QStringLiteral("1999/3/17")).contains("saved"));
+        TypeAndSave(u"saved"_s);
+        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("saved"));
         QVERIFY2(m_program->Log().contains("BackUpBeforeSave"), m_program->Log());
     }
 };

@@ -14,12 +14,12 @@ class FaultsTest : public QObject
     {
         m_failing.emplace();
         m_program = Program::Started();
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
     }
 
     void Fail(FailurePlan::When when, int at, int number, const QString& only = {})
     {
-        *m_failing->plan = {at, when, {number, QStringLiteral("The disk is full")}, only};
+        *m_failing->plan = {at, when, {number, u"The disk is full"_s}, only};
     }
 
     void Replace(int cell, const QString& text)
@@ -29,10 +29,7 @@ class FaultsTest : public QObject
         QTest::keyClicks(&m_program->Box(cell), text);
     }
 
-    QByteArray Stored(const char* key)
-    {
-        return m_program->Stored(QStringLiteral("notes.mdb"), QString::fromLatin1(key));
-    }
+    QByteArray Stored(const char* key) { return m_program->Stored(u"notes.mdb"_s, QString::fromLatin1(key)); }
 
 private Q_SLOTS:
     void cleanup()
@@ -56,11 +53,11 @@ private Q_SLOTS:
         QFETCH(int, when);
         QFETCH(int, number);
         StartWithFailingStore();
-        m_program->Type(22, QStringLiteral("untouched"));
+        m_program->Type(22, u"untouched"_s);
         m_program->Trigger("mnuSave");
         int calls = 1;
         for (int at = 1; at <= calls; at += calls > 100 ? 5 : 1) {
-            const QString text = QStringLiteral("note%1").arg(at);
+            const QString text = u"note%1"_s.arg(at);
             Replace(20, text);
             Replace(21, text);
             m_program->Click(22); // entered, and so written again
@@ -74,27 +71,27 @@ private Q_SLOTS:
             QVERIFY2(Stored("1999/3/20").contains(text.toLatin1()), qPrintable(text));
             QVERIFY2(Stored("1999/3/21").contains("untouched"), qPrintable(text));
             QCOMPARE(m_program->Box(20).Text(), text);
-            QCOMPARE(m_program->Box(22).Text(), QStringLiteral("untouched"));
+            QCOMPARE(m_program->Box(22).Text(), u"untouched"_s);
         }
     }
 
     void ANoteThatCouldNotBeWrittenIsShownAgain()
     {
         StartWithFailingStore();
-        m_program->Type(20, QStringLiteral("shelved"));
-        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
+        m_program->Type(20, u"shelved"_s);
+        Fail(FailurePlan::ForEver, 1, 3026, u"Commit"_s);
         m_program->Trigger("mnuNextMonth");
-        const QString told = QStringLiteral(" - Notes not saved yet: The disk is full");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999") + told);
+        const QString told = u" - Notes not saved yet: The disk is full"_s;
+        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s + told);
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999") + told);
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("shelved"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s + told);
+        QCOMPARE(m_program->Box(20).Text(), u"shelved"_s);
         Fail(FailurePlan::Before, 0, 0);
         m_program->Trigger("mnuSave");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
         // The exit tells of it instead of losing it.
-        m_program->Type(20, QStringLiteral("!"));
-        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
+        m_program->Type(20, u"!"_s);
+        Fail(FailurePlan::ForEver, 1, 3026, u"Commit"_s);
         SeenBox seen;
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
             seen.Text = box.text();
@@ -102,7 +99,7 @@ private Q_SLOTS:
             box.button(QMessageBox::Retry)->click();
         });
         m_program->Trigger("mnuExit");
-        QVERIFY(seen.Text.contains(QStringLiteral("Mar 19, 1999\n\nThe disk is full\n")));
+        QVERIFY(seen.Text.contains(u"Mar 19, 1999\n\nThe disk is full\n"_s));
         m_program->form.reset();
         QVERIFY(Stored("1999/3/19").contains("!"));
     }
@@ -111,9 +108,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("asked");
         QTest::addColumn<QString>("place");
-        QTest::newRow("asked") << true << QStringLiteral("/unsaved/notes 1999-3-19.rtf");
-        QTest::newRow("ended by a signal")
-            << false << QStringLiteral("/journal/1.notes"); // offered by the next opening
+        QTest::newRow("asked") << true << u"/unsaved/notes 1999-3-19.rtf"_s;
+        QTest::newRow("ended by a signal") << false << u"/journal/1.notes"_s; // offered by the next opening
     }
 
     void WhatNoPlannerTakesAtExitIsKept()
@@ -121,8 +117,8 @@ private Q_SLOTS:
         QFETCH(bool, asked);
         QFETCH(QString, place);
         StartWithFailingStore();
-        m_program->Type(20, QStringLiteral("shelved"));
-        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
+        m_program->Type(20, u"shelved"_s);
+        Fail(FailurePlan::ForEver, 1, 3026, u"Commit"_s);
         if (asked) AnswerNextBox(msgbox::Cancel);
         m_program->form->subExitProgram(asked ? Mainform::CloseBox : Mainform::ProcessIsEnded);
         QVERIFY(m_program->form->HasEnded());
@@ -133,7 +129,7 @@ private Q_SLOTS:
     void AnEndBehindTheQuestionIsTheEnd()
     {
         StartWithFailingStore();
-        m_program->Type(20, QStringLiteral("shelved"));
+        m_program->Type(20, u"shelved"_s);
         Fail(FailurePlan::ForEver, 1, 3026);
         QFile inTheWay(RescueFolder());
         QVERIFY(inTheWay.open(QIODevice::WriteOnly));
@@ -141,7 +137,7 @@ private Q_SLOTS:
         OnNextModal<QMessageBox>([&](QMessageBox&) { m_program->form->subExitProgram(Mainform::ProcessIsEnded); });
         QTimer::singleShot(0, m_program->form.get(), [&] { m_program->Trigger("mnuExit"); });
         QCoreApplication::exec();
-        QFile journal(folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes"));
+        QFile journal(folders::ApplicationDirectory() + u"/journal/1.notes"_s);
         QVERIFY(journal.open(QIODevice::ReadOnly));
         QVERIFY(journal.readAll().contains("shelved"));
     }
@@ -149,11 +145,11 @@ private Q_SLOTS:
     void ALeftPlannerGetsItsNotesAtExit()
     {
         StartWithFailingStore();
-        m_program->Type(20, QStringLiteral("shelved"));
-        Fail(FailurePlan::ForEver, 1, 3026, QStringLiteral("Commit"));
+        m_program->Type(20, u"shelved"_s);
+        Fail(FailurePlan::ForEver, 1, 3026, u"Commit"_s);
         m_program->Trigger("mnuSave");
         Fail(FailurePlan::Before, 0, 0);
-        m_program->New(QStringLiteral("other.mdb"));
+        m_program->New(u"other.mdb"_s);
         m_program->Exit();
         QVERIFY(Stored("1999/3/19").contains("shelved"));
     }
@@ -161,16 +157,16 @@ private Q_SLOTS:
     void ADayThatCouldNotBeReadIsNeverEmptied()
     {
         StartWithFailingStore();
-        m_program->Type(20, QStringLiteral("precious"));
+        m_program->Type(20, u"precious"_s);
         m_program->Trigger("mnuNextMonth");
-        Fail(FailurePlan::ForEver, 1, 3043, QStringLiteral("Find"));
+        Fail(FailurePlan::ForEver, 1, 3043, u"Find"_s);
         m_program->Trigger("mnuPrevMonth");
         QCOMPARE(m_program->Box(20).Text(), QString());
-        m_program->Type(20, QStringLiteral("x"));
+        m_program->Type(20, u"x"_s);
         QCOMPARE(m_program->Box(20).Text(), QString());
         Fail(FailurePlan::Before, 0, 0);
         m_program->Trigger("mnuSave");
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("precious"));
+        QCOMPARE(m_program->Box(20).Text(), u"precious"_s);
     }
 };
 

@@ -23,11 +23,11 @@ class JournalTest : public QObject
     std::unique_ptr<WorkgroupProgram> m_program;
     QMap<QString, QByteArray> m_atTheCut;
 
-    static QString Folder() { return folders::ApplicationDirectory() + QStringLiteral("/journal"); }
+    static QString Folder() { return folders::ApplicationDirectory() + u"/journal"_s; }
     static QByteArray Journalled()
     {
         QByteArray all;
-        for (const QString& name : QDir(Folder()).entryList({QStringLiteral("*.notes")}))
+        for (const QString& name : QDir(Folder()).entryList({u"*.notes"_s}))
             all += Content(Folder() + u'/' + name);
         return all;
     }
@@ -37,14 +37,14 @@ class JournalTest : public QObject
     {
         QTRY_VERIFY(Journalled().contains(text));
         m_atTheCut.clear();
-        for (const QString& path : {Folder() + QStringLiteral("/1.notes"), m_program->folders.Path(m_program->File)})
+        for (const QString& path : {Folder() + u"/1.notes"_s, m_program->folders.Path(m_program->File)})
             m_atTheCut[path] = Content(path);
     }
     void StartAfterTheCut()
     {
         m_program->Exit();
         ResetPlannerStateForTests();
-        for (const QString& name : QDir(Folder()).entryList({QStringLiteral("*.notes")}))
+        for (const QString& name : QDir(Folder()).entryList({u"*.notes"_s}))
             QFile::remove(Folder() + u'/' + name); // as the exit has left it
         for (auto file = m_atTheCut.cbegin(); file != m_atTheCut.cend(); ++file)
             SetContent(file.key(), file.value());
@@ -68,13 +68,13 @@ class JournalTest : public QObject
         m_program->Click(WorkgroupProgram::Cell);
         if (!inDayView) {
             if (shared) m_program->PressLock();
-            m_program->TypeOn(QStringLiteral(" and new"));
+            m_program->TypeOn(u" and new"_s);
             CutWhenJournalled("old and new");
             return;
         }
         OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
             QTest::keyClick(&form.tbZoom(), Qt::Key_End, Qt::ControlModifier);
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral(" and new"));
+            QTest::keyClicks(&form.tbZoom(), u" and new"_s);
             CutWhenJournalled("old and new");
             QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton);
         });
@@ -117,16 +117,16 @@ private Q_SLOTS:
         QFETCH(bool, othersWrote);
         StartTyping(shared, inDayView);
         StartAfterTheCut();
-        QCOMPARE(Stored(), QStringLiteral("old"));
+        QCOMPARE(Stored(), u"old"_s);
         if (othersWrote) m_program->WriteAs(m_program->Key, "theirs");
-        const QString wanted = othersWrote ? QStringLiteral("theirs\nold and new") : QStringLiteral("old and new");
+        const QString wanted = othersWrote ? u"theirs\nold and new"_s : u"old and new"_s;
         QString stored, found;
         OpenAndAnswer(shared, [&](RecoveryForm& form) {
             stored = In<RichTextBox>(form, "tbStored").Text();
             found = In<RichTextBox>(form, "tbFound").Text();
             Press(form, "btnOk");
         });
-        QCOMPARE(stored, othersWrote ? QStringLiteral("theirs") : QStringLiteral("old"));
+        QCOMPARE(stored, othersWrote ? u"theirs"_s : u"old"_s);
         QCOMPARE(found, wanted);
         QCOMPARE(Stored(), wanted);
         QCOMPARE(m_program->Box().Text(), wanted);
@@ -139,20 +139,20 @@ private Q_SLOTS:
         QTest::addColumn<bool>("inDayView"); // which the planner did not take
         for (const char* way : {"exit", "open", "recent", "other"})
             QTest::newRow(way) << QString::fromLatin1(way) << false;
-        QTest::newRow("exit, day view") << QStringLiteral("exit") << true;
+        QTest::newRow("exit, day view") << u"exit"_s << true;
     }
 
     void ALockedDayThatIsLeftIsOffered()
     {
         QFETCH(QString, way);
         QFETCH(bool, inDayView);
-        const QString other = QStringLiteral("other.mdb");
+        const QString other = u"other.mdb"_s;
         ::MakePlanner(m_program->folders.Path(other));
         std::optional<FailingStores> failing(std::in_place);
         StartTyping(true);
         if (inDayView) {
             OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) { Press(form, "btnOk"); });
-            *failing->plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, QStringLiteral("Replace")};
+            *failing->plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, u"Replace"_s};
             AnswerNextBox(msgbox::Ok);
             m_program->Trigger("mnuDayView");
         }
@@ -163,7 +163,7 @@ private Q_SLOTS:
         }
         if (way == u"other") m_program->Open(other);
         const auto takeIt = [&](RecoveryForm& form) {
-            QCOMPARE(In<RichTextBox>(form, "tbStored").Text(), QStringLiteral("old"));
+            QCOMPARE(In<RichTextBox>(form, "tbStored").Text(), u"old"_s);
             Press(form, "btnOk");
         };
         if (way == u"recent") {
@@ -173,7 +173,7 @@ private Q_SLOTS:
         } else {
             OpenAndAnswer(true, takeIt);
         }
-        QCOMPARE(Stored(), QStringLiteral("old and new"));
+        QCOMPARE(Stored(), u"old and new"_s);
         QVERIFY(Journalled().isEmpty());
     }
 
@@ -182,24 +182,23 @@ private Q_SLOTS:
         StartTyping(false);
         StartAfterTheCut();
         OpenAndAnswer(false, [](RecoveryForm& form) { QTest::keyClick(&form, Qt::Key_Escape); });
-        QCOMPARE(m_program->Box().Text(), QStringLiteral("old"));
+        QCOMPARE(m_program->Box().Text(), u"old"_s);
         QVERIFY(Journalled().contains("old and new"));
         OpenAndAnswer(false, [](RecoveryForm& form) {
             QTest::keyClick(&In<QListWidget>(form, "lstDays"), Qt::Key_Space);
             Press(form, "btnOk");
         });
-        QCOMPARE(Stored(), QStringLiteral("old"));
+        QCOMPARE(Stored(), u"old"_s);
         QVERIFY(Journalled().isEmpty());
-        QCOMPARE(PlainText(Content(RescueFolder() + QStringLiteral("/team 1999-3-17.rtf"))),
-                 QStringLiteral("old and new"));
+        QCOMPARE(PlainText(Content(RescueFolder() + u"/team 1999-3-17.rtf"_s)), u"old and new"_s);
     }
 
     void WithoutRoomTheJournalStays_data()
     {
         QTest::addColumn<bool>("isWanted");
         QTest::addColumn<QString>("said");
-        QTest::newRow("for the planner") << true << QStringLiteral("These days cannot be saved now");
-        QTest::newRow("for the file") << false << QStringLiteral("The days that you did not tick could not be kept");
+        QTest::newRow("for the planner") << true << u"These days cannot be saved now"_s;
+        QTest::newRow("for the file") << false << u"The days that you did not tick could not be kept"_s;
     }
 
     void WithoutRoomTheJournalStays()
@@ -213,7 +212,7 @@ private Q_SLOTS:
         rlimit limit = {};
         ::getrlimit(RLIMIT_FSIZE, &limit);
         OpenAndAnswer(false, [&](RecoveryForm& form) {
-            if (!isWanted) QTest::keyClick(form.findChild<QListWidget*>(QStringLiteral("lstDays")), Qt::Key_Space);
+            if (!isWanted) QTest::keyClick(form.findChild<QListWidget*>(u"lstDays"_s), Qt::Key_Space);
             const rlimit full = {0, limit.rlim_max};
             ::setrlimit(RLIMIT_FSIZE, &full);
             AnswerNextBox(msgbox::Ok, &seen);
@@ -229,7 +228,7 @@ private Q_SLOTS:
         StartTyping(false);
         m_program->Trigger("mnuSave");
         QVERIFY(Journalled().isEmpty());
-        m_program->TypeOn(QStringLiteral("!"));
+        m_program->TypeOn(u"!"_s);
         QTRY_VERIFY(Journalled().contains("old and new!"));
         m_program->Exit();
         QVERIFY(Journalled().isEmpty());
@@ -243,7 +242,7 @@ private Q_SLOTS:
         m_atTheCut.remove(m_program->folders.Path(m_program->File));
         StartAfterTheCut();
         m_program->Open(m_program->File);
-        QCOMPARE(m_program->Box().Text(), QStringLiteral("old and new"));
+        QCOMPARE(m_program->Box().Text(), u"old and new"_s);
         QVERIFY(Journalled().isEmpty());
     }
 
@@ -260,7 +259,7 @@ private Q_SLOTS:
         QFETCH(bool, shared);
         const FailingStores failing;
         StartTyping(shared);
-        *failing.plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
+        *failing.plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, {}};
         SetContent(RescueFolder(), "no folder");
         m_program->form->subExitProgram(Mainform::ProcessIsEnded);
         QVERIFY(Journalled().contains("old and new"));
@@ -269,13 +268,13 @@ private Q_SLOTS:
     void ADamagedJournalIsToldOfOnce()
     {
         StartTyping(false);
-        QByteArray& journal = m_atTheCut[Folder() + QStringLiteral("/1.notes")];
+        QByteArray& journal = m_atTheCut[Folder() + u"/1.notes"_s];
         const QByteArray whole = journal;
         int number = 0;
         for (const QByteArray& damaged : {whole.chopped(1), QByteArray(whole).replace("old", "odd"), QByteArray("x")}) {
             journal = damaged;
             StartAfterTheCut();
-            const QString aside = Folder() + QStringLiteral("/damaged-%1").arg(++number);
+            const QString aside = Folder() + u"/damaged-%1"_s.arg(++number);
             AnswerNextFileDialog(m_program->folders.Path(m_program->File));
             Program::AnswerOpenAs(false);
             SeenBox seen;
@@ -301,7 +300,7 @@ private Q_SLOTS:
         StartTyping(false);
         StartAfterTheCut();
         const QString path = m_program->folders.Path(m_program->File);
-        m_program->File = QStringLiteral("other.mdb");
+        m_program->File = u"other.mdb"_s;
         const QString other = m_program->folders.Path(m_program->File);
         QVERIFY(isMoved ? QFile::rename(path, other) : QFile::link(path, other));
         AnswerNextFileDialog(other);
@@ -312,7 +311,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuOpen");
         m_program->Activate();
         QCOMPARE(seen.Text.contains(path), isMoved);
-        QCOMPARE(Stored(), QStringLiteral("old and new"));
+        QCOMPARE(Stored(), u"old and new"_s);
         QVERIFY(Journalled().isEmpty());
     }
 
@@ -324,11 +323,11 @@ private Q_SLOTS:
         Write(settings::LoadFilePath, m_program->folders.Path(m_program->File));
         bool alarmsRun = false;
         OnNextModal<RecoveryForm>([&](RecoveryForm& form) {
-            alarmsRun = m_program->form->findChild<Timer*>(QStringLiteral("tmAlarm"))->Enabled();
+            alarmsRun = m_program->form->findChild<Timer*>(u"tmAlarm"_s)->Enabled();
             Press(form, "btnOk");
         });
         StartAfterTheCut();
-        QTRY_COMPARE(Stored(), QStringLiteral("old and new"));
+        QTRY_COMPARE(Stored(), u"old and new"_s);
         QVERIFY(alarmsRun);
     }
 
@@ -339,16 +338,16 @@ private Q_SLOTS:
         const FailingStores failing;
         m_program->Start();
         m_program->Open(m_program->File);
-        m_program->Type(WorkgroupProgram::Cell, QStringLiteral("new"));
-        const QString told = QStringLiteral(" - What you type cannot be kept aside: ");
+        m_program->Type(WorkgroupProgram::Cell, u"new"_s);
+        const QString told = u" - What you type cannot be kept aside: "_s;
         QTRY_VERIFY(m_program->Bottom().Caption().contains(told));
         // A turn does not make it untrue, the save that succeeds does.
-        *failing.plan = {1, FailurePlan::ForEver, {3026, QStringLiteral("Disk full")}, {}};
+        *failing.plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, {}};
         m_program->Trigger("mnuNextMonth");
         QVERIFY(m_program->Bottom().Caption().contains(told));
         *failing.plan = {};
         m_program->Trigger("mnuSave");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
     }
 };
 

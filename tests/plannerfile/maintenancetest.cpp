@@ -8,15 +8,15 @@ class MaintenanceTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    QString Path() const { return m_program->folders.Path(QStringLiteral("notes.mdb")); }
+    QString Path() const { return m_program->folders.Path(u"notes.mdb"_s); }
 
     // A planner with one long note and one short one, which no program has open.
     void MakePlanner()
     {
         m_program->Start();
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("short"));
-        m_program->Type(21, QStringLiteral("a long note ").repeated(300));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"short"_s);
+        m_program->Type(21, u"a long note "_s.repeated(300));
         m_program->Exit();
         m_program->Start();
     }
@@ -38,12 +38,12 @@ private Q_SLOTS:
     {
         MakePlanner();
         const SeenBox seen = Run("mnuCompact");
-        QCOMPARE(seen.Text, QStringLiteral("Database compressed OK"));
-        QCOMPARE(seen.Title, QStringLiteral("Compact"));
-        QVERIFY(!QFile::exists(folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb")));
-        m_program->Open(QStringLiteral("notes.mdb"));
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("short"));
-        QCOMPARE(m_program->Box(21).Text(), QStringLiteral("a long note ").repeated(300));
+        QCOMPARE(seen.Text, u"Database compressed OK"_s);
+        QCOMPARE(seen.Title, u"Compact"_s);
+        QVERIFY(!QFile::exists(folders::ApplicationDirectory() + u"/dummy.mdb"_s));
+        m_program->Open(u"notes.mdb"_s);
+        QCOMPARE(m_program->Box(20).Text(), u"short"_s);
+        QCOMPARE(m_program->Box(21).Text(), u"a long note "_s.repeated(300));
     }
 
     // It is closed for the work and open again in the same way, with what was typed in it; declined, nothing happens.
@@ -61,8 +61,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, entry);
         QFETCH(bool, shared);
         MakePlanner();
-        m_program->Open(QStringLiteral("notes.mdb"), shared);
-        if (!shared) m_program->Type(22, QStringLiteral("typed"));
+        m_program->Open(u"notes.mdb"_s, shared);
+        if (!shared) m_program->Type(22, u"typed"_s);
         const QByteArray before = Content(Path());
         AnswerNextFileDialog(Path());
         AnswerNextBox(msgbox::No);
@@ -73,12 +73,11 @@ private Q_SLOTS:
         AnswerNextBox(msgbox::Yes, &asked);
         AnswerNextBox(msgbox::Ok, &done);
         m_program->Trigger(entry.constData());
-        QVERIFY2(asked.Text.contains(QStringLiteral("'notes.mdb' is the planner that is open")),
-                 qPrintable(asked.Text));
+        QVERIFY2(asked.Text.contains(u"'notes.mdb' is the planner that is open"_s), qPrintable(asked.Text));
         QCOMPARE(done.Icon, QMessageBox::Information);
         QCOMPARE(g_bDBShared, shared);
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("short"));
-        QCOMPARE(m_program->Box(22).Text(), shared ? QString() : QStringLiteral("typed"));
+        QCOMPARE(m_program->Box(20).Text(), u"short"_s);
+        QCOMPARE(m_program->Box(22).Text(), shared ? QString() : u"typed"_s);
         QVERIFY2(shared || Content(Path()).contains("typed"), "it was not saved");
     }
 
@@ -86,8 +85,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("entry");
         QTest::addColumn<QString>("text");
-        QTest::newRow("compact") << QByteArray("mnuCompact") << QStringLiteral("Unable to compress database: ");
-        QTest::newRow("repair") << QByteArray("mnuRepair") << QStringLiteral("Error when repairing database: ");
+        QTest::newRow("compact") << QByteArray("mnuCompact") << u"Unable to compress database: "_s;
+        QTest::newRow("repair") << QByteArray("mnuRepair") << u"Error when repairing database: "_s;
     }
 
     void APlannerThatAnotherHasOpenIsLeftAlone()
@@ -104,12 +103,12 @@ private Q_SLOTS:
         QCOMPARE(Content(Path()), before);
         QVERIFY(m_program->Log().contains(entry));
         // After Open a Cancel is an error that is told.
-        m_program->Open(QStringLiteral("notes.mdb"), true);
+        m_program->Open(u"notes.mdb"_s, true);
         SeenBox cancelled;
         OnNextModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
         AnswerNextBox(msgbox::Ok, &cancelled);
         m_program->Trigger(entry.constData());
-        QCOMPARE(cancelled.Text, text + QStringLiteral("Cancel was selected."));
+        QCOMPARE(cancelled.Text, text + u"Cancel was selected."_s);
     }
 
     // What lies where Compact makes its copy.
@@ -126,14 +125,14 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, lies);
         MakePlanner();
-        const QString dummy = folders::ApplicationDirectory() + QStringLiteral("/dummy.mdb");
-        const QString kept = folders::ApplicationDirectory() + QStringLiteral("/dummy.kept.mdb");
-        auto other = std::make_unique<ScratchPlace>(dummy, m_program->folders.Path(QStringLiteral("other.mdb")));
-        const QByteArray mark = Content(dummy + QStringLiteral(".lock"));
+        const QString dummy = folders::ApplicationDirectory() + u"/dummy.mdb"_s;
+        const QString kept = folders::ApplicationDirectory() + u"/dummy.kept.mdb"_s;
+        auto other = std::make_unique<ScratchPlace>(dummy, m_program->folders.Path(u"other.mdb"_s));
+        const QByteArray mark = Content(dummy + u".lock"_s);
         if (lies != "other") other.reset();
-        if (lies == "left") SetContent(dummy + QStringLiteral(".lock"), mark);
+        if (lies == "left") SetContent(dummy + u".lock"_s, mark);
         if (lies != "failed") SetContent(dummy, "lies there");
-        const QString inTheWay = Path() + QStringLiteral(".new");
+        const QString inTheWay = Path() + u".new"_s;
         if (lies == "failed") QVERIFY(QDir().mkdir(inTheWay));
         const SeenBox seen = Run("mnuCompact");
         QCOMPARE(seen.Icon, lies == "left" || lies == "own" ? QMessageBox::Information : QMessageBox::Critical);
@@ -143,14 +142,14 @@ private Q_SLOTS:
         QDir().rmdir(inTheWay);
         other.reset();
         QCOMPARE(Run("mnuCompact").Icon, QMessageBox::Information);
-        m_program->Open(QStringLiteral("notes.mdb"));
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("short"));
+        m_program->Open(u"notes.mdb"_s);
+        QCOMPARE(m_program->Box(20).Text(), u"short"_s);
     }
 
     void APlannerOfTheOlderEngineIsConverted()
     {
-        QDir(m_program->folders.Path({})).mkdir(QStringLiteral("shipped"));
-        QFile::link(QStringLiteral(READER), m_program->folders.Path(QStringLiteral("shipped/orrelin-readjet")));
+        QDir(m_program->folders.Path({})).mkdir(u"shipped"_s);
+        QFile::link(QStringLiteral(READER), m_program->folders.Path(u"shipped/orrelin-readjet"_s));
         QFile::copy(QStringLiteral(SAMPLE), Path());
         desktopclock::SetForTests(QDateTime(QDate(2003, 1, 15), QTime(9, 30)));
         m_program->Start();
@@ -159,20 +158,20 @@ private Q_SLOTS:
         Program::AnswerOpenAs(false);
         AnswerNextBox(msgbox::Ok, &refused);
         m_program->Trigger("mnuOpen");
-        QVERIFY2(refused.Text.contains(QStringLiteral("Compact Database in the File menu")), qPrintable(refused.Text));
+        QVERIFY2(refused.Text.contains(u"Compact Database in the File menu"_s), qPrintable(refused.Text));
         QVERIFY(!HasPlanner());
         QString second;
         AnswerNextFileDialog(Path());
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            QCOMPARE(box.text(), QStringLiteral("Database compressed OK"));
+            QCOMPARE(box.text(), u"Database compressed OK"_s);
             second = box.informativeText();
             box.accept();
         });
         m_program->Trigger("mnuCompact");
-        QVERIFY2(second.contains(QStringLiteral("notes.old.mdb")), qPrintable(second));
-        m_program->Open(QStringLiteral("notes.mdb"));
+        QVERIFY2(second.contains(u"notes.old.mdb"_s), qPrintable(second));
+        m_program->Open(u"notes.mdb"_s);
         const QString text = m_program->Box(m_program->CellOf(15)).Text();
-        QVERIFY2(text.startsWith(QStringLiteral("Line 0 of a long day, bold and italic")), qPrintable(text.left(60)));
+        QVERIFY2(text.startsWith(u"Line 0 of a long day, bold and italic"_s), qPrintable(text.left(60)));
     }
 
     void ADamagedPlannerIsRepairedAndKept()
@@ -186,21 +185,21 @@ private Q_SLOTS:
         Program::AnswerOpenAs(false);
         AnswerNextBox(msgbox::Ok, &refused);
         m_program->Trigger("mnuOpen");
-        QCOMPARE(refused.Text, QStringLiteral("The planner 'notes.mdb' is damaged. Repair may be able to mend it."));
+        QCOMPARE(refused.Text, u"The planner 'notes.mdb' is damaged. Repair may be able to mend it."_s);
         QString second;
         AnswerNextFileDialog(Path());
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            QCOMPARE(box.text(), QStringLiteral("Database repaired successfully"));
+            QCOMPARE(box.text(), u"Database repaired successfully"_s);
             second = box.informativeText();
             box.accept();
         });
         m_program->Trigger("mnuRepair");
-        QVERIFY2(second.contains(QStringLiteral("Notes: 2 recovered")), qPrintable(second));
-        const QStringList kept = QFileInfo(Path()).dir().entryList({QStringLiteral("notes?*.mdb")});
+        QVERIFY2(second.contains(u"Notes: 2 recovered"_s), qPrintable(second));
+        const QStringList kept = QFileInfo(Path()).dir().entryList({u"notes?*.mdb"_s});
         QCOMPARE(kept.size(), 1);
         QVERIFY(second.contains(kept.first()));
-        m_program->Open(QStringLiteral("notes.mdb"));
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("short"));
+        m_program->Open(u"notes.mdb"_s);
+        QCOMPARE(m_program->Box(20).Text(), u"short"_s);
     }
 };
 

@@ -13,48 +13,48 @@ private Q_SLOTS:
 
     void WhatWasTypedStandsThereAfterTheNextStart()
     {
-        m_program->New(QStringLiteral("Notes"));
-        QVERIFY(QFile::exists(m_program->folders.Path(QStringLiteral("notes.mdb"))));
-        m_program->Type(18, QStringLiteral("Choir "));
+        m_program->New(u"Notes"_s);
+        QVERIFY(QFile::exists(m_program->folders.Path(u"notes.mdb"_s)));
+        m_program->Type(18, u"Choir "_s);
         m_program->Trigger("mnuBold");
-        QTest::keyClicks(&m_program->Box(18), QStringLiteral("19:00"));
-        m_program->Type(1, QStringLiteral("a memo"));
+        QTest::keyClicks(&m_program->Box(18), u"19:00"_s);
+        m_program->Type(1, u"a memo"_s);
         m_program->Exit();
 
         m_program->Start();
         QCOMPARE(m_program->Box(18).Text(), QString());
-        m_program->Open(QStringLiteral("notes.mdb"));
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("Choir 19:00"));
-        QCOMPARE(m_program->Box(1).Text(), QStringLiteral("a memo"));
+        m_program->Open(u"notes.mdb"_s);
+        QCOMPARE(m_program->Box(18).Text(), u"Choir 19:00"_s);
+        QCOMPARE(m_program->Box(1).Text(), u"a memo"_s);
         Select(m_program->Box(18), 0, 6);
         QCOMPARE(m_program->Box(18).SelBold(), std::optional(false));
         Select(m_program->Box(18), 6, 5);
         QCOMPARE(m_program->Box(18).SelBold(), std::optional(true));
-        QCOMPARE(m_program->form->windowTitle().section(u'/', -1), QStringLiteral("notes.mdb"));
+        QCOMPARE(m_program->form->windowTitle().section(u'/', -1), u"notes.mdb"_s);
         // Seven cells of the week were never loaded; the exit asks them all the same.
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
     void MovingAwayWritesAndComingBackReads()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("train 8:12"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"train 8:12"_s);
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Box(20).Text(), QString());
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("train 8:12"));
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("train 8:12"));
         // The caret still stands in the cell, which is another day's now.
-        QTest::keyClicks(&m_program->Box(20), QStringLiteral("in April"));
+        QTest::keyClicks(&m_program->Box(20), u"in April"_s);
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("train 8:12"));
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/4/16")).contains("in April"));
+        QCOMPARE(m_program->Box(20).Text(), u"train 8:12"_s);
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/4/16"_s).contains("in April"));
         QTest::keyClick(&m_program->Box(20), Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("train 8:12"));
+        QCOMPARE(m_program->Box(20).Text(), u"train 8:12"_s);
     }
 
     void AnUndoNeverBringsBackAnotherDaysText()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("secret"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"secret"_s);
         for (int i = 0; i < 6; ++i)
             QTest::keyClick(&m_program->Box(20), Qt::Key_Backspace);
         m_program->Trigger("mnuNextMonth"); // both days are empty
@@ -64,17 +64,17 @@ private Q_SLOTS:
 
     void AnEmptiedDayLeavesNoRecord()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("x"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"x"_s);
         m_program->Trigger("mnuSave");
-        QVERIFY(!m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).isNull());
+        QVERIFY(!m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).isNull());
         m_program->Click(20);
         QTest::keyClick(&m_program->Box(20), Qt::Key_End);
         QTest::keyClick(&m_program->Box(20), Qt::Key_Backspace);
         m_program->Click(21); // entered and left empty
         m_program->Trigger("mnuSave");
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).isNull());
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/20")).isNull());
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).isNull());
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/20"_s).isNull());
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
@@ -89,33 +89,33 @@ private Q_SLOTS:
     void EnteringACellChangesNothing()
     {
         QFETCH(QByteArray, stored);
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         g_rsQMT.AddNew();
-        g_rsQMT.SetField(QStringLiteral("qmtDate"), QStringLiteral("1999/3/19"));
-        g_rsQMT.SetField(QStringLiteral("qmtText"), stored);
-        g_rsQMT.SetField(QStringLiteral("qmtPadding"), QByteArray(1005, '.'));
+        g_rsQMT.SetField(u"qmtDate"_s, u"1999/3/19"_s);
+        g_rsQMT.SetField(u"qmtText"_s, stored);
+        g_rsQMT.SetField(u"qmtPadding"_s, QByteArray(1005, '.'));
         g_rsQMT.Update();
         m_program->Trigger("mnuSave");
         m_program->Click(20);
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")), stored);
+        QCOMPARE(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s), stored);
         m_program->Trigger("mnuPrevMonth");
         m_program->Click(20);
         // Meanwhile another program writes; this one has a planner just made open, so not for itself alone.
-        Recordset other = DBEngine::OpenDatabase(g_sNotesFile).OpenTable(QStringLiteral("QMT Table"));
-        other.SetIndex(QStringLiteral("qmtPrimaryKey"));
-        other.Seek(QStringLiteral("="), QStringLiteral("1999/3/19"));
+        Recordset other = DBEngine::OpenDatabase(g_sNotesFile).OpenTable(u"QMT Table"_s);
+        other.SetIndex(u"qmtPrimaryKey"_s);
+        other.Seek(u"="_s, u"1999/3/19"_s);
         other.Edit();
-        other.SetField(QStringLiteral("qmtText"), QByteArray("newer"));
+        other.SetField(u"qmtText"_s, QByteArray("newer"));
         other.Update();
         m_program->Trigger("mnuSave");
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("newer"));
+        QCOMPARE(m_program->Box(20).Text(), u"newer"_s);
     }
 
     void ASaveLeavesTheWriterWhereHeWas()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("one two"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"one two"_s);
         RichTextBox& box = m_program->Box(20);
         QTest::keyClick(&box, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
         m_program->Trigger("mnuSave");
@@ -126,27 +126,27 @@ private Q_SLOTS:
         QCOMPARE(box.SelBold(), std::optional(true));
         QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
         QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(box.Text() != QStringLiteral("one two"));
+        QVERIFY(box.Text() != u"one two"_s);
         m_program->Trigger("mnuSave");
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
     void APictureAloneIsANote()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         m_program->Box(20).SetTextRTF("{\\rtf1{\\pict\\pngblip\\picwgoal300\\pichgoal300 89504e47}a}");
         m_program->Click(20);
         QTest::keyClick(&m_program->Box(20), Qt::Key_End);
         QTest::keyClick(&m_program->Box(20), Qt::Key_Backspace);
         QCOMPARE(m_program->Box(20).Text(), QString());
         m_program->Trigger("mnuSave");
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("\\pict"));
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("\\pict"));
     }
 
     void KeysOfTheMenuStayWithTheMenu()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("abc"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"abc"_s);
         m_program->Entry("mnuColorSizeFonts").setEnabled(false);
         QTest::keyClick(&m_program->Box(20), Qt::Key_A,
                         Qt::ControlModifier); // and the box must not take it for its own
@@ -155,23 +155,23 @@ private Q_SLOTS:
         QTest::keyClick(&m_program->Box(20), Qt::Key_X, Qt::ControlModifier);
         QTRY_COMPARE(m_program->Box(20).Text(), QString());
         QTest::keyClick(&m_program->Box(20), Qt::Key_V, Qt::ControlModifier);
-        QTRY_COMPARE(m_program->Box(20).Text(), QStringLiteral("abc"));
+        QTRY_COMPARE(m_program->Box(20).Text(), u"abc"_s);
     }
 
     void ANewPlannerDoesNotCostTheTypingInTheOldOne()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("just typed"));
-        m_program->New(QStringLiteral("other.mdb"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"just typed"_s);
+        m_program->New(u"other.mdb"_s);
         QCOMPARE(m_program->Box(20).Text(), QString());
         m_program->Exit();
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("just typed"));
-        QVERIFY(m_program->Stored(QStringLiteral("other.mdb"), QStringLiteral("1999/3/19")).isNull());
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("just typed"));
+        QVERIFY(m_program->Stored(u"other.mdb"_s, u"1999/3/19"_s).isNull());
     }
 
     void AClickSelectsTheDayButNotOnAMemo()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         m_program->Click(20);
         QCOMPARE(g_iDay, std::int16_t{19});
         QCOMPARE(g_iCurrentPanel, std::int16_t{20});

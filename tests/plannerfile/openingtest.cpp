@@ -12,13 +12,13 @@ class OpeningTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    static QString Mru(int entry) { return Ini("MRU", qPrintable(QStringLiteral("MRU%1").arg(entry))); }
+    static QString Mru(int entry) { return Ini("MRU", qPrintable(u"MRU%1"_s.arg(entry))); }
 
     // A planner with only some of its tables, closed again.
     void MakeOlder(const QString& name, const std::vector<TableDef>& tables = plannerTables)
     {
         Recordset notes = schema::OpenNotes(MakePlanner(m_program->folders.Path(name), tables));
-        Write(notes, QStringLiteral("1999/3/17"), "{\\rtf1 kept}");
+        Write(notes, u"1999/3/17"_s, "{\\rtf1 kept}");
     }
 
     static bool MissesTable(const QString& path) { return DBEngine::OpenDatabase(path).TableNames().size() < 3; }
@@ -29,25 +29,25 @@ private Q_SLOTS:
 
     void ANewPlannerHasItsThreeTables()
     {
-        m_program->New(QStringLiteral("Notes.MDB"));
-        QVERIFY(QFile::exists(m_program->folders.Path(QStringLiteral("notes.mdb"))));
+        m_program->New(u"Notes.MDB"_s);
+        QVERIFY(QFile::exists(m_program->folders.Path(u"notes.mdb"_s)));
         QCOMPARE(g_dbPlanner.TableNames().size(), 3);
         for (Recordset* records : {&g_rsQMT, &g_rsAlarm, &g_rsRecurse})
             QVERIFY(records->BOF() && records->EOF_());
-        QCOMPARE(g_rsQMT.Index(), QStringLiteral("qmtPrimaryKey"));
-        QCOMPARE(m_program->form->windowTitle(), QStringLiteral("Orrelin for Windows 95/98/NT - ") + g_sDBPath);
-        QCOMPARE(Mru(1), QStringLiteral("none")); // recent once it was opened
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+        QCOMPARE(g_rsQMT.Index(), u"qmtPrimaryKey"_s);
+        QCOMPARE(m_program->form->windowTitle(), u"Orrelin for Windows 95/98/NT - "_s + g_sDBPath);
+        QCOMPARE(Mru(1), u"none"_s); // recent once it was opened
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
     }
 
     void NewOverAnExistingFileAsksFirst_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<int>("answer");
-        QTest::newRow("no") << QStringLiteral("other.mdb") << msgbox::No;
-        QTest::newRow("without its ending") << QStringLiteral("other") << msgbox::No;
-        QTest::newRow("in use") << QStringLiteral("notes") << msgbox::Yes;
-        QTest::newRow("no folder") << QStringLiteral("none/new.mdb") << 0;
+        QTest::newRow("no") << u"other.mdb"_s << msgbox::No;
+        QTest::newRow("without its ending") << u"other"_s << msgbox::No;
+        QTest::newRow("in use") << u"notes"_s << msgbox::Yes;
+        QTest::newRow("no folder") << u"none/new.mdb"_s << 0;
     }
 
     // A New that comes to nothing leaves the open planner's notes as they were, unsaved ones too.
@@ -55,9 +55,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, typed);
         QFETCH(int, answer);
-        MakeOlder(QStringLiteral("Other.mdb"));
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("kept"));
+        MakeOlder(u"Other.mdb"_s);
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"kept"_s);
         AnswerNextFileDialog(m_program->folders.Path(typed));
         SeenBox seen;
         if (answer != 0) AnswerNextBox(answer, &seen);
@@ -74,27 +74,27 @@ private Q_SLOTS:
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(seen.Title.isEmpty(), answer == 0);
         if (answer != msgbox::No) {
-            QCOMPARE(refusal, QStringLiteral("Could not create New Planner"));
+            QCOMPARE(refusal, u"Could not create New Planner"_s);
             QVERIFY(!reason.isEmpty());
-            QVERIFY(g_sDBPath.endsWith(QStringLiteral("notes.mdb")));
+            QVERIFY(g_sDBPath.endsWith(u"notes.mdb"_s));
         }
         m_program->Click(20);
         QTest::keyClick(&m_program->Box(20), Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClicks(&m_program->Box(20), QStringLiteral("!"));
+        QTest::keyClicks(&m_program->Box(20), u"!"_s);
         m_program->Trigger("mnuNextMonth");
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("kept!"));
-        QVERIFY(m_program->Stored(QStringLiteral("Other.mdb"), QStringLiteral("1999/3/17")).contains("kept"));
+        QCOMPARE(m_program->Box(20).Text(), u"kept!"_s);
+        QVERIFY(m_program->Stored(u"Other.mdb"_s, u"1999/3/17"_s).contains("kept"));
     }
 
     void CancelLeavesEverythingAsItWas()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("kept"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"kept"_s);
         for (const char* entry : {"mnuNew", "mnuOpen"}) {
             CancelNextFileDialog();
             m_program->Trigger(entry);
-            QCOMPARE(m_program->Box(20).Text(), QStringLiteral("kept"));
+            QCOMPARE(m_program->Box(20).Text(), u"kept"_s);
             QVERIFY(!g_sDBPath.isEmpty());
         }
         QCOMPARE(m_program->Log(), QByteArray());
@@ -111,7 +111,7 @@ private Q_SLOTS:
     void WhatIsNoPlannerIsRefusedAndLeftAsItWas()
     {
         QFETCH(QByteArray, content);
-        const QString path = m_program->folders.Path(QStringLiteral("other.mdb"));
+        const QString path = m_program->folders.Path(u"other.mdb"_s);
         SetContent(path, content);
         AnswerNextFileDialog(path);
         Program::AnswerOpenAs(true);
@@ -120,8 +120,8 @@ private Q_SLOTS:
         AnswerNextBox(msgbox::Ok, &next);
         m_program->Trigger("mnuOpen");
         m_program->Trigger("mnuLockDay");
-        QVERIFY2(next.Text.startsWith(QStringLiteral("No Planner Exists!")), qPrintable(next.Text));
-        QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
+        QVERIFY2(next.Text.startsWith(u"No Planner Exists!"_s), qPrintable(next.Text));
+        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
         QCOMPARE(seen.Icon, QMessageBox::Warning);
         QCOMPARE(m_program->Bottom().Caption(), seen.Text);
         QCOMPARE(g_sDBPath, QString());
@@ -145,25 +145,25 @@ private Q_SLOTS:
         QFETCH(int, answer);
         std::vector<TableDef> tables = {schema::NotesTable()};
         if (!lacksAlarms) tables.push_back(schema::AlarmsTable());
-        MakeOlder(QStringLiteral("old.mdb"), tables);
-        AnswerNextFileDialog(m_program->folders.Path(QStringLiteral("old.mdb")));
+        MakeOlder(u"old.mdb"_s, tables);
+        AnswerNextFileDialog(m_program->folders.Path(u"old.mdb"_s));
         Program::AnswerOpenAs(false);
         if (answer) AnswerNextBox(answer);
         m_program->Trigger("mnuOpen");
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
+        QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
         const bool upgraded = answer != msgbox::No;
-        QDirIterator copies(folders::ApplicationDirectory() + QStringLiteral("/backups"), {QStringLiteral("*.mdb")},
-                            QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator copies(folders::ApplicationDirectory() + u"/backups"_s, {u"*.mdb"_s}, QDir::Files,
+                            QDirIterator::Subdirectories);
         QCOMPARE(copies.hasNext(), upgraded); // of the planner as it was
         QVERIFY(!upgraded || MissesTable(copies.next()));
         QCOMPARE(g_dbPlanner.TableNames().size(), upgraded ? 3 : 1);
         QCOMPARE(g_rsRecurse.IsNothing(), !upgraded);
-        QCOMPARE(m_program->form->windowTitle().endsWith(QStringLiteral("old.mdb")), upgraded);
+        QCOMPARE(m_program->form->windowTitle().endsWith(u"old.mdb"_s), upgraded);
         if (!upgraded) return;
-        m_program->Open(QStringLiteral("old.mdb")); // asks no more
+        m_program->Open(u"old.mdb"_s); // asks no more
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
+        QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
     }
 
     void SomeCommandsNeedAPlannerOfTheirKind_data()
@@ -172,10 +172,8 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isShared");      // the planner; else there is none
         QTest::addColumn<QString>("told");
         const auto noPlanner = [](const char* before, const char* between) {
-            return QStringLiteral(
-                       "No Planner Exists!\n%1Use 'File' | 'New' to create a new planner or%2Use 'File | Open' "
-                       "to open an existing planner")
-                .arg(QLatin1StringView(before), QLatin1StringView(between));
+            return u"No Planner Exists!\n%1Use 'File' | 'New' to create a new planner or%2Use 'File | Open' "
+                   "to open an existing planner"_s.arg(QLatin1StringView(before), QLatin1StringView(between));
         };
         const auto row = [](const char* command, bool isShared, const QString& told) {
             QTest::addRow("%s, %s", command, isShared ? "shared" : "none") << QByteArray(command) << isShared << told;
@@ -192,10 +190,9 @@ private Q_SLOTS:
         for (const auto& [command, what] : personal) {
             row(command, false, noPlanner("", "\n"));
             row(command, true,
-                QStringLiteral("Global %1 for a shared database is not allowed. You need to open the "
-                               "database as a 'Personal Planner' to have exclusiveness to the database. "
-                               "Please read the helpfile (F1) for more information.")
-                    .arg(QLatin1StringView(what)));
+                u"Global %1 for a shared database is not allowed. You need to open the "
+                "database as a 'Personal Planner' to have exclusiveness to the database. "
+                "Please read the helpfile (F1) for more information."_s.arg(QLatin1StringView(what)));
         }
     }
 
@@ -203,7 +200,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, command);
         QFETCH(bool, isShared);
-        if (isShared) m_program->New(QStringLiteral("team.mdb"), true);
+        if (isShared) m_program->New(u"team.mdb"_s, true);
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         if (command.startsWith("mnu")) {
@@ -232,30 +229,30 @@ private Q_SLOTS:
                 names += Mru(entry).section(u'/', -1).left(1);
             return names;
         };
-        QCOMPARE(list(), QStringLiteral("edcb"));
+        QCOMPARE(list(), u"edcb"_s);
         QVERIFY(m_program->Entry("mnuMRU(3)").isVisible() && m_program->Entry("mnuMRUHyphen").isVisible());
         Program::AnswerOpenAs(false);
         m_program->Trigger("mnuMRU(2)"); // c
-        QCOMPARE(list(), QStringLiteral("cedb"));
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("kept"));
-        m_program->Open(QStringLiteral("c.mdb"));
-        QCOMPARE(list(), QStringLiteral("cedb"));
+        QCOMPARE(list(), u"cedb"_s);
+        QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
+        m_program->Open(u"c.mdb"_s);
+        QCOMPARE(list(), u"cedb"_s);
         SetIni("MRU", "MRU2", "");
-        m_program->Open(QStringLiteral("c.mdb"));
+        m_program->Open(u"c.mdb"_s);
         QVERIFY(m_program->Entry("mnuMRU(0)").isVisible());
         QVERIFY(!m_program->Entry("mnuMRU(2)").isVisible()); // the first empty key ends the walk
     }
 
     void ALongerEntryThatBeginsWithThePathCountsAsTheSame()
     {
-        MakeOlder(QStringLiteral("plan"));
-        const QString path = m_program->folders.Path(QStringLiteral("plan")).toLower();
-        SetIni("MRU", "MRU1", QStringLiteral("/other.mdb"));
-        SetIni("MRU", "MRU2", path.toUpper() + QStringLiteral(".MDB"));
-        m_program->Open(QStringLiteral("plan"));
+        MakeOlder(u"plan"_s);
+        const QString path = m_program->folders.Path(u"plan"_s).toLower();
+        SetIni("MRU", "MRU1", u"/other.mdb"_s);
+        SetIni("MRU", "MRU2", path.toUpper() + u".MDB"_s);
+        m_program->Open(u"plan"_s);
         QCOMPARE(Mru(1), path);
-        QCOMPARE(Mru(2), QStringLiteral("/other.mdb"));
-        QCOMPARE(Mru(3), QStringLiteral("none"));
+        QCOMPARE(Mru(2), u"/other.mdb"_s);
+        QCOMPARE(Mru(3), u"none"_s);
     }
 };
 

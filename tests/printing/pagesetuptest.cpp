@@ -11,8 +11,7 @@ class PageSetupTest : public QObject
 
     static void SetSeparator(const QString& separator)
     {
-        WritePrivateProfileStringA(QStringLiteral("intl"), QStringLiteral("sDecimal"), separator,
-                                   QStringLiteral("WIN.INI"));
+        WritePrivateProfileStringA(u"intl"_s, u"sDecimal"_s, separator, u"WIN.INI"_s);
     }
     static QLineEdit& Box(QWidget& form, const char* name) { return In<QLineEdit>(form, name); }
     static void Press(QWidget& form, const char* name)
@@ -36,14 +35,14 @@ private Q_SLOTS:
 
     void withoutKeysThereAreDefaults()
     {
-        SetSeparator(QStringLiteral(","));
+        SetSeparator(u","_s);
         PageSetupForm form;
-        QCOMPARE(form.windowTitle(), QStringLiteral("Customize Page Setup"));
+        QCOMPARE(form.windowTitle(), u"Customize Page Setup"_s);
         for (const char* name : {"tbLeft", "tbTop", "tbRight", "tbBottom"})
-            QCOMPARE(Box(form, name).text(), QStringLiteral("1,00"));
+            QCOMPARE(Box(form, name).text(), u"1,00"_s);
         const QLineEdit& header = Box(form, "tbHeader");
         QCOMPARE(header.text(), QString());
-        QCOMPARE(header.font().family(), QStringLiteral("Arial"));
+        QCOMPARE(header.font().family(), u"Arial"_s);
         QVERIFY(header.font().bold() && !header.font().italic());
         QCOMPARE(header.font().pointSizeF(), 12.0);
         QCOMPARE(header.palette().color(QPalette::Text), QColor(Qt::black));
@@ -51,7 +50,7 @@ private Q_SLOTS:
 
     void okWritesWhatWasTyped()
     {
-        SetSeparator(QStringLiteral("."));
+        SetSeparator(u"."_s);
         SetIni("PAGESETUP", "HEADERCOLOR", "&HFF0000&"); // blue
         SetIni("PAGESETUP", "HEADERITALIC", "-1");
         SetIni("PAGESETUP", "HEADERSIZE", "10.5");
@@ -59,16 +58,16 @@ private Q_SLOTS:
         Show(form);
         QCOMPARE(Box(form, "tbHeader").palette().color(QPalette::Text), QColor(Qt::blue));
         Box(form, "tbHeader").setFocus();
-        QTest::keyClicks(&Box(form, "tbHeader"), QStringLiteral("Our year"));
+        QTest::keyClicks(&Box(form, "tbHeader"), u"Our year"_s);
         QTest::keyClick(&Box(form, "tbHeader"), Qt::Key_Return);
         for (const char* name : {"tbLeft", "tbRight"}) {
             QTest::mouseClick(&Box(form, name), Qt::LeftButton);
-            QCOMPARE(Box(form, name).selectedText(), QStringLiteral("1.00"));
-            QTest::keyClicks(&Box(form, name), QStringLiteral("narrow"));
+            QCOMPARE(Box(form, name).selectedText(), u"1.00"_s);
+            QTest::keyClicks(&Box(form, name), u"narrow"_s);
             QTest::keyClick(&Box(form, name), Qt::Key_Enter);
         }
         QVERIFY(form.isVisible());
-        QCOMPARE(Ini("PAGESETUP", "LEFT"), QStringLiteral("none"));
+        QCOMPARE(Ini("PAGESETUP", "LEFT"), u"none"_s);
         Press(form, "btnOk");
         QVERIFY(!form.isVisible());
         const std::pair<const char*, const char*> wanted[] = {{"LEFT", "narrow"},     {"TOP", "1.00"},
@@ -84,8 +83,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("button");
         QTest::addColumn<QString>("size");
-        QTest::newRow("ok") << QByteArray("btnOk") << QStringLiteral("20");
-        QTest::newRow("cancel") << QByteArray("btnCancel") << QStringLiteral("14");
+        QTest::newRow("ok") << QByteArray("btnOk") << u"20"_s;
+        QTest::newRow("cancel") << QByteArray("btnCancel") << u"14"_s;
     }
 
     void fontsAreShownAndKeptByOkAlone()
@@ -103,11 +102,11 @@ private Q_SLOTS:
             });
             Press(form, "btnFonts");
             QCOMPARE(Box(form, "tbHeader").font().pointSize(), 20);
-            QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), QStringLiteral("14"));
+            QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), u"14"_s);
         }
         Press(form, button.constData());
         QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), size);
-        QCOMPARE(Ini("PAGESETUP", "HEADERFONT"), QStringLiteral("Never Installed"));
+        QCOMPARE(Ini("PAGESETUP", "HEADERFONT"), u"Never Installed"_s);
     }
 
     void theCommandNeedsNoPlanner()
@@ -115,12 +114,12 @@ private Q_SLOTS:
         Program program;
         program.Start();
         OnNextModal<PageSetupForm>([](PageSetupForm& form) {
-            QTest::keyClicks(&Box(form, "tbHeader"), QStringLiteral("dropped"));
+            QTest::keyClicks(&Box(form, "tbHeader"), u"dropped"_s);
             QTest::keyClick(&form, Qt::Key_Escape);
         });
         program.Trigger("mnuPageSetup");
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(Ini("PAGESETUP", "HEADER"), QStringLiteral("none"));
+        QCOMPARE(Ini("PAGESETUP", "HEADER"), u"none"_s);
     }
 };
 

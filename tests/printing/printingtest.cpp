@@ -28,10 +28,10 @@ public:
     std::int16_t qmtInitPrint(QWidget*, RichTextBox& tbPrint) override
     {
         m_carrier = &tbPrint;
-        m_calls += QStringLiteral("init");
+        m_calls += u"init"_s;
         return Answer;
     }
-    void qmtPrintHeader() override { m_calls += QStringLiteral("header"); }
+    void qmtPrintHeader() override { m_calls += u"header"_s; }
     void qmtPrintDOW(const QString& caption, const CaptionLook&) override { m_calls += caption; }
     void qmtPrintBoxes(int view, int position) override { Add("box", view, position); }
     void qmtPrintBody(const QString&, int view, int position) override
@@ -44,17 +44,17 @@ public:
         Add("date", view, position, caption);
     }
     void qmtPrintMonth(const QString& caption, const CaptionLook&) override { m_calls += caption; }
-    void qmtEndPrint() override { m_calls += QStringLiteral("end"); }
+    void qmtEndPrint() override { m_calls += u"end"_s; }
     void TellTrouble() override
     {
         OnTrouble();
-        m_calls += QStringLiteral("trouble");
+        m_calls += u"trouble"_s;
     }
 
 private:
     void Add(const char* what, int view, int position, const QString& text = QString())
     {
-        m_calls += QStringLiteral("%1 %2 %3 %4").arg(QLatin1StringView(what)).arg(view).arg(position).arg(text);
+        m_calls += u"%1 %2 %3 %4"_s.arg(QLatin1StringView(what)).arg(view).arg(position).arg(text);
     }
 
     QStringList& m_calls;
@@ -66,7 +66,7 @@ struct RecordingLock final : LockedDay
     explicit RecordingLock(QStringList& calls) : Calls(calls) {}
     bool Commit() override
     {
-        Calls += QStringLiteral("commit");
+        Calls += u"commit"_s;
         return true;
     }
     void LeaveBehind() override {}
@@ -107,14 +107,13 @@ class PrintingTest : public QObject
     };
 
     SpoolForm* Notice() const { return m_program->form->findChild<SpoolForm*>(); }
-    QString Pdf() const { return m_program->folders.Path(QStringLiteral("page.pdf")); }
-    static QString Scratch() { return folders::ApplicationDirectory() + QStringLiteral("/qmtprint.rtf"); }
+    QString Pdf() const { return m_program->folders.Path(u"page.pdf"_s); }
+    static QString Scratch() { return folders::ApplicationDirectory() + u"/qmtprint.rtf"_s; }
 
     QRectF CellOf(const PrintedPage& page, int cell) const
     {
-        const double left = page.At(QStringLiteral("Sun")).center().x(),
-                     right = page.At(QStringLiteral("Sat")).center().x();
-        const double top = page.At(QStringLiteral("Sun")).bottom(), bottom = page.At(QStringLiteral("1999")).top();
+        const double left = page.At(u"Sun"_s).center().x(), right = page.At(u"Sat"_s).center().x();
+        const double top = page.At(u"Sun"_s).bottom(), bottom = page.At(u"1999"_s).top();
         const double width = (right - left) / 6, height = (bottom - top) / 5;
         return {left - width / 2 + (cell - 1) % 7 * width, top + (cell - 1) / 7 * height, width, height};
     }
@@ -135,10 +134,10 @@ private Q_SLOTS:
     {
         QFETCH(const int, view);
         QFETCH(const int, count);
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         if (view == ViewMode::Week) m_program->Trigger("mnuWeekView");
         const int first = view == ViewMode::Week ? 36 : 1;
-        m_program->Type(first + 3, QStringLiteral("typed"));
+        m_program->Type(first + 3, u"typed"_s);
         Job job(*m_program);
         job.view.Mode = view;
         bool hadFile = true;
@@ -146,17 +145,16 @@ private Q_SLOTS:
         job.library.OnTrouble = [&] { QVERIFY(!Notice()); }; // it would lie over the box
         job.printing.mnuPrint_Click();
 
-        QStringList wanted = {QStringLiteral("commit"), QStringLiteral("init"), QStringLiteral("header")};
+        QStringList wanted = {u"commit"_s, u"init"_s, u"header"_s};
         for (const char16_t* day : {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"})
             wanted += QString::fromUtf16(day);
         for (int i = 1; i <= count; ++i) {
-            wanted += QStringLiteral("box %1 %2 ").arg(view).arg(i);
-            wanted +=
-                QStringLiteral("body %1 %2 %3").arg(view).arg(i).arg(i == 4 ? QStringLiteral("typed") : QString());
+            wanted += u"box %1 %2 "_s.arg(view).arg(i);
+            wanted += u"body %1 %2 %3"_s.arg(view).arg(i).arg(i == 4 ? u"typed"_s : QString());
         }
         for (int i = 1; i <= count; ++i)
-            wanted += QStringLiteral("date %1 %2 %3").arg(view).arg(i).arg(m_program->Panel(first + i - 1).Caption());
-        wanted += {QStringLiteral("MARCH 1999"), QStringLiteral("end"), QStringLiteral("trouble")};
+            wanted += u"date %1 %2 %3"_s.arg(view).arg(i).arg(m_program->Panel(first + i - 1).Caption());
+        wanted += {u"MARCH 1999"_s, u"end"_s, u"trouble"_s};
         QCOMPARE(job.calls, wanted);
         QVERIFY(hadFile);
         QVERIFY(!QFile::exists(Scratch()));
@@ -168,7 +166,7 @@ private Q_SLOTS:
         Job job(*m_program);
         job.library.Answer = 0;
         job.printing.subUseDLLPrintEngine();
-        QCOMPARE(job.calls, QStringList{QStringLiteral("init")});
+        QCOMPARE(job.calls, QStringList{u"init"_s});
         QVERIFY(!Notice());
     }
 
@@ -176,10 +174,10 @@ private Q_SLOTS:
     {
         Job job(*m_program);
         job.library.OnBody = [&] {
-            if (job.calls.contains(QStringLiteral("box 3 5 "))) throw RunTimeError{5, QStringLiteral("broken")};
+            if (job.calls.contains(u"box 3 5 "_s)) throw RunTimeError{5, u"broken"_s};
         };
         job.printing.subUseDLLPrintEngine();
-        QCOMPARE(job.calls.last(), QStringLiteral("box 3 5 "));
+        QCOMPARE(job.calls.last(), u"box 3 5 "_s);
         QVERIFY(m_program->Log().contains("broken in MainForm, subUseDLLPrintEngine"));
         QVERIFY(Notice()->isVisible());
         const SSPanel& heading = m_program->Find<SSPanel>("lblDayOfWeek(0)");
@@ -189,53 +187,53 @@ private Q_SLOTS:
     // A folder in the way of the scratch file stands for a disk that takes no more.
     void aNoteIsPrintedWithoutItsScratchFile()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("kept"));
-        QVERIFY(QDir().mkpath(Scratch() + QStringLiteral("/in the way")));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"kept"_s);
+        QVERIFY(QDir().mkpath(Scratch() + u"/in the way"_s));
         Job job(*m_program);
         job.printing.subUseDLLPrintEngine();
-        QVERIFY(job.calls.contains(QStringLiteral("body 3 20 kept")));
-        QVERIFY(job.calls.contains(QStringLiteral("body 3 21 ")));
-        QVERIFY(job.calls.contains(QStringLiteral("end")));
+        QVERIFY(job.calls.contains(u"body 3 20 kept"_s));
+        QVERIFY(job.calls.contains(u"body 3 21 "_s));
+        QVERIFY(job.calls.contains(u"end"_s));
     }
 
     void theShownMonthIsOnThePage()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         g_iMonth = 4; // and then May, whose last two days wrap to the first row
         m_program->Trigger("mnuNextMonth");
         for (int cell = 1; cell <= 35; ++cell)
-            m_program->Box(cell).SetText(QStringLiteral("note%1").arg(cell));
+            m_program->Box(cell).SetText(u"note%1"_s.arg(cell));
         PrintNextTo(Pdf());
         m_program->Trigger("mnuPrint");
         const PrintedPage page(Pdf());
         QCOMPARE(page.Pages(), 1);
         for (int cell = 1; cell <= 35; ++cell) {
             const QRectF place = CellOf(page, cell);
-            QVERIFY(place.contains(page.At(QStringLiteral("note%1").arg(cell))));
+            QVERIFY(place.contains(page.At(u"note%1"_s.arg(cell))));
             QVERIFY(place.contains(page.At(m_program->Panel(cell).Caption().trimmed()).center()));
         }
-        QCOMPARE(page.At(QStringLiteral("36")), QRectF());
+        QCOMPARE(page.At(u"36"_s), QRectF());
         QVERIFY(!m_program->Log().contains("subUseDLLPrintEngine"));
     }
 
     void thePictureCommitsTheLockedDayFirst()
     {
-        const QString file = QStringLiteral("team.mdb");
+        const QString file = u"team.mdb"_s;
         m_program->New(file, true);
         m_program->Click(18);
         QTest::mouseClick(&m_program->Find<PictureButton>("picLock"), Qt::LeftButton);
-        QTest::keyClicks(&m_program->Box(18), QStringLiteral("locked text"));
+        QTest::keyClicks(&m_program->Box(18), u"locked text"_s);
         auto& print = m_program->Find<PictureButton>("picPrint");
         PrintNextTo(Pdf());
         QTest::mousePress(&print, Qt::LeftButton);
         QVERIFY(print.Visible(1));
-        QVERIFY(!m_program->Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
+        QVERIFY(!m_program->Stored(file, u"1999/3/17"_s).contains("locked text"));
         QTest::mouseRelease(&print, Qt::LeftButton);
         QVERIFY(print.Visible(0) && !print.Visible(1));
-        QVERIFY(m_program->Stored(file, QStringLiteral("1999/3/17")).contains("locked text"));
+        QVERIFY(m_program->Stored(file, u"1999/3/17"_s).contains("locked text"));
         const PrintedPage page(Pdf());
-        QVERIFY(CellOf(page, 18).contains(page.At(QStringLiteral("locked"))));
+        QVERIFY(CellOf(page, 18).contains(page.At(u"locked"_s)));
     }
 
     void theSetupAsksForNoFileAndHoldsForTheJob()

@@ -30,7 +30,7 @@ class EventTextTest : public QObject
                body + '}';
     }
 
-    static QTextCharFormat PlainFormat() { return FormatOf(QFont(QStringLiteral("Plain Face"), 9)); }
+    static QTextCharFormat PlainFormat() { return FormatOf(QFont(u"Plain Face"_s, 9)); }
 
     static QByteArray Named(const QByteArray& name)
     {

@@ -11,10 +11,7 @@ class RecurDatesTest : public QObject
 {
     Q_OBJECT
 
-    static QString KeyOf(int year, int month, int day)
-    {
-        return QStringLiteral("%1/%2/%3").arg(year).arg(month).arg(day);
-    }
+    static QString KeyOf(int year, int month, int day) { return u"%1/%2/%3"_s.arg(year).arg(month).arg(day); }
 
     static QString KeyOf(QDate date) { return KeyOf(date.year(), date.month(), date.day()); }
 
@@ -149,7 +146,7 @@ private Q_SLOTS:
     void TheStartMayNotLieBehindTheEnd()
     {
         const QList<QDate> ascending = {{1998, 12, 31}, {1999, 1, 15}, {1999, 2, 1}, {1999, 2, 2}, {2000, 1, 1}};
-        const auto entry = [](QDate date) { return date.toString(QStringLiteral("MM/dd/yyyy")); };
+        const auto entry = [](QDate date) { return date.toString(u"MM/dd/yyyy"_s); };
         for (const QDate start : ascending) {
             for (const QDate end : ascending)
                 QCOMPARE(fnCheckBackwardDate(entry(start), entry(end)), start <= end);

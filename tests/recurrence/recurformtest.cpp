@@ -40,7 +40,7 @@ class RecurFormTest : public QObject
     {
         if (!start.isEmpty()) TypeDate(form, "maskStartDate", start);
         if (!until.isEmpty()) TypeDate(form, "maskUntil", until);
-        if (method >= 0) In<QRadioButton>(form, qPrintable(QStringLiteral("opMethod(%1)").arg(method))).click();
+        if (method >= 0) In<QRadioButton>(form, qPrintable(u"opMethod(%1)"_s.arg(method))).click();
         QTest::keyClicks(&In<RichTextBox>(form, "tbRecurse"), text);
     }
 
@@ -76,13 +76,12 @@ class RecurFormTest : public QObject
     {
         QString text = In<MaskEdBox>(form, "maskStartDate").Text() + u' ' + In<MaskEdBox>(form, "maskUntil").Text();
         for (int i = 0; i < 5; ++i) {
-            if (In<QRadioButton>(form, qPrintable(QStringLiteral("opMethod(%1)").arg(i))).isChecked())
-                text += QStringLiteral(" %1").arg(i);
+            if (In<QRadioButton>(form, qPrintable(u"opMethod(%1)"_s.arg(i))).isChecked()) text += u" %1"_s.arg(i);
         }
         return text + u' ' + In<RichTextBox>(form, "tbRecurse").Text();
     }
 
-    QString TextOf(const QString& key) const { return PlainText(m_program->Stored(QStringLiteral("notes.mdb"), key)); }
+    QString TextOf(const QString& key) const { return PlainText(m_program->Stored(u"notes.mdb"_s, key)); }
 
 private Q_SLOTS:
     void init()
@@ -115,8 +114,8 @@ private Q_SLOTS:
         QFETCH(QString, until);
         QFETCH(QString, label);
         SetDateOrder(order);
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(m_program->CellOf(16), QStringLiteral("already here"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(m_program->CellOf(16), u"already here"_s);
         m_program->Click(m_program->CellOf(9));
         OnNextModal<RecurForm>([&](RecurForm& form) {
             QCOMPARE(In<MaskEdBox>(form, "maskStartDate").Text(), start);
@@ -124,7 +123,7 @@ private Q_SLOTS:
             QCOMPARE(In<QLabel>(form, "lblDateFormat(1)").text(), label);
             QVERIFY(!In<PictureButton>(form, "picRightSpin").isEnabled());
             QVERIFY(!In<QPushButton>(form, "btnDelete").isEnabled());
-            Fill(form, {}, until, -1, QStringLiteral("Rent"));
+            Fill(form, {}, until, -1, u"Rent"_s);
             Activate(form);
             auto& day = In<QRadioButton>(form, "opMethod(0)");
             day.setFocus();
@@ -133,11 +132,11 @@ private Q_SLOTS:
             QVERIFY(!form.isVisible());
         });
         QTest::mouseClick(&m_program->Find<PictureButton>("picRecurse"), Qt::LeftButton);
-        QCOMPARE(TextOf(QStringLiteral("1999/3/9")), QStringLiteral("Rent"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/16")), QStringLiteral("already here\nRent"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/23")), QStringLiteral("Rent"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/30")), QString());
-        QCOMPARE(m_program->Box(m_program->CellOf(16)).Text(), QStringLiteral("already here\nRent"));
+        QCOMPARE(TextOf(u"1999/3/9"_s), u"Rent"_s);
+        QCOMPARE(TextOf(u"1999/3/16"_s), u"already here\nRent"_s);
+        QCOMPARE(TextOf(u"1999/3/23"_s), u"Rent"_s);
+        QCOMPARE(TextOf(u"1999/3/30"_s), QString());
+        QCOMPARE(m_program->Box(m_program->CellOf(16)).Text(), u"already here\nRent"_s);
         QCOMPARE(MousePointer(), mousepointer::Default);
         // The same window shows it again and takes it out. The caret has stayed in its day.
         m_program->Activate();
@@ -149,18 +148,18 @@ private Q_SLOTS:
             QVERIFY(!form.isVisible());
         });
         m_program->Trigger("mnuRecurse");
-        QCOMPARE(TextOf(QStringLiteral("1999/3/16")), QStringLiteral("already here\n"));
+        QCOMPARE(TextOf(u"1999/3/16"_s), u"already here\n"_s);
         QCOMPARE(m_program->Box(m_program->CellOf(9)).Text(), QString());
         QVERIFY(g_rsRecurse.EOF_() && g_rsRecurse.BOF());
     }
 
     void AMemoGivesNoDate()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         g_iCurrentPanel = 35;
-        QVERIFY(m_program->Panel(35).Caption().startsWith(QStringLiteral("Memo")));
+        QVERIFY(m_program->Panel(35).Caption().startsWith(u"Memo"_s));
         OnNextModal<RecurForm>([](RecurForm& form) {
-            QCOMPARE(In<MaskEdBox>(form, "maskStartDate").Text(), QStringLiteral("__/__/____"));
+            QCOMPARE(In<MaskEdBox>(form, "maskStartDate").Text(), u"__/__/____"_s);
             QTest::keyClick(&form, Qt::Key_Escape);
             QVERIFY(!form.isVisible());
         });
@@ -192,10 +191,9 @@ private Q_SLOTS:
         row("order", ok, "02281999", 0, "The Ending Date is earlier than Starting Date");
         row("no method", ok, ok, -1, "Please select a recurring method (Day, Week, Month or Year)");
         for (int method = 0; method < 5; ++method)
-            row(qPrintable(QStringLiteral("no text, %1").arg(method)), ok, ok, method,
-                "Recurring event cannot be empty", "");
+            row(qPrintable(u"no text, %1"_s.arg(method)), ok, ok, method, "Recurring event cannot be empty", "");
         for (const char* number : {"0", "-3", "", "many", "99999"})
-            row(qPrintable(QStringLiteral("step %1").arg(QLatin1StringView(number))), ok, ok, 4,
+            row(qPrintable(u"step %1"_s.arg(QLatin1StringView(number))), ok, ok, 4,
                 "Please choose how many days, weeks, months or years, 1 or more", "x", number);
         row("broken off", "01311999", "12311999", 4,
             "Counted in steps of 30 days, this recurring event would end at Feb 30, 1999: its month has no such day, "
@@ -212,12 +210,12 @@ private Q_SLOTS:
         QFETCH(QString, number);
         QFETCH(QString, message);
         if (start.contains(u'/')) SetDateOrder(2);
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         SeenBox seen;
         OnNextModal<RecurForm>([&](RecurForm& form) {
             Fill(form, start, until, method, text);
             auto& days = In<QComboBox>(form, "cmbRecurDays");
-            QCOMPARE(days.currentText(), QStringLiteral("1"));
+            QCOMPARE(days.currentText(), u"1"_s);
             days.setEditText(number);
             AnswerNextBox(message.endsWith(u'?') ? msgbox::No : msgbox::Ok, &seen);
             Press(form, "btnOk");
@@ -226,31 +224,31 @@ private Q_SLOTS:
         });
         m_program->Trigger("mnuRecurse");
         QCOMPARE(seen.Text, message);
-        QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
+        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
         QCOMPARE(seen.Icon, message.contains(u"earlier"_s) ? QMessageBox::Warning
                             : message.endsWith(u'?')       ? QMessageBox::Question
                                                            : QMessageBox::Information);
         QVERIFY(g_rsRecurse.EOF_());
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/1")).isNull());
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/1"_s).isNull());
     }
 
     void EveryOtherWeekIsKeptAsAWeek()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         OnNextModal<RecurForm>([](RecurForm& form) {
-            Fill(form, QStringLiteral("03011999"), QStringLiteral("03291999"), 4, QStringLiteral("Bins"));
-            In<QComboBox>(form, "cmbRecurDays").setEditText(QStringLiteral("2"));
+            Fill(form, u"03011999"_s, u"03291999"_s, 4, u"Bins"_s);
+            In<QComboBox>(form, "cmbRecurDays").setEditText(u"2"_s);
             auto& units = In<QComboBox>(form, "cmbRecurSpecial");
-            QCOMPARE(units.currentText(), QStringLiteral("Day(s)"));
+            QCOMPARE(units.currentText(), u"Day(s)"_s);
             QTest::keyClick(&units, Qt::Key_Down);
             Press(form, "btnOk");
         });
         m_program->Trigger("mnuRecurse");
-        QCOMPARE(TextOf(QStringLiteral("1999/3/15")), QStringLiteral("Bins"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/8")), QString());
+        QCOMPARE(TextOf(u"1999/3/15"_s), u"Bins"_s);
+        QCOMPARE(TextOf(u"1999/3/8"_s), QString());
         OnNextModal<RecurForm>([](RecurForm& form) {
             Hold(form);
-            QCOMPARE(Shown(form), QStringLiteral("03/01/1999 03/29/1999 1 Bins"));
+            QCOMPARE(Shown(form), u"03/01/1999 03/29/1999 1 Bins"_s);
             Release(form);
             QTest::keyClick(&form, Qt::Key_Escape);
         });
@@ -259,10 +257,10 @@ private Q_SLOTS:
 
     void GoesThroughTheEventsOnceAndDeletesTheOneThatIsShown()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        Enter(QStringLiteral("12011999"), QStringLiteral("12011999"), 0, QStringLiteral("December"));
-        Enter(QStringLiteral("09011999"), QStringLiteral("09011999"), 3, QStringLiteral("September"));
-        Enter(QStringLiteral("03011999"), QStringLiteral("03311999"), 0, QStringLiteral("March"));
+        m_program->New(u"notes.mdb"_s);
+        Enter(u"12011999"_s, u"12011999"_s, 0, u"December"_s);
+        Enter(u"09011999"_s, u"09011999"_s, 3, u"September"_s);
+        Enter(u"03011999"_s, u"03311999"_s, 0, u"March"_s);
         OnNextModal<RecurForm>([&](RecurForm& form) {
             auto& spin = In<PictureButton>(form, "picRightSpin");
             Activate(form);
@@ -270,31 +268,31 @@ private Q_SLOTS:
             Hold(form);
             QVERIFY(spin.Visible(1));
             // Keys come by their text: September before December.
-            QCOMPARE(Shown(form), QStringLiteral("09/01/1999 09/01/1999 3 September"));
+            QCOMPARE(Shown(form), u"09/01/1999 09/01/1999 3 September"_s);
             QVERIFY(!In<QPushButton>(form, "btnOk").isEnabled());
             QVERIFY(In<QPushButton>(form, "btnDelete").isDefault());
-            QCOMPARE(In<QPushButton>(form, "btnCancel").text(), QStringLiteral("Done"));
+            QCOMPARE(In<QPushButton>(form, "btnCancel").text(), u"Done"_s);
             CheckReadOnly(form);
             // Held down, the window shows a record that is not the one before the table's place.
             QTest::mouseClick(&In<QPushButton>(form, "btnDelete"), Qt::LeftButton);
             QVERIFY(form.isVisible());
             Release(form);
-            QCOMPARE(Shown(form), QStringLiteral("09/01/1999 09/01/1999 3 September"));
+            QCOMPARE(Shown(form), u"09/01/1999 09/01/1999 3 September"_s);
             QTest::keyClick(&spin, Qt::Key_Space);
-            QCOMPARE(Shown(form), QStringLiteral("03/01/1999 03/31/1999 0 March"));
+            QCOMPARE(Shown(form), u"03/01/1999 03/31/1999 0 March"_s);
             Hold(form);
-            QCOMPARE(Shown(form), QStringLiteral("12/01/1999 12/01/1999 0 December"));
-            QCOMPARE(In<QLabel>(form, "lblNextRecord").text(), QStringLiteral("Next Recurring Event"));
+            QCOMPARE(Shown(form), u"12/01/1999 12/01/1999 0 December"_s);
+            QCOMPARE(In<QLabel>(form, "lblNextRecord").text(), u"Next Recurring Event"_s);
             Release(form);
             QVERIFY(spin.Visible(0));
             const auto& remove = In<QPushButton>(form, "btnDelete");
             QVERIFY(!remove.hasFocus() && !remove.isDefault());
             In<RichTextBox>(form, "tbRecurse").setFocus();
             QVERIFY(remove.isDefault());
-            QCOMPARE(In<QLabel>(form, "lblNextRecord").text(), QStringLiteral("End of Recurring Event"));
+            QCOMPARE(In<QLabel>(form, "lblNextRecord").text(), u"End of Recurring Event"_s);
             Hold(form);
             Release(form);
-            QCOMPARE(Shown(form), QStringLiteral("12/01/1999 12/01/1999 0 December"));
+            QCOMPARE(Shown(form), u"12/01/1999 12/01/1999 0 December"_s);
             QTest::keyClick(&In<QPushButton>(form, "btnCancel"), Qt::Key_Return);
             QVERIFY(!form.isVisible());
         });
@@ -307,13 +305,13 @@ private Q_SLOTS:
             QVERIFY(!form.isVisible());
         });
         m_program->Trigger("mnuRecurse");
-        QCOMPARE(TextOf(QStringLiteral("1999/3/1")), QString());
-        QCOMPARE(TextOf(QStringLiteral("1999/3/31")), QString());
+        QCOMPARE(TextOf(u"1999/3/1"_s), QString());
+        QCOMPARE(TextOf(u"1999/3/31"_s), QString());
         QCOMPARE(m_program->Box(39).Text(), QString());
-        QCOMPARE(TextOf(QStringLiteral("1999/9/1")), QStringLiteral("September"));
-        QCOMPARE(TextOf(QStringLiteral("1999/12/1")), QStringLiteral("December"));
+        QCOMPARE(TextOf(u"1999/9/1"_s), u"September"_s);
+        QCOMPARE(TextOf(u"1999/12/1"_s), u"December"_s);
         g_rsRecurse.MoveFirst();
-        QCOMPARE(g_rsRecurse.Fields(QStringLiteral("Start Date")).toString(), QStringLiteral("1999/9/1"));
+        QCOMPARE(g_rsRecurse.Fields(u"Start Date"_s).toString(), u"1999/9/1"_s);
         g_rsRecurse.MoveNext();
         g_rsRecurse.MoveNext();
         QVERIFY(g_rsRecurse.EOF_());
@@ -322,17 +320,16 @@ private Q_SLOTS:
     void WaitsForNotesThatCouldNotBeSaved()
     {
         const FailingStores failing;
-        m_program->New(QStringLiteral("notes.mdb"));
-        Enter(QStringLiteral("03011999"), QStringLiteral("03021999"), 0, QStringLiteral("Rent"));
+        m_program->New(u"notes.mdb"_s);
+        Enter(u"03011999"_s, u"03021999"_s, 0, u"Rent"_s);
         RichTextBox& second = m_program->Box(m_program->CellOf(2));
         m_program->Click(m_program->CellOf(2));
         second.SetSelStart(0);
-        QTest::keyClicks(&second, QStringLiteral("Typed "));
+        QTest::keyClicks(&second, u"Typed "_s);
         SeenBox seen[2];
         OnNextModal<RecurForm>([&](RecurForm& form) {
-            Fill(form, {}, QStringLiteral("03091999"), 0, QStringLiteral("Other"));
-            *failing.plan = {
-                1, FailurePlan::ForEver, {3026, QStringLiteral("The disk is full")}, QStringLiteral("Commit")};
+            Fill(form, {}, u"03091999"_s, 0, u"Other"_s);
+            *failing.plan = {1, FailurePlan::ForEver, {3026, u"The disk is full"_s}, u"Commit"_s};
             AnswerNextBox(msgbox::Ok, &seen[0]);
             Press(form, "btnOk");
             QVERIFY(form.isVisible());
@@ -342,13 +339,13 @@ private Q_SLOTS:
         });
         m_program->Trigger("mnuRecurse");
         for (const SeenBox& box : seen)
-            QVERIFY(box.Text.startsWith(QStringLiteral("Some notes could not be saved yet.")));
-        QCOMPARE(second.Text(), QStringLiteral("Typed Rent"));
+            QVERIFY(box.Text.startsWith(u"Some notes could not be saved yet."_s));
+        QCOMPARE(second.Text(), u"Typed Rent"_s);
         *failing.plan = {};
         m_program->Trigger("mnuSave");
-        QCOMPARE(TextOf(QStringLiteral("1999/3/1")), QStringLiteral("Rent"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/2")), QStringLiteral("Typed Rent"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/9")), QString());
+        QCOMPARE(TextOf(u"1999/3/1"_s), u"Rent"_s);
+        QCOMPARE(TextOf(u"1999/3/2"_s), u"Typed Rent"_s);
+        QCOMPARE(TextOf(u"1999/3/9"_s), QString());
         QVERIFY(!g_rsRecurse.EOF_());
     }
 
@@ -364,9 +361,9 @@ private Q_SLOTS:
     {
         QFETCH(bool, isColored);
         constexpr std::uint32_t Red = 0xff, Blue = 0xff0000;
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         OnNextModal<RecurForm>([&](RecurForm& form) {
-            Fill(form, QStringLiteral("03011999"), QStringLiteral("03011999"), 0, QStringLiteral("very big"));
+            Fill(form, u"03011999"_s, u"03011999"_s, 0, u"very big"_s);
             auto& box = In<RichTextBox>(form, "tbRecurse");
             Select(box, 4, 2);
             box.SetSelColor(Red);
@@ -377,7 +374,7 @@ private Q_SLOTS:
                         colors.setCurrentColor(Qt::blue);
                         colors.accept();
                     });
-                    dialog.window()->findChild<QPushButton*>(QStringLiteral("btnColor"))->click();
+                    dialog.window()->findChild<QPushButton*>(u"btnColor"_s)->click();
                 }
                 ChooseSize(dialog, 20);
             });
@@ -386,7 +383,7 @@ private Q_SLOTS:
         });
         m_program->Trigger("mnuRecurse");
         RichTextBox& box = m_program->Box(m_program->CellOf(1));
-        QCOMPARE(box.Text(), QStringLiteral("very big"));
+        QCOMPARE(box.Text(), u"very big"_s);
         Select(box, 0, 4);
         QCOMPARE(box.SelFontSize(), std::optional(8.0));
         Select(box, 5, 3);
@@ -396,11 +393,11 @@ private Q_SLOTS:
 
     void ARecordThatLeadsNowhereCanBeDeleted()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         g_rsRecurse.AddNew();
-        g_rsRecurse.SetField(QStringLiteral("Start Date"), QStringLiteral("1999/77/1"));
-        g_rsRecurse.SetField(QStringLiteral("End Date"), QStringLiteral("soon"));
-        g_rsRecurse.SetField(QStringLiteral("Frequency"), QStringLiteral("HOURLY"));
+        g_rsRecurse.SetField(u"Start Date"_s, u"1999/77/1"_s);
+        g_rsRecurse.SetField(u"End Date"_s, u"soon"_s);
+        g_rsRecurse.SetField(u"Frequency"_s, u"HOURLY"_s);
         g_rsRecurse.Update();
         OnNextModal<RecurForm>([](RecurForm& form) {
             Hold(form), Release(form);

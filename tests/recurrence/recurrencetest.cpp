@@ -44,7 +44,7 @@ class RecurrenceTest : public QObject
         g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     }
 
-    QString Path() const { return m_folders->Path(QStringLiteral("notes.mdb")); }
+    QString Path() const { return m_folders->Path(u"notes.mdb"_s); }
 
     static void PutOldNotes(const QStringList& dates)
     {
@@ -54,20 +54,17 @@ class RecurrenceTest : public QObject
         writing.Commit();
     }
 
-    static QStringList March()
-    {
-        return EventDates(Frequency::Daily, QStringLiteral("1999/3/1"), QStringLiteral("1999/3/20"), 1);
-    }
+    static QStringList March() { return EventDates(Frequency::Daily, u"1999/3/1"_s, u"1999/3/20"_s, 1); }
 
-    static QString FirstDay() { return QStringLiteral("2000/1/1"); }
-    static QString LastDay() { return QStringLiteral("2009/12/31"); }
+    static QString FirstDay() { return u"2000/1/1"_s; }
+    static QString LastDay() { return u"2009/12/31"_s; }
 
     static QString TextOf(const QString& date) // "none" without a record
     {
-        g_rsQMT.Seek(QStringLiteral("="), date);
-        if (g_rsQMT.NoMatch()) return QStringLiteral("none");
+        g_rsQMT.Seek(u"="_s, date);
+        if (g_rsQMT.NoMatch()) return u"none"_s;
         QTextDocument document;
-        ReadRtf(g_rsQMT.Fields(QStringLiteral("qmtText")).toByteArray(), document);
+        ReadRtf(g_rsQMT.Fields(u"qmtText"_s).toByteArray(), document);
         return document.toPlainText();
     }
 
@@ -80,11 +77,11 @@ class RecurrenceTest : public QObject
         return count;
     }
 
-    static QByteArray Log() { return Content(folders::ApplicationDirectory() + QStringLiteral("/planner.err")); }
+    static QByteArray Log() { return Content(folders::ApplicationDirectory() + u"/planner.err"_s); }
 
     void Fail(FailurePlan::When when, int at, int number, const QString& only = {})
     {
-        *m_failing->plan = {at, when, {number, QStringLiteral("The test's reason")}, only};
+        *m_failing->plan = {at, when, {number, u"The test's reason"_s}, only};
     }
 
 private Q_SLOTS:
@@ -93,7 +90,7 @@ private Q_SLOTS:
         m_folders = std::make_unique<TemporaryFolders>();
         m_failing.emplace();
         QDir().mkpath(folders::ApplicationDirectory());
-        OpenErrorLog(folders::ApplicationDirectory() + QStringLiteral("/planner.err"));
+        OpenErrorLog(folders::ApplicationDirectory() + u"/planner.err"_s);
         g_bErrorTrap = true;
         Open(Path(), true);
     }
@@ -110,28 +107,28 @@ private Q_SLOTS:
 
     void IsKeptAndWrittenAndTakenOut()
     {
-        PutOldNotes({QStringLiteral("1999/3/9")});
-        QVERIFY(MakeEvent().fnRecurseWeekly(QStringLiteral("03/02/1999"), QStringLiteral("03/16/1999"), 1));
+        PutOldNotes({u"1999/3/9"_s});
+        QVERIFY(MakeEvent().fnRecurseWeekly(u"03/02/1999"_s, u"03/16/1999"_s, 1));
         g_rsRecurse.MoveFirst();
-        const QMap<QString, QVariant> record = {{QStringLiteral("Start Date"), QStringLiteral("1999/3/2")},
-                                                {QStringLiteral("End Date"), QStringLiteral("1999/3/16")},
-                                                {QStringLiteral("Frequency"), QStringLiteral("WEEKLY")},
-                                                {QStringLiteral("Recursion Text"), Event()}};
+        const QMap<QString, QVariant> record = {{u"Start Date"_s, u"1999/3/2"_s},
+                                                {u"End Date"_s, u"1999/3/16"_s},
+                                                {u"Frequency"_s, u"WEEKLY"_s},
+                                                {u"Recursion Text"_s, Event()}};
         for (auto field = record.cbegin(); field != record.cend(); ++field)
             QCOMPARE(g_rsRecurse.Fields(field.key()), field.value());
-        QCOMPARE(TextOf(QStringLiteral("1999/3/2")), QStringLiteral("Rent"));
-        QCOMPARE(g_rsQMT.Fields(QStringLiteral("qmtText")).toByteArray(), Event());
-        QVERIFY(g_rsQMT.Fields(QStringLiteral("qmtFontName")).isNull());
-        QCOMPARE(TextOf(QStringLiteral("1999/3/3")), QStringLiteral("none"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/9")), QStringLiteral("old 1999/3/9\nRent"));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/23")), QStringLiteral("none"));
+        QCOMPARE(TextOf(u"1999/3/2"_s), u"Rent"_s);
+        QCOMPARE(g_rsQMT.Fields(u"qmtText"_s).toByteArray(), Event());
+        QVERIFY(g_rsQMT.Fields(u"qmtFontName"_s).isNull());
+        QCOMPARE(TextOf(u"1999/3/3"_s), u"none"_s);
+        QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\nRent"_s);
+        QCOMPARE(TextOf(u"1999/3/23"_s), u"none"_s);
         // Once more, and each walk takes one of the two out; the records of days that held nothing else stay.
-        QVERIFY(MakeEvent().fnRecurseWeekly(QStringLiteral("03/02/1999"), QStringLiteral("03/16/1999"), 1));
-        QCOMPARE(TextOf(QStringLiteral("1999/3/2")), QStringLiteral("Rent\nRent"));
+        QVERIFY(MakeEvent().fnRecurseWeekly(u"03/02/1999"_s, u"03/16/1999"_s, 1));
+        QCOMPARE(TextOf(u"1999/3/2"_s), u"Rent\nRent"_s);
         for (const char* rest : {"\nRent", "\n"}) {
-            QVERIFY(MakeEvent().TakeOut(Frequency::Weekly, QStringLiteral("1999/3/2"), QStringLiteral("1999/3/16")));
-            QCOMPARE(TextOf(QStringLiteral("1999/3/2")), QString::fromLatin1(rest));
-            QCOMPARE(TextOf(QStringLiteral("1999/3/9")), QStringLiteral("old 1999/3/9\n") + QLatin1StringView(rest));
+            QVERIFY(MakeEvent().TakeOut(Frequency::Weekly, u"1999/3/2"_s, u"1999/3/16"_s));
+            QCOMPARE(TextOf(u"1999/3/2"_s), QString::fromLatin1(rest));
+            QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\n"_s + QLatin1StringView(rest));
         }
     }
 
@@ -140,22 +137,22 @@ private Q_SLOTS:
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         Recurrence empty("{\\rtf1 }", {}, [](qsizetype, qsizetype) {});
-        QVERIFY(!empty.fnRecurseDaily(QStringLiteral("3/1/1999"), QStringLiteral("3/2/1999"), 1));
-        QCOMPARE(seen.Text, QStringLiteral("Recurring event cannot be empty"));
+        QVERIFY(!empty.fnRecurseDaily(u"3/1/1999"_s, u"3/2/1999"_s, 1));
+        QCOMPARE(seen.Text, u"Recurring event cannot be empty"_s);
         AnswerNextBox(msgbox::Ok, &seen);
-        QVERIFY(!MakeEvent().fnRecurseYearly(QStringLiteral("2/1/1999"), QStringLiteral("2/29/1999"), 1));
-        QCOMPARE(seen.Text, QStringLiteral("End Date is not a valid date"));
-        QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
+        QVERIFY(!MakeEvent().fnRecurseYearly(u"2/1/1999"_s, u"2/29/1999"_s, 1));
+        QCOMPARE(seen.Text, u"End Date is not a valid date"_s);
+        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
         AnswerNextBox(msgbox::Ok, &seen);
-        Fail(FailurePlan::Before, 1, engineerrors::DiskFull, QStringLiteral("Insert"));
-        QVERIFY(!MakeEvent().fnRecurseDaily(QStringLiteral("3/1/1999"), QStringLiteral("3/2/1999"), 1));
-        QCOMPARE(seen.Text, QStringLiteral("The recurring event could not be saved."));
+        Fail(FailurePlan::Before, 1, engineerrors::DiskFull, u"Insert"_s);
+        QVERIFY(!MakeEvent().fnRecurseDaily(u"3/1/1999"_s, u"3/2/1999"_s, 1));
+        QCOMPARE(seen.Text, u"The recurring event could not be saved."_s);
         QVERIFY(Log().contains("The test's reason in RecurForm, fnRecurseDaily"));
         QCOMPARE(Records(), 0);
-        QCOMPARE(TextOf(QStringLiteral("1999/3/1")), QStringLiteral("none"));
+        QCOMPARE(TextOf(u"1999/3/1"_s), u"none"_s);
         // The end's day is looked at by all but the daily events.
-        QVERIFY(MakeEvent().fnRecurseDaily(QStringLiteral("2/28/1999"), QStringLiteral("2/29/1999"), 1));
-        QCOMPARE(TextOf(QStringLiteral("1999/2/28")), QStringLiteral("Rent"));
+        QVERIFY(MakeEvent().fnRecurseDaily(u"2/28/1999"_s, u"2/29/1999"_s, 1));
+        QCOMPARE(TextOf(u"1999/2/28"_s), u"Rent"_s);
     }
 
     void AsksForALockedDay_data()
@@ -169,25 +166,25 @@ private Q_SLOTS:
     {
         QFETCH(bool, retry);
         PutOldNotes(March());
-        Fail(FailurePlan::ForEver, 4, engineerrors::RecordLocked, QStringLiteral("TryLock"));
+        Fail(FailurePlan::ForEver, 4, engineerrors::RecordLocked, u"TryLock"_s);
         SeenBox seen;
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
             seen = {box.windowTitle(), box.text(), box.icon(), {}};
             // The days before are in the file already, for nobody may wait inside a transaction.
-            QCOMPARE(TextOf(QStringLiteral("1999/3/3")), QStringLiteral("old 1999/3/3\nRent"));
+            QCOMPARE(TextOf(u"1999/3/3"_s), u"old 1999/3/3\nRent"_s);
             Fail(FailurePlan::Before, 0, 0);
             support::Press(
                 box,
                 [&](QAbstractButton* b) { return support::PlainText(b) == QLatin1StringView(retry ? "Yes" : "No"); },
                 nullptr);
         });
-        QVERIFY(MakeEvent().fnRecurseDaily(QStringLiteral("3/1/1999"), QStringLiteral("3/20/1999"), 1));
-        QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
-        QCOMPARE(seen.Text, QStringLiteral("Mar 4, 1999 is locked.\nThe test's reason\n\nDo you want to retry?"));
+        QVERIFY(MakeEvent().fnRecurseDaily(u"3/1/1999"_s, u"3/20/1999"_s, 1));
+        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
+        QCOMPARE(seen.Text, u"Mar 4, 1999 is locked.\nThe test's reason\n\nDo you want to retry?"_s);
         QCOMPARE(seen.Icon, QMessageBox::Question);
         for (const QString& date : March()) {
-            const bool leftOut = !retry && date == QStringLiteral("1999/3/4");
-            QCOMPARE(TextOf(date), QStringLiteral("old ") + date + (leftOut ? QString() : QStringLiteral("\nRent")));
+            const bool leftOut = !retry && date == u"1999/3/4"_s;
+            QCOMPARE(TextOf(date), u"old "_s + date + (leftOut ? QString() : u"\nRent"_s));
         }
     }
 
@@ -235,8 +232,8 @@ private Q_SLOTS:
             int untouched = 0;
             for (int i = 0; i < March().size(); ++i) {
                 const QString text = TextOf(March().at(i));
-                const QString changed = removing ? QString(before.at(i)).remove(before.at(i).indexOf(u'R'), 4)
-                                                 : before.at(i) + QStringLiteral("\nRent");
+                const QString changed =
+                    removing ? QString(before.at(i)).remove(before.at(i).indexOf(u'R'), 4) : before.at(i) + u"\nRent"_s;
                 QVERIFY2(text == before.at(i) || text == changed, qPrintable(text));
                 untouched += text == before.at(i);
                 before[i] = text;
@@ -266,8 +263,7 @@ private Q_SLOTS:
         QVERIFY(MakeEvent().fnRecurseDaily(Entry(FirstDay()), Entry(FirstDay()), 1));
         ResetPlannerStateForTests();
         QProcess writer;
-        writer.start(QCoreApplication::applicationFilePath(),
-                     {QStringLiteral("--write-event"), Path(), QString::number(at)});
+        writer.start(QCoreApplication::applicationFilePath(), {u"--write-event"_s, Path(), QString::number(at)});
         QVERIFY(writer.waitForFinished(120000));
         QCOMPARE(writer.exitStatus(), QProcess::CrashExit);
         Open(Path(), false);
@@ -275,10 +271,10 @@ private Q_SLOTS:
         int written = 0;
         for (qsizetype i = 0; i < dates.size(); ++i) {
             const QString text = TextOf(dates.at(i));
-            QString old = i % 2 == 0 ? QStringLiteral("old ") + dates.at(i) : QString();
-            if (i == 0) old += QStringLiteral("\nRent");
-            if (text == old || (old.isEmpty() && text == QStringLiteral("none"))) continue;
-            QCOMPARE(text, old.isEmpty() ? QStringLiteral("Rent") : old + QStringLiteral("\nRent"));
+            QString old = i % 2 == 0 ? u"old "_s + dates.at(i) : QString();
+            if (i == 0) old += u"\nRent"_s;
+            if (text == old || (old.isEmpty() && text == u"none"_s)) continue;
+            QCOMPARE(text, old.isEmpty() ? u"Rent"_s : old + u"\nRent"_s);
             QCOMPARE(written++, i); // no day is left out before one that is written
         }
         QVERIFY(at < 3000 ? written == 0 : written > 0 && written < dates.size());
@@ -302,7 +298,7 @@ public:
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    if (argc == 4 && QLatin1StringView(argv[1]) == QLatin1StringView("--write-event"))
+    if (argc == 4 && QLatin1StringView(argv[1]) == "--write-event"_L1)
         return RecurrenceTest::WriteEvent(QString::fromLocal8Bit(argv[2]), std::atoi(argv[3]));
     RecurrenceTest test;
     return QTest::qExec(&test, argc, argv);

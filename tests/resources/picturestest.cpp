@@ -11,7 +11,7 @@ private Q_SLOTS:
     void EveryPictureHasItsIcon_data()
     {
         QTest::addColumn<QString>("icon");
-        const QStringList pictures = QDir(QStringLiteral(PICTURES_FOLDER)).entryList({QStringLiteral("*.svg")});
+        const QStringList pictures = QDir(QStringLiteral(PICTURES_FOLDER)).entryList({u"*.svg"_s});
         QVERIFY(pictures.size() >= 40);
         for (const QString& picture : pictures) {
             const QString name = picture.chopped(4);

@@ -12,7 +12,7 @@ private Q_SLOTS:
     void EveryScoreHasItsTune_data()
     {
         QTest::addColumn<QString>("tune");
-        const QStringList scores = QDir(QStringLiteral(SCORES_FOLDER)).entryList({QStringLiteral("*.score")});
+        const QStringList scores = QDir(QStringLiteral(SCORES_FOLDER)).entryList({u"*.score"_s});
         QVERIFY(scores.size() >= 8);
         for (const QString& score : scores)
             QTest::newRow(qPrintable(score)) << QStringLiteral(TUNES_FOLDER "/") + score.chopped(6);
@@ -22,11 +22,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, tune);
         const Recording recording;
-        if (tune.endsWith(QStringLiteral(".wav"))) {
+        if (tune.endsWith(u".wav"_s)) {
             QVERIFY(sndPlaySoundA(tune, sound::Asynchronous | sound::NoDefault));
         } else {
-            QCOMPARE(mciSendStringA(QStringLiteral("open %1 type sequencer").arg(tune)), 0);
-            QCOMPARE(mciSendStringA(QStringLiteral("play ") + tune), 0);
+            QCOMPARE(mciSendStringA(u"open %1 type sequencer"_s.arg(tune)), 0);
+            QCOMPARE(mciSendStringA(u"play "_s + tune), 0);
         }
         const QList<double> heard = recording.HearFromTheFirstSound(13);
         const auto last = std::find_if(heard.crbegin(), heard.crend(), Recording::IsSound).base();

@@ -12,13 +12,13 @@
 #include <QTabBar>
 
 namespace {
-const QString Planner = QStringLiteral("family.mdb");
+const QString Planner = u"family.mdb"_s;
 QString g_folder;
 
 void Save(QWidget& window, const char* name)
 {
     QTest::qWait(50); // what is laid out when the event loop runs
-    if (!window.grab().save(g_folder + u'/' + QString::fromLatin1(name) + QStringLiteral(".png")))
+    if (!window.grab().save(g_folder + u'/' + QString::fromLatin1(name) + u".png"_s))
         qFatal("No picture can be written into %s", qPrintable(g_folder));
 }
 
@@ -48,13 +48,13 @@ void SaveBeside(const Program& program, const char* entry)
 
 void Write(const Program& program)
 {
-    program.Type(program.CellOf(3), QStringLiteral("Dentist at nine, bring the papers"));
-    program.Type(program.CellOf(9), QStringLiteral("Ann's birthday"));
+    program.Type(program.CellOf(3), u"Dentist at nine, bring the papers"_s);
+    program.Type(program.CellOf(9), u"Ann's birthday"_s);
     program.Trigger("mnuBold");
-    program.Type(program.CellOf(9), QStringLiteral(" Cake! "));
-    program.Type(program.CellOf(18), QStringLiteral("A note that is longer than its cell has lines for, as notes are "
-                                                    "when somebody has much to do on one day and writes all of it."));
-    subAddAlarmRecord(g_rsAlarm, {QStringLiteral("1999/3/3"), QStringLiteral("10:00"), "call", {}, true});
+    program.Type(program.CellOf(9), u" Cake! "_s);
+    program.Type(program.CellOf(18), u"A note that is longer than its cell has lines for, as notes are "
+                                     "when somebody has much to do on one day and writes all of it."_s);
+    subAddAlarmRecord(g_rsAlarm, {u"1999/3/3"_s, u"10:00"_s, "call", {}, true});
     program.Trigger("mnuSave");
 }
 
@@ -84,23 +84,22 @@ void SaveWithoutCommand(QWidget& owner)
     SaveOwn(StartUpForm(), "StartUp");
     SaveOwn(ExitForm(), "Exit");
     SaveOwn(SpoolForm(&owner), "Spool");
-    SaveOwn(OpenAsForm(QStringLiteral("/home/ann/family.mdb")), "OpenAs");
-    const Alarm alarm{
-        QStringLiteral("1999/3/17"), QStringLiteral("09:30"), "{\\rtf1 Call the \\b school\\b0  back.}", {}, true};
+    SaveOwn(OpenAsForm(u"/home/ann/family.mdb"_s), "OpenAs");
+    const Alarm alarm{u"1999/3/17"_s, u"09:30"_s, "{\\rtf1 Call the \\b school\\b0  back.}", {}, true};
     SaveOwn(AlarmEventForm(alarm, owner.screen(), nullptr), "AlarmEvent");
-    const FoundNote note{QStringLiteral("1999/3/9"), "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"};
-    SaveOwn(RecoveryForm({note, {QStringLiteral("1999/3/10"), {}, "{\\rtf1 New}"}}, &owner), "Recovery");
+    const FoundNote note{u"1999/3/9"_s, "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"};
+    SaveOwn(RecoveryForm({note, {u"1999/3/10"_s, {}, "{\\rtf1 New}"}}, &owner), "Recovery");
     OnNextModal<QMessageBox>([](QMessageBox& box) {
         Save(box, "MessageBox");
         box.button(QMessageBox::Ok)->click();
     });
-    MsgBox(QStringLiteral("These days cannot be saved now.\n\n/home/ann/planners/family.mdb"), msgbox::Exclamation,
-           QStringLiteral("Orrelin Help Wizard"), QStringLiteral("Disk full"));
+    MsgBox(u"These days cannot be saved now.\n\n/home/ann/planners/family.mdb"_s, msgbox::Exclamation,
+           u"Orrelin Help Wizard"_s, u"Disk full"_s);
 }
 
 void UseDarkDesktop()
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QPalette dark(QColor(0x30, 0x32, 0x36), QColor(0x24, 0x26, 0x2A));
     dark.setColor(QPalette::Base, QColor(0x1C, 0x1E, 0x22));
     dark.setColor(QPalette::Disabled, QPalette::Text, QColor(0x80, 0x84, 0x8A));
@@ -115,10 +114,10 @@ int main(int count, char** words)
     QApplication application(count, words);
     g_folder = QCoreApplication::arguments().value(1);
     if (g_folder.isEmpty() || !QDir().mkpath(g_folder)) return 1;
-    if (QCoreApplication::arguments().contains(QStringLiteral("dark"))) UseDarkDesktop();
+    if (QCoreApplication::arguments().contains(u"dark"_s)) UseDarkDesktop();
     Program program;
-    QDir().mkpath(program.folders.Path(QStringLiteral("shipped")));
-    QFile::link(QStringLiteral(HELP), program.folders.Path(QStringLiteral("shipped/ORL.HLP")));
+    QDir().mkpath(program.folders.Path(u"shipped"_s));
+    QFile::link(QStringLiteral(HELP), program.folders.Path(u"shipped/ORL.HLP"_s));
     program.Start();
     program.New(Planner);
     Write(program);

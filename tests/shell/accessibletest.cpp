@@ -29,7 +29,7 @@ QStringList Nameless(QAccessibleInterface* item)
     const bool isGroup = qobject_cast<QGroupBox*>(item->object()) != nullptr;
     const bool hasRole = item->role() != QAccessible::NoRole && item->role() != QAccessible::Client;
     if ((acts || isGroup) && item->object() && (item->text(QAccessible::Name).isEmpty() || !hasRole))
-        wrong += QStringLiteral("no name or role: ") + Called(*item->object());
+        wrong += u"no name or role: "_s + Called(*item->object());
     for (int i = 0; i < item->childCount(); ++i)
         wrong += Nameless(item->child(i));
     return wrong;
@@ -70,11 +70,11 @@ QStringList Unreached(QWidget& window)
         const auto* button = qobject_cast<QPushButton*>(focus);
         const bool looksChosen = button && button->isDefault(); // the style's own look of focus
         if (!looksChosen && window.focusWidget() != focus && window.grab(area).toImage() == entered)
-            wrong += QStringLiteral("focus not seen: ") + Called(*focus);
+            wrong += u"focus not seen: "_s + Called(*focus);
         focus = window.focusWidget();
     }
     for (QWidget* stop : TabStops(window)) {
-        if (!IsReached(stop, reached)) wrong += QStringLiteral("not reached: ") + Called(*stop);
+        if (!IsReached(stop, reached)) wrong += u"not reached: "_s + Called(*stop);
     }
     return wrong;
 }
@@ -105,11 +105,11 @@ QStringList Unreadable(QWidget& window)
         const bool wraps = label && label->wordWrap();
         const QSize wanted = wraps ? QSize(0, widget->heightForWidth(widget->width())) : widget->minimumSizeHint();
         if (wanted.width() > widget->width() || wanted.height() > widget->height())
-            wrong += QStringLiteral("cut: ") + Called(*widget);
+            wrong += u"cut: "_s + Called(*widget);
         if (!widget->isEnabled() || qobject_cast<QPushButton*>(widget)) continue;
         const QColor ground = shown.pixelColor(widget->mapTo(&window, QPoint(widget->width() - 2, 1)));
         QColor ink = widget->palette().color(widget->foregroundRole());
-        if (Contrast(ink, ground) < 4.5) wrong += QStringLiteral("pale: ") + Called(*widget);
+        if (Contrast(ink, ground) < 4.5) wrong += u"pale: "_s + Called(*widget);
     }
     return wrong;
 }
@@ -166,7 +166,7 @@ class AccessibleTest : public QObject
             Look(entry, *window);
             window->close();
         }
-        if (WaitingAnswers() != 0) m_wrong += QLatin1StringView(entry) + QStringLiteral(" opens no window");
+        if (WaitingAnswers() != 0) m_wrong += QLatin1StringView(entry) + u" opens no window"_s;
         DropAnswers();
         m_program->Activate();
     }
@@ -201,7 +201,7 @@ private Q_SLOTS:
         m_wrong.clear();
         m_program->Start();
         QAccessible::setActive(true);
-        m_program->New(QStringLiteral("own.mdb"));
+        m_program->New(u"own.mdb"_s);
         AddAlarms({MakeAlarm("1999/3/17", "10:00", "")});
         m_program->Trigger("mnuNextMonth");
         m_program->Trigger("mnuPrevMonth");
@@ -216,10 +216,10 @@ private Q_SLOTS:
             m_program->Click(Today);
             LookAtWindowOf(entry);
         }
-        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->New(u"team.mdb"_s, true);
         LookAtWindowOf("mnuNetworkOptions");
-        RecoveryForm recovery({{.key = QStringLiteral("1999/3/17")}}, m_program->form.get());
-        OpenAsForm openAs(QStringLiteral("team.mdb"), m_program->form.get());
+        RecoveryForm recovery({{.key = u"1999/3/17"_s}}, m_program->form.get());
+        OpenAsForm openAs(u"team.mdb"_s, m_program->form.get());
         for (QWidget* window : {static_cast<QWidget*>(&recovery), static_cast<QWidget*>(&openAs)}) {
             window->show();
             Look("opening", *window);
@@ -234,23 +234,23 @@ private Q_SLOTS:
     void ACellTellsItsDayAndWhatIsSeenOfIt()
     {
         m_program->Start();
-        m_program->New(QStringLiteral("own.mdb"));
+        m_program->New(u"own.mdb"_s);
         AddAlarms({MakeAlarm("1999/3/16", "10:00", "")});
-        QCOMPARE(Said(Today), QStringLiteral("|")); // nobody listens
+        QCOMPARE(Said(Today), u"|"_s); // nobody listens
         QAccessible::setActive(true);
-        QCOMPARE(Said(Today), QStringLiteral("Wednesday, March 17, 1999|Today."));
+        QCOMPARE(Said(Today), u"Wednesday, March 17, 1999|Today."_s);
         QCOMPARE(Said(m_program->Panel(Today)), Said(Today));
-        QCOMPARE(Said(Today + 1), QStringLiteral("Thursday, March 18, 1999|"));
-        QCOMPARE(Said(1), QStringLiteral("Memo 1 of March 1999|"));
+        QCOMPARE(Said(Today + 1), u"Thursday, March 18, 1999|"_s);
+        QCOMPARE(Said(1), u"Memo 1 of March 1999|"_s);
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(Said(Today), QStringLiteral("Wednesday, April 14, 1999|"));
+        QCOMPARE(Said(Today), u"Wednesday, April 14, 1999|"_s);
         m_program->Trigger("mnuWeekView");
-        QCOMPARE(Said(FirstWeekCell), QStringLiteral("Sunday, April 11, 1999|"));
+        QCOMPARE(Said(FirstWeekCell), u"Sunday, April 11, 1999|"_s);
         m_program->Trigger("mnuMonthView");
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(Said(Today - 1), QStringLiteral("Tuesday, March 16, 1999|Past. Has an alarm."));
-        auto* mark = m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(%1)").arg(Today - 1));
-        QCOMPARE(Said(*mark), QStringLiteral("Alarm of Tuesday, March 16, 1999|Alarm"));
+        QCOMPARE(Said(Today - 1), u"Tuesday, March 16, 1999|Past. Has an alarm."_s);
+        auto* mark = m_program->form->findChild<QToolButton*>(u"btnTunes(%1)"_s.arg(Today - 1));
+        QCOMPARE(Said(*mark), u"Alarm of Tuesday, March 16, 1999|Alarm"_s);
         m_program->Box(Today - 1).setFocus();
         QTest::keyClick(&m_program->Box(Today - 1), Qt::Key_Tab);
         QVERIFY(mark->hasFocus());
@@ -261,15 +261,15 @@ private Q_SLOTS:
     void ACellTellsItsLock()
     {
         m_program->Start();
-        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->New(u"team.mdb"_s, true);
         QAccessible::setActive(true);
         m_program->Click(Today);
         m_program->PressLock();
-        QCOMPARE(Said(Today), QStringLiteral("Wednesday, March 17, 1999|Today. Locked by you."));
-        QCOMPARE(Said(m_program->Lock()), QStringLiteral("Network Unlock|Network Unlock"));
+        QCOMPARE(Said(Today), u"Wednesday, March 17, 1999|Today. Locked by you."_s);
+        QCOMPARE(Said(m_program->Lock()), u"Network Unlock|Network Unlock"_s);
         QVERIFY(QAccessible::queryAccessibleInterface(&m_program->Lock())->state().checked);
         m_program->PressLock();
-        QCOMPARE(Said(Today), QStringLiteral("Wednesday, March 17, 1999|Today."));
+        QCOMPARE(Said(Today), u"Wednesday, March 17, 1999|Today."_s);
         QVERIFY(!QAccessible::queryAccessibleInterface(&m_program->Lock())->state().checked);
     }
 };

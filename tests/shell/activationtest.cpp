@@ -26,9 +26,9 @@ class ActivationTest : public QObject
 
     QDBusPendingCall Call(const QString& method, QVariantList arguments) const
     {
-        QDBusMessage call = QDBusMessage::createMethodCall(DesktopCalls::Name(), QStringLiteral("/org/orrelin/Orrelin"),
-                                                           QStringLiteral("org.freedesktop.Application"), method);
-        call.setArguments(arguments << QVariantMap{{QStringLiteral("desktop-startup-id"), QStringLiteral("token")}});
+        QDBusMessage call = QDBusMessage::createMethodCall(DesktopCalls::Name(), u"/org/orrelin/Orrelin"_s,
+                                                           u"org.freedesktop.Application"_s, method);
+        call.setArguments(arguments << QVariantMap{{u"desktop-startup-id"_s, u"token"_s}});
         return m_desktop.asyncCall(call);
     }
 
@@ -39,8 +39,8 @@ class ActivationTest : public QObject
         QVERIFY(QTest::qWaitFor([&] { return call.isFinished(); }, support::longestWait));
         QVERIFY2(!call.isError(), qPrintable(call.error().message()));
     }
-    void Open(const QStringList& uris) const { CallAndWait(QStringLiteral("Open"), {uris}); }
-    void Activate() const { CallAndWait(QStringLiteral("Activate"), {}); }
+    void Open(const QStringList& uris) const { CallAndWait(u"Open"_s, {uris}); }
+    void Activate() const { CallAndWait(u"Activate"_s, {}); }
 
     QString Address(const QString& name) const
     {
@@ -57,7 +57,7 @@ class ActivationTest : public QObject
     {
         Database planner = MakePlanner(m_program->folders.Path(name));
         Recordset notes = schema::OpenNotes(planner);
-        Write(notes, QStringLiteral("1999/3/17"), "{\\rtf1 " + name.toLatin1() + "}");
+        Write(notes, u"1999/3/17"_s, "{\\rtf1 " + name.toLatin1() + "}");
     }
 
     QString Owner() const { return m_desktop.interface()->serviceOwner(DesktopCalls::Name()); }
@@ -70,10 +70,7 @@ class ActivationTest : public QObject
     }
 
 public:
-    explicit ActivationTest(const QString& address)
-        : m_desktop(QDBusConnection::connectToBus(address, QStringLiteral("desktop")))
-    {
-    }
+    explicit ActivationTest(const QString& address) : m_desktop(QDBusConnection::connectToBus(address, u"desktop"_s)) {}
 
 private Q_SLOTS:
     void init()
@@ -90,18 +87,18 @@ private Q_SLOTS:
 
     void AChosenPlannerIsOpenedAsFromTheRecentList()
     {
-        m_program->New(QStringLiteral("first.mdb"));
-        m_program->Type(20, QStringLiteral("not saved yet"));
-        Make(QStringLiteral("Year & #1.MDB"));
-        Make(QStringLiteral("year & #1.mdb")); // not the one that was chosen
+        m_program->New(u"first.mdb"_s);
+        m_program->Type(20, u"not saved yet"_s);
+        Make(u"Year & #1.MDB"_s);
+        Make(u"year & #1.mdb"_s); // not the one that was chosen
         Program::AnswerOpenAs(true);
-        Open({Address(QStringLiteral("Year & #1.MDB"))});
-        QTRY_VERIFY(Shows(QStringLiteral("Year & #1.MDB")));
-        QCOMPARE(m_program->Box(18).Text(), QStringLiteral("Year & #1.MDB"));
+        Open({Address(u"Year & #1.MDB"_s)});
+        QTRY_VERIFY(Shows(u"Year & #1.MDB"_s));
+        QCOMPARE(m_program->Box(18).Text(), u"Year & #1.MDB"_s);
         QVERIFY(g_bDBShared);
-        QCOMPARE(g_sDBTitle, QStringLiteral("year & #1.mdb"));
+        QCOMPARE(g_sDBTitle, u"year & #1.mdb"_s);
         QVERIFY(m_program->Entry("mnuMRU(0)").isVisible());
-        QVERIFY(m_program->Stored(QStringLiteral("first.mdb"), QStringLiteral("1999/3/19")).contains("not saved yet"));
+        QVERIFY(m_program->Stored(u"first.mdb"_s, u"1999/3/19"_s).contains("not saved yet"));
     }
 
     void WhatCannotBeOpenedIsToldOf_data()
@@ -124,8 +121,8 @@ private Q_SLOTS:
         QFETCH(QString, uri);
         QFETCH(bool, asksHow);
         QFETCH(QString, told);
-        SetContent(m_program->folders.Path(QStringLiteral("letter.mdb")), "Dear Ann");
-        QVERIFY(QDir().mkpath(m_program->folders.Path(QStringLiteral("folder.mdb"))));
+        SetContent(m_program->folders.Path(u"letter.mdb"_s), "Dear Ann");
+        QVERIFY(QDir().mkpath(m_program->folders.Path(u"folder.mdb"_s)));
         SeenBox seen;
         if (asksHow) Program::AnswerOpenAs(false);
         AnswerNextBox(msgbox::Ok, &seen);
@@ -137,63 +134,63 @@ private Q_SLOTS:
 
     void OfSeveralTheFirstIsOpened()
     {
-        Make(QStringLiteral("a.mdb"));
+        Make(u"a.mdb"_s);
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         Program::AnswerOpenAs(false);
-        Open({Address(QStringLiteral("a.mdb")), Address(QStringLiteral("b.mdb")), Address(QStringLiteral("c.mdb"))});
-        QTRY_VERIFY(Shows(QStringLiteral("a.mdb")));
+        Open({Address(u"a.mdb"_s), Address(u"b.mdb"_s), Address(u"c.mdb"_s)});
+        QTRY_VERIFY(Shows(u"a.mdb"_s));
         QVERIFY2(seen.Text.contains(u'3'), qPrintable(seen.Text));
     }
 
     // Of two that were chosen meanwhile the later one counts.
     void AnOpenWindowIsNotDisturbed()
     {
-        Make(QStringLiteral("a.mdb"));
-        Make(QStringLiteral("b.mdb"));
+        Make(u"a.mdb"_s);
+        Make(u"b.mdb"_s);
         OnNextModal<AboutForm>([this](AboutForm& about) {
-            Open({Address(QStringLiteral("a.mdb"))});
-            Open({Address(QStringLiteral("b.mdb"))});
+            Open({Address(u"a.mdb"_s)});
+            Open({Address(u"b.mdb"_s)});
             QTest::qWait(150); // longer than until it is tried once more
             QCOMPARE(QApplication::activeModalWidget(), &about);
             Program::AnswerOpenAs(false);
             about.accept();
         });
         m_program->Trigger("mnuAbout");
-        QTRY_VERIFY(Shows(QStringLiteral("b.mdb")));
+        QTRY_VERIFY(Shows(u"b.mdb"_s));
         QCOMPARE(WaitingAnswers(), 0);
     }
 
     void ARoutineThatLetsWindowsPaintIsNotDisturbed()
     {
-        Make(QStringLiteral("a.mdb"));
+        Make(u"a.mdb"_s);
         Program::AnswerOpenAs(false);
-        const QDBusPendingCall call = Call(QStringLiteral("Open"), {QStringList{Address(QStringLiteral("a.mdb"))}});
+        const QDBusPendingCall call = Call(u"Open"_s, {QStringList{Address(u"a.mdb"_s)}});
         const QDeadlineTimer routine(150);
         while (!call.isFinished() || !routine.hasExpired()) {
             QThread::msleep(5);
             DoEvents();
         }
         QCOMPARE(WaitingAnswers(), 1);
-        QTRY_VERIFY(Shows(QStringLiteral("a.mdb")));
+        QTRY_VERIFY(Shows(u"a.mdb"_s));
     }
 
     // It has a loop of its own inside the program's.
     void ADragIsNotDisturbed()
     {
-        Make(QStringLiteral("a.mdb"));
+        Make(u"a.mdb"_s);
         Program::AnswerOpenAs(false);
         QEventLoop program, drag;
         QTimer::singleShot(0, this, [&] {
             QTimer::singleShot(150, &drag, &QEventLoop::quit);
-            const auto call = Call(QStringLiteral("Open"), {QStringList{Address(QStringLiteral("a.mdb"))}});
+            const auto call = Call(u"Open"_s, {QStringList{Address(u"a.mdb"_s)}});
             drag.exec();
             QVERIFY(call.isFinished());
             QCOMPARE(WaitingAnswers(), 1);
             program.quit();
         });
         program.exec();
-        QTRY_VERIFY(Shows(QStringLiteral("a.mdb")));
+        QTRY_VERIFY(Shows(u"a.mdb"_s));
     }
 
     void TheWindowComesToTheFront()
@@ -202,8 +199,7 @@ private Q_SLOTS:
         Activate();
         QTRY_VERIFY(m_program->form->isActiveWindow() && !m_program->form->isMinimized());
         QCOMPARE(qgetenv("XDG_ACTIVATION_TOKEN"), QByteArray("token"));
-        const QDBusPendingCall unknown =
-            Call(QStringLiteral("ActivateAction"), {QStringLiteral("dance"), QVariantList()});
+        const QDBusPendingCall unknown = Call(u"ActivateAction"_s, {u"dance"_s, QVariantList()});
         QTRY_VERIFY(unknown.isFinished());
         QCOMPARE(unknown.error().type(), QDBusError::InvalidArgs);
     }
@@ -248,19 +244,18 @@ int main(int argc, char** argv)
 {
     QTemporaryDir home;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString services = home.filePath(QStringLiteral("dbus-1/services"));
-    const QString service = u'/' + DesktopCalls::Name() + QStringLiteral(".service");
+    const QString services = home.filePath(u"dbus-1/services"_s);
+    const QString service = u'/' + DesktopCalls::Name() + u".service"_s;
     if (!QDir().mkpath(services) || !QFile::copy(QStringLiteral(PACKAGING_FOLDER) + service, services + service))
         qFatal("the file of the service is not there");
     for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
         environment.insert(QString::fromLatin1(name), home.path());
-    environment.insert(QStringLiteral("PATH"),
-                       QStringLiteral(PROGRAM_FOLDER ":") + environment.value(QStringLiteral("PATH")));
+    environment.insert(u"PATH"_s, QStringLiteral(PROGRAM_FOLDER ":") + environment.value(u"PATH"_s));
     const PrivateBus bus(environment);
     QApplication application(argc, argv);
     ActivationTest test(bus.Address());
     const int result = QTest::qExec(&test, argc, argv);
-    QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+    QDBusConnection::disconnectFromBus(u"desktop"_s);
     return result;
 }
 

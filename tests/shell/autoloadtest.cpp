@@ -28,55 +28,53 @@ private Q_SLOTS:
 
     void ThePlannerIsThereAtTheNextStart()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("found again"));
-        Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(1)")}, Qt::Key_Return);
-        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), QStringLiteral("1"));
-        QCOMPARE(Ini("QMT2LOAD", "FILETITLE"), QStringLiteral("notes.mdb"));
-        QVERIFY(Content(folders::WindowsDirectory() + QStringLiteral("/PLANNER.INI")).contains("\nTITLESIZE= 9\n"));
-        QCOMPARE(Ini("VIEW", "VIEWPREF"), QStringLiteral("3"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"found again"_s);
+        Customize({u"chkAutoload"_s, u"opStartupView(1)"_s}, Qt::Key_Return);
+        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"1"_s);
+        QCOMPARE(Ini("QMT2LOAD", "FILETITLE"), u"notes.mdb"_s);
+        QVERIFY(Content(folders::WindowsDirectory() + u"/PLANNER.INI"_s).contains("\nTITLESIZE= 9\n"));
+        QCOMPARE(Ini("VIEW", "VIEWPREF"), u"3"_s);
         m_program->Exit();
         m_program->Start();
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("found again"));
-        QVERIFY(m_program->form->windowTitle().endsWith(QStringLiteral("notes.mdb")));
+        QCOMPARE(m_program->Box(20).Text(), u"found again"_s);
+        QVERIFY(m_program->form->windowTitle().endsWith(u"notes.mdb"_s));
 
         // Cancelled, nothing changes; cleared, the path goes.
-        Customize({QStringLiteral("chkAutoload"), QStringLiteral("chkMinimized")}, Qt::Key_Escape);
-        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), QStringLiteral("1"));
-        QCOMPARE(Ini("VIEW", "MINIMIZED"), QStringLiteral("0"));
-        Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(0)")}, Qt::Key_Return);
-        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), QStringLiteral("0"));
+        Customize({u"chkAutoload"_s, u"chkMinimized"_s}, Qt::Key_Escape);
+        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"1"_s);
+        QCOMPARE(Ini("VIEW", "MINIMIZED"), u"0"_s);
+        Customize({u"chkAutoload"_s, u"opStartupView(0)"_s}, Qt::Key_Return);
+        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"0"_s);
         QCOMPARE(Ini("QMT2LOAD", "FILEPATH"), QString());
         SetIni("QMT2LOAD", "LOAD CONDITION", "1"); // without a path it is none
         m_program->Exit();
         m_program->Start();
         QVERIFY(g_sDBPath.isEmpty());
-        QCOMPARE(m_program->Panel(36).Caption(), QStringLiteral(" 14"));
+        QCOMPARE(m_program->Panel(36).Caption(), u" 14"_s);
     }
 
     void AMinimisedStartKnowsItsNotesWhenItComesBack()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("found again"));
-        Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(1)"), QStringLiteral("chkMinimized")},
-                  Qt::Key_Return);
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"found again"_s);
+        Customize({u"chkAutoload"_s, u"opStartupView(1)"_s, u"chkMinimized"_s}, Qt::Key_Return);
         m_program->Exit();
         m_program->form = std::make_unique<Mainform>();
         m_program->form->Form_Load([](const QString&) {}, [] {});
         QVERIFY(m_program->form->isMinimized());
         m_program->form->showNormal();
         QTRY_VERIFY(m_program->Bottom().isVisible());
-        QCOMPARE(m_program->Box(20).Text(), QStringLiteral("found again"));
+        QCOMPARE(m_program->Box(20).Text(), u"found again"_s);
         QVERIFY(m_program->Find<QWidget>("tabSidebar").isVisible());
     }
 
     void AWorkgroupsPlannerOpensSharedAtTheNextStart()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        Customize({QStringLiteral("chkAutoload"), QStringLiteral("opShared(1)"), QStringLiteral("opStartupView(1)")},
-                  Qt::Key_Return);
+        m_program->New(u"notes.mdb"_s);
+        Customize({u"chkAutoload"_s, u"opShared(1)"_s, u"opStartupView(1)"_s}, Qt::Key_Return);
         m_program->Exit();
-        const Database other = DBEngine::OpenDatabase(m_program->folders.Path(QStringLiteral("notes.mdb")));
+        const Database other = DBEngine::OpenDatabase(m_program->folders.Path(u"notes.mdb"_s));
         m_program->Start();
         QVERIFY(g_bDBShared && !g_sDBPath.isEmpty());
         QVERIFY(m_program->Box(20).Locked());
@@ -85,16 +83,16 @@ private Q_SLOTS:
 
     void APlannerThatIsGoneGivesTheMessageAtEachStart()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        Customize({QStringLiteral("chkAutoload"), QStringLiteral("opStartupView(1)")}, Qt::Key_Return);
+        m_program->New(u"notes.mdb"_s);
+        Customize({u"chkAutoload"_s, u"opStartupView(1)"_s}, Qt::Key_Return);
         m_program->Exit();
-        QVERIFY(QFile::remove(m_program->folders.Path(QStringLiteral("notes.mdb"))));
+        QVERIFY(QFile::remove(m_program->folders.Path(u"notes.mdb"_s)));
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Start();
-        QVERIFY(seen.Text.contains(QStringLiteral("notes.mdb")));
+        QVERIFY(seen.Text.contains(u"notes.mdb"_s));
         QVERIFY(g_sDBPath.isEmpty());
-        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), QStringLiteral("1"));
+        QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"1"_s);
     }
 };
 

@@ -11,7 +11,7 @@ class StartStopTest : public QObject
 
     static void WriteIni(const QByteArray& content)
     {
-        SetContent(folders::WindowsDirectory() + QStringLiteral("/PLANNER.INI"), content);
+        SetContent(folders::WindowsDirectory() + u"/PLANNER.INI"_s, content);
     }
 
 private Q_SLOTS:
@@ -35,11 +35,11 @@ private Q_SLOTS:
     void TheExitSavesWhateverTheWayOut()
     {
         m_program->Start();
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("first"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"first"_s);
         m_program->form->subExitProgram(3);
         m_program->form.reset();
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("first"));
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("first"));
     }
 
     void TheWindowComesBackWhereItWas()
@@ -48,8 +48,8 @@ private Q_SLOTS:
         m_program->form->move(60, 40);
         m_program->form->resize(640, 500);
         m_program->Exit();
-        QCOMPARE(Ini("Mainform Dimension", "Left"), QStringLiteral("900"));
-        QCOMPARE(Ini("Mainform Dimension", "Bottom"), QStringLiteral("8100"));
+        QCOMPARE(Ini("Mainform Dimension", "Left"), u"900"_s);
+        QCOMPARE(Ini("Mainform Dimension", "Bottom"), u"8100"_s);
         m_program->Start();
         QCOMPARE(m_program->form->pos(), QPoint(60, 40));
         QCOMPARE(m_program->form->size(), QSize(640, 500));
@@ -96,11 +96,11 @@ private Q_SLOTS:
         QFETCH(QByteArray, ini);
         WriteIni(ini);
         m_program->Start();
-        m_program->New(QStringLiteral("notes.mdb"));
-        const bool isMonth = m_program->form->findChild<RichTextBox*>(QStringLiteral("tbDay(20)")) != nullptr;
-        if (isMonth) m_program->Type(20, QStringLiteral("still here"));
+        m_program->New(u"notes.mdb"_s);
+        const bool isMonth = m_program->form->findChild<RichTextBox*>(u"tbDay(20)"_s) != nullptr;
+        if (isMonth) m_program->Type(20, u"still here"_s);
         m_program->Exit();
-        const QByteArray stored = m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19"));
+        const QByteArray stored = m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s);
         QCOMPARE(stored.contains("still here"), isMonth);
     }
 };

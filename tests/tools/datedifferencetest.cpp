@@ -16,7 +16,7 @@ class DateDifferenceTest : public QObject
     std::unique_ptr<Program> m_program;
 
     QLabel& Label() const { return m_program->Find<QLabel>("lblDateDiff"); }
-    ToolbarButton& Button() const { return m_program->Find<Toolbar>("tbTop").Buttons(QStringLiteral("datediff")); }
+    ToolbarButton& Button() const { return m_program->Find<Toolbar>("tbTop").Buttons(u"datediff"_s); }
     void MoveOver(int cell) const
     {
         QTest::mouseMove(m_program->Box(cell).viewport(), QPoint(5, 5));
@@ -90,28 +90,28 @@ private Q_SLOTS:
         QTest::mouseClick(&Button(), Qt::LeftButton);
         QCOMPARE(Button().Value(), 1);
         QVERIFY(m_program->Entry("mnuDateDiffShow").isChecked());
-        QCOMPARE(Over(fifth), QStringLiteral("Day 63"));
+        QCOMPARE(Over(fifth), u"Day 63"_s);
         QVERIFY(Label().testAttribute(Qt::WA_TransparentForMouseEvents));
         QCOMPARE(Label().geometry().bottomRight(), m_program->Box(fifth).geometry().bottomRight());
         QVERIFY(Label().width() >= Label().sizeHint().width());
-        QCOMPARE(Over(last), QStringLiteral("Day 89"));
+        QCOMPARE(Over(last), u"Day 89"_s);
         QCOMPARE(Label().geometry().bottomRight(), m_program->Box(last).geometry().bottomRight());
         // A memo cell has no date.
         const QRect before = Label().geometry();
         int memo = 1;
         while (!m_program->Panel(memo).Caption().startsWith(u"Memo"))
             ++memo;
-        QCOMPARE(Over(memo), QStringLiteral("Day 89"));
+        QCOMPARE(Over(memo), u"Day 89"_s);
         QCOMPARE(Label().geometry(), before);
         Put("Calculation Method", "1");
-        QCOMPARE(Over(last), QStringLiteral("Week 13"));
+        QCOMPARE(Over(last), u"Week 13"_s);
         Put("Calculation Method", "2");
         Put("DateDiff", "12/01/2000");
-        QCOMPARE(Over(last), QStringLiteral("Month -21"));
+        QCOMPARE(Over(last), u"Month -21"_s);
         Put("DateDiff", "12/ 1/2000");
         QCOMPARE(Over(last), QString()); // nothing rather than nonsense
         Put("DateDiff", "03/31/1999");
-        QCOMPARE(Over(last), QStringLiteral("Month 0"));
+        QCOMPARE(Over(last), u"Month 0"_s);
         m_program->Trigger("mnuDateDiffShow");
         QCOMPARE(Button().Value(), 0);
         QVERIFY(!m_program->Entry("mnuDateDiffShow").isChecked());
@@ -122,7 +122,7 @@ private Q_SLOTS:
     void TheLabelStaysWithItsCell()
     {
         m_program->Start();
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         m_program->Trigger("mnuDateDiffShow");
         const int fifth = m_program->CellOf(5), first = m_program->CellOf(1);
         MoveOver(fifth);
@@ -134,7 +134,7 @@ private Q_SLOTS:
         m_program->form->resize(m_program->form->size() - QSize(140, 100));
         QVERIFY(QTest::qWaitFor(isThere));
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(Label().text(), QStringLiteral("Day 91")); // 2 April
+        QCOMPARE(Label().text(), u"Day 91"_s); // 2 April
         QVERIFY(isThere());
         m_program->Trigger("mnuPrevMonth");
         const auto enter = [&](int cell) { m_program->Box(cell).setFocus(Qt::TabFocusReason); };
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         SetDateOrder(order);
         m_program->Start();
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         Customize([&](DateDiffForm& form) {
             QCOMPARE(In<QLabel>(form, "lblDateFormat").text(), label);
             QCOMPARE(Mask(form).Text(), shown);
@@ -198,9 +198,9 @@ private Q_SLOTS:
             QTest::keyClicks(&Mask(form), typed);
             QTest::keyClick(&form, Qt::Key_Return);
         });
-        QCOMPARE(Stored("DateDiff"), QStringLiteral("07/04/1999"));
-        QCOMPARE(Stored("Calculation Method"), QStringLiteral("1"));
-        QCOMPARE(Stored("Label Color"), QStringLiteral("&HAB3412&"));
+        QCOMPARE(Stored("DateDiff"), u"07/04/1999"_s);
+        QCOMPARE(Stored("Calculation Method"), u"1"_s);
+        QCOMPARE(Stored("Label Color"), u"&HAB3412&"_s);
         m_program->Trigger("mnuDateDiffShow");
         QCOMPARE(Label().palette().color(QPalette::Window), QColor(0x12, 0x34, 0xAB));
         Customize([&](DateDiffForm& form) {
@@ -214,19 +214,19 @@ private Q_SLOTS:
         Put("DateDiff", "02/29/2100");
         SetDateOrder(0);
         m_program->Start();
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         SeenBox seen;
         Customize([&](DateDiffForm& form) {
-            QCOMPARE(Mask(form).Text(), QStringLiteral("02/29/2100"));
-            Mask(form).SetText(QStringLiteral("02/30/2000"));
+            QCOMPARE(Mask(form).Text(), u"02/29/2100"_s);
+            Mask(form).SetText(u"02/30/2000"_s);
             AnswerNextBox(msgbox::Ok, &seen);
             QTest::keyClick(&form, Qt::Key_Return);
             QVERIFY(form.isVisible());
             QTest::keyClick(&form, Qt::Key_Escape);
         });
-        QCOMPARE(seen.Text, QStringLiteral("Start Date is not a valid date"));
-        QCOMPARE(seen.Title, QStringLiteral("Orrelin Help Wizard"));
-        QCOMPARE(Stored("DateDiff"), QStringLiteral("02/29/2100"));
+        QCOMPARE(seen.Text, u"Start Date is not a valid date"_s);
+        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
+        QCOMPARE(Stored("DateDiff"), u"02/29/2100"_s);
     }
 };
 

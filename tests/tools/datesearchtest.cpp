@@ -19,20 +19,20 @@ private Q_SLOTS:
 
     void JumpsToThePickedMonthAndSavesOnTheWay()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(20, QStringLiteral("before the jump"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(20, u"before the jump"_s);
         OnNextModal<DateSearchForm>([](DateSearchForm& form) {
-            QVERIFY(Option(form, QStringLiteral("opMonth(3)")).isChecked());
-            QVERIFY(Option(form, QStringLiteral("opYear(1999)")).isChecked());
-            Option(form, QStringLiteral("opMonth(2)")).click();
-            Option(form, QStringLiteral("opYear(2004)")).click();
+            QVERIFY(Option(form, u"opMonth(3)"_s).isChecked());
+            QVERIFY(Option(form, u"opYear(1999)"_s).isChecked());
+            Option(form, u"opMonth(2)"_s).click();
+            Option(form, u"opYear(2004)"_s).click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         QTest::keyClick(&m_program->Box(20), Qt::Key_F3);
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("FEBRUARY 2004"));
+        QCOMPARE(m_program->Bottom().Caption(), u"FEBRUARY 2004"_s);
         QCOMPARE(g_iDay, std::int16_t{19});
         QVERIFY(m_program->CellOf(29) > 0);
-        QVERIFY(m_program->Stored(QStringLiteral("notes.mdb"), QStringLiteral("1999/3/19")).contains("before"));
+        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("before"));
     }
 
     void AYearWithoutAButtonStays()
@@ -40,14 +40,14 @@ private Q_SLOTS:
         g_iYear = 2026;
         OnNextModal<DateSearchForm>([](DateSearchForm& form) {
             QCOMPARE(form.Year(), std::optional<std::int16_t>());
-            Option(form, QStringLiteral("opMonth(11)")).click();
+            Option(form, u"opMonth(11)"_s).click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         QTest::mouseDClick(&m_program->Bottom(), Qt::LeftButton);
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("NOVEMBER 2026"));
+        QCOMPARE(m_program->Bottom().Caption(), u"NOVEMBER 2026"_s);
         QVERIFY(m_program->Log().contains(" in DateSearchForm"));
         OnNextModal<DateSearchForm>([](DateSearchForm& form) {
-            Option(form, QStringLiteral("opMonth(1)")).click();
+            Option(form, u"opMonth(1)"_s).click();
             QTest::keyClick(&form, Qt::Key_Escape);
         });
         m_program->Trigger("mnuDateSearch");
@@ -56,13 +56,13 @@ private Q_SLOTS:
 
     void InTheWeekThereIsOnlyAMessage()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         m_program->Trigger("mnuWeekView");
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         QTest::mouseDClick(&m_program->Bottom(), Qt::LeftButton);
-        QCOMPARE(seen.Title, QStringLiteral("Currently not Monthly View"));
-        QCOMPARE(seen.Text, QStringLiteral("Please switch to Monthly View first."));
+        QCOMPARE(seen.Title, u"Currently not Monthly View"_s);
+        QCOMPARE(seen.Text, u"Please switch to Monthly View first."_s);
     }
 };
 

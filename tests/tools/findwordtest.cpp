@@ -11,18 +11,18 @@ class FindWordTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_name = QStringLiteral("notes.mdb");
+    const QString m_name = u"notes.mdb"_s;
     std::unique_ptr<Program> m_program;
 
     // Keys are texts: the last record is the one whose key is the smallest.
     void Store(const QMap<QString, QByteArray>& notes) const
     {
         Database planner = DBEngine::OpenDatabase(m_program->folders.Path(m_name));
-        Recordset records = planner.OpenTable(QStringLiteral("QMT Table"));
+        Recordset records = planner.OpenTable(u"QMT Table"_s);
         for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
             records.AddNew();
-            records.SetField(QStringLiteral("qmtDate"), note.key());
-            records.SetField(QStringLiteral("qmtText"), note.value());
+            records.SetField(u"qmtDate"_s, note.key());
+            records.SetField(u"qmtText"_s, note.value());
             records.Update();
         }
     }
@@ -74,16 +74,14 @@ class FindWordTest : public QObject
         });
         end.start(5);
         ClickNext();
-        if (!seen.Title.isEmpty()) return seen.Title == u"End of Search" ? QStringLiteral("end") : seen.Text;
-        if (g_iCurrentPanel == 0) return QStringLiteral("no cell");
+        if (!seen.Title.isEmpty()) return seen.Title == u"End of Search" ? u"end"_s : seen.Text;
+        if (g_iCurrentPanel == 0) return u"no cell"_s;
         const RichTextBox& box = m_program->Box(g_iCurrentPanel);
         for (const RichTextBox* one : m_program->form->findChildren<RichTextBox*>())
-            if (one != &box && one->isVisible() && one->SelLength() > 0) return QStringLiteral("another one too");
+            if (one != &box && one->isVisible() && one->SelLength() > 0) return u"another one too"_s;
         const bool isWhole = !box.Text().isEmpty() && box.SelStart() == 0 && box.SelLength() == box.Text().size();
-        return QStringLiteral("%1/%2/%3%4")
-            .arg(g_iYear)
-            .arg(g_iMonth)
-            .arg(m_program->Panel(g_iCurrentPanel).Caption().trimmed(), isWhole ? QString() : QStringLiteral(" bare"));
+        return u"%1/%2/%3%4"_s.arg(g_iYear).arg(g_iMonth).arg(m_program->Panel(g_iCurrentPanel).Caption().trimmed(),
+                                                              isWhole ? QString() : u" bare"_s);
     }
 
 private Q_SLOTS:
@@ -92,25 +90,25 @@ private Q_SLOTS:
 
     void WalksFromTheLastRecordToTheFirst()
     {
-        Begin({{QStringLiteral("1999/3/9"), "Milk and MILK again"},
-               {QStringLiteral("1998/12/31"), "{\\rtf1\\b buy milk}"},
-               {QStringLiteral("1999/10/2"), "{\\rtf1 f\\u252?r M\\'fcller}"},
-               {QStringLiteral("1999/3/20"), "milk in the same month"},
-               {QStringLiteral("1999/3/Memo2"), "milk, but in a memo"},
-               {QStringLiteral("2100/2/29"), "milk of a day of the grid alone"},
-               {QStringLiteral("nonsense"), "milk of no day"}});
+        Begin({{u"1999/3/9"_s, "Milk and MILK again"},
+               {u"1998/12/31"_s, "{\\rtf1\\b buy milk}"},
+               {u"1999/10/2"_s, "{\\rtf1 f\\u252?r M\\'fcller}"},
+               {u"1999/3/20"_s, "milk in the same month"},
+               {u"1999/3/Memo2"_s, "milk, but in a memo"},
+               {u"2100/2/29"_s, "milk of a day of the grid alone"},
+               {u"nonsense"_s, "milk of no day"}});
         OpenForm();
-        Look(QStringLiteral("mIlK"));
-        const QStringList walk = {QStringLiteral("1998/12/31"), QStringLiteral("1999/3/20"), QStringLiteral("1999/3/9"),
-                                  QStringLiteral("1999/3/9"),   QStringLiteral("2100/2/29"), QStringLiteral("end")};
+        Look(u"mIlK"_s);
+        const QStringList walk = {u"1998/12/31"_s, u"1999/3/20"_s, u"1999/3/9"_s,
+                                  u"1999/3/9"_s,   u"2100/2/29"_s, u"end"_s};
         for (const QString& hit : walk)
             QCOMPARE(Next(), hit);
         QVERIFY(!Of("btnFindNext").isEnabled());
         QVERIFY(!Of("btnFindWithin").isEnabled());
-        Look(QStringLiteral("müller"));
+        Look(u"müller"_s);
         QVERIFY(Of("btnFindNext").isEnabled());
-        QCOMPARE(Next(), QStringLiteral("1999/10/2"));
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("OCTOBER 1999"));
+        QCOMPARE(Next(), u"1999/10/2"_s);
+        QCOMPARE(m_program->Bottom().Caption(), u"OCTOBER 1999"_s);
         QTest::keyClick(&Of<QLineEdit>("tbFindWord"), Qt::Key_Escape);
         QVERIFY(QTest::qWaitFor([this] { return !IsOpen(); }));
         QCOMPARE(m_program->Box(g_iCurrentPanel).SelLength(), 0); // one letter would take the note's place
@@ -119,39 +117,37 @@ private Q_SLOTS:
     // The record that the search stands on after the change of the word is not looked at.
     void AChangedWordBeginsBeforeTheLastRecord()
     {
-        Begin({{QStringLiteral("1999/3/1"), "first word"}, {QStringLiteral("1999/3/2"), "second word"}});
+        Begin({{u"1999/3/1"_s, "first word"}, {u"1999/3/2"_s, "second word"}});
         OpenForm();
-        Look(QStringLiteral("second"));
+        Look(u"second"_s);
         QTest::keyClick(&Of<QLineEdit>("tbFindWord"), Qt::Key_Return);
-        QCOMPARE(m_program->Box(g_iCurrentPanel).Text(), QStringLiteral("second word"));
+        QCOMPARE(m_program->Box(g_iCurrentPanel).Text(), u"second word"_s);
         QVERIFY(Of("btnFindWithin").isVisible());
         QVERIFY(!Of("btnFindNext").isVisible());
         QVERIFY(Form().isActiveWindow()); // who presses Enter again goes on searching
-        Look(QStringLiteral("first"));
+        Look(u"first"_s);
         QVERIFY(Of("btnFindNext").isVisible());
-        QCOMPARE(Next(), QStringLiteral("end"));
-        Look(QStringLiteral("word"));
-        QCOMPARE(Next(), QStringLiteral("1999/3/2"));
+        QCOMPARE(Next(), u"end"_s);
+        Look(u"word"_s);
+        QCOMPARE(Next(), u"1999/3/2"_s);
         QTest::keyClick(&Of<QLineEdit>("tbFindWord"), Qt::Key_Escape);
         QVERIFY(QTest::qWaitFor([this] { return !IsOpen(); }));
         OpenForm(); // which begins anew
-        Look(QStringLiteral("first"));
-        QCOMPARE(Next(), QStringLiteral("1999/3/1"));
+        Look(u"first"_s);
+        QCOMPARE(Next(), u"1999/3/1"_s);
     }
 
     void WildcardsAndBrokenPatterns()
     {
-        Begin({{QStringLiteral("1999/3/1"), "not looked at"},
-               {QStringLiteral("1999/3/2"), "a dentist at 9"},
-               {QStringLiteral("1999/3/3"), "milk"}});
+        Begin({{u"1999/3/1"_s, "not looked at"}, {u"1999/3/2"_s, "a dentist at 9"}, {u"1999/3/3"_s, "milk"}});
         OpenForm();
-        Look(QStringLiteral("milk"));
-        QCOMPARE(Next(), QStringLiteral("1999/3/3"));
-        Look(QStringLiteral("den*st at #"));
-        QCOMPARE(Next(), QStringLiteral("1999/3/2 bare")); // the pattern as a word stands nowhere in it
-        for (const QString& broken : {QStringLiteral("don't"), QStringLiteral("[a-")}) {
+        Look(u"milk"_s);
+        QCOMPARE(Next(), u"1999/3/3"_s);
+        Look(u"den*st at #"_s);
+        QCOMPARE(Next(), u"1999/3/2 bare"_s); // the pattern as a word stands nowhere in it
+        for (const QString& broken : {u"don't"_s, u"[a-"_s}) {
             Look(broken);
-            QCOMPARE(Next(), QStringLiteral("end"));
+            QCOMPARE(Next(), u"end"_s);
             QVERIFY(m_program->Log().contains(" 1:") || m_program->Log().contains(" 2:"));
         }
         QVERIFY(m_program->Log().contains(" in FindWordForm, btnFindNext_Click"));
@@ -159,50 +155,50 @@ private Q_SLOTS:
 
     void InTheWeekTheWeekIsTurned()
     {
-        Begin({{QStringLiteral("1999/3/31"), "milk twice: milk"}});
+        Begin({{u"1999/3/31"_s, "milk twice: milk"}});
         m_program->Trigger("mnuWeekView");
         OpenForm();
-        Look(QStringLiteral("milk"));
-        QCOMPARE(Next(), QStringLiteral("1999/3/31"));
+        Look(u"milk"_s);
+        QCOMPARE(Next(), u"1999/3/31"_s);
         QVERIFY(g_iCurrentPanel >= FirstWeekCell);
         // Turned away meanwhile: the hit's day is shown again.
         m_program->Trigger("mnuPrevWeek");
-        QCOMPARE(Next(), QStringLiteral("1999/3/31"));
+        QCOMPARE(Next(), u"1999/3/31"_s);
     }
 
     void WhatWasTypedIsSavedOnTheWay()
     {
-        Begin({{QStringLiteral("1999/1/5"), "milk"}});
-        m_program->Type(20, QStringLiteral("typed"));
+        Begin({{u"1999/1/5"_s, "milk"}});
+        m_program->Type(20, u"typed"_s);
         OpenForm();
-        Look(QStringLiteral("milk"));
-        QCOMPARE(Next(), QStringLiteral("1999/1/5"));
-        QVERIFY(m_program->Stored(m_name, QStringLiteral("1999/3/19")).contains("typed"));
+        Look(u"milk"_s);
+        QCOMPARE(Next(), u"1999/1/5"_s);
+        QVERIFY(m_program->Stored(m_name, u"1999/3/19"_s).contains("typed"));
     }
 
     void ALockedDayIsCommittedOnTheWay()
     {
-        Begin({{QStringLiteral("1999/1/5"), "milk"}}, true);
+        Begin({{u"1999/1/5"_s, "milk"}}, true);
         m_program->Click(20);
         m_program->Trigger("mnuLockDay");
-        QTest::keyClicks(&m_program->Box(20), QStringLiteral("typed"));
+        QTest::keyClicks(&m_program->Box(20), u"typed"_s);
         OpenForm();
-        Look(QStringLiteral("milk"));
-        QCOMPARE(Next(), QStringLiteral("1999/1/5"));
-        QVERIFY(m_program->Stored(m_name, QStringLiteral("1999/3/19")).contains("typed"));
+        Look(u"milk"_s);
+        QCOMPARE(Next(), u"1999/1/5"_s);
+        QVERIFY(m_program->Stored(m_name, u"1999/3/19"_s).contains("typed"));
         QCOMPARE(MarkedCell(), 0);
     }
 
     void AnotherPlannerIsSearchedFromItsEnd()
     {
-        Begin({{QStringLiteral("1999/1/5"), "milk"}, {QStringLiteral("1999/2/5"), "milk"}});
+        Begin({{u"1999/1/5"_s, "milk"}, {u"1999/2/5"_s, "milk"}});
         OpenForm();
-        Look(QStringLiteral("milk"));
-        QCOMPARE(Next(), QStringLiteral("1999/1/5"));
+        Look(u"milk"_s);
+        QCOMPARE(Next(), u"1999/1/5"_s);
         m_program->Open(m_name, true); // the same in another way
-        QCOMPARE(Next(), QStringLiteral("1999/1/5"));
-        m_program->New(QStringLiteral("other.mdb"));
-        QCOMPARE(Next(), QStringLiteral("end"));
+        QCOMPARE(Next(), u"1999/1/5"_s);
+        m_program->New(u"other.mdb"_s);
+        QCOMPARE(Next(), u"end"_s);
         // Nothing keeps the planner open that was searched.
         DBEngine::DeleteDatabase(m_program->folders.Path(m_name));
         m_program->form->setFocus();
@@ -213,15 +209,14 @@ private Q_SLOTS:
     void ALostConnectionIsToldAndTheSearchGoesOn()
     {
         const FailingStores failing;
-        Begin({{QStringLiteral("1999/1/5"), "milk"}, {QStringLiteral("1999/2/5"), "milk"}});
+        Begin({{u"1999/1/5"_s, "milk"}, {u"1999/2/5"_s, "milk"}});
         OpenForm();
-        Look(QStringLiteral("milk"));
-        QCOMPARE(Next(), QStringLiteral("1999/1/5"));
-        *failing.plan = {
-            1, FailurePlan::Before, {engineerrors::BrokenConnection, QStringLiteral("gone")}, QStringLiteral("Find")};
-        QCOMPARE(Next(), QStringLiteral("gone"));
+        Look(u"milk"_s);
+        QCOMPARE(Next(), u"1999/1/5"_s);
+        *failing.plan = {1, FailurePlan::Before, {engineerrors::BrokenConnection, u"gone"_s}, u"Find"_s};
+        QCOMPARE(Next(), u"gone"_s);
         QVERIFY(Of("btnFindNext").isEnabled());
-        QCOMPARE(Next(), QStringLiteral("1999/2/5"));
+        QCOMPARE(Next(), u"1999/2/5"_s);
     }
 
     void KeepsItsPlaceAndEndsWithTheProgram()

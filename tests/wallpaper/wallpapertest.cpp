@@ -17,14 +17,13 @@ class WallpaperTest : public QObject
     Q_OBJECT
 
     static constexpr int Today = 18;
-    const QString m_options = QStringLiteral("org.gnome.desktop.background picture-options");
-    const QString m_address = QStringLiteral("org.gnome.desktop.background picture-uri");
+    const QString m_options = u"org.gnome.desktop.background picture-options"_s;
+    const QString m_address = u"org.gnome.desktop.background picture-uri"_s;
     std::unique_ptr<Program> m_program;
 
     static QString WinIni(const char* key)
     {
-        return GetPrivateProfileStringA(QStringLiteral("Desktop"), QString::fromLatin1(key), QStringLiteral("none"),
-                                        1000, QStringLiteral("WIN.INI"));
+        return GetPrivateProfileStringA(u"Desktop"_s, QString::fromLatin1(key), u"none"_s, 1000, u"WIN.INI"_s);
     }
     static QString Bitmap(const char* name)
     {
@@ -74,8 +73,8 @@ class WallpaperTest : public QObject
         SeenBox box;
         AnswerNextBox(msgbox::Ok, &box);
         m_program->Trigger(entry);
-        if (WaitingAnswers() != 0) return DropAnswers(), QStringLiteral("nothing");
-        return box.Title + QStringLiteral(": ") + box.Text;
+        if (WaitingAnswers() != 0) return DropAnswers(), u"nothing"_s;
+        return box.Title + u": "_s + box.Text;
     }
 
 private Q_SLOTS:
@@ -84,13 +83,13 @@ private Q_SLOTS:
 
     void TheShownMonthBecomesTheWallpaper()
     {
-        m_program->New(QStringLiteral("Notes.mdb"));
-        m_program->Type(Today, QStringLiteral("a note of today"));
+        m_program->New(u"Notes.mdb"_s);
+        m_program->Type(Today, u"a note of today"_s);
         m_program->Box(Today).selectAll();
         const qreal ratio = m_program->form->devicePixelRatioF();
         QWidget over; // which a photograph of the screen would show
         over.setGeometry(QRect(m_program->form->pos(), QSize(300, 300)));
-        over.setStyleSheet(QStringLiteral("background: #00ff00"));
+        over.setStyleSheet(u"background: #00ff00"_s);
         over.show();
         QVERIFY(QTest::qWaitForWindowExposed(&over));
         m_program->Trigger("mnuSetWallpaper");
@@ -99,7 +98,7 @@ private Q_SLOTS:
         const QSize region = Region().size();
         QCOMPARE(bitmap.size(), QSize(region.width(), region.height() - 1) * ratio);
         QCOMPARE(WinIni("wallpaper"), Bitmap("notes.bmp"));
-        QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("0"));
+        QCOMPARE(WinIni("TileWallPaper"), u"0"_s);
         QVERIFY(!HasColor(bitmap, Qt::green));
 
         const SeenRoot seen;
@@ -112,8 +111,8 @@ private Q_SLOTS:
 
     void NothingOfTheMomentIsInThePicture()
     {
-        m_program->New(QStringLiteral("notes.mdb"));
-        m_program->Type(Today, QStringLiteral("a note of today"));
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(Today, u"a note of today"_s);
         RichTextBox& box = m_program->Box(Today);
         Select(box, 2, 4);
         const int caretWidth = box.cursorWidth();
@@ -138,7 +137,7 @@ private Q_SLOTS:
     void InAnotherMonthNoCellChanges()
     {
         SetIni("DAILY PANEL", "FONTSIZE", "30");
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         m_program->Trigger("mnuNextMonth");
         const QFont before = m_program->Panel(m_program->CellOf(17)).CaptionFont();
         m_program->Trigger("mnuSetWallpaper");
@@ -148,10 +147,10 @@ private Q_SLOTS:
 
     void TheWeekTakesTheStylesOfTheMonth()
     {
-        m_program->New(QStringLiteral("planner.mdb"));
+        m_program->New(u"planner.mdb"_s);
         m_program->Trigger("mnuWeekView");
         m_program->Trigger("mnuSetWallpaper");
-        QCOMPARE(m_program->Panel(39).Caption(), QStringLiteral(" 17"));
+        QCOMPARE(m_program->Panel(39).Caption(), u" 17"_s);
         QCOMPARE(m_program->Panel(39).CaptionFont().pointSize(), 8);
         QCOMPARE(m_program->Panel(39).ForeColor(), 0xFFu);
         QVERIFY(!HasColor(Cell(QImage(Bitmap("planner.bmp")), 39), paper::TodayFrame));
@@ -161,16 +160,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("size");
         QTest::addColumn<bool>("isWeek");
-        QTest::newRow("full screen") << QStringLiteral("1") << false;
-        QTest::newRow("full screen, week") << QStringLiteral("1") << true;
-        QTest::newRow("maximized") << QStringLiteral("2") << false;
+        QTest::newRow("full screen") << u"1"_s << false;
+        QTest::newRow("full screen, week") << u"1"_s << true;
+        QTest::newRow("maximized") << u"2"_s << false;
     }
 
     void TheSizeFollowsTheOption()
     {
         QFETCH(QString, size);
         QFETCH(bool, isWeek);
-        m_program->New(QStringLiteral("planner.mdb"));
+        m_program->New(u"planner.mdb"_s);
         if (isWeek) m_program->Trigger("mnuWeekView");
         SetIni("WallPaper", "WallpaperSize", size);
         const QRect before = m_program->form->geometry();
@@ -200,8 +199,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("planner");
         QTest::addColumn<QByteArray>("file");
         QTest::newRow("none") << QString() << QByteArray("planner.bmp");
-        QTest::newRow("capitals") << QStringLiteral("My Year.MDB") << QByteArray("my year.bmp");
-        QTest::newRow("no extension") << QStringLiteral("mymdb") << QByteArray("m.bmp");
+        QTest::newRow("capitals") << u"My Year.MDB"_s << QByteArray("my year.bmp");
+        QTest::newRow("no extension") << u"mymdb"_s << QByteArray("m.bmp");
     }
 
     void TheFileIsNamedAfterThePlanner()
@@ -217,19 +216,19 @@ private Q_SLOTS:
     void ThePreviousOneComesBackAsItWas()
     {
         const FakeDesktop fake("GNOME");
-        const QString photo = m_program->folders.Path(QString(100, u'p') + QStringLiteral(".png"));
+        const QString photo = m_program->folders.Path(QString(100, u'p') + u".png"_s);
         QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(photo));
         fake.Keep(m_address, "'file://" + photo.toUtf8() + '\'');
         fake.Keep(m_options, "'wallpaper'");
         m_program->Trigger("mnuSetWallpaper");
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
         QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), photo); // set by another program, and longer than 80 letters
-        QCOMPARE(Ini("WallPaper", "PreviousTileStyle"), QStringLiteral("1"));
-        QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("0"));
-        QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
+        QCOMPARE(Ini("WallPaper", "PreviousTileStyle"), u"1"_s);
+        QCOMPARE(WinIni("TileWallPaper"), u"0"_s);
+        QCOMPARE(Said("mnuPrevWallpaper"), u"Orrelin Help Wizard: Restored to previous wallpaper!"_s);
         QCOMPARE(fake.Kept(m_options), QByteArray("'wallpaper'"));
         QCOMPARE(fake.Kept(m_address), "'file://" + photo.toUtf8() + '\'');
-        QCOMPARE(WinIni("TileWallPaper"), QStringLiteral("1"));
+        QCOMPARE(WinIni("TileWallPaper"), u"1"_s);
 
         m_program->Trigger("mnuSetWallpaper");
         m_program->Trigger("mnuSetWallpaper");
@@ -241,13 +240,13 @@ private Q_SLOTS:
     {
         m_program->Trigger("mnuSetWallpaper");
         QVERIFY(SeenRoot().Pixmap() != 0);
-        SetIni("WallPaper", "PreviousWallPaper", QStringLiteral("(None)"));
-        QCOMPARE(Said("mnuPrevWallpaper"), QStringLiteral("Orrelin Help Wizard: Restored to previous wallpaper!"));
+        SetIni("WallPaper", "PreviousWallPaper", u"(None)"_s);
+        QCOMPARE(Said("mnuPrevWallpaper"), u"Orrelin Help Wizard: Restored to previous wallpaper!"_s);
         QCOMPARE(SeenRoot().Pixmap(), 0U);
-        QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
+        QCOMPARE(WinIni("wallpaper"), u"(None)"_s);
         // As a new session has it: its root is empty, and WIN.INI has the picture of the last one.
         WritePrivateProfileStringA(u"Desktop"_s, u"wallpaper"_s, Bitmap("planner.bmp"), u"WIN.INI"_s);
-        QCOMPARE(Said("mnuUpdateWallpaper"), QStringLiteral("Orrelin Help Wizard: Successfully Updated Wallpaper!"));
+        QCOMPARE(Said("mnuUpdateWallpaper"), u"Orrelin Help Wizard: Successfully Updated Wallpaper!"_s);
         QVERIFY(SeenRoot().Pixmap() != 0);
         QCOMPARE(WinIni("wallpaper"), Bitmap("planner.bmp"));
     }
@@ -256,13 +255,13 @@ private Q_SLOTS:
     {
         const FakeDesktop fake("GNOME");
         m_program->Trigger("mnuSetWallpaper");
-        QCOMPARE(Said("mnuUpdateWallpaper"), QStringLiteral("Orrelin Help Wizard: Successfully Updated Wallpaper!"));
+        QCOMPARE(Said("mnuUpdateWallpaper"), u"Orrelin Help Wizard: Successfully Updated Wallpaper!"_s);
         QVERIFY(fake.Calls().contains("picture-options 'none'")); // or what is cached would stay
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
         const QString before = Ini("WallPaper", "PreviousWallPaper");
-        QCOMPARE(Said("mnuClearWallpaper"), QStringLiteral("nothing"));
+        QCOMPARE(Said("mnuClearWallpaper"), u"nothing"_s);
         QCOMPARE(fake.Kept(m_options), QByteArray("'none'"));
-        QCOMPARE(WinIni("wallpaper"), QStringLiteral("(None)"));
+        QCOMPARE(WinIni("wallpaper"), u"(None)"_s);
         QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), before);
     }
 
@@ -271,8 +270,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("entry");
         QTest::addColumn<QString>("said");
         QTest::newRow("set") << QByteArray("mnuSetWallpaper")
-                             << QStringLiteral("Orrelin: Wallpaper setting not successful! Make sure your video "
-                                               "resolution is in 16 or 256 colors");
+                             << u"Orrelin: Wallpaper setting not successful! Make sure your video "
+                                "resolution is in 16 or 256 colors"_s;
         QTest::newRow("clear") << QByteArray("mnuClearWallpaper")
                                << u"Orrelin Help Wizard: Wallpaper Clearing Not Successful!"_s;
         QTest::newRow("update") << QByteArray("mnuUpdateWallpaper")
@@ -305,7 +304,7 @@ private Q_SLOTS:
         QCOMPARE(QImage(Bitmap("planner.bmp")), before);
         QVERIFY(m_program->Log().contains(" in MainForm, fnSetWallpaper"));
         QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
-        QCOMPARE(QDir(folders::ApplicationDirectory()).entryList({QStringLiteral("planner.bmp*")}).size(), 1);
+        QCOMPARE(QDir(folders::ApplicationDirectory()).entryList({u"planner.bmp*"_s}).size(), 1);
     }
 
     void TheOptionsAreKept_data()
@@ -314,10 +313,10 @@ private Q_SLOTS:
         QTest::addColumn<int>("chosen"); // -1: none of the three
         QTest::addColumn<int>("click");
         QTest::addColumn<QString>("written");
-        QTest::newRow("normal") << QStringLiteral("0") << 0 << 1 << QStringLiteral("1");
-        QTest::newRow("full screen") << QStringLiteral("1") << 1 << 2 << QStringLiteral("2");
-        QTest::newRow("maximized") << QStringLiteral("2") << 2 << 0 << QStringLiteral("0");
-        QTest::newRow("no such size") << QStringLiteral("7") << -1 << -1 << QStringLiteral("2");
+        QTest::newRow("normal") << u"0"_s << 0 << 1 << u"1"_s;
+        QTest::newRow("full screen") << u"1"_s << 1 << 2 << u"2"_s;
+        QTest::newRow("maximized") << u"2"_s << 2 << 0 << u"0"_s;
+        QTest::newRow("no such size") << u"7"_s << -1 << -1 << u"2"_s;
     }
 
     void TheOptionsAreKept()
@@ -330,12 +329,12 @@ private Q_SLOTS:
         const auto answer = [=, this](Qt::Key key) {
             OnNextModal<WallpaperForm>([=](WallpaperForm& form) {
                 const auto option = [&](int size) {
-                    return form.findChild<QRadioButton*>(QStringLiteral("opSetting(%1)").arg(size));
+                    return form.findChild<QRadioButton*>(u"opSetting(%1)"_s.arg(size));
                 };
                 for (int size = 0; size < 3; ++size)
                     QCOMPARE(option(size)->isChecked(), size == chosen);
                 if (click >= 0) option(click)->click();
-                auto* const update = form.findChild<QCheckBox*>(QStringLiteral("chkAutoload"));
+                auto* const update = form.findChild<QCheckBox*>(u"chkAutoload"_s);
                 QVERIFY(!update->isChecked());
                 update->click();
                 QTest::keyClick(&form, key);
@@ -346,7 +345,7 @@ private Q_SLOTS:
         QCOMPARE(Ini("WallPaper", "WallpaperSize"), stored);
         answer(Qt::Key_Return);
         QCOMPARE(Ini("WallPaper", "WallpaperSize"), written);
-        QCOMPARE(Ini("WallPaper", "Autoupdate"), QStringLiteral("1"));
+        QCOMPARE(Ini("WallPaper", "Autoupdate"), u"1"_s);
         QVERIFY(!QFile::exists(Bitmap("planner.bmp"))); // the wallpaper stays as it is
     }
 
@@ -367,9 +366,9 @@ private Q_SLOTS:
         QFETCH(int, mode);
         QFETCH(QByteArray, manner);
         QFETCH(bool, isMinimized);
-        m_program->New(QStringLiteral("notes.mdb"));
+        m_program->New(u"notes.mdb"_s);
         const QSize region = Region().size();
-        SetIni("WallPaper", "Autoupdate", QStringLiteral("1"));
+        SetIni("WallPaper", "Autoupdate", u"1"_s);
         const FakeDesktop fake("GNOME");
         if (!manner.isEmpty()) fake.Become(manner.constData());
         if (isMinimized) m_program->form->showMinimized();
@@ -382,7 +381,7 @@ private Q_SLOTS:
 
     void WithoutTheOptionTheExitLeavesTheDesktop()
     {
-        SetIni("WallPaper", "Autoupdate", QStringLiteral("2"));
+        SetIni("WallPaper", "Autoupdate", u"2"_s);
         m_program->Exit();
         QVERIFY(!QFile::exists(Bitmap("planner.bmp")));
     }

@@ -22,7 +22,7 @@ class DayLockTest : public QObject
     void OtherWrites(const QByteArray& text) { Write(m_other, m_program->Key, text); }
     bool OtherIsRefused()
     {
-        m_other.Seek(QStringLiteral("="), m_program->Key);
+        m_other.Seek(u"="_s, m_program->Key);
         const bool isRefused = ErrorOf([this] { m_other.Edit(); }) != 0;
         if (!isRefused) m_other.CancelUpdate();
         return isRefused;
@@ -47,46 +47,46 @@ private Q_SLOTS:
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuLockDay");
-        QCOMPARE(seen.Text, QStringLiteral("Please select a daily cell to lock"));
+        QCOMPARE(seen.Text, u"Please select a daily cell to lock"_s);
         QVERIFY(ShowsFree());
         m_program->Click(18);
         AnswerNextBox(msgbox::Ok, &seen); // no key before the lock
         QTest::keyClick(&Box(), Qt::Key_X);
-        QVERIFY(seen.Text.startsWith(QStringLiteral("Please lock current day in order to edit a shared database.")));
-        LockAndType(QStringLiteral("meeting"));
-        QCOMPARE(Box().Text(), QStringLiteral("meeting"));
+        QVERIFY(seen.Text.startsWith(u"Please lock current day in order to edit a shared database."_s));
+        LockAndType(u"meeting"_s);
+        QCOMPARE(Box().Text(), u"meeting"_s);
         QVERIFY(OtherIsRefused());
-        QCOMPARE(m_other.Fields(QStringLiteral("qmtPadding")).toString(), QString(1005, u'.'));
+        QCOMPARE(m_other.Fields(u"qmtPadding"_s).toString(), QString(1005, u'.'));
         m_program->Activate();
         QTest::keyClick(&Box(), Qt::Key_F2);
         QVERIFY(ShowsFree());
         QVERIFY(!Box().hasFocus());
-        QCOMPARE(Stored(), QStringLiteral("meeting"));
+        QCOMPARE(Stored(), u"meeting"_s);
         QVERIFY(!OtherIsRefused());
         m_program->Click(18);
         m_program->Trigger("mnuNextMonth"); // another day stands where the caret is
-        QVERIFY(m_program->PressLockAndHear().startsWith(QStringLiteral("Please select")));
+        QVERIFY(m_program->PressLockAndHear().startsWith(u"Please select"_s));
     }
 
     // What stands in the file at this instant takes the place of what the screen showed.
     void lockingShowsWhatOthersHaveWritten()
     {
         OtherWrites("theirs");
-        LockAndType(QStringLiteral(" and ours"));
+        LockAndType(u" and ours"_s);
         PressLock();
-        QCOMPARE(Stored(), QStringLiteral("theirs and ours"));
+        QCOMPARE(Stored(), u"theirs and ours"_s);
     }
 
     void theLockKeepsThePersonInPlace()
     {
-        LockAndType(QStringLiteral("kept"));
+        LockAndType(u"kept"_s);
         SeenBox seen;
         for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
             seen = {};
             AnswerNextBox(msgbox::Ok, &seen);
             m_program->ExpectNoBox(); // but this one
             QTest::mouseClick(m_program->Box(20).viewport(), button, {}, QPoint(20, 8));
-            QTRY_COMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked(Edit Mode), please unlock first."));
+            QTRY_COMPARE(seen.Text, u"Mar 17, 1999 is locked(Edit Mode), please unlock first."_s);
             QTRY_COMPARE(m_program->form->focusWidget(), &Box());
             QTRY_COMPARE(QApplication::activePopupWidget() != nullptr, button == Qt::RightButton);
             if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
@@ -96,31 +96,31 @@ private Q_SLOTS:
         for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
             AnswerNextBox(msgbox::Ok, &seen);
             m_program->Trigger(entry);
-            QCOMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked, please unlock first."));
+            QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);
             QCOMPARE(WaitingAnswers(), 0);
         }
         AnswerNextBox(msgbox::Ok, &seen);
         Q_EMIT m_program->Panel(20).DblClick(); // the day view of another day would take the lock away
-        QCOMPARE(seen.Text, QStringLiteral("Mar 17, 1999 is locked, please unlock first."));
+        QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);
         QVERIFY(ShowsLocked() && OtherIsRefused());
-        QCOMPARE(Box().Text(), QStringLiteral("kept"));
+        QCOMPARE(Box().Text(), u"kept"_s);
         PressLock();
-        QCOMPARE(Stored(), QStringLiteral("kept"));
+        QCOMPARE(Stored(), u"kept"_s);
     }
 
     // The ways out that nothing closes commit first.
     void otherWaysOutCommit_data()
     {
         QTest::addColumn<QString>("entry");
-        QTest::newRow("this month") << QStringLiteral("mnuThisMonth");
-        QTest::newRow("week view") << QStringLiteral("mnuWeekView");
+        QTest::newRow("this month") << u"mnuThisMonth"_s;
+        QTest::newRow("week view") << u"mnuWeekView"_s;
         QTest::newRow("midnight") << QString();
-        QTest::newRow("a new planner that is not made") << QStringLiteral("mnuNew");
+        QTest::newRow("a new planner that is not made") << u"mnuNew"_s;
     }
     void otherWaysOutCommit()
     {
         QFETCH(QString, entry);
-        LockAndType(QStringLiteral("on the way"));
+        LockAndType(u"on the way"_s);
         if (entry == u"mnuNew") {
             AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
             AnswerNextBox(msgbox::No);
@@ -133,18 +133,18 @@ private Q_SLOTS:
             m_program->Trigger(entry.toLatin1());
         }
         QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("on the way"));
+        QCOMPARE(Stored(), u"on the way"_s);
         QVERIFY(!OtherIsRefused());
     }
 
     void aDayLeftIdleIsCommitted()
     {
         SetIni("Network Options", "AutoUnLock", "1");
-        LockAndType(QStringLiteral("idle"));
+        LockAndType(u"idle"_s);
         QCOMPARE(g_lUnlockDelay, 300); // nobody has opened the new planner and read it before
         g_lUnlockDelay = 3;
         g_lUnlockTicks = 1;
-        QTest::keyClicks(&Box(), QStringLiteral("!")); // a sign of life
+        QTest::keyClicks(&Box(), u"!"_s); // a sign of life
         QCOMPARE(g_lUnlockTicks, 0);
         for (int second = 0; second < 2; ++second)
             m_program->Tick("tmUnLock");
@@ -156,28 +156,28 @@ private Q_SLOTS:
         m_program->Tick("tmUnLock");
         QTRY_VERIFY(ShowsFree());
         QVERIFY(!m_program->Panel(18).IsActive());
-        QCOMPARE(Stored(), QStringLiteral("idle!"));
+        QCOMPARE(Stored(), u"idle!"_s);
     }
 
     // Opened on a day that is locked by hand, the day view gives the lock back with the text, or leaves it.
     void theDayViewOfALockedDay()
     {
-        LockAndType(QStringLiteral("by hand"));
+        LockAndType(u"by hand"_s);
         OnNextModal<ZoomBoxForm>(
             [](ZoomBoxForm& form) { QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton); });
         m_program->Trigger("mnuDayView");
         QVERIFY(ShowsLocked());
-        QCOMPARE(Box().Text(), QStringLiteral("by hand"));
+        QCOMPARE(Box().Text(), u"by hand"_s);
         QVERIFY(OtherIsRefused());
         OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("zoomed "));
+            QTest::keyClicks(&form.tbZoom(), u"zoomed "_s);
             QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
         });
         m_program->Trigger("mnuDayView");
         QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("zoomed by hand"));
+        QCOMPARE(Stored(), u"zoomed by hand"_s);
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("APRIL 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
     }
 
     // It opens on what this screen knows of the day.
@@ -185,8 +185,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("stored");
-        QTest::newRow("typed") << QStringLiteral("mine") << QStringLiteral("theirs\nmine");
-        QTest::newRow("looked at") << QString() << QStringLiteral("theirs");
+        QTest::newRow("typed") << u"mine"_s << u"theirs\nmine"_s;
+        QTest::newRow("looked at") << QString() << u"theirs"_s;
     }
     void theDayViewKeepsWhatOthersWrote()
     {
@@ -196,7 +196,7 @@ private Q_SLOTS:
         OtherWrites("theirs");
         OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), typed);
-            QTest::mouseClick(form.findChild<QPushButton*>(QStringLiteral("btnOk")), Qt::LeftButton);
+            QTest::mouseClick(form.findChild<QPushButton*>(u"btnOk"_s), Qt::LeftButton);
         });
         m_program->Trigger("mnuDayView");
         QCOMPARE(Stored(), stored);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         m_program->Click(18);
         OtherWrites("first");
         QTest::mouseClick(&refresh, Qt::LeftButton);
-        QCOMPARE(Box().Text(), QStringLiteral("first"));
+        QCOMPARE(Box().Text(), u"first"_s);
         QVERIFY(refresh.Visible(0));
         m_program->ExpectNoBox();
         m_program->Trigger("mnuLockDay"); // the day with the caret
@@ -226,11 +226,11 @@ private Q_SLOTS:
             QCOMPARE(Box().Text(), QString::fromLatin1(text));
         }
         // A lock makes it skip its turn.
-        LockAndType(QStringLiteral("!"));
+        LockAndType(u"!"_s);
         g_lRefreshTicks = 2;
         m_program->Tick("tmAutoRefresh");
         QTRY_COMPARE(g_lRefreshTicks, 1);
-        QCOMPARE(Box().Text(), QStringLiteral("second!"));
+        QCOMPARE(Box().Text(), u"second!"_s);
     }
 
     // A full disk at the commit: the day stays locked with its text, and the next try stores it.
@@ -238,18 +238,18 @@ private Q_SLOTS:
     {
         const FailingStores failing;
         m_program->Open(m_program->File, true);
-        LockAndType(QStringLiteral("not lost"));
-        *failing.plan = {1, FailurePlan::Before, {3026, QStringLiteral("Disk full")}, QStringLiteral("Replace")};
+        LockAndType(u"not lost"_s);
+        *failing.plan = {1, FailurePlan::Before, {3026, u"Disk full"_s}, u"Replace"_s};
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuWeekView");
-        QCOMPARE(seen.Text, QStringLiteral("Disk full"));
+        QCOMPARE(seen.Text, u"Disk full"_s);
         QVERIFY(ShowsLocked());
         QVERIFY(!Box().isHidden()); // the month has not gone
-        QCOMPARE(Box().Text(), QStringLiteral("not lost"));
+        QCOMPARE(Box().Text(), u"not lost"_s);
         PressLock();
         QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("not lost"));
+        QCOMPARE(Stored(), u"not lost"_s);
     }
 };
 

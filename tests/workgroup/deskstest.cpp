@@ -13,8 +13,7 @@ class DesksTest : public QObject
     {
         other.Kill();
         QFETCH_GLOBAL(bool, onServer);
-        const QString sessions =
-            QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'");
+        const QString sessions = u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s;
         if (onServer) QTRY_COMPARE(TestServer::Get().Ask(sessions).size(), sessionsLeft);
     }
 
@@ -50,17 +49,16 @@ private Q_SLOTS:
         QFETCH(bool, mineIsPersonal);
         QFETCH(bool, theyCameFirst);
         const bool meet = !theirsIsPersonal && !mineIsPersonal;
-        const QString refusal =
-            QStringLiteral("Could not use 'team.mdb'; file already in use by ") + OtherProgram::Name();
+        const QString refusal = u"Could not use 'team.mdb'; file already in use by "_s + OtherProgram::Name();
         OtherProgram other;
         if (!theyCameFirst) {
             m_program->Open(m_program->File, !mineIsPersonal);
             const QString answer = other.Open(m_path, theirsIsPersonal);
-            QCOMPARE(answer, meet ? QStringLiteral("0") : QStringLiteral("3045 ") + refusal);
+            QCOMPARE(answer, meet ? u"0"_s : u"3045 "_s + refusal);
             QVERIFY(HasPlanner());
             return;
         }
-        QCOMPARE(other.Open(m_path, theirsIsPersonal), QStringLiteral("0"));
+        QCOMPARE(other.Open(m_path, theirsIsPersonal), u"0"_s);
         SeenBox seen;
         AnswerNextFileDialog(m_path);
         Program::AnswerOpenAs(!mineIsPersonal);
@@ -77,28 +75,26 @@ private Q_SLOTS:
     {
         OtherProgram other;
         other.Open(m_path, false);
-        other.Do({QStringLiteral("write"), m_program->Key, QStringLiteral("theirs")});
+        other.Do({u"write"_s, m_program->Key, u"theirs"_s});
         m_program->Open(m_program->File, true);
-        other.Do({QStringLiteral("seek"), m_program->Key});
-        QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        other.Do({u"seek"_s, m_program->Key});
+        QCOMPARE(other.Do({u"edit"_s}), u"0"_s);
         m_program->Click(WorkgroupProgram::Cell);
-        QCOMPARE(m_program->PressLockAndHear(),
-                 QStringLiteral("Could not update; currently locked by ") + OtherProgram::Name());
+        QCOMPARE(m_program->PressLockAndHear(), u"Could not update; currently locked by "_s + OtherProgram::Name());
         QVERIFY(m_program->ShowsFree());
         m_program->Click(20); // elsewhere the work goes on
         m_program->PressLock();
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();
         Kill(other, 1);
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        m_program->LockAndType(u" and mine"_s);
         OtherProgram third;
         third.Open(m_path, false);
-        third.Do({QStringLiteral("seek"), m_program->Key});
-        QCOMPARE(third.Do({QStringLiteral("edit")}),
-                 QStringLiteral("3260 Could not update; currently locked by ") + OtherProgram::Name());
+        third.Do({u"seek"_s, m_program->Key});
+        QCOMPARE(third.Do({u"edit"_s}), u"3260 Could not update; currently locked by "_s + OtherProgram::Name());
         m_program->PressLock();
         QVERIFY(m_program->ShowsFree());
-        QCOMPARE(PlainText(m_program->Stored(m_program->File, m_program->Key)), QStringLiteral("theirs and mine"));
+        QCOMPARE(PlainText(m_program->Stored(m_program->File, m_program->Key)), u"theirs and mine"_s);
     }
 };
 

@@ -11,14 +11,14 @@ class HeldRecordTest : public QObject
     Q_OBJECT
     std::unique_ptr<WorkgroupProgram> m_program;
     std::shared_ptr<FailurePlan> m_plan;
-    const QString m_tenth = QStringLiteral("1999/3/10");
-    const QString m_second = QStringLiteral("second.mdb");
+    const QString m_tenth = u"1999/3/10"_s;
+    const QString m_second = u"second.mdb"_s;
 
     QString Stored(const QString& key) const { return PlainText(m_program->Stored(m_program->File, key)); }
     QString Stored() const { return Stored(m_program->Key); }
     void FailNext(const char* call) const
     {
-        *m_plan = {1, FailurePlan::Before, {3026, QStringLiteral("Disk full")}, QString::fromLatin1(call)};
+        *m_plan = {1, FailurePlan::Before, {3026, u"Disk full"_s}, QString::fromLatin1(call)};
     }
     void RunOut() const
     {
@@ -63,28 +63,28 @@ private Q_SLOTS:
     void theIdleTimerFindsItsDayAfterMidnight()
     {
         m_program->Click(WorkgroupProgram::Cell);
-        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+        InDayView(u"mine "_s, [&](ZoomBoxForm&) {
             Midnight(QDate(1999, 3, 18));
             RunOut();
         });
-        QCOMPARE(Stored(), QStringLiteral("mine old"));
+        QCOMPARE(Stored(), u"mine old"_s);
         QVERIFY(m_program->ShowsFree());
         m_program->Click(m_program->CellOf(10));
         RunOut();
-        QCOMPARE(Stored(), QStringLiteral("mine old"));
-        QCOMPARE(Stored(m_tenth), QStringLiteral("tenth"));
+        QCOMPARE(Stored(), u"mine old"_s);
+        QCOMPARE(Stored(m_tenth), u"tenth"_s);
     }
 
     void theIdleTimerFindsItsDayAfterAResize()
     {
         m_program->Click(WorkgroupProgram::Cell);
-        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+        InDayView(u"mine "_s, [&](ZoomBoxForm&) {
             const QRect before = m_program->Panel(WorkgroupProgram::Cell).geometry();
             m_program->form->resize(900, 650);
             QTRY_VERIFY(m_program->Panel(WorkgroupProgram::Cell).geometry() != before);
             RunOut();
         });
-        QCOMPARE(Stored(), QStringLiteral("mine old"));
+        QCOMPARE(Stored(), u"mine old"_s);
         QVERIFY(m_program->ShowsFree());
     }
 
@@ -92,7 +92,7 @@ private Q_SLOTS:
     {
         m_program->Click(WorkgroupProgram::Cell);
         SeenBox seen, refusal;
-        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm&) {
+        InDayView(u"mine "_s, [&](ZoomBoxForm&) {
             FailNext("Replace");
             AnswerNextBox(msgbox::Ok, &seen);
             RunOut();
@@ -101,11 +101,11 @@ private Q_SLOTS:
         QVERIFY(m_program->ShowsLocked());
         AnswerNextBox(msgbox::Ok, &refusal);
         m_program->Click(m_program->CellOf(10));
-        QTRY_VERIFY(refusal.Text.contains(QStringLiteral("Mar 17, 1999 is locked")));
+        QTRY_VERIFY(refusal.Text.contains(u"Mar 17, 1999 is locked"_s));
         m_program->Activate();
         m_program->PressLock();
-        QCOMPARE(Stored(), QStringLiteral("mine old"));
-        QCOMPARE(Stored(m_tenth), QStringLiteral("tenth"));
+        QCOMPARE(Stored(), u"mine old"_s);
+        QCOMPARE(Stored(m_tenth), u"tenth"_s);
     }
 
     void whatWasTypedBeforeTheDayViewOutlivesMidnight_data()
@@ -117,30 +117,30 @@ private Q_SLOTS:
     void whatWasTypedBeforeTheDayViewOutlivesMidnight()
     {
         QFETCH(QDate, day);
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        m_program->LockAndType(u" and mine"_s);
         InDayView(QString(), [&](ZoomBoxForm& form) {
             Midnight(day);
             Press(form, "btnCancel");
         });
         QVERIFY(m_program->ShowsLocked());
-        InDayView(QStringLiteral("more, "), [&](ZoomBoxForm& form) {
+        InDayView(u"more, "_s, [&](ZoomBoxForm& form) {
             Midnight(day);
             Press(form, "btnOk");
         });
         QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("more, old and mine"));
+        QCOMPARE(Stored(), u"more, old and mine"_s);
         QCOMPARE(MarkedCell(), 0);
     }
 
     void anOpenThatIsCancelledLeavesTheTyping()
     {
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        m_program->LockAndType(u" and mine"_s);
         OnNextModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
         m_program->Trigger("mnuOpen");
         m_program->Activate();
-        QCOMPARE(m_program->Box().Text(), QStringLiteral("old and mine"));
+        QCOMPARE(m_program->Box().Text(), u"old and mine"_s);
         m_program->PressLock();
-        QCOMPARE(Stored(), QStringLiteral("old and mine"));
+        QCOMPARE(Stored(), u"old and mine"_s);
     }
 
     // An opening gives up what was typed under a lock; the day itself must not be emptied.
@@ -155,7 +155,7 @@ private Q_SLOTS:
         });
         m_program->Trigger("mnuOpen");
         m_program->Activate();
-        QCOMPARE(Stored(), QStringLiteral("old"));
+        QCOMPARE(Stored(), u"old"_s);
     }
 
     void aRefreshBehindAnOpeningLeavesNothingForTheNextPlanner()
@@ -172,9 +172,9 @@ private Q_SLOTS:
         m_program->Trigger("mnuOpen");
         m_program->Activate();
         QCOMPARE(m_program->Box().Text(), QString());
-        m_program->Type(WorkgroupProgram::Cell, QStringLiteral("x"));
+        m_program->Type(WorkgroupProgram::Cell, u"x"_s);
         m_program->Trigger("mnuSave");
-        QCOMPARE(PlainText(m_program->Stored(m_second, m_program->Key)), QStringLiteral("x"));
+        QCOMPARE(PlainText(m_program->Stored(m_second, m_program->Key)), u"x"_s);
     }
 
     // The day view's text could not be stored while another month was shown.
@@ -182,21 +182,21 @@ private Q_SLOTS:
     {
         m_program->Click(WorkgroupProgram::Cell);
         SeenBox seen;
-        InDayView(QStringLiteral("mine "), [&](ZoomBoxForm& form) {
+        InDayView(u"mine "_s, [&](ZoomBoxForm& form) {
             Midnight(QDate(1999, 4, 1));
             FailNext("Replace");
             AnswerNextBox(msgbox::Ok, &seen);
             Press(form, "btnOk");
         });
         m_plan->at = 0;
-        QCOMPARE(Stored(), QStringLiteral("old"));
+        QCOMPARE(Stored(), u"old"_s);
         m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Box().Text(), QStringLiteral("mine old"));
-        m_program->LockAndType(QStringLiteral(" and newer"));
+        QCOMPARE(m_program->Box().Text(), u"mine old"_s);
+        m_program->LockAndType(u" and newer"_s);
         m_program->PressLock();
-        QCOMPARE(Stored(), QStringLiteral("mine old and newer"));
+        QCOMPARE(Stored(), u"mine old and newer"_s);
         m_program->Exit();
-        QCOMPARE(Stored(), QStringLiteral("mine old and newer"));
+        QCOMPARE(Stored(), u"mine old and newer"_s);
     }
 
     // The session ends while the window is open: nobody is there to be asked.
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QFETCH(int, fails);
         m_program->Click(WorkgroupProgram::Cell);
         OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("mine "));
+            QTest::keyClicks(&form.tbZoom(), u"mine "_s);
             FailNext("Replace");
             m_plan->when = FailurePlan::When(fails);
             WorkgroupProgram::ExpectNoBox(&form);
@@ -221,16 +221,16 @@ private Q_SLOTS:
         });
         m_program->Trigger("mnuDayView");
         DropAnswers();
-        const QByteArray kept = Content(folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes"));
+        const QByteArray kept = Content(folders::ApplicationDirectory() + u"/journal/1.notes"_s);
         QCOMPARE(kept.contains("mine"), fails == FailurePlan::ForEver); // for the next opening
-        QVERIFY(fails == FailurePlan::ForEver || Stored() == QStringLiteral("mine old"));
+        QVERIFY(fails == FailurePlan::ForEver || Stored() == u"mine old"_s);
     }
 
     void aFullDiskIsNamedWhenAnEmptyDayIsLocked()
     {
         FailNext("Insert");
         m_program->Click(m_program->CellOf(20));
-        QCOMPARE(m_program->PressLockAndHear(), QStringLiteral("Disk full"));
+        QCOMPARE(m_program->PressLockAndHear(), u"Disk full"_s);
         QVERIFY(m_program->ShowsFree());
     }
 
@@ -241,10 +241,10 @@ private Q_SLOTS:
         m_program->Click(before);
         m_program->PressLock();
         m_program->PressLock();
-        m_program->LockAndType(QStringLiteral("!"));
+        m_program->LockAndType(u"!"_s);
         g_iCurrentPanel = 1; // as the sidebar's week picture leaves it
-        QTest::keyClicks(&m_program->Box(before), QStringLiteral("lost"));
-        QCOMPARE(m_program->Box(before).Text(), QStringLiteral("tenth"));
+        QTest::keyClicks(&m_program->Box(before), u"lost"_s);
+        QCOMPARE(m_program->Box(before).Text(), u"tenth"_s);
     }
 };
 

@@ -31,7 +31,7 @@ private Q_SLOTS:
 
     void belongsToWorkgroupsAlone()
     {
-        m_program->New(QStringLiteral("mine.mdb"));
+        m_program->New(u"mine.mdb"_s);
         QVERIFY(!m_program->Entry("mnuNetworkOptions").isEnabled());
         QVERIFY(!m_program->Entry("mnuLockDay").isEnabled());
         QVERIFY(!m_program->Find<Timer>("tmUnLock").Enabled());
@@ -39,15 +39,15 @@ private Q_SLOTS:
 
     void okWritesAndCounts()
     {
-        m_program->New(QStringLiteral("team.mdb"), true);
+        m_program->New(u"team.mdb"_s, true);
         g_lRefreshDelay = 77;
-        Answer(QStringLiteral("2.5"), QStringLiteral("abc"), Qt::Key_Return);
-        QCOMPARE(Ini("Network Options", "AutoUnLock"), QStringLiteral("1"));
-        QCOMPARE(Ini("Network Options", "AutoRefresh"), QStringLiteral("1"));
-        QCOMPARE(Ini("Network Options", "UnlockDelay"), QStringLiteral("2.5"));
+        Answer(u"2.5"_s, u"abc"_s, Qt::Key_Return);
+        QCOMPARE(Ini("Network Options", "AutoUnLock"), u"1"_s);
+        QCOMPARE(Ini("Network Options", "AutoRefresh"), u"1"_s);
+        QCOMPARE(Ini("Network Options", "UnlockDelay"), u"2.5"_s);
         QCOMPARE(g_lUnlockDelay, 120);
         QCOMPARE(Ini("Network Options", "RefreshDelay"),
-                 QStringLiteral("5")); // what is no number leaves the running delay
+                 u"5"_s); // what is no number leaves the running delay
         QCOMPARE(g_lRefreshDelay, 77);
         QVERIFY(bGeneralUnlockEnable && g_bAutoRefresh);
         QVERIFY(m_program->Find<Timer>("tmAutoRefresh").Enabled());
@@ -56,9 +56,9 @@ private Q_SLOTS:
 
     void cancelChangesNothing()
     {
-        m_program->New(QStringLiteral("team.mdb"), true);
-        Answer(QStringLiteral("9"), QStringLiteral("9"), Qt::Key_Escape);
-        QCOMPARE(Ini("Network Options", "AutoUnLock"), QStringLiteral("none"));
+        m_program->New(u"team.mdb"_s, true);
+        Answer(u"9"_s, u"9"_s, Qt::Key_Escape);
+        QCOMPARE(Ini("Network Options", "AutoUnLock"), u"none"_s);
         QVERIFY(!g_bAutoRefresh);
     }
 };

@@ -48,31 +48,30 @@ class ServerMoveTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_planner = QStringLiteral("options%1").arg(++m_count);
+        m_planner = u"options%1"_s.arg(++m_count);
         ::setenv("PGPASSWORD", TestServer::Password, 1);
         m_program = std::make_unique<WorkgroupProgram>();
         m_program->MakePlanner(false);
         m_program->Start();
         m_program->Open(m_program->File, true);
-        m_program->LockAndType(QStringLiteral("typed"));
+        m_program->LockAndType(u"typed"_s);
     }
     void cleanup() { m_program.reset(); }
 
     void ThePlannerMovesAndTheWorkGoesOn()
     {
         const QString uri = TestServer::Get().Uri(m_planner);
-        QCOMPARE(Move(uri).Text, QStringLiteral("The planner is on the server now."));
+        QCOMPARE(Move(uri).Text, u"The planner is on the server now."_s);
         QVERIFY(FileContent().startsWith("Orrelin planner link 1\n"));
-        QCOMPARE(StoredIn(QStringLiteral("team.bak")), QStringLiteral("typed"));
-        QCOMPARE(m_program->Box().Text(), QStringLiteral("typed"));
+        QCOMPARE(StoredIn(u"team.bak"_s), u"typed"_s);
+        QCOMPARE(m_program->Box().Text(), u"typed"_s);
         QVERIFY(m_program->ShowsFree());
-        m_program->LockAndType(QStringLiteral(" and more"));
+        m_program->LockAndType(u" and more"_s);
         m_program->PressLock();
-        QCOMPARE(StoredIn(m_program->File), QStringLiteral("typed and more"));
-        m_program->LockAndType(QStringLiteral(", last"));
-        const QString saved = m_program->folders.Path(QStringLiteral("saved.mdb"));
-        for (const QString& said : {QStringLiteral("All that the planner holds is in\n") + saved,
-                                    QStringLiteral("'saved.mdb' exists already.")})
+        QCOMPARE(StoredIn(m_program->File), u"typed and more"_s);
+        m_program->LockAndType(u", last"_s);
+        const QString saved = m_program->folders.Path(u"saved.mdb"_s);
+        for (const QString& said : {u"All that the planner holds is in\n"_s + saved, u"'saved.mdb' exists already."_s})
             InOptions([&](NetworkOptionForm& form) {
                 QVERIFY(Address(form).isReadOnly() && Address(form).text() == uri);
                 QVERIFY(!Button(form, "btnMove").isEnabled());
@@ -82,8 +81,8 @@ private Q_SLOTS:
                 QTest::keyClick(&Button(form, "btnSaveToFile"), Qt::Key_Return);
                 QCOMPARE(seen.Text, said);
             });
-        QCOMPARE(StoredIn(QStringLiteral("saved.mdb")), QStringLiteral("typed and more, last"));
-        m_program->Open(QStringLiteral("saved.mdb"), true);
+        QCOMPARE(StoredIn(u"saved.mdb"_s), u"typed and more, last"_s);
+        m_program->Open(u"saved.mdb"_s, true);
         InOptions([&](NetworkOptionForm& form) {
             QVERIFY(Address(form).text().isEmpty() && !Address(form).isReadOnly());
             QVERIFY(!Button(form, "btnSaveToFile").isEnabled());
@@ -96,9 +95,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("hindrance");
         QTest::addColumn<QString>("part"); // of what is said
         const TestServer& server = TestServer::Get();
-        const QString tcp = server.TcpUri(QStringLiteral("%1"));
-        QTest::newRow("no address") << QStringLiteral("the server in the hall") << QByteArray() << "form postgresql:";
-        QTest::newRow("server down") << server.TcpUri(QStringLiteral("%1"), 1) << QByteArray() << "Connection refused";
+        const QString tcp = server.TcpUri(u"%1"_s);
+        QTest::newRow("no address") << u"the server in the hall"_s << QByteArray() << "form postgresql:";
+        QTest::newRow("server down") << server.TcpUri(u"%1"_s, 1) << QByteArray() << "Connection refused";
         QTest::newRow("no such server") << u"postgresql://nowhere.invalid/office"_s << QByteArray()
                                         << u"nowhere.invalid"_s;
         QTest::newRow("wrong password") << tcp << QByteArray("password") << "password authentication failed";
@@ -115,29 +114,27 @@ private Q_SLOTS:
         QFETCH(QString, part);
         if (hindrance == "password") ::setenv("PGPASSWORD", "guess", 1);
         if (hindrance == "taken" || hindrance == "newer") {
-            const QString first = m_program->folders.Path(QStringLiteral("first.mdb"));
+            const QString first = m_program->folders.Path(u"first.mdb"_s);
             DBEngine::CreateDatabase(first, {}).Close();
             DBEngine::MoveToServer(first, TestServer::Get().Uri(m_planner));
         }
         if (hindrance == "newer")
-            TestServer::Get().Ask(
-                QStringLiteral("UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1").arg(m_planner));
+            TestServer::Get().Ask(u"UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1"_s.arg(m_planner));
         const QByteArray before = FileContent().left(16);
         std::optional<OtherProgram> desk;
-        if (hindrance == "open")
-            QCOMPARE(desk.emplace().Open(m_program->folders.Path(m_program->File), false), QStringLiteral("0"));
+        if (hindrance == "open") QCOMPARE(desk.emplace().Open(m_program->folders.Path(m_program->File), false), u"0"_s);
         const SeenBox seen = Move(address.arg(m_planner), hindrance == "no" ? msgbox::No : msgbox::Yes);
         desk.reset();
         QVERIFY2(seen.Text.contains(part), qPrintable(seen.Text));
         QVERIFY(HasPlanner());
         QCOMPARE(m_program->ShowsLocked(), hindrance == "no"); // who thinks better of it goes on typing
-        QCOMPARE(m_program->Box().Text(), QStringLiteral("typed"));
+        QCOMPARE(m_program->Box().Text(), u"typed"_s);
         if (hindrance == "no") m_program->PressLock();
-        m_program->LockAndType(QStringLiteral(" and more"));
+        m_program->LockAndType(u" and more"_s);
         m_program->PressLock();
-        QCOMPARE(StoredIn(m_program->File), QStringLiteral("typed and more"));
+        QCOMPARE(StoredIn(m_program->File), u"typed and more"_s);
         QCOMPARE(FileContent().left(16), before);
-        QVERIFY(!QFile::exists(m_program->folders.Path(QStringLiteral("team.bak"))));
+        QVERIFY(!QFile::exists(m_program->folders.Path(u"team.bak"_s)));
     }
 };
 

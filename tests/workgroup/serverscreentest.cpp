@@ -39,12 +39,12 @@ class ServerScreenTest : public QObject
         int error = 0;
         Others([&](Database& planner) {
             Recordset notes = Days(planner);
-            notes.Seek(QStringLiteral("="), m_program->Key);
+            notes.Seek(u"="_s, m_program->Key);
             error = ErrorOf([&] { notes.Edit(); });
         });
         return error == 0;
     }
-    bool HasMark() const { return m_program->form->findChild<QToolButton*>(QStringLiteral("btnTunes(18)")) != nullptr; }
+    bool HasMark() const { return m_program->form->findChild<QToolButton*>(u"btnTunes(18)"_s) != nullptr; }
     QString Shown() const { return m_program->Box().Text(); }
 
 private Q_SLOTS:
@@ -54,7 +54,7 @@ private Q_SLOTS:
         m_program = std::make_unique<WorkgroupProgram>();
         m_planner = m_program->MakePlanner(true);
         m_proxy = std::make_unique<CuttingProxy>(TestServer::Get().Port());
-        m_direct = m_program->folders.Path(QStringLiteral("direct.mdb"));
+        m_direct = m_program->folders.Path(u"direct.mdb"_s);
         Link(m_direct, TestServer::Get().Uri(m_planner));
         const QString through = TestServer::Get().TcpUri(m_planner, m_proxy->Port());
         Link(m_program->folders.Path(m_program->File), through);
@@ -62,7 +62,7 @@ private Q_SLOTS:
         OthersWrite(m_program->Key, "old");
         m_program->Start();
         m_program->Open(m_program->File, true);
-        QCOMPARE(Shown(), QStringLiteral("old"));
+        QCOMPARE(Shown(), u"old"_s);
     }
     void cleanup()
     {
@@ -76,8 +76,7 @@ private Q_SLOTS:
         const QString address = TestServer::Get().Uri(m_planner);
         SetIni("Known Servers", QUrl::toPercentEncoding(DBEngine::ServerOf(address), "/:"), "0");
         const auto sessions = [] {
-            return TestServer::Get().Ask(
-                QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"));
+            return TestServer::Get().Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
         };
         const auto open = [this](int answer) {
             SeenBox seen;
@@ -92,11 +91,11 @@ private Q_SLOTS:
         QVERIFY2(open(msgbox::No).contains(address), "it must tell where the link leads");
         QCOMPARE(sessions(), before);
         QVERIFY(g_sDBPath.isEmpty());
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
         open(msgbox::Yes);
-        QCOMPARE(Shown(), QStringLiteral("old"));
+        QCOMPARE(Shown(), u"old"_s);
         m_program->Open(QFileInfo(m_direct).fileName(), true); // no question
-        QCOMPARE(Shown(), QStringLiteral("old"));
+        QCOMPARE(Shown(), u"old"_s);
     }
 
     // While the connection is broken the planner is open to others; a note of theirs must outlive our save.
@@ -104,54 +103,54 @@ private Q_SLOTS:
     {
         const QString file = QFileInfo(m_direct).fileName();
         m_program->Open(file, false);
-        m_program->Type(WorkgroupProgram::Cell, QStringLiteral("mine "));
+        m_program->Type(WorkgroupProgram::Cell, u"mine "_s);
         TestServer::Get().Cut();
         OthersWrite(m_program->Key, "theirs");
         m_program->Trigger("mnuSave");
         m_program->Trigger("mnuSave");
         m_program->Open(file, true);
-        QVERIFY2(Shown().startsWith(QStringLiteral("theirs")), qPrintable(Shown()));
-        QVERIFY2(Shown().endsWith(QStringLiteral("oldmine ")), qPrintable(Shown()));
+        QVERIFY2(Shown().startsWith(u"theirs"_s), qPrintable(Shown()));
+        QVERIFY2(Shown().endsWith(u"oldmine "_s), qPrintable(Shown()));
     }
 
     void WhatOthersStoreIsShown()
     {
         m_program->Click(WorkgroupProgram::Cell);
-        OthersWrite(QStringLiteral("1999/5/1"), "not shown");
+        OthersWrite(u"1999/5/1"_s, "not shown");
         OthersWrite(m_program->Key, "first");
-        QTRY_COMPARE(Shown(), QStringLiteral("first"));
+        QTRY_COMPARE(Shown(), u"first"_s);
         QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays chosen
         Others([&](Database& planner) {
             Recordset notes = Days(planner);
-            notes.Seek(QStringLiteral("="), m_program->Key);
+            notes.Seek(u"="_s, m_program->Key);
             notes.Delete();
         });
         QTRY_COMPARE(Shown(), QString());
         m_program->Trigger("mnuWeekView");
         OthersWrite(m_program->Key, "in the week");
         QTRY_COMPARE(m_program->Box(m_program->CellOf(17)).Text(), QString());
-        QTRY_COMPARE(m_program->Box(39).Text(), QStringLiteral("in the week"));
+        QTRY_COMPARE(m_program->Box(39).Text(), u"in the week"_s);
         QVERIFY2(!m_program->Log().contains("subSeek"), m_program->Log());
     }
 
     // An alarm of the day that one writes in comes and goes without a touch on what was typed.
     void AMarkComesToALockedDay()
     {
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        m_program->LockAndType(u" and mine"_s);
         Others([&](Database& planner) {
             Recordset alarms = planner.OpenTable(schema::Alarms);
             alarms.AddNew();
-            alarms.SetField(QStringLiteral("Alarm Date"), m_program->Key);
+            alarms.SetField(u"Alarm Date"_s, m_program->Key);
             alarms.Update();
         });
         QTRY_VERIFY(HasMark());
-        QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        QCOMPARE(Shown(), u"old and mine"_s);
         Others([](Database& planner) { planner.OpenTable(schema::Alarms).Delete(); });
         QTRY_VERIFY(!HasMark());
-        QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        QCOMPARE(Shown(), u"old and mine"_s);
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();
-        QCOMPARE(Stored(), QStringLiteral("old and mine"));
+        QCOMPARE(Stored(), u"old and mine"_s);
     }
 
     void WhatWasTypedOutlivesABreak_data()
@@ -170,7 +169,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, broken);
         QFETCH(QString, said);
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        m_program->LockAndType(u" and mine"_s);
         TestServer& server = TestServer::Get();
         if (broken == "cut") server.Cut(), QTest::qWait(300); // the program sees it
         if (broken == "unnoticed") server.Cut();
@@ -182,15 +181,15 @@ private Q_SLOTS:
             const QString heard = m_program->PressLockAndHear();
             QVERIFY2(heard.contains(said), qPrintable(heard));
             QVERIFY(m_program->ShowsLocked());
-            QCOMPARE(Shown(), QStringLiteral("old and mine"));
+            QCOMPARE(Shown(), u"old and mine"_s);
             if (broken == "down") server.Start();
             m_proxy->Shut(false);
             QTest::qWait(50); // a program leaves a server that was not there alone for a moment
-            m_program->TypeOn(QStringLiteral("!"));
+            m_program->TypeOn(u"!"_s);
         }
         m_program->PressLock();
         QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Shown(), said.isEmpty() ? QStringLiteral("old and mine") : QStringLiteral("old and mine!"));
+        QCOMPARE(Shown(), said.isEmpty() ? u"old and mine"_s : u"old and mine!"_s);
         QCOMPARE(Stored(), Shown());
         QVERIFY(IsFreeForOthers());
         QVERIFY(m_program->form->isActiveWindow()); // nothing more was asked
@@ -208,10 +207,10 @@ private Q_SLOTS:
     {
         QFETCH(bool, shared);
         if (!shared) m_program->Open(QFileInfo(m_direct).fileName(), false);
-        if (shared) m_program->LockAndType(QStringLiteral(" and mine"));
-        if (!shared) m_program->Type(WorkgroupProgram::Cell, QStringLiteral("mine "));
+        if (shared) m_program->LockAndType(u" and mine"_s);
+        if (!shared) m_program->Type(WorkgroupProgram::Cell, u"mine "_s);
         const QStringList frozen = TestServer::Get().Freeze();
-        const QString journal = folders::ApplicationDirectory() + QStringLiteral("/journal/1.notes");
+        const QString journal = folders::ApplicationDirectory() + u"/journal/1.notes"_s;
         QVERIFY(!QFile::exists(journal));
         std::atomic<bool> isKept = false;
         std::thread server([&] {
@@ -228,7 +227,7 @@ private Q_SLOTS:
             m_program->Trigger("mnuNextMonth");
         server.join();
         QVERIFY(isKept);
-        QCOMPARE(Stored(), shared ? QStringLiteral("old and mine") : QStringLiteral("oldmine "));
+        QCOMPARE(Stored(), shared ? u"old and mine"_s : u"oldmine "_s);
         QVERIFY(!QFile::exists(journal));
     }
 
@@ -245,18 +244,18 @@ private Q_SLOTS:
     {
         QFETCH(int, answer);
         QFETCH(QString, expected);
-        const QString question = QStringLiteral("Another user has changed this day while the connection was broken.");
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        const QString question = u"Another user has changed this day while the connection was broken."_s;
+        m_program->LockAndType(u" and mine"_s);
         TestServer::Get().Cut();
-        QVERIFY(m_program->PressLockAndHear().contains(QStringLiteral("connection")));
+        QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
         OthersWrite(m_program->Key, "theirs");
         QTest::qWait(50); // they tell of it, and the day is being edited
-        QCOMPARE(Shown(), QStringLiteral("old and mine"));
+        QCOMPARE(Shown(), u"old and mine"_s);
         QVERIFY(m_program->PressLockAndHear(answer).startsWith(question));
         if (answer == msgbox::Cancel) {
             QVERIFY(m_program->ShowsLocked());
-            QCOMPARE(Shown(), QStringLiteral("old and mine"));
-            QCOMPARE(Stored(), QStringLiteral("theirs"));
+            QCOMPARE(Shown(), u"old and mine"_s);
+            QCOMPARE(Stored(), u"theirs"_s);
             QVERIFY(m_program->PressLockAndHear(msgbox::Yes).startsWith(question));
         }
         QVERIFY(m_program->ShowsFree());
@@ -268,12 +267,12 @@ private Q_SLOTS:
     // The timers go on behind a message: no second one comes up over it.
     void SomebodyElseHoldsTheDay()
     {
-        m_program->LockAndType(QStringLiteral(" and mine"));
+        m_program->LockAndType(u" and mine"_s);
         TestServer::Get().Cut();
-        QVERIFY(m_program->PressLockAndHear().contains(QStringLiteral("connection")));
+        QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
         Others([&](Database& planner) {
             Recordset notes = Days(planner);
-            notes.Seek(QStringLiteral("="), m_program->Key);
+            notes.Seek(u"="_s, m_program->Key);
             notes.Edit();
             SeenBox seen;
             OnNextModal<QMessageBox>([&](QMessageBox& box) {
@@ -291,15 +290,14 @@ private Q_SLOTS:
                 box.button(QMessageBox::Ok)->click();
             });
             m_program->PressLock();
-            QVERIFY2(seen.Text.startsWith(QStringLiteral("Could not update; currently locked by")),
-                     qPrintable(seen.Text));
+            QVERIFY2(seen.Text.startsWith(u"Could not update; currently locked by"_s), qPrintable(seen.Text));
             QVERIFY(m_program->ShowsFree());
-            QCOMPARE(Shown(), QStringLiteral("old and mine"));
+            QCOMPARE(Shown(), u"old and mine"_s);
         });
         m_program->PressLock();
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();
-        QCOMPARE(Stored(), QStringLiteral("old and mine"));
+        QCOMPARE(Stored(), u"old and mine"_s);
     }
 
     void TheDayViewOutlivesABreak()
@@ -307,17 +305,17 @@ private Q_SLOTS:
         m_program->Click(WorkgroupProgram::Cell);
         SeenBox seen;
         OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), QStringLiteral("mine, "));
+            QTest::keyClicks(&form.tbZoom(), u"mine, "_s);
             TestServer::Get().Cut();
             AnswerNextBox(msgbox::Ok, &seen);
             QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
         });
         m_program->Trigger("mnuDayView");
-        QVERIFY2(seen.Text.contains(QStringLiteral("connection")), qPrintable(seen.Text));
+        QVERIFY2(seen.Text.contains(u"connection"_s), qPrintable(seen.Text));
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();
         QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Stored(), QStringLiteral("mine, old"));
+        QCOMPARE(Stored(), u"mine, old"_s);
     }
 
     void AServerThatComesBackIsHeardByItself()
@@ -326,17 +324,17 @@ private Q_SLOTS:
         QTest::qWait(100); // the end is heard
         TestServer::Get().Start();
         OthersWrite(m_program->Key, "told without a touch");
-        QTRY_COMPARE_WITH_TIMEOUT(Shown(), QStringLiteral("told without a touch"), 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(Shown(), u"told without a touch"_s, 30000);
     }
 
     void WithoutItsServerTheScreenKeepsWhatItShows()
     {
         TestServer::Get().Stop(SIGQUIT);
         m_program->Trigger("mnuRefresh");
-        QCOMPARE(Shown(), QStringLiteral("old"));
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("There is no connection to the planner's server."));
+        QCOMPARE(Shown(), u"old"_s);
+        QCOMPARE(m_program->Bottom().Caption(), u"There is no connection to the planner's server."_s);
         m_program->Click(WorkgroupProgram::Cell);
-        QVERIFY(m_program->PressLockAndHear().contains(QStringLiteral("no connection to the server of 'team.mdb'")));
+        QVERIFY(m_program->PressLockAndHear().contains(u"no connection to the server of 'team.mdb'"_s));
         QVERIFY(m_program->ShowsFree());
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(Shown(), QString()); // never under another date
@@ -344,10 +342,10 @@ private Q_SLOTS:
         TestServer::Get().Start();
         QTest::qWait(50);
         m_program->Trigger("mnuRefresh");
-        QCOMPARE(m_program->Bottom().Caption(), QStringLiteral("MARCH 1999"));
-        QCOMPARE(Shown(), QStringLiteral("old"));
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
+        QCOMPARE(Shown(), u"old"_s);
         OthersWrite(m_program->Key, "told again");
-        QTRY_COMPARE(Shown(), QStringLiteral("told again"));
+        QTRY_COMPARE(Shown(), u"told again"_s);
     }
 };
 

@@ -24,7 +24,7 @@ constexpr QLatin1StringView Literal(" in StormTest");
 
 QString KeyOf(int day)
 {
-    return QStringLiteral("1999/3/%1").arg(day);
+    return u"1999/3/%1"_s.arg(day);
 }
 
 // A day's text is how often it was committed and by whom: each one takes it on from what it found under its lock.
@@ -110,14 +110,14 @@ class StormTest : public QObject
     std::map<int, DayStory> m_days;
     int m_refusals = 0;
 
-    QString Planner() const { return m_folder->filePath(QStringLiteral("team.mdb")); }
-    QString JournalOf(int user) const { return m_folder->filePath(QStringLiteral("user%1").arg(user)); }
+    QString Planner() const { return m_folder->filePath(u"team.mdb"_s); }
+    QString JournalOf(int user) const { return m_folder->filePath(u"user%1"_s.arg(user)); }
 
     std::unique_ptr<QProcess> StartUser(int user) const
     {
         auto process = std::make_unique<QProcess>();
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process->start(QCoreApplication::applicationFilePath(), {QStringLiteral("--user"), Planner(), JournalOf(user)});
+        process->start(QCoreApplication::applicationFilePath(), {u"--user"_s, Planner(), JournalOf(user)});
         return process;
     }
 
@@ -164,10 +164,10 @@ class StormTest : public QObject
     // Reads every row, in a file every page.
     void Check() const
     {
-        const QString file = m_folder->filePath(QStringLiteral("saved.mdb"));
+        const QString file = m_folder->filePath(u"saved.mdb"_s);
         QFETCH_GLOBAL(bool, onServer);
         if (onServer) DBEngine::OpenDatabase(Planner()).SaveToFile(file);
-        DBEngine::CompactDatabase(onServer ? file : Planner(), m_folder->filePath(QStringLiteral("checked.mdb")));
+        DBEngine::CompactDatabase(onServer ? file : Planner(), m_folder->filePath(u"checked.mdb"_s));
     }
 
 private Q_SLOTS:
@@ -186,14 +186,14 @@ private Q_SLOTS:
         Recordset notes = schema::OpenNotes(DBEngine::OpenDatabase(Planner()));
         QStringList keys;
         for (; !notes.EOF_(); notes.MoveNext())
-            keys.append(notes.Fields(QStringLiteral("qmtDate")).toString());
+            keys.append(notes.Fields(u"qmtDate"_s).toString());
         QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
         int commits = 0;
         for (const auto& [day, story] : m_days) {
             QVERIFY(!story.done.empty());
             commits += int(story.done.size());
-            notes.Seek(QStringLiteral("="), KeyOf(day));
-            const QByteArray text = notes.Fields(QStringLiteral("qmtText")).toByteArray();
+            notes.Seek(u"="_s, KeyOf(day));
+            const QByteArray text = notes.Fields(u"qmtText"_s).toByteArray();
             // The last one that was told of is there, or one whose user fell before he could tell.
             QVERIFY(CountIn(text) >= story.done.rbegin()->first);
             QVERIFY(story.tried.contains(text));

@@ -11,8 +11,8 @@ class WorkgroupProgram : public Program
 {
 public:
     static constexpr int Cell = 18;
-    QString File = QStringLiteral("team.mdb");
-    const QString Key = QStringLiteral("1999/3/17");
+    QString File = u"team.mdb"_s;
+    const QString Key = u"1999/3/17"_s;
 
     // Another user writes, by a connection of its own.
     void WriteAs(const QString& key, const QByteArray& text) const
@@ -56,7 +56,7 @@ public:
         AnswerNextBox(answer, &seen);
         PressLock();
         Activate();
-        return WaitingAnswers() ? QStringLiteral("nothing was said") : seen.Text;
+        return WaitingAnswers() ? u"nothing was said"_s : seen.Text;
     }
 
     void LockAndType(const QString& text) const

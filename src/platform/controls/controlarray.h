@@ -21,9 +21,9 @@ public:
     // 360 if it is loaded already. The element is called name(index), as tests and style sheets find it.
     Control& Load(int index)
     {
-        if (Exists(index)) throw RunTimeError{errors::AlreadyLoaded, QStringLiteral("Object already loaded")};
+        if (Exists(index)) throw RunTimeError{errors::AlreadyLoaded, u"Object already loaded"_s};
         Control* control = m_maker(index);
-        control->setObjectName(QStringLiteral("%1(%2)").arg(m_name).arg(index));
+        control->setObjectName(u"%1(%2)"_s.arg(m_name).arg(index));
         m_elements[index] = control;
         return *control;
     }
@@ -41,8 +41,7 @@ public:
     {
         const auto found = m_elements.find(index);
         if (found == m_elements.end()) {
-            throw RunTimeError{errors::NoSuchElement,
-                               QStringLiteral("Control array element '%1' doesn't exist").arg(index)};
+            throw RunTimeError{errors::NoSuchElement, u"Control array element '%1' doesn't exist"_s.arg(index)};
         }
         return *found->second;
     }

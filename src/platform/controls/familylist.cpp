@@ -30,7 +30,7 @@ qsizetype RowOf(const QString& name, const QStringList& families)
 FamilyList::FamilyList(QFontDialog& dialog, QListView& families, QLineEdit& field, const QString& name)
     : QListView(&dialog), m_families(families), m_field(field), m_name(name)
 {
-    setAccessibleName(QStringLiteral("Font"));
+    setAccessibleName(u"Font"_s);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
     setModel(&m_names);

@@ -22,7 +22,7 @@ constexpr QSize SwatchSize(32, 16);
 
 QString NameOf(const FontChoice& choice)
 {
-    return choice.name.isEmpty() ? QStringLiteral("Arial") : choice.name;
+    return choice.name.isEmpty() ? u"Arial"_s : choice.name;
 }
 
 QFont FontOf(const FontChoice& choice)
@@ -126,11 +126,11 @@ private:
 
 FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
     : QDialog(owner), m_seed(seed), m_color(ColorOfValue(seed.color)), m_fonts(new InnerFontDialog(seed, flags, this)),
-      m_colorButton(new QPushButton(QStringLiteral("&Color...")))
+      m_colorButton(new QPushButton(u"&Color..."_s))
 {
-    setObjectName(QStringLiteral("FontForm"));
-    setWindowTitle(QStringLiteral("Font"));
-    m_colorButton->setObjectName(QStringLiteral("btnColor"));
+    setObjectName(u"FontForm"_s);
+    setWindowTitle(u"Font"_s);
+    m_colorButton->setObjectName(u"btnColor"_s);
     m_colorButton->setIconSize(SwatchSize);
     connect(m_colorButton, &QPushButton::clicked, this, &FontForm::AskColor);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -154,7 +154,7 @@ FontForm::FontForm(QWidget* owner, const FontChoice& seed, int flags)
 
 void FontForm::AskColor()
 {
-    const QColor color = QColorDialog::getColor(m_color, this, QStringLiteral("Color"));
+    const QColor color = QColorDialog::getColor(m_color, this, u"Color"_s);
     if (!color.isValid()) return;
     m_color = color;
     m_seed.colorIsChosen = true;

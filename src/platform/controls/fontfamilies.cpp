@@ -5,14 +5,14 @@
 
 QString WithoutMaker(const QString& family)
 {
-    static const QRegularExpression maker(QStringLiteral(" \\[.*\\]$"));
+    static const QRegularExpression maker(u" \\[.*\\]$"_s);
     return QString(family).remove(maker);
 }
 
 QStringList KeptNames(const QStringList& families)
 {
     if (families.isEmpty()) return {};
-    QStringList names(QStringLiteral("Arial"));
+    QStringList names(u"Arial"_s);
     for (const QString& family : families)
         names.append(WithoutMaker(family));
     names.sort(Qt::CaseInsensitive);

@@ -67,7 +67,7 @@ void MaskEdBox::SetMask(const QString& mask)
     m_typedTo = -1;
     QString inputMask;
     for (const QChar character : mask)
-        inputMask += character == u'#' ? QStringLiteral("0") : QStringLiteral("\\") + character;
+        inputMask += character == u'#' ? u"0"_s : u"\\"_s + character;
     setInputMask(mask.isEmpty() ? QString() : inputMask + u';' + Missing);
 }
 

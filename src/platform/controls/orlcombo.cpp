@@ -110,7 +110,7 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setAttribute(Qt::WA_Hover);
     setIconSize(SwatchSize);
     setMaxVisibleItems(18);
-    setPlaceholderText(QStringLiteral(" ")); // with one, a box that is filled has no entry chosen yet
+    setPlaceholderText(u" "_s); // with one, a box that is filled has no entry chosen yet
     connect(this, &QComboBox::activated, this, &ORLCombo::Choose);
 }
 
@@ -201,7 +201,7 @@ int ORLCombo::ListIndex() const
 void ORLCombo::SetListIndex(int index)
 {
     if (index < -1 || index >= ListCount()) {
-        throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
+        throw RunTimeError{errors::InvalidPropertyValue, u"Invalid property value"_s};
     }
     setCurrentIndex(index);
     ShowText(QString());

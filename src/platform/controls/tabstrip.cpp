@@ -9,10 +9,10 @@ namespace {
 // Two leaves of paper, the one in front lighter.
 QString TabStyle()
 {
-    const QString style = QStringLiteral(
-        "QTabBar::tab { background: %1; color: %2; border: 1px solid %3; border-radius: 4px; padding: 4px 5px; "
+    const QString style =
+        u"QTabBar::tab { background: %1; color: %2; border: 1px solid %3; border-radius: 4px; padding: 4px 5px; "
         "margin: 4px 1px 6px 1px; } QTabBar::tab:selected { background: %4; color: %5; } "
-        "QTabBar:focus::tab:selected { border-color: %6; }");
+        "QTabBar:focus::tab:selected { border-color: %6; }"_s;
     return style.arg(paper::Band.name(), paper::SoftInk.name(), paper::Hairline.name(), paper::Paper.name(),
                      paper::Ink.name(), paper::Accent.name());
 }

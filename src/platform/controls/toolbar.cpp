@@ -145,14 +145,14 @@ void Toolbar::Add(const QString& key, QWidget* item)
 QWidget& Toolbar::Item(const QString& key) const
 {
     const auto found = m_items.find(key);
-    if (found == m_items.end()) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
+    if (found == m_items.end()) throw RunTimeError{ElementNotFound, u"Element not found"_s};
     return *found->second;
 }
 
 ToolbarButton& Toolbar::Buttons(const QString& key) const
 {
     auto* button = qobject_cast<ToolbarButton*>(&Item(key));
-    if (!button) throw RunTimeError{ElementNotFound, QStringLiteral("Element not found")};
+    if (!button) throw RunTimeError{ElementNotFound, u"Element not found"_s};
     return *button;
 }
 

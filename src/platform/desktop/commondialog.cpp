@@ -28,7 +28,7 @@ protected:
     void accept() override
     {
         const QStringList files = selectedFiles();
-        auto* const edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* const edit = findChild<QLineEdit*>(u"fileNameEdit"_s);
         if (edit && files.size() == 1 && !QFileInfo::exists(files.first())) {
             const QString found = filesystem::Find(files.first());
             if (!found.isEmpty()) edit->setText(found);
@@ -45,10 +45,10 @@ QStringList NameFilters(const QString& filter)
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
         for (QString& pattern : patterns)
-            pattern = pattern.trimmed() == u"*.*" ? QStringLiteral("*") : pattern.trimmed();
-        filters += parts[i].section(u'(', 0, 0).trimmed() + QStringLiteral(" (") + patterns.join(u' ') + u')';
+            pattern = pattern.trimmed() == u"*.*" ? u"*"_s : pattern.trimmed();
+        filters += parts[i].section(u'(', 0, 0).trimmed() + u" ("_s + patterns.join(u' ') + u')';
     }
-    return filters.isEmpty() ? QStringList{QStringLiteral("All Files (*)")} : filters;
+    return filters.isEmpty() ? QStringList{u"All Files (*)"_s} : filters;
 }
 
 QString FirstFolder(const QStringList& folders)
@@ -64,7 +64,7 @@ void Enlarge(QFileDialog& dialog)
 {
     const QSize screen = dialog.screen()->availableSize();
     dialog.resize(dialog.sizeHint().expandedTo({860, 540}).boundedTo(screen * 0.9));
-    if (auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+    if (auto* const list = dialog.findChild<QTreeView*>(u"treeView"_s)) {
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
@@ -75,7 +75,7 @@ void Enlarge(QFileDialog& dialog)
 
 bool CommonDialog::Action(int action)
 {
-    if (action != 1) throw RunTimeError{InvalidProcedureCall, QStringLiteral("Invalid procedure call")};
+    if (action != 1) throw RunTimeError{InvalidProcedureCall, u"Invalid procedure call"_s};
     return ShowOpen();
 }
 
@@ -89,7 +89,7 @@ bool CommonDialog::ShowOpen()
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode((Flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (!AcceptText.isEmpty()) dialog->setLabelText(QFileDialog::Accept, AcceptText);
-    dialog->setWindowTitle(DialogTitle.isEmpty() ? QStringLiteral("Open") : DialogTitle);
+    dialog->setWindowTitle(DialogTitle.isEmpty() ? u"Open"_s : DialogTitle);
     dialog->setNameFilters(filters);
     dialog->selectNameFilter(filters[qBound(1, FilterIndex, int(filters.size())) - 1]);
     dialog->setDirectory(FirstFolder({InitDir, m_lastFolder, documents}));
@@ -111,7 +111,7 @@ bool CommonDialog::ShowPrinter(SystemPrinter& printer)
 
 void CommonDialog::RaiseIfCancelled(bool accepted) const
 {
-    if (!accepted && CancelError) throw RunTimeError{errors::DialogCancelled, QStringLiteral("Cancel was selected.")};
+    if (!accepted && CancelError) throw RunTimeError{errors::DialogCancelled, u"Cancel was selected."_s};
 }
 
 void CommonDialog::Take(const QFileDialog& dialog, const QStringList& filters)

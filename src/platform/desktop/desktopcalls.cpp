@@ -32,9 +32,8 @@ void DesktopCalls::Listen()
     const QString path = u'/' + Name().replace(u'.', u'/');
     bus.registerObject(path, this, QDBusConnection::ExportScriptableSlots);
     // The library's own way waits for the answer. No flags: who comes second stands in the bus's queue.
-    QDBusMessage request =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+    QDBusMessage request = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                                          u"org.freedesktop.DBus"_s, u"RequestName"_s);
     request.setArguments({Name(), 0u});
     bus.send(request);
 }
@@ -56,5 +55,5 @@ void DesktopCalls::Open(const QStringList& uris, const QVariantMap& platformData
 
 void DesktopCalls::ActivateAction(const QString& name, const QVariantList&, const QVariantMap&)
 {
-    sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("Orrelin has no action '%1'.").arg(name));
+    sendErrorReply(QDBusError::InvalidArgs, u"Orrelin has no action '%1'."_s.arg(name));
 }

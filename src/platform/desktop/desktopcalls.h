@@ -13,7 +13,7 @@ class DesktopCalls : public QObject, protected QDBusContext
 
 public:
     // On the bus, and in the names of the files by which desktops know the program.
-    static QString Name() { return QStringLiteral("org.orrelin.Orrelin"); }
+    static QString Name() { return u"org.orrelin.Orrelin"_s; }
 
     // Takes calls from now on, first those that the bus has kept while it started the program. A second copy of the
     // program is called on when the first has ended. Comes back without waiting for the bus's answer.

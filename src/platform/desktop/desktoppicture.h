@@ -4,7 +4,7 @@
 #include <QString>
 
 namespace wallpaper {
-inline const QString None = QStringLiteral("(None)");
+inline const QString None = u"(None)"_s;
 
 // How a picture that is not of the screen's size is laid on it. The numbers are kept in WIN.INI.
 enum class Fit

@@ -27,10 +27,10 @@ public:
     // The file that the names from this one on lead to, below the folder; empty if there is none.
     QString Below(const QString& folder, qsizetype index = 0)
     {
-        if (index == m_names.size()) return folder.isEmpty() ? QStringLiteral("/") : folder;
+        if (index == m_names.size()) return folder.isEmpty() ? u"/"_s : folder;
         const QString& name = m_names[index];
         const QString exact = Step(folder, name, index);
-        if (!exact.isEmpty() || name == QLatin1StringView("..")) return exact;
+        if (!exact.isEmpty() || name == ".."_L1) return exact;
         for (const QString& other : EqualNames(folder, name)) {
             const QString found = Step(folder, other, index);
             if (!found.isEmpty()) return found;
@@ -71,7 +71,7 @@ private:
 QStringList NamesOf(const QString& path)
 {
     QStringList names = QDir::current().absoluteFilePath(path).split(u'/', Qt::SkipEmptyParts);
-    names.removeAll(QStringLiteral("."));
+    names.removeAll(u"."_s);
     return names;
 }
 

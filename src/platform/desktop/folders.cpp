@@ -16,8 +16,8 @@ struct Folder
     QString Path;  // empty until the folder was asked for
 };
 
-Folder g_application{QStringLiteral("orrelin"), QStandardPaths::GenericDataLocation, {}};
-Folder g_windows{QStringLiteral("orrelin"), QStandardPaths::GenericConfigLocation, {}};
+Folder g_application{u"orrelin"_s, QStandardPaths::GenericDataLocation, {}};
+Folder g_windows{u"orrelin"_s, QStandardPaths::GenericConfigLocation, {}};
 QString g_root; // of a test; empty otherwise
 
 QString Make(const QString& path)
@@ -40,7 +40,7 @@ const QString& PathOf(Folder& folder, const QString& nameInRoot)
 
 QString Brought(const QString& name, const QString& installed)
 {
-    if (!g_root.isEmpty()) return filesystem::Find(g_root + QStringLiteral("/shipped/") + name);
+    if (!g_root.isEmpty()) return filesystem::Find(g_root + u"/shipped/"_s + name);
     const QDir program(QCoreApplication::applicationDirPath());
     const QString beside = filesystem::Find(program.filePath(name));
     return beside.isEmpty() ? filesystem::Find(program.filePath(installed + name)) : beside;
@@ -64,7 +64,7 @@ QString Stocked(const QString& name)
 {
     const QString path = folders::ApplicationDirectory() + u'/' + name;
     if (QFileInfo::exists(path)) return path;
-    const QString unfinished = Make(path + QStringLiteral(".new"));
+    const QString unfinished = Make(path + u".new"_s);
     const bool isComplete = CopyAll(QDir(folders::Shipped(name)), QDir(unfinished));
     return isComplete && QDir().rename(unfinished, path) ? path : unfinished;
 }
@@ -72,32 +72,32 @@ QString Stocked(const QString& name)
 
 QString folders::ApplicationDirectory()
 {
-    return PathOf(g_application, QStringLiteral("data"));
+    return PathOf(g_application, u"data"_s);
 }
 
 QString folders::WindowsDirectory()
 {
-    return PathOf(g_windows, QStringLiteral("config"));
+    return PathOf(g_windows, u"config"_s);
 }
 
 QString folders::MediaDirectory()
 {
-    return Stocked(QStringLiteral("Media"));
+    return Stocked(u"Media"_s);
 }
 
 QString folders::IconsDirectory()
 {
-    return Stocked(QStringLiteral("icons"));
+    return Stocked(u"icons"_s);
 }
 
 QString folders::Shipped(const QString& name)
 {
-    return Brought(name, QStringLiteral("../share/orrelin/"));
+    return Brought(name, u"../share/orrelin/"_s);
 }
 
 QString folders::ShippedProgram(const QString& name)
 {
-    return Brought(name, QStringLiteral("../lib/orrelin/"));
+    return Brought(name, u"../lib/orrelin/"_s);
 }
 
 void folders::SetRootForTests(const QString& root)

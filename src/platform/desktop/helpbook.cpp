@@ -8,7 +8,7 @@
 #include <algorithm>
 
 namespace {
-const QString Root = QStringLiteral("/orrelin-help"); // nothing else in the program is registered below it
+const QString Root = u"/orrelin-help"_s; // nothing else in the program is registered below it
 
 constexpr qsizetype SealSize = 64; // the file ends with the SHA-256 of all before it, in hexadecimal letters
 
@@ -34,7 +34,7 @@ QString PathIn(const QUrl& address)
 
 QString TitleOf(const QByteArray& page)
 {
-    static const QRegularExpression Title(QStringLiteral("<title>(.*)</title>"));
+    static const QRegularExpression Title(u"<title>(.*)</title>"_s);
     return Title.match(QString::fromUtf8(page)).captured(1);
 }
 
@@ -74,7 +74,7 @@ HelpBook::~HelpBook()
 // Each line of contents.txt is the name of a page, or "# " and the heading of the pages that follow.
 void HelpBook::ReadContents()
 {
-    const QByteArray contents = Read(QUrl(QStringLiteral("qrc:%1/contents.txt").arg(Root)));
+    const QByteArray contents = Read(QUrl(u"qrc:%1/contents.txt"_s.arg(Root)));
     QString chapter;
     for (const QString& line : QString::fromUtf8(contents).split(u'\n', Qt::SkipEmptyParts)) {
         if (line.startsWith(u"# ")) {
@@ -88,7 +88,7 @@ void HelpBook::ReadContents()
 
 QUrl HelpBook::PageOf(const QString& name)
 {
-    return QUrl(QStringLiteral("qrc:%1/%2.html").arg(Root, name));
+    return QUrl(u"qrc:%1/%2.html"_s.arg(Root, name));
 }
 
 bool HelpBook::Holds(const QUrl& address) const
@@ -125,7 +125,7 @@ QList<QRegularExpression> HelpBook::WordsOf(const QString& typed)
 {
     QList<QRegularExpression> words;
     for (const QString& word : typed.simplified().split(u' ', Qt::SkipEmptyParts)) {
-        words.append(QRegularExpression(QStringLiteral("(?<!\\w)") + QRegularExpression::escape(word),
+        words.append(QRegularExpression(u"(?<!\\w)"_s + QRegularExpression::escape(word),
                                         QRegularExpression::CaseInsensitiveOption |
                                             QRegularExpression::UseUnicodePropertiesOption));
     }

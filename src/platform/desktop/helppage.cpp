@@ -104,7 +104,7 @@ void HelpPage::doSetSource(const QUrl& address, QTextDocument::ResourceType type
     if (m_book.Holds(absolute))
         QTextBrowser::doSetSource(absolute, type);
     else
-        QToolTip::showText(QCursor::pos(), QStringLiteral("Not part of this help: ") + address.toString(), this);
+        QToolTip::showText(QCursor::pos(), u"Not part of this help: "_s + address.toString(), this);
 }
 
 void HelpPage::changeEvent(QEvent* event)

@@ -25,7 +25,7 @@ constexpr int Gap = 8;
 constexpr int Indent = 14;
 constexpr int LineGap = 5; // between the lines of a list
 
-const QString HowToUseHelp = QStringLiteral("using-help");
+const QString HowToUseHelp = u"using-help"_s;
 
 template <typename Part>
 Part* Named(Part* part, const char* name, const char* accessible)
@@ -54,8 +54,8 @@ HelpWindow::HelpWindow(QWidget* owner, const QString& file, std::unique_ptr<Help
       m_page(Named(new HelpPage(*m_book, this), "helpPage", "Help page")),
       m_tabs(Named(new QTabWidget(this), "helpTabs", "Ways to find a topic"))
 {
-    m_tabs->addTab(MakeContents(), QStringLiteral("&Contents"));
-    m_tabs->addTab(MakeSearch(), QStringLiteral("&Search"));
+    m_tabs->addTab(MakeContents(), u"&Contents"_s);
+    m_tabs->addTab(MakeSearch(), u"&Search"_s);
     connect(m_tabs, &QTabWidget::currentChanged, this, &HelpWindow::MarkWords);
     connect(m_page, &QTextBrowser::sourceChanged, this, &HelpWindow::FollowPage);
 
@@ -103,8 +103,8 @@ void HelpWindow::AddCommands(QBoxLayout& bar)
         connect(action, &QAction::triggered, this, command.Act);
         addAction(action);
         if (!command.Text) continue;
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(QString::fromLatin1(command.Tip),
-                                                         command.Key.toString(QKeySequence::NativeText)));
+        action->setToolTip(
+            u"%1 (%2)"_s.arg(QString::fromLatin1(command.Tip), command.Key.toString(QKeySequence::NativeText)));
         auto* const button = new PressedByReturn<QToolButton>(this);
         button->setDefaultAction(action);
         button->setFocusPolicy(Qt::TabFocus);
@@ -142,7 +142,7 @@ QWidget* HelpWindow::MakeContents()
 QWidget* HelpWindow::MakeSearch()
 {
     m_words = Named(new QLineEdit(this), "helpWords", "Words to find in the help");
-    m_words->setPlaceholderText(QStringLiteral("Type words to find"));
+    m_words->setPlaceholderText(u"Type words to find"_s);
     m_words->setClearButtonEnabled(true);
     m_hits = Named(new QListWidget(this), "helpHits", "Topics found");
     m_found = Named(new QLabel(this), "helpFound", "Number of topics found");
@@ -198,7 +198,7 @@ void HelpWindow::ShowPage(const QUrl& page)
 
 void HelpWindow::FollowPage(const QUrl& page)
 {
-    setWindowTitle(m_page->documentTitle() + QStringLiteral(" - Orrelin Help"));
+    setWindowTitle(m_page->documentTitle() + u" - Orrelin Help"_s);
     QTreeWidgetItem* const item = ItemOf(*m_contents, page.adjusted(QUrl::RemoveFragment));
     if (item) m_contents->setCurrentItem(item);
 }
@@ -213,7 +213,7 @@ void HelpWindow::ListHits()
         item->setToolTip(item->text());
         item->setSizeHint(LineSize(*m_hits));
     }
-    const QString found = hits.size() == 1 ? QStringLiteral("1 topic") : QStringLiteral("%1 topics").arg(hits.size());
+    const QString found = hits.size() == 1 ? u"1 topic"_s : u"%1 topics"_s.arg(hits.size());
     m_found->setText(m_words->text().trimmed().isEmpty() ? QString() : found);
     MarkWords();
 }

@@ -26,7 +26,7 @@ void Silence(QLibrary& library)
 
 std::optional<MixerLibrary> Loaded()
 {
-    QLibrary library(QStringLiteral("SDL2_mixer-2.0"), 0);
+    QLibrary library(u"SDL2_mixer-2.0"_s, 0);
     library.setLoadHints(QLibrary::PreventUnloadHint);
     if (!library.load()) return {};
     MixerLibrary functions;

@@ -23,14 +23,14 @@ struct Button
 
 // By answer, from 1.
 constexpr std::array<Button, 8> Buttons{{
-    {QMessageBox::NoButton, QLatin1StringView("")},
-    {QMessageBox::Ok, QLatin1StringView("OK")},
-    {QMessageBox::Cancel, QLatin1StringView("Cancel")},
-    {QMessageBox::Abort, QLatin1StringView("&Abort")},
-    {QMessageBox::Retry, QLatin1StringView("&Retry")},
-    {QMessageBox::Ignore, QLatin1StringView("&Ignore")},
-    {QMessageBox::Yes, QLatin1StringView("&Yes")},
-    {QMessageBox::No, QLatin1StringView("&No")},
+    {QMessageBox::NoButton, ""_L1},
+    {QMessageBox::Ok, "OK"_L1},
+    {QMessageBox::Cancel, "Cancel"_L1},
+    {QMessageBox::Abort, "&Abort"_L1},
+    {QMessageBox::Retry, "&Retry"_L1},
+    {QMessageBox::Ignore, "&Ignore"_L1},
+    {QMessageBox::Yes, "&Yes"_L1},
+    {QMessageBox::No, "&No"_L1},
 }};
 
 struct ButtonSet
@@ -69,13 +69,13 @@ constexpr qsizetype LongestText = 1200; // more would push the buttons off the s
 // in a name only if that is too long itself.
 QString Breakable(QString text)
 {
-    static const QRegularExpression longRun(QStringLiteral("(?=\\S{41})([^\\s/]{0,39}/|\\S{40})"));
-    return text.replace(longRun, QStringLiteral("\\1") + QChar(0x200B));
+    static const QRegularExpression longRun(u"(?=\\S{41})([^\\s/]{0,39}/|\\S{40})"_s);
+    return text.replace(longRun, u"\\1"_s + QChar(0x200B));
 }
 
 void Fill(QMessageBox& box, const QString& text, int style, const QString& title)
 {
-    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Orrelin") : title);
+    box.setWindowTitle(title.isEmpty() ? u"Orrelin"_s : title);
     box.setTextFormat(Qt::PlainText);
     const bool fits = text.size() <= LongestText;
     box.setText(Breakable(fits ? text : text.left(LongestText) + u'\u2026'));

@@ -8,7 +8,6 @@
 bool HasSessionBus()
 {
     const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const bool hasAddress =
-        qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + QStringLiteral("/bus"));
+    const bool hasAddress = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + u"/bus"_s);
     return hasAddress && QDBusConnection::sessionBus().isConnected();
 }

@@ -54,9 +54,9 @@ constexpr struct
 {
     QLatin1StringView Before, Behind; // the path
     int (*Do)(const QString& path);
-} commands[] = {{QLatin1StringView("open "), QLatin1StringView(" type sequencer"), OpenSequence},
-                {QLatin1StringView("play "), QLatin1StringView(""), PlaySequence},
-                {QLatin1StringView("close "), QLatin1StringView(""), CloseSequence}};
+} commands[] = {{"open "_L1, " type sequencer"_L1, OpenSequence},
+                {"play "_L1, ""_L1, PlaySequence},
+                {"close "_L1, ""_L1, CloseSequence}};
 
 constexpr struct ErrorText
 {

@@ -20,8 +20,8 @@ std::unique_ptr<QPrinter> MakePrinter()
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setPageOrientation(QPageLayout::Landscape);
-    printer->setDocName(QStringLiteral("Orrelin"));
-    printer->setCreator(QStringLiteral("Orrelin"));
+    printer->setDocName(u"Orrelin"_s);
+    printer->setCreator(u"Orrelin"_s);
     const bool isAmerican = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
     // A printer knows its own paper; a file has none.
     if (printer->outputFormat() == QPrinter::PdfFormat)
@@ -40,7 +40,7 @@ protected:
     {
         QPrintDialog::childEvent(event);
         if (!event->polished()) return;
-        const auto* const margin = event->child()->findChild<QWidget*>(QStringLiteral("leftMargin"));
+        const auto* const margin = event->child()->findChild<QWidget*>(u"leftMargin"_s);
         if (margin) margin->parentWidget()->hide();
     }
 };
@@ -52,9 +52,9 @@ class SetupDialog : public PrinterDialog
 public:
     SetupDialog(QPrinter* printer, QWidget* owner) : PrinterDialog(printer, owner)
     {
-        setWindowTitle(QStringLiteral("Print Setup"));
+        setWindowTitle(u"Print Setup"_s);
         if (const auto* const buttons = findChild<QDialogButtonBox*>()) NameButtons(*buttons);
-        if (auto* const printers = findChild<QComboBox*>(QStringLiteral("printers")))
+        if (auto* const printers = findChild<QComboBox*>(u"printers"_s))
             connect(printers, &QComboBox::currentIndexChanged, this, &SetupDialog::CloseFileFields);
     }
 
@@ -67,7 +67,7 @@ public:
 private:
     void NameButtons(const QDialogButtonBox& buttons)
     {
-        if (QPushButton* const ok = buttons.button(QDialogButtonBox::Ok)) ok->setText(QStringLiteral("&Ok"));
+        if (QPushButton* const ok = buttons.button(QDialogButtonBox::Ok)) ok->setText(u"&Ok"_s);
         for (QAbstractButton* const button : buttons.buttons()) {
             if (buttons.buttonRole(button) != QDialogButtonBox::ResetRole) continue;
             LeaveLetterToOk(*button);
@@ -78,7 +78,7 @@ private:
 
     static void LeaveLetterToOk(QAbstractButton& options)
     {
-        options.setText(options.text().replace(QStringLiteral("&Op"), QStringLiteral("O&p")));
+        options.setText(options.text().replace(u"&Op"_s, u"O&p"_s));
     }
 
     void CloseFileFields()
@@ -125,7 +125,7 @@ void SystemPrinter::Renew()
 bool SystemPrinter::AskForJob(QWidget* owner)
 {
     auto* dialog = new PrinterDialog(&Printer(), owner);
-    dialog->setWindowTitle(QStringLiteral("Print"));
+    dialog->setWindowTitle(u"Print"_s);
     return Ask(dialog);
 }
 

@@ -68,8 +68,8 @@ bool IsMissingFile(const QString& path)
 DesktopSession DesktopSession::Present()
 {
     const QString names = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-    const bool isSandboxed = QFileInfo::exists(QStringLiteral("/.flatpak-info")) ||
-                             qEnvironmentVariableIsSet("FLATPAK_ID") || qEnvironmentVariableIsSet("SNAP_NAME");
+    const bool isSandboxed = QFileInfo::exists(u"/.flatpak-info"_s) || qEnvironmentVariableIsSet("FLATPAK_ID") ||
+                             qEnvironmentVariableIsSet("SNAP_NAME");
     return {names.split(u':', Qt::SkipEmptyParts), isSandboxed};
 }
 

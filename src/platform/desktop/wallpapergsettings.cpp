@@ -6,8 +6,8 @@
 using wallpaper::Fit;
 
 namespace {
-const QString GSettings = QStringLiteral("gsettings");
-const QString OptionsKey = QStringLiteral("picture-options");
+const QString GSettings = u"gsettings"_s;
+const QString OptionsKey = u"picture-options"_s;
 
 struct Schema
 {
@@ -51,7 +51,7 @@ const Schema* SchemaOf(const DesktopSession& session)
 // A text as gsettings writes it and reads it: quoted, with a backslash before what would end it.
 QString Quoted(QString text)
 {
-    return u'\'' + text.replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'")) + u'\'';
+    return u'\'' + text.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s) + u'\'';
 }
 
 QString Unquoted(const QString& printed)
@@ -66,16 +66,14 @@ QString Unquoted(const QString& printed)
 
 std::optional<QString> Get(const Schema& schema, const QString& key, const QDeadlineTimer& until)
 {
-    const auto printed =
-        RunForWallpaper(GSettings, {QStringLiteral("get"), QLatin1StringView(schema.Name), key}, until);
+    const auto printed = RunForWallpaper(GSettings, {u"get"_s, QLatin1StringView(schema.Name), key}, until);
     return printed ? std::optional(Unquoted(*printed)) : std::nullopt;
 }
 
 // What is read back counts: without its store the command forgets what it was told and still reports no error.
 bool Set(const Schema& schema, const QString& key, const QString& value, const QDeadlineTimer& until)
 {
-    return RunForWallpaper(GSettings, {QStringLiteral("set"), QLatin1StringView(schema.Name), key, Quoted(value)},
-                           until) &&
+    return RunForWallpaper(GSettings, {u"set"_s, QLatin1StringView(schema.Name), key, Quoted(value)}, until) &&
            Get(schema, key, until) == value;
 }
 
@@ -98,7 +96,7 @@ bool IsHere(const DesktopSession& session)
 WallpaperAnswer Show(const DesktopSession& session, const DesktopPicture& picture, const QDeadlineTimer& until)
 {
     const Schema& schema = *SchemaOf(session);
-    const bool done = picture.Path == wallpaper::None ? Set(schema, OptionsKey, QStringLiteral("none"), until)
+    const bool done = picture.Path == wallpaper::None ? Set(schema, OptionsKey, u"none"_s, until)
                                                       : SetPicture(schema, picture, until);
     return done ? WallpaperAnswer::Done : WallpaperAnswer::Failed;
 }

@@ -16,9 +16,9 @@ WallpaperAnswer Show(const DesktopSession& session, const DesktopPicture& pictur
 {
     const bool clears = picture.Path == wallpaper::None;
     const QString mode = QLatin1StringView(clears ? "color" : Modes[std::size_t(picture.Fit)]);
-    QStringList arguments{QStringLiteral("--wallpaper-mode=") + mode};
-    if (!clears) arguments.prepend(QStringLiteral("--set-wallpaper=") + picture.Path);
-    const QString program = session.Is("LXQt") ? QStringLiteral("pcmanfm-qt") : QStringLiteral("pcmanfm");
+    QStringList arguments{u"--wallpaper-mode="_s + mode};
+    if (!clears) arguments.prepend(u"--set-wallpaper="_s + picture.Path);
+    const QString program = session.Is("LXQt") ? u"pcmanfm-qt"_s : u"pcmanfm"_s;
     return RunForWallpaper(program, arguments, until) ? WallpaperAnswer::Done : WallpaperAnswer::Failed;
 }
 

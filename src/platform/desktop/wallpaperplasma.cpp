@@ -15,23 +15,22 @@ namespace {
 // By Fit. Plasma has no way to span, and fills the screen instead.
 constexpr std::array FillModes{6, 3, 0, 1, 2, 2};
 
-const QString SetScript = QStringLiteral(
-    "var all = desktops(); for (var i = 0; i < all.length; ++i) { all[i].wallpaperPlugin = 'org.kde.image';"
+const QString SetScript =
+    u"var all = desktops(); for (var i = 0; i < all.length; ++i) { all[i].wallpaperPlugin = 'org.kde.image';"
     "all[i].currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General']; all[i].writeConfig('FillMode', %2);"
-    "all[i].writeConfig('Image', %1[0]); } print(all.length);");
-const QString ClearScript = QStringLiteral("var all = desktops(); for (var i = 0; i < all.length; ++i)"
-                                           "{ all[i].wallpaperPlugin = 'org.kde.color'; } print(all.length);");
+    "all[i].writeConfig('Image', %1[0]); } print(all.length);"_s;
+const QString ClearScript = u"var all = desktops(); for (var i = 0; i < all.length; ++i)"
+                            "{ all[i].wallpaperPlugin = 'org.kde.color'; } print(all.length);"_s;
 const QString ReadScript =
-    QStringLiteral("var one = desktops()[0]; one.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
-                   "print(JSON.stringify([one.wallpaperPlugin, '' + one.readConfig('Image'), '' + "
-                   "one.readConfig('FillMode')]));");
+    u"var one = desktops()[0]; one.currentConfigGroup = ['Wallpaper', 'org.kde.image', 'General'];"
+    "print(JSON.stringify([one.wallpaperPlugin, '' + one.readConfig('Image'), '' + "
+    "one.readConfig('FillMode')]));"_s;
 
 // What the script has printed; empty if there is no shell, it does not answer in time, or it refuses.
 std::optional<QString> Run(const QString& script, const QDeadlineTimer& until)
 {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QStringLiteral("org.kde.plasmashell"), QStringLiteral("/PlasmaShell"),
-                                       QStringLiteral("org.kde.PlasmaShell"), QStringLiteral("evaluateScript"));
+    QDBusMessage call = QDBusMessage::createMethodCall(u"org.kde.plasmashell"_s, u"/PlasmaShell"_s,
+                                                       u"org.kde.PlasmaShell"_s, u"evaluateScript"_s);
     call.setArguments({script});
     const QDBusMessage reply =
         QDBusConnection::sessionBus().call(call, QDBus::Block, std::max(1, int(until.remainingTime())));

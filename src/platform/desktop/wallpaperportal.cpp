@@ -18,8 +18,8 @@
 #include <algorithm>
 
 namespace {
-const QString Service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString RequestInterface = QStringLiteral("org.freedesktop.portal.Request");
+const QString Service = u"org.freedesktop.portal.Desktop"_s;
+const QString RequestInterface = u"org.freedesktop.portal.Request"_s;
 constexpr int CallTime = 2000; // milliseconds in which the service says that it has understood
 enum Code : uint
 {
@@ -33,11 +33,11 @@ class PortalRequest : public QObject
     Q_OBJECT
 
 public:
-    PortalRequest() : m_token(QStringLiteral("orrelin%1").arg(QRandomGenerator::global()->generate()))
+    PortalRequest() : m_token(u"orrelin%1"_s.arg(QRandomGenerator::global()->generate()))
     {
         // The answer may come sooner than the reply to the call, so its path is known beforehand.
         const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-        Listen(QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, m_token));
+        Listen(u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(sender, m_token));
         m_watcher.setConnection(m_bus);
         connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, &m_loop, &QEventLoop::quit);
     }
@@ -48,8 +48,7 @@ public:
     {
         if (path == m_path) return;
         m_path = path;
-        m_bus.connect(Service, path, RequestInterface, QStringLiteral("Response"), this,
-                      SLOT(Response(uint, QVariantMap)));
+        m_bus.connect(Service, path, RequestInterface, u"Response"_s, this, SLOT(Response(uint, QVariantMap)));
     }
 
     WallpaperAnswer Wait(const QDeadlineTimer& until)
@@ -58,7 +57,7 @@ public:
                            &QEventLoop::quit);
         if (!m_code) m_loop.exec(QEventLoop::ExcludeUserInputEvents);
         if (!m_code) {
-            m_bus.send(QDBusMessage::createMethodCall(Service, m_path, RequestInterface, QStringLiteral("Close")));
+            m_bus.send(QDBusMessage::createMethodCall(Service, m_path, RequestInterface, u"Close"_s));
             return WallpaperAnswer::Failed;
         }
         if (*m_code == Granted) return WallpaperAnswer::Done;
@@ -86,7 +85,7 @@ QString ParentWindow()
 {
     const QWindow* window = QGuiApplication::focusWindow();
     const bool isX11 = QGuiApplication::platformName() == u"xcb";
-    return window && isX11 ? QStringLiteral("x11:%1").arg(window->winId(), 0, 16) : QString();
+    return window && isX11 ? u"x11:%1"_s.arg(window->winId(), 0, 16) : QString();
 }
 
 bool IsHere(const DesktopSession&)
@@ -100,13 +99,12 @@ WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const
     if (picture.Path == wallpaper::None || !file.open(QIODevice::ReadOnly)) return WallpaperAnswer::Failed;
     PortalRequest request;
     // The open file and not its address: the service refuses addresses of files.
-    QDBusMessage call = QDBusMessage::createMethodCall(Service, QStringLiteral("/org/freedesktop/portal/desktop"),
-                                                       QStringLiteral("org.freedesktop.portal.Wallpaper"),
-                                                       QStringLiteral("SetWallpaperFile"));
+    QDBusMessage call = QDBusMessage::createMethodCall(Service, u"/org/freedesktop/portal/desktop"_s,
+                                                       u"org.freedesktop.portal.Wallpaper"_s, u"SetWallpaperFile"_s);
     call.setArguments({ParentWindow(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())),
-                       QVariantMap{{QStringLiteral("handle_token"), request.Token()},
-                                   {QStringLiteral("show-preview"), false},
-                                   {QStringLiteral("set-on"), QStringLiteral("background")}}});
+                       QVariantMap{{u"handle_token"_s, request.Token()},
+                                   {u"show-preview"_s, false},
+                                   {u"set-on"_s, u"background"_s}}});
     const int patience = std::clamp(int(until.remainingTime()), 1, CallTime);
     const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, patience);
     if (reply.type() != QDBusMessage::ReplyMessage) return WallpaperAnswer::Failed;

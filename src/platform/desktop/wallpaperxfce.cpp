@@ -9,17 +9,16 @@
 using wallpaper::Fit;
 
 namespace {
-const QString Query = QStringLiteral("xfconf-query");
-const QString PictureKey = QStringLiteral("/last-image");
-const QString StyleKey = QStringLiteral("/image-style");
+const QString Query = u"xfconf-query"_s;
+const QString PictureKey = u"/last-image"_s;
+const QString StyleKey = u"/image-style"_s;
 
 // By Fit; 0 shows no picture.
 constexpr std::array Styles{1, 2, 3, 4, 5, 6};
 
 std::optional<QString> Run(const QStringList& arguments, const QDeadlineTimer& until)
 {
-    return RunForWallpaper(Query, QStringList{QStringLiteral("-c"), QStringLiteral("xfce4-desktop")} + arguments,
-                           until);
+    return RunForWallpaper(Query, QStringList{u"-c"_s, u"xfce4-desktop"_s} + arguments, until);
 }
 
 // The places that hold a picture: "/backdrop/screen0/monitorHDMI-1/workspace0". A desktop whose picture nobody has
@@ -27,26 +26,23 @@ std::optional<QString> Run(const QStringList& arguments, const QDeadlineTimer& u
 QStringList Places(const QDeadlineTimer& until)
 {
     QStringList places;
-    for (const QString& key : Run({QStringLiteral("-l")}, until).value_or(QString()).split(u'\n')) {
+    for (const QString& key : Run({u"-l"_s}, until).value_or(QString()).split(u'\n')) {
         if (key.startsWith(u"/backdrop/") && key.endsWith(PictureKey)) places += key.chopped(PictureKey.size());
     }
     if (!places.isEmpty()) return places;
     for (const QScreen* screen : QGuiApplication::screens())
-        places += QStringLiteral("/backdrop/screen0/monitor%1/workspace0").arg(screen->name());
+        places += u"/backdrop/screen0/monitor%1/workspace0"_s.arg(screen->name());
     return places;
 }
 
 std::optional<QString> Get(const QString& key, const QDeadlineTimer& until)
 {
-    return Run({QStringLiteral("-p"), key}, until);
+    return Run({u"-p"_s, key}, until);
 }
 
 bool Set(const QString& key, const char* type, const QString& value, const QDeadlineTimer& until)
 {
-    return Run({QStringLiteral("-p"), key, QStringLiteral("-n"), QStringLiteral("-t"), QLatin1StringView(type),
-                QStringLiteral("-s"), value},
-               until)
-        .has_value();
+    return Run({u"-p"_s, key, u"-n"_s, u"-t"_s, QLatin1StringView(type), u"-s"_s, value}, until).has_value();
 }
 
 bool IsHere(const DesktopSession& session)
@@ -70,7 +66,7 @@ std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTime
     const QString place = Places(until).value(0);
     const std::optional<QString> path = Get(place + PictureKey, until);
     if (!path) return std::nullopt;
-    const int style = Get(place + StyleKey, until).value_or(QStringLiteral("5")).toInt();
+    const int style = Get(place + StyleKey, until).value_or(u"5"_s).toInt();
     if (style == 0 || path->isEmpty()) return DesktopPicture{wallpaper::None};
     const auto fit = std::find(Styles.begin(), Styles.end(), style);
     return DesktopPicture{*path, fit == Styles.end() ? Fit::Zoomed : Fit(fit - Styles.begin())};

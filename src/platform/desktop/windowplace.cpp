@@ -30,5 +30,5 @@ QRect ReachablePlace(QRect window, const QSize& smallest)
 
 bool WindowsKnowTheirPlace()
 {
-    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+    return !QGuiApplication::platformName().startsWith("wayland"_L1);
 }

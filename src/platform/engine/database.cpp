@@ -17,7 +17,7 @@ Database::Database(std::shared_ptr<Store> store) : m_state(std::make_shared<Stat
 
 const std::shared_ptr<Store>& Database::Live() const
 {
-    if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    if (!m_state) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
     if (!m_state->store) engineerrors::RaiseClosed();
     return m_state->store;
 }
@@ -112,6 +112,6 @@ WriteTransaction::~WriteTransaction()
 
 void WriteTransaction::Commit()
 {
-    if (!m_store) throw RunTimeError{engineerrors::Closed, QStringLiteral("The transaction has ended already.")};
+    if (!m_store) throw RunTimeError{engineerrors::Closed, u"The transaction has ended already."_s};
     std::exchange(m_store, nullptr)->Commit();
 }

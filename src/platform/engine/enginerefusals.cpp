@@ -8,59 +8,57 @@
 namespace engineerrors {
 void RaiseDataChanged()
 {
-    throw RunTimeError{DataChanged,
-                       QStringLiteral("Data has changed; operation stopped. Another user has saved this record.")};
+    throw RunTimeError{DataChanged, u"Data has changed; operation stopped. Another user has saved this record."_s};
 }
 
 void RaiseNoUpdatePending()
 {
-    throw RunTimeError{NoUpdatePending, QStringLiteral("Update or CancelUpdate without AddNew or Edit.")};
+    throw RunTimeError{NoUpdatePending, u"Update or CancelUpdate without AddNew or Edit."_s};
 }
 
 void RaiseRecordLocked(const QString& holder)
 {
-    throw RunTimeError{RecordLocked, QStringLiteral("Could not update; currently locked by %1.").arg(holder)};
+    throw RunTimeError{RecordLocked, u"Could not update; currently locked by %1."_s.arg(holder)};
 }
 
 void RaiseInUse(const QString& name, const QString& holder)
 {
-    throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; file already in use by %2.").arg(name, holder)};
+    throw RunTimeError{InUse, u"Could not use '%1'; file already in use by %2."_s.arg(name, holder)};
 }
 
 void RaiseSaveUnderWay(const QString& name)
 {
-    throw RunTimeError{CouldNotSave, QStringLiteral("Could not save to '%1'; a save is under way.").arg(name)};
+    throw RunTimeError{CouldNotSave, u"Could not save to '%1'; a save is under way."_s.arg(name)};
 }
 
 void RaiseNewer(const QString& name)
 {
-    throw RunTimeError{
-        NotADatabase,
-        QStringLiteral("'%1' was written by a newer Orrelin. Please update this one to open it.").arg(name)};
+    throw RunTimeError{NotADatabase,
+                       u"'%1' was written by a newer Orrelin. Please update this one to open it."_s.arg(name)};
 }
 
 RunTimeError DamagedError(const QString& name)
 {
-    return {NotADatabase, QStringLiteral("The planner '%1' is damaged. Repair may be able to mend it.").arg(name)};
+    return {NotADatabase, u"The planner '%1' is damaged. Repair may be able to mend it."_s.arg(name)};
 }
 
 void RaiseNoTable(const QString& table)
 {
-    throw RunTimeError{NoTable, QStringLiteral("The planner has no table named '%1'.").arg(table)};
+    throw RunTimeError{NoTable, u"The planner has no table named '%1'."_s.arg(table)};
 }
 
 void RaiseTableExists(const QString& table)
 {
-    throw RunTimeError{TableExists, QStringLiteral("Table '%1' already exists.").arg(table)};
+    throw RunTimeError{TableExists, u"Table '%1' already exists."_s.arg(table)};
 }
 
 void RaiseFileExists(const QString& path)
 {
-    throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(QFileInfo(path).fileName())};
+    throw RunTimeError{FileExists, u"'%1' exists already."_s.arg(QFileInfo(path).fileName())};
 }
 
 void RaiseClosed()
 {
-    throw RunTimeError{Closed, QStringLiteral("Object is closed.")};
+    throw RunTimeError{Closed, u"Object is closed."_s};
 }
 } // namespace engineerrors

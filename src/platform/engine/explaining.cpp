@@ -9,7 +9,7 @@
 namespace {
 bool IsDamagedPlanner(const QString& path, const std::vector<TableDef>& tables)
 {
-    if (!path.endsWith(QLatin1StringView(".mdb"), Qt::CaseInsensitive)) return false;
+    if (!path.endsWith(".mdb"_L1, Qt::CaseInsensitive)) return false;
     try {
         const auto finds = KindOf(path).FindsPlanner;
         return finds && finds(path, tables);

@@ -10,8 +10,7 @@
 namespace {
 [[noreturn]] void RaiseBroken(const QString& pattern)
 {
-    throw RunTimeError{engineerrors::UnparsableCriterion,
-                       QStringLiteral("Syntax error in the search pattern: %1").arg(pattern)};
+    throw RunTimeError{engineerrors::UnparsableCriterion, u"Syntax error in the search pattern: %1"_s.arg(pattern)};
 }
 
 char Lower(char c)

@@ -25,5 +25,5 @@ QString LoginName()
 
 QString PersonText(const QString& user, const QString& machine)
 {
-    return QStringLiteral("user '%1' on machine '%2'").arg(OneLine(user), OneLine(machine));
+    return u"user '%1' on machine '%2'"_s.arg(OneLine(user), OneLine(machine));
 }

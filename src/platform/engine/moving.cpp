@@ -47,7 +47,7 @@ void Compare(Store& from, Store& to)
     bool alike = names == to.TableNames();
     for (const QString& name : names)
         alike = alike && AreAlike(from, to, from.Definition(name));
-    if (!alike) throw RunTimeError{InputOutput, QStringLiteral("What was copied is not what was read back.")};
+    if (!alike) throw RunTimeError{InputOutput, u"What was copied is not what was read back."_s};
 }
 
 // Within a write of the second.
@@ -63,7 +63,7 @@ void CopyAndCompare(Store& from, Store& to)
 void ReplaceByLink(const QString& planner, const QByteArray& linkText)
 {
     const struct stat status = StatusOf(planner);
-    const ScratchFile link(planner + QLatin1StringView(".new"), status);
+    const ScratchFile link(planner + ".new"_L1, status);
     Fill(link.Path(), linkText);
     const QString backup = FreeBackupOf(planner);
     CopyToFree(planner, backup, status);

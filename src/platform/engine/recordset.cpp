@@ -10,7 +10,7 @@ Recordset::Recordset(std::shared_ptr<RecordsetState> state) : m_state(std::move(
 
 RecordsetState& Recordset::Live() const
 {
-    if (!m_state) throw RunTimeError{errors::ObjectNotSet, QStringLiteral("Object variable not set")};
+    if (!m_state) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
     if (!m_state->store) engineerrors::RaiseClosed();
     return *m_state;
 }

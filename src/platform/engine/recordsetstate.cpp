@@ -16,12 +16,12 @@ using namespace engineerrors;
 
 [[noreturn]] void RaiseNoCurrentRecord()
 {
-    Raise(NoCurrentRecord, QStringLiteral("No current record."));
+    Raise(NoCurrentRecord, u"No current record."_s);
 }
 
 [[noreturn]] void RaiseDeleted()
 {
-    Raise(RecordDeleted, QStringLiteral("Record is deleted."));
+    Raise(RecordDeleted, u"Record is deleted."_s);
 }
 } // namespace
 
@@ -73,8 +73,8 @@ void RecordsetState::Seek(const QString& comparison, const QVariant& key)
     // Whatever fails from here on, no older record may be taken for the one that was sought.
     noMatch = true;
     m_at = At::Nowhere;
-    if (comparison != u"=") Raise(InvalidArgument, QStringLiteral("Seek compares by \"=\" only."));
-    if (!m_keyField) Raise(NoIndex, QStringLiteral("Seek needs a current index."));
+    if (comparison != u"=") Raise(InvalidArgument, u"Seek compares by \"=\" only."_s);
+    if (!m_keyField) Raise(NoIndex, u"Seek needs a current index."_s);
     m_place = {AsFieldValue(table.Fields[*m_keyField], key), 0};
     m_at = At::Gap;
     noMatch = !Land(Look(From::AtKey));
@@ -220,8 +220,7 @@ void RecordsetState::SetValue(const QString& name, const QVariant& value)
     const Field& field = table.Fields[number];
     QVariant stored = AsFieldValue(field, value);
     if (field.Type == dbText && stored.toString().size() > field.Size)
-        Raise(FieldTooSmall, QStringLiteral("The text is too long for field '%1', which holds %2 characters.")
-                                 .arg(field.Name)
-                                 .arg(field.Size));
+        Raise(FieldTooSmall,
+              u"The text is too long for field '%1', which holds %2 characters."_s.arg(field.Name).arg(field.Size));
     m_buffer[number] = std::move(stored);
 }

@@ -4,6 +4,6 @@
 #include <QString>
 
 namespace storedform {
-inline const QString IdColumn = QStringLiteral("record id");
-inline const QString DateFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"); // what a clock on the wall shows: no zone
+inline const QString IdColumn = u"record id"_s;
+inline const QString DateFormat = u"yyyy-MM-dd HH:mm:ss.zzz"_s; // what a clock on the wall shows: no zone
 } // namespace storedform

@@ -20,8 +20,7 @@ auto FindNamed(const List& list, const QString& name)
 
 [[noreturn]] void RaiseNotFound(const TableDef& table, const QString& name)
 {
-    throw RunTimeError{engineerrors::ItemNotFound,
-                       QStringLiteral("Table '%1' has nothing named '%2'.").arg(table.Name, name)};
+    throw RunTimeError{engineerrors::ItemNotFound, u"Table '%1' has nothing named '%2'."_s.arg(table.Name, name)};
 }
 
 // Lone surrogates have no UTF-8, and a file would give back something else than it was given.
@@ -88,7 +87,7 @@ QVariant AsFieldValue(const Field& field, const QVariant& value)
     const QMetaType type = TypeOf(field.Type);
     if (result.metaType() != type && !result.convert(type))
         throw RunTimeError{engineerrors::TypeMismatch,
-                           QStringLiteral("The value does not fit the type of field '%1'.").arg(field.Name)};
+                           u"The value does not fit the type of field '%1'."_s.arg(field.Name)};
     if (field.Type == dbText) return Storable(result);
     if (field.Type == dbDate) return QDateTime(result.toDate(), result.toTime()); // what the clock on the wall showed
     if (field.Type == dbSingle && std::isnan(result.toFloat())) return {};

@@ -14,6 +14,6 @@ void SetBefore(std::function<void()> step)
 
 void Before()
 {
-    if (g_before) guard(QLatin1StringView(" in waiting, Before"), g_before);
+    if (g_before) guard(" in waiting, Before"_L1, g_before);
 }
 } // namespace waiting

@@ -28,5 +28,5 @@ inline std::uint32_t ColorOf(const QString& text)
 
 inline QString ColorText(std::uint32_t color)
 {
-    return QStringLiteral("&H%1&").arg(QString::number(color, 16).toUpper());
+    return u"&H%1&"_s.arg(QString::number(color, 16).toUpper());
 }

@@ -16,14 +16,13 @@ constexpr double LeastSide = 2;   // of what the margins leave
 
 QString Text(const char* key, const char* fallback = "", int size = 1024)
 {
-    return GetPrivateProfileStringA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key),
-                                    QString::fromLatin1(fallback), size, QStringLiteral("PLANNER.INI"));
+    return GetPrivateProfileStringA(u"PAGESETUP"_s, QString::fromLatin1(key), QString::fromLatin1(fallback), size,
+                                    u"PLANNER.INI"_s);
 }
 
 bool Flag(const char* key, int fallback)
 {
-    return GetPrivateProfileIntA(QStringLiteral("PAGESETUP"), QString::fromLatin1(key), fallback,
-                                 QStringLiteral("PLANNER.INI")) != 0;
+    return GetPrivateProfileIntA(u"PAGESETUP"_s, QString::fromLatin1(key), fallback, u"PLANNER.INI"_s) != 0;
 }
 
 double Margin(const char* key)

@@ -31,10 +31,10 @@ bool IsPdf(const QPrinter& printer)
 PrintTrouble TroubleWith(const QPrinter& printer)
 {
     if (IsPdf(printer))
-        return {QStringLiteral("The page could not be written to %1.").arg(printer.outputFileName()),
-                QStringLiteral("Is the folder still there, and is there room on the disk?")};
-    return {QStringLiteral("The page could not be printed on %1.").arg(printer.printerName()),
-            QStringLiteral("Is the printer switched on and connected?")};
+        return {u"The page could not be written to %1."_s.arg(printer.outputFileName()),
+                u"Is the folder still there, and is there room on the disk?"_s};
+    return {u"The page could not be printed on %1."_s.arg(printer.printerName()),
+            u"Is the printer switched on and connected?"_s};
 }
 } // namespace
 
@@ -102,7 +102,7 @@ bool QMTPrn32::Draw(QPrinter& printer)
 // The printer would empty the file at once, and leave a torn one where the disk runs full.
 bool QMTPrn32::DrawFile(QPrinter& printer)
 {
-    QTemporaryFile drawn(QDir::tempPath() + QStringLiteral("/orrelin-XXXXXX.pdf"));
+    QTemporaryFile drawn(QDir::tempPath() + u"/orrelin-XXXXXX.pdf"_s);
     if (!drawn.open()) return false;
     const QString path = printer.outputFileName();
     printer.setOutputFileName(drawn.fileName());
@@ -127,5 +127,5 @@ void QMTPrn32::TellTrouble()
 {
     const auto trouble = std::exchange(m_trouble, std::nullopt);
     if (!trouble) return;
-    MsgBox(trouble->text, msgbox::Exclamation, QStringLiteral("Orrelin Help Wizard"), trouble->advice);
+    MsgBox(trouble->text, msgbox::Exclamation, u"Orrelin Help Wizard"_s, trouble->advice);
 }

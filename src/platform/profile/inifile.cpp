@@ -93,7 +93,7 @@ bool IsQuoted(QStringView value)
 // One line, in quotes of its own if it needs them.
 QByteArray Written(QString value, Quotes quotes)
 {
-    value.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    value.replace(u"\r\n"_s, u" "_s);
     for (const char16_t breaking : {u'\n', u'\r'})
         value.replace(breaking, u' ');
     const bool isStripped = value != value.trimmed() || IsQuoted(value);

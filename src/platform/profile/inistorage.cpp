@@ -81,7 +81,7 @@ std::optional<QByteArray> inistorage::Read(const QString& path)
 bool inistorage::Change(const QString& path, const std::function<std::optional<QByteArray>(const QByteArray&)>& change)
 {
     const QString target = Resolved(path);
-    const Descriptor lockFile(target + QStringLiteral(".lock"), O_RDWR | O_CREAT, 0666);
+    const Descriptor lockFile(target + u".lock"_s, O_RDWR | O_CREAT, 0666);
     if (!Lock(lockFile)) return false;
     const std::optional<QByteArray> before = Read(target);
     const std::optional<QByteArray> after = before ? change(*before) : std::nullopt;

@@ -98,11 +98,11 @@ std::optional<QString> SystemValue(const IniFile& held, const QString& section, 
     const auto is = [](const QString& text, QLatin1StringView name) {
         return text.compare(name, Qt::CaseInsensitive) == 0;
     };
-    if (!is(section, QLatin1StringView("intl")) || !is(file, QLatin1StringView("WIN.INI"))) return std::nullopt;
+    if (!is(section, "intl"_L1) || !is(file, "WIN.INI"_L1)) return std::nullopt;
     if (held.HasSection(section)) return std::nullopt;
     const QLocale locale = QLocale::system();
-    if (is(key, QLatin1StringView("sDecimal"))) return locale.decimalPoint();
-    if (is(key, QLatin1StringView("iDate"))) return QString::number(DateOrder(locale.dateFormat(QLocale::ShortFormat)));
+    if (is(key, "sDecimal"_L1)) return locale.decimalPoint();
+    if (is(key, "iDate"_L1)) return QString::number(DateOrder(locale.dateFormat(QLocale::ShortFormat)));
     return std::nullopt;
 }
 
@@ -141,8 +141,8 @@ bool WriteAll(const QString& path, const std::vector<Change>& changes)
     });
     // Who writes a setting has mostly nobody to tell.
     if (!isWritten)
-        LogError({errors::PathFileAccess, QStringLiteral("Could not write settings to ") + path},
-                 QLatin1StringView(" in Profile, WritePrivateProfileString"));
+        LogError({errors::PathFileAccess, u"Could not write settings to "_s + path},
+                 " in Profile, WritePrivateProfileString"_L1);
     return isWritten;
 }
 

@@ -55,7 +55,7 @@ bool IsBlankOrSpace(QChar character)
 
 [[noreturn]] void RaiseAccessError()
 {
-    throw RunTimeError{errors::PathFileAccess, QStringLiteral("Path/File access error")};
+    throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
 }
 } // namespace
 
@@ -243,7 +243,7 @@ void RichTextBox::FollowCaret()
 
 void RichTextBox::LoadFile(const QString& path)
 {
-    if (!QFile::exists(path)) throw RunTimeError{errors::FileNotFound, QStringLiteral("File not found")};
+    if (!QFile::exists(path)) throw RunTimeError{errors::FileNotFound, u"File not found"_s};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) RaiseAccessError();
     const QByteArray content = file.readAll();

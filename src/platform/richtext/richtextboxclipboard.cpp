@@ -38,8 +38,8 @@ void RichTextBox::TellUnpasted(const QMimeData& source)
 {
     if (!CanPaste(source)) return;
     const auto tell = [] {
-        MsgBox(QStringLiteral("This cannot be pasted: it is empty, damaged, or too large for a note."),
-               msgbox::Exclamation, QStringLiteral("Orrelin Help Wizard"));
+        MsgBox(u"This cannot be pasted: it is empty, damaged, or too large for a note."_s, msgbox::Exclamation,
+               u"Orrelin Help Wizard"_s);
     };
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }

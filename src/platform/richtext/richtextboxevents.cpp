@@ -63,9 +63,9 @@ bool TakesBack(QKeyEvent* event)
 
 QString CharacterOf(QKeyEvent* event)
 {
-    if (TypesTab(*event)) return QStringLiteral("\t");
+    if (TypesTab(*event)) return u"\t"_s;
     if (OnlyReads(event)) return {};
-    return ChangesSilently(event) ? QStringLiteral("\b") : event->text();
+    return ChangesSilently(event) ? u"\b"_s : event->text();
 }
 
 // Takes away more than a letter, or brings it back.
@@ -217,7 +217,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     if (event->matches(QKeySequence::Undo) && m_moved.Undo()) return;
     if (event->matches(QKeySequence::Redo) && m_moved.Redo()) return;
     UseTypingFormat();
-    const QString typed = TypesTab(*event) ? QStringLiteral("\t") : TypedInstead(*event);
+    const QString typed = TypesTab(*event) ? u"\t"_s : TypedInstead(*event);
     if (!typed.isEmpty()) return Locked() ? void() : Type(typed);
     const QScopedValueRollback admitted(m_admitted, true);
     std::optional<WithoutLines> noLines;
@@ -232,7 +232,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
 {
     const bool erases = event->commitString().isEmpty() && event->replacementLength() > 0;
-    if (!AdmitsKey(erases ? QStringLiteral("\b") : event->commitString())) {
+    if (!AdmitsKey(erases ? u"\b"_s : event->commitString())) {
         QInputMethodEvent nothing; // takes what is shown back off the screen
         QTextEdit::inputMethodEvent(&nothing);
         QGuiApplication::inputMethod()->reset();

@@ -15,7 +15,7 @@ constexpr std::array<Qt::Alignment, 3> Alignments{Qt::AlignLeft | Qt::AlignAbsol
 
 [[noreturn]] void RaiseInvalidValue()
 {
-    throw RunTimeError{errors::InvalidPropertyValue, QStringLiteral("Invalid property value")};
+    throw RunTimeError{errors::InvalidPropertyValue, u"Invalid property value"_s};
 }
 
 void CheckFontSize(double points)

@@ -61,8 +61,8 @@ bool IsSwitch(QStringView word, QStringView letters)
 
 QString Quoted(QString text)
 {
-    text.replace(u'\\', QStringLiteral("\\\\"));
-    text.replace(u'"', QStringLiteral("\\\""));
+    text.replace(u'\\', u"\\\\"_s);
+    text.replace(u'"', u"\\\""_s);
     return u'"' + text + u'"';
 }
 
@@ -88,6 +88,5 @@ QString LinkOfField(QStringView instruction)
 
 QString FieldOfLink(const QString& link)
 {
-    return link.startsWith(u'#') ? QStringLiteral("HYPERLINK \\l ") + Quoted(link.mid(1))
-                                 : QStringLiteral("HYPERLINK ") + Quoted(link);
+    return link.startsWith(u'#') ? u"HYPERLINK \\l "_s + Quoted(link.mid(1)) : u"HYPERLINK "_s + Quoted(link);
 }

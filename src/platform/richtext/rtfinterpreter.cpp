@@ -209,7 +209,7 @@ void RtfInterpreter::Put(QStringView text)
 void RtfInterpreter::FlushCells()
 {
     for (; m_cells > 0; --m_cells)
-        m_builder.Append(QLatin1StringView("\t"), Character());
+        m_builder.Append("\t"_L1, Character());
 }
 
 void RtfInterpreter::PutFontNames(QByteArrayView bytes)

@@ -171,7 +171,7 @@ RtfPicture ReadRtfPicture(RtfTokenizer& tokenizer, QByteArrayView word)
 QTextImageFormat ToImageFormat(const RtfPicture& picture, QTextDocument& document)
 {
     const QByteArray digest = QCryptographicHash::hash(picture.source, QCryptographicHash::Sha1).toHex();
-    const QString name = QStringLiteral("picture:") + QString::fromLatin1(digest);
+    const QString name = u"picture:"_s + QString::fromLatin1(digest);
     ShowPictures(document);
     QTextImageFormat format;
     format.setName(name);

@@ -54,6 +54,6 @@ QString PlainNote(QByteArrayView bytes)
     QStringDecoder decoder(QStringDecoder::Utf8);
     QString text = decoder.decode(kept);
     if (decoder.hasError()) text = DecodeRtfBytes(kept, AnsiCodePage);
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(u"\r\n"_s, u"\n"_s);
     return text;
 }

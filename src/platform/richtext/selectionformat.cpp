@@ -25,7 +25,7 @@ QStringList FamiliesOf(const QString& name)
 {
     const RtfSymbols* const signs = SymbolsOfFamily(name);
     if (!signs || signs->symbols.empty()) return {name};
-    return {QStringLiteral("Arial"), name};
+    return {u"Arial"_s, name};
 }
 
 // In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.

@@ -63,7 +63,7 @@ QString TrimmedStr(qint64 value)
 double Val(QStringView text)
 {
     text = WithoutLeadingBlanks(text);
-    if (text.startsWith(QLatin1StringView("&H"), Qt::CaseInsensitive)) return HexadecimalValue(text.sliced(2));
+    if (text.startsWith("&H"_L1, Qt::CaseInsensitive)) return HexadecimalValue(text.sliced(2));
     const double value = text.first(NumberLength(text)).toDouble();
     return std::clamp(value, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
 }
@@ -71,14 +71,13 @@ double Val(QStringView text)
 std::int16_t CInt(qint64 value)
 {
     using Limits = std::numeric_limits<std::int16_t>;
-    if (value < Limits::min() || value > Limits::max())
-        throw RunTimeError{errors::Overflow, QStringLiteral("Overflow")};
+    if (value < Limits::min() || value > Limits::max()) throw RunTimeError{errors::Overflow, u"Overflow"_s};
     return static_cast<std::int16_t>(value);
 }
 
 std::int16_t IntegerOf(QStringView text)
 {
     const double value = std::nearbyint(Val(text));
-    if (std::abs(value) > 1e9) throw RunTimeError{errors::Overflow, QStringLiteral("Overflow")};
+    if (std::abs(value) > 1e9) throw RunTimeError{errors::Overflow, u"Overflow"_s};
     return CInt(static_cast<qint64>(value));
 }

@@ -21,19 +21,19 @@ private Q_SLOTS:
     void elementsComeAndGo()
     {
         QWidget window;
-        ControlArray<QPushButton> buttons(QStringLiteral("btnTunes"), [&](int) { return new QPushButton(&window); });
+        ControlArray<QPushButton> buttons(u"btnTunes"_s, [&](int) { return new QPushButton(&window); });
         QVERIFY(!buttons.Exists(7));
         QCOMPARE(ErrorOf([&] { buttons(7); }), errors::NoSuchElement);
         QCOMPARE(ErrorOf([&] { buttons.Unload(7); }), errors::NoSuchElement);
         QPushButton& made = buttons.Load(7);
         QCOMPARE(&buttons(7), &made);
-        QCOMPARE(window.findChild<QPushButton*>(QStringLiteral("btnTunes(7)")), &made);
+        QCOMPARE(window.findChild<QPushButton*>(u"btnTunes(7)"_s), &made);
         QCOMPARE(ErrorOf([&] { buttons.Load(7); }), errors::AlreadyLoaded);
         QCOMPARE(window.findChildren<QPushButton*>().size(), 1);
         connect(&made, &QPushButton::clicked, this, [&] { buttons.Unload(7); });
         made.click(); // which ends behind it
         QVERIFY(!buttons.Exists(7));
-        QVERIFY(!window.findChild<QPushButton*>(QStringLiteral("btnTunes(7)")));
+        QVERIFY(!window.findChild<QPushButton*>(u"btnTunes(7)"_s));
         QTRY_VERIFY(window.findChildren<QPushButton*>().isEmpty());
         buttons.Load(7);
     }
@@ -42,7 +42,7 @@ private Q_SLOTS:
     {
         QWidget window;
         QList<int> clicked;
-        ControlArray<QPushButton> buttons(QStringLiteral("btn"), [&](int index) {
+        ControlArray<QPushButton> buttons(u"btn"_s, [&](int index) {
             auto* button = new QPushButton(&window);
             connect(button, &QPushButton::clicked, &window, [&clicked, index] { clicked << index; });
             return button;
@@ -114,7 +114,7 @@ private Q_SLOTS:
     void picturesAreThere()
     {
         QFETCH(QString, name);
-        const QIcon icon(QStringLiteral(":/icons/%1.svg").arg(name));
+        const QIcon icon(u":/icons/%1.svg"_s.arg(name));
         for (int size : {16, 24, 48, 256}) {
             const QImage image = icon.pixmap(QSize(size, size), 1.0).toImage();
             QCOMPARE(image.size(), QSize(size, size));

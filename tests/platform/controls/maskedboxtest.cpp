@@ -12,18 +12,17 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString g_date = QStringLiteral("##/##/####");
-const QString g_full = QStringLiteral("07/04/1999");
+const QString g_date = u"##/##/####"_s;
+const QString g_full = u"07/04/1999"_s;
 
 // Keys as a person presses them, one word a key: a character, or the name of a key.
 void Press(MaskEdBox& box, const QString& keys)
 {
     static const QHash<QString, QKeySequence> named = {
-        {QStringLiteral("Back"), Qt::Key_Backspace},  {QStringLiteral("Del"), Qt::Key_Delete},
-        {QStringLiteral("Home"), Qt::Key_Home},       {QStringLiteral("End"), Qt::Key_End},
-        {QStringLiteral("Left"), Qt::Key_Left},       {QStringLiteral("Right"), Qt::Key_Right},
-        {QStringLiteral("Undo"), QKeySequence::Undo}, {QStringLiteral("All"), QKeySequence::SelectAll},
-        {QStringLiteral("Cut"), QKeySequence::Cut},   {QStringLiteral("Paste"), QKeySequence::Paste}};
+        {u"Back"_s, Qt::Key_Backspace},   {u"Del"_s, Qt::Key_Delete},          {u"Home"_s, Qt::Key_Home},
+        {u"End"_s, Qt::Key_End},          {u"Left"_s, Qt::Key_Left},           {u"Right"_s, Qt::Key_Right},
+        {u"Undo"_s, QKeySequence::Undo},  {u"All"_s, QKeySequence::SelectAll}, {u"Cut"_s, QKeySequence::Cut},
+        {u"Paste"_s, QKeySequence::Paste}};
     for (const QString& key : keys.split(u' ', Qt::SkipEmptyParts)) {
         if (named.contains(key)) {
             QTest::keySequence(&box, named[key]);
@@ -101,7 +100,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("caret");
         QTest::addColumn<QString>("clipboard");
         QTest::addColumn<QString>("after");
-        const QString yearFirst = QStringLiteral("####/##/##"), two = QStringLiteral("##");
+        const QString yearFirst = u"####/##/##"_s, two = u"##"_s;
         QTest::newRow("short date") << g_date << "" << 0 << "7/4/1999" << g_full;
         QTest::newRow("blanks around") << g_date << "" << 5 << " \t07/04/1999 \n" << g_full;
         QTest::newRow("digits alone") << g_date << "12/31/2001" << 10 << "07041999" << g_full;
@@ -131,7 +130,7 @@ private Q_SLOTS:
         m_box->SetText(before);
         QGuiApplication::clipboard()->setText(clipboard);
         m_box->setCursorPosition(caret);
-        Press(*m_box, QStringLiteral("Paste"));
+        Press(*m_box, u"Paste"_s);
         QTEST(m_box->Text(), "after");
 
         m_box->SetText(before);
@@ -140,7 +139,7 @@ private Q_SLOTS:
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             QVERIFY(menu);
             for (QAction* action : menu->actions()) {
-                if (action->text().contains(QStringLiteral("Paste"))) menu->setActiveAction(action);
+                if (action->text().contains(u"Paste"_s)) menu->setActiveAction(action);
             }
             QTest::keyClick(menu, Qt::Key_Return);
             menu->close();
@@ -165,19 +164,19 @@ private Q_SLOTS:
     {
         QTest::mouseClick(m_box.get(), Qt::LeftButton, {}, QPoint(m_box->width() - 4, m_box->height() / 2));
         QCOMPARE(m_box->cursorPosition(), 0);
-        Press(*m_box, QStringLiteral("07"));
+        Press(*m_box, u"07"_s);
         QTest::mouseClick(m_box.get(), Qt::LeftButton, {}, QPoint(m_box->width() - 4, m_box->height() / 2));
         QCOMPARE(m_box->cursorPosition(), 3);
     }
 
     void inputMethod()
     {
-        QInputMethodEvent composing(QStringLiteral("7"), {});
+        QInputMethodEvent composing(u"7"_s, {});
         QCoreApplication::sendEvent(m_box.get(), &composing);
         QInputMethodEvent commit;
         commit.setCommitString(QString::fromUtf8("٧é/４"));
         QCoreApplication::sendEvent(m_box.get(), &commit);
-        QCOMPARE(m_box->Text(), QStringLiteral("07/4_/____"));
+        QCOMPARE(m_box->Text(), u"07/4_/____"_s);
     }
 
     void masksComeAndGo()
@@ -186,19 +185,19 @@ private Q_SLOTS:
         m_box->SetMask(QString());
         m_box->SetText(QString());
         QCOMPARE(m_box->Text(), QString());
-        m_box->SetMask(QStringLiteral("##"));
-        QCOMPARE(m_box->Text(), QStringLiteral("__"));
-        Press(*m_box, QStringLiteral("1 /"));
-        QCOMPARE(m_box->Text(), QStringLiteral("01"));
-        m_box->SetText(QStringLiteral("12"));
-        QCOMPARE(m_box->Text(), QStringLiteral("12"));
-        m_box->SetText(QStringLiteral("5"));
-        QCOMPARE(m_box->Text(), QStringLiteral("5_"));
-        m_box->SetText(QStringLiteral("12:30"));
-        QCOMPARE(m_box->Text(), QStringLiteral("__"));
+        m_box->SetMask(u"##"_s);
+        QCOMPARE(m_box->Text(), u"__"_s);
+        Press(*m_box, u"1 /"_s);
+        QCOMPARE(m_box->Text(), u"01"_s);
+        m_box->SetText(u"12"_s);
+        QCOMPARE(m_box->Text(), u"12"_s);
+        m_box->SetText(u"5"_s);
+        QCOMPARE(m_box->Text(), u"5_"_s);
+        m_box->SetText(u"12:30"_s);
+        QCOMPARE(m_box->Text(), u"__"_s);
         m_box->setReadOnly(true);
-        Press(*m_box, QStringLiteral("1 Paste"));
-        QCOMPARE(m_box->Text(), QStringLiteral("__"));
+        Press(*m_box, u"1 Paste"_s);
+        QCOMPARE(m_box->Text(), u"__"_s);
     }
 };
 

@@ -19,7 +19,7 @@ class Record : public QObject
 public:
     explicit Record(ORLCombo& combo)
     {
-        connect(&combo, &ORLCombo::Click, this, [this] { Events += QStringLiteral("Click"); });
+        connect(&combo, &ORLCombo::Click, this, [this] { Events += u"Click"_s; });
         connect(&combo, &ORLCombo::Change, this, [this, &combo] { Events += combo.Text(); });
     }
     QStringList Events;
@@ -60,16 +60,15 @@ private Q_SLOTS:
     void TextsOfADialog()
     {
         ORLCombo tunes;
-        tunes.FillTexts({QStringLiteral("b.wav"), QStringLiteral("a.mid")});
+        tunes.FillTexts({u"b.wav"_s, u"a.mid"_s});
         QCOMPARE(tunes.Text(), QString());
-        QCOMPARE(tunes.List(0) + tunes.List(1), QStringLiteral("b.wava.mid"));
+        QCOMPARE(tunes.List(0) + tunes.List(1), u"b.wava.mid"_s);
         const Record record(tunes);
         QTest::keyClick(&tunes, Qt::Key_Down);
-        QCOMPARE(tunes.Text(), QStringLiteral("b.wav"));
+        QCOMPARE(tunes.Text(), u"b.wav"_s);
         QTest::keyClick(&tunes, Qt::Key_Delete);
         QCOMPARE(tunes.ListIndex(), -1);
-        QCOMPARE(record.Events,
-                 QStringList({QStringLiteral("Click"), QStringLiteral("b.wav"), QStringLiteral("Click"), QString()}));
+        QCOMPARE(record.Events, QStringList({u"Click"_s, u"b.wav"_s, u"Click"_s, QString()}));
         ORLCombo sizes;
         sizes.FillFontSizes();
         sizes.SetListIndex(3);
@@ -91,8 +90,7 @@ private Q_SLOTS:
             names += fonts.List(i);
         QCOMPARE(names.size(), fonts.ListCount());
         for (const QString& family : QFontDatabase::families()) {
-            if (!QFontDatabase::isPrivateFamily(family))
-                QVERIFY(names.contains(family.section(QStringLiteral(" ["), 0, 0)));
+            if (!QFontDatabase::isPrivateFamily(family)) QVERIFY(names.contains(family.section(u" ["_s, 0, 0)));
         }
 
         ORLCombo keyed;
@@ -107,17 +105,17 @@ private Q_SLOTS:
         colors.FillColors();
         const Record record(colors);
         colors.SetListIndex(9);
-        QCOMPARE(colors.Text(), QStringLiteral("Red"));
+        QCOMPARE(colors.Text(), u"Red"_s);
         colors.SetListIndex(-1);
         QCOMPARE(colors.Text(), QString());
         colors.SetListIndex(9);
         const QImage listed = colors.grab().toImage();
-        colors.ShowText(QStringLiteral("Rust"));
-        QCOMPARE(colors.Text(), QStringLiteral("Rust"));
+        colors.ShowText(u"Rust"_s);
+        QCOMPARE(colors.Text(), u"Rust"_s);
         QCOMPARE(colors.ListIndex(), 9);
         QVERIFY(colors.grab().toImage() != listed);
         colors.SetListIndex(9);
-        QCOMPARE(colors.Text(), QStringLiteral("Red"));
+        QCOMPARE(colors.Text(), u"Red"_s);
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(17), RunTimeError);
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(-2), RunTimeError);
         QCOMPARE(record.Events, QStringList());
@@ -131,7 +129,7 @@ private Q_SLOTS:
         for (int i = 0; i < ORLCombo::BlankColor; ++i) {
             colors.SetListIndex(i);
             const QColor shown(colors.grab().toImage().pixel(15, colors.height() / 2));
-            const QString name = colors.List(i).replace(QStringLiteral("sch"), QStringLiteral("chs"));
+            const QString name = colors.List(i).replace(u"sch"_s, u"chs"_s);
             QCOMPARE(shown, QColor(name));
         }
     }
@@ -145,7 +143,7 @@ private Q_SLOTS:
         colors.FillColors();
         colors.resize(colors.sizeHint());
         window.show();
-        note.setPlainText(QStringLiteral("buy bread"));
+        note.setPlainText(u"buy bread"_s);
         note.setFocus();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QTest::keyClick(&note, Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
@@ -155,7 +153,7 @@ private Q_SLOTS:
         const Record record(colors);
 
         ChooseByMouse(colors, 13);
-        QCOMPARE(record.Events, QStringList({QStringLiteral("Click"), QStringLiteral("Fuschia")}));
+        QCOMPARE(record.Events, QStringList({u"Click"_s, u"Fuschia"_s}));
         // The box may show what the selection does not have, so the entry that it shows can be chosen.
         ChooseByMouse(colors, 13);
         QCOMPARE(record.Events.size(), 4);
@@ -179,10 +177,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QList<int>>("keys");
         QTest::addColumn<QStringList>("events");
-        const QString click = QStringLiteral("Click");
-        QTest::newRow("arrow") << QList<int>{Qt::Key_Down} << QStringList{click, QStringLiteral("Maroon")};
+        const QString click = u"Click"_s;
+        QTest::newRow("arrow") << QList<int>{Qt::Key_Down} << QStringList{click, u"Maroon"_s};
         QTest::newRow("arrow at the end") << QList<int>{Qt::Key_Up} << QStringList{};
-        QTest::newRow("letter") << QList<int>{Qt::Key_F} << QStringList{click, QStringLiteral("Fuschia")};
+        QTest::newRow("letter") << QList<int>{Qt::Key_F} << QStringList{click, u"Fuschia"_s};
         QTest::newRow("list") << QList<int>{Qt::Key_F4, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}
                               << QStringList{click, u"Green"_s};
         QTest::newRow("list left, then an arrow")
@@ -215,7 +213,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(&colors));
         bool answered = false;
         connect(&colors, &ORLCombo::Click, &colors, [&] {
-            QMessageBox box(QMessageBox::Information, QString(), QStringLiteral("Please lock the day"));
+            QMessageBox box(QMessageBox::Information, QString(), u"Please lock the day"_s);
             QTimer::singleShot(0, &box, [&] {
                 QTest::keyClick(&box, Qt::Key_Return);
                 answered = true;
@@ -225,7 +223,7 @@ private Q_SLOTS:
         const Record record(colors);
         ChooseByMouse(colors, 4);
         QVERIFY(answered);
-        QCOMPARE(record.Events, QStringList({QStringLiteral("Click"), QStringLiteral("Navy")}));
+        QCOMPARE(record.Events, QStringList({u"Click"_s, u"Navy"_s}));
     }
 
     void TheWheelChoosesOnlyWithTheFocus()
@@ -246,7 +244,7 @@ private Q_SLOTS:
         QCOMPARE(record.Events, QStringList());
         sizes.setFocus(Qt::TabFocusReason);
         turn();
-        QCOMPARE(record.Events, QStringList({QStringLiteral("Click"), QStringLiteral("11")}));
+        QCOMPARE(record.Events, QStringList({u"Click"_s, u"11"_s}));
     }
 };
 

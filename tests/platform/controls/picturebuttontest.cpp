@@ -10,23 +10,23 @@
 #include <QTest>
 
 namespace {
-const QString g_left = QStringLiteral(":/icons/left.svg");
-const QString g_right = QStringLiteral(":/icons/right.svg");
+const QString g_left = u":/icons/left.svg"_s;
+const QString g_right = u":/icons/right.svg"_s;
 
 // A button as the sidebar uses it: the press shows the pressed picture, the release the raised one.
 struct Sidebar
 {
     Sidebar()
     {
-        button.SetToolTip(0, QStringLiteral("Next month"));
-        button.SetToolTip(1, QStringLiteral("Pressed"));
+        button.SetToolTip(0, u"Next month"_s);
+        button.SetToolTip(1, u"Pressed"_s);
         button.setGeometry(10, 10, 60, 60);
         const auto record = [this](const QString& what) {
             return [this, what](int element) { log << what + QString::number(element); };
         };
-        QObject::connect(&button, &PictureButton::MouseDown, &window, record(QStringLiteral("down")));
-        QObject::connect(&button, &PictureButton::MouseUp, &window, record(QStringLiteral("up")));
-        QObject::connect(&button, &PictureButton::Click, &window, record(QStringLiteral("click")));
+        QObject::connect(&button, &PictureButton::MouseDown, &window, record(u"down"_s));
+        QObject::connect(&button, &PictureButton::MouseUp, &window, record(u"up"_s));
+        QObject::connect(&button, &PictureButton::Click, &window, record(u"click"_s));
         cell.setGeometry(0, 80, 90, 20);
         cell.setFocus();
         window.resize(100, 100);
@@ -62,16 +62,16 @@ private Q_SLOTS:
     {
         Sidebar bar;
         QTest::mouseClick(&bar.button, Qt::LeftButton);
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        QCOMPARE(bar.Log(), u"down0 up0 click0"_s);
         bar.log.clear();
         QTest::mousePress(&bar.button, Qt::LeftButton);
         QTest::mouseRelease(&bar.button, Qt::LeftButton, {}, {-5, 5});
         QTest::mouseClick(&bar.button, Qt::RightButton);
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0"));
+        QCOMPARE(bar.Log(), u"down0 up0"_s);
         bar.log.clear();
         QTest::mouseDClick(&bar.button, Qt::LeftButton); // the second of two quick presses
         QTest::mouseRelease(&bar.button, Qt::LeftButton);
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        QCOMPARE(bar.Log(), u"down0 up0 click0"_s);
         QVERIFY(bar.cell.hasFocus()); // the caret stays in its cell
     }
 
@@ -88,11 +88,11 @@ private Q_SLOTS:
             QTest::mouseRelease(window, Qt::LeftButton, {}, {40, 40});
             QVERIFY(bar.button.Visible(0) && !bar.button.Visible(1));
         }
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0 down0 up0 click0"));
+        QCOMPARE(bar.Log(), u"down0 up0 click0 down0 up0 click0"_s);
         bar.log.clear();
         bar.Show(1);
         QTest::mouseClick(&bar.button, Qt::LeftButton);
-        QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1"));
+        QCOMPARE(bar.Log(), u"down1 up1 click1"_s);
     }
 
     void keys_data()
@@ -111,15 +111,15 @@ private Q_SLOTS:
         QVERIFY(bar.button.hasFocus());
         bar.Show(1);
         QTest::keyPress(&bar.button, Qt::Key(key));
-        QCOMPARE(bar.Log(), QStringLiteral("down0"));
+        QCOMPARE(bar.Log(), u"down0"_s);
         QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
         QCoreApplication::sendEvent(&bar.button, &again);
         QTest::keyRelease(&bar.button, Qt::Key(key));
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        QCOMPARE(bar.Log(), u"down0 up0 click0"_s);
         QTest::keyPress(&bar.button, Qt::Key(key));
         bar.button.clearFocus();
         QTest::keyRelease(&bar.button, Qt::Key(key));
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0 down0 up0"));
+        QCOMPARE(bar.Log(), u"down0 up0 click0 down0 up0"_s);
     }
 
     void hidden()
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
         QCoreApplication::processEvents();
         QTest::mouseRelease(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
-        QCOMPARE(bar.Log(), QStringLiteral("down1 up1 click1")); // the release came though nothing was shown
+        QCOMPARE(bar.Log(), u"down1 up1 click1"_s); // the release came though nothing was shown
         QTRY_VERIFY(bar.button.isHidden());
     }
 
@@ -153,20 +153,20 @@ private Q_SLOTS:
         QDialog dialog(&bar.window);
         connect(&bar.button, &PictureButton::MouseDown, &dialog, &QDialog::open);
         QTest::mousePress(bar.window.windowHandle(), Qt::LeftButton, {}, {40, 40});
-        QTRY_COMPARE(bar.Log(), QStringLiteral("down0 up0"));
+        QTRY_COMPARE(bar.Log(), u"down0 up0"_s);
     }
 
     void tipsAndNames()
     {
         Sidebar bar;
-        QCOMPARE(bar.button.toolTip(), QStringLiteral("Next month"));
+        QCOMPARE(bar.button.toolTip(), u"Next month"_s);
         bar.Show(1);
-        QCOMPARE(bar.button.toolTip(), QStringLiteral("Pressed"));
-        QCOMPARE(bar.button.accessibleName(), QStringLiteral("Pressed"));
+        QCOMPARE(bar.button.toolTip(), u"Pressed"_s);
+        QCOMPARE(bar.button.accessibleName(), u"Pressed"_s);
         QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&bar.button);
         QCOMPARE(access->role(), QAccessible::Button);
         access->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(bar.Log(), QStringLiteral("down0 up0 click0"));
+        QCOMPARE(bar.Log(), u"down0 up0 click0"_s);
     }
 
     void longerArrays()
@@ -198,7 +198,7 @@ private Q_SLOTS:
         look();
         bar.button.SetFramed(true);
         look();
-        bar.button.SetCaption(QStringLiteral("Month"));
+        bar.button.SetCaption(u"Month"_s);
         QVERIFY(bar.button.sizeHint().height() > 40);
         look();
         bar.button.setFocus(Qt::TabFocusReason);

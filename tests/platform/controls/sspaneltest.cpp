@@ -11,7 +11,7 @@
 namespace {
 QFont Arial(double points)
 {
-    QFont font(QStringLiteral("Arial"));
+    QFont font(u"Arial"_s);
     font.setPointSizeF(points);
     return font;
 }
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QFETCH(int, row);
         SSPanel panel;
         panel.resize(150, 90);
-        panel.SetCaption(QStringLiteral(" 12"));
+        panel.SetCaption(u" 12"_s);
         panel.SetCaptionFont(Arial(9));
         panel.SetCaptionAlignment(alignment);
         const QRect ink = InkOf(panel);
@@ -96,7 +96,7 @@ private Q_SLOTS:
         SSPanel panel;
         panel.resize(150, 90);
         panel.SetCaptionFont(Arial(points));
-        panel.SetCaption(QStringLiteral("28"));
+        panel.SetCaption(u"28"_s);
         const QRect ink = InkOf(panel);
         QVERIFY(ink.top() >= 2 && ink.bottom() < paper::CaptionBand);
         QVERIFY(ink.left() >= 6 && ink.left() <= 9);
@@ -107,7 +107,7 @@ private Q_SLOTS:
     {
         SSPanel panel;
         panel.SetCaptionFont(Arial(12));
-        panel.SetCaption(QStringLiteral("SEPTEMBER ").repeated(5));
+        panel.SetCaption(u"SEPTEMBER "_s.repeated(5));
         for (int alignment : {SSPanel::LeftTop, SSPanel::CenterMiddle, SSPanel::RightBottom}) {
             panel.SetCaptionAlignment(alignment);
             for (int width : {150, 60, 5}) {
@@ -117,9 +117,9 @@ private Q_SLOTS:
             }
         }
         panel.resize(30, 40);
-        panel.SetCaption(QStringLiteral("Wed"));
+        panel.SetCaption(u"Wed"_s);
         const QImage shortened = panel.grab().toImage();
-        panel.SetCaption(QStringLiteral("W")); // its first letter, and no ellipsis
+        panel.SetCaption(u"W"_s); // its first letter, and no ellipsis
         QCOMPARE(panel.grab().toImage(), shortened);
     }
 
@@ -143,7 +143,7 @@ private Q_SLOTS:
         panel.resize(60, 60);
         panel.SetPaper(paper::Band);
         panel.SetCaptionFont(Arial(20));
-        panel.SetCaption(QStringLiteral("l")); // one upright
+        panel.SetCaption(u"l"_s); // one upright
         const QImage flat = panel.grab().toImage();
         const QRect face = InkOf(flat, paper::Band);
         panel.SetFont3D(effect);
@@ -173,7 +173,7 @@ private Q_SLOTS:
     {
         SSPanel panel;
         panel.resize(80, 40);
-        panel.SetCaption(QStringLiteral("1111"));
+        panel.SetCaption(u"1111"_s);
         panel.SetCaptionFont(Arial(12));
         const QRect plain = InkOf(panel);
         panel.SetForeColor(0x0000ff); // red is the low byte
@@ -228,23 +228,23 @@ private Q_SLOTS:
             panel.SetEdges(effect == 1 ? Qt::LeftEdge : Qt::TopEdge);
             panel.SetFrame(QColor::fromRgb(int(color), 0, 0));
         };
-        set(QStringLiteral("1"), 1, 1);
+        set(u"1"_s, 1, 1);
         QTest::qWait(20);
         PaintCounter counter;
         panel.installEventFilter(&counter);
-        set(QStringLiteral("1"), 1, 1);
+        set(u"1"_s, 1, 1);
         QTest::qWait(20);
         QCOMPARE(counter.paints, 0);
-        set(QStringLiteral("2"), 2, 2);
+        set(u"2"_s, 2, 2);
         QTRY_COMPARE(counter.paints, 1); // and many changes are painted once
     }
 
     void captionIsKeptAsGiven()
     {
         SSPanel panel;
-        panel.SetCaption(QStringLiteral(" 12"));
-        QCOMPARE(panel.Caption(), QStringLiteral(" 12"));
-        QCOMPARE(panel.accessibleName(), QStringLiteral("12"));
+        panel.SetCaption(u" 12"_s);
+        QCOMPARE(panel.Caption(), u" 12"_s);
+        QCOMPARE(panel.accessibleName(), u"12"_s);
     }
 
     void clicks()

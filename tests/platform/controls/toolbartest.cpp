@@ -13,13 +13,13 @@
 namespace {
 bool SvgIsLoaded()
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
+    QFile maps(u"/proc/self/maps"_s);
     return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libQt6Svg.so");
 }
 
 QString PictureOf(const QString& key)
 {
-    return QStringLiteral(":/icons/%1.svg").arg(key);
+    return u":/icons/%1.svg"_s.arg(key);
 }
 
 // How far the darkest point of a picture is from white.
@@ -39,26 +39,26 @@ struct Window : QWidget
     {
         resize(600, 300);
         Note.setGeometry(0, 100, 300, 100);
-        AddButton(QStringLiteral("new"));
-        AddButton(QStringLiteral("bold"));
+        AddButton(u"new"_s);
+        AddButton(u"bold"_s);
         Bar.AddSeparator();
-        for (const QString& key : {QStringLiteral("color"), QStringLiteral("size")}) {
+        for (const QString& key : {u"color"_s, u"size"_s}) {
             Bar.AddPlaceholder(key);
             Place(key).setFixedWidth(50);
         }
-        AddButton(QStringLiteral("cut"));
+        AddButton(u"cut"_s);
         Bar.resize(600, Bar.sizeHint().height());
         Bar.move(0, 7);
     }
     QWidget& Place(const QString& key) const { return *Bar.findChild<QWidget*>(key); }
-    void AddButton(const QString& key) { Bar.AddButton(key, QStringLiteral("tip of ") + key, PictureOf(key)); }
+    void AddButton(const QString& key) { Bar.AddButton(key, u"tip of "_s + key, PictureOf(key)); }
     bool Open()
     {
         show();
         Note.setFocus();
         return QTest::qWaitForWindowActive(this);
     }
-    ToolbarButton& Bold() { return Bar.Buttons(QStringLiteral("bold")); }
+    ToolbarButton& Bold() { return Bar.Buttons(u"bold"_s); }
 
     QTextEdit Note{this};
     Toolbar Bar{this};
@@ -94,8 +94,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, key);
         Window window;
-        window.Bar.AddButton(QStringLiteral("picture"), QString(), PictureOf(key));
-        const QImage picture = window.Bar.Buttons(QStringLiteral("picture")).grab().toImage();
+        window.Bar.AddButton(u"picture"_s, QString(), PictureOf(key));
+        const QImage picture = window.Bar.Buttons(u"picture"_s).grab().toImage();
         QVERIFY(Ink(picture) > 150);
         QCOMPARE(picture.pixel(16, 1), picture.pixel(16, 28)); // nothing reaches the button's edge
         static QList<QImage> drawn;
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QVERIFY(window.Bold().isChecked() && !window.Bold().MixedState());
         window.Bold().setEnabled(false);
         QTest::mouseClick(&window.Bold(), Qt::LeftButton);
-        QCOMPARE(clicks, (QList<QVariantList>{{QStringLiteral("bold")}, {QStringLiteral("bold")}}));
+        QCOMPARE(clicks, (QList<QVariantList>{{u"bold"_s}, {u"bold"_s}}));
     }
 
     void KeysReachEveryButton()
@@ -134,9 +134,8 @@ private Q_SLOTS:
         press(Qt::Key_Space);
         press(Qt::Key_Left);
         QCOMPARE(QApplication::focusWidget(), &window.Bold());
-        QCOMPARE(clicks,
-                 (QList<QVariantList>{{QStringLiteral("new")}, {QStringLiteral("bold")}, {QStringLiteral("cut")}}));
-        QCOMPARE(window.Bold().accessibleName(), QStringLiteral("tip of bold"));
+        QCOMPARE(clicks, (QList<QVariantList>{{u"new"_s}, {u"bold"_s}, {u"cut"_s}}));
+        QCOMPARE(window.Bold().accessibleName(), u"tip of bold"_s);
         QCOMPARE(window.Bold().toolTip(), window.Bold().accessibleName());
     }
 
@@ -179,8 +178,8 @@ private Q_SLOTS:
         };
         Window window;
         Control color(&window.Bar), size(&window.Bar);
-        window.Bar.Lay(QStringLiteral("color"), &color);
-        window.Bar.Lay(QStringLiteral("size"), &size);
+        window.Bar.Lay(u"color"_s, &color);
+        window.Bar.Lay(u"size"_s, &size);
         const int whole = window.Bar.minimumWidth();
         const auto widths = [&](int missing) {
             window.Bar.SetRoom(whole - missing);
@@ -195,7 +194,7 @@ private Q_SLOTS:
         color.Wanted = 130; // as after a change of the desktop's font
         color.updateGeometry();
         QTRY_COMPARE(color.width(), 130);
-        QCOMPARE(size.x(), window.Place(QStringLiteral("size")).x());
+        QCOMPARE(size.x(), window.Place(u"size"_s).x());
     }
 
     void UnknownKeysAreAnError()
@@ -212,13 +211,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("meanwhile");
         QTest::addColumn<bool>("dropped");
         QTest::newRow("free area") << QString() << QPoint(-20, 230) << QString() << true;
-        QTest::newRow("placeholder") << QStringLiteral("size") << QPoint(5, 200) << QString() << true;
+        QTest::newRow("placeholder") << u"size"_s << QPoint(5, 200) << QString() << true;
         QTest::newRow("hardly moved") << QString() << QPoint(2, 2) << QString() << false;
-        QTest::newRow("button") << QStringLiteral("bold") << QPoint(5, 200) << QString() << false;
-        QTest::newRow("disabled button") << QStringLiteral("new") << QPoint(5, 200) << QString() << false;
-        QTest::newRow("Esc") << QString() << QPoint(5, 200) << QStringLiteral("Esc") << false;
-        QTest::newRow("a box opens") << QString() << QPoint(5, 200) << QStringLiteral("box") << false;
-        QTest::newRow("the bar goes") << QString() << QPoint(5, 200) << QStringLiteral("hide") << false;
+        QTest::newRow("button") << u"bold"_s << QPoint(5, 200) << QString() << false;
+        QTest::newRow("disabled button") << u"new"_s << QPoint(5, 200) << QString() << false;
+        QTest::newRow("Esc") << QString() << QPoint(5, 200) << u"Esc"_s << false;
+        QTest::newRow("a box opens") << QString() << QPoint(5, 200) << u"box"_s << false;
+        QTest::newRow("the bar goes") << QString() << QPoint(5, 200) << u"hide"_s << false;
     }
 
     void ADragEndsWhereItIsLetGo()
@@ -228,7 +227,7 @@ private Q_SLOTS:
         QFETCH(QString, meanwhile);
         QFETCH(bool, dropped);
         Window window;
-        window.Bar.Buttons(QStringLiteral("new")).setEnabled(false);
+        window.Bar.Buttons(u"new"_s).setEnabled(false);
         QVERIFY(window.Open());
         QSignalSpy drops(&window.Bar, &Toolbar::Dropped);
         QPoint start(500, 20);
@@ -257,14 +256,14 @@ private Q_SLOTS:
         QVERIFY(!window.findChild<QRubberBand*>());
         QCOMPARE(window.Bar.cursor().shape(), Qt::ArrowCursor);
         QTest::keyClick(&window.Note, Qt::Key_A);
-        QCOMPARE(window.Note.toPlainText(), QStringLiteral("a"));
+        QCOMPARE(window.Note.toPlainText(), u"a"_s);
     }
 
     void ControlsLaidOverTheBarStayOnTop()
     {
         Window window;
         QToolButton combo(&window);
-        combo.setGeometry(window.Place(QStringLiteral("color")).geometry().translated(window.Bar.pos()));
+        combo.setGeometry(window.Place(u"color"_s).geometry().translated(window.Bar.pos()));
         window.Bar.raise();
         QVERIFY(window.Open());
         QTest::mouseClick(&window.Bar, Qt::LeftButton, {}, QPoint(500, 20));

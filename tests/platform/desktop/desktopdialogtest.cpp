@@ -29,7 +29,7 @@ class DesktopDialogTest : public QObject
     {
         CommonDialog dialog(nullptr);
         dialog.InitDir = m_folder.path();
-        dialog.Filter = QStringLiteral("Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*");
+        dialog.Filter = u"Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"_s;
         dialog.CancelError = true;
         return dialog;
     }
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QFETCH(int, style);
         OnNextModal<QMessageBox>([=](QMessageBox& box) {
             QVERIFY(QTest::qWaitForWindowActive(&box));
-            QCOMPARE(box.text(), QStringLiteral("replace '<b>a.mdb'?"));
+            QCOMPARE(box.text(), u"replace '<b>a.mdb'?"_s);
             QVERIFY(box.width() >= WidthForTitle(box));
             QCOMPARE(In<QLabel>(box, "qt_msgbox_label").textFormat(), Qt::PlainText);
             QTEST(support::PlainText(box.defaultButton()), "defaultButton");
@@ -82,8 +82,8 @@ private Q_SLOTS:
             if (key == 0) return void(box.close());
             QTest::keyClick(box.windowHandle(), Qt::Key(key), isLetter ? Qt::AltModifier : Qt::NoModifier);
         });
-        const QString title = QStringLiteral("A title that is longer than the question");
-        QTEST(MsgBox(QStringLiteral("replace '<b>a.mdb'?"), style, title), "answer");
+        const QString title = u"A title that is longer than the question"_s;
+        QTEST(MsgBox(u"replace '<b>a.mdb'?"_s, style, title), "answer");
     }
 
     void ALongTextIsShownWhole_data()
@@ -91,9 +91,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("folded");
         QTest::newRow("path without blanks") << u'/' + QString(900, u'w') << false;
-        QTest::newRow("path of folders") << QStringLiteral("/home/person/plans/planner.bmp").repeated(9) << false;
-        QTest::newRow("words") << QStringLiteral("word ").repeated(200) << false;
-        QTest::newRow("a book") << QStringLiteral("word ").repeated(4000) << true;
+        QTest::newRow("path of folders") << u"/home/person/plans/planner.bmp"_s.repeated(9) << false;
+        QTest::newRow("words") << u"word "_s.repeated(200) << false;
+        QTest::newRow("a book") << u"word "_s.repeated(4000) << true;
     }
 
     void ALongTextIsShownWhole()
@@ -101,18 +101,18 @@ private Q_SLOTS:
         QFETCH(QString, text);
         QFETCH(bool, folded);
         OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            auto* const label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
             const QRect shown(label->mapTo(&box, QPoint()), label->size());
             QVERIFY(box.rect().contains(shown));
             QVERIFY(QRect(QPoint(), box.screen()->size()).contains(box.rect()));
             QVERIFY(label->width() >= label->minimumSizeHint().width());
             QVERIFY(label->height() >= label->heightForWidth(label->width()));
             QCOMPARE(folded ? box.detailedText() : box.text().remove(QChar(0x200B)), text);
-            const QRegularExpression insideAName(QStringLiteral("[^/]\\x{200B}"));
+            const QRegularExpression insideAName(u"[^/]\\x{200B}"_s);
             QVERIFY(text.contains(QString(41, u'w')) || !box.text().contains(insideAName));
             box.accept();
         });
-        MsgBox(text, msgbox::Exclamation, QStringLiteral("Orrelin Help Wizard"));
+        MsgBox(text, msgbox::Exclamation, u"Orrelin Help Wizard"_s);
     }
 
     void ABoxOutlivesItsOwner()
@@ -124,7 +124,7 @@ private Q_SLOTS:
             QCOMPARE(box.parentWidget(), owner);
             delete owner;
         });
-        QCOMPARE(MsgBox(QStringLiteral("?"), msgbox::YesNo), msgbox::No);
+        QCOMPARE(MsgBox(u"?"_s, msgbox::YesNo), msgbox::No);
     }
 
     void TheHourglassIsOneValueAndRestsDuringABox()
@@ -137,7 +137,7 @@ private Q_SLOTS:
             waiting = QGuiApplication::overrideCursor() != nullptr;
             box.accept();
         });
-        MsgBox(QStringLiteral("done"));
+        MsgBox(u"done"_s);
         QVERIFY(!waiting);
         QCOMPARE(MousePointer(), mousepointer::Hourglass);
         SetMousePointer(mousepointer::Default);
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QTest::newRow("existing") << "beta.mdb" << 4 << "beta.mdb";
         QTest::newRow("new") << "Notes neu" << 4 << "Notes neu";
         QTest::newRow("new, not ascii") << u"Übersicht.mdb"_qs << 4 << u"Übersicht.mdb"_qs;
-        QTest::newRow("with a path") << Path(QStringLiteral("beta.mdb")) << 4 << "beta.mdb";
+        QTest::newRow("with a path") << Path(u"beta.mdb"_s) << 4 << "beta.mdb";
         QTest::newRow("other case") << "ALPHA.mdb" << mustExist << "Alpha.MDB";
         QTest::newRow("other filter") << "notes.txt" << mustExist << "notes.txt";
     }
@@ -184,7 +184,7 @@ private Q_SLOTS:
     {
         CommonDialog dialog = PlannerDialog();
         dialog.Flags = CommonDialog::FileMustExist;
-        AnswerNextFileDialog(QStringLiteral("none.mdb"));
+        AnswerNextFileDialog(u"none.mdb"_s);
         AnswerNextBox(msgbox::Ok); // no such file
         CancelNextFileDialog();
         QCOMPARE(NumberOf(dialog, 1), int(errors::DialogCancelled));
@@ -198,9 +198,9 @@ private Q_SLOTS:
     void FiltersShowTheirFilesInAnyCase()
     {
         CommonDialog dialog = PlannerDialog();
-        dialog.DialogTitle = QStringLiteral("New Planner File");
+        dialog.DialogTitle = u"New Planner File"_s;
         OnNextModal<QFileDialog>([&](QFileDialog& shown) {
-            auto* const list = shown.findChild<QAbstractItemView*>(QStringLiteral("treeView"));
+            auto* const list = shown.findChild<QAbstractItemView*>(u"treeView"_s);
             const auto listed = [list] {
                 QStringList texts;
                 for (int i = 0; i < list->model()->rowCount(list->rootIndex()); ++i) {
@@ -209,11 +209,11 @@ private Q_SLOTS:
                 texts.sort();
                 return texts.join(u' ');
             };
-            QCOMPARE(shown.windowTitle(), QStringLiteral("New Planner File"));
-            QTRY_COMPARE(listed(), QStringLiteral("Alpha.MDB beta.mdb"));
+            QCOMPARE(shown.windowTitle(), u"New Planner File"_s);
+            QTRY_COMPARE(listed(), u"Alpha.MDB beta.mdb"_s);
             shown.selectNameFilter(shown.nameFilters().at(1));
-            QTRY_COMPARE(listed(), QStringLiteral("Alpha.MDB README beta.mdb notes.txt"));
-            AnswerNextFileDialog(QStringLiteral("README"));
+            QTRY_COMPARE(listed(), u"Alpha.MDB README beta.mdb notes.txt"_s);
+            AnswerNextFileDialog(u"README"_s);
         });
         QCOMPARE(NumberOf(dialog, 1), 0);
         QCOMPARE(dialog.FilterIndex, 2);

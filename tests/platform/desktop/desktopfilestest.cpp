@@ -23,8 +23,8 @@ private Q_SLOTS:
                                  "Übung/Größe.mdb", "İstanbul/ΣΑΣ.mdb"}) {
             Make(QString::fromUtf8(name));
         }
-        QVERIFY(QFile::link(m_folder.path(), Path(QStringLiteral("loop"))));
-        QVERIFY(QFile::link(m_folder.path(), Path(QStringLiteral("Loop"))));
+        QVERIFY(QFile::link(m_folder.path(), Path(u"loop"_s)));
+        QVERIFY(QFile::link(m_folder.path(), Path(u"Loop"_s)));
     }
 
     void PathsAreFoundInAnyCase_data()
@@ -65,66 +65,63 @@ private Q_SLOTS:
         }
     }
 
-    void LinksInACircleEnd()
-    {
-        QCOMPARE(filesystem::Find(Path(QStringLiteral("LOOP/").repeated(60) + QStringLiteral("none.mdb"))), QString());
-    }
+    void LinksInACircleEnd() { QCOMPARE(filesystem::Find(Path(u"LOOP/"_s.repeated(60) + u"none.mdb"_s)), QString()); }
 
     void WhatADialogReturnedComesFirst()
     {
-        const QString chosen = Path(QStringLiteral("both/A.mdb"));
+        const QString chosen = Path(u"both/A.mdb"_s);
         filesystem::Remember(chosen);
         QCOMPARE(filesystem::Find(chosen.toLower()), chosen);
         // A new file goes into the folder that was chosen, though the other is spelled as the path is.
-        const QString created = Path(QStringLiteral("Work/New.mdb"));
+        const QString created = Path(u"Work/New.mdb"_s);
         filesystem::Remember(created);
-        QCOMPARE(filesystem::PlaceFor(created.toLower()), Path(QStringLiteral("Work/new.mdb")));
-        Make(QStringLiteral("work/new.mdb"));
-        Make(QStringLiteral("Work/new.mdb"));
-        QCOMPARE(filesystem::Find(created.toLower()), Path(QStringLiteral("Work/new.mdb")));
+        QCOMPARE(filesystem::PlaceFor(created.toLower()), Path(u"Work/new.mdb"_s));
+        Make(u"work/new.mdb"_s);
+        Make(u"Work/new.mdb"_s);
+        QCOMPARE(filesystem::Find(created.toLower()), Path(u"Work/new.mdb"_s));
         QVERIFY(QFile::remove(chosen));
-        QCOMPARE(filesystem::Find(chosen.toLower()), Path(QStringLiteral("both/a.mdb")));
+        QCOMPARE(filesystem::Find(chosen.toLower()), Path(u"both/a.mdb"_s));
     }
 
     void APlaceNeedsItsFolder()
     {
-        QCOMPARE(filesystem::PlaceFor(Path(QStringLiteral("ÜBUNG/Neu.mdb"))), Path(u"Übung/Neu.mdb"_qs));
-        QCOMPARE(filesystem::PlaceFor(Path(QStringLiteral("none/neu.mdb"))), QString());
-        QCOMPARE(filesystem::PlaceFor(Path(QStringLiteral("both/"))), QString());
-        QCOMPARE(filesystem::PlaceFor(QStringLiteral("/x.mdb")), QStringLiteral("/x.mdb"));
+        QCOMPARE(filesystem::PlaceFor(Path(u"ÜBUNG/Neu.mdb"_s)), Path(u"Übung/Neu.mdb"_qs));
+        QCOMPARE(filesystem::PlaceFor(Path(u"none/neu.mdb"_s)), QString());
+        QCOMPARE(filesystem::PlaceFor(Path(u"both/"_s)), QString());
+        QCOMPARE(filesystem::PlaceFor(u"/x.mdb"_s), u"/x.mdb"_s);
     }
 
     void FoldersFollowTheDesktopsVariables()
     {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(Path(QStringLiteral("data home"))));
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(Path(QStringLiteral("config home"))));
-        QCoreApplication::setOrganizationName(QStringLiteral("elsewhere"));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(Path(u"data home"_s)));
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(Path(u"config home"_s)));
+        QCoreApplication::setOrganizationName(u"elsewhere"_s);
         folders::SetRootForTests(QString());
-        QCOMPARE(folders::ApplicationDirectory(), Path(QStringLiteral("data home/orrelin")));
-        QCOMPARE(folders::WindowsDirectory(), Path(QStringLiteral("config home/orrelin")));
+        QCOMPARE(folders::ApplicationDirectory(), Path(u"data home/orrelin"_s));
+        QCOMPARE(folders::WindowsDirectory(), Path(u"config home/orrelin"_s));
         QVERIFY(QFileInfo(folders::WindowsDirectory()).isDir());
         const TemporaryFolders own;
-        QCOMPARE(folders::WindowsDirectory(), own.Path(QStringLiteral("config")));
+        QCOMPARE(folders::WindowsDirectory(), own.Path(u"config"_s));
     }
 
     void AFolderIsOnlyFinishedWhenAllIsCopied()
     {
         const TemporaryFolders own;
-        const QString unfinished = own.Path(QStringLiteral("data/Media.new"));
+        const QString unfinished = own.Path(u"data/Media.new"_s);
         QCOMPARE(folders::MediaDirectory(), unfinished); // nothing has been brought
         QVERIFY(QFileInfo(unfinished).isDir());
-        QVERIFY(QDir().mkpath(own.Path(QStringLiteral("shipped/Media"))));
-        QFile tune(own.Path(QStringLiteral("shipped/Media/a.wav")));
+        QVERIFY(QDir().mkpath(own.Path(u"shipped/Media"_s)));
+        QFile tune(own.Path(u"shipped/Media/a.wav"_s));
         QVERIFY(tune.open(QIODevice::WriteOnly) && tune.write("all of it"));
         tune.close();
-        QVERIFY(QDir(unfinished).mkdir(QStringLiteral("a.wav"))); // in the way of its copy
+        QVERIFY(QDir(unfinished).mkdir(u"a.wav"_s)); // in the way of its copy
         QCOMPARE(folders::MediaDirectory(), unfinished);
-        QVERIFY(QDir(unfinished).rmdir(QStringLiteral("a.wav")));
-        QFile half(unfinished + QStringLiteral("/a.wav"));
+        QVERIFY(QDir(unfinished).rmdir(u"a.wav"_s));
+        QFile half(unfinished + u"/a.wav"_s);
         QVERIFY(half.open(QIODevice::WriteOnly) && half.write("all"));
         half.close();
-        QCOMPARE(folders::MediaDirectory(), own.Path(QStringLiteral("data/Media")));
-        QCOMPARE(QFileInfo(own.Path(QStringLiteral("data/Media/a.wav"))).size(), 9);
+        QCOMPARE(folders::MediaDirectory(), own.Path(u"data/Media"_s));
+        QCOMPARE(QFileInfo(own.Path(u"data/Media/a.wav"_s)).size(), 9);
     }
 };
 

@@ -45,11 +45,9 @@ public Q_SLOTS:
         if (Played::manner == Played::Hangs) return call.setDelayedReply(true), QDBusObjectPath();
         QFile file;
         if (file.open(picture.fileDescriptor(), QIODevice::ReadOnly)) Played::taken = file.readAll();
-        const QString path = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
-                                 .arg(call.service().mid(1).replace(u'.', u'_'),
-                                      options.value(QStringLiteral("handle_token")).toString());
-        QDBusMessage response = QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.portal.Request"),
-                                                           QStringLiteral("Response"));
+        const QString path = u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(
+            call.service().mid(1).replace(u'.', u'_'), options.value(u"handle_token"_s).toString());
+        QDBusMessage response = QDBusMessage::createSignal(path, u"org.freedesktop.portal.Request"_s, u"Response"_s);
         response << Played::code << QVariantMap();
         const int delay = Played::manner == Played::AnswersLate ? 200 : 0;
         // Before the reply or long after it: a real one does both.
@@ -82,17 +80,17 @@ class PlayedBus
 public:
     void Serve()
     {
-        QDBusConnection bus = QDBusConnection::connectToBus(m_bus.Address(), QStringLiteral("played"));
+        QDBusConnection bus = QDBusConnection::connectToBus(m_bus.Address(), u"played"_s);
         auto* portal = new PlayedPortal(bus);
         auto* plasma = new PlayedPlasma;
         for (QObject* service : std::initializer_list<QObject*>{portal, plasma}) {
             service->moveToThread(&m_thread);
             QObject::connect(&m_thread, &QThread::finished, service, &QObject::deleteLater);
         }
-        bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), portal, QDBusConnection::ExportAllSlots);
-        bus.registerObject(QStringLiteral("/PlasmaShell"), plasma, QDBusConnection::ExportAllSlots);
-        bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
-        bus.registerService(QStringLiteral("org.kde.plasmashell"));
+        bus.registerObject(u"/org/freedesktop/portal/desktop"_s, portal, QDBusConnection::ExportAllSlots);
+        bus.registerObject(u"/PlasmaShell"_s, plasma, QDBusConnection::ExportAllSlots);
+        bus.registerService(u"org.freedesktop.portal.Desktop"_s);
+        bus.registerService(u"org.kde.plasmashell"_s);
         m_thread.start();
     }
 
@@ -100,7 +98,7 @@ public:
     {
         m_thread.quit();
         m_thread.wait();
-        QDBusConnection::disconnectFromBus(QStringLiteral("played"));
+        QDBusConnection::disconnectFromBus(u"played"_s);
     }
 
 private:
@@ -132,7 +130,7 @@ private Q_SLOTS:
     {
         m_bus.Serve();
         // Letters that addresses, scripts and quoted texts each write in their own way.
-        m_picture = m_folders.Path(QStringLiteral("It's \"my\" p\u00e4per \\1.bmp"));
+        m_picture = m_folders.Path(u"It's \"my\" p\u00e4per \\1.bmp"_s);
         QImage image(20, 10, QImage::Format_RGB32);
         image.fill(Qt::red);
         QVERIFY(image.save(m_picture, "BMP"));
@@ -179,7 +177,7 @@ private Q_SLOTS:
         const FakeDesktop fake(desktop.constData());
         fake.Keep(pictureKey, before);
         fake.Keep(fitKey, fits[0]);
-        QCOMPARE(Present()->Path, QStringLiteral("/usr/my photo.jpg"));
+        QCOMPARE(Present()->Path, u"/usr/my photo.jpg"_s);
         QCOMPARE(Present()->Fit, wallpaper::Fit::Zoomed);
 
         QVERIFY(Show(m_picture));
@@ -203,8 +201,8 @@ private Q_SLOTS:
     void EveryMonitorAndWorkspaceOfXfceIsPainted()
     {
         const FakeDesktop fake("XFCE");
-        const QString first = QStringLiteral("xfce/backdrop/screen0/monitorDP-1/workspace0/last-image");
-        const QString second = QStringLiteral("xfce/backdrop/screen0/monitorHDMI-2/workspace3/last-image");
+        const QString first = u"xfce/backdrop/screen0/monitorDP-1/workspace0/last-image"_s;
+        const QString second = u"xfce/backdrop/screen0/monitorHDMI-2/workspace3/last-image"_s;
         for (const QString& key : {first, second})
             fake.Keep(key, "/before.jpg");
         QVERIFY(Show(m_picture));
@@ -241,19 +239,19 @@ private Q_SLOTS:
     void PlasmaRunsAScriptOverItsDesktops()
     {
         const FakeDesktop fake("KDE");
-        Played::printed = QStringLiteral("[\"org.kde.image\",\"file:///usr/my%20photo.jpg\",\"2\"]");
-        QCOMPARE(*Present(), (DesktopPicture{QStringLiteral("/usr/my photo.jpg"), wallpaper::Fit::Zoomed}));
-        Played::printed = QStringLiteral("[\"org.kde.slideshow\",\"\",\"\"]");
+        Played::printed = u"[\"org.kde.image\",\"file:///usr/my%20photo.jpg\",\"2\"]"_s;
+        QCOMPARE(*Present(), (DesktopPicture{u"/usr/my photo.jpg"_s, wallpaper::Fit::Zoomed}));
+        Played::printed = u"[\"org.kde.slideshow\",\"\",\"\"]"_s;
         QVERIFY(!Present());
-        Played::printed = QStringLiteral("2\n");
+        Played::printed = u"2\n"_s;
         QVERIFY(Show(m_picture));
         QVERIFY(Played::scripts.last().contains(
-            QStringLiteral("['Wallpaper', 'org.kde.image', 'General']; all[i].writeConfig('FillMode', 6)")));
-        QVERIFY(Played::scripts.last().contains(QStringLiteral("writeConfig('Image', [\"file:///")));
+            u"['Wallpaper', 'org.kde.image', 'General']; all[i].writeConfig('FillMode', 6)"_s));
+        QVERIFY(Played::scripts.last().contains(u"writeConfig('Image', [\"file:///"_s));
         QVERIFY(Show(wallpaper::None));
         QVERIFY(Played::scripts.last().contains(u"org.kde.color"));
         Played::code = 2;
-        Played::printed = QStringLiteral("0");
+        Played::printed = u"0"_s;
         QVERIFY(!Show(m_picture));
         Played::manner = Played::Hangs;
         QVERIFY(!Show(m_picture, 300));
@@ -331,8 +329,8 @@ private Q_SLOTS:
 
     void WhatIsNoPictureIsRefused()
     {
-        QVERIFY(!Show(m_folders.Path(QStringLiteral("missing.bmp"))));
-        const QString text = m_folders.Path(QStringLiteral("text.bmp"));
+        QVERIFY(!Show(m_folders.Path(u"missing.bmp"_s)));
+        const QString text = m_folders.Path(u"text.bmp"_s);
         SetContent(text, "no picture");
         Played::code = 2;
         QVERIFY(!Show(text));

@@ -25,7 +25,7 @@ class HelpTest : public QObject
     std::unique_ptr<HelpBook> m_book;
     std::unique_ptr<QWidget> m_owner;
 
-    QWidget* Window() const { return m_owner->findChild<QWidget*>(QStringLiteral("helpPage"))->window(); }
+    QWidget* Window() const { return m_owner->findChild<QWidget*>(u"helpPage"_s)->window(); }
     template <typename Part>
     Part& Find(const char* name) const
     {
@@ -65,7 +65,7 @@ class HelpTest : public QObject
             for (const QAction* action : actions) {
                 const QString entry = path + action->text().remove(u'&');
                 keys[entry] = action->shortcut().toString();
-                if (action->menu()) add(entry + QStringLiteral(" | "), action->menu()->actions());
+                if (action->menu()) add(entry + u" | "_s, action->menu()->actions());
             }
         };
         add(QString(), bar.actions());
@@ -88,8 +88,8 @@ private Q_SLOTS:
 
     void EveryTopicLinkAndPictureIsThere()
     {
-        static const QRegularExpression Reference(QStringLiteral("(?:href|src)=\"([^\"]*)\""));
-        static const QRegularExpression Heading(QStringLiteral("<h1>(.*)</h1>"));
+        static const QRegularExpression Reference(u"(?:href|src)=\"([^\"]*)\""_s);
+        static const QRegularExpression Heading(u"<h1>(.*)</h1>"_s);
         QSet<QString> titles;
         for (const HelpTopic& topic : m_book->Topics()) {
             const QString page = QString::fromUtf8(m_book->Read(topic.Page));
@@ -103,15 +103,14 @@ private Q_SLOTS:
             }
         }
         // Nothing lies in the file that no way leads to.
-        const QStringList pages = QDir(QStringLiteral(":/orrelin-help")).entryList({QStringLiteral("*.html")});
+        const QStringList pages = QDir(u":/orrelin-help"_s).entryList({u"*.html"_s});
         QCOMPARE(pages.size(), m_book->Topics().size());
     }
 
     void CommandsAndKeysAreThoseOfTheMenu()
     {
-        static const QRegularExpression Command(QStringLiteral("<b>([^<]* \\| [^<]*)</b>"));
-        static const QRegularExpression Key(
-            QStringLiteral("<kbd>([^<]*)</kbd></td>\\s*<td>[^<]*</td>\\s*<td>([^<]*)<"));
+        static const QRegularExpression Command(u"<b>([^<]* \\| [^<]*)</b>"_s);
+        static const QRegularExpression Key(u"<kbd>([^<]*)</kbd></td>\\s*<td>[^<]*</td>\\s*<td>([^<]*)<"_s);
         const QMap<QString, QString> entries = MenuEntries();
         for (const HelpTopic& topic : m_book->Topics()) {
             const QString page = QString::fromUtf8(m_book->Read(topic.Page));
@@ -121,7 +120,7 @@ private Q_SLOTS:
             }
         }
         QMap<QString, QString> told;
-        const QString keys = QString::fromUtf8(m_book->Read(HelpBook::PageOf(QStringLiteral("keys"))));
+        const QString keys = QString::fromUtf8(m_book->Read(HelpBook::PageOf(u"keys"_s)));
         for (const auto& match : Key.globalMatch(keys))
             told[match.captured(2)] = match.captured(1);
         QMap<QString, QString> wanted;
@@ -134,9 +133,8 @@ private Q_SLOTS:
     void PicturesAreDrawnForTheScreensPixels()
     {
         HelpPage page(*m_book, nullptr);
-        page.setSource(HelpBook::PageOf(QStringLiteral("window")));
-        const auto picture =
-            page.loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("window.svg"))).value<QImage>();
+        page.setSource(HelpBook::PageOf(u"window"_s));
+        const auto picture = page.loadResource(QTextDocument::ImageResource, QUrl(u"window.svg"_s)).value<QImage>();
         QCOMPARE(picture.size(), QSize(360, 260) * page.devicePixelRatioF());
         QCOMPARE(picture.devicePixelRatio(), page.devicePixelRatioF());
     }
@@ -172,7 +170,7 @@ private Q_SLOTS:
         Open(HelpCommand::Search);
         QVERIFY(first->isVisible());
         QCOMPARE(m_owner->findChildren<HelpPage*>().size(), 1);
-        QCOMPARE(Page().source(), HelpBook::PageOf(QStringLiteral("using-help")));
+        QCOMPARE(Page().source(), HelpBook::PageOf(u"using-help"_s));
     }
 
     void KeysGoBackForwardAndHome()
@@ -220,7 +218,7 @@ private Q_SLOTS:
     void FoundWordsAreMarkedWhileSearching()
     {
         Open(HelpCommand::Search);
-        QTest::keyClicks(&Find<QLineEdit>("helpWords"), QStringLiteral("silence tick"));
+        QTest::keyClicks(&Find<QLineEdit>("helpWords"), u"silence tick"_s);
         QTest::keyClick(&Find<QLineEdit>("helpWords"), Qt::Key_Return);
         QCOMPARE(Page().documentTitle(), Hits().value(0));
         const QStringList marked = MarkedWords();
@@ -236,14 +234,13 @@ private Q_SLOTS:
     void NothingOutsideIsFetched()
     {
         QTemporaryDir folder;
-        const QString secret = folder.filePath(QStringLiteral("secret.html"));
+        const QString secret = folder.filePath(u"secret.html"_s);
         SetContent(secret, "<p>secret</p>");
         HelpPage page(*m_book, nullptr);
-        const QUrl home = HelpBook::PageOf(QStringLiteral("welcome"));
+        const QUrl home = HelpBook::PageOf(u"welcome"_s);
         page.setSource(home);
-        for (const QUrl& outside :
-             {QUrl::fromLocalFile(secret), QUrl(QStringLiteral("https://example.org")),
-              QUrl(QStringLiteral("qrc:/icons/new.svg")), QUrl(QStringLiteral("qrc:/orrelin-help/../icons/new.svg"))}) {
+        for (const QUrl& outside : {QUrl::fromLocalFile(secret), QUrl(u"https://example.org"_s),
+                                    QUrl(u"qrc:/icons/new.svg"_s), QUrl(u"qrc:/orrelin-help/../icons/new.svg"_s)}) {
             page.setSource(outside);
             QCOMPARE(page.source(), home);
             QVERIFY(page.loadResource(QTextDocument::HtmlResource, outside).isNull());
@@ -271,21 +268,21 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         QTemporaryDir folder;
-        const QString damaged = folder.filePath(QStringLiteral("ORL.HLP"));
+        const QString damaged = folder.filePath(u"ORL.HLP"_s);
         SetContent(damaged, content);
         QVERIFY(!ShowHelp(m_owner.get(), damaged, HelpCommand::Contents));
         QVERIFY(!ShowHelp(m_owner.get(), folder.path(), HelpCommand::Contents));
-        QVERIFY(!ShowHelp(m_owner.get(), folder.filePath(QStringLiteral("none")), HelpCommand::Contents));
+        QVERIFY(!ShowHelp(m_owner.get(), folder.filePath(u"none"_s), HelpCommand::Contents));
         QVERIFY(!ShowHelp(m_owner.get(), QString(), HelpCommand::Contents));
         QVERIFY(m_owner->children().isEmpty());
     }
 
     void TheFileLiesBesideTheProgramInAnyCase()
     {
-        const QString own = QCoreApplication::applicationDirPath() + QStringLiteral("/ORL.HLP");
-        QCOMPARE(folders::Shipped(QStringLiteral("Orl.HLP")), QString());
+        const QString own = QCoreApplication::applicationDirPath() + u"/ORL.HLP"_s;
+        QCOMPARE(folders::Shipped(u"Orl.HLP"_s), QString());
         QVERIFY(QFile::copy(m_file, own));
-        QCOMPARE(folders::Shipped(QStringLiteral("Orl.HLP")), own);
+        QCOMPARE(folders::Shipped(u"Orl.HLP"_s), own);
         QVERIFY(QFile::remove(own));
     }
 };

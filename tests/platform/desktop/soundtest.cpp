@@ -13,7 +13,7 @@ constexpr unsigned Usual = sound::Asynchronous | sound::NoDefault;
 
 QString OpenText(const QString& path)
 {
-    return QStringLiteral("open %1 type sequencer").arg(path);
+    return u"open %1 type sequencer"_s.arg(path);
 }
 
 int Open(const QString& path)
@@ -23,12 +23,12 @@ int Open(const QString& path)
 
 int Play(const QString& path)
 {
-    return mciSendStringA(QStringLiteral("play ") + path);
+    return mciSendStringA(u"play "_s + path);
 }
 
 int Close(const QString& path)
 {
-    return mciSendStringA(QStringLiteral("close ") + path);
+    return mciSendStringA(u"close "_s + path);
 }
 
 // With the byte at a place replaced.
@@ -166,19 +166,19 @@ private Q_SLOTS:
         const auto openWith = [this](const char* name, const QByteArray& content) {
             return OpenText(Written(name, content));
         };
-        const QString open = OpenText(m_music), play = QStringLiteral("play ") + m_music;
+        const QString open = OpenText(m_music), play = u"play "_s + m_music;
         const QByteArray note = MidiNote(69);
         const auto row = [](const char* name, const QStringList& commands, int error) {
             QTest::newRow(name) << commands << error;
         };
         row("twice", {open, open}, sound::AlreadyOpen);
         row("not open", {play}, sound::NotOpen);
-        row("closed", {open, QStringLiteral("close ") + m_music, play}, sound::NotOpen);
+        row("closed", {open, u"close "_s + m_music, play}, sound::NotOpen);
         row("a folder", {OpenText(m_folder.path() + u'/')}, sound::FileNotFound);
         row("empty path", {OpenText({})}, sound::FileNotFound);
         row("other letter case", {OpenText(Path("FLUTE c6.MID"))}, 0);
-        row("unknown", {QStringLiteral("pause ") + m_music}, sound::UnknownCommand);
-        row("no type", {QStringLiteral("open ") + m_music}, sound::UnknownCommand);
+        row("unknown", {u"pause "_s + m_music}, sound::UnknownCommand);
+        row("no type", {u"open "_s + m_music}, sound::UnknownCommand);
         row("a wave", {OpenText(m_a4)}, sound::NotMidi);
         row("cut", {openWith("cut.mid", note.chopped(1))}, sound::NotMidi);
         row("more tracks than there are", {openWith("tracks.mid", With(note, 11, 2))}, sound::NotMidi);

@@ -29,8 +29,8 @@ private Q_SLOTS:
     void init()
     {
         m_folder.emplace();
-        m_path = m_folder->filePath(QStringLiteral("notes.mdb"));
-        m_dummy = m_folder->filePath(QStringLiteral("dummy.mdb"));
+        m_path = m_folder->filePath(u"notes.mdb"_s);
+        m_dummy = m_folder->filePath(u"dummy.mdb"_s);
         MakeFullPlanner(m_path);
     }
 
@@ -50,7 +50,7 @@ private Q_SLOTS:
         struct stat status = {};
         ::stat(QFile::encodeName(m_path).constData(), &status);
         QCOMPARE(status.st_mode & 0777, 0640u);
-        QCOMPARE(Files(), QStringList({QStringLiteral("notes.ldb"), QStringLiteral("notes.mdb")}));
+        QCOMPARE(Files(), QStringList({u"notes.ldb"_s, u"notes.mdb"_s}));
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
         QCOMPARE(Read(days, DayKey(100)), NoteText(100));
@@ -71,7 +71,7 @@ private Q_SLOTS:
             OtherProgram other;
             other.Open(m_path, false);
             QCOMPARE(compact(&text), InUse);
-            QVERIFY2(text.contains(QLatin1StringView("on machine")), qPrintable(text));
+            QVERIFY2(text.contains("on machine"_L1), qPrintable(text));
             QCOMPARE(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }), InUse);
         }
         {
@@ -89,7 +89,7 @@ private Q_SLOTS:
         const int index = Ask(m_path, "SELECT pageno FROM dbstat WHERE name = 'qmtPrimaryKey'").last()[0].toInt();
         SetContent(m_path, QByteArray(before).replace(4096 * (index - 1), 4096, QByteArray(4096, '\x5a')));
         QCOMPARE(compact(&text), NotADatabase);
-        QVERIFY2(text.contains(QLatin1StringView("Repair")), qPrintable(text));
+        QVERIFY2(text.contains("Repair"_L1), qPrintable(text));
         SetContent(m_path, "no planner at all");
         QCOMPARE(compact(), NotADatabase);
         QCOMPARE(Content(m_path), QByteArray("no planner at all"));

@@ -42,11 +42,9 @@ inline QList<QByteArrayList> Ask(const QString& path, const QByteArray& sql)
 
 inline TableDef AlarmTable()
 {
-    return {QStringLiteral("Alarm Table"),
-            {{QStringLiteral("Alarm Date"), dbText, 15},
-             {QStringLiteral("Alarm Note"), dbMemo},
-             {QStringLiteral("Silence"), dbBoolean}},
-            {{QStringLiteral("AlarmKey"), QStringLiteral("-Alarm Date"), false}}};
+    return {u"Alarm Table"_s,
+            {{u"Alarm Date"_s, dbText, 15}, {u"Alarm Note"_s, dbMemo}, {u"Silence"_s, dbBoolean}},
+            {{u"AlarmKey"_s, u"-Alarm Date"_s, false}}};
 }
 
 // A key of a note or an alarm, with its table's first letter, and the text.
@@ -85,13 +83,13 @@ inline QMap<QByteArray, QSet<int>> PagesOfNotes(const QString& path)
 inline QByteArray NoteText(int day)
 {
     const int size = day == 100 ? 300000 : day % 17 == 0 ? 9000 + 777 * day % 20000 : 20 + 131 * day % 1500;
-    const QByteArray part = QStringLiteral("{\\rtf1 Grüße, %1. Tag}\n").arg(day).toUtf8();
+    const QByteArray part = u"{\\rtf1 Grüße, %1. Tag}\n"_s.arg(day).toUtf8();
     return part.repeated(size / static_cast<int>(part.size()) + 1);
 }
 
 inline QString DayKey(int day)
 {
-    return QStringLiteral("%1/%2/%3").arg(1999 + day / 336).arg(day / 28 % 12 + 1).arg(day % 28 + 1);
+    return u"%1/%2/%3"_s.arg(1999 + day / 336).arg(day / 28 % 12 + 1).arg(day % 28 + 1);
 }
 
 // 400 days, 60 alarms, and room that deleted days have left with their texts still in it.
@@ -100,15 +98,15 @@ inline void MakeFullPlanner(const QString& path)
     Database database = DBEngine::CreateDatabase(path, {});
     database.Append(DayTable());
     database.Append(AlarmTable());
-    Recordset days = Days(database), alarms = database.OpenTable(QStringLiteral("Alarm Table"));
+    Recordset days = Days(database), alarms = database.OpenTable(u"Alarm Table"_s);
     WriteTransaction all(database);
     for (int day = 0; day < 480; ++day)
-        Write(days, day < 400 ? DayKey(day) : QStringLiteral("gone%1").arg(day), NoteText(day));
+        Write(days, day < 400 ? DayKey(day) : u"gone%1"_s.arg(day), NoteText(day));
     for (int alarm = 0; alarm < 60; ++alarm) {
         alarms.AddNew();
-        alarms.SetField(QStringLiteral("Alarm Date"), DayKey(alarm * 3));
-        alarms.SetField(QStringLiteral("Alarm Note"), NoteText(alarm).left(300));
-        alarms.SetField(QStringLiteral("Silence"), alarm % 2 == 0);
+        alarms.SetField(u"Alarm Date"_s, DayKey(alarm * 3));
+        alarms.SetField(u"Alarm Note"_s, NoteText(alarm).left(300));
+        alarms.SetField(u"Silence"_s, alarm % 2 == 0);
         alarms.Update();
     }
     all.Commit();

@@ -14,37 +14,37 @@
 
 inline TableDef DayTable()
 {
-    return {QStringLiteral("QMT Table"),
-            {{QStringLiteral("Database Date"), dbDate},
-             {QStringLiteral("qmtDate"), dbText, 15},
-             {QStringLiteral("qmtText"), dbMemo},
-             {QStringLiteral("qmtFontSize"), dbSingle},
-             {QStringLiteral("qmtFontBold"), dbBoolean},
-             {QStringLiteral("qmtFontColor"), dbLong}},
-            {{QStringLiteral("qmtPrimaryKey"), QStringLiteral("-qmtDate"), true}}};
+    return {u"QMT Table"_s,
+            {{u"Database Date"_s, dbDate},
+             {u"qmtDate"_s, dbText, 15},
+             {u"qmtText"_s, dbMemo},
+             {u"qmtFontSize"_s, dbSingle},
+             {u"qmtFontBold"_s, dbBoolean},
+             {u"qmtFontColor"_s, dbLong}},
+            {{u"qmtPrimaryKey"_s, u"-qmtDate"_s, true}}};
 }
 
 inline Recordset Days(Database& database)
 {
-    Recordset days = database.OpenTable(QStringLiteral("QMT Table"));
-    days.SetIndex(QStringLiteral("qmtPrimaryKey"));
+    Recordset days = database.OpenTable(u"QMT Table"_s);
+    days.SetIndex(u"qmtPrimaryKey"_s);
     return days;
 }
 
 inline void Write(Recordset& days, const QString& key, const QByteArray& text)
 {
-    days.Seek(QStringLiteral("="), key);
+    days.Seek(u"="_s, key);
     days.NoMatch() ? days.AddNew() : days.Edit();
-    days.SetField(QStringLiteral("qmtDate"), key);
-    days.SetField(QStringLiteral("qmtText"), text);
+    days.SetField(u"qmtDate"_s, key);
+    days.SetField(u"qmtText"_s, text);
     days.Update();
 }
 
 // "absent" if there is no such record.
 inline QByteArray Read(Recordset& days, const QString& key)
 {
-    days.Seek(QStringLiteral("="), key);
-    return days.NoMatch() ? QByteArray("absent") : days.Fields(QStringLiteral("qmtText")).toByteArray();
+    days.Seek(u"="_s, key);
+    return days.NoMatch() ? QByteArray("absent") : days.Fields(u"qmtText"_s).toByteArray();
 }
 
 // A second program: answers each command line by one line, "0" or an error's number and text.
@@ -54,7 +54,7 @@ public:
     OtherProgram()
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--other")});
+        m_process.start(QCoreApplication::applicationFilePath(), {u"--other"_s});
         m_process.waitForStarted();
     }
     ~OtherProgram()
@@ -72,7 +72,7 @@ public:
     }
     QString Open(const QString& path, bool exclusive)
     {
-        return Do({QStringLiteral("open"), path, exclusive ? QStringLiteral("exclusive") : QStringLiteral("shared")});
+        return Do({u"open"_s, path, exclusive ? u"exclusive"_s : u"shared"_s});
     }
     void Kill()
     {
@@ -83,8 +83,8 @@ public:
     // As the engine's messages name it.
     static QString Name()
     {
-        return QStringLiteral("user '%1' on machine '%2'.")
-            .arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name), QSysInfo::machineHostName());
+        return u"user '%1' on machine '%2'."_s.arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name),
+                                                   QSysInfo::machineHostName());
     }
 
     // What the second program's main does.
@@ -110,14 +110,14 @@ private:
         if (verb == u"open") days = Days(database);
         if (verb == u"delete") DBEngine::DeleteDatabase(words[1]);
         if (verb == u"write") Write(days, words[1], words[2].toUtf8());
-        if (verb == u"seek") days.Seek(QStringLiteral("="), words[1]);
+        if (verb == u"seek") days.Seek(u"="_s, words[1]);
         if (verb == u"edit") days.Edit();
         if (verb == u"cancel") days.CancelUpdate();
         for (int i = 1; verb == u"write for ever"; ++i) {
             // Two records of one transaction must never part.
             WriteTransaction both(database);
-            Write(days, QStringLiteral("a"), QByteArray::number(i) + QByteArray(20000, 'a'));
-            Write(days, QStringLiteral("b"), QByteArray::number(i) + QByteArray(20000, 'b'));
+            Write(days, u"a"_s, QByteArray::number(i) + QByteArray(20000, 'a'));
+            Write(days, u"b"_s, QByteArray::number(i) + QByteArray(20000, 'b'));
             both.Commit();
             out << i << Qt::endl;
         }
@@ -131,7 +131,7 @@ private:
     int main(int count, char** words)                                                                                  \
     {                                                                                                                  \
         QCoreApplication application(count, words);                                                                    \
-        if (application.arguments().contains(QLatin1StringView("--other"))) return OtherProgram::Serve();              \
+        if (application.arguments().contains("--other"_L1)) return OtherProgram::Serve();                              \
         Test test;                                                                                                     \
         return QTest::qExec(&test, count, words);                                                                      \
     }

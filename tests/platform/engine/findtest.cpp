@@ -27,8 +27,8 @@ class FindTest : public QObject
         WriteTransaction writing(m_database);
         for (int i = 0; i < texts.size(); ++i) {
             days.AddNew();
-            days.SetField(QStringLiteral("qmtDate"), QStringLiteral("%1").arg(i, 6, 10, QChar(u'0')));
-            days.SetField(QStringLiteral("qmtText"), texts[i]);
+            days.SetField(u"qmtDate"_s, u"%1"_s.arg(i, 6, 10, QChar(u'0')));
+            days.SetField(u"qmtText"_s, texts[i]);
             days.Update();
         }
         writing.Commit();
@@ -37,10 +37,10 @@ class FindTest : public QObject
     QList<int> Walk(const QString& pattern)
     {
         QList<int> found;
-        Recordset walk = m_database.CreateDynaset(QStringLiteral("QMT Table"));
-        const QString criterion = QStringLiteral("[qmtText] LIKE '%1'").arg(pattern);
+        Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
+        const QString criterion = u"[qmtText] LIKE '%1'"_s.arg(pattern);
         for (walk.FindLast(criterion); !walk.NoMatch(); walk.FindPrevious(criterion))
-            found += walk.Fields(QStringLiteral("qmtDate")).toInt();
+            found += walk.Fields(u"qmtDate"_s).toInt();
         return found;
     }
 
@@ -52,12 +52,12 @@ class FindTest : public QObject
             const QChar sign = pattern[i];
             if (sign == u'[') {
                 const qsizetype end = pattern.indexOf(u']', i);
-                expression += pattern.mid(i, end - i + 1).replace(QStringLiteral("[!"), QStringLiteral("[^"));
+                expression += pattern.mid(i, end - i + 1).replace(u"[!"_s, u"[^"_s);
                 i = end;
             } else {
-                expression += sign == u'*'   ? QStringLiteral(".*")
-                              : sign == u'?' ? QStringLiteral(".")
-                              : sign == u'#' ? QStringLiteral("[0-9]")
+                expression += sign == u'*'   ? u".*"_s
+                              : sign == u'?' ? u"."_s
+                              : sign == u'#' ? u"[0-9]"_s
                                              : QRegularExpression::escape(QString(sign));
             }
         }
@@ -84,7 +84,7 @@ private Q_SLOTS:
     void init()
     {
         QFETCH_GLOBAL(bool, onServer);
-        const QString path = m_folder.filePath(QStringLiteral("%1.mdb").arg(++m_count));
+        const QString path = m_folder.filePath(u"%1.mdb"_s.arg(++m_count));
         m_database = DBEngine::CreateDatabase(path, {});
         m_database.Append(DayTable());
         if (!onServer) return;
@@ -103,27 +103,25 @@ private Q_SLOTS:
         const auto row = [&](const char* name, const QByteArray& text, const QString& word) {
             QTest::newRow(name) << head + text + '}' << word;
         };
-        const QString german = QStringLiteral("FÜR GRÖßE"), french = QStringLiteral("déjÀ Œuvre");
-        const QString greek = QStringLiteral("ΚΑΛΗΜΈΡΑΣ"), japanese = QStringLiteral("日本ソフト");
+        const QString german = u"FÜR GRÖßE"_s, french = u"déjÀ Œuvre"_s;
+        const QString greek = u"ΚΑΛΗΜΈΡΑΣ"_s, japanese = u"日本ソフト"_s;
         row("German, units", "f\\u252?r Gr\\u246?\\u223?e", german);
         row("German, bytes", "f\\'fcr Gr\\'f6\\'dfe", german);
         row("German, raw", "f\xfcr Gr\xf6\xdf\x65", german);
-        row("German, between codes", "\\b f\\u252\\'fcr Gr\\u-10?\\b0\\uc0\\u246\\uc2\\u223 sse!",
-            QStringLiteral("ße!"));
-        row("capital sharp s", "Gr\\'f6\\u7838?e", QStringLiteral("größe"));
+        row("German, between codes", "\\b f\\u252\\'fcr Gr\\u-10?\\b0\\uc0\\u246\\uc2\\u223 sse!", u"ße!"_s);
+        row("capital sharp s", "Gr\\'f6\\u7838?e", u"größe"_s);
         row("French, units", "D\\u233?j\\u224? \\u339?uvre", french);
         row("French, bytes", "d\\'e9j\\'e0 \\'9cuvre", french);
         row("French, Macintosh", "\\mac d\\'8ej\\'88 \\'cfuvre", french);
-        row("French, quotes", "\\lquote a\\rquote\\emdash b\\~c", QStringLiteral("‘A’—B\u00a0C"));
+        row("French, quotes", "\\lquote a\\rquote\\emdash b\\~c", u"‘A’—B\u00a0C"_s);
         row("Greek, units", "\\u954?\\u945?\\u955?\\u951?\\u956?\\u941?\\u961?\\u945?\\u962?", greek);
-        row("Greek, bytes", "\\f1\\'ea\\'e1\\'eb\\'e7\\'ec\\'dd\\'f1\\'e1\\'f2\\f0 caf\\'e9",
-            greek + QStringLiteral("\\F0 cafÉ"));
-        row("Greek, of the symbol font", "{\\f3 \\'61\\'62}\\'e9", QStringLiteral("ΑΒ}É"));
+        row("Greek, bytes", "\\f1\\'ea\\'e1\\'eb\\'e7\\'ec\\'dd\\'f1\\'e1\\'f2\\f0 caf\\'e9", greek + u"\\F0 cafÉ"_s);
+        row("Greek, of the symbol font", "{\\f3 \\'61\\'62}\\'e9", u"ΑΒ}É"_s);
         row("Japanese, units", "\\u26085?\\u26412?\\u12477?\\u12501?\\u12488?", japanese);
         row("Japanese, bytes, broken lines", "\\f2\\'93\\'fa\\'96\r\n\\'7b\\'83\\\\\\'83t\\'83\\'67", japanese);
-        row("beyond the first plane", "\\u-10179?\\u-8704?", QStringLiteral("\U0001F600"));
+        row("beyond the first plane", "\\u-10179?\\u-8704?", u"\U0001F600"_s);
         QTest::newRow("plain text") << QByteArray("Καλημέρας") << greek;
-        QTest::newRow("plain text, old bytes") << QByteArray("gr\xf6\xdf\x65") << QStringLiteral("GRÖßE");
+        QTest::newRow("plain text, old bytes") << QByteArray("gr\xf6\xdf\x65") << u"GRÖßE"_s;
     }
 
     void WordsAreFoundAsTheyAreTyped()
@@ -137,25 +135,24 @@ private Q_SLOTS:
     void CodesAreTextLikeAnyOther()
     {
         Fill({"{\\rtf1\\b bold}", "{\\rtf1\\pard x\\par}", "{\\rtf1 p\xc3\xa4r}"});
-        QCOMPARE(Walk(QStringLiteral("*\\b bold*")), QList<int>{0});
-        QCOMPARE(Walk(QStringLiteral("*par*")), QList<int>{1});
+        QCOMPARE(Walk(u"*\\b bold*"_s), QList<int>{0});
+        QCOMPARE(Walk(u"*par*"_s), QList<int>{1});
     }
 
     // The rules of folding: one character for one, and never ASCII for another.
     void PlacesStayWhenCaseIsFolded()
     {
-        const QString text = QStringLiteral("aBÇ ẞß Σσς İı \u212A \U00010400");
+        const QString text = u"aBÇ ẞß Σσς İı \u212A \U00010400"_s;
         const QString folded = FoldedCase(text);
-        QCOMPARE(folded, QStringLiteral("abç ßß σσσ İı \u212A \U00010428"));
+        QCOMPARE(folded, u"abç ßß σσσ İı \u212A \U00010428"_s);
         QCOMPARE(folded.size(), text.size());
     }
 
     void SearchesFindWhatAPlainScanFinds()
     {
         QRandomGenerator random(7);
-        const QStringList words = {QStringLiteral("milk"),  QStringLiteral("Zahnärztin"), QStringLiteral("ÉTÉ"),
-                                   QStringLiteral("Été42"), QStringLiteral("日本"),       QStringLiteral("MILKY"),
-                                   QStringLiteral("7 pm"),  QStringLiteral("Ωmega")};
+        const QStringList words = {u"milk"_s, u"Zahnärztin"_s, u"ÉTÉ"_s,  u"Été42"_s,
+                                   u"日本"_s, u"MILKY"_s,      u"7 pm"_s, u"Ωmega"_s};
         QStringList texts;
         QByteArrayList stored;
         for (int i = 0; i < 300; ++i) {
@@ -167,12 +164,10 @@ private Q_SLOTS:
         }
         Fill(stored);
         const QStringList pieces =
-            words + QStringList{QStringLiteral("*"),     QStringLiteral("?"),       QStringLiteral("#"),
-                                QStringLiteral("[a-m]"), QStringLiteral("[!ä-é ]"), QStringLiteral("k"),
-                                QStringLiteral("é")};
+            words + QStringList{u"*"_s, u"?"_s, u"#"_s, u"[a-m]"_s, u"[!ä-é ]"_s, u"k"_s, u"é"_s};
         int hits = 0;
         for (int i = 0; i < 150; ++i) {
-            QString pattern = QStringLiteral("*");
+            QString pattern = u"*"_s;
             for (int count = random.bounded(3); count >= 0; --count)
                 pattern += OneOf(random, pieces);
             pattern += u'*';
@@ -186,21 +181,21 @@ private Q_SLOTS:
     void AWalkSeesWhatHasChangedAheadOfIt()
     {
         Fill({"word 1", "word 2", "word 3"});
-        const QString criterion = QStringLiteral("[qmtText] LIKE '*word*'");
-        Recordset walk = m_database.CreateDynaset(QStringLiteral("QMT Table"));
+        const QString criterion = u"[qmtText] LIKE '*word*'"_s;
+        Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
         walk.FindLast(criterion);
-        QCOMPARE(walk.Fields(QStringLiteral("qmtDate")).toInt(), 0);
+        QCOMPARE(walk.Fields(u"qmtDate"_s).toInt(), 0);
         Recordset days = Days(m_database);
-        days.Seek(QStringLiteral("="), QStringLiteral("000000"));
+        days.Seek(u"="_s, u"000000"_s);
         days.Delete();
-        Write(days, QStringLiteral("000001"), "changed");
+        Write(days, u"000001"_s, "changed");
         walk.FindPrevious(criterion);
-        QCOMPARE(walk.Fields(QStringLiteral("qmtDate")).toInt(), 2);
+        QCOMPARE(walk.Fields(u"qmtDate"_s).toInt(), 2);
         walk.FindPrevious(criterion);
         QVERIFY(walk.NoMatch());
         walk.MoveLast(); // the one before which the next search begins
-        walk.FindPrevious(QStringLiteral("[qmtText] LIKE '*'"));
-        QCOMPARE(walk.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("word 3"));
+        walk.FindPrevious(u"[qmtText] LIKE '*'"_s);
+        QCOMPARE(walk.Fields(u"qmtText"_s).toByteArray(), QByteArray("word 3"));
     }
 };
 

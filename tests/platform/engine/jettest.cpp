@@ -80,11 +80,11 @@ class JetTest : public QObject
             },
             text);
     }
-    QStringList Planners() const { return QDir(m_folder->path()).entryList({QStringLiteral("*.mdb*")}, QDir::Files); }
+    QStringList Planners() const { return QDir(m_folder->path()).entryList({u"*.mdb*"_s}, QDir::Files); }
     QList<QByteArrayList> Notes() const { return Ask(m_path, "SELECT qmtDate, qmtText FROM \"QMT Table\" ORDER BY 1"); }
     void UseReader(const QByteArray& script) const
     {
-        const QString reader = m_folder->filePath(QStringLiteral("shipped/orrelin-readjet"));
+        const QString reader = m_folder->filePath(u"shipped/orrelin-readjet"_s);
         QFile::remove(reader);
         if (script.isEmpty()) {
             QFile::link(QStringLiteral(READER), reader);
@@ -99,10 +99,10 @@ private Q_SLOTS:
     void init()
     {
         m_folder.emplace();
-        m_path = m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.mdb")); // any name at all
-        m_kept = m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.old.mdb"));
-        m_dummy = m_folder->filePath(QStringLiteral("dummy.mdb"));
-        QDir(m_folder->path()).mkdir(QStringLiteral("shipped"));
+        m_path = m_folder->filePath(u"-old 'pl\u00e4n\n%s.mdb"_s); // any name at all
+        m_kept = m_folder->filePath(u"-old 'pl\u00e4n\n%s.old.mdb"_s);
+        m_dummy = m_folder->filePath(u"dummy.mdb"_s);
+        QDir(m_folder->path()).mkdir(u"shipped"_s);
         folders::SetRootForTests(m_folder->path());
         UseReader({});
         m_sample = Content(QStringLiteral(SAMPLE));
@@ -114,7 +114,7 @@ private Q_SLOTS:
     {
         QString text;
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }, &text), NotSupported);
-        QVERIFY2(text.contains(QLatin1StringView("Compact")), qPrintable(text));
+        QVERIFY2(text.contains("Compact"_L1), qPrintable(text));
         QCOMPARE(Convert(&text), 0);
         QCOMPARE(Content(m_kept), m_sample);
         const QByteArray dots(1005, '.');
@@ -148,10 +148,10 @@ private Q_SLOTS:
             events);
         Database planner = DBEngine::OpenDatabase(m_path);
         Recordset days = schema::OpenNotes(planner);
-        QVERIFY(days.Fields(QStringLiteral("qmtFontSize")).isNull());
-        QCOMPARE(days.Fields(QStringLiteral("qmtFontBold")), QVariant(false));
-        Write(days, QStringLiteral("2005/1/1"), "new");
-        QCOMPARE(Read(days, QStringLiteral("2005/1/1")), QByteArray("new"));
+        QVERIFY(days.Fields(u"qmtFontSize"_s).isNull());
+        QCOMPARE(days.Fields(u"qmtFontBold"_s), QVariant(false));
+        Write(days, u"2005/1/1"_s, "new");
+        QCOMPARE(Read(days, u"2005/1/1"_s), QByteArray("new"));
     }
 
     void NotesOfTheThirdVersionComeInTheirCodePage()
@@ -175,7 +175,7 @@ private Q_SLOTS:
         Database planner = DBEngine::OpenDatabase(m_path);
         QCOMPARE(planner.TableNames(), QStringList(schema::Notes));
         QCOMPARE(Content(m_kept), QByteArray("mine"));
-        QCOMPARE(Content(m_folder->filePath(QStringLiteral("-old 'pl\u00e4n\n%s.old2.mdb"))), old);
+        QCOMPARE(Content(m_folder->filePath(u"-old 'pl\u00e4n\n%s.old2.mdb"_s)), old);
     }
 
     void ARowOlderThanItsLastColumnsLacksThem()
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QTest::newRow("bytes of rich text") << Wide(u"Leap day"_s) << Wide(u"L\u20acap d\u00e9y"_s)
                                             << RichText("L\x80"
                                                         "ap d\xE9y \\b meeting\\b0  at 9:00");
-        const QString plain = QStringLiteral("Plain text note, not RTF.\r\nSecond line.");
+        const QString plain = u"Plain text note, not RTF.\r\nSecond line."_s;
         QByteArray shortened = QByteArray("\xFF\xFE"
                                           "caf\xE9 \0\x7E\x01\0 and ",
                                           16);
@@ -241,7 +241,7 @@ private Q_SLOTS:
         SetContent(m_path, withKey(key + 1));
         QString text;
         QCOMPARE(Convert(&text), NotADatabase);
-        QVERIFY2(text.contains(QLatin1StringView("encoded")), qPrintable(text));
+        QVERIFY2(text.contains("encoded"_L1), qPrintable(text));
         SetContent(m_path, withKey(key));
         QCOMPARE(Convert(), 0);
         QCOMPARE(Notes().size(), 6);
@@ -255,24 +255,24 @@ private Q_SLOTS:
         QByteArray locked = sample, locked3 = Jet3Planner(10), version = sample;
         locked[0x42] = static_cast<char>(locked[0x42] ^ 'p');
         locked3[0x42] = static_cast<char>(locked3[0x42] ^ 'p');
-        QTest::newRow("password") << locked << QStringLiteral("password");
-        QTest::newRow("password, third version") << locked3 << QStringLiteral("password");
+        QTest::newRow("password") << locked << u"password"_s;
+        QTest::newRow("password, third version") << locked3 << u"password"_s;
         version[0x14] = 9;
-        QTest::newRow("unknown version") << version << QStringLiteral("version");
+        QTest::newRow("unknown version") << version << u"version"_s;
         Jet3File other(1252);
         other.AddTable("Customers", {{"Name", jetstream::Text}}, {{"Ann"}});
-        QTest::newRow("no planner") << other.Bytes() << QStringLiteral("no planner");
+        QTest::newRow("no planner") << other.Bytes() << u"no planner"_s;
         Jet3File keyless(1252);
         keyless.AddTable("QMT Table", {{"qmtText", jetstream::Memo}}, {{"note"}});
-        QTest::newRow("no days") << keyless.Bytes() << QStringLiteral("qmtDate");
+        QTest::newRow("no days") << keyless.Bytes() << u"qmtDate"_s;
         Jet3File twice(1252);
         twice.AddTable("QMT Table", {{"qmtDate", jetstream::Text}}, {{"1997/1/1"}, {"1997/1/1"}});
-        QTest::newRow("a day twice") << twice.Bytes() << QStringLiteral("damaged");
+        QTest::newRow("a day twice") << twice.Bytes() << u"damaged"_s;
         QTest::newRow("head alone") << sample.first(64) << QString();
         for (const auto& [page, byte] : {std::pair(43, 56), std::pair(44, 15)}) {
             QByteArray flipped = sample;
             flipped[4096 * page + byte] = static_cast<char>(flipped[4096 * page + byte] ^ 0x10);
-            QTest::addRow("bit of page %d", page) << flipped << QStringLiteral("damaged");
+            QTest::addRow("bit of page %d", page) << flipped << u"damaged"_s;
         }
     }
 
@@ -295,7 +295,7 @@ private Q_SLOTS:
         QVERIFY(others.TryLock(userByte, ByteLocks::Exclusive));
         QString text;
         QCOMPARE(Convert(&text), InUse);
-        QVERIFY2(text.contains(QLatin1StringView("older engine")), qPrintable(text));
+        QVERIFY2(text.contains("older engine"_L1), qPrintable(text));
         QCOMPARE(Content(m_path), m_sample);
         others.Unlock(userByte);
         QCOMPARE(Convert(), 0);
@@ -377,7 +377,7 @@ private Q_SLOTS:
         QFETCH(int, pageSize);
         SetContent(m_path, whole);
         const QStringList rows = RowsOf(m_path);
-        QCOMPARE(rows.filter(QStringLiteral("Table")).size(), 3);
+        QCOMPARE(rows.filter(u"Table"_s).size(), 3);
         int refused = 0;
         for (qsizetype at = pageSize; at < whole.size(); at += pageSize) {
             const auto filled = [&](char byte) {
@@ -388,8 +388,8 @@ private Q_SLOTS:
                 QString text;
                 QStringList found;
                 const bool isRead = ErrorOf([&] { found = RowsOf(m_path); }, &text) == 0;
-                QVERIFY2(isRead ? found == rows : text.contains(QLatin1StringView("damaged")),
-                         qPrintable(QStringLiteral("page %1: %2").arg(at / pageSize).arg(text)));
+                QVERIFY2(isRead ? found == rows : text.contains("damaged"_L1),
+                         qPrintable(u"page %1: %2"_s.arg(at / pageSize).arg(text)));
                 refused += !isRead;
             }
         }

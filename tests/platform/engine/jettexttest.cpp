@@ -34,7 +34,7 @@ private Q_SLOTS:
         QTest::newRow("not of the page") << 932 << QByteArray("\x93\xFA\x96\x20") << Missing;
         QTest::newRow("half a Japanese letter") << 932 << QByteArray("\x93\xFA\x96") << Missing;
         QTest::newRow("rich text of bytes") << 1250 << rich << rich;
-        QTest::newRow("pairs") << 0 << Wide(QStringLiteral("žluť 😀")) << QByteArray("žluť 😀");
+        QTest::newRow("pairs") << 0 << Wide(u"žluť 😀"_s) << QByteArray("žluť 😀");
         QTest::newRow("shortened") << 0
                                    << QByteArray("\xFF\xFE"
                                                  "caf\xE9\0\x7E\x01\0z",
@@ -43,7 +43,7 @@ private Q_SLOTS:
         QTest::newRow("nothing") << 0 << QByteArray("") << QByteArray("");
         QTest::newRow("nothing, shortened") << 0 << QByteArray("\xFF\xFE") << QByteArray("");
         // The control's bytes had been taken for Western ones; what that page lacks is told in the text's own way.
-        QTest::newRow("rich text of pairs") << 0 << Wide(QStringLiteral("{\\rtf1\\ansi Ïð\\'e8 \u0081 end}")) << rich;
+        QTest::newRow("rich text of pairs") << 0 << Wide(u"{\\rtf1\\ansi Ïð\\'e8 \u0081 end}"_s) << rich;
         QTest::newRow("rich text beyond the page")
             << 0 << Wide(u"{\\rtf1 é日😀}"_s) << QByteArray("{\\rtf1 \xE9\\u26085?\\u-10179?\\u-8704?}");
         QTest::newRow("half a pair") << 0 << QByteArray("abc") << Missing;
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QTest::newRow("no date") << int(Date) << LittleEndian(1e300) << int(dbDate) << QVariant();
         QTest::newRow("not a number") << int(Date) << LittleEndian(qQNaN()) << int(dbDate) << QVariant();
         QTest::newRow("half a number") << int(Long) << LittleEndian<qint16>(1) << int(dbLong) << QVariant();
-        QTest::newRow("text") << int(Text) << QByteArray("12345") << int(dbText) << QVariant(QStringLiteral("12345"));
+        QTest::newRow("text") << int(Text) << QByteArray("12345") << int(dbText) << QVariant(u"12345"_s);
         QTest::newRow("too long") << int(Text) << QByteArray("123456") << int(dbText) << QVariant();
         QTest::newRow("words for a number") << int(Text) << QByteArray("many") << int(dbLong) << QVariant();
         QTest::newRow("text for a memo") << int(Text) << QByteArray("\xE9") << int(dbMemo) << QVariant(QByteArray("é"));

@@ -24,16 +24,16 @@ class MovingTest : public QObject
     QStringList TablesOnServer() const
     {
         return TestServer::Get().Ask(
-            QStringLiteral("SELECT tablename FROM pg_tables WHERE schemaname = 'orrelin_%1'").arg(m_planner));
+            u"SELECT tablename FROM pg_tables WHERE schemaname = 'orrelin_%1'"_s.arg(m_planner));
     }
 
 private Q_SLOTS:
     void init()
     {
         m_folder.emplace();
-        m_path = m_folder->filePath(QStringLiteral("notes.mdb"));
-        m_back = m_folder->filePath(QStringLiteral("back.mdb"));
-        m_planner = QStringLiteral("moved%1").arg(++m_count);
+        m_path = m_folder->filePath(u"notes.mdb"_s);
+        m_back = m_folder->filePath(u"back.mdb"_s);
+        m_planner = u"moved%1"_s.arg(++m_count);
         m_uri = TestServer::Get().Uri(m_planner);
         MakeFullPlanner(m_path);
     }
@@ -42,10 +42,9 @@ private Q_SLOTS:
     {
         const Notes notes = NotesIn(m_path);
         DBEngine::MoveToServer(m_path, m_uri);
-        QVERIFY(NotesIn(m_folder->filePath(QStringLiteral("notes.bak"))) == notes);
+        QVERIFY(NotesIn(m_folder->filePath(u"notes.bak"_s)) == notes);
         QCOMPARE(Content(m_path), "Orrelin planner link 1\n" + m_uri.toUtf8() + '\n');
-        QCOMPARE(Files(),
-                 QStringList({QStringLiteral("notes.bak"), QStringLiteral("notes.ldb"), QStringLiteral("notes.mdb")}));
+        QCOMPARE(Files(), QStringList({u"notes.bak"_s, u"notes.ldb"_s, u"notes.mdb"_s}));
         {
             Database database = DBEngine::OpenDatabase(m_path); // others may go on
             database.SaveToFile(m_back);
@@ -59,10 +58,10 @@ private Q_SLOTS:
         }
         QVERIFY(NotesIn(m_back) == notes);
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_back); }), 0);
-        QVERIFY(!Files().contains(QLatin1StringView("back.mdb.new")));
+        QVERIFY(!Files().contains("back.mdb.new"_L1));
         // The order of records that have no key in the index is that of their insertion.
         const QByteArray rows = "SELECT qmtDate FROM \"QMT Table\" ORDER BY \"record id\"";
-        QCOMPARE(Ask(m_back, rows), Ask(m_folder->filePath(QStringLiteral("notes.bak")), rows));
+        QCOMPARE(Ask(m_back, rows), Ask(m_folder->filePath(u"notes.bak"_s), rows));
         for (const auto& step : {std::function([&] { DBEngine::CompactDatabase(m_path, m_back + u'2'); }),
                                  std::function([&] { DBEngine::RepairDatabase(m_path); }),
                                  std::function([&] { const DBEngine::AloneWith alone(m_path); }),
@@ -91,17 +90,17 @@ private Q_SLOTS:
         TestServer& server = TestServer::Get();
         OtherProgram other;
         if (hindrance == u"open") other.Open(m_path, false);
-        if (hindrance == u"password") m_uri.replace(QLatin1StringView("ann@"), QLatin1StringView("ann:word@"));
-        if (hindrance == u"long") m_uri += QLatin1StringView("&sslrootcert=/") + QString(250, QChar(0x20AC));
+        if (hindrance == u"password") m_uri.replace("ann@"_L1, "ann:word@"_L1);
+        if (hindrance == u"long") m_uri += "&sslrootcert=/"_L1 + QString(250, QChar(0x20AC));
         if (hindrance == u"there") {
-            const QString first = m_folder->filePath(QStringLiteral("first.mdb"));
+            const QString first = m_folder->filePath(u"first.mdb"_s);
             DBEngine::CreateDatabase(first, {}).Close();
             DBEngine::MoveToServer(first, m_uri);
         }
         if (hindrance == u"no server") m_uri = server.TcpUri(m_planner, 1);
         if (hindrance == u"no permission") {
-            server.Ask(QStringLiteral("CREATE ROLE visitor LOGIN"));
-            m_uri.replace(QLatin1StringView("ann@"), QLatin1StringView("visitor@"));
+            server.Ask(u"CREATE ROLE visitor LOGIN"_s);
+            m_uri.replace("ann@"_L1, "visitor@"_L1);
         }
         if (hindrance == u"zero")
             Ask(m_path, "UPDATE \"QMT Table\" SET qmtDate = 'a' || char(0) || 'b' WHERE \"record id\" = 300");
@@ -127,7 +126,7 @@ private Q_SLOTS:
         const QByteArray content = Content(m_path);
         int change = 1;
         const auto move = [&] {
-            m_uri = TestServer::Get().Uri(QStringLiteral("killed%1").arg(change));
+            m_uri = TestServer::Get().Uri(u"killed%1"_s.arg(change));
             return KilledBeforeChange(change, [this] { DBEngine::MoveToServer(m_path, m_uri); });
         };
         for (; move(); ++change) {

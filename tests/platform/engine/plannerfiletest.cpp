@@ -65,7 +65,7 @@ class PlannerFileTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_key = QStringLiteral("1999/3/7");
+    const QString m_key = u"1999/3/7"_s;
     std::optional<QTemporaryDir> m_folder;
     QString m_path;
 
@@ -76,7 +76,7 @@ class PlannerFileTest : public QObject
         Recordset days = Days(database);
         WriteTransaction month(database);
         for (int day = 1; day <= 31; ++day)
-            Write(days, QStringLiteral("1999/3/%1").arg(day), QByteArray(6000, 'x'));
+            Write(days, u"1999/3/%1"_s.arg(day), QByteArray(6000, 'x'));
         month.Commit();
     }
 
@@ -84,7 +84,7 @@ private Q_SLOTS:
     void init()
     {
         m_folder.emplace();
-        m_path = m_folder->filePath(QStringLiteral("notes.mdb"));
+        m_path = m_folder->filePath(u"notes.mdb"_s);
         MakePlanner(m_path);
     }
 
@@ -116,26 +116,25 @@ private Q_SLOTS:
         if (size >= 0) content.truncate(size);
         content.replace(at, bytes.size(), bytes);
         SetContent(m_path, content);
-        QVERIFY(QFile::remove(m_path.chopped(4) + QLatin1StringView(".ldb")));
+        QVERIFY(QFile::remove(m_path.chopped(4) + ".ldb"_L1));
         for (const bool exclusive : {false, true}) {
             QString text;
             QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, exclusive); }, &text), NotADatabase);
             QVERIFY2(text.contains(part), qPrintable(text));
         }
         QVERIFY(Content(m_path) == content);
-        QVERIFY(!QFile::exists(m_path.chopped(4) + QLatin1StringView(".ldb"))); // nor litter beside it
+        QVERIFY(!QFile::exists(m_path.chopped(4) + ".ldb"_L1)); // nor litter beside it
     }
 
     void PathsThatCannotBeUsed()
     {
         const QString folder = m_folder->path();
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(folder); }), NotADatabase);
-        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(folder + QLatin1StringView("/gone.mdb")); }), FileNotFound);
-        QVERIFY(!QFile::exists(folder + QLatin1StringView("/gone.mdb")));
-        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path + QLatin1StringView("/a.mdb")); }), FileNotFound);
-        QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(folder + QLatin1StringView("/gone.mdb")); }), FileNotFound);
-        QCOMPARE(ErrorOf([&] { DBEngine::CreateDatabase(folder + QLatin1StringView("/gone/a.mdb"), {}); }),
-                 InvalidPath);
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(folder + "/gone.mdb"_L1); }), FileNotFound);
+        QVERIFY(!QFile::exists(folder + "/gone.mdb"_L1));
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path + "/a.mdb"_L1); }), FileNotFound);
+        QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(folder + "/gone.mdb"_L1); }), FileNotFound);
+        QCOMPARE(ErrorOf([&] { DBEngine::CreateDatabase(folder + "/gone/a.mdb"_L1, {}); }), InvalidPath);
         const QByteArray before = Content(m_path);
         QCOMPARE(ErrorOf([&] { DBEngine::CreateDatabase(m_path, {}); }), FileExists);
         QVERIFY(Content(m_path) == before);
@@ -148,72 +147,72 @@ private Q_SLOTS:
             QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), ::geteuid() == 0 ? ReadOnlyFile : 0);
             QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), ReadOnlyFile);
         }
-        QVERIFY(QFile::remove(m_path + QLatin1StringView("-journal")));
+        QVERIFY(QFile::remove(m_path + "-journal"_L1));
         const ReadOnlyFolder readOnly(m_folder->path());
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), ReadOnlyFile);
     }
 
     void AFullDiskKeepsWhatWasSaved()
     {
-        const QString folder = m_folder->filePath(QStringLiteral("little"));
+        const QString folder = m_folder->filePath(u"little"_s);
         QVERIFY(QDir().mkdir(folder));
         const LittleRoom room(folder);
-        const QString path = folder + QLatin1StringView("/a.mdb");
+        const QString path = folder + "/a.mdb"_L1;
         Database database = DBEngine::CreateDatabase(path, {});
         database.Append(DayTable());
         Recordset days = Days(database);
         Write(days, m_key, "small");
         QCOMPARE(ErrorOf([&] { Write(days, m_key, QByteArray(500000, 'x')); }), room.Error());
-        QCOMPARE(days.Fields(QStringLiteral("qmtText")).toByteArray().size(), 500000); // the typing is still there
+        QCOMPARE(days.Fields(u"qmtText"_s).toByteArray().size(), 500000); // the typing is still there
         QCOMPARE(Read(days, m_key), QByteArray("small"));
         {
             WriteTransaction group(database);
-            Write(days, QStringLiteral("first"), "undone with the rest");
+            Write(days, u"first"_s, "undone with the rest");
             const int error = ErrorOf([&] {
-                Write(days, QStringLiteral("second"), QByteArray(300000, 'x'));
-                Write(days, QStringLiteral("third"), "too late");
+                Write(days, u"second"_s, QByteArray(300000, 'x'));
+                Write(days, u"third"_s, "too late");
                 group.Commit();
             });
             QCOMPARE(error, room.Error());
         }
-        Write(days, QStringLiteral("1999/3/8"), "goes on");
+        Write(days, u"1999/3/8"_s, "goes on");
         database = DBEngine::OpenDatabase(path);
         days = Days(database);
-        QCOMPARE(Read(days, QStringLiteral("1999/3/8")), QByteArray("goes on"));
-        QCOMPARE(Read(days, QStringLiteral("first")), QByteArray("absent"));
+        QCOMPARE(Read(days, u"1999/3/8"_s), QByteArray("goes on"));
+        QCOMPARE(Read(days, u"first"_s), QByteArray("absent"));
     }
 
     void AGroupThatWasGivenUpSaysSoAtItsCommit()
     {
-        const QString folder = m_folder->filePath(QStringLiteral("little"));
+        const QString folder = m_folder->filePath(u"little"_s);
         QVERIFY(QDir().mkdir(folder));
         const LittleRoom room(folder);
-        Database database = DBEngine::CreateDatabase(folder + QLatin1StringView("/a.mdb"), {});
+        Database database = DBEngine::CreateDatabase(folder + "/a.mdb"_L1, {});
         database.Append(DayTable());
         Recordset days = Days(database);
         WriteTransaction group(database);
         Write(days, m_key, "kept or told to be lost");
         // More than the cache holds, so that the disk is full before the end.
-        ErrorOf([&] { Write(days, QStringLiteral("second"), QByteArray(9000000, 'x')); });
-        const int later = ErrorOf([&] { Write(days, QStringLiteral("third"), "small"); });
+        ErrorOf([&] { Write(days, u"second"_s, QByteArray(9000000, 'x')); });
+        const int later = ErrorOf([&] { Write(days, u"third"_s, "small"); });
         const int commit = ErrorOf([&] { group.Commit(); });
         const bool kept = Read(days, m_key) != "absent";
         QCOMPARE(kept, commit == 0);
-        QCOMPARE(Read(days, QStringLiteral("third")) != "absent", later == 0 && commit == 0);
+        QCOMPARE(Read(days, u"third"_s) != "absent", later == 0 && commit == 0);
     }
 
     void ALabelThatNobodyHoldsNamesNobody()
     {
         OtherProgram other;
         other.Open(m_path, true);
-        QFile table(m_path.chopped(4) + QLatin1StringView(".ldb"));
+        QFile table(m_path.chopped(4) + ".ldb"_L1);
         QVERIFY(table.open(QIODevice::ReadWrite));
         QVERIFY(table.size() > 0);
         table.write(QByteArray(static_cast<int>(table.size()), '\0'));
         table.close();
         QString text;
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }, &text), InUse);
-        QVERIFY2(text.endsWith(QLatin1StringView("already in use by another user.")), qPrintable(text));
+        QVERIFY2(text.endsWith("already in use by another user."_L1), qPrintable(text));
     }
 
     void DamageFoundOnTheWayIsTold()
@@ -225,7 +224,7 @@ private Q_SLOTS:
         Recordset days = Days(database);
         int damaged = 0;
         for (int day = 1; day <= 31; ++day) {
-            const int error = ErrorOf([&] { Read(days, QStringLiteral("1999/3/%1").arg(day)); });
+            const int error = ErrorOf([&] { Read(days, u"1999/3/%1"_s.arg(day)); });
             QVERIFY2(error == 0 || error == NotADatabase, qPrintable(QString::number(error)));
             if (error != 0) ++damaged;
             // A record that could not be read is not taken for the one before it.
@@ -241,7 +240,7 @@ private Q_SLOTS:
         m_folder->remove();
         QCOMPARE(ErrorOf([&] { Write(days, m_key, "x"); }), InputOutput);
         m_folder.emplace();
-        MakePlanner(m_folder->filePath(QStringLiteral("notes.mdb"))); // another file under the old name stays apart
+        MakePlanner(m_folder->filePath(u"notes.mdb"_s)); // another file under the old name stays apart
     }
 
     void ACommitThatCannotGetThroughIsTold()
@@ -252,14 +251,14 @@ private Q_SLOTS:
         sqlite3_open(QFile::encodeName(m_path), &reader);
         const auto close = qScopeGuard([&] { sqlite3_close(reader); });
         sqlite3_exec(reader, "BEGIN; SELECT * FROM \"QMT Table\"", nullptr, nullptr, nullptr);
-        days.Seek(QStringLiteral("="), m_key);
+        days.Seek(u"="_s, m_key);
         days.Edit();
-        days.SetField(QStringLiteral("qmtText"), QByteArray("typed"));
+        days.SetField(u"qmtText"_s, QByteArray("typed"));
         QCOMPARE(ErrorOf([&] { days.Update(); }), CouldNotSave);
         sqlite3_exec(reader, "COMMIT; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
         QCOMPARE(ErrorOf([&] { WriteTransaction group(database); }), CouldNotSave);
         Recordset second;
-        QCOMPARE(ErrorOf([&] { second = database.OpenTable(QStringLiteral("QMT Table")); }), Busy);
+        QCOMPARE(ErrorOf([&] { second = database.OpenTable(u"QMT Table"_s); }), Busy);
         sqlite3_exec(reader, "COMMIT", nullptr, nullptr, nullptr);
         days.Update(); // the same typing, once the way is free
         QCOMPARE(Read(days, m_key), QByteArray("typed"));

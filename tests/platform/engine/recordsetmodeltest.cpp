@@ -13,8 +13,8 @@
 namespace {
 using namespace engineerrors;
 
-const QString keyField = QStringLiteral("Alarm Date");
-const QString noteField = QStringLiteral("Alarm Note");
+const QString keyField = u"Alarm Date"_s;
+const QString noteField = u"Alarm Note"_s;
 
 struct ModelRow
 {
@@ -170,13 +170,13 @@ class RecordsetModelTest : public QObject
     QVariant AnyKey()
     {
         const int number = static_cast<int>(m_random.bounded(6));
-        return number == 0 ? QVariant() : QVariant(QStringLiteral("1999/1/%1").arg(number));
+        return number == 0 ? QVariant() : QVariant(u"1999/1/%1"_s.arg(number));
     }
 
     std::pair<int, int> Seek()
     {
         const QVariant key = AnyKey();
-        return {ErrorOf([&] { m_real.Seek(QStringLiteral("="), key); }), m_model.Seek(key)};
+        return {ErrorOf([&] { m_real.Seek(u"="_s, key); }), m_model.Seek(key)};
     }
     std::pair<int, int> Set()
     {
@@ -252,24 +252,24 @@ private Q_SLOTS:
         QFETCH_GLOBAL(bool, onServer);
         m_random.seed(seed);
         m_model = {};
-        const QString path = m_folder.filePath(
-            QStringLiteral("%1 %2.mdb").arg(QLatin1StringView(onServer ? "server" : "file")).arg(seed));
+        const QString path =
+            m_folder.filePath(u"%1 %2.mdb"_s.arg(QLatin1StringView(onServer ? "server" : "file")).arg(seed));
         m_database = DBEngine::CreateDatabase(path, {});
         if (onServer) {
             m_database.Close();
             TestServer::Get().Take(path);
             m_database = DBEngine::OpenDatabase(path);
         }
-        m_database.Append({QStringLiteral("Alarm Table"),
+        m_database.Append({u"Alarm Table"_s,
                            {{keyField, dbText, 15}, {noteField, dbMemo}},
-                           {{QStringLiteral("AlarmKey"), QStringLiteral("-Alarm Date"), false}}});
-        m_real = m_database.OpenTable(QStringLiteral("Alarm Table"));
-        m_real.SetIndex(QStringLiteral("AlarmKey"));
+                           {{u"AlarmKey"_s, u"-Alarm Date"_s, false}}});
+        m_real = m_database.OpenTable(u"Alarm Table"_s);
+        m_real.SetIndex(u"AlarmKey"_s);
         for (int call = 0; call < 400; ++call) {
             const auto [real, model] = Act();
-            QVERIFY2(real == model, qPrintable(QStringLiteral("call %1: %2, not %3").arg(call).arg(real).arg(model)));
+            QVERIFY2(real == model, qPrintable(u"call %1: %2, not %3"_s.arg(call).arg(real).arg(model)));
             Compare();
-            if (QTest::currentTestFailed()) QFAIL(qPrintable(QStringLiteral("after call %1").arg(call)));
+            if (QTest::currentTestFailed()) QFAIL(qPrintable(u"after call %1"_s.arg(call)));
         }
     }
 };

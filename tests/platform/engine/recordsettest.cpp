@@ -20,7 +20,7 @@ class RecordsetTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_key = QStringLiteral("1999/3/7");
+    const QString m_key = u"1999/3/7"_s;
     QTemporaryDir m_folder;
     QString m_path;
     Database m_database;
@@ -38,7 +38,7 @@ private Q_SLOTS:
 
     void init()
     {
-        m_path = m_folder.filePath(QStringLiteral("%1.mdb").arg(++m_count));
+        m_path = m_folder.filePath(u"%1.mdb"_s.arg(++m_count));
         m_days = Recordset();
         m_database = DBEngine::CreateDatabase(m_path, {});
         m_database.Append(DayTable());
@@ -54,16 +54,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("field");
         QTest::addColumn<QVariant>("value");
-        const QString memo = QStringLiteral("qmtText");
+        const QString memo = u"qmtText"_s;
         QTest::newRow("NUL") << memo << QVariant(QByteArray("a\0b\xff\xc3", 5));
         QTest::newRow("number") << memo << QVariant(QByteArray("0012.50"));
         QTest::newRow("exponent") << memo << QVariant(QByteArray(" 1e3 "));
         QTest::newRow("empty") << memo << QVariant(QByteArray(""));
         QTest::newRow("long") << memo << QVariant(QByteArray(3000000, 'x'));
-        QTest::newRow("text") << QStringLiteral("qmtDate") << QVariant(QStringLiteral("é\"'; 日本"));
-        QTest::newRow("single") << QStringLiteral("QMTFONTSIZE") << QVariant(8.25f);
-        QTest::newRow("boolean") << QStringLiteral("qmtFontBold") << QVariant(true);
-        QTest::newRow("long number") << QStringLiteral("qmtFontColor") << QVariant(INT_MIN);
+        QTest::newRow("text") << u"qmtDate"_s << QVariant(u"é\"'; 日本"_s);
+        QTest::newRow("single") << u"QMTFONTSIZE"_s << QVariant(8.25f);
+        QTest::newRow("boolean") << u"qmtFontBold"_s << QVariant(true);
+        QTest::newRow("long number") << u"qmtFontColor"_s << QVariant(INT_MIN);
         QTest::newRow("date") << u"Database Date"_s << QVariant(QDateTime(QDate(1999, 3, 7), QTime(13, 5, 6, 7)));
         QTest::newRow("null") << memo << QVariant();
     }
@@ -85,61 +85,59 @@ private Q_SLOTS:
 
     void FieldsRefuseWhatTheyCannotHold()
     {
-        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("qmtDate"), m_key); }), NoUpdatePending);
+        QCOMPARE(ErrorOf([&] { m_days.SetField(u"qmtDate"_s, m_key); }), NoUpdatePending);
         m_days.AddNew();
-        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("qmtDate"), QString(16, u'9')); }), FieldTooSmall);
-        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("qmtFontColor"), QStringLiteral("red")); }),
-                 TypeMismatch);
-        QCOMPARE(ErrorOf([&] { m_days.SetField(QStringLiteral("nothing"), 1); }), ItemNotFound);
-        m_days.SetField(QStringLiteral("qmtFontSize"), std::nanf(""));
-        m_days.SetField(QStringLiteral("qmtDate"), QString(QChar(0xd800)));
+        QCOMPARE(ErrorOf([&] { m_days.SetField(u"qmtDate"_s, QString(16, u'9')); }), FieldTooSmall);
+        QCOMPARE(ErrorOf([&] { m_days.SetField(u"qmtFontColor"_s, u"red"_s); }), TypeMismatch);
+        QCOMPARE(ErrorOf([&] { m_days.SetField(u"nothing"_s, 1); }), ItemNotFound);
+        m_days.SetField(u"qmtFontSize"_s, std::nanf(""));
+        m_days.SetField(u"qmtDate"_s, QString(QChar(0xd800)));
         m_days.Update();
         m_days.MoveFirst();
         m_days.Edit(); // neither of both may look changed by another user
-        QCOMPARE(ErrorOf([&] { m_days.SetIndex(QStringLiteral("nothing")); }), ItemNotFound);
-        QCOMPARE(ErrorOf([&] { m_database.OpenTable(QStringLiteral("Alarm Table")); }), NoTable);
+        QCOMPARE(ErrorOf([&] { m_days.SetIndex(u"nothing"_s); }), ItemNotFound);
+        QCOMPARE(ErrorOf([&] { m_database.OpenTable(u"Alarm Table"_s); }), NoTable);
     }
 
     void TablesAreReadAgainAsTheyWereMade()
     {
-        const TableDef odd = {QStringLiteral("a \"b\" 'c' [d]; %"),
-                              {{QStringLiteral("x \"y\""), dbText, 3}, {QStringLiteral("it's"), dbMemo}},
-                              {{QStringLiteral("k \"1\""), QStringLiteral("x \"y\""), true},
-                               {QStringLiteral("k2"), QStringLiteral("-it's"), false}}};
+        const TableDef odd = {u"a \"b\" 'c' [d]; %"_s,
+                              {{u"x \"y\""_s, dbText, 3}, {u"it's"_s, dbMemo}},
+                              {{u"k \"1\""_s, u"x \"y\""_s, true}, {u"k2"_s, u"-it's"_s, false}}};
         m_database.Append(odd);
         QCOMPARE(ErrorOf([&] { m_database.Append(odd); }), TableExists);
         Database again = DBEngine::OpenDatabase(m_path);
         QCOMPARE(again.TableNames(), QStringList({DayTable().Name, odd.Name}));
         Recordset rows = again.OpenTable(odd.Name.toUpper());
-        rows.SetIndex(QStringLiteral("k \"1\""));
+        rows.SetIndex(u"k \"1\""_s);
         rows.AddNew();
-        rows.SetField(QStringLiteral("x \"y\""), QStringLiteral("abc"));
-        QCOMPARE(ErrorOf([&] { rows.SetField(QStringLiteral("x \"y\""), QStringLiteral("abcd")); }), FieldTooSmall);
+        rows.SetField(u"x \"y\""_s, u"abc"_s);
+        QCOMPARE(ErrorOf([&] { rows.SetField(u"x \"y\""_s, u"abcd"_s); }), FieldTooSmall);
         rows.Update();
         rows.AddNew();
-        rows.SetField(QStringLiteral("x \"y\""), QStringLiteral("abd"));
-        rows.SetField(QStringLiteral("it's"), QByteArray("b"));
+        rows.SetField(u"x \"y\""_s, u"abd"_s);
+        rows.SetField(u"it's"_s, QByteArray("b"));
         rows.Update();
         rows.MoveFirst();
-        QCOMPARE(rows.Fields(QStringLiteral("x \"y\"")).toString(), QStringLiteral("abc"));
-        rows.SetIndex(QStringLiteral("k2"));
-        QCOMPARE(rows.Fields(QStringLiteral("x \"y\"")).toString(), QStringLiteral("abd"));
+        QCOMPARE(rows.Fields(u"x \"y\""_s).toString(), u"abc"_s);
+        rows.SetIndex(u"k2"_s);
+        QCOMPARE(rows.Fields(u"x \"y\""_s).toString(), u"abd"_s);
     }
 
     void AFailedUpdateKeepsTheTyping()
     {
         Write(m_days, m_key, "first");
-        Write(m_days, QStringLiteral("1999/3/8"), "other");
+        Write(m_days, u"1999/3/8"_s, "other");
         m_days.MoveFirst();
         m_days.Edit();
-        m_days.SetField(QStringLiteral("qmtDate"), m_key);
+        m_days.SetField(u"qmtDate"_s, m_key);
         QCOMPARE(ErrorOf([&] { m_days.Update(); }), DuplicateKey);
-        QCOMPARE(m_days.Fields(QStringLiteral("qmtDate")).toString(), m_key);
+        QCOMPARE(m_days.Fields(u"qmtDate"_s).toString(), m_key);
         Database second = DBEngine::OpenDatabase(m_path);
         Recordset others = Days(second);
-        others.Seek(QStringLiteral("="), QStringLiteral("1999/3/8"));
+        others.Seek(u"="_s, u"1999/3/8"_s);
         QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordLocked); // the lock stays too
-        m_days.SetField(QStringLiteral("qmtDate"), QStringLiteral("1999/3/9"));
+        m_days.SetField(u"qmtDate"_s, u"1999/3/9"_s);
         m_days.Update();
         QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged); // free, but no longer as it was seen
     }
@@ -151,14 +149,14 @@ private Q_SLOTS:
         Recordset others = Days(second);
         others.SetLockEdits(false);
         others.Edit();
-        others.SetField(QStringLiteral("qmtText"), QByteArray("theirs"));
-        m_days.Seek(QStringLiteral("="), m_key);
+        others.SetField(u"qmtText"_s, QByteArray("theirs"));
+        m_days.Seek(u"="_s, m_key);
         m_days.Edit();
         QCOMPARE(ErrorOf([&] { others.Update(); }), RecordLocked);
-        m_days.SetField(QStringLiteral("qmtText"), QByteArray("changed"));
+        m_days.SetField(u"qmtText"_s, QByteArray("changed"));
         m_days.Update();
         QCOMPARE(ErrorOf([&] { others.Update(); }), DataChanged);
-        QCOMPARE(others.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("theirs"));
+        QCOMPARE(others.Fields(u"qmtText"_s).toByteArray(), QByteArray("theirs"));
         others.CancelUpdate();
         others.SetLockEdits(true);
         QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged);
@@ -180,22 +178,22 @@ private Q_SLOTS:
     {
         QFETCH(int, way);
         Write(m_days, m_key, "text");
-        const std::function<void()> ways[] = {[&] { m_days.Seek(QStringLiteral("="), QStringLiteral("absent")); },
+        const std::function<void()> ways[] = {[&] { m_days.Seek(u"="_s, u"absent"_s); },
                                               [&] { m_days.MoveFirst(); },
-                                              [&] { m_days.FindLast(QStringLiteral("nonsense")); },
+                                              [&] { m_days.FindLast(u"nonsense"_s); },
                                               [&] { m_days.SetIndex({}); },
                                               [&] { m_days.Close(); },
                                               [&] { m_days = Recordset(); }};
-        m_days.Seek(QStringLiteral("="), m_key);
+        m_days.Seek(u"="_s, m_key);
         m_days.Edit();
-        m_days.SetField(QStringLiteral("qmtText"), QByteArray("lost"));
+        m_days.SetField(u"qmtText"_s, QByteArray("lost"));
         ErrorOf(ways[way]);
         if (way < 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), NoUpdatePending);
         if (way == 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), Closed);
         Database second = DBEngine::OpenDatabase(m_path);
         Recordset others = Days(second);
         others.Edit();
-        QCOMPARE(others.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("text"));
+        QCOMPARE(others.Fields(u"qmtText"_s).toByteArray(), QByteArray("text"));
     }
 
     void CriteriaFindTheirRecords_data()
@@ -229,19 +227,19 @@ private Q_SLOTS:
     {
         QFETCH(QString, pattern);
         QFETCH(QString, found);
-        Write(m_days, QStringLiteral("a"), "Buy milk");
-        Write(m_days, QStringLiteral("b"), "50% off at the café");
-        Write(m_days, QStringLiteral("c"), "I'm sure: don't drink mmilk");
-        Write(m_days, QStringLiteral("d"), QByteArray("x\0Hidden", 8));
+        Write(m_days, u"a"_s, "Buy milk");
+        Write(m_days, u"b"_s, "50% off at the café");
+        Write(m_days, u"c"_s, "I'm sure: don't drink mmilk");
+        Write(m_days, u"d"_s, QByteArray("x\0Hidden", 8));
         m_days.AddNew(); // neither key nor text
         m_days.Update();
-        Recordset walk = m_database.CreateDynaset(QStringLiteral("QMT Table"));
-        const QString criterion = QStringLiteral("[qmtText] LIKE ") + pattern;
+        Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
+        const QString criterion = u"[qmtText] LIKE "_s + pattern;
         QString keys;
         for (walk.FindLast(criterion); !walk.NoMatch(); walk.FindPrevious(criterion))
-            keys += walk.Fields(QStringLiteral("qmtDate")).toString();
+            keys += walk.Fields(u"qmtDate"_s).toString();
         QCOMPARE(keys, found);
-        QCOMPARE(ErrorOf([&] { walk.Fields(QStringLiteral("qmtDate")); }), NoCurrentRecord);
+        QCOMPARE(ErrorOf([&] { walk.Fields(u"qmtDate"_s); }), NoCurrentRecord);
         walk.FindPrevious(criterion); // once more past the end of the search
         QVERIFY(walk.NoMatch());
     }
@@ -273,7 +271,7 @@ private Q_SLOTS:
                      [](QByteArrayView stored, char32_t) { return stored.contains('#'); }});
         const auto plain = qScopeGuard(SetPlainTextView);
         Write(m_days, m_key, "caf#");
-        m_days.FindLast(QStringLiteral("[qmtText] LIKE '*CAFÉ*'"));
+        m_days.FindLast(u"[qmtText] LIKE '*CAFÉ*'"_s);
         QVERIFY(!m_days.NoMatch());
     }
 
@@ -290,13 +288,13 @@ private Q_SLOTS:
         WriteTransaction kept(m_database);
         Write(m_days, m_key, "one");
         m_days.AddNew();
-        m_days.SetField(QStringLiteral("qmtDate"), m_key);
+        m_days.SetField(u"qmtDate"_s, m_key);
         QCOMPARE(ErrorOf([&] { m_days.Update(); }), DuplicateKey);
-        Write(m_days, QStringLiteral("1999/3/8"), "two");
+        Write(m_days, u"1999/3/8"_s, "two");
         QCOMPARE(Read(others, m_key), QByteArray("absent"));
         kept.Commit();
         QCOMPARE(Read(others, m_key), QByteArray("one"));
-        QCOMPARE(Read(others, QStringLiteral("1999/3/8")), QByteArray("two"));
+        QCOMPARE(Read(others, u"1999/3/8"_s), QByteArray("two"));
     }
 
     void AReadSeesOneStateAndAWriteInsideIsKept()
@@ -337,10 +335,10 @@ private Q_SLOTS:
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
         days.Edit();
-        days.SetField(QStringLiteral("qmtText"), QByteArray("new"));
-        *failing.plan = {1, FailurePlan::When(when), {DiskFull, {}}, QStringLiteral("Replace")};
+        days.SetField(u"qmtText"_s, QByteArray("new"));
+        *failing.plan = {1, FailurePlan::When(when), {DiskFull, {}}, u"Replace"_s};
         QCOMPARE(ErrorOf([&] { days.Update(); }), DiskFull);
-        QCOMPARE(days.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("new"));
+        QCOMPARE(days.Fields(u"qmtText"_s).toByteArray(), QByteArray("new"));
         QCOMPARE(Read(m_days, m_key), stored);
         const int again[] = {0, DataChanged, DiskFull};
         QCOMPARE(ErrorOf([&] { days.Update(); }), again[when]);

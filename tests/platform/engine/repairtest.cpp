@@ -121,16 +121,16 @@ class RepairTest : public QObject
                      "WHERE qmtDate LIKE '1999%'; "
                      "DELETE FROM \"Alarm Table\"",
                      nullptr, nullptr, nullptr);
-        const QByteArray planner = Content(path), journal = Content(path + QLatin1StringView("-journal"));
+        const QByteArray planner = Content(path), journal = Content(path + "-journal"_L1);
         sqlite3_close(library);
         SetContent(path, planner);
-        SetContent(path + QLatin1StringView("-journal"), journal);
+        SetContent(path + "-journal"_L1, journal);
     }
 
 private Q_SLOTS:
     void initTestCase()
     {
-        m_path = m_made.filePath(QStringLiteral("notes.mdb"));
+        m_path = m_made.filePath(u"notes.mdb"_s);
         MakeFullPlanner(m_path);
         m_content = Content(m_path);
         m_notes = NotesIn(m_path);
@@ -216,7 +216,7 @@ private Q_SLOTS:
         const auto report = Repair();
         QCOMPARE(report.KeptAs, QString());
         QVERIFY(Content(m_path) == m_content);
-        QCOMPARE(Files(), QStringList({QStringLiteral("notes.ldb"), QStringLiteral("notes.mdb")}));
+        QCOMPARE(Files(), QStringList({u"notes.ldb"_s, u"notes.mdb"_s}));
     }
 
     void ADamagedPlannerIsKeptUnderAFreeName()
@@ -293,7 +293,7 @@ private Q_SLOTS:
         QFETCH(int, journalSize);
         QFETCH(bool, damaged);
         QFETCH(bool, foreign);
-        const QString journal = m_path + QLatin1StringView("-journal");
+        const QString journal = m_path + "-journal"_L1;
         CrashWhileSaving(m_path);
         if (journalSize >= 0) SetContent(journal, Content(journal).left(journalSize));
         if (foreign) {
@@ -307,7 +307,7 @@ private Q_SLOTS:
                     Write(days, DayKey(day), QByteArray(3000, 'x'));
             }
             CrashWhileSaving(other);
-            SetContent(journal, Content(other + QLatin1StringView("-journal")));
+            SetContent(journal, Content(other + "-journal"_L1));
             SetContent(m_path, m_content);
         }
         Damaged planner(Content(m_path));
@@ -319,7 +319,7 @@ private Q_SLOTS:
         const auto report = Repair();
         if (!report.KeptAs.isEmpty()) {
             QVERIFY(Content(report.KeptAs) == planner.bytes);
-            QVERIFY(Content(report.KeptAs + QLatin1StringView("-journal")) == journalBefore);
+            QVERIFY(Content(report.KeptAs + "-journal"_L1) == journalBefore);
         }
         const Notes notes = NotesIn(m_path);
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
@@ -343,7 +343,7 @@ private Q_SLOTS:
     void KilledAtAnyMomentNothingIsLost()
     {
         QFETCH(bool, withJournal);
-        const QString journal = m_path + QLatin1StringView("-journal");
+        const QString journal = m_path + "-journal"_L1;
         if (withJournal) CrashWhileSaving(m_path);
         const QByteArray journalBefore = withJournal ? Content(journal) : QByteArray();
         Damaged planner(Content(m_path));
@@ -365,7 +365,7 @@ private Q_SLOTS:
             Repair(); // nothing if it is new; else it is as it was, or as its journal leaves it
             QVERIFY2(NotesIn(m_path) == repaired, qPrintable(QString::number(change)));
             for (const QString& name : Files())
-                if (name.contains(QLatin1StringView("damaged"))) QFile::remove(m_folder->filePath(name));
+                if (name.contains("damaged"_L1)) QFile::remove(m_folder->filePath(name));
         }
         QVERIFY(change > 20);
     }

@@ -18,7 +18,7 @@ class ServerTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_key = QStringLiteral("1999/3/7");
+    const QString m_key = u"1999/3/7"_s;
     QTemporaryDir m_folder;
     QString m_path, m_planner;
     int m_count = 0;
@@ -30,15 +30,15 @@ class ServerTest : public QObject
     }
     void StartEdit(Recordset& days, const QByteArray& text) const
     {
-        days.Seek(QStringLiteral("="), m_key);
+        days.Seek(u"="_s, m_key);
         days.Edit();
-        days.SetField(QStringLiteral("qmtText"), text);
+        days.SetField(u"qmtText"_s, text);
     }
 
 private Q_SLOTS:
     void init()
     {
-        m_path = m_folder.filePath(QStringLiteral("notes%1.mdb").arg(++m_count));
+        m_path = m_folder.filePath(u"notes%1.mdb"_s.arg(++m_count));
         Database database = DBEngine::CreateDatabase(m_path, {});
         database.Append(DayTable());
         Recordset days = Days(database);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         SetContent(m_path, content);
         QString text;
         QCOMPARE(Open(&text), NotADatabase);
-        QVERIFY2(text.contains(part) && !text.contains(QLatin1StringView("word@")), qPrintable(text));
+        QVERIFY2(text.contains(part) && !text.contains("word@"_L1), qPrintable(text));
     }
 
     void OnlyWhoMayIsLetIn_data()
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("part");
         const TestServer& server = TestServer::Get();
         const QByteArray right = TestServer::Password;
-        QTest::newRow("right password") << server.TcpUri(QStringLiteral("%1")) << right << 0 << "";
+        QTest::newRow("right password") << server.TcpUri(u"%1"_s) << right << 0 << "";
         QTest::newRow("wrong password") << server.TcpUri(u"%1"_s) << QByteArray("guess") << BrokenConnection
                                         << u"password authentication failed"_s;
         QTest::newRow("server down") << server.TcpUri(u"%1"_s, 1) << right << BrokenConnection
@@ -123,36 +123,32 @@ private Q_SLOTS:
     {
         for (const char* sql : {"CREATE ROLE bob LOGIN", "GRANT USAGE ON SCHEMA orrelin_%1 TO bob",
                                 "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA orrelin_%1 TO bob"})
-            TestServer::Get().Ask(QString::fromLatin1(sql).replace(QLatin1StringView("%1"), m_planner));
+            TestServer::Get().Ask(QString::fromLatin1(sql).replace("%1"_L1, m_planner));
         OtherProgram owner;
-        QCOMPARE(owner.Open(m_path, false), QStringLiteral("0"));
-        Link(TestServer::Get().Uri(m_planner).replace(QLatin1StringView("ann@"), QLatin1StringView("bob@")));
+        QCOMPARE(owner.Open(m_path, false), u"0"_s);
+        Link(TestServer::Get().Uri(m_planner).replace("ann@"_L1, "bob@"_L1));
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
-        Write(days, QStringLiteral("bob"), "his");
-        owner.Do({QStringLiteral("seek"), m_key});
-        QCOMPARE(owner.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        Write(days, u"bob"_s, "his");
+        owner.Do({u"seek"_s, m_key});
+        QCOMPARE(owner.Do({u"edit"_s}), u"0"_s);
         QString text;
-        days.Seek(QStringLiteral("="), m_key);
+        days.Seek(u"="_s, m_key);
         QCOMPARE(ErrorOf([&] { days.Edit(); }, &text), RecordLocked);
-        QVERIFY2(text.contains(QLatin1StringView("' on machine '")), qPrintable(text)); // the owner's name is seen
+        QVERIFY2(text.contains("' on machine '"_L1), qPrintable(text)); // the owner's name is seen
         TestServer::Get().Cut();
         ErrorOf([&] { days.MoveFirst(); });
-        days.Seek(QStringLiteral("="), m_key);
+        days.Seek(u"="_s, m_key);
         days.Edit();
-        QCOMPARE(ErrorOf([&] {
-                     database.Append({QStringLiteral("New"), {{QStringLiteral("a"), dbMemo}}, {}});
-                 }),
-                 ReadOnlyFile);
+        QCOMPARE(ErrorOf([&] { database.Append({u"New"_s, {{u"a"_s, dbMemo}}, {}}); }), ReadOnlyFile);
     }
 
     void ANewerPlannerIsLeftAlone()
     {
-        TestServer::Get().Ask(
-            QStringLiteral("UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1").arg(m_planner));
+        TestServer::Get().Ask(u"UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1"_s.arg(m_planner));
         QString text;
         QCOMPARE(Open(&text), NotADatabase);
-        QVERIFY2(text.contains(QLatin1StringView("newer Orrelin")), qPrintable(text));
+        QVERIFY2(text.contains("newer Orrelin"_L1), qPrintable(text));
     }
 
     void WhatTheServerHasAndNoPlannerIsRefused_data()
@@ -168,7 +164,7 @@ private Q_SLOTS:
         pqxx::connection owner(TestServer::Get().Uri(m_planner).section(u'&', 0, 0).toStdString() +
                                "&port=" + std::to_string(TestServer::Get().Port()));
         pqxx::nontransaction(owner).exec(
-            QStringLiteral("ALTER TABLE orrelin_%1.\"QMT Table\" %2").arg(m_planner, change).toStdString());
+            u"ALTER TABLE orrelin_%1.\"QMT Table\" %2"_s.arg(m_planner, change).toStdString());
         Database database = DBEngine::OpenDatabase(m_path);
         QCOMPARE(ErrorOf([&] { Days(database); }), NotADatabase);
     }
@@ -184,13 +180,12 @@ private Q_SLOTS:
         });
         QString text;
         QCOMPARE(Open(&text), ReadOnlyFile);
-        QVERIFY2(text.contains(QLatin1StringView("may only be read")), qPrintable(text));
+        QVERIFY2(text.contains("may only be read"_L1), qPrintable(text));
     }
 
     void APersonsNameKeepsItsLine()
     {
-        QCOMPARE(sessionname::Person(QStringLiteral("Orrelin ann%0Alee@d%E4%B8%AD%1B")),
-                 QStringLiteral("user 'ann?lee' on machine 'd\u4E2D?'"));
+        QCOMPARE(sessionname::Person(u"Orrelin ann%0Alee@d%E4%B8%AD%1B"_s), u"user 'ann?lee' on machine 'd\u4E2D?'"_s);
     }
 
     void APoolerIsRefused()
@@ -201,7 +196,7 @@ private Q_SLOTS:
         proxy.PretendToBeAPooler();
         QString text;
         QCOMPARE(Open(&text), BrokenConnection);
-        QVERIFY2(text.contains(QLatin1StringView("pooler")), qPrintable(text));
+        QVERIFY2(text.contains("pooler"_L1), qPrintable(text));
     }
 
     void ABrokenConnectionEndsTheEditAndNotTheTyping_data()
@@ -232,18 +227,17 @@ private Q_SLOTS:
             QCOMPARE(server.Cut(), 1);
         }
         OtherProgram other;
-        QCOMPARE(other.Open(m_path, false), QStringLiteral("0"));
-        if (!meanwhile.isEmpty())
-            QCOMPARE(other.Do({QStringLiteral("write"), m_key, QString::fromUtf8(meanwhile)}), QStringLiteral("0"));
+        QCOMPARE(other.Open(m_path, false), u"0"_s);
+        if (!meanwhile.isEmpty()) QCOMPARE(other.Do({u"write"_s, m_key, QString::fromUtf8(meanwhile)}), u"0"_s);
         // However often it is tried, nothing is written without its lock.
         for (int attempt = 0; attempt < 3; ++attempt)
             QCOMPARE(ErrorOf([&] { days.Update(); }), BrokenConnection);
-        QCOMPARE(days.Fields(QStringLiteral("qmtText")).toByteArray(), QByteArray("typed"));
+        QCOMPARE(days.Fields(u"qmtText"_s).toByteArray(), QByteArray("typed"));
         QCOMPARE(ErrorOf([&] { days.Edit(); }), editAgain); // connects, locks and compares
         if (editAgain == 0) {
-            other.Do({QStringLiteral("seek"), m_key});
-            QVERIFY(other.Do({QStringLiteral("edit")}).startsWith(QString::number(RecordLocked)));
-            days.SetField(QStringLiteral("qmtText"), QByteArray("typed"));
+            other.Do({u"seek"_s, m_key});
+            QVERIFY(other.Do({u"edit"_s}).startsWith(QString::number(RecordLocked)));
+            days.SetField(u"qmtText"_s, QByteArray("typed"));
             days.Update();
         }
         QCOMPARE(Read(days, m_key), editAgain == 0 ? QByteArray("typed") : meanwhile);
@@ -258,18 +252,18 @@ private Q_SLOTS:
         Link(TestServer::Get().TcpUri(m_planner, proxy.Port()));
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
-        Write(days, QStringLiteral("long"), QByteArray(100000, 'x'));
+        Write(days, u"long"_s, QByteArray(100000, 'x'));
         proxy.Slow();
-        QCOMPARE(Read(days, QStringLiteral("long")).size(), 100000);
+        QCOMPARE(Read(days, u"long"_s).size(), 100000);
         StartEdit(days, "typed");
         const QStringList frozen = TestServer::Get().Freeze();
         QString text;
         const int raised = ErrorOf([&] { days.Update(); }, &text);
         TestServer::Signal(frozen, SIGCONT);
         QCOMPARE(raised, BrokenConnection);
-        QVERIFY2(text.contains(QLatin1StringView("does not answer")), qPrintable(text));
+        QVERIFY2(text.contains("does not answer"_L1), qPrintable(text));
         QTRY_COMPARE(ErrorOf([&] { days.Edit(); }), 0); // connects and locks again
-        days.SetField(QStringLiteral("qmtText"), QByteArray("typed"));
+        days.SetField(u"qmtText"_s, QByteArray("typed"));
         days.Update();
         QCOMPARE(Read(days, m_key), QByteArray("typed"));
     }
@@ -280,16 +274,16 @@ private Q_SLOTS:
         Recordset days = Days(database);
         {
             WriteTransaction group(database);
-            Write(days, QStringLiteral("a"), "first");
+            Write(days, u"a"_s, "first");
             TestServer::Get().Cut();
-            QCOMPARE(ErrorOf([&] { Write(days, QStringLiteral("b"), "second"); }), BrokenConnection);
-            QCOMPARE(ErrorOf([&] { Write(days, QStringLiteral("c"), "third"); }), BrokenConnection);
+            QCOMPARE(ErrorOf([&] { Write(days, u"b"_s, "second"); }), BrokenConnection);
+            QCOMPARE(ErrorOf([&] { Write(days, u"c"_s, "third"); }), BrokenConnection);
             QCOMPARE(ErrorOf([&] { group.Commit(); }), BrokenConnection);
         }
         for (const char* key : {"a", "b", "c"})
             QCOMPARE(Read(days, QString::fromLatin1(key)), QByteArray("absent"));
-        Write(days, QStringLiteral("a"), "again");
-        QCOMPARE(Read(days, QStringLiteral("a")), QByteArray("again"));
+        Write(days, u"a"_s, "again");
+        QCOMPARE(Read(days, u"a"_s), QByteArray("again"));
     }
 
     // The server would answer the commit without an error, and nothing would be kept.
@@ -298,15 +292,15 @@ private Q_SLOTS:
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
         TableDef other = DayTable();
-        other.Name = QStringLiteral("Other");
-        other.Indexes.front().Name = QStringLiteral("otherKey");
+        other.Name = u"Other"_s;
+        other.Indexes.front().Name = u"otherKey"_s;
         database.Append(other);
         Recordset others = database.OpenTable(other.Name);
         WriteTransaction group(database);
-        Write(days, QStringLiteral("1999/3/8"), "of the group");
-        TestServer::Get().Ask(QStringLiteral("DROP TABLE orrelin_%1.\"Other\"").arg(m_planner));
+        Write(days, u"1999/3/8"_s, "of the group");
+        TestServer::Get().Ask(u"DROP TABLE orrelin_%1.\"Other\""_s.arg(m_planner));
         QVERIFY(ErrorOf([&] { others.MoveFirst(); }) != 0);
-        QVERIFY(ErrorOf([&] { Write(days, QStringLiteral("1999/3/9"), "of the group"); }) != 0);
+        QVERIFY(ErrorOf([&] { Write(days, u"1999/3/9"_s, "of the group"); }) != 0);
         QVERIFY(ErrorOf([&] { group.Commit(); }) != 0);
     }
 
@@ -331,11 +325,11 @@ private Q_SLOTS:
         QString text;
         const int raised = ErrorOf([&] { days.Update(); }, &text);
         QVERIFY2(raised == error, qPrintable(QString::number(raised) + text));
-        QVERIFY2(!text.contains(QLatin1StringView("not known")), qPrintable(text));
+        QVERIFY2(!text.contains("not known"_L1), qPrintable(text));
         QCOMPARE(Read(days, m_key), QByteArray(error ? "old" : "typed"));
         proxy.CutAt(CuttingProxy::Cut(cut));
-        QCOMPARE(ErrorOf([&] { Write(days, QStringLiteral("new"), "row"); }), error);
-        QCOMPARE(Read(days, QStringLiteral("new")), QByteArray(error ? "absent" : "row"));
+        QCOMPARE(ErrorOf([&] { Write(days, u"new"_s, "row"); }), error);
+        QCOMPARE(Read(days, u"new"_s), QByteArray(error ? "absent" : "row"));
     }
 
     void AnExclusiveOpenIsTakenAgainAfterABreak()
@@ -348,7 +342,7 @@ private Q_SLOTS:
         OtherProgram other;
         QVERIFY(other.Open(m_path, false).startsWith(QString::number(InUse)));
         TestServer::Get().Cut();
-        QTRY_COMPARE(other.Open(m_path, true), QStringLiteral("0"));
+        QTRY_COMPARE(other.Open(m_path, true), u"0"_s);
         ErrorOf([&] { Read(days, m_key); });
         QCOMPARE(ErrorOf([&] { Read(days, m_key); }), InUse);
         other.Kill();
@@ -367,24 +361,24 @@ private Q_SLOTS:
         });
         OtherProgram other;
         other.Open(m_path, false);
-        other.Do({QStringLiteral("write"), m_key, QStringLiteral("theirs")});
+        other.Do({u"write"_s, m_key, u"theirs"_s});
         inside = true;
         QCOMPARE(Read(days, m_key), QByteArray("theirs"));
         DBEngine::Idle(DBEngine::dbFreeLocks);
-        Write(days, QStringLiteral("mine"), "x");
+        Write(days, u"mine"_s, "x");
         inside = false;
         QVERIFY(told.isEmpty());
-        const QString change = QStringLiteral("QMT Table|") + m_key;
+        const QString change = u"QMT Table|"_s + m_key;
         QTRY_COMPARE(told, QStringList(change));
-        other.Do({QStringLiteral("write"), m_key, QStringLiteral("more")}); // while nothing is called here
+        other.Do({u"write"_s, m_key, u"more"_s}); // while nothing is called here
         QTRY_COMPARE(told, QStringList({change, change}));
         TestServer::Get().Cut();
         // What was said meanwhile has been heard by nobody.
         QTRY_VERIFY(ErrorOf([] { DBEngine::Idle(DBEngine::dbFreeLocks); }) == 0 && told.size() == 3);
-        QCOMPARE(told[2], QStringLiteral("|"));
+        QCOMPARE(told[2], u"|"_s);
         other.Open(m_path, false);
         database.OnChange(nullptr);
-        other.Do({QStringLiteral("write"), m_key, QStringLiteral("nobody listens")});
+        other.Do({u"write"_s, m_key, u"nobody listens"_s});
         QTest::qWait(50);
         QCOMPARE(told.size(), 3);
         QVERIFY(!calledInside);
@@ -394,10 +388,10 @@ private Q_SLOTS:
     {
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
-        Write(days, QStringLiteral("a\"b\\c{,}"), "odd");
+        Write(days, u"a\"b\\c{,}"_s, "odd");
         days.AddNew();
         days.Update(); // no key
-        const QVariantList keys = {m_key, QStringLiteral("a\"b\\c{,}"), QStringLiteral("absent")};
+        const QVariantList keys = {m_key, u"a\"b\\c{,}"_s, u"absent"_s};
         {
             const ReadTransaction reading(database);
             reading.Expect(days, keys);
@@ -406,8 +400,8 @@ private Q_SLOTS:
             TestServer::Get().Cut();
             QCOMPARE(Read(days, m_key), QByteArray("old"));
             QCOMPARE(Read(days, keys[1].toString()), QByteArray("odd"));
-            QCOMPARE(Read(days, QStringLiteral("absent")), QByteArray("absent"));
-            QCOMPARE(ErrorOf([&] { Read(days, QStringLiteral("another")); }), BrokenConnection);
+            QCOMPARE(Read(days, u"absent"_s), QByteArray("absent"));
+            QCOMPARE(ErrorOf([&] { Read(days, u"another"_s); }), BrokenConnection);
         }
         QCOMPARE(Read(days, m_key), QByteArray("old"));
         const ReadTransaction reading(database);

@@ -15,7 +15,7 @@ class SharingTest : public QObject
 {
     Q_OBJECT
 
-    const QString m_key = QStringLiteral("1999/3/7");
+    const QString m_key = u"1999/3/7"_s;
     QTemporaryDir m_folder;
     QString m_path;
     int m_count = 0;
@@ -41,7 +41,7 @@ private Q_SLOTS:
 
     void init()
     {
-        m_path = m_folder.filePath(QStringLiteral("notes%1.mdb").arg(++m_count));
+        m_path = m_folder.filePath(u"notes%1.mdb"_s.arg(++m_count));
         Database database = DBEngine::CreateDatabase(m_path, {});
         database.Append(DayTable());
         Recordset days = Days(database);
@@ -67,17 +67,16 @@ private Q_SLOTS:
         QFETCH(bool, theirs);
         QFETCH(bool, mine);
         OtherProgram other;
-        QCOMPARE(other.Open(m_path, theirs), QStringLiteral("0"));
+        QCOMPARE(other.Open(m_path, theirs), u"0"_s);
         const bool refused = theirs || mine;
         QString text;
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, mine); }, &text), refused ? InUse : 0);
         const QString expected =
-            QStringLiteral("Could not use '%1'; file already in use by ").arg(QFileInfo(m_path).fileName()) +
-            OtherProgram::Name();
+            u"Could not use '%1'; file already in use by "_s.arg(QFileInfo(m_path).fileName()) + OtherProgram::Name();
         QCOMPARE(text, refused ? expected : QString());
         QFETCH_GLOBAL(bool, onServer);
         if (!onServer) QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
-        QCOMPARE(other.Do({QStringLiteral("write"), m_key, QStringLiteral("x")}), QStringLiteral("0"));
+        QCOMPARE(other.Do({u"write"_s, m_key, u"x"_s}), u"0"_s);
         other.Kill();
         Database database; // no trace of the dead is in the way
         QCOMPARE(SoonErrorOf([&] { database = DBEngine::OpenDatabase(m_path, mine); }), 0);
@@ -110,7 +109,7 @@ private Q_SLOTS:
     {
         OtherProgram other;
         Database first = DBEngine::OpenDatabase(m_path);
-        QCOMPARE(other.Open(m_path, false), QStringLiteral("0"));
+        QCOMPARE(other.Open(m_path, false), u"0"_s);
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, true); }), InUse);
         Recordset days = Days(first);
         Write(days, m_key, "still mine");
@@ -121,7 +120,7 @@ private Q_SLOTS:
 
     void ALinkedPathIsTheSamePlanner()
     {
-        const QString link = m_folder.filePath(QStringLiteral("link%1.mdb").arg(m_count));
+        const QString link = m_folder.filePath(u"link%1.mdb"_s.arg(m_count));
         QVERIFY(QFile::link(m_path, link));
         Database database = DBEngine::OpenDatabase(link, true);
         QVERIFY(!CanOpen(m_path, false));
@@ -131,26 +130,26 @@ private Q_SLOTS:
     {
         Database database = DBEngine::OpenDatabase(m_path);
         Recordset days = Days(database);
-        Write(days, QStringLiteral("1999/3/8"), "neighbour");
+        Write(days, u"1999/3/8"_s, "neighbour");
         OtherProgram other;
         other.Open(m_path, false);
-        other.Do({QStringLiteral("seek"), m_key});
-        QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
-        days.Seek(QStringLiteral("="), m_key);
+        other.Do({u"seek"_s, m_key});
+        QCOMPARE(other.Do({u"edit"_s}), u"0"_s);
+        days.Seek(u"="_s, m_key);
         QString text;
         for (const auto& attempt : {std::function([&] { days.Edit(); }), std::function([&] { days.Delete(); })})
             QCOMPARE(ErrorOf(attempt, &text), RecordLocked);
-        QCOMPARE(text, QStringLiteral("Could not update; currently locked by ") + OtherProgram::Name());
+        QCOMPARE(text, u"Could not update; currently locked by "_s + OtherProgram::Name());
         QCOMPARE(Read(days, m_key), QByteArray("old")); // reading is free
-        Write(days, QStringLiteral("1999/3/8"), "and so is the neighbour");
+        Write(days, u"1999/3/8"_s, "and so is the neighbour");
         Recordset own = Days(database);
         days.Edit();
         QCOMPARE(ErrorOf([&] { own.MoveFirst(), own.Edit(); }, &text), RecordLocked);
         days.CancelUpdate();
-        other.Do({QStringLiteral("cancel")});
+        other.Do({u"cancel"_s});
         Write(days, m_key, "free again");
-        other.Do({QStringLiteral("seek"), m_key});
-        QCOMPARE(other.Do({QStringLiteral("edit")}), QStringLiteral("0"));
+        other.Do({u"seek"_s, m_key});
+        QCOMPARE(other.Do({u"edit"_s}), u"0"_s);
         other.Kill();
         QCOMPARE(SoonErrorOf([&] { Write(days, m_key, "free of the dead"); }), 0);
     }
@@ -161,9 +160,9 @@ private Q_SLOTS:
         int commits = 0;
         for (int kill = 0; kill < 12; ++kill) {
             QProcess writer;
-            writer.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--other")});
-            const QString mode = kill % 2 ? QStringLiteral("shared") : QStringLiteral("exclusive");
-            writer.write(QStringLiteral("open\t%1\t%2\nwrite for ever\n").arg(m_path, mode).toUtf8());
+            writer.start(QCoreApplication::applicationFilePath(), {u"--other"_s});
+            const QString mode = kill % 2 ? u"shared"_s : u"exclusive"_s;
+            writer.write(u"open\t%1\t%2\nwrite for ever\n"_s.arg(m_path, mode).toUtf8());
             QVERIFY(writer.waitForReadyRead());
             QByteArray told;
             while (told.count('\n') < 3 + kill && writer.waitForReadyRead())
@@ -174,7 +173,7 @@ private Q_SLOTS:
             const int lastTold = told.left(told.lastIndexOf('\n')).split('\n').last().toInt();
             QCOMPARE(SoonErrorOf([&] { database = DBEngine::OpenDatabase(m_path, true); }), 0);
             Recordset days = Days(database);
-            const QByteArray a = Read(days, QStringLiteral("a")), b = Read(days, QStringLiteral("b"));
+            const QByteArray a = Read(days, u"a"_s), b = Read(days, u"b"_s);
             QCOMPARE(a.left(a.indexOf('a')), b.left(b.indexOf('b')));
             QCOMPARE(a.size(), b.size());
             QVERIFY(a.left(a.indexOf('a')).toInt() >= lastTold); // what was told to be saved is saved

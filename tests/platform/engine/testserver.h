@@ -40,22 +40,18 @@ public:
     // Of the planner of this name, by the socket.
     QString Uri(const QString& planner) const
     {
-        return QStringLiteral("postgresql://ann@/postgres?host=%1&planner=%2&port=%3")
-            .arg(m_folder.path(), planner)
-            .arg(m_port);
+        return u"postgresql://ann@/postgres?host=%1&planner=%2&port=%3"_s.arg(m_folder.path(), planner).arg(m_port);
     }
     QString TcpUri(const QString& planner, int port = 0) const
     {
-        return QStringLiteral("postgresql://ann@127.0.0.1:%1/postgres?planner=%2")
-            .arg(port ? port : m_port)
-            .arg(planner);
+        return u"postgresql://ann@127.0.0.1:%1/postgres?planner=%2"_s.arg(port ? port : m_port).arg(planner);
     }
     int Port() const { return m_port; }
 
     // Puts the planner on the server under a new name; the file becomes its link.
     QString Take(const QString& path)
     {
-        const QString planner = QStringLiteral("test%1").arg(++m_planners);
+        const QString planner = u"test%1"_s.arg(++m_planners);
         DBEngine::MoveToServer(path, Uri(planner));
         return planner;
     }
@@ -73,9 +69,9 @@ public:
     // Cuts the connections of all planners, and tells how many there were.
     int Cut() const
     {
-        const QString sessions = QStringLiteral(" FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'");
-        const auto cut = Ask(QStringLiteral("SELECT pg_terminate_backend(pid)") + sessions).size();
-        while (!Ask(QStringLiteral("SELECT pid") + sessions).isEmpty())
+        const QString sessions = u" FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s;
+        const auto cut = Ask(u"SELECT pg_terminate_backend(pid)"_s + sessions).size();
+        while (!Ask(u"SELECT pid"_s + sessions).isEmpty())
             QThread::msleep(5);
         return static_cast<int>(cut);
     }
@@ -83,8 +79,7 @@ public:
     // Stops those that serve the present connections, as a machine that hangs: the lines stay and nothing is answered.
     QStringList Freeze() const
     {
-        const QStringList processes =
-            Ask(QStringLiteral("SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"));
+        const QStringList processes = Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
         Signal(processes, SIGSTOP);
         return processes;
     }
@@ -96,12 +91,11 @@ public:
 
     void Start()
     {
-        m_server.setProgram(QStringLiteral("setpriv"));
-        m_server.setArguments(As({Program("postgres"), QStringLiteral("-D"), m_folder.filePath(QStringLiteral("data")),
-                                  QStringLiteral("-k"), m_folder.path(), QStringLiteral("-p"), QString::number(m_port),
-                                  QStringLiteral("-cfsync=off"), QStringLiteral("-clisten_addresses=127.0.0.1"),
-                                  QStringLiteral("-cmax_connections=120"), QStringLiteral("-cshared_buffers=16MB")}));
-        m_server.setStandardErrorFile(m_folder.filePath(QStringLiteral("log")));
+        m_server.setProgram(u"setpriv"_s);
+        m_server.setArguments(As({Program("postgres"), u"-D"_s, m_folder.filePath(u"data"_s), u"-k"_s, m_folder.path(),
+                                  u"-p"_s, QString::number(m_port), u"-cfsync=off"_s, u"-clisten_addresses=127.0.0.1"_s,
+                                  u"-cmax_connections=120"_s, u"-cshared_buffers=16MB"_s}));
+        m_server.setStandardErrorFile(m_folder.filePath(u"log"_s));
         m_server.start();
         for (int attempt = 0; attempt < 2400; ++attempt) {
             QThread::msleep(25);
@@ -127,9 +121,9 @@ public:
     }
 
 private:
-    TestServer() : m_folder(QStringLiteral("/tmp/orrelin-server-XXXXXX")), m_port(FreePort())
+    TestServer() : m_folder(u"/tmp/orrelin-server-XXXXXX"_s), m_port(FreePort())
     {
-        const QString password = m_folder.filePath(QStringLiteral("password"));
+        const QString password = m_folder.filePath(u"password"_s);
         QFile file(password);
         if (!file.open(QIODevice::WriteOnly) || file.write(Password) < 0) qFatal("No room for the test's server");
         file.close();
@@ -139,11 +133,9 @@ private:
         QProcess init;
         init.setStandardOutputFile(QProcess::nullDevice());
         init.setStandardErrorFile(QProcess::nullDevice());
-        init.start(QStringLiteral("setpriv"),
-                   As({Program("initdb"), QStringLiteral("-D"), m_folder.filePath(QStringLiteral("data")),
-                       QStringLiteral("-U"), QStringLiteral("ann"), QStringLiteral("--pwfile"), password,
-                       QStringLiteral("--auth-local=trust"), QStringLiteral("--auth-host=scram-sha-256"),
-                       QStringLiteral("-EUTF8"), QStringLiteral("--no-locale"), QStringLiteral("-N")}));
+        init.start(u"setpriv"_s, As({Program("initdb"), u"-D"_s, m_folder.filePath(u"data"_s), u"-U"_s, u"ann"_s,
+                                     u"--pwfile"_s, password, u"--auth-local=trust"_s, u"--auth-host=scram-sha-256"_s,
+                                     u"-EUTF8"_s, u"--no-locale"_s, u"-N"_s}));
         if (!init.waitForFinished() || init.exitCode() != 0) qFatal("The test's server cannot be made");
         Start();
     }
@@ -151,17 +143,12 @@ private:
 
     static constexpr uid_t Nobody = 65534;
 
-    static QString Program(const char* name)
-    {
-        return QStringLiteral("/usr/lib/postgresql/15/bin/%1").arg(QLatin1StringView(name));
-    }
+    static QString Program(const char* name) { return u"/usr/lib/postgresql/15/bin/%1"_s.arg(QLatin1StringView(name)); }
     // A server refuses to be root's. It stops when this program does, even if that is killed.
     static QStringList As(const QStringList& command)
     {
-        QStringList words = {QStringLiteral("--pdeathsig"), QStringLiteral("INT")};
-        if (::geteuid() == 0)
-            words +=
-                {QStringLiteral("--reuid=65534"), QStringLiteral("--regid=65534"), QStringLiteral("--clear-groups")};
+        QStringList words = {u"--pdeathsig"_s, u"INT"_s};
+        if (::geteuid() == 0) words += {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s};
         return words + command;
     }
     static int FreePort()
@@ -176,13 +163,10 @@ private:
         ::close(probe);
         return ntohs(address.sin_port);
     }
-    QString Mark() const { return m_folder.filePath(QStringLiteral("data/standby.signal")); }
+    QString Mark() const { return m_folder.filePath(u"data/standby.signal"_s); }
     std::string Connection() const
     {
-        return QStringLiteral("host=%1 port=%2 user=ann dbname=postgres")
-            .arg(m_folder.path())
-            .arg(m_port)
-            .toStdString();
+        return u"host=%1 port=%2 user=ann dbname=postgres"_s.arg(m_folder.path()).arg(m_port).toStdString();
     }
 
     QTemporaryDir m_folder;

@@ -31,7 +31,7 @@ class PrintLibraryTest : public QObject
 
     static CaptionLook Look(double size, Qt::Alignment alignment = Qt::AlignHCenter)
     {
-        QFont font(QStringLiteral("Liberation Sans"));
+        QFont font(u"Liberation Sans"_s);
         font.setPointSizeF(size);
         return {.font = font, .alignment = alignment};
     }
@@ -57,8 +57,8 @@ class PrintLibraryTest : public QObject
             m_library->qmtPrintBody(QString(), view, i);
         }
         for (int i = 1; i <= count; ++i)
-            m_library->qmtPrintDate(QStringLiteral(" d%1").arg(i), Look(8, Qt::AlignLeft), view, i);
-        m_library->qmtPrintMonth(QStringLiteral("JULY 1999"), Look(12));
+            m_library->qmtPrintDate(u" d%1"_s.arg(i), Look(8, Qt::AlignLeft), view, i);
+        m_library->qmtPrintMonth(u"JULY 1999"_s, Look(12));
     }
 
     // One note in the second row's third cell of an otherwise empty month.
@@ -75,8 +75,7 @@ class PrintLibraryTest : public QObject
     // That cell, by the dates around it.
     static QRectF CellOfNote(const PrintedPage& page)
     {
-        return QRectF(page.At(QStringLiteral("d10")).topLeft() - QPointF(2, 2),
-                      page.At(QStringLiteral("d18")).topLeft() - QPointF(2, 2));
+        return QRectF(page.At(u"d10"_s).topLeft() - QPointF(2, 2), page.At(u"d18"_s).topLeft() - QPointF(2, 2));
     }
 
 private Q_SLOTS:
@@ -86,7 +85,7 @@ private Q_SLOTS:
         m_printer = std::make_unique<SystemPrinter>();
         m_library = std::make_unique<QMTPrn32>(*m_printer);
         m_carrier = std::make_unique<RichTextBox>();
-        m_pdf = m_folders->Path(QStringLiteral("page.pdf"));
+        m_pdf = m_folders->Path(u"page.pdf"_s);
     }
     void cleanup()
     {
@@ -114,12 +113,12 @@ private Q_SLOTS:
         QFETCH(const int, view);
         QFETCH(const QPageSize::PageSizeId, paper);
         QFETCH(const QPageLayout::Orientation, orientation);
-        SetMargins(QStringLiteral("0.5"));
+        SetMargins(u"0.5"_s);
         SetIni("PAGESETUP", "HEADER", "Household");
         m_printer->Printer().setPageSize(QPageSize(paper));
         m_printer->Printer().setPageOrientation(orientation);
         QVERIFY(Begin());
-        Feed(view, [&](int i) { m_carrier->SetText(QStringLiteral("n%1").arg(i)); });
+        Feed(view, [&](int i) { m_carrier->SetText(u"n%1"_s.arg(i)); });
         m_library->qmtEndPrint();
 
         const PrintedPage page(m_pdf);
@@ -131,14 +130,13 @@ private Q_SLOTS:
         const QRectF withLetterTops = area.adjusted(-1, -4, 1, 1); // a font's own box reaches higher than its letters
         for (const Word& word : page.Words())
             QVERIFY2(withLetterTops.contains(word.at), qPrintable(word.text));
-        const QRectF title = page.At(QStringLiteral("JULY")) | page.At(QStringLiteral("1999"));
-        const double gridTop = page.At(QStringLiteral("Wed")).bottom();
-        QVERIFY(page.At(QStringLiteral("Household")).bottom() < page.At(QStringLiteral("Wed")).top());
+        const QRectF title = page.At(u"JULY"_s) | page.At(u"1999"_s);
+        const double gridTop = page.At(u"Wed"_s).bottom();
+        QVERIFY(page.At(u"Household"_s).bottom() < page.At(u"Wed"_s).top());
         QVERIFY(qAbs(title.center().x() - area.center().x()) < 2);
         const int rows = view == Week ? 1 : 5;
         for (int i = 0; i < 7 * rows; ++i) {
-            const QRectF note = page.At(QStringLiteral("n%1").arg(i + 1)),
-                         date = page.At(QStringLiteral("d%1").arg(i + 1));
+            const QRectF note = page.At(u"n%1"_s.arg(i + 1)), date = page.At(u"d%1"_s.arg(i + 1));
             QVERIFY(!note.isNull() && date.bottom() <= note.top() + 1);
             const double left = area.left() + area.width() * (i % 7) / 7;
             QVERIFY(note.left() > left && note.right() < left + area.width() / 7);
@@ -151,13 +149,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("inches");
-        QTest::newRow("point") << QStringLiteral("0.75") << 0.75;
-        QTest::newRow("comma") << QStringLiteral("0,75") << 0.75;
+        QTest::newRow("point") << u"0.75"_s << 0.75;
+        QTest::newRow("comma") << u"0,75"_s << 0.75;
         QTest::newRow("none") << QString() << 1.0;
-        QTest::newRow("no number") << QStringLiteral("wide") << 1.0;
-        QTest::newRow("no room left") << QStringLiteral("3.5") << 1.0;
-        QTest::newRow("off the paper") << QStringLiteral("-2") << 0.0;
-        QTest::newRow("endless") << QStringLiteral("1e999") << 1.0;
+        QTest::newRow("no number") << u"wide"_s << 1.0;
+        QTest::newRow("no room left") << u"3.5"_s << 1.0;
+        QTest::newRow("off the paper") << u"-2"_s << 0.0;
+        QTest::newRow("endless") << u"1e999"_s << 1.0;
     }
 
     void marginsAreReadAsTyped()
@@ -193,11 +191,11 @@ private Q_SLOTS:
         const PrintedPage page =
             PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18" + before + text + "}");
         QVERIFY(CellOfNote(page).contains(page.Painted(IsRed)));
-        QVERIFY(page.At(QStringLiteral("w299")).isNull());
+        QVERIFY(page.At(u"w299"_s).isNull());
         const bool clipped = before.contains("fs150"); // its first line, with all that ends it
         const auto endsHere = [](const Word& word) { return word.text.contains(QChar(0x2026)); };
         QVERIFY(clipped || std::any_of(page.Words().begin(), page.Words().end(), endsHere));
-        const QRectF first = page.At(QStringLiteral("w0")), cell = CellOfNote(page);
+        const QRectF first = page.At(u"w0"_s), cell = CellOfNote(page);
         QVERIFY(clipped || before.contains("rtlpar") == (first.center().x() > cell.center().x()));
     }
 
@@ -230,7 +228,7 @@ private Q_SLOTS:
         RichTextBox box;
         QTextCursor cursor(box.document());
         QVERIFY(InsertPicture(cursor, image, PictureFit{}));
-        cursor.insertText(QStringLiteral("\nbelow\nit\nthere\nis\nmore\nthan\nfits"));
+        cursor.insertText(u"\nbelow\nit\nthere\nis\nmore\nthan\nfits"_s);
         const PrintedPage page = PrintNote(box.TextRTF());
         const QRectF red = page.Painted(IsRed);
         QVERIFY(CellOfNote(page).contains(red));
@@ -250,10 +248,10 @@ private Q_SLOTS:
     void aJobWithoutItsEndIsDropped()
     {
         QVERIFY(Begin());
-        Feed(Month, [&](int) { m_carrier->SetText(QStringLiteral("stale")); });
+        Feed(Month, [&](int) { m_carrier->SetText(u"stale"_s); });
         QVERIFY(!QFile::exists(m_pdf));
         const PrintedPage page = PrintNote("fresh");
-        QVERIFY(!page.At(QStringLiteral("fresh")).isNull());
+        QVERIFY(!page.At(u"fresh"_s).isNull());
         for (const Word& word : page.Words())
             QVERIFY(word.text != u"stale");
     }
@@ -269,9 +267,9 @@ private Q_SLOTS:
     void aFileThatCannotBeWrittenIsToldOf()
     {
         QFETCH(const bool, full);
-        const QString folder = m_folders->Path(QStringLiteral("there"));
+        const QString folder = m_folders->Path(u"there"_s);
         QDir().mkpath(folder);
-        const QString usual = std::exchange(m_pdf, folder + QStringLiteral("/page.pdf"));
+        const QString usual = std::exchange(m_pdf, folder + u"/page.pdf"_s);
         m_printer->Printer().setPageSize(QPageSize(QPageSize::A5));
         PrintNote("kept");
         PrintNextTo(m_pdf);
@@ -292,11 +290,11 @@ private Q_SLOTS:
         AnswerNextBox(msgbox::Ok, &seen);
         m_library->TellTrouble();
         QVERIFY(seen.Text.contains(m_pdf));
-        QVERIFY(!full || !PrintedPage(m_pdf).At(QStringLiteral("kept")).isNull());
+        QVERIFY(!full || !PrintedPage(m_pdf).At(u"kept"_s).isNull());
         QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), full ? 1 : 0);
         m_pdf = usual;
         const PrintedPage page = PrintNote("again");
-        QVERIFY(!page.At(QStringLiteral("again")).isNull());
+        QVERIFY(!page.At(u"again"_s).isNull());
         QVERIFY(qAbs(page.Size().height() - QPageSize(QPageSize::A5).size(QPageSize::Point).width()) < 1.5);
     }
 };

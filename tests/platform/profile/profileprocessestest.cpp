@@ -6,15 +6,15 @@
 
 namespace {
 constexpr int keysOfEach = 100;
-const QString iniName = QStringLiteral("PLANNER.INI");
+const QString iniName = u"PLANNER.INI"_s;
 
 int WriteKeys(const QString& folder, const QString& writer, bool forever)
 {
     folders::SetRootForTests(folder);
     for (int i = 0; forever || i < keysOfEach; ++i) {
         const QString key = writer + QString::number(i % keysOfEach);
-        if (!WritePrivateProfileStringA(QStringLiteral("Keys"), key, QString(key).repeated(9), iniName)) return 1;
-        if (!WritePrivateProfileStringA(QStringLiteral("Count"), writer, QString::number(i + 1), iniName)) return 1;
+        if (!WritePrivateProfileStringA(u"Keys"_s, key, QString(key).repeated(9), iniName)) return 1;
+        if (!WritePrivateProfileStringA(u"Count"_s, writer, QString::number(i + 1), iniName)) return 1;
     }
     return 0;
 }
@@ -23,10 +23,10 @@ int WriteKeys(const QString& folder, const QString& writer, bool forever)
 int TellFormats(const QString& folder)
 {
     folders::SetRootForTests(folder);
-    const QString win = QStringLiteral("WIN.INI");
-    const QString intl = QStringLiteral("intl");
-    const int order = GetPrivateProfileIntA(intl, QStringLiteral("iDate"), 7, win);
-    const QString point = GetPrivateProfileStringA(intl, QStringLiteral("sDecimal"), QStringLiteral("x"), 2, win);
+    const QString win = u"WIN.INI"_s;
+    const QString intl = u"intl"_s;
+    const int order = GetPrivateProfileIntA(intl, u"iDate"_s, 7, win);
+    const QString point = GetPrivateProfileStringA(intl, u"sDecimal"_s, u"x"_s, 2, win);
     QTextStream(stdout) << order << point;
     return 0;
 }
@@ -41,14 +41,11 @@ class ProfileProcessesTest : public QObject
     void Start(QProcess& writer, const QString& name, const QString& manner) const
     {
         writer.setProcessChannelMode(QProcess::ForwardedChannels);
-        writer.start(QCoreApplication::applicationFilePath(), {manner, m_folders->Path(QStringLiteral(".")), name});
+        writer.start(QCoreApplication::applicationFilePath(), {manner, m_folders->Path(u"."_s), name});
         QVERIFY(writer.waitForStarted());
     }
 
-    static int Count(const QString& writer)
-    {
-        return GetPrivateProfileIntA(QStringLiteral("Count"), writer, 0, iniName);
-    }
+    static int Count(const QString& writer) { return GetPrivateProfileIntA(u"Count"_s, writer, 0, iniName); }
 
     // Every line of the file is whole.
     static void LookForTears()
@@ -70,8 +67,8 @@ private Q_SLOTS:
     void NoneLosesTheOthersKeys()
     {
         QProcess writers[2];
-        Start(writers[0], QStringLiteral("a"), QStringLiteral("--write"));
-        Start(writers[1], QStringLiteral("b"), QStringLiteral("--write"));
+        Start(writers[0], u"a"_s, u"--write"_s);
+        Start(writers[1], u"b"_s, u"--write"_s);
         while (writers[0].state() != QProcess::NotRunning || writers[1].state() != QProcess::NotRunning) {
             LookForTears();
             QTest::qWait(1);
@@ -82,7 +79,7 @@ private Q_SLOTS:
             QCOMPARE(Count(name), keysOfEach);
             for (int i = 0; i < keysOfEach; ++i) {
                 const QString key = name + QString::number(i);
-                QCOMPARE(GetPrivateProfileStringA(QStringLiteral("Keys"), key, {}, 99, iniName), key.repeated(9));
+                QCOMPARE(GetPrivateProfileStringA(u"Keys"_s, key, {}, 99, iniName), key.repeated(9));
             }
         }
     }
@@ -90,19 +87,19 @@ private Q_SLOTS:
     void AKilledWriterHurtsNobody()
     {
         for (int round = 0; round < 12; ++round) {
-            const QString zero = QStringLiteral("0");
-            QVERIFY(WritePrivateProfileStringA(QStringLiteral("Count"), QStringLiteral("a"), zero, iniName));
+            const QString zero = u"0"_s;
+            QVERIFY(WritePrivateProfileStringA(u"Count"_s, u"a"_s, zero, iniName));
             QProcess writer;
-            Start(writer, QStringLiteral("a"), QStringLiteral("--forever"));
-            QTRY_VERIFY_WITH_TIMEOUT(Count(QStringLiteral("a")) > 0, 30000);
+            Start(writer, u"a"_s, u"--forever"_s);
+            QTRY_VERIFY_WITH_TIMEOUT(Count(u"a"_s) > 0, 30000);
             QTest::qWait(round);
             QCOMPARE(writer.state(), QProcess::Running);
             writer.kill();
             QVERIFY(writer.waitForFinished());
             LookForTears();
             const QString value = QString::number(round);
-            QVERIFY(WritePrivateProfileStringA(QStringLiteral("S"), QStringLiteral("K"), value, iniName));
-            QCOMPARE(GetPrivateProfileIntA(QStringLiteral("S"), QStringLiteral("K"), -1, iniName), round);
+            QVERIFY(WritePrivateProfileStringA(u"S"_s, u"K"_s, value, iniName));
+            QCOMPARE(GetPrivateProfileIntA(u"S"_s, u"K"_s, -1, iniName), round);
         }
     }
 
@@ -120,10 +117,9 @@ private Q_SLOTS:
         QFETCH(QString, locale);
         QProcess other;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("LC_ALL"), locale);
+        environment.insert(u"LC_ALL"_s, locale);
         other.setProcessEnvironment(environment);
-        other.start(QCoreApplication::applicationFilePath(),
-                    {QStringLiteral("--formats"), m_folders->Path(QStringLiteral("."))});
+        other.start(QCoreApplication::applicationFilePath(), {u"--formats"_s, m_folders->Path(u"."_s)});
         QVERIFY(other.waitForFinished());
         QTEST(other.readAllStandardOutput(), "formats");
     }

@@ -18,18 +18,14 @@ class ProfileTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<TemporaryFolders> m_folders;
-    const QString m_ini = QStringLiteral("PLANNER.INI");
+    const QString m_ini = u"PLANNER.INI"_s;
 
     static QString Path(const QString& name) { return folders::WindowsDirectory() + u'/' + name; }
     QByteArray Bytes() const { return Content(Path(m_ini)); }
-    static void Put(const QByteArray& text, const QString& name = QStringLiteral("PLANNER.INI"))
-    {
-        SetContent(Path(name), text);
-    }
+    static void Put(const QByteArray& text, const QString& name = u"PLANNER.INI"_s) { SetContent(Path(name), text); }
     QString Text(const char* section, const char* key, int size = 1024) const
     {
-        return GetPrivateProfileStringA(QString::fromUtf8(section), QString::fromUtf8(key), QStringLiteral("(None)"),
-                                        size, m_ini);
+        return GetPrivateProfileStringA(QString::fromUtf8(section), QString::fromUtf8(key), u"(None)"_s, size, m_ini);
     }
     int Number(const char* section, const char* key) const
     {
@@ -86,9 +82,9 @@ private Q_SLOTS:
     void TheBufferCutsTheText()
     {
         Put("[S]\nKey=abcdef\nSmile=ab\xF0\x9F\x98\x80");
-        QCOMPARE(Text("S", "Key", 4), QStringLiteral("abc"));
-        QCOMPARE(Text("S", "Smile", 4), QStringLiteral("ab")); // never half a character
-        QCOMPARE(Text("S", "None", 3), QStringLiteral("(N"));
+        QCOMPARE(Text("S", "Key", 4), u"abc"_s);
+        QCOMPARE(Text("S", "Smile", 4), u"ab"_s); // never half a character
+        QCOMPARE(Text("S", "None", 3), u"(N"_s);
         QCOMPARE(Text("S", "Key", 0), QString());
     }
 
@@ -115,9 +111,9 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, before);
         if (!before.isEmpty()) Put(before);
-        QVERIFY(Write("S", "Key", QStringLiteral("v")));
+        QVERIFY(Write("S", "Key", u"v"_s));
         QTEST(Bytes(), "after");
-        QCOMPARE(Text("s", "KEY"), QStringLiteral("v"));
+        QCOMPARE(Text("s", "KEY"), u"v"_s);
     }
 
     void WhatIsWrittenIsReadBack_data()
@@ -135,14 +131,14 @@ private Q_SLOTS:
         QFETCH(QString, value);
         QVERIFY(Write("S", "Key", value));
         QTEST(Text("S", "Key"), "read");
-        QCOMPARE(Text("T", "c"), QStringLiteral("(None)"));
+        QCOMPARE(Text("T", "c"), u"(None)"_s);
     }
 
     void NamesThatNoFileCanHoldAreRefused()
     {
         for (const char* key : {"", "a=b", ";a", "[a", "a\nb", " a"})
-            QVERIFY(!Write("S", key, QStringLiteral("v")));
-        QVERIFY(!Write("a]", "Key", QStringLiteral("v")));
+            QVERIFY(!Write("S", key, u"v"_s));
+        QVERIFY(!Write("a]", "Key", u"v"_s));
         QCOMPARE(Bytes(), QByteArray("no file"));
     }
 
@@ -166,26 +162,26 @@ private Q_SLOTS:
         Put("[S]\na=1\n");
         {
             const ProfileBatch batch(m_ini);
-            QVERIFY(Write("S", "a", QStringLiteral("2")));
-            QVERIFY(Write("S", "b", QStringLiteral("3")));
-            QVERIFY(!Write("S", "=", QStringLiteral("3")));
+            QVERIFY(Write("S", "a", u"2"_s));
+            QVERIFY(Write("S", "b", u"3"_s));
+            QVERIFY(!Write("S", "=", u"3"_s));
             QCOMPARE(Number("S", "a") + Number("S", "b"), 5);
             QCOMPARE(Bytes(), QByteArray("[S]\na=1\n"));
             Put("[S]\na=1\nc=4\n"); // another program meanwhile
             QCOMPARE(Number("S", "b") + Number("S", "c"), 7);
         }
         QCOMPARE(Bytes(), QByteArray("[S]\na=2\nc=4\nb=3\n"));
-        QVERIFY(Write("S", "a", QStringLiteral("5")));
+        QVERIFY(Write("S", "a", u"5"_s));
         QCOMPARE(Number("S", "a"), 5);
     }
 
     void LinksAndPermissionsStay()
     {
-        const QString target = m_folders->Path(QStringLiteral("dotfile"));
+        const QString target = m_folders->Path(u"dotfile"_s);
         QVERIFY(QFile::link(target, Path(m_ini)));
-        QVERIFY(Write("S", "a", QStringLiteral("1"))); // the link led nowhere yet
+        QVERIFY(Write("S", "a", u"1"_s)); // the link led nowhere yet
         QVERIFY(QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
-        QVERIFY(Write("S", "a", QStringLiteral("2")));
+        QVERIFY(Write("S", "a", u"2"_s));
         QVERIFY(QFileInfo(Path(m_ini)).isSymLink());
         struct stat found = {};
         QCOMPARE(::stat(QFile::encodeName(target).constData(), &found), 0);
@@ -196,7 +192,7 @@ private Q_SLOTS:
     void TheFolderIsMadeAgain()
     {
         QVERIFY(QDir(folders::WindowsDirectory()).removeRecursively());
-        QVERIFY(Write("S", "a", QStringLiteral("1")));
+        QVERIFY(Write("S", "a", u"1"_s));
         QCOMPARE(Number("S", "a"), 1);
     }
 
@@ -206,12 +202,12 @@ private Q_SLOTS:
         Put(text);
         {
             const FullDisk full(4096);
-            QVERIFY(!Write("S", "Key", QStringLiteral("2")));
+            QVERIFY(!Write("S", "Key", u"2"_s));
         }
         QCOMPARE(Bytes(), text);
         QCOMPARE(Number("S", "Key"), 1);
         const QStringList left = QDir(folders::WindowsDirectory()).entryList(QDir::Files);
-        QCOMPARE(left, (QStringList{m_ini, m_ini + QStringLiteral(".lock")}));
+        QCOMPARE(left, (QStringList{m_ini, m_ini + u".lock"_s}));
     }
 
     void WhatIsNoFileIsLeftAlone_data()
@@ -232,25 +228,25 @@ private Q_SLOTS:
         if (kind == u"over 64 MB") QVERIFY(QFile::resize(Path(m_ini), 65 * 1024 * 1024));
         const QFileInfo before(Path(m_ini));
         QCOMPARE(Number("S", "Key"), 77);
-        QVERIFY(!Write("S", "Key", QStringLiteral("2")));
+        QVERIFY(!Write("S", "Key", u"2"_s));
         QCOMPARE(QFileInfo(Path(m_ini)).size(), before.size());
     }
 
     void WhatCannotBeReadIsAsItWas()
     {
         Put("[S]\nKey=v\n");
-        QCOMPARE(Text("S", "Key"), QStringLiteral("v"));
+        QCOMPARE(Text("S", "Key"), u"v"_s);
         QVERIFY(QFile::remove(Path(m_ini)) && QDir().mkdir(Path(m_ini)));
-        QCOMPARE(Text("S", "Key"), QStringLiteral("v"));
+        QCOMPARE(Text("S", "Key"), u"v"_s);
         const std::int16_t errors = g_iErrCount;
         {
             const ProfileBatch batch(m_ini);
-            Write("S", "Key", QStringLiteral("w"));
-            QCOMPARE(Text("S", "Key"), QStringLiteral("w"));
+            Write("S", "Key", u"w"_s);
+            QCOMPARE(Text("S", "Key"), u"w"_s);
         }
         QCOMPARE(g_iErrCount, std::int16_t(errors + 1)); // told in the log at least
         QVERIFY(QDir().rmdir(Path(m_ini)));
-        QCOMPARE(Text("S", "Key"), QStringLiteral("(None)"));
+        QCOMPARE(Text("S", "Key"), u"(None)"_s);
     }
 
     void LargeFilesAreRead_data()
@@ -270,17 +266,15 @@ private Q_SLOTS:
         QFETCH(QByteArray, junk);
         Put("[S]\n" + junk + "\n[T]\nKey=1\n");
         QCOMPARE(Number("T", "Key"), 1);
-        QVERIFY(Write("S", "key299999", QStringLiteral("2")));
+        QVERIFY(Write("S", "key299999", u"2"_s));
         QCOMPARE(Number("S", "key299999"), 2);
         QCOMPARE(Number("T", "Key"), 1);
     }
 
     void WinIniIsAskedBeforeTheDesktop()
     {
-        const QString win = QStringLiteral("WIN.INI");
-        const auto order = [](const QString& file) {
-            return GetPrivateProfileIntA(QStringLiteral("INTL"), QStringLiteral("idate"), 7, file);
-        };
+        const QString win = u"WIN.INI"_s;
+        const auto order = [](const QString& file) { return GetPrivateProfileIntA(u"INTL"_s, u"idate"_s, 7, file); };
         Put("[intl]\niDate=2\n", win);
         QCOMPARE(order(win), 2);
         Put("[Intl]\nsDecimal=;\n", win);

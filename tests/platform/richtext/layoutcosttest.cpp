@@ -8,7 +8,7 @@
 
 namespace {
 constexpr auto Usual = QTextOption::WrapAtWordBoundaryOrAnywhere, Anywhere = QTextOption::WrapAnywhere;
-const QString Hex = QStringLiteral("0123456789abcdef").repeated(300); // a word of 4800 letters
+const QString Hex = u"0123456789abcdef"_s.repeated(300); // a word of 4800 letters
 
 QByteArray RunsOf(const QByteArray& text, int count)
 {
@@ -42,7 +42,7 @@ private Q_SLOTS:
         const auto add = [](const char* name, const QByteArray& note, QTextOption::WrapMode wrap, bool isKerned) {
             QTest::newRow(name) << note << wrap << isKerned;
         };
-        const QString digits = QStringLiteral("0123456789");
+        const QString digits = u"0123456789"_s;
         add("one word", Hex.toUtf8(), Anywhere, false);
         add("a word behind words", QByteArray("note " + Hex.toUtf8() + " note"), Anywhere, false);
         add("many words of some hundred letters", QString(digits.repeated(30) + u' ').repeated(200).toUtf8(), Anywhere,
@@ -54,7 +54,7 @@ private Q_SLOTS:
         add("words", QByteArray("note ").repeated(20000), Usual, true);
         add("lines", QByteArray(digits.toUtf8() + '\n').repeated(5000), Usual, true);
         add("a long address", QByteArray("folder/").repeated(2000), Usual, true);
-        add("a script without blanks", QStringLiteral("\u6f22\u5b57").repeated(5000).toUtf8(), Usual, true);
+        add("a script without blanks", u"\u6f22\u5b57"_s.repeated(5000).toUtf8(), Usual, true);
         add("a word of usual length", Hex.left(3000).toUtf8(), Usual, true);
     }
 
@@ -79,7 +79,7 @@ private Q_SLOTS:
         RichTextBox box;
         box.resize(165, 110);
         box.show();
-        box.SetText(QStringLiteral("first\nlast"));
+        box.SetText(u"first\nlast"_s);
         QMimeData hex;
         hex.setText(Hex);
         Drop(box, hex);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QTRY_VERIFY(isBounded(true));
         QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
         QTRY_VERIFY(isBounded(false));
-        QCOMPARE(box.Text(), QStringLiteral("first\nlast"));
+        QCOMPARE(box.Text(), u"first\nlast"_s);
         QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QTRY_VERIFY(isBounded(true));
         box.SetSelStart(int(box.Text().indexOf(Hex)) + 2400);
@@ -114,7 +114,7 @@ private Q_SLOTS:
         box.resize(165, 110);
         box.show();
         QMimeData runs;
-        runs.setData(QStringLiteral("text/rtf"), RunsOf("0123", 5000));
+        runs.setData(u"text/rtf"_s, RunsOf("0123", 5000));
         Drop(box, runs);
         QTest::keyClick(&box, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClick(&box, Qt::Key_Return);

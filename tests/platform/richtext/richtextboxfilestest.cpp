@@ -20,10 +20,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("text");
-        QTest::newRow("rich") << g_rtf << QStringLiteral("Choir 19:00\n bring   notes");
+        QTest::newRow("rich") << g_rtf << u"Choir 19:00\n bring   notes"_s;
         QTest::newRow("odd rich") << QByteArray("{\\rtf1 \\unknown\\b}}}} x") << QString();
-        QTest::newRow("plain") << QByteArray("Dentist\r\n10:30 \xc3\xa4") << QStringLiteral("Dentist\n10:30 \u00e4");
-        QTest::newRow("blank") << QByteArray(" ") << QStringLiteral(" ");
+        QTest::newRow("plain") << QByteArray("Dentist\r\n10:30 \xc3\xa4") << u"Dentist\n10:30 \u00e4"_s;
+        QTest::newRow("blank") << QByteArray(" ") << u" "_s;
         QTest::newRow("nothing") << QByteArray() << QString();
     }
 
@@ -39,7 +39,7 @@ private Q_SLOTS:
         QCOMPARE(box.TextRTF(), content);
 
         box.moveCursor(QTextCursor::End);
-        QTest::keyClicks(&box, QStringLiteral("!"));
+        QTest::keyClicks(&box, u"!"_s);
         QVERIFY(box.Modified());
         QVERIFY(box.TextRTF() != content);
         QVERIFY(box.TextRTF().startsWith("{\\rtf"));
@@ -53,22 +53,22 @@ private Q_SLOTS:
     {
         RichTextBox box;
         box.SetTextRTF(g_rtf);
-        QTest::keyClicks(&box, QStringLiteral("new "));
+        QTest::keyClicks(&box, u"new "_s);
         const QByteArray saved = box.TextRTF();
         box.SetModified(false);
         QCOMPARE(box.TextRTF(), saved);
 
         RichTextBox other;
         other.SetTextRTF(saved);
-        QCOMPARE(other.Text(), QStringLiteral("new Choir 19:00\n bring   notes"));
+        QCOMPARE(other.Text(), u"new Choir 19:00\n bring   notes"_s);
         box.undo();
         QVERIFY(box.Modified());
         other.SetTextRTF(box.TextRTF());
-        QCOMPARE(other.Text(), QStringLiteral("Choir 19:00\n bring   notes"));
+        QCOMPARE(other.Text(), u"Choir 19:00\n bring   notes"_s);
 
         box.MarkSaved("saved bytes");
         QVERIFY(box.Holds("saved bytes"));
-        QTest::keyClicks(&box, QStringLiteral("!"));
+        QTest::keyClicks(&box, u"!"_s);
         QVERIFY(!box.Holds("saved bytes"));
         box.undo();
         QCOMPARE(box.TextRTF(), QByteArray("saved bytes"));
@@ -77,36 +77,35 @@ private Q_SLOTS:
     void filesAreReadAndWritten()
     {
         QTemporaryDir directory;
-        const QString path = directory.filePath(QStringLiteral("dayview.rtf"));
+        const QString path = directory.filePath(u"dayview.rtf"_s);
         RichTextBox box;
         box.SetTextRTF(g_rtf);
         box.SaveFile(path);
         QCOMPARE(Content(path), g_rtf);
 
         RichTextBox other;
-        other.SetText(QStringLiteral("before"));
-        QTest::keyClicks(&other, QStringLiteral("typed"));
+        other.SetText(u"before"_s);
+        QTest::keyClicks(&other, u"typed"_s);
         other.LoadFile(path);
         QVERIFY(!other.Modified());
         QCOMPARE(other.Text(), box.Text());
         QCOMPARE(other.TextRTF(), g_rtf);
-        QTest::keyClicks(&other, QStringLiteral("New "));
+        QTest::keyClicks(&other, u"New "_s);
         other.SaveFile(path);
         box.LoadFile(path);
-        QCOMPARE(box.Text(), QStringLiteral("New Choir 19:00\n bring   notes"));
+        QCOMPARE(box.Text(), u"New Choir 19:00\n bring   notes"_s);
     }
 
     void fileErrors()
     {
         QTemporaryDir directory;
         RichTextBox box;
-        box.SetText(QStringLiteral("kept"));
-        QCOMPARE(ErrorOf([&] { box.LoadFile(directory.filePath(QStringLiteral("none.rtf"))); }), errors::FileNotFound);
+        box.SetText(u"kept"_s);
+        QCOMPARE(ErrorOf([&] { box.LoadFile(directory.filePath(u"none.rtf"_s)); }), errors::FileNotFound);
         QCOMPARE(ErrorOf([&] { box.LoadFile(directory.path()); }), errors::PathFileAccess);
         QCOMPARE(ErrorOf([&] { box.SaveFile(directory.path()); }), errors::PathFileAccess);
-        QCOMPARE(ErrorOf([&] { box.SaveFile(directory.filePath(QStringLiteral("no/where.rtf"))); }),
-                 errors::PathFileAccess);
-        QCOMPARE(box.Text(), QStringLiteral("kept"));
+        QCOMPARE(ErrorOf([&] { box.SaveFile(directory.filePath(u"no/where.rtf"_s)); }), errors::PathFileAccess);
+        QCOMPARE(box.Text(), u"kept"_s);
     }
 
     void fullDiskLeavesTheOldFile_data()
@@ -120,11 +119,11 @@ private Q_SLOTS:
     {
         QFETCH(int, words);
         QTemporaryDir directory;
-        const QString path = directory.filePath(QStringLiteral("dayview.rtf"));
+        const QString path = directory.filePath(u"dayview.rtf"_s);
         RichTextBox box;
         box.SetTextRTF(g_rtf);
         box.SaveFile(path);
-        box.SetText(QStringLiteral("long ").repeated(words));
+        box.SetText(u"long "_s.repeated(words));
         const FullDisk full(4096);
         QCOMPARE(ErrorOf([&] { box.SaveFile(path); }), errors::PathFileAccess);
         QCOMPARE(Content(path), g_rtf);

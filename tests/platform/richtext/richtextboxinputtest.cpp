@@ -18,22 +18,22 @@ struct Boxes
         window.resize(400, 200);
         first.setGeometry(0, 0, 200, 200);
         second.setGeometry(200, 0, 200, 200);
-        first.SetText(QStringLiteral("first"));
-        second.SetText(QStringLiteral("second"));
+        first.SetText(u"first"_s);
+        second.SetText(u"second"_s);
         window.show();
         window.activateWindow();
         (void)QTest::qWaitForWindowActive(&window);
         first.setFocus();
-        Record(first, QStringLiteral("1"));
-        Record(second, QStringLiteral("2"));
+        Record(first, u"1"_s);
+        Record(second, u"2"_s);
     }
 
     void Record(RichTextBox& box, const QString& name)
     {
-        QObject::connect(&box, &RichTextBox::GotFocus, &window, [=, this] { log << name + QStringLiteral("focus"); });
-        QObject::connect(&box, &RichTextBox::Click, &window, [=, this] { log << name + QStringLiteral("click"); });
+        QObject::connect(&box, &RichTextBox::GotFocus, &window, [=, this] { log << name + u"focus"_s; });
+        QObject::connect(&box, &RichTextBox::Click, &window, [=, this] { log << name + u"click"_s; });
         QObject::connect(&box, &RichTextBox::MouseDown, &window, [=, this](int button, const QPoint& at) {
-            log << name + QStringLiteral("down%1").arg(button);
+            log << name + u"down%1"_s.arg(button);
             pressed = at;
         });
     }
@@ -91,9 +91,9 @@ private Q_SLOTS:
         QTest::mouseClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
         QTest::mouseDClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
         QTest::mouseClick(boxes.second.viewport(), Qt::MiddleButton, {}, {5, 5});
-        QCOMPARE(boxes.log.filter(QStringLiteral("down2")).size(), 2); // two quick ones count as two
-        QCOMPARE(boxes.log.filter(QStringLiteral("down4")).size(), 1);
-        QVERIFY(boxes.log.filter(QStringLiteral("click")).isEmpty());
+        QCOMPARE(boxes.log.filter(u"down2"_s).size(), 2); // two quick ones count as two
+        QCOMPARE(boxes.log.filter(u"down4"_s).size(), 1);
+        QVERIFY(boxes.log.filter(u"click"_s).isEmpty());
     }
 
     void refusedFocusSwallowsThePress()
@@ -156,12 +156,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("text");
         const Qt::KeyboardModifiers none, control(Qt::ControlModifier);
-        QTest::newRow("letter") << int(Qt::Key_A) << none << QStringLiteral("a") << QStringLiteral("abcd");
-        QTest::newRow("backspace") << int(Qt::Key_Backspace) << none << QStringLiteral("\b") << QStringLiteral("cd");
-        QTest::newRow("return") << int(Qt::Key_Return) << none << QStringLiteral("\r") << QStringLiteral("b\ncd");
-        QTest::newRow("tab") << int(Qt::Key_Tab) << control << QStringLiteral("\t") << QStringLiteral("b\tcd");
-        QTest::newRow("escape") << int(Qt::Key_Escape) << none << QStringLiteral("\x1b") << QStringLiteral("bcd");
-        QTest::newRow("umlaut") << 0xe4 << none << QStringLiteral("\u00e4") << QStringLiteral("b\u00e4cd");
+        QTest::newRow("letter") << int(Qt::Key_A) << none << u"a"_s << u"abcd"_s;
+        QTest::newRow("backspace") << int(Qt::Key_Backspace) << none << u"\b"_s << u"cd"_s;
+        QTest::newRow("return") << int(Qt::Key_Return) << none << u"\r"_s << u"b\ncd"_s;
+        QTest::newRow("tab") << int(Qt::Key_Tab) << control << u"\t"_s << u"b\tcd"_s;
+        QTest::newRow("escape") << int(Qt::Key_Escape) << none << u"\x1b"_s << u"bcd"_s;
+        QTest::newRow("umlaut") << 0xe4 << none << u"\u00e4"_s << u"b\u00e4cd"_s;
     }
 
     void keysWithText()
@@ -177,11 +177,11 @@ private Q_SLOTS:
             keys << keyAscii;
             if (drop) keyAscii = 0;
         });
-        boxes.first.SetText(QStringLiteral("bcd"));
+        boxes.first.SetText(u"bcd"_s);
         boxes.first.SetSelStart(key == Qt::Key_A ? 0 : 1);
         const auto press = [&] { QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key(key), typed, modifiers); };
         press();
-        QCOMPARE(boxes.first.Text(), QStringLiteral("bcd"));
+        QCOMPARE(boxes.first.Text(), u"bcd"_s);
         QVERIFY(!boxes.first.Modified());
         drop = false;
         press();
@@ -196,9 +196,9 @@ private Q_SLOTS:
         connect(&boxes.first, &RichTextBox::KeyPress, this, [&] { ++keys; });
         QTest::keyClick(&boxes.first, Qt::Key_Right);
         QCOMPARE(boxes.first.SelStart(), 1);
-        QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier);
-        QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier);
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("first"));
+        QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_A, u"\x01"_s, Qt::ControlModifier);
+        QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key_C, u"\x03"_s, Qt::ControlModifier);
+        QCOMPARE(QApplication::clipboard()->text(), u"first"_s);
         QCOMPARE(keys, 0);
     }
 
@@ -231,29 +231,29 @@ private Q_SLOTS:
             last = keyAscii;
             if (drop) keyAscii = 0;
         });
-        SendPreedit(boxes.first, QStringLiteral("\u00b4"));
+        SendPreedit(boxes.first, u"\u00b4"_s);
         QCOMPARE(last, -1);
-        SendPreedit(boxes.first, {}, QStringLiteral("\u00e9"));
+        SendPreedit(boxes.first, {}, u"\u00e9"_s);
         QCOMPARE(last, 0xe9);
         boxes.first.CommitPreedit(); // what was refused does not come back
-        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        QCOMPARE(boxes.first.Text(), u"first"_s);
         drop = false;
-        SendPreedit(boxes.first, {}, QStringLiteral("\u00e9"));
-        QCOMPARE(boxes.first.Text(), QStringLiteral("\u00e9first"));
+        SendPreedit(boxes.first, {}, u"\u00e9"_s);
+        QCOMPARE(boxes.first.Text(), u"\u00e9first"_s);
     }
 
     void preeditIsTakenIn()
     {
         Boxes boxes;
-        SendPreedit(boxes.first, QStringLiteral("nihon"));
-        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        SendPreedit(boxes.first, u"nihon"_s);
+        QCOMPARE(boxes.first.Text(), u"first"_s);
         boxes.first.CommitPreedit();
-        QCOMPARE(boxes.first.Text(), QStringLiteral("nihonfirst"));
+        QCOMPARE(boxes.first.Text(), u"nihonfirst"_s);
         QVERIFY(boxes.first.Modified());
         boxes.first.CommitPreedit();
-        SendPreedit(boxes.first, QStringLiteral("go"));
+        SendPreedit(boxes.first, u"go"_s);
         boxes.first.SetLocked(true);
-        QCOMPARE(boxes.first.Text(), QStringLiteral("nihongofirst"));
+        QCOMPARE(boxes.first.Text(), u"nihongofirst"_s);
     }
 
     void lockedBoxReadsOnly()
@@ -263,25 +263,25 @@ private Q_SLOTS:
         connect(&boxes.first, &RichTextBox::KeyPress, this, [&] { ++keys; });
         boxes.first.SetLocked(true);
         QVERIFY(boxes.first.Locked());
-        QApplication::clipboard()->setText(QStringLiteral("paste"));
-        QTest::keyClicks(&boxes.first, QStringLiteral("x"));
+        QApplication::clipboard()->setText(u"paste"_s);
+        QTest::keyClicks(&boxes.first, u"x"_s);
         QTest::keyClick(&boxes.first, Qt::Key_Tab, Qt::ControlModifier);
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
-        SendPreedit(boxes.first, {}, QStringLiteral("y"));
-        QVERIFY(!DropText(boxes.first, QStringLiteral("dropped")));
-        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        SendPreedit(boxes.first, {}, u"y"_s);
+        QVERIFY(!DropText(boxes.first, u"dropped"_s));
+        QCOMPARE(boxes.first.Text(), u"first"_s);
         QCOMPARE(keys, 4); // the program has its say on keys all the same
         QTest::mouseDClick(boxes.first.viewport(), Qt::LeftButton, {}, {8, 8});
         QCOMPARE(boxes.first.SelLength(), 5);
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ControlModifier);
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("first"));
+        QCOMPARE(QApplication::clipboard()->text(), u"first"_s);
         QVERIFY(boxes.first.hasFocus());
 
         boxes.first.SetSelBold(true); // the program may
         QCOMPARE(boxes.first.SelBold(), true);
         boxes.first.SetLocked(false);
-        QTest::keyClicks(&boxes.first, QStringLiteral("x"));
-        QCOMPARE(boxes.first.Text(), QStringLiteral("x"));
+        QTest::keyClicks(&boxes.first, u"x"_s);
+        QCOMPARE(boxes.first.Text(), u"x"_s);
     }
 
     void pasteIsGuarded()
@@ -293,16 +293,16 @@ private Q_SLOTS:
             ++asked;
             allowed = !refuse;
         });
-        QApplication::clipboard()->setText(QStringLiteral("pasted "));
+        QApplication::clipboard()->setText(u"pasted "_s);
         boxes.first.paste();
-        QVERIFY(!DropText(boxes.first, QStringLiteral("dropped ")));
-        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        QVERIFY(!DropText(boxes.first, u"dropped "_s));
+        QCOMPARE(boxes.first.Text(), u"first"_s);
         QVERIFY(!boxes.first.Modified());
         refuse = false;
         boxes.first.paste();
-        QVERIFY(DropText(boxes.first, QStringLiteral("dropped ")));
+        QVERIFY(DropText(boxes.first, u"dropped "_s));
         QCOMPARE(asked, 4);
-        QCOMPARE(boxes.first.Text(), QStringLiteral("pasted firstdropped "));
+        QCOMPARE(boxes.first.Text(), u"pasted firstdropped "_s);
     }
 
     void keysPasteUnasked()
@@ -310,10 +310,10 @@ private Q_SLOTS:
         Boxes boxes;
         bool asked = false;
         connect(&boxes.first, &RichTextBox::PasteRequested, this, [&] { asked = true; });
-        QApplication::clipboard()->setText(QStringLiteral("a"));
+        QApplication::clipboard()->setText(u"a"_s);
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
         QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
+        QCOMPARE(boxes.first.Text(), u"aafirst"_s);
         QVERIFY(!asked);
         // Their own guard is that of any key, though they bring no character; what the program posts has passed
         // another.
@@ -321,24 +321,23 @@ private Q_SLOTS:
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
         QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
         QTest::keyClick(&boxes.first, Qt::Key_Delete);
-        QCOMPARE(boxes.first.Text(), QStringLiteral("aafirst"));
+        QCOMPARE(boxes.first.Text(), u"aafirst"_s);
         QCoreApplication::postEvent(&boxes.first, new QKeyEvent(QEvent::KeyPress, Qt::Key_Insert, Qt::ShiftModifier));
         QCoreApplication::sendPostedEvents();
-        QCOMPARE(boxes.first.Text(), QStringLiteral("aaafirst"));
+        QCOMPARE(boxes.first.Text(), u"aaafirst"_s);
     }
 
     void pastedSizesAreInPoints()
     {
         Boxes boxes;
         auto* data = new QMimeData;
-        data->setHtml(
-            QStringLiteral("<p>a<span style='font-size:20px'>b</span><font size='+1'>c</font><b>d</b></p><p>e</p>"));
+        data->setHtml(u"<p>a<span style='font-size:20px'>b</span><font size='+1'>c</font><b>d</b></p><p>e</p>"_s);
         QApplication::clipboard()->setMimeData(data);
         boxes.first.SetFontSize(10);
         boxes.first.SetSelStart(5);
         const int start = 5;
         QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(boxes.first.Text(), QStringLiteral("firstabcd\ne"));
+        QCOMPARE(boxes.first.Text(), u"firstabcd\ne"_s);
         const double sizes[] = {10, 15, 12, 10, 10, 10};
         for (int i = 0; i < 6; ++i) {
             boxes.first.SetSelStart(start + i);
@@ -353,14 +352,14 @@ private Q_SLOTS:
         QVERIFY(all.height() > 30);
         boxes.first.undo();
         boxes.first.undo(); // the paste is one step
-        QCOMPARE(boxes.first.Text(), QStringLiteral("first"));
+        QCOMPARE(boxes.first.Text(), u"first"_s);
     }
 
     void textMovedToAnotherNoteIsOneStepInBoth()
     {
         Boxes boxes;
         MovedTexts first(boxes.first), second(boxes.second);
-        boxes.second.insertPlainText(QStringLiteral("first "));
+        boxes.second.insertPlainText(u"first "_s);
         boxes.first.selectAll();
         const auto endDrag = [&] {
             first.Dropped(second);
@@ -370,21 +369,21 @@ private Q_SLOTS:
         endDrag();
         const auto texts = [&] { return boxes.first.Text() + u'/' + boxes.second.Text(); };
         QVERIFY(!second.Redo() && second.Undo());
-        QCOMPARE(texts(), QStringLiteral("first/second"));
+        QCOMPARE(texts(), u"first/second"_s);
         QVERIFY(first.Redo());
-        QCOMPARE(texts(), QStringLiteral("/first second"));
-        QTest::keyClicks(&boxes.second, QStringLiteral("more ")); // a part of the step there
+        QCOMPARE(texts(), u"/first second"_s);
+        QTest::keyClicks(&boxes.second, u"more "_s); // a part of the step there
         QVERIFY(!first.Undo() && second.Undo());
-        QTest::keyClicks(&boxes.second, QStringLiteral("other "));
+        QTest::keyClicks(&boxes.second, u"other "_s);
         QVERIFY(!first.Redo() && !second.Undo());
-        QCOMPARE(texts(), QStringLiteral("first/other second"));
+        QCOMPARE(texts(), u"first/other second"_s);
         boxes.second.moveCursor(QTextCursor::End); // or it would be one step with what was just typed
-        boxes.second.insertPlainText(QStringLiteral("first"));
+        boxes.second.insertPlainText(u"first"_s);
         boxes.first.selectAll();
         endDrag();
-        QTest::keyClicks(&boxes.first, QStringLiteral(" new"));
+        QTest::keyClicks(&boxes.first, u" new"_s);
         QVERIFY(second.Undo());
-        QCOMPARE(texts(), QStringLiteral("first new/other second")); // in one of them
+        QCOMPARE(texts(), u"first new/other second"_s); // in one of them
     }
 
     void typedTextLooksLikeTheCaret_data()
@@ -416,7 +415,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, keys);
         RichTextBox box;
-        box.SetBlankFormat(QFont(QStringLiteral("Arial"), 16, QFont::Bold), 0xff);
+        box.SetBlankFormat(QFont(u"Arial"_s, 16, QFont::Bold), 0xff);
         const QHash<QChar, QKeyCombination> moves{
             {u'$', Qt::Key_Return}, {u'<', Qt::Key_Backspace},        {u'^', Qt::Key_Up},
             {u'v', Qt::Key_Down},   {u'(', Qt::SHIFT | Qt::Key_Left}, {u')', Qt::SHIFT | Qt::Key_End},
@@ -430,8 +429,8 @@ private Q_SLOTS:
             } else if (key == u'+' || key == u'-') {
                 box.SetSelBold(key == u'+');
             } else if (key == u'~') {
-                SendPreedit(box, QStringLiteral("?"));
-                SendPreedit(box, {}, QStringLiteral("i"));
+                SendPreedit(box, u"?"_s);
+                SendPreedit(box, {}, u"i"_s);
             } else if (moves.contains(key)) {
                 QTest::keyClick(&box, moves[key].key(), moves[key].keyboardModifiers());
             } else {
@@ -457,7 +456,7 @@ private Q_SLOTS:
         QTest::keyClick(&boxes.first, Qt::Key_Home, Qt::ShiftModifier);
         QCOMPARE(moves.size(), 2);
         QVERIFY(changes.isEmpty());
-        QTest::keyClicks(&boxes.first, QStringLiteral("x"));
+        QTest::keyClicks(&boxes.first, u"x"_s);
         QVERIFY(!changes.isEmpty());
     }
 };

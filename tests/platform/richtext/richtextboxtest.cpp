@@ -47,8 +47,7 @@ const std::vector<Attribute>& CharacterAttributes()
         Make("italic", &Box::SetSelItalic, &Box::SelItalic, true, false),
         Make("underline", &Box::SetSelUnderline, &Box::SelUnderline, true, false),
         Make("strikethrough", &Box::SetSelStrikeThru, &Box::SelStrikeThru, true, false),
-        Make("name", &Box::SetSelFontName, &Box::SelFontName, QStringLiteral("No Such Font, Wide"),
-             QStringLiteral("Arial")),
+        Make("name", &Box::SetSelFontName, &Box::SelFontName, u"No Such Font, Wide"_s, u"Arial"_s),
         Make("size", &Box::SetSelFontSize, &Box::SelFontSize, 13.5, 8.0),
         Make("colour", &Box::SetSelColor, &Box::SelColor, 0x0080ffU, 0x000000U)};
     return attributes;
@@ -75,7 +74,7 @@ private Q_SLOTS:
         QFETCH(int, index);
         const Attribute& attribute = CharacterAttributes()[std::size_t(index)];
         RichTextBox box;
-        box.SetText(QStringLiteral("one\n\ntwo three"));
+        box.SetText(u"one\n\ntwo three"_s);
         Select(box, 0, 100);
         attribute.set(box, attribute.second);
         QCOMPARE(attribute.get(box), attribute.second); // across paragraphs, an empty one among them
@@ -90,7 +89,7 @@ private Q_SLOTS:
         Select(box, 6, 3);
         QCOMPARE(attribute.get(box), QVariant());
 
-        QTextCursor(box.document()).insertImage(QImage(4, 4, QImage::Format_RGB32), QStringLiteral("picture"));
+        QTextCursor(box.document()).insertImage(QImage(4, 4, QImage::Format_RGB32), u"picture"_s);
         Select(box, 0, 2); // a picture has no font that could differ
         QCOMPARE(attribute.get(box), attribute.second);
 
@@ -98,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(attribute.get(box), attribute.second);
         attribute.set(box, attribute.first);
         QCOMPARE(attribute.get(box), attribute.first);
-        box.insertPlainText(QStringLiteral("!"));
+        box.insertPlainText(u"!"_s);
         Select(box, box.document()->characterCount() - 2, 1);
         QCOMPARE(attribute.get(box), attribute.first);
         Select(box, box.document()->characterCount() - 4, 3);
@@ -120,7 +119,7 @@ private Q_SLOTS:
         QVERIFY(!box.Modified());
         QTest::mouseClick(box.viewport(), Qt::LeftButton); // moves the caret to where it is
         QTest::keyClick(&box, Qt::Key_Return);
-        QTest::keyClicks(&box, QStringLiteral("ab"));
+        QTest::keyClicks(&box, u"ab"_s);
         Select(box, 1, 2);
         QCOMPARE(attribute.get(box), attribute.first);
     }
@@ -128,7 +127,7 @@ private Q_SLOTS:
     void alignmentBelongsToParagraphs()
     {
         RichTextBox box;
-        box.SetText(QStringLiteral("one\ntwo\nthree"));
+        box.SetText(u"one\ntwo\nthree"_s);
         for (int alignment : {1, 2, 0}) {
             Select(box, 1, 4);
             box.SetSelAlignment(alignment);
@@ -142,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(box.SelAlignment(), 0);
         QCOMPARE(ErrorOf([&] { box.SetSelAlignment(3); }), errors::InvalidPropertyValue);
 
-        box.SetText(QStringLiteral("\u05d0\u05d1")); // runs from the right by nature
+        box.SetText(u"\u05d0\u05d1"_s); // runs from the right by nature
         QCOMPARE(box.SelAlignment(), 1);
         box.SetSelAlignment(0);
         QCOMPARE(box.SelAlignment(), 0);
@@ -151,7 +150,7 @@ private Q_SLOTS:
     void selectionIsClamped()
     {
         RichTextBox box;
-        box.SetText(QStringLiteral("four\nfive"));
+        box.SetText(u"four\nfive"_s);
         Select(box, 5, 1000);
         QCOMPARE(box.SelLength(), 4);
         box.SetSelStart(1000);
@@ -165,7 +164,7 @@ private Q_SLOTS:
     void formattingIsNoMove()
     {
         RichTextBox box;
-        box.SetText(QStringLiteral("one two"));
+        box.SetText(u"one two"_s);
         int moves = 0;
         connect(&box, &RichTextBox::SelChange, &box, [&] { ++moves; });
         Select(box, 2, 3);
@@ -182,19 +181,18 @@ private Q_SLOTS:
     void settingForgetsWhatWasThere()
     {
         RichTextBox box;
-        const std::vector<std::function<void()>> settings{[&] { box.SetText(QStringLiteral("17th")); },
-                                                          [&] { box.SetTextRTF("17th"); },
-                                                          [&] { box.SetTextRTF("{\\rtf1 17th}"); }};
+        const std::vector<std::function<void()>> settings{
+            [&] { box.SetText(u"17th"_s); }, [&] { box.SetTextRTF("17th"); }, [&] { box.SetTextRTF("{\\rtf1 17th}"); }};
         for (const auto& set : settings) {
-            box.SetText(QStringLiteral("another day"));
+            box.SetText(u"another day"_s);
             box.selectAll();
             box.SetSelColor(0xff);
             box.SetSelBold(true);
-            QTest::keyClicks(&box, QStringLiteral("secret"));
+            QTest::keyClicks(&box, u"secret"_s);
             set();
             QVERIFY(!box.Modified());
             box.undo();
-            QCOMPARE(box.Text(), QStringLiteral("17th"));
+            QCOMPARE(box.Text(), u"17th"_s);
             QCOMPARE(box.SelStart(), 0);
             box.selectAll();
             QCOMPARE(box.SelColor(), 0U);
@@ -205,11 +203,11 @@ private Q_SLOTS:
     void textLeavesOutPictures()
     {
         RichTextBox box;
-        box.SetText(QStringLiteral("a\r\nb\nc\u00a0d"));
+        box.SetText(u"a\r\nb\nc\u00a0d"_s);
         QTextCursor cursor(box.document());
         cursor.setPosition(1);
-        cursor.insertImage(QImage(4, 4, QImage::Format_RGB32), QStringLiteral("picture"));
-        QCOMPARE(box.Text(), QStringLiteral("a\nb\nc d"));
+        cursor.insertImage(QImage(4, 4, QImage::Format_RGB32), u"picture"_s);
+        QCOMPARE(box.Text(), u"a\nb\nc d"_s);
     }
 
     // A font of signs that is installed may have none under the numbers that signs have everywhere else.
@@ -226,8 +224,8 @@ private Q_SLOTS:
         }
         RichTextBox box;
         box.SetTextRTF("{\\rtf1{\\fonttbl{\\f0\\fcharset2 Zapf Dingbats;}}\\f0\\'33\\'6c\\'b6\\'d5}");
-        QCOMPARE(box.Text(), QStringLiteral("✓●❶→"));
-        QCOMPARE(box.SelFontName(), QStringLiteral("Zapf Dingbats"));
+        QCOMPARE(box.Text(), u"✓●❶→"_s);
+        QCOMPARE(box.SelFontName(), u"Zapf Dingbats"_s);
     }
 
     void emptyBoxTakesTheDefaultFont()
@@ -236,7 +234,7 @@ private Q_SLOTS:
             RichTextBox box;
             box.SetTextRTF(content);
             const int caret = box.SelStart();
-            box.SetFontName(QStringLiteral("Absent Hand"));
+            box.SetFontName(u"Absent Hand"_s);
             box.SetFontSize(8.5);
             box.SetFontBold(false);
             box.SetFontItalic(true);
@@ -246,11 +244,11 @@ private Q_SLOTS:
             QVERIFY(!box.Modified());
             QCOMPARE(box.SelStart(), caret);
             QCOMPARE(box.TextRTF(), content);
-            QCOMPARE(box.Font().family(), QStringLiteral("Absent Hand"));
+            QCOMPARE(box.Font().family(), u"Absent Hand"_s);
 
-            QTest::keyClicks(&box, QStringLiteral("x"));
+            QTest::keyClicks(&box, u"x"_s);
             Select(box, 0, 1);
-            QCOMPARE(box.SelFontName(), QStringLiteral("Absent Hand"));
+            QCOMPARE(box.SelFontName(), u"Absent Hand"_s);
             QCOMPARE(box.SelFontSize(), 8.5);
             QCOMPARE(box.SelBold(), false);
             QCOMPARE(box.SelItalic(), true);
@@ -266,14 +264,14 @@ private Q_SLOTS:
         box.SetFontBold(true);
         box.SetSelColor(0x0000ff);
         box.SetSelItalic(true); // for this text only
-        QTest::keyClicks(&box, QStringLiteral("abc"));
+        QTest::keyClicks(&box, u"abc"_s);
         box.selectAll();
         box.SetSelColor(0x00ff00);
         box.SetSelBold(false);
         box.SetSelFontSize(40);
         QTest::keyClick(&box, Qt::Key_Delete);
         QVERIFY(box.Text().isEmpty());
-        QTest::keyClicks(&box, QStringLiteral("x"));
+        QTest::keyClicks(&box, u"x"_s);
         Select(box, 0, 1);
         QCOMPARE(box.SelColor(), 0x0000ffU);
         QCOMPARE(box.SelBold(), true);
@@ -289,22 +287,22 @@ private Q_SLOTS:
         box.SetFontBold(true); // the default alone
         QVERIFY(!box.Modified());
         QCOMPARE(box.SelBold(), std::nullopt);
-        box.SetFontName(QStringLiteral("Courier Quite"));
+        box.SetFontName(u"Courier Quite"_s);
         QVERIFY(box.Modified());
         box.SetFontSize(17);
         QCOMPARE(box.SelStart(), 3);
         QCOMPARE(box.SelLength(), 4);
         box.selectAll();
-        QCOMPARE(box.SelFontName(), QStringLiteral("Courier Quite"));
+        QCOMPARE(box.SelFontName(), u"Courier Quite"_s);
         QCOMPARE(box.SelFontSize(), 17.0);
         QCOMPARE(box.SelBold(), std::nullopt);
-        QCOMPARE(box.Text(), QStringLiteral("Choir 19:00\n bring   notes"));
+        QCOMPARE(box.Text(), u"Choir 19:00\n bring   notes"_s);
     }
 
     void badSizesAreRefused()
     {
         RichTextBox box;
-        box.SetText(QStringLiteral("x"));
+        box.SetText(u"x"_s);
         for (double size : {0.0, -8.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
             QCOMPARE(ErrorOf([&] { box.SetFontSize(size); }), errors::InvalidPropertyValue);
             QCOMPARE(ErrorOf([&] { box.SetSelFontSize(size); }), errors::InvalidPropertyValue);
@@ -316,10 +314,10 @@ private Q_SLOTS:
     {
         QWidget window;
         RichTextBox box(&window);
-        box.SetFontName(QStringLiteral("Arial"));
+        box.SetFontName(u"Arial"_s);
         box.SetFontSize(9);
-        window.setFont(QFont(QStringLiteral("Courier"), 30));
-        QCOMPARE(box.Font().family(), QStringLiteral("Arial"));
+        window.setFont(QFont(u"Courier"_s, 30));
+        QCOMPARE(box.Font().family(), u"Arial"_s);
         QCOMPARE(box.Font().pointSizeF(), 9.0);
     }
 
@@ -328,7 +326,7 @@ private Q_SLOTS:
         RichTextBox box;
         box.resize(300, 200);
         box.show();
-        box.SetText(QStringLiteral("word ").repeated(20));
+        box.SetText(u"word "_s.repeated(20));
         const auto width = [&] { return box.document()->firstBlock().layout()->boundingRect().width(); };
         box.SetRightMargin(100);
         QCOMPARE(box.RightMargin(), 100);
@@ -353,7 +351,7 @@ private Q_SLOTS:
         RichTextBox box(&window);
         window.resize(120, 80);
         box.setGeometry(0, 0, 120, 80);
-        box.SetText(QStringLiteral("IIIII"));
+        box.SetText(u"IIIII"_s);
         window.show();
         // The place of the scroll bar is paper, too, while there is nothing to scroll.
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(117, 8));
@@ -366,7 +364,7 @@ private Q_SLOTS:
             hasInk |= picture.pixelColor(x, 8).red() < 100;
         QVERIFY(hasInk);
 
-        box.SetText(QStringLiteral("line\n").repeated(50));
+        box.SetText(u"line\n"_s.repeated(50));
         QVERIFY(box.verticalScrollBar()->width() < 10);
         QTest::mouseClick(box.verticalScrollBar(), Qt::LeftButton, {}, {3, 70});
         QVERIFY(box.verticalScrollBar()->value() > 0);

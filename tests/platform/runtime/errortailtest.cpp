@@ -12,11 +12,11 @@ class ErrorTailTest : public QObject
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("planner.err"));
+    QString m_path = m_folder.filePath(u"planner.err"_s);
 
     QByteArray Log() const { return Content(m_path); }
 
-    static void Fail(int number) { throw RunTimeError{number, QStringLiteral("it\nbroke")}; }
+    static void Fail(int number) { throw RunTimeError{number, u"it\nbroke"_s}; }
 
 private Q_SLOTS:
     void init()
@@ -28,12 +28,12 @@ private Q_SLOTS:
 
     void AFailingStepIsLoggedAndTheNextOneRuns()
     {
-        const ErrorTail tail(QLatin1StringView(" in MODSHOW, subDisplayMonth"), {3186});
+        const ErrorTail tail(" in MODSHOW, subDisplayMonth"_L1, {3186});
         bool reached = false;
         QVERIFY(!tail([] { Fail(6); }));
         QVERIFY(!tail([] { Fail(3186); }));
         QVERIFY(tail([&] { reached = true; }));
-        guard(QLatin1StringView(" in MainForm, tmAlarm_Timer"), [] { Fail(91); });
+        guard(" in MainForm, tmAlarm_Timer"_L1, [] { Fail(91); });
         QVERIFY(reached);
         QCOMPARE(Log(),
                  QByteArray(" 1:it broke in MODSHOW, subDisplayMonth\n 2:it broke in MainForm, tmAlarm_Timer\n"));
@@ -41,11 +41,11 @@ private Q_SLOTS:
 
     void EachRunStartsAnEmptyLog()
     {
-        guard(QLatin1StringView(" in MainForm, x"), [] { Fail(6); });
+        guard(" in MainForm, x"_L1, [] { Fail(6); });
         OpenErrorLog(m_path);
         QCOMPARE(Log(), QByteArray());
         QCOMPARE(g_iErrCount, std::int16_t{0});
-        QVERIFY_EXCEPTION_THROWN(OpenErrorLog(m_folder.filePath(QStringLiteral("gone/planner.err"))), RunTimeError);
+        QVERIFY_EXCEPTION_THROWN(OpenErrorLog(m_folder.filePath(u"gone/planner.err"_s)), RunTimeError);
     }
 
     void WhatASignalRunsEndsThereToo()
@@ -53,23 +53,22 @@ private Q_SLOTS:
         auto sender = std::make_unique<QObject>();
         const QObject* heard = nullptr;
         connect(sender.get(), &QObject::destroyed, this,
-                Guarded(QLatin1StringView(" in MainForm, x"), [&](const QObject* gone) { heard = gone; }));
-        connect(sender.get(), &QObject::destroyed, this,
-                Guarded(QLatin1StringView(" in MainForm, y"), [] { Fail(91); }));
+                Guarded(" in MainForm, x"_L1, [&](const QObject* gone) { heard = gone; }));
+        connect(sender.get(), &QObject::destroyed, this, Guarded(" in MainForm, y"_L1, [] { Fail(91); }));
         const QObject* const expected = sender.get();
         sender.reset();
         QCOMPARE(heard, expected);
         QCOMPARE(Log(), QByteArray(" 1:it broke in MainForm, y\n"));
 
         int counted = 3;
-        Guarded(QLatin1StringView(" in MainForm, z"), [](int& number) { ++number; })(counted); // not a copy
+        Guarded(" in MainForm, z"_L1, [](int& number) { ++number; })(counted); // not a copy
         QCOMPARE(counted, 4);
     }
 
     void WithoutTheTrapErrorsTravel()
     {
         g_bErrorTrap = false;
-        const ErrorTail tail(QLatin1StringView(" in MODSHOW, x"));
+        const ErrorTail tail(" in MODSHOW, x"_L1);
         QVERIFY_EXCEPTION_THROWN(tail([] { Fail(6); }), RunTimeError);
     }
 };

@@ -52,8 +52,8 @@ private Q_SLOTS:
 
     void StrKeepsTheBlankOfTheSign()
     {
-        QCOMPARE(Str(12), QStringLiteral(" 12"));
-        QCOMPARE(Str(-3), QStringLiteral("-3"));
+        QCOMPARE(Str(12), u" 12"_s);
+        QCOMPARE(Str(-3), u"-3"_s);
     }
 };
 

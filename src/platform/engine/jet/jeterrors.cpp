@@ -41,8 +41,7 @@ void RaiseDamaged(const QString& name)
 
 void RaiseNoPlanner(const QString& name, const QString& missing)
 {
-    throw RunTimeError{
-        engineerrors::NotADatabase,
-        QStringLiteral("'%1' is a database of the older engine, but no planner: it has no '%2'.").arg(name, missing)};
+    throw RunTimeError{engineerrors::NotADatabase,
+                       u"'%1' is a database of the older engine, but no planner: it has no '%2'."_s.arg(name, missing)};
 }
 } // namespace jeterrors

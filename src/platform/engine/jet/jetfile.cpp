@@ -51,7 +51,7 @@ void Compare(Store& to, JetRows&& from)
         alike = alike && !rows.Next();
     }
     if (!alike || tables != to.TableNames().size())
-        throw RunTimeError{InputOutput, QStringLiteral("What was converted is not what was read back.")};
+        throw RunTimeError{InputOutput, u"What was converted is not what was read back."_s};
 }
 
 QStringList MissingIn(Store& file, const std::vector<TableDef>& expected)
@@ -69,8 +69,8 @@ std::shared_ptr<ByteLocks> ClaimFromAll(const QString& planner)
 {
     auto claim = ClaimAlone(planner);
     if (claim->IsLockedElsewhere(0, plannerformat::OpenModeByte))
-        throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; a program of the older engine has it open.")
-                                      .arg(QFileInfo(planner).fileName())};
+        throw RunTimeError{InUse, u"Could not use '%1'; a program of the older engine has it open."_s.arg(
+                                      QFileInfo(planner).fileName())};
     return claim;
 }
 
@@ -93,14 +93,13 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
     const QString planner = RealPath(from), name = QFileInfo(from).fileName();
     const auto claim = ClaimFromAll(planner);
     if (!QFileInfo(planner).isWritable())
-        throw RunTimeError{ReadOnlyFile, QStringLiteral("You have no permission to write '%1'.").arg(name)};
+        throw RunTimeError{ReadOnlyFile, u"You have no permission to write '%1'."_s.arg(name)};
     QStringList missing;
     sqlitefile::CreateFilled(to, [&](Store& file) {
         Write(file, JetRows(planner, expected), name);
         Compare(file, JetRows(planner, expected));
         if (!IsSameState(before, StatusOf(planner)))
-            throw RunTimeError{InUse,
-                               QStringLiteral("Could not convert '%1'; another program has changed it.").arg(name)};
+            throw RunTimeError{InUse, u"Could not convert '%1'; another program has changed it."_s.arg(name)};
         missing = MissingIn(file, expected);
     });
     return missing;
@@ -113,9 +112,9 @@ QString Replace(const QString& scratch, const QString& target)
     const QString planner = RealPath(target), source = RealPath(scratch);
     const auto claim = ClaimFromAll(planner);
     SqliteConnection(source).CheckHead();
-    const ScratchFile fresh(planner + QLatin1StringView(".new"), status);
+    const ScratchFile fresh(planner + ".new"_L1, status);
     compacting::CopyWhole(source, fresh.Path());
-    const QString kept = FreeNameBeside(planner, QLatin1StringView("old"));
+    const QString kept = FreeNameBeside(planner, "old"_L1);
     CopyToFree(planner, kept, status);
     auto removeKept = qScopeGuard([&] { Unlink(kept); });
     SyncFolderOf(kept);

@@ -24,14 +24,14 @@ JetReader::JetReader(const QString& path, const QStringList& tables)
 {
     const QFileInfo file(path);
     QProcessEnvironment environment; // of ours it gets nothing
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    environment.insert(u"LC_ALL"_s, u"C"_s);
     m_process.setProcessEnvironment(environment);
     m_process.setStandardInputFile(path);
     m_process.setStandardErrorFile(QProcess::nullDevice());
-    m_process.start(folders::ShippedProgram(QStringLiteral("orrelin-readjet")), tables);
+    m_process.start(folders::ShippedProgram(u"orrelin-readjet"_s), tables);
     if (!m_process.waitForStarted())
         throw RunTimeError{engineerrors::NotADatabase,
-                           QStringLiteral("The part of Orrelin that reads older planners is not installed.")};
+                           u"The part of Orrelin that reads older planners is not installed."_s};
     m_frames.emplace(m_process, file.fileName(),
                      JetFrames::Limits{BytesOfDefinitions + BytesPerByte * file.size(), g_patience, Longest});
 }

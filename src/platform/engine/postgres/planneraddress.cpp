@@ -11,7 +11,7 @@
 #include <array>
 
 namespace {
-const QString PlannerName = QStringLiteral("planner");
+const QString PlannerName = u"planner"_s;
 
 struct Parameter
 {
@@ -22,30 +22,29 @@ struct Parameter
 // One host: of two, either might have the planner. No options, files of keys or services, since whoever writes a link
 // must not be able to choose what is sent from this machine; no password, since links lie about on shared drives.
 constexpr std::array Parameters = {
-    Parameter{QLatin1StringView("host"), QLatin1StringView("[A-Za-z0-9._:%-]{1,255}|/[^,\\x00-\\x1f]{0,100}")},
-    Parameter{QLatin1StringView("port"), QLatin1StringView("[1-9][0-9]{0,4}")},
-    Parameter{QLatin1StringView("dbname"), QLatin1StringView("[^\\x00-\\x1f=]{1,63}")},
-    Parameter{QLatin1StringView("user"), QLatin1StringView("[^\\x00-\\x1f]{1,63}")},
-    Parameter{QLatin1StringView("sslmode"), QLatin1StringView("disable|allow|prefer|require|verify-ca|verify-full")},
-    Parameter{QLatin1StringView("sslrootcert"), QLatin1StringView("/[^\\x00-\\x1f]{1,255}")},
-    Parameter{QLatin1StringView("planner"), QLatin1StringView("[a-z][a-z0-9_]{0,39}")},
+    Parameter{"host"_L1, "[A-Za-z0-9._:%-]{1,255}|/[^,\\x00-\\x1f]{0,100}"_L1},
+    Parameter{"port"_L1, "[1-9][0-9]{0,4}"_L1},
+    Parameter{"dbname"_L1, "[^\\x00-\\x1f=]{1,63}"_L1},
+    Parameter{"user"_L1, "[^\\x00-\\x1f]{1,63}"_L1},
+    Parameter{"sslmode"_L1, "disable|allow|prefer|require|verify-ca|verify-full"_L1},
+    Parameter{"sslrootcert"_L1, "/[^\\x00-\\x1f]{1,255}"_L1},
+    Parameter{"planner"_L1, "[a-z][a-z0-9_]{0,39}"_L1},
 };
 
 [[noreturn]] void Refuse(const QString& text)
 {
-    throw RunTimeError{engineerrors::NotADatabase,
-                       QStringLiteral("The address of the planner cannot be used: ") + text};
+    throw RunTimeError{engineerrors::NotADatabase, u"The address of the planner cannot be used: "_s + text};
 }
 
 [[noreturn]] void RefusePassword()
 {
-    Refuse(QStringLiteral("it holds a password, which everybody who sees the file could read. Please take it out; it "
-                          "belongs into your own password file (~/.pgpass)."));
+    Refuse(u"it holds a password, which everybody who sees the file could read. Please take it out; it "
+           "belongs into your own password file (~/.pgpass)."_s);
 }
 
 std::string Quoted(QString value)
 {
-    value.replace(u'\\', QLatin1StringView("\\\\")).replace(u'\'', QLatin1StringView("\\'"));
+    value.replace(u'\\', "\\\\"_L1).replace(u'\'', "\\'"_L1);
     return '\'' + value.toStdString() + '\'';
 }
 } // namespace
@@ -54,36 +53,36 @@ PlannerAddress::PlannerAddress(const QString& uri)
 {
     const QUrl url(uri, QUrl::StrictMode);
     if (!url.isValid() || (url.scheme() != u"postgresql" && url.scheme() != u"postgres"))
-        Refuse(QStringLiteral("it is no address of the form postgresql://HOST/DATABASE."));
+        Refuse(u"it is no address of the form postgresql://HOST/DATABASE."_s);
     if (!url.password().isEmpty() || url.userInfo().contains(u':')) RefusePassword();
-    if (url.hasFragment()) Refuse(QStringLiteral("nothing may follow a '#'."));
-    Take(QStringLiteral("host"), url.host());
-    if (url.port() >= 0) Take(QStringLiteral("port"), QString::number(url.port()));
-    Take(QStringLiteral("user"), url.userName(QUrl::FullyDecoded));
-    Take(QStringLiteral("dbname"), url.path(QUrl::FullyDecoded).mid(1));
+    if (url.hasFragment()) Refuse(u"nothing may follow a '#'."_s);
+    Take(u"host"_s, url.host());
+    if (url.port() >= 0) Take(u"port"_s, QString::number(url.port()));
+    Take(u"user"_s, url.userName(QUrl::FullyDecoded));
+    Take(u"dbname"_s, url.path(QUrl::FullyDecoded).mid(1));
     for (const auto& [name, value] : QUrlQuery(url).queryItems(QUrl::FullyDecoded)) {
-        if (value.isEmpty()) Refuse(QStringLiteral("'%1' has no value.").arg(name));
+        if (value.isEmpty()) Refuse(u"'%1' has no value."_s.arg(name));
         Take(name, value);
     }
-    if (!m_values.contains(QStringLiteral("dbname"))) Refuse(QStringLiteral("it names no database."));
+    if (!m_values.contains(u"dbname"_s)) Refuse(u"it names no database."_s);
 }
 
 void PlannerAddress::Take(const QString& name, const QString& value)
 {
     if (name == u"password") RefusePassword();
     const auto known = std::ranges::find(Parameters, name, &Parameter::name);
-    if (known == Parameters.end()) Refuse(QStringLiteral("'%1' may not be given in it.").arg(name));
+    if (known == Parameters.end()) Refuse(u"'%1' may not be given in it."_s.arg(name));
     if (value.isEmpty()) return;
-    if (m_values.contains(name)) Refuse(QStringLiteral("'%1' is given twice.").arg(name));
+    if (m_values.contains(name)) Refuse(u"'%1' is given twice."_s.arg(name));
     const QRegularExpression form(QRegularExpression::anchoredPattern(known->form));
-    if (!form.match(value).hasMatch()) Refuse(QStringLiteral("'%1' is no %2.").arg(value, name));
+    if (!form.match(value).hasMatch()) Refuse(u"'%1' is no %2."_s.arg(value, name));
     m_values[name] = value;
 }
 
 QString PlannerAddress::Uri() const
 {
     QUrl url;
-    url.setScheme(QStringLiteral("postgresql"));
+    url.setScheme(u"postgresql"_s);
     QUrlQuery query;
     for (const auto& [name, value] : m_values.asKeyValueRange()) {
         if (name == u"host" && !value.startsWith(u'/'))
@@ -92,7 +91,7 @@ QString PlannerAddress::Uri() const
             url.setUserName(value, QUrl::DecodedMode);
         else if (name == u"dbname")
             url.setPath(u'/' + value, QUrl::DecodedMode);
-        else if (name == u"port" && !m_values.value(QStringLiteral("host")).startsWith(u'/'))
+        else if (name == u"port" && !m_values.value(u"host"_s).startsWith(u'/'))
             url.setPort(value.toInt());
         else
             query.addQueryItem(name, QString::fromLatin1(QUrl::toPercentEncoding(value, "/")));
@@ -100,16 +99,14 @@ QString PlannerAddress::Uri() const
     url.setQuery(query);
     const QString text = QString::fromLatin1(url.toEncoded());
     // Without a host the form still needs its two slashes.
-    return text.contains(QLatin1StringView("://"))
-               ? text
-               : QString(text).replace(QLatin1StringView("postgresql:"), QLatin1StringView("postgresql://"));
+    return text.contains("://"_L1) ? text : QString(text).replace("postgresql:"_L1, "postgresql://"_L1);
 }
 
 QString PlannerAddress::Server() const
 {
-    const QString host = m_values.value(QStringLiteral("host"), QStringLiteral("localhost"));
-    QString server = host.toLower() + u':' + m_values.value(QStringLiteral("port"), QStringLiteral("5432"));
-    for (const QString& name : {QStringLiteral("user"), QStringLiteral("sslmode"), QStringLiteral("sslrootcert")}) {
+    const QString host = m_values.value(u"host"_s, u"localhost"_s);
+    QString server = host.toLower() + u':' + m_values.value(u"port"_s, u"5432"_s);
+    for (const QString& name : {u"user"_s, u"sslmode"_s, u"sslrootcert"_s}) {
         if (m_values.contains(name)) server += u' ' + name + u'=' + m_values.value(name);
     }
     return server;
@@ -122,7 +119,7 @@ QString PlannerAddress::Planner() const
 
 QString PlannerAddress::Schema() const
 {
-    return QLatin1StringView("orrelin_") + Planner();
+    return "orrelin_"_L1 + Planner();
 }
 
 std::string PlannerAddress::Connection() const

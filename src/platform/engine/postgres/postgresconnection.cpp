@@ -139,9 +139,8 @@ PostgresConnection::Backend PostgresConnection::Open()
     // A pooler hands each transaction to whichever session is free, and locks would lie in another's.
     if (told.size() != 1 || NumberOf(told[0][0]) != Process())
         throw RunTimeError{BrokenConnection,
-                           QStringLiteral("'%1' cannot be opened: there is a connection pooler before the server, "
-                                          "which would lose the locks of days. Please use the server's own port.")
-                               .arg(m_name)};
+                           u"'%1' cannot be opened: there is a connection pooler before the server, "
+                           "which would lose the locks of days. Please use the server's own port."_s.arg(m_name)};
     return {std::to_string(Process()), TextOf(told[0][1]).toStdString()};
 }
 
@@ -363,8 +362,7 @@ void PostgresConnection::FindOutWhetherCommitted(const RunTimeError& loss)
     }
     if (state == "committed") return;
     if (state == "aborted") throw loss;
-    throw RunTimeError{loss.Number,
-                       loss.Description + QStringLiteral(" It is not known whether the change was saved.")};
+    throw RunTimeError{loss.Number, loss.Description + u" It is not known whether the change was saved."_s};
 }
 
 std::string PostgresConnection::StateOf(const std::string& transaction)

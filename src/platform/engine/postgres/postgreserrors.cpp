@@ -43,24 +43,24 @@ RunTimeError RunTimeErrorOf(const pqxx::sql_error& error, bool writing, const QS
     const auto fits = [&](const Meaning& meaning) { return state.starts_with(meaning.state); };
     const auto found = std::ranges::find_if(Meanings, fits);
     if (found == Meanings.end())
-        return {InputOutput, QStringLiteral("'%1': the server reports: %2").arg(name, FirstLine(error.what()))};
+        return {InputOutput, u"'%1': the server reports: %2"_s.arg(name, FirstLine(error.what()))};
     return {writing ? found->number : found->numberReading, QString::fromUtf16(found->text).arg(name)};
 }
 
 RunTimeError RolledBackError(bool writing, const QString& name)
 {
-    return {writing ? CouldNotSave : Busy, QStringLiteral("'%1': another user is saving to it just now.").arg(name)};
+    return {writing ? CouldNotSave : Busy, u"'%1': another user is saving to it just now."_s.arg(name)};
 }
 
 RunTimeError BrokenConnectionError(const QString& name, const char* detail)
 {
-    const QString text = QStringLiteral("There is no connection to the server of '%1'").arg(name);
-    return {BrokenConnection, *detail ? text + QLatin1StringView(": ") + FirstLine(detail) : text + u'.'};
+    const QString text = u"There is no connection to the server of '%1'"_s.arg(name);
+    return {BrokenConnection, *detail ? text + ": "_L1 + FirstLine(detail) : text + u'.'};
 }
 
 RunTimeError SenselessAnswerError()
 {
-    return {InputOutput, QStringLiteral("The server's answer makes no sense. It may be no server of planners.")};
+    return {InputOutput, u"The server's answer makes no sense. It may be no server of planners."_s};
 }
 
 bool EndsSession(const pqxx::sql_error& error)

@@ -18,7 +18,7 @@ std::string Text(quint32 number)
 }
 } // namespace
 
-const QString PostgresSchema::FormatTable = QStringLiteral("planner format");
+const QString PostgresSchema::FormatTable = u"planner format"_s;
 
 pqxx::result PostgresSchema::AskOf(const std::string& statement) const
 {
@@ -36,7 +36,7 @@ std::optional<PostgresSchema::Mark> PostgresSchema::FindMark() const
     if (mark.size() != 1 || mark[0][0].is_null()) return {};
     const QString id = TextOf(mark[0][1]);
     // It goes into statements.
-    static const QRegularExpression form(QStringLiteral("^[0-9a-f-]{36}$"));
+    static const QRegularExpression form(u"^[0-9a-f-]{36}$"_s);
     if (!form.match(id).hasMatch()) return {};
     return Mark{static_cast<int>(NumberOf(mark[0][0])), id, static_cast<quint32>(NumberOf(table[0][0]))};
 }
@@ -44,11 +44,9 @@ std::optional<PostgresSchema::Mark> PostgresSchema::FindMark() const
 void PostgresSchema::Create()
 {
     if (FindMark())
-        throw RunTimeError{engineerrors::FileExists,
-                           QStringLiteral("The server's database has a planner of this name already.")};
+        throw RunTimeError{engineerrors::FileExists, u"The server's database has a planner of this name already."_s};
     if (m_connection.AskOne("SHOW server_encoding") != u"UTF8")
-        throw RunTimeError{engineerrors::NotSupported,
-                           QStringLiteral("The server's database must have the encoding UTF8.")};
+        throw RunTimeError{engineerrors::NotSupported, u"The server's database must have the encoding UTF8."_s};
     const std::string schema = QuotedName(m_schema).toStdString();
     if (AskOf("SELECT 1 FROM pg_namespace WHERE nspname = $1::text").empty())
         m_connection.Ask("CREATE SCHEMA " + schema);
@@ -96,8 +94,8 @@ TableDef PostgresSchema::Definition(const Table& table) const
         const auto field = FieldOf(name, TextOf(row[1]));
         if (!field)
             throw RunTimeError{engineerrors::NotADatabase,
-                               QStringLiteral("The table '%1' has a column '%2' of a type that no planner has: %3.")
-                                   .arg(table.name, name, TextOf(row[1]))};
+                               u"The table '%1' has a column '%2' of a type that no planner has: %3."_s.arg(
+                                   table.name, name, TextOf(row[1]))};
         definition.Fields.push_back(*field);
     }
     for (const auto& row :
@@ -106,7 +104,7 @@ TableDef PostgresSchema::Definition(const Table& table) const
                           "JOIN pg_attribute AS part ON part.attrelid = i.indrelid AND part.attnum = i.indkey[0] "
                           "WHERE i.indrelid = $1::oid AND NOT i.indisprimary ORDER BY own.oid",
                           {Text(table.number)})) {
-        const QString sign = NumberOf(row[3]) != 0 ? QStringLiteral("-") : QString();
+        const QString sign = NumberOf(row[3]) != 0 ? u"-"_s : QString();
         definition.Indexes.push_back({TextOf(row[0]), sign + TextOf(row[2]), IsTrue(row[1])});
     }
     return definition;

@@ -72,14 +72,12 @@ void PostgresStore::Welcome()
     if (m_planner == Planner::New) return;
     const auto mark = Schema().FindMark();
     if (!mark || mark->version < 1)
-        throw RunTimeError{
-            NotADatabase, QStringLiteral("'%1' cannot be opened: its server has no planner of this name.").arg(m_name)};
+        throw RunTimeError{NotADatabase,
+                           u"'%1' cannot be opened: its server has no planner of this name."_s.arg(m_name)};
     if (mark->version > PostgresSchema::Version) RaiseNewer(m_name);
     if (!m_id.isEmpty() && m_id != mark->id)
-        throw RunTimeError{BrokenConnection,
-                           QStringLiteral("The server of '%1' has another planner now. Please open it "
-                                          "again.")
-                               .arg(m_name)};
+        throw RunTimeError{BrokenConnection, u"The server of '%1' has another planner now. Please open it "
+                                             "again."_s.arg(m_name)};
     m_openMode.Enter(mark->id, {mark->table, 0}, m_name);
     m_id = mark->id;
     const std::string channel = ChannelOf(mark->id);
@@ -123,7 +121,7 @@ void PostgresStore::CreateTable(const TableDef& table)
         names += index.Name;
     for (const QString& name : names)
         if (name.toUtf8().size() > LongestName)
-            throw RunTimeError{InvalidArgument, QStringLiteral("The name '%1' is too long for a server.").arg(name)};
+            throw RunTimeError{InvalidArgument, u"The name '%1' is too long for a server."_s.arg(name)};
     m_connection.Write([&] {
         if (Schema().Find(table.Name) || table.Name == PostgresSchema::FormatTable) RaiseTableExists(table.Name);
         m_connection.Ask(m_text->CreateTable(table));
@@ -264,11 +262,9 @@ void PostgresStore::InsertAll(const TableDef& table, const std::vector<Row>& row
 void PostgresStore::RefuseWithoutLock(const TableDef& table, qint64 id) const
 {
     if (Holds(table, id)) return;
-    throw RunTimeError{
-        BrokenConnection,
-        QStringLiteral("The connection to the server of '%1' was broken, and the lock of this record with "
-                       "it. Nothing was saved.")
-            .arg(m_name)};
+    throw RunTimeError{BrokenConnection,
+                       u"The connection to the server of '%1' was broken, and the lock of this record with "
+                       "it. Nothing was saved."_s.arg(m_name)};
 }
 
 void PostgresStore::Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values)
@@ -356,7 +352,7 @@ void PostgresStore::Rollback()
 
 void PostgresStore::BackUp(const QString&)
 {
-    throw RunTimeError{NotSupported, QStringLiteral("A planner on a server is copied by the server's own means.")};
+    throw RunTimeError{NotSupported, u"A planner on a server is copied by the server's own means."_s};
 }
 
 void PostgresStore::Refresh()

@@ -19,7 +19,7 @@ std::string Plain(const QString& text)
 {
     if (text.contains(QChar(u'\0')))
         throw RunTimeError{engineerrors::TypeMismatch,
-                           QStringLiteral("A text that holds the character 0 cannot be kept on a server.")};
+                           u"A text that holds the character 0 cannot be kept on a server."_s};
     return text.toStdString();
 }
 
@@ -100,7 +100,7 @@ std::string ArrayOf(const QStringList& texts)
 {
     QStringList parts;
     for (QString text : texts)
-        parts += u'"' + text.replace(u'\\', QLatin1StringView("\\\\")).replace(u'"', QLatin1StringView("\\\"")) + u'"';
+        parts += u'"' + text.replace(u'\\', "\\\\"_L1).replace(u'"', "\\\""_L1) + u'"';
     return Plain(u'{' + parts.join(u',') + u'}');
 }
 

@@ -30,7 +30,7 @@ std::string Own()
 QString Person(const QString& label)
 {
     const QStringList parts = label.mid(Prefix.size()).split(u'@');
-    if (!label.startsWith(Prefix) || parts.size() != 2) return QStringLiteral("another user");
+    if (!label.startsWith(Prefix) || parts.size() != 2) return u"another user"_s;
     const auto plain = [](const QString& part) { return QUrl::fromPercentEncoding(part.toLatin1()); };
     return PersonText(plain(parts[0]), plain(parts[1]));
 }

@@ -20,8 +20,8 @@ namespace {
     const bool forbidden = error == EACCES || error == EPERM || error == EROFS;
     const QString name = QFileInfo(path).fileName();
     throw RunTimeError{forbidden ? engineerrors::ReadOnlyFile : engineerrors::InputOutput,
-                       QStringLiteral("Could not write '%1', which keeps the users of the planner apart: %2.")
-                           .arg(name, QString::fromLocal8Bit(std::strerror(error)))};
+                       u"Could not write '%1', which keeps the users of the planner apart: %2."_s.arg(
+                           name, QString::fromLocal8Bit(std::strerror(error)))};
 }
 } // namespace
 
@@ -47,21 +47,19 @@ void ByteLocks::RefuseIfDatabase() const
     std::array<char, Magic.size()> head = {};
     if (::pread(m_file.Number(), head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) return;
     if (std::string_view(head.data(), head.size()) != Magic) return;
-    throw RunTimeError{
-        engineerrors::InputOutput,
-        QStringLiteral("'%1' is a database, but its name is that of the file which keeps the users of the "
-                       "planner apart.")
-            .arg(QFileInfo(m_path).fileName())};
+    throw RunTimeError{engineerrors::InputOutput,
+                       u"'%1' is a database, but its name is that of the file which keeps the users of the "
+                       "planner apart."_s.arg(QFileInfo(m_path).fileName())};
 }
 
 bool ByteLocks::TryLock(off_t byte, Mode mode)
 {
     if (ChangeLock(byte, mode)) return true;
     if (errno == EAGAIN || errno == EACCES) return false;
-    throw RunTimeError{engineerrors::NoLocks,
-                       QStringLiteral("Could not lock '%1': this drive keeps no locks (%2), so two users could write "
-                                      "over each other's notes.")
-                           .arg(QFileInfo(m_path).fileName(), QString::fromLocal8Bit(std::strerror(errno)))};
+    throw RunTimeError{
+        engineerrors::NoLocks,
+        u"Could not lock '%1': this drive keeps no locks (%2), so two users could write "
+        "over each other's notes."_s.arg(QFileInfo(m_path).fileName(), QString::fromLocal8Bit(std::strerror(errno)))};
 }
 
 bool ByteLocks::ChangeLock(off_t byte, Mode mode)

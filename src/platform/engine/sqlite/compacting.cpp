@@ -33,14 +33,13 @@ QStringList Inventory(SqliteConnection& connection)
         SQLite::Database& library = connection.Library();
         for (const QString& table : sqliteschema::TableNames(library)) {
             QString name = table;
-            const QString count =
-                QLatin1StringView("SELECT count(*) FROM \"%1\"").arg(name.replace(u'"', QLatin1StringView("\"\"")));
-            lines += QStringLiteral("%1: %2").arg(table).arg(library.execAndGet(count.toStdString()).getInt64());
+            const QString count = "SELECT count(*) FROM \"%1\""_L1.arg(name.replace(u'"', "\"\""_L1));
+            lines += u"%1: %2"_s.arg(table).arg(library.execAndGet(count.toStdString()).getInt64());
         }
         if (!library.tableExists("sqlite_sequence")) return;
         SQLite::Statement next(library, "SELECT name, seq FROM sqlite_sequence");
         while (next.executeStep())
-            lines += QStringLiteral("%1 at %2").arg(TextOf(next.getColumn(0))).arg(next.getColumn(1).getInt64());
+            lines += u"%1 at %2"_s.arg(TextOf(next.getColumn(0))).arg(next.getColumn(1).getInt64());
     });
     lines.sort();
     return lines;
@@ -63,14 +62,14 @@ void CompareWith(SqliteConnection& source, const QString& path)
     made.CheckHead();
     made.CheckWhole();
     if (Inventory(made) != Inventory(source))
-        throw RunTimeError{InputOutput, QStringLiteral("'%1' has not become a copy.").arg(path)};
+        throw RunTimeError{InputOutput, u"'%1' has not become a copy."_s.arg(path)};
 }
 
 void RefuseExisting(const QString& to)
 {
-    if (Exists(to)) throw RunTimeError{FileExists, QStringLiteral("'%1' exists already.").arg(to)};
+    if (Exists(to)) throw RunTimeError{FileExists, u"'%1' exists already."_s.arg(to)};
     if (!QFileInfo(to).dir().exists())
-        throw RunTimeError{InvalidPath, QStringLiteral("'%1' cannot be made: its folder does not exist.").arg(to)};
+        throw RunTimeError{InvalidPath, u"'%1' cannot be made: its folder does not exist."_s.arg(to)};
 }
 } // namespace
 
@@ -85,7 +84,7 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
     const auto claim = ClaimAlone(real);
     source.RefuseIfMoved();
     SetUpAndCheck(source);
-    const ScratchFile fresh(to + QLatin1StringView(".new"), status);
+    const ScratchFile fresh(to + ".new"_L1, status);
     VacuumInto(source, fresh.Path());
     CompareWith(source, fresh.Path());
     Sync(fresh.Path());
@@ -114,7 +113,7 @@ QString Replace(const QString& scratch, const QString& target)
         planner.CheckHead(); // its own journal is played back now: the old planner has to be whole until the last step
         SqliteConnection(source).CheckHead();
     }
-    const ScratchFile fresh(real + QLatin1StringView(".new"), status);
+    const ScratchFile fresh(real + ".new"_L1, status);
     CopyWhole(source, fresh.Path());
     const LibraryLock others(real);
     PutInPlace(fresh.Path(), real);

@@ -31,8 +31,7 @@ void CopyPages(SQLite::Database& source, SQLite::Database& target)
         result = backup.executeStep(PagesOfStep);
         const bool isHeldUp = result == SQLITE_BUSY || result == SQLITE_LOCKED;
         if ((isHeldUp && ++attempt > Attempts) || (result != SQLITE_DONE && wholeCopy.hasExpired()))
-            throw RunTimeError{engineerrors::CouldNotSave,
-                               QStringLiteral("Others keep the planner from being copied.")};
+            throw RunTimeError{engineerrors::CouldNotSave, u"Others keep the planner from being copied."_s};
         if (isHeldUp) QThread::msleep(BetweenAttempts);
     }
 }
@@ -51,7 +50,7 @@ bool IsSound(SQLite::Database& copy)
 
 void CopyOnline(SqliteConnection& source, const QString& path, const QString& to)
 {
-    const ScratchFile fresh(to + QLatin1StringView(".new"), wholefiles::StatusOf(path));
+    const ScratchFile fresh(to + ".new"_L1, wholefiles::StatusOf(path));
     try {
         SQLite::Database target(QFile::encodeName(fresh.Path()).toStdString(), SQLite::OPEN_READWRITE);
         target.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // nobody sees it before it is whole
@@ -60,7 +59,7 @@ void CopyOnline(SqliteConnection& source, const QString& path, const QString& to
             damage::Tell(path);
             throw RunTimeError{
                 engineerrors::NotADatabase,
-                QStringLiteral("The planner '%1' is damaged. No copy was made of it.").arg(QFileInfo(path).fileName())};
+                u"The planner '%1' is damaged. No copy was made of it."_s.arg(QFileInfo(path).fileName())};
         }
     } catch (const SQLite::Exception& error) {
         throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(to).fileName());

@@ -32,7 +32,7 @@ QString FirstFree(const QString& stem, const QString& extension)
 
 QString LockFileOf(const QString& planner)
 {
-    return PartsOf(planner).stem + QLatin1StringView(".ldb");
+    return PartsOf(planner).stem + ".ldb"_L1;
 }
 
 QString FreeNameBeside(const QString& planner, QLatin1StringView word)
@@ -43,5 +43,5 @@ QString FreeNameBeside(const QString& planner, QLatin1StringView word)
 
 QString FreeBackupOf(const QString& planner)
 {
-    return FirstFree(PartsOf(planner).stem + QLatin1StringView(".bak"), {});
+    return FirstFree(PartsOf(planner).stem + ".bak"_L1, {});
 }

@@ -99,7 +99,7 @@ qint64 Rows(const Tables& tables)
 struct State
 {
     State(const QString& planner, const struct stat& status, QLatin1StringView suffix)
-        : copy(planner + suffix, status), rebuilt(planner + suffix + QLatin1StringView(".new"), status)
+        : copy(planner + suffix, status), rebuilt(planner + suffix + ".new"_L1, status)
     {
         CopyInto(planner, copy.Path());
     }
@@ -165,12 +165,11 @@ RepairReport Repairer::Run()
     State& state = Choose();
     const QString name = QFileInfo(m_planner).fileName();
     if (!state.isFound && !state.hasHead)
-        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner: nothing in it can be read.").arg(name)};
+        throw RunTimeError{NotADatabase, u"'%1' is not a planner: nothing in it can be read."_s.arg(name)};
     if (!state.isFound)
         throw RunTimeError{
             NotADatabase,
-            QStringLiteral("Nothing can be read any more in the damaged planner '%1'. It is left as it was.")
-                .arg(name)};
+            u"Nothing can be read any more in the damaged planner '%1'. It is left as it was."_s.arg(name)};
     Claim();
     const QString kept = KeepDamaged();
     Exchange(state);
@@ -179,9 +178,9 @@ RepairReport Repairer::Run()
 
 void Repairer::Look()
 {
-    m_asItIs = std::make_unique<State>(m_planner, m_status, QLatin1StringView(".asis"));
+    m_asItIs = std::make_unique<State>(m_planner, m_status, ".asis"_L1);
     if (HasHotJournal(m_planner)) {
-        m_playedBack = std::make_unique<State>(m_planner, m_status, QLatin1StringView(".back"));
+        m_playedBack = std::make_unique<State>(m_planner, m_status, ".back"_L1);
         const ScratchFile journal(JournalOf(m_playedBack->copy.Path()), m_status);
         CopyInto(JournalOf(m_planner), journal.Path());
         m_playedBack->verdict = Judge(m_playedBack->copy.Path());
@@ -217,7 +216,7 @@ State& Repairer::Choose()
 
 QString Repairer::KeepDamaged() const
 {
-    const QString kept = FreeNameBeside(m_planner, QLatin1StringView("damaged"));
+    const QString kept = FreeNameBeside(m_planner, "damaged"_L1);
     // The journal first, so that a planner of that name is never without it.
     if (Exists(JournalOf(m_planner))) CopyToFree(JournalOf(m_planner), JournalOf(kept), m_status);
     CopyToFree(m_planner, kept, m_status);

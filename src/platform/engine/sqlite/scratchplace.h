@@ -19,7 +19,7 @@ public:
     const QString& PutBeside() const { return m_beside; } // what lay there; empty if nothing did
 
 private:
-    QString Lock() const { return m_path + QLatin1StringView(".lock"); }
+    QString Lock() const { return m_path + ".lock"_L1; }
     void Take();
     void Clear();
     void PutAside();

@@ -83,7 +83,7 @@ QString HolderOf(const ByteLocks& locks, HeldRecord held)
         const QString name = LookForHolder(locks, held);
         if (!name.isEmpty()) return name;
     }
-    return QStringLiteral("another user");
+    return u"another user"_s;
 }
 
 Session::Session(ByteLocks& locks) : m_locks(locks), m_number(0)
@@ -91,7 +91,7 @@ Session::Session(ByteLocks& locks) : m_locks(locks), m_number(0)
     while (m_number < MaximalSessions && !m_locks.TryLock(LifeByte(m_number), ByteLocks::Exclusive))
         ++m_number;
     if (m_number == MaximalSessions)
-        throw RunTimeError{engineerrors::NoLocks, QStringLiteral("Too many users have this planner open.")};
+        throw RunTimeError{engineerrors::NoLocks, u"Too many users have this planner open."_s};
     const SessionEntry entry = OwnEntry();
     m_locks.Write(PlaceOf(m_number), &entry, sizeof entry);
 }

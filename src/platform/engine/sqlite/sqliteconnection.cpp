@@ -38,7 +38,7 @@ bool CanKeepJournal(const QString& path)
 
 RunTimeError ReadOnlyError(const QString& name)
 {
-    return {ReadOnlyFile, QStringLiteral("Could not write '%1': the file or its folder is read-only.").arg(name)};
+    return {ReadOnlyFile, u"Could not write '%1': the file or its folder is read-only."_s.arg(name)};
 }
 
 SQLite::Database Open(const QString& path, const QString& name)
@@ -90,7 +90,7 @@ void SqliteConnection::CheckOwnership()
     const int version = m_database.execAndGet("PRAGMA user_version").getInt();
     m_database.execAndGet("SELECT count(*) FROM sqlite_schema");
     if (id != plannerformat::ApplicationId || version < 1)
-        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(m_name)};
+        throw RunTimeError{NotADatabase, u"'%1' is not a planner."_s.arg(m_name)};
     if (version > plannerformat::Version) RaiseNewer(m_name);
 }
 
@@ -107,7 +107,7 @@ void SqliteConnection::SetUp()
         // no file anew and so needs the folder the least. The readers beside us rule WAL out on a network drive.
         m_database.exec("PRAGMA synchronous = EXTRA");
         if (m_database.execAndGet("PRAGMA journal_mode = PERSIST").getString() != "persist")
-            throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; another program has it open.").arg(m_name)};
+            throw RunTimeError{InUse, u"Could not use '%1'; another program has it open."_s.arg(m_name)};
     });
 }
 
@@ -190,8 +190,7 @@ void SqliteConnection::RefuseIfMoved()
 {
     int moved = 0;
     if (sqlite3_file_control(m_database.getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved)
-        throw RunTimeError{InputOutput,
-                           QStringLiteral("The planner '%1' has been moved or deleted while it was open.").arg(m_name)};
+        throw RunTimeError{InputOutput, u"The planner '%1' has been moved or deleted while it was open."_s.arg(m_name)};
 }
 
 void SqliteConnection::BeginWrite()

@@ -39,9 +39,8 @@ bool IsBusy(int code)
 RunTimeError BusyError(Doing doing, const QString& file)
 {
     if (doing == Doing::Writing)
-        return {CouldNotSave,
-                QStringLiteral("Could not save to '%1'; another user is saving to it just now.").arg(file)};
-    return {Busy, QStringLiteral("Could not read '%1'; another user is saving to it just now.").arg(file)};
+        return {CouldNotSave, u"Could not save to '%1'; another user is saving to it just now."_s.arg(file)};
+    return {Busy, u"Could not read '%1'; another user is saving to it just now."_s.arg(file)};
 }
 } // namespace
 
@@ -60,5 +59,5 @@ RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const Q
     };
     const auto found = std::ranges::find_if(Meanings, fits);
     if (found != Meanings.end()) return {found->number, QString::fromUtf16(found->text).arg(file)};
-    return {InputOutput, QStringLiteral("'%1': %2.").arg(file, QString::fromUtf8(error.what()))};
+    return {InputOutput, u"'%1': %2."_s.arg(file, QString::fromUtf8(error.what()))};
 }

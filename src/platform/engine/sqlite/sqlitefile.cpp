@@ -45,8 +45,7 @@ template <std::size_t Count>
     const QString name = QFileInfo(path).fileName();
     for (const Meaning& meaning : meanings)
         if (meaning.error == error) throw RunTimeError{meaning.number, QString::fromUtf16(meaning.text).arg(name)};
-    throw RunTimeError{InputOutput,
-                       QStringLiteral("'%1': %2.").arg(name, QString::fromLocal8Bit(std::strerror(error)))};
+    throw RunTimeError{InputOutput, u"'%1': %2."_s.arg(name, QString::fromLocal8Bit(std::strerror(error)))};
 }
 } // namespace
 
@@ -75,7 +74,7 @@ std::shared_ptr<Store> Create(const QString& path)
 
 void CreateFilled(const QString& path, const std::function<void(Store&)>& write)
 {
-    const QString fresh = path + QLatin1StringView(".new");
+    const QString fresh = path + ".new"_L1;
     ScratchFile::Remove(fresh);
     auto remove = qScopeGuard([&] {
         ScratchFile::Remove(fresh);

@@ -35,7 +35,7 @@ std::vector<Index> IndexesOf(SQLite::Database& database, const QString& table)
                        "WHERE part.seqno = 0 AND list.origin = 'c' ORDER BY item.rowid",
                        table);
     while (rows.executeStep()) {
-        const QString sign = rows.getColumn(3).getInt() != 0 ? QStringLiteral("-") : QString();
+        const QString sign = rows.getColumn(3).getInt() != 0 ? u"-"_s : QString();
         indexes.push_back(
             {TextOf(rows.getColumn(0)), sign + TextOf(rows.getColumn(2)), rows.getColumn(1).getInt() != 0});
     }

@@ -36,8 +36,7 @@ int NumberOf(int error)
 
 [[noreturn]] void Raise(const QString& path, int error)
 {
-    throw RunTimeError{NumberOf(error),
-                       QStringLiteral("'%1': %2.").arg(NameOf(path), QString::fromLocal8Bit(std::strerror(error)))};
+    throw RunTimeError{NumberOf(error), u"'%1': %2."_s.arg(NameOf(path), QString::fromLocal8Bit(std::strerror(error)))};
 }
 
 // A descriptor whose errors are raised.
@@ -83,7 +82,7 @@ struct stat StatusOf(const QString& path)
     struct stat status = {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
         if (NumberOf(errno) != FileNotFound) Raise(path, errno);
-        throw RunTimeError{FileNotFound, QStringLiteral("Could not find file '%1'.").arg(NameOf(path))};
+        throw RunTimeError{FileNotFound, u"Could not find file '%1'."_s.arg(NameOf(path))};
     }
     return status;
 }
@@ -92,7 +91,7 @@ struct stat StatusOfFile(const QString& path)
 {
     const struct stat status = StatusOf(path);
     if (!S_ISREG(status.st_mode) || status.st_size == 0)
-        throw RunTimeError{NotADatabase, QStringLiteral("'%1' is not a planner.").arg(NameOf(path))};
+        throw RunTimeError{NotADatabase, u"'%1' is not a planner."_s.arg(NameOf(path))};
     return status;
 }
 
@@ -103,7 +102,7 @@ QString RealPath(const QString& path)
 
 QString JournalOf(const QString& planner)
 {
-    return planner + QLatin1StringView("-journal");
+    return planner + "-journal"_L1;
 }
 
 bool Exists(const QString& path)
@@ -154,7 +153,7 @@ void CopyInto(const QString& from, const QString& to)
 
 void CopyToFree(const QString& from, const QString& to, const struct stat& model)
 {
-    const ScratchFile copy(to + QLatin1StringView(".new"), model);
+    const ScratchFile copy(to + ".new"_L1, model);
     CopyInto(from, copy.Path());
     RenameToFree(copy.Path(), to);
 }
@@ -235,5 +234,5 @@ LibraryLock::LibraryLock(const QString& path) : m_file(path, O_RDWR)
 {
     if (!m_file.IsOpen()) Raise(path, errno);
     if (m_file.Lock(F_WRLCK, LibraryLockByte, LibraryLockSize)) return;
-    throw RunTimeError{InUse, QStringLiteral("Could not use '%1'; another program has it open.").arg(NameOf(path))};
+    throw RunTimeError{InUse, u"Could not use '%1'; another program has it open."_s.arg(NameOf(path))};
 }
