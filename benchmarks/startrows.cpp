@@ -27,10 +27,18 @@ std::vector<char*> Environment()
     return lines;
 }
 
-// From here to the end of the started process; false if it did not end well.
-bool Start(std::vector<QByteArray> arguments, int output)
+// Ours, and the floor.
+enum class Program
 {
-    arguments.insert(arguments.begin(), QCoreApplication::applicationDirPath().toUtf8() + "/orrelin-bench-start");
+    Orrelin,
+    Bare
+};
+
+// From here to the end of the started process; false if it did not end well.
+bool Start(Program program, std::vector<QByteArray> arguments, int output)
+{
+    const QByteArray name = program == Program::Orrelin ? "/orrelin-bench-start" : "/orrelin-bench-barestart";
+    arguments.insert(arguments.begin(), QCoreApplication::applicationDirPath().toUtf8() + name);
     std::vector<char*> pointers;
     for (QByteArray& argument : arguments)
         pointers.push_back(argument.data());
@@ -52,12 +60,12 @@ struct Memory
     double Peak = 0;
 };
 
-Memory MemoryOf(const std::vector<QByteArray>& arguments)
+Memory MemoryOf(Program program)
 {
     constexpr double KilobytesPerMegabyte = 1024;
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) return {};
-    const bool started = Start(arguments, ends[1]);
+    const bool started = Start(program, {"--memory"}, ends[1]);
     ::close(ends[1]);
     FILE* told = ::fdopen(ends[0], "r");
     Memory memory;
@@ -77,10 +85,10 @@ void Settle()
     PaintNow();
 }
 
-Side StartOf(const std::vector<QByteArray>& arguments)
+Side StartOf(Program program)
 {
     static bool ended = false;
-    return {[arguments] { ended = Start(arguments, -1); }, Settle, [] { return ended; }};
+    return {[program] { ended = Start(program, {}, -1); }, Settle, [] { return ended; }};
 }
 } // namespace
 
@@ -89,15 +97,9 @@ void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home)
     constexpr int Starts = 20, Looks = 5;
     g_config = "XDG_CONFIG_HOME=" + home.Config().toUtf8();
     g_data = "XDG_DATA_HOME=" + home.Data().toUtf8();
-    add({"start to the painted month", StartOf({}), StartOf({"--bare"}), {Starts}});
-    addMemory({"memory after the start", [] { return MemoryOf({"--memory"}).Resident; },
-               [] {
-                   return MemoryOf({"--bare", "--memory"}).Resident;
-               },
-               Looks});
-    addMemory({"memory at most", [] { return MemoryOf({"--memory"}).Peak; },
-               [] {
-                   return MemoryOf({"--bare", "--memory"}).Peak;
-               },
-               Looks});
+    add({"start to the painted month", StartOf(Program::Orrelin), StartOf(Program::Bare), {Starts}});
+    addMemory({"memory after the start", [] { return MemoryOf(Program::Orrelin).Resident; },
+               [] { return MemoryOf(Program::Bare).Resident; }, Looks});
+    addMemory({"memory at most", [] { return MemoryOf(Program::Orrelin).Peak; },
+               [] { return MemoryOf(Program::Bare).Peak; }, Looks});
 }

@@ -1,6 +1,7 @@
 #include "alarmtesting.h"
 #include "recording.h"
 #include "recurrence/recurform.h"
+#include "testmain.h"
 
 #include <QComboBox>
 #include <QInputMethodEvent>
@@ -270,5 +271,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AlarmClockTest)
+ORRELIN_TEST(AlarmClockTest)
 #include "alarmclocktest.moc"

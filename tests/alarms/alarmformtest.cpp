@@ -2,6 +2,7 @@
 #include "failingstore.h"
 #include "recording.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -393,5 +394,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AlarmFormTest)
+ORRELIN_TEST(AlarmFormTest)
 #include "alarmformtest.moc"

@@ -2,6 +2,7 @@
 
 #include "calendar/dateorder.h"
 #include "platform/runtime/errortail.h"
+#include "testmain.h"
 
 #include <QLocale>
 #include <QTest>
@@ -111,5 +112,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AlarmRulesTest)
+ORRELIN_TEST(AlarmRulesTest)
 #include "alarmrulestest.moc"

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/folders.h"
 #include "recording.h"
+#include "testmain.h"
 
 class TunesTest : public QObject
 {
@@ -86,5 +87,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TunesTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(TunesTest)
 #include "tunestest.moc"

@@ -3,6 +3,7 @@
 #include "platform/controls/orlcombo.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QCheckBox>
 
@@ -140,5 +141,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AppearanceTest)
+ORRELIN_TEST(AppearanceTest)
 #include "appearancetest.moc"

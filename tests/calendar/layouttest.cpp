@@ -2,6 +2,7 @@
 #include "platform/controls/toolbar.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 // Where the four parts of the window lie, and what a person may do about it.
 class LayoutTest : public QObject
@@ -108,5 +109,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(LayoutTest)
+ORRELIN_TEST(LayoutTest)
 #include "layouttest.moc"

@@ -1,6 +1,7 @@
 #include "calendar/moddate.h"
 
 #include "platform/runtime/errortail.h"
+#include "testmain.h"
 
 #include <QTest>
 
@@ -98,5 +99,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModDateTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(ModDateTest)
 #include "moddatetest.moc"

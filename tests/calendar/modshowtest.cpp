@@ -2,6 +2,7 @@
 
 #include "calendar/calendarstate.h"
 #include "platform/runtime/runtimeerror.h"
+#include "testmain.h"
 
 #include <QDate>
 #include <QTest>
@@ -106,5 +107,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModShowTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(ModShowTest)
 #include "modshowtest.moc"

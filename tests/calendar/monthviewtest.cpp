@@ -2,6 +2,7 @@
 #include "platform/look/paper.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 // The month as it stands on the screen, on 17 March 1999 (a month that starts on Monday with 31 days).
 class MonthViewTest : public QObject
@@ -146,5 +147,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(MonthViewTest)
+ORRELIN_TEST(MonthViewTest)
 #include "monthviewtest.moc"

@@ -1,5 +1,6 @@
 #include "platform/controls/picturebutton.h"
 #include "program.h"
+#include "testmain.h"
 
 // Every way of moving through time, with a planner and without; today is 17 March 1999.
 class NavigationTest : public QObject
@@ -135,5 +136,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(NavigationTest)
+ORRELIN_TEST(NavigationTest)
 #include "navigationtest.moc"

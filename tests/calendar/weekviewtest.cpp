@@ -1,5 +1,6 @@
 #include "platform/profile/profile.h"
 #include "program.h"
+#include "testmain.h"
 
 #include <QDate>
 
@@ -138,5 +139,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(WeekViewTest)
+ORRELIN_TEST(WeekViewTest)
 #include "weekviewtest.moc"

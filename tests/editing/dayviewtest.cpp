@@ -3,6 +3,7 @@
 #include "platform/controls/picturebutton.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QGroupBox>
 
@@ -236,5 +237,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DayViewTest)
+ORRELIN_TEST(DayViewTest)
 #include "dayviewtest.moc"

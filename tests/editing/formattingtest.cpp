@@ -4,6 +4,7 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
 #include "program.h"
+#include "testmain.h"
 
 #include <QClipboard>
 #include <QListView>
@@ -313,5 +314,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(FormattingTest)
+ORRELIN_TEST(FormattingTest)
 #include "formattingtest.moc"

@@ -1,6 +1,7 @@
 #include "editing/picturetools.h"
 #include "platform/controls/picturestrip.h"
 #include "program.h"
+#include "testmain.h"
 
 #include <QTabBar>
 
@@ -174,5 +175,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PictureBarTest)
+ORRELIN_TEST(PictureBarTest)
 #include "picturebartest.moc"

@@ -1,5 +1,6 @@
 #include "checks.h"
 #include "platform/engine/testserver.h"
+#include "testmain.h"
 
 #include <QApplication>
 
@@ -23,9 +24,9 @@ bool TakesAll()
 
 int RunChild(const QStringList& words)
 {
-    faultycalls::Watch(words[3].toStdString());
-    const Stage stage{words[3], [&] { faultycalls::Arm(Fault(words[4].toInt()), words[5].toInt()); }};
-    const QString answer = Scenes()[words[2].toInt()].Play(stage);
+    faultycalls::Watch(words[2].toStdString());
+    const Stage stage{words[2], [&] { faultycalls::Arm(Fault(words[3].toInt()), words[4].toInt()); }};
+    const QString answer = Scenes()[words[1].toInt()].Play(stage);
     const int calls = faultycalls::Disarm();
     std::printf("%d\n%s\n", calls, answer.toUtf8().constData());
     std::fflush(stdout);
@@ -45,8 +46,8 @@ public:
         if (QByteArrayView(Scenes()[scene].name) == "move")
             environment.insert(u"ORRELIN_TEST_ADDRESS"_s, TestServer::Get().Uri(u"fault%1"_s.arg(++s_planner)));
         m_child.setProcessEnvironment(environment);
-        m_child.start(QCoreApplication::applicationFilePath(), {u"--child"_s, QString::number(scene), m_folder.path(),
-                                                                QString::number(int(fault)), QString::number(at)});
+        StartAgain(m_child, u"FaultScene"_s,
+                   {QString::number(scene), m_folder.path(), QString::number(int(fault)), QString::number(at)});
     }
 
     // Waits for its end and looks at what is left.
@@ -138,13 +139,14 @@ private Q_SLOTS:
     void cleanupTestCase() { qInfo("%d faults", m_faults); }
 };
 
-int main(int count, char** words)
-{
-    QApplication application(count, words);
-    if (QCoreApplication::arguments().value(1) == u"--child") return RunChild(QCoreApplication::arguments());
+static const Runnable runFaultScene("FaultScene", [](int argc, char** argv) {
+    const QApplication application(argc, argv);
+    return RunChild(QCoreApplication::arguments());
+});
+
+static const Runnable runFaultSuite("FaultSuite", [](int argc, char** argv) {
     if (TakesAll()) qputenv("QTEST_FUNCTION_TIMEOUT", "36000000"); // a row has hundreds of calls
-    FaultSuite suite;
-    return QTest::qExec(&suite, count, words);
-}
+    return RunTest<FaultSuite, QApplication>(argc, argv);
+});
 
 #include "faultsuite.moc"

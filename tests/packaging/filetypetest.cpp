@@ -1,6 +1,7 @@
 #include "files.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/dbengine.h"
+#include "testmain.h"
 
 #include <QDir>
 #include <QMimeDatabase>
@@ -71,8 +72,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
-{
+static const Runnable runFileTypeTest("FileTypeTest", [](int argc, char** argv) {
     // One folder of types, as where the package puts ours.
     const QTemporaryDir data;
     const QString types = data.filePath(u"mime/packages/"_s);
@@ -86,6 +86,6 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     FileTypeTest test(data);
     return QTest::qExec(&test, argc, argv);
-}
+});
 
 #include "filetypetest.moc"

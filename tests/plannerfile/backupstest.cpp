@@ -2,6 +2,7 @@
 
 #include "planners.h"
 #include "program.h"
+#include "testmain.h"
 
 // The copies that are made before the first save of a day.
 class BackupsTest : public QObject
@@ -139,5 +140,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(BackupsTest)
+ORRELIN_TEST(BackupsTest)
 #include "backupstest.moc"

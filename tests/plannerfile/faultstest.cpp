@@ -1,6 +1,7 @@
 #include "failingstore.h"
 #include "plannerfile/rescuefiles.h"
 #include "program.h"
+#include "testmain.h"
 
 // What becomes of notes when the store fails at any call.
 class FaultsTest : public QObject
@@ -170,5 +171,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(FaultsTest)
+ORRELIN_TEST(FaultsTest)
 #include "faultstest.moc"

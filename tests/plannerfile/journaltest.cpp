@@ -6,6 +6,7 @@
 #include "plannerfile/rescuefiles.h"
 #include "platform/controls/timer.h"
 #include "settings/settings.h"
+#include "testmain.h"
 #include "workgroup/workgroupprogram.h"
 
 #include <QListWidget>
@@ -351,5 +352,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(JournalTest)
+ORRELIN_TEST(JournalTest)
 #include "journaltest.moc"

@@ -1,5 +1,6 @@
 #include "platform/engine/sqlite/scratchplace.h"
 #include "program.h"
+#include "testmain.h"
 
 // Compact and Repair as a person runs them.
 class MaintenanceTest : public QObject
@@ -203,5 +204,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(MaintenanceTest)
+ORRELIN_TEST(MaintenanceTest)
 #include "maintenancetest.moc"

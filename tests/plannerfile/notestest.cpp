@@ -1,4 +1,5 @@
 #include "program.h"
+#include "testmain.h"
 
 // Notes typed into the real window, saved, and seen again.
 class NotesTest : public QObject
@@ -183,5 +184,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(NotesTest)
+ORRELIN_TEST(NotesTest)
 #include "notestest.moc"

@@ -2,6 +2,7 @@
 #include "platform/controls/picturebutton.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QDirIterator>
 
@@ -256,5 +257,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(OpeningTest)
+ORRELIN_TEST(OpeningTest)
 #include "openingtest.moc"

@@ -1,6 +1,7 @@
 #include "printing/pagesetupform.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 // The page setup dialog over the keys of section PAGESETUP.
 class PageSetupTest : public QObject
@@ -123,5 +124,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PageSetupTest)
+ORRELIN_TEST(PageSetupTest)
 #include "pagesetuptest.moc"

@@ -12,6 +12,7 @@
 #include "printedpage.h"
 #include "printing/spoolform.h"
 #include "program.h"
+#include "testmain.h"
 
 #include <QPrinter>
 
@@ -268,5 +269,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PrintingTest)
+ORRELIN_TEST(PrintingTest)
 #include "printingtest.moc"

@@ -3,6 +3,7 @@
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
+#include "testmain.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -181,5 +182,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(EventTextTest)
+ORRELIN_TEST(EventTextTest)
 #include "eventtexttest.moc"

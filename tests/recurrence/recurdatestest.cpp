@@ -1,5 +1,7 @@
 #include "recurrence/recurdates.h"
 
+#include "testmain.h"
+
 #include <QDate>
 #include <QTest>
 
@@ -154,5 +156,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(RecurDatesTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(RecurDatesTest)
 #include "recurdatestest.moc"

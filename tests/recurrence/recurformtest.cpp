@@ -6,6 +6,7 @@
 #include "platform/desktop/mousepointer.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QColorDialog>
 #include <QComboBox>
@@ -408,5 +409,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RecurFormTest)
+ORRELIN_TEST(RecurFormTest)
 #include "recurformtest.moc"

@@ -8,6 +8,7 @@
 #include "platform/richtext/rtfreader.h"
 #include "platform/runtime/errortail.h"
 #include "support.h"
+#include "testmain.h"
 
 #include <QProcess>
 #include <QTextDocument>
@@ -263,7 +264,7 @@ private Q_SLOTS:
         QVERIFY(MakeEvent().fnRecurseDaily(Entry(FirstDay()), Entry(FirstDay()), 1));
         ResetPlannerStateForTests();
         QProcess writer;
-        writer.start(QCoreApplication::applicationFilePath(), {u"--write-event"_s, Path(), QString::number(at)});
+        StartAgain(writer, u"WriteEvent"_s, {Path(), QString::number(at)});
         QVERIFY(writer.waitForFinished(120000));
         QCOMPARE(writer.exitStatus(), QProcess::CrashExit);
         Open(Path(), false);
@@ -295,13 +296,11 @@ public:
     }
 };
 
-int main(int argc, char** argv)
-{
-    QApplication application(argc, argv);
-    if (argc == 4 && QLatin1StringView(argv[1]) == "--write-event"_L1)
-        return RecurrenceTest::WriteEvent(QString::fromLocal8Bit(argv[2]), std::atoi(argv[3]));
-    RecurrenceTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+static const Runnable runWriteEvent("WriteEvent", [](int argc, char** argv) {
+    const QApplication application(argc, argv);
+    return RecurrenceTest::WriteEvent(QString::fromLocal8Bit(argv[1]), std::atoi(argv[2]));
+});
+
+ORRELIN_TEST(RecurrenceTest)
 
 #include "recurrencetest.moc"

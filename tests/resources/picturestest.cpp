@@ -1,3 +1,5 @@
+#include "testmain.h"
+
 // Every picture that ships has its icon file, and each size in it can be read and shows something.
 #include <QDir>
 #include <QImageReader>
@@ -42,5 +44,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(PicturesTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(PicturesTest)
 #include "picturestest.moc"

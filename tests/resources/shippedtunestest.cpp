@@ -1,6 +1,7 @@
 // Every tune that ships plays through the program's own player: long enough to be noticed, never louder than a file
 // can hold, and over before it tires.
 #include "recording.h"
+#include "testmain.h"
 
 #include <QDir>
 
@@ -36,5 +37,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ShippedTunesTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(ShippedTunesTest)
 #include "shippedtunestest.moc"

@@ -1,6 +1,7 @@
 #include "alarms/alarmtesting.h"
 #include "plannerfile/recoveryform.h"
 #include "platform/controls/tabstrip.h"
+#include "testmain.h"
 #include "workgroup/workgroupprogram.h"
 
 #include <QAccessible>
@@ -274,5 +275,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AccessibleTest)
+ORRELIN_TEST(AccessibleTest)
 #include "accessibletest.moc"

@@ -4,6 +4,7 @@
 #include "privatebus.h"
 #include "program.h"
 #include "shell/aboutform.h"
+#include "testmain.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -240,8 +241,7 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
-{
+static const Runnable runActivationTest("ActivationTest", [](int argc, char** argv) {
     QTemporaryDir home;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     const QString services = home.filePath(u"dbus-1/services"_s);
@@ -257,6 +257,6 @@ int main(int argc, char** argv)
     const int result = QTest::qExec(&test, argc, argv);
     QDBusConnection::disconnectFromBus(u"desktop"_s);
     return result;
-}
+});
 
 #include "activationtest.moc"

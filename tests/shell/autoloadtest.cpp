@@ -1,6 +1,7 @@
 #include "program.h"
 #include "settingsfile.h"
 #include "shell/autoloadform.h"
+#include "testmain.h"
 
 #include <QCheckBox>
 
@@ -96,5 +97,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AutoloadTest)
+ORRELIN_TEST(AutoloadTest)
 #include "autoloadtest.moc"

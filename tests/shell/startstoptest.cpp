@@ -1,5 +1,6 @@
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QScreen>
 
@@ -105,5 +106,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(StartStopTest)
+ORRELIN_TEST(StartStopTest)
 #include "startstoptest.moc"

@@ -2,6 +2,7 @@
 #include "platform/controls/toolbar.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "tools/datecount.h"
 #include "tools/datediffform.h"
 
@@ -230,5 +231,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DateDifferenceTest)
+ORRELIN_TEST(DateDifferenceTest)
 #include "datedifferencetest.moc"

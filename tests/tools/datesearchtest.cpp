@@ -1,4 +1,5 @@
 #include "program.h"
+#include "testmain.h"
 #include "tools/datesearchform.h"
 
 // Fast Search; today is 17 March 1999.
@@ -66,5 +67,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DateSearchTest)
+ORRELIN_TEST(DateSearchTest)
 #include "datesearchtest.moc"

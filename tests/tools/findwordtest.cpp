@@ -4,6 +4,7 @@
 #include "program.h"
 #include "settings/settings.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "tools/findwordform.h"
 
 // Find Word; today is 17 March 1999.
@@ -235,5 +236,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(FindWordTest)
+ORRELIN_TEST(FindWordTest)
 #include "findwordtest.moc"

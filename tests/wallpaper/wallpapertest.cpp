@@ -2,6 +2,7 @@
 #include "platform/look/paper.h"
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "virtualscreen.h"
 #include "wallpaper/wallpaperform.h"
 
@@ -387,13 +388,10 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
-{
+static const Runnable runWallpaperTest("WallpaperTest", [](int argc, char** argv) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     const VirtualScreen screen(QSize(2400, 1600));
-    QApplication application(argc, argv);
-    WallpaperTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+    return RunTest<WallpaperTest, QApplication>(argc, argv);
+});
 
 #include "wallpapertest.moc"

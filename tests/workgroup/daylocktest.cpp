@@ -1,6 +1,7 @@
 #include "editing/zoomboxform.h"
 #include "failingstore.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "workgroupprogram.h"
 
 // Two users of one planner: the program, which is in March 1999, and a recordset of another connection. The 17th stands
@@ -253,5 +254,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DayLockTest)
+ORRELIN_TEST(DayLockTest)
 #include "daylocktest.moc"

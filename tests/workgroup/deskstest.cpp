@@ -98,9 +98,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int count, char** words)
-{
-    return RunWithOtherProgram<DesksTest>(count, words);
-}
+ORRELIN_TEST(DesksTest)
 
 #include "deskstest.moc"

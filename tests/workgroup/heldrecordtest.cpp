@@ -4,6 +4,7 @@
 #include "failingstore.h"
 #include "platform/desktop/folders.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "workgroupprogram.h"
 
 class HeldRecordTest : public QObject
@@ -248,5 +249,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(HeldRecordTest)
+ORRELIN_TEST(HeldRecordTest)
 #include "heldrecordtest.moc"

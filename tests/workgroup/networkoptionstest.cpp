@@ -1,5 +1,6 @@
 #include "program.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "workgroup/networkoptionform.h"
 #include "workgroup/workgroupstate.h"
 
@@ -63,5 +64,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(NetworkOptionsTest)
+ORRELIN_TEST(NetworkOptionsTest)
 #include "networkoptionstest.moc"

@@ -138,9 +138,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int count, char** words)
-{
-    return RunWithOtherProgram<ServerMoveTest>(count, words);
-}
+ORRELIN_TEST(ServerMoveTest)
 
 #include "servermovetest.moc"

@@ -1,6 +1,7 @@
 #include "editing/zoomboxform.h"
 #include "platform/engine/cuttingproxy.h"
 #include "settingsfile.h"
+#include "testmain.h"
 #include "workgroupprogram.h"
 
 #include <QToolButton>
@@ -349,5 +350,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(ServerScreenTest)
+ORRELIN_TEST(ServerScreenTest)
 #include "serverscreentest.moc"

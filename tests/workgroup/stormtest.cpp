@@ -3,6 +3,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/testserver.h"
 #include "platform/runtime/errortail.h"
+#include "testmain.h"
 #include "workgroup/dayrecord.h"
 
 #include <QCoreApplication>
@@ -117,7 +118,7 @@ class StormTest : public QObject
     {
         auto process = std::make_unique<QProcess>();
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process->start(QCoreApplication::applicationFilePath(), {u"--user"_s, Planner(), JournalOf(user)});
+        StartAgain(*process, u"StormUser"_s, {Planner(), JournalOf(user)});
         return process;
     }
 
@@ -172,6 +173,7 @@ class StormTest : public QObject
 
 private Q_SLOTS:
     void initTestCase_data() { AddStores(); }
+    void initTestCase() { g_bErrorTrap = true; }
 
     void noCommitIsLostOrDoubled()
     {
@@ -209,17 +211,13 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
+static const Runnable runStormUser("StormUser", [](int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
     g_bErrorTrap = true;
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == u"--user") {
-        User(arguments.value(2), arguments.value(3)).Run();
-        return 0;
-    }
-    StormTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+    User(QCoreApplication::arguments().at(1), QCoreApplication::arguments().at(2)).Run();
+    return 0;
+});
+
+ORRELIN_TEST_WITHOUT_WINDOWS(StormTest)
 
 #include "stormtest.moc"

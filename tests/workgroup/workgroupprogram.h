@@ -72,16 +72,3 @@ public:
         QTest::keyClicks(&Box(), text);
     }
 };
-
-// The main of a test whose program can also be the other process.
-template <typename Test>
-int RunWithOtherProgram(int count, char** words)
-{
-    if (count > 1 && QByteArrayView(words[1]) == "--other") {
-        const QCoreApplication application(count, words);
-        return OtherProgram::Serve();
-    }
-    const QApplication application(count, words);
-    Test test;
-    return QTest::qExec(&test, count, words);
-}

@@ -4,6 +4,7 @@
 #include "platform/controls/resources.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/visible.h"
+#include "testmain.h"
 
 #include <QEventLoop>
 #include <QIcon>
@@ -129,5 +130,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(ControlsTest)
+ORRELIN_TEST(ControlsTest)
 #include "controlstest.moc"

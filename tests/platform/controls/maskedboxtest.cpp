@@ -1,6 +1,8 @@
 // The mask box under keys, mouse, clipboard and input methods.
 #include "platform/controls/maskedbox.h"
 
+#include "testmain.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
@@ -201,5 +203,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(MaskedBoxTest)
+ORRELIN_TEST(MaskedBoxTest)
 #include "maskedboxtest.moc"

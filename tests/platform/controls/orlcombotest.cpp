@@ -1,6 +1,7 @@
 #include "platform/controls/orlcombo.h"
 
 #include "platform/runtime/runtimeerror.h"
+#include "testmain.h"
 
 #include <QAbstractItemView>
 #include <QFontDatabase>
@@ -248,5 +249,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(ORLComboTest)
+ORRELIN_TEST(ORLComboTest)
 #include "orlcombotest.moc"

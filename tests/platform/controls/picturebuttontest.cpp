@@ -2,6 +2,7 @@
 #include "platform/controls/picturebutton.h"
 
 #include "platform/controls/resources.h"
+#include "testmain.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -214,5 +215,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PictureButtonTest)
+ORRELIN_TEST(PictureButtonTest)
 #include "picturebuttontest.moc"

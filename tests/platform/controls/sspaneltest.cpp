@@ -2,6 +2,7 @@
 #include "platform/controls/sspanel.h"
 
 #include "platform/look/paper.h"
+#include "testmain.h"
 
 #include <QImage>
 #include <QPaintEvent>
@@ -263,5 +264,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(SSPanelTest)
+ORRELIN_TEST(SSPanelTest)
 #include "sspaneltest.moc"

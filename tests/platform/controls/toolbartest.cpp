@@ -2,6 +2,7 @@
 
 #include "errorof.h"
 #include "platform/controls/resources.h"
+#include "testmain.h"
 
 #include <QFile>
 #include <QMessageBox>
@@ -271,5 +272,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(ToolbarTest)
+ORRELIN_TEST(ToolbarTest)
 #include "toolbartest.moc"

@@ -7,6 +7,7 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/desktop/titlewidth.h"
 #include "support.h"
+#include "testmain.h"
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -242,5 +243,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DesktopDialogTest)
+ORRELIN_TEST(DesktopDialogTest)
 #include "desktopdialogtest.moc"

@@ -1,6 +1,7 @@
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/folders.h"
 #include "support.h"
+#include "testmain.h"
 
 class DesktopFilesTest : public QObject
 {
@@ -125,5 +126,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DesktopFilesTest)
+ORRELIN_TEST(DesktopFilesTest)
 #include "desktopfilestest.moc"

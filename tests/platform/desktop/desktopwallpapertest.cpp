@@ -3,6 +3,7 @@
 #include "platform/desktop/wallpaper.h"
 #include "privatebus.h"
 #include "support.h"
+#include "testmain.h"
 #include "virtualscreen.h"
 
 #include <QDBusConnection>
@@ -337,13 +338,12 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
-{
+static const Runnable runDesktopWallpaperTest("DesktopWallpaperTest", [](int argc, char** argv) {
     const VirtualScreen screen(QSize(800, 600));
     PlayedBus bus;
     QApplication application(argc, argv);
     DesktopWallpaperTest test(bus);
     return QTest::qExec(&test, argc, argv);
-}
+});
 
 #include "desktopwallpapertest.moc"

@@ -4,6 +4,7 @@
 #include "platform/desktop/helppage.h"
 #include "platform/desktop/helpviewer.h"
 #include "support.h"
+#include "testmain.h"
 
 #include <QAction>
 #include <QLabel>
@@ -287,5 +288,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(HelpTest)
+ORRELIN_TEST(HelpTest)
 #include "helptest.moc"

@@ -1,4 +1,5 @@
 #include "recording.h"
+#include "testmain.h"
 
 #include <QTemporaryFile>
 
@@ -287,5 +288,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(SoundTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(SoundTest)
 #include "soundtest.moc"

@@ -1,6 +1,7 @@
 // A planner made compact and put into its own place: nothing lost, whoever is in the way and whatever ends it.
 #include "damagetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "testmain.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -128,5 +129,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(CompactTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(CompactTest)
 #include "compacttest.moc"

@@ -3,6 +3,7 @@
 
 #include "errorof.h"
 #include "platform/engine/dbengine.h"
+#include "testmain.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -54,7 +55,7 @@ public:
     OtherProgram()
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationFilePath(), {u"--other"_s});
+        StartAgain(m_process, u"OtherProgram"_s);
         m_process.waitForStarted();
     }
     ~OtherProgram()
@@ -126,12 +127,7 @@ private:
     QProcess m_process;
 };
 
-// A test program that can also be the second program.
-#define ENGINE_TEST_MAIN(Test)                                                                                         \
-    int main(int count, char** words)                                                                                  \
-    {                                                                                                                  \
-        QCoreApplication application(count, words);                                                                    \
-        if (application.arguments().contains("--other"_L1)) return OtherProgram::Serve();                              \
-        Test test;                                                                                                     \
-        return QTest::qExec(&test, count, words);                                                                      \
-    }
+inline const Runnable runOtherProgram("OtherProgram", [](int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    return OtherProgram::Serve();
+});

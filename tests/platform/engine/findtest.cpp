@@ -2,6 +2,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/textview.h"
 #include "platform/richtext/rtftextview.h"
+#include "testmain.h"
 #include "testserver.h"
 
 #include <QRandomGenerator>
@@ -199,5 +200,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(FindTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(FindTest)
 #include "findtest.moc"

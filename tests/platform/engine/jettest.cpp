@@ -6,6 +6,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jetrows.h"
 #include "platform/engine/sqlite/openfiles.h"
+#include "testmain.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -413,5 +414,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(JetTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(JetTest)
 #include "jettest.moc"

@@ -2,6 +2,7 @@
 #include "jet3file.h"
 #include "platform/engine/jet/jetstream.h"
 #include "platform/engine/jet/jetvalues.h"
+#include "testmain.h"
 
 #include <QDateTime>
 #include <QTest>
@@ -103,5 +104,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(JetTextTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(JetTextTest)
 #include "jettexttest.moc"

@@ -1,6 +1,7 @@
 // A planner taken to a server and back: nothing lost on the way, and nothing changed when it fails.
 #include "damagetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "testmain.h"
 #include "testserver.h"
 
 #include <QDir>
@@ -141,5 +142,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(MovingTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(MovingTest)
 #include "movingtest.moc"

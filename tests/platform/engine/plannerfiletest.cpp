@@ -2,6 +2,7 @@
 #include "enginetesting.h"
 #include "files.h"
 #include "platform/engine/engineerrors.h"
+#include "testmain.h"
 
 #include <QDir>
 #include <QScopeGuard>
@@ -265,5 +266,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(PlannerFileTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(PlannerFileTest)
 #include "plannerfiletest.moc"

@@ -1,6 +1,7 @@
 // Random calls on a recordset, each checked against the rules kept in the plainest form: a sorted list of rows.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "testmain.h"
 #include "testserver.h"
 
 #include <QRandomGenerator>
@@ -274,5 +275,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(RecordsetModelTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(RecordsetModelTest)
 #include "recordsetmodeltest.moc"

@@ -2,6 +2,7 @@
 #include "failingstore.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/textview.h"
+#include "testmain.h"
 #include "testserver.h"
 
 #include <QDateTime>
@@ -360,5 +361,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(RecordsetTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(RecordsetTest)
 #include "recordsettest.moc"

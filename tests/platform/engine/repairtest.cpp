@@ -1,6 +1,7 @@
 // Planners damaged in every way: what lies on untouched pages comes back byte for byte, and nothing is invented.
 #include "damagetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "testmain.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -371,5 +372,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(RepairTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(RepairTest)
 #include "repairtest.moc"

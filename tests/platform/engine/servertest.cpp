@@ -5,6 +5,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgresconnection.h"
 #include "platform/engine/postgres/sessionname.h"
+#include "testmain.h"
 #include "testserver.h"
 
 #include <QScopeGuard>
@@ -411,5 +412,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(ServerTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(ServerTest)
 #include "servertest.moc"

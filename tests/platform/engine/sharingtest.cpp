@@ -2,6 +2,7 @@
 // is killed.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
+#include "testmain.h"
 #include "testserver.h"
 
 #include <QFile>
@@ -160,7 +161,7 @@ private Q_SLOTS:
         int commits = 0;
         for (int kill = 0; kill < 12; ++kill) {
             QProcess writer;
-            writer.start(QCoreApplication::applicationFilePath(), {u"--other"_s});
+            StartAgain(writer, u"OtherProgram"_s);
             const QString mode = kill % 2 ? u"shared"_s : u"exclusive"_s;
             writer.write(u"open\t%1\t%2\nwrite for ever\n"_s.arg(m_path, mode).toUtf8());
             QVERIFY(writer.waitForReadyRead());
@@ -185,5 +186,5 @@ private Q_SLOTS:
     }
 };
 
-ENGINE_TEST_MAIN(SharingTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(SharingTest)
 #include "sharingtest.moc"

@@ -5,6 +5,7 @@
 #include "platform/richtext/richtextbox.h"
 #include "printedpage.h"
 #include "settingsfile.h"
+#include "testmain.h"
 
 #include <QPrinter>
 #include <QRandomGenerator>
@@ -299,5 +300,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PrintLibraryTest)
+ORRELIN_TEST(PrintLibraryTest)
 #include "printlibrarytest.moc"

@@ -1,6 +1,7 @@
 // What takes more than one program. The others are this program again, started with what to do and where.
 #include "platform/profile/profile.h"
 #include "support.h"
+#include "testmain.h"
 
 #include <QProcess>
 
@@ -41,7 +42,7 @@ class ProfileProcessesTest : public QObject
     void Start(QProcess& writer, const QString& name, const QString& manner) const
     {
         writer.setProcessChannelMode(QProcess::ForwardedChannels);
-        writer.start(QCoreApplication::applicationFilePath(), {manner, m_folders->Path(u"."_s), name});
+        StartAgain(writer, u"ProfileProcess"_s, {manner, m_folders->Path(u"."_s), name});
         QVERIFY(writer.waitForStarted());
     }
 
@@ -119,20 +120,18 @@ private Q_SLOTS:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"LC_ALL"_s, locale);
         other.setProcessEnvironment(environment);
-        other.start(QCoreApplication::applicationFilePath(), {u"--formats"_s, m_folders->Path(u"."_s)});
+        StartAgain(other, u"ProfileProcess"_s, {u"--formats"_s, m_folders->Path(u"."_s)});
         QVERIFY(other.waitForFinished());
         QTEST(other.readAllStandardOutput(), "formats");
     }
 };
 
-int main(int argc, char** argv)
-{
-    QApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 4) return WriteKeys(arguments[2], arguments[3], arguments[1] == u"--forever");
-    if (arguments.value(1) == u"--formats") return TellFormats(arguments[2]);
-    ProfileProcessesTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+static const Runnable runProfileProcess("ProfileProcess", [](int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    return words.size() == 4 ? WriteKeys(words[2], words[3], words[1] == u"--forever") : TellFormats(words[2]);
+});
+
+ORRELIN_TEST(ProfileProcessesTest)
 
 #include "profileprocessestest.moc"

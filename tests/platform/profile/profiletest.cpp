@@ -3,6 +3,7 @@
 #include "files.h"
 #include "platform/runtime/errortail.h"
 #include "support.h"
+#include "testmain.h"
 
 #include <QDir>
 
@@ -285,5 +286,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(ProfileTest)
+ORRELIN_TEST(ProfileTest)
 #include "profiletest.moc"

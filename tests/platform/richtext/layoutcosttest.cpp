@@ -1,5 +1,6 @@
 // A note's layout costs what its length costs: which notes are set in the cheap way, and that no letter is lost by it.
 #include "notes.h"
+#include "testmain.h"
 
 #include <QFont>
 #include <QMimeData>
@@ -131,5 +132,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(LayoutCostTest)
+ORRELIN_TEST(LayoutCostTest)
 #include "layoutcosttest.moc"

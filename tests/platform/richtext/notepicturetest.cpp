@@ -5,6 +5,7 @@
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
+#include "testmain.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -175,5 +176,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(NotePictureTest)
+ORRELIN_TEST(NotePictureTest)
 #include "notepicturetest.moc"

@@ -3,6 +3,7 @@
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
+#include "testmain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -248,5 +249,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PictureImageTest)
+ORRELIN_TEST(PictureImageTest)
 #include "pictureimagetest.moc"

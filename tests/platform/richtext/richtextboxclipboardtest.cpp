@@ -4,6 +4,7 @@
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
 #include "support.h"
+#include "testmain.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -344,5 +345,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RichTextBoxClipboardTest)
+ORRELIN_TEST(RichTextBoxClipboardTest)
 #include "richtextboxclipboardtest.moc"

@@ -2,6 +2,7 @@
 #include "errorof.h"
 #include "files.h"
 #include "notes.h"
+#include "testmain.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -130,5 +131,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RichTextBoxFilesTest)
+ORRELIN_TEST(RichTextBoxFilesTest)
 #include "richtextboxfilestest.moc"

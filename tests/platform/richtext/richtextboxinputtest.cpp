@@ -1,5 +1,6 @@
 // Focus, mouse, keys, input methods, paste and drop of the rich text box.
 #include "notes.h"
+#include "testmain.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -461,5 +462,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RichTextBoxInputTest)
+ORRELIN_TEST(RichTextBoxInputTest)
 #include "richtextboxinputtest.moc"

@@ -3,6 +3,7 @@
 
 #include "errorof.h"
 #include "notes.h"
+#include "testmain.h"
 
 #include <QImage>
 #include <QScrollBar>
@@ -382,5 +383,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RichTextBoxTest)
+ORRELIN_TEST(RichTextBoxTest)
 #include "richtextboxtest.moc"

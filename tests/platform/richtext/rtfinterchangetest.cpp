@@ -2,6 +2,7 @@
 // by another reader of rich text.
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
+#include "testmain.h"
 
 #include <QFile>
 #include <QProcess>
@@ -131,5 +132,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RtfInterchangeTest)
+ORRELIN_TEST(RtfInterchangeTest)
 #include "rtfinterchangetest.moc"

@@ -2,6 +2,7 @@
 
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
+#include "testmain.h"
 
 #include <QTest>
 #include <QTextBlock>
@@ -426,5 +427,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RtfReaderTest)
+ORRELIN_TEST(RtfReaderTest)
 #include "rtfreadertest.moc"

@@ -7,6 +7,7 @@
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/selectionformat.h"
 #include "platform/richtext/undooffer.h"
+#include "testmain.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -311,5 +312,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(RtfWriterTest)
+ORRELIN_TEST(RtfWriterTest)
 #include "rtfwritertest.moc"

@@ -1,6 +1,7 @@
 #include "platform/runtime/errortail.h"
 
 #include "files.h"
+#include "testmain.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -73,5 +74,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ErrorTailTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(ErrorTailTest)
 #include "errortailtest.moc"

@@ -1,6 +1,7 @@
 #include "platform/runtime/language.h"
 
 #include "platform/runtime/runtimeerror.h"
+#include "testmain.h"
 
 #include <QTest>
 
@@ -57,5 +58,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(LanguageTest)
+ORRELIN_TEST_WITHOUT_WINDOWS(LanguageTest)
 #include "languagetest.moc"

@@ -1,0 +1,36 @@
+// The tests of a folder are one program; the first word of its command line says what it runs: a test by the name of
+// its class, in any case, or the part of a second process that a test starts.
+#pragma once
+
+#include <QApplication>
+#include <QProcess>
+#include <QTest>
+
+#include <utility>
+
+// Under a name, a routine that stands for main. Static objects alone, since main looks them up.
+class Runnable
+{
+public:
+    using Main = int (*)(int argc, char** argv); // argv without the name
+    Runnable(const char* name, Main main);
+    static int Run(int argc, char** argv); // 2 for a name that is none
+};
+
+template <typename Test, typename Application>
+int RunTest(int argc, char** argv)
+{
+    const Application application(argc, argv);
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#define ORRELIN_TEST(Test) static const Runnable run##Test(#Test, RunTest<Test, QApplication>);
+#define ORRELIN_TEST_WITHOUT_WINDOWS(Test) static const Runnable run##Test(#Test, RunTest<Test, QCoreApplication>);
+
+// This program again, for what was registered under the name.
+inline void StartAgain(QProcess& process, const QString& name, const QStringList& words = {})
+{
+    process.start(QCoreApplication::applicationFilePath(), QStringList(name) + words);
+}
