@@ -3,7 +3,7 @@
 #include "calendar/ccalendarview.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
-#include "platform/desktop/nativesize.h"
+#include "platform/desktop/windowplace.h"
 #include "platform/runtime/durablefile.h"
 #include "platform/runtime/runtimeerror.h"
 #include "wallpaper/momentslook.h"

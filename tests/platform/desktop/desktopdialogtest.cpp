@@ -5,7 +5,7 @@
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
-#include "platform/desktop/titlewidth.h"
+#include "platform/desktop/centeronscreen.h"
 #include "support.h"
 
 #include <QLabel>
