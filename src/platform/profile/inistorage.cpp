@@ -57,10 +57,10 @@ QString Resolved(QString path)
 }
 } // namespace
 
-inistorage::Identity inistorage::IdentityOf(const QByteArray& encodedPath)
+inistorage::Identity inistorage::IdentityOf(const QString& path)
 {
     struct stat found = {};
-    if (::stat(encodedPath.constData(), &found) != 0) return {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0) return {};
     return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec * 1'000'000'000LL + found.st_mtim.tv_nsec};
 }
 
