@@ -55,14 +55,6 @@ bool IsMissingFile(const QString& path)
 {
     return path.startsWith(u'/') && !QFileInfo::exists(path);
 }
-
-std::optional<DesktopPicture> WallpaperOf(const QDeadlineTimer& until, bool isKept)
-{
-    const DesktopSession session = DesktopSession::Present();
-    const auto ways = WaysOf(session);
-    if (ways.empty() || (isKept && !ways.front()->IsKept)) return std::nullopt;
-    return Shown(*ways.front(), session, until);
-}
 } // namespace
 
 DesktopSession DesktopSession::Present()
@@ -73,14 +65,12 @@ DesktopSession DesktopSession::Present()
     return {names.split(u':', Qt::SkipEmptyParts), isSandboxed};
 }
 
-std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until)
+std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until, Counts counts)
 {
-    return WallpaperOf(until, false);
-}
-
-std::optional<DesktopPicture> KeptWallpaper(const QDeadlineTimer& until)
-{
-    return WallpaperOf(until, true);
+    const DesktopSession session = DesktopSession::Present();
+    const auto ways = WaysOf(session);
+    if (ways.empty() || (counts == Counts::IfKept && !ways.front()->IsKept)) return std::nullopt;
+    return Shown(*ways.front(), session, until);
 }
 
 bool SystemParametersInfoA(int action, int, const DesktopPicture& picture, int, const QDeadlineTimer& until)

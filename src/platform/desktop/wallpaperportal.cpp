@@ -5,7 +5,6 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QDBusServiceWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QEventLoop>
@@ -29,23 +28,15 @@ class PortalRequest : public QObject
     Q_OBJECT
 
 public:
-    PortalRequest() : m_token(u"orrelin%1"_s.arg(QRandomGenerator::global()->generate()))
+    PortalRequest()
     {
         // The answer may come sooner than the reply to the call, so its path is known beforehand.
-        const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-        Listen(u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(sender, m_token));
+        m_bus.connect(Service, m_path, RequestInterface, u"Response"_s, this, SLOT(Response(uint, QVariantMap)));
         m_watcher.setConnection(m_bus);
         connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, &m_loop, &QEventLoop::quit);
     }
 
     QString Token() const { return m_token; }
-
-    void Listen(const QString& path)
-    {
-        if (path == m_path) return;
-        m_path = path;
-        m_bus.connect(Service, path, RequestInterface, u"Response"_s, this, SLOT(Response(uint, QVariantMap)));
-    }
 
     bool Wait(const QDeadlineTimer& until)
     {
@@ -65,8 +56,9 @@ private Q_SLOTS:
 
 private:
     QDBusConnection m_bus = QDBusConnection::sessionBus();
-    QString m_token;
-    QString m_path;
+    const QString m_token = u"orrelin%1"_s.arg(QRandomGenerator::global()->generate());
+    const QString m_path =
+        u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(m_bus.baseService().mid(1).replace(u'.', u'_'), m_token);
     QEventLoop m_loop;
     QDBusServiceWatcher m_watcher{Service, m_bus, QDBusServiceWatcher::WatchForUnregistration};
     std::optional<uint> m_code;
@@ -99,9 +91,7 @@ bool Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineT
                                    {u"set-on"_s, u"background"_s}}});
     const int patience = std::clamp(int(until.remainingTime()), 1, CallTime);
     const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, patience);
-    if (reply.type() != QDBusMessage::ReplyMessage) return false;
-    request.Listen(reply.arguments().value(0).value<QDBusObjectPath>().path());
-    return request.Wait(until);
+    return reply.type() == QDBusMessage::ReplyMessage && request.Wait(until);
 }
 
 } // namespace
