@@ -1,10 +1,11 @@
 // An X server of the test's own, and what stands on its root window. Made before the application object.
 #pragma once
 
-#include "platform/desktop/rootpixmap.h"
-
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <xcb/xcb.h>
 
 #include <cstdlib>
 

@@ -2,7 +2,7 @@
 
 #include "platform/controls/named.h"
 #include "platform/controls/sspanel.h"
-#include "platform/desktop/showatonce.h"
+#include "platform/desktop/doevents.h"
 #include "platform/look/paper.h"
 
 #include <QVBoxLayout>

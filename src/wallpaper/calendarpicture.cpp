@@ -1,37 +1,127 @@
 #include "wallpaper/calendarpicture.h"
 
+#include "appearance/panelstyle.h"
+#include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
+#include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
-#include "platform/desktop/nativesize.h"
+#include "platform/controls/visible.h"
+#include "platform/desktop/clock.h"
+#include "platform/desktop/windowplace.h"
+#include "platform/look/paper.h"
 #include "platform/runtime/durablefile.h"
 #include "platform/runtime/runtimeerror.h"
-#include "wallpaper/momentslook.h"
+#include "settings/settings.h"
 
 #include <QBuffer>
 #include <QPainter>
-
-#include <optional>
+#include <QScopeGuard>
+#include <QScrollBar>
+#include <QSignalBlocker>
 
 namespace {
-// The client area as large as it is in a window that fills the work area, as long as this lives. The window itself
-// stays where it is: it would flash, and a window manager may refuse or come too late.
-class GrownClient
+// Takes out of the shown cells what a picture for later must not have, and puts it back at its own end.
+class MomentsLook
 {
 public:
-    explicit GrownClient(QWidget& client) : m_client(client), m_before(client.geometry())
-    {
-        const QWidget& window = *client.window();
-        const QSize around = window.frameGeometry().size() - client.size();
-        m_client.resize(window.screen()->availableGeometry().size() - around);
-    }
-    ~GrownClient() { m_client.setGeometry(m_before); }
-    Q_DISABLE_COPY_MOVE(GrownClient)
+    // lblDateDiff: lies over the cells when the mouse has been there; month: with notices behind its title
+    MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month);
+    ~MomentsLook();
+    Q_DISABLE_COPY_MOVE(MomentsLook)
 
 private:
-    QWidget& m_client;
-    const QRect m_before;
+    void HideCaret(RichTextBox& box);
+    void ShowCaret();
+
+    QWidget& m_lblDateDiff;
+    const bool m_hadLabel;
+    SSPanel& m_month;
+    const QString m_title;
+    SSPanel* m_today = nullptr;
+    SSPanel* m_active = nullptr;
+    SSPanel* m_held = nullptr;
+    RichTextBox* m_box = nullptr; // with the caret
+    QTextCursor m_caret;
+    int m_caretWidth = 0;
+    int m_scrolled = 0;
 };
+
+SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
+{
+    const QDate today = desktopclock::Now().date();
+    if (g_iMonth != today.month() || g_iYear != today.year()) return nullptr;
+    const int cell = cells.CellOfDay(range, today.day());
+    return cell == 0 ? nullptr : &cells.panelDay(cell);
+}
+MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month)
+    : m_lblDateDiff(lblDateDiff), m_hadLabel(Visible(lblDateDiff)), m_month(month), m_title(month.Caption())
+{
+    m_month.SetCaption(MonthTitle());
+    SetVisible(m_lblDateDiff, false);
+    const CellRange range = CellsOf(viewMode.GetViewMode());
+    for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
+        if (!cells.Shows(cell)) continue;
+        if (cells.panelDay(cell).IsActive()) m_active = &cells.panelDay(cell);
+        if (cells.panelDay(cell).IsHeld()) m_held = &cells.panelDay(cell);
+        if (&cells.tbDay(cell) == cells.Client()->window()->focusWidget()) HideCaret(cells.tbDay(cell));
+    }
+    if (m_active) m_active->SetActive(false);
+    if (m_held) m_held->SetHeld(false);
+    m_today = TodaysPanel(cells, range);
+    if (!m_today) return;
+    // The month's styles in the week view too, here and at the end: the wallpaper knows no others.
+    ApplyStyle(*m_today, ReadStyle(settings::DailyPanel));
+    m_today->SetPaper(paper::Paper);
+    m_today->SetFrame(QColor());
+}
+
+MomentsLook::~MomentsLook()
+{
+    m_month.SetCaption(m_title);
+    SetVisible(m_lblDateDiff, m_hadLabel);
+    if (m_today) {
+        ApplyStyle(*m_today, ReadStyle(settings::TodayPanel));
+        m_today->SetPaper(paper::Today);
+        m_today->SetFrame(paper::TodayFrame);
+    }
+    if (m_active) m_active->SetActive(true);
+    if (m_held) m_held->SetHeld(true);
+    if (m_box) ShowCaret();
+}
+
+// The box is not to tell of it: nobody has moved the caret.
+void MomentsLook::HideCaret(RichTextBox& box)
+{
+    const QSignalBlocker silent(box);
+    m_box = &box;
+    m_caret = box.textCursor();
+    m_caretWidth = box.cursorWidth();
+    m_scrolled = box.verticalScrollBar()->value();
+    box.setCursorWidth(0);
+    if (!m_caret.hasSelection()) return;
+    QTextCursor unselected = m_caret;
+    unselected.clearSelection();
+    box.setTextCursor(unselected);
+    box.verticalScrollBar()->setValue(m_scrolled);
+}
+
+void MomentsLook::ShowCaret()
+{
+    const QSignalBlocker silent(m_box);
+    m_box->setCursorWidth(m_caretWidth);
+    if (!m_caret.hasSelection()) return;
+    m_box->setTextCursor(m_caret);
+    m_box->verticalScrollBar()->setValue(m_scrolled);
+}
+
+// As large as it is in a window that fills the work area. The window itself stays where it is: it would flash, and a
+// window manager may refuse or come too late.
+QSize GrownSize(const QWidget& client)
+{
+    const QWidget& window = *client.window();
+    return window.screen()->availableGeometry().size() - (window.frameGeometry().size() - client.size());
+}
 
 QSize ScaledBy(const QSize& logical, qreal ratio)
 {
@@ -62,8 +152,8 @@ QRect CalendarPicture::Region() const
 QImage CalendarPicture::Draw(int wallpaperSize) const
 {
     QWidget& client = *m_cells.Client();
-    std::optional<GrownClient> grown;
-    if (wallpaperSize != calendarpicture::Normal && client.isVisible()) grown.emplace(client);
+    const auto restore = qScopeGuard([&client, before = client.geometry()] { client.setGeometry(before); });
+    if (wallpaperSize != calendarpicture::Normal && client.isVisible()) client.resize(GrownSize(client));
     const MomentsLook out(m_cells, m_calendar, m_lblDateDiff, *m_bottom.panelBottom);
     const QRect region = Region();
     const qreal ratio = client.devicePixelRatioF();

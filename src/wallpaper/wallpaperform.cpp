@@ -17,48 +17,37 @@
 namespace {
 constexpr std::array Captions{"Normal (Current Window Size)", "Full Screen (Stretched Edge-to-Edge)",
                               "Maxmimzed (Maximized Window Size)"};
+
+QBoxLayout& AddFrame(QBoxLayout& column, const QString& title)
+{
+    auto* frame = new QGroupBox(title);
+    column.addWidget(frame);
+    return *new QVBoxLayout(frame);
 }
+} // namespace
 
 WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(u"WallpaperForm"_s);
     setWindowTitle(u"Customize Wallpaper"_s);
     auto* column = DialogColumn(*this);
-    column->addWidget(MakeFrame());
+    MakeOptions(AddFrame(*column, u"Wallpaper Options"_s));
     column->addWidget(MakeOkCancel(*this));
     ErrorTail{" in WallpaperForm, Form_Load"_L1}([this] { ShowSettings(); });
     CenterOnScreen(*this);
 }
 
-QWidget* WallpaperForm::MakeFrame()
+void WallpaperForm::MakeOptions(QBoxLayout& options)
 {
-    auto* frame = new QGroupBox(u"Wallpaper Options"_s);
-    auto* column = new QVBoxLayout(frame);
-    column->addWidget(MakeSettingFrame());
-    column->addWidget(MakeUpdateFrame());
-    return frame;
-}
-
-QWidget* WallpaperForm::MakeSettingFrame()
-{
-    auto* frame = new QGroupBox(u"Wallpaper Setting"_s);
-    auto* column = new QVBoxLayout(frame);
+    QBoxLayout& sizes = AddFrame(options, u"Wallpaper Setting"_s);
     for (std::size_t size = 0; size < Captions.size(); ++size) {
         m_opSetting[size] = new QRadioButton(QString::fromLatin1(Captions[size]));
         m_opSetting[size]->setObjectName(u"opSetting(%1)"_s.arg(size));
-        column->addWidget(m_opSetting[size]);
+        sizes.addWidget(m_opSetting[size]);
     }
-    return frame;
-}
-
-QWidget* WallpaperForm::MakeUpdateFrame()
-{
-    auto* frame = new QGroupBox(u"Automatic Update"_s);
-    auto* column = new QVBoxLayout(frame);
     m_chkAutoload =
         Named(new QCheckBox(u"Check to update wallpaper automatically when program exits"_s), "chkAutoload");
-    column->addWidget(m_chkAutoload);
-    return frame;
+    AddFrame(options, u"Automatic Update"_s).addWidget(m_chkAutoload);
 }
 
 // A size that there is not chooses nothing.

@@ -5,6 +5,7 @@
 
 #include <array>
 
+class QBoxLayout;
 class QCheckBox;
 class QRadioButton;
 
@@ -17,9 +18,7 @@ public:
     void accept() override;                 // writes them; the wallpaper stays as it is
 
 private:
-    QWidget* MakeFrame();
-    QWidget* MakeSettingFrame();
-    QWidget* MakeUpdateFrame();
+    void MakeOptions(QBoxLayout& options);
     void ShowSettings();
     int ChosenSize() const;
 

@@ -135,20 +135,15 @@ private Q_SLOTS:
         QVERIFY(HasColor(m_program->Panel(Today).grab().toImage(), paper::Accent));
     }
 
-    void InAnotherMonthNoCellChanges()
-    {
-        SetIni("DAILY PANEL", "FONTSIZE", "30");
-        m_program->New(u"notes.mdb"_s);
-        m_program->Trigger("mnuNextMonth");
-        const QFont before = m_program->Panel(m_program->CellOf(17)).CaptionFont();
-        m_program->Trigger("mnuSetWallpaper");
-        QCOMPARE(m_program->Panel(m_program->CellOf(17)).CaptionFont(), before);
-        QCOMPARE(m_program->Panel(m_program->CellOf(17)).Paper(), QColor(paper::Paper));
-    }
-
-    void TheWeekTakesTheStylesOfTheMonth()
+    void AnotherMonthStaysAndTheWeekTakesTheStylesOfTheMonth()
     {
         m_program->New(u"planner.mdb"_s);
+        m_program->Trigger("mnuNextMonth");
+        SSPanel& sameDay = m_program->Panel(m_program->CellOf(17));
+        sameDay.SetPaper(Qt::green); // as nothing has it
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(sameDay.Paper(), QColor(Qt::green)); // in another month no cell changes
+        m_program->Trigger("mnuThisMonth");
         m_program->Trigger("mnuWeekView");
         m_program->Trigger("mnuSetWallpaper");
         QCOMPARE(m_program->Panel(39).Caption(), u" 17"_s);
@@ -170,7 +165,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, size);
         QFETCH(bool, isWeek);
-        m_program->New(u"planner.mdb"_s);
+        m_program->New(u"mymdb"_s); // whose last letters count as an extension
         if (isWeek) m_program->Trigger("mnuWeekView");
         SetIni("WallPaper", "WallpaperSize", size);
         const QRect before = m_program->form->geometry();
@@ -179,7 +174,7 @@ private Q_SLOTS:
         const QLabel& label = ShowDateDiff(isWeek ? 39 : Today);
         const QRect number = label.geometry();
         m_program->Trigger("mnuSetWallpaper");
-        const QImage bitmap(Bitmap("planner.bmp"));
+        const QImage bitmap(Bitmap("m.bmp"));
         QVERIFY(!HasColor(bitmap, label.palette().color(QPalette::Window)));
         QVERIFY(label.isVisible() && label.geometry() == number);
         const QSize screen = m_program->form->screen()->size();
@@ -193,25 +188,6 @@ private Q_SLOTS:
         QVERIFY(HasColor(bitmap.copy(bitmap.width() - 30, bitmap.height() - 30, 30, 30), paper::Band));
         QCOMPARE(m_program->form->geometry(), before);
         QCOMPARE(m_program->Panel(isWeek ? 39 : Today).geometry(), cell);
-    }
-
-    void TheFileIsNamedAfterThePlanner_data()
-    {
-        QTest::addColumn<QString>("planner");
-        QTest::addColumn<QByteArray>("file");
-        QTest::newRow("none") << QString() << QByteArray("planner.bmp");
-        QTest::newRow("capitals") << u"My Year.MDB"_s << QByteArray("my year.bmp");
-        QTest::newRow("no extension") << u"mymdb"_s << QByteArray("m.bmp");
-    }
-
-    void TheFileIsNamedAfterThePlanner()
-    {
-        QFETCH(QString, planner);
-        QFETCH(QByteArray, file);
-        if (!planner.isEmpty()) m_program->New(planner);
-        m_program->Trigger("mnuSetWallpaper");
-        QCOMPARE(WinIni("wallpaper"), Bitmap(file.constData()));
-        QVERIFY(QFile::exists(Bitmap(file.constData())));
     }
 
     void ThePreviousOneComesBackAsItWas()
@@ -355,6 +331,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("mode");
         QTest::addColumn<QByteArray>("manner"); // of the desktop
         QTest::addColumn<bool>("isMinimized");
+        QTest::newRow("not wanted") << int(Mainform::CloseBox) << QByteArray("not wanted") << false;
         QTest::newRow("close box") << int(Mainform::CloseBox) << QByteArray() << false;
         QTest::newRow("minimized") << int(Mainform::CloseBox) << QByteArray() << true;
         QTest::newRow("the session ends") << int(Mainform::SessionEnds) << QByteArray() << true;
@@ -369,22 +346,18 @@ private Q_SLOTS:
         QFETCH(bool, isMinimized);
         m_program->New(u"notes.mdb"_s);
         const QSize region = Region().size();
-        SetIni("WallPaper", "Autoupdate", u"1"_s);
+        const bool isWanted = manner != "not wanted";
+        SetIni("WallPaper", "Autoupdate", isWanted ? u"1"_s : u"2"_s);
         const FakeDesktop fake("GNOME");
         if (!manner.isEmpty()) fake.Become(manner.constData());
         if (isMinimized) m_program->form->showMinimized();
         m_program->form->subExitProgram(mode); // a box would have nobody to answer it
         const qreal ratio = m_program->form->devicePixelRatioF();
         QVERIFY(m_program->form->HasEnded());
+        QCOMPARE(QFile::exists(Bitmap("notes.bmp")), isWanted);
+        if (!isWanted) return;
         QCOMPARE(QImage(Bitmap("notes.bmp")).size(), QSize(region.width(), region.height() - 1) * ratio);
         if (manner.isEmpty()) QVERIFY(fake.Kept(m_address).endsWith("/notes.bmp'"));
-    }
-
-    void WithoutTheOptionTheExitLeavesTheDesktop()
-    {
-        SetIni("WallPaper", "Autoupdate", u"2"_s);
-        m_program->Exit();
-        QVERIFY(!QFile::exists(Bitmap("planner.bmp")));
     }
 };
 

@@ -1,7 +1,7 @@
 #include "platform/desktop/commondialog.h"
 
-#include "platform/desktop/execmodal.h"
 #include "platform/desktop/filesystem.h"
+#include "platform/desktop/mousepointer.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/runtime/runtimeerror.h"
 

@@ -2,11 +2,14 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QScopedValueRollback>
+#include <QThread>
+#include <QWindow>
 
 namespace {
 bool g_runs = false;
-} // namespace
+}
 
 void DoEvents()
 {
@@ -19,4 +22,15 @@ void DoEvents()
 bool DoEventsRuns()
 {
     return g_runs;
+}
+
+void ShowAndPaint(QWidget& window)
+{
+    constexpr int LongestWait = 100; // milliseconds
+    window.show();
+    window.raise();
+    const QDeadlineTimer limit(LongestWait);
+    for (DoEvents(); !window.windowHandle()->isExposed() && !limit.hasExpired(); DoEvents())
+        QThread::msleep(1);
+    window.repaint();
 }

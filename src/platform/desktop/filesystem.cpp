@@ -119,6 +119,11 @@ void filesystem::Remember(const QString& exactPath)
     g_remembered[folder.toLower()] = folder;
 }
 
+void filesystem::ForgetAll()
+{
+    g_remembered.clear();
+}
+
 QString filesystem::Dir(const QString& path)
 {
     const QFileInfo found(Find(path));

@@ -15,6 +15,7 @@ QString PlaceFor(const QString& path);
 
 // A path just returned by a dialog: within this run its lower-cased form finds exactly this file.
 void Remember(const QString& exactPath);
+void ForgetAll(); // as at the start
 
 // The file name of an existing file (not a folder), or empty: what Dir answers.
 QString Dir(const QString& path);

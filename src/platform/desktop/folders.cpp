@@ -7,17 +7,15 @@
 #include <QStandardPaths>
 
 namespace {
-using Location = QStandardPaths::StandardLocation;
-
 struct Folder
 {
-    QString Name;  // below the location
-    Location Base; // the generic ones, so that the path does not hang on the names of the application object
-    QString Path;  // empty until the folder was asked for
+    QStandardPaths::StandardLocation Base; // a generic one: the path must not hang on the application object's names
+    const char* InRoot;                    // of a test
+    QString Path;                          // empty until the folder was asked for
 };
 
-Folder g_application{u"orrelin"_s, QStandardPaths::GenericDataLocation, {}};
-Folder g_windows{u"orrelin"_s, QStandardPaths::GenericConfigLocation, {}};
+Folder g_application{QStandardPaths::GenericDataLocation, "data", {}};
+Folder g_windows{QStandardPaths::GenericConfigLocation, "config", {}};
 QString g_root; // of a test; empty otherwise
 
 QString Make(const QString& path)
@@ -29,11 +27,11 @@ QString Make(const QString& path)
     return path;
 }
 
-const QString& PathOf(Folder& folder, const QString& nameInRoot)
+const QString& PathOf(Folder& folder)
 {
     if (folder.Path.isEmpty()) {
         const QString base = QStandardPaths::writableLocation(folder.Base);
-        folder.Path = Make(g_root.isEmpty() ? base + u'/' + folder.Name : g_root + u'/' + nameInRoot);
+        folder.Path = Make(g_root.isEmpty() ? base + u"/orrelin"_s : g_root + u'/' + QLatin1StringView(folder.InRoot));
     }
     return folder.Path;
 }
@@ -72,12 +70,12 @@ QString Stocked(const QString& name)
 
 QString folders::ApplicationDirectory()
 {
-    return PathOf(g_application, u"data"_s);
+    return PathOf(g_application);
 }
 
 QString folders::WindowsDirectory()
 {
-    return PathOf(g_windows, u"config"_s);
+    return PathOf(g_windows);
 }
 
 QString folders::MediaDirectory()
@@ -105,4 +103,5 @@ void folders::SetRootForTests(const QString& root)
     g_root = root;
     g_application.Path.clear();
     g_windows.Path.clear();
+    filesystem::ForgetAll();
 }

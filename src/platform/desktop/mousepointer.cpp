@@ -1,5 +1,6 @@
 #include "platform/desktop/mousepointer.h"
 
+#include <QDialog>
 #include <QGuiApplication>
 
 namespace {
@@ -20,4 +21,13 @@ void SetMousePointer(int pointer)
 int MousePointer()
 {
     return g_pointer;
+}
+
+int ExecModal(QDialog& dialog)
+{
+    const int pointer = g_pointer;
+    SetMousePointer(mousepointer::Default);
+    const int answer = dialog.exec();
+    SetMousePointer(pointer);
+    return answer;
 }

@@ -3,6 +3,8 @@
 
 #include <QtGlobal>
 
+class QDialog;
+
 namespace mousepointer {
 inline constexpr int Default = 0;
 inline constexpr int Hourglass = 11;
@@ -19,3 +21,7 @@ public:
     ~Hourglass() { SetMousePointer(mousepointer::Default); }
     Q_DISABLE_COPY_MOVE(Hourglass)
 };
+
+// The answer of a dialog, with the usual mouse pointer meanwhile: the person is to choose now, not to wait. The dialog
+// may be gone when it ends, as it goes with its owner.
+int ExecModal(QDialog& dialog);

@@ -1,7 +1,7 @@
 #include "platform/desktop/msgbox.h"
 
-#include "platform/desktop/execmodal.h"
-#include "platform/desktop/titlewidth.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/mousepointer.h"
 
 #include <QApplication>
 #include <QGridLayout>

@@ -7,7 +7,7 @@
 #include <QHash>
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace {
 struct Sound
@@ -58,20 +58,19 @@ constexpr struct
                 {"play "_L1, ""_L1, PlaySequence},
                 {"close "_L1, ""_L1, CloseSequence}};
 
-constexpr struct ErrorText
-{
-    int Error;
-    const char16_t* Text;
-} texts[] = {{sound::UnknownCommand, u"The sound system does not know this command."},
-             {sound::FileNotFound, u"The tune's file cannot be found or read."},
-             {sound::NotMidi, u"The file is damaged or holds no music in the MIDI format."},
-             {sound::TooLarge, u"The file is too large to be played as a tune."},
-             {sound::AlreadyOpen, u"This tune is already open."},
-             {sound::NotOpen, u"This tune is not open."},
-             {sound::NoDevice, u"There is no sound device, or it cannot be used now."}};
-constexpr const char16_t* NotPlayableText =
-    u"The music cannot be played. Its instruments may be missing: they come with "
-    u"the package timgm6mb-soundfont. Or there is too little memory.";
+// By Error; what is none of them counts as the last.
+constexpr std::array<const char16_t*, 9> texts{
+    u"",
+    u"The sound system does not know this command.",
+    u"The tune's file cannot be found or read.",
+    u"The file is damaged or holds no music in the MIDI format.",
+    u"The file is too large to be played as a tune.",
+    u"This tune is already open.",
+    u"This tune is not open.",
+    u"There is no sound device, or it cannot be used now.",
+    u"The music cannot be played. Its instruments may be missing: they come with the package timgm6mb-soundfont. Or "
+    u"there is too little memory.",
+};
 } // namespace
 
 bool sndPlaySoundA(const QString& path, unsigned flags)
@@ -93,9 +92,7 @@ int mciSendStringA(const QString& command)
 
 QString mciGetErrorStringA(int error)
 {
-    if (error == 0) return {};
-    const auto known = std::ranges::find(texts, error, &ErrorText::Error);
-    return QString::fromUtf16(known == std::end(texts) ? NotPlayableText : known->Text);
+    return QString::fromUtf16(texts[std::min(std::size_t(error), texts.size() - 1)]);
 }
 
 void sound::Close()

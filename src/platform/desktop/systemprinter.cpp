@@ -1,6 +1,6 @@
 #include "platform/desktop/systemprinter.h"
 
-#include "platform/desktop/execmodal.h"
+#include "platform/desktop/mousepointer.h"
 
 #include <QChildEvent>
 #include <QComboBox>

@@ -6,39 +6,25 @@
 #include <QProcess>
 #include <QUrl>
 
-#include <algorithm>
-#include <array>
-#include <vector>
-
 namespace {
 constexpr int SetDeskWallpaper = 20;
 constexpr int LongestWait = 2000; // milliseconds, for all that is no person
 constexpr int KillTime = 100;     // until a killed command is gone
 
+const WallpaperBackend* const DesktopsOwn[] = {&SettingsWallpaper, &PlasmaWallpaper, &PcmanfmWallpaper};
+
 // In the order in which they are tried. A desktop's own settings come before the portal, which may ask and cannot
-// clear. So does the root where nothing lies over it: there a portal writes the settings of a desktop that does not
-// run.
-const WallpaperBackend* const DesktopsOwn[] = {&GSettingsWallpaper, &PlasmaWallpaper, &XfceWallpaper,
-                                               &PcmanfmWallpaper};
-const WallpaperBackend* const WithoutDesktop[] = {&RootWallpaper};
-
-using Backends = std::vector<const WallpaperBackend*>;
-
-template <typename Table>
-void AddThoseHere(Backends& ways, const Table& table, const DesktopSession& session)
-{
-    for (const WallpaperBackend* backend : table) {
-        if (backend->IsHere(session)) ways.push_back(backend);
-    }
-}
-
+// clear. So does the root where no desktop lies over it: there a portal writes the settings of one that does not run.
 // What a sandboxed program finds around it are the sandbox's settings.
-Backends WaysOf(const DesktopSession& session)
+std::vector<const WallpaperBackend*> WaysOf(const DesktopSession& session)
 {
-    Backends ways;
-    if (!session.IsSandboxed) AddThoseHere(ways, DesktopsOwn, session);
-    if (!session.IsSandboxed && ways.empty()) AddThoseHere(ways, WithoutDesktop, session);
-    AddThoseHere(ways, std::array{&PortalWallpaper}, session);
+    std::vector<const WallpaperBackend*> ways;
+    const auto addIfHere = [&](const WallpaperBackend* way) {
+        if (way->IsHere(session)) ways.push_back(way);
+    };
+    if (!session.IsSandboxed) std::ranges::for_each(DesktopsOwn, addIfHere);
+    if (!session.IsSandboxed && ways.empty()) addIfHere(&RootWallpaper);
+    addIfHere(&PortalWallpaper);
     return ways;
 }
 
@@ -47,12 +33,18 @@ QDeadlineTimer Sooner(const QDeadlineTimer& until)
     return std::min(until, QDeadlineTimer(LongestWait));
 }
 
+std::optional<DesktopPicture> Shown(const WallpaperBackend& way, const DesktopSession& session,
+                                    const QDeadlineTimer& until)
+{
+    return way.Present ? way.Present(session, Sooner(until)) : std::nullopt;
+}
+
 // A desktop that is told the path that it has already keeps the picture that it has loaded.
-WallpaperAnswer ShowAnew(const WallpaperBackend& way, const DesktopSession& session, const DesktopPicture& picture,
-                         const QDeadlineTimer& until)
+bool ShowAnew(const WallpaperBackend& way, const DesktopSession& session, const DesktopPicture& picture,
+              const QDeadlineTimer& until)
 {
     const QDeadlineTimer soon = Sooner(until);
-    const std::optional<DesktopPicture> present = way.Present(session, soon);
+    const std::optional<DesktopPicture> present = Shown(way, session, soon);
     if (present && present->Path == picture.Path && picture.Path != wallpaper::None)
         way.Show(session, {wallpaper::None}, soon);
     return way.Show(session, picture, way.AsksPerson ? until : soon);
@@ -73,28 +65,20 @@ DesktopSession DesktopSession::Present()
     return {names.split(u':', Qt::SkipEmptyParts), isSandboxed};
 }
 
-std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until)
+std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until, Counts counts)
 {
     const DesktopSession session = DesktopSession::Present();
-    const Backends ways = WaysOf(session);
-    return ways.empty() ? std::nullopt : ways.front()->Present(session, Sooner(until));
-}
-
-std::optional<DesktopPicture> KeptWallpaper(const QDeadlineTimer& until)
-{
-    const Backends ways = WaysOf(DesktopSession::Present());
-    return ways.empty() || !ways.front()->IsKept ? std::nullopt : PresentWallpaper(until);
+    const auto ways = WaysOf(session);
+    if (ways.empty() || (counts == Counts::IfKept && !ways.front()->IsKept)) return std::nullopt;
+    return Shown(*ways.front(), session, until);
 }
 
 bool SystemParametersInfoA(int action, int, const DesktopPicture& picture, int, const QDeadlineTimer& until)
 {
     if (action != SetDeskWallpaper || IsMissingFile(picture.Path)) return false;
     const DesktopSession session = DesktopSession::Present();
-    for (const WallpaperBackend* way : WaysOf(session)) {
-        const WallpaperAnswer answer = ShowAnew(*way, session, picture, until);
-        if (answer != WallpaperAnswer::Failed) return answer == WallpaperAnswer::Done;
-    }
-    return false;
+    return std::ranges::any_of(WaysOf(session),
+                               [&](const auto* way) { return ShowAnew(*way, session, picture, until); });
 }
 
 std::optional<QString> RunForWallpaper(const QString& program, const QStringList& arguments,
@@ -121,4 +105,10 @@ QString WallpaperPath(const QString& address)
 {
     const QUrl url(address);
     return url.isLocalFile() ? url.toLocalFile() : address;
+}
+
+wallpaper::Fit FitNames::Named(const QString& name) const
+{
+    const auto found = std::ranges::find_if(Names, [&](const char* known) { return name == QLatin1StringView(known); });
+    return found == Names.end() ? wallpaper::Fit::Zoomed : wallpaper::Fit(found - Names.begin());
 }

@@ -8,11 +8,16 @@
 
 #include <optional>
 
-// What the desktop shows now; empty where that cannot be told.
-std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until);
-// The same, but empty where the ground begins each session without a picture: having none then says nothing of what
-// somebody wanted.
-std::optional<DesktopPicture> KeptWallpaper(const QDeadlineTimer& until);
+// Whether a ground counts that begins each session without a picture: having none says nothing there of what somebody
+// wanted.
+enum class Counts
+{
+    Always,
+    IfKept
+};
+
+// What the desktop shows now; empty where that cannot be told, or does not count.
+std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until, Counts counts = Counts::Always);
 
 // Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. False if
 // the desktop did not take it, or if a person who was asked refused; nobody is asked for longer than until the

@@ -6,14 +6,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <algorithm>
-#include <array>
-
-using wallpaper::Fit;
-
 namespace {
-// By Fit. Plasma has no way to span, and fills the screen instead.
-constexpr std::array FillModes{6, 3, 0, 1, 2, 2};
+// Plasma has no way to span, and fills the screen instead.
+constexpr FitNames FillModes{{"6", "3", "0", "1", "2", "2"}};
 
 const QString SetScript =
     u"var all = desktops(); for (var i = 0; i < all.length; ++i) { all[i].wallpaperPlugin = 'org.kde.image';"
@@ -43,27 +38,24 @@ bool IsHere(const DesktopSession& session)
     return session.Is("KDE");
 }
 
-WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
+bool Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
 {
     // An array in JSON is also one of the script's language, whatever letters the path has.
-    const QJsonArray address{WallpaperAddress(picture.Path)};
+    const QByteArray address = QJsonDocument(QJsonArray{WallpaperAddress(picture.Path)}).toJson(QJsonDocument::Compact);
     const QString script = picture.Path == wallpaper::None
                                ? ClearScript
-                               : SetScript.arg(QString::fromUtf8(QJsonDocument(address).toJson(QJsonDocument::Compact)),
-                                               QString::number(FillModes[std::size_t(picture.Fit)]));
-    const std::optional<QString> count = Run(script, until);
-    return count && count->toInt() > 0 ? WallpaperAnswer::Done : WallpaperAnswer::Failed;
+                               : SetScript.arg(QString::fromUtf8(address), FillModes.Of(picture.Fit));
+    return Run(script, until).value_or(QString()).toInt() > 0; // desktops
 }
 
 std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTimer& until)
 {
     const QJsonArray read = QJsonDocument::fromJson(Run(ReadScript, until).value_or(QString()).toUtf8()).array();
     const QString plugin = read.at(0).toString(), image = read.at(1).toString();
-    if (plugin == u"org.kde.color") return DesktopPicture{wallpaper::None};
+    if (plugin == "org.kde.color"_L1) return DesktopPicture{wallpaper::None};
     // A slide show, say, is no picture that could be put back.
-    if (plugin != u"org.kde.image" || image.isEmpty()) return std::nullopt;
-    const auto fit = std::find(FillModes.begin(), FillModes.end(), read.at(2).toString().toInt());
-    return DesktopPicture{WallpaperPath(image), fit == FillModes.end() ? Fit::Zoomed : Fit(fit - FillModes.begin())};
+    if (plugin != "org.kde.image"_L1 || image.isEmpty()) return std::nullopt;
+    return DesktopPicture{WallpaperPath(image), FillModes.Named(read.at(2).toString())};
 }
 } // namespace
 

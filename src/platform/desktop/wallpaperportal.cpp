@@ -5,7 +5,6 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QDBusServiceWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QEventLoop>
@@ -21,11 +20,7 @@ namespace {
 const QString Service = u"org.freedesktop.portal.Desktop"_s;
 const QString RequestInterface = u"org.freedesktop.portal.Request"_s;
 constexpr int CallTime = 2000; // milliseconds in which the service says that it has understood
-enum Code : uint
-{
-    Granted = 0,
-    Cancelled = 1
-};
+constexpr uint Granted = 0;
 
 // Waits for the answer to one request, in a loop of its own that takes no clicks and keys for our windows.
 class PortalRequest : public QObject
@@ -33,35 +28,23 @@ class PortalRequest : public QObject
     Q_OBJECT
 
 public:
-    PortalRequest() : m_token(u"orrelin%1"_s.arg(QRandomGenerator::global()->generate()))
+    PortalRequest()
     {
         // The answer may come sooner than the reply to the call, so its path is known beforehand.
-        const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-        Listen(u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(sender, m_token));
+        m_bus.connect(Service, m_path, RequestInterface, u"Response"_s, this, SLOT(Response(uint, QVariantMap)));
         m_watcher.setConnection(m_bus);
         connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, &m_loop, &QEventLoop::quit);
     }
 
     QString Token() const { return m_token; }
 
-    void Listen(const QString& path)
-    {
-        if (path == m_path) return;
-        m_path = path;
-        m_bus.connect(Service, path, RequestInterface, u"Response"_s, this, SLOT(Response(uint, QVariantMap)));
-    }
-
-    WallpaperAnswer Wait(const QDeadlineTimer& until)
+    bool Wait(const QDeadlineTimer& until)
     {
         QTimer::singleShot(std::chrono::milliseconds(std::max<qint64>(0, until.remainingTime())), &m_loop,
                            &QEventLoop::quit);
         if (!m_code) m_loop.exec(QEventLoop::ExcludeUserInputEvents);
-        if (!m_code) {
-            m_bus.send(QDBusMessage::createMethodCall(Service, m_path, RequestInterface, u"Close"_s));
-            return WallpaperAnswer::Failed;
-        }
-        if (*m_code == Granted) return WallpaperAnswer::Done;
-        return *m_code == Cancelled ? WallpaperAnswer::Refused : WallpaperAnswer::Failed;
+        if (!m_code) m_bus.send(QDBusMessage::createMethodCall(Service, m_path, RequestInterface, u"Close"_s));
+        return m_code == Granted;
     }
 
 private Q_SLOTS:
@@ -73,8 +56,9 @@ private Q_SLOTS:
 
 private:
     QDBusConnection m_bus = QDBusConnection::sessionBus();
-    QString m_token;
-    QString m_path;
+    const QString m_token = u"orrelin%1"_s.arg(QRandomGenerator::global()->generate());
+    const QString m_path =
+        u"/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(m_bus.baseService().mid(1).replace(u'.', u'_'), m_token);
     QEventLoop m_loop;
     QDBusServiceWatcher m_watcher{Service, m_bus, QDBusServiceWatcher::WatchForUnregistration};
     std::optional<uint> m_code;
@@ -93,10 +77,10 @@ bool IsHere(const DesktopSession&)
     return HasSessionBus();
 }
 
-WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
+bool Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
 {
     QFile file(picture.Path);
-    if (picture.Path == wallpaper::None || !file.open(QIODevice::ReadOnly)) return WallpaperAnswer::Failed;
+    if (picture.Path == wallpaper::None || !file.open(QIODevice::ReadOnly)) return false;
     PortalRequest request;
     // The open file and not its address: the service refuses addresses of files.
     QDBusMessage call = QDBusMessage::createMethodCall(Service, u"/org/freedesktop/portal/desktop"_s,
@@ -107,17 +91,11 @@ WallpaperAnswer Show(const DesktopSession&, const DesktopPicture& picture, const
                                    {u"set-on"_s, u"background"_s}}});
     const int patience = std::clamp(int(until.remainingTime()), 1, CallTime);
     const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, patience);
-    if (reply.type() != QDBusMessage::ReplyMessage) return WallpaperAnswer::Failed;
-    request.Listen(reply.arguments().value(0).value<QDBusObjectPath>().path());
-    return request.Wait(until);
+    return reply.type() == QDBusMessage::ReplyMessage && request.Wait(until);
 }
 
-std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTimer&)
-{
-    return std::nullopt;
-}
 } // namespace
 
-const WallpaperBackend PortalWallpaper = {IsHere, Show, Present, true};
+const WallpaperBackend PortalWallpaper = {.IsHere = IsHere, .Show = Show, .AsksPerson = true};
 
 #include "wallpaperportal.moc"

@@ -3,6 +3,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <cmath>
+
 namespace {
 bool TitleBarShows(const QRect& window)
 {
@@ -31,4 +33,12 @@ QRect ReachablePlace(QRect window, const QSize& smallest)
 bool WindowsKnowTheirPlace()
 {
     return !QGuiApplication::platformName().startsWith("wayland"_L1);
+}
+
+// The toolkit tells whole logical pixels only, of which a fraction of the screen's own may be lost or added. Screens
+// are of an even number of pixels, so the nearest one is meant.
+QSize NativeSize(const QScreen& screen)
+{
+    const auto native = [&](int logical) { return 2 * int(std::lround(logical * screen.devicePixelRatio() / 2)); };
+    return {native(screen.size().width()), native(screen.size().height())};
 }

@@ -69,11 +69,6 @@ QString Folded(const QString& section, const QString& key)
     return QString(section + u'\n' + key).toCaseFolded();
 }
 
-bool Same(QByteArrayView name, const QString& wanted)
-{
-    return QString::fromUtf8(name).toCaseFolded() == wanted.toCaseFolded();
-}
-
 bool CanBeSection(const QString& name)
 {
     return !name.contains(u']') && !name.contains(u'\n') && name == name.trimmed();
@@ -100,47 +95,22 @@ QByteArray Written(QString value, Quotes quotes)
     if (isStripped && quotes == Quotes::WhereNeeded) value = u'"' + value + u'"';
     return value.toUtf8();
 }
-
-// Where a value stands, or where it would be added. -1: nowhere.
-struct Target
-{
-    qsizetype ValueStart = -1;
-    qsizetype ValueLength = 0;
-    qsizetype SectionEnd = -1; // behind the last line of the first such section that is not blank
-};
-
-Target FindTarget(const QByteArray& text, const QString& section, const QString& key)
-{
-    Target target;
-    bool inside = false;
-    int sections = 0; // of this name
-    for (Lines lines(text); !lines.AtEnd();) {
-        const Line line = lines.Next();
-        if (line.Is == Line::Section) {
-            inside = Same(line.Name, section);
-            sections += inside ? 1 : 0;
-        }
-        if (!inside) continue;
-        if (line.Is == Line::Key && Same(line.Name, key)) return {line.ValueStart, line.ValueLength};
-        if (!line.Blank && sections == 1) target.SectionEnd = lines.Place();
-    }
-    return target;
-}
 } // namespace
 
 IniFile::IniFile(const QByteArray& text) : m_text(text)
 {
-    QString section;
-    bool inSection = false;
+    std::optional<QString> section; // none above the first heading
+    bool isFirst = false;           // of its name
     for (Lines lines(m_text); !lines.AtEnd();) {
         const Line line = lines.Next();
         if (line.Is == Line::Section) {
-            section = QString::fromUtf8(line.Name);
-            inSection = true;
-            m_sections.insert(section.toCaseFolded());
+            section = QString::fromUtf8(line.Name).toCaseFolded();
+            isFirst = !m_sections.contains(*section);
         }
-        if (line.Is != Line::Key || !inSection) continue;
-        const QString name = Folded(section, QString::fromUtf8(line.Name));
+        if (!section) continue;
+        if (isFirst && !line.Blank) m_sections[*section] = lines.Place();
+        if (line.Is != Line::Key) continue;
+        const QString name = Folded(*section, QString::fromUtf8(line.Name));
         if (!m_values.contains(name)) m_values.insert(name, {line.ValueStart, line.ValueLength});
     }
 }
@@ -158,22 +128,19 @@ std::optional<QString> IniFile::Value(const QString& section, const QString& key
     return IsQuoted(value) ? value.sliced(1, value.size() - 2) : value;
 }
 
-std::optional<QByteArray> WithValue(const QByteArray& text, const QString& section, const QString& key,
-                                    const QString& value, Quotes quotes)
+std::optional<IniFile> IniFile::With(const QString& section, const QString& key, const QString& value,
+                                     Quotes quotes) const
 {
     if (!CanBeSection(section) || !CanBeKey(key)) return std::nullopt;
-    const Target target = FindTarget(text, section, key);
     const QByteArray written = Written(value, quotes);
-    QByteArray result = text;
-    if (target.ValueStart >= 0) return result.replace(target.ValueStart, target.ValueLength, written);
-    const qsizetype firstBreak = text.indexOf('\n');
-    const QByteArray lineBreak = firstBreak > 0 && text[firstBreak - 1] == '\r' ? "\r\n" : "\n";
+    const auto found = m_values.constFind(Folded(section, key));
+    QByteArray result = m_text;
+    if (found != m_values.constEnd()) return IniFile(result.replace(found->Start, found->Length, written));
+    const qsizetype firstBreak = m_text.indexOf('\n');
+    const QByteArray lineBreak = firstBreak > 0 && m_text[firstBreak - 1] == '\r' ? "\r\n" : "\n";
     QByteArray added = key.toUtf8() + '=' + written + lineBreak;
-    qsizetype place = target.SectionEnd;
-    if (place < 0) {
-        place = text.size();
-        added.prepend('[' + section.toUtf8() + ']' + lineBreak);
-    }
-    if (place > 0 && text[place - 1] != '\n' && place != Lines(text).Place()) added.prepend(lineBreak);
-    return result.insert(place, added);
+    if (!HasSection(section)) added.prepend('[' + section.toUtf8() + ']' + lineBreak);
+    const qsizetype place = m_sections.value(section.toCaseFolded(), m_text.size());
+    if (place > 0 && m_text[place - 1] != '\n' && place != Lines(m_text).Place()) added.prepend(lineBreak);
+    return IniFile(result.insert(place, added));
 }

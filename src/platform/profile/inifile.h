@@ -3,10 +3,15 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QSet>
 #include <QString>
 
 #include <optional>
+
+enum class Quotes
+{
+    WhereNeeded, // where reading would strip something of the value
+    Never        // of a number, whose readers skip blanks
+};
 
 class IniFile
 {
@@ -20,6 +25,11 @@ public:
     // Without the blanks around it and one pair of quotes; empty if the key is absent.
     std::optional<QString> Value(const QString& section, const QString& key) const;
 
+    // With this one value set, all other bytes as they were; a missing section or key is added. Line breaks in the
+    // value become blanks. Empty if no INI file can hold such a section or key.
+    std::optional<IniFile> With(const QString& section, const QString& key, const QString& value,
+                                Quotes quotes = Quotes::WhereNeeded) const;
+
 private:
     struct Place
     {
@@ -28,17 +38,6 @@ private:
     };
 
     QByteArray m_text;
-    QSet<QString> m_sections;       // folded
-    QHash<QString, Place> m_values; // by section and key, folded
+    QHash<QString, qsizetype> m_sections; // folded; behind the last line of the first of its name that is not blank
+    QHash<QString, Place> m_values;       // by section and key, folded
 };
-
-enum class Quotes
-{
-    WhereNeeded, // where reading would strip something of the value
-    Never        // of a number, whose readers skip blanks
-};
-
-// The text with this one value set, all other bytes as they were; a missing section or key is added. Line breaks in the
-// value become blanks. Empty if no INI file can hold such a section or key.
-std::optional<QByteArray> WithValue(const QByteArray& text, const QString& section, const QString& key,
-                                    const QString& value, Quotes quotes = Quotes::WhereNeeded);

@@ -21,21 +21,17 @@ constexpr int LongestWait = 2000; // milliseconds
 constexpr off_t Turn = 0;
 constexpr off_t Queue = 1;
 
-int SetLock(const Descriptor& file, short type, off_t byte)
-{
-    return file.Lock(type, byte) ? 0 : errno;
-}
-
 // Asks again and again instead of F_OFD_SETLKW, which a stopped process could hold up for ever.
 bool WaitFor(const Descriptor& file, off_t byte, const QDeadlineTimer& until)
 {
-    int error = SetLock(file, F_WRLCK, byte);
-    for (; error == EAGAIN || error == EACCES || error == EINTR; error = SetLock(file, F_WRLCK, byte)) {
-        if (until.hasExpired()) return false;
+    while (!file.Lock(F_WRLCK, byte)) {
+        // Some network drives have no locks; settings are saved there all the same.
+        if (errno == ENOLCK || errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL) return true;
+        const bool isHeld = errno == EAGAIN || errno == EACCES || errno == EINTR;
+        if (!isHeld || until.hasExpired()) return false;
         QThread::msleep(1);
     }
-    // Some network drives have no locks; settings are saved there all the same.
-    return error == 0 || error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
+    return true;
 }
 
 // A lock of the open file description: it ends with the process, however that ends. Its file is never removed, or two
@@ -44,7 +40,7 @@ bool Lock(const Descriptor& file)
 {
     const QDeadlineTimer until(LongestWait);
     if (!file.IsOpen() || !WaitFor(file, Queue, until) || !WaitFor(file, Turn, until)) return false;
-    SetLock(file, F_UNLCK, Queue);
+    file.Lock(F_UNLCK, Queue);
     return true;
 }
 
@@ -57,10 +53,10 @@ QString Resolved(QString path)
 }
 } // namespace
 
-inistorage::Identity inistorage::IdentityOf(const QByteArray& encodedPath)
+inistorage::Identity inistorage::IdentityOf(const QString& path)
 {
     struct stat found = {};
-    if (::stat(encodedPath.constData(), &found) != 0) return {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0) return {};
     return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec * 1'000'000'000LL + found.st_mtim.tv_nsec};
 }
 

@@ -20,7 +20,7 @@ struct Identity
     bool operator==(const Identity&) const = default;
 };
 
-Identity IdentityOf(const QByteArray& encodedPath);
+Identity IdentityOf(const QString& path);
 
 // The bytes of the file, "" if there is none; empty if there is one that cannot be read: a folder, a device, no right,
 // or over 64 MB.

@@ -27,7 +27,6 @@ struct Change
 // A file as it was last read. Used on the user interface's thread only, like all of this room.
 struct Held
 {
-    QByteArray EncodedPath;
     inistorage::Identity Identity;
     IniFile File;
     // False while the file is so young that another write could leave the same identity: clocks of file systems tick
@@ -46,13 +45,15 @@ QString PathOf(const QString& file)
     return file.contains(u'/') ? file : folders::WindowsDirectory() + u'/' + file;
 }
 
-void Apply(IniFile& file, const std::vector<Change>& changes)
+// Nothing if no file can hold one of them.
+std::optional<IniFile> Changed(IniFile file, const std::vector<Change>& changes)
 {
-    QByteArray text = file.Text();
     for (const Change& change : changes) {
-        text = WithValue(text, change.Section, change.Key, change.Value, change.Quoting).value_or(text);
+        std::optional<IniFile> next = file.With(change.Section, change.Key, change.Value, change.Quoting);
+        if (!next) return std::nullopt;
+        file = std::move(*next);
     }
-    if (text != file.Text()) file = IniFile(text);
+    return file;
 }
 
 void Refresh(Held& held, const QString& path, const inistorage::Identity& identity)
@@ -61,8 +62,7 @@ void Refresh(Held& held, const QString& path, const inistorage::Identity& identi
     held.Settled = false;
     // One that cannot be read just now is no empty one: defaults would be shown, and written by the next OK.
     if (!text) return;
-    if (*text != held.File.Text() || !held.Batch.empty()) held.File = IniFile(*text);
-    Apply(held.File, held.Batch);
+    if (*text != held.File.Text() || !held.Batch.empty()) held.File = *Changed(IniFile(*text), held.Batch);
     held.Identity = identity;
     held.Settled = identity == inistorage::Identity() ||
                    std::abs(QDateTime::currentMSecsSinceEpoch() * 1'000'000 - identity.Modified) > SlowestTick;
@@ -70,14 +70,10 @@ void Refresh(Held& held, const QString& path, const inistorage::Identity& identi
 
 Held& HeldOf(const QString& path)
 {
-    auto held = g_held.find(path);
-    if (held == g_held.end()) {
-        held = g_held.insert(path, Held());
-        held->EncodedPath = QFile::encodeName(path);
-    }
-    const inistorage::Identity identity = inistorage::IdentityOf(held->EncodedPath);
-    if (!held->Settled || identity != held->Identity) Refresh(*held, path, identity);
-    return *held;
+    Held& held = g_held[path];
+    const inistorage::Identity identity = inistorage::IdentityOf(path);
+    if (!held.Settled || identity != held.Identity) Refresh(held, path, identity);
+    return held;
 }
 
 // 0 month first, 1 day first, 2 year first.
@@ -132,12 +128,9 @@ bool WriteAll(const QString& path, const std::vector<Change>& changes)
     if (changes.empty()) return true;
     // Somebody may have removed the folder since it was made.
     if (path.startsWith(folders::WindowsDirectory())) QDir().mkpath(folders::WindowsDirectory());
-    const bool isWritten = inistorage::Change(path, [&](const QByteArray& before) -> std::optional<QByteArray> {
-        std::optional<QByteArray> text = before;
-        for (const Change& change : changes) {
-            if (text) text = WithValue(*text, change.Section, change.Key, change.Value, change.Quoting);
-        }
-        return text;
+    const bool isWritten = inistorage::Change(path, [&](const QByteArray& before) {
+        const std::optional<IniFile> after = Changed(IniFile(before), changes);
+        return after ? std::optional(after->Text()) : std::nullopt;
     });
     // Who writes a setting has mostly nobody to tell.
     if (!isWritten)
@@ -151,9 +144,10 @@ bool Write(const Change& change, const QString& file)
     const QString path = PathOf(file);
     const auto held = g_held.find(path);
     if (held == g_held.end() || !held->Batched) return WriteAll(path, {change});
-    if (!WithValue(QByteArray(), change.Section, change.Key, change.Value)) return false;
+    std::optional<IniFile> changed = Changed(held->File, {change});
+    if (!changed) return false;
     held->Batch.push_back(change);
-    Apply(held->File, {change});
+    held->File = std::move(*changed);
     return true;
 }
 } // namespace

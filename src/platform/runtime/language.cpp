@@ -7,27 +7,14 @@
 #include <limits>
 
 namespace {
-QStringView WithoutLeadingBlanks(QStringView text)
+double HexadecimalValue(QStringView text)
 {
-    while (!text.isEmpty() && text.front().isSpace())
-        text = text.sliced(1);
-    return text;
-}
-
-double HexadecimalValue(QStringView digits)
-{
-    quint32 value = 0;
-    qsizetype count = 0;
-    while (count < digits.size() && count < 8) {
-        bool isDigit = false;
-        const uint digit = QString(digits[count]).toUInt(&isDigit, 16);
-        if (!isDigit) break;
-        value = value << 4 | digit;
-        ++count;
-    }
-    const bool isLong = count < digits.size() && digits[count] == u'&';
-    if (!isLong && count <= 4) return static_cast<std::int16_t>(value);
-    return static_cast<qint32>(value);
+    const auto isDigit = [](QChar letter) { return u"0123456789ABCDEF"_s.contains(letter, Qt::CaseInsensitive); };
+    const auto longest = text.begin() + qMin<qsizetype>(text.size(), 8);
+    const QStringView digits = text.first(std::find_if_not(text.begin(), longest, isDigit) - text.begin());
+    const quint32 value = digits.toUInt(nullptr, 16);
+    const bool isLong = text.sliced(digits.size()).startsWith(u'&');
+    return !isLong && digits.size() <= 4 ? static_cast<std::int16_t>(value) : static_cast<qint32>(value);
 }
 
 // Length of the longest start of the text that reads as a decimal number.
@@ -62,7 +49,7 @@ QString TrimmedStr(qint64 value)
 
 double Val(QStringView text)
 {
-    text = WithoutLeadingBlanks(text);
+    text = text.trimmed();
     if (text.startsWith("&H"_L1, Qt::CaseInsensitive)) return HexadecimalValue(text.sliced(2));
     const double value = text.first(NumberLength(text)).toDouble();
     return std::clamp(value, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());

@@ -1,11 +1,11 @@
 #include "errorof.h"
 #include "files.h"
+#include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
-#include "platform/desktop/titlewidth.h"
 #include "support.h"
 #include "testmain.h"
 

@@ -1,3 +1,4 @@
+#include "platform/desktop/clock.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/folders.h"
 #include "support.h"
@@ -103,6 +104,18 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(folders::WindowsDirectory()).isDir());
         const TemporaryFolders own;
         QCOMPARE(folders::WindowsDirectory(), own.Path(u"config"_s));
+    }
+
+    void TheClockFollowsTheZone()
+    {
+        const auto offsetIn = [](const char* zone) {
+            qputenv("TZ", zone);
+            return desktopclock::Now().offsetFromUtc();
+        };
+        const QByteArray before = qgetenv("TZ");
+        QCOMPARE(offsetIn("EAST-9"), 9 * 3600);
+        QCOMPARE(offsetIn("WEST+5"), -5 * 3600); // as when the person has flown
+        before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
     }
 
     void AFolderIsOnlyFinishedWhenAllIsCopied()

@@ -3,35 +3,30 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/runtimeerror.h"
 
-#include <algorithm>
-#include <array>
-
 namespace {
-struct Meaning
+QString Meaning(int reason)
 {
-    int reason;
-    const char16_t* text;
-};
-
-// The last row stands for whatever else a reader may say.
-constexpr std::array Meanings = {
-    Meaning{jetstream::Unreadable, u"'%1' is of a version of the older database engine that cannot be read here."},
-    Meaning{jetstream::Password, u"'%1' is protected by a password. Take it off with the program that has set it; then "
-                                 u"the planner can be converted."},
-    Meaning{jetstream::Encoded, u"'%1' is encoded and cannot be read. Decode it with the program that has encoded it; "
-                                u"then the planner can be converted."},
-    Meaning{jetstream::Unprotected, u"'%1' was not read: this system does not let the reader of older planners be "
-                                    u"confined."},
-    Meaning{jetstream::Damaged, u"'%1' is damaged: not all of it can be read. It is left as it was."},
-};
+    switch (reason) {
+    case jetstream::Unreadable:
+        return u"'%1' is of a version of the older database engine that cannot be read here."_s;
+    case jetstream::Password:
+        return u"'%1' is protected by a password. Take it off with the program that has set it; then the planner can "
+               "be converted."_s;
+    case jetstream::Encoded:
+        return u"'%1' is encoded and cannot be read. Decode it with the program that has encoded it; then the planner "
+               "can be converted."_s;
+    case jetstream::Unprotected:
+        return u"'%1' was not read: this system does not let the reader of older planners be confined."_s;
+    default: // damaged, or whatever else a reader may say
+        return u"'%1' is damaged: not all of it can be read. It is left as it was."_s;
+    }
+}
 } // namespace
 
 namespace jeterrors {
 void Raise(const QString& name, int reason)
 {
-    const auto found = std::find_if(Meanings.begin(), Meanings.end() - 1,
-                                    [&](const Meaning& meaning) { return meaning.reason == reason; });
-    throw RunTimeError{engineerrors::NotADatabase, QString::fromUtf16(found->text).arg(name)};
+    throw RunTimeError{engineerrors::NotADatabase, Meaning(reason).arg(name)};
 }
 
 void RaiseDamaged(const QString& name)

@@ -1,14 +1,29 @@
 #include "platform/engine/jet/jetrows.h"
 
+#include "platform/desktop/folders.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jeterrors.h"
 #include "platform/engine/jet/jetstream.h"
 #include "platform/engine/jet/jetvalues.h"
+#include "platform/runtime/runtimeerror.h"
 
 #include <QFileInfo>
+#include <QProcessEnvironment>
 
 #include <algorithm>
 
 namespace {
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds Patience = 20s;
+constexpr std::chrono::milliseconds Longest = 10min;
+std::chrono::milliseconds g_patience = Patience;
+
+// Every byte of a sound file is told once, with at most so many around it: five before each value, which takes more
+// than one of the file.
+constexpr qint64 BytesPerByte = 4;
+constexpr qint64 BytesOfDefinitions = 1 << 20;
+
 QStringList NamesOf(const std::vector<TableDef>& tables)
 {
     QStringList names;
@@ -26,14 +41,30 @@ auto FindNamed(const List& list, const QString& name)
 } // namespace
 
 JetRows::JetRows(const QString& path, const std::vector<TableDef>& expected)
-    : m_name(QFileInfo(path).fileName()), m_expected(expected), m_reader(path, NamesOf(expected)),
-      m_encoding(m_reader.Frames().Head())
+    : m_name(QFileInfo(path).fileName()), m_expected(expected)
 {
+    QProcessEnvironment environment; // of ours it gets nothing
+    environment.insert(u"LC_ALL"_s, u"C"_s);
+    m_process.setProcessEnvironment(environment);
+    m_process.setStandardInputFile(path);
+    m_process.setStandardErrorFile(QProcess::nullDevice());
+    m_process.start(folders::ShippedProgram(u"orrelin-readjet"_s), NamesOf(expected));
+    if (!m_process.waitForStarted())
+        throw RunTimeError{engineerrors::NotADatabase,
+                           u"The part of Orrelin that reads older planners is not installed."_s};
+    const qint64 most = BytesOfDefinitions + BytesPerByte * QFileInfo(path).size();
+    m_frames.emplace(m_process, m_name, JetFrames::Limits{most, g_patience, Longest});
+    m_encoding = m_frames->Head();
+}
+
+void JetRows::SetPatienceForTests(std::chrono::milliseconds patience)
+{
+    g_patience = patience.count() > 0 ? patience : Patience;
 }
 
 const TableDef* JetRows::NextTable()
 {
-    auto from = m_reader.Frames().Table();
+    auto from = m_frames->Table();
     if (!from) {
         if (!m_isPlanner) jeterrors::RaiseNoPlanner(m_name, NamesOf(m_expected).value(0));
         return nullptr;
@@ -58,7 +89,7 @@ const TableDef* JetRows::NextTable()
 
 std::optional<std::vector<QVariant>> JetRows::NextRow()
 {
-    const auto row = m_reader.Frames().Row();
+    const auto row = m_frames->Row();
     if (!row) return {};
     std::vector<QVariant> values;
     for (std::size_t field = 0; field < m_table.Fields.size(); ++field)

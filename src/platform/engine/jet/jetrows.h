@@ -1,8 +1,11 @@
-// The tables of an old planner as rows of today's tables.
+// The tables of an old planner as rows of today's tables. A process of its own reads the file, from the beginning of
+// this object to its end.
 #pragma once
 
-#include "platform/engine/jet/jetreader.h"
+#include "platform/engine/jet/jetframes.h"
 #include "platform/engine/tabledef.h"
+
+#include <QProcess>
 
 class JetRows
 {
@@ -14,12 +17,23 @@ public:
     const TableDef* NextTable();
     std::optional<std::vector<QVariant>> NextRow(); // of it, in the order of its fields
 
+    // For tests, the time without a byte after which the reader is given up.
+    static void SetPatienceForTests(std::chrono::milliseconds patience);
+
 private:
     QVariant ValueOf(std::size_t field, const JetRow& row) const;
 
     QString m_name;
     const std::vector<TableDef>& m_expected;
-    JetReader m_reader;
+    struct Process : QProcess
+    {
+        ~Process() override
+        {
+            kill(); // whatever it is doing then
+            waitForFinished();
+        }
+    } m_process;
+    std::optional<JetFrames> m_frames;
     JetEncoding m_encoding;
     JetTable m_from;
     TableDef m_table;

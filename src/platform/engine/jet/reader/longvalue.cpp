@@ -5,7 +5,6 @@
 namespace {
 constexpr std::uint32_t InRow = 0x80000000, OnOnePage = 0x40000000, LengthBits = 0x3FFFFFFF;
 constexpr std::size_t LinkSize = 4;
-constexpr int OffsetBits = 0x1FFF;
 constexpr std::string_view PageMark = "LVAL"; // where other pages name their table
 constexpr std::size_t PageMarkAt = 4;
 

@@ -15,69 +15,53 @@
 #include <vector>
 
 namespace {
-constexpr int OffsetBits = 0x1FFF;
-
-class Table
-{
-public:
-    Table(MdbHandle& file, MdbTableDef& table) : m_file(file), m_table(table) {}
-
-    void SendDefinition() const;
-    // Every row goes to the function as its values; false if fewer can be read than the file counts.
-    template <typename Take>
-    bool EachRow(Take&& take);
-    void SendRow(std::span<const MdbField> values) const;
-
-private:
-    const MdbColumn& ColumnAt(std::size_t number) const
-    {
-        return *static_cast<const MdbColumn*>(g_ptr_array_index(m_table.columns, number));
-    }
-
-    MdbHandle& m_file;
-    MdbTableDef& m_table;
-};
-
 [[noreturn]] void RefuseDamaged(const MdbHandle& file)
 {
     Refuse(file.f->db_key != 0 ? jetstream::Encoded : jetstream::Damaged);
 }
 
-void Table::SendDefinition() const
+const MdbColumn& ColumnAt(const MdbTableDef& table, std::size_t number)
+{
+    return *static_cast<const MdbColumn*>(g_ptr_array_index(table.columns, number));
+}
+
+void SendDefinition(const MdbTableDef& table)
 {
     Frame frame(jetstream::Table);
-    frame.AddText(m_table.name);
-    frame.AddNumber(m_table.num_cols, 2);
-    for (std::size_t i = 0; i < m_table.num_cols; ++i) {
-        frame.AddNumber(static_cast<std::uint32_t>(ColumnAt(i).col_type), 1);
-        frame.AddNumber(static_cast<std::uint32_t>(ColumnAt(i).col_size), 2);
-        frame.AddText(ColumnAt(i).name);
+    frame.AddText(table.name);
+    frame.AddNumber(table.num_cols, 2);
+    for (std::size_t i = 0; i < table.num_cols; ++i) {
+        const MdbColumn& column = ColumnAt(table, i);
+        frame.AddNumber(static_cast<std::uint32_t>(column.col_type), 1);
+        frame.AddNumber(static_cast<std::uint32_t>(column.col_size), 2);
+        frame.AddText(column.name);
     }
     frame.Send();
 }
 
+// Every row goes to the function as its values; false if fewer can be read than the file counts.
 template <typename Take>
-bool Table::EachRow(Take&& take)
+bool EachRow(MdbHandle& file, MdbTableDef& table, Take&& take)
 {
     std::array<MdbField, MDB_MAX_COLS> values = {};
     unsigned int rows = 0;
-    mdb_rewind_table(&m_table);
-    for (; mdb_fetch_row(&m_table); ++rows) {
+    mdb_rewind_table(&table);
+    for (; mdb_fetch_row(&table); ++rows) {
         int start = 0;
         std::size_t size = 0;
-        if (mdb_find_row(&m_file, static_cast<int>(m_table.cur_row) - 1, &start, &size) != 0 ||
-            mdb_crack_row(&m_table, start & OffsetBits, size, values.data()) < 0)
+        if (mdb_find_row(&file, static_cast<int>(table.cur_row) - 1, &start, &size) != 0 ||
+            mdb_crack_row(&table, start & OffsetBits, size, values.data()) < 0)
             return false;
-        take(std::span<const MdbField>(values.data(), m_table.num_cols));
+        take(std::span<const MdbField>(values.data(), table.num_cols));
     }
-    return rows >= m_table.num_rows;
+    return rows >= table.num_rows;
 }
 
-void Table::SendRow(std::span<const MdbField> values) const
+void SendRow(MdbHandle& file, const MdbTableDef& table, std::span<const MdbField> values)
 {
     Frame frame(jetstream::Row);
     for (std::size_t i = 0; i < values.size(); ++i) {
-        const int type = ColumnAt(i).col_type;
+        const int type = ColumnAt(table, i).col_type;
         if (type == jetstream::Boolean) {
             frame.AddText(std::string_view(values[i].is_null ? "\0" : "\1", 1)); // its bit among those of null
             continue;
@@ -88,8 +72,8 @@ void Table::SendRow(std::span<const MdbField> values) const
         }
         const std::string_view bytes(static_cast<const char*>(values[i].value),
                                      values[i].siz > 0 ? static_cast<std::size_t>(values[i].siz) : 0);
-        const auto whole = type == jetstream::Memo ? ReadLongValue(m_file, bytes) : std::string(bytes);
-        if (!whole) RefuseDamaged(m_file);
+        const auto whole = type == jetstream::Memo ? ReadLongValue(file, bytes) : std::string(bytes);
+        if (!whole) RefuseDamaged(file);
         frame.AddText(*whole);
     }
     frame.Send();
@@ -109,8 +93,7 @@ void CheckCatalog(MdbHandle& file)
 {
     std::array name = std::to_array("MSysObjects");
     MdbTableDef* catalog = Find(file, name.data(), MDB_ANY);
-    if (!catalog || !Table(file, *catalog).EachRow([](auto) {}) || file.num_catalog < catalog->num_rows)
-        RefuseDamaged(file);
+    if (!catalog || !EachRow(file, *catalog, [](auto) {}) || file.num_catalog < catalog->num_rows) RefuseDamaged(file);
     for (unsigned int i = 0; i < file.num_catalog; ++i)
         if (static_cast<const MdbCatalogEntry*>(g_ptr_array_index(file.catalog, i))->object_name[0] == '\0')
             RefuseDamaged(file);
@@ -124,12 +107,11 @@ bool IsInCatalog(MdbHandle& file, const char* name)
 
 void SendTable(MdbHandle& file, char* name)
 {
-    MdbTableDef* found = Find(file, name, MDB_TABLE);
-    if (!found && IsInCatalog(file, name)) RefuseDamaged(file);
-    if (!found) return;
-    Table table(file, *found);
-    table.SendDefinition();
-    if (!table.EachRow([&](auto values) { table.SendRow(values); })) RefuseDamaged(file);
+    MdbTableDef* table = Find(file, name, MDB_TABLE);
+    if (!table && IsInCatalog(file, name)) RefuseDamaged(file);
+    if (!table) return;
+    SendDefinition(*table);
+    if (!EachRow(file, *table, [&](auto values) { SendRow(file, *table, values); })) RefuseDamaged(file);
 }
 
 // The page of the head must still be the one that was read last.
