@@ -2,7 +2,6 @@
 
 #include "platform/controls/named.h"
 #include "platform/controls/sspanel.h"
-#include "platform/desktop/showatonce.h"
 #include "platform/look/paper.h"
 
 #include <QGuiApplication>
@@ -23,9 +22,4 @@ ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
     message->setGeometry(rect());
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     move(screen.center() - rect().center());
-}
-
-void ExitForm::ShowAtOnce()
-{
-    ShowAndPaint(*this);
 }

@@ -1,10 +1,10 @@
 #include "wallpaper/momentslook.h"
 
-#include "appearance/panelstyle.h"
 #include "calendar/calendarstate.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/cells.h"
+#include "hall/panelstyle.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
