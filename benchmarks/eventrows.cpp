@@ -94,7 +94,7 @@ public:
     void Open() { Prepare(), m_open = std::make_unique<OpenHere>(Path(true)); }
     void OpenRaw() { Prepare(), m_raw = std::make_unique<RawPlanner>(Path(true)); }
 
-    void Write() const { Event().fnRecurseDaily(u"1/1/%1"_s.arg(FirstYear), u"12/31/%1"_s.arg(LastYear), 1); }
+    void Write() const { Event().Save(Frequency::Daily, u"1/1/%1"_s.arg(FirstYear), u"12/31/%1"_s.arg(LastYear), 1); }
     void TakeOut() const { Event().TakeOut(Frequency::Daily, AllDays().first(), AllDays().last()); }
     void Put(const std::vector<QByteArray>& texts) const
     {

@@ -2,7 +2,8 @@
 
 #include "alarms/alarmeventform.h"
 #include "alarms/alarmrecords.h"
-#include "alarms/alarmrules.h"
+#include "alarms/tunes.h"
+#include "calendar/moddate.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/desktop/clock.h"
 #include "platform/engine/database.h"
@@ -11,16 +12,14 @@
 #include <QApplication>
 #include <QScopedValueRollback>
 
-#include <optional>
-
 namespace {
 // Leaves the table at the alarm that was found, or at its end.
-std::optional<Alarm> DueAlarm(const QDateTime& now)
+std::optional<Alarm> DueAlarm(const QDate& today, const QString& minute)
 {
     if (g_rsAlarm.IsNothing()) return std::nullopt; // an older planner, left without the table
     if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return std::nullopt;
     const ReadTransaction reading(g_dbPlanner);
-    if (!GoToDueAlarm(g_rsAlarm, AlarmDateOf(now), AlarmTimeOf(now))) return std::nullopt;
+    if (!GoToDueAlarm(g_rsAlarm, KeyOf({today.year(), today.month(), today.day()}), minute)) return std::nullopt;
     return CurrentAlarm(g_rsAlarm);
 }
 } // namespace
@@ -34,18 +33,18 @@ void AlarmClock::tmAlarm_Timer()
 void AlarmClock::Check()
 {
     const QDateTime now = desktopclock::Now();
-    const QString minute = AlarmTimeOf(now);
+    const QString minute = now.toString(u"hh:mm"_s);
     if (minute == m_sLastAlarmMinute) return;
     m_sLastAlarmMinute = minute;
     if (m_isRinging) return; // the window that is open stays as it is
-    if (const auto alarm = DueAlarm(now)) Ring(*alarm);
+    if (const auto alarm = DueAlarm(now.date(), minute)) Ring(*alarm);
 }
 
 void AlarmClock::Ring(const Alarm& alarm)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
     AlarmEventForm form(alarm, m_client.screen(), QApplication::focusWidget());
-    if (!alarm.silence) form.PlayWhenShown(alarm.tune);
+    if (!alarm.silence) form.subPlayMusic(alarm.tune);
     form.exec();
-    if (!alarm.silence) form.subStopMusic(alarm.tune);
+    if (!alarm.silence) StopTune(alarm.tune);
 }

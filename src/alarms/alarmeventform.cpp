@@ -98,20 +98,12 @@ void AlarmEventForm::SetUpTimers()
     connect(&m_quiet, &QTimer::timeout, this, Guarded(PlayLiteral, [this] { MsgBox(m_problem); }));
 }
 
-void AlarmEventForm::PlayWhenShown(const QString& tune)
-{
-    QTimer::singleShot(0, this, Guarded(PlayLiteral, [this, tune] { subPlayMusic(tune); }));
-}
-
 void AlarmEventForm::subPlayMusic(const QString& sTune)
 {
-    m_problem = PlayTune(sTune);
-    if (!m_problem.isEmpty()) m_quiet.start();
-}
-
-void AlarmEventForm::subStopMusic(const QString& sTune)
-{
-    StopTune(sTune);
+    QTimer::singleShot(0, this, Guarded(PlayLiteral, [this, sTune] {
+                           m_problem = PlayTune(sTune);
+                           if (!m_problem.isEmpty()) m_quiet.start();
+                       }));
 }
 
 void AlarmEventForm::showEvent(QShowEvent* event)

@@ -23,8 +23,7 @@ public:
 
     // Plays the tune once the window is shown. What is told of a tune that cannot be played stands over it, and waits
     // for half a second without a key.
-    void PlayWhenShown(const QString& tune);
-    void subStopMusic(const QString& sTune);
+    void subPlayMusic(const QString& sTune);
 
 protected:
     bool event(QEvent* event) override;
@@ -33,7 +32,6 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
-    void subPlayMusic(const QString& sTune);
     bool IsTouched() const { return focusWidget() != this; }
     void PassOn(QEvent& typed);
     void TakeKeys();

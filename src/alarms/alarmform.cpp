@@ -3,8 +3,8 @@
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
 #include "alarms/tunes.h"
-#include "calendar/calendarstate.h"
 #include "calendar/dateorder.h"
+#include "calendar/moddate.h"
 #include "calendar/modshow.h"
 #include "calendar/turn.h"
 #include "editing/defaultfont.h"
@@ -18,9 +18,7 @@
 #include "platform/controls/timer.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/mousepointer.h"
-#include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
-#include "platform/runtime/language.h"
 #include "settings/messages.h"
 
 #include <QButtonGroup>
@@ -29,7 +27,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
 
 namespace {
 constexpr QLatin1StringView LoadLiteral(" in AlarmForm, Form Load");
@@ -44,11 +41,6 @@ void WirePicture(PictureButton* picture, int pressed, int released, QLatin1Strin
                          picture->ShowElement(released);
                          action();
                      }));
-}
-
-void WireStep(PictureButton* picture, MaskEdBox* box, QString (*step)(const QString&))
-{
-    WirePicture(picture, 1, 0, " in AlarmForm, subSpin"_L1, [=] { box->SetText(step(box->Text())); });
 }
 } // namespace
 
@@ -71,11 +63,6 @@ AlarmForm::~AlarmForm()
     if (!m_played.isEmpty()) StopTune(m_played);
 }
 
-void AlarmForm::Tell(const QString& text, int icon)
-{
-    MsgBox(text, icon, messages::HelpWizard);
-}
-
 void AlarmForm::Wire()
 {
     const auto on = [this](QPushButton* button, QLatin1StringView literal, void (AlarmForm::*click)()) {
@@ -83,15 +70,19 @@ void AlarmForm::Wire()
     };
     on(m_controls.btnOk, OkLiteral, &AlarmForm::btnOk_Click);
     on(m_controls.btnDelete, " in AlarmForm, btnDelete_Click"_L1, &AlarmForm::btnDelete_Click);
-    on(m_controls.btnCancel, " in AlarmForm, btnCancel_Click"_L1, &AlarmForm::btnCancel_Click);
+    on(m_controls.btnCancel, " in AlarmForm, btnCancel_Click"_L1, &AlarmForm::Close);
 }
 
 void AlarmForm::WirePictures()
 {
-    WireStep(m_controls.picHourUp, m_controls.maskHour, HourUp);
-    WireStep(m_controls.picHourDn, m_controls.maskHour, HourDown);
-    WireStep(m_controls.picMinuteUp, m_controls.maskMinute, MinuteUp);
-    WireStep(m_controls.picMinuteDn, m_controls.maskMinute, MinuteDown);
+    const auto step = [](PictureButton* picture, MaskEdBox* box, auto change, int first, int last) {
+        WirePicture(picture, 1, 0, " in AlarmForm, subSpin"_L1,
+                    [=] { box->SetText(change(box->Text(), first, last)); });
+    };
+    step(m_controls.picHourUp, m_controls.maskHour, OneUp, 1, 12);
+    step(m_controls.picHourDn, m_controls.maskHour, OneDown, 1, 12);
+    step(m_controls.picMinuteUp, m_controls.maskMinute, OneUp, 0, 59);
+    step(m_controls.picMinuteDn, m_controls.maskMinute, OneDown, 0, 59);
     const QLatin1StringView left(" in AlarmForm, PicLeftSpin_MouseUp"), right(" in AlarmForm, PicRightSpin_MouseUp");
     WirePicture(m_controls.picLeftSpin, 1, 2, left, [this, left] { Browse(Toward::Previous, left); });
     WirePicture(m_controls.picRightSpin, 1, 2, right, [this, right] { Browse(Toward::Next, right); });
@@ -106,17 +97,16 @@ void AlarmForm::Form_Load(int cell)
     const Hourglass hourglass;
     m_tmAlarm.SetEnabled(false);
     const bool isShown = m_cells.panelDay.Exists(cell);
-    const QString caption = isShown ? m_cells.panelDay(cell).Caption().trimmed() : QString();
+    const QString key = isShown ? CellKey(m_cells.panelDay(cell).Caption()) : CellKey({});
     m_controls.lblDateFormat->setText(m_dateOrder.label);
     ShowEmptyBoxes();
     tail([&] { m_controls.orlcmbTunes->FillTexts(ListTunes()); });
     tail([&] { GiveDefaultFont(*m_controls.tbNotes, DefaultStyles::None, LoadLiteral); });
     tail([&] {
-        if (m_mode == Mode::New) {
-            PrepareNew(caption);
-        } else {
-            PrepareBrowse(caption);
-        }
+        if (m_mode == Mode::New)
+            PrepareNew(key);
+        else
+            PrepareBrowse(key);
     });
 }
 
@@ -130,11 +120,11 @@ void AlarmForm::ShowEmptyBoxes()
     SetHalfDay(std::nullopt);
 }
 
-void AlarmForm::PrepareNew(const QString& caption)
+void AlarmForm::PrepareNew(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"New Alarm Event"_s);
     subHideBrowseControls();
-    ProposeDate(caption);
+    if (fnGetQMTDay(key) > 0) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key)); // a memo's is 0
     if (m_controls.orlcmbTunes->ListCount() > 0) m_controls.orlcmbTunes->SetListIndex(0);
     (m_controls.maskAlarmDate->IsComplete() ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
 }
@@ -147,30 +137,20 @@ void AlarmForm::subHideBrowseControls()
         spin->ShowElement(0);
 }
 
-void AlarmForm::ProposeDate(const QString& caption)
+void AlarmForm::SetHalfDay(HalfDay pm)
 {
-    if (caption.isEmpty() || IsMemoCaption(caption)) return;
-    m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(g_iYear, g_iMonth, IntegerOf(caption)));
-}
-
-std::optional<bool> AlarmForm::HalfDay() const
-{
-    const int half = m_controls.halfDay->checkedId();
-    return half < 0 ? std::nullopt : std::optional(half == 1);
-}
-
-void AlarmForm::SetHalfDay(std::optional<bool> pm)
-{
-    m_controls.halfDay->setExclusive(false); // or the last one chosen could not be taken away
-    m_controls.opAMPM[0]->setChecked(pm == false);
-    m_controls.opAMPM[1]->setChecked(pm == true);
-    m_controls.halfDay->setExclusive(true);
+    m_controls.opAMPM->setExclusive(false); // or the last one chosen could not be taken away
+    m_controls.opAMPM->button(0)->setChecked(pm == false);
+    m_controls.opAMPM->button(1)->setChecked(pm == true);
+    m_controls.opAMPM->setExclusive(true);
 }
 
 QString AlarmForm::fnAlarmTimeText()
 {
-    const QString time = AlarmTimeText(m_controls.maskHour->Text(), m_controls.maskMinute->Text(), HalfDay());
-    if (time.isEmpty()) Tell(u"The time you have entered is not valid"_s);
+    const int half = m_controls.opAMPM->checkedId();
+    const QString time = AlarmTimeText(m_controls.maskHour->Text(), m_controls.maskMinute->Text(),
+                                       half < 0 ? HalfDay() : HalfDay(half == 1));
+    if (time.isEmpty()) messages::Tell(u"The time you have entered is not valid"_s);
     return time;
 }
 
@@ -184,7 +164,7 @@ void AlarmForm::btnOk_Click()
 
 void AlarmForm::AddAlarm()
 {
-    const Alarm alarm = {fnAlarmDateKey(m_dateOrder, m_controls.maskAlarmDate->Text()), fnAlarmTimeText(),
+    const Alarm alarm = {fnFnGetQMTDate(m_dateOrder.EntryDate(m_controls.maskAlarmDate->Text())), fnAlarmTimeText(),
                          m_controls.tbNotes->TextRTF(), m_controls.orlcmbTunes->Text(),
                          m_controls.chkSilence->isChecked()};
     if (!TellRefusal(alarm) && Store(alarm)) Close();
@@ -194,16 +174,14 @@ bool AlarmForm::TellRefusal(const Alarm& alarm)
 {
     if (alarm.time.isEmpty()) return true; // told already
     if (m_controls.tbNotes->IsEmpty()) {
-        Tell(u"Notes field cannot be empty"_s);
+        messages::Tell(u"Notes field cannot be empty"_s);
         return true;
     }
+    if (m_controls.maskAlarmDate->IsComplete()) return false;
     // An alarm of no date would never ring and never be seen again.
-    if (!m_controls.maskAlarmDate->IsComplete()) {
-        Tell(u"The date you have entered is not complete"_s);
-        m_controls.maskAlarmDate->setFocus();
-        return true;
-    }
-    return false;
+    messages::Tell(u"The date you have entered is not complete"_s);
+    m_controls.maskAlarmDate->setFocus();
+    return true;
 }
 
 // Where the planner does not take it the window stays, with what was written.
@@ -221,13 +199,8 @@ bool AlarmForm::Store(const Alarm& alarm)
             problem = error.Description;
         }
     });
-    if (!problem.isEmpty()) Tell(problem, msgbox::Exclamation);
+    if (!problem.isEmpty()) messages::Tell(problem, msgbox::Exclamation);
     return isStored;
-}
-
-void AlarmForm::btnCancel_Click()
-{
-    Close();
 }
 
 void AlarmForm::Close()

@@ -3,21 +3,58 @@
 // the clock so until the editor is closed in another way.
 #pragma once
 
-#include "alarms/alarmcontrols.h"
-#include "platform/desktop/msgbox.h"
+#include "alarms/alarmrules.h"
 #include "platform/engine/recordset.h"
 
 #include <QDialog>
 
-#include <optional>
-
 class Cells;
 struct Alarm;
 struct DateOrder;
+class MaskEdBox;
+class ORLCombo;
+class PictureButton;
+class QButtonGroup;
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
 class QScrollBar;
+class RichTextBox;
 class Timer;
 class Turn;
 enum class Toward;
+
+// No behaviour.
+struct AlarmControls
+{
+    QGroupBox* frAlarm = nullptr;
+    QGroupBox* frBrowseAlarm = nullptr;
+    PictureButton* picLeftSpin = nullptr; // 0 idle in New mode, 1 pressed, 2 released in Browse mode
+    PictureButton* picRightSpin = nullptr;
+    QGroupBox* frAlarmDate = nullptr;
+    QLabel* lblDateFormat = nullptr;
+    MaskEdBox* maskAlarmDate = nullptr;
+    MaskEdBox* maskHour = nullptr;
+    PictureButton* picHourUp = nullptr; // 0 released, 1 pressed
+    PictureButton* picHourDn = nullptr;
+    MaskEdBox* maskMinute = nullptr;
+    PictureButton* picMinuteUp = nullptr;
+    PictureButton* picMinuteDn = nullptr;
+    QButtonGroup* opAMPM = nullptr; // 0 AM, 1 PM
+    QGroupBox* frTunes = nullptr;
+    ORLCombo* orlcmbTunes = nullptr;
+    PictureButton* picPlay = nullptr; // 0 released, 1 pressed
+    PictureButton* picStop = nullptr; // 0 pressed, 1 released
+    QCheckBox* chkSilence = nullptr;
+    QGroupBox* frNotes = nullptr;
+    RichTextBox* tbNotes = nullptr;
+    QPushButton* btnOk = nullptr;
+    QPushButton* btnDelete = nullptr;
+    QPushButton* btnCancel = nullptr;
+};
+
+AlarmControls MakeAlarmControls(QDialog& window); // all become children of the window
 
 class AlarmForm : public QDialog
 {
@@ -45,19 +82,17 @@ private:
     void Form_Load(int cell);
     void Wire();
     void WirePictures();
-    void PrepareNew(const QString& caption);
-    void PrepareBrowse(const QString& caption);
+    void PrepareNew(const QString& key);
+    void PrepareBrowse(const QString& key);
     void subHideBrowseControls();
-    void ProposeDate(const QString& caption);
     void ShowEmptyBoxes();
 
-    void subDisplayAlarmData(const QString& caption);
+    void subDisplayAlarmData();
     void ShowAlarm(const Alarm& alarm);
     void Browse(Toward direction, QLatin1StringView literal);
 
     void btnOk_Click();
     void btnDelete_Click();
-    void btnCancel_Click();
     void AddAlarm();
     bool TellRefusal(const Alarm& alarm); // true if the alarm cannot be stored as it is
     bool Store(const Alarm& alarm);
@@ -65,11 +100,9 @@ private:
     void picPlay_MouseUp();
     void picStop_MouseUp();
 
-    std::optional<bool> HalfDay() const;
     QString fnAlarmTimeText();
-    void SetHalfDay(std::optional<bool> pm);
+    void SetHalfDay(HalfDay pm);
     QScrollBar* ScrollBarOfBrowsedNote() const;
-    static void Tell(const QString& text, int icon = msgbox::Information);
     void Close();
 
     const Mode m_mode;

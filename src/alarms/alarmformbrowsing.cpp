@@ -1,12 +1,10 @@
 // What the editor does while it browses.
 #include "alarms/alarmform.h"
-#include "alarms/alarmmarks.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
 #include "calendar/dateorder.h"
-#include "calendar/moddate.h"
-#include "calendar/modshow.h"
 #include "calendar/turn.h"
+#include "plannerfile/alarmmarks.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
@@ -17,6 +15,7 @@
 #include "platform/engine/database.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
+#include "settings/messages.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -30,7 +29,7 @@ constexpr QLatin1StringView OkLiteral(" in AlarmForm, btnOk_Click");
 constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData");
 } // namespace
 
-void AlarmForm::PrepareBrowse(const QString& caption)
+void AlarmForm::PrepareBrowse(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"Browse/Edit Alarm Event"_s);
     // What stands in a frame is disabled with it.
@@ -42,14 +41,13 @@ void AlarmForm::PrepareBrowse(const QString& caption)
         spin->ShowElement(2);
     m_controls.btnCancel->hide();
     m_controls.picRightSpin->setFocus();
-    subDisplayAlarmData(caption);
+    m_sAlarmDate = key;
+    subDisplayAlarmData();
 }
 
-void AlarmForm::subDisplayAlarmData(const QString& caption)
+void AlarmForm::subDisplayAlarmData()
 {
-    const ErrorTail tail(DisplayLiteral);
-    m_sAlarmDate = CellKey(caption);
-    tail([&] {
+    ErrorTail{DisplayLiteral}([this] {
         m_alarms = schema::OpenAlarms(g_dbPlanner);
         m_alarms.Seek(u"="_s, m_sAlarmDate);
         if (!m_alarms.NoMatch()) ShowAlarm(CurrentAlarm(m_alarms));
@@ -59,10 +57,7 @@ void AlarmForm::subDisplayAlarmData(const QString& caption)
 void AlarmForm::ShowAlarm(const Alarm& alarm)
 {
     const ErrorTail tail(DisplayLiteral);
-    tail([&] {
-        m_controls.maskAlarmDate->SetText(
-            m_dateOrder.BoxText(fnGetQMTYear(m_sAlarmDate), fnGetQMTMonth(m_sAlarmDate), fnGetQMTDay(m_sAlarmDate)));
-    });
+    tail([&] { m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(m_sAlarmDate)); });
     tail([&] {
         const ShownTime time = ShownTimeOf(alarm.time);
         m_controls.maskHour->SetText(time.hour);
@@ -86,7 +81,7 @@ void AlarmForm::Browse(Toward direction, QLatin1StringView literal)
             return StepToAlarm(m_alarms, m_sAlarmDate, direction);
         };
         if (step()) return ShowAlarm(CurrentAlarm(m_alarms));
-        Tell(u"No more alarm events for the date "_s + m_controls.maskAlarmDate->Text());
+        messages::Tell(u"No more alarm events for the date "_s + m_controls.maskAlarmDate->Text());
     });
 }
 
@@ -124,7 +119,7 @@ void AlarmForm::btnDelete_Click()
             throw;
         }
     });
-    if (!problem.isEmpty()) return Tell(problem, msgbox::Exclamation);
+    if (!problem.isEmpty()) return messages::Tell(problem, msgbox::Exclamation);
     tail([&] { m_alarms.MoveFirst(); });
     ShowEmptyBoxes();
     m_controls.chkSilence->setChecked(false);

@@ -4,15 +4,13 @@
 #include "calendar/calendarstate.h"
 #include "calendar/lockedday.h"
 #include "hall/cells.h"
-#include "hall/sidebar.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/refusals.h"
-#include "platform/controls/picturebutton.h"
 
 namespace {
-bool RefusesWorkgroup()
+bool Refuses()
 {
-    return RefusesShared(u"Global alarm settings"_s);
+    return RefusesWithoutPlanner() || RefusesShared(u"Global alarm settings"_s);
 }
 } // namespace
 
@@ -23,35 +21,14 @@ int AlarmHandlers::CurrentCell()
     return g_iCurrentPanel;
 }
 
-void AlarmHandlers::OpenNew()
-{
-    AlarmForm(AlarmForm::Mode::New, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
-}
-
 void AlarmHandlers::mnuNewAlarm_Click()
 {
-    if (!RefusesWithoutPlanner() && !RefusesWorkgroup()) OpenNew();
+    if (!Refuses()) AlarmForm(AlarmForm::Mode::New, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
 }
 
 void AlarmHandlers::mnuChangeAlarms_Click()
 {
-    if (RefusesWithoutPlanner() || RefusesWorkgroup()) return;
-    AlarmForm(AlarmForm::Mode::Browse, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
-}
-
-void AlarmHandlers::picAlarm_MouseDown()
-{
-    if (!RefusesWithoutPlanner()) m_sidebar.picAlarm->ShowElement(1);
-}
-
-void AlarmHandlers::picAlarm_MouseUp()
-{
-    m_sidebar.picAlarm->ShowElement(0);
-}
-
-void AlarmHandlers::picAlarm_Click()
-{
-    if (HasPlanner() && !RefusesWorkgroup()) OpenNew();
+    if (!Refuses()) AlarmForm(AlarmForm::Mode::Browse, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
 }
 
 // The end of the browsing reads the cells again: what was typed into a locked day is stored before.

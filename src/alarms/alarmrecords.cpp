@@ -26,27 +26,15 @@ bool IsPast(const Recordset& alarms, Toward direction)
     return direction == Toward::Next ? alarms.EOF_() : alarms.BOF();
 }
 
-void Step(Recordset& alarms, Toward direction)
-{
-    if (direction == Toward::Next) {
-        alarms.MoveNext();
-    } else {
-        alarms.MovePrevious();
-    }
-}
-
 bool StepOnce(Recordset& alarms, const QString& date, Toward direction)
 {
     do {
-        Step(alarms, direction);
+        if (direction == Toward::Next)
+            alarms.MoveNext();
+        else
+            alarms.MovePrevious();
     } while (!IsPast(alarms, direction) && DateOf(alarms) != date);
     return !IsPast(alarms, direction);
-}
-
-void GoToEnd(Recordset& alarms)
-{
-    alarms.MoveLast();
-    alarms.MoveNext();
 }
 } // namespace
 
@@ -95,6 +83,8 @@ bool GoToDueAlarm(Recordset& alarms, const QString& date, const QString& time)
         alarms.MoveNext();
         isOfDate = !alarms.EOF_() && DateOf(alarms) == date;
     }
-    if (!isOfDate) GoToEnd(alarms);
-    return isOfDate;
+    if (isOfDate) return true;
+    alarms.MoveLast();
+    alarms.MoveNext();
+    return false;
 }

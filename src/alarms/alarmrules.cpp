@@ -1,10 +1,7 @@
 #include "alarms/alarmrules.h"
 
-#include "calendar/dateorder.h"
 #include "calendar/moddate.h"
 #include "platform/runtime/language.h"
-
-#include <QDateTime>
 
 namespace {
 constexpr int HoursOfHalf = 12, LastMinute = 59;
@@ -14,11 +11,6 @@ QString TwoDigits(int number)
     return QString::number(number).rightJustified(2, u'0');
 }
 } // namespace
-
-QString fnAlarmDateKey(const DateOrder& order, const QString& sMaskText)
-{
-    return fnFnGetQMTDate(order.EntryDate(sMaskText));
-}
 
 QString AlarmTimeText(const QString& sHour, const QString& sMinute, HalfDay pm)
 {
@@ -32,8 +24,7 @@ QString AlarmTimeText(const QString& sHour, const QString& sMinute, HalfDay pm)
 
 ShownTime ShownTimeOf(const QString& alarmTime)
 {
-    const bool isShort = alarmTime.indexOf(u':') == 1;
-    const int hour = IntegerOf(alarmTime.left(isShort ? 1 : 2));
+    const int hour = IntegerOf(alarmTime.left(2));
     const bool pm = hour >= HoursOfHalf;
     const int shown = pm ? hour - HoursOfHalf : hour;
     return {TwoDigits(shown == 0 ? HoursOfHalf : shown), alarmTime.right(2), pm};
@@ -46,37 +37,14 @@ QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime)
                                  time.pm ? u"PM"_s : u"AM"_s);
 }
 
-QString HourUp(const QString& sHour)
+QString OneUp(const QString& sNumber, int first, int last)
 {
-    const int hour = IntegerOf(sHour);
-    return TwoDigits(hour == HoursOfHalf ? 1 : hour + 1);
+    const int number = IntegerOf(sNumber);
+    return TwoDigits(number == last ? first : number + 1);
 }
 
-QString HourDown(const QString& sHour)
+QString OneDown(const QString& sNumber, int first, int last)
 {
-    const int hour = IntegerOf(sHour);
-    return TwoDigits(hour <= 1 ? HoursOfHalf : hour - 1);
-}
-
-QString MinuteUp(const QString& sMinute)
-{
-    const int minute = IntegerOf(sMinute);
-    return TwoDigits(minute == LastMinute ? 0 : minute + 1);
-}
-
-QString MinuteDown(const QString& sMinute)
-{
-    const int minute = IntegerOf(sMinute);
-    return TwoDigits(minute == 0 ? LastMinute : minute - 1);
-}
-
-QString AlarmDateOf(const QDateTime& now)
-{
-    const QDate today = now.date();
-    return KeyOf({today.year(), today.month(), today.day()});
-}
-
-QString AlarmTimeOf(const QDateTime& now)
-{
-    return now.toString(u"hh:mm"_s);
+    const int number = IntegerOf(sNumber);
+    return TwoDigits(number <= first ? last : number - 1);
 }

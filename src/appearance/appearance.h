@@ -1,11 +1,13 @@
 // The commands that change how days, headings, titles and new notes look.
 #pragma once
 
-#include <QLatin1StringView>
+#include <vector>
 
 struct BottomPanel;
 class Cells;
 class Redraw;
+struct StyleRules;
+struct StyleSample;
 class Turn;
 
 class Appearance
@@ -24,7 +26,7 @@ public:
     void lblDayOfWeek_DblClick(int Index); // this heading alone, by the font dialog
 
 private:
-    void DrawAnew(void (Redraw::*display)(), QLatin1StringView literal);
+    bool Customize(const StyleRules& rules, const std::vector<StyleSample>& samples); // true if OK was pressed
 
     Cells& m_cells;
     const BottomPanel& m_bottom;

@@ -18,19 +18,20 @@ namespace {
 struct StyleRow
 {
     const char* name;
-    const char* caption;
+    QLatin1StringView caption;
     const IntSetting* setting;
 };
 
-constexpr StyleRow StyleRows[] = {{"chkBold", "Bold", &settings::DefaultBold},
-                                  {"chkItalic", "Italic", &settings::DefaultItalic},
-                                  {"chkUnderline", "Underline", &settings::DefaultUnderline},
-                                  {"chkStrikeThrough", "Strikethrough", &settings::DefaultStrikeThrough}};
+constexpr StyleRow StyleRows[] = {{"chkBold", "Bold"_L1, &settings::DefaultBold},
+                                  {"chkItalic", "Italic"_L1, &settings::DefaultItalic},
+                                  {"chkUnderline", "Underline"_L1, &settings::DefaultUnderline},
+                                  {"chkStrikeThrough", "Strikethrough"_L1, &settings::DefaultStrikeThrough}};
 
-ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label)
+ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label, void (ORLCombo::*fill)())
 {
     auto* combo = Named(new ORLCombo, name);
     combo->setFocusPolicy(Qt::StrongFocus); // no caret is waiting in a cell here
+    (combo->*fill)();
     rows.addRow(label, combo);
     return combo;
 }
@@ -52,12 +53,11 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
     column->addWidget(new QLabel(u"Customize your default choice of Font Name, Size and Color."_s));
     auto* frame = new QGroupBox(u"Initial Fonts"_s);
     auto* rows = new QFormLayout(frame);
-    m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", u"&Font:"_s);
-    m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", u"&Size:"_s);
-    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", u"Colo&r:"_s);
+    m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", u"&Font:"_s, &ORLCombo::FillFontNames);
+    m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", u"&Size:"_s, &ORLCombo::FillFontSizes);
+    m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", u"Colo&r:"_s, &ORLCombo::FillColors);
     for (std::size_t i = 0; i < m_styles.size(); ++i) {
-        m_styles[i] = new QCheckBox(QString::fromLatin1(StyleRows[i].caption));
-        m_styles[i]->setObjectName(QString::fromLatin1(StyleRows[i].name));
+        m_styles[i] = Named(new QCheckBox(StyleRows[i].caption), StyleRows[i].name);
         rows->addRow(QString(), m_styles[i]);
     }
     column->addWidget(frame);
@@ -69,9 +69,6 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
 void InitFontForm::ShowSettings()
 {
     const ErrorTail tail(" in InitFontForm, Form_Load"_L1);
-    m_orlcmbFontname->FillFontNames();
-    m_orlcmbFontsize->FillFontSizes();
-    m_orlcmbFontcolor->FillColors();
     tail([&] { Select(*m_orlcmbFontname, Read(settings::DefaultFontName)); });
     tail([&] { Select(*m_orlcmbFontsize, QString::number(Read(settings::DefaultFontSize))); });
     tail([&] {
@@ -85,8 +82,7 @@ void InitFontForm::ShowSettings()
 
 void InitFontForm::accept()
 {
-    const ErrorTail tail(" in InitFontForm, btnOK_Click"_L1);
-    tail([&] {
+    ErrorTail{" in InitFontForm, btnOK_Click"_L1}([this] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         WriteText(settings::DefaultFontSize, m_orlcmbFontsize->Text().trimmed());
         Write(settings::DefaultFontColor, m_orlcmbFontcolor->Text().trimmed());

@@ -1,22 +1,52 @@
 #include "appearance/styleform.h"
 
-#include "appearance/panelstyle.h"
-#include "appearance/samplepanel.h"
+#include "hall/panelstyle.h"
+#include "platform/controls/accessrole.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/fontdialog.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
+#include "platform/controls/sspanel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 
 namespace {
-constexpr QSize SmallestSample(88, 72);
-}
+// A panel that looks like the cell or heading it stands for and is pressed, by mouse or key, to change its look.
+class SamplePanel : public SSPanel
+{
+public:
+    SamplePanel()
+    {
+        SetAccessibleRole(this, QAccessible::Button);
+        setFocusPolicy(Qt::StrongFocus);
+        setCursor(Qt::PointingHandCursor);
+        SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() != Qt::Key_Space) return SSPanel::keyPressEvent(event);
+        Q_EMIT Click();
+    }
+    void focusInEvent(QFocusEvent* event) override
+    {
+        SSPanel::focusInEvent(event);
+        SetActive(true);
+    }
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        SSPanel::focusOutEvent(event);
+        SetActive(false);
+    }
+};
+} // namespace
 
 StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& samples, QWidget* owner)
     : QDialog(owner), m_rules(rules), m_samples(samples)
@@ -26,8 +56,7 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     auto* column = DialogColumn(*this);
     column->addWidget(new QLabel(m_rules.hint));
     auto* frame = new QGroupBox(m_rules.frame);
-    auto* grid = new QGridLayout(frame);
-    AddSamples(*grid);
+    AddSamples(*new QGridLayout(frame));
     column->addWidget(frame);
     AddChecks(*column);
     column->addWidget(MakeOkCancel(*this, u"btnSave"_s));
@@ -38,16 +67,22 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
 void StyleForm::AddSamples(QGridLayout& grid)
 {
     for (std::size_t i = 0; i < m_samples.size(); ++i) {
+        const QString& label = m_samples[i].label;
         const int column = static_cast<int>(i);
-        grid.addWidget(AddSample(m_samples[i]), 0, column);
-        if (!m_samples[i].label.isEmpty()) grid.addWidget(new QLabel(m_samples[i].label), 1, column, Qt::AlignHCenter);
+        m_panels.push_back(MakeSample(i));
+        // The one that stands for all others is as wide as they are together.
+        if (i == Written())
+            grid.addWidget(m_panels[i], 1, 0, 1, -1);
+        else
+            grid.addWidget(m_panels[i], 0, column);
+        if (!label.isEmpty()) grid.addWidget(new QLabel(label), 1, column, Qt::AlignHCenter);
     }
-    // The one that stands for all others is as wide as they are together.
-    if (m_rules.all) grid.addWidget(AddSample(*m_rules.all), 1, 0, 1, -1);
 }
 
-SamplePanel* StyleForm::AddSample(const StyleSample& sample)
+SSPanel* StyleForm::MakeSample(std::size_t number)
 {
+    constexpr QSize SmallestSample(88, 72);
+    const StyleSample& sample = m_samples[number];
     auto* panel = new SamplePanel;
     panel->setObjectName(sample.name);
     panel->setMinimumSize(SmallestSample);
@@ -56,11 +91,7 @@ SamplePanel* StyleForm::AddSample(const StyleSample& sample)
     panel->SetCaption(sample.caption);
     panel->setAccessibleName(sample.label.isEmpty() ? sample.caption : sample.label);
     ApplyStyle(*panel, ReadStyle(sample.defaults));
-    m_panels.push_back(panel);
-    const bool isAll = &sample == m_rules.all;
-    connect(panel, &SSPanel::Click, this, Guarded(m_rules.click, [this, &sample, panel, isAll] {
-                PressSample(sample, isAll ? m_panels : std::vector<SamplePanel*>{panel});
-            }));
+    connect(panel, &SSPanel::Click, this, Guarded(m_rules.click, [this, number] { PressSample(number); }));
     return panel;
 }
 
@@ -85,7 +116,7 @@ void StyleForm::AddChecks(QLayout& column)
 
 void StyleForm::ShowEffects()
 {
-    for (SamplePanel* panel : m_panels)
+    for (SSPanel* panel : m_panels)
         panel->SetFont3D(m_effect);
     if (!m_chkStrikeOut) return;
     QFont font = m_panels.back()->CaptionFont();
@@ -94,21 +125,20 @@ void StyleForm::ShowEffects()
 }
 
 // The font dialog begins with what the file says, not with what the sample shows.
-void StyleForm::PressSample(const StyleSample& sample, const std::vector<SamplePanel*>& changed)
+void StyleForm::PressSample(std::size_t number)
 {
-    std::optional<PanelStyle> chosen = ChooseStyle(this, ReadStyle(sample.defaults));
+    const auto chosen = ChooseStyle(this, ReadStyle(m_samples[number].defaults));
     if (!chosen) return;
-    for (SamplePanel* panel : changed)
-        ApplyStyle(*panel, *chosen);
+    for (std::size_t i = 0; i < m_panels.size(); ++i)
+        if (i == number || number == Written()) ApplyStyle(*m_panels[i], *chosen);
     ShowEffects();
 }
 
 void StyleForm::accept()
 {
-    const ErrorTail tail(m_rules.save);
-    tail([&] {
+    ErrorTail{m_rules.save}([this] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-        for (std::size_t i = 0; i < m_samples.size(); ++i) {
+        for (std::size_t i = 0; i < Written(); ++i) {
             PanelStyle style = StyleOf(*m_panels[i]);
             style.italic = style.italic || m_rules.alwaysItalic;
             WriteStyle(m_samples[i].defaults.section, style, u"1");
@@ -117,4 +147,15 @@ void StyleForm::accept()
         if (m_chkStrikeOut) Write(*m_rules.strikeOut, m_chkStrikeOut->isChecked() ? -1 : 0);
     });
     QDialog::accept();
+}
+
+std::optional<PanelStyle> ChooseStyle(QWidget* owner, const PanelStyle& style)
+{
+    FontChoice choice = {.name = style.fontName,
+                         .size = static_cast<double>(style.size),
+                         .bold = style.bold,
+                         .italic = style.italic,
+                         .color = style.color};
+    if (!ChooseFont(owner, choice, fontdialog::ScreenFontsAndEffects | fontdialog::TrueTypeOnly)) return std::nullopt;
+    return PanelStyle{choice.name, choice.bold, qRound(choice.size), choice.italic, choice.color};
 }

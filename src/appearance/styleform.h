@@ -6,11 +6,12 @@
 
 #include <QDialog>
 
+#include <optional>
 #include <vector>
 
 class QCheckBox;
 class QGridLayout;
-class SamplePanel;
+class SSPanel;
 
 struct StyleSample
 {
@@ -24,17 +25,17 @@ struct StyleSample
 struct StyleRules
 {
     const char* name;
-    QString title;
-    QString frame;
-    QString hint;
+    QLatin1StringView title;
+    QLatin1StringView frame;
+    QLatin1StringView hint;
     QLatin1StringView click; // in the error log
     QLatin1StringView save;
     IntSetting font3D;
     int effect;                    // that "3D Font Effects" stands for
     const IntSetting* strikeOut{}; // of the last sample, if it has one
-    QString strikeOutCaption;
-    bool alwaysItalic = false;        // whatever the samples show: kept as it has always been
-    const StyleSample* all = nullptr; // a sample that stands for all others and is not written
+    QLatin1StringView strikeOutCaption{};
+    bool alwaysItalic = false;     // whatever the samples show: kept as it has always been
+    bool lastStandsForAll = false; // the last sample changes all others and is not written
 };
 
 class StyleForm : public QDialog
@@ -42,21 +43,26 @@ class StyleForm : public QDialog
     Q_OBJECT
 
 public:
+    // The rules stay as long as the dialog.
     StyleForm(const StyleRules& rules, const std::vector<StyleSample>& samples, QWidget* owner = nullptr);
 
     void accept() override; // writes the samples' styles
 
 private:
-    SamplePanel* AddSample(const StyleSample& sample);
+    std::size_t Written() const { return m_samples.size() - (m_rules.lastStandsForAll ? 1 : 0); }
+    SSPanel* MakeSample(std::size_t number);
     void AddSamples(QGridLayout& grid);
     void AddChecks(QLayout& column);
     void ShowEffects();
-    void PressSample(const StyleSample& sample, const std::vector<SamplePanel*>& changed);
+    void PressSample(std::size_t number);
 
-    const StyleRules m_rules;
+    const StyleRules& m_rules;
     const std::vector<StyleSample> m_samples;
-    std::vector<SamplePanel*> m_panels; // of the samples, then the one for all
-    int m_effect = 0;                   // 3D, as the file has it until the box is clicked
+    std::vector<SSPanel*> m_panels; // of the samples
+    int m_effect = 0;               // 3D, as the file has it until the box is clicked
     QCheckBox* m_chkFontEffect = nullptr;
     QCheckBox* m_chkStrikeOut = nullptr;
 };
+
+// The font dialog, beginning with the given style; empty if it was cancelled.
+std::optional<PanelStyle> ChooseStyle(QWidget* owner, const PanelStyle& style);

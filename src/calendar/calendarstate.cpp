@@ -10,7 +10,6 @@ std::int16_t g_iCurrentPanel = 0;
 std::int16_t g_iLanguage = 0;
 std::array<std::int16_t, 14> g_aiDaysInMonth{};
 std::array<std::int16_t, CellCount> g_aiCalendar{};
-std::array<std::int16_t, CellCount> g_iAlarmIcon{};
 std::array<std::int16_t, CellCount> g_aiLockState{};
 QString g_sNotSaved;
 QString g_sNotKept;
@@ -61,7 +60,6 @@ void ResetCalendarStateForTests()
     g_iYear = g_iMonth = g_iDay = g_iCurrentPanel = g_iLanguage = 0;
     g_aiDaysInMonth = {};
     g_aiCalendar = {};
-    g_iAlarmIcon = {};
     g_aiLockState = {};
     g_sNotSaved.clear();
     g_sNotKept.clear();

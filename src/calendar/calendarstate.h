@@ -20,7 +20,6 @@ extern std::int16_t g_iLanguage;     // of the month names: 0 English, 1 German,
 
 extern std::array<std::int16_t, 14> g_aiDaysInMonth;      // lengths at 1 to 12, else 0; subSetDaysInMonth
 extern std::array<std::int16_t, CellCount> g_aiCalendar;  // map of the month, slot - 1; the week redraw
-extern std::array<std::int16_t, CellCount> g_iAlarmIcon;  // cell - 1: 1 while its alarm mark is loaded; alarmmarks
 extern std::array<std::int16_t, CellCount> g_aiLockState; // cell - 1: personal: entered since the last save;
                                                           // shared: locked by this user. By Mark and ClearMarks:
                                                           // cell events, QMTDB, the day view, the day lock, the

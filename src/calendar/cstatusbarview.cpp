@@ -1,7 +1,7 @@
 #include "calendar/cstatusbarview.h"
 
-#include "appearance/panelstyle.h"
 #include "hall/bottompanel.h"
+#include "hall/panelstyle.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/sspanel.h"
 #include "platform/controls/visible.h"

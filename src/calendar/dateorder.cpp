@@ -1,5 +1,6 @@
 #include "calendar/dateorder.h"
 
+#include "calendar/moddate.h"
 #include "platform/profile/profile.h"
 
 QString DateOrder::EntryDate(const QString& boxText) const
@@ -17,6 +18,11 @@ QString DateOrder::BoxText(int yearNumber, int monthNumber, int dayNumber) const
     put(day, 2, dayNumber);
     put(year, 4, yearNumber);
     return text;
+}
+
+QString DateOrder::BoxText(const QString& dateKey) const
+{
+    return BoxText(fnGetQMTYear(dateKey), fnGetQMTMonth(dateKey), fnGetQMTDay(dateKey));
 }
 
 const DateOrder& DateOrderOf(int iDate)

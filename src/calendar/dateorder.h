@@ -14,6 +14,7 @@ struct DateOrder
 
     QString EntryDate(const QString& boxText) const; // month/day/year, padded as the box has it
     QString BoxText(int year, int month, int day) const;
+    QString BoxText(const QString& dateKey) const;
 };
 
 const DateOrder& DateOrderOf(int iDate); // 0 month first, 1 day first, 2 year first; others as 0

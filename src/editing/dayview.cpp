@@ -321,22 +321,3 @@ void DayView::panelDay_DblClick(int Index)
     g_iCurrentPanel = static_cast<std::int16_t>(Index);
     subZoomView();
 }
-
-void DayView::picDay_MouseDown()
-{
-    if (HasPlanner()) {
-        m_sidebar.picDay->ShowElement(1);
-    } else {
-        subZoomView(); // says that there is none
-    }
-}
-
-void DayView::picDay_MouseUp()
-{
-    m_sidebar.picDay->ShowElement(0);
-}
-
-void DayView::picDay_Click()
-{
-    if (HasPlanner()) subZoomView();
-}

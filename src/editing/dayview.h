@@ -37,9 +37,6 @@ public:
     // The foot tells of what Esc has dropped until the next undo would do something else.
     void EndNotice();
     void FollowFocus(int cell);
-    void picDay_MouseDown();
-    void picDay_MouseUp();
-    void picDay_Click();
 
     void TakeTextAtExit(); // where the window is open, what stands in it is kept; in a workgroup's planner stored
 

@@ -1,10 +1,10 @@
 #include "plannerfile/creation.h"
 
-#include "alarms/alarmmarks.h"
 #include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "plannerfile/alarmmarks.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/damagewatch.h"
 #include "plannerfile/openasform.h"

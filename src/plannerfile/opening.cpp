@@ -1,11 +1,11 @@
 #include "plannerfile/opening.h"
 
-#include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
 #include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "plannerfile/alarmmarks.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/damagewatch.h"
@@ -13,6 +13,7 @@
 #include "plannerfile/openasform.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/recentlist.h"
 #include "plannerfile/recovery.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
@@ -24,7 +25,6 @@
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
-#include "shell/recentlist.h"
 #include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
 

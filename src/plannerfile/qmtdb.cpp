@@ -1,11 +1,11 @@
 #include "plannerfile/qmtdb.h"
 
-#include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "plannerfile/alarmmarks.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"

@@ -5,9 +5,7 @@
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
-#include "hall/sidebar.h"
 #include "platform/controls/named.h"
-#include "platform/controls/picturebutton.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
 #include "platform/look/colorvalue.h"
@@ -32,10 +30,9 @@ CaptionLook LookOf(const SSPanel& panel)
 }
 } // namespace
 
-Printing::Printing(const Printed& printed, const Sidebar& sidebar, LockedDay& lockedDay, CommonDialog& FontDialog,
-                   SystemPrinter& printer, PrintLibrary& library)
-    : m_printed(printed), m_sidebar(sidebar), m_lockedDay(lockedDay), m_FontDialog(FontDialog), m_printer(printer),
-      m_library(library)
+Printing::Printing(const Printed& printed, LockedDay& lockedDay, CommonDialog& FontDialog, SystemPrinter& printer,
+                   PrintLibrary& library)
+    : m_printed(printed), m_lockedDay(lockedDay), m_FontDialog(FontDialog), m_printer(printer), m_library(library)
 {
 }
 
@@ -56,21 +53,6 @@ void Printing::mnuPrint_Click()
 {
     m_lockedDay.Commit();
     subUseDLLPrintEngine();
-}
-
-void Printing::picPrint_MouseDown()
-{
-    m_sidebar.picPrint->ShowElement(1);
-}
-
-void Printing::picPrint_MouseUp()
-{
-    m_sidebar.picPrint->ShowElement(0);
-}
-
-void Printing::picPrint_Click()
-{
-    mnuPrint_Click();
 }
 
 // The first error ends the routine. The job then has no end, and the notice stays until the next one.

@@ -11,7 +11,6 @@ class CommonDialog;
 class LockedDay;
 class PrintLibrary;
 class RichTextBox;
-struct Sidebar;
 class SpoolForm;
 class SystemPrinter;
 class ViewMode;
@@ -27,16 +26,13 @@ struct Printed
 class Printing
 {
 public:
-    Printing(const Printed& printed, const Sidebar& sidebar, LockedDay& lockedDay, CommonDialog& FontDialog,
-             SystemPrinter& printer, PrintLibrary& library);
+    Printing(const Printed& printed, LockedDay& lockedDay, CommonDialog& FontDialog, SystemPrinter& printer,
+             PrintLibrary& library);
     ~Printing();
 
     void mnuPageSetup_Click();
     void mnuPrintSetup_Click();
     void mnuPrint_Click();
-    void picPrint_MouseDown();
-    void picPrint_MouseUp(); // shows the raised picture again
-    void picPrint_Click();   // after it, if the mouse was still over the picture
     void subUseDLLPrintEngine();
 
 private:
@@ -46,7 +42,6 @@ private:
     void LoadCarrier(RichTextBox& note, const QString& path);
 
     Printed m_printed;
-    const Sidebar& m_sidebar;
     LockedDay& m_lockedDay;
     CommonDialog& m_FontDialog;
     SystemPrinter& m_printer;

@@ -1,9 +1,6 @@
 #include "recurrence/recurdates.h"
 
-#include "calendar/moddate.h"
 #include "calendar/modshow.h"
-
-#include <array>
 
 namespace {
 int LengthOfMonth(const GridDay& day)
@@ -17,20 +14,9 @@ void NextMonth(GridDay& day)
     if (day.month == 1) ++day.year;
 }
 
-// Copies nothing: a run over all years that can be written reads keys by the million.
-GridDay DateOf(QStringView key)
+GridDay OfKey(const QString& key)
 {
-    const auto takeField = [&key] {
-        int number = 0;
-        qsizetype i = 0;
-        for (; i < key.size() && key[i] != u'/'; ++i)
-            number = number * 10 + key[i].digitValue();
-        key = key.sliced(qMin(i + 1, key.size()));
-        return number;
-    };
-    const int year = takeField();
-    const int month = takeField();
-    return {year, month, takeField()};
+    return {fnGetQMTYear(key), fnGetQMTMonth(key), fnGetQMTDay(key)};
 }
 
 GridDay OfEntry(const QString& entryDate)
@@ -44,54 +30,11 @@ void CutToMonth(GridDay& date, int wantedDay)
     if (wantedDay >= length) date.day = length;
 }
 
-bool IsUpTo(const QString& current, const QString& end)
+// The length of a month is looked up once for a call.
+void fnGetNextDayDate(GridDay& date, int, int step)
 {
-    return DateOf(current) <= DateOf(end);
-}
-
-struct FrequencyRow
-{
-    Frequency frequency;
-    QStringView word;
-    QString (*next)(const QString& start, const QString& current, std::int16_t step);
-    bool (*continues)(const QString& start, const QString& current, const QString& end);
-};
-
-constexpr std::array<FrequencyRow, 4> Rows = {{
-    {Frequency::Daily, u"DAILY",
-     [](const QString&, const QString& current, std::int16_t step) { return fnGetNextDayDate(current, step); },
-     fnContinueDaily},
-    {Frequency::Weekly, u"WEEKLY",
-     [](const QString&, const QString& current, std::int16_t step) { return fnGetNextWeekDate(current, step); },
-     [](const QString&, const QString& current, const QString& end) { return fnContinueWeekly(current, end); }},
-    {Frequency::Monthly, u"MONTHLY", fnGetNextMonthDate, fnContinueMonthly},
-    {Frequency::Yearly, u"YEARLY", fnGetNextYearDate, fnContinueYearly},
-}};
-
-const FrequencyRow& RowOf(Frequency frequency)
-{
-    return Rows[static_cast<std::size_t>(frequency)];
-}
-} // namespace
-
-QString WordOf(Frequency frequency)
-{
-    return RowOf(frequency).word.toString();
-}
-
-std::optional<Frequency> FrequencyOf(const QString& word)
-{
-    for (const FrequencyRow& row : Rows) {
-        if (row.word == word) return row.frequency;
-    }
-    return {};
-}
-
-QString fnGetNextDayDate(const QString& sCurrent, std::int16_t iStep)
-{
-    GridDay date = DateOf(sCurrent);
     const int length = LengthOfMonth(date);
-    for (int i = 0; i < iStep; ++i) {
+    for (int i = 0; i < step; ++i) {
         if (date.day == length) {
             date.day = 1;
             NextMonth(date);
@@ -99,60 +42,63 @@ QString fnGetNextDayDate(const QString& sCurrent, std::int16_t iStep)
             ++date.day;
         }
     }
-    return KeyOf(date);
 }
 
-QString fnGetNextWeekDate(const QString& sCurrent, std::int16_t iStep)
+void fnGetNextWeekDate(GridDay& date, int, int step)
 {
     constexpr int Week = 7;
-    GridDay date = DateOf(sCurrent);
     const int length = LengthOfMonth(date);
-    for (int i = 0; i < iStep; ++i) {
-        if (date.day + Week > length) {
-            date.day = Week - (length - date.day);
-            NextMonth(date);
-        } else {
-            date.day += Week;
-        }
-    }
-    return KeyOf(date);
-}
-
-QString fnGetNextMonthDate(const QString& sStart, const QString& sCurrent, std::int16_t iStep)
-{
-    GridDay date = DateOf(sCurrent);
-    for (int i = 0; i < iStep; ++i)
+    for (int i = 0; i < step; ++i) {
+        date.day += Week;
+        if (date.day <= length) continue;
+        date.day -= length;
         NextMonth(date);
-    CutToMonth(date, DateOf(sStart).day);
-    return KeyOf(date);
+    }
 }
 
-QString fnGetNextYearDate(const QString& sStart, const QString& sCurrent, std::int16_t iStep)
+void fnGetNextMonthDate(GridDay& date, int startDay, int step)
 {
-    GridDay date = DateOf(sCurrent);
-    date.year += iStep;
-    CutToMonth(date, DateOf(sStart).day);
-    return KeyOf(date);
+    for (int i = 0; i < step; ++i)
+        NextMonth(date);
+    CutToMonth(date, startDay);
 }
 
-bool fnContinueDaily(const QString&, const QString& sCurrent, const QString& sEnd)
+void fnGetNextYearDate(GridDay& date, int startDay, int step)
 {
-    return IsUpTo(sCurrent, sEnd);
+    date.year += step;
+    CutToMonth(date, startDay);
 }
 
-bool fnContinueWeekly(const QString& sCurrent, const QString& sEnd)
+struct FrequencyRow
 {
-    return IsUpTo(sCurrent, sEnd);
+    QLatin1StringView word;
+    void (*advance)(GridDay& date, int startDay, int step);
+};
+
+// By Frequency.
+constexpr FrequencyRow Rows[] = {{"DAILY"_L1, fnGetNextDayDate},
+                                 {"WEEKLY"_L1, fnGetNextWeekDate},
+                                 {"MONTHLY"_L1, fnGetNextMonthDate},
+                                 {"YEARLY"_L1, fnGetNextYearDate}};
+} // namespace
+
+QString WordOf(Frequency frequency)
+{
+    return Rows[static_cast<int>(frequency)].word;
 }
 
-bool fnContinueMonthly(const QString&, const QString& sCurrent, const QString& sEnd)
+std::optional<Frequency> FrequencyOf(const QString& word)
 {
-    return IsUpTo(sCurrent, sEnd);
+    for (std::size_t i = 0; i < std::size(Rows); ++i) {
+        if (Rows[i].word == word) return static_cast<Frequency>(i);
+    }
+    return {};
 }
 
-bool fnContinueYearly(const QString&, const QString& sCurrent, const QString& sEnd)
+GridDay NextDate(Frequency frequency, const GridDay& start, GridDay current, int step)
 {
-    return IsUpTo(sCurrent, sEnd);
+    Rows[static_cast<int>(frequency)].advance(current, start.day, step);
+    return current;
 }
 
 bool fnCheckBackwardDate(const QString& sStart, const QString& sEnd)
@@ -162,41 +108,35 @@ bool fnCheckBackwardDate(const QString& sStart, const QString& sEnd)
 
 bool IsDayOfItsMonth(const QString& dateKey)
 {
-    const GridDay date = DateOf(dateKey);
+    const GridDay date = OfKey(dateKey);
     return date.day <= LengthOfMonth(date);
 }
 
-QStringList EventDates(Frequency frequency, const QString& start, const QString& end, std::int16_t step)
+QStringList EventDates(Frequency frequency, const QString& start, const QString& end, int step)
 {
-    const FrequencyRow& row = RowOf(frequency);
     constexpr int LongestMonth = 31;
+    const GridDay first = OfKey(start), last = OfKey(end);
     QStringList dates{start};
-    QString current = row.next(start, start, step);
     // A day that no month has comes of a long step, and counting on from it would never reach another month.
-    while (row.continues(start, current, end) && DateOf(current).day <= LongestMonth) {
-        dates += current;
-        current = row.next(start, current, step);
-    }
+    for (GridDay day = NextDate(frequency, first, first, step); day <= last && day.day <= LongestMonth;
+         day = NextDate(frequency, first, day, step))
+        dates += KeyOf(day);
     return dates;
 }
 
-bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, std::int16_t step)
+bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, int step)
 {
-    const FrequencyRow& row = RowOf(frequency);
-    const QString& start = eventDates.first();
-    return row.continues(start, row.next(start, eventDates.last(), step), end);
+    return NextDate(frequency, OfKey(eventDates.first()), OfKey(eventDates.last()), step) <= OfKey(end);
 }
 
 QStringList RemovalDates(Frequency frequency, const QString& start, const QString& end)
 {
-    const FrequencyRow& row = RowOf(frequency);
-    const bool stopsAtEnd = frequency == Frequency::Daily;
+    const GridDay first = OfKey(start), last = OfKey(end);
     QStringList dates{start};
-    QString current = start;
-    while (!stopsAtEnd || current != end) {
-        current = row.next(start, current, 1);
-        dates += current;
-        if (!row.continues(start, current, end)) break; // a daily walk as well, where the end lies before the start
+    for (GridDay day = first; frequency != Frequency::Daily || day != last;) {
+        day = NextDate(frequency, first, day, 1);
+        dates += KeyOf(day);
+        if (day > last) break; // a daily walk as well, where the end lies before the start
     }
     return dates;
 }

@@ -2,6 +2,7 @@
 
 #include "calendar/dateorder.h"
 #include "editing/notemenu.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
@@ -89,8 +90,7 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Gap);
     auto* label = new QLabel(QString::fromLatin1(caption));
     label->setBuddy(box);
-    auto* lblDateFormat = new QLabel(m_iDateFormat.label);
-    lblDateFormat->setObjectName(u"lblDateFormat(%1)"_s.arg(row));
+    auto* lblDateFormat = Named(new QLabel(m_iDateFormat.label), "lblDateFormat", row);
     SoftenText(*lblDateFormat);
     grid.addWidget(label, row, 0);
     grid.addWidget(box, row, 1);
@@ -122,12 +122,10 @@ QWidget* RecurForm::MakeBrowser()
 
 QLayout* RecurForm::MakeMethods()
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Margin);
+    auto* row = DialogRow(Margin, {});
     int index = 0;
-    for (const char* caption : {"D&ay", "&Week", "&Month", "&Year", "S&pecial"}) {
-        auto* option = new OptionButton(QString::fromLatin1(caption));
-        option->setObjectName(u"opMethod(%1)"_s.arg(index));
+    for (const QString& caption : {u"D&ay"_s, u"&Week"_s, u"&Month"_s, u"&Year"_s, u"S&pecial"_s}) {
+        auto* option = Named(new OptionButton(caption), "opMethod", index);
         m_opMethod->addButton(option, index++);
         row->addWidget(option);
     }
@@ -183,7 +181,7 @@ QLayout* RecurForm::MakeFoot()
     row->addWidget(m_progress, 1);
     m_btnDelete = add("btnDelete", "&Delete", " in RecurForm, btnDelete_Click", &RecurForm::btnDelete_Click);
     m_btnOk = add("btnOk", "&Ok", " in RecurForm, btnOk_Click", &RecurForm::btnOk_Click);
-    m_btnCancel = add("btnCancel", "&Cancel", " in RecurForm, btnCancel_Click", &RecurForm::btnCancel_Click);
+    m_btnCancel = add("btnCancel", "&Cancel", " in RecurForm, btnCancel_Click", &RecurForm::reject);
     m_btnDelete->setEnabled(false);
     return row;
 }

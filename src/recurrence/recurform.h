@@ -42,7 +42,6 @@ private:
     void Form_Load();
     void ShowDefaultDate();
     void btnOk_Click();
-    void btnCancel_Click();
     void btnDelete_Click();
     void btnFonts_Click();
     void picRightSpin_MouseDown();

@@ -13,7 +13,6 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/softtext.h"
 #include "platform/desktop/mousepointer.h"
-#include "platform/desktop/msgbox.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/selectionformat.h"
 #include "platform/runtime/errortail.h"
@@ -36,24 +35,13 @@ constexpr QLatin1StringView DeleteTail(" in RecurForm, btnDelete_Click");
 constexpr int Idle = 0, Pressed = 1, Released = 2; // the spin's pictures
 constexpr int MostListed = 15;
 
-using Recur = bool (Recurrence::*)(const QString& sStart, const QString& sEnd, std::int16_t iStep);
-
-struct Method
-{
-    const char* unit; // in the list of units
-    Recur recur;
-};
-
-// By option and by Frequency. The fifth option chooses one of them by its unit.
-constexpr std::array<Method, 4> Methods = {{{"Day(s)", &Recurrence::fnRecurseDaily},
-                                            {"Week(s)", &Recurrence::fnRecurseWeekly},
-                                            {"Month(s)", &Recurrence::fnRecurseMonthly},
-                                            {"Year(s)", &Recurrence::fnRecurseYearly}}};
-constexpr int Special = static_cast<int>(Methods.size());
+// In the list of units, by Frequency.
+constexpr QLatin1StringView Units[] = {"Day(s)"_L1, "Week(s)"_L1, "Month(s)"_L1, "Year(s)"_L1};
+constexpr int Special = 4; // the fifth option chooses one of them by its unit
 
 bool Tell(const QString& text, int icon = msgbox::Information)
 {
-    MsgBox(text, icon, messages::HelpWizard);
+    messages::Tell(text, icon);
     return false;
 }
 
@@ -63,12 +51,6 @@ bool RefuseDate(MaskEdBox& box, const QString& text, int icon = msgbox::Informat
     box.setFocus();
     box.selectAll();
     return Tell(text, icon);
-}
-
-// Of a record's date key, as the box shows it.
-QString InBox(const QString& key, const DateOrder& order)
-{
-    return order.BoxText(fnGetQMTYear(key), fnGetQMTMonth(key), fnGetQMTDay(key));
 }
 } // namespace
 
@@ -85,17 +67,16 @@ void RecurForm::Form_Load()
     tail([this] { ShowDefaultDate(); });
     for (int i = 1; i <= MostListed; ++i)
         m_cmbRecurDays->addItem(QString::number(i));
-    for (const Method& method : Methods)
-        m_cmbRecurSpecial->addItem(QString::fromLatin1(method.unit));
+    for (const QLatin1StringView unit : Units)
+        m_cmbRecurSpecial->addItem(unit);
     tail([this] { GiveDefaultFont(*m_tbRecurse, DefaultStyles::None, LoadTail); });
 }
 
 void RecurForm::ShowDefaultDate()
 {
     if (!m_cells.panelDay.Exists(g_iCurrentPanel)) return;
-    const QString caption = m_cells.panelDay(g_iCurrentPanel).Caption();
-    if (caption.isEmpty() || IsMemoCaption(caption)) return;
-    m_maskStartDate->SetText(m_iDateFormat.BoxText(g_iYear, g_iMonth, IntegerOf(caption)));
+    const QString key = CellKey(m_cells.panelDay(g_iCurrentPanel).Caption());
+    if (fnGetQMTDay(key) > 0) m_maskStartDate->SetText(m_iDateFormat.BoxText(key)); // a memo's is 0
 }
 
 bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
@@ -144,7 +125,7 @@ bool RecurForm::SaveEvent(const QString& sStart, const QString& sEnd)
     if (method < 0) return Tell(u"Please select a recurring method (Day, Week, Month or Year)"_s);
     Recurrence event = Event();
     if (method == Special) return fnRecurseSpecial(event, sStart, sEnd);
-    return (event.*Methods.at(static_cast<std::size_t>(method)).recur)(sStart, sEnd, 1);
+    return event.Save(static_cast<Frequency>(method), sStart, sEnd, 1);
 }
 
 bool RecurForm::fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd)
@@ -157,11 +138,7 @@ bool RecurForm::fnRecurseSpecial(Recurrence& event, const QString& sStart, const
         m_cmbRecurDays->setFocus();
         return Tell(u"Please choose how many days, weeks, months or years, 1 or more"_s);
     }
-    for (const Method& method : Methods) {
-        if (m_cmbRecurSpecial->currentText() == QLatin1StringView(method.unit))
-            return (event.*method.recur)(sStart, sEnd, step);
-    }
-    return false;
+    return event.Save(static_cast<Frequency>(m_cmbRecurSpecial->currentIndex()), sStart, sEnd, step);
 }
 
 Recurrence RecurForm::Event()
@@ -228,8 +205,8 @@ void RecurForm::Browse()
 
 void RecurForm::ShowRecord()
 {
-    m_maskStartDate->SetText(InBox(g_rsRecurse.Fields(u"Start Date"_s).toString(), m_iDateFormat));
-    m_maskUntil->SetText(InBox(g_rsRecurse.Fields(u"End Date"_s).toString(), m_iDateFormat));
+    m_maskStartDate->SetText(m_iDateFormat.BoxText(g_rsRecurse.Fields(u"Start Date"_s).toString()));
+    m_maskUntil->SetText(m_iDateFormat.BoxText(g_rsRecurse.Fields(u"End Date"_s).toString()));
     ShowMethod(g_rsRecurse.Fields(u"Frequency"_s).toString());
     m_tbRecurse->SetTextRTF(g_rsRecurse.Fields(u"Recursion Text"_s).toByteArray());
 }
@@ -289,11 +266,6 @@ void RecurForm::ReopenRecords()
     g_rsRecurse.Close();
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     g_rsRecurse.SetLockEdits(true);
-}
-
-void RecurForm::btnCancel_Click()
-{
-    reject();
 }
 
 void RecurForm::btnFonts_Click()

@@ -1,7 +1,7 @@
-// Texts that more than one room shows.
+// Texts that more than one room shows, and the box in which the program speaks to a person.
 #pragma once
 
-#include <QString>
+#include "platform/desktop/msgbox.h"
 
 namespace messages {
 inline const QString HelpWizard = u"Orrelin Help Wizard"_s;
@@ -21,4 +21,10 @@ inline const QString NotShared =
 inline const QString AskUpgrade =
     u"You have an older version of the database, Orrelin will upgrade the older database to current version. Make sure "
     "you back up your existing database first! Do you want to proceed?"_s;
+
+// A box with this text and the usual title. The second text stands below the first, smaller.
+inline void Tell(const QString& text, int icon = msgbox::Information, const QString& secondText = {})
+{
+    MsgBox(text, icon, HelpWizard, secondText);
+}
 } // namespace messages

@@ -2,7 +2,6 @@
 
 #include "plannerfile/plannerhandlers.h"
 #include "platform/desktop/doevents.h"
-#include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 
@@ -62,9 +61,8 @@ void Activation::OpenWaiting()
     if (!IsFree()) return m_tmWaiting.start(LookAgain);
     const QStringList uris = std::exchange(m_waiting, {});
     if (uris.size() > 1) {
-        MsgBox(
-            u"Orrelin shows one planner at a time. Of the %1 that were chosen it opens the first."_s.arg(uris.size()),
-            msgbox::Information, messages::HelpWizard);
+        messages::Tell(
+            u"Orrelin shows one planner at a time. Of the %1 that were chosen it opens the first."_s.arg(uris.size()));
     }
     Open(uris.front());
 }
@@ -74,7 +72,7 @@ void Activation::Open(const QString& uri)
     const QUrl address(uri);
     const QString path = LocalPath(address);
     if (!path.isEmpty()) return m_planners.OpenFile(path);
-    MsgBox(u"Orrelin opens planners that lie in a folder of this computer or of a drive that is "
-           "connected to it. This one lies elsewhere:\n\n%1"_s.arg(address.toDisplayString()),
-           msgbox::Exclamation, messages::HelpWizard);
+    messages::Tell(u"Orrelin opens planners that lie in a folder of this computer or of a drive that is connected to "
+                   "it. This one lies elsewhere:\n\n%1"_s.arg(address.toDisplayString()),
+                   msgbox::Exclamation);
 }

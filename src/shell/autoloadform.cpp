@@ -25,6 +25,13 @@ Control* Add(QLayout& layout, const char* name, const QString& caption)
     return control;
 }
 
+QLayout& AddFrame(QLayout& column, const QString& caption)
+{
+    auto* frame = new QGroupBox(caption);
+    column.addWidget(frame);
+    return *new QVBoxLayout(frame);
+}
+
 // A length stands with the blank of its sign, as older versions wrote it.
 QString LengthOf(const QString& text)
 {
@@ -37,47 +44,30 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
     setObjectName(u"AutoloadForm"_s);
     setWindowTitle(u"Customize Startup"_s);
     auto* column = DialogColumn(*this);
-    column->addWidget(MakeFileFrame());
-    column->addWidget(MakeOptionsFrame());
-    column->addWidget(MakeViewFrame());
+    FillFileFrame(AddFrame(*column, u"Autoload File"_s));
+    QLayout& options = AddFrame(*column, u"StartUp Options"_s);
+    m_opShared = {Add<QRadioButton>(options, "opShared(0)", u"Personal Planner"_s),
+                  Add<QRadioButton>(options, "opShared(1)", u"Shared Workgroup Planner (Network)"_s)};
+    m_chkMinimized = Add<QCheckBox>(options, "chkMinimized", u"Startup Minimized"_s);
+    QLayout& views = AddFrame(*column, u"Startup View"_s);
+    m_opStartupView = {Add<QRadioButton>(views, "opStartupView(0)", u"Week"_s),
+                       Add<QRadioButton>(views, "opStartupView(1)", u"Month"_s)};
     column->addWidget(MakeOkCancel(*this));
     ShowSettings();
     CenterOnScreen(*this);
     m_chkAutoload->setFocus();
 }
 
-QGroupBox* AutoloadForm::MakeFileFrame()
+void AutoloadForm::FillFileFrame(QLayout& column)
 {
     constexpr int PathWidth = 360;
-    auto* frame = new QGroupBox(u"Autoload File"_s);
-    auto* column = new QVBoxLayout(frame);
-    auto* lblAutoload = Add<QLabel>(*column, "lblAutoload", QString());
+    auto* lblAutoload = Add<QLabel>(column, "lblAutoload", QString());
     lblAutoload->setTextFormat(Qt::PlainText);
     lblAutoload->setFixedWidth(PathWidth);
     // Both ends of a path tell something: the disk and the name.
     lblAutoload->setText(lblAutoload->fontMetrics().elidedText(g_sDBPath, Qt::ElideMiddle, PathWidth));
     lblAutoload->setToolTip(g_sDBPath);
-    m_chkAutoload = Add<QCheckBox>(*column, "chkAutoload", u"Check to autoload current planner"_s);
-    return frame;
-}
-
-QGroupBox* AutoloadForm::MakeOptionsFrame()
-{
-    auto* frame = new QGroupBox(u"StartUp Options"_s);
-    auto* column = new QVBoxLayout(frame);
-    m_opShared = {Add<QRadioButton>(*column, "opShared(0)", u"Personal Planner"_s),
-                  Add<QRadioButton>(*column, "opShared(1)", u"Shared Workgroup Planner (Network)"_s)};
-    m_chkMinimized = Add<QCheckBox>(*column, "chkMinimized", u"Startup Minimized"_s);
-    return frame;
-}
-
-QGroupBox* AutoloadForm::MakeViewFrame()
-{
-    auto* frame = new QGroupBox(u"Startup View"_s);
-    auto* column = new QVBoxLayout(frame);
-    m_opStartupView = {Add<QRadioButton>(*column, "opStartupView(0)", u"Week"_s),
-                       Add<QRadioButton>(*column, "opStartupView(1)", u"Month"_s)};
-    return frame;
+    m_chkAutoload = Add<QCheckBox>(column, "chkAutoload", u"Check to autoload current planner"_s);
 }
 
 void AutoloadForm::ShowSettings()

@@ -6,7 +6,6 @@
 #include <array>
 
 class QCheckBox;
-class QGroupBox;
 class QRadioButton;
 
 class AutoloadForm : public QDialog
@@ -18,9 +17,7 @@ public:
     void accept() override;                          // writes them
 
 private:
-    QGroupBox* MakeFileFrame();
-    QGroupBox* MakeOptionsFrame();
-    QGroupBox* MakeViewFrame();
+    void FillFileFrame(QLayout& column);
     void ShowSettings();
 
     QCheckBox* m_chkAutoload;

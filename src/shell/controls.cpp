@@ -18,110 +18,97 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int HalfAMinute = 30000, TenSeconds = 10000; // milliseconds
+constexpr int OneSecond = 1000, TenSeconds = 10000, HalfAMinute = 30000; // milliseconds
 
 struct ToolbarRow
 {
-    const char* key; // empty: a separator
-    const char* tip;
-    bool isPlaceholder = false; // of a combo that is laid over it
+    QLatin1StringView key; // empty: a separator
+    QLatin1StringView tip;
+    const char* comboName = nullptr; // of one that is laid over a placeholder
+    ORLCombo* FormatBar::*combo = nullptr;
 };
 
 constexpr ToolbarRow ToolbarRows[] = {
-    {"new", "Create New Planner"},
-    {"open", "Open An Existing Planner"},
-    {"save", "Save Existing Planner"},
-    {"", ""},
-    {"cut", "Cut (or drag and drop with mouse)"},
-    {"copy", "Copy (or drag and drop with mouse)"},
-    {"paste", "Paste"},
-    {"", ""},
-    {"bold", "Bold"},
-    {"italic", "Italic"},
-    {"underline", "Underline"},
-    {"strikethru", "StrikeThrough"},
-    {"", ""},
-    {"datediff", "Date Difference"},
-    {"", ""},
-    {"cmbColor", "Font Color", true},
-    {"cmbFontSize", "Font Size", true},
-    {"cmbFontName", "Fonts", true},
+    {"new"_L1, "Create New Planner"_L1},
+    {"open"_L1, "Open An Existing Planner"_L1},
+    {"save"_L1, "Save Existing Planner"_L1},
+    {},
+    {"cut"_L1, "Cut (or drag and drop with mouse)"_L1},
+    {"copy"_L1, "Copy (or drag and drop with mouse)"_L1},
+    {"paste"_L1, "Paste"_L1},
+    {},
+    {"bold"_L1, "Bold"_L1},
+    {"italic"_L1, "Italic"_L1},
+    {"underline"_L1, "Underline"_L1},
+    {"strikethru"_L1, "StrikeThrough"_L1},
+    {},
+    {"datediff"_L1, "Date Difference"_L1},
+    {},
+    {"cmbColor"_L1, "Font Color"_L1, "orlcmbFontcolor", &FormatBar::orlcmbFontcolor},
+    {"cmbFontSize"_L1, "Font Size"_L1, "orlcmbFontsize", &FormatBar::orlcmbFontsize},
+    {"cmbFontName"_L1, "Fonts"_L1, "orlcmbFontname", &FormatBar::orlcmbFontname},
 };
 
-QString Icon(const char* name)
+QString Icon(QLatin1StringView name)
 {
-    return u":/icons/%1.svg"_s.arg(QLatin1StringView(name));
+    return u":/icons/%1.svg"_s.arg(name);
 }
 
-Toolbar* MakeToolbar(QWidget* client)
+ORLCombo* AddCombo(Toolbar& bar, const ToolbarRow& row)
 {
-    auto* bar = Named(new Toolbar(client), "tbTop");
-    bar->setAccessibleName(u"Toolbar"_s);
-    SetAccessibleRole(bar, QAccessible::ToolBar);
-    for (const ToolbarRow& row : ToolbarRows) {
-        const QString key = QString::fromLatin1(row.key);
-        if (key.isEmpty()) {
-            bar->AddSeparator();
-        } else if (row.isPlaceholder) {
-            bar->AddPlaceholder(key);
-        } else {
-            bar->AddButton(key, QString::fromLatin1(row.tip), Icon(row.key));
-            bar->Buttons(key).setEnabled(false); // until it is wired to its command
-        }
-    }
-    return bar;
-}
-
-ORLCombo* MakeCombo(Toolbar* bar, const char* name, const char* key)
-{
-    auto* combo = new ORLCombo(bar);
+    bar.AddPlaceholder(row.key);
+    auto* combo = Named(new ORLCombo(&bar), row.comboName);
     combo->hide();
     combo->setPalette(paper::OnPaper(combo->palette()));
-    combo->setObjectName(QString::fromLatin1(name));
-    for (const ToolbarRow& row : ToolbarRows) {
-        if (QLatin1StringView(row.key) != QLatin1StringView(key)) continue;
-        combo->setToolTip(QString::fromLatin1(row.tip));
-        combo->setAccessibleName(QString::fromLatin1(row.tip));
-    }
-    bar->Lay(QString::fromLatin1(key), combo);
+    combo->setToolTip(row.tip);
+    combo->setAccessibleName(row.tip);
+    bar.Lay(row.key, combo);
     return combo;
 }
 
 FormatBar MakeFormatBar(QWidget* client)
 {
-    Toolbar* bar = MakeToolbar(client);
-    return {bar, MakeCombo(bar, "orlcmbFontcolor", "cmbColor"), MakeCombo(bar, "orlcmbFontsize", "cmbFontSize"),
-            MakeCombo(bar, "orlcmbFontname", "cmbFontName")};
+    FormatBar bar = {Named(new Toolbar(client), "tbTop")};
+    bar.tbTop->setAccessibleName(u"Toolbar"_s);
+    SetAccessibleRole(bar.tbTop, QAccessible::ToolBar);
+    for (const ToolbarRow& row : ToolbarRows) {
+        if (row.key.isEmpty()) {
+            bar.tbTop->AddSeparator();
+        } else if (row.combo) {
+            bar.*row.combo = AddCombo(*bar.tbTop, row);
+        } else {
+            bar.tbTop->AddButton(row.key, row.tip, Icon(row.key));
+        }
+    }
+    return bar;
 }
 
-PictureButton* MakePictureButton(const char* name, const char* raised, const char* pressed, QWidget* parent)
+PictureButton* MakeSpin(const char* name, QLatin1StringView icon, QWidget* panel)
 {
-    return Named(new PictureButton(Icon(raised), Icon(pressed), parent), name);
+    auto* spin = Named(new PictureButton(Icon(icon), Icon(icon), panel), name);
+    spin->resize(40, 36);
+    spin->SetFramed(true);
+    return spin;
 }
 
 BottomPanel MakeBottomPanel(QWidget* client)
 {
-    constexpr QSize SpinSize(40, 36);
     auto* panel = Named(new SSPanel(client), "panelBottom");
     SetAccessibleRole(panel, QAccessible::Grouping); // of the title and the two buttons
     panel->hide();
     panel->SetPaper(paper::Band);
     panel->SetCaptionAlignment(SSPanel::CenterMiddle);
-    BottomPanel bottom = {panel, MakePictureButton("imgLeftSpin", "left", "left", panel),
-                          MakePictureButton("imgRightSpin", "right", "right", panel)};
-    for (PictureButton* spin : {bottom.imgLeftSpin, bottom.imgRightSpin}) {
-        spin->resize(SpinSize);
-        spin->SetFramed(true);
-    }
-    return bottom;
+    return {panel, MakeSpin("imgLeftSpin", "left"_L1, panel), MakeSpin("imgRightSpin", "right"_L1, panel)};
 }
 
 struct PictureRow
 {
     const char* name;
-    const char* tips[2];
-    const char* icons[2];
-    const char* caption;
+    QLatin1StringView caption;
+    QLatin1StringView tip;
+    QLatin1StringView icon;
+    QLatin1StringView pressedIcon = icon;
+    QLatin1StringView pressedTip = tip;
 };
 
 struct SidebarRow
@@ -132,82 +119,68 @@ struct SidebarRow
 
 // From top to bottom. A view that is shown looks pressed, with a picture of its own colour.
 constexpr SidebarRow SidebarRows[] = {
-    {&Sidebar::picDay, {"picDay", {"Day View", "Day View"}, {"day", "day"}, "Day"}},
-    {&Sidebar::picWeek, {"picWeek", {"Week View", "Week View"}, {"week", "week-pressed"}, "Week"}},
-    {&Sidebar::picMonth, {"picMonth", {"Month View", "Month View"}, {"month", "month-pressed"}, "Month"}},
-    {&Sidebar::picPrint, {"picPrint", {"Print", "Print"}, {"print", "print"}, "Print"}},
-    {&Sidebar::picRecurse,
-     {"picRecurse", {"Recurring Events", "Recurring Events"}, {"recurring", "recurring"}, "Recurring"}},
-    {&Sidebar::picAlarm, {"picAlarm", {"Alarm Settings", "Alarm Settings"}, {"alarm", "alarm"}, "Alarm"}},
+    {&Sidebar::picDay, {"picDay", "Day"_L1, "Day View"_L1, "day"_L1}},
+    {&Sidebar::picWeek, {"picWeek", "Week"_L1, "Week View"_L1, "week"_L1, "week-pressed"_L1}},
+    {&Sidebar::picMonth, {"picMonth", "Month"_L1, "Month View"_L1, "month"_L1, "month-pressed"_L1}},
+    {&Sidebar::picPrint, {"picPrint", "Print"_L1, "Print"_L1, "print"_L1}},
+    {&Sidebar::picRecurse, {"picRecurse", "Recurring"_L1, "Recurring Events"_L1, "recurring"_L1}},
+    {&Sidebar::picAlarm, {"picAlarm", "Alarm"_L1, "Alarm Settings"_L1, "alarm"_L1}},
 };
-constexpr PictureRow RefreshPicture = {
-    "picRefresh", {"Network Refresh", "Network Refresh"}, {"refresh", "refresh"}, ""};
-constexpr PictureRow LockPicture = {"picLock", {"Network Lock", "Network Unlock"}, {"lock", "unlock"}, ""};
+constexpr PictureRow RefreshPicture = {"picRefresh", ""_L1, "Network Refresh"_L1, "refresh"_L1};
+constexpr PictureRow LockPicture = {"picLock", ""_L1, "Network Lock"_L1, "lock"_L1, "unlock"_L1, "Network Unlock"_L1};
 
 PictureButton* MakePicture(const PictureRow& row, QWidget* page)
 {
-    PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
-    button->SetCaption(QString::fromLatin1(row.caption));
-    button->setEnabled(false); // until it is wired to its command
-    for (int element = 0; element < 2; ++element)
-        button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
+    auto* button = Named(new PictureButton(Icon(row.icon), Icon(row.pressedIcon), page), row.name);
+    button->SetCaption(row.caption);
+    button->SetToolTip(0, row.tip);
+    button->SetToolTip(1, row.pressedTip);
     return button;
+}
+
+// The sidebar is paper in any theme, so what stands on it is ink.
+QLabel* MakeInkLabel(const QString& text, QWidget* page)
+{
+    auto* label = new QLabel(text, page);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, paper::Ink);
+    label->setPalette(palette);
+    return label;
 }
 
 Sidebar MakeSidebar(QWidget* client)
 {
-    Sidebar sidebar;
-    sidebar.tabSidebar = new TabStrip(client);
-    sidebar.tabSidebar->setObjectName(u"tabSidebar"_s);
-    sidebar.tabSidebar->hide();
-    sidebar.tabSidebar->AddTab(u"Sidebar"_s, u"Additional functions to manipulate calendar"_s);
-    sidebar.tabSidebar->AddTab(u"Pictures"_s, u"Spice up your calendar with these pictures."_s);
     constexpr int DesignWidth = 112;
-    sidebar.tabSidebar->resize(qMax(DesignWidth, sidebar.tabSidebar->sizeHint().width() + 1), 0);
-    for (int page = 0; page < 2; ++page) {
-        auto* frame = new QWidget(sidebar.tabSidebar);
-        frame->setObjectName(u"fraSidebar(%1)"_s.arg(page));
-        sidebar.fraSidebar[static_cast<std::size_t>(page)] = frame;
-    }
+    Sidebar sidebar;
+    auto* tabs = sidebar.tabSidebar = Named(new TabStrip(client), "tabSidebar");
+    tabs->hide();
+    tabs->AddTab(u"Sidebar"_s, u"Additional functions to manipulate calendar"_s);
+    tabs->AddTab(u"Pictures"_s, u"Spice up your calendar with these pictures."_s);
+    tabs->resize(qMax(DesignWidth, tabs->sizeHint().width() + 1), 0);
+    sidebar.fraSidebar = {Named(new QWidget(tabs), "fraSidebar(0)"), Named(new QWidget(tabs), "fraSidebar(1)")};
     return sidebar;
-}
-
-// The sidebar is paper in any theme, so what stands on it is ink.
-void InkText(QWidget* label)
-{
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, paper::Ink);
-    label->setPalette(palette);
 }
 
 void FillPicturePage(Sidebar& sidebar)
 {
     QWidget* page = sidebar.fraSidebar[1];
-    auto* label = new QLabel(u"You can add new Icons into the picture bar."_s, page);
+    auto* label = MakeInkLabel(u"You can add new Icons into the picture bar."_s, page);
     label->setWordWrap(true);
-    InkText(label);
     sidebar.lblPictures = label;
-    sidebar.tbPictureBox = new PictureStrip(page);
-    sidebar.tbPictureBox->setObjectName(u"tbPictureBox"_s);
+    sidebar.tbPictureBox = Named(new PictureStrip(page), "tbPictureBox");
     sidebar.tbPictureBox->setAccessibleName(u"Pictures"_s);
-    sidebar.btnReloadIcons = new PressedByReturn<QPushButton>(u"Reload"_s, page);
-    sidebar.btnReloadIcons->setObjectName(u"btnReloadIcons"_s);
+    sidebar.btnReloadIcons = Named(new PressedByReturn<QPushButton>(u"Reload"_s, page), "btnReloadIcons");
     sidebar.btnReloadIcons->setPalette(paper::ButtonOnPaper());
     sidebar.btnReloadIcons->setToolTip(u"Reload the Picture list"_s);
-    sidebar.btnReloadIcons->setEnabled(false); // until it is wired to its command
 }
 
 NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
 {
-    constexpr int OneSecond = 1000;
     NetworkControls network = {MakePicture(RefreshPicture, page), MakePicture(LockPicture, page),
-                               new QLabel(u"Network"_s, page), new Timer(OneSecond, client),
-                               new Timer(OneSecond, client)};
-    network.lblNetwork->setObjectName(u"lblNetwork"_s);
-    network.tmUnLock->setObjectName(u"tmUnLock"_s);
-    network.tmAutoRefresh->setObjectName(u"tmAutoRefresh"_s);
+                               Named(MakeInkLabel(u"Network"_s, page), "lblNetwork"),
+                               Named(new Timer(OneSecond, client), "tmUnLock"),
+                               Named(new Timer(OneSecond, client), "tmAutoRefresh")};
     network.lblNetwork->setAlignment(Qt::AlignCenter);
-    InkText(network.lblNetwork);
     for (PictureButton* button : {network.picRefresh, network.picLock}) {
         button->SetVisible(0, false);
         button->SetVisible(1, false);
@@ -222,10 +195,9 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
     column->setContentsMargins(8, 4, 8, 4);
     column->setSpacing(2);
     for (const SidebarRow& row : SidebarRows) {
-        PictureButton* button = MakePicture(row.picture, page);
+        PictureButton* button = sidebar.*row.button = MakePicture(row.picture, page);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
         column->addWidget(button);
-        sidebar.*row.button = button;
     }
     column->addSpacing(8);
     column->addWidget(network.lblNetwork);
@@ -266,10 +238,9 @@ Controls::Controls(QMainWindow& window)
     : client(MakeClient(window)), menus(*window.menuBar()), cells(*new Cells(client)), bar(MakeFormatBar(client)),
       sidebar(MakeSidebar(client)), bottom(MakeBottomPanel(client)),
       network(MakeNetworkControls(client, sidebar.fraSidebar[0])), lblDateDiff(MakeDateDiffLabel(client)),
-      tmMidnightRefresh(*new Timer(HalfAMinute, client)), tmAlarm(*new Timer(TenSeconds, client)), FontDialog(&window)
+      tmMidnightRefresh(*Named(new Timer(HalfAMinute, client), "tmMidnightRefresh")),
+      tmAlarm(*Named(new Timer(TenSeconds, client), "tmAlarm")), FontDialog(&window)
 {
-    tmMidnightRefresh.setObjectName(u"tmMidnightRefresh"_s);
-    tmAlarm.setObjectName(u"tmAlarm"_s);
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
     // From the tabs to their page, then to the cells, and the spins last.

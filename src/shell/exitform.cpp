@@ -24,8 +24,3 @@ ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     move(screen.center() - rect().center());
 }
-
-void ExitForm::ShowAtOnce()
-{
-    ShowAndPaint(*this);
-}

@@ -9,7 +9,4 @@ class ExitForm : public QWidget
 
 public:
     ExitForm();
-
-    // On the screen before the save begins; where the desktop lets it wait, the save does not.
-    void ShowAtOnce();
 };

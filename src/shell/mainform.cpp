@@ -6,6 +6,7 @@
 #include "platform/controls/timer.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/showatonce.h"
 #include "platform/runtime/errortail.h"
 #include "shell/exitform.h"
 #include "shell/rooms.h"
@@ -21,6 +22,7 @@ Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
     m_rooms->controls.menus("mnuExit"_L1)
         .OnClick([this] { subExitProgram(CloseBox); }, " in MainForm, mnuExit_Click"_L1);
     m_rooms->controls.client->installEventFilter(this);
+    installEventFilter(this);
 }
 
 Mainform::~Mainform() = default;
@@ -52,39 +54,20 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     QTimer::singleShot(0, this, Guarded(" in MainForm, Form_Load"_L1, [&rooms] { rooms.recovery.BeginOffering(); }));
 }
 
-void Mainform::Form_Resize()
-{
-    if (!isMinimized()) m_rooms->bars.Form_Resize();
-}
-
 bool Mainform::eventFilter(QObject* watched, QEvent* event)
 {
-    // The client area changes with the window, and when the menu bar takes another line.
-    if (event->type() == QEvent::Resize && isVisible()) {
-        guard(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); });
-    }
+    // The client area changes with the window, and when the menu bar takes another line. Minimize and restore bring no
+    // resize.
+    const auto type = watched == this ? QEvent::WindowStateChange : QEvent::Resize;
+    if (event->type() == type && isVisible() && !isMinimized())
+        guard(" in MainForm, Form_Resize"_L1, [this] { m_rooms->bars.Form_Resize(); });
     return QMainWindow::eventFilter(watched, event);
-}
-
-void Mainform::changeEvent(QEvent* event)
-{
-    QMainWindow::changeEvent(event);
-    // Minimize and restore bring no resize.
-    if (event->type() == QEvent::WindowStateChange && isVisible()) {
-        guard(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); });
-    }
 }
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    guard(" in MainForm, Form_QueryUnload"_L1,
-          [&] { Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode); });
+    guard(" in MainForm, Form_QueryUnload"_L1, [&] { subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode); });
     event->accept();
-}
-
-void Mainform::Form_QueryUnload(int UnloadMode)
-{
-    if (!m_ended) subExitProgram(UnloadMode);
 }
 
 void Mainform::AnswerDesktop(const QStringList& uris)
@@ -109,7 +92,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (QWidget* const focused = focusWidget()) focused->clearFocus();
     hide();
     ExitForm exitForm;
-    exitForm.ShowAtOnce();
+    ShowAndPaint(exitForm); // before the save begins; where the desktop lets it wait, the save does not
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // by a signal, while a question about unsaved notes was waiting

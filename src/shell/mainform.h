@@ -41,12 +41,8 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
-    void Form_QueryUnload(int UnloadMode);
-    void Form_Resize(); // lays out again if the client area has changed
-
     std::unique_ptr<Rooms> m_rooms;
     bool m_ended = false;
 };

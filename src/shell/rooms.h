@@ -29,6 +29,7 @@
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/recentlist.h"
 #include "plannerfile/recovery.h"
 #include "plannerfile/reopening.h"
 #include "platform/desktop/systemprinter.h"
@@ -38,7 +39,6 @@
 #include "recurrence/recurringevents.h"
 #include "shell/activation.h"
 #include "shell/controls.h"
-#include "shell/recentlist.h"
 #include "shell/shellhandlers.h"
 #include "tools/datedifference.h"
 #include "tools/datesearch.h"
@@ -113,8 +113,8 @@ struct Rooms
                     dayRecord,      m_pCalendarView,  fontCommand,      journal};
     Refresh refresh{controls.cells, controls.network, turn};
     DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
-    RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
-    AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
+    RecurringEvents recurringEvents{controls.cells, notes, m_pCalendarView, fontCommand};
+    AlarmHandlers alarms{controls.cells, controls.tmAlarm, turn, dayLock};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
@@ -124,12 +124,8 @@ struct Rooms
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
-    Printing printing{{controls.cells, controls.bottom, m_pCalendarView},
-                      controls.sidebar,
-                      dayLock,
-                      controls.FontDialog,
-                      printer,
-                      printLibrary};
+    Printing printing{
+        {controls.cells, controls.bottom, m_pCalendarView}, dayLock, controls.FontDialog, printer, printLibrary};
     NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
     CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
                             controls.menus, m_pCalendarView, formatting};

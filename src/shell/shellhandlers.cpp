@@ -1,11 +1,36 @@
 #include "shell/shellhandlers.h"
 
 #include "plannerfile/refusals.h"
+#include "platform/controls/named.h"
+#include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/helpviewer.h"
 #include "platform/desktop/msgbox.h"
-#include "shell/aboutform.h"
 #include "shell/autoloadform.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+
+namespace {
+QLabel* MakeName()
+{
+    auto* name = new QLabel(u"Orrelin"_s);
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    font.setBold(true);
+    name->setFont(font);
+    return name;
+}
+
+QLabel* MakePicture(const QWidget& window)
+{
+    auto* picture = new QLabel;
+    picture->setPixmap(QIcon(u":/icons/orrelin.svg"_s).pixmap(QSize(64, 64), window.devicePixelRatioF()));
+    return picture;
+}
+} // namespace
 
 void ShellHandlers::mnuAutoload_Click()
 {
@@ -36,5 +61,23 @@ void ShellHandlers::mnuHelpHow_Click()
 
 void ShellHandlers::mnuAbout_Click()
 {
-    AboutForm(m_client.window()).exec();
+    QDialog about(m_client.window());
+    about.setObjectName(u"AboutForm"_s);
+    about.setWindowTitle(u"About Orrelin"_s);
+    auto* version = Named(new QLabel(u"Version "_s + QStringLiteral(ORRELIN_VERSION)), "lblVersion");
+    version->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &about, &QDialog::accept);
+    auto* grid = new QGridLayout(&about);
+    grid->setContentsMargins(24, 24, 24, 16);
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(8);
+    grid->addWidget(MakePicture(about), 0, 0, 3, 1, Qt::AlignTop);
+    grid->addWidget(MakeName(), 0, 1);
+    grid->addWidget(version, 1, 1);
+    grid->addWidget(new QLabel(u"A planner of days: write straight into the calendar."_s), 2, 1);
+    grid->addWidget(buttons, 3, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    CenterOnScreen(about);
+    about.exec();
 }

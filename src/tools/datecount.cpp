@@ -1,17 +1,12 @@
 #include "tools/datecount.h"
 
+#include <QDate>
 #include <QRegularExpression>
 
-#include <chrono>
-
 namespace {
-constexpr int JulianDayOfEpoch = 2440588; // 1 January 1970
-
 int JulianDay(const GridDay& day)
 {
-    using namespace std::chrono;
-    const sys_days first = year(day.year) / month(static_cast<unsigned>(day.month)) / 1;
-    return static_cast<int>(first.time_since_epoch().count()) + day.day - 1 + JulianDayOfEpoch;
+    return static_cast<int>(QDate(day.year, day.month, 1).toJulianDay()) + day.day - 1;
 }
 
 int Count(DateUnit unit, const GridDay& day)

@@ -87,15 +87,10 @@ void DateDifference::Show(int cell, const QString& caption)
 {
     m_cell = cell;
     m_lblDateDiff.raise(); // cells that are placed anew come to the front
-    const QRect note = m_cells.tbDay(cell).geometry();
-    const QSize size = m_lblDateDiff.text() == caption ? m_lblDateDiff.size() : QSize();
-    QRect place(QPoint(), size);
-    place.moveBottomRight(note.bottomRight());
-    if (size.isValid() && place == m_lblDateDiff.geometry() && m_lblDateDiff.isVisible()) return;
     m_lblDateDiff.setText(caption);
     m_lblDateDiff.adjustSize();
-    place.setSize(m_lblDateDiff.size());
-    place.moveBottomRight(note.bottomRight());
+    QRect place = m_lblDateDiff.geometry();
+    place.moveBottomRight(m_cells.tbDay(cell).geometry().bottomRight());
     m_lblDateDiff.setGeometry(place);
     m_lblDateDiff.show();
 }

@@ -8,7 +8,6 @@
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
-#include "platform/desktop/msgbox.h"
 #include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 #include "platform/profile/profile.h"
@@ -16,17 +15,13 @@
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
 
+#include <QButtonGroup>
 #include <QColorDialog>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
-
-namespace {
-constexpr int CaptionPadding = 8; // beyond what the desktop's style leaves beside a caption
-constexpr const char* Units[] = {"Day", "Week", "Month"};
-} // namespace
 
 QString StoredStartDate()
 {
@@ -49,27 +44,22 @@ void PaintDateDiffLabel(QLabel& label, std::uint32_t color)
     label.setPalette(palette);
 }
 
-DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner)
+DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner), m_opDateDiff(new QButtonGroup(this))
 {
     setObjectName(u"DateDiffForm"_s);
     setWindowTitle(u"Customize Date Difference"_s);
     auto* column = DialogColumn(*this);
-    column->addWidget(MakeOptions());
+    auto* frame = new QGroupBox(u"Date Difference Options"_s);
+    auto* rows = new QVBoxLayout(frame);
+    rows->setSpacing(16);
+    rows->addLayout(MakeStartDate());
+    rows->addWidget(MakeMethods());
+    rows->addLayout(MakeColor());
+    column->addWidget(frame);
     column->addWidget(MakeOkCancel(*this));
     ErrorTail{" in DateDiffForm, Form Load"_L1}([this] { ShowSettings(); });
     CenterOnScreen(*this);
     m_maskStartDate->setFocus();
-}
-
-QWidget* DateDiffForm::MakeOptions()
-{
-    auto* frame = new QGroupBox(u"Date Difference Options"_s);
-    auto* column = new QVBoxLayout(frame);
-    column->setSpacing(16);
-    column->addLayout(MakeStartDate());
-    column->addWidget(MakeMethods());
-    column->addLayout(MakeColor());
-    return frame;
 }
 
 QLayout* DateDiffForm::MakeStartDate()
@@ -78,11 +68,8 @@ QLayout* DateDiffForm::MakeStartDate()
     auto* label = new QLabel(u"&Start Date:"_s);
     label->setBuddy(m_maskStartDate);
     m_lblDateFormat = Named(new QLabel, "lblDateFormat");
-    auto* row = new QHBoxLayout;
-    row->setSpacing(8);
-    row->addWidget(label);
-    row->addWidget(m_maskStartDate, 1);
-    row->addWidget(m_lblDateFormat);
+    auto* row = DialogRow(8, {label, m_maskStartDate, m_lblDateFormat});
+    row->setStretchFactor(m_maskStartDate, 1);
     return row;
 }
 
@@ -91,10 +78,11 @@ QWidget* DateDiffForm::MakeMethods()
     auto* frame = new QGroupBox(u"Calculation Method"_s);
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(16);
-    for (std::size_t i = 0; i < m_opDateDiff.size(); ++i) {
-        m_opDateDiff[i] = new QRadioButton(QString::fromLatin1(Units[i]));
-        m_opDateDiff[i]->setObjectName(u"opDateDiff(%1)"_s.arg(i));
-        row->addWidget(m_opDateDiff[i]);
+    int unit = 0;
+    for (const QString& caption : {u"Day"_s, u"Week"_s, u"Month"_s}) {
+        auto* option = Named(new QRadioButton(caption), "opDateDiff", unit);
+        m_opDateDiff->addButton(option, unit++);
+        row->addWidget(option);
     }
     row->addStretch(1);
     return frame;
@@ -102,6 +90,7 @@ QWidget* DateDiffForm::MakeMethods()
 
 QLayout* DateDiffForm::MakeColor()
 {
+    constexpr int CaptionPadding = 8; // beyond what the desktop's style leaves beside a caption
     auto* button = Named(new QPushButton(u"Background Color"_s), "btnBGColor");
     button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
@@ -110,12 +99,7 @@ QLayout* DateDiffForm::MakeColor()
     m_lblDateDiff->setAccessibleName(u"Sample"_s);
     m_lblDateDiff->setAutoFillBackground(true);
     m_lblDateDiff->setMargin(3);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(16);
-    row->addWidget(button);
-    row->addWidget(m_lblDateDiff);
-    row->addStretch(1);
-    return row;
+    return DialogRow(16, {button, m_lblDateDiff, nullptr});
 }
 
 void DateDiffForm::ShowSettings()
@@ -123,9 +107,8 @@ void DateDiffForm::ShowSettings()
     const DateOrder& order = LocalDateOrder();
     m_lblDateFormat->setText(order.label);
     m_maskStartDate->SetMask(order.mask);
-    if (const auto start = DayOfText(StoredStartDate()))
-        m_maskStartDate->SetText(order.BoxText(start->year, start->month, start->day));
-    m_opDateDiff[static_cast<std::size_t>(StoredDateUnit())]->setChecked(true);
+    if (const auto start = DayOfText(StoredStartDate())) m_maskStartDate->SetText(order.BoxText(KeyOf(*start)));
+    m_opDateDiff->button(static_cast<int>(StoredDateUnit()))->setChecked(true);
     m_color = ColorOf(Read(settings::DateDiffColor));
     PaintDateDiffLabel(*m_lblDateDiff, m_color);
 }
@@ -142,15 +125,14 @@ void DateDiffForm::accept()
 {
     const QString start = LocalDateOrder().EntryDate(m_maskStartDate->Text());
     if (!fnValidateDate(start) || !DayOfText(start)) { // the second for digits that are missing
-        MsgBox(u"Start Date is not a valid date"_s, msgbox::Information, messages::HelpWizard);
+        messages::Tell(u"Start Date is not a valid date"_s);
         m_maskStartDate->setFocus();
         return;
     }
     ErrorTail{" in DateDiffForm, btnOk_Click"_L1}([&] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         Write(settings::DateDiff, start);
-        for (std::size_t i = 0; i < m_opDateDiff.size(); ++i)
-            if (m_opDateDiff[i]->isChecked()) Write(settings::DateDiffMethod, static_cast<int>(i));
+        Write(settings::DateDiffMethod, m_opDateDiff->checkedId());
         Write(settings::DateDiffColor, ColorText(m_color));
     });
     QDialog::accept();

@@ -6,11 +6,9 @@
 
 #include <QDialog>
 
-#include <array>
-
 class MaskEdBox;
+class QButtonGroup;
 class QLabel;
-class QRadioButton;
 
 // As the settings have it; by default the first day of the shown year. Not looked at.
 QString StoredStartDate();
@@ -26,10 +24,9 @@ class DateDiffForm : public QDialog
 public:
     explicit DateDiffForm(QWidget* owner = nullptr); // shows the settings
     void accept() override;                          // writes them, unless the date is none
-    void btnBGColor_Click();
 
 private:
-    QWidget* MakeOptions();
+    void btnBGColor_Click();
     QLayout* MakeStartDate();
     QWidget* MakeMethods();
     QLayout* MakeColor();
@@ -37,7 +34,7 @@ private:
 
     MaskEdBox* m_maskStartDate = nullptr;
     QLabel* m_lblDateFormat = nullptr;
-    std::array<QRadioButton*, 3> m_opDateDiff = {};
+    QButtonGroup* m_opDateDiff; // by DateUnit
     QLabel* m_lblDateDiff = nullptr;
     std::uint32_t m_color = 0;
 };

@@ -1,11 +1,11 @@
 #include "wallpaper/calendarpicture.h"
 
-#include "appearance/panelstyle.h"
 #include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "hall/panelstyle.h"
 #include "platform/controls/visible.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/windowplace.h"

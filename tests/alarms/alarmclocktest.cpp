@@ -84,34 +84,25 @@ private Q_SLOTS:
         QCOMPARE(StoredAlarms().size(), 8);
     }
 
-    void oneOfTwo()
+    void eachMinuteIsLookedAtOnce()
     {
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "first"), MakeAlarm("1999/3/17", "09:30", "second")});
+        QCOMPARE(TickAt(9, 29), QStringList());
+        AddAlarms({MakeAlarm("1999/3/17", "09:29", "too late"), MakeAlarm("1999/3/17", "09:30", "first"),
+                   MakeAlarm("1999/3/17", "09:30", "second"), MakeAlarm("1999/3/17", "09:32", "mine")});
+        QCOMPARE(TickAt(9, 29, 10), QStringList()); // this minute was looked at before
         QCOMPARE(TickAt(9, 30), QStringList(u"first"_s));
         QCOMPARE(g_rsAlarm.Fields(u"Alarm Note"_s).toByteArray(), QByteArray("first"));
         QCOMPARE(TickAt(9, 30, 50), QStringList());
         QCOMPARE(TickAt(9, 31), QStringList());
         QVERIFY(g_rsAlarm.EOF_());
         QCOMPARE(TickAt(9, 30), QStringList(u"first"_s)); // the clock was turned back
-    }
-
-    void anEmptyTableStaysQuiet()
-    {
-        QCOMPARE(TickAt(9, 30), QStringList());
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "too late"), MakeAlarm("1999/3/17", "09:31", "in time")});
-        QCOMPARE(TickAt(9, 30, 10), QStringList()); // this minute was looked at before
-        QCOMPARE(TickAt(9, 31), QStringList(u"in time"_s));
-        QCOMPARE(m_program->Log(), QByteArray());
-    }
-
-    void anotherPlannerInTheSameMinute()
-    {
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "mine"), MakeAlarm("1999/3/17", "09:31", "mine")});
         m_program->New(u"other.mdb"_s);
-        QCOMPARE(TickAt(9, 30), QStringList());
-        m_program->Open(u"mine.mdb"_s);
-        QCOMPARE(TickAt(9, 30, 20), QStringList());
-        QCOMPARE(TickAt(9, 31), QStringList(u"mine"_s));
+        QCOMPARE(TickAt(9, 32), QStringList());
+        m_program->Open(u"mine.mdb"_s); // in the same minute
+        QCOMPARE(TickAt(9, 32, 20), QStringList());
+        QCOMPARE(TickAt(9, 33), QStringList());
+        QCOMPARE(TickAt(9, 32), QStringList(u"mine"_s));
+        QCOMPARE(m_program->Log(), QByteArray());
         g_sDBPath.clear();
         QCOMPARE(TickAt(9, 30), QStringList());
     }

@@ -176,19 +176,19 @@ private Q_SLOTS:
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
             for (const auto& [picture, box, shown] :
                  {std::tuple("picHourDn", "maskHour", "12"), std::tuple("picHourUp", "maskHour", "01"),
-                  std::tuple("picMinuteUp", "maskMinute", "01"), std::tuple("picMinuteDn", "maskMinute", "00")}) {
-                Press(form, picture);
+                  std::tuple("picMinuteDn", "maskMinute", "59"), std::tuple("picMinuteUp", "maskMinute", "00")}) {
+                auto& button = In<PictureButton>(form, picture);
+                QTest::mousePress(&button, Qt::LeftButton);
+                QVERIFY(button.Visible(1) && Shown(form, box) != QLatin1StringView(shown)); // at the release
+                QTest::mouseRelease(&button, Qt::LeftButton);
+                QVERIFY(button.Visible(0));
                 QCOMPARE(Shown(form, box), QLatin1StringView(shown));
             }
-            for (const auto& [picture, released, pressed] :
-                 {std::tuple("picHourUp", 0, 1), std::tuple("picMinuteDn", 0, 1), std::tuple("picStop", 1, 0)}) {
-                auto& button = In<PictureButton>(form, picture);
-                QVERIFY(button.Visible(released));
-                QTest::mousePress(&button, Qt::LeftButton);
-                QVERIFY(button.Visible(pressed) && !button.Visible(released));
-                QTest::mouseRelease(&button, Qt::LeftButton);
-            }
-            QCOMPARE(Shown(form, "maskHour"), u"02"_s); // at the release
+            auto& stop = In<PictureButton>(form, "picStop"); // has its pictures the other way round
+            QTest::mousePress(&stop, Qt::LeftButton);
+            QVERIFY(stop.Visible(0));
+            QTest::mouseRelease(&stop, Qt::LeftButton);
+            QVERIFY(stop.Visible(1));
             Click(form, "btnCancel");
         });
     }
@@ -247,47 +247,10 @@ private Q_SLOTS:
         QVERIFY(ClockRuns());
     }
 
+    // Without alarms, with those of other days alone, and with some of the day.
     void browsing()
     {
         SetContent(folders::MediaDirectory() + u"/a.wav"_s, "x");
-        m_program->New(m_file);
-        AddAlarms({MakeAlarm("1999/3/16", "09:00", "before"), MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
-                   MakeAlarm("1999/3/18", "09:00", "after"), MakeAlarm("1999/3/17", "00:30", "two", "gone.wav", false),
-                   MakeAlarm("1999/3/17", "12:00", "three")});
-        m_program->Click(18);
-        InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
-            const QString one = u"03/17/1999 07 05 AM a.wav one silent"_s;
-            const QString two = u"03/17/1999 12 30 AM  two"_s;
-            const QString three = u"03/17/1999 12 00 PM  three silent"_s;
-            const auto step = [&](const char* picture, const QString& shown, bool told) {
-                if (told) ExpectBox(u"No more alarm events for the date 03/17/1999"_s);
-                Press(form, picture);
-                QCOMPARE(WaitingAnswers(), 0);
-                QCOMPARE(Row(form), shown);
-            };
-            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"Browse/Edit Alarm Event"_s);
-            for (const char* disabled : {"maskAlarmDate", "maskHour", "maskMinute", "opAMPM(0)", "opAMPM(1)",
-                                         "orlcmbTunes", "chkSilence", "tbNotes"})
-                QVERIFY2(!In<QWidget>(form, disabled).isEnabled(), disabled);
-            QVERIFY(In<PictureButton>(form, "picRightSpin").Visible(2));
-            QCOMPARE(Row(form), one);
-            step("picRightSpin", two, false);
-            step("picRightSpin", three, false);
-            step("picLeftSpin", two, false);
-            step("picRightSpin", three, false);
-            step("picRightSpin", three, true);
-            step("picRightSpin", three, true); // the walk stands at the end of the table
-            step("picLeftSpin", two, false);   // it goes back to the last one first, and from there one on
-            step("picLeftSpin", one, false);
-            step("picLeftSpin", one, true);
-            step("picRightSpin", two, false); // likewise from the other end: the first one is passed over
-            Click(form, "btnOk");
-        });
-        QCOMPARE(m_program->Log(), QByteArray());
-    }
-
-    void browsingADayWithoutAlarms()
-    {
         m_program->New(m_file);
         const QList<Alarm> others = {MakeAlarm("1999/3/16", "09:00", "before"), MakeAlarm("1999/3/18", "9:00", "x")};
         for (const QList<Alarm>& alarms : {QList<Alarm>(), others}) {
@@ -302,6 +265,39 @@ private Q_SLOTS:
                 Click(form, "btnOk");
             });
         }
+        AddAlarms({MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
+                   MakeAlarm("1999/3/17", "00:30", "two", "gone.wav", false),
+                   MakeAlarm("1999/3/17", "12:00", "three")});
+        m_program->Click(18);
+        InEditor("mnuChangeAlarms", [&](AlarmForm& form) {
+            const QString one = u"03/17/1999 07 05 AM a.wav one silent"_s;
+            const QString two = u"03/17/1999 12 30 AM  two"_s;
+            const QString three = u"03/17/1999 12 00 PM  three silent"_s;
+            const auto step = [&](const char* picture, const QString& shown, bool told = false) {
+                if (told) ExpectBox(u"No more alarm events for the date 03/17/1999"_s);
+                Press(form, picture);
+                QCOMPARE(WaitingAnswers(), 0);
+                QCOMPARE(Row(form), shown);
+            };
+            QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"Browse/Edit Alarm Event"_s);
+            for (const char* disabled : {"maskAlarmDate", "maskHour", "maskMinute", "opAMPM(0)", "opAMPM(1)",
+                                         "orlcmbTunes", "chkSilence", "tbNotes"})
+                QVERIFY2(!In<QWidget>(form, disabled).isEnabled(), disabled);
+            QVERIFY(In<PictureButton>(form, "picRightSpin").Visible(2));
+            QCOMPARE(Row(form), one);
+            step("picRightSpin", two);
+            step("picRightSpin", three);
+            step("picLeftSpin", two);
+            step("picRightSpin", three);
+            step("picRightSpin", three, true);
+            step("picRightSpin", three, true); // the walk stands at the end of the table
+            step("picLeftSpin", two);          // it goes back to the last one first, and from there one on
+            step("picLeftSpin", one);
+            step("picLeftSpin", one, true);
+            step("picRightSpin", two); // likewise from the other end: the first one is passed over
+            Click(form, "btnOk");
+        });
+        QCOMPARE(m_program->Log(), QByteArray());
     }
 
     // Of alarms that are alike in four fields the first goes, whichever note is shown.

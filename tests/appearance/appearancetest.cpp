@@ -15,16 +15,32 @@ class AppearanceTest : public QObject
     std::unique_ptr<Program> m_program;
 
     // Presses the sample and answers the font dialog, then leaves the dialog by the key.
-    void Customize(const char* entry, const QString& sample, std::function<void(QFontDialog&)> choose, Qt::Key key)
+    void Customize(const char* entry, const QString& sample, std::function<void(QFontDialog&)> choose,
+                   Qt::Key key = Qt::Key_Return)
     {
         OnNextModal<StyleForm>([=](StyleForm& form) {
-            auto* const panel = form.findChild<SSPanel*>(sample);
-            QVERIFY(panel);
             AnswerFontDialog(choose);
-            QTest::mouseClick(panel, Qt::LeftButton);
+            QTest::mouseClick(form.findChild<SSPanel*>(sample), Qt::LeftButton);
             QTest::keyClick(&form, key);
         });
         m_program->Trigger(entry);
+        QCOMPARE(WaitingAnswers(), 0);
+    }
+
+    // Of a section of PLANNER.INI, "SIZE=12 BOLD=1": FONT stands before each key.
+    static void CheckIni(const char* section, const char* expected)
+    {
+        for (const QByteArray& setting : QByteArray(expected).split(' ')) {
+            const QList<QByteArray> parts = setting.split('=');
+            QCOMPARE(Ini(section, "FONT" + parts[0]), QString::fromLatin1(parts[1]));
+        }
+    }
+
+    void CheckFont(int cell, double size, bool italic) const
+    {
+        Select(m_program->Box(cell), 0, 1);
+        QCOMPARE(m_program->Box(cell).SelFontSize(), std::optional(size));
+        QCOMPARE(m_program->Box(cell).SelItalic(), std::optional(italic));
     }
 
 private Q_SLOTS:
@@ -35,24 +51,17 @@ private Q_SLOTS:
     {
         m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"typed before"_s);
-        Customize(
-            "mnuNumberDlg", u"panelDay(0)"_s,
-            [](QFontDialog& fonts) {
-                QFont font = fonts.currentFont();
-                QVERIFY(font.bold() && font.pointSize() == 12); // the dialog's own default, not the grid's
-                font.setPointSize(14);
-                font.setBold(false);
-                font.setStyleName(QString()); // which would say the contrary
-                fonts.setCurrentFont(font);
-            },
-            Qt::Key_Return);
-        QCOMPARE(Ini("DAILY PANEL", "FONTSIZE"), u"14"_s);
-        QCOMPARE(Ini("DAILY PANEL", "FONTBOLD"), u"0"_s);
-        QCOMPARE(Ini("DAILY PANEL", "FONTNAME"), u"Arial"_s); // installed or not
-        QCOMPARE(Ini("DAILY PANEL", "FONTCOLOR"), u"&H0&"_s);
-        QCOMPARE(Ini("MEMO PANEL", "FONTSIZE"), u"12"_s);
-        QCOMPARE(Ini("DAILY PANEL", "FONT3D"), u"2"_s);
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTSTRIKETHRU"), u"-1"_s);
+        Customize("mnuNumberDlg", u"panelDay(0)"_s, [](QFontDialog& fonts) {
+            QFont font = fonts.currentFont();
+            QVERIFY(font.bold() && font.pointSize() == 12); // the dialog's own default, not the grid's
+            font.setPointSize(14);
+            font.setBold(false);
+            font.setStyleName(QString()); // which would say the contrary
+            fonts.setCurrentFont(font);
+        });
+        CheckIni("DAILY PANEL", "SIZE=14 BOLD=0 NAME=Arial COLOR=&H0& 3D=2"); // the font installed or not
+        CheckIni("MEMO PANEL", "SIZE=12");
+        CheckIni("PASTDATE PANEL", "STRIKETHRU=-1");
         QCOMPARE(m_program->Panel(25).CaptionFont().pointSize(), 14);
         QCOMPARE(m_program->Box(20).Text(), u"typed before"_s);
         QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("before"));
@@ -63,10 +72,9 @@ private Q_SLOTS:
         Customize(
             "mnuNumberDlg", u"panelDay(3)"_s,
             [](QFontDialog& fonts) { fonts.setCurrentFont(QFont(u"Liberation Serif"_s, 20)); }, Qt::Key_Escape);
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTSIZE"), u"none"_s);
-        Customize("mnuNumberDlg", u"panelDay(3)"_s, nullptr, Qt::Key_Return);
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTSIZE"), u"12"_s);
-        QCOMPARE(Ini("PASTDATE PANEL", "FONTBOLD"), u"1"_s);
+        CheckIni("PASTDATE PANEL", "SIZE=none");
+        Customize("mnuNumberDlg", u"panelDay(3)"_s, nullptr);
+        CheckIni("PASTDATE PANEL", "SIZE=12 BOLD=1");
     }
 
     void WeeksComeOutItalicAfterEachSave()
@@ -77,36 +85,27 @@ private Q_SLOTS:
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuWeekAppearance");
-        QCOMPARE(Ini("WEEKDAILY", "FONTITALIC"), u"1"_s);
-        QCOMPARE(Ini("WEEKMEMO", "FONTSIZE"), u"16"_s);
-        QCOMPARE(Ini("WEEKDAILY", "FONT3D"), u"0"_s);
-        QCOMPARE(Ini("WEEKPASTDATE", "FONTSTRIKETHRU"), u"0"_s);
+        CheckIni("WEEKDAILY", "ITALIC=1 3D=0");
+        CheckIni("WEEKMEMO", "SIZE=16");
+        CheckIni("WEEKPASTDATE", "STRIKETHRU=0");
     }
 
-    void OneSampleStandsForAllHeadings()
+    // One sample stands for all headings. A double click changes one, with flags written another way.
+    void HeadingsAndTheTitleFollowAtOnce()
     {
-        Customize(
-            "mnuMonToSun", u"lblAllDay"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 11); }, Qt::Key_Return);
-        QCOMPARE(Ini("Sun", "FONTSIZE"), u"11"_s);
-        QCOMPARE(Ini("Sat", "FONTSIZE"), u"11"_s);
+        Customize("mnuMonToSun", u"lblAllDay"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 11); });
+        CheckIni("Sun", "SIZE=11");
+        CheckIni("Sat", "SIZE=11");
         auto& heading = m_program->Find<SSPanel>("lblDayOfWeek(3)");
         QCOMPARE(heading.CaptionFont().pointSize(), 11);
-
-        // A double click changes one heading, with flags written another way.
         AnswerFontDialog([](QFontDialog& fonts) { ChooseSize(fonts, 18); });
         QTest::mouseDClick(&heading, Qt::LeftButton);
         QCOMPARE(heading.CaptionFont().pointSize(), 18);
-        QCOMPARE(Ini("Wed", "FONTSIZE"), u"18"_s);
-        QCOMPARE(Ini("Wed", "FONTBOLD"), u"-1"_s);
-        QCOMPARE(Ini("Thu", "FONTSIZE"), u"11"_s);
-    }
-
-    void TheTitleFollowsAtOnce()
-    {
-        Customize(
-            "mnuMonthDisplay", u"lblMonth"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 20); }, Qt::Key_Return);
+        CheckIni("Wed", "SIZE=18 BOLD=-1");
+        CheckIni("Thu", "SIZE=11");
+        Customize("mnuMonthDisplay", u"lblMonth"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 20); });
         QCOMPARE(m_program->Bottom().CaptionFont().pointSize(), 20);
-        QCOMPARE(Ini("DISPLAY MONTH", "FONT3D"), u"4"_s);
+        CheckIni("DISPLAY MONTH", "3D=4");
     }
 
     void TheInitialFontIsThatOfTheNextEmptyDay()
@@ -114,30 +113,21 @@ private Q_SLOTS:
         m_program->New(u"notes.mdb"_s);
         m_program->Type(21, u"full"_s);
         OnNextModal<InitFontForm>([](InitFontForm& form) {
-            const auto choose = [&](const char* name, const QString& text) {
-                auto* const combo = form.findChild<ORLCombo*>(QString::fromLatin1(name));
-                for (int i = 0; i < combo->ListCount(); ++i)
-                    if (combo->List(i).trimmed() == text) combo->SetListIndex(i);
-            };
             QCOMPARE(In<ORLCombo>(form, "orlcmbFontname").Text(), u"Arial"_s);
-            choose("orlcmbFontsize", u"14"_s);
-            choose("orlcmbFontcolor", u"Navy"_s);
+            In<ORLCombo>(form, "orlcmbFontsize").setCurrentText(u"14"_s);
+            In<ORLCombo>(form, "orlcmbFontcolor").setCurrentText(u"Navy"_s);
             In<QCheckBox>(form, "chkItalic").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
         m_program->Trigger("mnuInitialFont");
+        CheckIni("DEFAULT FONTS", "NAME=Arial");
         QCOMPARE(Ini("DEFAULT FONTS", "BOLD"), u"0"_s);
-        QCOMPARE(Ini("DEFAULT FONTS", "FONTNAME"), u"Arial"_s);
         m_program->Activate();
         m_program->Type(20, u"x"_s);
-        Select(m_program->Box(20), 0, 1);
-        QCOMPARE(m_program->Box(20).SelFontSize(), std::optional(14.0));
+        CheckFont(20, 14, true);
         QCOMPARE(m_program->Box(20).SelColor(), std::optional(0x800000u));
-        QCOMPARE(m_program->Box(20).SelItalic(), std::optional(true));
         m_program->Click(21); // which keeps its own
-        Select(m_program->Box(21), 0, 4);
-        QCOMPARE(m_program->Box(21).SelFontSize(), std::optional(8.0));
-        QCOMPARE(m_program->Box(21).SelItalic(), std::optional(false));
+        CheckFont(21, 8, false);
     }
 };
 

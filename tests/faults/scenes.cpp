@@ -190,7 +190,7 @@ QString Recur(const Stage& stage)
     AnswerBoxes(said);
     Recurrence event("{\\rtf1 Standup}", {}, [](qsizetype, qsizetype) {});
     stage.Begin();
-    const bool saved = event.fnRecurseDaily(u"3/1/1999"_s, u"4/9/1999"_s, 1);
+    const bool saved = event.Save(Frequency::Daily, u"3/1/1999"_s, u"4/9/1999"_s, 1);
     return saved && said.isEmpty() ? Done : u"not saved: "_s + said.join(u' ');
 }
 

@@ -101,6 +101,15 @@ private Q_SLOTS:
         QCOMPARE(Described(once), Described(note) + Described(event));
         QCOMPARE(Described(text.AppendedTo(once)), Described(once) + Described(event));
         QVERIFY(!note.contains("wmetafile") || once.contains("0100090000032100000000000500000000001c0000000000"));
+        const auto left = text.TakenOutOf(once);
+        QVERIFY(left);
+        // The line that the event stood on stays, and an empty one below it.
+        const QStringList lines = Described(*left), before = Described(note);
+        QTextDocument added;
+        Read(event, added);
+        QCOMPARE(lines.size(), before.size() + (added.lastBlock().text().isEmpty() ? 2 : 1));
+        const bool hadItBefore = text.TakenOutOf(note).has_value();
+        if (!hadItBefore) QCOMPARE(lines.first(before.size()), before);
     }
 
     void IsFoundAsAWordOfOneParagraph_data()
@@ -155,24 +164,6 @@ private Q_SLOTS:
         const auto left = EventText(event, PlainFormat()).TakenOutOf(note);
         QCOMPARE(left.has_value(), !rest.isNull());
         if (left) QCOMPARE(Described(*left), Described(rest));
-    }
-
-    void TakesOutWhatWasAppended_data() { GoesBelowWhatTheNoteHeld_data(); }
-
-    void TakesOutWhatWasAppended()
-    {
-        QFETCH(QByteArray, note);
-        QFETCH(QByteArray, event);
-        EventText text(event, PlainFormat());
-        const auto left = text.TakenOutOf(text.AppendedTo(note));
-        QVERIFY(left);
-        // The line that the event stood on stays, and an empty one below it.
-        const QStringList lines = Described(*left), before = Described(note);
-        const bool hadItBefore = text.TakenOutOf(note).has_value();
-        QTextDocument added;
-        Read(event, added);
-        QCOMPARE(lines.size(), before.size() + (added.lastBlock().text().isEmpty() ? 2 : 1));
-        if (!hadItBefore) QCOMPARE(lines.first(before.size()), before);
     }
 
     void APictureAloneIsNoText()

@@ -5,23 +5,23 @@
 #include <QDate>
 #include <QTest>
 
-#include <functional>
-
 // The dates of recurring events, beside other ways to come to the same: the true calendar where the two agree,
 // remainders in place of steps, and a look back over all months that have passed.
 class RecurDatesTest : public QObject
 {
     Q_OBJECT
 
-    static QString KeyOf(int year, int month, int day) { return u"%1/%2/%3"_s.arg(year).arg(month).arg(day); }
-
-    static QString KeyOf(QDate date) { return KeyOf(date.year(), date.month(), date.day()); }
+    static GridDay Of(QDate date) { return {date.year(), date.month(), date.day()}; }
+    static QString Next(Frequency frequency, const GridDay& day, int step)
+    {
+        return KeyOf(NextDate(frequency, day, day, step));
+    }
 
     // Between 1901 and 2099 the true calendar has a leap year every four years too.
-    static void ForAllStarts(const std::function<void(QDate, std::int16_t)>& check)
+    static void ForAllStarts(const std::function<void(QDate, int)>& check)
     {
         for (QDate start(1999, 1, 1); start.year() < 2001; start = start.addDays(1)) {
-            for (std::int16_t step = 1; step <= 15; ++step)
+            for (int step = 1; step <= 15; ++step)
                 check(start, step);
         }
     }
@@ -32,7 +32,7 @@ class RecurDatesTest : public QObject
         const int length = start.daysInMonth();
         const int sum = start.day() - 1 + days;
         const QDate month = QDate(start.year(), start.month(), 1).addMonths(sum / length);
-        return KeyOf(month.year(), month.month(), sum % length + 1);
+        return KeyOf({month.year(), month.month(), sum % length + 1});
     }
 
     // The day of a walk's last month: that of the latest one that was no longer than the wanted day.
@@ -42,40 +42,34 @@ class RecurDatesTest : public QObject
         const QDate last = first.addMonths(months * times);
         for (int i = times; i > 0; --i) {
             const int length = first.addMonths(months * i).daysInMonth();
-            if (length <= start.day()) return KeyOf(last.year(), last.month(), length);
+            if (length <= start.day()) return KeyOf({last.year(), last.month(), length});
         }
-        return KeyOf(last.year(), last.month(), start.day());
+        return KeyOf({last.year(), last.month(), start.day()});
     }
 
 private Q_SLOTS:
-    void DaysAreThoseOfTheCalendar()
+    void DaysAndWeeksLookUpTheLengthOfAMonthOnce()
     {
-        ForAllStarts([](QDate start, std::int16_t step) {
-            QCOMPARE(fnGetNextDayDate(KeyOf(start), step), KeyOf(start.addDays(step)));
-        });
-    }
-
-    void TheLengthOfAMonthIsLookedUpOnce()
-    {
-        ForAllStarts([](QDate start, std::int16_t step) {
-            QCOMPARE(fnGetNextWeekDate(KeyOf(start), step), AsIfAllAlike(start, 7 * step));
+        ForAllStarts([](QDate start, int step) {
+            QCOMPARE(Next(Frequency::Daily, Of(start), step), KeyOf(Of(start.addDays(step))));
+            QCOMPARE(Next(Frequency::Weekly, Of(start), step), AsIfAllAlike(start, 7 * step));
             for (const int days : {28, 30, 45, 90})
-                QCOMPARE(fnGetNextDayDate(KeyOf(start), std::int16_t(days * step)), AsIfAllAlike(start, days * step));
-            if (step == 1) QCOMPARE(fnGetNextWeekDate(KeyOf(start), 1), KeyOf(start.addDays(7)));
+                QCOMPARE(Next(Frequency::Daily, Of(start), days * step), AsIfAllAlike(start, days * step));
+            if (step == 1) QCOMPARE(Next(Frequency::Weekly, Of(start), 1), KeyOf(Of(start.addDays(7))));
         });
     }
 
     void TheWantedDayNeverComesBack()
     {
-        ForAllStarts([](QDate start, std::int16_t step) {
-            QString month = KeyOf(start), year = month;
+        ForAllStarts([](QDate start, int step) {
+            GridDay month = Of(start), year = month;
             const int most = start.day() < 28 ? 3 : 14;
             for (int times = 1; times <= most; ++times) {
-                month = fnGetNextMonthDate(KeyOf(start), month, step);
-                QCOMPARE(month, LookingBack(start, step, times));
+                month = NextDate(Frequency::Monthly, Of(start), month, step);
+                QCOMPARE(KeyOf(month), LookingBack(start, step, times));
                 if (start.year() + step * times > 2099) continue;
-                year = fnGetNextYearDate(KeyOf(start), year, step);
-                QCOMPARE(year, LookingBack(start, 12 * step, times));
+                year = NextDate(Frequency::Yearly, Of(start), year, step);
+                QCOMPARE(KeyOf(year), LookingBack(start, 12 * step, times));
             }
         });
     }
@@ -83,7 +77,7 @@ private Q_SLOTS:
     void WritesIntoTheseDates_data()
     {
         QTest::addColumn<Frequency>("frequency");
-        QTest::addColumn<int>("step");
+        QTest::addColumn<int>("step"); // 0: those that it is taken out of
         QTest::addColumn<QString>("end");
         QTest::addColumn<QString>("dates"); // the start first
         const auto row = [](const char* name, Frequency frequency, int step, const char* end, const char* dates) {
@@ -104,6 +98,12 @@ private Q_SLOTS:
         row("29th", Frequency::Monthly, 13, "2004/9/1", "1999/1/29 2000/2/29 2001/3/29 2002/4/29 2003/5/29 2004/6/29");
         row("quarters", Frequency::Monthly, 3, "2000/5/1", "1999/11/30 2000/2/29");
         row("29 February", Frequency::Yearly, 1, "2000/12/31", "1996/2/29 1997/2/28 1998/2/28 1999/2/28 2000/2/29");
+        row("out, up to the end", Frequency::Daily, 0, "1999/2/2", "1999/1/31 2/1 2/2");
+        row("out, one day", Frequency::Daily, 0, "1999/1/31", "1999/1/31");
+        row("out, an end before the start", Frequency::Daily, 0, "1998/1/1", "1999/1/31 2/1");
+        row("out, a week past it", Frequency::Weekly, 0, "1999/2/8", "1999/1/31 2/7 2/14");
+        row("out, a month past it", Frequency::Monthly, 0, "1999/2/28", "1999/1/31 2/28 3/31");
+        row("out, a year past it", Frequency::Yearly, 0, "1999/1/31", "1999/1/31 2000/1/31");
     }
 
     void WritesIntoTheseDates()
@@ -118,40 +118,18 @@ private Q_SLOTS:
             if (date.count(u'/') == 2) year = date.left(5);
             expected += date.count(u'/') == 2 ? date : year + date;
         }
-        QCOMPARE(EventDates(frequency, expected.first(), end, std::int16_t(step)), expected);
-    }
-
-    void IsTakenOutOfTheseDates_data()
-    {
-        QTest::addColumn<Frequency>("frequency");
-        QTest::addColumn<QString>("end");
-        QTest::addColumn<QStringList>("dates");
-        const auto row = [](const char* name, Frequency frequency, const char* end, const char* dates) {
-            QTest::newRow(name) << frequency << QString::fromLatin1(end) << QString::fromLatin1(dates).split(u' ');
-        };
-        row("up to the end", Frequency::Daily, "1999/2/2", "1999/1/31 1999/2/1 1999/2/2");
-        row("one day", Frequency::Daily, "1999/1/31", "1999/1/31");
-        row("an end before the start", Frequency::Daily, "1998/1/1", "1999/1/31 1999/2/1");
-        row("a week past it", Frequency::Weekly, "1999/2/8", "1999/1/31 1999/2/7 1999/2/14");
-        row("a month past it", Frequency::Monthly, "1999/2/28", "1999/1/31 1999/2/28 1999/3/31");
-        row("a year past it", Frequency::Yearly, "1999/1/31", "1999/1/31 2000/1/31");
-    }
-
-    void IsTakenOutOfTheseDates()
-    {
-        QFETCH(Frequency, frequency);
-        QFETCH(QString, end);
-        QFETCH(QStringList, dates);
-        QCOMPARE(RemovalDates(frequency, dates.first(), end), dates);
+        QCOMPARE(step == 0 ? RemovalDates(frequency, expected.first(), end)
+                           : EventDates(frequency, expected.first(), end, step),
+                 expected);
     }
 
     void TheStartMayNotLieBehindTheEnd()
     {
-        const QList<QDate> ascending = {{1998, 12, 31}, {1999, 1, 15}, {1999, 2, 1}, {1999, 2, 2}, {2000, 1, 1}};
-        const auto entry = [](QDate date) { return date.toString(u"MM/dd/yyyy"_s); };
-        for (const QDate start : ascending) {
-            for (const QDate end : ascending)
-                QCOMPARE(fnCheckBackwardDate(entry(start), entry(end)), start <= end);
+        const QStringList ascending = {u"12/31/1998"_s, u"01/15/1999"_s, u"02/01/1999"_s, u"02/02/1999"_s,
+                                       u"01/01/2000"_s};
+        for (int start = 0; start < 5; ++start) {
+            for (int end = 0; end < 5; ++end)
+                QCOMPARE(fnCheckBackwardDate(ascending[start], ascending[end]), start <= end);
         }
     }
 };

@@ -109,14 +109,13 @@ private Q_SLOTS:
     void IsKeptAndWrittenAndTakenOut()
     {
         PutOldNotes({u"1999/3/9"_s});
-        QVERIFY(MakeEvent().fnRecurseWeekly(u"03/02/1999"_s, u"03/16/1999"_s, 1));
+        const auto write = [] { return MakeEvent().Save(Frequency::Weekly, u"03/02/1999"_s, u"03/16/1999"_s, 1); };
+        QVERIFY(write());
         g_rsRecurse.MoveFirst();
-        const QMap<QString, QVariant> record = {{u"Start Date"_s, u"1999/3/2"_s},
-                                                {u"End Date"_s, u"1999/3/16"_s},
-                                                {u"Frequency"_s, u"WEEKLY"_s},
-                                                {u"Recursion Text"_s, Event()}};
-        for (auto field = record.cbegin(); field != record.cend(); ++field)
-            QCOMPARE(g_rsRecurse.Fields(field.key()), field.value());
+        QCOMPARE(g_rsRecurse.Fields(u"Start Date"_s).toString(), u"1999/3/2"_s);
+        QCOMPARE(g_rsRecurse.Fields(u"End Date"_s).toString(), u"1999/3/16"_s);
+        QCOMPARE(g_rsRecurse.Fields(u"Frequency"_s).toString(), u"WEEKLY"_s);
+        QCOMPARE(g_rsRecurse.Fields(u"Recursion Text"_s).toByteArray(), Event());
         QCOMPARE(TextOf(u"1999/3/2"_s), u"Rent"_s);
         QCOMPARE(g_rsQMT.Fields(u"qmtText"_s).toByteArray(), Event());
         QVERIFY(g_rsQMT.Fields(u"qmtFontName"_s).isNull());
@@ -124,35 +123,35 @@ private Q_SLOTS:
         QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\nRent"_s);
         QCOMPARE(TextOf(u"1999/3/23"_s), u"none"_s);
         // Once more, and each walk takes one of the two out; the records of days that held nothing else stay.
-        QVERIFY(MakeEvent().fnRecurseWeekly(u"03/02/1999"_s, u"03/16/1999"_s, 1));
+        QVERIFY(write());
         QCOMPARE(TextOf(u"1999/3/2"_s), u"Rent\nRent"_s);
-        for (const char* rest : {"\nRent", "\n"}) {
+        for (const QString& rest : {u"\nRent"_s, u"\n"_s}) {
             QVERIFY(MakeEvent().TakeOut(Frequency::Weekly, u"1999/3/2"_s, u"1999/3/16"_s));
-            QCOMPARE(TextOf(u"1999/3/2"_s), QString::fromLatin1(rest));
-            QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\n"_s + QLatin1StringView(rest));
+            QCOMPARE(TextOf(u"1999/3/2"_s), rest);
+            QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\n"_s + rest);
         }
     }
 
     void RefusesBeforeAnythingIsWritten()
     {
         SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        Recurrence empty("{\\rtf1 }", {}, [](qsizetype, qsizetype) {});
-        QVERIFY(!empty.fnRecurseDaily(u"3/1/1999"_s, u"3/2/1999"_s, 1));
+        const auto refuses = [&](Recurrence event, Frequency frequency, const QString& start, const QString& end) {
+            AnswerNextBox(msgbox::Ok, &seen);
+            QVERIFY(!event.Save(frequency, start, end, 1));
+            QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
+        };
+        refuses({"{\\rtf1 }", {}, [](qsizetype, qsizetype) {}}, Frequency::Daily, u"3/1/1999"_s, u"3/2/1999"_s);
         QCOMPARE(seen.Text, u"Recurring event cannot be empty"_s);
-        AnswerNextBox(msgbox::Ok, &seen);
-        QVERIFY(!MakeEvent().fnRecurseYearly(u"2/1/1999"_s, u"2/29/1999"_s, 1));
+        refuses(MakeEvent(), Frequency::Yearly, u"2/1/1999"_s, u"2/29/1999"_s);
         QCOMPARE(seen.Text, u"End Date is not a valid date"_s);
-        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
-        AnswerNextBox(msgbox::Ok, &seen);
         Fail(FailurePlan::Before, 1, engineerrors::DiskFull, u"Insert"_s);
-        QVERIFY(!MakeEvent().fnRecurseDaily(u"3/1/1999"_s, u"3/2/1999"_s, 1));
+        refuses(MakeEvent(), Frequency::Daily, u"3/1/1999"_s, u"3/2/1999"_s);
         QCOMPARE(seen.Text, u"The recurring event could not be saved."_s);
         QVERIFY(Log().contains("The test's reason in RecurForm, fnRecurseDaily"));
         QCOMPARE(Records(), 0);
         QCOMPARE(TextOf(u"1999/3/1"_s), u"none"_s);
         // The end's day is looked at by all but the daily events.
-        QVERIFY(MakeEvent().fnRecurseDaily(u"2/28/1999"_s, u"2/29/1999"_s, 1));
+        QVERIFY(MakeEvent().Save(Frequency::Daily, u"2/28/1999"_s, u"2/29/1999"_s, 1));
         QCOMPARE(TextOf(u"1999/2/28"_s), u"Rent"_s);
     }
 
@@ -179,7 +178,7 @@ private Q_SLOTS:
                 [&](QAbstractButton* b) { return support::PlainText(b) == QLatin1StringView(retry ? "Yes" : "No"); },
                 nullptr);
         });
-        QVERIFY(MakeEvent().fnRecurseDaily(u"3/1/1999"_s, u"3/20/1999"_s, 1));
+        QVERIFY(MakeEvent().Save(Frequency::Daily, u"3/1/1999"_s, u"3/20/1999"_s, 1));
         QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
         QCOMPARE(seen.Text, u"Mar 4, 1999 is locked.\nThe test's reason\n\nDo you want to retry?"_s);
         QCOMPARE(seen.Icon, QMessageBox::Question);
@@ -210,12 +209,12 @@ private Q_SLOTS:
         PutOldNotes(March());
         const auto run = [&] {
             return removing ? MakeEvent().TakeOut(Frequency::Daily, March().first(), March().last())
-                            : MakeEvent().fnRecurseDaily(Entry(March().first()), Entry(March().last()), 1);
+                            : MakeEvent().Save(Frequency::Daily, Entry(March().first()), Entry(March().last()), 1);
         };
         int calls = 1, copies = 0;
         if (removing) {
             for (; copies < 60; ++copies)
-                QVERIFY(MakeEvent().fnRecurseDaily(Entry(March().first()), Entry(March().last()), 1));
+                QVERIFY(MakeEvent().Save(Frequency::Daily, Entry(March().first()), Entry(March().last()), 1));
         }
         QStringList before;
         for (const QString& date : March())
@@ -261,7 +260,7 @@ private Q_SLOTS:
         for (qsizetype i = 0; i < dates.size(); i += 2)
             withNotes += dates.at(i);
         PutOldNotes(withNotes);
-        QVERIFY(MakeEvent().fnRecurseDaily(Entry(FirstDay()), Entry(FirstDay()), 1));
+        QVERIFY(MakeEvent().Save(Frequency::Daily, Entry(FirstDay()), Entry(FirstDay()), 1));
         ResetPlannerStateForTests();
         QProcess writer;
         StartAgain(writer, u"WriteEvent"_s, {Path(), QString::number(at)});
@@ -292,7 +291,7 @@ public:
         Open(path, false);
         *error = {500, FailurePlan::Before};
         *plan = {at, FailurePlan::Kill};
-        return MakeEvent().fnRecurseDaily(Entry(FirstDay()), Entry(LastDay()), 1) ? 0 : 1;
+        return MakeEvent().Save(Frequency::Daily, Entry(FirstDay()), Entry(LastDay()), 1) ? 0 : 1;
     }
 };
 

@@ -3,7 +3,6 @@
 #include "platform/desktop/doevents.h"
 #include "privatebus.h"
 #include "program.h"
-#include "shell/aboutform.h"
 #include "testmain.h"
 
 #include <QDBusConnection>
@@ -22,6 +21,7 @@ class ActivationTest : public QObject
     Q_OBJECT
 
     const QDBusConnection m_desktop;
+    const QString m_settings; // of the program that the bus starts
     std::unique_ptr<Program> m_program;
     std::unique_ptr<DesktopCalls> m_calls;
 
@@ -71,7 +71,10 @@ class ActivationTest : public QObject
     }
 
 public:
-    explicit ActivationTest(const QString& address) : m_desktop(QDBusConnection::connectToBus(address, u"desktop"_s)) {}
+    ActivationTest(const QString& address, const QString& home)
+        : m_desktop(QDBusConnection::connectToBus(address, u"desktop"_s)), m_settings(home + u"/orrelin/PLANNER.INI"_s)
+    {
+    }
 
 private Q_SLOTS:
     void init()
@@ -149,7 +152,7 @@ private Q_SLOTS:
     {
         Make(u"a.mdb"_s);
         Make(u"b.mdb"_s);
-        OnNextModal<AboutForm>([this](AboutForm& about) {
+        OnNextModal<QDialog>([this](QDialog& about) {
             Open({Address(u"a.mdb"_s)});
             Open({Address(u"b.mdb"_s)});
             QTest::qWait(150); // longer than until it is tried once more
@@ -228,16 +231,21 @@ private Q_SLOTS:
         QTRY_COMPARE(Owner(), QDBusConnection::sessionBus().baseService());
     }
 
-    // The file of the service finds the program, which takes the call that it was started for.
+    // The file of the service finds the program, which takes the call that it was started for, and ends in good order
+    // by a signal.
     void TheBusStartsTheProgram()
     {
         QDBusConnection::sessionBus().interface()->unregisterService(DesktopCalls::Name());
         QCOMPARE(Owner(), QString());
-        Activate();
-        const QString owner = Owner();
-        QVERIFY(!owner.isEmpty() && owner != QDBusConnection::sessionBus().baseService());
-        QCOMPARE(kill(pid_t(m_desktop.interface()->servicePid(owner).value()), SIGTERM), 0);
-        QTRY_COMPARE_WITH_TIMEOUT(Owner(), QString(), support::longestWait);
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+            SetContent(m_settings, "");
+            Activate();
+            const QString owner = Owner();
+            QVERIFY(!owner.isEmpty() && owner != QDBusConnection::sessionBus().baseService());
+            QCOMPARE(kill(pid_t(m_desktop.interface()->servicePid(owner).value()), signal), 0);
+            QTRY_COMPARE_WITH_TIMEOUT(Owner(), QString(), support::longestWait);
+            QVERIFY(Content(m_settings).contains("Mainform Dimension")); // the place of its window
+        }
     }
 };
 
@@ -253,7 +261,7 @@ static const Runnable runActivationTest("ActivationTest", [](int argc, char** ar
     environment.insert(u"PATH"_s, QStringLiteral(PROGRAM_FOLDER ":") + environment.value(u"PATH"_s));
     const PrivateBus bus(environment);
     QApplication application(argc, argv);
-    ActivationTest test(bus.Address());
+    ActivationTest test(bus.Address(), home.path());
     const int result = QTest::qExec(&test, argc, argv);
     QDBusConnection::disconnectFromBus(u"desktop"_s);
     return result;

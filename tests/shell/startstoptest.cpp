@@ -33,14 +33,31 @@ private Q_SLOTS:
         QCOMPARE(m_program->Log(), QByteArray()); // each run begins an empty log
     }
 
+    // A name that ends in "mdb" gets no extension, whatever stands before it.
     void TheExitSavesWhateverTheWayOut()
     {
+        for (const int way : {Mainform::SessionEnds, Mainform::ProcessIsEnded}) {
+            const QString name = u"%1mdb"_s.arg(way);
+            m_program->Start();
+            m_program->New(name);
+            m_program->Type(20, u"first"_s);
+            m_program->form->subExitProgram(way);
+            QVERIFY(m_program->form->HasEnded());
+            m_program->form.reset();
+            QVERIFY(m_program->Stored(name, u"1999/3/19"_s).contains("first"));
+        }
+    }
+
+    // With none before it visible, the oldest of the recent planners goes to the third place.
+    void TheExitWritesTheFirstVisibleRecentPlanner()
+    {
+        WriteIni("[MRU]\nMRU1=/a.mdb\nMRU2=/b.mdb\nMRU3=/c.mdb\nMRU4=/d.mdb\n");
         m_program->Start();
-        m_program->New(u"notes.mdb"_s);
-        m_program->Type(20, u"first"_s);
-        m_program->form->subExitProgram(3);
-        m_program->form.reset();
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("first"));
+        for (const char* entry : {"mnuMRU(0)", "mnuMRU(1)", "mnuMRU(2)"})
+            m_program->Entry(entry).setVisible(false);
+        m_program->Exit();
+        QCOMPARE(Ini("MRU", "MRU3"), u"/d.mdb"_s);
+        QCOMPARE(Ini("MRU", "MRU2") + Ini("MRU", "MRU4"), u"/b.mdb/d.mdb"_s);
     }
 
     void TheWindowComesBackWhereItWas()

@@ -1,6 +1,5 @@
 #include "program.h"
 #include "testmain.h"
-#include "tools/datesearchform.h"
 
 // Fast Search; today is 17 March 1999.
 class DateSearchTest : public QObject
@@ -9,26 +8,33 @@ class DateSearchTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    static QRadioButton& Option(DateSearchForm& form, const QString& name)
+    // Checks what the next dialog has chosen, clicks the options, and leaves it by the key.
+    static void Search(const QStringList& chosen, const QStringList& clicks, Qt::Key key)
     {
-        return *form.findChild<QRadioButton*>(name);
+        OnNextModal<QDialog>([=](QDialog& form) {
+            QCOMPARE(form.objectName(), u"DateSearchForm"_s);
+            QStringList checked;
+            for (const auto* option : form.findChildren<QRadioButton*>())
+                if (option->isChecked()) checked += option->objectName();
+            QCOMPARE(checked, chosen);
+            for (const QString& name : clicks)
+                form.findChild<QRadioButton*>(name)->click();
+            QTest::keyClick(&form, key);
+        });
     }
 
 private Q_SLOTS:
-    void init() { m_program = Program::Started(); }
+    void init()
+    {
+        m_program = Program::Started();
+        m_program->New(u"notes.mdb"_s);
+    }
     void cleanup() { m_program.reset(); }
 
     void JumpsToThePickedMonthAndSavesOnTheWay()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"before the jump"_s);
-        OnNextModal<DateSearchForm>([](DateSearchForm& form) {
-            QVERIFY(Option(form, u"opMonth(3)"_s).isChecked());
-            QVERIFY(Option(form, u"opYear(1999)"_s).isChecked());
-            Option(form, u"opMonth(2)"_s).click();
-            Option(form, u"opYear(2004)"_s).click();
-            QTest::keyClick(&form, Qt::Key_Return);
-        });
+        Search({u"opMonth(3)"_s, u"opYear(1999)"_s}, {u"opMonth(2)"_s, u"opYear(2004)"_s}, Qt::Key_Return);
         QTest::keyClick(&m_program->Box(20), Qt::Key_F3);
         QCOMPARE(m_program->Bottom().Caption(), u"FEBRUARY 2004"_s);
         QCOMPARE(g_iDay, std::int16_t{19});
@@ -39,31 +45,18 @@ private Q_SLOTS:
     void AYearWithoutAButtonStays()
     {
         g_iYear = 2026;
-        OnNextModal<DateSearchForm>([](DateSearchForm& form) {
-            QCOMPARE(form.Year(), std::optional<std::int16_t>());
-            Option(form, u"opMonth(11)"_s).click();
-            QTest::keyClick(&form, Qt::Key_Return);
-        });
+        Search({u"opMonth(3)"_s}, {u"opMonth(11)"_s}, Qt::Key_Return);
         QTest::mouseDClick(&m_program->Bottom(), Qt::LeftButton);
         QCOMPARE(m_program->Bottom().Caption(), u"NOVEMBER 2026"_s);
         QVERIFY(m_program->Log().contains(" in DateSearchForm"));
-        OnNextModal<DateSearchForm>([](DateSearchForm& form) {
-            Option(form, u"opMonth(1)"_s).click();
-            QTest::keyClick(&form, Qt::Key_Escape);
-        });
+        Search({u"opMonth(11)"_s}, {u"opMonth(1)"_s}, Qt::Key_Escape);
         m_program->Trigger("mnuDateSearch");
         QCOMPARE(g_iMonth, std::int16_t{11});
-    }
-
-    void InTheWeekThereIsOnlyAMessage()
-    {
-        m_program->New(u"notes.mdb"_s);
-        m_program->Trigger("mnuWeekView");
+        m_program->Trigger("mnuWeekView"); // where there is only a message
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         QTest::mouseDClick(&m_program->Bottom(), Qt::LeftButton);
-        QCOMPARE(seen.Title, u"Currently not Monthly View"_s);
-        QCOMPARE(seen.Text, u"Please switch to Monthly View first."_s);
+        QCOMPARE(seen.Title + u':' + seen.Text, u"Currently not Monthly View:Please switch to Monthly View first."_s);
     }
 };
 

@@ -1,3 +1,5 @@
+#include "tools/findword.h"
+
 #include "failingstore.h"
 #include "platform/desktop/twips.h"
 #include "platform/engine/engineerrors.h"
@@ -5,7 +7,6 @@
 #include "settings/settings.h"
 #include "settingsfile.h"
 #include "testmain.h"
-#include "tools/findwordform.h"
 
 // Find Word; today is 17 March 1999.
 class FindWordTest : public QObject
@@ -169,25 +170,18 @@ private Q_SLOTS:
 
     void WhatWasTypedIsSavedOnTheWay()
     {
-        Begin({{u"1999/1/5"_s, "milk"}});
-        m_program->Type(20, u"typed"_s);
-        OpenForm();
-        Look(u"milk"_s);
-        QCOMPARE(Next(), u"1999/1/5"_s);
-        QVERIFY(m_program->Stored(m_name, u"1999/3/19"_s).contains("typed"));
-    }
-
-    void ALockedDayIsCommittedOnTheWay()
-    {
-        Begin({{u"1999/1/5"_s, "milk"}}, true);
-        m_program->Click(20);
-        m_program->Trigger("mnuLockDay");
-        QTest::keyClicks(&m_program->Box(20), u"typed"_s);
-        OpenForm();
-        Look(u"milk"_s);
-        QCOMPARE(Next(), u"1999/1/5"_s);
-        QVERIFY(m_program->Stored(m_name, u"1999/3/19"_s).contains("typed"));
-        QCOMPARE(MarkedCell(), 0);
+        for (const bool shared : {false, true}) {
+            cleanup(), init();
+            Begin({{u"1999/1/5"_s, "milk"}}, shared);
+            m_program->Click(20);
+            if (shared) m_program->Trigger("mnuLockDay");
+            QTest::keyClicks(&m_program->Box(20), u"typed"_s);
+            OpenForm();
+            Look(u"milk"_s);
+            QCOMPARE(Next(), u"1999/1/5"_s);
+            QVERIFY(m_program->Stored(m_name, u"1999/3/19"_s).contains("typed"));
+            if (shared) QCOMPARE(MarkedCell(), 0);
+        }
     }
 
     void AnotherPlannerIsSearchedFromItsEnd()

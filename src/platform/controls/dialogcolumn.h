@@ -1,4 +1,4 @@
-// The outermost layout of a small dialog.
+// The layouts of dialogs.
 #pragma once
 
 #include <QDialog>
@@ -14,4 +14,18 @@ inline QVBoxLayout* DialogColumn(QDialog& dialog)
     column->setSpacing(Gap);
     column->setSizeConstraint(QLayout::SetFixedSize);
     return column;
+}
+
+// What stands side by side; null is a stretch.
+inline QHBoxLayout* DialogRow(int gap, std::initializer_list<QWidget*> widgets)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(gap);
+    for (QWidget* widget : widgets) {
+        if (widget)
+            row->addWidget(widget);
+        else
+            row->addStretch(1);
+    }
+    return row;
 }

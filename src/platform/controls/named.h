@@ -9,3 +9,11 @@ Control* Named(Control* control, const char* name)
     control->setObjectName(QString::fromLatin1(name));
     return control;
 }
+
+// As an element of a control array: name(index).
+template <typename Control>
+Control* Named(Control* control, const char* name, int index)
+{
+    control->setObjectName(u"%1(%2)"_s.arg(QLatin1StringView(name)).arg(index));
+    return control;
+}

@@ -3,9 +3,6 @@
 
 #include "settings/settings.h"
 
-#include <optional>
-
-class QWidget;
 class SSPanel;
 
 void ApplyStyle(SSPanel& panel, const PanelStyle& style); // clears a strikethrough of an earlier drawing
@@ -15,6 +12,3 @@ PanelStyle StyleOf(const SSPanel& panel);
 StyleDefaults HeadingDefaults(QStringView caption);
 void StyleHeading(SSPanel& heading); // as the settings have it, 3D effect included
 void StyleTitle(SSPanel& title);     // likewise, of the month at the foot
-
-// The font dialog, beginning with the given style; empty if it was cancelled.
-std::optional<PanelStyle> ChooseStyle(QWidget* owner, const PanelStyle& style);

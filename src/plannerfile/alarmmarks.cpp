@@ -1,4 +1,4 @@
-#include "alarms/alarmmarks.h"
+#include "plannerfile/alarmmarks.h"
 
 #include "calendar/calendarstate.h"
 #include "hall/cells.h"
@@ -18,11 +18,7 @@ void subShowAlarmIcon(Cells& cells, const QString& key, int cell)
 {
     g_rsAlarm.Seek(u"="_s, key);
     if (g_rsAlarm.NoMatch()) return;
-    std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
-    if (loaded != 1) {
-        loaded = 1;
-        cells.btnTunes.Load(cell);
-    }
+    if (!cells.btnTunes.Exists(cell)) cells.btnTunes.Load(cell);
     PlaceAlarmIcon(cells, cell);
     Q_EMIT cells.StateChanged(cell);
 }
@@ -35,8 +31,7 @@ void subUnloadAlarmIcons(Cells& cells)
 
 void UnloadAlarmIcon(Cells& cells, int cell)
 {
-    std::int16_t& loaded = g_iAlarmIcon.at(static_cast<std::size_t>(cell - 1));
-    if (std::exchange(loaded, std::int16_t(0)) != 1) return;
+    if (!cells.btnTunes.Exists(cell)) return;
     cells.btnTunes.Unload(cell);
     Q_EMIT cells.StateChanged(cell);
 }

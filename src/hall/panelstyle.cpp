@@ -1,6 +1,5 @@
-#include "appearance/panelstyle.h"
+#include "hall/panelstyle.h"
 
-#include "platform/controls/fontdialog.h"
 #include "platform/controls/sspanel.h"
 
 #include <QFont>
@@ -38,15 +37,4 @@ void StyleTitle(SSPanel& title)
 {
     ApplyStyle(title, ReadStyle(settings::DisplayMonth));
     title.SetFont3D(Read(settings::DisplayMonthFont3D));
-}
-
-std::optional<PanelStyle> ChooseStyle(QWidget* owner, const PanelStyle& style)
-{
-    FontChoice choice = {.name = style.fontName,
-                         .size = double(style.size),
-                         .bold = style.bold,
-                         .italic = style.italic,
-                         .color = style.color};
-    if (!ChooseFont(owner, choice, fontdialog::ScreenFontsAndEffects | fontdialog::TrueTypeOnly)) return std::nullopt;
-    return PanelStyle{choice.name, choice.bold, qRound(choice.size), choice.italic, choice.color};
 }
