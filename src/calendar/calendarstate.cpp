@@ -12,8 +12,6 @@ std::array<std::int16_t, 14> g_aiDaysInMonth{};
 std::array<std::int16_t, CellCount> g_aiCalendar{};
 std::array<std::int16_t, CellCount> g_iAlarmIcon{};
 std::array<std::int16_t, CellCount> g_aiLockState{};
-QString g_sNotSaved;
-QString g_sNotKept;
 
 namespace {
 std::int16_t& State(int cell)
@@ -63,6 +61,4 @@ void ResetCalendarStateForTests()
     g_aiCalendar = {};
     g_iAlarmIcon = {};
     g_aiLockState = {};
-    g_sNotSaved.clear();
-    g_sNotKept.clear();
 }

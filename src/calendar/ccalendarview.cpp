@@ -137,7 +137,7 @@ void CCalendarView::RestoreAlarmMarks(int first, int last)
         if (m_cells.btnTunes.Exists(cell)) {
             PlaceAlarmIcon(m_cells, cell);
         } else {
-            subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell);
+            subShowAlarmIcon(m_cells, m_cells.KeyOf(cell), cell);
         }
     }
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 class Cells;
-class DayRecord;
 class Journal;
 class LockedDay;
 class QMTDB;
@@ -10,8 +9,8 @@ class QMTDB;
 class ExitSave
 {
 public:
-    ExitSave(Cells& cells, QMTDB& notes, DayRecord& record, Journal& journal, LockedDay& lockedDay)
-        : m_cells(cells), m_notes(notes), m_record(record), m_journal(journal), m_lockedDay(lockedDay)
+    ExitSave(Cells& cells, QMTDB& notes, Journal& journal, LockedDay& lockedDay)
+        : m_cells(cells), m_notes(notes), m_journal(journal), m_lockedDay(lockedDay)
     {
     }
 
@@ -30,7 +29,6 @@ private:
 
     Cells& m_cells;
     QMTDB& m_notes;
-    DayRecord& m_record;
     Journal& m_journal;
     LockedDay& m_lockedDay;
     bool m_isEnded = false; // the process is, perhaps behind a question that can no longer be answered

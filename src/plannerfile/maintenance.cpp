@@ -1,6 +1,5 @@
 #include "plannerfile/maintenance.h"
 
-#include "calendar/lockedday.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -14,6 +13,7 @@
 #include "platform/engine/sqlite/scratchplace.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "workgroup/lockedday.h"
 
 #include <QFileInfo>
 
@@ -99,7 +99,7 @@ void Maintenance::Run(const Command& command, const Work& work)
         QString more;
         const auto job = [&] { more = work(file); };
         if (const auto failure = isOpen ? m_reopening(job) : FailureOf(job)) throw *failure;
-        MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.title), more);
+        MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.name), more);
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());
         MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, u"Error"_s,
@@ -124,7 +124,6 @@ void Maintenance::mnuCompact_Click()
                                         " in MainForm, mnuCompact_Click"_L1,
                                         "Unable to compress database: ",
                                         "Database compressed OK",
-                                        "Compact",
                                         WhatIsLeft};
     Run(compact, [](const QString& file) {
         const DBEngine::AloneWith alone(file);
@@ -142,7 +141,6 @@ void Maintenance::mnuRepair_Click()
                                        " in MainForm, mnuRepair_Click"_L1,
                                        "Error when repairing database: ",
                                        "Database repaired successfully",
-                                       "Repair",
                                        [](const QString&) { return PlaceOfBackups(); }};
     Run(repair, [](const QString& file) { return Describe(DBEngine::RepairDatabase(file, schema::AllTables())); });
 }

@@ -27,12 +27,11 @@ private:
     using Work = std::function<QString(const QString& file)>;
     struct Command
     {
-        const char* name; // as the menu has it
+        const char* name; // as the menu and the message have it
         const char* filter;
         QLatin1StringView literal;
         const char* failed; // stands before the error's own text
         const char* done;
-        const char* title;
         QString (*afterError)(const QString& file);
     };
 

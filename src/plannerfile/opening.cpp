@@ -2,10 +2,10 @@
 
 #include "alarms/alarmmarks.h"
 #include "calendar/calendarstate.h"
-#include "calendar/lockedday.h"
-#include "calendar/modshow.h"
-#include "hall/bottompanel.h"
+#include "calendar/foot.h"
+#include "calendar/redraw.h"
 #include "hall/cells.h"
+#include "hall/menuitem.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/damagewatch.h"
@@ -25,8 +25,11 @@
 #include "settings/messages.h"
 #include "settings/settings.h"
 #include "shell/recentlist.h"
+#include "workgroup/lockedday.h"
 #include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
+
+#include <QFileInfo>
 
 namespace {
 constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
@@ -52,7 +55,7 @@ void Opening::subOpenPlanner()
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
-    LeaveLockedDay();
+    m_lockedDay.LeaveBehind(); // before its cell stands for anything else
     if (wasOpen) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
@@ -60,9 +63,25 @@ void Opening::subOpenPlanner()
     if (HasPlanner()) m_notes.subSeekQMTDatabase();
 }
 
-void Opening::LeaveLockedDay()
+void Opening::mnuMRU_Click(const MenuItem& entry)
 {
-    if (m_lockedDay) m_lockedDay->LeaveBehind();
+    OpenListed(entry.Caption());
+}
+
+void Opening::OpenFile(const QString& path)
+{
+    filesystem::Remember(path);
+    g_sDBTitle = QFileInfo(path).fileName().toLower();
+    OpenListed(path.toLower());
+}
+
+void Opening::OpenListed(const QString& path)
+{
+    m_lockedDay.LeaveBehind();
+    m_notes.subUpdateQMTDatabase();
+    m_redraw.Display();
+    g_sDBPath = path;
+    AskHowAndOpen();
 }
 
 void Opening::AskHowAndOpen()
@@ -89,9 +108,8 @@ void Opening::subOpenDBNoDlg(bool bShared)
     ReadNetworkOptions();
     m_networkMode.ApplyTimers();
     SetMousePointer(mousepointer::Hourglass);
-    const QString foot = m_bottom.panelBottom->Caption();
-    m_bottom.panelBottom->SetCaption(u"opening "_s + g_sDBPath.toLower());
-    m_bottom.panelBottom->repaint();
+    const QString foot = m_foot.Said();
+    m_foot.Say(u"opening "_s + g_sDBPath.toLower());
     subUnloadAlarmIcons(m_cells);
     if (!OpenNotes(bShared, foot)) return;
     const bool complete = OpenAlarms() && OpenRecursions();
@@ -102,7 +120,7 @@ void Opening::subOpenDBNoDlg(bool bShared)
         m_recentList.subLoadMRU(false);
         m_recentList.subUpdateMRU();
     }
-    m_bottom.panelBottom->SetCaption(FootTitle());
+    m_foot.ShowMonth();
     SetMousePointer(mousepointer::Default);
     m_recovery.Offer();
 }
@@ -146,7 +164,7 @@ void Opening::ShowOpenFailed(const RunTimeError& error)
 void Opening::GiveUp(const QString& reason)
 {
     SetMousePointer(mousepointer::Default);
-    m_bottom.panelBottom->SetCaption(reason);
+    m_foot.Say(reason);
     g_sDBPath.clear();
     m_notes.DropCells();
 }
@@ -209,6 +227,6 @@ void Opening::ShowPlannerOpen()
 {
     g_iCurrentPanel = 0;
     m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
-    m_bottom.panelBottom->SetCaption(FootTitle());
+    m_foot.ShowMonth();
     SetMousePointer(mousepointer::Default);
 }

@@ -5,42 +5,44 @@
 
 #include <functional>
 
-struct BottomPanel;
 class Cells;
 class CommonDialog;
+class Foot;
 class LockedDay;
+class MenuItem;
 class NetworkMode;
 class QMTDB;
 class RecentList;
 class Recovery;
+class Redraw;
 struct RunTimeError;
 
 class Opening
 {
 public:
-    Opening(Cells& cells, const BottomPanel& bottom, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
-            RecentList& recentList, Recovery& recovery)
-        : m_cells(cells), m_bottom(bottom), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
-          m_recentList(recentList), m_recovery(recovery)
+    Opening(Cells& cells, Foot& foot, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
+            RecentList& recentList, Recovery& recovery, LockedDay& lockedDay, Redraw& redraw)
+        : m_cells(cells), m_foot(foot), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
+          m_recentList(recentList), m_recovery(recovery), m_lockedDay(lockedDay), m_redraw(redraw)
     {
     }
 
-    void SetLockedDay(LockedDay& lockedDay) { m_lockedDay = &lockedDay; }
-    void LeaveLockedDay(); // before its cell stands for anything else: what was typed waits for the next opening
-
     void subOpenPlanner();
+    void mnuMRU_Click(const MenuItem& entry);
+    // As from the recent list. The path is that of a file, letter for letter, whether it is there or not.
+    void OpenFile(const QString& path);
     void subAutoload(); // the planner of the start-up options, if one is set
 
     // Opens g_sDBPath. The argument goes straight into the engine's exclusive argument, so true means a personal
     // planner. On return g_sDBPath is empty if the open failed.
     void subOpenDBNoDlg(bool bShared);
 
-    void AskHowAndOpen(); // OpenAsForm for g_sDBPath, then the open that was asked for
-
     void ShowPlannerOpen();                         // title bar, month's title, pointer; no cell is current
     void ShowOpenFailed(const RunTimeError& error); // says so; no planner is open then
 
 private:
+    void OpenListed(const QString& path);
+    void AskHowAndOpen(); // OpenAsForm for g_sDBPath, then the open that was asked for
     bool OpenNotes(bool exclusive, const QString& foot);
     void TakeChange(const QString& table, const QVariant& key);
     void GiveUp(const QString& reason);
@@ -51,11 +53,12 @@ private:
     void subAddRecursionTable();
 
     Cells& m_cells;
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
     CommonDialog& m_dialog;
     QMTDB& m_notes;
     NetworkMode& m_networkMode;
     RecentList& m_recentList;
     Recovery& m_recovery;
-    LockedDay* m_lockedDay = nullptr;
+    LockedDay& m_lockedDay;
+    Redraw& m_redraw;
 };

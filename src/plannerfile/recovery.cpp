@@ -4,6 +4,7 @@
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/rescuefiles.h"
+#include "plannerfile/schema.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -19,8 +20,8 @@ constexpr QLatin1StringView RecoveryTail(" in Recovery, Offer");
 
 QByteArray Stored(const QString& key)
 {
-    g_rsQMT.Seek(u"="_s, key);
-    return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(u"qmtText"_s).toByteArray();
+    g_rsQMT.Seek(schema::Equal, key);
+    return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(schema::TextField).toByteArray();
 }
 
 // Days by their date, the memos behind the days of their month.
@@ -119,16 +120,12 @@ bool Recovery::Ask(const std::vector<Found>& found)
 
 bool Recovery::KeepAsFiles(const UnsavedNotes& others)
 {
-    try {
-        WriteRescueFiles(others);
-        return true;
-    } catch (const RunTimeError& error) {
-        LogError(error, RecoveryTail);
-        MsgBox(u"The days that you did not tick could not be kept as files: %1\n\nThey will be offered "
-               "again when the planner is next opened."_s.arg(error.Description),
-               msgbox::Exclamation, messages::HelpWizard);
-        return false;
-    }
+    const QString reason = WriteRescueFiles(others, RecoveryTail);
+    if (reason.isEmpty()) return true;
+    MsgBox(u"The days that you did not tick could not be kept as files: %1\n\nThey will be offered again when the "
+           "planner is next opened."_s.arg(reason),
+           msgbox::Exclamation, messages::HelpWizard);
+    return false;
 }
 
 // What the planner does not take now waits like any other note that could not be saved, and is journalled again before

@@ -3,15 +3,14 @@
 #include "calendar/moddate.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 
 namespace {
-const QString Equal = u"="_s;
-const QString DateField = u"qmtDate"_s;
-const QString TextField = u"qmtText"_s;
+using schema::DateField, schema::Equal, schema::TextField;
 
 void Tell(const QString& text, int icon, const QString& reason = {})
 {
@@ -149,7 +148,7 @@ void Recurrence::subRemoveRecurStr(const QString& sDate)
     g_rsQMT.SetField(TextField, *rest);
     g_rsQMT.Update();
     // One blank is how an emptied day is stored.
-    if (g_rsQMT.Fields(TextField).toByteArray() == " ") g_rsQMT.Delete();
+    if (g_rsQMT.Fields(TextField).toByteArray() == schema::EmptiedNote) g_rsQMT.Delete();
 }
 
 bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)

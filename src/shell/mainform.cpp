@@ -36,7 +36,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
     // Minimised too: the cells must know their days before notes are read into them.
     tail([&] { rooms.bars.RefreshLayout(); });
-    rooms.controls.bottom.panelBottom->SetCaption(MonthTitle());
+    rooms.foot.ShowMonth();
     // No cell takes the first key; it is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();

@@ -12,7 +12,7 @@
 #include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
-#include "calendar/modshow.h"
+#include "calendar/foot.h"
 #include "calendar/navigation.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
@@ -27,7 +27,6 @@
 #include "plannerfile/journal.h"
 #include "plannerfile/maintenance.h"
 #include "plannerfile/opening.h"
-#include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/recovery.h"
 #include "plannerfile/reopening.h"
@@ -44,12 +43,10 @@
 #include "tools/datesearch.h"
 #include "tools/findword.h"
 #include "wallpaper/wallpapercommands.h"
-#include "workgroup/daylock.h"
-#include "workgroup/dayrecord.h"
+#include "workgroup/lockedday.h"
 #include "workgroup/networkmode.h"
-#include "workgroup/networkoptions.h"
-#include "workgroup/refresh.h"
 #include "workgroup/servermove.h"
+#include "workgroup/workgrouphandlers.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -60,17 +57,10 @@ struct Rooms
     explicit Rooms(QMainWindow& window) : controls(window), m_pLayout(window, *controls.client)
     {
         m_pCalendarView.SetRedraw(redraw);
-        turn.SetLockedDay(dayLock);
-        creation.SetLockedDay(dayLock);
-        opening.SetLockedDay(dayLock);
-        journal.SetOnTrouble([this](const QString& reason) {
-            const QString trouble = u"What you type cannot be kept aside: "_s;
-            g_sNotKept = reason.isEmpty() ? reason : trouble + reason;
-            controls.bottom.panelBottom->SetCaption(FootTitle());
-        });
+        journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
-            dayLock.AddTyped(typed);
+            lockedDay.AddTyped(typed);
             dayView.AddTyped(typed);
             return typed;
         });
@@ -88,51 +78,50 @@ struct Rooms
     CCalendarView m_pCalendarView{controls.cells, controls.sidebar};
     CScreenLayout m_pLayout;
     CellNames names{controls.cells};
-    Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
+    Foot foot{controls.bottom};
+    Redraw redraw{controls.cells, foot, m_pCalendarView};
     Journal journal;
-    QMTDB notes{controls.cells, controls.bottom, m_pCalendarView, journal};
-    Turn turn{notes};
+    QMTDB notes{controls.cells, foot, m_pCalendarView, journal};
+    LockedDay lockedDay{controls.cells, controls.sidebar, controls.network, notes};
+    Turn turn{notes, lockedDay};
     Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
-    DayRecord dayRecord;
-    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, dayRecord};
+    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, lockedDay};
     RecentList recentList{controls.menus};
     Recovery recovery{notes, journal, *controls.client};
-    Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList, recovery};
-    Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
-    PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
-    Activation activation{*controls.client, planners};
-    Navigation navigation{controls.cells, controls.bottom, turn, redraw, controls.menus, m_pCalendarView, bars};
+    Opening opening{controls.cells, foot,     controls.FontDialog, notes, networkMode,
+                    recentList,     recovery, lockedDay,           redraw};
+    Creation creation{controls.cells, foot, controls.FontDialog, notes, networkMode, opening, lockedDay};
+    Activation activation{*controls.client, opening};
+    Navigation navigation{controls.cells, controls.bottom, foot, turn,     redraw,
+                          controls.menus, m_pCalendarView, bars, lockedDay};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
-    DateSearch dateSearch{controls.bottom, turn, redraw, m_pCalendarView, *controls.client};
+    DateSearch dateSearch{foot, turn, redraw, m_pCalendarView, *controls.client};
     FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
     DateDifference dateDifference{controls.cells, *controls.bar.tbTop, controls.menus, *controls.lblDateDiff};
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
-    Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
-    DayView dayView{controls.cells, controls.sidebar, controls.network, controls.bottom, notes,
-                    dayRecord,      m_pCalendarView,  fontCommand,      journal};
-    Refresh refresh{controls.cells, controls.network, turn};
-    DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
+    Formatting formatting{controls.cells, controls.bar, lockedDay, fontCommand};
+    DayView dayView{controls.cells, controls.sidebar, controls.network, foot,   notes,
+                    lockedDay,      m_pCalendarView,  fontCommand,      journal};
     RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
-    AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, dayLock};
+    AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, lockedDay};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
-    ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
+    ExitSave exitSave{controls.cells, notes, journal, lockedDay};
     Reopening reopening{exitSave, opening};
-    Maintenance maintenance{controls.FontDialog, notes, dayLock, reopening};
-    ServerMove serverMove{controls.FontDialog, reopening, dayLock};
+    Maintenance maintenance{controls.FontDialog, notes, lockedDay, reopening};
+    ServerMove serverMove{controls.FontDialog, reopening, lockedDay};
+    WorkgroupHandlers workgroup{controls.cells, controls.network, turn, lockedDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{{controls.cells, controls.bottom, m_pCalendarView},
                       controls.sidebar,
-                      dayLock,
+                      lockedDay,
                       controls.FontDialog,
                       printer,
                       printLibrary};
-    NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
-    CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
-                            controls.menus, m_pCalendarView, formatting};
+    CellEditing cellEditing{controls.cells, controls.bar, lockedDay, controls.menus, m_pCalendarView, formatting};
     // Behind the handler that may refuse a cell the focus: what has put it back has left no cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

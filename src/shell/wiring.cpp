@@ -1,6 +1,5 @@
 #include "shell/wiring.h"
 
-#include "calendar/lockframes.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/picturestrip.h"
@@ -30,18 +29,18 @@ void Run(Rooms& rooms)
 }
 
 constexpr MenuRow MenuRows[] = {
-    {"mnuNew", " in MainForm, mnuNew_Click", Run<&Rooms::planners, &PlannerHandlers::mnuNew_Click>},
-    {"mnuOpen", " in MainForm, mnuOpen_Click", Run<&Rooms::planners, &PlannerHandlers::mnuOpen_Click>},
-    {"mnuSave", " in MainForm, mnuSave_Click", Run<&Rooms::planners, &PlannerHandlers::mnuSave_Click>},
+    {"mnuNew", " in MainForm, mnuNew_Click", Run<&Rooms::creation, &Creation::subNewPlanner>},
+    {"mnuOpen", " in MainForm, mnuOpen_Click", Run<&Rooms::opening, &Opening::subOpenPlanner>},
+    {"mnuSave", " in MainForm, mnuSave_Click", Run<&Rooms::notes, &QMTDB::mnuSave_Click>},
     {"mnuCompact", " in MainForm, mnuCompact_Click", Run<&Rooms::maintenance, &Maintenance::mnuCompact_Click>},
     {"mnuRepair", " in MainForm, mnuRepair_Click", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
     {"mnuPageSetup", " in MainForm, mnuPageSetup_Click", Run<&Rooms::printing, &Printing::mnuPageSetup_Click>},
     {"mnuPrintSetup", " in MainForm, mnuPrintSetup_Click", Run<&Rooms::printing, &Printing::mnuPrintSetup_Click>},
     {"mnuPrint", " in MainForm, mnuPrint_Click", Run<&Rooms::printing, &Printing::mnuPrint_Click>},
-    {"mnuRefresh", " in MainForm, mnuRefresh_Click", Run<&Rooms::refresh, &Refresh::subRefreshCells>},
-    {"mnuLockDay", " in MainForm, mnuLockDay_Click", Run<&Rooms::dayLock, &DayLock::subLockDay>},
+    {"mnuRefresh", " in MainForm, mnuRefresh_Click", Run<&Rooms::workgroup, &WorkgroupHandlers::subRefreshCells>},
+    {"mnuLockDay", " in MainForm, mnuLockDay_Click", Run<&Rooms::lockedDay, &LockedDay::subLockDay>},
     {"mnuNetworkOptions", " in MainForm, mnuNetworkOptions_Click",
-     Run<&Rooms::networkOptions, &NetworkOptions::mnuNetworkOptions_Click>},
+     Run<&Rooms::workgroup, &WorkgroupHandlers::mnuNetworkOptions_Click>},
     {"mnuMonthView", " in MainForm, mnuMonthView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
     {"mnuWeekView", " in MainForm, mnuWeekView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToWeekView>},
     {"mnuDayView", " in MainForm, mnuDayView_Click", Run<&Rooms::dayView, &DayView::subZoomView>},
@@ -145,7 +144,7 @@ void WireMenus(Rooms& rooms)
         menus(QLatin1StringView(row.name))
             .OnClick([&rooms, &row] { row.click(rooms); }, QLatin1StringView(row.literal));
     for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
-        menus.mnuMRU(entry).OnClick([&rooms, &item = menus.mnuMRU(entry)] { rooms.planners.mnuMRU_Click(item); },
+        menus.mnuMRU(entry).OnClick([&rooms, &item = menus.mnuMRU(entry)] { rooms.opening.mnuMRU_Click(item); },
                                     " in MainForm, mnuMRU_Click"_L1);
     }
 }
@@ -217,11 +216,11 @@ void WireNetwork(Rooms& rooms)
 {
     const NetworkControls& network = rooms.controls.network;
     On(network.picLock, &PictureButton::Click, " in MainForm, picLock_Click",
-       [&rooms](int) { rooms.dayLock.subLockDay(); });
+       [&rooms](int) { rooms.lockedDay.subLockDay(); });
     On(network.picRefresh, &PictureButton::MouseDown, " in MainForm, picRefresh",
-       [&rooms](int) { rooms.refresh.picRefresh_MouseDown(); });
+       [&rooms](int) { rooms.workgroup.picRefresh_MouseDown(); });
     On(network.picRefresh, &PictureButton::MouseUp, " in MainForm, picRefresh_Click",
-       [&rooms](int) { rooms.refresh.picRefresh_MouseUp(); });
+       [&rooms](int) { rooms.workgroup.picRefresh_MouseUp(); });
     for (PictureButton* picture : {network.picLock, network.picRefresh})
         picture->setEnabled(true);
 }
@@ -301,9 +300,6 @@ void WireCalendar(Rooms& rooms)
        [&rooms](int Index) { rooms.dateDifference.tbDay_MouseMove(Index); });
     On(&rooms.controls.cells, &Cells::Redrawn, " in MainForm, tbDay_MouseMove",
        [&rooms] { rooms.dateDifference.FollowCell(); });
-    const auto followLocks = [&rooms] { FollowLocks(rooms.controls.cells); };
-    On(&rooms.controls.cells, &Cells::StateChanged, " in MainForm, FollowLocks", followLocks);
-    On(&rooms.controls.cells, &Cells::Redrawn, " in MainForm, FollowLocks", followLocks);
     On(&rooms.controls.cells, &Cells::GotFocus, " in MainForm, tbDay_MouseMove",
        [&rooms](int Index) { rooms.dateDifference.tbDay_GotFocus(Index); });
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, " in MainForm, PanelBottom_DblClick",
@@ -317,9 +313,9 @@ void WireTimers(Rooms& rooms)
     On(&rooms.controls.tmAlarm, &Timer::Tick, " in MainForm, tmAlarm_Timer",
        [&rooms] { rooms.alarmClock.tmAlarm_Timer(); });
     On(rooms.controls.network.tmUnLock, &Timer::Tick, " in MainForm, tmUnLock_Timer",
-       [&rooms] { rooms.dayLock.tmUnLock_Timer(); });
+       [&rooms] { rooms.workgroup.tmUnLock_Timer(); });
     On(rooms.controls.network.tmAutoRefresh, &Timer::Tick, " in MainForm, tmAutoRefresh_Timer",
-       [&rooms] { rooms.refresh.tmAutoRefresh_Timer(); });
+       [&rooms] { rooms.workgroup.tmAutoRefresh_Timer(); });
 }
 } // namespace
 

@@ -1,12 +1,10 @@
 #include "tools/datesearch.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
+#include "calendar/foot.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
 #include "calendar/viewmode.h"
-#include "hall/bottompanel.h"
-#include "platform/controls/sspanel.h"
 #include "platform/desktop/msgbox.h"
 #include "tools/datesearchform.h"
 
@@ -24,6 +22,6 @@ void DateSearch::mnuDateSearch_Click()
         g_iMonth = form.Month().value_or(g_iMonth);
         g_iYear = form.Year().value_or(g_iYear);
         m_redraw.subDisplayMonth();
-        m_bottom.panelBottom->SetCaption(FootTitle());
+        m_foot.ShowMonth();
     });
 }

@@ -1,6 +1,5 @@
 #include "workgroup/servermove.h"
 
-#include "calendar/lockedday.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/knownservers.h"
 #include "plannerfile/plannerstate.h"
@@ -9,6 +8,7 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "workgroup/lockedday.h"
 
 #include <optional>
 
