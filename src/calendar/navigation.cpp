@@ -1,8 +1,8 @@
 #include "calendar/navigation.h"
 
-#include "calendar/bars.h"
 #include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
+#include "calendar/cscreenlayout.h"
 #include "calendar/foot.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
@@ -84,7 +84,7 @@ void Navigation::SwitchTo(int mode, QLatin1StringView literal, const QString& na
         m_turn(literal, [&] {
             m_calendar.Clear();
             m_calendar.SetViewMode(mode);
-            m_bars.RefreshLayout();
+            m_layout.RefreshLayout();
         });
     }
     tail([&] { subSetViewMenus(); });

@@ -6,9 +6,9 @@
 
 #include <QLatin1StringView>
 
-class Bars;
 struct BottomPanel;
 class CCalendarView;
+class CScreenLayout;
 class Cells;
 class Foot;
 class LockedDay;
@@ -20,9 +20,9 @@ class Navigation
 {
 public:
     Navigation(Cells& cells, const BottomPanel& bottom, Foot& foot, Turn& turn, Redraw& redraw, Menus& menus,
-               CCalendarView& calendar, Bars& bars, const LockedDay& lockedDay)
+               CCalendarView& calendar, CScreenLayout& layout, const LockedDay& lockedDay)
         : m_cells(cells), m_bottom(bottom), m_foot(foot), m_turn(turn), m_redraw(redraw), m_menus(menus),
-          m_calendar(calendar), m_bars(bars), m_lockedDay(lockedDay)
+          m_calendar(calendar), m_layout(layout), m_lockedDay(lockedDay)
     {
     }
 
@@ -57,7 +57,7 @@ private:
     Redraw& m_redraw;
     Menus& m_menus;
     CCalendarView& m_calendar;
-    Bars& m_bars;
+    CScreenLayout& m_layout;
     const LockedDay& m_lockedDay;
     QDate m_lastTick = desktopclock::Now().date(); // of the midnight timer
     bool m_isTurnOwed = false;                     // to today

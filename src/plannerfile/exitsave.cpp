@@ -86,16 +86,3 @@ bool ExitSave::KeepAsFiles(bool mayAsk)
     return MsgBox(question.arg(reason), msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,
                   messages::HelpWizard) == msgbox::Yes;
 }
-
-void ExitSave::ClosePlanner()
-{
-    if (!HasPlanner()) return;
-    const ErrorTail tail(ExitTail);
-    tail([&] { m_lockedDay.LeaveBehind(); });
-    m_lockedDay.Close();
-    g_rsFind = {};
-    tail([] { g_rsQMT.Close(); });
-    tail([] { g_rsRecurse.Close(); });
-    tail([] { g_rsAlarm.Close(); });
-    tail([] { g_dbPlanner.Close(); });
-}

@@ -1,4 +1,4 @@
-// The last save: writes what has changed, never lets a note go in silence, and closes the planner.
+// The last save: writes what has changed, and never lets a note go in silence.
 #pragma once
 
 class Cells;
@@ -18,7 +18,6 @@ public:
     // that may be asked, and if the person wishes each goes to a file of its own. Where nobody could be asked the
     // journal keeps them for the next opening of their planner; files do where it cannot.
     void SaveBeforeExit(bool mayAsk);
-    void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
 
 private:
     bool AnyCellChanged();

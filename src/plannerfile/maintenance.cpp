@@ -1,9 +1,9 @@
 #include "plannerfile/maintenance.h"
 
 #include "plannerfile/backups.h"
+#include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
-#include "plannerfile/reopening.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
@@ -98,7 +98,7 @@ void Maintenance::Run(const Command& command, const Work& work)
         if (isOpen) m_notes.subUpdateQMTDatabase();
         QString more;
         const auto job = [&] { more = work(file); };
-        if (const auto failure = isOpen ? m_reopening(job) : FailureOf(job)) throw *failure;
+        if (const auto failure = isOpen ? m_opening.Reopen(job) : FailureOf(job)) throw *failure;
         MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.name), more);
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());

@@ -8,14 +8,14 @@
 
 class CommonDialog;
 class LockedDay;
+class Opening;
 class QMTDB;
-class Reopening;
 
 class Maintenance
 {
 public:
-    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, Reopening& reopening)
-        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_reopening(reopening)
+    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, Opening& opening)
+        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_opening(opening)
     {
     }
 
@@ -42,5 +42,5 @@ private:
     CommonDialog& m_dialog;
     QMTDB& m_notes;
     LockedDay& m_lockedDay;
-    Reopening& m_reopening;
+    Opening& m_opening;
 };

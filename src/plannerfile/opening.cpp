@@ -5,7 +5,7 @@
 #include "calendar/foot.h"
 #include "calendar/redraw.h"
 #include "hall/cells.h"
-#include "hall/menuitem.h"
+#include "hall/menus.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/damagewatch.h"
@@ -19,6 +19,7 @@
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/explaining.h"
 #include "platform/runtime/errortail.h"
@@ -169,17 +170,29 @@ void Opening::GiveUp(const QString& reason)
     m_notes.DropCells();
 }
 
-bool Opening::OpenAlarms()
+// An older file is known by the table that it lacks; nothing else tells its version.
+bool Opening::OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks)
 {
     try {
-        g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
+        open();
         return true;
     } catch (const RunTimeError& error) {
-        // An older file is known by the table that it lacks; nothing else tells its version.
         if (error.Number != engineerrors::NoTable) return false;
     }
-    const int answer = MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard);
-    return answer == msgbox::Yes && Upgrade([&] { subAddAlarmTable(); });
+    return (!asks ||
+            MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard) == msgbox::Yes) &&
+           Upgrade(add);
+}
+
+bool Opening::OpenAlarms()
+{
+    return OpenOrAdd([] { g_rsAlarm = schema::OpenAlarms(g_dbPlanner); }, subAddAlarmTable, true);
+}
+
+// No question: whoever was asked about the alarms has answered for both.
+bool Opening::OpenRecursions()
+{
+    return OpenOrAdd([] { g_rsRecurse = schema::OpenRecursions(g_dbPlanner); }, subAddRecursionTable, false);
 }
 
 // A copy that fails does not stand in the way: whoever was asked was told to make one.
@@ -197,18 +210,6 @@ bool Opening::Upgrade(const std::function<void()>& step)
         LogError(error, OpenTail);
         return false;
     }
-}
-
-bool Opening::OpenRecursions()
-{
-    try {
-        g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-        return true;
-    } catch (const RunTimeError& error) {
-        if (error.Number != engineerrors::NoTable) return false;
-    }
-    // No question: whoever was asked about the alarms has answered for both.
-    return Upgrade([&] { subAddRecursionTable(); });
 }
 
 void Opening::subAddAlarmTable()
@@ -229,4 +230,42 @@ void Opening::ShowPlannerOpen()
     m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
     m_foot.ShowMonth();
     SetMousePointer(mousepointer::Default);
+}
+
+void Opening::ClosePlanner()
+{
+    if (!HasPlanner()) return;
+    const ErrorTail tail(" in MainForm, subExitProgram"_L1);
+    tail([&] { m_lockedDay.LeaveBehind(); });
+    m_lockedDay.Close();
+    g_rsFind = {};
+    tail([] { g_rsQMT.Close(); });
+    tail([] { g_rsRecurse.Close(); });
+    tail([] { g_rsAlarm.Close(); });
+    tail([] { g_dbPlanner.Close(); });
+}
+
+std::optional<RunTimeError> FailureOf(const std::function<void()>& work)
+{
+    const Hourglass hourglass;
+    try {
+        work();
+        return {};
+    } catch (const RunTimeError& error) {
+        return error;
+    }
+}
+
+std::optional<RunTimeError> Opening::Reopen(const std::function<void()>& work)
+{
+    const QString file = g_sNotesFile;
+    ClosePlanner();
+    damage::SetListener(nullptr); // the command says by itself what it meets
+    const auto failure = FailureOf(work);
+    // After a New that was not to replace a file the path names that file.
+    filesystem::Remember(file);
+    g_sDBPath = file.toLower();
+    g_sDBTitle = QFileInfo(file).fileName().toLower();
+    subOpenDBNoDlg(!g_bDBShared);
+    return failure;
 }

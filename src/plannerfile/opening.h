@@ -1,9 +1,13 @@
-// Opens planners: by the file dialog, from the recent list, at start. Brings older files up to date on the way.
+// Opens planners: by the file dialog, from the recent list, at start. Brings older files up to date on the way. Closes
+// the open one, at the exit and for work on its file.
 #pragma once
+
+#include "platform/runtime/runtimeerror.h"
 
 #include <QVariant>
 
 #include <functional>
+#include <optional>
 
 class Cells;
 class CommonDialog;
@@ -15,7 +19,9 @@ class QMTDB;
 class RecentList;
 class Recovery;
 class Redraw;
-struct RunTimeError;
+
+// Does it under the hourglass. What ended it, if anything did.
+std::optional<RunTimeError> FailureOf(const std::function<void()>& work);
 
 class Opening
 {
@@ -37,6 +43,12 @@ public:
     // planner. On return g_sDBPath is empty if the open failed.
     void subOpenDBNoDlg(bool bShared);
 
+    void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
+    // Work on the file of the open planner, whose notes are saved, that nobody, this program included, may have open
+    // meanwhile: closes it and opens it again as it was open. What ended the work, if anything did: to be told
+    // afterwards, since the timers go on behind a message.
+    std::optional<RunTimeError> Reopen(const std::function<void()>& work);
+
     void ShowPlannerOpen();                         // title bar, month's title, pointer; no cell is current
     void ShowOpenFailed(const RunTimeError& error); // says so; no planner is open then
 
@@ -47,10 +59,11 @@ private:
     void TakeChange(const QString& table, const QVariant& key);
     void GiveUp(const QString& reason);
     static bool Upgrade(const std::function<void()>& step); // false: it is said and logged
-    bool OpenAlarms();
-    bool OpenRecursions();
-    void subAddAlarmTable();
-    void subAddRecursionTable();
+    static bool OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks);
+    static bool OpenAlarms();
+    static bool OpenRecursions();
+    static void subAddAlarmTable();
+    static void subAddRecursionTable();
 
     Cells& m_cells;
     Foot& m_foot;

@@ -2,6 +2,8 @@
 // are to be taken.
 #pragma once
 
+#include "plannerfile/unsavednotes.h"
+
 #include <QDialog>
 
 #include <vector>
@@ -13,8 +15,8 @@ class RichTextBox;
 struct FoundNote
 {
     QString key;
-    QByteArray stored; // as the planner holds it
-    QByteArray found;  // as it would be with what was found
+    UnsavedNote note;
+    QByteArray stored; // as the planner holds the day
 };
 
 class RecoveryForm : public QDialog
@@ -22,7 +24,7 @@ class RecoveryForm : public QDialog
     Q_OBJECT
 
 public:
-    RecoveryForm(std::vector<FoundNote> notes, QWidget* owner);
+    RecoveryForm(const std::vector<FoundNote>& notes, QWidget* owner);
 
     // After exec() was Accepted. Rejected decides nothing: the question comes again.
     bool Takes(std::size_t number) const;
@@ -34,7 +36,7 @@ private:
     void TellTick(const QListWidgetItem* item);
     void ShowNote(int row);
 
-    const std::vector<FoundNote> m_notes;
+    const std::vector<FoundNote>& m_notes;
     QListWidget* m_lstDays = nullptr;
     RichTextBox* m_tbStored = nullptr;
     RichTextBox* m_tbFound = nullptr;

@@ -35,7 +35,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
     // Minimised too: the cells must know their days before notes are read into them.
-    tail([&] { rooms.bars.RefreshLayout(); });
+    tail([&] { rooms.m_pLayout.RefreshLayout(); });
     rooms.foot.ShowMonth();
     // No cell takes the first key; it is entered by a click or by Tab.
     rooms.controls.client->setFocus();
@@ -54,7 +54,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
 
 void Mainform::Form_Resize()
 {
-    if (!isMinimized()) m_rooms->bars.Form_Resize();
+    if (!isMinimized()) m_rooms->m_pLayout.Form_Resize();
 }
 
 bool Mainform::eventFilter(QObject* watched, QEvent* event)
@@ -113,7 +113,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // by a signal, while a question about unsaved notes was waiting
-    m_rooms->exitSave.ClosePlanner();
+    m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });

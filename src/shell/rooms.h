@@ -4,7 +4,6 @@
 #include "alarms/alarmclock.h"
 #include "alarms/alarmhandlers.h"
 #include "appearance/appearance.h"
-#include "calendar/bars.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
 #include "calendar/cellnames.h"
@@ -29,7 +28,6 @@
 #include "plannerfile/opening.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/recovery.h"
-#include "plannerfile/reopening.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
@@ -54,7 +52,7 @@
 // In the order of their making; each stands on those above it.
 struct Rooms
 {
-    explicit Rooms(QMainWindow& window) : controls(window), m_pLayout(window, *controls.client)
+    explicit Rooms(QMainWindow& window) : controls(window)
     {
         m_pCalendarView.SetRedraw(redraw);
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
@@ -76,7 +74,6 @@ struct Rooms
     CSidebarView m_pSidebar{controls.sidebar, controls.menus};
     CStatusbarView m_pStatusbar{controls.bottom};
     CCalendarView m_pCalendarView{controls.cells, controls.sidebar};
-    CScreenLayout m_pLayout;
     CellNames names{controls.cells};
     Foot foot{controls.bottom};
     Redraw redraw{controls.cells, foot, m_pCalendarView};
@@ -84,7 +81,7 @@ struct Rooms
     QMTDB notes{controls.cells, foot, m_pCalendarView, journal};
     LockedDay lockedDay{controls.cells, controls.sidebar, controls.network, notes};
     Turn turn{notes, lockedDay};
-    Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
+    CScreenLayout m_pLayout{*controls.client, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
     NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, lockedDay};
     RecentList recentList{controls.menus};
     Recovery recovery{notes, journal, *controls.client};
@@ -92,8 +89,8 @@ struct Rooms
                     recentList,     recovery, lockedDay,           redraw};
     Creation creation{controls.cells, foot, controls.FontDialog, notes, networkMode, opening, lockedDay};
     Activation activation{*controls.client, opening};
-    Navigation navigation{controls.cells, controls.bottom, foot, turn,     redraw,
-                          controls.menus, m_pCalendarView, bars, lockedDay};
+    Navigation navigation{controls.cells, controls.bottom, foot,      turn,     redraw,
+                          controls.menus, m_pCalendarView, m_pLayout, lockedDay};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{foot, turn, redraw, m_pCalendarView, *controls.client};
     FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
@@ -108,9 +105,8 @@ struct Rooms
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     ExitSave exitSave{controls.cells, notes, journal, lockedDay};
-    Reopening reopening{exitSave, opening};
-    Maintenance maintenance{controls.FontDialog, notes, lockedDay, reopening};
-    ServerMove serverMove{controls.FontDialog, reopening, lockedDay};
+    Maintenance maintenance{controls.FontDialog, notes, lockedDay, opening};
+    ServerMove serverMove{controls.FontDialog, opening, lockedDay};
     WorkgroupHandlers workgroup{controls.cells, controls.network, turn, lockedDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;

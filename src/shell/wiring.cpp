@@ -44,11 +44,14 @@ constexpr MenuRow MenuRows[] = {
     {"mnuMonthView", " in MainForm, mnuMonthView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
     {"mnuWeekView", " in MainForm, mnuWeekView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToWeekView>},
     {"mnuDayView", " in MainForm, mnuDayView_Click", Run<&Rooms::dayView, &DayView::subZoomView>},
-    {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click", Run<&Rooms::bars, &Bars::mnuViewTBVisible_Click>},
-    {"mnuViewTBAlignTop", " in MainForm, mnuViewTBAlignTop_Click", Run<&Rooms::bars, &Bars::mnuViewTBAlignTop_Click>},
+    {"mnuViewTBVisible", " in MainForm, mnuViewTBVisible_Click",
+     Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewTBVisible_Click>},
+    {"mnuViewTBAlignTop", " in MainForm, mnuViewTBAlignTop_Click",
+     Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewTBAlignTop_Click>},
     {"mnuViewTBAlignBottom", " in MainForm, mnuViewTBAlignBottom_Click",
-     Run<&Rooms::bars, &Bars::mnuViewTBAlignBottom_Click>},
-    {"mnuViewSBVisible", " in MainForm, mnuViewSBVisible_Click", Run<&Rooms::bars, &Bars::mnuViewSBVisible_Click>},
+     Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewTBAlignBottom_Click>},
+    {"mnuViewSBVisible", " in MainForm, mnuViewSBVisible_Click",
+     Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewSBVisible_Click>},
     {"mnuNewAlarm", " in MainForm, mnuNewAlarm_Click", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
     {"mnuChangeAlarms", " in MainForm, mnuChangeAlarms_Click",
      Run<&Rooms::alarms, &AlarmHandlers::mnuChangeAlarms_Click>},
@@ -254,7 +257,7 @@ void WireToolbar(Rooms& rooms)
         }
     });
     On(bar, &Toolbar::Dropped, " in MainForm, Form_DragDrop",
-       [&rooms](const QPoint& at) { rooms.bars.Form_DragDrop(at); });
+       [&rooms](const QPoint& at) { rooms.m_pLayout.Form_DragDrop(at); });
 }
 
 void WireCombos(Rooms& rooms)

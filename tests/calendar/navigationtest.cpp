@@ -37,6 +37,7 @@ private Q_SLOTS:
         QVERIFY(Picture("picWeek").Visible(1) && Picture("picMonth").Visible(0));
         QVERIFY(m_program->Entry("mnuNextWeek").isEnabled() && !m_program->Entry("mnuNextMonth").isEnabled());
         QVERIFY(!m_program->Entry("mnuWeekView").isEnabled() && !m_program->Entry("mnuDateSearch").isEnabled());
+        QVERIFY(!m_program->Entry("mnuThisMonth").isEnabled());
         AnswerNextBox(msgbox::Ok, &seen);
         QTest::mouseClick(&Picture("picWeek"), Qt::LeftButton);
         QCOMPARE(seen.Text, u"You are currently in Week View"_s);
