@@ -1,5 +1,3 @@
-#include "platform/controls/picturebutton.h"
-#include "platform/look/paper.h"
 #include "program.h"
 #include "settingsfile.h"
 
@@ -107,18 +105,6 @@ private Q_SLOTS:
         QCOMPARE(g_iYear, std::int16_t{32767});
         QVERIFY(m_program->Log().contains(":Overflow in MODSHOW, subDisplayNextMonth"));
         QVERIFY(m_program->CellOf(31) > 0);
-    }
-
-    void TheSpinPicturesMoveOnRelease()
-    {
-        m_program->Start();
-        auto* spin = m_program->form->findChild<PictureButton*>(u"imgRightSpin"_s);
-        QTest::mousePress(spin, Qt::LeftButton);
-        QVERIFY(spin->Visible(1) && !spin->Visible(0));
-        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
-        QTest::mouseRelease(spin, Qt::LeftButton, {}, QPoint(-50, -50));
-        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
-        QVERIFY(spin->Visible(0) && !spin->Visible(1));
     }
 };
 

@@ -79,9 +79,17 @@ private Q_SLOTS:
         g_aiLockState = {};
     }
 
-    void TheSpinsTellWhereTheyLead()
+    void TheSpinsMoveOnReleaseAndTellWhereTheyLead()
     {
         m_program->New(u"notes.mdb"_s);
+        PictureButton& spin = Picture("imgRightSpin");
+        QTest::mousePress(&spin, Qt::LeftButton);
+        QVERIFY(spin.Visible(1) && !spin.Visible(0));
+        QCOMPARE(Month(), QPoint(1999, 3));
+        QTest::mouseRelease(&spin, Qt::LeftButton, {}, QPoint(-50, -50));
+        QCOMPARE(Month(), QPoint(1999, 4));
+        QVERIFY(spin.Visible(0) && !spin.Visible(1));
+        m_program->Trigger("mnuThisMonth");
         const auto tips = [&] {
             for (const char* name : {"imgLeftSpin", "imgRightSpin"}) {
                 QTest::mouseMove(&Picture(name), QPoint(8, 8));
