@@ -4,8 +4,6 @@
 #include "calendar/foot.h"
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
-#include "plannerfile/damagewatch.h"
-#include "plannerfile/openasform.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -17,7 +15,6 @@
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "workgroup/lockedday.h"
-#include "workgroup/networkmode.h"
 
 namespace {
 constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");
@@ -89,7 +86,7 @@ void Creation::subNewPlanner()
         MsgBox(u"Could not create New Planner"_s, 0, QString(), *reason);
         return;
     }
-    if (AskHowToOpen()) OpenAndTell();
+    if (m_opening.AskHow()) OpenAndTell(); // else the program ends
 }
 
 // What a New that came to nothing has taken from the cells.
@@ -146,24 +143,11 @@ void Creation::MakeTables(const QString& file)
     database.Close();
 }
 
-bool Creation::AskHowToOpen()
-{
-    OpenAsForm form(g_sDBPath, m_cells.Client()->window());
-    if (form.exec() != QDialog::Accepted) return false;
-    m_networkMode.subSetNetworkMode(form.Shared());
-    return true;
-}
-
 void Creation::OpenNewFile()
 {
-    // Not exclusively, whatever the answer was.
-    const QString file = filesystem::Find(g_sDBPath);
-    Database database = DBEngine::OpenDatabase(file);
-    AdoptPlanner(database, schema::OpenNotes(database), file);
-    WatchForDamage(file);
+    m_opening.Adopt(filesystem::Find(g_sDBPath), false); // not exclusively, whatever the answer was
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-    m_notes.DropCells(); // a timer may have filled them again behind a question
     subUnloadAlarmIcons(m_cells);
     m_notes.ReadCells(NewTail);
 }

@@ -8,7 +8,6 @@
 class CommonDialog;
 class Foot;
 class LockedDay;
-class NetworkMode;
 class Opening;
 class QMTDB;
 class Cells;
@@ -16,10 +15,8 @@ class Cells;
 class Creation
 {
 public:
-    Creation(Cells& cells, Foot& foot, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode, Opening& opening,
-             LockedDay& lockedDay)
-        : m_cells(cells), m_foot(foot), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
-          m_opening(opening), m_lockedDay(lockedDay)
+    Creation(Cells& cells, Foot& foot, CommonDialog& dialog, QMTDB& notes, Opening& opening, LockedDay& lockedDay)
+        : m_cells(cells), m_foot(foot), m_dialog(dialog), m_notes(notes), m_opening(opening), m_lockedDay(lockedDay)
     {
     }
 
@@ -37,7 +34,6 @@ private:
     std::optional<QString> BuildFile(const QStringList& replaced); // why it could not be made; nothing if it was
     void MakeTables(const QString& file);
     void ReadAgain(const Names& former);
-    bool AskHowToOpen(); // false: the program ends
     void OpenAndTell();
     void OpenNewFile();
 
@@ -45,7 +41,6 @@ private:
     Foot& m_foot;
     CommonDialog& m_dialog;
     QMTDB& m_notes;
-    NetworkMode& m_networkMode;
     Opening& m_opening;
     LockedDay& m_lockedDay;
 };

@@ -85,12 +85,26 @@ void Opening::OpenListed(const QString& path)
     AskHowAndOpen();
 }
 
-void Opening::AskHowAndOpen()
+std::optional<bool> Opening::AskHow()
 {
     OpenAsForm form(g_sDBPath, m_cells.Client()->window());
-    if (form.exec() != QDialog::Accepted) return;
+    if (form.exec() != QDialog::Accepted) return {};
     m_networkMode.subSetNetworkMode(form.Shared());
-    subOpenDBNoDlg(!form.Shared());
+    return form.Shared();
+}
+
+void Opening::AskHowAndOpen()
+{
+    if (const auto shared = AskHow()) subOpenDBNoDlg(!*shared);
+}
+
+void Opening::Adopt(const QString& file, bool exclusive)
+{
+    Database database = DBEngine::OpenDatabase(file, exclusive);
+    AdoptPlanner(database, schema::OpenNotes(database), file);
+    WatchForDamage(file);
+    g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
+    m_notes.DropCells(); // a timer may have filled them again behind a question
 }
 
 void Opening::subAutoload()
@@ -135,18 +149,14 @@ bool Opening::OpenNotes(bool exclusive, const QString& foot)
             GiveUp(foot);
             return false;
         }
-        Database database = DBEngine::OpenDatabase(path, exclusive);
-        AdoptPlanner(database, schema::OpenNotes(database), file);
+        Adopt(path, exclusive);
+        return true;
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, path, schema::AllTables());
         ShowOpenFailed(error);
         LogError(error, OpenTail);
         return false;
     }
-    WatchForDamage(file);
-    g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
-    m_notes.DropCells(); // a timer may have filled them again behind a question
-    return true;
 }
 
 // A server tells what others have stored; a file is asked by the refresh.

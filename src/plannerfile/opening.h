@@ -43,6 +43,12 @@ public:
     // planner. On return g_sDBPath is empty if the open failed.
     void subOpenDBNoDlg(bool bShared);
 
+    // How g_sDBPath is to be opened, by OpenAsForm, and the mode of that; whether it is a workgroup's planner. Nothing
+    // where the program ends meanwhile.
+    std::optional<bool> AskHow();
+    // Opens the file and has it follow the planner before it, whose cells are dropped. Errors as
+    // DBEngine::OpenDatabase.
+    void Adopt(const QString& file, bool exclusive);
     void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
     // Work on the file of the open planner, whose notes are saved, that nobody, this program included, may have open
     // meanwhile: closes it and opens it again as it was open. What ended the work, if anything did: to be told
@@ -54,7 +60,7 @@ public:
 
 private:
     void OpenListed(const QString& path);
-    void AskHowAndOpen(); // OpenAsForm for g_sDBPath, then the open that was asked for
+    void AskHowAndOpen();
     bool OpenNotes(bool exclusive, const QString& foot);
     void TakeChange(const QString& table, const QVariant& key);
     void GiveUp(const QString& reason);

@@ -87,7 +87,7 @@ struct Rooms
     Recovery recovery{notes, journal, *controls.client};
     Opening opening{controls.cells, foot,     controls.FontDialog, notes, networkMode,
                     recentList,     recovery, lockedDay,           redraw};
-    Creation creation{controls.cells, foot, controls.FontDialog, notes, networkMode, opening, lockedDay};
+    Creation creation{controls.cells, foot, controls.FontDialog, notes, opening, lockedDay};
     Activation activation{*controls.client, opening};
     Navigation navigation{controls.cells, controls.bottom, foot,      turn,     redraw,
                           controls.menus, m_pCalendarView, m_pLayout, lockedDay};
