@@ -2,12 +2,12 @@
 
 #include "alarms/alarmform.h"
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "hall/cells.h"
 #include "hall/sidebar.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
-#include "workgroup/lockedday.h"
 
 namespace {
 bool RefusesWorkgroup()

@@ -15,14 +15,14 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 
 bool Navigation::RefusesToLeave()
 {
     if (!g_bDBShared) return false;
     const bool isLocked = MarkedCell() != 0;
     if (isLocked && g_iCurrentPanel != 0) {
-        m_lockedDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
+        m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
         return true;
     }
     if (!isLocked) g_iCurrentPanel = 0;

@@ -11,7 +11,7 @@ class CCalendarView;
 class CScreenLayout;
 class Cells;
 class Foot;
-class LockedDay;
+class HeldDay;
 class Menus;
 class Redraw;
 class Turn;
@@ -20,9 +20,9 @@ class Navigation
 {
 public:
     Navigation(Cells& cells, const BottomPanel& bottom, Foot& foot, Turn& turn, Redraw& redraw, Menus& menus,
-               CCalendarView& calendar, CScreenLayout& layout, const LockedDay& lockedDay)
+               CCalendarView& calendar, CScreenLayout& layout, const HeldDay& heldDay)
         : m_cells(cells), m_bottom(bottom), m_foot(foot), m_turn(turn), m_redraw(redraw), m_menus(menus),
-          m_calendar(calendar), m_layout(layout), m_lockedDay(lockedDay)
+          m_calendar(calendar), m_layout(layout), m_heldDay(heldDay)
     {
     }
 
@@ -58,7 +58,7 @@ private:
     Menus& m_menus;
     CCalendarView& m_calendar;
     CScreenLayout& m_layout;
-    const LockedDay& m_lockedDay;
+    const HeldDay& m_heldDay;
     QDate m_lastTick = desktopclock::Now().date(); // of the midnight timer
     bool m_isTurnOwed = false;                     // to today
 };

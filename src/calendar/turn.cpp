@@ -1,10 +1,10 @@
 #include "calendar/turn.h"
 
+#include "calendar/lockedday.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
-#include "workgroup/lockedday.h"
 
 bool Turn::operator()(QLatin1StringView literal, const std::function<void()>& change)
 {

@@ -16,7 +16,7 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QApplication>
@@ -48,9 +48,9 @@ void Choose(ORLCombo& combo, int index)
 }
 } // namespace
 
-CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const LockedDay& lockedDay, Menus& menus,
+CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, Menus& menus,
                          const ViewMode& viewMode, Formatting& formatting)
-    : QObject(&cells), m_cells(cells), m_bar(bar), m_lockedDay(lockedDay), m_menus(menus), m_viewMode(viewMode),
+    : QObject(&cells), m_cells(cells), m_bar(bar), m_heldDay(heldDay), m_menus(menus), m_viewMode(viewMode),
       m_formatting(formatting)
 {
     Wire();
@@ -97,7 +97,7 @@ void CellEditing::TellRefusal(int held)
         m_isRefusing = false;
         m_menuAfterwards.reset();
     });
-    m_lockedDay.KeepInPlace(held, u" is locked(Edit Mode), please unlock first."_s);
+    m_heldDay.KeepInPlace(held, u" is locked(Edit Mode), please unlock first."_s);
     if (m_menuAfterwards) m_menus.mnuRightMouse().popup(*m_menuAfterwards);
 }
 
@@ -142,7 +142,7 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
     if (!g_bDBShared) return;
     // Nothing would store it, though the box may still take text from an earlier lock.
     if (IsHeldElsewhere(Index)) KeyAscii = 0;
-    if (!m_lockedDay.LooksFree()) return;
+    if (!m_heldDay.LooksFree()) return;
     KeyAscii = 0;
     // Handed on by an alarm's window: a box would put itself in front of that.
     if (QApplication::activeModalWidget() || RefusesWithoutPlanner()) return;

@@ -10,7 +10,7 @@
 class Cells;
 class Formatting;
 struct FormatBar;
-class LockedDay;
+class HeldDay;
 class Menus;
 class RichTextBox;
 class ViewMode;
@@ -21,7 +21,7 @@ class CellEditing : public QObject
 
 public:
     // Wires itself to the events of all cells, those included that are loaded later.
-    CellEditing(Cells& cells, const FormatBar& bar, const LockedDay& lockedDay, Menus& menus, const ViewMode& viewMode,
+    CellEditing(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, Menus& menus, const ViewMode& viewMode,
                 Formatting& formatting);
 
     void tbDay_GotFocus(int Index);
@@ -42,7 +42,7 @@ private:
 
     Cells& m_cells;
     const FormatBar& m_bar;
-    const LockedDay& m_lockedDay;
+    const HeldDay& m_heldDay;
     Menus& m_menus;
     const ViewMode& m_viewMode;
     Formatting& m_formatting;

@@ -20,7 +20,7 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QFile>
@@ -59,7 +59,7 @@ void DayView::subZoomView()
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
     if (g_iCurrentPanel == 0) return; // nothing is shown that could be opened
     const QString key = m_cells.KeyOf(g_iCurrentPanel);
-    m_day = {g_iCurrentPanel, key, m_lockedDay.Holds(key)};
+    m_day = {g_iCurrentPanel, key, m_heldDay.Holds(key)};
     if (!MayOpen()) return;
     m_sidebar.picDay->ShowElement(1);
     tail([&] { Show(); });
@@ -68,20 +68,20 @@ void DayView::subZoomView()
     tail([&] { QFile::remove(ScratchFile()); });
     // The caret goes where the eye is: the next command acts on the day that was open. A day that was left idle and has
     // been unlocked is left.
-    if (ShowsDay() && (!m_taken || m_lockedDay.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
+    if (ShowsDay() && (!m_taken || m_heldDay.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
 }
 
 bool DayView::MayOpen()
 {
     const int held = MarkedCell(m_day.cell);
-    if (g_bDBShared && held != 0 && m_lockedDay.IsHeld()) {
+    if (g_bDBShared && held != 0 && m_heldDay.IsHeld()) {
         // Another day that is locked by hand would lose its lock, and what was typed under it.
         g_iCurrentPanel = static_cast<std::int16_t>(held);
-        m_lockedDay.KeepInPlace(held);
+        m_heldDay.KeepInPlace(held);
         return false;
     }
     // Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
-    if (g_bDBShared) return m_lockedDay.Take(m_day.key);
+    if (g_bDBShared) return m_heldDay.Take(m_day.key);
     if (!m_cells.tbDay(m_day.cell).Locked()) return true;
     // What would be written could not be stored: the day's note has not been read.
     MsgBox(u"This day cannot be opened, since its note could not be read."_s, msgbox::Exclamation,
@@ -95,7 +95,7 @@ void DayView::Show()
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     box.CommitPreedit();
     m_text = box.TextRTF();
-    m_base = m_day.wasLocked ? m_lockedDay.LockedText() : m_text;
+    m_base = m_day.wasLocked ? m_heldDay.LockedText() : m_text;
     m_isEmpty = box.IsEmpty();
     m_taken = false;
     tail([&] { box.SaveFile(ScratchFile()); });
@@ -115,9 +115,9 @@ void DayView::Show()
 bool DayView::Exec(ZoomBoxForm& form)
 {
     m_form = &form;
-    m_lockedDay.SetInWindow(true);
+    m_heldDay.SetInWindow(true);
     const bool accepted = form.exec() == QDialog::Accepted;
-    m_lockedDay.SetInWindow(false);
+    m_heldDay.SetInWindow(false);
     m_form = nullptr;
     return accepted;
 }
@@ -172,7 +172,7 @@ bool DayView::ShowsDay() const
 // The window opened on what the screen showed, and others may have written the day since: theirs stays beside it.
 void DayView::JoinWithTheirs()
 {
-    const QByteArray& stored = m_lockedDay.LockedText();
+    const QByteArray& stored = m_heldDay.LockedText();
     if (m_text == m_base) {
         m_text = stored;
         return;
@@ -198,10 +198,10 @@ void DayView::TakeOver()
 void DayView::Unlock(bool cancelled)
 {
     if (cancelled) {
-        if (!m_day.wasLocked) m_lockedDay.GiveUp();
+        if (!m_day.wasLocked) m_heldDay.GiveUp();
         return;
     }
-    if (const auto failure = m_lockedDay.Store(m_text)) return KeepLocked(*failure);
+    if (const auto failure = m_heldDay.Store(m_text)) return KeepLocked(*failure);
     if (!ShowsDay()) return;
     m_cells.tbDay(m_day.cell).SetLocked(true);
     m_cells.tbDay(m_day.cell).MarkSaved(m_text);
@@ -213,9 +213,9 @@ void DayView::KeepLocked(const RunTimeError& error)
 {
     LogError(error, ZoomLiteral);
     if (m_isExiting || !ShowsDay()) {
-        m_lockedDay.PutAside(m_text);
+        m_heldDay.PutAside(m_text);
     } else {
-        m_lockedDay.HandTo(m_day.cell);
+        m_heldDay.HandTo(m_day.cell);
     }
     if (!m_isExiting) MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
 }
@@ -239,7 +239,7 @@ void DayView::TakeText()
     tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
     tail([&] { TakeOver(); });
     // The idle timer unlocks the day that is shown.
-    if (g_bDBShared && ShowsDay()) m_lockedDay.HandTo(m_day.cell);
+    if (g_bDBShared && ShowsDay()) m_heldDay.HandTo(m_day.cell);
     if (g_bDBShared && !ShowsDay()) Unlock(false);
     m_taken = true;
 }
@@ -256,7 +256,7 @@ void DayView::TakeTextAndClose()
 {
     if (!m_form) return;
     TakeText();
-    m_lockedDay.SetInWindow(false);
+    m_heldDay.SetInWindow(false);
     m_form->done(QDialog::Rejected);
 }
 

@@ -11,7 +11,7 @@ class Cells;
 class Foot;
 class FontCommand;
 class Journal;
-class LockedDay;
+class HeldDay;
 struct NetworkControls;
 class QMTDB;
 class RichTextBox;
@@ -24,8 +24,8 @@ class DayView
 {
 public:
     DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, Foot& foot, QMTDB& notes,
-            LockedDay& lockedDay, const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
-        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_foot(foot), m_notes(notes), m_lockedDay(lockedDay),
+            HeldDay& heldDay, const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
+        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_foot(foot), m_notes(notes), m_heldDay(heldDay),
           m_viewMode(viewMode), m_fontCommand(fontCommand), m_journal(journal)
     {
     }
@@ -74,7 +74,7 @@ private:
     const NetworkControls& m_network;
     Foot& m_foot;
     QMTDB& m_notes;
-    LockedDay& m_lockedDay;
+    HeldDay& m_heldDay;
     const ViewMode& m_viewMode;
     FontCommand& m_fontCommand;
     Journal& m_journal;

@@ -14,11 +14,11 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 
 bool Formatting::fnCanFormatCell()
 {
-    if (!g_bDBShared || !m_lockedDay.LooksFree()) return true;
+    if (!g_bDBShared || !m_heldDay.LooksFree()) return true;
     if (RefusesWithoutPlanner()) return false;
     MsgBox(u"Please lock the desired day before attempting to apply font attributes to current cell"_s,
            msgbox::Information, messages::HelpWizard);

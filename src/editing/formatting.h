@@ -7,13 +7,13 @@
 class Cells;
 class FontCommand;
 struct FormatBar;
-class LockedDay;
+class HeldDay;
 
 class Formatting
 {
 public:
-    Formatting(Cells& cells, const FormatBar& bar, const LockedDay& lockedDay, FontCommand& fontCommand)
-        : m_cells(cells), m_bar(bar), m_lockedDay(lockedDay), m_fontCommand(fontCommand)
+    Formatting(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, FontCommand& fontCommand)
+        : m_cells(cells), m_bar(bar), m_heldDay(heldDay), m_fontCommand(fontCommand)
     {
     }
 
@@ -46,6 +46,6 @@ private:
 
     Cells& m_cells;
     const FormatBar& m_bar;
-    const LockedDay& m_lockedDay;
+    const HeldDay& m_heldDay;
     FontCommand& m_fontCommand;
 };

@@ -2,6 +2,7 @@
 
 #include "alarms/alarmmarks.h"
 #include "calendar/foot.h"
+#include "calendar/lockedday.h"
 #include "hall/cells.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/opening.h"
@@ -14,7 +15,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
 
 namespace {
 constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");

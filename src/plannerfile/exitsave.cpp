@@ -1,6 +1,7 @@
 #include "plannerfile/exitsave.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/lockedday.h"
 #include "hall/cells.h"
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
@@ -10,7 +11,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
 
 namespace {
 constexpr QLatin1StringView ExitTail(" in MainForm, subExitProgram");

@@ -1,5 +1,6 @@
 #include "plannerfile/maintenance.h"
 
+#include "calendar/lockedday.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
@@ -13,7 +14,6 @@
 #include "platform/engine/sqlite/scratchplace.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
 
 #include <QFileInfo>
 

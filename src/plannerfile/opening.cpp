@@ -26,7 +26,7 @@
 #include "settings/messages.h"
 #include "settings/settings.h"
 #include "shell/recentlist.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 #include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
 
@@ -56,7 +56,7 @@ void Opening::subOpenPlanner()
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
-    m_lockedDay.LeaveBehind(); // before its cell stands for anything else
+    m_heldDay.LeaveBehind(); // before its cell stands for anything else
     if (wasOpen) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
@@ -78,7 +78,7 @@ void Opening::OpenFile(const QString& path)
 
 void Opening::OpenListed(const QString& path)
 {
-    m_lockedDay.LeaveBehind();
+    m_heldDay.LeaveBehind();
     m_notes.subUpdateQMTDatabase();
     m_redraw.Display();
     g_sDBPath = path;
@@ -246,8 +246,8 @@ void Opening::ClosePlanner()
 {
     if (!HasPlanner()) return;
     const ErrorTail tail(" in MainForm, subExitProgram"_L1);
-    tail([&] { m_lockedDay.LeaveBehind(); });
-    m_lockedDay.Close();
+    tail([&] { m_heldDay.LeaveBehind(); });
+    m_heldDay.Close();
     g_rsFind = {};
     tail([] { g_rsQMT.Close(); });
     tail([] { g_rsRecurse.Close(); });

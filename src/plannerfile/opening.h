@@ -12,7 +12,7 @@
 class Cells;
 class CommonDialog;
 class Foot;
-class LockedDay;
+class HeldDay;
 class MenuItem;
 class NetworkMode;
 class QMTDB;
@@ -27,9 +27,9 @@ class Opening
 {
 public:
     Opening(Cells& cells, Foot& foot, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
-            RecentList& recentList, Recovery& recovery, LockedDay& lockedDay, Redraw& redraw)
+            RecentList& recentList, Recovery& recovery, HeldDay& heldDay, Redraw& redraw)
         : m_cells(cells), m_foot(foot), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
-          m_recentList(recentList), m_recovery(recovery), m_lockedDay(lockedDay), m_redraw(redraw)
+          m_recentList(recentList), m_recovery(recovery), m_heldDay(heldDay), m_redraw(redraw)
     {
     }
 
@@ -78,6 +78,6 @@ private:
     NetworkMode& m_networkMode;
     RecentList& m_recentList;
     Recovery& m_recovery;
-    LockedDay& m_lockedDay;
+    HeldDay& m_heldDay;
     Redraw& m_redraw;
 };

@@ -1,5 +1,6 @@
 #include "printing/printing.h"
 
+#include "calendar/lockedday.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
@@ -15,7 +16,6 @@
 #include "platform/runtime/errortail.h"
 #include "printing/pagesetupform.h"
 #include "printing/spoolform.h"
-#include "workgroup/lockedday.h"
 
 #include <QFile>
 

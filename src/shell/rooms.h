@@ -41,7 +41,7 @@
 #include "tools/datesearch.h"
 #include "tools/findword.h"
 #include "wallpaper/wallpapercommands.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 #include "workgroup/networkmode.h"
 #include "workgroup/servermove.h"
 #include "workgroup/workgrouphandlers.h"
@@ -58,7 +58,7 @@ struct Rooms
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
-            lockedDay.AddTyped(typed);
+            heldDay.AddTyped(typed);
             dayView.AddTyped(typed);
             return typed;
         });
@@ -79,45 +79,45 @@ struct Rooms
     Redraw redraw{controls.cells, foot, m_pCalendarView};
     Journal journal;
     QMTDB notes{controls.cells, foot, m_pCalendarView, journal};
-    LockedDay lockedDay{controls.cells, controls.sidebar, controls.network, notes};
-    Turn turn{notes, lockedDay};
+    HeldDay heldDay{controls.cells, controls.sidebar, controls.network, notes};
+    Turn turn{notes, heldDay};
     CScreenLayout m_pLayout{*controls.client, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
-    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, lockedDay};
+    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, heldDay};
     RecentList recentList{controls.menus};
     Recovery recovery{notes, journal, *controls.client};
-    Opening opening{controls.cells, foot,     controls.FontDialog, notes, networkMode,
-                    recentList,     recovery, lockedDay,           redraw};
-    Creation creation{controls.cells, foot, controls.FontDialog, notes, opening, lockedDay};
+    Opening opening{controls.cells, foot,  controls.FontDialog, notes, networkMode, recentList, recovery,
+                    heldDay,        redraw};
+    Creation creation{controls.cells, foot, controls.FontDialog, notes, opening, heldDay};
     Activation activation{*controls.client, opening};
-    Navigation navigation{controls.cells, controls.bottom, foot,      turn,     redraw,
-                          controls.menus, m_pCalendarView, m_pLayout, lockedDay};
+    Navigation navigation{controls.cells, controls.bottom, foot,      turn,   redraw,
+                          controls.menus, m_pCalendarView, m_pLayout, heldDay};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{foot, turn, redraw, m_pCalendarView, *controls.client};
     FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
     DateDifference dateDifference{controls.cells, *controls.bar.tbTop, controls.menus, *controls.lblDateDiff};
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
-    Formatting formatting{controls.cells, controls.bar, lockedDay, fontCommand};
+    Formatting formatting{controls.cells, controls.bar, heldDay, fontCommand};
     DayView dayView{controls.cells, controls.sidebar, controls.network, foot,   notes,
-                    lockedDay,      m_pCalendarView,  fontCommand,      journal};
+                    heldDay,        m_pCalendarView,  fontCommand,      journal};
     RecurringEvents recurringEvents{controls.cells, controls.sidebar, notes, m_pCalendarView, fontCommand};
-    AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, lockedDay};
+    AlarmHandlers alarms{controls.cells, controls.sidebar, controls.tmAlarm, turn, heldDay};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
-    ExitSave exitSave{controls.cells, notes, journal, lockedDay};
-    Maintenance maintenance{controls.FontDialog, notes, lockedDay, opening};
-    ServerMove serverMove{controls.FontDialog, opening, lockedDay};
-    WorkgroupHandlers workgroup{controls.cells, controls.network, turn, lockedDay, dayView, serverMove};
+    ExitSave exitSave{controls.cells, notes, journal, heldDay};
+    Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
+    ServerMove serverMove{controls.FontDialog, opening, heldDay};
+    WorkgroupHandlers workgroup{controls.cells, controls.network, turn, heldDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{{controls.cells, controls.bottom, m_pCalendarView},
                       controls.sidebar,
-                      lockedDay,
+                      heldDay,
                       controls.FontDialog,
                       printer,
                       printLibrary};
-    CellEditing cellEditing{controls.cells, controls.bar, lockedDay, controls.menus, m_pCalendarView, formatting};
+    CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
     // Behind the handler that may refuse a cell the focus: what has put it back has left no cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

@@ -38,7 +38,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuPrintSetup", " in MainForm, mnuPrintSetup_Click", Run<&Rooms::printing, &Printing::mnuPrintSetup_Click>},
     {"mnuPrint", " in MainForm, mnuPrint_Click", Run<&Rooms::printing, &Printing::mnuPrint_Click>},
     {"mnuRefresh", " in MainForm, mnuRefresh_Click", Run<&Rooms::workgroup, &WorkgroupHandlers::subRefreshCells>},
-    {"mnuLockDay", " in MainForm, mnuLockDay_Click", Run<&Rooms::lockedDay, &LockedDay::subLockDay>},
+    {"mnuLockDay", " in MainForm, mnuLockDay_Click", Run<&Rooms::heldDay, &HeldDay::subLockDay>},
     {"mnuNetworkOptions", " in MainForm, mnuNetworkOptions_Click",
      Run<&Rooms::workgroup, &WorkgroupHandlers::mnuNetworkOptions_Click>},
     {"mnuMonthView", " in MainForm, mnuMonthView_Click", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
@@ -219,7 +219,7 @@ void WireNetwork(Rooms& rooms)
 {
     const NetworkControls& network = rooms.controls.network;
     On(network.picLock, &PictureButton::Click, " in MainForm, picLock_Click",
-       [&rooms](int) { rooms.lockedDay.subLockDay(); });
+       [&rooms](int) { rooms.heldDay.subLockDay(); });
     On(network.picRefresh, &PictureButton::MouseDown, " in MainForm, picRefresh",
        [&rooms](int) { rooms.workgroup.picRefresh_MouseDown(); });
     On(network.picRefresh, &PictureButton::MouseUp, " in MainForm, picRefresh_Click",

@@ -7,14 +7,14 @@
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QLabel>
 
 void NetworkMode::subSetNetworkMode(bool bOn)
 {
-    m_lockedDay.Close();
+    m_heldDay.Close();
     m_menus("mnuNetworkOptions"_L1).SetEnabled(bOn);
     if (!bOn) m_controls.tmUnLock->SetEnabled(false);
     m_controls.picRefresh->SetVisible(0, bOn);

@@ -1,7 +1,7 @@
 // Shows or hides what belongs to a workgroup's planner, and says which of the two kinds is open.
 #pragma once
 
-class LockedDay;
+class HeldDay;
 class Menus;
 struct NetworkControls;
 class Toolbar;
@@ -9,8 +9,8 @@ class Toolbar;
 class NetworkMode
 {
 public:
-    NetworkMode(const NetworkControls& controls, Menus& menus, Toolbar& toolbar, LockedDay& lockedDay)
-        : m_controls(controls), m_menus(menus), m_toolbar(toolbar), m_lockedDay(lockedDay)
+    NetworkMode(const NetworkControls& controls, Menus& menus, Toolbar& toolbar, HeldDay& heldDay)
+        : m_controls(controls), m_menus(menus), m_toolbar(toolbar), m_heldDay(heldDay)
     {
     }
 
@@ -21,5 +21,5 @@ private:
     const NetworkControls& m_controls;
     Menus& m_menus;
     Toolbar& m_toolbar;
-    LockedDay& m_lockedDay;
+    HeldDay& m_heldDay;
 };

@@ -1,5 +1,6 @@
 #include "workgroup/servermove.h"
 
+#include "calendar/lockedday.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/knownservers.h"
 #include "plannerfile/opening.h"
@@ -8,7 +9,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/lockedday.h"
 
 #include <optional>
 

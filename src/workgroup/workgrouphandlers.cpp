@@ -7,7 +7,7 @@
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 #include "workgroup/networkoptionform.h"
 #include "workgroup/workgroupstate.h"
 
@@ -17,7 +17,7 @@ void WorkgroupHandlers::subRefreshCells()
         m_turn(" in MainForm, picRefresh_Click"_L1, [] {});
         return;
     }
-    m_lockedDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
+    m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
     m_network.picRefresh->ShowElement(0);
 }
 
@@ -36,7 +36,7 @@ void WorkgroupHandlers::tmAutoRefresh_Timer()
 {
     if (!g_bDBShared) m_network.tmAutoRefresh->SetEnabled(false);
     if (g_bAutoRefresh && g_lRefreshTicks >= g_lRefreshDelay) {
-        if (m_lockedDay.LooksFree()) subRefreshCells();
+        if (m_heldDay.LooksFree()) subRefreshCells();
         g_lRefreshTicks = 0;
     }
     ++g_lRefreshTicks;
@@ -47,7 +47,7 @@ void WorkgroupHandlers::tmUnLock_Timer()
     if (++g_lUnlockTicks < g_lUnlockDelay) return;
     m_dayView.TakeTextAndClose();
     g_lUnlockTicks = 0;
-    if (!m_lockedDay.Commit()) return; // tried again after another while
+    if (!m_heldDay.Commit()) return; // tried again after another while
     m_network.tmUnLock->SetEnabled(false);
     subRefreshCells();
 }

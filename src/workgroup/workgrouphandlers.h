@@ -4,7 +4,7 @@
 
 class Cells;
 class DayView;
-class LockedDay;
+class HeldDay;
 struct NetworkControls;
 class ServerMove;
 class Turn;
@@ -12,9 +12,9 @@ class Turn;
 class WorkgroupHandlers
 {
 public:
-    WorkgroupHandlers(Cells& cells, const NetworkControls& network, Turn& turn, LockedDay& lockedDay, DayView& dayView,
+    WorkgroupHandlers(Cells& cells, const NetworkControls& network, Turn& turn, HeldDay& heldDay, DayView& dayView,
                       ServerMove& server)
-        : m_cells(cells), m_network(network), m_turn(turn), m_lockedDay(lockedDay), m_dayView(dayView), m_server(server)
+        : m_cells(cells), m_network(network), m_turn(turn), m_heldDay(heldDay), m_dayView(dayView), m_server(server)
     {
     }
 
@@ -29,7 +29,7 @@ private:
     Cells& m_cells;
     const NetworkControls& m_network;
     Turn& m_turn;
-    LockedDay& m_lockedDay;
+    HeldDay& m_heldDay;
     DayView& m_dayView;
     ServerMove& m_server;
 };

@@ -2,6 +2,7 @@
 // the lock and whether the cell takes text follow from it.
 #pragma once
 
+#include "calendar/lockedday.h"
 #include "platform/runtime/runtimeerror.h"
 #include "workgroup/dayrecord.h"
 
@@ -14,10 +15,10 @@ class RichTextBox;
 struct Sidebar;
 class UnsavedNotes;
 
-class LockedDay
+class HeldDay final : public LockedDay
 {
 public:
-    LockedDay(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes)
+    HeldDay(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, QMTDB& notes)
         : m_cells(cells), m_sidebar(sidebar), m_network(network), m_notes(notes)
     {
     }
@@ -34,9 +35,7 @@ public:
     // opening has taken the day from its cell no other cell's text may go into the record.
     int Cell() const;
 
-    // Stores what was typed and unlocks; true where no day is held by hand. False: it could not be stored, and the cell
-    // must stay what it is.
-    bool Commit();
+    bool Commit() override;
     // What the day view holds is its own affair: it knows its day whatever the calendar turns to. What was typed into
     // a cell before it was opened would be lost by a turn.
     void SetInWindow(bool inWindow) { m_isInWindow = inWindow; }
@@ -45,9 +44,7 @@ public:
     void HandTo(int cell);                // which is typed into from here on, and counts as typed
     void PutAside(const QByteArray& rtf); // lets go; this waits for the next look at its day, or for the exit
     void GiveUp();                        // lets go, the file is as it was
-    // Lets go unstored, as the exit and the opening of another planner do: what was typed is offered when its planner
-    // is next opened.
-    void LeaveBehind();
+    void LeaveBehind() override;
     void Close() { m_record.Close(); } // before the planner is closed
 
     void AddTyped(UnsavedNotes& typed) const; // what stands in the cell and is not in the planner yet

@@ -1,4 +1,4 @@
-#include "workgroup/lockedday.h"
+#include "workgroup/heldday.h"
 
 #include "calendar/calendarstate.h"
 #include "calendar/moddate.h"
@@ -32,7 +32,7 @@ void RefreshCache()
 }
 } // namespace
 
-void LockedDay::subLockDay()
+void HeldDay::subLockDay()
 {
     const int held = Cell();
     if (held == 0) m_record.Close();
@@ -47,36 +47,36 @@ void LockedDay::subLockDay()
     }
 }
 
-bool LockedDay::LooksFree() const
+bool HeldDay::LooksFree() const
 {
     return m_network.picLock->Visible(0);
 }
 
-int LockedDay::Cell() const
+int HeldDay::Cell() const
 {
     const int cell = MarkedCell();
     return cell != 0 && m_cells.Shows(cell) && Holds(m_cells.KeyOf(cell)) ? cell : 0;
 }
 
-void LockedDay::AskForCell() const
+void HeldDay::AskForCell() const
 {
     m_network.picLock->ShowElement(0);
     MsgBox(u"Please select a daily cell to lock"_s);
     LeaveCell();
 }
 
-void LockedDay::LeaveCell() const
+void HeldDay::LeaveCell() const
 {
     if (m_sidebar.tabSidebar->isVisible()) m_cells.LeaveFor(*m_sidebar.tabSidebar);
 }
 
-bool LockedDay::Take(const QString& key)
+bool HeldDay::Take(const QString& key)
 {
     return Take(key, ZoomLiteral, nullptr);
 }
 
 // A cell whose last commit did not get through still holds its record and keeps its text: that is what is to be stored.
-bool LockedDay::Take(const QString& key, QLatin1StringView literal, RichTextBox* shown)
+bool HeldDay::Take(const QString& key, QLatin1StringView literal, RichTextBox* shown)
 {
     m_network.picLock->ShowElement(1); // first of all: a failure puts it back
     try {
@@ -99,7 +99,7 @@ bool LockedDay::Take(const QString& key, QLatin1StringView literal, RichTextBox*
 }
 
 // With the delay as it stands in the settings by now: nobody has read it for a planner that was just made.
-void LockedDay::StartUnlockTimer() const
+void HeldDay::StartUnlockTimer() const
 {
     if (Read(settings::AutoUnLock) == 0) return;
     bGeneralUnlockEnable = true;
@@ -107,14 +107,14 @@ void LockedDay::StartUnlockTimer() const
     m_network.tmUnLock->SetEnabled(true);
 }
 
-void LockedDay::Lock(int cell)
+void HeldDay::Lock(int cell)
 {
     if (!Take(m_cells.KeyOf(cell), LockLiteral, &m_cells.tbDay(cell))) return;
     ShowHeld(cell);
     RefreshCache();
 }
 
-void LockedDay::ShowHeld(int cell)
+void HeldDay::ShowHeld(int cell)
 {
     m_network.picLock->ShowElement(1);
     m_cells.tbDay(cell).SetLocked(false);
@@ -123,26 +123,26 @@ void LockedDay::ShowHeld(int cell)
 }
 
 // The cell is left open: a key is refused by the picture, until the next read locks it.
-void LockedDay::ShowFree()
+void HeldDay::ShowFree()
 {
     m_network.picLock->ShowElement(0);
     m_cells.Unmark();
 }
 
-void LockedDay::HandTo(int cell)
+void HeldDay::HandTo(int cell)
 {
     ShowHeld(cell);
     m_cells.tbDay(cell).SetModified(true); // or nothing would count as typed
     g_iCurrentPanel = static_cast<std::int16_t>(cell);
 }
 
-bool LockedDay::Commit()
+bool HeldDay::Commit()
 {
     if (m_isInWindow) return Cell() == 0;
     return !m_record.IsHeld() || Unlock();
 }
 
-bool LockedDay::Unlock()
+bool HeldDay::Unlock()
 {
     // The timers go on behind the message of an unlock that failed.
     if (m_isUnlocking) return false;
@@ -156,7 +156,7 @@ bool LockedDay::Unlock()
     return true;
 }
 
-void LockedDay::LetGo()
+void HeldDay::LetGo()
 {
     m_record.Close();
     ShowFree();
@@ -164,7 +164,7 @@ void LockedDay::LetGo()
     m_network.tmUnLock->SetEnabled(false);
 }
 
-bool LockedDay::StoreCell(int cell)
+bool HeldDay::StoreCell(int cell)
 {
     m_cells.tbDay(cell).CommitPreedit();
     const auto failure = Store(m_cells.tbDay(cell).TextRTF());
@@ -179,7 +179,7 @@ bool LockedDay::StoreCell(int cell)
     return false;
 }
 
-std::optional<RunTimeError> LockedDay::Store(const QByteArray& rtf)
+std::optional<RunTimeError> HeldDay::Store(const QByteArray& rtf)
 {
     const auto isOver = qScopeGuard([this] { m_storing.reset(); });
     if (rtf != LockedText()) m_storing = rtf;
@@ -197,7 +197,7 @@ std::optional<RunTimeError> LockedDay::Store(const QByteArray& rtf)
 }
 
 // A full disk, a broken line: the day stays locked and its text where it is, to be tried again.
-void LockedDay::KeepLocked(const RunTimeError& error) const
+void HeldDay::KeepLocked(const RunTimeError& error) const
 {
     LogError(error, LockLiteral);
     m_network.picLock->ShowElement(1);
@@ -206,7 +206,7 @@ void LockedDay::KeepLocked(const RunTimeError& error) const
 }
 
 // The lock was lost with the connection, and somebody else has used the time.
-bool LockedDay::StoreOverOthers(int cell, const RunTimeError& error)
+bool HeldDay::StoreOverOthers(int cell, const RunTimeError& error)
 {
     m_network.picLock->ShowElement(1);
     const int answer = MsgBox(error.Description + u"\n\nYes puts your text in the place of theirs. No shows theirs, "
@@ -227,19 +227,19 @@ bool LockedDay::StoreOverOthers(int cell, const RunTimeError& error)
     }
 }
 
-void LockedDay::PutAside(const QByteArray& rtf)
+void HeldDay::PutAside(const QByteArray& rtf)
 {
     m_notes.PutNote(m_record.Key(), {rtf, LockedText(), {}});
     LetGo();
 }
 
-void LockedDay::GiveUp()
+void HeldDay::GiveUp()
 {
     m_record.GiveUp();
     ShowFree();
 }
 
-void LockedDay::LeaveBehind()
+void HeldDay::LeaveBehind()
 {
     const int cell = Cell();
     if (cell == 0) return;
@@ -252,7 +252,7 @@ void LockedDay::LeaveBehind()
     LetGo();
 }
 
-void LockedDay::AddTyped(UnsavedNotes& typed) const
+void HeldDay::AddTyped(UnsavedNotes& typed) const
 {
     const int cell = Cell();
     const bool isTyped = cell != 0 && m_cells.tbDay(cell).Modified();
@@ -261,7 +261,7 @@ void LockedDay::AddTyped(UnsavedNotes& typed) const
                {m_storing ? *m_storing : m_cells.tbDay(cell).TextRTF(), LockedText(), {}});
 }
 
-void LockedDay::KeepInPlace(int cell, const QString& isLocked) const
+void HeldDay::KeepInPlace(int cell, const QString& isLocked) const
 {
     RichTextBox& box = m_cells.tbDay(cell);
     MsgBox(fnFormatDateKey(m_cells.KeyOf(cell)) + isLocked, msgbox::Exclamation, messages::HelpWizard);
