@@ -36,7 +36,7 @@ QWidget* MakeColumn(const QString& caption, QWidget* content)
 }
 } // namespace
 
-RecoveryForm::RecoveryForm(const std::vector<FoundNote>& notes, QWidget* owner) : QDialog(owner), m_notes(notes)
+RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDialog(owner), m_notes(std::move(notes))
 {
     setObjectName(u"RecoveryForm"_s);
     setWindowTitle(u"Unsaved Notes Found"_s);

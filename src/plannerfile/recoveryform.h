@@ -24,7 +24,7 @@ class RecoveryForm : public QDialog
     Q_OBJECT
 
 public:
-    RecoveryForm(const std::vector<FoundNote>& notes, QWidget* owner);
+    RecoveryForm(std::vector<FoundNote> notes, QWidget* owner);
 
     // After exec() was Accepted. Rejected decides nothing: the question comes again.
     bool Takes(std::size_t number) const;
@@ -36,7 +36,7 @@ private:
     void TellTick(const QListWidgetItem* item);
     void ShowNote(int row);
 
-    const std::vector<FoundNote>& m_notes;
+    const std::vector<FoundNote> m_notes;
     QListWidget* m_lstDays = nullptr;
     RichTextBox* m_tbStored = nullptr;
     RichTextBox* m_tbFound = nullptr;
