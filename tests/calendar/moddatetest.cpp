@@ -13,35 +13,35 @@ private Q_SLOTS:
 
     void KeysDropPadding()
     {
-        for (const auto& [entry, key] : {std::pair(u"07/04/1999", u"1999/7/4"),
-                                         {u"7/4/1999", u"1999/7/4"},
-                                         {u" 7/ 4/1999", u"1999/7/4"},
-                                         {u"1999", u"1999/0/0"},
-                                         {u"7/1999", u"1999/7/0"},
-                                         {u"", u"0/0/0"}})
-            QCOMPARE(fnFnGetQMTDate(QString(entry)), QString(key));
+        for (const auto& [entry, key] : {std::pair("07/04/1999", "1999/7/4"),
+                                         {"7/4/1999", "1999/7/4"},
+                                         {" 7/ 4/1999", "1999/7/4"},
+                                         {"1999", "1999/0/0"},
+                                         {"7/1999", "1999/7/0"},
+                                         {"", "0/0/0"}})
+            QCOMPARE(fnFnGetQMTDate(QString::fromLatin1(entry)), QString::fromLatin1(key));
     }
 
     void KeysAreShownByMonthAndDay()
     {
-        for (const auto& [key, shown] : {std::pair(u"1999/7/4", u"Jul 4, 1999"),
-                                         {u"1999/12/Memo3", u"Dec Memo3, 1999"},
-                                         {u"1999/1/Memo12", u"Jan Memo12, 1999"},
-                                         {u"1999/1/Memo", u"Jan 0, 1999"},
-                                         {u"1999/13/4", u" 4, 1999"}})
-            QCOMPARE(fnFormatDateKey(QString(key)), QString(shown));
+        for (const auto& [key, shown] : {std::pair("1999/7/4", "Jul 4, 1999"),
+                                         {"1999/12/Memo3", "Dec Memo3, 1999"},
+                                         {"1999/1/Memo12", "Jan Memo12, 1999"},
+                                         {"1999/1/Memo", "Jan 0, 1999"},
+                                         {"1999/13/4", " 4, 1999"}})
+            QCOMPARE(fnFormatDateKey(QString::fromLatin1(key)), QString::fromLatin1(shown));
     }
 
     void OnlyKeysOfDaysAreRead()
     {
-        for (const auto& [key, read] : {std::pair(u"1999/12/31", u"1999/12/31"),
-                                        {u"1999/07/04", u"1999/7/4"},
-                                        {u"1900/2/29", u"1900/2/29"}, // of the grid alone
-                                        {u"1999/2/29", u""},
-                                        {u"1999/7/Memo3", u""},
-                                        {u"1999/7", u""}}) {
-            const auto day = DayOfKey(QString(key));
-            QCOMPARE(day ? KeyOf(*day) : QString(), QString(read));
+        for (const auto& [key, read] : {std::pair("1999/12/31", "1999/12/31"),
+                                        {"1999/07/04", "1999/7/4"},
+                                        {"1900/2/29", "1900/2/29"}, // of the grid alone
+                                        {"1999/2/29", ""},
+                                        {"1999/7/Memo3", ""},
+                                        {"1999/7", ""}}) {
+            const auto day = DayOfKey(QString::fromLatin1(key));
+            QCOMPARE(day ? KeyOf(*day) : QString(), QString::fromLatin1(read));
         }
     }
 
