@@ -11,8 +11,6 @@ std::int16_t g_iLanguage = 0;
 std::array<std::int16_t, 14> g_aiDaysInMonth{};
 std::array<std::int16_t, CellCount> g_aiCalendar{};
 std::array<std::int16_t, CellCount> g_aiLockState{};
-QString g_sNotSaved;
-QString g_sNotKept;
 
 namespace {
 std::int16_t& State(int cell)
@@ -61,6 +59,4 @@ void ResetCalendarStateForTests()
     g_aiDaysInMonth = {};
     g_aiCalendar = {};
     g_aiLockState = {};
-    g_sNotSaved.clear();
-    g_sNotKept.clear();
 }

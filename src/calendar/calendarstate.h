@@ -1,8 +1,6 @@
 // The calendar's state: what is shown, which day is selected, which cell is current. Plain variables, shared by all.
 #pragma once
 
-#include <QString>
-
 #include <array>
 #include <cstdint>
 
@@ -24,10 +22,6 @@ extern std::array<std::int16_t, CellCount> g_aiLockState; // cell - 1: personal:
                                                           // shared: locked by this user. By Mark and ClearMarks:
                                                           // cell events, QMTDB, the day view, the day lock, the
                                                           // window of recurring events
-
-// What somebody must know as long as it is true, behind the month's title; empty while it is not.
-extern QString g_sNotSaved; // notes wait to be saved, and why; QMTDB
-extern QString g_sNotKept;  // what is typed cannot be kept aside, and why; the journal's trouble
 
 // Cells by their number, 1 to 42: error 9 for any other.
 bool IsMarked(int cell);

@@ -100,53 +100,54 @@ void CCalendarView::PlaceCell(int cell, int column, int top, int height)
 
 void CCalendarView::PosWeekPanels(const Rectangle& area)
 {
-    const ErrorTail tail(" in CCalendarView, PosWeekPanels"_L1, {errors::NoSuchElement});
-    tail([&] { LoadCells(FirstWeekCell, LastWeekCell); });
-    for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
-        tail([&] { PlaceCell(cell, cell - FirstWeekCell, area.top, area.bottom - area.top); });
-    }
-    tail([&] { m_redraw->subDisplayWeek(); });
-    SetViewMode(ViewMode::Week);
-    tail([&] { RestoreAlarmMarks(FirstWeekCell, LastWeekCell); });
+    PosPanels(ViewMode::Week, " in CCalendarView, PosWeekPanels"_L1,
+              [&](int place) { PlaceCell(FirstWeekCell + place, place, area.top, area.bottom - area.top); });
 }
 
 void CCalendarView::PosMonthPanels(const Rectangle& area)
 {
-    const ErrorTail tail(" in CCalendarView, PosMonthPanels"_L1, {errors::NoSuchElement});
-    tail([&] { LoadCells(FirstMonthCell, LastMonthCell); });
     const int rowHeight = (area.bottom - area.top) / Rows;
     const int rest = area.bottom - area.top - Rows * rowHeight;
-    for (int cell = FirstMonthCell; cell <= LastMonthCell; ++cell) {
-        const int row = (cell - FirstMonthCell) / Columns;
-        const int column = (cell - FirstMonthCell) % Columns;
+    PosPanels(ViewMode::Month, " in CCalendarView, PosMonthPanels"_L1, [&](int place) {
+        const int row = place / Columns;
         // The last row takes the remainder and stops one pixel short of the bottom.
         const int height = row == Rows - 1 ? rowHeight + rest - 1 : rowHeight;
-        tail([&] { PlaceCell(cell, column, area.top + row * rowHeight, height); });
-    }
-    tail([&] { m_redraw->subDisplayMonth(); });
-    SetViewMode(ViewMode::Month);
-    tail([&] { RestoreAlarmMarks(FirstMonthCell, LastMonthCell); });
+        PlaceCell(FirstMonthCell + place, place % Columns, area.top + row * rowHeight, height);
+    });
 }
 
-void CCalendarView::RestoreAlarmMarks(int first, int last)
+// placeCell takes the cell's place in its view, from 0.
+void CCalendarView::PosPanels(int mode, QLatin1StringView literal, const std::function<void(int place)>& placeCell)
+{
+    const ErrorTail tail(literal, {errors::NoSuchElement});
+    const CellRange cells = CellsOf(mode);
+    tail([&] { LoadCells(cells.first, cells.last); });
+    for (const int cell : cells)
+        tail([&] { placeCell(cell - cells.first); });
+    SetViewMode(mode);
+    tail([&] { m_redraw->Display(); });
+    tail([&] { RestoreAlarmMarks(cells); });
+}
+
+void CCalendarView::RestoreAlarmMarks(CellRange cells)
 {
     if (!HasPlanner()) return;
     const ReadTransaction reading(g_dbPlanner);
-    reading.Expect(g_rsAlarm, m_cells.Keys({first, last}));
-    for (int cell = first; cell <= last; ++cell) {
+    reading.Expect(g_rsAlarm, m_cells.Keys(cells));
+    for (const int cell : cells) {
         if (m_cells.btnTunes.Exists(cell)) {
             PlaceAlarmIcon(m_cells, cell);
         } else {
-            subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell);
+            subShowAlarmIcon(m_cells, m_cells.KeyOf(cell), cell);
         }
     }
 }
 
 void CCalendarView::Clear()
 {
-    const CellRange range = CellsOf(m_iViewMode);
     m_cells.LeaveFor(*m_cells.Client()); // else the focus would pass on to the first button of the toolbar
-    for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
+    for (const int cell : CellsOf(m_iViewMode)) {
+        if (cell == 0) continue; // the view of a day
         SetVisible(m_cells.panelDay(cell), false);
         SetVisible(m_cells.tbDay(cell), false);
     }

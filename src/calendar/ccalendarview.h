@@ -4,7 +4,10 @@
 
 #include "calendar/viewmode.h"
 
+#include <QLatin1StringView>
+
 #include <cstdint>
+#include <functional>
 
 class Cells;
 class Redraw;
@@ -41,7 +44,8 @@ private:
     void PosMonthPanels(const Rectangle& area);
     void PlaceCell(int cell, int column, int top, int height);
     void ShowViewButtons();
-    void RestoreAlarmMarks(int first, int last);
+    void PosPanels(int mode, QLatin1StringView literal, const std::function<void(int place)>& placeCell);
+    void RestoreAlarmMarks(CellRange cells);
 
     Cells& m_cells;
     const Sidebar& m_sidebar;

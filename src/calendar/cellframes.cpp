@@ -1,8 +1,10 @@
 #include "calendar/cellframes.h"
 
+#include "calendar/calendarstate.h"
 #include "hall/cells.h"
 #include "hall/formatbar.h"
 #include "hall/sidebar.h"
+#include "plannerfile/plannerstate.h"
 #include "platform/controls/picturestrip.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
@@ -19,6 +21,9 @@ CellFrames::CellFrames(Cells& cells, const FormatBar& bar, const Sidebar& sideba
     // Also where its window is not the active one.
     connect(&cells, &Cells::GotFocus, this, follow);
     connect(&cells, &Cells::Left, this, follow);
+    const auto followLocks = Guarded(" in MainForm, FollowLocks"_L1, [this] { FollowLocks(); });
+    connect(&cells, &Cells::StateChanged, this, followLocks);
+    connect(&cells, &Cells::Redrawn, this, followLocks);
 }
 
 void CellFrames::FollowFocus()
@@ -49,4 +54,11 @@ void CellFrames::Leave(int forCell)
 {
     const int before = std::exchange(m_visited, forCell);
     if (before != forCell && before != 0) m_cells.tbDay(before).ShowBeginning();
+}
+
+// In a personal planner a mark only says that the caret has been in the cell.
+void CellFrames::FollowLocks()
+{
+    for (int cell = 1; cell <= CellCount; ++cell)
+        if (m_cells.panelDay.Exists(cell)) m_cells.panelDay(cell).SetHeld(g_bDBShared && IsMarked(cell));
 }

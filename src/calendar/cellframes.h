@@ -1,5 +1,6 @@
-// The cell with the caret: it wears a thin frame, and once it is left it shows its note from the beginning again.
-// Follows the focus of the whole program.
+// The frames of cells. The cell with the caret wears a thin one, and once it is left it shows its note from the
+// beginning again; it follows the focus of the whole program. A day that this user has locked wears one as long as the
+// lock is held, wherever the caret is.
 #pragma once
 
 #include <QObject>
@@ -20,6 +21,7 @@ private:
     bool IsTool(const QWidget* now) const;
     void Frame(int cell);
     void Leave(int forCell);
+    void FollowLocks();
 
     Cells& m_cells;
     const FormatBar& m_bar;

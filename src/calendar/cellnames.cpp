@@ -7,7 +7,6 @@
 #include "plannerfile/plannerstate.h"
 #include "platform/desktop/clock.h"
 #include "platform/runtime/errortail.h"
-#include "platform/runtime/language.h"
 
 namespace {
 constexpr QLatin1StringView Literal(" in CCalendarView, CellNames");
@@ -21,9 +20,8 @@ GridDay Today()
 // "Today. Has an alarm."
 QString Describe(const Cells& cells, int cell)
 {
-    const QString caption = cells.panelDay(cell).Caption();
-    const GridDay day = {g_iYear, g_iMonth, IsMemoCaption(caption) ? 0 : IntegerOf(caption)};
-    const bool isDay = !IsMemoCaption(caption);
+    const GridDay day = {g_iYear, g_iMonth, cells.DayOf(cell)};
+    const bool isDay = day.day != 0;
     const std::pair<bool, QLatin1StringView> parts[] = {
         {isDay && day == Today(), "Today."_L1},
         {isDay && day < Today(), "Past."_L1},

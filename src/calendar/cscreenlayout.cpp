@@ -1,8 +1,12 @@
 #include "calendar/cscreenlayout.h"
 
+#include "calendar/calendarstate.h"
 #include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
+#include "calendar/redraw.h"
+#include "calendar/turn.h"
+#include "plannerfile/plannerstate.h"
 #include "platform/desktop/twips.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/profile/profile.h"
@@ -75,38 +79,75 @@ void CScreenLayout::DestroyWindow(const std::optional<Rectangle>& place)
     Write(settings::MainBottom, TrimmedStr(ToTwips(top + place->bottom - place->top)));
 }
 
-void CScreenLayout::GetClientRect(std::int32_t& left, std::int32_t& top, std::int32_t& right,
-                                  std::int32_t& bottom) const
+Rectangle CScreenLayout::GetClientRect() const
 {
-    left = top = 0;
-    right = m_client.width();
-    bottom = m_client.height();
+    return {0, 0, m_client.width(), m_client.height()};
 }
 
-bool CScreenLayout::ClientRectChanged() const
-{
-    Rectangle now;
-    GetClientRect(now.left, now.top, now.right, now.bottom);
-    return !(now == m_rcClient);
-}
-
-void CScreenLayout::RefreshLayout(CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
-                                  CCalendarView& calendar)
+void CScreenLayout::RefreshLayout()
 {
     if (m_bMoving) return;
     const ErrorTail tail(" in CScreenLayout, RefreshLayout"_L1);
-    tail([&] { toolbar.ShowControl(); });
-    std::int32_t left = 0, top = 0, right = 0, bottom = 0;
-    GetClientRect(left, top, right, bottom);
+    tail([&] { m_toolbar.ShowControl(); });
+    const Rectangle client = GetClientRect();
     // What a minimised window leaves out is placed when it comes back.
-    m_rcClient = m_window.isMinimized() ? Rectangle{} : Rectangle{left, top, right, bottom};
-    const bool atBottom = toolbar.IsVisible() && toolbar.GetAlignment() == CToolbarView::AlignBottom;
-    const int above = toolbar.IsVisible() && !atBottom ? toolbar.Height() : 0;
-    const int below = atBottom ? toolbar.Height() : 0;
-    const int barHeight = statusbar.Height();
-    tail([&] { sidebar.ShowControl(left, top + above, sidebar.Width(), bottom - below - 1); });
-    if (sidebar.IsVisible()) left = sidebar.Width();
+    m_rcClient = m_window.isMinimized() ? Rectangle{} : client;
+    const bool atBottom = m_toolbar.IsVisible() && m_toolbar.GetAlignment() == CToolbarView::AlignBottom;
+    const int above = m_toolbar.IsVisible() && !atBottom ? m_toolbar.Height() : 0;
+    const int bottom = client.bottom - (atBottom ? m_toolbar.Height() : 0);
+    const int barHeight = m_statusbar.Height();
+    tail([&] { m_sidebar.ShowControl(0, above, m_sidebar.Width(), bottom - 1); });
+    const int left = m_sidebar.IsVisible() ? m_sidebar.Width() : 0;
     // The bar under the status bar takes a line of its own; above the calendar it takes none.
-    tail([&] { statusbar.ShowControl(left, bottom - below - barHeight, right, bottom - below - 1); });
-    tail([&] { calendar.Show(left, top + above, right, bottom - barHeight - below); });
+    tail([&] { m_statusbar.ShowControl(left, bottom - barHeight, client.right, bottom - 1); });
+    tail([&] { m_calendar.Show(left, above, client.right, bottom - barHeight); });
+}
+
+void CScreenLayout::LayOutAgain()
+{
+    // The week is drawn anew as that of the selected day. Where the moves had left that week, the notes go with it.
+    const bool rowChanges = HasPlanner() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
+    const std::int16_t current = g_iCurrentPanel;
+    if (rowChanges) {
+        m_turn(" in MainForm, Form_Resize"_L1, [&] { RefreshLayout(); });
+    } else {
+        RefreshLayout();
+    }
+    // A day that this user has locked stays the current one.
+    if (g_bDBShared && MarkedCell() != 0) g_iCurrentPanel = current;
+}
+
+void CScreenLayout::Form_Resize()
+{
+    if (GetClientRect() != m_rcClient) LayOutAgain();
+}
+
+void CScreenLayout::Form_DragDrop(const QPoint& dropped)
+{
+    m_toolbar.DragDropReposition(GetClientRect(), dropped.x(), dropped.y());
+    LayOutAgain();
+}
+
+void CScreenLayout::mnuViewTBVisible_Click()
+{
+    m_toolbar.SetVisible();
+    LayOutAgain();
+}
+
+void CScreenLayout::mnuViewTBAlignTop_Click()
+{
+    m_toolbar.SetAlignment(CToolbarView::AlignTop);
+    LayOutAgain();
+}
+
+void CScreenLayout::mnuViewTBAlignBottom_Click()
+{
+    m_toolbar.SetAlignment(CToolbarView::AlignBottom);
+    LayOutAgain();
+}
+
+void CScreenLayout::mnuViewSBVisible_Click()
+{
+    m_sidebar.SetVisible();
+    LayOutAgain();
 }

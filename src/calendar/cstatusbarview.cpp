@@ -17,18 +17,8 @@ void CStatusbarView::ShowControl(std::int32_t left, std::int32_t, std::int32_t r
     if (panel.window()->isMinimized()) return;
     panel.setGeometry(left, bottom - Height(), right - left, Height());
     panel.SetSides(m_bottom.imgLeftSpin->width());
-    PlaceLeftSpin();
-    PlaceRightSpin();
+    m_bottom.imgLeftSpin->move(0, 0);
+    m_bottom.imgRightSpin->move(panel.width() - m_bottom.imgRightSpin->width(), 0);
     StyleTitle(panel);
     SetVisible(panel, true);
-}
-
-void CStatusbarView::PlaceLeftSpin()
-{
-    m_bottom.imgLeftSpin->move(0, 0);
-}
-
-void CStatusbarView::PlaceRightSpin()
-{
-    m_bottom.imgRightSpin->move(m_bottom.panelBottom->width() - m_bottom.imgRightSpin->width(), 0);
 }

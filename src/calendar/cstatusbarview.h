@@ -14,8 +14,5 @@ public:
     void ShowControl(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
 
 private:
-    void PlaceLeftSpin();
-    void PlaceRightSpin();
-
     const BottomPanel& m_bottom;
 };

@@ -1,6 +1,6 @@
 #include "calendar/ctoolbarview.h"
 
-#include "calendar/clientarea.h"
+#include "calendar/ccalendarview.h"
 #include "hall/menus.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
@@ -40,15 +40,13 @@ void CToolbarView::SetAlignment(std::int32_t alignment)
     UpdateMenus();
 }
 
-void CToolbarView::DragDropReposition(const ClientArea& area, std::int32_t x, std::int32_t y)
+void CToolbarView::DragDropReposition(const Rectangle& client, std::int32_t x, std::int32_t y)
 {
-    std::int32_t left = 0, top = 0, right = 0, bottom = 0;
-    area.GetClientRect(left, top, right, bottom);
     const auto within = [](int value, int low, int high) { return low < value && value < high; };
-    if (!within(x, left, right)) return;
-    if (within(y, bottom - Height(), bottom)) {
+    if (!within(x, client.left, client.right)) return;
+    if (within(y, client.bottom - Height(), client.bottom)) {
         SetAlignment(AlignBottom);
-    } else if (within(y, top, top + Height())) {
+    } else if (within(y, client.top, client.top + Height())) {
         SetAlignment(AlignTop);
     }
 }

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-class ClientArea;
 class Menus;
 class Toolbar;
+struct Rectangle;
 
 class CToolbarView
 {
@@ -24,7 +24,7 @@ public:
     std::int32_t GetAlignment() const { return m_iAlignment; }
     void SetAlignment(std::int32_t alignment);
     // The bar was dropped at this point of the client area; it moves only if that is where a bar can be.
-    void DragDropReposition(const ClientArea& area, std::int32_t x, std::int32_t y);
+    void DragDropReposition(const Rectangle& client, std::int32_t x, std::int32_t y);
 
     int Height() const; // logical pixels, whether or not it is shown
     void ShowControl();

@@ -1,4 +1,4 @@
-// The day that this user holds in a workgroup's planner, for those who are about to show other days. The day lock knows
+// The day that this user holds in a workgroup's planner, for those who are about to show other days. HeldDay knows
 // how to let go of it; those below it ask through this.
 #pragma once
 

@@ -79,13 +79,6 @@ QString MonthTitle()
     return fnMonthName(g_iMonth) + Str(g_iYear);
 }
 
-QString FootTitle()
-{
-    QStringList parts = {MonthTitle(), g_sNotKept, g_sNotSaved};
-    parts.removeAll(QString());
-    return parts.join(u" - "_s);
-}
-
 QString fnDayOfWeekName(int day)
 {
     constexpr int LettersShown = 3;

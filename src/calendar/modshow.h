@@ -20,7 +20,6 @@ int Weekday(int year, int month, int day); // 1 Sunday to 7 Saturday; a day past
 QString fnMonthName(int month);   // upper case, in g_iLanguage; empty for any other month or language
 QString MonthWord(int month);     // "July", likewise
 QString MonthTitle();             // "JULY 1999", the title at the foot of the calendar
-QString FootTitle();              // the same, with the notices of the calendar's state behind it
 QString fnDayOfWeekName(int day); // 0 "Sun" to 6 "Sat", else empty
 
 // The value of an upper-case colour name, blue, green, red from high to low; any other text is 0, black.

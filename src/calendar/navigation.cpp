@@ -1,10 +1,9 @@
 #include "calendar/navigation.h"
 
-#include "calendar/bars.h"
 #include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
-#include "calendar/moddate.h"
-#include "calendar/modshow.h"
+#include "calendar/cscreenlayout.h"
+#include "calendar/foot.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
 #include "hall/bottompanel.h"
@@ -13,31 +12,21 @@
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/refusals.h"
 #include "platform/controls/picturebutton.h"
-#include "platform/desktop/clock.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-
-struct Navigation::View
-{
-    int mode;
-    QLatin1StringView literal;
-    QLatin1StringView name;
-};
+#include "workgroup/heldday.h"
 
 bool Navigation::RefusesToLeave()
 {
     if (!g_bDBShared) return false;
-    if (MarkedCell() == 0) {
-        g_iCurrentPanel = 0;
-        return false;
+    const bool isLocked = MarkedCell() != 0;
+    if (isLocked && g_iCurrentPanel != 0) {
+        m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
+        return true;
     }
-    if (g_iCurrentPanel == 0) return false;
-    const int held = m_cells.CellToStayIn(); // the idle timer goes on behind the box
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) + u" is locked, please unlock first."_s,
-           msgbox::Exclamation, messages::HelpWizard);
-    m_cells.tbDay(held).setFocus();
-    return true;
+    if (!isLocked) g_iCurrentPanel = 0;
+    return false;
 }
 
 void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)())
@@ -63,13 +52,18 @@ void Navigation::subActionPrevious()
     Move(" in MainForm, subActionPrevious"_L1, &Redraw::subDisplayPrevMonth, &Redraw::subDisplayPrevWeek);
 }
 
+bool Navigation::TurnToToday(QLatin1StringView literal)
+{
+    return m_turn(literal, [&] {
+        GoToToday();
+        m_redraw.Display();
+        m_foot.ShowMonth();
+    });
+}
+
 void Navigation::mnuThisMonth_Click()
 {
-    m_turn(" in MainForm, mnuThisMonth_Click"_L1, [&] {
-        GoToToday();
-        m_redraw.subDisplayMonth();
-        m_bottom.panelBottom->SetCaption(FootTitle());
-    });
+    TurnToToday(" in MainForm, mnuThisMonth_Click"_L1);
 }
 
 void Navigation::mnuCurrentWeek_Click()
@@ -80,17 +74,17 @@ void Navigation::mnuCurrentWeek_Click()
     });
 }
 
-void Navigation::SwitchTo(const View& view)
+void Navigation::SwitchTo(int mode, QLatin1StringView literal, const QString& name)
 {
     if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
-    const ErrorTail tail(view.literal);
-    if (m_calendar.GetViewMode() == view.mode) {
-        MsgBox(u"You are currently in %1"_s.arg(view.name), msgbox::Information, view.name);
+    const ErrorTail tail(literal);
+    if (m_calendar.GetViewMode() == mode) {
+        MsgBox(u"You are currently in "_s + name, msgbox::Information, name);
     } else {
-        m_turn(view.literal, [&] {
+        m_turn(literal, [&] {
             m_calendar.Clear();
-            m_calendar.SetViewMode(view.mode);
-            m_bars.RefreshLayout();
+            m_calendar.SetViewMode(mode);
+            m_layout.RefreshLayout();
         });
     }
     tail([&] { subSetViewMenus(); });
@@ -98,12 +92,12 @@ void Navigation::SwitchTo(const View& view)
 
 void Navigation::subSwitchToMonthView()
 {
-    SwitchTo({ViewMode::Month, " in MainForm, subSwitchToMonthView"_L1, "Month View"_L1});
+    SwitchTo(ViewMode::Month, " in MainForm, subSwitchToMonthView"_L1, u"Month View"_s);
 }
 
 void Navigation::subSwitchToWeekView()
 {
-    SwitchTo({ViewMode::Week, " in MainForm, subSwitchToWeekView"_L1, "Week View"_L1});
+    SwitchTo(ViewMode::Week, " in MainForm, subSwitchToWeekView"_L1, u"Week View"_s);
 }
 
 void Navigation::picWeek_Click(int Index)
@@ -131,32 +125,21 @@ void Navigation::tmMidnightRefresh_Timer()
     // After a day that could not be stored the calendar turns when that is done.
     const bool isOwed = m_isTurnOwed && !(g_bDBShared && MarkedCell() != 0);
     if (!isFirstMinute && !isOtherDay && !isOwed) return;
-    m_isTurnOwed = !m_turn(" in MainForm, tmMidnightRefresh_Timer"_L1, [&] {
-        GoToToday();
-        if (m_calendar.GetViewMode() == ViewMode::Month) m_redraw.subDisplayMonth();
-        if (m_calendar.GetViewMode() == ViewMode::Week) m_redraw.subDisplayWeek();
-        m_bottom.panelBottom->SetCaption(FootTitle());
-    });
+    m_isTurnOwed = !TurnToToday(" in MainForm, tmMidnightRefresh_Timer"_L1);
     // Nobody has asked for the turn, and whoever is typing would go on in another day's note.
     if (m_cells.CellWithCaret() != 0 && !m_cells.CaretHasItsDay()) m_cells.LeaveFor(*m_cells.Client());
 }
 
 void Navigation::subSetViewMenus()
 {
-    struct Row
-    {
-        const char* name;
-        bool inWeek;
-        bool inMonth;
-    };
-    static constexpr Row rows[] = {{"mnuWeekView", false, true},  {"mnuMonthView", true, false},
-                                   {"mnuDayView", true, true},    {"mnuPrevWeek", true, false},
-                                   {"mnuNextWeek", true, false},  {"mnuCurrentWeek", true, false},
-                                   {"mnuPrevMonth", false, true}, {"mnuNextMonth", false, true},
-                                   {"mnuThisMonth", false, true}, {"mnuDateSearch", false, true}};
+    static constexpr const char* ofMonth[] = {"mnuWeekView", "mnuPrevMonth", "mnuNextMonth", "mnuThisMonth",
+                                              "mnuDateSearch"};
+    static constexpr const char* ofWeek[] = {"mnuMonthView", "mnuPrevWeek", "mnuNextWeek", "mnuCurrentWeek"};
     const int mode = m_calendar.GetViewMode();
     if (mode != ViewMode::Week && mode != ViewMode::Month) return;
-    for (const Row& row : rows) {
-        m_menus(QLatin1StringView(row.name)).SetEnabled(mode == ViewMode::Week ? row.inWeek : row.inMonth);
-    }
+    for (const char* name : ofMonth)
+        m_menus(QLatin1StringView(name)).SetEnabled(mode == ViewMode::Month);
+    for (const char* name : ofWeek)
+        m_menus(QLatin1StringView(name)).SetEnabled(mode == ViewMode::Week);
+    m_menus("mnuDayView"_L1).SetEnabled(true);
 }

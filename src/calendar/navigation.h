@@ -6,10 +6,12 @@
 
 #include <QLatin1StringView>
 
-class Bars;
 struct BottomPanel;
 class CCalendarView;
+class CScreenLayout;
 class Cells;
+class Foot;
+class HeldDay;
 class Menus;
 class Redraw;
 class Turn;
@@ -17,10 +19,10 @@ class Turn;
 class Navigation
 {
 public:
-    Navigation(Cells& cells, const BottomPanel& bottom, Turn& turn, Redraw& redraw, Menus& menus,
-               CCalendarView& calendar, Bars& bars)
-        : m_cells(cells), m_bottom(bottom), m_turn(turn), m_redraw(redraw), m_menus(menus), m_calendar(calendar),
-          m_bars(bars)
+    Navigation(Cells& cells, const BottomPanel& bottom, Foot& foot, Turn& turn, Redraw& redraw, Menus& menus,
+               CCalendarView& calendar, CScreenLayout& layout, const HeldDay& heldDay)
+        : m_cells(cells), m_bottom(bottom), m_foot(foot), m_turn(turn), m_redraw(redraw), m_menus(menus),
+          m_calendar(calendar), m_layout(layout), m_heldDay(heldDay)
     {
     }
 
@@ -43,19 +45,20 @@ public:
     void subSetViewMenus(); // which of the Goto and View entries the present mode allows
 
 private:
-    struct View;
-
     bool RefusesToLeave();
     void Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)());
-    void SwitchTo(const View& view);
+    bool TurnToToday(QLatin1StringView literal); // today, in the view that is shown; false as a turn's
+    void SwitchTo(int mode, QLatin1StringView literal, const QString& name);
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
+    Foot& m_foot;
     Turn& m_turn;
     Redraw& m_redraw;
     Menus& m_menus;
     CCalendarView& m_calendar;
-    Bars& m_bars;
+    CScreenLayout& m_layout;
+    const HeldDay& m_heldDay;
     QDate m_lastTick = desktopclock::Now().date(); // of the midnight timer
     bool m_isTurnOwed = false;                     // to today
 };

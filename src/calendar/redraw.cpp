@@ -1,9 +1,9 @@
 #include "calendar/redraw.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/foot.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
-#include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
 #include "plannerfile/alarmmarks.h"
@@ -42,14 +42,22 @@ struct CellStyles
     int todaysDay = ShownToday();
 };
 
-void ShowSlot(SSPanel& panel, const DaySlot& slot, const CellStyles& styles)
+void ShowSlot(Cells& cells, int cell, const DaySlot& slot, const CellStyles& styles)
 {
+    cells.Number(cell, slot);
+    SSPanel& panel = cells.panelDay(cell);
     const bool isToday = !slot.isMemo && slot.number == styles.todaysDay;
-    panel.SetCaption(slot.Caption());
     ApplyStyle(panel, slot.isMemo ? styles.memo : isToday ? styles.today : styles.daily);
     if (styles.font3D) panel.SetFont3D(*styles.font3D);
     panel.SetPaper(slot.isMemo ? paper::MemoPaper : isToday ? paper::Today : paper::Paper);
     panel.SetFrame(isToday ? paper::TodayFrame : QColor());
+}
+
+// What a value of the week's map stands for.
+DaySlot SlotOf(int value)
+{
+    const int days = fnDaysInMonth();
+    return {value > days, value > days ? value - days : value};
 }
 
 void StepMonth(int step)
@@ -82,7 +90,7 @@ void Redraw::DisplayMonthCells()
         SSPanel& panel = m_cells.panelDay(cell);
         panel.Tag = slot.isMemo ? u"Memo"_s : QString();
         panel.SetCaptionAlignment(slot.isMemo ? SSPanel::CenterTop : SSPanel::LeftTop);
-        ShowSlot(panel, slot, styles);
+        ShowSlot(m_cells, cell, slot, styles);
     }
 }
 
@@ -92,6 +100,12 @@ void Redraw::FinishRedraw()
     subStylePastDates();
     g_iCurrentPanel = 0;
     Q_EMIT m_cells.Redrawn();
+}
+
+void Redraw::Display()
+{
+    if (m_viewMode.GetViewMode() == ViewMode::Month) subDisplayMonth();
+    if (m_viewMode.GetViewMode() == ViewMode::Week) subDisplayWeek();
 }
 
 void Redraw::subDisplayMonth()
@@ -107,28 +121,17 @@ void Redraw::MoveMonth(int step)
     const ErrorTail tail(step > 0 ? " in MODSHOW, subDisplayNextMonth"_L1 : " in MODSHOW, subDisplayPrevMonth"_L1);
     tail([&] { StepMonth(step); });
     subDisplayMonth();
-    m_bottom.panelBottom->SetCaption(FootTitle());
+    m_foot.ShowMonth();
 }
 
-void Redraw::subDisplayNextMonth()
-{
-    MoveMonth(1);
-}
-
-void Redraw::subDisplayPrevMonth()
-{
-    MoveMonth(-1);
-}
-
-void Redraw::DisplayWeekCells(int firstSlot, int daysInMonth, bool with3D)
+void Redraw::DisplayWeekCells(int firstSlot, bool with3D)
 {
     CellStyles styles = {ReadStyle(settings::WeekMemo), ReadStyle(settings::WeekDaily), ReadStyle(settings::WeekToday),
                          std::nullopt};
     if (with3D) styles.font3D = Read(settings::WeekDailyFont3D);
     for (int cell = FirstWeekCell; cell <= LastWeekCell; ++cell) {
         const int value = g_aiCalendar.at(static_cast<std::size_t>(firstSlot - 1 + cell - FirstWeekCell));
-        const bool isMemo = value > daysInMonth;
-        ShowSlot(m_cells.panelDay(cell), {isMemo, isMemo ? value - daysInMonth : value}, styles);
+        ShowSlot(m_cells, cell, SlotOf(value), styles);
     }
 }
 
@@ -139,49 +142,30 @@ void Redraw::subDisplayWeek()
         // The table of lengths is not refreshed here: after a year's end crossed week by week February keeps the
         // length of the last month drawn.
         g_aiCalendar = WeekMap(Weekday(g_iYear, g_iMonth, 1), fnDaysInMonth());
-        DisplayWeekCells(FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay), fnDaysInMonth(), true);
+        DisplayWeekCells(FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay), true);
     });
     tail([&] { FinishRedraw(); });
 }
 
-void Redraw::subDisplayNextWeek()
-{
-    const ErrorTail tail(" in MODSHOW, subDisplayNextWeek"_L1);
-    tail([&] { MoveWeek(1); });
-}
-
-void Redraw::subDisplayPrevWeek()
-{
-    const ErrorTail tail(" in MODSHOW, subDisplayPrevWeek"_L1);
-    tail([&] { MoveWeek(-1); });
-}
-
 void Redraw::MoveWeek(int step)
 {
-    const QString edge = m_cells.panelDay(step > 0 ? LastWeekCell : FirstWeekCell).Caption();
-    const int lastInDirection = step > 0 ? fnDaysInMonth() : 1;
-    if (IsMemoCaption(edge) || IntegerOf(edge) == lastInDirection) {
-        MoveAcrossMonth(step);
+    const ErrorTail tail(step > 0 ? " in MODSHOW, subDisplayNextWeek"_L1 : " in MODSHOW, subDisplayPrevWeek"_L1);
+    tail([&] {
+        const int edge = m_cells.DayOf(step > 0 ? LastWeekCell : FirstWeekCell);
+        if (edge != 0 && edge != (step > 0 ? fnDaysInMonth() : 1)) return DisplayWeekBeside(edge, step);
+        StepMonth(step);
+        g_iDay = step > 0 ? std::int16_t{1} : fnDaysInMonth();
         subDisplayWeek();
-    } else {
-        DisplayWeekBeside(edge, step);
-        FinishRedraw();
-    }
+    });
 }
 
-void Redraw::MoveAcrossMonth(int step)
+// edge is the day of the shown row's last cell in the direction of the step.
+void Redraw::DisplayWeekBeside(int edge, int step)
 {
-    StepMonth(step);
-    if (step > 0) g_iDay = 1;
-    if (step < 0) g_iDay = fnDaysInMonth();
-}
-
-// edge is the caption of the shown row's last cell in the direction of the step.
-void Redraw::DisplayWeekBeside(const QString& edge, int step)
-{
-    const auto found = std::find(g_aiCalendar.begin(), g_aiCalendar.end(), IntegerOf(edge));
+    const auto found = std::find(g_aiCalendar.begin(), g_aiCalendar.end(), edge);
     const int slot = static_cast<int>(found - g_aiCalendar.begin()) + 1;
-    DisplayWeekCells(step > 0 ? slot + 1 : slot - DaysInWeek, fnDaysInMonth(), false);
+    DisplayWeekCells(step > 0 ? slot + 1 : slot - DaysInWeek, false);
+    FinishRedraw();
 }
 
 bool Redraw::ShowsOtherWeek() const
@@ -189,9 +173,7 @@ bool Redraw::ShowsOtherWeek() const
     if (!m_cells.panelDay.Exists(FirstWeekCell)) return true;
     const int slot = FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay);
     const int value = WeekMap(Weekday(g_iYear, g_iMonth, 1), fnDaysInMonth()).at(static_cast<std::size_t>(slot - 1));
-    const bool isMemo = value > fnDaysInMonth();
-    const DaySlot first = {isMemo, isMemo ? value - fnDaysInMonth() : value};
-    return m_cells.panelDay(FirstWeekCell).Caption() != first.Caption();
+    return m_cells.panelDay(FirstWeekCell).Caption() != SlotOf(value).Caption();
 }
 
 void Redraw::subStylePastDates()
@@ -203,10 +185,10 @@ void Redraw::subStylePastDates()
     const bool isMonth = viewMode == ViewMode::Month;
     const PanelStyle past = ReadStyle(isMonth ? settings::PastDatePanel : settings::WeekPastDate);
     const bool struckOut = Read(isMonth ? settings::PastDateStrikeThru : settings::WeekPastDateStrikeThru) == -1;
-    const CellRange range = CellsOf(viewMode);
-    for (int cell = range.first; cell <= range.last; ++cell) {
+    for (const int cell : CellsOf(viewMode)) {
+        const int day = m_cells.DayOf(cell);
+        if (day == 0 || day > pastDays) continue;
         SSPanel& panel = m_cells.panelDay(cell);
-        if (IsMemoCaption(panel.Caption()) || Val(panel.Caption()) > pastDays) continue;
         ApplyStyle(panel, past);
         QFont font = panel.CaptionFont();
         font.setStrikeOut(struckOut);

@@ -1,41 +1,38 @@
 // MODSHOW's drawing half: numbers and styles the cells of the shown month or week. Reads no note.
 #pragma once
 
-#include <QString>
+#include <QLatin1StringView>
 
-struct BottomPanel;
 class Cells;
+class Foot;
 class ViewMode;
 
 class Redraw
 {
 public:
-    Redraw(Cells& cells, const BottomPanel& bottom, const ViewMode& viewMode)
-        : m_cells(cells), m_bottom(bottom), m_viewMode(viewMode)
-    {
-    }
+    Redraw(Cells& cells, Foot& foot, const ViewMode& viewMode) : m_cells(cells), m_foot(foot), m_viewMode(viewMode) {}
 
+    void Display(); // the month or the week, as the view is
     void subDisplayMonth();
-    void subDisplayNextMonth(); // leaves the selected day as it is
-    void subDisplayPrevMonth();
+    void subDisplayNextMonth() { MoveMonth(1); } // leaves the selected day as it is
+    void subDisplayPrevMonth() { MoveMonth(-1); }
     void subDisplayWeek(); // the row of g_iDay; fills g_aiCalendar
     // The row after or before the shown one. Across a month's end g_iDay becomes the day nearest to it; within the
     // month it stays, and the row need not hold it any more.
-    void subDisplayNextWeek();
-    void subDisplayPrevWeek();
+    void subDisplayNextWeek() { MoveWeek(1); }
+    void subDisplayPrevWeek() { MoveWeek(-1); }
     bool ShowsOtherWeek() const; // than that of g_iDay
 
 private:
     void DisplayMonthCells();
-    void DisplayWeekCells(int firstSlot, int daysInMonth, bool with3D);
+    void DisplayWeekCells(int firstSlot, bool with3D);
     void MoveWeek(int step);
-    void MoveAcrossMonth(int step);
-    void DisplayWeekBeside(const QString& edge, int step);
+    void DisplayWeekBeside(int edge, int step);
     void FinishRedraw();
     void subStylePastDates();
     void MoveMonth(int step);
 
     Cells& m_cells;
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
     const ViewMode& m_viewMode;
 };

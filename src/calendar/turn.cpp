@@ -9,7 +9,7 @@
 bool Turn::operator()(QLatin1StringView literal, const std::function<void()>& change)
 {
     const ErrorTail tail(literal);
-    if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return false;
+    if (g_bDBShared && !m_lockedDay.Commit()) return false;
     const Hourglass hourglass;
     // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
     if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });

@@ -13,8 +13,7 @@ class QMTDB;
 class Turn
 {
 public:
-    explicit Turn(QMTDB& notes) : m_notes(notes) {}
-    void SetLockedDay(LockedDay& lockedDay) { m_lockedDay = &lockedDay; }
+    Turn(QMTDB& notes, LockedDay& lockedDay) : m_notes(notes), m_lockedDay(lockedDay) {}
 
     // Commits a day that this user has locked, saves what the cells hold, has them changed by the caller (the date, the
     // drawing), and reads their notes. Without a planner there is only the change; with a locked day that cannot be
@@ -24,5 +23,5 @@ public:
 
 private:
     QMTDB& m_notes;
-    LockedDay* m_lockedDay = nullptr;
+    LockedDay& m_lockedDay;
 };

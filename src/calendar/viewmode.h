@@ -3,6 +3,8 @@
 
 #include "calendar/calendarstate.h"
 
+#include <ranges>
+
 class ViewMode
 {
 public:
@@ -21,6 +23,8 @@ struct CellRange
 {
     int first;
     int last;
+    auto begin() const { return std::views::iota(first, last + 1).begin(); }
+    auto end() const { return std::views::iota(first, last + 1).end(); }
 };
 
 constexpr CellRange CellsOf(int viewMode)

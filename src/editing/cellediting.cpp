@@ -1,25 +1,22 @@
 #include "editing/cellediting.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/moddate.h"
-#include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "editing/defaultfont.h"
 #include "editing/formatting.h"
 #include "hall/cells.h"
 #include "hall/formatbar.h"
 #include "hall/menus.h"
-#include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/refusals.h"
 #include "platform/controls/orlcombo.h"
-#include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/look/namedcolors.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
+#include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QApplication>
@@ -51,9 +48,9 @@ void Choose(ORLCombo& combo, int index)
 }
 } // namespace
 
-CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const NetworkControls& network, Menus& menus,
+CellEditing::CellEditing(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, Menus& menus,
                          const ViewMode& viewMode, Formatting& formatting)
-    : QObject(&cells), m_cells(cells), m_bar(bar), m_network(network), m_menus(menus), m_viewMode(viewMode),
+    : QObject(&cells), m_cells(cells), m_bar(bar), m_heldDay(heldDay), m_menus(menus), m_viewMode(viewMode),
       m_formatting(formatting)
 {
     Wire();
@@ -100,10 +97,7 @@ void CellEditing::TellRefusal(int held)
         m_isRefusing = false;
         m_menuAfterwards.reset();
     });
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) +
-               u" is locked(Edit Mode), please unlock first."_s,
-           msgbox::Exclamation, messages::HelpWizard);
-    m_cells.tbDay(held).setFocus();
+    m_heldDay.KeepInPlace(held, u" is locked(Edit Mode), please unlock first."_s);
     if (m_menuAfterwards) m_menus.mnuRightMouse().popup(*m_menuAfterwards);
 }
 
@@ -131,8 +125,8 @@ void CellEditing::tbDay_Click(int Index)
 {
     const ErrorTail tail(" in MainForm, tbDay_Click"_L1);
     tail([&] {
-        const QString caption = m_cells.panelDay(Index).Caption();
-        if (m_viewMode.GetViewMode() == ViewMode::Month && !IsMemoCaption(caption)) g_iDay = IntegerOf(caption);
+        const int day = m_cells.DayOf(Index);
+        if (m_viewMode.GetViewMode() == ViewMode::Month && day != 0) g_iDay = static_cast<std::int16_t>(day);
     });
 }
 
@@ -148,7 +142,7 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
     if (!g_bDBShared) return;
     // Nothing would store it, though the box may still take text from an earlier lock.
     if (IsHeldElsewhere(Index)) KeyAscii = 0;
-    if (!m_network.picLock->Visible(0)) return;
+    if (!m_heldDay.LooksFree()) return;
     KeyAscii = 0;
     // Handed on by an alarm's window: a box would put itself in front of that.
     if (QApplication::activeModalWidget() || RefusesWithoutPlanner()) return;
@@ -185,10 +179,8 @@ void CellEditing::FollowButtons(const RichTextBox& box)
 {
     const ErrorTail tail(" in MainForm, errTbDaySelChange"_L1);
     const Toolbar& bar = *m_bar.tbTop;
-    tail([&] { Follow(bar.Buttons(u"bold"_s), box.SelBold()); });
-    tail([&] { Follow(bar.Buttons(u"italic"_s), box.SelItalic()); });
-    tail([&] { Follow(bar.Buttons(u"underline"_s), box.SelUnderline()); });
-    tail([&] { Follow(bar.Buttons(u"strikethru"_s), box.SelStrikeThru()); });
+    for (const TextStyle& style : TextStyles)
+        tail([&] { Follow(bar.Buttons(QString::fromLatin1(style.key)), (box.*style.read)()); });
 }
 
 void CellEditing::FollowCombos(const RichTextBox& box)

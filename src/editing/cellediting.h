@@ -10,8 +10,8 @@
 class Cells;
 class Formatting;
 struct FormatBar;
+class HeldDay;
 class Menus;
-struct NetworkControls;
 class RichTextBox;
 class ViewMode;
 
@@ -21,8 +21,8 @@ class CellEditing : public QObject
 
 public:
     // Wires itself to the events of all cells, those included that are loaded later.
-    CellEditing(Cells& cells, const FormatBar& bar, const NetworkControls& network, Menus& menus,
-                const ViewMode& viewMode, Formatting& formatting);
+    CellEditing(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, Menus& menus, const ViewMode& viewMode,
+                Formatting& formatting);
 
     void tbDay_GotFocus(int Index);
     void tbDay_Click(int Index); // panelDay too
@@ -42,7 +42,7 @@ private:
 
     Cells& m_cells;
     const FormatBar& m_bar;
-    const NetworkControls& m_network;
+    const HeldDay& m_heldDay;
     Menus& m_menus;
     const ViewMode& m_viewMode;
     Formatting& m_formatting;

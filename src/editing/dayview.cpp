@@ -1,11 +1,10 @@
 #include "editing/dayview.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/moddate.h"
+#include "calendar/foot.h"
 #include "calendar/modshow.h"
 #include "calendar/viewmode.h"
 #include "editing/zoomboxform.h"
-#include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/networkcontrols.h"
 #include "hall/sidebar.h"
@@ -16,19 +15,15 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop/folders.h"
-#include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/richtext/undooffer.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
-#include "settings/settings.h"
-#include "workgroup/dayrecord.h"
-#include "workgroup/networkmode.h"
+#include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QFile>
-#include <QScopeGuard>
 
 #include <utility>
 
@@ -47,75 +42,51 @@ QString ScratchFile()
 int DayView::CellToOpen() const
 {
     if (m_cells.Shows(g_iCurrentPanel)) return g_iCurrentPanel;
+    if (const int entered = m_cells.CellWithCaret(); m_cells.Shows(entered)) return entered;
     const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    int selected = 0, firstDay = 0;
-    for (int cell = range.first; cell <= range.last; ++cell) {
-        if (!m_cells.Shows(cell)) continue;
-        if (m_cells.tbDay(cell).hasFocus()) return cell;
-        const QString caption = m_cells.panelDay(cell).Caption();
-        if (firstDay == 0 && !IsMemoCaption(caption)) firstDay = cell;
-        if (Val(caption) == g_iDay) selected = cell;
-    }
-    return selected != 0 ? selected : firstDay;
+    const int selected = m_cells.CellOfDay(range, g_iDay);
+    if (m_cells.Shows(selected)) return selected;
+    for (const int cell : range)
+        if (m_cells.Shows(cell) && m_cells.DayOf(cell) != 0) return cell;
+    return 0;
 }
 
 void DayView::subZoomView()
 {
     if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
-    if (IsOpen()) return;
+    if (m_form) return;
     const ErrorTail tail(ZoomLiteral);
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
     if (g_iCurrentPanel == 0) return; // nothing is shown that could be opened
-    m_day = {g_iCurrentPanel, CellKey(m_cells.panelDay(g_iCurrentPanel).Caption()), false};
-    if (!g_bDBShared && m_cells.tbDay(m_day.cell).Locked()) {
-        // What would be written could not be stored: the day's note has not been read.
-        MsgBox(u"This day cannot be opened, since its note could not be read."_s, msgbox::Exclamation,
-               messages::HelpWizard);
-        return;
-    }
-    if (g_bDBShared && (RefusesToLeave() || !Lock())) return;
+    const QString key = m_cells.KeyOf(g_iCurrentPanel);
+    m_day = {g_iCurrentPanel, key, m_heldDay.Holds(key)};
+    if (!MayOpen()) return;
     m_sidebar.picDay->ShowElement(1);
     tail([&] { Show(); });
     m_sidebar.picDay->ShowElement(0);
-    SetMousePointer(mousepointer::Default);
     m_journal.Follow();
     tail([&] { QFile::remove(ScratchFile()); });
     // The caret goes where the eye is: the next command acts on the day that was open. A day that was left idle and has
     // been unlocked is left.
-    if (ShowsDay() && (!m_taken || m_record.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
+    if (ShowsDay() && (!m_taken || m_heldDay.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
 }
 
-// Another day that is locked by hand would lose its lock, and what was typed under it.
-bool DayView::RefusesToLeave()
+bool DayView::MayOpen()
 {
     const int held = MarkedCell(m_day.cell);
-    if (held == 0 || !m_record.IsHeld()) return false;
-    g_iCurrentPanel = static_cast<std::int16_t>(held);
-    MsgBox(fnFormatDateKey(CellKey(m_cells.panelDay(held).Caption())) + u" is locked, please unlock first."_s,
-           msgbox::Exclamation, messages::HelpWizard);
-    m_cells.tbDay(held).setFocus();
-    return true;
-}
-
-// Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
-bool DayView::Lock()
-{
-    m_day.wasLocked = m_record.Holds(m_day.key);
-    m_network.picLock->ShowElement(1);
-    try {
-        m_record.Seek(m_day.key, ZoomLiteral);
-        SetMousePointer(mousepointer::Hourglass);
-        m_record.Edit();
-        SetMousePointer(mousepointer::Default);
-        return true;
-    } catch (const RunTimeError& error) {
-        // What would be written without the lock would be lost, so no window opens, whatever the reason.
-        if (!IsRefusal(error.Number)) LogError(error, ZoomLiteral);
-        SetMousePointer(mousepointer::Default);
-        m_network.picLock->ShowElement(0);
-        MsgBox(error.Description);
+    if (g_bDBShared && held != 0 && m_heldDay.IsHeld()) {
+        // Another day that is locked by hand would lose its lock, and what was typed under it.
+        g_iCurrentPanel = static_cast<std::int16_t>(held);
+        m_heldDay.KeepInPlace(held);
         return false;
     }
+    // Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
+    if (g_bDBShared) return m_heldDay.Take(m_day.key);
+    if (!m_cells.tbDay(m_day.cell).Locked()) return true;
+    // What would be written could not be stored: the day's note has not been read.
+    MsgBox(u"This day cannot be opened, since its note could not be read."_s, msgbox::Exclamation,
+           messages::HelpWizard);
+    return false;
 }
 
 void DayView::Show()
@@ -124,7 +95,7 @@ void DayView::Show()
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     box.CommitPreedit();
     m_text = box.TextRTF();
-    m_base = m_day.wasLocked ? m_record.LockedText() : m_text;
+    m_base = m_day.wasLocked ? m_heldDay.LockedText() : m_text;
     m_isEmpty = box.IsEmpty();
     m_taken = false;
     tail([&] { box.SaveFile(ScratchFile()); });
@@ -132,16 +103,23 @@ void DayView::Show()
                      m_fontCommand);
     QObject::connect(&form, &ZoomBoxForm::SignOfLife, &form, [] { g_lUnlockTicks = 0; });
     QObject::connect(&form.tbZoom(), &RichTextBox::Change, &form, [this] { m_journal.Touch(); });
-    if (g_bDBShared) StartUnlockTimer(m_network);
-    m_form = &form;
-    const bool accepted = form.exec() == QDialog::Accepted;
-    m_form = nullptr;
+    const bool accepted = Exec(form);
     if (m_taken) return;
     FollowResult(form, accepted);
     if (!form.bCancel) tail([&] { TakeOver(); });
     if (g_bDBShared) tail([&] { Unlock(form.bCancel); });
     const bool isDropped = !accepted && !form.bCancel && form.tbZoom().Modified();
     if (isDropped) tail([&] { OfferDropped(form.tbZoom()); });
+}
+
+bool DayView::Exec(ZoomBoxForm& form)
+{
+    m_form = &form;
+    m_heldDay.SetInWindow(true);
+    const bool accepted = form.exec() == QDialog::Accepted;
+    m_heldDay.SetInWindow(false);
+    m_form = nullptr;
+    return accepted;
 }
 
 // Esc is pressed in a hurry: what it drops is a step of the cell's undo.
@@ -151,13 +129,13 @@ void DayView::OfferDropped(const RichTextBox& dropped)
     RichTextBox& box = m_cells.tbDay(m_day.cell);
     OfferByUndo(box, *dropped.document());
     m_tellsDropped = true;
-    m_bottom.panelBottom->SetCaption(box.Locked() ? u"What you typed was dropped. Lock the day, then Ctrl+Z."_s
-                                                  : u"What you typed was dropped. Ctrl+Z brings it back."_s);
+    m_foot.Say(box.Locked() ? u"What you typed was dropped. Lock the day, then Ctrl+Z."_s
+                            : u"What you typed was dropped. Ctrl+Z brings it back."_s);
 }
 
 void DayView::EndNotice()
 {
-    if (std::exchange(m_tellsDropped, false)) m_bottom.panelBottom->SetCaption(FootTitle());
+    if (std::exchange(m_tellsDropped, false)) m_foot.ShowMonth();
 }
 
 void DayView::FollowFocus(int cell)
@@ -188,13 +166,13 @@ void DayView::TakeTextOf(const ZoomBoxForm& form)
 
 bool DayView::ShowsDay() const
 {
-    return m_cells.Shows(m_day.cell) && CellKey(m_cells.panelDay(m_day.cell).Caption()) == m_day.key;
+    return m_cells.Shows(m_day.cell) && m_cells.KeyOf(m_day.cell) == m_day.key;
 }
 
 // The window opened on what the screen showed, and others may have written the day since: theirs stays beside it.
 void DayView::JoinWithTheirs()
 {
-    const QByteArray& stored = m_record.LockedText();
+    const QByteArray& stored = m_heldDay.LockedText();
     if (m_text == m_base) {
         m_text = stored;
         return;
@@ -219,26 +197,11 @@ void DayView::TakeOver()
 // A cancel leaves a day that was locked before as it was: locked, with what had been typed into its cell.
 void DayView::Unlock(bool cancelled)
 {
-    if (cancelled && m_day.wasLocked) return;
-    m_network.picLock->ShowElement(0);
-    if (cancelled) return m_record.GiveUp();
-    CommitDay();
-}
-
-void DayView::CommitDay()
-{
-    const auto isOver = qScopeGuard([this] { m_storing.reset(); });
-    if (m_text != m_record.LockedText()) m_storing = UnsavedNote{m_text, m_record.LockedText(), {}};
-    try {
-        m_record.Commit(m_text);
-    } catch (const RunTimeError& error) {
-        LogError(error, ZoomLiteral);
-        return KeepLocked(error.Description);
+    if (cancelled) {
+        if (!m_day.wasLocked) m_heldDay.GiveUp();
+        return;
     }
-    m_storing.reset();
-    m_notes.ForgetDay(m_day.key);
-    Mark(m_day.cell, false);
-    Q_EMIT m_cells.StateChanged(m_day.cell);
+    if (const auto failure = m_heldDay.Store(m_text)) return KeepLocked(*failure);
     if (!ShowsDay()) return;
     m_cells.tbDay(m_day.cell).SetLocked(true);
     m_cells.tbDay(m_day.cell).MarkSaved(m_text);
@@ -246,33 +209,19 @@ void DayView::CommitDay()
 
 // What could not be stored stays in its cell under the lock, to be tried again by unlocking; where the calendar has
 // turned meanwhile it waits for the next look at its day. At the exit it goes where all goes that could not be saved.
-void DayView::KeepLocked(const QString& reason)
+void DayView::KeepLocked(const RunTimeError& error)
 {
-    if (ShowsDay() && !m_isExiting) {
-        HandToCell();
+    LogError(error, ZoomLiteral);
+    if (m_isExiting || !ShowsDay()) {
+        m_heldDay.PutAside(m_text);
     } else {
-        m_notes.PutNote(m_day.key, {m_text, m_record.LockedText(), {}});
-        m_record.Close();
-        Mark(m_day.cell, false);
-        Q_EMIT m_cells.StateChanged(m_day.cell);
+        m_heldDay.HandTo(m_day.cell);
     }
-    if (!m_isExiting) MsgBox(reason, msgbox::Exclamation, messages::HelpWizard);
-}
-
-// The cell is what the lock by hand knows: it is typed into, and no reading may touch it.
-void DayView::HandToCell()
-{
-    m_network.picLock->ShowElement(1);
-    Mark(m_day.cell, true);
-    Q_EMIT m_cells.StateChanged(m_day.cell);
-    m_cells.tbDay(m_day.cell).SetLocked(false);
-    m_cells.tbDay(m_day.cell).SetModified(true); // or nothing would count as typed
-    g_iCurrentPanel = m_day.cell;
+    if (!m_isExiting) MsgBox(error.Description, msgbox::Exclamation, messages::HelpWizard);
 }
 
 void DayView::AddTyped(UnsavedNotes& typed) const
 {
-    if (m_storing) typed.Keep(g_sNotesFile, m_day.key, *m_storing);
     if (!m_form || m_taken || !m_form->tbZoom().Modified()) return;
     const RichTextBox& box = m_form->tbZoom();
     typed.Keep(g_sNotesFile, m_day.key,
@@ -290,7 +239,7 @@ void DayView::TakeText()
     tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
     tail([&] { TakeOver(); });
     // The idle timer unlocks the day that is shown.
-    if (g_bDBShared && ShowsDay()) HandToCell();
+    if (g_bDBShared && ShowsDay()) m_heldDay.HandTo(m_day.cell);
     if (g_bDBShared && !ShowsDay()) Unlock(false);
     m_taken = true;
 }
@@ -303,15 +252,18 @@ void DayView::TakeTextAtExit()
     if (g_bDBShared && ShowsDay()) ErrorTail{ZoomLiteral}([&] { Unlock(false); });
 }
 
-void DayView::Close()
+void DayView::TakeTextAndClose()
 {
-    if (m_form) m_form->done(QDialog::Rejected);
+    if (!m_form) return;
+    TakeText();
+    m_heldDay.SetInWindow(false);
+    m_form->done(QDialog::Rejected);
 }
 
 QString DayView::Heading() const
 {
     const QString month = u"Zoom View/Edit For "_s + fnMonthName(g_iMonth);
-    const auto day = static_cast<qint64>(Val(m_cells.panelDay(m_day.cell).Caption()));
+    const int day = m_cells.DayOf(m_day.cell);
     if (day == 0) return month + u" Memo"_s;
     return month + u' ' + TrimmedStr(day) + u", "_s + TrimmedStr(g_iYear);
 }

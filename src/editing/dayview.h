@@ -2,32 +2,30 @@
 // a workgroup's planner it takes and gives back the day's lock by itself.
 #pragma once
 
-#include "calendar/dayviewport.h"
 #include "plannerfile/unsavednotes.h"
 
 #include <QByteArray>
 #include <QString>
 
-#include <optional>
-
-struct BottomPanel;
 class Cells;
-class DayRecord;
+class Foot;
 class FontCommand;
 class Journal;
+class HeldDay;
 struct NetworkControls;
 class QMTDB;
 class RichTextBox;
 struct Sidebar;
 class ViewMode;
 class ZoomBoxForm;
+struct RunTimeError;
 
-class DayView final : public DayViewPort
+class DayView
 {
 public:
-    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, const BottomPanel& bottom,
-            QMTDB& notes, DayRecord& record, const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
-        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_bottom(bottom), m_notes(notes), m_record(record),
+    DayView(Cells& cells, const Sidebar& sidebar, const NetworkControls& network, Foot& foot, QMTDB& notes,
+            HeldDay& heldDay, const ViewMode& viewMode, FontCommand& fontCommand, Journal& journal)
+        : m_cells(cells), m_sidebar(sidebar), m_network(network), m_foot(foot), m_notes(notes), m_heldDay(heldDay),
           m_viewMode(viewMode), m_fontCommand(fontCommand), m_journal(journal)
     {
     }
@@ -38,13 +36,11 @@ public:
     void EndNotice();
     void FollowFocus(int cell);
 
-    void TakeTextAtExit(); // where the window is open, what stands in it is kept; in a workgroup's planner stored
+    // From outside, where the window is open: what stands in it goes into the cell of its day.
+    void TakeTextAndClose();
+    void TakeTextAtExit(); // in a workgroup's planner it is stored
 
     void AddTyped(UnsavedNotes& typed) const; // what stands in the open window and nowhere else
-
-    bool IsOpen() const override { return m_form != nullptr; }
-    void TakeText() override;
-    void Close() override;
 
 private:
     // The day that the window was opened for: by the time it closes another one may stand in its cell.
@@ -56,27 +52,26 @@ private:
     };
 
     int CellToOpen() const;
-    bool RefusesToLeave();
-    bool Lock();
+    bool MayOpen();
     void Show();
+    bool Exec(ZoomBoxForm& form); // Ok
     void FollowResult(const ZoomBoxForm& form, bool accepted);
     void JoinWithTheirs();
     void TakeOver();
+    void TakeText();
     void OfferDropped(const RichTextBox& dropped);
     void TakeTextOf(const ZoomBoxForm& form);
     void Unlock(bool cancelled);
-    void CommitDay();
-    void KeepLocked(const QString& reason);
-    void HandToCell();
+    void KeepLocked(const RunTimeError& error);
     QString Heading() const;
     bool ShowsDay() const;
 
     Cells& m_cells;
     const Sidebar& m_sidebar;
     const NetworkControls& m_network;
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
     QMTDB& m_notes;
-    DayRecord& m_record;
+    HeldDay& m_heldDay;
     const ViewMode& m_viewMode;
     FontCommand& m_fontCommand;
     Journal& m_journal;
@@ -86,7 +81,6 @@ private:
     QByteArray m_base; // of a workgroup's day: what the file held as far as this screen knew when the window opened
     bool m_isEmpty = false;
     bool m_isExiting = false;
-    std::optional<UnsavedNote> m_storing; // while the record takes it, and no box holds it as typed
-    bool m_tellsDropped = false;          // in the foot
-    bool m_taken = false;                 // closed from outside, which has taken the text and given up the lock
+    bool m_tellsDropped = false; // in the foot
+    bool m_taken = false;        // closed from outside, which has taken the text and given up the lock
 };

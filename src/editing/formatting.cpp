@@ -3,24 +3,22 @@
 #include "calendar/calendarstate.h"
 #include "calendar/modshow.h"
 #include "editing/fontcommand.h"
-#include "editing/textstyles.h"
 #include "hall/cells.h"
 #include "hall/formatbar.h"
-#include "hall/networkcontrols.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/refusals.h"
 #include "platform/controls/orlcombo.h"
-#include "platform/controls/picturebutton.h"
 #include "platform/controls/postkey.h"
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
+#include "workgroup/heldday.h"
 
 bool Formatting::fnCanFormatCell()
 {
-    if (!g_bDBShared || !m_network.picLock->Visible(0)) return true;
+    if (!g_bDBShared || !m_heldDay.LooksFree()) return true;
     if (RefusesWithoutPlanner()) return false;
     MsgBox(u"Please lock the desired day before attempting to apply font attributes to current cell"_s,
            msgbox::Information, messages::HelpWizard);
@@ -33,78 +31,33 @@ RichTextBox& Formatting::CurrentBox()
     return m_cells.tbDay(g_iCurrentPanel);
 }
 
-void Formatting::Run(const TextStyle& style, QLatin1StringView literal)
+void Formatting::ToggleStyle(const TextStyle& style)
 {
-    const ErrorTail tail(literal);
-    tail([&] {
-        if (!fnCanFormatCell()) return;
-        const std::optional<bool> before = Toggle(CurrentBox(), style);
-        ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
-        // A mixed selection becomes uniform, and its button stays grey until the selection changes.
-        button.SetMixedState(!before);
-        if (before) button.SetValue(*before ? 0 : 1);
-    });
-}
-
-void Formatting::mnuBold_Click()
-{
-    Run(Bold, " in MainForm, mnuBold_Click"_L1);
-}
-
-void Formatting::mnuItalic_Click()
-{
-    Run(Italic, " in MainForm, mnuItalic_Click"_L1);
-}
-
-void Formatting::mnuUnderline_Click()
-{
-    Run(Underline, " in MainForm, mnuUnderline_Click"_L1);
-}
-
-void Formatting::mnuStrikeThru_Click()
-{
-    Run(StrikeThru, " in MainForm, mnuStrikeThru_Click"_L1);
+    if (!fnCanFormatCell()) return;
+    const std::optional<bool> before = Toggle(CurrentBox(), style);
+    ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
+    // A mixed selection becomes uniform, and its button stays grey until the selection changes.
+    button.SetMixedState(!before);
+    if (before) button.SetValue(*before ? 0 : 1);
 }
 
 void Formatting::mnuColorSizeFonts_Click()
 {
+    if (!fnCanFormatCell()) return;
     const ErrorTail tail(" in MainForm, mnuColorSizeFonts_Click"_L1);
-    tail([&] {
-        if (!fnCanFormatCell()) return;
-        RichTextBox& box = CurrentBox();
-        const FontChoice& chosen = m_fontCommand.Ask(m_cells.Client()->window(), box, tail);
-        const UndoStep oneStep(box);
-        // Name and size are the whole note's, colour and styles the selection's.
-        tail([&] { box.SetFontName(NameOr(chosen)); });
-        tail([&] { box.SetFontSize(chosen.size); });
-        tail([&] { box.SetSelColor(chosen.color); });
-        for (const TextStyle& style : TextStyles) {
-            Set(box, style, chosen.*style.ofDialog);
-            ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
-            button.SetValue(chosen.*style.ofDialog ? 1 : 0);
-            button.SetMixedState(false);
-        }
-    });
-}
-
-void Formatting::Justify(int alignment)
-{
-    CurrentBox().SetSelAlignment(alignment);
-}
-
-void Formatting::mnuLeftJustify_Click()
-{
-    Justify(0);
-}
-
-void Formatting::mnuCenterJustify_Click()
-{
-    Justify(2);
-}
-
-void Formatting::mnuRightJustify_Click()
-{
-    Justify(1);
+    RichTextBox& box = CurrentBox();
+    const FontChoice& chosen = m_fontCommand.Ask(m_cells.Client()->window(), box, tail);
+    const UndoStep oneStep(box);
+    // Name and size are the whole note's, colour and styles the selection's.
+    tail([&] { box.SetFontName(NameOr(chosen)); });
+    tail([&] { box.SetFontSize(chosen.size); });
+    tail([&] { box.SetSelColor(chosen.color); });
+    for (const TextStyle& style : TextStyles) {
+        Set(box, style, chosen.*style.ofDialog);
+        ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
+        button.SetValue(chosen.*style.ofDialog ? 1 : 0);
+        button.SetMixedState(false);
+    }
 }
 
 void Formatting::SendKey(int key, Qt::KeyboardModifiers modifiers)
@@ -116,21 +69,17 @@ void Formatting::SendKey(int key, Qt::KeyboardModifiers modifiers)
 
 void Formatting::mnuCut_Click()
 {
-    ErrorTail{" in MainForm, mnuCut_Click"_L1}([&] {
-        if (fnCanFormatCell()) SendKey(Qt::Key_Delete, Qt::ShiftModifier);
-    });
+    if (fnCanFormatCell()) SendKey(Qt::Key_Delete, Qt::ShiftModifier);
 }
 
 void Formatting::mnuCopy_Click()
 {
-    ErrorTail{" in MainForm, mnuCopy_Click"_L1}([&] { SendKey(Qt::Key_Insert, Qt::ControlModifier); });
+    SendKey(Qt::Key_Insert, Qt::ControlModifier);
 }
 
 void Formatting::mnuPaste_Click()
 {
-    ErrorTail{" in MainForm, mnuPaste_Click"_L1}([&] {
-        if (fnCanFormatCell()) SendKey(Qt::Key_Insert, Qt::ShiftModifier);
-    });
+    if (fnCanFormatCell()) SendKey(Qt::Key_Insert, Qt::ShiftModifier);
 }
 
 void Formatting::orlcmbFontname_Change()

@@ -2,34 +2,32 @@
 // toolbar run the same routines.
 #pragma once
 
-#include <QString>
+#include "editing/textstyles.h"
 
 class Cells;
 class FontCommand;
 struct FormatBar;
-struct NetworkControls;
-class RichTextBox;
-struct TextStyle;
+class HeldDay;
 
 class Formatting
 {
 public:
-    Formatting(Cells& cells, const FormatBar& bar, const NetworkControls& network, FontCommand& fontCommand)
-        : m_cells(cells), m_bar(bar), m_network(network), m_fontCommand(fontCommand)
+    Formatting(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, FontCommand& fontCommand)
+        : m_cells(cells), m_bar(bar), m_heldDay(heldDay), m_fontCommand(fontCommand)
     {
     }
 
     // In a workgroup's planner a day must be locked first; says so and answers false.
     bool fnCanFormatCell();
 
-    void mnuBold_Click();
-    void mnuItalic_Click();
-    void mnuUnderline_Click();
-    void mnuStrikeThru_Click();
+    void mnuBold_Click() { ToggleStyle(Bold); }
+    void mnuItalic_Click() { ToggleStyle(Italic); }
+    void mnuUnderline_Click() { ToggleStyle(Underline); }
+    void mnuStrikeThru_Click() { ToggleStyle(StrikeThru); }
     void mnuColorSizeFonts_Click(); // the font dialog; Cancel applies what it was filled with
-    void mnuLeftJustify_Click();
-    void mnuCenterJustify_Click();
-    void mnuRightJustify_Click();
+    void mnuLeftJustify_Click() { CurrentBox().SetSelAlignment(0); }
+    void mnuCenterJustify_Click() { CurrentBox().SetSelAlignment(2); }
+    void mnuRightJustify_Click() { CurrentBox().SetSelAlignment(1); }
     void mnuCut_Click();
     void mnuCopy_Click();
     void mnuPaste_Click();
@@ -42,13 +40,12 @@ public:
     void subInitAllComboBox(); // fills and shows the combos
 
 private:
-    void Run(const TextStyle& style, QLatin1StringView literal);
+    void ToggleStyle(const TextStyle& style);
     RichTextBox& CurrentBox();
     void SendKey(int key, Qt::KeyboardModifiers modifiers);
-    void Justify(int alignment);
 
     Cells& m_cells;
     const FormatBar& m_bar;
-    const NetworkControls& m_network;
+    const HeldDay& m_heldDay;
     FontCommand& m_fontCommand;
 };

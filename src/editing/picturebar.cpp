@@ -19,7 +19,9 @@
 
 #include <QDir>
 #include <QMimeData>
+#include <QPainter>
 #include <QPixmap>
+#include <QSaveFile>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -75,6 +77,34 @@ void Refuse(const QString& text)
 void RefuseFormat()
 {
     Refuse(u"Incorrect File Format!\nPlease select Icon(*.ico) files only."_s);
+}
+constexpr QByteArrayView PictureStart("{\\pict");
+constexpr QByteArrayView FixedHeader("{\\pict\\wmetafile8\\picw846\\pich846\\picwgoal479\\pichgoal479");
+
+// A line that begins a picture keeps what stands before it; the rest of its header is dropped.
+QByteArray Fixed(const QByteArray& line)
+{
+    const qsizetype at = line.indexOf(PictureStart);
+    return at < 0 ? line : line.first(at) + FixedHeader.toByteArray();
+}
+
+QByteArray WithoutLineEnd(QByteArray line)
+{
+    while (line.endsWith('\n') || line.endsWith('\r'))
+        line.chop(1);
+    return line;
+}
+
+void FixPictures(const QString& path)
+{
+    QFile old(path);
+    if (!old.exists()) throw RunTimeError{errors::FileNotFound, u"File not found"_s};
+    if (!old.open(QIODevice::ReadOnly)) RaiseAccessError();
+    QSaveFile fixed(path);
+    if (!fixed.open(QIODevice::WriteOnly)) RaiseAccessError();
+    while (!old.atEnd())
+        fixed.write(Fixed(WithoutLineEnd(old.readLine())) + "\r\n");
+    if (!fixed.flush() || !fixed.commit()) RaiseAccessError();
 }
 } // namespace
 
@@ -141,4 +171,18 @@ void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
         if (ImageSize(content).isEmpty()) return RefuseFormat();
         if (!WriteDurably(icons.filePath(name), content)) RaiseAccessError();
     });
+}
+
+void subFixPictures()
+{
+    ErrorTail{" in MainForm, subFixPictures"_L1}(
+        [] { FixPictures(folders::ApplicationDirectory() + u"/pictures.orl"_s); });
+}
+
+void subTransparentBlt(QImage& destination, const QImage& source, const QRect& part, int destX, int destY,
+                       QRgb transparent)
+{
+    QImage cut = source.copy(part).convertToFormat(QImage::Format_RGB32);
+    cut.setAlphaChannel(cut.createMaskFromColor(transparent | 0xFF000000, Qt::MaskOutColor));
+    QPainter(&destination).drawImage(destX, destY, cut);
 }

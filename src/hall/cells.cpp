@@ -27,10 +27,24 @@ int Cells::CellWithCaret() const
     return 0;
 }
 
+void Cells::Number(int cell, const DaySlot& slot)
+{
+    const QString caption = slot.Caption();
+    panelDay(cell).SetCaption(caption);
+    m_days.at(std::size_t(cell)) = {CellKey(caption), slot.isMemo ? 0 : slot.number};
+}
+
 bool Cells::CaretHasItsDay() const
 {
     const int cell = CellWithCaret();
-    return cell != 0 && CellKey(panelDay(cell).Caption()) == m_entered;
+    return cell != 0 && KeyOf(cell) == m_entered;
+}
+
+void Cells::Unmark()
+{
+    const int marked = MarkedCell();
+    ClearMarks();
+    if (marked != 0) Q_EMIT StateChanged(marked);
 }
 
 void Cells::LeaveFor(QWidget& other)
@@ -42,15 +56,15 @@ void Cells::LeaveFor(QWidget& other)
 QVariantList Cells::Keys(CellRange range) const
 {
     QVariantList keys;
-    for (int cell = range.first; cell <= range.last; ++cell)
-        if (panelDay.Exists(cell)) keys += CellKey(panelDay(cell).Caption());
+    for (const int cell : range)
+        if (panelDay.Exists(cell)) keys += KeyOf(cell);
     return keys;
 }
 
 int Cells::CellOfDay(CellRange range, int day) const
 {
-    for (int cell = range.first; cell <= range.last; ++cell)
-        if (panelDay.Exists(cell) && Val(panelDay(cell).Caption()) == day) return cell;
+    for (const int cell : range)
+        if (panelDay.Exists(cell) && DayOf(cell) == day) return cell;
     return 0;
 }
 

@@ -28,14 +28,20 @@ public:
     // caret still stands in one.
     void EnterAgain();
 
+    // Has the cell stand for a day or a memo of the shown month.
+    void Number(int cell, const DaySlot& slot);
+    const QString& KeyOf(int cell) const { return m_days.at(std::size_t(cell)).key; } // its date key, empty before that
+    int DayOf(int cell) const { return m_days.at(std::size_t(cell)).number; }         // of the month; 0 for a memo
+
     // The cell has become the current one. Until the next one does, the caret has its day while it stands in a cell
     // that shows the day of then; a redraw may put another day there.
-    void RememberEntry(int cell) { m_entered = CellKey(panelDay(cell).Caption()); }
+    void RememberEntry(int cell) { m_entered = KeyOf(cell); }
     bool CaretHasItsDay() const;
     int CellWithCaret() const;     // 0 for none; also while another window is the active one
     void LeaveFor(QWidget& other); // gives the focus to what is no cell, and raises Left
 
     bool Shows(int cell) const { return tbDay.Exists(cell) && !tbDay(cell).isHidden(); }
+    void Unmark(); // all of them
     // That keeps a person in place who holds a day: the current one, or the locked one where that is not shown.
     int CellToStayIn() const { return Shows(g_iCurrentPanel) ? g_iCurrentPanel : MarkedCell(); }
     QVariantList Keys(CellRange range) const;      // of the days that the loaded ones stand for
@@ -67,6 +73,12 @@ Q_SIGNALS:
     void PasteRequested(int Index, bool& allowed);
 
 private:
+    struct Day
+    {
+        QString key;
+        int number = 0;
+    };
+
     void PlaceInTabOrder(QWidget* box);
     SSPanel* MakeHeading(int index);
     SSPanel* MakePanel(int index);
@@ -75,6 +87,7 @@ private:
 
     QWidget* m_client;
     QObject* m_boxFilter = nullptr;
+    std::array<Day, CellCount + 1> m_days;
     QString m_entered; // key
     QWidget* m_firstBehind = nullptr;
     QWidget* m_secondBehind = nullptr;

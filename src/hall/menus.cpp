@@ -1,8 +1,7 @@
 #include "hall/menus.h"
 
-#include "platform/runtime/runtimeerror.h"
+#include "platform/runtime/errortail.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QMenu>
@@ -170,6 +169,26 @@ QAction* AddEntry(QMenu& menu, const MenuRow& row)
     return action;
 }
 } // namespace
+
+void MenuItem::SetCaption(const QString& caption)
+{
+    m_caption = caption;
+    QString shown = caption;
+    m_action->setText(shown.replace(u'&', u"&&"_s));
+}
+
+void MenuItem::SetEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    m_action->setEnabled(m_enabled && m_click);
+}
+
+void MenuItem::OnClick(std::function<void()> click, QLatin1StringView literal)
+{
+    QObject::connect(m_action, &QAction::triggered, m_action, Guarded(literal, std::move(click)));
+    m_click = true;
+    SetEnabled(m_enabled);
+}
 
 Menus::Menus(QMenuBar& bar)
 {

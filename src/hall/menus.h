@@ -1,14 +1,40 @@
 // The menu tree of the main window, built from one table: names, captions, shortcuts. No behaviour.
 #pragma once
 
-#include "hall/menuitem.h"
+#include <QAction>
 
-#include <QKeySequence>
-
+#include <functional>
 #include <map>
 
 class QMenu;
 class QMenuBar;
+
+// One entry: its caption as it was given, whether it is enabled, and the command behind it. An entry whose command is
+// not there stays disabled, whoever enables it.
+class MenuItem
+{
+public:
+    explicit MenuItem(QAction* action) : m_action(action) {}
+
+    // A path may hold "&", which a menu would take for a mnemonic: captions set here are shown to the letter.
+    QString Caption() const { return m_caption; }
+    void SetCaption(const QString& caption);
+
+    void SetEnabled(bool enabled);
+    bool Visible() const { return m_action->isVisible(); }
+    void SetVisible(bool visible) { m_action->setVisible(visible); }
+    void SetChecked(bool checked) { m_action->setChecked(checked); }
+
+    // literal names the command in the error log.
+    void OnClick(std::function<void()> click, QLatin1StringView literal);
+    QAction* Action() const { return m_action; }
+
+private:
+    QAction* m_action;
+    QString m_caption;
+    bool m_enabled = true;
+    bool m_click = false;
+};
 
 class Menus
 {

@@ -61,15 +61,6 @@ void BackUp(const QFileInfo& planner, const QDate& day)
     g_dbPlanner.BackUp(copy);
     RemoveOldest(folder, planner, day);
 }
-
-// Of the last look, so that most saves look no more. What failed is tried again after a while.
-struct
-{
-    QString planner;
-    QDate day;
-    QDateTime nextTry; // after one that failed
-    QString trouble;
-} g_lastLook;
 } // namespace
 
 QString BackupFolder()

@@ -1,13 +1,10 @@
 #include "plannerfile/creation.h"
 
+#include "calendar/foot.h"
 #include "calendar/lockedday.h"
-#include "calendar/modshow.h"
-#include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/askforplanner.h"
-#include "plannerfile/damagewatch.h"
-#include "plannerfile/openasform.h"
 #include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
@@ -18,7 +15,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/networkmode.h"
 
 namespace {
 constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");
@@ -35,48 +31,45 @@ bool HasExtension()
 class CreatingNotice
 {
 public:
-    explicit CreatingNotice(const BottomPanel& bottom) : m_bottom(bottom)
-    {
-        m_bottom.panelBottom->SetCaption(u"creating "_s + g_sDBPath.toLower());
-        m_bottom.panelBottom->repaint();
-    }
-    ~CreatingNotice() { m_bottom.panelBottom->SetCaption(FootTitle()); }
+    explicit CreatingNotice(Foot& foot) : m_foot(foot) { m_foot.Say(u"creating "_s + g_sDBPath.toLower()); }
+    ~CreatingNotice() { m_foot.ShowMonth(); }
     Q_DISABLE_COPY_MOVE(CreatingNotice)
 
 private:
     const Hourglass m_hourglass;
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
 };
+
+bool MayReplace(const QString& title)
+{
+    return MsgBox(u"File exists! Are you sure you want to replace the existing file '"_s + title + u"'?"_s,
+                  msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2, u"File Exists!"_s) == msgbox::Yes;
+}
 } // namespace
 
 // The name as it was typed, and the one that it gets.
-bool Creation::MayUseName()
+std::optional<QStringList> Creation::TakeName()
 {
-    m_replaced.clear();
     const Names typed = {g_sDBPath, g_sDBTitle};
-    const Names made = {g_sDBPath + Extension, g_sDBTitle + Extension};
-    const bool isExtended = HasExtension();
-    if (!MayReplace(typed) || (!isExtended && !MayReplace(made))) return false;
-    if (isExtended) return true;
+    const Names made = HasExtension() ? typed : Names{typed.path + Extension, typed.title + Extension};
+    QStringList replaced;
+    for (const Names& names : {typed, made}) {
+        const QString existing = filesystem::Find(names.path);
+        const bool isThere = !existing.isEmpty() && filesystem::Dir(existing).toLower() == names.title;
+        if (!isThere || replaced.contains(existing)) continue;
+        if (!MayReplace(names.title)) return {};
+        replaced << existing;
+    }
     g_sDBPath = made.path;
     g_sDBTitle = made.title;
-    return true;
-}
-
-bool Creation::MayReplace(const Names& names)
-{
-    const QString existing = filesystem::Find(names.path);
-    if (existing.isEmpty() || filesystem::Dir(existing).toLower() != names.title) return true;
-    m_replaced << existing;
-    return MsgBox(u"File exists! Are you sure you want to replace the existing file '"_s + names.title + u"'?"_s,
-                  msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2, u"File Exists!"_s) == msgbox::Yes;
+    return replaced;
 }
 
 void Creation::subNewPlanner()
 {
     if (!AskForPlanner(m_dialog, u"New Planner File"_s, u"&Create"_s)) return;
     // What is typed under a lock is stored while there is a planner to store it in.
-    if (g_bDBShared && m_lockedDay && !m_lockedDay->Commit()) return;
+    if (g_bDBShared && !m_lockedDay.Commit()) return;
     const Names former = {g_sDBPath, g_sDBTitle};
     if (HasPlanner()) {
         m_notes.SetAside();
@@ -84,15 +77,16 @@ void Creation::subNewPlanner()
     }
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
-    if (!MayUseName()) return ReadAgain(former);
-    if (const auto reason = BuildFile()) {
+    const auto replaced = TakeName();
+    if (!replaced) return ReadAgain(former);
+    if (const auto reason = BuildFile(*replaced)) {
         g_sDBPath = former.path;
         g_sDBTitle = former.title;
         ReadAgain(former);
         MsgBox(u"Could not create New Planner"_s, 0, QString(), *reason);
         return;
     }
-    if (AskHowToOpen()) OpenAndTell();
+    if (m_opening.AskHow()) OpenAndTell(); // else the program ends
 }
 
 // What a New that came to nothing has taken from the cells.
@@ -117,13 +111,13 @@ void Creation::OpenAndTell()
            msgbox::Information, messages::HelpWizard);
 }
 
-std::optional<QString> Creation::BuildFile()
+std::optional<QString> Creation::BuildFile(const QStringList& replaced)
 {
-    const CreatingNotice notice(m_bottom);
+    const CreatingNotice notice(m_foot);
     try {
-        for (const QString& replaced : m_replaced) {
-            DBEngine::DeleteDatabase(replaced);
-            m_notes.ForgetUnsaved(replaced); // what its cells had not saved goes with it
+        for (const QString& file : replaced) {
+            DBEngine::DeleteDatabase(file);
+            m_notes.ForgetUnsaved({file}); // what its cells had not saved goes with it
         }
         const QString place = filesystem::PlaceFor(g_sDBPath);
         MakeTables(place.isEmpty() ? g_sDBPath : place);
@@ -149,24 +143,11 @@ void Creation::MakeTables(const QString& file)
     database.Close();
 }
 
-bool Creation::AskHowToOpen()
-{
-    OpenAsForm form(g_sDBPath, m_cells.Client()->window());
-    if (form.exec() != QDialog::Accepted) return false;
-    m_networkMode.subSetNetworkMode(form.Shared());
-    return true;
-}
-
 void Creation::OpenNewFile()
 {
-    // Not exclusively, whatever the answer was.
-    const QString file = filesystem::Find(g_sDBPath);
-    Database database = DBEngine::OpenDatabase(file);
-    AdoptPlanner(database, schema::OpenNotes(database), file);
-    WatchForDamage(file);
+    m_opening.Adopt(filesystem::Find(g_sDBPath), false); // not exclusively, whatever the answer was
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-    m_notes.DropCells(); // a timer may have filled them again behind a question
     subUnloadAlarmIcons(m_cells);
     m_notes.ReadCells(NewTail);
 }

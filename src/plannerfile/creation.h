@@ -5,10 +5,9 @@
 
 #include <optional>
 
-struct BottomPanel;
 class CommonDialog;
+class Foot;
 class LockedDay;
-class NetworkMode;
 class Opening;
 class QMTDB;
 class Cells;
@@ -16,14 +15,10 @@ class Cells;
 class Creation
 {
 public:
-    Creation(Cells& cells, const BottomPanel& bottom, CommonDialog& dialog, QMTDB& notes, NetworkMode& networkMode,
-             Opening& opening)
-        : m_cells(cells), m_bottom(bottom), m_dialog(dialog), m_notes(notes), m_networkMode(networkMode),
-          m_opening(opening)
+    Creation(Cells& cells, Foot& foot, CommonDialog& dialog, QMTDB& notes, Opening& opening, LockedDay& lockedDay)
+        : m_cells(cells), m_foot(foot), m_dialog(dialog), m_notes(notes), m_opening(opening), m_lockedDay(lockedDay)
     {
     }
-
-    void SetLockedDay(LockedDay& lockedDay) { m_lockedDay = &lockedDay; }
 
     // Does not write the cells of the planner before, which are kept for the exit, nor enter the recent list: a planner
     // is recent once it was opened.
@@ -35,21 +30,17 @@ private:
         QString path, title; // g_sDBPath, g_sDBTitle
     };
 
-    bool MayUseName();
-    bool MayReplace(const Names& names);
-    std::optional<QString> BuildFile(); // why it could not be made; nothing if it was
+    std::optional<QStringList> TakeName(); // the files that the new one takes the place of; nothing if it may not
+    std::optional<QString> BuildFile(const QStringList& replaced); // why it could not be made; nothing if it was
     void MakeTables(const QString& file);
     void ReadAgain(const Names& former);
-    bool AskHowToOpen(); // false: the program ends
     void OpenAndTell();
     void OpenNewFile();
 
     Cells& m_cells;
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
     CommonDialog& m_dialog;
     QMTDB& m_notes;
-    NetworkMode& m_networkMode;
     Opening& m_opening;
-    LockedDay* m_lockedDay = nullptr;
-    QStringList m_replaced; // the files that the new one takes the place of
+    LockedDay& m_lockedDay;
 };

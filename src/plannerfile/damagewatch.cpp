@@ -1,6 +1,7 @@
 #include "plannerfile/damagewatch.h"
 
 #include "plannerfile/backups.h"
+#include "plannerfile/plannerstate.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/damage.h"
@@ -32,11 +33,10 @@ void Tell(const QString& planner)
 
 void WatchForDamage(const QString& planner)
 {
-    static QString told;
     const QString watched = QFileInfo(planner).canonicalFilePath();
     damage::SetListener([watched](const QString& path) {
-        if (path != watched || path == told) return;
-        told = path;
+        if (path != watched || path == g_sDamageTold) return;
+        g_sDamageTold = path;
         QTimer::singleShot(0, qApp, Guarded(DamageLiteral, [watched] { Tell(watched); }));
     });
 }

@@ -11,7 +11,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/dayrecord.h"
 
 namespace {
 constexpr QLatin1StringView ExitTail(" in MainForm, subExitProgram");
@@ -54,7 +53,7 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
 void ExitSave::KeepForNextTime()
 {
     m_isEnded = true;
-    if (!m_journal.Write() && KeepAsFiles(false)) m_notes.ForgetUnsaved();
+    if (!m_journal.Write() && KeepAsFiles(false)) m_notes.ForgetUnsaved(m_notes.Unsaved().Planners());
 }
 
 void ExitSave::AskForUnsaved()
@@ -64,7 +63,7 @@ void ExitSave::AskForUnsaved()
         if (AskToRetry()) {
             tail([&] { m_notes.WriteUnsaved(); });
         } else if (KeepAsFiles(true)) {
-            m_notes.ForgetUnsaved();
+            m_notes.ForgetUnsaved(m_notes.Unsaved().Planners());
         }
     }
 }
@@ -73,37 +72,17 @@ bool ExitSave::AskToRetry()
 {
     const QString question = u"These notes could not be saved:\n\n%1\n\n%2\n\nRetry saves them again. "
                              "Cancel ends Orrelin and keeps each of them as a file in\n%3"_s;
-    return MsgBox(question.arg(m_notes.Unsaved().Describe(), m_notes.WhyUnsaved(), RescueFolder()),
+    return MsgBox(question.arg(m_notes.Unsaved().Describe(), m_notes.WhyUnsaved().join(u'\n'), RescueFolder()),
                   msgbox::RetryCancel + msgbox::Critical, messages::HelpWizard) == msgbox::Retry;
 }
 
 // False: the notes are still nowhere, and the person, if there is one, wants to try again.
 bool ExitSave::KeepAsFiles(bool mayAsk)
 {
-    QString reason;
-    try {
-        WriteRescueFiles(m_notes.Unsaved());
-        return true;
-    } catch (const RunTimeError& error) {
-        LogError(error, ExitTail);
-        reason = error.Description;
-    }
-    if (!mayAsk) return false;
+    const QString reason = WriteRescueFiles(m_notes.Unsaved(), ExitTail);
+    if (reason.isEmpty() || !mayAsk) return reason.isEmpty();
     const QString question = u"The notes could not be kept as files either: %1\n\nEnd Orrelin and lose "
                              "them?"_s;
     return MsgBox(question.arg(reason), msgbox::YesNo + msgbox::Critical + msgbox::DefaultButton2,
                   messages::HelpWizard) == msgbox::Yes;
-}
-
-void ExitSave::ClosePlanner()
-{
-    if (!HasPlanner()) return;
-    const ErrorTail tail(ExitTail);
-    tail([&] { m_lockedDay.LeaveBehind(); });
-    m_record.Close();
-    g_rsFind = {};
-    tail([] { g_rsQMT.Close(); });
-    tail([] { g_rsRecurse.Close(); });
-    tail([] { g_rsAlarm.Close(); });
-    tail([] { g_dbPlanner.Close(); });
 }

@@ -1,8 +1,7 @@
-// The last save: writes what has changed, never lets a note go in silence, and closes the planner.
+// The last save: writes what has changed, and never lets a note go in silence.
 #pragma once
 
 class Cells;
-class DayRecord;
 class Journal;
 class LockedDay;
 class QMTDB;
@@ -10,8 +9,8 @@ class QMTDB;
 class ExitSave
 {
 public:
-    ExitSave(Cells& cells, QMTDB& notes, DayRecord& record, Journal& journal, LockedDay& lockedDay)
-        : m_cells(cells), m_notes(notes), m_record(record), m_journal(journal), m_lockedDay(lockedDay)
+    ExitSave(Cells& cells, QMTDB& notes, Journal& journal, LockedDay& lockedDay)
+        : m_cells(cells), m_notes(notes), m_journal(journal), m_lockedDay(lockedDay)
     {
     }
 
@@ -19,7 +18,6 @@ public:
     // that may be asked, and if the person wishes each goes to a file of its own. Where nobody could be asked the
     // journal keeps them for the next opening of their planner; files do where it cannot.
     void SaveBeforeExit(bool mayAsk);
-    void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
 
 private:
     bool AnyCellChanged();
@@ -30,7 +28,6 @@ private:
 
     Cells& m_cells;
     QMTDB& m_notes;
-    DayRecord& m_record;
     Journal& m_journal;
     LockedDay& m_lockedDay;
     bool m_isEnded = false; // the process is, perhaps behind a question that can no longer be answered

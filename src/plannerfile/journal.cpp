@@ -134,24 +134,19 @@ bool Journal::LeaveBehind(const UnsavedNotes& notes, QString& reason)
     return false;
 }
 
-void Journal::Tell(const QString& reason) const
-{
-    if (m_onTrouble) m_onTrouble(reason);
-}
-
 // Logged once; it is tried again, since a disk does not stay full for ever.
 void Journal::Fail(const QString& reason)
 {
     if (!m_failed) LogError({errors::PathFileAccess, reason}, JournalTail);
     m_failed = true;
-    Tell(reason);
+    m_onTrouble(reason);
     m_timer.start(AfterFailure);
 }
 
 // What is to be kept is on the disk, or there is nothing to be kept.
 void Journal::Recover()
 {
-    if (std::exchange(m_failed, false)) Tell({});
+    if (std::exchange(m_failed, false)) m_onTrouble({});
 }
 
 void Journal::Remove()

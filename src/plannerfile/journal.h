@@ -36,12 +36,11 @@ public:
 
 private:
     void Claim(QString& reason);
-    void Tell(const QString& reason) const;
     void Fail(const QString& reason);
     void Recover();
 
     std::function<UnsavedNotes()> m_source;
-    std::function<void(const QString&)> m_onTrouble;
+    std::function<void(const QString&)> m_onTrouble = [](const QString&) {};
     QTimer m_timer;
     QElapsedTimer m_sinceTouch; // since the first key that is not on the disk
     std::unique_ptr<FileLock> m_lock;

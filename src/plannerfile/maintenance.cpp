@@ -2,9 +2,9 @@
 
 #include "calendar/lockedday.h"
 #include "plannerfile/backups.h"
+#include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
-#include "plannerfile/reopening.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
@@ -98,8 +98,8 @@ void Maintenance::Run(const Command& command, const Work& work)
         if (isOpen) m_notes.subUpdateQMTDatabase();
         QString more;
         const auto job = [&] { more = work(file); };
-        if (const auto failure = isOpen ? m_reopening(job) : FailureOf(job)) throw *failure;
-        MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.title), more);
+        if (const auto failure = isOpen ? m_opening.Reopen(job) : FailureOf(job)) throw *failure;
+        MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.name), more);
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());
         MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, u"Error"_s,
@@ -124,7 +124,6 @@ void Maintenance::mnuCompact_Click()
                                         " in MainForm, mnuCompact_Click"_L1,
                                         "Unable to compress database: ",
                                         "Database compressed OK",
-                                        "Compact",
                                         WhatIsLeft};
     Run(compact, [](const QString& file) {
         const DBEngine::AloneWith alone(file);
@@ -142,7 +141,6 @@ void Maintenance::mnuRepair_Click()
                                        " in MainForm, mnuRepair_Click"_L1,
                                        "Error when repairing database: ",
                                        "Database repaired successfully",
-                                       "Repair",
                                        [](const QString&) { return PlaceOfBackups(); }};
     Run(repair, [](const QString& file) { return Describe(DBEngine::RepairDatabase(file, schema::AllTables())); });
 }

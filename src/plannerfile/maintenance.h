@@ -8,14 +8,14 @@
 
 class CommonDialog;
 class LockedDay;
+class Opening;
 class QMTDB;
-class Reopening;
 
 class Maintenance
 {
 public:
-    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, Reopening& reopening)
-        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_reopening(reopening)
+    Maintenance(CommonDialog& dialog, QMTDB& notes, LockedDay& lockedDay, Opening& opening)
+        : m_dialog(dialog), m_notes(notes), m_lockedDay(lockedDay), m_opening(opening)
     {
     }
 
@@ -27,12 +27,11 @@ private:
     using Work = std::function<QString(const QString& file)>;
     struct Command
     {
-        const char* name; // as the menu has it
+        const char* name; // as the menu and the message have it
         const char* filter;
         QLatin1StringView literal;
         const char* failed; // stands before the error's own text
         const char* done;
-        const char* title;
         QString (*afterError)(const QString& file);
     };
 
@@ -43,5 +42,5 @@ private:
     CommonDialog& m_dialog;
     QMTDB& m_notes;
     LockedDay& m_lockedDay;
-    Reopening& m_reopening;
+    Opening& m_opening;
 };

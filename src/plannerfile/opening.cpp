@@ -1,10 +1,10 @@
 #include "plannerfile/opening.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/lockedday.h"
-#include "calendar/modshow.h"
-#include "hall/bottompanel.h"
+#include "calendar/foot.h"
+#include "calendar/redraw.h"
 #include "hall/cells.h"
+#include "hall/menus.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/backups.h"
@@ -20,13 +20,17 @@
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/explaining.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
+#include "workgroup/heldday.h"
 #include "workgroup/networkmode.h"
 #include "workgroup/workgroupstate.h"
+
+#include <QFileInfo>
 
 namespace {
 constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
@@ -52,7 +56,7 @@ void Opening::subOpenPlanner()
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
-    LeaveLockedDay();
+    m_heldDay.LeaveBehind(); // before its cell stands for anything else
     if (wasOpen) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
@@ -60,17 +64,47 @@ void Opening::subOpenPlanner()
     if (HasPlanner()) m_notes.subSeekQMTDatabase();
 }
 
-void Opening::LeaveLockedDay()
+void Opening::mnuMRU_Click(const MenuItem& entry)
 {
-    if (m_lockedDay) m_lockedDay->LeaveBehind();
+    OpenListed(entry.Caption());
+}
+
+void Opening::OpenFile(const QString& path)
+{
+    filesystem::Remember(path);
+    g_sDBTitle = QFileInfo(path).fileName().toLower();
+    OpenListed(path.toLower());
+}
+
+void Opening::OpenListed(const QString& path)
+{
+    m_heldDay.LeaveBehind();
+    m_notes.subUpdateQMTDatabase();
+    m_redraw.Display();
+    g_sDBPath = path;
+    AskHowAndOpen();
+}
+
+std::optional<bool> Opening::AskHow()
+{
+    OpenAsForm form(g_sDBPath, m_cells.Client()->window());
+    if (form.exec() != QDialog::Accepted) return {};
+    m_networkMode.subSetNetworkMode(form.Shared());
+    return form.Shared();
 }
 
 void Opening::AskHowAndOpen()
 {
-    OpenAsForm form(g_sDBPath, m_cells.Client()->window());
-    if (form.exec() != QDialog::Accepted) return;
-    m_networkMode.subSetNetworkMode(form.Shared());
-    subOpenDBNoDlg(!form.Shared());
+    if (const auto shared = AskHow()) subOpenDBNoDlg(!*shared);
+}
+
+void Opening::Adopt(const QString& file, bool exclusive)
+{
+    Database database = DBEngine::OpenDatabase(file, exclusive);
+    AdoptPlanner(database, schema::OpenNotes(database), file);
+    WatchForDamage(file);
+    g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
+    m_notes.DropCells(); // a timer may have filled them again behind a question
 }
 
 void Opening::subAutoload()
@@ -89,9 +123,8 @@ void Opening::subOpenDBNoDlg(bool bShared)
     ReadNetworkOptions();
     m_networkMode.ApplyTimers();
     SetMousePointer(mousepointer::Hourglass);
-    const QString foot = m_bottom.panelBottom->Caption();
-    m_bottom.panelBottom->SetCaption(u"opening "_s + g_sDBPath.toLower());
-    m_bottom.panelBottom->repaint();
+    const QString foot = m_foot.Said();
+    m_foot.Say(u"opening "_s + g_sDBPath.toLower());
     subUnloadAlarmIcons(m_cells);
     if (!OpenNotes(bShared, foot)) return;
     const bool complete = OpenAlarms() && OpenRecursions();
@@ -102,7 +135,7 @@ void Opening::subOpenDBNoDlg(bool bShared)
         m_recentList.subLoadMRU(false);
         m_recentList.subUpdateMRU();
     }
-    m_bottom.panelBottom->SetCaption(FootTitle());
+    m_foot.ShowMonth();
     SetMousePointer(mousepointer::Default);
     m_recovery.Offer();
 }
@@ -116,18 +149,14 @@ bool Opening::OpenNotes(bool exclusive, const QString& foot)
             GiveUp(foot);
             return false;
         }
-        Database database = DBEngine::OpenDatabase(path, exclusive);
-        AdoptPlanner(database, schema::OpenNotes(database), file);
+        Adopt(path, exclusive);
+        return true;
     } catch (const RunTimeError& failure) {
         const RunTimeError error = explaining::Explained(failure, path, schema::AllTables());
         ShowOpenFailed(error);
         LogError(error, OpenTail);
         return false;
     }
-    WatchForDamage(file);
-    g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
-    m_notes.DropCells(); // a timer may have filled them again behind a question
-    return true;
 }
 
 // A server tells what others have stored; a file is asked by the refresh.
@@ -146,22 +175,34 @@ void Opening::ShowOpenFailed(const RunTimeError& error)
 void Opening::GiveUp(const QString& reason)
 {
     SetMousePointer(mousepointer::Default);
-    m_bottom.panelBottom->SetCaption(reason);
+    m_foot.Say(reason);
     g_sDBPath.clear();
     m_notes.DropCells();
 }
 
-bool Opening::OpenAlarms()
+// An older file is known by the table that it lacks; nothing else tells its version.
+bool Opening::OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks)
 {
     try {
-        g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
+        open();
         return true;
     } catch (const RunTimeError& error) {
-        // An older file is known by the table that it lacks; nothing else tells its version.
         if (error.Number != engineerrors::NoTable) return false;
     }
-    const int answer = MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard);
-    return answer == msgbox::Yes && Upgrade([&] { subAddAlarmTable(); });
+    return (!asks ||
+            MsgBox(messages::AskUpgrade, msgbox::YesNo + msgbox::Question, messages::HelpWizard) == msgbox::Yes) &&
+           Upgrade(add);
+}
+
+bool Opening::OpenAlarms()
+{
+    return OpenOrAdd([] { g_rsAlarm = schema::OpenAlarms(g_dbPlanner); }, subAddAlarmTable, true);
+}
+
+// No question: whoever was asked about the alarms has answered for both.
+bool Opening::OpenRecursions()
+{
+    return OpenOrAdd([] { g_rsRecurse = schema::OpenRecursions(g_dbPlanner); }, subAddRecursionTable, false);
 }
 
 // A copy that fails does not stand in the way: whoever was asked was told to make one.
@@ -181,18 +222,6 @@ bool Opening::Upgrade(const std::function<void()>& step)
     }
 }
 
-bool Opening::OpenRecursions()
-{
-    try {
-        g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-        return true;
-    } catch (const RunTimeError& error) {
-        if (error.Number != engineerrors::NoTable) return false;
-    }
-    // No question: whoever was asked about the alarms has answered for both.
-    return Upgrade([&] { subAddRecursionTable(); });
-}
-
 void Opening::subAddAlarmTable()
 {
     g_dbPlanner.Append(schema::AlarmsTable());
@@ -209,6 +238,44 @@ void Opening::ShowPlannerOpen()
 {
     g_iCurrentPanel = 0;
     m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
-    m_bottom.panelBottom->SetCaption(FootTitle());
+    m_foot.ShowMonth();
     SetMousePointer(mousepointer::Default);
+}
+
+void Opening::ClosePlanner()
+{
+    if (!HasPlanner()) return;
+    const ErrorTail tail(" in MainForm, subExitProgram"_L1);
+    tail([&] { m_heldDay.LeaveBehind(); });
+    m_heldDay.Close();
+    g_rsFind = {};
+    tail([] { g_rsQMT.Close(); });
+    tail([] { g_rsRecurse.Close(); });
+    tail([] { g_rsAlarm.Close(); });
+    tail([] { g_dbPlanner.Close(); });
+}
+
+std::optional<RunTimeError> FailureOf(const std::function<void()>& work)
+{
+    const Hourglass hourglass;
+    try {
+        work();
+        return {};
+    } catch (const RunTimeError& error) {
+        return error;
+    }
+}
+
+std::optional<RunTimeError> Opening::Reopen(const std::function<void()>& work)
+{
+    const QString file = g_sNotesFile;
+    ClosePlanner();
+    damage::SetListener(nullptr); // the command says by itself what it meets
+    const auto failure = FailureOf(work);
+    // After a New that was not to replace a file the path names that file.
+    filesystem::Remember(file);
+    g_sDBPath = file.toLower();
+    g_sDBTitle = QFileInfo(file).fileName().toLower();
+    subOpenDBNoDlg(!g_bDBShared);
+    return failure;
 }

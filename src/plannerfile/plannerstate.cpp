@@ -10,6 +10,8 @@ Recordset g_rsAlarm;
 Recordset g_rsRecurse;
 Recordset g_rsFind;
 bool g_bExitSaved = false;
+QString g_sDamageTold;
+BackupLook g_lastLook;
 
 void AdoptPlanner(const Database& database, const Recordset& notes, const QString& file)
 {
@@ -24,6 +26,8 @@ void ResetPlannerStateForTests()
     g_sDBPath.clear();
     g_sDBTitle.clear();
     g_sNotesFile.clear();
+    g_sDamageTold.clear();
+    g_lastLook = {};
     g_bDBShared = g_bExitSaved = false;
     g_rsQMT = g_rsAlarm = g_rsRecurse = g_rsFind = {};
     g_dbPlanner = {};

@@ -3,6 +3,7 @@
 
 #include "platform/engine/dbengine.h"
 
+#include <QDateTime>
 #include <QString>
 
 extern QString g_sDBPath;     // lower-cased path, empty while no planner is open; after a New that was not to replace a
@@ -16,6 +17,17 @@ extern Recordset g_rsAlarm;   // "Alarm Table"; opening, creating, and the alarm
 extern Recordset g_rsRecurse; // "Recursion Table"; opening, creating, and the recurrence window for its own walk
 extern Recordset g_rsFind;    // a walk through the notes of its own, no object between two searches; the word search
 extern bool g_bExitSaved;     // the exit has saved once; subExitProgram
+extern QString g_sDamageTold; // the planner whose damage the person knows of; WatchForDamage
+
+// Of the last look for the day's copy, so that most saves look no more. What failed is tried again after a while.
+struct BackupLook
+{
+    QString planner;
+    QDate day;
+    QDateTime nextTry; // after one that failed
+    QString trouble;
+};
+extern BackupLook g_lastLook; // BackUpBeforeSave
 
 inline bool HasPlanner()
 {

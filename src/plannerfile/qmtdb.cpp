@@ -1,9 +1,8 @@
 #include "plannerfile/qmtdb.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
+#include "calendar/foot.h"
 #include "calendar/viewmode.h"
-#include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/backups.h"
@@ -21,9 +20,24 @@
 namespace {
 constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
 
-const QString Equal = u"="_s;
-const QString TextField = u"qmtText"_s;
-const QString NotSaved = u"Notes not saved yet: "_s;
+// An emptied day goes by way of one blank, and its record is deleted.
+void StoreNote(Recordset& records, const QString& key, const UnsavedNote& note)
+{
+    QByteArray text = note.rtf;
+    records.Seek(schema::Equal, key);
+    if (records.NoMatch()) {
+        records.AddNew();
+    } else {
+        records.Edit();
+        text = note.Over(records.Fields(schema::TextField).toByteArray());
+    }
+    records.SetField(schema::DateField, key);
+    records.SetField(schema::TextField, text.isEmpty() ? schema::EmptiedNote : text);
+    records.Update();
+    if (!text.isEmpty()) return;
+    records.Seek(schema::Equal, key);
+    records.Delete();
+}
 
 // A step of a save: where it fails the reason is taken down.
 template <typename Step>
@@ -45,26 +59,20 @@ void QMTDB::ReadNote(int cell)
     RichTextBox& box = m_cells.tbDay(cell);
     box.SetLocked(true);
     SetVisible(box, true);
-    // After a failed open the tables are still the planner's before, and what is typed would have no place.
-    if (!HasPlanner()) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
-    const QString key = KeyOf(cell);
+    // After a failed open the tables are still the planner's before, and what is typed would have no place; nor has it
+    // one in a cell that has not been numbered yet.
+    if (!HasPlanner() || m_cells.KeyOf(cell).isEmpty())
+        throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
+    const QString& key = m_cells.KeyOf(cell);
     const auto unsaved = m_unsaved.Find(g_sNotesFile, key);
-    if (!unsaved) g_rsQMT.Seek(Equal, key);
+    if (!unsaved) g_rsQMT.Seek(schema::Equal, key);
     if (unsaved || !g_rsQMT.NoMatch()) {
-        ShowNote(cell, key, unsaved ? unsaved->rtf : g_rsQMT.Fields(TextField).toByteArray());
+        ShowNote(cell, key, unsaved ? unsaved->rtf : g_rsQMT.Fields(schema::TextField).toByteArray());
         if (unsaved) box.SetModified(true);
     } else if (!Held(cell).rtf) {
         ShowNote(cell, key, {});
     }
     box.SetLocked(g_bDBShared);
-}
-
-QString QMTDB::KeyOf(int cell) const
-{
-    const QString caption = m_cells.panelDay(cell).Caption();
-    // A cell that has not been numbered yet stands for no day.
-    if (caption.isEmpty()) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
-    return CellKey(caption);
 }
 
 void QMTDB::ShowNote(int cell, const QString& key, const QByteArray& rtf)
@@ -80,45 +88,38 @@ void QMTDB::ShowNote(int cell, const QString& key, const QByteArray& rtf)
 void QMTDB::ReadCells(QLatin1StringView literal)
 {
     const ErrorTail tail(literal);
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const ReadTransaction reading(g_dbPlanner);
-    Expect(reading, range);
-    for (int cell = range.first; cell <= range.last; ++cell) {
+    Expect(reading);
+    for (const int cell : Shown()) {
         if (!tail([&] { ReadNote(cell); })) ShowUnread(cell);
-        tail([&] { subShowAlarmIcon(m_cells, CellKey(m_cells.panelDay(cell).Caption()), cell); });
+        tail([&] { subShowAlarmIcon(m_cells, m_cells.KeyOf(cell), cell); });
     }
 }
 
-void QMTDB::Expect(const ReadTransaction& reading, CellRange range)
+void QMTDB::Expect(const ReadTransaction& reading) const
 {
-    const QVariantList days = m_cells.Keys(range);
+    const QVariantList days = m_cells.Keys(Shown());
     reading.Expect(g_rsQMT, days);
     reading.Expect(g_rsAlarm, days);
-}
-
-void QMTDB::ReadAgain(int cell)
-{
-    LetGo(cell);
-    ReadNote(cell);
 }
 
 void QMTDB::ReadDay(const QString& key)
 {
     const ErrorTail tail(" in QMTDB.BAS, subSeekQMTDatabase"_L1);
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const QScopedValueRollback noSignOfLife(g_lUnlockTicks);                 // what others type keeps no idle lock
     const ReadTransaction reading(key.isEmpty() ? g_dbPlanner : Database()); // a single day needs none
-    Expect(reading, range);
-    for (int cell = range.first; cell <= range.last; ++cell) {
+    Expect(reading);
+    for (const int cell : Shown()) {
         tail([&] {
-            if (!key.isEmpty() && KeyOf(cell) != key) return;
+            if (!key.isEmpty() && m_cells.KeyOf(cell) != key) return;
             const bool isEdited = g_bDBShared ? IsMarked(cell) : NeedsSaving(cell);
-            if (!isEdited) tail([&] { ReadAgain(cell); });
+            if (!isEdited) LetGo(cell);
+            if (!isEdited) tail([&] { ReadNote(cell); });
             UnloadAlarmIcon(m_cells, cell);
-            subShowAlarmIcon(m_cells, KeyOf(cell), cell);
+            subShowAlarmIcon(m_cells, m_cells.KeyOf(cell), cell);
         });
     }
-    if (key.isEmpty()) m_bottom.panelBottom->SetCaption(FootTitle());
+    if (key.isEmpty()) m_foot.ShowMonth();
 }
 
 void QMTDB::subSeekQMTDatabase()
@@ -128,14 +129,13 @@ void QMTDB::subSeekQMTDatabase()
     if (m_viewMode.GetViewMode() != ViewMode::Day) ReadCells(literal);
     const bool isConnected = ErrorTail{literal}([] { DBEngine::Idle(DBEngine::dbFreeLocks); });
     g_iCurrentPanel = 0;
-    m_bottom.panelBottom->SetCaption(
-        isConnected || !g_sNotSaved.isEmpty() ? FootTitle() : u"There is no connection to the planner's server."_s);
+    m_foot.ShowConnection(isConnected);
     SetMousePointer(mousepointer::Default);
 }
 
 bool QMTDB::NeedsSaving(int cell) const
 {
-    const auto& held = m_held.at(static_cast<std::size_t>(cell)).rtf;
+    const auto& held = Held(cell).rtf;
     if (!held) return false;
     const RichTextBox& box = m_cells.tbDay(cell);
     if (box.Modified()) return true;
@@ -147,8 +147,7 @@ bool QMTDB::NeedsSaving(int cell) const
 
 bool QMTDB::HasChanges() const
 {
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell) {
+    for (const int cell : Shown()) {
         if (m_cells.tbDay.Exists(cell) && NeedsSaving(cell)) return true;
     }
     return !m_unsaved.NotesOf(g_sNotesFile).isEmpty();
@@ -159,7 +158,7 @@ void QMTDB::TakeNote(int cell)
     RichTextBox& box = m_cells.tbDay(cell);
     box.CommitPreedit();
     if (NeedsSaving(cell)) {
-        const QString key = KeyOf(cell);
+        const QString& key = m_cells.KeyOf(cell);
         const QByteArray rtf = box.IsEmpty() ? QByteArray() : box.TextRTF();
         m_unsaved.Keep(g_sNotesFile, key, {rtf, Held(cell).rtf, {}});
         box.MarkSaved(rtf);
@@ -180,7 +179,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
         // One commit for all: the cost of a save is the wait for the disk.
         WriteTransaction writing(database);
         for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
-            if (tail(Noting(reason, [&] { note->StoreIn(records, note.key()); }))) written.append(note.key());
+            if (tail(Noting(reason, [&] { StoreNote(records, note.key(), *note); }))) written.append(note.key());
         }
         writing.Commit();
         for (const QString& key : written)
@@ -190,31 +189,19 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
     FollowUnsaved();
 }
 
-QString QMTDB::WhyUnsaved() const
-{
-    return QStringList(m_reasons.values()).join(u'\n');
-}
-
 // The foot tells of what was tried and not taken. What New has set aside was not tried.
 void QMTDB::FollowUnsaved()
 {
     const QStringList waiting = m_unsaved.Planners();
     m_reasons.removeIf([&](const auto& reason) { return reason->isEmpty() || !waiting.contains(reason.key()); });
-    const QString reasons = QStringList(m_reasons.values()).join(u' ');
-    const QString before = std::exchange(g_sNotSaved, reasons.isEmpty() ? reasons : NotSaved + reasons);
-    if (g_sNotSaved != before) m_bottom.panelBottom->SetCaption(FootTitle());
+    m_foot.SetNotSaved(WhyUnsaved().join(u' '));
     m_journal.Follow();
 }
 
-void QMTDB::ForgetUnsaved()
+void QMTDB::ForgetUnsaved(const QStringList& planners)
 {
-    m_unsaved = {};
-    FollowUnsaved();
-}
-
-void QMTDB::ForgetUnsaved(const QString& planner)
-{
-    m_unsaved.Forget(planner);
+    for (const QString& planner : planners)
+        m_unsaved.Forget(planner);
     FollowUnsaved();
 }
 
@@ -240,11 +227,11 @@ void QMTDB::LeaveBehind(const QString& key, const UnsavedNote& note)
 UnsavedNotes QMTDB::Typed() const
 {
     UnsavedNotes typed = m_unsaved;
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last && HasPlanner() && !g_bDBShared; ++cell) {
+    if (!HasPlanner() || g_bDBShared) return typed;
+    for (const int cell : Shown()) {
         if (!m_cells.tbDay.Exists(cell) || !NeedsSaving(cell)) continue;
         const RichTextBox& box = m_cells.tbDay(cell);
-        const HeldNote& held = m_held.at(std::size_t(cell));
+        const HeldNote& held = Held(cell);
         typed.Keep(g_sNotesFile, held.key, {box.IsEmpty() ? QByteArray() : box.TextRTF(), held.rtf, {}});
     }
     return typed;
@@ -252,9 +239,8 @@ UnsavedNotes QMTDB::Typed() const
 
 std::optional<QByteArray> QMTDB::HeldText(const QString& key) const
 {
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell) {
-        const HeldNote& held = m_held.at(std::size_t(cell));
+    for (const int cell : Shown()) {
+        const HeldNote& held = Held(cell);
         if (held.key == key) return held.rtf;
     }
     return {};
@@ -293,6 +279,13 @@ void QMTDB::subUpdateQMTRecord(int iCell)
     WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
+void QMTDB::mnuSave_Click()
+{
+    const ErrorTail tail(" in MainForm, mnuSave_Click"_L1);
+    tail([&] { subUpdateQMTDatabase(); });
+    tail([&] { subSeekQMTDatabase(); });
+}
+
 void QMTDB::PutNote(const QString& key, const UnsavedNote& note)
 {
     if (!HasPlanner()) return;
@@ -303,9 +296,8 @@ void QMTDB::PutNote(const QString& key, const UnsavedNote& note)
 void QMTDB::subUpdateQMTDatabase()
 {
     const ErrorTail tail(UpdateTail);
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
     const bool saves = HasPlanner() && !g_bDBShared;
-    for (int cell = range.first; cell <= range.last; ++cell) {
+    for (const int cell : Shown()) {
         tail([&] {
             if (saves) TakeNote(cell);
             LetGo(cell);
@@ -317,8 +309,7 @@ void QMTDB::subUpdateQMTDatabase()
 // What the day held when it was last read stays on the screen, to be looked at; another day's note must not.
 void QMTDB::ShowUnread(int cell)
 {
-    const bool isItsDay = m_cells.panelDay.Exists(cell) && Held(cell).key == CellKey(m_cells.panelDay(cell).Caption());
-    if (!isItsDay) EmptyCell(cell);
+    if (Held(cell).key != m_cells.KeyOf(cell)) EmptyCell(cell);
 }
 
 void QMTDB::EmptyCell(int cell)
@@ -331,19 +322,16 @@ void QMTDB::EmptyCell(int cell)
 
 void QMTDB::SetAside()
 {
+    if (g_bDBShared) return;
     const ErrorTail tail(UpdateTail);
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last && !g_bDBShared; ++cell)
+    for (const int cell : Shown())
         tail([&] { TakeNote(cell); });
 }
 
 void QMTDB::DropCells()
 {
-    const CellRange range = CellsOf(m_viewMode.GetViewMode());
-    for (int cell = range.first; cell <= range.last; ++cell)
+    for (const int cell : Shown())
         EmptyCell(cell);
-    const int marked = MarkedCell();
-    ClearMarks();
-    if (marked != 0) Q_EMIT m_cells.StateChanged(marked);
+    m_cells.Unmark();
     m_journal.Follow();
 }

@@ -10,9 +10,9 @@
 #include <array>
 #include <optional>
 
-struct BottomPanel;
 class Cells;
 class Database;
+class Foot;
 class Journal;
 class ReadTransaction;
 class Recordset;
@@ -20,8 +20,8 @@ class Recordset;
 class QMTDB
 {
 public:
-    QMTDB(Cells& cells, const BottomPanel& bottom, const ViewMode& viewMode, Journal& journal)
-        : m_cells(cells), m_bottom(bottom), m_viewMode(viewMode), m_journal(journal)
+    QMTDB(Cells& cells, Foot& foot, const ViewMode& viewMode, Journal& journal)
+        : m_cells(cells), m_foot(foot), m_viewMode(viewMode), m_journal(journal)
     {
     }
 
@@ -41,6 +41,7 @@ public:
     // them all first would cost as much as to fill them.
     void subUpdateQMTDatabase();
     void subUpdateQMTRecord(int iCell);
+    void mnuSave_Click();
     // Writes a day's note that no shown cell holds; in a workgroup's planner it waits for the next look at its day, or
     // for the exit.
     void PutNote(const QString& key, const UnsavedNote& note);
@@ -53,10 +54,9 @@ public:
 
     // Notes of any planner that was open in this run and would not take them.
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
-    void WriteUnsaved();        // tries each of those planners again
-    QString WhyUnsaved() const; // the reasons of the last tries, a line for each
-    void ForgetUnsaved();
-    void ForgetUnsaved(const QString& planner);
+    void WriteUnsaved();                                          // tries each of those planners again
+    QStringList WhyUnsaved() const { return m_reasons.values(); } // as the last tries ended
+    void ForgetUnsaved(const QStringList& planners);
     // What a day is to show that holds this in the file: what could not be stored yet comes first.
     QByteArray NoteOver(const QString& key, const QByteArray& stored) const;
     void ForgetDay(const QString& key); // it has been stored another way
@@ -69,9 +69,6 @@ public:
     std::optional<QByteArray> HeldText(const QString& key) const; // what the file holds for a shown day, if it was read
 
 private:
-    void Expect(const ReadTransaction& reading, CellRange range);
-    void ReadNote(int cell);
-    void ReadAgain(int cell);
     struct HeldNote
     {
         QString key; // of the day that the box was last filled for
@@ -80,8 +77,11 @@ private:
         std::optional<QByteArray> rtf;
     };
 
+    CellRange Shown() const { return CellsOf(m_viewMode.GetViewMode()); }
+    void Expect(const ReadTransaction& reading) const; // the shown days
+    void ReadNote(int cell);
+    const HeldNote& Held(int cell) const { return m_held.at(static_cast<std::size_t>(cell)); }
     HeldNote& Held(int cell) { return m_held.at(static_cast<std::size_t>(cell)); }
-    QString KeyOf(int cell) const; // 91 while the cell has no caption
     void ShowNote(int cell, const QString& key, const QByteArray& rtf);
     bool NeedsSaving(int cell) const;
     void TakeNote(int cell);
@@ -92,7 +92,7 @@ private:
     void FollowUnsaved();
 
     Cells& m_cells;
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
     const ViewMode& m_viewMode;
     Journal& m_journal;
     UnsavedNotes m_unsaved;

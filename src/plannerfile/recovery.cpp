@@ -4,6 +4,7 @@
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/rescuefiles.h"
+#include "plannerfile/schema.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -19,8 +20,8 @@ constexpr QLatin1StringView RecoveryTail(" in Recovery, Offer");
 
 QByteArray Stored(const QString& key)
 {
-    g_rsQMT.Seek(u"="_s, key);
-    return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(u"qmtText"_s).toByteArray();
+    g_rsQMT.Seek(schema::Equal, key);
+    return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(schema::TextField).toByteArray();
 }
 
 // Days by their date, the memos behind the days of their month.
@@ -80,31 +81,29 @@ void Recovery::OfferFrom(LeftJournal& left)
 {
     for (const QString& planner : left.Notes().Planners()) {
         if (!IsOfOpenPlanner(planner)) continue;
-        const std::vector<Found> found = NewsIn(left.Notes().NotesOf(planner));
+        const std::vector<FoundNote> found = NewsIn(left.Notes().NotesOf(planner));
         if (found.empty() || Ask(found)) left.Forget(planner);
     }
 }
 
 // What was saved after all, as by a save whose end the program did not see, is no news. In the order of the days.
-std::vector<Recovery::Found> Recovery::NewsIn(const QMap<QString, UnsavedNote>& notes)
+std::vector<FoundNote> Recovery::NewsIn(const QMap<QString, UnsavedNote>& notes)
 {
-    std::vector<Found> news;
+    std::vector<FoundNote> news;
     for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
         const QByteArray stored = Stored(note.key());
         if (note->Over(stored) != stored) news.push_back({note.key(), *note, stored});
     }
-    std::ranges::stable_sort(news, [](const Found& a, const Found& b) { return OrderOf(a.key) < OrderOf(b.key); });
+    std::ranges::stable_sort(news,
+                             [](const FoundNote& a, const FoundNote& b) { return OrderOf(a.key) < OrderOf(b.key); });
     return news;
 }
 
-bool Recovery::Ask(const std::vector<Found>& found)
+bool Recovery::Ask(const std::vector<FoundNote>& found)
 {
-    std::vector<FoundNote> shown;
-    for (const Found& day : found)
-        shown.push_back({day.key, day.stored, day.note.Over(day.stored)});
-    RecoveryForm form(shown, &m_owner);
+    RecoveryForm form(found, &m_owner);
     if (form.exec() != QDialog::Accepted) return false;
-    std::vector<Found> wanted;
+    std::vector<FoundNote> wanted;
     UnsavedNotes::ByPlanner others;
     for (std::size_t i = 0; i < found.size(); ++i) {
         if (form.Takes(i)) {
@@ -119,24 +118,20 @@ bool Recovery::Ask(const std::vector<Found>& found)
 
 bool Recovery::KeepAsFiles(const UnsavedNotes& others)
 {
-    try {
-        WriteRescueFiles(others);
-        return true;
-    } catch (const RunTimeError& error) {
-        LogError(error, RecoveryTail);
-        MsgBox(u"The days that you did not tick could not be kept as files: %1\n\nThey will be offered "
-               "again when the planner is next opened."_s.arg(error.Description),
-               msgbox::Exclamation, messages::HelpWizard);
-        return false;
-    }
+    const QString reason = WriteRescueFiles(others, RecoveryTail);
+    if (reason.isEmpty()) return true;
+    MsgBox(u"The days that you did not tick could not be kept as files: %1\n\nThey will be offered again when the "
+           "planner is next opened."_s.arg(reason),
+           msgbox::Exclamation, messages::HelpWizard);
+    return false;
 }
 
 // What the planner does not take now waits like any other note that could not be saved, and is journalled again before
 // the journal that it came from goes.
-bool Recovery::Take(const std::vector<Found>& wanted)
+bool Recovery::Take(const std::vector<FoundNote>& wanted)
 {
     QStringList waiting;
-    for (const Found& day : wanted) {
+    for (const FoundNote& day : wanted) {
         const bool stored = g_bDBShared && ErrorTail{RecoveryTail}([&] { StoreUnderLock(day.key, day.note); });
         if (!stored) m_notes.PutNote(day.key, day.note);
         if (m_notes.Unsaved().Find(g_sNotesFile, day.key)) waiting << fnFormatDateKey(day.key);

@@ -17,18 +17,11 @@ public:
     void BeginOffering(); // offers what waited for it
 
 private:
-    struct Found
-    {
-        QString key;
-        UnsavedNote note;
-        QByteArray stored;
-    };
-
     void OfferFrom(LeftJournal& left);
     static bool IsOfOpenPlanner(const QString& planner);
-    static std::vector<Found> NewsIn(const QMap<QString, UnsavedNote>& notes);
-    bool Ask(const std::vector<Found>& found);   // false: the journal is still needed
-    bool Take(const std::vector<Found>& wanted); // false: some of it is in memory alone
+    static std::vector<FoundNote> NewsIn(const QMap<QString, UnsavedNote>& notes);
+    bool Ask(const std::vector<FoundNote>& found);   // false: the journal is still needed
+    bool Take(const std::vector<FoundNote>& wanted); // false: some of it is in memory alone
     static bool KeepAsFiles(const UnsavedNotes& others);
 
     QMTDB& m_notes;

@@ -115,7 +115,7 @@ void RecoveryForm::ShowNote(int row)
 {
     const FoundNote& note = m_notes.at(std::size_t(qMax(0, row)));
     m_tbStored->SetTextRTF(note.stored);
-    m_tbFound->SetTextRTF(note.found);
+    m_tbFound->SetTextRTF(note.note.Over(note.stored));
 }
 
 bool RecoveryForm::Takes(std::size_t number) const

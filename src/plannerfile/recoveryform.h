@@ -2,6 +2,8 @@
 // are to be taken.
 #pragma once
 
+#include "plannerfile/unsavednotes.h"
+
 #include <QDialog>
 
 #include <vector>
@@ -13,8 +15,8 @@ class RichTextBox;
 struct FoundNote
 {
     QString key;
-    QByteArray stored; // as the planner holds it
-    QByteArray found;  // as it would be with what was found
+    UnsavedNote note;
+    QByteArray stored; // as the planner holds the day
 };
 
 class RecoveryForm : public QDialog

@@ -3,7 +3,7 @@
 #include "plannerfile/unsavednotes.h"
 #include "platform/desktop/folders.h"
 #include "platform/runtime/durablefile.h"
-#include "platform/runtime/runtimeerror.h"
+#include "platform/runtime/errortail.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,12 +17,6 @@ QString FreeName(const QString& wanted)
         name = u"%1 (%2)%3"_s.arg(wanted).arg(number).arg(extension);
     return name;
 }
-
-void WriteNote(const QString& name, const QByteArray& rtf)
-{
-    QString reason;
-    if (!WriteDurably(name, rtf, &reason)) throw RunTimeError{errors::PathFileAccess, reason};
-}
 } // namespace
 
 QString RescueFolder()
@@ -30,14 +24,19 @@ QString RescueFolder()
     return folders::ApplicationDirectory() + u"/unsaved"_s;
 }
 
-void WriteRescueFiles(const UnsavedNotes& notes)
+QString WriteRescueFiles(const UnsavedNotes& notes, QLatin1StringView literal)
 {
     QDir().mkpath(RescueFolder());
+    QString reason;
     for (const QString& planner : notes.Planners()) {
         const QString base = RescueFolder() + u'/' + QFileInfo(planner).completeBaseName() + u' ';
         const auto days = notes.NotesOf(planner);
         for (auto day = days.cbegin(); day != days.cend(); ++day) {
-            if (!day->rtf.isEmpty()) WriteNote(FreeName(base + QString(day.key()).replace(u'/', u'-')), day->rtf);
+            const QString name = FreeName(base + QString(day.key()).replace(u'/', u'-'));
+            if (day->rtf.isEmpty() || WriteDurably(name, day->rtf, &reason)) continue;
+            LogError({errors::PathFileAccess, reason}, literal);
+            return reason;
         }
     }
+    return {};
 }

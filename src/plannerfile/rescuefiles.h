@@ -7,5 +7,6 @@ class UnsavedNotes;
 
 QString RescueFolder();
 
-// Writes a file for each note; an existing file is never replaced. 75 if one cannot be written; those before it stay.
-void WriteRescueFiles(const UnsavedNotes& notes);
+// Writes a file for each note; an existing file is never replaced. Why one could not be written, which is logged under
+// the literal, else nothing; those before it stay.
+QString WriteRescueFiles(const UnsavedNotes& notes, QLatin1StringView literal);

@@ -6,8 +6,8 @@ TableDef NotesTable()
     // The date field and the seven of the font were never written; older programs expect to find them.
     return {Notes,
             {{u"Database Date"_s, dbDate},
-             {u"qmtDate"_s, dbText, 15},
-             {u"qmtText"_s, dbMemo},
+             {DateField, dbText, 15},
+             {TextField, dbMemo},
              {u"qmtFontName"_s, dbText, 40},
              {u"qmtFontSize"_s, dbSingle},
              {u"qmtFontBold"_s, dbBoolean},
@@ -15,8 +15,8 @@ TableDef NotesTable()
              {u"qmtFontUnderline"_s, dbBoolean},
              {u"qmtFontStrikeThru"_s, dbBoolean},
              {u"qmtFontColor"_s, dbLong},
-             {u"qmtPadding"_s, dbMemo}},
-            {{NotesIndex, u"-qmtDate"_s, true}}};
+             {PaddingField, dbMemo}},
+            {{NotesIndex, u'-' + DateField, true}}};
 }
 
 TableDef AlarmsTable()

@@ -8,6 +8,12 @@ inline const QString Notes = u"QMT Table"_s;
 inline const QString Alarms = u"Alarm Table"_s;
 inline const QString Recursions = u"Recursion Table"_s;
 
+inline const QString DateField = u"qmtDate"_s;
+inline const QString TextField = u"qmtText"_s;
+inline const QString PaddingField = u"qmtPadding"_s;
+inline const QByteArray EmptiedNote = " "_ba; // a zero-length text is never stored
+
+inline const QString Equal = u"="_s; // for Seek
 inline const QString NotesIndex = u"qmtPrimaryKey"_s;
 inline const QString AlarmsIndex = u"AlarmKey"_s;
 inline const QString RecursionsIndex = u"RecurseKey"_s;

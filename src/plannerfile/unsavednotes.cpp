@@ -1,7 +1,6 @@
 #include "plannerfile/unsavednotes.h"
 
 #include "calendar/moddate.h"
-#include "platform/engine/recordset.h"
 #include "platform/richtext/notejoin.h"
 
 #include <QStringList>
@@ -11,25 +10,6 @@ QByteArray UnsavedNote::Over(const QByteArray& stored) const
     const bool isOfOthers = base && stored != *base && stored != rtf && stored != former;
     if (!isOfOthers || stored.trimmed().isEmpty()) return rtf;
     return rtf.isEmpty() ? stored : JoinedNotes(stored, rtf);
-}
-
-void UnsavedNote::StoreIn(Recordset& records, const QString& key) const
-{
-    const QString equal = u"="_s, textField = u"qmtText"_s;
-    QByteArray text = rtf;
-    records.Seek(equal, key);
-    if (records.NoMatch()) {
-        records.AddNew();
-    } else {
-        records.Edit();
-        text = Over(records.Fields(textField).toByteArray());
-    }
-    records.SetField(u"qmtDate"_s, key);
-    records.SetField(textField, text.isEmpty() ? QByteArray(" ") : text);
-    records.Update();
-    if (!text.isEmpty()) return;
-    records.Seek(equal, key);
-    records.Delete();
 }
 
 void UnsavedNotes::Keep(const QString& planner, const QString& key, const UnsavedNote& note)

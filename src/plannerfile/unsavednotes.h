@@ -9,8 +9,6 @@
 
 #include <optional>
 
-class Recordset;
-
 struct UnsavedNote
 {
     QByteArray rtf;                 // empty: the day was emptied
@@ -20,10 +18,6 @@ struct UnsavedNote
     // What is to be stored where the file holds this by now. Where somebody else has written meanwhile both notes stay,
     // theirs above.
     QByteArray Over(const QByteArray& stored) const;
-
-    // Stores it; an empty one leaves no record. A zero-length text is never stored: an emptied day goes by way of one
-    // blank, and its record is deleted.
-    void StoreIn(Recordset& records, const QString& key) const;
 };
 
 class UnsavedNotes

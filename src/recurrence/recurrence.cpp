@@ -2,13 +2,13 @@
 
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/schema.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 
 namespace {
-const QString DateField = u"qmtDate"_s;
-const QString TextField = u"qmtText"_s;
+using schema::DateField, schema::Equal, schema::TextField;
 
 // By Frequency.
 constexpr QLatin1StringView SaveLiterals[] = {" in RecurForm, fnRecurseDaily"_L1, " in RecurForm, fnRecurseWeekly"_L1,
@@ -50,7 +50,7 @@ bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
                 return false;
             }
             if (!AskToRetry(sDate, error.Description)) return false;
-            g_rsQMT.Seek(u"="_s, sDate); // a timer behind the question may have read other days
+            g_rsQMT.Seek(Equal, sDate); // a timer behind the question may have read other days
         }
     }
 }
@@ -116,7 +116,7 @@ void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& en
 
 void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
 {
-    g_rsQMT.Seek(u"="_s, sDate);
+    g_rsQMT.Seek(Equal, sDate);
     if (g_rsQMT.NoMatch()) {
         g_rsQMT.AddNew();
         g_rsQMT.SetField(DateField, sDate);
@@ -139,7 +139,7 @@ bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QSt
 
 void Recurrence::subRemoveRecurStr(const QString& sDate)
 {
-    g_rsQMT.Seek(u"="_s, sDate);
+    g_rsQMT.Seek(Equal, sDate);
     if (g_rsQMT.NoMatch()) return;
     const auto rest = m_text.TakenOutOf(g_rsQMT.Fields(TextField).toByteArray());
     if (!rest) return;
@@ -147,5 +147,5 @@ void Recurrence::subRemoveRecurStr(const QString& sDate)
     g_rsQMT.SetField(TextField, *rest);
     g_rsQMT.Update();
     // One blank is how an emptied day is stored.
-    if (g_rsQMT.Fields(TextField).toByteArray() == " ") g_rsQMT.Delete();
+    if (g_rsQMT.Fields(TextField).toByteArray() == schema::EmptiedNote) g_rsQMT.Delete();
 }

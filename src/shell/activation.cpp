@@ -1,6 +1,6 @@
 #include "shell/activation.h"
 
-#include "plannerfile/plannerhandlers.h"
+#include "plannerfile/opening.h"
 #include "platform/desktop/doevents.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -25,7 +25,7 @@ QString LocalPath(const QUrl& address)
 }
 } // namespace
 
-Activation::Activation(QWidget& client, PlannerHandlers& planners) : m_client(client), m_planners(planners)
+Activation::Activation(QWidget& client, Opening& opening) : m_client(client), m_opening(opening)
 {
     m_tmWaiting.setSingleShot(true);
     m_tmWaiting.callOnTimeout(&client, Guarded(" in MainForm, Open"_L1, [this] { OpenWaiting(); }));
@@ -71,7 +71,7 @@ void Activation::Open(const QString& uri)
 {
     const QUrl address(uri);
     const QString path = LocalPath(address);
-    if (!path.isEmpty()) return m_planners.OpenFile(path);
+    if (!path.isEmpty()) return m_opening.OpenFile(path);
     messages::Tell(u"Orrelin opens planners that lie in a folder of this computer or of a drive that is connected to "
                    "it. This one lies elsewhere:\n\n%1"_s.arg(address.toDisplayString()),
                    msgbox::Exclamation);

@@ -6,12 +6,12 @@
 #include <QStringList>
 #include <QTimer>
 
-class PlannerHandlers;
+class Opening;
 
 class Activation
 {
 public:
-    Activation(QWidget& client, PlannerHandlers& planners);
+    Activation(QWidget& client, Opening& opening);
 
     // Of planners that wait only those of the last call are opened.
     void Answer(const QStringList& uris);
@@ -23,7 +23,7 @@ private:
     void Open(const QString& uri);
 
     QWidget& m_client;
-    PlannerHandlers& m_planners;
+    Opening& m_opening;
     QStringList m_waiting;
     QTimer m_tmWaiting;
 };

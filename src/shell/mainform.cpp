@@ -37,8 +37,8 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
     // Minimised too: the cells must know their days before notes are read into them.
-    tail([&] { rooms.bars.RefreshLayout(); });
-    rooms.controls.bottom.panelBottom->SetCaption(MonthTitle());
+    tail([&] { rooms.m_pLayout.RefreshLayout(); });
+    rooms.foot.ShowMonth();
     // No cell takes the first key; it is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();
@@ -60,7 +60,7 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
     // resize.
     const auto type = watched == this ? QEvent::WindowStateChange : QEvent::Resize;
     if (event->type() == type && isVisible() && !isMinimized())
-        guard(" in MainForm, Form_Resize"_L1, [this] { m_rooms->bars.Form_Resize(); });
+        guard(" in MainForm, Form_Resize"_L1, [this] { m_rooms->m_pLayout.Form_Resize(); });
     return QMainWindow::eventFilter(watched, event);
 }
 
@@ -96,7 +96,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // by a signal, while a question about unsaved notes was waiting
-    m_rooms->exitSave.ClosePlanner();
+    m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });

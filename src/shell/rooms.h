@@ -4,7 +4,6 @@
 #include "alarms/alarmclock.h"
 #include "alarms/alarmhandlers.h"
 #include "appearance/appearance.h"
-#include "calendar/bars.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
 #include "calendar/cellnames.h"
@@ -12,7 +11,7 @@
 #include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
-#include "calendar/modshow.h"
+#include "calendar/foot.h"
 #include "calendar/navigation.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
@@ -27,11 +26,9 @@
 #include "plannerfile/journal.h"
 #include "plannerfile/maintenance.h"
 #include "plannerfile/opening.h"
-#include "plannerfile/plannerhandlers.h"
 #include "plannerfile/qmtdb.h"
 #include "plannerfile/recentlist.h"
 #include "plannerfile/recovery.h"
-#include "plannerfile/reopening.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
@@ -44,12 +41,10 @@
 #include "tools/datesearch.h"
 #include "tools/findword.h"
 #include "wallpaper/wallpapercommands.h"
-#include "workgroup/daylock.h"
-#include "workgroup/dayrecord.h"
+#include "workgroup/heldday.h"
 #include "workgroup/networkmode.h"
-#include "workgroup/networkoptions.h"
-#include "workgroup/refresh.h"
 #include "workgroup/servermove.h"
+#include "workgroup/workgrouphandlers.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -57,20 +52,13 @@
 // In the order of their making; each stands on those above it.
 struct Rooms
 {
-    explicit Rooms(QMainWindow& window) : controls(window), m_pLayout(window, *controls.client)
+    explicit Rooms(QMainWindow& window) : controls(window)
     {
         m_pCalendarView.SetRedraw(redraw);
-        turn.SetLockedDay(dayLock);
-        creation.SetLockedDay(dayLock);
-        opening.SetLockedDay(dayLock);
-        journal.SetOnTrouble([this](const QString& reason) {
-            const QString trouble = u"What you type cannot be kept aside: "_s;
-            g_sNotKept = reason.isEmpty() ? reason : trouble + reason;
-            controls.bottom.panelBottom->SetCaption(FootTitle());
-        });
+        journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
-            dayLock.AddTyped(typed);
+            heldDay.AddTyped(typed);
             dayView.AddTyped(typed);
             return typed;
         });
@@ -86,49 +74,46 @@ struct Rooms
     CSidebarView m_pSidebar{controls.sidebar, controls.menus};
     CStatusbarView m_pStatusbar{controls.bottom};
     CCalendarView m_pCalendarView{controls.cells, controls.sidebar};
-    CScreenLayout m_pLayout;
     CellNames names{controls.cells};
-    Redraw redraw{controls.cells, controls.bottom, m_pCalendarView};
+    Foot foot{controls.bottom};
+    Redraw redraw{controls.cells, foot, m_pCalendarView};
     Journal journal;
-    QMTDB notes{controls.cells, controls.bottom, m_pCalendarView, journal};
-    Turn turn{notes};
-    Bars bars{m_pLayout, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
-    DayRecord dayRecord;
-    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, dayRecord};
+    QMTDB notes{controls.cells, foot, m_pCalendarView, journal};
+    HeldDay heldDay{controls.cells, controls.sidebar, controls.network, notes};
+    Turn turn{notes, heldDay};
+    CScreenLayout m_pLayout{*controls.client, m_pToolbar, m_pSidebar, m_pStatusbar, m_pCalendarView, redraw, turn};
+    NetworkMode networkMode{controls.network, controls.menus, *controls.bar.tbTop, heldDay};
     RecentList recentList{controls.menus};
     Recovery recovery{notes, journal, *controls.client};
-    Opening opening{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, recentList, recovery};
-    Creation creation{controls.cells, controls.bottom, controls.FontDialog, notes, networkMode, opening};
-    PlannerHandlers planners{creation, opening, notes, redraw, m_pCalendarView};
-    Activation activation{*controls.client, planners};
-    Navigation navigation{controls.cells, controls.bottom, turn, redraw, controls.menus, m_pCalendarView, bars};
+    Opening opening{controls.cells, foot,  controls.FontDialog, notes, networkMode, recentList, recovery,
+                    heldDay,        redraw};
+    Creation creation{controls.cells, foot, controls.FontDialog, notes, opening, heldDay};
+    Activation activation{*controls.client, opening};
+    Navigation navigation{controls.cells, controls.bottom, foot,      turn,   redraw,
+                          controls.menus, m_pCalendarView, m_pLayout, heldDay};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
-    DateSearch dateSearch{controls.bottom, turn, redraw, m_pCalendarView, *controls.client};
+    DateSearch dateSearch{foot, turn, redraw, m_pCalendarView, *controls.client};
     FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
     DateDifference dateDifference{controls.cells, *controls.bar.tbTop, controls.menus, *controls.lblDateDiff};
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
-    Formatting formatting{controls.cells, controls.bar, controls.network, fontCommand};
-    DayView dayView{controls.cells, controls.sidebar, controls.network, controls.bottom, notes,
-                    dayRecord,      m_pCalendarView,  fontCommand,      journal};
-    Refresh refresh{controls.cells, controls.network, turn};
-    DayLock dayLock{controls.cells, controls.sidebar, controls.network, dayRecord, dayView, refresh, notes};
+    Formatting formatting{controls.cells, controls.bar, heldDay, fontCommand};
+    DayView dayView{controls.cells, controls.sidebar, controls.network, foot,   notes,
+                    heldDay,        m_pCalendarView,  fontCommand,      journal};
     RecurringEvents recurringEvents{controls.cells, notes, m_pCalendarView, fontCommand};
-    AlarmHandlers alarms{controls.cells, controls.tmAlarm, turn, dayLock};
+    AlarmHandlers alarms{controls.cells, controls.tmAlarm, turn, heldDay};
     AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
-    ExitSave exitSave{controls.cells, notes, dayRecord, journal, dayLock};
-    Reopening reopening{exitSave, opening};
-    Maintenance maintenance{controls.FontDialog, notes, dayLock, reopening};
-    ServerMove serverMove{controls.FontDialog, reopening, dayLock};
+    ExitSave exitSave{controls.cells, notes, journal, heldDay};
+    Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
+    ServerMove serverMove{controls.FontDialog, opening, heldDay};
+    WorkgroupHandlers workgroup{controls.cells, controls.network, turn, heldDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{
-        {controls.cells, controls.bottom, m_pCalendarView}, dayLock, controls.FontDialog, printer, printLibrary};
-    NetworkOptions networkOptions{*controls.client, controls.network, serverMove};
-    CellEditing cellEditing{controls.cells, controls.bar,    controls.network,
-                            controls.menus, m_pCalendarView, formatting};
+        {controls.cells, controls.bottom, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
+    CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
     // Behind the handler that may refuse a cell the focus: what has put it back has left no cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

@@ -1,6 +1,5 @@
 #include "shell/wiring.h"
 
-#include "calendar/lockframes.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
@@ -55,24 +54,24 @@ struct MenuRow
 };
 
 constexpr MenuRow MenuRows[] = {
-    {"mnuNew", Run<&Rooms::planners, &PlannerHandlers::mnuNew_Click>},
-    {"mnuOpen", Run<&Rooms::planners, &PlannerHandlers::mnuOpen_Click>},
-    {"mnuSave", Run<&Rooms::planners, &PlannerHandlers::mnuSave_Click>},
+    {"mnuNew", Run<&Rooms::creation, &Creation::subNewPlanner>},
+    {"mnuOpen", Run<&Rooms::opening, &Opening::subOpenPlanner>},
+    {"mnuSave", Run<&Rooms::notes, &QMTDB::mnuSave_Click>},
     {"mnuCompact", Run<&Rooms::maintenance, &Maintenance::mnuCompact_Click>},
     {"mnuRepair", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
     {"mnuPageSetup", Run<&Rooms::printing, &Printing::mnuPageSetup_Click>},
     {"mnuPrintSetup", Run<&Rooms::printing, &Printing::mnuPrintSetup_Click>},
     {"mnuPrint", Run<&Rooms::printing, &Printing::mnuPrint_Click>},
-    {"mnuRefresh", Run<&Rooms::refresh, &Refresh::subRefreshCells>},
-    {"mnuLockDay", Run<&Rooms::dayLock, &DayLock::subLockDay>},
-    {"mnuNetworkOptions", Run<&Rooms::networkOptions, &NetworkOptions::mnuNetworkOptions_Click>},
+    {"mnuRefresh", Run<&Rooms::workgroup, &WorkgroupHandlers::subRefreshCells>},
+    {"mnuLockDay", Run<&Rooms::heldDay, &HeldDay::subLockDay>},
+    {"mnuNetworkOptions", Run<&Rooms::workgroup, &WorkgroupHandlers::mnuNetworkOptions_Click>},
     {"mnuMonthView", Run<&Rooms::navigation, &Navigation::subSwitchToMonthView>},
     {"mnuWeekView", Run<&Rooms::navigation, &Navigation::subSwitchToWeekView>},
     {"mnuDayView", Run<&Rooms::dayView, &DayView::subZoomView>},
-    {"mnuViewTBVisible", Run<&Rooms::bars, &Bars::mnuViewTBVisible_Click>},
-    {"mnuViewTBAlignTop", Run<&Rooms::bars, &Bars::mnuViewTBAlignTop_Click>},
-    {"mnuViewTBAlignBottom", Run<&Rooms::bars, &Bars::mnuViewTBAlignBottom_Click>},
-    {"mnuViewSBVisible", Run<&Rooms::bars, &Bars::mnuViewSBVisible_Click>},
+    {"mnuViewTBVisible", Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewTBVisible_Click>},
+    {"mnuViewTBAlignTop", Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewTBAlignTop_Click>},
+    {"mnuViewTBAlignBottom", Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewTBAlignBottom_Click>},
+    {"mnuViewSBVisible", Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewSBVisible_Click>},
     {"mnuNewAlarm", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
     {"mnuChangeAlarms", Run<&Rooms::alarms, &AlarmHandlers::mnuChangeAlarms_Click>},
     {"mnuPrevWeek", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
@@ -128,7 +127,7 @@ void WireMenus(Rooms& rooms)
     }
     for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         MenuItem& item = menus.mnuMRU(entry);
-        item.OnClick([&rooms, &item] { rooms.planners.mnuMRU_Click(item); }, InMainForm("mnuMRU_Click"));
+        item.OnClick([&rooms, &item] { rooms.opening.mnuMRU_Click(item); }, InMainForm("mnuMRU_Click"));
     }
 }
 
@@ -177,9 +176,11 @@ void WireSidebar(Rooms& rooms)
 void WireNetwork(Rooms& rooms)
 {
     const NetworkControls& network = rooms.controls.network;
-    On(network.picLock, &PictureButton::Click, "picLock_Click", rooms.dayLock, &DayLock::subLockDay);
-    On(network.picRefresh, &PictureButton::MouseDown, "picRefresh", rooms.refresh, &Refresh::picRefresh_MouseDown);
-    On(network.picRefresh, &PictureButton::MouseUp, "picRefresh_Click", rooms.refresh, &Refresh::picRefresh_MouseUp);
+    On(network.picLock, &PictureButton::Click, "picLock_Click", rooms.heldDay, &HeldDay::subLockDay);
+    On(network.picRefresh, &PictureButton::MouseDown, "picRefresh", rooms.workgroup,
+       &WorkgroupHandlers::picRefresh_MouseDown);
+    On(network.picRefresh, &PictureButton::MouseUp, "picRefresh_Click", rooms.workgroup,
+       &WorkgroupHandlers::picRefresh_MouseUp);
 }
 
 void WirePictureBar(Rooms& rooms)
@@ -225,7 +226,7 @@ void WireToolbar(Rooms& rooms)
                 rooms.controls.menus(QLatin1StringView(row.entry)).Action()->trigger();
         }
     });
-    On(bar, &Toolbar::Dropped, "Form_DragDrop", rooms.bars, &Bars::Form_DragDrop);
+    On(bar, &Toolbar::Dropped, "Form_DragDrop", rooms.m_pLayout, &CScreenLayout::Form_DragDrop);
 }
 
 void WireCombos(Rooms& rooms)
@@ -266,8 +267,6 @@ void WireCalendar(Rooms& rooms)
     On(cells, &Cells::AlarmMarkClick, "btnTunes_Click", rooms.alarms, &AlarmHandlers::btnTunes_Click);
     On(cells, &Cells::MouseMove, "tbDay_MouseMove", rooms.dateDifference, &DateDifference::tbDay_MouseMove);
     On(cells, &Cells::Redrawn, "tbDay_MouseMove", rooms.dateDifference, &DateDifference::FollowCell);
-    On(cells, &Cells::StateChanged, "FollowLocks", [cells] { FollowLocks(*cells); });
-    On(cells, &Cells::Redrawn, "FollowLocks", [cells] { FollowLocks(*cells); });
     On(cells, &Cells::GotFocus, "tbDay_MouseMove", rooms.dateDifference, &DateDifference::tbDay_GotFocus);
     On(rooms.controls.bottom.panelBottom, &SSPanel::DblClick, "PanelBottom_DblClick", rooms.dateSearch,
        &DateSearch::PanelBottom_DblClick);
@@ -279,9 +278,9 @@ void WireTimers(Rooms& rooms)
     On(&controls.tmMidnightRefresh, &Timer::Tick, "tmMidnightRefresh_Timer", rooms.navigation,
        &Navigation::tmMidnightRefresh_Timer);
     On(&controls.tmAlarm, &Timer::Tick, "tmAlarm_Timer", rooms.alarmClock, &AlarmClock::tmAlarm_Timer);
-    On(controls.network.tmUnLock, &Timer::Tick, "tmUnLock_Timer", rooms.dayLock, &DayLock::tmUnLock_Timer);
-    On(controls.network.tmAutoRefresh, &Timer::Tick, "tmAutoRefresh_Timer", rooms.refresh,
-       &Refresh::tmAutoRefresh_Timer);
+    On(controls.network.tmUnLock, &Timer::Tick, "tmUnLock_Timer", rooms.workgroup, &WorkgroupHandlers::tmUnLock_Timer);
+    On(controls.network.tmAutoRefresh, &Timer::Tick, "tmAutoRefresh_Timer", rooms.workgroup,
+       &WorkgroupHandlers::tmAutoRefresh_Timer);
 }
 } // namespace
 

@@ -1,15 +1,13 @@
 #include "tools/datesearch.h"
 
 #include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
+#include "calendar/foot.h"
 #include "calendar/redraw.h"
 #include "calendar/turn.h"
 #include "calendar/viewmode.h"
-#include "hall/bottompanel.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
-#include "platform/controls/sspanel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
@@ -98,6 +96,6 @@ void DateSearch::mnuDateSearch_Click()
     m_turn(" in DateSearchForm, btnOk_Click"_L1, [&] {
         form.ReadChoice();
         m_redraw.subDisplayMonth();
-        m_bottom.panelBottom->SetCaption(FootTitle());
+        m_foot.ShowMonth();
     });
 }

@@ -1,7 +1,7 @@
 // Fast search: jumps the month view to a month and year that are picked.
 #pragma once
 
-struct BottomPanel;
+class Foot;
 class QWidget;
 class Redraw;
 class Turn;
@@ -10,8 +10,8 @@ class ViewMode;
 class DateSearch
 {
 public:
-    DateSearch(const BottomPanel& bottom, Turn& turn, Redraw& redraw, const ViewMode& viewMode, QWidget& client)
-        : m_bottom(bottom), m_turn(turn), m_redraw(redraw), m_viewMode(viewMode), m_client(client)
+    DateSearch(Foot& foot, Turn& turn, Redraw& redraw, const ViewMode& viewMode, QWidget& client)
+        : m_foot(foot), m_turn(turn), m_redraw(redraw), m_viewMode(viewMode), m_client(client)
     {
     }
 
@@ -19,7 +19,7 @@ public:
     void PanelBottom_DblClick(); // in month view only; says so elsewhere
 
 private:
-    const BottomPanel& m_bottom;
+    Foot& m_foot;
     Turn& m_turn;
     Redraw& m_redraw;
     const ViewMode& m_viewMode;

@@ -30,8 +30,7 @@ namespace {
 constexpr QLatin1StringView NextLiteral(" in FindWordForm, btnFindNext_Click");
 constexpr QLatin1StringView WithinLiteral(" in FindWordForm, btnFindWithin_Click");
 constexpr QLatin1StringView GotoLiteral(" in FindWordForm, subGotoRecCalendar");
-const QString DateField = u"qmtDate"_s;
-const QString TextField = u"qmtText"_s;
+using schema::DateField, schema::TextField;
 
 // From 1; 0 where the word does not stand at this place or behind it.
 int PlaceOf(const QString& word, const QByteArray& stored, int from)

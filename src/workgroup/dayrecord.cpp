@@ -10,11 +10,7 @@
 #include <utility>
 
 namespace {
-const QString Equal = u"="_s;
-const QString DateField = u"qmtDate"_s;
-const QString TextField = u"qmtText"_s;
-const QByteArray EmptiedNote = QByteArrayLiteral(" "); // a zero-length text is never stored
-const QString PaddingField = u"qmtPadding"_s;
+using namespace schema;
 
 // Kept from the versions whose engine locked pages of the file and not records: no two days shared one.
 constexpr int PaddingDots = 1005;

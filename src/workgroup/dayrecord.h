@@ -15,6 +15,7 @@ public:
     const QByteArray& LockedText() const { return m_locked; } // as it was when it was locked
     void Edit(); // takes the lock: 3186, 3197 or 3260 where another user has it
 
+    const QString& Key() const { return m_key; } // of the last look
     bool IsHeld() const { return m_held; }
     bool Holds(const QString& key) const { return m_held && m_key == key; }
 

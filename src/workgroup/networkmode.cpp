@@ -7,23 +7,14 @@
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
 #include "platform/controls/visible.h"
-#include "settings/settings.h"
-#include "workgroup/dayrecord.h"
+#include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
 #include <QLabel>
 
-void StartUnlockTimer(const NetworkControls& network)
-{
-    if (Read(settings::AutoUnLock) == 0) return;
-    bGeneralUnlockEnable = true;
-    g_lUnlockDelay = DelaySeconds(Read(settings::UnlockDelay));
-    network.tmUnLock->SetEnabled(true);
-}
-
 void NetworkMode::subSetNetworkMode(bool bOn)
 {
-    m_record.Close();
+    m_heldDay.Close();
     m_menus("mnuNetworkOptions"_L1).SetEnabled(bOn);
     if (!bOn) m_controls.tmUnLock->SetEnabled(false);
     m_controls.picRefresh->SetVisible(0, bOn);

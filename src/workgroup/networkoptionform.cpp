@@ -32,17 +32,25 @@ void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& se
     seconds = DelaySeconds(minutes);
 }
 
-QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString& caption)
+// The new state, which goes into the file.
+bool TakeSwitch(const QCheckBox& box, const IntSetting& setting)
+{
+    WriteText(setting, box.isChecked() ? u"1"_s : u"0"_s);
+    return box.isChecked();
+}
+
+QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString& caption, const IntSetting& setting)
 {
     auto* box = Named(new QCheckBox(caption), name);
+    box->setChecked(Read(setting) != 0);
     grid.addWidget(box, row, 0, 1, 3);
     return box;
 }
 
-QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString& label)
+QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString& label, const IntSetting& setting)
 {
     constexpr int Indent = 24, Width = 64;
-    auto* edit = Named(new QLineEdit, name);
+    auto* edit = Named(new QLineEdit(TrimmedStr(Read(setting))), name);
     edit->setFixedWidth(Width);
     auto* caption = new QLabel(label);
     caption->setIndent(Indent);
@@ -63,7 +71,6 @@ NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& netw
     column->addWidget(MakeFrame());
     column->addWidget(MakeServerFrame());
     column->addWidget(MakeOkCancel(*this, u"btnOK"_s));
-    ShowSettings();
     ShowServer();
     CenterOnScreen(*this);
 }
@@ -72,10 +79,11 @@ QWidget* NetworkOptionForm::MakeFrame()
 {
     auto* frame = new QGroupBox(u"Workgroup"_s);
     auto* grid = new QGridLayout(frame);
-    m_chkAutoUnlock = AddSwitch(*grid, 0, "chkAutoUnlock", u"&Unlock a day that is left idle"_s);
-    m_txtUnlockDelay = AddDelay(*grid, 1, "txtUnlockDelay", u"a&fter"_s);
-    m_chkAutoRefresh = AddSwitch(*grid, 2, "chkAutoRefresh", u"&Refresh the calendar by itself"_s);
-    m_txtAutoRefreshDelay = AddDelay(*grid, 3, "txtAutoRefreshDelay", u"&every"_s);
+    m_chkAutoUnlock = AddSwitch(*grid, 0, "chkAutoUnlock", u"&Unlock a day that is left idle"_s, settings::AutoUnLock);
+    m_txtUnlockDelay = AddDelay(*grid, 1, "txtUnlockDelay", u"a&fter"_s, settings::UnlockDelay);
+    m_chkAutoRefresh =
+        AddSwitch(*grid, 2, "chkAutoRefresh", u"&Refresh the calendar by itself"_s, settings::AutoRefresh);
+    m_txtAutoRefreshDelay = AddDelay(*grid, 3, "txtAutoRefreshDelay", u"&every"_s, settings::RefreshDelay);
     return frame;
 }
 
@@ -120,39 +128,22 @@ void NetworkOptionForm::ShowServer()
     m_btnSaveToFile->setEnabled(isThere);
 }
 
-void NetworkOptionForm::ShowSettings()
-{
-    m_chkAutoUnlock->setChecked(Read(settings::AutoUnLock) != 0);
-    m_txtUnlockDelay->setText(TrimmedStr(Read(settings::UnlockDelay)));
-    m_chkAutoRefresh->setChecked(Read(settings::AutoRefresh) != 0);
-    m_txtAutoRefreshDelay->setText(TrimmedStr(Read(settings::RefreshDelay)));
-}
-
 void NetworkOptionForm::accept()
 {
     const ErrorTail tail(" in NetworkOptionsForm, btnOK_Click"_L1);
-    tail([&] {
-        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-        TakeSwitches();
-        TakeDelays();
-    });
+    tail([&] { TakeSettings(); });
     QDialog::accept();
 }
 
-// The idle timer is left alone: it follows the next lock.
-void NetworkOptionForm::TakeSwitches()
-{
-    bGeneralUnlockEnable = m_chkAutoUnlock->isChecked();
-    WriteText(settings::AutoUnLock, bGeneralUnlockEnable ? u"1"_s : u"0"_s);
-    g_bAutoRefresh = m_chkAutoRefresh->isChecked();
-    WriteText(settings::AutoRefresh, g_bAutoRefresh ? u"1"_s : u"0"_s);
-    m_network.tmAutoRefresh->SetEnabled(g_bAutoRefresh);
-}
-
-void NetworkOptionForm::TakeDelays()
+void NetworkOptionForm::TakeSettings()
 {
     // Under the spelling that older versions write; a key is found in any.
-    constexpr IntSetting Written = {settings::UnlockDelay.section, u"UnLockDelay", 0};
-    TakeDelay(m_txtUnlockDelay->text(), Written, g_lUnlockDelay);
+    constexpr IntSetting UnlockDelay = {settings::UnlockDelay.section, u"UnLockDelay", 0};
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    // The idle timer is left alone: it follows the next lock.
+    bGeneralUnlockEnable = TakeSwitch(*m_chkAutoUnlock, settings::AutoUnLock);
+    g_bAutoRefresh = TakeSwitch(*m_chkAutoRefresh, settings::AutoRefresh);
+    m_network.tmAutoRefresh->SetEnabled(g_bAutoRefresh);
+    TakeDelay(m_txtUnlockDelay->text(), UnlockDelay, g_lUnlockDelay);
     TakeDelay(m_txtAutoRefreshDelay->text(), settings::RefreshDelay, g_lRefreshDelay);
 }

@@ -21,9 +21,7 @@ private:
     QWidget* MakeFrame();
     QWidget* MakeServerFrame();
     void ShowServer();
-    void ShowSettings();
-    void TakeSwitches();
-    void TakeDelays();
+    void TakeSettings();
 
     const NetworkControls& m_network;
     ServerMove& m_server;

@@ -3,8 +3,8 @@
 #include "calendar/lockedday.h"
 #include "plannerfile/askforplanner.h"
 #include "plannerfile/knownservers.h"
+#include "plannerfile/opening.h"
 #include "plannerfile/plannerstate.h"
-#include "plannerfile/reopening.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
@@ -37,7 +37,7 @@ void ServerMove::MoveToServer(const QString& address)
     if (MsgBox(question, msgbox::YesNo + msgbox::Question, messages::HelpWizard) != msgbox::Yes) return;
     if (!m_lockedDay.Commit()) return;
     const QString file = g_sNotesFile;
-    const auto failure = m_reopening([&] {
+    const auto failure = m_opening.Reopen([&] {
         DBEngine::MoveToServer(file, address);
         RememberServer(address);
     });

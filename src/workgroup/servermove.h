@@ -5,13 +5,13 @@
 
 class CommonDialog;
 class LockedDay;
-class Reopening;
+class Opening;
 
 class ServerMove
 {
 public:
-    ServerMove(CommonDialog& dialog, Reopening& reopening, LockedDay& lockedDay)
-        : m_dialog(dialog), m_reopening(reopening), m_lockedDay(lockedDay)
+    ServerMove(CommonDialog& dialog, Opening& opening, LockedDay& lockedDay)
+        : m_dialog(dialog), m_opening(opening), m_lockedDay(lockedDay)
     {
     }
 
@@ -22,6 +22,6 @@ public:
 
 private:
     CommonDialog& m_dialog;
-    Reopening& m_reopening;
+    Opening& m_opening;
     LockedDay& m_lockedDay;
 };

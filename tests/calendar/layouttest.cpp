@@ -31,6 +31,14 @@ class LayoutTest : public QObject
         QCOMPARE(Heading().pos(), QPoint(left, above));
         QCOMPARE(m_program->Panel(35).geometry().bottom(), client.height() - under - foot.height() - 2);
         QCOMPARE(m_program->Panel(7).geometry().right(), client.right());
+        const QRect first = m_program->Panel(1).geometry();
+        for (int cell = 1; cell <= 35; ++cell) {
+            const QRect panel = m_program->Panel(cell).geometry();
+            const int column = (cell - 1) % 7, row = (cell - 1) / 7;
+            QCOMPARE(panel.topLeft(), first.topLeft() + QPoint(column * first.width(), row * first.height()));
+            if (column < 6) QCOMPARE(panel.width(), first.width());
+            QCOMPARE(m_program->Box(cell).geometry(), panel.adjusted(6, 20, -6, -5));
+        }
     }
 
 private Q_SLOTS:

@@ -11,15 +11,6 @@ class ModShowTest : public QObject
 {
     Q_OBJECT
 
-    static QStringList Captions(int year, int month)
-    {
-        QStringList captions;
-        for (const DaySlot& slot : MonthGrid(Weekday(year, month, 1), MonthLength(year, month))) {
-            captions << slot.Caption().trimmed();
-        }
-        return captions;
-    }
-
 private Q_SLOTS:
     void cleanup() { ResetCalendarStateForTests(); }
 
@@ -57,27 +48,6 @@ private Q_SLOTS:
                 QCOMPARE(memos, 35 - length);
             }
         }
-    }
-
-    void KnownMonthsAreDrawnAsKnown()
-    {
-        const QStringList february = Captions(1999, 2);
-        QCOMPARE(february.first(3), QStringList({u"Memo1"_s, u"1"_s, u"2"_s}));
-        QCOMPARE(february.last(2), QStringList({u"Memo6"_s, u"Memo7"_s}));
-        const QStringList august = Captions(1998, 8);
-        QCOMPARE(august.first(7).join(u' '), u"30 31 Memo1 Memo2 Memo3 Memo4 1"_s);
-        QVERIFY(Captions(2100, 2).contains(u"29"_s));
-    }
-
-    void TheWeekMapCountsOnFromTheLastDay()
-    {
-        const auto map = WeekMap(2, 28);
-        QCOMPARE(int(map[0]), 29);
-        QCOMPARE(int(map[1]), 1);
-        QCOMPARE(int(map[28]), 28);
-        QCOMPARE(int(map[29]), 30);
-        QCOMPARE(int(map[41]), 42);
-        QCOMPARE(int(WeekMap(1, 30)[0]), 1);
     }
 
     void TheTableOfLengthsStaysUntilItIsWritten()

@@ -38,6 +38,7 @@ private Q_SLOTS:
         QVERIFY(Picture("picWeek").Visible(1) && Picture("picMonth").Visible(0));
         QVERIFY(m_program->Entry("mnuNextWeek").isEnabled() && !m_program->Entry("mnuNextMonth").isEnabled());
         QVERIFY(!m_program->Entry("mnuWeekView").isEnabled() && !m_program->Entry("mnuDateSearch").isEnabled());
+        QVERIFY(!m_program->Entry("mnuThisMonth").isEnabled());
         AnswerNextBox(msgbox::Ok, &seen);
         QTest::mouseClick(&Picture("picWeek"), Qt::LeftButton);
         QCOMPARE(seen.Text, u"You are currently in Week View"_s);
@@ -79,9 +80,17 @@ private Q_SLOTS:
         g_aiLockState = {};
     }
 
-    void TheSpinsTellWhereTheyLead()
+    void TheSpinsMoveOnReleaseAndTellWhereTheyLead()
     {
         m_program->New(u"notes.mdb"_s);
+        PictureButton& spin = Picture("imgRightSpin");
+        QTest::mousePress(&spin, Qt::LeftButton);
+        QVERIFY(spin.Visible(1) && !spin.Visible(0));
+        QCOMPARE(Month(), QPoint(1999, 3));
+        QTest::mouseRelease(&spin, Qt::LeftButton, {}, QPoint(-50, -50));
+        QCOMPARE(Month(), QPoint(1999, 4));
+        QVERIFY(spin.Visible(0) && !spin.Visible(1));
+        m_program->Trigger("mnuThisMonth");
         const auto tips = [&] {
             for (const char* name : {"imgLeftSpin", "imgRightSpin"}) {
                 QTest::mouseMove(&Picture(name), QPoint(8, 8));

@@ -1,4 +1,3 @@
-#include "platform/profile/profile.h"
 #include "program.h"
 #include "testmain.h"
 
@@ -126,8 +125,6 @@ private Q_SLOTS:
     {
         m_program->New(Planner);
         m_program->Trigger("mnuWeekView");
-        QCOMPARE(m_program->Panel(39).ForeColor(), 0x0000FFu);
-        QVERIFY(m_program->Panel(38).CaptionFont().strikeOut());
         QCOMPARE(m_program->Panel(40).CaptionFont().pointSize(), 12);
         m_program->Trigger("mnuNextWeek");
         QCOMPARE(m_program->Panel(39).ForeColor(), 0u);

@@ -200,41 +200,6 @@ private Q_SLOTS:
         m_program->Trigger("mnuDayView");
         QCOMPARE(WaitingAnswers(), 0);
     }
-
-    void aWorkgroupsDayIsLockedMeanwhile()
-    {
-        const QString team = u"team.mdb"_s;
-        const QString key = u"1999/3/17"_s;
-        m_program->New(team, true);
-        m_program->Click(18);
-        Recordset other = DBEngine::OpenDatabase(m_program->folders.Path(team)).OpenTable(u"QMT Table"_s);
-        other.SetIndex(u"qmtPrimaryKey"_s);
-        const auto* const lock = m_program->form->findChild<PictureButton*>(u"picLock"_s);
-        const auto type = [&](const char* button, const QString& text) {
-            InDayView([&, button, text](ZoomBoxForm& form) {
-                QVERIFY(lock->Visible(1) && !lock->Visible(0));
-                other.Seek(u"="_s, key);
-                QCOMPARE(other.Fields(u"qmtPadding"_s).toString().size(), 1005);
-                QVERIFY_THROWS_EXCEPTION(RunTimeError, other.Edit());
-                QTest::keyClicks(&form.tbZoom(), text);
-                Press(form, button);
-            });
-            m_program->Trigger("mnuDayView");
-            QVERIFY(lock->Visible(0) && !lock->Visible(1));
-        };
-        type("btnOk", u"agreed"_s);
-        QVERIFY(m_program->Stored(team, key).contains("agreed"));
-        type("btnCancel", u"never "_s);
-        QVERIFY(!m_program->Stored(team, key).contains("never"));
-        other.Seek(u"="_s, key);
-        other.Edit(); // now the other has it
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuDayView");
-        QVERIFY(seen.Text.contains(u"currently locked by"_s));
-        QVERIFY(lock->Visible(0));
-        other.CancelUpdate();
-    }
 };
 
 ORRELIN_TEST(DayViewTest)

@@ -1,4 +1,5 @@
-#include "editing/picturetools.h"
+#include "editing/picturebar.h"
+
 #include "platform/controls/picturestrip.h"
 #include "program.h"
 #include "testmain.h"

@@ -4,6 +4,8 @@
 #include "program.h"
 #include "testmain.h"
 
+#include <QDirIterator>
+
 // The copies that are made before the first save of a day.
 class BackupsTest : public QObject
 {
@@ -16,24 +18,23 @@ class BackupsTest : public QObject
     static QStringList Copies()
     {
         QStringList copies;
-        for (const QFileInfo& folder : QDir(BackupFolder()).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
-            for (const QFileInfo& copy : QDir(folder.filePath()).entryInfoList({u"*.mdb"_s}, QDir::Files, QDir::Name))
-                copies += copy.filePath();
+        for (QDirIterator all(BackupFolder(), {u"*.mdb"_s}, QDir::Files, QDirIterator::Subdirectories); all.hasNext();)
+            copies += all.next();
+        copies.sort();
         return copies;
     }
     static QStringList Days()
     {
         QStringList days;
         for (const QString& copy : Copies())
-            days += QFileInfo(copy).fileName();
+            days += copy.section(u'/', -1);
         return days;
     }
-    QByteArray NoteIn(const QString& path) const
+    static QByteArray NoteIn(const QString& path)
     {
-        Recordset notes = DBEngine::OpenDatabase(path, true).OpenTable(u"QMT Table"_s);
-        notes.SetIndex(u"qmtPrimaryKey"_s);
-        notes.Seek(u"="_s, u"1999/3/17"_s);
-        return notes.NoMatch() ? QByteArray() : notes.Fields(u"qmtText"_s).toByteArray();
+        Recordset notes = schema::OpenNotes(DBEngine::OpenDatabase(path, true));
+        notes.Seek(schema::Equal, u"1999/3/17"_s);
+        return notes.NoMatch() ? QByteArray() : notes.Fields(schema::TextField).toByteArray();
     }
     void TypeAndSave(const QString& text) const
     {

@@ -155,6 +155,18 @@ private Q_SLOTS:
         QVERIFY(Stored("1999/3/19").contains("shelved"));
     }
 
+    // Its commit went through unheard: what the file holds then is no other's note.
+    void ASaveInDoubtDoublesNothing()
+    {
+        StartWithFailingStore();
+        for (const char* text : {"written once", "and typed on"}) {
+            Fail(*text == 'w' ? FailurePlan::After : FailurePlan::Before, *text == 'w' ? 1 : 0, 3043, u"Commit"_s);
+            Replace(20, QString::fromLatin1(text));
+            m_program->Trigger("mnuSave");
+            QCOMPARE(PlainText(Stored("1999/3/19")), QString::fromLatin1(text));
+        }
+    }
+
     void ADayThatCouldNotBeReadIsNeverEmptied()
     {
         StartWithFailingStore();

@@ -51,13 +51,18 @@ class JournalTest : public QObject
             SetContent(file.key(), file.value());
         m_program->Start();
     }
-    void OpenAndAnswer(bool shared, const std::function<void(RecoveryForm&)>& answer) const
+    // Opens the planner; answers are those to what is asked after that.
+    void OpenWith(bool shared, const std::function<void()>& answers) const
     {
         AnswerNextFileDialog(m_program->folders.Path(m_program->File));
         Program::AnswerOpenAs(shared);
-        OnNextModal<RecoveryForm>(answer);
+        answers();
         m_program->Trigger("mnuOpen");
         m_program->Activate();
+    }
+    void OpenAndAnswer(bool shared, const std::function<void(RecoveryForm&)>& answer) const
+    {
+        OpenWith(shared, [&] { OnNextModal<RecoveryForm>(answer); });
     }
     static void Press(const QDialog& form, const char* button)
     {
@@ -231,6 +236,7 @@ private Q_SLOTS:
         QVERIFY(Journalled().isEmpty());
         m_program->TypeOn(u"!"_s);
         QTRY_VERIFY(Journalled().contains("old and new!"));
+        m_program->Box().undo(); // which leaves the exit nothing to save
         m_program->Exit();
         QVERIFY(Journalled().isEmpty());
     }
@@ -276,12 +282,8 @@ private Q_SLOTS:
             journal = damaged;
             StartAfterTheCut();
             const QString aside = Folder() + u"/damaged-%1"_s.arg(++number);
-            AnswerNextFileDialog(m_program->folders.Path(m_program->File));
-            Program::AnswerOpenAs(false);
             SeenBox seen;
-            AnswerNextBox(msgbox::Ok, &seen);
-            m_program->Trigger("mnuOpen");
-            m_program->Activate();
+            OpenWith(false, [&] { AnswerNextBox(msgbox::Ok, &seen); });
             QVERIFY2(seen.Text.contains(aside), qPrintable(seen.Text));
             QCOMPARE(Content(aside), damaged);
             QVERIFY(Journalled().isEmpty());
@@ -304,13 +306,11 @@ private Q_SLOTS:
         m_program->File = u"other.mdb"_s;
         const QString other = m_program->folders.Path(m_program->File);
         QVERIFY(isMoved ? QFile::rename(path, other) : QFile::link(path, other));
-        AnswerNextFileDialog(other);
-        Program::AnswerOpenAs(false);
         SeenBox seen;
-        if (isMoved) AnswerNextBox(msgbox::Yes, &seen);
-        OnNextModal<RecoveryForm>([](RecoveryForm& form) { Press(form, "btnOk"); });
-        m_program->Trigger("mnuOpen");
-        m_program->Activate();
+        OpenWith(false, [&] {
+            if (isMoved) AnswerNextBox(msgbox::Yes, &seen);
+            OnNextModal<RecoveryForm>([](RecoveryForm& form) { Press(form, "btnOk"); });
+        });
         QCOMPARE(seen.Text.contains(path), isMoved);
         QCOMPARE(Stored(), u"old and new"_s);
         QVERIFY(Journalled().isEmpty());

@@ -22,6 +22,30 @@ class MaintenanceTest : public QObject
         m_program->Start();
     }
 
+    // What is said where it cannot be opened.
+    QString OpenRefused()
+    {
+        SeenBox refused;
+        AnswerNextFileDialog(Path());
+        Program::AnswerOpenAs(false);
+        AnswerNextBox(msgbox::Ok, &refused);
+        m_program->Trigger("mnuOpen");
+        return refused.Text;
+    }
+    // The second text of the box that says that it is done.
+    QString MendAndHear(const char* entry, const QString& done)
+    {
+        QString second;
+        AnswerNextFileDialog(Path());
+        OnNextModal<QMessageBox>([&](QMessageBox& box) {
+            QCOMPARE(box.text(), done);
+            second = box.informativeText();
+            box.accept();
+        });
+        m_program->Trigger(entry);
+        return second;
+    }
+
     SeenBox Run(const char* entry)
     {
         SeenBox seen;
@@ -154,21 +178,9 @@ private Q_SLOTS:
         QFile::copy(QStringLiteral(SAMPLE), Path());
         desktopclock::SetForTests(QDateTime(QDate(2003, 1, 15), QTime(9, 30)));
         m_program->Start();
-        SeenBox refused;
-        AnswerNextFileDialog(Path());
-        Program::AnswerOpenAs(false);
-        AnswerNextBox(msgbox::Ok, &refused);
-        m_program->Trigger("mnuOpen");
-        QVERIFY2(refused.Text.contains(u"Compact Database in the File menu"_s), qPrintable(refused.Text));
+        QVERIFY(OpenRefused().contains(u"Compact Database in the File menu"_s));
         QVERIFY(!HasPlanner());
-        QString second;
-        AnswerNextFileDialog(Path());
-        OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            QCOMPARE(box.text(), u"Database compressed OK"_s);
-            second = box.informativeText();
-            box.accept();
-        });
-        m_program->Trigger("mnuCompact");
+        const QString second = MendAndHear("mnuCompact", u"Database compressed OK"_s);
         QVERIFY2(second.contains(u"notes.old.mdb"_s), qPrintable(second));
         m_program->Open(u"notes.mdb"_s);
         const QString text = m_program->Box(m_program->CellOf(15)).Text();
@@ -181,20 +193,8 @@ private Q_SLOTS:
         QByteArray damaged = Content(Path());
         damaged.replace(0, 100, QByteArray(100, '\xff')); // the head of the file
         SetContent(Path(), damaged);
-        SeenBox refused;
-        AnswerNextFileDialog(Path());
-        Program::AnswerOpenAs(false);
-        AnswerNextBox(msgbox::Ok, &refused);
-        m_program->Trigger("mnuOpen");
-        QCOMPARE(refused.Text, u"The planner 'notes.mdb' is damaged. Repair may be able to mend it."_s);
-        QString second;
-        AnswerNextFileDialog(Path());
-        OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            QCOMPARE(box.text(), u"Database repaired successfully"_s);
-            second = box.informativeText();
-            box.accept();
-        });
-        m_program->Trigger("mnuRepair");
+        QCOMPARE(OpenRefused(), u"The planner 'notes.mdb' is damaged. Repair may be able to mend it."_s);
+        const QString second = MendAndHear("mnuRepair", u"Database repaired successfully"_s);
         QVERIFY2(second.contains(u"Notes: 2 recovered"_s), qPrintable(second));
         const QStringList kept = QFileInfo(Path()).dir().entryList({u"notes?*.mdb"_s});
         QCOMPARE(kept.size(), 1);

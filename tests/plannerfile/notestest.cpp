@@ -1,3 +1,4 @@
+#include "planners.h"
 #include "program.h"
 #include "testmain.h"
 
@@ -7,15 +8,25 @@ class NotesTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<Program> m_program;
+    const QString m_file = u"notes.mdb"_s;
+
+    QByteArray Stored(const char* key) const { return m_program->Stored(m_file, QString::fromLatin1(key)); }
+    void Press(int key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(&m_program->Box(20), Qt::Key(key), modifiers);
+    }
 
 private Q_SLOTS:
-    void init() { m_program = Program::Started(); }
+    void init()
+    {
+        m_program = Program::Started();
+        m_program->New(m_file);
+    }
     void cleanup() { m_program.reset(); }
 
     void WhatWasTypedStandsThereAfterTheNextStart()
     {
-        m_program->New(u"Notes"_s);
-        QVERIFY(QFile::exists(m_program->folders.Path(u"notes.mdb"_s)));
+        QVERIFY(QFile::exists(m_program->folders.Path(m_file)));
         m_program->Type(18, u"Choir "_s);
         m_program->Trigger("mnuBold");
         QTest::keyClicks(&m_program->Box(18), u"19:00"_s);
@@ -38,44 +49,41 @@ private Q_SLOTS:
 
     void MovingAwayWritesAndComingBackReads()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"train 8:12"_s);
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Box(20).Text(), QString());
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("train 8:12"));
+        QVERIFY(Stored("1999/3/19").contains("train 8:12"));
         // The caret still stands in the cell, which is another day's now.
         QTest::keyClicks(&m_program->Box(20), u"in April"_s);
         m_program->Trigger("mnuPrevMonth");
         QCOMPARE(m_program->Box(20).Text(), u"train 8:12"_s);
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/4/16"_s).contains("in April"));
-        QTest::keyClick(&m_program->Box(20), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(Stored("1999/4/16").contains("in April"));
+        Press(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(m_program->Box(20).Text(), u"train 8:12"_s);
     }
 
     void AnUndoNeverBringsBackAnotherDaysText()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"secret"_s);
         for (int i = 0; i < 6; ++i)
-            QTest::keyClick(&m_program->Box(20), Qt::Key_Backspace);
+            Press(Qt::Key_Backspace);
         m_program->Trigger("mnuNextMonth"); // both days are empty
-        QTest::keyClick(&m_program->Box(20), Qt::Key_Z, Qt::ControlModifier);
+        Press(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(m_program->Box(20).Text(), QString());
     }
 
     void AnEmptiedDayLeavesNoRecord()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"x"_s);
         m_program->Trigger("mnuSave");
-        QVERIFY(!m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).isNull());
+        QVERIFY(!Stored("1999/3/19").isNull());
         m_program->Click(20);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_End);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_Backspace);
+        Press(Qt::Key_End);
+        Press(Qt::Key_Backspace);
         m_program->Click(21); // entered and left empty
         m_program->Trigger("mnuSave");
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).isNull());
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/20"_s).isNull());
+        QVERIFY(Stored("1999/3/19").isNull());
+        QVERIFY(Stored("1999/3/20").isNull());
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
@@ -90,32 +98,22 @@ private Q_SLOTS:
     void EnteringACellChangesNothing()
     {
         QFETCH(QByteArray, stored);
-        m_program->New(u"notes.mdb"_s);
-        g_rsQMT.AddNew();
-        g_rsQMT.SetField(u"qmtDate"_s, u"1999/3/19"_s);
-        g_rsQMT.SetField(u"qmtText"_s, stored);
-        g_rsQMT.SetField(u"qmtPadding"_s, QByteArray(1005, '.'));
-        g_rsQMT.Update();
+        // Another program; this one has a planner just made open, so not for itself alone.
+        Recordset other = schema::OpenNotes(DBEngine::OpenDatabase(g_sNotesFile));
+        Write(other, u"1999/3/19"_s, stored);
         m_program->Trigger("mnuSave");
         m_program->Click(20);
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s), stored);
+        QCOMPARE(Stored("1999/3/19"), stored);
         m_program->Trigger("mnuPrevMonth");
         m_program->Click(20);
-        // Meanwhile another program writes; this one has a planner just made open, so not for itself alone.
-        Recordset other = DBEngine::OpenDatabase(g_sNotesFile).OpenTable(u"QMT Table"_s);
-        other.SetIndex(u"qmtPrimaryKey"_s);
-        other.Seek(u"="_s, u"1999/3/19"_s);
-        other.Edit();
-        other.SetField(u"qmtText"_s, QByteArray("newer"));
-        other.Update();
+        Write(other, u"1999/3/19"_s, "newer"); // meanwhile
         m_program->Trigger("mnuSave");
         QCOMPARE(m_program->Box(20).Text(), u"newer"_s);
     }
 
     void ASaveLeavesTheWriterWhereHeWas()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"one two"_s);
         RichTextBox& box = m_program->Box(20);
         QTest::keyClick(&box, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
@@ -134,45 +132,40 @@ private Q_SLOTS:
 
     void APictureAloneIsANote()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Box(20).SetTextRTF("{\\rtf1{\\pict\\pngblip\\picwgoal300\\pichgoal300 89504e47}a}");
         m_program->Click(20);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_End);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_Backspace);
+        Press(Qt::Key_End);
+        Press(Qt::Key_Backspace);
         QCOMPARE(m_program->Box(20).Text(), QString());
         m_program->Trigger("mnuSave");
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("\\pict"));
+        QVERIFY(Stored("1999/3/19").contains("\\pict"));
     }
 
     void KeysOfTheMenuStayWithTheMenu()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"abc"_s);
         m_program->Entry("mnuColorSizeFonts").setEnabled(false);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_A,
-                        Qt::ControlModifier); // and the box must not take it for its own
+        Press(Qt::Key_A, Qt::ControlModifier); // and the box must not take it for its own
         QCOMPARE(m_program->Box(20).SelLength(), 0);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_Home, Qt::ShiftModifier);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_X, Qt::ControlModifier);
+        Press(Qt::Key_Home, Qt::ShiftModifier);
+        Press(Qt::Key_X, Qt::ControlModifier);
         QTRY_COMPARE(m_program->Box(20).Text(), QString());
-        QTest::keyClick(&m_program->Box(20), Qt::Key_V, Qt::ControlModifier);
+        Press(Qt::Key_V, Qt::ControlModifier);
         QTRY_COMPARE(m_program->Box(20).Text(), u"abc"_s);
     }
 
     void ANewPlannerDoesNotCostTheTypingInTheOldOne()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"just typed"_s);
         m_program->New(u"other.mdb"_s);
         QCOMPARE(m_program->Box(20).Text(), QString());
         m_program->Exit();
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("just typed"));
+        QVERIFY(Stored("1999/3/19").contains("just typed"));
         QVERIFY(m_program->Stored(u"other.mdb"_s, u"1999/3/19"_s).isNull());
     }
 
     void AClickSelectsTheDayButNotOnAMemo()
     {
-        m_program->New(u"notes.mdb"_s);
         m_program->Click(20);
         QCOMPARE(g_iDay, std::int16_t{19});
         QCOMPARE(g_iCurrentPanel, std::int16_t{20});

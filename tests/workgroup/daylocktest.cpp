@@ -181,6 +181,29 @@ private Q_SLOTS:
         QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
     }
 
+    void theDayViewLocksByItself()
+    {
+        m_program->Click(18);
+        for (const char* button : {"btnOk", "btnCancel"}) {
+            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+                QVERIFY(m_program->ShowsLocked() && OtherIsRefused());
+                QTest::keyClicks(&form.tbZoom(), u"agreed"_s);
+                QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
+            });
+            m_program->Trigger("mnuDayView");
+            QVERIFY(ShowsFree());
+            QCOMPARE(Stored(), u"agreed"_s);
+        }
+        m_other.Seek(schema::Equal, m_program->Key);
+        m_other.Edit(); // now the other has it
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuDayView");
+        QVERIFY(seen.Text.contains(u"currently locked by"_s));
+        QVERIFY(ShowsFree());
+        m_other.CancelUpdate();
+    }
+
     // It opens on what this screen knows of the day.
     void theDayViewKeepsWhatOthersWrote_data()
     {

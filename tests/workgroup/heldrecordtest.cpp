@@ -61,11 +61,21 @@ private Q_SLOTS:
     }
     void cleanup() { m_program.reset(); }
 
-    void theIdleTimerFindsItsDayAfterMidnight()
+    void theIdleTimerFindsItsDay_data()
     {
+        QTest::addColumn<bool>("midnight");
+        QTest::newRow("after midnight") << true;
+        QTest::newRow("after a resize") << false;
+    }
+    void theIdleTimerFindsItsDay()
+    {
+        QFETCH(bool, midnight);
         m_program->Click(WorkgroupProgram::Cell);
         InDayView(u"mine "_s, [&](ZoomBoxForm&) {
-            Midnight(QDate(1999, 3, 18));
+            const QRect before = m_program->Panel(WorkgroupProgram::Cell).geometry();
+            if (midnight) Midnight(QDate(1999, 3, 18));
+            if (!midnight) m_program->form->resize(900, 650);
+            QTRY_VERIFY(midnight || m_program->Panel(WorkgroupProgram::Cell).geometry() != before);
             RunOut();
         });
         QCOMPARE(Stored(), u"mine old"_s);
@@ -74,19 +84,6 @@ private Q_SLOTS:
         RunOut();
         QCOMPARE(Stored(), u"mine old"_s);
         QCOMPARE(Stored(m_tenth), u"tenth"_s);
-    }
-
-    void theIdleTimerFindsItsDayAfterAResize()
-    {
-        m_program->Click(WorkgroupProgram::Cell);
-        InDayView(u"mine "_s, [&](ZoomBoxForm&) {
-            const QRect before = m_program->Panel(WorkgroupProgram::Cell).geometry();
-            m_program->form->resize(900, 650);
-            QTRY_VERIFY(m_program->Panel(WorkgroupProgram::Cell).geometry() != before);
-            RunOut();
-        });
-        QCOMPARE(Stored(), u"mine old"_s);
-        QVERIFY(m_program->ShowsFree());
     }
 
     void aFailedIdleCommitKeepsItsCell()

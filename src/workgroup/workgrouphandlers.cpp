@@ -1,0 +1,58 @@
+#include "workgroup/workgrouphandlers.h"
+
+#include "calendar/turn.h"
+#include "editing/dayview.h"
+#include "hall/cells.h"
+#include "hall/networkcontrols.h"
+#include "plannerfile/plannerstate.h"
+#include "platform/controls/picturebutton.h"
+#include "platform/controls/timer.h"
+#include "workgroup/heldday.h"
+#include "workgroup/networkoptionform.h"
+#include "workgroup/workgroupstate.h"
+
+void WorkgroupHandlers::subRefreshCells()
+{
+    if (!m_network.picLock->Visible(1)) {
+        m_turn(" in MainForm, picRefresh_Click"_L1, [] {});
+        return;
+    }
+    m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
+    m_network.picRefresh->ShowElement(0);
+}
+
+void WorkgroupHandlers::picRefresh_MouseDown()
+{
+    m_network.picRefresh->ShowElement(1);
+}
+
+void WorkgroupHandlers::picRefresh_MouseUp()
+{
+    subRefreshCells();
+    m_network.picRefresh->ShowElement(0);
+}
+
+void WorkgroupHandlers::tmAutoRefresh_Timer()
+{
+    if (!g_bDBShared) m_network.tmAutoRefresh->SetEnabled(false);
+    if (g_bAutoRefresh && g_lRefreshTicks >= g_lRefreshDelay) {
+        if (m_heldDay.LooksFree()) subRefreshCells();
+        g_lRefreshTicks = 0;
+    }
+    ++g_lRefreshTicks;
+}
+
+void WorkgroupHandlers::tmUnLock_Timer()
+{
+    if (++g_lUnlockTicks < g_lUnlockDelay) return;
+    m_dayView.TakeTextAndClose();
+    g_lUnlockTicks = 0;
+    if (!m_heldDay.Commit()) return; // tried again after another while
+    m_network.tmUnLock->SetEnabled(false);
+    subRefreshCells();
+}
+
+void WorkgroupHandlers::mnuNetworkOptions_Click()
+{
+    NetworkOptionForm(m_cells.Client()->window(), m_network, m_server).exec();
+}
