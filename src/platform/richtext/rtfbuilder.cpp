@@ -1,5 +1,7 @@
 #include "platform/richtext/rtfbuilder.h"
 
+#include "platform/richtext/rtfpicture.h"
+
 #include <QTextBlock>
 
 #include <algorithm>
@@ -22,21 +24,23 @@ bool IsLineEnd(QChar character)
 
 } // namespace
 
-RtfBuilder::RtfBuilder(QTextCursor& cursor, Purpose purpose, Tables tables)
-    : m_cursor(cursor), m_purpose(purpose), m_tables(std::move(tables)), m_surroundings(cursor.blockFormat()),
+RtfBuilder::RtfBuilder(QTextCursor& cursor, Purpose purpose, const RtfTables& tables)
+    : m_cursor(cursor), m_purpose(purpose), m_tables(tables), m_surroundings(cursor.blockFormat()),
       m_keepsFirst(purpose == Insertion && cursor.block().length() > 1),
       m_keepsLast(purpose == Insertion && !cursor.atBlockEnd())
 {
 }
 
-void RtfBuilder::Append(QLatin1StringView text, const RtfCharacter& character)
+void RtfBuilder::Ascii(QLatin1StringView text, QByteArrayView, const RtfCharacter& character)
 {
+    PutCells(character);
     m_text += text;
     ExtendRun(character);
 }
 
-void RtfBuilder::Append(QStringView text, const RtfCharacter& character)
+void RtfBuilder::Text(QStringView text, const RtfCharacter& character)
 {
+    PutCells(character);
     if (std::ranges::all_of(text, IsHoldable)) {
         m_text += text;
     } else {
@@ -48,11 +52,19 @@ void RtfBuilder::Append(QStringView text, const RtfCharacter& character)
     ExtendRun(character);
 }
 
-void RtfBuilder::AppendPicture(const QTextImageFormat& picture, const RtfCharacter& character)
+void RtfBuilder::Picture(const RtfPicture& picture, const RtfCharacter& character)
 {
+    PutCells(character);
     m_text += QChar(QChar::ObjectReplacementCharacter);
     m_runs.push_back({character, m_text.size(), static_cast<qsizetype>(m_pictures.size())});
-    m_pictures.push_back(picture);
+    m_pictures.push_back(ToImageFormat(picture, *m_cursor.document()));
+}
+
+void RtfBuilder::PutCells(const RtfCharacter& character)
+{
+    if (m_cells == 0) return;
+    m_text += QString(std::exchange(m_cells, 0), u'\t');
+    ExtendRun(character);
 }
 
 void RtfBuilder::ExtendRun(const RtfCharacter& character)
@@ -65,13 +77,27 @@ void RtfBuilder::ExtendRun(const RtfCharacter& character)
 
 void RtfBuilder::EndParagraph(const RtfParagraph& paragraph, const RtfCharacter& mark)
 {
+    PutCells(mark);
     OpenBlock(paragraph, mark);
     InsertRuns();
 }
 
+void RtfBuilder::EndPage(const RtfParagraph& paragraph, const RtfCharacter& mark)
+{
+    if (!m_text.isEmpty()) EndParagraph(paragraph, mark);
+}
+
+void RtfBuilder::EndRow(const RtfParagraph& paragraph, const RtfCharacter& mark)
+{
+    m_cells = 0;
+    EndParagraph(paragraph, mark);
+}
+
+// The last mark of a whole document is no beginning of another paragraph.
 void RtfBuilder::Finish(const RtfParagraph& paragraph, const RtfCharacter& mark)
 {
-    if (m_purpose == WholeDocument && m_hasBlock && IsParagraphEmpty()) return;
+    m_cells = 0;
+    if (m_purpose == WholeDocument && m_hasBlock && m_text.isEmpty()) return;
     if (m_purpose == Insertion && m_hasBlock && m_keepsLast) {
         m_cursor.insertBlock(m_surroundings, FormatOf(mark));
         InsertRuns();
@@ -117,10 +143,10 @@ const QTextCharFormat& RtfBuilder::FormatOf(const RtfCharacter& character)
 {
     const auto known = m_charFormats.constFind(character);
     if (known != m_charFormats.cend()) return *known;
-    QTextCharFormat format = ToCharFormat(character, m_tables.familyAt(character.font));
+    QTextCharFormat format = ToCharFormat(character, m_tables.fonts.FamilyAt(character.font));
     if (character.link >= 0) {
         format.setAnchor(true);
-        format.setAnchorHref(m_tables.linkAt(character.link));
+        format.setAnchorHref(m_tables.links[character.link]);
     }
     return *m_charFormats.insert(character, format);
 }

@@ -1,16 +1,15 @@
-// Puts what is read from rich text into a document: the runs of a paragraph are gathered and go in together, since its
-// format is known at its end only. Knows only QtGui.
+// The sink that puts what is read from rich text into a document: the runs of a paragraph are gathered and go in
+// together, since its format is known at its end only. Knows only QtGui.
 #pragma once
 
-#include "platform/richtext/rtfformat.h"
+#include "platform/richtext/rtfmachine.h"
 
 #include <QHash>
 #include <QTextCursor>
 
-#include <functional>
 #include <vector>
 
-class RtfBuilder
+class RtfBuilder final : public RtfSink
 {
 public:
     // A whole document takes the format of its first paragraph from the text. An insertion into a paragraph that
@@ -20,24 +19,16 @@ public:
         WholeDocument,
         Insertion
     };
-    // The tables that characters' formats lead to.
-    struct Tables
-    {
-        std::function<QString(int place)> familyAt;
-        std::function<QString(int place)> linkAt;
-    };
+    RtfBuilder(QTextCursor& cursor, Purpose purpose, const RtfTables& tables);
 
-    RtfBuilder(QTextCursor& cursor, Purpose purpose, Tables tables);
-
-    void Append(QLatin1StringView text, const RtfCharacter& character);
-    void Append(QStringView text, const RtfCharacter& character); // leaves out what a document cannot hold
-    void AppendPicture(const QTextImageFormat& picture, const RtfCharacter& character);
-
-    bool IsParagraphEmpty() const { return m_text.isEmpty(); }
-    void EndParagraph(const RtfParagraph& paragraph, const RtfCharacter& mark);
-
-    // The text behind the last paragraph mark. In a whole document the last mark is no beginning of another paragraph.
-    void Finish(const RtfParagraph& paragraph, const RtfCharacter& mark);
+    void Ascii(QLatin1StringView text, QByteArrayView code, const RtfCharacter& character) override;
+    void Text(QStringView text, const RtfCharacter& character) override; // leaves out what a document cannot hold
+    void Picture(const RtfPicture& picture, const RtfCharacter& character) override;
+    void EndParagraph(const RtfParagraph& paragraph, const RtfCharacter& mark) override;
+    void EndPage(const RtfParagraph& paragraph, const RtfCharacter& mark) override;
+    void EndCell() override { ++m_cells; }
+    void EndRow(const RtfParagraph& paragraph, const RtfCharacter& mark) override;
+    void Finish(const RtfParagraph& paragraph, const RtfCharacter& mark) override;
 
 private:
     struct Run
@@ -47,6 +38,7 @@ private:
         qsizetype picture; // place among the paragraph's pictures, or -1
     };
 
+    void PutCells(const RtfCharacter& character);
     void ExtendRun(const RtfCharacter& character);
     void OpenBlock(const RtfParagraph& paragraph, const RtfCharacter& mark);
     void InsertRuns();
@@ -55,11 +47,12 @@ private:
 
     QTextCursor& m_cursor; // no copy, as every cursor in a document makes each insertion slower
     Purpose m_purpose;
-    Tables m_tables;
+    const RtfTables& m_tables;
     QTextBlockFormat m_surroundings; // of the paragraph that an insertion goes into
     bool m_keepsFirst = false;
     bool m_keepsLast = false;
     bool m_hasBlock = false;
+    qsizetype m_cells = 0; // ends not yet written: those that end a row are not
 
     QString m_text;
     std::vector<Run> m_runs;

@@ -16,6 +16,13 @@ void RtfFonts::Begin(int number)
     if (!m_isOpen) return;
     m_places.insert(number, static_cast<int>(m_entries.size()));
     m_entries.append(Entry{});
+    if (number == m_defaultNumber) SetDefault(number);
+}
+
+void RtfFonts::SetDefault(int number)
+{
+    m_defaultNumber = number;
+    m_defaultPlace = PlaceOf(number);
 }
 
 void RtfFonts::SetCharset(int charset)

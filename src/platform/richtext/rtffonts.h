@@ -16,13 +16,13 @@ public:
     void SetCodePage(int codePage);
     void AppendName(const QString& name);
     void EndName() { m_isOpen = false; }
-    void SetDefault(int number) { m_defaultNumber = number; }
+    void SetDefault(int number);
 
     int CodePageOfOpenEntry() const; // 0 where the entry leaves it to the document
 
     // Use: places in the table stay what they are while it grows. -1 is the default font.
     int PlaceOf(int number) const;
-    int PlaceOfDefault() const { return PlaceOf(m_defaultNumber); }
+    int PlaceOfDefault() const { return m_defaultPlace; }
     QString FamilyAt(int place) const; // empty where the text names none
     int CodePageAt(int place) const;   // 0 where the font leaves it to the document
     bool HoldsSymbolsAt(int place) const { return place >= 0 && m_entries[place].holdsSymbols; }
@@ -39,5 +39,6 @@ private:
     QList<Entry> m_entries;
     QHash<int, int> m_places;
     int m_defaultNumber = 0;
+    int m_defaultPlace = -1;
     bool m_isOpen = false;
 };

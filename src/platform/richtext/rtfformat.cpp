@@ -79,18 +79,6 @@ RtfParagraph Shown(const RtfParagraph& paragraph)
     return shown;
 }
 
-struct BlockMeasure
-{
-    QTextFormat::Property property;
-    RtfParagraph::Measure measure;
-};
-
-constexpr BlockMeasure BlockMeasures[] = {
-    {QTextFormat::BlockLeftMargin, RtfParagraph::Left},    {QTextFormat::BlockRightMargin, RtfParagraph::Right},
-    {QTextFormat::TextIndent, RtfParagraph::First},        {QTextFormat::BlockTopMargin, RtfParagraph::Before},
-    {QTextFormat::BlockBottomMargin, RtfParagraph::After},
-};
-
 // A document mirrors left and right in a paragraph that runs from the right, unless told not to; rich text does not.
 void SetAlignment(QTextBlockFormat& format, const RtfParagraph& paragraph)
 {
@@ -222,8 +210,8 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& written)
     if (paragraph != written) format.setProperty(RtfParagraphProperty, QVariant::fromValue(written));
     if (paragraph.isRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
     SetAlignment(format, paragraph);
-    for (const auto [property, measure] : BlockMeasures)
-        if (paragraph.measures[measure]) format.setProperty(property, PixelsOf(paragraph.measures[measure]));
+    for (std::size_t i = 0; i < std::size(RtfMeasures); ++i)
+        if (const int twips = paragraph.measures[i]) format.setProperty(RtfMeasures[i].property, PixelsOf(twips));
     SetLineHeight(format, paragraph);
     if (paragraph.tabs.isEmpty()) return format;
     QList<QTextOption::Tab> tabs = paragraph.tabs;
@@ -258,10 +246,8 @@ RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)
     RtfParagraph paragraph;
     paragraph.isRightToLeft = format.layoutDirection() == Qt::RightToLeft;
     paragraph.alignment = AlignmentOf(format);
-    for (const auto [property, measure] : BlockMeasures) {
-        const auto [least, most] = RtfParagraph::Limits[measure];
-        paragraph.measures[measure] = std::clamp(TwipsOf(format.doubleProperty(property)), least, most);
-    }
+    for (std::size_t i = 0; i < std::size(RtfMeasures); ++i)
+        paragraph.measures[i] = RtfMeasures[i].Bounded(TwipsOf(format.doubleProperty(RtfMeasures[i].property)));
     TakeLineHeight(paragraph, format);
     paragraph.tabs = format.tabPositions().mid(0, RtfParagraph::MaximumTabs);
     for (QTextOption::Tab& tab : paragraph.tabs)

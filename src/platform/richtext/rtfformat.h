@@ -8,6 +8,7 @@
 #include <QTextFormat>
 #include <QTextOption>
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -23,8 +24,21 @@ enum class RtfStyle : quint8
 Q_DECLARE_FLAGS(RtfStyles, RtfStyle)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RtfStyles)
 
-// The kinds of line under text: what rich text calls it and what a document draws. The first eight are those of the
-// document, by their numbers; the others are drawn as the nearest of them and keep their word.
+// What rich text calls the values of formats, for reading and for writing.
+
+struct RtfStyleName
+{
+    std::string_view word;
+    RtfStyle style;
+};
+inline constexpr RtfStyleName RtfStyleNames[] = {{"b", RtfStyle::Bold},
+                                                 {"i", RtfStyle::Italic},
+                                                 {"strike", RtfStyle::StrikeOut},
+                                                 {"caps", RtfStyle::AllCaps},
+                                                 {"scaps", RtfStyle::SmallCaps}};
+
+// The kinds of line under text. The first eight are those of the document, by their numbers; the others are drawn as
+// the nearest of them and keep their word.
 struct RtfUnderline
 {
     std::string_view word;
@@ -42,6 +56,21 @@ inline constexpr RtfUnderline RtfUnderlines[] = {
     {"ulthdashd", QTextCharFormat::DashDotLine},  {"ulthdashdd", QTextCharFormat::DashDotDotLine},
     {"ulhwave", QTextCharFormat::WaveUnderline},  {"ululdbwave", QTextCharFormat::WaveUnderline},
 };
+
+struct RtfName
+{
+    std::string_view word;
+};
+inline constexpr RtfName RtfVerticals[] = {{"nosupersub"}, {"super"}, {"sub"}};  // by QTextCharFormat's numbers
+inline constexpr RtfName RtfTabKinds[] = {{"tql"}, {"tqr"}, {"tqc"}, {"tqdec"}}; // by QTextOption's numbers
+
+struct RtfAlignment
+{
+    std::string_view word;
+    Qt::AlignmentFlag alignment;
+};
+inline constexpr RtfAlignment RtfAlignments[] = {
+    {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
 
 // What a document has no property for and is kept for the writing.
 inline constexpr int RtfUnderlineProperty = QTextFormat::UserProperty + 0x501; // place in RtfUnderlines
@@ -71,25 +100,19 @@ size_t qHash(const RtfCharacter& character, size_t seed = 0) noexcept;
 
 struct RtfParagraph
 {
-    enum Measure : quint8
+    enum Measure : quint8 // place in RtfMeasures
     {
+        First,
         Left,
         Right,
-        First,
         Before,
         After,
         MeasureCount
     };
-    struct Bounds
-    {
-        int least, most;
-    };
     static constexpr int Furthest = 31680; // 22 inches, the widest page there is
-    static constexpr std::array<Bounds, MeasureCount> Limits{
-        {{0, Furthest}, {0, Furthest}, {-Furthest, Furthest}, {0, Furthest}, {0, Furthest}}};
     static constexpr int MaximumTabs = 64;
 
-    std::array<int, MeasureCount> measures{}; // twips, within Limits
+    std::array<int, MeasureCount> measures{}; // twips, within their bounds
     Qt::Alignment alignment;                  // 0 where none is given
     bool isRightToLeft = false;
     bool isLineMultiple = false; // then lineSpacing counts 240th of a line
@@ -98,6 +121,21 @@ struct RtfParagraph
 
     bool operator==(const RtfParagraph&) const = default;
 };
+
+struct RtfMeasure
+{
+    std::string_view word;
+    QTextFormat::Property property; // in pixels
+    int least;                      // twips
+
+    int Bounded(int twips) const { return std::clamp(twips, least, RtfParagraph::Furthest); }
+};
+inline constexpr RtfMeasure RtfMeasures[RtfParagraph::MeasureCount] = {
+    {"fi", QTextFormat::TextIndent, -RtfParagraph::Furthest},
+    {"li", QTextFormat::BlockLeftMargin, 0},
+    {"ri", QTextFormat::BlockRightMargin, 0},
+    {"sb", QTextFormat::BlockTopMargin, 0},
+    {"sa", QTextFormat::BlockBottomMargin, 0}};
 
 // The family of text whose font has no name.
 inline constexpr QStringView NamelessFamily = u"Arial";

@@ -15,6 +15,12 @@ namespace {
 constexpr double MetricInPixel = 2540 / 96.0; // hundredths of a millimetre
 constexpr int DefaultSide = 32;
 
+// Of what stands in a group these alone are copied as they are, so they alone are its data when it is read again.
+bool IsSign(char byte)
+{
+    return byte > ' ' && byte <= '~';
+}
+
 // What a group says of itself, while it is copied in a form of its own: 7-bit, data in hexadecimal digits, and always
 // the same bytes for the same tokens.
 class Copier
@@ -90,7 +96,7 @@ void Copier::CopyBrace(char brace)
 
 void Copier::CopySymbol(char symbol)
 {
-    if (symbol <= ' ' || symbol > 126) return;
+    if (!IsSign(symbol)) return;
     (m_source += '\\') += symbol;
     m_isAfterWord = false;
 }
@@ -115,7 +121,7 @@ void Copier::CopyData(QByteArrayView data)
         else
             CopyLetter(byte);
     }
-    m_hasData = m_hasData || (IsInPicture() && std::ranges::any_of(data, [](char byte) { return byte > ' '; }));
+    m_hasData = m_hasData || (IsInPicture() && std::ranges::any_of(data, IsSign));
 }
 
 void Copier::CopyBinary(QByteArrayView data)

@@ -1,6 +1,6 @@
 #include "platform/richtext/rtfreader.h"
 
-#include "platform/richtext/rtfinterpreter.h"
+#include "platform/richtext/rtfbuilder.h"
 
 #include <QStringDecoder>
 #include <QTextCursor>
@@ -10,10 +10,10 @@ namespace {
 
 void Read(QByteArrayView rtf, QTextCursor& cursor, RtfBuilder::Purpose purpose)
 {
-    if (LooksLikeRtf(rtf))
-        RtfInterpreter(rtf, cursor, purpose).Run();
-    else
-        cursor.insertText(PlainNote(rtf));
+    if (!LooksLikeRtf(rtf)) return cursor.insertText(PlainNote(rtf));
+    RtfTables tables;
+    RtfBuilder builder(cursor, purpose, tables);
+    RtfMachine(rtf, tables, builder).Run();
 }
 
 } // namespace

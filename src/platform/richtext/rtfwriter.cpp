@@ -142,29 +142,12 @@ void Writer::WriteParagraph(const QTextBlock& block)
 
 void Writer::WriteFormats(const RtfParagraph& paragraph)
 {
-    struct MeasureWord
-    {
-        const char* word;
-        RtfParagraph::Measure measure;
-    };
-    constexpr MeasureWord Measures[] = {{"fi", RtfParagraph::First},
-                                        {"li", RtfParagraph::Left},
-                                        {"ri", RtfParagraph::Right},
-                                        {"sb", RtfParagraph::Before},
-                                        {"sa", RtfParagraph::After}};
-    struct AlignmentWord
-    {
-        const char* word;
-        Qt::AlignmentFlag alignment;
-    };
-    constexpr AlignmentWord Alignments[] = {
-        {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
     m_body.Word("pard");
     if (paragraph.isRightToLeft) m_body.Word("rtlpar");
-    for (const auto [word, alignment] : Alignments)
+    for (const auto& [word, alignment] : RtfAlignments)
         if (paragraph.alignment == alignment) m_body.Word(word);
-    for (const auto [word, measure] : Measures)
-        if (paragraph.measures[measure]) m_body.Word(word, paragraph.measures[measure]);
+    for (std::size_t i = 0; i < std::size(RtfMeasures); ++i)
+        if (paragraph.measures[i]) m_body.Word(RtfMeasures[i].word, paragraph.measures[i]);
     WriteLineSpacing(paragraph);
     WriteTabs(paragraph.tabs);
 }
@@ -178,9 +161,8 @@ void Writer::WriteLineSpacing(const RtfParagraph& paragraph)
 
 void Writer::WriteTabs(const QList<QTextOption::Tab>& tabs)
 {
-    constexpr std::array<const char*, 4> Kinds{nullptr, "tqr", "tqc", "tqdec"}; // by QTextOption::TabType
     for (const QTextOption::Tab& tab : tabs) {
-        if (tab.type != QTextOption::LeftTab) m_body.Word(Kinds[tab.type]);
+        if (tab.type != QTextOption::LeftTab) m_body.Word(RtfTabKinds[tab.type].word);
         m_body.Word("tx", static_cast<int>(tab.position));
     }
 }
@@ -190,10 +172,9 @@ void Writer::WriteCharacter(const Format& format)
     const RtfCharacter& character = format.character;
     if (character == m_character) return;
     const RtfCharacter old = std::exchange(m_character, character);
-    constexpr std::array<const char*, 3> Verticals{"nosupersub", "super", "sub"};
     WriteStyles(old.styles ^ character.styles);
     if (character.underline != old.underline) m_body.Word(RtfUnderlines[character.underline].word);
-    if (character.vertical != old.vertical) m_body.Word(Verticals[character.vertical]);
+    if (character.vertical != old.vertical) m_body.Word(RtfVerticals[character.vertical].word);
     if (character.rise != old.rise) WriteRise(character.rise);
     if (character.color != old.color) m_body.Word("cf", format.color);
     if (character.background != old.background) m_body.Word("highlight", format.background);
@@ -203,17 +184,7 @@ void Writer::WriteCharacter(const Format& format)
 
 void Writer::WriteStyles(RtfStyles changed)
 {
-    struct StyleWord
-    {
-        const char* word;
-        RtfStyle style;
-    };
-    constexpr StyleWord Words[] = {{"b", RtfStyle::Bold},
-                                   {"i", RtfStyle::Italic},
-                                   {"strike", RtfStyle::StrikeOut},
-                                   {"caps", RtfStyle::AllCaps},
-                                   {"scaps", RtfStyle::SmallCaps}};
-    for (const auto [word, style] : Words) {
+    for (const auto& [word, style] : RtfStyleNames) {
         if (!changed.testFlag(style)) continue;
         if (m_character.styles.testFlag(style))
             m_body.Word(word);
