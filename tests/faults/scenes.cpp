@@ -11,6 +11,7 @@
 #include "platform/profile/profile.h"
 #include "program.h"
 #include "recurrence/recurrence.h"
+#include "testmain.h"
 
 namespace {
 const QString Done = u"done"_s;

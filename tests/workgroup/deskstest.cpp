@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "workgroupprogram.h"
 
 // Two desks: the program and another process, on a planner in a file and on a server.

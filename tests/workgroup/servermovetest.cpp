@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "workgroup/networkoptionform.h"
 #include "workgroupprogram.h"
 
