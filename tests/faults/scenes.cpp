@@ -11,7 +11,6 @@
 #include "platform/profile/profile.h"
 #include "program.h"
 #include "recurrence/recurrence.h"
-#include "testmain.h"
 
 namespace {
 const QString Done = u"done"_s;

@@ -1,6 +1,7 @@
 #include "platform/desktop/windowplace.h"
 
 #include "files.h"
+#include "testmain.h"
 
 #include <QGuiApplication>
 #include <QTemporaryDir>
@@ -38,17 +39,14 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char** argv)
-{
+static const Runnable runWindowPlaceTest("WindowPlaceTest", [](int argc, char** argv) {
     const QTemporaryDir folder;
     const QString screens = folder.filePath(u"screens.json"_s);
     const QByteArray first = R"({"name": "first", "x": 0, "y": 0, "width": 800, "height": 600})";
     const QByteArray second = R"({"name": "second", "x": 800, "y": -200, "width": 800, "height": 600})";
     SetContent(screens, R"({"screens": [)" + first + ',' + second + "]}");
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screens));
-    QGuiApplication application(argc, argv);
-    WindowPlaceTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+    return RunTest<WindowPlaceTest, QGuiApplication>(argc, argv);
+});
 
 #include "windowplacetest.moc"
