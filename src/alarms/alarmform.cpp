@@ -245,10 +245,10 @@ void AlarmForm::reject()
 
 void AlarmForm::closeEvent(QCloseEvent* event)
 {
-    guard(OkLiteral, [this] {
+    Guarded(OkLiteral, [this] {
         if (m_mode == Mode::Browse) ApplyDeletions();
         Close();
-    });
+    })();
     event->accept();
 }
 

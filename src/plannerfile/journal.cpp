@@ -69,7 +69,7 @@ QString PutAside(const QFileInfo& journal)
 Journal::Journal()
 {
     m_timer.setSingleShot(true);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { guard(JournalTail, [this] { Write(); }); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, Guarded(JournalTail, [this] { Write(); }));
 }
 
 void Journal::Touch()

@@ -61,7 +61,7 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
 {
     // The client area changes with the window, and when the menu bar takes another line.
     if (event->type() == QEvent::Resize && isVisible()) {
-        guard(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); });
+        Guarded(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); })();
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -71,14 +71,14 @@ void Mainform::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     // Minimize and restore bring no resize.
     if (event->type() == QEvent::WindowStateChange && isVisible()) {
-        guard(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); });
+        Guarded(" in MainForm, Form_Resize"_L1, [&] { Form_Resize(); })();
     }
 }
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    guard(" in MainForm, Form_QueryUnload"_L1,
-          [&] { Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode); });
+    Guarded(" in MainForm, Form_QueryUnload"_L1,
+            [&] { Form_QueryUnload(event->spontaneous() ? CloseBox : ClosedByCode); })();
     event->accept();
 }
 
