@@ -30,7 +30,6 @@
 
 namespace {
 constexpr QLatin1StringView LoadLiteral(" in AlarmForm, Form Load");
-constexpr QLatin1StringView OkLiteral(" in AlarmForm, btnOk_Click");
 
 // A picture that looks pressed while it is, and acts on the release.
 template <typename Action>
@@ -218,10 +217,10 @@ void AlarmForm::reject()
 
 void AlarmForm::closeEvent(QCloseEvent* event)
 {
-    guard(OkLiteral, [this] {
+    Guarded(OkLiteral, [this] {
         if (m_mode == Mode::Browse) ApplyDeletions();
         Close();
-    });
+    })();
     event->accept();
 }
 

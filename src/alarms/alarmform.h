@@ -105,6 +105,8 @@ private:
     QScrollBar* ScrollBarOfBrowsedNote() const;
     void Close();
 
+    static constexpr QLatin1StringView OkLiteral{" in AlarmForm, btnOk_Click"};
+
     const Mode m_mode;
     const DateOrder& m_dateOrder; // the machine's
     Cells& m_cells;

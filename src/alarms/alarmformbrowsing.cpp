@@ -25,7 +25,6 @@
 #include <QScrollBar>
 
 namespace {
-constexpr QLatin1StringView OkLiteral(" in AlarmForm, btnOk_Click");
 constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData");
 } // namespace
 

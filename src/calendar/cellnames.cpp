@@ -59,10 +59,10 @@ void CellNames::accessibilityActiveChanged(bool active)
 void CellNames::NameAll()
 {
     if (!m_active) return;
-    guard(Literal, [&] {
+    Guarded(Literal, [&] {
         for (int cell = 1; cell <= CellCount; ++cell)
             Name(cell);
-    });
+    })();
 }
 
 void CellNames::Name(int cell)

@@ -14,7 +14,7 @@ constexpr int Pause = 700;              // milliseconds without a key, so that n
 constexpr int LongestWait = 2000;       // milliseconds, for somebody who types without a pause
 constexpr int AfterFailure = 15000;     // milliseconds
 constexpr qint64 LargestFile = 1 << 30; // no journal of ours
-const QString Extension = u".notes"_s;
+const QString Ending = u".notes"_s;
 
 QDir Folder()
 {
@@ -34,7 +34,7 @@ void MakeFolder(QString& reason)
 
 QString LockOf(const QString& journal)
 {
-    return journal.chopped(Extension.size()) + u".lock"_s;
+    return journal.chopped(Ending.size()) + u".lock"_s;
 }
 
 struct Place
@@ -48,7 +48,7 @@ Place FreePlace(QString& reason)
 {
     MakeFolder(reason);
     for (int number = 1;; ++number) {
-        const QString path = Folder().filePath(QString::number(number) + Extension);
+        const QString path = Folder().filePath(QString::number(number) + Ending);
         auto lock = FileLock::Try(LockOf(path));
         if (!lock && !QFileInfo(LockOf(path)).isFile()) return {path, nullptr};
         if (lock && !QFileInfo::exists(path)) return {path, std::move(lock)};
@@ -69,7 +69,7 @@ QString PutAside(const QFileInfo& journal)
 Journal::Journal()
 {
     m_timer.setSingleShot(true);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { guard(JournalTail, [this] { Write(); }); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, Guarded(JournalTail, [this] { Write(); }));
 }
 
 void Journal::Touch()
@@ -174,7 +174,7 @@ LeftJournal::All LeftJournal::FindAll()
     All all;
     // Files alone: what a link leads to may have no end.
     const auto kind = QDir::Files | QDir::NoSymLinks;
-    for (const QFileInfo& entry : Folder().entryInfoList({u'*' + Extension}, kind, QDir::Time)) {
+    for (const QFileInfo& entry : Folder().entryInfoList({u'*' + Ending}, kind, QDir::Time)) {
         auto lock = FileLock::Try(LockOf(entry.filePath()));
         QFile file(entry.filePath());
         if (!lock || !file.open(QIODevice::ReadOnly)) continue;

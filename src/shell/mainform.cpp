@@ -6,7 +6,6 @@
 #include "platform/controls/timer.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
-#include "platform/desktop/showatonce.h"
 #include "platform/runtime/errortail.h"
 #include "shell/exitform.h"
 #include "shell/rooms.h"
@@ -60,13 +59,14 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
     // resize.
     const auto type = watched == this ? QEvent::WindowStateChange : QEvent::Resize;
     if (event->type() == type && isVisible() && !isMinimized())
-        guard(" in MainForm, Form_Resize"_L1, [this] { m_rooms->m_pLayout.Form_Resize(); });
+        Guarded(" in MainForm, Form_Resize"_L1, [this] { m_rooms->m_pLayout.Form_Resize(); })();
     return QMainWindow::eventFilter(watched, event);
 }
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    guard(" in MainForm, Form_QueryUnload"_L1, [&] { subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode); });
+    Guarded(" in MainForm, Form_QueryUnload"_L1,
+            [&] { subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode); })();
     event->accept();
 }
 

@@ -118,7 +118,7 @@ void FindWordForm::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isEnter || !m_tbFindWord->hasFocus()) return QDialog::keyPressEvent(event);
-    guard(" in FindWordForm, tbFindWord_KeyPress"_L1, [this] { tbFindWord_KeyPress(); });
+    Guarded(" in FindWordForm, tbFindWord_KeyPress"_L1, [this] { tbFindWord_KeyPress(); })();
 }
 
 void FindWordForm::tbFindWord_KeyPress()

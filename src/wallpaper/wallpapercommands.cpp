@@ -98,7 +98,7 @@ void WallpaperCommands::mnuClearWallpaper_Click()
 void WallpaperCommands::mnuUpdateWallpaper_Click()
 {
     const QDeadlineTimer until(PersonsPatience);
-    TakeOver(PresentWallpaper(until, Counts::IfKept));
+    TakeOver(PresentWallpaper(until, wallpaper::Counts::IfKept));
     const bool isLoaded = ShowOnDesktop(ReadDesktopKeys().wallpaper, until);
     Tell(isLoaded ? u"Successfully Updated Wallpaper!"_s : u"Unable To Update Wallpaper!"_s);
 }

@@ -65,11 +65,11 @@ DesktopSession DesktopSession::Present()
     return {names.split(u':', Qt::SkipEmptyParts), isSandboxed};
 }
 
-std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until, Counts counts)
+std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until, wallpaper::Counts counts)
 {
     const DesktopSession session = DesktopSession::Present();
     const auto ways = WaysOf(session);
-    if (ways.empty() || (counts == Counts::IfKept && !ways.front()->IsKept)) return std::nullopt;
+    if (ways.empty() || (counts == wallpaper::Counts::IfKept && !ways.front()->IsKept)) return std::nullopt;
     return Shown(*ways.front(), session, until);
 }
 

@@ -8,16 +8,19 @@
 
 #include <optional>
 
-// Whether a ground counts that begins each session without a picture: having none says nothing there of what somebody
+namespace wallpaper {
+// A ground that begins each session without a picture counts or not: having none says nothing there of what somebody
 // wanted.
 enum class Counts
 {
     Always,
     IfKept
 };
+} // namespace wallpaper
 
 // What the desktop shows now; empty where that cannot be told, or does not count.
-std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until, Counts counts = Counts::Always);
+std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until,
+                                               wallpaper::Counts counts = wallpaper::Counts::Always);
 
 // Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. False if
 // the desktop did not take it, or if a person who was asked refused; nobody is asked for longer than until the

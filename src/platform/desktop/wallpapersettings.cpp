@@ -9,7 +9,7 @@ namespace {
 struct Store
 {
     std::optional<QString> (*Get)(const QString& key, const QDeadlineTimer& until);
-    bool (*Tell)(const QString& key, const QString& value, const QDeadlineTimer& until);
+    bool (*Set)(const QString& key, const QString& value, const QDeadlineTimer& until);
     const char* FitKey;
     const char* NoFit; // shows no picture
     FitNames Fits;
@@ -43,10 +43,11 @@ std::optional<QString> GSettingsGet(const QString& key, const QDeadlineTimer& un
     return printed ? std::optional(Unquoted(*printed)) : std::nullopt;
 }
 
+// What is read back counts: without its store the command forgets what it was told and still reports no error.
 bool GSettingsSet(const QString& key, const QString& value, const QDeadlineTimer& until)
 {
-    return RunForWallpaper(u"gsettings"_s, QStringList(u"set"_s) + key.split(u' ') + QStringList(Quoted(value)), until)
-        .has_value();
+    const QStringList arguments = QStringList(u"set"_s) + key.split(u' ') + QStringList(Quoted(value));
+    return RunForWallpaper(u"gsettings"_s, arguments, until) && GSettingsGet(key, until) == value;
 }
 
 std::optional<QString> XfconfRun(const QStringList& arguments, const QDeadlineTimer& until)
@@ -114,12 +115,6 @@ QStringList PlacesOf(const Desktop& desktop, const QDeadlineTimer& until)
     return schema.isEmpty() ? PlacesOfXfce(QString::fromLatin1(desktop.PictureKey), until) : QStringList(schema);
 }
 
-// What is read back counts: without its store a command forgets what it was told and still reports no error.
-bool Set(const Store& store, const QString& key, const QString& value, const QDeadlineTimer& until)
-{
-    return store.Tell(key, value, until) && store.Get(key, until) == value;
-}
-
 bool IsHere(const DesktopSession& session)
 {
     return DesktopOf(session) != nullptr;
@@ -133,7 +128,7 @@ bool Show(const DesktopSession& session, const DesktopPicture& picture, const QD
     const QString value = desktop.HoldsAddresses ? WallpaperAddress(picture.Path) : picture.Path;
     const QString fit = clears ? QString::fromLatin1(store.NoFit) : store.Fits.Of(picture.Fit);
     const auto set = [&](const QString& place, const char* key, const QString& text) {
-        return Set(store, place + QLatin1StringView(key), text, until);
+        return store.Set(place + QLatin1StringView(key), text, until);
     };
     for (const QString& place : PlacesOf(desktop, until)) {
         if (!clears && !set(place, desktop.PictureKey, value)) return false;

@@ -14,6 +14,6 @@ void SetBefore(std::function<void()> step)
 
 void Before()
 {
-    if (g_before) guard(" in waiting, Before"_L1, g_before);
+    if (g_before) Guarded(" in waiting, Before"_L1, g_before)();
 }
 } // namespace waiting

@@ -56,28 +56,20 @@ private:
     std::vector<int> m_silentNumbers;
 };
 
-// Runs what the toolkit calls back (a signal, a timer, an event override): an error that no tail has caught is logged
-// under the given literal and ends here, since it may not travel through the toolkit.
-template <typename Step>
-void guard(QLatin1StringView literal, Step&& step)
-{
-    try {
-        std::forward<Step>(step)();
-    } catch (const RunTimeError& error) {
-        LogError(error, literal);
-    }
-}
-
-// An action under guard(), for a signal to be connected to. It takes what the signal brings, or nothing.
+// An action as the toolkit may call it back, from a signal, a timer or an event override: an error that no tail has
+// caught is logged under the literal and ends here, since it may not travel through the toolkit. It takes what a signal
+// brings, or nothing.
 template <typename Action>
-auto Guarded(QLatin1StringView literal, Action action)
+[[nodiscard]] auto Guarded(QLatin1StringView literal, Action action)
 {
     return [literal, action = std::move(action)](auto&&... arguments) {
-        guard(literal, [&] {
+        try {
             if constexpr (std::is_invocable_v<const Action&, decltype(arguments)...>)
                 action(std::forward<decltype(arguments)>(arguments)...);
             else
                 action();
-        });
+        } catch (const RunTimeError& error) {
+            LogError(error, literal);
+        }
     };
 }

@@ -54,7 +54,7 @@ public:
         close(m_before);
     }
     Q_DISABLE_COPY_MOVE(ErrorOutput)
-    QByteArray Text() { return QFile(m_file.fileName()).open(QIODevice::ReadOnly) ? m_file.readAll() : "?"; }
+    QByteArray Text() const { return Content(m_file.fileName()); } // not by the handle, which stands at the end
 
 private:
     QTemporaryFile m_file;

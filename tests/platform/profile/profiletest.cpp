@@ -103,6 +103,7 @@ private Q_SLOTS:
         row("only the first", "[S]\nKey=1\nKey=2\n", "[S]\nKey=v\nKey=2\n");
         row("the one that is read", "[S]\na=1\n[T]\n[S]\nKey=2\n", "[S]\na=1\n[T]\n[S]\nKey=v\n");
         row("new key", "[S]\r\na=1\r\n\r\n[T]\r\nKey=1\r\n", "[S]\r\na=1\r\nKey=v\r\n\r\n[T]\r\nKey=1\r\n");
+        row("first of two parts", "[S]\na=1\n[T]\n[s]\nb=2\n", "[S]\na=1\nKey=v\n[T]\n[s]\nb=2\n");
         row("no line break at the end", "[S]\na=1", "[S]\na=1\nKey=v\n");
         row("new section", "[T]\nKey=1", "[T]\nKey=1\n[S]\nKey=v\n");
         row("torn heading", "[T]\n[S", "[T]\n[S\nKey=v\n");

@@ -34,7 +34,7 @@ private Q_SLOTS:
         QVERIFY(!tail([] { Fail(6); }));
         QVERIFY(!tail([] { Fail(3186); }));
         QVERIFY(tail([&] { reached = true; }));
-        guard(" in MainForm, tmAlarm_Timer"_L1, [] { Fail(91); });
+        Guarded(" in MainForm, tmAlarm_Timer"_L1, [] { Fail(91); })();
         QVERIFY(reached);
         QCOMPARE(Log(),
                  QByteArray(" 1:it broke in MODSHOW, subDisplayMonth\n 2:it broke in MainForm, tmAlarm_Timer\n"));
@@ -42,7 +42,7 @@ private Q_SLOTS:
 
     void EachRunStartsAnEmptyLog()
     {
-        guard(" in MainForm, x"_L1, [] { Fail(6); });
+        Guarded(" in MainForm, x"_L1, [] { Fail(6); })();
         OpenErrorLog(m_path);
         QCOMPARE(Log(), QByteArray());
         QCOMPARE(g_iErrCount, std::int16_t{0});

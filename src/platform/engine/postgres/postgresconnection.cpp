@@ -135,7 +135,7 @@ PostgresConnection::Backend PostgresConnection::Open()
     } catch (const std::system_error& error) {
         throw BrokenConnectionError(m_name, error.what()); // nobody would bound the wait for an answer
     }
-    const pqxx::result told = Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec(Settings); });
+    const pqxx::result told = Perform(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec(Settings); });
     // A pooler hands each transaction to whichever session is free, and locks would lie in another's.
     if (told.size() != 1 || NumberOf(told[0][0]) != Process())
         throw RunTimeError{BrokenConnection,
@@ -208,7 +208,7 @@ auto PostgresConnection::Translated(Patience patience, Step&& step)
 }
 
 template <typename Step>
-pqxx::result PostgresConnection::Guarded(Patience patience, Step&& step)
+pqxx::result PostgresConnection::Perform(Patience patience, Step&& step)
 {
     return Translated(patience, [&] {
         pqxx::nontransaction work(m_session->connection);
@@ -219,7 +219,7 @@ pqxx::result PostgresConnection::Guarded(Patience patience, Step&& step)
 pqxx::result PostgresConnection::Ask(const std::string& statement, const Values& values, Patience patience)
 {
     Connect();
-    const pqxx::result result = Guarded(patience, [&](pqxx::nontransaction& work) {
+    const pqxx::result result = Perform(patience, [&](pqxx::nontransaction& work) {
         std::vector<const char*> parameters;
         for (const auto& value : values)
             parameters.push_back(value ? value->c_str() : nullptr);
@@ -238,7 +238,7 @@ QString PostgresConnection::AskOne(const std::string& statement, const Values& v
 void PostgresConnection::Command(const char* text, Patience patience)
 {
     Connect();
-    Guarded(patience, [&](pqxx::nontransaction& work) { return work.exec(text); });
+    Perform(patience, [&](pqxx::nontransaction& work) { return work.exec(text); });
 }
 
 void PostgresConnection::Do(const std::function<void(pqxx::connection&)>& step)
@@ -271,7 +271,7 @@ void PostgresConnection::StopReading()
 {
     if (!std::exchange(m_reading, false)) return;
     try {
-        Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec("COMMIT"); });
+        Perform(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec("COMMIT"); });
     } catch (const RunTimeError&) {
         // Nothing was written, and a break has been noted.
     }
@@ -344,7 +344,7 @@ void PostgresConnection::Rollback()
     m_lost.reset();
     if (!open) return;
     try {
-        Guarded(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec("ROLLBACK"); });
+        Perform(Patience::Usual, [](pqxx::nontransaction& work) { return work.exec("ROLLBACK"); });
     } catch (const RunTimeError&) {
         // A session that cannot roll back is over, and the server does it.
         Break();

@@ -88,7 +88,7 @@ private:
     template <typename Step>
     auto Translated(Patience patience, Step&& step); // with the library's errors as ours
     template <typename Step>
-    pqxx::result Guarded(Patience patience, Step&& step);
+    pqxx::result Perform(Patience patience, Step&& step);
     void Command(const char* text, Patience patience = Patience::Usual);
     void WriteInGroup(const std::function<void()>& step);
     void UndoStep(const RunTimeError& failure);
