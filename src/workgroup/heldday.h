@@ -36,8 +36,8 @@ public:
     int Cell() const;
 
     bool Commit() override;
-    // What the day view holds is its own affair: it knows its day whatever the calendar turns to. What was typed into
-    // a cell before it was opened would be lost by a turn.
+    // The day view is open on the day. What it holds is its own affair, since it knows its day whatever the calendar
+    // turns to; what was typed into a cell before would be lost by a turn, which Commit refuses then.
     void SetInWindow(bool inWindow) { m_isInWindow = inWindow; }
     // Stores this and unlocks. What kept it, if anything did; the day is held then as before.
     std::optional<RunTimeError> Store(const QByteArray& rtf);
