@@ -3,7 +3,9 @@
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
 #include "alarms/tunes.h"
+#include "calendar/calendarstate.h"
 #include "calendar/dateorder.h"
+#include "calendar/lockedday.h"
 #include "calendar/moddate.h"
 #include "calendar/modshow.h"
 #include "calendar/turn.h"
@@ -12,6 +14,7 @@
 #include "hall/cells.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/plannerstate.h"
+#include "plannerfile/refusals.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
@@ -40,6 +43,11 @@ void WirePicture(PictureButton* picture, int pressed, int released, QLatin1Strin
                          picture->ShowElement(released);
                          action();
                      }));
+}
+
+bool Refuses()
+{
+    return RefusesWithoutPlanner() || RefusesShared(u"Global alarm settings"_s);
 }
 } // namespace
 
@@ -234,4 +242,29 @@ void AlarmForm::picPlay_MouseUp()
 void AlarmForm::picStop_MouseUp()
 {
     StopTune(m_controls.orlcmbTunes->Text());
+}
+
+// After a redraw no cell is current, though the caret may still stand in one.
+int AlarmHandlers::CurrentCell()
+{
+    if (!m_cells.Shows(g_iCurrentPanel)) m_cells.EnterAgain();
+    return g_iCurrentPanel;
+}
+
+void AlarmHandlers::mnuNewAlarm_Click()
+{
+    if (!Refuses()) AlarmForm(AlarmForm::Mode::New, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
+}
+
+void AlarmHandlers::mnuChangeAlarms_Click()
+{
+    if (!Refuses()) AlarmForm(AlarmForm::Mode::Browse, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
+}
+
+// The end of the browsing reads the cells again: what was typed into a locked day is stored before.
+void AlarmHandlers::btnTunes_Click(int Index)
+{
+    if (RefusesWithoutPlanner()) return;
+    if (g_bDBShared && !m_lockedDay.Commit()) return;
+    AlarmForm(AlarmForm::Mode::Browse, Index, m_cells, m_turn, m_tmAlarm).exec();
 }

@@ -9,6 +9,7 @@
 #include <QDialog>
 
 class Cells;
+class LockedDay;
 struct Alarm;
 struct DateOrder;
 class MaskEdBox;
@@ -117,4 +118,27 @@ private:
     Recordset m_alarms;
     QString m_sAlarmDate; // the key of the day that is browsed
     QString m_played;     // the tune that was started here last
+};
+
+// The main window's commands on alarms, under their own names: the ways into the editor.
+class AlarmHandlers
+{
+public:
+    AlarmHandlers(Cells& cells, Timer& tmAlarm, Turn& turn, LockedDay& lockedDay)
+        : m_cells(cells), m_tmAlarm(tmAlarm), m_turn(turn), m_lockedDay(lockedDay)
+    {
+    }
+
+    // In a personal planner alone; they say so elsewhere.
+    void mnuNewAlarm_Click();
+    void mnuChangeAlarms_Click();
+    void btnTunes_Click(int Index); // in a workgroup's planner too
+
+private:
+    int CurrentCell();
+
+    Cells& m_cells;
+    Timer& m_tmAlarm;
+    Turn& m_turn;
+    LockedDay& m_lockedDay;
 };

@@ -90,8 +90,8 @@ QTextCursor EventText::Find(const QStringList& paragraphs) const
         if (!last.isValid()) continue;
         QTextCursor found(first);
         found.movePosition(QTextCursor::EndOfBlock);
-        found.setPosition(found.position() - int(paragraphs.first().size()));
-        found.setPosition(last.position() + int(paragraphs.last().size()), QTextCursor::KeepAnchor);
+        found.setPosition(found.position() - static_cast<int>(paragraphs.first().size()));
+        found.setPosition(last.position() + static_cast<int>(paragraphs.last().size()), QTextCursor::KeepAnchor);
         return found;
     }
     return {};

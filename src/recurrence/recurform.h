@@ -84,3 +84,21 @@ private:
     QElapsedTimer m_running;  // since a run of dates began
     bool m_isPressed = false; // the record that is shown is the current one, and not the one before it
 };
+
+// The command that opens it.
+class RecurringEvents
+{
+public:
+    RecurringEvents(Cells& cells, QMTDB& notes, const ViewMode& viewMode, FontCommand& fontCommand)
+        : m_cells(cells), m_notes(notes), m_viewMode(viewMode), m_fontCommand(fontCommand)
+    {
+    }
+
+    void mnuRecurse_Click(); // in a personal planner alone; says so elsewhere
+
+private:
+    Cells& m_cells;
+    QMTDB& m_notes;
+    const ViewMode& m_viewMode;
+    FontCommand& m_fontCommand;
+};

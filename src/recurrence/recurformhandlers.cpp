@@ -8,6 +8,7 @@
 #include "hall/cells.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/qmtdb.h"
+#include "plannerfile/refusals.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/picturebutton.h"
@@ -273,4 +274,12 @@ void RecurForm::btnFonts_Click()
     const ErrorTail tail(" in RecurForm, btnFonts_Click"_L1);
     ApplyToSelection(*m_tbRecurse, m_fontCommand.Ask(this, *m_tbRecurse, tail), tail);
     m_tbRecurse->setFocus();
+}
+
+void RecurringEvents::mnuRecurse_Click()
+{
+    if (RefusesWithoutPlanner() || RefusesShared(u"Global recurring event"_s)) return;
+    // After a redraw no cell is current, though the caret may still stand in one.
+    if (!m_cells.Shows(g_iCurrentPanel)) m_cells.EnterAgain();
+    RecurForm(m_cells.Client()->window(), m_cells, m_notes, m_viewMode, m_fontCommand).exec();
 }

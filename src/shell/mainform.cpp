@@ -7,8 +7,8 @@
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
-#include "shell/exitform.h"
 #include "shell/rooms.h"
+#include "shell/splash.h"
 #include "shell/wiring.h"
 
 #include <QCloseEvent>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "alarms/alarmclock.h"
-#include "alarms/alarmhandlers.h"
+#include "alarms/alarmform.h"
 #include "appearance/appearance.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
@@ -33,7 +33,7 @@
 #include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
 #include "printing/printing.h"
-#include "recurrence/recurringevents.h"
+#include "recurrence/recurform.h"
 #include "shell/activation.h"
 #include "shell/controls.h"
 #include "shell/shellhandlers.h"

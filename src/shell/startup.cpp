@@ -8,16 +8,62 @@
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
-#include "shell/startupform.h"
-#include "shell/terminationsignals.h"
+#include "shell/splash.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QSocketNotifier>
 #include <QTimer>
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 constexpr QLatin1StringView StartTail(" in StartupForm, Form Load event");
 constexpr QLatin1StringView ExitLiteral(" in MainForm, subExitProgram");
+
+constexpr std::array<int, 3> Watched = {SIGTERM, SIGINT, SIGHUP};
+std::array<int, 2> g_pipe = {-1, -1};
+
+void OnSignal(int)
+{
+    const char byte = 1;
+    [[maybe_unused]] const auto written = ::write(g_pipe[1], &byte, 1);
+}
+
+void SetHandlers(void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    for (const int number : Watched)
+        sigaction(number, &action, nullptr);
+}
+// SIGTERM, SIGINT and SIGHUP as an event of the program: a signal handler may only write to a pipe. One at a time.
+class TerminationSignals : public QObject
+{
+public:
+    TerminationSignals(QObject* parent, const std::function<void()>& received) : QObject(parent)
+    {
+        if (::pipe2(g_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+        auto* notifier = new QSocketNotifier(g_pipe[0], QSocketNotifier::Read, this);
+        connect(notifier, &QSocketNotifier::activated, this, [received] {
+            char byte = 0;
+            if (::read(g_pipe[0], &byte, 1) == 1) received();
+        });
+        SetHandlers(OnSignal);
+    }
+
+    ~TerminationSignals() override
+    {
+        if (g_pipe[0] < 0) return;
+        SetHandlers(SIG_DFL);
+        for (int& end : g_pipe)
+            ::close(std::exchange(end, -1));
+    }
+};
 
 void WatchForTheEnd(QApplication& application, Mainform& form)
 {
@@ -25,9 +71,7 @@ void WatchForTheEnd(QApplication& application, Mainform& form)
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &form,
                      Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::SessionEnds); }),
                      Qt::DirectConnection);
-    auto* watched = new TerminationSignals(&form);
-    QObject::connect(watched, &TerminationSignals::Received, &form,
-                     Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::ProcessIsEnded); }));
+    new TerminationSignals(&form, Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::ProcessIsEnded); }));
 }
 } // namespace
 

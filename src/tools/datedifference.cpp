@@ -1,20 +1,58 @@
 #include "tools/datedifference.h"
 
 #include "calendar/calendarstate.h"
+#include "calendar/dateorder.h"
 #include "calendar/modshow.h"
 #include "hall/cells.h"
 #include "hall/menus.h"
 #include "plannerfile/refusals.h"
+#include "platform/controls/dialogcolumn.h"
+#include "platform/controls/maskedbox.h"
+#include "platform/controls/named.h"
+#include "platform/controls/okcancel.h"
 #include "platform/controls/toolbar.h"
+#include "platform/desktop/centeronscreen.h"
 #include "platform/look/colorvalue.h"
+#include "platform/look/paper.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
-#include "tools/datediffform.h"
+#include "settings/settings.h"
+#include "tools/datecount.h"
 
 #include <QApplication>
+#include <QButtonGroup>
+#include <QColorDialog>
+#include <QGroupBox>
 #include <QLabel>
+#include <QRadioButton>
 
 namespace {
 const QString ButtonKey = u"datediff"_s;
+
+// As the settings have it; by default the first day of the shown year. Not looked at.
+QString StoredStartDate()
+{
+    return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear));
+}
+
+// Days for what is no unit.
+DateUnit StoredDateUnit()
+{
+    const int method = Read(settings::DateDiffMethod);
+    return method == 1 || method == 2 ? static_cast<DateUnit>(method) : DateUnit::Day;
+}
+
+// Puts the colour below the label's text, and one that can be read upon it into the text.
+void PaintDateDiffLabel(QLabel& label, std::uint32_t color)
+{
+    constexpr int Middle = 128;
+    const QColor ground = ColorOfValue(color);
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::WindowText, qGray(ground.rgb()) < Middle ? paper::Paper : paper::Ink);
+    label.setPalette(palette);
+}
 
 QString CaptionOf(DateUnit unit, int difference)
 {
@@ -93,4 +131,98 @@ void DateDifference::Show(int cell, const QString& caption)
     place.moveBottomRight(m_cells.tbDay(cell).geometry().bottomRight());
     m_lblDateDiff.setGeometry(place);
     m_lblDateDiff.show();
+}
+
+DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner), m_opDateDiff(new QButtonGroup(this))
+{
+    setObjectName(u"DateDiffForm"_s);
+    setWindowTitle(u"Customize Date Difference"_s);
+    auto* column = DialogColumn(*this);
+    auto* frame = new QGroupBox(u"Date Difference Options"_s);
+    auto* rows = new QVBoxLayout(frame);
+    rows->setSpacing(16);
+    rows->addLayout(MakeStartDate());
+    rows->addWidget(MakeMethods());
+    rows->addLayout(MakeColor());
+    column->addWidget(frame);
+    column->addWidget(MakeOkCancel(*this));
+    ErrorTail{" in DateDiffForm, Form Load"_L1}([this] { ShowSettings(); });
+    CenterOnScreen(*this);
+    m_maskStartDate->setFocus();
+}
+
+QLayout* DateDiffForm::MakeStartDate()
+{
+    m_maskStartDate = Named(new MaskEdBox, "maskStartDate");
+    auto* label = new QLabel(u"&Start Date:"_s);
+    label->setBuddy(m_maskStartDate);
+    m_lblDateFormat = Named(new QLabel, "lblDateFormat");
+    auto* row = DialogRow(8, {label, m_maskStartDate, m_lblDateFormat});
+    row->setStretchFactor(m_maskStartDate, 1);
+    return row;
+}
+
+QWidget* DateDiffForm::MakeMethods()
+{
+    auto* frame = new QGroupBox(u"Calculation Method"_s);
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(16);
+    int unit = 0;
+    for (const QString& caption : {u"Day"_s, u"Week"_s, u"Month"_s}) {
+        auto* option = Named(new QRadioButton(caption), "opDateDiff", unit);
+        m_opDateDiff->addButton(option, unit++);
+        row->addWidget(option);
+    }
+    row->addStretch(1);
+    return frame;
+}
+
+QLayout* DateDiffForm::MakeColor()
+{
+    constexpr int CaptionPadding = 8; // beyond what the desktop's style leaves beside a caption
+    auto* button = Named(new QPushButton(u"Background Color"_s), "btnBGColor");
+    button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
+    connect(button, &QPushButton::clicked, this,
+            Guarded(" in DateDiffForm, btnBGColor_Click"_L1, [this] { btnBGColor_Click(); }));
+    m_lblDateDiff = Named(new QLabel(u"Day 365"_s), "lblDateDiff");
+    m_lblDateDiff->setAccessibleName(u"Sample"_s);
+    m_lblDateDiff->setAutoFillBackground(true);
+    m_lblDateDiff->setMargin(3);
+    return DialogRow(16, {button, m_lblDateDiff, nullptr});
+}
+
+void DateDiffForm::ShowSettings()
+{
+    const DateOrder& order = LocalDateOrder();
+    m_lblDateFormat->setText(order.label);
+    m_maskStartDate->SetMask(order.mask);
+    if (const auto start = DayOfText(StoredStartDate())) m_maskStartDate->SetText(order.BoxText(KeyOf(*start)));
+    m_opDateDiff->button(static_cast<int>(StoredDateUnit()))->setChecked(true);
+    m_color = ColorOf(Read(settings::DateDiffColor));
+    PaintDateDiffLabel(*m_lblDateDiff, m_color);
+}
+
+void DateDiffForm::btnBGColor_Click()
+{
+    const QColor chosen = QColorDialog::getColor(ColorOfValue(m_color), this, u"Color"_s);
+    if (!chosen.isValid()) return;
+    m_color = ValueOfColor(chosen);
+    PaintDateDiffLabel(*m_lblDateDiff, m_color);
+}
+
+void DateDiffForm::accept()
+{
+    const QString start = LocalDateOrder().EntryDate(m_maskStartDate->Text());
+    if (!fnValidateDate(start) || !DayOfText(start)) { // the second for digits that are missing
+        messages::Tell(u"Start Date is not a valid date"_s);
+        m_maskStartDate->setFocus();
+        return;
+    }
+    ErrorTail{" in DateDiffForm, btnOk_Click"_L1}([&] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        Write(settings::DateDiff, start);
+        Write(settings::DateDiffMethod, m_opDateDiff->checkedId());
+        Write(settings::DateDiffColor, ColorText(m_color));
+    });
+    QDialog::accept();
 }

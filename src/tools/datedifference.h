@@ -2,10 +2,13 @@
 // toolbar's button, and stored nowhere.
 #pragma once
 
+#include <QDialog>
+
 class Cells;
+class MaskEdBox;
 class Menus;
+class QButtonGroup;
 class QLabel;
-class QString;
 class Toolbar;
 
 class DateDifference
@@ -34,4 +37,27 @@ private:
     Toolbar& m_toolbar;
     Menus& m_menus;
     QLabel& m_lblDateDiff;
+};
+
+// The start date, the unit and the colour.
+class DateDiffForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit DateDiffForm(QWidget* owner = nullptr); // shows the settings
+    void accept() override;                          // writes them, unless the date is none
+
+private:
+    void btnBGColor_Click();
+    QLayout* MakeStartDate();
+    QWidget* MakeMethods();
+    QLayout* MakeColor();
+    void ShowSettings();
+
+    MaskEdBox* m_maskStartDate = nullptr;
+    QLabel* m_lblDateFormat = nullptr;
+    QButtonGroup* m_opDateDiff; // by DateUnit
+    QLabel* m_lblDateDiff = nullptr;
+    std::uint32_t m_color = 0;
 };

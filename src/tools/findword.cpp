@@ -118,15 +118,8 @@ void FindWordForm::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isEnter || !m_tbFindWord->hasFocus()) return QDialog::keyPressEvent(event);
-    Guarded(" in FindWordForm, tbFindWord_KeyPress"_L1, [this] { tbFindWord_KeyPress(); })();
-}
-
-void FindWordForm::tbFindWord_KeyPress()
-{
-    if (m_btnFindNext->isHidden())
-        btnFindWithin_Click();
-    else
-        btnFindNext_Click();
+    Guarded(" in FindWordForm, tbFindWord_KeyPress"_L1,
+            [this] { m_btnFindNext->isHidden() ? btnFindWithin_Click() : btnFindNext_Click(); })();
 }
 
 void FindWordForm::tbFindWord_Change()

@@ -38,7 +38,6 @@ private:
     void btnFindNext_Click();   // on to the next record that holds the word
     void btnFindWithin_Click(); // on through the note that was found, and then to the next record
     void tbFindWord_Change();
-    void tbFindWord_KeyPress();
 
     void MakeControls();
     QPushButton* MakeButton(const char* name, QLatin1StringView literal, void (FindWordForm::*click)());

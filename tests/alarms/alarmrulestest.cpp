@@ -1,6 +1,7 @@
 #include "alarms/alarmrules.h"
 
 #include "testmain.h"
+
 #include <QLocale>
 #include <QTest>
 #include <QTime>

@@ -4,7 +4,6 @@
 #include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
-#include "hall/sidebar.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/systemprinter.h"
@@ -92,14 +91,13 @@ class PrintingTest : public QObject
     {
         explicit Job(Program& program)
             : cells(*program.form->findChild<Cells*>()), bottom{&program.Bottom()},
-              printing({cells, bottom, view}, sidebar, lock, FontDialog, printer, library)
+              printing({cells, bottom, view}, lock, FontDialog, printer, library)
         {
         }
         QStringList calls;
         RecordingLibrary library{calls};
         RecordingLock lock{calls};
         FixedView view;
-        Sidebar sidebar;
         CommonDialog FontDialog{nullptr};
         SystemPrinter printer;
         Cells& cells;

@@ -5,8 +5,7 @@
 #include "plannerfile/recoveryform.h"
 #include "printing/spoolform.h"
 #include "program.h"
-#include "shell/exitform.h"
-#include "shell/startupform.h"
+#include "shell/splash.h"
 
 #include <QStyleFactory>
 #include <QTabBar>

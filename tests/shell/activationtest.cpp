@@ -238,7 +238,7 @@ private Q_SLOTS:
         QDBusConnection::sessionBus().interface()->unregisterService(DesktopCalls::Name());
         QCOMPARE(Owner(), QString());
         for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-            SetContent(m_settings, "");
+            QFile::remove(m_settings);
             Activate();
             const QString owner = Owner();
             QVERIFY(!owner.isEmpty() && owner != QDBusConnection::sessionBus().baseService());

@@ -1,10 +1,11 @@
+#include "tools/datedifference.h"
+
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/toolbar.h"
 #include "program.h"
 #include "settingsfile.h"
 #include "testmain.h"
 #include "tools/datecount.h"
-#include "tools/datediffform.h"
 
 #include <QColorDialog>
 #include <QLabel>

@@ -1,5 +1,7 @@
-#include "shell/startupform.h"
+#include "shell/splash.h"
 
+#include "platform/controls/named.h"
+#include "platform/controls/sspanel.h"
 #include "platform/look/paper.h"
 
 #include <QGuiApplication>
@@ -31,6 +33,11 @@ void PaintLeaf(QPainter& painter, const QRectF& leaf)
         painter.drawEllipse(at, 3.2, 3.2);
     }
 }
+
+void Center(QWidget& splash)
+{
+    splash.move(QGuiApplication::primaryScreen()->geometry().center() - splash.rect().center());
+}
 } // namespace
 
 StartUpForm::StartUpForm() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
@@ -38,8 +45,7 @@ StartUpForm::StartUpForm() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWi
     setObjectName(u"StartUpForm"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFixedSize(SplashSize * logicalDpiY() / UsualDpi); // grows with the text of the desktop
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    move(screen.center() - rect().center());
+    Center(*this);
 }
 
 void StartUpForm::SetPanel3D1(const QString& line)
@@ -73,4 +79,20 @@ void StartUpForm::paintEvent(QPaintEvent*)
     painter.setPen(paper::SoftInk);
     painter.drawText(QRect(186, 104, 220, 24), Qt::AlignLeft | Qt::AlignVCenter, m_panel3D1);
     painter.drawText(QRect(186, 140, 220, 24), Qt::AlignLeft | Qt::AlignVCenter, m_label1);
+}
+
+ExitForm::ExitForm() : QWidget(nullptr, Qt::SplashScreen)
+{
+    setObjectName(u"ExitForm"_s);
+    setWindowTitle(u"Orrelin"_s);
+    auto* message = Named(new SSPanel(this), "SSPanel2");
+    message->SetPaper(paper::Band);
+    message->SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
+    message->SetCaptionAlignment(SSPanel::CenterMiddle);
+    message->SetCaption(u"Please wait while Orrelin Shuts Down"_s);
+    constexpr int Least = 360, Margins = 96;
+    const QFontMetrics metrics(message->CaptionFont());
+    setFixedSize(qMax(Least, metrics.horizontalAdvance(message->Caption()) + Margins), metrics.height() + Margins);
+    message->setGeometry(rect());
+    Center(*this);
 }

@@ -1,8 +1,9 @@
-// The splash window: program, version and what is being done.
+// The notices that stand on the screen while the program starts and ends.
 #pragma once
 
 #include <QWidget>
 
+// Program, version and what is being done.
 class StartUpForm : public QWidget
 {
     Q_OBJECT
@@ -19,4 +20,13 @@ protected:
 private:
     QString m_panel3D1;
     QString m_label1;
+};
+
+// Shown while the program saves and ends.
+class ExitForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ExitForm();
 };
