@@ -24,7 +24,6 @@ struct ToolbarRow
 {
     const char* key; // empty: a separator
     const char* tip;
-    bool isPlaceholder = false; // of a combo that is laid over it
 };
 
 constexpr ToolbarRow ToolbarRows[] = {
@@ -43,9 +42,6 @@ constexpr ToolbarRow ToolbarRows[] = {
     {"", ""},
     {"datediff", "Date Difference"},
     {"", ""},
-    {"cmbColor", "Font Color", true},
-    {"cmbFontSize", "Font Size", true},
-    {"cmbFontName", "Fonts", true},
 };
 
 QString Icon(const char* name)
@@ -62,8 +58,6 @@ Toolbar* MakeToolbar(QWidget* client)
         const QString key = QString::fromLatin1(row.key);
         if (key.isEmpty()) {
             bar->AddSeparator();
-        } else if (row.isPlaceholder) {
-            bar->AddPlaceholder(key);
         } else {
             bar->AddButton(key, QString::fromLatin1(row.tip), Icon(row.key));
             bar->Buttons(key).setEnabled(false); // until it is wired to its command
@@ -72,31 +66,27 @@ Toolbar* MakeToolbar(QWidget* client)
     return bar;
 }
 
-ORLCombo* MakeCombo(Toolbar* bar, const char* name, const char* key)
+ORLCombo* AddCombo(Toolbar* bar, const char* name, const QString& tip)
 {
-    auto* combo = new ORLCombo(bar);
+    auto* combo = Named(new ORLCombo(bar), name);
     combo->hide();
     combo->setPalette(paper::OnPaper(combo->palette()));
-    combo->setObjectName(QString::fromLatin1(name));
-    for (const ToolbarRow& row : ToolbarRows) {
-        if (QLatin1StringView(row.key) != QLatin1StringView(key)) continue;
-        combo->setToolTip(QString::fromLatin1(row.tip));
-        combo->setAccessibleName(QString::fromLatin1(row.tip));
-    }
-    bar->Lay(QString::fromLatin1(key), combo);
+    combo->setToolTip(tip);
+    combo->setAccessibleName(tip);
+    bar->AddControl(combo);
     return combo;
 }
 
 FormatBar MakeFormatBar(QWidget* client)
 {
     Toolbar* bar = MakeToolbar(client);
-    return {bar, MakeCombo(bar, "orlcmbFontcolor", "cmbColor"), MakeCombo(bar, "orlcmbFontsize", "cmbFontSize"),
-            MakeCombo(bar, "orlcmbFontname", "cmbFontName")};
+    return {bar, AddCombo(bar, "orlcmbFontcolor", u"Font Color"_s), AddCombo(bar, "orlcmbFontsize", u"Font Size"_s),
+            AddCombo(bar, "orlcmbFontname", u"Fonts"_s)};
 }
 
 PictureButton* MakePictureButton(const char* name, const char* raised, const char* pressed, QWidget* parent)
 {
-    return Named(new PictureButton(Icon(raised), Icon(pressed), parent), name);
+    return Named(new PictureButton({Icon(raised), Icon(pressed)}, 1, parent), name);
 }
 
 BottomPanel MakeBottomPanel(QWidget* client)
@@ -147,7 +137,7 @@ constexpr PictureRow LockPicture = {"picLock", {"Network Lock", "Network Unlock"
 PictureButton* MakePicture(const PictureRow& row, QWidget* page)
 {
     PictureButton* button = MakePictureButton(row.name, row.icons[0], row.icons[1], page);
-    button->SetCaption(QString::fromLatin1(row.caption));
+    button->setText(QString::fromLatin1(row.caption));
     button->setEnabled(false); // until it is wired to its command
     for (int element = 0; element < 2; ++element)
         button->SetToolTip(element, QString::fromLatin1(row.tips[element]));
@@ -208,10 +198,8 @@ NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
     network.tmAutoRefresh->setObjectName(u"tmAutoRefresh"_s);
     network.lblNetwork->setAlignment(Qt::AlignCenter);
     InkText(network.lblNetwork);
-    for (PictureButton* button : {network.picRefresh, network.picLock}) {
-        button->SetVisible(0, false);
-        button->SetVisible(1, false);
-    }
+    for (PictureButton* button : {network.picRefresh, network.picLock})
+        button->ShowElement(PictureButton::NoElement);
     return network;
 }
 
