@@ -133,11 +133,8 @@ QToolButton* Cells::MakeAlarmMark(int index)
     // It begins 5 below the panel's edge: as high as this it ends where the note begins.
     constexpr QSize MarkSize(17, paper::CaptionBand - 5);
     constexpr QSize PictureSize(15, 15);
-    auto* mark = new ToolbarButton(MarkSize, PictureSize, m_client);
+    auto* mark = new ToolbarButton(MarkSize, PictureSize, u":/icons/alarm.svg"_s, u"Alarm"_s, m_client);
     mark->hide();
-    mark->SetPicture(u":/icons/alarm.svg"_s);
-    mark->setToolTip(u"Alarm"_s);
-    mark->setAccessibleName(u"Alarm"_s);
     if (tbDay.Exists(index)) QWidget::setTabOrder(&tbDay(index), mark);
     // Queued, since what follows from the click may unload the mark.
     connect(

@@ -7,7 +7,7 @@ class Toolbar;
 struct FormatBar
 {
     Toolbar* tbTop = nullptr;
-    ORLCombo* orlcmbFontcolor = nullptr; // children of tbTop, over its placeholders
+    ORLCombo* orlcmbFontcolor = nullptr; // children of tbTop
     ORLCombo* orlcmbFontsize = nullptr;
     ORLCombo* orlcmbFontname = nullptr;
 };

@@ -24,7 +24,7 @@ struct ToolbarRow
 {
     QLatin1StringView key; // empty: a separator
     QLatin1StringView tip;
-    const char* comboName = nullptr; // of one that is laid over a placeholder
+    const char* comboName = nullptr;
     ORLCombo* FormatBar::*combo = nullptr;
 };
 
@@ -56,13 +56,12 @@ QString Icon(QLatin1StringView name)
 
 ORLCombo* AddCombo(Toolbar& bar, const ToolbarRow& row)
 {
-    bar.AddPlaceholder(row.key);
     auto* combo = Named(new ORLCombo(&bar), row.comboName);
     combo->hide();
     combo->setPalette(paper::OnPaper(combo->palette()));
     combo->setToolTip(row.tip);
     combo->setAccessibleName(row.tip);
-    bar.Lay(row.key, combo);
+    bar.AddControl(combo);
     return combo;
 }
 
@@ -85,7 +84,7 @@ FormatBar MakeFormatBar(QWidget* client)
 
 PictureButton* MakeSpin(const char* name, QLatin1StringView icon, QWidget* panel)
 {
-    auto* spin = Named(new PictureButton(Icon(icon), Icon(icon), panel), name);
+    auto* spin = Named(new PictureButton({Icon(icon), Icon(icon)}, 1, panel), name);
     spin->resize(40, 36);
     spin->SetFramed(true);
     return spin;
@@ -131,8 +130,8 @@ constexpr PictureRow LockPicture = {"picLock", ""_L1, "Network Lock"_L1, "lock"_
 
 PictureButton* MakePicture(const PictureRow& row, QWidget* page)
 {
-    auto* button = Named(new PictureButton(Icon(row.icon), Icon(row.pressedIcon), page), row.name);
-    button->SetCaption(row.caption);
+    auto* button = Named(new PictureButton({Icon(row.icon), Icon(row.pressedIcon)}, 1, page), row.name);
+    button->setText(row.caption);
     button->SetToolTip(0, row.tip);
     button->SetToolTip(1, row.pressedTip);
     return button;
@@ -181,10 +180,8 @@ NetworkControls MakeNetworkControls(QWidget* client, QWidget* page)
                                Named(new Timer(OneSecond, client), "tmUnLock"),
                                Named(new Timer(OneSecond, client), "tmAutoRefresh")};
     network.lblNetwork->setAlignment(Qt::AlignCenter);
-    for (PictureButton* button : {network.picRefresh, network.picLock}) {
-        button->SetVisible(0, false);
-        button->SetVisible(1, false);
-    }
+    for (PictureButton* button : {network.picRefresh, network.picLock})
+        button->ShowElement(PictureButton::NoElement);
     return network;
 }
 

@@ -17,10 +17,8 @@ void NetworkMode::subSetNetworkMode(bool bOn)
     m_heldDay.Close();
     m_menus("mnuNetworkOptions"_L1).SetEnabled(bOn);
     if (!bOn) m_controls.tmUnLock->SetEnabled(false);
-    m_controls.picRefresh->SetVisible(0, bOn);
-    m_controls.picRefresh->SetVisible(1, false);
-    m_controls.picLock->SetVisible(0, bOn);
-    m_controls.picLock->SetVisible(1, false);
+    for (PictureButton* picture : {m_controls.picRefresh, m_controls.picLock})
+        picture->ShowElement(bOn ? 0 : PictureButton::NoElement);
     SetVisible(*m_controls.lblNetwork, bOn);
     m_menus("mnuRefresh"_L1).SetEnabled(bOn);
     m_menus("mnuLockDay"_L1).SetEnabled(bOn);

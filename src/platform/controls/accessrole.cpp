@@ -1,8 +1,9 @@
 #include "platform/controls/accessrole.h"
 
+#include "platform/controls/postkey.h"
+
+#include <QAbstractButton>
 #include <QAccessibleWidget>
-#include <QCoreApplication>
-#include <QKeyEvent>
 #include <QVariant>
 
 namespace {
@@ -14,6 +15,16 @@ class RoleAccess : public QAccessibleWidget
 public:
     using QAccessibleWidget::QAccessibleWidget;
 
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        if (const auto* button = qobject_cast<QAbstractButton*>(widget())) {
+            state.pressed = button->isDown();
+            // Only of those that stay in: the others would be read as switches.
+            state.checkable = state.checked = button->isChecked() && !button->isDown();
+        }
+        return state;
+    }
     QStringList actionNames() const override
     {
         return QAccessibleWidget::actionNames() +
@@ -22,10 +33,7 @@ public:
     void doAction(const QString& name) override
     {
         if (name != pressAction()) return QAccessibleWidget::doAction(name);
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent key(type, Qt::Key_Space, Qt::NoModifier);
-            QCoreApplication::sendEvent(widget(), &key);
-        }
+        PostKey(*widget(), Qt::Key_Space, Qt::NoModifier);
     }
 };
 

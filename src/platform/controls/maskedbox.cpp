@@ -1,14 +1,9 @@
 #include "platform/controls/maskedbox.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
-
-#include <memory>
 
 namespace {
 constexpr QChar Missing = u'_';
@@ -36,23 +31,19 @@ bool IsTyping(const QKeyEvent& event)
 // The numbers of a pasted text, their digits plain ones; none if it holds anything else.
 QStringList NumbersOf(const QString& text)
 {
-    QStringList numbers(QString{});
+    QString plain;
     for (const QChar character : text.trimmed()) {
-        if (IsSeparator(character)) {
-            numbers.append(QString());
-        } else if (const int digit = DigitOf(character); digit >= 0) {
-            numbers.last() += QString::number(digit);
-        } else if (character != Missing) {
-            return {};
-        }
+        const int digit = DigitOf(character);
+        if (digit < 0 && !IsSeparator(character) && character != Missing) return {};
+        if (character != Missing) plain += digit < 0 ? u"/"_s : QString::number(digit);
     }
-    return numbers;
+    return plain.split(u'/');
 }
 
 // A day or month of one digit as a mask of two has it. A year is left as it was written.
 QString Padded(const QString& number, qsizetype length)
 {
-    return length == 2 && number.size() == 1 ? u'0' + number : number;
+    return (length == 2 && number.size() == 1 ? u'0' + number : number).leftJustified(length, Missing);
 }
 } // namespace
 
@@ -63,8 +54,12 @@ MaskEdBox::MaskEdBox(QWidget* parent) : QLineEdit(parent)
 
 void MaskEdBox::SetMask(const QString& mask)
 {
+    static const QRegularExpression digits(u"#+"_s);
     m_mask = mask;
     m_typedTo = -1;
+    m_groups.clear();
+    for (const QRegularExpressionMatch& match : digits.globalMatch(mask))
+        m_groups.append({match.capturedStart(), match.capturedEnd()});
     QString inputMask;
     for (const QChar character : mask)
         inputMask += character == u'#' ? u"0"_s : u"\\"_s + character;
@@ -76,57 +71,33 @@ bool MaskEdBox::IsComplete() const
     return !Text().contains(Missing);
 }
 
-QString MaskEdBox::Text() const
-{
-    return displayText();
-}
-
 void MaskEdBox::SetText(const QString& text)
 {
     if (m_mask.isEmpty()) return setText(text);
-    setText(QString());
+    setText({});
     setCursorPosition(0);
-    Paste(text);
+    Take(text);
     setText(Text()); // nothing to undo
-}
-
-bool MaskEdBox::IsDigitPlace(int place) const
-{
-    return place < m_mask.size() && m_mask[place] == u'#';
-}
-
-QList<MaskEdBox::Group> MaskEdBox::Groups() const
-{
-    QList<Group> groups;
-    for (int place = 0; place < m_mask.size(); ++place) {
-        if (!IsDigitPlace(place)) continue;
-        if (groups.isEmpty() || groups.last().end != place) groups.append({place, place});
-        ++groups.last().end;
-    }
-    return groups;
 }
 
 int MaskEdBox::GroupAt(int place) const
 {
-    const QList<Group> groups = Groups();
     int number = 0;
-    while (number + 1 < groups.size() && place > groups[number].end)
+    while (number + 1 < m_groups.size() && place > m_groups[number].end)
         ++number;
     return number;
 }
 
-int MaskEdBox::FirstMissing() const
+int MaskEdBox::DigitPlaceFrom(int place) const
 {
-    const QString text = Text();
-    for (int place = int(text.size()); place > 0; --place) {
-        if (IsDigitPlace(place - 1) && text[place - 1] != Missing) return place;
-    }
-    return 0;
+    while (place < m_mask.size() && m_mask[place] != u'#')
+        ++place;
+    return place;
 }
 
-void MaskEdBox::Replace(int start, int end, const QString& text)
+void MaskEdBox::Replace(const Group& part, const QString& text)
 {
-    setSelection(start, end - start);
+    setSelection(int(part.start), int(part.end - part.start));
     insert(text);
 }
 
@@ -147,53 +118,43 @@ void MaskEdBox::Type(const QString& text)
 void MaskEdBox::MoveOn()
 {
     const int caret = hasSelectedText() ? selectionStart() : cursorPosition();
-    const QList<Group> groups = Groups();
     const int number = GroupAt(caret);
-    const Group group = groups[number];
+    const Group group = m_groups[number];
     const bool typedHere = std::exchange(m_typedTo, -1) == caret;
     if (typedHere && (caret == group.start || caret == group.end)) return;
     const QString typed = Text().mid(group.start, (typedHere ? caret : group.end) - group.start).remove(Missing);
-    if (typed.size() == 1) Replace(group.start, group.end, Padded(typed, group.end - group.start));
+    if (typed.size() == 1) Replace(group, Padded(typed, group.end - group.start));
     deselect();
-    if (number + 1 < groups.size()) setCursorPosition(groups[number + 1].start);
+    if (number + 1 < m_groups.size()) setCursorPosition(int(m_groups[number + 1].start));
 }
 
 // A whole date goes in from the start, wherever the caret is; a part of one goes where the caret is.
-void MaskEdBox::Paste(const QString& text)
+void MaskEdBox::Take(const QString& text)
 {
-    QStringList numbers = NumbersOf(text);
-    QList<Group> groups = Groups();
+    const QStringList numbers = NumbersOf(text);
+    if (numbers.size() > 1) return Put(numbers.size() < m_groups.size() ? GroupAt(cursorPosition()) : 0, numbers);
     if (numbers.isEmpty()) return;
-    const bool isWhole = numbers.size() == 1 && numbers[0].size() == m_mask.count(u'#');
-    if (numbers.size() == 1 && !isWhole) return Type(numbers[0]);
-    if (isWhole) numbers = Split(numbers[0]);
-    if (numbers.size() < groups.size()) groups.remove(0, GroupAt(cursorPosition()));
-    Put(groups, numbers);
+    if (numbers[0].size() == m_mask.count(u'#')) return Replace({0, m_mask.size()}, numbers[0]);
+    Type(numbers[0]);
 }
 
-// The digits of a whole date, group by group.
-QStringList MaskEdBox::Split(const QString& digits) const
+// All of the numbers, or none where they do not fit into the groups from this one on.
+void MaskEdBox::Put(int group, const QStringList& numbers)
 {
-    QStringList numbers;
-    int taken = 0;
-    for (const Group& group : Groups()) {
-        numbers.append(digits.mid(taken, group.end - group.start));
-        taken += group.end - group.start;
-    }
-    return numbers;
-}
-
-void MaskEdBox::Put(const QList<Group>& groups, const QStringList& numbers)
-{
-    if (numbers.size() > groups.size()) return;
+    const qsizetype last = group + numbers.size() - 1;
+    if (last >= m_groups.size()) return;
     QString text;
     for (qsizetype i = 0; i < numbers.size(); ++i) {
-        const qsizetype length = groups[i].end - groups[i].start;
-        if (numbers[i].size() > length) return;
-        if (i > 0) text += m_mask.mid(groups[i - 1].end, groups[i].start - groups[i - 1].end);
-        text += Padded(numbers[i], length).leftJustified(length, Missing);
+        const auto& [start, end] = m_groups[group + i];
+        if (numbers[i].size() > end - start) return;
+        text += Padded(numbers[i], end - start) + m_mask.mid(end, DigitPlaceFrom(int(end)) - end);
     }
-    Replace(groups[0].start, groups[numbers.size() - 1].end, text);
+    Replace({m_groups[group].start, m_groups[last].end}, text);
+}
+
+void MaskEdBox::paste()
+{
+    m_mask.isEmpty() ? QLineEdit::paste() : Take(QGuiApplication::clipboard()->text());
 }
 
 bool MaskEdBox::event(QEvent* event)
@@ -208,86 +169,56 @@ bool MaskEdBox::event(QEvent* event)
 
 void MaskEdBox::keyPressEvent(QKeyEvent* event)
 {
-    if (!m_mask.isEmpty() && !isReadOnly() && Edit(*event)) return event->accept();
+    if (IsMasked()) {
+        if (event->matches(QKeySequence::Paste)) return paste();
+        if (event->matches(QKeySequence::Delete) && !hasSelectedText()) return DeleteForward();
+        if (IsTyping(*event)) return Type(event->text());
+    }
     QLineEdit::keyPressEvent(event);
     if (event->matches(QKeySequence::MoveToEndOfLine)) KeepCaretNear();
 }
 
-bool MaskEdBox::Edit(const QKeyEvent& event)
-{
-    if (event.matches(QKeySequence::Paste)) {
-        Paste(QGuiApplication::clipboard()->text());
-        return true;
-    }
-    if (event.matches(QKeySequence::Delete)) return DeleteForward();
-    if (!IsTyping(event)) return false;
-    Type(event.text());
-    return true;
-}
-
 // Goes on behind what it took, so that the key held down empties the rest.
-bool MaskEdBox::DeleteForward()
+void MaskEdBox::DeleteForward()
 {
-    if (hasSelectedText()) return false;
-    int place = cursorPosition();
-    while (place < m_mask.size() && !IsDigitPlace(place))
-        ++place;
-    if (place == m_mask.size()) return true;
+    const int place = DigitPlaceFrom(cursorPosition());
+    if (place == m_mask.size()) return;
     setCursorPosition(place);
     del();
     setCursorPosition(place + 1);
-    return true;
 }
 
 // Behind the last digit there is nothing to be typed to: a press or the End key leads to the first that is missing.
 void MaskEdBox::KeepCaretNear()
 {
     if (m_mask.isEmpty() || hasSelectedText()) return;
-    int near = FirstMissing();
-    while (near < m_mask.size() && !IsDigitPlace(near))
-        ++near;
+    static const QRegularExpression digit(u"\\d"_s);
+    const int near = DigitPlaceFrom(int(Text().lastIndexOf(digit)) + 1);
     if (cursorPosition() > near) setCursorPosition(near);
 }
 
 void MaskEdBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    const QString committed = event->commitString();
-    if (m_mask.isEmpty() || committed.isEmpty()) return QLineEdit::inputMethodEvent(event);
+    if (!IsMasked() || event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
     QInputMethodEvent composing(event->preeditString(), event->attributes());
     QLineEdit::inputMethodEvent(&composing);
-    Type(committed);
-    event->accept();
+    Type(event->commitString());
 }
 
 void MaskEdBox::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!m_mask.isEmpty() && !isReadOnly() && event->button() == Qt::MiddleButton) {
-        const QClipboard& clipboard = *QGuiApplication::clipboard();
-        if (clipboard.supportsSelection()) Paste(clipboard.text(QClipboard::Selection));
-        return;
-    }
+    if (IsMasked() && event->button() == Qt::MiddleButton)
+        return Take(QGuiApplication::clipboard()->text(QClipboard::Selection));
     QLineEdit::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton) KeepCaretNear();
 }
 
-void MaskEdBox::contextMenuEvent(QContextMenuEvent* event)
-{
-    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-    for (QAction* action : menu->actions()) {
-        if (m_mask.isEmpty() || !action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
-        action->disconnect(SIGNAL(triggered(bool)));
-        connect(action, &QAction::triggered, this, [this] { Paste(QGuiApplication::clipboard()->text()); });
-    }
-    menu->exec(event->globalPos());
-}
-
 void MaskEdBox::dropEvent(QDropEvent* event)
 {
-    if (m_mask.isEmpty()) return QLineEdit::dropEvent(event);
+    if (!IsMasked()) return QLineEdit::dropEvent(event);
     QDragLeaveEvent left; // the caret that followed the mouse goes
     QLineEdit::dragLeaveEvent(&left);
-    if (isReadOnly()) return;
     event->setDropAction(Qt::CopyAction); // what is not taken must not be taken away where it came from
     event->accept();
-    Paste(event->mimeData()->text());
+    Take(event->mimeData()->text());
 }

@@ -22,13 +22,13 @@ public:
     QString Text() const; // what the box shows
     int ListCount() const;
     QString List(int index) const;
-    int ListIndex() const;        // -1 for none
-    void SetListIndex(int index); // by the program: raises no event
+    int ListIndex() const { return currentIndex(); } // -1 for none
+    void SetListIndex(int index);                    // by the program: raises no event
     // By the program: shows a text that the list does not hold, until the next choice or SetListIndex. ListIndex stays.
     void ShowText(const QString& text);
 
-    QSize sizeHint() const override;        // room for the usual entry
-    QSize minimumSizeHint() const override; // in a narrow bar; longer texts are cut off
+    QSize sizeHint() const override { return SizeFor(m_usual); }        // room for the usual entry
+    QSize minimumSizeHint() const override { return SizeFor(m_least); } // in a narrow bar; longer texts are cut off
     void showPopup() override;
 
 Q_SIGNALS:
@@ -37,27 +37,20 @@ Q_SIGNALS:
     void Click(); // the user pressed the box; comes once before each Change, and before the list opens
 
 protected:
+    void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Reserve(int usual, int least);
+    QSize SizeFor(int digits) const;
     void Fetch() const; // reads a list that was put off
     void Choose();
-    void DressList();
-    QSize SizeFor(int digits) const;
 
-    struct Room // for an entry, the widths as so many digits
-    {
-        int Usual = 0;
-        int Least = 0;
-        bool Swatch = false;
-    };
-    void Reserve(Room room);
-
-    QAbstractItemDelegate* m_rows = nullptr;
-    Room m_room;
+    int m_usual = 0; // the width of an entry in digits
+    int m_least = 0;
     QString m_unlisted; // shown in place of the entry, if not empty
+    bool m_isPutOff = false;
     bool m_canBeEmpty = false;
     bool m_clicked = false; // whether Click was raised for the choice that is being made
 };

@@ -79,115 +79,26 @@ SSPanel::SSPanel(QWidget* parent) : QWidget(parent), m_paper(paper::Paper)
 void SSPanel::SetCaption(const QString& caption)
 {
     if (caption == m_caption) return;
-    m_caption = caption;
+    Set(m_caption, caption);
     setAccessibleName(caption.trimmed());
-    Rearrange();
 }
 
 void SSPanel::SetCaptionAlignment(int alignment)
 {
-    if (alignment < LeftTop || alignment > CenterBottom) alignment = LeftTop;
-    if (alignment == m_alignment) return;
-    m_alignment = alignment;
-    Rearrange();
-}
-
-void SSPanel::SetSides(int pixels)
-{
-    if (pixels == m_sides) return;
-    m_sides = pixels;
-    Rearrange();
+    Set(m_alignment, alignment < LeftTop || alignment > CenterBottom ? int(LeftTop) : alignment);
 }
 
 void SSPanel::SetFont3D(int effect)
 {
-    if (effect < 0 || effect >= int(Reliefs.size())) effect = 0;
-    if (effect == m_font3D) return;
-    m_font3D = effect;
-    update();
-}
-
-void SSPanel::SetCaptionFont(const QFont& font)
-{
-    if (font == m_font) return;
-    m_font = font;
-    Rearrange();
-}
-
-void SSPanel::SetForeColor(std::uint32_t color)
-{
-    if (color == m_foreColor) return;
-    m_foreColor = color;
-    update();
-}
-
-void SSPanel::SetPaper(const QColor& paper)
-{
-    if (paper == m_paper) return;
-    m_paper = paper;
-    update();
-}
-
-void SSPanel::SetEdges(Qt::Edges edges)
-{
-    if (edges == m_edges) return;
-    m_edges = edges;
-    update();
-}
-
-void SSPanel::SetFrame(const QColor& frame)
-{
-    if (frame == m_frame) return;
-    m_frame = frame;
-    update();
-}
-
-void SSPanel::SetActive(bool active)
-{
-    if (active == m_active) return;
-    m_active = active;
-    update();
-}
-
-void SSPanel::SetHeld(bool held)
-{
-    if (held == m_held) return;
-    m_held = held;
-    update();
-}
-
-void SSPanel::Rearrange()
-{
-    m_arranged = false;
-    update();
-}
-
-void SSPanel::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    m_arranged = false;
-}
-
-// Where the caption stands, worked out once for many paintings.
-void SSPanel::Arrange()
-{
-    const QFontMetrics metrics(m_font, this);
-    m_shown = Shortened(m_caption.trimmed(), width() - 2 * (paper::Margin + m_sides), metrics);
-    const int textWidth = metrics.horizontalAdvance(m_shown);
-    m_origin = {std::max(FrameWidth, Start(m_alignment / 3, width(), textWidth)),
-                Baseline(m_alignment % 3, height(), metrics)};
-    m_captionArea = QRect(m_origin.x(), m_origin.y() - metrics.ascent(), textWidth, metrics.height())
-                        .adjusted(-metrics.height(), -FrameWidth, metrics.height(), FrameWidth);
-    m_arranged = true;
+    Set(m_font3D, effect < 0 || effect >= int(Reliefs.size()) ? 0 : effect);
 }
 
 void SSPanel::paintEvent(QPaintEvent* event)
 {
-    if (!m_arranged) Arrange();
     QPainter painter(this);
     painter.fillRect(event->rect(), m_paper);
     PaintLines(painter);
-    if (!m_shown.isEmpty() && event->rect().intersects(m_captionArea)) PaintCaption(painter);
+    if (!m_caption.isEmpty()) PaintCaption(painter);
 }
 
 void SSPanel::PaintLines(QPainter& painter) const
@@ -212,15 +123,19 @@ void SSPanel::PaintCaption(QPainter& painter) const
 {
     painter.setFont(m_font);
     painter.setClipRect(rect().adjusted(FrameWidth, 0, -FrameWidth, 0));
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString shown = Shortened(m_caption.trimmed(), width() - 2 * (paper::Margin + m_sides), metrics);
+    const int start = Start(m_alignment / 3, width(), metrics.horizontalAdvance(shown));
+    const QPointF origin(std::max(FrameWidth, start), Baseline(m_alignment % 3, height(), metrics));
     const auto draw = [&](const QColor& color, qreal offset) {
         painter.setPen(color);
-        painter.drawText(QPointF(m_origin) + QPointF(offset, offset), m_shown);
+        painter.drawText(origin + QPointF(offset, offset), shown);
     };
     const Relief relief = Reliefs[std::size_t(m_font3D)];
     const QColor ink = ColorOfValue(m_foreColor);
     // The paler the ink, the paler what it throws: beside grey text a black shadow would be a second text.
     const int contrast = std::max(0, qGray(m_paper.rgb()) - qGray(ink.rgb()));
-    const int depth = std::min(relief.depth, painter.fontMetrics().capHeight() / CapitalPerDepth);
+    const int depth = std::min(relief.depth, metrics.capHeight() / CapitalPerDepth);
     for (int step = qRound(depth * devicePixelRatioF()); step > 0; --step) {
         const qreal distance = step / devicePixelRatioF();
         const qreal strength = contrast / 255.0 / std::max(distance, 1.0);

@@ -35,29 +35,30 @@ public:
     int CaptionAlignment() const { return m_alignment; } // one of Alignment; others read as LeftTop
     void SetCaptionAlignment(int alignment);
 
-    void SetSides(int pixels); // at both ends, for what lies over them: the caption keeps clear of them
+    void SetSides(int pixels) { Set(m_sides, pixels); } // at both ends, for what lies over them; no caption there
 
-    int Font3D() const { return m_font3D; } // 0 flat, 1 and 2 raised light and heavy, 3 and 4 inset light and heavy
+    // 0 flat, 1 and 2 raised light and heavy, 3 and 4 inset light and heavy; others read as flat.
+    int Font3D() const { return m_font3D; }
     void SetFont3D(int effect);
 
     // The caption's font, as a whole.
     QFont CaptionFont() const { return m_font; }
-    void SetCaptionFont(const QFont& font);
+    void SetCaptionFont(const QFont& font) { Set(m_font, font); }
 
     std::uint32_t ForeColor() const { return m_foreColor; } // blue, green, red from high to low
-    void SetForeColor(std::uint32_t color);
+    void SetForeColor(std::uint32_t color) { Set(m_foreColor, color); }
 
     // Paper and hairlines. Edges are the sides on which a hairline is drawn.
-    void SetPaper(const QColor& paper);
     QColor Paper() const { return m_paper; }
-    void SetEdges(Qt::Edges edges);
+    void SetPaper(const QColor& paper) { Set(m_paper, paper); }
+    void SetEdges(Qt::Edges edges) { Set(m_edges, edges); }
     // A thin frame inside the panel: today, the cell with the caret. An invalid colour takes it away.
-    void SetFrame(const QColor& frame);
     QColor Frame() const { return m_frame; }
-    void SetActive(bool active); // the accent's frame, in front of the other one
-    bool IsActive() const { return m_active; }
-    void SetHeld(bool held); // a broader frame of its own colour, in front of both
-    bool IsHeld() const { return m_held; }
+    void SetFrame(const QColor& frame) { Set(m_frame, frame); }
+    bool IsActive() const { return m_active; } // the accent's frame, in front of the other one
+    void SetActive(bool active) { Set(m_active, active); }
+    bool IsHeld() const { return m_held; } // a broader frame of its own colour, in front of both
+    void SetHeld(bool held) { Set(m_held, held); }
 
 Q_SIGNALS:
     void Click();
@@ -65,14 +66,19 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    void Rearrange();
-    void Arrange();
+    // Many properties are set anew to what they are: that paints nothing.
+    template <typename Value>
+    void Set(Value& property, const Value& value)
+    {
+        if (property == value) return;
+        property = value;
+        update();
+    }
     void PaintLines(QPainter& painter) const;
     void PaintCaption(QPainter& painter) const;
 
@@ -88,9 +94,4 @@ private:
     bool m_held = false;
     Qt::Edges m_edges;
     bool m_pressed = false;
-
-    bool m_arranged = false; // whether these three hold for the present caption, font and size
-    QString m_shown;
-    QPoint m_origin;
-    QRect m_captionArea;
 };

@@ -1,13 +1,17 @@
 #include "platform/controls/toolbar.h"
 
+#include "platform/controls/resources.h"
 #include "platform/look/paper.h"
+#include "platform/look/paperstyle.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QApplication>
 #include <QBoxLayout>
-#include <QIcon>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionToolButton>
+
+#include <ranges>
 
 namespace {
 constexpr int ElementNotFound = 35601;
@@ -16,8 +20,7 @@ constexpr QSize PictureSize{20, 20};
 constexpr QMargins Margins{8, 5, 8, 5};
 constexpr int Spacing = 2;
 constexpr int SeparatorGap = 5; // on each side of its line
-constexpr int PlaceholderGap = 4;
-constexpr qreal Radius = 4;
+constexpr int ControlGap = 4;
 
 class Separator : public QWidget
 {
@@ -30,30 +33,27 @@ protected:
         QPainter(this).fillRect(SeparatorGap, 2, 1, height() - 4, paper::Hairline);
     }
 };
-
-QBoxLayout* Row(const QWidget& bar)
-{
-    return static_cast<QBoxLayout*>(bar.layout());
-}
 } // namespace
 
-ToolbarButton::ToolbarButton(QWidget* parent) : ToolbarButton(ButtonSize, PictureSize, parent) {}
-
-ToolbarButton::ToolbarButton(const QSize& size, const QSize& picture, QWidget* parent) : PressedByReturn(parent)
+ToolbarButton::ToolbarButton(const QSize& size, const QSize& picture, const QString& icon, const QString& tip,
+                             QWidget* parent)
+    : PressedByReturn(parent)
 {
+    setStyle(&PaperStyle::Shared());
+    setFixedSize(size);
     setIconSize(picture);
+    setIcon(PictureIcon(icon));
+    setToolTip(tip);
+    setAccessibleName(tip);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setFixedSize(size);
 }
 
 void ToolbarButton::SetValue(int value)
 {
-    m_value = value != 0 ? 1 : 0;
     // Screen readers tell of the value, but only of buttons that ever had one.
-    if (m_value == 1) setCheckable(true);
-    setChecked(m_value == 1);
-    update();
+    if (value != 0) setCheckable(true);
+    setChecked(value != 0);
 }
 
 void ToolbarButton::SetMixedState(bool mixed)
@@ -62,104 +62,57 @@ void ToolbarButton::SetMixedState(bool mixed)
     update();
 }
 
-const QPixmap& ToolbarButton::Picture()
+void ToolbarButton::initStyleOption(QStyleOptionToolButton* option) const
 {
-    if (m_picture.isNull() || m_picture.devicePixelRatio() != devicePixelRatioF()) {
-        m_picture = QIcon(m_file).pixmap(iconSize(), devicePixelRatioF());
-    }
-    return m_picture;
+    PressedByReturn::initStyleOption(option);
+    option->state.setFlag(QStyle::State_NoChange, m_mixed);
 }
 
-void ToolbarButton::PaintGround(QPainter& painter) const
+Toolbar::Toolbar(QWidget* parent) : QWidget(parent), m_row(new QHBoxLayout(this))
 {
-    const bool touched = isEnabled() && underMouse();
-    QColor ground = touched ? paper::Band : QColor(Qt::transparent);
-    if (m_value == 1) ground = touched ? paper::AccentTint.darker(105) : paper::AccentTint;
-    if (m_mixed) ground = paper::MixedGround;
-    if (isDown()) ground = ground.alpha() == 0 ? paper::Hairline : ground.darker(110);
-    const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(area, Radius, Radius);
-    if (m_mixed) {
-        painter.setBrush(QBrush(paper::MixedDots, Qt::Dense6Pattern));
-        painter.drawRoundedRect(area, Radius, Radius);
-    }
-    if (hasFocus()) {
-        painter.setPen(QPen(paper::Accent, 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
-    }
+    m_row->setContentsMargins(Margins);
+    m_row->setSpacing(Spacing);
+    m_row->addStretch();
+    m_row->setSizeConstraint(
+        QLayout::SetMinimumSize); // a narrow window cuts the bar off, it never piles up its buttons
 }
 
-void ToolbarButton::paintEvent(QPaintEvent*)
+void Toolbar::Add(QWidget* item)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintGround(painter);
-    if (!isEnabled()) painter.setOpacity(0.35);
-    const QPixmap& picture = Picture();
-    painter.drawPixmap((width() - iconSize().width()) / 2, (height() - iconSize().height()) / 2, picture);
-}
-
-Toolbar::Toolbar(QWidget* parent) : QWidget(parent)
-{
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Margins);
-    row->setSpacing(Spacing);
-    row->addStretch();
-    row->setSizeConstraint(QLayout::SetMinimumSize); // a narrow window cuts the bar off, it never piles up its buttons
-    setFixedHeight(Margins.top() + ButtonSize.height() + Margins.bottom());
+    m_row->insertWidget(m_row->count() - 1, item, 0, Qt::AlignVCenter); // before the stretch
+    Fit();
 }
 
 void Toolbar::AddButton(const QString& key, const QString& tip, const QString& icon)
 {
-    auto* button = new ToolbarButton(this);
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
-    button->SetPicture(icon);
+    auto* button = new ToolbarButton(ButtonSize, PictureSize, icon, tip, this);
+    button->setObjectName(key);
     connect(button, &ToolbarButton::clicked, this, [this, key] { Q_EMIT ButtonClick(key); });
-    Add(key, button);
+    m_buttons[key] = button;
+    Add(button);
 }
 
 void Toolbar::AddSeparator()
 {
-    Row(*this)->insertWidget(Row(*this)->count() - 1, new Separator(this));
+    Add(new Separator(this));
 }
 
-void Toolbar::AddPlaceholder(const QString& key)
+void Toolbar::AddControl(QWidget* control)
 {
-    auto* placeholder = new QWidget(this);
-    placeholder->setFixedHeight(ButtonSize.height());
-    Row(*this)->insertSpacing(Row(*this)->count() - 1, PlaceholderGap);
-    Add(key, placeholder);
-}
-
-void Toolbar::Add(const QString& key, QWidget* item)
-{
-    item->setObjectName(key);
-    Row(*this)->insertWidget(Row(*this)->count() - 1, item); // before the stretch
-    m_items[key] = item;
-}
-
-QWidget& Toolbar::Item(const QString& key) const
-{
-    const auto found = m_items.find(key);
-    if (found == m_items.end()) throw RunTimeError{ElementNotFound, u"Element not found"_s};
-    return *found->second;
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+    control->setMinimumSize(control->sizeHint());
+    m_row->insertSpacing(m_row->count() - 1, ControlGap);
+    m_controls.push_back(control);
+    Add(control);
 }
 
 ToolbarButton& Toolbar::Buttons(const QString& key) const
 {
-    auto* button = qobject_cast<ToolbarButton*>(&Item(key));
-    if (!button) throw RunTimeError{ElementNotFound, u"Element not found"_s};
-    return *button;
-}
-
-void Toolbar::Lay(const QString& key, QWidget* control)
-{
-    m_laid.push_back({&Item(key), control});
-    Fit();
+    const auto found = m_buttons.find(key);
+    if (found == m_buttons.end()) throw RunTimeError{ElementNotFound, u"Element not found"_s};
+    return *found->second;
 }
 
 void Toolbar::SetRoom(int width)
@@ -168,43 +121,27 @@ void Toolbar::SetRoom(int width)
     Fit();
 }
 
-// By how much the bar would be too wide if each control had what it wants.
-int Toolbar::Missing() const
-{
-    int width = layout()->minimumSize().width();
-    for (const auto& [place, control] : m_laid)
-        width += control->sizeHint().width() - place->minimumWidth();
-    return std::max(0, width - m_room);
-}
-
+// By the least widths: of a control whose size is fixed the toolkit no longer asks what it wants.
 void Toolbar::Fit()
 {
-    int missing = Missing();
-    for (auto laid = m_laid.rbegin(); laid != m_laid.rend(); ++laid) {
-        const QSize wanted = laid->Control->sizeHint();
-        const int given = std::min(missing, wanted.width() - laid->Control->minimumSizeHint().width());
+    int missing = m_row->minimumSize().width() - m_room; // once each control has what it wants
+    for (const QWidget* control : m_controls)
+        missing += control->sizeHint().width() - control->minimumWidth();
+    for (QWidget* control : m_controls | std::views::reverse) {
+        const QSize wanted = control->sizeHint();
+        const int given = std::clamp(missing, 0, wanted.width() - control->minimumSizeHint().width());
         missing -= given;
-        laid->Place->setFixedSize(wanted.width() - given, std::max(wanted.height(), ButtonSize.height()));
+        control->setMinimumSize(wanted.width() - given, wanted.height());
     }
-    setFixedHeight(layout()->minimumSize().height());
-    layout()->activate();
-    for (const auto& [place, control] : m_laid) {
-        QRect area(QPoint(), QSize(place->width(), control->sizeHint().height()));
-        area.moveCenter(place->geometry().center());
-        control->setGeometry(area);
-    }
+    setFixedHeight(m_row->minimumSize().height());
+    m_row->activate();
 }
 
-// What a control wants has changed, or a placeholder has.
+// What a control wants has changed.
 bool Toolbar::event(QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest) Fit();
     return QWidget::event(event);
-}
-
-QSize Toolbar::sizeHint() const
-{
-    return layout()->sizeHint();
 }
 
 void Toolbar::paintEvent(QPaintEvent*)

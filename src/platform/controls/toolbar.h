@@ -7,38 +7,32 @@
 #include <QPointer>
 #include <QRubberBand>
 #include <QToolButton>
-#include <QWidget>
 
 #include <map>
 #include <optional>
 #include <vector>
+
+class QBoxLayout;
 
 class ToolbarButton : public PressedByReturn<QToolButton>
 {
     Q_OBJECT
 
 public:
-    explicit ToolbarButton(QWidget* parent = nullptr); // as large as those of a bar
-    ToolbarButton(const QSize& size, const QSize& picture, QWidget* parent);
+    // Of this size, around a picture of that size; tip is its accessible name too.
+    ToolbarButton(const QSize& size, const QSize& picture, const QString& icon, const QString& tip, QWidget* parent);
 
-    int Value() const { return m_value; } // 0 up, 1 down
+    int Value() const { return isChecked() ? 1 : 0; } // 0 up, 1 down
     void SetValue(int value);
     bool MixedState() const { return m_mixed; } // greyed, for a mixed selection
     void SetMixedState(bool mixed);
-    void SetPicture(const QString& file) { m_file = file; } // SVG; read when the button is first painted
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void initStyleOption(QStyleOptionToolButton* option) const override;
     void nextCheckState() override {} // the program sets the value, a click never does
 
 private:
-    void PaintGround(QPainter& painter) const;
-    const QPixmap& Picture();
-
-    int m_value = 0;
     bool m_mixed = false;
-    QString m_file;
-    QPixmap m_picture; // at the screen's pixel ratio
 };
 
 class Toolbar : public QWidget
@@ -48,19 +42,15 @@ class Toolbar : public QWidget
 public:
     explicit Toolbar(QWidget* parent = nullptr);
 
-    // Buttons stand in the order of these calls. icon is an SVG picture of the resources.
+    // What is added stands in the order of these calls. icon is an SVG picture of the resources.
     void AddButton(const QString& key, const QString& tip, const QString& icon);
     void AddSeparator();
-    void AddPlaceholder(const QString& key); // room for another control: an empty widget
-    // Lays a control of the bar over its placeholder for good, as wide as it wants to be.
-    void Lay(const QString& key, QWidget* control);
+    void AddControl(QWidget* control); // as wide as it wants to be; keeps its place while it is hidden
     // The width that the bar has. Where its controls want more they give way, the rightmost first, each down to its
     // least width; a bar that is still too wide is cut off on the right.
     void SetRoom(int width);
 
     ToolbarButton& Buttons(const QString& key) const; // 35601 if there is none
-
-    QSize sizeHint() const override;
 
 Q_SIGNALS:
     void ButtonClick(const QString& key);
@@ -76,20 +66,14 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override; // the whole program's, while the bar is dragged
 
 private:
-    void Add(const QString& key, QWidget* item);
-    QWidget& Item(const QString& key) const;
+    void Add(QWidget* item);
     void Fit();
-    int Missing() const;
     void BeginDrag();
     void EndDrag();
 
-    std::map<QString, QWidget*> m_items;
-    struct Laid
-    {
-        QWidget* Place;
-        QWidget* Control;
-    };
-    std::vector<Laid> m_laid;
+    QBoxLayout* m_row;
+    std::map<QString, ToolbarButton*> m_buttons;
+    std::vector<QWidget*> m_controls;
     int m_room = QWIDGETSIZE_MAX;
     std::optional<QPoint> m_pressed; // where the mouse went down on a free area
     QPointer<QRubberBand> m_outline; // shows where the bar would go; there only while it is dragged

@@ -1,12 +1,12 @@
 #include "platform/richtext/richtextbox.h"
 
 #include "platform/look/paper.h"
+#include "platform/look/paperstyle.h"
 #include "platform/richtext/layoutcost.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
 #include "platform/richtext/shownpictures.h"
-#include "platform/richtext/thinscrollbarstyle.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QAccessible>
@@ -69,7 +69,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A bar that came and went with the text would lay every note out twice; one with nothing to scroll shows nothing.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    verticalScrollBar()->setStyle(&ThinScrollBarStyle::Shared());
+    verticalScrollBar()->setStyle(&PaperStyle::Shared());
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &RichTextBox::FollowScrollRange);
     FollowScrollRange();
     setTabChangesFocus(true);

@@ -26,20 +26,6 @@ public:
     QStringList Events;
 };
 
-class Note : public QTextEdit
-{
-public:
-    using QTextEdit::QTextEdit;
-    QList<Qt::FocusReason> Reasons;
-
-protected:
-    void focusInEvent(QFocusEvent* event) override
-    {
-        Reasons += event->reason();
-        QTextEdit::focusInEvent(event);
-    }
-};
-
 void ChooseByMouse(ORLCombo& combo, int row)
 {
     QTest::mouseClick(&combo, Qt::LeftButton, {}, combo.rect().center());
@@ -79,80 +65,63 @@ private Q_SLOTS:
 
     void FontsAreReadWhenLookedInto()
     {
-        ORLCombo fonts;
+        ORLCombo fonts, keyed;
         fonts.FillFontNames();
-        fonts.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&fonts));
+        keyed.FillFontNames();
         QCOMPARE(fonts.count(), 0);
         QVERIFY(fonts.ListCount() > 0);
         QCOMPARE(fonts.ListIndex(), -1);
-        QSet<QString> names;
+        QStringList names;
         for (int i = 0; i < fonts.ListCount(); ++i)
             names += fonts.List(i);
-        QCOMPARE(names.size(), fonts.ListCount());
-        for (const QString& family : QFontDatabase::families()) {
-            if (!QFontDatabase::isPrivateFamily(family)) QVERIFY(names.contains(family.section(u" ["_s, 0, 0)));
-        }
-
-        ORLCombo keyed;
-        keyed.FillFontNames();
+        QCOMPARE(names.removeDuplicates(), 0);
+        for (const QString& family : QFontDatabase::families())
+            QVERIFY(QFontDatabase::isPrivateFamily(family) || names.contains(family.section(u" ["_s, 0, 0)));
         QTest::keyClick(&keyed, Qt::Key_Down);
-        QCOMPARE(keyed.Text(), fonts.List(0));
+        QCOMPARE(keyed.Text(), names[0]);
     }
 
     void TheProgramRaisesNoEvent()
     {
         ORLCombo colors;
         colors.FillColors();
+        colors.resize(colors.sizeHint());
         const Record record(colors);
-        colors.SetListIndex(9);
-        QCOMPARE(colors.Text(), u"Red"_s);
-        colors.SetListIndex(-1);
-        QCOMPARE(colors.Text(), QString());
-        colors.SetListIndex(9);
-        const QImage listed = colors.grab().toImage();
-        colors.ShowText(u"Rust"_s);
-        QCOMPARE(colors.Text(), u"Rust"_s);
-        QCOMPARE(colors.ListIndex(), 9);
-        QVERIFY(colors.grab().toImage() != listed);
-        colors.SetListIndex(9);
-        QCOMPARE(colors.Text(), u"Red"_s);
+        for (int i = 0; i < ORLCombo::BlankColor; ++i) {
+            colors.SetListIndex(i);
+            const QColor shown(colors.grab().toImage().pixel(15, colors.height() / 2));
+            QCOMPARE(shown, QColor(colors.Text().replace(u"sch"_s, u"chs"_s)));
+        }
+        for (const int index : {-1, 9}) {
+            colors.SetListIndex(index);
+            const QString listed = colors.Text();
+            const QImage look = colors.grab().toImage();
+            colors.ShowText(u"Rust"_s);
+            QCOMPARE(colors.Text(), u"Rust"_s);
+            QCOMPARE(colors.ListIndex(), index);
+            QVERIFY(colors.grab().toImage() != look);
+            colors.SetListIndex(index);
+            QCOMPARE(colors.Text(), listed);
+            QCOMPARE(colors.grab().toImage(), look);
+        }
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(17), RunTimeError);
         QVERIFY_EXCEPTION_THROWN(colors.SetListIndex(-2), RunTimeError);
         QCOMPARE(record.Events, QStringList());
     }
 
-    void EachSquareHasItsColor()
-    {
-        ORLCombo colors;
-        colors.FillColors();
-        colors.resize(colors.sizeHint());
-        for (int i = 0; i < ORLCombo::BlankColor; ++i) {
-            colors.SetListIndex(i);
-            const QColor shown(colors.grab().toImage().pixel(15, colors.height() / 2));
-            const QString name = colors.List(i).replace(u"sch"_s, u"chs"_s);
-            QCOMPARE(shown, QColor(name));
-        }
-    }
-
     void TheMouseLeavesTheCaretInItsNote()
     {
         QWidget window;
-        Note note(&window);
+        QTextEdit note(u"buy bread"_s, &window);
         note.setGeometry(0, 60, 300, 100);
         ORLCombo colors(&window);
         colors.FillColors();
         colors.resize(colors.sizeHint());
         window.show();
-        note.setPlainText(u"buy bread"_s);
         note.setFocus();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        QTest::keyClick(&note, Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
-        const QString selected = note.textCursor().selectedText();
-        QVERIFY(!selected.isEmpty());
-        note.Reasons.clear();
+        note.selectAll();
         const Record record(colors);
-
         ChooseByMouse(colors, 13);
         QCOMPARE(record.Events, QStringList({u"Click"_s, u"Fuschia"_s}));
         // The box may show what the selection does not have, so the entry that it shows can be chosen.
@@ -164,14 +133,9 @@ private Q_SLOTS:
         QTest::keyClick(colors.view(), Qt::Key_Escape);
         QTRY_VERIFY(!colors.view()->isVisible());
         QCOMPARE(record.Events.size(), 5);
-
         QTRY_COMPARE(QApplication::focusWidget(), &note);
-        QCOMPARE(note.textCursor().selectedText(), selected);
-        for (const auto reason : note.Reasons) {
-            QVERIFY(reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason);
-        }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_X);
-        QVERIFY(note.toPlainText().startsWith(u'x'));
+        QCOMPARE(note.toPlainText(), u"x"_s); // it is selected still
     }
 
     void KeysChoose_data()
@@ -212,18 +176,14 @@ private Q_SLOTS:
         colors.FillColors();
         colors.show();
         QVERIFY(QTest::qWaitForWindowActive(&colors));
-        bool answered = false;
-        connect(&colors, &ORLCombo::Click, &colors, [&] {
-            QMessageBox box(QMessageBox::Information, QString(), u"Please lock the day"_s);
-            QTimer::singleShot(0, &box, [&] {
-                QTest::keyClick(&box, Qt::Key_Return);
-                answered = true;
-            });
+        const auto ask = [] {
+            QMessageBox box;
+            QTimer::singleShot(0, &box, [&] { QTest::keyClick(&box, Qt::Key_Escape); });
             box.exec();
-        });
+        };
+        connect(&colors, &ORLCombo::Click, &colors, ask);
         const Record record(colors);
         ChooseByMouse(colors, 4);
-        QVERIFY(answered);
         QCOMPARE(record.Events, QStringList({u"Click"_s, u"Navy"_s}));
     }
 
