@@ -4,6 +4,8 @@
 #include "platform/engine/textview.h"
 #include "platform/runtime/runtimeerror.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <cstring>
 
@@ -67,6 +69,19 @@ bool Contains(QByteArrayView text, const QByteArray& run)
     return false;
 }
 } // namespace
+
+Criterion ParseCriterion(const QString& text)
+{
+    static const QRegularExpression form(
+        uR"re(^\s*\[([^\]]+)\]\s+LIKE\s+(?:"((?:[^"]|"")*)"|'((?:[^']|'')*)')\s*$)re"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    const auto match = form.match(text);
+    if (!match.hasMatch())
+        throw RunTimeError{engineerrors::UnparsableCriterion, u"Syntax error in the search condition: %1"_s.arg(text)};
+    const QChar quote = match.capturedStart(2) >= 0 ? u'"' : u'\'';
+    QString pattern = match.captured(quote == u'"' ? 2 : 3);
+    return {match.captured(1), pattern.replace(QString(2, quote), QString(quote))};
+}
 
 LikePattern::LikePattern(const QString& pattern)
 {

@@ -14,6 +14,14 @@
 #include <utility>
 #include <vector>
 
+// The criterion of a Find: [Field] LIKE "pattern".
+struct Criterion
+{
+    QString Field;
+    QString Pattern;
+};
+Criterion ParseCriterion(const QString& text); // 3077
+
 class LikePattern
 {
 public:

@@ -1,7 +1,7 @@
 // The state machine behind a Recordset; its rules stand in recordset.h. Only this room includes it.
 #pragma once
 
-#include "platform/engine/like.h"
+#include "platform/engine/likepattern.h"
 #include "platform/engine/store.h"
 
 struct RecordsetState

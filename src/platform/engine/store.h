@@ -53,10 +53,18 @@ public:
     virtual std::optional<Row> Fetch(const TableDef& table, qint64 id) = 0;
 
     // For going through a whole table: the next few rows in order of insertion. None at its end.
-    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId);
+    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId)
+    {
+        auto row = Find(table, Index(), From::After, {{}, afterId}, {}, {});
+        return row ? std::vector{std::move(*row)} : std::vector<Row>();
+    }
 
     virtual qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) = 0; // 3022
-    virtual void InsertAll(const TableDef& table, const std::vector<Row>& rows); // within a write; under new ids
+    virtual void InsertAll(const TableDef& table, const std::vector<Row>& rows) // within a write; under new ids
+    {
+        for (const Row& row : rows)
+            Insert(table, row.values);
+    }
     // Both only if the row still is as old says; else 3197.
     virtual void Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values) = 0;
     virtual void Erase(const TableDef& table, const Row& old) = 0;

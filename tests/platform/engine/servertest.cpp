@@ -162,10 +162,7 @@ private Q_SLOTS:
     void WhatTheServerHasAndNoPlannerIsRefused()
     {
         QFETCH(QString, change);
-        pqxx::connection owner(TestServer::Get().Uri(m_planner).section(u'&', 0, 0).toStdString() +
-                               "&port=" + std::to_string(TestServer::Get().Port()));
-        pqxx::nontransaction(owner).exec(
-            u"ALTER TABLE orrelin_%1.\"QMT Table\" %2"_s.arg(m_planner, change).toStdString());
+        TestServer::Get().Ask(u"ALTER TABLE orrelin_%1.\"QMT Table\" %2"_s.arg(m_planner, change));
         Database database = DBEngine::OpenDatabase(m_path);
         QCOMPARE(ErrorOf([&] { Days(database); }), NotADatabase);
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/engine/dbengine.h"
+#include "platform/engine/postgres/serverline.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -12,7 +13,6 @@
 #include <QThread>
 
 #include <netinet/in.h>
-#include <pqxx/pqxx>
 #include <sys/socket.h>
 
 #include <csignal>
@@ -59,11 +59,9 @@ public:
     // As the administrator. The first column of each row.
     QStringList Ask(const QString& sql) const
     {
-        pqxx::connection connection(Connection());
-        pqxx::nontransaction work(connection);
         QStringList rows;
-        for (const auto& row : work.exec(sql.toStdString()))
-            rows += QString::fromUtf8(row[0].c_str());
+        for (const SqlRow& row : ServerLine(Connection(), nullptr).Ask(sql, {}, std::chrono::minutes(1)))
+            rows += row.Text(0);
         return rows;
     }
     // Cuts the connections of all planners, and tells how many there were.
@@ -100,9 +98,9 @@ public:
         for (int attempt = 0; attempt < 2400; ++attempt) {
             QThread::msleep(25);
             try {
-                pqxx::connection connection(Connection());
+                const ServerLine started(Connection(), nullptr);
                 return;
-            } catch (const pqxx::failure&) {
+            } catch (const ServerLine::Error&) {
             }
         }
         qFatal("The test's server does not start");

@@ -67,20 +67,19 @@ bool OpenMode::Settle(Opens opens)
 bool OpenMode::Become(Held wanted)
 {
     if (m_held == wanted) return true;
-    if (wanted == Held::Shared && !Ask("pg_try_advisory_lock_shared")) return false;
-    if (wanted == Held::Exclusive && !Ask("pg_try_advisory_lock")) return false;
-    if (m_held == Held::Shared) Ask("pg_advisory_unlock_shared");
-    if (m_held == Held::Exclusive) Ask("pg_advisory_unlock");
+    if (wanted == Held::Shared && !Ask("pg_try_advisory_lock_shared"_L1)) return false;
+    if (wanted == Held::Exclusive && !Ask("pg_try_advisory_lock"_L1)) return false;
+    if (m_held == Held::Shared) Ask("pg_advisory_unlock_shared"_L1);
+    if (m_held == Held::Exclusive) Ask("pg_advisory_unlock"_L1);
     m_held = wanted;
     return true;
 }
 
-bool OpenMode::Ask(const char* call)
+bool OpenMode::Ask(QLatin1StringView function)
 {
     if (!m_connection.IsConnected()) return false;
     try {
-        return m_connection.AskOne("SELECT " + std::string(call) + "($1::integer, $2::integer)",
-                                   advisorylocks::ValuesOf(m_planner)) == u"t";
+        return advisorylocks::Call(m_connection, function, m_planner);
     } catch (const RunTimeError&) {
         // Another open of this process whose session is over; it takes its lock again when it connects.
         return false;

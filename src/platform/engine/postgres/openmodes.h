@@ -31,7 +31,7 @@ private:
     static std::shared_ptr<Opens> OpensOf(const QString& id);
     static bool Settle(Opens opens); // a copy: one whose session is over enters anew meanwhile
     bool Become(Held wanted);
-    bool Ask(const char* call);
+    bool Ask(QLatin1StringView function);
 
     PostgresConnection& m_connection;
     const bool m_exclusive;

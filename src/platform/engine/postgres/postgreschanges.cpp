@@ -1,33 +1,15 @@
 #include "platform/engine/postgres/postgreschanges.h"
 
+#include "platform/engine/sql/sqltext.h"
+
 #include <QCoreApplication>
 #include <QSocketNotifier>
-
-#include <pqxx/notification>
 
 namespace {
 constexpr qsizetype LongestKey = 500; // the server takes messages of less than 8000 bytes
 constexpr int BetweenAttempts = 3000; // milliseconds
 constexpr int ShortAttempt = 100;     // milliseconds: nobody at the screen may feel it
 } // namespace
-
-class PostgresChanges::Receiver : public pqxx::notification_receiver
-{
-public:
-    Receiver(pqxx::connection_base& connection, const std::string& channel, PostgresChanges& changes)
-        : notification_receiver(connection, channel), m_changes(changes), m_own(connection.backendpid())
-    {
-    }
-
-    void operator()(const std::string& message, int process) override
-    {
-        if (process != m_own) m_changes.Take(QString::fromStdString(message));
-    }
-
-private:
-    PostgresChanges& m_changes;
-    int m_own;
-};
 
 PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection)
 {
@@ -40,11 +22,10 @@ PostgresChanges::~PostgresChanges()
     Stop();
 }
 
-void PostgresChanges::Start(const std::string& channel)
+void PostgresChanges::Start(const QString& channel)
 {
-    // Its making asks the server, which may refuse: one that only follows another server tells nothing.
-    m_connection.Do(
-        [&](pqxx::connection& library) { m_receiver = std::make_unique<Receiver>(library, channel, *this); });
+    // The server may refuse: one that only follows another server tells nothing.
+    m_connection.Ask("LISTEN "_L1 + SqlText::Quoted(channel));
     // What was told while there was no session has been heard by nobody.
     if (std::exchange(m_wasConnected, true)) Take({});
     if (!QCoreApplication::instance()) return;
@@ -54,7 +35,6 @@ void PostgresChanges::Start(const std::string& channel)
 
 void PostgresChanges::Stop()
 {
-    m_receiver.reset();
     if (!m_notifier) return;
     m_notifier->setEnabled(false);
     m_notifier->deleteLater(); // this may be the notifier's own call
@@ -102,7 +82,7 @@ void PostgresChanges::Deliver()
     }
 }
 
-std::string PostgresChanges::Message(const TableDef& table, const std::vector<QVariant>& values)
+QString PostgresChanges::Message(const TableDef& table, const std::vector<QVariant>& values)
 {
     QString message = table.Name;
     if (!table.Indexes.empty()) {
@@ -110,5 +90,5 @@ std::string PostgresChanges::Message(const TableDef& table, const std::vector<QV
         if (key.typeId() == QMetaType::QString && key.toString().size() <= LongestKey)
             message += u'\n' + key.toString();
     }
-    return message.toStdString();
+    return message;
 }

@@ -19,22 +19,20 @@ public:
     ~PostgresChanges();
 
     void SetListener(ChangeListener listener) { m_listener = std::move(listener); }
-    void Start(const std::string& channel); // in each new session
-    void Stop();                            // at its end
+    void Start(const QString& channel); // in each new session
+    void Stop();                        // at its end
 
+    void Take(const QString& message); // what was told
     // What is told of a record with this key, and what that means.
-    static std::string Message(const TableDef& table, const std::vector<QVariant>& values);
+    static QString Message(const TableDef& table, const std::vector<QVariant>& values);
 
 private:
-    class Receiver;
-    void Take(const QString& message);
     void Deliver();
     void Read();
     void ConnectAgain();
 
     PostgresConnection& m_connection;
     ChangeListener m_listener;
-    std::unique_ptr<Receiver> m_receiver;
     QSocketNotifier* m_notifier = nullptr;
     QStringList m_messages; // taken in and not yet handed on; an empty one is "anything"
     QObject m_context;

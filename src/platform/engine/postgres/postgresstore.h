@@ -4,16 +4,12 @@
 
 #include "platform/engine/postgres/openmodes.h"
 #include "platform/engine/postgres/postgreschanges.h"
-#include "platform/engine/postgres/postgresschema.h"
-#include "platform/engine/postgres/postgrestext.h"
 #include "platform/engine/postgres/recordlocks.h"
-#include "platform/engine/store.h"
-
-#include <QHash>
+#include "platform/engine/sql/sqlstore.h"
 
 #include <map>
 
-class PostgresStore final : public Store
+class PostgresStore final : public SqlStore
 {
 public:
     enum class Planner
@@ -28,67 +24,51 @@ public:
     ~PostgresStore() override;
 
     QString Address() const override { return m_address; }
-    QStringList TableNames() override;
-    TableDef Definition(const QString& table) override;
     void CreateTable(const TableDef& table) override;
-
     std::optional<Row> Find(const TableDef& table, const Index& index, From from, const Place& place,
                             const QString& likeField, const QString& likePattern) override;
-    std::optional<Row> Fetch(const TableDef& table, qint64 id) override;
-    std::vector<Row> Page(const TableDef& table, qint64 afterId) override;
-
-    qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) override;
     void InsertAll(const TableDef& table, const std::vector<Row>& rows) override;
     void Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values) override;
     void Erase(const TableDef& table, const Row& old) override;
-
     void TryLock(const TableDef& table, qint64 id) override;
     bool Holds(const TableDef& table, qint64 id) const override;
     void Unlock(const TableDef& table, qint64 id) override;
-
-    void BeginRead() override;
     void Expect(const TableDef& table, const Index& index, const QVariantList& keys) override;
-    void EndRead() override;
     void BeginWrite() override;
-    void Commit() override;
-    void Rollback() override;
-
     void BackUp(const QString& path) override;
-    void Refresh() override;
-    void OnChange(ChangeListener listener) override;
+    void Refresh() override { m_connection.Listen(); }
+    void OnChange(ChangeListener listener) override { m_changes.SetListener(std::move(listener)); }
     void Close() override;
 
     void DropPlanner(); // with all its tables, in the present write
 
+protected:
+    SqlConnection& Connection() override { return m_connection; }
+    SqlRow WriteRow(const QString& statement, const SqlValues& values, const TableDef& table, const Values& before,
+                    const Values& after) override;
+
 private:
-    // The look-ups that Expect has made ahead: of one table and index each, by key.
-    using ExpectedOf = std::pair<QString, QString>;
-    using ExpectedRows = QHash<QString, std::optional<Row>>;
+    // The look-ups of one table and index that Expect has made ahead, by key. They count within the read that they were
+    // made in.
+    struct ExpectedRows
+    {
+        int reading = 0;
+        QHash<QString, std::optional<Row>> byKey;
+    };
 
     void Welcome();
     void Forget();
-    PostgresSchema Schema();
-    PostgresSchema::Table TableOf(const QString& name);
     RecordLocks::Name NameOf(const TableDef& table, qint64 id);
-    std::vector<Row> Look(const TableDef& table, const Index& index, From from, const Place& place,
-                          const QString& runField, const std::string& run, int limit);
-    std::optional<Row> FindLike(const TableDef& table, const Index& index, From from, Place place,
-                                const QString& likeField, const QString& likePattern);
-    const std::optional<Row>* Expected(const TableDef& table, const Index& index, const QVariant& key) const;
     void RefuseWithoutLock(const TableDef& table, qint64 id) const;
-    void WriteRow(const std::string& statement, const PostgresConnection::Values& values);
-    pqxx::row Written(const std::string& statement, const PostgresConnection::Values& values);
 
     const QString m_name;
     const QString m_address;
     const QString m_schemaName;
     PostgresConnection m_connection;
     Planner m_planner;
-    QString m_id; // of the planner, empty before the first session
-    std::optional<PostgresText> m_text;
+    QString m_id, m_channel; // of the planner, empty before the first session
     RecordLocks m_locks;
     OpenMode m_openMode;
     PostgresChanges m_changes;
-    std::map<QString, quint32> m_tableNumbers;
-    std::map<ExpectedOf, ExpectedRows> m_expected;
+    std::map<std::pair<QString, QString>, ExpectedRows> m_expected;
 };

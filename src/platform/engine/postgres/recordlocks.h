@@ -30,7 +30,8 @@ private:
 };
 
 namespace advisorylocks {
-PostgresConnection::Values ValuesOf(RecordLocks::Name name);
+// What the server's function of this name says of the lock.
+bool Call(PostgresConnection& connection, QLatin1StringView function, RecordLocks::Name name);
 // "user 'ann' on machine 'desk3'", from the label of a session that holds it and is none of these processes of the
 // server.
 QString HolderOf(PostgresConnection& connection, RecordLocks::Name name, const QStringList& exceptOf);

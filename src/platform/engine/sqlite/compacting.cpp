@@ -1,16 +1,16 @@
 #include "platform/engine/sqlite/compacting.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/sql/sqlcatalog.h"
+#include "platform/engine/sql/sqltext.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
-#include "platform/engine/sqlite/sqliteschema.h"
-#include "platform/engine/sqlite/sqlitevalues.h"
+#include "platform/engine/sqlite/sqlitedialect.h"
 #include "platform/engine/sqlite/wholefiles.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
 
 namespace {
@@ -28,20 +28,17 @@ void SetUpAndCheck(SqliteConnection& connection)
 // Every table with its number of rows, and every number that ids go on from.
 QStringList Inventory(SqliteConnection& connection)
 {
+    const auto ask = [&](const QString& statement, const SqlValues& values) {
+        return connection.Ask(statement, values);
+    };
     QStringList lines;
-    connection.Read([&] {
-        SQLite::Database& library = connection.Library();
-        for (const QString& table : sqliteschema::TableNames(library)) {
-            QString name = table;
-            const QString count = "SELECT count(*) FROM \"%1\""_L1.arg(name.replace(u'"', "\"\""_L1));
-            lines += u"%1: %2"_s.arg(table).arg(library.execAndGet(count.toStdString()).getInt64());
-        }
-        if (!library.tableExists("sqlite_sequence")) return;
-        SQLite::Statement next(library, "SELECT name, seq FROM sqlite_sequence");
-        while (next.executeStep())
-            lines += u"%1 at %2"_s.arg(TextOf(next.getColumn(0))).arg(next.getColumn(1).getInt64());
-    });
-    lines.sort();
+    for (const SqlCatalog::Table& table : SqlCatalog(sqlite::Dialect, {}, ask).Tables())
+        lines += u"%1: "_s.arg(table.name) +
+                 connection.AskOne("SELECT count(*) FROM "_L1 + SqlText::Quoted(table.name)).toString();
+    if (connection.AskOne(u"SELECT count(*) FROM sqlite_schema WHERE name = 'sqlite_sequence'"_s).toInt() == 0)
+        return lines;
+    for (const SqlRow& row : connection.Ask(u"SELECT name, seq FROM sqlite_sequence ORDER BY name"_s))
+        lines += u"%1 at "_s.arg(row.Text(0)) + row[1].toString();
     return lines;
 }
 

@@ -60,7 +60,6 @@ RawValue ValueOf(quint64 type, QByteArrayView bytes)
     if (type == 7) return std::bit_cast<double>(Signed(bytes));
     if (type < 7) return Signed(bytes);
     if (type < 12) return qint64(type - 8);
-    if (type % 2 == 0) return RawBlob{bytes.toByteArray()};
     return bytes.toByteArray();
 }
 

@@ -1,11 +1,9 @@
 #include "platform/engine/sqlite/rawschema.h"
 
-#include "platform/engine/sqlite/sqliteschema.h"
-#include "platform/engine/sqlite/sqlitevalues.h"
-#include "platform/engine/storedform.h"
+#include "platform/engine/sql/sqlcatalog.h"
+#include "platform/engine/sqlite/sqlitedialect.h"
 
-#include <SQLiteCpp/Column.h>
-#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Database.h>
 
 #include <algorithm>
 #include <sqlite3.h>
@@ -48,19 +46,18 @@ bool MakeFrom(SQLite::Database& empty, const QByteArray& sql)
     }
 }
 
-bool BeginsWithId(SQLite::Database& database, const QString& table)
-{
-    SQLite::Statement first(database, "SELECT 1 FROM pragma_table_info(?) WHERE cid = 0 AND pk = 1 AND name = ?");
-    BindText(first, 1, table);
-    BindText(first, 2, storedform::IdColumn);
-    return first.executeStep();
-}
-
-// Without fields where the library gives up.
+// Without fields if it is no table of a planner, or where the library gives up.
 TableDef DefinitionOf(SQLite::Database& database, const QString& table)
 {
+    const auto ask = [&](const QString& text, const SqlValues& values) {
+        SQLite::Statement statement(database, text.toStdString());
+        return sqlite::Ask(statement, values);
+    };
     try {
-        return BeginsWithId(database, table) ? sqliteschema::Definition(database, table) : TableDef();
+        const QString first = u"SELECT 1 FROM pragma_table_info(?1) WHERE cid = 0 AND pk = 1 AND name = ?2"_s;
+        const SqlCatalog catalog(sqlite::Dialect, {}, ask);
+        const auto found = catalog.Find(table);
+        return found && !ask(first, {table, IdColumn}).empty() ? catalog.Definition(*found) : TableDef();
     } catch (const SQLite::Exception&) {
         return {};
     }

@@ -6,14 +6,8 @@
 #include <variant>
 #include <vector>
 
-struct RawBlob
-{
-    QByteArray bytes;
-    bool operator==(const RawBlob&) const = default;
-};
-
-// A text is a QByteArray: its bytes are kept as they are.
-using RawValue = std::variant<std::monostate, qint64, double, QByteArray, RawBlob>;
+// A text is a QByteArray: its bytes are kept as they are. No planner has other bytes; they count as a text too.
+using RawValue = std::variant<std::monostate, qint64, double, QByteArray>;
 
 struct RawRow
 {

@@ -1,30 +1,29 @@
 #include "platform/engine/sqlite/rebuilding.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/sql/sqltext.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
-#include "platform/engine/sqlite/sqlitevalues.h"
-#include "platform/engine/sqlite/sqltext.h"
+#include "platform/engine/sqlite/sqlitedialect.h"
 #include "platform/engine/sqlite/wholefiles.h"
 
-#include <SQLiteCpp/Statement.h>
-
 #include <algorithm>
+#include <iterator>
 
 namespace {
+const SqlText Text(sqlite::Dialect);
+
 bool IsId(qint64 id)
 {
     return id >= 1 && id < plannerformat::IdLimit;
 }
 
-void BindRaw(SQLite::Statement& statement, int number, const RawValue& value)
+QVariant ValueOf(const RawValue& value)
 {
-    if (const auto* integer = std::get_if<qint64>(&value)) return statement.bind(number, int64_t{*integer});
-    if (const auto* real = std::get_if<double>(&value)) return statement.bind(number, *real);
-    if (const auto* text = std::get_if<QByteArray>(&value)) return statement.bind(number, text->toStdString());
-    if (const auto* blob = std::get_if<RawBlob>(&value))
-        return statement.bind(number, blob->bytes.constData(), static_cast<int>(blob->bytes.size()));
-    statement.bind(number);
+    if (const auto* integer = std::get_if<qint64>(&value)) return *integer;
+    if (const auto* real = std::get_if<double>(&value)) return *real;
+    if (const auto* text = std::get_if<QByteArray>(&value)) return *text;
+    return {};
 }
 
 // A cut text is better than none, but only under its right day.
@@ -37,9 +36,8 @@ bool HasWholeKeys(const TableDef& table, const RawRow& row)
 class TableWriter
 {
 public:
-    TableWriter(SQLite::Database& library, const salvage::Table& table)
-        : m_library(library), m_table(table),
-          m_insert(library, sqltext::Restore(table.definition)), m_report{table.definition.Name}
+    TableWriter(SqliteConnection& planner, const salvage::Table& table)
+        : m_planner(planner), m_table(table), m_insert(Text.Restore(table.definition)), m_report{table.definition.Name}
     {
     }
 
@@ -62,12 +60,9 @@ private:
     // False if another row has its id or its key.
     bool Insert(const RawRow& row, bool underItsId)
     {
-        int number = 1;
-        BindRaw(m_insert, number, underItsId ? RawValue(row.id) : RawValue());
-        for (const RawValue& value : row.values)
-            BindRaw(m_insert, ++number, value);
-        const bool inserted = m_insert.exec() == 1;
-        m_insert.reset();
+        SqlValues values = {underItsId ? QVariant(row.id) : QVariant()};
+        std::ranges::transform(row.values, std::back_inserter(values), ValueOf);
+        const bool inserted = !m_planner.Ask(m_insert, values).empty();
         m_report.Rows += inserted ? 1 : 0;
         m_report.CutRows += inserted && !row.IsWhole() ? 1 : 0;
         return inserted;
@@ -78,17 +73,13 @@ private:
         if (!IsId(m_table.lastId)) return;
         for (const char* text : {"INSERT INTO sqlite_sequence (name, seq) SELECT ?1, ?2 WHERE NOT EXISTS "
                                  "(SELECT 1 FROM sqlite_sequence WHERE name = ?1)",
-                                 "UPDATE sqlite_sequence SET seq = max(seq, ?2) WHERE name = ?1"}) {
-            SQLite::Statement raise(m_library, text);
-            BindText(raise, 1, m_table.definition.Name);
-            raise.bind(2, int64_t{m_table.lastId});
-            raise.exec();
-        }
+                                 "UPDATE sqlite_sequence SET seq = max(seq, ?2) WHERE name = ?1"})
+            m_planner.Ask(QString::fromLatin1(text), {m_table.definition.Name, m_table.lastId});
     }
 
-    SQLite::Database& m_library;
+    SqliteConnection& m_planner;
     const salvage::Table& m_table;
-    SQLite::Statement m_insert;
+    const QString m_insert;
     RepairReport::Table m_report;
 };
 } // namespace
@@ -103,10 +94,10 @@ std::vector<RepairReport::Table> Write(const std::vector<salvage::Table>& tables
         planner.WriteEmptyPlanner();
         planner.Write([&] {
             for (const salvage::Table& table : tables) {
-                planner.Library().exec(sqltext::CreateTable(table.definition));
+                planner.Ask(Text.CreateTable(table.definition));
                 for (const Index& index : table.definition.Indexes)
-                    planner.Library().exec(sqltext::CreateIndex(table.definition, index));
-                report.push_back(TableWriter(planner.Library(), table).Write());
+                    planner.Ask(Text.CreateIndex(table.definition, index));
+                report.push_back(TableWriter(planner, table).Write());
             }
         });
         planner.CheckHead();

@@ -1,13 +1,13 @@
 #include "platform/engine/sqlite/repairing.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/sql/sqldialect.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/rebuilding.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
-#include "platform/engine/storedform.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -45,9 +45,9 @@ Verdict JudgeOpened(SQLite::Database& library)
     if (library.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return Verdict::Damaged;
     if (isOurs && version == plannerformat::Version) return Verdict::Sound;
     // Only the mark of our program may be what was damaged.
-    const std::string ours = "SELECT count(*) FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c "
-                             "WHERE t.type = 'table' AND c.cid = 0 AND c.name = '" +
-                             storedform::IdColumn.toStdString() + "'";
+    const std::string ours = std::string("SELECT count(*) FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c "
+                                         "WHERE t.type = 'table' AND c.cid = 0 AND c.name = '") +
+                             IdColumn.latin1() + "'";
     return library.execAndGet(ours).getInt() > 0 ? Verdict::Damaged : Verdict::NotOurs;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
+#include "platform/engine/sqlite/sqlitedialect.h"
 #include "platform/engine/sqlite/wholefiles.h"
 
 #include <QFile>
@@ -11,7 +12,6 @@
 #include <QScopeGuard>
 
 #include <SQLiteCpp/Column.h>
-#include <SQLiteCpp/Statement.h>
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -53,7 +53,7 @@ SQLite::Database Open(const QString& path, const QString& name)
 } // namespace
 
 SqliteConnection::SqliteConnection(const QString& path)
-    : m_path(path), m_name(QFileInfo(path).fileName()), m_database(Open(path, m_name))
+    : SqlConnection(sqlite::Dialect, QFileInfo(path).fileName()), m_path(path), m_database(Open(path, m_name))
 {
     // The file may come from anywhere: nothing that its schema contains is to run with this program's rights.
     m_database.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
@@ -76,11 +76,20 @@ void SqliteConnection::CheckWritable() const
 }
 
 // A journal that has become read-only looks like a failing disk to the library.
-RunTimeError SqliteConnection::ErrorOf(const SQLite::Exception& error, Doing doing) const
+RunTimeError SqliteConnection::ErrorOf(const SQLite::Exception& error) const
 {
-    const RunTimeError found = RunTimeErrorOf(error, doing, m_name);
+    const RunTimeError found = RunTimeErrorOf(error, m_writing ? Doing::Writing : Doing::Reading, m_name);
     const bool isRefused = QFileInfo::exists(JournalOf(m_path)) && !MayWrite(JournalOf(m_path));
     return found.Number == InputOutput && isRefused ? ReadOnlyError(m_name) : found;
+}
+
+RunTimeError SqliteConnection::Failure(const SQLite::Exception& error)
+{
+    const RunTimeError failure = ErrorOf(error);
+    if (IsDamage(error)) damage::Tell(m_path);
+    StopReading();
+    if (m_writing && !HasTransaction() && !m_lost) m_lost = failure;
+    return failure;
 }
 
 // Reads the schema too, which tells at once whether pages are missing at the end.
@@ -96,24 +105,24 @@ void SqliteConnection::CheckOwnership()
 
 void SqliteConnection::CheckHead()
 {
-    Read([this] { CheckOwnership(); });
+    Prepare();
+    Do([this] { CheckOwnership(); });
 }
 
 void SqliteConnection::SetUp()
 {
     m_database.setBusyTimeout(BusyTimeout);
-    Read([this] {
-        // EXTRA syncs the folder too, or a power cut could bring back a journal that undoes a commit. PERSIST makes
-        // no file anew and so needs the folder the least. The readers beside us rule WAL out on a network drive.
-        m_database.exec("PRAGMA synchronous = EXTRA");
-        if (m_database.execAndGet("PRAGMA journal_mode = PERSIST").getString() != "persist")
-            throw RunTimeError{InUse, u"Could not use '%1'; another program has it open."_s.arg(m_name)};
-    });
+    // EXTRA syncs the folder too, or a power cut could bring back a journal that undoes a commit. PERSIST makes no file
+    // anew and so needs the folder the least. The readers beside us rule WAL out on a network drive.
+    Ask(u"PRAGMA synchronous = EXTRA"_s);
+    if (AskOne(u"PRAGMA journal_mode = PERSIST"_s).toByteArray() != "persist")
+        throw RunTimeError{InUse, u"Could not use '%1'; another program has it open."_s.arg(m_name)};
 }
 
 void SqliteConnection::CheckWhole()
 {
-    Read([this] {
+    Prepare();
+    Do([this] {
         if (m_database.execAndGet("PRAGMA integrity_check(1)").getString() != "ok")
             throw SQLite::Exception("integrity_check", SQLITE_CORRUPT);
     });
@@ -122,8 +131,8 @@ void SqliteConnection::CheckWhole()
 void SqliteConnection::WriteEmptyPlanner()
 {
     Write([this] {
-        m_database.exec("PRAGMA application_id = " + std::to_string(plannerformat::ApplicationId));
-        m_database.exec("PRAGMA user_version = " + std::to_string(plannerformat::Version));
+        Ask(u"PRAGMA application_id = %1"_s.arg(plannerformat::ApplicationId));
+        Ask(u"PRAGMA user_version = %1"_s.arg(plannerformat::Version));
     });
 }
 
@@ -132,56 +141,6 @@ void SqliteConnection::KeepWhole(bool whole)
     // The library gives its locks back at the next look at the file.
     m_database.tryExec(whole ? "PRAGMA locking_mode = EXCLUSIVE"
                              : "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_schema");
-}
-
-bool SqliteConnection::InTransaction() const
-{
-    return sqlite3_get_autocommit(m_database.getHandle()) == 0;
-}
-
-RunTimeError SqliteConnection::Failure(const SQLite::Exception& error, Doing doing)
-{
-    const RunTimeError failure = ErrorOf(error, doing);
-    if (IsDamage(error)) damage::Tell(m_path);
-    StopReading();
-    // Updates after this must not be written one by one, where those before it are undone.
-    if (m_writing && !InTransaction() && !m_lost) m_lost = failure;
-    return failure;
-}
-
-void SqliteConnection::Write(const std::function<void()>& step)
-{
-    const bool alone = !m_writing;
-    if (alone) BeginWrite();
-    if (m_lost) throw *m_lost;
-    auto rollback = qScopeGuard([&] {
-        if (alone) Rollback();
-    });
-    try {
-        step();
-    } catch (const SQLite::Exception& error) {
-        throw Failure(error, Doing::Writing);
-    }
-    rollback.dismiss();
-    if (alone) Commit();
-}
-
-void SqliteConnection::BeginRead()
-{
-    ++m_reads;
-    waiting::Before();
-    if (InTransaction()) return;
-    m_reading = m_database.tryExec("BEGIN") == SQLITE_OK;
-}
-
-void SqliteConnection::EndRead()
-{
-    if (--m_reads == 0) StopReading();
-}
-
-void SqliteConnection::StopReading()
-{
-    if (std::exchange(m_reading, false) && InTransaction()) m_database.tryExec("COMMIT");
 }
 
 // The engine itself looks only when it opens the journal, and an exclusive planner keeps that open: notes would go to
@@ -193,36 +152,28 @@ void SqliteConnection::RefuseIfMoved()
         throw RunTimeError{InputOutput, u"The planner '%1' has been moved or deleted while it was open."_s.arg(m_name)};
 }
 
-void SqliteConnection::BeginWrite()
+void SqliteConnection::Prepare()
 {
-    if (m_writing) RaiseSaveUnderWay(m_name);
-    // What was read may be old by now, so a write never grows out of a read.
+    if (!m_writing) waiting::Before();
+}
+
+void SqliteConnection::PrepareWrite()
+{
     waiting::Before();
-    StopReading();
     RefuseIfMoved();
-    try {
-        m_database.exec("BEGIN IMMEDIATE");
-    } catch (const SQLite::Exception& error) {
-        throw ErrorOf(error, Doing::Writing);
-    }
-    m_writing = true;
 }
 
-void SqliteConnection::Commit()
+SqlRows SqliteConnection::Run(const QString& statement, const SqlValues& values, Patience)
 {
-    m_writing = false;
-    if (const auto lost = std::exchange(m_lost, std::nullopt)) throw *lost;
-    try {
-        m_database.exec("COMMIT");
-    } catch (const SQLite::Exception& error) {
-        Rollback();
-        throw ErrorOf(error, Doing::Writing);
-    }
+    return Do([&] {
+        auto kept = m_statements.find(statement);
+        if (kept == m_statements.end())
+            kept = m_statements.emplace(statement, SQLite::Statement(m_database, statement.toStdString())).first;
+        return sqlite::Ask(kept->second, values);
+    });
 }
 
-void SqliteConnection::Rollback()
+bool SqliteConnection::HasTransaction() const
 {
-    m_writing = false;
-    m_lost.reset();
-    if (InTransaction()) m_database.tryExec("ROLLBACK");
+    return sqlite3_get_autocommit(m_database.getHandle()) == 0;
 }

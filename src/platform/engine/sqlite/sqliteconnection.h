@@ -1,16 +1,16 @@
-// One SQLite connection to a planner and its transactions. Whatever fails, no transaction stays open that nobody knows
-// of, and the connection can go on.
+// One SQLite connection to a planner.
 #pragma once
 
+#include "platform/engine/sql/sqlconnection.h"
 #include "platform/engine/sqlite/sqliteerrors.h"
 #include "platform/engine/waiting.h"
 
 #include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
 
-#include <functional>
-#include <optional>
+#include <unordered_map>
 
-class SqliteConnection
+class SqliteConnection final : public SqlConnection
 {
 public:
     explicit SqliteConnection(const QString& path); // an existing file; nothing is read yet. 3051
@@ -25,39 +25,30 @@ public:
     void KeepWhole(bool whole); // while it is true other connections get nothing
 
     SQLite::Database& Library() { return m_database; }
-
+    // With the library's errors as ours.
     template <typename Step>
-    void Read(Step&& step)
+    auto Do(Step&& step)
     {
-        waiting::Before();
         try {
-            step();
+            return step();
         } catch (const SQLite::Exception& error) {
-            throw Failure(error, Doing::Reading);
+            throw Failure(error);
         }
     }
-    void Write(const std::function<void()>& step); // within the WriteTransaction, or as one of its own
 
-    // As the Store's calls of these names.
-    void BeginRead();
-    void EndRead();
-    void BeginWrite();
-    void Commit();
-    void Rollback();
+protected:
+    void Prepare() override;
+    void PrepareWrite() override;
+    SqlRows Run(const QString& statement, const SqlValues& values, Patience patience) override;
+    bool HasTransaction() const override;
 
 private:
     void CheckWritable() const;
     void CheckOwnership();
-    bool InTransaction() const;
-    void StopReading();
-    RunTimeError ErrorOf(const SQLite::Exception& error, Doing doing) const;
-    RunTimeError Failure(const SQLite::Exception& error, Doing doing);
+    RunTimeError ErrorOf(const SQLite::Exception& error) const;
+    RunTimeError Failure(const SQLite::Exception& error);
 
-    QString m_path;
-    QString m_name;
+    const QString m_path;
     SQLite::Database m_database;
-    int m_reads = 0;        // nested reads
-    bool m_reading = false; // a read transaction is open
-    bool m_writing = false;
-    std::optional<RunTimeError> m_lost; // why the library gave the write up meanwhile
+    std::unordered_map<QString, SQLite::Statement> m_statements; // after the database, which outlives them
 };

@@ -1,0 +1,14 @@
+// SQLite's own way of speaking SQL, and its answers as rows.
+#pragma once
+
+#include "platform/engine/sql/sqldialect.h"
+#include "platform/engine/sql/sqlrows.h"
+
+#include <SQLiteCpp/Statement.h>
+
+namespace sqlite {
+extern const SqlDialect Dialect;
+
+// All rows of the statement, which is back at its start then. Raises the library's exceptions.
+SqlRows Ask(SQLite::Statement& statement, const SqlValues& values);
+} // namespace sqlite
