@@ -14,8 +14,6 @@
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QByteArray DataOfUrl(QStringView url)
@@ -61,8 +59,8 @@ QByteArray DataOfFile(const QUrl& url, qint64 most)
     if (!url.isLocalFile() || !url.host().isEmpty()) return {};
     QFile file(url.toLocalFile());
     const QFileInfo info(file);
-    if (!info.isFile() || info.size() > MostFileBytes || !file.open(QIODevice::ReadOnly)) return {};
-    return file.read(std::min(most, MostFileBytes));
+    if (!info.isFile() || info.size() > MostImageFileBytes || !file.open(QIODevice::ReadOnly)) return {};
+    return file.read(std::min(most, MostImageFileBytes));
 }
 
 int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& fit)

@@ -2,6 +2,8 @@
 // fetched from another machine. Knows only QtGui.
 #pragma once
 
+#include "platform/richtext/pastebounds.h"
+
 #include <QByteArray>
 
 struct PictureFit;
@@ -17,7 +19,5 @@ int AdoptImages(QTextDocument& document, int begin, int end, const PictureFit& f
 // kept; what cannot be shown is taken out of it.
 void EmbedPictures(QTextDocument& document);
 
-inline constexpr qint64 MostFileBytes = 64 << 20; // of an image
-
 // What is in a file of this machine, or the first bytes of it, if it is no larger than an image can be; else empty.
-QByteArray DataOfFile(const QUrl& url, qint64 most = MostFileBytes);
+QByteArray DataOfFile(const QUrl& url, qint64 most = MostImageFileBytes);

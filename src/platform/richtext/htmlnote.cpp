@@ -1,22 +1,23 @@
 #include "platform/richtext/htmlnote.h"
 
-#include "platform/richtext/htmlbounds.h"
+#include "platform/desktop/twips.h"
 #include "platform/richtext/htmlimages.h"
-#include "platform/richtext/htmlparagraphs.h"
+#include "platform/richtext/pastebounds.h"
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
 
+#include <QFontMetricsF>
+#include <QHash>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextList>
 #include <QTextTable>
 
 #include <algorithm>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -26,6 +27,96 @@ class ClosedDocument : public QTextDocument
 protected:
     QVariant loadResource(int, const QUrl&) override { return {}; }
 };
+
+constexpr int Level = 360; // twips that a list is further in than the one around it
+
+const QTextTable* TableAt(const QTextBlock& block)
+{
+    return block.isValid() ? QTextCursor(block).currentTable() : nullptr;
+}
+
+double WidthOf(const QTextBlock& block)
+{
+    double width = 0;
+    for (auto i = block.begin(); !i.atEnd(); ++i)
+        width += QFontMetricsF(i.fragment().charFormat().font()).horizontalAdvance(i.fragment().text());
+    return width;
+}
+
+double WidthOf(const QTextTableCell& cell)
+{
+    double width = 0;
+    QTextBlock block = cell.firstCursorPosition().block();
+    for (; block.isValid() && block.position() <= cell.lastPosition(); block = block.next())
+        width = std::max(width, WidthOf(block));
+    return width;
+}
+
+// In pixels; 0 where no cell is of this column alone.
+double WidthOfColumn(const QTextTable& table, int column)
+{
+    constexpr int MostRows = 100; // looked at, since each word is measured
+    constexpr double Widest = 240;
+    double width = 0;
+    for (int row = 0; row < std::min(table.rows(), MostRows); ++row) {
+        const QTextTableCell cell = table.cellAt(row, column);
+        if (cell.isValid() && cell.columnSpan() == 1) width = std::max(width, WidthOf(cell));
+    }
+    return std::min(width, Widest);
+}
+
+// The empty paragraph that a document has before and behind every table.
+bool IsBesideTable(const QTextBlock& block)
+{
+    return block.length() == 1 && !TableAt(block) && (TableAt(block.previous()) || TableAt(block.next()));
+}
+
+// How the paragraphs of HTML stand in a note, where lists and tables are text.
+class HtmlParagraphs
+{
+public:
+    // An item of a list is indented by its level and hangs at its mark; a row of a table has a tab stop a column.
+    QTextBlockFormat FormatOf(const QTextBlock& block);
+
+private:
+    using Tabs = QList<QTextOption::Tab>; // positions in twips
+
+    const Tabs& ColumnsOf(const QTextTable& table);
+
+    QHash<const QTextTable*, Tabs> m_columns;
+};
+
+const HtmlParagraphs::Tabs& HtmlParagraphs::ColumnsOf(const QTextTable& table)
+{
+    constexpr double Gap = 8;
+    const auto known = m_columns.constFind(&table);
+    if (known != m_columns.cend()) return *known;
+    Tabs tabs;
+    double position = 0;
+    for (int column = 0; column + 1 < std::min(table.columns(), RtfParagraph::MaximumTabs); ++column) {
+        position += WidthOfColumn(table, column) + Gap;
+        tabs.append(QTextOption::Tab(qRound(position * TwipsPerPixel), QTextOption::LeftTab));
+    }
+    return *m_columns.insert(&table, tabs);
+}
+
+QTextBlockFormat HtmlParagraphs::FormatOf(const QTextBlock& block)
+{
+    RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    const QTextTable* const table = TableAt(block);
+    const QTextList* const list = block.textList();
+    if (table || list) paragraph.measures[RtfParagraph::Before] = paragraph.measures[RtfParagraph::After] = 0;
+    if (table) {
+        paragraph.alignment = {};
+        paragraph.tabs = ColumnsOf(*table);
+        return ToBlockFormat(paragraph);
+    }
+    const int level = block.blockFormat().indent() + (list ? list->format().indent() : 0);
+    int& left = paragraph.measures[RtfParagraph::Left];
+    left = std::clamp(left + level * Level, 0, RtfParagraph::Furthest);
+    if (list) paragraph.measures[RtfParagraph::First] = -std::min(left, Level);
+    return ToBlockFormat(paragraph);
+}
 
 QString MarkOf(const QTextBlock& block)
 {
@@ -95,7 +186,7 @@ bool IsPictures(const QTextDocument& document)
 HtmlNote ReadHtml(const QString& html, const QTextCharFormat& initial, const PictureFit& fit)
 {
     const QFont font = initial.font();
-    if (!IsWithinBounds(html)) return {};
+    if (!IsHtmlWithinBounds(html)) return {};
     ClosedDocument document;
     document.setUndoRedoEnabled(false);
     document.setDefaultFont(font);

@@ -4,9 +4,9 @@
 #include "platform/richtext/htmlimages.h"
 #include "platform/richtext/htmlnote.h"
 #include "platform/richtext/notemimedata.h"
+#include "platform/richtext/pastebounds.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfreader.h"
-#include "platform/richtext/rtftokenizer.h"
 #include "platform/richtext/selectionformat.h"
 
 #include <QMimeData>
@@ -17,15 +17,8 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
-
-using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qsizetype MostRichText = 64 << 20; // bytes, pictures and all
-constexpr qsizetype MostText = 2 << 20;      // characters, or bytes of rich text beside its pictures
-constexpr qsizetype MostFiles = 100;         // taken as pictures; of more the names are pasted
 
 // One thing that was offered, and where it is to go.
 struct Pasting
@@ -36,24 +29,9 @@ struct Pasting
     const PictureFit& fit;
 };
 
-// The data of pictures costs next to nothing, text is laid out.
-qsizetype SizeWithoutPictures(QByteArrayView rtf)
-{
-    qsizetype size = 0;
-    int depth = 0, pictureDepth = std::numeric_limits<int>::max();
-    RtfTokenizer tokenizer(rtf);
-    for (RtfToken token = tokenizer.Next(); token.kind != RtfToken::End; token = tokenizer.Next()) {
-        if (token.kind == RtfToken::Open) ++depth;
-        if (token.kind == RtfToken::Close && depth-- == pictureDepth) pictureDepth = std::numeric_limits<int>::max();
-        if (token.IsWord("pict") || token.IsWord("objdata")) pictureDepth = std::min(pictureDepth, depth);
-        if (depth < pictureDepth) size += token.bytes.size() + 1;
-    }
-    return size;
-}
-
 bool PasteNote(const Pasting& pasting, const QByteArray& rtf)
 {
-    if (!LooksLikeRtf(rtf) || rtf.size() > MostRichText || SizeWithoutPictures(rtf) > MostText) return false;
+    if (!LooksLikeRtf(rtf) || !IsRtfWithinBounds(rtf)) return false;
     const int begin = pasting.cursor.selectionStart();
     InsertRtf(rtf, pasting.cursor);
     return pasting.cursor.position() > begin;
@@ -134,7 +112,7 @@ bool IsImage(const QUrl& file)
 bool TakeFiles(const Pasting& pasting)
 {
     const QList<QUrl> urls = pasting.data.urls();
-    if (urls.size() > MostFiles || std::ranges::none_of(urls, IsImage)) return false;
+    if (urls.size() > MostPastedFiles || std::ranges::none_of(urls, IsImage)) return false;
     for (const QUrl& url : urls)
         if (!IsImage(url) || !InsertPicture(pasting.cursor, DataOfFile(url), pasting.fit))
             PasteText(pasting, url.toDisplayString() + u'\n');
@@ -144,7 +122,7 @@ bool TakeFiles(const Pasting& pasting)
 bool TakeText(const Pasting& pasting)
 {
     const QString text = pasting.data.text();
-    if (text.isEmpty() || text.size() > MostText) return false;
+    if (text.isEmpty() || text.size() > MostPastedText) return false;
     PasteText(pasting, text);
     return true;
 }

@@ -24,23 +24,20 @@ struct Shown
     }
 };
 
+// Empty where it is none.
+QByteArray ImageFileIn(const PictureData& data)
+{
+    if (data.kind == PictureData::File) return data.bytes;
+    return data.kind == PictureData::Bitmap ? ToBitmapFile(data.bytes) : QByteArray();
+}
+
 QImage Decode(QByteArrayView group, QSize most)
 {
     const PictureData data = DataOfPictureGroup(group);
-    switch (data.kind) {
-    case PictureData::File:
-        return ReadImage(data.bytes, most);
-    case PictureData::Bitmap:
-        return ReadImage(ToBitmapFile(data.bytes), most);
-    case PictureData::Metafile: {
-        const QImage whole = BitmapsOfMetafile(data.bytes);
-        const QSize size = whole.size().boundedTo(most);
-        return size == whole.size() ? whole : whole.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
-    case PictureData::Other:
-        break;
-    }
-    return {};
+    if (data.kind != PictureData::Metafile) return ReadImage(ImageFileIn(data), most);
+    const QImage whole = BitmapsOfMetafile(data.bytes);
+    const QSize size = whole.size().boundedTo(most);
+    return size == whole.size() ? whole : whole.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 } // namespace
@@ -61,17 +58,7 @@ QImage ImageOfPicture(const QTextImageFormat& picture, QSize most)
 QSize PixelsOfPictureGroup(QByteArrayView group)
 {
     const PictureData data = DataOfPictureGroup(group);
-    switch (data.kind) {
-    case PictureData::File:
-        return ImageSize(data.bytes);
-    case PictureData::Bitmap:
-        return ImageSize(ToBitmapFile(data.bytes));
-    case PictureData::Metafile:
-        return SizeOfMetafile(data.bytes);
-    case PictureData::Other:
-        break;
-    }
-    return {};
+    return data.kind == PictureData::Metafile ? SizeOfMetafile(data.bytes) : ImageSize(ImageFileIn(data));
 }
 
 QByteArray ImageFileOf(const QTextImageFormat& picture)

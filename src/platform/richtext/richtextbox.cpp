@@ -106,16 +106,6 @@ QByteArray RichTextBox::TextRTF() const
     return m_source && !Modified() ? *m_source : WriteRtf(*document());
 }
 
-bool RichTextBox::Holds(const QByteArray& rtf) const
-{
-    return m_source == rtf && !Modified();
-}
-
-bool RichTextBox::IsEmpty() const
-{
-    return document()->isEmpty();
-}
-
 void RichTextBox::SetTextRTF(const QByteArray& rtf)
 {
     BeginSetting();
@@ -166,11 +156,6 @@ void RichTextBox::KeepShapedText()
         block.layout()->setCacheEnabled(true);
 }
 
-bool RichTextBox::Locked() const
-{
-    return !(textInteractionFlags() & Qt::TextEditable);
-}
-
 void RichTextBox::SetLocked(bool locked)
 {
     if (locked == Locked()) return;
@@ -181,11 +166,6 @@ void RichTextBox::SetLocked(bool locked)
     changed.readOnly = changed.editable = true;
     QAccessibleStateChangeEvent told(this, changed);
     QAccessible::updateAccessibility(&told);
-}
-
-bool RichTextBox::Modified() const
-{
-    return document()->isModified();
 }
 
 void RichTextBox::SetModified(bool modified)
@@ -258,11 +238,6 @@ void RichTextBox::SaveFile(const QString& path)
     const QByteArray content = TextRTF();
     // A write that falls short and a buffer that cannot be flushed do not keep commit() from replacing the old file.
     if (file.write(content) != content.size() || !file.flush() || !file.commit()) RaiseAccessError();
-}
-
-int RichTextBox::RightMargin() const
-{
-    return m_rightMargin;
 }
 
 void RichTextBox::SetRightMargin(int pixels)

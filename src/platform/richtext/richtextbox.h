@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/richtext/movedtexts.h"
+#include "platform/richtext/selectionformat.h"
 
 #include <QTextCharFormat>
 #include <QTextCursor>
@@ -40,50 +41,61 @@ public:
     // not begin as rich text is taken as plain. Setting clears the modified flag and the undo stack.
     QByteArray TextRTF() const;
     void SetTextRTF(const QByteArray& rtf);
-    bool Holds(const QByteArray& rtf) const; // these bytes were set or saved, and the box is unmodified
-    bool IsEmpty() const;                    // nothing at all, not even a blank or a picture
+    bool Holds(const QByteArray& rtf) const { return m_source == rtf && !Modified(); } // were set or saved last
+    bool IsEmpty() const { return document()->isEmpty(); }                             // not even a blank or a picture
 
-    bool Locked() const; // true refuses typing; selecting and copying go on
+    // Locked, it refuses typing; selecting and copying go on.
+    bool Locked() const { return !(textInteractionFlags() & Qt::TextEditable); }
     void SetLocked(bool locked);
 
-    bool Modified() const; // since the content was last set
+    bool Modified() const { return document()->isModified(); } // since the content was last set
     void SetModified(bool modified);
     // What the box shows stands in a file as these bytes; unmodified from here, and what can be undone stays.
     void MarkSaved(const QByteArray& rtf);
 
     // The default font of the box. On a box with text, name and size change all of the text and set the modified flag.
     // The names are kept as written, whether or not such a font is installed. Size in points; 380 if 0 or less.
-    QFont Font() const;
+    QFont Font() const { return document()->defaultFont(); }
     // How what is typed looks while the box is blank, and again when it becomes so. Text that is there stays as it is.
     void SetBlankFormat(const QFont& font, std::uint32_t color);
     void SetFontName(const QString& name);
     void SetFontSize(double points);
-    void SetFontBold(bool bold);
-    void SetFontItalic(bool italic);
-    void SetFontUnderline(bool underline);
-    void SetFontStrikethrough(bool strikethrough);
+    void SetFontBold(bool bold) { ChangeFont(&QFont::setBold, bold, BoldFormat(bold)); }
+    void SetFontItalic(bool italic)
+    {
+        ChangeFont(&QFont::setItalic, italic, PartOf(&QTextCharFormat::setFontItalic, italic));
+    }
+    void SetFontUnderline(bool underline)
+    {
+        ChangeFont(&QFont::setUnderline, underline, PartOf(&QTextCharFormat::setFontUnderline, underline));
+    }
+    void SetFontStrikethrough(bool isStruck)
+    {
+        ChangeFont(&QFont::setStrikeOut, isStruck, PartOf(&QTextCharFormat::setFontStrikeOut, isStruck));
+    }
 
-    std::optional<bool> SelBold() const;
-    std::optional<bool> SelItalic() const;
-    std::optional<bool> SelUnderline() const;
-    std::optional<bool> SelStrikeThru() const;
-    std::optional<QString> SelFontName() const;
-    std::optional<double> SelFontSize() const;
-    std::optional<std::uint32_t> SelColor() const; // blue, green, red from high to low; no colour of its own is 0
-    std::optional<int> SelAlignment() const;       // 0 left, 1 right, 2 centre
+    std::optional<bool> SelBold() const { return Selected(IsBold); }
+    std::optional<bool> SelItalic() const { return Selected(IsItalic); }
+    std::optional<bool> SelUnderline() const { return Selected(IsUnderlined); }
+    std::optional<bool> SelStrikeThru() const { return Selected(IsStruckThrough); }
+    std::optional<QString> SelFontName() const { return Selected(FontName); }
+    std::optional<double> SelFontSize() const { return Selected(FontSize); }
+    // Blue, green, red from high to low; no colour of its own is 0.
+    std::optional<std::uint32_t> SelColor() const { return Selected(Color); }
+    std::optional<int> SelAlignment() const { return CommonAlignment(textCursor()); } // 0 left, 1 right, 2 centre
 
     // With no selection these set the format of what is typed next. On an empty box the colour comes back whenever the
     // box becomes empty again.
-    void SetSelBold(bool bold);
-    void SetSelItalic(bool italic);
-    void SetSelUnderline(bool underline);
-    void SetSelStrikeThru(bool strikethrough);
+    void SetSelBold(bool bold) { MergeIntoSelection(BoldFormat(bold)); }
+    void SetSelItalic(bool italic) { MergeIntoSelection(PartOf(&QTextCharFormat::setFontItalic, italic)); }
+    void SetSelUnderline(bool underline) { MergeIntoSelection(PartOf(&QTextCharFormat::setFontUnderline, underline)); }
+    void SetSelStrikeThru(bool isStruck) { MergeIntoSelection(PartOf(&QTextCharFormat::setFontStrikeOut, isStruck)); }
     void SetSelFontName(const QString& name);
     void SetSelFontSize(double points);
     void SetSelColor(std::uint32_t color);
     void SetSelAlignment(int alignment);
 
-    int SelStart() const;
+    int SelStart() const { return textCursor().selectionStart(); }
     int SelLength() const;
     void SetSelStart(int start); // empties the selection
     void SetSelLength(int length);
@@ -91,7 +103,7 @@ public:
     void LoadFile(const QString& path); // 53, 75
     void SaveFile(const QString& path); // 75; a failed write leaves the old file
 
-    int RightMargin() const; // width of the wrapped text in pixels; 0 wraps at the box's edge
+    int RightMargin() const { return m_rightMargin; } // width of the wrapped text in pixels; 0 wraps at the box's edge
     void SetRightMargin(int pixels);
 
     // Shows the note to be read: from the first line, nothing selected. The caret stays, and is shown again
@@ -159,9 +171,20 @@ private:
     void Type(const QString& text);
     void KeepFormat(const QTextCharFormat& format);
     void FormatCommitted(int start, qsizetype length, const QTextCharFormat& format);
-    template <typename Read>
-    auto Selected(Read read) const;
-    void ChangeFont(const QFont& font, const QTextCharFormat& part);
+    template <typename Value>
+    std::optional<Value> Selected(Value (*read)(const QTextCharFormat&, const QFont&)) const
+    {
+        return CommonValue(textCursor(), m_blank ? m_typingFormat : currentCharFormat(),
+                           [&](const QTextCharFormat& format) { return read(format, Font()); });
+    }
+    template <typename Value>
+    void ChangeFont(void (QFont::*set)(Value), Value value, const QTextCharFormat& part)
+    {
+        QFont font = Font();
+        (font.*set)(value);
+        if (font != Font()) document()->setDefaultFont(font);
+        if (m_blank) m_typingFormat.merge(part);
+    }
     void ChangeAllText(const QTextCharFormat& part);
     void MergeIntoSelection(const QTextCharFormat& part);
     void TellUnpasted(const QMimeData& source);

@@ -31,11 +31,6 @@ void MergeIntoEmptyLine(const QTextCursor& selection, const QTextCharFormat& par
 }
 } // namespace
 
-QFont RichTextBox::Font() const
-{
-    return document()->defaultFont();
-}
-
 void RichTextBox::SetBlankFormat(const QFont& font, std::uint32_t color)
 {
     if (font != Font()) document()->setDefaultFont(font);
@@ -46,53 +41,16 @@ void RichTextBox::SetBlankFormat(const QFont& font, std::uint32_t color)
 void RichTextBox::SetFontName(const QString& name)
 {
     if (name.isEmpty()) return;
-    QFont font = Font();
-    font.setFamily(name);
-    ChangeFont(font, NameFormat(name));
+    ChangeFont<const QString&>(&QFont::setFamily, name, NameFormat(name));
     ChangeAllText(NameFormat(name));
 }
 
 void RichTextBox::SetFontSize(double points)
 {
     CheckFontSize(points);
-    QFont font = Font();
-    font.setPointSizeF(points);
-    ChangeFont(font, SizeFormat(points));
-    ChangeAllText(SizeFormat(points));
-}
-
-void RichTextBox::SetFontBold(bool bold)
-{
-    QFont font = Font();
-    font.setBold(bold);
-    ChangeFont(font, BoldFormat(bold));
-}
-
-void RichTextBox::SetFontItalic(bool italic)
-{
-    QFont font = Font();
-    font.setItalic(italic);
-    ChangeFont(font, ItalicFormat(italic));
-}
-
-void RichTextBox::SetFontUnderline(bool underline)
-{
-    QFont font = Font();
-    font.setUnderline(underline);
-    ChangeFont(font, UnderlineFormat(underline));
-}
-
-void RichTextBox::SetFontStrikethrough(bool strikethrough)
-{
-    QFont font = Font();
-    font.setStrikeOut(strikethrough);
-    ChangeFont(font, StrikeThruFormat(strikethrough));
-}
-
-void RichTextBox::ChangeFont(const QFont& font, const QTextCharFormat& part)
-{
-    if (font != Font()) document()->setDefaultFont(font);
-    if (m_blank) m_typingFormat.merge(part);
+    const QTextCharFormat part = PartOf(&QTextCharFormat::setFontPointSize, points);
+    ChangeFont(&QFont::setPointSizeF, points, part);
+    ChangeAllText(part);
 }
 
 void RichTextBox::ChangeAllText(const QTextCharFormat& part)
@@ -106,54 +64,6 @@ void RichTextBox::ChangeAllText(const QTextCharFormat& part)
     if (!textCursor().hasSelection()) mergeCurrentCharFormat(part);
 }
 
-template <typename Read>
-auto RichTextBox::Selected(Read read) const
-{
-    const QFont font = Font();
-    return CommonValue(textCursor(), m_blank ? m_typingFormat : currentCharFormat(),
-                       [&](const QTextCharFormat& format) { return read(format, font); });
-}
-
-std::optional<bool> RichTextBox::SelBold() const
-{
-    return Selected(IsBold);
-}
-
-std::optional<bool> RichTextBox::SelItalic() const
-{
-    return Selected(IsItalic);
-}
-
-std::optional<bool> RichTextBox::SelUnderline() const
-{
-    return Selected(IsUnderlined);
-}
-
-std::optional<bool> RichTextBox::SelStrikeThru() const
-{
-    return Selected(IsStruckThrough);
-}
-
-std::optional<QString> RichTextBox::SelFontName() const
-{
-    return Selected(FontName);
-}
-
-std::optional<double> RichTextBox::SelFontSize() const
-{
-    return Selected(FontSize);
-}
-
-std::optional<std::uint32_t> RichTextBox::SelColor() const
-{
-    return Selected(Color);
-}
-
-std::optional<int> RichTextBox::SelAlignment() const
-{
-    return CommonAlignment(textCursor());
-}
-
 void RichTextBox::MergeIntoSelection(const QTextCharFormat& part)
 {
     if (m_blank)
@@ -161,26 +71,6 @@ void RichTextBox::MergeIntoSelection(const QTextCharFormat& part)
     else
         MergeIntoEmptyLine(textCursor(), part);
     mergeCurrentCharFormat(part);
-}
-
-void RichTextBox::SetSelBold(bool bold)
-{
-    MergeIntoSelection(BoldFormat(bold));
-}
-
-void RichTextBox::SetSelItalic(bool italic)
-{
-    MergeIntoSelection(ItalicFormat(italic));
-}
-
-void RichTextBox::SetSelUnderline(bool underline)
-{
-    MergeIntoSelection(UnderlineFormat(underline));
-}
-
-void RichTextBox::SetSelStrikeThru(bool strikethrough)
-{
-    MergeIntoSelection(StrikeThruFormat(strikethrough));
 }
 
 void RichTextBox::SetSelFontName(const QString& name)
@@ -191,7 +81,7 @@ void RichTextBox::SetSelFontName(const QString& name)
 void RichTextBox::SetSelFontSize(double points)
 {
     CheckFontSize(points);
-    MergeIntoSelection(SizeFormat(points));
+    MergeIntoSelection(PartOf(&QTextCharFormat::setFontPointSize, points));
 }
 
 void RichTextBox::SetSelColor(std::uint32_t color)
@@ -207,11 +97,6 @@ void RichTextBox::SetSelAlignment(int alignment)
     format.setAlignment(Alignments[std::size_t(alignment)]);
     QTextCursor cursor = textCursor();
     cursor.mergeBlockFormat(format);
-}
-
-int RichTextBox::SelStart() const
-{
-    return textCursor().selectionStart();
 }
 
 int RichTextBox::SelLength() const

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <span>
 
 namespace {
 
@@ -22,64 +23,53 @@ constexpr Charset Charsets[] = {
     {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
 };
 
-struct CodePage
+struct Alias
+{
+    int number;
+    int page;
+};
+
+// What the decoders do not have reads as its neighbour.
+constexpr Alias Aliases[] = {{10001, 932}, {10002, 950}, {10003, 949}, {10005, 1255}, {10008, 936}, {10021, 874}};
+
+constexpr int Consoles[] = {437, 720, 737, 775, 850, 852, 855, 857, 858, 860, 861, 862, 863, 864, 865, 866, 869};
+constexpr int Windows[] = {874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258};
+constexpr int OfSeveralBytes[] = {932, 936, 949, 950, 54936, 65001};
+
+struct OtherPage
 {
     int number;
     const char* name;
-    bool takesSeveralBytes = false;
 };
+constexpr OtherPage OtherPages[] = {
+    {10000, "macintosh"},     {10006, "x-mac-greek"}, {10007, "x-mac-cyrillic"}, {10029, "x-mac-centraleurroman"},
+    {10081, "x-mac-turkish"}, {54936, "gb18030"},     {65001, "utf-8"}};
 
-constexpr CodePage CodePages[] = {
-    {1252, "windows-1252"},
-    {437, "ibm-437"},
-    {720, "ibm-720"},
-    {737, "ibm-737"},
-    {775, "ibm-775"},
-    {850, "ibm-850"},
-    {852, "ibm-852"},
-    {855, "ibm-855"},
-    {857, "ibm-857"},
-    {858, "ibm-858"},
-    {860, "ibm-860"},
-    {861, "ibm-861"},
-    {862, "ibm-862"},
-    {863, "ibm-863"},
-    {864, "ibm-864"},
-    {865, "ibm-865"},
-    {866, "ibm-866"},
-    {869, "ibm-869"},
-    {874, "windows-874"},
-    {932, "windows-932", true},
-    {936, "windows-936", true},
-    {949, "windows-949", true},
-    {950, "windows-950", true},
-    {1250, "windows-1250"},
-    {1251, "windows-1251"},
-    {1253, "windows-1253"},
-    {1254, "windows-1254"},
-    {1255, "windows-1255"},
-    {1256, "windows-1256"},
-    {1257, "windows-1257"},
-    {1258, "windows-1258"},
-    {10000, "macintosh"},
-    {10001, "windows-932", true},
-    {10002, "windows-950", true},
-    {10003, "windows-949", true},
-    {10005, "windows-1255"},
-    {10008, "windows-936", true},
-    {10021, "windows-874"},
-    {10006, "x-mac-greek"},
-    {10007, "x-mac-cyrillic"},
-    {10029, "x-mac-centraleurroman"},
-    {10081, "x-mac-turkish"},
-    {54936, "gb18030", true},
-    {65001, "utf-8", true},
-};
-
-const CodePage& PageOf(int number)
+bool IsIn(std::span<const int> numbers, int number)
 {
-    const auto found = std::ranges::find(CodePages, number, &CodePage::number);
-    return found == std::end(CodePages) ? CodePages[0] : *found;
+    return std::ranges::find(numbers, number) != numbers.end();
+}
+
+struct CodePage
+{
+    int number;
+    bool takesSeveralBytes;
+
+    QByteArray Name() const
+    {
+        const auto other = std::ranges::find(OtherPages, number, &OtherPage::number);
+        if (other != std::end(OtherPages)) return other->name;
+        return (IsIn(Consoles, number) ? "ibm-" : "windows-") + QByteArray::number(number);
+    }
+};
+
+CodePage PageOf(int number)
+{
+    const auto alias = std::ranges::find(Aliases, number, &Alias::number);
+    if (alias != std::end(Aliases)) number = alias->page;
+    const bool isKnown = IsIn(Consoles, number) || IsIn(Windows, number) ||
+                         std::ranges::find(OtherPages, number, &OtherPage::number) != std::end(OtherPages);
+    return {isKnown ? number : AnsiCodePage, isKnown && IsIn(OfSeveralBytes, number)};
 }
 
 using UpperHalf = std::array<char16_t, 128>;
@@ -87,7 +77,7 @@ using UpperHalf = std::array<char16_t, 128>;
 UpperHalf ReadUpperHalf(const CodePage& page)
 {
     UpperHalf upperHalf;
-    QStringDecoder decoder(page.name);
+    QStringDecoder decoder(page.Name().constData());
     for (int i = 0; i < 128; ++i) {
         const char byte = static_cast<char>(128 + i);
         const QString decoded = decoder.decode(QByteArrayView(&byte, 1));
@@ -138,12 +128,12 @@ int CodePageOfCharset(int charset)
 
 QString DecodeRtfBytes(QByteArrayView bytes, int codePage, int otherPage)
 {
-    const CodePage& page = PageOf(codePage);
+    const CodePage page = PageOf(codePage);
     if (!page.takesSeveralBytes) return DecodeSingleBytes(bytes, page);
-    QStringDecoder decoder(page.name, QStringDecoder::Flag::Stateless);
+    QStringDecoder decoder(page.Name().constData(), QStringDecoder::Flag::Stateless);
     QString text = decoder.decode(bytes);
     if (!decoder.hasError()) return text;
     text.replace(Substitute, QChar::ReplacementCharacter);
-    const CodePage& other = PageOf(otherPage);
+    const CodePage other = PageOf(otherPage);
     return !other.takesSeveralBytes && IsMostlyBroken(text) ? DecodeSingleBytes(bytes, other) : text;
 }

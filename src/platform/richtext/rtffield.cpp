@@ -1,62 +1,31 @@
 #include "platform/richtext/rtffield.h"
 
-#include <QStringList>
+#include <QRegularExpression>
 
 namespace {
 
-// The words of an instruction, quoted or bare. A switch is a bare word that begins with a backslash.
-class Words
+struct Word
 {
-public:
-    explicit Words(QStringView instruction) : m_rest(instruction) {}
+    QString text;
+    bool isQuoted = false;
 
-    bool HasNext()
+    // A switch is a bare word that begins with a backslash.
+    bool IsSwitch() const { return !isQuoted && text.startsWith(u'\\'); }
+    bool IsSwitch(QStringView letters) const
     {
-        m_rest = m_rest.trimmed();
-        return !m_rest.isEmpty();
+        return IsSwitch() && text.size() == 2 && letters.contains(text[1].toLower());
     }
-
-    QString Next()
-    {
-        if (!HasNext()) return {};
-        m_isQuoted = m_rest.front() == u'"';
-        return m_isQuoted ? NextQuoted() : NextBare();
-    }
-
-    bool IsQuoted() const { return m_isQuoted; } // the word that came last
-
-private:
-    QString NextBare()
-    {
-        qsizetype length = 0;
-        while (length < m_rest.size() && !m_rest[length].isSpace())
-            ++length;
-        const QString word = m_rest.first(length).toString();
-        m_rest = m_rest.sliced(length);
-        return word;
-    }
-
-    QString NextQuoted()
-    {
-        QString word;
-        qsizetype at = 1;
-        for (; at < m_rest.size() && m_rest[at] != u'"'; ++at) {
-            const bool isEscape =
-                m_rest[at] == u'\\' && at + 1 < m_rest.size() && (m_rest[at + 1] == u'\\' || m_rest[at + 1] == u'"');
-            if (isEscape) ++at;
-            word += m_rest[at];
-        }
-        m_rest = m_rest.sliced(std::min(at + 1, m_rest.size()));
-        return word;
-    }
-
-    QStringView m_rest;
-    bool m_isQuoted = false;
 };
 
-bool IsSwitch(QStringView word, QStringView letters)
+QList<Word> WordsOf(const QString& instruction)
 {
-    return word.size() == 2 && letters.contains(word[1].toLower());
+    static const QRegularExpression word(uR"re("((?:\\[\\"]|[^"])*+)"?|\S+)re"_s), escape(uR"re(\\([\\"]))re"_s);
+    QList<Word> words;
+    for (const QRegularExpressionMatch& match : word.globalMatch(instruction)) {
+        const bool isQuoted = match.hasCaptured(1);
+        words.append({isQuoted ? match.captured(1).replace(escape, u"\\1"_s) : match.captured(), isQuoted});
+    }
+    return words;
 }
 
 QString Quoted(QString text)
@@ -68,20 +37,19 @@ QString Quoted(QString text)
 
 } // namespace
 
-QString LinkOfField(QStringView instruction)
+QString LinkOfField(const QString& instruction)
 {
-    Words words(instruction);
-    if (words.Next().compare(u"HYPERLINK", Qt::CaseInsensitive) != 0) return {};
+    const QList<Word> words = WordsOf(instruction);
+    if (words.value(0).text.compare("HYPERLINK"_L1, Qt::CaseInsensitive) != 0) return {};
     QString target;
-    while (words.HasNext()) {
-        const QString word = words.Next();
-        const bool isSwitch = !words.IsQuoted() && word.startsWith(u'\\');
-        if (!isSwitch && target.isEmpty())
-            target = word;
-        else if (isSwitch && IsSwitch(word, u"l"))
-            target += u'#' + words.Next();
-        else if (isSwitch && IsSwitch(word, u"ot")) // a tip, a frame: each has a word of its own
-            words.Next();
+    for (qsizetype i = 1; i < words.size(); ++i) {
+        const Word& word = words[i];
+        if (!word.IsSwitch() && target.isEmpty())
+            target = word.text;
+        else if (word.IsSwitch(u"l"))
+            target += u'#' + words.value(++i).text;
+        else if (word.IsSwitch(u"ot")) // a tip, a frame: each has a word of its own
+            ++i;
     }
     return target.size() <= LongestLink ? target : QString();
 }

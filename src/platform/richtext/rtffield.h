@@ -5,7 +5,7 @@
 
 // The address that HYPERLINK leads to, with "#" and a place within it if there is one; empty for
 // every other field.
-QString LinkOfField(QStringView instruction);
+QString LinkOfField(const QString& instruction);
 
 // Longer ones are no links: a link is told again wherever it is interrupted.
 inline constexpr qsizetype LongestLink = 2048;

@@ -122,7 +122,7 @@ void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCha
             if (!inside || format.objectType() != QTextFormat::NoObject) continue;
             QTextCharFormat whole = base;
             whole.merge(format);
-            whole.merge(SizeFormat(FontSize(format, defaultFont)));
+            whole.setFontPointSize(FontSize(format, defaultFont));
             whole.clearProperty(QTextFormat::FontPixelSize);
             whole.clearProperty(QTextFormat::FontSizeAdjustment);
             cursor.setPosition(std::max(position, start));
@@ -135,44 +135,12 @@ void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCha
 
 QTextCharFormat BoldFormat(bool bold)
 {
-    QTextCharFormat format;
-    format.setFontWeight(bold ? QFont::Bold : QFont::Normal);
-    return format;
-}
-
-QTextCharFormat ItalicFormat(bool italic)
-{
-    QTextCharFormat format;
-    format.setFontItalic(italic);
-    return format;
-}
-
-QTextCharFormat UnderlineFormat(bool underline)
-{
-    QTextCharFormat format;
-    format.setFontUnderline(underline);
-    return format;
-}
-
-QTextCharFormat StrikeThruFormat(bool strikethrough)
-{
-    QTextCharFormat format;
-    format.setFontStrikeOut(strikethrough);
-    return format;
+    return PartOf(&QTextCharFormat::setFontWeight, bold ? QFont::Bold : QFont::Normal);
 }
 
 QTextCharFormat NameFormat(const QString& name)
 {
-    QTextCharFormat format;
-    format.setFontFamilies(FamiliesOf(name));
-    return format;
-}
-
-QTextCharFormat SizeFormat(double points)
-{
-    QTextCharFormat format;
-    format.setFontPointSize(points);
-    return format;
+    return PartOf(&QTextCharFormat::setFontFamilies, FamiliesOf(name));
 }
 
 QTextCharFormat ColorFormat(std::uint32_t color)
@@ -185,10 +153,10 @@ QTextCharFormat ColorFormat(std::uint32_t color)
 QTextCharFormat FormatOf(const QFont& font)
 {
     QTextCharFormat format = NameFormat(font.family());
-    format.merge(SizeFormat(PointSize(font)));
-    format.merge(BoldFormat(font.bold()));
-    format.merge(ItalicFormat(font.italic()));
-    format.merge(UnderlineFormat(font.underline()));
-    format.merge(StrikeThruFormat(font.strikeOut()));
+    format.setFontPointSize(PointSize(font));
+    format.setFontWeight(font.bold() ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(font.italic());
+    format.setFontUnderline(font.underline());
+    format.setFontStrikeOut(font.strikeOut());
     return format;
 }

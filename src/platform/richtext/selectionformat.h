@@ -65,12 +65,15 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont);     //
 std::uint32_t Color(const QTextCharFormat& format, const QFont& defaultFont); // blue, green, red; 0 for none of its own
 
 // The other way round: the attribute alone, to be merged into characters.
+template <typename Given, typename Value>
+QTextCharFormat PartOf(void (QTextCharFormat::*set)(Given), const Value& value)
+{
+    QTextCharFormat part;
+    (part.*set)(value);
+    return part;
+}
 QTextCharFormat BoldFormat(bool bold);
-QTextCharFormat ItalicFormat(bool italic);
-QTextCharFormat UnderlineFormat(bool underline);
-QTextCharFormat StrikeThruFormat(bool strikethrough);
 QTextCharFormat NameFormat(const QString& name);
-QTextCharFormat SizeFormat(double points);
 QTextCharFormat ColorFormat(std::uint32_t color);
 
 // All that the font says, spelled out.

@@ -1,10 +1,14 @@
-#include "platform/richtext/htmlbounds.h"
+#include "platform/richtext/pastebounds.h"
+
+#include "platform/richtext/rtftokenizer.h"
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
 
+constexpr qsizetype MostRichText = 64 << 20; // bytes, pictures and all
 constexpr qsizetype MostCharacters = 64 << 20;
 constexpr qsizetype MostMarkup = 1 << 20;
 constexpr int MostDepth = 200;
@@ -110,9 +114,29 @@ bool HasBoundedElements(QStringView html)
     return true;
 }
 
+// The data of pictures costs next to nothing, text is laid out.
+qsizetype SizeWithoutPictures(QByteArrayView rtf)
+{
+    qsizetype size = 0;
+    int depth = 0, pictureDepth = std::numeric_limits<int>::max();
+    RtfTokenizer tokenizer(rtf);
+    for (RtfToken token = tokenizer.Next(); token.kind != RtfToken::End; token = tokenizer.Next()) {
+        if (token.kind == RtfToken::Open) ++depth;
+        if (token.kind == RtfToken::Close && depth-- == pictureDepth) pictureDepth = std::numeric_limits<int>::max();
+        if (token.IsWord("pict") || token.IsWord("objdata")) pictureDepth = std::min(pictureDepth, depth);
+        if (depth < pictureDepth) size += token.bytes.size() + 1;
+    }
+    return size;
+}
+
 } // namespace
 
-bool IsWithinBounds(QStringView html)
+bool IsHtmlWithinBounds(QStringView html)
 {
     return html.size() <= MostCharacters && SizeWithoutData(html) <= MostMarkup && HasBoundedElements(html);
+}
+
+bool IsRtfWithinBounds(QByteArrayView rtf)
+{
+    return rtf.size() <= MostRichText && SizeWithoutPictures(rtf) <= MostPastedText;
 }
