@@ -4,7 +4,6 @@
 #include "hall/bottompanel.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/sspanel.h"
-#include "platform/controls/visible.h"
 
 int CStatusbarView::Height() const
 {
@@ -20,7 +19,7 @@ void CStatusbarView::ShowControl(std::int32_t left, std::int32_t, std::int32_t r
     PlaceLeftSpin();
     PlaceRightSpin();
     StyleTitle(panel);
-    SetVisible(panel, true);
+    panel.setVisible(true);
 }
 
 void CStatusbarView::PlaceLeftSpin()

@@ -10,7 +10,6 @@
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
-#include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
@@ -44,7 +43,7 @@ void QMTDB::ReadNote(int cell)
 {
     RichTextBox& box = m_cells.tbDay(cell);
     box.SetLocked(true);
-    SetVisible(box, true);
+    box.setVisible(true);
     // After a failed open the tables are still the planner's before, and what is typed would have no place.
     if (!HasPlanner()) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
     const QString key = KeyOf(cell);
