@@ -9,7 +9,6 @@
 #include "plannerfile/alarmmarks.h"
 #include "plannerfile/plannerstate.h"
 #include "platform/controls/picturebutton.h"
-#include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
@@ -77,7 +76,7 @@ void CCalendarView::PosDayOfWeek(const Rectangle& area)
         SSPanel& heading = m_cells.lblDayOfWeek(day);
         const bool isLast = day == Columns - 1;
         heading.setGeometry(area.left + day * width, area.top, isLast ? width + rest : width, heading.height());
-        SetVisible(heading, true);
+        heading.setVisible(true);
         if (day > 0) heading.SetCaption(fnDayOfWeekName(day));
         StyleHeading(heading);
     }
@@ -93,9 +92,9 @@ void CCalendarView::PlaceCell(int cell, int column, int top, int height)
                     qMax(0, height - NoteLower));
     // Lines break at the box's edge, not at a page's width.
     box.SetRightMargin(0);
-    SetVisible(panel, true);
+    panel.setVisible(true);
     box.raise();
-    SetVisible(box, true);
+    box.setVisible(true);
 }
 
 void CCalendarView::PosWeekPanels(const Rectangle& area)
@@ -148,8 +147,8 @@ void CCalendarView::Clear()
     m_cells.LeaveFor(*m_cells.Client()); // else the focus would pass on to the first button of the toolbar
     for (const int cell : CellsOf(m_iViewMode)) {
         if (cell == 0) continue; // the view of a day
-        SetVisible(m_cells.panelDay(cell), false);
-        SetVisible(m_cells.tbDay(cell), false);
+        m_cells.panelDay(cell).setVisible(false);
+        m_cells.tbDay(cell).setVisible(false);
     }
     m_cells.Client()->update(m_rcView.left, m_rcView.top, m_rcView.right - m_rcView.left,
                              m_rcView.bottom - m_rcView.top);

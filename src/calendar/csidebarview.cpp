@@ -4,7 +4,6 @@
 #include "hall/sidebar.h"
 #include "platform/controls/picturestrip.h"
 #include "platform/controls/tabstrip.h"
-#include "platform/controls/visible.h"
 #include "platform/desktop/twips.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
@@ -50,7 +49,7 @@ void CSidebarView::TogglePages()
     const int front = m_sidebar.tabSidebar->SelectedIndex() == Pictures ? Pictures : 0;
     // The page behind takes no Tab key.
     for (int page = 0; page < 2; ++page)
-        ::SetVisible(*m_sidebar.fraSidebar[static_cast<std::size_t>(page)], page == front);
+        m_sidebar.fraSidebar[static_cast<std::size_t>(page)]->setVisible(page == front);
     m_sidebar.fraSidebar[static_cast<std::size_t>(front)]->raise();
 }
 
@@ -75,7 +74,7 @@ void CSidebarView::ShowControl(std::int32_t left, std::int32_t top, std::int32_t
         strip.setGeometry(left, top, right - left, bottom - top);
         tail([&] { PosTabPages(); });
     }
-    ::SetVisible(strip, shown);
+    strip.setVisible(shown);
     for (QWidget* page : m_sidebar.fraSidebar)
         page->setEnabled(shown);
 }

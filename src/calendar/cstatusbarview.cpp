@@ -4,7 +4,6 @@
 #include "hall/panelstyle.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/sspanel.h"
-#include "platform/controls/visible.h"
 
 int CStatusbarView::Height() const
 {
@@ -20,5 +19,5 @@ void CStatusbarView::ShowControl(std::int32_t left, std::int32_t, std::int32_t r
     m_bottom.imgLeftSpin->move(0, 0);
     m_bottom.imgRightSpin->move(panel.width() - m_bottom.imgRightSpin->width(), 0);
     StyleTitle(panel);
-    SetVisible(panel, true);
+    panel.setVisible(true);
 }

@@ -3,7 +3,6 @@
 #include "calendar/ccalendarview.h"
 #include "hall/menus.h"
 #include "platform/controls/toolbar.h"
-#include "platform/controls/visible.h"
 #include "platform/profile/profile.h"
 #include "settings/settings.h"
 
@@ -58,7 +57,7 @@ int CToolbarView::Height() const
 
 void CToolbarView::ShowControl()
 {
-    ::SetVisible(m_tbTop, m_bVisible);
+    m_tbTop.setVisible(m_bVisible);
     if (!m_bVisible) return;
     const QRect client = m_tbTop.parentWidget()->rect();
     m_tbTop.SetRoom(client.width());

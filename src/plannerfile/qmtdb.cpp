@@ -9,7 +9,6 @@
 #include "plannerfile/journal.h"
 #include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
-#include "platform/controls/visible.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
@@ -58,7 +57,7 @@ void QMTDB::ReadNote(int cell)
 {
     RichTextBox& box = m_cells.tbDay(cell);
     box.SetLocked(true);
-    SetVisible(box, true);
+    box.setVisible(true);
     // After a failed open the tables are still the planner's before, and what is typed would have no place; nor has it
     // one in a cell that has not been numbered yet.
     if (!HasPlanner() || m_cells.KeyOf(cell).isEmpty())

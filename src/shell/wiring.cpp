@@ -133,7 +133,7 @@ void WireMenus(Rooms& rooms)
 
 // The pictures of the sidebar whose look is no state: they look pressed while they are, unless there is no planner for
 // their command, which then says so.
-struct PictureRow
+struct PressedPicture
 {
     PictureButton* Sidebar::*picture;
     QByteArray name;
@@ -142,7 +142,7 @@ struct PictureRow
     bool needsPlanner = true;
 };
 
-void WirePicture(Rooms& rooms, const PictureRow& row)
+void WirePicture(Rooms& rooms, const PressedPicture& row)
 {
     PictureButton* picture = rooms.controls.sidebar.*row.picture;
     const auto canRun = [needsPlanner = row.needsPlanner] { return !needsPlanner || HasPlanner(); };
@@ -159,14 +159,14 @@ void WirePicture(Rooms& rooms, const PictureRow& row)
 void WireSidebar(Rooms& rooms)
 {
     const Sidebar& sidebar = rooms.controls.sidebar;
-    const PictureRow rows[] = {
+    const PressedPicture rows[] = {
         {&Sidebar::picDay, "picDay", "_Click", Run<&Rooms::dayView, &DayView::subZoomView>},
         {&Sidebar::picRecurse, "picRecurse", "_MouseUp",
          Run<&Rooms::recurringEvents, &RecurringEvents::mnuRecurse_Click>},
         {&Sidebar::picAlarm, "picAlarm", "_MouseUp", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
         {&Sidebar::picPrint, "picPrint", "_MouseUp", Run<&Rooms::printing, &Printing::mnuPrint_Click>, false},
     };
-    for (const PictureRow& row : rows)
+    for (const PressedPicture& row : rows)
         WirePicture(rooms, row);
     On(sidebar.picWeek, &PictureButton::Click, "picWeek_Click", rooms.navigation, &Navigation::picWeek_Click);
     On(sidebar.picMonth, &PictureButton::Click, "picMonth_Click", rooms.navigation, &Navigation::subSwitchToMonthView);

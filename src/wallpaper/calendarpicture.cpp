@@ -6,7 +6,6 @@
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
-#include "platform/controls/visible.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/look/paper.h"
@@ -55,10 +54,10 @@ SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
     return cell == 0 ? nullptr : &cells.panelDay(cell);
 }
 MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month)
-    : m_lblDateDiff(lblDateDiff), m_hadLabel(Visible(lblDateDiff)), m_month(month), m_title(month.Caption())
+    : m_lblDateDiff(lblDateDiff), m_hadLabel(!lblDateDiff.isHidden()), m_month(month), m_title(month.Caption())
 {
     m_month.SetCaption(MonthTitle());
-    SetVisible(m_lblDateDiff, false);
+    m_lblDateDiff.setVisible(false);
     const CellRange range = CellsOf(viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
         if (!cells.Shows(cell)) continue;
@@ -79,7 +78,7 @@ MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDat
 MomentsLook::~MomentsLook()
 {
     m_month.SetCaption(m_title);
-    SetVisible(m_lblDateDiff, m_hadLabel);
+    m_lblDateDiff.setVisible(m_hadLabel);
     if (m_today) {
         ApplyStyle(*m_today, ReadStyle(settings::TodayPanel));
         m_today->SetPaper(paper::Today);

@@ -6,7 +6,6 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
 #include "platform/controls/toolbar.h"
-#include "platform/controls/visible.h"
 #include "workgroup/heldday.h"
 #include "workgroup/workgroupstate.h"
 
@@ -19,7 +18,7 @@ void NetworkMode::subSetNetworkMode(bool bOn)
     if (!bOn) m_controls.tmUnLock->SetEnabled(false);
     for (PictureButton* picture : {m_controls.picRefresh, m_controls.picLock})
         picture->ShowElement(bOn ? 0 : PictureButton::NoElement);
-    SetVisible(*m_controls.lblNetwork, bOn);
+    m_controls.lblNetwork->setVisible(bOn);
     m_menus("mnuRefresh"_L1).SetEnabled(bOn);
     m_menus("mnuLockDay"_L1).SetEnabled(bOn);
     // A workgroup's planner has no general save: each day is saved by its own lock.

@@ -8,14 +8,14 @@
 #include <QDialogButtonBox>
 #include <QFontDialog>
 #include <QFontInfo>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
+#include <QSet>
 #include <QVBoxLayout>
-
-#include <array>
 
 namespace {
 constexpr QSize SwatchSize(32, 16);
@@ -46,8 +46,7 @@ public:
     {
         Font,
         Style,
-        Size,
-        PartCount
+        Size
     };
 
     InnerFontDialog(const FontChoice& seed, int flags, QDialog* outer)
@@ -59,13 +58,19 @@ public:
         setSizeGripEnabled(false);
         const auto lists = findChildren<QListView*>(Qt::FindDirectChildrenOnly);
         const auto fields = findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
-        Watch(lists);
-        Watch(fields);
+        const QString names[] = {u"Font"_s, u"Style"_s, u"Size"_s};
+        for (const Part part : {Font, Style, Size}) { // the order in which lists and fields stand
+            lists[part]->setAccessibleName(names[part]);
+            fields[part]->setAccessibleName(names[part]);
+            if (part == Font) continue; // its list knows by itself
+            Watch(*lists[part]->viewport(), part);
+            Watch(*fields[part], part);
+        }
         m_families = new FamilyList(*this, *lists[Font], *fields[Font], NameOf(seed));
     }
 
     const FamilyList& Families() const { return *m_families; }
-    bool IsTouched(Part part) const { return m_touched[part]; }
+    bool IsTouched(Part part) const { return m_touched.contains(part); }
     void accept() override { m_outer->accept(); }
 
 protected:
@@ -75,35 +80,21 @@ protected:
     {
         const bool isKey =
             event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->text().trimmed().isEmpty();
-        if (isKey || event->type() == QEvent::MouseButtonPress) Touch(watched);
+        if (isKey || event->type() == QEvent::MouseButtonPress) m_touched.insert(m_parts.value(watched));
         return QFontDialog::eventFilter(watched, event);
     }
 
 private:
-    // The lists, and the fields above them, stand in the order of the parts.
-    template <typename Control>
-    void Watch(const QList<Control*>& controls)
+    void Watch(QObject& control, Part part)
     {
-        for (qsizetype part = 0; part < controls.size() && part < PartCount; ++part) {
-            static constexpr const char* names[] = {"Font", "Style", "Size"};
-            controls[part]->setAccessibleName(QString::fromLatin1(names[part]));
-            QObject* control = controls[part];
-            if (auto* list = qobject_cast<QAbstractScrollArea*>(control)) control = list->viewport();
-            m_parts.insert(control, int(part));
-            control->installEventFilter(this);
-        }
-    }
-
-    void Touch(const QObject* control)
-    {
-        const auto part = m_parts.constFind(control);
-        if (part != m_parts.cend()) m_touched[std::size_t(*part)] = true;
+        m_parts.insert(&control, part);
+        control.installEventFilter(this);
     }
 
     QDialog* m_outer;
     FamilyList* m_families;
-    QHash<const QObject*, int> m_parts;
-    std::array<bool, PartCount> m_touched{};
+    QHash<const QObject*, Part> m_parts;
+    QSet<Part> m_touched;
 };
 
 class FontForm : public QDialog

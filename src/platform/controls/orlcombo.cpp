@@ -14,7 +14,7 @@
 #include <QWheelEvent>
 
 namespace {
-constexpr QSize SwatchSize{12, 12};
+constexpr QSize ColorSize{12, 12};
 
 constexpr int Sizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
@@ -62,7 +62,7 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setStyle(&PaperStyle::Shared());
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setIconSize(SwatchSize);
+    setIconSize(ColorSize);
     setMaxVisibleItems(18);
     setPlaceholderText(u" "_s); // with one, a box that is filled has no entry chosen yet
     connect(this, &QComboBox::activated, this, &ORLCombo::Choose);

@@ -109,7 +109,12 @@ bool PictureStrip::event(QEvent* event)
 // Whoever has no mouse to drag with chooses a picture by the arrow keys, copies it and pastes it into a note.
 void PictureStrip::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Copy)) return Copy();
+    QPixmap cursor;
+    if (event->matches(QKeySequence::Copy)) {
+        // As it would be dragged: other programs know the picture too.
+        if (auto carried = Carried(cursor)) QGuiApplication::clipboard()->setMimeData(carried.release());
+        return;
+    }
     RichTextBox::keyPressEvent(event);
     const int key = event->key();
     const bool moves = key >= Qt::Key_Home && key <= Qt::Key_Down; // the arrows, Home and End
@@ -144,21 +149,19 @@ void PictureStrip::mouseDoubleClickEvent(QMouseEvent* event)
     mousePressEvent(event);
 }
 
-// As it would be dragged: other programs know the picture too.
-void PictureStrip::Copy()
+// What is to be copied or dragged; null where nobody gives anything.
+std::unique_ptr<QMimeData> PictureStrip::Carried(QPixmap& cursor)
 {
-    auto copied = std::make_unique<QMimeData>();
-    QPixmap cursor;
-    Q_EMIT OLEStartDrag(*copied, cursor);
-    if (!copied->formats().isEmpty()) QGuiApplication::clipboard()->setMimeData(copied.release());
+    auto carried = std::make_unique<QMimeData>();
+    Q_EMIT OLEStartDrag(*carried, cursor);
+    return carried->formats().isEmpty() ? nullptr : std::move(carried);
 }
 
 void PictureStrip::BeginDrag()
 {
-    auto carried = std::make_unique<QMimeData>();
     QPixmap cursor;
-    Q_EMIT OLEStartDrag(*carried, cursor);
-    if (carried->formats().isEmpty()) return;
+    auto carried = Carried(cursor);
+    if (!carried) return;
     auto* drag = new QDrag(this);
     drag->setMimeData(carried.release());
     drag->setDragCursor(cursor, Qt::CopyAction);

@@ -4,6 +4,8 @@
 
 #include "platform/richtext/richtextbox.h"
 
+#include <memory>
+
 class QMimeData;
 
 class PictureStrip : public RichTextBox
@@ -40,7 +42,7 @@ private:
     int PictureFrom(int place, int step) const;
     void SelectAlone(int picture);
     bool SelectionHas(const QPoint& point) const;
-    void Copy();
+    std::unique_ptr<QMimeData> Carried(QPixmap& cursor);
     void BeginDrag();
 
     std::optional<QPoint> m_pressed; // where the mouse went down on what it can drag

@@ -30,30 +30,18 @@ QColor Mixed(const QColor& from, const QColor& to, int percent)
     return QColor(part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue()));
 }
 
-// Capitals and digits hardly descend: a line looks centred when their height is.
+// By the row, from top to bottom. Capitals and digits hardly descend: a line looks centred when their height is.
 int Baseline(int row, int height, const QFontMetrics& metrics)
 {
     const int capital = metrics.capHeight();
-    switch (row) {
-    case 0:
-        return std::max((paper::CaptionBand + capital + 1) / 2, capital + FrameWidth + 1);
-    case 1:
-        return (height + capital) / 2;
-    default:
-        return height - metrics.descent() - FrameWidth;
-    }
+    return std::array{std::max((paper::CaptionBand + capital + 1) / 2, capital + FrameWidth + 1),
+                      (height + capital) / 2, height - metrics.descent() - FrameWidth}[std::size_t(row)];
 }
 
+// By the column, which is left, right or the middle.
 int Start(int column, int width, int textWidth)
 {
-    switch (column) {
-    case 0:
-        return paper::Margin;
-    case 1:
-        return width - paper::Margin - textWidth;
-    default:
-        return (width - textWidth) / 2;
-    }
+    return std::array{paper::Margin, width - paper::Margin - textWidth, (width - textWidth) / 2}[std::size_t(column)];
 }
 
 // What is left of a caption that is too wide. Of a short one the ellipsis would leave nothing; its first letters say

@@ -16,7 +16,7 @@
 namespace {
 constexpr int ElementNotFound = 35601;
 constexpr QSize ButtonSize{32, 30};
-constexpr QSize PictureSize{20, 20};
+constexpr QSize IconSize{20, 20};
 constexpr QMargins Margins{8, 5, 8, 5};
 constexpr int Spacing = 2;
 constexpr int SeparatorGap = 5; // on each side of its line
@@ -85,7 +85,7 @@ void Toolbar::Add(QWidget* item)
 
 void Toolbar::AddButton(const QString& key, const QString& tip, const QString& icon)
 {
-    auto* button = new ToolbarButton(ButtonSize, PictureSize, icon, tip, this);
+    auto* button = new ToolbarButton(ButtonSize, IconSize, icon, tip, this);
     button->setObjectName(key);
     connect(button, &ToolbarButton::clicked, this, [this, key] { Q_EMIT ButtonClick(key); });
     m_buttons[key] = button;

@@ -70,7 +70,7 @@ qint64 WorkOfWord(QStringView word)
     return work;
 }
 
-bool IsBlank(QChar one)
+bool IsGap(QChar one)
 {
     return one == u' ' || one == u'\t' || one == QChar::LineSeparator;
 }
@@ -79,9 +79,9 @@ qint64 WorkOf(QStringView text)
 {
     qint64 work = 0;
     for (auto begin = text.begin(); begin != text.end() && work <= MostWork;) {
-        const auto end = std::find_if(begin, text.end(), IsBlank);
+        const auto end = std::find_if(begin, text.end(), IsGap);
         work += WorkOfWord(QStringView(begin, end));
-        begin = std::find_if_not(end, text.end(), IsBlank);
+        begin = std::find_if_not(end, text.end(), IsGap);
     }
     return work;
 }

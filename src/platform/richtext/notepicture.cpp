@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int Sharpness = 3;                  // pixels kept for one that is shown, where a picture is encoded anew
-constexpr qsizetype MostFileBytes = 16 << 20; // kept as they are
+constexpr qsizetype MostKeptBytes = 16 << 20; // kept as they are
 
 bool Insert(QTextCursor& cursor, const QByteArray& file, QSize pixels, QSize shown)
 {
@@ -54,7 +54,7 @@ bool InsertPicture(QTextCursor& cursor, const QByteArray& file, const PictureFit
     const QByteArrayView format = ImageFormatOf(file);
     const bool isJpeg = format == "jpeg";
     const QSize shown = fit.SizeFor(pixels);
-    if ((isJpeg || format == "png") && file.size() <= MostFileBytes && !IsTurned(file))
+    if ((isJpeg || format == "png") && file.size() <= MostKeptBytes && !IsTurned(file))
         return Insert(cursor, file, pixels, shown);
     const QImage image = ReadImage(file, shown * Sharpness);
     return !image.isNull() && InsertAnew(cursor, image, isJpeg ? "jpeg" : "png", shown);

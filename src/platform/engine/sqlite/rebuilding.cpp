@@ -18,7 +18,7 @@ bool IsId(qint64 id)
     return id >= 1 && id < plannerformat::IdLimit;
 }
 
-QVariant ValueOf(const RawValue& value)
+QVariant StoredValueOf(const RawValue& value)
 {
     if (const auto* integer = std::get_if<qint64>(&value)) return *integer;
     if (const auto* real = std::get_if<double>(&value)) return *real;
@@ -61,7 +61,7 @@ private:
     bool Insert(const RawRow& row, bool underItsId)
     {
         SqlValues values = {underItsId ? QVariant(row.id) : QVariant()};
-        std::ranges::transform(row.values, std::back_inserter(values), ValueOf);
+        std::ranges::transform(row.values, std::back_inserter(values), StoredValueOf);
         const bool inserted = !m_planner.Ask(m_insert, values).empty();
         m_report.Rows += inserted ? 1 : 0;
         m_report.CutRows += inserted && !row.IsWhole() ? 1 : 0;

@@ -21,29 +21,29 @@ namespace {
 using namespace engineerrors;
 using namespace wholefiles;
 
-struct Meaning
+struct FileMeaning
 {
     int error;
     int number;
     const char16_t* text;
 };
 
-constexpr Meaning CreateMeanings[] = {
+constexpr FileMeaning CreateMeanings[] = {
     {EEXIST, FileExists, u"'%1' exists already."},
     {ENOENT, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
     {ENOTDIR, InvalidPath, u"'%1' cannot be made: its folder does not exist."},
 };
-constexpr Meaning DeleteMeanings[] = {
+constexpr FileMeaning DeleteMeanings[] = {
     {EACCES, ReadOnlyFile, u"You have no permission to delete '%1'."},
     {EPERM, ReadOnlyFile, u"You have no permission to delete '%1'."},
     {EROFS, ReadOnlyFile, u"'%1' cannot be deleted: its drive is read-only."},
 };
 
 template <std::size_t Count>
-[[noreturn]] void Raise(const Meaning (&meanings)[Count], const QString& path, int error)
+[[noreturn]] void Raise(const FileMeaning (&meanings)[Count], const QString& path, int error)
 {
     const QString name = QFileInfo(path).fileName();
-    for (const Meaning& meaning : meanings)
+    for (const FileMeaning& meaning : meanings)
         if (meaning.error == error) throw RunTimeError{meaning.number, QString::fromUtf16(meaning.text).arg(name)};
     throw RunTimeError{InputOutput, u"'%1': %2."_s.arg(name, QString::fromLocal8Bit(std::strerror(error)))};
 }
