@@ -29,6 +29,7 @@ private Q_SLOTS:
         row("beyond it", Frequency::Yearly, 32767, "9999/12/31", "9999/12/30");
         row("week", Frequency::Weekly, 1, "1999/2/12", "1999/1/29 2/5 2/12");
         row("week, not the end", Frequency::Weekly, 1, "1999/2/11", "1999/1/29 2/5");
+        row("29th of February", Frequency::Weekly, 5, "1999/4/30", "1999/1/25 2/29 4/8");
         row("weeks across months", Frequency::Weekly, 15, "1999/9/30", "1999/1/29 5/10 8/22");
         row("weeks at the end of time", Frequency::Weekly, 1, "9999/12/31", "9999/12/25");
         row("31st", Frequency::Monthly, 1, "1999/5/31", "1999/1/31 2/28 3/31 4/30 5/31");

@@ -95,10 +95,12 @@ private Q_SLOTS:
             m_program->Activate();
         }
         for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
+            m_program->Find<QWidget>("tabSidebar").setFocus();
             AnswerNextBox(msgbox::Ok, &seen);
             m_program->Trigger(entry);
             QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);
             QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(m_program->form->focusWidget(), &Box());
         }
         AnswerNextBox(msgbox::Ok, &seen);
         Q_EMIT m_program->Panel(20).DblClick(); // the day view of another day would take the lock away

@@ -41,16 +41,8 @@ char32_t FoldedCase(char32_t character)
 
 QString FoldedCase(const QString& text)
 {
-    QString folded = text;
-    for (qsizetype i = 0; i < folded.size(); ++i) {
-        const bool isPair = folded[i].isHighSurrogate() && i + 1 < folded.size() && folded[i + 1].isLowSurrogate();
-        if (!isPair) {
-            folded[i] = QChar(static_cast<char16_t>(FoldedCase(char32_t{folded[i].unicode()})));
-            continue;
-        }
-        const char32_t character = FoldedCase(QChar::surrogateToUcs4(folded[i], folded[i + 1]));
-        folded[i] = QChar::highSurrogate(character);
-        folded[++i] = QChar::lowSurrogate(character);
-    }
-    return folded;
+    QList<uint> characters = text.toUcs4();
+    for (uint& character : characters)
+        character = FoldedCase(char32_t{character});
+    return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
 }

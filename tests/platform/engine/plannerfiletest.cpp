@@ -5,6 +5,7 @@
 #include "testmain.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
@@ -87,6 +88,16 @@ private Q_SLOTS:
         m_folder.emplace();
         m_path = m_folder->filePath(u"notes.mdb"_s);
         MakePlanner(m_path);
+    }
+
+    // The server's client library brings some twenty others, which a planner in a file has no use for.
+    void NothingOfTheServerIsLinked()
+    {
+        QProcess ldd;
+        ldd.start(u"ldd"_s, {QCoreApplication::applicationFilePath()});
+        QVERIFY(ldd.waitForFinished());
+        const QByteArray libraries = ldd.readAll();
+        QVERIFY(libraries.contains("libsqlite3") && !libraries.contains("libpq"));
     }
 
     void WhatIsNoPlannerIsRefusedAndLeftAlone_data()
