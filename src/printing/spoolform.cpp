@@ -2,7 +2,6 @@
 
 #include "platform/controls/named.h"
 #include "platform/controls/sspanel.h"
-#include "platform/desktop/showatonce.h"
 #include "platform/look/paper.h"
 
 #include <QVBoxLayout>
@@ -21,9 +20,4 @@ SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStays
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(message);
-}
-
-void SpoolForm::ShowAtOnce()
-{
-    ShowAndPaint(*this);
 }
