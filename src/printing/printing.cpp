@@ -8,6 +8,7 @@
 #include "platform/controls/named.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/folders.h"
+#include "platform/desktop/showatonce.h"
 #include "platform/look/colorvalue.h"
 #include "platform/look/paper.h"
 #include "platform/print/printlibrary.h"
@@ -96,7 +97,7 @@ void Printing::ShowSpoolForm()
     const SSPanel& heading = m_printed.cells.lblDayOfWeek(0);
     m_spoolForm = std::make_unique<SpoolForm>(m_printed.cells.Client()->window());
     m_spoolForm->move(heading.x(), heading.y() + 2 * heading.height());
-    m_spoolForm->ShowAtOnce();
+    ShowAndPaint(*m_spoolForm); // what follows leaves no time for events
 }
 
 void Printing::PrintCell(int view, int position, int cell)

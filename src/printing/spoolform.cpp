@@ -22,8 +22,3 @@ SpoolForm::SpoolForm(QWidget* owner) : QWidget(owner, Qt::Tool | Qt::WindowStays
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(message);
 }
-
-void SpoolForm::ShowAtOnce()
-{
-    ShowAndPaint(*this);
-}

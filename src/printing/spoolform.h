@@ -9,6 +9,4 @@ class SpoolForm : public QWidget
 
 public:
     explicit SpoolForm(QWidget* owner);
-
-    void ShowAtOnce(); // painted when this returns, since what follows leaves no time for events
 };

@@ -1,6 +1,5 @@
 #include "platform/print/pagepainter.h"
 
-#include "platform/print/calendarpage.h"
 #include "platform/print/notefit.h"
 
 #include <QAbstractTextDocumentLayout>

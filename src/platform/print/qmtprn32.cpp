@@ -2,7 +2,6 @@
 
 #include "platform/desktop/msgbox.h"
 #include "platform/desktop/systemprinter.h"
-#include "platform/print/calendarpage.h"
 #include "platform/print/pagepainter.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/durablefile.h"
