@@ -81,8 +81,9 @@ private Q_SLOTS:
     {
         InitResources();
         const QTemporaryDir folder;
-        const QIcon late = PictureIcon(folder.filePath(u"late.svg"_s));
-        QVERIFY(QFile::copy(u":/icons/left.svg"_s, folder.filePath(u"late.svg"_s)));
+        const QString file = folder.filePath(u"late.svg"_s);
+        const QIcon late = PictureIcon(file);
+        QVERIFY(QFile::copy(u":/icons/left.svg"_s, file));
         QCOMPARE(late.pixmap(24).toImage(), QIcon(u":/icons/left.svg"_s).pixmap(24).toImage());
     }
 

@@ -99,7 +99,9 @@ private Q_SLOTS:
             colors.ShowText(u"Rust"_s);
             QCOMPARE(colors.Text(), u"Rust"_s);
             QCOMPARE(colors.ListIndex(), index);
-            QVERIFY(colors.grab().toImage() != look);
+            const QImage rust = colors.grab().toImage();
+            colors.ShowText(u"Sand"_s);
+            QVERIFY(colors.grab().toImage() != look && colors.grab().toImage() != rust);
             colors.SetListIndex(index);
             QCOMPARE(colors.Text(), listed);
             QCOMPARE(colors.grab().toImage(), look);

@@ -99,8 +99,9 @@ private Q_SLOTS:
         PictureButton picture({u":/icons/month.svg"_s, u":/icons/month.svg"_s}, 1, &window);
         picture.setGeometry(400, 100, 80, 80);
         picture.show();
+        const auto hover = [&] { QTest::mouseMove(window.windowHandle(), picture.geometry().center()); };
         LookDifferent(window, picture,
-                      {[&] {}, [&] { picture.SetFramed(true); }, [&] { picture.setText(u"Month"_s); },
+                      {[&] {}, hover, [&] { picture.SetFramed(true); }, [&] { picture.setText(u"Month"_s); },
                        [&] { picture.setFocus(Qt::TabFocusReason); }, [&] { picture.ShowElement(1); },
                        [&] { window.Note.setFocus(); }, [&] { picture.setEnabled(false); }});
     }
