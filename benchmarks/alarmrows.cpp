@@ -1,11 +1,11 @@
 #include "alarms/alarmclock.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
-#include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
 #include "rows.h"
+#include "state/plannerstate.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
-#include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "recurrence/recurrence.h"
 #include "rows.h"
+#include "state/plannerstate.h"
 
 #include <QFile>
 #include <QTemporaryDir>

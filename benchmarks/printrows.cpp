@@ -1,5 +1,3 @@
-#include "calendar/lockedday.h"
-#include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/sidebar.h"
@@ -8,6 +6,8 @@
 #include "platform/print/qmtprn32.h"
 #include "printing/printing.h"
 #include "rows.h"
+#include "state/lockedday.h"
+#include "state/viewmode.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFile>

@@ -1,12 +1,12 @@
 #include "tenyears.h"
 
-#include "calendar/modshow.h"
 #include "painting.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/twips.h"
 #include "platform/engine/dbengine.h"
 #include "platform/profile/profile.h"
 #include "settings/settings.h"
+#include "state/modshow.h"
 
 #include <QDate>
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "plannerfile/plannerstate.h"
 #include "platform/desktop/folders.h"
 #include "rows.h"
 #include "settings/settings.h"
+#include "state/plannerstate.h"
 #include "wallpaper/calendarpicture.h"
 
 #include <QDir>

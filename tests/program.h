@@ -1,11 +1,9 @@
 // The whole main window over folders of its own, as a person starts it, with short ways to its controls.
 #pragma once
 
-#include "calendar/calendarstate.h"
 #include "files.h"
 #include "notes.h"
-#include "plannerfile/openasform.h"
-#include "plannerfile/plannerstate.h"
+#include "planners/openasform.h"
 #include "platform/controls/resources.h"
 #include "platform/controls/sspanel.h"
 #include "platform/controls/timer.h"
@@ -14,8 +12,10 @@
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
+#include "state/workgroupstate.h"
 #include "support.h"
-#include "workgroup/workgroupstate.h"
 
 #include <QAction>
 #include <QRadioButton>

@@ -3,11 +3,11 @@
 #include "alarms/alarmeventform.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/tunes.h"
-#include "calendar/moddate.h"
-#include "plannerfile/plannerstate.h"
 #include "platform/desktop/clock.h"
 #include "platform/engine/database.h"
 #include "platform/runtime/errortail.h"
+#include "state/moddate.h"
+#include "state/plannerstate.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>

@@ -2,11 +2,9 @@
 #include "alarms/alarmform.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
-#include "calendar/dateorder.h"
-#include "calendar/turn.h"
-#include "plannerfile/alarmmarks.h"
+#include "notes/alarmmarks.h"
+#include "notes/turn.h"
 #include "plannerfile/backups.h"
-#include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/orlcombo.h"
@@ -16,6 +14,8 @@
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "state/dateorder.h"
+#include "state/plannerstate.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "alarms/alarmrules.h"
 
-#include "calendar/moddate.h"
 #include "platform/runtime/language.h"
+#include "state/moddate.h"
 
 namespace {
 constexpr int HoursOfHalf = 12, LastMinute = 59;

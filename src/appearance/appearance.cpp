@@ -2,16 +2,16 @@
 
 #include "appearance/initfontform.h"
 #include "appearance/styleform.h"
-#include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "calendar/redraw.h"
-#include "calendar/turn.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
+#include "notes/turn.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
 #include "platform/profile/profile.h"
+#include "state/calendarstate.h"
+#include "state/modshow.h"
 
 namespace {
 constexpr int Days = 7;

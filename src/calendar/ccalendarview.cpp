@@ -1,17 +1,17 @@
 #include "calendar/ccalendarview.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "calendar/redraw.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
 #include "hall/sidebar.h"
-#include "plannerfile/alarmmarks.h"
-#include "plannerfile/plannerstate.h"
+#include "notes/alarmmarks.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
+#include "state/calendarstate.h"
+#include "state/modshow.h"
+#include "state/plannerstate.h"
 
 namespace {
 constexpr int Columns = 7;

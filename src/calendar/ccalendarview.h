@@ -2,7 +2,7 @@
 // and has them drawn. Owns the view mode. All lengths are logical pixels of the main window.
 #pragma once
 
-#include "calendar/viewmode.h"
+#include "state/viewmode.h"
 
 #include <QLatin1StringView>
 

@@ -1,13 +1,13 @@
 #include "calendar/cellframes.h"
 
-#include "calendar/calendarstate.h"
 #include "hall/cells.h"
 #include "hall/formatbar.h"
 #include "hall/sidebar.h"
-#include "plannerfile/plannerstate.h"
 #include "platform/controls/picturestrip.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
 
 #include <QApplication>
 

@@ -1,17 +1,17 @@
 #include "calendar/cellnames.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/moddate.h"
-#include "calendar/modshow.h"
 #include "hall/cells.h"
-#include "plannerfile/plannerstate.h"
 #include "platform/desktop/clock.h"
 #include "platform/runtime/errortail.h"
+#include "state/calendarstate.h"
+#include "state/moddate.h"
+#include "state/modshow.h"
+#include "state/plannerstate.h"
 
 namespace {
 constexpr QLatin1StringView Literal(" in CCalendarView, CellNames");
 
-GridDay Today()
+GridDay DayToday()
 {
     const QDate today = desktopclock::Now().date();
     return {today.year(), today.month(), today.day()};
@@ -23,8 +23,8 @@ QString Describe(const Cells& cells, int cell)
     const GridDay day = {g_iYear, g_iMonth, cells.DayOf(cell)};
     const bool isDay = day.day != 0;
     const std::pair<bool, QLatin1StringView> parts[] = {
-        {isDay && day == Today(), "Today."_L1},
-        {isDay && day < Today(), "Past."_L1},
+        {isDay && day == DayToday(), "Today."_L1},
+        {isDay && day < DayToday(), "Past."_L1},
         {g_bDBShared && IsMarked(cell), "Locked by you."_L1},
         {cells.btnTunes.Exists(cell), "Has an alarm."_L1},
     };

@@ -1,18 +1,18 @@
 #include "calendar/cscreenlayout.h"
 
-#include "calendar/calendarstate.h"
 #include "calendar/csidebarview.h"
 #include "calendar/cstatusbarview.h"
 #include "calendar/ctoolbarview.h"
 #include "calendar/redraw.h"
-#include "calendar/turn.h"
-#include "plannerfile/plannerstate.h"
+#include "notes/turn.h"
 #include "platform/desktop/twips.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/settings.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,21 +1,21 @@
 #include "calendar/navigation.h"
 
-#include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cscreenlayout.h"
-#include "calendar/foot.h"
 #include "calendar/redraw.h"
-#include "calendar/turn.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
+#include "hall/foot.h"
 #include "hall/menus.h"
-#include "plannerfile/plannerstate.h"
-#include "plannerfile/refusals.h"
+#include "notes/heldday.h"
+#include "notes/turn.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "workgroup/heldday.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
+#include "state/refusals.h"
 
 bool Navigation::RefusesToLeave()
 {

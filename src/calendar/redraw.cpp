@@ -1,18 +1,18 @@
 #include "calendar/redraw.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/foot.h"
-#include "calendar/modshow.h"
-#include "calendar/viewmode.h"
 #include "hall/cells.h"
+#include "hall/foot.h"
 #include "hall/panelstyle.h"
-#include "plannerfile/alarmmarks.h"
+#include "notes/alarmmarks.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/settings.h"
+#include "state/calendarstate.h"
+#include "state/modshow.h"
+#include "state/viewmode.h"
 
 #include <algorithm>
 #include <optional>

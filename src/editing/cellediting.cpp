@@ -1,14 +1,11 @@
 #include "editing/cellediting.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/viewmode.h"
 #include "editing/defaultfont.h"
 #include "editing/formatting.h"
 #include "hall/cells.h"
 #include "hall/formatbar.h"
 #include "hall/menus.h"
-#include "plannerfile/plannerstate.h"
-#include "plannerfile/refusals.h"
+#include "notes/heldday.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/toolbar.h"
 #include "platform/desktop/msgbox.h"
@@ -16,8 +13,11 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
-#include "workgroup/heldday.h"
-#include "workgroup/workgroupstate.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
+#include "state/refusals.h"
+#include "state/viewmode.h"
+#include "state/workgroupstate.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -2,7 +2,7 @@
 // a workgroup's planner it takes and gives back the day's lock by itself.
 #pragma once
 
-#include "plannerfile/unsavednotes.h"
+#include "notes/unsavednotes.h"
 
 #include <QByteArray>
 #include <QString>

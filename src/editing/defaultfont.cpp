@@ -1,9 +1,9 @@
 #include "editing/defaultfont.h"
 
-#include "calendar/modshow.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
+#include "state/modshow.h"
 
 namespace {
 void SetSize(QFont& font, int points)

@@ -1,12 +1,9 @@
 #include "editing/formatting.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "editing/fontcommand.h"
 #include "hall/cells.h"
 #include "hall/formatbar.h"
-#include "plannerfile/plannerstate.h"
-#include "plannerfile/refusals.h"
+#include "notes/heldday.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/postkey.h"
 #include "platform/controls/toolbar.h"
@@ -14,7 +11,10 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/messages.h"
-#include "workgroup/heldday.h"
+#include "state/calendarstate.h"
+#include "state/modshow.h"
+#include "state/plannerstate.h"
+#include "state/refusals.h"
 
 bool Formatting::fnCanFormatCell()
 {

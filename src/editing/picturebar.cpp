@@ -15,7 +15,7 @@
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
-#include "workgroup/workgroupstate.h"
+#include "state/workgroupstate.h"
 
 #include <QDir>
 #include <QMimeData>

@@ -2,11 +2,11 @@
 // does stands with the subject it belongs to.
 #pragma once
 
-#include "calendar/modshow.h"
-#include "calendar/viewmode.h"
 #include "platform/controls/controlarray.h"
 #include "platform/controls/sspanel.h"
 #include "platform/richtext/richtextbox.h"
+#include "state/modshow.h"
+#include "state/viewmode.h"
 
 #include <QObject>
 #include <QToolButton>

@@ -1,11 +1,11 @@
 #include "plannerfile/backups.h"
 
-#include "plannerfile/plannerstate.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/waiting.h"
 #include "platform/runtime/errortail.h"
+#include "state/plannerstate.h"
 
 #include <QCryptographicHash>
 #include <QDir>

@@ -1,12 +1,12 @@
 #include "plannerfile/damagewatch.h"
 
 #include "plannerfile/backups.h"
-#include "plannerfile/plannerstate.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/damage.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "state/plannerstate.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

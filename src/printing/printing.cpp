@@ -1,8 +1,5 @@
 #include "printing/printing.h"
 
-#include "calendar/lockedday.h"
-#include "calendar/modshow.h"
-#include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "platform/controls/named.h"
@@ -15,6 +12,9 @@
 #include "platform/runtime/errortail.h"
 #include "printing/pagesetupform.h"
 #include "printing/spoolform.h"
+#include "state/lockedday.h"
+#include "state/modshow.h"
+#include "state/viewmode.h"
 
 #include <QFile>
 

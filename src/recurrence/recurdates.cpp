@@ -1,6 +1,6 @@
 #include "recurrence/recurdates.h"
 
-#include "calendar/modshow.h"
+#include "state/modshow.h"
 
 namespace {
 int LengthOfMonth(const GridDay& day)

@@ -2,7 +2,7 @@
 // four is a leap year. Plain computation. What comes in are real dates, or such as these routines have made.
 #pragma once
 
-#include "calendar/moddate.h"
+#include "state/moddate.h"
 
 #include <QStringList>
 

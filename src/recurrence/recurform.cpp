@@ -1,6 +1,5 @@
 #include "recurrence/recurform.h"
 
-#include "calendar/dateorder.h"
 #include "editing/notemenu.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
@@ -11,6 +10,7 @@
 #include "platform/controls/softtext.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
+#include "state/dateorder.h"
 
 #include <QComboBox>
 #include <QGroupBox>

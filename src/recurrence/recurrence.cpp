@@ -1,11 +1,11 @@
 #include "recurrence/recurrence.h"
 
 #include "plannerfile/backups.h"
-#include "plannerfile/plannerstate.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "state/plannerstate.h"
 
 namespace {
 using schema::DateField, schema::Equal, schema::TextField;

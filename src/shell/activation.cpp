@@ -1,6 +1,6 @@
 #include "shell/activation.h"
 
-#include "plannerfile/opening.h"
+#include "planners/opening.h"
 #include "platform/desktop/doevents.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"

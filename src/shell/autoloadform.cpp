@@ -1,7 +1,5 @@
 #include "shell/autoloadform.h"
 
-#include "calendar/viewmode.h"
-#include "plannerfile/plannerstate.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
@@ -9,6 +7,8 @@
 #include "platform/profile/profile.h"
 #include "platform/runtime/language.h"
 #include "settings/settings.h"
+#include "state/plannerstate.h"
+#include "state/viewmode.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

@@ -1,7 +1,5 @@
 #include "shell/mainform.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/modshow.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop/doevents.h"
@@ -10,6 +8,8 @@
 #include "shell/rooms.h"
 #include "shell/splash.h"
 #include "shell/wiring.h"
+#include "state/calendarstate.h"
+#include "state/modshow.h"
 
 #include <QCloseEvent>
 

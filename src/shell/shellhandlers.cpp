@@ -1,12 +1,12 @@
 #include "shell/shellhandlers.h"
 
-#include "plannerfile/refusals.h"
 #include "platform/controls/named.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/helpviewer.h"
 #include "platform/desktop/msgbox.h"
 #include "shell/autoloadform.h"
+#include "state/refusals.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

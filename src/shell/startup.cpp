@@ -1,6 +1,5 @@
 #include "shell/startup.h"
 
-#include "calendar/calendarstate.h"
 #include "platform/controls/resources.h"
 #include "platform/desktop/desktopcalls.h"
 #include "platform/desktop/doevents.h"
@@ -9,6 +8,7 @@
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
 #include "shell/splash.h"
+#include "state/calendarstate.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,6 +1,5 @@
 #include "shell/wiring.h"
 
-#include "plannerfile/plannerstate.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/picturestrip.h"
@@ -10,6 +9,7 @@
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
 #include "shell/rooms.h"
+#include "state/plannerstate.h"
 
 #include <QPushButton>
 

@@ -1,7 +1,7 @@
 // How far one day lies from another. Plain computation.
 #pragma once
 
-#include "calendar/moddate.h"
+#include "state/moddate.h"
 
 // "MM/DD/YYYY", and only so; empty for what is no day of the grid.
 std::optional<GridDay> DayOfText(const QString& text);

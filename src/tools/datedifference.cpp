@@ -1,11 +1,7 @@
 #include "tools/datedifference.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/dateorder.h"
-#include "calendar/modshow.h"
 #include "hall/cells.h"
 #include "hall/menus.h"
-#include "plannerfile/refusals.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
@@ -18,6 +14,10 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/settings.h"
+#include "state/calendarstate.h"
+#include "state/dateorder.h"
+#include "state/modshow.h"
+#include "state/refusals.h"
 #include "tools/datecount.h"
 
 #include <QApplication>

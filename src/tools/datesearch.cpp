@@ -1,16 +1,16 @@
 #include "tools/datesearch.h"
 
-#include "calendar/calendarstate.h"
-#include "calendar/foot.h"
 #include "calendar/redraw.h"
-#include "calendar/turn.h"
-#include "calendar/viewmode.h"
+#include "hall/foot.h"
+#include "notes/turn.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
+#include "state/calendarstate.h"
+#include "state/viewmode.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>

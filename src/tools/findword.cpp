@@ -1,12 +1,8 @@
 #include "tools/findword.h"
 
-#include "calendar/calendarstate.h"
 #include "calendar/redraw.h"
-#include "calendar/turn.h"
-#include "calendar/viewmode.h"
 #include "hall/cells.h"
-#include "plannerfile/plannerstate.h"
-#include "plannerfile/refusals.h"
+#include "notes/turn.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/named.h"
 #include "platform/desktop/mousepointer.h"
@@ -19,6 +15,10 @@
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
+#include "state/refusals.h"
+#include "state/viewmode.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 // its note. Stays in front of the main window while the calendar is in use.
 #pragma once
 
-#include "calendar/moddate.h"
+#include "state/moddate.h"
 
 #include <QDialog>
 #include <QPointer>

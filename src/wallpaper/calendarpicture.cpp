@@ -1,8 +1,6 @@
 #include "wallpaper/calendarpicture.h"
 
-#include "calendar/calendarstate.h"
 #include "calendar/ccalendarview.h"
-#include "calendar/modshow.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
@@ -12,6 +10,8 @@
 #include "platform/runtime/durablefile.h"
 #include "platform/runtime/runtimeerror.h"
 #include "settings/settings.h"
+#include "state/calendarstate.h"
+#include "state/modshow.h"
 
 #include <QBuffer>
 #include <QPainter>

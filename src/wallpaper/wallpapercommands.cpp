@@ -1,7 +1,6 @@
 #include "wallpaper/wallpapercommands.h"
 
 #include "hall/cells.h"
-#include "plannerfile/plannerstate.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
@@ -9,6 +8,7 @@
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
+#include "state/plannerstate.h"
 #include "wallpaper/desktopkeys.h"
 #include "wallpaper/wallpaperform.h"
 

@@ -1,6 +1,7 @@
 #include "workgroup/networkoptionform.h"
 
 #include "hall/networkcontrols.h"
+#include "planners/servermove.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
@@ -10,8 +11,7 @@
 #include "platform/runtime/errortail.h"
 #include "platform/runtime/language.h"
 #include "settings/settings.h"
-#include "workgroup/servermove.h"
-#include "workgroup/workgroupstate.h"
+#include "state/workgroupstate.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

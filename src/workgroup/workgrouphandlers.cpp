@@ -1,15 +1,15 @@
 #include "workgroup/workgrouphandlers.h"
 
-#include "calendar/turn.h"
 #include "editing/dayview.h"
 #include "hall/cells.h"
 #include "hall/networkcontrols.h"
-#include "plannerfile/plannerstate.h"
+#include "notes/heldday.h"
+#include "notes/turn.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
-#include "workgroup/heldday.h"
+#include "state/plannerstate.h"
+#include "state/workgroupstate.h"
 #include "workgroup/networkoptionform.h"
-#include "workgroup/workgroupstate.h"
 
 void WorkgroupHandlers::subRefreshCells()
 {

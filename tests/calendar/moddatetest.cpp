@@ -1,4 +1,4 @@
-#include "calendar/moddate.h"
+#include "state/moddate.h"
 
 #include "platform/runtime/errortail.h"
 #include "testmain.h"

@@ -1,7 +1,7 @@
-#include "calendar/modshow.h"
+#include "state/modshow.h"
 
-#include "calendar/calendarstate.h"
 #include "platform/runtime/runtimeerror.h"
+#include "state/calendarstate.h"
 #include "testmain.h"
 
 #include <QDate>

@@ -1,8 +1,8 @@
 #include "checks.h"
 
+#include "notes/journalfile.h"
+#include "notes/rescuefiles.h"
 #include "plannerfile/backups.h"
-#include "plannerfile/journalfile.h"
-#include "plannerfile/rescuefiles.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/folders.h"
 #include "platform/engine/damagetesting.h"

@@ -2,8 +2,8 @@
 
 #include "editing/zoomboxform.h"
 #include "faultycalls.h"
+#include "notes/recoveryform.h"
 #include "plannerfile/backups.h"
-#include "plannerfile/recoveryform.h"
 #include "plannerfile/schema.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/engine/enginetesting.h"

@@ -1,7 +1,7 @@
 // Any bytes at all as a journal of unsaved notes: nothing may crash or hang, and what is taken is what was written. The
 // entry is the one that libFuzzer calls.
 #include "fuzz/fuzztarget.h"
-#include "plannerfile/journalfile.h"
+#include "notes/journalfile.h"
 
 #include <QCryptographicHash>
 

@@ -1,5 +1,5 @@
 #include "failingstore.h"
-#include "plannerfile/rescuefiles.h"
+#include "notes/rescuefiles.h"
 #include "program.h"
 #include "testmain.h"
 

@@ -1,9 +1,9 @@
-#include "plannerfile/journal.h"
+#include "notes/journal.h"
 
 #include "editing/zoomboxform.h"
 #include "failingstore.h"
-#include "plannerfile/recoveryform.h"
-#include "plannerfile/rescuefiles.h"
+#include "notes/recoveryform.h"
+#include "notes/rescuefiles.h"
 #include "platform/controls/timer.h"
 #include "settings/settings.h"
 #include "testmain.h"

@@ -1,7 +1,5 @@
 #include "printing/printing.h"
 
-#include "calendar/lockedday.h"
-#include "calendar/viewmode.h"
 #include "hall/bottompanel.h"
 #include "hall/cells.h"
 #include "platform/controls/picturebutton.h"
@@ -11,6 +9,8 @@
 #include "printedpage.h"
 #include "printing/spoolform.h"
 #include "program.h"
+#include "state/lockedday.h"
+#include "state/viewmode.h"
 #include "testmain.h"
 
 #include <QPrinter>

@@ -2,11 +2,11 @@
 
 #include "failingstore.h"
 #include "files.h"
-#include "plannerfile/plannerstate.h"
 #include "planners.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/runtime/errortail.h"
+#include "state/plannerstate.h"
 #include "support.h"
 #include "testmain.h"
 

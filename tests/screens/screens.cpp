@@ -2,7 +2,7 @@
 // gets by the menu, over a planner with notes; the platform's own dialogs for files and printers are not among them.
 #include "alarms/alarmeventform.h"
 #include "alarms/alarmrecords.h"
-#include "plannerfile/recoveryform.h"
+#include "notes/recoveryform.h"
 #include "printing/spoolform.h"
 #include "program.h"
 #include "shell/splash.h"

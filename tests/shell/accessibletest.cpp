@@ -1,5 +1,5 @@
 #include "alarms/alarmtesting.h"
-#include "plannerfile/recoveryform.h"
+#include "notes/recoveryform.h"
 #include "platform/controls/tabstrip.h"
 #include "testmain.h"
 #include "workgroup/workgroupprogram.h"

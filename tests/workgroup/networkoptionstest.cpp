@@ -1,8 +1,8 @@
 #include "program.h"
 #include "settingsfile.h"
+#include "state/workgroupstate.h"
 #include "testmain.h"
 #include "workgroup/networkoptionform.h"
-#include "workgroup/workgroupstate.h"
 
 #include <QCheckBox>
 

@@ -1,10 +1,10 @@
-#include "plannerfile/plannerstate.h"
+#include "notes/dayrecord.h"
 #include "planners.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/testserver.h"
 #include "platform/runtime/errortail.h"
+#include "state/plannerstate.h"
 #include "testmain.h"
-#include "workgroup/dayrecord.h"
 
 #include <QCoreApplication>
 #include <QFile>
