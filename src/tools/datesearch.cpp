@@ -10,6 +10,7 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/runtime/errortail.h"
 #include "state/calendarstate.h"
+#include "state/modshow.h"
 #include "state/viewmode.h"
 
 #include <QButtonGroup>

@@ -2,7 +2,7 @@
 #include "notes/recoveryform.h"
 #include "platform/controls/tabstrip.h"
 #include "testmain.h"
-#include "workgroup/workgroupprogram.h"
+#include "workgroupprogram.h"
 
 #include <QAccessible>
 #include <QGroupBox>

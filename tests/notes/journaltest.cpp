@@ -7,7 +7,7 @@
 #include "platform/controls/timer.h"
 #include "settings/settings.h"
 #include "testmain.h"
-#include "workgroup/workgroupprogram.h"
+#include "workgroupprogram.h"
 
 #include <QListWidget>
 
