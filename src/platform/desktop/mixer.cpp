@@ -21,7 +21,7 @@ void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, in
 {
 }
 
-// The libraries below write what they miss to the standard error output. A person is told by us instead.
+// The libraries below write what they miss to the standard error output. We tell the person instead.
 void Silence(QLibrary& library)
 {
     using SetSynthesizerLog = void* (*)(int level, void* function, void* data);

@@ -22,6 +22,6 @@ public:
     Q_DISABLE_COPY_MOVE(Hourglass)
 };
 
-// The answer of a dialog, with the usual mouse pointer meanwhile: the person is to choose now, not to wait. The dialog
-// may be gone when it ends, as it goes with its owner.
+// The answer of a dialog, with the usual mouse pointer meanwhile: the person is to choose now, not to wait. A
+// dialog is deleted with its owner, so it may be gone when this returns.
 int ExecModal(QDialog& dialog);
