@@ -13,10 +13,9 @@
 #include <QScopedValueRollback>
 
 namespace {
-// Leaves the table at the alarm that was found, or at its end.
 std::optional<Alarm> DueAlarm(const QDate& today, const QString& minute)
 {
-    if (g_rsAlarm.IsNothing()) return std::nullopt; // an older planner, left without the table
+    if (g_rsAlarm.IsNothing()) return std::nullopt; // an older planner without the alarm table
     if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return std::nullopt;
     const ReadTransaction reading(g_dbPlanner);
     if (!GoToDueAlarm(g_rsAlarm, KeyOf({today.year(), today.month(), today.day()}), minute)) return std::nullopt;
@@ -36,7 +35,7 @@ void AlarmClock::Check()
     const QString minute = now.toString(u"hh:mm"_s);
     if (minute == m_sLastAlarmMinute) return;
     m_sLastAlarmMinute = minute;
-    if (m_isRinging) return; // the window that is open stays as it is
+    if (m_isRinging) return; // the open alarm window stays as it is
     if (const auto alarm = DueAlarm(now.date(), minute)) Ring(*alarm);
 }
 

@@ -1,4 +1,4 @@
-// The alarm clock: looks once a minute for an alarm of that very minute, and shows it. What is missed is missed.
+// The alarm clock. Once a minute it shows an alarm of that very minute. An alarm that is missed never rings.
 #pragma once
 
 #include <QString>
@@ -11,7 +11,7 @@ class AlarmClock
 public:
     explicit AlarmClock(QWidget& client) : m_client(client) {}
 
-    void tmAlarm_Timer(); // every ten seconds; shows the first alarm that is due, and waits until it is closed
+    void tmAlarm_Timer(); // ticks every ten seconds; shows the first due alarm and waits until its window is closed
 
 private:
     void Check();

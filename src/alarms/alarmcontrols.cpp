@@ -1,4 +1,3 @@
-// The controls of the alarm editor, made and laid out.
 #include "alarms/alarmform.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
@@ -21,7 +20,7 @@ struct Picture
 {
     const char* name;
     QString tip;
-    QStringList icons; // by their element
+    QStringList icons; // by element number
     int pressedElement = 1;
     int shownElement = 0;
 };
@@ -134,7 +133,7 @@ QGroupBox* MakeNotes(AlarmControls& controls)
 
 QDialogButtonBox* MakeButtons(AlarmControls& controls, QDialog& window)
 {
-    auto* buttons = new QDialogButtonBox(&window); // which would not hear of its default button otherwise
+    auto* buttons = new QDialogButtonBox(&window); // without a parent the box would not learn of its default button
     controls.btnOk = Named(buttons->addButton(u"&Ok"_s, QDialogButtonBox::AcceptRole), "btnOk");
     controls.btnDelete = Named(buttons->addButton(u"&Delete"_s, QDialogButtonBox::DestructiveRole), "btnDelete");
     controls.btnCancel = Named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), "btnCancel");
@@ -142,7 +141,7 @@ QDialogButtonBox* MakeButtons(AlarmControls& controls, QDialog& window)
     return buttons;
 }
 
-// The time is typed in one go; the arrows beside it come after it.
+// The time is typed in one go, so the arrow pictures come after it.
 void OrderTime(const AlarmControls& controls)
 {
     QWidget::setTabOrder(controls.maskHour, controls.maskMinute);

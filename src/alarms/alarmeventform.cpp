@@ -27,7 +27,6 @@ bool IsReturn(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-// What writes and edits, and no command.
 bool IsTyping(const QKeyEvent& event)
 {
     const auto command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
@@ -40,14 +39,14 @@ bool IsTyping(const QKeyEvent& event)
 
 bool TakesText(const QWidget& widget)
 {
-    const auto* list = qobject_cast<const QComboBox*>(&widget); // has the focus in place of its box
+    const auto* list = qobject_cast<const QComboBox*>(&widget); // a combo has the focus in place of its line edit
     const QObject& box = list && list->isEditable() ? static_cast<const QObject&>(*list->lineEdit()) : widget;
-    const QVariant readOnly = box.property("readOnly"); // all boxes for text have it
+    const QVariant readOnly = box.property("readOnly"); // every text box has this property
     return readOnly.isValid() && !readOnly.toBool() && widget.isEnabled() && widget.isVisible();
 }
 } // namespace
 
-// Without an owner: the desktop would hide it together with a main window that is minimised.
+// It has no owner: the desktop would hide it together with a minimised main window.
 AlarmEventForm::AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto)
     : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(Named(new RichTextBox, "tbNotes")),
       m_btnOk(Named(new PressedByReturn<QPushButton>(u"&Ok"_s), "btnOk")), m_typedInto(typedInto)
@@ -60,7 +59,7 @@ AlarmEventForm::AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typ
     LayOut(ShownDayAndTime(alarm.date, alarm.time));
     SetUpTimers();
     setAttribute(Qt::WA_InputMethodEnabled);
-    setFocus(); // of the window itself, until it is touched
+    setFocus(); // the window itself has the focus until a person clicks or tabs
     CenterOnScreen(*this);
 }
 
@@ -70,7 +69,7 @@ void AlarmEventForm::ShowNote(const QByteArray& note)
     m_tbNotes->setAccessibleName(u"Notes"_s);
     m_tbNotes->setMinimumSize(SmallestNote);
     m_tbNotes->SetTextRTF(note);
-    m_tbNotes->SetLocked(true); // to be read: nobody would keep what was typed here
+    m_tbNotes->SetLocked(true); // read-only: nothing would store what is typed here
 }
 
 void AlarmEventForm::LayOut(const QString& when)
@@ -113,7 +112,7 @@ void AlarmEventForm::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
 }
 
-// A shortcut, Tab or Esc that comes at once was meant for the work.
+// A shortcut, Tab or Esc that comes at once was meant for the work behind the window.
 bool AlarmEventForm::event(QEvent* event)
 {
     const bool isPress = event->type() == QEvent::KeyPress;
@@ -130,7 +129,7 @@ void AlarmEventForm::keyPressEvent(QKeyEvent* event)
     if (m_quiet.isActive()) m_quiet.start();
     if (IsTyping(*event)) {
         m_typing.start();
-        // In a box of one line Return would press a button of the window behind.
+        // In a one-line box Return would press a button of the window behind.
         const bool staysInBox = !IsReturn(event->key()) || qobject_cast<QTextEdit*>(m_typedInto);
         if (staysInBox) PassOn(*event);
     } else if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
@@ -140,7 +139,7 @@ void AlarmEventForm::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// Accents and other scripts.
+// Input methods bring accents and other scripts.
 void AlarmEventForm::inputMethodEvent(QInputMethodEvent* event)
 {
     QInputMethodEvent committed;
@@ -149,7 +148,7 @@ void AlarmEventForm::inputMethodEvent(QInputMethodEvent* event)
     if (!IsTouched() && !event->commitString().isEmpty()) PassOn(committed);
 }
 
-// Nobody types on: the next key is an answer to this window.
+// The typing has paused: the next key is an answer to this window.
 void AlarmEventForm::TakeKeys()
 {
     if (!IsTouched()) m_btnOk->setFocus();

@@ -1,6 +1,6 @@
-// The window of an alarm that rings: its day, time and note, in front of everything. It comes in the middle of other
-// work: what is being typed goes on to where it was meant for, until a second has passed without a key, or somebody
-// clicks or tabs here.
+// The window of an alarm that rings: its day, time and note, in front of everything. It interrupts other work, so the
+// keys go on to the box that had the focus until a second passes without a key, or the person clicks or tabs into this
+// window.
 #pragma once
 
 #include <QDeadlineTimer>
@@ -18,11 +18,10 @@ class AlarmEventForm : public QDialog
     Q_OBJECT
 
 public:
-    // typedInto is the widget that has the focus behind it, if any; it may go while the window is open.
+    // typedInto is the widget that has the focus, or null. It may be deleted while the window is open.
     AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto);
 
-    // Plays the tune once the window is shown. What is told of a tune that cannot be played stands over it, and waits
-    // for half a second without a key.
+    // Plays the tune once the window is shown. If that fails, a message follows after half a second without a key.
     void subPlayMusic(const QString& sTune);
 
 protected:
@@ -42,8 +41,8 @@ private:
     RichTextBox* m_tbNotes;
     QPushButton* m_btnOk;
     QPointer<QWidget> m_typedInto;
-    QDeadlineTimer m_isNew; // nobody has read it yet
-    QTimer m_typing;        // runs while the keys go on to where they were meant for
-    QTimer m_quiet;         // runs while the problem waits to be told
+    QDeadlineTimer m_isNew; // runs until a person can have read the window
+    QTimer m_typing;        // runs while keys are passed on
+    QTimer m_quiet;         // runs until the problem is shown
     QString m_problem;
 };

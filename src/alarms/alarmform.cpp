@@ -34,7 +34,6 @@
 namespace {
 constexpr QLatin1StringView LoadLiteral(" in AlarmForm, Form Load");
 
-// A picture that looks pressed while it is, and acts on the release.
 template <typename Action>
 void WirePicture(PictureButton* picture, int pressed, int released, QLatin1StringView literal, Action action)
 {
@@ -64,7 +63,7 @@ AlarmForm::AlarmForm(Mode mode, int cell, Cells& cells, Turn& turn, Timer& tmAla
     CenterOnScreen(*this);
 }
 
-// Music that was only tried out ends with the window, for nobody could stop it any more.
+// Music that is tried out ends with the window: nobody could stop it afterwards.
 AlarmForm::~AlarmForm()
 {
     if (!m_played.isEmpty()) StopTune(m_played);
@@ -131,7 +130,7 @@ void AlarmForm::PrepareNew(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"New Alarm Event"_s);
     subHideBrowseControls();
-    if (fnGetQMTDay(key) > 0) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key)); // a memo's is 0
+    if (fnGetQMTDay(key) > 0) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key)); // 0 for a memo
     if (m_controls.orlcmbTunes->ListCount() > 0) m_controls.orlcmbTunes->SetListIndex(0);
     (m_controls.maskAlarmDate->IsComplete() ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
 }
@@ -146,7 +145,7 @@ void AlarmForm::subHideBrowseControls()
 
 void AlarmForm::SetHalfDay(HalfDay pm)
 {
-    m_controls.opAMPM->setExclusive(false); // or the last one chosen could not be taken away
+    m_controls.opAMPM->setExclusive(false); // an exclusive group cannot be left without a choice
     m_controls.opAMPM->button(0)->setChecked(pm == false);
     m_controls.opAMPM->button(1)->setChecked(pm == true);
     m_controls.opAMPM->setExclusive(true);
@@ -179,19 +178,19 @@ void AlarmForm::AddAlarm()
 
 bool AlarmForm::TellRefusal(const Alarm& alarm)
 {
-    if (alarm.time.isEmpty()) return true; // told already
+    if (alarm.time.isEmpty()) return true; // the time's own message has been shown
     if (m_controls.tbNotes->IsEmpty()) {
         messages::Tell(u"Notes field cannot be empty"_s);
         return true;
     }
     if (m_controls.maskAlarmDate->IsComplete()) return false;
-    // An alarm of no date would never ring and never be seen again.
+    // An alarm without a date would never ring and never be seen again.
     messages::Tell(u"The date you have entered is not complete"_s);
     m_controls.maskAlarmDate->setFocus();
     return true;
 }
 
-// Where the planner does not take it the window stays, with what was written.
+// If the planner refuses the alarm, the window stays open with what was entered.
 bool AlarmForm::Store(const Alarm& alarm)
 {
     bool isStored = false;
@@ -244,7 +243,7 @@ void AlarmForm::picStop_MouseUp()
     StopTune(m_controls.orlcmbTunes->Text());
 }
 
-// After a redraw no cell is current, though the caret may still stand in one.
+// After a redraw no cell is current, though the caret may still be in one.
 int AlarmHandlers::CurrentCell()
 {
     if (!m_cells.Shows(g_iCurrentPanel)) m_cells.EnterAgain();
@@ -261,7 +260,7 @@ void AlarmHandlers::mnuChangeAlarms_Click()
     if (!Refuses()) AlarmForm(AlarmForm::Mode::Browse, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
 }
 
-// The end of the browsing reads the cells again: what was typed into a locked day is stored before.
+// Closing the browser reads the cells again, so text in a locked day is stored first.
 void AlarmHandlers::btnTunes_Click(int Index)
 {
     if (RefusesWithoutPlanner()) return;

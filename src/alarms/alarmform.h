@@ -1,6 +1,6 @@
-// The editor of alarms, in two modes. New makes an alarm; Browse goes through the alarms of one day and deletes. While
-// it is open the alarm clock stands still. Esc is Cancel; at the window itself, with no control in the focus, it leaves
-// the clock so until the editor is closed in another way.
+// The editor of alarms. New makes an alarm; Browse steps through the alarms of one day and deletes. The alarm clock is
+// stopped while it is open. Esc cancels; if no control has the focus, Esc leaves the clock stopped until the editor is
+// closed in another way.
 #pragma once
 
 #include "alarms/alarmrules.h"
@@ -26,7 +26,6 @@ class Timer;
 class Turn;
 enum class Toward;
 
-// No behaviour.
 struct AlarmControls
 {
     QGroupBox* frAlarm = nullptr;
@@ -55,7 +54,7 @@ struct AlarmControls
     QPushButton* btnCancel = nullptr;
 };
 
-AlarmControls MakeAlarmControls(QDialog& window); // all become children of the window
+AlarmControls MakeAlarmControls(QDialog& window); // children of the window
 
 class AlarmForm : public QDialog
 {
@@ -68,11 +67,11 @@ public:
         Browse
     };
 
-    // cell is the one whose day is proposed for a new alarm, or whose alarms are shown; 0 for none.
+    // The day of this cell is proposed for a new alarm, or its alarms are shown; 0 for none.
     AlarmForm(Mode mode, int cell, Cells& cells, Turn& turn, Timer& tmAlarm);
     ~AlarmForm() override;
 
-    void reject() override; // Esc
+    void reject() override; // by Esc
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -109,18 +108,18 @@ private:
     static constexpr QLatin1StringView OkLiteral{" in AlarmForm, btnOk_Click"};
 
     const Mode m_mode;
-    const DateOrder& m_dateOrder; // the machine's
+    const DateOrder& m_dateOrder; // the machine's date order
     Cells& m_cells;
     Turn& m_turn;
     Timer& m_tmAlarm;
     AlarmControls m_controls;
-    // Of this window alone, while it browses: marks that are drawn anew look through the shared one.
+    // Browsing has its own recordset, since drawing the alarm marks moves the shared one.
     Recordset m_alarms;
-    QString m_sAlarmDate; // the key of the day that is browsed
-    QString m_played;     // the tune that was started here last
+    QString m_sAlarmDate; // key of the browsed day
+    QString m_played;     // the tune last started here
 };
 
-// The main window's commands on alarms, under their own names: the ways into the editor.
+// The main window's alarm commands.
 class AlarmHandlers
 {
 public:
@@ -129,7 +128,7 @@ public:
     {
     }
 
-    // In a personal planner alone; they say so elsewhere.
+    // Personal planners only; otherwise a message says so.
     void mnuNewAlarm_Click();
     void mnuChangeAlarms_Click();
     void btnTunes_Click(int Index); // in a workgroup's planner too

@@ -1,4 +1,4 @@
-// What the editor does while it browses.
+// The Browse mode of the editor.
 #include "alarms/alarmform.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
@@ -31,7 +31,7 @@ constexpr QLatin1StringView DisplayLiteral(" in AlarmForm, subDisplayAlarmData")
 void AlarmForm::PrepareBrowse(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"Browse/Edit Alarm Event"_s);
-    // What stands in a frame is disabled with it.
+    // A disabled frame disables its controls.
     for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes}) {
         frame->setEnabled(false);
         KeepReadable(*frame);
@@ -84,7 +84,7 @@ void AlarmForm::Browse(Toward direction, QLatin1StringView literal)
     });
 }
 
-// What the cells hold is saved first, since reading the planner again would take it away.
+// The cells are saved first, since reading the planner again would replace their text.
 void AlarmForm::ApplyDeletions()
 {
     m_turn(OkLiteral, [this] { subUnloadAlarmIcons(m_cells); });
@@ -126,7 +126,7 @@ void AlarmForm::btnDelete_Click()
     m_controls.tbNotes->SetTextRTF({});
 }
 
-// A box that is disabled takes neither wheel nor keys; a long note must be readable all the same.
+// A disabled box takes neither wheel nor keys, but a long note must be readable.
 QScrollBar* AlarmForm::ScrollBarOfBrowsedNote() const
 {
     return m_mode == Mode::Browse ? m_controls.tbNotes->verticalScrollBar() : nullptr;

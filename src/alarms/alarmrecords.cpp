@@ -14,13 +14,12 @@ QString DateOf(const Recordset& alarms)
     return alarms.Fields(DateField).toString();
 }
 
-// "hh:mm", as the boxes tell it. Of an older planner "h:mm" is stored.
+// "hh:mm". Older planners store "h:mm".
 QString LongTimeOf(const Recordset& alarms)
 {
     return alarms.Fields(TimeField).toString().rightJustified(5, u'0');
 }
 
-// True where the walk stands behind the table's last record in its direction.
 bool IsPast(const Recordset& alarms, Toward direction)
 {
     return direction == Toward::Next ? alarms.EOF_() : alarms.BOF();

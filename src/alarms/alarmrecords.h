@@ -1,4 +1,4 @@
-// The walks through "Alarm Table". Nothing here knows a window; a step that fails raises its error.
+// Moves through "Alarm Table". Knows no window. A failing step raises its error.
 #pragma once
 
 #include <QByteArray>
@@ -9,9 +9,9 @@ class Recordset;
 struct Alarm
 {
     QString date; // the key, "1999/7/4"
-    QString time; // "hh:mm"; of older planners "h:mm"
+    QString time; // "hh:mm", in older planners "h:mm"
     QByteArray note;
-    QString tune; // a bare file name; the field that holds it is called a path
+    QString tune; // a bare file name, though the field is called a path
     bool silence = false;
 };
 
@@ -24,13 +24,11 @@ enum class Toward
     Previous
 };
 
-// Goes to the next alarm of the date, or stands at the end of the table. At the far end it first goes to the date's
-// first alarm, and then to the one behind it.
+// Goes to the next alarm of the date, or to the end of the table. From the far end it goes to the date's second alarm.
 bool StepToAlarm(Recordset& alarms, const QString& date, Toward direction);
 
-// The first of all alarms that are alike but for their notes, or the end of the table. The time of the alarm is
-// "hh:mm".
+// Goes to the first alarm with the same date, time ("hh:mm"), tune and silence, or to the end of the table.
 bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm);
 
-// The first alarm of this date and time, or the end of the table. Looks at the alarms of the date alone.
+// Goes to the first alarm of this date and time, or to the end of the table. Reads only the alarms of the date.
 bool GoToDueAlarm(Recordset& alarms, const QString& date, const QString& time);

@@ -8,8 +8,8 @@
 namespace {
 const QLatin1StringView WaveEnding(".wav");
 
-// A tune's name comes with the planner, perhaps from somebody else: it leads to no other folder. Without a path there
-// is no file.
+// A tune's name comes with the planner, perhaps from a stranger, so it must not lead to another folder. A name with a
+// slash gives an empty path, which plays nothing.
 QString PathOf(const QString& tune)
 {
     return tune.contains(u'/') ? QString() : folders::MediaDirectory() + u'/' + tune;
@@ -18,7 +18,7 @@ QString PathOf(const QString& tune)
 
 QStringList ListTunes()
 {
-    // The name filters of a folder take any letter case.
+    // The name filters ignore letter case.
     const QDir media(folders::MediaDirectory());
     const auto sorted = QDir::Name | QDir::IgnoreCase;
     return media.entryList({u"*.wav"_s}, QDir::Files, sorted) + media.entryList({u"*.mid"_s}, QDir::Files, sorted);

@@ -1,14 +1,14 @@
-// The tunes of alarms: the sound files of the Media directory, known by their bare file names. No windows.
+// The tunes of alarms: sound files in the Media directory, named without a path. No windows.
 #pragma once
 
 #include <QStringList>
 
-// The waves by name, and after them the music by name.
+// All waves by name, then all MIDI files by name.
 QStringList ListTunes();
 
-// Starts the tune and returns at once. The text tells why no music plays, else it is empty; of a wave that cannot be
-// played nothing is told. Whatever does not end in ".wav" counts as music.
+// Starts the tune and returns at once. Returns why music cannot play, else an empty text; a wave that fails is silent.
+// A name that does not end in ".wav" counts as music.
 QString PlayTune(const QString& tune);
 
-// Ends music. A wave plays on to its end.
+// Ends music. A wave plays to its end.
 void StopTune(const QString& tune);
