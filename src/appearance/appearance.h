@@ -23,10 +23,10 @@ public:
     void mnuMonToSun_Click();       // LabelColor
     void mnuMonthDisplay_Click();   // lblMonthForm
     void mnuInitialFont_Click();
-    void lblDayOfWeek_DblClick(int Index); // this heading alone, by the font dialog
+    void lblDayOfWeek_DblClick(int Index); // this heading only, by the font dialog
 
 private:
-    bool Customize(const StyleRules& rules, const std::vector<StyleSample>& samples); // true if OK was pressed
+    bool Customize(const StyleRules& rules, const std::vector<StyleSample>& samples); // true: OK
 
     Cells& m_cells;
     const BottomPanel& m_bottom;

@@ -30,7 +30,7 @@ constexpr StyleRow StyleRows[] = {{"chkBold", "Bold"_L1, &settings::DefaultBold}
 ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label, void (ORLCombo::*fill)())
 {
     auto* combo = Named(new ORLCombo, name);
-    combo->setFocusPolicy(Qt::StrongFocus); // no caret is waiting in a cell here
+    combo->setFocusPolicy(Qt::StrongFocus); // in this dialog no cell's caret has to keep the focus
     (combo->*fill)();
     rows.addRow(label, combo);
     return combo;
@@ -72,7 +72,7 @@ void InitFontForm::ShowSettings()
     tail([&] { Select(*m_orlcmbFontname, Read(settings::DefaultFontName)); });
     tail([&] { Select(*m_orlcmbFontsize, QString::number(Read(settings::DefaultFontSize))); });
     tail([&] {
-        // Any other text stands for black, as it does in a note.
+        // "0", the default, stands for black.
         const QString color = Read(settings::DefaultFontColor);
         Select(*m_orlcmbFontcolor, color == u"0" ? u"Black"_s : color);
     });

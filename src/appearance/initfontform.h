@@ -1,4 +1,4 @@
-// The font, size, colour and styles that an empty note takes when typing begins.
+// The font, size, colour and styles of an empty note when typing begins.
 #pragma once
 
 #include <QDialog>

@@ -17,7 +17,7 @@
 #include <QLabel>
 
 namespace {
-// A panel that looks like the cell or heading it stands for and is pressed, by mouse or key, to change its look.
+// A panel in the look of its cell or heading. A click or Space changes that look.
 class SamplePanel : public SSPanel
 {
 public:
@@ -70,7 +70,7 @@ void StyleForm::AddSamples(QGridLayout& grid)
         const QString& label = m_samples[i].label;
         const int column = static_cast<int>(i);
         m_panels.push_back(MakeSample(i));
-        // The one that stands for all others is as wide as they are together.
+        // The sample that stands for all is as wide as the others together.
         if (i == Written())
             grid.addWidget(m_panels[i], 1, 0, 1, -1);
         else
@@ -124,7 +124,7 @@ void StyleForm::ShowEffects()
     m_panels.back()->SetCaptionFont(font);
 }
 
-// The font dialog begins with what the file says, not with what the sample shows.
+// The font dialog starts from the stored style, not from the sample.
 void StyleForm::PressSample(std::size_t number)
 {
     const auto chosen = ChooseStyle(this, ReadStyle(m_samples[number].defaults));

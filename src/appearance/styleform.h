@@ -1,5 +1,5 @@
-// The dialog of a group of styles: samples that are pressed to change their font and colour, the group's 3D effect, and
-// OK, which writes them. The four dialogs differ by their tables alone.
+// The dialog of a group of styles. A click on a sample changes its font and colour; the check box changes the group's
+// 3D effect; OK writes both. The four dialogs differ only in their tables.
 #pragma once
 
 #include "settings/settings.h"
@@ -16,9 +16,9 @@ class SSPanel;
 struct StyleSample
 {
     QString name;
-    QString label; // beside the sample, empty for none
+    QString label; // beside the sample; may be empty
     QString caption;
-    StyleDefaults defaults; // of this dialog, which are not those of the drawing
+    StyleDefaults defaults; // of this dialog; the drawing has others
     QColor paper;
 };
 
@@ -31,11 +31,11 @@ struct StyleRules
     QLatin1StringView click; // in the error log
     QLatin1StringView save;
     IntSetting font3D;
-    int effect;                    // that "3D Font Effects" stands for
-    const IntSetting* strikeOut{}; // of the last sample, if it has one
+    int effect;                    // value of a ticked "3D Font Effects"
+    const IntSetting* strikeOut{}; // of the last sample, or null
     QLatin1StringView strikeOutCaption{};
-    bool alwaysItalic = false;     // whatever the samples show: kept as it has always been
-    bool lastStandsForAll = false; // the last sample changes all others and is not written
+    bool alwaysItalic = false;     // writes italic whatever the samples show, as older versions do
+    bool lastStandsForAll = false; // the last sample changes all others and is not written itself
 };
 
 class StyleForm : public QDialog
@@ -43,10 +43,10 @@ class StyleForm : public QDialog
     Q_OBJECT
 
 public:
-    // The rules stay as long as the dialog.
+    // The rules must outlive the dialog.
     StyleForm(const StyleRules& rules, const std::vector<StyleSample>& samples, QWidget* owner = nullptr);
 
-    void accept() override; // writes the samples' styles
+    void accept() override; // writes the styles
 
 private:
     std::size_t Written() const { return m_samples.size() - (m_rules.lastStandsForAll ? 1 : 0); }
@@ -58,11 +58,11 @@ private:
 
     const StyleRules& m_rules;
     const std::vector<StyleSample> m_samples;
-    std::vector<SSPanel*> m_panels; // of the samples
-    int m_effect = 0;               // 3D, as the file has it until the box is clicked
+    std::vector<SSPanel*> m_panels; // by sample
+    int m_effect = 0;               // 3D: the stored value until the box is clicked
     QCheckBox* m_chkFontEffect = nullptr;
     QCheckBox* m_chkStrikeOut = nullptr;
 };
 
-// The font dialog, beginning with the given style; empty if it was cancelled.
+// Shows the font dialog for the style; empty if it was cancelled.
 std::optional<PanelStyle> ChooseStyle(QWidget* owner, const PanelStyle& style);
