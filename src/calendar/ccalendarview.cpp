@@ -17,10 +17,9 @@ namespace {
 constexpr int Columns = 7;
 constexpr int Rows = 5;
 
-// Where the note stands in its panel: below the caption, clear of the frame.
 constexpr int NoteLeft = 6, NoteTop = 20, NoteNarrower = 12, NoteLower = 25;
 
-// A view that there is not counts as the month view; that of a day has no cells.
+// An unknown view counts as the month view. The day view has no cells.
 constexpr int ViewAtStart(int preference)
 {
     return preference == ViewMode::Day || preference == ViewMode::Week ? preference : ViewMode::Month;
@@ -60,7 +59,6 @@ void CCalendarView::Show(std::int32_t left, std::int32_t top, std::int32_t right
     m_rcView = {left, top, right, bottom};
 }
 
-// The picture of the view that is shown looks pressed.
 void CCalendarView::ShowViewButtons()
 {
     if (m_iViewMode != ViewMode::Week && m_iViewMode != ViewMode::Month) return;
@@ -90,7 +88,7 @@ void CCalendarView::PlaceCell(int cell, int column, int top, int height)
     panel.setGeometry(heading.x(), top, heading.width(), height);
     box.setGeometry(heading.x() + NoteLeft, top + NoteTop, qMax(0, heading.width() - NoteNarrower),
                     qMax(0, height - NoteLower));
-    // Lines break at the box's edge, not at a page's width.
+    // Lines break at the edge of the box, not at a page width.
     box.SetRightMargin(0);
     panel.setVisible(true);
     box.raise();
@@ -115,7 +113,7 @@ void CCalendarView::PosMonthPanels(const Rectangle& area)
     });
 }
 
-// placeCell takes the cell's place in its view, from 0.
+// place counts from 0 within the view.
 void CCalendarView::PosPanels(int mode, QLatin1StringView literal, const std::function<void(int place)>& placeCell)
 {
     const ErrorTail tail(literal, {errors::NoSuchElement});
@@ -144,9 +142,9 @@ void CCalendarView::RestoreAlarmMarks(CellRange cells)
 
 void CCalendarView::Clear()
 {
-    m_cells.LeaveFor(*m_cells.Client()); // else the focus would pass on to the first button of the toolbar
+    m_cells.LeaveFor(*m_cells.Client()); // else the focus would go to the first toolbar button
     for (const int cell : CellsOf(m_iViewMode)) {
-        if (cell == 0) continue; // the view of a day
+        if (cell == 0) continue; // the day view's range is cell 0 alone
         m_cells.panelDay(cell).setVisible(false);
         m_cells.tbDay(cell).setVisible(false);
     }

@@ -1,5 +1,5 @@
-// The grid of cells: creates the month's and the week's cells when they are first needed, places them in a rectangle
-// and has them drawn. Owns the view mode. All lengths are logical pixels of the main window.
+// The grid of cells: loads a view's cells when they are first needed, places them and has them drawn. Owns the view
+// mode. Lengths are logical pixels of the main window.
 #pragma once
 
 #include "state/viewmode.h"
@@ -25,16 +25,16 @@ struct Rectangle
 class CCalendarView final : public ViewMode
 {
 public:
-    CCalendarView(Cells& cells, const Sidebar& sidebar); // reads VIEWPREF and MINIMIZED, creates the cells of that view
+    CCalendarView(Cells& cells, const Sidebar& sidebar); // reads VIEWPREF and MINIMIZED, loads the cells of that view
     void SetRedraw(Redraw& redraw) { m_redraw = &redraw; }
 
     void SetViewMode(int mode) { m_iViewMode = mode; } // moves and draws nothing
     int GetViewMode() const override { return m_iViewMode; }
     bool StartsMinimized() const { return m_bStartsMinimized; }
 
-    // Places and draws the cells of the present mode. Reads no note.
+    // Places and draws the cells of the current view. Reads no notes.
     void Show(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
-    void Clear(); // hides the cells of the present mode
+    void Clear(); // hides the cells of the current view
     void GetRect(std::int32_t& left, std::int32_t& top, std::int32_t& right, std::int32_t& bottom) const;
 
 private:

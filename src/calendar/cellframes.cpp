@@ -18,7 +18,7 @@ CellFrames::CellFrames(Cells& cells, const FormatBar& bar, const Sidebar& sideba
 {
     const auto follow = Guarded(" in CCalendarView, CellFrames"_L1, [this] { FollowFocus(); });
     connect(qApp, &QApplication::focusChanged, this, follow);
-    // Also where its window is not the active one.
+    // These signals also come while another window is active.
     connect(&cells, &Cells::GotFocus, this, follow);
     connect(&cells, &Cells::Left, this, follow);
     const auto followLocks = Guarded(" in MainForm, FollowLocks"_L1, [this] { FollowLocks(); });
@@ -28,7 +28,7 @@ CellFrames::CellFrames(Cells& cells, const FormatBar& bar, const Sidebar& sideba
 
 void CellFrames::FollowFocus()
 {
-    // A menu or a message box takes the focus away and gives it back: the cell stays the current one.
+    // A menu or a message box only borrows the focus, so the window's own focus widget counts.
     const QWidget* now = m_cells.Client()->window()->focusWidget();
     if (!now || !m_cells.Client()->isAncestorOf(now)) return;
     const int cell = m_cells.CellWithCaret();
@@ -36,7 +36,7 @@ void CellFrames::FollowFocus()
     if (!IsTool(now)) Leave(cell);
 }
 
-// What acts on the note, on what is selected in it, or goes into it where it is looked at.
+// The toolbar and the pictures act on the note, so they must leave its selection in view.
 bool CellFrames::IsTool(const QWidget* now) const
 {
     return m_bar.tbTop->isAncestorOf(now) || m_sidebar.tbPictureBox->isAncestorOf(now);
@@ -56,7 +56,7 @@ void CellFrames::Leave(int forCell)
     if (before != forCell && before != 0) m_cells.tbDay(before).ShowBeginning();
 }
 
-// In a personal planner a mark only says that the caret has been in the cell.
+// In a personal planner a mark only means that the cell was entered.
 void CellFrames::FollowLocks()
 {
     for (int cell = 1; cell <= CellCount; ++cell)

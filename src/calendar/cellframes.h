@@ -1,6 +1,5 @@
-// The frames of cells. The cell with the caret wears a thin one, and once it is left it shows its note from the
-// beginning again; it follows the focus of the whole program. A day that this user has locked wears one as long as the
-// lock is held, wherever the caret is.
+// The frames of cells. The cell with the caret has a thin frame; once it is left it shows its note from the beginning.
+// A day that this user has locked has a frame until it is unlocked, wherever the caret is.
 #pragma once
 
 #include <QObject>
@@ -27,5 +26,5 @@ private:
     const FormatBar& m_bar;
     const Sidebar& m_sidebar;
     int m_framed = 0;
-    int m_visited = 0; // not left yet
+    int m_visited = 0; // the cell whose note still shows the caret's place
 };

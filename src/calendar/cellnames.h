@@ -1,5 +1,5 @@
-// What a screen reader says of the cells: their dates in words, and what else the eye sees of them. Kept up to date
-// only while somebody listens, so that turning a month costs nothing more.
+// What a screen reader says of the cells: their dates in words and their state. Kept up to date only while a screen
+// reader listens, so turning a month costs nothing otherwise.
 #pragma once
 
 #include <QAccessible>

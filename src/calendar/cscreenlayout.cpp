@@ -34,7 +34,7 @@ int Dimension(const TextSetting& setting, int defaultPixels)
 void CScreenLayout::RestoreRectangle()
 {
     constexpr int Inset = 30 / TwipsPerPixel;
-    // The sizes kept are those inside the window's frame, which is not known before the window is shown.
+    // The stored sizes exclude the window's frame, which is unknown before the window is shown.
     constexpr int FrameSides = 8, FrameHeight = 40;
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
     const int left = Dimension(settings::MainLeft, area.left() + Inset);
@@ -70,7 +70,7 @@ void CScreenLayout::DestroyWindow(const std::optional<Rectangle>& place)
 {
     if (!place) return;
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    // Where windows cannot know their place, the one stored elsewhere stays, with the new size.
+    // Where windows cannot know their position, the stored one stays and only the size changes.
     const int left = WindowsKnowTheirPlace() ? place->left : Dimension(settings::MainLeft, 0);
     const int top = WindowsKnowTheirPlace() ? place->top : Dimension(settings::MainTop, 0);
     Write(settings::MainLeft, TrimmedStr(ToTwips(left)));
@@ -90,7 +90,7 @@ void CScreenLayout::RefreshLayout()
     const ErrorTail tail(" in CScreenLayout, RefreshLayout"_L1);
     tail([&] { m_toolbar.ShowControl(); });
     const Rectangle client = GetClientRect();
-    // What a minimised window leaves out is placed when it comes back.
+    // A minimised window gets an empty rectangle, so that it is laid out when it is restored.
     m_rcClient = m_window.isMinimized() ? Rectangle{} : client;
     const bool atBottom = m_toolbar.IsVisible() && m_toolbar.GetAlignment() == CToolbarView::AlignBottom;
     const int above = m_toolbar.IsVisible() && !atBottom ? m_toolbar.Height() : 0;
@@ -98,14 +98,14 @@ void CScreenLayout::RefreshLayout()
     const int barHeight = m_statusbar.Height();
     tail([&] { m_sidebar.ShowControl(0, above, m_sidebar.Width(), bottom - 1); });
     const int left = m_sidebar.IsVisible() ? m_sidebar.Width() : 0;
-    // The bar under the status bar takes a line of its own; above the calendar it takes none.
+    // One pixel parts the status bar from a toolbar below it.
     tail([&] { m_statusbar.ShowControl(left, bottom - barHeight, client.right, bottom - 1); });
     tail([&] { m_calendar.Show(left, above, client.right, bottom - barHeight); });
 }
 
 void CScreenLayout::LayOutAgain()
 {
-    // The week is drawn anew as that of the selected day. Where the moves had left that week, the notes go with it.
+    // A layout redraws the week of the selected day. If another week was shown, its notes must be saved and read again.
     const bool rowChanges = HasPlanner() && m_calendar.GetViewMode() == ViewMode::Week && m_redraw.ShowsOtherWeek();
     const std::int16_t current = g_iCurrentPanel;
     if (rowChanges) {
@@ -113,7 +113,7 @@ void CScreenLayout::LayOutAgain()
     } else {
         RefreshLayout();
     }
-    // A day that this user has locked stays the current one.
+    // A day that this user has locked stays current.
     if (g_bDBShared && MarkedCell() != 0) g_iCurrentPanel = current;
 }
 

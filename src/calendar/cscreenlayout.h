@@ -1,5 +1,5 @@
-// Divides the client area among toolbar, sidebar, status bar and calendar, as a person arranges them: shown or hidden,
-// dragged to another side. Keeps the main window's rectangle from one run to the next.
+// Divides the client area among toolbar, sidebar, status bar and calendar. The bars can be hidden, and the toolbar
+// dragged to the other side. Stores the main window's rectangle.
 #pragma once
 
 #include "calendar/ccalendarview.h"
@@ -17,7 +17,6 @@ class Turn;
 class CScreenLayout
 {
 public:
-    // client is the part of the main window that is divided.
     CScreenLayout(QWidget& client, CToolbarView& toolbar, CSidebarView& sidebar, CStatusbarView& statusbar,
                   CCalendarView& calendar, Redraw& redraw, Turn& turn)
         : m_client(client), m_window(*client.window()), m_toolbar(toolbar), m_sidebar(sidebar), m_statusbar(statusbar),
@@ -25,13 +24,13 @@ public:
     {
     }
 
-    void ShowWindow(bool minimized); // where the last run left it
-    // Where the window stands, to be taken while it is shown; empty for a minimized one.
+    void ShowWindow(bool minimized); // at its stored place
+    // The window's rectangle. Ask while it is shown; empty for a minimised window.
     std::optional<Rectangle> WindowPlace() const;
-    void DestroyWindow(const std::optional<Rectangle>& place); // saves the place; that of a minimized window stays
-    void RefreshLayout(); // as a switch of the view needs it, which saves and reads itself
+    void DestroyWindow(const std::optional<Rectangle>& place); // saves the place; without one the stored place stays
+    void RefreshLayout();                                      // for a view switch, which saves and reads by itself
 
-    void Form_Resize(); // lays out again if the client area has changed
+    void Form_Resize(); // lays out if the client area has changed
     void Form_DragDrop(const QPoint& dropped);
     void mnuViewTBVisible_Click();
     void mnuViewTBAlignTop_Click();
@@ -41,7 +40,7 @@ public:
 private:
     Rectangle GetClientRect() const;
     void RestoreRectangle();
-    void LayOutAgain(); // with the same view
+    void LayOutAgain(); // keeps the view
 
     QWidget& m_client;
     QWidget& m_window;

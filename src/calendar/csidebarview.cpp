@@ -47,7 +47,7 @@ void CSidebarView::TogglePages()
 {
     constexpr int Pictures = 1;
     const int front = m_sidebar.tabSidebar->SelectedIndex() == Pictures ? Pictures : 0;
-    // The page behind takes no Tab key.
+    // A hidden page takes no Tab key.
     for (int page = 0; page < 2; ++page)
         m_sidebar.fraSidebar[static_cast<std::size_t>(page)]->setVisible(page == front);
     m_sidebar.fraSidebar[static_cast<std::size_t>(front)]->raise();

@@ -1,4 +1,4 @@
-// The sidebar's place: shown or hidden, and which of its two pages lies in front.
+// The place of the sidebar: whether it is shown, and which of its two pages is in front.
 #pragma once
 
 #include <cstdint>
@@ -14,11 +14,11 @@ public:
     CSidebarView(const CSidebarView&) = delete;
     CSidebarView& operator=(const CSidebarView&) = delete;
 
-    void PosTabPages(); // lays the pages and their controls into the strip's client area
+    void PosTabPages(); // lays out the pages and their controls
     void TogglePages(); // brings the page of the selected tab to the front
     bool IsVisible() const { return m_bVisible; }
-    void SetVisible(); // the other way round; written to the settings at once
-    int Width() const; // of the strip, whether or not it is shown
+    void SetVisible(); // toggles; written to the settings at once
+    int Width() const; // of the strip, also while hidden
     void ShowControl(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
 
 private:

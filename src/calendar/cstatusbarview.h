@@ -10,7 +10,7 @@ class CStatusbarView
 public:
     explicit CStatusbarView(const BottomPanel& bottom) : m_bottom(bottom) {}
 
-    int Height() const; // of the spin pictures, and so of the panel
+    int Height() const; // of the spin pictures and thus of the panel
     void ShowControl(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
 
 private:

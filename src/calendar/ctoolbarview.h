@@ -1,4 +1,4 @@
-// The toolbar's place: shown or hidden, at the top or at the bottom of the client area.
+// The place of the toolbar: hidden, or at the top or bottom of the client area.
 #pragma once
 
 #include <cstdint>
@@ -18,15 +18,15 @@ public:
     CToolbarView(const CToolbarView&) = delete;
     CToolbarView& operator=(const CToolbarView&) = delete;
 
-    // A change is written to the settings at once; the window is to be laid out anew by the caller.
+    // Changes are written to the settings at once. The caller lays the window out again.
     bool IsVisible() const { return m_bVisible; }
-    void SetVisible(); // the other way round
+    void SetVisible(); // toggles
     std::int32_t GetAlignment() const { return m_iAlignment; }
     void SetAlignment(std::int32_t alignment);
-    // The bar was dropped at this point of the client area; it moves only if that is where a bar can be.
+    // Moves the toolbar if it was dropped where a toolbar can be. The point is in client coordinates.
     void DragDropReposition(const Rectangle& client, std::int32_t x, std::int32_t y);
 
-    int Height() const; // logical pixels, whether or not it is shown
+    int Height() const; // logical pixels, also while hidden
     void ShowControl();
 
 private:

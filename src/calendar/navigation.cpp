@@ -22,7 +22,7 @@ bool Navigation::RefusesToLeave()
     if (!g_bDBShared) return false;
     const bool isLocked = MarkedCell() != 0;
     if (isLocked && g_iCurrentPanel != 0) {
-        m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
+        m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // a message box lets the idle timer go on
         return true;
     }
     if (!isLocked) g_iCurrentPanel = 0;
@@ -32,7 +32,7 @@ bool Navigation::RefusesToLeave()
 void Navigation::Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)())
 {
     const ErrorTail tail(literal);
-    bool refused = true; // also where the refusal cannot be shown
+    bool refused = true; // also if showing the refusal fails
     tail([&] { refused = RefusesToLeave(); });
     if (refused) return;
     m_turn(literal, [&] {
@@ -122,11 +122,11 @@ void Navigation::tmMidnightRefresh_Timer()
     const QDateTime now = desktopclock::Now();
     const bool isFirstMinute = now.time() < QTime(0, 1);
     const bool isOtherDay = std::exchange(m_lastTick, now.date()) != now.date();
-    // After a day that could not be stored the calendar turns when that is done.
+    // A turn that waits for a locked day is made as soon as the day is stored.
     const bool isOwed = m_isTurnOwed && !(g_bDBShared && MarkedCell() != 0);
     if (!isFirstMinute && !isOtherDay && !isOwed) return;
     m_isTurnOwed = !TurnToToday(" in MainForm, tmMidnightRefresh_Timer"_L1);
-    // Nobody has asked for the turn, and whoever is typing would go on in another day's note.
+    // Nobody asked for this turn, so a person who is typing must not go on in another day's note.
     if (m_cells.CellWithCaret() != 0 && !m_cells.CaretHasItsDay()) m_cells.LeaveFor(*m_cells.Client());
 }
 

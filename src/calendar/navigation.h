@@ -1,5 +1,5 @@
-// Moving through time and between the views. Every move does the same in the same order: save what the cells hold,
-// change the date, draw, read the notes.
+// Moving through time and between the views. Every move saves the cells, changes the date, draws and reads the notes,
+// in this order.
 #pragma once
 
 #include "platform/desktop/clock.h"
@@ -26,28 +26,28 @@ public:
     {
     }
 
-    // The next or previous month or week, as the view is. In a workgroup's planner refused while a day is locked.
+    // The next or previous month or week. Refused while this user holds a day.
     void subActionNext();
     void subActionPrevious();
 
     void mnuThisMonth_Click();
     void mnuCurrentWeek_Click();
 
-    // Without a planner, and in the view that is shown already, there is only a message.
+    // Without a planner, or if the view is already shown, there is only a message.
     void subSwitchToMonthView();
     void subSwitchToWeekView();
     void picWeek_Click(int Index);
 
-    void SpinTips() const; // as the view is, at the moment the mouse is over them
-    // Goes to today in the minute after midnight, and at the first tick of another day: a machine may have slept over
-    // that minute.
+    void SpinTips() const; // names the unit of the current view
+    // Goes to today in the minute after midnight, and at the first tick of a new day, since a machine may have slept
+    // through that minute.
     void tmMidnightRefresh_Timer();
-    void subSetViewMenus(); // which of the Goto and View entries the present mode allows
+    void subSetViewMenus(); // enables the Goto and View entries of the current view
 
 private:
     bool RefusesToLeave();
     void Move(QLatin1StringView literal, void (Redraw::*month)(), void (Redraw::*week)());
-    bool TurnToToday(QLatin1StringView literal); // today, in the view that is shown; false as a turn's
+    bool TurnToToday(QLatin1StringView literal); // to today; returns what the turn returns
     void SwitchTo(int mode, QLatin1StringView literal, const QString& name);
 
     Cells& m_cells;
@@ -59,6 +59,6 @@ private:
     CCalendarView& m_calendar;
     CScreenLayout& m_layout;
     const HeldDay& m_heldDay;
-    QDate m_lastTick = desktopclock::Now().date(); // of the midnight timer
-    bool m_isTurnOwed = false;                     // to today
+    QDate m_lastTick = desktopclock::Now().date(); // day of the midnight timer's last tick
+    bool m_isTurnOwed = false;                     // the turn to today waits for a locked day
 };

@@ -25,20 +25,19 @@ QDate Today()
     return desktopclock::Now().date();
 }
 
-// The day of today if its month is the shown one, otherwise 0.
+// Today's day of the month if its month is shown, otherwise 0.
 int ShownToday()
 {
     const QDate today = Today();
     return today.year() == g_iYear && today.month() == g_iMonth ? today.day() : 0;
 }
 
-// The styles of a redraw, read once for all of its cells.
 struct CellStyles
 {
     PanelStyle memo;
     PanelStyle daily;
     PanelStyle today;
-    std::optional<int> font3D; // empty: as it is
+    std::optional<int> font3D; // empty: unchanged
     int todaysDay = ShownToday();
 };
 
@@ -53,7 +52,6 @@ void ShowSlot(Cells& cells, int cell, const DaySlot& slot, const CellStyles& sty
     panel.SetFrame(isToday ? paper::TodayFrame : QColor());
 }
 
-// What a value of the week's map stands for.
 DaySlot SlotOf(int value)
 {
     const int days = fnDaysInMonth();
@@ -68,7 +66,7 @@ void StepMonth(int step)
     g_iYear = CInt(g_iYear + step);
 }
 
-// How many days at the start of the shown month are past, by the clock: none, those before today, or all.
+// How many days at the start of the shown month are past.
 int PastDays()
 {
     constexpr int All = 32;
@@ -139,8 +137,8 @@ void Redraw::subDisplayWeek()
 {
     const ErrorTail tail(" in MODSHOW, subDisplayWeek"_L1);
     tail([&] {
-        // The table of lengths is not refreshed here: after a year's end crossed week by week February keeps the
-        // length of the last month drawn.
+        // The table of month lengths is not refreshed here. After week moves across a year's end February therefore
+        // keeps the length of the last month drawn.
         g_aiCalendar = WeekMap(Weekday(g_iYear, g_iMonth, 1), fnDaysInMonth());
         DisplayWeekCells(FirstSlotOfWeek(g_iYear, g_iMonth, g_iDay), true);
     });
@@ -159,7 +157,7 @@ void Redraw::MoveWeek(int step)
     });
 }
 
-// edge is the day of the shown row's last cell in the direction of the step.
+// edge is the shown row's last day in the direction of the step.
 void Redraw::DisplayWeekBeside(int edge, int step)
 {
     const auto found = std::find(g_aiCalendar.begin(), g_aiCalendar.end(), edge);

@@ -1,4 +1,4 @@
-// MODSHOW's drawing half: numbers and styles the cells of the shown month or week. Reads no note.
+// The drawing half of MODSHOW: numbers and styles the cells of the shown month or week. Reads no notes.
 #pragma once
 
 #include <QLatin1StringView>
@@ -12,16 +12,16 @@ class Redraw
 public:
     Redraw(Cells& cells, Foot& foot, const ViewMode& viewMode) : m_cells(cells), m_foot(foot), m_viewMode(viewMode) {}
 
-    void Display(); // the month or the week, as the view is
+    void Display(); // the current view
     void subDisplayMonth();
-    void subDisplayNextMonth() { MoveMonth(1); } // leaves the selected day as it is
+    void subDisplayNextMonth() { MoveMonth(1); } // keeps the selected day
     void subDisplayPrevMonth() { MoveMonth(-1); }
     void subDisplayWeek(); // the row of g_iDay; fills g_aiCalendar
-    // The row after or before the shown one. Across a month's end g_iDay becomes the day nearest to it; within the
-    // month it stays, and the row need not hold it any more.
+    // The row after or before the shown one. If the month changes, g_iDay becomes its nearest day; otherwise it stays,
+    // and the row need not contain it.
     void subDisplayNextWeek() { MoveWeek(1); }
     void subDisplayPrevWeek() { MoveWeek(-1); }
-    bool ShowsOtherWeek() const; // than that of g_iDay
+    bool ShowsOtherWeek() const; // than the week of g_iDay
 
 private:
     void DisplayMonthCells();
