@@ -33,7 +33,7 @@ void Follow(ToolbarButton& button, const std::optional<bool>& format)
     if (format) button.SetValue(*format ? 1 : 0);
 }
 
-// The first entry with this text, -1 for none.
+// -1 if no entry has this text.
 int IndexOf(const ORLCombo& combo, const QString& text)
 {
     for (int i = 0; i < combo.ListCount(); ++i) {
@@ -70,7 +70,7 @@ void CellEditing::Wire()
     on(&Cells::KeyPress, " in MainForm, tbDay_KeyPress"_L1, [this](int i, int& key) { tbDay_KeyPress(i, key); });
     on(&Cells::MouseDown, " in MainForm, tbDay_MouseDown"_L1,
        [this](int i, int button, const QPoint& at) { tbDay_MouseDown(i, button, at); });
-    // What the mouse drops or pastes passes the guard of the paste command.
+    // Dropping and pasting with the mouse pass the same check as the paste command.
     on(&Cells::PasteRequested, " in MainForm, mnuPaste_Click"_L1,
        [this](int, bool& allowed) { allowed = m_formatting.fnCanFormatCell(); });
 }
@@ -85,12 +85,12 @@ void CellEditing::RefuseMove()
     const int held = m_cells.CellToStayIn();
     m_cells.tbDay(held).setFocus();
     if (std::exchange(m_isRefusing, true)) return;
-    // A box that opened in the middle of a focus change would let the press through to the refused cell.
+    // Queued: a message box that opens during a focus change would let the mouse press reach the refused cell.
     QMetaObject::invokeMethod(this, Guarded(" in MainForm, tbDay_GotFocus"_L1, [this, held] { TellRefusal(held); }),
                               Qt::QueuedConnection);
 }
 
-// Then the focus, and at last the menu that a right click has asked for.
+// Moves the focus back, then opens the menu that a right click asked for.
 void CellEditing::TellRefusal(int held)
 {
     const auto isOver = qScopeGuard([this] {
@@ -110,14 +110,13 @@ void CellEditing::tbDay_GotFocus(int Index)
     }
     g_iCurrentPanel = static_cast<std::int16_t>(Index);
     m_cells.RememberEntry(Index);
-    // Without a planner there is nothing that the cell could be written to.
+    // Without a planner the note has no place to be stored.
     if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
     tail([&] { GiveDefaultFont(m_cells.tbDay(Index), DefaultStyles::AsSet, " in MainForm, tbDay_GotFocus"_L1); });
 }
 
 void CellEditing::EnterIfNoneIsCurrent(int Index)
 {
-    // After a redraw no cell is current, though the caret may still stand in one.
     if (!m_cells.Shows(g_iCurrentPanel)) tbDay_GotFocus(Index);
 }
 
@@ -140,11 +139,11 @@ void CellEditing::tbDay_KeyPress(int Index, int& KeyAscii)
     g_lUnlockTicks = 0;
     EnterIfNoneIsCurrent(Index);
     if (!g_bDBShared) return;
-    // Nothing would store it, though the box may still take text from an earlier lock.
+    // No save would store it, though the box may still be unlocked from an earlier lock.
     if (IsHeldElsewhere(Index)) KeyAscii = 0;
     if (!m_heldDay.LooksFree()) return;
     KeyAscii = 0;
-    // Handed on by an alarm's window: a box would put itself in front of that.
+    // While an alarm window passes keys on, a message box would cover it.
     if (QApplication::activeModalWidget() || RefusesWithoutPlanner()) return;
     MsgBox(u"Please lock current day in order to edit a shared database. Alternatively, locking "
            "mechanism is automatic if you zoom in to 'Day View' by double-clicking on the 'Date' of "
@@ -157,8 +156,8 @@ void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPos
     EnterIfNoneIsCurrent(Index);
     if (Button != RichTextBox::RightButton) return;
     if (g_bDBShared && IsHeldElsewhere(Index)) {
-        RefuseMove(); // also where the window is only about to become the active one, and no event has told of the
-                      // focus
+        // An inactive window gets no focus event that could refuse this press.
+        RefuseMove();
         m_menuAfterwards = globalPosition;
         return;
     }
@@ -169,7 +168,7 @@ void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPos
 void CellEditing::tbDay_SelChange(int Index)
 {
     const RichTextBox& box = m_cells.tbDay(Index);
-    // A bare caret leaves the bar as it was, so that typing does not pay for this.
+    // Without a selection the bar stays as it is, so that typing does not pay for this.
     if (box.SelLength() < 1) return;
     FollowButtons(box);
     FollowCombos(box);

@@ -1,5 +1,5 @@
-// What the cells do when they are entered, clicked and typed into. A note is typed straight into its cell; which cell
-// is the current one is decided by the focus alone.
+// What the cells do when they are entered, clicked and typed into. A note is typed straight into its cell; the focus
+// alone decides which cell is current.
 #pragma once
 
 #include <QObject>
@@ -20,12 +20,12 @@ class CellEditing : public QObject
     Q_OBJECT
 
 public:
-    // Wires itself to the events of all cells, those included that are loaded later.
+    // Connects to the events of all cells, also of those loaded later.
     CellEditing(Cells& cells, const FormatBar& bar, const HeldDay& heldDay, Menus& menus, const ViewMode& viewMode,
                 Formatting& formatting);
 
     void tbDay_GotFocus(int Index);
-    void tbDay_Click(int Index); // panelDay too
+    void tbDay_Click(int Index); // also for panelDay
     void tbDay_Change();
     void tbDay_KeyPress(int Index, int& KeyAscii);
     void tbDay_MouseDown(int Index, int Button, const QPoint& globalPosition);
@@ -46,6 +46,6 @@ private:
     Menus& m_menus;
     const ViewMode& m_viewMode;
     Formatting& m_formatting;
-    bool m_isRefusing = false;              // the box is up or about to come
-    std::optional<QPoint> m_menuAfterwards; // where the press was that was refused
+    bool m_isRefusing = false;              // the message box is open or queued
+    std::optional<QPoint> m_menuAfterwards; // global position of the refused press
 };

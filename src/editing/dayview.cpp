@@ -30,15 +30,15 @@
 namespace {
 constexpr QLatin1StringView ZoomLiteral(" in MainForm, subZoomView");
 
-// A copy of the text for whoever finds the program killed while the window was open. What goes back into the cell is
-// kept in memory: a full disk may refuse the file, and a second Orrelin writes the same one.
+// A copy for a person whose program was killed while the window was open. The cell gets its text from memory, since a
+// full disk may refuse the file and a second Orrelin writes the same one.
 QString ScratchFile()
 {
     return folders::ApplicationDirectory() + u"/dayview.rtf"_s;
 }
 } // namespace
 
-// The current cell, that of the caret, that of the selected day, or the first day that is shown.
+// The current cell, else the caret's, else the selected day's, else the first shown day.
 int DayView::CellToOpen() const
 {
     if (m_cells.Shows(g_iCurrentPanel)) return g_iCurrentPanel;
@@ -57,7 +57,7 @@ void DayView::subZoomView()
     if (m_form) return;
     const ErrorTail tail(ZoomLiteral);
     g_iCurrentPanel = static_cast<std::int16_t>(CellToOpen());
-    if (g_iCurrentPanel == 0) return; // nothing is shown that could be opened
+    if (g_iCurrentPanel == 0) return; // no cell is shown
     const QString key = m_cells.KeyOf(g_iCurrentPanel);
     m_day = {g_iCurrentPanel, key, m_heldDay.Holds(key)};
     if (!MayOpen()) return;
@@ -66,8 +66,8 @@ void DayView::subZoomView()
     m_sidebar.picDay->ShowElement(0);
     m_journal.Follow();
     tail([&] { QFile::remove(ScratchFile()); });
-    // The caret goes where the eye is: the next command acts on the day that was open. A day that was left idle and has
-    // been unlocked is left.
+    // The caret goes to the day that was open, so that the next command acts on it. If the idle timer has unlocked the
+    // day, the focus stays where it is.
     if (ShowsDay() && (!m_taken || m_heldDay.Holds(m_day.key))) m_cells.tbDay(m_day.cell).setFocus();
 }
 
@@ -75,15 +75,15 @@ bool DayView::MayOpen()
 {
     const int held = MarkedCell(m_day.cell);
     if (g_bDBShared && held != 0 && m_heldDay.IsHeld()) {
-        // Another day that is locked by hand would lose its lock, and what was typed under it.
+        // Another day is locked by hand: opening this one would drop its lock and its unsaved text.
         g_iCurrentPanel = static_cast<std::int16_t>(held);
         m_heldDay.KeepInPlace(held);
         return false;
     }
-    // Without the reading of the record that a lock by hand brings: the window opens on what the cell shows.
+    // A lock by hand also reads the record into the cell; here the window opens on what the cell shows.
     if (g_bDBShared) return m_heldDay.Take(m_day.key);
     if (!m_cells.tbDay(m_day.cell).Locked()) return true;
-    // What would be written could not be stored: the day's note has not been read.
+    // The day's note has not been read, so a change could not be stored.
     MsgBox(u"This day cannot be opened, since its note could not be read."_s, msgbox::Exclamation,
            messages::HelpWizard);
     return false;
@@ -122,7 +122,7 @@ bool DayView::Exec(ZoomBoxForm& form)
     return accepted;
 }
 
-// Esc is pressed in a hurry: what it drops is a step of the cell's undo.
+// Esc is easily pressed by mistake, so the dropped text becomes a step of the cell's undo.
 void DayView::OfferDropped(const RichTextBox& dropped)
 {
     if (!ShowsDay()) return;
@@ -143,7 +143,7 @@ void DayView::FollowFocus(int cell)
     if (cell != m_day.cell) EndNotice();
 }
 
-// Esc leaves the timer and the place as they are; a cancel stops the timer alone.
+// Esc keeps the idle timer and the stored place; Cancel keeps the place and stops the timer.
 void DayView::FollowResult(const ZoomBoxForm& form, bool accepted)
 {
     const ErrorTail tail(ZoomLiteral);
@@ -169,7 +169,7 @@ bool DayView::ShowsDay() const
     return m_cells.Shows(m_day.cell) && m_cells.KeyOf(m_day.cell) == m_day.key;
 }
 
-// The window opened on what the screen showed, and others may have written the day since: theirs stays beside it.
+// The window opened on what the screen showed. If others have changed the day since, both texts stay.
 void DayView::JoinWithTheirs()
 {
     const QByteArray& stored = m_heldDay.LockedText();
@@ -185,16 +185,16 @@ void DayView::TakeOver()
 {
     if (g_bDBShared) JoinWithTheirs();
     if (!ShowsDay()) {
-        // The calendar has turned to today meanwhile.
+        // The calendar has turned to another month meanwhile.
         if (!g_bDBShared) m_notes.PutNote(m_day.key, {m_isEmpty ? QByteArray() : m_text, {}, {}});
         return;
     }
     RichTextBox& box = m_cells.tbDay(m_day.cell);
-    if (box.TextRTF() == m_text) return; // keeps the caret and what can be undone
+    if (box.TextRTF() == m_text) return; // keeps the caret and the undo stack
     box.SetTextRTF(m_text);
 }
 
-// A cancel leaves a day that was locked before as it was: locked, with what had been typed into its cell.
+// Cancel leaves a day that was already locked as it was: locked, with the text of its cell.
 void DayView::Unlock(bool cancelled)
 {
     if (cancelled) {
@@ -207,8 +207,8 @@ void DayView::Unlock(bool cancelled)
     m_cells.tbDay(m_day.cell).MarkSaved(m_text);
 }
 
-// What could not be stored stays in its cell under the lock, to be tried again by unlocking; where the calendar has
-// turned meanwhile it waits for the next look at its day. At the exit it goes where all goes that could not be saved.
+// The text stays in its cell under the lock until the next unlock tries again. If the cell shows another day by now, or
+// at the exit, the text waits among the unsaved notes.
 void DayView::KeepLocked(const RunTimeError& error)
 {
     LogError(error, ZoomLiteral);
@@ -238,7 +238,7 @@ void DayView::TakeText()
     TakeTextOf(*m_form);
     tail([&] { m_form->tbZoom().SaveFile(ScratchFile()); });
     tail([&] { TakeOver(); });
-    // The idle timer unlocks the day that is shown.
+    // The idle timer then unlocks the shown day.
     if (g_bDBShared && ShowsDay()) m_heldDay.HandTo(m_day.cell);
     if (g_bDBShared && !ShowsDay()) Unlock(false);
     m_taken = true;

@@ -1,5 +1,5 @@
-// The day view: opens the current cell's note in a window with room around it and hands the result back to the cell. In
-// a workgroup's planner it takes and gives back the day's lock by itself.
+// The day view: edits the current cell's note in a window of its own and puts the result back into the cell. In a
+// workgroup's planner it takes and releases the day's lock.
 #pragma once
 
 #include "notes/unsavednotes.h"
@@ -30,31 +30,31 @@ public:
     {
     }
 
-    void subZoomView(); // returns when the window is closed and its text is taken over
+    void subZoomView(); // returns when the window is closed and its text is stored in the cell
     void panelDay_DblClick(int Index);
-    // The foot tells of what Esc has dropped until the next undo would do something else.
+    // Ends the foot's notice about text dropped by Esc, once undo would no longer bring that text back.
     void EndNotice();
     void FollowFocus(int cell);
 
-    // From outside, where the window is open: what stands in it goes into the cell of its day.
+    // Called by other classes while the window is open: its text goes into the cell of its day.
     void TakeTextAndClose();
-    void TakeTextAtExit(); // in a workgroup's planner it is stored
+    void TakeTextAtExit(); // also stores it in a workgroup's planner
 
-    void AddTyped(UnsavedNotes& typed) const; // what stands in the open window and nowhere else
+    void AddTyped(UnsavedNotes& typed) const; // the text of the open window, if it was changed
 
 private:
-    // The day that the window was opened for: by the time it closes another one may stand in its cell.
+    // The day that the window was opened for. The cell may show another day when it closes.
     struct Day
     {
         int cell = 0;
         QString key;
-        bool wasLocked = false; // by this user's own hand before
+        bool wasLocked = false; // by this user, by hand
     };
 
     int CellToOpen() const;
     bool MayOpen();
     void Show();
-    bool Exec(ZoomBoxForm& form); // Ok
+    bool Exec(ZoomBoxForm& form); // true: OK
     void FollowResult(const ZoomBoxForm& form, bool accepted);
     void JoinWithTheirs();
     void TakeOver();
@@ -77,10 +77,10 @@ private:
     Journal& m_journal;
     ZoomBoxForm* m_form = nullptr; // while the window is open
     Day m_day;
-    QByteArray m_text; // of the day, as it is to go into the cell
-    QByteArray m_base; // of a workgroup's day: what the file held as far as this screen knew when the window opened
+    QByteArray m_text; // the text that goes into the cell
+    QByteArray m_base; // in a workgroup's planner: the stored text that this edit started from
     bool m_isEmpty = false;
     bool m_isExiting = false;
-    bool m_tellsDropped = false; // in the foot
-    bool m_taken = false;        // closed from outside, which has taken the text and given up the lock
+    bool m_tellsDropped = false; // the foot shows the notice
+    bool m_taken = false;        // closed from outside: text and lock are already dealt with
 };

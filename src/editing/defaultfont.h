@@ -11,6 +11,6 @@ enum class DefaultStyles
     None
 };
 
-// Gives the box, for as long as it is empty and whenever it becomes so, the font and colour of the settings as they are
-// now, and their four styles or none. A value that no font can have is logged under the literal and left out.
+// Gives the box the font, colour and, if wanted, styles of the settings whenever it is empty. A value that no font can
+// have is logged under the literal and skipped.
 void GiveDefaultFont(RichTextBox& box, DefaultStyles styles, QLatin1StringView literal);

@@ -17,8 +17,8 @@ void FontCommand::Fill(const RichTextBox& box, const ErrorTail& tail)
     for (const TextStyle& style : TextStyles)
         m_dialog.*style.ofDialog = (box.*style.read)().value_or(false);
     m_dialog.colorIsChosen = false;
-    // Whether there is one colour is told by the underline: with a mixed one the dialog opens in black, and mixed
-    // colours under an even one leave the dialog with the colour of its last use.
+    // The underline decides about the colour. If it is mixed the dialog starts in black; if only the colour is mixed
+    // the dialog keeps the colour of its last use.
     tail([&] {
         if (!box.SelUnderline()) {
             m_dialog.color = 0;

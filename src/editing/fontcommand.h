@@ -1,4 +1,4 @@
-// The font dialog over the selection of a note. Like every common dialog it keeps its values from one use to the next.
+// The font dialog for the selection of a note. It keeps its values from one use to the next.
 #pragma once
 
 #include "platform/controls/fontdialog.h"
@@ -9,8 +9,8 @@ class RichTextBox;
 class FontCommand
 {
 public:
-    // Fills the dialog from the selection and shows it. Where the selection is mixed it begins with nothing: no name,
-    // size 0, no style. A cancelled dialog gives back what it was filled with.
+    // Fills the dialog from the selection and shows it. A mixed value starts empty: no name, size 0, no style. If the
+    // dialog is cancelled, these values are returned.
     const FontChoice& Ask(QWidget* owner, const RichTextBox& box, const ErrorTail& tail);
 
 private:
@@ -19,8 +19,8 @@ private:
     FontChoice m_dialog;
 };
 
-// The name that is applied: notes always have one.
+// The chosen name, or Arial: notes always have a font name.
 QString NameOr(const FontChoice& choice);
 
-// Font, styles and, where one was chosen, colour on the selection, as one step that can be taken back.
+// Applies font, styles and, if one was chosen, colour to the selection, as one undo step.
 void ApplyToSelection(RichTextBox& box, const FontChoice& choice, const ErrorTail& tail);

@@ -36,7 +36,7 @@ void Formatting::ToggleStyle(const TextStyle& style)
     if (!fnCanFormatCell()) return;
     const std::optional<bool> before = Toggle(CurrentBox(), style);
     ToolbarButton& button = m_bar.tbTop->Buttons(QString::fromLatin1(style.key));
-    // A mixed selection becomes uniform, and its button stays grey until the selection changes.
+    // A mixed selection becomes uniform, but its button stays grey until the selection changes.
     button.SetMixedState(!before);
     if (before) button.SetValue(*before ? 0 : 1);
 }
@@ -48,7 +48,7 @@ void Formatting::mnuColorSizeFonts_Click()
     RichTextBox& box = CurrentBox();
     const FontChoice& chosen = m_fontCommand.Ask(m_cells.Client()->window(), box, tail);
     const UndoStep oneStep(box);
-    // Name and size are the whole note's, colour and styles the selection's.
+    // Name and size apply to the whole note, colour and styles to the selection.
     tail([&] { box.SetFontName(NameOr(chosen)); });
     tail([&] { box.SetFontSize(chosen.size); });
     tail([&] { box.SetSelColor(chosen.color); });

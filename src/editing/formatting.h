@@ -1,5 +1,4 @@
-// The commands that change the look of the current cell's note, and the clipboard's. Menu, right-button menu and
-// toolbar run the same routines.
+// The format and clipboard commands of the current cell. Menus and toolbar run the same routines.
 #pragma once
 
 #include "editing/textstyles.h"
@@ -17,14 +16,14 @@ public:
     {
     }
 
-    // In a workgroup's planner a day must be locked first; says so and answers false.
+    // False after a message, if this is a workgroup's planner and the day is not locked.
     bool fnCanFormatCell();
 
     void mnuBold_Click() { ToggleStyle(Bold); }
     void mnuItalic_Click() { ToggleStyle(Italic); }
     void mnuUnderline_Click() { ToggleStyle(Underline); }
     void mnuStrikeThru_Click() { ToggleStyle(StrikeThru); }
-    void mnuColorSizeFonts_Click(); // the font dialog; Cancel applies what it was filled with
+    void mnuColorSizeFonts_Click(); // the font dialog; Cancel applies its initial values
     void mnuLeftJustify_Click() { CurrentBox().SetSelAlignment(0); }
     void mnuCenterJustify_Click() { CurrentBox().SetSelAlignment(2); }
     void mnuRightJustify_Click() { CurrentBox().SetSelAlignment(1); }
@@ -32,7 +31,7 @@ public:
     void mnuCopy_Click();
     void mnuPaste_Click();
 
-    // The combos act on the current cell without the guard; pressing one shows the guard's message all the same.
+    // The combos act on the current cell unchecked; pressing one still shows the message of fnCanFormatCell.
     void orlcmbFontname_Change();
     void orlcmbFontsize_Change();
     void orlcmbFontcolor_Change(); // the blank entry changes nothing

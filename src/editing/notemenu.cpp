@@ -8,7 +8,7 @@
 #include <QMenu>
 
 namespace {
-struct KeyRow // a command that is a keystroke of the box
+struct KeyRow // a command that is a key of the box
 {
     const char* name;
     const char* caption;
@@ -21,7 +21,7 @@ constexpr KeyRow KeyRows[] = {
     {"mnuPaste", "Paste", Qt::Key_Insert, Qt::ShiftModifier},
 };
 
-struct StyleRow // one that turns a style of the selection on and off
+struct StyleRow // a command that toggles a style
 {
     const TextStyle& style;
     const char* caption;

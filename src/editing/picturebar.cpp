@@ -34,7 +34,7 @@ const QString Blanks(3, u' ');  // behind each picture
     throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
 }
 
-// Of a file alone: a pipe would never end.
+// Regular files only: reading a pipe would never end.
 QByteArray ReadIcon(const QString& path)
 {
     const QByteArray content = DataOfFile(QUrl::fromLocalFile(path));
@@ -49,7 +49,7 @@ void AppendIcon(QTextCursor& end, const QString& path)
     end.insertText(Blanks);
 }
 
-// What arrives in a note: the picture and one blank in the initial font, so that typing behind it looks as usual.
+// The picture and one blank in the initial font, so that typing behind it looks as usual.
 QByteArray PictureAsRtf(const NotePicture& picture)
 {
     QTextDocument document;
@@ -81,7 +81,7 @@ void RefuseFormat()
 constexpr QByteArrayView PictureStart("{\\pict");
 constexpr QByteArrayView FixedHeader("{\\pict\\wmetafile8\\picw846\\pich846\\picwgoal479\\pichgoal479");
 
-// A line that begins a picture keeps what stands before it; the rest of its header is dropped.
+// Keeps what precedes the picture on its line and drops the rest of its header.
 QByteArray Fixed(const QByteArray& line)
 {
     const qsizetype at = line.indexOf(PictureStart);
@@ -116,7 +116,7 @@ void PictureBar::subLoadIcons()
     end.movePosition(QTextCursor::End);
     const ErrorTail tail(" in MainForm, subLoadIcons"_L1);
     const Hourglass hourglass;
-    end.beginEditBlock(); // laid out once, not after each of hundreds
+    end.beginEditBlock(); // lay out once, not after each of hundreds of pictures
     tail([&] {
         for (const QString& file : icons.entryList({u"*.ico"_s}, QDir::Files, QDir::Name | QDir::IgnoreCase))
             AppendIcon(end, icons.filePath(file));
@@ -167,7 +167,7 @@ void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
         if (icons.entryList(QDir::Files).contains(name))
             return Refuse(u"File Exists!\nPlease select another Icon(*.ico) file."_s);
         const QByteArray content = ReadIcon(dropped);
-        // A file that is no picture would end the strip at its place.
+        // The strip ends at the first damaged picture, so a damaged file must not get into the folder.
         if (ImageSize(content).isEmpty()) return RefuseFormat();
         if (!WriteDurably(icons.filePath(name), content)) RaiseAccessError();
     });

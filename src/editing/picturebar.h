@@ -1,4 +1,4 @@
-// The strip of small pictures in the sidebar: what lies in the icons directory, to be dragged into notes.
+// The sidebar's strip of pictures from the icons directory, to be dragged into notes.
 #pragma once
 
 #include <QRect>
@@ -15,27 +15,26 @@ class PictureBar
 public:
     explicit PictureBar(const Sidebar& sidebar) : m_sidebar(sidebar) {}
 
-    // Fills the strip: every icon in the order of the names, three blanks behind each. Ends at a damaged one.
+    // Appends every icon by name, each followed by three blanks. Stops at the first damaged file.
     void subLoadIcons();
     void btnReloadIcons_Click();
 
-    void tbPictureBox_Shown(); // nobody waits at start-up for pictures that are not seen
+    void tbPictureBox_Shown(); // loads the pictures when they are first seen, which speeds up the start
     void tbPictureBox_OLEStartDrag(QMimeData& Data, QPixmap& cursor);
     void tbPictureBox_OLECompleteDrag();
-    void tbPictureBox_OLEDragDrop(const QStringList& files); // the first one counts
+    void tbPictureBox_OLEDragDrop(const QStringList& files); // only the first file counts
 
 private:
     const Sidebar& m_sidebar;
     bool m_loaded = false;
 };
 
-// Two routines for pictures of older versions. Nothing calls them at present; they stand ready for those who still have
-// such files.
+// Two routines for pictures of older versions. No command calls them; they are kept for people who have such files.
 
-// Gives every picture of the rich text beside the program ("pictures.orl" in the application directory) the header of
-// an icon: 846 hundredths of a millimetre, shown at 479 twips. Ends quietly at an error.
+// Gives every picture in "pictures.orl" (rich text in the application directory) the header of an icon: 846 hundredths
+// of a millimetre, shown at 479 twips. An error ends it and is logged.
 void subFixPictures();
 
-// Draws a part of the source, leaving out the pixels of one colour. What lies outside either image is left out too.
+// Draws a part of the source except the pixels of one colour, clipped to both images.
 void subTransparentBlt(QImage& destination, const QImage& source, const QRect& part, int destX, int destY,
                        QRgb transparent);

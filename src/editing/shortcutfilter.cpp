@@ -16,7 +16,7 @@ bool ShortcutFilter::eventFilter(QObject*, QEvent* event)
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool mayBeShortcut = key->modifiers() & Qt::ControlModifier || key->key() >= Qt::Key_F1;
     if (!mayBeShortcut || !m_menus.OfShortcut(QKeySequence(key->keyCombination()))) return false;
-    // An override that is not accepted goes on to the menu. A press comes only if the menu did not take the key.
+    // An ignored override goes on to the menu. A key press follows only if the menu does not take the key.
     if (event->type() == QEvent::ShortcutOverride) event->ignore();
     return true;
 }

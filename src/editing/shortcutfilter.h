@@ -1,5 +1,5 @@
-// Keeps the menu's shortcuts with the menu while the caret stands in a cell: a text box would take some of them for
-// its own. The key of a disabled entry does nothing at all.
+// Keeps shortcuts with the menu while a cell has the caret, since a text box would take some of them. The key of a
+// disabled entry does nothing.
 #pragma once
 
 #include <QObject>
@@ -12,7 +12,7 @@ class ShortcutFilter : public QObject
     Q_OBJECT
 
 public:
-    ShortcutFilter(Cells& cells, const Menus& menus); // for the boxes that are loaded from now on
+    ShortcutFilter(Cells& cells, const Menus& menus); // filters the boxes loaded from now on
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

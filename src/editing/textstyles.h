@@ -1,5 +1,4 @@
-// The four styles that a command turns on and off in a selection: one table for the cells' commands, the day view's,
-// the font dialog and the toolbar.
+// The four styles that commands toggle in a selection. Cells, day view, font dialog and toolbar use this table.
 #pragma once
 
 #include "platform/controls/fontdialog.h"
@@ -32,7 +31,7 @@ inline void Set(RichTextBox& box, const TextStyle& style, bool on)
     (box.*style.write)(on);
 }
 
-// On where it was off or mixed, else off; answers what it was before, empty where it was mixed.
+// Turns the style on if it was off or mixed, else off. Returns the old state, empty for mixed.
 inline std::optional<bool> Toggle(RichTextBox& box, const TextStyle& style)
 {
     const std::optional<bool> before = (box.*style.read)();

@@ -109,12 +109,12 @@ QLayout* ZoomBoxForm::MakeFoot()
     add("btnOk", "&Ok", " in ZoomBoxForm, btnOk_Click", &ZoomBoxForm::btnOk_Click);
     auto* foot = new QVBoxLayout;
     foot->setSpacing(8);
-    foot->addWidget(lblHint); // a line of its own, as wide as it can be
+    foot->addWidget(lblHint); // a line of its own in full width
     foot->addLayout(buttons);
     return foot;
 }
 
-// The lines break at the box's edge, not at a page's width.
+// Lines break at the edge of the box, not at a page width.
 void ZoomBoxForm::Form_Resize()
 {
     ErrorTail{" in ZoomBoxForm, Form_Resize"_L1}([&] { m_tbZoom->SetRightMargin(m_tbZoom->viewport()->width()); });
@@ -130,10 +130,10 @@ bool ZoomBoxForm::eventFilter(QObject* watched, QEvent* event)
 void ZoomBoxForm::keyPressEvent(QKeyEvent* event)
 {
     Q_EMIT SignOfLife();
-    QDialog::keyPressEvent(event); // Esc rejects, which leaves bCancel as it is
+    QDialog::keyPressEvent(event); // Esc rejects without setting bCancel
 }
 
-// Whoever closes the window by its title has written a note and expects it to be there.
+// Closing the window accepts: a person who closes it expects the note to be kept.
 void ZoomBoxForm::closeEvent(QCloseEvent* event)
 {
     btnOk_Click();
@@ -158,6 +158,6 @@ void ZoomBoxForm::btnFonts_Click()
 {
     const ErrorTail tail(" in ZoomBoxForm, btnFonts_Click"_L1);
     FontChoice chosen = m_fontCommand.Ask(this, *m_tbZoom, tail);
-    chosen.colorIsChosen = true; // here the dialog's colour counts in any case
+    chosen.colorIsChosen = true; // in this window the dialog's colour always counts
     ApplyToSelection(*m_tbZoom, chosen, tail);
 }

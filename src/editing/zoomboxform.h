@@ -1,4 +1,4 @@
-// The day view's window: one note with room around it, and the commands that a person needs while writing.
+// The day view's window: one note and the commands for writing it.
 #pragma once
 
 #include <QDialog>
@@ -7,19 +7,18 @@
 class FontCommand;
 class RichTextBox;
 
-inline constexpr QSize SmallestZoomBox(400, 260); // all of its foot can be read
+inline constexpr QSize SmallestZoomBox(400, 260); // all of its foot fits
 
 class ZoomBoxForm : public QDialog
 {
     Q_OBJECT
 
 public:
-    // place is where the window stands, in pixels. Answers Accepted for Ok and the close box; on Cancel bCancel is set;
-    // Esc leaves the edits behind without being a cancel.
+    // place is in pixels. Returns Accepted for Ok and the close box. Cancel sets bCancel; Esc only rejects.
     ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArray& rtf, const QRect& place,
                 FontCommand& fontCommand);
 
-    static QRect StoredPlace(const QWidget& heading); // at the first time below this one of the calendar's headings
+    static QRect StoredPlace(const QWidget& heading); // by default below this heading of the calendar
     void StorePlace() const;
 
     bool bCancel = false;
