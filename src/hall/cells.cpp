@@ -111,7 +111,7 @@ RichTextBox* Cells::MakeBox(int index)
 {
     auto* box = new RichTextBox(m_client);
     box->hide();
-    // No planner is open yet, or its notes are not read: what would be typed now would have no place.
+    // Read-only until a planner's notes are read: what is typed before that could not be stored.
     box->SetLocked(true);
     PlaceInTabOrder(box);
     if (m_boxFilter) box->installEventFilter(m_boxFilter);
@@ -130,13 +130,13 @@ RichTextBox* Cells::MakeBox(int index)
 
 QToolButton* Cells::MakeAlarmMark(int index)
 {
-    // It begins 5 below the panel's edge: as high as this it ends where the note begins.
+    // The mark begins 5 pixels below the panel's edge; at this height it ends where the note begins.
     constexpr QSize MarkSize(17, paper::CaptionBand - 5);
     constexpr QSize PictureSize(15, 15);
     auto* mark = new ToolbarButton(MarkSize, PictureSize, u":/icons/alarm.svg"_s, u"Alarm"_s, m_client);
     mark->hide();
     if (tbDay.Exists(index)) QWidget::setTabOrder(&tbDay(index), mark);
-    // Queued, since what follows from the click may unload the mark.
+    // Queued: the handler may unload the mark.
     connect(
         mark, &QToolButton::clicked, this, [this, index] { Q_EMIT AlarmMarkClick(index); }, Qt::QueuedConnection);
     return mark;

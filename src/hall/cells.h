@@ -1,5 +1,4 @@
-// The calendar's controls: the arrays of cells and headings, with their events by index. No behaviour: what an event
-// does stands with the subject it belongs to.
+// The calendar's controls: the arrays of cells and headings, with their events by index. No behaviour.
 #pragma once
 
 #include "platform/controls/controlarray.h"
@@ -17,36 +16,38 @@ class Cells : public QObject
     Q_OBJECT
 
 public:
-    // The controls become children of the client area. Nothing is loaded yet but heading 0, which the form brings.
+    // The controls are children of the client area. Only heading 0 is loaded.
     explicit Cells(QWidget* client);
 
     QWidget* Client() const { return m_client; }
-    // Sees the events of every box that is loaded from now on.
+    // The filter sees the events of every box loaded from now on.
     void SetBoxFilter(QObject* filter) { m_boxFilter = filter; }
 
-    // Raises GotFocus again for the box with the caret, if there is one: after a redraw no cell is current, though the
-    // caret still stands in one.
+    // Emits GotFocus again for the box with the caret, if there is one. A redraw makes no cell current though the caret
+    // stays.
     void EnterAgain();
 
-    // Has the cell stand for a day or a memo of the shown month.
     void Number(int cell, const DaySlot& slot);
-    const QString& KeyOf(int cell) const { return m_days.at(std::size_t(cell)).key; } // its date key, empty before that
-    int DayOf(int cell) const { return m_days.at(std::size_t(cell)).number; }         // of the month; 0 for a memo
+    const QString& KeyOf(int cell) const
+    {
+        return m_days.at(std::size_t(cell)).key;
+    }                                                                         // its date key, empty before Number
+    int DayOf(int cell) const { return m_days.at(std::size_t(cell)).number; } // of the month; 0 for a memo
 
-    // The cell has become the current one. Until the next one does, the caret has its day while it stands in a cell
-    // that shows the day of then; a redraw may put another day there.
+    // The caret has its day while it is in a cell that shows the day of the last remembered entry. A redraw may put
+    // another day there.
     void RememberEntry(int cell) { m_entered = KeyOf(cell); }
     bool CaretHasItsDay() const;
-    int CellWithCaret() const;     // 0 for none; also while another window is the active one
-    void LeaveFor(QWidget& other); // gives the focus to what is no cell, and raises Left
+    int CellWithCaret() const;     // 0 for none; also while another window is active
+    void LeaveFor(QWidget& other); // moves the focus out of the cells and emits Left
 
     bool Shows(int cell) const { return tbDay.Exists(cell) && !tbDay(cell).isHidden(); }
-    void Unmark(); // all of them
-    // That keeps a person in place who holds a day: the current one, or the locked one where that is not shown.
+    void Unmark(); // all cells
+    // The cell to return to while a day is held: the current one, or the locked one if that is hidden.
     int CellToStayIn() const { return Shows(g_iCurrentPanel) ? g_iCurrentPanel : MarkedCell(); }
-    QVariantList Keys(CellRange range) const;      // of the days that the loaded ones stand for
-    int CellOfDay(CellRange range, int day) const; // the loaded one that stands for this day of the month, or 0
-    // Are reached by the Tab key behind all cells, those included that are loaded later.
+    QVariantList Keys(CellRange range) const;      // date keys of the loaded cells
+    int CellOfDay(CellRange range, int day) const; // the loaded cell of this day of the month, or 0
+    // Puts the two behind all cells in the tab order, also behind those loaded later.
     void SetTabBehind(QWidget* first, QWidget* second);
 
     ControlArray<SSPanel> lblDayOfWeek; // 0 to 6, Sunday first
@@ -55,15 +56,15 @@ public:
     ControlArray<QToolButton> btnTunes; // the alarm mark, loaded for the cells that have one
 
 Q_SIGNALS:
-    // The cells shown have got their captions anew, or other places: they may stand for other days.
+    // The shown cells have new captions or places, so they may stand for other days.
     void Redrawn();
-    void StateChanged(int Index); // the cell is locked or unlocked, or its alarm mark has come or gone
+    void StateChanged(int Index); // its lock or its alarm mark has changed
     void PanelClick(int Index);
     void PanelDblClick(int Index);
     void HeadingDblClick(int Index);
     void AlarmMarkClick(int Index);
     void GotFocus(int Index);
-    void Left(); // by LeaveFor; in a window that is not the active one nothing else tells of it
+    void Left(); // emitted by LeaveFor, since an inactive window gets no focus event
     void Click(int Index);
     void MouseDown(int Index, int Button, const QPoint& globalPosition);
     void MouseMove(int Index);

@@ -1,4 +1,4 @@
-// The foot of the calendar: the month's title and, behind it, what somebody must know as long as it is true.
+// The foot of the calendar: the month's title, followed by notices that hold at present.
 #pragma once
 
 #include <QString>
@@ -11,14 +11,14 @@ class Foot
 public:
     explicit Foot(const BottomPanel& bottom);
 
-    void ShowMonth();                  // "JULY 1999", with the notices behind it
-    void Say(const QString& text);     // in their place, at once, until they are shown again
-    QString Said() const;              // what stands there
-    void ShowConnection(bool isThere); // the month; where the planner's server is away and nothing else is said, that
+    void ShowMonth();                  // "JULY 1999" and the notices
+    void Say(const QString& text);     // replaces the text at once, until the next ShowMonth
+    QString Said() const;              // the shown text
+    void ShowConnection(bool isThere); // the month, or that the server is away if no other notice stands
 
-    // Why it is so; nothing where it is not.
+    // The reason, or empty to end the notice.
     void SetNotSaved(const QString& reasons); // notes wait to be saved
-    void SetNotKept(const QString& reason);   // what is typed cannot be kept aside
+    void SetNotKept(const QString& reason);   // what is typed cannot be journalled
 
 private:
     SSPanel& m_panel;

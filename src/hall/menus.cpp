@@ -134,8 +134,8 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuAbout", "&About..."},
 };
 
-// A command that opens a window runs inside the menu's own mouse event, and when that ends the toolkit believes that
-// the mouse was over the menu: a button that got lit meanwhile would stay so. The next move lights it again if it must.
+// A command that opens a window runs inside the menu's mouse event. When that event ends, the toolkit takes the mouse
+// to be over the menu, and a button lit meanwhile would stay lit. The next mouse move lights it again if needed.
 class Menu : public QMenu
 {
 public:
@@ -144,7 +144,7 @@ public:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override
     {
-        const QPointer<Menu> alive = this; // the command may have ended the program
+        const QPointer<Menu> alive = this; // the command may end the program
         QMenu::mouseReleaseEvent(event);
         if (!alive || isVisible()) return;
         for (QWidget* widget : parentWidget()->window()->findChildren<QWidget*>()) {
@@ -156,7 +156,7 @@ protected:
     }
 };
 
-// An entry without its command does nothing; it is enabled by MenuItem::OnClick.
+// The entry stays disabled until MenuItem::OnClick gives it a command.
 QAction* AddEntry(QMenu& menu, const MenuRow& row)
 {
     const QString caption = QString::fromLatin1(row.caption);

@@ -9,14 +9,13 @@
 class QMenu;
 class QMenuBar;
 
-// One entry: its caption as it was given, whether it is enabled, and the command behind it. An entry whose command is
-// not there stays disabled, whoever enables it.
+// One entry: its caption, whether it is enabled, and its command. Without a command it always stays disabled.
 class MenuItem
 {
 public:
     explicit MenuItem(QAction* action) : m_action(action) {}
 
-    // A path may hold "&", which a menu would take for a mnemonic: captions set here are shown to the letter.
+    // A path may contain "&", which a menu would read as a mnemonic: captions set here are shown literally.
     QString Caption() const { return m_caption; }
     void SetCaption(const QString& caption);
 
@@ -41,11 +40,11 @@ class Menus
 public:
     explicit Menus(QMenuBar& bar);
 
-    MenuItem& operator()(QLatin1StringView name);          // 340 for a name that is not in the table
+    MenuItem& operator()(QLatin1StringView name);          // errors::NoSuchElement for an unknown name
     MenuItem& mnuMRU(int index);                           // 0 to 3
-    QMenu& mnuRightMouse() const { return *m_rightMouse; } // not in the bar; a popup
+    QMenu& mnuRightMouse() const { return *m_rightMouse; } // the context menu; not in the bar
 
-    // The entry that a key belongs to, or null: cells leave these keys to the menu, even while the entry is disabled.
+    // The entry with this shortcut, or null. Cells leave these keys to the menu even while the entry is disabled.
     const MenuItem* OfShortcut(const QKeySequence& key) const;
 
 private:

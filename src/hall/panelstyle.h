@@ -1,14 +1,13 @@
-// Putting a style of the settings on a panel.
 #pragma once
 
 #include "settings/settings.h"
 
 class SSPanel;
 
-void ApplyStyle(SSPanel& panel, const PanelStyle& style); // clears a strikethrough of an earlier drawing
+void ApplyStyle(SSPanel& panel, const PanelStyle& style); // clears an earlier strikethrough
 PanelStyle StyleOf(const SSPanel& panel);
 
-// A heading's caption is also the name of the section that holds its style.
+// The caption is also the name of the section that holds the style.
 StyleDefaults HeadingDefaults(QStringView caption);
-void StyleHeading(SSPanel& heading); // as the settings have it, 3D effect included
-void StyleTitle(SSPanel& title);     // likewise, of the month at the foot
+void StyleHeading(SSPanel& heading); // applies the settings, 3D effect included
+void StyleTitle(SSPanel& title);     // likewise, for the month at the foot
