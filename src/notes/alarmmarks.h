@@ -5,7 +5,7 @@
 
 class Cells;
 
-// Loads and places the mark of the cell if "Alarm Table" holds the key. 91 while no planner's alarms are open.
+// Loads and places the cell's mark if "Alarm Table" holds the key. Raises errors::ObjectNotSet if no alarms are open.
 void subShowAlarmIcon(Cells& cells, const QString& key, int cell);
 void subUnloadAlarmIcons(Cells& cells);
 void UnloadAlarmIcon(Cells& cells, int cell); // if it is loaded

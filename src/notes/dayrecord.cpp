@@ -12,7 +12,7 @@
 namespace {
 using namespace schema;
 
-// Kept from the versions whose engine locked pages of the file and not records: no two days shared one.
+// Keeps the format of older versions, whose engine locked pages: padding kept two days off one page.
 constexpr int PaddingDots = 1005;
 } // namespace
 
@@ -26,7 +26,7 @@ bool DayRecord::Seek(const QString& key, QLatin1StringView literal)
     return !m_record.NoMatch() || !MakeNew(key, literal);
 }
 
-// False where another user was quicker: then theirs is the record.
+// False if another user was quicker and made the record.
 bool DayRecord::MakeNew(const QString& key, QLatin1StringView literal)
 {
     std::optional<RunTimeError> failure;

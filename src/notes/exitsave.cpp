@@ -49,7 +49,7 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
     m_journal.Leave();
 }
 
-// The next opening of the planner offers what is in the journal; of a file nobody would be told.
+// The journal is offered at the planner's next opening; of a rescue file nobody would learn.
 void ExitSave::KeepForNextTime()
 {
     m_isEnded = true;
@@ -76,7 +76,7 @@ bool ExitSave::AskToRetry()
                   msgbox::RetryCancel + msgbox::Critical, messages::HelpWizard) == msgbox::Retry;
 }
 
-// False: the notes are still nowhere, and the person, if there is one, wants to try again.
+// False: the notes are stored nowhere, and the person wants to try again.
 bool ExitSave::KeepAsFiles(bool mayAsk)
 {
     const QString reason = WriteRescueFiles(m_notes.Unsaved(), ExitTail);

@@ -1,4 +1,4 @@
-// The last save: writes what has changed, and never lets a note go in silence.
+// The last save: writes all changes and never drops a note silently.
 #pragma once
 
 class Cells;
@@ -14,9 +14,8 @@ public:
     {
     }
 
-    // Notes that cannot be written, because the disk is full or another program holds the file, are asked about if
-    // that may be asked, and if the person wishes each goes to a file of its own. Where nobody could be asked the
-    // journal keeps them for the next opening of their planner; files do where it cannot.
+    // Asks about notes that cannot be written (full disk, locked file) if mayAsk; each can then go to a file of its
+    // own. Otherwise the journal keeps them for the next opening of their planner, or, if it fails, files do.
     void SaveBeforeExit(bool mayAsk);
 
 private:
@@ -30,5 +29,5 @@ private:
     QMTDB& m_notes;
     Journal& m_journal;
     LockedDay& m_lockedDay;
-    bool m_isEnded = false; // the process is, perhaps behind a question that can no longer be answered
+    bool m_isEnded = false; // the process ends, even while a question is still open
 };

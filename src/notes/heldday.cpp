@@ -37,7 +37,7 @@ void HeldDay::subLockDay()
     const int held = Cell();
     if (held == 0) m_record.Close();
     if (held == 0 && RefusesWithoutPlanner()) return;
-    // Other days are chosen anew; where the cells were only read again the caret tells which is meant.
+    // If the cells were only read again, the caret still says which day is meant.
     if (!m_cells.Shows(g_iCurrentPanel) && m_cells.CaretHasItsDay()) m_cells.EnterAgain();
     if (held == 0 && !m_cells.Shows(g_iCurrentPanel)) return AskForCell();
     if (LooksFree()) {
@@ -75,20 +75,20 @@ bool HeldDay::Take(const QString& key)
     return Take(key, ZoomLiteral, nullptr);
 }
 
-// A cell whose last commit did not get through still holds its record and keeps its text: that is what is to be stored.
+// After a failed commit the record is still held, and the cell keeps its text, which is the one to store.
 bool HeldDay::Take(const QString& key, QLatin1StringView literal, RichTextBox* shown)
 {
-    m_network.picLock->ShowElement(1); // first of all: a failure puts it back
+    m_network.picLock->ShowElement(1); // first: a failure puts it back
     try {
         const bool isNewHere = !Holds(key);
         if (m_record.Seek(key, literal) && isNewHere && shown) {
             const QByteArray rtf = m_notes.NoteOver(key, m_record.Text());
-            if (!shown->Holds(rtf)) shown->SetTextRTF(rtf); // else the caret and what can be undone stay
+            if (!shown->Holds(rtf)) shown->SetTextRTF(rtf); // else keep the caret and the undo stack
         }
         const Hourglass hourglass;
         m_record.Edit();
     } catch (const RunTimeError& error) {
-        // Typing without the lock would be lost, so there is none, whatever the reason.
+        // Without the lock typing would be lost, so any error refuses it.
         if (!IsRefusal(error.Number)) LogError(error, literal);
         m_network.picLock->ShowElement(0);
         MsgBox(error.Description);
@@ -98,7 +98,7 @@ bool HeldDay::Take(const QString& key, QLatin1StringView literal, RichTextBox* s
     return true;
 }
 
-// With the delay as it stands in the settings by now: nobody has read it for a planner that was just made.
+// The delay is read here, since a planner that was just created has not read it.
 void HeldDay::StartUnlockTimer() const
 {
     if (Read(settings::AutoUnLock) == 0) return;
@@ -122,7 +122,7 @@ void HeldDay::ShowHeld(int cell)
     Q_EMIT m_cells.StateChanged(cell);
 }
 
-// The cell is left open: a key is refused by the picture, until the next read locks it.
+// The box stays editable: the lock picture makes key presses refused until the next read locks the box.
 void HeldDay::ShowFree()
 {
     m_network.picLock->ShowElement(0);
@@ -132,7 +132,7 @@ void HeldDay::ShowFree()
 void HeldDay::HandTo(int cell)
 {
     ShowHeld(cell);
-    m_cells.tbDay(cell).SetModified(true); // or nothing would count as typed
+    m_cells.tbDay(cell).SetModified(true); // or the text would not count as typed
     g_iCurrentPanel = static_cast<std::int16_t>(cell);
 }
 
@@ -144,7 +144,7 @@ bool HeldDay::Commit()
 
 bool HeldDay::Unlock()
 {
-    // The timers go on behind the message of an unlock that failed.
+    // The timers run on behind the message of a failed unlock.
     if (m_isUnlocking) return false;
     const QScopedValueRollback unlocking(m_isUnlocking, true);
     const int cell = Cell();
@@ -196,7 +196,7 @@ std::optional<RunTimeError> HeldDay::Store(const QByteArray& rtf)
     return {};
 }
 
-// A full disk, a broken line: the day stays locked and its text where it is, to be tried again.
+// After a full disk or a broken connection the day stays locked with its text, to be tried again.
 void HeldDay::KeepLocked(const RunTimeError& error) const
 {
     LogError(error, LockLiteral);
@@ -205,7 +205,7 @@ void HeldDay::KeepLocked(const RunTimeError& error) const
            u"What you typed is still in its day. Unlock the day again to save it."_s);
 }
 
-// The lock was lost with the connection, and somebody else has used the time.
+// The lock was lost with the connection, and somebody else has stored the day since.
 bool HeldDay::StoreOverOthers(int cell, const RunTimeError& error)
 {
     m_network.picLock->ShowElement(1);
@@ -247,7 +247,7 @@ void HeldDay::LeaveBehind()
     UnsavedNotes typed = m_notes.Unsaved();
     AddTyped(typed);
     const auto note = typed.Find(g_sNotesFile, m_record.Key());
-    // Before the record goes, for a server may keep that waiting.
+    // First of all, since a server may delay the release of the record.
     if (note && m_cells.tbDay(cell).Modified()) m_notes.LeaveBehind(m_record.Key(), *note);
     LetGo();
 }

@@ -1,5 +1,5 @@
-// The day that this user holds in a workgroup's planner, from its lock to its commit. The cell's mark, the picture of
-// the lock and whether the cell takes text follow from it.
+// The day that this user holds in a workgroup's planner, from lock to commit. It decides the cell's mark, the lock
+// picture and whether the cell takes text.
 #pragma once
 
 #include "notes/dayrecord.h"
@@ -23,33 +23,34 @@ public:
     {
     }
 
-    void subLockDay(); // by hand: locks the current day; where one is locked, commits it
-    // For the day view, which shows what the cell shows. False: it cannot be had, and that has been said.
+    void subLockDay(); // by hand: locks the current day, or commits the locked one
+    // For the day view, which shows the cell's text. False after a message: the lock cannot be had.
     bool Take(const QString& key);
 
     bool IsHeld() const { return m_record.IsHeld(); }
     bool Holds(const QString& key) const { return m_record.Holds(key); }
-    const QByteArray& LockedText() const { return m_record.LockedText(); } // what was stored when it was taken
-    bool LooksFree() const;                                                // no day is locked, as the picture tells
-    // The cell in which somebody types under the lock: marked, and showing the day that is held; 0 for none. Where an
-    // opening has taken the day from its cell no other cell's text may go into the record.
+    const QByteArray& LockedText() const { return m_record.LockedText(); } // the stored text when it was locked
+    bool LooksFree() const;                                                // the lock picture shows no locked day
+    // The marked cell that shows the held day; 0 for none. After an opening has cleared the cells, no cell's text may
+    // go into the record.
     int Cell() const;
 
     bool Commit() override;
-    // The day view is open on the day. What it holds is its own affair, since it knows its day whatever the calendar
-    // turns to; what was typed into a cell before would be lost by a turn, which Commit refuses then.
+    // The day view is open on the day. It knows its day itself, so a turn is harmless to its text. A cell's text would
+    // be lost by a turn, which Commit then refuses.
     void SetInWindow(bool inWindow) { m_isInWindow = inWindow; }
-    // Stores this and unlocks. What kept it, if anything did; the day is held then as before.
+    // Stores this and unlocks. On an error, which is returned, the day stays held.
     std::optional<RunTimeError> Store(const QByteArray& rtf);
-    void HandTo(int cell);                // which is typed into from here on, and counts as typed
-    void PutAside(const QByteArray& rtf); // lets go; this waits for the next look at its day, or for the exit
-    void GiveUp();                        // lets go, the file is as it was
+    void HandTo(int cell);                // the cell goes on with the edit and counts as typed
+    void PutAside(const QByteArray& rtf); // unlocks; the text waits among the unsaved notes
+    void GiveUp();                        // unlocks and stores nothing
     void LeaveBehind() override;
     void Close() { m_record.Close(); } // before the planner is closed
 
-    void AddTyped(UnsavedNotes& typed) const; // what stands in the cell and is not in the planner yet
+    void AddTyped(UnsavedNotes& typed) const; // the cell's text, if it is not stored yet
 
-    // Says that this cell's day is locked, and puts the focus back there. 340 for a cell that is not loaded.
+    // Says that this cell's day is locked and moves the focus back to it. Raises errors::NoSuchElement if it is not
+    // loaded.
     void KeepInPlace(int cell, const QString& isLocked = u" is locked, please unlock first."_s) const;
 
 private:
@@ -71,7 +72,7 @@ private:
     const NetworkControls& m_network;
     QMTDB& m_notes;
     DayRecord m_record;
-    std::optional<QByteArray> m_storing; // while the record takes it, and no box may hold it as typed
+    std::optional<QByteArray> m_storing; // set while the record is being written, when no box may show it as typed
     bool m_isInWindow = false;
     bool m_isUnlocking = false;
 };

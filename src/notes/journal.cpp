@@ -10,10 +10,10 @@
 
 namespace {
 constexpr QLatin1StringView JournalTail(" in Journal, Write");
-constexpr int Pause = 700;              // milliseconds without a key, so that nobody who types waits for the disk
-constexpr int LongestWait = 2000;       // milliseconds, for somebody who types without a pause
+constexpr int Pause = 700;              // milliseconds without a key, so that typing never waits for the disk
+constexpr int LongestWait = 2000;       // milliseconds, while keys follow each other without a pause
 constexpr int AfterFailure = 15000;     // milliseconds
-constexpr qint64 LargestFile = 1 << 30; // no journal of ours
+constexpr qint64 LargestFile = 1 << 30; // bytes; a larger file is no journal of ours
 const QString Ending = u".notes"_s;
 
 QDir Folder()
@@ -21,7 +21,7 @@ QDir Folder()
     return QDir(folders::ApplicationDirectory() + u"/journal"_s);
 }
 
-// Nobody else's: the notes of a planner may be private.
+// Readable by the user only: notes may be private.
 void MakeFolder(QString& reason)
 {
     const QString path = Folder().path();
@@ -40,10 +40,10 @@ QString LockOf(const QString& journal)
 struct Place
 {
     QString path;
-    std::unique_ptr<FileLock> lock; // none where the folder takes none
+    std::unique_ptr<FileLock> lock; // null if the folder takes no locks
 };
 
-// The first number that no running program has and no ended one has left.
+// The first number that neither a running nor an ended program uses.
 Place FreePlace(QString& reason)
 {
     MakeFolder(reason);
@@ -55,7 +55,7 @@ Place FreePlace(QString& reason)
     }
 }
 
-// Under a name that no journal has; where it lies then.
+// Renames the file so that no journal has its name. Returns the path where it is then.
 QString PutAside(const QFileInfo& journal)
 {
     for (int number = 1;; ++number) {
@@ -74,7 +74,7 @@ Journal::Journal()
 
 void Journal::Touch()
 {
-    if (m_failed && m_timer.isActive()) return; // or each key would wait for the disk that takes nothing
+    if (m_failed && m_timer.isActive()) return; // or each key would wait for a full disk
     if (!m_timer.isActive()) m_sinceTouch.start();
     m_timer.start(qBound(0, LongestWait - int(m_sinceTouch.elapsed()), Pause));
 }
@@ -84,7 +84,7 @@ void Journal::Follow()
     if (m_timer.isActive() || !m_written.isEmpty()) Write();
 }
 
-// A disk that has just refused is left to the timer, or each look-up of a turn would try it again.
+// After a failure only the timer tries again, since a turn calls this at every look-up.
 void Journal::Hurry()
 {
     if (m_timer.isActive() && !m_failed) Write();
@@ -118,7 +118,7 @@ bool Journal::Write()
 void Journal::Claim(QString& reason)
 {
     if (m_lock && QFileInfo::exists(LockOf(m_path))) return;
-    m_lock.reset(); // somebody has taken the folder away
+    m_lock.reset(); // somebody has removed the folder
     Place place = FreePlace(reason);
     m_path = place.path;
     m_lock = std::move(place.lock);
@@ -127,14 +127,14 @@ void Journal::Claim(QString& reason)
 bool Journal::LeaveBehind(const UnsavedNotes& notes, QString& reason)
 {
     const Place place = FreePlace(reason);
-    // Without a lock nobody would find it.
+    // Without a lock no opening would find the file.
     if (!place.lock && reason.isEmpty()) reason = u"'%1' takes no locks."_s.arg(Folder().path());
     if (reason.isEmpty() && WriteDurably(place.path, journalfile::Encode(notes), &reason)) return true;
     LogError({errors::PathFileAccess, reason}, JournalTail);
     return false;
 }
 
-// Logged once; it is tried again, since a disk does not stay full for ever.
+// Logs the first failure only, and tries again later, since a full disk may be freed.
 void Journal::Fail(const QString& reason)
 {
     if (!m_failed) LogError({errors::PathFileAccess, reason}, JournalTail);
@@ -143,7 +143,6 @@ void Journal::Fail(const QString& reason)
     m_timer.start(AfterFailure);
 }
 
-// What is to be kept is on the disk, or there is nothing to be kept.
 void Journal::Recover()
 {
     if (std::exchange(m_failed, false)) m_onTrouble({});
@@ -172,7 +171,7 @@ LeftJournal::LeftJournal(QString path, UnsavedNotes notes, std::unique_ptr<FileL
 LeftJournal::All LeftJournal::FindAll()
 {
     All all;
-    // Files alone: what a link leads to may have no end.
+    // Regular files only: a link may lead to something endless.
     const auto kind = QDir::Files | QDir::NoSymLinks;
     for (const QFileInfo& entry : Folder().entryInfoList({u'*' + Ending}, kind, QDir::Time)) {
         auto lock = FileLock::Try(LockOf(entry.filePath()));

@@ -1,6 +1,6 @@
-// What is typed and is not in its planner yet, kept on the disk against a crash or a power cut: a file for each running
-// program in `journal` of the application directory. It is written within two seconds of the last key, and removed when
-// all is saved.
+// Typed text that is not in its planner yet, kept on disk against a crash or a power cut. Each running program has one
+// file in `journal` of the application directory, written within two seconds of the last key and removed when all is
+// saved.
 #pragma once
 
 #include "notes/unsavednotes.h"
@@ -18,20 +18,20 @@ class Journal
 public:
     Journal();
 
-    // What is to be kept, asked for when it is written.
+    // Called at each write for the notes to be kept.
     void SetSource(std::function<UnsavedNotes()> source) { m_source = std::move(source); }
-    // Told at each try that fails, with the reason, and with none when it works again.
+    // Called with the reason at each failed try, and with an empty text when it works again.
     void SetOnTrouble(std::function<void(const QString&)> onTrouble) { m_onTrouble = std::move(onTrouble); }
 
     void Touch();  // something was typed
-    void Follow(); // something was saved or given up: what is kept may be less by now
-    bool Write();  // false: what is to be kept is not on the disk
-    void Hurry();  // the program may not come back from its next step: what waits for its time is written now
-    void Remove(); // nothing is to be kept
-    void Leave();  // for the next opening of its planners: the file stays as it is
+    void Follow(); // a note was saved or dropped, so less may have to be kept
+    bool Write();  // false: the notes are not on disk
+    void Hurry();  // writes at once what waits, before a step that may hang
+    void Remove(); // nothing has to be kept
+    void Leave();  // keeps the file for the next opening of its planners
 
-    // These notes as an ended program would leave them, for the next opening of their planner, in this program too.
-    // False: they are not on the disk, and the reason says why.
+    // Writes these notes as an ended program would leave them, for the planner's next opening, also by this program. If
+    // false is returned, they are not on disk, and the reason says why.
     static bool LeaveBehind(const UnsavedNotes& notes, QString& reason);
 
 private:
@@ -42,18 +42,18 @@ private:
     std::function<UnsavedNotes()> m_source;
     std::function<void(const QString&)> m_onTrouble = [](const QString&) {};
     QTimer m_timer;
-    QElapsedTimer m_sinceTouch; // since the first key that is not on the disk
+    QElapsedTimer m_sinceTouch; // since the first key not yet on disk
     std::unique_ptr<FileLock> m_lock;
-    QString m_path; // of the file, once there was something to be kept
+    QString m_path; // of the file, once it was needed
     QByteArray m_written;
-    bool m_failed = false; // the last try
+    bool m_failed = false; // the last try failed
 };
 
-// A journal whose program ended without a save. While this lives nobody else finds it.
+// A journal of a program that ended without a save. While this exists, no other program finds it.
 class LeftJournal
 {
 public:
-    // What cannot be read is put aside under another name, so that it is told of once.
+    // A damaged file is renamed, so that it is reported only once.
     struct All
     {
         std::vector<LeftJournal> whole;
@@ -62,7 +62,7 @@ public:
     static All FindAll();
 
     const UnsavedNotes& Notes() const { return m_notes; }
-    void Forget(const QString& planner); // the file goes with its last planner
+    void Forget(const QString& planner); // deletes the file with its last planner
 
 private:
     LeftJournal(QString path, UnsavedNotes notes, std::unique_ptr<FileLock> lock);

@@ -19,7 +19,7 @@
 namespace {
 constexpr QLatin1StringView UpdateTail(" in QMTDB.BAS, subUpdateQMTRecord");
 
-// An emptied day goes by way of one blank, and its record is deleted.
+// An emptied day first gets a blank note, then its record is deleted.
 void StoreNote(Recordset& records, const QString& key, const UnsavedNote& note)
 {
     QByteArray text = note.rtf;
@@ -38,7 +38,7 @@ void StoreNote(Recordset& records, const QString& key, const UnsavedNote& note)
     records.Delete();
 }
 
-// A step of a save: where it fails the reason is taken down.
+// Wraps a step of a save: an error's text goes into reason.
 template <typename Step>
 auto Noting(QString& reason, Step step)
 {
@@ -58,8 +58,8 @@ void QMTDB::ReadNote(int cell)
     RichTextBox& box = m_cells.tbDay(cell);
     box.SetLocked(true);
     box.setVisible(true);
-    // After a failed open the tables are still the planner's before, and what is typed would have no place; nor has it
-    // one in a cell that has not been numbered yet.
+    // After a failed open the tables are still those of the former planner, so typed text would have no place. The same
+    // holds for a cell without a number.
     if (!HasPlanner() || m_cells.KeyOf(cell).isEmpty())
         throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
     const QString& key = m_cells.KeyOf(cell);
@@ -78,8 +78,8 @@ void QMTDB::ShowNote(int cell, const QString& key, const QByteArray& rtf)
 {
     RichTextBox& box = m_cells.tbDay(cell);
     HeldNote& held = Held(cell);
-    // Where nothing has changed, a save that is followed by a read leaves the caret and what can be undone. Another
-    // day's text, the same bytes or not, must not come back by an undo.
+    // Unchanged text keeps the caret and the undo stack. Another day's text must be set even if its bytes are equal,
+    // since undo must not bring back the former day's.
     if (held.key != key || !box.Holds(rtf)) box.SetTextRTF(rtf);
     held = {key, rtf};
 }
@@ -105,8 +105,8 @@ void QMTDB::Expect(const ReadTransaction& reading) const
 void QMTDB::ReadDay(const QString& key)
 {
     const ErrorTail tail(" in QMTDB.BAS, subSeekQMTDatabase"_L1);
-    const QScopedValueRollback noSignOfLife(g_lUnlockTicks);                 // what others type keeps no idle lock
-    const ReadTransaction reading(key.isEmpty() ? g_dbPlanner : Database()); // a single day needs none
+    const QScopedValueRollback noSignOfLife(g_lUnlockTicks); // changes by others must not keep an idle lock
+    const ReadTransaction reading(key.isEmpty() ? g_dbPlanner : Database()); // one day needs no transaction
     Expect(reading);
     for (const int cell : Shown()) {
         tail([&] {
@@ -124,7 +124,7 @@ void QMTDB::ReadDay(const QString& key)
 void QMTDB::subSeekQMTDatabase()
 {
     const QLatin1StringView literal(" in QMTDB.BAS, subSeekQMTDatabase");
-    // The daily mode has no cell of its own to fill.
+    // The day view mode has no cell.
     if (m_viewMode.GetViewMode() != ViewMode::Day) ReadCells(literal);
     const bool isConnected = ErrorTail{literal}([] { DBEngine::Idle(DBEngine::dbFreeLocks); });
     g_iCurrentPanel = 0;
@@ -138,8 +138,7 @@ bool QMTDB::NeedsSaving(int cell) const
     if (!held) return false;
     const RichTextBox& box = m_cells.tbDay(cell);
     if (box.Modified()) return true;
-    // A cell that was only entered holds the very bytes that were read. To write them again could take back what
-    // another user has written meanwhile.
+    // A cell that was only entered holds the bytes that were read. Writing them again could undo another user's change.
     const bool marked = cell > 0 && IsMarked(cell);
     return marked && box.TextRTF() != *held;
 }
@@ -175,7 +174,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
     QString reason;
     tail(Noting(reason, [&] {
         QStringList written;
-        // One commit for all: the cost of a save is the wait for the disk.
+        // One commit for all, since the cost of a save is the wait for the disk.
         WriteTransaction writing(database);
         for (auto note = notes.cbegin(); note != notes.cend(); ++note) {
             if (tail(Noting(reason, [&] { StoreNote(records, note.key(), *note); }))) written.append(note.key());
@@ -188,7 +187,7 @@ void QMTDB::WriteNotes(const QString& planner, Database& database, Recordset& re
     FollowUnsaved();
 }
 
-// The foot tells of what was tried and not taken. What New has set aside was not tried.
+// The foot shows notes that failed to be written. Notes set aside by New were not tried.
 void QMTDB::FollowUnsaved()
 {
     const QStringList waiting = m_unsaved.Planners();
@@ -272,7 +271,7 @@ void QMTDB::WriteUnsaved()
 
 void QMTDB::subUpdateQMTRecord(int iCell)
 {
-    // A workgroup's day is written by its lock alone.
+    // In a workgroup's planner only the lock's commit writes a day.
     if (!HasPlanner() || g_bDBShared) return;
     TakeNote(iCell);
     WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
@@ -305,7 +304,7 @@ void QMTDB::subUpdateQMTDatabase()
     if (saves) WriteNotes(g_sNotesFile, g_dbPlanner, g_rsQMT);
 }
 
-// What the day held when it was last read stays on the screen, to be looked at; another day's note must not.
+// A failed read keeps the day's last text on the screen, but never another day's.
 void QMTDB::ShowUnread(int cell)
 {
     if (Held(cell).key != m_cells.KeyOf(cell)) EmptyCell(cell);

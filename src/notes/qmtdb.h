@@ -1,5 +1,5 @@
-// Moves notes between the shown cells and "QMT Table". The boxes are the only working copy: saving takes out of them
-// what was changed and lets go of them, reading fills them.
+// Moves notes between the shown cells and "QMT Table". The boxes are the only working copy: a save takes the changed
+// notes out of them and releases them, a read fills them.
 #pragma once
 
 #include "notes/unsavednotes.h"
@@ -25,60 +25,59 @@ public:
     {
     }
 
-    // Fills the shown cells from the open planner and sets the month's title. A cell whose day has no record keeps
-    // what it shows, unless a save has let go of it.
+    // Fills the shown cells from the open planner and sets the month's title. A cell whose day has no record keeps its
+    // text unless a save has released it.
     void subSeekQMTDatabase();
-    // The shown cells, as the read of the view and the opening fill them. A cell whose record cannot be read is logged
-    // under the literal and takes no text; it keeps what it shows only if that is the same day's.
+    // Reads the shown cells. An error is logged under the literal and makes the cell read-only; the cell then keeps its
+    // text only if that belongs to the same day.
     void ReadCells(QLatin1StringView literal);
 
-    // One day again, as another user has stored it meanwhile; its note not while it is being edited here. An empty key:
-    // all that are shown.
+    // Reads a day that another user has stored, or all shown days for an empty key. A note that is being edited here
+    // stays.
     void ReadDay(const QString& key);
 
-    // Writes the changed cells of a personal planner and lets go of the shown ones: none is written again before the
-    // next read, which empties those whose day has no record. Until then they show what they showed, since to empty
-    // them all first would cost as much as to fill them.
+    // Writes the changed cells of a personal planner and releases the shown ones: they are not written again before the
+    // next read, which empties those without a record. Until then they keep their text, since emptying all costs as
+    // much as filling them.
     void subUpdateQMTDatabase();
     void subUpdateQMTRecord(int iCell);
     void mnuSave_Click();
-    // Writes a day's note that no shown cell holds; in a workgroup's planner it waits for the next look at its day, or
-    // for the exit.
+    // Writes the note of a day that no shown cell holds. In a workgroup's planner it waits among the unsaved notes.
     void PutNote(const QString& key, const UnsavedNote& note);
-    bool HasChanges() const; // of the shown cells, that a save would write
+    bool HasChanges() const; // a save would write something
 
-    // Keeps what the shown cells of a personal planner hold unsaved, for the exit or its next opening, unwritten.
+    // Moves the unsaved text of a personal planner's shown cells to the unsaved notes, unwritten.
     void SetAside();
-    // Empties the shown cells and their marks without saving, and takes no text until the next read.
+    // Empties the shown cells and their marks without saving. They take no text until the next read.
     void DropCells();
 
-    // Notes of any planner that was open in this run and would not take them.
+    // Notes that their planners, opened in this run, did not take.
     const UnsavedNotes& Unsaved() const { return m_unsaved; }
-    void WriteUnsaved();                                          // tries each of those planners again
-    QStringList WhyUnsaved() const { return m_reasons.values(); } // as the last tries ended
+    void WriteUnsaved();                                          // tries each planner again
+    QStringList WhyUnsaved() const { return m_reasons.values(); } // the errors of the last tries
     void ForgetUnsaved(const QStringList& planners);
-    // What a day is to show that holds this in the file: what could not be stored yet comes first.
+    // The text to show for a day with this stored text: an unsaved note comes first.
     QByteArray NoteOver(const QString& key, const QByteArray& stored) const;
-    void ForgetDay(const QString& key); // it has been stored another way
-    // A note of the open planner that is not to be written into it now: the next opening offers it. Where even that
-    // cannot be kept it is one that would not be taken.
+    void ForgetDay(const QString& key); // the day has been stored in another way
+    // Leaves a note of the open planner in a journal, for the next opening to offer. If that fails, the note becomes an
+    // unsaved note.
     void LeaveBehind(const QString& key, const UnsavedNote& note);
 
-    // All that is not in its planner yet: Unsaved(), and what stands in the shown cells of a personal planner.
+    // All notes not yet in their planner: Unsaved() and the changed shown cells of a personal planner.
     UnsavedNotes Typed() const;
-    std::optional<QByteArray> HeldText(const QString& key) const; // what the file holds for a shown day, if it was read
+    std::optional<QByteArray> HeldText(const QString& key) const; // the stored text of a shown day, if it was read
 
 private:
     struct HeldNote
     {
-        QString key; // of the day that the box was last filled for
-        // What the file holds for that day, as it was read or last taken to be written; empty for a day without a
-        // record. A cell that holds nothing is never written: an empty one would take its day's record with it.
+        QString key; // the day that the box was last filled for
+        // The stored text as last read or taken for a save; empty bytes for a day without a record. Without a value the
+        // cell is never written, since an empty one would delete its day's record.
         std::optional<QByteArray> rtf;
     };
 
     CellRange Shown() const { return CellsOf(m_viewMode.GetViewMode()); }
-    void Expect(const ReadTransaction& reading) const; // the shown days
+    void Expect(const ReadTransaction& reading) const; // announces the shown days
     void ReadNote(int cell);
     const HeldNote& Held(int cell) const { return m_held.at(static_cast<std::size_t>(cell)); }
     HeldNote& Held(int cell) { return m_held.at(static_cast<std::size_t>(cell)); }
@@ -96,6 +95,6 @@ private:
     const ViewMode& m_viewMode;
     Journal& m_journal;
     UnsavedNotes m_unsaved;
-    QMap<QString, QString> m_reasons; // by planner: why its notes were not taken at the last try
+    QMap<QString, QString> m_reasons; // by planner: why the last try failed
     std::array<HeldNote, CellCount + 1> m_held;
 };

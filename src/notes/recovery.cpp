@@ -24,7 +24,7 @@ QByteArray Stored(const QString& key)
     return g_rsQMT.NoMatch() ? QByteArray() : g_rsQMT.Fields(schema::TextField).toByteArray();
 }
 
-// Days by their date, the memos behind the days of their month.
+// Days by date; memos follow the days of their month.
 std::tuple<int, int, int, QString> OrderOf(const QString& key)
 {
     constexpr int BehindTheDays = 99;
@@ -34,7 +34,7 @@ std::tuple<int, int, int, QString> OrderOf(const QString& key)
     return {parts.value(0).toInt(), parts.value(1).toInt(), isDay ? day : BehindTheDays, key};
 }
 
-// A workgroup's day is written under its lock, as it would have been.
+// A workgroup's day is written under its lock only.
 void StoreUnderLock(const QString& key, const UnsavedNote& note)
 {
     DayRecord record;
@@ -44,7 +44,7 @@ void StoreUnderLock(const QString& key, const UnsavedNote& note)
 }
 } // namespace
 
-// The same file by another path, or one that was moved: only the person knows then.
+// The path may be another name of the same file. If it is gone, only the person knows whether the planner was moved.
 bool Recovery::IsOfOpenPlanner(const QString& planner)
 {
     const QFileInfo left(planner);
@@ -86,7 +86,7 @@ void Recovery::OfferFrom(LeftJournal& left)
     }
 }
 
-// What was saved after all, as by a save whose end the program did not see, is no news. In the order of the days.
+// Sorted by day. A note that was saved after all, by a save whose end the program did not see, is left out.
 std::vector<FoundNote> Recovery::NewsIn(const QMap<QString, UnsavedNote>& notes)
 {
     std::vector<FoundNote> news;
@@ -126,8 +126,8 @@ bool Recovery::KeepAsFiles(const UnsavedNotes& others)
     return false;
 }
 
-// What the planner does not take now waits like any other note that could not be saved, and is journalled again before
-// the journal that it came from goes.
+// A note that the planner does not take becomes an unsaved note. It is journalled again before its old journal is
+// deleted.
 bool Recovery::Take(const std::vector<FoundNote>& wanted)
 {
     QStringList waiting;

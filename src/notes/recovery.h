@@ -1,4 +1,4 @@
-// Offers what the journals of ended programs hold for a planner that has just been opened, and takes what is wanted.
+// Offers the notes that journals of ended programs hold for the planner just opened, and stores the chosen ones.
 #pragma once
 
 #include "notes/journal.h"
@@ -11,17 +11,17 @@ class Recovery
 public:
     Recovery(QMTDB& notes, Journal& journal, QWidget& owner) : m_notes(notes), m_journal(journal), m_owner(owner) {}
 
-    // Nothing where nothing was left for the open planner, and nothing before the program has started: the window of
-    // the start would stand over the question, and the clock of the alarms not run behind it.
+    // Does nothing before BeginOffering: during the start the splash window would cover the question and the alarm
+    // clock would not run.
     void Offer();
-    void BeginOffering(); // offers what waited for it
+    void BeginOffering(); // also offers for the planner already open
 
 private:
     void OfferFrom(LeftJournal& left);
     static bool IsOfOpenPlanner(const QString& planner);
     static std::vector<FoundNote> NewsIn(const QMap<QString, UnsavedNote>& notes);
     bool Ask(const std::vector<FoundNote>& found);   // false: the journal is still needed
-    bool Take(const std::vector<FoundNote>& wanted); // false: some of it is in memory alone
+    bool Take(const std::vector<FoundNote>& wanted); // false: a note is in memory only
     static bool KeepAsFiles(const UnsavedNotes& others);
 
     QMTDB& m_notes;

@@ -81,7 +81,7 @@ QWidget* RecoveryForm::MakeList()
     return MakeColumn(u"Days:"_s, m_lstDays);
 }
 
-// The list itself is silent about it.
+// The list widget does not announce its ticks.
 void RecoveryForm::TellTick(const QListWidgetItem* item)
 {
     QAccessible::State changed;

@@ -1,5 +1,5 @@
-// Notes that a run of the program left unsaved when it ended, day by day beside what the planner holds: which of them
-// are to be taken.
+// Lets a person choose which notes, left unsaved when a run ended, go into the planner. Shows each beside the
+// planner's.
 #pragma once
 
 #include "notes/unsavednotes.h"
@@ -16,7 +16,7 @@ struct FoundNote
 {
     QString key;
     UnsavedNote note;
-    QByteArray stored; // as the planner holds the day
+    QByteArray stored; // as the planner has it
 };
 
 class RecoveryForm : public QDialog
@@ -26,7 +26,7 @@ class RecoveryForm : public QDialog
 public:
     RecoveryForm(std::vector<FoundNote> notes, QWidget* owner);
 
-    // After exec() was Accepted. Rejected decides nothing: the question comes again.
+    // Valid after exec() returned Accepted. Rejected decides nothing: the question comes again.
     bool Takes(std::size_t number) const;
 
 private:

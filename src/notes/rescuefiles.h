@@ -1,4 +1,4 @@
-// Notes that no planner would take, each as a rich text file of its own, named after its planner and day.
+// Keeps notes that no planner took as rich text files, named by planner and day.
 #pragma once
 
 #include <QString>
@@ -7,6 +7,6 @@ class UnsavedNotes;
 
 QString RescueFolder();
 
-// Writes a file for each note; an existing file is never replaced. Why one could not be written, which is logged under
-// the literal, else nothing; those before it stay.
+// Writes one file per note and never replaces a file. Stops at the first error, which is logged under the literal, and
+// returns its reason, else an empty text.
 QString WriteRescueFiles(const UnsavedNotes& notes, QLatin1StringView literal);

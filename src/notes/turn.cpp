@@ -11,7 +11,7 @@ bool Turn::operator()(QLatin1StringView literal, const std::function<void()>& ch
     const ErrorTail tail(literal);
     if (g_bDBShared && !m_lockedDay.Commit()) return false;
     const Hourglass hourglass;
-    // With no cell marked or changed this saves nothing, and lets go of what would else stand under other dates.
+    // Even without changes this releases cells whose text would else stay under other dates.
     if (HasPlanner()) tail([&] { m_notes.subUpdateQMTDatabase(); });
     tail(change);
     if (HasPlanner()) tail([&] { m_notes.subSeekQMTDatabase(); });

@@ -1,6 +1,5 @@
-// Turns the page: the one way in which the cells of an open planner come to stand for other days or in another form, so
-// that nothing that was typed is left under a date that is not its own. Another planner is saved and read for by
-// whoever opens it.
+// The only way in which the cells of an open planner come to show other days or another layout, so that no text stays
+// under a wrong date. Opening another planner saves and reads by itself.
 #pragma once
 
 #include <QLatin1StringView>
@@ -15,10 +14,9 @@ class Turn
 public:
     Turn(QMTDB& notes, LockedDay& lockedDay) : m_notes(notes), m_lockedDay(lockedDay) {}
 
-    // Commits a day that this user has locked, saves what the cells hold, has them changed by the caller (the date, the
-    // drawing), and reads their notes. Without a planner there is only the change; with a locked day that cannot be
-    // stored there is nothing, and false is given. A step that fails is logged under the literal and does not keep the
-    // others back.
+    // Commits a day that this user has locked, saves the cells, runs the change (dates, drawing) and reads the notes.
+    // Without a planner only the change runs. If the locked day cannot be stored, nothing runs and false is returned.
+    // Errors are logged under the literal, and the later steps still run.
     bool operator()(QLatin1StringView literal, const std::function<void()>& change);
 
 private:

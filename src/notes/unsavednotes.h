@@ -1,6 +1,5 @@
-// Notes on their way from a cell to the file, by planner and date key. A save empties the cells at once; what could
-// not be written, because the disk was full or another program held the file, stays here, is shown again where its day
-// is read, and goes with the next save.
+// Notes on their way from a cell to the file, by planner and date key. A save takes them out of the cells at once. A
+// note that cannot be written stays here, is shown when its day is read, and goes with the next save.
 #pragma once
 
 #include <QByteArray>
@@ -12,11 +11,11 @@
 struct UnsavedNote
 {
     QByteArray rtf;                 // empty: the day was emptied
-    std::optional<QByteArray> base; // what the file held when the typing began, if that is known
-    QByteArray former;              // an earlier text of the same typing, which may have been stored unheard
+    std::optional<QByteArray> base; // the stored text when the typing began, if known
+    QByteArray former; // an earlier text of this typing, which may have been stored before a connection broke
 
-    // What is to be stored where the file holds this by now. Where somebody else has written meanwhile both notes stay,
-    // theirs above.
+    // The text to store where the file now holds this. If somebody else has written meanwhile, both notes stay, theirs
+    // on top.
     QByteArray Over(const QByteArray& stored) const;
 };
 
@@ -28,7 +27,7 @@ public:
     UnsavedNotes() = default;
     explicit UnsavedNotes(const ByPlanner& notes) : m_notes(notes) {}
 
-    // Of a note that is kept already what it was typed upon stays.
+    // A note that is already kept retains its base.
     void Keep(const QString& planner, const QString& key, const UnsavedNote& note);
     void Forget(const QString& planner, const QString& key);
     void Forget(const QString& planner) { m_notes.remove(planner); }
@@ -37,7 +36,7 @@ public:
     QStringList Planners() const { return m_notes.keys(); }
     const ByPlanner& All() const { return m_notes; }
     bool IsEmpty() const { return m_notes.isEmpty(); }
-    QString Describe() const; // a line for each planner: its path and the days
+    QString Describe() const; // one line per planner: its path and days
 
 private:
     ByPlanner m_notes;
