@@ -1,9 +1,9 @@
-// Asks for a planner's path by the common dialog.
 #pragma once
 
 #include <QString>
 
 class CommonDialog;
 
-// acceptText is the word on the button, empty for "Open". The path may name a file that is not there. False: cancelled.
+// Asks for a planner's path with the common dialog. acceptText is the button's text, empty for "Open". The file need
+// not exist. False: cancelled.
 bool AskForPlanner(CommonDialog& dialog, const QString& title, const QString& acceptText = {});

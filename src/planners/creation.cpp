@@ -21,13 +21,13 @@ constexpr QLatin1StringView NewTail(" in MainForm, mnuNew_Click");
 
 const QString Extension = u".mdb"_s;
 
-// The last three letters, without a dot before them: a name such as mymdb counts as having its extension.
+// Compares the last three letters without a dot, so a name such as mymdb counts as having its extension.
 bool HasExtension()
 {
     return g_sDBTitle.right(3).toLower() == u"mdb";
 }
 
-// Says what is being made while it is made; what ends the making, an error too, brings the month's title back.
+// Shows what is being created. Its end restores the month's title, also after an error.
 class CreatingNotice
 {
 public:
@@ -47,7 +47,7 @@ bool MayReplace(const QString& title)
 }
 } // namespace
 
-// The name as it was typed, and the one that it gets.
+// Asks about a file with the typed name and about one with the extension added.
 std::optional<QStringList> Creation::TakeName()
 {
     const Names typed = {g_sDBPath, g_sDBTitle};
@@ -68,7 +68,7 @@ std::optional<QStringList> Creation::TakeName()
 void Creation::subNewPlanner()
 {
     if (!AskForPlanner(m_dialog, u"New Planner File"_s, u"&Create"_s)) return;
-    // What is typed under a lock is stored while there is a planner to store it in.
+    // Text under a lock is stored while its planner is still open.
     if (g_bDBShared && !m_lockedDay.Commit()) return;
     const Names former = {g_sDBPath, g_sDBTitle};
     if (HasPlanner()) {
@@ -86,10 +86,10 @@ void Creation::subNewPlanner()
         MsgBox(u"Could not create New Planner"_s, 0, QString(), *reason);
         return;
     }
-    if (m_opening.AskHow()) OpenAndTell(); // else the program ends
+    if (m_opening.AskHow()) OpenAndTell(); // else the program is ending
 }
 
-// What a New that came to nothing has taken from the cells.
+// Restores the cells' notes after a New that was cancelled or failed.
 void Creation::ReadAgain(const Names& former)
 {
     SetMousePointer(mousepointer::Default);
@@ -117,7 +117,7 @@ std::optional<QString> Creation::BuildFile(const QStringList& replaced)
     try {
         for (const QString& file : replaced) {
             DBEngine::DeleteDatabase(file);
-            m_notes.ForgetUnsaved({file}); // what its cells had not saved goes with it
+            m_notes.ForgetUnsaved({file}); // and with the file its unsaved notes
         }
         const QString place = filesystem::PlaceFor(g_sDBPath);
         MakeTables(place.isEmpty() ? g_sDBPath : place);
@@ -135,7 +135,7 @@ void Creation::MakeTables(const QString& file)
         for (const TableDef& table : schema::AllTables())
             database.Append(table);
     } catch (const RunTimeError&) {
-        // Half a planner is none: the next open would find tables missing.
+        // A planner without all its tables must not stay.
         database.Close();
         ErrorTail{NewTail}([&] { DBEngine::DeleteDatabase(file); });
         throw;
@@ -145,7 +145,7 @@ void Creation::MakeTables(const QString& file)
 
 void Creation::OpenNewFile()
 {
-    m_opening.Adopt(filesystem::Find(g_sDBPath), false); // not exclusively, whatever the answer was
+    m_opening.Adopt(filesystem::Find(g_sDBPath), false); // never exclusively, whatever the answer was
     g_rsAlarm = schema::OpenAlarms(g_dbPlanner);
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
     subUnloadAlarmIcons(m_cells);

@@ -1,4 +1,4 @@
-// Makes a new planner: asks for its name, builds the file, opens it and shows the empty calendar in it.
+// Creates a planner: asks for its name, builds the file, opens it and shows its empty calendar.
 #pragma once
 
 #include <QStringList>
@@ -20,8 +20,8 @@ public:
     {
     }
 
-    // Does not write the cells of the planner before, which are kept for the exit, nor enter the recent list: a planner
-    // is recent once it was opened.
+    // Keeps the former planner's cells for the exit without writing them. The new planner enters the recent list only
+    // when it is opened later.
     void subNewPlanner();
 
 private:
@@ -30,8 +30,8 @@ private:
         QString path, title; // g_sDBPath, g_sDBTitle
     };
 
-    std::optional<QStringList> TakeName(); // the files that the new one takes the place of; nothing if it may not
-    std::optional<QString> BuildFile(const QStringList& replaced); // why it could not be made; nothing if it was
+    std::optional<QStringList> TakeName(); // the files to be replaced; empty if the person refuses
+    std::optional<QString> BuildFile(const QStringList& replaced); // why it failed; empty on success
     void MakeTables(const QString& file);
     void ReadAgain(const Names& former);
     void OpenAndTell();

@@ -29,7 +29,7 @@ QString ScratchPath()
     return folders::ApplicationDirectory() + u"/dummy.mdb"_s;
 }
 
-// Somebody has taken the planner away under the hands of Compact.
+// Another program has moved or deleted the planner during Compact.
 QString WhatIsLeft(const QString& file)
 {
     const bool isGone = !file.isEmpty() && !QFileInfo::exists(file);
@@ -74,7 +74,8 @@ QString Describe(const DBEngine::RepairReport& report)
 }
 } // namespace
 
-// Title and CancelError are those of the dialog's last use: after New or Open a Cancel is an error that is shown.
+// The title and CancelError are left from the dialog's last use, so after New or Open a cancel is an error that is
+// shown.
 bool Maintenance::ChooseFile(const char* filter)
 {
     m_dialog.Filter = QString::fromLatin1(filter);
@@ -90,7 +91,7 @@ void Maintenance::Run(const Command& command, const Work& work)
     try {
         if (!ChooseFile(command.filter)) return;
         file = m_dialog.FileName;
-        // An opening that failed has left the planner before it behind, which nobody can see any more.
+        // After a failed opening the former planner's tables are still open, though it is no longer shown.
         if (!HasPlanner()) AdoptPlanner({}, {}, {});
         const bool isOpen = IsOpenPlanner(file);
         if (isOpen && !MayClose(file, command)) return;

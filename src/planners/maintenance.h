@@ -1,5 +1,5 @@
-// Compact and Repair: the engine's upkeep of a planner file that is chosen. The one that is open here is closed for it,
-// if the person wants that, and open again afterwards.
+// Compact and Repair of a planner file. If the file is open in this program, it is closed for the work, if the person
+// agrees, and opened again.
 #pragma once
 
 #include <QString>
@@ -23,14 +23,14 @@ public:
     void mnuRepair_Click();
 
 private:
-    // The work of a command on a file; what is to be said besides that it is done.
+    // Works on the file. Returns what the success message adds.
     using Work = std::function<QString(const QString& file)>;
     struct Command
     {
-        const char* name; // as the menu and the message have it
+        const char* name; // as in menu and message
         const char* filter;
         QLatin1StringView literal;
-        const char* failed; // stands before the error's own text
+        const char* failed; // precedes the error's text
         const char* done;
         QString (*afterError)(const QString& file);
     };

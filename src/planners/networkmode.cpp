@@ -21,7 +21,7 @@ void NetworkMode::subSetNetworkMode(bool bOn)
     m_controls.lblNetwork->setVisible(bOn);
     m_menus("mnuRefresh"_L1).SetEnabled(bOn);
     m_menus("mnuLockDay"_L1).SetEnabled(bOn);
-    // A workgroup's planner has no general save: each day is saved by its own lock.
+    // In a workgroup's planner each day is saved by its own lock, so there is no general save.
     ToolbarButton& save = m_toolbar.Buttons(u"save"_s);
     if (!bOn) save.SetValue(0);
     save.setEnabled(!bOn);

@@ -1,4 +1,4 @@
-// Shows or hides what belongs to a workgroup's planner, and says which of the two kinds is open.
+// Shows or hides the controls of a workgroup's planner and sets whether one is open.
 #pragma once
 
 class HeldDay;
@@ -14,8 +14,8 @@ public:
     {
     }
 
-    void subSetNetworkMode(bool bOn); // sets g_bDBShared; a day that is held is given up
-    void ApplyTimers();               // the timers as the options read at the opening want them
+    void subSetNetworkMode(bool bOn); // sets g_bDBShared; a held day is unlocked without a save
+    void ApplyTimers();               // switches the timers as the options say
 
 private:
     const NetworkControls& m_controls;

@@ -1,4 +1,4 @@
-// Asks how a planner is to be opened. There is no Cancel: the question must be answered.
+// Asks how to open a planner. It has no Cancel: the question must be answered.
 #pragma once
 
 #include <QDialog>
@@ -14,9 +14,9 @@ class OpenAsForm : public QDialog
 public:
     explicit OpenAsForm(const QString& plannerPath, QWidget* owner = nullptr);
 
-    bool Shared() const; // after exec()
+    bool Shared() const; // valid after exec()
 
-    // Esc and the close box do not answer the question. exec() comes back without an answer only when the program ends.
+    // Esc and the close box are ignored. exec() returns without an answer only when the program ends.
     void reject() override;
 
 private:

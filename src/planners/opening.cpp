@@ -34,7 +34,7 @@
 namespace {
 constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
 
-// The network options count as they stand when a planner is opened; those of the idle unlock also at each lock.
+// The options are read at each opening, those of the idle unlock also at each lock.
 void ReadNetworkOptions()
 {
     bGeneralUnlockEnable = Read(settings::AutoUnLock) != 0;
@@ -55,7 +55,7 @@ void Opening::subOpenPlanner()
         if (saved) m_notes.subSeekQMTDatabase();
         return;
     }
-    m_heldDay.LeaveBehind(); // before its cell stands for anything else
+    m_heldDay.LeaveBehind(); // before the cell shows another day
     if (wasOpen) m_notes.DropCells();
     g_sDBPath = m_dialog.FileName.toLower();
     g_sDBTitle = m_dialog.FileTitle.toLower();
@@ -103,7 +103,7 @@ void Opening::Adopt(const QString& file, bool exclusive)
     AdoptPlanner(database, schema::OpenNotes(database), file);
     WatchForDamage(file);
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
-    m_notes.DropCells(); // a timer may have filled them again behind a question
+    m_notes.DropCells(); // a timer may have filled them while a question was open
 }
 
 void Opening::subAutoload()
@@ -158,7 +158,7 @@ bool Opening::OpenNotes(bool exclusive, const QString& foot)
     }
 }
 
-// A server tells what others have stored; a file is asked by the refresh.
+// Only a server reports changes by others; a file is read again by the refresh.
 void Opening::TakeChange(const QString& table, const QVariant& key)
 {
     if (table == schema::Notes || table == schema::Alarms || table.isEmpty()) m_notes.ReadDay(key.toString());
@@ -179,7 +179,7 @@ void Opening::GiveUp(const QString& reason)
     m_notes.DropCells();
 }
 
-// An older file is known by the table that it lacks; nothing else tells its version.
+// Only a missing table identifies an older file: no version is stored.
 bool Opening::OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks)
 {
     try {
@@ -198,13 +198,13 @@ bool Opening::OpenAlarms()
     return OpenOrAdd([] { g_rsAlarm = schema::OpenAlarms(g_dbPlanner); }, subAddAlarmTable, true);
 }
 
-// No question: whoever was asked about the alarms has answered for both.
+// The question about the alarms covers this table, too.
 bool Opening::OpenRecursions()
 {
     return OpenOrAdd([] { g_rsRecurse = schema::OpenRecursions(g_dbPlanner); }, subAddRecursionTable, false);
 }
 
-// A copy that fails does not stand in the way: whoever was asked was told to make one.
+// A failed backup does not stop the upgrade: the question has told the person to make a copy.
 bool Opening::Upgrade(const std::function<void()>& step)
 {
     const QString trouble = BackUpBeforeSave();
@@ -269,9 +269,9 @@ std::optional<RunTimeError> Opening::Reopen(const std::function<void()>& work)
 {
     const QString file = g_sNotesFile;
     ClosePlanner();
-    damage::SetListener(nullptr); // the command says by itself what it meets
+    damage::SetListener(nullptr); // the command reports damage itself
     const auto failure = FailureOf(work);
-    // After a New that was not to replace a file the path names that file.
+    // g_sDBPath may name another file, if a New was refused to replace it.
     filesystem::Remember(file);
     g_sDBPath = file.toLower();
     g_sDBTitle = QFileInfo(file).fileName().toLower();

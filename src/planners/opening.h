@@ -1,5 +1,5 @@
-// Opens planners: by the file dialog, from the recent list, at start. Brings older files up to date on the way. Closes
-// the open one, at the exit and for work on its file.
+// Opens planners: from the file dialog, from the recent list, at start. Upgrades older files. Closes the open planner
+// at the exit and for work on its file.
 #pragma once
 
 #include "platform/runtime/runtimeerror.h"
@@ -20,7 +20,7 @@ class RecentList;
 class Recovery;
 class Redraw;
 
-// Does it under the hourglass. What ended it, if anything did.
+// Runs the work under the hourglass. Returns its error, if there was one.
 std::optional<RunTimeError> FailureOf(const std::function<void()>& work);
 
 class Opening
@@ -35,28 +35,27 @@ public:
 
     void subOpenPlanner();
     void mnuMRU_Click(const MenuItem& entry);
-    // As from the recent list. The path is that of a file, letter for letter, whether it is there or not.
+    // Opens the file like an entry of the recent list. The path is used literally; the file may be missing.
     void OpenFile(const QString& path);
-    void subAutoload(); // the planner of the start-up options, if one is set
+    void subAutoload(); // the start-up planner, if one is set
 
-    // Opens g_sDBPath. The argument goes straight into the engine's exclusive argument, so true means a personal
-    // planner. On return g_sDBPath is empty if the open failed.
+    // Opens g_sDBPath. true means a personal planner, since the argument is passed on as the engine's exclusive
+    // argument. g_sDBPath is empty afterwards if the open failed.
     void subOpenDBNoDlg(bool bShared);
 
-    // How g_sDBPath is to be opened, by OpenAsForm, and the mode of that; whether it is a workgroup's planner. Nothing
-    // where the program ends meanwhile.
+    // Asks by OpenAsForm how to open g_sDBPath and sets the network mode. True for a workgroup's planner; empty if the
+    // program ends meanwhile.
     std::optional<bool> AskHow();
-    // Opens the file and has it follow the planner before it, whose cells are dropped. Errors as
+    // Opens the file in place of the former planner, whose cells are dropped. Raises the errors of
     // DBEngine::OpenDatabase.
     void Adopt(const QString& file, bool exclusive);
-    void ClosePlanner(); // a lock ends with it, and what was typed under it waits for the next opening
-    // Work on the file of the open planner, whose notes are saved, that nobody, this program included, may have open
-    // meanwhile: closes it and opens it again as it was open. What ended the work, if anything did: to be told
-    // afterwards, since the timers go on behind a message.
+    void ClosePlanner(); // unlocks; text typed under the lock is kept for the next opening
+    // Closes the open planner, whose notes must be saved, runs the work on its file, and opens it again in the same
+    // mode. Returns the work's error; show it only afterwards, since timers run behind a message.
     std::optional<RunTimeError> Reopen(const std::function<void()>& work);
 
-    void ShowPlannerOpen();                         // title bar, month's title, pointer; no cell is current
-    void ShowOpenFailed(const RunTimeError& error); // says so; no planner is open then
+    void ShowPlannerOpen();                         // sets title bar, month's title and pointer; no cell is current
+    void ShowOpenFailed(const RunTimeError& error); // shows the error; no planner is open afterwards
 
 private:
     void OpenListed(const QString& path);
@@ -64,7 +63,7 @@ private:
     bool OpenNotes(bool exclusive, const QString& foot);
     void TakeChange(const QString& table, const QVariant& key);
     void GiveUp(const QString& reason);
-    static bool Upgrade(const std::function<void()>& step); // false: it is said and logged
+    static bool Upgrade(const std::function<void()>& step); // false after a message and a log entry
     static bool OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks);
     static bool OpenAlarms();
     static bool OpenRecursions();

@@ -20,7 +20,7 @@ void RecentList::ShowEntries()
     bool listed = true;
     for (int entry = 0; entry < RecentPlanners; ++entry) {
         const QString path = Read(settings::MRU[entry]);
-        // The first empty key ends the list, whatever stands behind it.
+        // The first empty key ends the list.
         listed = listed && !path.isEmpty();
         MenuItem& item = m_menus.mnuMRU(entry);
         if (listed) {
@@ -36,7 +36,7 @@ void RecentList::WriteFirstVisible()
     for (int entry = 0; entry < RecentPlanners; ++entry) {
         const MenuItem& item = m_menus.mnuMRU(entry);
         if (!item.Visible()) continue;
-        // On purpose the last two share a key: with none before it visible, the oldest goes to the third place.
+        // The last two entries share a key on purpose: if only the oldest is visible, it goes to the third key.
         return Write(settings::MRU[qMin(entry, 2)], item.Caption());
     }
 }
@@ -46,7 +46,7 @@ void RecentList::subUpdateMRU()
     QStringList list;
     for (const TextSetting& entry : settings::MRU)
         list += Read(entry);
-    // An entry longer than the path that begins with it counts as the same. With none the oldest falls off.
+    // An entry that begins with the path counts as the same planner. Without a match the oldest is dropped.
     int match = 0;
     while (match < RecentPlanners - 1 && !list.at(match).toLower().startsWith(g_sDBPath.toLower()))
         ++match;

@@ -1,4 +1,4 @@
-// The planners last opened, in PLANNER.INI and in the File menu. Each update reads the keys again.
+// The recent planners, in PLANNER.INI and in the File menu. Each update reads the keys again.
 #pragma once
 
 class Menus;
@@ -8,8 +8,8 @@ class RecentList
 public:
     explicit RecentList(Menus& menus) : m_menus(menus) {}
 
-    void subLoadMRU(bool bRead); // true: the menu from the file; false: the first visible entry back to the file
-    void subUpdateMRU();         // g_sDBPath to the head of the list
+    void subLoadMRU(bool bRead); // true: file to menu; false: first visible entry to file
+    void subUpdateMRU();         // moves g_sDBPath to the head
 
 private:
     void ShowEntries();

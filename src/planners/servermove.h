@@ -1,4 +1,4 @@
-// Moves the open planner of a workgroup from its file to a server, and saves one that is there to a file again.
+// Moves a workgroup's open planner from its file to a server, and saves it from a server to a file.
 #pragma once
 
 #include <QString>
@@ -15,8 +15,8 @@ public:
     {
     }
 
-    QString Address() const; // of the open planner; empty while it lies in its file
-    // Ask, do it, and say how it went. The planner is open afterwards as it was, in its new place or its old one.
+    QString Address() const; // of the open planner's server; empty for a planner in a file
+    // Both ask, act and report. Afterwards the planner is open in its new place, or on failure in its old one.
     void MoveToServer(const QString& address);
     void SaveToFile();
 
