@@ -20,7 +20,7 @@ void OneLineBox::keyPressEvent(QKeyEvent* event)
     QLineEdit::keyPressEvent(event);
 }
 
-// The press that brings the focus would put the caret in the place of the selection.
+// The press that brings the focus would replace the selection by a caret.
 void OneLineBox::mousePressEvent(QMouseEvent* event)
 {
     QLineEdit::mousePressEvent(event);

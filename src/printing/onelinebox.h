@@ -1,4 +1,4 @@
-// A box of one line that Return does not leave: it is no part of the text, and it confirms nothing.
+// A one-line box in which Return does nothing: it neither inserts a line nor confirms the dialog.
 #pragma once
 
 #include <QLineEdit>
@@ -23,5 +23,5 @@ protected:
 
 private:
     const OnEntering m_onEntering;
-    bool m_enteredByMouse = false; // by the press that is under way
+    bool m_enteredByMouse = false; // the current press brought the focus
 };

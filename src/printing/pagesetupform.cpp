@@ -24,7 +24,7 @@ namespace {
 struct MarginRow
 {
     const char* name;
-    const char* label; // with the mnemonic that the box is reached by
+    const char* label; // with the box's mnemonic
     const TextSetting* setting;
 };
 
@@ -33,7 +33,7 @@ constexpr MarginRow MarginRows[] = {{"tbLeft", "&Left:", &settings::PageLeft},
                                     {"tbRight", "&Right:", &settings::PageRight},
                                     {"tbBottom", "&Bottom:", &settings::PageBottom}};
 
-// "1.00" as it is written in this country.
+// "1.00" in the locale's spelling.
 QString UsualMargin()
 {
     constexpr int SeparatorSize = 5;
@@ -95,7 +95,7 @@ QWidget* PageSetupForm::MakeMarginFrame()
         m_margins[i]->setFixedWidth(MarginWidth);
         auto* label = new QLabel(QString::fromLatin1(MarginRows[i].label));
         label->setBuddy(m_margins[i]);
-        // Left over right, top over bottom.
+        // Left above right, top above bottom: two columns.
         const int row = int(i) / 2, column = int(i) % 2 * 3;
         grid->addWidget(label, row, column);
         grid->addWidget(m_margins[i], row, column + 1);
@@ -125,7 +125,7 @@ void PageSetupForm::btnFonts_Click()
 {
     const ErrorTail tail(" in PageSetupForm, btnFonts_Click"_L1);
     tail([&] {
-        // What is stored, not what an earlier press has shown in the box.
+        // Starts from the stored font, not from an earlier choice in this dialog.
         FontChoice choice = ReadHeaderFont();
         if (!ChooseFont(this, choice, fontdialog::ScreenFontsAndEffects)) return;
         m_headerFont = choice;
@@ -133,7 +133,7 @@ void PageSetupForm::btnFonts_Click()
     });
 }
 
-// As the header will look on paper, but never larger than the window can bear.
+// Shows the header's font, at most as large as the window allows.
 void PageSetupForm::ShowHeaderFont()
 {
     constexpr double LargestShown = 48;

@@ -1,4 +1,4 @@
-// Margins and header of the printed page. The margins are kept as they are typed.
+// Margins and header of the printed page. Margins are stored as typed.
 #pragma once
 
 #include "platform/controls/fontdialog.h"
@@ -25,7 +25,7 @@ private:
     void ShowHeaderFont();
     void WriteHeader() const;
 
-    FontChoice m_headerFont; // of tbHeader, with the name as it was chosen
+    FontChoice m_headerFont; // of tbHeader; the name as chosen
     OneLineBox* m_tbHeader = nullptr;
     std::array<OneLineBox*, 4> m_margins{}; // left, top, right, bottom
 };

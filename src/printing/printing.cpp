@@ -22,7 +22,7 @@ namespace {
 constexpr QLatin1StringView EngineLiteral(" in MainForm, subUseDLLPrintEngine");
 constexpr int Headings = 7;
 
-// The cell's look on paper: flat, and white where the screen shows the calendar's own paper.
+// A cell's look on paper: flat, and white instead of the calendar's paper colour.
 CaptionLook LookOf(const SSPanel& panel)
 {
     constexpr Qt::Alignment Columns[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
@@ -56,7 +56,7 @@ void Printing::mnuPrint_Click()
     subUseDLLPrintEngine();
 }
 
-// The first error ends the routine. The job then has no end, and the notice stays until the next one.
+// The first error ends the routine: the job is not ended, and the notice stays until the next job.
 void Printing::subUseDLLPrintEngine()
 {
     const ErrorTail tail(EngineLiteral);
@@ -79,7 +79,7 @@ void Printing::PrintPage()
     const CellRange range = CellsOf(view);
     for (int cell = range.first; cell <= range.last; ++cell)
         PrintCell(view, cell - range.first + 1, cell);
-    // All dates after all bodies, so that a number lies on top of whatever its note has printed.
+    // Dates are printed after all notes, so that the numbers lie on top.
     for (int cell = range.first; cell <= range.last; ++cell) {
         const SSPanel& panel = cells.panelDay(cell);
         m_library.qmtPrintDate(panel.Caption(), LookOf(panel), view, cell - range.first + 1);
@@ -91,13 +91,13 @@ void Printing::PrintPage()
     m_library.TellTrouble();
 }
 
-// The place is the heading's within the main window, taken for one on the screen.
+// The position in the main window is used as one on the screen.
 void Printing::ShowSpoolForm()
 {
     const SSPanel& heading = m_printed.cells.lblDayOfWeek(0);
     m_spoolForm = std::make_unique<SpoolForm>(m_printed.cells.Client()->window());
     m_spoolForm->move(heading.x(), heading.y() + 2 * heading.height());
-    ShowAndPaint(*m_spoolForm); // what follows leaves no time for events
+    ShowAndPaint(*m_spoolForm); // no events are processed from here on
 }
 
 void Printing::PrintCell(int view, int position, int cell)
@@ -109,13 +109,13 @@ void Printing::PrintCell(int view, int position, int cell)
     QFile::remove(path);
 }
 
-// A full disk takes no file, and a second Orrelin writes the same one: what the carrier then holds instead comes from
-// the cell itself, so that no note is missing on the page.
+// The file can fail: the disk may be full, or a second Orrelin writes it. The note then comes from the cell, so that
+// none is missing on the page.
 void Printing::LoadCarrier(RichTextBox& note, const QString& path)
 {
     const ErrorTail tail(EngineLiteral);
     note.CommitPreedit();
-    m_tbPrint->SetBlankFormat(note.Font(), 0); // of a note that is plain text
+    m_tbPrint->SetBlankFormat(note.Font(), 0); // for a plain text note
     tail([&] {
         note.SaveFile(path);
         m_tbPrint->LoadFile(path);

@@ -1,4 +1,4 @@
-// Printing: page setup, the choice of printer, and the calendar as it is on the screen put on one page.
+// Printing: page setup, printer setup, and the shown calendar on one page.
 #pragma once
 
 #include <QString>
@@ -15,7 +15,7 @@ class SpoolForm;
 class SystemPrinter;
 class ViewMode;
 
-// What of the main window is printed.
+// The printed parts of the main window.
 struct Printed
 {
     Cells& cells;
@@ -46,6 +46,6 @@ private:
     CommonDialog& m_FontDialog;
     SystemPrinter& m_printer;
     PrintLibrary& m_library;
-    RichTextBox* m_tbPrint = nullptr; // hidden; carries each note while it prints. Made with the first job
+    RichTextBox* m_tbPrint = nullptr; // hidden; carries each note to the printer. Made by the first job
     std::unique_ptr<SpoolForm> m_spoolForm;
 };

@@ -1,4 +1,4 @@
-// The notice that a page is on its way to the printer. In front of every window, and never asked anything.
+// The notice that a page is being printed. It stays in front of every window and takes no input.
 #pragma once
 
 #include <QWidget>
