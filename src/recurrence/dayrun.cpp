@@ -8,7 +8,7 @@
 namespace {
 constexpr qint64 LongestGroup = 250; // milliseconds
 
-// The error is not told of here: the days are tried again, and what then fails is.
+// The error is not reported: the days are tried again one by one, and those errors are.
 template <typename Action>
 bool Succeeds(Action&& action)
 {

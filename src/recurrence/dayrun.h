@@ -1,5 +1,5 @@
-// Works through the notes of many days in commits of at most a quarter of a second: each day is whole or untouched,
-// whatever ends the program meanwhile.
+// Changes the notes of many days in commits of at most a quarter of a second. If the program ends meanwhile, each day
+// is either changed or untouched.
 #pragma once
 
 #include "platform/engine/database.h"
@@ -12,7 +12,7 @@
 class DayRun
 {
 public:
-    // Changes the note of one day. What it raises leaves this day out, and no other.
+    // Changes the note of one day. An error skips this day only.
     using Step = std::function<void(const QString& date)>;
     using Progress = std::function<void(qsizetype done, qsizetype all)>;
 
@@ -22,20 +22,20 @@ public:
     {
     }
 
-    qsizetype operator()(const QStringList& dates, const Step& step); // how many days were left out by an error
+    qsizetype operator()(const QStringList& dates, const Step& step); // returns how many days failed
 
-    // Whether the day under way has no others waiting for its commit, so that its step may ask somebody. A day that
-    // failed among others is tried again alone.
+    // True if the current day is committed alone, so that its step may ask the person. A day that failed in a group is
+    // tried again alone.
     bool IsAlone() const { return m_isAlone; }
-    void Fail(const QString& reason); // for a step that has dealt with the error of its day by itself
+    void Fail(const QString& reason); // for a step that has handled its day's error itself
     const QString& LastError() const { return m_lastError; }
 
 private:
     struct Group
     {
-        qsizetype end;  // behind the last day that was done
-        bool committed; // else none of its days has been changed
-        bool failed;    // at its end, or in its commit
+        qsizetype end;  // index behind the last finished day
+        bool committed; // false: none of its days is changed
+        bool failed;    // at the day at end, or in the commit
     };
     Group RunGroup(const QStringList& dates, qsizetype begin, const Step& step) const;
     void RunAlone(const QString& date, const Step& step);

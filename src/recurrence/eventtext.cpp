@@ -17,13 +17,13 @@ void Read(const QByteArray& rtf, const QTextCharFormat& plain, QTextDocument& do
     all.setCharFormat(plain);
 }
 
-// As the search sees a paragraph: blanks that do not break are blanks.
+// Non-breaking blanks count as blanks.
 QString TextOf(const QTextBlock& block)
 {
     return block.text().replace(QChar::Nbsp, u' ');
 }
 
-// Without empty ones at the end: they are no more than the place where the writing stopped.
+// Empty paragraphs at the end are dropped.
 QStringList ParagraphsOf(const QTextDocument& document)
 {
     QStringList paragraphs;
@@ -45,8 +45,8 @@ bool EndsWith(const QString& text, const QString& words)
     return text.endsWith(words) && (before == 0 || !text[before - 1].isLetterOrNumber());
 }
 
-// Where the last of several paragraphs stands if they follow one another from this block on, which the first one ends;
-// else an invalid block.
+// The block where the paragraphs end, if they begin at the end of the first block and follow one another; else an
+// invalid block.
 QTextBlock LastBlockOf(const QStringList& paragraphs, const QTextBlock& first)
 {
     if (!EndsWith(TextOf(first), paragraphs.first())) return {};
@@ -100,13 +100,13 @@ QTextCursor EventText::Find(const QStringList& paragraphs) const
 QTextCursor EventText::FindInNote() const
 {
     const QTextCursor found = Find(m_paragraphs);
-    // Somebody may have taken the event's pictures out of the note.
+    // A person may have deleted the event's pictures.
     return found.isNull() && m_withoutPictures != m_paragraphs ? Find(m_withoutPictures) : found;
 }
 
 std::optional<QByteArray> EventText::TakenOutOf(const QByteArray& note)
 {
-    if (m_withoutPictures.join(QString()).isEmpty()) return {}; // it would be found where somebody else wrote it
+    if (m_withoutPictures.join(QString()).isEmpty()) return {}; // an empty text would match anywhere
     ReadNote(note);
     QTextCursor found = FindInNote();
     if (found.isNull()) return {};

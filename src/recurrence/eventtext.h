@@ -1,5 +1,5 @@
-// The text of a recurring event on its way into notes and out of them again: rich text in, rich text out, without a
-// box. The event is parsed once for all the notes of a run.
+// The text of a recurring event, to be put into notes and taken out again. Takes and returns rich text; needs no box.
+// The event is parsed once for all notes.
 #pragma once
 
 #include <QByteArray>
@@ -13,17 +13,17 @@
 class EventText
 {
 public:
-    // Notes and events that are no rich text take the format of plain text.
+    // Plain text gets the format plain.
     EventText(const QByteArray& rtf, const QTextCharFormat& plain);
 
     const QByteArray& Rtf() const { return m_rtf; }
-    bool IsEmpty() const { return m_isEmpty; } // a picture alone is no text
+    bool IsEmpty() const { return m_isEmpty; } // a picture alone is not a text
 
-    // The note, a line break, and the event as it is formatted.
+    // The note, a line break, then the event with its format.
     QByteArray AppendedTo(const QByteArray& note);
 
-    // The note without the first place where the event's text stands as whole words, in the same letter case and in as
-    // many paragraphs; pictures that belong to the event go with it. Empty where the text does not stand in the note.
+    // The note without the first match of the event's text: whole words, same letter case, same paragraphs. Pictures of
+    // the event go with it. Empty if there is no match.
     std::optional<QByteArray> TakenOutOf(const QByteArray& note);
 
 private:
@@ -34,9 +34,9 @@ private:
     QByteArray m_rtf;
     QTextCharFormat m_plain;
     QTextDocument m_event;
-    QTextDocument m_note; // the one that is being changed
+    QTextDocument m_note; // the note in work
     QTextDocumentFragment m_fragment;
     bool m_isEmpty = true;
-    QStringList m_paragraphs; // what is searched for, pictures and line breaks included
+    QStringList m_paragraphs; // the searched text with pictures and line breaks
     QStringList m_withoutPictures;
 };

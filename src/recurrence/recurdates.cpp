@@ -30,7 +30,7 @@ void CutToMonth(GridDay& date, int wantedDay)
     if (wantedDay >= length) date.day = length;
 }
 
-// The length of a month is looked up once for a call.
+// The month's length is looked up once per call, not per step.
 void fnGetNextDayDate(GridDay& date, int, int step)
 {
     const int length = LengthOfMonth(date);
@@ -75,7 +75,6 @@ struct FrequencyRow
     void (*advance)(GridDay& date, int startDay, int step);
 };
 
-// By Frequency.
 constexpr FrequencyRow Rows[] = {{"DAILY"_L1, fnGetNextDayDate},
                                  {"WEEKLY"_L1, fnGetNextWeekDate},
                                  {"MONTHLY"_L1, fnGetNextMonthDate},
@@ -117,7 +116,7 @@ QStringList EventDates(Frequency frequency, const QString& start, const QString&
     constexpr int LongestMonth = 31;
     const GridDay first = OfKey(start), last = OfKey(end);
     QStringList dates{start};
-    // A day that no month has comes of a long step, and counting on from it would never reach another month.
+    // A long step can lead to a day beyond 31, from which no later month can be reached.
     for (GridDay day = NextDate(frequency, first, first, step); day <= last && day.day <= LongestMonth;
          day = NextDate(frequency, first, day, step))
         dates += KeyOf(day);
@@ -136,7 +135,7 @@ QStringList RemovalDates(Frequency frequency, const QString& start, const QStrin
     for (GridDay day = first; frequency != Frequency::Daily || day != last;) {
         day = NextDate(frequency, first, day, 1);
         dates += KeyOf(day);
-        if (day > last) break; // a daily walk as well, where the end lies before the start
+        if (day > last) break; // also ends a daily walk whose end is before its start
     }
     return dates;
 }

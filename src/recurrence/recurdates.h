@@ -1,5 +1,5 @@
-// The dates of a recurring event: date keys in, date keys out (calendar/moddate.h). Every year that can be divided by
-// four is a leap year. Plain computation. What comes in are real dates, or such as these routines have made.
+// The dates of a recurring event, as date keys (state/moddate.h). Every fourth year is a leap year. Plain computation.
+// The arguments must be real dates or results of these routines.
 #pragma once
 
 #include "state/moddate.h"
@@ -14,25 +14,23 @@ enum class Frequency
     Yearly
 };
 
-// As records tell it: "DAILY", "WEEKLY", "MONTHLY", "YEARLY".
 QString WordOf(Frequency frequency);
 std::optional<Frequency> FrequencyOf(const QString& word);
 
-// The next date of an event that began at the start, so many days, weeks, months or years on. Days and weeks that cross
-// the end of a month count the next one by the length of the month they began in, and can name a day that it does not
-// have. Months and years take the day of the start, cut to the month's length. Once cut it stays: only a month that is
-// no longer than the start's day sets it again.
+// The date one step of days, weeks, months or years after current. Days and weeks that cross a month's end use the
+// length of the month where the call began, so they can name a day that does not exist. Months and years take the
+// start's day, cut to the month's length; a cut day stays until a month is no longer than the start's day.
 GridDay NextDate(Frequency frequency, const GridDay& start, GridDay current, int step);
 
-// Of two entry dates (month/day/year): whether the start is on or before the end.
+// Both are entry dates (month/day/year). True if the start is not after the end.
 bool fnCheckBackwardDate(const QString& sStart, const QString& sEnd);
-bool IsDayOfItsMonth(const QString& dateKey); // the day is not past the end of its month
+bool IsDayOfItsMonth(const QString& dateKey); // the day exists in its month
 
-// The dates that an event is written into. The start is always one of them. The step is 1 or more.
+// The dates to write, the start always first. step is at least 1.
 QStringList EventDates(Frequency frequency, const QString& start, const QString& end, int step);
-// Whether the walk of these event dates ended before its end, at a day that its month does not have: no later date can
-// be reached from there. Only steps longer than the shortest month come to one.
+// True if these dates stop before the end, at a day that does not exist, from which no later date can be reached. Only
+// a step longer than the shortest month leads there.
 bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, int step);
-// The dates that it is taken out of, one by one, since nobody has kept its step. All but the daily walk go one date
-// past the end.
+// The dates to search when the event is removed: every day, week, month or year, since the step is not stored. All but
+// the daily walk include one date past the end.
 QStringList RemovalDates(Frequency frequency, const QString& start, const QString& end);

@@ -48,7 +48,7 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
     column->setSpacing(Margin);
     column->addWidget(MakeOptions(), 1);
     column->addLayout(MakeFoot());
-    m_btnOk->setDefault(true); // the window hears only of a button that it holds
+    m_btnOk->setDefault(true); // only now: the window ignores a button it does not contain yet
     Form_Load();
     CenterOnScreen(*this);
     setMinimumSize(size());
@@ -63,7 +63,7 @@ QWidget* RecurForm::MakeOptions()
     grid->setVerticalSpacing(Gap);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
-    // In the order of the Tab key: the browser is none of the steps of entering an event.
+    // In tab order: the browser comes last, since it is not needed to enter an event.
     grid->addLayout(MakeDates(), 0, 0);
     grid->addLayout(MakeMethods(), 1, 0);
     grid->addWidget(MakeInterval(), 1, 1);
@@ -86,7 +86,6 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
 {
     auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
-    // The digits and the signs between them, with some room at the borders.
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Gap);
     auto* label = new QLabel(QString::fromLatin1(caption));
     label->setBuddy(box);
@@ -106,7 +105,7 @@ QWidget* RecurForm::MakeBrowser()
     row->setSpacing(Gap);
     m_picRightSpin = Named(new PictureButton({right, u":/icons/right-pressed.svg"_s, right}), "picRightSpin");
     m_lblNextRecord = Named(new QLabel(u"Next Recurring Event"_s), "lblNextRecord");
-    // Room for what stands there at the end.
+    // Wide enough for the text at the end of the list.
     m_lblNextRecord->setMinimumWidth(m_lblNextRecord->fontMetrics().horizontalAdvance(u"End of Recurring Event "_s));
     for (int element = 0; element < 3; ++element)
         m_picRightSpin->SetToolTip(element, m_lblNextRecord->text());
@@ -133,7 +132,6 @@ QLayout* RecurForm::MakeMethods()
     return row;
 }
 
-// Of the special method.
 QWidget* RecurForm::MakeInterval()
 {
     QGroupBox* frame = MakeFrame("Frame3D1", "&Every ...");

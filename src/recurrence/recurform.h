@@ -1,5 +1,5 @@
-// Recurring Events: enters an event, or goes through those that there are and deletes one. From the first look at one
-// until it is closed the window only browses.
+// Recurring Events: enters an event, or browses the stored ones and deletes one. Once it browses, the window does
+// nothing else.
 #pragma once
 
 #include "recurrence/recurrence.h"
@@ -51,7 +51,7 @@ private:
     bool SaveCells();
     bool SaveEvent(const QString& sStart, const QString& sEnd);
     bool fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd);
-    std::int16_t Step() const; // 0 where none can be read
+    std::int16_t Step() const; // 0 if it cannot be read
     void Browse();
     void ShowRecord();
     void ShowMethod(const QString& frequency);
@@ -81,11 +81,10 @@ private:
     QPushButton* m_btnCancel = nullptr;
     QPushButton* m_btnDelete = nullptr;
     QPushButton* m_btnFonts = nullptr;
-    QElapsedTimer m_running;  // since a run of dates began
-    bool m_isPressed = false; // the record that is shown is the current one, and not the one before it
+    QElapsedTimer m_running;  // since the current run of dates began
+    bool m_isPressed = false; // the shown record is the current one, not the one before it
 };
 
-// The command that opens it.
 class RecurringEvents
 {
 public:
@@ -94,7 +93,7 @@ public:
     {
     }
 
-    void mnuRecurse_Click(); // in a personal planner alone; says so elsewhere
+    void mnuRecurse_Click(); // personal planners only; otherwise a message says so
 
 private:
     Cells& m_cells;

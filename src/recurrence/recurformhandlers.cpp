@@ -36,9 +36,9 @@ constexpr QLatin1StringView DeleteTail(" in RecurForm, btnDelete_Click");
 constexpr int Idle = 0, Pressed = 1, Released = 2; // the spin's pictures
 constexpr int MostListed = 15;
 
-// In the list of units, by Frequency.
+// By Frequency.
 constexpr QLatin1StringView Units[] = {"Day(s)"_L1, "Week(s)"_L1, "Month(s)"_L1, "Year(s)"_L1};
-constexpr int Special = 4; // the fifth option chooses one of them by its unit
+constexpr int Special = 4; // the option that takes its unit from the list
 
 bool Tell(const QString& text, int icon = msgbox::Information)
 {
@@ -46,7 +46,7 @@ bool Tell(const QString& text, int icon = msgbox::Information)
     return false;
 }
 
-// The next digit begins the date anew.
+// The box is selected, so that the next digit replaces the date.
 bool RefuseDate(MaskEdBox& box, const QString& text, int icon = msgbox::Information)
 {
     box.setFocus();
@@ -77,12 +77,12 @@ void RecurForm::ShowDefaultDate()
 {
     if (!m_cells.panelDay.Exists(g_iCurrentPanel)) return;
     const QString key = CellKey(m_cells.panelDay(g_iCurrentPanel).Caption());
-    if (fnGetQMTDay(key) > 0) m_maskStartDate->SetText(m_iDateFormat.BoxText(key)); // a memo's is 0
+    if (fnGetQMTDay(key) > 0) m_maskStartDate->SetText(m_iDateFormat.BoxText(key)); // 0 for a memo
 }
 
 bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
 {
-    // A date of which a digit is missing could be read as one of another year.
+    // With a digit missing the date could be read as another year's.
     if (!m_maskStartDate->IsComplete() || !fnValidateDate(sStart))
         return RefuseDate(*m_maskStartDate, u"Start Date is not a valid date"_s);
     if (!m_maskUntil->IsComplete() || !fnValidateDate(sEnd))
@@ -111,7 +111,7 @@ void RecurForm::btnOk_Click()
     accept();
 }
 
-// A note that waits to be saved will be written as it is, and would undo what the event has done to its day.
+// An unsaved note would later overwrite the event in its day.
 bool RecurForm::SaveCells()
 {
     m_notes.subUpdateQMTDatabase();
@@ -134,7 +134,7 @@ bool RecurForm::fnRecurseSpecial(Recurrence& event, const QString& sStart, const
     if (!event.HasText()) return false;
     std::int16_t step = 0;
     ErrorTail{" in RecurForm, fnRecurseSpecial"_L1}([&] { step = IntegerOf(m_cmbRecurDays->currentText()); });
-    // Any other number would write the same day for ever.
+    // A step below 1 would write the same day for ever.
     if (step < 1) {
         m_cmbRecurDays->setFocus();
         return Tell(u"Please choose how many days, weeks, months or years, 1 or more"_s);
@@ -150,7 +150,7 @@ Recurrence RecurForm::Event()
     return {m_tbRecurse->TextRTF(), plain, [this](qsizetype done, qsizetype all) { ShowProgress(done, all); }};
 }
 
-// Painted at once and alone: an event that came in meanwhile could close the window or change the notes.
+// Paints only the bar, without processing events: one could close the window or change the notes.
 void RecurForm::ShowProgress(qsizetype done, qsizetype all)
 {
     constexpr int Noticed = 500; // milliseconds
@@ -161,7 +161,7 @@ void RecurForm::ShowProgress(qsizetype done, qsizetype all)
     m_progress->repaint();
 }
 
-// Only a press of the spin finds a record; it always shows the one before that on which the table stands.
+// The press shows the current record; the release moves the table on.
 void RecurForm::picRightSpin_MouseDown()
 {
     m_isPressed = true;
@@ -181,7 +181,7 @@ void RecurForm::picRightSpin_MouseUp()
 void RecurForm::EndOfRecords()
 {
     m_picRightSpin->ShowElement(Idle);
-    m_btnCancel->setFocus(); // whoever goes on pressing Space must not come to Delete
+    m_btnCancel->setFocus(); // so that repeated Space does not reach Delete
     m_picRightSpin->setEnabled(false);
     m_lblNextRecord->setText(u"End of Recurring Event"_s);
 }
@@ -193,7 +193,7 @@ void RecurForm::Browse()
     m_btnCancel->setText(u"Done"_s);
     m_btnDelete->setEnabled(true);
     m_btnDelete->setDefault(true);
-    m_tbRecurse->SetLocked(true); // what is typed over the text would not be found in the notes
+    m_tbRecurse->SetLocked(true); // changed text would not be found in the notes
     m_btnFonts->setEnabled(false);
     QWidgetList shown = {m_maskStartDate, m_maskUntil, m_cmbRecurDays, m_cmbRecurSpecial};
     for (QAbstractButton* option : m_opMethod->buttons())
@@ -215,7 +215,7 @@ void RecurForm::ShowRecord()
 void RecurForm::ShowMethod(const QString& frequency)
 {
     const auto known = FrequencyOf(frequency);
-    m_opMethod->setExclusive(false); // else one of them would have to stay chosen
+    m_opMethod->setExclusive(false); // an exclusive group cannot be left without a choice
     for (QAbstractButton* option : m_opMethod->buttons())
         option->setChecked(known && m_opMethod->id(option) == static_cast<int>(*known));
     m_opMethod->setExclusive(true);
@@ -223,13 +223,13 @@ void RecurForm::ShowMethod(const QString& frequency)
 
 void RecurForm::btnDelete_Click()
 {
-    if (m_isPressed) return; // the record that is shown is not the one before the table's place yet
+    if (m_isPressed) return; // while the spin is pressed, the table has not moved past the shown record
     const ErrorTail tail(DeleteTail);
     const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
     {
         const Hourglass hourglass;
         bool cellsAreSaved = false;
-        tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever has failed
+        tail([&] { cellsAreSaved = SaveCells(); }); // before the cells are emptied, whatever failed
         if (isFound && cellsAreSaved) tail([this] { DeleteShown(); });
         tail([this] { ShowCells(); });
     }
@@ -237,13 +237,13 @@ void RecurForm::btnDelete_Click()
     accept();
 }
 
-// An event that could not be taken out of all its notes keeps its record, since without it nobody could find the rest.
+// An event that is still in some notes keeps its record, without which the rest could not be found.
 void RecurForm::DeleteShown()
 {
     const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
     const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
     const int method = m_opMethod->checkedId();
-    // What another program has written there may be no dates; such a record leads to no notes.
+    // Another program may have stored something other than dates. Such a record has no notes.
     const bool leadsToNotes = method >= 0 && fnValidateDate(sStart) && fnValidateDate(sEnd);
     const bool isOut =
         !leadsToNotes || Event().TakeOut(static_cast<Frequency>(method), fnFnGetQMTDate(sStart), fnFnGetQMTDate(sEnd));
@@ -252,7 +252,7 @@ void RecurForm::DeleteShown()
 
 void RecurForm::ShowCells()
 {
-    // On purpose all 42 in the month view and only the month's in the week view: the read shows those of the week anew.
+    // On purpose all 42 in the month view but only the month's in the week view, where the read renews the week's.
     const int last = m_viewMode.GetViewMode() == ViewMode::Month ? LastWeekCell : LastMonthCell;
     for (int cell = FirstMonthCell; cell <= last; ++cell) {
         if (!m_cells.tbDay.Exists(cell)) continue;
@@ -279,7 +279,7 @@ void RecurForm::btnFonts_Click()
 void RecurringEvents::mnuRecurse_Click()
 {
     if (RefusesWithoutPlanner() || RefusesShared(u"Global recurring event"_s)) return;
-    // After a redraw no cell is current, though the caret may still stand in one.
+    // After a redraw no cell is current, though the caret may still be in one.
     if (!m_cells.Shows(g_iCurrentPanel)) m_cells.EnterAgain();
     RecurForm(m_cells.Client()->window(), m_cells, m_notes, m_viewMode, m_fontCommand).exec();
 }

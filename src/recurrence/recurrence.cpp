@@ -10,7 +10,6 @@
 namespace {
 using schema::DateField, schema::Equal, schema::TextField;
 
-// By Frequency.
 constexpr QLatin1StringView SaveLiterals[] = {" in RecurForm, fnRecurseDaily"_L1, " in RecurForm, fnRecurseWeekly"_L1,
                                               " in RecurForm, fnRecurseMonthly"_L1,
                                               " in RecurForm, fnRecurseYearly"_L1};
@@ -25,7 +24,7 @@ bool AskToRetry(const QString& date, const QString& reason)
     return Ask(u"%1 is locked.\n%2\n\nDo you want to retry?"_s.arg(fnFormatDateKey(date), reason));
 }
 
-// A day that its month does not have is written as it comes, but no view shows it, and nothing comes after it.
+// A day that its month does not have is written, but no view shows it, and the event ends there.
 bool AskToEndAt(const QString& lastDate, std::int16_t step)
 {
     return Ask(u"Counted in steps of %1 days, this recurring event would end at %2: its month has no such day, and "
@@ -33,9 +32,8 @@ bool AskToEndAt(const QString& lastDate, std::int16_t step)
                    .arg(fnFormatDateKey(lastDate)));
 }
 
-// Begins an edit of the date's record, on which g_rsQMT stands. Where another user holds it the person is asked whether
-// to try again; false when they have had enough, or when the run has been told of another error. While other days wait
-// for the commit nobody is asked, and the error is raised.
+// Begins to edit the date's record, the current one of g_rsQMT. If another user has locked it, the person may retry.
+// False if they give up or another error was noted in the run. In a group nobody is asked: the error is raised.
 bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
 {
     for (;;) {
@@ -50,7 +48,7 @@ bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
                 return false;
             }
             if (!AskToRetry(sDate, error.Description)) return false;
-            g_rsQMT.Seek(Equal, sDate); // a timer behind the question may have read other days
+            g_rsQMT.Seek(Equal, sDate); // a timer may have moved the recordset during the question
         }
     }
 }
@@ -62,7 +60,7 @@ bool Recurrence::HasText()
     return !m_text.IsEmpty();
 }
 
-// Tells the person of days that were left out; false then.
+// False after a message about the days that failed.
 bool Recurrence::Run(const QStringList& dates, QLatin1StringView literal, const QString& failure,
                      const std::function<void(const QString& date, DayRun& run)>& step)
 {
@@ -91,7 +89,7 @@ bool Recurrence::Save(Frequency frequency, const QString& sStart, const QString&
     return true;
 }
 
-// Without its record the event could never be taken out again, so nothing is written then.
+// Without its record an event could not be removed, so a failure here stops the save.
 bool Recurrence::SaveRecord(Frequency frequency, const QString& startKey, const QString& endKey) const
 {
     return ErrorTail{SaveLiterals[static_cast<int>(frequency)]}([&] {
@@ -146,6 +144,6 @@ void Recurrence::subRemoveRecurStr(const QString& sDate)
     g_rsQMT.Edit();
     g_rsQMT.SetField(TextField, *rest);
     g_rsQMT.Update();
-    // One blank is how an emptied day is stored.
+    // An emptied day is stored as one blank.
     if (g_rsQMT.Fields(TextField).toByteArray() == schema::EmptiedNote) g_rsQMT.Delete();
 }

@@ -1,5 +1,5 @@
-// One recurring event: writes its record and puts its text into the notes of its dates, or takes it out of them. Of the
-// open planner alone.
+// One recurring event of the open planner: writes its record and puts its text into the notes of its dates, or removes
+// it from them.
 #pragma once
 
 #include "recurrence/dayrun.h"
@@ -14,15 +14,13 @@ public:
     {
     }
 
-    bool HasText(); // tells the person otherwise
+    bool HasText(); // false after a message
 
-    // From the first entry date (month/day/year) up to and including the last, every so many days, weeks, months or
-    // years. True when saved; otherwise the person has been told why and nothing was written. Days that could not be
-    // written are told of too.
+    // Writes the event from the first entry date (month/day/year) to the last, inclusive, every iStep units. False
+    // after a message: nothing was written. Days that failed are reported, too.
     bool Save(Frequency frequency, const QString& sStart, const QString& sEnd, std::int16_t iStep);
 
-    // Takes the text out of the notes of the two dates, keys, and those between. False: some could not be written,
-    // which the person has been told.
+    // Removes the text from the notes between two date keys, inclusive. False after a message: some notes failed.
     bool TakeOut(Frequency frequency, const QString& startKey, const QString& endKey);
 
 private:
