@@ -10,7 +10,7 @@ namespace {
 constexpr int FontNameSize = 40;
 constexpr int ColorSize = 40;
 
-// A text of the tables in settings.h without a copy of its characters.
+// Wraps a text of settings.h without copying it.
 QString Fixed(QStringView text)
 {
     return QString::fromRawData(text.data(), text.size());
@@ -39,7 +39,7 @@ QString Read(const TextSetting& setting)
 
 QString Read(const TextSetting& setting, const QString& computedFallback)
 {
-    // Not by its characters alone, which may be gone before the text that is given back.
+    // No Fixed() here: the fallback may be deleted before the result is.
     return GetPrivateProfileStringA(Fixed(setting.section), Fixed(setting.key), computedFallback, setting.size,
                                     Fixed(settings::PlannerIni));
 }
@@ -69,7 +69,7 @@ std::int32_t DelaySeconds(double minutes)
 PanelStyle ReadStyle(const StyleDefaults& defaults)
 {
     const QStringView section = defaults.section;
-    // A size that no font can have, from a file edited by hand, must not reach the painter.
+    // The file may be edited by hand, so a size that no font can have must not reach the painter.
     constexpr int LargestSize = 400;
     return {ReadText(section, u"FONTNAME", u"Arial", FontNameSize), ReadInt(section, u"FONTBOLD", defaults.bold) != 0,
             std::clamp(ReadInt(section, u"FONTSIZE", defaults.size), 1, LargestSize),

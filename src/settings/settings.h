@@ -1,7 +1,6 @@
-// Every setting of PLANNER.INI: section, key and the value of a key that is not there. A routine reads a
-// setting at the moment it needs it, and a dialog writes its own when it is confirmed, so a change is seen by the next
-// read. Only the bars and the timers of a workgroup keep theirs while they are used. Where two readers know different
-// defaults the two stand side by side here.
+// Every setting of PLANNER.INI: section, key and default. A routine reads a setting when it needs it, and a dialog
+// writes its own on OK, so the next read sees the change. Only the bars and the workgroup timers keep copies. Where two
+// readers use different defaults, both are listed.
 #pragma once
 
 #include <QString>
@@ -21,7 +20,7 @@ struct TextSetting
     QStringView section;
     QStringView key;
     QStringView fallback;
-    int size; // of the buffer that the text was read through: at most size - 1 characters come back
+    int size; // buffer size: at most size - 1 characters are returned
 };
 
 int Read(const IntSetting& setting);
@@ -29,12 +28,13 @@ QString Read(const TextSetting& setting);
 QString Read(const TextSetting& setting, const QString& computedFallback);
 void Write(const IntSetting& setting, int value);
 void Write(const TextSetting& setting, const QString& value);
-void WriteText(const IntSetting& setting, const QString& text); // as it is to stand in the file
+void WriteText(const IntSetting& setting, const QString& text); // stored literally
 
-// Of a delay in minutes; a longer one than the counters take is cut.
+// Converts a delay in minutes; it is clamped to what the counters hold.
 std::int32_t DelaySeconds(double minutes);
 
-// The look of one kind of cell or heading, one section each. Colours are "&H" + hexadecimal + "&", red in the low byte.
+// The look of one kind of cell or heading, in a section each. Colours are "&H", hexadecimal digits, "&"; red is the low
+// byte.
 struct StyleDefaults
 {
     QStringView section;
@@ -54,14 +54,14 @@ struct PanelStyle
 };
 
 PanelStyle ReadStyle(const StyleDefaults& defaults);
-// yes is the text of a flag that is set, which differs from writer to writer; every reader takes it for true.
+// yes is the text of a set flag. Writers differ in it; every reader takes it for true.
 void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes);
 
 namespace settings {
 inline constexpr QStringView PlannerIni = u"PLANNER.INI";
 inline constexpr int PathSize = 1024;
 
-// The planners last opened, newest first.
+// Newest first.
 inline constexpr TextSetting MRU[] = {
     {u"MRU", u"MRU1", u"", PathSize},
     {u"MRU", u"MRU2", u"", PathSize},
@@ -86,7 +86,7 @@ inline constexpr IntSetting UnlockDelay = {u"Network Options", u"UnlockDelay", 5
 inline constexpr IntSetting AutoRefresh = {u"Network Options", u"AutoRefresh", 0};
 inline constexpr IntSetting RefreshDelay = {u"Network Options", u"RefreshDelay", 5}; // minutes
 
-inline constexpr QStringView KnownServers = u"Known Servers"; // a key for each server; 1 if it may be connected to
+inline constexpr QStringView KnownServers = u"Known Servers"; // one key per server; 1: connecting is allowed
 
 inline constexpr StyleDefaults MemoPanel = {u"MEMO PANEL", -1, 8, 0, u""};
 inline constexpr StyleDefaults DailyPanel = {u"DAILY PANEL", -1, 8, 0, u""};
@@ -97,7 +97,7 @@ inline constexpr StyleDefaults WeekDaily = {u"WEEKDAILY", -1, 12, 0, u""};
 inline constexpr StyleDefaults WeekToday = {u"WEEKTODAY", -1, 12, 0, u"&HFF&"};
 inline constexpr StyleDefaults WeekPastDate = {u"WEEKPASTDATE", 0, 10, 0, u"&H808080"};
 inline constexpr StyleDefaults DisplayMonth = {u"DISPLAY MONTH", 1, 12, 0, u""};
-// The seven headings have a section each, named by the heading's own caption.
+// Each heading's section is named by its caption.
 inline constexpr StyleDefaults DayOfWeek = {u"", -1, 16, -1, u""};
 
 inline constexpr IntSetting PastDateStrikeThru = {u"PASTDATE PANEL", u"FONTSTRIKETHRU", -1};
@@ -107,7 +107,6 @@ inline constexpr IntSetting WeekDailyFont3D = {u"WEEKDAILY", u"FONT3D", 2};
 inline constexpr IntSetting DayOfWeekFont3D = {u"DOW FONT", u"FONT3D", 2};
 inline constexpr IntSetting DisplayMonthFont3D = {u"DISPLAY MONTH", u"FONT3D", 4};
 
-// What an empty note looks like when typing begins.
 inline constexpr TextSetting DefaultFontName = {u"DEFAULT FONTS", u"FONTNAME", u"Arial", 127};
 inline constexpr IntSetting DefaultFontSize = {u"DEFAULT FONTS", u"FONTSIZE", 8};
 inline constexpr IntSetting DefaultBold = {u"DEFAULT FONTS", u"BOLD", 0};
@@ -116,7 +115,7 @@ inline constexpr IntSetting DefaultUnderline = {u"DEFAULT FONTS", u"UNDERLINE", 
 inline constexpr IntSetting DefaultStrikeThrough = {u"DEFAULT FONTS", u"STRIKETHROUGH", 0};
 inline constexpr TextSetting DefaultFontColor = {u"DEFAULT FONTS", u"FONTCOLOR", u"0", 127};
 
-// The day view's place, in twips; Left and Top have a computed default.
+// In twips. Left and Top have a computed default.
 inline constexpr IntSetting ZoomLeft = {u"Zoombox", u"Left", 0};
 inline constexpr IntSetting ZoomTop = {u"Zoombox", u"Top", 0};
 inline constexpr IntSetting ZoomWidth = {u"Zoombox", u"Width", 6165};
@@ -125,7 +124,7 @@ inline constexpr IntSetting ZoomHeight = {u"Zoombox", u"Height", 4665};
 inline constexpr IntSetting FindWordLeft = {u"FindWordForm", u"Left", 100};
 inline constexpr IntSetting FindWordTop = {u"FindWordForm", u"Top", 100};
 
-// The main window's rectangle, in twips; the default is the work area, a little smaller.
+// In twips. The default is the work area, slightly reduced.
 inline constexpr TextSetting MainLeft = {u"Mainform Dimension", u"Left", u"", 32};
 inline constexpr TextSetting MainTop = {u"Mainform Dimension", u"Top", u"", 32};
 inline constexpr TextSetting MainRight = {u"Mainform Dimension", u"Right", u"", 32};
@@ -140,14 +139,15 @@ inline constexpr TextSetting PreviousWallPaper = {u"WallPaper", u"PreviousWallPa
 inline constexpr IntSetting PreviousTileStyle = {u"WallPaper", u"PreviousTileStyle", 0};
 inline constexpr IntSetting PreviousWallpaperStyle = {u"WallPaper", u"PreviousWallpaperStyle", 0};
 
-inline constexpr TextSetting DateDiff = {u"Date Difference", u"DateDiff", u"", 11}; // default: 01/01/ + shown year
+inline constexpr TextSetting DateDiff = {u"Date Difference", u"DateDiff", u"",
+                                         11}; // default: 01/01/ and the shown year
 inline constexpr IntSetting DateDiffMethod = {u"Date Difference", u"Calculation Method", 0};
 inline constexpr TextSetting DateDiffColor = {u"Date Difference", u"Label Color", u"&H0080FFFF&", 80};
 
 inline constexpr TextSetting PageHeaderFont = {u"PAGESETUP", u"HEADERFONT", u"Arial", 40};
 inline constexpr IntSetting PageHeaderBold = {u"PAGESETUP", u"HEADERBOLD", -1};
 inline constexpr IntSetting PageHeaderItalic = {u"PAGESETUP", u"HEADERITALIC", 0};
-inline constexpr TextSetting PageHeaderSize = {u"PAGESETUP", u"HEADERSIZE", u"12", 20}; // points, or a part of one
+inline constexpr TextSetting PageHeaderSize = {u"PAGESETUP", u"HEADERSIZE", u"12", 20}; // points, also fractions
 inline constexpr TextSetting PageHeaderColor = {u"PAGESETUP", u"HEADERCOLOR", u"", 10};
 inline constexpr TextSetting PageHeader = {u"PAGESETUP", u"HEADER", u"", PathSize};
 // Margins in inches; the default is 1, the locale's decimal separator and 00.
