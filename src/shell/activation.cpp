@@ -13,10 +13,10 @@
 #include <utility>
 
 namespace {
-constexpr int LookAgain = 100; // milliseconds until a planner that waits is tried once more
-constexpr int MainLoop = 1;    // the depth of the program's own event loop; a drag, say, has one inside it
+constexpr int LookAgain = 100; // milliseconds until a waiting planner is tried again
+constexpr int MainLoop = 1;    // loop level of the program's own event loop; a drag, for example, runs a nested one
 
-// Empty if the address leads elsewhere. Some file managers name their own machine in it.
+// Empty for another machine's file. Some file managers put this machine's name into the address.
 QString LocalPath(const QUrl& address)
 {
     const QString host = address.host();
@@ -36,13 +36,13 @@ void Activation::Answer(const QStringList& uris)
     BringToFront();
     if (uris.isEmpty()) return;
     m_waiting = uris;
-    m_tmWaiting.start(0); // not at once: the caller waits for the end of this
+    m_tmWaiting.start(0); // queued, since the caller waits for this call to return
 }
 
 void Activation::BringToFront() const
 {
     QWidget* front = m_client.window();
-    if (!front->isVisible()) return; // the program is just starting or ending
+    if (!front->isVisible()) return; // the program is starting or ending
     front->setWindowState(front->windowState() & ~Qt::WindowMinimized);
     front->raise();
     if (QWidget* const modal = QApplication::activeModalWidget()) front = modal;

@@ -1,6 +1,5 @@
-// What the desktop asks of the main window: to come to the front, and to open a planner that was chosen in a file
-// manager. A planner waits until whatever is under way has ended: a window that must be answered, a menu, a drag, a
-// routine that lets windows paint.
+// Answers the desktop: brings the main window to the front and opens a planner chosen in a file manager. The planner
+// waits while a dialog, a menu, a drag or a routine that processes events is active.
 #pragma once
 
 #include <QStringList>
@@ -13,7 +12,7 @@ class Activation
 public:
     Activation(QWidget& client, Opening& opening);
 
-    // Of planners that wait only those of the last call are opened.
+    // A new call replaces planners that still wait.
     void Answer(const QStringList& uris);
 
 private:

@@ -32,7 +32,7 @@ QLayout& AddFrame(QLayout& column, const QString& caption)
     return *new QVBoxLayout(frame);
 }
 
-// A length stands with the blank of its sign, as older versions wrote it.
+// Older versions store a length with the blank of its sign.
 QString LengthOf(const QString& text)
 {
     return text.isEmpty() ? QString() : Str(text.size());
@@ -64,7 +64,7 @@ void AutoloadForm::FillFileFrame(QLayout& column)
     auto* lblAutoload = Add<QLabel>(column, "lblAutoload", QString());
     lblAutoload->setTextFormat(Qt::PlainText);
     lblAutoload->setFixedWidth(PathWidth);
-    // Both ends of a path tell something: the disk and the name.
+    // The beginning and the end of a path say most: disk and name.
     lblAutoload->setText(lblAutoload->fontMetrics().elidedText(g_sDBPath, Qt::ElideMiddle, PathWidth));
     lblAutoload->setToolTip(g_sDBPath);
     m_chkAutoload = Add<QCheckBox>(column, "chkAutoload", u"Check to autoload current planner"_s);

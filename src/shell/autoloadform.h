@@ -1,4 +1,4 @@
-// Start-up options: whether the open planner is opened at every start, how, and in which view.
+// Start-up options: whether, how and in which view the open planner is opened at every start.
 #pragma once
 
 #include <QDialog>

@@ -93,7 +93,7 @@ PictureButton* MakeSpin(const char* name, QLatin1StringView icon, QWidget* panel
 BottomPanel MakeBottomPanel(QWidget* client)
 {
     auto* panel = Named(new SSPanel(client), "panelBottom");
-    SetAccessibleRole(panel, QAccessible::Grouping); // of the title and the two buttons
+    SetAccessibleRole(panel, QAccessible::Grouping); // for the title and the two buttons
     panel->hide();
     panel->SetPaper(paper::Band);
     panel->SetCaptionAlignment(SSPanel::CenterMiddle);
@@ -116,7 +116,7 @@ struct SidebarRow
     PictureRow picture;
 };
 
-// From top to bottom. A view that is shown looks pressed, with a picture of its own colour.
+// From top to bottom. The shown view's button looks pressed and has a picture of its own.
 constexpr SidebarRow SidebarRows[] = {
     {&Sidebar::picDay, {"picDay", "Day"_L1, "Day View"_L1, "day"_L1}},
     {&Sidebar::picWeek, {"picWeek", "Week"_L1, "Week View"_L1, "week"_L1, "week-pressed"_L1}},
@@ -137,7 +137,7 @@ PictureButton* MakePicture(const PictureRow& row, QWidget* page)
     return button;
 }
 
-// The sidebar is paper in any theme, so what stands on it is ink.
+// The sidebar has paper colour in any theme, so its text is ink.
 QLabel* MakeInkLabel(const QString& text, QWidget* page)
 {
     auto* label = new QLabel(text, page);
@@ -205,7 +205,7 @@ void FillCommandPage(Sidebar& sidebar, const NetworkControls& network)
     column->addStretch(1);
 }
 
-// Follows the mouse and must never be in its way.
+// The label follows the mouse and must not catch its events.
 QLabel* MakeDateDiffLabel(QWidget* client)
 {
     auto* label = Named(new QLabel(u"Day 365"_s, client), "lblDateDiff");
@@ -240,7 +240,7 @@ Controls::Controls(QMainWindow& window)
 {
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
-    // From the tabs to their page, then to the cells, and the spins last.
+    // Tab order: tabs, their page, cells, spins.
     QWidget::setTabOrder(sidebar.picAlarm, network.picRefresh);
     QWidget::setTabOrder(network.picRefresh, network.picLock);
     cells.SetTabBehind(bottom.imgLeftSpin, bottom.imgRightSpin);

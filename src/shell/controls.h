@@ -1,4 +1,4 @@
-// Makes the main window's controls and hands them out in groups.
+// Makes the main window's controls, in groups.
 #pragma once
 
 #include "hall/bottompanel.h"
@@ -13,7 +13,7 @@ class QLabel;
 class QMainWindow;
 class Timer;
 
-// Everything is owned by the window, by way of its client area and menu bar.
+// The window owns all of them, through its client area and menu bar.
 struct Controls
 {
     explicit Controls(QMainWindow& window);

@@ -35,10 +35,10 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     subSetDaysInMonth(g_iYear);
     tail([&] { rooms.networkMode.subSetNetworkMode(false); });
     tail([&] { rooms.m_pLayout.ShowWindow(rooms.m_pCalendarView.StartsMinimized()); });
-    // Minimised too: the cells must know their days before notes are read into them.
+    // Also for a minimised window: the cells need their days before notes are read into them.
     tail([&] { rooms.m_pLayout.RefreshLayout(); });
     rooms.foot.ShowMonth();
-    // No cell takes the first key; it is entered by a click or by Tab.
+    // No cell takes the first key: a cell is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();
     tail([&] { rooms.opening.subAutoload(); });
@@ -55,8 +55,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
 
 bool Mainform::eventFilter(QObject* watched, QEvent* event)
 {
-    // The client area changes with the window, and when the menu bar takes another line. Minimize and restore bring no
-    // resize.
+    // The client area changes with the window and when the menu bar wraps. Minimise and restore send no resize event.
     const auto type = watched == this ? QEvent::WindowStateChange : QEvent::Resize;
     if (event->type() == type && isVisible() && !isMinimized())
         Guarded(" in MainForm, Form_Resize"_L1, [this] { m_rooms->m_pLayout.Form_Resize(); })();
@@ -85,17 +84,17 @@ void Mainform::subExitProgram(int iUnloadMode)
     }
     tail([&] { m_rooms->dayView.TakeTextAtExit(); });
     tail([&] { m_rooms->wallpaper.subWallpaperOnExit(iUnloadMode == CloseBox); });
-    // Where the window stood must be known before it is hidden.
+    // A hidden window has no place, so it is asked first.
     const auto place = m_rooms->m_pLayout.WindowPlace();
     tail([&] { m_rooms->findWord.Unload(); });
-    // Hidden with the focus in a cell the window would hand it to the next one, which a locked day refuses.
+    // Hiding moves the focus from a cell to the next one, which a locked day refuses.
     if (QWidget* const focused = focusWidget()) focused->clearFocus();
     hide();
     ExitForm exitForm;
-    ShowAndPaint(exitForm); // before the save begins; where the desktop lets it wait, the save does not
+    ShowAndPaint(exitForm); // before the save; the save does not wait for the desktop to show it
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
-    if (m_ended) return; // by a signal, while a question about unsaved notes was waiting
+    if (m_ended) return; // a signal ended it while a question about unsaved notes was open
     m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });

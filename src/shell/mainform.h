@@ -1,5 +1,5 @@
-// The main window: makes the controls, owns the views and the classes that hold its handlers, and wires the one to the
-// other. What a command does stands with its subject, never here.
+// The main window: makes the controls, owns the views and the handler classes, and connects them. Commands are
+// implemented in their subjects' classes.
 #pragma once
 
 #include <QMainWindow>
@@ -19,12 +19,12 @@ public:
     Mainform();
     ~Mainform() override;
 
-    // Shows the window, opens the start-up planner, fills the lists. Reports what takes time, and calls stayInFront
-    // once the window is there.
+    // Shows the window, opens the start-up planner and fills the lists. Reports slow steps to progress and calls
+    // stayInFront once the window is shown.
     void Form_Load(const Progress& progress, const std::function<void()>& stayInFront);
 
-    // How the window comes to its end. Closed by code it is only hidden.
-    static constexpr int CloseBox = 0; // and the Exit command
+    // How the window was closed. ClosedByCode only hides it.
+    static constexpr int CloseBox = 0; // also the Exit command
     static constexpr int ClosedByCode = 1;
     static constexpr int SessionEnds = 2;
     static constexpr int ProcessIsEnded = 3;
@@ -33,7 +33,7 @@ public:
     void subExitProgram(int iUnloadMode);
     bool HasEnded() const { return m_ended; }
 
-    void AnswerDesktop(const QStringList& uris); // comes to the front, and opens the file if there is one
+    void AnswerDesktop(const QStringList& uris); // comes to the front and opens a file if one is given
 
 Q_SIGNALS:
     void Ended(); // everything is saved and closed

@@ -1,4 +1,4 @@
-// What the main window consists of: its controls, the views, and the classes that hold its handlers.
+// The parts of the main window: controls, views and handler classes.
 #pragma once
 
 #include "alarms/alarmclock.h"
@@ -49,7 +49,7 @@
 #include <QLabel>
 #include <QMainWindow>
 
-// In the order of their making; each stands on those above it.
+// In the order of construction: each depends only on those above it.
 struct Rooms
 {
     explicit Rooms(QMainWindow& window) : controls(window)
@@ -114,6 +114,6 @@ struct Rooms
     Printing printing{
         {controls.cells, controls.bottom, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
-    // Behind the handler that may refuse a cell the focus: what has put it back has left no cell.
+    // After the handler that can refuse the focus: a refused move must not count as leaving a cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

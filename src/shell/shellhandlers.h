@@ -1,4 +1,4 @@
-// The main window's commands on the program itself: start-up options, help, about.
+// The main window's commands on the program: start-up options, help, about.
 #pragma once
 
 enum class HelpCommand;

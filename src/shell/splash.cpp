@@ -14,12 +14,12 @@ namespace {
 constexpr QSize SplashSize(420, 220);
 constexpr int UsualDpi = 96;
 
-// A month's leaf in a few lines: drawn by hand, since a picture file would cost more time than it may take.
+// Draws a month's leaf. Loading a picture file would delay the splash screen.
 void PaintLeaf(QPainter& painter, const QRectF& leaf)
 {
     painter.setPen(QPen(paper::Hairline, 1));
     painter.setBrush(paper::Paper);
-    painter.drawRoundedRect(leaf.adjusted(0.5, 0.5, -0.5, -0.5), 6, 6); // a line in the middle of its pixels is sharp
+    painter.drawRoundedRect(leaf.adjusted(0.5, 0.5, -0.5, -0.5), 6, 6); // half a pixel in, so that the line is sharp
     const QRectF band(leaf.left(), leaf.top(), leaf.width(), std::floor(leaf.height() / 5));
     painter.setBrush(paper::Accent);
     painter.setPen(Qt::NoPen);
@@ -44,7 +44,7 @@ StartUpForm::StartUpForm() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWi
 {
     setObjectName(u"StartUpForm"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFixedSize(SplashSize * logicalDpiY() / UsualDpi); // grows with the text of the desktop
+    setFixedSize(SplashSize * logicalDpiY() / UsualDpi); // scales with the desktop's text
     Center(*this);
 }
 
@@ -57,7 +57,7 @@ void StartUpForm::SetPanel3D1(const QString& line)
 void StartUpForm::SetLabel1(const QString& progress)
 {
     m_label1 = progress;
-    repaint(); // the start has no time for events
+    repaint(); // the start processes no events
 }
 
 void StartUpForm::paintEvent(QPaintEvent*)

@@ -1,9 +1,9 @@
-// The notices that stand on the screen while the program starts and ends.
+// The windows shown while the program starts and ends.
 #pragma once
 
 #include <QWidget>
 
-// Program, version and what is being done.
+// Shows the program, its version and the current step.
 class StartUpForm : public QWidget
 {
     Q_OBJECT
@@ -22,7 +22,6 @@ private:
     QString m_label1;
 };
 
-// Shown while the program saves and ends.
 class ExitForm : public QWidget
 {
     Q_OBJECT

@@ -41,7 +41,8 @@ void SetHandlers(void (*handler)(int))
     for (const int number : Watched)
         sigaction(number, &action, nullptr);
 }
-// SIGTERM, SIGINT and SIGHUP as an event of the program: a signal handler may only write to a pipe. One at a time.
+// Turns SIGTERM, SIGINT and SIGHUP into an event, since a signal handler may only write to a pipe. One instance at a
+// time.
 class TerminationSignals : public QObject
 {
 public:
@@ -67,7 +68,7 @@ public:
 
 void WatchForTheEnd(QApplication& application, Mainform& form)
 {
-    // The session may take the process away as soon as this returns.
+    // The session may end the process as soon as this returns.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &form,
                      Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::SessionEnds); }),
                      Qt::DirectConnection);
@@ -85,11 +86,11 @@ int RunOrrelin(QApplication& application)
     DoEvents();
     g_bErrorTrap = true;
     g_iLanguage = 0;
-    // Without a log the program can still be used.
+    // The program also works without a log.
     ErrorTail{StartTail}([] { OpenErrorLog(folders::ApplicationDirectory() + u"/planner.err"_s); });
     SetMousePointer(mousepointer::Hourglass);
     Mainform form;
-    // Not quit(): that asks the windows first, and one that must be answered refuses.
+    // Not quit(), which asks the windows: an open modal one refuses.
     QObject::connect(&form, &Mainform::Ended, [] { QCoreApplication::exit(); });
     WatchForTheEnd(application, form);
     DesktopCalls calls;
@@ -98,14 +99,14 @@ int RunOrrelin(QApplication& application)
         Guarded(" in MainForm, AnswerDesktop"_L1, [&form](const QStringList& uris) { form.AnswerDesktop(uris); }));
     const auto windowIsThere = [&] {
         splash->raise();
-        // Even where a box of the start waits for its answer: the bus gives up a program that does not listen.
+        // Queued, so that it also runs behind a message box of the start: the bus drops a program that does not listen.
         QTimer::singleShot(0, &calls, &DesktopCalls::Listen);
     };
     ErrorTail{StartTail}([&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, windowIsThere); });
     splash.reset();
-    // Ended while a box of the start was waiting: there is no loop yet that the end could have left.
+    // A signal ended the program behind a message box of the start, when exec() was not running yet.
     if (form.HasEnded()) return 0;
-    // After the first paint: nobody waits for it, and reading the picture takes its time.
+    // After the first paint, since loading the icon takes time.
     QTimer::singleShot(0, &application, [] { QGuiApplication::setWindowIcon(QIcon(u":/icons/orrelin.svg"_s)); });
     SetMousePointer(mousepointer::Default);
     return application.exec();

@@ -1,4 +1,4 @@
-// The order of things from the program's start to the main window on the screen, and its end.
+// Starts the program up to the main window on the screen, and ends it.
 #pragma once
 
 class QApplication;

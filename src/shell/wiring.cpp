@@ -17,21 +17,21 @@
 #include <set>
 
 namespace {
-// A routine of the main window as the error log names it. The text lives as long as the program.
+// The routine's literal in the error log. The text lives as long as the program.
 QLatin1StringView InMainForm(const QByteArray& routine)
 {
     static std::set<QByteArray> literals;
     return QLatin1StringView(*literals.insert(" in MainForm, " + routine).first);
 }
 
-// What an event does goes through the error log like the rest of the window's handlers.
+// Connects the signal to the action; errors go to the log.
 template <typename Sender, typename Signal, typename Action>
 void On(Sender* sender, Signal signal, const QByteArray& routine, Action action)
 {
     QObject::connect(sender, signal, sender, Guarded(InMainForm(routine), std::move(action)));
 }
 
-// The routine of a room, which takes what the signal brings, or nothing.
+// Connects the signal to a routine of a room, which takes the signal's arguments or none.
 template <typename Sender, typename Signal, typename Room, typename Handler>
 void On(Sender* sender, Signal signal, const QByteArray& routine, Room& room, Handler handler)
 {
@@ -50,7 +50,7 @@ struct MenuRow
 {
     const char* name;
     Command click;
-    bool isInNoteMenu = false; // too, with an R behind its name
+    bool isInNoteMenu = false; // also in the context menu, with an R after its name
 };
 
 constexpr MenuRow MenuRows[] = {
@@ -131,8 +131,8 @@ void WireMenus(Rooms& rooms)
     }
 }
 
-// The pictures of the sidebar whose look is no state: they look pressed while they are, unless there is no planner for
-// their command, which then says so.
+// Pictures of the sidebar that have no state: they look pressed while the mouse presses them. Without a planner they do
+// not; the command then says so.
 struct PressedPicture
 {
     PictureButton* Sidebar::*picture;
@@ -196,7 +196,6 @@ void WirePictureBar(Rooms& rooms)
        &PictureBar::btnReloadIcons_Click);
 }
 
-// The buttons share the commands of the menu.
 struct ButtonRow
 {
     const char* key;
@@ -252,7 +251,7 @@ void WireSpins(Rooms& rooms)
     const BottomPanel& bottom = rooms.controls.bottom;
     wire(bottom.imgLeftSpin, "imgLeftSpin_MouseUp", &Navigation::subActionPrevious);
     wire(bottom.imgRightSpin, "imgRightSpin_MouseUp", &Navigation::subActionNext);
-    rooms.navigation.SpinTips(); // before the mouse comes: the tips are the names by which the buttons are read out
+    rooms.navigation.SpinTips(); // now, not at the first hover: screen readers read the tips as names
 }
 
 void WireCalendar(Rooms& rooms)

@@ -1,5 +1,5 @@
-// Which handler runs for what happens to the main window: to its menu entries, buttons, combos and pictures, to its
-// cells and timers, in the network and in the strip of pictures.
+// Connects the main window's events (menus, buttons, combos, pictures, cells, timers, network, picture strip) to their
+// handlers.
 #pragma once
 
 struct Rooms;
