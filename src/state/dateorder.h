@@ -1,5 +1,5 @@
-// The order in which the machine writes a date, for the boxes in which a person types one. The program's own order is
-// month first, whatever the machine's is.
+// The machine's order of a date's parts, for the boxes that a date is typed into. The program's own order is always
+// month first.
 #pragma once
 
 #include <QString>
@@ -8,14 +8,14 @@ struct DateOrder
 {
     QString label; // "MM/DD/YYYY"
     QString mask;  // of the box, "##/##/####"
-    int month;     // where each begins in the box's text; month and day have two characters, the year four
+    int month;     // start of each part in the text; month and day have two characters, the year four
     int day;
     int year;
 
-    QString EntryDate(const QString& boxText) const; // month/day/year, padded as the box has it
+    QString EntryDate(const QString& boxText) const; // month/day/year, padded as in the box
     QString BoxText(int year, int month, int day) const;
     QString BoxText(const QString& dateKey) const;
 };
 
-const DateOrder& DateOrderOf(int iDate); // 0 month first, 1 day first, 2 year first; others as 0
-const DateOrder& LocalDateOrder();       // as WIN.INI has it at this moment
+const DateOrder& DateOrderOf(int iDate); // 0 month first, 1 day first, 2 year first; others count as 0
+const DateOrder& LocalDateOrder();       // read from WIN.INI at each call

@@ -1,16 +1,15 @@
-// The day that this user holds in a workgroup's planner, for those who are about to show other days. HeldDay knows
-// how to let go of it; those below it ask through this.
+// The day that this user holds in a workgroup's planner, as lower floors see it. HeldDay implements it.
 #pragma once
 
 class LockedDay
 {
 public:
-    // Stores what was typed and unlocks; true where no day is held by hand. False: it could not be stored, and the cell
-    // must stay what it is.
+    // Stores the text and unlocks; true also if no day is locked by hand. False: storing failed, and the cell must keep
+    // its day.
     virtual bool Commit() = 0;
 
-    // Lets go of it unstored, as the exit and the opening of another planner do: what was typed is offered when its
-    // planner is next opened.
+    // Unlocks without storing, for the exit and for opening another planner. The planner's next opening offers the
+    // text.
     virtual void LeaveBehind() = 0;
 
 protected:

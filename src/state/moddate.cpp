@@ -7,7 +7,7 @@
 #include <array>
 
 namespace {
-// Where the two slashes of a date stand, -1 for one that is missing.
+// Positions of the first two slashes, -1 if missing.
 struct Slashes
 {
     explicit Slashes(const QString& date)
@@ -29,7 +29,7 @@ QString FirstField(const QString& date)
     return date.left(Slashes(date).first < 0 ? 0 : Slashes(date).first);
 }
 
-// The digits at the start of a text, behind blanks; 0 where there are none. A sign is no digit.
+// The digits at the start, after blanks; 0 if there are none. A sign is not a digit.
 std::int16_t LeadingNumber(const QString& text)
 {
     const QString trimmed = text.trimmed();
@@ -39,7 +39,7 @@ std::int16_t LeadingNumber(const QString& text)
     return IntegerOf(trimmed.first(length));
 }
 
-// The number of a field, 0 after an error that the tail has logged.
+// The field's number. An error is logged and gives 0.
 std::int16_t NumberOf(QLatin1StringView literal, const QString& field)
 {
     std::int16_t number = 0;
@@ -47,8 +47,7 @@ std::int16_t NumberOf(QLatin1StringView literal, const QString& field)
     return number;
 }
 
-// The third field of a memo key, or empty. The windows stop one character short of the key's end, so that exactly one
-// or two digits may follow the word.
+// The third field of a memo key, or empty. It tries two lengths, so exactly one or two digits may follow "Memo".
 QString MemoName(const QString& dateKey)
 {
     for (const int length : {5, 6}) {

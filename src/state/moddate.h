@@ -1,5 +1,5 @@
-// Dates as texts. An entry date is month/day/year as boxes yield it ("07/04/1999"); a date key is year/month/day
-// without padding ("1999/7/4"), or year/month/Memo3 for a memo cell. Plain computation; what cannot be read is 0.
+// Dates as texts. An entry date is month/day/year as in the boxes ("07/04/1999"). A date key is year/month/day without
+// padding ("1999/7/4"), or year/month/Memo3 for a memo. Plain computation; unreadable parts are 0.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <optional>
 
-// A day of the calendar's grid, which has a 29th of February in every fourth year, centuries too; so not a QDate. In
-// plain integers: a long step of an event can leave 16 bits.
+// A day of the grid. It is not a QDate, since the grid has February 29 in every fourth year, centuries included. The
+// members are int, since a long step of an event can exceed 16 bits.
 struct GridDay
 {
     int year = 0;
@@ -20,11 +20,11 @@ struct GridDay
 
 bool IsDayOfGrid(const GridDay& day);
 QString KeyOf(const GridDay& day);                       // its date key
-std::optional<GridDay> DayOfKey(const QString& dateKey); // empty where the key is none of a day of the grid: memos
+std::optional<GridDay> DayOfKey(const QString& dateKey); // empty for memos and days not in the grid
 
 std::int16_t fnGetDay(const QString& entryDate);
 std::int16_t fnGetMonth(const QString& entryDate);
-std::int16_t fnGetYear(const QString& entryDate); // the last four characters; error 6 if they do not fit
+std::int16_t fnGetYear(const QString& entryDate); // the last four characters; may raise errors::Overflow
 QString fnFnGetQMTDate(const QString& entryDate); // its date key
 
 std::int16_t fnGetQMTDay(const QString& dateKey); // 0 for a memo key

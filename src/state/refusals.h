@@ -1,4 +1,4 @@
-// What commands ask before they begin. Each answers true after it has told the person why not.
+// Checks at the start of commands. Each returns true after a message that says why the command is refused.
 #pragma once
 
 #include "settings/messages.h"

@@ -1,4 +1,4 @@
-// Which view is shown. The calendar view knows; those below it ask through this.
+// The shown view. The calendar view implements it; lower floors ask through it.
 #pragma once
 
 #include "state/calendarstate.h"
@@ -8,7 +8,7 @@
 class ViewMode
 {
 public:
-    static constexpr int Day = 1; // no command reaches it: the day view is a window of its own
+    static constexpr int Day = 1; // no command sets it: the day view is a window of its own
     static constexpr int Week = 2;
     static constexpr int Month = 3;
 
@@ -18,7 +18,7 @@ protected:
     ~ViewMode() = default;
 };
 
-// The cells of a view, first to last; none for any other mode.
+// First to last cell of a view; empty for an unknown mode.
 struct CellRange
 {
     int first;

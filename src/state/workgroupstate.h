@@ -1,14 +1,14 @@
-// How days are unlocked and cells are read again by themselves: read from the settings by the opening, changed by the
-// network options, with the clocks that the timers count on.
+// The timers of a workgroup's planner: unlocking an idle day and refreshing the cells. Read from the settings at an
+// opening, changed by the network options.
 #pragma once
 
 #include <cstdint>
 
-extern bool bGeneralUnlockEnable;   // a day left idle is unlocked; a lock sets it where the settings say so
-extern bool g_bAutoRefresh;         // the cells are read again by a timer
-extern std::int32_t g_lUnlockDelay; // seconds; read anew at each lock while the switch is on
+extern bool bGeneralUnlockEnable;   // unlock an idle day; also set by a lock if the settings say so
+extern bool g_bAutoRefresh;         // refresh by timer
+extern std::int32_t g_lUnlockDelay; // seconds; also read at each lock while the switch is on
 extern std::int32_t g_lRefreshDelay;
-extern std::int32_t g_lUnlockTicks; // seconds since the user last showed life in a cell, the day view or the pictures
+extern std::int32_t g_lUnlockTicks; // seconds since the last input in a cell, the day view or the pictures
 extern std::int32_t g_lRefreshTicks;
 
 void ResetWorkgroupStateForTests();
