@@ -13,7 +13,7 @@ int Count(DateUnit unit, const GridDay& day)
 {
     switch (unit) {
     case DateUnit::Week:
-        return (JulianDay(day) + 1) / 7; // day 0 of that count was a Monday
+        return (JulianDay(day) + 1) / 7; // Julian day 0 was a Monday
     case DateUnit::Month:
         return day.year * 12 + day.month;
     default:

@@ -1,18 +1,18 @@
-// How far one day lies from another. Plain computation.
+// The difference of two days. Plain computation.
 #pragma once
 
 #include "state/moddate.h"
 
-// "MM/DD/YYYY", and only so; empty for what is no day of the grid.
+// Reads "MM/DD/YYYY" only; empty if the grid has no such day.
 std::optional<GridDay> DayOfText(const QString& text);
 
 enum class DateUnit
 {
     Day,
-    Week, // begins on Sunday: how many Sundays have come
-    Month // how many times a month has begun
+    Week, // begins on Sunday: counts Sundays
+    Month // counts months begun
 };
 
-// From the first to the second; negative where that is the earlier one. Days are those of the true calendar: a 29th
-// that it does not have is counted as the day behind the 28th, as its weekday is.
+// From the first day to the second; negative if the second is earlier. Days are those of the true calendar: a February
+// 29 that it does not have counts as March 1, like its weekday.
 int DateDifferenceOf(DateUnit unit, const GridDay& from, const GridDay& to);

@@ -30,20 +30,20 @@
 namespace {
 const QString ButtonKey = u"datediff"_s;
 
-// As the settings have it; by default the first day of the shown year. Not looked at.
+// Not validated. By default the first day of the shown year.
 QString StoredStartDate()
 {
     return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear));
 }
 
-// Days for what is no unit.
+// An unknown unit counts as days.
 DateUnit StoredDateUnit()
 {
     const int method = Read(settings::DateDiffMethod);
     return method == 1 || method == 2 ? static_cast<DateUnit>(method) : DateUnit::Day;
 }
 
-// Puts the colour below the label's text, and one that can be read upon it into the text.
+// Paints the label's ground and chooses a readable text colour.
 void PaintDateDiffLabel(QLabel& label, std::uint32_t color)
 {
     constexpr int Middle = 128;
@@ -99,7 +99,7 @@ void DateDifference::tbDay_MouseMove(int Index)
     Show(Index, CaptionOf(unit, DateDifferenceOf(unit, *start, day)));
 }
 
-// Whoever walks by the keyboard has no mouse to point with. A hit of the word search is no walk: its window is active.
+// Shows the label for a person who uses the keyboard. A hit of the word search does not count: its window is active.
 void DateDifference::tbDay_GotFocus(int Index)
 {
     const bool isWalk = QApplication::activeWindow() == m_cells.Client()->window();
@@ -124,7 +124,7 @@ void DateDifference::FollowCell()
 void DateDifference::Show(int cell, const QString& caption)
 {
     m_cell = cell;
-    m_lblDateDiff.raise(); // cells that are placed anew come to the front
+    m_lblDateDiff.raise(); // newly placed cells come to the front
     m_lblDateDiff.setText(caption);
     m_lblDateDiff.adjustSize();
     QRect place = m_lblDateDiff.geometry();
@@ -179,7 +179,7 @@ QWidget* DateDiffForm::MakeMethods()
 
 QLayout* DateDiffForm::MakeColor()
 {
-    constexpr int CaptionPadding = 8; // beyond what the desktop's style leaves beside a caption
+    constexpr int CaptionPadding = 8; // in addition to the style's own padding
     auto* button = Named(new QPushButton(u"Background Color"_s), "btnBGColor");
     button->setMinimumWidth(button->sizeHint().width() + 2 * CaptionPadding);
     connect(button, &QPushButton::clicked, this,
@@ -213,7 +213,7 @@ void DateDiffForm::btnBGColor_Click()
 void DateDiffForm::accept()
 {
     const QString start = LocalDateOrder().EntryDate(m_maskStartDate->Text());
-    if (!fnValidateDate(start) || !DayOfText(start)) { // the second for digits that are missing
+    if (!fnValidateDate(start) || !DayOfText(start)) { // the second test finds missing digits
         messages::Tell(u"Start Date is not a valid date"_s);
         m_maskStartDate->setFocus();
         return;

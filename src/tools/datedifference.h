@@ -1,5 +1,5 @@
-// Shows in a small label how far the day under the mouse lies from a start date. Whether it is on is the state of the
-// toolbar's button, and stored nowhere.
+// A small label shows the difference between a start date and the day under the mouse. The toolbar's button alone holds
+// whether it is on; it is not stored.
 #pragma once
 
 #include <QDialog>
@@ -19,34 +19,33 @@ public:
     {
     }
 
-    void mnuDateDiffShow_Click(); // the toolbar's button too
+    void mnuDateDiffShow_Click(); // also the toolbar's button
     void mnuDateDiffCustomize_Click();
-    void subApplyDateDiff(); // as the button is
-    // Over a memo cell the label stays what and where it was. With a start date that cannot be read it is hidden.
+    void subApplyDateDiff(); // as the button says
+    // A memo cell leaves the label as it is. If the start date cannot be read, the label is hidden.
     void tbDay_MouseMove(int Index);
-    void tbDay_GotFocus(int Index); // the keyboard leads the label while the mouse rests on no cell
-    void FollowCell();              // after a redraw: to where its cell is now, or away if that shows no day
+    void tbDay_GotFocus(int Index); // follows the keyboard while the mouse is over no cell
+    void FollowCell();              // after a redraw: moves with its cell, or hides if that shows no day
 
 private:
     bool IsOn() const;
     bool MouseRestsOnCell() const;
     void Show(int cell, const QString& caption);
 
-    int m_cell = 0; // that the label belongs to
+    int m_cell = 0; // the label's cell
     Cells& m_cells;
     Toolbar& m_toolbar;
     Menus& m_menus;
     QLabel& m_lblDateDiff;
 };
 
-// The start date, the unit and the colour.
 class DateDiffForm : public QDialog
 {
     Q_OBJECT
 
 public:
     explicit DateDiffForm(QWidget* owner = nullptr); // shows the settings
-    void accept() override;                          // writes them, unless the date is none
+    void accept() override;                          // writes them if the date is valid
 
 private:
     void btnBGColor_Click();

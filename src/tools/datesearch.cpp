@@ -21,7 +21,7 @@
 namespace {
 constexpr int FirstYear = 1990, LastYear = 2009;
 
-// The buttons of months or years, column by column. One is chosen if there is one for the present number.
+// Radio buttons for months or years, column by column.
 class Options : public QGroupBox
 {
 public:
@@ -44,7 +44,7 @@ public:
         option->setFocus();
     }
 
-    void ReadInto(std::int16_t& number) const // leaves it as it is while none is chosen
+    void ReadInto(std::int16_t& number) const // unchanged if none is checked
     {
         if (m_group->checkedId() >= 0) number = static_cast<std::int16_t>(m_group->checkedId());
     }
@@ -68,7 +68,7 @@ public:
         column->addWidget(MakeOkCancel(*this));
         const ErrorTail tail(" in DateSearchForm, Form_Load"_L1);
         tail([this] { m_years->Choose(g_iYear); });
-        tail([this] { m_months->Choose(g_iMonth); }); // keeps the focus
+        tail([this] { m_months->Choose(g_iMonth); }); // last, since it takes the focus
         CenterOnScreen(*this);
     }
 

@@ -1,4 +1,4 @@
-// Fast search: jumps the month view to a month and year that are picked.
+// Fast search: moves the month view to a chosen month and year.
 #pragma once
 
 class Foot;
@@ -16,7 +16,7 @@ public:
     }
 
     void mnuDateSearch_Click();
-    void PanelBottom_DblClick(); // in month view only; says so elsewhere
+    void PanelBottom_DblClick(); // month view only; otherwise a message says so
 
 private:
     Foot& m_foot;

@@ -32,7 +32,7 @@ constexpr QLatin1StringView WithinLiteral(" in FindWordForm, btnFindWithin_Click
 constexpr QLatin1StringView GotoLiteral(" in FindWordForm, subGotoRecCalendar");
 using schema::DateField, schema::TextField;
 
-// From 1; 0 where the word does not stand at this place or behind it.
+// The position counts from 1; 0 if the word does not occur from this position on.
 int PlaceOf(const QString& word, const QByteArray& stored, int from)
 {
     return static_cast<int>(FoldedCase(ViewedText(stored)).indexOf(FoldedCase(word), from - 1)) + 1;
@@ -67,7 +67,7 @@ void FindWordForm::MakeControls()
     grid->setVerticalSpacing(8);
     grid->addWidget(label, 0, 0);
     grid->addWidget(m_tbFindWord, 0, 1);
-    // On the same spot, so that whoever goes on clicking goes on searching.
+    // In the same place, so that repeated clicks search on.
     grid->addWidget(m_btnFindNext = MakeButton("btnFindNext", NextLiteral, &FindWordForm::btnFindNext_Click), 0, 2);
     m_btnFindWithin = MakeButton("btnFindWithin", WithinLiteral, &FindWordForm::btnFindWithin_Click);
     grid->addWidget(m_btnFindWithin, 0, 2);
@@ -95,14 +95,13 @@ void FindWordForm::ShowStored()
     move(ReachablePlace({stored, size()}, size()).topLeft());
 }
 
-// Every way out: the button, Esc, the close box, the end of the program.
 void FindWordForm::done(int result)
 {
     if (WindowsKnowTheirPlace()) {
         Write(settings::FindWordLeft, ToTwips(pos().x()));
         Write(settings::FindWordTop, ToTwips(pos().y()));
     }
-    ClearSelections(); // one letter typed over it would put itself in the place of the note
+    ClearSelections(); // a typed letter would replace the selected note
     QDialog::done(result);
 }
 
@@ -111,7 +110,7 @@ void FindWordForm::changeEvent(QEvent* event)
     QDialog::changeEvent(event);
     if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
     m_tbFindWord->setFocus();
-    if (g_rsFind.IsNothing()) EnableButtons(true); // another planner may hold the word again
+    if (g_rsFind.IsNothing()) EnableButtons(true); // another planner may contain the word
 }
 
 void FindWordForm::keyPressEvent(QKeyEvent* event)
@@ -163,7 +162,7 @@ void FindWordForm::btnFindNext_Click()
 FindWordForm::Found FindWordForm::FindDay()
 {
     const Hourglass hourglass;
-    // The word goes in as it was typed: what it holds of the pattern's signs acts as such.
+    // The word is not escaped: its pattern characters act as such.
     const QString criterion = u"[qmtText] LIKE '*"_s + m_tbFindWord->text() + u"*'"_s;
     for (;;) {
         const Found found = FindRecord(criterion);
@@ -234,9 +233,8 @@ bool FindWordForm::ShowDay(const GridDay& day)
     return true;
 }
 
-// The window with the calendar is not made the active one: who presses Enter again wants to search on, and would have
-// put an empty line in the place of the selected note. So no event tells the cell of its focus, nor where it had it
-// already.
+// The calendar's window does not become active: a person who presses Enter again wants to search on, and Enter would
+// replace the selected note. An inactive window gets no focus event, so the cell is told here.
 void FindWordForm::FocusCell()
 {
     m_cells.tbDay(m_iCell).setFocus();
@@ -253,14 +251,14 @@ int FindWordForm::fnFindString(const QByteArray& text, const QString& word)
     return place;
 }
 
-// Side by side in one month, an earlier hit and the new one would look alike.
+// An earlier hit in the same month would look like the new one.
 void FindWordForm::ClearSelections()
 {
     for (int cell = 1; cell <= CellCount; ++cell)
         if (m_cells.tbDay.Exists(cell) && m_cells.tbDay(cell).SelLength() > 0) m_cells.tbDay(cell).SetSelLength(0);
 }
 
-// Whole, since a place in the stored text is none in what the cell shows.
+// Selects the whole note, since a position in the stored text does not match the shown one.
 void FindWordForm::SelectNote()
 {
     RichTextBox& box = m_cells.tbDay(m_iCell);
@@ -268,7 +266,7 @@ void FindWordForm::SelectNote()
     box.SetSelLength(box.document()->characterCount() - 1);
 }
 
-// The calendar may have been turned meanwhile, and the cell stand for another day.
+// The calendar may have turned meanwhile, so the cell may show another day.
 bool FindWordForm::ShowsHit() const
 {
     return m_cells.Shows(m_iCell) && g_iYear == m_hit.year && g_iMonth == m_hit.month &&
@@ -280,7 +278,7 @@ void FindWordForm::btnFindWithin_Click()
     const ErrorTail tail(WithinLiteral);
     const QString word = m_tbFindWord->text();
     tail([&] {
-        // The empty word stands everywhere, and would be found at each letter.
+        // An empty word would match at each letter.
         const bool goesOn = m_iPos != 0 && !word.isEmpty() && !g_rsFind.IsNothing();
         const int place = goesOn ? PlaceOf(word, g_rsFind.Fields(TextField).toByteArray(), m_iPos + 1) : 0;
         if (place != 0 && !ShowsHit() && !ShowDay(m_hit)) return;
@@ -303,7 +301,7 @@ FindWord::FindWord(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& vie
 
 FindWord::~FindWord()
 {
-    delete m_form; // what it stands on is about to go
+    delete m_form; // it uses objects that are about to be deleted
 }
 
 void FindWord::mnuFindWord_Click()

@@ -1,5 +1,5 @@
-// Finds a word in the stored notes, from the last record back to the first, turns the calendar to each hit and selects
-// its note. Stays in front of the main window while the calendar is in use.
+// Finds a word in the stored notes, from the last record to the first. Turns the calendar to each hit and selects its
+// note. The window stays in front of the main window, which remains usable.
 #pragma once
 
 #include "state/moddate.h"
@@ -32,11 +32,11 @@ private:
     {
         Hit,
         Nothing,
-        Failed // and the person knows
+        Failed // after a message
     };
 
-    void btnFindNext_Click();   // on to the next record that holds the word
-    void btnFindWithin_Click(); // on through the note that was found, and then to the next record
+    void btnFindNext_Click();   // to the next record with the word
+    void btnFindWithin_Click(); // further in the found note, then to the next record
     void tbFindWord_Change();
 
     void MakeControls();
@@ -64,22 +64,22 @@ private:
     QPushButton* m_btnFindNext = nullptr;
     QPushButton* m_btnFindWithin = nullptr;
     bool m_bSearching = false;   // the first search has run
-    bool m_bWordChanged = false; // so that the next search begins behind the last record
-    bool m_bHitWaits = false;    // it could not be shown, since a locked day could not be stored
-    int m_iPos = 0;              // of the last hit within the record's text as it is read, from 1; 0 is none
-    int m_iCell = 0;             // that shows the hit's day
+    bool m_bWordChanged = false; // the next search starts behind the last record
+    bool m_bHitWaits = false;    // it was not shown because a locked day could not be stored
+    int m_iPos = 0;              // the last hit's position in the text as read, from 1; 0 for none
+    int m_iCell = 0;             // the cell of the hit
     GridDay m_hit;
 };
 
-// The command that opens it.
 class FindWord
 {
 public:
-    FindWord(Cells& cells, Turn& turn, Redraw& redraw, const ViewMode& viewMode); // sets how stored notes are read
+    FindWord(Cells& cells, Turn& turn, Redraw& redraw,
+             const ViewMode& viewMode); // sets how the engine reads stored notes
     ~FindWord();
 
-    void mnuFindWord_Click(); // one window at most; a second time brings it to the front
-    void Unload();            // closes the window, if there is one
+    void mnuFindWord_Click(); // opens the only window or brings it to the front
+    void Unload();
 
 private:
     Cells& m_cells;
