@@ -20,11 +20,11 @@
 #include <QSignalBlocker>
 
 namespace {
-// Takes out of the shown cells what a picture for later must not have, and puts it back at its own end.
+// Removes momentary looks from the shown cells and restores them in its destructor.
 class MomentsLook
 {
 public:
-    // lblDateDiff: lies over the cells when the mouse has been there; month: with notices behind its title
+    // lblDateDiff may lie over the cells. month may have notices behind its title.
     MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month);
     ~MomentsLook();
     Q_DISABLE_COPY_MOVE(MomentsLook)
@@ -40,7 +40,7 @@ private:
     SSPanel* m_today = nullptr;
     SSPanel* m_active = nullptr;
     SSPanel* m_held = nullptr;
-    RichTextBox* m_box = nullptr; // with the caret
+    RichTextBox* m_box = nullptr; // box with the caret
     QTextCursor m_caret;
     int m_caretWidth = 0;
     int m_scrolled = 0;
@@ -69,7 +69,7 @@ MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDat
     if (m_held) m_held->SetHeld(false);
     m_today = TodaysPanel(cells, range);
     if (!m_today) return;
-    // The month's styles in the week view too, here and at the end: the wallpaper knows no others.
+    // In the week view, too, the month's style is used, here and in the destructor.
     ApplyStyle(*m_today, ReadStyle(settings::DailyPanel));
     m_today->SetPaper(paper::Paper);
     m_today->SetFrame(QColor());
@@ -89,7 +89,7 @@ MomentsLook::~MomentsLook()
     if (m_box) ShowCaret();
 }
 
-// The box is not to tell of it: nobody has moved the caret.
+// Blocks the box's signals, since nobody moved the caret.
 void MomentsLook::HideCaret(RichTextBox& box)
 {
     const QSignalBlocker silent(box);
@@ -114,8 +114,8 @@ void MomentsLook::ShowCaret()
     m_box->verticalScrollBar()->setValue(m_scrolled);
 }
 
-// As large as it is in a window that fills the work area. The window itself stays where it is: it would flash, and a
-// window manager may refuse or come too late.
+// The client's size in a window that fills the work area. The window itself is not resized: it would flash, and a
+// window manager may refuse or be late.
 QSize GrownSize(const QWidget& client)
 {
     const QWidget& window = *client.window();
@@ -127,7 +127,7 @@ QSize ScaledBy(const QSize& logical, qreal ratio)
     return (QSizeF(logical) * ratio).toSize();
 }
 
-// The region drawn over an image of this many pixels. Letters are drawn in their new size, not stretched.
+// Draws the region over an image of this many pixels. Text is drawn in the new size, not stretched.
 QImage DrawOver(QWidget& client, const QRect& region, const QSize& drawn, const QSize& pixels)
 {
     const qreal ratio = client.devicePixelRatioF();
@@ -161,7 +161,7 @@ QImage CalendarPicture::Draw(int wallpaperSize) const
         return DrawOver(client, region, screen, screen);
     }
     const QSize drawn = ScaledBy(region.size(), ratio);
-    // One line less than the region: the panel's lowest is that of the client area below.
+    // One row less: the panel's lowest row belongs to the client area below.
     return DrawOver(client, region, drawn, ScaledBy(region.size() - QSize(0, 1), ratio));
 }
 

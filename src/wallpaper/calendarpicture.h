@@ -1,4 +1,4 @@
-// The shown calendar as an image, drawn by its own widgets: what lies over the window on the screen does not get in.
+// The shown calendar as an image, drawn by its widgets, so that windows in front of it do not appear.
 #pragma once
 
 #include <QImage>
@@ -9,7 +9,7 @@ class QWidget;
 struct BottomPanel;
 
 namespace calendarpicture {
-// How large the image becomes; the numbers stand in the settings.
+// The image's size; these numbers are stored.
 inline constexpr int Normal = 0;    // the calendar as it is
 inline constexpr int Stretched = 1; // laid out as for Maximized, then drawn over the whole screen
 inline constexpr int Maximized = 2; // the calendar as it is in a window that fills the work area
@@ -23,13 +23,13 @@ public:
     {
     }
 
-    // Grid, headings and the month's title in the screen's own pixels, without what only the moment has: today's look,
-    // caret, selection, the frame of the cell with the caret, the date difference. All of that is back when the call
-    // ends, however it ends; today's caption in the month's style, in the week view too.
+    // Grid, headings and month's title in device pixels, without momentary looks: today, caret, selection, frames, date
+    // difference. They are restored afterwards, also after an error. Today's caption then has the month's style, in the
+    // week view too.
     QImage Draw(int wallpaperSize) const;
 
 private:
-    QRect Region() const; // in logical pixels of the client area
+    QRect Region() const; // logical pixels of the client area
 
     Cells& m_cells;
     const BottomPanel& m_bottom;
@@ -37,5 +37,5 @@ private:
     QWidget& m_lblDateDiff;
 };
 
-// The image as a bitmap file, in place of one of that name: whole, or the old file stays and error 75 is raised.
+// Writes a bitmap file. If that fails, an old file stays and errors::PathFileAccess is raised.
 void SaveBitmap(const QImage& image, const QString& path);

@@ -1,4 +1,4 @@
-// The desktop's picture as WIN.INI has it, and the one before the last as PLANNER.INI has it.
+// The keys of the desktop's wallpaper in WIN.INI, and of the previous wallpaper in PLANNER.INI.
 #pragma once
 
 #include "platform/desktop/wallpaper.h"
@@ -7,15 +7,15 @@ struct DesktopKeys
 {
     QString wallpaper; // a path or "(None)"
     int tileWallPaper; // 1: repeated
-    int style;         // a wallpaper::Fit, for what is not repeated
+    int style;         // a wallpaper::Fit, unless repeated
 
     static DesktopKeys Of(const DesktopPicture& picture);
-    DesktopPicture Picture() const; // a style that there is not counts as the nearest one
+    DesktopPicture Picture() const; // an unknown style counts as the nearest one
 };
 
 DesktopKeys ReadDesktopKeys();
 void WriteDesktopKeys(const DesktopKeys& keys);
-// What another program has set since counts, where the desktop tells it: WIN.INI takes it over.
+// Stores in WIN.INI what the desktop shows, if it tells, since another program may have set it.
 void TakeOver(const std::optional<DesktopPicture>& shown);
 
 DesktopKeys ReadPreviousKeys();

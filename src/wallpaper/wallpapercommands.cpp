@@ -16,7 +16,7 @@
 #include <QScopedValueRollback>
 
 namespace {
-constexpr int PersonsPatience = 60000; // milliseconds, while a desktop may be asking whether it is allowed
+constexpr int PersonsPatience = 60000; // milliseconds, since a desktop may ask for permission
 constexpr int ExitsPatience = 2000;
 
 bool ShowOnDesktop(const QString& wallpaper, const QDeadlineTimer& until)
@@ -26,7 +26,6 @@ bool ShowOnDesktop(const QString& wallpaper, const QDeadlineTimer& until)
     return SystemParametersInfoA(SetDeskWallpaper, 0, picture, UpdateAndTellAll, until);
 }
 
-// Each planner has a picture of its own.
 QString PicturePath()
 {
     constexpr int ExtensionSize = 4;
@@ -49,7 +48,7 @@ WallpaperCommands::WallpaperCommands(Cells& cells, const BottomPanel& bottom, co
 
 bool WallpaperCommands::SetWallpaper(const QDeadlineTimer& until, QString& trouble)
 {
-    // While a desktop asks, a signal may end the program, which must not begin a second picture.
+    // While a desktop asks, a signal may end the program; its exit must not start a second picture.
     if (m_isSetting) return false;
     const QScopedValueRollback setting(m_isSetting, true);
     const Hourglass hourglass;

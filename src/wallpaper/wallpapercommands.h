@@ -1,4 +1,4 @@
-// The main window's commands on the desktop's wallpaper, and its renewal at the exit.
+// The main window's wallpaper commands, and the renewal at the exit.
 #pragma once
 
 #include "wallpaper/calendarpicture.h"
@@ -13,18 +13,18 @@ public:
 
     void mnuSetWallpaper_Click();
     void mnuClearWallpaper_Click();
-    void mnuUpdateWallpaper_Click(); // the desktop loads the picture again
+    void mnuUpdateWallpaper_Click(); // lets the desktop load the picture again
     void mnuPrevWallpaper_Click();
     void mnuWallpaperOption_Click();
 
-    // Makes the shown calendar the wallpaper; true if the desktop took it. Says so if it did not.
+    // Makes the shown calendar the wallpaper. False after a message: the desktop did not take it.
     bool fnSetWallpaper();
-    // If the options want it. Takes no longer than two seconds for the desktop; a failure is told only to somebody who
-    // is there to read it.
+    // Renews the wallpaper if the options say so, waiting at most two seconds for the desktop. A failure is shown only
+    // if somebody is there to read it.
     void subWallpaperOnExit(bool isSomebodyThere);
 
 private:
-    // trouble: what to say beside the failure; empty if it was the desktop that refused
+    // trouble is what the message adds; empty if the desktop refused.
     bool SetWallpaper(const QDeadlineTimer& until, QString& trouble);
     static void TellFailure(const QString& trouble);
 

@@ -50,7 +50,7 @@ void WallpaperForm::MakeOptions(QBoxLayout& options)
     AddFrame(options, u"Automatic Update"_s).addWidget(m_chkAutoload);
 }
 
-// A size that there is not chooses nothing.
+// An unknown size checks nothing.
 void WallpaperForm::ShowSettings()
 {
     const int size = Read(settings::WallpaperSize);

@@ -1,4 +1,4 @@
-// How large the calendar's picture on the desktop is, and whether the exit makes it anew.
+// The size of the calendar's wallpaper, and whether the exit renews it.
 #pragma once
 
 #include <QDialog>
@@ -15,13 +15,13 @@ class WallpaperForm : public QDialog
 
 public:
     explicit WallpaperForm(QWidget* owner); // shows the settings
-    void accept() override;                 // writes them; the wallpaper stays as it is
+    void accept() override;                 // writes them; leaves the wallpaper
 
 private:
     void MakeOptions(QBoxLayout& options);
     void ShowSettings();
     int ChosenSize() const;
 
-    std::array<QRadioButton*, 3> m_opSetting{}; // index: the size
+    std::array<QRadioButton*, 3> m_opSetting{}; // by size
     QCheckBox* m_chkAutoload = nullptr;
 };
