@@ -21,8 +21,7 @@
 #include <QPushButton>
 
 namespace {
-// A delay as it was typed goes into the file and counts at once; what is no number leaves the running delay as it is,
-// and the file gets the usual one.
+// Stores the delay as typed and applies it. If it is no number, the default is stored and the running delay stays.
 void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& seconds)
 {
     bool isNumber = false;
@@ -32,7 +31,7 @@ void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& se
     seconds = DelaySeconds(minutes);
 }
 
-// The new state, which goes into the file.
+// Stores and returns the new state.
 bool TakeSwitch(const QCheckBox& box, const IntSetting& setting)
 {
     WriteText(setting, box.isChecked() ? u"1"_s : u"0"_s);
@@ -116,13 +115,13 @@ QWidget* NetworkOptionForm::MakeServerFrame()
     return frame;
 }
 
-// A planner that is on a server already shows where, and can go back to a file.
+// A planner on a server shows its address and can be saved to a file.
 void NetworkOptionForm::ShowServer()
 {
     const QString address = m_server.Address();
     const bool isThere = !address.isEmpty();
     if (isThere) m_txtServer->setText(address);
-    m_txtServer->setCursorPosition(0); // a long one shows its beginning
+    m_txtServer->setCursorPosition(0); // shows the beginning of a long address
     m_txtServer->setReadOnly(isThere);
     m_btnMove->setEnabled(!isThere && !m_txtServer->text().trimmed().isEmpty());
     m_btnSaveToFile->setEnabled(isThere);
@@ -137,10 +136,10 @@ void NetworkOptionForm::accept()
 
 void NetworkOptionForm::TakeSettings()
 {
-    // Under the spelling that older versions write; a key is found in any.
+    // Older versions write this spelling; keys match in any letter case.
     constexpr IntSetting UnlockDelay = {settings::UnlockDelay.section, u"UnLockDelay", 0};
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    // The idle timer is left alone: it follows the next lock.
+    // The running idle timer is left alone: it follows the options at the next lock.
     bGeneralUnlockEnable = TakeSwitch(*m_chkAutoUnlock, settings::AutoUnLock);
     g_bAutoRefresh = TakeSwitch(*m_chkAutoRefresh, settings::AutoRefresh);
     m_network.tmAutoRefresh->SetEnabled(g_bAutoRefresh);

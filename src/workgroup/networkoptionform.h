@@ -1,4 +1,4 @@
-// How the two timers of a workgroup's planner behave.
+// The options of a workgroup's planner: its two timers and its server.
 #pragma once
 
 #include <QDialog>
@@ -15,7 +15,7 @@ class NetworkOptionForm : public QDialog
 
 public:
     NetworkOptionForm(QWidget* owner, const NetworkControls& network, ServerMove& server); // shows the settings
-    void accept() override; // writes them; the running planner follows
+    void accept() override; // writes them; the running timers follow
 
 private:
     QWidget* MakeFrame();

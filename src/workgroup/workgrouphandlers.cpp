@@ -17,7 +17,7 @@ void WorkgroupHandlers::subRefreshCells()
         m_turn(" in MainForm, picRefresh_Click"_L1, [] {});
         return;
     }
-    m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // the idle timer goes on behind the box
+    m_heldDay.KeepInPlace(m_cells.CellToStayIn()); // a message box lets the idle timer go on
     m_network.picRefresh->ShowElement(0);
 }
 
@@ -47,7 +47,7 @@ void WorkgroupHandlers::tmUnLock_Timer()
     if (++g_lUnlockTicks < g_lUnlockDelay) return;
     m_dayView.TakeTextAndClose();
     g_lUnlockTicks = 0;
-    if (!m_heldDay.Commit()) return; // tried again after another while
+    if (!m_heldDay.Commit()) return; // tried again after the next delay
     m_network.tmUnLock->SetEnabled(false);
     subRefreshCells();
 }

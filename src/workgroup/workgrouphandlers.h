@@ -1,5 +1,5 @@
-// The main window's handlers of a workgroup's planner, but for the lock of a day: the shown cells are read again by
-// hand and by timer, since what others commit to a file does not come by itself; a day that is left idle is unlocked.
+// The handlers of a workgroup's planner except the day lock. The shown cells are read again by command and by timer,
+// since a file does not report what others commit. An idle day is unlocked.
 #pragma once
 
 class Cells;
