@@ -1,5 +1,5 @@
-// Stands before every file of the tree, precompiled: what nearly all of them read anyway, and the short forms of
-// literals, u"text"_s and "text"_L1. A file still includes what it uses.
+// Precompiled before every file: common headers and the literal suffixes u"text"_s and "text"_L1. A file still includes
+// what it uses.
 #pragma once
 
 #include <QtWidgets/QtWidgets>

@@ -3,7 +3,7 @@
 #include <QByteArrayView>
 
 namespace {
-// One line of a text. Places count from the start of the text.
+// One line. Positions count from the start of the text.
 struct Line
 {
     enum Kind
@@ -12,20 +12,19 @@ struct Line
         Section,
         Key
     } Is = Other;
-    QByteArrayView Name; // of the section or the key
+    QByteArrayView Name; // of the section or key
     qsizetype ValueStart = 0;
     qsizetype ValueLength = 0;
     bool Blank = false;
 };
 
-// Walks over the lines of a text.
 class Lines
 {
 public:
     explicit Lines(const QByteArray& text) : m_text(text), m_next(text.startsWith("\xEF\xBB\xBF") ? 3 : 0) {}
 
     bool AtEnd() const { return m_next >= m_text.size(); }
-    qsizetype Place() const { return m_next; } // where the next line starts
+    qsizetype Place() const { return m_next; } // start of the next line
 
     Line Next()
     {
@@ -63,7 +62,7 @@ private:
     qsizetype m_next;
 };
 
-// A line break can be in no name, so it parts the two.
+// A line break separates the two, since no name contains one.
 QString Folded(const QString& section, const QString& key)
 {
     return QString(section + u'\n' + key).toCaseFolded();
@@ -85,7 +84,7 @@ bool IsQuoted(QStringView value)
     return value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
 }
 
-// One line, in quotes of its own if it needs them.
+// The value on one line, quoted if needed.
 QByteArray Written(QString value, Quotes quotes)
 {
     value.replace(u"\r\n"_s, u" "_s);
@@ -99,8 +98,8 @@ QByteArray Written(QString value, Quotes quotes)
 
 IniFile::IniFile(const QByteArray& text) : m_text(text)
 {
-    std::optional<QString> section; // none above the first heading
-    bool isFirst = false;           // of its name
+    std::optional<QString> section; // empty above the first heading
+    bool isFirst = false;           // the first section of its name
     for (Lines lines(m_text); !lines.AtEnd();) {
         const Line line = lines.Next();
         if (line.Is == Line::Section) {

@@ -1,4 +1,4 @@
-// The text of one INI file: finding a value in it and setting one. Knows no files; any bytes are a valid text.
+// The text of one INI file: finds a value and sets one. Does not touch files; any bytes are a valid text.
 #pragma once
 
 #include <QByteArray>
@@ -9,8 +9,8 @@
 
 enum class Quotes
 {
-    WhereNeeded, // where reading would strip something of the value
-    Never        // of a number, whose readers skip blanks
+    WhereNeeded, // if reading would strip the value
+    Never        // for numbers, whose readers skip blanks
 };
 
 class IniFile
@@ -22,11 +22,11 @@ public:
     const QByteArray& Text() const { return m_text; }
     bool HasSection(const QString& section) const;
 
-    // Without the blanks around it and one pair of quotes; empty if the key is absent.
+    // Without surrounding blanks and one pair of quotes; empty if the key is absent.
     std::optional<QString> Value(const QString& section, const QString& key) const;
 
-    // With this one value set, all other bytes as they were; a missing section or key is added. Line breaks in the
-    // value become blanks. Empty if no INI file can hold such a section or key.
+    // The text with this value set and all other bytes unchanged. A missing section or key is added. Line breaks in the
+    // value become blanks. Empty if an INI file cannot hold such a section or key.
     std::optional<IniFile> With(const QString& section, const QString& key, const QString& value,
                                 Quotes quotes = Quotes::WhereNeeded) const;
 
@@ -38,6 +38,7 @@ private:
     };
 
     QByteArray m_text;
-    QHash<QString, qsizetype> m_sections; // folded; behind the last line of the first of its name that is not blank
-    QHash<QString, Place> m_values;       // by section and key, folded
+    QHash<QString, qsizetype>
+        m_sections;                 // case-folded; end of the last non-blank line of the first section of that name
+    QHash<QString, Place> m_values; // by section and key, case-folded
 };

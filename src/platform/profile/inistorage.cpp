@@ -16,16 +16,16 @@ namespace {
 constexpr qint64 LargestFile = 64 * 1024 * 1024;
 constexpr int LongestWait = 2000; // milliseconds
 
-// The bytes of the lock file that are locked. Who waits for the turn holds the queue, so that a process which writes
-// without a pause cannot come in between again and again.
+// The locked bytes of the lock file. A process that waits for the turn holds the queue, so that one that writes without
+// pause cannot overtake it.
 constexpr off_t Turn = 0;
 constexpr off_t Queue = 1;
 
-// Asks again and again instead of F_OFD_SETLKW, which a stopped process could hold up for ever.
+// Polls instead of F_OFD_SETLKW, since a stopped process could block that for ever.
 bool WaitFor(const Descriptor& file, off_t byte, const QDeadlineTimer& until)
 {
     while (!file.Lock(F_WRLCK, byte)) {
-        // Some network drives have no locks; settings are saved there all the same.
+        // Network drives may lack locks; settings are saved there all the same.
         if (errno == ENOLCK || errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL) return true;
         const bool isHeld = errno == EAGAIN || errno == EACCES || errno == EINTR;
         if (!isHeld || until.hasExpired()) return false;
@@ -34,8 +34,8 @@ bool WaitFor(const Descriptor& file, off_t byte, const QDeadlineTimer& until)
     return true;
 }
 
-// A lock of the open file description: it ends with the process, however that ends. Its file is never removed, or two
-// processes could hold locks on two files of one name.
+// The lock belongs to the open file description, so it ends with the process. Its file is never removed, or two
+// processes could lock two files of the same name.
 bool Lock(const Descriptor& file)
 {
     const QDeadlineTimer until(LongestWait);
@@ -44,7 +44,7 @@ bool Lock(const Descriptor& file)
     return true;
 }
 
-// Follows links, so that all names of a file share one lock; also a link to a file that does not exist yet.
+// Follows links, also broken ones, so that all names of a file share one lock.
 QString Resolved(QString path)
 {
     for (int links = 0; links < 40 && QFileInfo(path).isSymLink(); ++links)
@@ -63,10 +63,10 @@ inistorage::Identity inistorage::IdentityOf(const QString& path)
 std::optional<QByteArray> inistorage::Read(const QString& path)
 {
     struct stat found = {};
-    // A drive that does not answer is no empty file: the next write would put one in its place.
+    // A drive that does not answer must not read as an empty file, which the next write would store.
     const bool isThere = ::stat(QFile::encodeName(path).constData(), &found) == 0;
     if (!isThere) return errno == ENOENT ? std::optional(QByteArray("")) : std::nullopt;
-    // A pipe would wait for its writer as soon as it is opened.
+    // Opening a pipe would block.
     if (!S_ISREG(found.st_mode) || found.st_size > LargestFile) return std::nullopt;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return std::nullopt;

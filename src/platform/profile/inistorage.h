@@ -1,4 +1,4 @@
-// The file behind an INI text: reading it, knowing whether it has changed, and replacing it as a whole.
+// The file of an INI text: reads it, detects changes and replaces it as a whole.
 #pragma once
 
 #include <QByteArray>
@@ -10,24 +10,24 @@
 #include <optional>
 
 namespace inistorage {
-// What tells one state of a file from another without reading it. All zero: there is no file.
+// Tells states of a file apart without reading it. All zero: there is no file.
 struct Identity
 {
     dev_t Device = 0;
     ino_t Inode = 0;
     off_t Size = 0;
-    qint64 Modified = 0; // nanoseconds of the epoch
+    qint64 Modified = 0; // nanoseconds since the epoch
     bool operator==(const Identity&) const = default;
 };
 
 Identity IdentityOf(const QString& path);
 
-// The bytes of the file, "" if there is none; empty if there is one that cannot be read: a folder, a device, no right,
-// or over 64 MB.
+// The file's bytes, "" if it does not exist. Empty if it cannot be read: a folder, a device, no permission, or over 64
+// MB.
 std::optional<QByteArray> Read(const QString& path);
 
-// Replaces the bytes of the file by what the function makes of them, as one step that other processes wait for: either
-// all of it is on the disk at the end, or the file is as it was and false comes back. The function's empty result means
-// false, too. Permissions stay, a link stays a link. Waits no longer than two seconds for another process.
+// Replaces the file's bytes by the result of the function, as one step for other processes. On failure, or if the
+// function returns empty, the file is unchanged and false is returned. Permissions and links stay. Waits at most two
+// seconds for another process.
 bool Change(const QString& path, const std::function<std::optional<QByteArray>(const QByteArray&)>& change);
 } // namespace inistorage

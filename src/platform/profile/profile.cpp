@@ -24,16 +24,16 @@ struct Change
     Quotes Quoting;
 };
 
-// A file as it was last read. Used on the user interface's thread only, like all of this room.
+// A file as last read. Used on the user interface's thread only, like all of this folder.
 struct Held
 {
     inistorage::Identity Identity;
     IniFile File;
-    // False while the file is so young that another write could leave the same identity: clocks of file systems tick
-    // slowly. Until then its bytes are compared.
+    // File system clocks tick slowly: another write to a young file could leave the same identity. While this is false,
+    // the bytes are compared.
     bool Settled = false;
     bool Batched = false;
-    std::vector<Change> Batch; // held back
+    std::vector<Change> Batch; // not written yet
 };
 
 constexpr qint64 SlowestTick = 100'000'000; // nanoseconds
@@ -45,7 +45,7 @@ QString PathOf(const QString& file)
     return file.contains(u'/') ? file : folders::WindowsDirectory() + u'/' + file;
 }
 
-// Nothing if no file can hold one of them.
+// Empty if no file can hold one of the changes.
 std::optional<IniFile> Changed(IniFile file, const std::vector<Change>& changes)
 {
     for (const Change& change : changes) {
@@ -60,7 +60,8 @@ void Refresh(Held& held, const QString& path, const inistorage::Identity& identi
 {
     const std::optional<QByteArray> text = inistorage::Read(path);
     held.Settled = false;
-    // One that cannot be read just now is no empty one: defaults would be shown, and written by the next OK.
+    // A file that cannot be read now must not count as empty: a dialog would show defaults, and its OK would write
+    // them.
     if (!text) return;
     if (*text != held.File.Text() || !held.Batch.empty()) held.File = *Changed(IniFile(*text), held.Batch);
     held.Identity = identity;
@@ -76,7 +77,6 @@ Held& HeldOf(const QString& path)
     return held;
 }
 
-// 0 month first, 1 day first, 2 year first.
 int DateOrder(const QString& dateFormat)
 {
     bool quoted = false;
@@ -88,7 +88,7 @@ int DateOrder(const QString& dateFormat)
     return 0;
 }
 
-// What the desktop itself says where WIN.INI is silent on all of it.
+// The desktop's setting, if WIN.INI has no such section.
 std::optional<QString> SystemValue(const IniFile& held, const QString& section, const QString& key, const QString& file)
 {
     const auto is = [](const QString& text, QLatin1StringView name) {
@@ -126,13 +126,13 @@ int IntegerAtStart(QStringView text)
 bool WriteAll(const QString& path, const std::vector<Change>& changes)
 {
     if (changes.empty()) return true;
-    // Somebody may have removed the folder since it was made.
+    // The folder may have been removed meanwhile.
     if (path.startsWith(folders::WindowsDirectory())) QDir().mkpath(folders::WindowsDirectory());
     const bool isWritten = inistorage::Change(path, [&](const QByteArray& before) {
         const std::optional<IniFile> after = Changed(IniFile(before), changes);
         return after ? std::optional(after->Text()) : std::nullopt;
     });
-    // Who writes a setting has mostly nobody to tell.
+    // Most callers cannot report the failure.
     if (!isWritten)
         LogError({errors::PathFileAccess, u"Could not write settings to "_s + path},
                  " in Profile, WritePrivateProfileString"_L1);
@@ -185,5 +185,5 @@ ProfileBatch::~ProfileBatch()
 {
     const auto held = g_held.find(m_file);
     WriteAll(m_file, held->Batch);
-    g_held.erase(held); // what is on the disk counts now
+    g_held.erase(held); // reads take the file from the disk again
 }

@@ -1,29 +1,27 @@
-// The INI store: files of [sections] and key=value lines, UTF-8, read and written one key at a time. A name without a
-// path means the Windows directory (folders.h). Sections and keys match without regard to case, the first match wins,
-// and lines that are no key are kept. Nothing here raises an error: a missing file or key is normal, a file that cannot
-// be read counts as it was last read, and a write that fails leaves the file as it was and is logged. Two programs may
-// use one file at the same time.
+// The INI store: files of [sections] and key=value lines, UTF-8, accessed one key at a time. A name without a path
+// means the Windows directory (folders.h). Sections and keys match in any letter case, and the first match wins. Other
+// lines are kept. Nothing raises an error: a missing file or key is normal, an unreadable file counts as last read, and
+// a failed write leaves the file unchanged and is logged. Several programs may use a file at the same time.
 #pragma once
 
 #include <QString>
 
-// The number at the start of the value (decimal, leading blanks skipped, a sign allowed), 0 for a value that is no
-// number, the default if the key is absent. Values beyond 32 bits are clamped.
+// The number at the start of the value: decimal, leading blanks and a sign allowed, clamped to 32 bits. 0 if the value
+// is not a number, the default if the key is absent.
 int GetPrivateProfileIntA(const QString& section, const QString& key, int defaultValue, const QString& file);
 
-// The value, or the default if the key is absent: without the blanks around it and one pair of quotes around it, cut to
-// size - 1 characters, as a buffer of that size would hold it.
+// The value, or the default if the key is absent. Surrounding blanks and one pair of quotes are removed; it is cut to
+// size - 1 characters.
 QString GetPrivateProfileStringA(const QString& section, const QString& key, const QString& defaultValue, int size,
                                  const QString& file);
 
-// Creates file, section and key as needed; false if it could not be written, in which case nothing has changed.
+// Creates file, section and key as needed. False: it could not be written, and nothing has changed.
 bool WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value, const QString& file);
-// The same for a number as text, which may have blanks around it: they stand in the file as they are, without quotes.
+// Writes a number as text. Surrounding blanks are stored as they are, without quotes.
 bool WritePrivateProfileNumber(const QString& section, const QString& key, const QString& number, const QString& file);
 
-// While one of these lives, the writes of this process to the file are held back; its end writes them in one
-// replacement of the file. Reads see them at once, and no longer if they could not be written at the end, which only
-// the log tells. Batches of one file do not nest.
+// While it exists, writes of this process to the file are held back; its destructor writes them in one replacement.
+// Reads see them at once, but lose them if that write fails, which is only logged. Batches of one file do not nest.
 class ProfileBatch
 {
 public:

@@ -42,6 +42,6 @@ bool Descriptor::IsLockedElsewhere(off_t begin, off_t count) const
 
 bool Descriptor::Sync() const
 {
-    // Some file systems have nothing to sync in a folder and say so.
+    // Some file systems have nothing to sync in a folder and report EINVAL.
     return ::fsync(m_number) == 0 || errno == EINVAL;
 }

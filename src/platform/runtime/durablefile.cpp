@@ -13,8 +13,7 @@ bool WriteDurably(const QString& path, const QByteArray& bytes, QString* reason)
 {
     QSaveFile file(path);
     bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
-    // The file object's own commit goes on if the bytes cannot be synced: a network drive may find out only then that
-    // it is full.
+    // QSaveFile::commit() ignores a failed sync, but a full network drive may be reported only there.
     if (written && ::fsync(file.handle()) != 0) {
         if (reason) *reason = qt_error_string(errno);
         return false;

@@ -28,13 +28,13 @@ void CloseErrorLog()
 
 void LogError(const RunTimeError& error, QLatin1StringView literal)
 {
-    // An endless run of errors must not end the program by its own counter.
+    // The counter stops at its maximum and never overflows.
     if (g_iErrCount < INT16_MAX) ++g_iErrCount;
     if (g_iErrFile < 0) return;
     QString text = error.Description;
     text.replace(u'\n', u' ');
     const QByteArray line = QString(Str(g_iErrCount) + u':' + text + literal + u'\n').toUtf8();
-    // A log on a full disk is the one thing that cannot be reported anywhere.
+    // A log on a full disk cannot be reported anywhere.
     [[maybe_unused]] const auto written = ::write(g_iErrFile, line.constData(), static_cast<std::size_t>(line.size()));
 }
 

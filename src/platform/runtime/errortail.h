@@ -1,5 +1,5 @@
-// The error discipline: a failing step is counted, written to the log and passed over, and the steps after it still
-// run. The person at the screen sees nothing of it; what deserves a message raises one itself.
+// The error discipline: a failing step is counted, logged and skipped, and the later steps still run. The person sees
+// nothing unless the routine shows a message.
 #pragma once
 
 #include "platform/runtime/runtimeerror.h"
@@ -12,19 +12,19 @@
 #include <utility>
 #include <vector>
 
-extern bool g_bErrorTrap;        // whether tails catch at all; set by start-up, never cleared
-extern std::int16_t g_iErrCount; // errors of this run, 0 at start-up; written by LogError alone
-extern int g_iErrFile;           // descriptor of the open log, -1 when there is none
+extern bool g_bErrorTrap;        // tails catch errors; set by start-up, never cleared
+extern std::int16_t g_iErrCount; // errors of this run; written by LogError only
+extern int g_iErrFile;           // descriptor of the log, -1 if none is open
 
-// Opens the log for output, which empties it, and sets the counter to 0. Error 75 if it cannot be written.
+// Empties the log and sets the counter to 0. Raises errors::PathFileAccess if the log cannot be written.
 void OpenErrorLog(const QString& path);
 void CloseErrorLog();
 
-// Counts the error and writes " 3:text in Module, Routine". The literal brings its own leading blank.
+// Counts the error and writes " 3:text in Module, Routine". The literal includes its leading blank.
 void LogError(const RunTimeError& error, QLatin1StringView literal);
 
-// One for each routine, made with the routine's literal. Each call runs one step: true if the step came to its end,
-// false if an error was logged and passed over. A routine that leaves at the first error asks for the result.
+// A routine makes one with its literal and passes each step to it. True: the step ended. False: an error was logged. A
+// routine that must stop at the first error checks the result.
 class ErrorTail
 {
 public:
@@ -56,9 +56,8 @@ private:
     std::vector<int> m_silentNumbers;
 };
 
-// An action as the toolkit may call it back, from a signal, a timer or an event override: an error that no tail has
-// caught is logged under the literal and ends here, since it may not travel through the toolkit. It takes what a signal
-// brings, or nothing.
+// Wraps an action that the toolkit calls (signal, timer, event override). An exception must not pass through the
+// toolkit, so an error is logged under the literal and ends here. The action takes the signal's arguments or none.
 template <typename Action>
 [[nodiscard]] auto Guarded(QLatin1StringView literal, Action action)
 {

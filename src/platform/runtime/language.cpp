@@ -17,7 +17,7 @@ double HexadecimalValue(QStringView text)
     return !isLong && digits.size() <= 4 ? static_cast<std::int16_t>(value) : static_cast<qint32>(value);
 }
 
-// Length of the longest start of the text that reads as a decimal number.
+// Length of the decimal number at the start of the text.
 qsizetype NumberLength(QStringView text)
 {
     qsizetype at = 0;

@@ -1,5 +1,5 @@
-// The one exception of the code. Number tells what went wrong, Description says it to a person.
-// This file is the ground floor: it includes nothing of ours.
+// The only exception of the code. Number identifies the error, Description is for the person. This header is the ground
+// floor: it includes nothing of ours.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@ struct RunTimeError
     QString Description;
 };
 
-// Numbers that are raised or recognised in more than one room. The engine's own stand in engine/engineerrors.h.
+// Errors that several rooms raise or recognise. The engine's are in platform/engine/engineerrors.h.
 namespace errors {
 inline constexpr int Overflow = 6;
 inline constexpr int SubscriptOutOfRange = 9;
