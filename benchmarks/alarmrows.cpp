@@ -13,7 +13,7 @@ namespace {
 constexpr int AlarmsInAll = 10000, AlarmsADay = 8;
 constexpr Turns ManyTicks{30, 20};
 
-// Years of alarms, today's among them, none of which is due.
+// Years of alarms, today's included; none is due.
 struct AlarmPlanner
 {
     AlarmPlanner()
@@ -36,7 +36,7 @@ struct AlarmPlanner
         Raw = std::make_unique<RawPlanner>(RawPath);
     }
 
-    // The month's window goes on with its own planner afterwards.
+    // The month's window keeps its planner for the other rows.
     void Swap()
     {
         std::swap(g_dbPlanner, Planner);

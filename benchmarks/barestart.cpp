@@ -1,4 +1,4 @@
-// The least that a start could cost: a window of 35 text edits, in a program that links the toolkit alone.
+// The least that a start can cost: a window of 35 text edits in a program that links only the toolkit.
 #include "painting.h"
 #include "startend.h"
 

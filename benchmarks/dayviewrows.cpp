@@ -18,7 +18,7 @@ constexpr QRect Place(40, 40, 700, 600);
 constexpr Turns SomeTurns{20};
 constexpr Turns ManyKeys{30, 20};
 
-// As a camera gives it: no area of one colour.
+// Like a camera's picture: no area of one colour.
 QImage Photograph(int number)
 {
     QImage image(PictureSize, QImage::Format_RGB32);
@@ -36,7 +36,7 @@ QByteArray AsJpeg(const QImage& image)
     return file.data();
 }
 
-// The large note, once for the program as rich text and once for the floor as text and decoded pictures.
+// The large note: as rich text for the program, as text and decoded pictures for the floor.
 struct LargeNote
 {
     LargeNote()
@@ -53,7 +53,7 @@ struct LargeNote
         Rtf = WriteRtf(document);
     }
 
-    static int PlaceOf(int picture) { return picture * NotesInLargeOne / Pictures; } // a paragraph
+    static int PlaceOf(int picture) { return picture * NotesInLargeOne / Pictures; } // index of its paragraph
 
     std::vector<Note> Notes;
     std::vector<QImage> Images;
@@ -108,7 +108,7 @@ void TypeInto(QWidget& box, bool& typed)
 template <typename Open>
 Side KeystrokesIn(Open open)
 {
-    static QDialog* form = nullptr; // for the rest of the run
+    static QDialog* form = nullptr; // kept for the rest of the run
     static bool typed = false;
     return {[] { TypeInto(*form->findChild<QTextEdit*>(), typed); },
             [open] {

@@ -35,7 +35,7 @@ Recurrence Event()
     return {EventRtf(), QTextCharFormat(), [](qsizetype, qsizetype) {}};
 }
 
-// What the days hold before a step.
+// The days' contents before a step.
 enum class Days
 {
     Empty,
@@ -43,7 +43,7 @@ enum class Days
     WithEvent
 };
 
-// What they hold: their notes, or those with the event below.
+// By day: the note, or the note with the event below.
 const std::vector<QByteArray>& TextsOf(Days days)
 {
     static const auto make = [](bool withEvent) {
@@ -59,7 +59,7 @@ const std::vector<QByteArray>& TextsOf(Days days)
     return days == Days::WithNotes ? withNotes : withEvent;
 }
 
-// The planner of the window stands aside meanwhile.
+// Opens a planner in place of the window's, which its destructor restores.
 class OpenHere
 {
 public:
@@ -77,7 +77,7 @@ private:
     std::tuple<Database, Recordset, Recordset> m_aside;
 };
 
-// A planner of its own for each step, as it was before the first.
+// A fresh copy of the planner for each step.
 class EventPlanner
 {
 public:

@@ -9,7 +9,7 @@
 
 namespace {
 constexpr int Days = 36500;
-constexpr int DayOfRareWord = 20000; // of those, from the first
+constexpr int DayOfRareWord = 20000; // index of the day, from the first
 constexpr Turns Few{15};
 constexpr Turns Many{30, 20};
 const QString DateField = u"qmtDate"_s;
@@ -26,7 +26,7 @@ QByteArray TextOf(int day)
     return rtf;
 }
 
-// A planner of a hundred years with a note on every day, open in this program and by the bare library.
+// A planner with a note on every day of a hundred years, open by the engine and by the bare library.
 struct Century
 {
     explicit Century(const QString& path)
@@ -55,7 +55,7 @@ struct Century
 
     static QString Criterion(const QString& word) { return u"[qmtText] LIKE '*%1*'"_s.arg(word); }
 
-    // From the last record on, or from the one that was found before.
+    // Searches backwards from the last record or from the previous hit.
     void Find(const QString& word)
     {
         notes.FindLast(Criterion(word));
@@ -84,7 +84,7 @@ struct Search
 {
     const char* name;
     const char16_t* word;
-    const char* like; // as the word stands in the file
+    const char* like; // the pattern as stored text has it
 };
 } // namespace
 

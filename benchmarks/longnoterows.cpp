@@ -5,23 +5,23 @@
 
 namespace {
 constexpr int Cell = 17;
-constexpr int Bytes = 300'000; // as rich text, whatever the shape
+constexpr int Bytes = 300'000; // of rich text, in any shape
 constexpr Turns SomeTurns{10};
 constexpr Turns SomeKeys{10};
 
 struct Shape
 {
     const char* name;
-    int monthsBack;   // where the planner has a note of this shape
+    int monthsBack;   // how far back its month is
     int length;       // letters in a piece
-    int bytesBetween; // the rich text between two pieces
-    bool isLines;     // each piece a paragraph; otherwise each a run of another format
+    int bytesBetween; // rich text between two pieces
+    bool isLines;     // each piece is a paragraph; otherwise a run of its own format
 };
 
 constexpr Shape Shapes[] = {
     {"one word", 1, Bytes, 0, false}, {"8,700 runs", 2, 30, 4, false}, {"lines", 3, 60, 6, true}};
 
-// Hexadecimal digits, as a dump has them.
+// Hexadecimal digits, as in a dump.
 Note LongNote(const Shape& shape)
 {
     const Note formats = MakeNote(0);
@@ -45,7 +45,7 @@ void Press(QWidget& box, bool& typed)
     PaintNow();
 }
 
-// The month of a long note, and the way there from the shown month and back.
+// Turns between the shown month and the month of a long note.
 class LongMonth
 {
 public:
@@ -99,7 +99,7 @@ private:
     bool m_typed = false;
 };
 
-// A cell of its own, which breaks its lines anywhere: no text edit lays such a word out in less.
+// A box that may break lines anywhere: no text edit lays out such a word faster.
 class BareCell
 {
 public:
@@ -135,7 +135,7 @@ private:
 void AddLongNoteRows(const Add& add, PlannerWindow& ours)
 {
     for (const Shape& shape : Shapes) {
-        auto* const month = new LongMonth(ours, shape); // for the rest of the run
+        auto* const month = new LongMonth(ours, shape); // kept for the rest of the run
         auto* const bare = new BareCell(shape);
         add({std::string("turn to 300 kB, ") + shape.name,
              {[=] { month->Enter(); }, [=] { month->Prepare(); }, [=] { return month->Finish(); }},
@@ -143,7 +143,7 @@ void AddLongNoteRows(const Add& add, PlannerWindow& ours)
              SomeTurns});
     }
     for (const Shape& shape : Shapes) {
-        auto* const month = new LongMonth(ours, shape); // for the rest of the run
+        auto* const month = new LongMonth(ours, shape); // kept for the rest of the run
         auto* const bare = new BareCell(shape);
         add({std::string("key in 300 kB, ") + shape.name,
              {[=] { month->Type(); }, [=] { month->Focus(); }, [=] { return month->Finish(); }},

@@ -1,4 +1,4 @@
-// Prints one table: what a person does in the program, beside the least that it could cost.
+// Prints one table: the program's actions beside the least that each can cost.
 #include "rows.h"
 
 #include <QApplication>
@@ -32,7 +32,7 @@ Choice ReadChoice()
             qMax(1, parser.value(times).toInt()), qMax(1, parser.value(years).toInt())};
 }
 
-// The turns follow a name behind a slash.
+// The benchmark library appends the repetitions after a slash.
 std::string Filter(const std::string& row)
 {
     return row.empty() ? std::string(".") : "^" + row + "( floor)?/";
@@ -55,7 +55,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     const QString planner = folder.filePath(u"planner.mdb"_s);
     const Home shown{folder.filePath(u"shown"_s)};
     const Home started{folder.filePath(u"started"_s)};
-    // Before anything asks for a folder: nobody's own settings are to be seen or touched.
+    // Before any folder is asked for, so that nobody's own settings are read or written.
     UseHome(shown);
     WritePlanner(planner, choice.Years);
     Furnish(shown, planner);

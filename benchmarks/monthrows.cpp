@@ -36,7 +36,7 @@ Row SaveRow(PlannerWindow& ours, BarePlanner& bare)
             ManyMoves};
 }
 
-// A letter, and the next time the key that takes it back.
+// Types a letter, and at the next call deletes it.
 void TypeInto(QWidget& box, bool& typed)
 {
     const int key = typed ? Qt::Key_Backspace : Qt::Key_X;

@@ -22,7 +22,7 @@ QTextCharFormat Plain()
     return format;
 }
 
-// One kind for each run of a paragraph: what a person does to a word now and then.
+// One format for each run of a paragraph.
 const QTextCharFormat& FormatOfRun(int run)
 {
     static const auto formats = [] {
@@ -65,7 +65,7 @@ Note MakeNote(int number)
     return note;
 }
 
-// Emptying and filling are one change, or a view would lay the note out twice.
+// One edit block, or a view would lay the note out twice.
 void Build(const std::vector<Note>& notes, QTextDocument& document)
 {
     document.setUndoRedoEnabled(false);

@@ -1,4 +1,4 @@
-// Notes of 300 formatted characters, the same ones in every run, as runs of text that a cursor can put into a document.
+// Notes of 300 formatted characters, the same in every run, as text runs for a cursor.
 #pragma once
 
 #include <QTextCharFormat>
@@ -17,6 +17,6 @@ using Note = std::vector<NoteRun>;
 inline constexpr int NoteLength = 300;
 
 Note MakeNote(int number);
-// Replaces what is there by these notes, one below the other, without undo.
+// Replaces the document's text by these notes, one below the other, without undo.
 void Build(const std::vector<Note>& notes, QTextDocument& document);
 QByteArray RtfOf(const Note& note);

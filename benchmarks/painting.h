@@ -1,4 +1,4 @@
-// The bare window that floors are painted in, and the wait for what is painted to be on the screen.
+// The bare window for the floors' painting, and the wait until a painting is on the screen.
 #pragma once
 
 #include <QTextEdit>
@@ -9,7 +9,7 @@ inline constexpr QSize WindowSize(1240, 820);
 inline constexpr int BoxCount = 35;
 inline constexpr int WeekBoxCount = 7;
 
-// Text edits where the planner has its boxes, 35 for the month and, if wanted, then 7 for the week, and nothing else.
+// Text edits at the places of the planner's boxes: 35 for the month and, if wanted, 7 for the week.
 class BareWindow : public QWidget
 {
 public:
@@ -24,7 +24,7 @@ private:
     std::vector<QTextEdit*> m_boxes;
 };
 
-// Counts the paintings of text boxes, so that a step that painted nothing cannot pass for a quick one.
+// Counts paints of text boxes, so that a step that paints nothing cannot pass for a fast one.
 class PaintCount : public QObject
 {
 public:
@@ -38,5 +38,5 @@ private:
     int m_count = 0;
 };
 
-// Paints what waits for it and returns when the X server has drawn it.
+// Runs pending paints and returns when the X server has drawn them.
 void PaintNow();

@@ -117,7 +117,7 @@ void PairReporter::PrintLine(const std::string& name) const
                 Median(ours.Costs) / Median(floor->second.Costs));
 }
 
-// The ratio is one of costs: 2 is twice the floor's time or memory, whatever the unit before it.
+// The ratio compares costs: 2 is twice the floor's time or memory, whatever unit is printed.
 void PairReporter::Finalize()
 {
     std::printf("%-34s %12s %12s %8s\n", "action", "ours", "floor", "ratio");

@@ -1,5 +1,5 @@
-// A row of the table: what the program does beside its floor. Both sides run in turns, in random order, so that what
-// else happens on the machine meets both alike.
+// A row of the table: the program beside its floor. Both run in turns, in random order, so that other load affects both
+// alike.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -12,14 +12,14 @@
 struct Side
 {
     std::function<void()> Act;
-    std::function<void()> Prepare = [] {};            // before each step, not measured
-    std::function<bool()> Done = [] { return true; }; // false: the step did not do what the row says
+    std::function<void()> Prepare = [] {};            // before each step; not measured
+    std::function<bool()> Done = [] { return true; }; // false: the step did not do its work
 };
 
 struct Turns
 {
     int Repetitions; // the table shows their median
-    int Steps = 1;   // in each
+    int Steps = 1;   // per repetition
 };
 
 struct Row
@@ -28,12 +28,11 @@ struct Row
     Side Ours;
     Side Floor;
     Turns Count;
-    double Bytes = 0; // that a step works through; then the table shows megabytes a second
+    double Bytes = 0; // per step; if set, the table shows megabytes a second
 };
 
 void AddRow(const Row& row, bool withFloor);
 
-// Measures megabytes instead of time.
 struct MemoryRow
 {
     std::string Name;
@@ -44,7 +43,7 @@ struct MemoryRow
 
 void AddRow(const MemoryRow& row, bool withFloor);
 
-// Prints a line for each row when all have run.
+// Prints one line per row after all have run.
 class PairReporter : public benchmark::BenchmarkReporter
 {
 public:
@@ -64,7 +63,7 @@ private:
     static std::string Shown(const Result& result);
     void PrintLine(const std::string& name) const;
 
-    std::vector<std::string> m_rows; // in the order of the table
+    std::vector<std::string> m_rows; // in table order
     std::map<std::string, Result> m_results;
     bool m_failed = false;
 };

@@ -8,9 +8,9 @@
 #include <QTextCursor>
 
 namespace {
-constexpr int StepOfResize = 14; // two pixels a column
+constexpr int StepOfResize = 14; // two pixels per column
 
-// The caret is painted where the keyboard is.
+// Only a window with the focus paints a caret.
 void Activate(QWidget& box)
 {
     constexpr int LongestWait = 1000;
@@ -22,7 +22,7 @@ void Activate(QWidget& box)
     PaintNow();
 }
 
-// Without a caret meanwhile, which would be pushed to the end and so have all of the note laid out.
+// Moves the caret away first: text inserted before it would push it to the end, which lays out the whole note.
 void Show(const Note& note, QTextEdit& box)
 {
     box.setTextCursor(QTextCursor());
@@ -30,7 +30,7 @@ void Show(const Note& note, QTextEdit& box)
     box.setTextCursor(QTextCursor(box.document()));
 }
 
-// Grows and shrinks in turns, so that a note stays as long as it was.
+// Inserts and deletes in turns, so that the note keeps its length.
 void Change(RichTextBox& box)
 {
     QTextCursor cursor(box.document());
@@ -103,7 +103,7 @@ void PlannerWindow::ResizeStep()
     PaintNow();
 }
 
-// A month that stayed empty is painted sooner than any floor.
+// An empty month would be painted faster than any floor.
 bool PlannerWindow::ShowsNotes() const
 {
     const YearMonth month = m_ahead ? ThisMonth().Next() : ThisMonth();
@@ -139,7 +139,7 @@ BarePlanner::BarePlanner(const QString& path)
     : m_file(path), m_months{MakeMonth(ThisMonth()), MakeMonth(ThisMonth().Next())}
 {
     for (QTextEdit* box : m_window.Boxes()) {
-        // One that comes and goes with the text has each note laid out three times, which no floor needs.
+        // A scroll bar that appears with the text makes the box lay out three times, which no floor needs.
         box->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         m_paintings.Watch(*box);
     }
@@ -160,7 +160,7 @@ BarePlanner::Month BarePlanner::MakeMonth(YearMonth month)
     return made;
 }
 
-// What is read is not interpreted here: the floor of that is the same text by a cursor.
+// The rich text is not parsed: the floor inserts the same text with a cursor.
 void BarePlanner::ReadInto(const Month& month, int firstBox, int count, bool show)
 {
     const auto read = m_file.Read(month.keys.first(count));
@@ -176,7 +176,7 @@ void BarePlanner::MoveMonth(bool saves)
     ReadInto(m_months[m_shown], 0, BoxCount, true);
 }
 
-// The boxes still hold the notes of the view that was left, and they are the same.
+// The boxes still hold this month's notes.
 void BarePlanner::ShowMonth()
 {
     if (!std::exchange(m_inWeek, false)) return;
@@ -207,7 +207,7 @@ void BarePlanner::ResizeStep()
 void BarePlanner::Save()
 {
     Month& month = m_months[m_shown];
-    // Other bytes of the same length: a row that stays as it is might cost less.
+    // Changes a byte, since storing an unchanged row might cost less.
     for (QByteArray& text : month.texts)
         text.back() = text.back() == ' ' ? '\n' : ' ';
     m_file.Write(month.keys, month.texts);

@@ -1,4 +1,4 @@
-// The program's main window with the ten years open, and the bare window over the same file beside it on the screen.
+// The program's main window with the ten years open, and beside it the bare window over the same file.
 #pragma once
 
 #include "painting.h"
@@ -14,12 +14,12 @@ public:
 
     void Trigger(const char* entry) const;
     RichTextBox& Box(int cell) const;
-    void MoveMonth(); // to the next month and back again in turns
+    void MoveMonth(); // to the next month and back in turns
     void ShowMonth();
     void ShowThisMonth();
     void ShowWeek();
-    void MoveWeek();   // to the next week and back again in turns
-    void ResizeStep(); // a little narrower and wider again in turns
+    void MoveWeek();   // to the next week and back in turns
+    void ResizeStep(); // narrower and wider in turns
     void ChangeAllNotes() const;
     void SaveIfChanged() const;
     void Focus(int cell) const;

@@ -36,7 +36,7 @@ void SetUp(QPrinter& printer)
     printer.setOutputFileName(PdfPath());
 }
 
-// Nobody is there to answer.
+// Prints to a file without asking.
 struct FilePrinter final : SystemPrinter
 {
     bool AskForJob(QWidget*) override
@@ -75,7 +75,7 @@ struct PrintingWindow
     Printing printing;
 };
 
-// The same notes, a document each, and nothing around them.
+// The same notes, one document each, and nothing else.
 void PrintBare(const std::vector<Note>& notes)
 {
     QPrinter printer(QPrinter::HighResolution);

@@ -7,7 +7,7 @@
 #include <sqlite3.h>
 
 namespace {
-// A floor that did nothing would be no floor.
+// A floor must do its work, so a failed call ends the run.
 void Check(bool holds, sqlite3* database)
 {
     if (holds) return;
@@ -128,7 +128,7 @@ void RawPlanner::Put(const QStringList& keys, const std::vector<QByteArray>& not
 
 bool RawPlanner::HasAlarm(const QString& date, const QString& time)
 {
-    // Only here: the planners of the other rows hold notes alone.
+    // Prepared on first use: other rows' planners have no alarms.
     if (m_alarms == nullptr) {
         m_alarms = Prepare(R"(SELECT "Alarm Time" FROM "Alarm Table" WHERE "Alarm Date" = ?1)");
     }

@@ -19,20 +19,20 @@ public:
         Exclusive,
         Shared
     };
-    // With the journal and sync that the program uses.
+    // Uses the program's journal mode and sync.
     explicit RawPlanner(const QString& path, Locking locking = Locking::Exclusive);
     ~RawPlanner();
     RawPlanner(const RawPlanner&) = delete;
     RawPlanner& operator=(const RawPlanner&) = delete;
 
     std::vector<QByteArray> Read(const QStringList& keys);
-    // The key of the first note behind this key, the smallest first, whose text is LIKE that; empty for none.
+    // The smallest key after behind whose text is LIKE the pattern; empty for none.
     QString FindLike(const QByteArray& like, const QString& behind = {});
-    void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // in one transaction
-    void AddEvent(); // the record of a recurring event, in a transaction of its own
-    // As Write, but each day is looked up first, and one without a record gets one.
+    void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // one transaction
+    void AddEvent(); // adds a recurring event's record in its own transaction
+    // Like Write, but looks each day up first and adds missing records.
     void Put(const QStringList& keys, const std::vector<QByteArray>& notes);
-    bool HasAlarm(const QString& date, const QString& time); // by a look at each alarm of the date
+    bool HasAlarm(const QString& date, const QString& time); // reads each alarm of the date
 
 private:
     sqlite3_stmt* Prepare(const char* text);

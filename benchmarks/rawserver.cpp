@@ -12,7 +12,7 @@ struct RawServer::Session
 };
 
 namespace {
-// The database's own tools do not know the planner's name.
+// The database's own tools do not know the planner parameter.
 QString WithoutPlanner(const QString& address)
 {
     QUrl url(address);

@@ -1,4 +1,4 @@
-// A planner on a server by the bare client library: the least that reading and writing notes there can cost.
+// A planner on a server by the bare client library: the least that reading and writing notes can cost there.
 #pragma once
 
 #include <QByteArray>
@@ -11,12 +11,12 @@
 class RawServer
 {
 public:
-    // address as the planner's link has it, with the planner's name.
+    // address is the planner's link, including the planner's name.
     explicit RawServer(const QString& address);
     ~RawServer();
 
-    std::size_t Read(const QStringList& keys);                     // in one query; how many there are
-    void LockAndWrite(const QString& key, const QByteArray& note); // takes an advisory lock, updates, lets go
+    std::size_t Read(const QStringList& keys);                     // one query; returns the number found
+    void LockAndWrite(const QString& key, const QByteArray& note); // takes an advisory lock, updates, unlocks
 
 private:
     struct Session;

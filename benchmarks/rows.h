@@ -1,4 +1,4 @@
-// The rows of the table by what they need.
+// The table's rows, grouped by what they need.
 #pragma once
 
 #include "pairs.h"

@@ -1,4 +1,4 @@
-// One start of the program.
+// One measured start of the program.
 #include "shell/startup.h"
 #include "startend.h"
 
@@ -9,7 +9,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"orrelin"_s);
     QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
-    // The last box with its note in it.
+    // Ends when the last box shows its note.
     const EndAfterPainting end(
         [](const QTextEdit& box) { return box.objectName() == u"tbDay(35)" && !box.document()->isEmpty(); });
     return RunOrrelin(application);

@@ -47,7 +47,7 @@ bool EndAfterPainting::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::Paint || m_ending) return false;
     const auto* box = qobject_cast<const QTextEdit*>(watched->parent());
     m_ending = box && box->viewport() == watched && m_isLast(*box);
-    // The painting goes to the screen after this event.
+    // Queued: the painting reaches the screen after this event.
     if (m_ending) QMetaObject::invokeMethod(this, End, Qt::QueuedConnection);
     return false;
 }

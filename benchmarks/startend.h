@@ -1,5 +1,5 @@
-// The end of a start that is measured: as soon as the last box of the month is painted, the process ends. With --memory
-// it first tells what it holds and has held at most, in kilobytes.
+// Ends the process of a measured start as soon as the month's last box is painted. With --memory it first prints its
+// memory now and at its peak, in kilobytes.
 #pragma once
 
 #include <QTextEdit>
@@ -9,7 +9,7 @@
 class EndAfterPainting : public QObject
 {
 public:
-    // The rule says of a painted box whether it is the last one.
+    // Says whether a painted box is the last one.
     using Rule = std::function<bool(const QTextEdit&)>;
     explicit EndAfterPainting(Rule isLast);
 

@@ -14,7 +14,7 @@
 #include <unistd.h>
 
 namespace {
-QByteArray g_config, g_data; // the home of the started ones, as lines of an environment
+QByteArray g_config, g_data; // environment lines of the started processes
 
 std::vector<char*> Environment()
 {
@@ -27,14 +27,13 @@ std::vector<char*> Environment()
     return lines;
 }
 
-// Ours, and the floor.
 enum class Program
 {
     Orrelin,
     Bare
 };
 
-// From here to the end of the started process; false if it did not end well.
+// Runs the process to its end. False if it failed.
 bool Start(Program program, std::vector<QByteArray> arguments, int output)
 {
     const QByteArray name = program == Program::Orrelin ? "/orrelin-bench-start" : "/orrelin-bench-barestart";
@@ -56,7 +55,7 @@ bool Start(Program program, std::vector<QByteArray> arguments, int output)
 
 struct Memory
 {
-    double Resident = 0; // shared pages by their share
+    double Resident = 0; // shared pages count in part
     double Peak = 0;
 };
 
@@ -77,7 +76,7 @@ Memory MemoryOf(Program program)
     return {memory.Resident / KilobytesPerMegabyte, memory.Peak / KilobytesPerMegabyte};
 }
 
-// The window of the last one goes from the screen first.
+// Lets the last process's window leave the screen.
 void Settle()
 {
     constexpr unsigned long ForTheServer = 30;

@@ -1,4 +1,4 @@
-// A planner of ten years, or so many, with a note in every cell, days and memos: 12 months a year of 35 notes.
+// A planner of ten years, or of a chosen number, with a note in every cell: 12 months a year, 35 notes each.
 #pragma once
 
 #include "notes.h"
@@ -12,14 +12,14 @@ struct YearMonth
     YearMonth Next() const { return month == 12 ? YearMonth{year + 1, 1} : YearMonth{year, month + 1}; }
 };
 
-YearMonth ThisMonth();               // stands in the midst of the years
+YearMonth ThisMonth();               // in the middle of the years
 QStringList KeysOf(YearMonth month); // of cells 1 to 35
 int NoteNumber(YearMonth month, int cell);
 
 inline constexpr int UsualYears = 10;
 void WritePlanner(const QString& path, int years);
 
-// A home with settings that load a copy of the planner at the start, as a person would have it.
+// A home whose settings load a copy of the planner at start.
 struct Home
 {
     QString Folder;
@@ -29,4 +29,4 @@ struct Home
 };
 
 void Furnish(const Home& home, const QString& planner);
-void UseHome(const Home& home); // for this process and those it starts
+void UseHome(const Home& home); // for this process and its children

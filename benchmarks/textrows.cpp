@@ -11,7 +11,7 @@ namespace {
 constexpr double FiveMegabytes = 5e6;
 constexpr Turns FewTurns{7};
 
-// The same text as many notes and as one document; made once, as both rows of each need it.
+// The same text as many notes and as one document; built once for both rows.
 struct Texts
 {
     Texts()
@@ -64,7 +64,7 @@ void BuildWhole()
     Build(AllTexts().Notes, document);
 }
 
-// The same bytes for both, from the disk.
+// The same bytes for both sides, read from disk.
 const QString& WholeFile()
 {
     static QTemporaryFile file;
@@ -93,7 +93,7 @@ void ReadByOtherReader()
     g_otherReaderRan = reader.waitForFinished(-1) && reader.exitCode() == 0;
 }
 
-// A day's documents are many; a few dozen of them in turns stand for all.
+// A few dozen of a day's documents, in turns, stand for all.
 const std::vector<std::unique_ptr<QTextDocument>>& SomeDocuments()
 {
     constexpr int Some = 64;
@@ -118,7 +118,7 @@ const QTextDocument& WholeDocument()
     return *document;
 }
 
-// The floor of writing: every fragment visited, its format looked at and its letters copied, without a word of RTF.
+// The floor of writing: visits every fragment, reads its format and copies its text, without RTF.
 QByteArray CopyOf(const QTextDocument& document)
 {
     QByteArray copy;

@@ -21,10 +21,10 @@ bool IsWritten(const QString& file)
     return QImageReader(file).size() == Screen;
 }
 
-// The month's notes in bare boxes, as large as the screen.
+// The month's notes in bare boxes that fill the screen.
 BareWindow& LargeWindow()
 {
-    static BareWindow* window = nullptr; // for the rest of the run
+    static BareWindow* window = nullptr; // kept for the rest of the run
     if (window) return *window;
     window = new BareWindow{QPoint()};
     window->resize(Screen);
@@ -38,7 +38,7 @@ BareWindow& LargeWindow()
 
 void AddWallpaperRows(const Add& add, PlannerWindow& ours, const QString& planner)
 {
-    // Nobody's own desktop is to change: the picture goes to the root of the virtual screen.
+    // Leaves the real desktop alone: the picture goes to the root of the virtual screen.
     qunsetenv("XDG_CURRENT_DESKTOP");
     const auto picture = [] {
         return folders::ApplicationDirectory() + u'/' + QFileInfo(g_sDBTitle).completeBaseName() + u".bmp"_s;

@@ -12,7 +12,7 @@ constexpr int IdleSessions = 50;
 const QString Equal = u"="_s;
 const QString TextField = u"qmtText"_s;
 
-// Other bytes each time, of the same length: a row that stays as it is might cost less.
+// Changes a byte each time, since storing an unchanged row might cost less.
 QByteArray NextNote()
 {
     static QByteArray note = RtfOf(MakeNote(1));
@@ -26,7 +26,7 @@ const QStringList& Keys()
     return keys;
 }
 
-// A planner that is open as a workgroup has it, in this program and by the bare library. Made when first measured.
+// A workgroup's planner, open by the engine and by the bare library. Made when first measured.
 template <typename Raw>
 struct Shared
 {
@@ -46,7 +46,7 @@ struct Shared
         }
     }
 
-    // As a day is held while somebody types: a recordset of its own.
+    // Holds a day as typing does: on a recordset of its own.
     void LockAndUnlock()
     {
         Recordset day = schema::OpenNotes(planner);
@@ -97,7 +97,7 @@ Shared<RawServer>& OnServer(const QString& planner)
     return shared;
 }
 
-// Each store's floor has one transaction for the day and one query or transaction for the cells.
+// Writes the day in one transaction. Reading the cells takes one more.
 void WriteRaw(RawPlanner& raw)
 {
     raw.Write({Keys().first()}, {NextNote()});
@@ -134,7 +134,7 @@ double ServerMegabytes()
     return sum;
 }
 
-// What the server holds more for so many people who have the planner open and shown, and do nothing.
+// The server's extra memory for so many idle programs with the planner open.
 template <typename Open>
 double CostOf(Open open)
 {
