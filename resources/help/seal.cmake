@@ -1,5 +1,5 @@
-# Puts the SHA-256 of the resource, 64 hexadecimal letters, behind it: the toolkit reads a cut or damaged resource
-# without looking, so the program looks at the sum before it hands one over.
+# Appends the SHA-256 of the resource, 64 hexadecimal digits. The toolkit does not check a resource for damage, so the
+# program compares the sum before it registers one.
 file(SHA256 ${RESOURCE} sum)
 file(WRITE ${RESOURCE}.sum ${sum})
 execute_process(COMMAND ${CMAKE_COMMAND} -E cat ${RESOURCE} ${RESOURCE}.sum OUTPUT_FILE ${SEALED}
