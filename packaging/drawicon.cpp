@@ -1,4 +1,4 @@
-// drawicon PICTURE.svg PICTURE.png SIZE: the picture in that many pixels a side, drawn and not scaled.
+// drawicon PICTURE.svg PICTURE.png SIZE: draws the picture at SIZE pixels a side; it does not scale pixels.
 #include <QCoreApplication>
 #include <QImageReader>
 #include <QStringList>

@@ -1,7 +1,7 @@
-# Shared by the scripts of this tree: installs what is missing, builds, gives a screen. Sourced, never started.
-# need KIND...             install the packages of scripts/packages.txt of these kinds that are not there yet
+# Shared by the scripts of this tree: installs packages, builds, starts a virtual screen. Sourced, never run.
+# need KIND...             install the missing packages of these kinds from scripts/packages.txt
 # build PRESET             configure and build with all cores
-# virtual_screen SIZE      start an X server; $screen is its process, $screen_name what DISPLAY is to be
+# virtual_screen SIZE      start an X server; $screen is its process, $screen_name the value for DISPLAY
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$top"
@@ -36,7 +36,7 @@ build() {
     cmake --build --preset "$preset" --parallel "$(nproc)" "$@" >&2
 }
 
-# In a session of its own: Ctrl+C is for the program, which still needs its screen then.
+# In a session of its own: Ctrl+C must reach only the program, which still needs its screen.
 virtual_screen() {
     local number=90
     while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
@@ -46,6 +46,6 @@ virtual_screen() {
         [ -e "/tmp/.X11-unix/X$number" ] && return
         sleep 0.05
     done
-    say "The virtual screen $screen_name does not come up."
+    say "The virtual screen $screen_name does not start."
     exit 1
 }
