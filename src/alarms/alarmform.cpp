@@ -260,7 +260,7 @@ void AlarmHandlers::mnuChangeAlarms_Click()
     if (!Refuses()) AlarmForm(AlarmForm::Mode::Browse, CurrentCell(), m_cells, m_turn, m_tmAlarm).exec();
 }
 
-// Closing the browser reads the cells again, so text in a locked day is stored first.
+// Closing the window reads the cells again, so text in a locked day is stored first.
 void AlarmHandlers::btnTunes_Click(int Index)
 {
     if (RefusesWithoutPlanner()) return;

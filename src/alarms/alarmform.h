@@ -1,5 +1,5 @@
 // The editor of alarms. New makes an alarm; Browse steps through the alarms of one day and deletes. The alarm clock is
-// stopped while it is open. Esc cancels; if no control has the focus, Esc leaves the clock stopped until the editor is
+// stopped while it is open. Esc cancels; if no control has the focus, Esc leaves the clock stopped until an editor is
 // closed in another way.
 #pragma once
 

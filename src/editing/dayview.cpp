@@ -185,7 +185,7 @@ void DayView::TakeOver()
 {
     if (g_bDBShared) JoinWithTheirs();
     if (!ShowsDay()) {
-        // The calendar has turned to another month meanwhile.
+        // The calendar has turned meanwhile.
         if (!g_bDBShared) m_notes.PutNote(m_day.key, {m_isEmpty ? QByteArray() : m_text, {}, {}});
         return;
     }

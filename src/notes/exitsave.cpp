@@ -49,7 +49,7 @@ void ExitSave::SaveBeforeExit(bool mayAsk)
     m_journal.Leave();
 }
 
-// The journal is offered at the planner's next opening; of a rescue file nobody would learn.
+// The planner's next opening offers the journal, while a rescue file could go unnoticed.
 void ExitSave::KeepForNextTime()
 {
     m_isEnded = true;

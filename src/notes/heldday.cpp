@@ -247,7 +247,7 @@ void HeldDay::LeaveBehind()
     UnsavedNotes typed = m_notes.Unsaved();
     AddTyped(typed);
     const auto note = typed.Find(g_sNotesFile, m_record.Key());
-    // First of all, since a server may delay the release of the record.
+    // Before the record is released, since a server may delay that.
     if (note && m_cells.tbDay(cell).Modified()) m_notes.LeaveBehind(m_record.Key(), *note);
     LetGo();
 }

@@ -271,7 +271,7 @@ std::optional<RunTimeError> Opening::Reopen(const std::function<void()>& work)
     ClosePlanner();
     damage::SetListener(nullptr); // the command reports damage itself
     const auto failure = FailureOf(work);
-    // g_sDBPath may name another file, if a New was refused to replace it.
+    // After a New that must not replace a file, g_sDBPath names that file.
     filesystem::Remember(file);
     g_sDBPath = file.toLower();
     g_sDBTitle = QFileInfo(file).fileName().toLower();

@@ -17,7 +17,7 @@ enum class Frequency
 QString WordOf(Frequency frequency);
 std::optional<Frequency> FrequencyOf(const QString& word);
 
-// The date one step of days, weeks, months or years after current. Days and weeks that cross a month's end use the
+// The date step days, weeks, months or years after current. Days and weeks that cross a month's end use the
 // length of the month where the call began, so they can name a day that does not exist. Months and years take the
 // start's day, cut to the month's length; a cut day stays until a month is no longer than the start's day.
 GridDay NextDate(Frequency frequency, const GridDay& start, GridDay current, int step);

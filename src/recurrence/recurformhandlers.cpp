@@ -150,7 +150,7 @@ Recurrence RecurForm::Event()
     return {m_tbRecurse->TextRTF(), plain, [this](qsizetype done, qsizetype all) { ShowProgress(done, all); }};
 }
 
-// Paints only the bar, without processing events: one could close the window or change the notes.
+// Paints only the bar, without processing events, which could close the window or change the notes.
 void RecurForm::ShowProgress(qsizetype done, qsizetype all)
 {
     constexpr int Noticed = 500; // milliseconds

@@ -45,7 +45,6 @@ int FirstSlotOfWeek(int year, int month, int day);
 bool IsMemoCaption(const QString& caption);
 
 // The cell with this caption in the shown month, in words: "Wednesday, March 17, 1999", "Memo 2 of March 1999".
-// "Memo 2 of March 1999".
 QString DayInWords(const QString& caption);
 
 // The date key of the cell with this caption in the shown month.

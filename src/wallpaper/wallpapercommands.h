@@ -17,7 +17,7 @@ public:
     void mnuPrevWallpaper_Click();
     void mnuWallpaperOption_Click();
 
-    // Makes the shown calendar the wallpaper. False after a message: the desktop did not take it.
+    // Makes the shown calendar the wallpaper. False after a message about the failure.
     bool fnSetWallpaper();
     // Renews the wallpaper if the options say so, waiting at most two seconds for the desktop. A failure is shown only
     // if somebody is there to read it.

@@ -13,7 +13,7 @@ bool WriteDurably(const QString& path, const QByteArray& bytes, QString* reason)
 {
     QSaveFile file(path);
     bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
-    // QSaveFile::commit() ignores a failed sync, but a full network drive may be reported only there.
+    // A full network drive may be noticed only by the sync, whose failure QSaveFile::commit() ignores.
     if (written && ::fsync(file.handle()) != 0) {
         if (reason) *reason = qt_error_string(errno);
         return false;
