@@ -5,6 +5,7 @@
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
 #include "rows.h"
+#include "state/moddate.h"
 #include "state/plannerstate.h"
 
 #include <QFile>
@@ -12,6 +13,12 @@
 namespace {
 constexpr int AlarmsInAll = 10000, AlarmsADay = 8;
 constexpr Turns ManyTicks{30, 20};
+
+QString DateKeyOf(const QDateTime& time)
+{
+    const QDate day = time.date();
+    return KeyOf({day.year(), day.month(), day.day()});
+}
 
 // Years of alarms, today's included; none is due.
 struct AlarmPlanner
@@ -25,7 +32,7 @@ struct AlarmPlanner
         WriteTransaction writing(file);
         for (int i = 0; i < AlarmsInAll; ++i) {
             const QDateTime day = Noon.addDays(i / AlarmsADay - AlarmsInAll / AlarmsADay / 2);
-            subAddAlarmRecord(alarms, {AlarmDateOf(day), u"24:00"_s, RtfOf(MakeNote(i)), {}, true});
+            subAddAlarmRecord(alarms, {DateKeyOf(day), u"24:00"_s, RtfOf(MakeNote(i)), {}, true});
         }
         writing.Commit();
         alarms.Close();
@@ -44,7 +51,7 @@ struct AlarmPlanner
     }
 
     void SetNextMinute() { desktopclock::SetForTests(Noon.addSecs(60 * (++Minute % (12 * 60)))); }
-    bool HasAlarm() { return Raw->HasAlarm(AlarmDateOf(Noon), u"12:00"_s); }
+    bool HasAlarm() { return Raw->HasAlarm(DateKeyOf(Noon), u"12:00"_s); }
 
     const QDateTime Noon{QDate::currentDate(), QTime(12, 0)};
     const QString Path = folders::ApplicationDirectory() + u"/alarms.mdb"_s;
@@ -56,7 +63,7 @@ struct AlarmPlanner
 };
 } // namespace
 
-void AddAlarmRows(const Add& add, QWidget& client)
+void AddAlarmRows(const TakeRow& add, QWidget& client)
 {
     static std::unique_ptr<AlarmPlanner> planner;
     static AlarmClock clock(client);

@@ -120,7 +120,7 @@ Side KeystrokesIn(Open open)
 }
 } // namespace
 
-void AddDayViewRows(const Add& add)
+void AddDayViewRows(const TakeRow& add)
 {
     const auto painted = [] { return g_paintings.Take() >= 1; };
     const auto settle = [] { TheNote(), PaintNow(), g_paintings.Take(); };

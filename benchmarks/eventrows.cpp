@@ -148,7 +148,7 @@ Row WriteRow(const char* name, EventPlanner& planner, const std::vector<QByteArr
 }
 } // namespace
 
-void AddEventRows(const Add& add)
+void AddEventRows(const TakeRow& add)
 {
     static EventPlanner empty(u"empty"_s, Days::Empty);
     static EventPlanner full(u"full"_s, Days::WithNotes);

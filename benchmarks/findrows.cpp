@@ -88,7 +88,7 @@ struct Search
 };
 } // namespace
 
-void AddFindRows(const Add& add, const QString& planner)
+void AddFindRows(const TakeRow& add, const QString& planner)
 {
     static constexpr Search searches[] = {
         {"find a rare word", u"zebrafink", "%zebrafink%"},

@@ -132,7 +132,7 @@ private:
 };
 } // namespace
 
-void AddLongNoteRows(const Add& add, PlannerWindow& ours)
+void AddLongNoteRows(const TakeRow& add, PlannerWindow& ours)
 {
     for (const Shape& shape : Shapes) {
         auto* const month = new LongMonth(ours, shape); // kept for the rest of the run

@@ -63,7 +63,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     PlannerWindow ours;
     BarePlanner bare(planner);
     std::vector<std::string> names;
-    const Add add = [&](Row row) {
+    const TakeRow add = [&](Row row) {
         names.push_back(row.Name);
         row.Count.Repetitions *= choice.Times;
         AddRow(row, choice.WithFloor);

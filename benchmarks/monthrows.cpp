@@ -88,7 +88,7 @@ Row ResizeRow(PlannerWindow& ours, BarePlanner& bare)
 }
 } // namespace
 
-void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare)
+void AddMonthRows(const TakeRow& add, PlannerWindow& ours, BarePlanner& bare)
 {
     add(MoveRow(ours, bare));
     add(SavingMoveRow(ours, bare));

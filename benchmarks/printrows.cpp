@@ -1,6 +1,5 @@
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/sidebar.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/print/qmtprn32.h"
@@ -61,13 +60,12 @@ struct PrintingWindow
 {
     explicit PrintingWindow(const QWidget& window)
         : bottom{window.findChild<SSPanel*>(u"panelBottom"_s)},
-          printing({*window.findChild<Cells*>(), bottom, view}, sidebar, lock, FontDialog, printer, library)
+          printing({*window.findChild<Cells*>(), bottom, view}, lock, FontDialog, printer, library)
     {
     }
 
     MonthView view;
     BottomPanel bottom;
-    Sidebar sidebar;
     NoLock lock;
     CommonDialog FontDialog{nullptr};
     FilePrinter printer;
@@ -96,7 +94,7 @@ void PrintBare(const std::vector<Note>& notes)
 }
 } // namespace
 
-void AddPrintRow(const Add& add, PlannerWindow& ours)
+void AddPrintRow(const TakeRow& add, PlannerWindow& ours)
 {
     static std::vector<Note> notes;
     for (int cell = 1; cell <= BoxCount; ++cell)

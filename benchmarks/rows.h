@@ -6,17 +6,17 @@
 
 #include <QString>
 
-using Add = std::function<void(const Row&)>;
+using TakeRow = std::function<void(const Row&)>;
 using AddMemory = std::function<void(const MemoryRow&)>;
 
-void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home);
-void AddMonthRows(const Add& add, PlannerWindow& ours, BarePlanner& bare);
-void AddLongNoteRows(const Add& add, PlannerWindow& ours);
-void AddTextRows(const Add& add);
-void AddDayViewRows(const Add& add);
-void AddFindRows(const Add& add, const QString& planner);
-void AddWallpaperRows(const Add& add, PlannerWindow& ours, const QString& planner);
-void AddPrintRow(const Add& add, PlannerWindow& ours);
-void AddWorkgroupRows(const Add& add, const AddMemory& addMemory, const QString& planner);
-void AddEventRows(const Add& add);
-void AddAlarmRows(const Add& add, QWidget& client);
+void AddStartRows(const TakeRow& add, const AddMemory& addMemory, const Home& home);
+void AddMonthRows(const TakeRow& add, PlannerWindow& ours, BarePlanner& bare);
+void AddLongNoteRows(const TakeRow& add, PlannerWindow& ours);
+void AddTextRows(const TakeRow& add);
+void AddDayViewRows(const TakeRow& add);
+void AddFindRows(const TakeRow& add, const QString& planner);
+void AddWallpaperRows(const TakeRow& add, PlannerWindow& ours, const QString& planner);
+void AddPrintRow(const TakeRow& add, PlannerWindow& ours);
+void AddWorkgroupRows(const TakeRow& add, const AddMemory& addMemory, const QString& planner);
+void AddEventRows(const TakeRow& add);
+void AddAlarmRows(const TakeRow& add, QWidget& client);

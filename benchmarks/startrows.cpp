@@ -91,7 +91,7 @@ Side StartOf(Program program)
 }
 } // namespace
 
-void AddStartRows(const Add& add, const AddMemory& addMemory, const Home& home)
+void AddStartRows(const TakeRow& add, const AddMemory& addMemory, const Home& home)
 {
     constexpr int Starts = 20, Looks = 5;
     g_config = "XDG_CONFIG_HOME=" + home.Config().toUtf8();

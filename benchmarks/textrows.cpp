@@ -152,7 +152,7 @@ QByteArray Rtf(const QTextDocument& document)
 }
 } // namespace
 
-void AddTextRows(const Add& add)
+void AddTextRows(const TakeRow& add)
 {
     const double bytes = AllTexts().Bytes;
     const double wholeBytes = double(AllTexts().Whole.size());

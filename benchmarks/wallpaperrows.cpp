@@ -36,7 +36,7 @@ BareWindow& LargeWindow()
 }
 } // namespace
 
-void AddWallpaperRows(const Add& add, PlannerWindow& ours, const QString& planner)
+void AddWallpaperRows(const TakeRow& add, PlannerWindow& ours, const QString& planner)
 {
     // Leaves the real desktop alone: the picture goes to the root of the virtual screen.
     qunsetenv("XDG_CURRENT_DESKTOP");

@@ -108,7 +108,7 @@ void WriteRaw(RawServer& raw)
 }
 
 template <typename Raw>
-void AddStore(const Add& add, const char* store, const std::function<Shared<Raw>&()>& shared)
+void AddStore(const TakeRow& add, const char* store, const std::function<Shared<Raw>&()>& shared)
 {
     const auto ready = [shared] { shared().found = 0; };
     const auto readAll = [shared] { return shared().found == BoxCount; };
@@ -163,7 +163,7 @@ std::unique_ptr<RawServer> OpenRaw()
 }
 } // namespace
 
-void AddWorkgroupRows(const Add& add, const AddMemory& addMemory, const QString& planner)
+void AddWorkgroupRows(const TakeRow& add, const AddMemory& addMemory, const QString& planner)
 {
     AddStore<RawPlanner>(
         add, "file", [planner]() -> auto& { return InFile(planner); });

@@ -3,7 +3,7 @@
 #include "appearance/initfontform.h"
 #include "appearance/styleform.h"
 #include "calendar/redraw.h"
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
 #include "notes/turn.h"

@@ -1,9 +1,9 @@
 #include "calendar/ccalendarview.h"
 
 #include "calendar/redraw.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
-#include "hall/sidebar.h"
 #include "notes/alarmmarks.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"

@@ -1,8 +1,7 @@
 #include "calendar/cellframes.h"
 
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/formatbar.h"
-#include "hall/sidebar.h"
 #include "platform/controls/picturestrip.h"
 #include "platform/controls/toolbar.h"
 #include "platform/runtime/errortail.h"

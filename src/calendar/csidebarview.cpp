@@ -1,7 +1,7 @@
 #include "calendar/csidebarview.h"
 
+#include "hall/bars.h"
 #include "hall/menus.h"
-#include "hall/sidebar.h"
 #include "platform/controls/picturestrip.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/desktop/twips.h"

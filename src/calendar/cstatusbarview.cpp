@@ -1,6 +1,6 @@
 #include "calendar/cstatusbarview.h"
 
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/panelstyle.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/sspanel.h"

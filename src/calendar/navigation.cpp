@@ -3,7 +3,7 @@
 #include "calendar/ccalendarview.h"
 #include "calendar/cscreenlayout.h"
 #include "calendar/redraw.h"
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/foot.h"
 #include "hall/menus.h"

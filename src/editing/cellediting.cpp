@@ -2,8 +2,8 @@
 
 #include "editing/defaultfont.h"
 #include "editing/formatting.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/formatbar.h"
 #include "hall/menus.h"
 #include "notes/heldday.h"
 #include "platform/controls/orlcombo.h"

@@ -1,10 +1,9 @@
 #include "editing/dayview.h"
 
 #include "editing/zoomboxform.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/foot.h"
-#include "hall/networkcontrols.h"
-#include "hall/sidebar.h"
 #include "notes/heldday.h"
 #include "notes/journal.h"
 #include "notes/qmtdb.h"

@@ -1,8 +1,8 @@
 #include "editing/formatting.h"
 
 #include "editing/fontcommand.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/formatbar.h"
 #include "notes/heldday.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/postkey.h"

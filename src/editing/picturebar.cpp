@@ -1,6 +1,6 @@
 #include "editing/picturebar.h"
 
-#include "hall/sidebar.h"
+#include "hall/bars.h"
 #include "platform/controls/picturestrip.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/mousepointer.h"

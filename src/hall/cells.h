@@ -28,10 +28,8 @@ public:
     void EnterAgain();
 
     void Number(int cell, const DaySlot& slot);
-    const QString& KeyOf(int cell) const
-    {
-        return m_days.at(std::size_t(cell)).key;
-    }                                                                         // its date key, empty before Number
+    // Its date key, empty before Number.
+    const QString& KeyOf(int cell) const { return m_days.at(std::size_t(cell)).key; }
     int DayOf(int cell) const { return m_days.at(std::size_t(cell)).number; } // of the month; 0 for a memo
 
     // The caret has its day while it is in a cell that shows the day of the last remembered entry. A redraw may put

@@ -1,6 +1,6 @@
 #include "hall/foot.h"
 
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "platform/controls/sspanel.h"
 #include "state/modshow.h"
 

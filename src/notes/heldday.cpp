@@ -1,8 +1,7 @@
 #include "notes/heldday.h"
 
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/networkcontrols.h"
-#include "hall/sidebar.h"
 #include "notes/qmtdb.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/tabstrip.h"

@@ -1,7 +1,7 @@
 #include "planners/networkmode.h"
 
+#include "hall/bars.h"
 #include "hall/menus.h"
-#include "hall/networkcontrols.h"
 #include "notes/heldday.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"

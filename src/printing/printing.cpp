@@ -1,6 +1,6 @@
 #include "printing/printing.h"
 
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
 #include "platform/controls/named.h"
 #include "platform/desktop/commondialog.h"

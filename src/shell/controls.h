@@ -1,12 +1,9 @@
 // Makes the main window's controls, in groups.
 #pragma once
 
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/formatbar.h"
 #include "hall/menus.h"
-#include "hall/networkcontrols.h"
-#include "hall/sidebar.h"
 #include "platform/desktop/commondialog.h"
 
 class QLabel;

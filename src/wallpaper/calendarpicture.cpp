@@ -1,7 +1,7 @@
 #include "wallpaper/calendarpicture.h"
 
 #include "calendar/ccalendarview.h"
-#include "hall/bottompanel.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
 #include "platform/desktop/clock.h"

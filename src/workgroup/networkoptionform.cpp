@@ -1,6 +1,6 @@
 #include "workgroup/networkoptionform.h"
 
-#include "hall/networkcontrols.h"
+#include "hall/bars.h"
 #include "planners/servermove.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"

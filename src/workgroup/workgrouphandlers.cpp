@@ -1,8 +1,8 @@
 #include "workgroup/workgrouphandlers.h"
 
 #include "editing/dayview.h"
+#include "hall/bars.h"
 #include "hall/cells.h"
-#include "hall/networkcontrols.h"
 #include "notes/heldday.h"
 #include "notes/turn.h"
 #include "platform/controls/picturebutton.h"

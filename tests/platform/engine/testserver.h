@@ -64,6 +64,14 @@ public:
             rows += row.Text(0);
         return rows;
     }
+    // Runs a file of statements.
+    void Load(const QString& script) const
+    {
+        const int code = QProcess::execute(
+            Program("psql"), {u"-qXv"_s, u"ON_ERROR_STOP=1"_s, u"-o"_s, u"/dev/null"_s, u"-f"_s, script, u"-h"_s,
+                              m_folder.path(), u"-p"_s, QString::number(m_port), u"-U"_s, u"ann"_s, u"postgres"_s});
+        if (code != 0) qFatal("The test's server does not take the statements");
+    }
     // Cuts the connections of all planners, and tells how many there were.
     int Cut() const
     {
