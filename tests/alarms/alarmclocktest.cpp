@@ -176,74 +176,63 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), QString());
     }
 
-    void typingGoesOnInAnotherWindow_data()
-    {
-        QTest::addColumn<QByteArray>("box");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("date") << QByteArray("maskUntil") << "3/20/1999";
-        QTest::newRow("list") << QByteArray("cmbRecurDays") << "4"; // behind the 1 that stands there
-    }
-
     // Return in a box of one line would press the default button of the window behind.
     void typingGoesOnInAnotherWindow()
     {
-        QFETCH(QByteArray, box);
-        QFETCH(QString, text);
-        OnNextModal<RecurForm>([&](RecurForm& form) {
-            auto& typedInto = In<QWidget>(form, box.constData());
-            typedInto.setFocus();
-            QTRY_COMPARE(QApplication::focusWidget(), &typedInto);
-            RingWhile([&](QWidget& typed) {
-                QTest::keyClicks(&typed, text);
-                QTest::keyClick(&typed, Qt::Key_Return);
+        for (const auto& [what, box, text] : Rows<QByteArray, QString>{
+                 {"date", "maskUntil", u"3/20/1999"_s},
+                 {"list", "cmbRecurDays", u"4"_s}, // behind the 1 that stands there
+             }) {
+            const InRow row(this, what);
+            OnNextModal<RecurForm>([&](RecurForm& form) {
+                auto& typedInto = In<QWidget>(form, box.constData());
+                typedInto.setFocus();
+                QTRY_COMPARE(QApplication::focusWidget(), &typedInto);
+                RingWhile([&](QWidget& typed) {
+                    QTest::keyClicks(&typed, text);
+                    QTest::keyClick(&typed, Qt::Key_Return);
+                });
+                const QString until = In<MaskEdBox>(form, "maskUntil").Text();
+                QCOMPARE(box == "maskUntil" ? until : In<QComboBox>(form, "cmbRecurDays").currentText(),
+                         box == "maskUntil" ? u"03/20/1999"_s : u"14"_s);
+                QVERIFY(form.isVisible());
+                QTest::keyClick(&form, Qt::Key_Escape);
             });
-            const QString until = In<MaskEdBox>(form, "maskUntil").Text();
-            QCOMPARE(box == "maskUntil" ? until : In<QComboBox>(form, "cmbRecurDays").currentText(),
-                     box == "maskUntil" ? u"03/20/1999"_s : u"14"_s);
-            QVERIFY(form.isVisible());
-            QTest::keyClick(&form, Qt::Key_Escape);
-        });
-        m_program->Trigger("mnuRecurse");
-        QCOMPARE(WaitingAnswers(), 0);
-    }
-
-    void tunes_data()
-    {
-        QTest::addColumn<QString>("tune");
-        QTest::addColumn<bool>("silence");
-        QTest::addColumn<bool>("told");
-        QTest::newRow("missing music") << "gone.mid" << false << true;
-        QTest::newRow("no tune") << "" << false << true;
-        QTest::newRow("missing wave") << "gone.wav" << false << false;
-        QTest::newRow("silent") << "gone.mid" << true << false;
+            m_program->Trigger("mnuRecurse");
+            QCOMPARE(WaitingAnswers(), 0);
+        }
     }
 
     // What is told of a tune stands over the window, which is there already and would cover it otherwise.
     void tunes()
     {
-        QFETCH(QString, tune);
-        QFETCH(bool, silence);
-        QFETCH(bool, told);
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", tune.toLatin1().constData(), silence)});
-        QString text;
-        QString owner;
-        if (told) {
-            OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
-                for (int key = 0; key < 60; ++key) { // a running typist would close it unread
-                    QTest::keyClick(form.focusWidget(), Qt::Key_Space);
-                    QTest::qWait(20);
-                }
-                QCOMPARE(QApplication::activeModalWidget(), &form);
-            });
-            OnNextModal<QMessageBox>([&](QMessageBox& box) {
-                if (box.parentWidget() && box.parentWidget()->isVisible()) owner = box.parentWidget()->objectName();
-                text = box.windowTitle() + u':' + box.text();
-                QTest::keyClick(&box, Qt::Key_Return);
-            });
+        for (const auto& [what, tune, silence, told] :
+             Rows<QString, bool, bool>{{"missing music", u"gone.mid"_s, false, true},
+                                       {"no tune", u""_s, false, true},
+                                       {"missing wave", u"gone.wav"_s, false, false},
+                                       {"silent", u"gone.mid"_s, true, false}}) {
+            const InRow row(this, what);
+            AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", tune.toLatin1().constData(), silence)});
+            QString text;
+            QString owner;
+            if (told) {
+                OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
+                    for (int key = 0; key < 60; ++key) { // a running typist would close it unread
+                        QTest::keyClick(form.focusWidget(), Qt::Key_Space);
+                        QTest::qWait(20);
+                    }
+                    QCOMPARE(QApplication::activeModalWidget(), &form);
+                });
+                OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                    if (box.parentWidget() && box.parentWidget()->isVisible()) owner = box.parentWidget()->objectName();
+                    text = box.windowTitle() + u':' + box.text();
+                    QTest::keyClick(&box, Qt::Key_Return);
+                });
+            }
+            QCOMPARE(TickAt(9, 30).size(), 1);
+            QCOMPARE(owner == u"AlarmEventForm", told);
+            QCOMPARE(text.startsWith(u"Orrelin:"_s), told);
         }
-        QCOMPARE(TickAt(9, 30).size(), 1);
-        QCOMPARE(owner == u"AlarmEventForm", told);
-        QCOMPARE(text.startsWith(u"Orrelin:"_s), told);
     }
 
     void musicPlaysWhileTheWindowIsOpen()

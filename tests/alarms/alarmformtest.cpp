@@ -114,39 +114,30 @@ private Q_SLOTS:
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
-    void badInput_data()
-    {
-        QTest::addColumn<bool>("isDated");
-        QTest::addColumn<QString>("time");
-        QTest::addColumn<QString>("note");
-        QTest::addColumn<QString>("told");
-        const QString wrongTime = u"The time you have entered is not valid"_s;
-        QTest::newRow("hour 13") << true << u"1300"_s << u"x"_s << wrongTime;
-        QTest::newRow("nothing at all") << true << QString() << "" << wrongTime;
-        QTest::newRow("no note") << true << u"0900"_s << u""_s << u"Notes field cannot be empty"_s;
-        QTest::newRow("half a date") << false << u"0900"_s << u"x"_s << u"The date you have entered is not complete"_s;
-    }
-
     // Each is told once, and leaves the window as it was filled in.
     void badInput()
     {
-        QFETCH(bool, isDated);
-        QFETCH(QString, time);
-        QFETCH(QString, note);
-        QFETCH(QString, told);
-        m_program->New(m_file);
-        m_program->Click(18);
-        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
-            FillIn(form, time.left(2), time.mid(2), note);
-            In<MaskEdBox>(form, "maskAlarmDate").setCursorPosition(0);
-            if (!isDated) QTest::keyClick(&In<MaskEdBox>(form, "maskAlarmDate"), Qt::Key_Delete);
-            ExpectBox(told);
-            Click(form, "btnOk");
-            QVERIFY(form.isVisible());
-            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
-            Click(form, "btnCancel");
-        });
-        QCOMPARE(StoredAlarms(), QStringList());
+        const QString wrongTime = u"The time you have entered is not valid"_s;
+        for (const auto& [what, isDated, time, note, told] : Rows<bool, QString, QString, QString>{
+                 {"hour 13", true, u"1300"_s, u"x"_s, wrongTime},
+                 {"nothing at all", true, {}, u""_s, wrongTime},
+                 {"no note", true, u"0900"_s, u""_s, u"Notes field cannot be empty"_s},
+                 {"half a date", false, u"0900"_s, u"x"_s, u"The date you have entered is not complete"_s}}) {
+            const InRow row(this, what);
+            m_program->New(m_file);
+            m_program->Click(18);
+            InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+                FillIn(form, time.left(2), time.mid(2), note);
+                In<MaskEdBox>(form, "maskAlarmDate").setCursorPosition(0);
+                if (!isDated) QTest::keyClick(&In<MaskEdBox>(form, "maskAlarmDate"), Qt::Key_Delete);
+                ExpectBox(told);
+                Click(form, "btnOk");
+                QVERIFY(form.isVisible());
+                QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
+                Click(form, "btnCancel");
+            });
+            QCOMPARE(StoredAlarms(), QStringList());
+        }
     }
 
     // What the planner does not take stays in the window.
@@ -177,18 +168,9 @@ private Q_SLOTS:
             for (const auto& [picture, box, shown] :
                  {std::tuple("picHourDn", "maskHour", "12"), std::tuple("picHourUp", "maskHour", "01"),
                   std::tuple("picMinuteDn", "maskMinute", "59"), std::tuple("picMinuteUp", "maskMinute", "00")}) {
-                auto& button = In<PictureButton>(form, picture);
-                QTest::mousePress(&button, Qt::LeftButton);
-                QVERIFY(button.Visible(1) && Shown(form, box) != QLatin1StringView(shown)); // at the release
-                QTest::mouseRelease(&button, Qt::LeftButton);
-                QVERIFY(button.Visible(0));
+                Press(form, picture);
                 QCOMPARE(Shown(form, box), QLatin1StringView(shown));
             }
-            auto& stop = In<PictureButton>(form, "picStop"); // has its pictures the other way round
-            QTest::mousePress(&stop, Qt::LeftButton);
-            QVERIFY(stop.Visible(0));
-            QTest::mouseRelease(&stop, Qt::LeftButton);
-            QVERIFY(stop.Visible(1));
             Click(form, "btnCancel");
         });
     }
@@ -217,34 +199,26 @@ private Q_SLOTS:
         }
     }
 
-    void waysOut_data()
-    {
-        QTest::addColumn<QByteArray>("command");
-        QTest::addColumn<QByteArray>("way");
-        for (const char* command : {"mnuNewAlarm", "mnuChangeAlarms"}) {
-            for (const char* way : {"button", "esc", "esc at the window", "close"})
-                QTest::addRow("%s, %s", command, way) << QByteArray(command) << QByteArray(way);
-        }
-    }
-
     void waysOut()
     {
-        QFETCH(QByteArray, command);
-        QFETCH(QByteArray, way);
-        m_program->New(m_file);
-        InEditor(command.constData(), [&](AlarmForm& form) {
-            const bool isNew = command == "mnuNewAlarm";
-            QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), isNew);
-            if (isNew) FillIn(form, u"9"_s, u"00"_s, u"dropped"_s);
-            if (way == "esc at the window") form.setFocus();
-            if (way.startsWith("esc")) QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
-            if (way == "close") form.close();
-            if (way == "button") QTest::keyClick(&In<QPushButton>(form, isNew ? "btnCancel" : "btnOk"), Qt::Key_Return);
-        });
-        QCOMPARE(ClockRuns(), way != "esc at the window");
-        QCOMPARE(StoredAlarms(), QStringList());
-        InEditor("mnuNewAlarm", [&](AlarmForm& form) { Click(form, "btnCancel"); });
-        QVERIFY(ClockRuns());
+        for (const bool isNew : {true, false}) {
+            for (const QByteArray way : {"button", "esc", "esc at the window", "close"}) {
+                const InRow row(this, way.constData());
+                m_program->New(m_file);
+                InEditor(isNew ? "mnuNewAlarm" : "mnuChangeAlarms", [&](AlarmForm& form) {
+                    QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), isNew);
+                    if (isNew) FillIn(form, u"9"_s, u"00"_s, u"dropped"_s);
+                    if (way == "esc at the window") form.setFocus();
+                    if (way.startsWith("esc")) QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+                    if (way == "close") form.close();
+                    if (way == "button") Click(form, isNew ? "btnCancel" : "btnOk");
+                });
+                QCOMPARE(ClockRuns(), way != "esc at the window");
+                QCOMPARE(StoredAlarms(), QStringList());
+                InEditor("mnuNewAlarm", [&](AlarmForm& form) { Click(form, "btnCancel"); });
+                QVERIFY(ClockRuns());
+            }
+        }
     }
 
     // Without alarms, with those of other days alone, and with some of the day.
@@ -331,43 +305,40 @@ private Q_SLOTS:
         QVERIFY(Mark(18));
     }
 
-    void theMarkGoesAtOkOnly_data()
-    {
-        QTest::addColumn<bool>("isShared");
-        QTest::newRow("personal") << false;
-        QTest::newRow("workgroup") << true; // where the mark is the one way in
-    }
-
     // What is in a locked day is stored before the window opens.
     void theMarkGoesAtOkOnly()
     {
-        QFETCH(bool, isShared);
-        m_program->New(m_file, isShared);
-        AddAlarms({MakeAlarm("1999/3/17", "9:00", "only")}); // as an older planner has it
-        m_program->Trigger(isShared ? "mnuRefresh" : "mnuSave");
-        m_program->Click(20);
-        if (isShared) m_program->Trigger("mnuLockDay");
-        QTest::keyClicks(&m_program->Box(20), u"typed"_s);
-        for (const bool ok : {false, true}) {
-            OnNextModal<AlarmForm>([&](AlarmForm& form) {
-                QCOMPARE(Row(form).contains(u"only"_s), !ok);
-                if (isShared) QVERIFY(m_program->Stored(m_file, u"1999/3/19"_s).contains("typed"));
-                Click(form, "btnDelete");
-                QVERIFY(Mark(18));
-                if (ok) Click(form, "btnOk");
-                if (!ok) QTest::keyClick(&form, Qt::Key_Escape);
-            });
-            QTest::mouseClick(Mark(18), Qt::LeftButton);
-            QTRY_COMPARE(WaitingAnswers(), 0);
-            QTRY_COMPARE(Mark(18) == nullptr, ok);
-            QCOMPARE(StoredAlarms(), QStringList());
-            QCOMPARE(m_program->Box(20).Text(), u"typed"_s);
-            m_program->Activate();
+        for (const auto& [what, isShared] : Rows<bool>{
+                 {"personal", false}, {"workgroup", true}, // where the mark is the one way in
+             }) {
+            const InRow row(this, what);
+            m_program->New(m_file, isShared);
+            AddAlarms({MakeAlarm("1999/3/17", "9:00", "only")}); // as an older planner has it
+            m_program->Trigger(isShared ? "mnuRefresh" : "mnuSave");
+            m_program->Click(20);
+            if (isShared) m_program->Trigger("mnuLockDay");
+            QTest::keyClicks(&m_program->Box(20), u"typed"_s);
+            for (const bool ok : {false, true}) {
+                OnNextModal<AlarmForm>([&](AlarmForm& form) {
+                    QCOMPARE(Row(form).contains(u"only"_s), !ok);
+                    if (isShared) QVERIFY(m_program->Stored(m_file, u"1999/3/19"_s).contains("typed"));
+                    Click(form, "btnDelete");
+                    QVERIFY(Mark(18));
+                    if (ok) Click(form, "btnOk");
+                    if (!ok) QTest::keyClick(&form, Qt::Key_Escape);
+                });
+                QTest::mouseClick(Mark(18), Qt::LeftButton);
+                QTRY_COMPARE(WaitingAnswers(), 0);
+                QTRY_COMPARE(Mark(18) == nullptr, ok);
+                QCOMPARE(StoredAlarms(), QStringList());
+                QCOMPARE(m_program->Box(20).Text(), u"typed"_s);
+                m_program->Activate();
+            }
+            QCOMPARE(In<PictureButton>(*m_program->form, "picLock").Visible(0), isShared);
+            QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock sees that the table is empty
+            AddAlarms({MakeAlarm("1999/3/17", "11:00", "new")});
+            QVERIFY(!g_rsAlarm.EOF_());
         }
-        QCOMPARE(In<PictureButton>(*m_program->form, "picLock").Visible(0), isShared);
-        QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock sees that the table is empty
-        AddAlarms({MakeAlarm("1999/3/17", "11:00", "new")});
-        QVERIFY(!g_rsAlarm.EOF_());
     }
 
     void aLongNoteCanBeReadThrough()

@@ -80,22 +80,8 @@ class EventTextTest : public QObject
         return blocks;
     }
 
-private Q_SLOTS:
-    void GoesBelowWhatTheNoteHeld_data()
+    static void CheckGoesBelow(const QByteArray& note, const QByteArray& event)
     {
-        QTest::addColumn<QByteArray>("note");
-        QTest::addColumn<QByteArray>("event");
-        for (const char* note : {"word", "no mark at the end", "bold and centred", "paragraphs", "list", "picture",
-                                 "a vector drawing", "a link", "no rich text", "nothing", "one blank"}) {
-            for (const char* event : {"word", "bold and centred", "paragraphs", "list", "picture", "a link"})
-                QTest::addRow("%s, then %s", note, event) << Named(note) << Named(event);
-        }
-    }
-
-    void GoesBelowWhatTheNoteHeld()
-    {
-        QFETCH(QByteArray, note);
-        QFETCH(QByteArray, event);
         EventText text(event, PlainFormat());
         const QByteArray once = text.AppendedTo(note);
         QCOMPARE(Described(once), Described(note) + Described(event));
@@ -110,6 +96,15 @@ private Q_SLOTS:
         QCOMPARE(lines.size(), before.size() + (added.lastBlock().text().isEmpty() ? 2 : 1));
         const bool hadItBefore = text.TakenOutOf(note).has_value();
         if (!hadItBefore) QCOMPARE(lines.first(before.size()), before);
+    }
+
+private Q_SLOTS:
+    void GoesBelowWhatTheNoteHeld()
+    {
+        for (const char* held : {"word", "no mark at the end", "bold and centred", "paragraphs", "list", "picture",
+                                 "a vector drawing", "a link", "no rich text", "nothing", "one blank"})
+            for (const char* event : {"word", "bold and centred", "paragraphs", "list", "picture", "a link"})
+                CheckGoesBelow(Named(held), Named(event));
     }
 
     void IsFoundAsAWordOfOneParagraph_data()

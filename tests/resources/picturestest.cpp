@@ -3,7 +3,6 @@
 // Every picture that ships has its icon file, and each size in it can be read and shows something.
 #include <QDir>
 #include <QImageReader>
-#include <QTest>
 
 class PicturesTest : public QObject
 {
