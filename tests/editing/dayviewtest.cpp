@@ -65,37 +65,33 @@ private Q_SLOTS:
         QCOMPARE(Ini("Zoombox", "Height"), u"6000"_s);
     }
 
-    void waysOutWithoutTheText_data()
-    {
-        QTest::addColumn<bool>("cancels");
-        QTest::newRow("cancel") << true;
-        QTest::newRow("escape") << false;
-    }
     void waysOutWithoutTheText()
     {
-        QFETCH(bool, cancels);
-        m_program->New(m_file);
-        m_program->Type(18, u"kept"_s);
-        InDayView([cancels](ZoomBoxForm& form) {
-            form.move(60, 50);
-            QTest::keyClicks(&form.tbZoom(), u"never "_s);
-            if (cancels)
-                Press(form, "btnCancel");
-            else
-                QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
-        });
-        Q_EMIT m_program->Panel(18).DblClick();
-        QCOMPARE(WaitingAnswers(), 0);
-        RichTextBox& box = m_program->Box(18);
-        QCOMPARE(m_program->Bottom().Caption().contains(u"Ctrl+Z"_s), !cancels);
-        QCOMPARE(box.Text(), u"kept"_s);
-        for (const char* undone : {"never kept", "kept"}) {
-            if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
-            if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
-            QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // the offer is over
+        for (const auto& [what, cancels] : Rows<bool>{{"cancel", true}, {"escape", false}}) {
+            const InRow row(this, what);
+            m_program->New(m_file);
+            m_program->Type(18, u"kept"_s);
+            InDayView([cancels](ZoomBoxForm& form) {
+                form.move(60, 50);
+                QTest::keyClicks(&form.tbZoom(), u"never "_s);
+                if (cancels)
+                    Press(form, "btnCancel");
+                else
+                    QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
+            });
+            Q_EMIT m_program->Panel(18).DblClick();
+            QCOMPARE(WaitingAnswers(), 0);
+            RichTextBox& box = m_program->Box(18);
+            QCOMPARE(m_program->Bottom().Caption().contains(u"Ctrl+Z"_s), !cancels);
+            QCOMPARE(box.Text(), u"kept"_s);
+            for (const char* undone : {"never kept", "kept"}) {
+                if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+                if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
+                QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // the offer is over
+            }
+            QCOMPARE(Ini("Zoombox", "Left"), u"none"_s);
+            QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("kept"));
         }
-        QCOMPARE(Ini("Zoombox", "Left"), u"none"_s);
-        QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("kept"));
     }
 
     // Whoever closes a window by its title expects what was written to be there.
@@ -164,21 +160,6 @@ private Q_SLOTS:
         AnswerNextBox(msgbox::Ok, &seen);
         Q_EMIT m_program->Panel(18).DblClick();
         QCOMPARE(seen.Text, u"This day cannot be opened, since its note could not be read."_s);
-    }
-
-    // By a signal or the session's end; a person cannot close the main window behind it.
-    void theEndOfTheProgramKeepsWhatStandsInTheWindow()
-    {
-        m_program->New(m_file);
-        m_program->Click(18);
-        InDayView([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), u"unfinished"_s);
-            m_program->form->subExitProgram(Mainform::SessionEnds);
-            form.reject();
-        });
-        m_program->Trigger("mnuDayView");
-        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("unfinished"));
-        QVERIFY(!ScratchExists());
     }
 
     // Commands act on the day that was open, not on the one where the caret had been.

@@ -64,42 +64,36 @@ private Q_SLOTS:
     }
     void cleanup() { m_program.reset(); }
 
-    void stylesToggleFromEveryPlace_data()
-    {
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<int>("letter");
-        QTest::newRow("bold") << u"mnuBold"_s << u"bold"_s << int(Qt::Key_B);
-        QTest::newRow("italic") << u"mnuItalic"_s << u"italic"_s << int(Qt::Key_I);
-        QTest::newRow("underline") << u"mnuUnderline"_s << u"underline"_s << int(Qt::Key_U);
-        QTest::newRow("strikethrough") << u"mnuStrikeThru"_s << u"strikethru"_s << int(Qt::Key_T);
-    }
     void stylesToggleFromEveryPlace()
     {
-        QFETCH(QString, entry);
-        QFETCH(QString, key);
-        QFETCH(int, letter);
-        const auto on = [&](const RichTextBox& box) {
-            return key == u"bold"        ? box.SelBold()
-                   : key == u"italic"    ? box.SelItalic()
-                   : key == u"underline" ? box.SelUnderline()
-                                         : box.SelStrikeThru();
-        };
-        RichTextBox& box = Write(u"half and half"_s);
-        ToolbarButton& button = Button(key.toLatin1());
-        Select(box, 0, 4);
-        m_program->Trigger(entry.toLatin1());
-        QVERIFY(*on(box) && button.Value() == 1 && !button.MixedState());
-        m_program->Trigger((entry + u'R').toLatin1());
-        QVERIFY(!*on(box) && button.Value() == 0);
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QVERIFY(*on(box) && button.Value() == 1);
-        Select(box, 0, 13); // half of it: the bar follows, and the command makes it uniform but stays grey
-        QVERIFY(!on(box) && button.MixedState());
-        QTest::keyClick(&box, Qt::Key(letter), Qt::ControlModifier);
-        QVERIFY(*on(box) && button.MixedState());
-        Select(box, 2, 3);
-        QVERIFY(!button.MixedState() && button.Value() == 1);
+        for (const auto& [what, entry, key, letter] :
+             Rows<QString, QString, int>{{"bold", u"mnuBold"_s, u"bold"_s, int(Qt::Key_B)},
+                                         {"italic", u"mnuItalic"_s, u"italic"_s, int(Qt::Key_I)},
+                                         {"underline", u"mnuUnderline"_s, u"underline"_s, int(Qt::Key_U)},
+                                         {"strikethrough", u"mnuStrikeThru"_s, u"strikethru"_s, int(Qt::Key_T)}}) {
+            const InRow row(this, what);
+            const auto on = [&](const RichTextBox& box) {
+                return key == u"bold"        ? box.SelBold()
+                       : key == u"italic"    ? box.SelItalic()
+                       : key == u"underline" ? box.SelUnderline()
+                                             : box.SelStrikeThru();
+            };
+            RichTextBox& box = Write(u"half and half"_s);
+            ToolbarButton& button = Button(key.toLatin1());
+            Select(box, 0, 4);
+            m_program->Trigger(entry.toLatin1());
+            QVERIFY(*on(box) && button.Value() == 1 && !button.MixedState());
+            m_program->Trigger((entry + u'R').toLatin1());
+            QVERIFY(!*on(box) && button.Value() == 0);
+            QTest::mouseClick(&button, Qt::LeftButton);
+            QVERIFY(*on(box) && button.Value() == 1);
+            Select(box, 0, 13); // half of it: the bar follows, and the command makes it uniform but stays grey
+            QVERIFY(!on(box) && button.MixedState());
+            QTest::keyClick(&box, Qt::Key(letter), Qt::ControlModifier);
+            QVERIFY(*on(box) && button.MixedState());
+            Select(box, 2, 3);
+            QVERIFY(!button.MixedState() && button.Value() == 1);
+        }
     }
 
     void combosActOnTheSelectionAndFollowIt()

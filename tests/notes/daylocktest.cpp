@@ -69,6 +69,26 @@ private Q_SLOTS:
         QVERIFY(m_program->PressLockAndHear().startsWith(u"Please select"_s));
     }
 
+    // To another program, and from it.
+    void aPersonalPlannerIsItsOwnersAlone()
+    {
+        m_other = Recordset();
+        const QString path = m_program->folders.Path(m_program->File);
+        OtherProgram other;
+        QCOMPARE(other.Open(path, false), u"0"_s);
+        SeenBox seen;
+        AnswerNextFileDialog(path);
+        Program::AnswerOpenAs(false);
+        AnswerNextBox(msgbox::Ok, &seen);
+        m_program->Trigger("mnuOpen");
+        QVERIFY2(seen.Text.contains(u"already in use by "_s + OtherProgram::Name()), qPrintable(seen.Text));
+        QVERIFY(!HasPlanner());
+        other.Kill();
+        m_program->Open(m_program->File, false);
+        OtherProgram next;
+        QVERIFY(next.Open(path, false).startsWith(u"3045"_s));
+    }
+
     // What stands in the file at this instant takes the place of what the screen showed.
     void lockingShowsWhatOthersHaveWritten()
     {
@@ -112,32 +132,29 @@ private Q_SLOTS:
     }
 
     // The ways out that nothing closes commit first.
-    void otherWaysOutCommit_data()
-    {
-        QTest::addColumn<QString>("entry");
-        QTest::newRow("this month") << u"mnuThisMonth"_s;
-        QTest::newRow("week view") << u"mnuWeekView"_s;
-        QTest::newRow("midnight") << QString();
-        QTest::newRow("a new planner that is not made") << u"mnuNew"_s;
-    }
     void otherWaysOutCommit()
     {
-        QFETCH(QString, entry);
-        LockAndType(u"on the way"_s);
-        if (entry == u"mnuNew") {
-            AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
-            AnswerNextBox(msgbox::No);
+        for (const auto& [what, entry] : Rows<QString>{{"this month", u"mnuThisMonth"_s},
+                                                       {"week view", u"mnuWeekView"_s},
+                                                       {"midnight", {}},
+                                                       {"a new planner that is not made", u"mnuNew"_s}}) {
+            const InRow row(this, what);
+            LockAndType(u"on the way"_s);
+            if (entry == u"mnuNew") {
+                AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
+                AnswerNextBox(msgbox::No);
+            }
+            if (entry.isEmpty()) {
+                desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
+                m_program->Tick("tmMidnightRefresh");
+                QTRY_VERIFY(ShowsFree());
+            } else {
+                m_program->Trigger(entry.toLatin1());
+            }
+            QVERIFY(ShowsFree());
+            QCOMPARE(Stored(), u"on the way"_s);
+            QVERIFY(!OtherIsRefused());
         }
-        if (entry.isEmpty()) {
-            desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
-            m_program->Tick("tmMidnightRefresh");
-            QTRY_VERIFY(ShowsFree());
-        } else {
-            m_program->Trigger(entry.toLatin1());
-        }
-        QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), u"on the way"_s);
-        QVERIFY(!OtherIsRefused());
     }
 
     void aDayLeftIdleIsCommitted()
@@ -207,26 +224,21 @@ private Q_SLOTS:
     }
 
     // It opens on what this screen knows of the day.
-    void theDayViewKeepsWhatOthersWrote_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("stored");
-        QTest::newRow("typed") << u"mine"_s << u"theirs\nmine"_s;
-        QTest::newRow("looked at") << QString() << u"theirs"_s;
-    }
     void theDayViewKeepsWhatOthersWrote()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, stored);
-        m_program->Click(18);
-        OtherWrites("theirs");
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), typed);
-            QTest::mouseClick(form.findChild<QPushButton*>(u"btnOk"_s), Qt::LeftButton);
-        });
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(Stored(), stored);
-        QCOMPARE(Box().Text(), stored);
+        for (const auto& [what, typed, stored] :
+             Rows<QString, QString>{{"typed", u"mine"_s, u"theirs\nmine"_s}, {"looked at", {}, u"theirs"_s}}) {
+            const InRow row(this, what);
+            m_program->Click(18);
+            OtherWrites("theirs");
+            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+                QTest::keyClicks(&form.tbZoom(), typed);
+                QTest::mouseClick(form.findChild<QPushButton*>(u"btnOk"_s), Qt::LeftButton);
+            });
+            m_program->Trigger("mnuDayView");
+            QCOMPARE(Stored(), stored);
+            QCOMPARE(Box().Text(), stored);
+        }
     }
 
     void theRefreshReadsAgain()
