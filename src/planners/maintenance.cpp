@@ -8,7 +8,6 @@
 #include "platform/desktop/folders.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/dbengine.h"
-#include "platform/engine/explaining.h"
 #include "platform/engine/sqlite/scratchplace.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -101,7 +100,7 @@ void Maintenance::Run(const Command& command, const Work& work)
         if (const auto failure = isOpen ? m_opening.Reopen(job) : FailureOf(job)) throw *failure;
         MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.name), more);
     } catch (const RunTimeError& failure) {
-        const RunTimeError error = explaining::Explained(failure, file, schema::AllTables());
+        const RunTimeError error = DBEngine::Explained(failure, file, schema::AllTables());
         MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, u"Error"_s,
                command.afterError(file));
         LogError(error, command.literal);

@@ -22,7 +22,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/explaining.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -152,7 +151,7 @@ bool Opening::OpenNotes(bool exclusive, const QString& foot)
         Adopt(path, exclusive);
         return true;
     } catch (const RunTimeError& failure) {
-        const RunTimeError error = explaining::Explained(failure, path, schema::AllTables());
+        const RunTimeError error = DBEngine::Explained(failure, path, schema::AllTables());
         ShowOpenFailed(error);
         LogError(error, OpenTail);
         return false;

@@ -1,53 +1,19 @@
 #include "platform/engine/database.h"
 
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/enginerefusals.h"
 #include "platform/engine/moving.h"
-#include "platform/engine/recordsetstate.h"
-#include "platform/runtime/runtimeerror.h"
-
-struct Database::State
-{
-    std::shared_ptr<Store> store; // null when closed
-};
-
-Database::Database() = default;
-
-Database::Database(std::shared_ptr<Store> store) : m_state(std::make_shared<State>(State{std::move(store)})) {}
-
-const std::shared_ptr<Store>& Database::Live() const
-{
-    if (!m_state) throw RunTimeError{errors::ObjectNotSet, u"Object variable not set"_s};
-    if (!m_state->store) engineerrors::RaiseClosed();
-    return m_state->store;
-}
-
-bool Database::IsNothing() const
-{
-    return !m_state;
-}
 
 Recordset Database::OpenTable(const QString& name)
 {
-    const auto& store = Live();
+    const auto& store = Live().store;
     return Recordset(std::make_shared<RecordsetState>(store, store->Definition(name), Index()));
 }
 
 Recordset Database::CreateDynaset(const QString& name)
 {
-    const auto& store = Live();
+    const auto& store = Live().store;
     const TableDef table = store->Definition(name);
     return Recordset(std::make_shared<RecordsetState>(store, table, PrimaryIndex(table)));
-}
-
-void Database::Append(const TableDef& table)
-{
-    Live()->CreateTable(table);
-}
-
-QStringList Database::TableNames() const
-{
-    return Live()->TableNames();
 }
 
 QString Database::ServerAddress() const
@@ -57,23 +23,12 @@ QString Database::ServerAddress() const
 
 void Database::SaveToFile(const QString& path)
 {
-    moving::ToFile(*Live(), path);
-}
-
-void Database::BackUp(const QString& path)
-{
-    Live()->BackUp(path);
-}
-
-void Database::OnChange(ChangeListener listener)
-{
-    Live()->OnChange(std::move(listener));
+    moving::ToFile(*Live().store, path);
 }
 
 void Database::Close()
 {
-    Live();
-    const std::shared_ptr<Store> store = std::exchange(m_state->store, nullptr);
+    const std::shared_ptr<Store> store = std::exchange(Live().store, nullptr);
     store->OnChange(nullptr);
     if (store.use_count() == 1) store->Close();
 }
@@ -100,7 +55,7 @@ void ReadTransaction::Expect(const Recordset& records, const QVariantList& keys)
     m_store->Expect(records.m_state->table, records.m_state->index, keys);
 }
 
-WriteTransaction::WriteTransaction(const Database& database) : m_store(database.Live())
+WriteTransaction::WriteTransaction(const Database& database) : m_store(database.Live().store)
 {
     m_store->BeginWrite();
 }

@@ -1,45 +1,40 @@
-// An open database. A value that shares its state, as Recordset does: a default-made one is no object (91).
+// An open database.
 #pragma once
 
-#include "platform/engine/changelistener.h"
 #include "platform/engine/recordset.h"
-#include "platform/engine/tabledef.h"
 
-#include <memory>
+struct OpenStore
+{
+    std::shared_ptr<Store> store; // null when closed
+};
 
-class Store;
-
-class Database
+class Database : public Handle<OpenStore>
 {
 public:
-    Database(); // no object
-    explicit Database(std::shared_ptr<Store> store);
+    Database() = default; // no object
+    explicit Database(std::shared_ptr<Store> store) : Handle(std::make_shared<OpenStore>(std::move(store))) {}
 
-    bool IsNothing() const;
     Recordset OpenTable(const QString& name);     // 3011 if there is no such table
     Recordset CreateDynaset(const QString& name); // walks the primary key; for Find
-    void Append(const TableDef& table);           // makes the table, its fields in this order, and its indexes
-    QStringList TableNames() const;
+    // Makes the table, its fields in this order, and its indexes.
+    void Append(const TableDef& table) { Live().store->CreateTable(table); }
+    QStringList TableNames() const { return Live().store->TableNames(); }
     QString ServerAddress() const; // of a planner on a server; empty for one in its file or closed
     // Makes `path` a new planner file with all that this one holds at this moment, compared with it row by row. It
     // stays where it is, and others may go on with it. 3204 if `path` exists, 3026, 3043: then there is no `path`.
     void SaveToFile(const QString& path);
     // An online copy of a planner in a file, page by page; `path` is replaced as a whole. 3186, 3026, 3043: then `path`
     // is as it was. 3251 for one on a server.
-    void BackUp(const QString& path);
+    void BackUp(const QString& path) { Live().store->BackUp(path); }
     // Calls back after each commit of another user, as far as the store is told of them: one on a server is, a file is
     // not. From the event loop, never inside a call of the engine. Ends with Close; null takes it away.
-    void OnChange(ChangeListener listener);
+    void OnChange(ChangeListener listener) { Live().store->OnChange(std::move(listener)); }
     // Closes the file when the last recordset of it is gone too; later calls raise 3420.
     void Close();
 
 private:
     friend class ReadTransaction;
     friend class WriteTransaction;
-    struct State;
-    const std::shared_ptr<Store>& Live() const;
-
-    std::shared_ptr<State> m_state;
 };
 
 // The look-ups made while this lives see one state of the file and take its lock once. Does nothing for no object.

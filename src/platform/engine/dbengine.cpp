@@ -1,16 +1,78 @@
 #include "platform/engine/dbengine.h"
 
+#include "platform/engine/enginerefusals.h"
+#include "platform/engine/jet/jetfile.h"
 #include "platform/engine/moving.h"
-#include "platform/engine/postgres/planneraddress.h"
+#include "platform/engine/postgres/plannerlink.h"
+#include "platform/engine/sqlite/compacting.h"
+#include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/repairing.h"
 #include "platform/engine/sqlite/sqlitefile.h"
-#include "platform/engine/store.h"
-#include "platform/engine/storekinds.h"
-#include "platform/runtime/runtimeerror.h"
+#include "platform/engine/sqlite/wholefiles.h"
 
-#include <optional>
-#include <vector>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
 
 namespace {
+// The kinds of files that a planner can be, one row each: how a file is recognised, and what can be done with it.
+// Meaning and errors of the functions as those of DBEngine. What a kind cannot do is null.
+struct StoreKind
+{
+    bool (*Recognise)(QByteArrayView head);
+    const char16_t* Refusal; // says of '%1' why something cannot be done with it
+    std::shared_ptr<Store> (*Open)(const QString& path, bool exclusive);
+    void (*Delete)(const QString& path);
+    std::shared_ptr<void> (*Claim)(const QString& path);
+    QStringList (*Compact)(const QString& from, const QString& to, const std::vector<TableDef>& expected);
+    QString (*Replace)(const QString& scratch, const QString& target);
+    RepairReport (*Repair)(const QString& path, const std::vector<TableDef>& tables);
+    PlannerAddress (*Address)(const QString& path);
+    bool (*FindsPlanner)(const QString& path, const std::vector<TableDef>& tables); // in what Open refuses
+};
+
+// The last row takes what no other one recognises, as a damaged planner in a file, whose functions tell what is wrong
+// with it.
+constexpr std::array Kinds = {
+    StoreKind{plannerlink::IsLink, plannerlink::Refusal, plannerlink::Open, plannerlink::Delete, nullptr, nullptr,
+              nullptr, nullptr, plannerlink::Read, nullptr},
+    StoreKind{jetfile::IsJet, jetfile::Refusal, nullptr, sqlitefile::Delete, sqlitefile::Claim, jetfile::Compact,
+              jetfile::Replace, nullptr, nullptr, nullptr},
+    StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::ClaimPlanner,
+              compacting::Compact, compacting::Replace, repairing::Repair, nullptr, repairing::FindsPlanner},
+};
+constexpr qsizetype HeadSize = 64;
+
+// By the file's first bytes, whatever its name. 3024.
+const StoreKind& KindOf(const QString& path)
+{
+    const struct stat status = wholefiles::StatusOf(path);
+    if (!S_ISREG(status.st_mode) || OpenFile::IsOpenHere(status)) return Kinds.back();
+    const QByteArray head = wholefiles::Head(path, HeadSize);
+    return *std::ranges::find_if(Kinds, [&](const StoreKind& kind) { return kind.Recognise(head); });
+}
+
+// The function of the path's kind. 3024; 3251 if the kind has none.
+template <typename Function>
+Function OfKind(const QString& path, Function StoreKind::*function)
+{
+    const StoreKind& kind = KindOf(path);
+    if (kind.*function) return kind.*function;
+    throw RunTimeError{engineerrors::NotSupported, QString::fromUtf16(kind.Refusal).arg(QFileInfo(path).fileName())};
+}
+
+bool IsDamagedPlanner(const QString& path, const std::vector<TableDef>& tables)
+{
+    if (!path.endsWith(".mdb"_L1, Qt::CaseInsensitive)) return false;
+    try {
+        const auto finds = KindOf(path).FindsPlanner;
+        return finds && finds(path, tables);
+    } catch (const RunTimeError&) {
+        return false; // the first error says more
+    }
+}
+
 DBEngine::StoreWrapper g_wrapper;
 std::vector<std::weak_ptr<Store>> g_openStores; // what Idle goes to
 
@@ -58,17 +120,27 @@ RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& ta
 
 void MoveToServer(const QString& path, const QString& uri)
 {
-    moving::ToServer(path, uri);
+    const PlannerAddress address(uri);
+    const QByteArray link = plannerlink::Text(address);
+    OfKind(path, &StoreKind::Claim); // a link is on its server already
+    moving::ToServer(path, address, link);
 }
 
 QString LinkedAddress(const QString& path)
 {
-    return moving::LinkedAddress(path);
+    const auto address = KindOf(path).Address;
+    return address ? address(path).Uri() : QString();
 }
 
 QString ServerOf(const QString& uri)
 {
     return PlannerAddress(uri).Server();
+}
+
+RunTimeError Explained(const RunTimeError& error, const QString& path, const std::vector<TableDef>& tables)
+{
+    if (error.Number != engineerrors::NotADatabase || !IsDamagedPlanner(path, tables)) return error;
+    return ErrorOf(engineerrors::DamagedPlanner, QFileInfo(path).fileName());
 }
 
 // One store that fails does not keep the others waiting.

@@ -1,11 +1,9 @@
 // Making, opening and keeping databases. Paths are real ones (platform/desktop/filesystem.h finds them). What a kind of
-// planner (storekinds.h) cannot do raises 3251 with a text that says why.
+// planner cannot do raises 3251 with a text that says why.
 #pragma once
 
 #include "platform/engine/database.h"
 #include "platform/engine/repairreport.h"
-
-#include <functional>
 
 namespace DBEngine {
 using ::RepairReport;
@@ -57,6 +55,11 @@ QString ReplaceDatabase(const QString& scratch, const QString& target);
 // 3026, 3043; 3343 if it is no planner, or one from a newer program, or nothing in it can be read. After an error it is
 // as it was; whatever ends the program meanwhile, it is the old planner or the repaired one, whole.
 RepairReport RepairDatabase(const QString& path, const std::vector<TableDef>& tables = {});
+
+// What a message says of a file that was refused as no planner (3343): that it is a damaged one, if its name ends in
+// .mdb and Repair would find something in it; all of it is read for that. Else the error itself. The tables are those
+// that Repair would expect.
+RunTimeError Explained(const RunTimeError& error, const QString& path, const std::vector<TableDef>& tables);
 
 // Moves a planner from its file to a server: all rows of all tables, in one transaction, read back and compared. The
 // URI names a database and the planner's name in it (docs/planner-file.md). The file then is a link to it, and the old

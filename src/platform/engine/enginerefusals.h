@@ -2,18 +2,35 @@
 // show it.
 #pragma once
 
+#include "platform/engine/engineerrors.h"
 #include "platform/runtime/runtimeerror.h"
 
 namespace engineerrors {
-[[noreturn]] void RaiseDataChanged();                                     // 3197
-[[noreturn]] void RaiseNoUpdatePending();                                 // 3020
-[[noreturn]] void RaiseRecordLocked(const QString& holder);               // 3260
-[[noreturn]] void RaiseInUse(const QString& name, const QString& holder); // 3045
-[[noreturn]] void RaiseSaveUnderWay(const QString& name);                 // 3186
-[[noreturn]] void RaiseNewer(const QString& name);                        // 3343
-[[noreturn]] void RaiseNoTable(const QString& table);                     // 3011
-RunTimeError DamagedError(const QString& name);                           // 3343
-[[noreturn]] void RaiseTableExists(const QString& table);                 // 3010
-[[noreturn]] void RaiseFileExists(const QString& path);                   // 3204
-[[noreturn]] void RaiseClosed();                                          // 3420
+struct KnownError
+{
+    int number;
+    const char16_t* text; // what ErrorOf is given besides takes the places of %1 and %2
+};
+
+inline constexpr KnownError NoObject = {errors::ObjectNotSet, u"Object variable not set"};
+inline constexpr KnownError ObjectClosed = {Closed, u"Object is closed."};
+inline constexpr KnownError RecordChanged = {
+    DataChanged, u"Data has changed; operation stopped. Another user has saved this record."};
+inline constexpr KnownError LockedBy = {RecordLocked, u"Could not update; currently locked by %1."}; // the holder
+inline constexpr KnownError InUseBy = {InUse, u"Could not use '%1'; file already in use by %2."};    // name and holder
+inline constexpr KnownError NewerPlanner = {NotADatabase,
+                                            u"'%1' was written by a newer Orrelin. Please update this one to open it."};
+inline constexpr KnownError DamagedPlanner = {NotADatabase,
+                                              u"The planner '%1' is damaged. Repair may be able to mend it."};
+inline constexpr KnownError NoPlanner = {NotADatabase, u"'%1' is not a planner."};
+
+template <typename... Texts>
+RunTimeError ErrorOf(const KnownError& error, const Texts&... texts)
+{
+    const QString text = QString::fromUtf16(error.text);
+    if constexpr (sizeof...(texts) == 0)
+        return {error.number, text};
+    else
+        return {error.number, text.arg(texts...)};
+}
 } // namespace engineerrors

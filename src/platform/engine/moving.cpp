@@ -1,14 +1,11 @@
 #include "platform/engine/moving.h"
 
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/postgres/plannerlink.h"
 #include "platform/engine/postgres/postgresstore.h"
-#include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
-#include "platform/engine/storekinds.h"
 #include "platform/engine/tablepages.h"
 
 #include <QFileInfo>
@@ -76,21 +73,10 @@ void ReplaceByLink(const QString& planner, const QByteArray& linkText)
 } // namespace
 
 namespace moving {
-QString LinkedAddress(const QString& path)
+void ToServer(const QString& path, const PlannerAddress& address, const QByteArray& link)
 {
-    const auto address = KindOf(path).LinkedAddress;
-    return address ? address(path) : QString();
-}
-
-void ToServer(const QString& path, const QString& uri)
-{
-    const PlannerAddress address(uri);
-    const QByteArray link = plannerlink::Text(address);
-    OfKind(path, &StoreKind::Claim); // a link is on its server already
-    StatusOfFile(path);
+    const auto claim = sqlitefile::ClaimPlanner(path);
     const QString planner = RealPath(path);
-    SqliteStore::CheckFile(planner);
-    const auto claim = ClaimAlone(planner);
     PostgresStore server(address, QFileInfo(path).fileName(), true, PostgresStore::Planner::New);
     {
         SqliteStore file(planner, true, SqliteStore::File::Claimed);

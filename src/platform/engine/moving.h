@@ -4,10 +4,10 @@
 
 #include <QString>
 
+class PlannerAddress;
 class Store;
 
 namespace moving {
-void ToServer(const QString& path, const QString& uri);
-QString LinkedAddress(const QString& path);
+void ToServer(const QString& path, const PlannerAddress& address, const QByteArray& link);
 void ToFile(Store& from, const QString& path);
 } // namespace moving

@@ -1,5 +1,4 @@
-// A table or dynaset of an open database: one current record, one pending edit. A value that shares its state: copies
-// are the same recordset, and a default-made one stands for no object, on which every call raises 91.
+// A table or dynaset of an open database: one current record, one pending edit.
 //
 // Rules, whatever the store:
 //  - Opening, and SetIndex: the first record is current; BOF and EOF are both true if the table is empty, and both are
@@ -21,58 +20,50 @@
 //  - No statement of the store stays open between two calls.
 #pragma once
 
-#include <QString>
-#include <QVariant>
+#include "platform/engine/handle.h"
+#include "platform/engine/recordsetstate.h"
 
-#include <memory>
-
-struct RecordsetState;
-
-class Recordset
+class Recordset : public Handle<RecordsetState>
 {
 public:
-    Recordset(); // no object
+    Recordset() = default; // no object
 
-    bool IsNothing() const;
+    QString Index() const { return Live().index.Name; }
+    // 3265 if the table has none of this name; "" is the order of insertion
+    void SetIndex(const QString& name) { Live().SetIndex(name); }
+    bool LockEdits() const { return Live().lockEdits; }
+    void SetLockEdits(bool lock) { Live().lockEdits = lock; } // true unless set otherwise
 
-    QString Index() const;
-    void SetIndex(const QString& name); // 3265 if the table has none of this name; "" is the order of insertion
-    bool LockEdits() const;
-    void SetLockEdits(bool lock); // true unless set otherwise
-
-    bool BOF() const;
-    bool EOF_() const; // the C library has a macro EOF
-    bool NoMatch() const;
+    bool BOF() const { return Live().bof; }
+    bool EOF_() const { return Live().eof; } // the C library has a macro EOF
+    bool NoMatch() const { return Live().noMatch; }
 
     // Comparison is "=" (3001); the key is that of the current index (3019 if none is set).
-    void Seek(const QString& comparison, const QVariant& key);
-    void MoveFirst();
-    void MoveLast();
-    void MoveNext();
-    void MovePrevious();
+    void Seek(const QString& comparison, const QVariant& key) { Live().Seek(comparison, key); }
+    void MoveFirst() { Live().MoveToEnd(From::First); }
+    void MoveLast() { Live().MoveToEnd(From::Last); }
+    void MoveNext() { Live().Step(From::After); }
+    void MovePrevious() { Live().Step(From::Before); }
     // Criterion of the form: [Field] LIKE "pattern" or [Field] LIKE 'pattern', a pattern as likepattern.h tells; the
     // surrounding quote doubled stands for itself. 3077 and NoMatch true if it cannot be read.
-    void FindLast(const QString& criterion);
-    void FindPrevious(const QString& criterion);
+    void FindLast(const QString& criterion) { Live().Find(From::Last, criterion); }
+    void FindPrevious(const QString& criterion) { Live().Find(From::Before, criterion); }
 
-    void AddNew();
-    void Edit();
-    void Update();
-    void CancelUpdate();
-    void Delete();
-    void Close();
+    void AddNew() { Live().AddNew(); }
+    void Edit() { Live().Edit(); }
+    void Update() { Live().Update(); }
+    void CancelUpdate() { Live().CancelUpdate(); }
+    void Delete() { Live().Delete(); }
+    void Close() { Live().Close(); }
 
     // While an edit is pending this is the edit's buffer. QString for text, QByteArray (UTF-8) for memo, bool, int,
     // float, QDateTime; a null QVariant where the field was never set. 3265 if there is no such field.
-    QVariant Fields(const QString& name) const;
+    QVariant Fields(const QString& name) const { return Live().Value(name); }
     // Only between AddNew or Edit and Update (3020). 3163 if a text is longer than its field.
-    void SetField(const QString& name, const QVariant& value);
+    void SetField(const QString& name, const QVariant& value) { Live().SetValue(name, value); }
 
 private:
     friend class Database;
     friend class ReadTransaction;
-    explicit Recordset(std::shared_ptr<RecordsetState> state);
-    RecordsetState& Live() const;
-
-    std::shared_ptr<RecordsetState> m_state;
+    explicit Recordset(std::shared_ptr<RecordsetState> state) : Handle(std::move(state)) {}
 };

@@ -1,8 +1,6 @@
 #include "platform/engine/recordsetstate.h"
 
-#include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
-#include "platform/runtime/runtimeerror.h"
 
 #include <QScopeGuard>
 
@@ -17,6 +15,11 @@ using namespace engineerrors;
 [[noreturn]] void RaiseNoCurrentRecord()
 {
     Raise(NoCurrentRecord, u"No current record."_s);
+}
+
+[[noreturn]] void RaiseNoUpdatePending()
+{
+    Raise(NoUpdatePending, u"Update or CancelUpdate without AddNew or Edit."_s);
 }
 
 [[noreturn]] void RaiseDeleted()
@@ -36,8 +39,9 @@ RecordsetState::~RecordsetState()
     if (store) DropEdit();
 }
 
-void RecordsetState::SetIndex(const Index& order)
+void RecordsetState::SetIndex(const QString& name)
 {
+    const Index order = name.isEmpty() ? Index() : IndexNamed(table, name);
     DropEdit();
     Use(order);
 }
@@ -51,7 +55,7 @@ void RecordsetState::Use(const Index& order)
     bof = eof = !Land(Look(From::First));
 }
 
-std::optional<Row> RecordsetState::Look(From from, const Criterion& criterion) const
+std::optional<Store::Row> RecordsetState::Look(From from, const Criterion& criterion) const
 {
     return store->Find(table, index, from, m_place, criterion.Field, criterion.Pattern);
 }
@@ -118,13 +122,13 @@ void RecordsetState::Find(From direction, const QString& text)
     noMatch = !Land(direction == From::Last ? Look(From::Last, criterion) : LookPrevious(criterion));
 }
 
-std::optional<Row> RecordsetState::LookPrevious(const Criterion& criterion) const
+std::optional<Store::Row> RecordsetState::LookPrevious(const Criterion& criterion) const
 {
     if (m_at == At::Nowhere || m_at == At::Bof) return {};
     return Look(m_at == At::Eof ? From::Last : From::Before, criterion);
 }
 
-const Row& RecordsetState::Current() const
+const Store::Row& RecordsetState::Current() const
 {
     if (m_at == At::Deleted) RaiseDeleted();
     if (m_at != At::Record) RaiseNoCurrentRecord();
@@ -144,7 +148,7 @@ void RecordsetState::ReleaseLock()
 
 void RecordsetState::DropEdit()
 {
-    pending = Pending::None;
+    m_pending = Pending::None;
     m_buffer.clear();
     ReleaseLock();
 }
@@ -153,13 +157,13 @@ void RecordsetState::AddNew()
 {
     DropEdit();
     m_buffer.assign(table.Fields.size(), QVariant());
-    pending = Pending::Add;
+    m_pending = Pending::Add;
 }
 
 void RecordsetState::Edit()
 {
     const qint64 id = Current().id;
-    pending = Pending::None;
+    m_pending = Pending::None;
     auto release = qScopeGuard([this] { DropEdit(); });
     // A lock can have died with its connection; an edit that starts anew takes it anew.
     m_locked = m_locked && store->Holds(table, id);
@@ -169,16 +173,16 @@ void RecordsetState::Edit()
         m_at = At::Deleted;
         RaiseDeleted();
     }
-    if (fresh->values != m_row.values) RaiseDataChanged();
+    if (fresh->values != m_row.values) throw ErrorOf(RecordChanged);
     m_buffer = m_row.values;
-    pending = Pending::Change;
+    m_pending = Pending::Change;
     release.dismiss();
 }
 
 void RecordsetState::Update()
 {
-    if (pending == Pending::None) RaiseNoUpdatePending();
-    if (pending == Pending::Change) return UpdateRecord();
+    if (m_pending == Pending::None) RaiseNoUpdatePending();
+    if (m_pending == Pending::Change) return UpdateRecord();
     store->Insert(table, m_buffer);
     if (bof && eof) bof = eof = false;
     DropEdit();
@@ -197,10 +201,22 @@ void RecordsetState::UpdateRecord()
     DropEdit();
 }
 
+void RecordsetState::CancelUpdate()
+{
+    if (m_pending == Pending::None) RaiseNoUpdatePending();
+    DropEdit();
+}
+
+void RecordsetState::Close()
+{
+    DropEdit();
+    store.reset();
+}
+
 void RecordsetState::Delete()
 {
     Current();
-    pending = Pending::None;
+    m_pending = Pending::None;
     const auto release = qScopeGuard([this] { DropEdit(); });
     if (!m_locked) Lock();
     store->Erase(table, m_row);
@@ -210,12 +226,12 @@ void RecordsetState::Delete()
 const QVariant& RecordsetState::Value(const QString& name) const
 {
     const std::size_t number = FieldNumber(table, name);
-    return pending != Pending::None ? m_buffer[number] : Current().values[number];
+    return m_pending != Pending::None ? m_buffer[number] : Current().values[number];
 }
 
 void RecordsetState::SetValue(const QString& name, const QVariant& value)
 {
-    if (pending == Pending::None) RaiseNoUpdatePending();
+    if (m_pending == Pending::None) RaiseNoUpdatePending();
     const std::size_t number = FieldNumber(table, name);
     const Field& field = table.Fields[number];
     QVariant stored = AsFieldValue(field, value);

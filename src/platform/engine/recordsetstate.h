@@ -1,4 +1,4 @@
-// The state machine behind a Recordset; its rules stand in recordset.h. Only this room includes it.
+// The state machine behind a Recordset; its rules stand in recordset.h.
 #pragma once
 
 #include "platform/engine/likepattern.h"
@@ -12,7 +12,7 @@ struct RecordsetState
     RecordsetState(const RecordsetState&) = delete;
     RecordsetState& operator=(const RecordsetState&) = delete;
 
-    void SetIndex(const Index& order);
+    void SetIndex(const QString& name);
     void Seek(const QString& comparison, const QVariant& key);
     void MoveToEnd(From end);                            // First or Last
     void Step(From direction);                           // After or Before
@@ -21,12 +21,22 @@ struct RecordsetState
     void AddNew();
     void Edit();
     void Update();
-    void DropEdit();
+    void CancelUpdate();
     void Delete();
+    void Close();
 
     const QVariant& Value(const QString& name) const;
     void SetValue(const QString& name, const QVariant& value);
 
+    std::shared_ptr<Store> store; // null when closed
+    TableDef table;
+    Index index; // changed by SetIndex alone
+    bool lockEdits = true;
+    bool bof = false;
+    bool eof = false;
+    bool noMatch = false;
+
+private:
     enum class At
     {
         Nowhere, // no place to move from
@@ -42,17 +52,8 @@ struct RecordsetState
         Add,
         Change
     };
+    using Row = Store::Row;
 
-    std::shared_ptr<Store> store; // null when closed
-    TableDef table;
-    Index index; // changed by SetIndex alone
-    bool lockEdits = true;
-    bool bof = false;
-    bool eof = false;
-    bool noMatch = false;
-    Pending pending = Pending::None;
-
-private:
     std::optional<Row> Look(From from, const Criterion& criterion = {}) const;
     std::optional<Row> LookPrevious(const Criterion& criterion) const;
     bool Land(std::optional<Row> found);
@@ -61,12 +62,14 @@ private:
     const Row& Current() const;   // 3021, 3167
     void Lock();
     void ReleaseLock();
+    void DropEdit();
     void UpdateRecord();
 
     std::optional<std::size_t> m_keyField; // the field that the index orders by
     At m_at = At::Nowhere;
-    Place m_place;
+    Store::Place m_place;
     Row m_row;
+    Pending m_pending = Pending::None;
     std::vector<QVariant> m_buffer;
     bool m_locked = false;
 };

@@ -3,27 +3,13 @@
 // gives back (Unlock, EndRead, Rollback, Close) raises nothing, since it runs in destructors.
 #pragma once
 
-#include "platform/engine/changelistener.h"
 #include "platform/engine/tabledef.h"
 
 #include <QVariant>
 
+#include <functional>
 #include <optional>
 #include <vector>
-
-// A row as it was read: id is never used twice in a table, even after its row is gone.
-struct Row
-{
-    qint64 id = 0;
-    std::vector<QVariant> values; // in the order of the table's fields
-};
-
-// A place in an index: the key and, among equal keys, the id of insertion order.
-struct Place
-{
-    QVariant key;
-    qint64 id = 0;
-};
 
 // Which row of an index is wanted.
 enum class From
@@ -35,9 +21,27 @@ enum class From
     Before
 };
 
+// What another user has committed: the table, and the record's key in the table's first index. No key: any record of
+// the table. No table: anything, as after a break of the connection.
+using ChangeListener = std::function<void(const QString& table, const QVariant& key)>;
+
 class Store
 {
 public:
+    // A row as it was read: id is never used twice in a table, even after its row is gone.
+    struct Row
+    {
+        qint64 id = 0;
+        std::vector<QVariant> values; // in the order of the table's fields
+    };
+
+    // A place in an index: the key and, among equal keys, the id of insertion order.
+    struct Place
+    {
+        QVariant key;
+        qint64 id = 0;
+    };
+
     virtual ~Store() = default;
 
     virtual QString Address() const = 0; // of a planner on a server; empty for one in its file

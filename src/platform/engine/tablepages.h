@@ -9,7 +9,7 @@ public:
     PagesOf(Store& store, const TableDef& table) : m_store(store), m_table(table) {}
 
     // The next rows in order of insertion, none at the end.
-    const std::vector<Row>& Next()
+    const std::vector<Store::Row>& Next()
     {
         m_rows = m_store.Page(m_table, m_lastId);
         if (!m_rows.empty()) m_lastId = m_rows.back().id;
@@ -19,7 +19,7 @@ public:
 private:
     Store& m_store;
     const TableDef& m_table;
-    std::vector<Row> m_rows;
+    std::vector<Store::Row> m_rows;
     qint64 m_lastId = 0;
 };
 
@@ -39,6 +39,6 @@ public:
 
 private:
     PagesOf m_pages;
-    const std::vector<Row>* m_page = nullptr;
+    const std::vector<Store::Row>* m_page = nullptr;
     std::size_t m_at = 0;
 };

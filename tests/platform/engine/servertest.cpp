@@ -5,7 +5,7 @@
 #include "inrow.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgresconnection.h"
-#include "platform/engine/postgres/sessionname.h"
+#include "platform/engine/sessionname.h"
 #include "testmain.h"
 #include "testserver.h"
 
@@ -165,7 +165,8 @@ private Q_SLOTS:
 
     void APersonsNameKeepsItsLine()
     {
-        QCOMPARE(sessionname::Person(u"Orrelin ann%0Alee@d%E4%B8%AD%1B"_s), u"user 'ann?lee' on machine 'd\u4E2D?'"_s);
+        QCOMPARE(sessionname::PersonOf(u"Orrelin ann%0Alee@d%E4%B8%AD%1B"_s),
+                 u"user 'ann?lee' on machine 'd\u4E2D?'"_s);
     }
 
     void APoolerIsRefused()

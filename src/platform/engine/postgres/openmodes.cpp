@@ -25,7 +25,7 @@ void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString
         own += QString::number(open->m_connection.Process());
     const QString holder = advisorylocks::HolderOf(m_connection, planner, own);
     Leave();
-    engineerrors::RaiseInUse(shownName, holder);
+    throw engineerrors::ErrorOf(engineerrors::InUseBy, shownName, holder);
 }
 
 void OpenMode::Leave()

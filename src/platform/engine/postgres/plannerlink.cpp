@@ -45,11 +45,6 @@ PlannerAddress Read(const QString& path)
     }
 }
 
-QString Address(const QString& path)
-{
-    return Read(path).Uri();
-}
-
 QByteArray Text(const PlannerAddress& address)
 {
     const QByteArray text = Magic.toByteArray() + Version.toByteArray() + '\n' + address.Uri().toUtf8() + '\n';

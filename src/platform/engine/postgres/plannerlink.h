@@ -16,7 +16,6 @@ inline constexpr const char16_t* Refusal =
 
 bool IsLink(QByteArrayView head);
 PlannerAddress Read(const QString& path);       // 3343
-QString Address(const QString& path);           // as text; 3343
 QByteArray Text(const PlannerAddress& address); // 3343 for one that Read would not take
 std::shared_ptr<Store> Open(const QString& path, bool exclusive);
 void Delete(const QString& path); // the link alone: the planner on the server stays

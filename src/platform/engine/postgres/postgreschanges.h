@@ -3,9 +3,8 @@
 // connected again when a server that went away is back.
 #pragma once
 
-#include "platform/engine/changelistener.h"
 #include "platform/engine/postgres/postgresconnection.h"
-#include "platform/engine/tabledef.h"
+#include "platform/engine/store.h"
 
 #include <QObject>
 #include <QTimer>

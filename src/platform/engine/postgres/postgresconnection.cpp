@@ -2,7 +2,7 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgresdialect.h"
-#include "platform/engine/postgres/sessionname.h"
+#include "platform/engine/sessionname.h"
 #include "platform/engine/waiting.h"
 
 #include <QScopeGuard>
@@ -124,7 +124,7 @@ PostgresConnection::Backend PostgresConnection::Open()
 {
     try {
         m_session = std::make_unique<ServerLine>(m_address.Connection() + Waiting + "application_name='" +
-                                                     sessionname::Own() + '\'',
+                                                     sessionname::Label() + '\'',
                                                  [this](const QString& message, int process) {
                                                      if (process != Process()) m_events.told(message);
                                                  });

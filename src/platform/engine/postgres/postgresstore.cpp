@@ -1,6 +1,5 @@
 #include "platform/engine/postgres/postgresstore.h"
 
-#include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/postgres/postgresdialect.h"
 #include "platform/engine/postgres/postgresschema.h"
@@ -28,9 +27,9 @@ qsizetype SizeOf(const QVariant& value)
 
 PostgresStore::PostgresStore(const PlannerAddress& address, const QString& name, bool exclusive, Planner planner)
     : SqlStore(postgres::Dialect, address.Schema()), m_name(name), m_address(address.Uri()),
-      m_schemaName(address.Schema()), m_connection(address, name,
-                                                   {[this] { Welcome(); }, [this] { Forget(); },
-                                                    [this](const QString& message) { m_changes.Take(message); }}),
+      m_connection(
+          address, name,
+          {[this] { Welcome(); }, [this] { Forget(); }, [this](const QString& message) { m_changes.Take(message); }}),
       m_planner(planner), m_locks(m_connection), m_openMode(m_connection, exclusive), m_changes(m_connection)
 {
     m_connection.Connect();
@@ -44,11 +43,11 @@ PostgresStore::~PostgresStore()
 void PostgresStore::Welcome()
 {
     if (m_planner == Planner::New) return;
-    const auto mark = postgresschema::FindMark(m_connection, m_schemaName);
+    const auto mark = postgresschema::FindMark(m_connection, m_schema);
     if (!mark || mark->version < 1)
         throw RunTimeError{NotADatabase,
                            u"'%1' cannot be opened: its server has no planner of this name."_s.arg(m_name)};
-    if (mark->version > postgresschema::Version) RaiseNewer(m_name);
+    if (mark->version > postgresschema::Version) throw ErrorOf(NewerPlanner, m_name);
     if (!m_id.isEmpty() && m_id != mark->id)
         throw RunTimeError{BrokenConnection, u"The server of '%1' has another planner now. Please open it "
                                              "again."_s.arg(m_name)};
@@ -76,8 +75,8 @@ void PostgresStore::CreateTable(const TableDef& table)
     SqlStore::CreateTable(table);
 }
 
-std::optional<Row> PostgresStore::Find(const TableDef& table, const Index& index, From from, const Place& place,
-                                       const QString& likeField, const QString& likePattern)
+std::optional<Store::Row> PostgresStore::Find(const TableDef& table, const Index& index, From from, const Place& place,
+                                              const QString& likeField, const QString& likePattern)
 {
     const auto expected = m_expected.find({table.Name, index.Fields});
     if (from == From::AtKey && likeField.isEmpty() && !place.key.isNull() && expected != m_expected.end() &&
@@ -189,7 +188,7 @@ void PostgresStore::BeginWrite()
     if (m_planner == Planner::Existing) return;
     auto rollback = qScopeGuard([this] { m_connection.Rollback(); });
     m_connection.NoteTransaction(m_connection.AskOne(u"SELECT pg_current_xact_id()::text"_s).toString());
-    postgresschema::Create(m_connection, m_schemaName);
+    postgresschema::Create(m_connection, m_schema);
     m_planner = Planner::Existing;
     Welcome();
     rollback.dismiss();
@@ -210,5 +209,5 @@ void PostgresStore::DropPlanner()
 {
     for (const QString& table : TableNames())
         m_connection.Ask("DROP TABLE "_L1 + m_text.Qualified(table));
-    postgresschema::DropMark(m_connection, m_schemaName);
+    postgresschema::DropMark(m_connection, m_schema);
 }

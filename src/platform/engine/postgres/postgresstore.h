@@ -63,7 +63,6 @@ private:
 
     const QString m_name;
     const QString m_address;
-    const QString m_schemaName;
     PostgresConnection m_connection;
     Planner m_planner;
     QString m_id, m_channel; // of the planner, empty before the first session

@@ -1,7 +1,7 @@
 #include "platform/engine/postgres/recordlocks.h"
 
 #include "platform/engine/enginerefusals.h"
-#include "platform/engine/postgres/sessionname.h"
+#include "platform/engine/sessionname.h"
 
 namespace advisorylocks {
 // The server's functions take signed numbers, its list of locks shows unsigned ones.
@@ -21,7 +21,7 @@ QString HolderOf(PostgresConnection& connection, RecordLocks::Name name, const Q
         "AND held.database = (SELECT oid FROM pg_database WHERE datname = current_database()) "
         "AND held.classid = $1::oid AND held.objid = $2::oid LIMIT 1"_s,
         {qint64{name.table}, name.record, exceptOf});
-    return sessionname::Person(holder.empty() ? QString() : holder[0].Text(0));
+    return sessionname::PersonOf(holder.empty() ? QString() : holder[0].Text(0));
 }
 } // namespace advisorylocks
 
@@ -33,9 +33,9 @@ void RecordLocks::Take(Name name)
         m_held.insert(name);
         return;
     }
-    const QString holder = own ? sessionname::Person(QString::fromStdString(sessionname::Own()))
+    const QString holder = own ? sessionname::PersonOf(QString::fromStdString(sessionname::Label()))
                                : advisorylocks::HolderOf(m_connection, name, {});
-    engineerrors::RaiseRecordLocked(holder);
+    throw engineerrors::ErrorOf(engineerrors::LockedBy, holder);
 }
 
 bool RecordLocks::Holds(Name name) const

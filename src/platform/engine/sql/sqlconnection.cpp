@@ -1,6 +1,6 @@
 #include "platform/engine/sql/sqlconnection.h"
 
-#include "platform/engine/enginerefusals.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/engine/sql/sqldialect.h"
 
 #include <QScopeGuard>
@@ -79,7 +79,8 @@ void SqlConnection::UndoOrLose(const RunTimeError& failure)
 
 void SqlConnection::BeginWrite()
 {
-    if (m_writing) engineerrors::RaiseSaveUnderWay(m_name);
+    if (m_writing)
+        throw RunTimeError{engineerrors::CouldNotSave, u"Could not save to '%1'; a save is under way."_s.arg(m_name)};
     // What was read may be old by now, so a write never grows out of a read.
     StopReading();
     PrepareWrite();

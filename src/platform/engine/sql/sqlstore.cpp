@@ -45,7 +45,7 @@ void Append(SqlValues& values, const SqlValues& more)
     values.insert(values.end(), more.begin(), more.end());
 }
 
-SqlValues OldOf(const Row& row)
+SqlValues OldOf(const Store::Row& row)
 {
     SqlValues values = {row.id};
     Append(values, row.values);
@@ -53,7 +53,7 @@ SqlValues OldOf(const Row& row)
 }
 } // namespace
 
-Row SqlStore::RowOf(const SqlRow& found, const TableDef& table)
+Store::Row SqlStore::RowOf(const SqlRow& found, const TableDef& table)
 {
     Row row = {found.Number(0), {}};
     row.values.reserve(table.Fields.size());
@@ -79,7 +79,7 @@ QStringList SqlStore::TableNames()
 SqlCatalog::Table SqlStore::TableOf(const QString& name)
 {
     const auto table = Catalog().Find(name);
-    if (!table) RaiseNoTable(name);
+    if (!table) throw RunTimeError{NoTable, u"The planner has no table named '%1'."_s.arg(name)};
     return *table;
 }
 
@@ -103,15 +103,16 @@ qint64 SqlStore::NumberOf(const TableDef& table)
 void SqlStore::CreateTable(const TableDef& table)
 {
     Connection().Write([&] {
-        if (Catalog().Find(table.Name)) RaiseTableExists(table.Name);
+        if (Catalog().Find(table.Name))
+            throw RunTimeError{TableExists, u"Table '%1' already exists."_s.arg(table.Name)};
         Connection().Ask(m_text.CreateTable(table));
         for (const Index& index : table.Indexes)
             Connection().Ask(m_text.CreateIndex(table, index));
     });
 }
 
-std::vector<Row> SqlStore::LookOnce(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
-                                    const Place& place, const Sought& sought, int limit)
+std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
+                                           const Place& place, const Sought& sought, int limit)
 {
     SqlValues values;
     if (std::ranges::any_of(lookUps, &LookUp::BindsKey)) values.push_back(place.key);
@@ -127,8 +128,8 @@ std::vector<Row> SqlStore::LookOnce(const TableDef& table, const Index& index, s
     return rows;
 }
 
-std::vector<Row> SqlStore::Look(const TableDef& table, const Index& index, From from, const Place& place,
-                                const Sought& sought, int limit)
+std::vector<Store::Row> SqlStore::Look(const TableDef& table, const Index& index, From from, const Place& place,
+                                       const Sought& sought, int limit)
 {
     const auto lookUps = LookUpsFor(index, from, place.key.isNull());
     const std::span<const LookUp> all(lookUps.data(), static_cast<std::size_t>(lookUps.size()));
@@ -138,16 +139,16 @@ std::vector<Row> SqlStore::Look(const TableDef& table, const Index& index, From 
     return {};
 }
 
-std::optional<Row> SqlStore::Find(const TableDef& table, const Index& index, From from, const Place& place,
-                                  const QString& likeField, const QString& likePattern)
+std::optional<Store::Row> SqlStore::Find(const TableDef& table, const Index& index, From from, const Place& place,
+                                         const QString& likeField, const QString& likePattern)
 {
     if (!likeField.isEmpty()) return FindLike(table, index, from, place, likeField, likePattern);
     std::vector<Row> rows = Look(table, index, from, place, {}, 1);
     return rows.empty() ? std::nullopt : std::optional(std::move(rows.front()));
 }
 
-std::optional<Row> SqlStore::FindLike(const TableDef& table, const Index& index, From from, Place place,
-                                      const QString& likeField, const QString& likePattern)
+std::optional<Store::Row> SqlStore::FindLike(const TableDef& table, const Index& index, From from, Place place,
+                                             const QString& likeField, const QString& likePattern)
 {
     const LikePattern pattern(likePattern);
     const SqlDialect& dialect = Connection().Dialect();
@@ -167,13 +168,13 @@ std::optional<Row> SqlStore::FindLike(const TableDef& table, const Index& index,
     }
 }
 
-std::optional<Row> SqlStore::Fetch(const TableDef& table, qint64 id)
+std::optional<Store::Row> SqlStore::Fetch(const TableDef& table, qint64 id)
 {
     const SqlRows found = Connection().Ask(m_text.Fetch(table), {id});
     return found.empty() ? std::nullopt : std::optional(RowOf(found.front(), table));
 }
 
-std::vector<Row> SqlStore::Page(const TableDef& table, qint64 afterId)
+std::vector<Store::Row> SqlStore::Page(const TableDef& table, qint64 afterId)
 {
     return Look(table, Index(), From::After, {{}, afterId}, {}, RowsOfPage);
 }
@@ -183,7 +184,7 @@ SqlRow SqlStore::WriteRow(const QString& statement, const SqlValues& values, con
                           const Values&)
 {
     SqlRows written = Connection().Ask(statement, values);
-    if (written.empty()) RaiseDataChanged();
+    if (written.empty()) throw ErrorOf(RecordChanged);
     return std::move(written.front());
 }
 

@@ -1,7 +1,6 @@
 // The Store over any database that speaks SQL: what a planner in a file and one on a server have in common.
 #pragma once
 
-#include "platform/engine/lookup.h"
 #include "platform/engine/sql/sqlcatalog.h"
 #include "platform/engine/sql/sqlconnection.h"
 #include "platform/engine/sql/sqltext.h"
@@ -47,6 +46,7 @@ protected:
     static Row RowOf(const SqlRow& found, const TableDef& table);
 
     const SqlText m_text;
+    const QString m_schema;
 
 private:
     // What rows are searched for: text in a field. Nothing if there is no field.
@@ -67,6 +67,5 @@ private:
     SqlRow Written(const QString& statement, const SqlValues& values, const TableDef& table, const Values& before,
                    const Values& after);
 
-    const QString m_schema;
     QHash<QString, qint64> m_numbers;
 };

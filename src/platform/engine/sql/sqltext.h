@@ -2,10 +2,35 @@
 // then the fields in their order.
 #pragma once
 
-#include "platform/engine/lookup.h"
 #include "platform/engine/sql/sqldialect.h"
+#include "platform/engine/store.h"
+
+#include <QVarLengthArray>
 
 #include <span>
+
+// How a place in an index is looked up: the rows of one kind, in the direction of the index or against it. Rows without
+// a key come before all others in ascending order, behind them in descending order.
+struct LookUp
+{
+    enum Key
+    {
+        Any,
+        Equal, // to the place's, which is not null
+        Greater,
+        Less, // both leave rows without a key out
+        None,
+        Some
+    };
+    Key key;
+    bool pastId; // beyond the place's id in the direction of the walk
+    bool forward;
+
+    bool BindsKey() const { return key == Equal || key == Greater || key == Less; }
+};
+
+// The look-ups to be made one after the other until one finds a row.
+QVarLengthArray<LookUp, 3> LookUpsFor(const Index& index, From from, bool keyIsNull);
 
 class SqlText
 {

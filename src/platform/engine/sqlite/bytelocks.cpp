@@ -7,11 +7,10 @@
 
 #include <sys/stat.h>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <string_view>
 #include <unistd.h>
 
 namespace {
@@ -43,10 +42,8 @@ ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(pat
 // Somebody may have given a planner the name that our lock file wants; its head must not become a table of sessions.
 void ByteLocks::RefuseIfDatabase() const
 {
-    static constexpr std::string_view Magic = "SQLite format 3";
-    std::array<char, Magic.size()> head = {};
-    if (::pread(m_file.Number(), head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) return;
-    if (std::string_view(head.data(), head.size()) != Magic) return;
+    constexpr QByteArrayView Magic = "SQLite format 3";
+    if (Read(0, Magic.size()) != Magic) return;
     throw RunTimeError{engineerrors::InputOutput,
                        u"'%1' is a database, but its name is that of the file which keeps the users of the "
                        "planner apart."_s.arg(QFileInfo(m_path).fileName())};

@@ -17,14 +17,6 @@ namespace {
 using namespace engineerrors;
 using namespace wholefiles;
 
-// Opens a planner for a full look at it: a journal that a crash left is played back by this.
-void SetUpAndCheck(SqliteConnection& connection)
-{
-    connection.SetUp();
-    connection.CheckHead();
-    connection.CheckWhole();
-}
-
 // Every table with its number of rows, and every number that ids go on from.
 QStringList Inventory(SqliteConnection& connection)
 {
@@ -56,7 +48,6 @@ void VacuumInto(SqliteConnection& source, const QString& path)
 void CompareWith(SqliteConnection& source, const QString& path)
 {
     SqliteConnection made(path);
-    made.CheckHead();
     made.CheckWhole();
     if (Inventory(made) != Inventory(source))
         throw RunTimeError{InputOutput, u"'%1' has not become a copy."_s.arg(path)};
@@ -80,7 +71,8 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
     source.CheckUnlocked(); // before the claim, so that no file of locks is left beside something that is no planner
     const auto claim = ClaimAlone(real);
     source.RefuseIfMoved();
-    SetUpAndCheck(source);
+    source.SetUp();
+    source.CheckWhole(); // a journal that a crash left is played back by this
     const ScratchFile fresh(to + ".new"_L1, status);
     VacuumInto(source, fresh.Path());
     CompareWith(source, fresh.Path());
@@ -93,9 +85,7 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
 void CopyWhole(const QString& planner, const QString& to)
 {
     CopyInto(planner, to);
-    SqliteConnection copy(to);
-    copy.CheckHead();
-    copy.CheckWhole();
+    SqliteConnection(to).CheckWhole();
 }
 
 QString Replace(const QString& scratch, const QString& target)

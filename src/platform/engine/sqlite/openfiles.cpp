@@ -20,14 +20,16 @@ ByteLocks::Mode ModeOf(bool exclusive)
 {
     return exclusive ? ByteLocks::Exclusive : ByteLocks::Shared;
 }
+
+[[noreturn]] void RaiseInUse(const QString& planner, const ByteLocks& locks)
+{
+    throw engineerrors::ErrorOf(engineerrors::InUseBy, QFileInfo(planner).fileName(), HolderOf(locks, {}));
+}
 } // namespace
 
 struct OpenFile::Shared
 {
-    Shared(const QString& planner, const struct stat& status)
-        : locks(LockFileOf(planner), status.st_mode, status.st_gid)
-    {
-    }
+    explicit Shared(const QString& planner) : locks(LocksBeside(planner)) {}
 
     void LetGo()
     {
@@ -50,16 +52,16 @@ std::weak_ptr<OpenFile::Shared>& OpenFile::Shared::Known(const struct stat& stat
 
 std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
 {
-    const struct stat status = wholefiles::StatusOf(planner);
-    std::weak_ptr<Shared>& entry = Known(status);
+    std::weak_ptr<Shared>& entry = Known(wholefiles::StatusOf(planner));
     std::shared_ptr<Shared> shared = entry.lock();
-    if (!shared) entry = shared = std::make_shared<Shared>(planner, status);
+    if (!shared) entry = shared = std::make_shared<Shared>(planner);
     return shared;
 }
 
-void RaiseInUse(const QString& planner, const ByteLocks& locks)
+ByteLocks LocksBeside(const QString& planner)
 {
-    engineerrors::RaiseInUse(QFileInfo(planner).fileName(), HolderOf(locks, {}));
+    const struct stat status = wholefiles::StatusOf(planner);
+    return {LockFileOf(planner), status.st_mode, status.st_gid};
 }
 
 std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)
@@ -68,9 +70,8 @@ std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)
     static std::map<QString, std::weak_ptr<ByteLocks>> claims;
     std::weak_ptr<ByteLocks>& claim = claims[planner];
     if (auto held = claim.lock()) return held;
-    const struct stat status = wholefiles::StatusOf(planner);
-    // A descriptor of its own, which this program's own opens refuse too.
-    auto locks = std::make_shared<ByteLocks>(LockFileOf(planner), status.st_mode, status.st_gid);
+    // Its own descriptor, which this program's own opens refuse too.
+    auto locks = std::make_shared<ByteLocks>(LocksBeside(planner));
     if (!locks->TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(planner, *locks);
     claim = locks;
     return locks;

@@ -10,8 +10,8 @@
 #include <functional>
 #include <memory>
 
-// Raises the 3045 that says who has the planner open.
-[[noreturn]] void RaiseInUse(const QString& planner, const ByteLocks& locks);
+// The file of locks beside a planner, by a descriptor of its own. 3024, 3051, 3043.
+ByteLocks LocksBeside(const QString& planner);
 
 // Keeps a planner from everybody, this program's own opens included, as long as the result lives; the path is the real
 // one. Asked for twice it is shared, so that several steps can be made under one claim. 3045, 3050.

@@ -100,7 +100,6 @@ std::vector<RepairReport::Table> Write(const std::vector<salvage::Table>& tables
                 report.push_back(TableWriter(planner, table).Write());
             }
         });
-        planner.CheckHead();
         planner.CheckWhole();
     }
     wholefiles::Sync(path);

@@ -1,6 +1,6 @@
 #include "platform/engine/sqlite/repairing.h"
 
-#include "platform/engine/engineerrors.h"
+#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sql/sqldialect.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
@@ -24,7 +24,10 @@
 namespace {
 using namespace engineerrors;
 using namespace wholefiles;
-using Tables = std::vector<RepairReport::Table>;
+
+constexpr KnownError NothingRead = {NotADatabase, u"'%1' is not a planner: nothing in it can be read."};
+constexpr KnownError NothingLeft = {NotADatabase,
+                                    u"Nothing can be read any more in the damaged planner '%1'. It is left as it was."};
 
 // A version beyond this is no newer program's but damage.
 constexpr int VersionLimit = 1000;
@@ -79,22 +82,6 @@ Verdict JudgeUntouched(const QString& path)
     return Judge(uri.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI, path);
 }
 
-qint64 WholeRows(const Tables& tables)
-{
-    qint64 rows = 0;
-    for (const auto& table : tables)
-        rows += table.Rows - table.CutRows;
-    return rows;
-}
-
-qint64 Rows(const Tables& tables)
-{
-    qint64 rows = 0;
-    for (const auto& table : tables)
-        rows += table.Rows;
-    return rows;
-}
-
 // The planner as it is without its journal, or as the journal leaves it, and what can be made of it.
 struct State
 {
@@ -111,16 +98,21 @@ struct State
         // That all tables are there and none has a row is a find too, if nothing of them is missing.
         isFound = !found.tables.empty() && std::ranges::all_of(found.tables, &salvage::Table::complete);
         tables = rebuilding::Write(found.tables, rebuilt.Path());
-        isFound = isFound || Rows(tables) > 0;
+        for (const RepairReport::Table& table : tables) {
+            rows += table.Rows;
+            cutRows += table.CutRows;
+        }
+        isFound = isFound || rows > 0;
     }
-    std::tuple<bool, qint64, qint64> Worth() const { return {isFound, WholeRows(tables), Rows(tables)}; }
+    std::tuple<bool, qint64, qint64> Worth() const { return {isFound, rows - cutRows, rows}; }
 
     ScratchFile copy;
     ScratchFile rebuilt;
     Verdict verdict = Verdict::Damaged;
     bool hasHead = false;
     bool isFound = false;
-    Tables tables;
+    std::vector<RepairReport::Table> tables;
+    qint64 rows = 0, cutRows = 0; // of all tables
 };
 
 class Repairer
@@ -164,12 +156,7 @@ RepairReport Repairer::Run()
     }
     State& state = Choose();
     const QString name = QFileInfo(m_planner).fileName();
-    if (!state.isFound && !state.hasHead)
-        throw RunTimeError{NotADatabase, u"'%1' is not a planner: nothing in it can be read."_s.arg(name)};
-    if (!state.isFound)
-        throw RunTimeError{
-            NotADatabase,
-            u"Nothing can be read any more in the damaged planner '%1'. It is left as it was."_s.arg(name)};
+    if (!state.isFound) throw ErrorOf(state.hasHead ? NothingLeft : NothingRead, name);
     Claim();
     const QString kept = KeepDamaged();
     Exchange(state);

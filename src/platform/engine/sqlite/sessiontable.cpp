@@ -1,11 +1,8 @@
 #include "platform/engine/sqlite/sessiontable.h"
 
-#include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
-#include "platform/engine/loginname.h"
-#include "platform/runtime/runtimeerror.h"
+#include "platform/engine/sessionname.h"
 
-#include <QSysInfo>
 #include <QThread>
 #include <QtEndian>
 
@@ -20,14 +17,10 @@ using namespace plannerformat;
 constexpr int Looks = 5;
 constexpr unsigned long PauseBetweenLooks = 2; // milliseconds
 
-// Cut between characters; the last byte stays zero.
+// The last byte stays zero.
 void Fill(char* target, int size, const QString& text)
 {
-    QString cut = text;
-    while (cut.toUtf8().size() >= size)
-        cut.chop(1);
-    const QByteArray bytes = cut.toUtf8();
-    std::copy(bytes.begin(), bytes.end(), target);
+    std::ranges::copy(sessionname::Cut(text, size - 1, [](const QString& cut) { return cut.toUtf8(); }), target);
 }
 
 QString TextOf(const char* field, int size)
@@ -50,7 +43,7 @@ bool Tells(const SessionEntry& entry, HeldRecord wanted)
 
 QString NameOf(const SessionEntry& entry)
 {
-    return PersonText(TextOf(entry.User, UserBytes), TextOf(entry.Machine, MachineBytes));
+    return sessionname::Person(TextOf(entry.User, UserBytes), TextOf(entry.Machine, MachineBytes));
 }
 
 QString LookForHolder(const ByteLocks& locks, HeldRecord wanted)
@@ -69,11 +62,10 @@ SessionEntry OwnEntry()
 {
     SessionEntry entry = {};
     entry.Process = qToLittleEndian(qint64{::getpid()});
-    Fill(entry.User, UserBytes, LoginName());
-    Fill(entry.Machine, MachineBytes, QSysInfo::machineHostName());
+    Fill(entry.User, UserBytes, sessionname::User());
+    Fill(entry.Machine, MachineBytes, sessionname::Machine());
     return entry;
 }
-
 } // namespace
 
 QString HolderOf(const ByteLocks& locks, HeldRecord held)
@@ -83,7 +75,7 @@ QString HolderOf(const ByteLocks& locks, HeldRecord held)
         const QString name = LookForHolder(locks, held);
         if (!name.isEmpty()) return name;
     }
-    return u"another user"_s;
+    return QString::fromUtf16(sessionname::Unknown);
 }
 
 Session::Session(ByteLocks& locks) : m_locks(locks), m_number(0)
@@ -111,9 +103,9 @@ bool Session::Holds(HeldRecord held) const
 void Session::TakeRecord(HeldRecord held)
 {
     // A descriptor never refuses itself, and two recordsets of one program must not write over each other either.
-    if (Holds(held)) engineerrors::RaiseRecordLocked(NameOf(OwnEntry()));
+    if (Holds(held)) throw engineerrors::ErrorOf(engineerrors::LockedBy, NameOf(OwnEntry()));
     if (!m_locks.TryLock(RecordByte(held.Table, held.Record), ByteLocks::Exclusive))
-        engineerrors::RaiseRecordLocked(HolderOf(m_locks, held));
+        throw engineerrors::ErrorOf(engineerrors::LockedBy, HolderOf(m_locks, held));
     m_held.push_back(held);
     WriteHeld();
 }

@@ -1,7 +1,6 @@
 #include "platform/engine/sqlite/sqliteconnection.h"
 
 #include "platform/engine/damage.h"
-#include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqlitedialect.h"
@@ -98,9 +97,8 @@ void SqliteConnection::CheckOwnership()
     const int id = m_database.execAndGet("PRAGMA application_id").getInt();
     const int version = m_database.execAndGet("PRAGMA user_version").getInt();
     m_database.execAndGet("SELECT count(*) FROM sqlite_schema");
-    if (id != plannerformat::ApplicationId || version < 1)
-        throw RunTimeError{NotADatabase, u"'%1' is not a planner."_s.arg(m_name)};
-    if (version > plannerformat::Version) RaiseNewer(m_name);
+    if (id != plannerformat::ApplicationId || version < 1) throw engineerrors::ErrorOf(NoPlanner, m_name);
+    if (version > plannerformat::Version) throw engineerrors::ErrorOf(NewerPlanner, m_name);
 }
 
 void SqliteConnection::CheckHead()
@@ -121,7 +119,7 @@ void SqliteConnection::SetUp()
 
 void SqliteConnection::CheckWhole()
 {
-    Prepare();
+    CheckHead();
     Do([this] {
         if (m_database.execAndGet("PRAGMA integrity_check(1)").getString() != "ok")
             throw SQLite::Exception("integrity_check", SQLITE_CORRUPT);

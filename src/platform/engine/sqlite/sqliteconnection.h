@@ -19,7 +19,7 @@ public:
     void CheckUnlocked();
     void SetUp();
     void CheckHead();     // 3343, 3006
-    void CheckWhole();    // 3343 where anything in the file is damaged; reads all of it
+    void CheckWhole();    // the head too; 3343 where anything in the file is damaged: reads all of it
     void RefuseIfMoved(); // 3043
     void WriteEmptyPlanner();
     void KeepWhole(bool whole); // while it is true other connections get nothing

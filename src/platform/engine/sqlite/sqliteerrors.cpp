@@ -1,6 +1,5 @@
 #include "platform/engine/sqlite/sqliteerrors.h"
 
-#include "platform/engine/engineerrors.h"
 #include "platform/engine/enginerefusals.h"
 
 #include <algorithm>
@@ -53,7 +52,7 @@ bool IsDamage(const SQLite::Exception& error)
 RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const QString& file)
 {
     if (IsBusy(error.getErrorCode() & 0xff)) return BusyError(doing, file);
-    if ((error.getErrorCode() & 0xff) == SQLITE_CORRUPT) return DamagedError(file);
+    if ((error.getErrorCode() & 0xff) == SQLITE_CORRUPT) return ErrorOf(DamagedPlanner, file);
     const auto fits = [&](const Meaning& meaning) {
         return meaning.code == error.getExtendedErrorCode() || meaning.code == (error.getErrorCode() & 0xff);
     };

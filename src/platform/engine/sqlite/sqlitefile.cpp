@@ -1,7 +1,6 @@
 #include "platform/engine/sqlite/sqlitefile.h"
 
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/enginerefusals.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/runtime/runtimeerror.h"
@@ -80,7 +79,7 @@ void CreateFilled(const QString& path, const std::function<void(Store&)>& write)
         ScratchFile::Remove(fresh);
         Unlink(LockFileOf(fresh));
     });
-    if (Exists(path)) RaiseFileExists(path);
+    if (Exists(path)) Raise(CreateMeanings, path, EEXIST);
     {
         const std::shared_ptr<Store> file = Create(fresh);
         file->BeginWrite();
@@ -103,7 +102,7 @@ std::shared_ptr<void> Claim(const QString& path)
 std::shared_ptr<void> ClaimPlanner(const QString& path)
 {
     StatusOfFile(path);
-    SqliteStore::CheckFile(RealPath(path));
+    SqliteConnection(RealPath(path)).CheckUnlocked();
     return Claim(path);
 }
 

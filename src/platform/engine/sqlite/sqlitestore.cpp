@@ -4,10 +4,6 @@
 #include "platform/engine/sqlite/onlinecopy.h"
 #include "platform/engine/sqlite/sqlitedialect.h"
 
-#include <QFile>
-
-#include <sys/stat.h>
-
 #include <sqlite3.h>
 
 namespace {
@@ -29,13 +25,6 @@ void Matches(sqlite3_context* context, int, sqlite3_value** arguments)
     answer(*made);
     sqlite3_set_auxdata(context, 1, made.release(), [](void* pattern) { delete static_cast<LikePattern*>(pattern); });
 }
-
-std::unique_ptr<ByteLocks> LocksBeside(const QString& path)
-{
-    struct stat status = {};
-    ::stat(QFile::encodeName(path).constData(), &status);
-    return std::make_unique<ByteLocks>(LockFileOf(path), status.st_mode, status.st_gid);
-}
 } // namespace
 
 SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlStore(sqlite::Dialect), m_path(path)
@@ -48,20 +37,15 @@ SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlSt
     }
     // Before any lock, so that no file of locks is left beside something that is no planner.
     if (file == File::Planner) m_connection->CheckUnlocked();
-    m_openFile = std::make_unique<OpenFile>(path, exclusive, [this](bool whole) { m_connection->KeepWhole(whole); });
+    m_openFile.emplace(path, exclusive, [this](bool whole) { m_connection->KeepWhole(whole); });
     m_connection->RefuseIfMoved(); // by a Compact or Repair that ended just before the lock was ours
     m_connection->SetUp();
     if (file == File::Empty) m_connection->WriteEmptyPlanner();
     m_connection->CheckHead();
     m_locks = LocksBeside(path);
-    m_session = std::make_unique<Session>(*m_locks);
+    m_session.emplace(*m_locks);
     m_connection->Do([this] { m_connection->Library().createFunction("matches", 2, true, nullptr, Matches); });
     m_openFile->Settle();
-}
-
-void SqliteStore::CheckFile(const QString& path)
-{
-    SqliteConnection(path).CheckUnlocked();
 }
 
 void SqliteStore::TryLock(const TableDef& table, qint64 id)

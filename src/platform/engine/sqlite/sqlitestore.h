@@ -16,8 +16,6 @@ public:
         Empty    // just made: an empty planner is written into it
     };
 
-    static void CheckFile(const QString& path); // raises what is wrong with it, before any lock is made beside it
-
     // The path is the real one of an existing file. Errors as DBEngine::OpenDatabase.
     SqliteStore(const QString& path, bool exclusive, File file);
 
@@ -36,8 +34,8 @@ protected:
 
 private:
     const QString m_path;
-    std::unique_ptr<OpenFile> m_openFile; // before the connection: the mode is given back when the file is closed
-    std::unique_ptr<ByteLocks> m_locks;
-    std::unique_ptr<Session> m_session;
+    std::optional<OpenFile> m_openFile; // before the connection: the mode is given back when the file is closed
+    std::optional<ByteLocks> m_locks;
+    std::optional<Session> m_session;
     std::optional<SqliteConnection> m_connection;
 };

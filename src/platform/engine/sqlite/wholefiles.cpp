@@ -1,12 +1,10 @@
 #include "platform/engine/sqlite/wholefiles.h"
 
-#include "platform/engine/engineerrors.h"
-#include "platform/runtime/runtimeerror.h"
+#include "platform/engine/enginerefusals.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -56,6 +54,13 @@ public:
         if (got < 0) Raise(m_path, errno);
         return static_cast<std::size_t>(got);
     }
+    template <typename Take>
+    void ReadAll(Take&& take) const
+    {
+        std::array<char, 1 << 16> buffer;
+        while (const std::size_t size = Read(buffer.data(), buffer.size()))
+            take(buffer.data(), size);
+    }
     void Write(const char* data, std::size_t size) const
     {
         while (size > 0) {
@@ -90,8 +95,7 @@ struct stat StatusOf(const QString& path)
 struct stat StatusOfFile(const QString& path)
 {
     const struct stat status = StatusOf(path);
-    if (!S_ISREG(status.st_mode) || status.st_size == 0)
-        throw RunTimeError{NotADatabase, u"'%1' is not a planner."_s.arg(NameOf(path))};
+    if (!S_ISREG(status.st_mode) || status.st_size == 0) throw ErrorOf(NoPlanner, NameOf(path));
     return status;
 }
 
@@ -120,34 +124,23 @@ bool HasHotJournal(const QString& path)
 
 QByteArray Content(const QString& path)
 {
-    const File file(path, O_RDONLY);
-    struct stat status = {};
-    ::fstat(file, &status);
-    QByteArray bytes(status.st_size, Qt::Uninitialized);
-    qsizetype size = 0;
-    while (size < bytes.size()) {
-        const std::size_t got = file.Read(bytes.data() + size, static_cast<std::size_t>(bytes.size() - size));
-        if (got == 0) break;
-        size += static_cast<qsizetype>(got);
-    }
-    return bytes.first(size);
+    QByteArray content;
+    File(path, O_RDONLY).ReadAll([&](const char* data, std::size_t size) {
+        content.append(data, static_cast<qsizetype>(size));
+    });
+    return content;
 }
 
 QByteArray Head(const QString& path, qsizetype size)
 {
-    const Descriptor file(path, O_RDONLY);
-    if (!file.IsOpen()) return {};
-    QByteArray bytes(size, Qt::Uninitialized);
-    const ssize_t got = ::read(file.Number(), bytes.data(), static_cast<std::size_t>(size));
-    return bytes.first(std::max<ssize_t>(got, 0));
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(size) : QByteArray();
 }
 
 void CopyInto(const QString& from, const QString& to)
 {
     const File source(from, O_RDONLY), target(to, O_WRONLY | O_TRUNC);
-    std::array<char, 1 << 16> buffer;
-    while (const std::size_t size = source.Read(buffer.data(), buffer.size()))
-        target.Write(buffer.data(), size);
+    source.ReadAll([&](const char* data, std::size_t size) { target.Write(data, size); });
     target.Sync();
 }
 
