@@ -36,19 +36,20 @@ using Rows = std::initializer_list<std::tuple<const char*, Columns...>>;
 class InRow
 {
 public:
-    InRow(QObject* test, const char* name) : m_name(name)
+    InRow(QObject* test, const QString& name) : m_name(name)
     {
         for (const char* step : {"cleanup", "init"})
-            QMetaObject::invokeMethod(test, step);
+            if (test->metaObject()->indexOfMethod(QByteArray(step) + "()") >= 0) QMetaObject::invokeMethod(test, step);
     }
+    InRow(QObject* test, const char* name) : InRow(test, QString::fromUtf8(name)) {}
     ~InRow()
     {
-        if (QTest::currentTestFailed()) qInfo("in the row '%s'", m_name);
+        if (QTest::currentTestFailed()) qInfo("in the row '%s'", qPrintable(m_name));
     }
     Q_DISABLE_COPY_MOVE(InRow)
 
 private:
-    const char* m_name;
+    QString m_name;
 };
 
 #define ORRELIN_TEST(Test) static const Runnable run##Test(#Test, RunTest<Test, QApplication>);

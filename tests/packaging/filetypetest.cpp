@@ -1,5 +1,4 @@
 #include "files.h"
-#include "inrow.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/dbengine.h"
 #include "testmain.h"
@@ -52,7 +51,7 @@ private Q_SLOTS:
             {"the same by its own name", u"b.sqlite3"_s, otherProgram, u"application/vnd.sqlite3"_s},
         };
         for (const auto& [row, name, content, type] : rows) {
-            const InRow inRow(row);
+            const InRow inRow(this, row);
             QCOMPARE(QMimeDatabase().mimeTypeForFile(Write(name, content)).name(), type);
         }
     }

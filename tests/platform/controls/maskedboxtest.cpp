@@ -1,7 +1,6 @@
 // The mask box under keys, mouse, clipboard and input methods.
 #include "platform/controls/maskedbox.h"
 
-#include "inrow.h"
 #include "testmain.h"
 
 #include <QClipboard>
@@ -82,8 +81,7 @@ private Q_SLOTS:
             {"cut and paste", g_full, u"All Cut Paste"_s, g_full, 10},
         };
         for (const auto& [name, before, keys, after, caret] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             m_box->SetText(before);
             m_box->setCursorPosition(0);
             Press(*m_box, keys);
@@ -111,8 +109,7 @@ private Q_SLOTS:
             {"no mask", u""_s, u"x"_s, 1, u"any; text"_s, u"xany; text"_s},
         };
         for (const auto& [name, mask, before, caret, clipboard, after] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             m_box->SetMask(mask);
             m_box->SetText(before);
             QGuiApplication::clipboard()->setText(clipboard);

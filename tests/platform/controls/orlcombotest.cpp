@@ -1,6 +1,5 @@
 #include "platform/controls/orlcombo.h"
 
-#include "inrow.h"
 #include "platform/runtime/runtimeerror.h"
 #include "testmain.h"
 
@@ -151,7 +150,7 @@ private Q_SLOTS:
              QStringList{click, click, u"Maroon"_s}},
         };
         for (const auto& [name, keys, events] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             ORLCombo colors;
             colors.FillColors();
             colors.SetListIndex(0);

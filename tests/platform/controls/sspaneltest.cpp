@@ -1,7 +1,6 @@
 // Panels: where the caption stands and how it looks, by the pixels that are painted.
 #include "platform/controls/sspanel.h"
 
-#include "inrow.h"
 #include "platform/look/paper.h"
 #include "testmain.h"
 
@@ -94,7 +93,7 @@ private Q_SLOTS:
             {"inset heavy", 4, -1, 2},
         };
         for (const auto& [name, effect, direction, depth] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             Panel panel(u"l"_s, 20, {60, 60}); // one upright
             panel.SetPaper(paper::Band);
             const QImage flat = panel.Look();

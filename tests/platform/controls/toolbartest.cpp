@@ -2,7 +2,6 @@
 #include "platform/controls/toolbar.h"
 
 #include "errorof.h"
-#include "inrow.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/resources.h"
 #include "testmain.h"
@@ -143,7 +142,7 @@ private Q_SLOTS:
             {"the bar goes", u""_s, QPoint(5, 200), u"hide"_s, false},
         };
         for (const auto& [name, from, to, meanwhile, dropped] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             Window window;
             window.Bar.Buttons(u"new"_s).setEnabled(false);
             QVERIFY(window.Open());

@@ -1,6 +1,5 @@
 #include "errorof.h"
 #include "files.h"
-#include "inrow.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/doevents.h"
@@ -65,7 +64,7 @@ private Q_SLOTS:
             {"retry cancel, esc", 5, Qt::Key_Escape, msgbox::Cancel, u"Retry"_s},
         };
         for (const auto& [name, style, key, answer, defaultButton] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             OnNextModal<QMessageBox>([=](QMessageBox& box) {
                 QVERIFY(QTest::qWaitForWindowActive(&box));
                 QCOMPARE(box.text(), u"replace '<b>a.mdb'?"_s);
@@ -90,7 +89,7 @@ private Q_SLOTS:
             {"a book", u"word "_s.repeated(4000), true},
         };
         for (const auto& [name, text, folded] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             OnNextModal<QMessageBox>([&](QMessageBox& box) {
                 auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
                 const QRect shown(label->mapTo(&box, QPoint()), label->size());
@@ -148,7 +147,7 @@ private Q_SLOTS:
             {"other filter", u"notes.txt"_s, mustExist, u"notes.txt"_s},
         };
         for (const auto& [name, typed, flags, chosen] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             CommonDialog dialog = PlannerDialog();
             dialog.Flags = flags;
             AnswerNextFileDialog(typed);

@@ -1,5 +1,4 @@
 #include "files.h"
-#include "inrow.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/folders.h"
@@ -45,7 +44,7 @@ private Q_SLOTS:
             {u"work/plan.mdb/x"_s, u""_s},
         };
         for (const auto& [path, found] : rows) {
-            const InRow inRow(path);
+            const InRow inRow(this, path);
             const QString expected = found.isEmpty() ? QString() : Path(found);
             QCOMPARE(QFileInfo(filesystem::Find(Path(path))).canonicalFilePath(),
                      QFileInfo(expected).canonicalFilePath());

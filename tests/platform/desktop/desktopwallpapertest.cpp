@@ -1,5 +1,4 @@
 #include "fakedesktop.h"
-#include "inrow.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/wallpaper.h"
 #include "privatebus.h"
@@ -160,8 +159,7 @@ private Q_SLOTS:
              u"xfce/backdrop/screen0/monitorDP-1/workspace0/image-style"_s, QByteArrayList{"5", "1", "-s 0"}},
         };
         for (const auto& [name, desktop, pictureKey, before, fitKey, fits] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             const FakeDesktop fake(desktop.constData());
             fake.Keep(pictureKey, before);
             fake.Keep(fitKey, fits[0]);
@@ -251,8 +249,7 @@ private Q_SLOTS:
             {"never replies", Played::Hangs, 0U, false},
         };
         for (const auto& [name, manner, code, isShown] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             qputenv("FLATPAK_ID", "org.example");
             const FakeDesktop fake("GNOME"); // whose settings are those of the sandbox
             Played::manner = Played::Manner(manner);

@@ -1,6 +1,5 @@
 #include "files.h"
 #include "hall/menus.h"
-#include "inrow.h"
 #include "platform/desktop/helpbook.h"
 #include "platform/desktop/helppage.h"
 #include "platform/desktop/helpviewer.h"
@@ -147,8 +146,7 @@ private Q_SLOTS:
             {"search", HelpCommand::Search, u"welcome"_s, u"helpWords"_s},
         };
         for (const auto& [name, command, page, focus] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             Open(command);
             QVERIFY(!Window()->isModal());
             QCOMPARE(Page().source(), HelpBook::PageOf(page));
@@ -197,8 +195,7 @@ private Q_SLOTS:
             {"nothing", u" "_s, u""_s, true},
         };
         for (const auto& [name, typed, first, only] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             Open(HelpCommand::Search);
             QTest::keyClicks(&Find<QLineEdit>("helpWords"), typed);
             QCOMPARE(Hits().value(0), first);
@@ -256,7 +253,7 @@ private Q_SLOTS:
             {"one byte changed", flipped},
         };
         for (const auto& [name, content] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTemporaryDir folder;
             const QString damaged = folder.filePath(u"ORL.HLP"_s);
             SetContent(damaged, content);

@@ -1,5 +1,4 @@
 #include "enginetesting.h"
-#include "inrow.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/textview.h"
 #include "platform/richtext/rtftextview.h"
@@ -114,8 +113,7 @@ private Q_SLOTS:
             {"plain text, old bytes", "gr\xf6\xdf\x65", u"GRÖßE"_s},
         };
         for (const auto& [name, stored, word] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             Fill({"{\\rtf1 other}", stored, "{\\rtf1 f\\'fbr \\u26085?\\'81 Gr\\'f6\\'dfte}"});
             QCOMPARE(Walk(u'*' + word + u'*'), QList<int>{1});
         }

@@ -1,5 +1,4 @@
 // Single texts and values of old planners: the ways in which they lie there, and bytes that are none.
-#include "inrow.h"
 #include "jet3file.h"
 #include "platform/engine/jet/jetstream.h"
 #include "platform/engine/jet/jetvalues.h"
@@ -51,7 +50,7 @@ private Q_SLOTS:
              Missing},
         };
         for (const auto& [name, codePage, bytes, memo] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             const JetEncoding encoding{codePage == 0, codePage == 0 ? 1252 : codePage};
             QCOMPARE(DecodeJetMemo(bytes, encoding).value_or(Missing), memo);
         }
@@ -84,7 +83,7 @@ private Q_SLOTS:
             {"an unknown type", 99, "x", dbText, QVariant()},
         };
         for (const auto& [name, type, bytes, field, value] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             const auto decoded = jetvalues::Decode({{}, type, 0}, bytes, {false, 1252}, {{}, FieldType(field), 5});
             QCOMPARE(decoded.has_value(), value.isValid());
             if (decoded) QCOMPARE(*decoded, value);

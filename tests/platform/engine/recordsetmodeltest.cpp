@@ -1,6 +1,5 @@
 // Random calls on a recordset, each checked against the rules kept in the plainest form: a sorted list of rows.
 #include "enginetesting.h"
-#include "inrow.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
 #include "testserver.h"
@@ -262,7 +261,7 @@ private Q_SLOTS:
     void AnyCallsObeyTheRules()
     {
         for (quint32 seed = 1; seed <= 8 && !QTest::currentTestFailed(); ++seed) {
-            const InRow inRow(u"seed %1"_s.arg(seed));
+            const InRow inRow(this, u"seed %1"_s.arg(seed));
             ObeyTheRules(seed);
         }
     }

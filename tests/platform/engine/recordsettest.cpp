@@ -1,6 +1,5 @@
 #include "enginetesting.h"
 #include "failingstore.h"
-#include "inrow.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/textview.h"
 #include "testmain.h"
@@ -60,8 +59,7 @@ private Q_SLOTS:
             {"null", memo, QVariant()},
         };
         for (const auto& [name, field, value] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             m_days.AddNew();
             m_days.SetField(field, value);
             m_days.Update();
@@ -168,7 +166,7 @@ private Q_SLOTS:
                                               [&] { m_days.Close(); },
                                               [&] { m_days = Recordset(); }};
         for (int way = 0; way < int(std::size(ways)); ++way) {
-            const InRow inRow(QString::number(way));
+            const InRow inRow(this, QString::number(way));
             m_days = Days(m_database);
             Write(m_days, m_key, "text");
             m_days.Seek(u"="_s, m_key);
@@ -207,14 +205,14 @@ private Q_SLOTS:
             {u"\"*i*m*d*t*k*\""_s, u"c"_s},
             {u"\"*\""_s, u"abcd"_s},
         };
-        Write(m_days, u"a"_s, "Buy milk");
-        Write(m_days, u"b"_s, "50% off at the café");
-        Write(m_days, u"c"_s, "I'm sure: don't drink mmilk");
-        Write(m_days, u"d"_s, QByteArray("x\0Hidden", 8));
-        m_days.AddNew(); // neither key nor text
-        m_days.Update();
         for (const auto& [pattern, found] : rows) {
-            const InRow inRow(pattern);
+            const InRow inRow(this, pattern);
+            Write(m_days, u"a"_s, "Buy milk");
+            Write(m_days, u"b"_s, "50% off at the café");
+            Write(m_days, u"c"_s, "I'm sure: don't drink mmilk");
+            Write(m_days, u"d"_s, QByteArray("x\0Hidden", 8));
+            m_days.AddNew(); // neither key nor text
+            m_days.Update();
             Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
             const QString criterion = u"[qmtText] LIKE "_s + pattern;
             QString keys;
@@ -237,7 +235,7 @@ private Q_SLOTS:
             {u"[nothing] LIKE 'x'"_s, ItemNotFound},
         };
         for (const auto& [criterion, error] : rows) {
-            const InRow inRow(criterion);
+            const InRow inRow(this, criterion);
             Write(m_days, m_key, "x");
             QCOMPARE(ErrorOf([&] { m_days.FindLast(criterion); }), error);
             QVERIFY(m_days.NoMatch());
@@ -305,8 +303,7 @@ private Q_SLOTS:
             {"for ever", FailurePlan::ForEver, "old"},
         };
         for (const auto& [name, when, stored] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             Write(m_days, m_key, "old");
             const FailingStores failing;
             Database database = DBEngine::OpenDatabase(m_path);

@@ -2,7 +2,6 @@
 #include "cuttingproxy.h"
 #include "enginetesting.h"
 #include "files.h"
-#include "inrow.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgresconnection.h"
 #include "platform/engine/sessionname.h"
@@ -73,7 +72,7 @@ private Q_SLOTS:
             {"bytes", head + QByteArray("\0\xff\xfe", 3), u"form postgresql:"_s},
         };
         for (const auto& [name, content, part] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             SetContent(m_path, content);
             QString text;
             QCOMPARE(Open(&text), NotADatabase);
@@ -93,7 +92,7 @@ private Q_SLOTS:
             {"no encryption", server.TcpUri(u"%1&sslmode=require"_s), right, BrokenConnection, u"SSL"_s},
         };
         for (const auto& [name, uri, password, error, part] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             ::setenv("PGPASSWORD", password, 1);
             Link(uri.arg(m_planner));
             QString text;
@@ -141,8 +140,7 @@ private Q_SLOTS:
             {"size", u"ALTER COLUMN \"qmtFontColor\" TYPE bigint"_s},
         };
         for (const auto& [name, change] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             TestServer::Get().Ask(u"ALTER TABLE orrelin_%1.\"QMT Table\" %2"_s.arg(m_planner, change));
             Database database = DBEngine::OpenDatabase(m_path);
             QCOMPARE(ErrorOf([&] { Days(database); }), NotADatabase);
@@ -189,8 +187,7 @@ private Q_SLOTS:
             {"another user first", false, "theirs", DataChanged},
         };
         for (const auto& [name, restart, meanwhile, editAgain] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             TestServer& server = TestServer::Get();
             Database database = DBEngine::OpenDatabase(m_path);
             Recordset days = Days(database);
@@ -289,8 +286,7 @@ private Q_SLOTS:
             {"answer lost", CuttingProxy::AfterAnswer, 0},
         };
         for (const auto& [name, cut, error] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             CuttingProxy proxy(TestServer::Get().Port());
             Link(TestServer::Get().TcpUri(m_planner, proxy.Port()));
             Database database = DBEngine::OpenDatabase(m_path);

@@ -1,7 +1,6 @@
 // Two programs and one planner, in a file or on a server: open modes, record locks, and what is left when one of them
 // is killed.
 #include "enginetesting.h"
-#include "inrow.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
 #include "testserver.h"
@@ -49,7 +48,7 @@ private Q_SLOTS:
     void APlannerIsOpenedAgainInAnotherWay()
     {
         for (const auto& [theirs, mine] : {std::pair(false, false), {false, true}, {true, false}, {true, true}}) {
-            const InRow inRow(u"%1 behind %2"_s.arg(mine).arg(theirs));
+            const InRow inRow(this, u"%1 behind %2"_s.arg(mine).arg(theirs));
             Database first = DBEngine::OpenDatabase(m_path, theirs);
             Recordset firstDays = Days(first);
             Write(firstDays, m_key, "first"); // an exclusive connection locks the file at its first write

@@ -1,5 +1,4 @@
 #include "files.h"
-#include "inrow.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/print/qmtprn32.h"
 #include "platform/richtext/notepicture.h"
@@ -155,8 +154,7 @@ private Q_SLOTS:
             {"endless", u"1e999"_s, 1.0},
         };
         for (const auto& [name, text, inches] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             SetMargins(text);
             const PrintedPage page = PrintNote("a");
             const QRectF ink = page.Painted([](const QColor& color) { return color.lightness() < 230; });
@@ -176,8 +174,7 @@ private Q_SLOTS:
             {"higher than its box", "\\pard\\fs150 ", " "},
         };
         for (const auto& [name, before, between] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             QByteArray text;
             for (int i = 0; i < 300; ++i)
                 text += "w" + QByteArray::number(i) + between;
@@ -209,8 +206,7 @@ private Q_SLOTS:
     void aPictureFitsItsBox()
     {
         for (const QSize size : {QSize(24, 24), QSize(1600, 300), QSize(300, 1600)}) {
-            const InRow inRow(QString::number(size.width()));
-            init();
+            const InRow inRow(this, QString::number(size.width()));
             QImage image(size, QImage::Format_RGB32);
             image.fill(Qt::red);
             RichTextBox box;
@@ -249,8 +245,7 @@ private Q_SLOTS:
     void aFileThatCannotBeWrittenIsToldOf()
     {
         for (const bool full : {false, true}) {
-            const InRow inRow(full ? "disk full" : "folder gone");
-            init();
+            const InRow inRow(this, full ? "disk full" : "folder gone");
             const QString folder = m_folders->Path(u"there"_s);
             QDir().mkpath(folder);
             const QString usual = std::exchange(m_pdf, folder + u"/page.pdf"_s);

@@ -1,5 +1,4 @@
 // What takes more than one program. The others are this program again, started with what to do and where.
-#include "inrow.h"
 #include "platform/profile/profile.h"
 #include "support.h"
 #include "testmain.h"
@@ -97,7 +96,7 @@ private Q_SLOTS:
             {"swedish", u"sv_SE.UTF-8"_s, "2,"},
         };
         for (const auto& [name, locale, formats] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QProcess other;
             QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
             environment.insert(u"LC_ALL"_s, locale);

@@ -1,7 +1,6 @@
 #include "platform/profile/profile.h"
 
 #include "files.h"
-#include "inrow.h"
 #include "platform/runtime/errortail.h"
 #include "support.h"
 #include "testmain.h"
@@ -66,7 +65,7 @@ private Q_SLOTS:
             {"not utf-8", "[\xFF]\n\xC3=\x80\n[S]\nKey=8", u"8"_s, 8},
         };
         for (const auto& [name, file, text, number] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             Put(file);
             QCOMPARE(Text("S", "KEY"), text);
             QCOMPARE(Number("S", "KEY"), number);
@@ -98,8 +97,7 @@ private Q_SLOTS:
             {"torn heading", "[T]\n[S", "[T]\n[S\nKey=v\n"},
         };
         for (const auto& [name, before, after] : rows) {
-            const InRow inRow(name);
-            init();
+            const InRow inRow(this, name);
             if (!before.isEmpty()) Put(before);
             QVERIFY(Write("S", "Key", u"v"_s));
             QCOMPARE(Bytes(), after);

@@ -1,5 +1,4 @@
 // A note's layout costs what its length costs: which notes are set in the cheap way, and that no letter is lost by it.
-#include "inrow.h"
 #include "notes.h"
 #include "testmain.h"
 
@@ -54,7 +53,7 @@ private Q_SLOTS:
             {"a word of usual length", Hex.left(3000).toUtf8(), Usual, true},
         };
         for (const auto& [name, note, wrap, isKerned] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             RichTextBox box;
             box.show();
             box.SetTextRTF(note);

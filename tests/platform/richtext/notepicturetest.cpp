@@ -1,7 +1,6 @@
 // Pictures in notes: how they come in and out.
 #include "platform/richtext/notepicture.h"
 
-#include "inrow.h"
 #include "platform/richtext/htmlimages.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
@@ -27,7 +26,7 @@ private Q_SLOTS:
             {"ICO", FileOf(Sample(), "ico"), "{\\pict\\pngblip" + sizes},
         };
         for (const auto& [name, file, kept] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTextDocument document(u"ab"_s);
             QTextCursor cursor = Selection(document, 1, 2);
             QVERIFY(InsertPicture(cursor, file, {.exact = {20, 10}}));
@@ -68,7 +67,7 @@ private Q_SLOTS:
             {"no width given", QSize(5000, 100), 0, QSize(4096, 82), QSize(5000, 100)},
         };
         for (const auto& [name, pixels, width, shown, kept] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTextDocument document;
             QTextCursor cursor(&document);
             QVERIFY(InsertPicture(cursor, Sample(pixels), {.width = width}));
@@ -109,7 +108,7 @@ private Q_SLOTS:
             {"text", 0, 1, false},   {"nothing", 2, 2, false},   {"mark before one", 3, 4, false},
         };
         for (const auto& [name, begin, end, isPicture] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTextDocument document;
             ReadRtf("{\\rtf1 a" + Group("pngblip", FileOf(Sample(), "png")).repeated(2) + "\\par" +
                         Group("jpegblip", "x") + '}',
@@ -139,7 +138,7 @@ private Q_SLOTS:
             {"damaged", u"<img alt='sun' src='data:image/png;base64,AAAA'><img src='data:'>"_s, u"asunb"_s},
         };
         for (const auto& [name, tag, text] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTemporaryDir folder;
             const QString path = folder.filePath(u"sample.png"_s);
             QVERIFY(Sample().save(path));

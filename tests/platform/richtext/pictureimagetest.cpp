@@ -1,5 +1,4 @@
 // What pictures in notes look like when they are painted, and what damaged ones do.
-#include "inrow.h"
 #include "platform/look/paper.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
@@ -145,7 +144,7 @@ private Q_SLOTS:
     void IconsOfMetafilesAreTransparent()
     {
         for (const bool inverts : {false, true}) {
-            const InRow inRow(inverts ? "xor" : "or");
+            const InRow inRow(this, inverts ? "xor" : "or");
             QImage mask(40, 20, QImage::Format_RGB32), colors(mask.size(), QImage::Format_RGB32);
             mask.fill(Qt::white);
             colors.fill(Qt::black);
@@ -182,7 +181,7 @@ private Q_SLOTS:
             {"records without length", Group("wmetafile8", Metafile(QByteArray(600, '\0')))},
         };
         for (const auto& [name, body] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             const QImage image = Paint(body);
             QCOMPARE(image.pixelColor(20, 10), QColor(paper::MemoPaper));
             QCOMPARE(image.pixelColor(0, 10), QColor(paper::SoftInk));
@@ -216,7 +215,7 @@ private Q_SLOTS:
     void IconsAreSharpOnFineScreens()
     {
         for (const char* before : {"", "\\fs17 ill "}) {
-            const InRow inRow(before);
+            const InRow inRow(this, before);
             QImage icon(64, 64, QImage::Format_RGB32);
             QRandomGenerator random(3);
             for (int i = 0; i < 64 * 64; ++i)

@@ -1,5 +1,4 @@
 // What the rich text box copies, and what it takes from the clipboard and from drags.
-#include "inrow.h"
 #include "notes.h"
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/rtfwriter.h"
@@ -88,7 +87,7 @@ private Q_SLOTS:
             {"empty paragraphs", "\\par\\par a\\par\\par"},
         };
         for (const auto& [name, body] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             Box from, to;
             from.Set(body);
             to.Set("before {\\b there}");

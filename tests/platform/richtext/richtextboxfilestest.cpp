@@ -1,7 +1,6 @@
 // The rich text box, the bytes that it holds, and its files.
 #include "errorof.h"
 #include "files.h"
-#include "inrow.h"
 #include "notes.h"
 #include "testmain.h"
 
@@ -27,7 +26,7 @@ private Q_SLOTS:
             {"nothing", "", u""_s},
         };
         for (const auto& [name, content, text] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             RichTextBox box;
             box.SetTextRTF(content);
             if (!text.isEmpty()) QCOMPARE(box.Text(), text);
@@ -109,7 +108,7 @@ private Q_SLOTS:
     void fullDiskLeavesTheOldFile()
     {
         for (const int words : {1500, 20000}) { // fails in the buffer, falls short
-            const InRow inRow(QString::number(words));
+            const InRow inRow(this, QString::number(words));
             QTemporaryDir directory;
             const QString path = directory.filePath(u"dayview.rtf"_s);
             RichTextBox box;

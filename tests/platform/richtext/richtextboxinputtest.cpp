@@ -1,5 +1,4 @@
 // Focus, mouse, keys, input methods, paste and drop of the rich text box.
-#include "inrow.h"
 #include "notes.h"
 #include "testmain.h"
 
@@ -161,7 +160,7 @@ private Q_SLOTS:
             {"umlaut", 0xe4, none, u"\u00e4"_s, u"b\u00e4cd"_s},
         };
         for (const auto& [name, key, modifiers, typed, text] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             Boxes boxes;
             bool drop = true;
             QList<int> keys;
@@ -400,7 +399,7 @@ private Q_SLOTS:
             {"by an input method, over a selection", u"-a+b{)~"_s, u"i"_s},
         };
         for (const auto& [name, keys, wanted] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             RichTextBox box;
             box.SetBlankFormat(QFont(u"Arial"_s, 16, QFont::Bold), 0xff);
             const QHash<QChar, QKeyCombination> moves{

@@ -1,6 +1,5 @@
 // Notes between this program and others: what they write in their own manner is read, and what is written here is read
 // by another reader of rich text.
-#include "inrow.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "testmain.h"
@@ -84,7 +83,7 @@ private Q_SLOTS:
             {"other letters", [](Format) {}, u"ж"_s, u"&#1078;"_s},
         };
         for (const auto& [name, set, text, html] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTextDocument document;
             QTextCursor cursor(&document);
             cursor.insertText(u"before "_s, Plain());
@@ -109,7 +108,7 @@ private Q_SLOTS:
             {u"plain.rtf"_s, u"No rich text: grüße {a} \\b|next line|"_s},
         };
         for (const auto& [file, text] : rows) {
-            const InRow inRow(file);
+            const InRow inRow(this, file);
             QFile corpus(QStringLiteral(RTF_CORPUS "/") + file);
             QVERIFY(corpus.open(QIODevice::ReadOnly));
             QTextDocument document;

@@ -1,6 +1,5 @@
 #include "platform/richtext/rtfwriter.h"
 
-#include "inrow.h"
 #include "notes.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfformat.h"
@@ -293,7 +292,7 @@ private Q_SLOTS:
             {"nothing", 3, 3, u"<>"_s},
         };
         for (const auto& [name, from, to, inserted] : rows) {
-            const InRow inRow(name);
+            const InRow inRow(this, name);
             QTextDocument document(u"abc\nd\nef"_s);
             QTextCursor cursor(&document);
             cursor.setPosition(to);

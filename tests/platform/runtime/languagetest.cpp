@@ -1,6 +1,5 @@
 #include "platform/runtime/language.h"
 
-#include "inrow.h"
 #include "platform/runtime/runtimeerror.h"
 #include "testmain.h"
 
@@ -30,7 +29,7 @@ private Q_SLOTS:
             {u"99999999999999999999999999"_s, 1e26},
         };
         for (const auto& [text, value] : rows) {
-            const InRow inRow(text);
+            const InRow inRow(this, text);
             QCOMPARE(Val(text), value);
         }
     }
