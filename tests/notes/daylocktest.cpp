@@ -45,11 +45,9 @@ private Q_SLOTS:
 
     void aDayIsLockedTypedAndUnlocked()
     {
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuLockDay");
-        QCOMPARE(seen.Text, u"Please select a daily cell to lock"_s);
+        QCOMPARE(m_program->Said("mnuLockDay").Text, u"Please select a daily cell to lock"_s);
         QVERIFY(ShowsFree());
+        SeenBox seen;
         m_program->Click(18);
         AnswerNextBox(msgbox::Ok, &seen); // no key before the lock
         QTest::keyClick(&Box(), Qt::Key_X);
@@ -67,26 +65,6 @@ private Q_SLOTS:
         m_program->Click(18);
         m_program->Trigger("mnuNextMonth"); // another day stands where the caret is
         QVERIFY(m_program->PressLockAndHear().startsWith(u"Please select"_s));
-    }
-
-    // To another program, and from it.
-    void aPersonalPlannerIsItsOwnersAlone()
-    {
-        m_other = Recordset();
-        const QString path = m_program->folders.Path(m_program->File);
-        OtherProgram other;
-        QCOMPARE(other.Open(path, false), u"0"_s);
-        SeenBox seen;
-        AnswerNextFileDialog(path);
-        Program::AnswerOpenAs(false);
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuOpen");
-        QVERIFY2(seen.Text.contains(u"already in use by "_s + OtherProgram::Name()), qPrintable(seen.Text));
-        QVERIFY(!HasPlanner());
-        other.Kill();
-        m_program->Open(m_program->File, false);
-        OtherProgram next;
-        QVERIFY(next.Open(path, false).startsWith(u"3045"_s));
     }
 
     // What stands in the file at this instant takes the place of what the screen showed.
@@ -116,10 +94,7 @@ private Q_SLOTS:
         }
         for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
             m_program->Find<QWidget>("tabSidebar").setFocus();
-            AnswerNextBox(msgbox::Ok, &seen);
-            m_program->Trigger(entry);
-            QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);
-            QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(m_program->Said(entry).Text, u"Mar 17, 1999 is locked, please unlock first."_s);
             QCOMPARE(m_program->form->focusWidget(), &Box());
         }
         AnswerNextBox(msgbox::Ok, &seen);
@@ -183,17 +158,14 @@ private Q_SLOTS:
     void theDayViewOfALockedDay()
     {
         LockAndType(u"by hand"_s);
-        OnNextModal<ZoomBoxForm>(
-            [](ZoomBoxForm& form) { QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton); });
-        m_program->Trigger("mnuDayView");
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [](ZoomBoxForm& form) { Press(form, "btnCancel"); });
         QVERIFY(ShowsLocked());
         QCOMPARE(Box().Text(), u"by hand"_s);
         QVERIFY(OtherIsRefused());
-        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), u"zoomed "_s);
-            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
+            Press(form, "btnOk");
         });
-        m_program->Trigger("mnuDayView");
         QVERIFY(ShowsFree());
         QCOMPARE(Stored(), u"zoomed by hand"_s);
         m_program->Trigger("mnuNextMonth");
@@ -204,21 +176,17 @@ private Q_SLOTS:
     {
         m_program->Click(18);
         for (const char* button : {"btnOk", "btnCancel"}) {
-            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
                 QVERIFY(m_program->ShowsLocked() && OtherIsRefused());
                 QTest::keyClicks(&form.tbZoom(), u"agreed"_s);
-                QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
+                Press(form, button);
             });
-            m_program->Trigger("mnuDayView");
             QVERIFY(ShowsFree());
             QCOMPARE(Stored(), u"agreed"_s);
         }
         m_other.Seek(schema::Equal, m_program->Key);
         m_other.Edit(); // now the other has it
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuDayView");
-        QVERIFY(seen.Text.contains(u"currently locked by"_s));
+        QVERIFY(m_program->Said("mnuDayView").Text.contains(u"currently locked by"_s));
         QVERIFY(ShowsFree());
         m_other.CancelUpdate();
     }
@@ -231,11 +199,10 @@ private Q_SLOTS:
             const InRow row(this, what);
             m_program->Click(18);
             OtherWrites("theirs");
-            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
                 QTest::keyClicks(&form.tbZoom(), typed);
-                QTest::mouseClick(form.findChild<QPushButton*>(u"btnOk"_s), Qt::LeftButton);
+                Press(form, "btnOk");
             });
-            m_program->Trigger("mnuDayView");
             QCOMPARE(Stored(), stored);
             QCOMPARE(Box().Text(), stored);
         }
@@ -278,10 +245,7 @@ private Q_SLOTS:
         m_program->Open(m_program->File, true);
         LockAndType(u"not lost"_s);
         *failing.plan = {1, FailurePlan::Before, {3026, u"Disk full"_s}, u"Replace"_s};
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuWeekView");
-        QCOMPARE(seen.Text, u"Disk full"_s);
+        QCOMPARE(m_program->Said("mnuWeekView").Text, u"Disk full"_s);
         QVERIFY(ShowsLocked());
         QVERIFY(!Box().isHidden()); // the month has not gone
         QCOMPARE(Box().Text(), u"not lost"_s);

@@ -34,16 +34,10 @@ class HeldRecordTest : public QObject
     // Opens the day view on the current day, types into it and does the rest there.
     void InDayView(const QString& typed, const std::function<void(ZoomBoxForm&)>& rest) const
     {
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), typed);
             rest(form);
         });
-        m_program->Trigger("mnuDayView");
-        m_program->Activate();
-    }
-    static void Press(const ZoomBoxForm& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
 
 private Q_SLOTS:

@@ -60,10 +60,6 @@ class JournalTest : public QObject
     {
         OpenWith(shared, [&] { OnNextModal<RecoveryForm>(answer); });
     }
-    static void Press(const QDialog& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
-    }
     // Types into the day, in its cell or in the day view, until the journal has it.
     void TypeUntilTheCut(bool shared, bool inDayView)
     {
@@ -74,14 +70,12 @@ class JournalTest : public QObject
             CutWhenJournalled("old and new");
             return;
         }
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
             QTest::keyClick(&form.tbZoom(), Qt::Key_End, Qt::ControlModifier);
             QTest::keyClicks(&form.tbZoom(), u" and new"_s);
             CutWhenJournalled("old and new");
-            QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton);
+            Press(form, "btnCancel");
         });
-        m_program->Trigger("mnuDayView");
-        m_program->Activate();
     }
     void StartTyping(bool shared, bool inDayView = false)
     {
@@ -229,17 +223,14 @@ private Q_SLOTS:
     }
 
     // Nobody is there to be asked, and the disk takes nothing but what it has.
-    void AnEndWithoutAScreenKeepsTheJournal()
+    void AnEndWithoutAScreenKeepsTheJournalOfALockedDay()
     {
-        for (const auto& [what, shared] : Rows<bool>{{"a planner that takes nothing", false}, {"a locked day", true}}) {
-            const InRow row(this, what);
-            const FailingStores failing;
-            StartTyping(shared);
-            *failing.plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, {}};
-            SetContent(RescueFolder(), "no folder");
-            m_program->form->subExitProgram(Mainform::ProcessIsEnded);
-            QVERIFY(Journalled().contains("old and new"));
-        }
+        const FailingStores failing;
+        StartTyping(true);
+        *failing.plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, {}};
+        SetContent(RescueFolder(), "no folder");
+        m_program->form->subExitProgram(Mainform::ProcessIsEnded);
+        QVERIFY(Journalled().contains("old and new"));
     }
 
     void ADamagedJournalIsToldOfOnce()
