@@ -184,7 +184,7 @@ private Q_SLOTS:
                  {"list", "cmbRecurDays", u"4"_s}, // behind the 1 that stands there
              }) {
             const InRow row(this, what);
-            OnNextModal<RecurForm>([&](RecurForm& form) {
+            m_program->InWindow<RecurForm>("mnuRecurse", [&](RecurForm& form) {
                 auto& typedInto = In<QWidget>(form, box.constData());
                 typedInto.setFocus();
                 QTRY_COMPARE(QApplication::focusWidget(), &typedInto);
@@ -198,8 +198,6 @@ private Q_SLOTS:
                 QVERIFY(form.isVisible());
                 QTest::keyClick(&form, Qt::Key_Escape);
             });
-            m_program->Trigger("mnuRecurse");
-            QCOMPARE(WaitingAnswers(), 0);
         }
     }
 

@@ -26,19 +26,8 @@ class AlarmFormTest : public QObject
         return mark && !mark->isHidden() && !covers ? mark : nullptr;
     }
 
-    static void Click(QWidget& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
-    }
-
-    // What the person does in the editor that the command opens.
-    void InEditor(const char* command, const std::function<void(AlarmForm&)>& act)
-    {
-        OnNextModal<AlarmForm>(act);
-        m_program->Trigger(command);
-        QCOMPARE(WaitingAnswers(), 0);
-        m_program->Activate();
-    }
+    // What the person does in the editor that the entry opens.
+    void InEditor(const char* entry, const std::function<void(AlarmForm&)>& act) { m_program->InWindow(entry, act); }
 
     // A row of what the boxes show.
     static QString Row(AlarmForm& form)
@@ -83,12 +72,12 @@ private Q_SLOTS:
         for (const char* tune : {"/b.mid", "/a.wav"})
             SetContent(folders::MediaDirectory() + QLatin1StringView(tune), "x");
         m_program->New(m_file);
-        m_program->Type(18, u"typed"_s);
+        m_program->Type(17, u"typed"_s); // on the day before today
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
             QVERIFY(!ClockRuns());
             QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"New Alarm Event"_s);
             QCOMPARE(In<QLabel>(form, "lblDateFormat").text() + u' ' + Shown(form, "maskAlarmDate"),
-                     u"DD/MM/YYYY 17/03/1999"_s);
+                     u"DD/MM/YYYY 16/03/1999"_s);
             for (const char* disabled : {"frBrowseAlarm", "btnDelete"})
                 QVERIFY(!In<QWidget>(form, disabled).isEnabled());
             auto& tunes = In<ORLCombo>(form, "orlcmbTunes");
@@ -104,13 +93,13 @@ private Q_SLOTS:
             In<QRadioButton>(form, "opAMPM(1)").setFocus();
             QTest::keyClick(&In<QRadioButton>(form, "opAMPM(1)"), Qt::Key_Left); // while none is chosen
             QTest::keyClick(&tunes, Qt::Key_End);
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
         QVERIFY(ClockRuns());
         QCOMPARE(StoredAlarms(), QStringList(u"1999/3/5 00:30 lunch b.mid"_s));
-        QVERIFY(Mark(m_program->CellOf(5)) && !Mark(18));
-        QCOMPARE(m_program->Box(18).Text(), u"typed"_s);
-        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("typed"));
+        QVERIFY(Mark(m_program->CellOf(5)) && !Mark(17));
+        QCOMPARE(m_program->Box(17).Text(), u"typed"_s);
+        QVERIFY(m_program->Stored(m_file, u"1999/3/16"_s).contains("typed"));
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
@@ -131,10 +120,10 @@ private Q_SLOTS:
                 In<MaskEdBox>(form, "maskAlarmDate").setCursorPosition(0);
                 if (!isDated) QTest::keyClick(&In<MaskEdBox>(form, "maskAlarmDate"), Qt::Key_Delete);
                 ExpectBox(told);
-                Click(form, "btnOk");
+                Press(form, "btnOk");
                 QVERIFY(form.isVisible());
                 QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
-                Click(form, "btnCancel");
+                Press(form, "btnCancel");
             });
             QCOMPARE(StoredAlarms(), QStringList());
         }
@@ -164,14 +153,16 @@ private Q_SLOTS:
     void steps()
     {
         m_program->New(m_file);
-        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
-            for (const auto& [picture, box, shown] :
-                 {std::tuple("picHourDn", "maskHour", "12"), std::tuple("picHourUp", "maskHour", "01"),
-                  std::tuple("picMinuteDn", "maskMinute", "59"), std::tuple("picMinuteUp", "maskMinute", "00")}) {
-                Press(form, picture);
-                QCOMPARE(Shown(form, box), QLatin1StringView(shown));
+        InEditor("mnuNewAlarm", [](AlarmForm& form) {
+            for (const auto& [box, up, down, after] :
+                 {std::tuple("maskHour", "picHourUp", "picHourDn", "01 12 11 12 01"),
+                  {"maskMinute", "picMinuteUp", "picMinuteDn", "01 00 59 00 01"}}) {
+                QStringList steps;
+                for (const char* picture : {up, down, down, up, up})
+                    Press(form, picture), steps += Shown(form, box);
+                QCOMPARE(steps, QString::fromLatin1(after).split(u' '));
             }
-            Click(form, "btnCancel");
+            Press(form, "btnCancel");
         });
     }
 
@@ -193,7 +184,7 @@ private Q_SLOTS:
                 QVERIFY(Tone(recording.Hear(0.3), Pitch) > 0.02);
                 if (way == QByteArray("picStop")) Press(form, way);
                 if (way == QByteArray("picStop")) QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
-                Click(form, "btnCancel");
+                Press(form, "btnCancel");
             });
             QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
         }
@@ -211,11 +202,11 @@ private Q_SLOTS:
                     if (way == "esc at the window") form.setFocus();
                     if (way.startsWith("esc")) QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
                     if (way == "close") form.close();
-                    if (way == "button") Click(form, isNew ? "btnCancel" : "btnOk");
+                    if (way == "button") Press(form, isNew ? "btnCancel" : "btnOk");
                 });
                 QCOMPARE(ClockRuns(), way != "esc at the window");
                 QCOMPARE(StoredAlarms(), QStringList());
-                InEditor("mnuNewAlarm", [&](AlarmForm& form) { Click(form, "btnCancel"); });
+                InEditor("mnuNewAlarm", [&](AlarmForm& form) { Press(form, "btnCancel"); });
                 QVERIFY(ClockRuns());
             }
         }
@@ -236,7 +227,7 @@ private Q_SLOTS:
                     Press(form, picture);
                 }
                 QCOMPARE(Row(form), u"__/__/____ __ __ -  "_s);
-                Click(form, "btnOk");
+                Press(form, "btnOk");
             });
         }
         AddAlarms({MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
@@ -269,7 +260,7 @@ private Q_SLOTS:
             step("picLeftSpin", one);
             step("picLeftSpin", one, true);
             step("picRightSpin", two); // likewise from the other end: the first one is passed over
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
         QCOMPARE(m_program->Log(), QByteArray());
     }
@@ -298,7 +289,7 @@ private Q_SLOTS:
                 QVERIFY(form.isVisible());
                 QCOMPARE(Row(form), u"__/__/____ __ __ -  "_s);
             }
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
         QCOMPARE(StoredAlarms().size(), 5);
         QVERIFY(StoredAlarms().filter(u"first"_s).isEmpty()); // and the second one is there
@@ -322,9 +313,9 @@ private Q_SLOTS:
                 OnNextModal<AlarmForm>([&](AlarmForm& form) {
                     QCOMPARE(Row(form).contains(u"only"_s), !ok);
                     if (isShared) QVERIFY(m_program->Stored(m_file, u"1999/3/19"_s).contains("typed"));
-                    Click(form, "btnDelete");
+                    Press(form, "btnDelete");
                     QVERIFY(Mark(18));
-                    if (ok) Click(form, "btnOk");
+                    if (ok) Press(form, "btnOk");
                     if (!ok) QTest::keyClick(&form, Qt::Key_Escape);
                 });
                 QTest::mouseClick(Mark(18), Qt::LeftButton);
@@ -356,7 +347,7 @@ private Q_SLOTS:
             QVERIFY(one > 0 && further > one);
             QTest::keyClick(form.focusWidget(), Qt::Key_PageUp);
             QVERIFY(bar.value() < further);
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
     }
 };

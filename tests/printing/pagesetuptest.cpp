@@ -15,10 +15,6 @@ class PageSetupTest : public QObject
         WritePrivateProfileStringA(u"intl"_s, u"sDecimal"_s, separator, u"WIN.INI"_s);
     }
     static QLineEdit& Box(QWidget& form, const char* name) { return In<QLineEdit>(form, name); }
-    static void Press(QWidget& form, const char* name)
-    {
-        QTest::keyClick(&In<QPushButton>(form, name), Qt::Key_Return);
-    }
     static void Show(PageSetupForm& form)
     {
         form.show();
@@ -46,10 +42,10 @@ private Q_SLOTS:
         Box(form, "tbHeader").setFocus();
         QTest::keyClicks(&Box(form, "tbHeader"), u"Our year"_s);
         QTest::keyClick(&Box(form, "tbHeader"), Qt::Key_Return);
-        for (const char* name : {"tbLeft", "tbRight"}) {
+        for (const auto& [name, typed] : {std::pair("tbLeft", u"narrow"_s), {"tbRight", u"wide"_s}}) {
             QTest::mouseClick(&Box(form, name), Qt::LeftButton);
             QCOMPARE(Box(form, name).selectedText(), u"1,00"_s);
-            QTest::keyClicks(&Box(form, name), u"narrow"_s);
+            QTest::keyClicks(&Box(form, name), typed);
             QTest::keyClick(&Box(form, name), Qt::Key_Enter);
         }
         QVERIFY(form.isVisible());
@@ -57,7 +53,7 @@ private Q_SLOTS:
         Press(form, "btnOk");
         QVERIFY(!form.isVisible());
         const std::pair<const char*, const char*> wanted[] = {{"LEFT", "narrow"},     {"TOP", "1,00"},
-                                                              {"RIGHT", "narrow"},    {"BOTTOM", "1,00"},
+                                                              {"RIGHT", "wide"},      {"BOTTOM", "1,00"},
                                                               {"HEADER", "Our year"}, {"HEADERFONT", "Arial"},
                                                               {"HEADERBOLD", "-1"},   {"HEADERITALIC", "-1"},
                                                               {"HEADERSIZE", "10.5"}, {"HEADERCOLOR", "&HFF0000&"}};
@@ -93,12 +89,13 @@ private Q_SLOTS:
     {
         Program program;
         program.Start();
-        OnNextModal<PageSetupForm>([](PageSetupForm& form) {
+        program.InWindow<PageSetupForm>("mnuPageSetup", [](PageSetupForm& form) {
+            const QLineEdit& header = Box(form, "tbHeader"); // of a first run
+            QVERIFY(header.font().pointSize() == 12 && header.font().bold() && !header.font().italic());
+            QCOMPARE(header.palette().color(QPalette::Text), QColor(Qt::black));
             QTest::keyClicks(&Box(form, "tbHeader"), u"dropped"_s);
             QTest::keyClick(&form, Qt::Key_Escape);
         });
-        program.Trigger("mnuPageSetup");
-        QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(Ini("PAGESETUP", "HEADER"), u"none"_s);
     }
 };
