@@ -15,12 +15,7 @@ class DayViewTest : public QObject
     std::unique_ptr<Program> m_program;
     const QString m_file = u"notes.mdb"_s;
 
-    static void InDayView(std::function<void(ZoomBoxForm&)> act) { OnNextModal<ZoomBoxForm>(std::move(act)); }
-
-    static void Press(ZoomBoxForm& form, const char* button)
-    {
-        QTest::keyClick(&In<QPushButton>(form, button), Qt::Key_Return);
-    }
+    void InDayView(const std::function<void(ZoomBoxForm&)>& act) const { m_program->InWindow("mnuDayView", act); }
 
     static QString Heading(const ZoomBoxForm& form) { return In<QGroupBox>(form, "frZoom").title(); }
 
@@ -40,7 +35,7 @@ private Q_SLOTS:
     {
         m_program->New(m_file);
         m_program->Type(18, u"tea"_s);
-        InDayView([&](ZoomBoxForm& form) {
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
             QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 17, 1999"_s);
             QCOMPARE(form.size(), QSize(411, 311)); // until it was closed at another size
             QVERIFY(ScratchExists());
@@ -71,13 +66,11 @@ private Q_SLOTS:
             const InRow row(this, what);
             m_program->New(m_file);
             m_program->Type(18, u"kept"_s);
-            InDayView([cancels](ZoomBoxForm& form) {
+            OnNextModal<ZoomBoxForm>([cancels](ZoomBoxForm& form) {
                 form.move(60, 50);
                 QTest::keyClicks(&form.tbZoom(), u"never "_s);
-                if (cancels)
-                    Press(form, "btnCancel");
-                else
-                    QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
+                if (cancels) Press(form, "btnCancel");
+                if (!cancels) QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
             });
             Q_EMIT m_program->Panel(18).DblClick();
             QCOMPARE(WaitingAnswers(), 0);
@@ -104,7 +97,6 @@ private Q_SLOTS:
             QTest::keyClicks(&form.tbZoom(), u"roses"_s);
             form.close();
         });
-        m_program->Trigger("mnuDayView");
         QVERIFY(StoredAfterSave(u"1999/3/Memo2"_s).contains("roses"));
     }
 
@@ -126,8 +118,6 @@ private Q_SLOTS:
             QCOMPARE(form.tbZoom().SelFontSize(), 22.0);
             Press(form, "btnOk");
         });
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(WaitingAnswers(), 0);
     }
 
     // The clock turns the calendar to today behind the window; the text must not come to stand under another date.
@@ -143,7 +133,6 @@ private Q_SLOTS:
             QTest::keyClicks(&form.tbZoom(), u"late "_s);
             Press(form, "btnOk");
         });
-        m_program->Trigger("mnuDayView");
         QCOMPARE(m_program->Box(18).Text(), QString());
         QVERIFY(m_program->Stored(m_file, u"1999/2/17"_s).contains("late "));
         QVERIFY(StoredAfterSave(u"1999/3/17"_s).isNull());
@@ -167,7 +156,7 @@ private Q_SLOTS:
     {
         m_program->New(m_file);
         m_program->Type(18, u"caret"_s);
-        InDayView([](ZoomBoxForm& form) { Press(form, "btnCancel"); });
+        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) { Press(form, "btnCancel"); });
         Q_EMIT m_program->Panel(20).DblClick();
         QCOMPARE(m_program->form->focusWidget(), &m_program->Box(20));
         QCOMPARE(g_iCurrentPanel, 20);
@@ -178,8 +167,6 @@ private Q_SLOTS:
             QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 21, 1999"_s); // the first that is shown
             Press(form, "btnCancel");
         });
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(WaitingAnswers(), 0);
     }
 };
 

@@ -43,19 +43,6 @@ class FormattingTest : public QObject
         return m_program->Box(18);
     }
 
-    // Types a size and presses Return there.
-    static void AnswerNextFontDialogByKeys()
-    {
-        OnNextModal([](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
-                    [](QWidget* window) {
-                        auto* const fonts = window->findChild<QFontDialog*>();
-                        auto* const size = fonts->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(2);
-                        size->selectAll();
-                        QTest::keyClicks(size, u"22"_s);
-                        QTest::keyClick(size, Qt::Key_Return);
-                    });
-    }
-
 private Q_SLOTS:
     void init()
     {
@@ -205,7 +192,15 @@ private Q_SLOTS:
     {
         RichTextBox& box = Write(u"one step"_s);
         Select(box, 0, 8);
-        AnswerNextFontDialogByKeys();
+        OnNextModal(
+            [](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
+            [](QWidget* window) {
+                QLineEdit* const field =
+                    window->findChild<QFontDialog*>()->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(2);
+                field->selectAll();
+                QTest::keyClicks(field, u"22"_s);
+                QTest::keyClick(field, Qt::Key_Return);
+            });
         m_program->Trigger("mnuColorSizeFonts");
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(box.SelFontSize(), 22.0);
@@ -281,6 +276,8 @@ private Q_SLOTS:
         Select(m_program->Box(20), 6, 5);
         QTest::mouseClick(&Button("copy"), Qt::LeftButton);
         QTRY_COMPARE(QApplication::clipboard()->text(), u"carry"_s);
+        QTest::keyClick(&m_program->Box(20), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_program->Box(20).Text(), u"carry "_s);
     }
 
     // In a workgroup's planner nothing may change before the day is locked; copying and justifying may go on.
@@ -291,9 +288,7 @@ private Q_SLOTS:
         RichTextBox& box = m_program->Box(18);
         SeenBox seen;
         for (const char* entry : {"mnuBold", "mnuCut", "mnuPaste", "mnuColorSizeFonts"}) {
-            AnswerNextBox(msgbox::Ok, &seen);
-            m_program->Trigger(entry);
-            QCOMPARE(WaitingAnswers(), 0);
+            seen = m_program->Said(entry);
             QCOMPARE(seen.Text, u"Please lock the desired day before attempting to apply font attributes "
                                 "to current cell"_s);
             QCOMPARE(seen.Icon, QMessageBox::Information);

@@ -84,7 +84,7 @@ private Q_SLOTS:
             m_program->Trigger("mnuNew");
             m_program->Activate();
             QCOMPARE(WaitingAnswers(), 0);
-            QCOMPARE(seen.Title.isEmpty(), answer == 0);
+            QCOMPARE(seen.DefaultButton, answer == 0 ? QString() : u"No"_s);
             if (answer != msgbox::No) {
                 QCOMPARE(refusal, u"Could not create New Planner"_s);
                 QVERIFY(!reason.isEmpty());

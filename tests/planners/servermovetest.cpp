@@ -17,13 +17,10 @@ class ServerMoveTest : public QObject
     // Runs the steps in the open dialog and leaves it.
     void InOptions(const std::function<void(NetworkOptionForm&)>& steps)
     {
-        OnNextModal<NetworkOptionForm>([=](NetworkOptionForm& form) {
+        m_program->InWindow<NetworkOptionForm>("mnuNetworkOptions", [=](NetworkOptionForm& form) {
             steps(form);
             QTest::keyClick(&form, Qt::Key_Escape);
         });
-        m_program->Trigger("mnuNetworkOptions");
-        QCOMPARE(WaitingAnswers(), 0);
-        m_program->Activate();
     }
     static QPushButton& Button(const NetworkOptionForm& form, const char* name) { return In<QPushButton>(form, name); }
     static QLineEdit& Address(const NetworkOptionForm& form) { return In<QLineEdit>(form, "txtServer"); }
