@@ -70,8 +70,9 @@ private Q_SLOTS:
     {
         AddAlarms({MakeAlarm("1999/3/17", "00:00", "midnight"), MakeAlarm("1999/3/17", "13:05", "lunch"),
                    MakeAlarm("1999/3/17", "23:59", "late"), MakeAlarm("1999/3/17", "7:05", "of old"),
-                   MakeAlarm("1999/3/18", "00:00", "tomorrow"), MakeAlarm("1999/3/16", "13:05", "yesterday"),
-                   MakeAlarm("1999/03/17", "13:05", "padded"), MakeAlarm("1999/3/1", "13:05", "like it")});
+                   MakeAlarm("1999/3/18", "00:00", "tomorrow"), MakeAlarm("1999/3/16", "20:00", "yesterday"),
+                   MakeAlarm("1999/3/18", "20:00", "not yet"), MakeAlarm("1999/03/17", "13:05", "padded"),
+                   MakeAlarm("1999/3/1", "13:05", "like it")});
         QStringList rung;
         const QDateTime start(m_today, QTime(0, 0));
         for (int tick = 0; tick <= 24 * 60 * 2; ++tick) { // two a minute
@@ -81,7 +82,7 @@ private Q_SLOTS:
         }
         QCOMPARE(rung, QStringList({u"17 00:00:00 midnight"_s, u"17 13:05:00 lunch"_s, u"17 23:59:00 late"_s,
                                     u"18 00:00:00 tomorrow"_s}));
-        QCOMPARE(StoredAlarms().size(), 8);
+        QCOMPARE(StoredAlarms().size(), 9);
     }
 
     void eachMinuteIsLookedAtOnce()
@@ -238,13 +239,20 @@ private Q_SLOTS:
         SetContent(folders::MediaDirectory() + u"/Flute.mid"_s, MidiNote(84));
         constexpr double Pitch = 1046.5;
         const Recording recording;
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", "Flute.mid", false)});
+        AddAlarms({MakeAlarm("1999/3/17", "09:29", "silent", "Flute.mid"),
+                   MakeAlarm("1999/3/17", "09:30", "note", "Flute.mid", false)});
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            QTest::qWait(50); // the other one plays at once
+            QVERIFY(!recording.IsOpen());
+            Escape(form);
+        });
+        TickAt(9, 29);
         OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
             QTRY_VERIFY(recording.IsOpen());
             QVERIFY(Tone(recording.HearFromTheFirstSound(0.3), Pitch) > 0.02);
             Escape(form);
         });
-        m_program->Tick("tmAlarm");
+        TickAt(9, 30);
         QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
     }
 };

@@ -99,6 +99,16 @@ private Q_SLOTS:
         QVERIFY(Stored("1999/3/19").contains("!"));
     }
 
+    void ANoteThatWasStoredUnheardIsNotStoredTwice()
+    {
+        StartWithFailingStore();
+        m_program->Type(20, u"once"_s);
+        Fail(FailurePlan::After, 1, 3043, u"Commit"_s);
+        for (int times = 0; times < 2; ++times)
+            m_program->Trigger("mnuSave");
+        QCOMPARE(m_program->Box(20).Text(), u"once"_s);
+    }
+
     void WhatNoPlannerTakesAtExitIsKept()
     {
         StartWithFailingStore();

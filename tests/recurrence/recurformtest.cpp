@@ -21,13 +21,7 @@ class RecurFormTest : public QObject
     static constexpr const char* TakesANumber = "Please choose how many days, weeks, months or years, 1 or more";
     std::unique_ptr<Program> m_program;
 
-    // What the person does in the window that the command opens.
-    void InWindow(const std::function<void(RecurForm&)>& act)
-    {
-        OnNextModal<RecurForm>(act);
-        m_program->Trigger("mnuRecurse");
-        QCOMPARE(WaitingAnswers(), 0);
-    }
+    void InWindow(const std::function<void(RecurForm&)>& act) { m_program->InWindow("mnuRecurse", act); }
 
     static void TypeDate(RecurForm& form, const char* name, const QString& digits)
     {
@@ -36,11 +30,6 @@ class RecurFormTest : public QObject
         box.selectAll();
         QTest::keyClick(&box, Qt::Key_Delete);
         QTest::keyClicks(&box, digits);
-    }
-
-    static void Press(RecurForm& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
 
     // Dates as digits in the order of the box; an empty one leaves what stands there.
@@ -144,6 +133,7 @@ private Q_SLOTS:
         } refused[] = {{"", "03011999", 0, "Start Date is not a valid date"},
                        {"02291999", "03011999", 0, "Start Date is not a valid date"},
                        {"03011999", "13011999", 0, "End Date is not a valid date"},
+                       {"02011999", "02291999", 3, "End Date is not a valid date"},
                        // No method is chosen: a year of three digits would be written day by day.
                        {"202/11/24", "1999/11/24", -1, "Start Date is not a valid date"},
                        {"1999/11/24", "202/11/24", -1, "End Date is not a valid date"},
