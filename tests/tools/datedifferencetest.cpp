@@ -30,12 +30,9 @@ class DateDifferenceTest : public QObject
     }
     static void Put(const char* key, const char* value) { SetIni("Date Difference", key, value); }
     static QString Stored(const char* key) { return Ini("Date Difference", key); }
-    // What the person does in the dialog, which must open.
     void Customize(const std::function<void(DateDiffForm&)>& act) const
     {
-        OnNextModal<DateDiffForm>(act);
-        m_program->Trigger("mnuDateDiffCustomize");
-        QCOMPARE(WaitingAnswers(), 0);
+        m_program->InWindow("mnuDateDiffCustomize", act);
     }
     static MaskEdBox& Mask(DateDiffForm& form) { return In<MaskEdBox>(form, "maskStartDate"); }
 
