@@ -110,6 +110,25 @@ public:
     QAction& Entry(const char* name) const { return Find<QAction>(name); }
     void Trigger(const char* name) const { Entry(name).trigger(); }
 
+    // What the person does in the window that the entry opens.
+    template <typename Window>
+    void InWindow(const char* entry, const std::function<void(Window&)>& act) const
+    {
+        OnNextModal<Window>(act);
+        Trigger(entry);
+        QCOMPARE(WaitingAnswers(), 0);
+        Activate();
+    }
+    // The box that the entry brings up; an empty one if it brings up none.
+    SeenBox Said(const char* entry, int answer = msgbox::Ok) const
+    {
+        SeenBox seen;
+        AnswerNextBox(answer, &seen);
+        Trigger(entry);
+        DropAnswers();
+        return seen;
+    }
+
     RichTextBox& Box(int cell) const { return *form->findChild<RichTextBox*>(u"tbDay(%1)"_s.arg(cell)); }
     SSPanel& Panel(int cell) const { return *form->findChild<SSPanel*>(u"panelDay(%1)"_s.arg(cell)); }
     SSPanel& Bottom() const { return *form->findChild<SSPanel*>(u"panelBottom"_s); }

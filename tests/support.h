@@ -197,3 +197,8 @@ Control& In(const QWidget& window, const char* name)
 {
     return *window.findChild<Control*>(QString::fromLatin1(name));
 }
+
+inline void Press(const QWidget& window, const char* button)
+{
+    QTest::mouseClick(&In<QAbstractButton>(window, button), Qt::LeftButton);
+}

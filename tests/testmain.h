@@ -6,6 +6,8 @@
 #include <QProcess>
 #include <QTest>
 
+#include <initializer_list>
+#include <tuple>
 #include <utility>
 
 // Under a name, a routine that stands for main. Static objects alone, since main looks them up.
@@ -25,6 +27,30 @@ int RunTest(int argc, char** argv)
     Test test;
     return QTest::qExec(&test, argc, argv);
 }
+
+// The cases that a test goes through, each under a name.
+template <typename... Columns>
+using Rows = std::initializer_list<std::tuple<const char*, Columns...>>;
+
+// One of them: it begins as a test of its own does, and is named where it fails.
+class InRow
+{
+public:
+    InRow(QObject* test, const QString& name) : m_name(name)
+    {
+        for (const char* step : {"cleanup", "init"})
+            if (test->metaObject()->indexOfMethod(QByteArray(step) + "()") >= 0) QMetaObject::invokeMethod(test, step);
+    }
+    InRow(QObject* test, const char* name) : InRow(test, QString::fromUtf8(name)) {}
+    ~InRow()
+    {
+        if (QTest::currentTestFailed()) qInfo("in the row '%s'", qPrintable(m_name));
+    }
+    Q_DISABLE_COPY_MOVE(InRow)
+
+private:
+    QString m_name;
+};
 
 #define ORRELIN_TEST(Test) static const Runnable run##Test(#Test, RunTest<Test, QApplication>);
 #define ORRELIN_TEST_WITHOUT_WINDOWS(Test) static const Runnable run##Test(#Test, RunTest<Test, QCoreApplication>);

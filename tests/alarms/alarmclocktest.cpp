@@ -70,8 +70,9 @@ private Q_SLOTS:
     {
         AddAlarms({MakeAlarm("1999/3/17", "00:00", "midnight"), MakeAlarm("1999/3/17", "13:05", "lunch"),
                    MakeAlarm("1999/3/17", "23:59", "late"), MakeAlarm("1999/3/17", "7:05", "of old"),
-                   MakeAlarm("1999/3/18", "00:00", "tomorrow"), MakeAlarm("1999/3/16", "13:05", "yesterday"),
-                   MakeAlarm("1999/03/17", "13:05", "padded"), MakeAlarm("1999/3/1", "13:05", "like it")});
+                   MakeAlarm("1999/3/18", "00:00", "tomorrow"), MakeAlarm("1999/3/16", "20:00", "yesterday"),
+                   MakeAlarm("1999/3/18", "20:00", "not yet"), MakeAlarm("1999/03/17", "13:05", "padded"),
+                   MakeAlarm("1999/3/1", "13:05", "like it")});
         QStringList rung;
         const QDateTime start(m_today, QTime(0, 0));
         for (int tick = 0; tick <= 24 * 60 * 2; ++tick) { // two a minute
@@ -81,7 +82,7 @@ private Q_SLOTS:
         }
         QCOMPARE(rung, QStringList({u"17 00:00:00 midnight"_s, u"17 13:05:00 lunch"_s, u"17 23:59:00 late"_s,
                                     u"18 00:00:00 tomorrow"_s}));
-        QCOMPARE(StoredAlarms().size(), 8);
+        QCOMPARE(StoredAlarms().size(), 9);
     }
 
     void eachMinuteIsLookedAtOnce()
@@ -176,74 +177,61 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), QString());
     }
 
-    void typingGoesOnInAnotherWindow_data()
-    {
-        QTest::addColumn<QByteArray>("box");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("date") << QByteArray("maskUntil") << "3/20/1999";
-        QTest::newRow("list") << QByteArray("cmbRecurDays") << "4"; // behind the 1 that stands there
-    }
-
     // Return in a box of one line would press the default button of the window behind.
     void typingGoesOnInAnotherWindow()
     {
-        QFETCH(QByteArray, box);
-        QFETCH(QString, text);
-        OnNextModal<RecurForm>([&](RecurForm& form) {
-            auto& typedInto = In<QWidget>(form, box.constData());
-            typedInto.setFocus();
-            QTRY_COMPARE(QApplication::focusWidget(), &typedInto);
-            RingWhile([&](QWidget& typed) {
-                QTest::keyClicks(&typed, text);
-                QTest::keyClick(&typed, Qt::Key_Return);
+        for (const auto& [what, box, text] : Rows<QByteArray, QString>{
+                 {"date", "maskUntil", u"3/20/1999"_s},
+                 {"list", "cmbRecurDays", u"4"_s}, // behind the 1 that stands there
+             }) {
+            const InRow row(this, what);
+            m_program->InWindow<RecurForm>("mnuRecurse", [&](RecurForm& form) {
+                auto& typedInto = In<QWidget>(form, box.constData());
+                typedInto.setFocus();
+                QTRY_COMPARE(QApplication::focusWidget(), &typedInto);
+                RingWhile([&](QWidget& typed) {
+                    QTest::keyClicks(&typed, text);
+                    QTest::keyClick(&typed, Qt::Key_Return);
+                });
+                const QString until = In<MaskEdBox>(form, "maskUntil").Text();
+                QCOMPARE(box == "maskUntil" ? until : In<QComboBox>(form, "cmbRecurDays").currentText(),
+                         box == "maskUntil" ? u"03/20/1999"_s : u"14"_s);
+                QVERIFY(form.isVisible());
+                QTest::keyClick(&form, Qt::Key_Escape);
             });
-            const QString until = In<MaskEdBox>(form, "maskUntil").Text();
-            QCOMPARE(box == "maskUntil" ? until : In<QComboBox>(form, "cmbRecurDays").currentText(),
-                     box == "maskUntil" ? u"03/20/1999"_s : u"14"_s);
-            QVERIFY(form.isVisible());
-            QTest::keyClick(&form, Qt::Key_Escape);
-        });
-        m_program->Trigger("mnuRecurse");
-        QCOMPARE(WaitingAnswers(), 0);
-    }
-
-    void tunes_data()
-    {
-        QTest::addColumn<QString>("tune");
-        QTest::addColumn<bool>("silence");
-        QTest::addColumn<bool>("told");
-        QTest::newRow("missing music") << "gone.mid" << false << true;
-        QTest::newRow("no tune") << "" << false << true;
-        QTest::newRow("missing wave") << "gone.wav" << false << false;
-        QTest::newRow("silent") << "gone.mid" << true << false;
+        }
     }
 
     // What is told of a tune stands over the window, which is there already and would cover it otherwise.
     void tunes()
     {
-        QFETCH(QString, tune);
-        QFETCH(bool, silence);
-        QFETCH(bool, told);
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", tune.toLatin1().constData(), silence)});
-        QString text;
-        QString owner;
-        if (told) {
-            OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
-                for (int key = 0; key < 60; ++key) { // a running typist would close it unread
-                    QTest::keyClick(form.focusWidget(), Qt::Key_Space);
-                    QTest::qWait(20);
-                }
-                QCOMPARE(QApplication::activeModalWidget(), &form);
-            });
-            OnNextModal<QMessageBox>([&](QMessageBox& box) {
-                if (box.parentWidget() && box.parentWidget()->isVisible()) owner = box.parentWidget()->objectName();
-                text = box.windowTitle() + u':' + box.text();
-                QTest::keyClick(&box, Qt::Key_Return);
-            });
+        for (const auto& [what, tune, silence, told] :
+             Rows<QString, bool, bool>{{"missing music", u"gone.mid"_s, false, true},
+                                       {"no tune", u""_s, false, true},
+                                       {"missing wave", u"gone.wav"_s, false, false},
+                                       {"silent", u"gone.mid"_s, true, false}}) {
+            const InRow row(this, what);
+            AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", tune.toLatin1().constData(), silence)});
+            QString text;
+            QString owner;
+            if (told) {
+                OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
+                    for (int key = 0; key < 60; ++key) { // a running typist would close it unread
+                        QTest::keyClick(form.focusWidget(), Qt::Key_Space);
+                        QTest::qWait(20);
+                    }
+                    QCOMPARE(QApplication::activeModalWidget(), &form);
+                });
+                OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                    if (box.parentWidget() && box.parentWidget()->isVisible()) owner = box.parentWidget()->objectName();
+                    text = box.windowTitle() + u':' + box.text();
+                    QTest::keyClick(&box, Qt::Key_Return);
+                });
+            }
+            QCOMPARE(TickAt(9, 30).size(), 1);
+            QCOMPARE(owner == u"AlarmEventForm", told);
+            QCOMPARE(text.startsWith(u"Orrelin:"_s), told);
         }
-        QCOMPARE(TickAt(9, 30).size(), 1);
-        QCOMPARE(owner == u"AlarmEventForm", told);
-        QCOMPARE(text.startsWith(u"Orrelin:"_s), told);
     }
 
     void musicPlaysWhileTheWindowIsOpen()
@@ -251,13 +239,20 @@ private Q_SLOTS:
         SetContent(folders::MediaDirectory() + u"/Flute.mid"_s, MidiNote(84));
         constexpr double Pitch = 1046.5;
         const Recording recording;
-        AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", "Flute.mid", false)});
+        AddAlarms({MakeAlarm("1999/3/17", "09:29", "silent", "Flute.mid"),
+                   MakeAlarm("1999/3/17", "09:30", "note", "Flute.mid", false)});
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            QTest::qWait(50); // the other one plays at once
+            QVERIFY(!recording.IsOpen());
+            Escape(form);
+        });
+        TickAt(9, 29);
         OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
             QTRY_VERIFY(recording.IsOpen());
             QVERIFY(Tone(recording.HearFromTheFirstSound(0.3), Pitch) > 0.02);
             Escape(form);
         });
-        m_program->Tick("tmAlarm");
+        TickAt(9, 30);
         QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
     }
 };

@@ -26,19 +26,8 @@ class AlarmFormTest : public QObject
         return mark && !mark->isHidden() && !covers ? mark : nullptr;
     }
 
-    static void Click(QWidget& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
-    }
-
-    // What the person does in the editor that the command opens.
-    void InEditor(const char* command, const std::function<void(AlarmForm&)>& act)
-    {
-        OnNextModal<AlarmForm>(act);
-        m_program->Trigger(command);
-        QCOMPARE(WaitingAnswers(), 0);
-        m_program->Activate();
-    }
+    // What the person does in the editor that the entry opens.
+    void InEditor(const char* entry, const std::function<void(AlarmForm&)>& act) { m_program->InWindow(entry, act); }
 
     // A row of what the boxes show.
     static QString Row(AlarmForm& form)
@@ -83,12 +72,12 @@ private Q_SLOTS:
         for (const char* tune : {"/b.mid", "/a.wav"})
             SetContent(folders::MediaDirectory() + QLatin1StringView(tune), "x");
         m_program->New(m_file);
-        m_program->Type(18, u"typed"_s);
+        m_program->Type(17, u"typed"_s); // on the day before today
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
             QVERIFY(!ClockRuns());
             QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"New Alarm Event"_s);
             QCOMPARE(In<QLabel>(form, "lblDateFormat").text() + u' ' + Shown(form, "maskAlarmDate"),
-                     u"DD/MM/YYYY 17/03/1999"_s);
+                     u"DD/MM/YYYY 16/03/1999"_s);
             for (const char* disabled : {"frBrowseAlarm", "btnDelete"})
                 QVERIFY(!In<QWidget>(form, disabled).isEnabled());
             auto& tunes = In<ORLCombo>(form, "orlcmbTunes");
@@ -104,49 +93,40 @@ private Q_SLOTS:
             In<QRadioButton>(form, "opAMPM(1)").setFocus();
             QTest::keyClick(&In<QRadioButton>(form, "opAMPM(1)"), Qt::Key_Left); // while none is chosen
             QTest::keyClick(&tunes, Qt::Key_End);
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
         QVERIFY(ClockRuns());
         QCOMPARE(StoredAlarms(), QStringList(u"1999/3/5 00:30 lunch b.mid"_s));
-        QVERIFY(Mark(m_program->CellOf(5)) && !Mark(18));
-        QCOMPARE(m_program->Box(18).Text(), u"typed"_s);
-        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("typed"));
+        QVERIFY(Mark(m_program->CellOf(5)) && !Mark(17));
+        QCOMPARE(m_program->Box(17).Text(), u"typed"_s);
+        QVERIFY(m_program->Stored(m_file, u"1999/3/16"_s).contains("typed"));
         QCOMPARE(m_program->Log(), QByteArray());
-    }
-
-    void badInput_data()
-    {
-        QTest::addColumn<bool>("isDated");
-        QTest::addColumn<QString>("time");
-        QTest::addColumn<QString>("note");
-        QTest::addColumn<QString>("told");
-        const QString wrongTime = u"The time you have entered is not valid"_s;
-        QTest::newRow("hour 13") << true << u"1300"_s << u"x"_s << wrongTime;
-        QTest::newRow("nothing at all") << true << QString() << "" << wrongTime;
-        QTest::newRow("no note") << true << u"0900"_s << u""_s << u"Notes field cannot be empty"_s;
-        QTest::newRow("half a date") << false << u"0900"_s << u"x"_s << u"The date you have entered is not complete"_s;
     }
 
     // Each is told once, and leaves the window as it was filled in.
     void badInput()
     {
-        QFETCH(bool, isDated);
-        QFETCH(QString, time);
-        QFETCH(QString, note);
-        QFETCH(QString, told);
-        m_program->New(m_file);
-        m_program->Click(18);
-        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
-            FillIn(form, time.left(2), time.mid(2), note);
-            In<MaskEdBox>(form, "maskAlarmDate").setCursorPosition(0);
-            if (!isDated) QTest::keyClick(&In<MaskEdBox>(form, "maskAlarmDate"), Qt::Key_Delete);
-            ExpectBox(told);
-            Click(form, "btnOk");
-            QVERIFY(form.isVisible());
-            QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
-            Click(form, "btnCancel");
-        });
-        QCOMPARE(StoredAlarms(), QStringList());
+        const QString wrongTime = u"The time you have entered is not valid"_s;
+        for (const auto& [what, isDated, time, note, told] : Rows<bool, QString, QString, QString>{
+                 {"hour 13", true, u"1300"_s, u"x"_s, wrongTime},
+                 {"nothing at all", true, {}, u""_s, wrongTime},
+                 {"no note", true, u"0900"_s, u""_s, u"Notes field cannot be empty"_s},
+                 {"half a date", false, u"0900"_s, u"x"_s, u"The date you have entered is not complete"_s}}) {
+            const InRow row(this, what);
+            m_program->New(m_file);
+            m_program->Click(18);
+            InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+                FillIn(form, time.left(2), time.mid(2), note);
+                In<MaskEdBox>(form, "maskAlarmDate").setCursorPosition(0);
+                if (!isDated) QTest::keyClick(&In<MaskEdBox>(form, "maskAlarmDate"), Qt::Key_Delete);
+                ExpectBox(told);
+                Press(form, "btnOk");
+                QVERIFY(form.isVisible());
+                QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
+                Press(form, "btnCancel");
+            });
+            QCOMPARE(StoredAlarms(), QStringList());
+        }
     }
 
     // What the planner does not take stays in the window.
@@ -173,23 +153,16 @@ private Q_SLOTS:
     void steps()
     {
         m_program->New(m_file);
-        InEditor("mnuNewAlarm", [&](AlarmForm& form) {
-            for (const auto& [picture, box, shown] :
-                 {std::tuple("picHourDn", "maskHour", "12"), std::tuple("picHourUp", "maskHour", "01"),
-                  std::tuple("picMinuteDn", "maskMinute", "59"), std::tuple("picMinuteUp", "maskMinute", "00")}) {
-                auto& button = In<PictureButton>(form, picture);
-                QTest::mousePress(&button, Qt::LeftButton);
-                QVERIFY(button.Visible(1) && Shown(form, box) != QLatin1StringView(shown)); // at the release
-                QTest::mouseRelease(&button, Qt::LeftButton);
-                QVERIFY(button.Visible(0));
-                QCOMPARE(Shown(form, box), QLatin1StringView(shown));
+        InEditor("mnuNewAlarm", [](AlarmForm& form) {
+            for (const auto& [box, up, down, after] :
+                 {std::tuple("maskHour", "picHourUp", "picHourDn", "01 12 11 12 01"),
+                  {"maskMinute", "picMinuteUp", "picMinuteDn", "01 00 59 00 01"}}) {
+                QStringList steps;
+                for (const char* picture : {up, down, down, up, up})
+                    Press(form, picture), steps += Shown(form, box);
+                QCOMPARE(steps, QString::fromLatin1(after).split(u' '));
             }
-            auto& stop = In<PictureButton>(form, "picStop"); // has its pictures the other way round
-            QTest::mousePress(&stop, Qt::LeftButton);
-            QVERIFY(stop.Visible(0));
-            QTest::mouseRelease(&stop, Qt::LeftButton);
-            QVERIFY(stop.Visible(1));
-            Click(form, "btnCancel");
+            Press(form, "btnCancel");
         });
     }
 
@@ -211,40 +184,32 @@ private Q_SLOTS:
                 QVERIFY(Tone(recording.Hear(0.3), Pitch) > 0.02);
                 if (way == QByteArray("picStop")) Press(form, way);
                 if (way == QByteArray("picStop")) QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
-                Click(form, "btnCancel");
+                Press(form, "btnCancel");
             });
             QVERIFY(Tone(recording.Hear(0.3), Pitch) < 0.002);
         }
     }
 
-    void waysOut_data()
-    {
-        QTest::addColumn<QByteArray>("command");
-        QTest::addColumn<QByteArray>("way");
-        for (const char* command : {"mnuNewAlarm", "mnuChangeAlarms"}) {
-            for (const char* way : {"button", "esc", "esc at the window", "close"})
-                QTest::addRow("%s, %s", command, way) << QByteArray(command) << QByteArray(way);
-        }
-    }
-
     void waysOut()
     {
-        QFETCH(QByteArray, command);
-        QFETCH(QByteArray, way);
-        m_program->New(m_file);
-        InEditor(command.constData(), [&](AlarmForm& form) {
-            const bool isNew = command == "mnuNewAlarm";
-            QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), isNew);
-            if (isNew) FillIn(form, u"9"_s, u"00"_s, u"dropped"_s);
-            if (way == "esc at the window") form.setFocus();
-            if (way.startsWith("esc")) QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
-            if (way == "close") form.close();
-            if (way == "button") QTest::keyClick(&In<QPushButton>(form, isNew ? "btnCancel" : "btnOk"), Qt::Key_Return);
-        });
-        QCOMPARE(ClockRuns(), way != "esc at the window");
-        QCOMPARE(StoredAlarms(), QStringList());
-        InEditor("mnuNewAlarm", [&](AlarmForm& form) { Click(form, "btnCancel"); });
-        QVERIFY(ClockRuns());
+        for (const bool isNew : {true, false}) {
+            for (const QByteArray way : {"button", "esc", "esc at the window", "close"}) {
+                const InRow row(this, way.constData());
+                m_program->New(m_file);
+                InEditor(isNew ? "mnuNewAlarm" : "mnuChangeAlarms", [&](AlarmForm& form) {
+                    QCOMPARE(In<QPushButton>(form, "btnCancel").isVisible(), isNew);
+                    if (isNew) FillIn(form, u"9"_s, u"00"_s, u"dropped"_s);
+                    if (way == "esc at the window") form.setFocus();
+                    if (way.startsWith("esc")) QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+                    if (way == "close") form.close();
+                    if (way == "button") Press(form, isNew ? "btnCancel" : "btnOk");
+                });
+                QCOMPARE(ClockRuns(), way != "esc at the window");
+                QCOMPARE(StoredAlarms(), QStringList());
+                InEditor("mnuNewAlarm", [&](AlarmForm& form) { Press(form, "btnCancel"); });
+                QVERIFY(ClockRuns());
+            }
+        }
     }
 
     // Without alarms, with those of other days alone, and with some of the day.
@@ -262,7 +227,7 @@ private Q_SLOTS:
                     Press(form, picture);
                 }
                 QCOMPARE(Row(form), u"__/__/____ __ __ -  "_s);
-                Click(form, "btnOk");
+                Press(form, "btnOk");
             });
         }
         AddAlarms({MakeAlarm("1999/3/17", "7:05", "one", "a.wav"),
@@ -295,7 +260,7 @@ private Q_SLOTS:
             step("picLeftSpin", one);
             step("picLeftSpin", one, true);
             step("picRightSpin", two); // likewise from the other end: the first one is passed over
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
         QCOMPARE(m_program->Log(), QByteArray());
     }
@@ -324,50 +289,47 @@ private Q_SLOTS:
                 QVERIFY(form.isVisible());
                 QCOMPARE(Row(form), u"__/__/____ __ __ -  "_s);
             }
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
         QCOMPARE(StoredAlarms().size(), 5);
         QVERIFY(StoredAlarms().filter(u"first"_s).isEmpty()); // and the second one is there
         QVERIFY(Mark(18));
     }
 
-    void theMarkGoesAtOkOnly_data()
-    {
-        QTest::addColumn<bool>("isShared");
-        QTest::newRow("personal") << false;
-        QTest::newRow("workgroup") << true; // where the mark is the one way in
-    }
-
     // What is in a locked day is stored before the window opens.
     void theMarkGoesAtOkOnly()
     {
-        QFETCH(bool, isShared);
-        m_program->New(m_file, isShared);
-        AddAlarms({MakeAlarm("1999/3/17", "9:00", "only")}); // as an older planner has it
-        m_program->Trigger(isShared ? "mnuRefresh" : "mnuSave");
-        m_program->Click(20);
-        if (isShared) m_program->Trigger("mnuLockDay");
-        QTest::keyClicks(&m_program->Box(20), u"typed"_s);
-        for (const bool ok : {false, true}) {
-            OnNextModal<AlarmForm>([&](AlarmForm& form) {
-                QCOMPARE(Row(form).contains(u"only"_s), !ok);
-                if (isShared) QVERIFY(m_program->Stored(m_file, u"1999/3/19"_s).contains("typed"));
-                Click(form, "btnDelete");
-                QVERIFY(Mark(18));
-                if (ok) Click(form, "btnOk");
-                if (!ok) QTest::keyClick(&form, Qt::Key_Escape);
-            });
-            QTest::mouseClick(Mark(18), Qt::LeftButton);
-            QTRY_COMPARE(WaitingAnswers(), 0);
-            QTRY_COMPARE(Mark(18) == nullptr, ok);
-            QCOMPARE(StoredAlarms(), QStringList());
-            QCOMPARE(m_program->Box(20).Text(), u"typed"_s);
-            m_program->Activate();
+        for (const auto& [what, isShared] : Rows<bool>{
+                 {"personal", false}, {"workgroup", true}, // where the mark is the one way in
+             }) {
+            const InRow row(this, what);
+            m_program->New(m_file, isShared);
+            AddAlarms({MakeAlarm("1999/3/17", "9:00", "only")}); // as an older planner has it
+            m_program->Trigger(isShared ? "mnuRefresh" : "mnuSave");
+            m_program->Click(20);
+            if (isShared) m_program->Trigger("mnuLockDay");
+            QTest::keyClicks(&m_program->Box(20), u"typed"_s);
+            for (const bool ok : {false, true}) {
+                OnNextModal<AlarmForm>([&](AlarmForm& form) {
+                    QCOMPARE(Row(form).contains(u"only"_s), !ok);
+                    if (isShared) QVERIFY(m_program->Stored(m_file, u"1999/3/19"_s).contains("typed"));
+                    Press(form, "btnDelete");
+                    QVERIFY(Mark(18));
+                    if (ok) Press(form, "btnOk");
+                    if (!ok) QTest::keyClick(&form, Qt::Key_Escape);
+                });
+                QTest::mouseClick(Mark(18), Qt::LeftButton);
+                QTRY_COMPARE(WaitingAnswers(), 0);
+                QTRY_COMPARE(Mark(18) == nullptr, ok);
+                QCOMPARE(StoredAlarms(), QStringList());
+                QCOMPARE(m_program->Box(20).Text(), u"typed"_s);
+                m_program->Activate();
+            }
+            QCOMPARE(In<PictureButton>(*m_program->form, "picLock").Visible(0), isShared);
+            QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock sees that the table is empty
+            AddAlarms({MakeAlarm("1999/3/17", "11:00", "new")});
+            QVERIFY(!g_rsAlarm.EOF_());
         }
-        QCOMPARE(In<PictureButton>(*m_program->form, "picLock").Visible(0), isShared);
-        QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock sees that the table is empty
-        AddAlarms({MakeAlarm("1999/3/17", "11:00", "new")});
-        QVERIFY(!g_rsAlarm.EOF_());
     }
 
     void aLongNoteCanBeReadThrough()
@@ -385,7 +347,7 @@ private Q_SLOTS:
             QVERIFY(one > 0 && further > one);
             QTest::keyClick(form.focusWidget(), Qt::Key_PageUp);
             QVERIFY(bar.value() < further);
-            Click(form, "btnOk");
+            Press(form, "btnOk");
         });
     }
 };

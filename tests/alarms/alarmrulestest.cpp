@@ -37,21 +37,6 @@ private Q_SLOTS:
         QCOMPARE(AlarmTimeText(u"12"_s, u"30"_s, none), u"12:30"_s);
         QCOMPARE(AlarmTimeText(u"09"_s, u"30"_s, none), u"09:30"_s);
     }
-
-    void stepsGoRound()
-    {
-        for (const auto& [first, last] : {std::pair(1, 12), std::pair(0, 59)}) {
-            QString up = QString::number(last), down = QString::number(first);
-            for (int step = 0; step <= last - first; ++step) {
-                up = OneUp(up, first, last);
-                down = OneDown(down, first, last);
-                QCOMPARE(up, QString::number(first + step).rightJustified(2, u'0'));
-                QCOMPARE(down, QString::number(last - step).rightJustified(2, u'0'));
-            }
-            QCOMPARE(OneUp(u"__"_s, first, last), u"01"_s);
-            QCOMPARE(OneDown(u"__"_s, first, last), QString::number(last));
-        }
-    }
 };
 
 ORRELIN_TEST(AlarmRulesTest)

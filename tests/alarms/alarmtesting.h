@@ -38,11 +38,6 @@ inline QStringList StoredAlarms()
     return lines;
 }
 
-inline void Press(QWidget& window, const char* picture)
-{
-    QTest::mouseClick(&In<PictureButton>(window, picture), Qt::LeftButton);
-}
-
 // Types into a box from its first place.
 inline void TypeAt(QWidget& window, const char* box, const QString& text)
 {

@@ -101,20 +101,6 @@ private Q_SLOTS:
         QCOMPARE(Bar().y(), 0);
         QCOMPARE(Ini("Mainform Toolbar", "Alignment"), u"1"_s);
     }
-
-    void TheTabsBringTheirPageToTheFront()
-    {
-        m_program->Start();
-        const auto page = [&](int i) {
-            return m_program->form->findChild<QWidget*>(u"fraSidebar(%1)"_s.arg(i))->isVisible();
-        };
-        QVERIFY(page(0) && !page(1));
-        QVERIFY(Sidebar().focusProxy()->hasFocus());
-        QTest::keyClick(Sidebar().focusProxy(), Qt::Key_Right);
-        QVERIFY(!page(0) && page(1));
-        QTest::mouseClick(Sidebar().focusProxy(), Qt::LeftButton, {}, QPoint(8, 8));
-        QVERIFY(page(0) && !page(1));
-    }
 };
 
 ORRELIN_TEST(LayoutTest)

@@ -41,6 +41,9 @@ private Q_SLOTS:
         QVERIFY(m_program->Panel(29).CaptionFont().strikeOut());
         QVERIFY(!m_program->Panel(30).CaptionFont().strikeOut()); // a memo is never past
         for (int i = 0; i < 2; ++i)
+            m_program->Trigger("mnuPrevMonth");
+        QVERIFY(m_program->Panel(m_program->CellOf(31)).CaptionFont().strikeOut()); // of the year before
+        for (int i = 0; i < 4; ++i)
             m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
         for (int cell = 1; cell <= 35; ++cell) {

@@ -120,20 +120,6 @@ private Q_SLOTS:
         QVERIFY(!m_program->Box(40).isVisible());
         QCOMPARE(m_program->Log(), QByteArray());
     }
-
-    void TodayAndThePastAreStyledInEachWeek()
-    {
-        m_program->New(Planner);
-        m_program->Trigger("mnuWeekView");
-        QCOMPARE(m_program->Panel(40).CaptionFont().pointSize(), 12);
-        m_program->Trigger("mnuNextWeek");
-        QCOMPARE(m_program->Panel(39).ForeColor(), 0u);
-        QVERIFY(!m_program->Panel(36).CaptionFont().strikeOut());
-        for (int i = 0; i < 5; ++i)
-            m_program->Trigger("mnuPrevWeek");
-        QCOMPARE(m_program->Panel(42).Caption(), u" 27"_s);
-        QVERIFY(m_program->Panel(42).CaptionFont().strikeOut());
-    }
 };
 
 ORRELIN_TEST(WeekViewTest)

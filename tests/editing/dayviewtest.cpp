@@ -15,12 +15,7 @@ class DayViewTest : public QObject
     std::unique_ptr<Program> m_program;
     const QString m_file = u"notes.mdb"_s;
 
-    static void InDayView(std::function<void(ZoomBoxForm&)> act) { OnNextModal<ZoomBoxForm>(std::move(act)); }
-
-    static void Press(ZoomBoxForm& form, const char* button)
-    {
-        QTest::keyClick(&In<QPushButton>(form, button), Qt::Key_Return);
-    }
+    void InDayView(const std::function<void(ZoomBoxForm&)>& act) const { m_program->InWindow("mnuDayView", act); }
 
     static QString Heading(const ZoomBoxForm& form) { return In<QGroupBox>(form, "frZoom").title(); }
 
@@ -40,7 +35,7 @@ private Q_SLOTS:
     {
         m_program->New(m_file);
         m_program->Type(18, u"tea"_s);
-        InDayView([&](ZoomBoxForm& form) {
+        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
             QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 17, 1999"_s);
             QCOMPARE(form.size(), QSize(411, 311)); // until it was closed at another size
             QVERIFY(ScratchExists());
@@ -65,37 +60,31 @@ private Q_SLOTS:
         QCOMPARE(Ini("Zoombox", "Height"), u"6000"_s);
     }
 
-    void waysOutWithoutTheText_data()
-    {
-        QTest::addColumn<bool>("cancels");
-        QTest::newRow("cancel") << true;
-        QTest::newRow("escape") << false;
-    }
     void waysOutWithoutTheText()
     {
-        QFETCH(bool, cancels);
-        m_program->New(m_file);
-        m_program->Type(18, u"kept"_s);
-        InDayView([cancels](ZoomBoxForm& form) {
-            form.move(60, 50);
-            QTest::keyClicks(&form.tbZoom(), u"never "_s);
-            if (cancels)
-                Press(form, "btnCancel");
-            else
-                QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
-        });
-        Q_EMIT m_program->Panel(18).DblClick();
-        QCOMPARE(WaitingAnswers(), 0);
-        RichTextBox& box = m_program->Box(18);
-        QCOMPARE(m_program->Bottom().Caption().contains(u"Ctrl+Z"_s), !cancels);
-        QCOMPARE(box.Text(), u"kept"_s);
-        for (const char* undone : {"never kept", "kept"}) {
-            if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
-            if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
-            QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // the offer is over
+        for (const auto& [what, cancels] : Rows<bool>{{"cancel", true}, {"escape", false}}) {
+            const InRow row(this, what);
+            m_program->New(m_file);
+            m_program->Type(18, u"kept"_s);
+            OnNextModal<ZoomBoxForm>([cancels](ZoomBoxForm& form) {
+                form.move(60, 50);
+                QTest::keyClicks(&form.tbZoom(), u"never "_s);
+                if (cancels) Press(form, "btnCancel");
+                if (!cancels) QTest::keyClick(&form.tbZoom(), Qt::Key_Escape);
+            });
+            Q_EMIT m_program->Panel(18).DblClick();
+            QCOMPARE(WaitingAnswers(), 0);
+            RichTextBox& box = m_program->Box(18);
+            QCOMPARE(m_program->Bottom().Caption().contains(u"Ctrl+Z"_s), !cancels);
+            QCOMPARE(box.Text(), u"kept"_s);
+            for (const char* undone : {"never kept", "kept"}) {
+                if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+                if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
+                QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // the offer is over
+            }
+            QCOMPARE(Ini("Zoombox", "Left"), u"none"_s);
+            QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("kept"));
         }
-        QCOMPARE(Ini("Zoombox", "Left"), u"none"_s);
-        QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("kept"));
     }
 
     // Whoever closes a window by its title expects what was written to be there.
@@ -108,7 +97,6 @@ private Q_SLOTS:
             QTest::keyClicks(&form.tbZoom(), u"roses"_s);
             form.close();
         });
-        m_program->Trigger("mnuDayView");
         QVERIFY(StoredAfterSave(u"1999/3/Memo2"_s).contains("roses"));
     }
 
@@ -130,8 +118,6 @@ private Q_SLOTS:
             QCOMPARE(form.tbZoom().SelFontSize(), 22.0);
             Press(form, "btnOk");
         });
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(WaitingAnswers(), 0);
     }
 
     // The clock turns the calendar to today behind the window; the text must not come to stand under another date.
@@ -147,7 +133,6 @@ private Q_SLOTS:
             QTest::keyClicks(&form.tbZoom(), u"late "_s);
             Press(form, "btnOk");
         });
-        m_program->Trigger("mnuDayView");
         QCOMPARE(m_program->Box(18).Text(), QString());
         QVERIFY(m_program->Stored(m_file, u"1999/2/17"_s).contains("late "));
         QVERIFY(StoredAfterSave(u"1999/3/17"_s).isNull());
@@ -166,27 +151,12 @@ private Q_SLOTS:
         QCOMPARE(seen.Text, u"This day cannot be opened, since its note could not be read."_s);
     }
 
-    // By a signal or the session's end; a person cannot close the main window behind it.
-    void theEndOfTheProgramKeepsWhatStandsInTheWindow()
-    {
-        m_program->New(m_file);
-        m_program->Click(18);
-        InDayView([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), u"unfinished"_s);
-            m_program->form->subExitProgram(Mainform::SessionEnds);
-            form.reject();
-        });
-        m_program->Trigger("mnuDayView");
-        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("unfinished"));
-        QVERIFY(!ScratchExists());
-    }
-
     // Commands act on the day that was open, not on the one where the caret had been.
     void theOpenedDayIsTheCurrentOne()
     {
         m_program->New(m_file);
         m_program->Type(18, u"caret"_s);
-        InDayView([](ZoomBoxForm& form) { Press(form, "btnCancel"); });
+        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) { Press(form, "btnCancel"); });
         Q_EMIT m_program->Panel(20).DblClick();
         QCOMPARE(m_program->form->focusWidget(), &m_program->Box(20));
         QCOMPARE(g_iCurrentPanel, 20);
@@ -197,8 +167,6 @@ private Q_SLOTS:
             QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 21, 1999"_s); // the first that is shown
             Press(form, "btnCancel");
         });
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(WaitingAnswers(), 0);
     }
 };
 

@@ -43,19 +43,6 @@ class FormattingTest : public QObject
         return m_program->Box(18);
     }
 
-    // Types a size and presses Return there.
-    static void AnswerNextFontDialogByKeys()
-    {
-        OnNextModal([](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
-                    [](QWidget* window) {
-                        auto* const fonts = window->findChild<QFontDialog*>();
-                        auto* const size = fonts->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(2);
-                        size->selectAll();
-                        QTest::keyClicks(size, u"22"_s);
-                        QTest::keyClick(size, Qt::Key_Return);
-                    });
-    }
-
 private Q_SLOTS:
     void init()
     {
@@ -64,42 +51,36 @@ private Q_SLOTS:
     }
     void cleanup() { m_program.reset(); }
 
-    void stylesToggleFromEveryPlace_data()
-    {
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<int>("letter");
-        QTest::newRow("bold") << u"mnuBold"_s << u"bold"_s << int(Qt::Key_B);
-        QTest::newRow("italic") << u"mnuItalic"_s << u"italic"_s << int(Qt::Key_I);
-        QTest::newRow("underline") << u"mnuUnderline"_s << u"underline"_s << int(Qt::Key_U);
-        QTest::newRow("strikethrough") << u"mnuStrikeThru"_s << u"strikethru"_s << int(Qt::Key_T);
-    }
     void stylesToggleFromEveryPlace()
     {
-        QFETCH(QString, entry);
-        QFETCH(QString, key);
-        QFETCH(int, letter);
-        const auto on = [&](const RichTextBox& box) {
-            return key == u"bold"        ? box.SelBold()
-                   : key == u"italic"    ? box.SelItalic()
-                   : key == u"underline" ? box.SelUnderline()
-                                         : box.SelStrikeThru();
-        };
-        RichTextBox& box = Write(u"half and half"_s);
-        ToolbarButton& button = Button(key.toLatin1());
-        Select(box, 0, 4);
-        m_program->Trigger(entry.toLatin1());
-        QVERIFY(*on(box) && button.Value() == 1 && !button.MixedState());
-        m_program->Trigger((entry + u'R').toLatin1());
-        QVERIFY(!*on(box) && button.Value() == 0);
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QVERIFY(*on(box) && button.Value() == 1);
-        Select(box, 0, 13); // half of it: the bar follows, and the command makes it uniform but stays grey
-        QVERIFY(!on(box) && button.MixedState());
-        QTest::keyClick(&box, Qt::Key(letter), Qt::ControlModifier);
-        QVERIFY(*on(box) && button.MixedState());
-        Select(box, 2, 3);
-        QVERIFY(!button.MixedState() && button.Value() == 1);
+        for (const auto& [what, entry, key, letter] :
+             Rows<QString, QString, int>{{"bold", u"mnuBold"_s, u"bold"_s, int(Qt::Key_B)},
+                                         {"italic", u"mnuItalic"_s, u"italic"_s, int(Qt::Key_I)},
+                                         {"underline", u"mnuUnderline"_s, u"underline"_s, int(Qt::Key_U)},
+                                         {"strikethrough", u"mnuStrikeThru"_s, u"strikethru"_s, int(Qt::Key_T)}}) {
+            const InRow row(this, what);
+            const auto on = [&](const RichTextBox& box) {
+                return key == u"bold"        ? box.SelBold()
+                       : key == u"italic"    ? box.SelItalic()
+                       : key == u"underline" ? box.SelUnderline()
+                                             : box.SelStrikeThru();
+            };
+            RichTextBox& box = Write(u"half and half"_s);
+            ToolbarButton& button = Button(key.toLatin1());
+            Select(box, 0, 4);
+            m_program->Trigger(entry.toLatin1());
+            QVERIFY(*on(box) && button.Value() == 1 && !button.MixedState());
+            m_program->Trigger((entry + u'R').toLatin1());
+            QVERIFY(!*on(box) && button.Value() == 0);
+            QTest::mouseClick(&button, Qt::LeftButton);
+            QVERIFY(*on(box) && button.Value() == 1);
+            Select(box, 0, 13); // half of it: the bar follows, and the command makes it uniform but stays grey
+            QVERIFY(!on(box) && button.MixedState());
+            QTest::keyClick(&box, Qt::Key(letter), Qt::ControlModifier);
+            QVERIFY(*on(box) && button.MixedState());
+            Select(box, 2, 3);
+            QVERIFY(!button.MixedState() && button.Value() == 1);
+        }
     }
 
     void combosActOnTheSelectionAndFollowIt()
@@ -211,7 +192,15 @@ private Q_SLOTS:
     {
         RichTextBox& box = Write(u"one step"_s);
         Select(box, 0, 8);
-        AnswerNextFontDialogByKeys();
+        OnNextModal(
+            [](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
+            [](QWidget* window) {
+                QLineEdit* const field =
+                    window->findChild<QFontDialog*>()->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(2);
+                field->selectAll();
+                QTest::keyClicks(field, u"22"_s);
+                QTest::keyClick(field, Qt::Key_Return);
+            });
         m_program->Trigger("mnuColorSizeFonts");
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(box.SelFontSize(), 22.0);
@@ -287,6 +276,8 @@ private Q_SLOTS:
         Select(m_program->Box(20), 6, 5);
         QTest::mouseClick(&Button("copy"), Qt::LeftButton);
         QTRY_COMPARE(QApplication::clipboard()->text(), u"carry"_s);
+        QTest::keyClick(&m_program->Box(20), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_program->Box(20).Text(), u"carry "_s);
     }
 
     // In a workgroup's planner nothing may change before the day is locked; copying and justifying may go on.
@@ -297,9 +288,7 @@ private Q_SLOTS:
         RichTextBox& box = m_program->Box(18);
         SeenBox seen;
         for (const char* entry : {"mnuBold", "mnuCut", "mnuPaste", "mnuColorSizeFonts"}) {
-            AnswerNextBox(msgbox::Ok, &seen);
-            m_program->Trigger(entry);
-            QCOMPARE(WaitingAnswers(), 0);
+            seen = m_program->Said(entry);
             QCOMPARE(seen.Text, u"Please lock the desired day before attempting to apply font attributes "
                                 "to current cell"_s);
             QCOMPARE(seen.Icon, QMessageBox::Information);

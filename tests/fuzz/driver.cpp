@@ -2,16 +2,17 @@
 // changed ones. The input at which the target ends is left as a file.
 //   NAME FOLDER [RUNS [SEED]]    words.txt in the folder holds the words of the language, one a line
 //   NAME FILE                    this input alone, as after a failure
+#include "files.h"
 #include "fuzz/fuzztarget.h"
 #include "fuzz/mutator.h"
 
-#include <algorithm>
+#include <QDir>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <unistd.h>
 
 extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
@@ -51,40 +52,34 @@ void Try(std::string input)
     alarm(0);
 }
 
-std::string ReadFile(const std::filesystem::path& path)
+std::string ReadFile(const QString& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return Content(path).toStdString();
 }
 
 // In the order of their names, since the folder's own order differs from disk to disk.
-std::vector<std::string> ReadCorpus(const std::filesystem::path& folder)
+std::vector<std::string> ReadCorpus(const QDir& folder)
 {
-    std::vector<std::filesystem::path> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        if (entry.path().extension() != ".txt") paths.push_back(entry.path());
-    std::ranges::sort(paths);
     std::vector<std::string> corpus;
-    std::ranges::transform(paths, std::back_inserter(corpus), ReadFile);
-    std::erase(corpus, std::string());
+    for (const QFileInfo& file : folder.entryInfoList(QDir::Files, QDir::Name))
+        if (file.suffix() != u"txt" && file.size() > 0) corpus.push_back(ReadFile(file.filePath()));
     return corpus;
 }
 
-std::vector<std::string> ReadWords(const std::filesystem::path& path)
+std::vector<std::string> ReadWords(const QString& path)
 {
     std::vector<std::string> words;
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);)
-        words.push_back(line);
+    for (const QByteArray& line : Content(path).split('\n'))
+        if (!line.isEmpty()) words.push_back(line.toStdString());
     return words;
 }
 
-int TryFolder(const std::filesystem::path& folder, long runs, std::uint32_t seed)
+int TryFolder(const QDir& folder, long runs, std::uint32_t seed)
 {
     const std::vector<std::string> corpus = ReadCorpus(folder);
-    const std::vector<std::string> words = ReadWords(folder / "words.txt");
+    const std::vector<std::string> words = ReadWords(folder.filePath(u"words.txt"_s));
     if (corpus.empty() || words.empty()) {
-        std::fprintf(stderr, "%s holds no corpus.\n", folder.c_str());
+        std::fprintf(stderr, "%s holds no corpus.\n", qPrintable(folder.path()));
         return 2;
     }
     for (const std::string& input : corpus)
@@ -106,8 +101,8 @@ int main(int count, char** arguments)
         return 2;
     }
     WatchOver();
-    const std::filesystem::path path = arguments[1];
-    if (std::filesystem::is_directory(path))
+    const QString path = QFile::decodeName(arguments[1]);
+    if (QFileInfo(path).isDir())
         return TryFolder(path, count > 2 ? std::atol(arguments[2]) : 0,
                          count > 3 ? static_cast<std::uint32_t>(std::atol(arguments[3])) : 1);
     Try(ReadFile(path));

@@ -45,11 +45,9 @@ private Q_SLOTS:
 
     void aDayIsLockedTypedAndUnlocked()
     {
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuLockDay");
-        QCOMPARE(seen.Text, u"Please select a daily cell to lock"_s);
+        QCOMPARE(m_program->Said("mnuLockDay").Text, u"Please select a daily cell to lock"_s);
         QVERIFY(ShowsFree());
+        SeenBox seen;
         m_program->Click(18);
         AnswerNextBox(msgbox::Ok, &seen); // no key before the lock
         QTest::keyClick(&Box(), Qt::Key_X);
@@ -96,10 +94,7 @@ private Q_SLOTS:
         }
         for (const char* entry : {"mnuNextMonth", "mnuRefresh"}) {
             m_program->Find<QWidget>("tabSidebar").setFocus();
-            AnswerNextBox(msgbox::Ok, &seen);
-            m_program->Trigger(entry);
-            QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);
-            QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(m_program->Said(entry).Text, u"Mar 17, 1999 is locked, please unlock first."_s);
             QCOMPARE(m_program->form->focusWidget(), &Box());
         }
         AnswerNextBox(msgbox::Ok, &seen);
@@ -112,32 +107,29 @@ private Q_SLOTS:
     }
 
     // The ways out that nothing closes commit first.
-    void otherWaysOutCommit_data()
-    {
-        QTest::addColumn<QString>("entry");
-        QTest::newRow("this month") << u"mnuThisMonth"_s;
-        QTest::newRow("week view") << u"mnuWeekView"_s;
-        QTest::newRow("midnight") << QString();
-        QTest::newRow("a new planner that is not made") << u"mnuNew"_s;
-    }
     void otherWaysOutCommit()
     {
-        QFETCH(QString, entry);
-        LockAndType(u"on the way"_s);
-        if (entry == u"mnuNew") {
-            AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
-            AnswerNextBox(msgbox::No);
+        for (const auto& [what, entry] : Rows<QString>{{"this month", u"mnuThisMonth"_s},
+                                                       {"week view", u"mnuWeekView"_s},
+                                                       {"midnight", {}},
+                                                       {"a new planner that is not made", u"mnuNew"_s}}) {
+            const InRow row(this, what);
+            LockAndType(u"on the way"_s);
+            if (entry == u"mnuNew") {
+                AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
+                AnswerNextBox(msgbox::No);
+            }
+            if (entry.isEmpty()) {
+                desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
+                m_program->Tick("tmMidnightRefresh");
+                QTRY_VERIFY(ShowsFree());
+            } else {
+                m_program->Trigger(entry.toLatin1());
+            }
+            QVERIFY(ShowsFree());
+            QCOMPARE(Stored(), u"on the way"_s);
+            QVERIFY(!OtherIsRefused());
         }
-        if (entry.isEmpty()) {
-            desktopclock::SetForTests(QDateTime(QDate(1999, 3, 18), QTime(0, 0)));
-            m_program->Tick("tmMidnightRefresh");
-            QTRY_VERIFY(ShowsFree());
-        } else {
-            m_program->Trigger(entry.toLatin1());
-        }
-        QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), u"on the way"_s);
-        QVERIFY(!OtherIsRefused());
     }
 
     void aDayLeftIdleIsCommitted()
@@ -166,17 +158,14 @@ private Q_SLOTS:
     void theDayViewOfALockedDay()
     {
         LockAndType(u"by hand"_s);
-        OnNextModal<ZoomBoxForm>(
-            [](ZoomBoxForm& form) { QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton); });
-        m_program->Trigger("mnuDayView");
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [](ZoomBoxForm& form) { Press(form, "btnCancel"); });
         QVERIFY(ShowsLocked());
         QCOMPARE(Box().Text(), u"by hand"_s);
         QVERIFY(OtherIsRefused());
-        OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) {
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), u"zoomed "_s);
-            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
+            Press(form, "btnOk");
         });
-        m_program->Trigger("mnuDayView");
         QVERIFY(ShowsFree());
         QCOMPARE(Stored(), u"zoomed by hand"_s);
         m_program->Trigger("mnuNextMonth");
@@ -187,46 +176,36 @@ private Q_SLOTS:
     {
         m_program->Click(18);
         for (const char* button : {"btnOk", "btnCancel"}) {
-            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+            m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
                 QVERIFY(m_program->ShowsLocked() && OtherIsRefused());
                 QTest::keyClicks(&form.tbZoom(), u"agreed"_s);
-                QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
+                Press(form, button);
             });
-            m_program->Trigger("mnuDayView");
             QVERIFY(ShowsFree());
             QCOMPARE(Stored(), u"agreed"_s);
         }
         m_other.Seek(schema::Equal, m_program->Key);
         m_other.Edit(); // now the other has it
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuDayView");
-        QVERIFY(seen.Text.contains(u"currently locked by"_s));
+        QVERIFY(m_program->Said("mnuDayView").Text.contains(u"currently locked by"_s));
         QVERIFY(ShowsFree());
         m_other.CancelUpdate();
     }
 
     // It opens on what this screen knows of the day.
-    void theDayViewKeepsWhatOthersWrote_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("stored");
-        QTest::newRow("typed") << u"mine"_s << u"theirs\nmine"_s;
-        QTest::newRow("looked at") << QString() << u"theirs"_s;
-    }
     void theDayViewKeepsWhatOthersWrote()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, stored);
-        m_program->Click(18);
-        OtherWrites("theirs");
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), typed);
-            QTest::mouseClick(form.findChild<QPushButton*>(u"btnOk"_s), Qt::LeftButton);
-        });
-        m_program->Trigger("mnuDayView");
-        QCOMPARE(Stored(), stored);
-        QCOMPARE(Box().Text(), stored);
+        for (const auto& [what, typed, stored] :
+             Rows<QString, QString>{{"typed", u"mine"_s, u"theirs\nmine"_s}, {"looked at", {}, u"theirs"_s}}) {
+            const InRow row(this, what);
+            m_program->Click(18);
+            OtherWrites("theirs");
+            m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
+                QTest::keyClicks(&form.tbZoom(), typed);
+                Press(form, "btnOk");
+            });
+            QCOMPARE(Stored(), stored);
+            QCOMPARE(Box().Text(), stored);
+        }
     }
 
     void theRefreshReadsAgain()
@@ -266,10 +245,7 @@ private Q_SLOTS:
         m_program->Open(m_program->File, true);
         LockAndType(u"not lost"_s);
         *failing.plan = {1, FailurePlan::Before, {3026, u"Disk full"_s}, u"Replace"_s};
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_program->Trigger("mnuWeekView");
-        QCOMPARE(seen.Text, u"Disk full"_s);
+        QCOMPARE(m_program->Said("mnuWeekView").Text, u"Disk full"_s);
         QVERIFY(ShowsLocked());
         QVERIFY(!Box().isHidden()); // the month has not gone
         QCOMPARE(Box().Text(), u"not lost"_s);

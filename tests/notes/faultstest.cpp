@@ -39,40 +39,34 @@ private Q_SLOTS:
         m_failing.reset();
     }
 
-    void NoFailingCallLosesANote_data()
-    {
-        QTest::addColumn<int>("when");
-        QTest::addColumn<int>("number");
-        QTest::newRow("before") << int(FailurePlan::Before) << 3043;
-        QTest::newRow("after") << int(FailurePlan::After) << 3043;
-        QTest::newRow("for ever, disk full") << int(FailurePlan::ForEver) << 3026;
-        QTest::newRow("for ever, busy") << int(FailurePlan::ForEver) << 3186;
-    }
-
     void NoFailingCallLosesANote()
     {
-        QFETCH(int, when);
-        QFETCH(int, number);
-        StartWithFailingStore();
-        m_program->Type(22, u"untouched"_s);
-        m_program->Trigger("mnuSave");
-        int calls = 1;
-        for (int at = 1; at <= calls; at += calls > 100 ? 5 : 1) {
-            const QString text = u"note%1"_s.arg(at);
-            Replace(20, text);
-            Replace(21, text);
-            m_program->Click(22); // entered, and so written again
-            Fail(FailurePlan::When(when), at, number);
-            m_program->Trigger("mnuNextMonth");
-            m_program->Trigger("mnuPrevMonth");
-            calls = when == FailurePlan::ForEver ? qMax(calls, 120) : m_failing->plan->calls;
-            Fail(FailurePlan::Before, 0, 0);
-            m_program->Trigger("mnuSave"); // what was left over goes with the next save
-            QVERIFY2(Stored("1999/3/19").contains(text.toLatin1()), qPrintable(text));
-            QVERIFY2(Stored("1999/3/20").contains(text.toLatin1()), qPrintable(text));
-            QVERIFY2(Stored("1999/3/21").contains("untouched"), qPrintable(text));
-            QCOMPARE(m_program->Box(20).Text(), text);
-            QCOMPARE(m_program->Box(22).Text(), u"untouched"_s);
+        for (const auto& [what, when, number] : Rows<int, int>{{"before", int(FailurePlan::Before), 3043},
+                                                               {"after", int(FailurePlan::After), 3043},
+                                                               {"for ever, disk full", int(FailurePlan::ForEver), 3026},
+                                                               {"for ever, busy", int(FailurePlan::ForEver), 3186}}) {
+            const InRow row(this, what);
+            StartWithFailingStore();
+            m_program->Type(22, u"untouched"_s);
+            m_program->Trigger("mnuSave");
+            int calls = 1;
+            for (int at = 1; at <= calls; at += calls > 100 ? 5 : 1) {
+                const QString text = u"note%1"_s.arg(at);
+                Replace(20, text);
+                Replace(21, text);
+                m_program->Click(22); // entered, and so written again
+                Fail(FailurePlan::When(when), at, number);
+                m_program->Trigger("mnuNextMonth");
+                m_program->Trigger("mnuPrevMonth");
+                calls = when == FailurePlan::ForEver ? qMax(calls, 120) : m_failing->plan->calls;
+                Fail(FailurePlan::Before, 0, 0);
+                m_program->Trigger("mnuSave"); // what was left over goes with the next save
+                QVERIFY2(Stored("1999/3/19").contains(text.toLatin1()), qPrintable(text));
+                QVERIFY2(Stored("1999/3/20").contains(text.toLatin1()), qPrintable(text));
+                QVERIFY2(Stored("1999/3/21").contains("untouched"), qPrintable(text));
+                QCOMPARE(m_program->Box(20).Text(), text);
+                QCOMPARE(m_program->Box(22).Text(), u"untouched"_s);
+            }
         }
     }
 
@@ -105,25 +99,25 @@ private Q_SLOTS:
         QVERIFY(Stored("1999/3/19").contains("!"));
     }
 
-    void WhatNoPlannerTakesAtExitIsKept_data()
+    void ANoteThatWasStoredUnheardIsNotStoredTwice()
     {
-        QTest::addColumn<bool>("asked");
-        QTest::addColumn<QString>("place");
-        QTest::newRow("asked") << true << u"/unsaved/notes 1999-3-19.rtf"_s;
-        QTest::newRow("ended by a signal") << false << u"/journal/1.notes"_s; // offered by the next opening
+        StartWithFailingStore();
+        m_program->Type(20, u"once"_s);
+        Fail(FailurePlan::After, 1, 3043, u"Commit"_s);
+        for (int times = 0; times < 2; ++times)
+            m_program->Trigger("mnuSave");
+        QCOMPARE(m_program->Box(20).Text(), u"once"_s);
     }
 
     void WhatNoPlannerTakesAtExitIsKept()
     {
-        QFETCH(bool, asked);
-        QFETCH(QString, place);
         StartWithFailingStore();
         m_program->Type(20, u"shelved"_s);
         Fail(FailurePlan::ForEver, 1, 3026, u"Commit"_s);
-        if (asked) AnswerNextBox(msgbox::Cancel);
-        m_program->form->subExitProgram(asked ? Mainform::CloseBox : Mainform::ProcessIsEnded);
+        AnswerNextBox(msgbox::Cancel);
+        m_program->form->subExitProgram(Mainform::CloseBox);
         QVERIFY(m_program->form->HasEnded());
-        QVERIFY(Content(folders::ApplicationDirectory() + place).contains("shelved"));
+        QVERIFY(Content(RescueFolder() + u"/notes 1999-3-19.rtf"_s).contains("shelved"));
     }
 
     // By the session or a signal, while a question waits that nobody can answer any more.
@@ -153,18 +147,6 @@ private Q_SLOTS:
         m_program->New(u"other.mdb"_s);
         m_program->Exit();
         QVERIFY(Stored("1999/3/19").contains("shelved"));
-    }
-
-    // Its commit went through unheard: what the file holds then is no other's note.
-    void ASaveInDoubtDoublesNothing()
-    {
-        StartWithFailingStore();
-        for (const char* text : {"written once", "and typed on"}) {
-            Fail(*text == 'w' ? FailurePlan::After : FailurePlan::Before, *text == 'w' ? 1 : 0, 3043, u"Commit"_s);
-            Replace(20, QString::fromLatin1(text));
-            m_program->Trigger("mnuSave");
-            QCOMPARE(PlainText(Stored("1999/3/19")), QString::fromLatin1(text));
-        }
     }
 
     void ADayThatCouldNotBeReadIsNeverEmptied()

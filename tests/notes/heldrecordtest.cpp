@@ -34,16 +34,10 @@ class HeldRecordTest : public QObject
     // Opens the day view on the current day, types into it and does the rest there.
     void InDayView(const QString& typed, const std::function<void(ZoomBoxForm&)>& rest) const
     {
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
             QTest::keyClicks(&form.tbZoom(), typed);
             rest(form);
         });
-        m_program->Trigger("mnuDayView");
-        m_program->Activate();
-    }
-    static void Press(const ZoomBoxForm& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
 
 private Q_SLOTS:
@@ -61,29 +55,25 @@ private Q_SLOTS:
     }
     void cleanup() { m_program.reset(); }
 
-    void theIdleTimerFindsItsDay_data()
-    {
-        QTest::addColumn<bool>("midnight");
-        QTest::newRow("after midnight") << true;
-        QTest::newRow("after a resize") << false;
-    }
     void theIdleTimerFindsItsDay()
     {
-        QFETCH(bool, midnight);
-        m_program->Click(WorkgroupProgram::Cell);
-        InDayView(u"mine "_s, [&](ZoomBoxForm&) {
-            const QRect before = m_program->Panel(WorkgroupProgram::Cell).geometry();
-            if (midnight) Midnight(QDate(1999, 3, 18));
-            if (!midnight) m_program->form->resize(900, 650);
-            QTRY_VERIFY(midnight || m_program->Panel(WorkgroupProgram::Cell).geometry() != before);
+        for (const auto& [what, midnight] : Rows<bool>{{"after midnight", true}, {"after a resize", false}}) {
+            const InRow row(this, what);
+            m_program->Click(WorkgroupProgram::Cell);
+            InDayView(u"mine "_s, [&](ZoomBoxForm&) {
+                const QRect before = m_program->Panel(WorkgroupProgram::Cell).geometry();
+                if (midnight) Midnight(QDate(1999, 3, 18));
+                if (!midnight) m_program->form->resize(900, 650);
+                QTRY_VERIFY(midnight || m_program->Panel(WorkgroupProgram::Cell).geometry() != before);
+                RunOut();
+            });
+            QCOMPARE(Stored(), u"mine old"_s);
+            QVERIFY(m_program->ShowsFree());
+            m_program->Click(m_program->CellOf(10));
             RunOut();
-        });
-        QCOMPARE(Stored(), u"mine old"_s);
-        QVERIFY(m_program->ShowsFree());
-        m_program->Click(m_program->CellOf(10));
-        RunOut();
-        QCOMPARE(Stored(), u"mine old"_s);
-        QCOMPARE(Stored(m_tenth), u"tenth"_s);
+            QCOMPARE(Stored(), u"mine old"_s);
+            QCOMPARE(Stored(m_tenth), u"tenth"_s);
+        }
     }
 
     void aFailedIdleCommitKeepsItsCell()
@@ -106,28 +96,25 @@ private Q_SLOTS:
         QCOMPARE(Stored(m_tenth), u"tenth"_s);
     }
 
-    void whatWasTypedBeforeTheDayViewOutlivesMidnight_data()
-    {
-        QTest::addColumn<QDate>("day");
-        QTest::newRow("same month") << QDate(1999, 3, 18);
-        QTest::newRow("next month") << QDate(1999, 4, 1);
-    }
     void whatWasTypedBeforeTheDayViewOutlivesMidnight()
     {
-        QFETCH(QDate, day);
-        m_program->LockAndType(u" and mine"_s);
-        InDayView(QString(), [&](ZoomBoxForm& form) {
-            Midnight(day);
-            Press(form, "btnCancel");
-        });
-        QVERIFY(m_program->ShowsLocked());
-        InDayView(u"more, "_s, [&](ZoomBoxForm& form) {
-            Midnight(day);
-            Press(form, "btnOk");
-        });
-        QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Stored(), u"more, old and mine"_s);
-        QCOMPARE(MarkedCell(), 0);
+        for (const auto& [what, day] :
+             Rows<QDate>{{"same month", QDate(1999, 3, 18)}, {"next month", QDate(1999, 4, 1)}}) {
+            const InRow row(this, what);
+            m_program->LockAndType(u" and mine"_s);
+            InDayView(QString(), [&](ZoomBoxForm& form) {
+                Midnight(day);
+                Press(form, "btnCancel");
+            });
+            QVERIFY(m_program->ShowsLocked());
+            InDayView(u"more, "_s, [&](ZoomBoxForm& form) {
+                Midnight(day);
+                Press(form, "btnOk");
+            });
+            QVERIFY(m_program->ShowsFree());
+            QCOMPARE(Stored(), u"more, old and mine"_s);
+            QCOMPARE(MarkedCell(), 0);
+        }
     }
 
     void anOpenThatIsCancelledLeavesTheTyping()
@@ -198,38 +185,26 @@ private Q_SLOTS:
     }
 
     // The session ends while the window is open: nobody is there to be asked.
-    void anExitInTheDayViewKeepsWhatItCannotStore_data()
-    {
-        QTest::addColumn<int>("fails");
-        QTest::newRow("once") << int(FailurePlan::Before);
-        QTest::newRow("for ever") << int(FailurePlan::ForEver);
-    }
-
     void anExitInTheDayViewKeepsWhatItCannotStore()
     {
-        QFETCH(int, fails);
-        m_program->Click(WorkgroupProgram::Cell);
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), u"mine "_s);
-            FailNext("Replace");
-            m_plan->when = FailurePlan::When(fails);
-            WorkgroupProgram::ExpectNoBox(&form);
-            m_program->form->subExitProgram(Mainform::SessionEnds);
-            form.reject();
-        });
-        m_program->Trigger("mnuDayView");
-        DropAnswers();
-        const QByteArray kept = Content(folders::ApplicationDirectory() + u"/journal/1.notes"_s);
-        QCOMPARE(kept.contains("mine"), fails == FailurePlan::ForEver); // for the next opening
-        QVERIFY(fails == FailurePlan::ForEver || Stored() == u"mine old"_s);
-    }
-
-    void aFullDiskIsNamedWhenAnEmptyDayIsLocked()
-    {
-        FailNext("Insert");
-        m_program->Click(m_program->CellOf(20));
-        QCOMPARE(m_program->PressLockAndHear(), u"Disk full"_s);
-        QVERIFY(m_program->ShowsFree());
+        for (const auto& [what, fails] :
+             Rows<int>{{"once", int(FailurePlan::Before)}, {"for ever", int(FailurePlan::ForEver)}}) {
+            const InRow row(this, what);
+            m_program->Click(WorkgroupProgram::Cell);
+            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+                QTest::keyClicks(&form.tbZoom(), u"mine "_s);
+                FailNext("Replace");
+                m_plan->when = FailurePlan::When(fails);
+                WorkgroupProgram::ExpectNoBox(&form);
+                m_program->form->subExitProgram(Mainform::SessionEnds);
+                form.reject();
+            });
+            m_program->Trigger("mnuDayView");
+            DropAnswers();
+            const QByteArray kept = Content(folders::ApplicationDirectory() + u"/journal/1.notes"_s);
+            QCOMPARE(kept.contains("mine"), fails == FailurePlan::ForEver); // for the next opening
+            QVERIFY(fails == FailurePlan::ForEver || Stored() == u"mine old"_s);
+        }
     }
 
     // A box that was unlocked before still takes keys; what nobody would store must not be taken.

@@ -11,10 +11,6 @@
 
 #include <QListWidget>
 
-#include <sys/resource.h>
-
-#include <csignal>
-
 // What becomes of typing that no planner holds yet when the power is cut: the files as they are at some moment are put
 // back after the program has ended, and it starts again.
 class JournalTest : public QObject
@@ -64,10 +60,6 @@ class JournalTest : public QObject
     {
         OpenWith(shared, [&] { OnNextModal<RecoveryForm>(answer); });
     }
-    static void Press(const QDialog& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
-    }
     // Types into the day, in its cell or in the day view, until the journal has it.
     void TypeUntilTheCut(bool shared, bool inDayView)
     {
@@ -78,14 +70,12 @@ class JournalTest : public QObject
             CutWhenJournalled("old and new");
             return;
         }
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+        m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
             QTest::keyClick(&form.tbZoom(), Qt::Key_End, Qt::ControlModifier);
             QTest::keyClicks(&form.tbZoom(), u" and new"_s);
             CutWhenJournalled("old and new");
-            QTest::mouseClick(&In<QPushButton>(form, "btnCancel"), Qt::LeftButton);
+            Press(form, "btnCancel");
         });
-        m_program->Trigger("mnuDayView");
-        m_program->Activate();
     }
     void StartTyping(bool shared, bool inDayView = false)
     {
@@ -103,85 +93,72 @@ private Q_SLOTS:
     }
     void cleanup() { m_program.reset(); }
 
-    void WhatWasTypedComesBack_data()
-    {
-        QTest::addColumn<bool>("shared");
-        QTest::addColumn<bool>("inDayView");
-        QTest::addColumn<bool>("othersWrote");
-        QTest::newRow("cell") << false << false << false;
-        QTest::newRow("day view") << false << true << false;
-        QTest::newRow("locked day") << true << false << false;
-        QTest::newRow("locked day view") << true << true << false;
-        QTest::newRow("others wrote meanwhile") << true << false << true;
-        QTest::newRow("others wrote into a personal planner") << false << true << true;
-    }
-
     void WhatWasTypedComesBack()
     {
-        QFETCH(bool, shared);
-        QFETCH(bool, inDayView);
-        QFETCH(bool, othersWrote);
-        StartTyping(shared, inDayView);
-        StartAfterTheCut();
-        QCOMPARE(Stored(), u"old"_s);
-        if (othersWrote) m_program->WriteAs(m_program->Key, "theirs");
-        const QString wanted = othersWrote ? u"theirs\nold and new"_s : u"old and new"_s;
-        QString stored, found;
-        OpenAndAnswer(shared, [&](RecoveryForm& form) {
-            stored = In<RichTextBox>(form, "tbStored").Text();
-            found = In<RichTextBox>(form, "tbFound").Text();
-            Press(form, "btnOk");
-        });
-        QCOMPARE(stored, othersWrote ? u"theirs"_s : u"old"_s);
-        QCOMPARE(found, wanted);
-        QCOMPARE(Stored(), wanted);
-        QCOMPARE(m_program->Box().Text(), wanted);
-        QVERIFY(Journalled().isEmpty());
-    }
-
-    void ALockedDayThatIsLeftIsOffered_data()
-    {
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<bool>("inDayView"); // which the planner did not take
-        for (const char* way : {"exit", "open", "recent", "other"})
-            QTest::newRow(way) << QString::fromLatin1(way) << false;
-        QTest::newRow("exit, day view") << u"exit"_s << true;
+        for (const auto& [what, shared, inDayView, othersWrote] :
+             Rows<bool, bool, bool>{{"cell", false, false, false},
+                                    {"day view", false, true, false},
+                                    {"locked day", true, false, false},
+                                    {"locked day view", true, true, false},
+                                    {"others wrote meanwhile", true, false, true},
+                                    {"others wrote into a personal planner", false, true, true}}) {
+            const InRow row(this, what);
+            StartTyping(shared, inDayView);
+            StartAfterTheCut();
+            QCOMPARE(Stored(), u"old"_s);
+            if (othersWrote) m_program->WriteAs(m_program->Key, "theirs");
+            const QString wanted = othersWrote ? u"theirs\nold and new"_s : u"old and new"_s;
+            QString stored, found;
+            OpenAndAnswer(shared, [&](RecoveryForm& form) {
+                stored = In<RichTextBox>(form, "tbStored").Text();
+                found = In<RichTextBox>(form, "tbFound").Text();
+                Press(form, "btnOk");
+            });
+            QCOMPARE(stored, othersWrote ? u"theirs"_s : u"old"_s);
+            QCOMPARE(found, wanted);
+            QCOMPARE(Stored(), wanted);
+            QCOMPARE(m_program->Box().Text(), wanted);
+            QVERIFY(Journalled().isEmpty());
+        }
     }
 
     void ALockedDayThatIsLeftIsOffered()
     {
-        QFETCH(QString, way);
-        QFETCH(bool, inDayView);
-        const QString other = u"other.mdb"_s;
-        ::MakePlanner(m_program->folders.Path(other));
-        std::optional<FailingStores> failing(std::in_place);
-        StartTyping(true);
-        if (inDayView) {
-            OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) { Press(form, "btnOk"); });
-            *failing->plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, u"Replace"_s};
-            AnswerNextBox(msgbox::Ok);
-            m_program->Trigger("mnuDayView");
+        for (const auto& [way, inDayView] :
+             Rows<bool>{{"exit", false}, {"open", false}, {"recent", false}, {"other", false}, {"exit", true}}) {
+            const InRow row(this, way);
+            const QString leaving = QString::fromLatin1(way);
+            const QString other = u"other.mdb"_s;
+            ::MakePlanner(m_program->folders.Path(other));
+            std::optional<FailingStores> failing(std::in_place);
+            StartTyping(true);
+            if (inDayView) {
+                OnNextModal<ZoomBoxForm>([](ZoomBoxForm& form) { Press(form, "btnOk"); });
+                *failing->plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, u"Replace"_s};
+                AnswerNextBox(msgbox::Ok);
+                m_program->Trigger("mnuDayView");
+            }
+            failing.reset();
+            if (leaving == u"exit") {
+                m_program->Exit();
+                QCOMPARE(QDir(Folder()).entryList({u"*.notes"_s}).size(), 1); // and none of the run itself
+                m_program->Start();
+            }
+            if (leaving == u"other") m_program->Open(other);
+            const auto takeIt = [&](RecoveryForm& form) {
+                QCOMPARE(In<RichTextBox>(form, "tbStored").Text(), u"old"_s);
+                Press(form, "btnOk");
+            };
+            if (leaving == u"recent") {
+                Program::AnswerOpenAs(true);
+                OnNextModal<RecoveryForm>(takeIt);
+                m_program->Trigger("mnuMRU(0)");
+            } else {
+                OpenAndAnswer(true, takeIt);
+            }
+            QCOMPARE(Stored(), u"old and new"_s);
+            QVERIFY(Journalled().isEmpty());
         }
-        failing.reset();
-        if (way == u"exit") {
-            m_program->Exit();
-            QCOMPARE(QDir(Folder()).entryList({u"*.notes"_s}).size(), 1); // and none of the run itself
-            m_program->Start();
-        }
-        if (way == u"other") m_program->Open(other);
-        const auto takeIt = [&](RecoveryForm& form) {
-            QCOMPARE(In<RichTextBox>(form, "tbStored").Text(), u"old"_s);
-            Press(form, "btnOk");
-        };
-        if (way == u"recent") {
-            Program::AnswerOpenAs(true);
-            OnNextModal<RecoveryForm>(takeIt);
-            m_program->Trigger("mnuMRU(0)");
-        } else {
-            OpenAndAnswer(true, takeIt);
-        }
-        QCOMPARE(Stored(), u"old and new"_s);
-        QVERIFY(Journalled().isEmpty());
     }
 
     void WhatIsNotWantedBecomesAFileAndLaterAsksAgain()
@@ -200,34 +177,26 @@ private Q_SLOTS:
         QCOMPARE(PlainText(Content(RescueFolder() + u"/team 1999-3-17.rtf"_s)), u"old and new"_s);
     }
 
-    void WithoutRoomTheJournalStays_data()
-    {
-        QTest::addColumn<bool>("isWanted");
-        QTest::addColumn<QString>("said");
-        QTest::newRow("for the planner") << true << u"These days cannot be saved now"_s;
-        QTest::newRow("for the file") << false << u"The days that you did not tick could not be kept"_s;
-    }
-
     void WithoutRoomTheJournalStays()
     {
-        QFETCH(bool, isWanted);
-        QFETCH(QString, said);
-        StartTyping(false);
-        StartAfterTheCut();
-        SeenBox seen;
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit = {};
-        ::getrlimit(RLIMIT_FSIZE, &limit);
-        OpenAndAnswer(false, [&](RecoveryForm& form) {
-            if (!isWanted) QTest::keyClick(form.findChild<QListWidget*>(u"lstDays"_s), Qt::Key_Space);
-            const rlimit full = {0, limit.rlim_max};
-            ::setrlimit(RLIMIT_FSIZE, &full);
-            AnswerNextBox(msgbox::Ok, &seen);
-            Press(form, "btnOk");
-        });
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        QVERIFY2(seen.Text.startsWith(said), qPrintable(seen.Text));
-        QVERIFY(Journalled().contains("old and new"));
+        for (const auto& [what, isWanted, said] :
+             Rows<bool, QString>{{"for the planner", true, u"These days cannot be saved now"_s},
+                                 {"for the file", false, u"The days that you did not tick could not be kept"_s}}) {
+            const InRow row(this, what);
+            StartTyping(false);
+            StartAfterTheCut();
+            SeenBox seen;
+            std::optional<FullDisk> full;
+            OpenAndAnswer(false, [&](RecoveryForm& form) {
+                if (!isWanted) QTest::keyClick(form.findChild<QListWidget*>(u"lstDays"_s), Qt::Key_Space);
+                full.emplace(0);
+                AnswerNextBox(msgbox::Ok, &seen);
+                Press(form, "btnOk");
+            });
+            full.reset();
+            QVERIFY2(seen.Text.startsWith(said), qPrintable(seen.Text));
+            QVERIFY(Journalled().contains("old and new"));
+        }
     }
 
     void ASaveAndAnExitLeaveNothing()
@@ -254,18 +223,10 @@ private Q_SLOTS:
     }
 
     // Nobody is there to be asked, and the disk takes nothing but what it has.
-    void AnEndWithoutAScreenKeepsTheJournal_data()
+    void AnEndWithoutAScreenKeepsTheJournalOfALockedDay()
     {
-        QTest::addColumn<bool>("shared");
-        QTest::newRow("a planner that takes nothing") << false;
-        QTest::newRow("a locked day") << true;
-    }
-
-    void AnEndWithoutAScreenKeepsTheJournal()
-    {
-        QFETCH(bool, shared);
         const FailingStores failing;
-        StartTyping(shared);
+        StartTyping(true);
         *failing.plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, {}};
         SetContent(RescueFolder(), "no folder");
         m_program->form->subExitProgram(Mainform::ProcessIsEnded);
@@ -290,30 +251,25 @@ private Q_SLOTS:
         }
     }
 
-    void APlannerBehindAnotherPathGetsItsNotes_data()
-    {
-        QTest::addColumn<bool>("isMoved");
-        QTest::newRow("moved") << true;
-        QTest::newRow("through a link") << false;
-    }
-
     void APlannerBehindAnotherPathGetsItsNotes()
     {
-        QFETCH(bool, isMoved);
-        StartTyping(false);
-        StartAfterTheCut();
-        const QString path = m_program->folders.Path(m_program->File);
-        m_program->File = u"other.mdb"_s;
-        const QString other = m_program->folders.Path(m_program->File);
-        QVERIFY(isMoved ? QFile::rename(path, other) : QFile::link(path, other));
-        SeenBox seen;
-        OpenWith(false, [&] {
-            if (isMoved) AnswerNextBox(msgbox::Yes, &seen);
-            OnNextModal<RecoveryForm>([](RecoveryForm& form) { Press(form, "btnOk"); });
-        });
-        QCOMPARE(seen.Text.contains(path), isMoved);
-        QCOMPARE(Stored(), u"old and new"_s);
-        QVERIFY(Journalled().isEmpty());
+        for (const auto& [what, isMoved] : Rows<bool>{{"moved", true}, {"through a link", false}}) {
+            const InRow row(this, what);
+            StartTyping(false);
+            StartAfterTheCut();
+            const QString path = m_program->folders.Path(m_program->File);
+            m_program->File = u"other.mdb"_s;
+            const QString other = m_program->folders.Path(m_program->File);
+            QVERIFY(isMoved ? QFile::rename(path, other) : QFile::link(path, other));
+            SeenBox seen;
+            OpenWith(false, [&] {
+                if (isMoved) AnswerNextBox(msgbox::Yes, &seen);
+                OnNextModal<RecoveryForm>([](RecoveryForm& form) { Press(form, "btnOk"); });
+            });
+            QCOMPARE(seen.Text.contains(path), isMoved);
+            QCOMPARE(Stored(), u"old and new"_s);
+            QVERIFY(Journalled().isEmpty());
+        }
     }
 
     // The window of the start would cover the question, and no alarm come up behind it.

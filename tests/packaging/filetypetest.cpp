@@ -5,9 +5,7 @@
 
 #include <QDir>
 #include <QMimeDatabase>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QTest>
 
 // What a desktop takes a file for that knows our types beside all the usual ones.
 class FileTypeTest : public QObject
@@ -36,30 +34,26 @@ public:
     explicit FileTypeTest(const QTemporaryDir& data) : m_data(data) {}
 
 private Q_SLOTS:
-    void AFileGoesByItsContent_data()
+    void AFileGoesByItsContent()
     {
         const QByteArray planner = Planner(), link("Orrelin planner link 1\npostgresql://desk1/office\n");
         const QByteArray otherProgram = QByteArray(planner).replace(68, 4, QByteArray(4, '\0'));
         const QString other = u"application/vnd.ms-access"_s;
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("type");
-        QTest::newRow("planner") << "notes.mdb" << planner << m_planner;
-        QTest::newRow("large letters") << "NOTES.MDB" << planner << m_planner;
-        QTest::newRow("no extension") << "notes" << planner << m_planner;
-        QTest::newRow("link") << "team.mdb" << link << m_link;
-        QTest::newRow("link without extension") << "team" << link << m_link;
-        QTest::newRow("database of another engine") << "a.mdb" << QByteArray("\0\1\0\0Standard Jet DB\0", 20) << other;
-        QTest::newRow("text") << "text.mdb" << QByteArray("Dear Ann,\n") << other;
-        QTest::newRow("database of another program") << "other.mdb" << otherProgram << other;
-        QTest::newRow("the same by its own name") << "b.sqlite3" << otherProgram << "application/vnd.sqlite3";
-    }
-
-    void AFileGoesByItsContent()
-    {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, content);
-        QTEST(QMimeDatabase().mimeTypeForFile(Write(name, content)).name(), "type");
+        const std::tuple<const char*, QString, QByteArray, QString> rows[] = {
+            {"planner", u"notes.mdb"_s, planner, m_planner},
+            {"large letters", u"NOTES.MDB"_s, planner, m_planner},
+            {"no extension", u"notes"_s, planner, m_planner},
+            {"link", u"team.mdb"_s, link, m_link},
+            {"link without extension", u"team"_s, link, m_link},
+            {"database of another engine", u"a.mdb"_s, QByteArray("\0\1\0\0Standard Jet DB\0", 20), other},
+            {"text", u"text.mdb"_s, "Dear Ann,\n", other},
+            {"database of another program", u"other.mdb"_s, otherProgram, other},
+            {"the same by its own name", u"b.sqlite3"_s, otherProgram, u"application/vnd.sqlite3"_s},
+        };
+        for (const auto& [row, name, content, type] : rows) {
+            const InRow inRow(this, row);
+            QCOMPARE(QMimeDatabase().mimeTypeForFile(Write(name, content)).name(), type);
+        }
     }
 
     void TheDesktopEntryTakesThemAll()

@@ -87,48 +87,43 @@ private Q_SLOTS:
 
     // It is said once, by the first copy or the first look that meets the damage, and the copies of the days before
     // stay.
-    void ADamagedPlannerPushesOutNoSoundCopy_data()
-    {
-        QTest::addColumn<bool>("looks");
-        QTest::newRow("met by the copy") << false;
-        QTest::newRow("met by a look") << true;
-    }
-
     void ADamagedPlannerPushesOutNoSoundCopy()
     {
-        QFETCH(bool, looks);
-        for (int day = 4; day <= 13; ++day) {
-            SetDay(day);
-            TypeAndSave(QString::number(day));
+        for (const auto& [what, looks] : Rows<bool>{{"met by the copy", false}, {"met by a look", true}}) {
+            const InRow row(this, what);
+            for (int day = 4; day <= 13; ++day) {
+                SetDay(day);
+                TypeAndSave(QString::number(day));
+            }
+            const QStringList before = Days();
+            Recordset notes = schema::OpenNotes(g_dbPlanner);
+            for (int day = 1; day < 29; ++day)
+                Write(notes, u"1999/5/%1"_s.arg(day), "May" + QByteArray::number(day) + QByteArray(9000, 'x'));
+            notes.Close();
+            m_program->Exit();
+            const QString path = m_program->folders.Path(m_file);
+            QByteArray damaged = Content(path);
+            damaged.replace(damaged.indexOf("May14") / 4096 * 4096, 2048, QByteArray(2048, '\0'));
+            SetContent(path, damaged);
+            SetDay(14);
+            m_program->Start();
+            m_program->Open(m_file);
+            SeenBox seen;
+            AnswerNextBox(msgbox::Ok, &seen);
+            const auto lookAtMay = [&] {
+                for (const char* turn : {"mnuNextMonth", "mnuNextMonth", "mnuPrevMonth", "mnuPrevMonth"})
+                    m_program->Trigger(turn);
+            };
+            if (looks) lookAtMay();
+            if (!looks) TypeAndSave(u"saved"_s);
+            QTRY_VERIFY2(seen.Text.contains(u"Repair Database in the File menu"_s), qPrintable(seen.Text));
+            lookAtMay();
+            TypeAndSave(u"saved"_s);
+            QTest::qWait(50);
+            QVERIFY(!QApplication::activeModalWidget());
+            QCOMPARE(Days(), before);
+            QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("saved"));
         }
-        const QStringList before = Days();
-        Recordset notes = schema::OpenNotes(g_dbPlanner);
-        for (int day = 1; day < 29; ++day)
-            Write(notes, u"1999/5/%1"_s.arg(day), "May" + QByteArray::number(day) + QByteArray(9000, 'x'));
-        notes.Close();
-        m_program->Exit();
-        const QString path = m_program->folders.Path(m_file);
-        QByteArray damaged = Content(path);
-        damaged.replace(damaged.indexOf("May14") / 4096 * 4096, 2048, QByteArray(2048, '\0'));
-        SetContent(path, damaged);
-        SetDay(14);
-        m_program->Start();
-        m_program->Open(m_file);
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        const auto lookAtMay = [&] {
-            for (const char* turn : {"mnuNextMonth", "mnuNextMonth", "mnuPrevMonth", "mnuPrevMonth"})
-                m_program->Trigger(turn);
-        };
-        if (looks) lookAtMay();
-        if (!looks) TypeAndSave(u"saved"_s);
-        QTRY_VERIFY2(seen.Text.contains(u"Repair Database in the File menu"_s), qPrintable(seen.Text));
-        lookAtMay();
-        TypeAndSave(u"saved"_s);
-        QTest::qWait(50);
-        QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(Days(), before);
-        QVERIFY(m_program->Stored(m_file, u"1999/3/17"_s).contains("saved"));
     }
 
     void WithoutAPlaceForItTheSaveGoesOn()

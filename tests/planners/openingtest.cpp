@@ -22,6 +22,24 @@ class OpeningTest : public QObject
         Write(notes, u"1999/3/17"_s, "{\\rtf1 kept}");
     }
 
+    // What the entry or the picture says instead of opening its window.
+    QString Refusal(const QByteArray& command)
+    {
+        SeenBox seen;
+        AnswerNextBox(msgbox::Ok, &seen);
+        if (command.startsWith("mnu")) {
+            m_program->Trigger(command);
+        } else {
+            auto& picture = m_program->Find<PictureButton>(command);
+            QTest::mouseClick(&picture, Qt::LeftButton);
+            if (!QTest::qWaitFor([&] { return picture.Visible(0); })) return u"the picture stays pressed"_s;
+        }
+        const bool isAnswered = QTest::qWaitFor([] { return WaitingAnswers() == 0; });
+        const bool isOpen = QApplication::activeModalWidget() || m_program->form->findChild<QDialog*>();
+        m_program->Activate();
+        return !isAnswered || isOpen ? u"no refusal"_s : seen.Text;
+    }
+
     static bool MissesTable(const QString& path) { return DBEngine::OpenDatabase(path).TableNames().size() < 3; }
 
 private Q_SLOTS:
@@ -41,51 +59,45 @@ private Q_SLOTS:
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
     }
 
-    void NewOverAnExistingFileAsksFirst_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("no") << u"other.mdb"_s << msgbox::No;
-        QTest::newRow("without its ending") << u"other"_s << msgbox::No;
-        QTest::newRow("in use") << u"notes"_s << msgbox::Yes;
-        QTest::newRow("no folder") << u"none/new.mdb"_s << 0;
-    }
-
     // A New that comes to nothing leaves the open planner's notes as they were, unsaved ones too.
     void NewOverAnExistingFileAsksFirst()
     {
-        QFETCH(QString, typed);
-        QFETCH(int, answer);
-        MakeOlder(u"Other.mdb"_s);
-        m_program->New(u"notes.mdb"_s);
-        m_program->Type(20, u"kept"_s);
-        AnswerNextFileDialog(m_program->folders.Path(typed));
-        SeenBox seen;
-        if (answer != 0) AnswerNextBox(answer, &seen);
-        QString refusal, reason;
-        if (answer != msgbox::No) {
-            OnNextModal<QMessageBox>([&](QMessageBox& box) {
-                refusal = box.text();
-                reason = box.informativeText();
-                box.accept();
-            });
+        for (const auto& [what, typed, answer] : Rows<QString, int>{{"no", u"other.mdb"_s, msgbox::No},
+                                                                    {"without its ending", u"other"_s, msgbox::No},
+                                                                    {"in use", u"notes"_s, msgbox::Yes},
+                                                                    {"no folder", u"none/new.mdb"_s, 0}}) {
+            const InRow row(this, what);
+            MakeOlder(u"Other.mdb"_s);
+            m_program->New(u"notes.mdb"_s);
+            m_program->Type(20, u"kept"_s);
+            AnswerNextFileDialog(m_program->folders.Path(typed));
+            SeenBox seen;
+            if (answer != 0) AnswerNextBox(answer, &seen);
+            QString refusal, reason;
+            if (answer != msgbox::No) {
+                OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                    refusal = box.text();
+                    reason = box.informativeText();
+                    box.accept();
+                });
+            }
+            m_program->Trigger("mnuNew");
+            m_program->Activate();
+            QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(seen.DefaultButton, answer == 0 ? QString() : u"No"_s);
+            if (answer != msgbox::No) {
+                QCOMPARE(refusal, u"Could not create New Planner"_s);
+                QVERIFY(!reason.isEmpty());
+                QVERIFY(g_sDBPath.endsWith(u"notes.mdb"_s));
+            }
+            m_program->Click(20);
+            QTest::keyClick(&m_program->Box(20), Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClicks(&m_program->Box(20), u"!"_s);
+            m_program->Trigger("mnuNextMonth");
+            m_program->Trigger("mnuPrevMonth");
+            QCOMPARE(m_program->Box(20).Text(), u"kept!"_s);
+            QVERIFY(m_program->Stored(u"Other.mdb"_s, u"1999/3/17"_s).contains("kept"));
         }
-        m_program->Trigger("mnuNew");
-        m_program->Activate();
-        QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(seen.Title.isEmpty(), answer == 0);
-        if (answer != msgbox::No) {
-            QCOMPARE(refusal, u"Could not create New Planner"_s);
-            QVERIFY(!reason.isEmpty());
-            QVERIFY(g_sDBPath.endsWith(u"notes.mdb"_s));
-        }
-        m_program->Click(20);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClicks(&m_program->Box(20), u"!"_s);
-        m_program->Trigger("mnuNextMonth");
-        m_program->Trigger("mnuPrevMonth");
-        QCOMPARE(m_program->Box(20).Text(), u"kept!"_s);
-        QVERIFY(m_program->Stored(u"Other.mdb"_s, u"1999/3/17"_s).contains("kept"));
     }
 
     void CancelLeavesEverythingAsItWas()
@@ -101,121 +113,82 @@ private Q_SLOTS:
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
-    void WhatIsNoPlannerIsRefusedAndLeftAsItWas_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("text") << QByteArray("Dear diary, this is no planner.\n").repeated(500);
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("head alone") << QByteArray("SQLite format 3\0", 16);
-    }
-
     void WhatIsNoPlannerIsRefusedAndLeftAsItWas()
     {
-        QFETCH(QByteArray, content);
-        const QString path = m_program->folders.Path(u"other.mdb"_s);
-        SetContent(path, content);
-        AnswerNextFileDialog(path);
-        Program::AnswerOpenAs(true);
-        SeenBox seen, next;
-        AnswerNextBox(msgbox::Ok, &seen);
-        AnswerNextBox(msgbox::Ok, &next);
-        m_program->Trigger("mnuOpen");
-        m_program->Trigger("mnuLockDay");
-        QVERIFY2(next.Text.startsWith(u"No Planner Exists!"_s), qPrintable(next.Text));
-        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
-        QCOMPARE(seen.Icon, QMessageBox::Warning);
-        QCOMPARE(m_program->Bottom().Caption(), seen.Text);
-        QCOMPARE(g_sDBPath, QString());
-        QVERIFY(m_program->Box(20).Locked());
-        QVERIFY(m_program->Log().startsWith(" 1:"));
-        QCOMPARE(Content(path), content);
-    }
-
-    void AnOlderFileIsUpgraded_data()
-    {
-        QTest::addColumn<bool>("lacksAlarms");
-        QTest::addColumn<int>("answer"); // 0: no question comes
-        QTest::newRow("both missing, yes") << true << msgbox::Yes;
-        QTest::newRow("both missing, no") << true << msgbox::No;
-        QTest::newRow("recursions missing") << false << 0;
+        for (const auto& [what, content] :
+             Rows<QByteArray>{{"text", QByteArray("Dear diary, this is no planner.\n").repeated(500)},
+                              {"empty", ""},
+                              {"head alone", QByteArray("SQLite format 3\0", 16)}}) {
+            const InRow row(this, what);
+            const QString path = m_program->folders.Path(u"other.mdb"_s);
+            SetContent(path, content);
+            AnswerNextFileDialog(path);
+            Program::AnswerOpenAs(true);
+            SeenBox seen, next;
+            AnswerNextBox(msgbox::Ok, &seen);
+            AnswerNextBox(msgbox::Ok, &next);
+            m_program->Trigger("mnuOpen");
+            m_program->Trigger("mnuLockDay");
+            QVERIFY2(next.Text.startsWith(u"No Planner Exists!"_s), qPrintable(next.Text));
+            QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
+            QCOMPARE(seen.Icon, QMessageBox::Warning);
+            QCOMPARE(m_program->Bottom().Caption(), seen.Text);
+            QCOMPARE(g_sDBPath, QString());
+            QVERIFY(m_program->Box(20).Locked());
+            QVERIFY(m_program->Log().startsWith(" 1:"));
+            QCOMPARE(Content(path), content);
+        }
     }
 
     void AnOlderFileIsUpgraded()
     {
-        QFETCH(bool, lacksAlarms);
-        QFETCH(int, answer);
-        std::vector<TableDef> tables = {schema::NotesTable()};
-        if (!lacksAlarms) tables.push_back(schema::AlarmsTable());
-        MakeOlder(u"old.mdb"_s, tables);
-        AnswerNextFileDialog(m_program->folders.Path(u"old.mdb"_s));
-        Program::AnswerOpenAs(false);
-        if (answer) AnswerNextBox(answer);
-        m_program->Trigger("mnuOpen");
-        QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
-        const bool upgraded = answer != msgbox::No;
-        QDirIterator copies(folders::ApplicationDirectory() + u"/backups"_s, {u"*.mdb"_s}, QDir::Files,
-                            QDirIterator::Subdirectories);
-        QCOMPARE(copies.hasNext(), upgraded); // of the planner as it was
-        QVERIFY(!upgraded || MissesTable(copies.next()));
-        QCOMPARE(g_dbPlanner.TableNames().size(), upgraded ? 3 : 1);
-        QCOMPARE(g_rsRecurse.IsNothing(), !upgraded);
-        QCOMPARE(m_program->form->windowTitle().endsWith(u"old.mdb"_s), upgraded);
-        if (!upgraded) return;
-        m_program->Open(u"old.mdb"_s); // asks no more
-        QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
-    }
-
-    void SomeCommandsNeedAPlannerOfTheirKind_data()
-    {
-        QTest::addColumn<QByteArray>("command"); // an entry, or a picture
-        QTest::addColumn<bool>("isShared");      // the planner; else there is none
-        QTest::addColumn<QString>("told");
-        const auto noPlanner = [](const char* before, const char* between) {
-            return u"No Planner Exists!\n%1Use 'File' | 'New' to create a new planner or%2Use 'File | Open' "
-                   "to open an existing planner"_s.arg(QLatin1StringView(before), QLatin1StringView(between));
-        };
-        const auto row = [](const char* command, bool isShared, const QString& told) {
-            QTest::addRow("%s, %s", command, isShared ? "shared" : "none") << QByteArray(command) << isShared << told;
-        };
-        for (const char* command : {"mnuDayView", "picDay", "mnuWeekView", "picWeek", "mnuFindWord"})
-            row(command, false, noPlanner("\n", "\n"));
-        row("mnuAutoload", false, noPlanner("\n", "\n\n"));
-        row("mnuDateDiffCustomize", false, noPlanner("", "\n"));
-        const std::pair<const char*, const char*> personal[] = {{"mnuNewAlarm", "alarm settings"},
-                                                                {"mnuChangeAlarms", "alarm settings"},
-                                                                {"picAlarm", "alarm settings"},
-                                                                {"mnuRecurse", "recurring event"},
-                                                                {"picRecurse", "recurring event"}};
-        for (const auto& [command, what] : personal) {
-            row(command, false, noPlanner("", "\n"));
-            row(command, true,
-                u"Global %1 for a shared database is not allowed. You need to open the "
-                "database as a 'Personal Planner' to have exclusiveness to the database. "
-                "Please read the helpfile (F1) for more information."_s.arg(QLatin1StringView(what)));
+        // Without an answer no question comes.
+        for (const auto& [what, lacksAlarms, answer] : Rows<bool, int>{{"both missing, yes", true, msgbox::Yes},
+                                                                       {"both missing, no", true, msgbox::No},
+                                                                       {"recursions missing", false, 0}}) {
+            const InRow row(this, what);
+            std::vector<TableDef> tables = {schema::NotesTable()};
+            if (!lacksAlarms) tables.push_back(schema::AlarmsTable());
+            MakeOlder(u"old.mdb"_s, tables);
+            AnswerNextFileDialog(m_program->folders.Path(u"old.mdb"_s));
+            Program::AnswerOpenAs(false);
+            if (answer) AnswerNextBox(answer);
+            m_program->Trigger("mnuOpen");
+            QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
+            const bool upgraded = answer != msgbox::No;
+            QDirIterator copies(folders::ApplicationDirectory() + u"/backups"_s, {u"*.mdb"_s}, QDir::Files,
+                                QDirIterator::Subdirectories);
+            QCOMPARE(copies.hasNext(), upgraded); // of the planner as it was
+            QVERIFY(!upgraded || MissesTable(copies.next()));
+            QCOMPARE(g_dbPlanner.TableNames().size(), upgraded ? 3 : 1);
+            QCOMPARE(g_rsRecurse.IsNothing(), !upgraded);
+            QCOMPARE(m_program->form->windowTitle().endsWith(u"old.mdb"_s), upgraded);
+            if (!upgraded) continue;
+            m_program->Open(u"old.mdb"_s); // asks no more
+            QCOMPARE(WaitingAnswers(), 0);
+            QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
         }
     }
 
-    void SomeCommandsNeedAPlannerOfTheirKind()
+    void SomeCommandsNeedAPlanner()
     {
-        QFETCH(QByteArray, command);
-        QFETCH(bool, isShared);
-        if (isShared) m_program->New(u"team.mdb"_s, true);
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        if (command.startsWith("mnu")) {
-            m_program->Trigger(command);
-        } else {
-            auto& picture = m_program->Find<PictureButton>(command);
-            QTest::mouseClick(&picture, Qt::LeftButton);
-            QTRY_COMPARE(WaitingAnswers(), 0);
-            QVERIFY(picture.Visible(0)); // released again
-        }
-        QTRY_COMPARE(WaitingAnswers(), 0);
-        QTEST(seen.Text, "told");
-        QCOMPARE(QApplication::activeModalWidget(), nullptr);
-        QVERIFY(m_program->form->findChildren<QDialog*>().isEmpty());
+        for (const char* command :
+             {"mnuDayView", "picDay", "mnuWeekView", "picWeek", "mnuFindWord", "mnuAutoload", "mnuDateDiffCustomize",
+              "mnuNewAlarm", "mnuChangeAlarms", "picAlarm", "mnuRecurse", "picRecurse"})
+            QVERIFY2(Refusal(command).startsWith(u"No Planner Exists!\n"), command);
+    }
+
+    void SomeNeedAPersonalOne()
+    {
+        m_program->New(u"team.mdb"_s, true);
+        for (const auto& [command, what] : {std::pair("mnuNewAlarm", u"alarm settings"_s),
+                                            {"mnuChangeAlarms", u"alarm settings"_s},
+                                            {"picAlarm", u"alarm settings"_s},
+                                            {"mnuRecurse", u"recurring event"_s},
+                                            {"picRecurse", u"recurring event"_s}})
+            QVERIFY2(Refusal(command).startsWith(u"Global %1 for a shared database is not allowed."_s.arg(what)),
+                     command);
     }
 
     void TheRecentListMovesByItsRules()

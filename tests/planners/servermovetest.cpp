@@ -17,13 +17,10 @@ class ServerMoveTest : public QObject
     // Runs the steps in the open dialog and leaves it.
     void InOptions(const std::function<void(NetworkOptionForm&)>& steps)
     {
-        OnNextModal<NetworkOptionForm>([=](NetworkOptionForm& form) {
+        m_program->InWindow<NetworkOptionForm>("mnuNetworkOptions", [=](NetworkOptionForm& form) {
             steps(form);
             QTest::keyClick(&form, Qt::Key_Escape);
         });
-        m_program->Trigger("mnuNetworkOptions");
-        QCOMPARE(WaitingAnswers(), 0);
-        m_program->Activate();
     }
     static QPushButton& Button(const NetworkOptionForm& form, const char* name) { return In<QPushButton>(form, name); }
     static QLineEdit& Address(const NetworkOptionForm& form) { return In<QLineEdit>(form, "txtServer"); }
@@ -90,52 +87,47 @@ private Q_SLOTS:
         });
     }
 
-    void WhatCannotMoveStaysOpenAndWhole_data()
-    {
-        QTest::addColumn<QString>("address"); // %1: the planner
-        QTest::addColumn<QByteArray>("hindrance");
-        QTest::addColumn<QString>("part"); // of what is said
-        const TestServer& server = TestServer::Get();
-        const QString tcp = server.TcpUri(u"%1"_s);
-        QTest::newRow("no address") << u"the server in the hall"_s << QByteArray() << "form postgresql:";
-        QTest::newRow("server down") << server.TcpUri(u"%1"_s, 1) << QByteArray() << "Connection refused";
-        QTest::newRow("no such server") << u"postgresql://nowhere.invalid/office"_s << QByteArray()
-                                        << u"nowhere.invalid"_s;
-        QTest::newRow("wrong password") << tcp << QByteArray("password") << "password authentication failed";
-        QTest::newRow("name taken") << tcp << QByteArray("taken") << "a planner of this name already";
-        QTest::newRow("newer planner there") << tcp << QByteArray("newer") << "a planner of this name already";
-        QTest::newRow("another desk") << tcp << QByteArray("open") << "already in use by";
-        QTest::newRow("no") << tcp << QByteArray("no") << "";
-    }
-
     void WhatCannotMoveStaysOpenAndWhole()
     {
-        QFETCH(QString, address);
-        QFETCH(QByteArray, hindrance);
-        QFETCH(QString, part);
-        if (hindrance == "password") ::setenv("PGPASSWORD", "guess", 1);
-        if (hindrance == "taken" || hindrance == "newer") {
-            const QString first = m_program->folders.Path(u"first.mdb"_s);
-            DBEngine::CreateDatabase(first, {}).Close();
-            DBEngine::MoveToServer(first, TestServer::Get().Uri(m_planner));
+        // The address, where %1 is the planner; the hindrance; a part of what is said.
+        const TestServer& server = TestServer::Get();
+        const QString tcp = server.TcpUri(u"%1"_s);
+        for (const auto& [what, address, hindrance, part] : Rows<QString, QByteArray, QString>{
+                 {"no address", u"the server in the hall"_s, "", u"form postgresql:"_s},
+                 {"server down", server.TcpUri(u"%1"_s, 1), "", u"Connection refused"_s},
+                 {"no such server", u"postgresql://nowhere.invalid/office"_s, "", u"nowhere.invalid"_s},
+                 {"wrong password", tcp, "password", u"password authentication failed"_s},
+                 {"name taken", tcp, "taken", u"a planner of this name already"_s},
+                 {"newer planner there", tcp, "newer", u"a planner of this name already"_s},
+                 {"another desk", tcp, "open", u"already in use by"_s},
+                 {"no", tcp, "no", u""_s}}) {
+            const InRow row(this, what);
+            if (hindrance == "password") ::setenv("PGPASSWORD", "guess", 1);
+            if (hindrance == "taken" || hindrance == "newer") {
+                const QString first = m_program->folders.Path(u"first.mdb"_s);
+                DBEngine::CreateDatabase(first, {}).Close();
+                DBEngine::MoveToServer(first, TestServer::Get().Uri(m_planner));
+            }
+            if (hindrance == "newer")
+                TestServer::Get().Ask(
+                    u"UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1"_s.arg(m_planner));
+            const QByteArray before = FileContent().left(16);
+            std::optional<OtherProgram> desk;
+            if (hindrance == "open")
+                QCOMPARE(desk.emplace().Open(m_program->folders.Path(m_program->File), false), u"0"_s);
+            const SeenBox seen = Move(address.arg(m_planner), hindrance == "no" ? msgbox::No : msgbox::Yes);
+            desk.reset();
+            QVERIFY2(seen.Text.contains(part), qPrintable(seen.Text));
+            QVERIFY(HasPlanner());
+            QCOMPARE(m_program->ShowsLocked(), hindrance == "no"); // who thinks better of it goes on typing
+            QCOMPARE(m_program->Box().Text(), u"typed"_s);
+            if (hindrance == "no") m_program->PressLock();
+            m_program->LockAndType(u" and more"_s);
+            m_program->PressLock();
+            QCOMPARE(StoredIn(m_program->File), u"typed and more"_s);
+            QCOMPARE(FileContent().left(16), before);
+            QVERIFY(!QFile::exists(m_program->folders.Path(u"team.bak"_s)));
         }
-        if (hindrance == "newer")
-            TestServer::Get().Ask(u"UPDATE orrelin_%1.\"planner format\" SET version = 2 RETURNING 1"_s.arg(m_planner));
-        const QByteArray before = FileContent().left(16);
-        std::optional<OtherProgram> desk;
-        if (hindrance == "open") QCOMPARE(desk.emplace().Open(m_program->folders.Path(m_program->File), false), u"0"_s);
-        const SeenBox seen = Move(address.arg(m_planner), hindrance == "no" ? msgbox::No : msgbox::Yes);
-        desk.reset();
-        QVERIFY2(seen.Text.contains(part), qPrintable(seen.Text));
-        QVERIFY(HasPlanner());
-        QCOMPARE(m_program->ShowsLocked(), hindrance == "no"); // who thinks better of it goes on typing
-        QCOMPARE(m_program->Box().Text(), u"typed"_s);
-        if (hindrance == "no") m_program->PressLock();
-        m_program->LockAndType(u" and more"_s);
-        m_program->PressLock();
-        QCOMPARE(StoredIn(m_program->File), u"typed and more"_s);
-        QCOMPARE(FileContent().left(16), before);
-        QVERIFY(!QFile::exists(m_program->folders.Path(u"team.bak"_s)));
     }
 };
 

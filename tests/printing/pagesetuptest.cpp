@@ -15,10 +15,6 @@ class PageSetupTest : public QObject
         WritePrivateProfileStringA(u"intl"_s, u"sDecimal"_s, separator, u"WIN.INI"_s);
     }
     static QLineEdit& Box(QWidget& form, const char* name) { return In<QLineEdit>(form, name); }
-    static void Press(QWidget& form, const char* name)
-    {
-        QTest::keyClick(&In<QPushButton>(form, name), Qt::Key_Return);
-    }
     static void Show(PageSetupForm& form)
     {
         form.show();
@@ -34,24 +30,9 @@ private Q_SLOTS:
         m_folders.reset();
     }
 
-    void withoutKeysThereAreDefaults()
-    {
-        SetSeparator(u","_s);
-        PageSetupForm form;
-        QCOMPARE(form.windowTitle(), u"Customize Page Setup"_s);
-        for (const char* name : {"tbLeft", "tbTop", "tbRight", "tbBottom"})
-            QCOMPARE(Box(form, name).text(), u"1,00"_s);
-        const QLineEdit& header = Box(form, "tbHeader");
-        QCOMPARE(header.text(), QString());
-        QCOMPARE(header.font().family(), u"Arial"_s);
-        QVERIFY(header.font().bold() && !header.font().italic());
-        QCOMPARE(header.font().pointSizeF(), 12.0);
-        QCOMPARE(header.palette().color(QPalette::Text), QColor(Qt::black));
-    }
-
     void okWritesWhatWasTyped()
     {
-        SetSeparator(u"."_s);
+        SetSeparator(u","_s);
         SetIni("PAGESETUP", "HEADERCOLOR", "&HFF0000&"); // blue
         SetIni("PAGESETUP", "HEADERITALIC", "-1");
         SetIni("PAGESETUP", "HEADERSIZE", "10.5");
@@ -61,18 +42,18 @@ private Q_SLOTS:
         Box(form, "tbHeader").setFocus();
         QTest::keyClicks(&Box(form, "tbHeader"), u"Our year"_s);
         QTest::keyClick(&Box(form, "tbHeader"), Qt::Key_Return);
-        for (const char* name : {"tbLeft", "tbRight"}) {
+        for (const auto& [name, typed] : {std::pair("tbLeft", u"narrow"_s), {"tbRight", u"wide"_s}}) {
             QTest::mouseClick(&Box(form, name), Qt::LeftButton);
-            QCOMPARE(Box(form, name).selectedText(), u"1.00"_s);
-            QTest::keyClicks(&Box(form, name), u"narrow"_s);
+            QCOMPARE(Box(form, name).selectedText(), u"1,00"_s);
+            QTest::keyClicks(&Box(form, name), typed);
             QTest::keyClick(&Box(form, name), Qt::Key_Enter);
         }
         QVERIFY(form.isVisible());
         QCOMPARE(Ini("PAGESETUP", "LEFT"), u"none"_s);
         Press(form, "btnOk");
         QVERIFY(!form.isVisible());
-        const std::pair<const char*, const char*> wanted[] = {{"LEFT", "narrow"},     {"TOP", "1.00"},
-                                                              {"RIGHT", "narrow"},    {"BOTTOM", "1.00"},
+        const std::pair<const char*, const char*> wanted[] = {{"LEFT", "narrow"},     {"TOP", "1,00"},
+                                                              {"RIGHT", "wide"},      {"BOTTOM", "1,00"},
                                                               {"HEADER", "Our year"}, {"HEADERFONT", "Arial"},
                                                               {"HEADERBOLD", "-1"},   {"HEADERITALIC", "-1"},
                                                               {"HEADERSIZE", "10.5"}, {"HEADERCOLOR", "&HFF0000&"}};
@@ -80,46 +61,41 @@ private Q_SLOTS:
             QCOMPARE(Ini("PAGESETUP", key), QString::fromLatin1(value));
     }
 
-    void fontsAreShownAndKeptByOkAlone_data()
-    {
-        QTest::addColumn<QByteArray>("button");
-        QTest::addColumn<QString>("size");
-        QTest::newRow("ok") << QByteArray("btnOk") << u"20"_s;
-        QTest::newRow("cancel") << QByteArray("btnCancel") << u"14"_s;
-    }
-
     void fontsAreShownAndKeptByOkAlone()
     {
-        QFETCH(const QByteArray, button);
-        QFETCH(const QString, size);
-        SetIni("PAGESETUP", "HEADERFONT", "Never Installed");
-        SetIni("PAGESETUP", "HEADERSIZE", "14");
-        PageSetupForm form;
-        Show(form);
-        for (int time = 0; time < 2; ++time) { // filled from the keys each time
-            AnswerFontDialog([](QFontDialog& dialog) {
-                QCOMPARE(dialog.currentFont().pointSize(), 14);
-                ChooseSize(dialog, 20);
-            });
-            Press(form, "btnFonts");
-            QCOMPARE(Box(form, "tbHeader").font().pointSize(), 20);
-            QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), u"14"_s);
+        for (const auto& [what, button, size] :
+             Rows<QByteArray, QString>{{"ok", "btnOk", u"20"_s}, {"cancel", "btnCancel", u"14"_s}}) {
+            const InRow row(this, what);
+            SetIni("PAGESETUP", "HEADERFONT", "Never Installed");
+            SetIni("PAGESETUP", "HEADERSIZE", "14");
+            PageSetupForm form;
+            Show(form);
+            for (int time = 0; time < 2; ++time) { // filled from the keys each time
+                AnswerFontDialog([](QFontDialog& dialog) {
+                    QCOMPARE(dialog.currentFont().pointSize(), 14);
+                    ChooseSize(dialog, 20);
+                });
+                Press(form, "btnFonts");
+                QCOMPARE(Box(form, "tbHeader").font().pointSize(), 20);
+                QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), u"14"_s);
+            }
+            Press(form, button.constData());
+            QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), size);
+            QCOMPARE(Ini("PAGESETUP", "HEADERFONT"), u"Never Installed"_s);
         }
-        Press(form, button.constData());
-        QCOMPARE(Ini("PAGESETUP", "HEADERSIZE"), size);
-        QCOMPARE(Ini("PAGESETUP", "HEADERFONT"), u"Never Installed"_s);
     }
 
     void theCommandNeedsNoPlanner()
     {
         Program program;
         program.Start();
-        OnNextModal<PageSetupForm>([](PageSetupForm& form) {
+        program.InWindow<PageSetupForm>("mnuPageSetup", [](PageSetupForm& form) {
+            const QLineEdit& header = Box(form, "tbHeader"); // of a first run
+            QVERIFY(header.font().pointSize() == 12 && header.font().bold() && !header.font().italic());
+            QCOMPARE(header.palette().color(QPalette::Text), QColor(Qt::black));
             QTest::keyClicks(&Box(form, "tbHeader"), u"dropped"_s);
             QTest::keyClick(&form, Qt::Key_Escape);
         });
-        program.Trigger("mnuPageSetup");
-        QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(Ini("PAGESETUP", "HEADER"), u"none"_s);
     }
 };

@@ -80,22 +80,8 @@ class EventTextTest : public QObject
         return blocks;
     }
 
-private Q_SLOTS:
-    void GoesBelowWhatTheNoteHeld_data()
+    static void CheckGoesBelow(const QByteArray& note, const QByteArray& event)
     {
-        QTest::addColumn<QByteArray>("note");
-        QTest::addColumn<QByteArray>("event");
-        for (const char* note : {"word", "no mark at the end", "bold and centred", "paragraphs", "list", "picture",
-                                 "a vector drawing", "a link", "no rich text", "nothing", "one blank"}) {
-            for (const char* event : {"word", "bold and centred", "paragraphs", "list", "picture", "a link"})
-                QTest::addRow("%s, then %s", note, event) << Named(note) << Named(event);
-        }
-    }
-
-    void GoesBelowWhatTheNoteHeld()
-    {
-        QFETCH(QByteArray, note);
-        QFETCH(QByteArray, event);
         EventText text(event, PlainFormat());
         const QByteArray once = text.AppendedTo(note);
         QCOMPARE(Described(once), Described(note) + Described(event));
@@ -112,58 +98,56 @@ private Q_SLOTS:
         if (!hadItBefore) QCOMPARE(lines.first(before.size()), before);
     }
 
-    void IsFoundAsAWordOfOneParagraph_data()
+private Q_SLOTS:
+    void GoesBelowWhatTheNoteHeld()
     {
-        QTest::addColumn<QByteArray>("event");
-        QTest::addColumn<QByteArray>("note");
-        QTest::addColumn<QByteArray>("rest"); // null: the note keeps all
-        const QByteArray kept;
-        QTest::newRow("alone") << Rtf("Rent") << Rtf("Rent") << Rtf("");
-        QTest::newRow("below") << Rtf("Rent") << Rtf("old\\par Rent\\par") << Rtf("old\\par\\par");
-        QTest::newRow("formatted otherwise") << Rtf("Rent") << Rtf("\\b Re\\b0 nt now") << Rtf("\\b0  now");
-        QTest::newRow("first of two") << Rtf("Rent") << Rtf("a Rent\\par Rent") << Rtf("a \\par Rent");
-        QTest::newRow("other case") << Rtf("Rent") << Rtf("rent RENT") << kept;
-        QTest::newRow("part of a word") << Rtf("Rent") << Rtf("Rents Parent") << kept;
-        QTest::newRow("beside stops") << Rtf("Rent") << Rtf("Rents (Rent), 1Rent") << Rtf("Rents (), 1Rent");
-        QTest::newRow("blank that does not break in the note") << Rtf("at ten") << Rtf("meet at\\~ten") << Rtf("meet ");
-        QTest::newRow("and in the event") << Rtf("at\\~ten") << Rtf("meet at ten") << Rtf("meet ");
-        QTest::newRow("across paragraphs") << Rtf("Rent and light") << Rtf("Rent\\par and light") << kept;
-        const QByteArray lines = Rtf("Rent\\par\\b and\\b0  gas\\par light\\par\\par");
-        QTest::newRow("event of lines") << lines << Rtf("my Rent\\par Rent\\par\\i and gas\\par light\\i0 , now")
-                                        << Rtf("my Rent\\par , now");
-        QTest::newRow("its lines begin behind other words")
-            << lines << Rtf("\\qr pay Rent\\par\\qc and\\~gas\\par light\\par\\ql x") << Rtf("\\qr pay \\par\\ql x");
-        const std::pair<const char*, const char*> others[] = {
-            {"first goes on", "Rent 1\\par and gas\\par light"},
-            {"first is part of a word", "nRent\\par and gas\\par light"},
-            {"between goes on", "Rent\\par and gas 2\\par light"},
-            {"last is part of a word", "Rent\\par and gas\\par lights"},
-            {"a line between", "Rent\\par\\par and gas\\par light"},
-            {"other case", "Rent\\par And gas\\par light"},
-            {"last is missing", "light\\par Rent\\par and gas"}};
-        for (const auto& [name, note] : others)
-            QTest::addRow("of its lines %s", name) << lines << Rtf(note) << kept;
-        QTest::newRow("lines with their picture") << Rtf("cake" + Picture() + "\\par tea")
-                                                  << Rtf("a\\par cake" + Picture() + "\\par tea") << Rtf("a\\par\\par");
-        QTest::newRow("lines without it")
-            << Rtf("cake" + Picture() + "\\par tea") << Rtf("a\\par cake\\par tea") << Rtf("a\\par\\par");
-        QTest::newRow("a picture and an empty line") << Rtf(Picture() + "\\par\\par") << Rtf(Picture()) << kept;
-        QTest::newRow("line break") << Rtf("Rent\\line light") << Rtf("x\\par Rent\\line light") << Rtf("x\\par\\par");
-        QTest::newRow("with its picture")
-            << Rtf("cake " + Picture()) << Rtf("a cake " + Picture() + " b") << Rtf("a  b");
-        QTest::newRow("its picture is gone") << Rtf("cake" + Picture()) << Rtf("a cake") << Rtf("a ");
-        QTest::newRow("a picture alone") << Rtf(Picture()) << Rtf(Picture()) << kept;
-        QTest::newRow("plain note") << Rtf("Rent") << QByteArray("pay Rent") << QByteArray("pay ");
+        for (const char* held : {"word", "no mark at the end", "bold and centred", "paragraphs", "list", "picture",
+                                 "a vector drawing", "a link", "no rich text", "nothing", "one blank"})
+            for (const char* event : {"word", "bold and centred", "paragraphs", "list", "picture", "a link"})
+                CheckGoesBelow(Named(held), Named(event));
     }
 
+    // The note's rest is null where the note keeps all.
     void IsFoundAsAWordOfOneParagraph()
     {
-        QFETCH(QByteArray, event);
-        QFETCH(QByteArray, note);
-        QFETCH(QByteArray, rest);
-        const auto left = EventText(event, PlainFormat()).TakenOutOf(note);
-        QCOMPARE(left.has_value(), !rest.isNull());
-        if (left) QCOMPARE(Described(*left), Described(rest));
+        const QByteArray kept, lines = Rtf("Rent\\par\\b and\\b0  gas\\par light\\par\\par");
+        for (const auto& [what, event, note, rest] : Rows<QByteArray, QByteArray, QByteArray>{
+                 {"alone", Rtf("Rent"), Rtf("Rent"), Rtf("")},
+                 {"below", Rtf("Rent"), Rtf("old\\par Rent\\par"), Rtf("old\\par\\par")},
+                 {"formatted otherwise", Rtf("Rent"), Rtf("\\b Re\\b0 nt now"), Rtf("\\b0  now")},
+                 {"first of two", Rtf("Rent"), Rtf("a Rent\\par Rent"), Rtf("a \\par Rent")},
+                 {"other case", Rtf("Rent"), Rtf("rent RENT"), kept},
+                 {"part of a word", Rtf("Rent"), Rtf("Rents Parent"), kept},
+                 {"beside stops", Rtf("Rent"), Rtf("Rents (Rent), 1Rent"), Rtf("Rents (), 1Rent")},
+                 {"blank that does not break in the note", Rtf("at ten"), Rtf("meet at\\~ten"), Rtf("meet ")},
+                 {"and in the event", Rtf("at\\~ten"), Rtf("meet at ten"), Rtf("meet ")},
+                 {"across paragraphs", Rtf("Rent and light"), Rtf("Rent\\par and light"), kept},
+                 {"event of lines", lines, Rtf("my Rent\\par Rent\\par\\i and gas\\par light\\i0 , now"),
+                  Rtf("my Rent\\par , now")},
+                 {"its lines begin behind other words", lines,
+                  Rtf("\\qr pay Rent\\par\\qc and\\~gas\\par light\\par\\ql x"), Rtf("\\qr pay \\par\\ql x")},
+                 {"of its lines first goes on", lines, Rtf("Rent 1\\par and gas\\par light"), kept},
+                 {"of its lines first is part of a word", lines, Rtf("nRent\\par and gas\\par light"), kept},
+                 {"of its lines between goes on", lines, Rtf("Rent\\par and gas 2\\par light"), kept},
+                 {"of its lines last is part of a word", lines, Rtf("Rent\\par and gas\\par lights"), kept},
+                 {"of its lines a line between", lines, Rtf("Rent\\par\\par and gas\\par light"), kept},
+                 {"of its lines other case", lines, Rtf("Rent\\par And gas\\par light"), kept},
+                 {"of its lines last is missing", lines, Rtf("light\\par Rent\\par and gas"), kept},
+                 {"lines with their picture", Rtf("cake" + Picture() + "\\par tea"),
+                  Rtf("a\\par cake" + Picture() + "\\par tea"), Rtf("a\\par\\par")},
+                 {"lines without it", Rtf("cake" + Picture() + "\\par tea"), Rtf("a\\par cake\\par tea"),
+                  Rtf("a\\par\\par")},
+                 {"a picture and an empty line", Rtf(Picture() + "\\par\\par"), Rtf(Picture()), kept},
+                 {"line break", Rtf("Rent\\line light"), Rtf("x\\par Rent\\line light"), Rtf("x\\par\\par")},
+                 {"with its picture", Rtf("cake " + Picture()), Rtf("a cake " + Picture() + " b"), Rtf("a  b")},
+                 {"its picture is gone", Rtf("cake" + Picture()), Rtf("a cake"), Rtf("a ")},
+                 {"a picture alone", Rtf(Picture()), Rtf(Picture()), kept},
+                 {"plain note", Rtf("Rent"), QByteArray("pay Rent"), QByteArray("pay ")}}) {
+            const InRow row(this, what);
+            const auto left = EventText(event, PlainFormat()).TakenOutOf(note);
+            QCOMPARE(left.has_value(), !rest.isNull());
+            if (left) QCOMPARE(Described(*left), Described(rest));
+        }
     }
 
     void APictureAloneIsNoText()

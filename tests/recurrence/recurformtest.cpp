@@ -18,15 +18,10 @@ class RecurFormTest : public QObject
 {
     Q_OBJECT
 
+    static constexpr const char* TakesANumber = "Please choose how many days, weeks, months or years, 1 or more";
     std::unique_ptr<Program> m_program;
 
-    // What the person does in the window that the command opens.
-    void InWindow(const std::function<void(RecurForm&)>& act)
-    {
-        OnNextModal<RecurForm>(act);
-        m_program->Trigger("mnuRecurse");
-        QCOMPARE(WaitingAnswers(), 0);
-    }
+    void InWindow(const std::function<void(RecurForm&)>& act) { m_program->InWindow("mnuRecurse", act); }
 
     static void TypeDate(RecurForm& form, const char* name, const QString& digits)
     {
@@ -35,11 +30,6 @@ class RecurFormTest : public QObject
         box.selectAll();
         QTest::keyClick(&box, Qt::Key_Delete);
         QTest::keyClicks(&box, digits);
-    }
-
-    static void Press(RecurForm& form, const char* button)
-    {
-        QTest::mouseClick(&In<QPushButton>(form, button), Qt::LeftButton);
     }
 
     // Dates as digits in the order of the box; an empty one leaves what stands there.
@@ -64,17 +54,6 @@ class RecurFormTest : public QObject
     static void Release(RecurForm& form)
     {
         QTest::mouseRelease(&In<PictureButton>(form, "picRightSpin"), Qt::LeftButton);
-    }
-
-    // Paler at the most, not the grey of what is of no use.
-    static void CheckReadOnly(RecurForm& form)
-    {
-        for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"}) {
-            const auto& shown = In<QWidget>(form, name);
-            const QPalette& colors = shown.palette();
-            QVERIFY2(!shown.isEnabled(), name);
-            QCOMPARE(colors.color(QPalette::Text).rgb(), colors.color(QPalette::Active, QPalette::Text).rgb());
-        }
     }
 
     // What the window shows of a record: its dates, the number of its method and its text.
@@ -103,32 +82,19 @@ private Q_SLOTS:
         m_program.reset();
     }
 
-    void WritesAnEvent_data()
-    {
-        QTest::addColumn<int>("order");
-        QTest::addColumn<QString>("start"); // as it stands in the box
-        QTest::addColumn<QString>("until"); // as it is typed
-        QTest::addColumn<QString>("label");
-        QTest::newRow("month first") << 0 << u"03/09/1999"_s << u"03231999"_s << u"MM/DD/YYYY"_s;
-        QTest::newRow("day first") << 1 << u"09/03/1999"_s << u"23031999"_s << u"DD/MM/YYYY"_s;
-        QTest::newRow("year first") << 2 << u"1999/03/09"_s << u"19990323"_s << u"YYYY/MM/DD"_s;
-    }
-
     void WritesAnEvent()
     {
-        QFETCH(int, order);
-        QFETCH(QString, start);
-        QFETCH(QString, until);
-        SetDateOrder(order);
+        SetDateOrder(2);
+        const QString start = u"1999/03/09"_s;
         m_program->Type(m_program->CellOf(16), u"already here"_s);
         m_program->Click(m_program->CellOf(9));
         OnNextModal<RecurForm>([&](RecurForm& form) {
             QCOMPARE(In<MaskEdBox>(form, "maskStartDate").Text(), start);
             QVERIFY(!In<MaskEdBox>(form, "maskUntil").Text().contains(u'9'));
-            QTEST(In<QLabel>(form, "lblDateFormat(1)").text(), "label");
+            QCOMPARE(In<QLabel>(form, "lblDateFormat(1)").text(), u"YYYY/MM/DD"_s);
             QVERIFY(!In<PictureButton>(form, "picRightSpin").isEnabled());
             QVERIFY(!In<QPushButton>(form, "btnDelete").isEnabled());
-            Fill(form, {}, until, -1, u"Rent"_s);
+            Fill(form, {}, u"19990323"_s, -1, u"Rent"_s);
             Activate(form);
             auto& day = In<QRadioButton>(form, "opMethod(0)");
             day.setFocus();
@@ -157,69 +123,50 @@ private Q_SLOTS:
         QVERIFY(g_rsRecurse.EOF_() && g_rsRecurse.BOF());
     }
 
-    void StaysOpenAndSaysWhy_data()
-    {
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<QString>("until");
-        QTest::addColumn<int>("method");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char* name, const char* start, const char* until, int method, const char* message,
-                            const char* text = "x", const char* number = "1") {
-            QTest::newRow(name) << QString::fromLatin1(start) << QString::fromLatin1(until) << method
-                                << QString::fromLatin1(text) << QString::fromLatin1(number)
-                                << QString::fromLatin1(message);
-        };
-        const char *ok = "03011999", *noStart = "Start Date is not a valid date",
-                   *noEnd = "End Date is not a valid date";
-        row("no start", "", ok, 0, noStart);
-        row("start", "02291999", ok, 0, noStart);
-        row("end", ok, "13011999", 0, noEnd);
-        // The box shows the year first. No method is chosen: a year of three digits would be written day by day.
-        row("year of the start", "202/11/24", "1999/11/24", -1, noStart);
-        row("year of the end", "1999/11/24", "202/11/24", -1, noEnd);
-        row("order", ok, "02281999", 0, "The Ending Date is earlier than Starting Date");
-        row("no method", ok, ok, -1, "Please select a recurring method (Day, Week, Month or Year)");
-        row("no text, a day", ok, ok, 0, "Recurring event cannot be empty", "");
-        row("no text, special", ok, ok, 4, "Recurring event cannot be empty", "");
-        for (const char* number : {"0", "-3", "", "many", "99999"})
-            row(qPrintable(u"step %1"_s.arg(QLatin1StringView(number))), ok, ok, 4,
-                "Please choose how many days, weeks, months or years, 1 or more", "x", number);
-        row("broken off", "01311999", "12311999", 4,
-            "Counted in steps of 30 days, this recurring event would end at Feb 30, 1999: its month has no such day, "
-            "and no later date can be counted from there.\n\nDo you want to write it up to that date?",
-            "x", "30");
-    }
-
     void StaysOpenAndSaysWhy()
     {
-        QFETCH(QString, start);
-        QFETCH(QString, until);
-        QFETCH(int, method);
-        QFETCH(QString, text);
-        QFETCH(QString, number);
-        QFETCH(QString, message);
-        if (start.contains(u'/')) SetDateOrder(2);
-        g_iCurrentPanel = 35; // a memo's, which gives no date
-        SeenBox seen;
-        InWindow([&](RecurForm& form) {
-            QVERIFY(In<MaskEdBox>(form, "maskStartDate").Text().contains(u"____"));
-            Fill(form, start, until, method, text);
-            auto& days = In<QComboBox>(form, "cmbRecurDays");
-            QCOMPARE(days.currentText(), u"1"_s);
-            days.setEditText(number);
-            AnswerNextBox(message.endsWith(u'?') ? msgbox::No : msgbox::Ok, &seen);
-            Press(form, "btnOk");
-            QVERIFY(form.isVisible());
-            Press(form, "btnCancel");
-        });
-        QCOMPARE(seen.Title + u':' + seen.Text, u"Orrelin Help Wizard:"_s + message);
-        QCOMPARE(seen.Icon, message.contains(u"earlier"_s) ? QMessageBox::Warning
-                            : message.endsWith(u'?')       ? QMessageBox::Question
-                                                           : QMessageBox::Information);
-        QVERIFY(g_rsRecurse.EOF_());
-        QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/1"_s).isNull());
+        const struct
+        {
+            const char *start, *until;
+            int method;
+            const char *message, *text = "x", *number = "1";
+        } refused[] = {{"", "03011999", 0, "Start Date is not a valid date"},
+                       {"02291999", "03011999", 0, "Start Date is not a valid date"},
+                       {"03011999", "13011999", 0, "End Date is not a valid date"},
+                       {"02011999", "02291999", 3, "End Date is not a valid date"},
+                       // No method is chosen: a year of three digits would be written day by day.
+                       {"202/11/24", "1999/11/24", -1, "Start Date is not a valid date"},
+                       {"1999/11/24", "202/11/24", -1, "End Date is not a valid date"},
+                       {"03011999", "02281999", 0, "The Ending Date is earlier than Starting Date"},
+                       {"03011999", "03011999", -1, "Please select a recurring method (Day, Week, Month or Year)"},
+                       {"03011999", "03011999", 0, "Recurring event cannot be empty", ""},
+                       {"03011999", "03011999", 4, "Recurring event cannot be empty", ""},
+                       {"03011999", "03011999", 4, TakesANumber, "x", "0"},
+                       {"03011999", "03011999", 4, TakesANumber, "x", "-3"},
+                       {"03011999", "03011999", 4, TakesANumber, "x", ""},
+                       {"03011999", "03011999", 4, TakesANumber, "x", "99999"},
+                       {"01311999", "12311999", 4,
+                        "Counted in steps of 30 days, this recurring event would end at Feb 30, 1999", "x", "30"}};
+        for (const auto& entry : refused) {
+            const InRow row(this, entry.message);
+            const QString start = QString::fromLatin1(entry.start), message = QString::fromLatin1(entry.message);
+            if (start.contains(u'/')) SetDateOrder(2);
+            g_iCurrentPanel = 35; // a memo's, which gives no date
+            const bool isAsked = message.startsWith(u"Counted"_s);
+            SeenBox seen;
+            InWindow([&](RecurForm& form) {
+                Fill(form, start, QString::fromLatin1(entry.until), entry.method, QString::fromLatin1(entry.text));
+                In<QComboBox>(form, "cmbRecurDays").setEditText(QString::fromLatin1(entry.number));
+                AnswerNextBox(isAsked ? msgbox::No : msgbox::Ok, &seen);
+                Press(form, "btnOk");
+                QVERIFY(form.isVisible());
+                Press(form, "btnCancel");
+            });
+            QVERIFY2(seen.Text.startsWith(message), qPrintable(seen.Text));
+            QCOMPARE(seen.Icon == QMessageBox::Question, isAsked);
+            QVERIFY(g_rsRecurse.EOF_());
+            QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/1"_s).isNull());
+        }
     }
 
     void EveryOtherWeekIsKeptAsAWeek()
@@ -260,7 +207,8 @@ private Q_SLOTS:
             QCOMPARE(Shown(form), september);
             QVERIFY(!In<QPushButton>(form, "btnOk").isEnabled() && remove.isDefault());
             QCOMPARE(In<QPushButton>(form, "btnCancel").text(), u"Done"_s);
-            CheckReadOnly(form);
+            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"})
+                QVERIFY2(!In<QWidget>(form, name).isEnabled(), name);
             // Held down, the window shows a record that is not the one before the table's place.
             Press(form, "btnDelete");
             QVERIFY(form.isVisible());
@@ -331,44 +279,39 @@ private Q_SLOTS:
         QVERIFY(!g_rsRecurse.EOF_());
     }
 
-    void TheFontOfTheSelectionGoesIntoTheNotes_data()
-    {
-        QTest::addColumn<bool>("isColored");
-        QTest::newRow("size alone") << false;
-        QTest::newRow("colour too") << true;
-    }
-
     // Its colours stay, unless one is chosen.
     void TheFontOfTheSelectionGoesIntoTheNotes()
     {
-        QFETCH(bool, isColored);
-        constexpr std::uint32_t Red = 0xff, Blue = 0xff0000;
-        InWindow([&](RecurForm& form) {
-            Fill(form, u"03011999"_s, u"03011999"_s, 0, u"very big"_s);
-            auto& box = In<RichTextBox>(form, "tbRecurse");
-            Select(box, 4, 2);
-            box.SetSelColor(Red);
-            Select(box, 5, 3);
-            AnswerFontDialog([&](QFontDialog& dialog) {
-                if (isColored) {
-                    OnNextModal<QColorDialog>([](QColorDialog& colors) {
-                        colors.setCurrentColor(Qt::blue);
-                        colors.accept();
-                    });
-                    dialog.window()->findChild<QPushButton*>(u"btnColor"_s)->click();
-                }
-                ChooseSize(dialog, 20);
+        for (const auto& [what, isColored] : Rows<bool>{{"size alone", false}, {"colour too", true}}) {
+            const InRow row(this, what);
+            constexpr std::uint32_t Red = 0xff, Blue = 0xff0000;
+            InWindow([&](RecurForm& form) {
+                Fill(form, u"03011999"_s, u"03011999"_s, 0, u"very big"_s);
+                auto& box = In<RichTextBox>(form, "tbRecurse");
+                Select(box, 4, 2);
+                box.SetSelColor(Red);
+                Select(box, 5, 3);
+                AnswerFontDialog([&](QFontDialog& dialog) {
+                    if (isColored) {
+                        OnNextModal<QColorDialog>([](QColorDialog& colors) {
+                            colors.setCurrentColor(Qt::blue);
+                            colors.accept();
+                        });
+                        dialog.window()->findChild<QPushButton*>(u"btnColor"_s)->click();
+                    }
+                    ChooseSize(dialog, 20);
+                });
+                QTest::keyClick(&In<QPushButton>(form, "btnFonts"), Qt::Key_Return);
+                Press(form, "btnOk");
             });
-            QTest::keyClick(&In<QPushButton>(form, "btnFonts"), Qt::Key_Return);
-            Press(form, "btnOk");
-        });
-        RichTextBox& box = m_program->Box(m_program->CellOf(1));
-        QCOMPARE(box.Text(), u"very big"_s);
-        Select(box, 0, 4);
-        QCOMPARE(box.SelFontSize(), std::optional(8.0));
-        Select(box, 5, 3);
-        QCOMPARE(box.SelFontSize(), std::optional(20.0));
-        QCOMPARE(box.SelColor(), isColored ? std::optional(Blue) : std::nullopt);
+            RichTextBox& box = m_program->Box(m_program->CellOf(1));
+            QCOMPARE(box.Text(), u"very big"_s);
+            Select(box, 0, 4);
+            QCOMPARE(box.SelFontSize(), std::optional(8.0));
+            Select(box, 5, 3);
+            QCOMPARE(box.SelFontSize(), std::optional(20.0));
+            QCOMPARE(box.SelColor(), isColored ? std::optional(Blue) : std::nullopt);
+        }
     }
 
     void ARecordThatLeadsNowhereCanBeDeleted()

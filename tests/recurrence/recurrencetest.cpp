@@ -10,12 +10,9 @@
 #include "support.h"
 #include "testmain.h"
 
-#include <QProcess>
 #include <QTextDocument>
 
-#include <cstdlib>
-
-// Recurring events in a planner's file: what is written, what an error leaves out, and what a kill leaves behind.
+// Recurring events in a planner's file: what is written, and what an error leaves out.
 class RecurrenceTest : public QObject
 {
     Q_OBJECT
@@ -56,9 +53,6 @@ class RecurrenceTest : public QObject
     }
 
     static QStringList March() { return EventDates(Frequency::Daily, u"1999/3/1"_s, u"1999/3/20"_s, 1); }
-
-    static QString FirstDay() { return u"2000/1/1"_s; }
-    static QString LastDay() { return u"2009/12/31"_s; }
 
     static QString TextOf(const QString& date) // "none" without a record
     {
@@ -106,25 +100,21 @@ private Q_SLOTS:
         m_folders.reset();
     }
 
+    // Written twice, and each walk takes one of the two out; the records of days that held nothing else stay.
     void IsKeptAndWrittenAndTakenOut()
     {
         PutOldNotes({u"1999/3/9"_s});
-        const auto write = [] { return MakeEvent().Save(Frequency::Weekly, u"03/02/1999"_s, u"03/16/1999"_s, 1); };
-        QVERIFY(write());
+        for (const QString& text : {u"Rent"_s, u"Rent\nRent"_s}) {
+            QVERIFY(MakeEvent().Save(Frequency::Weekly, u"03/02/1999"_s, u"03/16/1999"_s, 1));
+            QCOMPARE(TextOf(u"1999/3/2"_s), text);
+            QVERIFY(g_rsQMT.Fields(u"qmtFontName"_s).isNull());
+            QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\n"_s + text);
+        }
         g_rsRecurse.MoveFirst();
-        QCOMPARE(g_rsRecurse.Fields(u"Start Date"_s).toString(), u"1999/3/2"_s);
-        QCOMPARE(g_rsRecurse.Fields(u"End Date"_s).toString(), u"1999/3/16"_s);
-        QCOMPARE(g_rsRecurse.Fields(u"Frequency"_s).toString(), u"WEEKLY"_s);
+        for (const auto& [field, value] :
+             {std::pair(u"Start Date"_s, "1999/3/2"), {u"End Date"_s, "1999/3/16"}, {u"Frequency"_s, "WEEKLY"}})
+            QCOMPARE(g_rsRecurse.Fields(field).toString(), QString::fromLatin1(value));
         QCOMPARE(g_rsRecurse.Fields(u"Recursion Text"_s).toByteArray(), Event());
-        QCOMPARE(TextOf(u"1999/3/2"_s), u"Rent"_s);
-        QCOMPARE(g_rsQMT.Fields(u"qmtText"_s).toByteArray(), Event());
-        QVERIFY(g_rsQMT.Fields(u"qmtFontName"_s).isNull());
-        QCOMPARE(TextOf(u"1999/3/3"_s), u"none"_s);
-        QCOMPARE(TextOf(u"1999/3/9"_s), u"old 1999/3/9\nRent"_s);
-        QCOMPARE(TextOf(u"1999/3/23"_s), u"none"_s);
-        // Once more, and each walk takes one of the two out; the records of days that held nothing else stay.
-        QVERIFY(write());
-        QCOMPARE(TextOf(u"1999/3/2"_s), u"Rent\nRent"_s);
         for (const QString& rest : {u"\nRent"_s, u"\n"_s}) {
             QVERIFY(MakeEvent().TakeOut(Frequency::Weekly, u"1999/3/2"_s, u"1999/3/16"_s));
             QCOMPARE(TextOf(u"1999/3/2"_s), rest);
@@ -132,21 +122,13 @@ private Q_SLOTS:
         }
     }
 
-    void RefusesBeforeAnythingIsWritten()
+    void IsNotBegunOnAFullDisk()
     {
         SeenBox seen;
-        const auto refuses = [&](Recurrence event, Frequency frequency, const QString& start, const QString& end) {
-            AnswerNextBox(msgbox::Ok, &seen);
-            QVERIFY(!event.Save(frequency, start, end, 1));
-            QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
-        };
-        refuses({"{\\rtf1 }", {}, [](qsizetype, qsizetype) {}}, Frequency::Daily, u"3/1/1999"_s, u"3/2/1999"_s);
-        QCOMPARE(seen.Text, u"Recurring event cannot be empty"_s);
-        refuses(MakeEvent(), Frequency::Yearly, u"2/1/1999"_s, u"2/29/1999"_s);
-        QCOMPARE(seen.Text, u"End Date is not a valid date"_s);
+        AnswerNextBox(msgbox::Ok, &seen);
         Fail(FailurePlan::Before, 1, engineerrors::DiskFull, u"Insert"_s);
-        refuses(MakeEvent(), Frequency::Daily, u"3/1/1999"_s, u"3/2/1999"_s);
-        QCOMPARE(seen.Text, u"The recurring event could not be saved."_s);
+        QVERIFY(!MakeEvent().Save(Frequency::Daily, u"3/1/1999"_s, u"3/2/1999"_s, 1));
+        QCOMPARE(seen.Title + u':' + seen.Text, u"Orrelin Help Wizard:The recurring event could not be saved."_s);
         QVERIFY(Log().contains("The test's reason in RecurForm, fnRecurseDaily"));
         QCOMPARE(Records(), 0);
         QCOMPARE(TextOf(u"1999/3/1"_s), u"none"_s);
@@ -155,150 +137,83 @@ private Q_SLOTS:
         QCOMPARE(TextOf(u"1999/2/28"_s), u"Rent"_s);
     }
 
-    void AsksForALockedDay_data()
-    {
-        QTest::addColumn<bool>("retry");
-        QTest::newRow("retried") << true;
-        QTest::newRow("left out") << false;
-    }
-
     void AsksForALockedDay()
     {
-        QFETCH(bool, retry);
-        PutOldNotes(March());
-        Fail(FailurePlan::ForEver, 4, engineerrors::RecordLocked, u"TryLock"_s);
-        SeenBox seen;
-        OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            seen = {box.windowTitle(), box.text(), box.icon(), {}};
-            // The days before are in the file already, for nobody may wait inside a transaction.
-            QCOMPARE(TextOf(u"1999/3/3"_s), u"old 1999/3/3\nRent"_s);
-            Fail(FailurePlan::Before, 0, 0);
-            support::Press(
-                box,
-                [&](QAbstractButton* b) { return support::PlainText(b) == QLatin1StringView(retry ? "Yes" : "No"); },
-                nullptr);
-        });
-        QVERIFY(MakeEvent().Save(Frequency::Daily, u"3/1/1999"_s, u"3/20/1999"_s, 1));
-        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
-        QCOMPARE(seen.Text, u"Mar 4, 1999 is locked.\nThe test's reason\n\nDo you want to retry?"_s);
-        QCOMPARE(seen.Icon, QMessageBox::Question);
-        for (const QString& date : March()) {
-            const bool leftOut = !retry && date == u"1999/3/4"_s;
-            QCOMPARE(TextOf(date), u"old "_s + date + (leftOut ? QString() : u"\nRent"_s));
-        }
-    }
-
-    void AnErrorLeavesOutItsDayAlone_data()
-    {
-        QTest::addColumn<int>("when");
-        QTest::addColumn<int>("number");
-        QTest::addColumn<bool>("removing");
-        for (const bool removing : {false, true}) {
-            const char* what = removing ? "taking out" : "writing";
-            QTest::addRow("%s, before", what) << int(FailurePlan::Before) << engineerrors::InputOutput << removing;
-            QTest::addRow("%s, disk full", what) << int(FailurePlan::ForEver) << engineerrors::DiskFull << removing;
+        for (const auto& [what, retry] : Rows<bool>{{"retried", true}, {"left out", false}}) {
+            const InRow row(this, what);
+            PutOldNotes(March());
+            Fail(FailurePlan::ForEver, 4, engineerrors::RecordLocked, u"TryLock"_s);
+            SeenBox seen;
+            OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                seen = {box.windowTitle(), box.text(), box.icon(), {}};
+                // The days before are in the file already, for nobody may wait inside a transaction.
+                QCOMPARE(TextOf(u"1999/3/3"_s), u"old 1999/3/3\nRent"_s);
+                Fail(FailurePlan::Before, 0, 0);
+                support::Press(
+                    box,
+                    [&](QAbstractButton* b) {
+                        return support::PlainText(b) == QLatin1StringView(retry ? "Yes" : "No");
+                    },
+                    nullptr);
+            });
+            QVERIFY(MakeEvent().Save(Frequency::Daily, u"3/1/1999"_s, u"3/20/1999"_s, 1));
+            QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
+            QCOMPARE(seen.Text, u"Mar 4, 1999 is locked.\nThe test's reason\n\nDo you want to retry?"_s);
+            QCOMPARE(seen.Icon, QMessageBox::Question);
+            for (const QString& date : March()) {
+                const bool leftOut = !retry && date == u"1999/3/4"_s;
+                QCOMPARE(TextOf(date), u"old "_s + date + (leftOut ? QString() : u"\nRent"_s));
+            }
         }
     }
 
     // At any call of the store: each day is as it was or as it should be, and those that an error left out are told of.
     void AnErrorLeavesOutItsDayAlone()
     {
-        QFETCH(int, when);
-        QFETCH(int, number);
-        QFETCH(bool, removing);
-        PutOldNotes(March());
-        const auto run = [&] {
-            return removing ? MakeEvent().TakeOut(Frequency::Daily, March().first(), March().last())
-                            : MakeEvent().Save(Frequency::Daily, Entry(March().first()), Entry(March().last()), 1);
-        };
-        int calls = 1, copies = 0;
-        if (removing) {
-            for (; copies < 60; ++copies)
-                QVERIFY(MakeEvent().Save(Frequency::Daily, Entry(March().first()), Entry(March().last()), 1));
-        }
-        QStringList before;
-        for (const QString& date : March())
-            before += TextOf(date);
-        for (int at = 1; at <= calls; at += 4) {
-            const int records = Records();
-            bool wasTold = false;
-            AnswerNextBox(msgbox::Ok);
-            Fail(FailurePlan::When(when), at, number);
-            run();
-            calls = when == FailurePlan::ForEver ? 90 : m_failing->plan->calls;
-            Fail(FailurePlan::Before, 0, 0);
-            wasTold = WaitingAnswers() == 0;
-            DropAnswers();
-            int untouched = 0;
-            for (int i = 0; i < March().size(); ++i) {
-                const QString text = TextOf(March().at(i));
-                const QString changed =
-                    removing ? QString(before.at(i)).remove(before.at(i).indexOf(u'R'), 4) : before.at(i) + u"\nRent"_s;
-                QVERIFY2(text == before.at(i) || text == changed, qPrintable(text));
-                untouched += text == before.at(i);
-                before[i] = text;
+        for (const auto& [what, when, number, removing] :
+             Rows<int, int, bool>{{"writing, once", int(FailurePlan::Before), engineerrors::InputOutput, false},
+                                  {"writing, disk full", int(FailurePlan::ForEver), engineerrors::DiskFull, false},
+                                  {"taking out, once", int(FailurePlan::Before), engineerrors::InputOutput, true},
+                                  {"taking out, disk full", int(FailurePlan::ForEver), engineerrors::DiskFull, true}}) {
+            const InRow row(this, what);
+            PutOldNotes(March());
+            const auto run = [&] {
+                return removing ? MakeEvent().TakeOut(Frequency::Daily, March().first(), March().last())
+                                : MakeEvent().Save(Frequency::Daily, Entry(March().first()), Entry(March().last()), 1);
+            };
+            int calls = 1, copies = 0;
+            if (removing) {
+                for (; copies < 60; ++copies)
+                    QVERIFY(MakeEvent().Save(Frequency::Daily, Entry(March().first()), Entry(March().last()), 1));
             }
-            QVERIFY2(untouched == 0 || wasTold, qPrintable(QString::number(at)));
-            if (when != FailurePlan::ForEver) QVERIFY(untouched <= 1 || Records() == records);
+            QStringList before;
+            for (const QString& date : March())
+                before += TextOf(date);
+            for (int at = 1; at <= calls; at += 4) {
+                const int records = Records();
+                bool wasTold = false;
+                AnswerNextBox(msgbox::Ok);
+                Fail(FailurePlan::When(when), at, number);
+                run();
+                calls = when == FailurePlan::ForEver ? 90 : m_failing->plan->calls;
+                Fail(FailurePlan::Before, 0, 0);
+                wasTold = WaitingAnswers() == 0;
+                DropAnswers();
+                int untouched = 0;
+                for (int i = 0; i < March().size(); ++i) {
+                    const QString text = TextOf(March().at(i));
+                    const QString changed = removing ? QString(before.at(i)).remove(before.at(i).indexOf(u'R'), 4)
+                                                     : before.at(i) + u"\nRent"_s;
+                    QVERIFY2(text == before.at(i) || text == changed, qPrintable(text));
+                    untouched += text == before.at(i);
+                    before[i] = text;
+                }
+                QVERIFY2(untouched == 0 || wasTold, qPrintable(QString::number(at)));
+                if (when != FailurePlan::ForEver) QVERIFY(untouched <= 1 || Records() == records);
+            }
         }
-    }
-
-    void AKillLeavesWholeDays_data()
-    {
-        QTest::addColumn<int>("at");
-        QTest::newRow("before the record") << 1;
-        QTest::newRow("in the first group") << 100;
-        QTest::newRow("in a later one") << 3000;
-    }
-
-    // Ten years of days, every other one with a note, and the second event among those of a first one.
-    void AKillLeavesWholeDays()
-    {
-        QFETCH(int, at);
-        const QStringList dates = EventDates(Frequency::Daily, FirstDay(), LastDay(), 1);
-        QStringList withNotes;
-        for (qsizetype i = 0; i < dates.size(); i += 2)
-            withNotes += dates.at(i);
-        PutOldNotes(withNotes);
-        QVERIFY(MakeEvent().Save(Frequency::Daily, Entry(FirstDay()), Entry(FirstDay()), 1));
-        ResetPlannerStateForTests();
-        QProcess writer;
-        StartAgain(writer, u"WriteEvent"_s, {Path(), QString::number(at)});
-        QVERIFY(writer.waitForFinished(120000));
-        QCOMPARE(writer.exitStatus(), QProcess::CrashExit);
-        Open(Path(), false);
-        QCOMPARE(Records(), at == 1 ? 1 : 2);
-        int written = 0;
-        for (qsizetype i = 0; i < dates.size(); ++i) {
-            const QString text = TextOf(dates.at(i));
-            QString old = i % 2 == 0 ? u"old "_s + dates.at(i) : QString();
-            if (i == 0) old += u"\nRent"_s;
-            if (text == old || (old.isEmpty() && text == u"none"_s)) continue;
-            QCOMPARE(text, old.isEmpty() ? u"Rent"_s : old + u"\nRent"_s);
-            QCOMPARE(written++, i); // no day is left out before one that is written
-        }
-        QVERIFY(at < 3000 ? written == 0 : written > 0 && written < dates.size());
-    }
-
-public:
-    // The child, which is killed at a call of its store. An error before that ends its first group of days.
-    static int WriteEvent(const QString& path, int at)
-    {
-        const auto plan = std::make_shared<FailurePlan>(), error = std::make_shared<FailurePlan>();
-        DBEngine::SetStoreWrapperForTests([&](std::shared_ptr<Store> inner) {
-            return std::make_shared<FailingStore>(std::make_shared<FailingStore>(inner, error), plan);
-        });
-        Open(path, false);
-        *error = {500, FailurePlan::Before};
-        *plan = {at, FailurePlan::Kill};
-        return MakeEvent().Save(Frequency::Daily, Entry(FirstDay()), Entry(LastDay()), 1) ? 0 : 1;
     }
 };
-
-static const Runnable runWriteEvent("WriteEvent", [](int argc, char** argv) {
-    const QApplication application(argc, argv);
-    return RecurrenceTest::WriteEvent(QString::fromLocal8Bit(argv[1]), std::atoi(argv[2]));
-});
 
 ORRELIN_TEST(RecurrenceTest)
 

@@ -73,53 +73,44 @@ private Q_SLOTS:
         QCOMPARE(m_program->form->size(), QSize(640, 500));
     }
 
-    void AWindowThatNobodyCouldReachIsBroughtBack_data()
-    {
-        QTest::addColumn<QByteArray>("place");
-        QTest::newRow("before every screen") << QByteArray("Left=-90000\nTop=900000\nRight=-75000\nBottom=910000\n");
-        QTest::newRow("beyond them") << QByteArray("Left=150000\nRight=165000\n");
-        QTest::newRow("no numbers") << QByteArray("Left=left\nRight=right\n");
-        QTest::newRow("turned round") << QByteArray("Left=9000\nRight=300\n");
-        QTest::newRow("a size that no screen has") << QByteArray("Left=300\nRight=15000000\n");
-    }
-
     void AWindowThatNobodyCouldReachIsBroughtBack()
     {
-        QFETCH(QByteArray, place);
-        WriteIni("[Mainform Dimension]\n" + place);
-        Mainform form;
-        form.Form_Load([](const QString&) {}, [] {});
-        const QRect screen = form.screen()->availableGeometry();
-        QVERIFY(screen.contains(form.pos()));
-        QVERIFY(form.width() >= 480 && form.width() <= screen.width());
-    }
-
-    void RubbishInTheSettingsIsSurvived_data()
-    {
-        QTest::addColumn<QByteArray>("ini");
-        QTest::newRow("huge values")
-            << QByteArray("[VIEW]\nVIEWPREF=99999999999999999999\n[DAILY PANEL]\nFONTSIZE=2000000000\n"
-                          "FONTCOLOR=&HFFFFFFFFFFFFFFFF&\nFONT3D=-7\nFONTNAME=") +
-                   QByteArray(5000, 'x') + "\n[Mainform Dimension]\nLeft=-2147483648\nRight=1e99\n";
-        QTest::newRow("negative") << QByteArray(
-            "[DAILY PANEL]\nFONTSIZE=-5\nFONT3D=99\n[DEFAULT FONTS]\nFONTSIZE=0\n[DISPLAY "
-            "MONTH]\nFONTSIZE=0\n[Mainform Dimension]\nRight=-4\nBottom=-4\n");
-        QTest::newRow("no closing bracket") << QByteArray("[VIEW\nVIEWPREF=2\n[[[\n=\n=x\n\n]");
-        static constexpr char raw[] = "[VI\0EW]\n\xff\xfe=\x80\nVIEWPREF\0=2\n";
-        QTest::newRow("NUL and raw bytes") << QByteArray(raw, sizeof raw - 1).repeated(100);
+        for (const auto& [what, place] :
+             Rows<QByteArray>{{"before every screen", "Left=-90000\nTop=900000\nRight=-75000\nBottom=910000\n"},
+                              {"beyond them", "Left=150000\nRight=165000\n"},
+                              {"no numbers", "Left=left\nRight=right\n"},
+                              {"turned round", "Left=9000\nRight=300\n"},
+                              {"a size that no screen has", "Left=300\nRight=15000000\n"}}) {
+            const InRow row(this, what);
+            WriteIni("[Mainform Dimension]\n" + place);
+            Mainform form;
+            form.Form_Load([](const QString&) {}, [] {});
+            const QRect screen = form.screen()->availableGeometry();
+            QVERIFY(screen.contains(form.pos()));
+            QVERIFY(form.width() >= 480 && form.width() <= screen.width());
+        }
     }
 
     void RubbishInTheSettingsIsSurvived()
     {
-        QFETCH(QByteArray, ini);
-        WriteIni(ini);
-        m_program->Start();
-        m_program->New(u"notes.mdb"_s);
-        const bool isMonth = m_program->form->findChild<RichTextBox*>(u"tbDay(20)"_s) != nullptr;
-        if (isMonth) m_program->Type(20, u"still here"_s);
-        m_program->Exit();
-        const QByteArray stored = m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s);
-        QCOMPARE(stored.contains("still here"), isMonth);
+        static constexpr char raw[] = "[VI\0EW]\n\xff\xfe=\x80\nVIEWPREF\0=2\n";
+        for (const QByteArray& ini :
+             {"[VIEW]\nVIEWPREF=99999999999999999999\n[DAILY PANEL]\nFONTSIZE=2000000000\nFONT3D=-7\n"
+              "FONTCOLOR=&HFFFFFFFFFFFFFFFF&\n[Mainform Dimension]\nLeft=-2147483648\nRight=1e99\nFONTNAME=" +
+                  QByteArray(5000, 'x'),
+              QByteArray("[DAILY PANEL]\nFONTSIZE=-5\nFONT3D=99\n[DEFAULT FONTS]\nFONTSIZE=0\n"
+                         "[DISPLAY MONTH]\nFONTSIZE=0\n[Mainform Dimension]\nRight=-4\nBottom=-4\n"),
+              QByteArray("[VIEW\nVIEWPREF=2\n[[[\n=\n=x\n\n]"), QByteArray(raw, sizeof raw - 1).repeated(100)}) {
+            const InRow row(this, ini.constData());
+            WriteIni(ini);
+            m_program->Start();
+            m_program->New(u"notes.mdb"_s);
+            const bool isMonth = m_program->form->findChild<RichTextBox*>(u"tbDay(20)"_s) != nullptr;
+            if (isMonth) m_program->Type(20, u"still here"_s);
+            m_program->Exit();
+            const QByteArray stored = m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s);
+            QCOMPARE(stored.contains("still here"), isMonth);
+        }
     }
 };
 

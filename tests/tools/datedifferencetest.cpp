@@ -30,12 +30,9 @@ class DateDifferenceTest : public QObject
     }
     static void Put(const char* key, const char* value) { SetIni("Date Difference", key, value); }
     static QString Stored(const char* key) { return Ini("Date Difference", key); }
-    // What the person does in the dialog, which must open.
     void Customize(const std::function<void(DateDiffForm&)>& act) const
     {
-        OnNextModal<DateDiffForm>(act);
-        m_program->Trigger("mnuDateDiffCustomize");
-        QCOMPARE(WaitingAnswers(), 0);
+        m_program->InWindow("mnuDateDiffCustomize", act);
     }
     static MaskEdBox& Mask(DateDiffForm& form) { return In<MaskEdBox>(form, "maskStartDate"); }
 
@@ -137,61 +134,49 @@ private Q_SLOTS:
         QVERIFY(IsAt(39));
     }
 
-    void TheDialogKeepsOneOrderInTheFile_data()
-    {
-        QTest::addColumn<int>("order");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("typed");
-        QTest::newRow("month first") << 0 << "MM/DD/YYYY"
-                                     << "01/01/1999"
-                                     << "07041999";
-        QTest::newRow("day first") << 1 << "DD/MM/YYYY"
-                                   << "01/01/1999"
-                                   << "04071999";
-        QTest::newRow("year first") << 2 << "YYYY/MM/DD"
-                                    << "1999/01/01"
-                                    << "19990704";
-    }
     void TheDialogKeepsOneOrderInTheFile()
     {
-        QFETCH(int, order);
-        SetDateOrder(order);
-        m_program->Start();
-        m_program->New(u"notes.mdb"_s);
-        Customize([&](DateDiffForm& form) {
-            QTEST(In<QLabel>(form, "lblDateFormat").text(), "label");
-            QTEST(Mask(form).Text(), "shown");
-            QVERIFY(In<QRadioButton>(form, "opDateDiff(0)").isChecked());
-            In<QRadioButton>(form, "opDateDiff(1)").click();
-            OnNextModal<QColorDialog>([](QColorDialog& dialog) {
-                dialog.setCurrentColor(QColor(0x12, 0x34, 0xAB));
-                dialog.accept();
+        for (const auto& [what, order, label, shown, typed] :
+             Rows<int, QString, QString, QString>{{"month first", 0, u"MM/DD/YYYY"_s, u"01/01/1999"_s, u"07041999"_s},
+                                                  {"day first", 1, u"DD/MM/YYYY"_s, u"01/01/1999"_s, u"04071999"_s},
+                                                  {"year first", 2, u"YYYY/MM/DD"_s, u"1999/01/01"_s, u"19990704"_s}}) {
+            const InRow row(this, what);
+            SetDateOrder(order);
+            m_program->Start();
+            m_program->New(u"notes.mdb"_s);
+            Customize([&](DateDiffForm& form) {
+                QCOMPARE(In<QLabel>(form, "lblDateFormat").text(), label);
+                QCOMPARE(Mask(form).Text(), shown);
+                QVERIFY(In<QRadioButton>(form, "opDateDiff(0)").isChecked());
+                In<QRadioButton>(form, "opDateDiff(1)").click();
+                OnNextModal<QColorDialog>([](QColorDialog& dialog) {
+                    dialog.setCurrentColor(QColor(0x12, 0x34, 0xAB));
+                    dialog.accept();
+                });
+                QTest::keyClick(&In<QPushButton>(form, "btnBGColor"), Qt::Key_Return);
+                Mask(form).selectAll();
+                QTest::keyClicks(&Mask(form), typed);
+                QTest::keyClick(&form, Qt::Key_Return);
             });
-            QTest::keyClick(&In<QPushButton>(form, "btnBGColor"), Qt::Key_Return);
-            QFETCH(QString, typed);
-            Mask(form).selectAll();
-            QTest::keyClicks(&Mask(form), typed);
-            QTest::keyClick(&form, Qt::Key_Return);
-        });
-        QCOMPARE(Stored("DateDiff"), u"07/04/1999"_s);
-        QCOMPARE(Stored("Calculation Method"), u"1"_s);
-        QCOMPARE(Stored("Label Color"), u"&HAB3412&"_s);
-        m_program->Trigger("mnuDateDiffShow");
-        QCOMPARE(Label().palette().color(QPalette::Window), QColor(0x12, 0x34, 0xAB));
-        Put("DateDiff", "02/29/2100");
-        SeenBox seen;
-        Customize([&](DateDiffForm& form) {
-            QVERIFY(In<QRadioButton>(form, "opDateDiff(1)").isChecked());
-            QVERIFY(Mask(form).Text().contains(u"2100"));
-            Mask(form).SetText(order == 1 ? u"30/02/2000"_s : order == 2 ? u"2000/02/30"_s : u"02/30/2000"_s);
-            AnswerNextBox(msgbox::Ok, &seen);
-            QTest::keyClick(&form, Qt::Key_Return);
-            QVERIFY(form.isVisible());
-            QTest::keyClick(&form, Qt::Key_Escape);
-        });
-        QCOMPARE(seen.Title + u':' + seen.Text, u"Orrelin Help Wizard:Start Date is not a valid date"_s);
-        QCOMPARE(Stored("DateDiff"), u"02/29/2100"_s);
+            QCOMPARE(Stored("DateDiff"), u"07/04/1999"_s);
+            QCOMPARE(Stored("Calculation Method"), u"1"_s);
+            QCOMPARE(Stored("Label Color"), u"&HAB3412&"_s);
+            m_program->Trigger("mnuDateDiffShow");
+            QCOMPARE(Label().palette().color(QPalette::Window), QColor(0x12, 0x34, 0xAB));
+            Put("DateDiff", "02/29/2100");
+            SeenBox seen;
+            Customize([&](DateDiffForm& form) {
+                QVERIFY(In<QRadioButton>(form, "opDateDiff(1)").isChecked());
+                QVERIFY(Mask(form).Text().contains(u"2100"));
+                Mask(form).SetText(order == 1 ? u"30/02/2000"_s : order == 2 ? u"2000/02/30"_s : u"02/30/2000"_s);
+                AnswerNextBox(msgbox::Ok, &seen);
+                QTest::keyClick(&form, Qt::Key_Return);
+                QVERIFY(form.isVisible());
+                QTest::keyClick(&form, Qt::Key_Escape);
+            });
+            QCOMPARE(seen.Title + u':' + seen.Text, u"Orrelin Help Wizard:Start Date is not a valid date"_s);
+            QCOMPARE(Stored("DateDiff"), u"02/29/2100"_s);
+        }
     }
 };
 

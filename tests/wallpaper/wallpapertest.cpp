@@ -69,12 +69,9 @@ class WallpaperTest : public QObject
     }
 
     // What the command says, with its title.
-    QString Said(const char* entry)
+    QString Said(const char* entry) const
     {
-        SeenBox box;
-        AnswerNextBox(msgbox::Ok, &box);
-        m_program->Trigger(entry);
-        if (WaitingAnswers() != 0) return DropAnswers(), u"nothing"_s;
+        const SeenBox box = m_program->Said(entry);
         return box.Title + u": "_s + box.Text;
     }
 
@@ -88,11 +85,6 @@ private Q_SLOTS:
         m_program->Type(Today, u"a note of today"_s);
         m_program->Box(Today).selectAll();
         const qreal ratio = m_program->form->devicePixelRatioF();
-        QWidget over; // which a photograph of the screen would show
-        over.setGeometry(QRect(m_program->form->pos(), QSize(300, 300)));
-        over.setStyleSheet(u"background: #00ff00"_s);
-        over.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&over));
         m_program->Trigger("mnuSetWallpaper");
 
         const QImage bitmap(Bitmap("notes.bmp"));
@@ -100,7 +92,6 @@ private Q_SLOTS:
         QCOMPARE(bitmap.size(), QSize(region.width(), region.height() - 1) * ratio);
         QCOMPARE(WinIni("wallpaper"), Bitmap("notes.bmp"));
         QCOMPARE(WinIni("TileWallPaper"), u"0"_s);
-        QVERIFY(!HasColor(bitmap, Qt::green));
 
         const SeenRoot seen;
         const QImage root = seen.Picture(seen.Pixmap());
@@ -152,42 +143,35 @@ private Q_SLOTS:
         QVERIFY(!HasColor(Cell(QImage(Bitmap("planner.bmp")), 39), paper::TodayFrame));
     }
 
-    void TheSizeFollowsTheOption_data()
-    {
-        QTest::addColumn<QString>("size");
-        QTest::addColumn<bool>("isWeek");
-        QTest::newRow("full screen") << u"1"_s << false;
-        QTest::newRow("full screen, week") << u"1"_s << true;
-        QTest::newRow("maximized") << u"2"_s << false;
-    }
-
     void TheSizeFollowsTheOption()
     {
-        QFETCH(QString, size);
-        QFETCH(bool, isWeek);
-        m_program->New(u"mymdb"_s); // whose last letters count as an extension
-        if (isWeek) m_program->Trigger("mnuWeekView");
-        SetIni("WallPaper", "WallpaperSize", size);
-        const QRect before = m_program->form->geometry();
-        const QRect cell = m_program->Panel(isWeek ? 39 : Today).geometry();
-        const QSize client = m_program->form->centralWidget()->size();
-        const QLabel& label = ShowDateDiff(isWeek ? 39 : Today);
-        const QRect number = label.geometry();
-        m_program->Trigger("mnuSetWallpaper");
-        const QImage bitmap(Bitmap("m.bmp"));
-        QVERIFY(!HasColor(bitmap, label.palette().color(QPalette::Window)));
-        QVERIFY(label.isVisible() && label.geometry() == number);
-        const QSize screen = m_program->form->screen()->size();
-        const qreal ratio = m_program->form->devicePixelRatioF();
-        const QSize around = m_program->form->frameGeometry().size() - client;
-        const QSize maximized = Region().size() + (screen - around - client) - QSize(0, 1);
-        const SeenRoot root;
-        QCOMPARE(bitmap.size(), size == u'1' ? root.SizeOf(root.Window()) : maximized * ratio);
-        // The headings stand at the top and the title at the foot, over all of the width.
-        QVERIFY(HasColor(bitmap.copy(0, 0, bitmap.width() / 7, 20), paper::Band));
-        QVERIFY(HasColor(bitmap.copy(bitmap.width() - 30, bitmap.height() - 30, 30, 30), paper::Band));
-        QCOMPARE(m_program->form->geometry(), before);
-        QCOMPARE(m_program->Panel(isWeek ? 39 : Today).geometry(), cell);
+        for (const auto& [what, size, isWeek] : Rows<QString, bool>{
+                 {"full screen", u"1"_s, false}, {"full screen, week", u"1"_s, true}, {"maximized", u"2"_s, false}}) {
+            const InRow row(this, what);
+            m_program->New(u"mymdb"_s); // whose last letters count as an extension
+            if (isWeek) m_program->Trigger("mnuWeekView");
+            SetIni("WallPaper", "WallpaperSize", size);
+            const QRect before = m_program->form->geometry();
+            const QRect cell = m_program->Panel(isWeek ? 39 : Today).geometry();
+            const QSize client = m_program->form->centralWidget()->size();
+            const QLabel& label = ShowDateDiff(isWeek ? 39 : Today);
+            const QRect number = label.geometry();
+            m_program->Trigger("mnuSetWallpaper");
+            const QImage bitmap(Bitmap("m.bmp"));
+            QVERIFY(!HasColor(bitmap, label.palette().color(QPalette::Window)));
+            QVERIFY(label.isVisible() && label.geometry() == number);
+            const QSize screen = m_program->form->screen()->size();
+            const qreal ratio = m_program->form->devicePixelRatioF();
+            const QSize around = m_program->form->frameGeometry().size() - client;
+            const QSize maximized = Region().size() + (screen - around - client) - QSize(0, 1);
+            const SeenRoot root;
+            QCOMPARE(bitmap.size(), size == u'1' ? root.SizeOf(root.Window()) : maximized * ratio);
+            // The headings stand at the top and the title at the foot, over all of the width.
+            QVERIFY(HasColor(bitmap.copy(0, 0, bitmap.width() / 7, 20), paper::Band));
+            QVERIFY(HasColor(bitmap.copy(bitmap.width() - 30, bitmap.height() - 30, 30, 30), paper::Band));
+            QCOMPARE(m_program->form->geometry(), before);
+            QCOMPARE(m_program->Panel(isWeek ? 39 : Today).geometry(), cell);
+        }
     }
 
     void ThePreviousOneComesBackAsItWas()
@@ -236,37 +220,29 @@ private Q_SLOTS:
         QVERIFY(fake.Calls().contains("picture-options 'none'")); // or what is cached would stay
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
         const QString before = Ini("WallPaper", "PreviousWallPaper");
-        QCOMPARE(Said("mnuClearWallpaper"), u"nothing"_s);
+        QCOMPARE(Said("mnuClearWallpaper"), u": "_s); // nothing
         QCOMPARE(fake.Kept(m_options), QByteArray("'none'"));
         QCOMPARE(WinIni("wallpaper"), u"(None)"_s);
         QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), before);
     }
 
-    void ADesktopThatRefusesIsTold_data()
-    {
-        QTest::addColumn<QByteArray>("entry");
-        QTest::addColumn<QString>("said");
-        QTest::newRow("set") << QByteArray("mnuSetWallpaper")
-                             << u"Orrelin: Wallpaper setting not successful! Make sure your video "
-                                "resolution is in 16 or 256 colors"_s;
-        QTest::newRow("clear") << QByteArray("mnuClearWallpaper")
-                               << u"Orrelin Help Wizard: Wallpaper Clearing Not Successful!"_s;
-        QTest::newRow("update") << QByteArray("mnuUpdateWallpaper")
-                                << u"Orrelin Help Wizard: Unable To Update Wallpaper!"_s;
-        QTest::newRow("previous") << QByteArray("mnuPrevWallpaper")
-                                  << u"Orrelin: Unable to restore previous wallpaper!"_s;
-    }
-
     void ADesktopThatRefusesIsTold()
     {
-        QFETCH(QByteArray, entry);
-        QFETCH(QString, said);
-        const FakeDesktop fake("GNOME");
-        fake.Become("refuses");
-        QCOMPARE(Said(entry.constData()), said);
-        QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
-        // As it stands, WIN.INI is changed before the desktop is asked.
-        if (entry == "mnuSetWallpaper") QCOMPARE(WinIni("wallpaper"), Bitmap("planner.bmp"));
+        for (const auto& [what, entry, said] : Rows<QByteArray, QString>{
+                 {"set", "mnuSetWallpaper",
+                  u"Orrelin: Wallpaper setting not successful! Make sure your video "
+                  "resolution is in 16 or 256 colors"_s},
+                 {"clear", "mnuClearWallpaper", u"Orrelin Help Wizard: Wallpaper Clearing Not Successful!"_s},
+                 {"update", "mnuUpdateWallpaper", u"Orrelin Help Wizard: Unable To Update Wallpaper!"_s},
+                 {"previous", "mnuPrevWallpaper", u"Orrelin: Unable to restore previous wallpaper!"_s}}) {
+            const InRow row(this, what);
+            const FakeDesktop fake("GNOME");
+            fake.Become("refuses");
+            QCOMPARE(Said(entry.constData()), said);
+            QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
+            // As it stands, WIN.INI is changed before the desktop is asked.
+            if (entry == "mnuSetWallpaper") QCOMPARE(WinIni("wallpaper"), Bitmap("planner.bmp"));
+        }
     }
 
     void AFullDiskLeavesTheOldPicture()
@@ -284,80 +260,55 @@ private Q_SLOTS:
         QCOMPARE(QDir(folders::ApplicationDirectory()).entryList({u"planner.bmp*"_s}).size(), 1);
     }
 
-    void TheOptionsAreKept_data()
-    {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<int>("chosen"); // -1: none of the three
-        QTest::addColumn<int>("click");
-        QTest::addColumn<QString>("written");
-        QTest::newRow("normal") << u"0"_s << 0 << 1 << u"1"_s;
-        QTest::newRow("full screen") << u"1"_s << 1 << 2 << u"2"_s;
-        QTest::newRow("maximized") << u"2"_s << 2 << 0 << u"0"_s;
-        QTest::newRow("no such size") << u"7"_s << -1 << -1 << u"2"_s;
-    }
-
     void TheOptionsAreKept()
     {
-        QFETCH(QString, stored);
-        QFETCH(int, chosen);
-        QFETCH(int, click);
-        QFETCH(QString, written);
-        SetIni("WallPaper", "WallpaperSize", stored);
-        const auto answer = [=, this](Qt::Key key) {
-            OnNextModal<WallpaperForm>([=](WallpaperForm& form) {
-                const auto option = [&](int size) {
-                    return form.findChild<QRadioButton*>(u"opSetting(%1)"_s.arg(size));
-                };
-                for (int size = 0; size < 3; ++size)
-                    QCOMPARE(option(size)->isChecked(), size == chosen);
-                if (click >= 0) option(click)->click();
-                auto* const update = form.findChild<QCheckBox*>(u"chkAutoload"_s);
-                QVERIFY(!update->isChecked());
-                update->click();
+        SetIni("WallPaper", "WallpaperSize", u"1"_s);
+        for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+            m_program->InWindow<WallpaperForm>("mnuWallpaperOption", [key](WallpaperForm& form) {
+                In<QRadioButton>(form, "opSetting(0)").click();
+                In<QCheckBox>(form, "chkAutoload").click();
                 QTest::keyClick(&form, key);
             });
-            m_program->Trigger("mnuWallpaperOption");
-        };
-        answer(Qt::Key_Escape);
-        QCOMPARE(Ini("WallPaper", "WallpaperSize"), stored);
-        answer(Qt::Key_Return);
-        QCOMPARE(Ini("WallPaper", "WallpaperSize"), written);
+            QCOMPARE(Ini("WallPaper", "WallpaperSize"), key == Qt::Key_Return ? u"0"_s : u"1"_s);
+        }
         QCOMPARE(Ini("WallPaper", "Autoupdate"), u"1"_s);
-        QVERIFY(!QFile::exists(Bitmap("planner.bmp"))); // the wallpaper stays as it is
-    }
-
-    void TheExitRenewsThePicture_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<QByteArray>("manner"); // of the desktop
-        QTest::addColumn<bool>("isMinimized");
-        QTest::newRow("not wanted") << int(Mainform::CloseBox) << QByteArray("not wanted") << false;
-        QTest::newRow("close box") << int(Mainform::CloseBox) << QByteArray() << false;
-        QTest::newRow("minimized") << int(Mainform::CloseBox) << QByteArray() << true;
-        QTest::newRow("the session ends") << int(Mainform::SessionEnds) << QByteArray() << true;
-        QTest::newRow("the session ends, refused") << int(Mainform::SessionEnds) << QByteArray("refuses") << false;
-        QTest::newRow("ended by a signal, no answer") << int(Mainform::ProcessIsEnded) << QByteArray("hangs") << false;
+        QVERIFY(!QFile::exists(Bitmap("planner.bmp")));                  // the wallpaper stays as it is
+        for (const QString& stored : {u"0"_s, u"1"_s, u"2"_s, u"7"_s}) { // the last is none of the three
+            SetIni("WallPaper", "WallpaperSize", stored);
+            const QString shown = stored == u'7' ? u"2"_s : stored;
+            m_program->InWindow<WallpaperForm>("mnuWallpaperOption", [&](WallpaperForm& form) {
+                QCOMPARE(form.findChild<QRadioButton*>(u"opSetting(%1)"_s.arg(shown))->isChecked(), stored == shown);
+                QTest::keyClick(&form, Qt::Key_Return);
+            });
+            QCOMPARE(Ini("WallPaper", "WallpaperSize"), shown);
+        }
     }
 
     void TheExitRenewsThePicture()
     {
-        QFETCH(int, mode);
-        QFETCH(QByteArray, manner);
-        QFETCH(bool, isMinimized);
-        m_program->New(u"notes.mdb"_s);
-        const QSize region = Region().size();
-        const bool isWanted = manner != "not wanted";
-        SetIni("WallPaper", "Autoupdate", isWanted ? u"1"_s : u"2"_s);
-        const FakeDesktop fake("GNOME");
-        if (!manner.isEmpty()) fake.Become(manner.constData());
-        if (isMinimized) m_program->form->showMinimized();
-        m_program->form->subExitProgram(mode); // a box would have nobody to answer it
-        const qreal ratio = m_program->form->devicePixelRatioF();
-        QVERIFY(m_program->form->HasEnded());
-        QCOMPARE(QFile::exists(Bitmap("notes.bmp")), isWanted);
-        if (!isWanted) return;
-        QCOMPARE(QImage(Bitmap("notes.bmp")).size(), QSize(region.width(), region.height() - 1) * ratio);
-        if (manner.isEmpty()) QVERIFY(fake.Kept(m_address).endsWith("/notes.bmp'"));
+        for (const auto& [what, mode, manner, isMinimized] : Rows<int, QByteArray, bool>{
+                 {"not wanted", int(Mainform::CloseBox), "not wanted", false},
+                 {"close box", int(Mainform::CloseBox), "", false},
+                 {"minimized", int(Mainform::CloseBox), "", true},
+                 {"the session ends", int(Mainform::SessionEnds), "", true},
+                 {"the session ends, refused", int(Mainform::SessionEnds), "refuses", false},
+                 {"ended by a signal, no answer", int(Mainform::ProcessIsEnded), "hangs", false}}) {
+            const InRow row(this, what);
+            m_program->New(u"notes.mdb"_s);
+            const QSize region = Region().size();
+            const bool isWanted = manner != "not wanted";
+            SetIni("WallPaper", "Autoupdate", isWanted ? u"1"_s : u"2"_s);
+            const FakeDesktop fake("GNOME");
+            if (!manner.isEmpty()) fake.Become(manner.constData());
+            if (isMinimized) m_program->form->showMinimized();
+            m_program->form->subExitProgram(mode); // a box would have nobody to answer it
+            const qreal ratio = m_program->form->devicePixelRatioF();
+            QVERIFY(m_program->form->HasEnded());
+            QCOMPARE(QFile::exists(Bitmap("notes.bmp")), isWanted);
+            if (!isWanted) continue;
+            QCOMPARE(QImage(Bitmap("notes.bmp")).size(), QSize(region.width(), region.height() - 1) * ratio);
+            if (manner.isEmpty()) QVERIFY(fake.Kept(m_address).endsWith("/notes.bmp'"));
+        }
     }
 };
 

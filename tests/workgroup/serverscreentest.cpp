@@ -154,115 +154,101 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"old and mine"_s);
     }
 
-    void WhatWasTypedOutlivesABreak_data()
-    {
-        QTest::addColumn<QByteArray>("broken"); // how
-        QTest::addColumn<QString>("said");      // by the first unlock
-        QTest::newRow("cut") << QByteArray("cut") << "and the lock of this record with it. Nothing was saved.";
-        QTest::newRow("unnoticed") << QByteArray("unnoticed") << "There is no connection to the server of 'team.mdb'";
-        QTest::newRow("server down") << QByteArray("down") << "There is no connection to the server of 'team.mdb'";
-        QTest::newRow("before COMMIT") << QByteArray("before") << "There is no connection to the server of 'team.mdb'";
-        QTest::newRow("answer to COMMIT") << QByteArray("after") << "";
-        QTest::newRow("in doubt") << QByteArray("doubt") << "It is not known whether the change was saved.";
-    }
-
     void WhatWasTypedOutlivesABreak()
     {
-        QFETCH(QByteArray, broken);
-        QFETCH(QString, said);
-        m_program->LockAndType(u" and mine"_s);
-        TestServer& server = TestServer::Get();
-        if (broken == "cut") server.Cut(), QTest::qWait(300); // the program sees it
-        if (broken == "unnoticed") server.Cut();
-        if (broken == "down") server.Stop(SIGQUIT);
-        if (broken == "before") m_proxy->CutAt(CuttingProxy::BeforeWord);
-        if (broken == "after" || broken == "doubt") m_proxy->CutAt(CuttingProxy::AfterAnswer);
-        m_proxy->Shut(broken == "doubt");
-        if (!said.isEmpty()) {
-            const QString heard = m_program->PressLockAndHear();
-            QVERIFY2(heard.contains(said), qPrintable(heard));
-            QVERIFY(m_program->ShowsLocked());
-            QCOMPARE(Shown(), u"old and mine"_s);
-            if (broken == "down") server.Start();
-            m_proxy->Shut(false);
-            QTest::qWait(50); // a program leaves a server that was not there alone for a moment
-            m_program->TypeOn(u"!"_s);
+        // How it breaks, and what the first unlock says.
+        for (const auto& [what, broken, said] : Rows<QByteArray, QString>{
+                 {"cut", "cut", u"and the lock of this record with it. Nothing was saved."_s},
+                 {"unnoticed", "unnoticed", u"There is no connection to the server of 'team.mdb'"_s},
+                 {"server down", "down", u"There is no connection to the server of 'team.mdb'"_s},
+                 {"before COMMIT", "before", u"There is no connection to the server of 'team.mdb'"_s},
+                 {"answer to COMMIT", "after", u""_s},
+                 {"in doubt", "doubt", u"It is not known whether the change was saved."_s}}) {
+            const InRow row(this, what);
+            m_program->LockAndType(u" and mine"_s);
+            TestServer& server = TestServer::Get();
+            if (broken == "cut") server.Cut(), QTest::qWait(300); // the program sees it
+            if (broken == "unnoticed") server.Cut();
+            if (broken == "down") server.Stop(SIGQUIT);
+            if (broken == "before") m_proxy->CutAt(CuttingProxy::BeforeWord);
+            if (broken == "after" || broken == "doubt") m_proxy->CutAt(CuttingProxy::AfterAnswer);
+            m_proxy->Shut(broken == "doubt");
+            if (!said.isEmpty()) {
+                const QString heard = m_program->PressLockAndHear();
+                QVERIFY2(heard.contains(said), qPrintable(heard));
+                QVERIFY(m_program->ShowsLocked());
+                QCOMPARE(Shown(), u"old and mine"_s);
+                if (broken == "down") server.Start();
+                m_proxy->Shut(false);
+                QTest::qWait(50); // a program leaves a server that was not there alone for a moment
+                m_program->TypeOn(u"!"_s);
+            }
+            m_program->PressLock();
+            QVERIFY(m_program->ShowsFree());
+            QCOMPARE(Shown(), said.isEmpty() ? u"old and mine"_s : u"old and mine!"_s);
+            QCOMPARE(Stored(), Shown());
+            QVERIFY(IsFreeForOthers());
+            QVERIFY(m_program->form->isActiveWindow()); // nothing more was asked
         }
-        m_program->PressLock();
-        QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Shown(), said.isEmpty() ? u"old and mine"_s : u"old and mine!"_s);
-        QCOMPARE(Stored(), Shown());
-        QVERIFY(IsFreeForOthers());
-        QVERIFY(m_program->form->isActiveWindow()); // nothing more was asked
     }
 
     // Whoever kills a program that hangs must find the typing in the journal: the server goes on only when it is there.
-    void AServerIsEnteredWhenTheTypingIsKept_data()
-    {
-        QTest::addColumn<bool>("shared");
-        QTest::newRow("unlock") << true;
-        QTest::newRow("turn") << false;
-    }
-
     void AServerIsEnteredWhenTheTypingIsKept()
     {
-        QFETCH(bool, shared);
-        if (!shared) m_program->Open(QFileInfo(m_direct).fileName(), false);
-        if (shared) m_program->LockAndType(u" and mine"_s);
-        if (!shared) m_program->Type(WorkgroupProgram::Cell, u"mine "_s);
-        const QStringList frozen = TestServer::Get().Freeze();
-        const QString journal = folders::ApplicationDirectory() + u"/journal/1.notes"_s;
-        QVERIFY(!QFile::exists(journal));
-        std::atomic<bool> isKept = false;
-        std::thread server([&] {
-            const QDeadlineTimer end(5000);
-            while (!isKept && !end.hasExpired()) {
-                isKept = Content(journal).contains("mine");
-                QThread::msleep(5);
-            }
-            TestServer::Signal(frozen, SIGCONT);
-        });
-        if (shared)
-            m_program->PressLock();
-        else
-            m_program->Trigger("mnuNextMonth");
-        server.join();
-        QVERIFY(isKept);
-        QCOMPARE(Stored(), shared ? u"old and mine"_s : u"oldmine "_s);
-        QVERIFY(!QFile::exists(journal));
-    }
-
-    void SomebodyElseUsedTheTime_data()
-    {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("Yes") << msgbox::Yes << "old and mine";
-        QTest::newRow("No") << msgbox::No << "theirs";
-        QTest::newRow("Cancel, then Yes") << msgbox::Cancel << "old and mine";
+        for (const auto& [what, shared] : Rows<bool>{{"unlock", true}, {"turn", false}}) {
+            const InRow row(this, what);
+            if (!shared) m_program->Open(QFileInfo(m_direct).fileName(), false);
+            if (shared) m_program->LockAndType(u" and mine"_s);
+            if (!shared) m_program->Type(WorkgroupProgram::Cell, u"mine "_s);
+            const QStringList frozen = TestServer::Get().Freeze();
+            const QString journal = folders::ApplicationDirectory() + u"/journal/1.notes"_s;
+            QVERIFY(!QFile::exists(journal));
+            std::atomic<bool> isKept = false;
+            std::thread server([&] {
+                const QDeadlineTimer end(5000);
+                while (!isKept && !end.hasExpired()) {
+                    isKept = Content(journal).contains("mine");
+                    QThread::msleep(5);
+                }
+                TestServer::Signal(frozen, SIGCONT);
+            });
+            if (shared)
+                m_program->PressLock();
+            else
+                m_program->Trigger("mnuNextMonth");
+            server.join();
+            QVERIFY(isKept);
+            QCOMPARE(Stored(), shared ? u"old and mine"_s : u"oldmine "_s);
+            QVERIFY(!QFile::exists(journal));
+        }
     }
 
     void SomebodyElseUsedTheTime()
     {
-        QFETCH(int, answer);
-        QFETCH(QString, expected);
-        const QString question = u"Another user has changed this day while the connection was broken."_s;
-        m_program->LockAndType(u" and mine"_s);
-        TestServer::Get().Cut();
-        QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
-        OthersWrite(m_program->Key, "theirs");
-        QTest::qWait(50); // they tell of it, and the day is being edited
-        QCOMPARE(Shown(), u"old and mine"_s);
-        QVERIFY(m_program->PressLockAndHear(answer).startsWith(question));
-        if (answer == msgbox::Cancel) {
-            QVERIFY(m_program->ShowsLocked());
+        for (const auto& [what, answer, expected] :
+             Rows<int, QString>{{"Yes", msgbox::Yes, u"old and mine"_s},
+                                {"No", msgbox::No, u"theirs"_s},
+                                {"Cancel, then Yes", msgbox::Cancel, u"old and mine"_s}}) {
+            const InRow row(this, what);
+            const QString question = u"Another user has changed this day while the connection was broken."_s;
+            m_program->LockAndType(u" and mine"_s);
+            TestServer::Get().Cut();
+            QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
+            OthersWrite(m_program->Key, "theirs");
+            QTest::qWait(50); // they tell of it, and the day is being edited
             QCOMPARE(Shown(), u"old and mine"_s);
-            QCOMPARE(Stored(), u"theirs"_s);
-            QVERIFY(m_program->PressLockAndHear(msgbox::Yes).startsWith(question));
+            QVERIFY(m_program->PressLockAndHear(answer).startsWith(question));
+            if (answer == msgbox::Cancel) {
+                QVERIFY(m_program->ShowsLocked());
+                QCOMPARE(Shown(), u"old and mine"_s);
+                QCOMPARE(Stored(), u"theirs"_s);
+                QVERIFY(m_program->PressLockAndHear(msgbox::Yes).startsWith(question));
+            }
+            QVERIFY(m_program->ShowsFree());
+            QCOMPARE(Shown(), expected);
+            QCOMPARE(Stored(), expected);
+            QVERIFY(IsFreeForOthers());
         }
-        QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Shown(), expected);
-        QCOMPARE(Stored(), expected);
-        QVERIFY(IsFreeForOthers());
     }
 
     // The timers go on behind a message: no second one comes up over it.
@@ -299,24 +285,6 @@ private Q_SLOTS:
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();
         QCOMPARE(Stored(), u"old and mine"_s);
-    }
-
-    void TheDayViewOutlivesABreak()
-    {
-        m_program->Click(WorkgroupProgram::Cell);
-        SeenBox seen;
-        OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), u"mine, "_s);
-            TestServer::Get().Cut();
-            AnswerNextBox(msgbox::Ok, &seen);
-            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
-        });
-        m_program->Trigger("mnuDayView");
-        QVERIFY2(seen.Text.contains(u"connection"_s), qPrintable(seen.Text));
-        QVERIFY(m_program->ShowsLocked());
-        m_program->PressLock();
-        QVERIFY(m_program->ShowsFree());
-        QCOMPARE(Stored(), u"mine, old"_s);
     }
 
     void AServerThatComesBackIsHeardByItself()

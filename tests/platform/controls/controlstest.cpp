@@ -9,7 +9,6 @@
 #include <QEventLoop>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
 
 class ControlsTest : public QObject

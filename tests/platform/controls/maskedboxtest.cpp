@@ -3,12 +3,10 @@
 
 #include "testmain.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
-#include <QTest>
 
 namespace {
 const QString g_date = u"##/##/####"_s;
@@ -59,93 +57,78 @@ private Q_SLOTS:
         m_box->setFocus();
     }
 
-    void keys_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("keys"); // from the first place
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<int>("caret");
-        const QString none;
-        QTest::newRow("digits alone") << none << "07041999" << g_full << 10;
-        QTest::newRow("as written") << none << "07/04/1999" << g_full << 10;
-        QTest::newRow("without zeros") << none << "7/4/1999" << g_full << 10;
-        QTest::newRow("by dots") << none << "7.4.1999" << g_full << 10;
-        QTest::newRow("letters") << none << "a0x7,;4"
-                                 << "07/4_/____" << 4;
-        QTest::newRow("partial") << none << u"7"_s << u"7_/__/____"_s << 1;
-        QTest::newRow("other number over a full one") << g_full << u"1 2 / 9 /"_s << u"12/09/1999"_s << 6;
-        QTest::newRow("one digit over a full number") << g_full << u"9 /"_s << u"09/04/1999"_s << 3;
-        QTest::newRow("separator skips") << g_full << "/ /" << g_full << 6;
-        QTest::newRow("separator after a move keeps") << g_full << "Right /" << g_full << 3;
-        QTest::newRow("delete over separators") << g_full << u"Del Del Del Del Del"_s << u"__/__/_999"_s << 7;
-        QTest::newRow("backspace over separators")
-            << g_full << u"End Back Back Back Back Back"_s << u"07/0_/____"_s << 4;
-        QTest::newRow("end of a part") << u"07/04/1___"_s << u"End"_s << u"07/04/1___"_s << 7;
-        QTest::newRow("end of nothing") << none << u"End 1"_s << u"1_/__/____"_s << 1;
-        QTest::newRow("selection typed over") << g_full << u"All 1"_s << u"1_/__/____"_s << 1;
-        QTest::newRow("undo") << g_full << "All 1 Undo" << g_full << 10;
-        QTest::newRow("cut and paste") << g_full << "All Cut Paste" << g_full << 10;
-    }
-
     void keys()
     {
-        QFETCH(QString, before);
-        QFETCH(QString, keys);
-        m_box->SetText(before);
-        m_box->setCursorPosition(0);
-        Press(*m_box, keys);
-        QTEST(m_box->Text(), "after");
-        QTEST(m_box->cursorPosition(), "caret");
-    }
-
-    void pasting_data()
-    {
-        QTest::addColumn<QString>("mask");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<int>("caret");
-        QTest::addColumn<QString>("clipboard");
-        QTest::addColumn<QString>("after");
-        const QString yearFirst = u"####/##/##"_s, two = u"##"_s;
-        QTest::newRow("short date") << g_date << "" << 0 << "7/4/1999" << g_full;
-        QTest::newRow("digits alone") << g_date << "12/31/2001" << 10 << "07041999" << g_full;
-        QTest::newRow("other separators") << g_date << "" << 0 << "7-4-1999" << g_full;
-        QTest::newRow("year first") << yearFirst << u""_s << 0 << u"1999/7/4"_s << u"1999/07/04"_s;
-        QTest::newRow("other order") << g_date << g_full << 0 << "1999/7/4" << g_full;
-        QTest::newRow("words") << g_date << g_full << 0 << "July 4" << g_full;
-        QTest::newRow("date and time") << g_date << g_full << 0 << "7/4/1999 10:15" << g_full;
-        QTest::newRow("the year alone") << g_date << "07/04/____" << 6 << "1999" << g_full;
-        QTest::newRow("month and year") << g_date << u"31/12/2001"_s << 4 << u"7/1999"_s << u"31/07/1999"_s;
-        QTest::newRow("half filled box") << g_date << g_full << 0 << u"08/__/____"_s << u"08/__/____"_s;
-        QTest::newRow("minute") << two << u""_s << 0 << u"5"_s << u"5_"_s;
-        QTest::newRow("wide digits") << two << "" << 0 << QString::fromUtf8("０７") << "07";
-        QTest::newRow("no mask") << u""_s << u"x"_s << 1 << "any; text"
-                                 << "xany; text";
+        const QString none;
+        // keys: from the first place
+        const std::tuple<const char*, QString, QString, QString, int> rows[] = {
+            {"digits alone", none, u"07041999"_s, g_full, 10},
+            {"as written", none, u"07/04/1999"_s, g_full, 10},
+            {"without zeros", none, u"7/4/1999"_s, g_full, 10},
+            {"by dots", none, u"7.4.1999"_s, g_full, 10},
+            {"letters", none, u"a0x7,;4"_s, u"07/4_/____"_s, 4},
+            {"partial", none, u"7"_s, u"7_/__/____"_s, 1},
+            {"other number over a full one", g_full, u"1 2 / 9 /"_s, u"12/09/1999"_s, 6},
+            {"one digit over a full number", g_full, u"9 /"_s, u"09/04/1999"_s, 3},
+            {"separator skips", g_full, u"/ /"_s, g_full, 6},
+            {"separator after a move keeps", g_full, u"Right /"_s, g_full, 3},
+            {"delete over separators", g_full, u"Del Del Del Del Del"_s, u"__/__/_999"_s, 7},
+            {"backspace over separators", g_full, u"End Back Back Back Back Back"_s, u"07/0_/____"_s, 4},
+            {"end of a part", u"07/04/1___"_s, u"End"_s, u"07/04/1___"_s, 7},
+            {"end of nothing", none, u"End 1"_s, u"1_/__/____"_s, 1},
+            {"selection typed over", g_full, u"All 1"_s, u"1_/__/____"_s, 1},
+            {"undo", g_full, u"All 1 Undo"_s, g_full, 10},
+            {"cut and paste", g_full, u"All Cut Paste"_s, g_full, 10},
+        };
+        for (const auto& [name, before, keys, after, caret] : rows) {
+            const InRow inRow(this, name);
+            m_box->SetText(before);
+            m_box->setCursorPosition(0);
+            Press(*m_box, keys);
+            QCOMPARE(m_box->Text(), after);
+            QCOMPARE(m_box->cursorPosition(), caret);
+        }
     }
 
     void pasting()
     {
-        QFETCH(QString, mask);
-        QFETCH(QString, before);
-        QFETCH(int, caret);
-        QFETCH(QString, clipboard);
-        m_box->SetMask(mask);
-        m_box->SetText(before);
-        QGuiApplication::clipboard()->setText(clipboard);
-        m_box->setCursorPosition(caret);
-        Press(*m_box, u"Paste"_s);
-        QTEST(m_box->Text(), "after");
+        const QString yearFirst = u"####/##/##"_s, two = u"##"_s;
+        const std::tuple<const char*, QString, QString, int, QString, QString> rows[] = {
+            {"short date", g_date, u""_s, 0, u"7/4/1999"_s, g_full},
+            {"digits alone", g_date, u"12/31/2001"_s, 10, u"07041999"_s, g_full},
+            {"other separators", g_date, u""_s, 0, u"7-4-1999"_s, g_full},
+            {"year first", yearFirst, u""_s, 0, u"1999/7/4"_s, u"1999/07/04"_s},
+            {"other order", g_date, g_full, 0, u"1999/7/4"_s, g_full},
+            {"words", g_date, g_full, 0, u"July 4"_s, g_full},
+            {"date and time", g_date, g_full, 0, u"7/4/1999 10:15"_s, g_full},
+            {"the year alone", g_date, u"07/04/____"_s, 6, u"1999"_s, g_full},
+            {"month and year", g_date, u"31/12/2001"_s, 4, u"7/1999"_s, u"31/07/1999"_s},
+            {"half filled box", g_date, g_full, 0, u"08/__/____"_s, u"08/__/____"_s},
+            {"minute", two, u""_s, 0, u"5"_s, u"5_"_s},
+            {"wide digits", two, u""_s, 0, QString::fromUtf8("０７"), u"07"_s},
+            {"no mask", u""_s, u"x"_s, 1, u"any; text"_s, u"xany; text"_s},
+        };
+        for (const auto& [name, mask, before, caret, clipboard, after] : rows) {
+            const InRow inRow(this, name);
+            m_box->SetMask(mask);
+            m_box->SetText(before);
+            QGuiApplication::clipboard()->setText(clipboard);
+            m_box->setCursorPosition(caret);
+            Press(*m_box, u"Paste"_s);
+            QCOMPARE(m_box->Text(), after);
 
-        m_box->SetText(before);
-        m_box->setCursorPosition(caret);
-        const std::unique_ptr<QMenu> menu(m_box->createStandardContextMenu());
-        for (QAction* action : menu->actions())
-            if (action->text().contains(u"Paste"_s)) action->trigger();
-        QTEST(m_box->Text(), "after");
+            m_box->SetText(before);
+            m_box->setCursorPosition(caret);
+            const std::unique_ptr<QMenu> menu(m_box->createStandardContextMenu());
+            for (QAction* action : menu->actions())
+                if (action->text().contains(u"Paste"_s)) action->trigger();
+            QCOMPARE(m_box->Text(), after);
 
-        if (mask.isEmpty() || caret != 0) return; // a drop moves the caret to where the mouse is
-        m_box->SetText(before);
-        Drop(clipboard);
-        QTEST(m_box->Text(), "after");
+            if (mask.isEmpty() || caret != 0) continue; // a drop moves the caret to where the mouse is
+            m_box->SetText(before);
+            Drop(clipboard);
+            QCOMPARE(m_box->Text(), after);
+        }
     }
 
     void pressesIntoTheEmptyBox()

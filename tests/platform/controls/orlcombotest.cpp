@@ -6,12 +6,9 @@
 #include <QAbstractItemView>
 #include <QFontDatabase>
 #include <QMessageBox>
-#include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 #include <QWheelEvent>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // The events of a box in the order in which they came, each with the text of that moment.
@@ -140,36 +137,33 @@ private Q_SLOTS:
         QCOMPARE(note.toPlainText(), u"x"_s); // it is selected still
     }
 
-    void KeysChoose_data()
-    {
-        QTest::addColumn<QList<int>>("keys");
-        QTest::addColumn<QStringList>("events");
-        const QString click = u"Click"_s;
-        QTest::newRow("arrow") << QList<int>{Qt::Key_Down} << QStringList{click, u"Maroon"_s};
-        QTest::newRow("arrow at the end") << QList<int>{Qt::Key_Up} << QStringList{};
-        QTest::newRow("letter") << QList<int>{Qt::Key_F} << QStringList{click, u"Fuschia"_s};
-        QTest::newRow("list") << QList<int>{Qt::Key_F4, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}
-                              << QStringList{click, u"Green"_s};
-        QTest::newRow("list left, then an arrow")
-            << QList<int>{Qt::Key_F4, Qt::Key_Escape, Qt::Key_Down} << QStringList{click, click, u"Maroon"_s};
-    }
-
     void KeysChoose()
     {
-        QFETCH(QList<int>, keys);
-        QFETCH(QStringList, events);
-        ORLCombo colors;
-        colors.FillColors();
-        colors.SetListIndex(0);
-        colors.show();
-        QVERIFY(QTest::qWaitForWindowActive(&colors));
-        colors.setFocus(Qt::TabFocusReason);
-        const Record record(colors);
-        for (const int key : keys) {
-            const bool open = QApplication::activePopupWidget();
-            QTest::keyClick(open ? static_cast<QWidget*>(colors.view()) : &colors, Qt::Key(key));
+        const QString click = u"Click"_s;
+        const std::tuple<const char*, QList<int>, QStringList> rows[] = {
+            {"arrow", QList<int>{Qt::Key_Down}, QStringList{click, u"Maroon"_s}},
+            {"arrow at the end", QList<int>{Qt::Key_Up}, QStringList{}},
+            {"letter", QList<int>{Qt::Key_F}, QStringList{click, u"Fuschia"_s}},
+            {"list", QList<int>{Qt::Key_F4, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return},
+             QStringList{click, u"Green"_s}},
+            {"list left, then an arrow", QList<int>{Qt::Key_F4, Qt::Key_Escape, Qt::Key_Down},
+             QStringList{click, click, u"Maroon"_s}},
+        };
+        for (const auto& [name, keys, events] : rows) {
+            const InRow inRow(this, name);
+            ORLCombo colors;
+            colors.FillColors();
+            colors.SetListIndex(0);
+            colors.show();
+            QVERIFY(QTest::qWaitForWindowActive(&colors));
+            colors.setFocus(Qt::TabFocusReason);
+            const Record record(colors);
+            for (const int key : keys) {
+                const bool open = QApplication::activePopupWidget();
+                QTest::keyClick(open ? static_cast<QWidget*>(colors.view()) : &colors, Qt::Key(key));
+            }
+            QCOMPARE(record.Events, events);
         }
-        QCOMPARE(record.Events, events);
     }
 
     void TheListOpensAfterABoxThatClickShowed()

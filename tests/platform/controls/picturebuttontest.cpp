@@ -7,7 +7,6 @@
 #include <QAccessible>
 #include <QDialog>
 #include <QLineEdit>
-#include <QTest>
 
 namespace {
 const QStringList g_pictures{u":/icons/week.svg"_s, u":/icons/week-pressed.svg"_s, u":/icons/left.svg"_s};

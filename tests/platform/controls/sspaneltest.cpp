@@ -5,7 +5,6 @@
 #include "testmain.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 namespace {
 QFont Arial(double points)
@@ -84,42 +83,38 @@ private Q_SLOTS:
         QCOMPARE(Panel(u"Wed"_s, 12, {30, 40}).Look(), Panel(u"W"_s, 12, {30, 40}).Look());
     }
 
-    void effects_data()
-    {
-        QTest::addColumn<int>("effect");
-        QTest::addColumn<int>("direction"); // where the shadow falls: 1 down and right, -1 up and left
-        QTest::addColumn<int>("depth");
-        QTest::newRow("raised light") << 1 << 1 << 1;
-        QTest::newRow("raised heavy") << 2 << 1 << 2;
-        QTest::newRow("inset light") << 3 << -1 << 1;
-        QTest::newRow("inset heavy") << 4 << -1 << 2;
-    }
-
     void effects()
     {
-        QFETCH(int, effect);
-        QFETCH(int, direction);
-        QFETCH(int, depth);
-        Panel panel(u"l"_s, 20, {60, 60}); // one upright
-        panel.SetPaper(paper::Band);
-        const QImage flat = panel.Look();
-        const QRect face = panel.Ink();
-        panel.SetFont3D(effect);
-        const int ground = qGray(paper::Band.rgb()), y = face.center().y();
-        const int first = direction > 0 ? face.right() : face.left();
-        const int last = direction > 0 ? face.left() : face.right();
-        for (int step = 1; step <= 3; ++step) {
-            const int shadow = panel.Light(first + direction * step, y);
-            QCOMPARE(shadow < ground, step <= depth);
-            QCOMPARE(panel.Light(last - direction * step, y) > ground, step <= depth);
-            if (step <= depth) QVERIFY(shadow > panel.Light(face.center().x(), y) + 60); // subtle
+        // direction: where the shadow falls: 1 down and right, -1 up and left
+        const std::tuple<const char*, int, int, int> rows[] = {
+            {"raised light", 1, 1, 1},
+            {"raised heavy", 2, 1, 2},
+            {"inset light", 3, -1, 1},
+            {"inset heavy", 4, -1, 2},
+        };
+        for (const auto& [name, effect, direction, depth] : rows) {
+            const InRow inRow(this, name);
+            Panel panel(u"l"_s, 20, {60, 60}); // one upright
+            panel.SetPaper(paper::Band);
+            const QImage flat = panel.Look();
+            const QRect face = panel.Ink();
+            panel.SetFont3D(effect);
+            const int ground = qGray(paper::Band.rgb()), y = face.center().y();
+            const int first = direction > 0 ? face.right() : face.left();
+            const int last = direction > 0 ? face.left() : face.right();
+            for (int step = 1; step <= 3; ++step) {
+                const int shadow = panel.Light(first + direction * step, y);
+                QCOMPARE(shadow < ground, step <= depth);
+                QCOMPARE(panel.Light(last - direction * step, y) > ground, step <= depth);
+                if (step <= depth) QVERIFY(shadow > panel.Light(face.center().x(), y) + 60); // subtle
+            }
+            panel.SetForeColor(0x808080); // beside grey ink the effect is hardly seen
+            const int besideGrey = panel.Light(first + direction, y);
+            QVERIFY(besideGrey < ground && besideGrey > ground - 25);
+            panel.SetForeColor(0);
+            panel.SetFont3D(9); // unknown is flat
+            QCOMPARE(panel.Look(), flat);
         }
-        panel.SetForeColor(0x808080); // beside grey ink the effect is hardly seen
-        const int besideGrey = panel.Light(first + direction, y);
-        QVERIFY(besideGrey < ground && besideGrey > ground - 25);
-        panel.SetForeColor(0);
-        panel.SetFont3D(9); // unknown is flat
-        QCOMPARE(panel.Look(), flat);
     }
 
     void colorsAndLines()

@@ -8,7 +8,6 @@
 
 #include <QMessageBox>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 
@@ -130,58 +129,52 @@ private Q_SLOTS:
         QCOMPARE(window.Size.x(), x + 30 - window.Size.width() - 2);
     }
 
-    void ADragEndsWhereItIsLetGo_data()
-    {
-        QTest::addColumn<QString>("from"); // a key, or none for the free end
-        QTest::addColumn<QPoint>("to");    // from the point of the press
-        QTest::addColumn<QString>("meanwhile");
-        QTest::addColumn<bool>("dropped");
-        QTest::newRow("free area") << QString() << QPoint(-20, 230) << QString() << true;
-        QTest::newRow("hardly moved") << QString() << QPoint(2, 2) << QString() << false;
-        QTest::newRow("button") << u"bold"_s << QPoint(5, 200) << QString() << false;
-        QTest::newRow("disabled button") << u"new"_s << QPoint(5, 200) << QString() << false;
-        QTest::newRow("Esc") << QString() << QPoint(5, 200) << u"Esc"_s << false;
-        QTest::newRow("a box opens") << QString() << QPoint(5, 200) << u"box"_s << false;
-        QTest::newRow("the bar goes") << QString() << QPoint(5, 200) << u"hide"_s << false;
-    }
-
     void ADragEndsWhereItIsLetGo()
     {
-        QFETCH(QString, from);
-        QFETCH(QPoint, to);
-        QFETCH(QString, meanwhile);
-        QFETCH(bool, dropped);
-        Window window;
-        window.Bar.Buttons(u"new"_s).setEnabled(false);
-        QVERIFY(window.Open());
-        QSignalSpy drops(&window.Bar, &Toolbar::Dropped);
-        QPoint start(500, 20);
-        if (!from.isEmpty()) start = window.Bar.Buttons(from).geometry().center();
-        // Through the window, so that the press finds its widget as a real one does.
-        const QPoint point = start + window.Bar.pos();
-        QWindow* handle = window.windowHandle();
-        QTest::mousePress(handle, Qt::LeftButton, {}, point);
-        QTest::mouseMove(handle, point + to / 2);
-        QTest::mouseMove(handle, point + to);
-        const auto* outline = window.findChild<QRubberBand*>();
-        QCOMPARE(outline != nullptr, dropped || !meanwhile.isEmpty());
-        if (outline) {
-            QCOMPARE(outline->geometry(), window.Bar.geometry().translated(to));
-            QCOMPARE(window.Bar.cursor().shape(), Qt::SizeAllCursor);
+        // from: a key, or none for the free end; to: from the point of the press
+        const std::tuple<const char*, QString, QPoint, QString, bool> rows[] = {
+            {"free area", u""_s, QPoint(-20, 230), u""_s, true},
+            {"hardly moved", u""_s, QPoint(2, 2), u""_s, false},
+            {"button", u"bold"_s, QPoint(5, 200), u""_s, false},
+            {"disabled button", u"new"_s, QPoint(5, 200), u""_s, false},
+            {"Esc", u""_s, QPoint(5, 200), u"Esc"_s, false},
+            {"a box opens", u""_s, QPoint(5, 200), u"box"_s, false},
+            {"the bar goes", u""_s, QPoint(5, 200), u"hide"_s, false},
+        };
+        for (const auto& [name, from, to, meanwhile, dropped] : rows) {
+            const InRow inRow(this, name);
+            Window window;
+            window.Bar.Buttons(u"new"_s).setEnabled(false);
+            QVERIFY(window.Open());
+            QSignalSpy drops(&window.Bar, &Toolbar::Dropped);
+            QPoint start(500, 20);
+            if (!from.isEmpty()) start = window.Bar.Buttons(from).geometry().center();
+            // Through the window, so that the press finds its widget as a real one does.
+            const QPoint point = start + window.Bar.pos();
+            QWindow* handle = window.windowHandle();
+            QTest::mousePress(handle, Qt::LeftButton, {}, point);
+            QTest::mouseMove(handle, point + to / 2);
+            QTest::mouseMove(handle, point + to);
+            const auto* outline = window.findChild<QRubberBand*>();
+            QCOMPARE(outline != nullptr, dropped || !meanwhile.isEmpty());
+            if (outline) {
+                QCOMPARE(outline->geometry(), window.Bar.geometry().translated(to));
+                QCOMPARE(window.Bar.cursor().shape(), Qt::SizeAllCursor);
+            }
+            if (meanwhile == u"Esc") QTest::keyClick(&window.Note, Qt::Key_Escape);
+            if (meanwhile == u"hide") window.Bar.hide();
+            if (meanwhile == u"box") {
+                QMessageBox box(&window);
+                QTimer::singleShot(0, &box, &QDialog::reject);
+                box.exec();
+            }
+            QTest::mouseRelease(handle, Qt::LeftButton, {}, point + to);
+            QCOMPARE(drops, dropped ? (QList<QVariantList>{{point + to}}) : QList<QVariantList>{});
+            QVERIFY(!window.findChild<QRubberBand*>());
+            QCOMPARE(window.Bar.cursor().shape(), Qt::ArrowCursor);
+            QTest::keyClick(&window.Note, Qt::Key_A);
+            QCOMPARE(window.Note.toPlainText(), u"a"_s);
         }
-        if (meanwhile == u"Esc") QTest::keyClick(&window.Note, Qt::Key_Escape);
-        if (meanwhile == u"hide") window.Bar.hide();
-        if (meanwhile == u"box") {
-            QMessageBox box(&window);
-            QTimer::singleShot(0, &box, &QDialog::reject);
-            box.exec();
-        }
-        QTest::mouseRelease(handle, Qt::LeftButton, {}, point + to);
-        QCOMPARE(drops, dropped ? (QList<QVariantList>{{point + to}}) : QList<QVariantList>{});
-        QVERIFY(!window.findChild<QRubberBand*>());
-        QCOMPARE(window.Bar.cursor().shape(), Qt::ArrowCursor);
-        QTest::keyClick(&window.Note, Qt::Key_A);
-        QCOMPARE(window.Note.toPlainText(), u"a"_s);
     }
 
     void NeighboursStayOnTop()

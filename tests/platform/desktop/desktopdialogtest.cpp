@@ -48,72 +48,62 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(m_folder.path()));
     }
 
-    void BoxesAnswer_data()
-    {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<int>("key"); // 0: the close box
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QString>("defaultButton");
-        const auto row = [](const char* name, int style, int key, int answer, const char* defaultButton) {
-            QTest::newRow(name) << style << key << answer << QString::fromLatin1(defaultButton);
-        };
-        row("ok, esc", 0, Qt::Key_Escape, msgbox::Ok, "OK");
-        row("ok cancel, closed", 1, 0, msgbox::Cancel, "OK");
-        row("abort retry ignore, esc", 2, Qt::Key_Escape, msgbox::Abort, "Abort");
-        row("abort retry ignore, second", 2 + 256, Qt::Key_Return, msgbox::Retry, "Retry");
-        row("abort retry ignore, mnemonic", 2 + 512, Qt::Key_I, msgbox::Ignore, "Ignore");
-        row("yes no cancel, third", 3 + 512, Qt::Key_Return, msgbox::Cancel, "Cancel");
-        row("yes no, second", 276, Qt::Key_Return, msgbox::No, "No");
-        row("yes no, mnemonic", 276, Qt::Key_Y, msgbox::Yes, "No");
-        row("yes no, closed, no third", 4 + 512, 0, msgbox::No, "Yes");
-        row("retry cancel, esc", 5, Qt::Key_Escape, msgbox::Cancel, "Retry");
-    }
-
     void BoxesAnswer()
     {
-        QFETCH(int, key);
-        QFETCH(int, style);
-        OnNextModal<QMessageBox>([=](QMessageBox& box) {
-            QVERIFY(QTest::qWaitForWindowActive(&box));
-            QCOMPARE(box.text(), u"replace '<b>a.mdb'?"_s);
-            QVERIFY(box.width() >= WidthForTitle(box));
-            QCOMPARE(In<QLabel>(box, "qt_msgbox_label").textFormat(), Qt::PlainText);
-            QTEST(support::PlainText(box.defaultButton()), "defaultButton");
-            const bool isLetter = key < Qt::Key_Escape;
-            if (key == 0) return void(box.close());
-            QTest::keyClick(box.windowHandle(), Qt::Key(key), isLetter ? Qt::AltModifier : Qt::NoModifier);
-        });
-        const QString title = u"A title that is longer than the question"_s;
-        QTEST(MsgBox(u"replace '<b>a.mdb'?"_s, style, title), "answer");
-    }
-
-    void ALongTextIsShownWhole_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("folded");
-        QTest::newRow("path without blanks") << u'/' + QString(900, u'w') << false;
-        QTest::newRow("path of folders") << u"/home/person/plans/planner.bmp"_s.repeated(9) << false;
-        QTest::newRow("words") << u"word "_s.repeated(200) << false;
-        QTest::newRow("a book") << u"word "_s.repeated(4000) << true;
+        // key: 0: the close box
+        const std::tuple<const char*, int, int, int, QString> rows[] = {
+            {"ok, esc", 0, Qt::Key_Escape, msgbox::Ok, u"OK"_s},
+            {"ok cancel, closed", 1, 0, msgbox::Cancel, u"OK"_s},
+            {"abort retry ignore, esc", 2, Qt::Key_Escape, msgbox::Abort, u"Abort"_s},
+            {"abort retry ignore, second", 2 + 256, Qt::Key_Return, msgbox::Retry, u"Retry"_s},
+            {"abort retry ignore, mnemonic", 2 + 512, Qt::Key_I, msgbox::Ignore, u"Ignore"_s},
+            {"yes no cancel, third", 3 + 512, Qt::Key_Return, msgbox::Cancel, u"Cancel"_s},
+            {"yes no, second", 276, Qt::Key_Return, msgbox::No, u"No"_s},
+            {"yes no, mnemonic", 276, Qt::Key_Y, msgbox::Yes, u"No"_s},
+            {"yes no, closed, no third", 4 + 512, 0, msgbox::No, u"Yes"_s},
+            {"retry cancel, esc", 5, Qt::Key_Escape, msgbox::Cancel, u"Retry"_s},
+        };
+        for (const auto& [name, style, key, answer, defaultButton] : rows) {
+            const InRow inRow(this, name);
+            OnNextModal<QMessageBox>([=](QMessageBox& box) {
+                QVERIFY(QTest::qWaitForWindowActive(&box));
+                QCOMPARE(box.text(), u"replace '<b>a.mdb'?"_s);
+                QVERIFY(box.width() >= WidthForTitle(box));
+                QCOMPARE(In<QLabel>(box, "qt_msgbox_label").textFormat(), Qt::PlainText);
+                QCOMPARE(support::PlainText(box.defaultButton()), defaultButton);
+                const bool isLetter = key < Qt::Key_Escape;
+                if (key == 0) return void(box.close());
+                QTest::keyClick(box.windowHandle(), Qt::Key(key), isLetter ? Qt::AltModifier : Qt::NoModifier);
+            });
+            const QString title = u"A title that is longer than the question"_s;
+            QCOMPARE(MsgBox(u"replace '<b>a.mdb'?"_s, style, title), answer);
+        }
     }
 
     void ALongTextIsShownWhole()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, folded);
-        OnNextModal<QMessageBox>([&](QMessageBox& box) {
-            auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
-            const QRect shown(label->mapTo(&box, QPoint()), label->size());
-            QVERIFY(box.rect().contains(shown));
-            QVERIFY(QRect(QPoint(), box.screen()->size()).contains(box.rect()));
-            QVERIFY(label->width() >= label->minimumSizeHint().width());
-            QVERIFY(label->height() >= label->heightForWidth(label->width()));
-            QCOMPARE(folded ? box.detailedText() : box.text().remove(QChar(0x200B)), text);
-            const QRegularExpression insideAName(u"[^/]\\x{200B}"_s);
-            QVERIFY(text.contains(QString(41, u'w')) || !box.text().contains(insideAName));
-            box.accept();
-        });
-        MsgBox(text, msgbox::Exclamation, u"Orrelin Help Wizard"_s);
+        const std::tuple<const char*, QString, bool> rows[] = {
+            {"path without blanks", u'/' + QString(900, u'w'), false},
+            {"path of folders", u"/home/person/plans/planner.bmp"_s.repeated(9), false},
+            {"words", u"word "_s.repeated(200), false},
+            {"a book", u"word "_s.repeated(4000), true},
+        };
+        for (const auto& [name, text, folded] : rows) {
+            const InRow inRow(this, name);
+            OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+                const QRect shown(label->mapTo(&box, QPoint()), label->size());
+                QVERIFY(box.rect().contains(shown));
+                QVERIFY(QRect(QPoint(), box.screen()->size()).contains(box.rect()));
+                QVERIFY(label->width() >= label->minimumSizeHint().width());
+                QVERIFY(label->height() >= label->heightForWidth(label->width()));
+                QCOMPARE(folded ? box.detailedText() : box.text().remove(QChar(0x200B)), text);
+                const QRegularExpression insideAName(u"[^/]\\x{200B}"_s);
+                QVERIFY(text.contains(QString(41, u'w')) || !box.text().contains(insideAName));
+                box.accept();
+            });
+            MsgBox(text, msgbox::Exclamation, u"Orrelin Help Wizard"_s);
+        }
     }
 
     void ABoxOutlivesItsOwner()
@@ -145,40 +135,35 @@ private Q_SLOTS:
         QVERIFY(!QGuiApplication::overrideCursor());
     }
 
-    void TheFileDialogTakesNames_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("flags");
-        QTest::addColumn<QString>("chosen");
-        const int mustExist = CommonDialog::FileMustExist;
-        QTest::newRow("existing") << "beta.mdb" << 4 << "beta.mdb";
-        QTest::newRow("new") << "Notes neu" << 4 << "Notes neu";
-        QTest::newRow("new, not ascii") << u"Übersicht.mdb"_qs << 4 << u"Übersicht.mdb"_qs;
-        QTest::newRow("with a path") << Path(u"beta.mdb"_s) << 4 << "beta.mdb";
-        QTest::newRow("other case") << "ALPHA.mdb" << mustExist << "Alpha.MDB";
-        QTest::newRow("other filter") << "notes.txt" << mustExist << "notes.txt";
-    }
-
     void TheFileDialogTakesNames()
     {
-        QFETCH(QString, typed);
-        QFETCH(int, flags);
-        QFETCH(QString, chosen);
-        CommonDialog dialog = PlannerDialog();
-        dialog.Flags = flags;
-        AnswerNextFileDialog(typed);
-        QCOMPARE(NumberOf(dialog, 1), 0);
-        QCOMPARE(dialog.FileName, Path(chosen));
-        QCOMPARE(dialog.FileTitle, chosen);
-        dialog.InitDir.clear();
-        QString folder;
-        OnNextModal<QFileDialog>([&](QFileDialog& shown) {
-            folder = shown.directory().path();
-            shown.reject();
-        });
-        QCOMPARE(NumberOf(dialog, 1), int(errors::DialogCancelled));
-        QCOMPARE(folder, m_folder.path());
-        QCOMPARE(dialog.FileName, Path(chosen));
+        const int mustExist = CommonDialog::FileMustExist;
+        const std::tuple<const char*, QString, int, QString> rows[] = {
+            {"existing", u"beta.mdb"_s, 4, u"beta.mdb"_s},
+            {"new", u"Notes neu"_s, 4, u"Notes neu"_s},
+            {"new, not ascii", u"Übersicht.mdb"_qs, 4, u"Übersicht.mdb"_qs},
+            {"with a path", Path(u"beta.mdb"_s), 4, u"beta.mdb"_s},
+            {"other case", u"ALPHA.mdb"_s, mustExist, u"Alpha.MDB"_s},
+            {"other filter", u"notes.txt"_s, mustExist, u"notes.txt"_s},
+        };
+        for (const auto& [name, typed, flags, chosen] : rows) {
+            const InRow inRow(this, name);
+            CommonDialog dialog = PlannerDialog();
+            dialog.Flags = flags;
+            AnswerNextFileDialog(typed);
+            QCOMPARE(NumberOf(dialog, 1), 0);
+            QCOMPARE(dialog.FileName, Path(chosen));
+            QCOMPARE(dialog.FileTitle, chosen);
+            dialog.InitDir.clear();
+            QString folder;
+            OnNextModal<QFileDialog>([&](QFileDialog& shown) {
+                folder = shown.directory().path();
+                shown.reject();
+            });
+            QCOMPARE(NumberOf(dialog, 1), int(errors::DialogCancelled));
+            QCOMPARE(folder, m_folder.path());
+            QCOMPARE(dialog.FileName, Path(chosen));
+        }
     }
 
     void CancelIsAnErrorOnlyIfAskedFor()

@@ -1,3 +1,4 @@
+#include "files.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/folders.h"
@@ -14,8 +15,7 @@ class DesktopFilesTest : public QObject
     void Make(const QString& name) const
     {
         QVERIFY(QDir().mkpath(QFileInfo(Path(name)).path()));
-        QFile file(Path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        SetContent(Path(name), {});
     }
 
 private Q_SLOTS:
@@ -29,34 +29,29 @@ private Q_SLOTS:
         QVERIFY(QFile::link(m_folder.path(), Path(u"Loop"_s)));
     }
 
-    void PathsAreFoundInAnyCase_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("found");
-        const auto row = [](const char* path, const char* found) {
-            QTest::newRow(path) << QString::fromUtf8(path) << QString::fromUtf8(found);
-        };
-        row("Work/Plan.MDB", "Work/Plan.MDB");
-        row("work/plan.mdb", "Work/Plan.MDB"); // the exact folder "work" leads nowhere
-        row("WORK/OTHER.MDB", "work/Other.mdb");
-        row("both/a.mdb", "both/a.mdb");
-        row("BOTH/A.mdb", "both/A.mdb");
-        row("both/../work/./plan.mdb", "Work/Plan.MDB");
-        row("work/plan.mdb.d/", "WORK/plan.mdb.d");
-        row("work/plan.mdb/", "");
-        row("work/none.mdb", "");
-        row("work/plan.mdb/x", "");
-    }
-
     void PathsAreFoundInAnyCase()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, found);
-        const QString expected = found.isEmpty() ? QString() : Path(found);
-        QCOMPARE(QFileInfo(filesystem::Find(Path(path))).canonicalFilePath(), QFileInfo(expected).canonicalFilePath());
-        QDir::setCurrent(m_folder.path());
-        QCOMPARE(filesystem::Find(path).isEmpty(), found.isEmpty());
-        QCOMPARE(filesystem::Dir(path), QFileInfo(expected).isFile() ? QFileInfo(expected).fileName() : QString());
+        const std::pair<QString, QString> rows[] = {
+            {u"Work/Plan.MDB"_s, u"Work/Plan.MDB"_s},
+            {u"work/plan.mdb"_s, u"Work/Plan.MDB"_s}, // the exact folder "work" leads nowhere
+            {u"WORK/OTHER.MDB"_s, u"work/Other.mdb"_s},
+            {u"both/a.mdb"_s, u"both/a.mdb"_s},
+            {u"BOTH/A.mdb"_s, u"both/A.mdb"_s},
+            {u"both/../work/./plan.mdb"_s, u"Work/Plan.MDB"_s},
+            {u"work/plan.mdb.d/"_s, u"WORK/plan.mdb.d"_s},
+            {u"work/plan.mdb/"_s, u""_s},
+            {u"work/none.mdb"_s, u""_s},
+            {u"work/plan.mdb/x"_s, u""_s},
+        };
+        for (const auto& [path, found] : rows) {
+            const InRow inRow(this, path);
+            const QString expected = found.isEmpty() ? QString() : Path(found);
+            QCOMPARE(QFileInfo(filesystem::Find(Path(path))).canonicalFilePath(),
+                     QFileInfo(expected).canonicalFilePath());
+            QDir::setCurrent(m_folder.path());
+            QCOMPARE(filesystem::Find(path).isEmpty(), found.isEmpty());
+            QCOMPARE(filesystem::Dir(path), QFileInfo(expected).isFile() ? QFileInfo(expected).fileName() : QString());
+        }
     }
 
     void LowerCasingAnyNameFindsItAgain()
@@ -125,15 +120,11 @@ private Q_SLOTS:
         QCOMPARE(folders::MediaDirectory(), unfinished); // nothing has been brought
         QVERIFY(QFileInfo(unfinished).isDir());
         QVERIFY(QDir().mkpath(own.Path(u"shipped/Media"_s)));
-        QFile tune(own.Path(u"shipped/Media/a.wav"_s));
-        QVERIFY(tune.open(QIODevice::WriteOnly) && tune.write("all of it"));
-        tune.close();
+        SetContent(own.Path(u"shipped/Media/a.wav"_s), "all of it");
         QVERIFY(QDir(unfinished).mkdir(u"a.wav"_s)); // in the way of its copy
         QCOMPARE(folders::MediaDirectory(), unfinished);
         QVERIFY(QDir(unfinished).rmdir(u"a.wav"_s));
-        QFile half(unfinished + u"/a.wav"_s);
-        QVERIFY(half.open(QIODevice::WriteOnly) && half.write("all"));
-        half.close();
+        SetContent(unfinished + u"/a.wav"_s, "all");
         QCOMPARE(folders::MediaDirectory(), own.Path(u"data/Media"_s));
         QCOMPARE(QFileInfo(own.Path(u"data/Media/a.wav"_s)).size(), 9);
     }

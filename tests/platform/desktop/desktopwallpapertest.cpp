@@ -12,8 +12,6 @@
 #include <QDBusUnixFileDescriptor>
 #include <QThread>
 
-using namespace Qt::StringLiterals;
-
 // What the two services on the bus are to do, and what they were asked.
 struct Played
 {
@@ -146,57 +144,45 @@ private Q_SLOTS:
     }
     void cleanup() { qunsetenv("FLATPAK_ID"); }
 
-    void ADesktopsOwnSettingsTakeThePicture_data()
-    {
-        QTest::addColumn<QByteArray>("desktop");
-        QTest::addColumn<QString>("pictureKey");
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QString>("fitKey");
-        QTest::addColumn<QByteArrayList>("fits"); // filling the screen, centred, as a call sets none
-        const QByteArrayList names{"'zoom'", "'centered'", "'none'"};
-        QTest::newRow("GNOME") << QByteArray("ubuntu:GNOME") << u"org.gnome.desktop.background picture-uri"_s
-                               << QByteArray("'file:///usr/my%20photo.jpg'")
-                               << u"org.gnome.desktop.background picture-options"_s << names;
-        QTest::newRow("Cinnamon") << QByteArray("X-Cinnamon") << u"org.cinnamon.desktop.background picture-uri"_s
-                                  << QByteArray("'file:///usr/my%20photo.jpg'")
-                                  << u"org.cinnamon.desktop.background picture-options"_s << names;
-        QTest::newRow("MATE") << QByteArray("MATE") << u"org.mate.background picture-filename"_s
-                              << QByteArray("'/usr/my photo.jpg'") << u"org.mate.background picture-options"_s << names;
-        QTest::newRow("Xfce") << QByteArray("XFCE") << u"xfce/backdrop/screen0/monitorDP-1/workspace0/last-image"_s
-                              << QByteArray("/usr/my photo.jpg")
-                              << u"xfce/backdrop/screen0/monitorDP-1/workspace0/image-style"_s
-                              << QByteArrayList{"5", "1", "-s 0"};
-    }
-
     void ADesktopsOwnSettingsTakeThePicture()
     {
-        QFETCH(QByteArray, desktop);
-        QFETCH(QString, pictureKey);
-        QFETCH(QByteArray, before);
-        QFETCH(QString, fitKey);
-        QFETCH(QByteArrayList, fits);
-        const FakeDesktop fake(desktop.constData());
-        fake.Keep(pictureKey, before);
-        fake.Keep(fitKey, fits[0]);
-        QCOMPARE(Present()->Path, u"/usr/my photo.jpg"_s);
-        QCOMPARE(Present()->Fit, wallpaper::Fit::Zoomed);
+        const QByteArrayList names{"'zoom'", "'centered'", "'none'"};
+        // fits: filling the screen, centred, as a call sets none
+        const std::tuple<const char*, QByteArray, QString, QByteArray, QString, QByteArrayList> rows[] = {
+            {"GNOME", "ubuntu:GNOME", u"org.gnome.desktop.background picture-uri"_s, "'file:///usr/my%20photo.jpg'",
+             u"org.gnome.desktop.background picture-options"_s, names},
+            {"Cinnamon", "X-Cinnamon", u"org.cinnamon.desktop.background picture-uri"_s, "'file:///usr/my%20photo.jpg'",
+             u"org.cinnamon.desktop.background picture-options"_s, names},
+            {"MATE", "MATE", u"org.mate.background picture-filename"_s, "'/usr/my photo.jpg'",
+             u"org.mate.background picture-options"_s, names},
+            {"Xfce", "XFCE", u"xfce/backdrop/screen0/monitorDP-1/workspace0/last-image"_s, "/usr/my photo.jpg",
+             u"xfce/backdrop/screen0/monitorDP-1/workspace0/image-style"_s, QByteArrayList{"5", "1", "-s 0"}},
+        };
+        for (const auto& [name, desktop, pictureKey, before, fitKey, fits] : rows) {
+            const InRow inRow(this, name);
+            const FakeDesktop fake(desktop.constData());
+            fake.Keep(pictureKey, before);
+            fake.Keep(fitKey, fits[0]);
+            QCOMPARE(Present()->Path, u"/usr/my photo.jpg"_s);
+            QCOMPARE(Present()->Fit, wallpaper::Fit::Zoomed);
 
-        QVERIFY(Show(m_picture));
-        QCOMPARE(fake.Kept(fitKey), fits[1]);
-        QCOMPARE(*Present(), DesktopPicture{m_picture});
-        QVERIFY(!fake.Calls().contains(fits[2])); // nothing to load anew
-        QVERIFY(Show(m_picture));
-        QVERIFY(fake.Calls().contains(fits[2])); // or the desktop would keep what it has
-        QCOMPARE(*Present(), DesktopPicture{m_picture});
-        QVERIFY(ShowLaidOut(m_picture, wallpaper::Fit::Zoomed));
-        QCOMPARE(fake.Kept(fitKey), fits[0]);
+            QVERIFY(Show(m_picture));
+            QCOMPARE(fake.Kept(fitKey), fits[1]);
+            QCOMPARE(*Present(), DesktopPicture{m_picture});
+            QVERIFY(!fake.Calls().contains(fits[2])); // nothing to load anew
+            QVERIFY(Show(m_picture));
+            QVERIFY(fake.Calls().contains(fits[2])); // or the desktop would keep what it has
+            QCOMPARE(*Present(), DesktopPicture{m_picture});
+            QVERIFY(ShowLaidOut(m_picture, wallpaper::Fit::Zoomed));
+            QCOMPARE(fake.Kept(fitKey), fits[0]);
 
-        QVERIFY(Show(wallpaper::None));
-        QCOMPARE(*Present(), DesktopPicture{wallpaper::None});
-        fake.Become("refuses");
-        Played::code = 2; // the portal behind it cannot either
-        QVERIFY(!Show(m_picture));
-        QVERIFY(!Present());
+            QVERIFY(Show(wallpaper::None));
+            QCOMPARE(*Present(), DesktopPicture{wallpaper::None});
+            fake.Become("refuses");
+            Played::code = 2; // the portal behind it cannot either
+            QVERIFY(!Show(m_picture));
+            QVERIFY(!Present());
+        }
     }
 
     void EveryMonitorAndWorkspaceOfXfceIsPainted()
@@ -252,32 +238,27 @@ private Q_SLOTS:
         QVERIFY(!Show(m_picture, 300));
     }
 
-    void ThePortalSaysWhatCameOfIt_data()
-    {
-        QTest::addColumn<int>("manner");
-        QTest::addColumn<uint>("code");
-        QTest::addColumn<bool>("isShown");
-        QTest::newRow("granted") << int(Played::Answers) << 0U << true;
-        QTest::newRow("granted after a while") << int(Played::AnswersLate) << 0U << true;
-        QTest::newRow("refused by the person") << int(Played::Answers) << 1U << false;
-        QTest::newRow("ended otherwise") << int(Played::AnswersLate) << 2U << false;
-        QTest::newRow("never says") << int(Played::Forgets) << 0U << false;
-        QTest::newRow("never replies") << int(Played::Hangs) << 0U << false;
-    }
-
     void ThePortalSaysWhatCameOfIt()
     {
-        QFETCH(int, manner);
-        QFETCH(uint, code);
-        QFETCH(bool, isShown);
-        qputenv("FLATPAK_ID", "org.example");
-        const FakeDesktop fake("GNOME"); // whose settings are those of the sandbox
-        Played::manner = Played::Manner(manner);
-        Played::code = code;
-        QCOMPARE(Show(m_picture, isShown ? 20000 : 600), isShown);
-        if (isShown) QCOMPARE(Played::taken, Content(m_picture));
-        QVERIFY(!Show(wallpaper::None)); // there is no way to take a picture away
-        QCOMPARE(fake.Calls(), QByteArray());
+        const std::tuple<const char*, int, uint, bool> rows[] = {
+            {"granted", Played::Answers, 0U, true},
+            {"granted after a while", Played::AnswersLate, 0U, true},
+            {"refused by the person", Played::Answers, 1U, false},
+            {"ended otherwise", Played::AnswersLate, 2U, false},
+            {"never says", Played::Forgets, 0U, false},
+            {"never replies", Played::Hangs, 0U, false},
+        };
+        for (const auto& [name, manner, code, isShown] : rows) {
+            const InRow inRow(this, name);
+            qputenv("FLATPAK_ID", "org.example");
+            const FakeDesktop fake("GNOME"); // whose settings are those of the sandbox
+            Played::manner = Played::Manner(manner);
+            Played::code = code;
+            QCOMPARE(Show(m_picture, isShown ? 20000 : 600), isShown);
+            if (isShown) QCOMPARE(Played::taken, Content(m_picture));
+            QVERIFY(!Show(wallpaper::None)); // there is no way to take a picture away
+            QCOMPARE(fake.Calls(), QByteArray());
+        }
     }
 
     void TheRootKeepsThePictureAndFreesTheOneBefore()

@@ -15,8 +15,6 @@
 #include <QToolTip>
 #include <QTreeWidget>
 
-using namespace Qt::StringLiterals;
-
 // Drives the help window over the help file that the build has made.
 class HelpTest : public QObject
 {
@@ -140,26 +138,21 @@ private Q_SLOTS:
         QCOMPARE(picture.devicePixelRatio(), page.devicePixelRatioF());
     }
 
-    void CommandsOpenTheirPages_data()
-    {
-        QTest::addColumn<HelpCommand>("command");
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<QString>("focus");
-        QTest::newRow("contents") << HelpCommand::Contents << u"welcome"_s << u"helpContents"_s;
-        QTest::newRow("how to") << HelpCommand::HowToUseHelp << u"using-help"_s << u"helpContents"_s;
-        QTest::newRow("search") << HelpCommand::Search << u"welcome"_s << u"helpWords"_s;
-    }
-
     void CommandsOpenTheirPages()
     {
-        QFETCH(HelpCommand, command);
-        QFETCH(QString, page);
-        QFETCH(QString, focus);
-        Open(command);
-        QVERIFY(!Window()->isModal());
-        QCOMPARE(Page().source(), HelpBook::PageOf(page));
-        QCOMPARE(Find<QTreeWidget>("helpContents").currentItem()->text(0), Page().documentTitle());
-        QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+        const std::tuple<const char*, HelpCommand, QString, QString> rows[] = {
+            {"contents", HelpCommand::Contents, u"welcome"_s, u"helpContents"_s},
+            {"how to", HelpCommand::HowToUseHelp, u"using-help"_s, u"helpContents"_s},
+            {"search", HelpCommand::Search, u"welcome"_s, u"helpWords"_s},
+        };
+        for (const auto& [name, command, page, focus] : rows) {
+            const InRow inRow(this, name);
+            Open(command);
+            QVERIFY(!Window()->isModal());
+            QCOMPARE(Page().source(), HelpBook::PageOf(page));
+            QCOMPARE(Find<QTreeWidget>("helpContents").currentItem()->text(0), Page().documentTitle());
+            QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+        }
     }
 
     void OneWindowServesAllCommands()
@@ -189,31 +182,26 @@ private Q_SLOTS:
         QCOMPARE(Page().source(), m_book->Topics()[0].Page);
     }
 
-    void SearchFindsTopics_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<bool>("only");
-        QTest::newRow("title before text") << u"tunes"_s << u"Tunes"_s << false;
-        QTest::newRow("beginning") << u"WALLP"_s << u"Your calendar as wallpaper"_s << false;
-        QTest::newRow("several words") << u"  stretched  edge "_s << u"Your calendar as wallpaper"_s << true;
-        QTest::newRow("key") << u"ctrl+l"_s << u"Your calendar as wallpaper"_s << false;
-        QTest::newRow("inside a word") << "allpaper" << QString() << true;
-        QTest::newRow("no pattern") << ".*" << QString() << true;
-        QTest::newRow("one word nowhere") << "wallpaper zebra" << QString() << true;
-        QTest::newRow("nothing") << " " << QString() << true;
-    }
-
     void SearchFindsTopics()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, first);
-        QFETCH(bool, only);
-        Open(HelpCommand::Search);
-        QTest::keyClicks(&Find<QLineEdit>("helpWords"), typed);
-        QCOMPARE(Hits().value(0), first);
-        QCOMPARE(Hits().size() > 1, !only);
-        QCOMPARE(Find<QLabel>("helpFound").text().isEmpty(), typed.trimmed().isEmpty());
+        const std::tuple<const char*, QString, QString, bool> rows[] = {
+            {"title before text", u"tunes"_s, u"Tunes"_s, false},
+            {"beginning", u"WALLP"_s, u"Your calendar as wallpaper"_s, false},
+            {"several words", u"  stretched  edge "_s, u"Your calendar as wallpaper"_s, true},
+            {"key", u"ctrl+l"_s, u"Your calendar as wallpaper"_s, false},
+            {"inside a word", u"allpaper"_s, u""_s, true},
+            {"no pattern", u".*"_s, u""_s, true},
+            {"one word nowhere", u"wallpaper zebra"_s, u""_s, true},
+            {"nothing", u" "_s, u""_s, true},
+        };
+        for (const auto& [name, typed, first, only] : rows) {
+            const InRow inRow(this, name);
+            Open(HelpCommand::Search);
+            QTest::keyClicks(&Find<QLineEdit>("helpWords"), typed);
+            QCOMPARE(Hits().value(0), first);
+            QCOMPARE(Hits().size() > 1, !only);
+            QCOMPARE(Find<QLabel>("helpFound").text().isEmpty(), typed.trimmed().isEmpty());
+        }
     }
 
     void FoundWordsAreMarkedWhileSearching()
@@ -250,32 +238,31 @@ private Q_SLOTS:
         QToolTip::hideText();
     }
 
-    void ADamagedFileIsRefused_data()
+    void ADamagedFileIsRefused()
     {
-        QTest::addColumn<QByteArray>("content");
         const QByteArray whole = Content(m_file);
         QByteArray flipped = whole;
         flipped[whole.size() / 2] = char(~flipped[whole.size() / 2]);
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("text") << QByteArray("This is not a help file.\n").repeated(100);
-        QTest::newRow("header alone") << whole.left(24);
-        QTest::newRow("half") << whole.left(whole.size() / 2);
-        QTest::newRow("last byte") << whole.chopped(1);
-        QTest::newRow("without its sum") << whole.chopped(64);
-        QTest::newRow("one byte changed") << flipped;
-    }
-
-    void ADamagedFileIsRefused()
-    {
-        QFETCH(QByteArray, content);
-        QTemporaryDir folder;
-        const QString damaged = folder.filePath(u"ORL.HLP"_s);
-        SetContent(damaged, content);
-        QVERIFY(!ShowHelp(m_owner.get(), damaged, HelpCommand::Contents));
-        QVERIFY(!ShowHelp(m_owner.get(), folder.path(), HelpCommand::Contents));
-        QVERIFY(!ShowHelp(m_owner.get(), folder.filePath(u"none"_s), HelpCommand::Contents));
-        QVERIFY(!ShowHelp(m_owner.get(), QString(), HelpCommand::Contents));
-        QVERIFY(m_owner->children().isEmpty());
+        const std::pair<const char*, QByteArray> rows[] = {
+            {"empty", ""},
+            {"text", QByteArray("This is not a help file.\n").repeated(100)},
+            {"header alone", whole.left(24)},
+            {"half", whole.left(whole.size() / 2)},
+            {"last byte", whole.chopped(1)},
+            {"without its sum", whole.chopped(64)},
+            {"one byte changed", flipped},
+        };
+        for (const auto& [name, content] : rows) {
+            const InRow inRow(this, name);
+            QTemporaryDir folder;
+            const QString damaged = folder.filePath(u"ORL.HLP"_s);
+            SetContent(damaged, content);
+            QVERIFY(!ShowHelp(m_owner.get(), damaged, HelpCommand::Contents));
+            QVERIFY(!ShowHelp(m_owner.get(), folder.path(), HelpCommand::Contents));
+            QVERIFY(!ShowHelp(m_owner.get(), folder.filePath(u"none"_s), HelpCommand::Contents));
+            QVERIFY(!ShowHelp(m_owner.get(), QString(), HelpCommand::Contents));
+            QVERIFY(m_owner->children().isEmpty());
+        }
     }
 
     void TheFileLiesBesideTheProgramInAnyCase()

@@ -74,6 +74,7 @@ private Q_SLOTS:
             QCOMPARE(compact(&text), InUse);
             QVERIFY2(text.contains("on machine"_L1), qPrintable(text));
             QCOMPARE(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }), InUse);
+            QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
         }
         {
             const Database own = DBEngine::OpenDatabase(m_path, true);

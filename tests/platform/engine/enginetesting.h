@@ -109,11 +109,9 @@ private:
         const QString& verb = words[0];
         if (verb == u"open") database = DBEngine::OpenDatabase(words[1], words[2] == u"exclusive");
         if (verb == u"open") days = Days(database);
-        if (verb == u"delete") DBEngine::DeleteDatabase(words[1]);
         if (verb == u"write") Write(days, words[1], words[2].toUtf8());
         if (verb == u"seek") days.Seek(u"="_s, words[1]);
         if (verb == u"edit") days.Edit();
-        if (verb == u"cancel") days.CancelUpdate();
         for (int i = 1; verb == u"write for ever"; ++i) {
             // Two records of one transaction must never part.
             WriteTransaction both(database);

@@ -8,7 +8,6 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace engineerrors;
 
@@ -82,55 +81,42 @@ private Q_SLOTS:
     void initTestCase_data() { AddStores(); }
     void initTestCase() { SetTextView(RtfTextView); }
 
-    void init()
-    {
-        QFETCH_GLOBAL(bool, onServer);
-        const QString path = m_folder.filePath(u"%1.mdb"_s.arg(++m_count));
-        m_database = DBEngine::CreateDatabase(path, {});
-        m_database.Append(DayTable());
-        if (!onServer) return;
-        m_database.Close();
-        TestServer::Get().Take(path);
-        m_database = DBEngine::OpenDatabase(path);
-    }
-
-    void WordsAreFoundAsTheyAreTyped_data()
-    {
-        QTest::addColumn<QByteArray>("stored");
-        QTest::addColumn<QString>("word");
-        const QByteArray head = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil Arial;}"
-                                "{\\f1\\fnil\\fcharset161 Arial Greek;}{\\f2\\fnil\\fcharset128 MS Gothic;}"
-                                "{\\f3\\fnil\\fcharset2 {\\*\\panose 05}Symbol;}}\\viewkind4\\uc1\\pard\\f0 ";
-        const auto row = [&](const char* name, const QByteArray& text, const QString& word) {
-            QTest::newRow(name) << head + text + '}' << word;
-        };
-        const QString german = u"FÜR GRÖßE"_s, french = u"déjÀ Œuvre"_s;
-        const QString greek = u"ΚΑΛΗΜΈΡΑΣ"_s, japanese = u"日本ソフト"_s;
-        row("German, units", "f\\u252?r Gr\\u246?\\u223?e", german);
-        row("German, bytes", "f\\'fcr Gr\\'f6\\'dfe", german);
-        row("German, raw", "f\xfcr Gr\xf6\xdf\x65", german);
-        row("German, between codes", "\\b f\\u252\\'fcr Gr\\u-10?\\b0\\uc0\\u246\\uc2\\u223 sse!", u"ße!"_s);
-        row("capital sharp s", "Gr\\'f6\\u7838?e", u"größe"_s);
-        row("French, units", "D\\u233?j\\u224? \\u339?uvre", french);
-        row("French, bytes", "d\\'e9j\\'e0 \\'9cuvre", french);
-        row("French, Macintosh", "\\mac d\\'8ej\\'88 \\'cfuvre", french);
-        row("French, quotes", "\\lquote a\\rquote\\emdash b\\~c", u"‘A’—B\u00a0C"_s);
-        row("Greek, units", "\\u954?\\u945?\\u955?\\u951?\\u956?\\u941?\\u961?\\u945?\\u962?", greek);
-        row("Greek, bytes", "\\f1\\'ea\\'e1\\'eb\\'e7\\'ec\\'dd\\'f1\\'e1\\'f2\\f0 caf\\'e9", greek + u"\\F0 cafÉ"_s);
-        row("Greek, of the symbol font", "{\\f3 \\'61\\'62}\\'e9", u"ΑΒ}É"_s);
-        row("Japanese, units", "\\u26085?\\u26412?\\u12477?\\u12501?\\u12488?", japanese);
-        row("Japanese, bytes, broken lines", "\\f2\\'93\\'fa\\'96\r\n\\'7b\\'83\\\\\\'83t\\'83\\'67", japanese);
-        row("beyond the first plane", "\\u-10179?\\u-8704?", u"\U0001F600"_s);
-        QTest::newRow("plain text") << QByteArray("Καλημέρας") << greek;
-        QTest::newRow("plain text, old bytes") << QByteArray("gr\xf6\xdf\x65") << u"GRÖßE"_s;
-    }
+    void init() { m_database = MakeStore(m_folder.filePath(u"%1.mdb"_s.arg(++m_count)), DayTable()); }
 
     void WordsAreFoundAsTheyAreTyped()
     {
-        QFETCH(QByteArray, stored);
-        QFETCH(QString, word);
-        Fill({"{\\rtf1 other}", stored, "{\\rtf1 f\\'fbr \\u26085?\\'81 Gr\\'f6\\'dfte}"});
-        QCOMPARE(Walk(u'*' + word + u'*'), QList<int>{1});
+        const QByteArray head = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil Arial;}"
+                                "{\\f1\\fnil\\fcharset161 Arial Greek;}{\\f2\\fnil\\fcharset128 MS Gothic;}"
+                                "{\\f3\\fnil\\fcharset2 {\\*\\panose 05}Symbol;}}\\viewkind4\\uc1\\pard\\f0 ";
+        const QString german = u"FÜR GRÖßE"_s, french = u"déjÀ Œuvre"_s;
+        const QString greek = u"ΚΑΛΗΜΈΡΑΣ"_s, japanese = u"日本ソフト"_s;
+        const std::tuple<const char*, QByteArray, QString> rows[] = {
+            {"German, units", head + "f\\u252?r Gr\\u246?\\u223?e" + '}', german},
+            {"German, bytes", head + "f\\'fcr Gr\\'f6\\'dfe" + '}', german},
+            {"German, raw", head + "f\xfcr Gr\xf6\xdf\x65" + '}', german},
+            {"German, between codes", head + "\\b f\\u252\\'fcr Gr\\u-10?\\b0\\uc0\\u246\\uc2\\u223 sse!" + '}',
+             u"ße!"_s},
+            {"capital sharp s", head + "Gr\\'f6\\u7838?e" + '}', u"größe"_s},
+            {"French, units", head + "D\\u233?j\\u224? \\u339?uvre" + '}', french},
+            {"French, bytes", head + "d\\'e9j\\'e0 \\'9cuvre" + '}', french},
+            {"French, Macintosh", head + "\\mac d\\'8ej\\'88 \\'cfuvre" + '}', french},
+            {"French, quotes", head + "\\lquote a\\rquote\\emdash b\\~c" + '}', u"‘A’—B\u00a0C"_s},
+            {"Greek, units", head + "\\u954?\\u945?\\u955?\\u951?\\u956?\\u941?\\u961?\\u945?\\u962?" + '}', greek},
+            {"Greek, bytes", head + "\\f1\\'ea\\'e1\\'eb\\'e7\\'ec\\'dd\\'f1\\'e1\\'f2\\f0 caf\\'e9" + '}',
+             greek + u"\\F0 cafÉ"_s},
+            {"Greek, of the symbol font", head + "{\\f3 \\'61\\'62}\\'e9" + '}', u"ΑΒ}É"_s},
+            {"Japanese, units", head + "\\u26085?\\u26412?\\u12477?\\u12501?\\u12488?" + '}', japanese},
+            {"Japanese, bytes, broken lines", head + "\\f2\\'93\\'fa\\'96\r\n\\'7b\\'83\\\\\\'83t\\'83\\'67" + '}',
+             japanese},
+            {"beyond the first plane", head + "\\u-10179?\\u-8704?" + '}', u"\U0001F600"_s},
+            {"plain text", "Καλημέρας", greek},
+            {"plain text, old bytes", "gr\xf6\xdf\x65", u"GRÖßE"_s},
+        };
+        for (const auto& [name, stored, word] : rows) {
+            const InRow inRow(this, name);
+            Fill({"{\\rtf1 other}", stored, "{\\rtf1 f\\'fbr \\u26085?\\'81 Gr\\'f6\\'dfte}"});
+            QCOMPARE(Walk(u'*' + word + u'*'), QList<int>{1});
+        }
     }
 
     void CodesAreTextLikeAnyOther()

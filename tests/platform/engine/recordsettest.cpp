@@ -8,11 +8,8 @@
 #include <QDateTime>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
-
-using namespace Qt::StringLiterals;
 
 using namespace engineerrors;
 
@@ -41,47 +38,38 @@ private Q_SLOTS:
     {
         m_path = m_folder.filePath(u"%1.mdb"_s.arg(++m_count));
         m_days = Recordset();
-        m_database = DBEngine::CreateDatabase(m_path, {});
-        m_database.Append(DayTable());
-        if (IsOnServer()) {
-            m_database.Close();
-            TestServer::Get().Take(m_path);
-            m_database = DBEngine::OpenDatabase(m_path);
-        }
+        m_database = MakeStore(m_path, DayTable());
         m_days = Days(m_database);
-    }
-
-    void ValuesComeBackAsTheyWere_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QVariant>("value");
-        const QString memo = u"qmtText"_s;
-        QTest::newRow("NUL") << memo << QVariant(QByteArray("a\0b\xff\xc3", 5));
-        QTest::newRow("number") << memo << QVariant(QByteArray("0012.50"));
-        QTest::newRow("exponent") << memo << QVariant(QByteArray(" 1e3 "));
-        QTest::newRow("empty") << memo << QVariant(QByteArray(""));
-        QTest::newRow("long") << memo << QVariant(QByteArray(3000000, 'x'));
-        QTest::newRow("text") << u"qmtDate"_s << QVariant(u"é\"'; 日本"_s);
-        QTest::newRow("single") << u"QMTFONTSIZE"_s << QVariant(8.25f);
-        QTest::newRow("boolean") << u"qmtFontBold"_s << QVariant(true);
-        QTest::newRow("long number") << u"qmtFontColor"_s << QVariant(INT_MIN);
-        QTest::newRow("date") << u"Database Date"_s << QVariant(QDateTime(QDate(1999, 3, 7), QTime(13, 5, 6, 7)));
-        QTest::newRow("null") << memo << QVariant();
     }
 
     void ValuesComeBackAsTheyWere()
     {
-        QFETCH(QString, field);
-        QFETCH(QVariant, value);
-        m_days.AddNew();
-        m_days.SetField(field, value);
-        m_days.Update();
-        m_database = DBEngine::OpenDatabase(m_path);
-        m_days = Days(m_database);
-        QCOMPARE(m_days.Fields(field), value);
-        QCOMPARE(m_days.Fields(field).typeId(), value.typeId());
-        m_days.Edit(); // which compares the row with the copy
-        m_days.Update();
+        const QString memo = u"qmtText"_s;
+        const std::tuple<const char*, QString, QVariant> rows[] = {
+            {"NUL", memo, QVariant(QByteArray("a\0b\xff\xc3", 5))},
+            {"number", memo, QVariant(QByteArray("0012.50"))},
+            {"exponent", memo, QVariant(QByteArray(" 1e3 "))},
+            {"empty", memo, QVariant(QByteArray(""))},
+            {"long", memo, QVariant(QByteArray(3000000, 'x'))},
+            {"text", u"qmtDate"_s, QVariant(u"é\"'; 日本"_s)},
+            {"single", u"QMTFONTSIZE"_s, QVariant(8.25f)},
+            {"boolean", u"qmtFontBold"_s, QVariant(true)},
+            {"long number", u"qmtFontColor"_s, QVariant(INT_MIN)},
+            {"date", u"Database Date"_s, QVariant(QDateTime(QDate(1999, 3, 7), QTime(13, 5, 6, 7)))},
+            {"null", memo, QVariant()},
+        };
+        for (const auto& [name, field, value] : rows) {
+            const InRow inRow(this, name);
+            m_days.AddNew();
+            m_days.SetField(field, value);
+            m_days.Update();
+            m_database = DBEngine::OpenDatabase(m_path);
+            m_days = Days(m_database);
+            QCOMPARE(m_days.Fields(field), value);
+            QCOMPARE(m_days.Fields(field).typeId(), value.typeId());
+            m_days.Edit(); // which compares the row with the copy
+            m_days.Update();
+        }
     }
 
     void FieldsRefuseWhatTheyCannotHold()
@@ -136,8 +124,9 @@ private Q_SLOTS:
         QCOMPARE(m_days.Fields(u"qmtDate"_s).toString(), m_key);
         Database second = DBEngine::OpenDatabase(m_path);
         Recordset others = Days(second);
-        others.Seek(u"="_s, u"1999/3/8"_s);
-        QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordLocked); // the lock stays too
+        QCOMPARE(Read(others, u"1999/3/8"_s), QByteArray("other")); // reading is free
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordLocked);    // the lock stays too
+        QCOMPARE(ErrorOf([&] { others.Delete(); }), RecordLocked);
         m_days.SetField(u"qmtDate"_s, u"1999/3/9"_s);
         m_days.Update();
         QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged); // free, but no longer as it was seen
@@ -168,102 +157,90 @@ private Q_SLOTS:
         QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordDeleted);
     }
 
-    void AnEditEndsWithItsRecordset_data()
-    {
-        QTest::addColumn<int>("way");
-        for (int way = 0; way < 6; ++way)
-            QTest::addRow("%d", way) << way;
-    }
-
     void AnEditEndsWithItsRecordset()
     {
-        QFETCH(int, way);
-        Write(m_days, m_key, "text");
         const std::function<void()> ways[] = {[&] { m_days.Seek(u"="_s, u"absent"_s); },
                                               [&] { m_days.MoveFirst(); },
                                               [&] { m_days.FindLast(u"nonsense"_s); },
                                               [&] { m_days.SetIndex({}); },
                                               [&] { m_days.Close(); },
                                               [&] { m_days = Recordset(); }};
-        m_days.Seek(u"="_s, m_key);
-        m_days.Edit();
-        m_days.SetField(u"qmtText"_s, QByteArray("lost"));
-        ErrorOf(ways[way]);
-        if (way < 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), NoUpdatePending);
-        if (way == 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), Closed);
-        Database second = DBEngine::OpenDatabase(m_path);
-        Recordset others = Days(second);
-        others.Edit();
-        QCOMPARE(others.Fields(u"qmtText"_s).toByteArray(), QByteArray("text"));
-    }
-
-    void CriteriaFindTheirRecords_data()
-    {
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("found"); // walking from the last, the smallest key
-        const auto row = [](const char* name, const char* pattern, const char* found) {
-            QTest::newRow(name) << QString::fromUtf8(pattern) << QString::fromUtf8(found);
-        };
-        row("word", "\"*milk*\"", "ac");
-        row("single quotes", "'*MILK*'", "ac");
-        row("whole", "\"buy milk\"", "a");
-        row("one character", "\"?uy ????\"", "a");
-        row("not ASCII", "\"*CAFÉ*\"", "b");
-        row("percent is a letter", "\"*50%*\"", "b");
-        row("underscore is a letter", "\"*_*\"", "");
-        row("behind a NUL", "\"*hidden*\"", "d");
-        row("doubled quote", "'*don''t*'", "c");
-        row("digits", "\"##[%]*\"", "b");
-        row("list", "\"*[d-f][a-cO]n't*\"", "c");
-        row("list without", "'[!b-h5]*'", "cd");
-        row("signs as letters", "\"*[*]*\"", "");
-        row("hyphen at the end", "'[x!-]*'", "d");
-        row("bracket that closes nothing", "'*[]milk]*'", "");
-        row("list of no ASCII", "'*caf[à-ï]'", "b");
-        row("many runs", "\"*i*m*d*t*k*\"", "c");
-        row("all", "\"*\"", "abcd");
+        for (int way = 0; way < int(std::size(ways)); ++way) {
+            const InRow inRow(this, QString::number(way));
+            m_days = Days(m_database);
+            Write(m_days, m_key, "text");
+            m_days.Seek(u"="_s, m_key);
+            m_days.Edit();
+            m_days.SetField(u"qmtText"_s, QByteArray("lost"));
+            ErrorOf(ways[way]);
+            if (way < 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), NoUpdatePending);
+            if (way == 4) QCOMPARE(ErrorOf([&] { m_days.Update(); }), Closed);
+            Database second = DBEngine::OpenDatabase(m_path);
+            Recordset others = Days(second);
+            others.Edit();
+            QCOMPARE(others.Fields(u"qmtText"_s).toByteArray(), QByteArray("text"));
+        }
     }
 
     void CriteriaFindTheirRecords()
     {
-        QFETCH(QString, pattern);
-        QFETCH(QString, found);
-        Write(m_days, u"a"_s, "Buy milk");
-        Write(m_days, u"b"_s, "50% off at the café");
-        Write(m_days, u"c"_s, "I'm sure: don't drink mmilk");
-        Write(m_days, u"d"_s, QByteArray("x\0Hidden", 8));
-        m_days.AddNew(); // neither key nor text
-        m_days.Update();
-        Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
-        const QString criterion = u"[qmtText] LIKE "_s + pattern;
-        QString keys;
-        for (walk.FindLast(criterion); !walk.NoMatch(); walk.FindPrevious(criterion))
-            keys += walk.Fields(u"qmtDate"_s).toString();
-        QCOMPARE(keys, found);
-        QCOMPARE(ErrorOf([&] { walk.Fields(u"qmtDate"_s); }), NoCurrentRecord);
-        walk.FindPrevious(criterion); // once more past the end of the search
-        QVERIFY(walk.NoMatch());
-    }
-
-    void ACriterionThatCannotBeReadIsNoMatch_data()
-    {
-        QTest::addColumn<QString>("criterion");
-        QTest::addColumn<int>("error");
-        QTest::newRow("quote inside") << "[qmtText] LIKE '*don't*'" << UnparsableCriterion;
-        QTest::newRow("list without an end") << "[qmtText] LIKE '*[a-*'" << UnparsableCriterion;
-        QTest::newRow("list backwards") << "[qmtText] LIKE '[z-a]'" << UnparsableCriterion;
-        QTest::newRow("no field") << "LIKE 'x'" << UnparsableCriterion;
-        QTest::newRow("unknown field") << "[nothing] LIKE 'x'" << ItemNotFound;
+        // found: walking from the last, the smallest key
+        const std::pair<QString, QString> rows[] = {
+            {u"\"*milk*\""_s, u"ac"_s},
+            {u"'*MILK*'"_s, u"ac"_s},
+            {u"\"buy milk\""_s, u"a"_s},
+            {u"\"?uy ????\""_s, u"a"_s},
+            {u"\"*CAFÉ*\""_s, u"b"_s},
+            {u"\"*50%*\""_s, u"b"_s},
+            {u"\"*_*\""_s, u""_s},
+            {u"\"*hidden*\""_s, u"d"_s},
+            {u"'*don''t*'"_s, u"c"_s},
+            {u"\"##[%]*\""_s, u"b"_s},
+            {u"\"*[d-f][a-cO]n't*\""_s, u"c"_s},
+            {u"'[!b-h5]*'"_s, u"cd"_s},
+            {u"\"*[*]*\""_s, u""_s},
+            {u"'[x!-]*'"_s, u"d"_s},
+            {u"'*[]milk]*'"_s, u""_s},
+            {u"'*caf[à-ï]'"_s, u"b"_s},
+            {u"\"*i*m*d*t*k*\""_s, u"c"_s},
+            {u"\"*\""_s, u"abcd"_s},
+        };
+        for (const auto& [pattern, found] : rows) {
+            const InRow inRow(this, pattern);
+            Write(m_days, u"a"_s, "Buy milk");
+            Write(m_days, u"b"_s, "50% off at the café");
+            Write(m_days, u"c"_s, "I'm sure: don't drink mmilk");
+            Write(m_days, u"d"_s, QByteArray("x\0Hidden", 8));
+            m_days.AddNew(); // neither key nor text
+            m_days.Update();
+            Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
+            const QString criterion = u"[qmtText] LIKE "_s + pattern;
+            QString keys;
+            for (walk.FindLast(criterion); !walk.NoMatch(); walk.FindPrevious(criterion))
+                keys += walk.Fields(u"qmtDate"_s).toString();
+            QCOMPARE(keys, found);
+            QCOMPARE(ErrorOf([&] { walk.Fields(u"qmtDate"_s); }), NoCurrentRecord);
+            walk.FindPrevious(criterion); // once more past the end of the search
+            QVERIFY(walk.NoMatch());
+        }
     }
 
     void ACriterionThatCannotBeReadIsNoMatch()
     {
-        QFETCH(QString, criterion);
-        QFETCH(int, error);
-        Write(m_days, m_key, "x");
-        QCOMPARE(ErrorOf([&] { m_days.FindLast(criterion); }), error);
-        QVERIFY(m_days.NoMatch());
-        QCOMPARE(ErrorOf([&] { m_days.Delete(); }), NoCurrentRecord);
+        const std::pair<QString, int> rows[] = {
+            {u"[qmtText] LIKE '*don't*'"_s, UnparsableCriterion},
+            {u"[qmtText] LIKE '*[a-*'"_s, UnparsableCriterion},
+            {u"[qmtText] LIKE '[z-a]'"_s, UnparsableCriterion},
+            {u"LIKE 'x'"_s, UnparsableCriterion},
+            {u"[nothing] LIKE 'x'"_s, ItemNotFound},
+        };
+        for (const auto& [criterion, error] : rows) {
+            const InRow inRow(this, criterion);
+            Write(m_days, m_key, "x");
+            QCOMPARE(ErrorOf([&] { m_days.FindLast(criterion); }), error);
+            QVERIFY(m_days.NoMatch());
+            QCOMPARE(ErrorOf([&] { m_days.Delete(); }), NoCurrentRecord);
+        }
     }
 
     void ATextViewDecidesWhatIsFound()
@@ -318,31 +295,28 @@ private Q_SLOTS:
         Write(others, m_key, "newer"); // nothing was left open
     }
 
-    void AFailingStoreLosesNoTyping_data()
-    {
-        QTest::addColumn<int>("when");
-        QTest::addColumn<QByteArray>("stored");
-        QTest::newRow("before") << int(FailurePlan::Before) << QByteArray("old");
-        QTest::newRow("after") << int(FailurePlan::After) << QByteArray("new");
-        QTest::newRow("for ever") << int(FailurePlan::ForEver) << QByteArray("old");
-    }
-
     void AFailingStoreLosesNoTyping()
     {
-        QFETCH(int, when);
-        QFETCH(QByteArray, stored);
-        Write(m_days, m_key, "old");
-        const FailingStores failing;
-        Database database = DBEngine::OpenDatabase(m_path);
-        Recordset days = Days(database);
-        days.Edit();
-        days.SetField(u"qmtText"_s, QByteArray("new"));
-        *failing.plan = {1, FailurePlan::When(when), {DiskFull, {}}, u"Replace"_s};
-        QCOMPARE(ErrorOf([&] { days.Update(); }), DiskFull);
-        QCOMPARE(days.Fields(u"qmtText"_s).toByteArray(), QByteArray("new"));
-        QCOMPARE(Read(m_days, m_key), stored);
-        const int again[] = {0, DataChanged, DiskFull};
-        QCOMPARE(ErrorOf([&] { days.Update(); }), again[when]);
+        const std::tuple<const char*, int, QByteArray> rows[] = {
+            {"before", FailurePlan::Before, "old"},
+            {"after", FailurePlan::After, "new"},
+            {"for ever", FailurePlan::ForEver, "old"},
+        };
+        for (const auto& [name, when, stored] : rows) {
+            const InRow inRow(this, name);
+            Write(m_days, m_key, "old");
+            const FailingStores failing;
+            Database database = DBEngine::OpenDatabase(m_path);
+            Recordset days = Days(database);
+            days.Edit();
+            days.SetField(u"qmtText"_s, QByteArray("new"));
+            *failing.plan = {1, FailurePlan::When(when), {DiskFull, {}}, u"Replace"_s};
+            QCOMPARE(ErrorOf([&] { days.Update(); }), DiskFull);
+            QCOMPARE(days.Fields(u"qmtText"_s).toByteArray(), QByteArray("new"));
+            QCOMPARE(Read(m_days, m_key), stored);
+            const int again[] = {0, DataChanged, DiskFull};
+            QCOMPARE(ErrorOf([&] { days.Update(); }), again[when]);
+        }
     }
 
     void ObjectsThatAreNotThereSaySo()

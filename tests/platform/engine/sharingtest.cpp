@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace engineerrors;
 
@@ -43,67 +42,27 @@ private Q_SLOTS:
     void init()
     {
         m_path = m_folder.filePath(u"notes%1.mdb"_s.arg(++m_count));
-        Database database = DBEngine::CreateDatabase(m_path, {});
-        database.Append(DayTable());
-        Recordset days = Days(database);
-        Write(days, m_key, "old");
-        days.Close();
-        database.Close();
-        QFETCH_GLOBAL(bool, onServer);
-        if (onServer) TestServer::Get().Take(m_path);
+        MakeStore(m_path, DayTable()).Close();
     }
-
-    void OpenModesExcludeEachOther_data()
-    {
-        QTest::addColumn<bool>("theirs");
-        QTest::addColumn<bool>("mine");
-        for (const bool theirs : {false, true})
-            for (const bool mine : {false, true})
-                QTest::addRow("%s against %s", mine ? "exclusive" : "shared", theirs ? "exclusive" : "shared")
-                    << theirs << mine;
-    }
-
-    void OpenModesExcludeEachOther()
-    {
-        QFETCH(bool, theirs);
-        QFETCH(bool, mine);
-        OtherProgram other;
-        QCOMPARE(other.Open(m_path, theirs), u"0"_s);
-        const bool refused = theirs || mine;
-        QString text;
-        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, mine); }, &text), refused ? InUse : 0);
-        const QString expected =
-            u"Could not use '%1'; file already in use by "_s.arg(QFileInfo(m_path).fileName()) + OtherProgram::Name();
-        QCOMPARE(text, refused ? expected : QString());
-        QFETCH_GLOBAL(bool, onServer);
-        if (!onServer) QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
-        QCOMPARE(other.Do({u"write"_s, m_key, u"x"_s}), u"0"_s);
-        other.Kill();
-        Database database; // no trace of the dead is in the way
-        QCOMPARE(SoonErrorOf([&] { database = DBEngine::OpenDatabase(m_path, mine); }), 0);
-        Recordset days = Days(database);
-        QCOMPARE(Read(days, m_key), QByteArray("x"));
-    }
-
-    void APlannerIsOpenedAgainInAnotherWay_data() { OpenModesExcludeEachOther_data(); }
 
     void APlannerIsOpenedAgainInAnotherWay()
     {
-        QFETCH(bool, theirs);
-        QFETCH(bool, mine);
-        Database first = DBEngine::OpenDatabase(m_path, theirs);
-        Recordset firstDays = Days(first);
-        Write(firstDays, m_key, "first"); // an exclusive connection locks the file at its first write
-        {
-            Database second = DBEngine::OpenDatabase(m_path, mine);
-            Recordset days = Days(second);
-            QCOMPARE(Read(days, m_key), QByteArray("first"));
-            QCOMPARE(CanOpen(m_path, false), !mine);
-            Write(days, m_key, "second");
+        for (const auto& [theirs, mine] : {std::pair(false, false), {false, true}, {true, false}, {true, true}}) {
+            const InRow inRow(this, u"%1 behind %2"_s.arg(mine).arg(theirs));
+            Database first = DBEngine::OpenDatabase(m_path, theirs);
+            Recordset firstDays = Days(first);
+            Write(firstDays, m_key, "first"); // an exclusive connection locks the file at its first write
+            {
+                Database second = DBEngine::OpenDatabase(m_path, mine);
+                Recordset days = Days(second);
+                QCOMPARE(Read(days, m_key), QByteArray("first"));
+                QCOMPARE(CanOpen(m_path, false), !mine);
+                Write(days, m_key, "second");
+            }
+            QCOMPARE(Read(firstDays, m_key), QByteArray("second"));
+            QCOMPARE(CanOpen(m_path, false), !theirs);
+            QCOMPARE(CanOpen(m_path, true), false);
         }
-        QCOMPARE(Read(firstDays, m_key), QByteArray("second"));
-        QCOMPARE(CanOpen(m_path, false), !theirs);
-        QCOMPARE(CanOpen(m_path, true), false);
     }
 
     void AFailedOpenLeavesTheFirstOneAsItWas()
@@ -125,34 +84,6 @@ private Q_SLOTS:
         QVERIFY(QFile::link(m_path, link));
         Database database = DBEngine::OpenDatabase(link, true);
         QVERIFY(!CanOpen(m_path, false));
-    }
-
-    void AnEditedRecordIsTheirs()
-    {
-        Database database = DBEngine::OpenDatabase(m_path);
-        Recordset days = Days(database);
-        Write(days, u"1999/3/8"_s, "neighbour");
-        OtherProgram other;
-        other.Open(m_path, false);
-        other.Do({u"seek"_s, m_key});
-        QCOMPARE(other.Do({u"edit"_s}), u"0"_s);
-        days.Seek(u"="_s, m_key);
-        QString text;
-        for (const auto& attempt : {std::function([&] { days.Edit(); }), std::function([&] { days.Delete(); })})
-            QCOMPARE(ErrorOf(attempt, &text), RecordLocked);
-        QCOMPARE(text, u"Could not update; currently locked by "_s + OtherProgram::Name());
-        QCOMPARE(Read(days, m_key), QByteArray("old")); // reading is free
-        Write(days, u"1999/3/8"_s, "and so is the neighbour");
-        Recordset own = Days(database);
-        days.Edit();
-        QCOMPARE(ErrorOf([&] { own.MoveFirst(), own.Edit(); }, &text), RecordLocked);
-        days.CancelUpdate();
-        other.Do({u"cancel"_s});
-        Write(days, m_key, "free again");
-        other.Do({u"seek"_s, m_key});
-        QCOMPARE(other.Do({u"edit"_s}), u"0"_s);
-        other.Kill();
-        QCOMPARE(SoonErrorOf([&] { Write(days, m_key, "free of the dead"); }), 0);
     }
 
     void AKilledWriterLeavesWholeCommits()

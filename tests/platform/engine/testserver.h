@@ -180,3 +180,15 @@ private:
     int m_planners = 0;
     QProcess m_server;
 };
+
+// An open database with this table, on the store that the global says.
+inline Database MakeStore(const QString& path, const TableDef& table)
+{
+    Database database = DBEngine::CreateDatabase(path, {});
+    database.Append(table);
+    QFETCH_GLOBAL(bool, onServer);
+    if (!onServer) return database;
+    database.Close();
+    TestServer::Get().Take(path);
+    return DBEngine::OpenDatabase(path);
+}

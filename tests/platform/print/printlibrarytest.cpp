@@ -146,58 +146,48 @@ private Q_SLOTS:
         }
     }
 
-    void marginsAreReadAsTyped_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("inches");
-        QTest::newRow("point") << u"0.75"_s << 0.75;
-        QTest::newRow("comma") << u"0,75"_s << 0.75;
-        QTest::newRow("none") << QString() << 1.0;
-        QTest::newRow("no number") << u"wide"_s << 1.0;
-        QTest::newRow("no room left") << u"3.5"_s << 1.0;
-        QTest::newRow("off the paper") << u"-2"_s << 0.0;
-        QTest::newRow("endless") << u"1e999"_s << 1.0;
-    }
-
     void marginsAreReadAsTyped()
     {
-        QFETCH(const QString, text);
-        QFETCH(const double, inches);
-        SetMargins(text);
-        const PrintedPage page = PrintNote("a");
-        const QRectF ink = page.Painted([](const QColor& color) { return color.lightness() < 230; });
-        const QRectF wanted =
-            QRectF(QPointF(), page.Size()).adjusted(72 * inches, 72 * inches, -72 * inches, -72 * inches);
-        QVERIFY(qAbs(ink.left() - wanted.left()) < 1.5 && qAbs(ink.right() - wanted.right()) < 1.5);
-        QVERIFY(ink.top() >= wanted.top() - 1 && ink.bottom() <= wanted.bottom() + 1);
-    }
-
-    void aLongNoteEndsWithAWholeLine_data()
-    {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("between");
-        QTest::newRow("one paragraph") << QByteArray("\\pard ") << QByteArray(" ");
-        QTest::newRow("paragraphs") << QByteArray("\\pard ") << QByteArray("\\par ");
-        QTest::newRow("from right to left") << QByteArray("\\pard\\rtlpar ") << QByteArray("\\par ");
-        QTest::newRow("higher than its box") << QByteArray("\\pard\\fs150 ") << QByteArray(" ");
+        const std::tuple<const char*, QString, double> rows[] = {
+            {"point", u"0.75"_s, 0.75},    {"comma", u"0,75"_s, 0.75},      {"none", u""_s, 1.0},
+            {"no number", u"wide"_s, 1.0}, {"no room left", u"3.5"_s, 1.0}, {"off the paper", u"-2"_s, 0.0},
+            {"endless", u"1e999"_s, 1.0},
+        };
+        for (const auto& [name, text, inches] : rows) {
+            const InRow inRow(this, name);
+            SetMargins(text);
+            const PrintedPage page = PrintNote("a");
+            const QRectF ink = page.Painted([](const QColor& color) { return color.lightness() < 230; });
+            const QRectF wanted =
+                QRectF(QPointF(), page.Size()).adjusted(72 * inches, 72 * inches, -72 * inches, -72 * inches);
+            QVERIFY(qAbs(ink.left() - wanted.left()) < 1.5 && qAbs(ink.right() - wanted.right()) < 1.5);
+            QVERIFY(ink.top() >= wanted.top() - 1 && ink.bottom() <= wanted.bottom() + 1);
+        }
     }
 
     void aLongNoteEndsWithAWholeLine()
     {
-        QFETCH(const QByteArray, before);
-        QFETCH(const QByteArray, between);
-        QByteArray text;
-        for (int i = 0; i < 300; ++i)
-            text += "w" + QByteArray::number(i) + between;
-        const PrintedPage page =
-            PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18" + before + text + "}");
-        QVERIFY(CellOfNote(page).contains(page.Painted(IsRed)));
-        QVERIFY(page.At(u"w299"_s).isNull());
-        const bool clipped = before.contains("fs150"); // its first line, with all that ends it
-        const auto endsHere = [](const Word& word) { return word.text.contains(QChar(0x2026)); };
-        QVERIFY(clipped || std::any_of(page.Words().begin(), page.Words().end(), endsHere));
-        const QRectF first = page.At(u"w0"_s), cell = CellOfNote(page);
-        QVERIFY(clipped || before.contains("rtlpar") == (first.center().x() > cell.center().x()));
+        const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
+            {"one paragraph", "\\pard ", " "},
+            {"paragraphs", "\\pard ", "\\par "},
+            {"from right to left", "\\pard\\rtlpar ", "\\par "},
+            {"higher than its box", "\\pard\\fs150 ", " "},
+        };
+        for (const auto& [name, before, between] : rows) {
+            const InRow inRow(this, name);
+            QByteArray text;
+            for (int i = 0; i < 300; ++i)
+                text += "w" + QByteArray::number(i) + between;
+            const PrintedPage page =
+                PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18" + before + text + "}");
+            QVERIFY(CellOfNote(page).contains(page.Painted(IsRed)));
+            QVERIFY(page.At(u"w299"_s).isNull());
+            const bool clipped = before.contains("fs150"); // its first line, with all that ends it
+            const auto endsHere = [](const Word& word) { return word.text.contains(QChar(0x2026)); };
+            QVERIFY(clipped || std::any_of(page.Words().begin(), page.Words().end(), endsHere));
+            const QRectF first = page.At(u"w0"_s), cell = CellOfNote(page);
+            QVERIFY(clipped || before.contains("rtlpar") == (first.center().x() > cell.center().x()));
+        }
     }
 
     // With or without glyphs for them: lines break between the letters.
@@ -213,28 +203,22 @@ private Q_SLOTS:
         QVERIFY(ink.height() > 30 && ink.width() > 60);
     }
 
-    void aPictureFitsItsBox_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("small") << QSize(24, 24);
-        QTest::newRow("wide") << QSize(1600, 300);
-        QTest::newRow("high") << QSize(300, 1600);
-    }
-
     void aPictureFitsItsBox()
     {
-        QFETCH(const QSize, size);
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        RichTextBox box;
-        QTextCursor cursor(box.document());
-        QVERIFY(InsertPicture(cursor, image, PictureFit{}));
-        cursor.insertText(u"\nbelow\nit\nthere\nis\nmore\nthan\nfits"_s);
-        const PrintedPage page = PrintNote(box.TextRTF());
-        const QRectF red = page.Painted(IsRed);
-        QVERIFY(CellOfNote(page).contains(red));
-        const double wanted = double(size.width()) / size.height();
-        QVERIFY(red.height() > 4 && qAbs(red.width() / red.height() - wanted) < 0.2 * wanted);
+        for (const QSize size : {QSize(24, 24), QSize(1600, 300), QSize(300, 1600)}) {
+            const InRow inRow(this, QString::number(size.width()));
+            QImage image(size, QImage::Format_RGB32);
+            image.fill(Qt::red);
+            RichTextBox box;
+            QTextCursor cursor(box.document());
+            QVERIFY(InsertPicture(cursor, image, PictureFit{}));
+            cursor.insertText(u"\nbelow\nit\nthere\nis\nmore\nthan\nfits"_s);
+            const PrintedPage page = PrintNote(box.TextRTF());
+            const QRectF red = page.Painted(IsRed);
+            QVERIFY(CellOfNote(page).contains(red));
+            const double wanted = double(size.width()) / size.height();
+            QVERIFY(red.height() > 4 && qAbs(red.width() / red.height() - wanted) < 0.2 * wanted);
+        }
     }
 
     void cancelLeavesNothing()
@@ -257,46 +241,41 @@ private Q_SLOTS:
             QVERIFY(word.text != u"stale");
     }
 
-    void aFileThatCannotBeWrittenIsToldOf_data()
-    {
-        QTest::addColumn<bool>("full");
-        QTest::newRow("folder gone") << false;
-        QTest::newRow("disk full") << true;
-    }
-
     // On a page whose picture is larger than what a file collects before it writes.
     void aFileThatCannotBeWrittenIsToldOf()
     {
-        QFETCH(const bool, full);
-        const QString folder = m_folders->Path(u"there"_s);
-        QDir().mkpath(folder);
-        const QString usual = std::exchange(m_pdf, folder + u"/page.pdf"_s);
-        m_printer->Printer().setPageSize(QPageSize(QPageSize::A5));
-        PrintNote("kept");
-        PrintNextTo(m_pdf);
-        AnswerNextBox(msgbox::Yes); // to replace it
-        QVERIFY(m_library->qmtInitPrint(nullptr, *m_carrier) != 0);
-        QImage noise(600, 600, QImage::Format_RGB32);
-        QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
-        Feed(Month, [&](int i) {
-            QTextCursor cursor(m_carrier->document());
-            if (i == 10) QVERIFY(InsertPicture(cursor, noise, PictureFit{}));
-        });
-        QVERIFY(full || QDir(folder).removeRecursively());
-        std::optional<FullDisk> limit;
-        if (full) limit.emplace(2000);
-        m_library->qmtEndPrint();
-        limit.reset();
-        SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
-        m_library->TellTrouble();
-        QVERIFY(seen.Text.contains(m_pdf));
-        QVERIFY(!full || !PrintedPage(m_pdf).At(u"kept"_s).isNull());
-        QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), full ? 1 : 0);
-        m_pdf = usual;
-        const PrintedPage page = PrintNote("again");
-        QVERIFY(!page.At(u"again"_s).isNull());
-        QVERIFY(qAbs(page.Size().height() - QPageSize(QPageSize::A5).size(QPageSize::Point).width()) < 1.5);
+        for (const bool full : {false, true}) {
+            const InRow inRow(this, full ? "disk full" : "folder gone");
+            const QString folder = m_folders->Path(u"there"_s);
+            QDir().mkpath(folder);
+            const QString usual = std::exchange(m_pdf, folder + u"/page.pdf"_s);
+            m_printer->Printer().setPageSize(QPageSize(QPageSize::A5));
+            PrintNote("kept");
+            PrintNextTo(m_pdf);
+            AnswerNextBox(msgbox::Yes); // to replace it
+            QVERIFY(m_library->qmtInitPrint(nullptr, *m_carrier) != 0);
+            QImage noise(600, 600, QImage::Format_RGB32);
+            QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());
+            Feed(Month, [&](int i) {
+                QTextCursor cursor(m_carrier->document());
+                if (i == 10) QVERIFY(InsertPicture(cursor, noise, PictureFit{}));
+            });
+            QVERIFY(full || QDir(folder).removeRecursively());
+            std::optional<FullDisk> limit;
+            if (full) limit.emplace(2000);
+            m_library->qmtEndPrint();
+            limit.reset();
+            SeenBox seen;
+            AnswerNextBox(msgbox::Ok, &seen);
+            m_library->TellTrouble();
+            QVERIFY(seen.Text.contains(m_pdf));
+            QVERIFY(!full || !PrintedPage(m_pdf).At(u"kept"_s).isNull());
+            QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), full ? 1 : 0);
+            m_pdf = usual;
+            const PrintedPage page = PrintNote("again");
+            QVERIFY(!page.At(u"again"_s).isNull());
+            QVERIFY(qAbs(page.Size().height() - QPageSize(QPageSize::A5).size(QPageSize::Point).width()) < 1.5);
+        }
     }
 };
 

@@ -3,8 +3,6 @@
 #include "support.h"
 #include "testmain.h"
 
-#include <QProcess>
-
 namespace {
 constexpr int keysOfEach = 100;
 const QString iniName = u"PLANNER.INI"_s;
@@ -90,25 +88,23 @@ private Q_SLOTS:
         }
     }
 
-    void TheDesktopSpeaksWhereWinIniHasNoIntl_data()
-    {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QByteArray>("formats");
-        QTest::newRow("us") << "en_US.UTF-8" << QByteArray("0.");
-        QTest::newRow("german") << "de_DE.UTF-8" << QByteArray("1,");
-        QTest::newRow("swedish") << "sv_SE.UTF-8" << QByteArray("2,");
-    }
-
     void TheDesktopSpeaksWhereWinIniHasNoIntl()
     {
-        QFETCH(QString, locale);
-        QProcess other;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"LC_ALL"_s, locale);
-        other.setProcessEnvironment(environment);
-        StartAgain(other, u"ProfileProcess"_s, {u"--formats"_s, m_folders->Path(u"."_s)});
-        QVERIFY(other.waitForFinished());
-        QTEST(other.readAllStandardOutput(), "formats");
+        const std::tuple<const char*, QString, QByteArray> rows[] = {
+            {"us", u"en_US.UTF-8"_s, "0."},
+            {"german", u"de_DE.UTF-8"_s, "1,"},
+            {"swedish", u"sv_SE.UTF-8"_s, "2,"},
+        };
+        for (const auto& [name, locale, formats] : rows) {
+            const InRow inRow(this, name);
+            QProcess other;
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(u"LC_ALL"_s, locale);
+            other.setProcessEnvironment(environment);
+            StartAgain(other, u"ProfileProcess"_s, {u"--formats"_s, m_folders->Path(u"."_s)});
+            QVERIFY(other.waitForFinished());
+            QCOMPARE(other.readAllStandardOutput(), formats);
+        }
     }
 };
 

@@ -12,8 +12,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
 class ProfileTest : public QObject
 {
     Q_OBJECT
@@ -41,43 +39,37 @@ private Q_SLOTS:
     void init() { m_folders = std::make_unique<TemporaryFolders>(); }
     void cleanup() { m_folders.reset(); }
 
-    void ValuesAreRead_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("number");
-        const auto row = [](const char* name, const QByteArray& file, const char* text, int number) {
-            QTest::newRow(name) << file << QString::fromUtf8(text) << number;
-        };
-        row("plain", "[S]\nKey=12\n", "12", 12);
-        row("letter case, blanks", "[ s ]\r\n  kEY =  12  \r\n", "12", 12);
-        row("first wins", "[S]\nKey=1\nKEY=2\n[s]\nkey=3\n", "1", 1);
-        row("section in two parts", "[S]\n[T]\nKey=1\n[s]\nKey=2", "2", 2);
-        row("comment and heading of keys", "Key=9\n[S]\n;Key=1\nkey\nKey=-2", "-2", -2);
-        row("byte order mark", "\xEF\xBB\xBF[S]\nKey=+3", "+3", 3);
-        row("quotes", "[S]\nKey=\" 4 \"\n", " 4 ", 4);
-        row("single quotes", "[S]\nKey='\"x\"'\n", "\"x\"", 0);
-        row("one quote", "[S]\nKey=\"\n", "\"", 0);
-        row("empty", "[S]\nKey=\n", "", 0);
-        row("equals in value", "[S]\nKey=a=b\n", "a=b", 0);
-        row("utf-8", "[S]\nKey=Übung\n", "Übung", 0);
-        row("colour", "[S]\nKey=&H808080\n", "&H808080", 0);
-        row("number and text", "[S]\nKey=12 pt\n", "12 pt", 12);
-        row("huge", "[S]\nKey=99999999999999999999999\n", "99999999999999999999999", INT_MAX);
-        row("very negative", "[S]\nKey=-2147483649\n", "-2147483649", INT_MIN);
-        row("absent", "[T]\nKey=1\n", "(None)", 77);
-        row("no bracket", "[S\nKey=5", "5", 5);
-        row("nothing but brackets", "[\n[]\n[[[\n]\n=\n==\n\n[S]\n=1\nKey=6", "6", 6);
-        row("NUL bytes", QByteArray("\0\0[x]\n\0=\0\n[S]\n\0\nKey=7\n", 22), "7", 7);
-        row("not utf-8", "[\xFF]\n\xC3=\x80\n[S]\nKey=8", "8", 8);
-    }
-
     void ValuesAreRead()
     {
-        QFETCH(QByteArray, file);
-        Put(file);
-        QTEST(Text("S", "KEY"), "text");
-        QTEST(Number("S", "KEY"), "number");
+        const std::tuple<const char*, QByteArray, QString, int> rows[] = {
+            {"plain", "[S]\nKey=12\n", u"12"_s, 12},
+            {"letter case, blanks", "[ s ]\r\n  kEY =  12  \r\n", u"12"_s, 12},
+            {"first wins", "[S]\nKey=1\nKEY=2\n[s]\nkey=3\n", u"1"_s, 1},
+            {"section in two parts", "[S]\n[T]\nKey=1\n[s]\nKey=2", u"2"_s, 2},
+            {"comment and heading of keys", "Key=9\n[S]\n;Key=1\nkey\nKey=-2", u"-2"_s, -2},
+            {"byte order mark", "\xEF\xBB\xBF[S]\nKey=+3", u"+3"_s, 3},
+            {"quotes", "[S]\nKey=\" 4 \"\n", u" 4 "_s, 4},
+            {"single quotes", "[S]\nKey='\"x\"'\n", u"\"x\""_s, 0},
+            {"one quote", "[S]\nKey=\"\n", u"\""_s, 0},
+            {"empty", "[S]\nKey=\n", u""_s, 0},
+            {"equals in value", "[S]\nKey=a=b\n", u"a=b"_s, 0},
+            {"utf-8", "[S]\nKey=Übung\n", u"Übung"_s, 0},
+            {"colour", "[S]\nKey=&H808080\n", u"&H808080"_s, 0},
+            {"number and text", "[S]\nKey=12 pt\n", u"12 pt"_s, 12},
+            {"huge", "[S]\nKey=99999999999999999999999\n", u"99999999999999999999999"_s, INT_MAX},
+            {"very negative", "[S]\nKey=-2147483649\n", u"-2147483649"_s, INT_MIN},
+            {"absent", "[T]\nKey=1\n", u"(None)"_s, 77},
+            {"no bracket", "[S\nKey=5", u"5"_s, 5},
+            {"nothing but brackets", "[\n[]\n[[[\n]\n=\n==\n\n[S]\n=1\nKey=6", u"6"_s, 6},
+            {"NUL bytes", QByteArray("\0\0[x]\n\0=\0\n[S]\n\0\nKey=7\n", 22), u"7"_s, 7},
+            {"not utf-8", "[\xFF]\n\xC3=\x80\n[S]\nKey=8", u"8"_s, 8},
+        };
+        for (const auto& [name, file, text, number] : rows) {
+            const InRow inRow(this, name);
+            Put(file);
+            QCOMPARE(Text("S", "KEY"), text);
+            QCOMPARE(Number("S", "KEY"), number);
+        }
     }
 
     void TheBufferCutsTheText()
@@ -89,33 +81,28 @@ private Q_SLOTS:
         QCOMPARE(Text("S", "Key", 0), QString());
     }
 
-    void AWriteLeavesTheRestAlone_data()
-    {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after");
-        const auto row = [](const char* name, const QByteArray& before, const QByteArray& after) {
-            QTest::newRow(name) << before << after;
-        };
-        row("empty", "", "[S]\nKey=v\n");
-        row("only a mark", "\xEF\xBB\xBF", "\xEF\xBB\xBF[S]\nKey=v\n");
-        row("replaced", "; mine\n\n[s]\n key = \"old\"  \nz\xFFz\n", "; mine\n\n[s]\n key = v  \nz\xFFz\n");
-        row("was empty", "[S]\nKey=\n[T]\n", "[S]\nKey=v\n[T]\n");
-        row("only the first", "[S]\nKey=1\nKey=2\n", "[S]\nKey=v\nKey=2\n");
-        row("the one that is read", "[S]\na=1\n[T]\n[S]\nKey=2\n", "[S]\na=1\n[T]\n[S]\nKey=v\n");
-        row("new key", "[S]\r\na=1\r\n\r\n[T]\r\nKey=1\r\n", "[S]\r\na=1\r\nKey=v\r\n\r\n[T]\r\nKey=1\r\n");
-        row("first of two parts", "[S]\na=1\n[T]\n[s]\nb=2\n", "[S]\na=1\nKey=v\n[T]\n[s]\nb=2\n");
-        row("no line break at the end", "[S]\na=1", "[S]\na=1\nKey=v\n");
-        row("new section", "[T]\nKey=1", "[T]\nKey=1\n[S]\nKey=v\n");
-        row("torn heading", "[T]\n[S", "[T]\n[S\nKey=v\n");
-    }
-
     void AWriteLeavesTheRestAlone()
     {
-        QFETCH(QByteArray, before);
-        if (!before.isEmpty()) Put(before);
-        QVERIFY(Write("S", "Key", u"v"_s));
-        QTEST(Bytes(), "after");
-        QCOMPARE(Text("s", "KEY"), u"v"_s);
+        const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
+            {"empty", "", "[S]\nKey=v\n"},
+            {"only a mark", "\xEF\xBB\xBF", "\xEF\xBB\xBF[S]\nKey=v\n"},
+            {"replaced", "; mine\n\n[s]\n key = \"old\"  \nz\xFFz\n", "; mine\n\n[s]\n key = v  \nz\xFFz\n"},
+            {"was empty", "[S]\nKey=\n[T]\n", "[S]\nKey=v\n[T]\n"},
+            {"only the first", "[S]\nKey=1\nKey=2\n", "[S]\nKey=v\nKey=2\n"},
+            {"the one that is read", "[S]\na=1\n[T]\n[S]\nKey=2\n", "[S]\na=1\n[T]\n[S]\nKey=v\n"},
+            {"new key", "[S]\r\na=1\r\n\r\n[T]\r\nKey=1\r\n", "[S]\r\na=1\r\nKey=v\r\n\r\n[T]\r\nKey=1\r\n"},
+            {"first of two parts", "[S]\na=1\n[T]\n[s]\nb=2\n", "[S]\na=1\nKey=v\n[T]\n[s]\nb=2\n"},
+            {"no line break at the end", "[S]\na=1", "[S]\na=1\nKey=v\n"},
+            {"new section", "[T]\nKey=1", "[T]\nKey=1\n[S]\nKey=v\n"},
+            {"torn heading", "[T]\n[S", "[T]\n[S\nKey=v\n"},
+        };
+        for (const auto& [name, before, after] : rows) {
+            const InRow inRow(this, name);
+            if (!before.isEmpty()) Put(before);
+            QVERIFY(Write("S", "Key", u"v"_s));
+            QCOMPARE(Bytes(), after);
+            QCOMPARE(Text("s", "KEY"), u"v"_s);
+        }
     }
 
     void WhatIsWrittenIsReadBack_data()

@@ -4,7 +4,6 @@
 
 #include <QFont>
 #include <QMimeData>
-#include <QTest>
 #include <QTextBlock>
 
 namespace {
@@ -35,44 +34,37 @@ class LayoutCostTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void wrapFollowsTheWords_data()
-    {
-        QTest::addColumn<QByteArray>("note");
-        QTest::addColumn<QTextOption::WrapMode>("wrap");
-        QTest::addColumn<bool>("isKerned");
-        const auto add = [](const char* name, const QByteArray& note, QTextOption::WrapMode wrap, bool isKerned) {
-            QTest::newRow(name) << note << wrap << isKerned;
-        };
-        const QString digits = u"0123456789"_s;
-        add("one word", Hex.toUtf8(), Anywhere, false);
-        add("a word behind words", QByteArray("note " + Hex.toUtf8() + " note"), Anywhere, false);
-        add("many words of some hundred letters", QString(digits.repeated(30) + u' ').repeated(200).toUtf8(), Anywhere,
-            false);
-        add("a word in short runs", RunsOf("0123", 2000), Anywhere, false);
-        add("blanks that do not break", QString(digits + QChar(QChar::Nbsp)).repeated(600).toUtf8(), Anywhere, false);
-        add("words in short runs", RunsOf("word ", 5000), Usual, false);
-        add("short runs in lines", RunsOf("word\\par ", 5000), Usual, true);
-        add("words", QByteArray("note ").repeated(20000), Usual, true);
-        add("lines", QByteArray(digits.toUtf8() + '\n').repeated(5000), Usual, true);
-        add("a long address", QByteArray("folder/").repeated(2000), Usual, true);
-        add("a script without blanks", u"\u6f22\u5b57"_s.repeated(5000).toUtf8(), Usual, true);
-        add("a word of usual length", Hex.left(3000).toUtf8(), Usual, true);
-    }
-
     void wrapFollowsTheWords()
     {
-        QFETCH(QByteArray, note);
-        QFETCH(QTextOption::WrapMode, wrap);
-        RichTextBox box;
-        box.show();
-        box.SetTextRTF(note);
-        QCOMPARE(box.wordWrapMode(), wrap);
-        QTEST(IsKerned(box), "isKerned");
-        QVERIFY(IsLaidOut(box.document()->firstBlock()));
-        QCOMPARE(box.TextRTF(), note);
-        box.SetTextRTF("another day");
-        QCOMPARE(box.wordWrapMode(), Usual);
-        QVERIFY(IsKerned(box));
+        const QString digits = u"0123456789"_s;
+        const std::tuple<const char*, QByteArray, QTextOption::WrapMode, bool> rows[] = {
+            {"one word", Hex.toUtf8(), Anywhere, false},
+            {"a word behind words", QByteArray("note " + Hex.toUtf8() + " note"), Anywhere, false},
+            {"many words of some hundred letters", QString(digits.repeated(30) + u' ').repeated(200).toUtf8(), Anywhere,
+             false},
+            {"a word in short runs", RunsOf("0123", 2000), Anywhere, false},
+            {"blanks that do not break", QString(digits + QChar(QChar::Nbsp)).repeated(600).toUtf8(), Anywhere, false},
+            {"words in short runs", RunsOf("word ", 5000), Usual, false},
+            {"short runs in lines", RunsOf("word\\par ", 5000), Usual, true},
+            {"words", QByteArray("note ").repeated(20000), Usual, true},
+            {"lines", QByteArray(digits.toUtf8() + '\n').repeated(5000), Usual, true},
+            {"a long address", QByteArray("folder/").repeated(2000), Usual, true},
+            {"a script without blanks", u"\u6f22\u5b57"_s.repeated(5000).toUtf8(), Usual, true},
+            {"a word of usual length", Hex.left(3000).toUtf8(), Usual, true},
+        };
+        for (const auto& [name, note, wrap, isKerned] : rows) {
+            const InRow inRow(this, name);
+            RichTextBox box;
+            box.show();
+            box.SetTextRTF(note);
+            QCOMPARE(box.wordWrapMode(), wrap);
+            QCOMPARE(IsKerned(box), isKerned);
+            QVERIFY(IsLaidOut(box.document()->firstBlock()));
+            QCOMPARE(box.TextRTF(), note);
+            box.SetTextRTF("another day");
+            QCOMPARE(box.wordWrapMode(), Usual);
+            QVERIFY(IsKerned(box));
+        }
     }
 
     void editsAreFollowed()

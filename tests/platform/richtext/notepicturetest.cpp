@@ -8,46 +8,41 @@
 #include "testmain.h"
 
 #include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 class NotePictureTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void FilesGoIn_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("kept"); // as the picture begins
-        const QByteArray png = FileOf(Sample(), "png"), jpeg = FileOf(Sample(), "jpeg");
-        const QByteArray sizes = "\\picw40\\pich20\\picwgoal300\\pichgoal150 ";
-        QTest::newRow("PNG") << png << "{\\pict\\pngblip" + sizes + png.toHex() + '}';
-        QTest::newRow("JPEG") << jpeg << "{\\pict\\jpegblip" + sizes + jpeg.toHex() + '}';
-        QTest::newRow("BMP") << FileOf(Sample(), "bmp") << "{\\pict\\pngblip" + sizes;
-        QTest::newRow("ICO") << FileOf(Sample(), "ico") << "{\\pict\\pngblip" + sizes;
-    }
-
     void FilesGoIn()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QByteArray, kept);
-        QTextDocument document(u"ab"_s);
-        QTextCursor cursor = Selection(document, 1, 2);
-        QVERIFY(InsertPicture(cursor, file, {.exact = {20, 10}}));
-        QCOMPARE(cursor.position(), 2);
-        QVERIFY(!cursor.hasSelection());
-        QVERIFY(GroupAt(document, 1).startsWith(kept));
-        const QByteArray rtf = WriteRtf(document);
-        QTextDocument read;
-        ReadRtf(rtf, read);
-        QCOMPARE(WriteRtf(read), rtf);
-        QVERIFY(IsNear(OnlyPicture(Selection(read, 1, 2))->image.pixelColor(5, 5), g_left));
-        const QTextImageFormat format = Selection(read, 1, 2).charFormat().toImageFormat();
-        QCOMPARE(QSizeF(format.width(), format.height()), QSizeF(20, 10));
-        document.undo();
-        QCOMPARE(document.toPlainText(), u"ab"_s);
+        const QByteArray png = FileOf(Sample(), "png"), jpeg = FileOf(Sample(), "jpeg");
+        const QByteArray sizes = "\\picw40\\pich20\\picwgoal300\\pichgoal150 ";
+        // kept: as the picture begins
+        const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
+            {"PNG", png, "{\\pict\\pngblip" + sizes + png.toHex() + '}'},
+            {"JPEG", jpeg, "{\\pict\\jpegblip" + sizes + jpeg.toHex() + '}'},
+            {"BMP", FileOf(Sample(), "bmp"), "{\\pict\\pngblip" + sizes},
+            {"ICO", FileOf(Sample(), "ico"), "{\\pict\\pngblip" + sizes},
+        };
+        for (const auto& [name, file, kept] : rows) {
+            const InRow inRow(this, name);
+            QTextDocument document(u"ab"_s);
+            QTextCursor cursor = Selection(document, 1, 2);
+            QVERIFY(InsertPicture(cursor, file, {.exact = {20, 10}}));
+            QCOMPARE(cursor.position(), 2);
+            QVERIFY(!cursor.hasSelection());
+            QVERIFY(GroupAt(document, 1).startsWith(kept));
+            const QByteArray rtf = WriteRtf(document);
+            QTextDocument read;
+            ReadRtf(rtf, read);
+            QCOMPARE(WriteRtf(read), rtf);
+            QVERIFY(IsNear(OnlyPicture(Selection(read, 1, 2))->image.pixelColor(5, 5), g_left));
+            const QTextImageFormat format = Selection(read, 1, 2).charFormat().toImageFormat();
+            QCOMPARE(QSizeF(format.width(), format.height()), QSizeF(20, 10));
+            document.undo();
+            QCOMPARE(document.toPlainText(), u"ab"_s);
+        }
     }
 
     void TheLargestImageOfAnIconIsTaken()
@@ -63,28 +58,23 @@ private Q_SLOTS:
         QCOMPARE(OnlyPicture(Selection(document, 0, 1))->image.size(), QSize(64, 64));
     }
 
-    void PhotographsFitTheWidth_data()
-    {
-        QTest::addColumn<QSize>("pixels");
-        QTest::addColumn<int>("width");
-        QTest::addColumn<QSize>("shown");
-        QTest::addColumn<QSize>("kept");
-        QTest::newRow("small") << QSize(40, 20) << 100 << QSize(40, 20) << QSize(40, 20);
-        QTest::newRow("wide") << QSize(150, 50) << 100 << QSize(100, 33) << QSize(150, 50);
-        QTest::newRow("kept no larger than seen") << QSize(1000, 500) << 100 << QSize(100, 50) << QSize(300, 150);
-        QTest::newRow("no width given") << QSize(5000, 100) << 0 << QSize(4096, 82) << QSize(5000, 100);
-    }
-
     void PhotographsFitTheWidth()
     {
-        QFETCH(QSize, pixels);
-        QFETCH(int, width);
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        QVERIFY(InsertPicture(cursor, Sample(pixels), {.width = width}));
-        const auto picture = OnlyPicture(Selection(document, 0, 1));
-        QTEST(picture->shown.toSize(), "shown");
-        QTEST(picture->image.size(), "kept");
+        const std::tuple<const char*, QSize, int, QSize, QSize> rows[] = {
+            {"small", QSize(40, 20), 100, QSize(40, 20), QSize(40, 20)},
+            {"wide", QSize(150, 50), 100, QSize(100, 33), QSize(150, 50)},
+            {"kept no larger than seen", QSize(1000, 500), 100, QSize(100, 50), QSize(300, 150)},
+            {"no width given", QSize(5000, 100), 0, QSize(4096, 82), QSize(5000, 100)},
+        };
+        for (const auto& [name, pixels, width, shown, kept] : rows) {
+            const InRow inRow(this, name);
+            QTextDocument document;
+            QTextCursor cursor(&document);
+            QVERIFY(InsertPicture(cursor, Sample(pixels), {.width = width}));
+            const auto picture = OnlyPicture(Selection(document, 0, 1));
+            QCOMPARE(picture->shown.toSize(), shown);
+            QCOMPARE(picture->image.size(), kept);
+        }
     }
 
     void WhatIsNoPictureChangesNothing()
@@ -111,68 +101,57 @@ private Q_SLOTS:
         QVERIFY(!OnlyPicture(Selection(document, 1, 2)));
     }
 
-    void OnlyPictureIsThatAlone_data()
-    {
-        QTest::addColumn<int>("begin");
-        QTest::addColumn<int>("end");
-        QTest::addColumn<bool>("isPicture");
-        QTest::newRow("picture") << 1 << 2 << true;
-        QTest::newRow("with text") << 0 << 2 << false;
-        QTest::newRow("two") << 1 << 3 << false;
-        QTest::newRow("text") << 0 << 1 << false;
-        QTest::newRow("nothing") << 2 << 2 << false;
-        QTest::newRow("mark before one") << 3 << 4 << false;
-    }
-
     void OnlyPictureIsThatAlone()
     {
-        QFETCH(int, begin);
-        QFETCH(int, end);
-        QTextDocument document;
-        ReadRtf("{\\rtf1 a" + Group("pngblip", FileOf(Sample(), "png")).repeated(2) + "\\par" + Group("jpegblip", "x") +
-                    '}',
-                document);
-        QTEST(OnlyPicture(Selection(document, begin, end)).has_value(), "isPicture");
-        QTEST(OnlyPicture(Selection(document, end, begin)).has_value(), "isPicture");
-    }
-
-    void ImagesOfHtmlBecomePictures_data()
-    {
-        QTest::addColumn<QString>("tag");
-        QTest::addColumn<QString>("text"); // "#" is a picture
-        const QByteArray png = FileOf(Sample(), "png");
-        const QString data = u"data:image/png;base64,"_s + QString::fromLatin1(png.toBase64());
-        QTest::newRow("data") << u"<img src='%1'>"_s.arg(data) << u"a#b"_s;
-        QTest::newRow("data in percent") << u"<img src='data:image/png,%1'>"_s.arg(
-                                                QString::fromLatin1(png.toPercentEncoding()))
-                                         << u"a#b"_s;
-        QTest::newRow("with a size") << u"<img width=20 height=10 src='%1'>"_s.arg(data) << u"a#b"_s;
-        QTest::newRow("two") << u"<img src='%1'><img src='%1'>"_s.arg(data) << u"a##b"_s;
-        QTest::newRow("file") << u"<img src='file://PATH'>"_s << u"a#b"_s;
-        QTest::newRow("file of another machine") << u"<img src='file://otherPATH'>"_s << u"ab"_s;
-        QTest::newRow("plain name of a file") << u"<img src='PATH'>"_s << u"ab"_s;
-        QTest::newRow("device") << u"<img src='file:///dev/zero'>"_s << u"ab"_s;
-        QTest::newRow("remote") << u"<img src='http://127.0.0.1:9/x.png'>"_s << u"ab"_s;
-        QTest::newRow("remote, with words") << u"<img alt='sun' src='https://127.0.0.1:9/x.png'>"_s << u"asunb"_s;
-        QTest::newRow("damaged") << u"<img alt='sun' src='data:image/png;base64,AAAA'><img src='data:'>"_s
-                                 << u"asunb"_s;
+        const std::tuple<const char*, int, int, bool> rows[] = {
+            {"picture", 1, 2, true}, {"with text", 0, 2, false}, {"two", 1, 3, false},
+            {"text", 0, 1, false},   {"nothing", 2, 2, false},   {"mark before one", 3, 4, false},
+        };
+        for (const auto& [name, begin, end, isPicture] : rows) {
+            const InRow inRow(this, name);
+            QTextDocument document;
+            ReadRtf("{\\rtf1 a" + Group("pngblip", FileOf(Sample(), "png")).repeated(2) + "\\par" +
+                        Group("jpegblip", "x") + '}',
+                    document);
+            QCOMPARE(OnlyPicture(Selection(document, begin, end)).has_value(), isPicture);
+            QCOMPARE(OnlyPicture(Selection(document, end, begin)).has_value(), isPicture);
+        }
     }
 
     void ImagesOfHtmlBecomePictures()
     {
-        QFETCH(QString, tag);
-        QTemporaryDir folder;
-        const QString path = folder.filePath(u"sample.png"_s);
-        QVERIFY(Sample().save(path));
-        QTextDocument document;
-        document.setHtml(u'a' + tag.replace(u"PATH"_s, path) + u'b');
-        const int end = AdoptImages(document, 0, document.characterCount() - 1, {});
-        QCOMPARE(end, document.characterCount() - 1);
-        QTEST(document.toPlainText().replace(QChar::ObjectReplacementCharacter, u'#'), "text");
-        if (!document.toPlainText().contains(QChar::ObjectReplacementCharacter)) return;
-        QVERIFY(GroupAt(document, 1).startsWith("{\\pict\\pngblip"));
-        const bool isSized = tag.contains(u"width"_s);
-        QCOMPARE(OnlyPicture(Selection(document, 1, 2))->shown, isSized ? QSizeF(20, 10) : QSizeF(40, 20));
+        const QByteArray png = FileOf(Sample(), "png");
+        const QString data = u"data:image/png;base64,"_s + QString::fromLatin1(png.toBase64());
+        // text: "#" is a picture
+        const std::tuple<const char*, QString, QString> rows[] = {
+            {"data", u"<img src='%1'>"_s.arg(data), u"a#b"_s},
+            {"data in percent", u"<img src='data:image/png,%1'>"_s.arg(QString::fromLatin1(png.toPercentEncoding())),
+             u"a#b"_s},
+            {"with a size", u"<img width=20 height=10 src='%1'>"_s.arg(data), u"a#b"_s},
+            {"two", u"<img src='%1'><img src='%1'>"_s.arg(data), u"a##b"_s},
+            {"file", u"<img src='file://PATH'>"_s, u"a#b"_s},
+            {"file of another machine", u"<img src='file://otherPATH'>"_s, u"ab"_s},
+            {"plain name of a file", u"<img src='PATH'>"_s, u"ab"_s},
+            {"device", u"<img src='file:///dev/zero'>"_s, u"ab"_s},
+            {"remote", u"<img src='http://127.0.0.1:9/x.png'>"_s, u"ab"_s},
+            {"remote, with words", u"<img alt='sun' src='https://127.0.0.1:9/x.png'>"_s, u"asunb"_s},
+            {"damaged", u"<img alt='sun' src='data:image/png;base64,AAAA'><img src='data:'>"_s, u"asunb"_s},
+        };
+        for (const auto& [name, tag, text] : rows) {
+            const InRow inRow(this, name);
+            QTemporaryDir folder;
+            const QString path = folder.filePath(u"sample.png"_s);
+            QVERIFY(Sample().save(path));
+            QTextDocument document;
+            document.setHtml(u'a' + QString(tag).replace(u"PATH"_s, path) + u'b');
+            const int end = AdoptImages(document, 0, document.characterCount() - 1, {});
+            QCOMPARE(end, document.characterCount() - 1);
+            QCOMPARE(document.toPlainText().replace(QChar::ObjectReplacementCharacter, u'#'), text);
+            if (!document.toPlainText().contains(QChar::ObjectReplacementCharacter)) continue;
+            QVERIFY(GroupAt(document, 1).startsWith("{\\pict\\pngblip"));
+            const bool isSized = tag.contains(u"width"_s);
+            QCOMPARE(OnlyPicture(Selection(document, 1, 2))->shown, isSized ? QSizeF(20, 10) : QSizeF(40, 20));
+        }
     }
 };
 

@@ -6,7 +6,6 @@
 #include "testmain.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 namespace {
 
@@ -142,62 +141,53 @@ private Q_SLOTS:
         QVERIFY(group.startsWith(body.first(7)) || body.contains(group));
     }
 
-    void IconsOfMetafilesAreTransparent_data()
-    {
-        QTest::addColumn<bool>("inverts");
-        QTest::newRow("or") << false;
-        QTest::newRow("xor") << true;
-    }
-
     void IconsOfMetafilesAreTransparent()
     {
-        QFETCH(bool, inverts);
-        QImage mask(40, 20, QImage::Format_RGB32), colors(mask.size(), QImage::Format_RGB32);
-        mask.fill(Qt::white);
-        colors.fill(Qt::black);
-        QPainter(&mask).fillRect(0, 0, 20, 20, Qt::black);
-        QPainter(&colors).fillRect(0, 0, 20, 20, g_left);
-        const QByteArray icon = StretchDib(AndLow, AndHigh, mask) +
-                                StretchDib(inverts ? XorLow : OrLow, inverts ? XorHigh : OrHigh, colors);
-        const QImage image = Paint(Group("wmetafile8", Metafile(icon)));
-        QCOMPARE(image.pixelColor(5, 10), g_left);
-        QCOMPARE(image.pixelColor(35, 10), g_ground);
+        for (const bool inverts : {false, true}) {
+            const InRow inRow(this, inverts ? "xor" : "or");
+            QImage mask(40, 20, QImage::Format_RGB32), colors(mask.size(), QImage::Format_RGB32);
+            mask.fill(Qt::white);
+            colors.fill(Qt::black);
+            QPainter(&mask).fillRect(0, 0, 20, 20, Qt::black);
+            QPainter(&colors).fillRect(0, 0, 20, 20, g_left);
+            const QByteArray icon = StretchDib(AndLow, AndHigh, mask) +
+                                    StretchDib(inverts ? XorLow : OrLow, inverts ? XorHigh : OrHigh, colors);
+            const QImage image = Paint(Group("wmetafile8", Metafile(icon)));
+            QCOMPARE(image.pixelColor(5, 10), g_left);
+            QCOMPARE(image.pixelColor(35, 10), g_ground);
+        }
     }
 
-    void WhatCannotBeShownIsAFrame_data()
+    void WhatCannotBeShownIsAFrame()
     {
-        QTest::addColumn<QByteArray>("body");
-        const auto row = [](const char* name, const char* kind, const QByteArray& data) {
-            QTest::newRow(name) << Group(kind, data);
-        };
         QByteArray huge = HandMadeDib(24, {}, QByteArray(64, '\x33'));
         qToLittleEndian<quint32>(20000, huge.data() + 4);
         qToLittleEndian<quint32>(20000, huge.data() + 8);
         QByteArray hugePalette = HandMadeDib(24, {}, QByteArray(64, '\x33'));
         qToLittleEndian<quint32>(0xFFFFFFFF, hugePalette.data() + 32);
-        row("vector", "wmetafile8", Metafile(Record(0x0214, {1, 1}) + Record(0x0213, {5, 5})));
-        row("EMF", "emfblip", "\x01");
-        row("unknown kind", "macpict", FileOf(Sample(), "png"));
-        row("no image", "pngblip", "no image");
-        row("cut off in its header", "pngblip", FileOf(Sample(), "png").first(20));
-        row("huge bitmap", "dibitmap0", huge);
-        row("huge palette", "dibitmap0", hugePalette);
-        row("huge bitmap in a metafile", "wmetafile8",
-            Metafile(Record(0x0F43, {CopyLow, CopyHigh, 0, 1, 1, 0, 0, 1, 1, 0, 0}, huge)));
-        row("bomb", "pngblip", FileOf(QImage(8000, 5000, QImage::Format_Mono), "png"));
-        row("many passes", "jpegblip", FileOf(Sample(), "jpeg") + QByteArray("\xff\xda").repeated(200));
-        row("SVG", "pngblip", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
-        row("records without length", "wmetafile8", Metafile(QByteArray(600, '\0')));
-    }
-
-    void WhatCannotBeShownIsAFrame()
-    {
-        QFETCH(QByteArray, body);
-        const QImage image = Paint(body);
-        QCOMPARE(image.pixelColor(20, 10), QColor(paper::MemoPaper));
-        QCOMPARE(image.pixelColor(0, 10), QColor(paper::SoftInk));
-        QCOMPARE(image.pixelColor(39, 10), QColor(paper::SoftInk));
-        QCOMPARE(image.pixelColor(40, 10), g_ground);
+        const std::pair<const char*, QByteArray> rows[] = {
+            {"vector", Group("wmetafile8", Metafile(Record(0x0214, {1, 1}) + Record(0x0213, {5, 5})))},
+            {"EMF", Group("emfblip", "\x01")},
+            {"unknown kind", Group("macpict", FileOf(Sample(), "png"))},
+            {"no image", Group("pngblip", "no image")},
+            {"cut off in its header", Group("pngblip", FileOf(Sample(), "png").first(20))},
+            {"huge bitmap", Group("dibitmap0", huge)},
+            {"huge palette", Group("dibitmap0", hugePalette)},
+            {"huge bitmap in a metafile",
+             Group("wmetafile8", Metafile(Record(0x0F43, {CopyLow, CopyHigh, 0, 1, 1, 0, 0, 1, 1, 0, 0}, huge)))},
+            {"bomb", Group("pngblip", FileOf(QImage(8000, 5000, QImage::Format_Mono), "png"))},
+            {"many passes", Group("jpegblip", FileOf(Sample(), "jpeg") + QByteArray("\xff\xda").repeated(200))},
+            {"SVG", Group("pngblip", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")},
+            {"records without length", Group("wmetafile8", Metafile(QByteArray(600, '\0')))},
+        };
+        for (const auto& [name, body] : rows) {
+            const InRow inRow(this, name);
+            const QImage image = Paint(body);
+            QCOMPARE(image.pixelColor(20, 10), QColor(paper::MemoPaper));
+            QCOMPARE(image.pixelColor(0, 10), QColor(paper::SoftInk));
+            QCOMPARE(image.pixelColor(39, 10), QColor(paper::SoftInk));
+            QCOMPARE(image.pixelColor(40, 10), g_ground);
+        }
     }
 
     void DamagedOnesDoNoHarm()
@@ -222,30 +212,25 @@ private Q_SLOTS:
     }
 
     // Every pixel of the icon falls on one of the screen, even behind text that ends between two of them.
-    void IconsAreSharpOnFineScreens_data()
-    {
-        QTest::addColumn<QByteArray>("before");
-        QTest::newRow("at the margin") << QByteArray();
-        QTest::newRow("behind text") << QByteArray("\\fs17 ill ");
-    }
-
     void IconsAreSharpOnFineScreens()
     {
-        QFETCH(QByteArray, before);
-        QImage icon(64, 64, QImage::Format_RGB32);
-        QRandomGenerator random(3);
-        for (int i = 0; i < 64 * 64; ++i)
-            icon.setPixelColor(i % 64, i / 64, QColor(random.bounded(256), 0, 255));
-        const QImage image = Paint(before + Group("pngblip", FileOf(icon, "png"), {32, 32}), 2);
-        int left = 0;
-        while (left < 100 && image.pixelColor(left, 10).blue() != 255)
-            ++left;
-        int top = 0;
-        while (top < 100 && image.pixelColor(left, top).blue() != 255)
-            ++top;
-        QImage shown = image.copy(left, top, 64, 64);
-        shown.setDevicePixelRatio(1);
-        QCOMPARE(shown, icon);
+        for (const char* before : {"", "\\fs17 ill "}) {
+            const InRow inRow(this, before);
+            QImage icon(64, 64, QImage::Format_RGB32);
+            QRandomGenerator random(3);
+            for (int i = 0; i < 64 * 64; ++i)
+                icon.setPixelColor(i % 64, i / 64, QColor(random.bounded(256), 0, 255));
+            const QImage image = Paint(before + Group("pngblip", FileOf(icon, "png"), {32, 32}), 2);
+            int left = 0;
+            while (left < 100 && image.pixelColor(left, 10).blue() != 255)
+                ++left;
+            int top = 0;
+            while (top < 100 && image.pixelColor(left, top).blue() != 255)
+                ++top;
+            QImage shown = image.copy(left, top, 64, 64);
+            shown.setDevicePixelRatio(1);
+            QCOMPARE(shown, icon);
+        }
     }
 };
 

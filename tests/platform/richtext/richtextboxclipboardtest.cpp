@@ -6,14 +6,11 @@
 #include "support.h"
 #include "testmain.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTextBlock>
 #include <QUrl>
 
-using namespace Qt::StringLiterals;
 using Offers = QHash<QString, QByteArray>;
 Q_DECLARE_METATYPE(Offers)
 
@@ -80,33 +77,32 @@ private Q_SLOTS:
         QCOMPARE(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), Sample());
     }
 
-    void ComesBackTheSame_data()
-    {
-        QTest::addColumn<QByteArray>("body");
-        QTest::newRow("formats") << QByteArray("a\\b b\\i\\cf1 c\\plain\\par\\qc\\li300 d\\tab e\\par\\pard f");
-        QTest::newRow("pictures") << "a" + Group("pngblip", g_png) + "\\par" + Group("macpict", "x") +
-                                         "{\\object{\\*\\objdata 01}{\\result" + Group("jpegblip", g_jpeg) + "}}";
-        QTest::newRow("one picture") << Group("pngblip", g_png);
-        QTest::newRow("empty paragraphs") << QByteArray("\\par\\par a\\par\\par");
-    }
-
     void ComesBackTheSame()
     {
-        QFETCH(QByteArray, body);
-        Box from, to;
-        from.Set(body);
-        to.Set("before {\\b there}");
-        const QByteArray before = WriteRtf(*to.document());
-        from.selectAll();
-        from.copy();
-        to.selectAll();
-        to.paste();
-        QCOMPARE(to.TextRTF(), WriteRtf(*from.document()));
-        to.undo();
-        QCOMPARE(WriteRtf(*to.document()), before);
-        QVERIFY(!to.document()->isUndoAvailable());
-        to.redo();
-        QCOMPARE(to.TextRTF(), WriteRtf(*from.document()));
+        const std::pair<const char*, QByteArray> rows[] = {
+            {"formats", "a\\b b\\i\\cf1 c\\plain\\par\\qc\\li300 d\\tab e\\par\\pard f"},
+            {"pictures", "a" + Group("pngblip", g_png) + "\\par" + Group("macpict", "x") +
+                             "{\\object{\\*\\objdata 01}{\\result" + Group("jpegblip", g_jpeg) + "}}"},
+            {"one picture", Group("pngblip", g_png)},
+            {"empty paragraphs", "\\par\\par a\\par\\par"},
+        };
+        for (const auto& [name, body] : rows) {
+            const InRow inRow(this, name);
+            Box from, to;
+            from.Set(body);
+            to.Set("before {\\b there}");
+            const QByteArray before = WriteRtf(*to.document());
+            from.selectAll();
+            from.copy();
+            to.selectAll();
+            to.paste();
+            QCOMPARE(to.TextRTF(), WriteRtf(*from.document()));
+            to.undo();
+            QCOMPARE(WriteRtf(*to.document()), before);
+            QVERIFY(!to.document()->isUndoAvailable());
+            to.redo();
+            QCOMPARE(to.TextRTF(), WriteRtf(*from.document()));
+        }
     }
 
     void TakesTheBestForm_data()

@@ -5,7 +5,6 @@
 #include "testmain.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 const QByteArray
@@ -17,36 +16,33 @@ class RichTextBoxFilesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void untouchedContentIsGivenBackByteByByte_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("rich") << g_rtf << u"Choir 19:00\n bring   notes"_s;
-        QTest::newRow("odd rich") << QByteArray("{\\rtf1 \\unknown\\b}}}} x") << QString();
-        QTest::newRow("plain") << QByteArray("Dentist\r\n10:30 \xc3\xa4") << u"Dentist\n10:30 \u00e4"_s;
-        QTest::newRow("blank") << QByteArray(" ") << u" "_s;
-        QTest::newRow("nothing") << QByteArray() << QString();
-    }
-
     void untouchedContentIsGivenBackByteByByte()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, text);
-        RichTextBox box;
-        box.SetTextRTF(content);
-        if (!text.isEmpty()) QCOMPARE(box.Text(), text);
-        Select(box, 0, 3);
-        QVERIFY(!box.Modified());
-        QCOMPARE(box.TextRTF(), content);
+        const std::tuple<const char*, QByteArray, QString> rows[] = {
+            {"rich", g_rtf, u"Choir 19:00\n bring   notes"_s},
+            {"odd rich", "{\\rtf1 \\unknown\\b}}}} x", u""_s},
+            {"plain", "Dentist\r\n10:30 \xc3\xa4", u"Dentist\n10:30 \u00e4"_s},
+            {"blank", " ", u" "_s},
+            {"nothing", "", u""_s},
+        };
+        for (const auto& [name, content, text] : rows) {
+            const InRow inRow(this, name);
+            RichTextBox box;
+            box.SetTextRTF(content);
+            if (!text.isEmpty()) QCOMPARE(box.Text(), text);
+            Select(box, 0, 3);
+            QVERIFY(!box.Modified());
+            QCOMPARE(box.TextRTF(), content);
 
-        box.moveCursor(QTextCursor::End);
-        QTest::keyClicks(&box, u"!"_s);
-        QVERIFY(box.Modified());
-        QVERIFY(box.TextRTF() != content);
-        QVERIFY(box.TextRTF().startsWith("{\\rtf"));
-        box.undo();
-        QVERIFY(!box.Modified());
-        QCOMPARE(box.TextRTF(), content);
+            box.moveCursor(QTextCursor::End);
+            QTest::keyClicks(&box, u"!"_s);
+            QVERIFY(box.Modified());
+            QVERIFY(box.TextRTF() != content);
+            QVERIFY(box.TextRTF().startsWith("{\\rtf"));
+            box.undo();
+            QVERIFY(!box.Modified());
+            QCOMPARE(box.TextRTF(), content);
+        }
     }
 
     // A save clears the flag; what it saved must not fall back to what had been read before.
@@ -109,25 +105,20 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), u"kept"_s);
     }
 
-    void fullDiskLeavesTheOldFile_data()
-    {
-        QTest::addColumn<int>("words");
-        QTest::newRow("fails in the buffer") << 1500;
-        QTest::newRow("falls short") << 20000;
-    }
-
     void fullDiskLeavesTheOldFile()
     {
-        QFETCH(int, words);
-        QTemporaryDir directory;
-        const QString path = directory.filePath(u"dayview.rtf"_s);
-        RichTextBox box;
-        box.SetTextRTF(g_rtf);
-        box.SaveFile(path);
-        box.SetText(u"long "_s.repeated(words));
-        const FullDisk full(4096);
-        QCOMPARE(ErrorOf([&] { box.SaveFile(path); }), errors::PathFileAccess);
-        QCOMPARE(Content(path), g_rtf);
+        for (const int words : {1500, 20000}) { // fails in the buffer, falls short
+            const InRow inRow(this, QString::number(words));
+            QTemporaryDir directory;
+            const QString path = directory.filePath(u"dayview.rtf"_s);
+            RichTextBox box;
+            box.SetTextRTF(g_rtf);
+            box.SaveFile(path);
+            box.SetText(u"long "_s.repeated(words));
+            const FullDisk full(4096);
+            QCOMPARE(ErrorOf([&] { box.SaveFile(path); }), errors::PathFileAccess);
+            QCOMPARE(Content(path), g_rtf);
+        }
     }
 };
 

@@ -2,12 +2,10 @@
 #include "notes.h"
 #include "testmain.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QDialog>
 #include <QFocusEvent>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
 
 namespace {
@@ -150,44 +148,37 @@ private Q_SLOTS:
         QVERIFY(!QApplication::activePopupWidget());
     }
 
-    void keysWithText_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("text");
-        const Qt::KeyboardModifiers none, control(Qt::ControlModifier);
-        QTest::newRow("letter") << int(Qt::Key_A) << none << u"a"_s << u"abcd"_s;
-        QTest::newRow("backspace") << int(Qt::Key_Backspace) << none << u"\b"_s << u"cd"_s;
-        QTest::newRow("return") << int(Qt::Key_Return) << none << u"\r"_s << u"b\ncd"_s;
-        QTest::newRow("tab") << int(Qt::Key_Tab) << control << u"\t"_s << u"b\tcd"_s;
-        QTest::newRow("escape") << int(Qt::Key_Escape) << none << u"\x1b"_s << u"bcd"_s;
-        QTest::newRow("umlaut") << 0xe4 << none << u"\u00e4"_s << u"b\u00e4cd"_s;
-    }
-
     void keysWithText()
     {
-        QFETCH(int, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(QString, typed);
-        QFETCH(QString, text);
-        Boxes boxes;
-        bool drop = true;
-        QList<int> keys;
-        connect(&boxes.first, &RichTextBox::KeyPress, this, [&](int& keyAscii) {
-            keys << keyAscii;
-            if (drop) keyAscii = 0;
-        });
-        boxes.first.SetText(u"bcd"_s);
-        boxes.first.SetSelStart(key == Qt::Key_A ? 0 : 1);
-        const auto press = [&] { QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key(key), typed, modifiers); };
-        press();
-        QCOMPARE(boxes.first.Text(), u"bcd"_s);
-        QVERIFY(!boxes.first.Modified());
-        drop = false;
-        press();
-        QCOMPARE(boxes.first.Text(), text);
-        QCOMPARE(keys, QList<int>(2, typed.front().unicode()));
+        const Qt::KeyboardModifiers none, control(Qt::ControlModifier);
+        const std::tuple<const char*, int, Qt::KeyboardModifiers, QString, QString> rows[] = {
+            {"letter", Qt::Key_A, none, u"a"_s, u"abcd"_s},
+            {"backspace", Qt::Key_Backspace, none, u"\b"_s, u"cd"_s},
+            {"return", Qt::Key_Return, none, u"\r"_s, u"b\ncd"_s},
+            {"tab", Qt::Key_Tab, control, u"\t"_s, u"b\tcd"_s},
+            {"escape", Qt::Key_Escape, none, u"\x1b"_s, u"bcd"_s},
+            {"umlaut", 0xe4, none, u"\u00e4"_s, u"b\u00e4cd"_s},
+        };
+        for (const auto& [name, key, modifiers, typed, text] : rows) {
+            const InRow inRow(this, name);
+            Boxes boxes;
+            bool drop = true;
+            QList<int> keys;
+            connect(&boxes.first, &RichTextBox::KeyPress, this, [&](int& keyAscii) {
+                keys << keyAscii;
+                if (drop) keyAscii = 0;
+            });
+            boxes.first.SetText(u"bcd"_s);
+            boxes.first.SetSelStart(key == Qt::Key_A ? 0 : 1);
+            const auto press = [&] { QTest::sendKeyEvent(QTest::Click, &boxes.first, Qt::Key(key), typed, modifiers); };
+            press();
+            QCOMPARE(boxes.first.Text(), u"bcd"_s);
+            QVERIFY(!boxes.first.Modified());
+            drop = false;
+            press();
+            QCOMPARE(boxes.first.Text(), text);
+            QCOMPARE(keys, QList<int>(2, typed.front().unicode()));
+        }
     }
 
     void keysWithoutText()
@@ -387,64 +378,60 @@ private Q_SLOTS:
         QCOMPARE(texts(), u"first new/other second"_s); // in one of them
     }
 
-    void typedTextLooksLikeTheCaret_data()
-    {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("shown");
-        const auto row = [](const char* name, const char* keys, const char* shown) {
-            QTest::newRow(name) << QString::fromLatin1(keys) << QString::fromLatin1(shown);
-        };
-        row("behind an empty line", "ab$$cd", "AB||CD");
-        row("in the empty line", "ab$$cd^x", "AB|X|CD");
-        row("read again", "ab$$#cd", "AB||CD");
-        row("lines alone, read again", "$$#cd", "||CD");
-        row("above the first line", "ab{$^x", "X|AB");
-        row("taken back", "ab$$cdZ$e", "AB|||E");
-        row("chosen by hand", "ab$-$cd^x", "AB|x|cd");
-        row("chosen by hand and left", "ab$-^vcd", "AB|cd");
-        row("emptied", "ab$-cd<<^ve", "AB|e");
-        row("emptied, read again", "ab$-cd<<#e", "AB|e");
-        row("back into an empty line", "ab$$-cd<<<x", "AB|X");
-        row("over a selection to the left", "a-b+c((x", "Ax");
-        row("over a selection to the right", "-a+b{)x", "x");
-        row("a line over a selection", "-a+b{)$x", "|x");
-        row("by an input method", "~$$~", "I||I");
-        row("by an input method, over a selection", "-a+b{)~", "i");
-    }
-
     void typedTextLooksLikeTheCaret()
     {
-        QFETCH(QString, keys);
-        RichTextBox box;
-        box.SetBlankFormat(QFont(u"Arial"_s, 16, QFont::Bold), 0xff);
-        const QHash<QChar, QKeyCombination> moves{
-            {u'$', Qt::Key_Return}, {u'<', Qt::Key_Backspace},        {u'^', Qt::Key_Up},
-            {u'v', Qt::Key_Down},   {u'(', Qt::SHIFT | Qt::Key_Left}, {u')', Qt::SHIFT | Qt::Key_End},
-            {u'{', Qt::Key_Home}};
-        for (const QChar key : keys) {
-            if (key == u'#') {
-                box.SetTextRTF(box.TextRTF());
-                box.moveCursor(QTextCursor::End);
-            } else if (key == u'Z') {
-                box.undo();
-            } else if (key == u'+' || key == u'-') {
-                box.SetSelBold(key == u'+');
-            } else if (key == u'~') {
-                SendPreedit(box, u"?"_s);
-                SendPreedit(box, {}, u"i"_s);
-            } else if (moves.contains(key)) {
-                QTest::keyClick(&box, moves[key].key(), moves[key].keyboardModifiers());
-            } else {
-                QTest::keyClicks(&box, key);
+        const std::tuple<const char*, QString, QString> rows[] = {
+            {"behind an empty line", u"ab$$cd"_s, u"AB||CD"_s},
+            {"in the empty line", u"ab$$cd^x"_s, u"AB|X|CD"_s},
+            {"read again", u"ab$$#cd"_s, u"AB||CD"_s},
+            {"lines alone, read again", u"$$#cd"_s, u"||CD"_s},
+            {"above the first line", u"ab{$^x"_s, u"X|AB"_s},
+            {"taken back", u"ab$$cdZ$e"_s, u"AB|||E"_s},
+            {"chosen by hand", u"ab$-$cd^x"_s, u"AB|x|cd"_s},
+            {"chosen by hand and left", u"ab$-^vcd"_s, u"AB|cd"_s},
+            {"emptied", u"ab$-cd<<^ve"_s, u"AB|e"_s},
+            {"emptied, read again", u"ab$-cd<<#e"_s, u"AB|e"_s},
+            {"back into an empty line", u"ab$$-cd<<<x"_s, u"AB|X"_s},
+            {"over a selection to the left", u"a-b+c((x"_s, u"Ax"_s},
+            {"over a selection to the right", u"-a+b{)x"_s, u"x"_s},
+            {"a line over a selection", u"-a+b{)$x"_s, u"|x"_s},
+            {"by an input method", u"~$$~"_s, u"I||I"_s},
+            {"by an input method, over a selection", u"-a+b{)~"_s, u"i"_s},
+        };
+        for (const auto& [name, keys, wanted] : rows) {
+            const InRow inRow(this, name);
+            RichTextBox box;
+            box.SetBlankFormat(QFont(u"Arial"_s, 16, QFont::Bold), 0xff);
+            const QHash<QChar, QKeyCombination> moves{
+                {u'$', Qt::Key_Return}, {u'<', Qt::Key_Backspace},        {u'^', Qt::Key_Up},
+                {u'v', Qt::Key_Down},   {u'(', Qt::SHIFT | Qt::Key_Left}, {u')', Qt::SHIFT | Qt::Key_End},
+                {u'{', Qt::Key_Home}};
+            for (const QChar key : keys) {
+                if (key == u'#') {
+                    box.SetTextRTF(box.TextRTF());
+                    box.moveCursor(QTextCursor::End);
+                } else if (key == u'Z') {
+                    box.undo();
+                } else if (key == u'+' || key == u'-') {
+                    box.SetSelBold(key == u'+');
+                } else if (key == u'~') {
+                    SendPreedit(box, u"?"_s);
+                    SendPreedit(box, {}, u"i"_s);
+                } else if (moves.contains(key)) {
+                    QTest::keyClick(&box, moves[key].key(), moves[key].keyboardModifiers());
+                } else {
+                    QTest::keyClicks(&box, key);
+                }
             }
+            QString shown =
+                box.Text().replace(u'\n', u'|'); // what is not as it was set from the start in small letters
+            for (int i = 0; i < shown.size(); ++i) {
+                Select(box, i, 1);
+                const bool isAsSet = box.SelBold() == true && box.SelColor() == 0xffU && box.SelFontSize() == 16.0;
+                if (isAsSet) shown[i] = shown[i].toUpper();
+            }
+            QCOMPARE(shown, wanted);
         }
-        QString shown = box.Text().replace(u'\n', u'|'); // what is not as it was set from the start in small letters
-        for (int i = 0; i < shown.size(); ++i) {
-            Select(box, i, 1);
-            const bool isAsSet = box.SelBold() == true && box.SelColor() == 0xffU && box.SelFontSize() == 16.0;
-            if (isAsSet) shown[i] = shown[i].toUpper();
-        }
-        QTEST(shown, "shown");
     }
 
     void caretMovesAreTold()

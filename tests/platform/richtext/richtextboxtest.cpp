@@ -7,7 +7,6 @@
 
 #include <QImage>
 #include <QScrollBar>
-#include <QTest>
 #include <QTextBlock>
 
 #include <limits>

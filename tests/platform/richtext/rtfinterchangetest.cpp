@@ -5,15 +5,12 @@
 #include "testmain.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryFile>
-#include <QTest>
 #include <QTextCursor>
 #include <QTextDocument>
 
 #include <functional>
 
-using namespace Qt::StringLiterals;
 using SetFormat = std::function<void(QTextCharFormat&)>;
 Q_DECLARE_METATYPE(SetFormat)
 
@@ -64,71 +61,60 @@ private Q_SLOTS:
         QCOMPARE(TextOfOtherReader(document), u"Tea {5} \\ 7; now second -1 third line"_s);
     }
 
-    void FormatAsAnotherReaderReadsIt_data()
-    {
-        QTest::addColumn<SetFormat>("set");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("html");
-        using Format = QTextCharFormat&;
-        const auto row = [](const char* name, const QString& html, SetFormat set, const QString& text = u"x"_s) {
-            QTest::newRow(name) << set << text << html;
-        };
-        row("bold", u"<b>x</b>"_s, [](Format f) { f.setFontWeight(QFont::Bold); });
-        row("italic", u"<i>x</i>"_s, [](Format f) { f.setFontItalic(true); });
-        row("underline", u"<u>x</u>"_s, [](Format f) { f.setFontUnderline(true); });
-        row("struck through", u"<s>x</s>"_s, [](Format f) { f.setFontStrikeOut(true); });
-        row("raised", u"<sup>x</sup>"_s, [](Format f) { f.setVerticalAlignment(QTextCharFormat::AlignSuperScript); });
-        row("lowered", u"<sub>x</sub>"_s, [](Format f) { f.setVerticalAlignment(QTextCharFormat::AlignSubScript); });
-        row("colour", u"<font color=\"#123456\">x</font>"_s, [](Format f) { f.setForeground(QColor(18, 52, 86)); });
-        row("size", u"<span style=\"font-size:20pt\">x</span>"_s, [](Format f) { f.setFontPointSize(20); });
-        row("family", u"<font face=\"Courier New\">x"_s, [](Format f) { f.setFontFamilies({u"Courier New"_s}); });
-        row(
-            "signs", u"&alpha;&Sigma;"_s, [](Format f) { f.setFontFamilies({u"Symbol"_s}); }, u"αΣ"_s);
-        row(
-            "letters of the west", u"caf&eacute; &euro;"_s, [](Format) {}, u"café €"_s);
-        row(
-            "other letters", u"&#1078;"_s, [](Format) {}, u"ж"_s);
-    }
-
     void FormatAsAnotherReaderReadsIt()
     {
-        QFETCH(SetFormat, set);
-        QFETCH(QString, text);
-        QFETCH(QString, html);
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.insertText(u"before "_s, Plain());
-        QTextCharFormat format = Plain();
-        set(format);
-        cursor.insertText(text, format);
-        cursor.insertText(u" after"_s, Plain());
-        const QString read = OtherReader("--html", document);
-        QVERIFY2(read.contains(html), qPrintable(read));
-    }
-
-    void WhatOthersWrite_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("text"); // "|" ends a paragraph
-        const auto row = [](const char* file, const QString& text) {
-            QTest::newRow(file) << QString::fromLatin1(file) << text;
+        using Format = QTextCharFormat&;
+        const std::tuple<const char*, SetFormat, QString, QString> rows[] = {
+            {"bold", [](Format f) { f.setFontWeight(QFont::Bold); }, u"x"_s, u"<b>x</b>"_s},
+            {"italic", [](Format f) { f.setFontItalic(true); }, u"x"_s, u"<i>x</i>"_s},
+            {"underline", [](Format f) { f.setFontUnderline(true); }, u"x"_s, u"<u>x</u>"_s},
+            {"struck through", [](Format f) { f.setFontStrikeOut(true); }, u"x"_s, u"<s>x</s>"_s},
+            {"raised", [](Format f) { f.setVerticalAlignment(QTextCharFormat::AlignSuperScript); }, u"x"_s,
+             u"<sup>x</sup>"_s},
+            {"lowered", [](Format f) { f.setVerticalAlignment(QTextCharFormat::AlignSubScript); }, u"x"_s,
+             u"<sub>x</sub>"_s},
+            {"colour", [](Format f) { f.setForeground(QColor(18, 52, 86)); }, u"x"_s,
+             u"<font color=\"#123456\">x</font>"_s},
+            {"size", [](Format f) { f.setFontPointSize(20); }, u"x"_s, u"<span style=\"font-size:20pt\">x</span>"_s},
+            {"family", [](Format f) { f.setFontFamilies({u"Courier New"_s}); }, u"x"_s,
+             u"<font face=\"Courier New\">x"_s},
+            {"signs", [](Format f) { f.setFontFamilies({u"Symbol"_s}); }, u"αΣ"_s, u"&alpha;&Sigma;"_s},
+            {"letters of the west", [](Format) {}, u"café €"_s, u"caf&eacute; &euro;"_s},
+            {"other letters", [](Format) {}, u"ж"_s, u"&#1078;"_s},
         };
-        row("editcontrol.rtf", u"Milk and bread|•\ttwo\tthree|•\tfour|five\u2028sixseven"_s);
-        row("wordprocessor.rtf", u"příliš žluť|Łybox|last"_s);
-        row("foreign.rtf", u"One|two–\u2028three"_s);
-        row("tables.rtf", u"a\tb|x\ty|c\td|after"_s);
-        row("fields.rtf", u"See here anda|b, page 7 n m."_s);
-        row("plain.rtf", u"No rich text: grüße {a} \\b|next line|"_s);
+        for (const auto& [name, set, text, html] : rows) {
+            const InRow inRow(this, name);
+            QTextDocument document;
+            QTextCursor cursor(&document);
+            cursor.insertText(u"before "_s, Plain());
+            QTextCharFormat format = Plain();
+            set(format);
+            cursor.insertText(text, format);
+            cursor.insertText(u" after"_s, Plain());
+            const QString read = OtherReader("--html", document);
+            QVERIFY2(read.contains(html), qPrintable(read));
+        }
     }
 
     void WhatOthersWrite()
     {
-        QFETCH(QString, file);
-        QFile corpus(QStringLiteral(RTF_CORPUS "/") + file);
-        QVERIFY(corpus.open(QIODevice::ReadOnly));
-        QTextDocument document;
-        ReadRtf(corpus.readAll(), document);
-        QTEST(document.toRawText().replace(QChar::ParagraphSeparator, u'|'), "text");
+        // text: "|" ends a paragraph
+        const std::pair<QString, QString> rows[] = {
+            {u"editcontrol.rtf"_s, u"Milk and bread|•\ttwo\tthree|•\tfour|five\u2028sixseven"_s},
+            {u"wordprocessor.rtf"_s, u"příliš žluť|Łybox|last"_s},
+            {u"foreign.rtf"_s, u"One|two–\u2028three"_s},
+            {u"tables.rtf"_s, u"a\tb|x\ty|c\td|after"_s},
+            {u"fields.rtf"_s, u"See here anda|b, page 7 n m."_s},
+            {u"plain.rtf"_s, u"No rich text: grüße {a} \\b|next line|"_s},
+        };
+        for (const auto& [file, text] : rows) {
+            const InRow inRow(this, file);
+            QFile corpus(QStringLiteral(RTF_CORPUS "/") + file);
+            QVERIFY(corpus.open(QIODevice::ReadOnly));
+            QTextDocument document;
+            ReadRtf(corpus.readAll(), document);
+            QCOMPARE(document.toRawText().replace(QChar::ParagraphSeparator, u'|'), text);
+        }
     }
 };
 

@@ -4,12 +4,10 @@
 #include "platform/richtext/samplepictures.h"
 #include "testmain.h"
 
-#include <QTest>
 #include <QTextBlock>
 
 #include <functional>
 
-using namespace Qt::StringLiterals;
 using CharCheck = std::function<bool(const QTextCharFormat&)>;
 using BlockCheck = std::function<bool(const QTextBlockFormat&)>;
 Q_DECLARE_METATYPE(CharCheck)

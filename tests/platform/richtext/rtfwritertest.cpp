@@ -10,14 +10,11 @@
 #include "testmain.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -284,31 +281,28 @@ private Q_SLOTS:
         QVERIFY(format.fontItalic() && format.fontUnderline() && format.fontStrikeOut());
     }
 
-    void SelectionAlone_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("to");
-        QTest::addColumn<QString>("inserted"); // into "<>"
-        QTest::newRow("within a paragraph") << 1 << 2 << u"<b>"_s;
-        QTest::newRow("with its mark") << 1 << 4 << u"<bc\u2029>"_s;
-        QTest::newRow("over paragraphs") << 2 << 6 << u"<c\u2029d\u2029>"_s;
-        QTest::newRow("all") << 0 << 8 << u"<abc\u2029d\u2029ef>"_s;
-        QTest::newRow("nothing") << 3 << 3 << u"<>"_s;
-    }
-
     void SelectionAlone()
     {
-        QFETCH(int, from);
-        QFETCH(int, to);
-        QTextDocument document(u"abc\nd\nef"_s);
-        QTextCursor cursor(&document);
-        cursor.setPosition(to);
-        cursor.setPosition(from, QTextCursor::KeepAnchor);
-        QTextDocument target(u"<>"_s);
-        QTextCursor at(&target);
-        at.setPosition(1);
-        InsertRtf(WriteRtf(cursor), at);
-        QTEST(target.toRawText(), "inserted");
+        // inserted: into "<>"
+        const std::tuple<const char*, int, int, QString> rows[] = {
+            {"within a paragraph", 1, 2, u"<b>"_s},
+            {"with its mark", 1, 4, u"<bc\u2029>"_s},
+            {"over paragraphs", 2, 6, u"<c\u2029d\u2029>"_s},
+            {"all", 0, 8, u"<abc\u2029d\u2029ef>"_s},
+            {"nothing", 3, 3, u"<>"_s},
+        };
+        for (const auto& [name, from, to, inserted] : rows) {
+            const InRow inRow(this, name);
+            QTextDocument document(u"abc\nd\nef"_s);
+            QTextCursor cursor(&document);
+            cursor.setPosition(to);
+            cursor.setPosition(from, QTextCursor::KeepAnchor);
+            QTextDocument target(u"<>"_s);
+            QTextCursor at(&target);
+            at.setPosition(1);
+            InsertRtf(WriteRtf(cursor), at);
+            QCOMPARE(target.toRawText(), inserted);
+        }
     }
 };
 

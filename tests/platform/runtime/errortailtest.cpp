@@ -4,7 +4,6 @@
 #include "testmain.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 

@@ -3,43 +3,35 @@
 #include "platform/runtime/runtimeerror.h"
 #include "testmain.h"
 
-#include <QTest>
-
 class LanguageTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ValReadsTheNumberAtTheStart_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("value");
-        const auto row = [](const char* text, double value) {
-            QTest::newRow(text) << QString::fromLatin1(text) << value;
-        };
-        row("", 0);
-        row("7/", 7);
-        row("  12", 12);
-        row("Memo3", 0);
-        row("-5x", -5);
-        row("- 5", 0);
-        row(".5", 0.5);
-        row("1.25.7", 1.25);
-        row("&H808080", 0x808080);
-        row("&HFF&", 0xFF);
-        row("&hffff", -1);
-        row("&HFFFF&", 0xFFFF);
-        row("&H0080FFFF&", 0x80FFFF);
-        row("&HZ", 0);
-        row("&H123456789AB", 0x12345678);
-        row("99999999999999999999999999", 1e26);
-    }
-
     void ValReadsTheNumberAtTheStart()
     {
-        QFETCH(QString, text);
-        QFETCH(double, value);
-        QCOMPARE(Val(text), value);
+        const std::pair<QString, double> rows[] = {
+            {u""_s, 0},
+            {u"7/"_s, 7},
+            {u"  12"_s, 12},
+            {u"Memo3"_s, 0},
+            {u"-5x"_s, -5},
+            {u"- 5"_s, 0},
+            {u".5"_s, 0.5},
+            {u"1.25.7"_s, 1.25},
+            {u"&H808080"_s, 0x808080},
+            {u"&HFF&"_s, 0xFF},
+            {u"&hffff"_s, -1},
+            {u"&HFFFF&"_s, 0xFFFF},
+            {u"&H0080FFFF&"_s, 0x80FFFF},
+            {u"&HZ"_s, 0},
+            {u"&H123456789AB"_s, 0x12345678},
+            {u"99999999999999999999999999"_s, 1e26},
+        };
+        for (const auto& [text, value] : rows) {
+            const InRow inRow(this, text);
+            QCOMPARE(Val(text), value);
+        }
     }
 
     void IntegersThatDoNotFitAreAnOverflow()
