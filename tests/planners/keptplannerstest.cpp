@@ -1,5 +1,3 @@
-#include "platform/controls/picturebutton.h"
-#include "recurrence/recurform.h"
 #include "testmain.h"
 #include "workgroupprogram.h"
 
@@ -30,17 +28,6 @@ class KeptPlannersTest : public QObject
         program.Open(program.File, kind != u"personal");
     }
 
-    static QString NextEvent(const WorkgroupProgram& program)
-    {
-        QString text;
-        program.InWindow<RecurForm>("mnuRecurse", [&](RecurForm& form) {
-            QTest::mouseClick(&In<PictureButton>(form, "picRightSpin"), Qt::LeftButton);
-            text = In<RichTextBox>(form, "tbRecurse").Text();
-            form.reject();
-        });
-        return text;
-    }
-
 private Q_SLOTS:
     void AllThatItHoldsIsShownAndMoreCanBeWritten_data()
     {
@@ -64,10 +51,13 @@ private Q_SLOTS:
         QCOMPARE(program.Box(Memo1).Text(), u"Call the joiner"_s);
         QVERIFY(program.form->findChild<QToolButton*>(u"btnTunes(22)"_s));
         QVERIFY(!program.form->findChild<QToolButton*>(u"btnTunes(24)"_s));
-        QCOMPARE(NextEvent(program), u"Choir"_s);
+        const Recordset events = schema::OpenRecursions(g_dbPlanner);
+        QCOMPARE(events.Fields(u"Frequency"_s).toString(), u"WEEKLY"_s);
+        QCOMPARE(PlainText(events.Fields(u"Recursion Text"_s).toByteArray()), u"Choir"_s);
 
         program.Click(Meeting);
         if (kind != u"personal") program.PressLock();
+        QTest::keyClick(&program.Box(Meeting), Qt::Key_Home);
         QTest::keyClicks(&program.Box(Meeting), u"Today: "_s);
         if (kind != u"personal") program.PressLock();
         program.Exit();
