@@ -18,13 +18,11 @@ class AppearanceTest : public QObject
     void Customize(const char* entry, const QString& sample, std::function<void(QFontDialog&)> choose,
                    Qt::Key key = Qt::Key_Return)
     {
-        OnNextModal<StyleForm>([=](StyleForm& form) {
+        m_program->InWindow<StyleForm>(entry, [=](StyleForm& form) {
             AnswerFontDialog(choose);
             QTest::mouseClick(form.findChild<SSPanel*>(sample), Qt::LeftButton);
             QTest::keyClick(&form, key);
         });
-        m_program->Trigger(entry);
-        QCOMPARE(WaitingAnswers(), 0);
     }
 
     // Of a section of PLANNER.INI, "SIZE=12 BOLD=1": FONT stands before each key.
@@ -67,6 +65,13 @@ private Q_SLOTS:
         QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("before"));
     }
 
+    void TodayHasAStyleOfItsOwn()
+    {
+        Customize("mnuNumberDlg", u"panelDay(1)"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 15); });
+        CheckIni("TODAY PANEL", "SIZE=15");
+        QCOMPARE(m_program->Panel(18).CaptionFont().pointSize(), 15);
+    }
+
     void CancelChangesNothing()
     {
         Customize(
@@ -79,12 +84,11 @@ private Q_SLOTS:
 
     void WeeksComeOutItalicAfterEachSave()
     {
-        OnNextModal<StyleForm>([](StyleForm& form) {
+        m_program->InWindow<StyleForm>("mnuWeekAppearance", [](StyleForm& form) {
             In<QCheckBox>(form, "chkFontEffect").click();
             In<QCheckBox>(form, "chkStrikeOut").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
-        m_program->Trigger("mnuWeekAppearance");
         CheckIni("WEEKDAILY", "ITALIC=1 3D=0");
         CheckIni("WEEKMEMO", "SIZE=16");
         CheckIni("WEEKPASTDATE", "STRIKETHRU=0");
@@ -112,17 +116,15 @@ private Q_SLOTS:
     {
         m_program->New(u"notes.mdb"_s);
         m_program->Type(21, u"full"_s);
-        OnNextModal<InitFontForm>([](InitFontForm& form) {
+        m_program->InWindow<InitFontForm>("mnuInitialFont", [](InitFontForm& form) {
             QCOMPARE(In<ORLCombo>(form, "orlcmbFontname").Text(), u"Arial"_s);
             In<ORLCombo>(form, "orlcmbFontsize").setCurrentText(u"14"_s);
             In<ORLCombo>(form, "orlcmbFontcolor").setCurrentText(u"Navy"_s);
             In<QCheckBox>(form, "chkItalic").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
-        m_program->Trigger("mnuInitialFont");
         CheckIni("DEFAULT FONTS", "NAME=Arial");
         QCOMPARE(Ini("DEFAULT FONTS", "BOLD"), u"0"_s);
-        m_program->Activate();
         m_program->Type(20, u"x"_s);
         CheckFont(20, 14, true);
         QCOMPARE(m_program->Box(20).SelColor(), std::optional(0x800000u));

@@ -93,11 +93,6 @@ private:
     const Stage& m_stage;
 };
 
-void PressIn(const QWidget& window, const char* button)
-{
-    QTest::mouseClick(window.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
-}
-
 // Ends without a save where the journal could be written.
 QString JournalIt(const Stage& stage)
 {
@@ -151,7 +146,7 @@ QString DayView(const Stage& stage)
         QTest::keyClicks(&form.tbZoom(), QString::fromLatin1(TypedOnThird));
         session.AwaitJournal();
         stage.Begin();
-        PressIn(form, "btnOk");
+        Press(form, "btnOk");
     });
     session.Trigger("mnuDayView");
     session.Trigger("mnuSave");
@@ -167,7 +162,7 @@ QString Recover(const Stage& stage)
     Program::AnswerOpenAs(false);
     OnNextModal<RecoveryForm>([&](RecoveryForm& form) {
         stage.Begin();
-        PressIn(form, "btnOk");
+        Press(form, "btnOk");
     });
     session.Trigger("mnuOpen");
     return session.End();

@@ -1,6 +1,8 @@
 #include "alarms/alarmtesting.h"
 #include "notes/recoveryform.h"
 #include "platform/controls/tabstrip.h"
+#include "printing/spoolform.h"
+#include "shell/splash.h"
 #include "testmain.h"
 #include "workgroupprogram.h"
 
@@ -120,6 +122,7 @@ class AccessibleTest : public QObject
     Q_OBJECT
 
     std::unique_ptr<WorkgroupProgram> m_program;
+    QString m_look;
     QStringList m_wrong;
 
     static QString Said(const QWidget& widget)
@@ -129,11 +132,42 @@ class AccessibleTest : public QObject
     }
     QString Said(int cell) const { return Said(m_program->Box(cell)); }
 
+    // Pictures are made where scripts/screens asks for them.
+    void Picture(const char* name, QWidget& window) const
+    {
+        const QString folder = qEnvironmentVariable("ORRELIN_SCREENS");
+        const QString path = folder + u"/%1 %2.png"_s.arg(QLatin1StringView(name), m_look);
+        if (!folder.isEmpty() && !window.grab().save(path)) QTest::qFail("no picture", __FILE__, __LINE__);
+    }
+
     void Look(const char* entry, QWidget& window)
     {
         Q_UNUSED(QTest::qWaitFor([&] { return window.isActiveWindow(); }));
+        Picture(entry, window);
         for (const QString& what : WrongIn(window))
             m_wrong += QLatin1StringView(entry) + u' ' + what;
+    }
+    void Look(const char* entry, QWidget&& window)
+    {
+        window.show();
+        Look(entry, window);
+    }
+
+    // Windows in which nobody does anything.
+    void ShowAndPicture(const char* name, QWidget&& window) const
+    {
+        window.show();
+        QTest::qWait(50);
+        Picture(name, window);
+    }
+
+    void WriteNotes() const
+    {
+        m_program->Type(m_program->CellOf(3), u"Dentist at nine, bring the papers"_s);
+        m_program->Trigger("mnuBold");
+        m_program->Type(m_program->CellOf(9), u"Ann's birthday. Cake!"_s);
+        m_program->Type(Today, u"A note that is longer than its cell has lines for, as notes are when somebody has "
+                               "much to do on one day and writes all of it."_s);
     }
 
     // The window that the entry opens, modal or not.
@@ -156,6 +190,69 @@ class AccessibleTest : public QObject
         m_program->Activate();
     }
 
+    void LookAtAPersonalPlanner()
+    {
+        m_program->Start();
+        QAccessible::setActive(true);
+        m_program->New(u"own.mdb"_s);
+        WriteNotes();
+        AddAlarms({MakeAlarm("1999/3/17", "10:00", "")});
+        m_program->Trigger("mnuNextMonth");
+        m_program->Trigger("mnuPrevMonth");
+        m_program->Click(Today);
+        Look("main window", *m_program->form);
+        auto* const tabs = m_program->Find<TabStrip>("tabSidebar").findChild<QTabBar*>();
+        tabs->setCurrentIndex(1);
+        Look("pictures", *m_program->form);
+        tabs->setCurrentIndex(0);
+        m_program->Trigger("mnuWeekView");
+        Look("week", *m_program->form);
+        m_program->Trigger("mnuMonthView");
+        for (const char* entry :
+             {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",
+              "mnuDateSearch", "mnuDayView", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",
+              "mnuNewAlarm", "mnuNumberDlg", "mnuPageSetup", "mnuRecurse", "mnuWallpaperOption", "mnuWeekAppearance"}) {
+            m_program->Click(Today);
+            LookAtWindowOf(entry);
+        }
+    }
+
+    void LookAtAWorkgroups()
+    {
+        m_program->New(u"team.mdb"_s, true);
+        LookAtWindowOf("mnuNetworkOptions");
+        m_program->Click(Today);
+        m_program->PressLock();
+        Picture("locked", *m_program->form);
+        m_program->PressLock();
+        Look("recovery",
+             RecoveryForm({{u"1999/3/17"_s, "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"}}, m_program->form.get()));
+        Look("open as", OpenAsForm(u"team.mdb"_s, m_program->form.get()));
+        ShowAndPicture("start", StartUpForm());
+        ShowAndPicture("exit", ExitForm());
+        ShowAndPicture("spool", SpoolForm(m_program->form.get()));
+        const Alarm alarm = MakeAlarm("1999/3/17", "09:30", "{\\rtf1 Call the \\b school\\b0  back.}");
+        ShowAndPicture("alarm", AlarmEventForm(alarm, m_program->form->screen(), nullptr));
+    }
+
+    void LookAtAll(const char* look, const QPalette& palette, double letters)
+    {
+        const QFont font = QApplication::font();
+        const QPalette usual = QApplication::palette();
+        QFont larger = font;
+        larger.setPointSizeF(font.pointSizeF() * letters);
+        QApplication::setFont(larger);
+        QApplication::setPalette(palette);
+        m_wrong.clear();
+        m_look = QString::fromLatin1(look);
+        LookAtAPersonalPlanner();
+        LookAtAWorkgroups();
+        QApplication::setFont(font);
+        QApplication::setPalette(usual);
+        for (const QString& what : m_wrong)
+            QTest::qFail(qPrintable(what), __FILE__, __LINE__);
+    }
+
 private Q_SLOTS:
     void init() { m_program = std::make_unique<WorkgroupProgram>(); }
     void cleanup()
@@ -164,51 +261,9 @@ private Q_SLOTS:
         QAccessible::setActive(false);
     }
 
-    void EveryWindow()
-    {
-        for (const auto& [look, palette, letters] : Rows<QPalette, double>{{"usual", QApplication::palette(), 1.0},
-                                                                           {"dark", BlackPalette(), 1.0},
-                                                                           {"large", QApplication::palette(), 2.0}}) {
-            const InRow row(this, look);
-            const QFont font = QApplication::font();
-            const QPalette usual = QApplication::palette();
-            QFont larger = font;
-            larger.setPointSizeF(font.pointSizeF() * letters);
-            QApplication::setFont(larger);
-            QApplication::setPalette(palette);
-            m_wrong.clear();
-            m_program->Start();
-            QAccessible::setActive(true);
-            m_program->New(u"own.mdb"_s);
-            AddAlarms({MakeAlarm("1999/3/17", "10:00", "")});
-            m_program->Trigger("mnuNextMonth");
-            m_program->Trigger("mnuPrevMonth");
-            m_program->Click(Today);
-            Look("main window", *m_program->form);
-            m_program->Find<TabStrip>("tabSidebar").findChild<QTabBar*>()->setCurrentIndex(1);
-            Look("pictures", *m_program->form);
-            for (const char* entry : {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts",
-                                      "mnuDateDiffCustomize", "mnuDateSearch", "mnuDayView", "mnuFindWord",
-                                      "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun", "mnuNewAlarm", "mnuNumberDlg",
-                                      "mnuPageSetup", "mnuRecurse", "mnuWallpaperOption", "mnuWeekAppearance"}) {
-                m_program->Click(Today);
-                LookAtWindowOf(entry);
-            }
-            m_program->New(u"team.mdb"_s, true);
-            LookAtWindowOf("mnuNetworkOptions");
-            RecoveryForm recovery({{.key = u"1999/3/17"_s}}, m_program->form.get());
-            OpenAsForm openAs(u"team.mdb"_s, m_program->form.get());
-            for (QWidget* window : {static_cast<QWidget*>(&recovery), static_cast<QWidget*>(&openAs)}) {
-                window->show();
-                Look("opening", *window);
-                window->hide();
-            }
-            QApplication::setFont(font);
-            QApplication::setPalette(usual);
-            for (const QString& what : m_wrong)
-                QTest::qFail(qPrintable(what), __FILE__, __LINE__);
-        }
-    }
+    void EveryWindow() { LookAtAll("usual", QApplication::palette(), 1); }
+    void EveryWindowOnADarkScreen() { LookAtAll("dark", BlackPalette(), 1); }
+    void EveryWindowInLargeLetters() { LookAtAll("large", QApplication::palette(), 2); }
 
     void ACellTellsItsDayAndWhatIsSeenOfIt()
     {

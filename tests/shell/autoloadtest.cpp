@@ -15,12 +15,11 @@ class AutoloadTest : public QObject
     // Clicks the named controls of the dialog and leaves it by the key.
     void Customize(const QStringList& clicks, Qt::Key key)
     {
-        OnNextModal<AutoloadForm>([=](AutoloadForm& form) {
+        m_program->InWindow<AutoloadForm>("mnuAutoload", [=](AutoloadForm& form) {
             for (const QString& name : clicks)
                 form.findChild<QAbstractButton*>(name)->click();
             QTest::keyClick(&form, key);
         });
-        m_program->Trigger("mnuAutoload");
     }
 
 private Q_SLOTS:
