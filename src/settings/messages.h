@@ -1,10 +1,11 @@
-// Texts that several rooms show, and the program's message box.
+// Texts that several rooms show.
 #pragma once
 
 #include "platform/desktop/msgbox.h"
 
 namespace messages {
-inline const QString HelpWizard = u"Orrelin Help Wizard"_s;
+using msgbox::HelpWizard;
+using msgbox::Tell;
 inline const QString WindowTitle = u"Orrelin for Windows 95/98/NT - "_s;
 inline const QString PlannerFilter = u"Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"_s;
 // %1 separates the two ways.
@@ -21,10 +22,4 @@ inline const QString NotShared =
 inline const QString AskUpgrade =
     u"You have an older version of the database, Orrelin will upgrade the older database to current version. Make sure "
     "you back up your existing database first! Do you want to proceed?"_s;
-
-// Shows the text under the usual title. The second text is below it, smaller.
-inline void Tell(const QString& text, int icon = msgbox::Information, const QString& secondText = {})
-{
-    MsgBox(text, icon, HelpWizard, secondText);
-}
 } // namespace messages

@@ -18,7 +18,7 @@ public:
     ControlArray() = default;
     ControlArray(const QString& name, Maker maker) : m_name(name), m_maker(std::move(maker)) {}
 
-    // 360 if it is loaded already. The element is called name(index), as tests and style sheets find it.
+    // AlreadyLoaded where there is one. The element is called name(index), as tests and style sheets find it.
     Control& Load(int index)
     {
         if (Exists(index)) throw RunTimeError{errors::AlreadyLoaded, u"Object already loaded"_s};
@@ -28,7 +28,7 @@ public:
         return *control;
     }
 
-    void Unload(int index) // 340
+    void Unload(int index) // NoSuchElement
     {
         Control& control = (*this)(index);
         m_elements.erase(index);
@@ -37,7 +37,7 @@ public:
         control.deleteLater(); // it may be in the middle of an event of its own
     }
 
-    Control& operator()(int index) const // 340
+    Control& operator()(int index) const // NoSuchElement
     {
         const auto found = m_elements.find(index);
         if (found == m_elements.end()) {

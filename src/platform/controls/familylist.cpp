@@ -1,15 +1,34 @@
 #include "platform/controls/familylist.h"
 
-#include "platform/controls/fontfamilies.h"
-
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 
 namespace {
+// The toolkit appends the maker in brackets. Other programs that read a note do not know it.
+QString WithoutMaker(const QString& family)
+{
+    static const QRegularExpression maker(u" \\[.*\\]$"_s);
+    return QString(family).remove(maker);
+}
+
+// Adds Arial, the default font of notes, which is shown by a metric twin. Sorted; empty if there are none.
+QStringList KeptNames(const QStringList& families)
+{
+    if (families.isEmpty()) return {};
+    QStringList names(u"Arial"_s);
+    for (const QString& family : families)
+        names.append(WithoutMaker(family));
+    names.sort(Qt::CaseInsensitive);
+    names.removeDuplicates();
+    return names;
+}
+
 QStringList TextsOf(const QAbstractItemModel& model)
 {
     QStringList texts;
@@ -18,7 +37,7 @@ QStringList TextsOf(const QAbstractItemModel& model)
     return texts;
 }
 
-// The installed family that shows the name: itself, one with its maker behind it, or what stands in for it.
+// The index of the family for the name: itself, one with a maker, or its substitute.
 qsizetype RowOf(const QString& name, const QStringList& families)
 {
     for (qsizetype row = 0; row < families.size(); ++row)
@@ -26,6 +45,13 @@ qsizetype RowOf(const QString& name, const QStringList& families)
     return families.indexOf(QFontInfo(QFont(name)).family());
 }
 } // namespace
+
+QStringList FontFamilies()
+{
+    QStringList families = QFontDatabase::families();
+    families.removeIf([](const QString& family) { return QFontDatabase::isPrivateFamily(family); });
+    return KeptNames(families);
+}
 
 FamilyList::FamilyList(QFontDialog& dialog, QListView& families, QLineEdit& field, const QString& name)
     : QListView(&dialog), m_families(families), m_field(field), m_name(name)
@@ -37,7 +63,7 @@ FamilyList::FamilyList(QFontDialog& dialog, QListView& families, QLineEdit& fiel
     TakePlace(dialog);
     Fill();
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &FamilyList::Choose);
-    connect(this, &QListView::pressed, this, &FamilyList::Choose); // also of the name that is shown already
+    connect(this, &QListView::pressed, this, &FamilyList::Choose); // also on the current name
     connect(families.model(), &QAbstractItemModel::modelReset, this, &FamilyList::Fill);
     connect(families.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) { Follow(index.data().toString()); });
@@ -45,7 +71,7 @@ FamilyList::FamilyList(QFontDialog& dialog, QListView& families, QLineEdit& fiel
 
 void FamilyList::TakePlace(QFontDialog& dialog)
 {
-    delete dialog.layout()->replaceWidget(&m_families, this); // the item of the list that gives way
+    delete dialog.layout()->replaceWidget(&m_families, this); // the layout item of the old list
     QWidget::setTabOrder(&m_families, this);
     for (QLabel* label : dialog.findChildren<QLabel*>())
         if (label->buddy() == &m_families) label->setBuddy(this);
@@ -61,7 +87,7 @@ void FamilyList::Fill()
     ShowName();
 }
 
-// The dialog has been given another font.
+// The dialog has set another font.
 void FamilyList::Follow(const QString& family)
 {
     const QStringList families = TextsOf(*m_families.model());

@@ -1,4 +1,4 @@
-// The list of fonts of the toolkit's font dialog, with the names that notes and settings keep: those of FontFamilies.
+// The names of installed fonts as notes and settings keep them, and the font dialog's list of them.
 #pragma once
 
 #include <QListView>
@@ -6,6 +6,8 @@
 
 class QFontDialog;
 class QLineEdit;
+
+QStringList FontFamilies(); // sorted, without the maker that the toolkit puts behind a name
 
 class FamilyList : public QListView
 {

@@ -27,7 +27,7 @@ QString NameOf(const FontChoice& choice)
 
 QFont FontOf(const FontChoice& choice)
 {
-    // The lists show what stands in for a font that is not installed.
+    // The lists show the substitute of a font that is not installed.
     QFont font(QFontInfo(QFont(NameOf(choice))).family());
     if (choice.size > 0) font.setPointSizeF(choice.size);
     font.setBold(choice.bold);
@@ -37,8 +37,8 @@ QFont FontOf(const FontChoice& choice)
     return font;
 }
 
-// Return and Esc belong to the dialog around it; alone it would take the one for its own end and vanish by the other.
-// It knows which of its lists a person has touched: one that shows the wanted value already does not change by that.
+// Leaves Return and Esc to the dialog around it. Records which lists have been touched, since choosing the value that
+// is shown changes nothing.
 class InnerFontDialog : public QFontDialog
 {
 public:
@@ -59,10 +59,10 @@ public:
         const auto lists = findChildren<QListView*>(Qt::FindDirectChildrenOnly);
         const auto fields = findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
         const QString names[] = {u"Font"_s, u"Style"_s, u"Size"_s};
-        for (const Part part : {Font, Style, Size}) { // the order in which lists and fields stand
+        for (const Part part : {Font, Style, Size}) { // in the order of the lists and fields
             lists[part]->setAccessibleName(names[part]);
             fields[part]->setAccessibleName(names[part]);
-            if (part == Font) continue; // its list knows by itself
+            if (part == Font) continue; // see FamilyList
             Watch(*lists[part]->viewport(), part);
             Watch(*fields[part], part);
         }
@@ -111,7 +111,7 @@ private:
     QColor m_color;
     InnerFontDialog* m_fonts;
     QPushButton* m_colorButton;
-    QFont m_shown; // the given font as the lists show it
+    QFont m_shown; // the given font as shown in the lists
     QString m_name;
 };
 

@@ -8,13 +8,13 @@
 namespace {
 constexpr QChar Missing = u'_';
 
-// People part the numbers of a date by any of these, whatever the mask has.
+// Accepted between the numbers of a date, whatever the mask has.
 bool IsSeparator(QChar character)
 {
     return character == u'/' || character == u'-' || character == u'.';
 }
 
-// In any script; -1 for what is no digit.
+// In any script; -1 if it is no digit.
 int DigitOf(QChar character)
 {
     return character.category() == QChar::Number_DecimalDigit ? character.digitValue() : -1;
@@ -28,7 +28,7 @@ bool IsTyping(const QKeyEvent& event)
     return !text.isEmpty() && text[0].isPrint() && !isCommand;
 }
 
-// The numbers of a pasted text, their digits plain ones; none if it holds anything else.
+// The numbers of a pasted text in ASCII digits; empty if it contains anything else.
 QStringList NumbersOf(const QString& text)
 {
     QString plain;
@@ -40,7 +40,7 @@ QStringList NumbersOf(const QString& text)
     return plain.split(u'/');
 }
 
-// A day or month of one digit as a mask of two has it. A year is left as it was written.
+// Pads a one-digit day or month with a zero. A year is left as it is.
 QString Padded(const QString& number, qsizetype length)
 {
     return (length == 2 && number.size() == 1 ? u'0' + number : number).leftJustified(length, Missing);
@@ -77,7 +77,7 @@ void MaskEdBox::SetText(const QString& text)
     setText({});
     setCursorPosition(0);
     Take(text);
-    setText(Text()); // nothing to undo
+    setText(Text()); // clears the undo steps
 }
 
 int MaskEdBox::GroupAt(int place) const
@@ -113,8 +113,8 @@ void MaskEdBox::Type(const QString& text)
     }
 }
 
-// A number of one digit gets its zero. The box has moved on by itself behind a full number: the separator that is typed
-// there out of habit does nothing.
+// Goes to the next number and pads a single digit. A full number has moved on already, so a separator typed there does
+// nothing.
 void MaskEdBox::MoveOn()
 {
     const int caret = hasSelectedText() ? selectionStart() : cursorPosition();
@@ -128,7 +128,7 @@ void MaskEdBox::MoveOn()
     if (number + 1 < m_groups.size()) setCursorPosition(int(m_groups[number + 1].start));
 }
 
-// A whole date goes in from the start, wherever the caret is; a part of one goes where the caret is.
+// A whole date replaces the content; a part is inserted at the caret.
 void MaskEdBox::Take(const QString& text)
 {
     const QStringList numbers = NumbersOf(text);
@@ -138,7 +138,7 @@ void MaskEdBox::Take(const QString& text)
     Type(numbers[0]);
 }
 
-// All of the numbers, or none where they do not fit into the groups from this one on.
+// Inserts the numbers from this group on, or nothing if they do not fit.
 void MaskEdBox::Put(int group, const QStringList& numbers)
 {
     const qsizetype last = group + numbers.size() - 1;
@@ -159,7 +159,7 @@ void MaskEdBox::paste()
 
 bool MaskEdBox::event(QEvent* event)
 {
-    // The dialog's mnemonics and the menu's shortcuts have no claim on what is typed here.
+    // Keeps shortcuts and mnemonics from taking typed characters.
     if (event->type() == QEvent::ShortcutOverride && IsTyping(static_cast<QKeyEvent&>(*event))) {
         event->accept();
         return true;
@@ -178,7 +178,7 @@ void MaskEdBox::keyPressEvent(QKeyEvent* event)
     if (event->matches(QKeySequence::MoveToEndOfLine)) KeepCaretNear();
 }
 
-// Goes on behind what it took, so that the key held down empties the rest.
+// Moves on, so that a held key clears the rest.
 void MaskEdBox::DeleteForward()
 {
     const int place = DigitPlaceFrom(cursorPosition());
@@ -188,7 +188,7 @@ void MaskEdBox::DeleteForward()
     setCursorPosition(place + 1);
 }
 
-// Behind the last digit there is nothing to be typed to: a press or the End key leads to the first that is missing.
+// A press or the End key goes to the first missing digit, not behind it.
 void MaskEdBox::KeepCaretNear()
 {
     if (m_mask.isEmpty() || hasSelectedText()) return;
@@ -216,9 +216,9 @@ void MaskEdBox::mouseReleaseEvent(QMouseEvent* event)
 void MaskEdBox::dropEvent(QDropEvent* event)
 {
     if (!IsMasked()) return QLineEdit::dropEvent(event);
-    QDragLeaveEvent left; // the caret that followed the mouse goes
+    QDragLeaveEvent left; // ends the drop indicator
     QLineEdit::dragLeaveEvent(&left);
-    event->setDropAction(Qt::CopyAction); // what is not taken must not be taken away where it came from
+    event->setDropAction(Qt::CopyAction); // a refused text must not be removed at its source
     event->accept();
     Take(event->mimeData()->text());
 }

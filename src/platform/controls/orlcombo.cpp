@@ -1,6 +1,6 @@
 #include "platform/controls/orlcombo.h"
 
-#include "platform/controls/fontfamilies.h"
+#include "platform/controls/familylist.h"
 #include "platform/look/colorvalue.h"
 #include "platform/look/namedcolors.h"
 #include "platform/look/paper.h"
@@ -64,7 +64,7 @@ ORLCombo::ORLCombo(QWidget* parent) : QComboBox(parent)
     setAttribute(Qt::WA_Hover);
     setIconSize(ColorSize);
     setMaxVisibleItems(18);
-    setPlaceholderText(u" "_s); // with one, a box that is filled has no entry chosen yet
+    setPlaceholderText(u" "_s); // with a placeholder no entry is chosen at first
     connect(this, &QComboBox::activated, this, &ORLCombo::Choose);
 }
 
@@ -104,7 +104,7 @@ void ORLCombo::Reserve(int usual, int least)
     updateGeometry();
 }
 
-// By the font alone: to look through the entries would cost start-up time.
+// By the font only: measuring the entries would slow the start down.
 QSize ORLCombo::SizeFor(int digits) const
 {
     const QFontMetrics metrics = fontMetrics();
@@ -180,7 +180,7 @@ void ORLCombo::showPopup()
 
 void ORLCombo::keyPressEvent(QKeyEvent* event)
 {
-    m_clicked = false; // of a list that was closed without a choice
+    m_clicked = false; // the list was closed without a choice
     Fetch();
     if (m_canBeEmpty && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)) {
         setCurrentIndex(-1);
@@ -191,7 +191,7 @@ void ORLCombo::keyPressEvent(QKeyEvent* event)
 
 void ORLCombo::wheelEvent(QWheelEvent* event)
 {
-    // A wheel that turns over the bar must not reformat the note.
+    // Turning the wheel over the bar must not reformat the note.
     if (!hasFocus()) return event->ignore();
     m_clicked = false;
     Fetch();

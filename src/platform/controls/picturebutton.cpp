@@ -16,7 +16,7 @@ PictureButton::PictureButton(const QStringList& pictures, int pressedElement, QW
     for (const QString& picture : pictures)
         m_elements.push_back({PictureIcon(picture), {}});
     setStyle(&PaperStyle::Shared());
-    SetAccessibleRole(this, QAccessible::Button); // though one that stays in is checked
+    SetAccessibleRole(this, QAccessible::Button); // though it may be checked
     setIconSize({PictureSize, PictureSize});
     setFlat(true);
     setCheckable(true);
@@ -24,7 +24,7 @@ PictureButton::PictureButton(const QStringList& pictures, int pressedElement, QW
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     setFocusPolicy(Qt::TabFocus); // a click leaves the caret in its cell
     setAttribute(Qt::WA_Hover);
-    setMouseTracking(true); // a tip may follow from what the mouse is over
+    setMouseTracking(true); // a tip may depend on the position
     connect(this, &QPushButton::pressed, this, [this] { Q_EMIT MouseDown(m_pressed = m_shown); });
     connect(this, &QPushButton::released, this, [this] { Q_EMIT MouseUp(m_pressed); });
     connect(this, &QPushButton::clicked, this, [this] { Q_EMIT Click(m_pressed); });
@@ -71,12 +71,12 @@ void PictureButton::LetGo()
 bool PictureButton::event(QEvent* event)
 {
     const auto type = event->type();
-    // A box that opens while the button is down takes the release for itself; what is hidden never hears of it.
+    // An opening box takes the release; a hidden button never gets it.
     if (type == QEvent::WindowBlocked || type == QEvent::Hide) LetGo();
     if (type != QEvent::KeyPress && type != QEvent::KeyRelease) return QPushButton::event(event);
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return QPushButton::event(event);
-    QKeyEvent space(type, Qt::Key_Space, key->modifiers(), {}, key->isAutoRepeat()); // which holds it down
+    QKeyEvent space(type, Qt::Key_Space, key->modifiers(), {}, key->isAutoRepeat()); // Space holds the button down
     return QPushButton::event(&space);
 }
 

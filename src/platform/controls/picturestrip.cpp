@@ -45,10 +45,10 @@ void PictureStrip::showEvent(QShowEvent* event)
     Q_EMIT Shown();
 }
 
-// The place of the picture under the point in the text, -1 for none.
+// The text position of the picture under the point, or -1.
 int PictureStrip::PictureAt(const QPoint& point) const
 {
-    QTextCursor caret = cursorForPosition(point); // before or behind the picture, whichever is nearer
+    QTextCursor caret = cursorForPosition(point); // before or behind the picture
     for (const int place : {caret.position() - 1, caret.position()}) {
         if (place < 0 || document()->characterAt(place) != QChar::ObjectReplacementCharacter) continue;
         caret.setPosition(place);
@@ -88,7 +88,7 @@ void PictureStrip::SelectAlone(int picture)
     setTextCursor(alone);
 }
 
-// The picture at this place or the next one in the direction of the step, -1 for none.
+// The position of the first picture from this place on in the direction of step, or -1.
 int PictureStrip::PictureFrom(int place, int step) const
 {
     for (; place >= 0 && place < document()->characterCount(); place += step)
@@ -96,7 +96,7 @@ int PictureStrip::PictureFrom(int place, int step) const
     return -1;
 }
 
-// The menu would copy from the current cell.
+// Otherwise the menu's shortcut would copy from the current cell.
 bool PictureStrip::event(QEvent* event)
 {
     const bool copies =
@@ -106,18 +106,18 @@ bool PictureStrip::event(QEvent* event)
     return true;
 }
 
-// Whoever has no mouse to drag with chooses a picture by the arrow keys, copies it and pastes it into a note.
+// The keyboard's way: the arrow keys select a picture, which can be copied and pasted into a note.
 void PictureStrip::keyPressEvent(QKeyEvent* event)
 {
     QPixmap cursor;
     if (event->matches(QKeySequence::Copy)) {
-        // As it would be dragged: other programs know the picture too.
+        // The same data as in a drag, for other programs.
         if (auto carried = Carried(cursor)) QGuiApplication::clipboard()->setMimeData(carried.release());
         return;
     }
     RichTextBox::keyPressEvent(event);
     const int key = event->key();
-    const bool moves = key >= Qt::Key_Home && key <= Qt::Key_Down; // the arrows, Home and End
+    const bool moves = key >= Qt::Key_Home && key <= Qt::Key_Down; // arrows, Home and End
     if (!moves || event->modifiers() & Qt::ShiftModifier) return;
     const bool forward = key == Qt::Key_Right || key == Qt::Key_Home;
     const int caret = textCursor().position();
@@ -135,7 +135,7 @@ void PictureStrip::mouseMoveEvent(QMouseEvent* event)
     BeginDrag();
 }
 
-// A click on one of several selected pictures selects it alone.
+// A click on one of several selected pictures selects only that one.
 void PictureStrip::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!m_pressed) return RichTextBox::mouseReleaseEvent(event);
@@ -149,7 +149,7 @@ void PictureStrip::mouseDoubleClickEvent(QMouseEvent* event)
     mousePressEvent(event);
 }
 
-// What is to be copied or dragged; null where nobody gives anything.
+// The data to copy or drag; null if no handler provides any.
 std::unique_ptr<QMimeData> PictureStrip::Carried(QPixmap& cursor)
 {
     auto carried = std::make_unique<QMimeData>();
@@ -165,7 +165,7 @@ void PictureStrip::BeginDrag()
     auto* drag = new QDrag(this);
     drag->setMimeData(carried.release());
     drag->setDragCursor(cursor, Qt::CopyAction);
-    QPixmap none(1, 1); // the picture is the pointer; nothing hangs beside it
+    QPixmap none(1, 1); // the cursor is the picture; nothing hangs beside it
     none.fill(Qt::transparent);
     drag->setPixmap(none);
     drag->exec(Qt::CopyAction);

@@ -13,16 +13,16 @@
 namespace {
 constexpr int FrameWidth = 2, HeldFrameWidth = 3;
 
-// The shadow falls down and to the right of a raised caption, up and to the left of an inset one; the light opposite.
+// A raised caption has its shadow below and to the right, an inset one above and to the left; the light is opposite.
 struct Relief
 {
     int direction;
     int depth;  // logical pixels
-    int shadow; // percent of the way from paper to black ink, at one pixel; farther off it thins out
+    int shadow; // percent from paper to black ink at one pixel; fades with the distance
 };
 constexpr std::array<Relief, 5> Reliefs{{{0, 0, 0}, {1, 1, 16}, {1, 2, 26}, {-1, 1, 16}, {-1, 2, 26}}};
 constexpr int LightPercent = 80;
-constexpr int CapitalPerDepth = 6; // the least height of capitals for each pixel of depth: small captions stay legible
+constexpr int CapitalPerDepth = 6; // least capital height per pixel of depth, so that small captions stay legible
 
 QColor Mixed(const QColor& from, const QColor& to, int percent)
 {
@@ -30,7 +30,7 @@ QColor Mixed(const QColor& from, const QColor& to, int percent)
     return QColor(part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue()));
 }
 
-// By the row, from top to bottom. Capitals and digits hardly descend: a line looks centred when their height is.
+// By row: top, middle, bottom. A line looks centred if its capitals are, since capitals and digits hardly descend.
 int Baseline(int row, int height, const QFontMetrics& metrics)
 {
     const int capital = metrics.capHeight();
@@ -38,17 +38,17 @@ int Baseline(int row, int height, const QFontMetrics& metrics)
                       (height + capital) / 2, height - metrics.descent() - FrameWidth}[std::size_t(row)];
 }
 
-// By the column, which is left, right or the middle.
+// By column: left, right, middle.
 int Start(int column, int width, int textWidth)
 {
     return std::array{paper::Margin, width - paper::Margin - textWidth, (width - textWidth) / 2}[std::size_t(column)];
 }
 
-// What is left of a caption that is too wide. Of a short one the ellipsis would leave nothing; its first letters say
-// more.
+// Shortens a caption that is too wide. The ellipsis would leave nothing of a short one, so that keeps its first
+// letters.
 QString Shortened(const QString& caption, int width, const QFontMetrics& metrics)
 {
-    constexpr int TooShort = 3; // the ellipsis counted
+    constexpr int TooShort = 3; // with the ellipsis
     const QString elided = metrics.elidedText(caption, Qt::ElideRight, width);
     if (elided == caption || elided.size() > TooShort) return elided;
     qsizetype letters = caption.size();
@@ -121,7 +121,7 @@ void SSPanel::PaintCaption(QPainter& painter) const
     };
     const Relief relief = Reliefs[std::size_t(m_font3D)];
     const QColor ink = ColorOfValue(m_foreColor);
-    // The paler the ink, the paler what it throws: beside grey text a black shadow would be a second text.
+    // Pale ink gets a pale shadow: beside grey text a black shadow would look like a second text.
     const int contrast = std::max(0, qGray(m_paper.rgb()) - qGray(ink.rgb()));
     const int depth = std::min(relief.depth, metrics.capHeight() / CapitalPerDepth);
     for (int step = qRound(depth * devicePixelRatioF()); step > 0; --step) {

@@ -6,7 +6,7 @@
 #include <QTabBar>
 
 namespace {
-// Two leaves of paper, the one in front lighter.
+// Two leaves of paper; the front one is lighter.
 QString TabStyle()
 {
     const QString style =
@@ -32,7 +32,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), m_tabs(new QTabBar(this))
 
 void TabStrip::AddTab(const QString& caption, const QString& tip)
 {
-    const QSignalBlocker silence(m_tabs); // the first one is chosen by nobody
+    const QSignalBlocker silence(m_tabs); // adding the first tab selects it
     m_tabs->setTabToolTip(m_tabs->addTab(caption), tip);
 }
 

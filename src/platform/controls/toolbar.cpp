@@ -14,12 +14,11 @@
 #include <ranges>
 
 namespace {
-constexpr int ElementNotFound = 35601;
 constexpr QSize ButtonSize{32, 30};
 constexpr QSize IconSize{20, 20};
 constexpr QMargins Margins{8, 5, 8, 5};
 constexpr int Spacing = 2;
-constexpr int SeparatorGap = 5; // on each side of its line
+constexpr int SeparatorGap = 5; // on each side of the line
 constexpr int ControlGap = 4;
 
 class Separator : public QWidget
@@ -51,7 +50,7 @@ ToolbarButton::ToolbarButton(const QSize& size, const QSize& picture, const QStr
 
 void ToolbarButton::SetValue(int value)
 {
-    // Screen readers tell of the value, but only of buttons that ever had one.
+    // Screen readers announce the value of checkable buttons, so only those that ever had one are.
     if (value != 0) setCheckable(true);
     setChecked(value != 0);
 }
@@ -73,8 +72,7 @@ Toolbar::Toolbar(QWidget* parent) : QWidget(parent), m_row(new QHBoxLayout(this)
     m_row->setContentsMargins(Margins);
     m_row->setSpacing(Spacing);
     m_row->addStretch();
-    m_row->setSizeConstraint(
-        QLayout::SetMinimumSize); // a narrow window cuts the bar off, it never piles up its buttons
+    m_row->setSizeConstraint(QLayout::SetMinimumSize); // a narrow window cuts the bar off instead of stacking buttons
 }
 
 void Toolbar::Add(QWidget* item)
@@ -121,10 +119,10 @@ void Toolbar::SetRoom(int width)
     Fit();
 }
 
-// By the least widths: of a control whose size is fixed the toolkit no longer asks what it wants.
+// Sets minimum sizes, since the toolkit ignores the size hint of a control with fixed size.
 void Toolbar::Fit()
 {
-    int missing = m_row->minimumSize().width() - m_room; // once each control has what it wants
+    int missing = m_row->minimumSize().width() - m_room; // with each control as wide as it wants
     for (const QWidget* control : m_controls)
         missing += control->sizeHint().width() - control->minimumWidth();
     for (QWidget* control : m_controls | std::views::reverse) {
@@ -137,7 +135,7 @@ void Toolbar::Fit()
     m_row->activate();
 }
 
-// What a control wants has changed.
+// A control's size hint has changed.
 bool Toolbar::event(QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest) Fit();
@@ -148,24 +146,24 @@ void Toolbar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), paper::LightBand);
-    // Both edges: the bar stands below the menu or above the window's lower edge.
+    // The bar is below the menu or at the window's lower edge.
     painter.fillRect(0, 0, width(), 1, paper::Hairline);
     painter.fillRect(0, height() - 1, width(), 1, paper::Hairline);
 }
 
 void Toolbar::mousePressEvent(QMouseEvent* event)
 {
-    lower(); // what is laid over the placeholders stays on top
+    lower(); // keeps controls over the placeholders on top
     const QPoint point = event->position().toPoint();
     const bool onButton =
-        qobject_cast<ToolbarButton*>(childAt(point)) != nullptr; // a disabled one lets presses through
+        qobject_cast<ToolbarButton*>(childAt(point)) != nullptr; // disabled buttons let presses through
     if (event->button() == Qt::LeftButton && !onButton) m_pressed = point;
 }
 
 void Toolbar::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_pressed) return;
-    if (!(event->buttons() & Qt::LeftButton)) return EndDrag(); // the release went elsewhere
+    if (!(event->buttons() & Qt::LeftButton)) return EndDrag(); // the release was not delivered
     const QPoint way = event->position().toPoint() - *m_pressed;
     if (!m_outline && way.manhattanLength() >= QApplication::startDragDistance()) BeginDrag();
     if (m_outline) m_outline->move(pos() + way);
@@ -185,7 +183,7 @@ void Toolbar::BeginDrag()
     m_outline->resize(size());
     m_outline->show();
     setCursor(Qt::SizeAllCursor);
-    qApp->installEventFilter(this); // Esc goes to whatever has the focus
+    qApp->installEventFilter(this); // Esc goes to the focus widget
 }
 
 void Toolbar::EndDrag()
@@ -206,7 +204,7 @@ bool Toolbar::eventFilter(QObject* object, QEvent* event)
         if (type == QEvent::KeyPress) EndDrag();
         return true;
     }
-    // The release never comes once a box has opened or the bar is gone.
+    // The release is not delivered once a box has opened or the bar is hidden.
     const bool lost = type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate;
     if (lost || (type == QEvent::Hide && object == this)) EndDrag();
     return false;

@@ -40,6 +40,7 @@ class Toolbar : public QWidget
     Q_OBJECT
 
 public:
+    static constexpr int ElementNotFound = 35601; // an error
     explicit Toolbar(QWidget* parent = nullptr);
 
     // What is added stands in the order of these calls. icon is an SVG picture of the resources.
@@ -50,7 +51,7 @@ public:
     // least width; a bar that is still too wide is cut off on the right.
     void SetRoom(int width);
 
-    ToolbarButton& Buttons(const QString& key) const; // 35601 if there is none
+    ToolbarButton& Buttons(const QString& key) const; // ElementNotFound
 
 Q_SIGNALS:
     void ButtonClick(const QString& key);

@@ -4,8 +4,16 @@
 #include <QDateTime>
 
 namespace desktopclock {
-QDateTime Now();
+inline QDateTime g_setByTest; // null while the real clock runs
+
+inline QDateTime Now()
+{
+    return g_setByTest.isNull() ? QDateTime::currentDateTime() : g_setByTest;
+}
 
 // From now on Now() gives this, until a null QDateTime gives the real clock back.
-void SetForTests(const QDateTime& now);
+inline void SetForTests(const QDateTime& now)
+{
+    g_setByTest = now;
+}
 } // namespace desktopclock

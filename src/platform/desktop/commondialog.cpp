@@ -18,7 +18,7 @@
 namespace {
 constexpr int InvalidProcedureCall = 5;
 
-// A name typed in other letter case means the file that is there, as it does everywhere in the program.
+// A typed name finds the existing file in any letter case, as everywhere in the program.
 class OpenDialog : public QFileDialog
 {
 public:
@@ -37,7 +37,7 @@ protected:
     }
 };
 
-// "Name (*.x)|*.x;*.y|..." in the toolkit's form: "Name (*.x *.y)". "*.*" means every file, those without a dot too.
+// Converts "Name (*.x)|*.x;*.y|..." to the toolkit's "Name (*.x *.y)". "*.*" means every file, also without a dot.
 QStringList NameFilters(const QString& filter)
 {
     const QStringList parts = filter.split(u'|');
@@ -59,7 +59,7 @@ QString FirstFolder(const QStringList& folders)
     return QDir::homePath();
 }
 
-// Wide enough for the columns of the file list, and never larger than the screen.
+// Makes room for the columns of the file list, within the screen.
 void Enlarge(QFileDialog& dialog)
 {
     const QSize screen = dialog.screen()->availableSize();
@@ -68,7 +68,7 @@ void Enlarge(QFileDialog& dialog)
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-    constexpr int Places = 160; // its own width cuts off the names of folders
+    constexpr int Places = 160; // the default cuts folder names off
     if (auto* const halves = dialog.findChild<QSplitter*>()) halves->setSizes({Places, dialog.width() - Places});
 }
 } // namespace
@@ -83,7 +83,7 @@ bool CommonDialog::ShowOpen()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QStringList filters = NameFilters(Filter);
-    // The dialog goes with its owner if a timer closes that one behind it.
+    // The dialog is deleted with its owner, which a timer may close.
     const QPointer<QFileDialog> dialog = new OpenDialog(m_owner ? m_owner : QApplication::activeWindow());
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);

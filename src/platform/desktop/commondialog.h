@@ -25,8 +25,8 @@ public:
     QString FileName;  // full path as chosen; may name a file that does not exist yet unless FileMustExist is set
     QString FileTitle; // its last component
 
-    // 1 shows the Open dialog. Cancel raises error 32755 "Cancel was selected." if CancelError is true, and otherwise
-    // leaves FileName as it was and gives false. Patterns match in any letter case.
+    // 1 shows the Open dialog. Cancel raises DialogCancelled, "Cancel was selected.", if CancelError is true, and
+    // otherwise leaves FileName as it was and gives false. Patterns match in any letter case.
     bool Action(int action);
 
     // The printer dialog, for the choice of printer and paper; what is chosen stays in the printer. Cancel as above.

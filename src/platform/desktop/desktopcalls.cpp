@@ -1,17 +1,17 @@
 #include "platform/desktop/desktopcalls.h"
 
-#include "platform/desktop/sessionbus.h"
-
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QFile>
+#include <QStandardPaths>
 
 #include <utility>
 
 namespace {
-constexpr char StartedByCall[] = "ORRELIN_STARTED_BY_CALL"; // set by the file of the service
+constexpr char StartedByCall[] = "ORRELIN_STARTED_BY_CALL"; // set by the service file
 
-// A compositor lets a window come to the front for the token of the click that asked for it; the toolkit looks for it
-// here when it asks.
+// A compositor needs the token of the click to bring the window to the front. The toolkit reads it from the
+// environment.
 void TakeToken(const QVariantMap& platformData)
 {
     for (const char* key : {"activation-token", "desktop-startup-id"}) {
@@ -26,12 +26,12 @@ void TakeToken(const QVariantMap& platformData)
 void DesktopCalls::Listen()
 {
     m_isStart = qEnvironmentVariableIsSet(StartedByCall);
-    qunsetenv(StartedByCall); // not for what the program starts
+    qunsetenv(StartedByCall); // child processes must not inherit it
     if (!HasSessionBus()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     const QString path = u'/' + Name().replace(u'.', u'/');
     bus.registerObject(path, this, QDBusConnection::ExportScriptableSlots);
-    // The library's own way waits for the answer. No flags: who comes second stands in the bus's queue.
+    // Not by the library's function, which waits for the answer. No flags: a second copy is queued by the bus.
     QDBusMessage request = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                                           u"org.freedesktop.DBus"_s, u"RequestName"_s);
     request.setArguments({Name(), 0u});
@@ -40,7 +40,7 @@ void DesktopCalls::Listen()
 
 void DesktopCalls::Activate(const QVariantMap& platformData)
 {
-    // The window is coming already, minimised if the settings say so.
+    // The window is being shown anyway, minimised if so set.
     if (std::exchange(m_isStart, false)) return;
     TakeToken(platformData);
     Q_EMIT Called({});
@@ -56,4 +56,12 @@ void DesktopCalls::Open(const QStringList& uris, const QVariantMap& platformData
 void DesktopCalls::ActivateAction(const QString& name, const QVariantList&, const QVariantMap&)
 {
     sendErrorReply(QDBusError::InvalidArgs, u"Orrelin has no action '%1'."_s.arg(name));
+}
+
+// Only checks an address that is set: without one the library would start a bus.
+bool HasSessionBus()
+{
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const bool hasAddress = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + u"/bus"_s);
+    return hasAddress && QDBusConnection::sessionBus().isConnected();
 }

@@ -32,3 +32,6 @@ Q_SIGNALS:
 private:
     bool m_isStart = false; // the next call is the one that the program was started for
 };
+
+// Whether QDBusConnection::sessionBus() leads anywhere, for whatever speaks to the desktop. Never starts a bus.
+bool HasSessionBus();

@@ -15,7 +15,7 @@ void DoEvents()
 {
     const QScopedValueRollback<bool> running(g_runs, true);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    // What waits would otherwise go on waiting until the next event comes in.
+    // Waiting events would stay until the next event comes.
     if (auto* const dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
 }
 

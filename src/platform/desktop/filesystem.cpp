@@ -7,24 +7,22 @@
 #include <filesystem>
 
 namespace {
-QHash<QString, QString>
-    g_remembered; // lower-cased path to the exact one: files of dialogs, and the folders they lie in
+QHash<QString, QString> g_remembered; // lower-cased to exact path, of files and their folders
 
-// Planner paths are kept by toLower, which folds other letters than toCaseFolded does: a dotted capital I becomes two
-// characters by the one and stays by the other. Names are equal if they are after both.
+// toLower and toCaseFolded differ: a capital I with dot becomes two characters by toLower only. Names are equal if they
+// are after both.
 QString Folded(const QString& name)
 {
     return name.toLower().toCaseFolded();
 }
 
-// One search. It gives up after a thousand folders or a million names: links that lead back up make a small tree
-// endless.
+// A search. It stops after a thousand folders or a million names, since links to parent folders make trees endless.
 class Search
 {
 public:
     explicit Search(const QStringList& names) : m_names(names) {}
 
-    // The file that the names from this one on lead to, below the folder; empty if there is none.
+    // The file for the names from index on, below the folder; empty if there is none.
     QString Below(const QString& folder, qsizetype index = 0)
     {
         if (index == m_names.size()) return folder.isEmpty() ? u"/"_s : folder;
@@ -45,7 +43,7 @@ private:
         return QFileInfo::exists(next) ? Below(next, index + 1) : QString();
     }
 
-    // Sorted, so that the answer does not hang on the order of the folder.
+    // Sorted, so that the result does not depend on the folder's order.
     QStringList EqualNames(const QString& folder, const QString& name)
     {
         namespace fs = std::filesystem;

@@ -9,9 +9,9 @@
 namespace {
 struct Folder
 {
-    QStandardPaths::StandardLocation Base; // a generic one: the path must not hang on the application object's names
-    const char* InRoot;                    // of a test
-    QString Path;                          // empty until the folder was asked for
+    QStandardPaths::StandardLocation Base; // generic, so that it does not depend on the application's name
+    const char* InRoot;                    // below a test's root
+    QString Path;                          // empty until first used
 };
 
 Folder g_application{QStandardPaths::GenericDataLocation, "data", {}};
@@ -44,20 +44,20 @@ QString Brought(const QString& name, const QString& installed)
     return beside.isEmpty() ? filesystem::Find(program.filePath(installed + name)) : beside;
 }
 
-// False too where there is nothing.
+// False if there is nothing to copy.
 bool CopyAll(const QDir& from, const QDir& to)
 {
     const QStringList files = from.isRelative() ? QStringList() : from.entryList(QDir::Files);
     bool isComplete = !files.isEmpty();
     for (const QString& file : files) {
-        QFile::remove(to.filePath(file)); // a half one, of a copying that was cut short
+        QFile::remove(to.filePath(file)); // perhaps incomplete
         isComplete = QFile::copy(from.filePath(file), to.filePath(file)) && isComplete;
     }
     return isComplete;
 }
 
-// A folder of the application directory that begins with what the program brings for it. It comes under its name when
-// it is complete: one that was cut short would never be filled. Until then the unfinished one serves.
+// A folder of the application directory that is filled from the program's files. It gets its name when complete, since
+// an incomplete one would never be filled. Until then the unfinished one is used.
 QString Stocked(const QString& name)
 {
     const QString path = folders::ApplicationDirectory() + u'/' + name;

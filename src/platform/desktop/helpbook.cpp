@@ -8,13 +8,13 @@
 #include <algorithm>
 
 namespace {
-const QString Root = u"/orrelin-help"_s; // nothing else in the program is registered below it
+const QString Root = u"/orrelin-help"_s; // used by the help only
 
-constexpr qsizetype SealSize = 64; // the file ends with the SHA-256 of all before it, in hexadecimal letters
+constexpr qsizetype SealSize = 64; // the file ends with its SHA-256 as hexadecimal digits
 
-constexpr qsizetype LargestFile = 64 * 1024 * 1024; // a help file is a hundredth of it
+constexpr qsizetype LargestFile = 64 * 1024 * 1024; // a hundred times the usual size
 
-// The toolkit believes every offset in a resource, so that a cut or damaged one would take the program down with it.
+// The toolkit trusts all offsets in a resource, so a damaged one could crash the program.
 QByteArray ReadSealed(const QString& path)
 {
     QFile file(path);
@@ -71,7 +71,7 @@ HelpBook::~HelpBook()
     QResource::unregisterResource(reinterpret_cast<const uchar*>(m_resource.constData()), Root);
 }
 
-// Each line of contents.txt is the name of a page, or "# " and the heading of the pages that follow.
+// A line of contents.txt is a page name, or "# " and the heading of the following pages.
 void HelpBook::ReadContents()
 {
     const QByteArray contents = Read(QUrl(u"qrc:%1/contents.txt"_s.arg(Root)));

@@ -10,9 +10,9 @@
 #include <algorithm>
 
 namespace {
-constexpr int Margin = 12; // pixels between a page and its frame
+constexpr int Margin = 12; // pixels around the page
 
-// Half way between paper and the selection's colour, so that the ink on it stays legible in light and dark.
+// A mix of paper and selection colour, on which text is readable in light and dark themes.
 QColor MarkColor(const QPalette& palette)
 {
     const QColor paper = palette.color(QPalette::Base);
@@ -22,7 +22,7 @@ QColor MarkColor(const QPalette& palette)
             between(paper.blue(), strong.blue())};
 }
 
-// The toolkit's own links are a dark blue on dark paper too, unless the desktop thought of it.
+// Default links may be dark blue on dark paper.
 QColor LinkColor(const QPalette& palette)
 {
     QColor link = palette.color(QPalette::Link);
@@ -72,7 +72,7 @@ void HelpPage::GoToNextMark()
     setTextCursor((next == marks.end() ? marks.first() : *next).cursor);
 }
 
-// Pictures are drawn for the screen's own pixels: scaled up afterwards they would be blurred.
+// Rendered for the screen's pixels: scaling afterwards would blur them.
 QVariant HelpPage::Picture(const QUrl& address) const
 {
     QByteArray content = m_book.Read(address);
@@ -110,6 +110,6 @@ void HelpPage::doSetSource(const QUrl& address, QTextDocument::ResourceType type
 void HelpPage::changeEvent(QEvent* event)
 {
     QTextBrowser::changeEvent(event);
-    // The style sheet takes its colours from the palette when a page is read.
+    // The style sheet reads the palette when a page is loaded.
     if (event->type() == QEvent::PaletteChange && !source().isEmpty()) reload();
 }

@@ -21,10 +21,10 @@
 namespace {
 constexpr int PageRole = Qt::UserRole;
 constexpr QSize UsualSize(900, 640);           // logical pixels
-constexpr int LeastLeft = 170, MostLeft = 230; // of the left column
+constexpr int LeastLeft = 170, MostLeft = 230; // width of the left column
 constexpr int Gap = 8;
 constexpr int Indent = 14;
-constexpr int LineGap = 5; // between the lines of a list
+constexpr int LineGap = 5; // between list lines
 
 const QString HowToUseHelp = u"using-help"_s;
 
@@ -67,7 +67,7 @@ private:
     void GoHome() { ShowPage(m_book->Topics().first().Page); }
     void GoToSearch();
     void ShowPage(const QUrl& page);
-    void FollowPage(const QUrl& page); // title, and its line in the contents
+    void FollowPage(const QUrl& page); // sets the title and selects the page in the contents
     void ListHits();
     void ShowHit(int row);
     void OpenFirstHit();
@@ -116,7 +116,7 @@ void HelpWindow::AddCommands(QBoxLayout& bar)
         const char* Name;
         QKeySequence Key;
         std::function<void()> Act;
-        const char* Text = nullptr; // of its button, if it has one
+        const char* Text = nullptr; // button text, if it has a button
         const char* Tip = nullptr;
         void (QTextBrowser::*Available)(bool) = nullptr;
     };
@@ -196,7 +196,7 @@ QWidget* HelpWindow::MakeSearch()
 void HelpWindow::FitToScreen()
 {
     const QRect room = parentWidget()->screen()->availableGeometry();
-    resize(UsualSize.boundedTo({room.width() * 95 / 100, room.height() * 88 / 100})); // the rest is for its frame
+    resize(UsualSize.boundedTo({room.width() * 95 / 100, room.height() * 88 / 100})); // leaves room for the frame
     move(room.center() - rect().center());
 }
 
@@ -268,7 +268,7 @@ void HelpWindow::MarkWords()
 
 bool ShowHelp(QWidget* owner, const QString& file, HelpCommand command)
 {
-    static QPointer<HelpWindow> shown; // its owner may take it along
+    static QPointer<HelpWindow> shown; // deleted with its owner
     if (shown && shown->File() != file) delete shown;
     if (!shown) {
         std::unique_ptr<HelpBook> book = HelpBook::Open(file);

@@ -1,6 +1,6 @@
 #include "platform/desktop/mixer.h"
 
-#include "platform/desktop/sounderror.h"
+#include "platform/desktop/soundfile.h"
 
 #include <QLibrary>
 
@@ -8,12 +8,12 @@
 #include <SDL_mixer.h>
 #include <utility>
 
-// A function of SDL_mixer, or of SDL below it. Nothing calls one before the library is loaded.
+// A function of SDL_mixer or SDL. Load the library first.
 #define SDL(name) reinterpret_cast<decltype(&::name)>(Library()->resolve(#name))
 
 namespace {
 constexpr int WaveChannel = 0;
-constexpr SDL_AudioDeviceID FirstDevice = 2; // SDL's number for the device that is opened while no other is
+constexpr SDL_AudioDeviceID FirstDevice = 2; // SDL's number for the first open device
 constexpr int IdleCheck = 2000;              // milliseconds
 
 void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/, const char* /*format*/,
@@ -21,7 +21,7 @@ void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, in
 {
 }
 
-// The libraries below write what they miss to the standard error output. We tell the person instead.
+// These libraries print errors to stderr; the program reports them itself.
 void Silence(QLibrary& library)
 {
     using SetSynthesizerLog = void* (*)(int level, void* function, void* data);
@@ -43,8 +43,8 @@ bool Load(QLibrary& library)
     return true;
 }
 
-// Null if it is not installed. SDL_mixer brings some forty libraries along, which would double the time until the
-// program's first line runs; so it is loaded when the first sound plays, and stays then.
+// Null if not installed. SDL_mixer needs some forty libraries, which would double the start-up time, so it is loaded by
+// the first sound and then stays.
 QLibrary* Library()
 {
     static QLibrary library(u"SDL2_mixer-2.0"_s, 0);
@@ -57,7 +57,7 @@ SDL_RWops* Stream(const QByteArray& content)
     return SDL(SDL_RWFromConstMem)(content.constData(), int(content.size()));
 }
 
-// The signals are the program's own, and the volume control of the desktop shows the name.
+// Keeps the program's signal handlers; the desktop's volume control shows the name.
 void SetHints()
 {
     SDL(SDL_SetHint)(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -76,7 +76,7 @@ bool Mixer::Open()
     if (m_open)
         m_idleCheck.start(IdleCheck, this);
     else
-        SDL(SDL_Quit)(); // the next try chooses anew among the sound systems: one may have come meanwhile
+        SDL(SDL_Quit)(); // the next try selects a sound system anew
     return m_open;
 }
 
@@ -85,7 +85,7 @@ int Mixer::PlayWave(const QByteArray& content)
     if (!Open()) return sound::NoDevice;
     Mix_Chunk* const wave = SDL(Mix_LoadWAV_RW)(Stream(content), 1);
     if (!wave) return sound::NotPlayable;
-    SDL(Mix_FreeChunk)(std::exchange(m_wave, wave)); // which also ends it
+    SDL(Mix_FreeChunk)(std::exchange(m_wave, wave)); // also stops it
     return SDL(Mix_PlayChannelTimed)(WaveChannel, m_wave, 0, -1) == WaveChannel ? 0 : sound::NotPlayable;
 }
 
@@ -113,10 +113,10 @@ void Mixer::Close()
     SDL(SDL_Quit)();
 }
 
-// An open device costs wakeups all day, and alarms are rare.
+// An open device causes wakeups all day, and alarms are rare.
 void Mixer::timerEvent(QTimerEvent*)
 {
     const bool idle = SDL(Mix_Playing)(WaveChannel) == 0 && SDL(Mix_PlayingMusic)() == 0;
-    // At the first check the end of a sound may still be on its way to the ear.
+    // At the first check the end of a sound may still be buffered.
     if (std::exchange(m_idle, idle) && idle) Close();
 }

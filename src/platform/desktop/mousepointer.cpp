@@ -9,18 +9,12 @@ int g_pointer = mousepointer::Default;
 
 void SetMousePointer(int pointer)
 {
-    // The toolkit stacks its pointers. One level of that stack is ours, so that one Default takes any number of
-    // Hourglass back.
+    // The toolkit stacks cursors. We use one level, so one Default ends any number of Hourglass calls.
     const bool wasWaiting = g_pointer == mousepointer::Hourglass;
     const bool waits = pointer == mousepointer::Hourglass;
     g_pointer = pointer;
     if (waits && !wasWaiting) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     if (!waits && wasWaiting) QGuiApplication::restoreOverrideCursor();
-}
-
-int MousePointer()
-{
-    return g_pointer;
 }
 
 int ExecModal(QDialog& dialog)

@@ -11,7 +11,6 @@ inline constexpr int Hourglass = 11;
 } // namespace mousepointer
 
 void SetMousePointer(int pointer);
-int MousePointer();
 
 // A hourglass until the end of its scope.
 class Hourglass

@@ -104,10 +104,8 @@ void WidenToTitle(const QMessageBox& box)
 
 int AnswerOf(int standardButton, int otherwise)
 {
-    for (std::size_t answer = 1; answer < Buttons.size(); ++answer) {
-        if (Buttons[answer].Standard == standardButton) return int(answer);
-    }
-    return otherwise;
+    const auto button = std::ranges::find(Buttons, QMessageBox::StandardButton(standardButton), &Button::Standard);
+    return button == Buttons.begin() || button == Buttons.end() ? otherwise : int(button - Buttons.begin());
 }
 
 // A window that stays on top would hide a question that waits for its answer.

@@ -9,9 +9,18 @@ inline constexpr int Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes =
 inline constexpr int YesNoCancel = 3, YesNo = 4, RetryCancel = 5;
 inline constexpr int Critical = 16, Question = 32, Exclamation = 48, Information = 64;
 inline constexpr int DefaultButton2 = 256, DefaultButton3 = 512;
+inline const QString HelpWizard = u"Orrelin Help Wizard"_s; // the usual title
 } // namespace msgbox
 
 // Shows the box over the active window and waits; the answer is one of the seven numbers above. Esc and the close box
 // answer Cancel, or the harmless button where there is no Cancel (No for YesNo, Ok for Ok). An empty title gives
 // "Orrelin". The second text stands below the first, smaller. Timers go on behind it.
 int MsgBox(const QString& text, int style = 0, const QString& title = QString(), const QString& secondText = QString());
+
+namespace msgbox {
+// A box with this text and the usual title.
+inline void Tell(const QString& text, int icon = Information, const QString& secondText = {})
+{
+    MsgBox(text, icon, HelpWizard, secondText);
+}
+} // namespace msgbox

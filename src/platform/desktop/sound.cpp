@@ -1,7 +1,6 @@
 #include "platform/desktop/sound.h"
 
 #include "platform/desktop/mixer.h"
-#include "platform/desktop/soundfile.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -13,12 +12,12 @@ namespace {
 struct Sound
 {
     Mixer Device;
-    QHash<QString, QByteArray> Open; // the content of each open MIDI file by its path
-    QString Played;                  // the one that plays or played last
+    QHash<QString, QByteArray> Open; // contents of the open MIDI files by path
+    QString Played;                  // played last
 };
 
-// Made by the first call, so that the start of the program does not wait for sound. The device has to be given back
-// before the libraries below it are taken down.
+// Created on first use, so that it does not slow the start down. The device must be closed before its libraries are
+// unloaded.
 Sound& TheSound()
 {
     static Sound sound;
@@ -45,20 +44,20 @@ int PlaySequence(const QString& path)
 int CloseSequence(const QString& path)
 {
     if (!TheSound().Open.contains(path)) return sound::NotOpen;
-    if (TheSound().Played == path) TheSound().Device.StopMusic(); // before its bytes go
+    if (TheSound().Played == path) TheSound().Device.StopMusic(); // before its content is freed
     TheSound().Open.remove(path);
     return 0;
 }
 
 constexpr struct
 {
-    QLatin1StringView Before, Behind; // the path
+    QLatin1StringView Before, Behind; // what surrounds the path
     int (*Do)(const QString& path);
 } commands[] = {{"open "_L1, " type sequencer"_L1, OpenSequence},
                 {"play "_L1, ""_L1, PlaySequence},
                 {"close "_L1, ""_L1, CloseSequence}};
 
-// By Error; what is none of them counts as the last.
+// By sound::Error; others count as the last.
 constexpr std::array<const char16_t*, 9> texts{
     u"",
     u"The sound system does not know this command.",

@@ -2,7 +2,7 @@
 // program. The sound device is opened by the first play, and again by the next one if it was not there or went away.
 #pragma once
 
-#include "platform/desktop/sounderror.h"
+#include "platform/desktop/soundfile.h"
 
 #include <QString>
 

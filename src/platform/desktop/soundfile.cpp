@@ -1,19 +1,18 @@
 #include "platform/desktop/soundfile.h"
 
 #include "platform/desktop/filesystem.h"
-#include "platform/desktop/sounderror.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
 
 namespace {
-// A note of four bytes takes about fifty in the synthesizer, so that music is held far shorter than a wave.
+// The synthesizer needs about fifty bytes for a note of four, so music is limited more than waves.
 constexpr qint64 MostWaveBytes = 64 << 20, MostMidiBytes = 4 << 20;
-constexpr double MostSeconds = 600; // a tenth of a gigabyte, mixed
+constexpr double MostSeconds = 600; // a tenth of a gigabyte when mixed
 constexpr qsizetype ChunkHead = 8, FileHead = 12;
 
-// Of a file alone: a pipe would never end.
+// Files only: a pipe may never end.
 SoundFile Read(const QString& path, qint64 mostBytes)
 {
     QFile file(filesystem::Find(path));
@@ -32,7 +31,7 @@ quint32 Little32(QByteArrayView bytes, qsizetype at)
     return qFromLittleEndian<quint32>(bytes.data() + at);
 }
 
-// Calls with the name and the content of each chunk, which is cut where the file ends, until that answers false.
+// Calls visit with the name and content of each chunk until it returns false. The last chunk may be cut.
 template <typename Length, typename Visit>
 void ForEachChunk(QByteArrayView chunks, Length lengthOf, Visit visit)
 {
@@ -44,7 +43,7 @@ void ForEachChunk(QByteArrayView chunks, Length lengthOf, Visit visit)
     }
 }
 
-// The mixer makes room by these numbers: at one sample a second a small file would fill the memory.
+// The mixer allocates by these numbers: at one sample a second a small file would fill the memory.
 bool IsFormatOfWave(QByteArrayView format)
 {
     if (format.size() < 16) return false;
@@ -65,14 +64,14 @@ QByteArray Little(qsizetype number)
     return bytes;
 }
 
-// The two chunks that sound, with their true lengths: the mixer takes memory by the numbers first and reads then.
+// A wave of the two relevant chunks with true lengths, since the mixer allocates by them before it reads.
 QByteArray HonestWave(const QByteArray& format, const QByteArray& samples)
 {
     const QByteArray chunks = "WAVEfmt " + Little(format.size()) + format + "data" + Little(samples.size()) + samples;
     return "RIFF" + Little(chunks.size()) + chunks;
 }
 
-// Empty for what is no wave. Chunks begin at even places; the byte between may be missing at the end.
+// Empty if it is no wave. Chunks begin at even offsets; a final padding byte may be missing.
 QByteArray WaveOf(QByteArrayView file)
 {
     if (!file.startsWith("RIFF") || file.size() < FileHead || file.sliced(8, 4) != "WAVE") return {};
@@ -89,7 +88,7 @@ QByteArray WaveOf(QByteArrayView file)
     return good ? HonestWave(format.toByteArray(), samples.toByteArray()) : QByteArray();
 }
 
-// The synthesizer plays nothing at all of a file whose tracks are not all there, and knows no time in film frames.
+// The synthesizer plays nothing if a track is missing, and does not support time in film frames.
 bool IsMidi(QByteArrayView file)
 {
     const auto length = [](QByteArrayView chunk, qsizetype at) {

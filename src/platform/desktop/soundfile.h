@@ -3,6 +3,21 @@
 
 #include <QByteArray>
 
+namespace sound {
+// Why a sound does not play: what mciSendStringA answers. 0 is success.
+enum Error : int
+{
+    UnknownCommand = 1,
+    FileNotFound,
+    NotMidi,
+    TooLarge,
+    AlreadyOpen,
+    NotOpen,
+    NoDevice,
+    NotPlayable
+};
+} // namespace sound
+
 struct SoundFile
 {
     QByteArray Content;

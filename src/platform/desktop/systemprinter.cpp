@@ -15,7 +15,7 @@
 #include <utility>
 
 namespace {
-// A calendar's seven columns want the longer side of the paper.
+// The calendar's seven columns need the longer side.
 std::unique_ptr<QPrinter> MakePrinter()
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
@@ -23,13 +23,13 @@ std::unique_ptr<QPrinter> MakePrinter()
     printer->setDocName(u"Orrelin"_s);
     printer->setCreator(u"Orrelin"_s);
     const bool isAmerican = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-    // A printer knows its own paper; a file has none.
+    // Printers know their paper; PDF files have none.
     if (printer->outputFormat() == QPrinter::PdfFormat)
         printer->setPageSize(QPageSize(isAmerican ? QPageSize::Letter : QPageSize::A4));
     return printer;
 }
 
-// Margins are those of Page Setup, so the dialog behind "Properties" offers none that would count for nothing.
+// Hides the margins behind "Properties": only those of Page Setup count.
 class PrinterDialog : public QPrintDialog
 {
 public:
@@ -45,8 +45,8 @@ protected:
     }
 };
 
-// The choice alone: the dialog would ask at once whether a file may be replaced whose name can be typed, so here none
-// can be.
+// For choosing a printer only. The file name is disabled, since the dialog would ask at once whether to replace the
+// file.
 class SetupDialog : public PrinterDialog
 {
 public:
@@ -71,7 +71,7 @@ private:
         for (QAbstractButton* const button : buttons.buttons()) {
             if (buttons.buttonRole(button) != QDialogButtonBox::ResetRole) continue;
             LeaveLetterToOk(*button);
-            // With each click it gets its other name.
+            // A click changes its text.
             connect(button, &QAbstractButton::clicked, this, [button] { LeaveLetterToOk(*button); });
         }
     }
@@ -91,7 +91,7 @@ private:
 
 bool Ask(QPrintDialog* made)
 {
-    // The dialog goes with its owner if the program ends behind it.
+    // The dialog is deleted with its owner.
     const QPointer<QPrintDialog> dialog = made;
     dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     const bool accepted = ExecModal(*dialog) == QDialog::Accepted && dialog;

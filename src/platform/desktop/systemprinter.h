@@ -19,7 +19,7 @@ public:
     // The platform's print dialog, a PDF file among the printers; false if it was cancelled.
     virtual bool AskForJob(QWidget* owner);
     // The same one for the choice alone: it starts nothing and asks for no file.
-    virtual bool AskForSetup(QWidget* owner);
+    bool AskForSetup(QWidget* owner);
 
 private:
     std::unique_ptr<QPrinter> m_printer;

@@ -8,14 +8,14 @@
 
 namespace {
 constexpr int SetDeskWallpaper = 20;
-constexpr int LongestWait = 2000; // milliseconds, for all that is no person
-constexpr int KillTime = 100;     // until a killed command is gone
+constexpr int LongestWait = 2000; // milliseconds, unless the user is asked
+constexpr int KillTime = 100;     // milliseconds for a killed command to end
 
 const WallpaperBackend* const DesktopsOwn[] = {&SettingsWallpaper, &PlasmaWallpaper, &PcmanfmWallpaper};
 
-// In the order in which they are tried. A desktop's own settings come before the portal, which may ask and cannot
-// clear. So does the root where no desktop lies over it: there a portal writes the settings of one that does not run.
-// What a sandboxed program finds around it are the sandbox's settings.
+// In the order of trial. A desktop's own settings precede the portal, which may ask and cannot clear. So does the root
+// if there is no desktop: a portal would write settings that nothing reads. In a sandbox the settings are the
+// sandbox's.
 std::vector<const WallpaperBackend*> WaysOf(const DesktopSession& session)
 {
     std::vector<const WallpaperBackend*> ways;
@@ -39,7 +39,7 @@ std::optional<DesktopPicture> Shown(const WallpaperBackend& way, const DesktopSe
     return way.Present ? way.Present(session, Sooner(until)) : std::nullopt;
 }
 
-// A desktop that is told the path that it has already keeps the picture that it has loaded.
+// Clears first if the desktop shows this path, since it would keep the loaded picture.
 bool ShowAnew(const WallpaperBackend& way, const DesktopSession& session, const DesktopPicture& picture,
               const QDeadlineTimer& until)
 {
@@ -50,7 +50,7 @@ bool ShowAnew(const WallpaperBackend& way, const DesktopSession& session, const 
     return way.Show(session, picture, way.AsksPerson ? until : soon);
 }
 
-// An address or a theme's own name is left for the desktop to judge.
+// Only absolute paths are checked: the desktop judges URLs and names of themes.
 bool IsMissingFile(const QString& path)
 {
     return path.startsWith(u'/') && !QFileInfo::exists(path);

@@ -1,4 +1,4 @@
-// LXDE and LXQt, whose file manager draws the desktop. It takes a picture but tells none.
+// LXDE and LXQt: their file manager draws the desktop. The present picture cannot be read.
 #include "platform/desktop/wallpaperbackend.h"
 
 namespace {

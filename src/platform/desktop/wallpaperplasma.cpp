@@ -1,4 +1,4 @@
-// Plasma, whose shell runs a script over all of its desktops.
+// Plasma: its shell runs a script over all desktops.
 #include "platform/desktop/wallpaperbackend.h"
 
 #include <QDBusConnection>
@@ -7,7 +7,7 @@
 #include <QJsonDocument>
 
 namespace {
-// Plasma has no way to span, and fills the screen instead.
+// Plasma cannot span, so it fills the screen instead.
 constexpr FitNames FillModes{{"6", "3", "0", "1", "2", "2"}};
 
 const QString SetScript =
@@ -21,7 +21,7 @@ const QString ReadScript =
     "print(JSON.stringify([one.wallpaperPlugin, '' + one.readConfig('Image'), '' + "
     "one.readConfig('FillMode')]));"_s;
 
-// What the script has printed; empty if there is no shell, it does not answer in time, or it refuses.
+// The script's output. Empty if there is no shell, it does not answer in time, or it refuses.
 std::optional<QString> Run(const QString& script, const QDeadlineTimer& until)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(u"org.kde.plasmashell"_s, u"/PlasmaShell"_s,
@@ -40,12 +40,12 @@ bool IsHere(const DesktopSession& session)
 
 bool Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineTimer& until)
 {
-    // An array in JSON is also one of the script's language, whatever letters the path has.
+    // A JSON array is also a valid script expression, whatever the path contains.
     const QByteArray address = QJsonDocument(QJsonArray{WallpaperAddress(picture.Path)}).toJson(QJsonDocument::Compact);
     const QString script = picture.Path == wallpaper::None
                                ? ClearScript
                                : SetScript.arg(QString::fromUtf8(address), FillModes.Of(picture.Fit));
-    return Run(script, until).value_or(QString()).toInt() > 0; // desktops
+    return Run(script, until).value_or(QString()).toInt() > 0; // number of desktops
 }
 
 std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTimer& until)
@@ -53,7 +53,7 @@ std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTime
     const QJsonArray read = QJsonDocument::fromJson(Run(ReadScript, until).value_or(QString()).toUtf8()).array();
     const QString plugin = read.at(0).toString(), image = read.at(1).toString();
     if (plugin == "org.kde.color"_L1) return DesktopPicture{wallpaper::None};
-    // A slide show, say, is no picture that could be put back.
+    // For example, a slide show could not be restored.
     if (plugin != "org.kde.image"_L1 || image.isEmpty()) return std::nullopt;
     return DesktopPicture{WallpaperPath(image), FillModes.Named(read.at(2).toString())};
 }

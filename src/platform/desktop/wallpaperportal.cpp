@@ -1,6 +1,6 @@
-// The desktop's portal: a service on the session bus that asks the person, if need be, and tells by a signal what came
-// of it. It cannot take a picture away.
-#include "platform/desktop/sessionbus.h"
+// The desktop's portal: a bus service that may ask the user and reports the result by a signal. It cannot remove a
+// picture.
+#include "platform/desktop/desktopcalls.h"
 #include "platform/desktop/wallpaperbackend.h"
 
 #include <QDBusConnection>
@@ -19,10 +19,10 @@
 namespace {
 const QString Service = u"org.freedesktop.portal.Desktop"_s;
 const QString RequestInterface = u"org.freedesktop.portal.Request"_s;
-constexpr int CallTime = 2000; // milliseconds in which the service says that it has understood
+constexpr int CallTime = 2000; // milliseconds for the service to accept the call
 constexpr uint Granted = 0;
 
-// Waits for the answer to one request, in a loop of its own that takes no clicks and keys for our windows.
+// Waits for the answer to a request in a loop that takes no clicks and keys.
 class PortalRequest : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ class PortalRequest : public QObject
 public:
     PortalRequest()
     {
-        // The answer may come sooner than the reply to the call, so its path is known beforehand.
+        // The answer may precede the reply to the call, so the path is computed.
         m_bus.connect(Service, m_path, RequestInterface, u"Response"_s, this, SLOT(Response(uint, QVariantMap)));
         m_watcher.setConnection(m_bus);
         connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, &m_loop, &QEventLoop::quit);
@@ -64,7 +64,7 @@ private:
     std::optional<uint> m_code;
 };
 
-// Over which window the service is to ask.
+// The window over which the service asks.
 QString ParentWindow()
 {
     const QWindow* window = QGuiApplication::focusWindow();
@@ -82,7 +82,7 @@ bool Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineT
     QFile file(picture.Path);
     if (picture.Path == wallpaper::None || !file.open(QIODevice::ReadOnly)) return false;
     PortalRequest request;
-    // The open file and not its address: the service refuses addresses of files.
+    // Passes an open file, since the service refuses file URLs.
     QDBusMessage call = QDBusMessage::createMethodCall(Service, u"/org/freedesktop/portal/desktop"_s,
                                                        u"org.freedesktop.portal.Wallpaper"_s, u"SetWallpaperFile"_s);
     call.setArguments({ParentWindow(), QVariant::fromValue(QDBusUnixFileDescriptor(file.handle())),

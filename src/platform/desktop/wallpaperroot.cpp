@@ -1,5 +1,4 @@
-// A plain window manager, which leaves the ground to whoever paints the X root window, in the way that programs which
-// look through to it expect.
+// Paints the X root window under plain window managers, in the way that pseudo-transparent programs expect.
 #include "platform/desktop/wallpaperbackend.h"
 #include "platform/desktop/windowplace.h"
 
@@ -15,11 +14,11 @@
 using wallpaper::Fit;
 
 namespace {
-// Both name the same pixmap if its maker has left it behind for the next one to free.
+// Both name the same pixmap if its maker left it for its successor to free.
 constexpr const char* PictureProperty = "_XROOTPMAP_ID";
 constexpr const char* LeftBehindProperty = "ESETROOT_PMAP_ID";
-constexpr int LongestProperty = 1024; // of 4 bytes each
-constexpr int RequestHead = 64;       // more bytes than a request has before its data
+constexpr int LongestProperty = 1024; // 4-byte units
+constexpr int RequestHead = 64;       // upper bound of a request's header, in bytes
 
 template <typename Reply>
 std::unique_ptr<Reply, decltype(&std::free)> Owned(Reply* reply)
@@ -27,7 +26,7 @@ std::unique_ptr<Reply, decltype(&std::free)> Owned(Reply* reply)
     return {reply, &std::free};
 }
 
-// A connection of its own: what one leaves behind stays only as a whole.
+// An own X connection, since the resources of a connection are retained only as a whole.
 class Root
 {
 public:
@@ -37,10 +36,10 @@ public:
 
     bool IsConnected() const { return m_screen != nullptr; }
     QSize Size() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
-    bool IsCovered() const; // by a desktop's own window, so that nobody would see the root
+    bool IsCovered() const; // a desktop window hides the root
     bool HasPicture() const { return Pixmap(PictureProperty) != XCB_PIXMAP_NONE; }
 
-    bool Show(const QImage& image); // of Size(); false if the server did not take it
+    bool Show(const QImage& image); // image has Size(); false if the server refused it
     bool Clear() { return Replace(XCB_CW_BACK_PIXEL, m_screen->black_pixel, XCB_PIXMAP_NONE); }
 
 private:
@@ -94,7 +93,7 @@ bool Root::IsCovered() const
     });
 }
 
-// In strips, since a request has a largest length.
+// Sent in strips, since the length of a request is limited.
 bool Root::Fill(xcb_pixmap_t pixmap, const QImage& image)
 {
     const xcb_gcontext_t context = xcb_generate_id(m_connection);
@@ -107,7 +106,7 @@ bool Root::Fill(xcb_pixmap_t pixmap, const QImage& image)
                                                std::uint16_t(image.width()), std::uint16_t(height), 0,
                                                std::int16_t(top), 0, m_screen->root_depth,
                                                std::uint32_t(image.bytesPerLine() * height), image.constScanLine(top));
-        if (!Check(put)) return false; // so of a screen whose pixels are not of 32 bits
+        if (!Check(put)) return false; // for example if pixels have not 32 bits
     }
     xcb_free_gc(m_connection, context);
     return true;
@@ -122,13 +121,13 @@ bool Root::Show(const QImage& image)
     if (!Check(made) || !Fill(pixmap, image)) return false;
     xcb_set_close_down_mode(m_connection, XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     if (Replace(XCB_CW_BACK_PIXMAP, pixmap, pixmap)) return true;
-    // Nobody would ever free a pixmap that nothing names.
+    // Nobody could free a pixmap without name.
     xcb_set_close_down_mode(m_connection, XCB_CLOSE_DOWN_DESTROY_ALL);
     xcb_flush(m_connection);
     return false;
 }
 
-// The picture before is freed last, so that the root is never without one.
+// The previous picture is freed last, so that the root always has one.
 bool Root::Replace(quint32 mask, quint32 ground, xcb_pixmap_t pixmap)
 {
     const xcb_pixmap_t before = Pixmap(PictureProperty);
@@ -169,14 +168,14 @@ QImage Compose(const QImage& image, const QSize& root, Fit fit)
     } else if (fit == Fit::Spanned) {
         Draw(painter, image, ground.rect(), fit);
     } else {
-        // In the server's pixels, in which a screen keeps its place.
+        // In server pixels; screens keep their position.
         for (const QScreen* screen : QGuiApplication::screens())
             Draw(painter, image, {screen->geometry().topLeft(), NativeSize(*screen)}, fit);
     }
     return ground;
 }
 
-// Under Wayland the root is there for old programs, but nobody sees it.
+// Under Wayland the root exists for old programs but is not visible.
 bool IsHere(const DesktopSession&)
 {
     return QGuiApplication::platformName() == "xcb"_L1 && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
@@ -192,7 +191,7 @@ bool Show(const DesktopSession&, const DesktopPicture& picture, const QDeadlineT
     return !image.isNull() && root.Show(Compose(image, root.Size(), picture.Fit));
 }
 
-// Whose picture it is does not stand on the root.
+// The root does not tell which file it shows.
 std::optional<DesktopPicture> Present(const DesktopSession&, const QDeadlineTimer&)
 {
     const Root root;

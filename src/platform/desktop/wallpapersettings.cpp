@@ -1,4 +1,4 @@
-// The desktops whose picture is a setting that a command reads and writes.
+// Desktops whose picture is a setting that a command reads and writes.
 #include "platform/desktop/wallpaperbackend.h"
 
 #include <QGuiApplication>
@@ -11,7 +11,7 @@ struct Store
     std::optional<QString> (*Get)(const QString& key, const QDeadlineTimer& until);
     bool (*Set)(const QString& key, const QString& value, const QDeadlineTimer& until);
     const char* FitKey;
-    const char* NoFit; // shows no picture
+    const char* NoFit; // value for no picture
     FitNames Fits;
 };
 
@@ -19,13 +19,13 @@ struct Desktop
 {
     const char* Name;
     const Store& How;
-    const char* Schema; // before the keys; empty: the places of Xfce
+    const char* Schema; // prefix of the keys; empty for Xfce
     const char* PictureKey;
-    const char* DarkKey = nullptr; // of the picture for the dark look, may be missing in the schema
-    bool HoldsAddresses = true;    // "file:///..." instead of paths
+    const char* DarkKey = nullptr; // picture of the dark look; the schema may not have it
+    bool HoldsAddresses = true;    // URLs instead of paths
 };
 
-// gsettings writes and reads a text in quotes, with a backslash before what would end it.
+// gsettings quotes texts and escapes with backslashes.
 QString Quoted(QString text)
 {
     return u'\'' + text.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s) + u'\'';
@@ -43,7 +43,7 @@ std::optional<QString> GSettingsGet(const QString& key, const QDeadlineTimer& un
     return printed ? std::optional(Unquoted(*printed)) : std::nullopt;
 }
 
-// What is read back counts: without its store the command forgets what it was told and still reports no error.
+// Reads the value back: without its store the command loses it and reports no error.
 bool GSettingsSet(const QString& key, const QString& value, const QDeadlineTimer& until)
 {
     const QStringList arguments = QStringList(u"set"_s) + key.split(u' ') + QStringList(Quoted(value));
@@ -94,8 +94,8 @@ const Desktop* DesktopOf(const DesktopSession& session)
     return found == std::end(Desktops) ? nullptr : found;
 }
 
-// Xfce keeps a picture for each monitor and workspace: "/backdrop/screen0/monitorHDMI-1/workspace0". Where nobody has
-// changed it yet there is none, so that they are named after the monitors.
+// Xfce has a picture per monitor and workspace: "/backdrop/screen0/monitorHDMI-1/workspace0". If none has been set yet,
+// the monitors give the names.
 QStringList PlacesOfXfce(const QString& pictureKey, const QDeadlineTimer& until)
 {
     QStringList places;
@@ -108,7 +108,7 @@ QStringList PlacesOfXfce(const QString& pictureKey, const QDeadlineTimer& until)
     return places;
 }
 
-// What stands before the keys of each picture that the desktop shows.
+// The key prefixes of all pictures that the desktop shows.
 QStringList PlacesOf(const Desktop& desktop, const QDeadlineTimer& until)
 {
     const QString schema = QString::fromLatin1(desktop.Schema);

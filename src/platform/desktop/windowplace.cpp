@@ -21,7 +21,7 @@ bool TitleBarShows(const QRect& window)
 QRect ReachablePlace(QRect window, const QSize& smallest)
 {
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    // A size that no screens could show is a broken setting.
+    // A size larger than all screens is a broken setting.
     const QRect allScreens = QGuiApplication::primaryScreen()->virtualGeometry();
     window.setSize(window.size().boundedTo(allScreens.size()).expandedTo(smallest));
     if (TitleBarShows(window)) return window;
@@ -35,8 +35,7 @@ bool WindowsKnowTheirPlace()
     return !QGuiApplication::platformName().startsWith("wayland"_L1);
 }
 
-// The toolkit tells whole logical pixels only, of which a fraction of the screen's own may be lost or added. Screens
-// are of an even number of pixels, so the nearest one is meant.
+// The toolkit rounds to logical pixels. Screens have even numbers of pixels, so the nearest even one is right.
 QSize NativeSize(const QScreen& screen)
 {
     const auto native = [&](int logical) { return 2 * int(std::lround(logical * screen.devicePixelRatio() / 2)); };

@@ -10,13 +10,13 @@
 #include <algorithm>
 
 namespace {
-constexpr QSize BareButton{10, 6};       // what a button with a picture alone adds to it
-constexpr QSize CaptionedButton{20, 26}; // and one with text to the two
+constexpr QSize BareButton{10, 6};       // added to a picture
+constexpr QSize CaptionedButton{20, 26}; // added to picture and text
 constexpr int CaptionGap = 4;
-constexpr int TextMargin = 9; // of a combo box
+constexpr int TextMargin = 9; // of combo boxes
 constexpr int ArrowWidth = 24;
 constexpr int LeastComboHeight = 28;
-constexpr int LinePadding = 10; // above and below a combo box's text together
+constexpr int LinePadding = 10; // above and below a combo box's text, in sum
 constexpr int ScrollBarWidth = 7;
 constexpr int ShortestHandle = 16;
 
@@ -27,7 +27,7 @@ void DrawGround(QPainter& painter, const QRectF& area, qreal radius, const QBrus
     painter.drawRoundedRect(area, radius, radius);
 }
 
-// Sharp at every pixel ratio: a picture is never stretched.
+// Pictures are never stretched, so they are sharp at every pixel ratio.
 void DrawPicture(QPainter& painter, const QPoint& at, const QIcon& picture, const QSize& size)
 {
     painter.drawPixmap(at, picture.pixmap(size, painter.device()->devicePixelRatioF()));
@@ -99,7 +99,7 @@ QSize SizeOf(const QStyleOptionButton& button)
     return QSize(width, button.iconSize.height() + button.fontMetrics.height()) + CaptionedButton;
 }
 
-// In the colours of what the box stands on, which is paper or a window.
+// Takes the colours of its ground, paper or window.
 void DrawComboBox(const QStyleOptionComboBox& box, QPainter& painter)
 {
     if (!Has(box, QStyle::State_Enabled)) painter.setOpacity(0.5);
@@ -140,7 +140,7 @@ QRect HandleOf(const QStyleOptionSlider& slider)
     return {slider.rect.x(), slider.rect.y() + top, slider.rect.width(), handle};
 }
 
-// Without arrows: a handle on the paper, and nothing where there is nothing to scroll.
+// A handle without arrows; nothing if there is nothing to scroll.
 void DrawScrollBar(const QStyleOptionSlider& slider, QPainter& painter)
 {
     if (slider.maximum <= slider.minimum) return;
@@ -149,7 +149,7 @@ void DrawScrollBar(const QStyleOptionSlider& slider, QPainter& painter)
                touched ? paper::ActiveScrollHandle : paper::ScrollHandle);
 }
 
-// Draws the option, if it is of the kind that the routine draws.
+// Calls draw if the option has its type.
 template <typename Option>
 bool Draw(void (*draw)(const Option&, QPainter&), const QStyleOption* option, QPainter* painter)
 {
@@ -180,8 +180,7 @@ int PaperStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
-// A combo box opens a list that scrolls, with some styles also in place of a menu as long as the screen. A scroll bar
-// stays, with some styles also in place of one that fades away.
+// Some styles would open a combo box as a menu as long as the screen, or fade scroll bars out.
 int PaperStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {

@@ -1,8 +1,8 @@
 #include "platform/print/notefit.h"
 
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtfpicture.h"
-#include "platform/richtext/shownpictures.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
@@ -18,9 +18,9 @@
 namespace {
 constexpr QChar Ellipsis(0x2026);
 constexpr double Rounding = 0.5;     // dots
-constexpr int MostLetters = 200'000; // no page has room for more, and lines beyond some ten million dots have no place
+constexpr int MostLetters = 200'000; // more than a page holds; line positions overflow at some ten million dots
 
-// Where the first line begins that does not fit whole, from the second line on; -1 if all do.
+// The position of the first line that does not fit, the very first line excepted; -1 if all fit.
 int FirstHidden(const QTextDocument& note, double height)
 {
     const QAbstractTextDocumentLayout& layout = *note.documentLayout();
@@ -52,14 +52,14 @@ void RemoveFrom(QTextCursor& end, int position)
     end.removeSelectedText();
 }
 
-// Blanks and ends of paragraphs: nothing but text stands before an ellipsis.
+// Only text precedes an ellipsis.
 void RemoveTrailingBlanks(QTextCursor& end)
 {
     while (end.position() > 0 && end.document()->characterAt(end.position() - 1).isSpace())
         end.deletePreviousChar();
 }
 
-// Takes away from the end what the ellipsis needs to stand in the last line, but not the only letter.
+// Makes room for an ellipsis in the last line, but keeps the first letter.
 void Shorten(QTextDocument& note, int firstHidden, double height)
 {
     QTextCursor end(&note);
@@ -78,7 +78,7 @@ void Shorten(QTextDocument& note, int firstHidden, double height)
     }
 }
 
-// A picture that is larger than the box, in proportion; beside it there is room for an ellipsis.
+// Scales pictures to the box, with room for an ellipsis beside them.
 void ShrinkPictures(QTextDocument& note, const QSizeF& most)
 {
     for (QTextBlock block = note.begin(); block.isValid(); block = block.next()) {
@@ -105,7 +105,7 @@ void FitNote(QTextDocument& note, const QSizeF& box, QPaintDevice& device)
     note.setDocumentMargin(0);
     ShowPictures(note);
     note.documentLayout()->setPaintDevice(&device);
-    // Sizes of pictures are in dots of the screen.
+    // Picture sizes are in screen dots.
     const double dots = device.logicalDpiY() / QGuiApplication::primaryScreen()->logicalDotsPerInchY();
     const double ellipsis = QFontMetricsF(note.defaultFont(), &device).horizontalAdvance(Ellipsis);
     ShrinkPictures(note, QSizeF(box.width() - ellipsis, box.height()) / dots);

@@ -15,13 +15,13 @@ constexpr double PointsPerInch = 72;
 // Lengths in points.
 constexpr double HairlineWidth = 0.5;
 constexpr double FrameWidth = 1;
-constexpr double Padding = 4.5;  // from a cell's edge to what stands in it
-constexpr double Gap = 6;        // between the grid and what stands above and below it
-constexpr double LeastBand = 13; // that a cell keeps free above its note, for its number
+constexpr double Padding = 4.5;  // inside a cell's edge
+constexpr double Gap = 6;        // above and below the grid
+constexpr double LeastBand = 13; // least height above a note, for the date
 
 constexpr double LargestShare = 0.1; // of the page's height, for a line of text
-constexpr double LeastFactor = 0.5;  // by which fonts are made smaller; what is too long even then is cut
-constexpr double Slack = 0.98;       // widths do not shrink quite as sizes do
+constexpr double LeastFactor = 0.5;  // least scale of fonts; longer texts are cut
+constexpr double Slack = 0.98;       // widths shrink a little less than sizes
 constexpr QColor LineColor(0xb9, 0xb3, 0xa6);
 
 class PagePainter
@@ -53,10 +53,10 @@ private:
     QPainter& m_painter;
     CalendarPage& m_page;
     const QRectF m_area;
-    QRectF m_grid; // what is left of the area
+    QRectF m_grid; // the rest of the area
     const double m_point;
     double m_dateFactor = 1;
-    double m_band = 0; // above each note
+    double m_band = 0; // height above each note
 };
 
 double PagePainter::FactorFor(const PageCaption& caption, double width, double height) const
@@ -106,7 +106,7 @@ void PagePainter::PaintHeader()
     TakeTop(Gap * m_point);
 }
 
-// All seven made smaller alike.
+// All seven get the same scale.
 void PagePainter::PaintHeadings()
 {
     if (m_page.headings.empty()) return;
@@ -139,7 +139,7 @@ void PagePainter::MeasureDates()
     }
 }
 
-// Whole dots, so that every line is as thick as the next.
+// Whole dots make all lines equally thick.
 QRectF PagePainter::CellRect(int index) const
 {
     const int column = index % CalendarPage::Columns, row = index / CalendarPage::Columns;
@@ -171,7 +171,7 @@ void PagePainter::PaintNote(PageCell& cell, const QRectF& rect)
     if (place.isEmpty()) return;
     FitNote(*cell.note, place.size(), *m_painter.device());
     QAbstractTextDocumentLayout::PaintContext context;
-    context.palette.setColor(QPalette::Text, Qt::black); // whatever the desktop's theme
+    context.palette.setColor(QPalette::Text, Qt::black); // not the theme's colour
     context.clip = QRectF(QPointF(), place.size());
     m_painter.save();
     m_painter.setClipRect(place);

@@ -12,7 +12,7 @@
 
 namespace {
 constexpr double UsualMargin = 1; // inches
-constexpr double LeastSide = 2;   // of what the margins leave
+constexpr double LeastSide = 2;   // in inches, inside the margins
 
 QString Text(const char* key, const char* fallback = "", int size = 1024)
 {
@@ -48,17 +48,6 @@ QColor HeaderInk()
     return ColorOfValue(ColorOf(Text("HEADERCOLOR")));
 }
 
-QSizeF SizeInside(const QSizeF& paper, const QMarginsF& margins)
-{
-    return {paper.width() - margins.left() - margins.right(), paper.height() - margins.top() - margins.bottom()};
-}
-
-QMarginsF AtLeast(const QMarginsF& margins, const QMarginsF& least)
-{
-    return {std::max(margins.left(), least.left()), std::max(margins.top(), least.top()),
-            std::max(margins.right(), least.right()), std::max(margins.bottom(), least.bottom())};
-}
-
 bool IsTooSmall(const QSizeF& size, double least)
 {
     return size.width() < least || size.height() < least;
@@ -77,10 +66,10 @@ QRectF AreaOf(const QPageLayout& paper, const QMarginsF& margins, int dotsPerInc
     inInches.setUnits(QPageLayout::Inch);
     const QSizeF size = inInches.fullRect().size();
     const QMarginsF printable = inInches.minimumMargins();
-    QMarginsF kept = AtLeast(margins, printable);
-    if (IsTooSmall(SizeInside(size, kept), LeastSide))
-        kept = AtLeast(QMarginsF(UsualMargin, UsualMargin, UsualMargin, UsualMargin), printable);
-    // On paper as small as a playing card nothing would be left.
-    if (IsTooSmall(SizeInside(size, kept), LeastSide / 2)) kept = printable;
-    return QRectF(QPointF(kept.left(), kept.top()) * dotsPerInch, SizeInside(size, kept) * dotsPerInch);
+    QMarginsF kept = margins | printable;
+    if (IsTooSmall(size.shrunkBy(kept), LeastSide))
+        kept = QMarginsF(UsualMargin, UsualMargin, UsualMargin, UsualMargin) | printable;
+    // On very small paper nothing would be left.
+    if (IsTooSmall(size.shrunkBy(kept), LeastSide / 2)) kept = printable;
+    return QRectF(QPointF(kept.left(), kept.top()) * dotsPerInch, size.shrunkBy(kept) * dotsPerInch);
 }

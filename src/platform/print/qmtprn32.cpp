@@ -15,7 +15,7 @@
 #include <utility>
 
 namespace {
-// Nobody tells of a disk that ran full while the page was drawn.
+// QPrinter does not report a full disk.
 bool IsWholePdf(const QByteArray& pdf)
 {
     constexpr qsizetype TailSize = 16;
@@ -91,14 +91,14 @@ void QMTPrn32::qmtPrintMonth(const QString& caption, const CaptionLook& look)
 
 bool QMTPrn32::Draw(QPrinter& printer)
 {
-    printer.setFullPage(true); // margins are counted from the paper's edge
+    printer.setFullPage(true); // margins count from the paper's edge
     QPainter painter;
     if (!painter.begin(&printer)) return false;
     PaintPage(painter, *m_page, AreaOf(printer.pageLayout(), m_page->setup.margins, printer.resolution()));
     return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
-// The printer would empty the file at once, and leave a torn one where the disk runs full.
+// Drawn into a temporary file first: QPrinter would truncate the file at once and leave it incomplete on a full disk.
 bool QMTPrn32::DrawFile(QPrinter& printer)
 {
     QTemporaryFile drawn(QDir::tempPath() + u"/orrelin-XXXXXX.pdf"_s);
@@ -125,6 +125,5 @@ void QMTPrn32::qmtEndPrint()
 void QMTPrn32::TellTrouble()
 {
     const auto trouble = std::exchange(m_trouble, std::nullopt);
-    if (!trouble) return;
-    MsgBox(trouble->text, msgbox::Exclamation, u"Orrelin Help Wizard"_s, trouble->advice);
+    if (trouble) msgbox::Tell(trouble->text, msgbox::Exclamation, trouble->advice);
 }

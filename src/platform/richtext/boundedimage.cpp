@@ -22,7 +22,7 @@ constexpr Magic Magics[] = {{"\x89PNG\r\n\x1a\n", "png"},
                             {"BM", "bmp"},
                             {QByteArrayView("\0\0\1\0", 4), "ico"}};
 
-// A reader that stands on the image that is meant, which for an icon is the largest one.
+// Reads the image that counts, which for an icon is the largest one.
 class Reader
 {
 public:
@@ -36,7 +36,7 @@ public:
         if (!IsWithinBounds(Size()) || AsksForManyPasses()) m_reader.setDevice(nullptr);
     }
 
-    // A bitmap that runs from top to bottom says a negative height.
+    // A top-down bitmap has a negative height.
     QSize Size() const
     {
         const QSize size = m_reader.size();
@@ -50,7 +50,7 @@ public:
         if (!m_reader.device()) return {};
         const bool isSideways = m_reader.transformation() & QImageIOHandler::TransformationRotate90;
         const QSize size = Size().boundedTo(isSideways ? most.transposed() : most).expandedTo({1, 1});
-        // A photograph is decoded no finer than it is wanted. Other kinds would be scaled in their own few colours.
+        // JPEG is decoded at the wanted size. Other formats would be scaled within their few colours.
         const bool scalesItself = m_reader.format() == "jpeg";
         if (scalesItself && size != Size()) m_reader.setScaledSize(size);
         QImage image = m_reader.read();
@@ -85,8 +85,7 @@ private:
         m_reader.jumpToImage(largest);
     }
 
-    // A photograph of a few bytes can ask for any number of passes over all of its pixels. Their marker stands for
-    // nothing else in such a file.
+    // A tiny JPEG can ask for any number of passes over all of its pixels. This marker begins each of them.
     bool AsksForManyPasses() const
     {
         return m_reader.format() == "jpeg" && m_buffer.data().count("\xff\xda") > MostPasses;

@@ -4,7 +4,6 @@
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtfpicture.h"
-#include "platform/richtext/shownpictures.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -29,7 +28,7 @@ QByteArray DataOf(const QString& name)
     return name.startsWith(u"data:", Qt::CaseInsensitive) ? DataOfUrl(name) : DataOfFile(QUrl(name));
 }
 
-// From the end on, so that what is put in the place of one moves no other. The character is selected.
+// Visits the images backwards, so that a replacement moves no other image. The cursor selects the image.
 template <typename Visit>
 void ForEachImage(QTextDocument& document, int begin, int end, Visit visit)
 {
@@ -43,7 +42,7 @@ void ForEachImage(QTextDocument& document, int begin, int end, Visit visit)
     }
 }
 
-// The image is selected.
+// The cursor selects the image.
 void Adopt(QTextCursor& cursor, const QTextImageFormat& image, PictureFit fit)
 {
     if (image.width() >= 1 && image.height() >= 1) fit.exact = QSizeF(image.width(), image.height()).toSize();
@@ -53,7 +52,7 @@ void Adopt(QTextCursor& cursor, const QTextImageFormat& image, PictureFit fit)
 
 } // namespace
 
-// A pipe or a device would never end, and a folder of another machine might never answer.
+// A pipe or device may never end, and another machine may never answer.
 QByteArray DataOfFile(const QUrl& url, qint64 most)
 {
     if (!url.isLocalFile() || !url.host().isEmpty()) return {};

@@ -21,14 +21,14 @@
 
 namespace {
 
-// HTML may name files and pages of styles, and asks the document for them.
+// Loads none of the files and style sheets that HTML refers to.
 class ClosedDocument : public QTextDocument
 {
 protected:
     QVariant loadResource(int, const QUrl&) override { return {}; }
 };
 
-constexpr int Level = 360; // twips that a list is further in than the one around it
+constexpr int Level = 360; // twips that each list level is indented
 
 const QTextTable* TableAt(const QTextBlock& block)
 {
@@ -52,10 +52,10 @@ double WidthOf(const QTextTableCell& cell)
     return width;
 }
 
-// In pixels; 0 where no cell is of this column alone.
+// In pixels; 0 if every cell of the column spans others too.
 double WidthOfColumn(const QTextTable& table, int column)
 {
-    constexpr int MostRows = 100; // looked at, since each word is measured
+    constexpr int MostRows = 100; // measured at most, word by word
     constexpr double Widest = 240;
     double width = 0;
     for (int row = 0; row < std::min(table.rows(), MostRows); ++row) {
@@ -65,21 +65,21 @@ double WidthOfColumn(const QTextTable& table, int column)
     return std::min(width, Widest);
 }
 
-// The empty paragraph that a document has before and behind every table.
+// A document has an empty paragraph before and behind every table.
 bool IsBesideTable(const QTextBlock& block)
 {
     return block.length() == 1 && !TableAt(block) && (TableAt(block.previous()) || TableAt(block.next()));
 }
 
-// How the paragraphs of HTML stand in a note, where lists and tables are text.
+// Paragraph formats of HTML in a note, where lists and tables are text.
 class HtmlParagraphs
 {
 public:
-    // An item of a list is indented by its level and hangs at its mark; a row of a table has a tab stop a column.
+    // List items are indented by level, with a hanging mark. Table rows have a tab stop per column.
     QTextBlockFormat FormatOf(const QTextBlock& block);
 
 private:
-    using Tabs = QList<QTextOption::Tab>; // positions in twips
+    using Tabs = QList<QTextOption::Tab>; // in twips
 
     const Tabs& ColumnsOf(const QTextTable& table);
 
@@ -126,17 +126,16 @@ QString MarkOf(const QTextBlock& block)
     return (isBullet ? u"\u2022"_s : list->itemText(block)) + u'\t';
 }
 
-// How many columns the next paragraph is further in the same row of a table; 0 where it is in no other cell of it.
+// The distance in columns to the next paragraph, if it is in another cell of the same row; else 0.
 int ColumnsToNext(const QTextBlock& block)
 {
-    const QTextTable* table = QTextCursor(block).currentTable();
-    const QTextBlock next = block.next();
-    if (!table || !next.isValid() || QTextCursor(next).currentTable() != table) return 0;
-    const QTextTableCell one = table->cellAt(block.position()), other = table->cellAt(next.position());
+    const QTextTable* table = TableAt(block);
+    if (!table || TableAt(block.next()) != table) return 0;
+    const QTextTableCell one = table->cellAt(block.position()), other = table->cellAt(block.next().position());
     return one.row() == other.row() ? std::clamp(other.column() - one.column(), 0, RtfParagraph::MaximumTabs) : 0;
 }
 
-// The format for another document, where there is no such list or table.
+// The format without its list or table, for another document.
 template <typename Format>
 Format Freed(Format format)
 {
@@ -145,7 +144,7 @@ Format Freed(Format format)
     return format;
 }
 
-// Appends what a paragraph shows.
+// Appends the paragraph's content.
 void Append(const QTextBlock& block, QTextCursor& out)
 {
     const QTextCharFormat mark = block.begin().atEnd() ? block.charFormat() : block.begin().fragment().charFormat();
@@ -154,14 +153,14 @@ void Append(const QTextBlock& block, QTextCursor& out)
         out.insertText(i.fragment().text(), Freed(i.fragment().charFormat()));
 }
 
-// Lists and tables as text. There are no others in the document that is written.
+// Copies the document with its lists and tables as text.
 void Flatten(const QTextDocument& document, QTextDocument& flat)
 {
     HtmlParagraphs paragraphs;
     QTextCursor out(&flat);
     out.beginEditBlock();
     bool isFirst = true;
-    int columns = 0; // since the paragraph before
+    int columns = 0; // from the previous paragraph
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         if (IsBesideTable(block)) continue;
         const bool isNext = !std::exchange(isFirst, false);

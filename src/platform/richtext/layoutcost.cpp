@@ -11,20 +11,20 @@
 
 namespace {
 
-constexpr qsizetype ShortWord = 256;          // letters; the square of so few does not count
-constexpr qint64 MostWork = 4000LL * 4000;    // the square of one word, or the sum of many; some milliseconds
-constexpr qsizetype PieceOfText = 2 * 4096;   // letters without a place to break are beyond MostWork
-constexpr int MostRuns = 4000;                // of one format each, in one paragraph
+constexpr qsizetype ShortWord = 256;          // letters; the square of shorter words does not matter
+constexpr qint64 MostWork = 4000LL * 4000;    // one square or a sum; takes some milliseconds
+constexpr qsizetype PieceOfText = 2 * 4096;   // letters; without a place to break they exceed MostWork
+constexpr int MostRuns = 4000;                // in one paragraph
 constexpr qsizetype LongParagraph = 4 * 4096; // letters
 
-// What the paragraphs of a document have beyond what is usual.
+// What makes the layout expensive.
 struct Excess
 {
-    qint64 work = 0; // the squares of the lengths of long words
-    int crowded = 0; // paragraphs of more than MostRuns
+    qint64 work = 0; // sum of the squared lengths of long words
+    int crowded = 0; // number of paragraphs with more than MostRuns
 };
 
-// A paragraph's share, taken back from the sum when the paragraph goes.
+// A paragraph's share of the sum, subtracted when the paragraph is deleted.
 class Share : public QTextBlockUserData
 {
 public:
@@ -41,7 +41,7 @@ public:
     Q_DISABLE_COPY_MOVE(Share)
 
 private:
-    std::shared_ptr<Excess> m_sum; // which may outlive the object that made it
+    std::shared_ptr<Excess> m_sum; // may outlive LayoutCost
     Excess m_own;
 };
 
@@ -50,8 +50,8 @@ qint64 Square(qsizetype length)
     return length > ShortWord ? qint64(length) * length : 0;
 }
 
-// Of text without blanks, which may have other places to break. In pieces, so that a long word is known by its
-// beginning.
+// Work of text without blanks, which may have other places to break. Examined in pieces, so that the beginning of a
+// long word suffices.
 qint64 WorkOfWord(QStringView word)
 {
     qint64 work = 0;
@@ -127,8 +127,8 @@ private:
         const auto wrap = wrapsAnywhere ? QTextOption::WrapAnywhere : m_usualWrap;
         const auto strategy = isUnkerned ? QFont::PreferNoShaping : QFont::PreferDefault;
         if (m_box.wordWrapMode() == wrap && m_box.document()->defaultFont().styleStrategy() == strategy) return;
-        // The document is about to lay out the change. It lays itself out once instead, when all is set, and no line
-        // of the old text is looked at meanwhile.
+        // The document would lay out the change now. Layout is off until all is set, and nothing reads lines of the old
+        // text meanwhile.
         VisitBlocks(begin, end, [](QTextBlock block) { block.clearLayout(); });
         Set(wrap, strategy);
     }
@@ -145,8 +145,8 @@ private:
     {
         const Excess own{block.length() > ShortWord ? WorkOf(block.text()) : 0, IsCrowded(block)};
         if (block.userData() || own.work > 0 || own.crowded > 0)
-            block.setUserData(new Share(m_sum, own)); // the block's from here
-        // Painted from what its layout has shaped, since the caret alone paints it twice a second.
+            block.setUserData(new Share(m_sum, own)); // owned by the block
+        // The cache avoids shaping the text for each painting. The caret alone paints it twice a second.
         if (IsLong(block)) block.layout()->setCacheEnabled(true);
     }
 

@@ -1,6 +1,8 @@
 // Keeps the cost of laying a note out in step with its length, whatever its shape.
 #pragma once
 
+#include <QtGlobal>
+
 class QTextDocument;
 class QTextEdit;
 
@@ -16,8 +18,7 @@ class WithoutLines
 public:
     explicit WithoutLines(QTextDocument& document);
     ~WithoutLines();
-    WithoutLines(const WithoutLines&) = delete;
-    WithoutLines& operator=(const WithoutLines&) = delete;
+    Q_DISABLE_COPY_MOVE(WithoutLines)
 
 private:
     QTextDocument& m_document;

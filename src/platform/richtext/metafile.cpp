@@ -15,7 +15,7 @@
 namespace {
 
 constexpr double MostCanvas = 8'000'000;       // pixels
-constexpr double MostPainted = 3 * MostCanvas; // pixels, as many small bitmaps may each be stretched over all
+constexpr double MostPainted = 3 * MostCanvas; // pixels; each of many small bitmaps may be stretched over the whole
 constexpr quint32 PlaceableKey = 0x9AC6CDD7;
 constexpr int PlaceableWords = 11;
 constexpr int HeaderWords = 9;
@@ -27,15 +27,15 @@ enum Function : quint16
     SetWindowExtent = 0x020C
 };
 
-// Where the parameters of a record that carries a bitmap stand, in words.
+// Positions of the parameters of a bitmap record, in words.
 struct Layout
 {
     quint16 function;
-    int operation; // or -1: the bitmap covers what it is painted on
+    int operation; // or -1: copies
     int sourceHeight, sourceWidth, sourceY, sourceX;
     int height, width, y, x;
     int bitmap;
-    bool isFromBottom; // the source's y
+    bool isFromBottom; // the source's y counts from below
 };
 constexpr Layout Layouts[] = {{0x0940, 0, 4, 5, 2, 3, 4, 5, 6, 7, 8, false},
                               {0x0B41, 0, 2, 3, 4, 5, 6, 7, 8, 9, 10, false},
@@ -57,7 +57,7 @@ QPainter::CompositionMode ModeOf(quint32 code)
     return known == std::end(Operations) ? QPainter::CompositionMode_Source : known->mode;
 }
 
-// A span of the window along one side; it may run backwards.
+// A span on one axis of the window; it may run backwards.
 struct Span
 {
     double begin = 0;
@@ -66,24 +66,20 @@ struct Span
 
 struct Blit
 {
-    QImage image; // null where there is only to be measured
-    QSize pixels; // of it
+    QByteArray file;
+    QRect source; // in the file's image
     Span across, down;
     QPainter::CompositionMode mode;
+    QImage image; // the source's pixels, set by ReadImages
 };
 
 class Player
 {
 public:
-    enum Purpose : quint8
-    {
-        Measuring,
-        Painting
-    };
-    Player(QByteArrayView metafile, Purpose purpose);
+    explicit Player(QByteArrayView metafile);
 
-    QSize CanvasSize() const; // empty where there is nothing
-    QImage Paint() const;
+    QSize CanvasSize() const; // empty if there is no bitmap
+    QImage Paint();
 
 private:
     int WordAt(qsizetype at) const { return m_begin + at < m_words ? qFromLittleEndian<qint16>(Data(at)) : 0; }
@@ -98,19 +94,18 @@ private:
     Span Window(Span Blit::*side, double begin, double length) const;
     Span Across() const { return Window(&Blit::across, m_originX, m_extentX); }
     Span Down() const { return Window(&Blit::down, m_originY, m_extentY); }
+    void ReadImages();
     QImage PaintOn(QRgb ground, QSize size) const;
 
     QByteArrayView m_metafile;
-    Purpose m_purpose;
     qsizetype m_words;
-    qsizetype m_begin = 0;            // of the present record's parameters, in words
-    qint64 m_pixelsLeft = MostPixels; // for all bitmaps together
+    qsizetype m_begin = 0;            // parameters of the current record, in words
+    qint64 m_pixelsLeft = MostPixels; // for all bitmaps
     double m_originX = 0, m_originY = 0, m_extentX = 0, m_extentY = 0;
     std::vector<Blit> m_blits;
 };
 
-Player::Player(QByteArrayView metafile, Purpose purpose)
-    : m_metafile(metafile), m_purpose(purpose), m_words(metafile.size() / 2)
+Player::Player(QByteArrayView metafile) : m_metafile(metafile), m_words(metafile.size() / 2)
 {
     constexpr int RecordWords = 3;
     if (NumberAt(0) == PlaceableKey) m_begin = PlaceableWords;
@@ -154,13 +149,11 @@ void Player::Add(const Layout& layout, qsizetype end)
     const Span across(WordAt(layout.x), WordAt(layout.width));
     const Span down(WordAt(layout.y), WordAt(layout.height));
     if (source.isEmpty() || across.length == 0 || down.length == 0) return;
-    QImage image;
-    if (m_purpose == Painting) image = ReadImage(file, size).convertToFormat(QImage::Format_RGB32).copy(source);
     const auto mode = layout.operation < 0 ? QPainter::CompositionMode_Source : ModeOf(NumberAt(layout.operation));
-    if (m_purpose == Measuring || !image.isNull()) m_blits.push_back({image, source.size(), across, down, mode});
+    m_blits.push_back({file, source, across, down, mode, {}});
 }
 
-// The window along one side; where the metafile sets none it is what the bitmaps cover.
+// The window on one axis. If the metafile sets none, the area that the bitmaps cover.
 Span Player::Window(Span Blit::*side, double begin, double length) const
 {
     if (length != 0) return {begin, length};
@@ -179,13 +172,20 @@ QSize Player::CanvasSize() const
     const Span across = Across(), down = Down();
     double scaleX = 0, scaleY = 0;
     for (const Blit& blit : m_blits) {
-        scaleX = std::max(scaleX, blit.pixels.width() / std::abs(blit.across.length));
-        scaleY = std::max(scaleY, blit.pixels.height() / std::abs(blit.down.length));
+        scaleX = std::max(scaleX, blit.source.width() / std::abs(blit.across.length));
+        scaleY = std::max(scaleY, blit.source.height() / std::abs(blit.down.length));
     }
     const double width = std::max(1.0, std::abs(across.length) * scaleX);
     const double height = std::max(1.0, std::abs(down.length) * scaleY);
     const double factor = std::min(1.0, std::sqrt(MostCanvas / width / height));
     return QSizeF(width * factor, height * factor).toSize().expandedTo({1, 1}).boundedTo({16384, 16384});
+}
+
+void Player::ReadImages()
+{
+    for (Blit& blit : m_blits)
+        blit.image = ReadImage(blit.file, ImageSize(blit.file)).convertToFormat(QImage::Format_RGB32).copy(blit.source);
+    std::erase_if(m_blits, [](const Blit& blit) { return blit.image.isNull(); });
 }
 
 QImage Player::PaintOn(QRgb ground, QSize size) const
@@ -208,11 +208,12 @@ QImage Player::PaintOn(QRgb ground, QSize size) const
     return canvas;
 }
 
-// An icon is painted as a mask that clears its shape and colours that are laid over. So what looks the same on black
-// and on white ground is opaque, what takes the ground's colour is transparent, and black ground has the colours as
-// they are multiplied by that.
-QImage Player::Paint() const
+// Icons are painted as a mask, which clears their shape, and colours over it. Pixels that are the same on black and
+// white ground are opaque; pixels that show the ground are transparent. On black ground the colours are already
+// multiplied by alpha.
+QImage Player::Paint()
 {
+    ReadImages();
     const QSize size = CanvasSize();
     if (size.isEmpty()) return {};
     const QImage onBlack = PaintOn(0xFF000000, size);
@@ -235,10 +236,10 @@ QImage Player::Paint() const
 
 QImage BitmapsOfMetafile(QByteArrayView metafile)
 {
-    return Player(metafile, Player::Painting).Paint();
+    return Player(metafile).Paint();
 }
 
 QSize SizeOfMetafile(QByteArrayView metafile)
 {
-    return Player(metafile, Player::Measuring).CanvasSize();
+    return Player(metafile).CanvasSize();
 }

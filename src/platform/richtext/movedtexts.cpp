@@ -25,7 +25,7 @@ void MovedTexts::EndOfDrag(bool isTakenAway)
     target->m_moves.push_back(move);
 }
 
-// What was typed behind the text here goes with it, as it does where nothing was moved; in the other note it must not.
+// Text typed behind the moved text goes with it in the source note, as without a move, but not in the other note.
 bool MovedTexts::CanStep(const Move& move) const
 {
     return std::ranges::all_of(move.ends, [&](const End& end) {
@@ -71,7 +71,7 @@ bool MovedTexts::GiveBack()
     return true;
 }
 
-// Only the note that is typed into scrolls to the change.
+// Only the note with the caret scrolls to the change.
 void MovedTexts::StepHere(bool isUndone, bool withCaret)
 {
     QTextDocument& document = *m_box.document();
@@ -81,7 +81,7 @@ void MovedTexts::StepHere(bool isUndone, bool withCaret)
         withCaret ? m_box.undo() : document.undo();
 }
 
-// A new step takes the place of those that have been undone, and moves among them cannot come back.
+// A new step replaces undone ones, so moves among them cannot be redone.
 void MovedTexts::Forget()
 {
     std::erase_if(m_moves, [this](const auto& move) {

@@ -11,7 +11,7 @@ void AppendBelow(QTextDocument& note, const QTextBlock& first, const QTextDocume
 {
     QTextCursor cursor(&note);
     cursor.movePosition(QTextCursor::End);
-    // Without formats of its own the new paragraph would take the alignment and the style of the note's last one.
+    // Otherwise the new paragraph would take alignment and style from the note's last one.
     cursor.insertBlock(first.blockFormat(), first.charFormat());
     cursor.insertFragment(addition);
 }

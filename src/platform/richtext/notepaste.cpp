@@ -20,7 +20,7 @@
 
 namespace {
 
-// One thing that was offered, and where it is to go.
+// What is offered, and where it goes.
 struct Pasting
 {
     const QMimeData& data;
@@ -37,7 +37,7 @@ bool PasteNote(const Pasting& pasting, const QByteArray& rtf)
     return pasting.cursor.position() > begin;
 }
 
-// Other programs end with the mark of a paragraph what is a part of one.
+// Other programs end even a part of a paragraph with \par.
 bool PasteForeign(const Pasting& pasting, const QByteArray& rtf)
 {
     const int begin = pasting.cursor.selectionStart();
@@ -60,8 +60,8 @@ bool TakeRichText(const Pasting& pasting)
     });
 }
 
-// A wide picture behind words begins a line of its own: beside them there is no room, and their line would become as
-// high as the picture. The cursor stands behind the picture.
+// A wide picture behind words gets a line of its own. It would not fit beside them, and would make their line as high
+// as itself. The cursor is behind the picture.
 void GiveLine(QTextCursor& cursor, const PictureFit& fit)
 {
     const bool isWide = cursor.charFormat().toImageFormat().width() > fit.width / 2.0;
@@ -88,7 +88,7 @@ bool TakeHtml(const Pasting& pasting)
 {
     if (!pasting.data.hasHtml()) return false;
     const HtmlNote note = ReadHtml(pasting.data.html(), pasting.initial, pasting.fit);
-    // A browser says of an image where it came from, and has the image beside it.
+    // A browser offers an image's address as HTML and the image beside it.
     if (note.isPictures && TakeImage(pasting)) return true;
     return PasteForeign(pasting, note.rtf);
 }
@@ -98,11 +98,11 @@ void PasteText(const Pasting& pasting, QString text)
     text.removeIf([](QChar one) { return one.isNull() || one == QChar::ObjectReplacementCharacter; });
     const int begin = pasting.cursor.selectionStart();
     pasting.cursor.insertText(text, FormatToType(pasting.cursor));
-    const QTextCharFormat base = FormatOf(pasting.initial.font()); // without its colour, as the caret may have none
+    const QTextCharFormat base = FormatOf(pasting.initial.font()); // without colour, which the caret may not have
     SpellOutFormats(*pasting.cursor.document(), begin, pasting.cursor.position(), base);
 }
 
-// By its first bytes, since any number of large files may have been dropped.
+// Checks the first bytes only, since many large files may be dropped.
 bool IsImage(const QUrl& file)
 {
     constexpr qint64 HeadBytes = 16;

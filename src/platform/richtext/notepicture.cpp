@@ -1,7 +1,6 @@
 #include "platform/richtext/notepicture.h"
 
 #include "platform/richtext/boundedimage.h"
-#include "platform/richtext/picturegroup.h"
 #include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtfpicture.h"
 
@@ -12,8 +11,8 @@
 
 namespace {
 
-constexpr int Sharpness = 3;                  // pixels kept for one that is shown, where a picture is encoded anew
-constexpr qsizetype MostKeptBytes = 16 << 20; // kept as they are
+constexpr int Sharpness = 3;                  // stored pixels per shown pixel, if a picture is encoded anew
+constexpr qsizetype MostKeptBytes = 16 << 20; // larger files are encoded anew
 
 bool Insert(QTextCursor& cursor, const QByteArray& file, QSize pixels, QSize shown)
 {
@@ -26,7 +25,7 @@ bool Insert(QTextCursor& cursor, const QByteArray& file, QSize pixels, QSize sho
     return true;
 }
 
-// A large photograph is kept no larger than it can be seen.
+// Pictures are stored no larger than they can be seen.
 bool InsertAnew(QTextCursor& cursor, const QImage& image, const char* format, QSize shown)
 {
     const QSize kept = image.size().boundedTo(shown * Sharpness);
@@ -69,7 +68,7 @@ std::optional<NotePicture> OnlyPicture(const QTextCursor& selection)
 {
     const int begin = selection.selectionStart();
     if (selection.selectionEnd() != begin + 1) return {};
-    // A cursor behind the mark of a paragraph has the format of the next one's first character.
+    // A cursor behind a paragraph mark has the format of the next paragraph's first character.
     if (selection.document()->characterAt(begin) != QChar::ObjectReplacementCharacter) return {};
     QTextCursor behind(selection);
     behind.setPosition(begin + 1);

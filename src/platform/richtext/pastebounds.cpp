@@ -2,13 +2,15 @@
 
 #include "platform/richtext/rtftokenizer.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 #include <limits>
 
 namespace {
 
-constexpr qsizetype MostRichText = 64 << 20; // bytes, pictures and all
+constexpr qsizetype MostRichText = 64 << 20; // bytes, with pictures
 constexpr qsizetype MostCharacters = 64 << 20;
 constexpr qsizetype MostMarkup = 1 << 20;
 constexpr int MostDepth = 200;
@@ -20,7 +22,7 @@ struct Limit
 };
 constexpr std::array Limits{Limit{u"img", 500}, Limit{u"li", 5000}};
 
-// Elements without content have no end.
+// Elements without end tag.
 constexpr QStringView Endless[] = {u"area",  u"base", u"br",   u"col",   u"hr", u"img",
                                    u"input", u"link", u"meta", u"param", u"p",  u"wbr"};
 
@@ -29,71 +31,25 @@ bool IsSame(QStringView one, QStringView other)
     return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-// Takes off the view what stands before the first of these characters, or all of it.
-QStringView TakeUntil(QStringView& html, QStringView ends)
-{
-    const auto end = std::ranges::find_if(html, [ends](QChar one) { return ends.contains(one); });
-    const QStringView taken = html.first(end - html.begin());
-    html = html.sliced(taken.size());
-    return taken;
-}
-
-void SkipBlanks(QStringView& html)
-{
-    while (!html.isEmpty() && html.front().isSpace())
-        html = html.sliced(1);
-}
-
-bool Skip(QStringView& html, QChar letter)
-{
-    const bool isThere = html.startsWith(letter);
-    if (isThere) html = html.sliced(1);
-    return isThere;
-}
-
-// The value of the next attribute of a tag, with or without quotes; the view goes on behind it.
-QStringView TakeValue(QStringView& tag)
-{
-    for (const QChar quote : {u'"', u'\''})
-        if (Skip(tag, quote)) {
-            const QStringView value = TakeUntil(tag, {&quote, 1});
-            Skip(tag, quote);
-            return value;
-        }
-    return TakeUntil(tag, u" \t\r\n>");
-}
-
-// Characters that are the data of an image. The view begins behind the name in its tag and goes on behind the tag.
-qsizetype TakeData(QStringView& tag)
-{
-    qsizetype size = 0;
-    for (SkipBlanks(tag); !tag.isEmpty() && tag.front() != u'>'; SkipBlanks(tag)) {
-        const QStringView name = TakeUntil(tag, u"= \t\r\n>");
-        SkipBlanks(tag);
-        if (!Skip(tag, u'=')) continue;
-        SkipBlanks(tag);
-        const QStringView value = TakeValue(tag);
-        if (IsSame(name, u"src") && value.startsWith(u"data:", Qt::CaseInsensitive)) size += value.size();
-    }
-    return size;
-}
-
-// The name behind "<" or "</"; empty for a comment and the like.
+// The element name behind "<" or "</"; empty for comments.
 QStringView ElementAt(QStringView tag)
 {
     const auto end = std::ranges::find_if_not(tag, [](QChar one) { return one.isLetterOrNumber(); });
     return tag.first(end - tag.begin());
 }
 
-qsizetype SizeWithoutData(QStringView html)
+// Subtracts the data in the first src attribute of each image. Quoted values of attributes before it may contain
+// anything. Always matches the whole tag: a tag that is examined again from within costs the square of its length.
+qsizetype SizeWithoutData(const QString& html)
 {
+    static const QRegularExpression data(
+        uR"(<img(?![\p{L}\p{N}]))"
+        uR"((?:\s*+(?!src\s*+=\s*+["']?data:)[^=\s>]*+\s*+(?:=\s*+(?:"[^"]*+"?+|'[^']*+'?+|[^\s>]*+))?+)*+)"
+        uR"((?:\s*+src\s*+=\s*+("data:[^"]*+|'data:[^']*+|data:[^\s>]*+))?+)"_s,
+        QRegularExpression::CaseInsensitiveOption);
     qsizetype size = html.size();
-    for (qsizetype at = html.indexOf(u'<'); at >= 0; at = html.indexOf(u'<')) {
-        html = html.sliced(at + 1);
-        const QStringView element = ElementAt(html);
-        html = html.sliced(element.size());
-        if (IsSame(element, u"img")) size -= TakeData(html);
-    }
+    for (const QRegularExpressionMatch& match : data.globalMatch(html))
+        size -= match.capturedLength(1);
     return size;
 }
 
@@ -114,7 +70,7 @@ bool HasBoundedElements(QStringView html)
     return true;
 }
 
-// The data of pictures costs next to nothing, text is laid out.
+// Picture data is cheap; text must be laid out.
 qsizetype SizeWithoutPictures(QByteArrayView rtf)
 {
     qsizetype size = 0;
@@ -131,7 +87,7 @@ qsizetype SizeWithoutPictures(QByteArrayView rtf)
 
 } // namespace
 
-bool IsHtmlWithinBounds(QStringView html)
+bool IsHtmlWithinBounds(const QString& html)
 {
     return html.size() <= MostCharacters && SizeWithoutData(html) <= MostMarkup && HasBoundedElements(html);
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QByteArrayView>
-#include <QStringView>
+#include <QString>
 
 inline constexpr qsizetype MostPastedText = 2 << 20;   // characters, or bytes of rich text beside its pictures
 inline constexpr qsizetype MostPastedFiles = 100;      // taken as pictures; of more the names are pasted
@@ -13,4 +13,4 @@ bool IsRtfWithinBounds(QByteArrayView rtf);
 
 // Not too long, the data of its images aside, nor too deep, nor with more images and items of lists than a reader
 // takes, whose time grows with the square of each.
-bool IsHtmlWithinBounds(QStringView html);
+bool IsHtmlWithinBounds(const QString& html);

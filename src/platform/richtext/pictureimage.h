@@ -1,18 +1,30 @@
-// What a picture of a note looks like. Knows only QtGui.
+// The data and the image of a picture in a note, and its painting. A group is a {\pict ...} or {\object ...} group of
+// rich text. Knows only QtGui.
 #pragma once
 
 #include <QImage>
+#include <QTextFormat>
 
-class QTextImageFormat;
+class QTextDocument;
 
-inline constexpr QSize AllPixels{1 << 20, 1 << 20}; // for an image as large as it is
+// Property of the picture's character: its whole group, 7-bit.
+inline constexpr int PictureSourceProperty = QTextFormat::UserProperty + 0x500;
 
-// The image, scaled down to most pixels where it is wider or higher; null where there is none that can be shown.
-// Decoded when it is first asked for, and once for all notes that hold the same picture.
+inline constexpr QSize AllPixels{1 << 20, 1 << 20}; // no limit
+
+// The image, scaled down if it exceeds most; null if it cannot be shown. Decoded on first use; notes with the same
+// picture share it.
 QImage ImageOfPicture(const QTextImageFormat& picture, QSize most);
 
-// The image's own size in pixels; empty where there is none. The group is one of rich text.
+// The size of the image itself; empty if there is none.
 QSize PixelsOfPictureGroup(QByteArrayView group);
 
-// The picture as an image file: the PNG or JPEG that it is, else a PNG of what is shown. Empty where there is nothing.
+// The original PNG or JPEG file, else the image as PNG. Empty if it cannot be shown.
 QByteArray ImageFileOf(const QTextImageFormat& picture);
+
+// The group for a PNG or JPEG file; shown is in logical pixels.
+QByteArray ToPictureGroup(const QByteArray& file, QSize pixels, QSize shown);
+
+// Draws this document's pictures, decoded when they become visible, at the screen's resolution. Other images are drawn
+// as frames and never loaded. Boxes and ReadRtf call this; a cloned document needs it again.
+void ShowPictures(QTextDocument& document);

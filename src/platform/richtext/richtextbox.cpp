@@ -3,10 +3,10 @@
 #include "platform/look/paper.h"
 #include "platform/look/paperstyle.h"
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/selectionformat.h"
-#include "platform/richtext/shownpictures.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QAccessible>
@@ -22,10 +22,10 @@
 
 namespace {
 constexpr double DocumentMargin = 1;
-constexpr double TabStop = 48; // half an inch, as notes of other programs have it
+constexpr double TabStop = 48; // half an inch, as in notes of other programs
 constexpr Qt::TextInteractionFlags LockedFlags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
 
-// A note lies on paper whatever the desktop's theme.
+// Notes are on paper, whatever the desktop's theme.
 const QPalette& NotePalette()
 {
     static const QPalette palette = [] {
@@ -34,7 +34,7 @@ const QPalette& NotePalette()
         made.setColor(QPalette::PlaceholderText, paper::SoftInk);
         made.setColor(QPalette::Highlight, paper::Accent);
         made.setColor(QPalette::HighlightedText, Qt::white);
-        // Still seen while a command, a window or the search acts on it; in full colour while it is typed into.
+        // Visible while a command or window acts on the selection; in full colour while the box has the focus.
         made.setColor(QPalette::Inactive, QPalette::Highlight, paper::PaleSelection);
         made.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
         return made;
@@ -47,7 +47,7 @@ bool IsBlank(QChar character)
     return character == u' ' || character == QChar::Nbsp || character == QChar::ObjectReplacementCharacter;
 }
 
-// Tabs and lines that are begun in a blank box look as it does; those of a note have formats of their own.
+// Tabs and new lines in a blank box have its format; those of a note have their own.
 bool IsBlankOrSpace(QChar character)
 {
     return character.isSpace() || IsBlank(character);
@@ -67,7 +67,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // A bar that came and went with the text would lay every note out twice; one with nothing to scroll shows nothing.
+    // A bar that comes and goes would lay the note out twice. It shows nothing if there is nothing to scroll.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setStyle(&PaperStyle::Shared());
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &RichTextBox::FollowScrollRange);
@@ -75,7 +75,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
     setTabChangesFocus(true);
     setTabStopDistance(TabStop);
     BeginSetting();
-    document()->setDocumentMargin(DocumentMargin); // counts as a change of content
+    document()->setDocumentMargin(DocumentMargin); // marks the content as changed
     EndSetting();
     ShowPictures(*document());
     BoundLayoutCost(*this);
@@ -115,7 +115,7 @@ void RichTextBox::SetTextRTF(const QByteArray& rtf)
     EndSetting();
 }
 
-// Plain text takes the default font for good, as typed text does.
+// Gives plain text the format of typed text.
 void RichTextBox::FormatAsTyped()
 {
     QTextCursor all(document());
@@ -124,8 +124,8 @@ void RichTextBox::FormatAsTyped()
     all.setCharFormat(m_typingFormat);
 }
 
-// Two things would lay out a large note whole at once and not as it comes into view: a caret that is pushed to the end,
-// so there is none meanwhile; and an insertion that is seen apart from the emptying before it, so both are one change.
+// Keeps a large note from being laid out at once. A caret pushed to the end would do that, so there is none meanwhile.
+// So would an insertion apart from the clearing, so both are one edit block.
 void RichTextBox::BeginSetting()
 {
     m_setting = true;
@@ -147,7 +147,7 @@ void RichTextBox::EndSetting()
     Q_EMIT Change();
 }
 
-// The lines that a cell shows are painted from what their layout has shaped, instead of being shaped once more.
+// Keeps the shaped text of the first lines for painting.
 void RichTextBox::KeepShapedText()
 {
     constexpr int MostShown = 64;
@@ -170,7 +170,7 @@ void RichTextBox::SetLocked(bool locked)
 
 void RichTextBox::SetModified(bool modified)
 {
-    // What was set comes back by undo alone, and then the document itself clears the flag.
+    // Only undo restores the bytes that were set, and then the document clears the flag itself.
     if (!modified && Modified()) m_source.reset();
     document()->setModified(modified);
 }
@@ -236,7 +236,7 @@ void RichTextBox::SaveFile(const QString& path)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) RaiseAccessError();
     const QByteArray content = TextRTF();
-    // A write that falls short and a buffer that cannot be flushed do not keep commit() from replacing the old file.
+    // commit() replaces the file even after a short write or a failed flush.
     if (file.write(content) != content.size() || !file.flush() || !file.commit()) RaiseAccessError();
 }
 
@@ -246,7 +246,7 @@ void RichTextBox::SetRightMargin(int pixels)
     FollowRightMargin();
 }
 
-// Text wider than the box could not be reached, so its edge is the limit.
+// Text wider than the box could not be scrolled to.
 void RichTextBox::FollowRightMargin()
 {
     const bool narrower = m_rightMargin > 0 && m_rightMargin < viewport()->width();
@@ -266,7 +266,7 @@ void RichTextBox::CommitPreedit()
     QGuiApplication::inputMethod()->commit();
     const QString left = textCursor().block().layout()->preeditAreaText();
     if (left.isEmpty()) return;
-    // The input method is not there any more, or has let go of its text.
+    // The input method is gone or has dropped its text.
     QInputMethodEvent event;
     event.setCommitString(left);
     inputMethodEvent(&event);

@@ -30,7 +30,7 @@ class RichTextBox : public QTextEdit
     Q_OBJECT
 
 public:
-    static constexpr int RightButton = 2; // as MouseDown tells it
+    static constexpr int RightButton = Qt::RightButton; // as MouseDown tells it
 
     explicit RichTextBox(QWidget* parent = nullptr);
 
@@ -54,25 +54,12 @@ public:
     void MarkSaved(const QByteArray& rtf);
 
     // The default font of the box. On a box with text, name and size change all of the text and set the modified flag.
-    // The names are kept as written, whether or not such a font is installed. Size in points; 380 if 0 or less.
+    // The names are kept as written, installed or not. The size in points; InvalidPropertyValue if 0 or less.
     QFont Font() const { return document()->defaultFont(); }
     // How what is typed looks while the box is blank, and again when it becomes so. Text that is there stays as it is.
     void SetBlankFormat(const QFont& font, std::uint32_t color);
     void SetFontName(const QString& name);
     void SetFontSize(double points);
-    void SetFontBold(bool bold) { ChangeFont(&QFont::setBold, bold, BoldFormat(bold)); }
-    void SetFontItalic(bool italic)
-    {
-        ChangeFont(&QFont::setItalic, italic, PartOf(&QTextCharFormat::setFontItalic, italic));
-    }
-    void SetFontUnderline(bool underline)
-    {
-        ChangeFont(&QFont::setUnderline, underline, PartOf(&QTextCharFormat::setFontUnderline, underline));
-    }
-    void SetFontStrikethrough(bool isStruck)
-    {
-        ChangeFont(&QFont::setStrikeOut, isStruck, PartOf(&QTextCharFormat::setFontStrikeOut, isStruck));
-    }
 
     std::optional<bool> SelBold() const { return Selected(IsBold); }
     std::optional<bool> SelItalic() const { return Selected(IsItalic); }
@@ -82,7 +69,6 @@ public:
     std::optional<double> SelFontSize() const { return Selected(FontSize); }
     // Blue, green, red from high to low; no colour of its own is 0.
     std::optional<std::uint32_t> SelColor() const { return Selected(Color); }
-    std::optional<int> SelAlignment() const { return CommonAlignment(textCursor()); } // 0 left, 1 right, 2 centre
 
     // With no selection these set the format of what is typed next. On an empty box the colour comes back whenever the
     // box becomes empty again.
@@ -93,18 +79,17 @@ public:
     void SetSelFontName(const QString& name);
     void SetSelFontSize(double points);
     void SetSelColor(std::uint32_t color);
-    void SetSelAlignment(int alignment);
+    void SetSelAlignment(int alignment); // 0 left, 1 right, 2 centre
 
     int SelStart() const { return textCursor().selectionStart(); }
     int SelLength() const;
     void SetSelStart(int start); // empties the selection
     void SetSelLength(int length);
 
-    void LoadFile(const QString& path); // 53, 75
-    void SaveFile(const QString& path); // 75; a failed write leaves the old file
+    void LoadFile(const QString& path); // FileNotFound, PathFileAccess
+    void SaveFile(const QString& path); // PathFileAccess; a failed write leaves the old file
 
-    int RightMargin() const { return m_rightMargin; } // width of the wrapped text in pixels; 0 wraps at the box's edge
-    void SetRightMargin(int pixels);
+    void SetRightMargin(int pixels); // width of the wrapped text; 0 wraps at the box's edge
 
     // Shows the note to be read: from the first line, nothing selected. The caret stays, and is shown again
     // when the focus comes back other than by the mouse. In the middle of a drag only when that is over.
@@ -177,15 +162,7 @@ private:
         return CommonValue(textCursor(), m_blank ? m_typingFormat : currentCharFormat(),
                            [&](const QTextCharFormat& format) { return read(format, Font()); });
     }
-    template <typename Value>
-    void ChangeFont(void (QFont::*set)(Value), Value value, const QTextCharFormat& part)
-    {
-        QFont font = Font();
-        (font.*set)(value);
-        if (font != Font()) document()->setDefaultFont(font);
-        if (m_blank) m_typingFormat.merge(part);
-    }
-    void ChangeAllText(const QTextCharFormat& part);
+    void ChangeFont(const QFont& font, const QTextCharFormat& part);
     void MergeIntoSelection(const QTextCharFormat& part);
     void TellUnpasted(const QMimeData& source);
     void FollowRightMargin();

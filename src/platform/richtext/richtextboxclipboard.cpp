@@ -1,4 +1,4 @@
-// What the box gives to the clipboard and to drags, and what it takes of them.
+// The box's clipboard and drag data.
 #include "platform/desktop/msgbox.h"
 #include "platform/richtext/layoutcost.h"
 #include "platform/richtext/notemimedata.h"
@@ -33,18 +33,17 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     ensureCursorVisible();
 }
 
-// Queued, since a drag is over only when its drop returns.
+// Queued, since a drag ends only when its drop returns.
 void RichTextBox::TellUnpasted(const QMimeData& source)
 {
     if (!CanPaste(source)) return;
     const auto tell = [] {
-        MsgBox(u"This cannot be pasted: it is empty, damaged, or too large for a note."_s, msgbox::Exclamation,
-               u"Orrelin Help Wizard"_s);
+        msgbox::Tell(u"This cannot be pasted: it is empty, damaged, or too large for a note."_s, msgbox::Exclamation);
     };
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
-// A note holds all that it shows; whatever else it names stays where it is.
+// Notes contain all that they show; nothing is loaded.
 QVariant RichTextBox::loadResource(int, const QUrl&)
 {
     return QByteArray();

@@ -14,24 +14,10 @@
 #include <optional>
 
 namespace {
-// A menu, a popup or another window had taken the focus and gives it back.
+// The focus returns from a menu, a popup or another window.
 bool IsPassing(Qt::FocusReason reason)
 {
     return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
-}
-
-int ButtonNumber(Qt::MouseButton button)
-{
-    switch (button) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return RichTextBox::RightButton;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
-    }
 }
 
 bool TypesTab(const QKeyEvent& event)
@@ -39,14 +25,14 @@ bool TypesTab(const QKeyEvent& event)
     return event.key() == Qt::Key_Tab && event.modifiers() == Qt::ControlModifier;
 }
 
-// Their keys bring a control character along, yet they change nothing that could need a lock.
+// Their keys have a control character as text but change nothing.
 bool OnlyReads(QKeyEvent* event)
 {
     return event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll);
 }
 
-// A person's key that changes the text without a character of its own, such as Shift+Insert. One that the program
-// posts has passed the guard of its command already.
+// A person's key that changes the text but has no text itself, such as Shift+Insert. Keys posted by the program have
+// passed their command's guard.
 bool ChangesSilently(QKeyEvent* event)
 {
     static constexpr QKeySequence::StandardKey keys[] = {
@@ -68,22 +54,22 @@ QString CharacterOf(QKeyEvent* event)
     return ChangesSilently(event) ? u"\b"_s : event->text();
 }
 
-// Takes away more than a letter, or brings it back.
+// Removes more than a letter, or restores it.
 bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 {
     return TakesBack(event) || (cursor.hasSelection() && !CharacterOf(event).isEmpty());
 }
 } // namespace
 
-// The note's font is its own; the desktop's does not reach it.
+// Notes have their own font; the desktop's must not change it.
 void RichTextBox::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) return;
     QTextEdit::changeEvent(event);
 }
 
-// Where the scroll bar shows nothing its strip is paper like the rest, and a press there belongs to the text. What the
-// text itself has refused comes this way too and ends here.
+// An empty scroll bar looks like paper, so a press on it belongs to the text. Events that the text has ignored arrive
+// here too and end here.
 bool RichTextBox::event(QEvent* event)
 {
     switch (event->type()) {
@@ -113,7 +99,7 @@ void RichTextBox::resizeEvent(QResizeEvent* event)
 {
     QTextEdit::resizeEvent(event);
     FollowRightMargin();
-    // Lines wrap anew, and the one that is being typed must not leave the box.
+    // The line that is being typed must stay visible when the text wraps anew.
     if (hasFocus()) ensureCursorVisible();
 }
 
@@ -134,11 +120,11 @@ void RichTextBox::focusOutEvent(QFocusEvent* event)
 
 void RichTextBox::mousePressEvent(QMouseEvent* event)
 {
-    // GotFocus may have put the focus back where it was; then the press leaves this box alone.
+    // If a GotFocus handler moved the focus away, the press must not act on this box.
     const bool refused = window()->focusWidget() != this;
     m_pressed = event->button() == Qt::LeftButton && !refused;
     if (!refused) QTextEdit::mousePressEvent(event);
-    Q_EMIT MouseDown(ButtonNumber(event->button()), event->globalPosition().toPoint());
+    Q_EMIT MouseDown(int(event->button()), event->globalPosition().toPoint());
 }
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
@@ -157,8 +143,8 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
     if (viewport()->rect().contains(event->position().toPoint())) Q_EMIT Click();
 }
 
-// A drag of the selection runs within the move that begins it. The box never sees the button come up, and would scroll
-// and drag on without it.
+// A drag runs inside the move event that starts it. The box misses the release, and without it would go on scrolling
+// and dragging.
 void RichTextBox::mouseMoveEvent(QMouseEvent* event)
 {
     m_dragging = QGuiApplication::mouseButtons() & Qt::LeftButton;
@@ -180,7 +166,7 @@ void RichTextBox::EndDrag(const QMouseEvent& event)
 
 void RichTextBox::ShowBeginning()
 {
-    // What is dragged out is still to be taken away, and is known by its selection.
+    // The dragged text will be removed by its selection.
     m_leftInDrag = m_dragging;
     if (m_dragging) return;
     QTextCursor caret = textCursor();
@@ -189,7 +175,7 @@ void RichTextBox::ShowBeginning()
     verticalScrollBar()->setValue(0);
 }
 
-// The mouse's press has raised MouseDown already; the menu key stands for a right press at the caret.
+// A mouse press has raised MouseDown already. The menu key counts as a right press at the caret.
 void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
@@ -207,7 +193,7 @@ bool RichTextBox::AdmitsKey(const QString& text)
 
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
-    // For keyboards without a menu key.
+    // For keyboards without menu key.
     if (event->keyCombination() == QKeyCombination(Qt::SHIFT, Qt::Key_F10)) {
         Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
         return event->accept();
@@ -233,18 +219,18 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
 {
     const bool erases = event->commitString().isEmpty() && event->replacementLength() > 0;
     if (!AdmitsKey(erases ? u"\b"_s : event->commitString())) {
-        QInputMethodEvent nothing; // takes what is shown back off the screen
+        QInputMethodEvent nothing; // clears the preedit text
         QTextEdit::inputMethodEvent(&nothing);
         QGuiApplication::inputMethod()->reset();
         return;
     }
-    if (Locked()) return event->ignore(); // a text that can be selected by keys would take it in
+    if (Locked()) return event->ignore(); // selectable text would take the commit
     UseTypingFormat();
     const QTextCharFormat format = TypedFormat();
     const int start = std::max(SelStart() + event->replacementStart(), 0);
     QTextEdit::inputMethodEvent(event);
     FormatCommitted(start, event->commitString().size(), format);
-    if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become so
+    if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become blank
 }
 
 bool RichTextBox::AdmitsPaste()
@@ -254,7 +240,7 @@ bool RichTextBox::AdmitsPaste()
     return allowed;
 }
 
-// Asked here and not at the insertion, since a text that is moved has been cut from its old place by then.
+// Asked before the insertion, since by then a moved text has been cut from its old place.
 void RichTextBox::dropEvent(QDropEvent* event)
 {
     if (!AdmitsPaste()) {
@@ -267,5 +253,5 @@ void RichTextBox::dropEvent(QDropEvent* event)
     }
     auto* source = qobject_cast<RichTextBox*>(event->source() ? event->source()->parent() : nullptr);
     if (event->isAccepted() && source && source != this) source->m_moved.Dropped(m_moved);
-    if (event->isAccepted()) setFocus(); // whoever has dropped something goes on to write there
+    if (event->isAccepted()) setFocus(); // so that typing goes on there
 }

@@ -1,7 +1,7 @@
 #include "platform/richtext/richtextbox.h"
-#include "platform/richtext/wrappedpictures.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFontMetricsF>
 #include <QPaintEvent>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -10,6 +10,57 @@
 #include <cmath>
 
 namespace {
+constexpr int MostLines = 1000; // examined at each painting
+constexpr qreal Tolerance = 0.5;
+
+struct Extent
+{
+    qreal ascent = 0;
+    qreal descent = 0;
+};
+
+// The extent of the line's content.
+Extent NeededBy(const QTextLine& line, const QTextBlock& block)
+{
+    const int first = block.position() + line.textStart(), last = first + line.textLength();
+    Extent needed;
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+        const QTextFragment run = part.fragment();
+        if (run.position() >= last || run.position() + run.length() <= first) continue;
+        const QTextCharFormat format = run.charFormat();
+        const QFontMetricsF metrics(format.font());
+        needed.ascent =
+            qMax(needed.ascent, format.isImageFormat() ? format.toImageFormat().height() : metrics.ascent());
+        if (!format.isImageFormat()) needed.descent = qMax(needed.descent, metrics.descent());
+    }
+    return needed;
+}
+
+void MoveUp(QTextLine line, qreal by)
+{
+    line.setPosition(line.position() - QPointF(0, by));
+}
+// A picture that does not fit moves to the next line, but the toolkit has raised the previous line to its height by
+// then. This removes that gap: it moves the line's text and all that follows up. Calling it again changes nothing. Very
+// long paragraphs are skipped.
+void CloseGapsAbovePictures(const QTextBlock& block)
+{
+    const QTextLayout& layout = *block.layout();
+    const QString text = layout.lineCount() > MostLines ? QString() : block.text();
+    if (!text.contains(QChar::ObjectReplacementCharacter)) return;
+    for (int i = 1; i < layout.lineCount(); ++i) {
+        const QTextLine next = layout.lineAt(i), line = layout.lineAt(i - 1);
+        if (text[next.textStart()] != QChar::ObjectReplacementCharacter) continue;
+        const bool isClosed = next.y() - line.y() < line.height() - Tolerance;
+        const Extent needed = NeededBy(line, block);
+        const qreal gap = line.height() - needed.ascent - needed.descent;
+        if (isClosed || gap < Tolerance) continue;
+        MoveUp(line, line.ascent() - needed.ascent);
+        for (int below = i; below < layout.lineCount(); ++below)
+            MoveUp(layout.lineAt(below), gap);
+    }
+}
+
 void CloseGaps(const QTextDocument& document, int top, int bottom)
 {
     const auto* layout = document.documentLayout();
@@ -19,8 +70,8 @@ void CloseGaps(const QTextDocument& document, int top, int bottom)
 }
 } // namespace
 
-// How much of a line sticks out at the top, cut through by the edge; 0 if that line is so high that the box has to
-// show it in parts.
+// The height of the line that the upper edge cuts through; 0 if there is none, or if it is so high that it must be
+// shown in parts.
 int RichTextBox::CutHeight() const
 {
     const int edge = verticalScrollBar()->value();
@@ -37,7 +88,7 @@ int RichTextBox::CutHeight() const
     return 0;
 }
 
-// Half a line right under a cell's number would look like a fault, so it is left out.
+// Half a line below a cell's number would look like a fault, so it is not painted.
 void RichTextBox::paintEvent(QPaintEvent* event)
 {
     const int top = verticalScrollBar()->value();

@@ -22,7 +22,8 @@ void CheckFontSize(double points)
 {
     if (!(points > 0 && points <= LargestFont)) RaiseInvalidValue();
 }
-// An empty paragraph has its format for what will be typed there; a selection from there on does not reach it.
+
+// An empty paragraph has a format for text typed there. Merging into a selection that begins there does not reach it.
 void MergeIntoEmptyLine(const QTextCursor& selection, const QTextCharFormat& part)
 {
     QTextCursor start(selection.document());
@@ -41,21 +42,23 @@ void RichTextBox::SetBlankFormat(const QFont& font, std::uint32_t color)
 void RichTextBox::SetFontName(const QString& name)
 {
     if (name.isEmpty()) return;
-    ChangeFont<const QString&>(&QFont::setFamily, name, NameFormat(name));
-    ChangeAllText(NameFormat(name));
+    QFont font = Font();
+    font.setFamily(name);
+    ChangeFont(font, NameFormat(name));
 }
 
 void RichTextBox::SetFontSize(double points)
 {
     CheckFontSize(points);
-    const QTextCharFormat part = PartOf(&QTextCharFormat::setFontPointSize, points);
-    ChangeFont(&QFont::setPointSizeF, points, part);
-    ChangeAllText(part);
+    QFont font = Font();
+    font.setPointSizeF(points);
+    ChangeFont(font, PartOf(&QTextCharFormat::setFontPointSize, points));
 }
 
-void RichTextBox::ChangeAllText(const QTextCharFormat& part)
+void RichTextBox::ChangeFont(const QFont& font, const QTextCharFormat& part)
 {
-    if (m_blank) return;
+    if (font != Font()) document()->setDefaultFont(font);
+    if (m_blank) return m_typingFormat.merge(part);
     QTextCursor all(document());
     MergeIntoEmptyLine(all, part);
     all.select(QTextCursor::Document);

@@ -1,4 +1,4 @@
-// What typed text looks like.
+// The format of typed text.
 #include "platform/richtext/layoutcost.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/selectionformat.h"
@@ -18,7 +18,7 @@ bool TypesCharacter(const QKeyEvent& event)
 }
 } // namespace
 
-// The caret's own format does not outlive a click, so in a blank box it is set anew before each change.
+// A click discards the caret's format, so in a blank box it is set before each change.
 void RichTextBox::UseTypingFormat()
 {
     if (m_blank && !textCursor().hasSelection()) setCurrentCharFormat(m_typingFormat);
@@ -29,8 +29,8 @@ QTextCharFormat RichTextBox::TypedFormat() const
     return m_blank ? m_typingFormat : FormatToType(textCursor());
 }
 
-// Text that the toolkit would type differently: it drops all formats at a second Return, and what it types in place of
-// a selection looks like whatever lies before the caret.
+// Text that the toolkit would format differently: a second Return resets all formats, and text typed over a selection
+// takes the format before the caret.
 QString RichTextBox::TypedInstead(QKeyEvent& event) const
 {
     if (Locked()) return {};
@@ -48,7 +48,7 @@ void RichTextBox::Type(const QString& text)
     if (cursor.hasSelection()) noLines.emplace(*document());
     cursor.beginEditBlock();
     cursor.removeSelectedText();
-    // A paragraph that is begun here may leave an empty one.
+    // This may leave an empty paragraph behind.
     if (cursor.atBlockStart() && text.front() == QChar::ParagraphSeparator) cursor.setBlockCharFormat(format);
     cursor.insertText(text, format);
     cursor.endEditBlock();
@@ -57,7 +57,7 @@ void RichTextBox::Type(const QString& text)
     ensureCursorVisible();
 }
 
-// For a paragraph that has lost all of its text. In a blank box all is typed as at its beginning.
+// For a paragraph whose text has been deleted. A blank box has its own format.
 void RichTextBox::KeepFormat(const QTextCharFormat& format)
 {
     QTextCursor cursor = textCursor();
@@ -67,8 +67,8 @@ void RichTextBox::KeepFormat(const QTextCharFormat& format)
     cursor.endEditBlock();
 }
 
-// The toolkit forgets the caret's format when an input method commits its text, and a selection goes already when the
-// method begins to show some.
+// The toolkit discards the caret's format when an input method commits, and a selection when the method begins to show
+// text.
 void RichTextBox::FormatCommitted(int start, qsizetype length, const QTextCharFormat& format)
 {
     if (length > 0) {

@@ -10,27 +10,22 @@
 
 namespace {
 
-struct Charset
+struct PageOfNumber
 {
     int number;
-    int codePage;
+    int page;
 };
 
-constexpr Charset Charsets[] = {
+constexpr PageOfNumber Charsets[] = {
     {0, 1252},   {2, 1252},   {77, 10000}, {78, 10001}, {79, 10003}, {80, 10008}, {81, 10002}, {83, 10005},
     {85, 10006}, {86, 10081}, {87, 10021}, {88, 10029}, {89, 10007}, {128, 932},  {129, 949},  {130, 949},
     {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256}, {186, 1257},
     {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
 };
 
-struct Alias
-{
-    int number;
-    int page;
-};
-
-// What the decoders do not have reads as its neighbour.
-constexpr Alias Aliases[] = {{10001, 932}, {10002, 950}, {10003, 949}, {10005, 1255}, {10008, 936}, {10021, 874}};
+// Pages that the decoders lack are replaced by similar ones.
+constexpr PageOfNumber Aliases[] = {{10001, 932},  {10002, 950}, {10003, 949},
+                                    {10005, 1255}, {10008, 936}, {10021, 874}};
 
 constexpr int Consoles[] = {437, 720, 737, 775, 850, 852, 855, 857, 858, 860, 861, 862, 863, 864, 865, 866, 869};
 constexpr int Windows[] = {874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258};
@@ -44,6 +39,12 @@ struct OtherPage
 constexpr OtherPage OtherPages[] = {
     {10000, "macintosh"},     {10006, "x-mac-greek"}, {10007, "x-mac-cyrillic"}, {10029, "x-mac-centraleurroman"},
     {10081, "x-mac-turkish"}, {54936, "gb18030"},     {65001, "utf-8"}};
+
+int PageOf(int number, std::span<const PageOfNumber> pages, int otherwise)
+{
+    const auto found = std::ranges::find(pages, number, &PageOfNumber::number);
+    return found == pages.end() ? otherwise : found->page;
+}
 
 bool IsIn(std::span<const int> numbers, int number)
 {
@@ -65,8 +66,7 @@ struct CodePage
 
 CodePage PageOf(int number)
 {
-    const auto alias = std::ranges::find(Aliases, number, &Alias::number);
-    if (alias != std::end(Aliases)) number = alias->page;
+    number = PageOf(number, Aliases, number);
     const bool isKnown = IsIn(Consoles, number) || IsIn(Windows, number) ||
                          std::ranges::find(OtherPages, number, &OtherPage::number) != std::end(OtherPages);
     return {isKnown ? number : AnsiCodePage, isKnown && IsIn(OfSeveralBytes, number)};
@@ -86,7 +86,7 @@ UpperHalf ReadUpperHalf(const CodePage& page)
     return upperHalf;
 }
 
-// Kept from note to note, since a decoder takes longer to set up than a note to read.
+// Cached, since creating a decoder takes longer than reading a note.
 const UpperHalf& UpperHalfOf(const CodePage& page)
 {
     thread_local QHash<int, UpperHalf> upperHalves;
@@ -109,21 +109,20 @@ QString DecodeSingleBytes(QByteArrayView bytes, const CodePage& page)
     return text;
 }
 
-constexpr QChar Substitute(0x1A); // what decoders put for some broken characters
+constexpr QChar Substitute(0x1A); // some decoders' substitute for broken characters
 
 bool IsMostlyBroken(const QString& text)
 {
     const auto broken = text.count(QChar(QChar::ReplacementCharacter));
     const auto foreign = std::ranges::count_if(text, [](QChar character) { return character.unicode() > 127; });
-    return foreign == 0 || broken * 2 > foreign; // a character cut off at the end leaves no trace
+    return foreign == 0 || broken * 2 > foreign; // a truncated character leaves no trace
 }
 
 } // namespace
 
 int CodePageOfCharset(int charset)
 {
-    const auto found = std::ranges::find(Charsets, charset, &Charset::number);
-    return found == std::end(Charsets) ? 0 : found->codePage;
+    return PageOf(charset, Charsets, 0);
 }
 
 QString DecodeRtfBytes(QByteArrayView bytes, int codePage, int otherPage)

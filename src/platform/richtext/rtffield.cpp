@@ -9,7 +9,7 @@ struct Word
     QString text;
     bool isQuoted = false;
 
-    // A switch is a bare word that begins with a backslash.
+    // A switch is an unquoted word that begins with a backslash.
     bool IsSwitch() const { return !isQuoted && text.startsWith(u'\\'); }
     bool IsSwitch(QStringView letters) const
     {
@@ -48,7 +48,7 @@ QString LinkOfField(const QString& instruction)
             target = word.text;
         else if (word.IsSwitch(u"l"))
             target += u'#' + words.value(++i).text;
-        else if (word.IsSwitch(u"ot")) // a tip, a frame: each has a word of its own
+        else if (word.IsSwitch(u"ot")) // a tip or a frame, followed by a word
             ++i;
     }
     return target.size() <= LongestLink ? target : QString();

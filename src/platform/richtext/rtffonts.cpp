@@ -6,7 +6,7 @@
 namespace {
 constexpr int SymbolCharset = 2;
 
-// Text in fonts beyond is in the default font. A document compares every new family with all that it has.
+// Further fonts are read as the default font: a document compares each new family with all others.
 constexpr qsizetype MostFonts = 2000;
 } // namespace
 
@@ -44,21 +44,6 @@ void RtfFonts::AppendName(const QString& name)
 int RtfFonts::CodePageOfOpenEntry() const
 {
     return m_isOpen ? m_entries.last().codePage : 0;
-}
-
-int RtfFonts::PlaceOf(int number) const
-{
-    return m_places.value(number, -1);
-}
-
-QString RtfFonts::FamilyAt(int place) const
-{
-    return m_entries.value(place).family;
-}
-
-int RtfFonts::CodePageAt(int place) const
-{
-    return m_entries.value(place).codePage;
 }
 
 const RtfSymbols* RtfFonts::SymbolsAt(int place) const

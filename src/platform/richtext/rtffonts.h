@@ -21,10 +21,10 @@ public:
     int CodePageOfOpenEntry() const; // 0 where the entry leaves it to the document
 
     // Use: places in the table stay what they are while it grows. -1 is the default font.
-    int PlaceOf(int number) const;
+    int PlaceOf(int number) const { return m_places.value(number, -1); }
     int PlaceOfDefault() const { return m_defaultPlace; }
-    QString FamilyAt(int place) const; // empty where the text names none
-    int CodePageAt(int place) const;   // 0 where the font leaves it to the document
+    QString FamilyAt(int place) const { return m_entries.value(place).family; } // empty where the text names none
+    int CodePageAt(int place) const { return m_entries.value(place).codePage; } // 0: the document's
     bool HoldsSymbolsAt(int place) const { return place >= 0 && m_entries[place].holdsSymbols; }
     const RtfSymbols* SymbolsAt(int place) const; // of a font that holds them by charset or by name, else null
 

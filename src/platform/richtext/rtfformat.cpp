@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double LineUnits = 240; // of one line, where the spacing counts lines
+constexpr double LineUnits = 240; // per line
 
 double PixelsOf(int twips)
 {
@@ -27,7 +27,7 @@ int TwipsOf(double pixels)
     return qRound(std::clamp(pixels, -1e6, 1e6) * TwipsPerPixel);
 }
 
-// A document counts the tab stops of a line from where that line begins; for these lines they are told anew.
+// A document counts tab stops from the beginning of the line, so the stops of an indented first line are converted.
 class FirstLine
 {
 public:
@@ -37,7 +37,7 @@ public:
     {
     }
 
-    // From where the line begins, by position.
+    // Relative to the beginning of the line, sorted.
     QList<QTextOption::Tab> Stops(int shownIndent) const
     {
         QList<QTextOption::Tab> stops;
@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    // Without them a document goes on with the usual distance from where the line begins.
+    // Otherwise the default stops would count from the beginning of the line.
     void AppendUsual(QList<QTextOption::Tab>& stops) const
     {
         constexpr int Distance = 720, Widest = 14400; // twips
@@ -64,7 +64,7 @@ private:
     int m_begin; // twips from the edge
 };
 
-// As much as a first line that begins beyond the edge moves the others.
+// The most that a first line left of the edge moves the other lines.
 constexpr int MostMoved = 1440;
 
 RtfParagraph Shown(const RtfParagraph& paragraph)
@@ -79,7 +79,7 @@ RtfParagraph Shown(const RtfParagraph& paragraph)
     return shown;
 }
 
-// A document mirrors left and right in a paragraph that runs from the right, unless told not to; rich text does not.
+// A document swaps left and right in right-to-left paragraphs, unless the alignment is absolute. Rich text does not.
 void SetAlignment(QTextBlockFormat& format, const RtfParagraph& paragraph)
 {
     const bool isSide = paragraph.alignment == Qt::AlignLeft || paragraph.alignment == Qt::AlignRight;
@@ -194,7 +194,7 @@ QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family)
 {
     constexpr qsizetype MostKept = 1000;
     thread_local QHash<std::pair<RtfCharacter, QString>, QTextCharFormat> kept;
-    character.font = -1; // the family says it
+    character.font = -1; // replaced by the family
     character.link = -1;
     const std::pair key(character, family);
     const auto known = kept.constFind(key);

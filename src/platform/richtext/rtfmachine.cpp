@@ -7,7 +7,7 @@
 #include <utility>
 
 namespace {
-// Deeper groups share the state of this depth: what they set leaks out, but they cost nothing.
+// Deeper groups share one state. Their formats leak out, but they cost nothing.
 constexpr std::size_t MaximumDepth = 1000;
 } // namespace
 
@@ -23,7 +23,7 @@ void RtfMachine::Run()
         const RtfToken token = m_tokenizer.Next();
         m_code = QByteArrayView(start, m_tokenizer.At());
         Interpret(token);
-        // What stands between the bytes of one character goes with them.
+        // Bytes of an unfinished character keep the code between them back.
         if (m_wantsCodes && m_bytes.isEmpty()) m_sink.Code(m_code);
         if (token.kind == RtfToken::End) break;
     }
@@ -60,14 +60,14 @@ void RtfMachine::CloseGroup()
         --m_depthBeyond;
     } else if (!m_outer.empty()) {
         const bool wasInstruction = m_state.destination == Instruction;
-        // The last paragraph may have no mark, and its format then is the one that holds at the end.
+        // The last paragraph may have no mark; then the format at the end counts.
         if (m_outer.size() > 1) m_state = std::move(m_outer.back());
         m_outer.pop_back();
         if (wasInstruction && m_state.destination != Instruction) EndInstruction();
     }
 }
 
-// What follows in the field's group is the result, and leads where the instruction says.
+// The rest of the field's group is its result and links to the address.
 void RtfMachine::EndInstruction()
 {
     const QString link = LinkOfField(std::exchange(m_instruction, {}));
@@ -76,7 +76,7 @@ void RtfMachine::EndInstruction()
     m_tables.links.append(link);
 }
 
-// A fallback character is no part of the text, nor of its codes.
+// Fallback characters are neither text nor code.
 bool RtfMachine::SkipsOne()
 {
     if (m_skip == 0) return false;
@@ -93,8 +93,7 @@ void RtfMachine::DoWord(const RtfToken& word)
     if (m_state.destination == Skipped) return;
     const Word* const known = Find(word.bytes);
     if (isIgnorable && (!known || known->kind == Word::Plain)) Enter(Skipped);
-    // A destination has a group of its own; in the midst of text its word is a damaged one and must not swallow the
-    // rest.
+    // A destination must begin its group. In the midst of text it is damage and must not swallow the rest.
     const bool isMisplaced = known && known->kind == Word::Destination && !isGroupStart;
     if (known && !isMisplaced && m_state.destination != Skipped) known->act(*this, known->argument, word);
 }
@@ -117,7 +116,7 @@ void RtfMachine::DoText(const RtfToken& text)
         bytes = m_code = bytes.sliced(skipped);
     }
     if (bytes.isEmpty()) return;
-    // A line end among the codes parts what stands before and behind it.
+    // In the codes, a line end separates the bytes before it from those behind it.
     if (m_wantsCodes && !m_bytes.isEmpty() && (HoldsSymbols() || !Gap().isEmpty())) FlushBytes();
     if (m_state.destination == FontTable) return PutFontNames(bytes, text.isAscii);
     if (m_state.destination == ColorTable) PutColors(bytes);
@@ -137,12 +136,12 @@ void RtfMachine::DoHex(int byte)
     PutBytes(QByteArrayView(&one, 1), false);
 }
 
-// In a font of signs the letters are signs too, but they stay letters where the codes are wanted.
+// In a symbol font ASCII bytes are signs, but stay letters if codes are wanted.
 void RtfMachine::PutBytes(QByteArrayView bytes, bool areAscii)
 {
     if (!TakesBytes()) return;
     if (areAscii && m_wantsCodes && !m_bytes.isEmpty()) {
-        m_bytes += bytes.first(1); // may be the second half of a character
+        m_bytes += bytes.first(1); // may end a two-byte character
         FlushBytes();
         bytes = m_code = bytes.sliced(1);
     }
@@ -181,7 +180,7 @@ void RtfMachine::PutColors(QByteArrayView bytes)
 void RtfMachine::PutCharacter(char32_t character)
 {
     if (m_wantsCodes && character < 0x80) {
-        m_skip = 0; // its fallback stays too
+        m_skip = 0; // keep its fallback
         return;
     }
     if (character == 0) return;
@@ -236,7 +235,7 @@ bool RtfMachine::TakesBytes() const
     return TakesText() || m_state.destination == FontTable || m_state.destination == Instruction;
 }
 
-// Where codes are wanted, those that a note does not show are read like the others.
+// If codes are wanted, hidden groups are read too.
 void RtfMachine::Enter(Destination destination)
 {
     const bool isRead = m_wantsCodes && destination == Skipped && m_state.destination != FontTable;

@@ -75,7 +75,7 @@ private:
 
     struct Actions; // what the words do
     class Table;
-    struct Word
+    struct Word // also of a sign behind a backslash
     {
         enum Kind : quint8
         {
@@ -83,7 +83,6 @@ private:
             Picture,    // may stand behind \*
             Destination // likewise, and only where a group begins
         };
-        std::string_view name; // a sign behind a backslash is a word too
         void (*act)(RtfMachine& machine, int argument, const RtfToken& word);
         int argument = 0;
         Kind kind = Plain;

@@ -1,56 +1,49 @@
 #include "platform/richtext/rtfpicture.h"
 
 #include "platform/desktop/twips.h"
-#include "platform/richtext/pictureimage.h"
-#include "platform/richtext/shownpictures.h"
+#include "platform/richtext/rtfoutput.h"
 
 #include <QCryptographicHash>
 #include <QHash>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
 constexpr double MetricInPixel = 2540 / 96.0; // hundredths of a millimetre
 constexpr int DefaultSide = 32;
 
-// Of what stands in a group these alone are copied as they are, so they alone are its data when it is read again.
+// Bytes that are copied unescaped, and so count as data when the copy is read again.
 bool IsSign(char byte)
 {
     return byte > ' ' && byte <= '~';
 }
 
-// What a group says of itself, while it is copied in a form of its own: 7-bit, data in hexadecimal digits, and always
-// the same bytes for the same tokens.
+// Copies a group in canonical form, 7-bit with hexadecimal data, and collects its sizes.
 class Copier
 {
 public:
-    explicit Copier(QByteArrayView word) : m_source("{\\" + word.toByteArray()), m_pictureDepth(word == "pict" ? 1 : 0)
+    explicit Copier(QByteArrayView word) : m_pictureDepth(word == "pict" ? 1 : 0)
     {
+        m_source.Raw("{");
+        m_source.Word(word);
     }
 
     RtfPicture CopyFrom(RtfTokenizer& tokenizer);
 
 private:
     void Copy(const RtfToken& token);
-    void CopySymbol(char symbol);
     void CopyWord(const RtfToken& token);
     void CopyData(QByteArrayView data);
-    void CopyBinary(QByteArrayView data);
-    void CopyHex(int byte);
-    void CopyLetter(char letter);
-    void CopyBrace(char brace);
     bool IsInPicture() const { return m_depth == m_pictureDepth; }
     double Side(const char* goal, const char* plain, const char* scale, double otherwise) const;
     QSizeF Size() const;
 
-    QByteArray m_source;
-    QHash<QByteArray, int> m_numbers; // by their words, of the first picture in the group
+    RtfOutput m_source;
+    QHash<QByteArray, int> m_numbers; // by word; of the group's first picture
     int m_depth = 1;
     int m_pictureDepth;
     bool m_hasData = false;
-    bool m_isAfterWord = true;
 };
 
 RtfPicture Copier::CopyFrom(RtfTokenizer& tokenizer)
@@ -60,52 +53,41 @@ RtfPicture Copier::CopyFrom(RtfTokenizer& tokenizer)
         if (token.kind == RtfToken::End || (token.kind == RtfToken::Close && m_depth == 1)) break;
         Copy(token);
     }
-    m_source.append(m_depth, '}');
-    const QSizeF size = Size();
-    return {std::move(m_source), m_hasData, size};
+    m_source.Raw(QByteArray(m_depth, '}'));
+    return {m_source.Rtf(), m_hasData, Size()};
 }
 
 void Copier::Copy(const RtfToken& token)
 {
     switch (token.kind) {
     case RtfToken::Open:
-        return CopyBrace('{');
+        ++m_depth;
+        return m_source.Raw("{");
     case RtfToken::Close:
-        return CopyBrace('}');
+        --m_depth;
+        return m_source.Raw("}");
     case RtfToken::Word:
         return CopyWord(token);
     case RtfToken::Symbol:
-        return CopySymbol(token.bytes[0]);
+        if (IsSign(token.bytes[0])) m_source.Raw('\\' + token.bytes.toByteArray());
+        return;
     case RtfToken::Hex:
-        return CopyHex(token.parameter);
+        return m_source.Hex(static_cast<char>(token.parameter));
     case RtfToken::Text:
         return CopyData(token.bytes);
     case RtfToken::Binary:
-        return CopyBinary(token.bytes);
+        return CopyData(token.bytes.toByteArray().toHex());
     case RtfToken::End:
         return;
     }
 }
 
-void Copier::CopyBrace(char brace)
-{
-    m_depth += brace == '{' ? 1 : -1;
-    m_source += brace;
-    m_isAfterWord = false;
-}
-
-void Copier::CopySymbol(char symbol)
-{
-    if (!IsSign(symbol)) return;
-    (m_source += '\\') += symbol;
-    m_isAfterWord = false;
-}
-
 void Copier::CopyWord(const RtfToken& token)
 {
-    m_source += '\\' + token.bytes.toByteArray();
-    if (token.hasParameter) m_source += QByteArray::number(token.parameter);
-    m_isAfterWord = true;
+    if (token.hasParameter)
+        m_source.Word(token.bytes, token.parameter);
+    else
+        m_source.Word(token.bytes);
     if (token.IsWord("pict")) m_pictureDepth = m_depth;
     const QByteArray name = token.bytes.toByteArray();
     if (IsInPicture() && !m_numbers.contains(name)) m_numbers.insert(name, token.parameter);
@@ -114,44 +96,24 @@ void Copier::CopyWord(const RtfToken& token)
 void Copier::CopyData(QByteArrayView data)
 {
     for (const char byte : data) {
-        if (static_cast<unsigned char>(byte) > 126)
-            CopyHex(static_cast<unsigned char>(byte));
+        if (static_cast<unsigned char>(byte) > '~')
+            m_source.Hex(byte);
         else if (byte == '\\' || byte == '{' || byte == '}')
-            CopySymbol(byte);
+            m_source.Raw(QByteArray("\\") + byte);
         else
-            CopyLetter(byte);
+            m_source.Letter(byte);
     }
     m_hasData = m_hasData || (IsInPicture() && std::ranges::any_of(data, IsSign));
 }
 
-void Copier::CopyBinary(QByteArrayView data)
-{
-    for (const char digit : data.toByteArray().toHex())
-        CopyLetter(digit);
-    m_hasData = m_hasData || (IsInPicture() && !data.isEmpty());
-}
-
-void Copier::CopyHex(int byte)
-{
-    const char value = static_cast<char>(byte);
-    m_source += "\\'" + QByteArray(&value, 1).toHex();
-    m_isAfterWord = false;
-}
-
-void Copier::CopyLetter(char letter)
-{
-    if (std::exchange(m_isAfterWord, false)) m_source += ' ';
-    m_source += letter;
-}
-
-// A picture that says nothing of its size shows its pixels.
+// A picture without size is shown at the size of its pixels.
 QSizeF Copier::Size() const
 {
     const auto saysNothing = [this](const char* goal, const char* plain) {
         return m_numbers.value(goal) <= 0 && m_numbers.value(plain) <= 0;
     };
     const bool isOpen = saysNothing("picwgoal", "picw") || saysNothing("pichgoal", "pich");
-    const QSize pixels = isOpen && m_hasData ? PixelsOfPictureGroup(m_source) : QSize();
+    const QSize pixels = isOpen && m_hasData ? PixelsOfPictureGroup(m_source.Rtf()) : QSize();
     const QSize otherwise = pixels.isEmpty() ? QSize(DefaultSide, DefaultSide) : pixels;
     return {Side("picwgoal", "picw", "picscalex", otherwise.width()),
             Side("pichgoal", "pich", "picscaley", otherwise.height())};

@@ -2,7 +2,7 @@
 // one that cannot be drawn is shown as a frame of its size. Knows only QtGui.
 #pragma once
 
-#include "platform/richtext/picturegroup.h"
+#include "platform/richtext/pictureimage.h"
 #include "platform/richtext/rtftokenizer.h"
 
 #include <QByteArray>

@@ -7,8 +7,8 @@ using namespace std::string_view_literals;
 
 namespace {
 
-// Sixteen characters a row, from the blank on; NUL where the font has none. What the fonts draw in several weights or
-// shadows is told by the sign that is nearest to it and that common fonts have.
+// Sixteen characters per row, from the blank on; NUL: no sign. Variants in weight or shadow are mapped to the nearest
+// sign that common fonts have.
 constexpr std::u32string_view Greek = U" !∀#∃%&∋()∗+,−./"
                                       U"0123456789:;<=>?"
                                       U"≅ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟ"

@@ -9,7 +9,7 @@
 #include <utility>
 
 namespace {
-// The codes that stand in a row are copied together.
+// Adjacent codes are copied together.
 class View final : public RtfSink
 {
 public:
@@ -60,7 +60,7 @@ bool IsUnitOf(int parameter, char32_t folded)
     return parameter > 0xFFFF || QChar::isHighSurrogate(unit) || IsPrivateSymbol(unit) || FoldedCase(unit) == folded;
 }
 
-// Whether the code that begins behind a backslash may stand for the character.
+// code begins behind a backslash.
 bool MayBe(RtfTokenizer code, char32_t folded)
 {
     const RtfToken token = code.Next();

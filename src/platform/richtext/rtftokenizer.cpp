@@ -66,7 +66,7 @@ RtfToken RtfTokenizer::Control()
     if (m_at == m_end) return {};
     if (IsLetter(*m_at)) return Word();
     const char* const symbol = m_at++;
-    // The escaped ones are text like any other, since each may be the second byte of a two-byte character.
+    // Escaped braces and backslashes are text, since they may be the second byte of a character.
     const bool isText = *symbol == '\\' || *symbol == '{' || *symbol == '}';
     if (*symbol == '\'') return Hex();
     return {.kind = isText ? RtfToken::Text : RtfToken::Symbol, .bytes = QByteArrayView(symbol, 1)};

@@ -30,15 +30,15 @@ public:
     QByteArray Take();
 
 private:
-    // What a format of the document comes to, made once for all of its runs.
+    // A format of the document, converted once for all of its runs.
     struct Format
     {
         RtfCharacter character;
-        int color = 0; // places in the colour table
+        int color = 0; // indexes in the colour table
         int background = 0;
         const RtfSymbols* symbols = nullptr; // of the family
-        QByteArray picture;                  // the source of one, or empty
-        QString link;                        // empty where there is none
+        QByteArray picture;                  // source of a picture, or empty
+        QString link;                        // empty: no link
     };
 
     void WriteParagraph(const QTextBlock& block);
@@ -65,18 +65,18 @@ private:
     QHash<QString, int> m_familyPlaces;
     QHash<QRgb, int> m_colorPlaces;
     std::vector<Format> m_formats;
-    std::vector<int> m_formatPlaces;           // in m_formats, from 1, by the format's index in the document
-    RtfCharacter m_character{.halfPoints = 0}; // as written last; no character has this size
-    RtfParagraph m_paragraph;                  // likewise
-    int m_paragraphFormat = -1;                // the format that it was made of, by its index in the document
-    QString m_link;                            // the one that is open
-    RtfCharacter m_outerCharacter;             // what holds again behind the link, since that is a group
+    std::vector<int> m_formatPlaces;           // index in m_formats + 1, by the document's format index
+    RtfCharacter m_character{.halfPoints = 0}; // written last; no character has this size
+    RtfParagraph m_paragraph;                  // written last
+    int m_paragraphFormat = -1;                // document format index of m_paragraph
+    QString m_link;                            // the open link
+    RtfCharacter m_outerCharacter;             // formats behind the open link's group
     RtfParagraph m_outerParagraph;
 };
 
 Writer::Writer(const QTextDocument& document) : m_font(document.defaultFont())
 {
-    // Half as much again for the words is enough for most notes.
+    // Enough for most notes.
     m_body.Reserve(document.characterCount() * qsizetype{3} / 2 + 256);
 }
 
@@ -102,10 +102,7 @@ QByteArray Writer::Take()
         head.Raw(";");
     }
     head.Raw("}\r\n\\viewkind4\\uc1");
-    constexpr QByteArrayView Tail = "}\r\n";
-    QByteArray rtf;
-    rtf.reserve(static_cast<qsizetype>(head.Rtf().size() + m_body.Rtf().size()) + Tail.size());
-    return rtf.append(head.Rtf()).append(m_body.Rtf()).append(Tail);
+    return head.Rtf() + m_body.Rtf() + "}\r\n";
 }
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
@@ -114,7 +111,7 @@ void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
     if (block.blockFormatIndex() != m_paragraphFormat) WriteParagraph(block);
     if (block.length() == 1) return WriteCharacter(FormatAt(block));
     const QString text = block.text();
-    // Fragments lie one behind the other, and a document takes long to tell a position.
+    // Counted here, since a fragment's position() is slow.
     int position = block.position();
     const int start = position;
     for (auto at = block.begin(); !at.atEnd(); ++at) {
@@ -228,7 +225,7 @@ void Writer::WriteRun(const Format& format, QStringView text)
     WriteCharacter(format);
     if (!format.picture.isEmpty()) {
         for (qsizetype i = 0; i < text.size(); ++i)
-            m_body.Raw(std::string_view(format.picture));
+            m_body.Raw(format.picture);
     } else if (format.symbols) {
         m_body.Text(text, *format.symbols);
     } else {
@@ -257,7 +254,7 @@ Writer::Format Writer::MakeFormat(const QTextCharFormat& format)
     made.color = PlaceOfColor(made.character.color);
     made.background = PlaceOfColor(made.character.background);
     made.symbols = SymbolsOfFamily(family);
-    // Text that is typed behind a picture keeps the picture's properties, and is text all the same.
+    // Text typed behind a picture keeps its properties, but is text.
     if (format.isImageFormat()) made.picture = format.property(PictureSourceProperty).toByteArray();
     made.link = format.anchorHref();
     if (made.link.size() > LongestLink) made.link.clear();
@@ -281,27 +278,26 @@ int Writer::PlaceOfColor(QRgb color)
     return *m_colorPlaces.insert(color, static_cast<int>(m_colors.size()));
 }
 
-} // namespace
-
-QByteArray WriteRtf(const QTextDocument& document)
+// end counts the paragraph marks too.
+QByteArray Write(const QTextDocument& document, int begin, int end)
 {
     Writer writer(document);
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        writer.WriteBlock(block, 0, std::numeric_limits<int>::max());
-        writer.EndParagraph();
+    QTextBlock block = document.findBlock(begin);
+    for (; block.isValid() && block.position() <= end; block = block.next()) {
+        writer.WriteBlock(block, begin, end);
+        if (block.position() + block.length() <= end) writer.EndParagraph();
     }
     return writer.Take();
 }
 
+} // namespace
+
+QByteArray WriteRtf(const QTextDocument& document)
+{
+    return Write(document, 0, std::numeric_limits<int>::max());
+}
+
 QByteArray WriteRtf(const QTextCursor& selection)
 {
-    const QTextDocument& document = *selection.document();
-    Writer writer(document);
-    const int end = selection.selectionEnd();
-    QTextBlock block = document.findBlock(selection.selectionStart());
-    for (; block.isValid() && block.position() <= end; block = block.next()) {
-        writer.WriteBlock(block, selection.selectionStart(), end);
-        if (block.position() + block.length() <= end) writer.EndParagraph();
-    }
-    return writer.Take();
+    return Write(*selection.document(), selection.selectionStart(), selection.selectionEnd());
 }

@@ -9,9 +9,9 @@
 #include <array>
 
 namespace {
-constexpr double PointsPerPixel = 72.0 / 96.0; // pasted text may give its size in logical pixels
+constexpr double PointsPerPixel = 72.0 / 96.0; // for sizes in logical pixels
 
-// Relative sizes of pasted text, from two below normal to four above.
+// Relative HTML sizes, from -2 to +4.
 constexpr std::array<double, 7> RelativeSizes{0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
 constexpr int NormalSize = 2;
 
@@ -20,21 +20,12 @@ double PointSize(const QFont& font)
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * PointsPerPixel;
 }
 
-// A sign is a character of its own here, for which a font of signs may draw nothing: any other font draws it.
+// Signs are stored as their own characters, which the symbol font may not draw: another font does.
 QStringList FamiliesOf(const QString& name)
 {
     const RtfSymbols* const signs = SymbolsOfFamily(name);
     if (!signs || signs->symbols.empty()) return {name};
     return {u"Arial"_s, name};
-}
-
-// In a paragraph that runs from the right, left and right are meant from its start unless they are absolute.
-int AlignmentOf(const QTextBlock& block)
-{
-    const Qt::Alignment alignment = block.blockFormat().alignment();
-    if (alignment & Qt::AlignHCenter) return 2;
-    const bool mirrored = block.textDirection() == Qt::RightToLeft && !(alignment & Qt::AlignAbsolute);
-    return bool(alignment & Qt::AlignRight) != mirrored ? 1 : 0;
 }
 } // namespace
 
@@ -43,20 +34,11 @@ QTextCharFormat FormatToType(const QTextCursor& selection)
     if (!selection.hasSelection()) return selection.charFormat();
     QTextCursor first(selection);
     first.setPosition(selection.selectionStart());
-    if (!first.atBlockEnd()) first.movePosition(QTextCursor::NextCharacter); // a format is that of what lies before
+    if (!first.atBlockEnd())
+        first.movePosition(QTextCursor::NextCharacter); // a cursor has the format of the character before it
     QTextCharFormat format = first.charFormat();
-    format.clearProperty(QTextFormat::ObjectType); // text in place of a picture is text
+    format.clearProperty(QTextFormat::ObjectType); // text that replaces a picture is text
     return format;
-}
-
-std::optional<int> CommonAlignment(const QTextCursor& selection)
-{
-    QTextBlock block = selection.document()->findBlock(selection.selectionStart());
-    const int common = AlignmentOf(block);
-    for (block = block.next(); block.isValid() && block.position() <= selection.selectionEnd(); block = block.next()) {
-        if (AlignmentOf(block) != common) return std::nullopt;
-    }
-    return common;
 }
 
 bool IsBold(const QTextCharFormat& format, const QFont& defaultFont)
@@ -94,7 +76,7 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
     if (format.fontPointSize() > 0) return format.fontPointSize();
     const double pixels = format.property(QTextFormat::FontPixelSize).toDouble();
     if (pixels > 0) return pixels * PointsPerPixel;
-    const int step = format.intProperty(QTextFormat::FontSizeAdjustment); // 0 is the size around it
+    const int step = format.intProperty(QTextFormat::FontSizeAdjustment); // relative to the surrounding size
     const int last = int(RelativeSizes.size()) - 1;
     return PointSize(defaultFont) * RelativeSizes[std::size_t(std::clamp(step + NormalSize, 0, last))];
 }
@@ -113,7 +95,7 @@ void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCha
     cursor.joinPreviousEditBlock();
     for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;
          block = block.next()) {
-        QList<QTextLayout::FormatRange> runs; // collected first, as a change of format ends the walk
+        QList<QTextLayout::FormatRange> runs; // collected first, since changing formats invalidates the iterator
         for (auto i = block.begin(); !i.atEnd(); ++i) {
             runs.append({i.fragment().position(), i.fragment().length(), i.fragment().charFormat()});
         }

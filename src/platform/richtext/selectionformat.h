@@ -52,9 +52,6 @@ auto CommonValue(const QTextCursor& selection, const QTextCharFormat& caretForma
 // What is typed in place of the selection, or at the caret: the format of the first character that goes.
 QTextCharFormat FormatToType(const QTextCursor& selection);
 
-// 0 left, 1 right, 2 centre; empty where the paragraphs differ.
-std::optional<int> CommonAlignment(const QTextCursor& selection);
-
 // One attribute of a character; what it does not say itself comes from the document's default font.
 bool IsBold(const QTextCharFormat& format, const QFont& defaultFont);
 bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont);

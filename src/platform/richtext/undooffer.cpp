@@ -8,7 +8,7 @@
 #include <memory>
 
 namespace {
-// A copied document, as an inserted fragment, has the first and the last paragraph not quite as they were.
+// Copies and inserted fragments lose formats of the first and last paragraph.
 void CopyParagraphs(QTextDocument& document, const QTextDocument& from)
 {
     QTextBlock block = document.begin();

@@ -85,15 +85,10 @@ private Q_SLOTS:
 
     void effects()
     {
-        // direction: where the shadow falls: 1 down and right, -1 up and left
-        const std::tuple<const char*, int, int, int> rows[] = {
-            {"raised light", 1, 1, 1},
-            {"raised heavy", 2, 1, 2},
-            {"inset light", 3, -1, 1},
-            {"inset heavy", 4, -1, 2},
-        };
-        for (const auto& [name, effect, direction, depth] : rows) {
-            const InRow inRow(this, name);
+        for (int effect = 1; effect <= 4; ++effect) { // raised light and heavy, inset light and heavy
+            const InRow inRow(this, QString::number(effect));
+            const int direction = effect <= 2 ? 1 : -1; // where the shadow falls: 1 is down and right
+            const int depth = effect % 2 ? 1 : 2;
             Panel panel(u"l"_s, 20, {60, 60}); // one upright
             panel.SetPaper(paper::Band);
             const QImage flat = panel.Look();

@@ -13,29 +13,24 @@ class WindowPlaceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void AWindowStaysWhereItsTitleCanBeReached_data()
-    {
-        QTest::addColumn<QRect>("stored");
-        QTest::addColumn<QRect>("place");
-        const auto row = [](const char* name, const QRect& stored, const QRect& place) {
-            QTest::newRow(name) << stored << place;
-        };
-        const QRect onSecond(900, -100, 300, 200), across(700, 0, 600, 400), corner(760, 560, 300, 200);
-        row("second screen", onSecond, onSecond);
-        row("across both", across, across);
-        row("its title's corner", corner, corner);
-        row("a screen that is gone", {2000, 100, 300, 200}, {250, 200, 300, 200});
-        row("beside the second, below it", {1000, 500, 300, 200}, {250, 200, 300, 200});
-        row("title above the first", {100, -90, 300, 200}, {250, 200, 300, 200});
-        row("larger than one screen", {2000, 0, 1500, 700}, {0, 0, 800, 600});
-        row("larger than both", {0, 0, 9000, 9000}, {0, 0, 1600, 800});
-        row("too small", {100, 100, 0, -5}, {100, 100, 200, 100});
-    }
-
     void AWindowStaysWhereItsTitleCanBeReached()
     {
-        QFETCH(QRect, stored);
-        QTEST(ReachablePlace(stored, {200, 100}), "place");
+        const QRect onSecond(900, -100, 300, 200), across(700, 0, 600, 400), corner(760, 560, 300, 200);
+        const std::tuple<const char*, QRect, QRect> rows[] = {
+            {"second screen", onSecond, onSecond},
+            {"across both", across, across},
+            {"its title's corner", corner, corner},
+            {"a screen that is gone", {2000, 100, 300, 200}, {250, 200, 300, 200}},
+            {"beside the second, below it", {1000, 500, 300, 200}, {250, 200, 300, 200}},
+            {"title above the first", {100, -90, 300, 200}, {250, 200, 300, 200}},
+            {"larger than one screen", {2000, 0, 1500, 700}, {0, 0, 800, 600}},
+            {"larger than both", {0, 0, 9000, 9000}, {0, 0, 1600, 800}},
+            {"too small", {100, 100, 0, -5}, {100, 100, 200, 100}},
+        };
+        for (const auto& [name, stored, place] : rows) {
+            const InRow inRow(this, name);
+            QCOMPARE(ReachablePlace(stored, {200, 100}), place);
+        }
     }
 };
 

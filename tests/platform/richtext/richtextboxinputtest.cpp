@@ -81,18 +81,11 @@ private Q_SLOTS:
         QSignalSpy moves(&boxes.second, &RichTextBox::MouseMove);
         QTest::mouseMove(boxes.second.viewport(), {50, 50});
         QTRY_VERIFY(!moves.isEmpty());
-    }
-
-    void otherButtonsDoNotClick()
-    {
-        Boxes boxes;
-        boxes.second.SetSelStart(6);
+        boxes.log.clear();
         QTest::mouseClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
         QTest::mouseDClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
         QTest::mouseClick(boxes.second.viewport(), Qt::MiddleButton, {}, {5, 5});
-        QCOMPARE(boxes.log.filter(u"down2"_s).size(), 2); // two quick ones count as two
-        QCOMPARE(boxes.log.filter(u"down4"_s).size(), 1);
-        QVERIFY(boxes.log.filter(u"click"_s).isEmpty());
+        QCOMPARE(boxes.log, List("2down2 2down2 2down4")); // two quick ones count as two
     }
 
     void refusedFocusSwallowsThePress()
@@ -194,7 +187,7 @@ private Q_SLOTS:
         QCOMPARE(keys, 0);
     }
 
-    void tabMovesTheFocus()
+    void tabAndEscapeLeaveTheBox()
     {
         Boxes boxes;
         QTest::keyClick(&boxes.first, Qt::Key_Tab);
@@ -203,10 +196,6 @@ private Q_SLOTS:
         QTest::keyClick(&boxes.second, Qt::Key_Tab, Qt::ShiftModifier);
         QVERIFY(boxes.first.hasFocus());
         QVERIFY(!boxes.first.Modified());
-    }
-
-    void escapeReachesTheWindow()
-    {
         QDialog dialog;
         RichTextBox box(&dialog);
         dialog.show();
@@ -259,6 +248,7 @@ private Q_SLOTS:
         QTest::keyClicks(&boxes.first, u"x"_s);
         QTest::keyClick(&boxes.first, Qt::Key_Tab, Qt::ControlModifier);
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
+        boxes.first.paste();
         SendPreedit(boxes.first, {}, u"y"_s);
         QVERIFY(!DropText(boxes.first, u"dropped"_s));
         QCOMPARE(boxes.first.Text(), u"first"_s);
@@ -432,20 +422,6 @@ private Q_SLOTS:
             }
             QCOMPARE(shown, wanted);
         }
-    }
-
-    void caretMovesAreTold()
-    {
-        Boxes boxes;
-        QSignalSpy moves(&boxes.first, &RichTextBox::SelChange);
-        QSignalSpy changes(&boxes.first, &RichTextBox::Change);
-        QTest::keyClick(&boxes.first, Qt::Key_End);
-        QCOMPARE(moves.size(), 1);
-        QTest::keyClick(&boxes.first, Qt::Key_Home, Qt::ShiftModifier);
-        QCOMPARE(moves.size(), 2);
-        QVERIFY(changes.isEmpty());
-        QTest::keyClicks(&boxes.first, u"x"_s);
-        QVERIFY(!changes.isEmpty());
     }
 };
 

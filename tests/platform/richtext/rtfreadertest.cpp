@@ -1,9 +1,11 @@
 #include "platform/richtext/rtfreader.h"
 
+#include "platform/richtext/rtftextview.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
 #include "testmain.h"
 
+#include <QFile>
 #include <QTextBlock>
 
 #include <functional>
@@ -137,6 +139,31 @@ private Q_SLOTS:
             "H;}{\\f8\\fcharset254 I;}{\\f9\\fcharset222 J;}{\\f10\\fcharset2 Symbol;}{\\f11\\fcharset2 "
             "L;}{\\f12\\fcharset2 Wingdings;}{\\f13\\fcharset2 Webdings;}{\\f14\\fcharset88 M;}{\\f15\\fcharset80 N;}}";
         QCOMPARE(Read("{\\rtf1\\ansi\\ansicpg1252\\deff0" + fonts + body), text);
+    }
+
+    void WhatOthersWrite()
+    {
+        const std::pair<QString, QString> rows[] = {
+            {u"editcontrol.rtf"_s, u"Milk and bread|•\ttwo\tthree|•\tfour|five/sixseven"_s},
+            {u"wordprocessor.rtf"_s, u"příliš žluť|Łybox|last"_s},
+            {u"foreign.rtf"_s, u"One|two–/three"_s},
+            {u"tables.rtf"_s, u"a\tb|x\ty|c\td|after"_s},
+            {u"fields.rtf"_s, u"See here anda|b, page 7 n m."_s},
+            {u"plain.rtf"_s, u"No rich text: grüße {a} \\b|next line|"_s},
+        };
+        for (const auto& [file, text] : rows) {
+            const InRow inRow(this, file);
+            QFile corpus(QStringLiteral(RTF_CORPUS "/") + file);
+            QVERIFY(corpus.open(QIODevice::ReadOnly));
+            QCOMPARE(Read(corpus.readAll()), text);
+        }
+    }
+
+    // As the search sees a stored note: a line end parts the bytes before it from the letters behind it.
+    void TextViewKeepsLineEnds()
+    {
+        for (const char* letter : {"\\'e9", "\xe9", "\\u233?"})
+            QCOMPARE(RtfTextView.Read(QByteArray("{\\rtf1 ") + letter + "\nab}"), u"{\\rtf1 é\nab}"_s);
     }
 
     void CharFormat_data()
@@ -296,23 +323,19 @@ private Q_SLOTS:
         QVERIFY(check(document.find(u"x"_s).blockFormat()));
     }
 
-    void WhatIsNotRichTextIsPlain_data()
-    {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("read");
-        QTest::newRow("blank") << QByteArray(" ") << u" "_s;
-        QTest::newRow("braces") << QByteArray("{\\rt1 a}\r\nb") << u"{\\rt1 a}|b"_s;
-        QTest::newRow("UTF-8") << QByteArray("gr\xc3\xbc\xc3\x9f") << u"grüß"_s;
-        QTest::newRow("1252") << QByteArray("gr\xfc\xdf") << u"grüß"_s;
-        QTest::newRow("zeros") << QByteArrayLiteral("\0a\0") << u"a"_s;
-        QTest::newRow("rich behind zeros") << QByteArrayLiteral("\0\r\n{\\rtf1 a}") << u"a"_s;
-        QTest::newRow("nothing") << QByteArray() << u""_s;
-    }
-
     void WhatIsNotRichTextIsPlain()
     {
-        QFETCH(QByteArray, text);
-        QTEST(Read(text), "read");
+        const std::pair<QByteArray, QString> rows[] = {
+            {" ", u" "_s},
+            {"{\\rt1 a}\r\nb", u"{\\rt1 a}|b"_s},
+            {"gr\xc3\xbc\xc3\x9f", u"grüß"_s},
+            {"gr\xfc\xdf", u"grüß"_s},
+            {QByteArrayLiteral("\0a\0"), u"a"_s},
+            {QByteArrayLiteral("\0\r\n{\\rtf1 a}"), u"a"_s},
+            {"", u""_s},
+        };
+        for (const auto& [text, read] : rows)
+            QCOMPARE(Read(text), read);
     }
 
     void DeepAndLongInputStaysBounded_data()

@@ -10,6 +10,7 @@
 #include "testmain.h"
 
 #include <QRandomGenerator>
+#include <QTemporaryFile>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -190,6 +191,18 @@ QStringList Describe(const QTextDocument& document)
     return lines;
 }
 
+// As another reader of rich text understands it.
+QString OtherReader(const char* kind, const QTextDocument& document)
+{
+    QTemporaryFile file;
+    if (!file.open()) return {};
+    file.write(WriteRtf(document));
+    file.close();
+    QProcess reader;
+    reader.start(u"unrtf"_s, {QString::fromLatin1(kind), file.fileName()});
+    return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()) : reader.errorString();
+}
+
 } // namespace
 
 class RtfWriterTest : public QObject
@@ -243,6 +256,42 @@ private Q_SLOTS:
                                      "{\\colortbl ;\\red255\\green0\\blue0;}\r\n"
                                      "\\viewkind4\\uc1\\pard\\f0\\fs16 Tea \\{5\\}\\tab\\b\\cf1 caf\\u233?\\par\r\n"
                                      "\\pard\\qc\\par\r\n\\b0\\cf0 1\\u-10179?\\u-8704? \\par\r\n}\r\n");
+    }
+
+    void AnotherReaderReadsIt()
+    {
+        using Format = QTextCharFormat;
+        const auto with = [](auto set, auto value) {
+            Format format = NameFormat(u"Arial"_s);
+            format.setFontPointSize(12);
+            (format.*set)(value);
+            return format;
+        };
+        const std::tuple<QString, Format, QString> runs[] = {
+            {u"a"_s, with(&Format::setFontWeight, QFont::Bold), u"<b>a</b>"_s},
+            {u"b"_s, with(&Format::setFontItalic, true), u"<i>b</i>"_s},
+            {u"c"_s, with(&Format::setFontUnderline, true), u"<u>c</u>"_s},
+            {u"d"_s, with(&Format::setFontStrikeOut, true), u"<s>d</s>"_s},
+            {u"e"_s, with(&Format::setVerticalAlignment, Format::AlignSuperScript), u"<sup>e</sup>"_s},
+            {u"f"_s, with(&Format::setVerticalAlignment, Format::AlignSubScript), u"<sub>f</sub>"_s},
+            {u"g"_s, with(&Format::setForeground, QColor(18, 52, 86)), u"<font color=\"#123456\">g</font>"_s},
+            {u"h"_s, with(&Format::setFontPointSize, 20), u"<span style=\"font-size:20pt\">h</span>"_s},
+            {u"i"_s, with(&Format::setFontFamilies, QStringList{u"Courier New"_s}), u"<font face=\"Courier New\">i"_s},
+            {u"αΣ"_s, with(&Format::setFontFamilies, QStringList{u"Symbol"_s}), u"&alpha;&Sigma;"_s},
+            {u"é € ж"_s, with(&Format::setFontItalic, false), u"&eacute; &euro; &#1078;"_s},
+        };
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        for (const auto& [text, format, html] : runs) {
+            cursor.insertText(u"plain "_s, with(&Format::setFontItalic, false));
+            cursor.insertText(text, format);
+        }
+        const QString read = OtherReader("--html", document);
+        for (const auto& [text, format, html] : runs)
+            QVERIFY2(read.contains(html), qPrintable(html + u'\n' + read));
+        document.setPlainText(u"Tea {5} \\ 7;\tnow\n-1 third\u2028line"_s);
+        const QString text = OtherReader("--text", document).section(u"-----------------\n"_s, 1).simplified();
+        QCOMPARE(text, u"Tea {5} \\ 7; now -1 third line"_s);
     }
 
     // Signs as the bytes of their font; a link as a group, behind which the formats from before it hold again.
