@@ -15,9 +15,9 @@
 namespace {
 constexpr QLatin1StringView BackupTail(" in Backups, BackUpBeforeSave");
 constexpr qsizetype CopiesKept = 10;
-constexpr qint64 RoomToLeave = 50 * 1024 * 1024; // for the save and whatever else there is
+constexpr qint64 RoomToLeave = 50 * 1024 * 1024; // for the save and for other programs
 
-// Planners of one name in two folders are two planners.
+// Two folders may hold planners of the same name.
 QDir FolderOf(const QFileInfo& planner)
 {
     constexpr qsizetype Digits = 6;
@@ -38,7 +38,7 @@ QString NameOf(const QFileInfo& planner, const QDate& day)
     return planner.completeBaseName() + u' ' + day.toString(Qt::ISODate) + u".mdb"_s;
 }
 
-// The copy of a day to come was made while the clock stood wrong, and is of no known age.
+// A copy with a future date was made while the clock was wrong. Its age is unknown, so it counts as oldest.
 void RemoveOldest(const QDir& folder, const QFileInfo& planner, const QDate& today)
 {
     QMap<QDate, QString> copies;

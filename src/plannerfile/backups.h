@@ -1,13 +1,13 @@
-// Copies of planners in `backups` of the application directory: one before the first save of each day, the last ten of
-// each planner. A planner on a server is its administrator's to copy.
+// Backup copies of planners in the folder `backups` of the application directory: one before the first save of each
+// day. The last ten of each planner are kept. Planners on a server are left to its administrator.
 #pragma once
 
 #include <QString>
 
 QString BackupFolder();
-QString PlaceOfBackups(); // where they are, in words
+QString PlaceOfBackups(); // the folder, in words for the person
 
-// To be called before the open planner is written. Does nothing where today's copy is there. A copy that fails is
-// logged, and the reason returned, else nothing: it must not keep anybody from saving, nor take the room that the save
-// needs. A copy of what is damaged takes no sound one's place.
+// Call this before writing to the open planner. Does nothing if today's copy exists. If the copy fails, logs the error
+// and returns the reason; otherwise returns an empty text. A failed copy does not stop the save, and a copy leaves the
+// room that the save needs. A damaged planner pushes out no older copy.
 QString BackUpBeforeSave();

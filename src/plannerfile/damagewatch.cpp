@@ -16,7 +16,7 @@ namespace {
 constexpr QLatin1StringView DamageLiteral(" in DamageWatch, Tell");
 constexpr int LookAgain = 100; // milliseconds
 
-// Never in the middle of another routine, the start above all.
+// Waits until no other routine runs, above all the start.
 void Tell(const QString& planner)
 {
     if (DoEventsRuns()) {

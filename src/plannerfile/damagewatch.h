@@ -1,8 +1,8 @@
-// Says that the open planner has turned out to be damaged.
+// Warns when the open planner turns out to be damaged.
 #pragma once
 
 class QString;
 
-// From now on: says so once in a run, with what to do, when a read, a save or the day's copy of this planner has met
-// damage.
+// From now on, warns once in a run, and says what to do, when a read, a save or the daily backup finds damage in this
+// planner.
 void WatchForDamage(const QString& planner);

@@ -3,7 +3,7 @@
 namespace schema {
 TableDef NotesTable()
 {
-    // The date field and the seven of the font were never written; older programs expect to find them.
+    // No version ever wrote the date field and the seven font fields, but older programs expect them.
     return {Notes,
             {{u"Database Date"_s, dbDate},
              {DateField, dbText, 15},

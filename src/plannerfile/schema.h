@@ -1,4 +1,4 @@
-// The tables of a planner. One definition serves the making of a new file and the upgrade of an older one.
+// The tables of a planner, both for a new file and for the upgrade of an older one.
 #pragma once
 
 #include "platform/engine/database.h"
@@ -25,7 +25,7 @@ TableDef AlarmsTable();
 TableDef RecursionsTable();
 std::vector<TableDef> AllTables();
 
-// The tables of an open planner, each in the order of its index. 3011 where an older planner lacks one.
+// The tables of an open planner, each in the order of its index. NoTable if an older planner lacks one.
 Recordset OpenNotes(Database planner);
 Recordset OpenAlarms(Database planner);
 Recordset OpenRecursions(Database planner);
