@@ -17,7 +17,7 @@ QString Meaning(int reason)
                "can be converted."_s;
     case jetstream::Unprotected:
         return u"'%1' was not read: this system does not let the reader of older planners be confined."_s;
-    default: // damaged, or whatever else a reader may say
+    default: // Damaged, or an unknown number from the reader.
         return u"'%1' is damaged: not all of it can be read. It is left as it was."_s;
     }
 }

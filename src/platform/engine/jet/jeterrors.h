@@ -1,4 +1,4 @@
-// What keeps an old planner from being converted, in words. All of these are 3343.
+// Why an old planner cannot be converted, as error messages. All of them raise NotADatabase.
 #pragma once
 
 #include "platform/engine/jet/jetstream.h"
@@ -6,7 +6,7 @@
 #include <QString>
 
 namespace jeterrors {
-[[noreturn]] void Raise(const QString& name, int reason); // one of jetstream::Reason
+[[noreturn]] void Raise(const QString& name, int reason); // reason: a jetstream::Reason
 [[noreturn]] void RaiseDamaged(const QString& name);
-[[noreturn]] void RaiseNoPlanner(const QString& name, const QString& missing); // which table
+[[noreturn]] void RaiseNoPlanner(const QString& name, const QString& missing); // missing: a table or field
 } // namespace jeterrors

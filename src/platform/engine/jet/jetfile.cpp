@@ -30,13 +30,13 @@ void Write(Store& to, JetRows&& from, const QString& name)
                 to.Insert(*table, *row);
         }
     } catch (const RunTimeError& error) {
-        // The old engine keeps names and primary keys apart too.
+        // The old engine also forbids duplicate names and keys, so the file is damaged.
         if (error.Number == DuplicateKey || error.Number == TableExists) jeterrors::RaiseDamaged(name);
         throw;
     }
 }
 
-// The old file is read a second time and compared with what the new one gives back.
+// Reads the old file a second time and compares it with the new one.
 void Compare(Store& to, JetRows&& from)
 {
     int tables = 0;
@@ -63,8 +63,8 @@ QStringList MissingIn(Store& file, const std::vector<TableDef>& expected)
     return missing;
 }
 
-// The older engine's users lock bytes of the same file of locks, all of them below ours. Who had it open when the new
-// planner takes its place would write into a file without a name.
+// Programs of the older engine lock bytes of the same lock file, all below ours. If one of them had the planner open
+// during the replacement, it would go on writing into a deleted file.
 std::shared_ptr<ByteLocks> ClaimFromAll(const QString& planner)
 {
     auto claim = ClaimAlone(planner);

@@ -1,5 +1,5 @@
-// Files of the older database engine: what can be done with them. Meaning and errors as in DBEngine; to open one is not
-// among it.
+// Compact and Replace for files of the older database engine. Meaning and errors as in DBEngine. Such files cannot be
+// opened.
 #pragma once
 
 #include "platform/engine/tabledef.h"

@@ -11,7 +11,7 @@ constexpr qint64 FrameHeadSize = 5;
 constexpr int MostColumns = 256;
 } // namespace
 
-// The content of one frame, read from its front.
+// Reads the content of one frame from its front.
 class JetFrames::Part
 {
 public:
@@ -56,10 +56,10 @@ QByteArray JetFrames::Receive(qint64 size)
 {
     m_bytesLeft -= size;
     if (m_bytesLeft < 0) jeterrors::RaiseDamaged(m_name);
-    // Room is taken for what has come, never for what is announced.
+    // Allocates only for bytes that have arrived, never for an announced size.
     while (m_source.bytesAvailable() < size) {
         const auto wait = std::min<qint64>(m_forSilence.count(), m_until.remainingTime());
-        // What a reader leaves at its end comes without a word.
+        // waitForReadyRead fails even if the reader's last bytes arrive with its end.
         if (wait <= 0 || (!m_source.waitForReadyRead(static_cast<int>(wait)) && m_source.bytesAvailable() < size))
             jeterrors::RaiseDamaged(m_name);
     }

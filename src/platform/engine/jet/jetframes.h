@@ -1,5 +1,5 @@
-// What a reader of old planners has sent, taken apart. The reader may have been taken over by what it reads, so nothing
-// of it is believed: no size, number or order. 3343 where it is not as jetstream.h says, or does not come.
+// Parses what the reader of old planners sends. The file may have taken over the reader, so no size, number or order is
+// trusted. NotADatabase if the stream breaks the format of jetstream.h or stops.
 #pragma once
 
 #include "platform/engine/jet/jettext.h"
@@ -14,7 +14,7 @@
 struct JetColumn
 {
     QString Name;
-    int Type = 0; // one of jetstream::Type, or any other number
+    int Type = 0; // usually a jetstream::Type
     int Size = 0; // bytes
 };
 
@@ -24,7 +24,7 @@ struct JetTable
     std::vector<JetColumn> Columns;
 };
 
-using JetRow = std::vector<std::optional<QByteArray>>; // a value for each column, or none for null
+using JetRow = std::vector<std::optional<QByteArray>>; // a value or null for each column
 
 class JetFrames
 {
@@ -33,14 +33,14 @@ public:
     {
         qint64 Bytes;                         // of all frames together
         std::chrono::milliseconds ForSilence; // without a byte
-        std::chrono::milliseconds ForAll;     // from now on
+        std::chrono::milliseconds ForAll;     // from the construction on
     };
 
     JetFrames(QIODevice& source, const QString& name, const Limits& limits);
 
-    JetEncoding Head();              // first
+    JetEncoding Head();              // call this first
     std::optional<JetTable> Table(); // none at the end
-    std::optional<JetRow> Row();     // of that table; none behind its last
+    std::optional<JetRow> Row();     // of that table; none after the last
 
 private:
     struct Frame
@@ -50,7 +50,7 @@ private:
     };
     class Part;
 
-    const Frame& Next(); // which stays until it is taken
+    const Frame& Next(); // keeps the frame until Take
     QByteArray Take();
     QByteArray Receive(qint64 size);
 
@@ -60,5 +60,5 @@ private:
     std::chrono::milliseconds m_forSilence;
     QDeadlineTimer m_until;
     std::optional<Frame> m_next;
-    std::size_t m_columns = 0; // of the present table
+    std::size_t m_columns = 0; // of the current table
 };

@@ -19,8 +19,8 @@ constexpr std::chrono::milliseconds Patience = 20s;
 constexpr std::chrono::milliseconds Longest = 10min;
 std::chrono::milliseconds g_patience = Patience;
 
-// Every byte of a sound file is told once, with at most so many around it: five before each value, which takes more
-// than one of the file.
+// The reader sends every byte of a sound file once, plus five bytes before each value, which takes more than one byte
+// of the file.
 constexpr qint64 BytesPerByte = 4;
 constexpr qint64 BytesOfDefinitions = 1 << 20;
 
@@ -43,7 +43,7 @@ auto FindNamed(const List& list, const QString& name)
 JetRows::JetRows(const QString& path, const std::vector<TableDef>& expected)
     : m_name(QFileInfo(path).fileName()), m_expected(expected)
 {
-    QProcessEnvironment environment; // of ours it gets nothing
+    QProcessEnvironment environment; // The reader gets none of our environment.
     environment.insert(u"LC_ALL"_s, u"C"_s);
     m_process.setProcessEnvironment(environment);
     m_process.setStandardInputFile(path);

@@ -1,5 +1,5 @@
-// The tables of an old planner as rows of today's tables. A process of its own reads the file, from the beginning of
-// this object to its end.
+// The tables of an old planner as rows of today's tables. A separate process reads the file during the life of this
+// object.
 #pragma once
 
 #include "platform/engine/jet/jetframes.h"
@@ -10,14 +10,14 @@
 class JetRows
 {
 public:
-    // The tables that a planner has, the first of which makes it one. 3343.
+    // A file without the first expected table is no planner. NotADatabase.
     JetRows(const QString& path, const std::vector<TableDef>& expected);
 
-    // The next table that is there; a field is as wide as it was, if that is more. None at the end.
+    // The next table of the file; a text field is as wide as its column, if that is more. None at the end.
     const TableDef* NextTable();
-    std::optional<std::vector<QVariant>> NextRow(); // of it, in the order of its fields
+    std::optional<std::vector<QVariant>> NextRow(); // its values in field order
 
-    // For tests, the time without a byte after which the reader is given up.
+    // How long the reader may send no byte before it is given up.
     static void SetPatienceForTests(std::chrono::milliseconds patience);
 
 private:
@@ -29,7 +29,7 @@ private:
     {
         ~Process() override
         {
-            kill(); // whatever it is doing then
+            kill();
             waitForFinished();
         }
     } m_process;
@@ -37,6 +37,6 @@ private:
     JetEncoding m_encoding;
     JetTable m_from;
     TableDef m_table;
-    std::vector<std::optional<std::size_t>> m_columns; // of each field; an older planner may lack some
+    std::vector<std::optional<std::size_t>> m_columns; // for each field; an older planner may lack some
     bool m_isPlanner = false;
 };

@@ -23,7 +23,7 @@ QChar Wide(QByteArrayView bytes, qsizetype at)
     return QChar(static_cast<uchar>(bytes[at]), static_cast<uchar>(bytes[at + 1]));
 }
 
-// Runs of single bytes and of pairs take turns, a zero byte between them.
+// Runs of single bytes and runs of pairs alternate, separated by a zero byte.
 std::optional<QString> DecodeShortened(QByteArrayView bytes)
 {
     QString text;
@@ -54,7 +54,7 @@ std::optional<QString> DecodeWide(QByteArrayView bytes)
     return text;
 }
 
-// Null where the page lacks something of it. One that nobody knows lacks all.
+// Null if the code page lacks a character, or is unknown.
 QByteArray Encoded(QStringView text, int codePage)
 {
     QStringEncoder encoder(NameOf(codePage).constData(), QStringEncoder::Flag::Stateless);
@@ -68,8 +68,8 @@ bool IsRichText(QByteArrayView start)
     return start.trimmed().startsWith("{\\rtf");
 }
 
-// The control wrote bytes, which the engine took for its code page on their way in: back the same way. A character that
-// the page lacks can only have come from a program that wrote it for a newer reader.
+// The rich text control wrote bytes, and the engine decoded them by its code page. This encodes them again. A character
+// that the code page lacks comes from a program that wrote for newer readers.
 QByteArray BytesOfRichText(const QString& text, int codePage)
 {
     QByteArray bytes = Encoded(text, codePage);

@@ -1,5 +1,5 @@
-// Texts as they lie in an old planner: of single or double bytes in a code page (Jet 3), or of 16 bits, with the upper
-// half of some left out (Jet 4). Knows only QtCore.
+// Texts of an old planner: single or double bytes in a code page (Jet 3), or 16 bits, some with the upper half left out
+// (Jet 4). Depends on QtCore alone.
 #pragma once
 
 #include <QByteArray>
@@ -13,9 +13,9 @@ struct JetEncoding
     int CodePage = 0;
 };
 
-// Nothing where the bytes are no text of the kind.
+// None if the bytes are not valid in this encoding.
 std::optional<QString> DecodeJetText(QByteArrayView bytes, const JetEncoding& encoding);
 
-// A memo as planners hold it: rich text in the very bytes that the control of its time wrote, which tell their code
-// page themselves; plain text in UTF-8.
+// A memo as planners store it. Rich text: the exact bytes that its control wrote, which name their own code page. Plain
+// text: UTF-8.
 std::optional<QByteArray> DecodeJetMemo(QByteArrayView bytes, const JetEncoding& encoding);

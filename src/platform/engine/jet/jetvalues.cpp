@@ -31,7 +31,7 @@ Decoded AsMoney(QByteArrayView bytes)
     return number ? Decoded(static_cast<double>(*number) / 10000) : Decoded();
 }
 
-// Days since the day before the last of 1899; before that day the fraction still counts forward.
+// Days since 1899-12-30. Before that day the fraction still counts forward.
 Decoded AsDate(QByteArrayView bytes)
 {
     constexpr double MillisecondsPerDay = 86400000;
@@ -82,7 +82,7 @@ Decoded Decode(const JetColumn& column, QByteArrayView bytes, const JetEncoding&
     try {
         return AsFieldValue(field, *plain);
     } catch (const RunTimeError&) {
-        return {}; // a text in the place of a number
+        return {}; // a text instead of a number
     }
 }
 } // namespace jetvalues

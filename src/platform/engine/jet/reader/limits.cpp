@@ -24,7 +24,7 @@ bool Limit(__rlimit_resource resource, rlim_t most)
 
 bool LimitResources(std::size_t fileSize)
 {
-    // The file lies in memory once; its longest text is read and sent in two more copies.
+    // The file is in memory once, and its longest text in two more copies.
     return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && Limit(RLIMIT_CPU, Seconds) && Limit(RLIMIT_FSIZE, 0) &&
            Limit(RLIMIT_CORE, 0) && Limit(RLIMIT_AS, OwnMemory + 4 * rlim_t{fileSize});
 }

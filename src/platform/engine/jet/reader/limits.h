@@ -1,10 +1,10 @@
-// What the reader may use and do. The library under it was not written for files that mean harm.
+// Restricts the rights of the reader. Its library was not written for malicious files.
 #pragma once
 
 #include <cstddef>
 
-// Time of the processor, memory, no file written, and the end of the process with that of its parent.
+// Limits processor time and memory, forbids writing files, and ends the process with its parent.
 bool LimitResources(std::size_t fileSize);
 
-// From here on nothing but memory and the open pipe: no file, no connection, no other process.
+// After this the process can use memory and the open pipe only: no file, no connection, no other process.
 bool GiveUpTheSystem();

@@ -5,7 +5,7 @@
 namespace {
 constexpr std::uint32_t InRow = 0x80000000, OnOnePage = 0x40000000, LengthBits = 0x3FFFFFFF;
 constexpr std::size_t LinkSize = 4;
-constexpr std::string_view PageMark = "LVAL"; // where other pages name their table
+constexpr std::string_view PageMark = "LVAL"; // other pages have their table's number here
 constexpr std::size_t PageMarkAt = 4;
 
 std::uint32_t NumberAt(std::string_view bytes, std::size_t at)
@@ -16,7 +16,7 @@ std::uint32_t NumberAt(std::string_view bytes, std::size_t at)
     return number;
 }
 
-// A row of a page of long values; valid until the next one is asked for. Empty if there is none.
+// A row of a long value page, valid until the next call. Empty if there is none.
 std::string_view PieceAt(MdbHandle& file, std::uint32_t place)
 {
     void* buffer = nullptr;

@@ -1,14 +1,14 @@
-// A memo, which lies in its row only if it is short.
+// Reads a memo. Only a short one lies in its row.
 #pragma once
 
-#include <glib.h> // first here, since the next would read it as C
+#include <glib.h> // first, since mdbtools.h would include it as C
 #include <mdbtools.h>
 #include <optional>
 #include <string>
 #include <string_view>
 
-// Of what the library tells as the place of a row on its page; the others are marks.
+// The place of a row in the library's offset; the other bits are flags.
 inline constexpr int OffsetBits = 0x1FFF;
 
-// Nothing if its whole length is not there. The library's own way cuts it, or follows its pages for ever.
+// None if the memo is incomplete. The library's own routine would cut it, or follow its pages for ever.
 std::optional<std::string> ReadLongValue(MdbHandle& file, std::string_view inRow);

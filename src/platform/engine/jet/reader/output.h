@@ -1,4 +1,4 @@
-// Frames on their way into the pipe.
+// Writes frames into the pipe.
 #pragma once
 
 #include "platform/engine/jet/jetstream.h"
@@ -13,13 +13,13 @@ public:
     explicit Frame(jetstream::Kind kind);
 
     void AddNumber(std::uint32_t number, int bytes);
-    void AddText(std::string_view text); // with its size
+    void AddText(std::string_view text); // and its size
     void AddNull() { AddNumber(jetstream::NullSize, 4); }
-    void Send(); // ends the process if nobody reads
+    void Send(); // ends the process if the program has closed the pipe
 
 private:
     std::string m_bytes;
 };
 
-// Says why there is no planner, and ends the process.
+// Sends the reason and ends the process.
 [[noreturn]] void Refuse(jetstream::Reason reason);

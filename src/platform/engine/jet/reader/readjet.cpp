@@ -1,5 +1,5 @@
-// A process of its own that reads the database on its standard input and writes the tables whose names it is given into
-// its standard output, as jetstream.h says. It reads what anybody may have made, so it may do nothing else.
+// A separate process. It reads the database on standard input and writes the tables named in its arguments to standard
+// output, as jetstream.h says. The file may be malicious, so the process gives up all other rights.
 #include "platform/engine/jet/reader/limits.h"
 #include "platform/engine/jet/reader/longvalue.h"
 #include "platform/engine/jet/reader/output.h"
@@ -39,7 +39,7 @@ void SendDefinition(const MdbTableDef& table)
     frame.Send();
 }
 
-// Every row goes to the function as its values; false if fewer can be read than the file counts.
+// Passes the values of every row to the function. False if it can read fewer rows than the file counts.
 template <typename Take>
 bool EachRow(MdbHandle& file, MdbTableDef& table, Take&& take)
 {
@@ -63,7 +63,7 @@ void SendRow(MdbHandle& file, const MdbTableDef& table, std::span<const MdbField
     for (std::size_t i = 0; i < values.size(); ++i) {
         const int type = ColumnAt(table, i).col_type;
         if (type == jetstream::Boolean) {
-            frame.AddText(std::string_view(values[i].is_null ? "\0" : "\1", 1)); // its bit among those of null
+            frame.AddText(std::string_view(values[i].is_null ? "\0" : "\1", 1)); // the null bit holds the value
             continue;
         }
         if (values[i].is_null) {
@@ -87,8 +87,8 @@ MdbTableDef* Find(MdbHandle& file, char* name, int kind)
     return table;
 }
 
-// A table that the catalog has lost would pass for one that was never there. What the library makes of the catalog, it
-// leaves in its handle.
+// A table missing from a damaged catalog would pass for one that never existed. The library keeps the catalog in its
+// handle.
 void CheckCatalog(MdbHandle& file)
 {
     std::array name = std::to_array("MSysObjects");
@@ -99,7 +99,7 @@ void CheckCatalog(MdbHandle& file)
             RefuseDamaged(file);
 }
 
-// The library has one answer for a table that is not there and for one that it cannot read.
+// The library returns the same for a missing table and an unreadable one.
 bool IsInCatalog(MdbHandle& file, const char* name)
 {
     return mdb_read_catalog(&file, MDB_ANY) && mdb_get_catalogentry_by_name(&file, name);
@@ -114,7 +114,7 @@ void SendTable(MdbHandle& file, char* name)
     if (!EachRow(file, *table, [&](auto values) { SendRow(file, *table, values); })) RefuseDamaged(file);
 }
 
-// The page of the head must still be the one that was read last.
+// The head must still be the last page that was read.
 bool HasPassword(const MdbHandle& file)
 {
     constexpr std::size_t PasswordAt = 0x42, DateAt = 0x72, Jet3Size = 20, Jet4Size = 40;
@@ -122,7 +122,7 @@ bool HasPassword(const MdbHandle& file)
     const bool isJet3 = file.f->jet_version == MDB_VER_JET3;
     std::array<unsigned char, 4> mask = {};
     if (!isJet3) {
-        // Masked by the day that the file was made.
+        // Masked by the file's creation date.
         const double day = mdb_get_double(const_cast<unsigned char*>(head), DateAt);
         const auto whole = day > 0 && day < 1e9 ? static_cast<std::uint32_t>(day) : 0;
         for (std::size_t i = 0; i < mask.size(); ++i)
@@ -141,10 +141,10 @@ MdbHandle& Open()
     if (!LimitResources(size)) Refuse(jetstream::Unprotected);
     void* bytes = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, STDIN_FILENO, 0);
     if (bytes == MAP_FAILED) Refuse(jetstream::Unreadable);
-    // The library loads its tables of characters here, and looks at nothing of the file but the head.
+    // The library loads its character tables here, and reads only the head of the file.
     MdbHandle* file = mdb_open_buffer(bytes, size, MDB_NOFLAGS);
     if (!file || file->f->jet_version > MDB_VER_JET4) Refuse(jetstream::Unreadable);
-    // The engine writes whole pages: the file has been cut.
+    // The engine writes whole pages, so this file was cut.
     if (size % static_cast<std::size_t>(file->fmt->pg_size) != 0) Refuse(jetstream::Damaged);
     if (!GiveUpTheSystem()) Refuse(jetstream::Unprotected);
     return *file;
@@ -163,5 +163,5 @@ int main(int count, char** words)
     for (char* name : std::span(words, static_cast<std::size_t>(count)).subspan(1))
         SendTable(file, name);
     Frame(jetstream::End).Send();
-    ::_exit(EXIT_SUCCESS); // what the library holds goes with the process
+    ::_exit(EXIT_SUCCESS); // frees the library's memory
 }
