@@ -8,10 +8,10 @@
 
 namespace {
 constexpr QByteArrayView magic("SQLite format 3\0", 16);
-constexpr qsizetype HeadSize = 100; // of the file, on its first page
+constexpr qsizetype HeadSize = 100; // of the file's head, on its first page
 constexpr quint32 LeastUsable = 480;
 
-// A number of one to nine bytes; the view goes on behind it.
+// Takes a number of one to nine bytes off the front of the view.
 std::optional<quint64> TakeNumber(QByteArrayView& bytes)
 {
     quint64 number = 0;
@@ -31,13 +31,13 @@ quint32 Short(QByteArrayView page, qsizetype at)
     return qFromBigEndian<quint16>(page.data() + at);
 }
 
-// Where the page's own head begins.
+// Where the page's own head begins. The file's head precedes it on page 1.
 qsizetype HeadOf(quint32 page)
 {
     return page == 1 ? HeadSize : 0;
 }
 
-// The bytes of a column of this type; nothing for the types that do not exist.
+// The size of a column of this type in bytes. None if the format has no such type.
 std::optional<quint64> SizeOf(quint64 type)
 {
     static constexpr quint8 Sizes[] = {0, 1, 2, 3, 4, 6, 8, 8, 0, 0};
@@ -63,7 +63,7 @@ RawValue ValueOf(quint64 type, QByteArrayView bytes)
     return bytes.toByteArray();
 }
 
-// What is left of a text, without the part of a character at its end.
+// A cut text without the incomplete character at its end.
 QByteArray Cut(QByteArrayView bytes)
 {
     for (qsizetype back = 1; back <= std::min<qsizetype>(bytes.size(), 3); ++back) {
@@ -139,7 +139,7 @@ std::optional<RawPages::Cell> RawPages::CellAt(QByteArrayView page, qsizetype at
     const auto size = TakeNumber(rest);
     const auto id = size ? TakeNumber(rest) : std::nullopt;
     if (!id || *size > static_cast<quint64>(m_bytes.size()) || *size == 0) return std::nullopt;
-    // How much of a record stays in its page is a rule of the format.
+    // The format defines how much of a record stays in its page.
     const quint64 most = m_usable - 35, least = (m_usable - 12) * 32 / 255 - 23;
     const quint64 surplus = least + (*size - std::min(*size, least)) % (m_usable - 4);
     const quint64 local = *size <= most ? *size : surplus <= most ? surplus : least;
@@ -173,7 +173,7 @@ std::optional<std::vector<quint32>> RawPages::FreePages() const
     if (m_count == 0) return std::nullopt;
     std::vector<quint32> pages;
     std::vector<bool> seen(m_count + std::size_t{1});
-    quint64 lost = 0; // with a cut-off tail
+    quint64 lost = 0; // listed pages behind the end of a cut file
     for (quint32 trunk = Long(1, 32); trunk != 0; trunk = Long(trunk, 0)) {
         std::vector<quint32> group = {trunk};
         const bool isTrunk = trunk >= 2 && Contains(trunk) && !seen[trunk];
@@ -191,7 +191,7 @@ std::optional<std::vector<quint32>> RawPages::FreePages() const
     return pages.size() + lost == Long(1, 36) ? std::optional(pages) : std::nullopt;
 }
 
-// The record's head has to lie in the page: a planner's records have few columns.
+// The record's head must lie in the page, since a planner's records have few columns.
 std::vector<quint64> RawPages::ColumnTypes(const Cell& cell)
 {
     QByteArrayView rest = cell.local;
@@ -227,8 +227,8 @@ RawPages::Rest RawPages::RestOf(const Cell& cell, const Uses& uses, Use most) co
         own.insert(page);
         const quint32 next = Long(page, 0);
         const qsizetype size = std::min<qsizetype>(missing, m_usable - 4);
-        // A page whose way on is nonsense has been overwritten, and so has what it held; but at a cut-off tail the last
-        // page that is left is good, and its way on has once been.
+        // A page with an invalid link has been overwritten, contents included. But the last page left of a cut file is
+        // good: its link was valid once.
         const bool goesOn = isFree(next) || (next > m_count && next <= m_countOnce);
         rest.complete = !IsBlank(Page(page)) && (size == missing ? next == 0 : goesOn);
         if (!rest.complete) return rest;
@@ -239,7 +239,7 @@ RawPages::Rest RawPages::RestOf(const Cell& cell, const Uses& uses, Use most) co
     return rest;
 }
 
-// Endless if it leads to no end, be it that it goes in a circle.
+// The length of the chain in pages. Endless if it has no end, for example because it is a circle.
 quint32 RawPages::ChainFrom(quint32 first, Uses& uses) const
 {
     const auto exists = [this](quint32 page) { return page >= 2 && Contains(page); };
@@ -256,7 +256,7 @@ quint32 RawPages::ChainFrom(quint32 first, Uses& uses) const
     return length;
 }
 
-// A chain that leads to a page which is taken is as good as endless: no page is given back.
+// A chain that reaches a taken page counts as endless, because pages are never given back.
 bool RawPages::IsComplete(const Cell& cell, Uses& uses) const
 {
     const quint64 missing = cell.size - static_cast<quint64>(cell.local.size()), room = m_usable - 4;
@@ -285,7 +285,7 @@ RawRow RawPages::Read(const Cell& cell, Uses& uses) const
     }
     RawRow row = {cell.id, {}};
     QByteArrayView rest(payload);
-    const quint64 head = *TakeNumber(rest); // its size, which ColumnTypes has checked
+    const quint64 head = *TakeNumber(rest); // ColumnTypes has checked it
     rest = QByteArrayView(payload).sliced(static_cast<qsizetype>(head));
     for (const quint64 type : ColumnTypes(cell)) {
         const auto size = static_cast<qsizetype>(*SizeOf(type));

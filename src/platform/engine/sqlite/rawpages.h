@@ -1,5 +1,5 @@
-// The pages, cells and records of a database's bytes, read without the library. No size, count or page number in them
-// is trusted: what does not fit is told as missing.
+// Reads the pages, cells and records of a database without the library. No size, count or page number in the file is
+// trusted: what does not fit counts as missing.
 #pragma once
 
 #include "platform/engine/sqlite/rawvalue.h"
@@ -10,9 +10,9 @@
 class RawPages
 {
 public:
-    // The bytes outlive this. Pages count from 1; a last one that is cut is none.
+    // The bytes must outlive this. Pages count from 1; a cut last page does not count.
     RawPages(QByteArrayView bytes, quint32 pageSize, quint32 reserved);
-    // By the head of the bytes; nothing if it is no head of a database.
+    // By the file's head; none if the bytes have no valid one.
     static std::optional<RawPages> ByHead(QByteArrayView bytes);
 
     enum Type : quint8
@@ -24,8 +24,8 @@ public:
     {
         quint64 size; // of the whole record
         qint64 id;
-        QByteArrayView local; // the part that lies in the page
-        quint32 overflow;     // the page of the rest, 0 if there is none
+        QByteArrayView local; // the part within the page
+        quint32 overflow;     // the first page of the rest, 0 if there is none
     };
     struct Cells
     {
@@ -44,14 +44,14 @@ public:
     Cells LeafCells(quint32 page) const;
     Children ChildrenOf(quint32 page) const;
 
-    // The pages of the list of free ones, as far as it can be read; nothing if it contradicts itself.
+    // The free pages, as far as their list can be read. None if the list contradicts itself.
     std::optional<std::vector<quint32>> FreePages() const;
 
-    // The types of the record's columns, as the format numbers them; empty if the record cannot be one.
+    // The column types of the record, as the format numbers them. Empty if the cell cannot be a record.
     static std::vector<quint64> ColumnTypes(const Cell& cell);
 
-    // What the pages, by number, are used for. An overwritten page may lead to the rest of another record, and which of
-    // the two is right nobody can tell, so both may have it; a record that is not complete takes from no other.
+    // How each page, by number, is used. An overwritten page may link to the rest of another record. Nobody can tell
+    // which of the two owns the rest, so both may have it. An incomplete record takes unused pages only.
     enum Use : quint8
     {
         Unused,
@@ -62,17 +62,17 @@ public:
     {
         explicit Uses(quint32 pages) : of(pages + std::size_t{1}), chains(pages + std::size_t{1}) {}
         std::vector<Use> of;
-        // How many pages it is from each to the end of its chain, as far as known: any number of records may lead into
-        // one long chain, which is walked once.
+        // For each page the number of pages to the end of its chain, if known. Many records may link into one long
+        // chain; it is walked once.
         std::vector<quint32> chains;
     };
 
     bool IsComplete(const Cell& cell, Uses& uses) const;
-    // Adds the record's own pages to the uses. Null values and a cut text stand where pages are lost.
+    // Marks the record's pages as used. Values on lost pages become null or a cut text.
     RawRow Read(const Cell& cell, Uses& uses) const;
 
 private:
-    // What of a record lies on pages of overflow.
+    // The part of a record on overflow pages.
     struct Rest
     {
         std::vector<quint32> pages;
@@ -91,5 +91,5 @@ private:
     quint32 m_pageSize;
     quint32 m_usable;
     quint32 m_count;
-    quint32 m_countOnce = 0; // as the head tells it, which may be more than is left
+    quint32 m_countOnce = 0; // as the head says; more than m_count if the file was cut
 };

@@ -32,7 +32,7 @@ Item ItemOf(const RawRow& row)
             BytesOf(row.values[4])};
 }
 
-// The library reads the text, in a database of its own that holds nothing. False if it is no text of a table or index.
+// The library parses the text in an empty database. False if it is not a definition of a table or index.
 bool MakeFrom(SQLite::Database& empty, const QByteArray& sql)
 {
     constexpr QByteArrayView Beginnings[] = {"CREATE TABLE ", "CREATE INDEX ", "CREATE UNIQUE INDEX "};
@@ -46,7 +46,7 @@ bool MakeFrom(SQLite::Database& empty, const QByteArray& sql)
     }
 }
 
-// Without fields if it is no table of a planner, or where the library gives up.
+// Without fields if it is not a table of a planner, or the library reports an error.
 TableDef DefinitionOf(SQLite::Database& database, const QString& table)
 {
     const auto ask = [&](const QString& text, const SqlValues& values) {
@@ -86,7 +86,7 @@ std::vector<Table> Tables(const std::vector<RawRow>& rows, const std::vector<Tab
 {
     SQLite::Database empty(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     empty.exec("PRAGMA trusted_schema = OFF");
-    // A forged text could keep the library busy for ever.
+    // A forged definition could keep the library busy for ever.
     sqlite3_progress_handler(
         empty.getHandle(), ProgressSteps, [](void*) { return 1; }, nullptr);
     std::vector<Table> tables;

@@ -1,4 +1,4 @@
-// Definitions of tables out of the rows of a schema that may be damaged.
+// Rebuilds table definitions from a schema that may be damaged.
 #pragma once
 
 #include "platform/engine/sqlite/rawvalue.h"
@@ -11,10 +11,10 @@ struct Table
 {
     QString name;
     qint64 root;
-    TableDef definition; // without fields if this is no table of a planner
+    TableDef definition; // without fields if it is not a planner's table
 };
 
-// Expected tables supply the fields of a table whose own are lost, and lost indexes. A table of which nothing is left
-// is not in the result.
+// The expected tables supply lost indexes, and the fields of a table whose own are lost. A table that the schema no
+// longer names is not in the result.
 std::vector<Table> Tables(const std::vector<RawRow>& rows, const std::vector<TableDef>& expected);
 } // namespace rawschema

@@ -1,4 +1,4 @@
-// Rows as they lie in a database's records, before they are values of a field's type.
+// Rows as a database's records hold them, before conversion to the types of the fields.
 #pragma once
 
 #include <QByteArray>
@@ -6,14 +6,14 @@
 #include <variant>
 #include <vector>
 
-// A text is a QByteArray: its bytes are kept as they are. No planner has other bytes; they count as a text too.
+// A text is a QByteArray, so that its bytes stay as they are. Planners have no blobs; one would count as a text.
 using RawValue = std::variant<std::monostate, qint64, double, QByteArray>;
 
 struct RawRow
 {
     qint64 id = 0;
     std::vector<RawValue> values;
-    std::size_t wholeValues = 0; // so many from the first on are as they were; the next may be a cut text
+    std::size_t wholeValues = 0; // the first so many values are intact; the next may be a cut text
 
     bool IsWhole() const { return wholeValues == values.size(); }
 };

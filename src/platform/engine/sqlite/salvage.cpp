@@ -27,7 +27,7 @@ bool Fits(FieldType type, quint64 column)
     return column >= 13 && column % 2 == 1;
 }
 
-// Whether a cell that nothing leads to can be a row of the table. The id is its number and not in the record.
+// Whether an orphaned cell can be a row of the table. The id is the cell's number and not in the record.
 bool Fits(const TableDef& table, const RawPages::Cell& cell)
 {
     const std::vector<quint64> types = RawPages::ColumnTypes(cell);
@@ -41,7 +41,7 @@ class Salvage
 {
 public:
     Salvage(const RawPages& pages, const std::vector<TableDef>& expected);
-    // Once.
+    // call this once
     std::vector<Table> Tables();
 
 private:
@@ -64,7 +64,8 @@ private:
     std::vector<rawschema::Table> m_schema;
     bool m_schemaComplete = false;
     std::vector<Table> m_tables;
-    // Rows whose rest is lost, put off until the others have theirs: a wrong turn may lead them to another's.
+    // Rows whose rest is lost. They wait until the complete rows have their pages: a wrong link may lead to another
+    // row's.
     struct Incomplete
     {
         std::size_t table;
@@ -152,7 +153,7 @@ void Salvage::TakeOrPutOff(std::size_t table, bool loose, const RawPages::Cell& 
 void Salvage::Take(std::size_t table, bool loose, const RawPages::Cell& cell)
 {
     RawRow row = m_pages.Read(cell, m_uses);
-    row.values.erase(row.values.begin()); // the id's empty place
+    row.values.erase(row.values.begin()); // the column of the id, which is null
     --row.wholeValues;
     (loose ? m_tables[table].loose : m_tables[table].rows).push_back(std::move(row));
 }
@@ -175,11 +176,11 @@ void Salvage::ReadTrees()
 {
     std::vector<Tree> trees;
     for (const rawschema::Table& table : m_schema) {
-        // A table that is no planner's may be one whose name is lost: its pages may still be recognised.
+        // An unknown table may be a planner's whose name is lost. Its pages may still be recognised.
         const bool known = !table.definition.Fields.empty() || table.name.startsWith(u"sqlite_");
         trees.push_back(known ? Walk(table.root) : Tree{});
     }
-    // What the list of free pages names has been deleted, unless the list names what is in use.
+    // Free pages hold deleted rows, unless the list names a page that is in use.
     const auto freePages = m_pages.FreePages();
     if (freePages && std::ranges::none_of(*freePages, [&](quint32 page) { return m_uses.of[page]; }))
         for (const quint32 page : *freePages)
@@ -207,7 +208,7 @@ void Salvage::ReadLastIds(const std::vector<RawRow>& rows)
     }
 }
 
-// Those that a page of a tree points to first: they have at least once been in use together.
+// Leaves that an orphaned inner page links to come first: they were once in use together.
 std::vector<quint32> Salvage::LoosePages() const
 {
     std::vector<quint32> loose;
@@ -223,7 +224,7 @@ std::vector<quint32> Salvage::LoosePages() const
     return loose;
 }
 
-// All cells of a page belong to one table: the one that fits most of them.
+// All cells of a page belong to one table, so takes the table that most of them fit.
 std::optional<std::size_t> Salvage::TableOf(const std::vector<RawPages::Cell>& cells) const
 {
     std::optional<std::size_t> best;
@@ -240,7 +241,7 @@ std::optional<std::size_t> Salvage::TableOf(const std::vector<RawPages::Cell>& c
 void Salvage::ReadLoose()
 {
     for (const quint32 page : LoosePages()) {
-        if (m_uses.of[page]) continue; // found to be the rest of a text meanwhile
+        if (m_uses.of[page]) continue; // now known as the rest of a record
         const std::vector<RawPages::Cell> cells = m_pages.LeafCells(page).whole;
         const auto table = TableOf(cells);
         if (!table || m_tables[*table].complete) continue;
@@ -265,7 +266,7 @@ Result Read(QByteArrayView bytes, const std::vector<TableDef>& expected)
     Result result = {byHead.has_value(), {}};
     if (byHead) result.tables = Salvage(*byHead, expected).Tables();
     if (RowsOf(result.tables) > 0 || (byHead && std::ranges::all_of(result.tables, &Table::complete))) return result;
-    // The size of pages is lost: the true one is that by which most is found.
+    // The page size is lost. The right one is the one that finds the most rows.
     for (quint32 pageSize = 512; pageSize <= 65536; pageSize *= 2) {
         const RawPages pages(bytes, pageSize, 0);
         std::vector<Table> tables = Salvage(pages, expected).Tables();

@@ -1,5 +1,4 @@
-// What can still be read of a damaged planner's bytes, without the library's walk along its trees. Knows nothing of
-// journals and writes nothing.
+// Reads what is left of a damaged planner without following the library's trees. Ignores journals and writes nothing.
 #pragma once
 
 #include "platform/engine/sqlite/rawvalue.h"
@@ -9,11 +8,11 @@ namespace salvage {
 struct Table
 {
     TableDef definition;
-    std::vector<RawRow> rows;  // found by way of the tree, each once
-    std::vector<RawRow> loose; // found on pages that nothing leads to, the likelier first: to be taken where neither id
-                               // nor key is there yet. None where the tree is complete.
-    bool complete = false;     // all of its pages could be read
-    qint64 lastId = 0;         // the highest ever given, where that could be read
+    std::vector<RawRow> rows;  // found through the tree, each once
+    std::vector<RawRow> loose; // found on orphaned pages, the likelier first; take one only if neither its id nor its
+                               // key is there yet. Empty if the tree is complete.
+    bool complete = false;     // all pages could be read
+    qint64 lastId = 0;         // the highest id ever given; 0 if lost
 };
 
 struct Result
@@ -22,6 +21,6 @@ struct Result
     std::vector<Table> tables;
 };
 
-// The expected tables stand in for what is lost of the schema.
+// The expected tables replace lost parts of the schema.
 Result Read(QByteArrayView bytes, const std::vector<TableDef>& expected);
 } // namespace salvage
