@@ -1,11 +1,11 @@
-// The error that a step raises, by its number.
+// Runs a step and returns the number of its error.
 #pragma once
 
 #include "platform/runtime/runtimeerror.h"
 
 #include <functional>
 
-// 0 if there was none; its text goes to the second argument.
+// 0 if the step raised none. Puts the error's text into the second argument.
 inline int ErrorOf(const std::function<void()>& step, QString* text = nullptr)
 {
     try {

@@ -1,5 +1,4 @@
-// A store that fails at a chosen call, for tests of what becomes of the notes then. Calls that give back (Unlock,
-// EndRead, Rollback, Close) never fail.
+// A store that fails at a chosen call. Calls that release something (Unlock, EndRead, Rollback, Close) never fail.
 #pragma once
 
 #include "platform/engine/dbengine.h"
@@ -17,15 +16,15 @@ struct FailurePlan
     {
         Before,  // the call does nothing and raises
         After,   // the call does its work and raises
-        ForEver, // from the chosen call on, every one that is counted does nothing and raises
+        ForEver, // from the chosen call on, each counted call does nothing and raises
         Kill     // the process is killed before the call
     };
 
-    int at = 0; // which call fails, counted from 1; 0 is none
+    int at = 0; // the call that fails, counted from 1; 0 for none
     When when = Before;
     RunTimeError error = {3043, u"The test's error"_s};
-    QString only = {}; // counts calls of this name alone, "Commit" for one; empty counts all
-    int calls = 0;     // counted so far
+    QString only = {}; // counts calls of this name only, for example "Commit"; empty counts all
+    int calls = 0;     // the counted calls so far
 };
 
 class FailingStore final : public Store
@@ -61,7 +60,7 @@ public:
     void BeginRead() override { Call("BeginRead", &Store::BeginRead); }
     void Expect(const TableDef& t, const Index& i, const QVariantList& keys) override { m_inner->Expect(t, i, keys); }
     void EndRead() override { m_inner->EndRead(); }
-    // After an error of these two nothing is open, as the contract says.
+    // After an error these two leave no transaction open, as their contract says.
     void BeginWrite() override { CallOrRollBack("BeginWrite", &Store::BeginWrite); }
     void Commit() override { CallOrRollBack("Commit", &Store::Commit); }
     void Rollback() override { m_inner->Rollback(); }
@@ -115,7 +114,7 @@ private:
     std::shared_ptr<FailurePlan> m_plan;
 };
 
-// Planners that are opened while this lives fail by the plan, then and later.
+// Planners opened during its life fail by the plan, also after it.
 class FailingStores
 {
 public:

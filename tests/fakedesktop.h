@@ -1,5 +1,5 @@
-// The commands by which desktops take a picture, put first on the path: they keep what they are told in small files
-// and write down how they were called.
+// Fakes of the commands that set a desktop's picture, first on the path. They keep settings in small files and record
+// their calls.
 #pragma once
 
 #include "files.h"
@@ -36,7 +36,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(FakeDesktop)
 
-    // "refuses", "hangs" or "forgets": how the commands behave from now on.
+    // How the commands behave from now on: "refuses", "hangs" or "forgets".
     void Become(const char* manner) const { Keep(QString::fromLatin1(manner), ""); }
 
     void Keep(const QString& key, const QByteArray& value) const

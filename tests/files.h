@@ -1,4 +1,4 @@
-// Files that a test writes and reads back, and a disk that takes no more.
+// Test files, and a full disk.
 #pragma once
 
 #include <QFile>
@@ -19,7 +19,7 @@ inline void SetContent(const QString& path, const QByteArray& bytes)
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("Could not write a test's file");
 }
 
-// While it lives no file of this process grows beyond so many bytes, which the system tells as an I/O error.
+// During its life no file of this process can grow beyond so many bytes. The system reports an I/O error.
 class FullDisk
 {
 public:

@@ -1,4 +1,4 @@
-// Short ways to the text of a note: in a box, in the file, and let fall into a box.
+// Helpers for the text of a note: in a box, in the file, and dropped into a box.
 #pragma once
 
 #include "platform/richtext/richtextbox.h"
@@ -13,7 +13,7 @@ inline void Select(RichTextBox& box, int start, int length)
     box.SetSelLength(length);
 }
 
-// What is shown of a stored note.
+// The text of a stored note as a box shows it.
 inline QString PlainText(const QByteArray& rtf)
 {
     RichTextBox box;
@@ -21,7 +21,7 @@ inline QString PlainText(const QByteArray& rtf)
     return box.Text();
 }
 
-// Whether what was let fall there was taken.
+// Whether the box accepted the drop.
 inline bool Drop(RichTextBox& box, const QMimeData& data, QPoint at = {10, 10})
 {
     const auto actions = Qt::CopyAction | Qt::MoveAction;

@@ -1,4 +1,4 @@
-// Planners that no program has open, made by the engine alone.
+// Makes closed planners with the engine alone.
 #pragma once
 
 #include "plannerfile/schema.h"
@@ -7,7 +7,7 @@
 inline const std::vector<TableDef> plannerTables = {schema::NotesTable(), schema::AlarmsTable(),
                                                     schema::RecursionsTable()};
 
-// With these tables and no record.
+// Makes a planner with these tables and no records.
 inline Database MakePlanner(const QString& path, const std::vector<TableDef>& tables = plannerTables)
 {
     Database planner = DBEngine::CreateDatabase(path, schema::Locale);

@@ -8,7 +8,7 @@
 #include <QLabel>
 #include <QScrollBar>
 
-// The alarm clock over a day, and the window that it opens. The program is on the 17th of March 1999, 9:30.
+// The alarm clock over a day, and the window that it opens. The program starts on 17 March 1999, 9:30.
 class AlarmClockTest : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class AlarmClockTest : public QObject
     const QDate m_today{1999, 3, 17};
     std::unique_ptr<Program> m_program;
 
-    // Lets the clock tick; what it shows is closed at once. Gives the notes that were shown.
+    // Lets the clock tick and returns the notes that it showed. Closes their window at once.
     QStringList TickAt(const QDateTime& now)
     {
         desktopclock::SetForTests(now);
@@ -34,13 +34,13 @@ class AlarmClockTest : public QObject
         return TickAt(QDateTime(m_today, QTime(hour, minute, second)));
     }
 
-    // One that comes with the window was not meant for it.
+    // The window ignores a key that arrives with it, so this repeats the key.
     static void Escape(AlarmEventForm& form)
     {
         QTRY_VERIFY((QTest::keyClick(form.focusWidget(), Qt::Key_Escape), !form.isVisible()));
     }
 
-    // The keys that the person goes on pressing while the window of an alarm comes up.
+    // Presses keys while the window of an alarm opens.
     void RingWhile(const std::function<void(QWidget& typed)>& goOn)
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", QByteArray("line\n").repeated(200).constData())});
@@ -90,13 +90,13 @@ private Q_SLOTS:
         QCOMPARE(TickAt(9, 29), QStringList());
         AddAlarms({MakeAlarm("1999/3/17", "09:29", "too late"), MakeAlarm("1999/3/17", "09:30", "first"),
                    MakeAlarm("1999/3/17", "09:30", "second"), MakeAlarm("1999/3/17", "09:32", "mine")});
-        QCOMPARE(TickAt(9, 29, 10), QStringList()); // this minute was looked at before
+        QCOMPARE(TickAt(9, 29, 10), QStringList()); // the clock has already looked at this minute
         QCOMPARE(TickAt(9, 30), QStringList(u"first"_s));
         QCOMPARE(g_rsAlarm.Fields(u"Alarm Note"_s).toByteArray(), QByteArray("first"));
         QCOMPARE(TickAt(9, 30, 50), QStringList());
         QCOMPARE(TickAt(9, 31), QStringList());
         QVERIFY(g_rsAlarm.EOF_());
-        QCOMPARE(TickAt(9, 30), QStringList(u"first"_s)); // the clock was turned back
+        QCOMPARE(TickAt(9, 30), QStringList(u"first"_s)); // as after the clock was turned back
         m_program->New(u"other.mdb"_s);
         QCOMPARE(TickAt(9, 32), QStringList());
         m_program->Open(u"mine.mdb"_s); // in the same minute
@@ -121,7 +121,7 @@ private Q_SLOTS:
         });
         m_program->Tick("tmAlarm");
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(TickAt(9, 31), QStringList()); // missed for good
+        QCOMPARE(TickAt(9, 31), QStringList()); // never shown later
         QCOMPARE(TickAt(9, 32), QStringList());
     }
 
@@ -135,7 +135,7 @@ private Q_SLOTS:
             QVERIFY(off.manhattanLength() < 8);
             QCOMPARE(In<QLabel>(form, "lblWhen").text(), u"Mar 17, 1999, 9:30 AM"_s);
             auto& note = In<RichTextBox>(form, "tbNotes");
-            QTRY_COMPARE(form.focusWidget()->objectName(), u"btnOk"_s); // nobody types on
+            QTRY_COMPARE(form.focusWidget()->objectName(), u"btnOk"_s); // no typing at this moment
             note.setFocus();
             for (const Qt::Key key : {Qt::Key_X, Qt::Key_Return, Qt::Key_Backspace})
                 QTest::keyClick(&note, key);
@@ -156,7 +156,7 @@ private Q_SLOTS:
             QTest::keyClicks(&typed, u"b cx"_s);
             for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Left, Qt::Key_Left})
                 QTest::keyClick(&typed, key);
-            QTest::keyClick(&typed, Qt::Key_A, Qt::ControlModifier); // would have the next key take all
+            QTest::keyClick(&typed, Qt::Key_A, Qt::ControlModifier); // the next key would replace the selection
             QInputMethodEvent accent;
             accent.setCommitString(u"\u00e9"_s);
             QApplication::sendEvent(&typed, &accent);
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), u"ab \u00e9c\n"_s);
         m_program->Trigger("mnuSave");
         QVERIFY(m_program->Stored(u"mine.mdb"_s, u"1999/3/17"_s).contains("ab "));
-        // A cell that has been locked and given back takes no text, and its refusal would stand over the alarm.
+        // After locking and unlocking, a cell refuses text. The refusal would cover the alarm.
         m_program->New(u"team.mdb"_s, true);
         m_program->Click(18);
         for (int times = 0; times < 2; ++times)
@@ -177,12 +177,11 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), QString());
     }
 
-    // Return in a box of one line would press the default button of the window behind.
+    // In a box of one line, Return would press the default button of the window behind.
     void typingGoesOnInAnotherWindow()
     {
         for (const auto& [what, box, text] : Rows<QByteArray, QString>{
-                 {"date", "maskUntil", u"3/20/1999"_s},
-                 {"list", "cmbRecurDays", u"4"_s}, // behind the 1 that stands there
+                 {"date", "maskUntil", u"3/20/1999"_s}, {"list", "cmbRecurDays", u"4"_s}, // after the 1 in the box
              }) {
             const InRow row(this, what);
             m_program->InWindow<RecurForm>("mnuRecurse", [&](RecurForm& form) {
@@ -202,7 +201,7 @@ private Q_SLOTS:
         }
     }
 
-    // What is told of a tune stands over the window, which is there already and would cover it otherwise.
+    // A message about the tune stands over the alarm's window, which is open first.
     void tunes()
     {
         for (const auto& [what, tune, silence, told] :
@@ -216,7 +215,7 @@ private Q_SLOTS:
             QString owner;
             if (told) {
                 OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
-                    for (int key = 0; key < 60; ++key) { // a running typist would close it unread
+                    for (int key = 0; key < 60; ++key) { // a person still typing would close it unread
                         QTest::keyClick(form.focusWidget(), Qt::Key_Space);
                         QTest::qWait(20);
                     }
@@ -242,7 +241,7 @@ private Q_SLOTS:
         AddAlarms({MakeAlarm("1999/3/17", "09:29", "silent", "Flute.mid"),
                    MakeAlarm("1999/3/17", "09:30", "note", "Flute.mid", false)});
         OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
-            QTest::qWait(50); // the other one plays at once
+            QTest::qWait(50); // the other alarm's tune starts at once
             QVERIFY(!recording.IsOpen());
             Escape(form);
         });

@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The editor of alarms in both modes. The program shows March 1999; the 17th stands in cell 18.
+// The editor of alarms in both modes. The program shows March 1999; the 17th is in cell 18.
 class AlarmFormTest : public QObject
 {
     Q_OBJECT
@@ -26,10 +26,9 @@ class AlarmFormTest : public QObject
         return mark && !mark->isHidden() && !covers ? mark : nullptr;
     }
 
-    // What the person does in the editor that the entry opens.
     void InEditor(const char* entry, const std::function<void(AlarmForm&)>& act) { m_program->InWindow(entry, act); }
 
-    // A row of what the boxes show.
+    // The contents of the boxes in one line.
     static QString Row(AlarmForm& form)
     {
         const auto isOn = [&](const char* name) { return In<QAbstractButton>(form, name).isChecked(); };
@@ -72,7 +71,7 @@ private Q_SLOTS:
         for (const char* tune : {"/b.mid", "/a.wav"})
             SetContent(folders::MediaDirectory() + QLatin1StringView(tune), "x");
         m_program->New(m_file);
-        m_program->Type(17, u"typed"_s); // on the day before today
+        m_program->Type(17, u"typed"_s); // the day before today
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
             QVERIFY(!ClockRuns());
             QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"New Alarm Event"_s);
@@ -91,7 +90,7 @@ private Q_SLOTS:
             FillIn(form, u"12"_s, u"30"_s, u"lunch"_s);
             Activate(form);
             In<QRadioButton>(form, "opAMPM(1)").setFocus();
-            QTest::keyClick(&In<QRadioButton>(form, "opAMPM(1)"), Qt::Key_Left); // while none is chosen
+            QTest::keyClick(&In<QRadioButton>(form, "opAMPM(1)"), Qt::Key_Left); // while neither is chosen
             QTest::keyClick(&tunes, Qt::Key_End);
             Press(form, "btnOk");
         });
@@ -103,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
-    // Each is told once, and leaves the window as it was filled in.
+    // Each error shows its message and keeps the input.
     void badInput()
     {
         const QString wrongTime = u"The time you have entered is not valid"_s;
@@ -129,7 +128,7 @@ private Q_SLOTS:
         }
     }
 
-    // What the planner does not take stays in the window.
+    // Input that the planner refuses stays in the window.
     void aMemoCellHasNoDateAndAFullDiskTakesNothing()
     {
         const FailingStores failing;
@@ -166,7 +165,7 @@ private Q_SLOTS:
         });
     }
 
-    // Music that is tried out ends by its button, and with the window.
+    // The button and the closing of the window both stop the music.
     void tryingATune()
     {
         SetContent(folders::MediaDirectory() + u"/Flute.mid"_s, MidiNote(84));
@@ -212,7 +211,7 @@ private Q_SLOTS:
         }
     }
 
-    // Without alarms, with those of other days alone, and with some of the day.
+    // Without alarms, with alarms of other days only, and with some of the day.
     void browsing()
     {
         SetContent(folders::MediaDirectory() + u"/a.wav"_s, "x");
@@ -255,17 +254,17 @@ private Q_SLOTS:
             step("picLeftSpin", two);
             step("picRightSpin", three);
             step("picRightSpin", three, true);
-            step("picRightSpin", three, true); // the walk stands at the end of the table
-            step("picLeftSpin", two);          // it goes back to the last one first, and from there one on
+            step("picRightSpin", three, true); // the end of the table
+            step("picLeftSpin", two);          // back to the last alarm first, then one at a time
             step("picLeftSpin", one);
             step("picLeftSpin", one, true);
-            step("picRightSpin", two); // likewise from the other end: the first one is passed over
+            step("picRightSpin", two); // at the other end too, the walk skips the first alarm
             Press(form, "btnOk");
         });
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
-    // Of alarms that are alike in four fields the first goes, whichever note is shown.
+    // Deletes the first of the alarms that are alike in four fields, whichever note is shown.
     void deleting()
     {
         SetContent(folders::MediaDirectory() + u"/a.wav"_s, "x");
@@ -281,7 +280,7 @@ private Q_SLOTS:
             for (int i = 0; i < 4; ++i)
                 Press(form, "picRightSpin");
             QVERIFY(Row(form).contains(u"second"_s));
-            for (int times = 0; times < 2; ++times) { // nothing is shown then, and nothing is told
+            for (int times = 0; times < 2; ++times) { // shows no alarm and no message
                 AnswerNextBox(msgbox::Ok);
                 QTest::keyClick(&In<QPushButton>(form, "btnDelete"), Qt::Key_Return);
                 QCOMPARE(WaitingAnswers(), 1);
@@ -292,19 +291,19 @@ private Q_SLOTS:
             Press(form, "btnOk");
         });
         QCOMPARE(StoredAlarms().size(), 5);
-        QVERIFY(StoredAlarms().filter(u"first"_s).isEmpty()); // and the second one is there
+        QVERIFY(StoredAlarms().filter(u"first"_s).isEmpty()); // the second one is still there
         QVERIFY(Mark(18));
     }
 
-    // What is in a locked day is stored before the window opens.
+    // Opening the window stores the text of a locked day.
     void theMarkGoesAtOkOnly()
     {
         for (const auto& [what, isShared] : Rows<bool>{
-                 {"personal", false}, {"workgroup", true}, // where the mark is the one way in
+                 {"personal", false}, {"workgroup", true}, // the mark is its only entry
              }) {
             const InRow row(this, what);
             m_program->New(m_file, isShared);
-            AddAlarms({MakeAlarm("1999/3/17", "9:00", "only")}); // as an older planner has it
+            AddAlarms({MakeAlarm("1999/3/17", "9:00", "only")}); // as older planners store it
             m_program->Trigger(isShared ? "mnuRefresh" : "mnuSave");
             m_program->Click(20);
             if (isShared) m_program->Trigger("mnuLockDay");
@@ -326,7 +325,7 @@ private Q_SLOTS:
                 m_program->Activate();
             }
             QCOMPARE(In<PictureButton>(*m_program->form, "picLock").Visible(0), isShared);
-            QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock sees that the table is empty
+            QVERIFY(g_rsAlarm.BOF() && g_rsAlarm.EOF_()); // the clock knows that the table is empty
             AddAlarms({MakeAlarm("1999/3/17", "11:00", "new")});
             QVERIFY(!g_rsAlarm.EOF_());
         }

@@ -6,13 +6,13 @@
 #include <QTest>
 #include <QTime>
 
-// Times of alarms, without windows.
+// Times of alarms.
 class AlarmRulesTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    // Each minute as the toolkit writes it in both ways.
+    // Every minute, in both formats of the toolkit.
     void aWholeDay()
     {
         for (int minute = 0; minute < 24 * 60; ++minute) {

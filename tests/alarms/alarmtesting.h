@@ -1,4 +1,4 @@
-// A planner with alarms, and short ways to the alarm windows.
+// A planner with alarms, and helpers for the alarm windows.
 #pragma once
 
 #include "alarms/alarmeventform.h"
@@ -24,7 +24,7 @@ inline void AddAlarms(const QList<Alarm>& alarms)
         subAddAlarmRecord(g_rsAlarm, alarm);
 }
 
-// What the table holds, by its index, each alarm in one line.
+// The alarms in index order, one line each.
 inline QStringList StoredAlarms()
 {
     QStringList lines;
@@ -38,7 +38,7 @@ inline QStringList StoredAlarms()
     return lines;
 }
 
-// Types into a box from its first place.
+// Types into a box from its start.
 inline void TypeAt(QWidget& window, const char* box, const QString& text)
 {
     auto& mask = In<MaskEdBox>(window, box);

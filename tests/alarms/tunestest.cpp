@@ -44,7 +44,7 @@ private Q_SLOTS:
         SetContent(Media("Flute.mid"), MidiNote(84));
         const Recording recording;
         QCOMPARE(PlayTune(u"Long Wave.WAV"_s), QString());
-        for (int time = 0; time < 2; ++time) { // the second time it is open already
+        for (int time = 0; time < 2; ++time) { // the second time the device is already open
             QCOMPARE(PlayTune(u"Flute.mid"_s), QString());
             QVERIFY(Tone(recording.Hear(1), 1046.5) > 0.02);
         }
@@ -54,7 +54,7 @@ private Q_SLOTS:
         QVERIFY(Tone(heard, 440) > 0.4 && Tone(heard, 1046.5) < 0.002);
     }
 
-    // Only the name counts. Waves that do not play are silence.
+    // The name alone decides. A wave that cannot be played is silence.
     void WhatIsNoTuneIsTold()
     {
         for (const char* name : {"damaged.mid", "damaged.wav"})
@@ -69,7 +69,7 @@ private Q_SLOTS:
             QCOMPARE(PlayTune(tune), mciGetErrorStringA(sound::NotMidi));
         for (const QString& tune : {u"missing.wav"_s, u"damaged.wav"_s, u"../outside.wav"_s})
             QCOMPARE(PlayTune(tune), QString());
-        QVERIFY(!recording.IsOpen()); // nothing went to the device
+        QVERIFY(!recording.IsOpen());
     }
 };
 

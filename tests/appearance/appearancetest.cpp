@@ -14,7 +14,7 @@ class AppearanceTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    // Presses the sample and answers the font dialog, then leaves the dialog by the key.
+    // Presses the sample, answers the font dialog and closes the dialog with the key.
     void Customize(const char* entry, const QString& sample, std::function<void(QFontDialog&)> choose,
                    Qt::Key key = Qt::Key_Return)
     {
@@ -25,7 +25,7 @@ class AppearanceTest : public QObject
         });
     }
 
-    // Of a section of PLANNER.INI, "SIZE=12 BOLD=1": FONT stands before each key.
+    // Expected keys as "SIZE=12 BOLD=1", without their prefix FONT.
     static void CheckIni(const char* section, const char* expected)
     {
         for (const QByteArray& setting : QByteArray(expected).split(' ')) {
@@ -54,10 +54,10 @@ private Q_SLOTS:
             QVERIFY(font.bold() && font.pointSize() == 12); // the dialog's own default, not the grid's
             font.setPointSize(14);
             font.setBold(false);
-            font.setStyleName(QString()); // which would say the contrary
+            font.setStyleName(QString()); // the style name would contradict
             fonts.setCurrentFont(font);
         });
-        CheckIni("DAILY PANEL", "SIZE=14 BOLD=0 NAME=Arial COLOR=&H0& 3D=2"); // the font installed or not
+        CheckIni("DAILY PANEL", "SIZE=14 BOLD=0 NAME=Arial COLOR=&H0& 3D=2"); // whether or not the font is installed
         CheckIni("MEMO PANEL", "SIZE=12");
         CheckIni("PASTDATE PANEL", "STRIKETHRU=-1");
         QCOMPARE(m_program->Panel(25).CaptionFont().pointSize(), 14);
@@ -94,7 +94,8 @@ private Q_SLOTS:
         CheckIni("WEEKPASTDATE", "STRIKETHRU=0");
     }
 
-    // One sample stands for all headings. A double click changes one, with flags written another way.
+    // One sample stands for all headings. A double click changes a single heading, which writes its flags in another
+    // form.
     void HeadingsAndTheTitleFollowAtOnce()
     {
         Customize("mnuMonToSun", u"lblAllDay"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 11); });
@@ -128,7 +129,7 @@ private Q_SLOTS:
         m_program->Type(20, u"x"_s);
         CheckFont(20, 14, true);
         QCOMPARE(m_program->Box(20).SelColor(), std::optional(0x800000u));
-        m_program->Click(21); // which keeps its own
+        m_program->Click(21); // this day keeps its own font
         CheckFont(21, 8, false);
     }
 };

@@ -4,7 +4,7 @@
 #include "settingsfile.h"
 #include "testmain.h"
 
-// Where the four parts of the window lie, and what a person may do about it.
+// The places of the window's four parts, and how the person changes them.
 class LayoutTest : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class LayoutTest : public QObject
     QWidget& Client() const { return m_program->Find<QWidget>("client"); }
     SSPanel& Heading() const { return m_program->Find<SSPanel>("lblDayOfWeek(0)"); }
 
-    // Every part stands where the bars leave room for it, and they fill the client area.
+    // The parts lie where the bars leave room, and fill the client area.
     void CheckRectangles() const
     {
         const QRect client = Client().rect();

@@ -2,7 +2,7 @@
 #include "settingsfile.h"
 #include "testmain.h"
 
-// The month as it stands on the screen, on 17 March 1999 (a month that starts on Monday with 31 days).
+// The month on the screen, on 17 March 1999 (a month of 31 days that starts on Monday).
 class MonthViewTest : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ private Q_SLOTS:
         QVERIFY(!m_program->Panel(30).CaptionFont().strikeOut()); // a memo is never past
         for (int i = 0; i < 2; ++i)
             m_program->Trigger("mnuPrevMonth");
-        QVERIFY(m_program->Panel(m_program->CellOf(31)).CaptionFont().strikeOut()); // of the year before
+        QVERIFY(m_program->Panel(m_program->CellOf(31)).CaptionFont().strikeOut()); // a day of last year
         for (int i = 0; i < 4; ++i)
             m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
@@ -53,11 +53,11 @@ private Q_SLOTS:
         for (int i = 0; i < 9; ++i)
             m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Bottom().Caption(), u"JANUARY 2000"_s);
-        QCOMPARE(m_program->CellOf(30), 1); // it starts on Saturday: two days wrap to the first row
+        QCOMPARE(m_program->CellOf(30), 1); // the month starts on Saturday, so two days wrap to the first row
         QCOMPARE(m_program->Panel(1).Tag, QString());
         for (int i = 0; i < 2; ++i)
             m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Panel(m_program->CellOf(17)).ForeColor(), 0u); // of another year's March
+        QCOMPARE(m_program->Panel(m_program->CellOf(17)).ForeColor(), 0u); // March of another year
     }
 
     void TodayIsFoundInAWrappedCell()
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(!m_program->Panel(17).CaptionFont().strikeOut());
     }
 
-    // The view of a day has no cells in this window, and one that there is not is the month's.
+    // The day view has no cells in the main window. Any unknown view is the month's.
     void TheViewOfTheStartIsTheSettings()
     {
         for (const char* view : {"1", "2", "7"}) {

@@ -21,7 +21,7 @@ private Q_SLOTS:
         SeenBox seen;
         m_program->New(u"notes.mdb"_s);
         m_program->Click(20);
-        QTest::keyClick(&m_program->Box(20), Qt::Key_W, Qt::ControlModifier); // with the caret in a cell
+        QTest::keyClick(&m_program->Box(20), Qt::Key_W, Qt::ControlModifier);
         QVERIFY(m_program->Panel(36).isVisible());
         QVERIFY(Picture("picWeek").Visible(1) && Picture("picMonth").Visible(0));
         QVERIFY(m_program->Entry("mnuNextWeek").isEnabled() && !m_program->Entry("mnuNextMonth").isEnabled());
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(seen.Text, u"You are currently in Week View"_s);
         QCOMPARE(seen.Title, u"Week View"_s);
         QCOMPARE(g_iCurrentPanel, std::int16_t{1});
-        // That cell is none of this view: what is formatted is what is typed into.
+        // The current cell is not in this view, so the command formats the cell with the caret.
         m_program->Activate();
         m_program->Click(40);
         g_iCurrentPanel = 1;
@@ -51,15 +51,15 @@ private Q_SLOTS:
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuNextMonth");
-        // It names the current cell, not the locked one.
+        // The message names the current cell, not the locked one.
         QCOMPARE(seen.Text, u"Mar 19, 1999 is locked, please unlock first."_s);
         QCOMPARE(seen.Icon, QMessageBox::Warning);
-        g_iCurrentPanel = 40; // as the pressed week's picture leaves it: none of this view
+        g_iCurrentPanel = 40; // as the sidebar's week picture leaves it, not in this view
         AnswerNextBox(msgbox::Ok, &seen);
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(seen.Text, u"Mar 21, 1999 is locked, please unlock first."_s);
         Mark(22, false);
-        Mark(40, true); // not loaded: nothing can be said
+        Mark(40, true); // not loaded, so there is no date to name
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(Month(), QPoint(1999, 3));
         g_iCurrentPanel = 0;
@@ -89,7 +89,7 @@ private Q_SLOTS:
         desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(0, 0, 10)));
         m_program->Trigger("mnuNextMonth");
         tick();
-        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // without a planner too
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // also without a planner
         m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"typed late"_s);
         m_program->Trigger("mnuNextMonth");
@@ -103,15 +103,15 @@ private Q_SLOTS:
         QCOMPARE(g_iDay, std::int16_t{18});
         QCOMPARE(m_program->Panel(19).ForeColor(), 0x0000FFu);
         QVERIFY(m_program->Panel(18).CaptionFont().strikeOut());
-        QVERIFY(!m_program->Box(20).hasFocus() && !m_program->Panel(20).IsActive()); // it has become another day
+        QVERIFY(!m_program->Box(20).hasFocus() && !m_program->Panel(20).IsActive()); // the cell now shows another day
         QCOMPARE(m_program->Box(20).Text(), u"typed late"_s);
         QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/4/16"_s).contains("in April"));
         m_program->Type(20, u"still "_s);
-        tick(); // twice in its minute: the second does not disturb the typing
+        tick(); // the second tick of the minute does not disturb the typing
         QTest::keyClicks(&m_program->Box(20), u"here "_s);
         QVERIFY(m_program->Box(20).hasFocus());
         QVERIFY(m_program->Box(20).Text().contains(u"still here "_s));
-        // A machine that has slept over midnight; later in the same day nothing turns.
+        // A machine that slept over midnight. Later on the same day nothing turns.
         desktopclock::SetForTests(QDateTime(QDate(1999, 4, 2), QTime(7, 30)));
         for (const int month : {4, 5}) {
             tick();

@@ -6,8 +6,8 @@
 namespace {
 const QString Planner = u"notes.mdb"_s;
 
-// The whole calendar as rows of seven captions, worked out from QDate alone: each month stands by itself, and what
-// does not belong to it is a memo, counted from its start.
+// The whole calendar as rows of seven captions, computed with QDate alone. Each month stands by itself. Its other cells
+// are memos, counted from its start.
 struct Row
 {
     int year, month;
@@ -85,7 +85,7 @@ private Q_SLOTS:
         g_iYear = 2000;
         g_iMonth = 2;
         g_iDay = 28;
-        m_program->Entry("mnuViewSBVisible").trigger(); // lays out and draws the week of the selected day
+        m_program->Entry("mnuViewSBVisible").trigger();
         QCOMPARE(m_program->Panel(38).Caption(), u"Memo3"_s);
     }
 
@@ -98,11 +98,11 @@ private Q_SLOTS:
         QVERIFY(!m_program->Box(18).isVisible());
         QCOMPARE(m_program->Box(39).Text(), u"choir"_s);
         m_program->Type(40, u"dentist"_s);
-        QCOMPARE(g_iDay, std::int16_t{17}); // a click in the week selects no day
+        QCOMPARE(g_iDay, std::int16_t{17}); // a click in the week view selects no day
         m_program->Trigger("mnuNextWeek");
         QCOMPARE(m_program->Box(39).Text(), QString());
         m_program->Type(36, u"sunday"_s);
-        // A new size draws the week of the selected day again, with its own notes.
+        // Resizing draws the week of the selected day again, with its own notes.
         m_program->form->resize(900, 650);
         QTRY_COMPARE(m_program->Panel(36).Caption(), u" 14"_s);
         QCOMPARE(m_program->Box(39).Text(), u"choir"_s);

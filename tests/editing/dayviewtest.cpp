@@ -7,7 +7,7 @@
 
 #include <QGroupBox>
 
-// The day view over the real window; today is 17 March 1999, which stands in cell 18.
+// The day view over the real window; today is 17 March 1999, in cell 18.
 class DayViewTest : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ private Q_SLOTS:
         m_program->Type(18, u"tea"_s);
         OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
             QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 17, 1999"_s);
-            QCOMPARE(form.size(), QSize(411, 311)); // until it was closed at another size
+            QCOMPARE(form.size(), QSize(411, 311)); // the initial size
             QVERIFY(ScratchExists());
             QVERIFY(m_program->Find<PictureButton>("picDay").Visible(1));
             form.move(60, 50);
@@ -80,14 +80,14 @@ private Q_SLOTS:
             for (const char* undone : {"never kept", "kept"}) {
                 if (!cancels) QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
                 if (!cancels) QCOMPARE(box.Text(), QString::fromLatin1(undone));
-                QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // the offer is over
+                QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s); // no undo is offered any more
             }
             QCOMPARE(Ini("Zoombox", "Left"), u"none"_s);
             QVERIFY(StoredAfterSave(u"1999/3/17"_s).contains("kept"));
         }
     }
 
-    // Whoever closes a window by its title expects what was written to be there.
+    // The close box keeps the text: a person who closes a window by its title expects that.
     void theCloseBoxKeepsTheText()
     {
         m_program->New(m_file);
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QVERIFY(StoredAfterSave(u"1999/3/Memo2"_s).contains("roses"));
     }
 
-    // The four styles of the initial font are the cell's alone.
+    // The styles of the initial font apply in the cell only.
     void anEmptyDayBeginsInTheInitialFont()
     {
         SetIni("DEFAULT FONTS", "BOLD", "1");
@@ -120,7 +120,7 @@ private Q_SLOTS:
         });
     }
 
-    // The clock turns the calendar to today behind the window; the text must not come to stand under another date.
+    // The clock moves the calendar to today behind the window; the text must not end under another date.
     void midnightBehindTheWindow()
     {
         m_program->New(m_file);
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QVERIFY(StoredAfterSave(u"1999/3/17"_s).isNull());
     }
 
-    // A day whose note could not be read takes no text in its cell, and none by way of the day view.
+    // A day whose note could not be read takes no text, neither in its cell nor in the day view.
     void aDayThatIsNotReadIsRefused()
     {
         const FailingStores failing;
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QCOMPARE(seen.Text, u"This day cannot be opened, since its note could not be read."_s);
     }
 
-    // Commands act on the day that was open, not on the one where the caret had been.
+    // Commands act on the opened day, not on the day that had the caret before.
     void theOpenedDayIsTheCurrentOne()
     {
         m_program->New(m_file);
@@ -164,7 +164,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuNextWeek");
         m_program->Find<QWidget>("tabSidebar").setFocus();
         InDayView([](ZoomBoxForm& form) {
-            QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 21, 1999"_s); // the first that is shown
+            QCOMPARE(Heading(form), u"Zoom View/Edit For MARCH 21, 1999"_s); // the first day of the week
             Press(form, "btnCancel");
         });
     }

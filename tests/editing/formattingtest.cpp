@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The commands that change the look of the current note, on the real window.
+// The commands that format the current note, on the real window.
 class FormattingTest : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,6 @@ class FormattingTest : public QObject
 
     ORLCombo& Combo(const char* name) { return m_program->Find<ORLCombo>(name); }
 
-    // The entry with this text, by the keyboard.
     void Choose(const char* name, const QString& text)
     {
         ORLCombo& combo = Combo(name);
@@ -73,7 +72,8 @@ private Q_SLOTS:
             QVERIFY(!*on(box) && button.Value() == 0);
             QTest::mouseClick(&button, Qt::LeftButton);
             QVERIFY(*on(box) && button.Value() == 1);
-            Select(box, 0, 13); // half of it: the bar follows, and the command makes it uniform but stays grey
+            Select(box, 0,
+                   13); // a half bold selection: the button shows it, and the command makes it uniform but stays grey
             QVERIFY(!on(box) && button.MixedState());
             QTest::keyClick(&box, Qt::Key(letter), Qt::ControlModifier);
             QVERIFY(*on(box) && button.MixedState());
@@ -93,15 +93,15 @@ private Q_SLOTS:
         Select(box, 4, 3);
         QCOMPARE(Combo("orlcmbFontsize").Text(), u"8"_s);
         QCOMPARE(Combo("orlcmbFontcolor").Text(), u"Black"_s);
-        Select(box, 0, 7); // two colours leave the colour blank, two sizes leave the size as it was
+        Select(box, 0, 7); // two colours blank the colour box, two sizes leave the size box unchanged
         QCOMPARE(Combo("orlcmbFontcolor").ListIndex(), ORLCombo::BlankColor);
         QCOMPARE(Combo("orlcmbFontsize").Text(), u"8"_s);
         Select(box, 0, 3);
         box.SetSelColor(0x123456);
-        Select(box, 0, 2); // a colour that has no name leaves what the box showed
+        Select(box, 0, 2); // a colour without a name leaves the box unchanged
         QCOMPARE(Combo("orlcmbFontcolor").Text(), u"Fuschia"_s);
         Combo("orlcmbFontcolor").setFocus();
-        QTest::keyClick(&Combo("orlcmbFontcolor"), Qt::Key_End); // the blank entry changes nothing
+        QTest::keyClick(&Combo("orlcmbFontcolor"), Qt::Key_End); // the blank entry
         QCOMPARE(box.SelColor(), 0x123456u);
         const QString family = Combo("orlcmbFontname").List(1);
         Choose("orlcmbFontname", family);
@@ -115,12 +115,12 @@ private Q_SLOTS:
         box.insertPlainText(QString(40, u'\n'));
         Select(box, 40, 3);
         const QScrollBar& bar = *box.verticalScrollBar();
-        Combo("orlcmbFontsize").setFocus(); // whose commands act on what is selected
+        Combo("orlcmbFontsize").setFocus(); // its commands act on the selection
         QVERIFY(box.SelLength() == 3 && bar.value() > 0);
         m_program->Click(20);
         QVERIFY(box.SelLength() == 0 && bar.value() == 0 && !m_program->Panel(18).IsActive());
         box.setFocus(Qt::TabFocusReason);
-        QVERIFY(box.SelStart() == 43 && bar.value() > 0); // the caret is where it was
+        QVERIFY(box.SelStart() == 43 && bar.value() > 0);
     }
 
     void paragraphsAreJustified()
@@ -134,7 +134,7 @@ private Q_SLOTS:
         }
     }
 
-    // Name and size are the whole note's, colour and styles the selection's.
+    // The name and size change the whole note, the colour and styles the selection.
     void theFontDialogChangesTheNote()
     {
         RichTextBox& box = Write(u"plain and more"_s);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         });
         QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(WaitingAnswers(), 0);
-        QCOMPARE(box.SelLength(), 5); // and not the whole note
+        QCOMPARE(box.SelLength(), 5); // not the whole note
         QVERIFY(*box.SelUnderline() && Button("underline").Value() == 1 && Button("bold").Value() == 0);
         Select(box, 8, 4);
         QCOMPARE(box.SelFontName(), u"Liberation Serif"_s);
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QVERIFY(!*box.SelUnderline());
     }
 
-    // A cancelled dialog gives back what it was filled with, and that is applied.
+    // A cancelled dialog returns its initial values, and they are applied.
     void cancelEvensAMixedSelectionOut()
     {
         RichTextBox& box = Write(u"onetwo"_s);
@@ -170,24 +170,24 @@ private Q_SLOTS:
         QCOMPARE(box.SelBold(), false);
         QCOMPARE(box.SelFontName(), u"Arial"_s);
         QCOMPARE(box.SelFontSize(), 8.0);
-        QCOMPARE(box.SelColor(), 0u); // a mixed underline opens the dialog in black
+        QCOMPARE(box.SelColor(), 0u); // a mixed underline opens the dialog with black
         Select(box, 0, 3);
         box.SetSelColor(0xFF0000);
         Select(box, 0, 6);
         AnswerFontDialog(nullptr);
         m_program->Trigger("mnuColorSizeFontsR");
         QVERIFY(m_program->Log().contains(":Invalid use of Null in MainForm, mnuColorSizeFonts_Click"));
-        QCOMPARE(box.SelColor(), 0u); // as the dialog was left by its last use
+        QCOMPARE(box.SelColor(), 0u); // the colour that the dialog had at the end of its last use
         Select(box, 0, 3);
         box.SetSelFontSize(20);
         Select(box, 0, 6);
         AnswerFontDialog(nullptr);
         m_program->Trigger("mnuColorSizeFonts");
         QVERIFY(m_program->Log().contains(":Invalid property value in MainForm, mnuColorSizeFonts_Click"));
-        QVERIFY(!box.SelFontSize()); // no size is no size that a font could have
+        QVERIFY(!box.SelFontSize()); // an unknown size is not a size for a font
     }
 
-    // Return is the dialog's Ok wherever the caret stands, and takes back as one step.
+    // Return presses the dialog's Ok from any control, and the change is one step of undo.
     void theFontDialogIsOneStepOfUndo()
     {
         RichTextBox& box = Write(u"one step"_s);
@@ -210,7 +210,7 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), u"one step"_s);
     }
 
-    // Also the one that is only stood in for, and under its own name.
+    // The list includes a font that is substituted, under its own name.
     void theFontDialogOffersTheFontsOfTheBar()
     {
         RichTextBox& box = Write(u"x"_s);
@@ -226,7 +226,7 @@ private Q_SLOTS:
         QCOMPARE(box.SelFontName(), u"Arial"_s);
     }
 
-    // In a mixed selection the dialog begins with some value; choosing just that one is a choice too.
+    // For a mixed selection the dialog starts with some value; choosing just that value counts too.
     void theValueThatIsShownCanBeChosen()
     {
         RichTextBox& box = Write(u"onetwo"_s);
@@ -280,7 +280,7 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box(20).Text(), u"carry "_s);
     }
 
-    // In a workgroup's planner nothing may change before the day is locked; copying and justifying may go on.
+    // In a workgroup's planner nothing may change before the day is locked, except by copying and justifying.
     void theGuardOfAWorkgroup()
     {
         m_program->New(u"team.mdb"_s, true);
@@ -297,7 +297,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuCenterJustify");
         QCOMPARE(box.textCursor().blockFormat().alignment(), Qt::AlignHCenter);
         AnswerNextBox(msgbox::Ok, &seen);
-        Choose("orlcmbFontsize", u"6"_s); // the message, and the value all the same
+        Choose("orlcmbFontsize", u"6"_s); // shows the message and changes the size all the same
         QCOMPARE(WaitingAnswers(), 0);
         QCOMPARE(box.SelFontSize(), 6.0);
     }

@@ -19,7 +19,7 @@ void MakeIcon(const QString& path, QColor color)
 
 } // namespace
 
-// The strip of pictures on the real window. Two pictures come with the program: a blue and a red one.
+// The strip of pictures on the real window. The program comes with two pictures, a blue one and a red one.
 class PictureBarTest : public QObject
 {
     Q_OBJECT
@@ -75,12 +75,12 @@ private Q_SLOTS:
 
     void thePicturesStandInTheStrip()
     {
-        QCOMPARE(Content(), QString()); // nobody has looked yet
+        QCOMPARE(Content(), QString()); // the tab was never shown
         ShowPictures();
         QCOMPARE(Content(), Picture + u"   "_s + Picture + u"   "_s);
         const QRect first = Strip().cursorRect(QTextCursor(Strip().document()));
         QCOMPARE(Strip().viewport()->grab().toImage().pixelColor(first.center() + QPoint(16, 0)), QColor(Qt::blue));
-        // The folder is the person's from now on.
+        // From now on the folder belongs to the person.
         QVERIFY(Icons().remove(u"A-blue.ico"_s));
         Reload();
         QCOMPARE(Content(), Picture + u"   "_s);
@@ -110,7 +110,7 @@ private Q_SLOTS:
         DropFiles({m_program->folders.Path(u"b-red.ico"_s)});
         QCOMPARE(seen.Text, u"File Exists!\nPlease select another Icon(*.ico) file."_s);
         DropFiles({m_program->folders.Path(u"new.ICO"_s), u"/nowhere/second.ico"_s});
-        QCOMPARE(Content().count(Picture), 2); // until it is loaded again
+        QCOMPARE(Content().count(Picture), 2); // until the next reload
         Reload();
         QCOMPARE(Content().count(Picture), 3);
         const QString damaged = m_program->folders.Path(u"damaged.ico"_s);
@@ -137,7 +137,8 @@ private Q_SLOTS:
             QCOMPARE(seen.Text, u"Please select one picture at a time."_s);
             QVERIFY(data.formats().isEmpty());
         }
-        QTest::mouseClick(Strip().viewport(), Qt::LeftButton, {}, QPoint(10, 10)); // selects what is under it
+        QTest::mouseClick(Strip().viewport(), Qt::LeftButton, {},
+                          QPoint(10, 10)); // selects the picture under the mouse
         QCOMPARE(Strip().SelLength(), 1);
         QMimeData data;
         QPixmap cursor;

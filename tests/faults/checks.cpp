@@ -31,7 +31,6 @@ void AddRow(Recordset records, const TableDef& table, int number)
     records.Update();
 }
 
-// Each row of the table in words.
 QStringList RowsOf(Recordset records, const TableDef& table)
 {
     QStringList rows;
@@ -51,7 +50,7 @@ void MakePlanner(const QString& path)
         planner.Append(table);
     WriteTransaction all(planner);
     Recordset notes = schema::OpenNotes(planner);
-    for (int day = 1; day < 2 * OldNotes; day += 2) // every other one
+    for (int day = 1; day < 2 * OldNotes; day += 2)
         Write(notes, u"1999/3/%1"_s.arg(day), OldNote(day));
     for (int row = 0; row < OldRows; ++row) {
         AddRow(schema::OpenAlarms(planner), schema::AlarmsTable(), row);
@@ -70,7 +69,7 @@ QString InLook(const char* key)
     return GetPrivateProfileStringA(u"Days"_s, QString::fromLatin1(key), {}, 20, u"PLANNER.INI"_s);
 }
 
-// All that a scene finds, by its place; made once.
+// The files that every scene starts with, by their names; made once.
 const QMap<QString, QByteArray>& Template()
 {
     static QMap<QString, QByteArray> s_files;
@@ -89,7 +88,7 @@ const QMap<QString, QByteArray>& Template()
     return s_files;
 }
 
-// What the notes are found by; the notes themselves stay whole.
+// Damages the index of the notes and no note.
 void SpoilIndex(const QString& planner)
 {
     const QByteArray page = Ask(planner, "SELECT rootpage FROM sqlite_master WHERE type = 'index'")[0][0];
@@ -104,7 +103,7 @@ QString JournalFolder()
     return folders::ApplicationDirectory() + u"/journal"_s;
 }
 
-// As a run left it that was killed.
+// As a killed run leaves it.
 void LeaveJournal(const QString& planner)
 {
     UnsavedNotes notes;
@@ -177,7 +176,7 @@ void Left::CheckPlanner()
     QVERIFY2(ErrorOf([&] { ReadPlanner(); }, &said) == 0, qPrintable(said));
     for (int day = 1; day < 2 * OldNotes; day += 2) {
         QByteArray note = m_notes.value(u"1999/3/%1"_s.arg(day));
-        note.replace(TypedOnThird, ""); // in the middle of the old one
+        note.replace(TypedOnThird, ""); // inserted into the old note
         QVERIFY2(note.contains("old note " + QByteArray::number(day)), note);
     }
     QCOMPARE(m_alarms.size(), OldRows);
@@ -187,7 +186,7 @@ void Left::CheckPlanner()
     }
 }
 
-// What a full disk would not take, from before it was journalled to the end of the program, is nobody's.
+// Text may be lost if the disk stays full from before the journal has it to the end of the program.
 void Left::CheckTyped() const
 {
     const bool lasts = m_answer.fault == Fault::FullFromHere || m_answer.fault == Fault::BadFromHere;
@@ -202,7 +201,7 @@ void Left::CheckTyped() const
     }
 }
 
-// A run that ended has written the days before the one where it did, and none behind it.
+// A killed run has written all days before the kill and none after.
 void Left::CheckRecurrence() const
 {
     int written = 0;
@@ -225,7 +224,7 @@ void Left::CheckBackUp() const
     if (IsDone()) QCOMPARE(copies, 1);
 }
 
-// What broke off is taken up by the next repair.
+// The next repair finishes an interrupted one.
 void Left::CheckRepair() const
 {
     DBEngine::RepairReport second;
@@ -233,7 +232,7 @@ void Left::CheckRepair() const
     QVERIFY2(!IsDone() || second.KeptAs.isEmpty(), "said to be repaired");
 }
 
-// Whole under its name, or under another beside the new one.
+// The old planner is whole, under its own name or under another beside the new planner.
 void Left::CheckConvert() const
 {
     const QByteArray sample = Content(QStringLiteral(SAMPLE));
@@ -296,7 +295,7 @@ void Check(const Scene& scene, const QString& root, const Answer& answer)
     folders::SetRootForTests(root);
     const auto back = qScopeGuard([] { folders::SetRootForTests({}); });
     Left left(scene, root, answer);
-    if (QByteArrayView(scene.name) == "repair") left.CheckScene(); // makes it a planner again
+    if (QByteArrayView(scene.name) == "repair") left.CheckScene(); // also repairs the planner
     left.CheckPlanner();
     left.CheckTyped();
     left.CheckScene();

@@ -1,4 +1,4 @@
-// What must hold of the files that a child left, however it ended.
+// Checks the files that a child process left, however it ended.
 #pragma once
 
 #include "faultycalls.h"
@@ -7,13 +7,13 @@
 struct Answer
 {
     faultycalls::Fault fault;
-    bool isKept = false; // it has said so
+    bool isKept = false; // the child printed Keeps
     int calls = 0;
-    QString text; // empty where the child was ended
+    QString text; // empty if the child was killed
 };
 
-// The planner, an older one and the settings, all made beforehand, for a scene to begin with.
+// Copies the planner, an older one and the settings of the scene's start.
 void Prepare(const Scene& scene, const QString& root);
 
-// As a failed test where something is lost.
+// Fails the test if something is lost.
 void Check(const Scene& scene, const QString& root, const Answer& answer);

@@ -6,16 +6,16 @@
 
 #include <csignal>
 
-// Each step of the program that changes files, with a fault at every one of its calls that do: the process is killed,
-// the power is cut, the disk is full or bad, once or from there on. Whatever comes, the planner opens, each committed
-// note is there, what was typed is somewhere, and a step that says that it is done has done it.
+// Runs each step of the program that changes files, with a fault at every one of its calls that change a file. The
+// process is killed, the power is cut, or the disk is full or bad, once or from then on. In each case the planner
+// opens, every committed note is there, typed text is kept somewhere, and a step that reports success has succeeded.
 //
-// A run by ctest takes some of the calls; ORRELIN_FAULTS=all takes every one.
+// A run by ctest tests some of the calls; ORRELIN_FAULTS=all tests every one.
 
 namespace {
 using faultycalls::Fault;
 
-constexpr int AtOnce = 4; // children, most of which wait for the journal
+constexpr int AtOnce = 4; // children; most of them wait for the journal
 
 bool TakesAll()
 {
@@ -30,10 +30,10 @@ int RunChild(const QStringList& words)
     const int calls = faultycalls::Disarm();
     std::printf("%d\n%s\n", calls, answer.toUtf8().constData());
     std::fflush(stdout);
-    ::_exit(0); // as it is: what the ends of objects would do is not looked at
+    ::_exit(0); // skips the destructors, which are not tested here
 }
 
-// A child in a folder of its own.
+// A child process with its own folder.
 class Run
 {
 public:
@@ -50,7 +50,7 @@ public:
                    {QString::number(scene), m_folder.path(), QString::number(int(fault)), QString::number(at)});
     }
 
-    // Waits for its end and looks at what is left.
+    // Waits for the child's end and checks its files.
     Answer Finish()
     {
         Answer answer{m_fault, false, 0, {}};
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    // It ends by itself with an answer, or by the fault that ends it, never by a crash.
+    // The child ends with an answer or by its fault, never by a crash.
     void Hear(Answer& answer)
     {
         QVERIFY2(m_child.waitForFinished(120000), "it hangs");
@@ -87,7 +87,7 @@ class FaultSuite : public QObject
 {
     Q_OBJECT
 
-    QMap<int, int> m_calls; // of each scene without a fault
+    QMap<int, int> m_calls; // for each scene, counted without a fault
     int m_faults = 0;
 
     int CallsOf(int scene)

@@ -25,7 +25,7 @@ void End()
     ::raise(SIGKILL);
 }
 
-// The error that the call is to have, 0 for none.
+// The errno for this call, 0 for none.
 int Due(bool canBeFull)
 {
     if (!g_isArmed) return 0;
@@ -91,7 +91,7 @@ int Rename(const char* from, const char* to, unsigned int flags)
     return result;
 }
 
-// Where it only opens what is there no file changes.
+// Only making or emptying a file counts as a change.
 int Open(const char* path, int flags, mode_t mode)
 {
     struct stat status = {};
@@ -179,7 +179,7 @@ int open64(const char* path, int flags, ...)
     va_end(rest);
     return file;
 }
-// The way in which a file without a name gets one.
+// Gives a name to a file made without one.
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept
 {
     const int result = int(Call(Due(true), SYS_linkat, fromFolder, from, toFolder, to, flags));
@@ -190,7 +190,7 @@ int rename(const char* from, const char* to) noexcept
 {
     return Rename(from, to, 0);
 }
-// All paths of the program's are whole ones.
+// The program's paths are all absolute.
 int renameat2(int, const char* from, int, const char* to, unsigned int flags) noexcept
 {
     return Rename(from, to, flags);

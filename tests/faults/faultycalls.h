@@ -1,6 +1,5 @@
-// The system's calls by which files change stand between this program and the system: the nth of them can fail, or be
-// the last thing that the program ever does. Linked into a test program, its libraries included, instead of the C
-// library's.
+// Wrappers around the system calls that change files. The nth call can fail, or be the last one of the program. Test
+// programs link them instead of the C library's, for their libraries too.
 #pragma once
 
 #include <string>
@@ -10,11 +9,11 @@ enum class Fault
 {
     None,
     Kill,            // before the call
-    PowerCut,        // likewise, and what was not synced is gone
-    PowerCutOnBytes, // likewise, but all names are as they were last
-    DiskFull,        // this one time
-    BadDisk,         // an I/O error, this one time
-    FullFromHere,    // half of what this call writes has room yet
+    PowerCut,        // before the call; unsynced changes are lost
+    PowerCutOnBytes, // before the call; unsynced bytes are lost, but names are not
+    DiskFull,        // this call only
+    BadDisk,         // an I/O error, this call only
+    FullFromHere,    // writes half of this call's bytes
     BadFromHere
 };
 
@@ -23,7 +22,7 @@ inline bool Ends(Fault fault)
     return fault == Fault::Kill || fault == Fault::PowerCut || fault == Fault::PowerCutOnBytes;
 }
 
-void Watch(const std::string& folder); // what a power cut takes counts from here; see powercut.h
-void Arm(Fault fault, int at);         // the count of calls begins
-int Disarm();                          // how many calls there were since; no more faults
+void Watch(const std::string& folder); // a power cut loses changes from here on; see powercut.h
+void Arm(Fault fault, int at);         // starts counting calls
+int Disarm();                          // returns the number of calls and ends the faults
 } // namespace faultycalls

@@ -11,18 +11,18 @@
 #include <unistd.h>
 #include <vector>
 
-// All calls here go past those of faultycalls.h.
+// All calls in this file bypass the wrappers of faultycalls.h.
 namespace {
 using FileId = std::pair<dev_t, ino_t>;
 
 struct Change
 {
-    FileId of; // the file, or the folder of the name
+    FileId of; // the file, or the folder of a name
     bool isName;
     std::function<void()> Undo;
 };
 
-std::string g_folder; // empty while nobody watches
+std::string g_folder; // empty if nothing is watched
 std::vector<Change> g_changes;
 int g_kept = 0;
 
@@ -48,7 +48,7 @@ void Rename(const std::string& from, const std::string& to)
     ::syscall(SYS_renameat2, AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), 0);
 }
 
-// A descriptor of our own, so that none of the program's locks depends on it. It is never closed: that could end them.
+// A separate descriptor, so that it does not affect the program's locks. It stays open: closing it could release them.
 int OwnDescriptor(int file, const FileId& id)
 {
     static std::map<FileId, int> s_own;

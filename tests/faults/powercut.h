@@ -1,6 +1,5 @@
-// What a power cut would leave of a program's files: what was written and not synced is gone, and so are names that
-// were made, moved or removed in a folder that was not synced since. Each change is kept with the way back from it
-// until a sync makes it last.
+// Simulates a power cut. It loses unsynced bytes, and names made, moved or removed in a folder that was not synced
+// since. Each change is recorded with its undo until a sync.
 #pragma once
 
 #include <sys/types.h>
@@ -8,22 +7,23 @@
 #include <string>
 
 namespace powercut {
-void Watch(const std::string& folder); // from now on; a folder `cut` in it keeps what loses its name
+void Watch(const std::string& folder); // from now on; files that lose their name are kept in its folder `cut`
 
-// Before the change is made. A truncation is one of all that is behind.
+// Before the change. A truncation changes all bytes behind its point.
 void Write(int file, off_t at, size_t size);
 void Truncate(int file, off_t size);
 void Truncate(const char* path);
-std::string Keep(const char* path); // what is to lose this name, under another one; empty if there is none
+std::string Keep(const char* path); // links the file that loses this name under another name, which it returns; empty
+                                    // if there is no file
 
-// After it.
+// After the change.
 void Made(const char* path);
 void Moved(const char* from, const char* to, const std::string& kept);
 void Removed(const char* path, const std::string& kept);
-void Synced(int file); // or folder
+void Synced(int file); // a file or a folder
 
-void Lose(int file); // what could not be synced is gone: later syncs do not know of it
+void Lose(int file); // forgets what could not be synced: later syncs do not save it
 
-// The bytes alone, as on a file system that writes names at once, or the names too.
+// Loses the bytes only, as on a file system that writes names at once, or the names too.
 void Cut(bool names);
 } // namespace powercut

@@ -33,8 +33,8 @@ void Press(const QMessageBox& box, std::initializer_list<QMessageBox::StandardBu
         if (box.button(button)) return box.button(button)->click();
 }
 
-// Somebody who gives up nothing: first lets the program keep the notes as files; when that fails too, makes room on the
-// disk and has it try again.
+// Answers as a careful person. First has the program keep the notes as files. If that fails too, makes room on the disk
+// and has it try again.
 void AnswerBoxes(QStringList& said)
 {
     auto* timer = new QTimer(qApp);
@@ -50,7 +50,7 @@ void AnswerBoxes(QStringList& said)
     timer->start(5);
 }
 
-// The main window over the stage's planner, and somebody in front of it.
+// The main window over the stage's planner, and a person using it.
 class Session : public Program
 {
 public:
@@ -72,7 +72,7 @@ public:
         Type(CellOf(3), QString::fromLatin1(TypedOnThird));
         Type(CellOf(4), QString::fromLatin1(TypedOnFourth));
     }
-    // Until the journal has what was typed, or says that it cannot have it.
+    // Waits until the journal has the typed text, or an error is logged.
     bool AwaitJournal() const
     {
         const QString journal = ::folders::ApplicationDirectory() + u"/journal/1.notes"_s;
@@ -93,7 +93,7 @@ private:
     const Stage& m_stage;
 };
 
-// Ends without a save where the journal could be written.
+// Ends without a save once the journal is written.
 QString JournalIt(const Stage& stage)
 {
     const Session session(stage);
@@ -153,7 +153,7 @@ QString DayView(const Stage& stage)
     return session.End();
 }
 
-// What a run before has left is put into the planner.
+// Recovers what an earlier run left.
 QString Recover(const Stage& stage)
 {
     SayKept();
@@ -200,10 +200,10 @@ QString BackUp(const Stage& stage)
     return u"not copied"_s;
 }
 
-// As Compact does it, whatever kind of file that is.
+// As Compact does for any kind of file.
 QString CompactFile(const Stage& stage, const QString& name)
 {
-    folders::SetRootForTests(stage.root); // where the reader is
+    folders::SetRootForTests(stage.root); // the reader lies there
     const QString file = stage.Path(name), scratch = stage.Path(u"/dummy.mdb"_s);
     const std::vector<TableDef> tables = schema::AllTables();
     stage.Begin();

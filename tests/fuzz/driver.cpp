@@ -1,7 +1,7 @@
-// Feeds a fuzz target where there is no libFuzzer: every file of the corpus, each cut at every byte, then so many
-// changed ones. The input at which the target ends is left as a file.
+// Runs a fuzz target without libFuzzer: every file of the corpus, each cut at every byte, then so many changed inputs.
+// If an input fails, keeps it as a file.
 //   NAME FOLDER [RUNS [SEED]]    words.txt in the folder holds the words of the language, one a line
-//   NAME FILE                    this input alone, as after a failure
+//   NAME FILE                    runs this input alone
 #include "files.h"
 #include "fuzz/fuzztarget.h"
 #include "fuzz/mutator.h"
@@ -21,7 +21,7 @@ namespace {
 
 constexpr unsigned SecondsForInput = 20;
 constexpr const char* FailedInput = "fuzz-input";
-std::string g_input; // the one that is being tried, for the handlers below
+std::string g_input; // the current input, for the signal handlers
 
 void KeepInput()
 {
@@ -29,7 +29,7 @@ void KeepInput()
     std::fprintf(stderr, "The input is in %s.\n", std::filesystem::absolute(FailedInput).c_str());
 }
 
-// Nothing goes on after the signal, so that a routine which a handler should not call does no harm.
+// The process ends after the signal, so calling a routine that is unsafe in a handler does no harm.
 void KeepInputAndDie(int number)
 {
     KeepInput();
@@ -57,7 +57,7 @@ std::string ReadFile(const QString& path)
     return Content(path).toStdString();
 }
 
-// In the order of their names, since the folder's own order differs from disk to disk.
+// Sorted by name, since the folder's own order depends on the disk.
 std::vector<std::string> ReadCorpus(const QDir& folder)
 {
     std::vector<std::string> corpus;

@@ -1,4 +1,4 @@
-// What a fuzz target is: the routines that libFuzzer and our own driver call, and how it tells of a broken rule.
+// A fuzz target: the routines that libFuzzer and our own driver call, and the report of a broken rule.
 #pragma once
 
 #include <cstddef>
@@ -6,10 +6,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Called once, before any input, where a target has it.
+// Optional; called once before any input.
 extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) __attribute__((weak));
 
-// Ends the program where the input breaks a rule.
+// Ends the program if the input breaks a rule.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 inline void Require(bool holds, const char* rule)

@@ -1,5 +1,5 @@
-// Any bytes at all as a file of settings: nothing may crash or hang, a value that is set is read back, and all that was
-// there stays. The entry is the one that libFuzzer calls.
+// Any bytes as a settings file: nothing crashes or hangs, a set value is read back, and all other bytes stay.
+// libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
 #include "platform/profile/inifile.h"
 

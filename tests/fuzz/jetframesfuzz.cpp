@@ -1,5 +1,5 @@
-// Any bytes at all as what a reader of old planners sends: nothing may crash, hang or grow out of bounds, and only the
-// error that says so may come. The entry is the one that libFuzzer calls.
+// Any bytes as the output of the reader of old planners: nothing crashes, hangs or grows out of bounds, and only the
+// documented error is raised. libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jetframes.h"

@@ -1,12 +1,12 @@
-// Any bytes at all as a journal of unsaved notes: nothing may crash or hang, and what is taken is what was written. The
-// entry is the one that libFuzzer calls.
+// Any bytes as a journal of unsaved notes: nothing crashes or hangs, and accepted notes are exactly those written.
+// libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
 #include "notes/journalfile.h"
 
 #include <QCryptographicHash>
 
 namespace {
-// A changed journal has no right sum, and would be refused before anything of it is looked at.
+// Without the right checksum, a changed journal would be refused before it is parsed.
 QByteArray WithRightSum(const QByteArray& content)
 {
     return "Orrelin journal 1\n" + QCryptographicHash::hash(content, QCryptographicHash::Sha256) + content;

@@ -1,6 +1,5 @@
-// Any bytes at all as a link to a planner on a server: nothing may crash or hang, nothing but what a link may say
-// reaches the client library, and an address that is taken is written as one that means the same. The entry is the one
-// that libFuzzer calls.
+// Any bytes as a link to a planner on a server: nothing crashes or hangs, the client library gets only settings that a
+// link may contain, and an accepted address is written with the same meaning. libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/plannerlink.h"
@@ -13,7 +12,7 @@
 #include <set>
 
 namespace {
-// As the library itself takes the connection string apart.
+// Parses the connection string as the client library does.
 void HoldsWhatItMay(const std::string& connection)
 {
     static const std::set<std::string> allowed = {"host", "port", "user", "dbname", "sslmode", "sslrootcert"};

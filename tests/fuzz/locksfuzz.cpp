@@ -1,6 +1,5 @@
-// Any bytes at all as the file of locks beside a planner, while somebody has it open: nothing may crash or hang, a name
-// that is told is short and of one line, and records are locked and given back as ever. The entry is the one that
-// libFuzzer calls.
+// Any bytes as the lock file of an open planner: nothing crashes or hangs, reported names are short and of one line,
+// and locks still work. libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
 #include "platform/engine/sqlite/sessiontable.h"
 #include "platform/runtime/runtimeerror.h"

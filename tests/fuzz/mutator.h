@@ -1,4 +1,4 @@
-// Inputs made of other inputs, always the same ones for the same seed. Knows only the standard library.
+// Makes inputs from other inputs, always the same for the same seed. Uses only the standard library.
 #pragma once
 
 #include <algorithm>
@@ -11,8 +11,8 @@
 class Mutator
 {
 public:
-    // The corpus must hold something and outlive the mutator. The words are what the language is made of: half the
-    // changes put one in, so that they are not all mere other letters.
+    // The corpus must not be empty and must outlive the mutator. Half of the changes insert one of the words, so that
+    // inputs resemble the language.
     Mutator(const std::vector<std::string>& corpus, const std::vector<std::string>& words, std::uint32_t seed)
         : m_corpus(corpus), m_words(words), m_random(seed)
     {
@@ -55,7 +55,7 @@ private:
         input.erase(Below(input.size()), Below(most));
     }
 
-    // A few times, or so often that depth and counts reach their limits.
+    // A few times, or often enough to reach the limits of depth and counts.
     void RepeatPart(std::string& input)
     {
         const std::string part = input.substr(Below(input.size()), 1 + Below(60));

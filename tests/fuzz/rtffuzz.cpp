@@ -1,5 +1,5 @@
-// Any bytes at all as rich text: nothing may crash, hang or grow out of bounds, and what was read once is written and
-// read again unchanged. The entry is the one that libFuzzer calls.
+// Any bytes as rich text: nothing crashes, hangs or grows out of bounds, and a note that was read is written and read
+// again unchanged. libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
@@ -10,8 +10,8 @@
 
 namespace {
 
-// What is read and written grows with the input and no faster. The dearest input there is: signs beyond 16 bits, a byte
-// each, and a paragraph with all of its tabs told again and again.
+// Output grows at most in proportion to the input. The worst inputs are characters beyond 16 bits, a byte each, and a
+// paragraph that repeats all of its tabs.
 constexpr qsizetype SomeBytes = 4096;
 constexpr qsizetype LettersForByte = 2;
 constexpr qsizetype BytesForByte = 256;
@@ -31,7 +31,7 @@ void ReadsWhatItWrites(QByteArrayView rtf)
 void IsTakenBackInOneStep(QByteArrayView rtf)
 {
     QTextDocument document;
-    document.setPlainText(u"in"_s); // which no undo takes back
+    document.setPlainText(u"in"_s); // not undoable
     QTextCursor cursor(&document);
     cursor.setPosition(1);
     InsertRtf(rtf, cursor);

@@ -4,8 +4,8 @@
 #include "testmain.h"
 #include "workgroupprogram.h"
 
-// Two users of one planner: the program, which is in March 1999, and a recordset of another connection. The 17th stands
-// in cell 18.
+// Two users of one planner: the program, which shows March 1999, and a recordset of another connection. The 17th is in
+// cell 18.
 class DayLockTest : public QObject
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QVERIFY(ShowsFree());
         SeenBox seen;
         m_program->Click(18);
-        AnswerNextBox(msgbox::Ok, &seen); // no key before the lock
+        AnswerNextBox(msgbox::Ok, &seen); // no typing before the lock
         QTest::keyClick(&Box(), Qt::Key_X);
         QVERIFY(seen.Text.startsWith(u"Please lock current day in order to edit a shared database."_s));
         LockAndType(u"meeting"_s);
@@ -63,11 +63,11 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"meeting"_s);
         QVERIFY(!OtherIsRefused());
         m_program->Click(18);
-        m_program->Trigger("mnuNextMonth"); // another day stands where the caret is
+        m_program->Trigger("mnuNextMonth"); // the caret's cell now shows another day
         QVERIFY(m_program->PressLockAndHear().startsWith(u"Please select"_s));
     }
 
-    // What stands in the file at this instant takes the place of what the screen showed.
+    // Locking replaces the shown text by what the file holds now.
     void lockingShowsWhatOthersHaveWritten()
     {
         OtherWrites("theirs");
@@ -83,7 +83,7 @@ private Q_SLOTS:
         for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
             seen = {};
             AnswerNextBox(msgbox::Ok, &seen);
-            m_program->ExpectNoBox(); // but this one
+            m_program->ExpectNoBox(); // only this one
             QTest::mouseClick(m_program->Box(20).viewport(), button, {}, QPoint(20, 8));
             QTRY_COMPARE(seen.Text, u"Mar 17, 1999 is locked(Edit Mode), please unlock first."_s);
             QTRY_COMPARE(m_program->form->focusWidget(), &Box());
@@ -98,7 +98,7 @@ private Q_SLOTS:
             QCOMPARE(m_program->form->focusWidget(), &Box());
         }
         AnswerNextBox(msgbox::Ok, &seen);
-        Q_EMIT m_program->Panel(20).DblClick(); // the day view of another day would take the lock away
+        Q_EMIT m_program->Panel(20).DblClick(); // opening the day view of another day would move the lock
         QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);
         QVERIFY(ShowsLocked() && OtherIsRefused());
         QCOMPARE(Box().Text(), u"kept"_s);
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"kept"_s);
     }
 
-    // The ways out that nothing closes commit first.
+    // Ways to leave the day without closing anything commit first.
     void otherWaysOutCommit()
     {
         for (const auto& [what, entry] : Rows<QString>{{"this month", u"mnuThisMonth"_s},
@@ -116,7 +116,7 @@ private Q_SLOTS:
             const InRow row(this, what);
             LockAndType(u"on the way"_s);
             if (entry == u"mnuNew") {
-                AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // which is there
+                AnswerNextFileDialog(m_program->folders.Path(m_program->File)); // an existing file
                 AnswerNextBox(msgbox::No);
             }
             if (entry.isEmpty()) {
@@ -136,16 +136,16 @@ private Q_SLOTS:
     {
         SetIni("Network Options", "AutoUnLock", "1");
         LockAndType(u"idle"_s);
-        QCOMPARE(g_lUnlockDelay, 300); // nobody has opened the new planner and read it before
+        QCOMPARE(g_lUnlockDelay, 300); // the default
         g_lUnlockDelay = 3;
         g_lUnlockTicks = 1;
-        QTest::keyClicks(&Box(), u"!"_s); // a sign of life
+        QTest::keyClicks(&Box(), u"!"_s); // resets the idle counter
         QCOMPARE(g_lUnlockTicks, 0);
         for (int second = 0; second < 2; ++second)
             m_program->Tick("tmUnLock");
         QTRY_COMPARE(g_lUnlockTicks, 2);
         QVERIFY(ShowsLocked());
-        QWidget other; // nobody looks at the calendar
+        QWidget other; // the calendar is not the active window
         other.show();
         Activate(other);
         m_program->Tick("tmUnLock");
@@ -154,7 +154,7 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"idle!"_s);
     }
 
-    // Opened on a day that is locked by hand, the day view gives the lock back with the text, or leaves it.
+    // On a day locked by hand, the day view releases the lock with Ok and keeps it with Cancel.
     void theDayViewOfALockedDay()
     {
         LockAndType(u"by hand"_s);
@@ -185,13 +185,13 @@ private Q_SLOTS:
             QCOMPARE(Stored(), u"agreed"_s);
         }
         m_other.Seek(schema::Equal, m_program->Key);
-        m_other.Edit(); // now the other has it
+        m_other.Edit(); // now the other user has the lock
         QVERIFY(m_program->Said("mnuDayView").Text.contains(u"currently locked by"_s));
         QVERIFY(ShowsFree());
         m_other.CancelUpdate();
     }
 
-    // It opens on what this screen knows of the day.
+    // The day view starts with the text that this screen shows.
     void theDayViewKeepsWhatOthersWrote()
     {
         for (const auto& [what, typed, stored] :
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(Box().Text(), u"first"_s);
         QVERIFY(refresh.Visible(0));
         m_program->ExpectNoBox();
-        m_program->Trigger("mnuLockDay"); // the day with the caret
+        m_program->Trigger("mnuLockDay"); // locks the day with the caret
         QVERIFY(ShowsLocked());
         PressLock();
         DropAnswers();
@@ -230,7 +230,7 @@ private Q_SLOTS:
             QTest::qWait(1);
             QCOMPARE(Box().Text(), QString::fromLatin1(text));
         }
-        // A lock makes it skip its turn.
+        // During a lock the refresh skips its turn.
         LockAndType(u"!"_s);
         g_lRefreshTicks = 2;
         m_program->Tick("tmAutoRefresh");
@@ -238,7 +238,7 @@ private Q_SLOTS:
         QCOMPARE(Box().Text(), u"second!"_s);
     }
 
-    // A full disk at the commit: the day stays locked with its text, and the next try stores it.
+    // The commit fails on a full disk. The day stays locked with its text, and the next try stores it.
     void whatCannotBeStoredStays()
     {
         const FailingStores failing;
@@ -247,7 +247,7 @@ private Q_SLOTS:
         *failing.plan = {1, FailurePlan::Before, {3026, u"Disk full"_s}, u"Replace"_s};
         QCOMPARE(m_program->Said("mnuWeekView").Text, u"Disk full"_s);
         QVERIFY(ShowsLocked());
-        QVERIFY(!Box().isHidden()); // the month has not gone
+        QVERIFY(!Box().isHidden()); // the view has not changed
         QCOMPARE(Box().Text(), u"not lost"_s);
         PressLock();
         QVERIFY(ShowsFree());

@@ -3,7 +3,7 @@
 #include "program.h"
 #include "testmain.h"
 
-// What becomes of notes when the store fails at any call.
+// Notes when the store fails at any call.
 class FaultsTest : public QObject
 {
     Q_OBJECT
@@ -54,13 +54,13 @@ private Q_SLOTS:
                 const QString text = u"note%1"_s.arg(at);
                 Replace(20, text);
                 Replace(21, text);
-                m_program->Click(22); // entered, and so written again
+                m_program->Click(22); // entering the cell makes the save write it again
                 Fail(FailurePlan::When(when), at, number);
                 m_program->Trigger("mnuNextMonth");
                 m_program->Trigger("mnuPrevMonth");
                 calls = when == FailurePlan::ForEver ? qMax(calls, 120) : m_failing->plan->calls;
                 Fail(FailurePlan::Before, 0, 0);
-                m_program->Trigger("mnuSave"); // what was left over goes with the next save
+                m_program->Trigger("mnuSave"); // the next save writes what failed
                 QVERIFY2(Stored("1999/3/19").contains(text.toLatin1()), qPrintable(text));
                 QVERIFY2(Stored("1999/3/20").contains(text.toLatin1()), qPrintable(text));
                 QVERIFY2(Stored("1999/3/21").contains("untouched"), qPrintable(text));
@@ -84,7 +84,7 @@ private Q_SLOTS:
         Fail(FailurePlan::Before, 0, 0);
         m_program->Trigger("mnuSave");
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
-        // The exit tells of it instead of losing it.
+        // The exit reports the error instead of losing the note.
         m_program->Type(20, u"!"_s);
         Fail(FailurePlan::ForEver, 1, 3026, u"Commit"_s);
         SeenBox seen;
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QVERIFY(Content(RescueFolder() + u"/notes 1999-3-19.rtf"_s).contains("shelved"));
     }
 
-    // By the session or a signal, while a question waits that nobody can answer any more.
+    // The session or a signal ends the program while a question is open that nobody can answer any more.
     void AnEndBehindTheQuestionIsTheEnd()
     {
         StartWithFailingStore();

@@ -1,5 +1,5 @@
-// What a day's lock survives: timers behind other windows, the day view, openings that come to nothing, full disks. At
-// the end each day holds what was typed under its lock, or what it held before, and never another day's text.
+// A day's lock during timers behind other windows, the day view, failed openings and full disks. At the end each day
+// holds the text typed under its lock, or its old text, and never another day's.
 #include "editing/zoomboxform.h"
 #include "failingstore.h"
 #include "platform/desktop/folders.h"
@@ -31,7 +31,7 @@ class HeldRecordTest : public QObject
         desktopclock::SetForTests(QDateTime(day, QTime(0, 0, 10)));
         m_program->Tick("tmMidnightRefresh");
     }
-    // Opens the day view on the current day, types into it and does the rest there.
+    // Opens the day view on the current day, types into it and runs the rest in it.
     void InDayView(const QString& typed, const std::function<void(ZoomBoxForm&)>& rest) const
     {
         m_program->InWindow<ZoomBoxForm>("mnuDayView", [&](ZoomBoxForm& form) {
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"old and mine"_s);
     }
 
-    // An opening gives up what was typed under a lock; the day itself must not be emptied.
+    // Opening another planner drops what was typed under a lock; it must not empty the day itself.
     void theIdleTimerBehindAnOpeningEmptiesNothing()
     {
         m_program->LockAndType(QString());
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(PlainText(m_program->Stored(m_second, m_program->Key)), u"x"_s);
     }
 
-    // The day view's text could not be stored while another month was shown.
+    // Storing the day view's text failed while another month was shown.
     void aNoteThatWaitsIsWhatTheLockShows()
     {
         m_program->Click(WorkgroupProgram::Cell);
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"mine old and newer"_s);
     }
 
-    // The session ends while the window is open: nobody is there to be asked.
+    // The session ends while the window is open, so there is nobody to ask.
     void anExitInTheDayViewKeepsWhatItCannotStore()
     {
         for (const auto& [what, fails] :
@@ -202,12 +202,12 @@ private Q_SLOTS:
             m_program->Trigger("mnuDayView");
             DropAnswers();
             const QByteArray kept = Content(folders::ApplicationDirectory() + u"/journal/1.notes"_s);
-            QCOMPARE(kept.contains("mine"), fails == FailurePlan::ForEver); // for the next opening
+            QCOMPARE(kept.contains("mine"), fails == FailurePlan::ForEver); // to be offered at the next opening
             QVERIFY(fails == FailurePlan::ForEver || Stored() == u"mine old"_s);
         }
     }
 
-    // A box that was unlocked before still takes keys; what nobody would store must not be taken.
+    // A box that was unlocked before still takes keys. It must refuse text that would not be stored.
     void nothingIsTypedBesideTheLockedDay()
     {
         const int before = m_program->CellOf(10);

@@ -11,8 +11,8 @@
 
 #include <QListWidget>
 
-// What becomes of typing that no planner holds yet when the power is cut: the files as they are at some moment are put
-// back after the program has ended, and it starts again.
+// Typing that no planner holds yet, after a power cut: restores the files as they were at some moment after the program
+// has ended, then starts it again.
 class JournalTest : public QObject
 {
     Q_OBJECT
@@ -42,12 +42,12 @@ class JournalTest : public QObject
         m_program->Exit();
         ResetPlannerStateForTests();
         for (const QString& name : QDir(Folder()).entryList({u"*.notes"_s}))
-            QFile::remove(Folder() + u'/' + name); // as the exit has left it
+            QFile::remove(Folder() + u'/' + name); // files that the exit left
         for (auto file = m_atTheCut.cbegin(); file != m_atTheCut.cend(); ++file)
             SetContent(file.key(), file.value());
         m_program->Start();
     }
-    // Opens the planner; answers are those to what is asked after that.
+    // Opens the planner, then queues the answers to what follows.
     void OpenWith(bool shared, const std::function<void()>& answers) const
     {
         AnswerNextFileDialog(m_program->folders.Path(m_program->File));
@@ -60,7 +60,7 @@ class JournalTest : public QObject
     {
         OpenWith(shared, [&] { OnNextModal<RecoveryForm>(answer); });
     }
-    // Types into the day, in its cell or in the day view, until the journal has it.
+    // Types into the day, in its cell or in the day view, until the journal has the text.
     void TypeUntilTheCut(bool shared, bool inDayView)
     {
         m_program->Click(WorkgroupProgram::Cell);
@@ -141,7 +141,7 @@ private Q_SLOTS:
             failing.reset();
             if (leaving == u"exit") {
                 m_program->Exit();
-                QCOMPARE(QDir(Folder()).entryList({u"*.notes"_s}).size(), 1); // and none of the run itself
+                QCOMPARE(QDir(Folder()).entryList({u"*.notes"_s}).size(), 1); // only the old run's journal
                 m_program->Start();
             }
             if (leaving == u"other") m_program->Open(other);
@@ -210,7 +210,7 @@ private Q_SLOTS:
         QVERIFY(Journalled().isEmpty());
     }
 
-    // The cut came between the commit and the removal of the journal.
+    // The power cut came after the commit, before the journal was removed.
     void WhatWasSavedAfterAllIsNotOffered()
     {
         StartTyping(false);
@@ -222,7 +222,7 @@ private Q_SLOTS:
         QVERIFY(Journalled().isEmpty());
     }
 
-    // Nobody is there to be asked, and the disk takes nothing but what it has.
+    // There is nobody to ask, and the disk is full.
     void AnEndWithoutAScreenKeepsTheJournalOfALockedDay()
     {
         const FailingStores failing;
@@ -272,7 +272,7 @@ private Q_SLOTS:
         }
     }
 
-    // The window of the start would cover the question, and no alarm come up behind it.
+    // The start window would cover the question. No alarm may open behind it.
     void AtTheStartItIsOfferedBehindIt()
     {
         StartTyping(false);
@@ -298,7 +298,7 @@ private Q_SLOTS:
         m_program->Type(WorkgroupProgram::Cell, u"new"_s);
         const QString told = u" - What you type cannot be kept aside: "_s;
         QTRY_VERIFY(m_program->Bottom().Caption().contains(told));
-        // A turn does not make it untrue, the save that succeeds does.
+        // Turning a page does not clear the message, a successful save does.
         *failing.plan = {1, FailurePlan::ForEver, {3026, u"Disk full"_s}, {}};
         m_program->Trigger("mnuNextMonth");
         QVERIFY(m_program->Bottom().Caption().contains(told));

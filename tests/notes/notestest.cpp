@@ -43,7 +43,7 @@ private Q_SLOTS:
         Select(m_program->Box(18), 6, 5);
         QCOMPARE(m_program->Box(18).SelBold(), std::optional(true));
         QCOMPARE(m_program->form->windowTitle().section(u'/', -1), u"notes.mdb"_s);
-        // Seven cells of the week were never loaded; the exit asks them all the same.
+        // The exit saves all cells, including seven of the week that were never loaded.
         QCOMPARE(m_program->Log(), QByteArray());
     }
 
@@ -53,7 +53,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuNextMonth");
         QCOMPARE(m_program->Box(20).Text(), QString());
         QVERIFY(Stored("1999/3/19").contains("train 8:12"));
-        // The caret still stands in the cell, which is another day's now.
+        // The caret is still in the cell, which now shows another day.
         QTest::keyClicks(&m_program->Box(20), u"in April"_s);
         m_program->Trigger("mnuPrevMonth");
         QCOMPARE(m_program->Box(20).Text(), u"train 8:12"_s);
@@ -80,7 +80,7 @@ private Q_SLOTS:
         m_program->Click(20);
         Press(Qt::Key_End);
         Press(Qt::Key_Backspace);
-        m_program->Click(21); // entered and left empty
+        m_program->Click(21); // stays empty
         m_program->Trigger("mnuSave");
         QVERIFY(Stored("1999/3/19").isNull());
         QVERIFY(Stored("1999/3/20").isNull());
@@ -93,7 +93,7 @@ private Q_SLOTS:
                  {"foreign", "{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\f0\\fs30 old {\\*\\unknown x}note\\par}"},
                  {"shows nothing", "{\\rtf1{\\*\\unknown x}}"}}) {
             const InRow row(this, what);
-            // Another program; this one has a planner just made open, so not for itself alone.
+            // Another program's connection. A new planner is open shared.
             Recordset other = schema::OpenNotes(DBEngine::OpenDatabase(g_sNotesFile));
             Write(other, u"1999/3/19"_s, stored);
             m_program->Trigger("mnuSave");
@@ -102,7 +102,7 @@ private Q_SLOTS:
             QCOMPARE(Stored("1999/3/19"), stored);
             m_program->Trigger("mnuPrevMonth");
             m_program->Click(20);
-            Write(other, u"1999/3/19"_s, "newer"); // meanwhile
+            Write(other, u"1999/3/19"_s, "newer"); // while this program has the day on screen
             m_program->Trigger("mnuSave");
             QCOMPARE(m_program->Box(20).Text(), u"newer"_s);
         }
@@ -116,7 +116,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuSave");
         QCOMPARE(box.SelStart(), 4);
         QCOMPARE(g_iCurrentPanel, std::int16_t{0});
-        m_program->Trigger("mnuBold"); // the caret tells which cell is meant
+        m_program->Trigger("mnuBold"); // the caret decides which cell is meant
         QCOMPARE(g_iCurrentPanel, std::int16_t{20});
         QCOMPARE(box.SelBold(), std::optional(true));
         QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
@@ -141,7 +141,7 @@ private Q_SLOTS:
     {
         m_program->Type(20, u"abc"_s);
         m_program->Entry("mnuColorSizeFonts").setEnabled(false);
-        Press(Qt::Key_A, Qt::ControlModifier); // and the box must not take it for its own
+        Press(Qt::Key_A, Qt::ControlModifier); // the box must not handle the key itself
         QCOMPARE(m_program->Box(20).SelLength(), 0);
         Press(Qt::Key_Home, Qt::ShiftModifier);
         Press(Qt::Key_X, Qt::ControlModifier);

@@ -7,7 +7,7 @@
 #include <QMimeDatabase>
 #include <QTemporaryDir>
 
-// What a desktop takes a file for that knows our types beside all the usual ones.
+// The type of our files on a desktop that knows our types and all the usual ones.
 class FileTypeTest : public QObject
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ private Q_SLOTS:
 };
 
 static const Runnable runFileTypeTest("FileTypeTest", [](int argc, char** argv) {
-    // One folder of types, as where the package puts ours.
+    // One folder of types, as after the package's installation.
     const QTemporaryDir data;
     const QString types = data.filePath(u"mime/packages/"_s);
     const QString usual = u"freedesktop.org.xml"_s, ours = u"org.orrelin.Orrelin.xml"_s;

@@ -6,7 +6,7 @@
 
 #include <QDirIterator>
 
-// The copies that are made before the first save of a day.
+// The copies made before the first save of a day.
 class BackupsTest : public QObject
 {
     Q_OBJECT
@@ -55,7 +55,7 @@ private Q_SLOTS:
         TypeAndSave(u"first"_s);
         TypeAndSave(u"second "_s);
         QCOMPARE(Days(), QStringList(u"notes 1999-03-17.mdb"_s));
-        QVERIFY(NoteIn(Copies().first()).isEmpty()); // as it was before
+        QVERIFY(NoteIn(Copies().first()).isEmpty()); // the state before the save
         SetDay(18);
         TypeAndSave(u"third "_s);
         QCOMPARE(Days().size(), 2);
@@ -68,7 +68,7 @@ private Q_SLOTS:
         SetDay(4);
         TypeAndSave(u"4"_s);
         const QString first = Copies().first();
-        // Made while the clock stood wrong, and a copy of the person's own.
+        // A copy made while the clock was wrong, and the person's own copy.
         const QString toCome = QString(first).replace(u"1999-03-04"_s, u"2027-01-01"_s);
         const QString own = QString(first).replace(u"1999-03-04"_s, u"a own"_s);
         QVERIFY(QFile::copy(first, toCome) && QFile::copy(first, own));
@@ -85,8 +85,7 @@ private Q_SLOTS:
         QCOMPARE(Days().size(), 11);
     }
 
-    // It is said once, by the first copy or the first look that meets the damage, and the copies of the days before
-    // stay.
+    // The first copy or read that finds the damage reports it, once. The copies of the days before stay.
     void ADamagedPlannerPushesOutNoSoundCopy()
     {
         for (const auto& [what, looks] : Rows<bool>{{"met by the copy", false}, {"met by a look", true}}) {

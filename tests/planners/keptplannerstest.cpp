@@ -4,14 +4,14 @@
 #include <QTextDocument>
 #include <QToolButton>
 
-// Planners of every kind as the first version left them: version 1 of the format has to open for ever.
+// Planners of every kind as the first version left them. Version 1 of the format must stay readable for ever.
 class KeptPlannersTest : public QObject
 {
     Q_OBJECT
 
     static constexpr int Dentist = 22, Meeting = 24, Choir = 29, Memo1 = 31;
 
-    // The program in the month of the notes, with the planner of this kind.
+    // Starts the program in the month of the notes, with a planner of this kind.
     static void Bring(WorkgroupProgram& program, const QString& kind)
     {
         desktopclock::SetForTests(QDateTime(QDate(2026, 11, 22), QTime(9, 30)));

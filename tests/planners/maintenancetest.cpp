@@ -2,7 +2,6 @@
 #include "program.h"
 #include "testmain.h"
 
-// Compact and Repair as a person runs them.
 class MaintenanceTest : public QObject
 {
     Q_OBJECT
@@ -11,19 +10,19 @@ class MaintenanceTest : public QObject
 
     QString Path() const { return m_program->folders.Path(u"notes.mdb"_s); }
 
-    // A planner with one long note and one short one, which no program has open.
+    // Makes a closed planner with one long and one short note.
     void MakePlanner()
     {
         m_program->Start();
         m_program->New(u"notes.mdb"_s);
         m_program->Type(20, u"short"_s);
         m_program->Click(21);
-        m_program->Box(21).insertPlainText(u"a long note "_s.repeated(300)); // whose keys would take a minute
+        m_program->Box(21).insertPlainText(u"a long note "_s.repeated(300)); // typing it would take a minute
         m_program->Exit();
         m_program->Start();
     }
 
-    // What is said where it cannot be opened.
+    // The message when the planner cannot be opened.
     QString OpenRefused()
     {
         SeenBox refused;
@@ -33,7 +32,7 @@ class MaintenanceTest : public QObject
         m_program->Trigger("mnuOpen");
         return refused.Text;
     }
-    // The second text of the box that says that it is done.
+    // The box's second text, after it reports success.
     QString MendAndHear(const char* entry, const QString& done)
     {
         QString second;
@@ -60,7 +59,8 @@ private Q_SLOTS:
     void init() { m_program = std::make_unique<Program>(); }
     void cleanup() { m_program.reset(); }
 
-    // It is closed for the work and open again in the same way, with what was typed in it; declined, nothing happens.
+    // The work closes the open planner, with its typed text, and opens it again in the same way. If declined, nothing
+    // happens.
     void TheOpenPlannerIsClosedForIt()
     {
         for (const auto& [what, entry, shared] : Rows<QByteArray, bool>{{"compact", "mnuCompact", false},
@@ -104,7 +104,7 @@ private Q_SLOTS:
             QCOMPARE(seen.Icon, QMessageBox::Critical);
             QCOMPARE(Content(Path()), before);
             QVERIFY(m_program->Log().contains(entry));
-            // After Open a Cancel is an error that is told.
+            // A Cancel after Open shows an error.
             m_program->Open(u"notes.mdb"_s, true);
             SeenBox cancelled;
             OnNextModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
@@ -114,7 +114,7 @@ private Q_SLOTS:
         }
     }
 
-    // What lies where Compact makes its copy.
+    // Files in the place of Compact's copy.
     void TheScratchFileIsNoHindrance()
     {
         for (const auto& [what, lies] : Rows<QByteArray>{{"left by a run that died", "left"},

@@ -6,7 +6,7 @@
 
 #include <QDirIterator>
 
-// New, Open, the recent list and the start-up planner, with every answer that their questions allow.
+// New, Open, the recent list and the start-up planner, with every answer to their questions.
 class OpeningTest : public QObject
 {
     Q_OBJECT
@@ -15,14 +15,14 @@ class OpeningTest : public QObject
 
     static QString Mru(int entry) { return Ini("MRU", qPrintable(u"MRU%1"_s.arg(entry))); }
 
-    // A planner with only some of its tables, closed again.
+    // Makes a closed planner with only some of the tables.
     void MakeOlder(const QString& name, const std::vector<TableDef>& tables = plannerTables)
     {
         Recordset notes = schema::OpenNotes(MakePlanner(m_program->folders.Path(name), tables));
         Write(notes, u"1999/3/17"_s, "{\\rtf1 kept}");
     }
 
-    // What the entry or the picture says instead of opening its window.
+    // The message of the entry or the picture that refuses to open its window.
     QString Refusal(const QByteArray& command)
     {
         SeenBox seen;
@@ -55,11 +55,11 @@ private Q_SLOTS:
             QVERIFY(records->BOF() && records->EOF_());
         QCOMPARE(g_rsQMT.Index(), u"qmtPrimaryKey"_s);
         QCOMPARE(m_program->form->windowTitle(), u"Orrelin for Windows 95/98/NT - "_s + g_sDBPath);
-        QCOMPARE(Mru(1), u"none"_s); // recent once it was opened
+        QCOMPARE(Mru(1), u"none"_s); // added when it is opened, not when made
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
     }
 
-    // A New that comes to nothing leaves the open planner's notes as they were, unsaved ones too.
+    // A failed New leaves the open planner's notes unchanged, unsaved ones too.
     void NewOverAnExistingFileAsksFirst()
     {
         for (const auto& [what, typed, answer] : Rows<QString, int>{{"no", u"other.mdb"_s, msgbox::No},
@@ -142,7 +142,7 @@ private Q_SLOTS:
 
     void AnOlderFileIsUpgraded()
     {
-        // Without an answer no question comes.
+        // answer 0: no question is expected
         for (const auto& [what, lacksAlarms, answer] : Rows<bool, int>{{"both missing, yes", true, msgbox::Yes},
                                                                        {"both missing, no", true, msgbox::No},
                                                                        {"recursions missing", false, 0}}) {
@@ -159,13 +159,13 @@ private Q_SLOTS:
             const bool upgraded = answer != msgbox::No;
             QDirIterator copies(folders::ApplicationDirectory() + u"/backups"_s, {u"*.mdb"_s}, QDir::Files,
                                 QDirIterator::Subdirectories);
-            QCOMPARE(copies.hasNext(), upgraded); // of the planner as it was
+            QCOMPARE(copies.hasNext(), upgraded); // the planner before the upgrade
             QVERIFY(!upgraded || MissesTable(copies.next()));
             QCOMPARE(g_dbPlanner.TableNames().size(), upgraded ? 3 : 1);
             QCOMPARE(g_rsRecurse.IsNothing(), !upgraded);
             QCOMPARE(m_program->form->windowTitle().endsWith(u"old.mdb"_s), upgraded);
             if (!upgraded) continue;
-            m_program->Open(u"old.mdb"_s); // asks no more
+            m_program->Open(u"old.mdb"_s); // no second question
             QCOMPARE(WaitingAnswers(), 0);
             QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
         }
@@ -206,7 +206,7 @@ private Q_SLOTS:
         QCOMPARE(list(), u"edcb"_s);
         QVERIFY(m_program->Entry("mnuMRU(3)").isVisible() && m_program->Entry("mnuMRUHyphen").isVisible());
         Program::AnswerOpenAs(false);
-        m_program->Trigger("mnuMRU(2)"); // c
+        m_program->Trigger("mnuMRU(2)"); // planner c
         QCOMPARE(list(), u"cedb"_s);
         QCOMPARE(m_program->Box(18).Text(), u"kept"_s);
         m_program->Open(u"c.mdb"_s);
@@ -214,7 +214,7 @@ private Q_SLOTS:
         SetIni("MRU", "MRU2", "");
         m_program->Open(u"c.mdb"_s);
         QVERIFY(m_program->Entry("mnuMRU(0)").isVisible());
-        QVERIFY(!m_program->Entry("mnuMRU(2)").isVisible()); // the first empty key ends the walk
+        QVERIFY(!m_program->Entry("mnuMRU(2)").isVisible()); // the list ends at the first empty key
     }
 
     void ALongerEntryThatBeginsWithThePathCountsAsTheSame()

@@ -4,8 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The open planner taken to a server and saved to a file again from the network options, with a day locked and typed
-// into at that moment.
+// Moves the open planner to a server and back into a file by the network options, with a day locked and edited.
 class ServerMoveTest : public QObject
 {
     Q_OBJECT
@@ -14,7 +13,7 @@ class ServerMoveTest : public QObject
     int m_count = 0;
     QString m_planner;
 
-    // Runs the steps in the open dialog and leaves it.
+    // Runs the steps in the dialog and closes it.
     void InOptions(const std::function<void(NetworkOptionForm&)>& steps)
     {
         m_program->InWindow<NetworkOptionForm>("mnuNetworkOptions", [=](NetworkOptionForm& form) {
@@ -25,7 +24,7 @@ class ServerMoveTest : public QObject
     static QPushButton& Button(const NetworkOptionForm& form, const char* name) { return In<QPushButton>(form, name); }
     static QLineEdit& Address(const NetworkOptionForm& form) { return In<QLineEdit>(form, "txtServer"); }
 
-    // Answers the question; what was said then, if the answer was Yes.
+    // Answers the question. Returns the message after a Yes.
     SeenBox Move(const QString& address, int answer = msgbox::Yes)
     {
         SeenBox seen;
@@ -89,7 +88,7 @@ private Q_SLOTS:
 
     void WhatCannotMoveStaysOpenAndWhole()
     {
-        // The address, where %1 is the planner; the hindrance; a part of what is said.
+        // %1 in an address stands for the planner's name. The part belongs to the expected message.
         const TestServer& server = TestServer::Get();
         const QString tcp = server.TcpUri(u"%1"_s);
         for (const auto& [what, address, hindrance, part] : Rows<QString, QByteArray, QString>{
@@ -119,7 +118,7 @@ private Q_SLOTS:
             desk.reset();
             QVERIFY2(seen.Text.contains(part), qPrintable(seen.Text));
             QVERIFY(HasPlanner());
-            QCOMPARE(m_program->ShowsLocked(), hindrance == "no"); // who thinks better of it goes on typing
+            QCOMPARE(m_program->ShowsLocked(), hindrance == "no"); // after No, the person goes on typing
             QCOMPARE(m_program->Box().Text(), u"typed"_s);
             if (hindrance == "no") m_program->PressLock();
             m_program->LockAndType(u" and more"_s);

@@ -1,4 +1,4 @@
-// Control arrays, timers and the pictures that the program carries in itself.
+// Control arrays, timers and the program's built-in pictures.
 #include "errorof.h"
 #include "platform/controls/controlarray.h"
 #include "platform/controls/resources.h"
@@ -33,14 +33,14 @@ private Q_SLOTS:
         QCOMPARE(ErrorOf([&] { buttons.Load(7); }), errors::AlreadyLoaded);
         buttons.Load(36).click();
         connect(&made, &QPushButton::clicked, this, [&] { buttons.Unload(7); });
-        made.click(); // which ends behind it
+        made.click(); // unloaded only after its own event
         QCOMPARE(clicked, QList<int>({36, 7}));
         QVERIFY(!buttons.Exists(7) && !window.findChild<QPushButton*>(u"btnTunes(7)"_s));
         QTRY_COMPARE(window.findChildren<QPushButton*>().size(), 1);
         buttons.Load(7);
     }
 
-    // As a message box does that an event opens: it waits for what only the next event brings.
+    // As when the event opens a message box, which waits for the next event.
     void timerTicksInsideItsOwnEvent()
     {
         Timer timer(5);
@@ -64,7 +64,7 @@ private Q_SLOTS:
         int ticks = 0;
         connect(&timer, &Timer::Tick, this, [&] { ++ticks; });
         QTest::qWait(10);
-        // Both are due at once, and the second is served while the tick of the first still waits in the queue.
+        // Both are due at once. The second runs while the tick of the first is still queued.
         QTimer other;
         connect(&other, &QTimer::timeout, this, [&] { timer.SetEnabled(false); });
         timer.SetEnabled(true);
@@ -75,7 +75,7 @@ private Q_SLOTS:
         QCOMPARE(ticks, 0);
     }
 
-    // When it is first painted: to read those of a whole window would cost start-up time.
+    // A picture is read at its first paint: reading those of a whole window would slow the start.
     void picturesAreReadLate()
     {
         InitResources();

@@ -12,7 +12,7 @@ namespace {
 const QString g_date = u"##/##/####"_s;
 const QString g_full = u"07/04/1999"_s;
 
-// Keys as a person presses them, one word a key: a character, or the name of a key.
+// Presses keys given as words: a character or the name of a key.
 void Press(MaskEdBox& box, const QString& keys)
 {
     static const QHash<QString, QKeySequence> named = {
@@ -60,7 +60,7 @@ private Q_SLOTS:
     void keys()
     {
         const QString none;
-        // keys: from the first place
+        // keys: typed from the start of the box
         const std::tuple<const char*, QString, QString, QString, int> rows[] = {
             {"digits alone", none, u"07041999"_s, g_full, 10},
             {"as written", none, u"07/04/1999"_s, g_full, 10},
@@ -124,7 +124,7 @@ private Q_SLOTS:
                 if (action->text().contains(u"Paste"_s)) action->trigger();
             QCOMPARE(m_box->Text(), after);
 
-            if (mask.isEmpty() || caret != 0) continue; // a drop moves the caret to where the mouse is
+            if (mask.isEmpty() || caret != 0) continue; // a drop moves the caret to the mouse
             m_box->SetText(before);
             Drop(clipboard);
             QCOMPARE(m_box->Text(), after);

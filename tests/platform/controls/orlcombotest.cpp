@@ -11,7 +11,7 @@
 #include <QWheelEvent>
 
 namespace {
-// The events of a box in the order in which they came, each with the text of that moment.
+// The events of a box in order, each with the text at its time.
 class Record : public QObject
 {
 public:
@@ -27,7 +27,8 @@ void ChooseByMouse(ORLCombo& combo, int row)
 {
     QTest::mouseClick(&combo, Qt::LeftButton, {}, combo.rect().center());
     QTRY_VERIFY(combo.view()->isVisible());
-    QTest::qWait(QApplication::doubleClickInterval() + 50); // a release this soon counts as that of the opening press
+    QTest::qWait(QApplication::doubleClickInterval() +
+                 50); // an earlier release would count as that of the opening press
     const auto index = combo.model()->index(row, 0);
     QTest::mouseClick(combo.view()->viewport(), Qt::LeftButton, {}, combo.view()->visualRect(index).center());
     QTRY_VERIFY(!combo.view()->isVisible());
@@ -56,7 +57,7 @@ private Q_SLOTS:
         ORLCombo sizes;
         sizes.FillFontSizes();
         sizes.SetListIndex(3);
-        QTest::keyClick(&sizes, Qt::Key_Delete); // a size cannot be taken away
+        QTest::keyClick(&sizes, Qt::Key_Delete); // sizes cannot be deleted
         QCOMPARE(sizes.ListIndex(), 3);
     }
 
@@ -123,10 +124,10 @@ private Q_SLOTS:
         const Record record(colors);
         ChooseByMouse(colors, 13);
         QCOMPARE(record.Events, QStringList({u"Click"_s, u"Fuschia"_s}));
-        // The box may show what the selection does not have, so the entry that it shows can be chosen.
+        // The shown entry can be chosen: the selection may have another colour.
         ChooseByMouse(colors, 13);
         QCOMPARE(record.Events.size(), 4);
-        // A list that is closed without a choice changes nothing.
+        // Closing the list without a choice changes nothing.
         QTest::mouseClick(&colors, Qt::LeftButton, {}, colors.rect().center());
         QTRY_VERIFY(colors.view()->isVisible());
         QTest::keyClick(colors.view(), Qt::Key_Escape);
@@ -134,7 +135,7 @@ private Q_SLOTS:
         QCOMPARE(record.Events.size(), 5);
         QTRY_COMPARE(QApplication::focusWidget(), &note);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_X);
-        QCOMPARE(note.toPlainText(), u"x"_s); // it is selected still
+        QCOMPARE(note.toPlainText(), u"x"_s); // the text was still selected
     }
 
     void KeysChoose()

@@ -11,7 +11,7 @@
 namespace {
 const QStringList g_pictures{u":/icons/week.svg"_s, u":/icons/week-pressed.svg"_s, u":/icons/left.svg"_s};
 
-// A button as the sidebar uses it, and the events that it raised.
+// A button as the sidebar uses it, and a record of its events.
 struct Sidebar : QWidget
 {
     Sidebar()
@@ -52,14 +52,14 @@ private Q_SLOTS:
         QCOMPARE(bar.Log(), u"down0 up0 click0"_s);
         QTest::mousePress(&bar.button, Qt::LeftButton);
         QTest::mouseMove(&bar.button, {-5, 5});
-        QCOMPARE(bar.Log(), u"down0"_s); // it is held wherever the mouse goes
+        QCOMPARE(bar.Log(), u"down0"_s); // stays pressed when the mouse leaves
         QTest::mouseRelease(&bar.button, Qt::LeftButton, {}, {-5, 5});
         QTest::mouseClick(&bar.button, Qt::RightButton);
         QCOMPARE(bar.Log(), u"up0"_s);
-        QTest::mouseDClick(&bar.button, Qt::LeftButton); // the second of two quick presses
+        QTest::mouseDClick(&bar.button, Qt::LeftButton); // as the second of two quick presses
         QTest::mouseRelease(&bar.button, Qt::LeftButton);
         QCOMPARE(bar.Log(), u"down0 up0 click0"_s);
-        QVERIFY(bar.cell.hasFocus()); // the caret stays in its cell
+        QVERIFY(bar.cell.hasFocus());
     }
 
     void swapUnderTheMouse()
@@ -67,7 +67,7 @@ private Q_SLOTS:
         Sidebar bar;
         connect(&bar.button, &PictureButton::MouseDown, this, [&] { bar.button.ShowElement(1); });
         connect(&bar.button, &PictureButton::MouseUp, this, [&] { bar.button.ShowElement(0); });
-        QTest::mousePress(bar.windowHandle(), Qt::LeftButton, {}, {40, 40}); // as the real mouse comes
+        QTest::mousePress(bar.windowHandle(), Qt::LeftButton, {}, {40, 40}); // through the window, as a real mouse does
         QVERIFY(bar.button.Visible(1) && !bar.button.Visible(0));
         QTest::mouseRelease(bar.windowHandle(), Qt::LeftButton, {}, {40, 40});
         QVERIFY(bar.button.Visible(0) && !bar.button.Visible(1));

@@ -1,4 +1,4 @@
-// Panels: where the caption stands and how it looks, by the pixels that are painted.
+// Panels: the place and the look of the caption, checked by the painted pixels.
 #include "platform/controls/sspanel.h"
 
 #include "platform/look/paper.h"
@@ -23,7 +23,7 @@ struct Panel : SSPanel
         resize(size);
     }
     QImage Look() { return grab().toImage(); }
-    QRect Ink() // the rectangle of all pixels that are not paper
+    QRect Ink() // the rectangle of all pixels that differ from the paper
     {
         const QImage image = Look();
         QRect ink;
@@ -47,7 +47,7 @@ private Q_SLOTS:
         Panel panel(u" 12"_s, 9);
         QCOMPARE(panel.Caption(), u" 12"_s);
         QCOMPARE(panel.accessibleName(), u"12"_s);
-        for (const int alignment : {0, 1, 2, 3, 4, 5, 6, 7, 8, 12}) { // the last one is none
+        for (const int alignment : {0, 1, 2, 3, 4, 5, 6, 7, 8, 12}) { // 12 is invalid
             panel.SetCaptionAlignment(alignment);
             const QRect ink = panel.Ink();
             const int column = alignment == 12 ? 0 : QList{0, 2, 1}[alignment / 3], row = alignment % 3;
@@ -64,7 +64,7 @@ private Q_SLOTS:
             const QRect ink = Panel(u"28"_s, points).Ink();
             QVERIFY(ink.top() >= 2 && ink.bottom() < paper::CaptionBand);
             QVERIFY(ink.left() >= 6 && ink.left() <= 9);
-            QVERIFY(std::abs(ink.top() - (paper::CaptionBand - 1 - ink.bottom())) <= 2); // centred in its band
+            QVERIFY(std::abs(ink.top() - (paper::CaptionBand - 1 - ink.bottom())) <= 2);
         }
     }
 
@@ -79,7 +79,7 @@ private Q_SLOTS:
                 QVERIFY(ink.isEmpty() || (ink.left() > 0 && ink.right() < width - 1));
             }
         }
-        // Its first letter, and no ellipsis.
+        // Only the first letter, without an ellipsis.
         QCOMPARE(Panel(u"Wed"_s, 12, {30, 40}).Look(), Panel(u"W"_s, 12, {30, 40}).Look());
     }
 
@@ -87,9 +87,9 @@ private Q_SLOTS:
     {
         for (int effect = 1; effect <= 4; ++effect) { // raised light and heavy, inset light and heavy
             const InRow inRow(this, QString::number(effect));
-            const int direction = effect <= 2 ? 1 : -1; // where the shadow falls: 1 is down and right
+            const int direction = effect <= 2 ? 1 : -1; // of the shadow; 1 is right and down
             const int depth = effect % 2 ? 1 : 2;
-            Panel panel(u"l"_s, 20, {60, 60}); // one upright
+            Panel panel(u"l"_s, 20, {60, 60}); // a letter of one vertical stroke
             panel.SetPaper(paper::Band);
             const QImage flat = panel.Look();
             const QRect face = panel.Ink();
@@ -103,11 +103,11 @@ private Q_SLOTS:
                 QCOMPARE(panel.Light(last - direction * step, y) > ground, step <= depth);
                 if (step <= depth) QVERIFY(shadow > panel.Light(face.center().x(), y) + 60); // subtle
             }
-            panel.SetForeColor(0x808080); // beside grey ink the effect is hardly seen
+            panel.SetForeColor(0x808080); // for grey ink the effect is faint
             const int besideGrey = panel.Light(first + direction, y);
             QVERIFY(besideGrey < ground && besideGrey > ground - 25);
             panel.SetForeColor(0);
-            panel.SetFont3D(9); // unknown is flat
+            panel.SetFont3D(9); // unknown effects are flat
             QCOMPARE(panel.Look(), flat);
         }
     }
@@ -123,9 +123,9 @@ private Q_SLOTS:
         QVERIFY(at(39, 20) == paper::Paper && at(20, 29) == paper::Paper);
         panel.SetFrame(paper::TodayFrame);
         QVERIFY(at(0, 0) == paper::TodayFrame && at(39, 29) == paper::TodayFrame && at(30, 15) == paper::Paper);
-        panel.SetActive(true); // in front of it
+        panel.SetActive(true); // drawn over the frame
         QCOMPARE(at(20, 1), paper::Accent);
-        panel.SetHeld(true); // in front of both
+        panel.SetHeld(true); // drawn over both
         QCOMPARE(at(20, 2), paper::LockFrame);
     }
 

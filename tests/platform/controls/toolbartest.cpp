@@ -1,4 +1,4 @@
-// The bar of buttons and combos under mouse and keyboard, and the looks of the buttons' states.
+// The bar of buttons and combos under mouse and keyboard, and the look of each button state.
 #include "platform/controls/toolbar.h"
 
 #include "errorof.h"
@@ -49,7 +49,7 @@ struct Window : QWidget
     Control Color{&Bar}, Size{&Bar};
 };
 
-// Whether each of these states of the button can be told from the others by the eye.
+// Whether each of these button states looks different.
 void LookDifferent(QWidget& window, QWidget& button, const QList<std::function<void()>>& states)
 {
     QList<QImage> looks;
@@ -115,12 +115,12 @@ private Q_SLOTS:
             window.Bar.resize(whole - missing, window.Bar.height());
             return QList{window.Color.width(), window.Size.width(), whole - window.Bar.minimumWidth()};
         };
-        QCOMPARE(widths(30), QList({100, 70, 30})); // the rightmost first
+        QCOMPARE(widths(30), QList({100, 70, 30})); // the rightmost combo shrinks first
         QCOMPARE(widths(90), QList({70, 40, 90}));
-        QCOMPARE(widths(200), QList({40, 40, 120})); // then the bar is cut off
+        QCOMPARE(widths(200), QList({40, 40, 120})); // any less cuts off the bar
         QCOMPARE(widths(-50), QList({100, 100, 0}));
         window.Bar.resize(600, window.Bar.height());
-        window.Size.hide(); // until it is filled, in its place
+        window.Size.hide(); // hidden until it is filled
         const int x = window.Bar.Buttons(u"cut"_s).x();
         window.Color.Wanted = 130; // as after a change of the desktop's font
         window.Color.updateGeometry();
@@ -131,7 +131,7 @@ private Q_SLOTS:
 
     void ADragEndsWhereItIsLetGo()
     {
-        // from: a key, or none for the free end; to: from the point of the press
+        // from: a button, empty for the free area; to: relative to the press
         const std::tuple<const char*, QString, QPoint, QString, bool> rows[] = {
             {"free area", u""_s, QPoint(-20, 230), u""_s, true},
             {"hardly moved", u""_s, QPoint(2, 2), u""_s, false},
@@ -149,7 +149,7 @@ private Q_SLOTS:
             QSignalSpy drops(&window.Bar, &Toolbar::Dropped);
             QPoint start(500, 20);
             if (!from.isEmpty()) start = window.Bar.Buttons(from).geometry().center();
-            // Through the window, so that the press finds its widget as a real one does.
+            // Through the window, so that the press finds its widget as a real press does.
             const QPoint point = start + window.Bar.pos();
             QWindow* handle = window.windowHandle();
             QTest::mousePress(handle, Qt::LeftButton, {}, point);

@@ -50,7 +50,7 @@ private Q_SLOTS:
 
     void BoxesAnswer()
     {
-        // key: 0: the close box
+        // key 0 stands for the close box
         const std::tuple<const char*, int, int, int, QString> rows[] = {
             {"ok, esc", 0, Qt::Key_Escape, msgbox::Ok, u"OK"_s},
             {"ok cancel, closed", 1, 0, msgbox::Cancel, u"OK"_s},
@@ -171,7 +171,7 @@ private Q_SLOTS:
         CommonDialog dialog = PlannerDialog();
         dialog.Flags = CommonDialog::FileMustExist;
         AnswerNextFileDialog(u"none.mdb"_s);
-        AnswerNextBox(msgbox::Ok); // no such file
+        AnswerNextBox(msgbox::Ok);
         CancelNextFileDialog();
         QCOMPARE(NumberOf(dialog, 1), int(errors::DialogCancelled));
         dialog.CancelError = false;
@@ -209,7 +209,7 @@ private Q_SLOTS:
         window.Moves = 0;
         bool ticked = false;
         QTimer::singleShot(0, this, [&] { ticked = true; });
-        // Unlike the clicks that a test sends, a pointer that is put somewhere waits in the window system's queue.
+        // Clicks sent by a test come at once, but the moved pointer's event waits in the window system's queue.
         QCursor::setPos(window.mapToGlobal(QPoint(50, 60)));
         DoEvents();
         QVERIFY(ticked);

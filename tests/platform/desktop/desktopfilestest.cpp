@@ -33,7 +33,7 @@ private Q_SLOTS:
     {
         const std::pair<QString, QString> rows[] = {
             {u"Work/Plan.MDB"_s, u"Work/Plan.MDB"_s},
-            {u"work/plan.mdb"_s, u"Work/Plan.MDB"_s}, // the exact folder "work" leads nowhere
+            {u"work/plan.mdb"_s, u"Work/Plan.MDB"_s}, // the folder "work" has no such file
             {u"WORK/OTHER.MDB"_s, u"work/Other.mdb"_s},
             {u"both/a.mdb"_s, u"both/a.mdb"_s},
             {u"BOTH/A.mdb"_s, u"both/A.mdb"_s},
@@ -69,7 +69,7 @@ private Q_SLOTS:
         const QString chosen = Path(u"both/A.mdb"_s);
         filesystem::Remember(chosen);
         QCOMPARE(filesystem::Find(chosen.toLower()), chosen);
-        // A new file goes into the folder that was chosen, though the other is spelled as the path is.
+        // A new file goes into the remembered folder, though the other folder's spelling matches the path.
         const QString created = Path(u"Work/New.mdb"_s);
         filesystem::Remember(created);
         QCOMPARE(filesystem::PlaceFor(created.toLower()), Path(u"Work/new.mdb"_s));
@@ -109,7 +109,7 @@ private Q_SLOTS:
         };
         const QByteArray before = qgetenv("TZ");
         QCOMPARE(offsetIn("EAST-9"), 9 * 3600);
-        QCOMPARE(offsetIn("WEST+5"), -5 * 3600); // as when the person has flown
+        QCOMPARE(offsetIn("WEST+5"), -5 * 3600); // as after a flight
         before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
     }
 
@@ -117,11 +117,11 @@ private Q_SLOTS:
     {
         const TemporaryFolders own;
         const QString unfinished = own.Path(u"data/Media.new"_s);
-        QCOMPARE(folders::MediaDirectory(), unfinished); // nothing has been brought
+        QCOMPARE(folders::MediaDirectory(), unfinished); // no tunes were copied
         QVERIFY(QFileInfo(unfinished).isDir());
         QVERIFY(QDir().mkpath(own.Path(u"shipped/Media"_s)));
         SetContent(own.Path(u"shipped/Media/a.wav"_s), "all of it");
-        QVERIFY(QDir(unfinished).mkdir(u"a.wav"_s)); // in the way of its copy
+        QVERIFY(QDir(unfinished).mkdir(u"a.wav"_s)); // blocks its copy
         QCOMPARE(folders::MediaDirectory(), unfinished);
         QVERIFY(QDir(unfinished).rmdir(u"a.wav"_s));
         SetContent(unfinished + u"/a.wav"_s, "all");

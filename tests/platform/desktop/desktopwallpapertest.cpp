@@ -12,15 +12,15 @@
 #include <QDBusUnixFileDescriptor>
 #include <QThread>
 
-// What the two services on the bus are to do, and what they were asked.
+// The behaviour of the two services on the bus, and the requests that they got.
 struct Played
 {
     enum Manner
     {
         Answers,
         AnswersLate,
-        Hangs,  // takes the call and never replies
-        Forgets // replies and never says what came of it
+        Hangs,  // accepts the call and never replies
+        Forgets // replies and never sends the result
     };
     static inline Manner manner = Answers;
     static inline uint code = 0;
@@ -49,7 +49,7 @@ public Q_SLOTS:
         QDBusMessage response = QDBusMessage::createSignal(path, u"org.freedesktop.portal.Request"_s, u"Response"_s);
         response << Played::code << QVariantMap();
         const int delay = Played::manner == Played::AnswersLate ? 200 : 0;
-        // Before the reply or long after it: a real one does both.
+        // A real service sends the result before the reply or long after it.
         if (Played::manner == Played::Answers) m_bus.send(response);
         if (delay) QTimer::singleShot(delay, this, [this, response] { m_bus.send(response); });
         return QDBusObjectPath(path);
@@ -73,7 +73,7 @@ public Q_SLOTS:
     }
 };
 
-// A session bus of the test's own, with both services in a thread of theirs.
+// The test's own session bus, with both services in their own thread.
 class PlayedBus
 {
 public:
@@ -105,7 +105,7 @@ private:
     QThread m_thread;
 };
 
-// The desktops that take a picture, each played.
+// The desktops that can set a picture, each one faked.
 class DesktopWallpaperTest : public QObject
 {
     Q_OBJECT
@@ -128,7 +128,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         m_bus.Serve();
-        // Letters that addresses, scripts and quoted texts each write in their own way.
+        // Characters that URIs, scripts and quoted texts escape in different ways.
         m_picture = m_folders.Path(u"It's \"my\" p\u00e4per \\1.bmp"_s);
         QImage image(20, 10, QImage::Format_RGB32);
         image.fill(Qt::red);
@@ -147,7 +147,7 @@ private Q_SLOTS:
     void ADesktopsOwnSettingsTakeThePicture()
     {
         const QByteArrayList names{"'zoom'", "'centered'", "'none'"};
-        // fits: filling the screen, centred, as a call sets none
+        // fits: zoomed, centred, and the value that a call sets first
         const std::tuple<const char*, QByteArray, QString, QByteArray, QString, QByteArrayList> rows[] = {
             {"GNOME", "ubuntu:GNOME", u"org.gnome.desktop.background picture-uri"_s, "'file:///usr/my%20photo.jpg'",
              u"org.gnome.desktop.background picture-options"_s, names},
@@ -169,9 +169,9 @@ private Q_SLOTS:
             QVERIFY(Show(m_picture));
             QCOMPARE(fake.Kept(fitKey), fits[1]);
             QCOMPARE(*Present(), DesktopPicture{m_picture});
-            QVERIFY(!fake.Calls().contains(fits[2])); // nothing to load anew
+            QVERIFY(!fake.Calls().contains(fits[2])); // no reload is needed
             QVERIFY(Show(m_picture));
-            QVERIFY(fake.Calls().contains(fits[2])); // or the desktop would keep what it has
+            QVERIFY(fake.Calls().contains(fits[2])); // otherwise the desktop would keep its cached picture
             QCOMPARE(*Present(), DesktopPicture{m_picture});
             QVERIFY(ShowLaidOut(m_picture, wallpaper::Fit::Zoomed));
             QCOMPARE(fake.Kept(fitKey), fits[0]);
@@ -179,7 +179,7 @@ private Q_SLOTS:
             QVERIFY(Show(wallpaper::None));
             QCOMPARE(*Present(), DesktopPicture{wallpaper::None});
             fake.Become("refuses");
-            Played::code = 2; // the portal behind it cannot either
+            Played::code = 2; // the portal refuses too
             QVERIFY(!Show(m_picture));
             QVERIFY(!Present());
         }
@@ -251,12 +251,12 @@ private Q_SLOTS:
         for (const auto& [name, manner, code, isShown] : rows) {
             const InRow inRow(this, name);
             qputenv("FLATPAK_ID", "org.example");
-            const FakeDesktop fake("GNOME"); // whose settings are those of the sandbox
+            const FakeDesktop fake("GNOME"); // it has only the sandbox's settings
             Played::manner = Played::Manner(manner);
             Played::code = code;
             QCOMPARE(Show(m_picture, isShown ? 20000 : 600), isShown);
             if (isShown) QCOMPARE(Played::taken, Content(m_picture));
-            QVERIFY(!Show(wallpaper::None)); // there is no way to take a picture away
+            QVERIFY(!Show(wallpaper::None)); // no portal can remove a picture
             QCOMPARE(fake.Calls(), QByteArray());
         }
     }
@@ -271,23 +271,24 @@ private Q_SLOTS:
         const QImage seen = root.Picture(first);
         QCOMPARE(seen.size(), root.SizeOf(root.Window()));
         QCOMPARE(seen.pixelColor(seen.rect().center()), QColor(Qt::red));
-        QCOMPARE(seen.pixelColor(seen.rect().center() + QPoint(12, 0)), QColor(Qt::black)); // not stretched, not tiled
-        QVERIFY(!Present()); // whose it is cannot be told
+        QCOMPARE(seen.pixelColor(seen.rect().center() + QPoint(12, 0)),
+                 QColor(Qt::black)); // neither stretched nor tiled
+        QVERIFY(!Present());         // the owner of the picture is unknown
         QVERIFY(ShowLaidOut(m_picture, wallpaper::Fit::Stretched));
         QVERIFY(root.Pixmap() != first);
         QCOMPARE(root.SizeOf(first), QSize());
         QCOMPARE(root.Picture(root.Pixmap()).pixelColor(1, 1), QColor(Qt::red));
-        QCOMPARE(root.Picture(root.Window()).pixelColor(1, 1), QColor(Qt::red)); // on the screen, too
+        QCOMPARE(root.Picture(root.Window()).pixelColor(1, 1), QColor(Qt::red)); // also on the screen
         QVERIFY(Show(wallpaper::None));
         QCOMPARE(root.Pixmap(), xcb_pixmap_t(XCB_PIXMAP_NONE));
         QCOMPARE(root.Picture(root.Window()).pixelColor(1, 1), QColor(Qt::black));
-        QVERIFY(Played::taken.isEmpty()); // a portal would only know of settings that nobody here reads
+        QVERIFY(Played::taken.isEmpty()); // a portal knows only settings that nobody reads here
     }
 
     void ARootThatNobodySeesIsNotPainted()
     {
         const SeenRoot root;
-        const xcb_window_t window = root.Window(); // stands in for a desktop's own
+        const xcb_window_t window = root.Window(); // plays a desktop's own window
         const xcb_atom_t desktop = root.Atom("_NET_WM_WINDOW_TYPE_DESKTOP");
         const auto set = [&](const char* property, xcb_atom_t type, quint32 value) {
             xcb_change_property(root.Connection(), XCB_PROP_MODE_REPLACE, window, root.Atom(property), type, 32, 1,
@@ -300,7 +301,7 @@ private Q_SLOTS:
         const bool isShown = Show(m_picture);
         set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, XCB_ATOM_NONE);
         QVERIFY(!isShown);
-        QVERIFY(!Played::taken.isEmpty()); // so the portal was asked
+        QVERIFY(!Played::taken.isEmpty()); // the portal was asked instead
     }
 
     void WhatIsNoPictureIsRefused()

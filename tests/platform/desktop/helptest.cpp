@@ -15,7 +15,7 @@
 #include <QToolTip>
 #include <QTreeWidget>
 
-// Drives the help window over the help file that the build has made.
+// The help window with the built help file.
 class HelpTest : public QObject
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ class HelpTest : public QObject
         QVERIFY(QTest::qWaitForWindowActive(Window()));
     }
 
-    // "File | New Planner" as a person reads it, with the entry's key.
+    // The menu entries as "File | New Planner", each with its key.
     static QMap<QString, QString> MenuEntries()
     {
         QMenuBar bar;
@@ -101,7 +101,7 @@ private Q_SLOTS:
                 QVERIFY2(m_book->Holds(topic.Page.resolved(QUrl(match.captured(1)))), qPrintable(all));
             }
         }
-        // Nothing lies in the file that no way leads to.
+        // Every page of the file can be reached.
         const QStringList pages = QDir(u":/orrelin-help"_s).entryList({u"*.html"_s});
         QCOMPARE(pages.size(), m_book->Topics().size());
     }

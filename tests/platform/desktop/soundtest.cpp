@@ -32,14 +32,14 @@ int Close(const QString& path)
     return mciSendStringA(u"close "_s + path);
 }
 
-// With the byte at a place replaced.
+// The file with one byte replaced.
 QByteArray With(QByteArray file, qsizetype at, char byte)
 {
     file[at] = byte;
     return file;
 }
 
-// What is written to the standard error output while this lives.
+// Captures the standard error output during its life.
 class ErrorOutput
 {
 public:
@@ -54,7 +54,7 @@ public:
         close(m_before);
     }
     Q_DISABLE_COPY_MOVE(ErrorOutput)
-    QByteArray Text() const { return Content(m_file.fileName()); } // not by the handle, which stands at the end
+    QByteArray Text() const { return Content(m_file.fileName()); } // reads by name, since the handle is at the end
 
 private:
     QTemporaryFile m_file;
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QTest::newRow("8 bits") << WaveTone(440, 3, {1, 22050, 8});
         QTest::newRow("stereo at another rate") << WaveTone(440, 3, {2, 48000, 16});
         QTest::newRow("cut in the middle") << WaveTone(440, 6).chopped(3 * 88200);
-        // No memory is taken for what is not there: the sanitizer refuses so much at once.
+        // No memory is allocated for missing samples: the sanitizer refuses so much at once.
         QTest::newRow("longer than it is") << With(WaveTone(440, 3), 43, 127);
     }
 
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(sndPlaySoundA(m_a5, Usual));
         const QList<double> heard = recording.Hear(0.5);
         QVERIFY(Tone(heard, 880) > 0.4 && Tone(heard, 440) < 0.02);
-        // One that cannot be played does not.
+        // A file that cannot be played does not stop the sound.
         QVERIFY(!sndPlaySoundA(Path("none.wav"), Usual));
         QVERIFY(!sndPlaySoundA(m_music, Usual));
         QVERIFY(Tone(recording.Hear(0.5), 880) > 0.4);
@@ -163,7 +163,7 @@ private Q_SLOTS:
     void CommandsAreAnswered_data()
     {
         QTest::addColumn<QStringList>("commands");
-        QTest::addColumn<int>("error"); // of the last one
+        QTest::addColumn<int>("error"); // of the last command
         const auto openWith = [this](const char* name, const QByteArray& content) {
             return OpenText(Written(name, content));
         };
@@ -207,17 +207,17 @@ private Q_SLOTS:
         const QByteArray lies[] = {WaveTone(440, 1000, {1, 1, 16}),   // one sample a second
                                    WaveTone(440, 1200, {1, 4000, 8}), // twenty minutes
                                    With(wave, 22, 0),                 // no channel
-                                   With(wave, 23, 127),               // too many of them
+                                   With(wave, 23, 127),               // too many channels
                                    With(wave, 34, 0),                 // no bits
-                                   With(wave, 20, 99),                // an unknown kind
-                                   wave.first(12) + wave.sliced(36),  // no form
+                                   With(wave, 20, 99),                // an unknown encoding
+                                   wave.first(12) + wave.sliced(36),  // no format chunk
                                    wave.first(40),
                                    {}};
         for (const QByteArray& lie : lies)
             QVERIFY2(!sndPlaySoundA(Written("lie.wav", lie), Usual), lie.first(qMin(lie.size(), 44)).toHex());
     }
 
-    // Whatever comes of them, the sound that is played next is heard.
+    // The next sound is heard whatever happened.
     void DamagedFilesDoNoHarm()
     {
         const Recording recording;
@@ -227,7 +227,7 @@ private Q_SLOTS:
                 sndPlaySoundA(Written("damaged.wav", With(wave, at, byte)), Usual);
             sndPlaySoundA(Written("damaged.wav", wave.first(at)), Usual);
         }
-        for (qsizetype at = 12; at < note.size(); at += 3) { // each costs the loading of all instruments
+        for (qsizetype at = 12; at < note.size(); at += 3) { // each file loads all instruments
             const QString damaged = Written("damaged.mid", With(note, at, at % 2 ? '\x7F' : '\xFF'));
             if (Open(damaged) == 0) QCOMPARE(Play(damaged), 0);
             Close(damaged);
@@ -240,7 +240,7 @@ private Q_SLOTS:
     {
         const Recording recording;
         qputenv("AUDIODEV", "nosuch");
-        for (const char* driver : {"nosuch", "alsa"}) { // the second one's library is a talkative one
+        for (const char* driver : {"nosuch", "alsa"}) { // the second driver's library writes messages
             qputenv("SDL_AUDIODRIVER", driver);
             ErrorOutput output;
             QVERIFY(!sndPlaySoundA(m_a4, Usual));

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-// Two screens: the first at the left, the second higher up at its right.
+// Two screens: the second is to the right of the first and higher up.
 class WindowPlaceTest : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@
 #include <QPrinter>
 #include <QRandomGenerator>
 
-// The eight operations, and what they put on the page of a PDF.
+// The eight operations and their output on the page of a PDF.
 class PrintLibraryTest : public QObject
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ class PrintLibraryTest : public QObject
         return m_library->qmtInitPrint(nullptr, *m_carrier) != 0;
     }
 
-    // Each note is what the carrier holds when fill has been called for its cell.
+    // Each note is the carrier's content after fill was called for its cell.
     template <typename Fill>
     void Feed(int view, Fill fill)
     {
@@ -62,7 +62,7 @@ class PrintLibraryTest : public QObject
         m_library->qmtPrintMonth(u"JULY 1999"_s, Look(12));
     }
 
-    // One note in the second row's third cell of an otherwise empty month.
+    // Prints one note in the third cell of the second row of an otherwise empty month.
     PrintedPage PrintNote(const QByteArray& rtf)
     {
         if (!Begin()) QTest::qFail("no job", __FILE__, __LINE__);
@@ -73,7 +73,7 @@ class PrintLibraryTest : public QObject
         return PrintedPage(m_pdf);
     }
 
-    // That cell, by the dates around it.
+    // The rectangle of that cell, found by the dates around it.
     static QRectF CellOfNote(const PrintedPage& page)
     {
         return QRectF(page.At(u"d10"_s).topLeft() - QPointF(2, 2), page.At(u"d18"_s).topLeft() - QPointF(2, 2));
@@ -128,7 +128,7 @@ private Q_SLOTS:
         if (orientation == QPageLayout::Landscape) size.transpose();
         QVERIFY(qAbs(page.Size().width() - size.width()) < 1.5 && qAbs(page.Size().height() - size.height()) < 1.5);
         const QRectF area = QRectF(QPointF(), size).adjusted(36, 36, -36, -36);
-        const QRectF withLetterTops = area.adjusted(-1, -4, 1, 1); // a font's own box reaches higher than its letters
+        const QRectF withLetterTops = area.adjusted(-1, -4, 1, 1); // a font's own box is higher than its letters
         for (const Word& word : page.Words())
             QVERIFY2(withLetterTops.contains(word.at), qPrintable(word.text));
         const QRectF title = page.At(u"JULY"_s) | page.At(u"1999"_s);
@@ -182,7 +182,7 @@ private Q_SLOTS:
                 PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18" + before + text + "}");
             QVERIFY(CellOfNote(page).contains(page.Painted(IsRed)));
             QVERIFY(page.At(u"w299"_s).isNull());
-            const bool clipped = before.contains("fs150"); // its first line, with all that ends it
+            const bool clipped = before.contains("fs150"); // shows one line and the ellipsis
             const auto endsHere = [](const Word& word) { return word.text.contains(QChar(0x2026)); };
             QVERIFY(clipped || std::any_of(page.Words().begin(), page.Words().end(), endsHere));
             const QRectF first = page.At(u"w0"_s), cell = CellOfNote(page);
@@ -190,7 +190,7 @@ private Q_SLOTS:
         }
     }
 
-    // With or without glyphs for them: lines break between the letters.
+    // Lines break between the letters, whether or not the fonts have glyphs for them.
     void lettersWithoutBlanksBreakInTheBox()
     {
         QByteArray text;
@@ -241,7 +241,7 @@ private Q_SLOTS:
             QVERIFY(word.text != u"stale");
     }
 
-    // On a page whose picture is larger than what a file collects before it writes.
+    // The page's picture is larger than the buffer of a file.
     void aFileThatCannotBeWrittenIsToldOf()
     {
         for (const bool full : {false, true}) {
@@ -252,7 +252,7 @@ private Q_SLOTS:
             m_printer->Printer().setPageSize(QPageSize(QPageSize::A5));
             PrintNote("kept");
             PrintNextTo(m_pdf);
-            AnswerNextBox(msgbox::Yes); // to replace it
+            AnswerNextBox(msgbox::Yes); // replace the file
             QVERIFY(m_library->qmtInitPrint(nullptr, *m_carrier) != 0);
             QImage noise(600, 600, QImage::Format_RGB32);
             QRandomGenerator(1).generate(noise.bits(), noise.bits() + noise.sizeInBytes());

@@ -1,4 +1,4 @@
-// What takes more than one program. The others are this program again, started with what to do and where.
+// Several processes with one settings file. The others are this program, started with a task and a folder.
 #include "platform/profile/profile.h"
 #include "support.h"
 #include "testmain.h"
@@ -18,7 +18,7 @@ int WriteKeys(const QString& folder, const QString& writer, bool forever)
     return 0;
 }
 
-// Prints the date order and the decimal point of the desktop that the environment describes.
+// Prints the environment's date order and decimal point.
 int TellFormats(const QString& folder)
 {
     folders::SetRootForTests(folder);
@@ -46,7 +46,7 @@ class ProfileProcessesTest : public QObject
 
     static int Count(const QString& writer) { return GetPrivateProfileIntA(u"Count"_s, writer, 0, iniName); }
 
-    // Every line of the file is whole.
+    // Every line of the file must be complete.
     static void LookForTears()
     {
         QFile file(folders::WindowsDirectory() + u'/' + iniName);
@@ -63,7 +63,7 @@ private Q_SLOTS:
     void init() { m_folders = std::make_unique<TemporaryFolders>(); }
     void cleanup() { m_folders.reset(); }
 
-    // While one writes all of its keys the other is killed again and again.
+    // One process writes all of its keys while the other is killed repeatedly.
     void NoneLosesTheOthersKeysAndAKilledOneHurtsNobody()
     {
         QProcess whole;

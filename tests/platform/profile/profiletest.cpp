@@ -76,7 +76,7 @@ private Q_SLOTS:
     {
         Put("[S]\nKey=abcdef\nSmile=ab\xF0\x9F\x98\x80");
         QCOMPARE(Text("S", "Key", 4), u"abc"_s);
-        QCOMPARE(Text("S", "Smile", 4), u"ab"_s); // never half a character
+        QCOMPARE(Text("S", "Smile", 4), u"ab"_s); // cuts no character in half
         QCOMPARE(Text("S", "None", 3), u"(N"_s);
         QCOMPARE(Text("S", "Key", 0), QString());
     }
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(Bytes(), QByteArray("no file"));
     }
 
-    // An editor that saves in place, the same size in the same tick of a slow clock.
+    // An editor that saves in place, with the same size and within one tick of a coarse clock.
     void ChangesFromOutsideAreSeen()
     {
         timespec times[2] = {};
@@ -156,7 +156,7 @@ private Q_SLOTS:
             QVERIFY(!Write("S", "=", u"3"_s));
             QCOMPARE(Number("S", "a") + Number("S", "b"), 5);
             QCOMPARE(Bytes(), QByteArray("[S]\na=1\n"));
-            Put("[S]\na=1\nc=4\n"); // another program meanwhile
+            Put("[S]\na=1\nc=4\n"); // written by another program
             QCOMPARE(Number("S", "b") + Number("S", "c"), 7);
         }
         QCOMPARE(Bytes(), QByteArray("[S]\na=2\nc=4\nb=3\n"));
@@ -171,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(Path(m_ini)));
         const QString target = m_folders->Path(u"dotfile"_s);
         QVERIFY(QFile::link(target, Path(m_ini)));
-        QVERIFY(Write("S", "a", u"1"_s)); // the link led nowhere yet
+        QVERIFY(Write("S", "a", u"1"_s)); // the link's target did not exist yet
         QVERIFY(QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
         QVERIFY(Write("S", "a", u"2"_s));
         QVERIFY(QFileInfo(Path(m_ini)).isSymLink());
@@ -229,7 +229,7 @@ private Q_SLOTS:
             Write("S", "Key", u"w"_s);
             QCOMPARE(Text("S", "Key"), u"w"_s);
         }
-        QCOMPARE(g_iErrCount, std::int16_t(errors + 1)); // told in the log at least
+        QCOMPARE(g_iErrCount, std::int16_t(errors + 1)); // logged, at least
         QVERIFY(QDir().rmdir(Path(m_ini)));
         QCOMPARE(Text("S", "Key"), u"(None)"_s);
     }

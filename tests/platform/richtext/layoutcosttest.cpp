@@ -1,4 +1,4 @@
-// A note's layout costs what its length costs: which notes are set in the cheap way, and that no letter is lost by it.
+// The layout cost grows with a note's length: which notes get the cheap layout, and that no letter is lost by it.
 #include "notes.h"
 #include "testmain.h"
 
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QTRY_VERIFY(isBounded(true));
         box.SetSelStart(int(box.Text().indexOf(Hex)) + 2400);
-        QTest::keyClick(&box, Qt::Key_Space); // two words that are both short enough
+        QTest::keyClick(&box, Qt::Key_Space); // makes two words, both short enough
         QTRY_VERIFY(isBounded(false));
         QTest::keyClick(&box, Qt::Key_Backspace);
         QTRY_VERIFY(isBounded(true));
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QTRY_VERIFY(isBounded(false));
     }
 
-    // Each step of a change looks at all lines of its paragraph, so there are none while there are many steps.
+    // Each step of a change looks at all lines of its paragraph, so a paragraph has no lines during many steps.
     void manyStepsFindNoLines()
     {
         RichTextBox box;
@@ -116,7 +116,7 @@ private Q_SLOTS:
         connect(box.document(), &QTextDocument::contentsChange, &box,
                 [&] { lines += box.document()->firstBlock().layout()->lineCount(); });
         const auto undo = [&] { QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier); };
-        undo(); // of the line behind
+        undo(); // of the change in the last line
         QVERIFY(IsLaidOut(box.document()->firstBlock()));
         while (!box.IsEmpty())
             undo();

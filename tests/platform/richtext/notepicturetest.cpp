@@ -1,4 +1,4 @@
-// Pictures in notes: how they come in and out.
+// Pictures in notes: insertion and output.
 #include "platform/richtext/notepicture.h"
 
 #include "platform/richtext/htmlimages.h"
@@ -18,7 +18,7 @@ private Q_SLOTS:
     {
         const QByteArray png = FileOf(Sample(), "png"), jpeg = FileOf(Sample(), "jpeg");
         const QByteArray sizes = "\\picw40\\pich20\\picwgoal300\\pichgoal150 ";
-        // kept: as the picture begins
+        // kept: the beginning of the stored picture
         const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
             {"PNG", png, "{\\pict\\pngblip" + sizes + png.toHex() + '}'},
             {"JPEG", jpeg, "{\\pict\\jpegblip" + sizes + jpeg.toHex() + '}'},
@@ -122,7 +122,7 @@ private Q_SLOTS:
     {
         const QByteArray png = FileOf(Sample(), "png");
         const QString data = u"data:image/png;base64,"_s + QString::fromLatin1(png.toBase64());
-        // text: "#" is a picture
+        // in text "#" stands for a picture
         const std::tuple<const char*, QString, QString> rows[] = {
             {"data", u"<img src='%1'>"_s.arg(data), u"a#b"_s},
             {"data in percent", u"<img src='data:image/png,%1'>"_s.arg(QString::fromLatin1(png.toPercentEncoding())),

@@ -1,4 +1,4 @@
-// What pictures in notes look like when they are painted, and what damaged ones do.
+// The look of painted pictures in notes, damaged ones included.
 #include "platform/look/paper.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
@@ -55,7 +55,7 @@ QByteArray Metafile(const QByteArray& records, bool isPlaceable = false)
     return file + Record(0x020B, {0, 0}) + Record(0x020C, {20, 40}) + records + Record(0, {});
 }
 
-// The raster operation's words.
+// The two words of each raster operation.
 constexpr qint16 CopyLow = 0x0020, CopyHigh = 0x00CC, AndLow = 0x00C6, AndHigh = 0x0088, OrLow = 0x0086,
                  OrHigh = 0x00EE, XorLow = 0x0046, XorHigh = 0x0066;
 
@@ -65,7 +65,7 @@ QByteArray StretchDib(qint16 low, qint16 high, const QImage& image, qint16 x = 0
     return Record(0x0F43, {low, high, 0, h, w, 0, 0, 20, width, 0, x}, DibOf(image));
 }
 
-// As a box shows it, but for the paper.
+// As a box shows it, without the paper.
 QImage Paint(const QByteArray& body, double scale = 1)
 {
     QTextDocument document;
@@ -211,7 +211,7 @@ private Q_SLOTS:
         }
     }
 
-    // Every pixel of the icon falls on one of the screen, even behind text that ends between two of them.
+    // Each pixel of the icon is one pixel of the screen, even after text that ends between two.
     void IconsAreSharpOnFineScreens()
     {
         for (const char* before : {"", "\\fs17 ill "}) {

@@ -1,4 +1,4 @@
-// What the rich text box copies, and what it takes from the clipboard and from drags.
+// The formats that the rich text box copies, pastes and takes from drags.
 #include "notes.h"
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/rtfwriter.h"
@@ -31,7 +31,7 @@ struct Box : RichTextBox
 
     void Select(int begin, int end) { setTextCursor(Selection(*document(), begin, end)); }
 
-    // "#" is a picture, "|" ends a paragraph.
+    // "#" stands for a picture, "|" for the end of a paragraph.
     QString Shown() const
     {
         QString text = document()->toRawText();
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(data.html().contains(u"<img src=\"data:image/jpeg;base64,"_s + QString::fromLatin1(g_jpeg.toBase64())));
         QCOMPARE(data.html().count(u"<img"_s), 1);
         box.SetText(u"gone"_s);
-        QCOMPARE(data.text(), u"bold\nc"_s); // as it was copied
+        QCOMPARE(data.text(), u"bold\nc"_s); // unchanged since the copy
     }
 
     void OnePictureIsAnImageToo()
@@ -106,8 +106,8 @@ private Q_SLOTS:
     void TakesTheBestForm_data()
     {
         QTest::addColumn<Offers>("offers");
-        QTest::addColumn<QString>("shown"); // in "<>"
-        QTest::addColumn<QString>("bold");  // the part that is
+        QTest::addColumn<QString>("shown"); // between "<" and ">"
+        QTest::addColumn<QString>("bold");  // its bold part
         const auto row = [](const char* name, const Offers& offers, const QString& shown, const QString& bold = {}) {
             QTest::newRow(name) << offers << shown << bold;
         };
@@ -205,7 +205,7 @@ private Q_SLOTS:
             return box.cursorRect(Selection(*box.document(), position, position)).left();
         };
         const int sum = 24;
-        QCOMPARE(left(6) - left(0), left(8) - left(2)); // an item further in by as much as a mark takes
+        QCOMPARE(left(6) - left(0), left(8) - left(2)); // one list level indents by one bullet's width
         QVERIFY(left(6) > left(0));
         QCOMPARE(left(sum + 6), left(sum));
         QVERIFY(left(sum) > left(sum - 2));
@@ -231,7 +231,7 @@ private Q_SLOTS:
         auto* other = new QMimeData;
         other->setData(u"x-other/kind"_s, "x");
         QApplication::clipboard()->setMimeData(other);
-        box.paste(); // nothing that anybody could have meant
+        box.paste(); // an unknown format pastes nothing
         QTest::qWait(20);
         QVERIFY(!QApplication::activeModalWidget());
     }
@@ -245,7 +245,7 @@ private Q_SLOTS:
         const QSizeF shown = OnlyPicture(box.textCursor())->shown;
         QVERIFY(shown.width() > 200 && shown.width() <= box.viewport()->width());
         QCOMPARE(qRound(shown.width() / shown.height()), 3);
-        box.Set("words"); // which would stand in a line as high as the picture
+        box.Set("words"); // it would share the line with the tall picture
         box.Select(5, 5);
         box.paste();
         QCOMPARE(box.Shown(), u"words\u2028#"_s);
@@ -275,7 +275,7 @@ private Q_SLOTS:
         QVERIFY(!box.Shown().contains(u'#'));
     }
 
-    // Between boxes of this program a paragraph's mark is one; others put one behind everything.
+    // Between boxes of this program a paragraph's end is copied as it is. Other programs add one at the end.
     void PartOfAParagraphStaysOne()
     {
         Box from, to;
@@ -310,7 +310,7 @@ private Q_SLOTS:
         QCOMPARE(box.Shown(), u"atextb#text"_s);
         box.Set("{\\b a}b");
         box.selectAll();
-        box.paste(); // as the first letter that it replaces
+        box.paste(); // takes the format of the first replaced letter
         box.selectAll();
         QCOMPARE(box.SelBold(), true);
     }

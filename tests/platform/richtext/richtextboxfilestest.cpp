@@ -1,4 +1,4 @@
-// The rich text box, the bytes that it holds, and its files.
+// The content of the rich text box as bytes and in files.
 #include "errorof.h"
 #include "files.h"
 #include "notes.h"
@@ -45,7 +45,7 @@ private Q_SLOTS:
         }
     }
 
-    // A save clears the flag; what it saved must not fall back to what had been read before.
+    // After the save clears the flag, the box must return the saved text and not the bytes read before.
     void changesOutliveTheClearedFlag()
     {
         RichTextBox box;
@@ -107,7 +107,7 @@ private Q_SLOTS:
 
     void fullDiskLeavesTheOldFile()
     {
-        for (const int words : {1500, 20000}) { // fails in the buffer, falls short
+        for (const int words : {1500, 20000}) { // the first fails in the buffer, the second is written in part
             const InRow inRow(this, QString::number(words));
             QTemporaryDir directory;
             const QString path = directory.filePath(u"dayview.rtf"_s);

@@ -9,7 +9,7 @@
 #include <QTextBlock>
 
 namespace {
-// A window with two boxes, of which the first has the focus, and a record of what they raised.
+// A window with two boxes and a record of their events. The first box has the focus.
 struct Boxes
 {
     Boxes()
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QTest::mouseClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
         QTest::mouseDClick(boxes.second.viewport(), Qt::RightButton, {}, {5, 5});
         QTest::mouseClick(boxes.second.viewport(), Qt::MiddleButton, {}, {5, 5});
-        QCOMPARE(boxes.log, List("2down2 2down2 2down4")); // two quick ones count as two
+        QCOMPARE(boxes.log, List("2down2 2down2 2down4")); // a double click counts as two
     }
 
     void refusedFocusSwallowsThePress()
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(boxes.log, List("2focus 1focus"));
     }
 
-    // The window brings a focus that was set while another one was active; it is new to the box all the same.
+    // Focus set while another window was active arrives with the activation, and the box must report it as new.
     void focusThatCameWhileTheWindowSlept()
     {
         Boxes boxes;
@@ -216,7 +216,7 @@ private Q_SLOTS:
         QCOMPARE(last, -1);
         SendPreedit(boxes.first, {}, u"\u00e9"_s);
         QCOMPARE(last, 0xe9);
-        boxes.first.CommitPreedit(); // what was refused does not come back
+        boxes.first.CommitPreedit(); // refused input does not return
         QCOMPARE(boxes.first.Text(), u"first"_s);
         drop = false;
         SendPreedit(boxes.first, {}, u"\u00e9"_s);
@@ -252,14 +252,14 @@ private Q_SLOTS:
         SendPreedit(boxes.first, {}, u"y"_s);
         QVERIFY(!DropText(boxes.first, u"dropped"_s));
         QCOMPARE(boxes.first.Text(), u"first"_s);
-        QCOMPARE(keys, 4); // the program has its say on keys all the same
+        QCOMPARE(keys, 4); // the program still gets the key events
         QTest::mouseDClick(boxes.first.viewport(), Qt::LeftButton, {}, {8, 8});
         QCOMPARE(boxes.first.SelLength(), 5);
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ControlModifier);
         QCOMPARE(QApplication::clipboard()->text(), u"first"_s);
         QVERIFY(boxes.first.hasFocus());
 
-        boxes.first.SetSelBold(true); // the program may
+        boxes.first.SetSelBold(true); // the program may change the text
         QCOMPARE(boxes.first.SelBold(), true);
         boxes.first.SetLocked(false);
         QTest::keyClicks(&boxes.first, u"x"_s);
@@ -297,8 +297,8 @@ private Q_SLOTS:
         QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(boxes.first.Text(), u"aafirst"_s);
         QVERIFY(!asked);
-        // Their own guard is that of any key, though they bring no character; what the program posts has passed
-        // another.
+        // These keys pass the same guard as any key, though they bring no character. What the program posts passes
+        // another guard.
         connect(&boxes.first, &RichTextBox::KeyPress, this, [](int& keyAscii) { keyAscii = 0; });
         QTest::keyClick(&boxes.first, Qt::Key_Insert, Qt::ShiftModifier);
         QTest::keyClick(&boxes.first, Qt::Key_V, Qt::ControlModifier);
@@ -354,18 +354,18 @@ private Q_SLOTS:
         QCOMPARE(texts(), u"first/second"_s);
         QVERIFY(first.Redo());
         QCOMPARE(texts(), u"/first second"_s);
-        QTest::keyClicks(&boxes.second, u"more "_s); // a part of the step there
+        QTest::keyClicks(&boxes.second, u"more "_s); // joins that step in the second box
         QVERIFY(!first.Undo() && second.Undo());
         QTest::keyClicks(&boxes.second, u"other "_s);
         QVERIFY(!first.Redo() && !second.Undo());
         QCOMPARE(texts(), u"first/other second"_s);
-        boxes.second.moveCursor(QTextCursor::End); // or it would be one step with what was just typed
+        boxes.second.moveCursor(QTextCursor::End); // otherwise it would join the last typing's step
         boxes.second.insertPlainText(u"first"_s);
         boxes.first.selectAll();
         endDrag();
         QTest::keyClicks(&boxes.first, u" new"_s);
         QVERIFY(second.Undo());
-        QCOMPARE(texts(), u"first new/other second"_s); // in one of them
+        QCOMPARE(texts(), u"first new/other second"_s); // undone in the second box only
     }
 
     void typedTextLooksLikeTheCaret()
@@ -413,8 +413,7 @@ private Q_SLOTS:
                     QTest::keyClicks(&box, key);
                 }
             }
-            QString shown =
-                box.Text().replace(u'\n', u'|'); // what is not as it was set from the start in small letters
+            QString shown = box.Text().replace(u'\n', u'|'); // capitals mark letters whose format has changed
             for (int i = 0; i < shown.size(); ++i) {
                 Select(box, i, 1);
                 const bool isAsSet = box.SelBold() == true && box.SelColor() == 0xffU && box.SelFontSize() == 16.0;

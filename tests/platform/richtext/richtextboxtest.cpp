@@ -17,12 +17,12 @@ namespace {
 const QByteArray
     g_rtf("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs20 Choir \\b 19:00\\b0\\par\\qc  bring   notes\\par}");
 
-// One attribute of the selection as the tests set and read it.
+// One attribute of the selection, with its setter and getter.
 struct Attribute
 {
     const char* name;
     std::function<void(RichTextBox&, const QVariant&)> set;
-    std::function<QVariant(const RichTextBox&)> get; // invalid where the selection is mixed
+    std::function<QVariant(const RichTextBox&)> get; // invalid if the selection is mixed
     QVariant first, second;
 };
 
@@ -65,10 +65,10 @@ private Q_SLOTS:
         for (const Attribute& attribute : CharacterAttributes()) {
             const InRow inRow(this, attribute.name);
             RichTextBox box;
-            attribute.set(box, attribute.first); // nothing is there yet
+            attribute.set(box, attribute.first); // in an empty box
             QCOMPARE(attribute.get(box), attribute.first);
             QVERIFY(!box.Modified());
-            QTest::mouseClick(box.viewport(), Qt::LeftButton); // moves the caret to where it is
+            QTest::mouseClick(box.viewport(), Qt::LeftButton); // leaves the caret where it is
             QTest::keyClick(&box, Qt::Key_Return);
             QTest::keyClicks(&box, u"ab"_s);
             Select(box, 1, 2);
@@ -77,7 +77,7 @@ private Q_SLOTS:
             box.SetText(u"one\n\ntwo three"_s);
             Select(box, 0, 100);
             attribute.set(box, attribute.second);
-            QCOMPARE(attribute.get(box), attribute.second); // across paragraphs, an empty one among them
+            QCOMPARE(attribute.get(box), attribute.second); // over several paragraphs, one of them empty
             Select(box, 1, 6);                              // "ne", both ends of lines, "tw"
             attribute.set(box, attribute.first);
             QCOMPARE(attribute.get(box), attribute.first);
@@ -88,7 +88,7 @@ private Q_SLOTS:
             Select(box, 6, 3);
             QCOMPARE(attribute.get(box), QVariant());
             QTextCursor(box.document()).insertImage(QImage(4, 4, QImage::Format_RGB32), u"picture"_s);
-            Select(box, 0, 2); // a picture has no font that could differ
+            Select(box, 0, 2); // a picture has no font to differ
             QCOMPARE(attribute.get(box), attribute.second);
 
             const int end = box.document()->characterCount() - 1;
@@ -124,7 +124,7 @@ private Q_SLOTS:
             QCOMPARE(box.SelStart(), 1);
         }
         QCOMPARE(ErrorOf([&] { box.SetSelAlignment(3); }), errors::InvalidPropertyValue);
-        box.SetText(u"\u05d0\u05d1"_s); // runs from the right by nature, and is not mirrored
+        box.SetText(u"\u05d0\u05d1"_s); // right-to-left text is not mirrored
         box.SetSelAlignment(0);
         QVERIFY(box.textCursor().blockFormat().alignment() & Qt::AlignAbsolute);
     }
@@ -151,7 +151,7 @@ private Q_SLOTS:
         connect(&box, &RichTextBox::SelChange, &box, [&] { ++moves; });
         QSignalSpy changes(&box, &RichTextBox::Change);
         Select(box, 2, 3);
-        QCOMPARE(moves, 2); // the caret, then the selection
+        QCOMPARE(moves, 2); // one for the caret, one for the selection
         QVERIFY(changes.isEmpty());
         for (const Attribute& attribute : CharacterAttributes())
             attribute.set(box, attribute.first);
@@ -197,7 +197,7 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), u"a\nb\nc d"_s);
     }
 
-    // A font of signs that is installed may have none under the numbers that signs have everywhere else.
+    // An installed symbol font may lack the symbols' usual code points.
     void signsArePainted()
     {
         for (const QByteArray sign :
@@ -241,7 +241,7 @@ private Q_SLOTS:
     {
         RichTextBox box;
         box.SetBlankFormat(QFont(u"Arial"_s, 9, QFont::Bold), 0x0000ff);
-        box.SetSelItalic(true); // for this text only
+        box.SetSelItalic(true); // applies to this text only
         QTest::keyClicks(&box, u"abc"_s);
         box.selectAll();
         box.SetSelColor(0x00ff00);
@@ -327,7 +327,7 @@ private Q_SLOTS:
         box.setGeometry(0, 0, 120, 80);
         box.SetText(u"IIIII"_s);
         window.show();
-        // The place of the scroll bar is paper, too, while there is nothing to scroll.
+        // Without a scroll bar its place is part of the paper.
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(117, 8));
         QCOMPARE(box.SelStart(), 5);
         const QImage picture = window.grab().toImage();
@@ -350,9 +350,9 @@ private Q_SLOTS:
             bare.fill(Qt::yellow);
             return edge != bare;
         };
-        QVERIFY(!inkAtTheEdge(6)); // half a line is left out
+        QVERIFY(!inkAtTheEdge(6)); // half a line is not painted
         box.SetFontSize(60);
-        QVERIFY(inkAtTheEdge(40)); // but not one that fills the box
+        QVERIFY(inkAtTheEdge(40)); // unless it fills the box
     }
 };
 

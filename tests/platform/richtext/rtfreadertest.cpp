@@ -17,7 +17,7 @@ Q_DECLARE_METATYPE(BlockCheck)
 
 namespace {
 
-// The text as a person would see it: "|" ends a paragraph, "/" a line, "#" is a picture.
+// The visible text: "|" ends a paragraph, "/" a line, "#" stands for a picture.
 QString TextOf(const QTextDocument& document)
 {
     QString text = document.toRawText();
@@ -33,7 +33,7 @@ QString Read(const QByteArray& rtf)
     return TextOf(document);
 }
 
-// The format of the first character that is an x.
+// The format of the first "x".
 QTextCharFormat FormatAtX(QTextDocument& document)
 {
     return document.find(u"x"_s, 0, QTextDocument::FindCaseSensitively).charFormat();
@@ -159,7 +159,7 @@ private Q_SLOTS:
         }
     }
 
-    // As the search sees a stored note: a line end parts the bytes before it from the letters behind it.
+    // As the search sees a stored note: a line end separates the bytes before it from the letters after it.
     void TextViewKeepsLineEnds()
     {
         for (const char* letter : {"\\'e9", "\xe9", "\\u233?"})
@@ -248,7 +248,7 @@ private Q_SLOTS:
         QVERIFY(check(FormatAtX(document)));
     }
 
-    // Where "x" begins, from the edge of the paper; the words before the text come back as they are.
+    // The place of "x" from the edge of the paper. The words before the text are written back unchanged.
     void Indents_data()
     {
         QTest::addColumn<QByteArray>("words");
@@ -275,7 +275,7 @@ private Q_SLOTS:
         document.setTextWidth(400);
         ReadRtf("{\\rtf1\\fs8\\pard" + words + text + "}", document);
         const QTextBlock block = document.begin();
-        QVERIFY(document.size().height() > 0); // lays it out
+        QVERIFY(document.size().height() > 0);
         const int at = static_cast<int>(block.text().indexOf(u'x'));
         QTEST(qRound(block.layout()->position().x() + block.layout()->lineForTextPosition(at).cursorToX(at)), "pixels");
         QVERIFY2(WriteRtf(document).contains("\\pard" + words + "\\f0"), WriteRtf(document));

@@ -19,7 +19,7 @@
 
 namespace {
 
-// Documents of every format and character that a note can hold, always the same for the same seed.
+// A document with every format and character of notes, always the same for the same seed.
 class RandomDocument
 {
 public:
@@ -82,7 +82,7 @@ private:
         case 2:
             return any(0x80, 0x2000);
         case 3:
-            return any(0x2030, 0xF000); // above are the private forms of signs, which are read as the signs
+            return any(0x2030, 0xF000); // the private symbol characters above would be read as the symbols
         case 4:
             return any(0xFDF0, 0x10000);
         case 5:
@@ -146,7 +146,7 @@ private:
             tabs.append(QTextOption::Tab(pixels(), OneOf({QTextOption::LeftTab, QTextOption::RightTab,
                                                           QTextOption::CenterTab, QTextOption::DelimiterTab})));
         if (!tabs.isEmpty()) format.setTabPositions(tabs);
-        return ToBlockFormat(ToRtfParagraph(format)); // indents and stops as they are shown
+        return ToBlockFormat(ToRtfParagraph(format)); // rounds indents and stops to the shown ones
     }
 
     QRandomGenerator m_random;
@@ -178,7 +178,7 @@ QString Describe(const QTextBlockFormat& f)
     return text;
 }
 
-// A line a paragraph and a line a run, to be compared.
+// Describes the document for comparison, one line for each paragraph and run.
 QStringList Describe(const QTextDocument& document)
 {
     QStringList lines;
@@ -191,7 +191,7 @@ QStringList Describe(const QTextDocument& document)
     return lines;
 }
 
-// As another reader of rich text understands it.
+// The document as another program reads it.
 QString OtherReader(const char* kind, const QTextDocument& document)
 {
     QTemporaryFile file;
@@ -214,7 +214,7 @@ private Q_SLOTS:
     {
         constexpr quint32 rounds = 400;
         RichTextBox offered;
-        QByteArray shown = WriteRtf(QTextDocument()); // then what the round before has written
+        QByteArray shown = WriteRtf(QTextDocument()); // the output of the previous round
         for (quint32 seed = 1; seed <= rounds; ++seed) {
             QTextDocument written;
             RandomDocument(seed, written);
@@ -294,7 +294,7 @@ private Q_SLOTS:
         QCOMPARE(text, u"Tea {5} \\ 7; now -1 third line"_s);
     }
 
-    // Signs as the bytes of their font; a link as a group, behind which the formats from before it hold again.
+    // Symbols are written as bytes of their font. A link is a group, and after it the earlier formats apply again.
     void WritesSignsAndLinks()
     {
         QTextDocument document;
@@ -332,7 +332,7 @@ private Q_SLOTS:
 
     void SelectionAlone()
     {
-        // inserted: into "<>"
+        // inserted between "<" and ">"
         const std::tuple<const char*, int, int, QString> rows[] = {
             {"within a paragraph", 1, 2, u"<b>"_s},
             {"with its mark", 1, 4, u"<bc\u2029>"_s},

@@ -1,4 +1,4 @@
-// Pictures that the tests make for themselves, and what a document holds of them.
+// Sample pictures, and access to a document's pictures.
 #pragma once
 
 #include "platform/richtext/rtfpicture.h"

@@ -61,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(Log(), QByteArray(" 1:it broke in MainForm, y\n"));
 
         int counted = 3;
-        Guarded(" in MainForm, z"_L1, [](int& number) { ++number; })(counted); // not a copy
+        Guarded(" in MainForm, z"_L1, [](int& number) { ++number; })(counted); // passes the reference
         QCOMPARE(counted, 4);
     }
 
