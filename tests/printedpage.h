@@ -1,4 +1,4 @@
-// Printing into a PDF file, and the printed page read back by other programs.
+// Printing into a PDF file, and reading the printed page with other programs.
 #pragma once
 
 #include "support.h"
@@ -14,7 +14,7 @@
 
 #include <vector>
 
-// Chooses the file among the printers of the next print dialog and confirms.
+// Chooses printing into this file in the next print dialog and confirms.
 inline void PrintNextTo(const QString& path)
 {
     OnNextModal<QPrintDialog>([path](QPrintDialog& dialog) {
@@ -40,7 +40,7 @@ inline QByteArray OutputOf(const QString& program, const QStringList& arguments)
 struct Word
 {
     QString text;
-    QRectF at; // points from the paper's corner
+    QRectF at; // in points from the paper's corner
 };
 
 // The words of a PDF of one page.
@@ -69,7 +69,7 @@ public:
     QSizeF Size() const { return m_size; } // points
     const std::vector<Word>& Words() const { return m_words; }
 
-    // Where this word stands; null if it does not, or more than once.
+    // The place of this word; null if it is not there exactly once.
     QRectF At(const QString& text) const
     {
         QRectF place;
@@ -81,13 +81,13 @@ public:
         return place;
     }
 
-    // Painted at this many dots a point.
+    // The page as a picture with this many dots a point.
     QImage Painted(int dots) const
     {
         return QImage::fromData(OutputOf(u"pdftoppm"_s, {u"-png"_s, u"-r"_s, QString::number(72 * dots), m_path}));
     }
 
-    // The bounds in points of what is painted in a colour that fits.
+    // The bounds in points of all dots whose colour fits.
     template <typename Fits>
     QRectF Painted(Fits fits) const
     {

@@ -1,4 +1,4 @@
-// A session bus of the test's own, on which the program stands too. Made before the application object.
+// A session bus of the test's own, used by the program too. Construct it before the application object.
 #pragma once
 
 #include <QProcess>
@@ -6,7 +6,7 @@
 class PrivateBus
 {
 public:
-    // Of the environment the bus starts services in, and looks for their files by XDG_DATA_HOME.
+    // The bus starts services in this environment, and finds their files by its XDG_DATA_HOME.
     explicit PrivateBus(const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
     {
         m_daemon.setProcessEnvironment(environment);

@@ -1,4 +1,4 @@
-// The whole main window over folders of its own, as a person starts it, with short ways to its controls.
+// The whole main window with its own folders, as a person starts it, and helpers for its controls.
 #pragma once
 
 #include "files.h"
@@ -63,7 +63,7 @@ public:
         Activate();
     }
 
-    // A box that closed leaves no window active on a screen without a window manager.
+    // Without a window manager no window is active after a box has closed.
     void Activate() const
     {
         form->activateWindow();
@@ -76,7 +76,7 @@ public:
         form.reset();
     }
 
-    // Answers the question of personal or shared in the next OpenAsForm.
+    // Chooses personal or shared in the next OpenAsForm.
     static void AnswerOpenAs(bool shared)
     {
         OnNextModal<OpenAsForm>([shared](OpenAsForm& form) {
@@ -110,7 +110,7 @@ public:
     QAction& Entry(const char* name) const { return Find<QAction>(name); }
     void Trigger(const char* name) const { Entry(name).trigger(); }
 
-    // What the person does in the window that the entry opens.
+    // Opens a window by its menu entry and runs the action in it.
     template <typename Window>
     void InWindow(const char* entry, const std::function<void(Window&)>& act) const
     {
@@ -119,7 +119,7 @@ public:
         QCOMPARE(WaitingAnswers(), 0);
         Activate();
     }
-    // The box that the entry brings up; an empty one if it brings up none.
+    // The message box that the entry opens; empty if it opens none.
     SeenBox Said(const char* entry, int answer = msgbox::Ok) const
     {
         SeenBox seen;
@@ -153,7 +153,7 @@ public:
     QString LogPath() const { return folders::ApplicationDirectory() + u"/planner.err"_s; }
     QByteArray Log() const { return Content(LogPath()); }
 
-    // What the file holds for a key, read by a connection of its own; null if it has no record.
+    // The stored text of a key, read by a connection of its own; null without a record.
     QByteArray Stored(const QString& name, const QString& key) const
     {
         Recordset notes = DBEngine::OpenDatabase(folders.Path(name)).OpenTable(u"QMT Table"_s);

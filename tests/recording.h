@@ -1,5 +1,5 @@
-// What the program plays, as samples: a driver of the sound library writes them into a file instead of a device, some
-// twenty times as fast as they would sound.
+// Records the program's sound: a driver of the sound library writes the samples into a file, about twenty times as fast
+// as they would play.
 #pragma once
 
 #include "files.h"
@@ -36,14 +36,14 @@ public:
         return std::ranges::any_of(files, [this](const QFileInfo& file) { return file.symLinkTarget() == m_file; });
     }
 
-    // What is played from now on: the left channel, 1 is full scale.
+    // The sound from now on: the left channel, 1 is full scale.
     QList<double> Hear(double seconds) const
     {
-        constexpr qint64 UnderWay = 4096; // what may have been mixed, but not written yet
+        constexpr qint64 UnderWay = 4096; // samples that may be mixed and not yet written
         return Samples(QFile(m_file).size() / Frame + UnderWay, seconds);
     }
 
-    // From the first sound on, which may be over already.
+    // Starts at the first sound, which may already be over.
     QList<double> HearFromTheFirstSound(double seconds) const
     {
         qsizetype first = 0;
@@ -60,7 +60,7 @@ public:
 private:
     static constexpr qint64 Frame = 4; // bytes
 
-    // Silence follows when the device was given back.
+    // Fills up with silence if the device was closed.
     QList<double> Samples(qint64 from, double seconds) const
     {
         const auto count = qsizetype(seconds * Rate);
@@ -96,7 +96,7 @@ inline double Tone(const QList<double>& samples, double hertz)
     return 2 * std::abs(sum) / double(samples.size());
 }
 
-// A MIDI file of one flute note that sounds for so many beats, half a second each.
+// A MIDI file with one flute note of so many beats, each half a second.
 inline QByteArray MidiNote(int key, int beats = 200)
 {
     QByteArray track = QByteArray::fromHex("00c049") + QByteArray::fromHex("0090") + char(key) + char(110);
@@ -112,11 +112,11 @@ struct WaveForm
     int Channels = 1, Rate = 44100, Bits = 16;
 };
 
-// A wave file of a sine of half the full scale.
+// A wave file with a sine at half the full scale.
 inline QByteArray WaveTone(double hertz, double seconds = 30, const WaveForm& form = {})
 {
     QByteArray data;
-    const auto number = [](int value, int bytes) { // little end first, as the machine has it
+    const auto number = [](int value, int bytes) { // little-endian, as the machine
         return QByteArray(reinterpret_cast<const char*>(&value), bytes);
     };
     for (int i = 0; i < int(seconds * form.Rate) * form.Channels; ++i) {

@@ -1,9 +1,9 @@
-// Settings as they lie in the files, past the table of them.
+// Settings read from and written to the files, without the table of settings.
 #pragma once
 
 #include "platform/profile/profile.h"
 
-// Of PLANNER.INI; "none" where there is no such key.
+// A key of PLANNER.INI; "none" if it is missing.
 inline QString Ini(const char* section, const char* key)
 {
     return GetPrivateProfileStringA(QString::fromLatin1(section), QString::fromLatin1(key), u"none"_s, 1000,
@@ -16,7 +16,7 @@ inline void SetIni(const char* section, const char* key, QAnyStringView value)
                                u"PLANNER.INI"_s);
 }
 
-// The desktop's order of dates: 0 month first, 1 day first, 2 year first.
+// Sets the desktop's date order: 0 month first, 1 day first, 2 year first.
 inline void SetDateOrder(int iDate)
 {
     WritePrivateProfileStringA(u"intl"_s, u"iDate"_s, QString::number(iDate), u"WIN.INI"_s);

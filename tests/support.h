@@ -1,6 +1,6 @@
-// What many tests need: folders of their own, and answers to boxes and dialogs that come up in the middle of a call.
-// Boxes and dialogs are the real ones. An answer waits in a queue until a window of its kind is the active modal one,
-// so that several answers meet several boxes in the order in which they were given.
+// Folders for a test, and answers to boxes and dialogs that open during a call. Boxes and dialogs are real. Each answer
+// waits in a queue until a window of its kind is the active modal one, so several answers meet several boxes in their
+// order.
 #pragma once
 
 #include "platform/desktop/folders.h"
@@ -22,7 +22,7 @@
 #include <deque>
 #include <functional>
 
-// The program's folders lie under a temporary one for as long as this lives.
+// During its life the program's folders lie in a temporary folder.
 class TemporaryFolders
 {
 public:
@@ -37,13 +37,13 @@ private:
     QTemporaryDir m_folder;
 };
 
-// What a message box showed.
+// The contents of a message box.
 struct SeenBox
 {
     QString Title;
     QString Text;
     QMessageBox::Icon Icon = QMessageBox::NoIcon;
-    QString DefaultButton; // its text without "&"
+    QString DefaultButton; // without "&"
 };
 
 namespace support {
@@ -53,8 +53,8 @@ struct Answer
     std::function<void(QWidget*)> Give;
 };
 
-inline std::deque<Answer> g_answers;  // the first one is waiting
-inline QDeadlineTimer g_answersUntil; // then the first one has waited too long and the test fails
+inline std::deque<Answer> g_answers;  // the first one is current
+inline QDeadlineTimer g_answersUntil; // after this the first answer fails the test
 inline constexpr int longestWait = 20000;
 
 inline void Poll()
@@ -66,7 +66,7 @@ inline void Poll()
         QTest::qFail("the box or dialog that a test wanted to answer did not come", __FILE__, __LINE__);
         return;
     }
-    // Set before the answer is given: what it does may open the next box inside it.
+    // Starts the next poll first: the answer may open another box.
     QTimer::singleShot(5, qApp, Poll);
     QWidget* const modal = QApplication::activeModalWidget();
     if (!modal || !modal->isVisible() || !g_answers.front().Fits(modal)) return;
@@ -75,7 +75,7 @@ inline void Poll()
     g_answersUntil.setRemainingTime(longestWait);
     const QPointer<QDialog> dialog = qobject_cast<QDialog*>(modal);
     answer.Give(modal);
-    // A check that failed has left the answer half given, and nobody else would close the window.
+    // After a failed check nobody else would close the window.
     if (dialog && QTest::currentTestFailed()) dialog->reject();
 }
 
@@ -96,7 +96,7 @@ inline void Press(QMessageBox& box, const std::function<bool(QAbstractButton*)>&
 }
 } // namespace support
 
-// Runs the action on the next modal window that fits.
+// Runs the action in the next modal window that fits.
 inline void OnNextModal(std::function<bool(QWidget*)> fits, std::function<void(QWidget*)> action)
 {
     support::g_answers.push_back({std::move(fits), std::move(action)});
@@ -105,7 +105,7 @@ inline void OnNextModal(std::function<bool(QWidget*)> fits, std::function<void(Q
     QTimer::singleShot(0, qApp, support::Poll);
 }
 
-// On the next one of this class.
+// Runs the action in the next modal window of this class.
 template <typename Window>
 void OnNextModal(std::function<void(Window&)> action)
 {
@@ -113,7 +113,7 @@ void OnNextModal(std::function<void(Window&)> action)
                 [action](QWidget* window) { action(*qobject_cast<Window*>(window)); });
 }
 
-// Answers that no box has taken yet; a test that expects its box looks for 0 behind the call.
+// The answers not yet used; 0 after a call means that every expected box came.
 inline int WaitingAnswers()
 {
     return int(support::g_answers.size());
@@ -124,7 +124,7 @@ inline void DropAnswers()
     support::g_answers.clear();
 }
 
-// Presses the button with this text ("Yes") or this number (msgbox::Yes) in the next message box.
+// Presses the button with this text ("Yes") or number (msgbox::Yes) in the next message box.
 inline void AnswerNextBox(const QString& button, SeenBox* seen = nullptr)
 {
     OnNextModal<QMessageBox>([=](QMessageBox& box) {
@@ -149,8 +149,8 @@ inline void AnswerNextFileDialog(const QString& path)
 {
     OnNextModal<QFileDialog>([=](QFileDialog& dialog) {
         auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
-        // Without the focus the dialog takes what is typed for a choice in its list.
-        // Its window alone would count as active while its owner is.
+        // Without the focus, the dialog searches its list for the typed letters. The widget must be active: its QWindow
+        // counts as active already while the owner is.
         Q_UNUSED(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }));
         edit->setFocus();
         edit->selectAll();
@@ -166,14 +166,14 @@ inline void CancelNextFileDialog()
     OnNextModal<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
 }
 
-// Without a window manager a window may open without becoming the active one, and then nothing in it has the focus.
+// Without a window manager a window may open inactive, and then no control has the focus.
 inline void Activate(QWidget& window)
 {
     window.activateWindow();
     QTRY_COMPARE(QApplication::activeWindow(), &window);
 }
 
-// What the person does in the next font dialog; null cancels it.
+// Runs the choice in the next font dialog; null cancels it.
 inline void AnswerFontDialog(const std::function<void(QFontDialog&)>& choose)
 {
     OnNextModal([](QWidget* window) { return window->findChild<QFontDialog*>() != nullptr; },
@@ -183,7 +183,7 @@ inline void AnswerFontDialog(const std::function<void(QFontDialog&)>& choose)
                 });
 }
 
-// The font that the dialog was filled with, in another size.
+// Chooses the dialog's initial font in another size.
 inline void ChooseSize(QFontDialog& dialog, int points)
 {
     QFont font = dialog.currentFont();
@@ -191,7 +191,7 @@ inline void ChooseSize(QFontDialog& dialog, int points)
     dialog.setCurrentFont(font);
 }
 
-// The control of a window that has this name.
+// The window's control of this name.
 template <typename Control>
 Control& In(const QWidget& window, const char* name)
 {

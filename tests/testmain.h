@@ -1,5 +1,5 @@
-// The tests of a folder are one program; the first word of its command line says what it runs: a test by the name of
-// its class, in any case, or the part of a second process that a test starts.
+// The tests of a folder form one program. Its first argument says what to run: a test, by its class name in any case,
+// or the second process of a test.
 #pragma once
 
 #include <QApplication>
@@ -10,13 +10,13 @@
 #include <tuple>
 #include <utility>
 
-// Under a name, a routine that stands for main. Static objects alone, since main looks them up.
+// Registers a main routine under a name. For static objects only, since main looks them up.
 class Runnable
 {
 public:
     using Main = int (*)(int argc, char** argv); // argv without the name
     Runnable(const char* name, Main main);
-    static int Run(int argc, char** argv); // 2 for a name that is none
+    static int Run(int argc, char** argv); // 2 for an unknown name
 };
 
 template <typename Test, typename Application>
@@ -28,11 +28,11 @@ int RunTest(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-// The cases that a test goes through, each under a name.
+// Named cases of a test.
 template <typename... Columns>
 using Rows = std::initializer_list<std::tuple<const char*, Columns...>>;
 
-// One of them: it begins as a test of its own does, and is named where it fails.
+// Begins a case with the test's init, and names it if it fails.
 class InRow
 {
 public:
@@ -55,7 +55,7 @@ private:
 #define ORRELIN_TEST(Test) static const Runnable run##Test(#Test, RunTest<Test, QApplication>);
 #define ORRELIN_TEST_WITHOUT_WINDOWS(Test) static const Runnable run##Test(#Test, RunTest<Test, QCoreApplication>);
 
-// This program again, for what was registered under the name.
+// Starts this program again, with the routine of this name.
 inline void StartAgain(QProcess& process, const QString& name, const QStringList& words = {})
 {
     process.start(QCoreApplication::applicationFilePath(), QStringList(name) + words);

@@ -1,4 +1,4 @@
-// An X server of the test's own, and what stands on its root window. Made before the application object.
+// An X server of the test's own, and its root window. Construct it before the application object.
 #pragma once
 
 #include <QImage>
@@ -36,7 +36,7 @@ private:
     QProcess m_server;
 };
 
-// What a program that looks through to the root finds there.
+// The root window as another program sees it.
 class SeenRoot
 {
 public:
@@ -65,7 +65,7 @@ public:
         return pixmap;
     }
 
-    QSize SizeOf(xcb_drawable_t drawable) const // empty if there is no such thing any more
+    QSize SizeOf(xcb_drawable_t drawable) const // empty if it no longer exists
     {
         xcb_get_geometry_reply_t* reply =
             xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, drawable), nullptr);

@@ -1,4 +1,4 @@
-// The program with a workgroup's planner in a file or on a server, in March 1999: the 17th stands in cell 18.
+// The program with a workgroup's planner, in a file or on a server. It shows March 1999: the 17th is in cell 18.
 #pragma once
 
 #include "plannerfile/knownservers.h"
@@ -14,7 +14,7 @@ public:
     QString File = u"team.mdb"_s;
     const QString Key = u"1999/3/17"_s;
 
-    // Another user writes, by a connection of its own.
+    // Writes as another user, by a separate connection.
     void WriteAs(const QString& key, const QByteArray& text) const
     {
         Database planner = DBEngine::OpenDatabase(folders.Path(File));
@@ -22,7 +22,7 @@ public:
         Write(notes, key, text);
     }
 
-    // An empty planner; on the server the file is its link. Its name there.
+    // Makes an empty planner. On a server the file is a link to it; returns its name there.
     QString MakePlanner(bool onServer) const
     {
         ::MakePlanner(folders.Path(File));
@@ -37,7 +37,7 @@ public:
     PictureButton& Lock() const { return Find<PictureButton>("picLock"); }
     bool ShowsLocked() const { return Lock().Visible(1) && !Lock().Visible(0); }
     bool ShowsFree() const { return Lock().Visible(0) && !Lock().Visible(1); }
-    // A box that the test has no answer for fails it instead of keeping it waiting.
+    // A box without a queued answer fails the test instead of blocking it.
     static void ExpectNoBox(const QWidget* but = nullptr)
     {
         OnNextModal([but](QWidget* box) { return box != but; },
@@ -49,7 +49,7 @@ public:
         QTest::mouseClick(&Lock(), Qt::LeftButton);
         if (WaitingAnswers() > 0) support::g_answers.pop_back();
     }
-    // Presses the lock and answers the message that comes; what it said.
+    // Presses the lock and answers the message. Returns its text.
     QString PressLockAndHear(int answer = msgbox::Ok) const
     {
         SeenBox seen;

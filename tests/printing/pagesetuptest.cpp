@@ -3,7 +3,7 @@
 #include "settingsfile.h"
 #include "testmain.h"
 
-// The page setup dialog over the keys of section PAGESETUP.
+// The page setup dialog and the keys of section PAGESETUP.
 class PageSetupTest : public QObject
 {
     Q_OBJECT
@@ -70,7 +70,7 @@ private Q_SLOTS:
             SetIni("PAGESETUP", "HEADERSIZE", "14");
             PageSetupForm form;
             Show(form);
-            for (int time = 0; time < 2; ++time) { // filled from the keys each time
+            for (int time = 0; time < 2; ++time) { // reads the keys each time
                 AnswerFontDialog([](QFontDialog& dialog) {
                     QCOMPARE(dialog.currentFont().pointSize(), 14);
                     ChooseSize(dialog, 20);
@@ -90,7 +90,7 @@ private Q_SLOTS:
         Program program;
         program.Start();
         program.InWindow<PageSetupForm>("mnuPageSetup", [](PageSetupForm& form) {
-            const QLineEdit& header = Box(form, "tbHeader"); // of a first run
+            const QLineEdit& header = Box(form, "tbHeader"); // the default of a first run
             QVERIFY(header.font().pointSize() == 12 && header.font().bold() && !header.font().italic());
             QCOMPARE(header.palette().color(QPalette::Text), QColor(Qt::black));
             QTest::keyClicks(&Box(form, "tbHeader"), u"dropped"_s);

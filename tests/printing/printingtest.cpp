@@ -32,7 +32,7 @@ private Q_SLOTS:
     void init() { m_program = Program::Started(); }
     void cleanup() { m_program.reset(); }
 
-    // The notice would lie over what is told.
+    // The notice would cover the message.
     void aFullDiskIsToldWhenTheNoticeIsGone()
     {
         m_program->New(u"notes.mdb"_s);
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(isAlone);
     }
 
-    // A folder in the way of the scratch file stands for a disk that takes no more.
+    // A folder in place of the scratch file makes writing it fail, like a full disk.
     void theWeekIsPrintedWithoutTheScratchFile()
     {
         m_program->New(u"notes.mdb"_s);
@@ -69,7 +69,7 @@ private Q_SLOTS:
     void theShownMonthIsOnThePage()
     {
         m_program->New(u"notes.mdb"_s);
-        g_iMonth = 4; // and then May, whose last two days wrap to the first row
+        g_iMonth = 4; // the next month, May, has two days that wrap to the first row
         m_program->Trigger("mnuNextMonth");
         for (int cell = 1; cell <= 35; ++cell)
             m_program->Box(cell).SetText(u"note%1"_s.arg(cell));
@@ -114,10 +114,10 @@ private Q_SLOTS:
         CancelNextPrintDialog();
         m_program->Trigger("mnuPrintSetup");
         OnNextModal<QPrintDialog>([this](QPrintDialog& dialog) {
-            // A file that is there: for a job the dialog would ask whether to replace it.
+            // An existing file: printing would ask whether to replace it.
             In<QLineEdit>(dialog, "filename").setText(m_program->LogPath());
             dialog.printer()->setPageSize(QPageSize(QPageSize::A5));
-            OnNextModal<QDialog>([](QDialog& properties) { // margins are those of Page Setup
+            OnNextModal<QDialog>([](QDialog& properties) { // Page Setup has the margins
                 QVERIFY(In<QWidget>(properties, "pageSizeCombo").isVisible());
                 QVERIFY(!In<QWidget>(properties, "leftMargin").isVisible());
                 QTest::keyClick(&properties, Qt::Key_Escape);
@@ -125,7 +125,7 @@ private Q_SLOTS:
             QTest::mouseClick(&In<QPushButton>(dialog, "properties"), Qt::LeftButton);
             dialog.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&dialog));
-            // Unfolds the options, whose button changes its name.
+            // Opens the options; their button changes its name.
             QTest::keyClick(dialog.windowHandle(), Qt::Key_P, Qt::AltModifier);
             QTRY_VERIFY(In<QWidget>(dialog, "printAll").isVisible());
             QTest::keyClick(dialog.windowHandle(), Qt::Key_O, Qt::AltModifier);

@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextBlock>
 
-// How an event's text goes into a note and out of it: nothing of the note may change but that.
+// Inserting an event's text into a note and removing it changes nothing else of the note.
 class EventTextTest : public QObject
 {
     Q_OBJECT
@@ -62,12 +62,13 @@ class EventTextTest : public QObject
         all.setCharFormat(PlainFormat());
     }
 
-    // All that can be seen of a document's paragraphs, one text for each: their formats, and those of every character.
+    // The visible properties of a document, one text for each paragraph: its formats, and those of every character.
     static QStringList Described(const QByteArray& rtf)
     {
         QTextDocument document;
         Read(rtf, document);
-        if (!LooksLikeRtf(rtf)) ReadRtf(WriteRtf(document), document); // as it stands in a note from then on
+        if (!LooksLikeRtf(rtf))
+            ReadRtf(WriteRtf(document), document); // the form of a plain text after its first change
         QStringList blocks;
         for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
             QString text;
@@ -89,7 +90,7 @@ class EventTextTest : public QObject
         QVERIFY(!note.contains("wmetafile") || once.contains("0100090000032100000000000500000000001c0000000000"));
         const auto left = text.TakenOutOf(once);
         QVERIFY(left);
-        // The line that the event stood on stays, and an empty one below it.
+        // The event's line stays, with an empty one below it.
         const QStringList lines = Described(*left), before = Described(note);
         QTextDocument added;
         Read(event, added);
@@ -107,7 +108,7 @@ private Q_SLOTS:
                 CheckGoesBelow(Named(held), Named(event));
     }
 
-    // The note's rest is null where the note keeps all.
+    // A null rest means that the note is unchanged.
     void IsFoundAsAWordOfOneParagraph()
     {
         const QByteArray kept, lines = Rtf("Rent\\par\\b and\\b0  gas\\par light\\par\\par");

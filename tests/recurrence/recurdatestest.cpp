@@ -12,8 +12,7 @@ class RecurDatesTest : public QObject
 private Q_SLOTS:
     void WritesIntoTheseDates()
     {
-        // The step, or 0 for those that the event is taken out of; the end; and the dates, of which the first is the
-        // start.
+        // The step, 0 for the dates of a removal; the end; the dates, starting with the start.
         for (const auto& [what, frequency, step, end, dates] : Rows<Frequency, int, const char*, const char*>{
                  {"across the year", Frequency::Daily, 1, "2000/1/2", "1999/12/30 12/31 2000/1/1 1/2"},
                  {"one day", Frequency::Daily, 1, "1999/12/30", "1999/12/30"},

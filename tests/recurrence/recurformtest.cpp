@@ -31,7 +31,7 @@ class RecurFormTest : public QObject
         QTest::keyClicks(&box, digits);
     }
 
-    // Dates as digits in the order of the box; an empty one leaves what stands there.
+    // Types dates as digits in the box's order; an empty one keeps the box's date.
     static void Fill(RecurForm& form, const QString& start, const QString& until, int method, const QString& text)
     {
         if (!start.isEmpty()) TypeDate(form, "maskStartDate", start);
@@ -55,7 +55,7 @@ class RecurFormTest : public QObject
         QTest::mouseRelease(&In<PictureButton>(form, "picRightSpin"), Qt::LeftButton);
     }
 
-    // What the window shows of a record: its dates, the number of its method and its text.
+    // The shown record: its dates, the number of its method and its text.
     static QString Shown(RecurForm& form)
     {
         QString text = In<MaskEdBox>(form, "maskStartDate").Text() + u' ' + In<MaskEdBox>(form, "maskUntil").Text();
@@ -97,7 +97,7 @@ private Q_SLOTS:
             Activate(form);
             auto& day = In<QRadioButton>(form, "opMethod(0)");
             day.setFocus();
-            QTest::keyClick(&day, Qt::Key_Right); // while none is chosen
+            QTest::keyClick(&day, Qt::Key_Right); // while no method is chosen
             QTest::keyClick(&In<MaskEdBox>(form, "maskUntil"), Qt::Key_Return);
             QVERIFY(!form.isVisible());
         });
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(TextOf(u"1999/3/30"_s), QString());
         QCOMPARE(m_program->Box(m_program->CellOf(16)).Text(), u"already here\nRent"_s);
         QVERIFY(!QGuiApplication::overrideCursor());
-        // The same window shows it again and takes it out. The caret has stayed in its day.
+        // Reopened, the window shows the event and removes it. The caret stayed in its day.
         m_program->Activate();
         InWindow([&](RecurForm& form) {
             QCOMPARE(In<MaskEdBox>(form, "maskStartDate").Text(), start);
@@ -133,7 +133,7 @@ private Q_SLOTS:
                        {"02291999", "03011999", 0, "Start Date is not a valid date"},
                        {"03011999", "13011999", 0, "End Date is not a valid date"},
                        {"02011999", "02291999", 3, "End Date is not a valid date"},
-                       // No method is chosen: a year of three digits would be written day by day.
+                       // Without a method: a year of three digits would be written day by day.
                        {"202/11/24", "1999/11/24", -1, "Start Date is not a valid date"},
                        {"1999/11/24", "202/11/24", -1, "End Date is not a valid date"},
                        {"03011999", "02281999", 0, "The Ending Date is earlier than Starting Date"},
@@ -150,7 +150,7 @@ private Q_SLOTS:
             const InRow row(this, entry.message);
             const QString start = QString::fromLatin1(entry.start), message = QString::fromLatin1(entry.message);
             if (start.contains(u'/')) SetDateOrder(2);
-            g_iCurrentPanel = 35; // a memo's, which gives no date
+            g_iCurrentPanel = 35; // a memo cell has no date
             const bool isAsked = message.startsWith(u"Counted"_s);
             SeenBox seen;
             InWindow([&](RecurForm& form) {
@@ -190,7 +190,7 @@ private Q_SLOTS:
 
     void GoesThroughTheEventsOnceAndDeletesTheOneThatIsShown()
     {
-        // Keys come by their text: September before March, and December last.
+        // Keys sort as texts: September, March, December.
         const QString december = u"12/01/1999 12/01/1999 0 December"_s;
         const QString september = u"09/01/1999 09/01/1999 3 September"_s;
         Enter(u"12011999"_s, u"12011999"_s, 0, u"December"_s);
@@ -208,7 +208,7 @@ private Q_SLOTS:
             QCOMPARE(In<QPushButton>(form, "btnCancel").text(), u"Done"_s);
             for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"})
                 QVERIFY2(!In<QWidget>(form, name).isEnabled(), name);
-            // Held down, the window shows a record that is not the one before the table's place.
+            // While held down, the window shows a record other than the one before the table's place.
             Press(form, "btnDelete");
             QVERIFY(form.isVisible());
             Release(form);
@@ -232,13 +232,13 @@ private Q_SLOTS:
         InWindow([](RecurForm& form) {
             for (int i = 0; i < 2; ++i)
                 Hold(form), Release(form);
-            QTest::keyClick(&In<MaskEdBox>(form, "maskUntil"), Qt::Key_Return); // the default button
+            QTest::keyClick(&In<MaskEdBox>(form, "maskUntil"), Qt::Key_Return);
             QVERIFY(!form.isVisible());
         });
         QCOMPARE(TextOf(u"1999/3/1"_s) + TextOf(u"1999/3/31"_s), QString());
         QCOMPARE(m_program->Box(39).Text(), QString());
         QCOMPARE(TextOf(u"1999/9/1"_s) + TextOf(u"1999/12/1"_s), u"SeptemberDecember"_s);
-        InWindow([&](RecurForm& form) { // in the order of the table
+        InWindow([&](RecurForm& form) { // in the table's order
             for (const QString& shown : {september, december, december}) {
                 Hold(form), Release(form);
                 QCOMPARE(Shown(form), shown);
@@ -278,7 +278,7 @@ private Q_SLOTS:
         QVERIFY(!g_rsRecurse.EOF_());
     }
 
-    // Its colours stay, unless one is chosen.
+    // Keeps the note's colours unless a colour is chosen.
     void TheFontOfTheSelectionGoesIntoTheNotes()
     {
         for (const auto& [what, isColored] : Rows<bool>{{"size alone", false}, {"colour too", true}}) {

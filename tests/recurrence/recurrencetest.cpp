@@ -12,7 +12,7 @@
 
 #include <QTextDocument>
 
-// Recurring events in a planner's file: what is written, and what an error leaves out.
+// Recurring events in a planner's file: the written days, and the days that an error leaves out.
 class RecurrenceTest : public QObject
 {
     Q_OBJECT
@@ -100,7 +100,7 @@ private Q_SLOTS:
         m_folders.reset();
     }
 
-    // Written twice, and each walk takes one of the two out; the records of days that held nothing else stay.
+    // The event is written twice, and each removal takes one out. Records of days that held nothing else stay.
     void IsKeptAndWrittenAndTakenOut()
     {
         PutOldNotes({u"1999/3/9"_s});
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QVERIFY(Log().contains("The test's reason in RecurForm, fnRecurseDaily"));
         QCOMPARE(Records(), 0);
         QCOMPARE(TextOf(u"1999/3/1"_s), u"none"_s);
-        // The end's day is looked at by all but the daily events.
+        // All methods but Daily check the end date.
         QVERIFY(MakeEvent().Save(Frequency::Daily, u"2/28/1999"_s, u"2/29/1999"_s, 1));
         QCOMPARE(TextOf(u"1999/2/28"_s), u"Rent"_s);
     }
@@ -146,7 +146,7 @@ private Q_SLOTS:
             SeenBox seen;
             OnNextModal<QMessageBox>([&](QMessageBox& box) {
                 seen = {box.windowTitle(), box.text(), box.icon(), {}};
-                // The days before are in the file already, for nobody may wait inside a transaction.
+                // The earlier days are already committed, because nobody may wait inside a transaction.
                 QCOMPARE(TextOf(u"1999/3/3"_s), u"old 1999/3/3\nRent"_s);
                 Fail(FailurePlan::Before, 0, 0);
                 support::Press(
@@ -167,7 +167,7 @@ private Q_SLOTS:
         }
     }
 
-    // At any call of the store: each day is as it was or as it should be, and those that an error left out are told of.
+    // Fails each call of the store: each day is unchanged or complete, and the error message names the days left out.
     void AnErrorLeavesOutItsDayAlone()
     {
         for (const auto& [what, when, number, removing] :

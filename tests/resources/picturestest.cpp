@@ -1,6 +1,6 @@
 #include "testmain.h"
 
-// Every picture that ships has its icon file, and each size in it can be read and shows something.
+// Every shipped picture has its icon file, and each size in it is readable and not empty.
 #include <QDir>
 #include <QImageReader>
 

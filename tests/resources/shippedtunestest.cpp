@@ -1,5 +1,5 @@
-// Every tune that ships plays through the program's own player: long enough to be noticed, never louder than a file
-// can hold, and over before it tires.
+// Every shipped tune plays through the program's own player: long enough to be noticed, without clipping, and not too
+// long.
 #include "recording.h"
 #include "testmain.h"
 

@@ -12,7 +12,7 @@
 #include <QTabBar>
 
 namespace {
-// Cells 18 and 35 of March 1999 are the 17th and "Memo4".
+// In March 1999 cell 18 is the 17th and cell 35 is "Memo4".
 constexpr int Today = 18;
 
 QString Called(const QObject& object)
@@ -20,7 +20,7 @@ QString Called(const QObject& object)
     return QLatin1StringView(object.metaObject()->className()) + u' ' + object.objectName();
 }
 
-// What is wrong with the names and roles of the objects below this one.
+// The faulty names and roles below this object.
 QStringList Nameless(QAccessibleInterface* item)
 {
     if (!item || item->state().invisible) return {};
@@ -46,7 +46,7 @@ QList<QWidget*> TabStops(const QWidget& window)
     return stops;
 }
 
-// One button of a group is a stop, the arrow keys lead to the others.
+// The Tab key reaches one button of a group, the arrow keys the others.
 bool IsReached(QWidget* stop, const QList<QWidget*>& reached)
 {
     const auto* radio = qobject_cast<QRadioButton*>(stop);
@@ -55,12 +55,12 @@ bool IsReached(QWidget* stop, const QList<QWidget*>& reached)
            });
 }
 
-// What the Tab key does not reach, and what does not show that it has the focus.
+// Controls that the Tab key does not reach, or that do not show the focus.
 QStringList Unreached(QWidget& window)
 {
     QStringList wrong;
     QList<QWidget*> reached;
-    QTest::keyClick(window.focusWidget(), Qt::Key_Tab); // some styles show the focus once a key has moved it
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab); // some styles show the focus only after a key has moved it
     QTest::keyClick(window.focusWidget(), Qt::Key_Backtab);
     QWidget* focus = window.focusWidget();
     while (focus && !reached.contains(focus)) {
@@ -69,7 +69,7 @@ QStringList Unreached(QWidget& window)
         const QImage entered = window.grab(area).toImage();
         QTest::keyClick(focus, Qt::Key_Tab);
         const auto* button = qobject_cast<QPushButton*>(focus);
-        const bool looksChosen = button && button->isDefault(); // the style's own look of focus
+        const bool looksChosen = button && button->isDefault(); // the style shows its focus by this look
         if (!looksChosen && window.focusWidget() != focus && window.grab(area).toImage() == entered)
             wrong += u"focus not seen: "_s + Called(*focus);
         focus = window.focusWidget();
@@ -116,7 +116,7 @@ QPalette BlackPalette()
 }
 } // namespace
 
-// The program without a mouse, without eyes, and with eyes that need large letters or a dark screen.
+// The program without a mouse, with a screen reader, with large letters and with a dark screen.
 class AccessibleTest : public QObject
 {
     Q_OBJECT
@@ -132,7 +132,7 @@ class AccessibleTest : public QObject
     }
     QString Said(int cell) const { return Said(m_program->Box(cell)); }
 
-    // Pictures are made where scripts/screens asks for them.
+    // Saves a picture if scripts/screens asks for one.
     void Picture(const char* name, QWidget& window) const
     {
         const QString folder = qEnvironmentVariable("ORRELIN_SCREENS");
@@ -153,7 +153,7 @@ class AccessibleTest : public QObject
         Look(entry, window);
     }
 
-    // Windows in which nobody does anything.
+    // Windows without any action in them.
     void ShowAndPicture(const char* name, QWidget&& window) const
     {
         window.show();
@@ -170,7 +170,7 @@ class AccessibleTest : public QObject
                                "much to do on one day and writes all of it."_s);
     }
 
-    // The window that the entry opens, modal or not.
+    // Looks at the window that the entry opens, modal or not.
     void LookAtWindowOf(const char* entry)
     {
         OnNextModal([](QWidget*) { return true; },
@@ -270,7 +270,7 @@ private Q_SLOTS:
         m_program->Start();
         m_program->New(u"own.mdb"_s);
         AddAlarms({MakeAlarm("1999/3/16", "10:00", "")});
-        QCOMPARE(Said(Today), u"|"_s); // nobody listens
+        QCOMPARE(Said(Today), u"|"_s); // no screen reader is active
         QAccessible::setActive(true);
         QCOMPARE(Said(Today), u"Wednesday, March 17, 1999|Today."_s);
         QCOMPARE(Said(m_program->Panel(Today)), Said(Today));

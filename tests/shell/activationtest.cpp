@@ -15,13 +15,13 @@
 
 using namespace Qt::StringLiterals;
 
-// What the desktop asks of the program over a real bus: as a menu and a file manager do.
+// Calls over a real bus, as a menu and a file manager send them.
 class ActivationTest : public QObject
 {
     Q_OBJECT
 
     const QDBusConnection m_desktop;
-    const QString m_settings; // of the program that the bus starts
+    const QString m_settings; // of the program started by the bus
     std::unique_ptr<Program> m_program;
     std::unique_ptr<DesktopCalls> m_calls;
 
@@ -33,7 +33,7 @@ class ActivationTest : public QObject
         return m_desktop.asyncCall(call);
     }
 
-    // The caller is answered before the planner is opened, and long before a person has answered its question.
+    // The program replies before it opens the planner or asks a question.
     void CallAndWait(const QString& method, const QVariantList& arguments) const
     {
         const QDBusPendingCall call = Call(method, arguments);
@@ -53,7 +53,7 @@ class ActivationTest : public QObject
         return m_program->form->windowTitle().endsWith(m_program->folders.Path(name).toLower());
     }
 
-    // A planner whose note of the 17th is its own name.
+    // Makes a planner whose note of the 17th is the planner's name.
     void Make(const QString& name) const
     {
         Database planner = MakePlanner(m_program->folders.Path(name));
@@ -94,7 +94,7 @@ private Q_SLOTS:
         m_program->New(u"first.mdb"_s);
         m_program->Type(20, u"not saved yet"_s);
         Make(u"Year & #1.MDB"_s);
-        Make(u"year & #1.mdb"_s); // not the one that was chosen
+        Make(u"year & #1.mdb"_s); // not the chosen file
         Program::AnswerOpenAs(true);
         Open({Address(u"Year & #1.MDB"_s)});
         QTRY_VERIFY(Shows(u"Year & #1.MDB"_s));
@@ -107,7 +107,7 @@ private Q_SLOTS:
 
     void WhatCannotBeOpenedIsToldOf()
     {
-        // Who is asked how to open it has named a file of this test.
+        // asksHow: the uri is a file of this test, so the program asks how to open it.
         for (const auto& [what, uri, asksHow, told] : Rows<QString, bool, QString>{
                  {"an address of the network", u"sftp://desk/notes.mdb"_s, false, u"sftp://desk/notes.mdb"_s},
                  {"a file of another machine", u"file://desk3/notes.mdb"_s, false, u"file://desk3/notes.mdb"_s},
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY2(seen.Text.contains(u'3'), qPrintable(seen.Text));
     }
 
-    // Of two that were chosen meanwhile the later one counts.
+    // Of two planners opened meanwhile, the later one counts.
     void AnOpenWindowIsNotDisturbed()
     {
         Make(u"a.mdb"_s);
@@ -148,7 +148,7 @@ private Q_SLOTS:
         OnNextModal<QDialog>([this](QDialog& about) {
             Open({Address(u"a.mdb"_s)});
             Open({Address(u"b.mdb"_s)});
-            QTest::qWait(150); // longer than until it is tried once more
+            QTest::qWait(150); // longer than the pause before the next try
             QCOMPARE(QApplication::activeModalWidget(), &about);
             Program::AnswerOpenAs(false);
             about.accept();
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QTRY_VERIFY(Shows(u"a.mdb"_s));
     }
 
-    // It has a loop of its own inside the program's.
+    // A drag runs its own event loop inside the program's.
     void ADragIsNotDisturbed()
     {
         Make(u"a.mdb"_s);
@@ -224,8 +224,7 @@ private Q_SLOTS:
         QTRY_COMPARE(Owner(), QDBusConnection::sessionBus().baseService());
     }
 
-    // The file of the service finds the program, which takes the call that it was started for, and ends in good order
-    // by a signal.
+    // The service file finds the program. The program handles the call that started it, and a signal ends it cleanly.
     void TheBusStartsTheProgram()
     {
         QDBusConnection::sessionBus().interface()->unregisterService(DesktopCalls::Name());
@@ -237,7 +236,7 @@ private Q_SLOTS:
             QVERIFY(!owner.isEmpty() && owner != QDBusConnection::sessionBus().baseService());
             QCOMPARE(kill(pid_t(m_desktop.interface()->servicePid(owner).value()), signal), 0);
             QTRY_COMPARE_WITH_TIMEOUT(Owner(), QString(), support::longestWait);
-            QVERIFY(Content(m_settings).contains("Mainform Dimension")); // the place of its window
+            QVERIFY(Content(m_settings).contains("Mainform Dimension")); // it saved its window's place
         }
     }
 };

@@ -5,14 +5,14 @@
 
 #include <QCheckBox>
 
-// The start-up options and what the next start makes of them.
+// The start-up options and their effect on the next start.
 class AutoloadTest : public QObject
 {
     Q_OBJECT
 
     std::unique_ptr<Program> m_program;
 
-    // Clicks the named controls of the dialog and leaves it by the key.
+    // Clicks the named controls of the dialog and closes it with the key.
     void Customize(const QStringList& clicks, Qt::Key key)
     {
         m_program->InWindow<AutoloadForm>("mnuAutoload", [=](AutoloadForm& form) {
@@ -40,14 +40,14 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box(20).Text(), u"found again"_s);
         QVERIFY(m_program->form->windowTitle().endsWith(u"notes.mdb"_s));
 
-        // Cancelled, nothing changes; cleared, the path goes.
+        // Cancel changes nothing. Clearing the option clears the path.
         Customize({u"chkAutoload"_s, u"chkMinimized"_s}, Qt::Key_Escape);
         QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"1"_s);
         QCOMPARE(Ini("VIEW", "MINIMIZED"), u"0"_s);
         Customize({u"chkAutoload"_s, u"opStartupView(0)"_s}, Qt::Key_Return);
         QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"0"_s);
         QCOMPARE(Ini("QMT2LOAD", "FILEPATH"), QString());
-        SetIni("QMT2LOAD", "LOAD CONDITION", "1"); // without a path it is none
+        SetIni("QMT2LOAD", "LOAD CONDITION", "1"); // without a path the option has no effect
         m_program->Exit();
         m_program->Start();
         QVERIFY(g_sDBPath.isEmpty());

@@ -30,10 +30,10 @@ private Q_SLOTS:
         QCOMPARE(m_program->Log().count('\n'), 7);
         QVERIFY(m_program->Log().contains("Control array element '42' doesn't exist in MainForm, subExitProgram"));
         m_program->Start();
-        QCOMPARE(m_program->Log(), QByteArray()); // each run begins an empty log
+        QCOMPARE(m_program->Log(), QByteArray()); // each run starts an empty log
     }
 
-    // A name that ends in "mdb" gets no extension, whatever stands before it.
+    // A name that ends in "mdb" gets no extension, even without a dot.
     void TheExitSavesWhateverTheWayOut()
     {
         for (const int way : {Mainform::SessionEnds, Mainform::ProcessIsEnded}) {
@@ -48,7 +48,7 @@ private Q_SLOTS:
         }
     }
 
-    // With none before it visible, the oldest of the recent planners goes to the third place.
+    // If no earlier entry is visible, the oldest of the recent planners takes the third place.
     void TheExitWritesTheFirstVisibleRecentPlanner()
     {
         WriteIni("[MRU]\nMRU1=/a.mdb\nMRU2=/b.mdb\nMRU3=/c.mdb\nMRU4=/d.mdb\n");

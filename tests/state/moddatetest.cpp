@@ -37,7 +37,7 @@ private Q_SLOTS:
     {
         for (const auto& [key, read] : {std::pair("1999/12/31", "1999/12/31"),
                                         {"1999/07/04", "1999/7/4"},
-                                        {"1900/2/29", "1900/2/29"}, // of the grid alone
+                                        {"1900/2/29", "1900/2/29"}, // a date of the grid only
                                         {"1999/2/29", ""},
                                         {"1999/7/Memo3", ""},
                                         {"1999/7", ""}}) {
@@ -46,7 +46,7 @@ private Q_SLOTS:
         }
     }
 
-    // Every fourth year has a 29th of February; digits alone count, and the last four characters are the year.
+    // Every fourth year has a 29 February. Only digits count, and the last four characters are the year.
     void EntryDatesAreValidated()
     {
         for (const char* valid : {"2/29/2000", "2/29/1900", "12/31/1999", "1/1/99999"})

@@ -21,12 +21,12 @@ private Q_SLOTS:
                 QCOMPARE(Weekday(year, month, 1), QDate(year, month, 1).dayOfWeek() % 7 + 1);
             }
         }
-        // The 29th of February that only the grid knows is the 1st of March.
+        // A 29 February that only the grid knows is the real 1 March.
         QCOMPARE(Weekday(2100, 2, 29), QDate(2100, 3, 1).dayOfWeek() % 7 + 1);
     }
 
-    // Every kind of month: each first weekday with each length. Each day stands in the column of its weekday, and
-    // what is left is numbered memos in the order of the cells.
+    // Every first weekday with every month length. Each day is in the column of its weekday, and the other cells are
+    // memos, numbered in the order of the cells.
     void EveryMonthFitsTheGrid()
     {
         for (int first = 1; first <= 7; ++first) {

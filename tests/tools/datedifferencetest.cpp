@@ -40,7 +40,7 @@ private Q_SLOTS:
     void init() { m_program = std::make_unique<Program>(); }
     void cleanup() { m_program.reset(); }
 
-    // Against counting one by one: days on a calendar of its own, weeks by their Sundays, months by their firsts.
+    // Compares with counting one by one: days on a separate calendar, weeks by Sundays, months by firsts.
     void CountsAsOneCountsByHand()
     {
         const GridDay start = {1896, 3, 5};
@@ -57,7 +57,7 @@ private Q_SLOTS:
         const GridDay leap = {2100, 2, 29};
         QCOMPARE(DateDifferenceOf(DateUnit::Day, {2100, 2, 28}, leap), 1);
         QCOMPARE(DateDifferenceOf(DateUnit::Month, {2100, 1, 31}, leap), 1);
-        QCOMPARE(DateDifferenceOf(DateUnit::Week, {2100, 2, 28}, leap), 0); // a Monday, behind that Sunday
+        QCOMPARE(DateDifferenceOf(DateUnit::Week, {2100, 2, 28}, leap), 0); // the grid's Monday after that Sunday
         for (const QString& date : {u"12/31/1999"_s, u"02/29/2100"_s})
             QVERIFY(DayOfText(date));
         for (const QString& none :
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(IsAt(fifth) && Label().width() >= Label().sizeHint().width());
         QCOMPARE(Over(last), u"Day 89"_s);
         QVERIFY(m_program->Panel(memo).Caption().startsWith(u"Memo"));
-        QCOMPARE(Over(memo), u"Day 89"_s); // which has no date
+        QCOMPARE(Over(memo), u"Day 89"_s); // a memo has no date, so the label stays
         QVERIFY(IsAt(last));
         Put("Calculation Method", "1");
         QCOMPARE(Over(last), u"Week 13"_s);
@@ -87,7 +87,7 @@ private Q_SLOTS:
         Put("DateDiff", "12/01/2000");
         QCOMPARE(Over(last), u"Month -21"_s);
         Put("DateDiff", "12/ 1/2000");
-        QCOMPARE(Over(last), QString()); // nothing rather than nonsense
+        QCOMPARE(Over(last), QString()); // no label for an invalid date
         Put("DateDiff", "03/31/1999");
         QCOMPARE(Over(last), u"Month 0"_s);
         m_program->Trigger("mnuDateDiffShow");
@@ -105,27 +105,27 @@ private Q_SLOTS:
         m_program->form->resize(m_program->form->size() - QSize(140, 100));
         QTRY_VERIFY(IsAt(fifth));
         const QImage shown = m_program->form->centralWidget()->grab(Label().geometry()).toImage();
-        QCOMPARE(shown.pixelColor(1, 1), Label().palette().color(QPalette::Window)); // and in front
+        QCOMPARE(shown.pixelColor(1, 1), Label().palette().color(QPalette::Window)); // the label is in front
         m_program->Trigger("mnuNextMonth");
-        QCOMPARE(Label().text(), u"Day 91"_s); // 2 April
+        QCOMPARE(Label().text(), u"Day 91"_s); // to 2 April
         QVERIFY(IsAt(fifth));
         m_program->Trigger("mnuPrevMonth");
         const auto enter = [&](int cell) { m_program->Box(cell).setFocus(Qt::TabFocusReason); };
-        enter(first); // the mouse rests on the fifth
+        enter(first); // the mouse rests on the fifth, so it decides
         QVERIFY(IsAt(fifth));
         QTest::mouseMove(&m_program->Bottom(), QPoint(200, 9));
-        enter(fifth + 1); // nor does the mouse lead any more
+        enter(fifth + 1); // the mouse has left
         QVERIFY(IsAt(fifth + 1));
         QDialog search(m_program->form.get());
         search.show();
         Activate(search);
         enter(fifth);
-        Q_EMIT m_program->Box(fifth).GotFocus(); // as a hit is shown
+        Q_EMIT m_program->Box(fifth).GotFocus(); // as Find Word shows a hit
         QVERIFY(!IsAt(fifth));
         search.close();
         m_program->Activate();
         Over(first);
-        m_program->Trigger("mnuNextMonth"); // in which that cell is a memo's
+        m_program->Trigger("mnuNextMonth"); // there the cell is a memo
         QVERIFY(!Label().isVisible());
         Over(fifth);
         m_program->Trigger("mnuWeekView");

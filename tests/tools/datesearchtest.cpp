@@ -8,7 +8,7 @@ class DateSearchTest : public QObject
 
     std::unique_ptr<Program> m_program;
 
-    // Checks what the next dialog has chosen, clicks the options, and leaves it by the key.
+    // Checks the chosen options of the next dialog, clicks the options and closes it with the key.
     static void Search(const QStringList& chosen, const QStringList& clicks, Qt::Key key)
     {
         OnNextModal<QDialog>([=](QDialog& form) {
@@ -52,7 +52,7 @@ private Q_SLOTS:
         Search({u"opMonth(11)"_s}, {u"opMonth(1)"_s}, Qt::Key_Escape);
         m_program->Trigger("mnuDateSearch");
         QCOMPARE(g_iMonth, std::int16_t{11});
-        m_program->Trigger("mnuWeekView"); // where there is only a message
+        m_program->Trigger("mnuWeekView"); // here the command shows only a message
         SeenBox seen;
         AnswerNextBox(msgbox::Ok, &seen);
         QTest::mouseDClick(&m_program->Bottom(), Qt::LeftButton);

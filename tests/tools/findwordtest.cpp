@@ -16,7 +16,7 @@ class FindWordTest : public QObject
     const QString m_name = u"notes.mdb"_s;
     std::unique_ptr<Program> m_program;
 
-    // Keys are texts: the last record is the one whose key is the smallest.
+    // Keys sort as texts, so the last record has the smallest key.
     void Store(const QMap<QString, QByteArray>& notes) const
     {
         Database planner = DBEngine::OpenDatabase(m_program->folders.Path(m_name));
@@ -63,7 +63,7 @@ class FindWordTest : public QObject
         QTest::mouseClick(Of("btnFindNext").isVisible() ? &Of("btnFindNext") : &Of("btnFindWithin"), Qt::LeftButton);
     }
 
-    // "1999/3/7 within" for a hit there whose note is selected as a whole; "end" once no more is found.
+    // Goes to the next hit. Returns its day, with "within" if the whole note is selected; "end" after the last.
     QString Next() const
     {
         SeenBox seen;
@@ -113,10 +113,10 @@ private Q_SLOTS:
         QCOMPARE(m_program->Bottom().Caption(), u"OCTOBER 1999"_s);
         QTest::keyClick(&Of<QLineEdit>("tbFindWord"), Qt::Key_Escape);
         QVERIFY(QTest::qWaitFor([this] { return !IsOpen(); }));
-        QCOMPARE(m_program->Box(g_iCurrentPanel).SelLength(), 0); // one letter would take the note's place
+        QCOMPARE(m_program->Box(g_iCurrentPanel).SelLength(), 0); // a typed letter would replace a selected note
     }
 
-    // The record that the search stands on after the change of the word is not looked at.
+    // After a change of the word, the search skips the record it stands on.
     void AChangedWordBeginsBeforeTheLastRecord()
     {
         Begin({{u"1999/3/1"_s, "first word"}, {u"1999/3/2"_s, "second word"}});
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box(g_iCurrentPanel).Text(), u"second word"_s);
         QVERIFY(Of("btnFindWithin").isVisible());
         QVERIFY(!Of("btnFindNext").isVisible());
-        QVERIFY(Form().isActiveWindow()); // who presses Enter again goes on searching
+        QVERIFY(Form().isActiveWindow()); // so that Enter searches again
         Look(u"first"_s);
         QVERIFY(Of("btnFindNext").isVisible());
         QCOMPARE(Next(), u"end"_s);
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(Next(), u"1999/3/2"_s);
         QTest::keyClick(&Of<QLineEdit>("tbFindWord"), Qt::Key_Escape);
         QVERIFY(QTest::qWaitFor([this] { return !IsOpen(); }));
-        OpenForm(); // which begins anew
+        OpenForm(); // starts again
         Look(u"first"_s);
         QCOMPARE(Next(), u"1999/3/1"_s);
     }
@@ -146,7 +146,7 @@ private Q_SLOTS:
         Look(u"milk"_s);
         QCOMPARE(Next(), u"1999/3/3"_s);
         Look(u"den*st at #"_s);
-        QCOMPARE(Next(), u"1999/3/2 bare"_s); // the pattern as a word stands nowhere in it
+        QCOMPARE(Next(), u"1999/3/2 bare"_s); // as a plain word the pattern is nowhere in the note
         for (const QString& broken : {u"don't"_s, u"[a-"_s}) {
             Look(broken);
             QCOMPARE(Next(), u"end"_s);
@@ -163,7 +163,7 @@ private Q_SLOTS:
         Look(u"milk"_s);
         QCOMPARE(Next(), u"1999/3/31"_s);
         QVERIFY(g_iCurrentPanel >= FirstWeekCell);
-        // Turned away meanwhile: the hit's day is shown again.
+        // After a turn to another page, the hit's day is shown again.
         m_program->Trigger("mnuPrevWeek");
         QCOMPARE(Next(), u"1999/3/31"_s);
     }
@@ -190,11 +190,11 @@ private Q_SLOTS:
         OpenForm();
         Look(u"milk"_s);
         QCOMPARE(Next(), u"1999/1/5"_s);
-        m_program->Open(m_name, true); // the same in another way
+        m_program->Open(m_name, true); // opens the same planner shared
         QCOMPARE(Next(), u"1999/1/5"_s);
         m_program->New(u"other.mdb"_s);
         QCOMPARE(Next(), u"end"_s);
-        // Nothing keeps the planner open that was searched.
+        // The search keeps no planner open.
         DBEngine::DeleteDatabase(m_program->folders.Path(m_name));
         m_program->form->setFocus();
         m_program->Trigger("mnuFindWord");
@@ -221,7 +221,7 @@ private Q_SLOTS:
         OpenForm();
         QCOMPARE(Form().pos(), QPoint(200, ToPixels(100)));
         QVERIFY(!Form().isModal());
-        QVERIFY(!Form().windowFlags().testFlag(Qt::WindowStaysOnTopHint)); // in front of its own program alone
+        QVERIFY(!Form().windowFlags().testFlag(Qt::WindowStaysOnTopHint)); // it stays in front of the program only
         QCOMPARE(Form().parentWidget(), m_program->form.get());
         Form().move(300, 220);
         m_program->Exit();

@@ -31,7 +31,7 @@ class WallpaperTest : public QObject
         return folders::ApplicationDirectory() + u'/' + QString::fromLatin1(name);
     }
 
-    // From the first heading to the foot of the title, in pixels of the client area.
+    // From the first heading to the bottom of the title, in pixels of the client area.
     QRect Region() const
     {
         const auto& heading = m_program->Find<SSPanel>("lblDayOfWeek(0)");
@@ -39,7 +39,7 @@ class WallpaperTest : public QObject
         return {heading.x(), heading.y(), title.width(), m_program->form->centralWidget()->height() - heading.y()};
     }
 
-    // The part of the bitmap in which a cell stands.
+    // The part of the bitmap that shows the cell.
     QImage Cell(const QImage& bitmap, int cell) const
     {
         const SSPanel& panel = m_program->Panel(cell);
@@ -57,7 +57,7 @@ class WallpaperTest : public QObject
         return false;
     }
 
-    // The number that the mouse leaves in a cell.
+    // The label with the number that the mouse shows over the cell.
     QLabel& ShowDateDiff(int cell) const
     {
         auto& label = m_program->Find<QLabel>("lblDateDiff");
@@ -68,7 +68,7 @@ class WallpaperTest : public QObject
         return label;
     }
 
-    // What the command says, with its title.
+    // The command's message, with its title.
     QString Said(const char* entry) const
     {
         const SeenBox box = m_program->Said(entry);
@@ -98,7 +98,7 @@ private Q_SLOTS:
         QRect place(QPoint(), bitmap.size());
         place.moveCenter(root.rect().center());
         QCOMPARE(root.copy(place), bitmap.copy().convertToFormat(QImage::Format_RGB32));
-        QVERIFY(HasColor(Cell(bitmap, 1), paper::MemoPaper)); // it is the calendar
+        QVERIFY(HasColor(Cell(bitmap, 1), paper::MemoPaper)); // it shows the calendar
     }
 
     void NothingOfTheMomentIsInThePicture()
@@ -115,7 +115,7 @@ private Q_SLOTS:
              {paper::Today, paper::TodayFrame, paper::Accent, QColor(Qt::red), label.palette().color(QPalette::Window),
               box.palette().color(QPalette::Active, QPalette::Highlight)})
             QVERIFY2(!HasColor(cell, color), qPrintable(color.name()));
-        QVERIFY(HasColor(cell, Qt::black)); // the number as on any other day, and the note
+        QVERIFY(HasColor(cell, Qt::black)); // the note, and the number as on any other day
 
         QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
         QCOMPARE(m_program->Panel(Today).ForeColor(), 0xFFu);
@@ -131,9 +131,9 @@ private Q_SLOTS:
         m_program->New(u"planner.mdb"_s);
         m_program->Trigger("mnuNextMonth");
         SSPanel& sameDay = m_program->Panel(m_program->CellOf(17));
-        sameDay.SetPaper(Qt::green); // as nothing has it
+        sameDay.SetPaper(Qt::green); // a colour that no cell has
         m_program->Trigger("mnuSetWallpaper");
-        QCOMPARE(sameDay.Paper(), QColor(Qt::green)); // in another month no cell changes
+        QCOMPARE(sameDay.Paper(), QColor(Qt::green)); // no cell of another month changes
         m_program->Trigger("mnuThisMonth");
         m_program->Trigger("mnuWeekView");
         m_program->Trigger("mnuSetWallpaper");
@@ -148,7 +148,7 @@ private Q_SLOTS:
         for (const auto& [what, size, isWeek] : Rows<QString, bool>{
                  {"full screen", u"1"_s, false}, {"full screen, week", u"1"_s, true}, {"maximized", u"2"_s, false}}) {
             const InRow row(this, what);
-            m_program->New(u"mymdb"_s); // whose last letters count as an extension
+            m_program->New(u"mymdb"_s); // a name whose last letters count as an extension
             if (isWeek) m_program->Trigger("mnuWeekView");
             SetIni("WallPaper", "WallpaperSize", size);
             const QRect before = m_program->form->geometry();
@@ -166,7 +166,7 @@ private Q_SLOTS:
             const QSize maximized = Region().size() + (screen - around - client) - QSize(0, 1);
             const SeenRoot root;
             QCOMPARE(bitmap.size(), size == u'1' ? root.SizeOf(root.Window()) : maximized * ratio);
-            // The headings stand at the top and the title at the foot, over all of the width.
+            // The headings are at the top and the title at the bottom, over the full width.
             QVERIFY(HasColor(bitmap.copy(0, 0, bitmap.width() / 7, 20), paper::Band));
             QVERIFY(HasColor(bitmap.copy(bitmap.width() - 30, bitmap.height() - 30, 30, 30), paper::Band));
             QCOMPARE(m_program->form->geometry(), before);
@@ -183,7 +183,8 @@ private Q_SLOTS:
         fake.Keep(m_options, "'wallpaper'");
         m_program->Trigger("mnuSetWallpaper");
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
-        QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), photo); // set by another program, and longer than 80 letters
+        QCOMPARE(Ini("WallPaper", "PreviousWallPaper"),
+                 photo); // was set by another program and is longer than 80 letters
         QCOMPARE(Ini("WallPaper", "PreviousTileStyle"), u"1"_s);
         QCOMPARE(WinIni("TileWallPaper"), u"0"_s);
         QCOMPARE(Said("mnuPrevWallpaper"), u"Orrelin Help Wizard: Restored to previous wallpaper!"_s);
@@ -205,7 +206,7 @@ private Q_SLOTS:
         QCOMPARE(Said("mnuPrevWallpaper"), u"Orrelin Help Wizard: Restored to previous wallpaper!"_s);
         QCOMPARE(SeenRoot().Pixmap(), 0U);
         QCOMPARE(WinIni("wallpaper"), u"(None)"_s);
-        // As a new session has it: its root is empty, and WIN.INI has the picture of the last one.
+        // As at the start of a session: the root is empty, and WIN.INI names the last picture.
         WritePrivateProfileStringA(u"Desktop"_s, u"wallpaper"_s, Bitmap("planner.bmp"), u"WIN.INI"_s);
         QCOMPARE(Said("mnuUpdateWallpaper"), u"Orrelin Help Wizard: Successfully Updated Wallpaper!"_s);
         QVERIFY(SeenRoot().Pixmap() != 0);
@@ -217,10 +218,10 @@ private Q_SLOTS:
         const FakeDesktop fake("GNOME");
         m_program->Trigger("mnuSetWallpaper");
         QCOMPARE(Said("mnuUpdateWallpaper"), u"Orrelin Help Wizard: Successfully Updated Wallpaper!"_s);
-        QVERIFY(fake.Calls().contains("picture-options 'none'")); // or what is cached would stay
+        QVERIFY(fake.Calls().contains("picture-options 'none'")); // otherwise the desktop would keep its cached picture
         QCOMPARE(fake.Kept(m_options), QByteArray("'centered'"));
         const QString before = Ini("WallPaper", "PreviousWallPaper");
-        QCOMPARE(Said("mnuClearWallpaper"), u": "_s); // nothing
+        QCOMPARE(Said("mnuClearWallpaper"), u": "_s); // no message
         QCOMPARE(fake.Kept(m_options), QByteArray("'none'"));
         QCOMPARE(WinIni("wallpaper"), u"(None)"_s);
         QCOMPARE(Ini("WallPaper", "PreviousWallPaper"), before);
@@ -240,7 +241,7 @@ private Q_SLOTS:
             fake.Become("refuses");
             QCOMPARE(Said(entry.constData()), said);
             QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
-            // As it stands, WIN.INI is changed before the desktop is asked.
+            // WIN.INI is written before the desktop's command runs.
             if (entry == "mnuSetWallpaper") QCOMPARE(WinIni("wallpaper"), Bitmap("planner.bmp"));
         }
     }
@@ -272,8 +273,8 @@ private Q_SLOTS:
             QCOMPARE(Ini("WallPaper", "WallpaperSize"), key == Qt::Key_Return ? u"0"_s : u"1"_s);
         }
         QCOMPARE(Ini("WallPaper", "Autoupdate"), u"1"_s);
-        QVERIFY(!QFile::exists(Bitmap("planner.bmp")));                  // the wallpaper stays as it is
-        for (const QString& stored : {u"0"_s, u"1"_s, u"2"_s, u"7"_s}) { // the last is none of the three
+        QVERIFY(!QFile::exists(Bitmap("planner.bmp")));                  // the wallpaper is unchanged
+        for (const QString& stored : {u"0"_s, u"1"_s, u"2"_s, u"7"_s}) { // 7 is none of the three
             SetIni("WallPaper", "WallpaperSize", stored);
             const QString shown = stored == u'7' ? u"2"_s : stored;
             m_program->InWindow<WallpaperForm>("mnuWallpaperOption", [&](WallpaperForm& form) {
@@ -301,7 +302,7 @@ private Q_SLOTS:
             const FakeDesktop fake("GNOME");
             if (!manner.isEmpty()) fake.Become(manner.constData());
             if (isMinimized) m_program->form->showMinimized();
-            m_program->form->subExitProgram(mode); // a box would have nobody to answer it
+            m_program->form->subExitProgram(mode); // nobody could answer a box
             const qreal ratio = m_program->form->devicePixelRatioF();
             QVERIFY(m_program->form->HasEnded());
             QCOMPARE(QFile::exists(Bitmap("notes.bmp")), isWanted);

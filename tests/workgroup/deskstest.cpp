@@ -1,7 +1,7 @@
 #include "testmain.h"
 #include "workgroupprogram.h"
 
-// Two desks: the program and another process, on a planner in a file and on a server.
+// Two desks: the program and another process, with a planner in a file and on a server.
 class DesksTest : public QObject
 {
     Q_OBJECT
@@ -9,7 +9,7 @@ class DesksTest : public QObject
     std::unique_ptr<WorkgroupProgram> m_program;
     QString m_path;
 
-    // Ends the other process like a power cut; a server needs a moment to see it.
+    // Kills the other process, as a power cut would. A server takes a moment to notice.
     static void Kill(OtherProgram& other, int sessionsLeft)
     {
         other.Kill();
@@ -70,7 +70,7 @@ private Q_SLOTS:
         m_program->Click(WorkgroupProgram::Cell);
         QCOMPARE(m_program->PressLockAndHear(), u"Could not update; currently locked by "_s + OtherProgram::Name());
         QVERIFY(m_program->ShowsFree());
-        m_program->Click(20); // elsewhere the work goes on
+        m_program->Click(20); // other days can be edited
         m_program->PressLock();
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();

@@ -6,7 +6,7 @@
 
 #include <QCheckBox>
 
-// The options of a workgroup's planner: what the file says and what the running session does.
+// The options of a workgroup's planner, in the settings file and in the running session.
 class NetworkOptionsTest : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ private Q_SLOTS:
 
     void okWritesAndCounts()
     {
-        m_program->New(u"mine.mdb"_s); // they are a workgroup's alone
+        m_program->New(u"mine.mdb"_s); // the options need a workgroup's planner
         QVERIFY(!m_program->Entry("mnuNetworkOptions").isEnabled() && !m_program->Entry("mnuLockDay").isEnabled());
         QVERIFY(!m_program->Find<Timer>("tmUnLock").Enabled());
         m_program->New(u"team.mdb"_s, true);
@@ -43,7 +43,7 @@ private Q_SLOTS:
              {std::pair("AutoUnLock", "1"), {"AutoRefresh", "1"}, {"UnlockDelay", "2.5"}, {"RefreshDelay", "5"}})
             QCOMPARE(Ini("Network Options", key), QString::fromLatin1(value));
         QCOMPARE(g_lUnlockDelay, 120);
-        QCOMPARE(g_lRefreshDelay, 77); // what is no number leaves the running delay
+        QCOMPARE(g_lRefreshDelay, 77); // an invalid number leaves the running delay
         QVERIFY(bGeneralUnlockEnable && g_bAutoRefresh);
         QVERIFY(m_program->Find<Timer>("tmAutoRefresh").Enabled() && !m_program->Find<Timer>("tmUnLock").Enabled());
     }

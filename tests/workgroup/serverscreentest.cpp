@@ -6,22 +6,21 @@
 
 #include <QToolButton>
 
-// What the screen shows of a planner on a server: what others store while one looks on, and what one has typed when the
-// connection breaks.
+// The screen over a planner on a server: changes by others, and typed text when the connection breaks.
 class ServerScreenTest : public QObject
 {
     Q_OBJECT
 
     std::unique_ptr<WorkgroupProgram> m_program;
     std::unique_ptr<CuttingProxy> m_proxy; // between the program and the server, for one connection at a time
-    QString m_direct;                      // a link past it
+    QString m_direct;                      // a link that bypasses it
     QString m_planner;
 
     static void Link(const QString& path, const QString& uri)
     {
         SetContent(path, "Orrelin planner link 1\n" + uri.toUtf8() + '\n');
     }
-    // Another user's look at the planner, by a connection of its own.
+    // Another user's work on the planner, by a separate connection.
     void Others(const std::function<void(Database&)>& work) const
     {
         Database planner = DBEngine::OpenDatabase(m_direct);
@@ -71,7 +70,7 @@ private Q_SLOTS:
         m_proxy.reset();
     }
 
-    // Whoever writes a link could have the program log in anywhere.
+    // The author of a link could have the program log in anywhere.
     void AServerNotSeenBeforeIsAskedAbout()
     {
         const QString address = TestServer::Get().Uri(m_planner);
@@ -95,11 +94,11 @@ private Q_SLOTS:
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
         open(msgbox::Yes);
         QCOMPARE(Shown(), u"old"_s);
-        m_program->Open(QFileInfo(m_direct).fileName(), true); // no question
+        m_program->Open(QFileInfo(m_direct).fileName(), true); // asks no question
         QCOMPARE(Shown(), u"old"_s);
     }
 
-    // While the connection is broken the planner is open to others; a note of theirs must outlive our save.
+    // While the connection is broken, others can open the planner. Our save must keep a note of theirs.
     void aPersonalPlannersSaveKeepsWhatOthersWrote()
     {
         const QString file = QFileInfo(m_direct).fileName();
@@ -120,7 +119,7 @@ private Q_SLOTS:
         OthersWrite(u"1999/5/1"_s, "not shown");
         OthersWrite(m_program->Key, "first");
         QTRY_COMPARE(Shown(), u"first"_s);
-        QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays chosen
+        QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays the current one
         Others([&](Database& planner) {
             Recordset notes = Days(planner);
             notes.Seek(u"="_s, m_program->Key);
@@ -134,7 +133,7 @@ private Q_SLOTS:
         QVERIFY2(!m_program->Log().contains("subSeek"), m_program->Log());
     }
 
-    // An alarm of the day that one writes in comes and goes without a touch on what was typed.
+    // An alarm added or removed on the locked day does not touch the typed text.
     void AMarkComesToALockedDay()
     {
         m_program->LockAndType(u" and mine"_s);
@@ -156,7 +155,7 @@ private Q_SLOTS:
 
     void WhatWasTypedOutlivesABreak()
     {
-        // How it breaks, and what the first unlock says.
+        // How the connection breaks, and the message of the first unlock.
         for (const auto& [what, broken, said] : Rows<QByteArray, QString>{
                  {"cut", "cut", u"and the lock of this record with it. Nothing was saved."_s},
                  {"unnoticed", "unnoticed", u"There is no connection to the server of 'team.mdb'"_s},
@@ -167,7 +166,7 @@ private Q_SLOTS:
             const InRow row(this, what);
             m_program->LockAndType(u" and mine"_s);
             TestServer& server = TestServer::Get();
-            if (broken == "cut") server.Cut(), QTest::qWait(300); // the program sees it
+            if (broken == "cut") server.Cut(), QTest::qWait(300); // the program notices
             if (broken == "unnoticed") server.Cut();
             if (broken == "down") server.Stop(SIGQUIT);
             if (broken == "before") m_proxy->CutAt(CuttingProxy::BeforeWord);
@@ -180,7 +179,7 @@ private Q_SLOTS:
                 QCOMPARE(Shown(), u"old and mine"_s);
                 if (broken == "down") server.Start();
                 m_proxy->Shut(false);
-                QTest::qWait(50); // a program leaves a server that was not there alone for a moment
+                QTest::qWait(50); // after a failed connection the program waits a moment
                 m_program->TypeOn(u"!"_s);
             }
             m_program->PressLock();
@@ -188,11 +187,12 @@ private Q_SLOTS:
             QCOMPARE(Shown(), said.isEmpty() ? u"old and mine"_s : u"old and mine!"_s);
             QCOMPARE(Stored(), Shown());
             QVERIFY(IsFreeForOthers());
-            QVERIFY(m_program->form->isActiveWindow()); // nothing more was asked
+            QVERIFY(m_program->form->isActiveWindow()); // no other question came
         }
     }
 
-    // Whoever kills a program that hangs must find the typing in the journal: the server goes on only when it is there.
+    // A person who kills a hanging program must find the typed text in the journal. So the test server continues only
+    // when it is there.
     void AServerIsEnteredWhenTheTypingIsKept()
     {
         for (const auto& [what, shared] : Rows<bool>{{"unlock", true}, {"turn", false}}) {
@@ -235,7 +235,7 @@ private Q_SLOTS:
             TestServer::Get().Cut();
             QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
             OthersWrite(m_program->Key, "theirs");
-            QTest::qWait(50); // they tell of it, and the day is being edited
+            QTest::qWait(50); // the notification comes while the day is being edited
             QCOMPARE(Shown(), u"old and mine"_s);
             QVERIFY(m_program->PressLockAndHear(answer).startsWith(question));
             if (answer == msgbox::Cancel) {
@@ -251,7 +251,7 @@ private Q_SLOTS:
         }
     }
 
-    // The timers go on behind a message: no second one comes up over it.
+    // The timers continue behind a message, but no second message may come up over it.
     void SomebodyElseHoldsTheDay()
     {
         m_program->LockAndType(u" and mine"_s);
@@ -290,7 +290,7 @@ private Q_SLOTS:
     void AServerThatComesBackIsHeardByItself()
     {
         TestServer::Get().Stop(SIGQUIT);
-        QTest::qWait(100); // the end is heard
+        QTest::qWait(100); // the program notices
         TestServer::Get().Start();
         OthersWrite(m_program->Key, "told without a touch");
         QTRY_COMPARE_WITH_TIMEOUT(Shown(), u"told without a touch"_s, 30000);

@@ -19,7 +19,7 @@
 
 namespace {
 constexpr int Users = 8;
-constexpr int Days = 5; // few, so that they meet
+constexpr int Days = 5; // few, so that users meet
 constexpr int StormMilliseconds = 5000;
 
 QString KeyOf(int day)
@@ -27,14 +27,14 @@ QString KeyOf(int day)
     return u"1999/3/%1"_s.arg(day);
 }
 
-// A day's text is how often it was committed and by whom: each one takes it on from what it found under its lock.
+// A day's text is a commit count and a user. Each user adds one to the text found under the lock.
 int CountIn(const QByteArray& text)
 {
     return text.split(' ').value(0).toInt();
 }
 
-// A user: locks, types, commits and gives up at random until somebody ends it. Its journal has a line for each commit
-// and each refusal, written by one call of the system, so that a kill leaves whole lines.
+// A user locks, types, commits and cancels at random until killed. Its journal gets a line for each commit and refusal,
+// each by a single write, so a kill leaves whole lines.
 class User
 {
 public:
@@ -77,13 +77,13 @@ private:
 };
 } // namespace
 
-// Eight processes on one planner, in a file or on a server, some of them killed.
+// Eight processes on one planner, in a file or on a server. Some of them are killed.
 class StormTest : public QObject
 {
     Q_OBJECT
 
     std::optional<QTemporaryDir> m_folder;
-    std::map<int, std::map<int, QByteArray>> m_commits; // of each day, by count
+    std::map<int, std::map<int, QByteArray>> m_commits; // by day and count
     int m_refusals = 0;
 
     QString Planner() const { return m_folder->filePath(u"team.mdb"_s); }
@@ -108,7 +108,7 @@ class StormTest : public QObject
             const int fallen = random.bounded(Users);
             auto& process = users[std::size_t(fallen)];
             QVERIFY(process->waitForStarted());
-            QCOMPARE(process->state(), QProcess::Running); // nobody ends by himself
+            QCOMPARE(process->state(), QProcess::Running); // no user ends by itself
             process->kill();
             QVERIFY(process->waitForFinished());
             process = StartUser(fallen);
@@ -127,13 +127,13 @@ class StormTest : public QObject
                 m_refusals += line == "refused";
                 if (parts.size() != 2) continue;
                 auto& day = m_commits[parts[0].toInt()];
-                QVERIFY2(!day.contains(CountIn(parts[1])), line); // two have taken it on from the same text
+                QVERIFY2(!day.contains(CountIn(parts[1])), line); // otherwise two users added to the same text
                 day[CountIn(parts[1])] = parts[1];
             }
         }
     }
 
-    // Reads every row, in a file every page.
+    // Reads every row, and every page of a file.
     void Check() const
     {
         const QString file = m_folder->filePath(u"saved.mdb"_s);
@@ -168,10 +168,10 @@ private Q_SLOTS:
             commits += texts.size();
             notes.Seek(u"="_s, KeyOf(day));
             const QByteArray text = notes.Fields(u"qmtText"_s).toByteArray();
-            // The last one that was told of is there, or one whose user fell before he could tell.
+            // The last logged commit is there, or one of a user killed before logging it.
             QVERIFY(CountIn(text) >= texts.rbegin()->first);
             if (texts.contains(CountIn(text))) QCOMPARE(text, texts.at(CountIn(text)));
-            QTRY_COMPARE(ErrorOf([&] { notes.Edit(); }), 0); // the fallen hold nothing
+            QTRY_COMPARE(ErrorOf([&] { notes.Edit(); }), 0); // killed users hold no lock
             notes.CancelUpdate();
         }
         notes.Close();

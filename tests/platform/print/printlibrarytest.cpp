@@ -182,7 +182,7 @@ private Q_SLOTS:
                 PrintNote("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1\\fs18" + before + text + "}");
             QVERIFY(CellOfNote(page).contains(page.Painted(IsRed)));
             QVERIFY(page.At(u"w299"_s).isNull());
-            const bool clipped = before.contains("fs150"); // shows one line and the ellipsis
+            const bool clipped = before.contains("fs150"); // its first line is cut off with the ellipsis
             const auto endsHere = [](const Word& word) { return word.text.contains(QChar(0x2026)); };
             QVERIFY(clipped || std::any_of(page.Words().begin(), page.Words().end(), endsHere));
             const QRectF first = page.At(u"w0"_s), cell = CellOfNote(page);

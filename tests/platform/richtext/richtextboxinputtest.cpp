@@ -413,7 +413,7 @@ private Q_SLOTS:
                     QTest::keyClicks(&box, key);
                 }
             }
-            QString shown = box.Text().replace(u'\n', u'|'); // capitals mark letters whose format has changed
+            QString shown = box.Text().replace(u'\n', u'|'); // capitals: letters that still have the initial format
             for (int i = 0; i < shown.size(); ++i) {
                 Select(box, i, 1);
                 const bool isAsSet = box.SelBold() == true && box.SelColor() == 0xffU && box.SelFontSize() == 16.0;
