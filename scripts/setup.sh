@@ -36,7 +36,7 @@ build() {
     cmake --build --preset "$preset" --parallel "$(nproc)" "$@" >&2
 }
 
-# In a session of its own: Ctrl+C must reach only the program, which still needs its screen.
+# A separate session: Ctrl+C must reach only the program, which still needs its screen.
 virtual_screen() {
     local number=90
     while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
