@@ -1,4 +1,4 @@
-// A strip of pictures, each a character of a text that nobody types into. A picture is dragged out of it; files are
+// A strip of pictures, each a character of a text that cannot be edited. Pictures are dragged out of it, files are
 // dropped onto it.
 #pragma once
 
@@ -19,8 +19,8 @@ public:
 
 Q_SIGNALS:
     void Shown();
-    // The selection is about to be dragged or copied: whoever fills data lets the drag begin; cursor is what the mouse
-    // carries.
+    // The selection is about to be dragged or copied. The handler starts the drag by filling data; cursor is the
+    // mouse's picture.
     void OLEStartDrag(QMimeData& data, QPixmap& cursor);
     void OLECompleteDrag();
     void OLEDragDrop(const QStringList& files); // paths
@@ -45,5 +45,5 @@ private:
     std::unique_ptr<QMimeData> Carried(QPixmap& cursor);
     void BeginDrag();
 
-    std::optional<QPoint> m_pressed; // where the mouse went down on what it can drag
+    std::optional<QPoint> m_pressed; // where the mouse was pressed on something it can drag
 };

@@ -71,7 +71,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    // Many properties are set anew to what they are: that paints nothing.
+    // Many properties are set to their old value; that paints nothing.
     template <typename Value>
     void Set(Value& property, const Value& value)
     {

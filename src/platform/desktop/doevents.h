@@ -1,13 +1,13 @@
-// A moment for windows and timers in the middle of a long routine.
+// Lets windows and timers run in the middle of a long routine.
 #pragma once
 
 class QWidget;
 
-// Lets windows paint and timers fire. Clicks and keys wait, so that none reaches a window that is half built.
+// Lets windows paint and timers fire. Clicks and keys wait, so that none reaches a half-built window.
 void DoEvents();
 
-bool DoEventsRuns(); // for what a timer or the desktop begins, and must not begin inside another routine
+bool DoEventsRuns(); // true: a timer or the desktop must not start a routine now
 
-// Shows and paints a notice that must be on the screen before the work that it tells of begins, and waits a moment for
-// the screen if that is slow. Takes in no clicks and keys.
+// Shows a notice and paints it before the work that it announces begins. Waits a moment for a slow screen. Handles no
+// clicks and keys.
 void ShowAndPaint(QWidget& window);

@@ -76,7 +76,7 @@ bool Mixer::Open()
     if (m_open)
         m_idleCheck.start(IdleCheck, this);
     else
-        SDL(SDL_Quit)(); // the next try selects a sound system anew
+        SDL(SDL_Quit)(); // the next try selects a sound system again
     return m_open;
 }
 

@@ -1,10 +1,11 @@
-// What may be handed to the mixer: it plays silence for what is no sound, and believes every number of a header.
+// Checks a sound before it goes to the mixer, which plays silence for invalid sounds and trusts every number of a
+// header.
 #pragma once
 
 #include <QByteArray>
 
 namespace sound {
-// Why a sound does not play: what mciSendStringA answers. 0 is success.
+// Why a sound does not play, as mciSendStringA returns it. 0 is success.
 enum Error : int
 {
     UnknownCommand = 1,
@@ -21,11 +22,10 @@ enum Error : int
 struct SoundFile
 {
     QByteArray Content;
-    int Fault; // 0 or a sound::Error; then there is no content
+    int Fault; // 0 or a sound::Error; then Content is empty
 };
 
-// The path may be in any letter case. A wave is at most ten minutes long and comes with true lengths, whatever stood in
-// the file.
+// The path may be in any letter case. Returns a wave of at most ten minutes, with its lengths corrected.
 SoundFile ReadWave(const QString& path);
-// A MIDI file with all the tracks that it tells of.
+// Returns a MIDI file that has all the tracks of its header.
 SoundFile ReadMidi(const QString& path);

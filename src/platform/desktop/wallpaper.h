@@ -1,5 +1,5 @@
-// The picture on the desktop's ground, whoever draws it: GNOME and its kin, Plasma, Xfce, a portal, or nobody, so that
-// it is painted on the X root window. Knows no planner.
+// Sets the desktop's picture on GNOME and similar desktops, Plasma, Xfce, through a portal, or by painting the X root
+// window.
 #pragma once
 
 #include "platform/desktop/desktoppicture.h"
@@ -9,8 +9,8 @@
 #include <optional>
 
 namespace wallpaper {
-// A ground that begins each session without a picture counts or not: having none says nothing there of what somebody
-// wanted.
+// Whether to count a desktop that starts each session without a picture. There, no picture does not mean that somebody
+// chose none.
 enum class Counts
 {
     Always,
@@ -18,12 +18,12 @@ enum class Counts
 };
 } // namespace wallpaper
 
-// What the desktop shows now; empty where that cannot be told, or does not count.
+// The desktop's current picture; empty if unknown or not counted.
 std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until,
                                                wallpaper::Counts counts = wallpaper::Counts::Always);
 
-// Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. False if
-// the desktop did not take it, or if a person who was asked refused; nobody is asked for longer than until the
-// deadline, and nothing else takes longer than two seconds.
+// Action 20: the desktop takes this picture, or none for "(None)", and loads it again if it shows it already. False if
+// the desktop did not take it, or if the person was asked and refused. Only that question may take until the deadline;
+// all else takes two seconds at most.
 bool SystemParametersInfoA(int action, int parameter, const DesktopPicture& picture, int flags,
                            const QDeadlineTimer& until);

@@ -1,4 +1,4 @@
-// One way to the desktop's ground. The ways stand in wallpaper.cpp in the order in which they are tried.
+// One way to set the desktop's picture. wallpaper.cpp lists the ways in the order of the tries.
 #pragma once
 
 #include "platform/desktop/desktoppicture.h"
@@ -9,10 +9,10 @@
 #include <array>
 #include <optional>
 
-// Where the program runs, as the environment tells.
+// The program's desktop, by the environment.
 struct DesktopSession
 {
-    QStringList Desktops; // its names, "ubuntu" and "GNOME" for example
+    QStringList Desktops; // the desktop's names, for example "ubuntu" and "GNOME"
     bool IsSandboxed = false;
 
     static DesktopSession Present();
@@ -22,21 +22,21 @@ struct DesktopSession
 struct WallpaperBackend
 {
     bool (*IsHere)(const DesktopSession& session);
-    // True only if the desktop is known to have taken it.
+    // True only if the desktop is known to have accepted the picture.
     bool (*Show)(const DesktopSession& session, const DesktopPicture& picture, const QDeadlineTimer& until);
-    // Null if what is taken is never told.
+    // Null if this way cannot read the picture.
     std::optional<DesktopPicture> (*Present)(const DesktopSession& session, const QDeadlineTimer& until) = nullptr;
-    bool AsksPerson = false; // and so may take until the deadline of the call
-    bool IsKept = true;      // what it shows stays for the next session
+    bool AsksPerson = false; // so it may take until the call's deadline
+    bool IsKept = true;      // the picture stays for the next session
 };
 
 extern const WallpaperBackend SettingsWallpaper; // GNOME, Cinnamon, MATE and those that share their settings; Xfce
 extern const WallpaperBackend PlasmaWallpaper;
 extern const WallpaperBackend PcmanfmWallpaper; // LXDE and LXQt
 extern const WallpaperBackend PortalWallpaper;  // the service that a sandboxed program asks
-extern const WallpaperBackend RootWallpaper;    // the X root window, where no desktop lies over it
+extern const WallpaperBackend RootWallpaper;    // the X root window, if no desktop covers it
 
-// The text that the program has printed; empty if it is not installed, did not end in time, or ended with an error.
+// The program's output; empty if it is not installed, did not end in time, or ended with an error.
 std::optional<QString> RunForWallpaper(const QString& program, const QStringList& arguments,
                                        const QDeadlineTimer& until);
 
@@ -44,11 +44,11 @@ std::optional<QString> RunForWallpaper(const QString& program, const QStringList
 QString WallpaperAddress(const QString& path);
 QString WallpaperPath(const QString& address);
 
-// What a desktop calls the ways to lay a picture out.
+// A desktop's names for the fits.
 struct FitNames
 {
-    std::array<const char*, 6> Names; // by Fit
+    std::array<const char*, 6> Names; // in the order of Fit
 
     QString Of(wallpaper::Fit fit) const { return QString::fromLatin1(Names[std::size_t(fit)]); }
-    wallpaper::Fit Named(const QString& name) const; // Zoomed if none is called so
+    wallpaper::Fit Named(const QString& name) const; // Zoomed for an unknown name
 };

@@ -42,5 +42,5 @@ struct CalendarPage
     PageCaption month;
 };
 
-// area in dots of the painter's device. Lays the notes out anew.
+// area in dots of the painter's device. Lays the notes out again.
 void PaintPage(QPainter& painter, CalendarPage& page, const QRectF& area);

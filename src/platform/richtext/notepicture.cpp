@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int Sharpness = 3;                  // stored pixels per shown pixel, if a picture is encoded anew
-constexpr qsizetype MostKeptBytes = 16 << 20; // larger files are encoded anew
+constexpr int Sharpness = 3;                  // stored pixels per shown pixel, if a picture is encoded again
+constexpr qsizetype MostKeptBytes = 16 << 20; // larger files are encoded again
 
 bool Insert(QTextCursor& cursor, const QByteArray& file, QSize pixels, QSize shown)
 {

@@ -37,8 +37,8 @@ public:
     QString Text() const; // lines end with "\n"; characters that stand for pictures are left out
     void SetText(const QString& text);
 
-    // The very bytes that were set, while the box is unmodified; otherwise the document written anew. Text that does
-    // not begin as rich text is taken as plain. Setting clears the modified flag and the undo stack.
+    // The exact bytes that were set, while the box is unmodified; otherwise the document as new rich text. Text that
+    // does not begin as rich text is taken as plain. Setting clears the modified flag and the undo stack.
     QByteArray TextRTF() const;
     void SetTextRTF(const QByteArray& rtf);
     bool Holds(const QByteArray& rtf) const { return m_source == rtf && !Modified(); } // were set or saved last

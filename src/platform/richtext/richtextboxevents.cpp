@@ -99,7 +99,7 @@ void RichTextBox::resizeEvent(QResizeEvent* event)
 {
     QTextEdit::resizeEvent(event);
     FollowRightMargin();
-    // The line that is being typed must stay visible when the text wraps anew.
+    // The line with the caret must stay visible when the text is wrapped again.
     if (hasFocus()) ensureCursorVisible();
 }
 
