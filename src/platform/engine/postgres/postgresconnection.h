@@ -1,5 +1,5 @@
 // The connection to a server. It is never renewed in silence: a break ends every lock and every transaction, raises
-// 3151 where it is found, and the next call connects anew as another session.
+// BrokenConnection where it is found, and the next call connects anew as another session.
 #pragma once
 
 #include "platform/engine/postgres/planneraddress.h"
@@ -28,8 +28,8 @@ public:
     // Nothing is connected yet. Name is the planner's, as messages show it.
     PostgresConnection(const PlannerAddress& address, const QString& name, Events events);
 
-    // 3151. After an attempt that took long, those that follow soon are refused without another one, or a window would
-    // stand still once for every note.
+    // BrokenConnection. After an attempt that took long, those that follow soon are refused without another one, or a
+    // window would stand still once for every note.
     void Connect();
     bool IsConnected() const { return m_session != nullptr; }
     int Process() const { return m_session ? m_session->Process() : 0; } // the server's process that serves it
