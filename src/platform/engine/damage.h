@@ -1,4 +1,4 @@
-// Damage in planner files, for whoever must say so.
+// Damage in planner files, for the room that says so.
 #pragma once
 
 #include <QString>

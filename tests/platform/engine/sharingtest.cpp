@@ -1,4 +1,4 @@
-// Two programs and one planner, in a file or on a server: open modes, and an open that fails.
+// Two programs and one planner, in a file or on a server: open modes, and what is left when one of them is killed.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
@@ -23,6 +23,16 @@ class SharingTest : public QObject
     {
         OtherProgram other;
         return other.Open(path, exclusive) == u"0";
+    }
+    // A server needs a moment to see that a session is dead.
+    static int SoonErrorOf(const std::function<void()>& step)
+    {
+        int error = ErrorOf(step);
+        for (int wait = 0; wait < 200 && (error == InUse || error == RecordLocked); ++wait) {
+            QThread::msleep(10);
+            error = ErrorOf(step);
+        }
+        return error;
     }
 
 private Q_SLOTS:
@@ -73,6 +83,36 @@ private Q_SLOTS:
         QVERIFY(QFile::link(m_path, link));
         Database database = DBEngine::OpenDatabase(link, true);
         QVERIFY(!CanOpen(m_path, false));
+    }
+
+    void AKilledWriterLeavesWholeCommits()
+    {
+        Database database;
+        int commits = 0;
+        for (int kill = 0; kill < 12; ++kill) {
+            QProcess writer;
+            StartAgain(writer, u"OtherProgram"_s);
+            const QString mode = kill % 2 ? u"shared"_s : u"exclusive"_s;
+            writer.write(u"open\t%1\t%2\nwrite for ever\n"_s.arg(m_path, mode).toUtf8());
+            QVERIFY(writer.waitForReadyRead());
+            QByteArray told;
+            while (told.count('\n') < 3 + kill && writer.waitForReadyRead())
+                told += writer.readAll();
+            writer.kill();
+            QVERIFY(writer.waitForFinished());
+            told += writer.readAll();
+            const int lastTold = told.left(told.lastIndexOf('\n')).split('\n').last().toInt();
+            QCOMPARE(SoonErrorOf([&] { database = DBEngine::OpenDatabase(m_path, true); }), 0);
+            Recordset days = Days(database);
+            const QByteArray a = Read(days, u"a"_s), b = Read(days, u"b"_s);
+            QCOMPARE(a.left(a.indexOf('a')), b.left(b.indexOf('b')));
+            QCOMPARE(a.size(), b.size());
+            QVERIFY(a.left(a.indexOf('a')).toInt() >= lastTold); // what was told to be saved is saved
+            commits += lastTold;
+            days.Close();
+            database.Close();
+        }
+        QVERIFY(commits > 12);
     }
 };
 

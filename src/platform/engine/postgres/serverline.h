@@ -19,7 +19,7 @@ public:
         QString text;
     };
     using Milliseconds = std::chrono::milliseconds;
-    // What another session has told, with the number of its server's process.
+    // What another session says, with the number of its server's process.
     using Told = std::function<void(const QString& message, int process)>;
 
     ServerLine(const std::string& address, Told told); // Error; BrokenConnection without the library

@@ -1,5 +1,5 @@
-// The table of sessions in the file of locks: who has the planner open, and which records he holds. Labels for
-// messages; the truth are the locked bytes.
+// The table of sessions in the file of locks: the users that have the planner open, and the records that each holds.
+// Labels for messages; the truth are the locked bytes.
 #pragma once
 
 #include "platform/engine/sql/sqlrows.h"
