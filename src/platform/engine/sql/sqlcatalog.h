@@ -1,4 +1,4 @@
-// Which tables a planner has, read from the database's own catalogue.
+// Reads the tables of a planner from the database's own catalogue.
 #pragma once
 
 #include "platform/engine/sql/sqldialect.h"
@@ -12,8 +12,8 @@ public:
     using Asking = std::function<SqlRows(const QString& statement, const SqlValues& values)>;
     struct Table
     {
-        qint64 number; // the database's
-        QString name;  // as it was given at creation
+        qint64 number; // in the database's catalogue
+        QString name;  // with its original case
     };
 
     SqlCatalog(const SqlDialect& dialect, const QString& schema, Asking ask)
@@ -22,8 +22,8 @@ public:
     }
 
     std::vector<Table> Tables() const;
-    std::optional<Table> Find(const QString& table) const; // without regard to case
-    TableDef Definition(const Table& table) const;         // NotADatabase for a column that no planner has
+    std::optional<Table> Find(const QString& table) const; // ignores case
+    TableDef Definition(const Table& table) const;         // NotADatabase if a column's type is not one of a planner's
 
 private:
     const SqlDialect& m_dialect;

@@ -40,7 +40,7 @@ void SqlConnection::StopReading()
     try {
         Run(u"COMMIT"_s, {}, Patience::Usual);
     } catch (const RunTimeError&) {
-        // Nothing was written, and a break has been noted.
+        // nothing was written, and a break has been recorded
     }
 }
 
@@ -56,7 +56,7 @@ void SqlConnection::Write(const std::function<void()>& step)
 
 void SqlConnection::WriteInGroup(const std::function<void()>& step)
 {
-    // Updates after a loss must not be written one by one, where those before it are undone.
+    // The earlier updates of the group were undone, so later ones must not be written alone.
     if (m_lost) throw *m_lost;
     BeginStep();
     const QScopedValueRollback inStep(m_inStep, true);
@@ -81,7 +81,7 @@ void SqlConnection::BeginWrite()
 {
     if (m_writing)
         throw RunTimeError{engineerrors::CouldNotSave, u"Could not save to '%1'; a save is under way."_s.arg(m_name)};
-    // What was read may be old by now, so a write never grows out of a read.
+    // The data read may be outdated, so a write never continues a read.
     StopReading();
     PrepareWrite();
     m_writing = true;

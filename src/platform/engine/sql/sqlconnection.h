@@ -1,5 +1,5 @@
-// A connection to a planner by statements of SQL, and its transactions. What lies behind it is a file or a server.
-// Whatever fails, no transaction stays open that nobody knows of, and the connection can go on.
+// A connection to a planner in SQL, and its transactions, for a file or a server. After any failure no unknown
+// transaction stays open, and the connection can be used further.
 #pragma once
 
 #include "platform/engine/sql/sqlrows.h"
@@ -13,26 +13,26 @@ struct SqlDialect;
 class SqlConnection
 {
 public:
-    // How long a server may be silent, neither giving nor taking a byte, before the session counts as broken.
+    // How long a server may neither send nor accept a byte before the session counts as broken.
     enum class Patience
     {
         Usual,
-        Long // where it has much to look at or to write before it answers
+        Long // for statements that read or write much before the answer
     };
 
-    // Name is the planner's, as messages show it.
+    // The planner's name for messages.
     SqlConnection(const SqlDialect& dialect, const QString& name) : m_dialect(dialect), m_name(name) {}
     virtual ~SqlConnection() = default;
     SqlConnection(const SqlConnection&) = delete;
     SqlConnection& operator=(const SqlConnection&) = delete;
 
-    // One statement, with the values for its marks. Errors by the database's own table of meanings.
+    // Runs one statement with its values. Maps errors by the database's own table.
     SqlRows Ask(const QString& statement, const SqlValues& values = {}, Patience patience = Patience::Usual);
     QVariant AskOne(const QString& statement,
                     const SqlValues& values = {}); // the first value; InputOutput if there is none
 
-    void Write(const std::function<void()>& step);               // within the WriteTransaction, or as one of its own
-    int Reading() const { return m_reading ? m_readNumber : 0; } // which read is open, counted from 1
+    void Write(const std::function<void()>& step);               // within the WriteTransaction, or in its own
+    int Reading() const { return m_reading ? m_readNumber : 0; } // the number of the open read, counted from 1; else 0
 
     // As the Store's calls of these names.
     void BeginRead();
@@ -40,33 +40,33 @@ public:
     void BeginWrite();
     void Commit();
     void Rollback();
-    void StopReading(); // what is read next is the latest state
+    void StopReading(); // the next look-up reads the latest state
 
     const SqlDialect& Dialect() const { return m_dialect; }
 
 protected:
-    virtual void Prepare() = 0;      // before a statement, unless that ends a transaction
+    virtual void Prepare() = 0;      // before a statement, unless it ends a transaction
     virtual void PrepareWrite() = 0; // before a write begins
     virtual SqlRows Run(const QString& statement, const SqlValues& values, Patience patience) = 0;
-    virtual bool HasTransaction() const = 0; // whether one that was begun is still there
-    // For a database where a failing statement spoils the whole write: it goes back to the beginning of the step.
+    virtual bool HasTransaction() const = 0; // whether the transaction still exists
+    // For a database in which a failed statement spoils the whole write: a step can be undone alone.
     virtual void BeginStep() {}
     virtual void UndoStep() {}
-    virtual void Abandon() {} // a rollback has failed
-    // A commit has failed and nothing is open any more. Returns only if the commit has got through all the same.
+    virtual void Abandon() {} // after a failed rollback
+    // A commit has failed and no transaction is open. Returns only if the commit has succeeded nevertheless.
     virtual void ClearDoubt(const RunTimeError& failure) { throw failure; }
 
     const SqlDialect& m_dialect;
     const QString m_name;
-    bool m_reading = false; // a read transaction is open
+    bool m_reading = false;
     bool m_writing = false;
-    bool m_inStep = false;              // of a group of writes: a failure is undone by itself
-    std::optional<RunTimeError> m_lost; // why the present write is lost
+    bool m_inStep = false;              // a step of a group of writes; its failure is undone alone
+    std::optional<RunTimeError> m_lost; // why the current write is lost
 
 private:
     void WriteInGroup(const std::function<void()>& step);
     void UndoOrLose(const RunTimeError& failure);
 
-    int m_reads = 0; // nested ones
+    int m_reads = 0; // nested reads
     int m_readNumber = 0;
 };

@@ -1,4 +1,4 @@
-// What the databases say differently.
+// The differences between the databases' SQL.
 #pragma once
 
 #include "platform/engine/tabledef.h"
@@ -6,9 +6,9 @@
 #include <array>
 #include <optional>
 
-// Every table begins with it. It is no field of the planner.
+// The first column of every table. It is not a field of the planner.
 inline constexpr QLatin1StringView IdColumn = "record id"_L1;
-inline constexpr QLatin1StringView DateFormat = "yyyy-MM-dd HH:mm:ss.zzz"_L1; // what a clock on the wall shows: no zone
+inline constexpr QLatin1StringView DateFormat = "yyyy-MM-dd HH:mm:ss.zzz"_L1; // local time, without a time zone
 
 struct SqlDialect
 {
@@ -19,22 +19,22 @@ struct SqlDialect
     };
 
     std::array<TypeName, 6> types;
-    QLatin1StringView collation;             // behind the type of a text, whose size stands behind its name
-    QLatin1StringView idType;                // of the column of ids
-    QLatin1StringView ascending, descending; // rows without a key come first, and last
-    bool keepsForeignTypes;                  // a column of another type reads as a memo
-    char16_t mark;                           // before the number of a value
+    QLatin1StringView collation;             // after the type of a text, whose size follows its name
+    QLatin1StringView idType;                // of the id column
+    QLatin1StringView ascending, descending; // rows without a key come first in ascending order, last in descending
+    bool keepsForeignTypes;                  // a column of an unknown type is read as a memo
+    char16_t mark;                           // precedes the number of a value
 
-    bool isFarAway; // each statement is a journey: look-ups are asked together
-    // A condition for field %1 and value %2, by which rows are sought for a pattern: the pattern itself, or the piece
-    // of ASCII in it.
+    bool isFarAway; // statements are slow, so look-ups are sent together
+    // A condition on field %1 and value %2 that finds rows for a pattern: value is the pattern, or the piece of ASCII
+    // in it.
     bool knowsPatterns;
     QLatin1StringView memoFits, textFits;
 
     QLatin1StringView beginRead, beginWrite;
 
-    // The catalogue: number and name of each table in the order of their making, with the schema as %1; of the table $1
-    // names and types of its columns; and of its indexes name, whether unique, field, whether descending.
+    // Queries of the catalogue, with the schema as %1. tables: number and name of each, in order of creation. columns
+    // of table $1: name and type. indexes of table $1: name, whether unique, field, whether descending.
     QLatin1StringView tables, columns, indexes;
 };
 

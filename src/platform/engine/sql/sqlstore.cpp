@@ -12,7 +12,7 @@ namespace {
 using namespace engineerrors;
 
 constexpr int RowsOfPage = 200;
-// How many rows a search from afar fetches at once: few at first, since the next hit is mostly near.
+// The rows that a search on a server fetches at once. The first batch is small, since the next hit is usually near.
 constexpr int FirstLook = 4;
 constexpr int LaterLook = 64;
 
@@ -78,7 +78,7 @@ TableDef SqlStore::Definition(const QString& table)
     return Catalog().Definition(TableOf(table));
 }
 
-// A session is never refused its own lock, and two recordsets of one program must not write over each other either.
+// A session is never refused its own lock, but two recordsets of one program must not overwrite each other.
 void SqlStore::TryLock(const TableDef& table, qint64 id)
 {
     if (!m_numbers.contains(table.Name)) m_numbers[table.Name] = TableOf(table.Name).number;
@@ -136,7 +136,7 @@ std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& i
     const bool isSearch = !sought.field.isEmpty();
     if (isSearch) values.emplace_back(sought.text);
     std::vector<Row> rows;
-    // For a rare word a server looks at every note before it answers.
+    // For a rare word a server reads every note before it answers.
     const auto patience = isSearch ? SqlConnection::Patience::Long : SqlConnection::Patience::Usual;
     for (const SqlRow& found :
          Connection().Ask(StatementOf(table, index, lookUps, sought.field, limit), values, patience))
@@ -170,7 +170,7 @@ std::optional<Store::Row> SqlStore::FindLike(const TableDef& table, const Index&
     const SqlDialect& dialect = Connection().Dialect();
     const std::size_t number = FieldNumber(table, likeField);
     QString text = dialect.knowsPatterns ? likePattern : QString::fromLatin1(pattern.Run());
-    // As a server shows bytes that are no text: a backslash doubled.
+    // A server shows non-text bytes with a backslash, and doubles the backslash itself.
     if (!dialect.knowsPatterns && table.Fields[number].Type == dbMemo) text.replace(u'\\', "\\\\"_L1);
     const Sought sought = {text.isEmpty() ? QString() : likeField, text};
     const From onward = from == From::Last || from == From::Before ? From::Before : From::After;
@@ -195,7 +195,7 @@ std::vector<Store::Row> SqlStore::Page(const TableDef& table, qint64 afterId)
     return Look(table, Index(), From::After, {{}, afterId}, {}, RowsOfPage);
 }
 
-// The old content is the guard: no row that somebody else has changed is ever written over.
+// Compares the old content, so a row changed by another user is never overwritten.
 SqlRow SqlStore::WriteRow(const QString& statement, const SqlValues& values, const TableDef&, const Values&,
                           const Values&)
 {

@@ -1,4 +1,4 @@
-// The Store over any database that speaks SQL: what a planner in a file and one on a server have in common.
+// The Store over an SQL database: the common part of planners in files and on servers.
 #pragma once
 
 #include "platform/engine/sql/sqlcatalog.h"
@@ -40,25 +40,25 @@ protected:
     SqlStore(const SqlDialect& dialect, const QString& schema = {}) : m_text(dialect, schema), m_schema(schema) {}
 
     virtual SqlConnection& Connection() = 0;
-    // A statement that writes one row, in its write. Gives the row that it returns; DataChanged if it has found none.
-    // Before and after: what the row was and is.
+    // Runs a statement that writes one row, within its write, and returns the row of its answer. DataChanged if it
+    // finds none. before and after: the row's old and new values.
     virtual SqlRow WriteRow(const QString& statement, const SqlValues& values, const TableDef& table,
                             const Values& before, const Values& after);
 
-    // The database's locks between sessions; this one's own are known here. None of them is asked twice for.
-    virtual bool Take(const RecordName& record) = 0;        // false if somebody else has it
+    // The database's locks between sessions. This class tracks its own locks and takes none twice.
+    virtual bool Take(const RecordName& record) = 0;        // false if another session has it
     virtual void GiveBack(const RecordName& record) = 0;    // raises nothing
     virtual QString HolderOf(const RecordName& record) = 0; // as sessionname::Person
     const Locks& Held() const { return m_held; }
 
-    void ForgetSession(); // what is known of the catalogue, and the locks
+    void ForgetSession(); // forgets the catalogue and the locks
     static Row RowOf(const SqlRow& found, const TableDef& table);
 
     const SqlText m_text;
     const QString m_schema;
 
 private:
-    // What rows are searched for: text in a field. Nothing if there is no field.
+    // A text to search for in a field. Nothing if there is no field.
     struct Sought
     {
         QString field;
@@ -78,7 +78,7 @@ private:
     SqlRow Written(const QString& statement, const SqlValues& values, const TableDef& table, const Values& before,
                    const Values& after);
 
-    QHash<QString, QString> m_finds;  // statements of look-ups: to make one takes longer than to run it
-    QHash<QString, qint64> m_numbers; // the catalogue's, of the tables whose records have been locked
+    QHash<QString, QString> m_finds;  // statements of look-ups: making one takes longer than running it
+    QHash<QString, qint64> m_numbers; // in the catalogue, for tables with locked records
     Locks m_held;
 };

@@ -25,7 +25,7 @@ QString Columns(const TableDef& table)
     return Id + ", "_L1 + Names(table);
 }
 
-// By LookUp::Key; where it binds the key, its value follows.
+// By LookUp::Key; the value follows if the key is bound.
 constexpr std::array Comparisons = {"1 = 1"_L1, " = "_L1, " > "_L1, " < "_L1, " IS NULL"_L1, " IS NOT NULL"_L1};
 
 QString Condition(const LookUp& lookUp, const QString& key, const QString& value, const QString& beyond)
@@ -78,7 +78,7 @@ QString SqlText::Marks(std::size_t first, std::size_t count) const
     return marks.join(", "_L1);
 }
 
-// A null equals itself here.
+// Here a null equals a null.
 QString SqlText::Unchanged(const TableDef& table, std::size_t first) const
 {
     return Id + " = "_L1 + Mark(first) + " AND "_L1 + Each(table, " AND "_L1, [&](const QString& name, std::size_t i) {

@@ -1,5 +1,5 @@
-// The statements of a store, as text. Names come from callers and may hold blanks and quotes. Rows are given as the id,
-// then the fields in their order.
+// The SQL statements of a store. Names may hold blanks and quotes. Rows are returned as the id, then the fields in
+// their order.
 #pragma once
 
 #include "platform/engine/sql/sqldialect.h"
@@ -9,51 +9,51 @@
 
 #include <span>
 
-// How a place in an index is looked up: the rows of one kind, in the direction of the index or against it. Rows without
-// a key come before all others in ascending order, behind them in descending order.
+// How to find a place in an index: rows of one kind, walked forward or backward. In ascending order rows without a key
+// come first, in descending order last.
 struct LookUp
 {
     enum Key
     {
         Any,
-        Equal, // to the place's, which is not null
+        Equal, // to the place's key, which is not null
         Greater,
-        Less, // both leave rows without a key out
+        Less, // Greater and Less leave out rows without a key
         None,
         Some
     };
     Key key;
-    bool pastId; // beyond the place's id in the direction of the walk
+    bool pastId; // past the place's id in the direction of the walk
     bool forward;
 
     bool BindsKey() const { return key == Equal || key == Greater || key == Less; }
 };
 
-// The look-ups to be made one after the other until one finds a row.
+// The look-ups to try in turn until one finds a row.
 QVarLengthArray<LookUp, 3> LookUpsFor(const Index& index, From from, bool keyIsNull);
 
 class SqlText
 {
 public:
-    // A schema, if there is one, stands before the name of every table.
+    // A schema, if given, precedes every table name.
     explicit SqlText(const SqlDialect& dialect, const QString& schema = {});
 
-    // Binds the key, the id and what is sought, those of them that are needed, in this order. What is sought is looked
-    // for in a field, unless that is empty.
+    // Binds the key, the id and the sought text, those that are needed, in this order. Searches for the text in a
+    // field, unless the field is empty.
     QString Find(const TableDef& table, const Index& index, std::span<const LookUp> lookUps, const QString& soughtField,
                  int limit) const;
     QString FindKeys(const TableDef& table, const Index& index) const; // binds a list of texts
     QString Fetch(const TableDef& table) const;                        // binds the id
     QString Insert(const TableDef& table, std::size_t rows = 1) const; // binds the values
-    // Binds the id, null for a new one, and the values. Gives the id, or nothing for a duplicate. In a file alone.
+    // Binds the id, null for a new one, and the values. Returns the id, or nothing for a duplicate. For files only.
     QString Restore(const TableDef& table) const;
-    QString Replace(const TableDef& table) const; // binds the new values, the id and the old ones
+    QString Replace(const TableDef& table) const; // binds the new values, the id and the old values
     QString Erase(const TableDef& table) const;   // binds the id and the old values
 
     QString CreateTable(const TableDef& table) const;
     QString CreateIndex(const TableDef& table, const Index& index) const;
 
-    QString Mark(std::size_t number) const; // a place for the value of this number, counted from 1
+    QString Mark(std::size_t number) const; // the place of the value with this number, counted from 1
     QString Qualified(const QString& table) const;
     static QString Quoted(QString name);
 
