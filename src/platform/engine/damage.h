@@ -1,4 +1,4 @@
-// Damage in planner files, for the room that says so.
+// Reports damage in planner files to a listener.
 #pragma once
 
 #include <QString>
@@ -6,8 +6,8 @@
 #include <functional>
 
 namespace damage {
-// Called with a file's path at each error that means damage in it, inside the call that met it; must not use the engine
-// nor raise. Null takes it away.
+// Called with the file's path at each error that means damage, inside the call that found it. The listener must not use
+// the engine or raise. Null removes it.
 inline std::function<void(const QString& path)> g_listener;
 inline void SetListener(std::function<void(const QString& path)> listener)
 {
@@ -16,7 +16,7 @@ inline void SetListener(std::function<void(const QString& path)> listener)
 
 inline void Tell(const QString& path)
 {
-    const auto listener = g_listener; // which may take itself away
+    const auto listener = g_listener; // the listener may remove itself
     if (listener) listener(path);
 }
 } // namespace damage

@@ -15,12 +15,12 @@
 #include <array>
 
 namespace {
-// The kinds of files that a planner can be, one row each: how a file is recognised, and what can be done with it.
-// Meaning and errors of the functions as those of DBEngine. What a kind cannot do is null.
+// The kinds of planner files, one row each: how to recognise a file, and its functions. Meaning and errors as in
+// DBEngine. A function is null if the kind cannot do it.
 struct StoreKind
 {
     bool (*Recognise)(QByteArrayView head);
-    const char16_t* Refusal; // says of '%1' why something cannot be done with it
+    const char16_t* Refusal; // why '%1' does not support a function
     std::shared_ptr<Store> (*Open)(const QString& path, bool exclusive);
     void (*Delete)(const QString& path);
     std::shared_ptr<void> (*Claim)(const QString& path);
@@ -28,11 +28,10 @@ struct StoreKind
     QString (*Replace)(const QString& scratch, const QString& target);
     RepairReport (*Repair)(const QString& path, const std::vector<TableDef>& tables);
     PlannerAddress (*Address)(const QString& path);
-    bool (*FindsPlanner)(const QString& path, const std::vector<TableDef>& tables); // in what Open refuses
+    bool (*FindsPlanner)(const QString& path, const std::vector<TableDef>& tables); // in a file that Open refuses
 };
 
-// The last row takes what no other one recognises, as a damaged planner in a file, whose functions tell what is wrong
-// with it.
+// The last row takes every other file as a damaged planner. Its functions report what is wrong.
 constexpr std::array Kinds = {
     StoreKind{plannerlink::IsLink, plannerlink::Refusal, plannerlink::Open, plannerlink::Delete, nullptr, nullptr,
               nullptr, nullptr, plannerlink::Read, nullptr},
@@ -43,7 +42,7 @@ constexpr std::array Kinds = {
 };
 constexpr qsizetype HeadSize = 64;
 
-// By the file's first bytes, whatever its name. 3024.
+// By the file's first bytes, not its name. FileNotFound.
 const StoreKind& KindOf(const QString& path)
 {
     const struct stat status = wholefiles::StatusOf(path);
@@ -52,7 +51,7 @@ const StoreKind& KindOf(const QString& path)
     return *std::ranges::find_if(Kinds, [&](const StoreKind& kind) { return kind.Recognise(head); });
 }
 
-// The function of the path's kind. 3024; 3251 if the kind has none.
+// The function of the path's kind. FileNotFound; NotSupported if it is null.
 template <typename Function>
 Function OfKind(const QString& path, Function StoreKind::*function)
 {
@@ -73,7 +72,7 @@ bool IsDamagedPlanner(const QString& path, const std::vector<TableDef>& tables)
 }
 
 DBEngine::StoreWrapper g_wrapper;
-std::vector<std::weak_ptr<Store>> g_openStores; // what Idle goes to
+std::vector<std::weak_ptr<Store>> g_openStores; // for Idle
 
 Database DatabaseOver(std::shared_ptr<Store> store)
 {
@@ -121,7 +120,7 @@ void MoveToServer(const QString& path, const QString& uri)
 {
     const PlannerAddress address(uri);
     const QByteArray link = plannerlink::Text(address);
-    OfKind(path, &StoreKind::Claim); // a link is on its server already
+    OfKind(path, &StoreKind::Claim); // raises NotSupported: a link is already on its server
     moving::ToServer(path, address, link);
 }
 
@@ -142,7 +141,7 @@ RunTimeError Explained(const RunTimeError& error, const QString& path, const std
     return ErrorOf(engineerrors::DamagedPlanner, QFileInfo(path).fileName());
 }
 
-// One store that fails does not keep the others waiting.
+// A failing store does not stop the others.
 void Idle(int)
 {
     std::optional<RunTimeError> failure;

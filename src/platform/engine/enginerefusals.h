@@ -1,5 +1,4 @@
-// Errors that more than one part of the engine raises, with their one text each. A name is the planner's as messages
-// show it.
+// Errors that several parts of the engine raise, each with its text. A name is the planner's as messages show it.
 #pragma once
 
 #include "platform/engine/engineerrors.h"
@@ -9,7 +8,7 @@ namespace engineerrors {
 struct KnownError
 {
     int number;
-    const char16_t* text; // what ErrorOf is given besides takes the places of %1 and %2
+    const char16_t* text; // ErrorOf's arguments replace %1 and %2
 };
 
 inline constexpr KnownError NoObject = {errors::ObjectNotSet, u"Object variable not set"};

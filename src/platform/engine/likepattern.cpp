@@ -66,8 +66,8 @@ QString FormOfItem(Characters item)
     }
 }
 
-// What stands between two * is taken where it first fits and never tried again, so that the cost stays within text
-// times pattern. Only what follows the last * has to reach the end.
+// Each piece between two * matches at its first fit and is not tried again, so the cost is at most text times pattern.
+// Only the piece after the last * must reach the end.
 QString FormOf(QStringList pieces)
 {
     QString form = "\\A"_L1 + pieces.takeFirst();
@@ -94,7 +94,7 @@ Criterion ParseCriterion(const QString& text)
 LikePattern::LikePattern(const QString& pattern)
 {
     const std::u32string all = pattern.toStdU32String();
-    QStringList pieces = {QString()}; // what stands between the *
+    QStringList pieces = {QString()}; // the pieces between the *
     QByteArray run;
     for (Characters rest = all; !rest.empty();) {
         const std::size_t size = SizeOfItem(rest, all);

@@ -1,11 +1,11 @@
-// The criterion of a Find: [Field] LIKE "pattern". A pattern is made ready once for many texts:
+// The criterion of a Find: [Field] LIKE "pattern". A pattern is compiled once for many texts:
 //   *       any run of characters, none included
 //   ?       one character
 //   #       one digit, 0 to 9
-//   [a-z]   one character of those listed, singly or from one to another; [!a-z] one that is none of them
-// Brackets take what stands for something else as it is: [*], [?], [#], [[]. A "]" that closes nothing is a character
-// like any other, "!" too but at the beginning of a list, "-" at its beginning and end; "[]" is nothing at all. Small
-// and capital letters are alike.
+//   [a-z]   one character of a list or range; [!a-z] one character that is not in it
+// In brackets a special character stands for itself: [*], [?], [#], [[]. A "]" without a "[" is a plain character, and
+// so is "!" except at the start of a list, and "-" at its start and end. "[]" matches nothing at all. Case does not
+// matter.
 #pragma once
 
 #include <QByteArray>
@@ -21,9 +21,9 @@ Criterion ParseCriterion(const QString& text); // UnparsableCriterion
 class LikePattern
 {
 public:
-    explicit LikePattern(const QString& pattern); // UnparsableCriterion: a list is not closed or runs backwards
+    explicit LikePattern(const QString& pattern); // UnparsableCriterion: a list is not closed, or its range is reversed
     bool Matches(QByteArrayView stored) const;
-    // A piece of ASCII, in lower case, that every text that matches contains in some case; may be empty.
+    // A piece of lower-case ASCII that every matching text contains in some case; may be empty.
     const QByteArray& Run() const { return m_run; }
 
 private:

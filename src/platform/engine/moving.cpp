@@ -35,7 +35,7 @@ bool AreAlike(Store& a, Store& b, const TableDef& table)
     return ours.empty() && theirs.empty();
 }
 
-// Row by row, read back from both.
+// Compares all tables row by row.
 void Compare(Store& from, Store& to)
 {
     const QStringList names = from.TableNames();
@@ -45,16 +45,16 @@ void Compare(Store& from, Store& to)
     if (!alike) throw RunTimeError{InputOutput, u"What was copied is not what was read back."_s};
 }
 
-// Within a write of the second.
+// Call it within a write of the second store.
 void CopyAndCompare(Store& from, Store& to)
 {
-    from.BeginRead(); // one state of all tables, whatever others do meanwhile
+    from.BeginRead(); // all tables in one state, whatever others write meanwhile
     const auto endRead = qScopeGuard([&] { from.EndRead(); });
     Copy(from, to);
     Compare(from, to);
 }
 
-// The old planner is whole under its own name or the other one at any moment.
+// At any moment the old planner is whole, under its own name or the backup's.
 void ReplaceByLink(const QString& planner, const QByteArray& linkText)
 {
     const struct stat status = StatusOf(planner);
@@ -90,7 +90,7 @@ void ToServer(const QString& path, const PlannerAddress& address, const QByteArr
             server.DropPlanner();
             server.Commit();
         } catch (const RunTimeError&) {
-            server.Rollback(); // a second attempt finds a planner of this name
+            server.Rollback(); // the second attempt raises FileExists
         }
     });
     ReplaceByLink(planner, link);

@@ -1,4 +1,4 @@
-// Taking a planner from a file to a server and back: all rows of all tables, or nothing. Meaning and errors as in
+// Moves a planner from a file to a server and back: all rows of all tables, or nothing. Meaning and errors as in
 // DBEngine and Database.
 #pragma once
 

@@ -74,7 +74,7 @@ bool RecordsetState::Land(std::optional<Row> found)
 void RecordsetState::Seek(const QString& comparison, const QVariant& key)
 {
     DropEdit();
-    // Whatever fails from here on, no older record may be taken for the one that was sought.
+    // If the Seek fails from here on, no older record may pass for the one sought.
     noMatch = true;
     m_at = At::Nowhere;
     if (comparison != u"=") Raise(InvalidArgument, u"Seek compares by \"=\" only."_s);
@@ -165,7 +165,7 @@ void RecordsetState::Edit()
     const qint64 id = Current().id;
     m_pending = Pending::None;
     auto release = qScopeGuard([this] { DropEdit(); });
-    // A lock can have died with its connection; an edit that starts anew takes it anew.
+    // The lock may have been lost with its connection; a second Edit takes it again.
     m_locked = m_locked && store->Holds(table, id);
     if (!m_locked) Lock();
     const std::optional<Row> fresh = store->Fetch(table, id);

@@ -1,4 +1,4 @@
-// The state machine behind a Recordset; its rules stand in recordset.h.
+// The state machine of a Recordset; recordset.h states its rules.
 #pragma once
 
 #include "platform/engine/likepattern.h"
@@ -6,9 +6,9 @@
 
 struct RecordsetState
 {
-    // Stands on the first record.
+    // Makes the first record current.
     RecordsetState(std::shared_ptr<Store> openStore, TableDef definition, const Index& order);
-    ~RecordsetState(); // an edit's lock ends with its recordset
+    ~RecordsetState(); // releases the edit's lock
     RecordsetState(const RecordsetState&) = delete;
     RecordsetState& operator=(const RecordsetState&) = delete;
 
@@ -30,7 +30,7 @@ struct RecordsetState
 
     std::shared_ptr<Store> store; // null when closed
     TableDef table;
-    Index index; // changed by SetIndex alone
+    Index index; // only SetIndex changes it
     bool bof = false;
     bool eof = false;
     bool noMatch = false;
@@ -38,9 +38,9 @@ struct RecordsetState
 private:
     enum class At
     {
-        Nowhere, // no place to move from
+        Nowhere, // a move has nowhere to start
         Record,
-        Deleted, // the place of a record that is gone
+        Deleted, // the place of a deleted record
         Gap,     // a place without a record
         Bof,
         Eof
@@ -57,13 +57,13 @@ private:
     std::optional<Row> LookPrevious(const Criterion& criterion) const;
     bool Land(std::optional<Row> found);
     void StandAtEnd(From end);
-    void Use(const Index& order); // and stand on its first record
+    void Use(const Index& order); // and makes its first record current
     const Row& Current() const;   // NoCurrentRecord, RecordDeleted
     void Lock();
     void ReleaseLock();
     void DropEdit();
 
-    std::optional<std::size_t> m_keyField; // the field that the index orders by
+    std::optional<std::size_t> m_keyField; // the index's field
     At m_at = At::Nowhere;
     Store::Place m_place;
     Row m_row;

@@ -1,4 +1,4 @@
-// What a repair has found and kept.
+// The result of a repair.
 #pragma once
 
 #include <QString>
@@ -10,9 +10,9 @@ struct RepairReport
     struct Table
     {
         QString Name;
-        qint64 Rows = 0;    // recovered, the cut ones included
-        qint64 CutRows = 0; // of which the end of a text, or what stood behind it, is lost
+        qint64 Rows = 0;    // recovered rows, cut ones included
+        qint64 CutRows = 0; // rows that lost the end of a text or what followed it
     };
-    QString KeptAs; // where the damaged planner lies now, with its journal; empty if nothing was wrong
+    QString KeptAs; // the damaged planner's new place, journal included; empty if nothing was wrong
     std::vector<Table> Tables;
 };

@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 namespace {
-// The server cuts a label at 63 bytes and makes question marks of what is not ASCII.
+// The server cuts a label at 63 bytes and replaces non-ASCII characters by question marks.
 constexpr QLatin1StringView Prefix("Orrelin ");
 constexpr qsizetype UserBytes = 24;
 constexpr qsizetype MachineBytes = 30;

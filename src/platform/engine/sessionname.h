@@ -1,4 +1,4 @@
-// Who works here, and how a session names its user and machine to the others.
+// The user and machine of this session, and their names for others.
 #pragma once
 
 #include <QString>
@@ -8,13 +8,13 @@
 namespace sessionname {
 inline constexpr char16_t Unknown[] = u"another user";
 
-QString User(); // the user's number where the system knows no name
+QString User(); // the user's number if the system knows no name
 QString Machine();
 
-// "user 'ann' on machine 'desk3'" for a message. Others can have written anything: it gets no lines of theirs.
+// "user 'ann' on machine 'desk3'" for a message, without line ends: others can have written any text.
 QString Person(const QString& user, const QString& machine);
 
-// The beginning of the text that takes at most so many bytes when encoded. Cut between characters.
+// The longest beginning of the text that takes at most so many bytes when encoded. Cuts between characters.
 template <typename Encode>
 QByteArray Cut(QString text, qsizetype bytes, Encode&& encode)
 {
@@ -23,7 +23,7 @@ QByteArray Cut(QString text, qsizetype bytes, Encode&& encode)
     return encode(text);
 }
 
-// The one label that any user of a server sees: at most 63 bytes of ASCII without quotes.
+// The label that all users of a server see: at most 63 bytes of ASCII without quotes.
 std::string Label();
-QString PersonOf(const QString& label); // Unknown where it is no such label
+QString PersonOf(const QString& label); // Unknown if it is not such a label
 } // namespace sessionname

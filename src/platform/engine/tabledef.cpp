@@ -13,7 +13,7 @@ namespace {
     throw RunTimeError{engineerrors::ItemNotFound, u"Table '%1' has nothing named '%2'."_s.arg(table.Name, name)};
 }
 
-// Lone surrogates have no UTF-8, and a file would give back something else than it was given.
+// Lone surrogates have no UTF-8, so a file would return another text than was written.
 QVariant Storable(const QVariant& value)
 {
     const auto& text = *static_cast<const QString*>(value.constData());
@@ -79,7 +79,7 @@ QVariant AsFieldValue(const Field& field, const QVariant& value)
         throw RunTimeError{engineerrors::TypeMismatch,
                            u"The value does not fit the type of field '%1'."_s.arg(field.Name)};
     if (field.Type == dbText) return Storable(result);
-    if (field.Type == dbDate) return QDateTime(result.toDate(), result.toTime()); // what the clock on the wall showed
+    if (field.Type == dbDate) return QDateTime(result.toDate(), result.toTime()); // the local time, without a time zone
     if (field.Type == dbSingle && std::isnan(result.toFloat())) return {};
     return result;
 }

@@ -1,4 +1,4 @@
-// Definitions of tables: fields in their order and indexes. Plain values; Database::Append makes the table.
+// Definitions of tables: fields in order, and indexes. Plain values; Database::Append makes the table.
 #pragma once
 
 #include <QString>
@@ -22,13 +22,13 @@ struct Field
 {
     QString Name;
     FieldType Type;
-    int Size = 0; // characters of a dbText; 0 for the other types
+    int Size = 0; // in characters, for a dbText; else 0
 };
 
 struct Index
 {
     QString Name;
-    QString Fields;       // one field, "-" before it for descending: "-qmtDate"
+    QString Fields;       // one field; "-" before it means descending: "-qmtDate"
     bool Primary = false; // a primary index is unique
 };
 
@@ -39,7 +39,7 @@ struct TableDef
     std::vector<Index> Indexes;
 };
 
-// Names are found without regard to case; the very name comes first.
+// Ignores case, but prefers the exact name.
 template <typename List, typename Name>
 auto FindNamed(const List& list, Name nameOf, const QString& name)
 {
@@ -50,13 +50,13 @@ auto FindNamed(const List& list, Name nameOf, const QString& name)
 
 std::size_t FieldNumber(const TableDef& table, const QString& name); // ItemNotFound
 const Index& IndexNamed(const TableDef& table, const QString& name); // ItemNotFound
-Index PrimaryIndex(const TableDef& table);                           // an empty one if there is none
+Index PrimaryIndex(const TableDef& table);                           // an empty one if the table has none
 
-QString KeyField(const Index& index); // without the sign of its direction
+QString KeyField(const Index& index); // without the "-"
 bool IsDescending(const Index& index);
 
-QMetaType TypeOf(FieldType type); // of the values of such a field
+QMetaType TypeOf(FieldType type); // the type of the field's values
 
-// The value as rows hold it: of the field's own type and equal to itself after a journey to the file and back.
-// TypeMismatch if it cannot be made one.
+// The value as rows hold it: of the field's type, and unchanged by writing it to the file and reading it. TypeMismatch
+// if it cannot be converted.
 QVariant AsFieldValue(const Field& field, const QVariant& value);

@@ -50,7 +50,7 @@ QString FoldedCase(QString text)
             unit = QChar::highSurrogate(folded);
             text[++at] = QChar::lowSurrogate(folded);
         } else {
-            unit = QChar::ReplacementCharacter; // half a character
+            unit = QChar::ReplacementCharacter; // half of a pair
         }
     }
     return text;

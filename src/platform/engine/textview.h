@@ -1,5 +1,5 @@
-// How the bytes of a stored text read as characters, and which characters count as the same. For the criterion of a
-// Find and for the search for a word in one text, so that both see the same.
+// How the bytes of a stored text decode to characters, and which characters are equal. Used by the criterion of Find
+// and by the search in one text, so that both find the same.
 #pragma once
 
 #include <QByteArrayView>
@@ -7,19 +7,19 @@
 
 struct TextView
 {
-    // Must leave ASCII characters that stand in a row in that row.
+    // Must keep runs of ASCII characters together.
     QString (*Read)(QByteArrayView stored);
-    // Whether what is read may hold the character, in small or capital form; tells it at a glance. False: it does not.
+    // A quick check. False only if the decoded text does not hold the character in any case.
     bool (*MayHold)(QByteArrayView stored, char32_t folded);
 };
 
 void SetTextView(const TextView& view);
-void SetPlainTextView(); // UTF-8, as it is at the start
+void SetPlainTextView(); // UTF-8, the initial view
 
 QString ViewedText(QByteArrayView stored);
 bool MayHold(QByteArrayView stored, char32_t folded);
 
-// Small and capital letters alike, in all of Unicode. Goes character by character, so that places stay what they are,
-// and never makes ASCII of another character.
+// Folds case in all of Unicode. Character by character, so that positions stay valid. Never turns another character
+// into ASCII.
 char32_t FoldedCase(char32_t character);
 QString FoldedCase(QString text);

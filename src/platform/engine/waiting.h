@@ -1,4 +1,4 @@
-// The engine goes to drives and servers, and any of them may keep the program waiting, for ever if it is killed then.
+// A callback before slow steps. A drive or server may keep the program waiting until the person kills it.
 #pragma once
 
 #include "platform/runtime/errortail.h"
@@ -6,15 +6,15 @@
 #include <functional>
 
 namespace waiting {
-// What is to be done before each such step; it must be quick where there is nothing to do, and not use the engine. Null
-// takes it away.
+// Runs before each such step. It must return quickly if it has nothing to do, and must not use the engine. Null removes
+// it.
 inline std::function<void()> g_before;
 inline void SetBefore(std::function<void()> step)
 {
     g_before = std::move(step);
 }
 
-// To be called before such a step. Raises nothing.
+// Call this before such a step. Raises nothing.
 inline void Before()
 {
     if (g_before) Guarded(" in waiting, Before"_L1, g_before)();
