@@ -33,13 +33,13 @@ ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(pat
     }
     m_file = Descriptor(path, O_RDWR | O_CREAT, 0600);
     if (!m_file.IsOpen()) RaiseCannotOpen(path, errno);
-    // All users of the planner must be able to use its locks, whatever this user's mask says. Where the group is not
-    // ours to give, the mode alone has to do.
+    // All users of the planner must be able to use its locks, whatever this user's umask is. If the group cannot be
+    // set, the mode alone must do.
     [[maybe_unused]] const int owned = ::fchown(m_file.Number(), static_cast<uid_t>(-1), group);
     ::fchmod(m_file.Number(), mode & 0666);
 }
 
-// Somebody may have given a planner the name that our lock file wants; its head must not become a table of sessions.
+// Somebody may have given a planner the lock file's name. Its head must not be overwritten by the table of sessions.
 void ByteLocks::RefuseIfDatabase() const
 {
     constexpr QByteArrayView Magic = "SQLite format 3";
@@ -83,6 +83,6 @@ QByteArray ByteLocks::Read(off_t at, qsizetype size) const
 
 void ByteLocks::Write(off_t at, const void* data, std::size_t size)
 {
-    // The lock is the truth and what is written a label: on a full disk the holder stays without a name.
+    // The lock decides, the entry is only a label: on a full disk the holder has no name.
     [[maybe_unused]] const ssize_t written = ::pwrite(m_file.Number(), data, size, at);
 }

@@ -1,5 +1,5 @@
-// A file whose bytes are locked: one descriptor, whose locks die with it. Open file description locks, so that closing
-// another descriptor of the file leaves them alone and two descriptors of one process exclude each other too.
+// A file with locked bytes. Its one descriptor owns the locks, which end with it. They are open file description locks:
+// closing another descriptor of the file does not release them, and two descriptors of one process exclude each other.
 #pragma once
 
 #include "platform/runtime/descriptor.h"
@@ -18,16 +18,15 @@ public:
         Exclusive
     };
 
-    // Makes the file if there is none, for the same people that may use the file it belongs to. ReadOnlyFile,
-    // InputOutput.
+    // Makes the file if it is missing, for the people who may use the planner. ReadOnlyFile, InputOutput.
     ByteLocks(const QString& path, mode_t mode, gid_t group);
 
-    // False if another descriptor's lock is in the way; a lock held here is changed to the mode. NoLocks if the file
-    // system keeps no locks.
+    // False if another descriptor's lock conflicts. A lock held here changes to the mode. NoLocks if the file system
+    // has no locks.
     bool TryLock(off_t byte, Mode mode);
-    bool ChangeLock(off_t byte, Mode mode); // TryLock that takes any failure for a refusal
+    bool ChangeLock(off_t byte, Mode mode); // TryLock that returns false for any failure
     void Unlock(off_t byte);
-    bool IsLockedElsewhere(off_t byte, off_t count = 1) const; // any of so many
+    bool IsLockedElsewhere(off_t byte, off_t count = 1) const; // whether any of these bytes is locked
 
     QByteArray Read(off_t at, qsizetype size) const; // shorter at the end of the file
     void Write(off_t at, const void* data, std::size_t size);

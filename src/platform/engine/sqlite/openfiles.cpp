@@ -38,7 +38,7 @@ struct OpenFile::Shared
     }
 
     ByteLocks locks;
-    std::vector<OpenFile*> opens; // the latest one last
+    std::vector<OpenFile*> opens; // the latest is last
 
     static std::weak_ptr<Shared>& Known(const struct stat& status);
     static std::shared_ptr<Shared> Of(const QString& planner);
@@ -66,11 +66,11 @@ ByteLocks LocksBeside(const QString& planner)
 
 std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)
 {
-    // By path: the claim stands for the file of locks, and outlives the exchange of the planner beside it.
+    // By path: the claim belongs to the lock file, and stays when the planner beside it is replaced.
     static std::map<QString, std::weak_ptr<ByteLocks>> claims;
     std::weak_ptr<ByteLocks>& claim = claims[planner];
     if (auto held = claim.lock()) return held;
-    // Its own descriptor, which this program's own opens refuse too.
+    // A separate descriptor, so that this program's own opens are refused too.
     auto locks = std::make_shared<ByteLocks>(LocksBeside(planner));
     if (!locks->TryLock(plannerformat::OpenModeByte, ByteLocks::Exclusive)) RaiseInUse(planner, *locks);
     claim = locks;
@@ -85,8 +85,7 @@ bool OpenFile::IsOpenHere(const struct stat& planner)
 OpenFile::OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole)
     : m_shared(Shared::Of(planner)), m_exclusive(exclusive), m_keepWhole(std::move(keepWhole))
 {
-    // An exclusive mode that this process holds already is given up by Settle alone, so that a failing open cannot
-    // lose it.
+    // Only Settle gives up an exclusive mode that this process holds, so that a failed open cannot lose it.
     const bool isFirst = m_shared->opens.empty();
     if ((isFirst || exclusive) && !m_shared->locks.TryLock(plannerformat::OpenModeByte, ModeOf(exclusive)))
         RaiseInUse(planner, m_shared->locks);

@@ -1,5 +1,5 @@
-// The planners that this process has open, known by device and inode. Their open mode is one lock a process: a second
-// open changes it, where a second descriptor would be refused by the first.
+// The planners that this process has open, by device and inode. Their open mode is one lock for the process: a second
+// open changes it, where a second descriptor would conflict with the first.
 #pragma once
 
 #include "platform/engine/sqlite/bytelocks.h"
@@ -9,32 +9,32 @@
 #include <functional>
 #include <memory>
 
-// The file of locks beside a planner, by a descriptor of its own. FileNotFound, ReadOnlyFile, InputOutput.
+// The lock file beside a planner, with a separate descriptor. FileNotFound, ReadOnlyFile, InputOutput.
 ByteLocks LocksBeside(const QString& planner);
 
-// Keeps a planner from everybody, this program's own opens included, as long as the result lives; the path is the real
-// one. Asked for twice it is shared, so that several steps can be made under one claim. InUse, NoLocks.
+// Keeps everybody, this program included, from opening a planner while the result lives. Takes the real path. A second
+// claim shares the first, so that several steps can run under one claim. InUse, NoLocks.
 std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner);
 
-// One open of a planner, from construction to destruction.
+// One open of a planner, for its life.
 class OpenFile
 {
 public:
-    // Tells the owner whether its connection may keep the whole file to itself; must not raise.
+    // Called with whether the owner's connection may lock the whole file; must not raise.
     using KeepWhole = std::function<void(bool)>;
 
-    // InUse, and then nothing has changed. The path is the real one of an existing file. Others of this process let go
-    // of the file until Settle.
+    // InUse; then nothing has changed. Takes the real path of an existing file. This process's other opens do not lock
+    // the whole file until Settle.
     OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole);
-    ~OpenFile(); // the one opened before it, if any, gets its own mode back
+    ~OpenFile(); // the previous open, if any, gets its own mode back
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
 
-    // Whether this process has the planner open. The file may then be opened by no other means: to close it again would
-    // drop the library's locks.
+    // Whether this process has the planner open. Then do not open the file in another way: closing it would release the
+    // library's locks.
     static bool IsOpenHere(const struct stat& planner);
 
-    void Settle(); // the open has come to its end: the mode is now this one's
+    void Settle(); // the opening has succeeded: its mode applies now
 
 private:
     struct Shared;

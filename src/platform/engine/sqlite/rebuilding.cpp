@@ -26,7 +26,7 @@ QVariant StoredValueOf(const RawValue& value)
     return {};
 }
 
-// A cut text is better than none, but only under its right day.
+// A cut text is kept, but only under its right day.
 bool HasWholeKeys(const TableDef& table, const RawRow& row)
 {
     return std::ranges::all_of(
@@ -46,7 +46,7 @@ public:
         const bool hasKey = !PrimaryIndex(m_table.definition).Fields.isEmpty();
         std::vector<const RawRow*> homeless;
         for (const RawRow& row : m_table.rows)
-            // With a key of its own it cannot be an older state of the row that has the id.
+            // With a key of its own, it cannot be an older version of the row with this id.
             if (HasWholeKeys(m_table.definition, row) && !Insert(row, IsId(row.id)) && hasKey) homeless.push_back(&row);
         for (const RawRow& row : m_table.loose)
             if (HasWholeKeys(m_table.definition, row) && IsId(row.id)) Insert(row, true);
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    // False if another row has its id or its key.
+    // False if another row has this id or key.
     bool Insert(const RawRow& row, bool underItsId)
     {
         SqlValues values = {underItsId ? QVariant(row.id) : QVariant()};

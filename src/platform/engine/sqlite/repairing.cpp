@@ -28,14 +28,14 @@ constexpr KnownError NothingRead = {NotADatabase, u"'%1' is not a planner: nothi
 constexpr KnownError NothingLeft = {NotADatabase,
                                     u"Nothing can be read any more in the damaged planner '%1'. It is left as it was."};
 
-// A version beyond this is no newer program's but damage.
+// A larger version is damage, not a newer program's.
 constexpr int VersionLimit = 1000;
 
 enum class Verdict
 {
     Sound,
     Damaged,
-    NotOurs // another program's, or a newer Orrelin's: to be refused as OpenDatabase does
+    NotOurs // another program's, or a newer Orrelin's: refuse it as OpenDatabase does
 };
 
 Verdict JudgeOpened(SQLite::Database& library)
@@ -46,7 +46,7 @@ Verdict JudgeOpened(SQLite::Database& library)
     if (isOurs && version > plannerformat::Version && version <= VersionLimit) return Verdict::NotOurs;
     if (library.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return Verdict::Damaged;
     if (isOurs && version == plannerformat::Version) return Verdict::Sound;
-    // Only the mark of our program may be what was damaged.
+    // Perhaps only the mark of our program is damaged.
     const std::string ours = std::string("SELECT count(*) FROM sqlite_schema AS t JOIN pragma_table_info(t.name) AS c "
                                          "WHERE t.type = 'table' AND c.cid = 0 AND c.name = '") +
                              IdColumn.latin1() + "'";
@@ -60,7 +60,7 @@ Verdict Judge(const std::string& name, int flags, const QString& path)
         library.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
         return JudgeOpened(library);
     } catch (const SQLite::Exception& error) {
-        // What the disk cannot do is no damage of the planner.
+        // A failure of the disk is no damage of the planner.
         const int code = error.getErrorCode() & 0xff;
         if (code == SQLITE_FULL || code == SQLITE_IOERR || code == SQLITE_NOMEM)
             throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
@@ -68,20 +68,20 @@ Verdict Judge(const std::string& name, int flags, const QString& path)
     }
 }
 
-// Of a copy, since the library plays a journal back as soon as it looks at the file.
+// Judges a copy, since the library plays a journal back at its first look at the file.
 Verdict Judge(const QString& copy)
 {
     return Judge(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE, copy);
 }
 
-// The file as it is, without a journal, a lock or a write.
+// Judges the file without a journal, a lock or a write.
 Verdict JudgeUntouched(const QString& path)
 {
     const QByteArray uri = QUrl::fromLocalFile(path).toEncoded() + "?immutable=1";
     return Judge(uri.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI, path);
 }
 
-// The planner as it is without its journal, or as the journal leaves it, and what can be made of it.
+// One state of the planner, with or without its journal played back, and what can be rebuilt from it.
 struct State
 {
     State(const QString& planner, const struct stat& status, QLatin1StringView suffix)
@@ -94,7 +94,7 @@ struct State
     {
         const salvage::Result found = salvage::Read(Content(copy.Path()), expected);
         hasHead = found.hasHead;
-        // That all tables are there and none has a row is a find too, if nothing of them is missing.
+        // Complete tables without rows count as found too.
         isFound = !found.tables.empty() && std::ranges::all_of(found.tables, &salvage::Table::complete);
         tables = rebuilding::Write(found.tables, rebuilt.Path());
         for (const RepairReport::Table& table : tables) {
@@ -111,14 +111,14 @@ struct State
     bool hasHead = false;
     bool isFound = false;
     std::vector<RepairReport::Table> tables;
-    qint64 rows = 0, cutRows = 0; // of all tables
+    qint64 rows = 0, cutRows = 0;
 };
 
 class Repairer
 {
 public:
-    // Nobody has the planner open where there is no file of locks. The claim would make one, so it waits for the look
-    // that tells whether this is a planner at all.
+    // Without a lock file nobody has the planner open. A claim would make one, so it waits until the file is known to
+    // be a planner.
     Repairer(const QString& planner, const std::vector<TableDef>& expected)
         : m_planner(planner), m_status(StatusOf(planner)), m_expected(expected)
     {
@@ -141,8 +141,8 @@ private:
     const std::vector<TableDef>& m_expected;
     std::shared_ptr<ByteLocks> m_claim;
     std::optional<LibraryLock> m_lock;
-    std::unique_ptr<State> m_asItIs;     // without the journal
-    std::unique_ptr<State> m_playedBack; // if there is a journal to be played back
+    std::unique_ptr<State> m_asItIs;
+    std::unique_ptr<State> m_playedBack; // if there is a journal to play back
 };
 
 RepairReport Repairer::Run()
@@ -175,7 +175,7 @@ void Repairer::Look()
     m_asItIs->verdict = Judge(m_asItIs->copy.Path());
 }
 
-// The way of any open: a journal that leaves a sound planner, as its copy has shown, is played back by the library.
+// As in any open, the library plays back a journal. The copy has shown that the planner is sound then.
 void Repairer::OpenAsEver()
 {
     m_asItIs.reset();
@@ -188,10 +188,10 @@ void Repairer::OpenAsEver()
     planner.CheckHead();
 }
 
-// A journal that leaves a sound planner is right, however many rows that has: nobody was promised that the rest is
-// saved. Only where it does not, it may be torn or another planner's. Then a planner that is sound without it never
-// needed it, and of two damaged states the better is the one with a find, with more whole rows, with more rows; the
-// other one stays with what is kept.
+// A journal that leaves a sound planner is right, even if it removes rows: they were never reported as saved. Otherwise
+// the journal may be torn or another planner's. Then a planner that is sound without it never needed it. Of two damaged
+// states the better has a find, more whole rows, or more rows, in this order. The other state is kept with the damaged
+// planner.
 State& Repairer::Choose()
 {
     m_asItIs->Rebuild(m_expected);
@@ -203,7 +203,7 @@ State& Repairer::Choose()
 QString Repairer::KeepDamaged() const
 {
     const QString kept = FreeNameBeside(m_planner, "damaged"_L1);
-    // The journal first, so that a planner of that name is never without it.
+    // The journal comes first, so that a planner of that name always has it.
     if (Exists(JournalOf(m_planner))) CopyToFree(JournalOf(m_planner), JournalOf(kept), m_status);
     CopyToFree(m_planner, kept, m_status);
     SyncFolderOf(kept);
@@ -214,8 +214,8 @@ void Repairer::Exchange(State& state)
 {
     std::optional<LibraryLock> others;
     if (m_playedBack && &state == m_playedBack.get()) {
-        // Without its journal the old file would be less than was found. The state that the journal leaves is not: to
-        // play it back once more changes nothing.
+        // Without its journal the old file would hold less than was found. With the journal played back it does not,
+        // and playing it back again changes nothing.
         others.emplace(state.copy.Path());
         Rename(state.copy.Path(), m_planner);
         SyncFolderOf(m_planner);
@@ -233,7 +233,7 @@ RepairReport Repair(const QString& path, const std::vector<TableDef>& tables)
 
 bool FindsPlanner(const QString& path, const std::vector<TableDef>& tables)
 {
-    constexpr qint64 LargestFile = 1 << 28; // what is larger is more likely something else
+    constexpr qint64 LargestFile = 1 << 28; // a larger file is probably no planner
     const struct stat status = StatusOf(path);
     if (!S_ISREG(status.st_mode) || status.st_size > LargestFile || OpenFile::IsOpenHere(status)) return false;
     if (JudgeUntouched(path) != Verdict::Damaged) return false;

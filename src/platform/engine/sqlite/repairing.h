@@ -1,4 +1,4 @@
-// Repairing a planner in place: what is to be kept, which state of it counts, and the exchange. As in DBEngine.
+// Repairs a planner in place: chooses the state to keep, keeps the old one and replaces it. As in DBEngine.
 #pragma once
 
 #include "platform/engine/repairreport.h"
@@ -7,6 +7,6 @@
 namespace repairing {
 RepairReport Repair(const QString& path, const std::vector<TableDef>& tables);
 
-// Whether a file that is no planner as it stands is a damaged one in which Repair finds notes. Touches nothing.
+// Whether a file that is no planner is a damaged one in which Repair finds notes. Changes nothing.
 bool FindsPlanner(const QString& path, const std::vector<TableDef>& tables);
 } // namespace repairing

@@ -32,13 +32,13 @@ ScratchPlace::~ScratchPlace()
 void ScratchPlace::Take()
 {
     m_lock = FileLock::Try(Lock());
-    // A folder that takes no lock takes no copy either, and says so then.
+    // In a folder where no lock can be made, the copy fails later with its own message.
     if (!m_lock && QFileInfo(Lock()).isFile())
         throw RunTimeError{InUse, u"'%1' is in use: another Orrelin compacts a planner just now."_s.arg(m_path)};
 }
 
-// The mark outlives the program, so a copy under it was left by one that died. Where somebody has opened it since, it
-// has a file of locks beside it and may hold notes of its own.
+// The mark outlives the program, so a marked copy comes from a program that died. If somebody has opened the copy
+// since, it has a lock file beside it and may hold new notes.
 void ScratchPlace::Clear()
 {
     const bool isOurs = QFileInfo(Lock()).size() > 0 && !Exists(LockFileOf(m_path));
@@ -53,7 +53,7 @@ void ScratchPlace::PutAside()
 try {
     const auto claim = Exists(LockFileOf(m_path)) ? ClaimAlone(m_path) : nullptr;
     m_beside = FreeNameBeside(m_path, "kept"_L1);
-    // The journal first, so that a planner of that name is never without it.
+    // The journal comes first, so that a planner of that name always has it.
     if (Exists(JournalOf(m_path))) CopyToFree(JournalOf(m_path), JournalOf(m_beside), StatusOf(m_path));
     RenameToFree(m_path, m_beside);
     SyncFolderOf(m_path);
@@ -62,7 +62,7 @@ try {
     throw RunTimeError{error.Number, u"%1: %2"_s.arg(m_path, error.Description)};
 }
 
-// In what the lock's file holds.
+// The mark is the lock's content.
 void ScratchPlace::MarkAsOurs(bool ours) const
 {
     QFile mark(Lock());

@@ -1,5 +1,5 @@
-// The one place where Compact makes its copy before it is put into the planner's. One program at a time has it. What a
-// run that died has left there is replaced; whatever else lies there is somebody's own and is put beside it.
+// The place where Compact makes its copy before the copy replaces the planner. One program at a time uses it. A copy
+// left by a program that died is replaced. Any other file there belongs to somebody and is moved aside.
 #pragma once
 
 #include "platform/runtime/durablefile.h"
@@ -7,16 +7,19 @@
 class ScratchPlace
 {
 public:
-    // For a copy of the planner. InUse while another program has the place, or has open what lies there; the text names
-    // the whole path. FileExists for the planner that lies there itself.
+    // For a copy of the planner. InUse while another program uses the place or has the file there open; the text names
+    // the whole path. FileExists if the planner itself is there.
     ScratchPlace(const QString& path, const QString& planner);
-    // The copy goes. Where there is no planner any more it may be all that is left, and stays as somebody's own.
+    // Deletes the copy. If the planner is gone, the copy may be all that is left, so it stays.
     ~ScratchPlace();
     ScratchPlace(const ScratchPlace&) = delete;
     ScratchPlace& operator=(const ScratchPlace&) = delete;
 
     const QString& Path() const { return m_path; }
-    const QString& PutBeside() const { return m_beside; } // what lay there; empty if nothing did
+    const QString& PutBeside() const
+    {
+        return m_beside;
+    } // the new path of the file moved aside; empty if there was none
 
 private:
     QString Lock() const { return m_path + ".lock"_L1; }

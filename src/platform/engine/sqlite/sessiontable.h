@@ -1,15 +1,16 @@
-// The table of sessions in the file of locks: the users that have the planner open, and the records that each holds.
-// Labels for messages; the truth are the locked bytes.
+// The table of sessions in the lock file: the users that have the planner open, and the records that each holds. The
+// entries are labels for messages; the locked bytes decide.
 #pragma once
 
 #include "platform/engine/sql/sqlrows.h"
 #include "platform/engine/sqlite/bytelocks.h"
 
-// "user 'ann' on machine 'desk3'" of a living session that holds the record, or of any living one for table 0. "another
-// user" where no entry tells. Waits some milliseconds for one, since an entry is written after its lock is granted.
+// "user 'ann' on machine 'desk3'" of a living session that holds the record, for table 0 of any living session.
+// "another user" without an entry. Waits some milliseconds for one, since an entry is written after its lock is
+// granted.
 QString HolderOf(const ByteLocks& locks, const RecordName& record);
 
-// This program's own line in the table, and its locks on records. All of it ends with the file's descriptor.
+// This program's entry in the table, and its locks on records. They end with the file's descriptor.
 class Session
 {
 public:

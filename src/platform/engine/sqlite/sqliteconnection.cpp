@@ -20,14 +20,14 @@ namespace {
 using namespace engineerrors;
 using wholefiles::JournalOf;
 
-constexpr int BusyTimeout = 1500; // milliseconds; a person waits with us
+constexpr int BusyTimeout = 1500; // milliseconds that a person waits
 
 bool MayWrite(const QString& path)
 {
     return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
 }
 
-// Without the journal's folder nothing can be written, and root, whom no permission stops, must still see it.
+// Writing needs a journal in the planner's folder. The check finds a read-only mount for root too.
 bool CanKeepJournal(const QString& path)
 {
     if (MayWrite(JournalOf(path))) return true;
@@ -43,7 +43,7 @@ RunTimeError ReadOnlyError(const QString& name)
 SQLite::Database Open(const QString& path, const QString& name)
 {
     try {
-        // Never with CREATE: an empty file would pass for an empty planner.
+        // Without CREATE, since a new empty file would pass for an empty planner.
         return SQLite::Database(QFile::encodeName(path).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
     } catch (const SQLite::Exception& error) {
         throw RunTimeErrorOf(error, Doing::Reading, name);
@@ -54,7 +54,7 @@ SQLite::Database Open(const QString& path, const QString& name)
 SqliteConnection::SqliteConnection(const QString& path)
     : SqlConnection(sqlite::Dialect, QFileInfo(path).fileName()), m_path(path), m_database(Open(path, m_name))
 {
-    // The file may come from anywhere: nothing that its schema contains is to run with this program's rights.
+    // The file may come from anywhere. Nothing in its schema may run with this program's rights.
     m_database.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
 }
 
@@ -74,7 +74,7 @@ void SqliteConnection::CheckWritable() const
     throw ReadOnlyError(m_name);
 }
 
-// A journal that has become read-only looks like a failing disk to the library.
+// To the library, a read-only journal looks like a failing disk.
 RunTimeError SqliteConnection::ErrorOf(const SQLite::Exception& error) const
 {
     const RunTimeError found = RunTimeErrorOf(error, m_writing ? Doing::Writing : Doing::Reading, m_name);
@@ -91,7 +91,7 @@ RunTimeError SqliteConnection::Failure(const SQLite::Exception& error)
     return failure;
 }
 
-// Reads the schema too, which tells at once whether pages are missing at the end.
+// Also reads the schema, which shows whether pages are missing at the end.
 void SqliteConnection::CheckOwnership()
 {
     const int id = m_database.execAndGet("PRAGMA application_id").getInt();
@@ -110,8 +110,8 @@ void SqliteConnection::CheckHead()
 void SqliteConnection::SetUp()
 {
     m_database.setBusyTimeout(BusyTimeout);
-    // EXTRA syncs the folder too, or a power cut could bring back a journal that undoes a commit. PERSIST makes no file
-    // anew and so needs the folder the least. The readers beside us rule WAL out on a network drive.
+    // EXTRA also syncs the folder: otherwise a power cut could bring back a journal that undoes a commit. PERSIST makes
+    // no new file and so needs the folder least. Other programs on a network drive rule out WAL.
     Ask(u"PRAGMA synchronous = EXTRA"_s);
     if (AskOne(u"PRAGMA journal_mode = PERSIST"_s).toByteArray() != "persist")
         throw RunTimeError{InUse, u"Could not use '%1'; another program has it open."_s.arg(m_name)};
@@ -136,13 +136,13 @@ void SqliteConnection::WriteEmptyPlanner()
 
 void SqliteConnection::KeepWhole(bool whole)
 {
-    // The library gives its locks back at the next look at the file.
+    // The library releases its locks at its next access to the file.
     m_database.tryExec(whole ? "PRAGMA locking_mode = EXCLUSIVE"
                              : "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_schema");
 }
 
-// The engine itself looks only when it opens the journal, and an exclusive planner keeps that open: notes would go to
-// a file that nobody will ever find again.
+// SQLite checks this only when it opens the journal, and an exclusive planner keeps its journal open. Notes would go
+// into a file that nobody finds again.
 void SqliteConnection::RefuseIfMoved()
 {
     int moved = 0;

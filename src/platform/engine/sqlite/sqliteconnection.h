@@ -13,20 +13,20 @@
 class SqliteConnection final : public SqlConnection
 {
 public:
-    explicit SqliteConnection(const QString& path); // an existing file; nothing is read yet. ReadOnlyFile
+    explicit SqliteConnection(const QString& path); // an existing file; reads nothing yet. ReadOnlyFile
 
-    // Raises what is wrong with the file (NotADatabase, ReadOnlyFile) without waiting for others: silent if they keep
-    // it to themselves.
+    // Raises the file's errors (NotADatabase, ReadOnlyFile) without waiting for others. Raises nothing if others have
+    // locked the whole file.
     void CheckUnlocked();
     void SetUp();
     void CheckHead();     // NotADatabase, Busy
-    void CheckWhole();    // the head too; NotADatabase where anything in the file is damaged: reads all of it
+    void CheckWhole();    // includes CheckHead; reads all of the file, NotADatabase if anything is damaged
     void RefuseIfMoved(); // InputOutput
     void WriteEmptyPlanner();
-    void KeepWhole(bool whole); // while it is true other connections get nothing
+    void KeepWhole(bool whole); // if true, other connections have no access
 
     SQLite::Database& Library() { return m_database; }
-    // With the library's errors as ours.
+    // Converts the library's errors to ours.
     template <typename Step>
     auto Do(Step&& step)
     {
@@ -51,5 +51,5 @@ private:
 
     const QString m_path;
     SQLite::Database m_database;
-    std::unordered_map<QString, SQLite::Statement> m_statements; // after the database, which outlives them
+    std::unordered_map<QString, SQLite::Statement> m_statements; // after the database, which must outlive them
 };

@@ -5,7 +5,7 @@
 #include <SQLiteCpp/Column.h>
 
 namespace {
-// A kept statement in use; an open one would make another program's commit fail.
+// Resets a kept statement after its use: an open one would make another program's commit fail.
 class Use
 {
 public:
@@ -32,7 +32,7 @@ void Bind(SQLite::Statement& statement, int number, const QVariant& value)
         return statement.bind(number, value.toDateTime().toString(DateFormat).toStdString());
     case QMetaType::QString:
         return statement.bind(number, value.toString().toStdString());
-    case QMetaType::QByteArray: // a text too, whatever its bytes are
+    case QMetaType::QByteArray: // bytes are stored as a text too
         return statement.bind(number, value.toByteArray().toStdString());
     default:
         return statement.bind(number);
@@ -51,8 +51,8 @@ QVariant CellOf(const SQLite::Column& column)
 
 namespace sqlite {
 constinit const SqlDialect Dialect = {
-    // Each name has the affinity that keeps values as they are: a memo that reads as a number must stay a text, so the
-    // word TEXT stands in its type.
+    // Each name has the affinity that leaves values unchanged. The memo's and the date's contain TEXT, so that a number
+    // in them stays a text.
     .types = {{{dbBoolean, "BOOLEAN"_L1},
                {dbLong, "INTEGER"_L1},
                {dbSingle, "REAL"_L1},

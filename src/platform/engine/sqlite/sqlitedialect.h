@@ -1,4 +1,4 @@
-// SQLite's own way of speaking SQL, and its answers as rows.
+// SQLite's SQL, and its answers as rows.
 #pragma once
 
 #include "platform/engine/sql/sqldialect.h"
@@ -9,6 +9,6 @@
 namespace sqlite {
 extern const SqlDialect Dialect;
 
-// All rows of the statement, which is back at its start then. Raises the library's exceptions.
+// Returns all rows and resets the statement. Raises the library's exceptions.
 SqlRows Ask(SQLite::Statement& statement, const SqlValues& values);
 } // namespace sqlite

@@ -16,7 +16,7 @@ struct Meaning
     const char16_t* text;
 };
 
-// The first that fits counts, so extended codes stand before the code that they belong to.
+// The first match counts, so extended codes precede their primary codes.
 constexpr std::array Meanings = {
     Meaning{SQLITE_READONLY_DBMOVED, InputOutput, u"The planner '%1' has been moved or deleted while it was open."},
     Meaning{SQLITE_CONSTRAINT, DuplicateKey,

@@ -1,4 +1,4 @@
-// The library's exceptions as errors of the engine, with texts for a person.
+// Converts the library's exceptions to errors of the engine, with texts for a person.
 #pragma once
 
 #include "platform/runtime/runtimeerror.h"
@@ -13,7 +13,7 @@ enum class Doing
     Writing
 };
 
-bool IsDamage(const SQLite::Exception& error); // of the file, or that it is none of the library's
+bool IsDamage(const SQLite::Exception& error); // the file is damaged, or no database
 
-// File is the planner's name, as the texts show it.
+// File is the planner's name for the texts.
 RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const QString& file);

@@ -50,7 +50,7 @@ template <std::size_t Count>
         if (meaning.error == error) throw RunTimeError{meaning.number, QString::fromUtf16(meaning.text).arg(name)};
     throw RunTimeError{InputOutput, u"'%1': %2."_s.arg(name, QString::fromLocal8Bit(std::strerror(error)))};
 }
-// Every table with its number of rows, and every number that ids go on from.
+// The tables with their numbers of rows, and the last ids.
 QStringList Inventory(SqliteConnection& connection)
 {
     const auto ask = [&](const QString& statement, const SqlValues& values) {
@@ -103,7 +103,7 @@ std::shared_ptr<Store> Open(const QString& path, bool exclusive)
 
 std::shared_ptr<Store> Create(const QString& path)
 {
-    // The library has no way to make a file only if there is none, and nothing may ever be truncated.
+    // The library cannot refuse an existing file, and no file may ever be truncated.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) Raise(CreateMeanings, path, errno);
     ::close(descriptor);
@@ -156,7 +156,7 @@ void Delete(const QString& path)
 {
     const std::shared_ptr<void> claim = Claim(path);
     const QString real = RealPath(path);
-    // The planner first: a journal without a planner means nothing, a planner without its journal may be torn.
+    // Deletes the planner first: a journal without a planner is harmless, a planner without its journal may be torn.
     if (!Unlink(real)) Raise(DeleteMeanings, real, errno);
     Unlink(JournalOf(real));
 }
@@ -167,11 +167,11 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
     const struct stat status = StatusOfFile(from);
     const QString real = RealPath(from);
     SqliteConnection source(real);
-    source.CheckUnlocked(); // before the claim, so that no file of locks is left beside something that is no planner
+    source.CheckUnlocked(); // before the claim, so that a file that is no planner gets no lock file
     const auto claim = ClaimAlone(real);
     source.RefuseIfMoved();
     source.SetUp();
-    source.CheckWhole(); // a journal that a crash left is played back by this
+    source.CheckWhole(); // also plays back a journal left by a crash
     const ScratchFile fresh(to + ".new"_L1, status);
     VacuumInto(source, fresh.Path());
     CompareWith(source, fresh.Path());
@@ -196,7 +196,7 @@ QString Replace(const QString& scratch, const QString& target)
     {
         SqliteConnection planner(real);
         planner.SetUp();
-        planner.CheckHead(); // its own journal is played back now: the old planner has to be whole until the last step
+        planner.CheckHead(); // plays back its journal now: the old planner must be whole until the last step
         SqliteConnection(source).CheckHead();
     }
     const ScratchFile fresh(real + ".new"_L1, status);

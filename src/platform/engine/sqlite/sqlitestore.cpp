@@ -23,7 +23,7 @@ QByteArrayView TextOf(sqlite3_value* value)
     return {text, text ? sqlite3_value_bytes(value) : 0};
 }
 
-// matches(text, pattern). The library keeps the pattern that was made ready from row to row, or drops it at once.
+// matches(text, pattern). The library may keep the compiled pattern from row to row.
 void Matches(sqlite3_context* context, int, sqlite3_value** arguments)
 {
     const QByteArrayView text = TextOf(arguments[0]);
@@ -41,7 +41,7 @@ constexpr int LongestCopy = 60000; // milliseconds
 constexpr int Attempts = 40;
 constexpr unsigned long BetweenAttempts = 50; // milliseconds
 
-// The library begins anew whenever another program has written meanwhile, which may be for ever.
+// The library starts again whenever another program has written, possibly for ever.
 void CopyPages(SQLite::Database& source, SQLite::Database& target)
 {
     SQLite::Backup backup(target, source);
@@ -56,7 +56,7 @@ void CopyPages(SQLite::Database& source, SQLite::Database& target)
     }
 }
 
-// It may be what somebody's notes are brought back from, long after the planner itself was damaged.
+// Checks the copy: notes may be restored from it long after the planner was damaged.
 bool IsSound(SQLite::Database& copy)
 {
     try {
@@ -76,10 +76,10 @@ SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlSt
         m_connection->CheckHead();
         return;
     }
-    // Before any lock, so that no file of locks is left beside something that is no planner.
+    // Before any lock, so that a file that is no planner gets no lock file.
     if (file == File::Planner) m_connection->CheckUnlocked();
     m_openFile.emplace(path, exclusive, [this](bool whole) { m_connection->KeepWhole(whole); });
-    m_connection->RefuseIfMoved(); // by a Compact or Repair that ended just before the lock was ours
+    m_connection->RefuseIfMoved(); // replaced by a Compact or Repair that ended just before our lock
     m_connection->SetUp();
     if (file == File::Empty) m_connection->WriteEmptyPlanner();
     m_connection->CheckHead();
@@ -103,14 +103,13 @@ void SqliteStore::GiveBack(const RecordName& record)
     m_session->WriteHeld(Held());
 }
 
-// All that the planner holds at this moment. Others read on meanwhile, and a save of theirs waits while a part is
-// copied.
+// Copies the planner's present state. Meanwhile others can read; their saves wait while a part is copied.
 void SqliteStore::BackUp(const QString& path)
 {
     const ScratchFile fresh(path + ".new"_L1, wholefiles::StatusOf(m_path));
     try {
         SQLite::Database target(QFile::encodeName(fresh.Path()).toStdString(), SQLite::OPEN_READWRITE);
-        target.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // nobody sees it before it is whole
+        target.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // nobody opens it before it is complete
         CopyPages(m_connection->Library(), target);
         if (!IsSound(target)) {
             damage::Tell(m_path);

@@ -1,4 +1,4 @@
-// A planner in a file of its own, kept by SQLite: the Store behind most planners.
+// A planner in a file, kept by SQLite: the Store behind most planners.
 #pragma once
 
 #include "platform/engine/sql/sqlstore.h"
@@ -12,18 +12,18 @@ public:
     enum class File
     {
         Planner,
-        Claimed, // by the caller, for himself alone: to be read, without locks of its own
-        Empty    // just made: an empty planner is written into it
+        Claimed, // claimed by the caller; read without locks of its own
+        Empty    // just made; gets an empty planner
     };
 
-    // The path is the real one of an existing file. Errors as DBEngine::OpenDatabase.
+    // Takes the real path of an existing file. Errors as DBEngine::OpenDatabase.
     SqliteStore(const QString& path, bool exclusive, File file);
 
     QString Address() const override { return {}; }
-    void Expect(const TableDef&, const Index&, const QVariantList&) override {} // nothing is far away
+    void Expect(const TableDef&, const Index&, const QVariantList&) override {} // look-ups in a file are fast
     void BackUp(const QString& path) override;
-    void Refresh() override {}                // every look-up reads the file as it is
-    void OnChange(ChangeListener) override {} // nobody tells a file's readers
+    void Refresh() override {}                // every look-up reads the file
+    void OnChange(ChangeListener) override {} // a file gets no notifications
     void Close() override;
 
 protected:
@@ -34,7 +34,7 @@ protected:
 
 private:
     const QString m_path;
-    std::optional<OpenFile> m_openFile; // before the connection: the mode is given back when the file is closed
+    std::optional<OpenFile> m_openFile; // before the connection, so that the mode is released after the file is closed
     std::optional<Session> m_session;
     std::optional<SqliteConnection> m_connection;
 };

@@ -15,7 +15,7 @@
 namespace {
 using namespace engineerrors;
 
-constexpr off_t LibraryLockByte = 0x40000000; // where the library's own locks begin
+constexpr off_t LibraryLockByte = 0x40000000; // the first byte of the library's own locks
 constexpr off_t LibraryLockSize = 512;
 
 QString NameOf(const QString& path)
@@ -61,7 +61,7 @@ QString FirstFree(const QString& stem, const QString& extension)
     return name;
 }
 
-// A descriptor whose errors are raised.
+// A descriptor that raises errors.
 class File
 {
 public:
@@ -217,7 +217,7 @@ void RenameToFree(const QString& from, const QString& to)
 {
     const QByteArray source = QFile::encodeName(from), target = QFile::encodeName(to);
     if (::renameat2(AT_FDCWD, source, AT_FDCWD, target, RENAME_NOREPLACE) == 0) return;
-    if (errno == EINVAL && !Exists(to)) return Rename(from, to); // a drive that does not know such a rename
+    if (errno == EINVAL && !Exists(to)) return Rename(from, to); // a file system without such a rename
     Raise(to, errno);
 }
 
@@ -228,14 +228,14 @@ bool Unlink(const QString& path)
 
 void PutInPlace(const QString& fresh, const QString& planner)
 {
-    // On the disk the journal must be gone before the new planner is there, or it would be played into it.
+    // The journal must be gone from the disk before the new planner is there, or it would be played back into it.
     if (!Unlink(JournalOf(planner)) && errno != ENOENT) Raise(JournalOf(planner), errno);
     SyncFolderOf(planner);
     Rename(fresh, planner);
     try {
         SyncFolderOf(planner);
     } catch (const RunTimeError&) {
-        // The new one is there. Who took this for a failure would undo what it leads to.
+        // The new file is in place. After an error the caller would drop the server's planner that a link names.
     }
 }
 } // namespace wholefiles
@@ -244,8 +244,8 @@ ScratchFile::ScratchFile(const QString& path, const struct stat& model) : m_path
 {
     Remove(m_path);
     const File file(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
-    // Each by itself: a member of the planner's group may give the group and not the owner. The mode comes last, since
-    // a change of owner can take bits of it away.
+    // Owner and group are set one by one: a member of the planner's group may set the group and not the owner. The mode
+    // comes last, since a change of owner can clear some of its bits.
     if (::fchown(file, model.st_uid, model.st_gid) != 0) {
         [[maybe_unused]] const int grouped = ::fchown(file, static_cast<uid_t>(-1), model.st_gid);
     }
