@@ -7,7 +7,7 @@
 #include <map>
 
 namespace advisorylocks {
-// The server's functions take signed numbers, its list of locks shows unsigned ones.
+// The server's functions take signed numbers; its list of locks shows unsigned ones.
 bool Call(PostgresConnection& connection, QLatin1StringView function, const RecordName& name)
 {
     return connection
@@ -40,7 +40,7 @@ void OpenMode::Enter(const QString& id, const RecordName& planner, const QString
 {
     m_opens = OpensOf(id);
     m_planner = planner;
-    // One that comes back after a break keeps its place.
+    // An open that returns after a break keeps its place.
     if (std::ranges::find(*m_opens, this) == m_opens->end()) m_opens->push_back(this);
     if (Settle(*m_opens)) return;
     QStringList own;
@@ -55,7 +55,7 @@ void OpenMode::Leave()
 {
     if (!m_opens) return;
     std::erase(*m_opens, this);
-    // This session keeps strangers out until the others have their locks back.
+    // This session's lock keeps other programs out until the other opens have their locks again.
     Become(Held::Shared);
     const Opens others = *std::exchange(m_opens, nullptr);
     for (OpenMode* other : others)
@@ -64,9 +64,9 @@ void OpenMode::Leave()
     Settle(others);
 }
 
-// Gives all of them the mode of the latest one. Shared locks are taken by all before one is to become exclusive, so
-// that no stranger can slip in between. False if the latest one's was refused; then all are shared, as far as that is
-// granted.
+// Gives all opens the mode of the latest one. All take shared locks before one becomes exclusive, so that no other
+// program can get a lock in between. If the latest one's mode is refused, returns false, and all opens are shared as
+// far as granted.
 bool OpenMode::Settle(Opens opens)
 {
     std::erase_if(opens, [](const OpenMode* open) { return !open->m_connection.IsConnected(); });
@@ -86,7 +86,7 @@ bool OpenMode::Settle(Opens opens)
     return false;
 }
 
-// A session may hold both kinds at once, so it never stands without one on the way from one to the other.
+// A session may hold both kinds at once, so it always holds one during the change.
 bool OpenMode::Become(Held wanted)
 {
     if (m_held == wanted) return true;
@@ -104,7 +104,7 @@ bool OpenMode::Ask(QLatin1StringView function)
     try {
         return advisorylocks::Call(m_connection, function, m_planner);
     } catch (const RunTimeError&) {
-        // Another open of this process whose session is over; it takes its lock again when it connects.
+        // Another open's session is over; that open locks again when it connects.
         return false;
     }
 }

@@ -1,5 +1,5 @@
-// The functions of the server's client library that we call. It brings some twenty libraries along, which a planner in
-// a file has no use for; so it is loaded when the first link is opened.
+// The functions of the server's client library that we call. It loads some twenty other libraries, which planners in
+// files do not need, so it is loaded with the first link.
 #pragma once
 
 #include <libpq-fe.h>
@@ -39,6 +39,6 @@ struct ClientLibrary
     ORRELIN_CLIENT_FUNCTIONS(ORRELIN_CLIENT_FUNCTION)
 #undef ORRELIN_CLIENT_FUNCTION
 
-    // BrokenConnection if the library is not installed. It stays loaded once it is.
+    // BrokenConnection if the library is not installed. Once loaded it stays loaded.
     static const ClientLibrary& Load();
 };

@@ -16,11 +16,11 @@ const QString PlannerName = u"planner"_s;
 struct Parameter
 {
     QLatin1StringView name;
-    QLatin1StringView form; // a regular expression that the whole value must match
+    QLatin1StringView form; // a regular expression for the whole value
 };
 
-// One host: of two, either might have the planner. No options, files of keys or services: the writer of a link must not
-// be able to choose what this machine sends. No password: links lie about on shared drives.
+// One host: with two, either might have the planner. No options, key files or services: the author of a link must not
+// choose what this machine sends. No password: links lie on shared drives.
 constexpr std::array Parameters = {
     Parameter{"host"_L1, "[A-Za-z0-9._:%-]{1,255}|/[^,\\x00-\\x1f]{0,100}"_L1},
     Parameter{"port"_L1, "[1-9][0-9]{0,4}"_L1},
@@ -98,7 +98,7 @@ QString PlannerAddress::Uri() const
     }
     url.setQuery(query);
     const QString text = QString::fromLatin1(url.toEncoded());
-    // Without a host the form still needs its two slashes.
+    // Without a host the URI still needs its two slashes.
     return text.contains("://"_L1) ? text : QString(text).replace("postgresql:"_L1, "postgresql://"_L1);
 }
 

@@ -1,5 +1,5 @@
-// Where a planner on a server is, as a connection URI names it. It comes from files that anybody may have written, so
-// it says where the planner is and how the way there is guarded, and nothing else; never a password.
+// The address of a planner on a server, as a connection URI. Anybody may have written the file that it comes from. So
+// it holds only where the planner is and how the connection is protected, and never a password.
 #pragma once
 
 #include <QMap>
@@ -10,18 +10,18 @@
 class PlannerAddress
 {
 public:
-    // postgresql://USER@HOST:PORT/DATABASE?sslmode=...&sslrootcert=...&planner=... with no more than that. What is left
-    // out is the client library's default, and the planner "planner". NotADatabase with a text that says what is wrong.
+    // postgresql://USER@HOST:PORT/DATABASE?sslmode=...&sslrootcert=...&planner=... and nothing more. Missing parts have
+    // the client library's defaults; the planner's default is "planner". NotADatabase; the text says what is wrong.
     explicit PlannerAddress(const QString& uri);
 
     QString Uri() const;
     QString Server() const; // host and port
     QString Planner() const;
-    QString Schema() const;         // the planner's own among those of the database
+    QString Schema() const;         // the planner's schema in the database
     std::string Connection() const; // for the client library
 
 private:
     void Take(const QString& name, const QString& value);
 
-    QMap<QString, QString> m_values; // by the client library's names
+    QMap<QString, QString> m_values; // by the client library's parameter names
 };

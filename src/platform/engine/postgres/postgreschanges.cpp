@@ -8,7 +8,7 @@
 namespace {
 constexpr qsizetype LongestKey = 500; // the server takes messages of less than 8000 bytes
 constexpr int BetweenAttempts = 3000; // milliseconds
-constexpr int ShortAttempt = 100;     // milliseconds: nobody at the screen may feel it
+constexpr int ShortAttempt = 100;     // milliseconds; the person must not notice it
 } // namespace
 
 PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection)
@@ -24,9 +24,9 @@ PostgresChanges::~PostgresChanges()
 
 void PostgresChanges::Start(const QString& channel)
 {
-    // The server may refuse: one that only follows another server tells nothing.
+    // The server may refuse: a standby server sends no notifications.
     m_connection.Ask("LISTEN "_L1 + SqlText::Quoted(channel));
-    // Nobody has heard what the others said while there was no session.
+    // Commits of others during the break were missed.
     if (std::exchange(m_wasConnected, true)) Take({});
     if (!QCoreApplication::instance()) return;
     m_notifier = new QSocketNotifier(m_connection.Socket(), QSocketNotifier::Read, &m_context);
@@ -37,7 +37,7 @@ void PostgresChanges::Stop()
 {
     if (!m_notifier) return;
     m_notifier->setEnabled(false);
-    m_notifier->deleteLater(); // this may be the notifier's own call
+    m_notifier->deleteLater(); // this may be a call from the notifier
     m_notifier = nullptr;
 }
 
@@ -51,8 +51,8 @@ void PostgresChanges::Read()
     }
 }
 
-// A host that does not answer at all would keep the window waiting at each attempt, so it is left to the user's next
-// step.
+// A host that does not answer would block the window at each attempt, so the next attempt waits for the person's next
+// action.
 void PostgresChanges::ConnectAgain()
 {
     QElapsedTimer attempt;
@@ -75,7 +75,7 @@ void PostgresChanges::Take(const QString& message)
 void PostgresChanges::Deliver()
 {
     for (const QString& message : std::exchange(m_messages, {})) {
-        const ChangeListener listener = m_listener; // which may take itself away
+        const ChangeListener listener = m_listener; // the listener may remove itself
         if (!listener) continue;
         const qsizetype end = message.indexOf(u'\n');
         listener(message.left(end), end < 0 ? QVariant() : QVariant(message.mid(end + 1)));

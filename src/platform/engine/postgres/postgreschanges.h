@@ -1,6 +1,6 @@
-// What other sessions tell of their commits, from the server to the planner's listener. They are taken in whenever the
-// library has read them, and handed on from the event loop alone. Who waits for them without doing anything is
-// connected again when a server that went away is back.
+// Delivers the commits of other sessions from the server to the planner's listener. Messages are collected whenever the
+// library has read them, and delivered from the event loop only. After a server has come back, an idle program connects
+// again.
 #pragma once
 
 #include "platform/engine/postgres/postgresconnection.h"
@@ -21,8 +21,8 @@ public:
     void Start(const QString& channel); // in each new session
     void Stop();                        // at its end
 
-    void Take(const QString& message); // what another session has said
-    // What a session says of a record that it has changed.
+    void Take(const QString& message); // a message of another session
+    // The message to other sessions about a changed record.
     static QString Message(const TableDef& table, const std::vector<QVariant>& values);
 
 private:
@@ -33,7 +33,7 @@ private:
     PostgresConnection& m_connection;
     ChangeListener m_listener;
     QSocketNotifier* m_notifier = nullptr;
-    QStringList m_messages; // taken in and not yet handed on; an empty one is "anything"
+    QStringList m_messages; // collected and not yet delivered; an empty one is "anything"
     QObject m_context;
     QTimer m_nextAttempt;
     bool m_wasConnected = false;

@@ -14,14 +14,14 @@
 namespace {
 using namespace engineerrors;
 
-// Nothing may keep the window waiting for ever: not a server that does not answer, not a cable that is pulled, not a
-// colleague's lock. Keepalives end a dead session in about half a minute, on both sides; its locks end with it. They
-// say nothing of a server that has stopped while its machine goes on: that is for the line to see.
+// Nothing may block the window for ever: no silent server, no pulled cable, no colleague's lock. Keepalives end a dead
+// session in about half a minute, on both sides; its locks end with it. They do not detect a server that hangs on a
+// running machine: ServerLine does.
 constexpr const char* Waiting =
     "connect_timeout=5 keepalives=1 keepalives_idle=20 keepalives_interval=5 keepalives_count=3 "
     "tcp_user_timeout=15000 client_encoding=UTF8 ";
 
-// An empty path, so that nothing that others have put into the database stands in for what is meant.
+// The path is empty, so that objects of others in the database cannot replace the functions meant here.
 constexpr auto Settings =
     "SET search_path = ''; SET synchronous_commit = on; SET statement_timeout = '20s'; SET lock_timeout = '1500ms'; "
     "SET idle_session_timeout = 0; SET idle_in_transaction_session_timeout = 0; SET default_transaction_isolation = "
@@ -31,7 +31,8 @@ constexpr auto Settings =
     "SELECT pid, backend_start FROM pg_catalog.pg_stat_activity WHERE pid = pg_catalog.pg_backend_pid()"_L1;
 
 using namespace std::chrono_literals;
-constexpr std::array Silences = {10000ms, 30000ms}; // by Patience; the long one leaves the server its own 20 seconds
+constexpr std::array Silences = {10000ms,
+                                 30000ms}; // by Patience; the long one exceeds the server's own limit of 20 seconds
 std::optional<std::chrono::milliseconds> g_silenceForTests;
 
 std::chrono::milliseconds SilenceOf(PostgresConnection::Patience patience)
@@ -39,15 +40,15 @@ std::chrono::milliseconds SilenceOf(PostgresConnection::Patience patience)
     return g_silenceForTests.value_or(Silences.at(static_cast<std::size_t>(patience)));
 }
 
-constexpr int AttemptsPause = 5;       // times as long as a failed attempt took
+constexpr int AttemptsPause = 5;       // times the duration of the failed attempt
 constexpr qint64 LongestPause = 15000; // milliseconds
 constexpr int StateLooks = 40;
 constexpr unsigned long PauseBetweenLooks = 50; // milliseconds
 
 struct Meaning
 {
-    const char* state; // the server's code, or its beginning
-    int number;        // of a write, and of a look-up
+    const char* state; // the server's code or its beginning
+    int number;        // in a write, and in a look-up
     int numberReading;
     const char16_t* text;
 };
@@ -80,7 +81,7 @@ RunTimeError BrokenConnectionError(const QString& name, const QString& detail = 
     return {BrokenConnection, detail.isEmpty() ? text + u'.' : text + ": "_L1 + detail};
 }
 
-// Whether the code says that the session is over, though the line may still stand.
+// Whether the code means that the session is over, even if the line still works.
 bool EndsSession(const QByteArray& state)
 {
     static constexpr std::array Ends = {"57P01", "57P02", "57P03", "57P05", "08"};
@@ -103,7 +104,7 @@ void PostgresConnection::Connect()
 {
     waiting::Before();
     if (m_session && !m_session->IsOpen()) Break();
-    // What belongs to a transaction that is lost must not be written by itself.
+    // Statements of a lost transaction must not run alone.
     if (m_lost) throw *m_lost;
     if (m_session) return;
     if (m_attemptTook > 0 && m_sinceAttempt.elapsed() < std::min(m_attemptTook * AttemptsPause, LongestPause))
@@ -132,7 +133,7 @@ PostgresConnection::Backend PostgresConnection::Open()
         throw BrokenConnectionError(m_name, error.text);
     }
     const SqlRows told = Run(Settings, {}, Patience::Usual);
-    // A pooler hands each transaction to whichever session is free, and locks would lie in another's.
+    // A connection pooler gives each transaction any free session, so locks would belong to another session.
     if (told.size() != 1 || told[0].Number(0) != Process())
         throw RunTimeError{BrokenConnection,
                            u"'%1' cannot be opened: there is a connection pooler before the server, "
@@ -140,8 +141,8 @@ PostgresConnection::Backend PostgresConnection::Open()
     return {told[0].Number(0), told[0].Text(1)};
 }
 
-// After a pulled cable the server can take half a minute to see that the former session is over, and would keep its
-// locks from its own user for so long.
+// After a pulled cable the server can take half a minute to end the former session. Until then that session's locks
+// would shut out its own user.
 void PostgresConnection::End(const Backend& former)
 {
     if (former.process == 0) return;
@@ -152,7 +153,7 @@ void PostgresConnection::End(const Backend& former)
 
 void PostgresConnection::Break()
 {
-    m_events.over(); // what belongs to the session goes before it
+    m_events.over(); // the session's own objects must go first
     m_session.reset();
     m_reading = m_hasStep = false;
     if (m_writing && !m_lost) m_lost = BrokenConnectionError(m_name);
@@ -173,7 +174,7 @@ SqlRows PostgresConnection::Run(const QString& statement, const SqlValues& value
     } catch (const ServerLine::Error& error) {
         if (EndsSession(error.state) || !m_session->IsOpen()) throw Lost(error.text);
         const RunTimeError failure = RunTimeErrorOf(error, m_writing, m_name);
-        // The server answers the commit of a spoilt transaction with no error, though nothing of it is kept. A step of
+        // The server reports no error for the commit of a spoilt transaction, though it keeps nothing of it. A step of
         // a group is undone alone.
         if (m_writing && !m_inStep && !m_lost) m_lost = failure;
         throw failure;
@@ -204,7 +205,7 @@ void PostgresConnection::UndoStep()
     Ask(u"ROLLBACK TO SAVEPOINT step"_s);
 }
 
-// The server says what became of a transaction, by its number.
+// Asks the server for the result of the transaction, by its number.
 void PostgresConnection::ClearDoubt(const RunTimeError& failure)
 {
     if (IsConnected() || m_transaction.isEmpty()) throw failure;
@@ -225,7 +226,7 @@ QString PostgresConnection::StateOf(const QString& transaction)
     for (int look = 0; look < StateLooks; ++look) {
         state = AskOne(u"SELECT coalesce(pg_catalog.pg_xact_status($1::xid8), '')"_s, {transaction}).toString();
         if (state != u"in progress") break;
-        QThread::msleep(PauseBetweenLooks); // until the server has ended the former session
+        QThread::msleep(PauseBetweenLooks); // until the server ends the former session
     }
     return state;
 }

@@ -1,5 +1,5 @@
-// The connection to a server. It is never renewed in silence: a break ends every lock and every transaction, raises
-// BrokenConnection where it is found, and the next call connects anew as another session.
+// The connection to a server. It is never renewed silently. A break ends every lock and transaction, and raises
+// BrokenConnection where it is found. The next call connects as a new session.
 #pragma once
 
 #include "platform/engine/postgres/planneraddress.h"
@@ -14,10 +14,10 @@
 class PostgresConnection final : public SqlConnection
 {
 public:
-    static void SetPatienceForTests(std::chrono::milliseconds both); // none: the usual ones
+    static void SetPatienceForTests(std::chrono::milliseconds both); // 0 restores the usual ones
 
-    // What becomes of a session. Begun may ask; what it raises ends the session again. Over must neither raise nor ask.
-    // Told hands on what another session says on a channel that this one listens to.
+    // The events of a session. begun may run statements; if it raises, the session ends. over must neither raise nor
+    // run statements. told passes on a message of another session on a channel that this one listens to.
     struct Events
     {
         std::function<void()> begun;
@@ -25,21 +25,21 @@ public:
         std::function<void(const QString& message)> told;
     };
 
-    // Nothing is connected yet. Name is the planner's, as messages show it.
+    // Does not connect yet. The name is the planner's, for messages.
     PostgresConnection(const PlannerAddress& address, const QString& name, Events events);
 
-    // BrokenConnection. After an attempt that took long, those that follow soon are refused without another one, or a
-    // window would stand still once for every note.
+    // BrokenConnection. After a slow failed attempt, calls soon after it fail without another attempt, so that the
+    // window does not block once for every note.
     void Connect();
     bool IsConnected() const { return m_session != nullptr; }
-    int Process() const { return m_session ? m_session->Process() : 0; } // the server's process that serves it
-    int Socket() const { return m_session->Socket(); }                   // of the present session
+    int Process() const { return m_session ? m_session->Process() : 0; } // the process id of its server process
+    int Socket() const { return m_session->Socket(); }                   // of the current session
     void Break();
 
-    // What is asked in a write must tell its transaction's number, so that it can be asked for if the connection breaks
-    // while it is committed.
+    // A statement of a write must return its transaction's number. If the connection breaks during the commit, the
+    // server is asked for the result by that number.
     void NoteTransaction(const QString& number) { m_transaction = number; }
-    void Listen(); // takes in what others have said, and finds a break
+    void Listen(); // reads messages of others and detects a break
 
 protected:
     void Prepare() override { Connect(); }
@@ -52,7 +52,7 @@ protected:
     void ClearDoubt(const RunTimeError& failure) override;
 
 private:
-    struct Backend // the server's process; a later one can have its number but not its start
+    struct Backend // a server process; a later one can have its number but not its start
     {
         qint64 process = 0;
         QString start;
@@ -67,8 +67,8 @@ private:
     Events m_events;
     std::unique_ptr<ServerLine> m_session;
     Backend m_backend;
-    bool m_hasStep = false; // of the group of writes, so that a failing one can be undone alone
-    QString m_transaction;  // of the writes
+    bool m_hasStep = false; // within a group of writes, so that a failed statement can be undone alone
+    QString m_transaction;  // of the current write
     QElapsedTimer m_sinceAttempt;
-    qint64 m_attemptTook = 0; // milliseconds, of the last one if it failed
+    qint64 m_attemptTook = 0; // milliseconds of the last attempt, if it failed
 };

@@ -1,11 +1,12 @@
-// The server's own way of speaking SQL.
+// The server's SQL.
 #pragma once
 
 #include "platform/engine/sql/sqldialect.h"
 
 namespace postgres {
-// A memo is bytes, since texts of a server hold neither a zero nor what is no UTF-8. A text is sought in ASCII letters
-// alone: other bytes become digits behind a backslash. The table that makes a schema a planner is none of its tables.
+// A memo is bytes, since the server's texts allow neither a zero byte nor invalid UTF-8. Text is searched by ASCII
+// letters only: other bytes become digits after a backslash. The table that marks a schema as a planner is not one of
+// its tables.
 inline constexpr SqlDialect Dialect = {
     .types = {{{dbBoolean, "boolean"_L1},
                {dbLong, "integer"_L1},

@@ -24,7 +24,7 @@ std::optional<Mark> FindMark(SqlConnection& connection, const QString& schema)
         connection.Ask("SELECT version::integer, id::text FROM "_L1 + FormatTable(schema) + " LIMIT 2"_L1);
     if (mark.size() != 1 || mark[0][0].isNull()) return {};
     const QString id = mark[0].Text(1);
-    // It goes into statements.
+    // The id becomes part of statements.
     static const QRegularExpression form(u"^[0-9a-f-]{36}$"_s);
     if (!form.match(id).hasMatch()) return {};
     return Mark{static_cast<int>(mark[0].Number(0)), id, table[0].Number(0)};

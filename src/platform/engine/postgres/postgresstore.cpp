@@ -11,7 +11,7 @@ using namespace engineerrors;
 
 constexpr qsizetype BytesOfInsert = 1 << 20;
 constexpr std::size_t MaximalValues = 60000; // of one statement
-constexpr qsizetype LongestName = 63;        // the server cuts longer ones, and two could become one
+constexpr qsizetype LongestName = 63;        // the server cuts longer names, so that two could become one
 
 void RefuseLongName(const QString& name)
 {
@@ -101,12 +101,12 @@ void PostgresStore::Expect(const TableDef& table, const Index& index, const QVar
             if (!first) first = std::move(row);
         }
     } catch (const RunTimeError&) {
-        return; // the look-ups themselves raise it
+        return; // the look-ups raise it themselves
     }
     m_expected[{table.Name, index.Fields}] = std::move(expected);
 }
 
-// Tells the others, and asks for the transaction's number, in the same journey.
+// Also notifies the others and returns the transaction's number, in the same statement.
 SqlRow PostgresStore::WriteRow(const QString& statement, const SqlValues& values, const TableDef& table,
                                const Values& before, const Values& after)
 {
@@ -136,7 +136,7 @@ void PostgresStore::InsertAll(const TableDef& table, const std::vector<Row>& row
     }
 }
 
-// A lock that died with its connection may be another user's by now.
+// Another user may have the lock since the break.
 void PostgresStore::RefuseWithoutLock(const TableDef& table, qint64 id) const
 {
     if (Holds(table, id)) return;
@@ -159,9 +159,9 @@ void PostgresStore::Erase(const TableDef& table, const Row& old)
 
 void PostgresStore::TryLock(const TableDef& table, qint64 id)
 {
-    // What is read under the lock must be the latest state.
+    // Under the lock the latest state must be read.
     m_connection.StopReading();
-    m_connection.Connect(); // so that the table's number belongs to the session
+    m_connection.Connect(); // so that the table's number belongs to this session
     SqlStore::TryLock(table, id);
 }
 
@@ -175,7 +175,7 @@ void PostgresStore::GiveBack(const RecordName& record)
     try {
         advisorylocks::Call(m_connection, "pg_advisory_unlock"_L1, record);
     } catch (const RunTimeError&) {
-        // Whatever ended the session has ended the lock. One that stays for another reason would shut others out.
+        // If the session is over, its lock is too. A lock that stays for another reason would shut others out.
         m_connection.Break();
     }
 }

@@ -1,5 +1,5 @@
-// A planner on a server: the Store behind a link. One session of the server is one open of the planner; a break of the
-// connection ends its locks, and no record is written whose lock is not held.
+// A planner on a server: the Store behind a link. Each open of the planner is one session of the server. If the
+// connection breaks, its locks end, and no record is written without its lock.
 #pragma once
 
 #include "platform/engine/postgres/advisorylocks.h"
@@ -14,10 +14,10 @@ public:
     enum class Planner
     {
         Existing,
-        New // is made by BeginWrite and what follows it, all or nothing
+        New // BeginWrite makes it; all or nothing
     };
 
-    // Name is that of the link, as messages show it. Errors as DBEngine::OpenDatabase, and BrokenConnection.
+    // The name is the link's, for messages. Errors as DBEngine::OpenDatabase, and BrokenConnection.
     PostgresStore(const PlannerAddress& address, const QString& name, bool exclusive,
                   Planner planner = Planner::Existing);
     ~PostgresStore() override;
@@ -37,7 +37,7 @@ public:
     void OnChange(ChangeListener listener) override { m_changes.SetListener(std::move(listener)); }
     void Close() override;
 
-    void DropPlanner(); // with all its tables, in the present write
+    void DropPlanner(); // with all its tables, within the current write
 
 protected:
     SqlConnection& Connection() override { return m_connection; }
@@ -48,8 +48,7 @@ protected:
                     const Values& after) override;
 
 private:
-    // The look-ups of one table and index that Expect has made ahead, by key. They count within the read that they were
-    // made in.
+    // Rows of one table and index that Expect has fetched, by key. Valid only within the same read.
     struct ExpectedRows
     {
         int reading = 0;
@@ -64,7 +63,7 @@ private:
     const QString m_address;
     PostgresConnection m_connection;
     Planner m_planner;
-    QString m_id, m_channel; // of the planner, empty before the first session
+    QString m_id, m_channel; // of the planner; empty before the first session
     OpenMode m_openMode;
     PostgresChanges m_changes;
     std::map<std::pair<QString, QString>, ExpectedRows> m_expected;

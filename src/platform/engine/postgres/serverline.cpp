@@ -18,9 +18,9 @@ using Clock = std::chrono::steady_clock;
 using Milliseconds = ServerLine::Milliseconds;
 
 constexpr Milliseconds BetweenLooks{500};
-constexpr Oid TypeBool = 16, TypeBytes = 17; // the server's numbers
+constexpr Oid TypeBool = 16, TypeBytes = 17; // of the server's types
 
-// What the other machine has acknowledged and sent. A local socket does not tell, and needs no time for the way.
+// The bytes acknowledged and sent by the other machine. 0 for a local socket, which needs no time for the way.
 unsigned long long BytesOf(int socket)
 {
     tcp_info info = {};
@@ -34,7 +34,7 @@ class Silence
 public:
     Silence(int socket, Milliseconds longest) : m_socket(socket), m_longest(longest), m_bytes(BytesOf(socket)) {}
 
-    // Whether it has lasted too long.
+    // Whether the silence has lasted too long.
     bool IsTooLong(bool hasMoved)
     {
         if (const auto bytes = BytesOf(m_socket); std::exchange(m_bytes, bytes) != bytes || hasMoved)
@@ -81,7 +81,7 @@ QByteArray TextOf(const QVariant& value)
         return "\\x" + value.toByteArray().toHex();
     case QMetaType::QStringList:
         return ArrayOf(value.toStringList());
-    default: // true and false, numbers, texts
+    default: // booleans, numbers, texts
         return Plain(value.toString());
     }
 }
@@ -114,7 +114,7 @@ bool ServerLine::Send(const QByteArray& statement, const SqlValues& values)
                                        nullptr, parameters.data(), nullptr, nullptr, 0);
 }
 
-// Until a result is there, or the line has failed and the result says so.
+// Waits for a result. If the line fails, the result says so.
 void ServerLine::Await(Milliseconds longestSilence)
 {
     Silence silence(Socket(), longestSilence);
@@ -142,7 +142,7 @@ SqlRows ServerLine::Ask(const QString& statement, const SqlValues& values, Milli
     Owned<PGresult> answer(nullptr, Ending{&m_library}), failure(nullptr, Ending{&m_library});
     while (auto result = NextResult(longestSilence)) {
         const ExecStatusType status = m_library.PQresultStatus(result.get());
-        // A server that wants to copy what nobody asked for would go on for ever.
+        // A server that starts an unrequested copy would go on for ever.
         m_isOver = status == PGRES_COPY_IN || status == PGRES_COPY_OUT || status == PGRES_COPY_BOTH;
         if (m_isOver) break;
         if (status == PGRES_TUPLES_OK)

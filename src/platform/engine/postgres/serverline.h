@@ -1,5 +1,5 @@
-// One session of a server. It waits for an answer only as long as something comes or goes: a server that falls silent
-// never keeps the window for ever.
+// One session of a server. It waits for an answer only while bytes come or go, so a silent server never blocks the
+// window for ever.
 #pragma once
 
 #include "platform/engine/postgres/clientlibrary.h"
@@ -15,23 +15,23 @@ class ServerLine
 public:
     struct Error
     {
-        QByteArray state; // the server's code; empty where the line itself has failed
+        QByteArray state; // the server's code; empty if the line itself failed
         QString text;
     };
     using Milliseconds = std::chrono::milliseconds;
-    // What another session says, with the number of its server's process.
+    // A message of another session, with the number of its server process.
     using Told = std::function<void(const QString& message, int process)>;
 
     ServerLine(const std::string& address, Told told); // Error; BrokenConnection without the library
 
-    bool IsOpen() const; // as far as it has been heard
+    bool IsOpen() const; // as far as known
     int Process() const { return m_library.PQbackendPID(m_connection.get()); }
     int Socket() const { return m_library.PQsocket(m_connection.get()); }
 
-    // One statement and its values, or several statements without values; the rows of the last that gives some. Error;
-    // InputOutput for an answer that makes no sense. After so long a silence the line is over.
+    // Runs one statement with its values, or several without values. Returns the rows of the last statement that has
+    // some. Error; InputOutput for an invalid answer. After such a silence the session is over.
     SqlRows Ask(const QString& statement, const SqlValues& values, Milliseconds longestSilence);
-    void TakeIn(); // what has come meanwhile
+    void TakeIn(); // reads messages that have arrived
 
 private:
     struct Ending
