@@ -1,4 +1,4 @@
-// A planner made compact and put into its own place: nothing lost, whoever is in the way and whatever ends it.
+// A planner compacted and replaced: nothing is lost, whatever is in the way and however the program ends.
 #include "damagetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
@@ -81,7 +81,7 @@ private Q_SLOTS:
             QVERIFY(other.Open(m_path, false).startsWith(QString::number(InUse)));
             QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), InUse);
         }
-        // A page of an index: all rows are there, and yet something is wrong.
+        // A damaged page of an index, with all rows readable.
         const int index = Ask(m_path, "SELECT pageno FROM dbstat WHERE name = 'qmtPrimaryKey'").last()[0].toInt();
         SetContent(m_path, QByteArray(before).replace(4096 * (index - 1), 4096, QByteArray(4096, '\x5a')));
         QCOMPARE(compact(&text), NotADatabase);

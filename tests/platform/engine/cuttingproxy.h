@@ -1,4 +1,4 @@
-// Stands between a program and the test's server, and cuts the line at a chosen word of the program.
+// A proxy between a program and the test's server. It cuts the line at a chosen word of the program.
 #pragma once
 
 #include <QByteArray>
@@ -20,8 +20,8 @@ public:
     enum Cut
     {
         Never,
-        BeforeWord, // the server never hears it
-        AfterAnswer // the server has done it, and its answer is lost
+        BeforeWord, // the server never gets the word
+        AfterAnswer // the server has run the statement, and its answer is lost
     };
 
     explicit CuttingProxy(int serverPort) : m_serverPort(serverPort), m_listener(::socket(AF_INET, SOCK_STREAM, 0))
@@ -43,13 +43,13 @@ public:
 
     int Port() const { return m_port; }
     void CutAt(Cut cut) { m_cut = cut; }      // once, at the next COMMIT
-    void Shut(bool shut) { m_isShut = shut; } // for new connections
-    void Slow() { m_isSlow = true; }          // what the server says comes in small pieces
-    // Gives the program another number of its process than the server's, as a pooler does.
+    void Shut(bool shut) { m_isShut = shut; } // refuses new connections
+    void Slow() { m_isSlow = true; }          // sends the server's answers in small pieces
+    // Reports another process number than the server's, as a pooler does.
     void PretendToBeAPooler() { m_isPooler = true; }
 
 private:
-    static constexpr QByteArrayView Word{"COMMIT", 7}; // with the zero at its end
+    static constexpr QByteArrayView Word{"COMMIT", 7}; // with its final zero
 
     static sockaddr_in Loopback(int port)
     {
@@ -93,7 +93,7 @@ private:
             if (ends[1].revents) {
                 QByteArray bytes = Read(server);
                 if (bytes.isEmpty() || answerIsLost) return;
-                // The message with the process's number: 'K', its length 12, the number, a secret.
+                // The message with the process number: 'K', its length 12, the number, a secret.
                 const qsizetype key = m_isPooler ? bytes.indexOf(QByteArray("K\0\0\0\x0c", 5)) : -1;
                 if (key >= 0) bytes[key + 8] = static_cast<char>(bytes[key + 8] ^ 1);
                 if (!WriteTo(program, bytes)) return;

@@ -1,4 +1,4 @@
-// Planners to be compacted and repaired: what is in them, told by the library itself, and where it lies.
+// Helpers for planners to compact and repair: their rows, read by the library itself, and the pages that hold them.
 #pragma once
 
 #include "enginetesting.h"
@@ -16,7 +16,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
-// Each row as its columns' bytes.
+// The columns of each row as bytes.
 inline QList<QByteArrayList> Ask(const QString& path, const QByteArray& sql)
 {
     sqlite3* library = nullptr;
@@ -47,7 +47,7 @@ inline TableDef AlarmTable()
             {{u"AlarmKey"_s, u"-Alarm Date"_s, false}}};
 }
 
-// A key of a note or an alarm, with its table's first letter, and the text.
+// By key, with the first letter of the table (note or alarm): the text.
 using Notes = QMap<QByteArray, QByteArray>;
 
 inline Notes NotesIn(const QString& path)
@@ -59,7 +59,7 @@ inline Notes NotesIn(const QString& path)
     return notes;
 }
 
-// The numbers of the pages that hold each note, its rest on other pages included.
+// The numbers of the pages that hold each note, overflow pages included.
 inline QMap<QByteArray, QSet<int>> PagesOfNotes(const QString& path)
 {
     QMap<QByteArray, QSet<int>> pages;
@@ -92,7 +92,7 @@ inline QString DayKey(int day)
     return u"%1/%2/%3"_s.arg(1999 + day / 336).arg(day / 28 % 12 + 1).arg(day % 28 + 1);
 }
 
-// 400 days, 60 alarms, and room that deleted days have left with their texts still in it.
+// 400 days, 60 alarms, and free pages that still hold the texts of deleted days.
 inline void MakeFullPlanner(const QString& path)
 {
     Database database = DBEngine::CreateDatabase(path, {});
@@ -116,7 +116,7 @@ inline void MakeFullPlanner(const QString& path)
     Ask(path, "PRAGMA secure_delete = OFF; DELETE FROM \"QMT Table\" WHERE qmtDate LIKE 'gone%'");
 }
 
-// Whether a stopped process is about to change which files there are, to sync one, or to write.
+// Whether a stopped process is about to make, remove, rename, sync or write a file.
 inline bool IsAboutToChangeFiles(pid_t process, int& writes)
 {
     __ptrace_syscall_info call = {};
@@ -141,7 +141,7 @@ inline bool IsAboutToChangeFiles(pid_t process, int& writes)
     }
 }
 
-// Runs the work in a process that is killed just before its nth change. False if it made fewer.
+// Runs the work in a process that is killed just before its nth change. False if it makes fewer.
 template <typename Work>
 bool KilledBeforeChange(int change, Work&& work)
 {

@@ -1,4 +1,4 @@
-// What the engine's tests share: a table as planners have it, and a second program.
+// Shared by the engine's tests: a table as in planners, and a second program.
 #pragma once
 
 #include "errorof.h"
@@ -41,14 +41,14 @@ inline void Write(Recordset& days, const QString& key, const QByteArray& text)
     days.Update();
 }
 
-// "absent" if there is no such record.
+// "absent" without such a record.
 inline QByteArray Read(Recordset& days, const QString& key)
 {
     days.Seek(u"="_s, key);
     return days.NoMatch() ? QByteArray("absent") : days.Fields(u"qmtText"_s).toByteArray();
 }
 
-// A second program: answers each command line by one line, "0" or an error's number and text.
+// A second program. It answers each command line by one line, "0" or an error's number and text.
 class OtherProgram
 {
 public:
@@ -81,14 +81,14 @@ public:
         m_process.waitForFinished();
     }
 
-    // As the engine's messages name it.
+    // Its name in the engine's messages.
     static QString Name()
     {
         return u"user '%1' on machine '%2'."_s.arg(QString::fromLocal8Bit(::getpwuid(::geteuid())->pw_name),
                                                    QSysInfo::machineHostName());
     }
 
-    // What the second program's main does.
+    // The main routine of the second program.
     static int Serve()
     {
         QTextStream in(stdin), out(stdout);
@@ -113,7 +113,7 @@ private:
         if (verb == u"seek") days.Seek(u"="_s, words[1]);
         if (verb == u"edit") days.Edit();
         for (int i = 1; verb == u"write for ever"; ++i) {
-            // Two records of one transaction must never part.
+            // Two records of one transaction must never differ.
             WriteTransaction both(database);
             Write(days, u"a"_s, QByteArray::number(i) + QByteArray(20000, 'a'));
             Write(days, u"b"_s, QByteArray::number(i) + QByteArray(20000, 'b'));

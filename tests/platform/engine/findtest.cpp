@@ -10,7 +10,7 @@
 
 using namespace engineerrors;
 
-// Words in notes as they are stored, by the view of rich text, on both stores.
+// Finds words in stored rich text, on both stores.
 class FindTest : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class FindTest : public QObject
     Database m_database;
     int m_count = 0;
 
-    // In the order of the keys.
+    // In key order.
     void Fill(const QByteArrayList& texts)
     {
         Recordset days = Days(m_database);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(Walk(u"*par*"_s), QList<int>{1});
     }
 
-    // The rules of folding: one character for one, and never ASCII for another.
+    // The rules of folding: one character to one character, and never to ASCII from another.
     void PlacesStayWhenCaseIsFolded()
     {
         const QString text = u"aBÇ ẞß Σσς İı \u212A \U00010400"_s;
@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(folded.size(), text.size());
     }
 
-    // More rows than any page of an answer has.
+    // More rows than any page of an answer.
     void SearchesFindWhatAPlainScanFinds()
     {
         QRandomGenerator random(7);
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QCOMPARE(walk.Fields(u"qmtDate"_s).toInt(), 2);
         walk.FindPrevious(criterion);
         QVERIFY(walk.NoMatch());
-        walk.MoveLast(); // the one before which the next search begins
+        walk.MoveLast(); // the next search starts before this record
         walk.FindPrevious(u"[qmtText] LIKE '*'"_s);
         QCOMPARE(walk.Fields(u"qmtText"_s).toByteArray(), QByteArray("word 3"));
     }

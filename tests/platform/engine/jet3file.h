@@ -1,5 +1,5 @@
-// Databases of the older engine's third version, as small as its readers take them: pages of 2048 bytes, a catalog,
-// tables without indexes, memos in their row, on a page, or along many. The numbers are those of the format.
+// Makes databases of the older engine's third version, as small as readers accept: pages of 2048 bytes, a catalog,
+// tables without indexes, memos in their row, on one page, or on many. The numbers are those of the format.
 #pragma once
 
 #include "platform/engine/jet/jetstream.h"
@@ -37,7 +37,7 @@ QByteArray LittleEndian(Number number)
     return bytes;
 }
 
-// As the fourth version keeps texts: 16 bits a character.
+// The fourth version's form of texts: 16 bits a character.
 inline QByteArray Wide(const QString& text)
 {
     QByteArray bytes;
@@ -54,7 +54,7 @@ public:
         QByteArray name;
         jetstream::Type type;
     };
-    using Row = std::vector<std::optional<QByteArray>>; // a boolean is null for false; later columns may be left out
+    using Row = std::vector<std::optional<QByteArray>>; // null is false for a boolean; later columns may be missing
 
     explicit Jet3File(quint16 codePage) : m_codePage(codePage), m_pages(FirstFree, QByteArray(PageSize, '\0')) {}
 
@@ -98,7 +98,7 @@ private:
         return static_cast<quint32>(m_pages.size() - 1);
     }
 
-    // Rows lie from the page's end to its front, their places behind its head.
+    // Rows fill the page from its end; their offsets follow its head.
     quint32 DataPage(const QByteArray& owner, const QByteArrayList& rows)
     {
         const quint32 number = NewPage();

@@ -1,4 +1,4 @@
-// Planners of the older engine: converted whole or not at all, whatever the file is and whatever ends it.
+// Planners of the older engine: converted whole or not at all, whatever the file is and however the program ends.
 #include "damagetesting.h"
 #include "jet3file.h"
 #include "planners.h"
@@ -27,7 +27,7 @@ const std::vector<Jet3File::Column> noteColumns = {
     {"qmtDate", jetstream::Text},        {"qmtFontSize", jetstream::Single}, {"QMTTEXT", jetstream::Memo},
     {"qmtFontBold", jetstream::Boolean}, {"Database Date", jetstream::Date}, {"ours", jetstream::Text}};
 
-// Notes of every length in the code page of Central Europe, and no table but theirs.
+// Only the table of notes, with notes of every length in the code page of Central Europe.
 Jet3File NotesOfTheThirdVersion(int longest)
 {
     std::vector<Jet3File::Row> rows;
@@ -45,7 +45,7 @@ QByteArray Jet3Planner(int longest)
     return NotesOfTheThirdVersion(longest).Bytes();
 }
 
-// Every table with its rows, in words.
+// Every table with its rows, as text.
 QStringList RowsOf(const QString& path)
 {
     QStringList all;
@@ -146,7 +146,7 @@ private Q_SLOTS:
     void init()
     {
         m_folder.emplace();
-        m_path = m_folder->filePath(u"-old 'pl\u00e4n\n%s.mdb"_s); // any name at all
+        m_path = m_folder->filePath(u"-old 'pl\u00e4n\n%s.mdb"_s); // an unusual name
         m_kept = m_folder->filePath(u"-old 'pl\u00e4n\n%s.old.mdb"_s);
         m_dummy = m_folder->filePath(u"dummy.mdb"_s);
         QDir(m_folder->path()).mkdir(u"shipped"_s);
@@ -203,7 +203,7 @@ private Q_SLOTS:
 
     void NotesOfTheThirdVersionComeInTheirCodePage()
     {
-        const QByteArray old = Jet3Planner(200000); // more than any 16 bits count
+        const QByteArray old = Jet3Planner(200000); // longer than 16 bits can count
         SetContent(m_path, old);
         SetContent(m_kept, "mine");
         QCOMPARE(DBEngine::CompactDatabase(m_path, m_dummy, plannerTables),
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QCOMPARE(Ask(m_path, "SELECT DISTINCT qmtFontSize, \"Database Date\", qmtFontName IS NULL FROM \"QMT Table\""),
                  QList<QByteArrayList>({{"8.25", "1997-01-01 12:00:00.000", "1"}}));
         QCOMPARE(Ask(m_path, "SELECT count(*) FROM \"QMT Table\" WHERE qmtFontBold"), QList<QByteArrayList>({{"0"}}));
-        // Tables that it lacks are asked for when it is opened, as with any older planner.
+        // As with any older planner, opening asks about missing tables.
         Database planner = DBEngine::OpenDatabase(m_path);
         QCOMPARE(planner.TableNames(), QStringList(schema::Notes));
         QCOMPARE(Content(m_kept), QByteArray("mine"));
@@ -236,7 +236,8 @@ private Q_SLOTS:
         columns.push_back({"qmtPadding", jetstream::Memo});
         whole.push_back("dots");
         Jet3File file(1252);
-        file.AddTable("QMT Table", columns, {whole, {"1996/1/1", "old"}}); // behind the second lie bytes of the first
+        file.AddTable("QMT Table", columns,
+                      {whole, {"1996/1/1", "old"}}); // the second row has bytes of the first after it
         SetContent(m_path, file.Bytes());
         QString text;
         QVERIFY2(Convert(&text) == 0, qPrintable(text));

@@ -1,4 +1,4 @@
-// Single texts and values of old planners: the ways in which they lie there, and bytes that are none.
+// Single texts and values of old planners: their stored forms, and invalid bytes.
 #include "jet3file.h"
 #include "platform/engine/jet/jetstream.h"
 #include "platform/engine/jet/jetvalues.h"
@@ -39,7 +39,8 @@ private Q_SLOTS:
              "caféžz"},
             {"nothing", 0, "", ""},
             {"nothing, shortened", 0, "\xFF\xFE", ""},
-            // The control's bytes had been taken for Western ones; what that page lacks is told in the text's own way.
+            // The engine had decoded the control's bytes as Western. Characters outside that page become escapes of
+            // rich text.
             {"rich text of pairs", 0, Wide(u"{\\rtf1\\ansi Ïð\\'e8 \u0081 end}"_s), rich},
             {"rich text beyond the page", 0, Wide(u"{\\rtf1 é日😀}"_s), "{\\rtf1 \xE9\\u26085?\\u-10179?\\u-8704?}"},
             {"half a pair", 0, "abc", Missing},
@@ -62,7 +63,7 @@ private Q_SLOTS:
             return QVariant(QDateTime(QDate(year, month, day), QTime(hour, 0)));
         };
         using namespace jetstream;
-        // value: invalid where there is none
+        // value: null if the bytes are invalid
         const std::tuple<const char*, int, QByteArray, int, QVariant> rows[] = {
             {"true", Boolean, "\1", dbBoolean, QVariant(true)},
             {"byte", Byte, "\xFF", dbLong, QVariant(255)},

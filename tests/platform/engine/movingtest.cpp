@@ -1,4 +1,4 @@
-// A planner taken to a server and back: nothing lost on the way, and nothing changed when it fails.
+// A planner moved to a server and back: nothing is lost, and nothing changes if it fails.
 #include "damagetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
@@ -43,9 +43,9 @@ private Q_SLOTS:
         QCOMPARE(Content(m_path), "Orrelin planner link 1\n" + m_uri.toUtf8() + '\n');
         QCOMPARE(Files(), QStringList({u"notes.bak"_s, u"notes.ldb"_s, u"notes.mdb"_s}));
         {
-            Database database = DBEngine::OpenDatabase(m_path); // others may go on
+            Database database = DBEngine::OpenDatabase(m_path); // others may use the planner
             database.SaveToFile(m_back);
-            // Where it is, and not where an edited link leads to by now.
+            // The planner's own address, not the one in the edited link.
             SetContent(m_path, "Orrelin planner link 1\npostgresql://nowhere/x?planner=other\n");
             QCOMPARE(database.ServerAddress(), m_uri);
             QFile::remove(m_back);
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QVERIFY(NotesIn(m_back) == notes);
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_back); }), 0);
         QVERIFY(!Files().contains("back.mdb.new"_L1));
-        // The order of records that have no key in the index is that of their insertion.
+        // Records without a key in the index keep their order of insertion.
         const QByteArray rows = "SELECT qmtDate FROM \"QMT Table\" ORDER BY \"record id\"";
         QCOMPARE(Ask(m_back, rows), Ask(m_folder->filePath(u"notes.bak"_s), rows));
         for (const auto& step : {std::function([&] { DBEngine::CompactDatabase(m_path, m_back + u'2'); }),

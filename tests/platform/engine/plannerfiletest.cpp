@@ -18,7 +18,7 @@
 using namespace engineerrors;
 
 namespace {
-// A folder that nobody may write, root included where this runs as root: then a read-only mount.
+// A folder that nobody can write. If this runs as root, it is a read-only mount.
 class ReadOnlyFolder
 {
 public:
@@ -36,8 +36,8 @@ private:
     bool m_mounted;
 };
 
-// A folder with little room. Root gets a small drive of its own; others a limit on the size of files, which the
-// system reports as an I/O error.
+// A folder with little room. Root gets a small drive; others get a limit on the size of files, which the system reports
+// as an I/O error.
 class LittleRoom
 {
 public:
@@ -89,7 +89,7 @@ private Q_SLOTS:
         MakePlanner(m_path);
     }
 
-    // The server's client library brings some twenty others, which a planner in a file has no use for.
+    // The server's client library loads some twenty others, which planners in files do not need.
     void NothingOfTheServerIsLinked()
     {
         QProcess ldd;
@@ -101,7 +101,7 @@ private Q_SLOTS:
 
     void WhatIsNoPlannerIsRefusedAndLeftAlone()
     {
-        // size: the planner is cut there; at: where the bytes are put; part: of the message
+        // size: where the planner is cut; at: the place of the new bytes; part: of the message
         struct
         {
             const char* name;
@@ -133,7 +133,7 @@ private Q_SLOTS:
                 QVERIFY2(text.contains(row.part), qPrintable(text));
             }
             QVERIFY(Content(m_path) == content);
-            QVERIFY(!QFile::exists(locks)); // nor litter beside it
+            QVERIFY(!QFile::exists(locks)); // no lock file is made
         }
     }
 
@@ -174,7 +174,7 @@ private Q_SLOTS:
         Recordset days = Days(database);
         Write(days, m_key, "small");
         QCOMPARE(ErrorOf([&] { Write(days, m_key, QByteArray(500000, 'x')); }), room.Error());
-        QCOMPARE(days.Fields(u"qmtText"_s).toByteArray().size(), 500000); // the typing is still there
+        QCOMPARE(days.Fields(u"qmtText"_s).toByteArray().size(), 500000); // the edit still has the text
         QCOMPARE(Read(days, m_key), QByteArray("small"));
         {
             WriteTransaction group(database);
@@ -203,7 +203,7 @@ private Q_SLOTS:
         Recordset days = Days(database);
         WriteTransaction group(database);
         Write(days, m_key, "kept or told to be lost");
-        // More than the cache holds, so that the disk is full before the end.
+        // More than the cache holds, so that the disk is full before the commit.
         ErrorOf([&] { Write(days, u"second"_s, QByteArray(9000000, 'x')); });
         const int later = ErrorOf([&] { Write(days, u"third"_s, "small"); });
         const int commit = ErrorOf([&] { group.Commit(); });
@@ -238,7 +238,7 @@ private Q_SLOTS:
             const int error = ErrorOf([&] { Read(days, u"1999/3/%1"_s.arg(day)); });
             QVERIFY2(error == 0 || error == NotADatabase, qPrintable(QString::number(error)));
             if (error != 0) ++damaged;
-            // A record that could not be read is not taken for the one before it.
+            // After a failed read, the record before it must not be the current one.
             if (error != 0) QCOMPARE(ErrorOf([&] { days.Edit(); }), NoCurrentRecord);
         }
         QVERIFY(damaged > 0 && damaged < 31);
@@ -251,7 +251,7 @@ private Q_SLOTS:
         m_folder->remove();
         QCOMPARE(ErrorOf([&] { Write(days, m_key, "x"); }), InputOutput);
         m_folder.emplace();
-        MakePlanner(m_folder->filePath(u"notes.mdb"_s)); // another file under the old name stays apart
+        MakePlanner(m_folder->filePath(u"notes.mdb"_s)); // a new file under the old name is another planner
     }
 
     void ACommitThatCannotGetThroughIsTold()
@@ -271,7 +271,7 @@ private Q_SLOTS:
         Recordset second;
         QCOMPARE(ErrorOf([&] { second = database.OpenTable(u"QMT Table"_s); }), Busy);
         sqlite3_exec(reader, "COMMIT", nullptr, nullptr, nullptr);
-        days.Update(); // the same typing, once the way is free
+        days.Update(); // the same text, after the reader has ended
         QCOMPARE(Read(days, m_key), QByteArray("typed"));
     }
 };

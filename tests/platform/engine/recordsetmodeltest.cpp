@@ -1,4 +1,4 @@
-// Random calls on a recordset, each checked against the rules kept in the plainest form: a sorted list of rows.
+// Random calls on a recordset, each checked against a simple model of the rules: a sorted list of rows.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
@@ -23,7 +23,7 @@ struct ModelRow
     QByteArray note;
 };
 
-// Descending keys, those without a key last, equal ones as they were inserted.
+// Descending keys, null keys last, equal keys by insertion.
 bool ComesBefore(const ModelRow& a, const ModelRow& b)
 {
     if (a.key != b.key) return b.key.isNull() || (!a.key.isNull() && a.key.toString() > b.key.toString());
@@ -189,7 +189,7 @@ class RecordsetModelTest : public QObject
                 }),
                 m_model.Set(key, note)};
     }
-    // The error of the real one and of the model.
+    // The errors of the recordset and of the model.
     std::pair<int, int> Act()
     {
         switch (m_random.bounded(13)) {

@@ -13,7 +13,7 @@
 
 using namespace engineerrors;
 
-// Every rule holds for a planner in a file and for one on a server.
+// All rules hold in a file and on a server.
 class RecordsetTest : public QObject
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ private Q_SLOTS:
             m_days = Days(m_database);
             QCOMPARE(m_days.Fields(field), value);
             QCOMPARE(m_days.Fields(field).typeId(), value.typeId());
-            m_days.Edit(); // which compares the row with the copy
+            m_days.Edit(); // Edit compares the row with the copy
             m_days.Update();
         }
     }
@@ -83,7 +83,7 @@ private Q_SLOTS:
         m_days.SetField(u"qmtDate"_s, QString(QChar(0xd800)));
         m_days.Update();
         m_days.MoveFirst();
-        m_days.Edit(); // neither of both may look changed by another user
+        m_days.Edit(); // neither value may look changed by another user
         QCOMPARE(ErrorOf([&] { m_days.SetIndex(u"nothing"_s); }), ItemNotFound);
         QCOMPARE(ErrorOf([&] { m_database.OpenTable(u"Alarm Table"_s); }), NoTable);
     }
@@ -124,12 +124,12 @@ private Q_SLOTS:
         QCOMPARE(m_days.Fields(u"qmtDate"_s).toString(), m_key);
         Database second = DBEngine::OpenDatabase(m_path);
         Recordset others = Days(second);
-        QCOMPARE(Read(others, u"1999/3/8"_s), QByteArray("other")); // reading is free
-        QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordLocked);    // the lock stays too
+        QCOMPARE(Read(others, u"1999/3/8"_s), QByteArray("other")); // reading needs no lock
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordLocked);    // the failed Update keeps its lock
         QCOMPARE(ErrorOf([&] { others.Delete(); }), RecordLocked);
         m_days.SetField(u"qmtDate"_s, u"1999/3/9"_s);
         m_days.Update();
-        QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged); // free, but no longer as it was seen
+        QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged); // the lock is free, but the record has changed
     }
 
     void NobodyWritesOverAnother()
@@ -140,9 +140,9 @@ private Q_SLOTS:
         Write(m_days, m_key, "changed");
         QCOMPARE(ErrorOf([&] { others.Delete(); }), DataChanged);
         QCOMPARE(ErrorOf([&] { others.Edit(); }), DataChanged);
-        m_days.Edit(); // neither refusal has kept a lock
+        m_days.Edit(); // the refused calls kept no lock
         m_days.Delete();
-        Write(m_days, m_key, "mine"); // alike, and yet another record
+        Write(m_days, m_key, "mine"); // an equal record, but another one
         QCOMPARE(ErrorOf([&] { others.Edit(); }), RecordDeleted);
     }
 
@@ -173,7 +173,7 @@ private Q_SLOTS:
 
     void CriteriaFindTheirRecords()
     {
-        // found: walking from the last, the smallest key
+        // found: from the last record on, so the smallest key first
         const std::pair<QString, QString> rows[] = {
             {u"\"*milk*\""_s, u"ac"_s},
             {u"'*MILK*'"_s, u"ac"_s},
@@ -200,7 +200,7 @@ private Q_SLOTS:
             Write(m_days, u"b"_s, "50% off at the café");
             Write(m_days, u"c"_s, "I'm sure: don't drink mmilk");
             Write(m_days, u"d"_s, QByteArray("x\0Hidden", 8));
-            m_days.AddNew(); // neither key nor text
+            m_days.AddNew(); // a record with neither key nor text
             m_days.Update();
             Recordset walk = m_database.CreateDynaset(u"QMT Table"_s);
             const QString criterion = u"[qmtText] LIKE "_s + pattern;
@@ -209,7 +209,7 @@ private Q_SLOTS:
                 keys += walk.Fields(u"qmtDate"_s).toString();
             QCOMPARE(keys, found);
             QCOMPARE(ErrorOf([&] { walk.Fields(u"qmtDate"_s); }), NoCurrentRecord);
-            walk.FindPrevious(criterion); // once more past the end of the search
+            walk.FindPrevious(criterion); // a search after the end of the search
             QVERIFY(walk.NoMatch());
         }
     }
@@ -273,7 +273,7 @@ private Q_SLOTS:
             ReadTransaction outer(m_database);
             ReadTransaction inner(m_database);
             QCOMPARE(Read(m_days, m_key), QByteArray("old"));
-            // The reader of a file is in the writer's way, and the reader of a server stays behind.
+            // In a file a reader blocks the writer. On a server the reader keeps its older state.
             QCOMPARE(ErrorOf([&] { Write(others, m_key, "new"); }), IsOnServer() ? 0 : CouldNotSave);
             if (!IsOnServer()) others.CancelUpdate();
             QCOMPARE(Read(m_days, m_key), QByteArray("old"));
@@ -281,7 +281,7 @@ private Q_SLOTS:
             Write(others, m_key, "new");
             QCOMPARE(Read(m_days, m_key), QByteArray("new"));
         }
-        Write(others, m_key, "newer"); // nothing was left open
+        Write(others, m_key, "newer"); // no transaction is left open
     }
 
     void AFailingStoreLosesNoTyping()
@@ -316,7 +316,7 @@ private Q_SLOTS:
         Database copy = m_database;
         m_database.Close();
         QCOMPARE(ErrorOf([&] { copy.TableNames(); }), Closed);
-        Write(m_days, m_key, "still open"); // the last recordset keeps the file
+        Write(m_days, m_key, "still open"); // the last recordset keeps the file open
         if (!IsOnServer()) QCOMPARE(ErrorOf([&] { DBEngine::DeleteDatabase(m_path); }), InUse);
         m_days.Close();
         DBEngine::DeleteDatabase(m_path);

@@ -1,4 +1,4 @@
-// Planners damaged in every way: what lies on untouched pages comes back byte for byte, and nothing is invented.
+// Planners damaged in every way: rows on untouched pages are recovered byte for byte, and no row is invented.
 #include "damagetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
@@ -16,7 +16,7 @@ using namespace engineerrors;
 namespace {
 constexpr int pageSize = 4096;
 
-// The bytes after a damage and the pages that it has touched.
+// A planner's bytes after the damage, and the damaged pages.
 struct Damaged
 {
     explicit Damaged(const QByteArray& before) : bytes(before), pages(static_cast<int>(before.size() / pageSize)) {}
@@ -36,7 +36,7 @@ struct Damaged
     QByteArray bytes;
     int pages;
     QSet<int> touched;
-    bool wholePages = true; // what stands on a touched page cannot pass for a row
+    bool wholePages = true; // the contents of damaged pages cannot pass for rows
 };
 
 using Random = QRandomGenerator;
@@ -67,7 +67,7 @@ const QList<std::pair<const char*, Damage>> damages = {
      }},
     {"pages in the place of others",
      [](Damaged& planner, Random& random) {
-         planner.wholePages = false; // one text's end may stand in the place of another's
+         planner.wholePages = false; // the end of one text may replace another's
          const QByteArray before = planner.bytes;
          PutOnPages(planner, random, 10,
                     [&] { return before.mid(pageSize * random.bounded(1, planner.pages), pageSize); });
@@ -105,14 +105,14 @@ class RepairTest : public QObject
     QByteArray m_content; // of an undamaged planner
     Notes m_notes;
     QMap<QByteArray, QSet<int>> m_pages;
-    QSet<int> m_trunks; // pages that list the free ones
+    QSet<int> m_trunks; // pages of the free list
 
     static std::vector<TableDef> Tables() { return {DayTable(), AlarmTable()}; }
     QString Beside(const char* name) const { return m_folder->filePath(QLatin1StringView(name)); }
     DBEngine::RepairReport Repair() const { return DBEngine::RepairDatabase(m_path, Tables()); }
     QStringList Files() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
 
-    // A journal as a crash leaves it: many notes changed and half written.
+    // Leaves a journal as a crash does, with many notes changed and half written.
     void CrashWhileSaving(const QString& path) const
     {
         sqlite3* library = nullptr;
@@ -148,7 +148,7 @@ class RepairTest : public QObject
         if (!planner.wholePages) return;
         const auto rows = Ask(m_path, "SELECT key FROM (SELECT 1 AS key FROM \"QMT Table\" UNION ALL "
                                       "SELECT 1 FROM \"Alarm Table\")");
-        QCOMPARE(rows.size(), notes.size()); // none twice
+        QCOMPARE(rows.size(), notes.size()); // no row twice
         const bool listOfFreeIsLost = planner.touched.contains(1) || planner.touched.intersects(m_trunks);
         for (const auto& [key, text] : notes.asKeyValueRange()) {
             if (listOfFreeIsLost && key.startsWith("Qgone")) continue;
@@ -189,7 +189,7 @@ class RepairTest : public QObject
         const Notes notes = NotesIn(m_path);
         QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
         QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(m_path, Beside("dummy.mdb")); }), 0);
-        if (journalSize < 0) { // the journal brings back the overwritten page too
+        if (journalSize < 0) { // the journal also restores the overwritten page
             QVERIFY(notes == m_notes);
             return;
         }
@@ -220,7 +220,7 @@ private Q_SLOTS:
         SetContent(m_path, m_content);
     }
 
-    // A row of its own for each damage, since a test has its time.
+    // One row for each damage, since each test function has a time limit.
     void WhatIsLeftComesBack_data()
     {
         QTest::addColumn<int>("damage");
@@ -240,9 +240,9 @@ private Q_SLOTS:
         QByteArray indexes;
         for (int i = 0; i < 300; ++i)
             indexes += "CREATE INDEX \"more " + QByteArray::number(i) + "\" ON \"QMT Table\" (qmtFontSize);";
-        Ask(m_path, "VACUUM;" + indexes); // without pages to be used again: what is new comes last
+        Ask(m_path, "VACUUM;" + indexes); // without free pages, so that new ones are at the end
         Damaged planner(Content(m_path));
-        planner.Put(planner.pages, 0, QByteArray(pageSize, '\x5a')); // of an index
+        planner.Put(planner.pages, 0, QByteArray(pageSize, '\x5a')); // a page of an index
         SetContent(m_path, planner.bytes);
         QVERIFY(!Repair().KeptAs.isEmpty());
         QVERIFY(NotesIn(m_path) == m_notes);
@@ -272,7 +272,7 @@ private Q_SLOTS:
         SetContent(Beside("notes.damaged.mdb"), "mine");
         ::chmod(QFile::encodeName(m_path).constData(), 0640);
         Damaged planner(m_content);
-        planner.Put(1, 68, "\x01\x01\x01\x01"); // the mark of the program alone
+        planner.Put(1, 68, "\x01\x01\x01\x01"); // only the program's mark
         SetContent(m_path, planner.bytes);
         const auto report = Repair();
         QCOMPARE(report.KeptAs, Beside("notes.damaged2.mdb"));
@@ -282,7 +282,7 @@ private Q_SLOTS:
         QCOMPARE(report.Tables[1].Rows, 60);
         QCOMPARE(QFile(m_path).permissions() & 0xfff, QFile(report.KeptAs).permissions() & 0xfff);
         QVERIFY(NotesIn(m_path) == m_notes);
-        QCOMPARE(Ask(m_path, "SELECT seq FROM sqlite_sequence")[0][0], QByteArray("480")); // of a deleted note
+        QCOMPARE(Ask(m_path, "SELECT seq FROM sqlite_sequence")[0][0], QByteArray("480")); // the id of a deleted note
         QCOMPARE(Files().size(), 4);
     }
 
@@ -307,7 +307,7 @@ private Q_SLOTS:
             QCOMPARE(ErrorOf([&] { Repair(); }, &text), NotADatabase);
             QVERIFY2(text.contains(part), qPrintable(text));
             QVERIFY(Content(m_path) == content);
-            QCOMPARE(Files().size(), 1); // no file of locks has come to it
+            QCOMPARE(Files().size(), 1); // no lock file was made
         }
     }
 
@@ -342,7 +342,7 @@ private Q_SLOTS:
         CrashWhileSaving(m_path);
         const QByteArray journalBefore = Content(journal);
         Damaged planner(Content(m_path));
-        for (const int page : m_pages[QByteArray("Q2000/2/20")]) // none that the journal brings back
+        for (const int page : m_pages[QByteArray("Q2000/2/20")]) // pages that the journal does not restore
             planner.Put(page, 0, QByteArray(pageSize, '\x5a'));
         const auto damage = [&] {
             SetContent(m_path, planner.bytes);
@@ -356,7 +356,7 @@ private Q_SLOTS:
         int change = 1;
         for (damage(); KilledBeforeChange(change, [this] { Repair(); }); ++change, damage()) {
             if (Content(m_path) == contentRepaired) QVERIFY(!QFile::exists(journal)); // it would undo the repair
-            Repair(); // nothing if it is new; else it is as it was, or as its journal leaves it
+            Repair(); // repairs the old planner, or the one that its journal restores; nothing to do on a repaired one
             QVERIFY2(NotesIn(m_path) == repaired, qPrintable(QString::number(change)));
             for (const QString& name : Files())
                 if (name.contains("damaged"_L1)) QFile::remove(m_folder->filePath(name));

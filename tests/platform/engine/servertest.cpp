@@ -1,4 +1,4 @@
-// A planner on a server: links, who may connect, what a broken connection leaves, and what others are told.
+// A planner on a server: links, permissions, broken connections, and notifications.
 #include "cuttingproxy.h"
 #include "enginetesting.h"
 #include "files.h"
@@ -117,7 +117,7 @@ private Q_SLOTS:
         QString text;
         days.Seek(u"="_s, m_key);
         QCOMPARE(ErrorOf([&] { days.Edit(); }, &text), RecordLocked);
-        QVERIFY2(text.contains("' on machine '"_L1), qPrintable(text)); // the owner's name is seen
+        QVERIFY2(text.contains("' on machine '"_L1), qPrintable(text)); // another user sees the owner's name
         TestServer::Get().Cut();
         ErrorOf([&] { days.MoveFirst(); });
         days.Seek(u"="_s, m_key);
@@ -180,7 +180,7 @@ private Q_SLOTS:
 
     void ABrokenConnectionEndsTheEditAndNotTheTyping()
     {
-        // meanwhile: what another user writes after the break
+        // meanwhile: written by another user after the break
         const std::tuple<const char*, bool, QByteArray, int> rows[] = {
             {"connection cut", false, "", 0},
             {"server restarted", true, "", 0},
@@ -193,7 +193,7 @@ private Q_SLOTS:
             Recordset days = Days(database);
             StartEdit(days, "typed");
             if (restart) {
-                server.Stop(SIGQUIT); // as a crash
+                server.Stop(SIGQUIT); // like a crash
                 QCOMPARE(ErrorOf([&] { days.Update(); }), BrokenConnection);
                 QCOMPARE(ErrorOf([&] { DBEngine::Idle(DBEngine::dbFreeLocks); }), BrokenConnection);
                 server.Start();
@@ -203,7 +203,7 @@ private Q_SLOTS:
             OtherProgram other;
             QCOMPARE(other.Open(m_path, false), u"0"_s);
             if (!meanwhile.isEmpty()) QCOMPARE(other.Do({u"write"_s, m_key, QString::fromUtf8(meanwhile)}), u"0"_s);
-            // However often it is tried, nothing is written without its lock.
+            // Repeated tries never write without the lock.
             for (int attempt = 0; attempt < 3; ++attempt)
                 QCOMPARE(ErrorOf([&] { days.Update(); }), BrokenConnection);
             QCOMPARE(days.Fields(u"qmtText"_s).toByteArray(), QByteArray("typed"));
@@ -218,7 +218,7 @@ private Q_SLOTS:
         }
     }
 
-    // It would keep the window waiting for ever. One that says little at a time is waited for.
+    // A silent server would block the window for ever. A slow one is waited for.
     void AServerThatFallsSilentIsABrokenConnection()
     {
         PostgresConnection::SetPatienceForTests(std::chrono::milliseconds(300));
@@ -261,7 +261,7 @@ private Q_SLOTS:
         QCOMPARE(Read(days, u"a"_s), QByteArray("again"));
     }
 
-    // The server would answer the commit without an error, and nothing would be kept.
+    // The server would answer the commit without an error and keep nothing.
     void AGroupThatALookUpSpoilsIsToldOf()
     {
         Database database = DBEngine::OpenDatabase(m_path);
@@ -342,10 +342,10 @@ private Q_SLOTS:
         QVERIFY(told.isEmpty());
         const QString change = u"QMT Table|"_s + m_key;
         QTRY_COMPARE(told, QStringList(change));
-        other.Do({u"write"_s, m_key, u"more"_s}); // while nothing is called here
+        other.Do({u"write"_s, m_key, u"more"_s}); // arrives without a call of the engine
         QTRY_COMPARE(told, QStringList({change, change}));
         TestServer::Get().Cut();
-        // What was said meanwhile has been heard by nobody.
+        // Notifications during the break were lost.
         QTRY_VERIFY(ErrorOf([] { DBEngine::Idle(DBEngine::dbFreeLocks); }) == 0 && told.size() == 3);
         QCOMPARE(told[2], u"|"_s);
         other.Open(m_path, false);
@@ -362,13 +362,13 @@ private Q_SLOTS:
         Recordset days = Days(database);
         Write(days, u"a\"b\\c{,}"_s, "odd");
         days.AddNew();
-        days.Update(); // no key
+        days.Update(); // a record without a key
         const QVariantList keys = {m_key, u"a\"b\\c{,}"_s, u"absent"_s};
         {
             const ReadTransaction reading(database);
             reading.Expect(days, keys);
             reading.Expect(Recordset(), keys);
-            // The table's own rows are no longer needed.
+            // The expected rows need no connection any more.
             TestServer::Get().Cut();
             QCOMPARE(Read(days, m_key), QByteArray("old"));
             QCOMPARE(Read(days, keys[1].toString()), QByteArray("odd"));
@@ -379,7 +379,7 @@ private Q_SLOTS:
         const ReadTransaction reading(database);
         reading.Expect(days, keys);
         Write(days, m_key, "new");
-        QCOMPARE(Read(days, m_key), QByteArray("new")); // nothing that was read before a write is left
+        QCOMPARE(Read(days, m_key), QByteArray("new")); // a write discards the expected rows
     }
 };
 

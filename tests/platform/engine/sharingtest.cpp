@@ -1,4 +1,4 @@
-// Two programs and one planner, in a file or on a server: open modes, and what is left when one of them is killed.
+// Two programs and one planner, in a file or on a server: open modes, and the state after one of them is killed.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"
@@ -24,7 +24,7 @@ class SharingTest : public QObject
         OtherProgram other;
         return other.Open(path, exclusive) == u"0";
     }
-    // A server needs a moment to see that a session is dead.
+    // A server takes a moment to notice a dead session.
     static int SoonErrorOf(const std::function<void()>& step)
     {
         int error = ErrorOf(step);
@@ -107,7 +107,7 @@ private Q_SLOTS:
             const QByteArray a = Read(days, u"a"_s), b = Read(days, u"b"_s);
             QCOMPARE(a.left(a.indexOf('a')), b.left(b.indexOf('b')));
             QCOMPARE(a.size(), b.size());
-            QVERIFY(a.left(a.indexOf('a')).toInt() >= lastTold); // what was told to be saved is saved
+            QVERIFY(a.left(a.indexOf('a')).toInt() >= lastTold); // what was reported as saved is saved
             commits += lastTold;
             days.Close();
             database.Close();

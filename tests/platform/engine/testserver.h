@@ -1,5 +1,5 @@
-// A real PostgreSQL of a test program's own, in a temporary folder: the socket is trusted, over TCP it asks for a
-// password. It starts when it is first used and ends with the program, however that ends.
+// A PostgreSQL server of the test program, in a temporary folder. It trusts the socket and asks for a password over
+// TCP. It starts at its first use and ends with the program, even if that is killed.
 #pragma once
 
 #include "platform/engine/dbengine.h"
@@ -18,7 +18,7 @@
 #include <csignal>
 #include <unistd.h>
 
-// Every test of the program once for each store, told by the global "onServer".
+// Runs every test of the program once for each store, by the global "onServer".
 inline void AddStores()
 {
     QTest::addColumn<bool>("onServer");
@@ -37,7 +37,7 @@ public:
         return server;
     }
 
-    // Of the planner of this name, by the socket.
+    // The address of the planner of this name, through the socket.
     QString Uri(const QString& planner) const
     {
         return u"postgresql://ann@/postgres?host=%1&planner=%2&port=%3"_s.arg(m_folder.path(), planner).arg(m_port);
@@ -48,7 +48,7 @@ public:
     }
     int Port() const { return m_port; }
 
-    // Puts the planner on the server under a new name; the file becomes its link.
+    // Moves the planner to the server under a new name; the file becomes its link.
     QString Take(const QString& path)
     {
         const QString planner = u"test%1"_s.arg(++m_planners);
@@ -56,7 +56,7 @@ public:
         return planner;
     }
 
-    // As the administrator. The first column of each row.
+    // Runs a statement as the administrator. Returns the first column of each row.
     QStringList Ask(const QString& sql) const
     {
         QStringList rows;
@@ -72,7 +72,7 @@ public:
                               m_folder.path(), u"-p"_s, QString::number(m_port), u"-U"_s, u"ann"_s, u"postgres"_s});
         if (code != 0) qFatal("The test's server does not take the statements");
     }
-    // Cuts the connections of all planners, and tells how many there were.
+    // Cuts the connections of all planners and returns their number.
     int Cut() const
     {
         const QString sessions = u" FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s;
@@ -82,7 +82,8 @@ public:
         return static_cast<int>(cut);
     }
 
-    // Stops those that serve the present connections, as a machine that hangs: the lines stay and nothing is answered.
+    // Stops the server processes of all connections, like a hanging machine: the connections stay, and nothing is
+    // answered.
     QStringList Freeze() const
     {
         const QStringList processes = Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
@@ -113,7 +114,7 @@ public:
         }
         qFatal("The test's server does not start");
     }
-    // As one that only follows another server and may not be written.
+    // Starts as a read-only standby of another server.
     void StartAsReplica()
     {
         QFile(Mark()).open(QIODevice::WriteOnly);
@@ -150,7 +151,7 @@ private:
     static constexpr uid_t Nobody = 65534;
 
     static QString Program(const char* name) { return u"/usr/lib/postgresql/15/bin/%1"_s.arg(QLatin1StringView(name)); }
-    // A server refuses to be root's. It stops when this program does, even if that is killed.
+    // The server refuses to run as root. It stops when this program ends, even if killed.
     static QStringList As(const QStringList& command)
     {
         QStringList words = {u"--pdeathsig"_s, u"INT"_s};
@@ -181,7 +182,7 @@ private:
     QProcess m_server;
 };
 
-// An open database with this table, on the store that the global says.
+// Opens a new database with this table, on the store of the global "onServer".
 inline Database MakeStore(const QString& path, const TableDef& table)
 {
     Database database = DBEngine::CreateDatabase(path, {});
