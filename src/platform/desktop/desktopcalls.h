@@ -1,5 +1,5 @@
-// How the desktop calls on the program: by a name on the session bus, with the interface through which menus and file
-// managers start a program, bring it to the front and hand it files. Without a bus nothing happens.
+// Receives the desktop's calls over the session bus by the standard interface for applications: start, come to the
+// front, open files. Does nothing without a bus.
 #pragma once
 
 #include <QDBusContext>
@@ -12,26 +12,26 @@ class DesktopCalls : public QObject, protected QDBusContext
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    // On the bus, and in the names of the files by which desktops know the program.
+    // The bus name, also used in file names by which desktops know the program.
     static QString Name() { return u"org.orrelin.Orrelin"_s; }
 
-    // Takes calls from now on, first those that the bus has kept while it started the program. A second copy of the
-    // program is called on when the first has ended. Comes back without waiting for the bus's answer.
+    // Starts to take calls, first those that the bus kept during the start. A second copy of the program gets them when
+    // the first has ended. Does not wait for the bus.
     void Listen();
 
 public Q_SLOTS:
-    // platformData: what lets the window come to the front where programs may not decide that themselves.
+    // platformData holds the token that lets the window come to the front.
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
     Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
     Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameter,
-                                     const QVariantMap& platformData); // the caller gets an error: there are none
+                                     const QVariantMap& platformData); // replies with an error: there are no actions
 
 Q_SIGNALS:
-    void Called(const QStringList& uris); // to the front, with these files if there are any
+    void Called(const QStringList& uris); // come to the front and open these files, if any
 
 private:
-    bool m_isStart = false; // the next call is the one that the program was started for
+    bool m_isStart = false; // the next call is the one that started the program
 };
 
-// Whether QDBusConnection::sessionBus() leads anywhere, for whatever speaks to the desktop. Never starts a bus.
+// Whether QDBusConnection::sessionBus() is connected. Never starts a bus.
 bool HasSessionBus();

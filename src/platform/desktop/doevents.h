@@ -1,13 +1,13 @@
-// A moment for windows and timers in the middle of a long routine.
+// Processes events in the middle of a long routine.
 #pragma once
 
 class QWidget;
 
-// Lets windows paint and timers fire. Clicks and keys wait, so that none reaches a window that is half built.
+// Windows paint and timers fire. Clicks and keys wait, so that none reaches an unfinished window.
 void DoEvents();
 
-bool DoEventsRuns(); // for what a timer or the desktop begins, and must not begin inside another routine
+bool DoEventsRuns(); // for actions of timers and of the desktop, which must not begin inside another routine
 
-// Shows and paints a notice that must be on the screen before the work that it tells of begins, and waits a moment for
-// the screen if that is slow. Takes in no clicks and keys.
+// Shows and paints a notice before the work that it announces. Waits briefly for a slow screen. Takes no clicks and
+// keys.
 void ShowAndPaint(QWidget& window);

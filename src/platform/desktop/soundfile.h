@@ -1,10 +1,10 @@
-// What may be handed to the mixer: it plays silence for what is no sound, and believes every number of a header.
+// Checks sound files for the mixer, which plays silence for invalid files and trusts every number in a header.
 #pragma once
 
 #include <QByteArray>
 
 namespace sound {
-// Why a sound does not play: what mciSendStringA answers. 0 is success.
+// Results of mciSendStringA; 0 is success.
 enum Error : int
 {
     UnknownCommand = 1,
@@ -21,11 +21,10 @@ enum Error : int
 struct SoundFile
 {
     QByteArray Content;
-    int Fault; // 0 or a sound::Error; then there is no content
+    int Fault; // 0 or a sound::Error; then Content is empty
 };
 
-// The path may be in any letter case. A wave is at most ten minutes long and comes with true lengths, whatever stood in
-// the file.
+// The path may have any letter case. A wave lasts at most ten minutes; its lengths are corrected.
 SoundFile ReadWave(const QString& path);
-// A MIDI file with all the tracks that it tells of.
+// A MIDI file must contain all tracks that its header announces.
 SoundFile ReadMidi(const QString& path);

@@ -1,5 +1,4 @@
-// The picture on the desktop's ground, whoever draws it: GNOME and its kin, Plasma, Xfce, a portal, or nobody, so that
-// it is painted on the X root window. Knows no planner.
+// The desktop's picture on GNOME and relatives, Plasma, Xfce, by a portal, or on the X root window. Knows no planner.
 #pragma once
 
 #include "platform/desktop/desktoppicture.h"
@@ -9,8 +8,7 @@
 #include <optional>
 
 namespace wallpaper {
-// A ground that begins each session without a picture counts or not: having none says nothing there of what somebody
-// wanted.
+// Whether the X root counts. It has no picture at the start of a session, which does not tell what the user wants.
 enum class Counts
 {
     Always,
@@ -18,12 +16,12 @@ enum class Counts
 };
 } // namespace wallpaper
 
-// What the desktop shows now; empty where that cannot be told, or does not count.
+// The desktop's present picture; empty if it is unknown or does not count.
 std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until,
                                                wallpaper::Counts counts = wallpaper::Counts::Always);
 
-// Action 20: the desktop takes this picture, or none for "(None)", and loads it anew if it shows it already. False if
-// the desktop did not take it, or if a person who was asked refused; nobody is asked for longer than until the
-// deadline, and nothing else takes longer than two seconds.
+// Action 20: shows the picture, or none for "(None)". A picture that is shown already is loaded anew. False if the
+// desktop does not take it or the user refuses. The user is asked until the deadline at most; everything else is
+// limited to two seconds.
 bool SystemParametersInfoA(int action, int parameter, const DesktopPicture& picture, int flags,
                            const QDeadlineTimer& until);
