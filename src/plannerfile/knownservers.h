@@ -1,4 +1,4 @@
-// The servers that this person has let planners lead to. A link lies about on shared drives, and whoever writes one
+// The servers that this person has let planners lead to. A link lies about on shared drives, and its writer
 // could have the program log in anywhere with this person's name and password.
 #pragma once
 

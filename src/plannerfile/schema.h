@@ -25,7 +25,7 @@ TableDef AlarmsTable();
 TableDef RecursionsTable();
 std::vector<TableDef> AllTables();
 
-// The tables of an open planner, each in the order of its index. 3011 where an older planner lacks one.
+// The tables of an open planner, each in the order of its index. NoTable where an older planner lacks one.
 Recordset OpenNotes(Database planner);
 Recordset OpenAlarms(Database planner);
 Recordset OpenRecursions(Database planner);

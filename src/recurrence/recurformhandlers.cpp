@@ -266,7 +266,6 @@ void RecurForm::ReopenRecords()
 {
     g_rsRecurse.Close();
     g_rsRecurse = schema::OpenRecursions(g_dbPlanner);
-    g_rsRecurse.SetLockEdits(true);
 }
 
 void RecurForm::btnFonts_Click()

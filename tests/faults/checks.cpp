@@ -150,6 +150,7 @@ private:
     void ReadPlanner();
     void CheckRecurrence() const;
     void CheckBackUp() const;
+    void CheckCompact() const;
     void CheckRepair() const;
     void CheckConvert() const;
     void CheckMove() const;
@@ -225,6 +226,13 @@ void Left::CheckBackUp() const
     if (IsDone()) QCOMPARE(copies, 1);
 }
 
+// There is never half a copy.
+void Left::CheckCompact() const
+{
+    const QString copy = Path(u"/dummy.mdb"_s);
+    if (QFile::exists(copy)) QCOMPARE(NotesIn(copy).size(), OldNotes + OldRows);
+}
+
 // What broke off is taken up by the next repair.
 void Left::CheckRepair() const
 {
@@ -263,8 +271,9 @@ void Left::CheckSettings() const
 void Left::CheckScene() const
 {
     const std::pair<const char*, void (Left::*)() const> checks[] = {
-        {"recurrence", &Left::CheckRecurrence}, {"backup", &Left::CheckBackUp},     {"repair", &Left::CheckRepair},
-        {"convert", &Left::CheckConvert},       {"settings", &Left::CheckSettings}, {"move", &Left::CheckMove}};
+        {"compact", &Left::CheckCompact}, {"recurrence", &Left::CheckRecurrence}, {"backup", &Left::CheckBackUp},
+        {"repair", &Left::CheckRepair},   {"convert", &Left::CheckConvert},       {"settings", &Left::CheckSettings},
+        {"move", &Left::CheckMove}};
     for (const auto& [name, check] : checks)
         if (QByteArrayView(name) == m_scene.name) (this->*check)();
 }

@@ -250,11 +250,19 @@ QString Move(const Stage& stage)
 const QList<Scene>& Scenes()
 {
     static const QList<Scene> scenes = {
-        {"journal", JournalIt, true},    {"save", Save, true},          {"exit", Exit, true},
-        {"locked day", LockedDay, true}, {"day view", DayView, true},   {"recovery", Recover, true},
-        {"recurrence", Recur, false},    {"compact", Compact, false},   {"repair", Repair, false},
-        {"backup", BackUp, false},       {"settings", Settings, false}, {"convert", Convert, false},
-        {"move", Move, false},
+        {"journal", JournalIt, true},
+        {"save", Save, true},
+        {"exit", Exit, true},
+        {"locked day", LockedDay, true},
+        {"day view", DayView, true},
+        {"recovery", Recover, true},
+        {"recurrence", Recur, false},
+        {"compact", Compact, false, true},
+        {"repair", Repair, false, true},
+        {"backup", BackUp, false, true},
+        {"settings", Settings, false},
+        {"convert", Convert, false, true},
+        {"move", Move, false, true},
     };
     return scenes;
 }

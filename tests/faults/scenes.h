@@ -26,6 +26,7 @@ struct Scene
     const char* name;
     QString (*Play)(const Stage& stage); // "done", or what was said instead
     bool types;                          // into the third, and into the fourth where it is free to
+    bool isQuick = false;                // the engine alone
 };
 
 const QList<Scene>& Scenes();

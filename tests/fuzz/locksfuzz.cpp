@@ -2,8 +2,8 @@
 // that is told is short and of one line, and records are locked and given back as ever. The entry is the one that
 // libFuzzer calls.
 #include "fuzz/fuzztarget.h"
+#include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sessiontable.h"
-#include "platform/runtime/runtimeerror.h"
 
 #include <QTemporaryDir>
 
@@ -11,7 +11,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr plannerformat::HeldRecord Record{3, 7};
+constexpr RecordName Record{3, 7};
 constexpr qsizetype LongestName = plannerformat::UserBytes + plannerformat::MachineBytes + 40;
 
 void RequireReadable(const QString& name)
@@ -25,21 +25,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     static const QTemporaryDir folder;
     const QString path = folder.filePath(u"planner.ldb"_s);
-    ByteLocks theirs(path, 0600, ::getgid()), ours(path, 0600, ::getgid());
-    Session other(theirs);
-    other.TakeRecord(Record);
-    theirs.Write(0, data, size);
-    RequireReadable(HolderOf(ours, Record));
-    Session own(ours);
-    bool isRefused = false;
-    try {
-        own.TakeRecord(Record);
-    } catch (const RunTimeError&) {
-        isRefused = true;
-    }
-    Require(isRefused, "the lock is the truth, the name a label");
-    other.GiveBackRecord(Record);
-    own.TakeRecord(Record);
-    Require(own.Holds(Record), "what was given back can be taken");
+    ByteLocks third(path, 0600, ::getgid());
+    Session other(ByteLocks(path, 0600, ::getgid())), own(ByteLocks(path, 0600, ::getgid()));
+    other.Take(Record);
+    third.Write(0, data, size);
+    RequireReadable(HolderOf(own.Locks(), Record));
+    Require(!own.Take(Record), "the lock is the truth, the name a label");
+    other.GiveBack(Record);
+    Require(own.Take(Record), "what was given back can be taken");
     return 0;
 }

@@ -53,7 +53,6 @@ private Q_SLOTS:
         QCOMPARE(g_dbPlanner.TableNames().size(), 3);
         for (Recordset* records : {&g_rsQMT, &g_rsAlarm, &g_rsRecurse})
             QVERIFY(records->BOF() && records->EOF_());
-        QCOMPARE(g_rsQMT.Index(), u"qmtPrimaryKey"_s);
         QCOMPARE(m_program->form->windowTitle(), u"Orrelin for Windows 95/98/NT - "_s + g_sDBPath);
         QCOMPARE(Mru(1), u"none"_s); // recent once it was opened
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);

@@ -14,22 +14,22 @@ public:
     Database() = default; // no object
     explicit Database(std::shared_ptr<Store> store) : Handle(std::make_shared<OpenStore>(std::move(store))) {}
 
-    Recordset OpenTable(const QString& name);     // 3011 if there is no such table
+    Recordset OpenTable(const QString& name);     // NoTable
     Recordset CreateDynaset(const QString& name); // walks the primary key; for Find
     // Makes the table, its fields in this order, and its indexes.
     void Append(const TableDef& table) { Live().store->CreateTable(table); }
     QStringList TableNames() const { return Live().store->TableNames(); }
     QString ServerAddress() const; // of a planner on a server; empty for one in its file or closed
     // Makes `path` a new planner file with all that this one holds at this moment, compared with it row by row. It
-    // stays where it is, and others may go on with it. 3204 if `path` exists, 3026, 3043: then there is no `path`.
+    // stays where it is, and others may go on with it. FileExists, DiskFull, InputOutput: then there is no `path`.
     void SaveToFile(const QString& path);
-    // An online copy of a planner in a file, page by page; `path` is replaced as a whole. 3186, 3026, 3043: then `path`
-    // is as it was. 3251 for one on a server.
+    // An online copy of a planner in a file, page by page; `path` is replaced as a whole. CouldNotSave, DiskFull,
+    // InputOutput: then `path` is as it was. NotSupported for one on a server.
     void BackUp(const QString& path) { Live().store->BackUp(path); }
-    // Calls back after each commit of another user, as far as the store is told of them: one on a server is, a file is
-    // not. From the event loop, never inside a call of the engine. Ends with Close; null takes it away.
+    // Calls back after each commit of another user, as far as the store hears of them: one on a server does, a file
+    // does not. From the event loop, never inside a call of the engine. Ends with Close; null takes it away.
     void OnChange(ChangeListener listener) { Live().store->OnChange(std::move(listener)); }
-    // Closes the file when the last recordset of it is gone too; later calls raise 3420.
+    // Closes the file when the last recordset of it is gone too; later calls raise Closed.
     void Close();
 
 private:
@@ -58,15 +58,15 @@ private:
 
 // The updates made while this lives become durable together at Commit; a single one that fails leaves the others. Where
 // the store itself gave up meanwhile (a full disk), all further updates and Commit raise its error. One at a time: a
-// second one of the same database raises 3186.
+// second one of the same database raises CouldNotSave.
 class WriteTransaction
 {
 public:
-    explicit WriteTransaction(const Database& database); // 3186 if another writer does not let go in time
+    explicit WriteTransaction(const Database& database); // CouldNotSave if another writer does not let go in time
     ~WriteTransaction();                                 // without Commit nothing has happened
     WriteTransaction(const WriteTransaction&) = delete;
     WriteTransaction& operator=(const WriteTransaction&) = delete;
-    void Commit(); // 3186, 3026 disk full, 3043 I/O error: then nothing has been written
+    void Commit(); // CouldNotSave, DiskFull, InputOutput: then nothing has been written
 
 private:
     std::shared_ptr<Store> m_store;

@@ -4,7 +4,6 @@
 #include "platform/engine/jet/jetfile.h"
 #include "platform/engine/moving.h"
 #include "platform/engine/postgres/plannerlink.h"
-#include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/repairing.h"
 #include "platform/engine/sqlite/sqlitefile.h"
@@ -40,7 +39,7 @@ constexpr std::array Kinds = {
     StoreKind{jetfile::IsJet, jetfile::Refusal, nullptr, sqlitefile::Delete, sqlitefile::Claim, jetfile::Compact,
               jetfile::Replace, nullptr, nullptr, nullptr},
     StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::ClaimPlanner,
-              compacting::Compact, compacting::Replace, repairing::Repair, nullptr, repairing::FindsPlanner},
+              sqlitefile::Compact, sqlitefile::Replace, repairing::Repair, nullptr, repairing::FindsPlanner},
 };
 constexpr qsizetype HeadSize = 64;
 

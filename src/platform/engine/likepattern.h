@@ -1,4 +1,4 @@
-// The pattern of a LIKE, made ready for many texts:
+// The criterion of a Find: [Field] LIKE "pattern". A pattern is made ready once for many texts:
 //   *       any run of characters, none included
 //   ?       one character
 //   #       one digit, 0 to 9
@@ -9,51 +9,27 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QRegularExpression>
 
-#include <utility>
-#include <vector>
-
-// The criterion of a Find: [Field] LIKE "pattern".
 struct Criterion
 {
     QString Field;
     QString Pattern;
 };
-Criterion ParseCriterion(const QString& text); // 3077
+Criterion ParseCriterion(const QString& text); // UnparsableCriterion
 
 class LikePattern
 {
 public:
-    explicit LikePattern(const QString& pattern); // 3077 for a list that is not closed or runs backwards
+    explicit LikePattern(const QString& pattern); // UnparsableCriterion: a list is not closed or runs backwards
     bool Matches(QByteArrayView stored) const;
     // A piece of ASCII, in lower case, that every text that matches contains in some case; may be empty.
     const QByteArray& Run() const { return m_run; }
 
 private:
-    struct Item
-    {
-        enum Kind
-        {
-            AnyRun,
-            AnyOne,
-            Digit,
-            Character,
-            OneOf,
-            NoneOf
-        };
-        Kind kind = Character;
-        char32_t character = 0;
-        std::vector<std::pair<char32_t, char32_t>> ranges = {}; // from and to, both included
-    };
+    void NoteCharacter(char32_t folded, QByteArray& run); // 0 for what stands for something else
 
-    static bool Fits(const Item& item, char32_t character);
-    void Parse(const std::u32string& pattern);
-    void ParseList(std::u32string_view list);
-    void NoteRun();
-    bool MatchesItems(std::u32string_view text) const;
-
-    std::vector<Item> m_items;
-    QByteArray m_run;    // the longest one: a text without it need not be read
-    char32_t m_sign = 0; // a character beyond ASCII that a text must hold, 0 for none
+    QRegularExpression m_form; // for folded texts
+    QByteArray m_run;          // the longest one: a text without it need not be read
+    char32_t m_sign = 0;       // a character beyond ASCII that a text must hold, 0 for none
 };

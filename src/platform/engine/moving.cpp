@@ -2,14 +2,14 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/postgres/postgresstore.h"
-#include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
-#include "platform/engine/tablepages.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
+
+#include <algorithm>
 
 namespace {
 using namespace engineerrors;
@@ -20,21 +20,19 @@ void Copy(Store& from, Store& to)
     for (const QString& name : from.TableNames()) {
         const TableDef table = from.Definition(name);
         to.CreateTable(table);
-        PagesOf pages(from, table);
-        for (const auto* rows = &pages.Next(); !rows->empty(); rows = &pages.Next())
-            to.InsertAll(table, *rows);
+        for (auto rows = from.Page(table, 0); !rows.empty(); rows = from.Page(table, rows.back().id))
+            to.InsertAll(table, rows);
     }
 }
 
 bool AreAlike(Store& a, Store& b, const TableDef& table)
 {
-    RowsOf first(a, table), second(b, table);
-    while (true) {
-        const auto* one = first.Next();
-        const auto* other = second.Next();
-        if (!one || !other) return !one && !other;
-        if (*one != *other) return false;
+    auto ours = a.Page(table, 0), theirs = b.Page(table, 0);
+    while (!ours.empty() && std::ranges::equal(ours, theirs, {}, &Store::Row::values, &Store::Row::values)) {
+        ours = a.Page(table, ours.back().id);
+        theirs = b.Page(table, theirs.back().id);
     }
+    return ours.empty() && theirs.empty();
 }
 
 // Row by row, read back from both.
@@ -92,7 +90,7 @@ void ToServer(const QString& path, const PlannerAddress& address, const QByteArr
             server.DropPlanner();
             server.Commit();
         } catch (const RunTimeError&) {
-            server.Rollback(); // a second attempt is told that there is a planner of this name
+            server.Rollback(); // a second attempt finds a planner of this name
         }
     });
     ReplaceByLink(planner, link);

@@ -167,7 +167,7 @@ void RecordsetState::Edit()
     auto release = qScopeGuard([this] { DropEdit(); });
     // A lock can have died with its connection; an edit that starts anew takes it anew.
     m_locked = m_locked && store->Holds(table, id);
-    if (lockEdits && !m_locked) Lock();
+    if (!m_locked) Lock();
     const std::optional<Row> fresh = store->Fetch(table, id);
     if (!fresh) {
         m_at = At::Deleted;
@@ -182,22 +182,13 @@ void RecordsetState::Edit()
 void RecordsetState::Update()
 {
     if (m_pending == Pending::None) RaiseNoUpdatePending();
-    if (m_pending == Pending::Change) return UpdateRecord();
-    store->Insert(table, m_buffer);
-    if (bof && eof) bof = eof = false;
-    DropEdit();
-}
-
-void RecordsetState::UpdateRecord()
-{
-    const bool borrowed = !m_locked;
-    if (borrowed) Lock();
-    auto release = qScopeGuard([&] {
-        if (borrowed) ReleaseLock();
-    });
-    store->Replace(table, m_row, m_buffer);
-    release.dismiss();
-    Land(Row{m_row.id, m_buffer});
+    if (m_pending == Pending::Add) {
+        store->Insert(table, m_buffer);
+        if (bof && eof) bof = eof = false;
+    } else {
+        store->Replace(table, m_row, m_buffer);
+        Land(Row{m_row.id, m_buffer});
+    }
     DropEdit();
 }
 

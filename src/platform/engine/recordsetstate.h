@@ -31,7 +31,6 @@ struct RecordsetState
     std::shared_ptr<Store> store; // null when closed
     TableDef table;
     Index index; // changed by SetIndex alone
-    bool lockEdits = true;
     bool bof = false;
     bool eof = false;
     bool noMatch = false;
@@ -59,11 +58,10 @@ private:
     bool Land(std::optional<Row> found);
     void StandAtEnd(From end);
     void Use(const Index& order); // and stand on its first record
-    const Row& Current() const;   // 3021, 3167
+    const Row& Current() const;   // NoCurrentRecord, RecordDeleted
     void Lock();
     void ReleaseLock();
     void DropEdit();
-    void UpdateRecord();
 
     std::optional<std::size_t> m_keyField; // the field that the index orders by
     At m_at = At::Nowhere;

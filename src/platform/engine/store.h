@@ -1,6 +1,6 @@
 // What a Recordset needs of a store: rows found by index and place, written whole, and locks on single rows. Two
-// stores stand behind it, a file and a server. All errors are RunTimeErrors with the numbers of engineerrors.h. What
-// gives back (Unlock, EndRead, Rollback, Close) raises nothing, since it runs in destructors.
+// stores stand behind it, a file and a server. All errors are RunTimeErrors; comments name their numbers as
+// engineerrors.h does. What gives back (Unlock, EndRead, Rollback, Close) raises nothing, since it runs in destructors.
 #pragma once
 
 #include "platform/engine/tabledef.h"
@@ -46,7 +46,7 @@ public:
 
     virtual QString Address() const = 0; // of a planner on a server; empty for one in its file
     virtual QStringList TableNames() = 0;
-    virtual TableDef Definition(const QString& table) = 0; // 3011
+    virtual TableDef Definition(const QString& table) = 0; // NoTable
     virtual void CreateTable(const TableDef& table) = 0;
 
     // First, Last: the index's ends. AtKey: the first row whose key equals place.key. After, Before: the neighbour of
@@ -56,25 +56,22 @@ public:
                                     const QString& likeField, const QString& likePattern) = 0;
     virtual std::optional<Row> Fetch(const TableDef& table, qint64 id) = 0;
 
-    // For going through a whole table: the next few rows in order of insertion. None at its end.
-    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId)
-    {
-        auto row = Find(table, Index(), From::After, {{}, afterId}, {}, {});
-        return row ? std::vector{std::move(*row)} : std::vector<Row>();
-    }
+    // For going through a whole table: the next rows in order of insertion, none at its end. All stores give pages of
+    // one size, so that two can be compared page by page.
+    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId) = 0;
 
-    virtual qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) = 0; // 3022
+    virtual qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) = 0; // DuplicateKey
     virtual void InsertAll(const TableDef& table, const std::vector<Row>& rows) // within a write; under new ids
     {
         for (const Row& row : rows)
             Insert(table, row.values);
     }
-    // Both only if the row still is as old says; else 3197.
+    // Both only if the row still is as old says; else DataChanged.
     virtual void Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values) = 0;
     virtual void Erase(const TableDef& table, const Row& old) = 0;
 
-    // 3260, whose text names the holder. Not stacked: one TryLock an edit. Where locks can be lost with a connection,
-    // Replace and Erase of a record whose lock is no longer held raise 3151.
+    // RecordLocked, whose text names the holder. Not stacked: one TryLock an edit. Where locks can be lost with a
+    // connection, Replace and Erase of a record whose lock is no longer held raise BrokenConnection.
     virtual void TryLock(const TableDef& table, qint64 id) = 0;
     virtual bool Holds(const TableDef& table, qint64 id) const = 0;
     virtual void Unlock(const TableDef& table, qint64 id) = 0;
@@ -92,8 +89,8 @@ public:
 
     virtual void BackUp(const QString& path) = 0; // Database::BackUp
     virtual void Refresh() = 0;                   // what Idle asks for
-    // Called from the event loop, never inside a call of the store, and not for this store's own commits. A store that
-    // is told nothing by others never calls it. Null takes it away.
+    // The store calls it from the event loop, never inside a call of the store, and not for its own commits. A store
+    // that does not hear of others' commits never calls it. Null takes it away.
     virtual void OnChange(ChangeListener listener) = 0;
     virtual void Close() = 0;
 };

@@ -5,19 +5,9 @@
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
-template <typename List>
-auto FindNamed(const List& list, const QString& name)
-{
-    const auto exact = std::ranges::find_if(list, [&](const auto& item) { return item.Name == name; });
-    if (exact != list.end()) return exact;
-    return std::ranges::find_if(list,
-                                [&](const auto& item) { return item.Name.compare(name, Qt::CaseInsensitive) == 0; });
-}
-
 [[noreturn]] void RaiseNotFound(const TableDef& table, const QString& name)
 {
     throw RunTimeError{engineerrors::ItemNotFound, u"Table '%1' has nothing named '%2'."_s.arg(table.Name, name)};
@@ -29,6 +19,7 @@ QVariant Storable(const QVariant& value)
     const auto& text = *static_cast<const QString*>(value.constData());
     return text.isValidUtf16() ? value : QVariant(QString::fromUtf8(text.toUtf8()));
 }
+} // namespace
 
 QMetaType TypeOf(FieldType type)
 {
@@ -48,18 +39,17 @@ QMetaType TypeOf(FieldType type)
     }
     return {};
 }
-} // namespace
 
 std::size_t FieldNumber(const TableDef& table, const QString& name)
 {
-    const auto found = FindNamed(table.Fields, name);
+    const auto found = FindNamed(table.Fields, &Field::Name, name);
     if (found == table.Fields.end()) RaiseNotFound(table, name);
     return static_cast<std::size_t>(found - table.Fields.begin());
 }
 
 const Index& IndexNamed(const TableDef& table, const QString& name)
 {
-    const auto found = FindNamed(table.Indexes, name);
+    const auto found = FindNamed(table.Indexes, &Index::Name, name);
     if (found == table.Indexes.end()) RaiseNotFound(table, name);
     return *found;
 }

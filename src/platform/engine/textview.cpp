@@ -39,10 +39,19 @@ char32_t FoldedCase(char32_t character)
     return folded < 0x80 ? character : folded;
 }
 
-QString FoldedCase(const QString& text)
+QString FoldedCase(QString text)
 {
-    QList<uint> characters = text.toUcs4();
-    for (uint& character : characters)
-        character = FoldedCase(char32_t{character});
-    return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        QChar& unit = text[at];
+        if (!unit.isSurrogate()) {
+            unit = QChar(FoldedCase(char32_t{unit.unicode()}));
+        } else if (unit.isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate()) {
+            const char32_t folded = FoldedCase(QChar::surrogateToUcs4(unit, text[at + 1]));
+            unit = QChar::highSurrogate(folded);
+            text[++at] = QChar::lowSurrogate(folded);
+        } else {
+            unit = QChar::ReplacementCharacter; // half a character
+        }
+    }
+    return text;
 }

@@ -1,5 +1,5 @@
 // How the bytes of a stored text read as characters, and which characters count as the same. For the criterion of a
-// Find and for whoever looks for a word in one text, so that both see the same.
+// Find and for the search for a word in one text, so that both see the same.
 #pragma once
 
 #include <QByteArrayView>
@@ -22,4 +22,4 @@ bool MayHold(QByteArrayView stored, char32_t folded);
 // Small and capital letters alike, in all of Unicode. Goes character by character, so that places stay what they are,
 // and never makes ASCII of another character.
 char32_t FoldedCase(char32_t character);
-QString FoldedCase(const QString& text);
+QString FoldedCase(QString text);

@@ -19,12 +19,6 @@ class CompactTest : public QObject
     const QByteArray m_ids = "SELECT \"record id\", qmtDate FROM \"QMT Table\"; SELECT * FROM sqlite_sequence";
 
     QStringList Files() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
-    void CompactInPlace() const
-    {
-        const DBEngine::AloneWith alone(m_path);
-        DBEngine::CompactDatabase(m_path, m_dummy);
-        DBEngine::ReplaceDatabase(m_dummy, m_path);
-    }
 
 private Q_SLOTS:
     void init()
@@ -112,21 +106,6 @@ private Q_SLOTS:
         QCOMPARE(Files(), files);
         QVERIFY(NotesIn(m_path) == notes);
         QVERIFY(NotesIn(m_dummy) == notes);
-    }
-
-    void KilledAtAnyMomentThePlannerIsWhole()
-    {
-        const Notes notes = NotesIn(m_path);
-        const QByteArray content = Content(m_path);
-        int change = 1;
-        for (; KilledBeforeChange(change, [this] { CompactInPlace(); }); ++change) {
-            QVERIFY(!QFile::exists(m_dummy) || NotesIn(m_dummy) == notes); // never half of it
-            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
-            QVERIFY2(NotesIn(m_path) == notes, qPrintable(QString::number(change)));
-            QFile::remove(m_dummy);
-            SetContent(m_path, content);
-        }
-        QVERIFY(change > 20);
     }
 };
 

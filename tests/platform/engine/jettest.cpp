@@ -5,14 +5,13 @@
 #include "platform/desktop/folders.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jetrows.h"
-#include "platform/engine/sqlite/openfiles.h"
+#include "platform/engine/sqlite/bytelocks.h"
+#include "platform/engine/sqlite/wholefiles.h"
 #include "testmain.h"
 
 #include <QDir>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 using namespace engineerrors;
 
@@ -94,6 +93,53 @@ class JetTest : public QObject
         if (script == "none") return;
         SetContent(reader, "#!/bin/sh\n" + script + "\n");
         QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
+    }
+
+    void DamageIn(const QByteArray& whole) const
+    {
+        QRandomGenerator random(7);
+        int refused = 0;
+        constexpr int runs = 150;
+        for (int run = 0; run < runs; ++run) {
+            QByteArray damaged = whole;
+            if (run % 10 == 0) damaged.truncate(random.bounded(100, int(whole.size())));
+            for (int i = 0; run % 10 != 0 && i < (1 << run % 9); ++i) {
+                const auto at = random.bounded(100, int(whole.size()));
+                damaged[at] = static_cast<char>(damaged[at] ^ 1 << random.bounded(8));
+            }
+            SetContent(m_path, damaged);
+            QString text;
+            const int error = ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy, plannerTables); }, &text);
+            QVERIFY2(error == 0 || error == NotADatabase, qPrintable(text));
+            QCOMPARE(Content(m_path), damaged);
+            QCOMPARE(QFile::exists(m_dummy), error == 0);
+            QFile::remove(m_dummy);
+            refused += error != 0;
+        }
+        QVERIFY2(refused > runs / 10 && refused < runs, qPrintable(QString::number(refused)));
+    }
+
+    void LosePagesOf(const QByteArray& whole, int pageSize) const
+    {
+        SetContent(m_path, whole);
+        const QStringList rows = RowsOf(m_path);
+        QCOMPARE(rows.filter(u"Table"_s).size(), 3);
+        int refused = 0;
+        for (qsizetype at = pageSize; at < whole.size(); at += pageSize) {
+            const auto filled = [&](char byte) {
+                return QByteArray(whole).replace(at, pageSize, QByteArray(pageSize, byte));
+            };
+            for (const QByteArray& damaged : {filled('\0'), filled('\xFF'), whole.first(at), whole.first(at + 99)}) {
+                SetContent(m_path, damaged);
+                QString text;
+                QStringList found;
+                const bool isRead = ErrorOf([&] { found = RowsOf(m_path); }, &text) == 0;
+                QVERIFY2(isRead ? found == rows : text.contains("damaged"_L1),
+                         qPrintable(u"page %1: %2"_s.arg(at / pageSize).arg(text)));
+                refused += !isRead;
+            }
+        }
+        QVERIFY(refused > whole.size() / pageSize * 2);
     }
 
 private Q_SLOTS:
@@ -223,51 +269,47 @@ private Q_SLOTS:
                                                                          "ap d\xE3y \\b meeting\\b0  at 9:00")}));
     }
 
-    void WhatIsNoReadablePlannerIsLeftAlone_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("word");
-        const QByteArray sample = Content(QStringLiteral(SAMPLE));
-        QByteArray locked = sample, locked3 = Jet3Planner(10), version = sample;
-        locked[0x42] = static_cast<char>(locked[0x42] ^ 'p');
-        locked3[0x42] = static_cast<char>(locked3[0x42] ^ 'p');
-        QTest::newRow("password") << locked << u"password"_s;
-        QTest::newRow("password, third version") << locked3 << u"password"_s;
-        version[0x14] = 9;
-        QTest::newRow("unknown version") << version << u"version"_s;
-        Jet3File other(1252);
-        other.AddTable("Customers", {{"Name", jetstream::Text}}, {{"Ann"}});
-        QTest::newRow("no planner") << other.Bytes() << u"no planner"_s;
-        Jet3File keyless(1252);
-        keyless.AddTable("QMT Table", {{"qmtText", jetstream::Memo}}, {{"note"}});
-        QTest::newRow("no days") << keyless.Bytes() << u"qmtDate"_s;
-        Jet3File twice(1252);
-        twice.AddTable("QMT Table", {{"qmtDate", jetstream::Text}}, {{"1997/1/1"}, {"1997/1/1"}});
-        QTest::newRow("a day twice") << twice.Bytes() << u"damaged"_s;
-        QTest::newRow("head alone") << sample.first(64) << QString();
-        for (const auto& [page, byte] : {std::pair(43, 56), std::pair(44, 15)}) {
-            QByteArray flipped = sample;
-            flipped[4096 * page + byte] = static_cast<char>(flipped[4096 * page + byte] ^ 0x10);
-            QTest::addRow("bit of page %d", page) << flipped << u"damaged"_s;
-        }
-    }
-
     void WhatIsNoReadablePlannerIsLeftAlone()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, word);
-        SetContent(m_path, bytes);
-        QString text;
-        QCOMPARE(Convert(&text), NotADatabase);
-        QVERIFY2(text.contains(word), qPrintable(text));
-        QCOMPARE(Content(m_path), bytes);
-        QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
+        QByteArray locked = m_sample, locked3 = Jet3Planner(10), version = m_sample;
+        locked[0x42] = static_cast<char>(locked[0x42] ^ 'p');
+        locked3[0x42] = static_cast<char>(locked3[0x42] ^ 'p');
+        version[0x14] = 9;
+        Jet3File other(1252), keyless(1252), twice(1252);
+        other.AddTable("Customers", {{"Name", jetstream::Text}}, {{"Ann"}});
+        keyless.AddTable("QMT Table", {{"qmtText", jetstream::Memo}}, {{"note"}});
+        twice.AddTable("QMT Table", {{"qmtDate", jetstream::Text}}, {{"1997/1/1"}, {"1997/1/1"}});
+        const auto flipped = [&](int page, int byte) {
+            QByteArray bytes = m_sample;
+            bytes[4096 * page + byte] = static_cast<char>(bytes[4096 * page + byte] ^ 0x10);
+            return bytes;
+        };
+        const std::tuple<const char*, QByteArray, QString> rows[] = {
+            {"password", locked, u"password"_s},
+            {"password, third version", locked3, u"password"_s},
+            {"unknown version", version, u"version"_s},
+            {"no planner", other.Bytes(), u"no planner"_s},
+            {"no days", keyless.Bytes(), u"qmtDate"_s},
+            {"a day twice", twice.Bytes(), u"damaged"_s},
+            {"head alone", m_sample.first(64), {}},
+            {"bit of page 43", flipped(43, 56), u"damaged"_s},
+            {"bit of page 44", flipped(44, 15), u"damaged"_s},
+        };
+        for (const auto& [name, bytes, word] : rows) {
+            const InRow inRow(this, name);
+            SetContent(m_path, bytes);
+            QString text;
+            QCOMPARE(Convert(&text), NotADatabase);
+            QVERIFY2(text.contains(word), qPrintable(text));
+            QCOMPARE(Content(m_path), bytes);
+            QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
+        }
     }
 
     void WhoHasItOpenInTheOlderEngineKeepsIt()
     {
         constexpr off_t userByte = 0x10000001;
-        ByteLocks others(LockFileOf(m_path), 0600, ::getgid());
+        ByteLocks others(wholefiles::LockFileOf(m_path), 0600, ::getgid());
         QVERIFY(others.TryLock(userByte, ByteLocks::Exclusive));
         QString text;
         QCOMPARE(Convert(&text), InUse);
@@ -277,115 +319,44 @@ private Q_SLOTS:
         QCOMPARE(Convert(), 0);
     }
 
-    void NoReaderIsWaitedForOrBelieved_data()
-    {
-        QTest::addColumn<QByteArray>("script");
-        QTest::newRow("silent") << QByteArray("exec sleep 100");
-        QTest::newRow("endless") << QByteArray("exec yes");
-        QTest::newRow("no program") << QByteArray("none");
-        QTest::newRow("dead") << QByteArray("kill -9 $$");
-        QTest::newRow("unfinished") << QByteArray("\"" READER "\" \"$@\" | head -c 3000");
-        QTest::newRow("with a table of its own")
-            << QByteArray("\"" READER "\" MSysObjects \"$@\" MSysQueries 'QMT Table'");
-        QTest::newRow("changing") << QByteArray("test -e \"$0.x\" && exec \"" READER "\" 'QMT Table'; touch \"$0.x\"; "
-                                                "exec \"" READER "\" \"$@\"");
-    }
-
     void NoReaderIsWaitedForOrBelieved()
     {
-        QFETCH(QByteArray, script);
-        UseReader(script);
         JetRows::SetPatienceForTests(std::chrono::milliseconds(500));
         const auto patient = qScopeGuard([] { JetRows::SetPatienceForTests({}); });
-        QVERIFY(Convert() != 0);
-        QCOMPARE(Content(m_path), m_sample);
-        QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
-    }
-
-    void DamageNeverCrashesHangsOrChangesAFile_data()
-    {
-        QTest::addColumn<QByteArray>("whole");
-        QTest::newRow("third version") << Jet3Planner(3000);
-        QTest::newRow("fourth version") << Content(QStringLiteral(SAMPLE));
+        const std::pair<const char*, QByteArray> rows[] = {
+            {"silent", "exec sleep 100"},
+            {"endless", "exec yes"},
+            {"no program", "none"},
+            {"dead", "kill -9 $$"},
+            {"unfinished", "\"" READER "\" \"$@\" | head -c 3000"},
+            {"with a table of its own", "\"" READER "\" MSysObjects \"$@\" MSysQueries 'QMT Table'"},
+            {"changing", "test -e \"$0.x\" && exec \"" READER "\" 'QMT Table'; touch \"$0.x\"; "
+                         "exec \"" READER "\" \"$@\""},
+        };
+        for (const auto& [name, script] : rows) {
+            const InRow inRow(this, name);
+            UseReader(script);
+            QVERIFY(Convert() != 0);
+            QCOMPARE(Content(m_path), m_sample);
+            QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));
+        }
     }
 
     void DamageNeverCrashesHangsOrChangesAFile()
     {
-        QFETCH(QByteArray, whole);
-        QRandomGenerator random(7);
-        int refused = 0;
-        constexpr int runs = 150;
-        for (int run = 0; run < runs; ++run) {
-            QByteArray damaged = whole;
-            if (run % 10 == 0) damaged.truncate(random.bounded(100, int(whole.size())));
-            for (int i = 0; run % 10 != 0 && i < (1 << run % 9); ++i) {
-                const auto at = random.bounded(100, int(whole.size()));
-                damaged[at] = static_cast<char>(damaged[at] ^ 1 << random.bounded(8));
-            }
-            SetContent(m_path, damaged);
-            QString text;
-            const int error = ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy, plannerTables); }, &text);
-            QVERIFY2(error == 0 || error == NotADatabase, qPrintable(text));
-            QCOMPARE(Content(m_path), damaged);
-            QCOMPARE(QFile::exists(m_dummy), error == 0);
-            QFile::remove(m_dummy);
-            refused += error != 0;
-        }
-        QVERIFY2(refused > runs / 10 && refused < runs, qPrintable(QString::number(refused)));
+        for (const QByteArray& whole : {Jet3Planner(3000), m_sample})
+            DamageIn(whole);
     }
 
-    void NoLostPageTakesRowsAlong_data()
+    void NoLostPageTakesRowsAlong()
     {
-        QTest::addColumn<QByteArray>("whole");
-        QTest::addColumn<int>("pageSize");
         Jet3File third = NotesOfTheThirdVersion(3000);
         third.AddTable("Alarm Table", {{"Alarm Date", jetstream::Text}, {"Alarm Note", jetstream::Memo}},
                        {{"1997/1/1", "up"}, {"1997/1/2", QByteArray(500, 'x')}});
         third.AddTable("Recursion Table", {{"Start Date", jetstream::Text}, {"Recursion Text", jetstream::Memo}},
                        {{"1997/1/1", "again"}});
-        QTest::newRow("third version") << third.Bytes() << 2048;
-        QTest::newRow("fourth version") << Content(QStringLiteral(SAMPLE)) << 4096;
-    }
-
-    void NoLostPageTakesRowsAlong()
-    {
-        QFETCH(QByteArray, whole);
-        QFETCH(int, pageSize);
-        SetContent(m_path, whole);
-        const QStringList rows = RowsOf(m_path);
-        QCOMPARE(rows.filter(u"Table"_s).size(), 3);
-        int refused = 0;
-        for (qsizetype at = pageSize; at < whole.size(); at += pageSize) {
-            const auto filled = [&](char byte) {
-                return QByteArray(whole).replace(at, pageSize, QByteArray(pageSize, byte));
-            };
-            for (const QByteArray& damaged : {filled('\0'), filled('\xFF'), whole.first(at), whole.first(at + 99)}) {
-                SetContent(m_path, damaged);
-                QString text;
-                QStringList found;
-                const bool isRead = ErrorOf([&] { found = RowsOf(m_path); }, &text) == 0;
-                QVERIFY2(isRead ? found == rows : text.contains("damaged"_L1),
-                         qPrintable(u"page %1: %2"_s.arg(at / pageSize).arg(text)));
-                refused += !isRead;
-            }
-        }
-        QVERIFY(refused > whole.size() / pageSize * 2);
-    }
-
-    void KilledAtAnyMomentThereIsAPlanner()
-    {
-        int change = 1, converted = 0;
-        for (; KilledBeforeChange(change, [this] { Convert(); }); ++change) {
-            const bool isNew = Content(m_path) != m_sample;
-            QVERIFY2(!isNew || (Content(m_kept) == m_sample && Notes().size() == 6),
-                     qPrintable(QString::number(change)));
-            converted += isNew;
-            for (const QString& name : Planners())
-                QFile::remove(m_folder->filePath(name));
-            SetContent(m_path, m_sample);
-        }
-        QVERIFY2(change > 15 && converted > 0, qPrintable(QString::number(change)));
-        QCOMPARE(Content(m_kept), m_sample);
+        LosePagesOf(third.Bytes(), 2048);
+        LosePagesOf(m_sample, 4096);
     }
 };
 

@@ -18,10 +18,6 @@ class MovingTest : public QObject
     int m_count = 0;
 
     QStringList Files() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
-    int Move(QString* text = nullptr) const
-    {
-        return ErrorOf([&] { DBEngine::MoveToServer(m_path, m_uri); }, text);
-    }
     QStringList TablesOnServer() const
     {
         return TestServer::Get().Ask(
@@ -70,75 +66,52 @@ private Q_SLOTS:
             QCOMPARE(ErrorOf(step), NotSupported);
     }
 
-    void WhatCannotBeMovedStaysAsItWas_data()
-    {
-        QTest::addColumn<QString>("hindrance");
-        QTest::addColumn<int>("error");
-        QTest::newRow("open") << "open" << InUse;
-        QTest::newRow("password") << "password" << NotADatabase;
-        QTest::newRow("too long for a link") << "long" << NotADatabase;
-        QTest::newRow("planner there") << "there" << FileExists;
-        QTest::newRow("no server") << "no server" << BrokenConnection;
-        QTest::newRow("no permission") << "no permission" << ReadOnlyFile;
-        QTest::newRow("a text that no server takes") << "zero" << TypeMismatch;
-        QTest::newRow("no room for the link") << "no room" << InputOutput;
-    }
-
     void WhatCannotBeMovedStaysAsItWas()
     {
-        QFETCH(QString, hindrance);
-        QFETCH(int, error);
         TestServer& server = TestServer::Get();
-        OtherProgram other;
-        if (hindrance == u"open") other.Open(m_path, false);
-        if (hindrance == u"password") m_uri.replace("ann@"_L1, "ann:word@"_L1);
-        if (hindrance == u"long") m_uri += "&sslrootcert=/"_L1 + QString(250, QChar(0x20AC));
-        if (hindrance == u"there") {
-            const QString first = m_folder->filePath(u"first.mdb"_s);
-            DBEngine::CreateDatabase(first, {}).Close();
-            DBEngine::MoveToServer(first, m_uri);
-        }
-        if (hindrance == u"no server") m_uri = server.TcpUri(m_planner, 1);
-        if (hindrance == u"no permission") {
-            server.Ask(u"CREATE ROLE visitor LOGIN"_s);
-            m_uri.replace("ann@"_L1, "visitor@"_L1);
-        }
-        if (hindrance == u"zero")
-            Ask(m_path, "UPDATE \"QMT Table\" SET qmtDate = 'a' || char(0) || 'b' WHERE \"record id\" = 300");
-        const QStringList tables = TablesOnServer();
-        const QStringList files = Files();
-        const Notes notes = NotesIn(m_path);
-        const QByteArray content = Content(m_path);
+        std::optional<OtherProgram> other;
         std::optional<FullDisk> full;
-        if (hindrance == u"no room") full.emplace(200000);
-        QString text;
-        const int raised = Move(&text);
-        full.reset();
-        QVERIFY2(raised == error, qPrintable(QString::number(raised) + text));
-        QVERIFY(Content(m_path) == content);
-        QVERIFY(NotesIn(m_path) == notes);
-        QCOMPARE(Files(), files);
-        QCOMPARE(TablesOnServer(), tables);
-    }
-
-    void KilledAtAnyMomentThePlannerIsWhole()
-    {
-        const Notes notes = NotesIn(m_path);
-        const QByteArray content = Content(m_path);
-        int change = 1;
-        const auto move = [&] {
-            m_uri = TestServer::Get().Uri(u"killed%1"_s.arg(change));
-            return KilledBeforeChange(change, [this] { DBEngine::MoveToServer(m_path, m_uri); });
+        const std::tuple<const char*, std::function<void()>, int> rows[] = {
+            {"open", [&] { other.emplace().Open(m_path, false); }, InUse},
+            {"password", [&] { m_uri.replace("ann@"_L1, "ann:word@"_L1); }, NotADatabase},
+            {"too long for a link", [&] { m_uri += "&sslrootcert=/"_L1 + QString(250, QChar(0x20AC)); }, NotADatabase},
+            {"planner there",
+             [&] {
+                 const QString first = m_folder->filePath(u"first.mdb"_s);
+                 DBEngine::CreateDatabase(first, {}).Close();
+                 DBEngine::MoveToServer(first, m_uri);
+             },
+             FileExists},
+            {"no server", [&] { m_uri = server.TcpUri(m_planner, 1); }, BrokenConnection},
+            {"no permission",
+             [&] {
+                 server.Ask(u"CREATE ROLE visitor LOGIN"_s);
+                 m_uri.replace("ann@"_L1, "visitor@"_L1);
+             },
+             ReadOnlyFile},
+            {"a text that no server takes",
+             [&] { Ask(m_path, "UPDATE \"QMT Table\" SET qmtDate = 'a' || char(0) || 'b' WHERE \"record id\" = 300"); },
+             TypeMismatch},
+            {"no room for the link", [&] { full.emplace(200000); }, InputOutput},
         };
-        for (; move(); ++change) {
-            const bool isLink = Content(m_path).startsWith("Orrelin planner link 1\n");
-            if (isLink) DBEngine::OpenDatabase(m_path).SaveToFile(m_back);
-            QVERIFY2(NotesIn(isLink ? m_back : m_path) == notes, qPrintable(QString::number(change)));
-            QFile::remove(m_back);
-            SetContent(m_path, content);
+        for (const auto& [name, hinder, error] : rows) {
+            const InRow inRow(this, name);
+            const bool isFull = QByteArrayView(name).startsWith("no room");
+            if (!isFull) hinder();
+            const QStringList tables = TablesOnServer(), files = Files();
+            const Notes notes = NotesIn(m_path);
+            const QByteArray content = Content(m_path);
+            if (isFull) hinder();
+            QString text;
+            const int raised = ErrorOf([&] { DBEngine::MoveToServer(m_path, m_uri); }, &text);
+            full.reset();
+            other.reset();
+            QVERIFY2(raised == error, qPrintable(QString::number(raised) + text));
+            QVERIFY(Content(m_path) == content);
+            QVERIFY(NotesIn(m_path) == notes);
+            QCOMPARE(Files(), files);
+            QCOMPARE(TablesOnServer(), tables);
         }
-        QVERIFY(change > 8);
-        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
     }
 };
 

@@ -8,7 +8,6 @@
 #include <QProcess>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -100,42 +99,42 @@ private Q_SLOTS:
         QVERIFY(libraries.contains("libsqlite3") && !libraries.contains("libpq"));
     }
 
-    void WhatIsNoPlannerIsRefusedAndLeftAlone_data()
-    {
-        QTest::addColumn<qint64>("size"); // the planner is cut there; -1 is whole
-        QTest::addColumn<int>("at");      // bytes to be put there
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("part"); // of the message
-        QTest::newRow("0 bytes") << qint64{0} << 0 << QByteArray() << "is not a planner";
-        QTest::newRow("few bytes") << qint64{7} << 0 << QByteArray() << "is not a planner";
-        QTest::newRow("cut in the first page") << qint64{1000} << 0 << QByteArray() << "damaged";
-        QTest::newRow("cut between pages") << qint64{4096 * 7} << 0 << QByteArray() << "damaged";
-        QTest::newRow("plain text") << qint64{0} << 0 << QByteArray(3000, 'a') << "is not a planner";
-        QTest::newRow("rubbish") << qint64{-1} << 0 << QByteArray(200, '\xa7') << "is not a planner";
-        QTest::newRow("another program's") << qint64{-1} << 68 << QByteArray(4, '\x01') << "is not a planner";
-        QTest::newRow("no version") << qint64{-1} << 60 << QByteArray(4, '\0') << "is not a planner";
-        QTest::newRow("newer version") << qint64{-1} << 60 << QByteArray("\0\0\0\2", 4) << "newer Orrelin";
-        QTest::newRow("damaged schema") << qint64{-1} << 100 << QByteArray(300, '\xff') << "damaged";
-    }
-
     void WhatIsNoPlannerIsRefusedAndLeftAlone()
     {
-        QFETCH(qint64, size);
-        QFETCH(int, at);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, part);
-        QByteArray content = Content(m_path);
-        if (size >= 0) content.truncate(size);
-        content.replace(at, bytes.size(), bytes);
-        SetContent(m_path, content);
-        QVERIFY(QFile::remove(m_path.chopped(4) + ".ldb"_L1));
-        for (const bool exclusive : {false, true}) {
-            QString text;
-            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, exclusive); }, &text), NotADatabase);
-            QVERIFY2(text.contains(part), qPrintable(text));
+        // size: the planner is cut there; at: where the bytes are put; part: of the message
+        struct
+        {
+            const char* name;
+            qsizetype size;
+            int at;
+            QByteArray bytes;
+            QString part;
+        } const rows[] = {
+            {"0 bytes", 0, 0, {}, u"is not a planner"_s},
+            {"few bytes", 7, 0, {}, u"is not a planner"_s},
+            {"cut in the first page", 1000, 0, {}, u"damaged"_s},
+            {"cut between pages", 4096 * 7, 0, {}, u"damaged"_s},
+            {"plain text", 0, 0, QByteArray(3000, 'a'), u"is not a planner"_s},
+            {"rubbish", 1 << 30, 0, QByteArray(200, '\xa7'), u"is not a planner"_s},
+            {"another program's", 1 << 30, 68, QByteArray(4, '\x01'), u"is not a planner"_s},
+            {"no version", 1 << 30, 60, QByteArray(4, '\0'), u"is not a planner"_s},
+            {"newer version", 1 << 30, 60, QByteArray("\0\0\0\2", 4), u"newer Orrelin"_s},
+            {"damaged schema", 1 << 30, 100, QByteArray(300, '\xff'), u"damaged"_s},
+        };
+        for (const auto& row : rows) {
+            const InRow inRow(this, row.name);
+            const QByteArray content = Content(m_path).left(row.size).replace(row.at, row.bytes.size(), row.bytes);
+            const QString locks = m_path.chopped(4) + ".ldb"_L1;
+            QVERIFY(QFile::remove(locks));
+            SetContent(m_path, content);
+            for (const bool exclusive : {false, true}) {
+                QString text;
+                QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, exclusive); }, &text), NotADatabase);
+                QVERIFY2(text.contains(row.part), qPrintable(text));
+            }
+            QVERIFY(Content(m_path) == content);
+            QVERIFY(!QFile::exists(locks)); // nor litter beside it
         }
-        QVERIFY(Content(m_path) == content);
-        QVERIFY(!QFile::exists(m_path.chopped(4) + ".ldb"_L1)); // nor litter beside it
     }
 
     void PathsThatCannotBeUsed()

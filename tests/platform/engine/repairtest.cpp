@@ -128,6 +128,76 @@ class RepairTest : public QObject
         SetContent(path + "-journal"_L1, journal);
     }
 
+    void ComeBackAfter(const Damage& damage, quint32 seed) const
+    {
+        Random random(seed);
+        Damaged planner(m_content);
+        damage(planner, random);
+        SetContent(m_path, planner.bytes);
+        DBEngine::RepairReport report;
+        QString error;
+        QVERIFY2(ErrorOf([&] { report = Repair(); }, &error) == 0, qPrintable(error));
+        const QString kept = report.KeptAs.isEmpty() ? m_path : report.KeptAs;
+        QVERIFY(Content(kept) == planner.bytes);
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
+        const Notes notes = NotesIn(m_path);
+        for (const auto& [key, text] : m_notes.asKeyValueRange()) {
+            if (m_pages[key].intersects(planner.touched)) continue;
+            QVERIFY2(notes.value(key) == text, (key + " of " + QByteArray::number(seed)).constData());
+        }
+        if (!planner.wholePages) return;
+        const auto rows = Ask(m_path, "SELECT key FROM (SELECT 1 AS key FROM \"QMT Table\" UNION ALL "
+                                      "SELECT 1 FROM \"Alarm Table\")");
+        QCOMPARE(rows.size(), notes.size()); // none twice
+        const bool listOfFreeIsLost = planner.touched.contains(1) || planner.touched.intersects(m_trunks);
+        for (const auto& [key, text] : notes.asKeyValueRange()) {
+            if (listOfFreeIsLost && key.startsWith("Qgone")) continue;
+            QVERIFY2(m_notes.contains(key) && m_notes[key].startsWith(text), key.constData());
+        }
+    }
+
+    void PlayBack(int journalSize, bool damaged, bool foreign) const
+    {
+        const QString journal = m_path + "-journal"_L1;
+        CrashWhileSaving(m_path);
+        if (journalSize >= 0) SetContent(journal, Content(journal).left(journalSize));
+        if (foreign) {
+            const QString other = Beside("other.mdb");
+            {
+                Database database = DBEngine::CreateDatabase(other, {});
+                database.Append(AlarmTable());
+                database.Append(DayTable());
+                Recordset days = Days(database);
+                for (int day = 0; day < 30; ++day)
+                    Write(days, DayKey(day), QByteArray(3000, 'x'));
+            }
+            CrashWhileSaving(other);
+            SetContent(journal, Content(other + "-journal"_L1));
+            SetContent(m_path, m_content);
+        }
+        Damaged planner(Content(m_path));
+        const int page = *m_pages[QByteArray("Q1999/1/8")].cbegin();
+        if (damaged) planner.Put(page, 0, QByteArray(pageSize, '\x5a'));
+        SetContent(m_path, planner.bytes);
+        const QByteArray journalBefore = Content(journal);
+
+        const auto report = Repair();
+        if (!report.KeptAs.isEmpty()) {
+            QVERIFY(Content(report.KeptAs) == planner.bytes);
+            QVERIFY(Content(report.KeptAs + "-journal"_L1) == journalBefore);
+        }
+        const Notes notes = NotesIn(m_path);
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
+        QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(m_path, Beside("dummy.mdb")); }), 0);
+        if (journalSize < 0) { // the journal brings back the overwritten page too
+            QVERIFY(notes == m_notes);
+            return;
+        }
+        for (const auto& [key, text] : m_notes.asKeyValueRange())
+            if (key.startsWith('Q') && !(damaged && m_pages[key].contains(page)))
+                QVERIFY2(notes[key] == text || notes[key] == "half" + text, key.constData());
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -150,6 +220,7 @@ private Q_SLOTS:
         SetContent(m_path, m_content);
     }
 
+    // A row of its own for each damage, since a test has its time.
     void WhatIsLeftComesBack_data()
     {
         QTest::addColumn<int>("damage");
@@ -160,32 +231,8 @@ private Q_SLOTS:
     void WhatIsLeftComesBack()
     {
         QFETCH(int, damage);
-        for (quint32 seed = 1; seed <= 12; ++seed) {
-            Random random(seed * 100 + static_cast<quint32>(damage));
-            Damaged planner(m_content);
-            damages[damage].second(planner, random);
-            SetContent(m_path, planner.bytes);
-            DBEngine::RepairReport report;
-            QString error;
-            QVERIFY2(ErrorOf([&] { report = Repair(); }, &error) == 0, qPrintable(error));
-            const QString kept = report.KeptAs.isEmpty() ? m_path : report.KeptAs;
-            QVERIFY(Content(kept) == planner.bytes);
-            QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
-            const Notes notes = NotesIn(m_path);
-            for (const auto& [key, text] : m_notes.asKeyValueRange()) {
-                if (m_pages[key].intersects(planner.touched)) continue;
-                QVERIFY2(notes.value(key) == text, (key + " of " + QByteArray::number(seed)).constData());
-            }
-            if (!planner.wholePages) continue;
-            const auto rows = Ask(m_path, "SELECT key FROM (SELECT 1 AS key FROM \"QMT Table\" UNION ALL "
-                                          "SELECT 1 FROM \"Alarm Table\")");
-            QCOMPARE(rows.size(), notes.size()); // none twice
-            const bool listOfFreeIsLost = planner.touched.contains(1) || planner.touched.intersects(m_trunks);
-            for (const auto& [key, text] : notes.asKeyValueRange()) {
-                if (listOfFreeIsLost && key.startsWith("Qgone")) continue;
-                QVERIFY2(m_notes.contains(key) && m_notes[key].startsWith(text), key.constData());
-            }
-        }
+        for (quint32 seed = 1; seed <= 12 && !QTest::currentTestFailed(); ++seed)
+            ComeBackAfter(damages[damage].second, seed * 100 + static_cast<quint32>(damage));
     }
 
     void ADefinitionThatTakesTooLongToReadIsNoHindrance()
@@ -239,33 +286,29 @@ private Q_SLOTS:
         QCOMPARE(Files().size(), 4);
     }
 
-    void WhatIsNoPlannerIsRefused_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("part");
-        Damaged newer(m_content), foreign(m_content.left(pageSize)), empty(m_content);
-        newer.Put(1, 60, QByteArray("\0\0\0\2", 4));
-        foreign.Put(1, 68, QByteArray(4, '\1'));
-        empty.Put(1, 100, QByteArray(m_content.size() - 100, '\0'));
-        QTest::newRow("text") << QByteArray(300000, 'a') << "is not a planner";
-        QTest::newRow("0 bytes") << QByteArray() << "is not a planner";
-        QTest::newRow("7 bytes") << QByteArray("SQLite ") << "is not a planner";
-        QTest::newRow("zeros") << QByteArray(300000, '\0') << "is not a planner";
-        QTest::newRow("newer") << newer.bytes << "newer Orrelin";
-        QTest::newRow("a head and nothing else") << m_content.left(100) << "Nothing can be read";
-        QTest::newRow("nothing left") << empty.bytes << "Nothing can be read";
-    }
-
     void WhatIsNoPlannerIsRefused()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, part);
-        SetContent(m_path, content);
-        QString text;
-        QCOMPARE(ErrorOf([&] { Repair(); }, &text), NotADatabase);
-        QVERIFY2(text.contains(part), qPrintable(text));
-        QVERIFY(Content(m_path) == content);
-        QCOMPARE(Files().size(), 1); // no file of locks has come to it
+        Damaged newer(m_content), empty(m_content);
+        newer.Put(1, 60, QByteArray("\0\0\0\2", 4));
+        empty.Put(1, 100, QByteArray(m_content.size() - 100, '\0'));
+        const std::tuple<const char*, QByteArray, QString> rows[] = {
+            {"text", QByteArray(300000, 'a'), u"is not a planner"_s},
+            {"0 bytes", {}, u"is not a planner"_s},
+            {"7 bytes", "SQLite ", u"is not a planner"_s},
+            {"zeros", QByteArray(300000, '\0'), u"is not a planner"_s},
+            {"newer", newer.bytes, u"newer Orrelin"_s},
+            {"a head and nothing else", m_content.left(100), u"Nothing can be read"_s},
+            {"nothing left", empty.bytes, u"Nothing can be read"_s},
+        };
+        for (const auto& [name, content, part] : rows) {
+            const InRow inRow(this, name);
+            SetContent(m_path, content);
+            QString text;
+            QCOMPARE(ErrorOf([&] { Repair(); }, &text), NotADatabase);
+            QVERIFY2(text.contains(part), qPrintable(text));
+            QVERIFY(Content(m_path) == content);
+            QCOMPARE(Files().size(), 1); // no file of locks has come to it
+        }
     }
 
     void AnotherProgramsDatabaseIsRefused()
@@ -277,83 +320,33 @@ private Q_SLOTS:
         QCOMPARE(Files().size(), 1);
     }
 
-    void AJournalIsPlayedBackWhereItIsRight_data()
-    {
-        QTest::addColumn<int>("journalSize"); // -1 is all of it
-        QTest::addColumn<bool>("damaged");
-        QTest::addColumn<bool>("foreign");
-        QTest::newRow("sound") << -1 << false << false;
-        QTest::newRow("beside a damaged planner") << -1 << true << false;
-        QTest::newRow("torn") << 100000 << false << false;
-        QTest::newRow("torn in its head") << 20 << true << false;
-        QTest::newRow("of another planner") << -1 << false << true;
-    }
-
     void AJournalIsPlayedBackWhereItIsRight()
     {
-        QFETCH(int, journalSize);
-        QFETCH(bool, damaged);
-        QFETCH(bool, foreign);
-        const QString journal = m_path + "-journal"_L1;
-        CrashWhileSaving(m_path);
-        if (journalSize >= 0) SetContent(journal, Content(journal).left(journalSize));
-        if (foreign) {
-            const QString other = Beside("other.mdb");
-            {
-                Database database = DBEngine::CreateDatabase(other, {});
-                database.Append(AlarmTable());
-                database.Append(DayTable());
-                Recordset days = Days(database);
-                for (int day = 0; day < 30; ++day)
-                    Write(days, DayKey(day), QByteArray(3000, 'x'));
-            }
-            CrashWhileSaving(other);
-            SetContent(journal, Content(other + "-journal"_L1));
-            SetContent(m_path, m_content);
+        constexpr int whole = -1;
+        const std::tuple<const char*, int, bool, bool> rows[] = {
+            {"sound", whole, false, false},
+            {"beside a damaged planner", whole, true, false},
+            {"torn", 100000, false, false},
+            {"torn in its head", 20, true, false},
+            {"of another planner", whole, false, true},
+        };
+        for (const auto& [name, journalSize, damaged, foreign] : rows) {
+            const InRow inRow(this, name);
+            PlayBack(journalSize, damaged, foreign);
         }
-        Damaged planner(Content(m_path));
-        const int page = *m_pages[QByteArray("Q1999/1/8")].cbegin();
-        if (damaged) planner.Put(page, 0, QByteArray(pageSize, '\x5a'));
-        SetContent(m_path, planner.bytes);
-        const QByteArray journalBefore = Content(journal);
-
-        const auto report = Repair();
-        if (!report.KeptAs.isEmpty()) {
-            QVERIFY(Content(report.KeptAs) == planner.bytes);
-            QVERIFY(Content(report.KeptAs + "-journal"_L1) == journalBefore);
-        }
-        const Notes notes = NotesIn(m_path);
-        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path); }), 0);
-        QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(m_path, Beside("dummy.mdb")); }), 0);
-        if (journalSize < 0) { // the journal brings back the overwritten page too
-            QVERIFY(notes == m_notes);
-            return;
-        }
-        for (const auto& [key, text] : m_notes.asKeyValueRange())
-            if (key.startsWith('Q') && !(damaged && m_pages[key].contains(page)))
-                QVERIFY2(notes[key] == text || notes[key] == "half" + text, key.constData());
-    }
-
-    void KilledAtAnyMomentNothingIsLost_data()
-    {
-        QTest::addColumn<bool>("withJournal");
-        QTest::newRow("damaged page") << false;
-        QTest::newRow("damaged page and a journal") << true;
     }
 
     void KilledAtAnyMomentNothingIsLost()
     {
-        QFETCH(bool, withJournal);
         const QString journal = m_path + "-journal"_L1;
-        if (withJournal) CrashWhileSaving(m_path);
-        const QByteArray journalBefore = withJournal ? Content(journal) : QByteArray();
+        CrashWhileSaving(m_path);
+        const QByteArray journalBefore = Content(journal);
         Damaged planner(Content(m_path));
         for (const int page : m_pages[QByteArray("Q2000/2/20")]) // none that the journal brings back
             planner.Put(page, 0, QByteArray(pageSize, '\x5a'));
         const auto damage = [&] {
-            QFile::remove(journal);
             SetContent(m_path, planner.bytes);
-            if (withJournal) SetContent(journal, journalBefore);
+            SetContent(journal, journalBefore);
         };
         damage();
         QVERIFY(!Repair().KeptAs.isEmpty());
@@ -361,7 +354,7 @@ private Q_SLOTS:
         const Notes repaired = NotesIn(m_path);
         QVERIFY(repaired.size() > 440 && repaired.size() < 460);
         int change = 1;
-        for (damage(); KilledBeforeChange(change, [this] { Repair(); }); change += withJournal ? 1 : 3, damage()) {
+        for (damage(); KilledBeforeChange(change, [this] { Repair(); }); ++change, damage()) {
             if (Content(m_path) == contentRepaired) QVERIFY(!QFile::exists(journal)); // it would undo the repair
             Repair(); // nothing if it is new; else it is as it was, or as its journal leaves it
             QVERIFY2(NotesIn(m_path) == repaired, qPrintable(QString::number(change)));

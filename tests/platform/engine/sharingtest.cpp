@@ -1,5 +1,4 @@
-// Two programs and one planner, in a file or on a server: open modes, record locks, and what is left when one of them
-// is killed.
+// Two programs and one planner, in a file or on a server: open modes, and what is left when one of them is killed.
 #include "enginetesting.h"
 #include "platform/engine/engineerrors.h"
 #include "testmain.h"

@@ -1,4 +1,4 @@
-// What keeps an old planner from being converted, in words. All of these are 3343.
+// What keeps an old planner from being converted, in words. All of these are NotADatabase.
 #pragma once
 
 #include "platform/engine/jet/jetstream.h"

@@ -3,13 +3,12 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jeterrors.h"
 #include "platform/engine/jet/jetrows.h"
-#include "platform/engine/sqlite/compacting.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/wholefiles.h"
-#include "platform/engine/tablepages.h"
+#include "platform/engine/store.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QFileInfo>
@@ -36,21 +35,22 @@ void Write(Store& to, JetRows&& from, const QString& name)
     }
 }
 
+bool IsAlike(Store& to, JetRows& from, const TableDef& table)
+{
+    for (auto rows = to.Page(table, 0); !rows.empty(); rows = to.Page(table, rows.back().id))
+        for (const Store::Row& row : rows)
+            if (from.NextRow() != row.values) return false;
+    return !from.NextRow();
+}
+
 // The old file is read a second time and compared with what the new one gives back.
 void Compare(Store& to, JetRows&& from)
 {
     int tables = 0;
-    bool alike = true;
-    while (const TableDef* table = from.NextTable()) {
+    const TableDef* table = from.NextTable();
+    for (; table && IsAlike(to, from, *table); table = from.NextTable())
         ++tables;
-        RowsOf rows(to, *table);
-        for (auto row = from.NextRow(); row; row = from.NextRow()) {
-            const auto* written = rows.Next();
-            alike = alike && written && *written == *row;
-        }
-        alike = alike && !rows.Next();
-    }
-    if (!alike || tables != to.TableNames().size())
+    if (table || tables != to.TableNames().size())
         throw RunTimeError{InputOutput, u"What was converted is not what was read back."_s};
 }
 
@@ -113,7 +113,7 @@ QString Replace(const QString& scratch, const QString& target)
     const auto claim = ClaimFromAll(planner);
     SqliteConnection(source).CheckHead();
     const ScratchFile fresh(planner + ".new"_L1, status);
-    compacting::CopyWhole(source, fresh.Path());
+    sqlitefile::CopyWhole(source, fresh.Path());
     const QString kept = FreeNameBeside(planner, "old"_L1);
     CopyToFree(planner, kept, status);
     auto removeKept = qScopeGuard([&] { Unlink(kept); });

@@ -1,5 +1,5 @@
 // What a reader of old planners has sent, taken apart. The reader may have been taken over by what it reads, so nothing
-// of it is believed: no size, number or order. 3343 where it is not as jetstream.h says, or does not come.
+// of it is believed: no size, number or order. NotADatabase where it is not as jetstream.h says, or does not come.
 #pragma once
 
 #include "platform/engine/jet/jettext.h"

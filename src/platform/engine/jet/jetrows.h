@@ -10,7 +10,7 @@
 class JetRows
 {
 public:
-    // The tables that a planner has, the first of which makes it one. 3343.
+    // The tables that a planner has, the first of which makes it one. NotADatabase.
     JetRows(const QString& path, const std::vector<TableDef>& expected);
 
     // The next table that is there; a field is as wide as it was, if that is more. None at the end.

@@ -39,6 +39,6 @@ struct ClientLibrary
     ORRELIN_CLIENT_FUNCTIONS(ORRELIN_CLIENT_FUNCTION)
 #undef ORRELIN_CLIENT_FUNCTION
 
-    // 3151 if the library is not installed. It stays loaded once it is.
+    // BrokenConnection if the library is not installed. It stays loaded once it is.
     static const ClientLibrary& Load();
 };

@@ -19,8 +19,8 @@ struct Parameter
     QLatin1StringView form; // a regular expression that the whole value must match
 };
 
-// One host: of two, either might have the planner. No options, files of keys or services, since whoever writes a link
-// must not be able to choose what is sent from this machine; no password, since links lie about on shared drives.
+// One host: of two, either might have the planner. No options, files of keys or services: the writer of a link must not
+// be able to choose what this machine sends. No password: links lie about on shared drives.
 constexpr std::array Parameters = {
     Parameter{"host"_L1, "[A-Za-z0-9._:%-]{1,255}|/[^,\\x00-\\x1f]{0,100}"_L1},
     Parameter{"port"_L1, "[1-9][0-9]{0,4}"_L1},

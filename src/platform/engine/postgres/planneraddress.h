@@ -11,7 +11,7 @@ class PlannerAddress
 {
 public:
     // postgresql://USER@HOST:PORT/DATABASE?sslmode=...&sslrootcert=...&planner=... with no more than that. What is left
-    // out is the client library's default, and the planner "planner". 3343 with a text that says what is wrong.
+    // out is the client library's default, and the planner "planner". NotADatabase with a text that says what is wrong.
     explicit PlannerAddress(const QString& uri);
 
     QString Uri() const;

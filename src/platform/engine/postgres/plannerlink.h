@@ -15,8 +15,8 @@ inline constexpr const char16_t* Refusal =
     u"'%1' is a link to a planner on a server, which keeps it compact and sound by itself.";
 
 bool IsLink(QByteArrayView head);
-PlannerAddress Read(const QString& path);       // 3343
-QByteArray Text(const PlannerAddress& address); // 3343 for one that Read would not take
+PlannerAddress Read(const QString& path);       // NotADatabase
+QByteArray Text(const PlannerAddress& address); // NotADatabase for one that Read would not take
 std::shared_ptr<Store> Open(const QString& path, bool exclusive);
 void Delete(const QString& path); // the link alone: the planner on the server stays
 } // namespace plannerlink

@@ -26,7 +26,7 @@ void PostgresChanges::Start(const QString& channel)
 {
     // The server may refuse: one that only follows another server tells nothing.
     m_connection.Ask("LISTEN "_L1 + SqlText::Quoted(channel));
-    // What was told while there was no session has been heard by nobody.
+    // Nobody has heard what the others said while there was no session.
     if (std::exchange(m_wasConnected, true)) Take({});
     if (!QCoreApplication::instance()) return;
     m_notifier = new QSocketNotifier(m_connection.Socket(), QSocketNotifier::Read, &m_context);
@@ -46,7 +46,7 @@ void PostgresChanges::Read()
     try {
         m_connection.Listen();
     } catch (const RunTimeError&) {
-        // The session is over. Whoever needs it next is told, or gets a new one.
+        // The session is over. The next call raises that, or gets a new one.
         m_nextAttempt.start(BetweenAttempts);
     }
 }

@@ -21,8 +21,8 @@ public:
     void Start(const QString& channel); // in each new session
     void Stop();                        // at its end
 
-    void Take(const QString& message); // what was told
-    // What is told of a record with this key, and what that means.
+    void Take(const QString& message); // what another session has said
+    // What a session says of a record that it has changed.
     static QString Message(const TableDef& table, const std::vector<QVariant>& values);
 
 private:

@@ -204,7 +204,7 @@ void PostgresConnection::UndoStep()
     Ask(u"ROLLBACK TO SAVEPOINT step"_s);
 }
 
-// The server knows of each transaction what became of it, for whoever knows its number.
+// The server says what became of a transaction, by its number.
 void PostgresConnection::ClearDoubt(const RunTimeError& failure)
 {
     if (IsConnected() || m_transaction.isEmpty()) throw failure;

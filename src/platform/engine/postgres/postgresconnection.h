@@ -1,5 +1,5 @@
 // The connection to a server. It is never renewed in silence: a break ends every lock and every transaction, raises
-// 3151 where it is found, and the next call connects anew as another session.
+// BrokenConnection where it is found, and the next call connects anew as another session.
 #pragma once
 
 #include "platform/engine/postgres/planneraddress.h"
@@ -17,7 +17,7 @@ public:
     static void SetPatienceForTests(std::chrono::milliseconds both); // none: the usual ones
 
     // What becomes of a session. Begun may ask; what it raises ends the session again. Over must neither raise nor ask.
-    // Told gives what another session has told on a channel that this one listens to.
+    // Told hands on what another session says on a channel that this one listens to.
     struct Events
     {
         std::function<void()> begun;
@@ -28,8 +28,8 @@ public:
     // Nothing is connected yet. Name is the planner's, as messages show it.
     PostgresConnection(const PlannerAddress& address, const QString& name, Events events);
 
-    // 3151. After an attempt that took long, those that follow soon are refused without another one, or a window would
-    // stand still once for every note.
+    // BrokenConnection. After an attempt that took long, those that follow soon are refused without another one, or a
+    // window would stand still once for every note.
     void Connect();
     bool IsConnected() const { return m_session != nullptr; }
     int Process() const { return m_session ? m_session->Process() : 0; } // the server's process that serves it
@@ -39,7 +39,7 @@ public:
     // What is asked in a write must tell its transaction's number, so that it can be asked for if the connection breaks
     // while it is committed.
     void NoteTransaction(const QString& number) { m_transaction = number; }
-    void Listen(); // takes in what others have told. A break is found here too
+    void Listen(); // takes in what others have said, and finds a break
 
 protected:
     void Prepare() override { Connect(); }
@@ -52,7 +52,7 @@ protected:
     void ClearDoubt(const RunTimeError& failure) override;
 
 private:
-    struct Backend // the server's process, so that it can be told from a later one of the same number
+    struct Backend // the server's process; a later one can have its number but not its start
     {
         qint64 process = 0;
         QString start;

@@ -27,7 +27,7 @@ std::optional<Mark> FindMark(SqlConnection& connection, const QString& schema)
     // It goes into statements.
     static const QRegularExpression form(u"^[0-9a-f-]{36}$"_s);
     if (!form.match(id).hasMatch()) return {};
-    return Mark{static_cast<int>(mark[0].Number(0)), id, static_cast<quint32>(table[0].Number(0))};
+    return Mark{static_cast<int>(mark[0].Number(0)), id, table[0].Number(0)};
 }
 
 void Create(SqlConnection& connection, const QString& schema)

@@ -9,12 +9,12 @@ inline constexpr int Version = 1;
 struct Mark
 {
     int version;
-    QString id;    // no other planner has it
-    quint32 table; // the number of the table itself
+    QString id;   // no other planner has it
+    qint64 table; // the number of the table itself
 };
 
 std::optional<Mark> FindMark(SqlConnection& connection, const QString& schema); // none if there is no planner
-// Makes the schema, unless an administrator has made an empty one, and the mark. 3204 if it has one.
+// Makes the schema, unless an administrator has made an empty one, and the mark. FileExists if it has one.
 void Create(SqlConnection& connection, const QString& schema);
 void DropMark(SqlConnection& connection, const QString& schema);
 } // namespace postgresschema

@@ -30,7 +30,7 @@ PostgresStore::PostgresStore(const PlannerAddress& address, const QString& name,
       m_connection(
           address, name,
           {[this] { Welcome(); }, [this] { Forget(); }, [this](const QString& message) { m_changes.Take(message); }}),
-      m_planner(planner), m_locks(m_connection), m_openMode(m_connection, exclusive), m_changes(m_connection)
+      m_planner(planner), m_openMode(m_connection, exclusive), m_changes(m_connection)
 {
     m_connection.Connect();
 }
@@ -59,10 +59,9 @@ void PostgresStore::Welcome()
 
 void PostgresStore::Forget()
 {
-    m_locks.Forget();
     m_openMode.Forget();
     m_changes.Stop();
-    ForgetNumbers();
+    ForgetSession();
 }
 
 void PostgresStore::CreateTable(const TableDef& table)
@@ -102,7 +101,7 @@ void PostgresStore::Expect(const TableDef& table, const Index& index, const QVar
             if (!first) first = std::move(row);
         }
     } catch (const RunTimeError&) {
-        return; // told by the look-ups themselves
+        return; // the look-ups themselves raise it
     }
     m_expected[{table.Name, index.Fields}] = std::move(expected);
 }
@@ -158,28 +157,27 @@ void PostgresStore::Erase(const TableDef& table, const Row& old)
     SqlStore::Erase(table, old);
 }
 
-RecordLocks::Name PostgresStore::NameOf(const TableDef& table, qint64 id)
-{
-    return {static_cast<quint32>(NumberOf(table)), static_cast<qint32>(id)};
-}
-
 void PostgresStore::TryLock(const TableDef& table, qint64 id)
 {
     // What is read under the lock must be the latest state.
     m_connection.StopReading();
-    m_connection.Connect(); // so that the number below belongs to the session
-    m_locks.Take(NameOf(table, id));
+    m_connection.Connect(); // so that the table's number belongs to the session
+    SqlStore::TryLock(table, id);
 }
 
-bool PostgresStore::Holds(const TableDef& table, qint64 id) const
+bool PostgresStore::Take(const RecordName& record)
 {
-    const auto number = KnownNumberOf(table);
-    return number && m_locks.Holds({static_cast<quint32>(*number), static_cast<qint32>(id)});
+    return advisorylocks::Call(m_connection, "pg_try_advisory_lock"_L1, record);
 }
 
-void PostgresStore::Unlock(const TableDef& table, qint64 id)
+void PostgresStore::GiveBack(const RecordName& record)
 {
-    if (Holds(table, id)) m_locks.GiveBack(NameOf(table, id));
+    try {
+        advisorylocks::Call(m_connection, "pg_advisory_unlock"_L1, record);
+    } catch (const RunTimeError&) {
+        // Whatever ended the session has ended the lock. One that stays for another reason would shut others out.
+        m_connection.Break();
+    }
 }
 
 void PostgresStore::BeginWrite()

@@ -2,9 +2,8 @@
 // connection ends its locks, and no record is written whose lock is not held.
 #pragma once
 
-#include "platform/engine/postgres/openmodes.h"
+#include "platform/engine/postgres/advisorylocks.h"
 #include "platform/engine/postgres/postgreschanges.h"
-#include "platform/engine/postgres/recordlocks.h"
 #include "platform/engine/sql/sqlstore.h"
 
 #include <map>
@@ -18,7 +17,7 @@ public:
         New // is made by BeginWrite and what follows it, all or nothing
     };
 
-    // Name is that of the link, as messages show it. Errors as DBEngine::OpenDatabase, and 3151.
+    // Name is that of the link, as messages show it. Errors as DBEngine::OpenDatabase, and BrokenConnection.
     PostgresStore(const PlannerAddress& address, const QString& name, bool exclusive,
                   Planner planner = Planner::Existing);
     ~PostgresStore() override;
@@ -31,8 +30,6 @@ public:
     void Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values) override;
     void Erase(const TableDef& table, const Row& old) override;
     void TryLock(const TableDef& table, qint64 id) override;
-    bool Holds(const TableDef& table, qint64 id) const override;
-    void Unlock(const TableDef& table, qint64 id) override;
     void Expect(const TableDef& table, const Index& index, const QVariantList& keys) override;
     void BeginWrite() override;
     void BackUp(const QString& path) override;
@@ -44,6 +41,9 @@ public:
 
 protected:
     SqlConnection& Connection() override { return m_connection; }
+    bool Take(const RecordName& record) override;
+    void GiveBack(const RecordName& record) override;
+    QString HolderOf(const RecordName& record) override { return advisorylocks::HolderOf(m_connection, record); }
     SqlRow WriteRow(const QString& statement, const SqlValues& values, const TableDef& table, const Values& before,
                     const Values& after) override;
 
@@ -58,7 +58,6 @@ private:
 
     void Welcome();
     void Forget();
-    RecordLocks::Name NameOf(const TableDef& table, qint64 id);
     void RefuseWithoutLock(const TableDef& table, qint64 id) const;
 
     const QString m_name;
@@ -66,7 +65,6 @@ private:
     PostgresConnection m_connection;
     Planner m_planner;
     QString m_id, m_channel; // of the planner, empty before the first session
-    RecordLocks m_locks;
     OpenMode m_openMode;
     PostgresChanges m_changes;
     std::map<std::pair<QString, QString>, ExpectedRows> m_expected;

@@ -19,17 +19,17 @@ public:
         QString text;
     };
     using Milliseconds = std::chrono::milliseconds;
-    // What another session has told, with the number of its server's process.
+    // What another session says, with the number of its server's process.
     using Told = std::function<void(const QString& message, int process)>;
 
-    ServerLine(const std::string& address, Told told); // Error; 3151 without the library
+    ServerLine(const std::string& address, Told told); // Error; BrokenConnection without the library
 
     bool IsOpen() const; // as far as it has been heard
     int Process() const { return m_library.PQbackendPID(m_connection.get()); }
     int Socket() const { return m_library.PQsocket(m_connection.get()); }
 
     // One statement and its values, or several statements without values; the rows of the last that gives some. Error;
-    // 3043 for an answer that makes no sense. After so long a silence the line is over.
+    // InputOutput for an answer that makes no sense. After so long a silence the line is over.
     SqlRows Ask(const QString& statement, const SqlValues& values, Milliseconds longestSilence);
     void TakeIn(); // what has come meanwhile
 

@@ -3,8 +3,6 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/runtimeerror.h"
 
-#include <algorithm>
-
 std::vector<SqlCatalog::Table> SqlCatalog::Tables() const
 {
     std::vector<Table> tables;
@@ -16,10 +14,7 @@ std::vector<SqlCatalog::Table> SqlCatalog::Tables() const
 std::optional<SqlCatalog::Table> SqlCatalog::Find(const QString& name) const
 {
     const std::vector<Table> tables = Tables();
-    auto found = std::ranges::find(tables, name, &Table::name);
-    if (found == tables.end())
-        found = std::ranges::find_if(
-            tables, [&](const Table& table) { return table.name.compare(name, Qt::CaseInsensitive) == 0; });
+    const auto found = FindNamed(tables, &Table::name, name);
     return found == tables.end() ? std::nullopt : std::optional(*found);
 }
 

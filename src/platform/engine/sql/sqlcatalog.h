@@ -23,7 +23,7 @@ public:
 
     std::vector<Table> Tables() const;
     std::optional<Table> Find(const QString& table) const; // without regard to case
-    TableDef Definition(const Table& table) const;         // 3343 for a column that no planner has
+    TableDef Definition(const Table& table) const;         // NotADatabase for a column that no planner has
 
 private:
     const SqlDialect& m_dialect;

@@ -28,7 +28,8 @@ public:
 
     // One statement, with the values for its marks. Errors by the database's own table of meanings.
     SqlRows Ask(const QString& statement, const SqlValues& values = {}, Patience patience = Patience::Usual);
-    QVariant AskOne(const QString& statement, const SqlValues& values = {}); // the first value; 3043 if there is none
+    QVariant AskOne(const QString& statement,
+                    const SqlValues& values = {}); // the first value; InputOutput if there is none
 
     void Write(const std::function<void()>& step);               // within the WriteTransaction, or as one of its own
     int Reading() const { return m_reading ? m_readNumber : 0; } // which read is open, counted from 1

@@ -16,8 +16,16 @@ struct SqlRow
 
     const QVariant& operator[](std::size_t column) const;
     QString Text(std::size_t column) const { return QString::fromUtf8((*this)[column].toByteArray()); }
-    qint64 Number(std::size_t column) const; // 3043 for null and for what is none
+    qint64 Number(std::size_t column) const; // InputOutput for null and for what is none
 };
 using SqlRows = std::vector<SqlRow>;
 
-[[noreturn]] void RaiseSenselessAnswer(); // 3043
+// A record as locks name it: by its table's number in the catalogue, and its id.
+struct RecordName
+{
+    qint64 table = 0;
+    qint64 record = 0;
+    bool operator==(const RecordName&) const = default;
+};
+
+[[noreturn]] void RaiseSenselessAnswer(); // InputOutput

@@ -2,6 +2,7 @@
 
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/likepattern.h"
+#include "platform/engine/sessionname.h"
 
 #include <QDateTime>
 
@@ -15,24 +16,12 @@ constexpr int RowsOfPage = 200;
 constexpr int FirstLook = 4;
 constexpr int LaterLook = 64;
 
-QVariant ValueOf(const QVariant& cell, FieldType type)
+QVariant ValueOf(QVariant cell, FieldType type)
 {
     if (cell.isNull()) return {};
-    switch (type) {
-    case dbBoolean:
-        return cell.toInt() != 0;
-    case dbLong:
-        return static_cast<int>(cell.toLongLong());
-    case dbSingle:
-        return cell.toFloat();
-    case dbDate:
-        return QDateTime::fromString(QString::fromUtf8(cell.toByteArray()), Qt::ISODateWithMs);
-    case dbText:
-        return QString::fromUtf8(cell.toByteArray());
-    case dbMemo:
-        return cell.toByteArray();
-    }
-    return {};
+    if (type == dbDate) return QDateTime::fromString(QString::fromUtf8(cell.toByteArray()), Qt::ISODateWithMs);
+    cell.convert(TypeOf(type));
+    return cell;
 }
 
 QByteArray BytesOf(const QVariant& value)
@@ -85,19 +74,35 @@ SqlCatalog::Table SqlStore::TableOf(const QString& name)
 
 TableDef SqlStore::Definition(const QString& table)
 {
+    m_finds.clear(); // another program may have changed the table
     return Catalog().Definition(TableOf(table));
 }
 
-std::optional<qint64> SqlStore::KnownNumberOf(const TableDef& table) const
+// A session is never refused its own lock, and two recordsets of one program must not write over each other either.
+void SqlStore::TryLock(const TableDef& table, qint64 id)
 {
-    const auto known = m_numbers.find(table.Name);
-    return known == m_numbers.end() ? std::nullopt : std::optional(*known);
+    if (!m_numbers.contains(table.Name)) m_numbers[table.Name] = TableOf(table.Name).number;
+    const RecordName record = {m_numbers[table.Name], id};
+    if (Holds(table, id)) throw ErrorOf(LockedBy, sessionname::Person(sessionname::User(), sessionname::Machine()));
+    if (!Take(record)) throw ErrorOf(LockedBy, HolderOf(record));
+    m_held.push_back(record);
 }
 
-qint64 SqlStore::NumberOf(const TableDef& table)
+bool SqlStore::Holds(const TableDef& table, qint64 id) const
 {
-    if (const auto known = KnownNumberOf(table)) return *known;
-    return m_numbers[table.Name] = TableOf(table.Name).number;
+    return std::ranges::find(m_held, RecordName{m_numbers.value(table.Name), id}) != m_held.end();
+}
+
+void SqlStore::Unlock(const TableDef& table, qint64 id)
+{
+    const RecordName record = {m_numbers.value(table.Name), id};
+    if (std::erase(m_held, record) > 0) GiveBack(record);
+}
+
+void SqlStore::ForgetSession()
+{
+    m_numbers.clear();
+    m_held.clear();
 }
 
 void SqlStore::CreateTable(const TableDef& table)
@@ -109,6 +114,17 @@ void SqlStore::CreateTable(const TableDef& table)
         for (const Index& index : table.Indexes)
             Connection().Ask(m_text.CreateIndex(table, index));
     });
+}
+
+const QString& SqlStore::StatementOf(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
+                                     const QString& soughtField, int limit)
+{
+    QString key = table.Name + u'\n' + index.Fields + u'\n' + soughtField + u'\n' + QString::number(limit);
+    for (const LookUp& lookUp : lookUps)
+        key += QChar(u'A' + 4 * lookUp.key + 2 * lookUp.pastId + lookUp.forward);
+    QString& statement = m_finds[key];
+    if (statement.isEmpty()) statement = m_text.Find(table, index, lookUps, soughtField, limit);
+    return statement;
 }
 
 std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
@@ -123,7 +139,7 @@ std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& i
     // For a rare word a server looks at every note before it answers.
     const auto patience = isSearch ? SqlConnection::Patience::Long : SqlConnection::Patience::Usual;
     for (const SqlRow& found :
-         Connection().Ask(m_text.Find(table, index, lookUps, sought.field, limit), values, patience))
+         Connection().Ask(StatementOf(table, index, lookUps, sought.field, limit), values, patience))
         rows.push_back(RowOf(found, table));
     return rows;
 }

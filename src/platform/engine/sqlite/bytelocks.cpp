@@ -33,8 +33,8 @@ ByteLocks::ByteLocks(const QString& path, mode_t mode, gid_t group) : m_path(pat
     }
     m_file = Descriptor(path, O_RDWR | O_CREAT, 0600);
     if (!m_file.IsOpen()) RaiseCannotOpen(path, errno);
-    // Whoever may use the planner must be able to use its locks, whatever this user's mask says. Where the group is
-    // not ours to give, the mode alone has to do.
+    // All users of the planner must be able to use its locks, whatever this user's mask says. Where the group is not
+    // ours to give, the mode alone has to do.
     [[maybe_unused]] const int owned = ::fchown(m_file.Number(), static_cast<uid_t>(-1), group);
     ::fchmod(m_file.Number(), mode & 0666);
 }

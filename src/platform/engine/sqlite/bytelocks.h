@@ -18,10 +18,11 @@ public:
         Exclusive
     };
 
-    // Makes the file if there is none, for the same people that may use the file it belongs to. 3051, 3043.
+    // Makes the file if there is none, for the same people that may use the file it belongs to. ReadOnlyFile,
+    // InputOutput.
     ByteLocks(const QString& path, mode_t mode, gid_t group);
 
-    // False if another descriptor's lock is in the way; a lock held here is changed to the mode. 3050 if the file
+    // False if another descriptor's lock is in the way; a lock held here is changed to the mode. NoLocks if the file
     // system keeps no locks.
     bool TryLock(off_t byte, Mode mode);
     bool ChangeLock(off_t byte, Mode mode); // TryLock that takes any failure for a refusal
@@ -32,7 +33,7 @@ public:
     void Write(off_t at, const void* data, std::size_t size);
 
 private:
-    void RefuseIfDatabase() const; // 3043
+    void RefuseIfDatabase() const; // InputOutput
 
     QString m_path;
     Descriptor m_file;

@@ -61,7 +61,7 @@ std::shared_ptr<OpenFile::Shared> OpenFile::Shared::Of(const QString& planner)
 ByteLocks LocksBeside(const QString& planner)
 {
     const struct stat status = wholefiles::StatusOf(planner);
-    return {LockFileOf(planner), status.st_mode, status.st_gid};
+    return {wholefiles::LockFileOf(planner), status.st_mode, status.st_gid};
 }
 
 std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner)

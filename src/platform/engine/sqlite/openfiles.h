@@ -3,18 +3,17 @@
 #pragma once
 
 #include "platform/engine/sqlite/bytelocks.h"
-#include "platform/engine/sqlite/plannernames.h"
 
 #include <sys/stat.h>
 
 #include <functional>
 #include <memory>
 
-// The file of locks beside a planner, by a descriptor of its own. 3024, 3051, 3043.
+// The file of locks beside a planner, by a descriptor of its own. FileNotFound, ReadOnlyFile, InputOutput.
 ByteLocks LocksBeside(const QString& planner);
 
 // Keeps a planner from everybody, this program's own opens included, as long as the result lives; the path is the real
-// one. Asked for twice it is shared, so that several steps can be made under one claim. 3045, 3050.
+// one. Asked for twice it is shared, so that several steps can be made under one claim. InUse, NoLocks.
 std::shared_ptr<ByteLocks> ClaimAlone(const QString& planner);
 
 // One open of a planner, from construction to destruction.
@@ -24,7 +23,7 @@ public:
     // Tells the owner whether its connection may keep the whole file to itself; must not raise.
     using KeepWhole = std::function<void(bool)>;
 
-    // 3045, and then nothing has changed. The path is the real one of an existing file. Others of this process let go
+    // InUse, and then nothing has changed. The path is the real one of an existing file. Others of this process let go
     // of the file until Settle.
     OpenFile(const QString& planner, bool exclusive, KeepWhole keepWhole);
     ~OpenFile(); // the one opened before it, if any, gets its own mode back

@@ -37,7 +37,6 @@ struct HeldRecord
 {
     qint64 Table;
     qint64 Record;
-    bool operator==(const HeldRecord&) const = default;
 };
 
 struct SessionEntry

@@ -4,7 +4,6 @@
 #include "platform/engine/sql/sqldialect.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
-#include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/rebuilding.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -189,10 +188,10 @@ void Repairer::OpenAsEver()
     planner.CheckHead();
 }
 
-// A journal that leaves a sound planner is right, however many rows that has: the rest was never told to be saved. Only
-// where it does not, it may be torn or another planner's. Then a planner that is sound without it never needed it, and
-// of two damaged states the better is the one with a find, with more whole rows, with more rows; the other one stays
-// with what is kept.
+// A journal that leaves a sound planner is right, however many rows that has: nobody was promised that the rest is
+// saved. Only where it does not, it may be torn or another planner's. Then a planner that is sound without it never
+// needed it, and of two damaged states the better is the one with a find, with more whole rows, with more rows; the
+// other one stays with what is kept.
 State& Repairer::Choose()
 {
     m_asItIs->Rebuild(m_expected);

@@ -2,7 +2,6 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sqlite/openfiles.h"
-#include "platform/engine/sqlite/plannernames.h"
 #include "platform/engine/sqlite/wholefiles.h"
 #include "platform/runtime/runtimeerror.h"
 

@@ -7,8 +7,8 @@
 class ScratchPlace
 {
 public:
-    // For a copy of the planner. 3045 while another program has the place, or has open what lies there; the text names
-    // the whole path. 3204 for the planner that lies there itself.
+    // For a copy of the planner. InUse while another program has the place, or has open what lies there; the text names
+    // the whole path. FileExists for the planner that lies there itself.
     ScratchPlace(const QString& path, const QString& planner);
     // The copy goes. Where there is no planner any more it may be all that is left, and stays as somebody's own.
     ~ScratchPlace();

@@ -1,7 +1,9 @@
 #include "platform/engine/sqlite/sessiontable.h"
 
-#include "platform/engine/enginerefusals.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/engine/sessionname.h"
+#include "platform/engine/sqlite/plannerformat.h"
+#include "platform/runtime/runtimeerror.h"
 
 #include <QThread>
 #include <QtEndian>
@@ -33,11 +35,11 @@ off_t PlaceOf(int session)
     return off_t{session} * static_cast<off_t>(sizeof(SessionEntry));
 }
 
-bool Tells(const SessionEntry& entry, HeldRecord wanted)
+bool Tells(const SessionEntry& entry, const RecordName& wanted)
 {
     if (entry.User[0] == '\0') return false;
-    return wanted.Table == 0 || std::ranges::any_of(entry.Held, [&](const HeldRecord& held) {
-               return qFromLittleEndian(held.Table) == wanted.Table && qFromLittleEndian(held.Record) == wanted.Record;
+    return wanted.table == 0 || std::ranges::any_of(entry.Held, [&](const HeldRecord& held) {
+               return qFromLittleEndian(held.Table) == wanted.table && qFromLittleEndian(held.Record) == wanted.record;
            });
 }
 
@@ -46,7 +48,7 @@ QString NameOf(const SessionEntry& entry)
     return sessionname::Person(TextOf(entry.User, UserBytes), TextOf(entry.Machine, MachineBytes));
 }
 
-QString LookForHolder(const ByteLocks& locks, HeldRecord wanted)
+QString LookForHolder(const ByteLocks& locks, const RecordName& wanted)
 {
     const QByteArray table = locks.Read(0, PlaceOf(MaximalSessions));
     const auto count = static_cast<int>(table.size() / static_cast<qsizetype>(sizeof(SessionEntry)));
@@ -68,17 +70,17 @@ SessionEntry OwnEntry()
 }
 } // namespace
 
-QString HolderOf(const ByteLocks& locks, HeldRecord held)
+QString HolderOf(const ByteLocks& locks, const RecordName& record)
 {
     for (int look = 0; look < Looks; ++look) {
         if (look > 0) QThread::msleep(PauseBetweenLooks);
-        const QString name = LookForHolder(locks, held);
+        const QString name = LookForHolder(locks, record);
         if (!name.isEmpty()) return name;
     }
     return QString::fromUtf16(sessionname::Unknown);
 }
 
-Session::Session(ByteLocks& locks) : m_locks(locks), m_number(0)
+Session::Session(ByteLocks locks) : m_locks(std::move(locks))
 {
     while (m_number < MaximalSessions && !m_locks.TryLock(LifeByte(m_number), ByteLocks::Exclusive))
         ++m_number;
@@ -88,39 +90,20 @@ Session::Session(ByteLocks& locks) : m_locks(locks), m_number(0)
     m_locks.Write(PlaceOf(m_number), &entry, sizeof entry);
 }
 
-Session::~Session()
+bool Session::Take(const RecordName& record)
 {
-    for (const HeldRecord& held : m_held)
-        m_locks.Unlock(RecordByte(held.Table, held.Record));
-    m_locks.Unlock(LifeByte(m_number));
+    return m_locks.TryLock(RecordByte(record.table, record.record), ByteLocks::Exclusive);
 }
 
-bool Session::Holds(HeldRecord held) const
+void Session::GiveBack(const RecordName& record)
 {
-    return std::ranges::find(m_held, held) != m_held.end();
+    m_locks.Unlock(RecordByte(record.table, record.record));
 }
 
-void Session::TakeRecord(HeldRecord held)
-{
-    // A descriptor never refuses itself, and two recordsets of one program must not write over each other either.
-    if (Holds(held)) throw engineerrors::ErrorOf(engineerrors::LockedBy, NameOf(OwnEntry()));
-    if (!m_locks.TryLock(RecordByte(held.Table, held.Record), ByteLocks::Exclusive))
-        throw engineerrors::ErrorOf(engineerrors::LockedBy, HolderOf(m_locks, held));
-    m_held.push_back(held);
-    WriteHeld();
-}
-
-void Session::GiveBackRecord(HeldRecord held)
-{
-    m_locks.Unlock(RecordByte(held.Table, held.Record));
-    std::erase(m_held, held);
-    WriteHeld();
-}
-
-void Session::WriteHeld()
+void Session::WriteHeld(const std::vector<RecordName>& held)
 {
     std::array<HeldRecord, HeldRecords> labels = {};
-    for (std::size_t i = 0; i < std::min<std::size_t>(m_held.size(), HeldRecords); ++i)
-        labels[i] = {qToLittleEndian(m_held[i].Table), qToLittleEndian(m_held[i].Record)};
+    for (std::size_t i = 0; i < std::min(held.size(), labels.size()); ++i)
+        labels[i] = {qToLittleEndian(held[i].table), qToLittleEndian(held[i].record)};
     m_locks.Write(PlaceOf(m_number) + static_cast<off_t>(offsetof(SessionEntry, Held)), labels.data(), sizeof labels);
 }

@@ -13,14 +13,15 @@
 class SqliteConnection final : public SqlConnection
 {
 public:
-    explicit SqliteConnection(const QString& path); // an existing file; nothing is read yet. 3051
+    explicit SqliteConnection(const QString& path); // an existing file; nothing is read yet. ReadOnlyFile
 
-    // Raises what is wrong with the file (3343, 3051) without waiting for others: silent if they keep it to themselves.
+    // Raises what is wrong with the file (NotADatabase, ReadOnlyFile) without waiting for others: silent if they keep
+    // it to themselves.
     void CheckUnlocked();
     void SetUp();
-    void CheckHead();     // 3343, 3006
-    void CheckWhole();    // the head too; 3343 where anything in the file is damaged: reads all of it
-    void RefuseIfMoved(); // 3043
+    void CheckHead();     // NotADatabase, Busy
+    void CheckWhole();    // the head too; NotADatabase where anything in the file is damaged: reads all of it
+    void RefuseIfMoved(); // InputOutput
     void WriteEmptyPlanner();
     void KeepWhole(bool whole); // while it is true other connections get nothing
 

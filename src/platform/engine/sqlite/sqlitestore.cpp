@@ -1,8 +1,18 @@
 #include "platform/engine/sqlite/sqlitestore.h"
 
+#include "platform/engine/damage.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/engine/likepattern.h"
-#include "platform/engine/sqlite/onlinecopy.h"
 #include "platform/engine/sqlite/sqlitedialect.h"
+#include "platform/engine/sqlite/wholefiles.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+#include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/Column.h>
 
 #include <sqlite3.h>
 
@@ -25,6 +35,37 @@ void Matches(sqlite3_context* context, int, sqlite3_value** arguments)
     answer(*made);
     sqlite3_set_auxdata(context, 1, made.release(), [](void* pattern) { delete static_cast<LikePattern*>(pattern); });
 }
+
+constexpr int PagesOfStep = 2000;
+constexpr int LongestCopy = 60000; // milliseconds
+constexpr int Attempts = 40;
+constexpr unsigned long BetweenAttempts = 50; // milliseconds
+
+// The library begins anew whenever another program has written meanwhile, which may be for ever.
+void CopyPages(SQLite::Database& source, SQLite::Database& target)
+{
+    SQLite::Backup backup(target, source);
+    const QDeadlineTimer wholeCopy(LongestCopy);
+    int attempt = 0, result = SQLITE_OK;
+    while (result != SQLITE_DONE) {
+        result = backup.executeStep(PagesOfStep);
+        const bool isHeldUp = result == SQLITE_BUSY || result == SQLITE_LOCKED;
+        if ((isHeldUp && ++attempt > Attempts) || (result != SQLITE_DONE && wholeCopy.hasExpired()))
+            throw RunTimeError{engineerrors::CouldNotSave, u"Others keep the planner from being copied."_s};
+        if (isHeldUp) QThread::msleep(BetweenAttempts);
+    }
+}
+
+// It may be what somebody's notes are brought back from, long after the planner itself was damaged.
+bool IsSound(SQLite::Database& copy)
+{
+    try {
+        return copy.execAndGet("PRAGMA integrity_check(1)").getString() == "ok";
+    } catch (const SQLite::Exception& error) {
+        if (IsDamage(error)) return false;
+        throw;
+    }
+}
 } // namespace
 
 SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlStore(sqlite::Dialect), m_path(path)
@@ -42,36 +83,52 @@ SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlSt
     m_connection->SetUp();
     if (file == File::Empty) m_connection->WriteEmptyPlanner();
     m_connection->CheckHead();
-    m_locks = LocksBeside(path);
-    m_session.emplace(*m_locks);
+    m_session.emplace(LocksBeside(path));
     m_connection->Do([this] { m_connection->Library().createFunction("matches", 2, true, nullptr, Matches); });
     m_openFile->Settle();
 }
 
-void SqliteStore::TryLock(const TableDef& table, qint64 id)
+bool SqliteStore::Take(const RecordName& record)
 {
-    m_session->TakeRecord({NumberOf(table), id});
+    if (!m_session->Take(record)) return false;
+    Locks held = Held();
+    held.push_back(record);
+    m_session->WriteHeld(held);
+    return true;
 }
 
-bool SqliteStore::Holds(const TableDef& table, qint64 id) const
+void SqliteStore::GiveBack(const RecordName& record)
 {
-    return m_session->Holds({KnownNumberOf(table).value_or(0), id});
+    m_session->GiveBack(record);
+    m_session->WriteHeld(Held());
 }
 
-void SqliteStore::Unlock(const TableDef& table, qint64 id)
-{
-    m_session->GiveBackRecord({KnownNumberOf(table).value_or(0), id});
-}
-
+// All that the planner holds at this moment. Others read on meanwhile, and a save of theirs waits while a part is
+// copied.
 void SqliteStore::BackUp(const QString& path)
 {
-    CopyOnline(*m_connection, m_path, path);
+    const ScratchFile fresh(path + ".new"_L1, wholefiles::StatusOf(m_path));
+    try {
+        SQLite::Database target(QFile::encodeName(fresh.Path()).toStdString(), SQLite::OPEN_READWRITE);
+        target.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF"); // nobody sees it before it is whole
+        CopyPages(m_connection->Library(), target);
+        if (!IsSound(target)) {
+            damage::Tell(m_path);
+            throw RunTimeError{
+                engineerrors::NotADatabase,
+                u"The planner '%1' is damaged. No copy was made of it."_s.arg(QFileInfo(m_path).fileName())};
+        }
+    } catch (const SQLite::Exception& error) {
+        throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
+    }
+    wholefiles::Sync(fresh.Path());
+    wholefiles::Rename(fresh.Path(), path);
+    wholefiles::SyncFolderOf(path);
 }
 
 void SqliteStore::Close()
 {
     m_connection.reset();
     m_session.reset();
-    m_locks.reset();
     m_openFile.reset();
 }

@@ -20,9 +20,6 @@ public:
     SqliteStore(const QString& path, bool exclusive, File file);
 
     QString Address() const override { return {}; }
-    void TryLock(const TableDef& table, qint64 id) override;
-    bool Holds(const TableDef& table, qint64 id) const override;
-    void Unlock(const TableDef& table, qint64 id) override;
     void Expect(const TableDef&, const Index&, const QVariantList&) override {} // nothing is far away
     void BackUp(const QString& path) override;
     void Refresh() override {}                // every look-up reads the file as it is
@@ -31,11 +28,13 @@ public:
 
 protected:
     SqlConnection& Connection() override { return *m_connection; }
+    bool Take(const RecordName& record) override;
+    void GiveBack(const RecordName& record) override;
+    QString HolderOf(const RecordName& record) override { return ::HolderOf(m_session->Locks(), record); }
 
 private:
     const QString m_path;
     std::optional<OpenFile> m_openFile; // before the connection: the mode is given back when the file is closed
-    std::optional<ByteLocks> m_locks;
     std::optional<Session> m_session;
     std::optional<SqliteConnection> m_connection;
 };

@@ -37,6 +37,30 @@ int NumberOf(int error)
     throw RunTimeError{NumberOf(error), u"'%1': %2."_s.arg(NameOf(path), QString::fromLocal8Bit(std::strerror(error)))};
 }
 
+struct Parts
+{
+    QString stem, extension;
+};
+
+Parts PartsOf(const QString& planner)
+{
+    constexpr QLatin1StringView Extension(".mdb");
+    if (!planner.endsWith(Extension, Qt::CaseInsensitive)) return {planner, {}};
+    return {planner.chopped(Extension.size()), planner.last(Extension.size())};
+}
+
+QString FirstFree(const QString& stem, const QString& extension)
+{
+    using namespace wholefiles;
+    const auto isTaken = [](const QString& name) {
+        return Exists(name) || Exists(JournalOf(name)) || Exists(LockFileOf(name));
+    };
+    QString name = stem + extension;
+    for (int number = 2; isTaken(name); ++number)
+        name = stem + QString::number(number) + extension;
+    return name;
+}
+
 // A descriptor whose errors are raised.
 class File
 {
@@ -107,6 +131,22 @@ QString RealPath(const QString& path)
 QString JournalOf(const QString& planner)
 {
     return planner + "-journal"_L1;
+}
+
+QString LockFileOf(const QString& planner)
+{
+    return PartsOf(planner).stem + ".ldb"_L1;
+}
+
+QString FreeNameBeside(const QString& planner, QLatin1StringView word)
+{
+    const auto [stem, extension] = PartsOf(planner);
+    return FirstFree(stem + u'.' + word, extension);
+}
+
+QString FreeBackupOf(const QString& planner)
+{
+    return FirstFree(PartsOf(planner).stem + ".bak"_L1, {});
 }
 
 bool Exists(const QString& path)

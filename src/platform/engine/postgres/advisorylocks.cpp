@@ -1,9 +1,32 @@
-#include "platform/engine/postgres/openmodes.h"
+#include "platform/engine/postgres/advisorylocks.h"
 
 #include "platform/engine/enginerefusals.h"
+#include "platform/engine/sessionname.h"
 
 #include <algorithm>
 #include <map>
+
+namespace advisorylocks {
+// The server's functions take signed numbers, its list of locks shows unsigned ones.
+bool Call(PostgresConnection& connection, QLatin1StringView function, const RecordName& name)
+{
+    return connection
+        .AskOne("SELECT "_L1 + function + "($1::integer, $2::integer)"_L1,
+                {static_cast<qint32>(name.table), static_cast<qint32>(name.record)})
+        .toBool();
+}
+
+QString HolderOf(PostgresConnection& connection, const RecordName& name, const QStringList& exceptOf)
+{
+    const SqlRows holder = connection.Ask(
+        u"SELECT who.application_name FROM pg_locks AS held JOIN pg_stat_activity AS who ON who.pid = held.pid "
+        "WHERE held.locktype = 'advisory' AND held.objsubid = 2 AND held.granted AND held.pid <> ALL ($3::integer[]) "
+        "AND held.database = (SELECT oid FROM pg_database WHERE datname = current_database()) "
+        "AND held.classid = $1::oid AND held.objid = $2::oid LIMIT 1"_s,
+        {name.table, name.record, exceptOf});
+    return sessionname::PersonOf(holder.empty() ? QString() : holder[0].Text(0));
+}
+} // namespace advisorylocks
 
 std::shared_ptr<OpenMode::Opens> OpenMode::OpensOf(const QString& id)
 {
@@ -13,7 +36,7 @@ std::shared_ptr<OpenMode::Opens> OpenMode::OpensOf(const QString& id)
     return opens;
 }
 
-void OpenMode::Enter(const QString& id, RecordLocks::Name planner, const QString& shownName)
+void OpenMode::Enter(const QString& id, const RecordName& planner, const QString& shownName)
 {
     m_opens = OpensOf(id);
     m_planner = planner;
