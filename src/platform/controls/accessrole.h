@@ -1,10 +1,10 @@
-// What a widget of our own is to a screen reader, where the toolkit cannot tell by its class.
+// The role of our own widgets for screen readers, where the toolkit cannot derive it from the class.
 #pragma once
 
 #include <QAccessible>
 
 class QWidget;
 
-// A focusable one with the role of a button is pressed by the space bar.
-// Before anybody asks for the widget's accessible object.
+// Call it before the widget's accessible object is requested. The space bar presses a focusable widget with the role of
+// a button.
 void SetAccessibleRole(QWidget* widget, QAccessible::Role role);

@@ -1,5 +1,5 @@
-// Controls of one name and kind, told apart by an index. Elements come and go while the program runs; what every
-// element needs (its wiring among it) is done by the array's maker, so that one that is loaded later is wired already.
+// Controls with one name and an index. Elements are loaded and unloaded at run time. The array's maker does everything
+// an element needs, also its wiring.
 #pragma once
 
 #include "platform/runtime/runtimeerror.h"
@@ -18,7 +18,7 @@ public:
     ControlArray() = default;
     ControlArray(const QString& name, Maker maker) : m_name(name), m_maker(std::move(maker)) {}
 
-    // AlreadyLoaded where there is one. The element is called name(index), as tests and style sheets find it.
+    // AlreadyLoaded if it exists. Its object name is name(index).
     Control& Load(int index)
     {
         if (Exists(index)) throw RunTimeError{errors::AlreadyLoaded, u"Object already loaded"_s};
@@ -34,7 +34,7 @@ public:
         m_elements.erase(index);
         control.hide();
         control.setObjectName({});
-        control.deleteLater(); // it may be in the middle of an event of its own
+        control.deleteLater(); // it may be handling an event
     }
 
     Control& operator()(int index) const // NoSuchElement

@@ -1,11 +1,10 @@
-// The layouts of dialogs.
+// Layouts of dialogs.
 #pragma once
 
 #include <QDialog>
 #include <QVBoxLayout>
 
-// What stands one below the other. The dialog is as large as that needs, so that no window manager offers to maximise
-// it.
+// A column. It fixes the dialog's size, so that no window manager offers to maximise it.
 inline QVBoxLayout* DialogColumn(QDialog& dialog)
 {
     constexpr int Gap = 16;
@@ -16,7 +15,7 @@ inline QVBoxLayout* DialogColumn(QDialog& dialog)
     return column;
 }
 
-// What stands side by side; null is a stretch.
+// A row; null is a stretch.
 inline QHBoxLayout* DialogRow(int gap, std::initializer_list<QWidget*> widgets)
 {
     auto* row = new QHBoxLayout;

@@ -1,4 +1,4 @@
-// The names of installed fonts as notes and settings keep them, and the font dialog's list of them.
+// Font names as notes and settings store them, and the font dialog's list of them.
 #pragma once
 
 #include <QListView>
@@ -7,18 +7,18 @@
 class QFontDialog;
 class QLineEdit;
 
-QStringList FontFamilies(); // sorted, without the maker that the toolkit puts behind a name
+QStringList FontFamilies(); // installed ones, sorted, without the maker that the toolkit appends
 
 class FamilyList : public QListView
 {
     Q_OBJECT
 
 public:
-    // Takes the place of the dialog's own list, which goes on behind it, narrowed as the dialog narrows it. The name is
-    // the one to begin with; one that is not in the list is shown as what stands in for it.
+    // Replaces the dialog's own list, which goes on behind it and decides which fonts are offered. name is selected
+    // first; a missing one by its substitute.
     FamilyList(QFontDialog& dialog, QListView& families, QLineEdit& field, const QString& name);
 
-    QString Name() const { return m_name; } // that the list shows
+    QString Name() const { return m_name; } // as shown
     bool IsTouched() const { return m_touched; }
 
 protected:
@@ -35,6 +35,6 @@ private:
     QLineEdit& m_field;
     QStringListModel m_names;
     QString m_name;
-    bool m_touched = false; // by the person
+    bool m_touched = false; // the user has chosen from it
     bool m_isShowing = false;
 };

@@ -1,4 +1,4 @@
-// The platform's font dialog with a choice of colour beside it.
+// The toolkit's font dialog with a choice of colour.
 #pragma once
 
 #include <QString>
@@ -16,16 +16,15 @@ struct FontChoice
     bool underline = false;
     bool strikeThru = false;
     std::uint32_t color = 0;    // blue, green, red from high to low
-    bool colorIsChosen = false; // by the person in the dialog
+    bool colorIsChosen = false; // chosen in the dialog
 };
 
-// Which fonts are offered.
+// The fonts that are offered.
 namespace fontdialog {
 inline constexpr int ScreenFontsAndEffects = 0x101;
-inline constexpr int TrueTypeOnly = 0x40000; // fonts of any size alone
+inline constexpr int TrueTypeOnly = 0x40000; // scalable fonts only
 } // namespace fontdialog
 
-// Shows the choice as it stands and changes it if the person confirms; false leaves it as it was. What nobody touched
-// comes back as it was given: the dialog shows a substitute in place of a font that is not installed, and some font in
-// place of none.
+// Shows the choice and changes it on OK. False: cancelled, unchanged. Values that the user has not touched stay as
+// given, although the dialog shows a substitute for a missing font.
 bool ChooseFont(QWidget* owner, FontChoice& choice, int flags);

@@ -1,6 +1,6 @@
-// A box for a date or a number of fixed form: the mask says where a digit may stand, "##/##/####". A digit takes the
-// place of what stands at the caret; whatever else is typed is refused without a sound. The toolkit's input mask keeps
-// the form; what comes in by keys, clipboard, drops and input methods is made to fit it here.
+// A box for a date or number with a mask such as "##/##/####". A typed digit replaces the one at the caret; other
+// characters are ignored. The toolkit's input mask keeps the form; this class fits keys, pastes, drops and input
+// methods to it.
 #pragma once
 
 #include <QLineEdit>
@@ -12,15 +12,15 @@ class MaskEdBox : public QLineEdit
 public:
     explicit MaskEdBox(QWidget* parent = nullptr);
 
-    void SetMask(const QString& mask); // "#" is a digit, all else stands for itself; an empty one takes any text
+    void SetMask(const QString& mask); // "#" is a digit, other characters are literal; an empty mask accepts any text
 
     bool IsComplete() const;                       // no digit is missing
-    QString Text() const { return displayText(); } // with the mask's own characters, and "_" for each missing digit
-    // As if it were pasted into the empty box: "7/4/1999" becomes "07/04/1999"; what does not fit leaves it empty.
+    QString Text() const { return displayText(); } // with literals, and "_" for missing digits
+    // As if pasted into the empty box: "7/4/1999" becomes "07/04/1999". A text that does not fit leaves it empty.
     void SetText(const QString& text);
 
 public Q_SLOTS:
-    void paste(); // stands in for the toolkit's, which its menu calls by this name
+    void paste(); // replaces the toolkit's slot, which the context menu calls by name
 
 protected:
     bool event(QEvent* event) override;
@@ -30,15 +30,15 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    struct Group // of digits, between two separators; end is behind the last
+    struct Group // of digits between separators; end is exclusive
     {
         qsizetype start;
         qsizetype end;
     };
 
     bool IsMasked() const { return !m_mask.isEmpty() && !isReadOnly(); }
-    int GroupAt(int place) const;        // its number
-    int DigitPlaceFrom(int place) const; // the next one, this one counted; behind the mask if there is none
+    int GroupAt(int place) const;        // index of the group
+    int DigitPlaceFrom(int place) const; // from place on; m_mask.size() if there is none
 
     void Type(const QString& text);
     void MoveOn();
@@ -50,5 +50,5 @@ private:
 
     QString m_mask;
     QList<Group> m_groups;
-    int m_typedTo = -1; // the caret after the last digit that was typed
+    int m_typedTo = -1; // caret after the last typed digit
 };

@@ -1,4 +1,4 @@
-// Object names, by which tests and style sheets find a control.
+// Object names, by which tests and style sheets find controls.
 #pragma once
 
 #include <QObject>
@@ -10,7 +10,7 @@ Control* Named(Control* control, const char* name)
     return control;
 }
 
-// As an element of a control array: name(index).
+// For an element of a control array: name(index).
 template <typename Control>
 Control* Named(Control* control, const char* name, int index)
 {

@@ -1,4 +1,4 @@
-// The sheet of paper on which a note stands in a window of its own.
+// The panel around a note in a window of its own.
 #pragma once
 
 #include "platform/controls/sspanel.h"
@@ -12,7 +12,7 @@ inline SSPanel* MakeNotePanel(RichTextBox* box)
     auto* panel = new SSPanel;
     panel->SetPaper(paper::Paper);
     auto* layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(10, 8, 2, 8); // the scroll bar stands at the edge
+    layout->setContentsMargins(10, 8, 2, 8); // the scroll bar is at the edge
     layout->addWidget(box);
     return panel;
 }

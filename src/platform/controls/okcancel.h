@@ -1,14 +1,14 @@
-// The two buttons at the foot of a dialog.
+// The OK and Cancel buttons of a dialog.
 #pragma once
 
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPushButton>
 
-// "&Ok", the default, accepts the dialog; "&Cancel" rejects it, as Esc does. okName is the object name of the first.
+// "&Ok" is the default and accepts the dialog; "&Cancel" and Esc reject it. okName is the object name of "&Ok".
 inline QDialogButtonBox* MakeOkCancel(QDialog& dialog, const QString& okName = u"btnOk"_s)
 {
-    // In the dialog from the start: it would not hear of its default button otherwise.
+    // Needs its parent at once, or the default button would not reach the dialog.
     auto* buttons = new QDialogButtonBox(&dialog);
     QPushButton* ok = buttons->addButton(u"&Ok"_s, QDialogButtonBox::AcceptRole);
     ok->setObjectName(okName);

@@ -1,5 +1,5 @@
-// An option of a group: an arrow key chooses the option that it reaches. The toolkit alone would only move the focus
-// there while none of the group is chosen.
+// An arrow key chooses the option that it reaches. The toolkit would only move the focus while no option of the group
+// is chosen.
 #pragma once
 
 #include <QApplication>

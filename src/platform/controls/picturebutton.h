@@ -1,6 +1,5 @@
-// A picture button: the elements of one picture, of which at most one is visible: 0 raised and 1 pressed unless told
-// otherwise. It is one stable widget, so that the release comes to it even when the element under the mouse was hidden
-// by the press.
+// A button with several pictures (elements), of which at most one is visible; usually 0 is raised and 1 pressed. It is
+// one widget, so it gets the release even if the press has changed the element.
 #pragma once
 
 #include <QIcon>
@@ -15,22 +14,22 @@ class PictureButton : public QPushButton
 public:
     static constexpr int NoElement = -1;
 
-    // As many elements as there are pictures, which are SVG pictures of the resources; pressedElement is the one that
-    // looks pressed: the view that is shown, a lock that is held. The first one is visible. The text of the button is a
-    // word under the picture, the accessible name is the tip of the visible one.
+    // One element per picture, which are SVG resources; element 0 is visible first. pressedElement is the one that
+    // looks pressed: the shown view, a held lock. The button's text is below the picture; its accessible name is the
+    // tip of the visible element.
     explicit PictureButton(const QStringList& pictures, int pressedElement = 1, QWidget* parent = nullptr);
 
     bool Visible(int element) const { return element == m_shown; }
-    void ShowElement(int element); // this one and no other; NoElement hides the widget
+    void ShowElement(int element); // hides the others; NoElement hides the widget
     void SetToolTip(int element, const QString& tip);
-    void SetFramed(bool framed) { setFlat(!framed); } // a thin frame at rest, for a button that stands alone on a band
+    void SetFramed(bool framed) { setFlat(!framed); } // a frame at rest, for a button that is alone on a band
 
-    QSize minimumSizeHint() const override; // the picture alone; a text shows only where it fits
+    QSize minimumSizeHint() const override; // the picture; the text is shown only if it fits
 
 Q_SIGNALS:
-    // element is the one that was visible when the button went down, by the mouse or by Space or Return.
+    // element was visible when the button went down, by mouse, Space or Return.
     void MouseDown(int element);
-    void MouseUp(int element); // wherever the mouse is by then
+    void MouseUp(int element); // also outside the button
     void Click(int element);   // the release was inside
     void MouseMove();
 
@@ -38,7 +37,7 @@ protected:
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void nextCheckState() override {} // the program shows the elements, a click never does
+    void nextCheckState() override {} // only the program changes elements
 
 private:
     void Follow();
@@ -52,5 +51,5 @@ private:
     std::vector<Element> m_elements;
     int m_pressedElement;
     int m_shown = 0;
-    int m_pressed = 0; // the element that was visible when the button went down
+    int m_pressed = 0; // visible when the button went down
 };

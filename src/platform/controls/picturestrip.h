@@ -1,5 +1,4 @@
-// A strip of pictures, each a character of a text that cannot be edited. Pictures are dragged out of it, files are
-// dropped onto it.
+// A read-only text of pictures, which can be dragged out of it. Files can be dropped onto it.
 #pragma once
 
 #include "platform/richtext/richtextbox.h"
@@ -19,8 +18,8 @@ public:
 
 Q_SIGNALS:
     void Shown();
-    // The selection is about to be dragged or copied. The handler starts the drag by filling data; cursor is the
-    // mouse's picture.
+    // Before a drag or copy of the selection. A handler fills data, or nothing happens; cursor is the mouse cursor of
+    // the drag.
     void OLEStartDrag(QMimeData& data, QPixmap& cursor);
     void OLECompleteDrag();
     void OLEDragDrop(const QStringList& files); // paths
@@ -45,5 +44,5 @@ private:
     std::unique_ptr<QMimeData> Carried(QPixmap& cursor);
     void BeginDrag();
 
-    std::optional<QPoint> m_pressed; // where the mouse was pressed on something it can drag
+    std::optional<QPoint> m_pressed; // press position on something to drag
 };

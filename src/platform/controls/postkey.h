@@ -1,11 +1,11 @@
-// A keystroke that a command makes in a person's stead.
+// A keystroke that a command posts.
 #pragma once
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QWidget>
 
-// Press and release, to the control itself and not to its window, where a shortcut could catch them.
+// Posts press and release to the control itself, so that no shortcut of the window catches them.
 inline void PostKey(QWidget& control, int key, Qt::KeyboardModifiers modifiers)
 {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})

@@ -1,13 +1,13 @@
-// The pictures that the program carries in itself, under ":/icons".
+// The program's own pictures, under ":/icons".
 #pragma once
 
 #include <QIcon>
 
-// A static library's pictures are left out by the linker unless they are asked for: once, before the first is used.
+// The linker drops a static library's resources unless this is called. Call it once, before the first use.
 inline void InitResources()
 {
     Q_INIT_RESOURCE(orrelin);
 }
 
-// An SVG picture that is read when it is first painted: to read those of a whole window would cost start-up time.
+// An SVG icon that is read when first painted. Reading those of a whole window would slow the start down.
 QIcon PictureIcon(const QString& file);

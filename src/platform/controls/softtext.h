@@ -1,11 +1,11 @@
-// Text that is a little paler than the theme's, on a dark desktop as on a light one.
+// Text slightly paler than the theme's, on dark and light desktops.
 #pragma once
 
 #include <QLabel>
 
 inline constexpr float SoftStrength = 0.75F;
 
-// A label that stands back behind the others.
+// For a secondary label.
 inline void SoftenText(QLabel& label)
 {
     QPalette palette = label.palette();
@@ -15,7 +15,7 @@ inline void SoftenText(QLabel& label)
     label.setPalette(palette);
 }
 
-// What is disabled only because nothing is to be edited is there to be read. Of the widget and of all that it holds.
+// For a disabled widget and its children, if their text is still to be read.
 inline void KeepReadable(QWidget& disabled)
 {
     QPalette palette = disabled.palette();

@@ -1,5 +1,5 @@
-// A panel with a caption: the frame of a calendar cell, a heading, a bar. Paper by nature: its colours come from its
-// properties, never from the desktop's dark theme.
+// A panel with a caption: the frame of a calendar cell, a heading, a bar. Its colours come from its properties, never
+// from the desktop's theme.
 #pragma once
 
 #include <QColor>
@@ -12,7 +12,7 @@ class SSPanel : public QWidget
     Q_OBJECT
 
 public:
-    // Where the caption stands. Captions at the top keep clear of a note below them.
+    // The caption's place. Captions at the top keep clear of a note below.
     enum Alignment
     {
         LeftTop = 0,
@@ -28,36 +28,38 @@ public:
 
     explicit SSPanel(QWidget* parent = nullptr);
 
-    QString Caption() const { return m_caption; } // shown without the blanks around it, kept with them
+    QString Caption() const { return m_caption; } // shown without surrounding blanks
     void SetCaption(const QString& caption);
     QString Tag;
 
-    int CaptionAlignment() const { return m_alignment; } // one of Alignment; others read as LeftTop
+    int CaptionAlignment() const { return m_alignment; } // an Alignment; other values count as LeftTop
     void SetCaptionAlignment(int alignment);
 
-    void SetSides(int pixels) { Set(m_sides, pixels); } // at both ends, for what lies over them; no caption there
+    void SetSides(int pixels)
+    {
+        Set(m_sides, pixels);
+    } // covered by other controls at both ends; the caption keeps clear of them
 
-    // 0 flat, 1 and 2 raised light and heavy, 3 and 4 inset light and heavy; others read as flat.
+    // 0 flat, 1 and 2 raised (light, heavy), 3 and 4 inset (light, heavy); other values count as flat.
     int Font3D() const { return m_font3D; }
     void SetFont3D(int effect);
 
-    // The caption's font, as a whole.
     QFont CaptionFont() const { return m_font; }
     void SetCaptionFont(const QFont& font) { Set(m_font, font); }
 
     std::uint32_t ForeColor() const { return m_foreColor; } // blue, green, red from high to low
     void SetForeColor(std::uint32_t color) { Set(m_foreColor, color); }
 
-    // Paper and hairlines. Edges are the sides on which a hairline is drawn.
+    // The background, and the sides with a hairline.
     QColor Paper() const { return m_paper; }
     void SetPaper(const QColor& paper) { Set(m_paper, paper); }
     void SetEdges(Qt::Edges edges) { Set(m_edges, edges); }
-    // A thin frame inside the panel: today, the cell with the caret. An invalid colour takes it away.
+    // A thin frame inside the panel, for today; none if invalid.
     QColor Frame() const { return m_frame; }
     void SetFrame(const QColor& frame) { Set(m_frame, frame); }
-    bool IsActive() const { return m_active; } // the accent's frame, in front of the other one
+    bool IsActive() const { return m_active; } // the frame of the cell with the caret, over Frame()
     void SetActive(bool active) { Set(m_active, active); }
-    bool IsHeld() const { return m_held; } // a broader frame of its own colour, in front of both
+    bool IsHeld() const { return m_held; } // the frame of a locked cell, over both
     void SetHeld(bool held) { Set(m_held, held); }
 
 Q_SIGNALS:
@@ -71,7 +73,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    // Many properties are set to their old value; that paints nothing.
+    // Properties are often set to their present value, which must not repaint.
     template <typename Value>
     void Set(Value& property, const Value& value)
     {

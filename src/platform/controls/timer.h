@@ -1,5 +1,5 @@
-// A timer of the main window. Its event is queued, so that one that comes while a message box waits inside the event
-// still reaches the program.
+// A timer of the main window. Its event is queued, so that it also comes while a message box waits inside the previous
+// one.
 #pragma once
 
 #include <QTimer>
@@ -9,7 +9,7 @@ class Timer : public QObject
     Q_OBJECT
 
 public:
-    Timer(int interval, QObject* parent = nullptr); // milliseconds; disabled at first
+    Timer(int interval, QObject* parent = nullptr); // milliseconds; starts disabled
 
     bool Enabled() const { return m_timer.isActive(); }
     void SetEnabled(bool enabled);

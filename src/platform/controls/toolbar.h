@@ -1,5 +1,5 @@
-// A bar of picture buttons, each known by its key. A button has a value (up or down) and a mixed state; clicking does
-// not change them by itself, the program sets them.
+// A bar of picture buttons with keys. A button has a value (up or down) and a mixed state; only the program sets them,
+// a click does not.
 #pragma once
 
 #include "platform/desktop/pressedbyreturn.h"
@@ -19,7 +19,7 @@ class ToolbarButton : public PressedByReturn<QToolButton>
     Q_OBJECT
 
 public:
-    // Of this size, around a picture of that size; tip is its accessible name too.
+    // tip is the accessible name too.
     ToolbarButton(const QSize& size, const QSize& picture, const QString& icon, const QString& tip, QWidget* parent);
 
     int Value() const { return isChecked() ? 1 : 0; } // 0 up, 1 down
@@ -29,7 +29,7 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
-    void nextCheckState() override {} // the program sets the value, a click never does
+    void nextCheckState() override {} // only the program sets the value
 
 private:
     bool m_mixed = false;
@@ -40,15 +40,15 @@ class Toolbar : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int ElementNotFound = 35601; // an error
+    static constexpr int ElementNotFound = 35601; // error number of Buttons()
     explicit Toolbar(QWidget* parent = nullptr);
 
-    // What is added stands in the order of these calls. icon is an SVG picture of the resources.
+    // Items appear in the order of these calls. icon is an SVG resource.
     void AddButton(const QString& key, const QString& tip, const QString& icon);
     void AddSeparator();
-    void AddControl(QWidget* control); // as wide as it wants to be; keeps its place while it is hidden
-    // The width that the bar has. Where its controls want more they give way, the rightmost first, each down to its
-    // least width; a bar that is still too wide is cut off on the right.
+    void AddControl(QWidget* control); // at its size hint; keeps its place while hidden
+    // The available width. If the controls want more, they shrink to their least width, the rightmost first. A bar that
+    // is still too wide is cut off.
     void SetRoom(int width);
 
     ToolbarButton& Buttons(const QString& key) const; // ElementNotFound

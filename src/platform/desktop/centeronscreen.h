@@ -1,13 +1,12 @@
-// The size and place of a window that has not been shown yet.
+// Size and place of windows before they are shown.
 #pragma once
 
 #include <QBoxLayout>
 #include <QScreen>
 #include <QWidget>
 
-// How wide a window must be for its title bar to show the whole title.
-// By the desktop's letters, as nobody tells those of the window manager, and with room for its buttons. A path may be
-// longer than the screen is wide.
+// The width at which the title bar shows the whole title. Estimated by the desktop's font, since the window manager's
+// is unknown, with room for its buttons; never wider than the screen.
 inline int WidthForTitle(const QWidget& window)
 {
     constexpr int Buttons = 100;
@@ -17,7 +16,7 @@ inline int WidthForTitle(const QWidget& window)
     return qMin(wanted, window.screen()->availableGeometry().width() - Buttons);
 }
 
-// As wide as its controls and its title need it.
+// Fits the window to its controls and title.
 inline void CenterOnScreen(QWidget& window)
 {
     if (auto* column = qobject_cast<QVBoxLayout*>(window.layout())) column->addStrut(WidthForTitle(window));

@@ -1,17 +1,17 @@
-// The one clock of the program, so that a test can set it.
+// The program's clock, which tests can set.
 #pragma once
 
 #include <QDateTime>
 
 namespace desktopclock {
-inline QDateTime g_setByTest; // null while the real clock runs
+inline QDateTime g_setByTest; // null: the real clock
 
 inline QDateTime Now()
 {
     return g_setByTest.isNull() ? QDateTime::currentDateTime() : g_setByTest;
 }
 
-// From now on Now() gives this, until a null QDateTime gives the real clock back.
+// A null value restores the real clock.
 inline void SetForTests(const QDateTime& now)
 {
     g_setByTest = now;

@@ -1,4 +1,4 @@
-// The common dialog: one object that keeps its properties from one use to the next.
+// The common dialog. Its properties stay from one use to the next.
 #pragma once
 
 #include <QString>
@@ -17,19 +17,19 @@ public:
 
     int Flags = 0;
     QString DialogTitle;
-    QString AcceptText;  // of the button that takes the choice; empty: "Open"
-    QString InitDir;     // empty: where the last use ended, at first the user's documents
+    QString AcceptText;  // text of the accept button; empty: "Open"
+    QString InitDir;     // empty: the folder of the last use, at first the user's documents
     QString Filter;      // "Planner Files (*.mdb)|*.mdb|All Files (*.*)|*.*"
     int FilterIndex = 1; // from 1
     bool CancelError = false;
-    QString FileName;  // full path as chosen; may name a file that does not exist yet unless FileMustExist is set
-    QString FileTitle; // its last component
+    QString FileName;  // full path; the file may not exist unless FileMustExist is set
+    QString FileTitle; // last component of FileName
 
-    // 1 shows the Open dialog. Cancel raises DialogCancelled, "Cancel was selected.", if CancelError is true, and
-    // otherwise leaves FileName as it was and gives false. Patterns match in any letter case.
+    // Action 1 shows the Open dialog. On Cancel it raises DialogCancelled, "Cancel was selected.", if CancelError is
+    // true, else leaves FileName and returns false. Patterns ignore letter case.
     bool Action(int action);
 
-    // The printer dialog, for the choice of printer and paper; what is chosen stays in the printer. Cancel as above.
+    // Shows the dialog for printer and paper; the printer keeps the choice. Cancel as above.
     bool ShowPrinter(SystemPrinter& printer);
 
 private:
@@ -38,5 +38,5 @@ private:
     void Take(const QFileDialog& dialog, const QStringList& filters);
 
     QWidget* m_owner;
-    QString m_lastFolder; // of the last file chosen
+    QString m_lastFolder; // of the last chosen file
 };

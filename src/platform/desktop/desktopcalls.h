@@ -1,5 +1,5 @@
-// The desktop's calls to the program, by a name on the session bus. Through this interface menus and file managers
-// start the program, raise it and give it files. Without a bus nothing happens.
+// Receives the desktop's calls over the session bus by the standard interface for applications: start, come to the
+// front, open files. Does nothing without a bus.
 #pragma once
 
 #include <QDBusContext>
@@ -12,26 +12,26 @@ class DesktopCalls : public QObject, protected QDBusContext
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    // The name on the bus, also in the names of the files that describe the program to desktops.
+    // The bus name, also used in file names by which desktops know the program.
     static QString Name() { return u"org.orrelin.Orrelin"_s; }
 
-    // Accepts calls from now on, first those that the bus has queued while it started the program. A second copy of the
-    // program gets calls after the first has ended. Returns without waiting for the bus.
+    // Starts to take calls, first those that the bus kept during the start. A second copy of the program gets them when
+    // the first has ended. Does not wait for the bus.
     void Listen();
 
 public Q_SLOTS:
-    // platformData lets the window be raised where programs may not decide that themselves.
+    // platformData holds the token that lets the window come to the front.
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
     Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
     Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameter,
-                                     const QVariantMap& platformData); // returns an error: there are no actions
+                                     const QVariantMap& platformData); // replies with an error: there are no actions
 
 Q_SIGNALS:
-    void Called(const QStringList& uris); // raise the window and open the files, if any
+    void Called(const QStringList& uris); // come to the front and open these files, if any
 
 private:
     bool m_isStart = false; // the next call is the one that started the program
 };
 
-// Whether QDBusConnection::sessionBus() can connect. Never starts a bus.
+// Whether QDBusConnection::sessionBus() is connected. Never starts a bus.
 bool HasSessionBus();

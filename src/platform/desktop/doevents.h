@@ -1,13 +1,13 @@
-// Lets windows and timers run in the middle of a long routine.
+// Processes events in the middle of a long routine.
 #pragma once
 
 class QWidget;
 
-// Lets windows paint and timers fire. Clicks and keys wait, so that none reaches a half-built window.
+// Windows paint and timers fire. Clicks and keys wait, so that none reaches an unfinished window.
 void DoEvents();
 
-bool DoEventsRuns(); // true: a timer or the desktop must not start a routine now
+bool DoEventsRuns(); // for actions of timers and of the desktop, which must not begin inside another routine
 
-// Shows a notice and paints it before the work that it announces begins. Waits a moment for a slow screen. Handles no
-// clicks and keys.
+// Shows and paints a notice before the work that it announces. Waits briefly for a slow screen. Takes no clicks and
+// keys.
 void ShowAndPaint(QWidget& window);

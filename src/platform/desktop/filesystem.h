@@ -1,22 +1,21 @@
-// Paths as the program keeps them, lower-cased, against a file system that tells cases apart.
+// Finds files by the program's lower-cased paths in a case-sensitive file system.
 #pragma once
 
 #include <QString>
 
 namespace filesystem {
-// The existing file that a path in any letter case means: the exact path if it exists; else, component by component,
-// the exact name first and then any name that is equal without regard to case, going back where a branch leads
-// nowhere. Paths remembered by Remember come first. Empty if there is none.
+// The existing file for a path in any letter case; empty if there is none. Paths given to Remember come first, then the
+// exact path. Otherwise each component is matched exactly, then ignoring case, with backtracking.
 QString Find(const QString& path);
 
-// Where a file of this path would be made: the folder as Find gives it, with the last component as it stands. Empty if
-// the folder does not exist.
+// The path for creating such a file: the folder as Find returns it, the last component unchanged. Empty if the folder
+// does not exist.
 QString PlaceFor(const QString& path);
 
-// A path just returned by a dialog: within this run its lower-cased form finds exactly this file.
+// From now on the lower-cased form of this path finds exactly this file.
 void Remember(const QString& exactPath);
-void ForgetAll(); // as at the start
+void ForgetAll(); // forgets all remembered paths
 
-// The file name of an existing file (not a folder), or empty: what Dir answers.
+// The name of an existing file (not a folder), or empty: the function Dir.
 QString Dir(const QString& path);
 } // namespace filesystem

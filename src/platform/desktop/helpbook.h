@@ -1,4 +1,4 @@
-// The help file: a binary resource of pages and pictures behind its checksum. Knows what stands in it, no window.
+// The help file: a binary resource of pages and pictures with a checksum. Has no window.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@
 
 struct HelpTopic
 {
-    QString Chapter; // the heading above it in the table of contents
+    QString Chapter; // its heading in the table of contents
     QString Title;
     QUrl Page;
 };
@@ -19,21 +19,21 @@ struct HelpTopic
 class HelpBook
 {
 public:
-    // Null if the file is missing, cannot be read, or is not whole to the last byte.
+    // Null if the file is missing, unreadable or damaged.
     static std::unique_ptr<HelpBook> Open(const QString& file);
     ~HelpBook();
     Q_DISABLE_COPY_MOVE(HelpBook)
 
-    // In the order of the table of contents. There is at least one, and the first is the home page.
+    // In the order of the contents; at least one. The first is the home page.
     const QList<HelpTopic>& Topics() const { return m_topics; }
 
-    static QUrl PageOf(const QString& name); // "saving" is the address of saving.html
+    static QUrl PageOf(const QString& name); // "saving" gives saving.html
 
-    bool Holds(const QUrl& address) const; // a page, whatever part of it; false for all that lies outside the help
+    bool Holds(const QUrl& address) const; // ignores fragments; false for everything outside the help
     QByteArray Read(const QUrl& address) const;
 
-    // Positions in Topics of those that hold all typed words in title or text, those that have them in the title
-    // first. A word counts where one begins with it, in any letter case. Nothing typed finds nothing.
+    // Indexes of the topics that contain all typed words, matches in titles first. A match begins a word, in any letter
+    // case. Nothing typed matches nothing.
     QList<qsizetype> Search(const QString& typed);
     static QList<QRegularExpression> WordsOf(const QString& typed);
 
@@ -41,7 +41,7 @@ private:
     explicit HelpBook(QByteArray resource);
     void ReadContents();
 
-    QByteArray m_resource; // stays registered, and where it is, as long as this lives
+    QByteArray m_resource; // registered while this exists
     QList<HelpTopic> m_topics;
-    QStringList m_texts; // of the topics, in their order; empty until the first search
+    QStringList m_texts; // of the topics; empty until the first search
 };

@@ -1,4 +1,4 @@
-// Shows pages of the help and nothing else: what lies outside the help is never fetched.
+// Shows pages of the help only; nothing outside is fetched.
 #pragma once
 
 #include "platform/desktop/helpbook.h"
@@ -12,9 +12,9 @@ class HelpPage : public QTextBrowser
 public:
     HelpPage(const HelpBook& book, QWidget* parent);
 
-    // Marks the words on this page and on those shown later.
+    // Marks the words on this page and later ones.
     void MarkWords(const QList<QRegularExpression>& words);
-    void GoToNextMark(); // from the caret on, and round
+    void GoToNextMark(); // after the caret, cyclic
 
     QVariant loadResource(int type, const QUrl& address) override;
 

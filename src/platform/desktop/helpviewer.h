@@ -1,4 +1,4 @@
-// The program's one help window. What it shows lies in the help file; it knows nothing of what the help is about.
+// The help window. It shows the help file and knows nothing of its content.
 #pragma once
 
 #include <QString>
@@ -12,6 +12,6 @@ enum class HelpCommand
     Search = 261
 };
 
-// Opens the window, or raises it if it is open. It is not modal and closes with the owner's window. False if the help
-// file is missing, cannot be read or is damaged; nothing is shown then.
+// Opens the window or raises it. It is not modal and closes with the owner's window. False if the file is missing,
+// unreadable or damaged.
 bool ShowHelp(QWidget* owner, const QString& file, HelpCommand command);

@@ -1,4 +1,4 @@
-// The sound device behind SDL_mixer: one channel for waves and one for music. Knows no files.
+// The sound device by SDL_mixer, with a channel for waves and one for music. Knows no files.
 #pragma once
 
 #include <QBasicTimer>
@@ -11,12 +11,11 @@ struct _Mix_Music;
 class Mixer : public QObject
 {
 public:
-    // The contents are those of ReadWave and ReadMidi. They play in place of what plays in their channel and answer 0
-    // or a sound::Error.
+    // content comes from ReadWave and ReadMidi. Replaces what plays in the channel; returns 0 or a sound::Error.
     int PlayWave(const QByteArray& content);
     int PlayMusic(const QByteArray& content);
     void StopMusic();
-    void Close(); // stops everything
+    void Close(); // stops all sounds
 
 protected:
     void timerEvent(QTimerEvent* event) override;

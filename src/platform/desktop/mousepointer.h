@@ -1,4 +1,4 @@
-// The mouse pointer as one value that is set and set back, over the whole program.
+// The program's mouse pointer as one value.
 #pragma once
 
 #include <QtGlobal>
@@ -12,7 +12,7 @@ inline constexpr int Hourglass = 11;
 
 void SetMousePointer(int pointer);
 
-// A hourglass until the end of its scope.
+// Shows the hourglass during its lifetime.
 class Hourglass
 {
 public:
@@ -21,6 +21,5 @@ public:
     Q_DISABLE_COPY_MOVE(Hourglass)
 };
 
-// The answer of a dialog, with the usual mouse pointer meanwhile: the person is to choose now, not to wait. A
-// dialog is deleted with its owner, so it may be gone when this returns.
+// Executes the dialog with the usual mouse pointer. The dialog may be deleted with its owner when this returns.
 int ExecModal(QDialog& dialog);

@@ -12,13 +12,13 @@ inline constexpr int DefaultButton2 = 256, DefaultButton3 = 512;
 inline const QString HelpWizard = u"Orrelin Help Wizard"_s; // the usual title
 } // namespace msgbox
 
-// Shows the box over the active window and waits; the answer is one of the seven numbers above. Esc and the close box
-// answer Cancel, or the harmless button where there is no Cancel (No for YesNo, Ok for Ok). An empty title gives
-// "Orrelin". The second text stands below the first, smaller. Timers go on behind it.
+// Shows a box over the active window and returns one of the seven answers. Esc and the close box return Cancel, or the
+// harmless button if there is none (No for YesNo, Ok for Ok). An empty title is "Orrelin". secondText is below text,
+// smaller. Timers keep running.
 int MsgBox(const QString& text, int style = 0, const QString& title = QString(), const QString& secondText = QString());
 
 namespace msgbox {
-// A box with this text and the usual title.
+// A message with the usual title.
 inline void Tell(const QString& text, int icon = Information, const QString& secondText = {})
 {
     MsgBox(text, icon, HelpWizard, secondText);

@@ -1,4 +1,4 @@
-// A button that Return presses while it has the focus, as Space does, though it never is the default one of its window.
+// A button that Return presses when focused, like Space, though it is never the default button.
 #pragma once
 
 #include <QKeyEvent>

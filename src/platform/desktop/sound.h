@@ -1,5 +1,5 @@
-// Sound: one wave at a time, and music of MIDI files, each under the path of its file. Everything plays behind the
-// program. The sound device is opened by the first play, and again by the next one if it was not there or went away.
+// Plays one wave at a time, and MIDI files by path, in the background. The first play opens the sound device; later
+// ones open it again if it was missing or is gone.
 #pragma once
 
 #include "platform/desktop/soundfile.h"
@@ -7,19 +7,20 @@
 #include <QString>
 
 namespace sound {
-// How a wave plays. There is no other way than both together.
+// Flags of sndPlaySoundA; only both together are supported.
 inline constexpr unsigned Asynchronous = 1, NoDefault = 2;
 
-// Ends all that plays and gives the device and the memory back; also the end of the application does.
+// Stops all sounds and frees device and memory. Called at the end of the application too.
 void Close();
 } // namespace sound
 
-// Plays the wave file in place of one that still plays. False if nothing plays for it; what played goes on then.
+// Plays the wave file instead of the present one. False: failed, and the present one goes on.
 bool sndPlaySoundA(const QString& path, unsigned flags);
 
-// "open PATH type sequencer" reads a MIDI file, "play PATH" plays an open one from its beginning, "close PATH" ends it.
-// The path may hold blanks and is not quoted. Any number may be open, the last one played is heard. Answers an Error.
+// Commands: "open PATH type sequencer" reads a MIDI file, "play PATH" plays it from the beginning, "close PATH" ends
+// it. The path is not quoted and may contain blanks. Several files may be open; the one played last is heard. Returns a
+// sound::Error.
 int mciSendStringA(const QString& command);
 
-// A sentence for a person; empty for 0.
+// The message for an error; empty for 0.
 QString mciGetErrorStringA(int error);

@@ -1,11 +1,10 @@
-// Checks a sound before it goes to the mixer, which plays silence for invalid sounds and trusts every number of a
-// header.
+// Checks sound files for the mixer, which plays silence for invalid files and trusts every number in a header.
 #pragma once
 
 #include <QByteArray>
 
 namespace sound {
-// Why a sound does not play, as mciSendStringA returns it. 0 is success.
+// Results of mciSendStringA; 0 is success.
 enum Error : int
 {
     UnknownCommand = 1,
@@ -25,7 +24,7 @@ struct SoundFile
     int Fault; // 0 or a sound::Error; then Content is empty
 };
 
-// The path may be in any letter case. Returns a wave of at most ten minutes, with its lengths corrected.
+// The path may have any letter case. A wave lasts at most ten minutes; its lengths are corrected.
 SoundFile ReadWave(const QString& path);
-// Returns a MIDI file that has all the tracks of its header.
+// A MIDI file must contain all tracks that its header announces.
 SoundFile ReadMidi(const QString& path);

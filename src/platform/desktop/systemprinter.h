@@ -1,5 +1,5 @@
-// The one printer of the program, for its setup and for every job: what the setup chooses holds until the program ends.
-// Made when it is first asked for, since looking for printers on a network can take long.
+// The program's printer, for setup and jobs; the choices last until the program ends. Created on first use, since
+// finding network printers may take long.
 #pragma once
 
 #include <memory>
@@ -14,11 +14,11 @@ public:
     virtual ~SystemPrinter();
 
     QPrinter& Printer();
-    // After a job that failed: another printer with the same choices. The old one would fail for ever.
+    // After a failed job: a new printer with the same choices, since the old one keeps failing.
     void Renew();
-    // The platform's print dialog, a PDF file among the printers; false if it was cancelled.
+    // The print dialog, which also offers a PDF file; false if cancelled.
     virtual bool AskForJob(QWidget* owner);
-    // The same one for the choice alone: it starts nothing and asks for no file.
+    // The same dialog for choosing only: prints nothing and asks for no file.
     bool AskForSetup(QWidget* owner);
 
 private:

@@ -1,4 +1,4 @@
-// Twips, 1/1440 inch: the unit of stored positions. Converted where they are read and written, nowhere else.
+// Twips (1/1440 inch), the unit of stored positions. They are converted only where they are read and written.
 #pragma once
 
 inline constexpr int TwipsPerPixel = 15; // logical pixels

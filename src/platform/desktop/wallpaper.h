@@ -1,5 +1,4 @@
-// Sets the desktop's picture on GNOME and similar desktops, Plasma, Xfce, through a portal, or by painting the X root
-// window.
+// The desktop's picture on GNOME and relatives, Plasma, Xfce, by a portal, or on the X root window. Knows no planner.
 #pragma once
 
 #include "platform/desktop/desktoppicture.h"
@@ -9,8 +8,7 @@
 #include <optional>
 
 namespace wallpaper {
-// Whether to count a desktop that starts each session without a picture. There, no picture does not mean that somebody
-// chose none.
+// Whether the X root counts. It has no picture at the start of a session, which does not tell what the user wants.
 enum class Counts
 {
     Always,
@@ -18,12 +16,12 @@ enum class Counts
 };
 } // namespace wallpaper
 
-// The desktop's current picture; empty if unknown or not counted.
+// The desktop's present picture; empty if it is unknown or does not count.
 std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until,
                                                wallpaper::Counts counts = wallpaper::Counts::Always);
 
-// Action 20: the desktop takes this picture, or none for "(None)", and loads it again if it shows it already. False if
-// the desktop did not take it, or if the person was asked and refused. Only that question may take until the deadline;
-// all else takes two seconds at most.
+// Action 20: shows the picture, or none for "(None)". A picture that is shown already is loaded anew. False if the
+// desktop does not take it or the user refuses. The user is asked until the deadline at most; everything else is
+// limited to two seconds.
 bool SystemParametersInfoA(int action, int parameter, const DesktopPicture& picture, int flags,
                            const QDeadlineTimer& until);

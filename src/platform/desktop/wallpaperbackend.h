@@ -1,4 +1,4 @@
-// One way to set the desktop's picture. wallpaper.cpp lists the ways in the order of the tries.
+// One way to set the desktop's picture. wallpaper.cpp lists the ways in the order in which they are tried.
 #pragma once
 
 #include "platform/desktop/desktoppicture.h"
@@ -9,10 +9,10 @@
 #include <array>
 #include <optional>
 
-// The program's desktop, by the environment.
+// The desktop session, from the environment.
 struct DesktopSession
 {
-    QStringList Desktops; // the desktop's names, for example "ubuntu" and "GNOME"
+    QStringList Desktops; // names such as "ubuntu" and "GNOME"
     bool IsSandboxed = false;
 
     static DesktopSession Present();
@@ -22,33 +22,33 @@ struct DesktopSession
 struct WallpaperBackend
 {
     bool (*IsHere)(const DesktopSession& session);
-    // True only if the desktop is known to have accepted the picture.
+    // True if the desktop is known to have taken the picture.
     bool (*Show)(const DesktopSession& session, const DesktopPicture& picture, const QDeadlineTimer& until);
-    // Null if this way cannot read the picture.
+    // Null if the present picture cannot be read.
     std::optional<DesktopPicture> (*Present)(const DesktopSession& session, const QDeadlineTimer& until) = nullptr;
-    bool AsksPerson = false; // so it may take until the call's deadline
-    bool IsKept = true;      // the picture stays for the next session
+    bool AsksPerson = false; // may use the whole deadline
+    bool IsKept = true;      // the picture stays in the next session
 };
 
-extern const WallpaperBackend SettingsWallpaper; // GNOME, Cinnamon, MATE and those that share their settings; Xfce
+extern const WallpaperBackend SettingsWallpaper; // GNOME, Cinnamon, MATE and relatives; Xfce
 extern const WallpaperBackend PlasmaWallpaper;
 extern const WallpaperBackend PcmanfmWallpaper; // LXDE and LXQt
-extern const WallpaperBackend PortalWallpaper;  // the service that a sandboxed program asks
+extern const WallpaperBackend PortalWallpaper;  // the service for sandboxed programs
 extern const WallpaperBackend RootWallpaper;    // the X root window, if no desktop covers it
 
-// The program's output; empty if it is not installed, did not end in time, or ended with an error.
+// The program's output. Empty if it is not installed, fails, or does not end in time.
 std::optional<QString> RunForWallpaper(const QString& program, const QStringList& arguments,
                                        const QDeadlineTimer& until);
 
-// "file:///..." of a path; other addresses stay as they are. And back.
+// Converts a path to a "file:///..." URL and back; other addresses are unchanged.
 QString WallpaperAddress(const QString& path);
 QString WallpaperPath(const QString& address);
 
-// A desktop's names for the fits.
+// A desktop's names for Fit.
 struct FitNames
 {
-    std::array<const char*, 6> Names; // in the order of Fit
+    std::array<const char*, 6> Names; // by Fit
 
     QString Of(wallpaper::Fit fit) const { return QString::fromLatin1(Names[std::size_t(fit)]); }
-    wallpaper::Fit Named(const QString& name) const; // Zoomed for an unknown name
+    wallpaper::Fit Named(const QString& name) const; // Zoomed if unknown
 };

@@ -1,16 +1,16 @@
-// Screens, and where a window with a stored place may stand on them.
+// Places for windows on the screens.
 #pragma once
 
 #include <QRect>
 
 class QScreen;
 
-// The rectangle, pulled back onto a screen if none shows its title bar, no larger than all screens together and no
-// smaller than given. A window that can be dragged by its title is left where it was, however little of it shows.
+// The rectangle, moved onto a screen if no screen shows its title bar. It is limited to all screens together and to the
+// smallest size. A window that can be dragged by its title stays.
 QRect ReachablePlace(QRect window, const QSize& smallest);
 
-// Whether windows can know and choose their place; on Wayland they cannot, and the one stored elsewhere must stay.
+// Whether windows can know and set their place. On Wayland they cannot, so a stored place must be kept.
 bool WindowsKnowTheirPlace();
 
-// A screen's size in its own pixels.
+// The screen's size in physical pixels.
 QSize NativeSize(const QScreen& screen);

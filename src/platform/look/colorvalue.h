@@ -1,5 +1,4 @@
-// A colour as one number, blue, green, red from high to low, which is how settings and controls hold it. Knows only
-// QtGui.
+// Colours as numbers, as settings and controls store them: blue, green, red from high to low. Knows only QtGui.
 #pragma once
 
 #include "platform/runtime/language.h"
@@ -19,7 +18,7 @@ inline std::uint32_t ValueOfColor(const QColor& color)
     return std::uint32_t(color.blue()) << 16 | std::uint32_t(color.green()) << 8 | std::uint32_t(color.red());
 }
 
-// As settings files have it, "&HBBGGRR&"; what is larger than a colour is cut.
+// The settings file's form, "&HBBGGRR&". Higher bits are dropped.
 inline std::uint32_t ColorOf(const QString& text)
 {
     const double color = std::clamp(Val(text), -2147483648.0, 4294967295.0);

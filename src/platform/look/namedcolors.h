@@ -1,4 +1,4 @@
-// The sixteen colours that text can be given by name, in the order of the lists that offer them.
+// The sixteen named text colours, in the order of the lists.
 #pragma once
 
 #include <QLatin1StringView>
@@ -9,7 +9,7 @@
 
 struct NamedColor
 {
-    QLatin1StringView name; // "Fuschia" is part of the lists: the choice is told by its name
+    QLatin1StringView name; // "Fuschia" is the list's spelling: choices are compared by name
     std::uint32_t value;    // blue, green, red from high to low
 };
 
@@ -30,7 +30,7 @@ inline constexpr std::array<NamedColor, 16> NamedColors = {{{"Black"_L1, 0x00000
                                                             {"Aqua"_L1, 0xFFFF00},
                                                             {"White"_L1, 0xFFFFFF}}};
 
-// The place of a colour in the list, -1 for any other colour.
+// The index of the colour, or -1.
 constexpr int PlaceOfColor(std::uint32_t value)
 {
     const auto found = std::ranges::find(NamedColors, value, &NamedColor::value);

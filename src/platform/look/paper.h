@@ -1,5 +1,5 @@
-// The palette of calendar paper. What is drawn on paper takes its colours from here or from the settings, never from
-// the desktop's theme. Knows only QtGui.
+// The palette of calendar paper. Painting on paper uses these colours or those of the settings, never the desktop's
+// theme. Knows only QtGui.
 #pragma once
 
 #include <QColor>
@@ -10,7 +10,7 @@ inline constexpr QColor Paper{0xfd, 0xfc, 0xf9};
 inline constexpr QColor MemoPaper{0xf6, 0xf3, 0xec};
 inline constexpr QColor Today{0xff, 0xf3, 0xf1};
 inline constexpr QColor Band{0xef, 0xeb, 0xe2};
-inline constexpr QColor LightBand{0xf8, 0xf6, 0xf1}; // of the toolbar
+inline constexpr QColor LightBand{0xf8, 0xf6, 0xf1}; // toolbar
 inline constexpr QColor Hairline{0xd8, 0xd3, 0xc7};
 inline constexpr QColor Ink{0x22, 0x25, 0x2a};
 inline constexpr QColor SoftInk{0x6b, 0x6f, 0x76};
@@ -18,13 +18,13 @@ inline constexpr QColor TodayFrame{0xd0, 0x5a, 0x55};
 inline constexpr QColor LockFrame{0x3c, 0x8c, 0x55};
 inline constexpr QColor Accent{0x2f, 0x6d, 0xb5};
 inline constexpr QColor AccentTint{0xe3, 0xec, 0xf7};
-inline constexpr QColor PaleSelection{0xdc, 0xe5, 0xf0}; // black stands on it
-inline constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};   // of a button whose format is mixed
+inline constexpr QColor PaleSelection{0xdc, 0xe5, 0xf0}; // readable under black
+inline constexpr QColor MixedGround{0xe4, 0xe2, 0xdd};   // button of a mixed format
 inline constexpr QColor MixedDots{0xb4, 0xb3, 0xaf};
-inline constexpr QColor ScrollHandle{0x22, 0x25, 0x2a, 0x48}; // ink that lets the paper through
+inline constexpr QColor ScrollHandle{0x22, 0x25, 0x2a, 0x48}; // translucent ink
 inline constexpr QColor ActiveScrollHandle{0x22, 0x25, 0x2a, 0x90};
 
-// What a field of the platform's kind takes its colours from where it stands on paper.
+// The palette for standard fields on paper.
 inline QPalette OnPaper(QPalette palette)
 {
     palette.setColor(QPalette::Base, Paper);
@@ -34,7 +34,7 @@ inline QPalette OnPaper(QPalette palette)
     return palette;
 }
 
-// And a button, whatever the theme: what a style draws of its body and edges follows from these two.
+// The palette for standard buttons. Styles derive body and edges from the first two colours.
 inline QPalette ButtonOnPaper()
 {
     QPalette palette(LightBand, Paper);
@@ -44,6 +44,6 @@ inline QPalette ButtonOnPaper()
     return palette;
 }
 
-inline constexpr int CaptionBand = 20; // pixels that a cell keeps free above its note
-inline constexpr int Margin = 7;       // from a cell's edge to its caption; its note begins there too
+inline constexpr int CaptionBand = 20; // pixels of a cell above its note
+inline constexpr int Margin = 7;       // from a cell's edge to its caption and note
 } // namespace paper

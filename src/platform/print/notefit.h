@@ -1,11 +1,10 @@
-// Lays a note out for its box on paper. Knows only QtGui and the notes' pictures.
+// Fits a note into its box on paper. Knows only QtGui and the notes' pictures.
 #pragma once
 
 class QPaintDevice;
 class QSizeF;
 class QTextDocument;
 
-// Lays the note out at the device's resolution in a box of this size, in dots, and shortens it to the lines that fit
-// whole: "…" stands where more follows. Pictures that are larger than the box are made smaller. A first line that is
-// higher than the box stays; what sticks out is for the painter to clip.
+// Lays the note out for the device in a box of this size, in dots, and cuts it after the last line that fits; "…" marks
+// the cut. Larger pictures are scaled down. A first line higher than the box stays; the painter must clip it.
 void FitNote(QTextDocument& note, const QSizeF& box, QPaintDevice& device);

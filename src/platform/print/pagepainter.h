@@ -1,5 +1,5 @@
-// Draws a calendar's page into an area of a device. From the top: header, headings, the grid; the month's title at the
-// foot. Fonts have their sizes in points and are made smaller only where the page is too narrow for them.
+// Draws a calendar page. From the top: header, headings, grid, the month's title. Font sizes are in points and shrink
+// only if the page is too narrow.
 #pragma once
 
 #include "platform/print/pagesetup.h"
@@ -27,12 +27,11 @@ struct PageCell
     PageCaption date;
 };
 
-// What stands on a page, as the operations of a job have brought it; drawn when the job ends, since only all of it
-// together tells how much room is left for the boxes.
+// The content of a page, collected during a job. It is drawn at the end, since the grid's room depends on all of it.
 struct CalendarPage
 {
     static constexpr int Columns = 7;
-    static constexpr int WeekView = 2; // one row; 3 is the month's five
+    static constexpr int WeekView = 2; // one row; 3 has five
 
     PageSetup setup;
     bool hasHeader = false;
@@ -42,5 +41,5 @@ struct CalendarPage
     PageCaption month;
 };
 
-// area in dots of the painter's device. Lays the notes out again.
+// area is in dots of the painter's device. Lays the notes out anew.
 void PaintPage(QPainter& painter, CalendarPage& page, const QRectF& area);

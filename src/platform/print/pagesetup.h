@@ -1,5 +1,5 @@
-// What section PAGESETUP of PLANNER.INI says of the page: margins and header. Read by the print back end alone; the
-// dialog that writes it keeps the margins as they were typed.
+// Margins and header from section PAGESETUP of PLANNER.INI, for printing. The page setup dialog keeps the margins as
+// typed.
 #pragma once
 
 #include <QColor>
@@ -13,14 +13,14 @@ class QRectF;
 struct PageSetup
 {
     QMarginsF margins; // inches from the paper's edge
-    QString header;    // empty for none
+    QString header;    // may be empty
     QFont headerFont;
     QColor headerInk;
 };
 
-// A margin that is no number counts as 1.00; "." and "," both part its fraction.
+// A margin that is no number counts as 1.00; "." and "," are both decimal points.
 PageSetup ReadPageSetup();
 
-// Where the calendar goes, in dots from the paper's corner: inside the margins and where the printer can print. Margins
-// that leave less than two inches across or down count as 1.00 all round.
+// The calendar's area in dots: inside the margins and the printable area. If the margins leave less than two inches in
+// a direction, all count as 1.00.
 QRectF AreaOf(const QPageLayout& paper, const QMarginsF& margins, int dotsPerInch);

@@ -1,5 +1,5 @@
-// The print back end: gathers a page by the eight operations and prints it when the job ends, so that a job that breaks
-// off half-way leaves nothing on paper. Reads section PAGESETUP itself.
+// Collects a page by the eight operations and prints it at the end, so that an aborted job prints nothing. Reads
+// section PAGESETUP.
 #pragma once
 
 #include "platform/print/printlibrary.h"
@@ -35,12 +35,12 @@ public:
     void TellTrouble() override;
 
 private:
-    PageCell* OpenCell(int view, int position); // the page has the view now; null without a job, or for no cell of it
+    PageCell* OpenCell(int view, int position); // sets the page's view; null without a job or for a position outside
     bool Draw(QPrinter& printer);
     bool DrawFile(QPrinter& printer);
 
     SystemPrinter& m_printer;
-    std::unique_ptr<CalendarPage> m_page; // of the job under way
+    std::unique_ptr<CalendarPage> m_page; // of the current job
     RichTextBox* m_tbPrint = nullptr;
     std::optional<PrintTrouble> m_trouble; // of the last job
 };

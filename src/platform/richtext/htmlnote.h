@@ -1,4 +1,4 @@
-// HTML to the rich text of a note and back, for the clipboard. Knows only QtGui.
+// Converts HTML to the rich text of a note and back, for the clipboard. Knows only QtGui.
 #pragma once
 
 #include "platform/richtext/notepicture.h"
@@ -11,12 +11,12 @@ class QTextCharFormat;
 
 struct HtmlNote
 {
-    QByteArray rtf;          // empty where there is nothing, or more than can be read in good time
-    bool isPictures = false; // nothing but pictures and blanks
+    QByteArray rtf;          // empty if there is nothing or the HTML is too large
+    bool isPictures = false; // only pictures and blanks
 };
 
-// All formats spelt out over the initial one. Lists and tables become text: items are indented by their level, cells
-// stand at tab stops. Nothing is loaded from elsewhere but image files of this machine.
+// Formats that the HTML leaves open come from initial. Lists and tables become text: items are indented by their level,
+// cells are placed at tab stops. Loads nothing but local image files.
 HtmlNote ReadHtml(const QString& html, const QTextCharFormat& initial, const PictureFit& fit);
 
-QString WriteHtml(const QByteArray& rtf, const QFont& font); // pictures embedded
+QString WriteHtml(const QByteArray& rtf, const QFont& font); // pictures are embedded

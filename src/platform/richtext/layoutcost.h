@@ -1,4 +1,4 @@
-// Keeps the cost of laying a note out in step with its length, whatever its shape.
+// Keeps the time to lay a note out proportional to its length.
 #pragma once
 
 #include <QtGlobal>
@@ -6,13 +6,13 @@
 class QTextDocument;
 class QTextEdit;
 
-// Each line looks through all the rest of a word that does not fit into it, so the cost of a long word is its square;
-// and each of the runs of one format is shaped by itself. While the box holds too much of either, it sets its text
-// without kerning, and long words are broken anywhere. Other notes are laid out as ever. To be called once for a box.
+// The layout cost of a word grows with the square of its length, since each line examines the whole rest of the word.
+// Runs of a format are shaped one by one. While a box holds too much of either, its text is set without kerning, and
+// long words break anywhere. Call it once per box.
 void BoundLayoutCost(QTextEdit& box);
 
-// A change of many steps, such as an undo, has each step look at all lines of its paragraph. So there are none in long
-// paragraphs while this lives; afterwards they are laid out again. Nobody may ask for a place on the screen meanwhile.
+// Each step of a large change, such as an undo, examines all lines of its paragraph. While this exists, long paragraphs
+// have no lines; its destructor lays them out again. Do not ask for screen positions meanwhile.
 class WithoutLines
 {
 public:

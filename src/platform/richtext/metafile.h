@@ -1,12 +1,12 @@
-// The bitmaps of a metafile, which is how notes of older programs keep their pictures. Knows only QtGui.
+// Reads the bitmaps of a metafile, in which older programs store pictures. Knows only QtGui.
 #pragma once
 
 #include <QByteArrayView>
 #include <QImage>
 
-// What the metafile's bitmaps paint into its window, at the scale of the finest of them; what none of them covers is
-// transparent. Null where there is none: lines, areas and text are not drawn.
+// Paints the metafile's bitmaps at the scale of the finest one; uncovered areas are transparent. Lines, areas and text
+// are not drawn. Null if there is no bitmap.
 QImage BitmapsOfMetafile(QByteArrayView metafile);
 
-// The size of that image, told by the bitmaps' heads alone.
+// The size of that image, from the bitmap headers alone.
 QSize SizeOfMetafile(QByteArrayView metafile);

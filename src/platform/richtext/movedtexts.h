@@ -1,5 +1,5 @@
-// The texts that were dragged from one note to another: what the move did to both is undone at once, and redone at
-// once, while it is the next step of both. Each note has its own list, of the moves that went out of it and into it.
+// Texts dragged between two notes. If the move is the next step of both, one undo or redo acts on both. Each note lists
+// the moves out of it and into it.
 #pragma once
 
 #include <QPointer>
@@ -12,35 +12,34 @@
 class MovedTexts : public QObject
 {
 public:
-    explicit MovedTexts(QTextEdit& box); // whose list it is, to be made and to go with it
+    explicit MovedTexts(QTextEdit& box); // the owner of the list
 
-    // To the list of the note that a text is dragged out of: where it has been dropped, while it is still selected, and
-    // that the drag is over, with the text taken away there, or left.
+    // Called on the source note: Dropped() while the text is still selected, EndOfDrag() when the drag is over.
     void Dropped(MovedTexts& target);
     void EndOfDrag(bool isTakenAway);
 
-    // False where the next step is no move; nothing is done then. Where the note that the text came from has gone on,
-    // an undo of the drop gives the text back there as a new step, or it would be in neither.
+    // False, with nothing done, if the next step is no move. If the source note has changed since, undoing the drop
+    // inserts the text there as a new step, so that it is not lost.
     bool Undo() { return Step(false) || GiveBack(); }
     bool Redo() { return Step(true); }
 
 private:
     struct State
     {
-        int steps = 0;      // that can be undone
-        int characters = 0; // what is typed behind an inserted text becomes part of its step
+        int steps = 0;      // available undo steps
+        int characters = 0; // typing behind the inserted text joins its undo step
         bool operator==(const State&) const = default;
     };
     struct End
     {
         QPointer<MovedTexts> note;
-        State before, after; // the move
+        State before, after; // before and after the move
     };
     struct Move
     {
         End ends[2]; // from and to
         QTextDocumentFragment text;
-        int place = 0; // where it stood
+        int place = 0; // its position in the source
         bool isUndone = false;
     };
 
@@ -53,7 +52,7 @@ private:
 
     QTextEdit& m_box;
     QPointer<MovedTexts> m_target;
-    QTextDocumentFragment m_text; // that is on its way
+    QTextDocumentFragment m_text; // being dragged
     int m_place = 0;
     std::vector<std::shared_ptr<Move>> m_moves;
 };

@@ -1,4 +1,4 @@
-// Puts one note below another.
+// Appends one note to another.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,8 @@ class QTextBlock;
 class QTextDocument;
 class QTextDocumentFragment;
 
-// A line break and the addition, as it is formatted; first is the addition's first paragraph.
+// Appends the addition as a new paragraph, with its own formats; first is its first paragraph.
 void AppendBelow(QTextDocument& note, const QTextBlock& first, const QTextDocumentFragment& addition);
 
-// Both notes, rich text or plain, as one.
+// The notes may be rich text or plain.
 QByteArray JoinedNotes(const QByteArray& upper, const QByteArray& lower);

@@ -1,11 +1,10 @@
-// A piece of a note as it goes to the clipboard or is dragged: rich text, and all else made of it when somebody asks.
-// Knows only QtGui.
+// A part of a note on the clipboard or in a drag: rich text. Other formats are made on request. Knows only QtGui.
 #pragma once
 
 #include <QFont>
 #include <QMimeData>
 
-// Rich text of this program: a paragraph's mark at its end ends a paragraph. That of others ends with one in any case.
+// This program's rich text ends with \par only if the selection does. Other programs always write one.
 inline constexpr char16_t NoteFormat[] = u"application/x-orrelin-note";
 inline constexpr const char16_t* RichTextFormats[] = {u"text/rtf", u"application/rtf", u"text/richtext",
                                                       u"Rich Text Format"};
@@ -25,5 +24,5 @@ protected:
 private:
     QByteArray m_rtf;
     QFont m_font;
-    bool m_isPicture; // one, and nothing else
+    bool m_isPicture; // a single picture
 };

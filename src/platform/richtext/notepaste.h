@@ -1,4 +1,4 @@
-// What others put on the clipboard or let fall, taken into a note in the best form that it comes in. Knows only QtGui.
+// Inserts clipboard and drop data into a note, in the best format offered. Knows only QtGui.
 #pragma once
 
 #include "platform/richtext/notepicture.h"
@@ -8,7 +8,7 @@ class QTextCharFormat;
 
 bool CanPaste(const QMimeData& data);
 
-// In place of the selection, in one step of undo; the cursor ends behind it. Rich text comes before HTML, images, image
-// files of this machine, and text, which takes the format at the cursor. What is damaged or beyond bounds gives way to
-// the next form. What HTML says nothing of is as in the initial format. False: nothing was to be had.
+// Replaces the selection as one undo step; the cursor ends behind the insertion. Rich text precedes HTML, images, local
+// image files and text, which takes the format at the cursor. Damaged or oversized data gives way to the next format.
+// Formats that HTML leaves open come from initial. False: nothing usable was offered.
 bool Paste(const QMimeData& data, QTextCursor& cursor, const QTextCharFormat& initial, const PictureFit& fit);

@@ -1,4 +1,4 @@
-// Pictures in notes, for those who put them in and take them out. Knows only QtGui.
+// Inserts pictures into notes and reads them. Knows only QtGui.
 #pragma once
 
 #include <QByteArray>
@@ -8,27 +8,26 @@
 
 class QTextCursor;
 
-// How large a picture is to be shown, in logical pixels.
+// The size at which a picture is shown, in logical pixels.
 struct PictureFit
 {
-    QSize exact;   // or empty: as large as its pixels,
-    int width = 0; // but no wider than this, if it is not 0
+    QSize exact;   // empty: the image's own size
+    int width = 0; // maximum width; 0: no limit
 
-    QSize SizeFor(QSize pixels) const; // never empty, and within bounds
+    QSize SizeFor(QSize pixels) const; // within LeastPictureSide and GreatestPictureSide
 };
 
-// Put a picture in place of the selection, in one step of undo, and leave the cursor behind it. PNG and JPEG files are
-// kept as they are, others (GIF, BMP, the largest image of an ICO) become PNG. False: this is no picture that can be
-// shown, and nothing has changed.
+// Replaces the selection by a picture as one undo step; the cursor ends behind it. PNG and JPEG files are kept, others
+// (GIF, BMP, the largest image of an ICO) become PNG. False: the picture cannot be shown, and nothing has changed.
 bool InsertPicture(QTextCursor& cursor, const QByteArray& file, const PictureFit& fit);
 bool InsertPicture(QTextCursor& cursor, const QImage& image, const PictureFit& fit);
 
 struct NotePicture
 {
-    QImage image;     // in its own pixels; null where it cannot be shown
+    QImage image;     // at its own size; null if it cannot be shown
     QByteArray group; // of rich text
     QSizeF shown;     // logical pixels
 };
 
-// The one picture that is selected, if nothing else is.
+// The selected picture, if the selection is exactly one picture.
 std::optional<NotePicture> OnlyPicture(const QTextCursor& selection);

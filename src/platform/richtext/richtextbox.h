@@ -1,5 +1,5 @@
-// The rich text box: a QTextEdit under the property names and events of the program. A selection's property is empty
-// where the selection is mixed.
+// A QTextEdit with the property names and events of the program. A property of the selection is empty if the selection
+// is mixed.
 #pragma once
 
 #include "platform/richtext/movedtexts.h"
@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <optional>
 
-// What changes while it lives is taken back by one undo.
+// Makes all changes during its lifetime one undo step.
 class UndoStep
 {
 public:
@@ -30,33 +30,33 @@ class RichTextBox : public QTextEdit
     Q_OBJECT
 
 public:
-    static constexpr int RightButton = Qt::RightButton; // as MouseDown tells it
+    static constexpr int RightButton = Qt::RightButton; // in MouseDown
 
     explicit RichTextBox(QWidget* parent = nullptr);
 
-    QString Text() const; // lines end with "\n"; characters that stand for pictures are left out
+    QString Text() const; // lines end with "\n"; pictures are left out
     void SetText(const QString& text);
 
-    // The exact bytes that were set, while the box is unmodified; otherwise the document as new rich text. Text that
-    // does not begin as rich text is taken as plain. Setting clears the modified flag and the undo stack.
+    // While the box is unmodified, the bytes that were set; else the document written anew. Text without an RTF header
+    // is plain. Setting clears the modified flag and the undo stack.
     QByteArray TextRTF() const;
     void SetTextRTF(const QByteArray& rtf);
-    bool Holds(const QByteArray& rtf) const { return m_source == rtf && !Modified(); } // were set or saved last
-    bool IsEmpty() const { return document()->isEmpty(); }                             // not even a blank or a picture
+    bool Holds(const QByteArray& rtf) const { return m_source == rtf && !Modified(); } // set or saved last
+    bool IsEmpty() const { return document()->isEmpty(); }                             // no blank and no picture either
 
-    // Locked, it refuses typing; selecting and copying go on.
+    // A locked box refuses typing but allows selecting and copying.
     bool Locked() const { return !(textInteractionFlags() & Qt::TextEditable); }
     void SetLocked(bool locked);
 
-    bool Modified() const { return document()->isModified(); } // since the content was last set
+    bool Modified() const { return document()->isModified(); } // since the content was set
     void SetModified(bool modified);
-    // What the box shows stands in a file as these bytes; unmodified from here, and what can be undone stays.
+    // The content has been saved as these bytes. Clears the modified flag and keeps the undo steps.
     void MarkSaved(const QByteArray& rtf);
 
-    // The default font of the box. On a box with text, name and size change all of the text and set the modified flag.
-    // The names are kept as written, installed or not. The size in points; InvalidPropertyValue if 0 or less.
+    // The box's default font. In a box with text, setting name or size changes all of the text and sets the modified
+    // flag. Names are kept as given, installed or not. Sizes are in points; InvalidPropertyValue if 0 or less.
     QFont Font() const { return document()->defaultFont(); }
-    // How what is typed looks while the box is blank, and again when it becomes so. Text that is there stays as it is.
+    // The format of text typed while the box is blank, and again when it becomes so. Existing text is unchanged.
     void SetBlankFormat(const QFont& font, std::uint32_t color);
     void SetFontName(const QString& name);
     void SetFontSize(double points);
@@ -67,11 +67,11 @@ public:
     std::optional<bool> SelStrikeThru() const { return Selected(IsStruckThrough); }
     std::optional<QString> SelFontName() const { return Selected(FontName); }
     std::optional<double> SelFontSize() const { return Selected(FontSize); }
-    // Blue, green, red from high to low; no colour of its own is 0.
+    // Blue, green, red from high to low; 0 if not set.
     std::optional<std::uint32_t> SelColor() const { return Selected(Color); }
 
-    // With no selection these set the format of what is typed next. On an empty box the colour comes back whenever the
-    // box becomes empty again.
+    // Without a selection these set the format of the next typed text. In an empty box the colour returns whenever it
+    // becomes empty again.
     void SetSelBold(bool bold) { MergeIntoSelection(BoldFormat(bold)); }
     void SetSelItalic(bool italic) { MergeIntoSelection(PartOf(&QTextCharFormat::setFontItalic, italic)); }
     void SetSelUnderline(bool underline) { MergeIntoSelection(PartOf(&QTextCharFormat::setFontUnderline, underline)); }
@@ -83,7 +83,7 @@ public:
 
     int SelStart() const { return textCursor().selectionStart(); }
     int SelLength() const;
-    void SetSelStart(int start); // empties the selection
+    void SetSelStart(int start); // clears the selection
     void SetSelLength(int length);
 
     void LoadFile(const QString& path); // FileNotFound, PathFileAccess
@@ -91,26 +91,26 @@ public:
 
     void SetRightMargin(int pixels); // width of the wrapped text; 0 wraps at the box's edge
 
-    // Shows the note to be read: from the first line, nothing selected. The caret stays, and is shown again
-    // when the focus comes back other than by the mouse. In the middle of a drag only when that is over.
+    // Scrolls to the first line and clears the selection. The caret stays, and is scrolled to when the focus returns
+    // other than by the mouse. During a drag, waits for its end.
     void ShowBeginning();
 
-    void CommitPreedit(); // takes in what an input method has shown but not yet committed
+    void CommitPreedit(); // commits text that an input method only shows yet
 
     QVariant loadResource(int type, const QUrl& name) override;
 
 Q_SIGNALS:
-    // The box came into focus by a click, by Tab or by the program; not when a menu, a popup or a window gave it back.
-    // On a click this comes first, then MouseDown, then Click.
+    // The focus came by a click, by Tab or by the program, not back from a menu, a popup or a window. On a click this
+    // precedes MouseDown, and Click follows.
     void GotFocus();
     void Click();
     void MouseDown(int button, const QPoint& globalPosition); // 1 left, RightButton, 4 middle
     void MouseMove();
     void Change();
-    void SelChange(); // caret and selection moves only, never a change of format
-    // A key that has text (Backspace, Return and Esc included) or an input method's commit. 0 drops the key.
+    void SelChange(); // moves of caret and selection, not changes of format
+    // A key with text (also Backspace, Return and Esc) or an input method's commit. 0 drops the key.
     void KeyPress(int& keyAscii);
-    // Before anything but the keyboard changes the text: middle-button paste, a drop. False refuses it.
+    // Before a change that is not typed: a middle-button paste or a drop. False refuses it.
     void PasteRequested(bool& allowed);
 
 protected:
@@ -133,7 +133,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // Content goes in through SetText, SetTextRTF and LoadFile, which keep account of the bytes that were set.
+    // Content is set only by SetText, SetTextRTF and LoadFile, which keep the bytes that were set.
     using QTextEdit::clear;
     using QTextEdit::setDocument;
     using QTextEdit::setHtml;
@@ -173,20 +173,20 @@ private:
     void EndDrag(const QMouseEvent& event);
     int CutHeight() const;
 
-    MovedTexts m_moved{*this}; // between this note and others
+    MovedTexts m_moved{*this}; // moves between this note and others
 
-    std::optional<QByteArray> m_source;        // what was set, to be given back byte by byte while unmodified
-    bool m_blank = true;                       // nothing but blanks, pictures, and lines that were begun since
-    QTextCharFormat m_typingFormat;            // of what is typed into a blank box
-    std::optional<std::uint32_t> m_blankColor; // set while the box was empty
-    int m_caret = 0;                           // caret and anchor as SelChange last told them
+    std::optional<QByteArray> m_source;        // the bytes that were set; valid while unmodified
+    bool m_blank = true;                       // only blanks, pictures and newly begun lines
+    QTextCharFormat m_typingFormat;            // for text typed into a blank box
+    std::optional<std::uint32_t> m_blankColor; // as set while the box was empty
+    int m_caret = 0;                           // caret and anchor at the last SelChange
     int m_anchor = 0;
     int m_rightMargin = 0;
-    bool m_entered = false;       // GotFocus was raised, and the focus has not gone elsewhere in the program since
-    bool m_setting = false;       // new content is coming in
-    bool m_pressedBeside = false; // the mouse went down beside the text
-    bool m_pressed = false;       // the left button went down here
-    bool m_dragging = false;      // a drag of the selection may be under way
-    bool m_leftInDrag = false;    // ShowBeginning waits for its end
-    bool m_admitted = false;      // the change under way comes from a key or was let through already
+    bool m_entered = false;       // GotFocus was raised, and the focus has stayed in the box since
+    bool m_setting = false;       // content is being set
+    bool m_pressedBeside = false; // the mouse was pressed beside the text
+    bool m_pressed = false;       // the left button was pressed in the text
+    bool m_dragging = false;      // a drag of the selection may be in progress
+    bool m_leftInDrag = false;    // ShowBeginning waits for the end of the drag
+    bool m_admitted = false;      // the current change comes from a key or has been admitted
 };

@@ -1,5 +1,4 @@
-// The code pages that rich text writes its characters in, and the character sets that its fonts name. Knows only
-// QtCore.
+// Code pages of rich text and the character sets of its fonts. Knows only QtCore.
 #pragma once
 
 #include <QByteArrayView>
@@ -7,9 +6,9 @@
 
 inline constexpr int AnsiCodePage = 1252, MacCodePage = 10000, PcCodePage = 437, PcMultilingualCodePage = 850;
 
-// The code page of a font's character set; 0 where the set leaves it to the document.
+// The code page of a font's character set; 0 if the document's page counts.
 int CodePageOfCharset(int charset);
 
-// Decodes by code page. What a page does not define becomes U+FFFD; an unknown page reads as 1252. Text of single bytes
-// whose font claims a page of several bytes a character is common: it is read by the other page.
+// Undefined bytes become U+FFFD; an unknown page counts as 1252. Fonts often claim a multibyte page for text of single
+// bytes: such text is decoded by otherPage.
 QString DecodeRtfBytes(QByteArrayView bytes, int codePage, int otherPage = AnsiCodePage);

@@ -1,14 +1,13 @@
-// The instructions of fields: of all kinds only links are understood. Knows only QtCore.
+// Field instructions. Only links are understood. Knows only QtCore.
 #pragma once
 
 #include <QString>
 
-// The address that HYPERLINK leads to, with "#" and a place within it if there is one; empty for
-// every other field.
+// The address of a HYPERLINK, with "#" and an anchor if given; empty for all other fields.
 QString LinkOfField(const QString& instruction);
 
-// Longer ones are no links: a link is told again wherever it is interrupted.
+// Longer addresses are ignored, since a link is repeated wherever it is interrupted.
 inline constexpr qsizetype LongestLink = 2048;
 
-// The instruction that leads there.
+// The HYPERLINK instruction for the address.
 QString FieldOfLink(const QString& link);

@@ -1,4 +1,4 @@
-// The font table of rich text that is being read. Knows only QtCore.
+// The font table while rich text is read. Knows only QtCore.
 #pragma once
 
 #include <QHash>
@@ -10,7 +10,7 @@ struct RtfSymbols;
 class RtfFonts
 {
 public:
-    // Definition: a number begins an entry, a semicolon ends its name. A number told twice counts as told last.
+    // Definition: a number begins an entry, a semicolon ends its name. The last entry of a number counts.
     void Begin(int number);
     void SetCharset(int charset);
     void SetCodePage(int codePage);
@@ -18,15 +18,15 @@ public:
     void EndName() { m_isOpen = false; }
     void SetDefault(int number);
 
-    int CodePageOfOpenEntry() const; // 0 where the entry leaves it to the document
+    int CodePageOfOpenEntry() const; // 0: the document's page
 
-    // Use: places in the table stay what they are while it grows. -1 is the default font.
+    // Use: places stay valid while the table grows. -1 is the default font.
     int PlaceOf(int number) const { return m_places.value(number, -1); }
     int PlaceOfDefault() const { return m_defaultPlace; }
-    QString FamilyAt(int place) const { return m_entries.value(place).family; } // empty where the text names none
+    QString FamilyAt(int place) const { return m_entries.value(place).family; } // empty if it has no name
     int CodePageAt(int place) const { return m_entries.value(place).codePage; } // 0: the document's
     bool HoldsSymbolsAt(int place) const { return place >= 0 && m_entries[place].holdsSymbols; }
-    const RtfSymbols* SymbolsAt(int place) const; // of a font that holds them by charset or by name, else null
+    const RtfSymbols* SymbolsAt(int place) const; // null if it is no symbol font, by charset or name
 
 private:
     struct Entry

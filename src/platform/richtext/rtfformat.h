@@ -1,5 +1,5 @@
-// The formats that rich text and a document share: small values that compare and hash fast, and their way to and from
-// the formats of a document. Knows only QtGui.
+// Formats of rich text as small values that are fast to compare and hash, and their conversion to and from document
+// formats. Knows only QtGui.
 #pragma once
 
 #include <QFlags>
@@ -24,7 +24,7 @@ enum class RtfStyle : quint8
 Q_DECLARE_FLAGS(RtfStyles, RtfStyle)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RtfStyles)
 
-// What rich text calls the values of formats, for reading and for writing.
+// The control words of format values, for reading and writing.
 
 struct RtfStyleName
 {
@@ -37,8 +37,8 @@ inline constexpr RtfStyleName RtfStyleNames[] = {{"b", RtfStyle::Bold},
                                                  {"caps", RtfStyle::AllCaps},
                                                  {"scaps", RtfStyle::SmallCaps}};
 
-// The kinds of line under text. The first eight are those of the document, by their numbers; the others are drawn as
-// the nearest of them and keep their word.
+// Underlines. The first eight have the document's numbers. The others are drawn as the nearest of these and keep their
+// word.
 struct RtfUnderline
 {
     std::string_view word;
@@ -72,26 +72,27 @@ struct RtfAlignment
 inline constexpr RtfAlignment RtfAlignments[] = {
     {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
 
-// What a document has no property for and is kept for the writing.
-inline constexpr int RtfUnderlineProperty = QTextFormat::UserProperty + 0x501; // place in RtfUnderlines
+// Format values that a document has no property for.
+inline constexpr int RtfUnderlineProperty = QTextFormat::UserProperty + 0x501; // index in RtfUnderlines
 inline constexpr int RtfRiseProperty = QTextFormat::UserProperty + 0x502;      // half points, as in RtfCharacter
-inline constexpr int RtfParagraphProperty = QTextFormat::UserProperty + 0x503; // whose indents and tabs are shown else
+inline constexpr int RtfParagraphProperty =
+    QTextFormat::UserProperty + 0x503; // a whole RtfParagraph, if its indents and tabs are shown differently
 
 struct RtfCharacter
 {
     static constexpr int DefaultHalfPoints = 24;
     static constexpr int MaximumHalfPoints = 3276; // the largest that other programs read
 
-    int font = -1; // place in a table of families; -1 before any is chosen
-    int link = -1; // place in a table of addresses; -1 where there is none
+    int font = -1; // index in a table of families; -1 before one is chosen
+    int link = -1; // index in a table of addresses; -1: no link
     int halfPoints = DefaultHalfPoints;
-    QRgb color = 0;      // 0 is none of its own
-    QRgb background = 0; // 0 is none
+    QRgb color = 0;      // 0: not set
+    QRgb background = 0; // 0: not set
     RtfStyles styles;
     quint8 underline = QTextCharFormat::NoUnderline; // place in RtfUnderlines
     quint8 vertical = QTextCharFormat::AlignNormal;
 
-    int rise = 0; // half points above the line; below it where negative
+    int rise = 0; // half points above the line; negative: below
 
     bool operator==(const RtfCharacter&) const = default;
 };
@@ -100,7 +101,7 @@ size_t qHash(const RtfCharacter& character, size_t seed = 0) noexcept;
 
 struct RtfParagraph
 {
-    enum Measure : quint8 // place in RtfMeasures
+    enum Measure : quint8 // index in RtfMeasures
     {
         First,
         Left,
@@ -112,11 +113,11 @@ struct RtfParagraph
     static constexpr int Furthest = 31680; // 22 inches, the widest page there is
     static constexpr int MaximumTabs = 64;
 
-    std::array<int, MeasureCount> measures{}; // twips, within their bounds
-    Qt::Alignment alignment;                  // 0 where none is given
+    std::array<int, MeasureCount> measures{}; // twips, within bounds
+    Qt::Alignment alignment;                  // 0: not set
     bool isRightToLeft = false;
-    bool isLineMultiple = false; // then lineSpacing counts 240th of a line
-    int lineSpacing = 0;         // twips: 0 as the font has it, above at least, below exactly
+    bool isLineMultiple = false; // lineSpacing counts 240ths of a line
+    int lineSpacing = 0;         // twips; 0: as the font has it, positive: at least, negative: exactly
     QList<QTextOption::Tab> tabs;
 
     bool operator==(const RtfParagraph&) const = default;
@@ -137,18 +138,18 @@ inline constexpr RtfMeasure RtfMeasures[RtfParagraph::MeasureCount] = {
     {"sb", QTextFormat::BlockTopMargin, 0},
     {"sa", QTextFormat::BlockBottomMargin, 0}};
 
-// The family of text whose font has no name.
+// The family of fonts without a name.
 inline constexpr QStringView NamelessFamily = u"Arial";
 
-// Link and family are places in tables of the caller, who gives the family and sets the link.
-// Kept for the notes to come, since the notes of a planner share a few formats, which are dear to make.
+// Font and link are the caller's: it passes the family and sets the link. The results are cached, since making them is
+// expensive and notes share few formats.
 QTextCharFormat ToCharFormat(RtfCharacter character, const QString& family);
 
-// Shown as rich text means it: tab stops lie where they do from the edge of the paper, a negative first indent is a
-// stop itself, and no line begins beyond that edge.
+// Tab stops count from the edge of the paper, as in rich text. A negative first indent is a stop itself, and no line
+// begins beyond that edge.
 QTextBlockFormat ToBlockFormat(const RtfParagraph& paragraph);
 
-// What a format leaves open is taken from the font. The place of the family is left to the caller.
+// Attributes that the format does not set come from the font. The caller sets font and link.
 RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font);
 QString FamilyOf(const QTextCharFormat& format, const QFont& font);
 RtfParagraph ToRtfParagraph(const QTextBlockFormat& format);

@@ -1,5 +1,5 @@
-// The one reading of rich text: gives its tokens their meaning and tells a sink what comes of them. A stack of states,
-// one a group, and a table from control word to what it does. Knows only QtGui.
+// Interprets the tokens of rich text and reports the result to a sink. It has a stack of states, one per group, and a
+// table of control words. Knows only QtGui.
 #pragma once
 
 #include "platform/richtext/rtfcodepage.h"
@@ -11,7 +11,7 @@
 
 struct RtfPicture;
 
-// What places in a character's format lead to. They stay what they are while the tables grow.
+// The tables that a character's format points into. Indexes stay valid while they grow.
 struct RtfTables
 {
     RtfFonts fonts;
@@ -24,19 +24,19 @@ class RtfSink
 public:
     virtual ~RtfSink() = default;
 
-    // A sink that wants codes gets all that stands in the bytes, in its order: characters beyond ASCII as Text, the
-    // rest as the code that it is. Others get what a note shows.
+    // A sink that wants codes gets everything in order: characters beyond ASCII as Text, all else as its code. Other
+    // sinks get what a note shows.
     virtual bool WantsCodes() const { return false; }
     virtual void Code(QByteArrayView) {}
 
     virtual void Ascii(QLatin1StringView text, QByteArrayView code, const RtfCharacter& character) = 0;
     virtual void Text(QStringView text, const RtfCharacter& character) = 0;
     virtual void Picture(const RtfPicture&, const RtfCharacter&) {}
-    virtual void EndParagraph(const RtfParagraph&, const RtfCharacter&) {} // the format of its mark
+    virtual void EndParagraph(const RtfParagraph&, const RtfCharacter&) {} // with the format of its mark
     virtual void EndPage(const RtfParagraph&, const RtfCharacter&) {}
     virtual void EndCell() {}
     virtual void EndRow(const RtfParagraph&, const RtfCharacter&) {}
-    virtual void Finish(const RtfParagraph&, const RtfCharacter&) {} // of what has no mark
+    virtual void Finish(const RtfParagraph&, const RtfCharacter&) {} // of a last paragraph without mark
 };
 
 class RtfMachine
@@ -46,12 +46,11 @@ public:
 
     void Run();
 
-    // What a control word stands for in the text, or a sign behind a backslash; 0 where it is none of these.
+    // The character that a control word or symbol stands for; 0 if none.
     static char16_t CharacterOf(QByteArrayView word);
 
 private:
-    // Where the text of a group goes. Structure is a group whose own text is none of the note's, though a group within
-    // it may be.
+    // Where the text of a group goes. The text of a Structure group is skipped, but not that of groups in it.
     enum Destination : quint8
     {
         Body,
@@ -68,20 +67,20 @@ private:
         RtfParagraph paragraph;
         Destination destination = Body;
         bool isInObject = false;
-        bool isField = false;                                // so that an instruction tells what its result leads to
+        bool isField = false; // the group is a field, so an instruction in it sets the link of its result
         QTextOption::TabType tabType = QTextOption::LeftTab; // of the next tab stop
-        int fallbackLength = 1;                              // characters behind \u for readers that do not know it
+        int fallbackLength = 1;                              // characters behind \u, for readers that do not know it
     };
 
-    struct Actions; // what the words do
+    struct Actions; // what the control words do
     class Table;
-    struct Word // also of a sign behind a backslash
+    struct Word // or a symbol
     {
         enum Kind : quint8
         {
             Plain,
             Picture,    // may stand behind \*
-            Destination // likewise, and only where a group begins
+            Destination // likewise, but only at the start of a group
         };
         void (*act)(RtfMachine& machine, int argument, const RtfToken& word);
         int argument = 0;
@@ -99,15 +98,15 @@ private:
     void DoHex(int byte);
     bool SkipsOne();
 
-    void PutBytes(QByteArrayView bytes, bool areAscii); // in the code page of the font or the document
+    void PutBytes(QByteArrayView bytes, bool areAscii); // in the code page of the font or document
     void PutAscii(QLatin1StringView text);
     void PutFontNames(QByteArrayView bytes, bool areAscii);
     void PutColors(QByteArrayView bytes);
-    void PutCharacter(char32_t character); // that the present token stands for
+    void PutCharacter(char32_t character); // from the current token
     void Put(QStringView text);
     void FlushBytes();
     QString Decoded() const;
-    QByteArrayView Gap() const; // line ends before the present token
+    QByteArrayView Gap() const; // line ends before the current token
 
     RtfCharacter Character() const;
     bool HoldsSymbols() const { return m_state.destination == Body && m_tables.fonts.HoldsSymbolsAt(Character().font); }
@@ -123,13 +122,13 @@ private:
 
     State m_state;
     std::vector<State> m_outer;
-    qsizetype m_depthBeyond = 0; // groups open that are too deep to have a state of their own
-    bool m_isGroupStart = false; // \* and destinations have a meaning there only
-    bool m_isIgnorable = false;  // behind that \*
-    int m_skip = 0;              // fallback characters still to be passed over
-    QByteArray m_bytes;          // not yet decoded, as a character may need more of them
-    QByteArrayView m_code;       // what of the present token the sink has not got in another form
+    qsizetype m_depthBeyond = 0; // open groups beyond MaximumDepth, which have no state
+    bool m_isGroupStart = false; // \* and destinations are valid only there
+    bool m_isIgnorable = false;  // behind \*
+    int m_skip = 0;              // fallback characters left to skip
+    QByteArray m_bytes;          // not decoded yet: a character may continue
+    QByteArrayView m_code;       // the part of the current token that the sink has not got as Text
     int m_codePage = AnsiCodePage;
     QString m_instruction;
-    QRgb m_color = 0; // the entry of the colour table that is being read
+    QRgb m_color = 0; // of the current entry of the colour table
 };

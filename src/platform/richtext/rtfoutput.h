@@ -1,4 +1,4 @@
-// The characters of rich text that is being written: words, escapes and text, all of it 7-bit. Knows only QtCore.
+// Writes the characters of rich text: words, escapes and text, all 7-bit. Knows only QtCore.
 #pragma once
 
 #include <QByteArray>
@@ -14,16 +14,16 @@ public:
 
     void Word(QByteArrayView word);
     void Word(QByteArrayView word, int parameter);
-    void Raw(QByteArrayView rtf); // no end of a word that text could run into
+    void Raw(QByteArrayView rtf); // must not end with a control word if text follows
 
-    // NUL characters are left out. The names of fonts end at a semicolon, so that one is escaped there.
+    // NUL characters are left out. Name() also escapes semicolons, since they end a font's name.
     void Text(QStringView text);
     void Name(QStringView name);
 
     void Hex(char byte);
-    void Letter(char letter); // as it is
+    void Letter(char letter); // unescaped
 
-    // As the bytes that the font draws as these signs. What it has none for is written like other text.
+    // Writes signs as the bytes of the symbol font. Characters that it does not have are written like other text.
     void Text(QStringView text, const RtfSymbols& font);
 
 private:
@@ -32,5 +32,5 @@ private:
     void Unicode(char16_t unit);
 
     QByteArray m_rtf;
-    bool m_isAfterWord = false; // then text needs a blank before it
+    bool m_isAfterWord = false; // then a blank must precede text
 };

@@ -1,5 +1,5 @@
-// Rich text format into a document. Never fails: what is broken, cut off or unknown is passed over, and depth, sizes
-// and counts are bounded, so that no input can hang the program or eat its memory. Knows only QtGui.
+// Reads RTF into a document. Never fails: broken, truncated and unknown parts are skipped. Depth, sizes and counts are
+// bounded, so no input can hang the program or exhaust memory. Knows only QtGui.
 #pragma once
 
 #include <QByteArrayView>
@@ -8,17 +8,16 @@
 class QTextCursor;
 class QTextDocument;
 
-// Replaces the content of the document. Characters carry their formats explicitly (family, size, colour where one is
-// given), so that the document's default font plays no part. Text that is no rich text comes in as it is, in that font.
-// Clears the undo stack and the modified flag.
+// Replaces the document's content. All characters get explicit formats, so the default font does not matter; plain text
+// is inserted in the default font. Clears the undo stack and the modified flag.
 void ReadRtf(QByteArrayView rtf, QTextDocument& document);
 
-// Inserts at the cursor, in place of its selection, as one step of undo. The paragraph that is inserted into keeps its
-// format on both sides of the insertion, unless there is nothing on that side.
+// Replaces the cursor's selection as one undo step. The paragraph around the insertion keeps its format, except on a
+// side that is empty.
 void InsertRtf(QByteArrayView rtf, QTextCursor& cursor);
 
-// Whether a text begins as rich text does, blanks and NUL bytes aside.
+// Whether the text starts with an RTF header. Leading blanks and NUL bytes are ignored.
 bool LooksLikeRtf(QByteArrayView text);
 
-// A text that is no rich text: UTF-8, or else of the code page that rich text begins with; without NUL bytes.
+// Decodes plain text: UTF-8, else code page 1252. NUL bytes are removed.
 QString PlainNote(QByteArrayView text);

@@ -1,4 +1,4 @@
-// The fonts that draw signs in place of letters: which sign stands at which byte. Knows only QtCore.
+// Symbol fonts: which sign each byte draws. Knows only QtCore.
 #pragma once
 
 #include <QByteArrayView>
@@ -9,19 +9,19 @@
 struct RtfSymbols
 {
     std::u16string_view family;
-    std::u32string_view symbols; // from byte 32 on; what is missing here is U+F000 and the byte
+    std::u32string_view symbols; // from byte 32 on; a missing one is U+F000 + byte
 };
 
-// Null where the family is none of the fonts known to draw signs. Letter case plays no part.
+// Null if the family is no known symbol font. Letter case is ignored.
 const RtfSymbols* SymbolsOfFamily(QStringView family);
 
-// What a font of an unknown family draws that is declared to hold signs.
+// For fonts that are declared as symbol fonts but have an unknown family.
 const RtfSymbols& AnySymbols();
 
 QString DecodeSymbols(QByteArrayView bytes, const RtfSymbols& font);
 
-// The other form of such a byte, as a character for private use.
+// The byte as a private-use character, U+F000 + byte.
 bool IsPrivateSymbol(char32_t character);
 
-// 0 where the font has no such sign. Of a sign that it has twice, the first.
+// 0 if the font has no such sign. If it has two, the first.
 int ByteOfSymbol(char32_t character, const RtfSymbols& font);

@@ -1,5 +1,4 @@
-// Rich text cut into its tokens, without copies. Any bytes at all are some sequence of tokens: nothing here fails.
-// Knows only QtCore.
+// Splits rich text into tokens without copying. Any bytes are valid, nothing fails. Knows only QtCore.
 #pragma once
 
 #include <QByteArrayView>
@@ -19,9 +18,9 @@ struct RtfToken
     };
 
     Kind kind = End;
-    bool isAscii = true; // of a text, that no byte is above 127
+    bool isAscii = true; // of a text: all bytes are below 128
     bool hasParameter = false;
-    int parameter = 0;    // of a word its number, as near as an int comes; of a hex escape its byte
+    int parameter = 0;    // of a word its number, clamped; of a hex escape its byte
     QByteArrayView bytes; // a word's letters, a symbol's character, a text, the data of \bin
 
     bool IsWord(QByteArrayView name) const { return kind == Word && bytes == name; }
@@ -33,9 +32,9 @@ class RtfTokenizer
 public:
     explicit RtfTokenizer(QByteArrayView rtf) : m_at(rtf.begin()), m_end(rtf.end()) {}
 
-    // Line ends and NUL bytes between tokens are passed over; a text never holds one.
+    // Skips line ends and NUL bytes, so a text token holds none.
     RtfToken Next();
-    const char* At() const { return m_at; } // behind the last token
+    const char* At() const { return m_at; } // end of the last token
 
 private:
     RtfToken Control();

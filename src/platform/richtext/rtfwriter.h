@@ -1,5 +1,4 @@
-// A document as rich text: 7-bit, RTF 1.x, as other programs read it. Reading it back gives the same document, and
-// writing that gives the same bytes.
+// Writes a document as 7-bit RTF 1.x. Reading it back gives the same document, and writing that gives the same bytes.
 #pragma once
 
 #include <QByteArray>
@@ -9,5 +8,5 @@ class QTextDocument;
 
 QByteArray WriteRtf(const QTextDocument& document);
 
-// The cursor's selection alone, for the clipboard.
+// The selection only.
 QByteArray WriteRtf(const QTextCursor& selection);

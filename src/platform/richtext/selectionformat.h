@@ -1,4 +1,4 @@
-// What the characters and paragraphs of a selection have in common. Knows only QtGui.
+// Formats that the characters of a selection share. Knows only QtGui.
 #pragma once
 
 #include <QTextBlock>
@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <optional>
 
-// Calls visit(format) for the characters of the selection, once for a run of characters of one format, until it
-// returns false. Pictures do not count, as they have no font.
+// Calls visit(format) for each run of characters with the same format, until it returns false. Pictures are skipped,
+// since they have no font.
 template <typename Visit>
 void VisitFormats(const QTextCursor& selection, Visit visit)
 {
@@ -29,8 +29,7 @@ void VisitFormats(const QTextCursor& selection, Visit visit)
     }
 }
 
-// The value that read(format) has for all of the selection; empty where it differs; that of caretFormat where no
-// character is selected.
+// The common value of read(format) in the selection; empty if it differs. Without a selection, that of caretFormat.
 template <typename Read>
 auto CommonValue(const QTextCursor& selection, const QTextCharFormat& caretFormat, Read read)
 {
@@ -49,19 +48,19 @@ auto CommonValue(const QTextCursor& selection, const QTextCharFormat& caretForma
     return common;
 }
 
-// What is typed in place of the selection, or at the caret: the format of the first character that goes.
+// The format for text that replaces the selection: that of its first character. Without a selection, that of the caret.
 QTextCharFormat FormatToType(const QTextCursor& selection);
 
-// One attribute of a character; what it does not say itself comes from the document's default font.
+// One attribute of a character. If the format does not set it, the default font does.
 bool IsBold(const QTextCharFormat& format, const QFont& defaultFont);
 bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont);
 bool IsUnderlined(const QTextCharFormat& format, const QFont& defaultFont);
 bool IsStruckThrough(const QTextCharFormat& format, const QFont& defaultFont);
 QString FontName(const QTextCharFormat& format, const QFont& defaultFont);
 double FontSize(const QTextCharFormat& format, const QFont& defaultFont);     // points
-std::uint32_t Color(const QTextCharFormat& format, const QFont& defaultFont); // blue, green, red; 0 for none of its own
+std::uint32_t Color(const QTextCharFormat& format, const QFont& defaultFont); // blue, green, red; 0 if not set
 
-// The other way round: the attribute alone, to be merged into characters.
+// A format that sets only this attribute, to be merged.
 template <typename Given, typename Value>
 QTextCharFormat PartOf(void (QTextCharFormat::*set)(Given), const Value& value)
 {
@@ -73,10 +72,9 @@ QTextCharFormat BoldFormat(bool bold);
 QTextCharFormat NameFormat(const QString& name);
 QTextCharFormat ColorFormat(std::uint32_t color);
 
-// All that the font says, spelled out.
+// A format that sets all attributes of the font.
 QTextCharFormat FormatOf(const QFont& font);
 
-// Gives each run of characters from start to end its whole format over the base, sizes in points: pasted text may say
-// sizes in pixels or relative ones, over which a size in points that is set later would not count. Joins the step of
-// undo before it.
+// Completes the formats from start to end by those of base, with sizes in points. Pasted text may have pixel or
+// relative sizes, which would override a point size set later. Joins the previous undo step.
 void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCharFormat& base);

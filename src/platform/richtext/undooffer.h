@@ -1,9 +1,9 @@
-// A text that a person has let go of, to be had back.
+// Offers a discarded text by undo.
 #pragma once
 
 class QTextDocument;
 class RichTextBox;
 
-// The next undo of the box shows this text in the place of its own, and the undo after that its own again. What the box
-// shows, its caret, its modified flag and what could be undone before stay.
+// The next undo of the box shows this text, the one after it the present text again. The text, the caret, the modified
+// flag and older undo steps of the box stay.
 void OfferByUndo(RichTextBox& box, const QTextDocument& text);
