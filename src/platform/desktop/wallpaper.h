@@ -20,7 +20,7 @@ enum class Counts
 std::optional<DesktopPicture> PresentWallpaper(const QDeadlineTimer& until,
                                                wallpaper::Counts counts = wallpaper::Counts::Always);
 
-// Action 20: shows the picture, or none for "(None)". A picture that is shown already is loaded anew. False if the
+// Action 20: shows the picture, or none for "(None)". A picture that is shown already is loaded again. False if the
 // desktop does not take it or the user refuses. The user is asked until the deadline at most; everything else is
 // limited to two seconds.
 bool SystemParametersInfoA(int action, int parameter, const DesktopPicture& picture, int flags,

@@ -41,5 +41,5 @@ struct CalendarPage
     PageCaption month;
 };
 
-// area is in dots of the painter's device. Lays the notes out anew.
+// area is in dots of the painter's device. Lays the notes out again.
 void PaintPage(QPainter& painter, CalendarPage& page, const QRectF& area);

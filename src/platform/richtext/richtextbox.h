@@ -37,7 +37,7 @@ public:
     QString Text() const; // lines end with "\n"; pictures are left out
     void SetText(const QString& text);
 
-    // While the box is unmodified, the bytes that were set; else the document written anew. Text without an RTF header
+    // While the box is unmodified, the bytes that were set; else the document as RTF. Text without an RTF header
     // is plain. Setting clears the modified flag and the undo stack.
     QByteArray TextRTF() const;
     void SetTextRTF(const QByteArray& rtf);
