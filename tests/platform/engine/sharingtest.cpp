@@ -8,7 +8,30 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <sys/syscall.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace engineerrors;
+
+namespace {
+bool g_hasLocks = true; // of the drive
+}
+
+// Stands in for the C library's, in the engine too.
+extern "C" int fcntl(int file, int command, ...)
+{
+    va_list rest;
+    va_start(rest, command);
+    void* const argument = va_arg(rest, void*);
+    va_end(rest);
+    if (g_hasLocks || command != F_OFD_SETLK) return int(::syscall(SYS_fcntl, file, command, argument));
+    errno = ENOLCK;
+    return -1;
+}
 
 class SharingTest : public QObject
 {
@@ -75,6 +98,19 @@ private Q_SLOTS:
         other.Kill();
         QVERIFY(CanOpen(m_path, false));
         QVERIFY(!CanOpen(m_path, true));
+    }
+
+    // A server has locks of its own.
+    void ADriveWithoutLocksKeepsAPlannerFileClosed()
+    {
+        QFETCH_GLOBAL(bool, onServer);
+        for (const bool exclusive : {false, true}) {
+            g_hasLocks = false;
+            const int error = ErrorOf([&] { DBEngine::OpenDatabase(m_path, exclusive); });
+            g_hasLocks = true;
+            QCOMPARE(error, onServer ? 0 : NoLocks);
+            QVERIFY(CanOpen(m_path, exclusive));
+        }
     }
 
     void ALinkedPathIsTheSamePlanner()
