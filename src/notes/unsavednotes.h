@@ -1,5 +1,5 @@
 // Notes on their way from a cell to the file, by planner and date key. A save takes them out of the cells at once. A
-// note that cannot be written stays here, is shown when its day is read, and goes with the next save.
+// note that cannot be written stays here, is shown when its day is read, and is tried again by the next save.
 #pragma once
 
 #include <QByteArray>
