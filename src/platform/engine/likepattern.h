@@ -22,6 +22,7 @@ class LikePattern
 {
 public:
     explicit LikePattern(const QString& pattern); // UnparsableCriterion: a list is not closed, or its range is reversed
+    const QString& Text() const { return m_text; }
     bool Matches(QByteArrayView stored) const;
     // A piece of lower-case ASCII that every matching text contains in some case; may be empty.
     const QByteArray& Run() const { return m_run; }
@@ -29,6 +30,7 @@ public:
 private:
     void NoteCharacter(char32_t folded, QByteArray& run); // 0 for what stands for something else
 
+    QString m_text;
     QRegularExpression m_form; // for folded texts
     QByteArray m_run;          // the longest one: a text without it need not be read
     char32_t m_sign = 0;       // a character beyond ASCII that a text must hold, 0 for none

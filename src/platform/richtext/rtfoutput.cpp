@@ -17,19 +17,19 @@ bool IsPlain(QChar character)
 void RtfOutput::Word(QByteArrayView word)
 {
     m_rtf += '\\';
-    m_rtf.append(word);
+    m_rtf.append(word.data(), static_cast<std::size_t>(word.size()));
     m_isAfterWord = true;
 }
 
 void RtfOutput::Word(QByteArrayView word, int parameter)
 {
     Word(word);
-    m_rtf += QByteArray::number(parameter);
+    m_rtf += std::to_string(parameter);
 }
 
 void RtfOutput::Raw(QByteArrayView rtf)
 {
-    m_rtf += rtf;
+    m_rtf.append(rtf.data(), static_cast<std::size_t>(rtf.size()));
     m_isAfterWord = false;
 }
 
@@ -38,7 +38,10 @@ void RtfOutput::Text(QStringView text)
     for (auto next = text.begin(); next != text.end();) {
         const auto special = std::find_if_not(next, text.end(), IsPlain);
         if (special != next && std::exchange(m_isAfterWord, false)) m_rtf += ' ';
-        m_rtf += QStringView(next, special).toLatin1();
+        const std::size_t size = m_rtf.size();
+        m_rtf.resize(size + static_cast<std::size_t>(special - next));
+        std::transform(next, special, m_rtf.begin() + static_cast<std::ptrdiff_t>(size),
+                       [](QChar plain) { return plain.toLatin1(); });
         next = special;
         if (next != text.end()) Character(*next++);
     }

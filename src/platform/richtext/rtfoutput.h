@@ -4,13 +4,15 @@
 #include <QByteArray>
 #include <QStringView>
 
+#include <string>
+
 struct RtfSymbols;
 
 class RtfOutput
 {
 public:
-    void Reserve(qsizetype length) { m_rtf.reserve(length); }
-    const QByteArray& Rtf() const { return m_rtf; }
+    void Reserve(qsizetype length) { m_rtf.reserve(static_cast<std::size_t>(length)); }
+    QByteArrayView Rtf() const { return {m_rtf.data(), static_cast<qsizetype>(m_rtf.size())}; }
 
     void Word(QByteArrayView word);
     void Word(QByteArrayView word, int parameter);
@@ -31,6 +33,6 @@ private:
     void Symbol(QStringView one, const RtfSymbols& font);
     void Unicode(char16_t unit);
 
-    QByteArray m_rtf;
+    std::string m_rtf;          // quicker to append to than a QByteArray
     bool m_isAfterWord = false; // then a blank must precede text
 };

@@ -54,7 +54,7 @@ RtfPicture Copier::CopyFrom(RtfTokenizer& tokenizer)
         Copy(token);
     }
     m_source.Raw(QByteArray(m_depth, '}'));
-    return {m_source.Rtf(), m_hasData, Size()};
+    return {m_source.Rtf().toByteArray(), m_hasData, Size()};
 }
 
 void Copier::Copy(const RtfToken& token)

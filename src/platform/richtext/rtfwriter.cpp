@@ -102,7 +102,10 @@ QByteArray Writer::Take()
         head.Raw(";");
     }
     head.Raw("}\r\n\\viewkind4\\uc1");
-    return head.Rtf() + m_body.Rtf() + "}\r\n";
+    constexpr QByteArrayView Tail = "}\r\n";
+    QByteArray rtf;
+    rtf.reserve(head.Rtf().size() + m_body.Rtf().size() + Tail.size());
+    return rtf.append(head.Rtf()).append(m_body.Rtf()).append(Tail);
 }
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)

@@ -26,8 +26,10 @@
     X(PQresultErrorField)                                                                                              \
     X(PQresultErrorMessage)                                                                                            \
     X(PQresultStatus)                                                                                                  \
+    X(PQsendPrepare)                                                                                                   \
     X(PQsendQuery)                                                                                                     \
     X(PQsendQueryParams)                                                                                               \
+    X(PQsendQueryPrepared)                                                                                             \
     X(PQsetNoticeProcessor)                                                                                            \
     X(PQsetnonblocking)                                                                                                \
     X(PQsocket)                                                                                                        \

@@ -101,17 +101,36 @@ bool ServerLine::IsOpen() const
     return !m_isOver && m_library.PQstatus(m_connection.get()) == CONNECTION_OK;
 }
 
-bool ServerLine::Send(const QByteArray& statement, const SqlValues& values)
+// The server parses and plans a statement each time that it is not prepared. One that comes twice will come often.
+const ServerLine::Known& ServerLine::Know(const QString& statement, Milliseconds longestSilence)
 {
-    if (values.empty()) return m_library.PQsendQuery(m_connection.get(), statement.constData());
+    const auto known = m_known.find(statement);
+    if (known == m_known.end()) return *m_known.insert(statement, {'s' + QByteArray::number(m_known.size())});
+    if (!known->isPrepared) {
+        if (!m_library.PQsendPrepare(m_connection.get(), known->name, statement.toUtf8(), 0, nullptr)) Raise(nullptr);
+        Answer(longestSilence);
+        known->isPrepared = true;
+    }
+    return *known;
+}
+
+bool ServerLine::Send(const QString& statement, const SqlValues& values, Milliseconds longestSilence)
+{
+    if (values.empty() && !statement.startsWith("SELECT"_L1)) // BEGIN and the like, or several statements
+        return m_library.PQsendQuery(m_connection.get(), statement.toUtf8());
     std::vector<QByteArray> texts;
     std::vector<const char*> parameters;
     for (const QVariant& value : values)
         texts.push_back(value.isNull() ? QByteArray() : TextOf(value));
     for (std::size_t i = 0; i < values.size(); ++i)
         parameters.push_back(values[i].isNull() ? nullptr : texts[i].constData());
-    return m_library.PQsendQueryParams(m_connection.get(), statement.constData(), static_cast<int>(values.size()),
-                                       nullptr, parameters.data(), nullptr, nullptr, 0);
+    const auto count = static_cast<int>(values.size());
+    const Known& known = Know(statement, longestSilence);
+    if (known.isPrepared)
+        return m_library.PQsendQueryPrepared(m_connection.get(), known.name, count, parameters.data(), nullptr, nullptr,
+                                             0);
+    return m_library.PQsendQueryParams(m_connection.get(), statement.toUtf8(), count, nullptr, parameters.data(),
+                                       nullptr, nullptr, 0);
 }
 
 // Waits for a result. If the line fails, the result says so.
@@ -138,7 +157,12 @@ ServerLine::Owned<PGresult> ServerLine::NextResult(Milliseconds longestSilence)
 
 SqlRows ServerLine::Ask(const QString& statement, const SqlValues& values, Milliseconds longestSilence)
 {
-    if (!Send(statement.toUtf8(), values)) Raise(nullptr);
+    if (!Send(statement, values, longestSilence)) Raise(nullptr);
+    return Answer(longestSilence);
+}
+
+SqlRows ServerLine::Answer(Milliseconds longestSilence)
+{
     Owned<PGresult> answer(nullptr, Ending{&m_library}), failure(nullptr, Ending{&m_library});
     while (auto result = NextResult(longestSilence)) {
         const ExecStatusType status = m_library.PQresultStatus(result.get());
@@ -165,12 +189,12 @@ void ServerLine::Raise(const PGresult* result) const
 QVariant ServerLine::CellOf(const PGresult* result, int row, int column) const
 {
     if (m_library.PQgetisnull(result, row, column)) return {};
-    const QByteArray text(m_library.PQgetvalue(result, row, column), m_library.PQgetlength(result, row, column));
+    const QByteArrayView text(m_library.PQgetvalue(result, row, column), m_library.PQgetlength(result, row, column));
     const Oid type = m_library.PQftype(result, column);
     if (type == TypeBool) return text == "t";
-    if (type != TypeBytes) return text;
+    if (type != TypeBytes) return text.toByteArray();
     if (!text.startsWith("\\x")) RaiseSenselessAnswer();
-    return QByteArray::fromHex(text.mid(2));
+    return QByteArray::fromHex(QByteArray::fromRawData(text.data() + 2, text.size() - 2));
 }
 
 SqlRows ServerLine::RowsOf(const PGresult* result) const

@@ -5,6 +5,8 @@
 #include "platform/engine/postgres/clientlibrary.h"
 #include "platform/engine/sql/sqlrows.h"
 
+#include <QHash>
+
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -44,7 +46,15 @@ private:
     template <typename Thing>
     using Owned = std::unique_ptr<Thing, Ending>;
 
-    bool Send(const QByteArray& statement, const SqlValues& values);
+    struct Known // a statement asked before
+    {
+        QByteArray name;
+        bool isPrepared = false;
+    };
+
+    const Known& Know(const QString& statement, Milliseconds longestSilence);
+    bool Send(const QString& statement, const SqlValues& values, Milliseconds longestSilence);
+    SqlRows Answer(Milliseconds longestSilence);
     void Await(Milliseconds longestSilence);
     Owned<PGresult> NextResult(Milliseconds longestSilence);
     void Raise(const PGresult* result) const;
@@ -55,5 +65,6 @@ private:
     const ClientLibrary& m_library;
     Owned<PGconn> m_connection;
     Told m_told;
+    QHash<QString, Known> m_known;
     bool m_isOver = false;
 };

@@ -1,7 +1,6 @@
 #include "platform/engine/sql/sqlstore.h"
 
 #include "platform/engine/enginerefusals.h"
-#include "platform/engine/likepattern.h"
 #include "platform/engine/sessionname.h"
 
 #include <QDateTime>
@@ -16,9 +15,28 @@ constexpr int RowsOfPage = 200;
 constexpr int FirstLook = 4;
 constexpr int LaterLook = 64;
 
+// Numbers of the statements that a table has once.
+enum Once : qint64
+{
+    Fetching,
+    Inserting,
+    Replacing,
+    Erasing
+};
+
+// No two lists have the same number, and none has a number of Once.
+qint64 NumberOf(std::span<const LookUp> lookUps, int limit)
+{
+    qint64 number = limit;
+    for (const LookUp& lookUp : lookUps)
+        number = number << 5 | (lookUp.key << 2 | lookUp.pastId << 1 | lookUp.forward);
+    return number << 2 | static_cast<qint64>(lookUps.size());
+}
+
 QVariant ValueOf(QVariant cell, FieldType type)
 {
     if (cell.isNull()) return {};
+    if (type == dbText) return QString::fromUtf8(cell.toByteArray());
     if (type == dbDate) return QDateTime::fromString(QString::fromUtf8(cell.toByteArray()), Qt::ISODateWithMs);
     cell.convert(TypeOf(type));
     return cell;
@@ -74,7 +92,7 @@ SqlCatalog::Table SqlStore::TableOf(const QString& name)
 
 TableDef SqlStore::Definition(const QString& table)
 {
-    m_finds.clear(); // another program may have changed the table
+    m_statements.clear(); // another program may have changed the table
     return Catalog().Definition(TableOf(table));
 }
 
@@ -116,14 +134,11 @@ void SqlStore::CreateTable(const TableDef& table)
     });
 }
 
-const QString& SqlStore::StatementOf(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
-                                     const QString& soughtField, int limit)
+template <typename Make>
+const QString& SqlStore::Kept(Shape&& shape, Make&& make)
 {
-    QString key = table.Name + u'\n' + index.Fields + u'\n' + soughtField + u'\n' + QString::number(limit);
-    for (const LookUp& lookUp : lookUps)
-        key += QChar(u'A' + 4 * lookUp.key + 2 * lookUp.pastId + lookUp.forward);
-    QString& statement = m_finds[key];
-    if (statement.isEmpty()) statement = m_text.Find(table, index, lookUps, soughtField, limit);
+    QString& statement = m_statements[std::move(shape)];
+    if (statement.isEmpty()) statement = make();
     return statement;
 }
 
@@ -135,11 +150,12 @@ std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& i
     if (std::ranges::any_of(lookUps, &LookUp::pastId)) values.emplace_back(place.id);
     const bool isSearch = !sought.field.isEmpty();
     if (isSearch) values.emplace_back(sought.text);
-    std::vector<Row> rows;
+    const QString& statement = Kept({table.Name, index.Fields, sought.field, NumberOf(lookUps, limit)},
+                                    [&] { return m_text.Find(table, index, lookUps, sought.field, limit); });
     // For a rare word a server reads every note before it answers.
     const auto patience = isSearch ? SqlConnection::Patience::Long : SqlConnection::Patience::Usual;
-    for (const SqlRow& found :
-         Connection().Ask(StatementOf(table, index, lookUps, sought.field, limit), values, patience))
+    std::vector<Row> rows;
+    for (const SqlRow& found : Connection().Ask(statement, values, patience))
         rows.push_back(RowOf(found, table));
     return rows;
 }
@@ -163,10 +179,16 @@ std::optional<Store::Row> SqlStore::Find(const TableDef& table, const Index& ind
     return rows.empty() ? std::nullopt : std::optional(std::move(rows.front()));
 }
 
+const LikePattern& SqlStore::PatternOf(const QString& text)
+{
+    if (!m_pattern || m_pattern->Text() != text) m_pattern.emplace(text);
+    return *m_pattern;
+}
+
 std::optional<Store::Row> SqlStore::FindLike(const TableDef& table, const Index& index, From from, Place place,
                                              const QString& likeField, const QString& likePattern)
 {
-    const LikePattern pattern(likePattern);
+    const LikePattern pattern = PatternOf(likePattern);
     const SqlDialect& dialect = Connection().Dialect();
     const std::size_t number = FieldNumber(table, likeField);
     QString text = dialect.knowsPatterns ? likePattern : QString::fromLatin1(pattern.Run());
@@ -186,7 +208,8 @@ std::optional<Store::Row> SqlStore::FindLike(const TableDef& table, const Index&
 
 std::optional<Store::Row> SqlStore::Fetch(const TableDef& table, qint64 id)
 {
-    const SqlRows found = Connection().Ask(m_text.Fetch(table), {id});
+    const QString& statement = Kept({table.Name, {}, {}, Fetching}, [&] { return m_text.Fetch(table); });
+    const SqlRows found = Connection().Ask(statement, {id});
     return found.empty() ? std::nullopt : std::optional(RowOf(found.front(), table));
 }
 
@@ -208,25 +231,26 @@ SqlRow SqlStore::Written(const QString& statement, const SqlValues& values, cons
                          const Values& after)
 {
     SqlRow row;
-    Connection().Write([&] {
-        row = WriteRow(statement + " RETURNING "_L1 + SqlText::Quoted(IdColumn), values, table, before, after);
-    });
+    Connection().Write([&] { row = WriteRow(statement, values, table, before, after); });
     return row;
 }
 
 qint64 SqlStore::Insert(const TableDef& table, const std::vector<QVariant>& values)
 {
-    return Written(m_text.Insert(table), values, table, values, values).Number(0);
+    const QString& statement = Kept({table.Name, {}, {}, Inserting}, [&] { return m_text.Insert(table); });
+    return Written(statement, values, table, values, values).Number(0);
 }
 
 void SqlStore::Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values)
 {
     SqlValues all = values;
     Append(all, OldOf(old));
-    Written(m_text.Replace(table), all, table, old.values, values);
+    const QString& statement = Kept({table.Name, {}, {}, Replacing}, [&] { return m_text.Replace(table); });
+    Written(statement, all, table, old.values, values);
 }
 
 void SqlStore::Erase(const TableDef& table, const Row& old)
 {
-    Written(m_text.Erase(table), OldOf(old), table, old.values, old.values);
+    const QString& statement = Kept({table.Name, {}, {}, Erasing}, [&] { return m_text.Erase(table); });
+    Written(statement, OldOf(old), table, old.values, old.values);
 }

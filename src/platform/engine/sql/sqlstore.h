@@ -1,11 +1,15 @@
 // The Store over an SQL database: the common part of planners in files and on servers.
 #pragma once
 
+#include "platform/engine/likepattern.h"
 #include "platform/engine/sql/sqlcatalog.h"
 #include "platform/engine/sql/sqlconnection.h"
 #include "platform/engine/sql/sqltext.h"
 
 #include <QHash>
+
+#include <map>
+#include <tuple>
 
 class SqlStore : public Store
 {
@@ -53,6 +57,7 @@ protected:
 
     void ForgetSession(); // forgets the catalogue and the locks
     static Row RowOf(const SqlRow& found, const TableDef& table);
+    const LikePattern& PatternOf(const QString& text); // keeps the last, since a search for the next hit repeats it
 
     const SqlText m_text;
     const QString m_schema;
@@ -65,12 +70,15 @@ private:
         QString text;
     };
 
+    // What a statement depends on: its table, index and searched field, and a number for the rest.
+    using Shape = std::tuple<QString, QString, QString, qint64>;
+
     SqlCatalog Catalog();
     SqlCatalog::Table TableOf(const QString& name); // NoTable
     std::vector<Row> Look(const TableDef& table, const Index& index, From from, const Place& place,
                           const Sought& sought, int limit);
-    const QString& StatementOf(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
-                               const QString& soughtField, int limit);
+    template <typename Make>
+    const QString& Kept(Shape&& shape, Make&& make);
     std::vector<Row> LookOnce(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
                               const Place& place, const Sought& sought, int limit);
     std::optional<Row> FindLike(const TableDef& table, const Index& index, From from, Place place,
@@ -78,7 +86,8 @@ private:
     SqlRow Written(const QString& statement, const SqlValues& values, const TableDef& table, const Values& before,
                    const Values& after);
 
-    QHash<QString, QString> m_finds;  // statements of look-ups: making one takes longer than running it
-    QHash<QString, qint64> m_numbers; // in the catalogue, for tables with locked records
+    std::map<Shape, QString> m_statements; // making one takes longer than running it
+    QHash<QString, qint64> m_numbers;      // in the catalogue, for tables with locked records
     Locks m_held;
+    std::optional<LikePattern> m_pattern;
 };

@@ -5,6 +5,7 @@
 
 namespace {
 const QString Id = SqlText::Quoted(IdColumn);
+const QString Returning = " RETURNING "_L1 + Id;
 
 template <typename Form>
 QString Each(const TableDef& table, QLatin1StringView separator, Form&& form)
@@ -139,13 +140,14 @@ QString SqlText::Insert(const TableDef& table, std::size_t rows) const
     QStringList values;
     for (std::size_t row = 0; row < rows; ++row)
         values += u'(' + Marks(1 + row * table.Fields.size(), table.Fields.size()) + u')';
-    return "INSERT INTO "_L1 + Qualified(table.Name) + " ("_L1 + Names(table) + ") VALUES "_L1 + values.join(", "_L1);
+    return "INSERT INTO "_L1 + Qualified(table.Name) + " ("_L1 + Names(table) + ") VALUES "_L1 + values.join(", "_L1) +
+           Returning;
 }
 
 QString SqlText::Restore(const TableDef& table) const
 {
     return "INSERT OR IGNORE INTO "_L1 + Qualified(table.Name) + " ("_L1 + Columns(table) + ") VALUES ("_L1 +
-           Marks(1, table.Fields.size() + 1) + ") RETURNING "_L1 + Id;
+           Marks(1, table.Fields.size() + 1) + u')' + Returning;
 }
 
 QString SqlText::Replace(const TableDef& table) const
@@ -153,12 +155,12 @@ QString SqlText::Replace(const TableDef& table) const
     const QString assignments =
         Each(table, ", "_L1, [&](const QString& name, std::size_t i) { return name + " = "_L1 + Mark(1 + i); });
     return "UPDATE "_L1 + Qualified(table.Name) + " SET "_L1 + assignments + " WHERE "_L1 +
-           Unchanged(table, table.Fields.size() + 1);
+           Unchanged(table, table.Fields.size() + 1) + Returning;
 }
 
 QString SqlText::Erase(const TableDef& table) const
 {
-    return "DELETE FROM "_L1 + Qualified(table.Name) + " WHERE "_L1 + Unchanged(table, 1);
+    return "DELETE FROM "_L1 + Qualified(table.Name) + " WHERE "_L1 + Unchanged(table, 1) + Returning;
 }
 
 QString SqlText::CreateTable(const TableDef& table) const

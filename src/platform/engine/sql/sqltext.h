@@ -44,8 +44,9 @@ public:
                  int limit) const;
     QString FindKeys(const TableDef& table, const Index& index) const; // binds a list of texts
     QString Fetch(const TableDef& table) const;                        // binds the id
+    // The statements that write return the ids of the rows that they have written.
     QString Insert(const TableDef& table, std::size_t rows = 1) const; // binds the values
-    // Binds the id, null for a new one, and the values. Returns the id, or nothing for a duplicate. For files only.
+    // Binds the id, null for a new one, and the values. Writes no duplicate. For files only.
     QString Restore(const TableDef& table) const;
     QString Replace(const TableDef& table) const; // binds the new values, the id and the old values
     QString Erase(const TableDef& table) const;   // binds the id and the old values

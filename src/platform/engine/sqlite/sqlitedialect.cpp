@@ -4,6 +4,8 @@
 
 #include <SQLiteCpp/Column.h>
 
+#include <sqlite3.h>
+
 namespace {
 // Resets a kept statement after its use: an open one would make another program's commit fail.
 class Use
@@ -41,11 +43,17 @@ void Bind(SQLite::Statement& statement, int number, const QVariant& value)
 
 QVariant CellOf(const SQLite::Column& column)
 {
-    if (column.isNull()) return {};
-    if (column.isInteger()) return qint64{column.getInt64()};
-    if (column.isFloat()) return column.getDouble();
-    const char* bytes = column.getText();
-    return QByteArray(bytes, column.getBytes());
+    switch (column.getType()) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return qint64{column.getInt64()};
+    case SQLITE_FLOAT:
+        return column.getDouble();
+    default:
+        const char* bytes = column.getText();
+        return QByteArray(bytes, column.getBytes());
+    }
 }
 } // namespace
 
@@ -90,6 +98,7 @@ SqlRows Ask(SQLite::Statement& statement, const SqlValues& values)
     SqlRows rows;
     while (statement.executeStep()) {
         SqlRow& row = rows.emplace_back();
+        row.cells.reserve(static_cast<std::size_t>(statement.getColumnCount()));
         for (int column = 0; column < statement.getColumnCount(); ++column)
             row.cells.push_back(CellOf(statement.getColumn(column)));
     }

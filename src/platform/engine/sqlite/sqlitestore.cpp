@@ -2,7 +2,6 @@
 
 #include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/likepattern.h"
 #include "platform/engine/sqlite/sqlitedialect.h"
 #include "platform/engine/sqlite/wholefiles.h"
 
@@ -21,19 +20,6 @@ QByteArrayView TextOf(sqlite3_value* value)
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
     return {text, text ? sqlite3_value_bytes(value) : 0};
-}
-
-// matches(text, pattern). The library may keep the compiled pattern from row to row.
-void Matches(sqlite3_context* context, int, sqlite3_value** arguments)
-{
-    const QByteArrayView text = TextOf(arguments[0]);
-    const auto answer = [&](const LikePattern& pattern) {
-        sqlite3_result_int(context, !text.isNull() && pattern.Matches(text));
-    };
-    if (const void* kept = sqlite3_get_auxdata(context, 1)) return answer(*static_cast<const LikePattern*>(kept));
-    auto made = std::make_unique<LikePattern>(QString::fromUtf8(TextOf(arguments[1])));
-    answer(*made);
-    sqlite3_set_auxdata(context, 1, made.release(), [](void* pattern) { delete static_cast<LikePattern*>(pattern); });
 }
 
 constexpr int PagesOfStep = 2000;
@@ -84,8 +70,22 @@ SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlSt
     if (file == File::Empty) m_connection->WriteEmptyPlanner();
     m_connection->CheckHead();
     m_session.emplace(LocksBeside(path));
-    m_connection->Do([this] { m_connection->Library().createFunction("matches", 2, true, nullptr, Matches); });
+    m_connection->Do([this] { m_connection->Library().createFunction("matches", 2, true, this, Matches); });
     m_openFile->Settle();
+}
+
+// matches(text, pattern). The library may keep the pattern from row to row.
+void SqliteStore::Matches(sqlite3_context* context, int, sqlite3_value** arguments)
+{
+    const QByteArrayView text = TextOf(arguments[0]);
+    const auto answer = [&](const LikePattern& pattern) {
+        sqlite3_result_int(context, !text.isNull() && pattern.Matches(text));
+    };
+    if (const void* kept = sqlite3_get_auxdata(context, 1)) return answer(*static_cast<const LikePattern*>(kept));
+    auto* const store = static_cast<SqliteStore*>(sqlite3_user_data(context));
+    auto made = std::make_unique<LikePattern>(store->PatternOf(QString::fromUtf8(TextOf(arguments[1]))));
+    answer(*made);
+    sqlite3_set_auxdata(context, 1, made.release(), [](void* pattern) { delete static_cast<LikePattern*>(pattern); });
 }
 
 bool SqliteStore::Take(const RecordName& record)

@@ -33,6 +33,8 @@ protected:
     QString HolderOf(const RecordName& record) override { return ::HolderOf(m_session->Locks(), record); }
 
 private:
+    static void Matches(sqlite3_context* context, int count, sqlite3_value** arguments);
+
     const QString m_path;
     std::optional<OpenFile> m_openFile; // before the connection, so that the mode is released after the file is closed
     std::optional<Session> m_session;
