@@ -36,16 +36,20 @@ build() {
     cmake --build --preset "$preset" --parallel "$(nproc)" "$@" >&2
 }
 
-# A separate session: Ctrl+C must reach only the program, which still needs its screen.
+# A separate session: Ctrl+C must reach only the program, which still needs its screen. The server chooses its number,
+# since only it finds numbers that servers outside this file system use.
 virtual_screen() {
-    local number=90
-    while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
-    setsid Xvfb ":$number" -screen 0 "$1x24" >/dev/null 2>&1 &
-    screen=$! screen_name=":$number"
+    local answer
+    answer=$(mktemp)
+    setsid Xvfb -displayfd 3 -screen 0 "$1x24" 3>"$answer" >/dev/null 2>&1 &
+    screen=$!
     for _ in $(seq 100); do
-        [ -e "/tmp/.X11-unix/X$number" ] && return
+        [ ! -s "$answer" ] || break
         sleep 0.05
     done
-    say "The virtual screen $screen_name does not start."
+    screen_name=":$(cat "$answer")"
+    rm "$answer"
+    [ "$screen_name" != : ] && return
+    say "The virtual screen does not start."
     exit 1
 }
