@@ -113,6 +113,22 @@ void CellEditing::tbDay_GotFocus(int Index)
     // Without a planner the note has no place to be stored.
     if (!g_bDBShared && HasPlanner() && Index >= 1) Mark(Index, true);
     tail([&] { GiveDefaultFont(m_cells.tbDay(Index), DefaultStyles::AsSet, " in MainForm, tbDay_GotFocus"_L1); });
+    // Queued, since a click places the caret after the focus.
+    QMetaObject::invokeMethod(this,
+                              Guarded(" in MainForm, tbDay_GotFocus"_L1, [this, Index] { ShowFormAtCaret(Index); }),
+                              Qt::QueuedConnection);
+}
+
+void CellEditing::ShowFormAtCaret(int Index)
+{
+    if (m_cells.CellWithCaret() != Index) return;
+    const RichTextBox& box = m_cells.tbDay(Index);
+    if (box.SelLength() > 0) return; // tbDay_SelChange has shown its form
+    if (const auto name = box.SelFontName()) m_bar.orlcmbFontname->ShowTextOrEntry(*name);
+    if (const auto size = box.SelFontSize())
+        m_bar.orlcmbFontsize->ShowTextOrEntry(TrimmedStr(static_cast<qint64>(std::nearbyint(*size))));
+    const int color = PlaceOfColor(box.SelColor().value_or(0));
+    m_bar.orlcmbFontcolor->SetListIndex(color >= 0 ? color : ORLCombo::BlankColor);
 }
 
 void CellEditing::EnterIfNoneIsCurrent(int Index)

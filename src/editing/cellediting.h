@@ -39,6 +39,7 @@ private:
     void EnterIfNoneIsCurrent(int Index);
     void FollowButtons(const RichTextBox& box);
     void FollowCombos(const RichTextBox& box);
+    void ShowFormAtCaret(int Index);
 
     Cells& m_cells;
     const FormatBar& m_bar;

@@ -3,6 +3,7 @@
 #include "editing/fontcommand.h"
 #include "hall/bars.h"
 #include "hall/cells.h"
+#include "hall/menus.h"
 #include "notes/heldday.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/postkey.h"
@@ -80,6 +81,30 @@ void Formatting::mnuCopy_Click()
 void Formatting::mnuPaste_Click()
 {
     if (fnCanFormatCell()) SendKey(Qt::Key_Insert, Qt::ShiftModifier);
+}
+
+void Formatting::mnuUndo_Click()
+{
+    if (fnCanFormatCell()) SendKey(Qt::Key_Z, Qt::ControlModifier);
+}
+
+void Formatting::mnuRedo_Click()
+{
+    if (fnCanFormatCell()) SendKey(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+void Formatting::mnuSelectAll_Click()
+{
+    SendKey(Qt::Key_A, Qt::ControlModifier);
+}
+
+void Formatting::ShowWhatCanBeUndone(Menus& menus) const
+{
+    const int cell = m_cells.CellWithCaret();
+    const RichTextBox* box = cell == 0 ? nullptr : &m_cells.tbDay(cell);
+    menus("mnuUndo"_L1).SetEnabled(box && box->CanUndo());
+    menus("mnuRedo"_L1).SetEnabled(box && box->CanRedo());
+    menus("mnuSelectAll"_L1).SetEnabled(box && !box->IsEmpty());
 }
 
 void Formatting::orlcmbFontname_Change()

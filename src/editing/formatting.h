@@ -7,6 +7,7 @@ class Cells;
 class FontCommand;
 struct FormatBar;
 class HeldDay;
+class Menus;
 
 class Formatting
 {
@@ -30,6 +31,10 @@ public:
     void mnuCut_Click();
     void mnuCopy_Click();
     void mnuPaste_Click();
+    void mnuUndo_Click();
+    void mnuRedo_Click();
+    void mnuSelectAll_Click();
+    void ShowWhatCanBeUndone(Menus& menus) const; // in the cell with the caret
 
     // The combos act on the current cell unchecked; pressing one still shows the message of fnCanFormatCell.
     void orlcmbFontname_Change();

@@ -13,12 +13,20 @@ struct KeyRow // a command that is a key of the box
     const char* name;
     const char* caption;
     int key;
-    Qt::KeyboardModifier modifier;
+    Qt::KeyboardModifiers modifiers;
+    bool (*canRun)(const RichTextBox& box) = [](const RichTextBox&) { return true; };
 };
 constexpr KeyRow KeyRows[] = {
     {"mnuCut", "Cut", Qt::Key_Delete, Qt::ShiftModifier},
     {"mnuCopy", "Copy", Qt::Key_Insert, Qt::ControlModifier},
     {"mnuPaste", "Paste", Qt::Key_Insert, Qt::ShiftModifier},
+};
+constexpr KeyRow AddedRows[] = {
+    {"mnuUndo", "Undo\tCtrl+Z", Qt::Key_Z, Qt::ControlModifier, [](const RichTextBox& box) { return box.CanUndo(); }},
+    {"mnuRedo", "Redo\tCtrl+Shift+Z", Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier,
+     [](const RichTextBox& box) { return box.CanRedo(); }},
+    {"mnuSelectAll", "Select All\tCtrl+A", Qt::Key_A, Qt::ControlModifier,
+     [](const RichTextBox& box) { return !box.IsEmpty(); }},
 };
 
 struct StyleRow // a command that toggles a style
@@ -33,6 +41,14 @@ constexpr StyleRow StyleRows[] = {
     {StrikeThru, "Strikethrough", "Ctrl+T"},
     {Underline, "Underline", "Ctrl+U"},
 };
+
+void AddKey(QMenu& menu, RichTextBox& box, const KeyRow& row)
+{
+    QAction* action =
+        menu.addAction(QString::fromLatin1(row.caption), &box, [&box, &row] { PostKey(box, row.key, row.modifiers); });
+    action->setObjectName(QString::fromLatin1(row.name));
+    QObject::connect(&menu, &QMenu::aboutToShow, action, [action, &box, &row] { action->setEnabled(row.canRun(box)); });
+}
 
 void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* form)
 {
@@ -50,13 +66,14 @@ void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* fo
 QMenu* AddNoteMenu(RichTextBox& box, const char* form)
 {
     auto* menu = Named(new QMenu(&box), "mnuRightMouse");
-    for (const KeyRow& row : KeyRows) {
-        menu->addAction(QString::fromLatin1(row.caption), &box, [&box, &row] { PostKey(box, row.key, row.modifier); })
-            ->setObjectName(QString::fromLatin1(row.name));
-    }
+    for (const KeyRow& row : KeyRows)
+        AddKey(*menu, box, row);
     menu->addSeparator();
     for (const StyleRow& row : StyleRows)
         AddStyle(*menu, box, row, form);
+    menu->addSeparator();
+    for (const KeyRow& row : AddedRows)
+        AddKey(*menu, box, row);
     const auto popUp = [&box, menu](int button, const QPoint& at) {
         if (button != RichTextBox::RightButton) return;
         box.setFocus();

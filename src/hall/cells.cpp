@@ -117,6 +117,7 @@ RichTextBox* Cells::MakeBox(int index)
     if (m_boxFilter) box->installEventFilter(m_boxFilter);
     connect(box, &RichTextBox::GotFocus, this, [this, index] { Q_EMIT GotFocus(index); });
     connect(box, &RichTextBox::Click, this, [this, index] { Q_EMIT Click(index); });
+    connect(box, &RichTextBox::BlankDblClick, this, [this, index] { Q_EMIT BlankDblClick(index); });
     connect(box, &RichTextBox::MouseDown, this,
             [this, index](int button, const QPoint& at) { Q_EMIT MouseDown(index, button, at); });
     connect(box, &RichTextBox::MouseMove, this, [this, index] { Q_EMIT MouseMove(index); });

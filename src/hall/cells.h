@@ -59,6 +59,7 @@ Q_SIGNALS:
     void StateChanged(int Index); // its lock or its alarm mark has changed
     void PanelClick(int Index);
     void PanelDblClick(int Index);
+    void BlankDblClick(int Index); // in the cell, but not on its text
     void HeadingDblClick(int Index);
     void AlarmMarkClick(int Index);
     void GotFocus(int Index);

@@ -13,6 +13,7 @@
 #include "calendar/ctoolbarview.h"
 #include "calendar/navigation.h"
 #include "calendar/redraw.h"
+#include "calendar/travel.h"
 #include "editing/cellediting.h"
 #include "editing/dayview.h"
 #include "editing/fontcommand.h"
@@ -91,6 +92,7 @@ struct Rooms
     Activation activation{*controls.client, opening};
     Navigation navigation{controls.cells, controls.bottom, foot,      turn,   redraw,
                           controls.menus, m_pCalendarView, m_pLayout, heldDay};
+    Travel travel{controls.cells, controls.bottom, m_pCalendarView, navigation};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{foot, turn, redraw, m_pCalendarView, *controls.client};
     FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};

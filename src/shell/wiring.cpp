@@ -11,6 +11,7 @@
 #include "shell/rooms.h"
 #include "state/plannerstate.h"
 
+#include <QMenu>
 #include <QPushButton>
 
 #include <functional>
@@ -103,6 +104,9 @@ constexpr MenuRow MenuRows[] = {
     {"mnuCut", Run<&Rooms::formatting, &Formatting::mnuCut_Click>, true},
     {"mnuCopy", Run<&Rooms::formatting, &Formatting::mnuCopy_Click>, true},
     {"mnuPaste", Run<&Rooms::formatting, &Formatting::mnuPaste_Click>, true},
+    {"mnuUndo", Run<&Rooms::formatting, &Formatting::mnuUndo_Click>},
+    {"mnuRedo", Run<&Rooms::formatting, &Formatting::mnuRedo_Click>},
+    {"mnuSelectAll", Run<&Rooms::formatting, &Formatting::mnuSelectAll_Click>},
     {"mnuBold", Run<&Rooms::formatting, &Formatting::mnuBold_Click>, true},
     {"mnuItalic", Run<&Rooms::formatting, &Formatting::mnuItalic_Click>, true},
     {"mnuUnderline", Run<&Rooms::formatting, &Formatting::mnuUnderline_Click>, true},
@@ -125,6 +129,8 @@ void WireMenus(Rooms& rooms)
         wire(name);
         if (row.isInNoteMenu) wire(name + 'R');
     }
+    On(menus("mnuEdit"_L1).Action()->menu(), &QMenu::aboutToShow, "mnuEdit_Click",
+       [&rooms] { rooms.formatting.ShowWhatCanBeUndone(rooms.controls.menus); });
     for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         MenuItem& item = menus.mnuMRU(entry);
         item.OnClick([&rooms, &item] { rooms.opening.mnuMRU_Click(item); }, InMainForm("mnuMRU_Click"));
@@ -263,6 +269,7 @@ void WireCalendar(Rooms& rooms)
     On(cells, &Cells::GotFocus, "tbDay_GotFocus", rooms.dayView, &DayView::FollowFocus);
     On(cells, &Cells::HeadingDblClick, "lblDayOfWeek_DblClick", rooms.appearance, &Appearance::lblDayOfWeek_DblClick);
     On(cells, &Cells::PanelDblClick, "panelDay_DblClick", rooms.dayView, &DayView::panelDay_DblClick);
+    On(cells, &Cells::BlankDblClick, "tbDay_DblClick", rooms.dayView, &DayView::panelDay_DblClick);
     On(cells, &Cells::AlarmMarkClick, "btnTunes_Click", rooms.alarms, &AlarmHandlers::btnTunes_Click);
     On(cells, &Cells::MouseMove, "tbDay_MouseMove", rooms.dateDifference, &DateDifference::tbDay_MouseMove);
     On(cells, &Cells::Redrawn, "tbDay_MouseMove", rooms.dateDifference, &DateDifference::FollowCell);

@@ -125,6 +125,12 @@ void ORLCombo::ShowText(const QString& text)
     update();
 }
 
+void ORLCombo::ShowTextOrEntry(const QString& text)
+{
+    const int index = text.isEmpty() ? -1 : findText(text);
+    index >= 0 ? SetListIndex(index) : ShowText(text);
+}
+
 void ORLCombo::initStyleOption(QStyleOptionComboBox* option) const
 {
     QComboBox::initStyleOption(option);
@@ -174,6 +180,7 @@ void ORLCombo::showPopup()
     m_clicked = true;
     Q_EMIT Click();
     Fetch();
+    if (!m_unlisted.isEmpty()) ShowTextOrEntry(m_unlisted);
     Dress(*view());
     QComboBox::showPopup();
 }

@@ -27,6 +27,8 @@ public:
     // Shows a text that is not in the list until the next choice or SetListIndex. ListIndex() is unchanged; raises no
     // event.
     void ShowText(const QString& text);
+    // Shows the text, as an entry if the list has been read and has it. Raises no event.
+    void ShowTextOrEntry(const QString& text);
 
     QSize sizeHint() const override { return SizeFor(m_usual); }        // room for a usual entry
     QSize minimumSizeHint() const override { return SizeFor(m_least); } // for a narrow bar; longer texts are cut

@@ -47,6 +47,8 @@ public:
     // A locked box refuses typing but allows selecting and copying.
     bool Locked() const { return !(textInteractionFlags() & Qt::TextEditable); }
     void SetLocked(bool locked);
+    bool CanUndo() const { return !Locked() && document()->isUndoAvailable(); }
+    bool CanRedo() const { return !Locked() && document()->isRedoAvailable(); }
 
     bool Modified() const { return document()->isModified(); } // since the content was set
     void SetModified(bool modified);
@@ -104,6 +106,7 @@ Q_SIGNALS:
     // precedes MouseDown, and Click follows.
     void GotFocus();
     void Click();
+    void BlankDblClick();                                     // below the text, or in a box without text
     void MouseDown(int button, const QPoint& globalPosition); // 1 left, RightButton, 4 middle
     void MouseMove();
     void Change();

@@ -1,6 +1,7 @@
 #include "platform/richtext/layoutcost.h"
 #include "platform/richtext/richtextbox.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -129,11 +130,10 @@ void RichTextBox::mousePressEvent(QMouseEvent* event)
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) {
-        QTextEdit::mouseDoubleClickEvent(event);
-    } else {
-        mousePressEvent(event);
-    }
+    if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+    const double y = event->position().y() + verticalScrollBar()->value();
+    if (IsEmpty() || y > document()->documentLayout()->documentSize().height()) return Q_EMIT BlankDblClick();
+    QTextEdit::mouseDoubleClickEvent(event);
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
