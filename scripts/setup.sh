@@ -50,6 +50,7 @@ virtual_screen() {
     screen_name=":$(cat "$answer")"
     rm "$answer"
     [ "$screen_name" != : ] && return
+    kill "$screen" 2>/dev/null || true
     say "The virtual screen does not start."
     exit 1
 }

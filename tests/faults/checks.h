@@ -9,7 +9,8 @@ struct Answer
     faultycalls::Fault fault;
     bool isKept = false; // the child printed Keeps
     int calls = 0;
-    QString text; // empty if the child was killed
+    QByteArrayList syncs = {}; // the numbers of the calls that sync
+    QString text = {};         // empty if the child was killed
 };
 
 // Copies the planner, an older one and the settings of the scene's start.

@@ -10,8 +10,8 @@
 // process is killed, the power is cut, or the disk is full or bad, once or from then on. In each case the planner
 // opens, every committed note is there, typed text is kept somewhere, and a step that reports success has succeeded.
 //
-// A run by ctest kills a step without a window at each of its calls, and tests some calls of all else;
-// ORRELIN_FAULTS=all tests every one.
+// A run by ctest kills a step without a window at each of its calls, fails each sync of a save, and tests some calls of
+// all else; ORRELIN_FAULTS=all tests every one.
 
 namespace {
 using faultycalls::Fault;
@@ -29,7 +29,10 @@ int RunChild(const QStringList& words)
     const Stage stage{words[2], [&] { faultycalls::Arm(Fault(words[3].toInt()), words[4].toInt()); }};
     const QString answer = Scenes()[words[1].toInt()].Play(stage);
     const int calls = faultycalls::Disarm();
-    std::printf("%d\n%s\n", calls, answer.toUtf8().constData());
+    std::printf("%d", calls);
+    for (const int sync : faultycalls::Syncs())
+        std::printf(" %d", sync);
+    std::printf("\n%s\n", answer.toUtf8().constData());
     std::fflush(stdout);
     ::_exit(0); // skips the destructors, which are not tested here
 }
@@ -54,7 +57,7 @@ public:
     // Waits for the child's end and checks its files.
     Answer Finish()
     {
-        Answer answer{m_fault, false, 0, {}};
+        Answer answer{m_fault};
         Hear(answer);
         if (!QTest::currentTestFailed()) Check(Scenes()[m_scene], m_folder.path(), answer);
         return answer;
@@ -73,7 +76,8 @@ private:
         }
         QCOMPARE(m_child.exitCode(), 0);
         QVERIFY2(lines.size() > 2, "it gave no answer");
-        answer.calls = lines[lines.size() - 3].toInt();
+        answer.syncs = lines[lines.size() - 3].split(' ');
+        answer.calls = answer.syncs.takeFirst().toInt();
         answer.text = QString::fromUtf8(lines[lines.size() - 2]);
     }
 
@@ -88,17 +92,33 @@ class FaultSuite : public QObject
 {
     Q_OBJECT
 
-    QMap<int, int> m_calls; // for each scene, counted without a fault
+    QMap<int, Answer> m_whole; // of each scene without a fault
     int m_faults = 0;
 
-    int CallsOf(int scene)
+    const Answer& Whole(int scene)
     {
-        if (!m_calls.contains(scene)) {
+        if (!m_whole.contains(scene)) {
             const Answer whole = Run(scene, Fault::None, 0).Finish();
-            m_calls[scene] = whole.text == u"done" ? whole.calls : 0;
+            m_whole.insert(scene, whole.text == u"done" ? whole : Answer{Fault::None});
             if (whole.text != u"done") qInfo("%s", qPrintable(whole.text));
         }
-        return m_calls[scene];
+        return m_whole[scene];
+    }
+
+    // The calls to test.
+    QList<int> Places(int scene, Fault fault)
+    {
+        const int calls = Whole(scene).calls;
+        // A kill costs little where no window is opened.
+        const bool takesAll = TakesAll() || (fault == Fault::Kill && Scenes()[scene].isQuick);
+        const int step = takesAll ? 1 : qMax(1, calls / AtOnce);
+        QList<int> places;
+        for (int at = 1 + int(fault) % step; at <= calls; at += step)
+            places += at;
+        if (!takesAll && fault == Fault::BadDisk && QByteArrayView(Scenes()[scene].name) == "save")
+            for (const QByteArray& sync : Whole(scene).syncs)
+                places += sync.toInt();
+        return places;
     }
 
 private Q_SLOTS:
@@ -122,19 +142,15 @@ private Q_SLOTS:
     {
         QFETCH(int, scene);
         QFETCH(int, fault);
-        const int calls = CallsOf(scene);
-        QVERIFY(calls > 2);
-        // A kill costs little where no window is opened.
-        const bool takesAll = TakesAll() || (Fault(fault) == Fault::Kill && Scenes()[scene].isQuick);
-        const int step = takesAll ? 1 : qMax(1, calls / AtOnce);
-        for (int at = 1 + fault % step; at <= calls && !QTest::currentTestFailed();) {
-            std::vector<std::unique_ptr<Run>> runs;
-            const int first = at;
-            for (; at <= calls && runs.size() < AtOnce; at += step, ++m_faults)
-                runs.push_back(std::make_unique<Run>(scene, Fault(fault), at));
-            for (std::size_t i = 0; i < runs.size() && !QTest::currentTestFailed(); ++i) {
-                runs[i]->Finish();
-                if (QTest::currentTestFailed()) qInfo("at call %d of %d", first + int(i) * step, calls);
+        QVERIFY(Whole(scene).calls > 2);
+        const QList<int> places = Places(scene, Fault(fault));
+        for (int next = 0; next < places.size() && !QTest::currentTestFailed(); next += AtOnce) {
+            std::map<int, Run> runs;
+            for (const int at : places.mid(next, AtOnce))
+                m_faults += runs.try_emplace(at, scene, Fault(fault), at).second;
+            for (auto& [at, run] : runs) {
+                if (!QTest::currentTestFailed()) run.Finish();
+                if (QTest::currentTestFailed()) qInfo("at call %d of %d", at, Whole(scene).calls);
             }
         }
     }

@@ -18,6 +18,7 @@ Fault g_fault = Fault::None;
 bool g_isArmed = false;
 int g_at = 0;
 int g_calls = 0;
+std::vector<int> g_syncs;
 
 void End()
 {
@@ -77,7 +78,8 @@ int Truncate(int file, off_t size)
 
 int Sync(int file, long number)
 {
-    const int error = DueOn(file);
+    const int before = g_calls, error = DueOn(file);
+    if (g_calls > before) g_syncs.push_back(g_calls);
     error == 0 ? powercut::Synced(file) : powercut::Lose(file);
     return int(Call(error, number, file));
 }
@@ -122,6 +124,11 @@ void faultycalls::Arm(Fault fault, int at)
     g_at = at;
     g_calls = 0;
     g_isArmed = true;
+}
+
+const std::vector<int>& faultycalls::Syncs()
+{
+    return g_syncs;
 }
 
 int faultycalls::Disarm()

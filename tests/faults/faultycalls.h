@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace faultycalls {
 enum class Fault
@@ -25,4 +26,5 @@ inline bool Ends(Fault fault)
 void Watch(const std::string& folder); // a power cut loses changes from here on; see powercut.h
 void Arm(Fault fault, int at);         // starts counting calls
 int Disarm();                          // returns the number of calls and ends the faults
+const std::vector<int>& Syncs();       // the numbers of those that synced a file or a folder
 } // namespace faultycalls

@@ -381,6 +381,27 @@ private Q_SLOTS:
         Write(days, m_key, "new");
         QCOMPARE(Read(days, m_key), QByteArray("new")); // a write discards the expected rows
     }
+
+    // It makes the server refuse what is prepared. One refusal must spoil neither the read nor later ones.
+    void AChangedColumnIsReadOn()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        Recordset days = Days(database);
+        const auto expect = [&] {
+            const ReadTransaction reading(database);
+            reading.Expect(days, {m_key});
+            return Read(days, m_key);
+        };
+        QCOMPARE(expect(), QByteArray("old"));
+        QCOMPARE(expect(), QByteArray("old")); // prepared
+        TestServer::Get().Ask(
+            u"ALTER TABLE orrelin_%1.\"QMT Table\" ALTER \"qmtDate\" TYPE varchar(30)"_s.arg(m_planner));
+        QCOMPARE(expect(), QByteArray("old"));
+        const ReadTransaction reading(database);
+        reading.Expect(days, {m_key});
+        TestServer::Get().Cut();
+        QCOMPARE(Read(days, m_key), QByteArray("old"));
+    }
 };
 
 ORRELIN_TEST_WITHOUT_WINDOWS(ServerTest)

@@ -177,6 +177,7 @@ SqlRows PostgresConnection::Run(const QString& statement, const SqlValues& value
         // The server reports no error for the commit of a spoilt transaction, though it keeps nothing of it. A step of
         // a group is undone alone.
         if (m_writing && !m_inStep && !m_lost) m_lost = failure;
+        StopReading(); // in a failed transaction every later look-up would fail
         throw failure;
     }
 }

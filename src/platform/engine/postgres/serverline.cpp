@@ -5,6 +5,7 @@
 #include "platform/runtime/runtimeerror.h"
 
 #include <QDateTime>
+#include <QScopeGuard>
 
 #include <linux/tcp.h>
 #include <netinet/in.h>
@@ -102,16 +103,15 @@ bool ServerLine::IsOpen() const
 }
 
 // The server parses and plans a statement each time that it is not prepared. One that comes twice will come often.
-const ServerLine::Known& ServerLine::Know(const QString& statement, Milliseconds longestSilence)
+QByteArray ServerLine::NameOf(const QString& statement, Milliseconds longestSilence)
 {
-    const auto known = m_known.find(statement);
-    if (known == m_known.end()) return *m_known.insert(statement, {'s' + QByteArray::number(m_known.size())});
-    if (!known->isPrepared) {
-        if (!m_library.PQsendPrepare(m_connection.get(), known->name, statement.toUtf8(), 0, nullptr)) Raise(nullptr);
-        Answer(longestSilence);
-        known->isPrepared = true;
-    }
-    return *known;
+    const auto known = m_names.constFind(statement);
+    if (known == m_names.cend()) return *m_names.insert(statement, {});
+    if (!known->isEmpty()) return *known;
+    const QByteArray name = 's' + QByteArray::number(++m_prepared);
+    if (!m_library.PQsendPrepare(m_connection.get(), name, statement.toUtf8(), 0, nullptr)) Raise(nullptr);
+    Answer(longestSilence);
+    return *m_names.insert(statement, name);
 }
 
 bool ServerLine::Send(const QString& statement, const SqlValues& values, Milliseconds longestSilence)
@@ -125,10 +125,9 @@ bool ServerLine::Send(const QString& statement, const SqlValues& values, Millise
     for (std::size_t i = 0; i < values.size(); ++i)
         parameters.push_back(values[i].isNull() ? nullptr : texts[i].constData());
     const auto count = static_cast<int>(values.size());
-    const Known& known = Know(statement, longestSilence);
-    if (known.isPrepared)
-        return m_library.PQsendQueryPrepared(m_connection.get(), known.name, count, parameters.data(), nullptr, nullptr,
-                                             0);
+    const QByteArray name = NameOf(statement, longestSilence);
+    if (!name.isEmpty())
+        return m_library.PQsendQueryPrepared(m_connection.get(), name, count, parameters.data(), nullptr, nullptr, 0);
     return m_library.PQsendQueryParams(m_connection.get(), statement.toUtf8(), count, nullptr, parameters.data(),
                                        nullptr, nullptr, 0);
 }
@@ -157,8 +156,12 @@ ServerLine::Owned<PGresult> ServerLine::NextResult(Milliseconds longestSilence)
 
 SqlRows ServerLine::Ask(const QString& statement, const SqlValues& values, Milliseconds longestSilence)
 {
+    // A prepared statement fails for good if another program changes the type of a column that it reads.
+    auto forget = qScopeGuard([&] { m_names.remove(statement); });
     if (!Send(statement, values, longestSilence)) Raise(nullptr);
-    return Answer(longestSilence);
+    SqlRows rows = Answer(longestSilence);
+    forget.dismiss();
+    return rows;
 }
 
 SqlRows ServerLine::Answer(Milliseconds longestSilence)

@@ -30,8 +30,8 @@ public:
     int Process() const { return m_library.PQbackendPID(m_connection.get()); }
     int Socket() const { return m_library.PQsocket(m_connection.get()); }
 
-    // Runs one statement with its values, or several without values. Returns the rows of the last statement that has
-    // some. Error; InputOutput for an invalid answer. After such a silence the session is over.
+    // Runs one statement with its values, or several that are no queries. Returns the rows of the last statement that
+    // has some. Error; InputOutput for an invalid answer. After such a silence the session is over.
     SqlRows Ask(const QString& statement, const SqlValues& values, Milliseconds longestSilence);
     void TakeIn(); // reads messages that have arrived
 
@@ -46,13 +46,7 @@ private:
     template <typename Thing>
     using Owned = std::unique_ptr<Thing, Ending>;
 
-    struct Known // a statement asked before
-    {
-        QByteArray name;
-        bool isPrepared = false;
-    };
-
-    const Known& Know(const QString& statement, Milliseconds longestSilence);
+    QByteArray NameOf(const QString& statement, Milliseconds longestSilence);
     bool Send(const QString& statement, const SqlValues& values, Milliseconds longestSilence);
     SqlRows Answer(Milliseconds longestSilence);
     void Await(Milliseconds longestSilence);
@@ -65,6 +59,7 @@ private:
     const ClientLibrary& m_library;
     Owned<PGconn> m_connection;
     Told m_told;
-    QHash<QString, Known> m_known;
+    QHash<QString, QByteArray> m_names; // of the statements asked before; empty if not prepared
+    int m_prepared = 0;
     bool m_isOver = false;
 };

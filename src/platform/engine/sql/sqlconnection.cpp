@@ -111,10 +111,11 @@ void SqlConnection::Commit()
 void SqlConnection::Rollback()
 {
     m_lost.reset();
-    if (!std::exchange(m_writing, false) || !HasTransaction()) return;
+    if (!std::exchange(m_writing, false)) return;
     try {
-        Run(u"ROLLBACK"_s, {}, Patience::Usual);
+        if (HasTransaction()) Run(u"ROLLBACK"_s, {}, Patience::Usual);
     } catch (const RunTimeError&) {
         Abandon();
     }
+    ForgetPages();
 }

@@ -52,7 +52,8 @@ protected:
     // For a database in which a failed statement spoils the whole write: a step can be undone alone.
     virtual void BeginStep() {}
     virtual void UndoStep() {}
-    virtual void Abandon() {} // after a failed rollback
+    virtual void Abandon() {}     // after a failed rollback
+    virtual void ForgetPages() {} // after any rollback: pages in memory may be those of the lost write
     // A commit has failed and no transaction is open. Returns only if the commit has succeeded nevertheless.
     virtual void ClearDoubt(const RunTimeError& failure) { throw failure; }
 

@@ -135,9 +135,10 @@ void SqlStore::CreateTable(const TableDef& table)
 }
 
 template <typename Make>
-const QString& SqlStore::Kept(Shape&& shape, Make&& make)
+const QString& SqlStore::Kept(const TableDef& table, qint64 number, Make&& make, const QString& index,
+                              const QString& soughtField)
 {
-    QString& statement = m_statements[std::move(shape)];
+    QString& statement = m_statements[{table.Name, table.Fields.size(), index, soughtField, number}];
     if (statement.isEmpty()) statement = make();
     return statement;
 }
@@ -150,8 +151,9 @@ std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& i
     if (std::ranges::any_of(lookUps, &LookUp::pastId)) values.emplace_back(place.id);
     const bool isSearch = !sought.field.isEmpty();
     if (isSearch) values.emplace_back(sought.text);
-    const QString& statement = Kept({table.Name, index.Fields, sought.field, NumberOf(lookUps, limit)},
-                                    [&] { return m_text.Find(table, index, lookUps, sought.field, limit); });
+    const QString& statement = Kept(
+        table, NumberOf(lookUps, limit), [&] { return m_text.Find(table, index, lookUps, sought.field, limit); },
+        index.Fields, sought.field);
     // For a rare word a server reads every note before it answers.
     const auto patience = isSearch ? SqlConnection::Patience::Long : SqlConnection::Patience::Usual;
     std::vector<Row> rows;
@@ -208,7 +210,7 @@ std::optional<Store::Row> SqlStore::FindLike(const TableDef& table, const Index&
 
 std::optional<Store::Row> SqlStore::Fetch(const TableDef& table, qint64 id)
 {
-    const QString& statement = Kept({table.Name, {}, {}, Fetching}, [&] { return m_text.Fetch(table); });
+    const QString& statement = Kept(table, Fetching, [&] { return m_text.Fetch(table); });
     const SqlRows found = Connection().Ask(statement, {id});
     return found.empty() ? std::nullopt : std::optional(RowOf(found.front(), table));
 }
@@ -237,7 +239,7 @@ SqlRow SqlStore::Written(const QString& statement, const SqlValues& values, cons
 
 qint64 SqlStore::Insert(const TableDef& table, const std::vector<QVariant>& values)
 {
-    const QString& statement = Kept({table.Name, {}, {}, Inserting}, [&] { return m_text.Insert(table); });
+    const QString& statement = Kept(table, Inserting, [&] { return m_text.Insert(table); });
     return Written(statement, values, table, values, values).Number(0);
 }
 
@@ -245,12 +247,12 @@ void SqlStore::Replace(const TableDef& table, const Row& old, const std::vector<
 {
     SqlValues all = values;
     Append(all, OldOf(old));
-    const QString& statement = Kept({table.Name, {}, {}, Replacing}, [&] { return m_text.Replace(table); });
+    const QString& statement = Kept(table, Replacing, [&] { return m_text.Replace(table); });
     Written(statement, all, table, old.values, values);
 }
 
 void SqlStore::Erase(const TableDef& table, const Row& old)
 {
-    const QString& statement = Kept({table.Name, {}, {}, Erasing}, [&] { return m_text.Erase(table); });
+    const QString& statement = Kept(table, Erasing, [&] { return m_text.Erase(table); });
     Written(statement, OldOf(old), table, old.values, old.values);
 }

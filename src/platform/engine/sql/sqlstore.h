@@ -70,15 +70,17 @@ private:
         QString text;
     };
 
-    // What a statement depends on: its table, index and searched field, and a number for the rest.
-    using Shape = std::tuple<QString, QString, QString, qint64>;
+    // What a statement depends on: its table with the number of fields, its index and searched field, and a number for
+    // the rest.
+    using Shape = std::tuple<QString, std::size_t, QString, QString, qint64>;
 
     SqlCatalog Catalog();
     SqlCatalog::Table TableOf(const QString& name); // NoTable
     std::vector<Row> Look(const TableDef& table, const Index& index, From from, const Place& place,
                           const Sought& sought, int limit);
     template <typename Make>
-    const QString& Kept(Shape&& shape, Make&& make);
+    const QString& Kept(const TableDef& table, qint64 number, Make&& make, const QString& index = {},
+                        const QString& soughtField = {});
     std::vector<Row> LookOnce(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
                               const Place& place, const Sought& sought, int limit);
     std::optional<Row> FindLike(const TableDef& table, const Index& index, From from, Place place,

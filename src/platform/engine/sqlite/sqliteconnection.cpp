@@ -171,6 +171,13 @@ SqlRows SqliteConnection::Run(const QString& statement, const SqlValues& values,
     });
 }
 
+// A failed sync of the journal can lose its bytes. The rollback then finds no pages to restore, and the ones in memory
+// stay as the lost write has made them. The next write would mix them with the pages in the file.
+void SqliteConnection::ForgetPages()
+{
+    m_database.tryExec("PRAGMA shrink_memory");
+}
+
 bool SqliteConnection::HasTransaction() const
 {
     return sqlite3_get_autocommit(m_database.getHandle()) == 0;

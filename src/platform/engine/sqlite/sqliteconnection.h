@@ -42,6 +42,7 @@ protected:
     void PrepareWrite() override;
     SqlRows Run(const QString& statement, const SqlValues& values, Patience patience) override;
     bool HasTransaction() const override;
+    void ForgetPages() override;
 
 private:
     void CheckWritable() const;

@@ -92,6 +92,7 @@ constinit const SqlDialect Dialect = {
 SqlRows Ask(SQLite::Statement& statement, const SqlValues& values)
 {
     const Use use(statement);
+    statement.clearBindings(); // no value of an earlier use may stay
     int number = 0;
     for (const QVariant& value : values)
         Bind(statement, ++number, value);
