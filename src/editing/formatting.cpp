@@ -95,7 +95,9 @@ void Formatting::mnuRedo_Click()
 
 void Formatting::mnuSelectAll_Click()
 {
-    SendKey(Qt::Key_A, Qt::ControlModifier);
+    RichTextBox& box = CurrentBox(); // its own key is another command's here
+    box.setFocus();
+    box.selectAll();
 }
 
 void Formatting::ShowWhatCanBeUndone(Menus& menus) const

@@ -40,6 +40,7 @@
 #include "recurrence/recurform.h"
 #include "shell/activation.h"
 #include "shell/controls.h"
+#include "shell/redokey.h"
 #include "shell/shellhandlers.h"
 #include "tools/datedifference.h"
 #include "tools/datesearch.h"
@@ -71,6 +72,7 @@ struct Rooms
 
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};
+    RedoKey redoKey;
     CToolbarView m_pToolbar{*controls.bar.tbTop, controls.menus};
     CSidebarView m_pSidebar{controls.sidebar, controls.menus};
     CStatusbarView m_pStatusbar{controls.bottom};

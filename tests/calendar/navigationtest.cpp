@@ -2,6 +2,8 @@
 #include "program.h"
 #include "testmain.h"
 
+#include <QtTest/qtestspontaneevent.h>
+
 // Every way of moving through time, with a planner and without; today is 17 March 1999.
 class NavigationTest : public QObject
 {
@@ -81,6 +83,42 @@ private Q_SLOTS:
         m_program->Trigger("mnuWeekView");
         QTest::keyClick(&Picture("imgRightSpin"), Qt::Key_Space);
         QCOMPARE(m_program->Panel(36).Caption(), u" 21"_s);
+    }
+
+    void KeysAndWheelMove()
+    {
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(18, u"text"_s); // the first of March is in cell 2
+        const std::tuple<int, Qt::KeyboardModifiers, int> steps[] = {
+            {Qt::Key_Left, Qt::AltModifier, 17},  {Qt::Key_Up, Qt::AltModifier, 10},
+            {Qt::Key_Right, Qt::AltModifier, 11}, {Qt::Key_Down, Qt::AltModifier, 18},
+            {Qt::Key_End, Qt::AltModifier, 32},   {Qt::Key_Down, Qt::AltModifier, 32},
+            {Qt::Key_Home, Qt::AltModifier, 2},   {Qt::Key_Left, Qt::AltModifier, 1},
+            {Qt::Key_Left, Qt::AltModifier, 1},   {Qt::Key_PageDown, Qt::ControlModifier, 1}};
+        for (const auto& [key, modifiers, cell] : steps) {
+            const InRow row(this, u"%1 to %2"_s.arg(QKeySequence(int(modifiers) | key).toString()).arg(cell));
+            QTest::keyClick(m_program->form->focusWidget(), Qt::Key(key), modifiers);
+            QVERIFY(m_program->Box(cell).hasFocus());
+        }
+        QCOMPARE(Month(), QPoint(1999, 4));
+        const auto turn = [&](QWidget& widget, int delta) {
+            QWheelEvent event(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, delta), {}, {},
+                              Qt::NoScrollPhase, false);
+            QSpontaneKeyEvent::setSpontaneous(&event); // only a person's wheel is passed on to the client area
+            qApp->notify(&widget, &event);
+            return Month();
+        };
+        SSPanel& heading = m_program->Find<SSPanel>("lblDayOfWeek(3)");
+        QCOMPARE(turn(heading, -120), QPoint(1999, 5));
+        QCOMPARE(turn(heading, -60), QPoint(1999, 5)); // a fine wheel
+        QCOMPARE(turn(heading, -60), QPoint(1999, 6));
+        QCOMPARE(turn(Picture("imgLeftSpin"), 240), QPoint(1999, 4));
+        QCOMPARE(turn(*m_program->Box(18).viewport(), -120), QPoint(1999, 4));
+        QCOMPARE(turn(m_program->Panel(18), -120), QPoint(1999, 4));
+        m_program->Trigger("mnuWeekView");
+        const QString sunday = m_program->Panel(36).Caption();
+        QTest::keyClick(m_program->form.get(), Qt::Key_PageUp, Qt::ControlModifier);
+        QVERIFY(m_program->Panel(36).Caption() != sunday);
     }
 
     void MidnightBringsBackToday()

@@ -60,6 +60,25 @@ private Q_SLOTS:
         QCOMPARE(Ini("Zoombox", "Height"), u"6000"_s);
     }
 
+    void aDoubleClickBelowTheTextOpensIt()
+    {
+        m_program->New(u"notes.mdb"_s);
+        m_program->Type(18, u"word"_s);
+        for (const auto& [cell, place, opens] :
+             {std::tuple(18, QPoint(15, 8), false), std::tuple(18, QPoint(15, 40), true),
+              std::tuple(20, QPoint(15, 8), true)}) {
+            bool hasOpened = false;
+            OnNextModal<ZoomBoxForm>([&](ZoomBoxForm& form) {
+                hasOpened = true;
+                form.reject();
+            });
+            QTest::mouseDClick(m_program->Box(cell).viewport(), Qt::LeftButton, {}, place);
+            DropAnswers();
+            QCOMPARE(hasOpened, opens);
+        }
+        QCOMPARE(g_iCurrentPanel, std::int16_t{20});
+    }
+
     void waysOutWithoutTheText()
     {
         for (const auto& [what, cancels] : Rows<bool>{{"cancel", true}, {"escape", false}}) {

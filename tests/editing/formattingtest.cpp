@@ -7,6 +7,7 @@
 
 #include <QClipboard>
 #include <QListView>
+#include <QMenu>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -106,6 +107,43 @@ private Q_SLOTS:
         const QString family = Combo("orlcmbFontname").List(1);
         Choose("orlcmbFontname", family);
         QCOMPARE(box.SelFontName(), family);
+        m_program->Click(20);
+        QTRY_COMPARE(Combo("orlcmbFontname").Text(), u"Arial"_s);
+        QCOMPARE(Combo("orlcmbFontcolor").Text(), u"Black"_s);
+        m_program->Click(18); // behind the first word's beginning
+        QTRY_COMPARE(Combo("orlcmbFontname").Text(), family);
+        QCOMPARE(Combo("orlcmbFontsize").Text(), u"14"_s);
+        QCOMPARE(Combo("orlcmbFontcolor").ListIndex(), ORLCombo::BlankColor);
+    }
+
+    void theEditMenuUndoes()
+    {
+        const auto entries = [this] {
+            QMenu& menu = *m_program->Entry("mnuEdit").menu();
+            Q_EMIT menu.aboutToShow();
+            QString enabled;
+            for (const char* name : {"mnuUndo", "mnuRedo", "mnuSelectAll"})
+                enabled += m_program->Entry(name).isEnabled() ? u'y' : u'n';
+            return enabled;
+        };
+        QCOMPARE(entries(), u"nnn"_s);
+        RichTextBox& box = Write(u"word"_s);
+        QCOMPARE(entries(), u"yny"_s);
+        m_program->Trigger("mnuUndo");
+        QTRY_COMPARE(box.Text(), QString());
+        QCOMPARE(entries(), u"nyn"_s);
+        for (const auto& [key, modifiers, text] :
+             {std::tuple(Qt::Key_Y, Qt::KeyboardModifiers(Qt::ControlModifier), u"word"_s),
+              std::tuple(Qt::Key_Z, Qt::KeyboardModifiers(Qt::ControlModifier), QString()),
+              std::tuple(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, u"word"_s)}) {
+            QTest::keyClick(&box, key, modifiers);
+            QCOMPARE(box.Text(), text);
+        }
+        QCOMPARE(entries(), u"yny"_s);
+        m_program->Trigger("mnuSelectAll");
+        QTRY_COMPARE(box.SelLength(), 4);
+        box.SetLocked(true);
+        QCOMPARE(entries(), u"nny"_s);
     }
 
     void aNoteThatIsLeftShowsItsBeginning()
