@@ -29,16 +29,11 @@ namespace {
 constexpr int PictureSize = 32; // logical pixels a side
 const QString Blanks(3, u' ');  // behind each picture
 
-[[noreturn]] void RaiseAccessError()
-{
-    throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
-}
-
 // Regular files only: reading a pipe would never end.
 QByteArray ReadIcon(const QString& path)
 {
     const QByteArray content = DataOfFile(QUrl::fromLocalFile(path));
-    if (content.isEmpty()) RaiseAccessError();
+    if (content.isEmpty()) errors::RaiseAccess();
     return content;
 }
 
@@ -99,12 +94,12 @@ void FixPictures(const QString& path)
 {
     QFile old(path);
     if (!old.exists()) throw RunTimeError{errors::FileNotFound, u"File not found"_s};
-    if (!old.open(QIODevice::ReadOnly)) RaiseAccessError();
+    if (!old.open(QIODevice::ReadOnly)) errors::RaiseAccess();
     QSaveFile fixed(path);
-    if (!fixed.open(QIODevice::WriteOnly)) RaiseAccessError();
+    if (!fixed.open(QIODevice::WriteOnly)) errors::RaiseAccess();
     while (!old.atEnd())
         fixed.write(Fixed(WithoutLineEnd(old.readLine())) + "\r\n");
-    if (!fixed.flush() || !fixed.commit()) RaiseAccessError();
+    if (!fixed.flush() || !fixed.commit()) errors::RaiseAccess();
 }
 } // namespace
 
@@ -169,7 +164,7 @@ void PictureBar::tbPictureBox_OLEDragDrop(const QStringList& files)
         const QByteArray content = ReadIcon(dropped);
         // The strip ends at the first damaged picture, so a damaged file must not get into the folder.
         if (ImageSize(content).isEmpty()) return RefuseFormat();
-        if (!WriteDurably(icons.filePath(name), content)) RaiseAccessError();
+        if (!WriteDurably(icons.filePath(name), content)) errors::RaiseAccess();
     });
 }
 

@@ -81,6 +81,13 @@ bool PictureButton::event(QEvent* event)
 }
 
 // It stays down wherever the mouse goes.
+// The toolkit learns of a mouse that rests over the button only when it moves.
+void PictureButton::initStyleOption(QStyleOptionButton* option) const
+{
+    QPushButton::initStyleOption(option);
+    option->state.setFlag(QStyle::State_MouseOver, underMouse() && isEnabled());
+}
+
 void PictureButton::mouseMoveEvent(QMouseEvent* event)
 {
     if (!isDown()) QPushButton::mouseMoveEvent(event);

@@ -35,6 +35,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void initStyleOption(QStyleOptionButton* option) const override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void nextCheckState() override {} // only the program changes elements

@@ -52,11 +52,6 @@ bool IsBlankOrSpace(QChar character)
 {
     return character.isSpace() || IsBlank(character);
 }
-
-[[noreturn]] void RaiseAccessError()
-{
-    throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
-}
 } // namespace
 
 RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent)
@@ -225,19 +220,19 @@ void RichTextBox::LoadFile(const QString& path)
 {
     if (!QFile::exists(path)) throw RunTimeError{errors::FileNotFound, u"File not found"_s};
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) RaiseAccessError();
+    if (!file.open(QIODevice::ReadOnly)) errors::RaiseAccess();
     const QByteArray content = file.readAll();
-    if (file.error() != QFileDevice::NoError) RaiseAccessError();
+    if (file.error() != QFileDevice::NoError) errors::RaiseAccess();
     SetTextRTF(content);
 }
 
 void RichTextBox::SaveFile(const QString& path)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) RaiseAccessError();
+    if (!file.open(QIODevice::WriteOnly)) errors::RaiseAccess();
     const QByteArray content = TextRTF();
     // commit() replaces the file even after a short write or a failed flush.
-    if (file.write(content) != content.size() || !file.flush() || !file.commit()) RaiseAccessError();
+    if (file.write(content) != content.size() || !file.flush() || !file.commit()) errors::RaiseAccess();
 }
 
 void RichTextBox::SetRightMargin(int pixels)

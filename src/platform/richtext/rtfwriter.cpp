@@ -102,10 +102,9 @@ QByteArray Writer::Take()
         head.Raw(";");
     }
     head.Raw("}\r\n\\viewkind4\\uc1");
-    constexpr QByteArrayView Tail = "}\r\n";
-    QByteArray rtf;
-    rtf.reserve(head.Rtf().size() + m_body.Rtf().size() + Tail.size());
-    return rtf.append(head.Rtf()).append(m_body.Rtf()).append(Tail);
+    head.Raw(m_body.Rtf());
+    head.Raw("}\r\n");
+    return head.Rtf().toByteArray();
 }
 
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)

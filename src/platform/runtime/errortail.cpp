@@ -17,7 +17,7 @@ void OpenErrorLog(const QString& path)
     CloseErrorLog();
     g_iErrCount = 0;
     g_iErrFile = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644);
-    if (g_iErrFile < 0) throw RunTimeError{errors::PathFileAccess, u"Path/File access error"_s};
+    if (g_iErrFile < 0) errors::RaiseAccess();
 }
 
 void CloseErrorLog()

@@ -23,4 +23,9 @@ inline constexpr int AlreadyLoaded = 360;
 inline constexpr int InvalidPropertyValue = 380;
 inline constexpr int InvalidPicture = 481;
 inline constexpr int DialogCancelled = 32755;
+
+[[noreturn]] inline void RaiseAccess()
+{
+    throw RunTimeError{PathFileAccess, QStringLiteral("Path/File access error")};
+}
 } // namespace errors

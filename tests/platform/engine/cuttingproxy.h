@@ -44,7 +44,7 @@ public:
     int Port() const { return m_port; }
     void CutAt(Cut cut) { m_cut = cut; }      // once, at the next COMMIT
     void Shut(bool shut) { m_isShut = shut; } // refuses new connections
-    void Slow() { m_isSlow = true; }          // sends the server's answers in small pieces
+    void Slow() { m_isSlow = true; }          // refuses late, and sends the server's answers in small pieces
     // Reports another process number than the server's, as a pooler does.
     void PretendToBeAPooler() { m_isPooler = true; }
 
@@ -65,6 +65,7 @@ private:
         for (int program = ::accept(m_listener, nullptr, nullptr); program >= 0;
              program = ::accept(m_listener, nullptr, nullptr)) {
             if (m_isShut) {
+                if (m_isSlow) std::this_thread::sleep_for(std::chrono::milliseconds(200));
                 ::close(program);
                 continue;
             }

@@ -257,7 +257,7 @@ private Q_SLOTS:
     void ACommitThatCannotGetThroughIsTold()
     {
         Database database = DBEngine::OpenDatabase(m_path);
-        Recordset days = Days(database);
+        Recordset days = Days(database), others = Days(database);
         sqlite3* reader = nullptr;
         sqlite3_open(QFile::encodeName(m_path), &reader);
         const auto close = qScopeGuard([&] { sqlite3_close(reader); });
@@ -270,8 +270,19 @@ private Q_SLOTS:
         QCOMPARE(ErrorOf([&] { WriteTransaction group(database); }), CouldNotSave);
         Recordset second;
         QCOMPARE(ErrorOf([&] { second = database.OpenTable(u"QMT Table"_s); }), Busy);
-        sqlite3_exec(reader, "COMMIT", nullptr, nullptr, nullptr);
-        days.Update(); // the same text, after the reader has ended
+        {
+            const ReadTransaction reading(database);
+            for (int day = 1; day <= 2; ++day) // the second does not wait
+                QCOMPARE(ErrorOf([&] { others.Seek(u"="_s, m_key); }), Busy);
+        }
+        // The next read waits again.
+        std::thread end([&] {
+            QThread::msleep(200);
+            sqlite3_exec(reader, "COMMIT", nullptr, nullptr, nullptr);
+        });
+        QCOMPARE(ErrorOf([&] { others.Seek(u"="_s, m_key); }), 0);
+        end.join();
+        days.Update(); // the same text
         QCOMPARE(Read(days, m_key), QByteArray("typed"));
     }
 };

@@ -33,8 +33,16 @@ void PostgresChanges::Start(const QString& channel)
     QObject::connect(m_notifier, &QSocketNotifier::activated, &m_context, [this] { Read(); });
 }
 
+void PostgresChanges::Lose()
+{
+    if (!m_notifier) return;
+    Stop();
+    m_nextAttempt.start(BetweenAttempts);
+}
+
 void PostgresChanges::Stop()
 {
+    m_nextAttempt.stop();
     if (!m_notifier) return;
     m_notifier->setEnabled(false);
     m_notifier->deleteLater(); // this may be a call from the notifier
@@ -47,7 +55,6 @@ void PostgresChanges::Read()
         m_connection.Listen();
     } catch (const RunTimeError&) {
         // The session is over. The next call raises that, or gets a new one.
-        m_nextAttempt.start(BetweenAttempts);
     }
 }
 

@@ -19,7 +19,8 @@ public:
 
     void SetListener(ChangeListener listener) { m_listener = std::move(listener); }
     void Start(const QString& channel); // in each new session
-    void Stop();                        // at its end
+    void Lose();                        // after its unexpected end: a new session is tried a moment later
+    void Stop();                        // when the planner is closed
 
     void Take(const QString& message); // a message of another session
     // The message to other sessions about a changed record.

@@ -60,7 +60,7 @@ void PostgresStore::Welcome()
 void PostgresStore::Forget()
 {
     m_openMode.Forget();
-    m_changes.Stop();
+    m_changes.Lose();
     ForgetSession();
 }
 
@@ -200,6 +200,7 @@ void PostgresStore::BackUp(const QString&)
 void PostgresStore::Close()
 {
     m_openMode.Leave();
+    m_changes.Stop();
     m_connection.Break();
 }
 

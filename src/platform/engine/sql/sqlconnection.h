@@ -57,6 +57,8 @@ protected:
     // A commit has failed and no transaction is open. Returns only if the commit has succeeded nevertheless.
     virtual void ClearDoubt(const RunTimeError& failure) { throw failure; }
 
+    bool IsInRead() const { return m_reads > 0; } // also after a failure has ended its transaction
+
     const SqlDialect& m_dialect;
     const QString m_name;
     bool m_reading = false;

@@ -86,6 +86,8 @@ RunTimeError SqliteConnection::Failure(const SQLite::Exception& error)
 {
     const RunTimeError failure = ErrorOf(error);
     if (IsDamage(error)) damage::Tell(m_path);
+    // A month has 70 look-ups. If each waited for a colleague whose computer hangs, the window would stand for minutes.
+    if (IsBusy(error) && IsInRead()) m_database.setBusyTimeout(0);
     StopReading();
     if (m_writing && !HasTransaction() && !m_lost) m_lost = failure;
     return failure;
@@ -109,7 +111,6 @@ void SqliteConnection::CheckHead()
 
 void SqliteConnection::SetUp()
 {
-    m_database.setBusyTimeout(BusyTimeout);
     // EXTRA also syncs the folder: otherwise a power cut could bring back a journal that undoes a commit. PERSIST makes
     // no new file and so needs the folder least. Other programs on a network drive rule out WAL.
     Ask(u"PRAGMA synchronous = EXTRA"_s);
@@ -152,12 +153,15 @@ void SqliteConnection::RefuseIfMoved()
 
 void SqliteConnection::Prepare()
 {
-    if (!m_writing) waiting::Before();
+    if (m_writing) return;
+    waiting::Before();
+    if (!IsInRead()) m_database.setBusyTimeout(BusyTimeout);
 }
 
 void SqliteConnection::PrepareWrite()
 {
     waiting::Before();
+    m_database.setBusyTimeout(BusyTimeout);
     RefuseIfMoved();
 }
 

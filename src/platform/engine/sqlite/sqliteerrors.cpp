@@ -30,11 +30,6 @@ constexpr std::array Meanings = {
     Meaning{SQLITE_TOOBIG, FieldTooSmall, u"The text is too long to be saved to '%1'."},
 };
 
-bool IsBusy(int code)
-{
-    return code == SQLITE_BUSY || code == SQLITE_LOCKED;
-}
-
 RunTimeError BusyError(Doing doing, const QString& file)
 {
     if (doing == Doing::Writing)
@@ -42,6 +37,12 @@ RunTimeError BusyError(Doing doing, const QString& file)
     return {Busy, u"Could not read '%1'; another user is saving to it just now."_s.arg(file)};
 }
 } // namespace
+
+bool IsBusy(const SQLite::Exception& error)
+{
+    const int code = error.getErrorCode() & 0xff;
+    return code == SQLITE_BUSY || code == SQLITE_LOCKED;
+}
 
 bool IsDamage(const SQLite::Exception& error)
 {
@@ -51,7 +52,7 @@ bool IsDamage(const SQLite::Exception& error)
 
 RunTimeError RunTimeErrorOf(const SQLite::Exception& error, Doing doing, const QString& file)
 {
-    if (IsBusy(error.getErrorCode() & 0xff)) return BusyError(doing, file);
+    if (IsBusy(error)) return BusyError(doing, file);
     if ((error.getErrorCode() & 0xff) == SQLITE_CORRUPT) return ErrorOf(DamagedPlanner, file);
     const auto fits = [&](const Meaning& meaning) {
         return meaning.code == error.getExtendedErrorCode() || meaning.code == (error.getErrorCode() & 0xff);

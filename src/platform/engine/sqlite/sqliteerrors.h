@@ -13,6 +13,7 @@ enum class Doing
     Writing
 };
 
+bool IsBusy(const SQLite::Exception& error);   // others hold the file
 bool IsDamage(const SQLite::Exception& error); // the file is damaged, or no database
 
 // File is the planner's name for the texts.
