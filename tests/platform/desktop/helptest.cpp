@@ -62,7 +62,7 @@ class HelpTest : public QObject
         const std::function<void(const QString&, const QList<QAction*>&)> add = [&](const auto& path,
                                                                                     const auto& actions) {
             for (const QAction* action : actions) {
-                const QString entry = path + action->text().remove(u'&');
+                const QString entry = path + action->text().remove(u'&').section(u'\t', 0, 0);
                 keys[entry] = action->shortcut().toString();
                 if (action->menu()) add(entry + u" | "_s, action->menu()->actions());
             }
