@@ -3,9 +3,9 @@
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/systemprinter.h"
+#include "platform/desktop/windowplace.h"
 #include "platform/runtime/runtimeerror.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -84,7 +84,7 @@ bool CommonDialog::ShowOpen()
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QStringList filters = NameFilters(Filter);
     // The dialog is deleted with its owner, which a timer may close.
-    const QPointer<QFileDialog> dialog = new OpenDialog(m_owner ? m_owner : QApplication::activeWindow());
+    const QPointer<QFileDialog> dialog = new OpenDialog(m_owner ? m_owner : OwnerOfDialog());
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode((Flags & FileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);

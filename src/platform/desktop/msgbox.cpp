@@ -2,6 +2,7 @@
 
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/windowplace.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -116,19 +117,12 @@ bool SplashIsUp()
         return window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
     });
 }
-
-// A window that has just opened may not be active yet, and would then stand in front of its own box.
-QWidget* Owner()
-{
-    QWidget* const modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
-}
 } // namespace
 
 int MsgBox(const QString& text, int style, const QString& title, const QString& secondText)
 {
     // A timer behind the box may close the window that owns it, and the box goes with its owner.
-    const QPointer<QMessageBox> box = new QMessageBox(Owner());
+    const QPointer<QMessageBox> box = new QMessageBox(OwnerOfDialog());
     Fill(*box, text, style, title);
     box->setInformativeText(Breakable(secondText));
     WidenToTitle(*box);

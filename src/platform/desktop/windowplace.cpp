@@ -1,8 +1,10 @@
 #include "platform/desktop/windowplace.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -23,7 +25,8 @@ QRect ReachablePlace(QRect window, const QSize& smallest)
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
     // A size larger than all screens is a broken setting.
     const QRect allScreens = QGuiApplication::primaryScreen()->virtualGeometry();
-    window.setSize(window.size().boundedTo(allScreens.size()).expandedTo(smallest));
+    const QSize largest = WindowsKnowTheirPlace() ? allScreens.size() : area.size() * 9 / 10;
+    window.setSize(window.size().boundedTo(largest).expandedTo(smallest));
     if (TitleBarShows(window)) return window;
     window.setSize(window.size().boundedTo(area.size()));
     window.moveCenter(area.center());
@@ -33,6 +36,19 @@ QRect ReachablePlace(QRect window, const QSize& smallest)
 bool WindowsKnowTheirPlace()
 {
     return !QGuiApplication::platformName().startsWith("wayland"_L1);
+}
+
+// On Wayland no window is active for a moment after a dialog has closed. A window that has just opened may not be
+// active yet, and would then stand in front of its own dialog.
+QWidget* OwnerOfDialog()
+{
+    if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto shown = std::ranges::find_if(windows, [](const QWidget* window) {
+        return window->windowType() == Qt::Window && !window->parent() && window->isVisible() && !window->isMinimized();
+    });
+    return shown == windows.end() ? nullptr : *shown;
 }
 
 // The toolkit rounds to logical pixels. Screens have even numbers of pixels, so the nearest even one is right.
