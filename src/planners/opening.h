@@ -37,7 +37,10 @@ public:
     void mnuMRU_Click(const MenuItem& entry);
     // Opens the file like an entry of the recent list. The path is used literally; the file may be missing.
     void OpenFile(const QString& path);
-    void subAutoload(); // the start-up planner, if one is set
+    void OpenKnown(const QString& path); // likewise for a path as the program keeps it
+    void subAutoload();                  // the start-up planner, if one is set
+    // Calls back when a planner has been opened, and when an opening has left none open.
+    void SetOnChange(std::function<void(bool isOpen)> onChange) { m_onChange = std::move(onChange); }
 
     // Opens g_sDBPath. true means a personal planner, since the argument is passed on as the engine's exclusive
     // argument. g_sDBPath is empty afterwards if the open failed.
@@ -62,6 +65,7 @@ private:
     void AskHowAndOpen();
     bool OpenNotes(bool exclusive, const QString& foot);
     void TakeChange(const QString& table, const QVariant& key);
+    void KeepStartPlanner();
     void GiveUp(const QString& reason);
     static bool Upgrade(const std::function<void()>& step); // false after a message and a log entry
     static bool OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks);
@@ -79,4 +83,6 @@ private:
     Recovery& m_recovery;
     HeldDay& m_heldDay;
     Redraw& m_redraw;
+    std::function<void(bool isOpen)> m_onChange;
+    std::optional<bool> m_atEveryStart; // what OpenAsForm has changed, until the planner is open
 };

@@ -8,6 +8,7 @@
 
 class QLabel;
 class QMainWindow;
+class StartCard;
 class Timer;
 
 // The window owns all of them, through its client area and menu bar.
@@ -23,6 +24,7 @@ struct Controls
     BottomPanel bottom;
     NetworkControls network;
     QLabel* lblDateDiff; // lies over the cells
+    StartCard& card;     // likewise, while no planner is open
     Timer& tmMidnightRefresh;
     Timer& tmAlarm;
     CommonDialog FontDialog;
