@@ -130,7 +130,8 @@ void AlarmForm::PrepareNew(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"New Alarm Event"_s);
     subHideBrowseControls();
-    if (fnGetQMTDay(key) > 0) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key)); // 0 for a memo
+    const bool isDay = fnGetQMTDay(key) > 0; // 0 for a memo
+    if (isDay && g_iYear <= LastYearOfBox) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key));
     if (m_controls.orlcmbTunes->ListCount() > 0) m_controls.orlcmbTunes->SetListIndex(0);
     (m_controls.maskAlarmDate->IsComplete() ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
 }

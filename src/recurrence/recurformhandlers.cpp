@@ -77,7 +77,8 @@ void RecurForm::ShowDefaultDate()
 {
     if (!m_cells.panelDay.Exists(g_iCurrentPanel)) return;
     const QString key = CellKey(m_cells.panelDay(g_iCurrentPanel).Caption());
-    if (fnGetQMTDay(key) > 0) m_maskStartDate->SetText(m_iDateFormat.BoxText(key)); // 0 for a memo
+    const bool isDay = fnGetQMTDay(key) > 0; // 0 for a memo
+    if (isDay && g_iYear <= LastYearOfBox) m_maskStartDate->SetText(m_iDateFormat.BoxText(key));
 }
 
 bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)

@@ -33,7 +33,7 @@ const QString ButtonKey = u"datediff"_s;
 // Not validated. By default the first day of the shown year.
 QString StoredStartDate()
 {
-    return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear));
+    return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear).rightJustified(4, u'0'));
 }
 
 // An unknown unit counts as days.
