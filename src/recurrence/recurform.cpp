@@ -47,9 +47,11 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(Margin);
     column->addWidget(MakeOptions(), 1);
+    column->addWidget(MakeDays());
     column->addLayout(MakeFoot());
     m_btnOk->setDefault(true); // only now: the window ignores a button it does not contain yet
     Form_Load();
+    FollowChanges();
     CenterOnScreen(*this);
     setMinimumSize(size());
     m_maskStartDate->setFocus();
@@ -157,6 +159,16 @@ QWidget* RecurForm::MakeText()
     panel->SetFrame(paper::Hairline);
     panel->setMinimumSize(LeastPaper);
     return panel;
+}
+
+QLabel* RecurForm::MakeDays()
+{
+    m_lblDays = Named(new QLabel, "lblDays");
+    m_lblDays->setTextFormat(Qt::PlainText);
+    m_lblDays->setWordWrap(true);
+    m_lblDays->setMinimumHeight(2 * m_lblDays->fontMetrics().lineSpacing());
+    SoftenText(*m_lblDays);
+    return m_lblDays;
 }
 
 QLayout* RecurForm::MakeFoot()
