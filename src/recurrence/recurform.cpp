@@ -1,6 +1,7 @@
 #include "recurrence/recurform.h"
 
 #include "editing/notemenu.h"
+#include "platform/controls/datebutton.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
@@ -78,13 +79,14 @@ QLayout* RecurForm::MakeDates()
 {
     auto* grid = new QGridLayout;
     grid->setSpacing(Gap);
-    grid->setColumnStretch(2, 1);
-    m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:");
-    m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:");
+    grid->setColumnStretch(3, 1);
+    m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:", "Pick the start date");
+    m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:", "Pick the last date");
     return grid;
 }
 
-MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption)
+MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption,
+                                  const char* pickTip)
 {
     auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
@@ -95,7 +97,9 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
     SoftenText(*lblDateFormat);
     grid.addWidget(label, row, 0);
     grid.addWidget(box, row, 1);
-    grid.addWidget(lblDateFormat, row, 2);
+    grid.addWidget(Named(new DateButton(box, m_iDateFormat.label, QString::fromLatin1(pickTip)), "btnPickDate", row),
+                   row, 2);
+    grid.addWidget(lblDateFormat, row, 3);
     return box;
 }
 

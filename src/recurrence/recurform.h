@@ -40,7 +40,7 @@ private:
     QLabel* MakeDays();
     void FollowChanges();
     QLayout* MakeFoot();
-    MaskEdBox* MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption);
+    MaskEdBox* MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption, const char* pickTip);
 
     void Form_Load();
     void ShowDefaultDate();

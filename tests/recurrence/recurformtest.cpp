@@ -1,6 +1,7 @@
 #include "recurrence/recurform.h"
 
 #include "failingstore.h"
+#include "openedcalendar.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/picturebutton.h"
 #include "program.h"
@@ -94,8 +95,10 @@ private Q_SLOTS:
             QCOMPARE(In<QLabel>(form, "lblDateFormat(1)").text(), u"YYYY/MM/DD"_s);
             QVERIFY(!In<PictureButton>(form, "picRightSpin").isEnabled());
             QVERIFY(!In<QPushButton>(form, "btnDelete").isEnabled());
-            Fill(form, {}, u"19990323"_s, -1, u"Rent"_s);
+            Fill(form, {}, u"19990322"_s, -1, u"Rent"_s);
             Activate(form);
+            PickDate(In<MaskEdBox>(form, "maskUntil"), Qt::Key_Right);
+            QCOMPARE(In<MaskEdBox>(form, "maskUntil").Text(), u"1999/03/23"_s);
             auto& day = In<QRadioButton>(form, "opMethod(0)");
             day.setFocus();
             QTest::keyClick(&day, Qt::Key_Right); // while no method is chosen
@@ -218,7 +221,8 @@ private Q_SLOTS:
             QCOMPARE(Shown(form), september);
             QVERIFY(!In<QPushButton>(form, "btnOk").isEnabled() && remove.isDefault());
             QCOMPARE(In<QPushButton>(form, "btnCancel").text(), u"Done"_s);
-            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"})
+            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial",
+                                     "btnPickDate(0)", "btnPickDate(1)"})
                 QVERIFY2(!In<QWidget>(form, name).isEnabled(), name);
             // While held down, the window shows a record other than the one before the table's place.
             Press(form, "btnDelete");
