@@ -1,4 +1,5 @@
 #include "alarms/alarmform.h"
+#include "platform/controls/datebutton.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
@@ -6,6 +7,7 @@
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
+#include "state/dateorder.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -97,7 +99,9 @@ QGroupBox* MakeDate(AlarmControls& controls)
     auto* grid = new QGridLayout;
     grid->setSpacing(Rhythm);
     grid->addWidget(controls.lblDateFormat, 0, 0);
-    grid->addWidget(controls.maskAlarmDate, 0, 1);
+    auto* pick =
+        Named(new DateButton(controls.maskAlarmDate, LocalDateOrder().label, u"Pick the alarm date"_s), "btnPickDate");
+    grid->addLayout(DialogRow(Rhythm, {controls.maskAlarmDate, pick, nullptr}), 0, 1);
     grid->addWidget(new QLabel(u"Hour:"_s), 1, 0);
     grid->addLayout(MakeTime(controls), 1, 1);
     return controls.frAlarmDate = MakeFrame("frAlarmDate", u"Alarm Date and Time"_s, grid);

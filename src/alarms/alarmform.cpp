@@ -13,6 +13,7 @@
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/clock.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -130,7 +131,8 @@ void AlarmForm::PrepareNew(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"New Alarm Event"_s);
     subHideBrowseControls();
-    if (fnGetQMTDay(key) > 0) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key)); // 0 for a memo
+    const bool isDay = fnGetQMTDay(key) > 0; // 0 for a memo
+    if (isDay && g_iYear <= LastYearOfBox) m_controls.maskAlarmDate->SetText(m_dateOrder.BoxText(key));
     if (m_controls.orlcmbTunes->ListCount() > 0) m_controls.orlcmbTunes->SetListIndex(0);
     (m_controls.maskAlarmDate->IsComplete() ? m_controls.maskHour : m_controls.maskAlarmDate)->setFocus();
 }
@@ -173,7 +175,7 @@ void AlarmForm::AddAlarm()
     const Alarm alarm = {fnFnGetQMTDate(m_dateOrder.EntryDate(m_controls.maskAlarmDate->Text())), fnAlarmTimeText(),
                          m_controls.tbNotes->TextRTF(), m_controls.orlcmbTunes->Text(),
                          m_controls.chkSilence->isChecked()};
-    if (!TellRefusal(alarm) && Store(alarm)) Close();
+    if (!TellRefusal(alarm) && AskIfOver(alarm) && Store(alarm)) Close();
 }
 
 bool AlarmForm::TellRefusal(const Alarm& alarm)
@@ -188,6 +190,18 @@ bool AlarmForm::TellRefusal(const Alarm& alarm)
     messages::Tell(u"The date you have entered is not complete"_s);
     m_controls.maskAlarmDate->setFocus();
     return true;
+}
+
+bool AlarmForm::AskIfOver(const Alarm& alarm)
+{
+    if (!IsOver(alarm.date, alarm.time, desktopclock::Now())) return true;
+    const QString question = u"This moment is over: %1. An alarm rings only at its own minute, so this one would never "
+                             "ring.\n\nDo you want to keep it all the same?"_s;
+    if (MsgBox(question.arg(ShownDayAndTime(alarm.date, alarm.time)),
+               msgbox::YesNo + msgbox::Question + msgbox::DefaultButton2, messages::HelpWizard) == msgbox::Yes)
+        return true;
+    m_controls.maskAlarmDate->setFocus();
+    return false;
 }
 
 // If the planner refuses the alarm, the window stays open with what was entered.

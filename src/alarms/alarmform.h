@@ -95,6 +95,7 @@ private:
     void btnDelete_Click();
     void AddAlarm();
     bool TellRefusal(const Alarm& alarm); // true if the alarm cannot be stored as it is
+    bool AskIfOver(const Alarm& alarm);   // false if the person does not want a moment that is past
     bool Store(const Alarm& alarm);
     void ApplyDeletions();
     void picPlay_MouseUp();

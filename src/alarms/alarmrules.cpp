@@ -3,6 +3,8 @@
 #include "platform/runtime/language.h"
 #include "state/moddate.h"
 
+#include <QDateTime>
+
 namespace {
 constexpr int HoursOfHalf = 12, LastMinute = 59;
 
@@ -47,4 +49,11 @@ QString OneDown(const QString& sNumber, int first, int last)
 {
     const int number = IntegerOf(sNumber);
     return TwoDigits(number <= first ? last : number - 1);
+}
+
+bool IsOver(const QString& alarmDate, const QString& alarmTime, const QDateTime& now)
+{
+    const GridDay day = {fnGetQMTYear(alarmDate), fnGetQMTMonth(alarmDate), fnGetQMTDay(alarmDate)};
+    const GridDay today = {now.date().year(), now.date().month(), now.date().day()};
+    return day == today ? alarmTime < now.toString(u"hh:mm"_s) : day < today;
 }

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+class QDateTime;
+
 // Half of the day; empty if none is chosen.
 using HalfDay = std::optional<bool>; // true: PM
 
@@ -25,3 +27,6 @@ QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime); // 
 // The box's number plus or minus one, wrapping from the last to the first. Other text counts as 0.
 QString OneUp(const QString& sNumber, int first, int last);
 QString OneDown(const QString& sNumber, int first, int last);
+
+// True if this minute is past: such an alarm never rings.
+bool IsOver(const QString& alarmDate, const QString& alarmTime, const QDateTime& now);

@@ -134,7 +134,8 @@ void Navigation::subSetViewMenus()
 {
     static constexpr const char* ofMonth[] = {"mnuWeekView", "mnuPrevMonth", "mnuNextMonth", "mnuThisMonth",
                                               "mnuDateSearch"};
-    static constexpr const char* ofWeek[] = {"mnuMonthView", "mnuPrevWeek", "mnuNextWeek", "mnuCurrentWeek"};
+    static constexpr const char* ofWeek[] = {"mnuMonthView", "mnuPrevWeek", "mnuNextWeek", "mnuCurrentWeek",
+                                             "mnuDateSearchWeek"};
     const int mode = m_calendar.GetViewMode();
     if (mode != ViewMode::Week && mode != ViewMode::Month) return;
     for (const char* name : ofMonth)

@@ -90,6 +90,8 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuNextMonth", "Next Month", "Ctrl+PgDown"},
     {Entry, "mnuGotoHyphen2", "-"},
     {Entry, "mnuDateSearch", "Fast Search", "F3"},
+    {Entry, "mnuGotoHyphen3", "-"},
+    {Entry, "mnuDateSearchWeek", "Fast Search (Week)", "Shift+F3"},
     {Top, "mnuFormat", "Forma&t"},
     {Entry, "mnuBold", "Bold", "Ctrl+B"},
     {Entry, "mnuItalic", "Italic", "Ctrl+I"},

@@ -69,6 +69,19 @@ void fnGetNextYearDate(GridDay& date, int startDay, int step)
     CutToMonth(date, startDay);
 }
 
+// Visits the dates to write, the start first.
+template <typename Visit>
+void VisitDates(Frequency frequency, const GridDay& first, const GridDay& last, int step, Visit visit)
+{
+    constexpr int LongestMonth = 31;
+    GridDay day = first;
+    do {
+        visit(day);
+        day = NextDate(frequency, first, day, step);
+        // A long step can lead to a day beyond 31, from which no later month can be reached.
+    } while (day <= last && day.day <= LongestMonth);
+}
+
 struct FrequencyRow
 {
     QLatin1StringView word;
@@ -113,14 +126,25 @@ bool IsDayOfItsMonth(const QString& dateKey)
 
 QStringList EventDates(Frequency frequency, const QString& start, const QString& end, int step)
 {
-    constexpr int LongestMonth = 31;
-    const GridDay first = OfKey(start), last = OfKey(end);
-    QStringList dates{start};
-    // A long step can lead to a day beyond 31, from which no later month can be reached.
-    for (GridDay day = NextDate(frequency, first, first, step); day <= last && day.day <= LongestMonth;
-         day = NextDate(frequency, first, day, step))
-        dates += KeyOf(day);
+    QStringList dates;
+    VisitDates(frequency, OfKey(start), OfKey(end), step, [&](const GridDay& day) { dates += KeyOf(day); });
     return dates;
+}
+
+QString EventInWords(Frequency frequency, const QString& start, const QString& end, int step)
+{
+    static constexpr const char* units[] = {"day", "week", "month", "year"};
+    const QString unit = QString::fromLatin1(units[static_cast<int>(frequency)]);
+    int count = 0;
+    GridDay last;
+    VisitDates(frequency, OfKey(start), OfKey(end), step, [&](const GridDay& day) {
+        ++count;
+        last = day;
+    });
+    const QString every = step == 1 ? u"Every %1"_s.arg(unit) : u"Every %1 %2s"_s.arg(step).arg(unit);
+    if (count == 1) return u"%1: 1 day, %2."_s.arg(every, fnFormatDateKey(start));
+    return u"%1: %2 days, from %3 to %4."_s.arg(every).arg(count).arg(fnFormatDateKey(start),
+                                                                      fnFormatDateKey(KeyOf(last)));
 }
 
 bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, int step)

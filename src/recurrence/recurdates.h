@@ -28,6 +28,8 @@ bool IsDayOfItsMonth(const QString& dateKey); // the day exists in its month
 
 // The dates to write, the start always first. step is at least 1.
 QStringList EventDates(Frequency frequency, const QString& start, const QString& end, int step);
+// Counts the same dates: "Every 2 weeks: 3 days, from Mar 1, 1999 to Mar 29, 1999."
+QString EventInWords(Frequency frequency, const QString& start, const QString& end, int step);
 // True if these dates stop before the end, at a day that does not exist, from which no later date can be reached. Only
 // a step longer than the shortest month leads there.
 bool BreaksOff(Frequency frequency, const QStringList& eventDates, const QString& end, int step);

@@ -1,6 +1,7 @@
 #include "recurrence/recurform.h"
 
 #include "editing/notemenu.h"
+#include "platform/controls/datebutton.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
@@ -47,9 +48,11 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(Margin);
     column->addWidget(MakeOptions(), 1);
+    column->addWidget(MakeDays());
     column->addLayout(MakeFoot());
     m_btnOk->setDefault(true); // only now: the window ignores a button it does not contain yet
     Form_Load();
+    FollowChanges();
     CenterOnScreen(*this);
     setMinimumSize(size());
     m_maskStartDate->setFocus();
@@ -76,13 +79,14 @@ QLayout* RecurForm::MakeDates()
 {
     auto* grid = new QGridLayout;
     grid->setSpacing(Gap);
-    grid->setColumnStretch(2, 1);
-    m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:");
-    m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:");
+    grid->setColumnStretch(3, 1);
+    m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:", "Pick the start date");
+    m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:", "Pick the last date");
     return grid;
 }
 
-MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption)
+MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption,
+                                  const char* pickTip)
 {
     auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
@@ -93,7 +97,9 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
     SoftenText(*lblDateFormat);
     grid.addWidget(label, row, 0);
     grid.addWidget(box, row, 1);
-    grid.addWidget(lblDateFormat, row, 2);
+    grid.addWidget(Named(new DateButton(box, m_iDateFormat.label, QString::fromLatin1(pickTip)), "btnPickDate", row),
+                   row, 2);
+    grid.addWidget(lblDateFormat, row, 3);
     return box;
 }
 
@@ -157,6 +163,16 @@ QWidget* RecurForm::MakeText()
     panel->SetFrame(paper::Hairline);
     panel->setMinimumSize(LeastPaper);
     return panel;
+}
+
+QLabel* RecurForm::MakeDays()
+{
+    m_lblDays = Named(new QLabel, "lblDays");
+    m_lblDays->setTextFormat(Qt::PlainText);
+    m_lblDays->setWordWrap(true);
+    m_lblDays->setMinimumHeight(2 * m_lblDays->fontMetrics().lineSpacing());
+    SoftenText(*m_lblDays);
+    return m_lblDays;
 }
 
 QLayout* RecurForm::MakeFoot()

@@ -9,6 +9,7 @@
 
 struct DateOrder;
 class Cells;
+class ErrorTail;
 class FontCommand;
 class MaskEdBox;
 class PictureButton;
@@ -36,8 +37,10 @@ private:
     QLayout* MakeMethods();
     QWidget* MakeInterval();
     QWidget* MakeText();
+    QLabel* MakeDays();
+    void FollowChanges();
     QLayout* MakeFoot();
-    MaskEdBox* MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption);
+    MaskEdBox* MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption, const char* pickTip);
 
     void Form_Load();
     void ShowDefaultDate();
@@ -47,11 +50,27 @@ private:
     void picRightSpin_MouseDown();
     void picRightSpin_MouseUp();
 
-    bool HaveValidDates(const QString& sStart, const QString& sEnd);
+    struct Refusal
+    {
+        QString text; // empty if the dates are valid
+        MaskEdBox* box = nullptr;
+        int icon = 0;
+    };
+    Refusal RefusalOfDates() const;
+    QString MethodProblem() const; // what is missing at the options, or empty
+    QString StartDate() const;     // entry dates
+    QString EndDate() const;
+    bool LeadsToNotes() const; // the shown record has dates and a method
+    QString DaysToWrite() const;
+    QString StoredDays() const;
+    void ShowDays();
+    bool AskToDelete() const;
+
+    bool HaveValidDates();
     bool SaveCells();
     bool SaveEvent(const QString& sStart, const QString& sEnd);
     bool fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd);
-    std::int16_t Step() const; // 0 if it cannot be read
+    std::int16_t Step(const ErrorTail& tail) const; // 0 if it cannot be read
     void Browse();
     void ShowRecord();
     void ShowMethod(const QString& frequency);
@@ -61,6 +80,8 @@ private:
     void ReopenRecords();
     Recurrence Event();
     void ShowProgress(qsizetype done, qsizetype all);
+
+    static constexpr int Special = 4; // the method that takes its number and unit from the lists
 
     Cells& m_cells;
     QMTDB& m_notes;
@@ -76,6 +97,7 @@ private:
     PictureButton* m_picRightSpin = nullptr;
     QLabel* m_lblNextRecord = nullptr;
     RichTextBox* m_tbRecurse = nullptr;
+    QLabel* m_lblDays = nullptr;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_btnOk = nullptr;
     QPushButton* m_btnCancel = nullptr;

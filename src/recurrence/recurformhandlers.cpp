@@ -38,7 +38,6 @@ constexpr int MostListed = 15;
 
 // By Frequency.
 constexpr QLatin1StringView Units[] = {"Day(s)"_L1, "Week(s)"_L1, "Month(s)"_L1, "Year(s)"_L1};
-constexpr int Special = 4; // the option that takes its unit from the list
 
 bool Tell(const QString& text, int icon = msgbox::Information)
 {
@@ -47,7 +46,7 @@ bool Tell(const QString& text, int icon = msgbox::Information)
 }
 
 // The box is selected, so that the next digit replaces the date.
-bool RefuseDate(MaskEdBox& box, const QString& text, int icon = msgbox::Information)
+bool RefuseDate(MaskEdBox& box, const QString& text, int icon)
 {
     box.setFocus();
     box.selectAll();
@@ -77,32 +76,25 @@ void RecurForm::ShowDefaultDate()
 {
     if (!m_cells.panelDay.Exists(g_iCurrentPanel)) return;
     const QString key = CellKey(m_cells.panelDay(g_iCurrentPanel).Caption());
-    if (fnGetQMTDay(key) > 0) m_maskStartDate->SetText(m_iDateFormat.BoxText(key)); // 0 for a memo
+    const bool isDay = fnGetQMTDay(key) > 0; // 0 for a memo
+    if (isDay && g_iYear <= LastYearOfBox) m_maskStartDate->SetText(m_iDateFormat.BoxText(key));
 }
 
-bool RecurForm::HaveValidDates(const QString& sStart, const QString& sEnd)
+bool RecurForm::HaveValidDates()
 {
-    // With a digit missing the date could be read as another year's.
-    if (!m_maskStartDate->IsComplete() || !fnValidateDate(sStart))
-        return RefuseDate(*m_maskStartDate, u"Start Date is not a valid date"_s);
-    if (!m_maskUntil->IsComplete() || !fnValidateDate(sEnd))
-        return RefuseDate(*m_maskUntil, u"End Date is not a valid date"_s);
-    if (!fnCheckBackwardDate(sStart, sEnd))
-        return RefuseDate(*m_maskUntil, u"The Ending Date is earlier than Starting Date"_s, msgbox::Exclamation);
-    return true;
+    const Refusal refusal = RefusalOfDates();
+    return refusal.text.isEmpty() || RefuseDate(*refusal.box, refusal.text, refusal.icon);
 }
 
 void RecurForm::btnOk_Click()
 {
     const ErrorTail tail(SaveTail);
     m_tbRecurse->CommitPreedit();
-    const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
-    const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
-    if (!HaveValidDates(sStart, sEnd)) return;
+    if (!HaveValidDates()) return;
     bool saved = false;
     tail([&] {
         const Hourglass hourglass;
-        saved = SaveCells() && SaveEvent(sStart, sEnd);
+        saved = SaveCells() && SaveEvent(StartDate(), EndDate());
     });
     m_progress->hide();
     tail([this] { m_notes.subSeekQMTDatabase(); });
@@ -123,7 +115,7 @@ bool RecurForm::SaveCells()
 bool RecurForm::SaveEvent(const QString& sStart, const QString& sEnd)
 {
     const int method = m_opMethod->checkedId();
-    if (method < 0) return Tell(u"Please select a recurring method (Day, Week, Month or Year)"_s);
+    if (method < 0) return Tell(MethodProblem());
     Recurrence event = Event();
     if (method == Special) return fnRecurseSpecial(event, sStart, sEnd);
     return event.Save(static_cast<Frequency>(method), sStart, sEnd, 1);
@@ -132,12 +124,11 @@ bool RecurForm::SaveEvent(const QString& sStart, const QString& sEnd)
 bool RecurForm::fnRecurseSpecial(Recurrence& event, const QString& sStart, const QString& sEnd)
 {
     if (!event.HasText()) return false;
-    std::int16_t step = 0;
-    ErrorTail{" in RecurForm, fnRecurseSpecial"_L1}([&] { step = IntegerOf(m_cmbRecurDays->currentText()); });
+    const std::int16_t step = Step(ErrorTail{" in RecurForm, fnRecurseSpecial"_L1});
     // A step below 1 would write the same day for ever.
     if (step < 1) {
         m_cmbRecurDays->setFocus();
-        return Tell(u"Please choose how many days, weeks, months or years, 1 or more"_s);
+        return Tell(MethodProblem());
     }
     return event.Save(static_cast<Frequency>(m_cmbRecurSpecial->currentIndex()), sStart, sEnd, step);
 }
@@ -210,6 +201,7 @@ void RecurForm::ShowRecord()
     m_maskUntil->SetText(m_iDateFormat.BoxText(g_rsRecurse.Fields(u"End Date"_s).toString()));
     ShowMethod(g_rsRecurse.Fields(u"Frequency"_s).toString());
     m_tbRecurse->SetTextRTF(g_rsRecurse.Fields(u"Recursion Text"_s).toByteArray());
+    ShowDays();
 }
 
 void RecurForm::ShowMethod(const QString& frequency)
@@ -224,6 +216,7 @@ void RecurForm::ShowMethod(const QString& frequency)
 void RecurForm::btnDelete_Click()
 {
     if (m_isPressed) return; // while the spin is pressed, the table has not moved past the shown record
+    if (!AskToDelete()) return;
     const ErrorTail tail(DeleteTail);
     const bool isFound = tail([] { g_rsRecurse.MovePrevious(); });
     {
@@ -240,13 +233,9 @@ void RecurForm::btnDelete_Click()
 // An event that is still in some notes keeps its record, without which the rest could not be found.
 void RecurForm::DeleteShown()
 {
-    const QString sStart = m_iDateFormat.EntryDate(m_maskStartDate->Text());
-    const QString sEnd = m_iDateFormat.EntryDate(m_maskUntil->Text());
-    const int method = m_opMethod->checkedId();
-    // Another program may have stored something other than dates. Such a record has no notes.
-    const bool leadsToNotes = method >= 0 && fnValidateDate(sStart) && fnValidateDate(sEnd);
+    const auto method = static_cast<Frequency>(m_opMethod->checkedId());
     const bool isOut =
-        !leadsToNotes || Event().TakeOut(static_cast<Frequency>(method), fnFnGetQMTDate(sStart), fnFnGetQMTDate(sEnd));
+        !LeadsToNotes() || Event().TakeOut(method, fnFnGetQMTDate(StartDate()), fnFnGetQMTDate(EndDate()));
     if (isOut) g_rsRecurse.Delete();
 }
 

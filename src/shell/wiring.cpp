@@ -89,6 +89,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuNextMonth", Run<&Rooms::navigation, &Navigation::subActionNext>},
     {"mnuRecurse", Run<&Rooms::recurringEvents, &RecurringEvents::mnuRecurse_Click>},
     {"mnuDateSearch", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
+    {"mnuDateSearchWeek", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
     {"mnuFindWord", Run<&Rooms::findWord, &FindWord::mnuFindWord_Click>},
     {"mnuDateDiffShow", Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffShow_Click>},
     {"mnuDateDiffCustomize", Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffCustomize_Click>},

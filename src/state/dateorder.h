@@ -4,6 +4,8 @@
 
 #include <QString>
 
+inline constexpr int LastYearOfBox = 9999; // the arrows of the calendar lead beyond it
+
 struct DateOrder
 {
     QString label; // "MM/DD/YYYY"

@@ -72,9 +72,10 @@ QString KeyOf(const GridDay& day)
 
 std::optional<GridDay> DayOfKey(const QString& dateKey)
 {
-    const qsizetype slash = dateKey.indexOf(u'/', 5);
-    if (slash < 0) return {};
-    const GridDay day = {dateKey.left(4).toInt(), dateKey.mid(5, slash - 5).toInt(), dateKey.mid(slash + 1).toInt()};
+    const Slashes at(dateKey);
+    if (at.second < 0 || at.first > 4) return {};
+    const GridDay day = {dateKey.first(at.first).toInt(), MiddleField(dateKey).toInt(),
+                         dateKey.mid(at.second + 1).toInt()};
     return IsDayOfGrid(day) ? std::optional(day) : std::nullopt;
 }
 

@@ -2,6 +2,7 @@
 
 #include "hall/cells.h"
 #include "hall/menus.h"
+#include "platform/controls/datebutton.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
@@ -33,7 +34,7 @@ const QString ButtonKey = u"datediff"_s;
 // Not validated. By default the first day of the shown year.
 QString StoredStartDate()
 {
-    return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear));
+    return Read(settings::DateDiff, u"01/01/"_s + TrimmedStr(g_iYear).rightJustified(4, u'0'));
 }
 
 // An unknown unit counts as days.
@@ -157,7 +158,9 @@ QLayout* DateDiffForm::MakeStartDate()
     auto* label = new QLabel(u"&Start Date:"_s);
     label->setBuddy(m_maskStartDate);
     m_lblDateFormat = Named(new QLabel, "lblDateFormat");
-    auto* row = DialogRow(8, {label, m_maskStartDate, m_lblDateFormat});
+    auto* pick =
+        Named(new DateButton(m_maskStartDate, LocalDateOrder().label, u"Pick the start date"_s), "btnPickDate");
+    auto* row = DialogRow(8, {label, m_maskStartDate, pick, m_lblDateFormat});
     row->setStretchFactor(m_maskStartDate, 1);
     return row;
 }

@@ -16,10 +16,13 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QRadioButton>
+#include <QRegularExpressionValidator>
 
 namespace {
-constexpr int FirstYear = 1990, LastYear = 2009;
+constexpr int FirstButton = 1990, LastButton = 2009, OtherYear = 0;
 
 // Radio buttons for months or years, column by column.
 class Options : public QGroupBox
@@ -44,22 +47,83 @@ public:
         option->setFocus();
     }
 
-    void ReadInto(std::int16_t& number) const // unchanged if none is checked
+    int Chosen() const { return m_group->checkedId(); } // -1 for none
+
+protected:
+    QButtonGroup* m_group;
+};
+
+// Takes up to four digits. The Up and Down keys step through the years.
+class YearBox : public QLineEdit
+{
+public:
+    YearBox()
     {
-        if (m_group->checkedId() >= 0) number = static_cast<std::int16_t>(m_group->checkedId());
+        setObjectName(u"tbOtherYear"_s);
+        setAccessibleName(u"Other year"_s);
+        setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]{0,4}"_s), this));
+        setFixedWidth(fontMetrics().horizontalAdvance(u"00000000"_s));
+    }
+
+    int Year() const { return text().toInt(); } // 0 if it is empty
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const int step = event->key() == Qt::Key_Up ? 1 : event->key() == Qt::Key_Down ? -1 : 0;
+        if (step == 0) return QLineEdit::keyPressEvent(event);
+        setText(QString::number(qBound(1, Year() + step, 9999)));
+        setModified(true);
+        Q_EMIT textEdited(text());
+    }
+};
+
+// The listed years, and a box for all others.
+class YearOptions : public Options
+{
+public:
+    YearOptions()
+        : Options(u"Year"_s, "opYear", FirstButton, LastButton, 5, [](int year) { return QString::number(year); })
+    {
+        m_other = Named(new QRadioButton(u"Other &year"_s), "opOtherYear");
+        m_group->addButton(m_other, OtherYear);
+        auto* grid = static_cast<QGridLayout*>(layout());
+        grid->addLayout(DialogRow(8, {m_other, m_box, nullptr}), grid->rowCount(), 0, 1, grid->columnCount());
+        connect(m_box, &QLineEdit::textEdited, m_other, [this] { m_other->setChecked(true); });
+    }
+
+    void ShowOther(int year)
+    {
+        m_box->setText(QString::number(year));
+        if (Chosen() < 0) m_other->setChecked(true);
+    }
+
+    // The shown year stays while nobody has changed it: the arrows of the calendar lead beyond four digits.
+    int Year() const
+    {
+        if (Chosen() != OtherYear) return Chosen();
+        return m_box->isModified() ? m_box->Year() : g_iYear;
+    }
+
+    bool Refuses() // after a message
+    {
+        if (Chosen() != OtherYear || !m_box->isModified() || m_box->Year() > 0) return false;
+        msgbox::Tell(u"Please type a year from 1 to 9999"_s);
+        m_box->setFocus();
+        m_box->selectAll();
+        return true;
     }
 
 private:
-    QButtonGroup* m_group;
+    QRadioButton* m_other;
+    YearBox* m_box = new YearBox;
 };
 
 class DateSearchForm : public QDialog
 {
 public:
     explicit DateSearchForm(QWidget* owner)
-        : QDialog(owner), m_months(new Options(u"Month"_s, "opMonth", 1, 12, 6, MonthWord)),
-          m_years(
-              new Options(u"Year"_s, "opYear", FirstYear, LastYear, 5, [](int year) { return QString::number(year); }))
+        : QDialog(owner), m_months(new Options(u"Month"_s, "opMonth", 1, 12, 6, MonthWord)), m_years(new YearOptions)
     {
         setObjectName(u"DateSearchForm"_s);
         setWindowTitle(u"Fast Search"_s);
@@ -68,19 +132,25 @@ public:
         column->addWidget(MakeOkCancel(*this));
         const ErrorTail tail(" in DateSearchForm, Form_Load"_L1);
         tail([this] { m_years->Choose(g_iYear); });
+        m_years->ShowOther(g_iYear);
         tail([this] { m_months->Choose(g_iMonth); }); // last, since it takes the focus
         CenterOnScreen(*this);
     }
 
+    void accept() override
+    {
+        if (!m_years->Refuses()) QDialog::accept();
+    }
+
     void ReadChoice() const
     {
-        m_months->ReadInto(g_iMonth);
-        m_years->ReadInto(g_iYear);
+        g_iMonth = static_cast<std::int16_t>(m_months->Chosen());
+        g_iYear = static_cast<std::int16_t>(m_years->Year());
     }
 
 private:
     Options* m_months;
-    Options* m_years;
+    YearOptions* m_years;
 };
 } // namespace
 
@@ -96,7 +166,15 @@ void DateSearch::mnuDateSearch_Click()
     if (form.exec() != QDialog::Accepted) return;
     m_turn(" in DateSearchForm, btnOk_Click"_L1, [&] {
         form.ReadChoice();
-        m_redraw.subDisplayMonth();
+        m_viewMode.GetViewMode() == ViewMode::Week ? ShowFirstWeek() : m_redraw.subDisplayMonth();
         m_foot.ShowMonth();
     });
+}
+
+// The week view draws with the month lengths of the last month drawn, which can be of another year.
+void DateSearch::ShowFirstWeek()
+{
+    g_iDay = 1;
+    subSetDaysInMonth(g_iYear);
+    m_redraw.subDisplayWeek();
 }

@@ -1,4 +1,4 @@
-// Fast search: moves the month view to a chosen month and year.
+// Fast search: moves the month view to a chosen month and year, the week view to the week of that month's first day.
 #pragma once
 
 class Foot;
@@ -15,10 +15,12 @@ public:
     {
     }
 
-    void mnuDateSearch_Click();
+    void mnuDateSearch_Click();  // in either view
     void PanelBottom_DblClick(); // month view only; otherwise a message says so
 
 private:
+    void ShowFirstWeek();
+
     Foot& m_foot;
     Turn& m_turn;
     Redraw& m_redraw;

@@ -1,5 +1,6 @@
 #include "alarmtesting.h"
 #include "failingstore.h"
+#include "openedcalendar.h"
 #include "recording.h"
 #include "settingsfile.h"
 #include "testmain.h"
@@ -92,7 +93,15 @@ private Q_SLOTS:
             In<QRadioButton>(form, "opAMPM(1)").setFocus();
             QTest::keyClick(&In<QRadioButton>(form, "opAMPM(1)"), Qt::Key_Left); // while neither is chosen
             QTest::keyClick(&tunes, Qt::Key_End);
-            Press(form, "btnOk");
+            for (const int answer : {msgbox::No, msgbox::Yes}) {
+                SeenBox asked;
+                AnswerNextBox(answer, &asked);
+                Press(form, "btnOk");
+                QVERIFY(asked.Text.startsWith(u"This moment is over: Mar 5, 1999, 12:30 AM."_s));
+                QCOMPARE(asked.DefaultButton, u"No"_s);
+                QCOMPARE(form.isVisible(), answer == msgbox::No);
+                QVERIFY(StoredAlarms().isEmpty() == (answer == msgbox::No));
+            }
         });
         QVERIFY(ClockRuns());
         QCOMPARE(StoredAlarms(), QStringList(u"1999/3/5 00:30 lunch b.mid"_s));
@@ -140,13 +149,32 @@ private Q_SLOTS:
             TypeAt(form, "maskAlarmDate", u"02311999"_s);
             FillIn(form, u"9"_s, u"5"_s, u"never"_s);
             *failing.plan = {1, FailurePlan::Before, {3026, u"The disk is full"_s}, u"Insert"_s};
-            ExpectBox(u"The disk is full"_s, QMessageBox::Warning);
             for (const bool isStored : {false, true}) {
+                AnswerNextBox(msgbox::Yes); // the moment is over
+                if (!isStored) ExpectBox(u"The disk is full"_s, QMessageBox::Warning);
                 QTest::keyClick(&In<MaskEdBox>(form, "maskHour"), Qt::Key_Return);
                 QCOMPARE(form.isVisible(), !isStored);
             }
         });
         QCOMPARE(StoredAlarms(), QStringList(u"1999/2/31 09:05 never "_s));
+    }
+
+    // The moment that is now is not over.
+    void aPickedDayToComeIsNotAskedAbout()
+    {
+        SetDateOrder(1);
+        m_program->New(m_file);
+        m_program->Click(18);
+        for (const Qt::Key move : {Qt::Key_Right, Qt::Key_Home}) {
+            InEditor("mnuNewAlarm", [&](AlarmForm& form) {
+                auto& box = In<MaskEdBox>(form, "maskAlarmDate");
+                if (move == Qt::Key_Right) PickDate(box, move);
+                QCOMPARE(box.Text(), move == Qt::Key_Right ? u"18/03/1999"_s : u"17/03/1999"_s);
+                FillIn(form, u"09"_s, move == Qt::Key_Right ? u"29"_s : u"30"_s, u"soon"_s);
+                Press(form, "btnOk");
+            });
+        }
+        QCOMPARE(StoredAlarms().size(), 2);
     }
 
     void steps()

@@ -2,9 +2,9 @@
 
 #include "testmain.h"
 
+#include <QDateTime>
 #include <QLocale>
 #include <QTest>
-#include <QTime>
 
 // Times of alarms.
 class AlarmRulesTest : public QObject
@@ -36,6 +36,21 @@ private Q_SLOTS:
         QCOMPARE(AlarmTimeText(u"9_"_s, u"5_"_s, am), u"09:05"_s);
         QCOMPARE(AlarmTimeText(u"12"_s, u"30"_s, none), u"12:30"_s);
         QCOMPARE(AlarmTimeText(u"09"_s, u"30"_s, none), u"09:30"_s);
+    }
+
+    // Days are compared by their numbers, not as texts.
+    void aMinuteIsOverWhenTheNextBegins()
+    {
+        const QDateTime now(QDate(1999, 10, 9), QTime(9, 30, 59));
+        for (const auto& [date, time, isOver] : {std::tuple("1999/10/9", "09:29", true),
+                                                 {"1999/10/9", "09:30", false},
+                                                 {"1999/10/8", "23:59", true},
+                                                 {"1999/10/10", "00:00", false},
+                                                 {"1999/9/10", "10:00", true},
+                                                 {"999/12/31", "10:00", true},
+                                                 {"2000/1/1", "09:00", false},
+                                                 {"1999/2/31", "10:00", true}})
+            QCOMPARE(IsOver(QString::fromLatin1(date), QString::fromLatin1(time), now), isOver);
     }
 };
 

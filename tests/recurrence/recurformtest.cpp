@@ -1,6 +1,7 @@
 #include "recurrence/recurform.h"
 
 #include "failingstore.h"
+#include "openedcalendar.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/picturebutton.h"
 #include "program.h"
@@ -63,6 +64,7 @@ class RecurFormTest : public QObject
             if (In<QRadioButton>(form, qPrintable(u"opMethod(%1)"_s.arg(i))).isChecked()) text += u" %1"_s.arg(i);
         return text + u' ' + In<RichTextBox>(form, "tbRecurse").Text();
     }
+    static QString Days(RecurForm& form) { return In<QLabel>(form, "lblDays").text().section(u'\n', 0, 0); }
     static QString Label(RecurForm& form) { return In<QLabel>(form, "lblNextRecord").text(); }
 
     QString TextOf(const QString& key) const { return PlainText(m_program->Stored(u"notes.mdb"_s, key)); }
@@ -93,8 +95,10 @@ private Q_SLOTS:
             QCOMPARE(In<QLabel>(form, "lblDateFormat(1)").text(), u"YYYY/MM/DD"_s);
             QVERIFY(!In<PictureButton>(form, "picRightSpin").isEnabled());
             QVERIFY(!In<QPushButton>(form, "btnDelete").isEnabled());
-            Fill(form, {}, u"19990323"_s, -1, u"Rent"_s);
+            Fill(form, {}, u"19990322"_s, -1, u"Rent"_s);
             Activate(form);
+            PickDate(In<MaskEdBox>(form, "maskUntil"), Qt::Key_Right);
+            QCOMPARE(In<MaskEdBox>(form, "maskUntil").Text(), u"1999/03/23"_s);
             auto& day = In<QRadioButton>(form, "opMethod(0)");
             day.setFocus();
             QTest::keyClick(&day, Qt::Key_Right); // while no method is chosen
@@ -114,6 +118,7 @@ private Q_SLOTS:
             QCOMPARE(In<MaskEdBox>(form, "maskStartDate").Text(), start);
             Hold(form), Release(form);
             QVERIFY(Shown(form).startsWith(start));
+            AnswerNextBox(msgbox::Yes);
             Press(form, "btnDelete");
             QVERIFY(!form.isVisible());
         });
@@ -156,6 +161,9 @@ private Q_SLOTS:
             InWindow([&](RecurForm& form) {
                 Fill(form, start, QString::fromLatin1(entry.until), entry.method, QString::fromLatin1(entry.text));
                 In<QComboBox>(form, "cmbRecurDays").setEditText(QString::fromLatin1(entry.number));
+                const bool hasDays = isAsked || *entry.text == 0;
+                QCOMPARE(Days(form) == u"Nothing to write yet. "_s + message + u'.', !hasDays);
+                QCOMPARE(Days(form).startsWith(u"Every"_s), hasDays);
                 AnswerNextBox(isAsked ? msgbox::No : msgbox::Ok, &seen);
                 Press(form, "btnOk");
                 QVERIFY(form.isVisible());
@@ -176,9 +184,16 @@ private Q_SLOTS:
             auto& units = In<QComboBox>(form, "cmbRecurSpecial");
             QCOMPARE(units.currentText(), u"Day(s)"_s);
             QTest::keyClick(&units, Qt::Key_Down);
+            QCOMPARE(Days(form), u"Every 2 weeks: 3 days, from Mar 1, 1999 to Mar 29, 1999."_s);
+            TypeDate(form, "maskUntil", u"03281999"_s);
+            QCOMPARE(Days(form), u"Every 2 weeks: 2 days, from Mar 1, 1999 to Mar 15, 1999."_s);
+            In<QRadioButton>(form, "opMethod(3)").click();
+            QCOMPARE(Days(form), u"Every year: 1 day, Mar 1, 1999."_s);
+            In<QRadioButton>(form, "opMethod(4)").click();
+            TypeDate(form, "maskUntil", u"03291999"_s);
             Press(form, "btnOk");
         });
-        QCOMPARE(TextOf(u"1999/3/15"_s), u"Bins"_s);
+        QCOMPARE(TextOf(u"1999/3/1"_s) + TextOf(u"1999/3/15"_s) + TextOf(u"1999/3/29"_s), u"BinsBinsBins"_s);
         QCOMPARE(TextOf(u"1999/3/8"_s), QString());
         InWindow([](RecurForm& form) {
             Hold(form);
@@ -206,7 +221,8 @@ private Q_SLOTS:
             QCOMPARE(Shown(form), september);
             QVERIFY(!In<QPushButton>(form, "btnOk").isEnabled() && remove.isDefault());
             QCOMPARE(In<QPushButton>(form, "btnCancel").text(), u"Done"_s);
-            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial"})
+            for (const char* name : {"maskStartDate", "maskUntil", "opMethod(4)", "cmbRecurDays", "cmbRecurSpecial",
+                                     "btnPickDate(0)", "btnPickDate(1)"})
                 QVERIFY2(!In<QWidget>(form, name).isEnabled(), name);
             // While held down, the window shows a record other than the one before the table's place.
             Press(form, "btnDelete");
@@ -232,8 +248,15 @@ private Q_SLOTS:
         InWindow([](RecurForm& form) {
             for (int i = 0; i < 2; ++i)
                 Hold(form), Release(form);
-            QTest::keyClick(&In<MaskEdBox>(form, "maskUntil"), Qt::Key_Return);
-            QVERIFY(!form.isVisible());
+            const QString days = u"Every day: 31 days, from Mar 1, 1999 to Mar 31, 1999."_s;
+            QCOMPARE(Days(form), days);
+            for (const int answer : {msgbox::No, msgbox::Yes}) {
+                SeenBox asked;
+                AnswerNextBox(answer, &asked);
+                QTest::keyClick(&In<MaskEdBox>(form, "maskUntil"), Qt::Key_Return);
+                QVERIFY(asked.Text.endsWith(days) && asked.DefaultButton == u"No"_s);
+                QCOMPARE(form.isVisible(), answer == msgbox::No);
+            }
         });
         QCOMPARE(TextOf(u"1999/3/1"_s) + TextOf(u"1999/3/31"_s), QString());
         QCOMPARE(m_program->Box(39).Text(), QString());
@@ -264,6 +287,7 @@ private Q_SLOTS:
             Press(form, "btnOk");
             QVERIFY(form.isVisible());
             Hold(form), Release(form);
+            AnswerNextBox(msgbox::Yes);
             AnswerNextBox(msgbox::Ok, &seen[1]);
             Press(form, "btnDelete");
         });
@@ -322,6 +346,8 @@ private Q_SLOTS:
         g_rsRecurse.Update();
         InWindow([](RecurForm& form) {
             Hold(form), Release(form);
+            QCOMPARE(Days(form), u"This event leads to no days."_s);
+            AnswerNextBox(msgbox::Yes);
             Press(form, "btnDelete");
         });
         QVERIFY(g_rsRecurse.EOF_() && g_rsRecurse.BOF());

@@ -1,6 +1,6 @@
 #include "tools/datedifference.h"
 
-#include "platform/controls/maskedbox.h"
+#include "openedcalendar.h"
 #include "platform/controls/toolbar.h"
 #include "program.h"
 #include "settingsfile.h"
@@ -137,9 +137,9 @@ private Q_SLOTS:
     void TheDialogKeepsOneOrderInTheFile()
     {
         for (const auto& [what, order, label, shown, typed] :
-             Rows<int, QString, QString, QString>{{"month first", 0, u"MM/DD/YYYY"_s, u"01/01/1999"_s, u"07041999"_s},
-                                                  {"day first", 1, u"DD/MM/YYYY"_s, u"01/01/1999"_s, u"04071999"_s},
-                                                  {"year first", 2, u"YYYY/MM/DD"_s, u"1999/01/01"_s, u"19990704"_s}}) {
+             Rows<int, QString, QString, QString>{{"month first", 0, u"MM/DD/YYYY"_s, u"01/01/1999"_s, u"07031999"_s},
+                                                  {"day first", 1, u"DD/MM/YYYY"_s, u"01/01/1999"_s, u"03071999"_s},
+                                                  {"year first", 2, u"YYYY/MM/DD"_s, u"1999/01/01"_s, u"19990703"_s}}) {
             const InRow row(this, what);
             SetDateOrder(order);
             m_program->Start();
@@ -156,6 +156,8 @@ private Q_SLOTS:
                 QTest::keyClick(&In<QPushButton>(form, "btnBGColor"), Qt::Key_Return);
                 Mask(form).selectAll();
                 QTest::keyClicks(&Mask(form), typed);
+                Activate(form);
+                PickDate(Mask(form), Qt::Key_Right); // the fourth
                 QTest::keyClick(&form, Qt::Key_Return);
             });
             QCOMPARE(Stored("DateDiff"), u"07/04/1999"_s);
