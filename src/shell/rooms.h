@@ -112,7 +112,7 @@ struct Rooms
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{
-        {controls.cells, controls.bottom, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
+        {controls.cells, controls.bottom, foot, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
     // After the handler that can refuse the focus: a refused move must not count as leaving a cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
