@@ -14,6 +14,7 @@
 #include "calendar/navigation.h"
 #include "calendar/redraw.h"
 #include "editing/cellediting.h"
+#include "editing/cellzoom.h"
 #include "editing/dayview.h"
 #include "editing/fontcommand.h"
 #include "editing/formatting.h"
@@ -116,4 +117,5 @@ struct Rooms
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
     // After the handler that can refuse the focus: a refused move must not count as leaving a cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
+    CellZoom zoom{controls.cells, m_pCalendarView, foot};
 };
