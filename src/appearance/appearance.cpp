@@ -7,6 +7,7 @@
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
 #include "notes/turn.h"
+#include "platform/controls/sspanel.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
 #include "platform/profile/profile.h"
@@ -64,15 +65,22 @@ constexpr StyleRules MonthRules = {
     .effect = Inset,
 };
 
-std::vector<StyleSample> CellSamples(const std::array<StyleDefaults, 4>& styles, int size)
+// Of the month's or the week's cells: daily, today, memo, past. The dialog has defaults of its own.
+std::vector<StyleSample> CellSamples(const std::array<StyleDefaults, 4>& styles, int size, int memoAlignment)
 {
     const QString today = QString::number(desktopclock::Now().date().day());
-    const auto sample = [&](int i, const QString& label, const QString& caption, const QColor& paper) {
-        const StyleDefaults defaults = {styles.at(static_cast<std::size_t>(i)).section, -1, size, 0, u""};
-        return StyleSample{u"panelDay(%1)"_s.arg(i), label, caption, defaults, paper};
-    };
-    return {sample(0, u"Daily"_s, u"18"_s, paper::Paper), sample(1, u"Today"_s, today, paper::Today),
-            sample(2, u"Memo"_s, u"Memo1"_s, paper::MemoPaper), sample(3, u"Past Dates"_s, u"5"_s, paper::Paper)};
+    const auto own = [size](const StyleDefaults& drawn) { return StyleDefaults{drawn.section, -1, size, 0, u""}; };
+    const auto& [daily, now, memo, past] = styles;
+    return {{u"panelDay(0)"_s, u"Daily"_s, u"18"_s, own(daily), daily, paper::Paper, SSPanel::LeftTop},
+            {u"panelDay(1)"_s, u"Today"_s, today, own(now), now, paper::Today, SSPanel::LeftTop, paper::TodayFrame},
+            {u"panelDay(2)"_s, u"Memo"_s, u"Memo1"_s, own(memo), memo, paper::MemoPaper, memoAlignment},
+            {u"panelDay(3)"_s, u"Past Dates"_s, u"5"_s, own(past), past, paper::Paper, SSPanel::LeftTop}};
+}
+
+// Of a heading or the title, where dialog and drawing have the same defaults.
+StyleSample BandSample(const QString& name, const QString& caption, const StyleDefaults& defaults)
+{
+    return {name, QString(), caption, defaults, defaults, paper::Band, SSPanel::CenterMiddle};
 }
 } // namespace
 
@@ -84,14 +92,14 @@ bool Appearance::Customize(const StyleRules& rules, const std::vector<StyleSampl
 void Appearance::mnuNumberDlg_Click()
 {
     using namespace settings;
-    if (Customize(DayRules, CellSamples({DailyPanel, TodayPanel, MemoPanel, PastDatePanel}, 12)))
+    if (Customize(DayRules, CellSamples({DailyPanel, TodayPanel, MemoPanel, PastDatePanel}, 12, SSPanel::CenterTop)))
         m_turn(DayRules.save, [this] { m_redraw.subDisplayMonth(); });
 }
 
 void Appearance::mnuWeekAppearance_Click()
 {
     using namespace settings;
-    if (Customize(WeekRules, CellSamples({WeekDaily, WeekToday, WeekMemo, WeekPastDate}, 16)))
+    if (Customize(WeekRules, CellSamples({WeekDaily, WeekToday, WeekMemo, WeekPastDate}, 16, SSPanel::LeftTop)))
         m_turn(WeekRules.save, [this] { m_redraw.subDisplayWeek(); });
 }
 
@@ -100,10 +108,10 @@ void Appearance::mnuMonToSun_Click()
     static constexpr std::array<QStringView, Days> sections = {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};
     std::vector<StyleSample> samples;
     for (std::size_t day = 0; day < Days; ++day) {
-        samples.push_back({u"lblSampleDay(%1)"_s.arg(day), QString(), sections[day].toString().toUpper(),
-                           HeadingDefaults(sections[day]), paper::Band});
+        samples.push_back(BandSample(u"lblSampleDay(%1)"_s.arg(day), sections[day].toString().toUpper(),
+                                     HeadingDefaults(sections[day])));
     }
-    samples.push_back({u"lblAllDay"_s, QString(), u"MON-SUN"_s, HeadingDefaults(u"SUN"), paper::Band});
+    samples.push_back(BandSample(u"lblAllDay"_s, u"MON-SUN"_s, HeadingDefaults(u"SUN")));
     if (!Customize(HeadingRules, samples)) return;
     for (int day = 0; day < Days; ++day)
         StyleHeading(m_cells.lblDayOfWeek(day));
@@ -111,7 +119,7 @@ void Appearance::mnuMonToSun_Click()
 
 void Appearance::mnuMonthDisplay_Click()
 {
-    if (Customize(MonthRules, {{u"lblMonth"_s, QString(), fnMonthName(g_iMonth), settings::DisplayMonth, paper::Band}}))
+    if (Customize(MonthRules, {BandSample(u"lblMonth"_s, fnMonthName(g_iMonth), settings::DisplayMonth)}))
         StyleTitle(*m_bottom.panelBottom);
 }
 

@@ -1,5 +1,6 @@
 #include "appearance/initfontform.h"
 
+#include "appearance/defaultsbutton.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
@@ -26,6 +27,8 @@ constexpr StyleRow StyleRows[] = {{"chkBold", "Bold"_L1, &settings::DefaultBold}
                                   {"chkItalic", "Italic"_L1, &settings::DefaultItalic},
                                   {"chkUnderline", "Underline"_L1, &settings::DefaultUnderline},
                                   {"chkStrikeThrough", "Strikethrough"_L1, &settings::DefaultStrikeThrough}};
+
+constexpr QLatin1StringView Black("Black"); // "0", the default of the setting, stands for it
 
 ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label, void (ORLCombo::*fill)())
 {
@@ -61,7 +64,9 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
         rows->addRow(QString(), m_styles[i]);
     }
     column->addWidget(frame);
-    column->addWidget(MakeOkCancel(*this));
+    QDialogButtonBox* buttons = MakeOkCancel(*this);
+    connect(AddDefaultsButton(*buttons), &QPushButton::clicked, this, &InitFontForm::ShowDefaults);
+    column->addWidget(buttons);
     ShowSettings();
     CenterOnScreen(*this);
 }
@@ -72,12 +77,20 @@ void InitFontForm::ShowSettings()
     tail([&] { Select(*m_orlcmbFontname, Read(settings::DefaultFontName)); });
     tail([&] { Select(*m_orlcmbFontsize, QString::number(Read(settings::DefaultFontSize))); });
     tail([&] {
-        // "0", the default, stands for black.
         const QString color = Read(settings::DefaultFontColor);
-        Select(*m_orlcmbFontcolor, color == u"0" ? u"Black"_s : color);
+        Select(*m_orlcmbFontcolor, color == settings::DefaultFontColor.fallback ? QString(Black) : color);
     });
     for (std::size_t i = 0; i < m_styles.size(); ++i)
         m_styles[i]->setChecked(Read(*StyleRows[i].setting) == 1);
+}
+
+void InitFontForm::ShowDefaults()
+{
+    Select(*m_orlcmbFontname, settings::DefaultFontName.fallback.toString());
+    Select(*m_orlcmbFontsize, QString::number(settings::DefaultFontSize.fallback));
+    Select(*m_orlcmbFontcolor, Black);
+    for (std::size_t i = 0; i < m_styles.size(); ++i)
+        m_styles[i]->setChecked(StyleRows[i].setting->fallback == 1);
 }
 
 void InitFontForm::accept()

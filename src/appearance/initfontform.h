@@ -18,6 +18,7 @@ public:
 
 private:
     void ShowSettings();
+    void ShowDefaults(); // what new notes have without settings
 
     ORLCombo* m_orlcmbFontname;
     ORLCombo* m_orlcmbFontsize;

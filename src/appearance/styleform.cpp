@@ -1,5 +1,6 @@
 #include "appearance/styleform.h"
 
+#include "appearance/defaultsbutton.h"
 #include "hall/panelstyle.h"
 #include "platform/controls/accessrole.h"
 #include "platform/controls/dialogcolumn.h"
@@ -59,7 +60,9 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     AddSamples(*new QGridLayout(frame));
     column->addWidget(frame);
     AddChecks(*column);
-    column->addWidget(MakeOkCancel(*this, u"btnSave"_s));
+    QDialogButtonBox* buttons = MakeOkCancel(*this, u"btnSave"_s);
+    connect(AddDefaultsButton(*buttons), &QPushButton::clicked, this, &StyleForm::ShowDefaults);
+    column->addWidget(buttons);
     ShowEffects();
     CenterOnScreen(*this);
 }
@@ -87,7 +90,8 @@ SSPanel* StyleForm::MakeSample(std::size_t number)
     panel->setObjectName(sample.name);
     panel->setMinimumSize(SmallestSample);
     panel->SetPaper(sample.paper);
-    panel->SetCaptionAlignment(SSPanel::CenterMiddle);
+    panel->SetFrame(sample.frame);
+    panel->SetCaptionAlignment(sample.alignment);
     panel->SetCaption(sample.caption);
     panel->setAccessibleName(sample.label.isEmpty() ? sample.caption : sample.label);
     ApplyStyle(*panel, ReadStyle(sample.defaults));
@@ -131,6 +135,16 @@ void StyleForm::PressSample(std::size_t number)
     if (!chosen) return;
     for (std::size_t i = 0; i < m_panels.size(); ++i)
         if (i == number || number == Written()) ApplyStyle(*m_panels[i], *chosen);
+    ShowEffects();
+}
+
+void StyleForm::ShowDefaults()
+{
+    for (std::size_t i = 0; i < m_panels.size(); ++i)
+        ApplyStyle(*m_panels[i], DefaultStyle(m_samples[i].drawn));
+    m_chkFontEffect->setChecked(m_rules.font3D.fallback != 0);
+    m_effect = m_rules.font3D.fallback;
+    if (m_chkStrikeOut) m_chkStrikeOut->setChecked(m_rules.strikeOut->fallback != 0);
     ShowEffects();
 }
 

@@ -18,8 +18,11 @@ struct StyleSample
     QString name;
     QString label; // beside the sample; may be empty
     QString caption;
-    StyleDefaults defaults; // of this dialog; the drawing has others
+    StyleDefaults defaults; // of this dialog
+    StyleDefaults drawn;    // the calendar's own, where a setting is missing
     QColor paper;
+    int alignment;
+    QColor frame{};
 };
 
 struct StyleRules
@@ -55,6 +58,7 @@ private:
     void AddChecks(QLayout& column);
     void ShowEffects();
     void PressSample(std::size_t number);
+    void ShowDefaults(); // what a calendar without settings shows
 
     const StyleRules& m_rules;
     const std::vector<StyleSample> m_samples;

@@ -3,6 +3,7 @@
 #include "editing/defaultfont.h"
 #include "editing/fontcommand.h"
 #include "editing/notemenu.h"
+#include "editing/notezoom.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
@@ -47,6 +48,11 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     setMinimumSize(SmallestZoomBox.expandedTo(minimumSizeHint()));
     resize(place.size());
     move(place.topLeft());
+    ShowZoom(ReadZoom(settings::DayZoom));
+    connect(new ZoomKeys(*this), &ZoomKeys::Stepped, this, Guarded(" in ZoomBoxForm, ShowZoom"_L1, [this](int steps) {
+                Q_EMIT SignOfLife();
+                ShowZoom(StepZoom(settings::DayZoom, steps));
+            }));
     m_tbZoom->SetTextRTF(rtf);
     GiveDefaultFont(*m_tbZoom, DefaultStyles::None, LoadLiteral);
     m_tbZoom->setFocus();
@@ -107,11 +113,22 @@ QLayout* ZoomBoxForm::MakeFoot()
     add("btnFonts", "&Fonts", " in ZoomBoxForm, btnFonts_Click", &ZoomBoxForm::btnFonts_Click);
     add("btnCancel", "&Cancel", " in ZoomBoxForm, btnCancel_Click", &ZoomBoxForm::btnCancel_Click);
     add("btnOk", "&Ok", " in ZoomBoxForm, btnOk_Click", &ZoomBoxForm::btnOk_Click);
+    m_lblZoom = Named(new QLabel, "lblZoom");
+    auto* hints = new QHBoxLayout;
+    hints->addWidget(lblHint, 1);
+    hints->addWidget(m_lblZoom);
     auto* foot = new QVBoxLayout;
     foot->setSpacing(8);
-    foot->addWidget(lblHint); // a line of its own in full width
+    foot->addLayout(hints); // a line of their own in full width
     foot->addLayout(buttons);
     return foot;
+}
+
+void ZoomBoxForm::ShowZoom(int percent)
+{
+    m_tbZoom->SetZoom(percent);
+    m_lblZoom->setText(ZoomText(percent));
+    m_lblZoom->setVisible(percent != settings::DayZoom.fallback);
 }
 
 // Lines break at the edge of the box, not at a page width.

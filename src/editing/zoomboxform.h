@@ -5,6 +5,7 @@
 #include <QRect>
 
 class FontCommand;
+class QLabel;
 class RichTextBox;
 
 inline constexpr QSize SmallestZoomBox(400, 260); // all of its foot fits
@@ -35,6 +36,7 @@ protected:
 private:
     QWidget* MakeFrame(const QString& heading);
     QLayout* MakeFoot();
+    void ShowZoom(int percent);
     void Form_Resize();
     void btnOk_Click();
     void btnCancel_Click();
@@ -42,4 +44,5 @@ private:
 
     FontCommand& m_fontCommand;
     RichTextBox* m_tbZoom = nullptr;
+    QLabel* m_lblZoom = nullptr; // tells the zoom
 };

@@ -20,6 +20,12 @@ void Foot::Say(const QString& text)
     m_panel.repaint();
 }
 
+void Foot::SayBeside(const QString& text)
+{
+    ShowMonth();
+    Say(Said() + u" - "_s + text);
+}
+
 QString Foot::Said() const
 {
     return m_panel.Caption();

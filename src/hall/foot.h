@@ -11,10 +11,11 @@ class Foot
 public:
     explicit Foot(const BottomPanel& bottom);
 
-    void ShowMonth();                  // "JULY 1999" and the notices
-    void Say(const QString& text);     // replaces the text at once, until the next ShowMonth
-    QString Said() const;              // the shown text
-    void ShowConnection(bool isThere); // the month, or that the server is away if no other notice stands
+    void ShowMonth();                    // "JULY 1999" and the notices
+    void Say(const QString& text);       // replaces the text at once, until the next ShowMonth
+    void SayBeside(const QString& text); // follows the month, until the next ShowMonth
+    QString Said() const;                // the shown text
+    void ShowConnection(bool isThere);   // the month, or that the server is away if no other notice stands
 
     // The reason, or empty to end the notice.
     void SetNotSaved(const QString& reasons); // notes wait to be saved

@@ -2,6 +2,7 @@
 
 #include "hall/bars.h"
 #include "hall/cells.h"
+#include "hall/foot.h"
 #include "platform/controls/named.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/doevents.h"
@@ -89,6 +90,8 @@ void Printing::PrintPage()
     m_library.qmtEndPrint();
     m_spoolForm.reset();
     m_library.TellTrouble();
+    if (const QString file = m_library.WrittenFile(); !file.isEmpty())
+        m_printed.foot.SayBeside(u"The page is in "_s + file);
 }
 
 // The position in the main window is used as one on the screen.

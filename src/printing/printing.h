@@ -8,6 +8,7 @@
 struct BottomPanel;
 class Cells;
 class CommonDialog;
+class Foot;
 class LockedDay;
 class PrintLibrary;
 class RichTextBox;
@@ -20,6 +21,7 @@ struct Printed
 {
     Cells& cells;
     const BottomPanel& bottom;
+    Foot& foot;
     const ViewMode& viewMode;
 };
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 namespace {
+constexpr QStringView DefaultFont = u"Arial";
 constexpr int FontNameSize = 40;
 constexpr int ColorSize = 40;
 
@@ -71,10 +72,17 @@ PanelStyle ReadStyle(const StyleDefaults& defaults)
     const QStringView section = defaults.section;
     // The file may be edited by hand, so a size that no font can have must not reach the painter.
     constexpr int LargestSize = 400;
-    return {ReadText(section, u"FONTNAME", u"Arial", FontNameSize), ReadInt(section, u"FONTBOLD", defaults.bold) != 0,
+    return {ReadText(section, u"FONTNAME", DefaultFont, FontNameSize),
+            ReadInt(section, u"FONTBOLD", defaults.bold) != 0,
             std::clamp(ReadInt(section, u"FONTSIZE", defaults.size), 1, LargestSize),
             ReadInt(section, u"FONTITALIC", defaults.italic) != 0,
             ColorOf(ReadText(section, u"FONTCOLOR", defaults.color, ColorSize))};
+}
+
+PanelStyle DefaultStyle(const StyleDefaults& defaults)
+{
+    return {DefaultFont.toString(), defaults.bold != 0, defaults.size, defaults.italic != 0,
+            ColorOf(defaults.color.toString())};
 }
 
 void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes)

@@ -54,6 +54,7 @@ struct PanelStyle
 };
 
 PanelStyle ReadStyle(const StyleDefaults& defaults);
+PanelStyle DefaultStyle(const StyleDefaults& defaults); // as read from a file without the section
 // yes is the text of a set flag. Writers differ in it; every reader takes it for true.
 void WriteStyle(QStringView section, const PanelStyle& style, QStringView yes);
 
@@ -84,6 +85,11 @@ inline constexpr IntSetting LoadWorkgroup = {u"QMT2LOAD", u"WORKGROUP", 0};
 inline constexpr IntSetting ViewPref = {u"VIEW", u"VIEWPREF", 3};
 inline constexpr IntSetting ViewPrefInDialog = {u"VIEW", u"VIEWPREF", 2};
 inline constexpr IntSetting Minimized = {u"VIEW", u"MINIMIZED", 0};
+
+// How large each view shows its notes, in percent.
+inline constexpr IntSetting DayZoom = {u"VIEW", u"DAYZOOM", 100};
+inline constexpr IntSetting WeekZoom = {u"VIEW", u"WEEKZOOM", 100};
+inline constexpr IntSetting MonthZoom = {u"VIEW", u"MONTHZOOM", 100};
 
 inline constexpr IntSetting AutoUnLock = {u"Network Options", u"AutoUnLock", 0};
 inline constexpr IntSetting UnlockDelay = {u"Network Options", u"UnlockDelay", 5}; // minutes

@@ -15,6 +15,7 @@
 #include "calendar/redraw.h"
 #include "calendar/travel.h"
 #include "editing/cellediting.h"
+#include "editing/cellzoom.h"
 #include "editing/dayview.h"
 #include "editing/fontcommand.h"
 #include "editing/formatting.h"
@@ -118,9 +119,10 @@ struct Rooms
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{
-        {controls.cells, controls.bottom, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
+        {controls.cells, controls.bottom, foot, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
     NoPlanner noPlanner{controls.cells, controls.menus, controls.card, opening};
     // After the handler that can refuse the focus: a refused move must not count as leaving a cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
+    CellZoom zoom{controls.cells, m_pCalendarView, foot};
 };

@@ -82,6 +82,45 @@ private Q_SLOTS:
         CheckIni("PASTDATE PANEL", "SIZE=12 BOLD=1");
     }
 
+    // A sample is painted like the cell or heading that it stands for. Settings that only the file can hold are gone.
+    void DefaultsAreThoseOfAnUntouchedCalendar()
+    {
+        struct Row
+        {
+            const char* entry;
+            QString sample, shown;
+        };
+        const Row rows[] = {
+            {"mnuNumberDlg", u"panelDay(0)"_s, u"panelDay(25)"_s},
+            {"mnuNumberDlg", u"panelDay(1)"_s, u"panelDay(18)"_s},
+            {"mnuNumberDlg", u"panelDay(2)"_s, u"panelDay(35)"_s},
+            {"mnuNumberDlg", u"panelDay(3)"_s, u"panelDay(5)"_s},
+            {"mnuMonToSun", u"lblSampleDay(2)"_s, u"lblDayOfWeek(2)"_s},
+            {"mnuMonthDisplay", u"lblMonth"_s, u"panelBottom"_s},
+        };
+        const auto look = [](const SSPanel& panel) {
+            return std::tuple(panel.CaptionFont(), panel.ForeColor(), panel.Font3D(), panel.CaptionAlignment(),
+                              panel.Paper().rgb(), panel.Frame());
+        };
+        std::vector<decltype(look(m_program->Bottom()))> untouched;
+        for (const Row& row : rows)
+            untouched.push_back(look(*m_program->form->findChild<SSPanel*>(row.shown)));
+        for (const char* section :
+             {"DAILY PANEL", "TODAY PANEL", "MEMO PANEL", "PASTDATE PANEL", "Tue", "DISPLAY MONTH"})
+            for (const auto& [key, value] : {std::pair("FONTSIZE", "33"), std::pair("FONTCOLOR", "&HFF00FF&"),
+                                             std::pair("FONT3D", "0"), std::pair("FONTSTRIKETHRU", "0")})
+                SetIni(section, key, value);
+        for (std::size_t i = 0; i < std::size(rows); ++i) {
+            const SSPanel& shown = *m_program->form->findChild<SSPanel*>(rows[i].shown);
+            m_program->InWindow<StyleForm>(rows[i].entry, [&](StyleForm& form) {
+                Press(form, "btnDefaults");
+                QCOMPARE(look(*form.findChild<SSPanel*>(rows[i].sample)), untouched[i]);
+                Press(form, "btnSave");
+            });
+            QCOMPARE(look(shown), untouched[i]);
+        }
+    }
+
     void WeeksComeOutItalicAfterEachSave()
     {
         m_program->InWindow<StyleForm>("mnuWeekAppearance", [](StyleForm& form) {
@@ -131,6 +170,12 @@ private Q_SLOTS:
         QCOMPARE(m_program->Box(20).SelColor(), std::optional(0x800000u));
         m_program->Click(21); // this day keeps its own font
         CheckFont(21, 8, false);
+        m_program->InWindow<InitFontForm>("mnuInitialFont", [](InitFontForm& form) {
+            Press(form, "btnDefaults");
+            Press(form, "btnOk");
+        });
+        CheckIni("DEFAULT FONTS", "NAME=Arial SIZE=8 COLOR=Black");
+        QCOMPARE(Ini("DEFAULT FONTS", "ITALIC"), u"0"_s);
     }
 };
 

@@ -46,6 +46,7 @@ private Q_SLOTS:
         m_program->Trigger("mnuPrint");
         full.reset();
         QVERIFY(isAlone);
+        QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
     }
 
     // A folder in place of the scratch file makes writing it fail, like a full disk.
@@ -76,9 +77,11 @@ private Q_SLOTS:
         CancelNextPrintDialog();
         m_program->Trigger("mnuPrint");
         QVERIFY(!Notice() && !QFile::exists(Pdf()));
+        QCOMPARE(m_program->Bottom().Caption(), u"MAY 1999"_s);
         PrintNextTo(Pdf());
         m_program->Trigger("mnuPrint");
         QVERIFY(!Notice() && !QFile::exists(Scratch()));
+        QCOMPARE(m_program->Bottom().Caption(), u"MAY 1999 - The page is in "_s + Pdf());
         const PrintedPage page(Pdf());
         QCOMPARE(page.Pages(), 1);
         for (int cell = 1; cell <= 35; ++cell) {

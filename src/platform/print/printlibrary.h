@@ -40,4 +40,6 @@ public:
     virtual void qmtEndPrint() = 0; // prints the page
     // Tells the user if printing failed. Call it when no notice is in front of the windows.
     virtual void TellTrouble() = 0;
+    // The file that the last job has written; empty after a job on paper or one that failed.
+    virtual QString WrittenFile() const = 0;
 };

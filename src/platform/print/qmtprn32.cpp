@@ -7,6 +7,7 @@
 #include "platform/runtime/durablefile.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPrinter>
 #include <QTemporaryFile>
@@ -43,6 +44,7 @@ QMTPrn32::~QMTPrn32() = default;
 std::int16_t QMTPrn32::qmtInitPrint(QWidget* window, RichTextBox& tbPrint)
 {
     m_page.reset();
+    m_writtenFile.clear();
     if (!m_printer.AskForJob(window)) return 0;
     m_page = std::make_unique<CalendarPage>();
     m_page->setup = ReadPageSetup();
@@ -117,6 +119,7 @@ void QMTPrn32::qmtEndPrint()
     QPrinter& printer = m_printer.Printer();
     const bool isPrinted = IsPdf(printer) ? DrawFile(printer) : Draw(printer);
     m_page.reset();
+    if (isPrinted && IsPdf(printer)) m_writtenFile = QFileInfo(printer.outputFileName()).absoluteFilePath();
     if (isPrinted) return;
     m_trouble = TroubleWith(printer);
     m_printer.Renew();

@@ -33,6 +33,7 @@ public:
     void qmtPrintMonth(const QString& caption, const CaptionLook& look) override;
     void qmtEndPrint() override;
     void TellTrouble() override;
+    QString WrittenFile() const override { return m_writtenFile; }
 
 private:
     PageCell* OpenCell(int view, int position); // sets the page's view; null without a job or for a position outside
@@ -43,4 +44,5 @@ private:
     std::unique_ptr<CalendarPage> m_page; // of the current job
     RichTextBox* m_tbPrint = nullptr;
     std::optional<PrintTrouble> m_trouble; // of the last job
+    QString m_writtenFile;                 // by the last job
 };

@@ -114,11 +114,7 @@ public:
 
     QSizeF intrinsicSize(QTextDocument* document, int, const QTextFormat& format) override
     {
-        const QTextImageFormat picture = format.toImageFormat();
-        const QPaintDevice* device = document->documentLayout()->paintDevice();
-        const QScreen* screen = QGuiApplication::primaryScreen();
-        const double scale = device && screen ? device->logicalDpiY() / screen->logicalDotsPerInchY() : 1;
-        return QSizeF(qRound(picture.width()), qRound(picture.height())) * scale;
+        return SizeInLayout(*document, format.toImageFormat());
     }
 
     void drawObject(QPainter* painter, const QRectF& rect, QTextDocument*, int, const QTextFormat& format) override
@@ -152,6 +148,17 @@ private:
 };
 
 } // namespace
+
+QSizeF SizeInLayout(const QTextDocument& document, const QTextImageFormat& picture)
+{
+    const QSizeF size(qRound(picture.width()), qRound(picture.height()));
+    const QPaintDevice* device = document.documentLayout()->paintDevice();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double scale = device && screen ? device->logicalDpiY() / screen->logicalDotsPerInchY() : 1;
+    const double room = document.textWidth() - 2 * document.documentMargin() * scale;
+    if (scale <= 1 || room <= 0 || size.width() * scale <= room) return size * scale;
+    return size * std::max(1.0, room / size.width());
+}
 
 QImage ImageOfPicture(const QTextImageFormat& picture, QSize most)
 {

@@ -25,6 +25,9 @@ QByteArray ImageFileOf(const QTextImageFormat& picture);
 // The group for a PNG or JPEG file; shown is in logical pixels.
 QByteArray ToPictureGroup(const QByteArray& file, QSize pixels, QSize shown);
 
+// The size in the layout's dots. A zoomed picture is not wider than the text, unless it is so unzoomed.
+QSizeF SizeInLayout(const QTextDocument& document, const QTextImageFormat& picture);
+
 // Draws this document's pictures, decoded when they become visible, at the screen's resolution. Other images are drawn
 // as frames and never loaded. Boxes and ReadRtf call this; a cloned document needs it again.
 void ShowPictures(QTextDocument& document);

@@ -5,6 +5,7 @@
 #include "platform/richtext/movedtexts.h"
 #include "platform/richtext/selectionformat.h"
 
+#include <QImage>
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextEdit>
@@ -91,6 +92,11 @@ public:
     void LoadFile(const QString& path); // FileNotFound, PathFileAccess
     void SaveFile(const QString& path); // PathFileAccess; a failed write leaves the old file
 
+    // How large the note is shown, in percent. Formats keep their sizes, so nothing that is stored, copied or printed
+    // depends on it.
+    int Zoom() const { return m_zoom; }
+    void SetZoom(int percent);
+
     void SetRightMargin(int pixels); // width of the wrapped text; 0 wraps at the box's edge
 
     // Scrolls to the first line and clears the selection. The caret stays, and is scrolled to when the focus returns
@@ -134,6 +140,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     // Content is set only by SetText, SetTextRTF and LoadFile, which keep the bytes that were set.
@@ -185,6 +192,8 @@ private:
     int m_caret = 0;                           // caret and anchor at the last SelChange
     int m_anchor = 0;
     int m_rightMargin = 0;
+    int m_zoom = 100;
+    QImage m_zoomed;              // the screen as the layout takes it to be while zoomed
     bool m_entered = false;       // GotFocus was raised, and the focus has stayed in the box since
     bool m_setting = false;       // content is being set
     bool m_pressedBeside = false; // the mouse was pressed beside the text

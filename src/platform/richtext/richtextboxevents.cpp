@@ -62,6 +62,14 @@ bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 }
 } // namespace
 
+// Ctrl with the wheel belongs to the window, which zooms all notes of its view. The toolkit would change the font of a
+// locked note.
+void RichTextBox::wheelEvent(QWheelEvent* event)
+{
+    if (event->modifiers() & Qt::ControlModifier) return event->ignore();
+    QTextEdit::wheelEvent(event);
+}
+
 // Notes have their own font; the desktop's must not change it.
 void RichTextBox::changeEvent(QEvent* event)
 {

@@ -1,3 +1,4 @@
+#include "platform/richtext/pictureimage.h"
 #include "platform/richtext/richtextbox.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -24,13 +25,15 @@ Extent NeededBy(const QTextLine& line, const QTextBlock& block)
 {
     const int first = block.position() + line.textStart(), last = first + line.textLength();
     Extent needed;
+    QPaintDevice* device = block.document()->documentLayout()->paintDevice();
     for (auto part = block.begin(); !part.atEnd(); ++part) {
         const QTextFragment run = part.fragment();
         if (run.position() >= last || run.position() + run.length() <= first) continue;
         const QTextCharFormat format = run.charFormat();
-        const QFontMetricsF metrics(format.font());
-        needed.ascent =
-            qMax(needed.ascent, format.isImageFormat() ? format.toImageFormat().height() : metrics.ascent());
+        const QFontMetricsF metrics(format.font(), device);
+        needed.ascent = qMax(needed.ascent, format.isImageFormat()
+                                                ? SizeInLayout(*block.document(), format.toImageFormat()).height()
+                                                : metrics.ascent());
         if (!format.isImageFormat()) needed.descent = qMax(needed.descent, metrics.descent());
     }
     return needed;
@@ -69,6 +72,22 @@ void CloseGaps(const QTextDocument& document, int top, int bottom)
         CloseGapsAbovePictures(block);
 }
 } // namespace
+
+// The layout takes the box for a screen with more dots per inch, on which points are larger.
+void RichTextBox::SetZoom(int percent)
+{
+    if (percent == m_zoom) return;
+    m_zoom = percent;
+    constexpr double InchesPerMetre = 1 / 0.0254;
+    const int dots = qRound(viewport()->logicalDpiY() * percent / 100.0 * InchesPerMetre);
+    m_zoomed = QImage(1, 1, QImage::Format_Mono);
+    m_zoomed.setDotsPerMeterX(dots);
+    m_zoomed.setDotsPerMeterY(dots);
+    QPaintDevice* usual = viewport();
+    document()->documentLayout()->setPaintDevice(percent == 100 ? usual : &m_zoomed);
+    document()->markContentsDirty(0, document()->characterCount());
+    if (hasFocus()) ensureCursorVisible();
+}
 
 // The height of the line that the upper edge cuts through; 0 if there is none, or if it is so high that it must be
 // shown in parts.

@@ -3,13 +3,18 @@
 
 #include "errorof.h"
 #include "notes.h"
+#include "platform/richtext/samplepictures.h"
 #include "testmain.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QImage>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBlock>
+#include <QTextLayout>
+#include <QWheelEvent>
 
+#include <array>
 #include <limits>
 #include <optional>
 
@@ -127,6 +132,42 @@ private Q_SLOTS:
         box.SetText(u"\u05d0\u05d1"_s); // right-to-left text is not mirrored
         box.SetSelAlignment(0);
         QVERIFY(box.textCursor().blockFormat().alignment() & Qt::AlignAbsolute);
+    }
+
+    // A picture of half the box's width doubles; a wider one fills the line.
+    void zoomChangesOnlyTheLayout()
+    {
+        const auto picture = [](int width) {
+            return "\\par " + Group("pngblip", FileOf(Sample(), "png"), QSize(width, 60));
+        };
+        const QByteArray note = "{\\rtf1\\fs20 Choir\\tab 19:00\\par bring notes" + picture(100) + picture(300) + "}";
+        RichTextBox box;
+        box.resize(400, 300);
+        box.show();
+        box.SetTextRTF(note);
+        const auto sizes = [&] {
+            const QRectF text = box.document()->documentLayout()->blockBoundingRect(box.document()->begin());
+            const double small = box.document()->findBlockByNumber(2).layout()->lineAt(0).height();
+            return std::array{text.height(), double(box.cursorRect().height()), small};
+        };
+        const auto usual = sizes();
+        for (const int percent : {200, 50}) {
+            box.SetZoom(percent);
+            const auto zoomed = sizes();
+            for (std::size_t i = 0; i < usual.size(); ++i)
+                QVERIFY(qAbs(zoomed[i] - usual[i] * percent / 100) <= 2);
+            QVERIFY(box.document()->idealWidth() <= box.viewport()->width());
+            QCOMPARE(box.TextRTF(), note);
+            QVERIFY(!box.Modified() && !box.document()->isUndoAvailable());
+        }
+        Select(box, 0, 1);
+        QCOMPARE(box.SelFontSize(), 10.0);
+        box.SetZoom(100);
+        QCOMPARE(sizes(), usual);
+        box.SetLocked(true);
+        QWheelEvent wheel({9, 9}, {9, 9}, {}, {0, 120}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(box.viewport(), &wheel);
+        QCOMPARE(sizes(), usual); // the toolkit would zoom by the font
     }
 
     void selectionIsClamped()
