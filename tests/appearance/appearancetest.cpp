@@ -65,13 +65,6 @@ private Q_SLOTS:
         QVERIFY(m_program->Stored(u"notes.mdb"_s, u"1999/3/19"_s).contains("before"));
     }
 
-    void TodayHasAStyleOfItsOwn()
-    {
-        Customize("mnuNumberDlg", u"panelDay(1)"_s, [](QFontDialog& fonts) { ChooseSize(fonts, 15); });
-        CheckIni("TODAY PANEL", "SIZE=15");
-        QCOMPARE(m_program->Panel(18).CaptionFont().pointSize(), 15);
-    }
-
     void CancelChangesNothing()
     {
         Customize(

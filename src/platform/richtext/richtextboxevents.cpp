@@ -62,8 +62,7 @@ bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 }
 } // namespace
 
-// Ctrl with the wheel belongs to the window, which zooms all notes of its view. The toolkit would change the font of a
-// locked note.
+// Ctrl with the wheel is passed on to the window, which zooms all notes of its view. The toolkit would scroll.
 void RichTextBox::wheelEvent(QWheelEvent* event)
 {
     if (event->modifiers() & Qt::ControlModifier) return event->ignore();

@@ -12,7 +12,6 @@
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextLayout>
-#include <QWheelEvent>
 
 #include <array>
 #include <limits>
@@ -164,10 +163,6 @@ private Q_SLOTS:
         QCOMPARE(box.SelFontSize(), 10.0);
         box.SetZoom(100);
         QCOMPARE(sizes(), usual);
-        box.SetLocked(true);
-        QWheelEvent wheel({9, 9}, {9, 9}, {}, {0, 120}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(box.viewport(), &wheel);
-        QCOMPARE(sizes(), usual); // the toolkit would zoom by the font
     }
 
     void selectionIsClamped()
