@@ -71,8 +71,13 @@ void Opening::mnuMRU_Click(const MenuItem& entry)
 void Opening::OpenFile(const QString& path)
 {
     filesystem::Remember(path);
+    OpenKnown(path.toLower());
+}
+
+void Opening::OpenKnown(const QString& path)
+{
     g_sDBTitle = QFileInfo(path).fileName().toLower();
-    OpenListed(path.toLower());
+    OpenListed(path);
 }
 
 void Opening::OpenListed(const QString& path)
@@ -104,6 +109,7 @@ void Opening::Adopt(const QString& file, bool exclusive)
     WatchForDamage(file);
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
     m_notes.DropCells(); // a timer may have filled them while a question was open
+    m_onChange(true);
 }
 
 void Opening::subAutoload()
@@ -177,6 +183,7 @@ void Opening::GiveUp(const QString& reason)
     m_foot.Say(reason);
     g_sDBPath.clear();
     m_notes.DropCells();
+    m_onChange(false);
 }
 
 // Only a missing table identifies an older file: no version is stored.

@@ -37,7 +37,10 @@ public:
     void mnuMRU_Click(const MenuItem& entry);
     // Opens the file like an entry of the recent list. The path is used literally; the file may be missing.
     void OpenFile(const QString& path);
-    void subAutoload(); // the start-up planner, if one is set
+    void OpenKnown(const QString& path); // likewise for a path as the program keeps it
+    void subAutoload();                  // the start-up planner, if one is set
+    // Calls back when a planner has been opened, and when an opening has left none open.
+    void SetOnChange(std::function<void(bool isOpen)> onChange) { m_onChange = std::move(onChange); }
 
     // Opens g_sDBPath. true means a personal planner, since the argument is passed on as the engine's exclusive
     // argument. g_sDBPath is empty afterwards if the open failed.
@@ -79,4 +82,5 @@ private:
     Recovery& m_recovery;
     HeldDay& m_heldDay;
     Redraw& m_redraw;
+    std::function<void(bool isOpen)> m_onChange;
 };

@@ -70,6 +70,10 @@ inline constexpr TextSetting MRU[] = {
 };
 inline constexpr int RecentPlanners = std::size(MRU);
 
+// The last planner that was created and not opened since, and how many entries of MRU are newer.
+inline constexpr TextSetting CreatedPlanner = {u"Created Planner", u"Path", u"", PathSize};
+inline constexpr IntSetting CreatedPlace = {u"Created Planner", u"Place", 0};
+
 inline constexpr IntSetting LoadCondition = {u"QMT2LOAD", u"LOAD CONDITION", 0};
 inline constexpr IntSetting LoadPathSize = {u"QMT2LOAD", u"PATHSIZE", 0};
 inline constexpr IntSetting LoadTitleSize = {u"QMT2LOAD", u"TITLESIZE", 0};

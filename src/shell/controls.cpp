@@ -235,13 +235,15 @@ Controls::Controls(QMainWindow& window)
     : client(MakeClient(window)), menus(*window.menuBar()), cells(*new Cells(client)), bar(MakeFormatBar(client)),
       sidebar(MakeSidebar(client)), bottom(MakeBottomPanel(client)),
       network(MakeNetworkControls(client, sidebar.fraSidebar[0])), lblDateDiff(MakeDateDiffLabel(client)),
+      card(*Named(new StartCard(client), "startCard")),
       tmMidnightRefresh(*Named(new Timer(HalfAMinute, client), "tmMidnightRefresh")),
       tmAlarm(*Named(new Timer(TenSeconds, client), "tmAlarm")), FontDialog(&window)
 {
     FillCommandPage(sidebar, network);
     FillPicturePage(sidebar);
-    // Tab order: tabs, their page, cells, spins.
+    // Tab order: tabs, their page, card, cells, spins.
     QWidget::setTabOrder(sidebar.picAlarm, network.picRefresh);
     QWidget::setTabOrder(network.picRefresh, network.picLock);
+    QWidget::setTabOrder(sidebar.btnReloadIcons, &card);
     cells.SetTabBehind(bottom.imgLeftSpin, bottom.imgRightSpin);
 }

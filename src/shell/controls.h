@@ -4,6 +4,7 @@
 #include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/menus.h"
+#include "hall/startcard.h"
 #include "platform/desktop/commondialog.h"
 
 class QLabel;
@@ -23,6 +24,7 @@ struct Controls
     BottomPanel bottom;
     NetworkControls network;
     QLabel* lblDateDiff; // lies over the cells
+    StartCard& card;     // likewise, while no planner is open
     Timer& tmMidnightRefresh;
     Timer& tmAlarm;
     CommonDialog FontDialog;

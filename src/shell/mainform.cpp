@@ -10,6 +10,7 @@
 #include "shell/wiring.h"
 #include "state/calendarstate.h"
 #include "state/modshow.h"
+#include "state/plannerstate.h"
 
 #include <QCloseEvent>
 
@@ -46,6 +47,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
     if (rooms.m_pSidebar.IsVisible()) rooms.controls.sidebar.tabSidebar->setFocus();
+    if (!HasPlanner()) rooms.noPlanner.Follow(false);
     DoEvents();
     progress(u"Loading Icons..."_s);
     rooms.controls.tmMidnightRefresh.SetEnabled(true);

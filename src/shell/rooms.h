@@ -29,6 +29,7 @@
 #include "planners/creation.h"
 #include "planners/maintenance.h"
 #include "planners/networkmode.h"
+#include "planners/noplanner.h"
 #include "planners/opening.h"
 #include "planners/recentlist.h"
 #include "planners/servermove.h"
@@ -55,6 +56,7 @@ struct Rooms
     explicit Rooms(QMainWindow& window) : controls(window)
     {
         m_pCalendarView.SetRedraw(redraw);
+        opening.SetOnChange([this](bool isOpen) { noPlanner.Follow(isOpen); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
         journal.SetSource([this] {
             UnsavedNotes typed = notes.Typed();
@@ -108,12 +110,13 @@ struct Rooms
     Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
     ServerMove serverMove{controls.FontDialog, opening, heldDay};
     WorkgroupHandlers workgroup{controls.cells, controls.network, turn, heldDay, dayView, serverMove};
-    WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff};
+    WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff, controls.card};
     SystemPrinter printer;
     QMTPrn32 printLibrary{printer};
     Printing printing{
         {controls.cells, controls.bottom, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
+    NoPlanner noPlanner{controls.cells, controls.menus, controls.card, opening};
     // After the handler that can refuse the focus: a refused move must not count as leaving a cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
 };

@@ -24,8 +24,8 @@ namespace {
 class MomentsLook
 {
 public:
-    // lblDateDiff may lie over the cells. month may have notices behind its title.
-    MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month);
+    // lblDateDiff and card may lie over the cells. month may have notices behind its title.
+    MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, QWidget& card, SSPanel& month);
     ~MomentsLook();
     Q_DISABLE_COPY_MOVE(MomentsLook)
 
@@ -34,6 +34,7 @@ private:
     void ShowCaret();
 
     QWidget& m_lblDateDiff;
+    QWidget& m_card;
     const bool m_hadLabel;
     SSPanel& m_month;
     const QString m_title;
@@ -53,11 +54,13 @@ SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
     const int cell = cells.CellOfDay(range, today.day());
     return cell == 0 ? nullptr : &cells.panelDay(cell);
 }
-MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, SSPanel& month)
-    : m_lblDateDiff(lblDateDiff), m_hadLabel(!lblDateDiff.isHidden()), m_month(month), m_title(month.Caption())
+MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, QWidget& card, SSPanel& month)
+    : m_lblDateDiff(lblDateDiff), m_card(card), m_hadLabel(!lblDateDiff.isHidden()), m_month(month),
+      m_title(month.Caption())
 {
     m_month.SetCaption(MonthTitle());
     m_lblDateDiff.setVisible(false);
+    m_card.lower(); // behind the cells; hiding it would move the focus
     const CellRange range = CellsOf(viewMode.GetViewMode());
     for (int cell = range.first; cell <= range.last && cell > 0; ++cell) {
         if (!cells.Shows(cell)) continue;
@@ -79,6 +82,7 @@ MomentsLook::~MomentsLook()
 {
     m_month.SetCaption(m_title);
     m_lblDateDiff.setVisible(m_hadLabel);
+    m_card.raise();
     if (m_today) {
         ApplyStyle(*m_today, ReadStyle(settings::TodayPanel));
         m_today->SetPaper(paper::Today);
@@ -153,7 +157,7 @@ QImage CalendarPicture::Draw(int wallpaperSize) const
     QWidget& client = *m_cells.Client();
     const auto restore = qScopeGuard([&client, before = client.geometry()] { client.setGeometry(before); });
     if (wallpaperSize != calendarpicture::Normal && client.isVisible()) client.resize(GrownSize(client));
-    const MomentsLook out(m_cells, m_calendar, m_lblDateDiff, *m_bottom.panelBottom);
+    const MomentsLook out(m_cells, m_calendar, m_lblDateDiff, m_card, *m_bottom.panelBottom);
     const QRect region = Region();
     const qreal ratio = client.devicePixelRatioF();
     if (wallpaperSize == calendarpicture::Stretched) {

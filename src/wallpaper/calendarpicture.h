@@ -18,14 +18,15 @@ inline constexpr int Maximized = 2; // the calendar as it is in a window that fi
 class CalendarPicture
 {
 public:
-    CalendarPicture(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar, QWidget& lblDateDiff)
-        : m_cells(cells), m_bottom(bottom), m_calendar(calendar), m_lblDateDiff(lblDateDiff)
+    CalendarPicture(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar, QWidget& lblDateDiff,
+                    QWidget& card)
+        : m_cells(cells), m_bottom(bottom), m_calendar(calendar), m_lblDateDiff(lblDateDiff), m_card(card)
     {
     }
 
     // Grid, headings and month's title in device pixels, without momentary looks: today, caret, selection, frames, date
-    // difference. They are restored afterwards, also after an error. Today's caption then has the month's style, in the
-    // week view too.
+    // difference, card. They are restored afterwards, also after an error. Today's caption then has the month's style,
+    // in the week view too.
     QImage Draw(int wallpaperSize) const;
 
 private:
@@ -35,6 +36,7 @@ private:
     const BottomPanel& m_bottom;
     const CCalendarView& m_calendar;
     QWidget& m_lblDateDiff;
+    QWidget& m_card;
 };
 
 // Writes a bitmap file. If that fails, an old file stays and errors::PathFileAccess is raised.

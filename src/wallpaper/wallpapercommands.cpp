@@ -41,8 +41,8 @@ void Tell(const QString& text, const QString& title = messages::HelpWizard)
 } // namespace
 
 WallpaperCommands::WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar,
-                                     QWidget& lblDateDiff)
-    : m_client(*cells.Client()), m_picture(cells, bottom, calendar, lblDateDiff)
+                                     QWidget& lblDateDiff, QWidget& card)
+    : m_client(*cells.Client()), m_picture(cells, bottom, calendar, lblDateDiff, card)
 {
 }
 

@@ -9,7 +9,8 @@ class QWidget;
 class WallpaperCommands
 {
 public:
-    WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar, QWidget& lblDateDiff);
+    WallpaperCommands(Cells& cells, const BottomPanel& bottom, const CCalendarView& calendar, QWidget& lblDateDiff,
+                      QWidget& card);
 
     void mnuSetWallpaper_Click();
     void mnuClearWallpaper_Click();

@@ -2,6 +2,7 @@
 #include "notes/recoveryform.h"
 #include "platform/controls/tabstrip.h"
 #include "printing/spoolform.h"
+#include "settingsfile.h"
 #include "shell/splash.h"
 #include "testmain.h"
 #include "workgroupprogram.h"
@@ -192,8 +193,11 @@ class AccessibleTest : public QObject
 
     void LookAtAPersonalPlanner()
     {
+        SetIni("MRU", "MRU1", u"/home/ann/home.mdb"_s);
+        SetIni("MRU", "MRU2", u"/srv/the office/team.mdb"_s);
         m_program->Start();
         QAccessible::setActive(true);
+        Look("no planner", *m_program->form);
         m_program->New(u"own.mdb"_s);
         WriteNotes();
         AddAlarms({MakeAlarm("1999/3/17", "10:00", "")});

@@ -103,7 +103,10 @@ private Q_SLOTS:
 
     void NothingOfTheMomentIsInThePicture()
     {
+        m_program->Trigger("mnuSetWallpaper"); // while the card is shown
         m_program->New(u"notes.mdb"_s);
+        m_program->Trigger("mnuSetWallpaper");
+        QVERIFY(QImage(Bitmap("planner.bmp")) == QImage(Bitmap("notes.bmp")));
         m_program->Type(Today, u"a note of today"_s);
         RichTextBox& box = m_program->Box(Today);
         Select(box, 2, 4);

@@ -1,0 +1,79 @@
+#include "planners/noplanner.h"
+
+#include "hall/cells.h"
+#include "hall/menus.h"
+#include "hall/startcard.h"
+#include "planners/opening.h"
+#include "planners/recentlist.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+
+NoPlanner::NoPlanner(Cells& cells, Menus& menus, StartCard& card, Opening& opening) : m_cells(cells), m_card(card)
+{
+    WireCells();
+    WireCard(menus, opening);
+}
+
+void NoPlanner::WireCells()
+{
+    QObject::connect(&m_cells, &Cells::Redrawn, &m_card, Guarded(" in MainForm, NoPlanner"_L1, [this] {
+        if (!m_card.isHidden()) PlaceCard();
+    }));
+    QObject::connect(&m_cells, &Cells::KeyPress, &m_card,
+                     Guarded(" in MainForm, tbDay_KeyPress"_L1, [this](int, int& KeyAscii) {
+                         const bool types = KeyAscii >= u' ' || KeyAscii == u'\r'; // Esc and Ctrl+P do not
+                         if (types && RefusesWithout()) KeyAscii = 0;
+                     }));
+}
+
+void NoPlanner::WireCard(Menus& menus, Opening& opening)
+{
+    QObject::connect(&m_card, &StartCard::New, menus("mnuNew"_L1).Action(), &QAction::trigger);
+    QObject::connect(&m_card, &StartCard::Open, menus("mnuOpen"_L1).Action(), &QAction::trigger);
+    QObject::connect(
+        &m_card, &StartCard::OpenPlanner, &m_card,
+        Guarded(" in MainForm, mnuMRU_Click"_L1, [&opening](const QString& path) { opening.OpenKnown(path); }));
+}
+
+void NoPlanner::Follow(bool isOpen)
+{
+    if (isOpen) {
+        QWidget& client = *m_cells.Client();
+        if (m_card.isAncestorOf(client.window()->focusWidget())) client.setFocus(); // else the first cell would get it
+        m_card.hide();
+        Admit(true);
+        return;
+    }
+    m_card.SetPlanners(RecentList::Planners());
+    PlaceCard();
+    m_card.show();
+    m_card.setFocus();
+}
+
+bool NoPlanner::RefusesWithout() const
+{
+    if (m_card.isHidden()) return false;
+    messages::Tell(messages::NoPlannerForEvents);
+    return true;
+}
+
+// In the middle of the shown cells. A view that was not shown before has new cells.
+void NoPlanner::PlaceCard()
+{
+    QRect area;
+    for (int cell = 1; cell <= CellCount; ++cell)
+        if (m_cells.Shows(cell)) area |= m_cells.panelDay(cell).geometry();
+    m_card.Place(area.isEmpty() ? m_cells.Client()->rect() : area);
+    Admit(false);
+}
+
+// Without a planner no cell shows a caret, and Tab passes over the cells, since the card hides some of them.
+void NoPlanner::Admit(bool isOpen)
+{
+    constexpr int UsualWidth = -1;
+    for (int cell = 1; cell <= CellCount; ++cell) {
+        if (!m_cells.tbDay.Exists(cell)) continue;
+        m_cells.tbDay(cell).setCursorWidth(isOpen ? UsualWidth : 0);
+        m_cells.tbDay(cell).setFocusPolicy(isOpen ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
