@@ -5,6 +5,8 @@
 
 #include <array>
 
+class QCheckBox;
+class QLayout;
 class QRadioButton;
 
 class OpenAsForm : public QDialog
@@ -14,11 +16,16 @@ class OpenAsForm : public QDialog
 public:
     explicit OpenAsForm(const QString& plannerPath, QWidget* owner = nullptr);
 
-    bool Shared() const; // valid after exec()
+    // Valid after exec().
+    bool Shared() const;
+    bool AtEveryStart() const;
 
     // Esc and the close box are ignored. exec() returns without an answer only when the program ends.
     void reject() override;
 
 private:
+    void AddOption(QLayout& options, int index, const QString& meaning);
+
     std::array<QRadioButton*, 2> m_opShared;
+    QCheckBox* m_chkAtEveryStart;
 };

@@ -16,12 +16,14 @@
 #include "planners/networkmode.h"
 #include "planners/openasform.h"
 #include "planners/recentlist.h"
+#include "planners/startplanner.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
+#include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -30,6 +32,8 @@
 #include "state/workgroupstate.h"
 
 #include <QFileInfo>
+
+#include <utility>
 
 namespace {
 constexpr QLatin1StringView OpenTail(" in QMTDB.BAS, subOpenDBNoDlg");
@@ -94,6 +98,8 @@ std::optional<bool> Opening::AskHow()
     OpenAsForm form(g_sDBPath, m_cells.Client()->window());
     if (form.exec() != QDialog::Accepted) return {};
     m_networkMode.subSetNetworkMode(form.Shared());
+    m_atEveryStart.reset();
+    if (form.AtEveryStart() != IsStartPlanner(g_sDBPath)) m_atEveryStart = form.AtEveryStart();
     return form.Shared();
 }
 
@@ -109,7 +115,19 @@ void Opening::Adopt(const QString& file, bool exclusive)
     WatchForDamage(file);
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
     m_notes.DropCells(); // a timer may have filled them while a question was open
+    KeepStartPlanner();
     m_onChange(true);
+}
+
+// Only once it is open: a planner that does not open would report that at every start. An answer that changes nothing
+// leaves the start-up options as they are.
+void Opening::KeepStartPlanner()
+{
+    const auto opens = std::exchange(m_atEveryStart, {});
+    if (!opens) return;
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    WriteStartPlanner(*opens);
+    if (*opens) Write(settings::LoadWorkgroup, g_bDBShared ? 1 : 0);
 }
 
 void Opening::subAutoload()

@@ -65,6 +65,7 @@ private:
     void AskHowAndOpen();
     bool OpenNotes(bool exclusive, const QString& foot);
     void TakeChange(const QString& table, const QVariant& key);
+    void KeepStartPlanner();
     void GiveUp(const QString& reason);
     static bool Upgrade(const std::function<void()>& step); // false after a message and a log entry
     static bool OpenOrAdd(const std::function<void()>& open, const std::function<void()>& add, bool asks);
@@ -83,4 +84,5 @@ private:
     HeldDay& m_heldDay;
     Redraw& m_redraw;
     std::function<void(bool isOpen)> m_onChange;
+    std::optional<bool> m_atEveryStart; // what OpenAsForm has changed, until the planner is open
 };

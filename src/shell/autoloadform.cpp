@@ -1,11 +1,11 @@
 #include "shell/autoloadform.h"
 
+#include "planners/startplanner.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
-#include "platform/runtime/language.h"
 #include "settings/settings.h"
 #include "state/plannerstate.h"
 #include "state/viewmode.h"
@@ -30,12 +30,6 @@ QLayout& AddFrame(QLayout& column, const QString& caption)
     auto* frame = new QGroupBox(caption);
     column.addWidget(frame);
     return *new QVBoxLayout(frame);
-}
-
-// Older versions store a length with the blank of its sign.
-QString LengthOf(const QString& text)
-{
-    return text.isEmpty() ? QString() : Str(text.size());
 }
 } // namespace
 
@@ -83,14 +77,7 @@ void AutoloadForm::ShowSettings()
 void AutoloadForm::accept()
 {
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    const bool autoload = m_chkAutoload->isChecked();
-    const QString path = autoload ? g_sDBPath : QString();
-    const QString title = autoload ? g_sDBTitle : QString();
-    Write(settings::LoadCondition, autoload ? 1 : 0);
-    WriteText(settings::LoadPathSize, LengthOf(path));
-    WriteText(settings::LoadTitleSize, LengthOf(title));
-    Write(settings::LoadFilePath, path);
-    Write(settings::LoadFileTitle, title);
+    WriteStartPlanner(m_chkAutoload->isChecked());
     Write(settings::ViewPref, m_opStartupView[0]->isChecked() ? ViewMode::Week : ViewMode::Month);
     Write(settings::Minimized, m_chkMinimized->isChecked() ? 1 : 0);
     Write(settings::LoadWorkgroup, m_opShared[0]->isChecked() ? 0 : 1);
