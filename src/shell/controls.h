@@ -4,6 +4,7 @@
 #include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/menus.h"
+#include "hall/startcard.h"
 #include "platform/desktop/commondialog.h"
 
 class QLabel;
