@@ -47,12 +47,6 @@ void Run(Rooms& rooms)
     ((rooms.*Room).*Handler)();
 }
 
-// Without a planner there is nothing to print.
-void Print(Rooms& rooms)
-{
-    if (!rooms.noPlanner.RefusesWithout()) rooms.printing.mnuPrint_Click();
-}
-
 struct MenuRow
 {
     const char* name;
@@ -68,7 +62,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuRepair", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
     {"mnuPageSetup", Run<&Rooms::printing, &Printing::mnuPageSetup_Click>},
     {"mnuPrintSetup", Run<&Rooms::printing, &Printing::mnuPrintSetup_Click>},
-    {"mnuPrint", Print},
+    {"mnuPrint", Run<&Rooms::printing, &Printing::mnuPrint_Click>},
     {"mnuRefresh", Run<&Rooms::workgroup, &WorkgroupHandlers::subRefreshCells>},
     {"mnuLockDay", Run<&Rooms::heldDay, &HeldDay::subLockDay>},
     {"mnuNetworkOptions", Run<&Rooms::workgroup, &WorkgroupHandlers::mnuNetworkOptions_Click>},
@@ -152,16 +146,18 @@ struct PressedPicture
     QByteArray name;
     const char* clickEvent; // in the error log
     Command command;
+    bool needsPlanner = true;
 };
 
 void WirePicture(Rooms& rooms, const PressedPicture& row)
 {
     PictureButton* picture = rooms.controls.sidebar.*row.picture;
-    On(picture, &PictureButton::Click, row.name + row.clickEvent, [&rooms, command = row.command] {
-        if (HasPlanner()) command(rooms);
+    const auto canRun = [needsPlanner = row.needsPlanner] { return !needsPlanner || HasPlanner(); };
+    On(picture, &PictureButton::Click, row.name + row.clickEvent, [&rooms, canRun, command = row.command] {
+        if (canRun()) command(rooms);
     });
-    On(picture, &PictureButton::MouseDown, row.name + "_MouseDown", [&rooms, picture, command = row.command] {
-        if (!HasPlanner()) return command(rooms);
+    On(picture, &PictureButton::MouseDown, row.name + "_MouseDown", [&rooms, canRun, picture, command = row.command] {
+        if (!canRun()) return command(rooms);
         picture->ShowElement(1);
     });
     On(picture, &PictureButton::MouseUp, row.name + "_MouseUp", [picture] { picture->ShowElement(0); });
@@ -175,7 +171,7 @@ void WireSidebar(Rooms& rooms)
         {&Sidebar::picRecurse, "picRecurse", "_MouseUp",
          Run<&Rooms::recurringEvents, &RecurringEvents::mnuRecurse_Click>},
         {&Sidebar::picAlarm, "picAlarm", "_MouseUp", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
-        {&Sidebar::picPrint, "picPrint", "_MouseUp", Print},
+        {&Sidebar::picPrint, "picPrint", "_MouseUp", Run<&Rooms::printing, &Printing::mnuPrint_Click>, false},
     };
     for (const PressedPicture& row : rows)
         WirePicture(rooms, row);

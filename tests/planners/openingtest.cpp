@@ -174,7 +174,7 @@ private Q_SLOTS:
     {
         for (const char* command :
              {"mnuDayView", "picDay", "mnuWeekView", "picWeek", "mnuFindWord", "mnuAutoload", "mnuDateDiffCustomize",
-              "mnuNewAlarm", "mnuChangeAlarms", "picAlarm", "mnuRecurse", "picRecurse", "mnuPrint", "picPrint"})
+              "mnuNewAlarm", "mnuChangeAlarms", "picAlarm", "mnuRecurse", "picRecurse"})
             QVERIFY2(Refusal(command).startsWith(u"No Planner Exists!\n"), command);
     }
 

@@ -114,7 +114,6 @@ private Q_SLOTS:
 
     void theSetupAsksForNoFileAndHoldsForTheJob()
     {
-        m_program->New(u"notes.mdb"_s);
         CancelNextPrintDialog();
         m_program->Trigger("mnuPrintSetup");
         OnNextModal<QPrintDialog>([this](QPrintDialog& dialog) {
