@@ -46,7 +46,7 @@ bool Travel::TurnsPages(const QWidget* widget) const
 // A fine wheel sends many small turns. A page needs a whole notch.
 bool Travel::Turn(const QWheelEvent& event)
 {
-    const int turn = event.angleDelta().y();
+    const int turn = event.modifiers() & Qt::ControlModifier ? 0 : event.angleDelta().y(); // with Ctrl it zooms
     if (turn == 0 || !TurnsPages(m_cells.Client()->childAt(event.position().toPoint()))) return false;
     if ((turn < 0) != (m_turned < 0)) m_turned = 0;
     m_turned += turn;
