@@ -92,7 +92,7 @@ QStringList RecentList::Planners()
     const int place = Read(settings::CreatedPlace);
     // Like an entry it is dropped when four others are newer.
     if (created.isEmpty() || place >= RecentPlanners) return paths;
-    paths.removeOne(created); // it was an entry before it was created anew
+    paths.removeOne(created); // it was an entry before it was created again
     paths.insert(qBound(0, place, int(paths.size())), created);
     return paths;
 }
