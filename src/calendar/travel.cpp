@@ -4,12 +4,13 @@
 #include "hall/bars.h"
 #include "hall/cells.h"
 #include "platform/controls/picturebutton.h"
+#include "platform/runtime/errortail.h"
 #include "state/viewmode.h"
 
 #include <QKeyEvent>
-#include <QWheelEvent>
 
 #include <array>
+#include <cstdlib>
 
 namespace {
 constexpr int DaysOfWeek = 7;
@@ -43,17 +44,15 @@ bool Travel::TurnsPages(const QWidget* widget) const
     return widget && (widget == m_bottom.panelBottom || m_bottom.panelBottom->isAncestorOf(widget));
 }
 
-// A fine wheel sends many small turns. A page needs a whole notch.
 bool Travel::Turn(const QWheelEvent& event)
 {
-    const int turn = event.modifiers() & Qt::ControlModifier ? 0 : event.angleDelta().y(); // with Ctrl it zooms
-    if (turn == 0 || !TurnsPages(m_cells.Client()->childAt(event.position().toPoint()))) return false;
-    if ((turn < 0) != (m_turned < 0)) m_turned = 0;
-    m_turned += turn;
-    for (; m_turned >= QWheelEvent::DefaultDeltasPerStep; m_turned -= QWheelEvent::DefaultDeltasPerStep)
-        m_navigation.subActionPrevious();
-    for (; m_turned <= -QWheelEvent::DefaultDeltasPerStep; m_turned += QWheelEvent::DefaultDeltasPerStep)
-        m_navigation.subActionNext();
+    const bool zooms = event.modifiers() & Qt::ControlModifier;
+    if (zooms || !TurnsPages(m_cells.Client()->childAt(event.position().toPoint()))) return false;
+    Guarded(" in MainForm, Travel"_L1, [&] {
+        const int notches = m_notches.Take(event);
+        for (int page = 0; page < std::abs(notches); ++page)
+            notches > 0 ? m_navigation.subActionPrevious() : m_navigation.subActionNext();
+    })();
     return true;
 }
 

@@ -2,13 +2,14 @@
 // cell beside, with Home and End to the first and the last day that is shown.
 #pragma once
 
+#include "platform/controls/wheelnotches.h"
+
 #include <QObject>
 
 struct BottomPanel;
 class Cells;
 class Navigation;
 class QKeyEvent;
-class QWheelEvent;
 class QWidget;
 class ViewMode;
 
@@ -33,5 +34,5 @@ private:
     const BottomPanel& m_bottom;
     const ViewMode& m_viewMode;
     Navigation& m_navigation;
-    int m_turned = 0; // by the wheel since the last page, in eighths of a degree
+    WheelNotches m_notches;
 };

@@ -60,17 +60,11 @@ ZoomKeys::ZoomKeys(QWidget& area) : QObject(&area)
     }
 }
 
-// A fine wheel sends many small turns. A step needs a whole notch.
 bool ZoomKeys::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() != QEvent::Wheel) return false;
     const auto& wheel = *static_cast<QWheelEvent*>(event);
     if (!(wheel.modifiers() & Qt::ControlModifier)) return false;
-    const int turn = wheel.angleDelta().y();
-    if ((turn < 0) != (m_turned < 0)) m_turned = 0;
-    m_turned += turn;
-    const int notches = m_turned / QWheelEvent::DefaultDeltasPerStep;
-    m_turned %= QWheelEvent::DefaultDeltasPerStep;
-    if (notches != 0) Q_EMIT Stepped(notches);
+    if (const int notches = m_notches.Take(wheel); notches != 0) Q_EMIT Stepped(notches);
     return true;
 }

@@ -2,6 +2,7 @@
 // they are.
 #pragma once
 
+#include "platform/controls/wheelnotches.h"
 #include "settings/settings.h"
 
 #include <QObject>
@@ -25,5 +26,5 @@ Q_SIGNALS:
     void Stepped(int steps); // larger if positive; 0 asks for 100 %
 
 private:
-    int m_turned = 0; // by the wheel since the last step, in eighths of a degree
+    WheelNotches m_notches;
 };
