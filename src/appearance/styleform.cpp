@@ -140,8 +140,11 @@ void StyleForm::PressSample(std::size_t number)
 
 void StyleForm::ShowDefaults()
 {
-    for (std::size_t i = 0; i < m_panels.size(); ++i)
-        ApplyStyle(*m_panels[i], DefaultStyle(m_samples[i].drawn));
+    for (std::size_t i = 0; i < m_panels.size(); ++i) {
+        PanelStyle style = DefaultStyle(m_samples[i].drawn);
+        style.italic = style.italic || m_rules.alwaysItalic; // as Ok stores it
+        ApplyStyle(*m_panels[i], style);
+    }
     m_chkFontEffect->setChecked(m_rules.font3D.fallback != 0);
     m_effect = m_rules.font3D.fallback;
     if (m_chkStrikeOut) m_chkStrikeOut->setChecked(m_rules.strikeOut->fallback != 0);

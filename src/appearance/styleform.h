@@ -58,7 +58,7 @@ private:
     void AddChecks(QLayout& column);
     void ShowEffects();
     void PressSample(std::size_t number);
-    void ShowDefaults(); // what a calendar without settings shows
+    void ShowDefaults(); // what a calendar without settings shows, but the week in italics, as Ok stores it
 
     const StyleRules& m_rules;
     const std::vector<StyleSample> m_samples;

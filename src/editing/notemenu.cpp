@@ -14,7 +14,7 @@ struct KeyRow // a command that is a key of the box
     const char* caption;
     int key;
     Qt::KeyboardModifiers modifiers;
-    bool (*canRun)(const RichTextBox& box) = [](const RichTextBox&) { return true; };
+    bool (*canRun)(const RichTextBox& box) = nullptr; // null: always
 };
 constexpr KeyRow KeyRows[] = {
     {"mnuCut", "Cut", Qt::Key_Delete, Qt::ShiftModifier},
@@ -47,6 +47,7 @@ void AddKey(QMenu& menu, RichTextBox& box, const KeyRow& row)
     QAction* action =
         menu.addAction(QString::fromLatin1(row.caption), &box, [&box, &row] { PostKey(box, row.key, row.modifiers); });
     action->setObjectName(QString::fromLatin1(row.name));
+    if (!row.canRun) return;
     QObject::connect(&menu, &QMenu::aboutToShow, action, [action, &box, &row] { action->setEnabled(row.canRun(box)); });
 }
 

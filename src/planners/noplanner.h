@@ -13,10 +13,10 @@ public:
     // Connects to the cells after the handlers of a shared planner, which may refuse a key first.
     NoPlanner(Cells& cells, Menus& menus, StartCard& card, Opening& opening);
 
-    void Follow(bool isOpen);    // an opening has succeeded or failed
-    bool RefusesWithout() const; // true after a message while no planner is open
+    void Follow(bool isOpen); // an opening has succeeded or failed
 
 private:
+    bool RefusesWithout() const; // true after a message while no planner is open
     void WireCells();
     void WireCard(Menus& menus, Opening& opening);
     void PlaceCard();

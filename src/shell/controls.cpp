@@ -1,6 +1,5 @@
 #include "shell/controls.h"
 
-#include "hall/startcard.h"
 #include "platform/controls/accessrole.h"
 #include "platform/controls/named.h"
 #include "platform/controls/orlcombo.h"

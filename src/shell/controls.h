@@ -9,7 +9,6 @@
 
 class QLabel;
 class QMainWindow;
-class StartCard;
 class Timer;
 
 // The window owns all of them, through its client area and menu bar.

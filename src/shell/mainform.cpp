@@ -46,8 +46,8 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     tail([&] { rooms.navigation.subSetViewMenus(); });
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
-    if (rooms.m_pSidebar.IsVisible()) rooms.controls.sidebar.tabSidebar->setFocus();
     if (!HasPlanner()) rooms.noPlanner.Follow(false);
+    if (rooms.m_pSidebar.IsVisible()) rooms.controls.sidebar.tabSidebar->setFocus();
     DoEvents();
     progress(u"Loading Icons..."_s);
     rooms.controls.tmMidnightRefresh.SetEnabled(true);

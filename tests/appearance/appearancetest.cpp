@@ -124,6 +124,11 @@ private Q_SLOTS:
         CheckIni("WEEKDAILY", "ITALIC=1 3D=0");
         CheckIni("WEEKMEMO", "SIZE=16");
         CheckIni("WEEKPASTDATE", "STRIKETHRU=0");
+        m_program->InWindow<StyleForm>("mnuWeekAppearance", [](StyleForm& form) {
+            Press(form, "btnDefaults");
+            QVERIFY(In<SSPanel>(form, "panelDay(0)").CaptionFont().italic());
+            form.reject();
+        });
     }
 
     // One sample stands for all headings. A double click changes a single heading, which writes its flags in another

@@ -43,6 +43,7 @@ DateButton::DateButton(MaskEdBox* box, const QString& form, const QString& tip)
     SetFramed(true);
     setIconSize({18, 18});
     setFixedSize(28, 28);
+    setFocusPolicy(Qt::NoFocus); // a typed date is followed by the next box; Alt+Down opens the calendar from this one
     connect(this, &PictureButton::Click, this, &DateButton::Open);
     box->installEventFilter(this);
 }

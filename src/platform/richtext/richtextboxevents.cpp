@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QMetaMethod>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -139,7 +140,9 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) return mousePressEvent(event);
     const double y = event->position().y() + verticalScrollBar()->value();
-    if (IsEmpty() || y > document()->documentLayout()->documentSize().height()) return Q_EMIT BlankDblClick();
+    const bool isBlank = IsEmpty() || y > document()->documentLayout()->documentSize().height();
+    if (isBlank && isSignalConnected(QMetaMethod::fromSignal(&RichTextBox::BlankDblClick)))
+        return Q_EMIT BlankDblClick();
     QTextEdit::mouseDoubleClickEvent(event);
 }
 

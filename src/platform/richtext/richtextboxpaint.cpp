@@ -84,8 +84,9 @@ void RichTextBox::SetZoom(int percent)
     m_zoomed.setDotsPerMeterX(dots);
     m_zoomed.setDotsPerMeterY(dots);
     QPaintDevice* usual = viewport();
+    document()->setLayoutEnabled(false);
     document()->documentLayout()->setPaintDevice(percent == 100 ? usual : &m_zoomed);
-    document()->markContentsDirty(0, document()->characterCount());
+    document()->setLayoutEnabled(true); // lays out what is shown, the rest later
     if (hasFocus()) ensureCursorVisible();
 }
 
