@@ -1,5 +1,6 @@
 #include "hall/bars.h"
 #include "hall/cells.h"
+#include "hall/foot.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/print/qmtprn32.h"
@@ -60,12 +61,13 @@ struct PrintingWindow
 {
     explicit PrintingWindow(const QWidget& window)
         : bottom{window.findChild<SSPanel*>(u"panelBottom"_s)},
-          printing({*window.findChild<Cells*>(), bottom, view}, lock, FontDialog, printer, library)
+          printing({*window.findChild<Cells*>(), bottom, foot, view}, lock, FontDialog, printer, library)
     {
     }
 
     MonthView view;
     BottomPanel bottom;
+    Foot foot{bottom};
     NoLock lock;
     CommonDialog FontDialog{nullptr};
     FilePrinter printer;
