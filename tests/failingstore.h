@@ -45,7 +45,10 @@ public:
         return Call("Find", &Store::Find, t, i, f, p, field, pattern);
     }
     std::optional<Row> Fetch(const TableDef& t, qint64 id) override { return Call("Fetch", &Store::Fetch, t, id); }
-    std::vector<Row> Page(const TableDef& t, qint64 id) override { return Call("Page", &Store::Page, t, id); }
+    std::vector<Row> Page(const TableDef& t, qint64 id, int rows) override
+    {
+        return Call("Page", &Store::Page, t, id, rows);
+    }
     qint64 Insert(const TableDef& t, const std::vector<QVariant>& v) override
     {
         return Call("Insert", &Store::Insert, t, v);

@@ -8,6 +8,8 @@
 #include "platform/desktop/folders.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/dbengine.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/longwork.h"
 #include "platform/engine/sqlite/scratchplace.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -17,6 +19,8 @@
 #include <QFileInfo>
 
 namespace {
+constexpr double Copying = 0.75; // the share of Compact before the copy replaces the planner
+
 QString WordFor(const QString& table)
 {
     if (table == schema::Notes) return u"Notes"_s;
@@ -98,9 +102,11 @@ void Maintenance::Run(const Command& command, const Work& work)
         if (isOpen) m_notes.subUpdateQMTDatabase();
         QString more;
         const auto job = [&] { more = work(file); };
-        if (const auto failure = isOpen ? m_opening.Reopen(job) : FailureOf(job)) throw *failure;
-        MsgBox(QString::fromLatin1(command.done), msgbox::Information, QString::fromLatin1(command.name), more);
+        const QString name = QString::fromLatin1(command.name);
+        if (const auto failure = isOpen ? m_opening.Reopen(name, job) : FailureOf(name, job)) throw *failure;
+        MsgBox(QString::fromLatin1(command.done), msgbox::Information, name, more);
     } catch (const RunTimeError& failure) {
+        if (failure.Number == engineerrors::Cancelled) return;
         const RunTimeError error = DBEngine::Explained(failure, file, schema::AllTables());
         MsgBox(QString::fromLatin1(command.failed) + error.Description, msgbox::Critical, u"Error"_s,
                command.afterError(file));
@@ -128,7 +134,12 @@ void Maintenance::mnuCompact_Click()
     Run(compact, [](const QString& file) {
         const DBEngine::AloneWith alone(file);
         const ScratchPlace scratch(ScratchPath(), file);
-        const QStringList missing = DBEngine::CompactDatabase(file, scratch.Path(), schema::AllTables());
+        QStringList missing;
+        {
+            const longwork::Part part(0, Copying);
+            missing = DBEngine::CompactDatabase(file, scratch.Path(), schema::AllTables());
+        }
+        const longwork::Part part(Copying, 1);
         const QString old = DBEngine::ReplaceDatabase(scratch.Path(), file);
         return (DescribeKept(old, missing) + DescribeBeside(scratch)).trimmed();
     });

@@ -17,6 +17,7 @@
 #include "planners/openasform.h"
 #include "planners/recentlist.h"
 #include "planners/startplanner.h"
+#include "platform/controls/workwindow.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
@@ -279,9 +280,10 @@ void Opening::ClosePlanner()
     tail([] { g_dbPlanner.Close(); });
 }
 
-std::optional<RunTimeError> FailureOf(const std::function<void()>& work)
+std::optional<RunTimeError> FailureOf(const QString& title, const std::function<void()>& work)
 {
     const Hourglass hourglass;
+    const WorkWindow window(title, u"Cancel leaves the planner as it is."_s);
     try {
         work();
         return {};
@@ -290,12 +292,12 @@ std::optional<RunTimeError> FailureOf(const std::function<void()>& work)
     }
 }
 
-std::optional<RunTimeError> Opening::Reopen(const std::function<void()>& work)
+std::optional<RunTimeError> Opening::Reopen(const QString& title, const std::function<void()>& work)
 {
     const QString file = g_sNotesFile;
     ClosePlanner();
     damage::SetListener(nullptr); // the command reports damage itself
-    const auto failure = FailureOf(work);
+    const auto failure = FailureOf(title, work);
     // After a New that must not replace a file, g_sDBPath names that file.
     filesystem::Remember(file);
     g_sDBPath = file.toLower();

@@ -20,8 +20,9 @@ class RecentList;
 class Recovery;
 class Redraw;
 
-// Runs the work under the hourglass. Returns its error, if there was one.
-std::optional<RunTimeError> FailureOf(const std::function<void()>& work);
+// Runs the work under the hourglass and, if it is long, a window with this title and Cancel. Returns its error, if
+// there was one.
+std::optional<RunTimeError> FailureOf(const QString& title, const std::function<void()>& work);
 
 class Opening
 {
@@ -55,7 +56,7 @@ public:
     void ClosePlanner(); // unlocks; text typed under the lock is kept for the next opening
     // Closes the open planner, whose notes must be saved, runs the work on its file, and opens it again in the same
     // mode. Returns the work's error; show it only afterwards, since timers run behind a message.
-    std::optional<RunTimeError> Reopen(const std::function<void()>& work);
+    std::optional<RunTimeError> Reopen(const QString& title, const std::function<void()>& work);
 
     void ShowPlannerOpen();                         // sets title bar, month's title and pointer; no cell is current
     void ShowOpenFailed(const RunTimeError& error); // shows the error; no planner is open afterwards

@@ -5,6 +5,7 @@
 #include "planners/opening.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "state/lockedday.h"
@@ -18,6 +19,7 @@ constexpr QLatin1StringView SaveLiteral(" in NetworkOptionsForm, btnSaveToFile_C
 
 void Tell(const std::optional<RunTimeError>& failure, QLatin1StringView literal, const QString& success)
 {
+    if (failure && failure->Number == engineerrors::Cancelled) return;
     if (failure) LogError(*failure, literal);
     MsgBox(failure ? failure->Description : success, failure ? msgbox::Exclamation : msgbox::Information,
            messages::HelpWizard);
@@ -37,7 +39,7 @@ void ServerMove::MoveToServer(const QString& address)
     if (MsgBox(question, msgbox::YesNo + msgbox::Question, messages::HelpWizard) != msgbox::Yes) return;
     if (!m_lockedDay.Commit()) return;
     const QString file = g_sNotesFile;
-    const auto failure = m_opening.Reopen([&] {
+    const auto failure = m_opening.Reopen(u"Move to Server"_s, [&] {
         DBEngine::MoveToServer(file, address);
         RememberServer(address);
     });
@@ -49,6 +51,6 @@ void ServerMove::SaveToFile()
     if (!m_lockedDay.Commit()) return;
     if (!AskForPlanner(m_dialog, u"Save Planner To File"_s, u"&Save"_s)) return;
     const QString path = m_dialog.FileName;
-    const auto failure = FailureOf([&] { g_dbPlanner.SaveToFile(path); });
+    const auto failure = FailureOf(u"Save to File"_s, [&] { g_dbPlanner.SaveToFile(path); });
     Tell(failure, SaveLiteral, u"All that the planner holds is in\n%1"_s.arg(path));
 }

@@ -1,5 +1,6 @@
 #include "recurrence/dayrun.h"
 
+#include "platform/engine/longwork.h"
 #include "platform/runtime/errortail.h"
 
 #include <QElapsedTimer>
@@ -23,17 +24,16 @@ bool Succeeds(Action&& action)
 
 qsizetype DayRun::operator()(const QStringList& dates, const Step& step)
 {
-    for (qsizetype done = 0; done < dates.size();) {
+    qsizetype done = 0;
+    const auto goesOn = [&] { return Succeeds([&] { longwork::Reached(done, dates.size()); }); };
+    while (done < dates.size() && goesOn()) {
         const Group group = RunGroup(dates, done, step);
         if (group.committed) done = group.end;
         const qsizetype tried = qMin(group.end + (group.failed ? 1 : 0), dates.size());
-        for (; done < tried; ++done) {
+        for (; done < tried && goesOn(); ++done)
             RunAlone(dates.at(done), step);
-            m_progress(done + 1, dates.size());
-        }
-        m_progress(done, dates.size());
     }
-    return m_failures;
+    return done;
 }
 
 DayRun::Group DayRun::RunGroup(const QStringList& dates, qsizetype begin, const Step& step) const

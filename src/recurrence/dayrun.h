@@ -14,20 +14,18 @@ class DayRun
 public:
     // Changes the note of one day. An error skips this day only.
     using Step = std::function<void(const QString& date)>;
-    using Progress = std::function<void(qsizetype done, qsizetype all)>;
 
     // Errors of single days are logged under the literal.
-    DayRun(const Database& planner, QLatin1StringView literal, Progress progress)
-        : m_planner(planner), m_literal(literal), m_progress(std::move(progress))
-    {
-    }
+    DayRun(const Database& planner, QLatin1StringView literal) : m_planner(planner), m_literal(literal) {}
 
-    qsizetype operator()(const QStringList& dates, const Step& step); // returns how many days failed
+    // Returns how many days were handled: all, unless the person cancels between two commits (longwork.h).
+    qsizetype operator()(const QStringList& dates, const Step& step);
 
     // True if the current day is committed alone, so that its step may ask the person. A day that failed in a group is
     // tried again alone.
     bool IsAlone() const { return m_isAlone; }
     void Fail(const QString& reason); // for a step that has handled its day's error itself
+    qsizetype Failures() const { return m_failures; }
     const QString& LastError() const { return m_lastError; }
 
 private:
@@ -42,7 +40,6 @@ private:
 
     Database m_planner;
     QLatin1StringView m_literal;
-    Progress m_progress;
     QString m_lastError;
     qsizetype m_failures = 0;
     bool m_isAlone = false;

@@ -17,7 +17,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -187,12 +186,7 @@ QLayout* RecurForm::MakeFoot()
         return button;
     };
     m_btnFonts = add("btnFonts", "&Fonts", " in RecurForm, btnFonts_Click", &RecurForm::btnFonts_Click);
-    m_progress = Named(new QProgressBar, "progress");
-    QSizePolicy keepsItsRoom = m_progress->sizePolicy();
-    keepsItsRoom.setRetainSizeWhenHidden(true);
-    m_progress->setSizePolicy(keepsItsRoom);
-    m_progress->hide();
-    row->addWidget(m_progress, 1);
+    row->addStretch();
     m_btnDelete = add("btnDelete", "&Delete", " in RecurForm, btnDelete_Click", &RecurForm::btnDelete_Click);
     m_btnOk = add("btnOk", "&Ok", " in RecurForm, btnOk_Click", &RecurForm::btnOk_Click);
     m_btnCancel = add("btnCancel", "&Cancel", " in RecurForm, btnCancel_Click", &RecurForm::reject);

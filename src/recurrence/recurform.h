@@ -5,7 +5,6 @@
 #include "recurrence/recurrence.h"
 
 #include <QDialog>
-#include <QElapsedTimer>
 
 struct DateOrder;
 class Cells;
@@ -17,7 +16,6 @@ class QButtonGroup;
 class QComboBox;
 class QGridLayout;
 class QLabel;
-class QProgressBar;
 class QPushButton;
 class QMTDB;
 class RichTextBox;
@@ -79,7 +77,6 @@ private:
     void ShowCells();
     void ReopenRecords();
     Recurrence Event();
-    void ShowProgress(qsizetype done, qsizetype all);
 
     static constexpr int Special = 4; // the method that takes its number and unit from the lists
 
@@ -98,12 +95,10 @@ private:
     QLabel* m_lblNextRecord = nullptr;
     RichTextBox* m_tbRecurse = nullptr;
     QLabel* m_lblDays = nullptr;
-    QProgressBar* m_progress = nullptr;
     QPushButton* m_btnOk = nullptr;
     QPushButton* m_btnCancel = nullptr;
     QPushButton* m_btnDelete = nullptr;
     QPushButton* m_btnFonts = nullptr;
-    QElapsedTimer m_running;  // since the current run of dates began
     bool m_isPressed = false; // the shown record is the current one, not the one before it
 };
 

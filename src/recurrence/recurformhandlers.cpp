@@ -25,7 +25,6 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -96,11 +95,9 @@ void RecurForm::btnOk_Click()
         const Hourglass hourglass;
         saved = SaveCells() && SaveEvent(StartDate(), EndDate());
     });
-    m_progress->hide();
     tail([this] { m_notes.subSeekQMTDatabase(); });
-    if (!saved) return;
     tail([this] { ReopenRecords(); });
-    accept();
+    if (saved) accept();
 }
 
 // An unsaved note would later overwrite the event in its day.
@@ -137,19 +134,7 @@ Recurrence RecurForm::Event()
 {
     QTextCharFormat plain = FormatOf(m_tbRecurse->Font());
     plain.merge(ColorFormat(fnColorInHex(Read(settings::DefaultFontColor).toUpper())));
-    m_running.start();
-    return {m_tbRecurse->TextRTF(), plain, [this](qsizetype done, qsizetype all) { ShowProgress(done, all); }};
-}
-
-// Paints only the bar, without processing events, which could close the window or change the notes.
-void RecurForm::ShowProgress(qsizetype done, qsizetype all)
-{
-    constexpr int Noticed = 500; // milliseconds
-    if (!m_running.hasExpired(Noticed)) return;
-    m_progress->setRange(0, static_cast<int>(all));
-    m_progress->setValue(static_cast<int>(done));
-    m_progress->show();
-    m_progress->repaint();
+    return {m_tbRecurse->TextRTF(), plain};
 }
 
 // The press shows the current record; the release moves the table on.

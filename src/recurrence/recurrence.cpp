@@ -2,6 +2,7 @@
 
 #include "plannerfile/backups.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/workwindow.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -52,22 +53,24 @@ bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
         }
     }
 }
+
+qsizetype RunShown(DayRun& run, const QStringList& dates, const QString& afterCancel, const DayRun::Step& step)
+{
+    const WorkWindow window(u"Recurring Events"_s, afterCancel);
+    return run(dates, step);
+}
+
+void TellFailures(const DayRun& run, const QStringList& dates, const QString& text)
+{
+    if (run.Failures() == 0) return;
+    messages::Tell(text.arg(run.Failures()).arg(dates.size()), msgbox::Exclamation, run.LastError());
+}
 } // namespace
 
 bool Recurrence::HasText()
 {
     if (m_text.IsEmpty()) messages::Tell(u"Recurring event cannot be empty"_s);
     return !m_text.IsEmpty();
-}
-
-// False after a message about the days that failed.
-bool Recurrence::Run(const QStringList& dates, QLatin1StringView literal, const QString& failure,
-                     const std::function<void(const QString& date, DayRun& run)>& step)
-{
-    DayRun run(g_dbPlanner, literal, m_progress);
-    const qsizetype failures = run(dates, [&](const QString& date) { step(date, run); });
-    if (failures > 0) messages::Tell(failure.arg(failures).arg(dates.size()), msgbox::Exclamation, run.LastError());
-    return failures == 0;
 }
 
 bool Recurrence::Save(Frequency frequency, const QString& sStart, const QString& sEnd, std::int16_t iStep)
@@ -83,10 +86,22 @@ bool Recurrence::Save(Frequency frequency, const QString& sStart, const QString&
     if (BreaksOff(frequency, dates, endKey, iStep) && !AskToEndAt(dates.last(), iStep)) return false;
     BackUpBeforeSave();
     if (!SaveRecord(frequency, startKey, endKey)) return false;
-    Run(dates, " in RecurForm, subUpdateRecurseData"_L1,
-        u"The recurring event could not be written into %1 of its %2 days."_s,
-        [this](const QString& date, DayRun& run) { subUpdateRecurseData(date, run); });
-    return true;
+    DayRun run(g_dbPlanner, " in RecurForm, subUpdateRecurseData"_L1);
+    const qsizetype done = RunShown(run, dates, u"Cancel takes the event out of its days again."_s,
+                                    [&](const QString& date) { subUpdateRecurseData(date, run); });
+    if (done < dates.size())
+        TakeBack(dates.first(done));
+    else
+        TellFailures(run, dates, u"The recurring event could not be written into %1 of its %2 days."_s);
+    return done == dates.size();
+}
+
+// The record goes last: without it the rest of the event could not be taken out.
+void Recurrence::TakeBack(const QStringList& dates)
+{
+    if (!TakeOutOf(dates, [this](const QString& date) { TakeBackOf(date); })) return;
+    g_rsRecurse.MoveLast();
+    g_rsRecurse.Delete();
 }
 
 // Without its record an event could not be removed, so a failure here stops the save.
@@ -129,10 +144,30 @@ void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
 bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QString& endKey)
 {
     BackUpBeforeSave();
-    return Run(RemovalDates(frequency, startKey, endKey), " in RecurForm, subRemoveRecurStr"_L1,
-               u"The recurring event could not be taken out of %1 of %2 days. It is kept, so that you can delete it "
-               "again."_s,
-               [this](const QString& date, DayRun&) { subRemoveRecurStr(date); });
+    return TakeOutOf(RemovalDates(frequency, startKey, endKey),
+                     [this](const QString& date) { subRemoveRecurStr(date); });
+}
+
+bool Recurrence::TakeOutOf(const QStringList& dates, const DayRun::Step& step)
+{
+    DayRun run(g_dbPlanner, " in RecurForm, subRemoveRecurStr"_L1);
+    const qsizetype done =
+        RunShown(run, dates, u"After a Cancel the event is kept, so that you can delete it again."_s, step);
+    TellFailures(run, dates,
+                 u"The recurring event could not be taken out of %1 of %2 days. It is kept, so that you can delete it "
+                 "again."_s);
+    return done == dates.size() && run.Failures() == 0;
+}
+
+// A note that is the event alone was made by it: added to another text, it would not be.
+void Recurrence::TakeBackOf(const QString& date)
+{
+    g_rsQMT.Seek(Equal, date);
+    const bool isMade = !g_rsQMT.NoMatch() && g_rsQMT.Fields(TextField).toByteArray() == m_text.Rtf();
+    if (isMade)
+        g_rsQMT.Delete();
+    else
+        subRemoveRecurStr(date);
 }
 
 void Recurrence::subRemoveRecurStr(const QString& sDate)

@@ -9,18 +9,16 @@
 class Recurrence
 {
 public:
-    Recurrence(const QByteArray& rtf, const QTextCharFormat& plain, DayRun::Progress progress)
-        : m_text(rtf, plain), m_progress(std::move(progress))
-    {
-    }
+    Recurrence(const QByteArray& rtf, const QTextCharFormat& plain) : m_text(rtf, plain) {}
 
     bool HasText(); // false after a message
 
     // Writes the event from the first entry date (month/day/year) to the last, inclusive, every iStep units. False
-    // after a message: nothing was written. Days that failed are reported, too.
+    // after a message or a Cancel: nothing was written. Days that failed are reported, too.
     bool Save(Frequency frequency, const QString& sStart, const QString& sEnd, std::int16_t iStep);
 
-    // Removes the text from the notes between two date keys, inclusive. False after a message: some notes failed.
+    // Removes the text from the notes between two date keys, inclusive. False after a message: it may still stand in
+    // some.
     bool TakeOut(Frequency frequency, const QString& startKey, const QString& endKey);
 
 private:
@@ -28,9 +26,9 @@ private:
     void subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const;
     void subUpdateRecurseData(const QString& sDate, DayRun& run);
     void subRemoveRecurStr(const QString& sDate);
-    bool Run(const QStringList& dates, QLatin1StringView literal, const QString& failure,
-             const std::function<void(const QString& date, DayRun& run)>& step);
+    void TakeBackOf(const QString& date);
+    bool TakeOutOf(const QStringList& dates, const DayRun::Step& step);
+    void TakeBack(const QStringList& dates);
 
     EventText m_text;
-    DayRun::Progress m_progress;
 };

@@ -183,7 +183,7 @@ QString Recur(const Stage& stage)
     OpenTables(stage);
     QStringList said;
     AnswerBoxes(said);
-    Recurrence event("{\\rtf1 Standup}", {}, [](qsizetype, qsizetype) {});
+    Recurrence event("{\\rtf1 Standup}", {});
     stage.Begin();
     const bool saved = event.Save(Frequency::Daily, u"3/1/1999"_s, u"4/9/1999"_s, 1);
     return saved && said.isEmpty() ? Done : u"not saved: "_s + said.join(u' ');

@@ -11,7 +11,6 @@
 #include <QColorDialog>
 #include <QComboBox>
 #include <QLabel>
-#include <QProgressBar>
 
 // The window of recurring events, by real keys and clicks; today is 17 March 1999.
 class RecurFormTest : public QObject

@@ -10,6 +10,7 @@
 #include "support.h"
 #include "testmain.h"
 
+#include <QDialog>
 #include <QTextDocument>
 
 // Recurring events in a planner's file: the written days, and the days that an error leaves out.
@@ -30,10 +31,7 @@ class RecurrenceTest : public QObject
         return key.section(u'/', 1, 1) + u'/' + key.section(u'/', 2) + u'/' + key.section(u'/', 0, 0);
     }
 
-    static Recurrence MakeEvent(DayRun::Progress progress = [](qsizetype, qsizetype) {})
-    {
-        return {Event(), QTextCharFormat(), std::move(progress)};
-    }
+    static Recurrence MakeEvent() { return {Event(), QTextCharFormat()}; }
 
     static void Open(const QString& path, bool isNew)
     {
@@ -135,6 +133,28 @@ private Q_SLOTS:
         // All methods but Daily check the end date.
         QVERIFY(MakeEvent().Save(Frequency::Daily, u"2/28/1999"_s, u"2/29/1999"_s, 1));
         QCOMPARE(TextOf(u"1999/2/28"_s), u"Rent"_s);
+    }
+
+    void CancelledItIsTakenOutAgain()
+    {
+        struct Canceller : QObject
+        {
+            bool eventFilter(QObject* object, QEvent* event) override
+            {
+                auto* const dialog = qobject_cast<QDialog*>(object);
+                if (!dialog || event->type() != QEvent::Show) return false;
+                qApp->removeEventFilter(this); // the second window, of the taking out, goes on
+                dialog->reject();
+                return false;
+            }
+        } canceller;
+        PutOldNotes(March());
+        qApp->installEventFilter(&canceller);
+        QVERIFY(!MakeEvent().Save(Frequency::Daily, u"3/5/1999"_s, u"3/5/2999"_s, 1));
+        QCOMPARE(Records(), 0);
+        for (const QString& date : March())
+            QCOMPARE(TextOf(date).trimmed(), u"old "_s + date); // an empty line stays
+        QCOMPARE(TextOf(u"1999/3/21"_s), u"none"_s);
     }
 
     void AsksForALockedDay()

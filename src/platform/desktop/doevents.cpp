@@ -9,7 +9,15 @@
 
 namespace {
 bool g_runs = false;
-}
+
+// A timer that rings again does so later.
+class NoTimers : public QObject
+{
+public:
+    NoTimers() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::Timer; }
+};
+} // namespace
 
 void DoEvents()
 {
@@ -17,6 +25,13 @@ void DoEvents()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     // Waiting events would stay until the next event comes.
     if (auto* const dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
+}
+
+void DoWindowEvents()
+{
+    const QScopedValueRollback<bool> running(g_runs, true);
+    const NoTimers noTimers;
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
 }
 
 bool DoEventsRuns()

@@ -17,6 +17,7 @@ inline constexpr int InputOutput = 3043;
 inline constexpr int InvalidPath = 3044;  // the folder does not exist
 inline constexpr int NoLocks = 3050;      // the file system has no locks, so nobody could be kept out
 inline constexpr int ReadOnlyFile = 3051; // may not be opened for writing
+inline constexpr int Cancelled = 3059;    // the person has ended long work (longwork.h)
 inline constexpr int UnparsableCriterion = 3077;
 inline constexpr int BrokenConnection = 3151;
 inline constexpr int FieldTooSmall = 3163;

@@ -1,6 +1,7 @@
 #include "platform/engine/moving.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/longwork.h"
 #include "platform/engine/postgres/postgresstore.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/sqlitestore.h"
@@ -15,44 +16,94 @@ namespace {
 using namespace engineerrors;
 using namespace wholefiles;
 
-void Copy(Store& from, Store& to)
+constexpr int FirstPage = 100, LargestPage = 4000; // rows
+constexpr qsizetype BytesOfPage = 1 << 20;
+
+qsizetype SizeOf(const Store::Row& row)
 {
-    for (const QString& name : from.TableNames()) {
-        const TableDef table = from.Definition(name);
-        to.CreateTable(table);
-        for (auto rows = from.Page(table, 0); !rows.empty(); rows = from.Page(table, rows.back().id))
-            to.InsertAll(table, rows);
+    qsizetype size = 1;
+    for (const QVariant& value : row.values)
+        size += value.typeId() == QMetaType::QByteArray ? value.toByteArray().size() : value.toString().size();
+    return size;
+}
+
+// How many rows to fetch after these. Each page is a wait for the server, and a page of pictures takes memory.
+int RowsAfter(const std::vector<Store::Row>& page)
+{
+    qsizetype size = 0;
+    for (const Store::Row& row : page)
+        size += SizeOf(row);
+    const qsizetype mean = size / static_cast<qsizetype>(page.size());
+    return static_cast<int>(std::clamp<qsizetype>(BytesOfPage / qMax<qsizetype>(mean, 1), 1, LargestPage));
+}
+
+qint64 LastId(Store& store, const TableDef& table)
+{
+    const auto last = store.Find(table, Index(), From::Last, {}, {}, {});
+    return last ? last->id : 0;
+}
+
+// All rows of all tables go from one store to another, and are read back and compared. Call it within a write of the
+// second store.
+class Transfer
+{
+public:
+    Transfer(Store& from, Store& to) : m_from(from), m_to(to) {}
+
+    void Run()
+    {
+        m_from.BeginRead(); // all tables in one state, whatever others write meanwhile
+        const auto endRead = qScopeGuard([this] { m_from.EndRead(); });
+        for (const QString& name : m_from.TableNames())
+            m_tables.push_back(m_from.Definition(name));
+        for (const TableDef& table : m_tables)
+            m_all += 2 * LastId(m_from, table);
+        for (const TableDef& table : m_tables)
+            Copy(table);
+        if (m_from.TableNames() != m_to.TableNames()) RaiseDifferent();
+        for (const TableDef& table : m_tables)
+            Compare(table);
     }
-}
 
-bool AreAlike(Store& a, Store& b, const TableDef& table)
-{
-    auto ours = a.Page(table, 0), theirs = b.Page(table, 0);
-    while (!ours.empty() && std::ranges::equal(ours, theirs, {}, &Store::Row::values, &Store::Row::values)) {
-        ours = a.Page(table, ours.back().id);
-        theirs = b.Page(table, theirs.back().id);
+private:
+    // step(page, rows), with the number of rows that was asked for.
+    template <typename Step>
+    void ForPages(const TableDef& table, Step&& step)
+    {
+        int rows = FirstPage;
+        qint64 last = 0;
+        for (auto page = m_from.Page(table, last, rows); !page.empty(); page = m_from.Page(table, last, rows)) {
+            step(page, rows);
+            m_done += page.back().id - std::exchange(last, page.back().id);
+            rows = RowsAfter(page);
+            longwork::Reached(m_done, m_all);
+        }
     }
-    return ours.empty() && theirs.empty();
-}
+    void Copy(const TableDef& table)
+    {
+        m_to.CreateTable(table);
+        ForPages(table, [&](const std::vector<Store::Row>& page, int) { m_to.InsertAll(table, page); });
+    }
+    void Compare(const TableDef& table)
+    {
+        qint64 last = 0; // the copies have new ids
+        ForPages(table, [&](const std::vector<Store::Row>& page, int rows) {
+            const auto copies = m_to.Page(table, last, rows);
+            if (!std::ranges::equal(page, copies, {}, &Store::Row::values, &Store::Row::values)) RaiseDifferent();
+            last = copies.back().id;
+        });
+        if (!m_to.Page(table, last, 1).empty()) RaiseDifferent();
+    }
+    [[noreturn]] static void RaiseDifferent()
+    {
+        throw RunTimeError{InputOutput, u"What was copied is not what was read back."_s};
+    }
 
-// Compares all tables row by row.
-void Compare(Store& from, Store& to)
-{
-    const QStringList names = from.TableNames();
-    bool alike = names == to.TableNames();
-    for (const QString& name : names)
-        alike = alike && AreAlike(from, to, from.Definition(name));
-    if (!alike) throw RunTimeError{InputOutput, u"What was copied is not what was read back."_s};
-}
-
-// Call it within a write of the second store.
-void CopyAndCompare(Store& from, Store& to)
-{
-    from.BeginRead(); // all tables in one state, whatever others write meanwhile
-    const auto endRead = qScopeGuard([&] { from.EndRead(); });
-    Copy(from, to);
-    Compare(from, to);
-}
+    Store& m_from;
+    Store& m_to;
+    std::vector<TableDef> m_tables;
+    qint64 m_all = 0, m_done = 0; // by the ids, once for each walk
+};
 
 // At any moment the old planner is whole, under its own name or the backup's.
 void ReplaceByLink(const QString& planner, const QByteArray& linkText)
@@ -80,7 +131,7 @@ void ToServer(const QString& path, const PlannerAddress& address, const QByteArr
         SqliteStore file(planner, true, SqliteStore::File::Claimed);
         server.BeginWrite();
         auto rollback = qScopeGuard([&] { server.Rollback(); });
-        CopyAndCompare(file, server);
+        Transfer(file, server).Run();
         rollback.dismiss();
         server.Commit();
     }
@@ -99,6 +150,6 @@ void ToServer(const QString& path, const PlannerAddress& address, const QByteArr
 
 void ToFile(Store& from, const QString& path)
 {
-    sqlitefile::CreateFilled(path, [&](Store& file) { CopyAndCompare(from, file); });
+    sqlitefile::CreateFilled(path, [&](Store& file) { Transfer(from, file).Run(); });
 }
 } // namespace moving

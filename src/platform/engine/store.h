@@ -56,9 +56,8 @@ public:
                                     const QString& likeField, const QString& likePattern) = 0;
     virtual std::optional<Row> Fetch(const TableDef& table, qint64 id) = 0;
 
-    // Walks a whole table: the next rows in order of insertion, none at the end. All stores return pages of one size,
-    // so that two can be compared page by page.
-    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId) = 0;
+    // Walks a whole table: the next rows in order of insertion, at most so many, none at the end.
+    virtual std::vector<Row> Page(const TableDef& table, qint64 afterId, int rows) = 0;
 
     virtual qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) = 0; // DuplicateKey
     virtual void InsertAll(const TableDef& table, const std::vector<Row>& rows) // within a write; assigns new ids

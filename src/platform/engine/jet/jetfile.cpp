@@ -3,6 +3,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/jet/jeterrors.h"
 #include "platform/engine/jet/jetrows.h"
+#include "platform/engine/longwork.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
@@ -25,8 +26,10 @@ void Write(Store& to, JetRows&& from, const QString& name)
     try {
         while (const TableDef* table = from.NextTable()) {
             to.CreateTable(*table);
-            while (const auto row = from.NextRow())
+            while (const auto row = from.NextRow()) {
                 to.Insert(*table, *row);
+                from.TellReached();
+            }
         }
     } catch (const RunTimeError& error) {
         // The old engine also forbids duplicate names and keys, so the file is damaged.
@@ -37,9 +40,12 @@ void Write(Store& to, JetRows&& from, const QString& name)
 
 bool IsAlike(Store& to, JetRows& from, const TableDef& table)
 {
-    for (auto rows = to.Page(table, 0); !rows.empty(); rows = to.Page(table, rows.back().id))
-        for (const Store::Row& row : rows)
+    constexpr int Rows = 200;
+    for (auto page = to.Page(table, 0, Rows); !page.empty(); page = to.Page(table, page.back().id, Rows)) {
+        for (const Store::Row& row : page)
             if (from.NextRow() != row.values) return false;
+        from.TellReached();
+    }
     return !from.NextRow();
 }
 
@@ -96,7 +102,11 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
         throw RunTimeError{ReadOnlyFile, u"You have no permission to write '%1'."_s.arg(name)};
     QStringList missing;
     sqlitefile::CreateFilled(to, [&](Store& file) {
-        Write(file, JetRows(planner, expected), name);
+        {
+            const longwork::Part part(0, 0.5);
+            Write(file, JetRows(planner, expected), name);
+        }
+        const longwork::Part part(0.5, 1);
         Compare(file, JetRows(planner, expected));
         if (!IsSameState(before, StatusOf(planner)))
             throw RunTimeError{InUse, u"Could not convert '%1'; another program has changed it."_s.arg(name)};

@@ -38,9 +38,10 @@ public:
 
     JetFrames(QIODevice& source, const QString& name, const Limits& limits);
 
-    JetEncoding Head();              // call this first
-    std::optional<JetTable> Table(); // none at the end
-    std::optional<JetRow> Row();     // of that table; none after the last
+    JetEncoding Head();                              // call this first
+    std::optional<JetTable> Table();                 // none at the end
+    std::optional<JetRow> Row();                     // of that table; none after the last
+    qint64 BytesLeft() const { return m_bytesLeft; } // of the limit
 
 private:
     struct Frame

@@ -5,6 +5,7 @@
 #include "platform/engine/jet/jeterrors.h"
 #include "platform/engine/jet/jetstream.h"
 #include "platform/engine/jet/jetvalues.h"
+#include "platform/engine/longwork.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QFileInfo>
@@ -41,7 +42,8 @@ auto FindNamed(const List& list, const QString& name)
 } // namespace
 
 JetRows::JetRows(const QString& path, const std::vector<TableDef>& expected)
-    : m_name(QFileInfo(path).fileName()), m_expected(expected)
+    : m_name(QFileInfo(path).fileName()), m_size(QFileInfo(path).size()),
+      m_most(BytesOfDefinitions + BytesPerByte * m_size), m_expected(expected)
 {
     QProcessEnvironment environment; // The reader gets none of our environment.
     environment.insert(u"LC_ALL"_s, u"C"_s);
@@ -52,14 +54,18 @@ JetRows::JetRows(const QString& path, const std::vector<TableDef>& expected)
     if (!m_process.waitForStarted())
         throw RunTimeError{engineerrors::NotADatabase,
                            u"The part of Orrelin that reads older planners is not installed."_s};
-    const qint64 most = BytesOfDefinitions + BytesPerByte * QFileInfo(path).size();
-    m_frames.emplace(m_process, m_name, JetFrames::Limits{most, g_patience, Longest});
+    m_frames.emplace(m_process, m_name, JetFrames::Limits{m_most, g_patience, Longest});
     m_encoding = m_frames->Head();
 }
 
 void JetRows::SetPatienceForTests(std::chrono::milliseconds patience)
 {
     g_patience = patience.count() > 0 ? patience : Patience;
+}
+
+void JetRows::TellReached() const
+{
+    longwork::Reached(m_most - m_frames->BytesLeft(), m_size);
 }
 
 const TableDef* JetRows::NextTable()

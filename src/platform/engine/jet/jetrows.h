@@ -17,6 +17,9 @@ public:
     const TableDef* NextTable();
     std::optional<std::vector<QVariant>> NextRow(); // its values in field order
 
+    // Tells long work how much of the file has come.
+    void TellReached() const;
+
     // How long the reader may send no byte before it is given up.
     static void SetPatienceForTests(std::chrono::milliseconds patience);
 
@@ -24,6 +27,7 @@ private:
     QVariant ValueOf(std::size_t field, const JetRow& row) const;
 
     QString m_name;
+    qint64 m_size, m_most; // bytes of the file, and those that may come
     const std::vector<TableDef>& m_expected;
     struct Process : QProcess
     {

@@ -9,7 +9,7 @@
 namespace {
 using namespace engineerrors;
 
-constexpr qsizetype BytesOfInsert = 1 << 20;
+constexpr qsizetype BytesOfInsert = 1 << 22;
 constexpr std::size_t MaximalValues = 60000; // of one statement
 constexpr qsizetype LongestName = 63;        // the server cuts longer names, so that two could become one
 

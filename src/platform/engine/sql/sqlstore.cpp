@@ -10,7 +10,6 @@
 namespace {
 using namespace engineerrors;
 
-constexpr int RowsOfPage = 200;
 // The rows that a search on a server fetches at once. The first batch is small, since the next hit is usually near.
 constexpr int FirstLook = 4;
 constexpr int LaterLook = 64;
@@ -215,9 +214,9 @@ std::optional<Store::Row> SqlStore::Fetch(const TableDef& table, qint64 id)
     return found.empty() ? std::nullopt : std::optional(RowOf(found.front(), table));
 }
 
-std::vector<Store::Row> SqlStore::Page(const TableDef& table, qint64 afterId)
+std::vector<Store::Row> SqlStore::Page(const TableDef& table, qint64 afterId, int rows)
 {
-    return Look(table, Index(), From::After, {{}, afterId}, {}, RowsOfPage);
+    return Look(table, Index(), From::After, {{}, afterId}, {}, rows);
 }
 
 // Compares the old content, so a row changed by another user is never overwritten.

@@ -21,7 +21,7 @@ public:
     std::optional<Row> Find(const TableDef& table, const Index& index, From from, const Place& place,
                             const QString& likeField, const QString& likePattern) override;
     std::optional<Row> Fetch(const TableDef& table, qint64 id) override;
-    std::vector<Row> Page(const TableDef& table, qint64 afterId) override;
+    std::vector<Row> Page(const TableDef& table, qint64 afterId, int rows) override;
 
     qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) override;
     void Replace(const TableDef& table, const Row& old, const std::vector<QVariant>& values) override;

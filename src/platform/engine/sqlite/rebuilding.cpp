@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/rebuilding.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/longwork.h"
 #include "platform/engine/sql/sqltext.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqliteconnection.h"
@@ -33,11 +34,18 @@ bool HasWholeKeys(const TableDef& table, const RawRow& row)
         table.Indexes, [&](const Index& index) { return FieldNumber(table, KeyField(index)) < row.wholeValues; });
 }
 
+// The rows of all tables, for long work.
+struct RowCount
+{
+    qint64 all = 0, done = 0;
+};
+
 class TableWriter
 {
 public:
-    TableWriter(SqliteConnection& planner, const salvage::Table& table)
-        : m_planner(planner), m_table(table), m_insert(Text.Restore(table.definition)), m_report{table.definition.Name}
+    TableWriter(SqliteConnection& planner, const salvage::Table& table, RowCount& count)
+        : m_planner(planner), m_table(table), m_count(count),
+          m_insert(Text.Restore(table.definition)), m_report{table.definition.Name}
     {
     }
 
@@ -60,6 +68,7 @@ private:
     // False if another row has this id or key.
     bool Insert(const RawRow& row, bool underItsId)
     {
+        longwork::Reached(m_count.done++, m_count.all);
         SqlValues values = {underItsId ? QVariant(row.id) : QVariant()};
         std::ranges::transform(row.values, std::back_inserter(values), StoredValueOf);
         const bool inserted = !m_planner.Ask(m_insert, values).empty();
@@ -79,6 +88,7 @@ private:
 
     SqliteConnection& m_planner;
     const salvage::Table& m_table;
+    RowCount& m_count;
     const QString m_insert;
     RepairReport::Table m_report;
 };
@@ -88,6 +98,9 @@ namespace rebuilding {
 std::vector<RepairReport::Table> Write(const std::vector<salvage::Table>& tables, const QString& path)
 {
     std::vector<RepairReport::Table> report;
+    RowCount count;
+    for (const salvage::Table& table : tables)
+        count.all += static_cast<qint64>(table.rows.size() + table.loose.size());
     {
         SqliteConnection planner(path);
         planner.SetUp();
@@ -97,7 +110,7 @@ std::vector<RepairReport::Table> Write(const std::vector<salvage::Table>& tables
                 planner.Ask(Text.CreateTable(table.definition));
                 for (const Index& index : table.definition.Indexes)
                     planner.Ask(Text.CreateIndex(table.definition, index));
-                report.push_back(TableWriter(planner, table).Write());
+                report.push_back(TableWriter(planner, table, count).Write());
             }
         });
         planner.CheckWhole();

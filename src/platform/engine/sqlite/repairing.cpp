@@ -2,6 +2,7 @@
 
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/sql/sqldialect.h"
+#include "platform/engine/sqlite/endable.h"
 #include "platform/engine/sqlite/openfiles.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/rebuilding.h"
@@ -28,6 +29,9 @@ constexpr KnownError NothingRead = {NotADatabase, u"'%1' is not a planner: nothi
 constexpr KnownError NothingLeft = {NotADatabase,
                                     u"Nothing can be read any more in the damaged planner '%1'. It is left as it was."};
 
+// Of the whole work: the look at the planner, then what follows without the choice between two states.
+constexpr double Looking = 0.25, Rebuilding = 0.6;
+
 // A larger version is damage, not a newer program's.
 constexpr int VersionLimit = 1000;
 
@@ -44,6 +48,7 @@ Verdict JudgeOpened(SQLite::Database& library)
     const int version = library.execAndGet("PRAGMA user_version").getInt();
     const bool isOurs = id == plannerformat::ApplicationId;
     if (isOurs && version > plannerformat::Version && version <= VersionLimit) return Verdict::NotOurs;
+    const Endable endable(library);
     if (library.execAndGet("PRAGMA integrity_check(1)").getString() != "ok") return Verdict::Damaged;
     if (isOurs && version == plannerformat::Version) return Verdict::Sound;
     // Perhaps only the mark of our program is damaged.
@@ -60,9 +65,9 @@ Verdict Judge(const std::string& name, int flags, const QString& path)
         library.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
         return JudgeOpened(library);
     } catch (const SQLite::Exception& error) {
-        // A failure of the disk is no damage of the planner.
+        // Neither a failure of the disk nor the person's Cancel is damage of the planner.
         const int code = error.getErrorCode() & 0xff;
-        if (code == SQLITE_FULL || code == SQLITE_IOERR || code == SQLITE_NOMEM)
+        if (code == SQLITE_FULL || code == SQLITE_IOERR || code == SQLITE_NOMEM || code == SQLITE_INTERRUPT)
             throw RunTimeErrorOf(error, Doing::Writing, QFileInfo(path).fileName());
         return Verdict::Damaged;
     }
@@ -147,7 +152,10 @@ private:
 
 RepairReport Repairer::Run()
 {
-    Look();
+    {
+        const longwork::Part part(0, Looking);
+        Look();
+    }
     const State& likely = m_playedBack ? *m_playedBack : *m_asItIs;
     if (likely.verdict != Verdict::Damaged) {
         OpenAsEver();
@@ -194,8 +202,12 @@ void Repairer::OpenAsEver()
 // planner.
 State& Repairer::Choose()
 {
-    m_asItIs->Rebuild(m_expected);
+    {
+        const longwork::Part part(Looking, Rebuilding);
+        m_asItIs->Rebuild(m_expected);
+    }
     if (!m_playedBack || m_asItIs->verdict == Verdict::Sound) return *m_asItIs;
+    const longwork::Part part(Rebuilding, 1);
     m_playedBack->Rebuild(m_expected);
     return m_asItIs->Worth() > m_playedBack->Worth() ? *m_asItIs : *m_playedBack;
 }

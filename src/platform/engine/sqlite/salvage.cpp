@@ -1,5 +1,6 @@
 #include "platform/engine/sqlite/salvage.h"
 
+#include "platform/engine/longwork.h"
 #include "platform/engine/sqlite/rawpages.h"
 #include "platform/engine/sqlite/rawschema.h"
 
@@ -125,6 +126,7 @@ std::vector<RawPages::Cell> Salvage::CellsOf(Tree& tree, std::size_t columns)
 {
     std::vector<RawPages::Cell> fitting;
     for (const quint32 page : tree.leaves) {
+        longwork::Goes();
         const RawPages::Cells cells = m_pages.LeafCells(page);
         std::ranges::copy_if(cells.whole, std::back_inserter(fitting), [&](const RawPages::Cell& cell) {
             const bool fits = RawPages::ColumnTypes(cell).size() == columns;
@@ -241,6 +243,7 @@ std::optional<std::size_t> Salvage::TableOf(const std::vector<RawPages::Cell>& c
 void Salvage::ReadLoose()
 {
     for (const quint32 page : LoosePages()) {
+        longwork::Goes();
         if (m_uses.of[page]) continue; // now known as the rest of a record
         const std::vector<RawPages::Cell> cells = m_pages.LeafCells(page).whole;
         const auto table = TableOf(cells);

@@ -2,6 +2,7 @@
 
 #include "platform/engine/damage.h"
 #include "platform/engine/enginerefusals.h"
+#include "platform/engine/sqlite/endable.h"
 #include "platform/engine/sqlite/plannerformat.h"
 #include "platform/engine/sqlite/sqlitedialect.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -121,6 +122,7 @@ void SqliteConnection::SetUp()
 void SqliteConnection::CheckWhole()
 {
     CheckHead();
+    const Endable endable(m_database);
     Do([this] {
         if (m_database.execAndGet("PRAGMA integrity_check(1)").getString() != "ok")
             throw SQLite::Exception("integrity_check", SQLITE_CORRUPT);

@@ -27,6 +27,7 @@ constexpr std::array Meanings = {
     Meaning{SQLITE_READONLY, ReadOnlyFile, u"Could not write '%1': the file or its folder is read-only."},
     Meaning{SQLITE_PERM, ReadOnlyFile, u"Could not write '%1': you have no permission."},
     Meaning{SQLITE_NOTADB, NotADatabase, u"'%1' is not a planner."},
+    Meaning{SQLITE_INTERRUPT, Cancelled, u"The work on '%1' was cancelled."},
     Meaning{SQLITE_TOOBIG, FieldTooSmall, u"The text is too long to be saved to '%1'."},
 };
 

@@ -3,6 +3,7 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/sql/sqlcatalog.h"
 #include "platform/engine/sql/sqltext.h"
+#include "platform/engine/sqlite/endable.h"
 #include "platform/engine/sqlite/sqlitedialect.h"
 #include "platform/engine/sqlite/sqlitestore.h"
 #include "platform/engine/sqlite/wholefiles.h"
@@ -70,6 +71,7 @@ QStringList Inventory(SqliteConnection& connection)
 void VacuumInto(SqliteConnection& source, const QString& path)
 {
     try {
+        const Endable endable(source.Library());
         SQLite::Statement vacuum(source.Library(), "VACUUM INTO ?");
         vacuum.bind(1, QFile::encodeName(path).toStdString());
         vacuum.exec();
@@ -171,10 +173,14 @@ QStringList Compact(const QString& from, const QString& to, const std::vector<Ta
     const auto claim = ClaimAlone(real);
     source.RefuseIfMoved();
     source.SetUp();
+    constexpr int Steps = 3;
     source.CheckWhole(); // also plays back a journal left by a crash
+    longwork::Reached(1, Steps);
     const ScratchFile fresh(to + ".new"_L1, status);
     VacuumInto(source, fresh.Path());
+    longwork::Reached(2, Steps);
     CompareWith(source, fresh.Path());
+    longwork::Reached(3, Steps);
     Sync(fresh.Path());
     RenameToFree(fresh.Path(), to);
     SyncFolderOf(to);

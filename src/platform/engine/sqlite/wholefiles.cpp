@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/wholefiles.h"
 
 #include "platform/engine/enginerefusals.h"
+#include "platform/engine/longwork.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -180,7 +181,10 @@ QByteArray Head(const QString& path, qsizetype size)
 void CopyInto(const QString& from, const QString& to)
 {
     const File source(from, O_RDONLY), target(to, O_WRONLY | O_TRUNC);
-    source.ReadAll([&](const char* data, std::size_t size) { target.Write(data, size); });
+    source.ReadAll([&](const char* data, std::size_t size) {
+        target.Write(data, size);
+        longwork::Goes();
+    });
     target.Sync();
 }
 
