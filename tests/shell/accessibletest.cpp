@@ -1,6 +1,8 @@
 #include "alarms/alarmtesting.h"
 #include "notes/recoveryform.h"
 #include "platform/controls/tabstrip.h"
+#include "platform/controls/workwindow.h"
+#include "platform/engine/longwork.h"
 #include "printing/spoolform.h"
 #include "settingsfile.h"
 #include "shell/splash.h"
@@ -235,6 +237,12 @@ class AccessibleTest : public QObject
         ShowAndPicture("start", StartUpForm());
         ShowAndPicture("exit", ExitForm());
         ShowAndPicture("spool", SpoolForm(m_program->form.get()));
+        {
+            const WorkWindow work(u"Compact"_s, u"Cancel leaves the planner as it is."_s);
+            while (!QApplication::activeModalWidget())
+                longwork::Reached(2, 3);
+            Look("work", *QApplication::activeModalWidget());
+        }
         const Alarm alarm = MakeAlarm("1999/3/17", "09:30", "{\\rtf1 Call the \\b school\\b0  back.}");
         ShowAndPicture("alarm", AlarmEventForm(alarm, m_program->form->screen(), nullptr));
     }

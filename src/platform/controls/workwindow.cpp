@@ -23,6 +23,7 @@ public:
         setWindowTitle(title);
         setWindowModality(Qt::ApplicationModal);
         m_bar->setRange(0, Most);
+        m_bar->setMinimumWidth(320);
         m_bar->setAccessibleName(title);
         m_buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole);
         connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
