@@ -32,7 +32,7 @@ QByteArray EventRtf()
 
 Recurrence Event()
 {
-    return {EventRtf(), QTextCharFormat(), [](qsizetype, qsizetype) {}};
+    return {EventRtf(), QTextCharFormat()};
 }
 
 // The days' contents before a step.
