@@ -1,7 +1,7 @@
 #include "platform/desktop/doevents.h"
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QScopedValueRollback>
 #include <QThread>
@@ -10,12 +10,17 @@
 namespace {
 bool g_runs = false;
 
-// A timer that rings again does so later.
+// A timer that rings again does so later. Those of the modal window's controls ring: a key presses a button by one.
 class NoTimers : public QObject
 {
 public:
     NoTimers() { qApp->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::Timer; }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() != QEvent::Timer) return false;
+        const auto* control = qobject_cast<QWidget*>(object);
+        return !control || control->window() != QApplication::activeModalWidget();
+    }
 };
 } // namespace
 

@@ -6,8 +6,8 @@ class QWidget;
 // Windows paint and timers fire. Clicks and keys wait, so that none reaches an unfinished window.
 void DoEvents();
 
-// Windows paint and take clicks and keys. Timers and connections wait, since their handlers must not begin inside the
-// routine.
+// Windows paint and take clicks and keys. Timers of the program and connections wait, since their handlers must not
+// begin inside the routine.
 void DoWindowEvents();
 
 bool DoEventsRuns(); // for actions of timers and of the desktop, which must not begin inside another routine
