@@ -7,6 +7,7 @@
 #include "notes/alarmmarks.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
 #include "state/calendarstate.h"
@@ -116,7 +117,8 @@ void CCalendarView::PosMonthPanels(const Rectangle& area)
 // place counts from 0 within the view.
 void CCalendarView::PosPanels(int mode, QLatin1StringView literal, const std::function<void(int place)>& placeCell)
 {
-    const ErrorTail tail(literal, {errors::NoSuchElement});
+    // While Compact works the planner is closed, and the window may change its size.
+    const ErrorTail tail(literal, {errors::NoSuchElement, engineerrors::Closed});
     const CellRange cells = CellsOf(mode);
     tail([&] { LoadCells(cells.first, cells.last); });
     for (const int cell : cells)
