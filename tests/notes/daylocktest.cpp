@@ -97,6 +97,10 @@ private Q_SLOTS:
             QCOMPARE(m_program->Said(entry).Text, u"Mar 17, 1999 is locked, please unlock first."_s);
             QCOMPARE(m_program->form->focusWidget(), &Box());
         }
+        m_program->ExpectNoBox(); // from the click of a double click
+        QTest::mouseClick(&m_program->Panel(20), Qt::LeftButton);
+        DropAnswers();
+        QCOMPARE(m_program->form->focusWidget(), &Box());
         AnswerNextBox(msgbox::Ok, &seen);
         Q_EMIT m_program->Panel(20).DblClick(); // opening the day view of another day would move the lock
         QCOMPARE(seen.Text, u"Mar 17, 1999 is locked, please unlock first."_s);

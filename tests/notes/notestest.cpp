@@ -150,7 +150,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_program->Box(20).Text(), u"abc"_s);
     }
 
-    void AClickSelectsTheDayButNotOnAMemo()
+    void AClickSelectsTheDayButNotOnAMemoAndEntersTheCell()
     {
         m_program->Click(20);
         QCOMPARE(g_iDay, std::int16_t{19});
@@ -159,7 +159,8 @@ private Q_SLOTS:
         QCOMPARE(g_iDay, std::int16_t{19});
         QTest::mouseClick(&m_program->Panel(24), Qt::LeftButton, {}, QPoint(8, 8));
         QCOMPARE(g_iDay, std::int16_t{23});
-        QCOMPARE(g_iCurrentPanel, std::int16_t{1});
+        QCOMPARE(g_iCurrentPanel, std::int16_t{24});
+        QCOMPARE(m_program->form->focusWidget(), &m_program->Box(24));
     }
 };
 
