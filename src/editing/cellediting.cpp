@@ -67,6 +67,10 @@ void CellEditing::Wire()
     on(&Cells::PanelClick, click, [this](int i) { panelDay_Click(i); });
     on(&Cells::Change, " in MainForm, tbDay_Change"_L1, [this](int) { tbDay_Change(); });
     on(&Cells::SelChange, " in MainForm, errTbDaySelChange"_L1, [this](int i) { tbDay_SelChange(i); });
+    on(&Cells::TookBack, " in MainForm, errTbDaySelChange"_L1, [this](int i) {
+        FollowButtons(m_cells.tbDay(i));
+        ShowFormAtCaret(i);
+    });
     on(&Cells::KeyPress, " in MainForm, tbDay_KeyPress"_L1, [this](int i, int& key) { tbDay_KeyPress(i, key); });
     on(&Cells::MouseDown, " in MainForm, tbDay_MouseDown"_L1,
        [this](int i, int button, const QPoint& at) { tbDay_MouseDown(i, button, at); });

@@ -142,6 +142,12 @@ private Q_SLOTS:
         QCOMPARE(entries(), u"yny"_s);
         m_program->Trigger("mnuSelectAll");
         QTRY_COMPARE(box.SelLength(), 4);
+        m_program->Trigger("mnuBold");
+        for (const int isBold : {0, 1}) { // the button follows
+            entries();
+            m_program->Trigger(isBold ? "mnuRedo" : "mnuUndo");
+            QTRY_COMPARE(Button("bold").Value(), isBold);
+        }
         box.SetLocked(true);
         QCOMPARE(entries(), u"nny"_s);
     }
