@@ -102,9 +102,13 @@ private Q_SLOTS:
             QCOMPARE(Stored("1999/3/19"), stored);
             m_program->Trigger("mnuPrevMonth");
             m_program->Click(20);
-            Write(other, u"1999/3/19"_s, "newer"); // while this program has the day on screen
+            Write(other, u"1999/3/19"_s, "new"); // while this program has the day on screen
             m_program->Trigger("mnuSave");
-            QCOMPARE(m_program->Box(20).Text(), u"newer"_s);
+            QCOMPARE(m_program->Box(20).Text(), u"new"_s);
+            m_program->Box(20).SetSelStart(2);
+            Write(other, u"1999/3/19"_s, "newer");
+            m_program->Trigger("mnuSave");
+            QCOMPARE(m_program->Box(20).SelStart(), 2);
         }
     }
 
