@@ -39,7 +39,7 @@ void NoPlanner::Follow(bool isOpen)
 {
     if (isOpen) {
         QWidget& client = *m_cells.Client();
-        if (m_card.isAncestorOf(client.window()->focusWidget())) client.setFocus(); // else the first cell would get it
+        if (m_card.HasFocus()) client.setFocus(); // else the first cell would get it
         m_card.hide();
         Admit(true);
         return;
@@ -47,6 +47,7 @@ void NoPlanner::Follow(bool isOpen)
     m_card.SetPlanners(RecentList::Planners());
     PlaceCard();
     m_card.show();
+    m_card.window()->setAttribute(Qt::WA_KeyboardFocusChange); // the style shows the focus, as after a key
     m_card.setFocus();
 }
 
