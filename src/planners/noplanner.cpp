@@ -5,8 +5,11 @@
 #include "hall/startcard.h"
 #include "planners/opening.h"
 #include "planners/recentlist.h"
+#include "platform/desktop/clock.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
+#include "state/calendarstate.h"
+#include "state/plannerstate.h"
 
 NoPlanner::NoPlanner(Cells& cells, Menus& menus, StartCard& card, Opening& opening) : m_cells(cells), m_card(card)
 {
@@ -37,18 +40,33 @@ void NoPlanner::WireCard(Menus& menus, Opening& opening)
 
 void NoPlanner::Follow(bool isOpen)
 {
-    if (isOpen) {
-        QWidget& client = *m_cells.Client();
-        if (m_card.HasFocus()) client.setFocus(); // else the first cell would get it
-        m_card.hide();
-        Admit(true);
-        return;
-    }
+    if (isOpen) return Leave();
     m_card.SetPlanners(RecentList::Planners());
     PlaceCard();
     m_card.show();
     m_card.window()->setAttribute(Qt::WA_KeyboardFocusChange); // the style shows the focus, as after a key
     m_card.setFocus();
+}
+
+// Today's cell is ready to be typed into, but not in a workgroup's planner, where a cell is chosen to be locked. At the
+// start the focus has its place already.
+void NoPlanner::Leave()
+{
+    Admit(true);
+    if (m_card.isHidden()) return;
+    const int today = g_bDBShared ? 0 : CellOfToday();
+    if (m_cells.CellWithCaret() == 0 && today != 0) m_cells.tbDay(today).setFocus();
+    if (m_card.HasFocus()) m_cells.Client()->setFocus(); // else the first cell would get it
+    m_card.hide();
+}
+
+int NoPlanner::CellOfToday() const
+{
+    const QDate today = desktopclock::Now().date();
+    if (today.year() != g_iYear || today.month() != g_iMonth) return 0;
+    for (int cell = 1; cell <= CellCount; ++cell)
+        if (m_cells.Shows(cell) && m_cells.DayOf(cell) == today.day()) return cell;
+    return 0;
 }
 
 bool NoPlanner::RefusesWithout() const

@@ -21,6 +21,8 @@ private:
     void WireCard(Menus& menus, Opening& opening);
     void PlaceCard();
     void Admit(bool isOpen);
+    void Leave();
+    int CellOfToday() const; // 0 if it is not shown
 
     Cells& m_cells;
     StartCard& m_card;

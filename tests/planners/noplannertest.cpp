@@ -64,7 +64,7 @@ private Q_SLOTS:
         QTest::mouseClick(&Row(2), Qt::LeftButton);
         m_program->Activate();
         QVERIFY(g_sDBPath.endsWith(u"a.mdb"_s) && g_sDBTitle == u"a.mdb" && Card().isHidden());
-        QVERIFY(m_program->form->centralWidget()->hasFocus() && g_iCurrentPanel == 0);
+        QCOMPARE(m_program->form->focusWidget(), &m_program->Box(18)); // today
         Restart();
         QCOMPARE(Offered(), u"a made b"_s);
 
