@@ -3,9 +3,10 @@
 #include "hall/cells.h"
 #include "hall/menus.h"
 #include "hall/startcard.h"
+#include "planners/cardplanners.h"
 #include "planners/opening.h"
-#include "planners/recentlist.h"
 #include "platform/desktop/clock.h"
+#include "platform/desktop/filesystem.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "state/calendarstate.h"
@@ -33,16 +34,36 @@ void NoPlanner::WireCard(Menus& menus, Opening& opening)
 {
     QObject::connect(&m_card, &StartCard::New, menus("mnuNew"_L1).Action(), &QAction::trigger);
     QObject::connect(&m_card, &StartCard::Open, menus("mnuOpen"_L1).Action(), &QAction::trigger);
-    QObject::connect(
-        &m_card, &StartCard::OpenPlanner, &m_card,
-        Guarded(" in MainForm, mnuMRU_Click"_L1, [&opening](const QString& path) { opening.OpenKnown(path); }));
+    QObject::connect(&m_card, &StartCard::OpenPlanner, &m_card,
+                     Guarded(" in MainForm, mnuMRU_Click"_L1, [this, &opening](const QString& path) {
+                         if (IsThere(path)) opening.OpenKnown(path);
+                     }));
+}
+
+// Before the question how to open it, and with the folder, which the engine's message lacks.
+bool NoPlanner::IsThere(const QString& path)
+{
+    if (!filesystem::Find(path).isEmpty()) return true;
+    const int answer = MsgBox(u"This planner is not there:\n%1\n\nIt may have been moved, renamed or deleted, or its "
+                              "drive may be away.\n\nDo you want to take it off this card?"_s.arg(path),
+                              msgbox::YesNo + msgbox::Exclamation + msgbox::DefaultButton2, messages::HelpWizard);
+    if (answer == msgbox::Yes) {
+        TakeOffCard(path);
+        ShowPlanners();
+    }
+    return false;
+}
+
+void NoPlanner::ShowPlanners()
+{
+    m_card.SetPlanners(CardPlanners());
+    PlaceCard();
 }
 
 void NoPlanner::Follow(bool isOpen)
 {
     if (isOpen) return Leave();
-    m_card.SetPlanners(RecentList::Planners());
-    PlaceCard();
+    ShowPlanners();
     m_card.show();
     m_card.window()->setAttribute(Qt::WA_KeyboardFocusChange); // the style shows the focus, as after a key
     m_card.setFocus();
