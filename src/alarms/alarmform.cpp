@@ -183,6 +183,7 @@ bool AlarmForm::TellRefusal(const Alarm& alarm)
     if (alarm.time.isEmpty()) return true; // the time's own message has been shown
     if (m_controls.tbNotes->IsEmpty()) {
         messages::Tell(u"Notes field cannot be empty"_s);
+        m_controls.tbNotes->setFocus();
         return true;
     }
     if (m_controls.maskAlarmDate->IsComplete()) return false;

@@ -64,9 +64,13 @@ void CellEditing::Wire()
     const QLatin1StringView click(" in MainForm, tbDay_Click");
     on(&Cells::GotFocus, " in MainForm, tbDay_GotFocus"_L1, [this](int i) { tbDay_GotFocus(i); });
     on(&Cells::Click, click, [this](int i) { tbDay_Click(i); });
-    on(&Cells::PanelClick, click, [this](int i) { tbDay_Click(i); });
+    on(&Cells::PanelClick, click, [this](int i) { panelDay_Click(i); });
     on(&Cells::Change, " in MainForm, tbDay_Change"_L1, [this](int) { tbDay_Change(); });
     on(&Cells::SelChange, " in MainForm, errTbDaySelChange"_L1, [this](int i) { tbDay_SelChange(i); });
+    on(&Cells::TookBack, " in MainForm, errTbDaySelChange"_L1, [this](int i) {
+        FollowButtons(m_cells.tbDay(i));
+        ShowFormAtCaret(i);
+    });
     on(&Cells::KeyPress, " in MainForm, tbDay_KeyPress"_L1, [this](int i, int& key) { tbDay_KeyPress(i, key); });
     on(&Cells::MouseDown, " in MainForm, tbDay_MouseDown"_L1,
        [this](int i, int button, const QPoint& at) { tbDay_MouseDown(i, button, at); });
@@ -143,6 +147,17 @@ void CellEditing::tbDay_Click(int Index)
         const int day = m_cells.DayOf(Index);
         if (m_viewMode.GetViewMode() == ViewMode::Month && day != 0) g_iDay = static_cast<std::int16_t>(day);
     });
+}
+
+// The caption and the margin belong to the cell: what is typed next must not go into another day. A locked day keeps
+// the caret without a message, since a double click opens the day view.
+void CellEditing::panelDay_Click(int Index)
+{
+    if (!g_bDBShared || !IsHeldElsewhere(Index)) {
+        m_cells.tbDay(Index).setFocus();
+        EnterIfNoneIsCurrent(Index);
+    }
+    tbDay_Click(Index);
 }
 
 void CellEditing::tbDay_Change()

@@ -25,7 +25,8 @@ public:
                 Formatting& formatting);
 
     void tbDay_GotFocus(int Index);
-    void tbDay_Click(int Index); // also for panelDay
+    void tbDay_Click(int Index);
+    void panelDay_Click(int Index); // enters the cell, too
     void tbDay_Change();
     void tbDay_KeyPress(int Index, int& KeyAscii);
     void tbDay_MouseDown(int Index, int Button, const QPoint& globalPosition);

@@ -100,8 +100,10 @@ QLayout* ZoomBoxForm::MakeFoot()
     auto* lblHint = Named(new QLabel(u"Hint: Use right mouse button to access common functions"_s), "lblHint");
     lblHint->setWordWrap(true);
     SoftenText(*lblHint);
+    m_lblZoom = Named(new QLabel, "lblZoom");
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
+    buttons->addWidget(m_lblZoom); // beside the hint it would leave that no room for one line
     buttons->addStretch(1);
     const auto add = [&](const char* name, const char* caption, const char* literal, void (ZoomBoxForm::*click)()) {
         auto* button = Named(new PressedByReturn<QPushButton>(QString::fromLatin1(caption)), name);
@@ -113,13 +115,9 @@ QLayout* ZoomBoxForm::MakeFoot()
     add("btnFonts", "&Fonts", " in ZoomBoxForm, btnFonts_Click", &ZoomBoxForm::btnFonts_Click);
     add("btnCancel", "&Cancel", " in ZoomBoxForm, btnCancel_Click", &ZoomBoxForm::btnCancel_Click);
     add("btnOk", "&Ok", " in ZoomBoxForm, btnOk_Click", &ZoomBoxForm::btnOk_Click);
-    m_lblZoom = Named(new QLabel, "lblZoom");
-    auto* hints = new QHBoxLayout;
-    hints->addWidget(lblHint, 1);
-    hints->addWidget(m_lblZoom);
     auto* foot = new QVBoxLayout;
     foot->setSpacing(8);
-    foot->addLayout(hints); // a line of their own in full width
+    foot->addWidget(lblHint); // a line of their own in full width
     foot->addLayout(buttons);
     return foot;
 }

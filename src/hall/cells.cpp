@@ -123,6 +123,7 @@ RichTextBox* Cells::MakeBox(int index)
     connect(box, &RichTextBox::MouseMove, this, [this, index] { Q_EMIT MouseMove(index); });
     connect(box, &RichTextBox::Change, this, [this, index] { Q_EMIT Change(index); });
     connect(box, &RichTextBox::SelChange, this, [this, index] { Q_EMIT SelChange(index); });
+    connect(box, &RichTextBox::TookBack, this, [this, index] { Q_EMIT TookBack(index); });
     connect(box, &RichTextBox::KeyPress, this, [this, index](int& key) { Q_EMIT KeyPress(index, key); });
     connect(box, &RichTextBox::PasteRequested, this,
             [this, index](bool& allowed) { Q_EMIT PasteRequested(index, allowed); });

@@ -69,6 +69,7 @@ Q_SIGNALS:
     void MouseMove(int Index);
     void Change(int Index);
     void SelChange(int Index);
+    void TookBack(int Index);
     void KeyPress(int Index, int& KeyAscii);
     void PasteRequested(int Index, bool& allowed);
 

@@ -130,7 +130,8 @@ void StartCard::SetPlanners(const QStringList& paths)
 void StartCard::SetSpaces(int margin, int gap)
 {
     layout()->setContentsMargins(margin, margin, margin, margin);
-    m_head->setContentsMargins(Padding, 0, Padding, gap / 2);
+    m_head->setContentsMargins(Padding, 0, Padding, 0);
+    m_lblRecent->setContentsMargins(0, 0, 0, gap / 2);
     m_head->setSpacing(gap);
 }
 
@@ -138,6 +139,7 @@ void StartCard::Place(const QRect& area)
 {
     constexpr int WidthInLetters = 72, Gap = 8;
     const QRect most = area.adjusted(Gap, Gap, -Gap, -Gap);
+    const QWidget* focused = HasFocus() ? window()->focusWidget() : nullptr;
     m_buttons->setDirection(QBoxLayout::LeftToRight);
     for (PlannerRow* row : m_rows)
         row->setVisible(!row->Path().isEmpty());
@@ -152,6 +154,19 @@ void StartCard::Place(const QRect& area)
     place.moveCenter(area.center());
     setGeometry(place);
     raise();
+    if (focused && focused->isHidden()) LastShown().setFocus();
+}
+
+bool StartCard::HasFocus() const
+{
+    return isAncestorOf(window()->focusWidget());
+}
+
+QWidget& StartCard::LastShown() const
+{
+    const auto shown =
+        std::find_if(m_rows.rbegin(), m_rows.rend(), [](const PlannerRow* row) { return !row->isHidden(); });
+    return shown == m_rows.rend() ? *focusProxy() : **shown;
 }
 
 void StartCard::paintEvent(QPaintEvent*)

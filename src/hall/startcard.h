@@ -21,8 +21,10 @@ public:
     explicit StartCard(QWidget* client); // hidden; its focus is that of the first button
 
     void SetPlanners(const QStringList& paths); // newest first
-    // Moves into the middle of the area. Where that is low, the oldest planners are left out.
+    // Moves into the middle of the area. Where that is low, the oldest planners are left out; the focus of one of them
+    // goes to the last that is shown.
     void Place(const QRect& area);
+    bool HasFocus() const; // one of its buttons or rows; also while another window is active
 
 Q_SIGNALS:
     void New();
@@ -36,6 +38,7 @@ private:
     QPushButton* AddButton(const char* name, const QString& text);
     void AddRows(QLayout& column);
     void SetSpaces(int margin, int gap);
+    QWidget& LastShown() const; // row, or the first button
 
     QBoxLayout* m_head;
     QBoxLayout* m_buttons;

@@ -80,7 +80,11 @@ void QMTDB::ShowNote(int cell, const QString& key, const QByteArray& rtf)
     HeldNote& held = Held(cell);
     // Unchanged text keeps the caret and the undo stack. Another day's text must be set even if its bytes are equal,
     // since undo must not bring back the former day's.
-    if (held.key != key || !box.Holds(rtf)) box.SetTextRTF(rtf);
+    if (held.key != key || !box.Holds(rtf)) {
+        const int caret = held.key == key ? box.SelStart() : 0;
+        box.SetTextRTF(rtf);
+        if (m_cells.CellWithCaret() == cell) box.SetSelStart(caret);
+    }
     held = {key, rtf};
 }
 

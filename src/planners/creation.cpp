@@ -7,7 +7,6 @@
 #include "plannerfile/schema.h"
 #include "planners/askforplanner.h"
 #include "planners/opening.h"
-#include "planners/recentlist.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/desktop/mousepointer.h"
@@ -106,7 +105,6 @@ void Creation::OpenAndTell()
         throw;
     }
     m_opening.ShowPlannerOpen();
-    RecentList::KeepCreated();
     if (g_sDBTitle.isEmpty()) return;
     MsgBox(u"New Planner created successfully!\n\n"
            "Now click on the area below today's date to enter text"_s,

@@ -5,6 +5,7 @@
 class Cells;
 class Menus;
 class Opening;
+class QString;
 class StartCard;
 
 class NoPlanner
@@ -19,8 +20,12 @@ private:
     bool RefusesWithout() const; // true after a message while no planner is open
     void WireCells();
     void WireCard(Menus& menus, Opening& opening);
+    bool IsThere(const QString& path); // else offers to take the planner off the card
+    void ShowPlanners();
     void PlaceCard();
     void Admit(bool isOpen);
+    void Leave();
+    int CellOfToday() const; // 0 if it is not shown
 
     Cells& m_cells;
     StartCard& m_card;

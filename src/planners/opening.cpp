@@ -13,6 +13,7 @@
 #include "plannerfile/knownservers.h"
 #include "plannerfile/schema.h"
 #include "planners/askforplanner.h"
+#include "planners/cardplanners.h"
 #include "planners/networkmode.h"
 #include "planners/openasform.h"
 #include "planners/recentlist.h"
@@ -265,6 +266,7 @@ void Opening::ShowPlannerOpen()
     m_cells.Client()->window()->setWindowTitle(messages::WindowTitle + g_sDBPath);
     m_foot.ShowMonth();
     SetMousePointer(mousepointer::Default);
+    PutOnCard(g_sDBPath);
 }
 
 void Opening::ClosePlanner()

@@ -58,7 +58,7 @@ public:
     // mode. Returns the work's error; show it only afterwards, since timers run behind a message.
     std::optional<RunTimeError> Reopen(const QString& title, const std::function<void()>& work);
 
-    void ShowPlannerOpen();                         // sets title bar, month's title and pointer; no cell is current
+    void ShowPlannerOpen(); // sets title bar, month's title, pointer and the card's list; no cell is current
     void ShowOpenFailed(const RunTimeError& error); // shows the error; no planner is open afterwards
 
 private:

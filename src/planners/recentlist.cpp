@@ -5,6 +5,8 @@
 #include "settings/settings.h"
 #include "state/plannerstate.h"
 
+#include <QStringList>
+
 using settings::RecentPlanners;
 
 void RecentList::subLoadMRU(bool bRead)
@@ -50,7 +52,6 @@ void RecentList::subUpdateMRU()
     int match = 0;
     while (match < RecentPlanners - 1 && !list.at(match).toLower().startsWith(g_sDBPath.toLower()))
         ++match;
-    FollowCreated(match);
     if (match > 0) {
         list.move(match, 0);
         list.front() = g_sDBPath;
@@ -59,40 +60,4 @@ void RecentList::subUpdateMRU()
             Write(settings::MRU[entry], list.at(entry));
     }
     subLoadMRU(true);
-}
-
-void RecentList::KeepCreated()
-{
-    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    Write(settings::CreatedPlanner, g_sDBPath);
-    Write(settings::CreatedPlace, 0);
-}
-
-// The created planner becomes an entry when it is opened. Another one that was behind it passes it.
-void RecentList::FollowCreated(int match)
-{
-    const QString created = Read(settings::CreatedPlanner);
-    const int place = Read(settings::CreatedPlace);
-    if (created.isEmpty()) return;
-    if (created == g_sDBPath)
-        Write(settings::CreatedPlanner, QString());
-    else if (match >= place && place < RecentPlanners)
-        Write(settings::CreatedPlace, place + 1);
-}
-
-QStringList RecentList::Planners()
-{
-    QStringList paths;
-    for (const TextSetting& entry : settings::MRU) {
-        const QString path = Read(entry);
-        if (path.isEmpty()) break;
-        paths += path;
-    }
-    const QString created = Read(settings::CreatedPlanner);
-    const int place = Read(settings::CreatedPlace);
-    // Like an entry it is dropped when four others are newer.
-    if (created.isEmpty() || place >= RecentPlanners) return paths;
-    paths.removeOne(created); // it was an entry before it was created again
-    paths.insert(qBound(0, place, int(paths.size())), created);
-    return paths;
 }

@@ -71,9 +71,11 @@ inline constexpr TextSetting MRU[] = {
 };
 inline constexpr int RecentPlanners = std::size(MRU);
 
-// The last planner that was created and not opened since, and how many entries of MRU are newer.
-inline constexpr TextSetting CreatedPlanner = {u"Created Planner", u"Path", u"", PathSize};
-inline constexpr IntSetting CreatedPlace = {u"Created Planner", u"Place", 0};
+// Those opened or created, newest first.
+inline constexpr TextSetting OnCard[] = {
+    {u"CARD", u"PLANNER1", u"", PathSize}, {u"CARD", u"PLANNER2", u"", PathSize}, {u"CARD", u"PLANNER3", u"", PathSize},
+    {u"CARD", u"PLANNER4", u"", PathSize}, {u"CARD", u"PLANNER5", u"", PathSize},
+};
 
 inline constexpr IntSetting LoadCondition = {u"QMT2LOAD", u"LOAD CONDITION", 0};
 inline constexpr IntSetting LoadPathSize = {u"QMT2LOAD", u"PATHSIZE", 0};

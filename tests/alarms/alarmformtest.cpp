@@ -131,6 +131,7 @@ private Q_SLOTS:
                 Press(form, "btnOk");
                 QVERIFY(form.isVisible());
                 QCOMPARE(In<RichTextBox>(form, "tbNotes").Text(), note);
+                if (told.startsWith(u"Notes")) QCOMPARE(form.focusWidget()->objectName(), u"tbNotes"_s);
                 Press(form, "btnCancel");
             });
             QCOMPARE(StoredAlarms(), QStringList());

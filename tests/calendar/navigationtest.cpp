@@ -2,8 +2,6 @@
 #include "program.h"
 #include "testmain.h"
 
-#include <QtTest/qtestspontaneevent.h>
-
 // Every way of moving through time, with a planner and without; today is 17 March 1999.
 class NavigationTest : public QObject
 {
@@ -101,10 +99,7 @@ private Q_SLOTS:
         }
         QCOMPARE(Month(), QPoint(1999, 4));
         const auto turn = [&](QWidget& widget, int delta) {
-            QWheelEvent event(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, delta), {}, {},
-                              Qt::NoScrollPhase, false);
-            QSpontaneKeyEvent::setSpontaneous(&event); // only a person's wheel is passed on to the client area
-            qApp->notify(&widget, &event);
+            TurnWheel(widget, delta);
             return Month();
         };
         SSPanel& heading = m_program->Find<SSPanel>("lblDayOfWeek(3)");

@@ -122,16 +122,20 @@ private Q_SLOTS:
             QMenu& menu = *m_program->Entry("mnuEdit").menu();
             Q_EMIT menu.aboutToShow();
             QString enabled;
-            for (const char* name : {"mnuUndo", "mnuRedo", "mnuSelectAll"})
+            for (const char* name : {"mnuUndo", "mnuRedo", "mnuSelectAll", "mnuCut", "mnuCopy", "mnuPaste"})
                 enabled += m_program->Entry(name).isEnabled() ? u'y' : u'n';
+            Q_EMIT menu.aboutToHide();
             return enabled;
         };
-        QCOMPARE(entries(), u"nnn"_s);
+        m_program->Trigger("mnuSave");
+        m_program->form->centralWidget()->setFocus();
+        QCOMPARE(entries(), u"nnnnnn"_s);
+        QVERIFY(m_program->Entry("mnuCut").isEnabled()); // for its key
         RichTextBox& box = Write(u"word"_s);
-        QCOMPARE(entries(), u"yny"_s);
+        QCOMPARE(entries(), u"ynyyyy"_s);
         m_program->Trigger("mnuUndo");
         QTRY_COMPARE(box.Text(), QString());
-        QCOMPARE(entries(), u"nyn"_s);
+        QCOMPARE(entries(), u"nynyyy"_s);
         for (const auto& [key, modifiers, text] :
              {std::tuple(Qt::Key_Y, Qt::KeyboardModifiers(Qt::ControlModifier), u"word"_s),
               std::tuple(Qt::Key_Z, Qt::KeyboardModifiers(Qt::ControlModifier), QString()),
@@ -139,11 +143,17 @@ private Q_SLOTS:
             QTest::keyClick(&box, key, modifiers);
             QCOMPARE(box.Text(), text);
         }
-        QCOMPARE(entries(), u"yny"_s);
+        QCOMPARE(entries(), u"ynyyyy"_s);
         m_program->Trigger("mnuSelectAll");
         QTRY_COMPARE(box.SelLength(), 4);
+        m_program->Trigger("mnuBold");
+        for (const int isBold : {0, 1}) { // the button follows
+            entries();
+            m_program->Trigger(isBold ? "mnuRedo" : "mnuUndo");
+            QTRY_COMPARE(Button("bold").Value(), isBold);
+        }
         box.SetLocked(true);
-        QCOMPARE(entries(), u"nny"_s);
+        QCOMPARE(entries(), u"nnyyyy"_s);
     }
 
     void aNoteThatIsLeftShowsItsBeginning()

@@ -102,9 +102,11 @@ private Q_SLOTS:
             QCOMPARE(Stored("1999/3/19"), stored);
             m_program->Trigger("mnuPrevMonth");
             m_program->Click(20);
+            const int caret = m_program->Box(20).SelStart();
             Write(other, u"1999/3/19"_s, "newer"); // while this program has the day on screen
             m_program->Trigger("mnuSave");
             QCOMPARE(m_program->Box(20).Text(), u"newer"_s);
+            QCOMPARE(m_program->Box(20).SelStart(), caret);
         }
     }
 
@@ -159,7 +161,8 @@ private Q_SLOTS:
         QCOMPARE(g_iDay, std::int16_t{19});
         QTest::mouseClick(&m_program->Panel(24), Qt::LeftButton, {}, QPoint(8, 8));
         QCOMPARE(g_iDay, std::int16_t{23});
-        QCOMPARE(g_iCurrentPanel, std::int16_t{1});
+        QCOMPARE(g_iCurrentPanel, std::int16_t{24});
+        QCOMPARE(m_program->form->focusWidget(), &m_program->Box(24));
     }
 };
 

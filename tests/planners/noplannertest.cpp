@@ -31,10 +31,10 @@ class NoPlannerTest : public QObject
         m_program->Start();
     }
 
-    QString SaidTo(const std::function<void()>& act) const
+    QString SaidTo(const std::function<void()>& act, int answer = msgbox::Ok) const
     {
         SeenBox seen;
-        AnswerNextBox(msgbox::Ok, &seen);
+        AnswerNextBox(answer, &seen);
         act();
         m_program->Activate();
         return seen.Text;
@@ -64,23 +64,26 @@ private Q_SLOTS:
         QTest::mouseClick(&Row(2), Qt::LeftButton);
         m_program->Activate();
         QVERIFY(g_sDBPath.endsWith(u"a.mdb"_s) && g_sDBTitle == u"a.mdb" && Card().isHidden());
-        QVERIFY(m_program->form->centralWidget()->hasFocus() && g_iCurrentPanel == 0);
+        QCOMPARE(m_program->form->focusWidget(), &m_program->Box(18)); // today
         Restart();
         QCOMPARE(Offered(), u"a made b"_s);
 
         QVERIFY(QFile::remove(Path("a.mdb")));
-        Program::AnswerOpenAs(false);
-        QVERIFY(SaidTo([&] { QTest::keyClick(&Row(0), Qt::Key_Return); }).contains(u"a.mdb"_s));
-        QVERIFY(Card().isVisible() && Button("btnNewPlanner").hasFocus());
-        QCOMPARE(Offered(), u"a made b"_s);
+        Row(0).setFocus();
+        for (const auto& [answer, left] : {std::pair(msgbox::No, u"a made b"_s), std::pair(msgbox::Yes, u"made b"_s)}) {
+            QVERIFY(
+                SaidTo([&] { QTest::keyClick(&Row(0), Qt::Key_Return); }, answer).contains(Path("a.mdb").toLower()));
+            QCOMPARE(Offered(), left);
+            QVERIFY(Row(0).hasFocus());
+        }
+        QCOMPARE(Ini("MRU", "MRU1").section(u'/', -1), u"a.mdb"_s); // the recent list drops nothing
         AnswerNextFileDialog(Path("made.mdb"));
         Program::AnswerOpenAs(true);
         QTest::keyClick(&Button("btnOpenPlanner"), Qt::Key_Space);
         m_program->Activate();
         QVERIFY(Card().isHidden() && g_bDBShared);
         Restart();
-        QCOMPARE(Offered(), u"made a b"_s);
-        QCOMPARE(Ini("Created Planner", "Path"), QString()); // it is an entry of the recent list now
+        QCOMPARE(Offered(), u"made b"_s);
 
         AnswerNextFileDialog(Path("none/new.mdb"));
         SaidTo([&] { QTest::mouseClick(&Button("btnNewPlanner"), Qt::LeftButton); });
@@ -105,7 +108,8 @@ private Q_SLOTS:
         AnswerNextFileDialog(Path("none.mdb"));
         Program::AnswerOpenAs(true);
         SaidTo([&] { m_program->Trigger("mnuOpen"); });
-        QVERIFY(Card().isVisible() && isRefused());
+        QVERIFY(Button("btnNewPlanner").hasFocus() && m_program->form->testAttribute(Qt::WA_KeyboardFocusChange));
+        QVERIFY(isRefused());
     }
 
     void TheCardStaysWithinTheCells()
@@ -116,16 +120,16 @@ private Q_SLOTS:
             SetIni("VIEW", "VIEWPREF", view);
             for (const char* key : {"MRU1", "MRU2", "MRU3", "MRU4"})
                 SetIni("MRU", key, path + QString::fromLatin1(key));
-            SetIni("Created Planner", "Path", path);
+            SetIni("CARD", "PLANNER5", path);
             Restart();
             QVERIFY(Row(4).isVisible());
-            QCOMPARE(Row(4).toolTip(), path + u"MRU4"_s);
+            Row(4).setFocus();
             m_program->form->resize(480, 360);
             QTRY_COMPARE(m_program->form->centralWidget()->width(), 480);
             const QRect first = m_program->Find<SSPanel>("lblDayOfWeek(0)").geometry();
             const QRect cells(first.bottomLeft(), m_program->Bottom().geometry().topRight());
             QVERIFY(cells.contains(Card().geometry()));
-            QVERIFY(Row(0).isVisible() && !Row(4).isVisible());
+            QVERIFY(Row(0).isVisible() && !Row(4).isVisible() && Card().isAncestorOf(m_program->form->focusWidget()));
             for (QWidget* part : Card().findChildren<QWidget*>())
                 QVERIFY(part->isHidden() || Card().rect().contains(part->geometry()));
             m_program->form->resize(1000, 700);

@@ -116,6 +116,7 @@ Q_SIGNALS:
     void MouseDown(int button, const QPoint& globalPosition); // 1 left, RightButton, 4 middle
     void MouseMove();
     void Change();
+    void TookBack();  // by the keys of undo and redo
     void SelChange(); // moves of caret and selection, not changes of format
     // A key with text (also Backspace, Return and Esc) or an input method's commit. 0 drops the key.
     void KeyPress(int& keyAscii);

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QMetaMethod>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -210,6 +211,9 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     }
     if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
+    const auto tell = qScopeGuard([&] {
+        if (TakesBack(event)) Q_EMIT TookBack();
+    });
     if (event->matches(QKeySequence::Undo) && m_moved.Undo()) return;
     if (event->matches(QKeySequence::Redo) && m_moved.Redo()) return;
     UseTypingFormat();
