@@ -100,20 +100,13 @@ void Formatting::mnuSelectAll_Click()
     box.selectAll();
 }
 
-void Formatting::ShowWhatCanBeDone(Menus& menus) const
+void Formatting::ShowWhatCanBeUndone(Menus& menus) const
 {
     const int cell = m_cells.CellWithCaret();
-    AdmitClipboard(menus, cell != 0 || m_cells.Shows(g_iCurrentPanel));
     const RichTextBox* box = cell == 0 ? nullptr : &m_cells.tbDay(cell);
     menus("mnuUndo"_L1).SetEnabled(box && box->CanUndo());
     menus("mnuRedo"_L1).SetEnabled(box && box->CanRedo());
     menus("mnuSelectAll"_L1).SetEnabled(box && !box->IsEmpty());
-}
-
-void Formatting::AdmitClipboard(Menus& menus, bool admits)
-{
-    for (const char* entry : {"mnuCut", "mnuCopy", "mnuPaste"})
-        menus(QLatin1StringView(entry)).SetEnabled(admits);
 }
 
 void Formatting::orlcmbFontname_Change()

@@ -34,9 +34,7 @@ public:
     void mnuUndo_Click();
     void mnuRedo_Click();
     void mnuSelectAll_Click();
-    // In the Edit menu while it is open. Without a cell the clipboard's entries step back, but never their keys.
-    void ShowWhatCanBeDone(Menus& menus) const;
-    static void AdmitClipboard(Menus& menus, bool admits = true);
+    void ShowWhatCanBeUndone(Menus& menus) const; // in the cell with the caret
 
     // The combos act on the current cell unchecked; pressing one still shows the message of fnCanFormatCell.
     void orlcmbFontname_Change();

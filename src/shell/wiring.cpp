@@ -130,9 +130,8 @@ void WireMenus(Rooms& rooms)
         wire(name);
         if (row.isInNoteMenu) wire(name + 'R');
     }
-    const QMenu* edit = menus("mnuEdit"_L1).Action()->menu();
-    On(edit, &QMenu::aboutToShow, "mnuEdit_Click", [&rooms, &menus] { rooms.formatting.ShowWhatCanBeDone(menus); });
-    On(edit, &QMenu::aboutToHide, "mnuEdit_Click", [&menus] { Formatting::AdmitClipboard(menus); });
+    On(menus("mnuEdit"_L1).Action()->menu(), &QMenu::aboutToShow, "mnuEdit_Click",
+       [&rooms] { rooms.formatting.ShowWhatCanBeUndone(rooms.controls.menus); });
     for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         MenuItem& item = menus.mnuMRU(entry);
         item.OnClick([&rooms, &item] { rooms.opening.mnuMRU_Click(item); }, InMainForm("mnuMRU_Click"));

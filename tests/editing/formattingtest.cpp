@@ -122,20 +122,16 @@ private Q_SLOTS:
             QMenu& menu = *m_program->Entry("mnuEdit").menu();
             Q_EMIT menu.aboutToShow();
             QString enabled;
-            for (const char* name : {"mnuUndo", "mnuRedo", "mnuSelectAll", "mnuCut", "mnuCopy", "mnuPaste"})
+            for (const char* name : {"mnuUndo", "mnuRedo", "mnuSelectAll"})
                 enabled += m_program->Entry(name).isEnabled() ? u'y' : u'n';
-            Q_EMIT menu.aboutToHide();
             return enabled;
         };
-        m_program->Trigger("mnuSave");
-        m_program->form->centralWidget()->setFocus();
-        QCOMPARE(entries(), u"nnnnnn"_s);
-        QVERIFY(m_program->Entry("mnuCut").isEnabled()); // for its key
+        QCOMPARE(entries(), u"nnn"_s);
         RichTextBox& box = Write(u"word"_s);
-        QCOMPARE(entries(), u"ynyyyy"_s);
+        QCOMPARE(entries(), u"yny"_s);
         m_program->Trigger("mnuUndo");
         QTRY_COMPARE(box.Text(), QString());
-        QCOMPARE(entries(), u"nynyyy"_s);
+        QCOMPARE(entries(), u"nyn"_s);
         for (const auto& [key, modifiers, text] :
              {std::tuple(Qt::Key_Y, Qt::KeyboardModifiers(Qt::ControlModifier), u"word"_s),
               std::tuple(Qt::Key_Z, Qt::KeyboardModifiers(Qt::ControlModifier), QString()),
@@ -143,7 +139,7 @@ private Q_SLOTS:
             QTest::keyClick(&box, key, modifiers);
             QCOMPARE(box.Text(), text);
         }
-        QCOMPARE(entries(), u"ynyyyy"_s);
+        QCOMPARE(entries(), u"yny"_s);
         m_program->Trigger("mnuSelectAll");
         QTRY_COMPARE(box.SelLength(), 4);
         m_program->Trigger("mnuBold");
@@ -153,7 +149,7 @@ private Q_SLOTS:
             QTRY_COMPARE(Button("bold").Value(), isBold);
         }
         box.SetLocked(true);
-        QCOMPARE(entries(), u"nnyyyy"_s);
+        QCOMPARE(entries(), u"nny"_s);
     }
 
     void aNoteThatIsLeftShowsItsBeginning()
