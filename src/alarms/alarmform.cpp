@@ -8,6 +8,7 @@
 #include "hall/cells.h"
 #include "notes/turn.h"
 #include "plannerfile/backups.h"
+#include "platform/controls/dialogpart.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
@@ -28,7 +29,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 

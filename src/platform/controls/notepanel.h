@@ -7,10 +7,12 @@
 
 #include <QVBoxLayout>
 
-inline SSPanel* MakeNotePanel(RichTextBox* box)
+inline SSPanel* MakeNotePanel(RichTextBox* box, const QSize& least = {0, 0})
 {
     auto* panel = new SSPanel;
+    panel->setMinimumSize(least);
     panel->SetPaper(paper::Paper);
+    panel->SetEdges(Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge);
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(10, 8, 2, 8); // the scroll bar is at the edge
     layout->addWidget(box);
