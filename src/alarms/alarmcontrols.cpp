@@ -161,7 +161,6 @@ AlarmControls MakeAlarmControls(QDialog& window)
     inner->addWidget(MakeTunes(controls));
     inner->addWidget(MakeNotes(controls), 1);
     auto* column = DialogColumn(window);
-    column->setSizeConstraint(QLayout::SetDefaultConstraint); // a larger window shows more of a note
     column->addWidget(controls.frAlarm, 1);
     column->addWidget(MakeButtons(controls, window));
     OrderTime(controls);

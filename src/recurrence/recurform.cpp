@@ -9,7 +9,6 @@
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/softtext.h"
-#include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
 #include "state/dateorder.h"
 
@@ -37,15 +36,13 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
     setObjectName(u"RecurForm"_s);
     setWindowTitle(u"Recurring Events"_s);
     auto* column = DialogColumn(*this);
-    column->setSizeConstraint(QLayout::SetDefaultConstraint); // a larger window shows more of the text
     column->addWidget(MakeOptions(), 1);
     column->addWidget(MakeDays());
     column->addLayout(MakeFoot());
     m_btnOk->setDefault(true); // only now: the window ignores a button it does not contain yet
     Form_Load();
     FollowChanges();
-    CenterOnScreen(*this);
-    setMinimumSize(size());
+    CenterAroundNote(*this, *m_tbRecurse);
     m_maskStartDate->setFocus();
 }
 
@@ -146,7 +143,7 @@ QWidget* RecurForm::MakeText()
     m_tbRecurse->setAccessibleName(u"Text of the event"_s);
     m_tbRecurse->setPlaceholderText(u"Write the event here"_s);
     AddNoteMenu(*m_tbRecurse, "RecurForm");
-    return MakeNotePanel(m_tbRecurse, {480, 128});
+    return MakeNotePanel(m_tbRecurse, {480, 64});
 }
 
 QLabel* RecurForm::MakeDays()
