@@ -38,18 +38,10 @@ public:
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
-        switch (metric) {
-        case PM_LayoutLeftMargin:
-        case PM_LayoutTopMargin:
-        case PM_LayoutRightMargin:
-        case PM_LayoutBottomMargin:
-            return 0;
-        case PM_LayoutHorizontalSpacing:
-        case PM_LayoutVerticalSpacing:
+        if (metric >= PM_LayoutLeftMargin && metric <= PM_LayoutBottomMargin) return 0;
+        if (metric == PM_LayoutHorizontalSpacing || metric == PM_LayoutVerticalSpacing)
             return KindOf(widget) == DialogPart::Kind::Whole ? 2 * Rhythm : Rhythm;
-        default:
-            return QProxyStyle::pixelMetric(metric, option, widget);
-        }
+        return QProxyStyle::pixelMetric(metric, option, widget);
     }
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
