@@ -11,13 +11,10 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 
 namespace {
-constexpr int Rhythm = 8;
-
 struct Picture
 {
     const char* name;
@@ -56,21 +53,22 @@ MaskEdBox* MakeMask(const char* name, const QString& accessibleName, const QStri
     return box;
 }
 
-QGroupBox* MakeFrame(const char* name, const QString& caption, QLayout* layout)
+DialogPart* MakePart(const char* name, const QString& heading, QLayout* layout,
+                     DialogPart::Kind kind = DialogPart::Kind::Usual)
 {
-    auto* frame = Named(new QGroupBox(caption), name);
-    frame->setLayout(layout);
-    return frame;
+    auto* part = Named(new DialogPart(heading, kind), name);
+    part->setLayout(layout);
+    return part;
 }
 
-QGroupBox* MakeBrowse(AlarmControls& controls)
+QWidget* MakeBrowse(AlarmControls& controls)
 {
     controls.picLeftSpin = MakePicture({"picLeftSpin", u"Previous"_s, {u"left"_s, u"left-pressed"_s, u"left"_s}});
     controls.picRightSpin = MakePicture({"picRightSpin", u"Next"_s, {u"right"_s, u"right-pressed"_s, u"right"_s}});
     auto* previous = Named(new QLabel(u"Previous"_s), "lblPreviousRecord");
     auto* next = Named(new QLabel(u"Next"_s), "lblNextRecord");
     auto* row = DialogRow(Rhythm, {controls.picLeftSpin, previous, nullptr, next, controls.picRightSpin});
-    return controls.frBrowseAlarm = MakeFrame("frBrowseAlarm", u"Browse Alarm Events"_s, row);
+    return controls.frBrowseAlarm = MakePart("frBrowseAlarm", u"Browse Alarm Events"_s, row, DialogPart::Kind::Line);
 }
 
 QLayout* MakeTime(AlarmControls& controls)
@@ -92,22 +90,21 @@ QLayout* MakeTime(AlarmControls& controls)
     return row;
 }
 
-QGroupBox* MakeDate(AlarmControls& controls)
+QWidget* MakeDate(AlarmControls& controls)
 {
     controls.lblDateFormat = Named(new QLabel, "lblDateFormat");
     controls.maskAlarmDate = MakeMask("maskAlarmDate", u"Alarm date"_s, u"0000/00/00"_s);
     auto* grid = new QGridLayout;
-    grid->setSpacing(Rhythm);
     grid->addWidget(controls.lblDateFormat, 0, 0);
     auto* pick =
         Named(new DateButton(controls.maskAlarmDate, LocalDateOrder().label, u"Pick the alarm date"_s), "btnPickDate");
     grid->addLayout(DialogRow(Rhythm, {controls.maskAlarmDate, pick, nullptr}), 0, 1);
     grid->addWidget(new QLabel(u"Hour:"_s), 1, 0);
     grid->addLayout(MakeTime(controls), 1, 1);
-    return controls.frAlarmDate = MakeFrame("frAlarmDate", u"Alarm Date and Time"_s, grid);
+    return controls.frAlarmDate = MakePart("frAlarmDate", u"Alarm Date and Time"_s, grid);
 }
 
-QGroupBox* MakeTunes(AlarmControls& controls)
+QWidget* MakeTunes(AlarmControls& controls)
 {
     constexpr QSize PictureSize(24, 24);
     auto* picTunes = Named(new QLabel, "picTunes");
@@ -122,22 +119,21 @@ QGroupBox* MakeTunes(AlarmControls& controls)
     row->setStretchFactor(controls.orlcmbTunes, 1);
     row->addSpacing(Rhythm);
     row->addWidget(controls.chkSilence);
-    return controls.frTunes = MakeFrame("frTunes", u"Tunes"_s, row);
+    return controls.frTunes = MakePart("frTunes", u"Tunes"_s, row);
 }
 
-QGroupBox* MakeNotes(AlarmControls& controls)
+QWidget* MakeNotes(AlarmControls& controls)
 {
     controls.tbNotes = Named(new RichTextBox, "tbNotes");
     controls.tbNotes->setAccessibleName(u"Notes"_s);
-    controls.tbNotes->setMinimumSize(400, 48); // the window fits on a screen of 960 by 540
-    auto* layout = DialogRow(0, {MakeNotePanel(controls.tbNotes)});
-    layout->setContentsMargins(1, 1, 1, 1);
-    return controls.frNotes = MakeFrame("frNotes", u"Notes"_s, layout);
+    auto* panel = MakeNotePanel(controls.tbNotes, {400, 64}); // the window fits on a screen of 960 by 540
+    return controls.frNotes = MakePart("frNotes", u"Notes"_s, DialogRow(0, {panel}));
 }
 
 QDialogButtonBox* MakeButtons(AlarmControls& controls, QDialog& window)
 {
     auto* buttons = new QDialogButtonBox(&window); // without a parent the box would not learn of its default button
+    buttons->layout()->setSpacing(Rhythm);
     controls.btnOk = Named(buttons->addButton(u"&Ok"_s, QDialogButtonBox::AcceptRole), "btnOk");
     controls.btnDelete = Named(buttons->addButton(u"&Delete"_s, QDialogButtonBox::DestructiveRole), "btnDelete");
     controls.btnCancel = Named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), "btnCancel");
@@ -157,16 +153,14 @@ void OrderTime(const AlarmControls& controls)
 AlarmControls MakeAlarmControls(QDialog& window)
 {
     AlarmControls controls;
-    controls.frAlarm = Named(new QGroupBox(&window), "frAlarm");
+    auto* inner = new QVBoxLayout;
+    controls.frAlarm = MakePart("frAlarm", {}, inner, DialogPart::Kind::Whole);
     controls.opAMPM = new QButtonGroup(controls.frAlarm);
-    auto* inner = new QVBoxLayout(controls.frAlarm);
-    inner->setSpacing(Rhythm);
     inner->addWidget(MakeBrowse(controls));
     inner->addWidget(MakeDate(controls));
     inner->addWidget(MakeTunes(controls));
     inner->addWidget(MakeNotes(controls), 1);
     auto* column = DialogColumn(window);
-    column->setSizeConstraint(QLayout::SetDefaultConstraint); // a larger window shows more of a note
     column->addWidget(controls.frAlarm, 1);
     column->addWidget(MakeButtons(controls, window));
     OrderTime(controls);

@@ -8,11 +8,12 @@
 #include "hall/cells.h"
 #include "notes/turn.h"
 #include "plannerfile/backups.h"
+#include "platform/controls/dialogpart.h"
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/notepanel.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/timer.h"
-#include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/runtime/errortail.h"
@@ -28,7 +29,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 
@@ -61,7 +61,7 @@ AlarmForm::AlarmForm(Mode mode, int cell, Cells& cells, Turn& turn, Timer& tmAla
     WirePictures();
     AddNoteMenu(*m_controls.tbNotes, "AlarmForm");
     Form_Load(cell);
-    CenterOnScreen(*this);
+    CenterAroundNote(*this, *m_controls.tbNotes);
 }
 
 // Music that is tried out ends with the window: nobody could stop it afterwards.

@@ -12,12 +12,12 @@ class Cells;
 class LockedDay;
 struct Alarm;
 struct DateOrder;
+class DialogPart;
 class MaskEdBox;
 class ORLCombo;
 class PictureButton;
 class QButtonGroup;
 class QCheckBox;
-class QGroupBox;
 class QLabel;
 class QPushButton;
 class QScrollBar;
@@ -28,11 +28,11 @@ enum class Toward;
 
 struct AlarmControls
 {
-    QGroupBox* frAlarm = nullptr;
-    QGroupBox* frBrowseAlarm = nullptr;
+    DialogPart* frAlarm = nullptr;
+    DialogPart* frBrowseAlarm = nullptr;
     PictureButton* picLeftSpin = nullptr; // 0 idle in New mode, 1 pressed, 2 released in Browse mode
     PictureButton* picRightSpin = nullptr;
-    QGroupBox* frAlarmDate = nullptr;
+    DialogPart* frAlarmDate = nullptr;
     QLabel* lblDateFormat = nullptr;
     MaskEdBox* maskAlarmDate = nullptr;
     MaskEdBox* maskHour = nullptr;
@@ -42,12 +42,12 @@ struct AlarmControls
     PictureButton* picMinuteUp = nullptr;
     PictureButton* picMinuteDn = nullptr;
     QButtonGroup* opAMPM = nullptr; // 0 AM, 1 PM
-    QGroupBox* frTunes = nullptr;
+    DialogPart* frTunes = nullptr;
     ORLCombo* orlcmbTunes = nullptr;
     PictureButton* picPlay = nullptr; // 0 released, 1 pressed
     PictureButton* picStop = nullptr; // 0 pressed, 1 released
     QCheckBox* chkSilence = nullptr;
-    QGroupBox* frNotes = nullptr;
+    DialogPart* frNotes = nullptr;
     RichTextBox* tbNotes = nullptr;
     QPushButton* btnOk = nullptr;
     QPushButton* btnDelete = nullptr;

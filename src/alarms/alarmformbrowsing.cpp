@@ -6,6 +6,7 @@
 #include "notes/turn.h"
 #include "plannerfile/backups.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/dialogpart.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
@@ -19,7 +20,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -32,7 +32,7 @@ void AlarmForm::PrepareBrowse(const QString& key)
 {
     m_controls.frAlarm->setTitle(u"Browse/Edit Alarm Event"_s);
     // A disabled frame disables its controls.
-    for (QGroupBox* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes}) {
+    for (DialogPart* frame : {m_controls.frAlarmDate, m_controls.frTunes, m_controls.frNotes}) {
         frame->setEnabled(false);
         KeepReadable(*frame);
     }

@@ -11,8 +11,7 @@
 #include "settings/settings.h"
 
 #include <QCheckBox>
-#include <QFormLayout>
-#include <QGroupBox>
+#include <QGridLayout>
 #include <QLabel>
 
 namespace {
@@ -30,12 +29,15 @@ constexpr StyleRow StyleRows[] = {{"chkBold", "Bold"_L1, &settings::DefaultBold}
 
 constexpr QLatin1StringView Black("Black"); // "0", the default of the setting, stands for it
 
-ORLCombo* AddCombo(QFormLayout& rows, const char* name, const QString& label, void (ORLCombo::*fill)())
+ORLCombo* AddCombo(QGridLayout& rows, const char* name, const QString& label, void (ORLCombo::*fill)())
 {
     auto* combo = Named(new ORLCombo, name);
     combo->setFocusPolicy(Qt::StrongFocus); // in this dialog no cell's caret has to keep the focus
     (combo->*fill)();
-    rows.addRow(label, combo);
+    auto* caption = new QLabel(label);
+    caption->setBuddy(combo);
+    rows.addWidget(caption, rows.rowCount(), 0);
+    rows.addWidget(combo, rows.rowCount() - 1, 1);
     return combo;
 }
 
@@ -54,14 +56,15 @@ InitFontForm::InitFontForm(QWidget* owner) : QDialog(owner)
     setWindowTitle(u"Customize Initial Fonts"_s);
     auto* column = DialogColumn(*this);
     column->addWidget(new QLabel(u"Customize your default choice of Font Name, Size and Color."_s));
-    auto* frame = new QGroupBox(u"Initial Fonts"_s);
-    auto* rows = new QFormLayout(frame);
+    auto* frame = new DialogPart(u"Initial Fonts"_s);
+    auto* rows = new QGridLayout(frame);
+    rows->setColumnStretch(1, 1);
     m_orlcmbFontname = AddCombo(*rows, "orlcmbFontname", u"&Font:"_s, &ORLCombo::FillFontNames);
     m_orlcmbFontsize = AddCombo(*rows, "orlcmbFontsize", u"&Size:"_s, &ORLCombo::FillFontSizes);
     m_orlcmbFontcolor = AddCombo(*rows, "orlcmbFontcolor", u"Colo&r:"_s, &ORLCombo::FillColors);
     for (std::size_t i = 0; i < m_styles.size(); ++i) {
         m_styles[i] = Named(new QCheckBox(StyleRows[i].caption), StyleRows[i].name);
-        rows->addRow(QString(), m_styles[i]);
+        rows->addWidget(m_styles[i], rows->rowCount(), 1);
     }
     column->addWidget(frame);
     QDialogButtonBox* buttons = MakeOkCancel(*this);

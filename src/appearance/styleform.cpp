@@ -13,7 +13,6 @@
 #include "platform/runtime/errortail.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -56,10 +55,13 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     setWindowTitle(m_rules.title);
     auto* column = DialogColumn(*this);
     column->addWidget(new QLabel(m_rules.hint));
-    auto* frame = new QGroupBox(m_rules.frame);
+    auto* frame = new DialogPart(m_rules.frame);
     AddSamples(*new QGridLayout(frame));
     column->addWidget(frame);
-    AddChecks(*column);
+    auto* checks = new QVBoxLayout;
+    checks->setSpacing(Rhythm);
+    column->addLayout(checks);
+    AddChecks(*checks);
     QDialogButtonBox* buttons = MakeOkCancel(*this, u"btnSave"_s);
     connect(AddDefaultsButton(*buttons), &QPushButton::clicked, this, &StyleForm::ShowDefaults);
     column->addWidget(buttons);

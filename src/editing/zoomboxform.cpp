@@ -4,6 +4,7 @@
 #include "editing/fontcommand.h"
 #include "editing/notemenu.h"
 #include "editing/notezoom.h"
+#include "platform/controls/dialogpart.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
@@ -16,7 +17,6 @@
 #include "settings/settings.h"
 
 #include <QCloseEvent>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -40,7 +40,7 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     setWindowTitle(u"Zoom View"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 8, 16, 16);
+    column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(16);
     column->addWidget(MakeFrame(heading), 1);
     column->addLayout(MakeFoot());
@@ -79,10 +79,7 @@ void ZoomBoxForm::StorePlace() const
 
 QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
 {
-    auto* frame = Named(new QGroupBox(heading), "frZoom");
-    QFont bold = frame->font();
-    bold.setBold(true);
-    frame->setFont(bold);
+    auto* frame = Named(new DialogPart(heading), "frZoom");
     m_tbZoom = Named(new RichTextBox, "tbZoom");
     m_tbZoom->setAccessibleName(heading);
     m_tbZoom->installEventFilter(this);
@@ -90,7 +87,6 @@ QWidget* ZoomBoxForm::MakeFrame(const QString& heading)
     SSPanel* panel = MakeNotePanel(m_tbZoom);
     panel->setObjectName(u"panelZoom"_s);
     auto* frameLayout = new QVBoxLayout(frame);
-    frameLayout->setContentsMargins(1, 1, 1, 1);
     frameLayout->addWidget(panel);
     return frame;
 }

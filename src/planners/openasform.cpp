@@ -7,7 +7,6 @@
 #include "platform/desktop/centeronscreen.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -22,9 +21,11 @@ OpenAsForm::OpenAsForm(const QString& plannerPath, QWidget* owner)
     setObjectName(u"OpenAsForm"_s);
     setWindowTitle(u"Loading "_s + plannerPath);
 
-    auto* frame = Named(new QGroupBox(u"Open As ..."_s), "Frame3D2");
+    auto* frame = Named(new DialogPart(u"Open As ..."_s), "Frame3D2");
     auto* options = new QVBoxLayout(frame);
+    options->setSpacing(0);
     AddOption(*options, 0, u"Yours alone while it is open. You type in any day."_s);
+    options->addSpacing(Rhythm);
     AddOption(*options, 1, u"Several people can have it open. You lock a day before you type in it."_s);
     m_opShared[0]->setChecked(true);
     m_chkAtEveryStart->setChecked(IsStartPlanner(plannerPath));

@@ -13,7 +13,6 @@
 #include "settings/settings.h"
 
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -54,9 +53,8 @@ PageSetupForm::PageSetupForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(u"PageSetupForm"_s);
     setWindowTitle(u"Customize Page Setup"_s);
-    auto* frame = new QGroupBox(u"Page Setup"_s);
+    auto* frame = new DialogPart(u"Page Setup"_s, DialogPart::Kind::Whole);
     auto* parts = new QVBoxLayout(frame);
-    parts->setSpacing(16);
     parts->addWidget(MakeHeaderFrame());
     parts->addWidget(MakeMarginFrame());
     auto* column = DialogColumn(*this);
@@ -69,7 +67,7 @@ PageSetupForm::PageSetupForm(QWidget* owner) : QDialog(owner)
 QWidget* PageSetupForm::MakeHeaderFrame()
 {
     constexpr int HeaderWidth = 380;
-    auto* frame = new QGroupBox(u"Header"_s);
+    auto* frame = new DialogPart(u"Header"_s);
     m_tbHeader = new OneLineBox(u"tbHeader"_s, OneLineBox::OnEntering::KeepSelection);
     m_tbHeader->setAccessibleName(u"Header"_s);
     m_tbHeader->setMaxLength(settings::PageHeader.size - 1);
@@ -78,7 +76,6 @@ QWidget* PageSetupForm::MakeHeaderFrame()
     connect(btnFonts, &QPushButton::clicked, this,
             Guarded(" in PageSetupForm, btnFonts_Click"_L1, [this] { btnFonts_Click(); }));
     auto* row = new QHBoxLayout(frame);
-    row->setSpacing(8);
     row->addWidget(m_tbHeader);
     row->addWidget(btnFonts);
     return frame;
@@ -86,8 +83,8 @@ QWidget* PageSetupForm::MakeHeaderFrame()
 
 QWidget* PageSetupForm::MakeMarginFrame()
 {
-    constexpr int MarginWidth = 72, ColumnGap = 24;
-    auto* frame = new QGroupBox(u"Margins (Inches)"_s);
+    constexpr int MarginWidth = 72, ColumnGap = Rhythm;
+    auto* frame = new DialogPart(u"Margins (Inches)"_s);
     auto* grid = new QGridLayout(frame);
     for (std::size_t i = 0; i < m_margins.size(); ++i) {
         m_margins[i] = new OneLineBox(QString::fromLatin1(MarginRows[i].name), OneLineBox::OnEntering::SelectAll);

@@ -9,25 +9,16 @@
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/softtext.h"
-#include "platform/desktop/centeronscreen.h"
 #include "platform/runtime/errortail.h"
 #include "state/dateorder.h"
 
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
-constexpr int Gap = 8, Margin = 16;
-
-QGroupBox* MakeFrame(const char* name, const char* caption)
-{
-    return Named(new QGroupBox(QString::fromLatin1(caption)), name);
-}
-
 QComboBox* MakeList(const char* name, const char* tip, QLayout& row)
 {
     auto* list = Named(new QComboBox, name);
@@ -43,26 +34,21 @@ RecurForm::RecurForm(QWidget* owner, Cells& cells, QMTDB& notes, const ViewMode&
 {
     setObjectName(u"RecurForm"_s);
     setWindowTitle(u"Recurring Events"_s);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->setSpacing(Margin);
+    auto* column = DialogColumn(*this);
     column->addWidget(MakeOptions(), 1);
     column->addWidget(MakeDays());
     column->addLayout(MakeFoot());
     m_btnOk->setDefault(true); // only now: the window ignores a button it does not contain yet
     Form_Load();
     FollowChanges();
-    CenterOnScreen(*this);
-    setMinimumSize(size());
+    CenterAroundNote(*this, *m_tbRecurse);
     m_maskStartDate->setFocus();
 }
 
 QWidget* RecurForm::MakeOptions()
 {
-    QGroupBox* frame = MakeFrame("frOptions", "Recurring Event Options");
+    auto* frame = Named(new DialogPart(u"Recurring Event Options"_s, DialogPart::Kind::Whole), "frOptions");
     auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(Margin);
-    grid->setVerticalSpacing(Gap);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
     // In tab order: the browser comes last, since it is not needed to enter an event.
@@ -77,7 +63,7 @@ QWidget* RecurForm::MakeOptions()
 QLayout* RecurForm::MakeDates()
 {
     auto* grid = new QGridLayout;
-    grid->setSpacing(Gap);
+    grid->setSpacing(Rhythm);
     grid->setColumnStretch(3, 1);
     m_maskStartDate = MakeDateBox(*grid, 0, "maskStartDate", "&Start Date:", "Pick the start date");
     m_maskUntil = MakeDateBox(*grid, 1, "maskUntil", "&Until:", "Pick the last date");
@@ -89,7 +75,7 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
 {
     auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Gap);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
     auto* label = new QLabel(QString::fromLatin1(caption));
     label->setBuddy(box);
     auto* lblDateFormat = Named(new QLabel(m_iDateFormat.label), "lblDateFormat", row);
@@ -105,9 +91,8 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
 QWidget* RecurForm::MakeBrowser()
 {
     const QString right = u":/icons/right.svg"_s;
-    QGroupBox* frame = MakeFrame("Frame3D3", "&Browse...");
+    auto* frame = Named(new DialogPart(u"&Browse..."_s), "Frame3D3");
     auto* row = new QHBoxLayout(frame);
-    row->setSpacing(Gap);
     m_picRightSpin = Named(new PictureButton({right, u":/icons/right-pressed.svg"_s, right}), "picRightSpin");
     m_lblNextRecord = Named(new QLabel(u"Next Recurring Event"_s), "lblNextRecord");
     // Wide enough for the text at the end of the list.
@@ -117,6 +102,7 @@ QWidget* RecurForm::MakeBrowser()
     m_picRightSpin->SetFramed(true);
     row->addWidget(m_picRightSpin);
     row->addWidget(m_lblNextRecord);
+    row->addStretch(1);
     connect(m_picRightSpin, &PictureButton::MouseDown, this,
             Guarded(" in RecurForm, picRightSpin()_MouseDown"_L1, [this] { picRightSpin_MouseDown(); }));
     connect(m_picRightSpin, &PictureButton::MouseUp, this,
@@ -126,7 +112,7 @@ QWidget* RecurForm::MakeBrowser()
 
 QLayout* RecurForm::MakeMethods()
 {
-    auto* row = DialogRow(Margin, {});
+    auto* row = DialogRow(2 * Rhythm, {});
     int index = 0;
     for (const QString& caption : {u"D&ay"_s, u"&Week"_s, u"&Month"_s, u"&Year"_s, u"S&pecial"_s}) {
         auto* option = Named(new OptionButton(caption), "opMethod", index);
@@ -139,9 +125,8 @@ QLayout* RecurForm::MakeMethods()
 
 QWidget* RecurForm::MakeInterval()
 {
-    QGroupBox* frame = MakeFrame("Frame3D1", "&Every ...");
+    auto* frame = Named(new DialogPart(u"&Every ..."_s, DialogPart::Kind::Line), "Frame3D1");
     auto* lists = new QHBoxLayout(frame);
-    lists->setSpacing(Gap);
     m_cmbRecurDays = MakeList("cmbRecurDays", "Number", *lists);
     m_cmbRecurDays->setEditable(true);
     m_cmbRecurDays->lineEdit()->setAccessibleName(m_cmbRecurDays->accessibleName());
@@ -153,15 +138,11 @@ QWidget* RecurForm::MakeInterval()
 
 QWidget* RecurForm::MakeText()
 {
-    constexpr QSize LeastPaper(480, 128);
     m_tbRecurse = Named(new RichTextBox, "tbRecurse");
     m_tbRecurse->setAccessibleName(u"Text of the event"_s);
     m_tbRecurse->setPlaceholderText(u"Write the event here"_s);
     AddNoteMenu(*m_tbRecurse, "RecurForm");
-    SSPanel* panel = MakeNotePanel(m_tbRecurse);
-    panel->SetFrame(paper::Hairline);
-    panel->setMinimumSize(LeastPaper);
-    return panel;
+    return MakeNotePanel(m_tbRecurse, {480, 64});
 }
 
 QLabel* RecurForm::MakeDays()
@@ -177,7 +158,7 @@ QLabel* RecurForm::MakeDays()
 QLayout* RecurForm::MakeFoot()
 {
     auto* row = new QHBoxLayout;
-    row->setSpacing(Gap);
+    row->setSpacing(Rhythm);
     const auto add = [&](const char* name, const char* caption, const char* literal, void (RecurForm::*click)()) {
         auto* button = Named(new QPushButton(QString::fromLatin1(caption)), name);
         connect(button, &QPushButton::clicked, this,

@@ -11,7 +11,6 @@
 #include "state/viewmode.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -24,13 +23,6 @@ Control* Add(QLayout& layout, const char* name, const QString& caption)
     layout.addWidget(control);
     return control;
 }
-
-QLayout& AddFrame(QLayout& column, const QString& caption)
-{
-    auto* frame = new QGroupBox(caption);
-    column.addWidget(frame);
-    return *new QVBoxLayout(frame);
-}
 } // namespace
 
 AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
@@ -38,12 +30,12 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
     setObjectName(u"AutoloadForm"_s);
     setWindowTitle(u"Customize Startup"_s);
     auto* column = DialogColumn(*this);
-    FillFileFrame(AddFrame(*column, u"Autoload File"_s));
-    QLayout& options = AddFrame(*column, u"StartUp Options"_s);
+    FillFileFrame(AddPart(*column, u"Autoload File"_s));
+    QLayout& options = AddPart(*column, u"StartUp Options"_s);
     m_opShared = {Add<QRadioButton>(options, "opShared(0)", u"Personal Planner"_s),
                   Add<QRadioButton>(options, "opShared(1)", u"Shared Workgroup Planner (Network)"_s)};
     m_chkMinimized = Add<QCheckBox>(options, "chkMinimized", u"Startup Minimized"_s);
-    QLayout& views = AddFrame(*column, u"Startup View"_s);
+    QLayout& views = AddPart(*column, u"Startup View"_s);
     m_opStartupView = {Add<QRadioButton>(views, "opStartupView(0)", u"Week"_s),
                        Add<QRadioButton>(views, "opStartupView(1)", u"Month"_s)};
     column->addWidget(MakeOkCancel(*this));

@@ -24,7 +24,6 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QColorDialog>
-#include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -139,9 +138,8 @@ DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner), m_opDateDiff(new QB
     setObjectName(u"DateDiffForm"_s);
     setWindowTitle(u"Customize Date Difference"_s);
     auto* column = DialogColumn(*this);
-    auto* frame = new QGroupBox(u"Date Difference Options"_s);
+    auto* frame = new DialogPart(u"Date Difference Options"_s, DialogPart::Kind::Whole);
     auto* rows = new QVBoxLayout(frame);
-    rows->setSpacing(16);
     rows->addLayout(MakeStartDate());
     rows->addWidget(MakeMethods());
     rows->addLayout(MakeColor());
@@ -160,16 +158,16 @@ QLayout* DateDiffForm::MakeStartDate()
     m_lblDateFormat = Named(new QLabel, "lblDateFormat");
     auto* pick =
         Named(new DateButton(m_maskStartDate, LocalDateOrder().label, u"Pick the start date"_s), "btnPickDate");
-    auto* row = DialogRow(8, {label, m_maskStartDate, pick, m_lblDateFormat});
+    auto* row = DialogRow(Rhythm, {label, m_maskStartDate, pick, m_lblDateFormat});
     row->setStretchFactor(m_maskStartDate, 1);
     return row;
 }
 
 QWidget* DateDiffForm::MakeMethods()
 {
-    auto* frame = new QGroupBox(u"Calculation Method"_s);
+    auto* frame = new DialogPart(u"Calculation Method"_s);
     auto* row = new QHBoxLayout(frame);
-    row->setSpacing(16);
+    row->setSpacing(2 * Rhythm);
     int unit = 0;
     for (const QString& caption : {u"Day"_s, u"Week"_s, u"Month"_s}) {
         auto* option = Named(new QRadioButton(caption), "opDateDiff", unit);
@@ -191,7 +189,7 @@ QLayout* DateDiffForm::MakeColor()
     m_lblDateDiff->setAccessibleName(u"Sample"_s);
     m_lblDateDiff->setAutoFillBackground(true);
     m_lblDateDiff->setMargin(3);
-    return DialogRow(16, {button, m_lblDateDiff, nullptr});
+    return DialogRow(2 * Rhythm, {button, m_lblDateDiff, nullptr});
 }
 
 void DateDiffForm::ShowSettings()

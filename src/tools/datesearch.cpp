@@ -15,7 +15,6 @@
 
 #include <QButtonGroup>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -25,11 +24,11 @@ namespace {
 constexpr int FirstButton = 1990, LastButton = 2009, OtherYear = 0;
 
 // Radio buttons for months or years, column by column.
-class Options : public QGroupBox
+class Options : public DialogPart
 {
 public:
     Options(const QString& title, const char* name, int first, int last, int rows, QString (*caption)(int number))
-        : QGroupBox(title), m_group(new QButtonGroup(this))
+        : DialogPart(title), m_group(new QButtonGroup(this))
     {
         auto* grid = new QGridLayout(this);
         for (int number = first; number <= last; ++number) {
@@ -88,7 +87,7 @@ public:
         m_other = Named(new QRadioButton(u"Other &year"_s), "opOtherYear");
         m_group->addButton(m_other, OtherYear);
         auto* grid = static_cast<QGridLayout*>(layout());
-        grid->addLayout(DialogRow(8, {m_other, m_box, nullptr}), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addLayout(DialogRow(Rhythm, {m_other, m_box, nullptr}), grid->rowCount(), 0, 1, grid->columnCount());
         connect(m_box, &QLineEdit::textEdited, m_other, [this] { m_other->setChecked(true); });
     }
 
@@ -128,7 +127,7 @@ public:
         setObjectName(u"DateSearchForm"_s);
         setWindowTitle(u"Fast Search"_s);
         auto* column = DialogColumn(*this);
-        column->addLayout(DialogRow(-1, {m_months, m_years}));
+        column->addLayout(DialogRow(4 * Rhythm, {m_months, m_years}));
         column->addWidget(MakeOkCancel(*this));
         const ErrorTail tail(" in DateSearchForm, Form_Load"_L1);
         tail([this] { m_years->Choose(g_iYear); });

@@ -10,20 +10,12 @@
 #include "wallpaper/calendarpicture.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 namespace {
 constexpr std::array Captions{"Normal (Current Window Size)", "Full Screen (Stretched Edge-to-Edge)",
                               "Maxmimzed (Maximized Window Size)"};
-
-QBoxLayout& AddFrame(QBoxLayout& column, const QString& title)
-{
-    auto* frame = new QGroupBox(title);
-    column.addWidget(frame);
-    return *new QVBoxLayout(frame);
-}
 } // namespace
 
 WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
@@ -31,7 +23,9 @@ WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
     setObjectName(u"WallpaperForm"_s);
     setWindowTitle(u"Customize Wallpaper"_s);
     auto* column = DialogColumn(*this);
-    MakeOptions(AddFrame(*column, u"Wallpaper Options"_s));
+    auto* frame = new DialogPart(u"Wallpaper Options"_s, DialogPart::Kind::Whole);
+    MakeOptions(*new QVBoxLayout(frame));
+    column->addWidget(frame);
     column->addWidget(MakeOkCancel(*this));
     ErrorTail{" in WallpaperForm, Form_Load"_L1}([this] { ShowSettings(); });
     CenterOnScreen(*this);
@@ -39,7 +33,7 @@ WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
 
 void WallpaperForm::MakeOptions(QBoxLayout& options)
 {
-    QBoxLayout& sizes = AddFrame(options, u"Wallpaper Setting"_s);
+    QBoxLayout& sizes = AddPart(options, u"Wallpaper Setting"_s);
     for (std::size_t size = 0; size < Captions.size(); ++size) {
         m_opSetting[size] = new QRadioButton(QString::fromLatin1(Captions[size]));
         m_opSetting[size]->setObjectName(u"opSetting(%1)"_s.arg(size));
@@ -47,7 +41,7 @@ void WallpaperForm::MakeOptions(QBoxLayout& options)
     }
     m_chkAutoload =
         Named(new QCheckBox(u"Check to update wallpaper automatically when program exits"_s), "chkAutoload");
-    AddFrame(options, u"Automatic Update"_s).addWidget(m_chkAutoload);
+    AddPart(options, u"Automatic Update"_s).addWidget(m_chkAutoload);
 }
 
 // An unknown size checks nothing.

@@ -15,12 +15,13 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
 namespace {
+constexpr int Indent = 3 * Rhythm; // of what belongs to the box above
+
 // Stores the delay as typed and applies it. If it is no number, the default is stored and the running delay stays.
 void TakeDelay(const QString& typed, const IntSetting& setting, std::int32_t& seconds)
 {
@@ -46,15 +47,22 @@ QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString
     return box;
 }
 
+// The labels of both parts have one width, so that their boxes stand below each other.
+QLabel* MakeLabel(const QString& text, QLineEdit* box, int indent = 0)
+{
+    auto* label = new QLabel(text);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u"Address:"_s) + Indent);
+    label->setIndent(indent);
+    label->setBuddy(box);
+    return label;
+}
+
 QLineEdit* AddDelay(QGridLayout& grid, int row, const char* name, const QString& label, const IntSetting& setting)
 {
-    constexpr int Indent = 24, Width = 64;
+    constexpr int Width = 64;
     auto* edit = Named(new QLineEdit(TrimmedStr(Read(setting))), name);
     edit->setFixedWidth(Width);
-    auto* caption = new QLabel(label);
-    caption->setIndent(Indent);
-    caption->setBuddy(edit);
-    grid.addWidget(caption, row, 0);
+    grid.addWidget(MakeLabel(label, edit, Indent), row, 0);
     grid.addWidget(edit, row, 1);
     grid.addWidget(new QLabel(u"minutes"_s), row, 2);
     return edit;
@@ -76,8 +84,9 @@ NetworkOptionForm::NetworkOptionForm(QWidget* owner, const NetworkControls& netw
 
 QWidget* NetworkOptionForm::MakeFrame()
 {
-    auto* frame = new QGroupBox(u"Workgroup"_s);
+    auto* frame = new DialogPart(u"Workgroup"_s);
     auto* grid = new QGridLayout(frame);
+    grid->setColumnStretch(2, 1);
     m_chkAutoUnlock = AddSwitch(*grid, 0, "chkAutoUnlock", u"&Unlock a day that is left idle"_s, settings::AutoUnLock);
     m_txtUnlockDelay = AddDelay(*grid, 1, "txtUnlockDelay", u"a&fter"_s, settings::UnlockDelay);
     m_chkAutoRefresh =
@@ -88,17 +97,15 @@ QWidget* NetworkOptionForm::MakeFrame()
 
 QWidget* NetworkOptionForm::MakeServerFrame()
 {
-    constexpr int AddressWidth = 380;
-    auto* frame = new QGroupBox(u"Workgroup Server"_s);
+    auto* frame = new DialogPart(u"Workgroup Server"_s);
     auto* grid = new QGridLayout(frame);
-    auto* caption = new QLabel(u"&Address:"_s);
     m_txtServer = Named(new QLineEdit, "txtServer");
-    m_txtServer->setMinimumWidth(AddressWidth);
     m_txtServer->setPlaceholderText(u"postgresql://user@host/database?planner=name"_s);
-    caption->setBuddy(m_txtServer);
+    m_txtServer->setMinimumWidth(m_txtServer->fontMetrics().horizontalAdvance(m_txtServer->placeholderText()) +
+                                 4 * Rhythm);
     m_btnMove = Named(new QPushButton(u"&Move to Server..."_s), "btnMove");
     m_btnSaveToFile = Named(new QPushButton(u"&Save to a File..."_s), "btnSaveToFile");
-    grid->addWidget(caption, 0, 0);
+    grid->addWidget(MakeLabel(u"&Address:"_s, m_txtServer), 0, 0);
     grid->addWidget(m_txtServer, 0, 1, 1, 3);
     grid->setColumnStretch(1, 1);
     grid->addWidget(m_btnSaveToFile, 1, 2);

@@ -75,6 +75,7 @@ private Q_SLOTS:
         m_program->Type(17, u"typed"_s); // the day before today
         InEditor("mnuNewAlarm", [&](AlarmForm& form) {
             QVERIFY(!ClockRuns());
+            QVERIFY(2 * In<RichTextBox>(form, "tbNotes").parentWidget()->height() >= form.height());
             QCOMPARE(In<QGroupBox>(form, "frAlarm").title(), u"New Alarm Event"_s);
             QCOMPARE(In<QLabel>(form, "lblDateFormat").text() + u' ' + Shown(form, "maskAlarmDate"),
                      u"DD/MM/YYYY 16/03/1999"_s);

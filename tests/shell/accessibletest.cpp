@@ -90,7 +90,8 @@ QStringList Unreadable(QWidget& window)
     for (QWidget* widget : window.findChildren<QWidget*>()) {
         const auto* label = qobject_cast<QLabel*>(widget);
         const auto* option = qobject_cast<QAbstractButton*>(widget);
-        const bool hasText = (label && !label->text().isEmpty()) || (option && !option->text().isEmpty());
+        const bool hasText = (label && !label->text().isEmpty()) || (option && !option->text().isEmpty()) ||
+                             qobject_cast<QGroupBox*>(widget);
         if (!hasText || !widget->isVisible() || widget->window() != &window) continue;
         const bool wraps = label && label->wordWrap();
         const QSize wanted = wraps ? QSize(0, widget->heightForWidth(widget->width())) : widget->minimumSizeHint();

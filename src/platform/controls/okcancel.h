@@ -1,7 +1,8 @@
 // The OK and Cancel buttons of a dialog.
 #pragma once
 
-#include <QDialog>
+#include "platform/controls/dialogcolumn.h"
+
 #include <QDialogButtonBox>
 #include <QPushButton>
 
@@ -10,6 +11,7 @@ inline QDialogButtonBox* MakeOkCancel(QDialog& dialog, const QString& okName = u
 {
     // Needs its parent at once, or the default button would not reach the dialog.
     auto* buttons = new QDialogButtonBox(&dialog);
+    buttons->layout()->setSpacing(Rhythm);
     QPushButton* ok = buttons->addButton(u"&Ok"_s, QDialogButtonBox::AcceptRole);
     ok->setObjectName(okName);
     ok->setDefault(true);
