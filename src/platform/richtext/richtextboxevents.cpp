@@ -261,11 +261,12 @@ void RichTextBox::dropEvent(QDropEvent* event)
         event->setDropAction(Qt::IgnoreAction);
         return event->ignore();
     }
+    // So that typing goes on there. Before the text, since the first entry gives the box its font.
+    setFocus();
     {
         const QScopedValueRollback admitted(m_admitted, true);
         QTextEdit::dropEvent(event);
     }
     auto* source = qobject_cast<RichTextBox*>(event->source() ? event->source()->parent() : nullptr);
     if (event->isAccepted() && source && source != this) source->m_moved.Dropped(m_moved);
-    if (event->isAccepted()) setFocus(); // so that typing goes on there
 }
