@@ -31,14 +31,14 @@ private Q_SLOTS:
             longwork::Reached(1, 4);
             QVERIFY(!Shown()); // not at once: most work is short
             const longwork::Part half(0.5, 1);
-            bool isEnded = false;
+            bool isPressed = false, isEnded = false;
             for (const QDeadlineTimer limit(20000); !isEnded && !limit.hasExpired();) {
                 try {
                     longwork::Reached(1, 2);
                 } catch (const RunTimeError&) {
                     isEnded = true;
                 }
-                if (!Shown() || isEnded) continue;
+                if (!Shown() || std::exchange(isPressed, true)) continue;
                 QCOMPARE(Shown()->windowTitle(), u"Compact"_s);
                 const auto* bar = Shown()->findChild<QProgressBar*>();
                 QCOMPARE(bar->value(), bar->maximum() * 3 / 4);
