@@ -131,12 +131,15 @@ void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
 {
     g_rsQMT.Seek(Equal, sDate);
     if (g_rsQMT.NoMatch()) {
+        m_before.insert(sDate, QByteArray());
         g_rsQMT.AddNew();
         g_rsQMT.SetField(DateField, sDate);
         g_rsQMT.SetField(TextField, m_text.Rtf());
     } else {
         if (!fnCanSaveRecurseText(sDate, run)) return;
-        g_rsQMT.SetField(TextField, m_text.AppendedTo(g_rsQMT.Fields(TextField).toByteArray()));
+        const QByteArray note = g_rsQMT.Fields(TextField).toByteArray();
+        m_before.insert(sDate, note.isNull() ? QByteArray("") : note);
+        g_rsQMT.SetField(TextField, m_text.AppendedTo(note));
     }
     g_rsQMT.Update();
 }
@@ -159,15 +162,17 @@ bool Recurrence::TakeOutOf(const QStringList& dates, const DayRun::Step& step)
     return done == dates.size() && run.Failures() == 0;
 }
 
-// A note that is the event alone was made by it: added to another text, it would not be.
-void Recurrence::TakeBackOf(const QString& date)
+// Unlike a removal, this leaves no empty line.
+void Recurrence::TakeBackOf(const QString& date) const
 {
+    const auto before = m_before.constFind(date);
+    if (before == m_before.cend()) return;
     g_rsQMT.Seek(Equal, date);
-    const bool isMade = !g_rsQMT.NoMatch() && g_rsQMT.Fields(TextField).toByteArray() == m_text.Rtf();
-    if (isMade)
-        g_rsQMT.Delete();
-    else
-        subRemoveRecurStr(date);
+    if (g_rsQMT.NoMatch()) return;
+    if (before->isNull()) return g_rsQMT.Delete();
+    g_rsQMT.Edit();
+    g_rsQMT.SetField(TextField, *before);
+    g_rsQMT.Update();
 }
 
 void Recurrence::subRemoveRecurStr(const QString& sDate)

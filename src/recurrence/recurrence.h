@@ -6,6 +6,8 @@
 #include "recurrence/eventtext.h"
 #include "recurrence/recurdates.h"
 
+#include <QHash>
+
 class Recurrence
 {
 public:
@@ -26,9 +28,10 @@ private:
     void subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const;
     void subUpdateRecurseData(const QString& sDate, DayRun& run);
     void subRemoveRecurStr(const QString& sDate);
-    void TakeBackOf(const QString& date);
+    void TakeBackOf(const QString& date) const;
     bool TakeOutOf(const QStringList& dates, const DayRun::Step& step);
     void TakeBack(const QStringList& dates);
 
     EventText m_text;
+    QHash<QString, QByteArray> m_before; // the notes of the days that the event was written into; null for none
 };
