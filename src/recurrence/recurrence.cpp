@@ -99,13 +99,22 @@ bool Recurrence::Save(Frequency frequency, const QString& sStart, const QString&
 // The record goes last: without it the rest of the event could not be taken out.
 void Recurrence::TakeBack(const QStringList& dates)
 {
-    if (!TakeOutOf(dates, [this](const QString& date) { TakeBackOf(date); })) return;
-    g_rsRecurse.MoveLast();
-    g_rsRecurse.Delete();
+    if (TakeOutOf(dates, [this](const QString& date) { TakeBackOf(date); })) DeleteRecord();
+}
+
+// Not by its place: other events may begin on the same date, and another user may have added one meanwhile.
+void Recurrence::DeleteRecord()
+{
+    const auto isOurs = [](const auto& field) { return g_rsRecurse.Fields(field.first) == field.second; };
+    g_rsRecurse.Seek(Equal, m_record.front().second);
+    while (!g_rsRecurse.NoMatch() && !g_rsRecurse.EOF_()) {
+        if (std::ranges::all_of(m_record, isOurs)) return g_rsRecurse.Delete();
+        g_rsRecurse.MoveNext();
+    }
 }
 
 // Without its record an event could not be removed, so a failure here stops the save.
-bool Recurrence::SaveRecord(Frequency frequency, const QString& startKey, const QString& endKey) const
+bool Recurrence::SaveRecord(Frequency frequency, const QString& startKey, const QString& endKey)
 {
     return ErrorTail{SaveLiterals[static_cast<int>(frequency)]}([&] {
         try {
@@ -117,13 +126,15 @@ bool Recurrence::SaveRecord(Frequency frequency, const QString& startKey, const 
     });
 }
 
-void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const
+void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency)
 {
+    m_record = {{u"Start Date"_s, startKey},
+                {u"End Date"_s, endKey},
+                {u"Frequency"_s, frequency},
+                {u"Recursion Text"_s, m_text.Rtf()}};
     g_rsRecurse.AddNew();
-    g_rsRecurse.SetField(u"Start Date"_s, startKey);
-    g_rsRecurse.SetField(u"End Date"_s, endKey);
-    g_rsRecurse.SetField(u"Frequency"_s, frequency);
-    g_rsRecurse.SetField(u"Recursion Text"_s, m_text.Rtf());
+    for (const auto& [field, value] : m_record)
+        g_rsRecurse.SetField(field, value);
     g_rsRecurse.Update();
 }
 
@@ -162,13 +173,16 @@ bool Recurrence::TakeOutOf(const QStringList& dates, const DayRun::Step& step)
     return done == dates.size() && run.Failures() == 0;
 }
 
-// Unlike a removal, this leaves no empty line.
-void Recurrence::TakeBackOf(const QString& date) const
+// Unlike a removal, this leaves no empty line. What another user has written there meanwhile stays.
+void Recurrence::TakeBackOf(const QString& date)
 {
     const auto before = m_before.constFind(date);
     if (before == m_before.cend()) return;
     g_rsQMT.Seek(Equal, date);
     if (g_rsQMT.NoMatch()) return;
+    const QByteArray note = g_rsQMT.Fields(TextField).toByteArray();
+    if (note == *before) return; // the event could not be written there
+    if (note != (before->isNull() ? m_text.Rtf() : m_text.AppendedTo(*before))) return subRemoveRecurStr(date);
     if (before->isNull()) return g_rsQMT.Delete();
     g_rsQMT.Edit();
     g_rsQMT.SetField(TextField, *before);

@@ -24,14 +24,16 @@ public:
     bool TakeOut(Frequency frequency, const QString& startKey, const QString& endKey);
 
 private:
-    bool SaveRecord(Frequency frequency, const QString& startKey, const QString& endKey) const;
-    void subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency) const;
+    bool SaveRecord(Frequency frequency, const QString& startKey, const QString& endKey);
+    void subSaveRecurseRecord(const QString& startKey, const QString& endKey, const QString& frequency);
     void subUpdateRecurseData(const QString& sDate, DayRun& run);
     void subRemoveRecurStr(const QString& sDate);
-    void TakeBackOf(const QString& date) const;
+    void TakeBackOf(const QString& date);
     bool TakeOutOf(const QStringList& dates, const DayRun::Step& step);
     void TakeBack(const QStringList& dates);
+    void DeleteRecord();
 
     EventText m_text;
+    QList<std::pair<QString, QVariant>> m_record; // the event's own, by field, the key first
     QHash<QString, QByteArray> m_before; // the notes of the days that the event was written into; null for none
 };

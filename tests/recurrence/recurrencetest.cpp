@@ -135,6 +135,7 @@ private Q_SLOTS:
         QCOMPARE(TextOf(u"1999/2/28"_s), u"Rent"_s);
     }
 
+    // Other events stay, those that begin on the same date too, and what another user writes meanwhile.
     void CancelledItIsTakenOutAgain()
     {
         struct Canceller : QObject
@@ -144,16 +145,21 @@ private Q_SLOTS:
                 auto* const dialog = qobject_cast<QDialog*>(object);
                 if (!dialog || event->type() != QEvent::Show) return false;
                 qApp->removeEventFilter(this); // the second window, of the taking out, goes on
+                Write(g_rsQMT, u"1999/3/6"_s, "{\\rtf1 old\\par Rent\\par of another}");
                 dialog->reject();
                 return false;
             }
         } canceller;
+        for (const QString& date : {u"3/5/1999"_s, u"2/5/1999"_s})
+            QVERIFY(MakeEvent().Save(Frequency::Daily, date, date, 1));
         PutOldNotes(March());
         qApp->installEventFilter(&canceller);
         QVERIFY(!MakeEvent().Save(Frequency::Daily, u"3/5/1999"_s, u"3/5/2999"_s, 1));
-        QCOMPARE(Records(), 0);
+        QCOMPARE(Records(), 2);
+        for (g_rsRecurse.MoveFirst(); !g_rsRecurse.EOF_(); g_rsRecurse.MoveNext())
+            QVERIFY(g_rsRecurse.Fields(u"End Date"_s) != u"2999/3/5"_s);
         for (const QString& date : March())
-            QCOMPARE(TextOf(date), u"old "_s + date);
+            QCOMPARE(TextOf(date), date == u"1999/3/6"_s ? u"old\n\nof another"_s : u"old "_s + date);
         QCOMPARE(TextOf(u"1999/3/21"_s), u"none"_s);
     }
 
