@@ -1,9 +1,9 @@
 #include "alarms/alarmform.h"
 #include "platform/controls/datebutton.h"
-#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/maskedbox.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
+#include "platform/controls/okcancel.h"
 #include "platform/controls/optionbutton.h"
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
@@ -132,8 +132,7 @@ QWidget* MakeNotes(AlarmControls& controls)
 
 QDialogButtonBox* MakeButtons(AlarmControls& controls, QDialog& window)
 {
-    auto* buttons = new QDialogButtonBox(&window); // without a parent the box would not learn of its default button
-    buttons->layout()->setSpacing(Rhythm);
+    QDialogButtonBox* buttons = MakeButtonBox(window);
     controls.btnOk = Named(buttons->addButton(u"&Ok"_s, QDialogButtonBox::AcceptRole), "btnOk");
     controls.btnDelete = Named(buttons->addButton(u"&Delete"_s, QDialogButtonBox::DestructiveRole), "btnDelete");
     controls.btnCancel = Named(buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole), "btnCancel");

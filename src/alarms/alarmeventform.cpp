@@ -3,6 +3,7 @@
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
 #include "alarms/tunes.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
@@ -78,9 +79,7 @@ void AlarmEventForm::LayOut(const QString& when)
     setAccessibleDescription(when + u'\n' + m_tbNotes->Text());
     m_btnOk->setAutoDefault(false); // Return anywhere else must not close the window
     connect(m_btnOk, &QPushButton::clicked, this, &QDialog::accept);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this, QLayout::SetDefaultConstraint);
     column->addWidget(lblWhen);
     column->addWidget(MakeNotePanel(m_tbNotes), 1);
     column->addWidget(m_btnOk, 0, Qt::AlignRight);

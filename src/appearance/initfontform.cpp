@@ -34,9 +34,7 @@ ORLCombo* AddCombo(QGridLayout& rows, const char* name, const QString& label, vo
     auto* combo = Named(new ORLCombo, name);
     combo->setFocusPolicy(Qt::StrongFocus); // in this dialog no cell's caret has to keep the focus
     (combo->*fill)();
-    auto* caption = new QLabel(label);
-    caption->setBuddy(combo);
-    rows.addWidget(caption, rows.rowCount(), 0);
+    rows.addWidget(LabelOf(label, combo), rows.rowCount(), 0);
     rows.addWidget(combo, rows.rowCount() - 1, 1);
     return combo;
 }

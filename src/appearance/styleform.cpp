@@ -55,9 +55,7 @@ StyleForm::StyleForm(const StyleRules& rules, const std::vector<StyleSample>& sa
     setWindowTitle(m_rules.title);
     auto* column = DialogColumn(*this);
     column->addWidget(new QLabel(m_rules.hint));
-    auto* frame = new DialogPart(m_rules.frame);
-    AddSamples(*new QGridLayout(frame));
-    column->addWidget(frame);
+    AddSamples(AddPart<QGridLayout>(*column, m_rules.frame));
     auto* checks = new QVBoxLayout;
     checks->setSpacing(Rhythm);
     column->addLayout(checks);

@@ -20,18 +20,6 @@
 namespace {
 constexpr int DaysInWeek = 7;
 
-QDate Today()
-{
-    return desktopclock::Now().date();
-}
-
-// Today's day of the month if its month is shown, otherwise 0.
-int ShownToday()
-{
-    const QDate today = Today();
-    return today.year() == g_iYear && today.month() == g_iMonth ? today.day() : 0;
-}
-
 struct CellStyles
 {
     PanelStyle memo;
@@ -70,7 +58,7 @@ void StepMonth(int step)
 int PastDays()
 {
     constexpr int All = 32;
-    const QDate today = Today();
+    const QDate today = desktopclock::Now().date();
     if (g_iYear != today.year()) return g_iYear < today.year() ? All : 0;
     if (g_iMonth != today.month()) return g_iMonth < today.month() ? All : 0;
     return today.day() - 1;

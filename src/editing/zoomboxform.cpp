@@ -4,7 +4,7 @@
 #include "editing/fontcommand.h"
 #include "editing/notemenu.h"
 #include "editing/notezoom.h"
-#include "platform/controls/dialogpart.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/controls/softtext.h"
@@ -39,9 +39,7 @@ ZoomBoxForm::ZoomBoxForm(QWidget* owner, const QString& heading, const QByteArra
     setObjectName(u"ZoomBoxForm"_s);
     setWindowTitle(u"Zoom View"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(16);
+    auto* column = DialogColumn(*this, QLayout::SetDefaultConstraint);
     column->addWidget(MakeFrame(heading), 1);
     column->addLayout(MakeFoot());
     AddNoteMenu(*m_tbZoom, "ZoomBoxForm");
@@ -98,7 +96,7 @@ QLayout* ZoomBoxForm::MakeFoot()
     SoftenText(*lblHint);
     m_lblZoom = Named(new QLabel, "lblZoom");
     auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(8);
+    buttons->setSpacing(Rhythm);
     buttons->addWidget(m_lblZoom); // beside the hint it would leave that no room for one line
     buttons->addStretch(1);
     const auto add = [&](const char* name, const char* caption, const char* literal, void (ZoomBoxForm::*click)()) {
@@ -112,7 +110,7 @@ QLayout* ZoomBoxForm::MakeFoot()
     add("btnCancel", "&Cancel", " in ZoomBoxForm, btnCancel_Click", &ZoomBoxForm::btnCancel_Click);
     add("btnOk", "&Ok", " in ZoomBoxForm, btnOk_Click", &ZoomBoxForm::btnOk_Click);
     auto* foot = new QVBoxLayout;
-    foot->setSpacing(8);
+    foot->setSpacing(Rhythm);
     foot->addWidget(lblHint); // a line of their own in full width
     foot->addLayout(buttons);
     return foot;

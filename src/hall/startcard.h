@@ -2,6 +2,8 @@
 // command itself.
 #pragma once
 
+#include "settings/settings.h"
+
 #include <QWidget>
 
 #include <array>
@@ -16,7 +18,7 @@ class StartCard : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int MostPlanners = 5;
+    static constexpr int MostPlanners = int(std::size(settings::OnCard));
 
     explicit StartCard(QWidget* client); // hidden; its focus is that of the first button
 

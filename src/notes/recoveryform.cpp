@@ -1,6 +1,7 @@
 #include "notes/recoveryform.h"
 
 #include "notes/rescuefiles.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
@@ -50,8 +51,7 @@ RecoveryForm::RecoveryForm(std::vector<FoundNote> notes, QWidget* owner) : QDial
         sheets->setStretchFactor(sheet, 1);
     sheets->setHandleWidth(Gap);
     sheets->setChildrenCollapsible(false);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
+    auto* column = DialogColumn(*this, QLayout::SetDefaultConstraint);
     column->setSpacing(Gap);
     column->addWidget(MakeText(u"What was typed on these days has not been saved. Tick the days whose "
                                "text is to go into the planner."_s));

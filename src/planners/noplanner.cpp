@@ -5,7 +5,6 @@
 #include "hall/startcard.h"
 #include "planners/cardplanners.h"
 #include "planners/opening.h"
-#include "platform/desktop/clock.h"
 #include "platform/desktop/filesystem.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -83,10 +82,9 @@ void NoPlanner::Leave()
 
 int NoPlanner::CellOfToday() const
 {
-    const QDate today = desktopclock::Now().date();
-    if (today.year() != g_iYear || today.month() != g_iMonth) return 0;
-    for (int cell = 1; cell <= CellCount; ++cell)
-        if (m_cells.Shows(cell) && m_cells.DayOf(cell) == today.day()) return cell;
+    const int today = ShownToday();
+    for (int cell = 1; today != 0 && cell <= CellCount; ++cell)
+        if (m_cells.Shows(cell) && m_cells.DayOf(cell) == today) return cell;
     return 0;
 }
 

@@ -297,9 +297,11 @@ std::optional<RunTimeError> FailureOf(const QString& title, const std::function<
 std::optional<RunTimeError> Opening::Reopen(const QString& title, const std::function<void()>& work)
 {
     const QString file = g_sNotesFile;
-    ClosePlanner();
-    damage::SetListener(nullptr); // the command reports damage itself
-    const auto failure = FailureOf(title, work);
+    const auto failure = FailureOf(title, [&] {
+        ClosePlanner();
+        damage::SetListener(nullptr); // the command reports damage itself
+        work();
+    });
     // After a New that must not replace a file, g_sDBPath names that file.
     filesystem::Remember(file);
     g_sDBPath = file.toLower();

@@ -90,11 +90,9 @@ QWidget* PageSetupForm::MakeMarginFrame()
         m_margins[i] = new OneLineBox(QString::fromLatin1(MarginRows[i].name), OneLineBox::OnEntering::SelectAll);
         m_margins[i]->setMaxLength(MarginRows[i].setting->size - 1);
         m_margins[i]->setFixedWidth(MarginWidth);
-        auto* label = new QLabel(QString::fromLatin1(MarginRows[i].label));
-        label->setBuddy(m_margins[i]);
         // Left above right, top above bottom: two columns.
         const int row = int(i) / 2, column = int(i) % 2 * 3;
-        grid->addWidget(label, row, column);
+        grid->addWidget(LabelOf(QString::fromLatin1(MarginRows[i].label), m_margins[i]), row, column);
         grid->addWidget(m_margins[i], row, column + 1);
     }
     grid->setColumnMinimumWidth(2, ColumnGap);

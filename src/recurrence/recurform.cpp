@@ -76,11 +76,9 @@ MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, 
     auto* box = Named(new MaskEdBox, name);
     box->SetMask(m_iDateFormat.mask);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
-    auto* label = new QLabel(QString::fromLatin1(caption));
-    label->setBuddy(box);
     auto* lblDateFormat = Named(new QLabel(m_iDateFormat.label), "lblDateFormat", row);
     SoftenText(*lblDateFormat);
-    grid.addWidget(label, row, 0);
+    grid.addWidget(LabelOf(QString::fromLatin1(caption), box), row, 0);
     grid.addWidget(box, row, 1);
     grid.addWidget(Named(new DateButton(box, m_iDateFormat.label, QString::fromLatin1(pickTip)), "btnPickDate", row),
                    row, 2);

@@ -11,6 +11,8 @@
 namespace {
 using schema::DateField, schema::Equal, schema::TextField;
 
+const QString Title = u"Recurring Events"_s;
+
 constexpr QLatin1StringView SaveLiterals[] = {" in RecurForm, fnRecurseDaily"_L1, " in RecurForm, fnRecurseWeekly"_L1,
                                               " in RecurForm, fnRecurseMonthly"_L1,
                                               " in RecurForm, fnRecurseYearly"_L1};
@@ -54,12 +56,6 @@ bool fnCanSaveRecurseText(const QString& sDate, DayRun& run)
     }
 }
 
-qsizetype RunShown(DayRun& run, const QStringList& dates, const QString& afterCancel, const DayRun::Step& step)
-{
-    const WorkWindow window(u"Recurring Events"_s, afterCancel);
-    return run(dates, step);
-}
-
 void TellFailures(const DayRun& run, const QStringList& dates, const QString& text)
 {
     if (run.Failures() == 0) return;
@@ -86,20 +82,27 @@ bool Recurrence::Save(Frequency frequency, const QString& sStart, const QString&
     if (BreaksOff(frequency, dates, endKey, iStep) && !AskToEndAt(dates.last(), iStep)) return false;
     BackUpBeforeSave();
     if (!SaveRecord(frequency, startKey, endKey)) return false;
+    const qsizetype done = WriteInto(dates);
+    return done == dates.size() || !TakeBack(dates.first(done));
+}
+
+qsizetype Recurrence::WriteInto(const QStringList& dates)
+{
+    const WorkWindow window(Title, u"Cancel takes the event out of its days again."_s);
     DayRun run(g_dbPlanner, " in RecurForm, subUpdateRecurseData"_L1);
-    const qsizetype done = RunShown(run, dates, u"Cancel takes the event out of its days again."_s,
-                                    [&](const QString& date) { subUpdateRecurseData(date, run); });
-    if (done < dates.size())
-        TakeBack(dates.first(done));
-    else
+    const qsizetype done = run(dates, [&](const QString& date) { subUpdateRecurseData(date, run); });
+    if (done == dates.size())
         TellFailures(run, dates, u"The recurring event could not be written into %1 of its %2 days."_s);
-    return done == dates.size();
+    return done;
 }
 
 // The record goes last: without it the rest of the event could not be taken out.
-void Recurrence::TakeBack(const QStringList& dates)
+bool Recurrence::TakeBack(const QStringList& dates)
 {
-    if (TakeOutOf(dates, [this](const QString& date) { TakeBackOf(date); })) DeleteRecord();
+    const WorkWindow window(Title);
+    const bool isOut = TakeOutOf(dates, [this](const QString& date) { TakeBackOf(date); });
+    if (isOut) DeleteRecord();
+    return isOut;
 }
 
 // Not by its place: other events may begin on the same date, and another user may have added one meanwhile.
@@ -140,24 +143,27 @@ void Recurrence::subSaveRecurseRecord(const QString& startKey, const QString& en
 
 void Recurrence::subUpdateRecurseData(const QString& sDate, DayRun& run)
 {
+    QByteArray before;
+    m_before.remove(sDate); // of a group that was not committed
     g_rsQMT.Seek(Equal, sDate);
     if (g_rsQMT.NoMatch()) {
-        m_before.insert(sDate, QByteArray());
         g_rsQMT.AddNew();
         g_rsQMT.SetField(DateField, sDate);
         g_rsQMT.SetField(TextField, m_text.Rtf());
     } else {
         if (!fnCanSaveRecurseText(sDate, run)) return;
-        const QByteArray note = g_rsQMT.Fields(TextField).toByteArray();
-        m_before.insert(sDate, note.isNull() ? QByteArray("") : note);
-        g_rsQMT.SetField(TextField, m_text.AppendedTo(note));
+        before = g_rsQMT.Fields(TextField).toByteArray();
+        g_rsQMT.SetField(TextField, m_text.AppendedTo(before));
+        if (before.isNull()) before = QByteArrayLiteral("");
     }
     g_rsQMT.Update();
+    m_before.insert(sDate, before);
 }
 
 bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QString& endKey)
 {
     BackUpBeforeSave();
+    const WorkWindow window(Title, u"After a Cancel the event is kept, so that you can delete it again."_s);
     return TakeOutOf(RemovalDates(frequency, startKey, endKey),
                      [this](const QString& date) { subRemoveRecurStr(date); });
 }
@@ -165,8 +171,7 @@ bool Recurrence::TakeOut(Frequency frequency, const QString& startKey, const QSt
 bool Recurrence::TakeOutOf(const QStringList& dates, const DayRun::Step& step)
 {
     DayRun run(g_dbPlanner, " in RecurForm, subRemoveRecurStr"_L1);
-    const qsizetype done =
-        RunShown(run, dates, u"After a Cancel the event is kept, so that you can delete it again."_s, step);
+    const qsizetype done = run(dates, step);
     TellFailures(run, dates,
                  u"The recurring event could not be taken out of %1 of %2 days. It is kept, so that you can delete it "
                  "again."_s);
@@ -180,9 +185,8 @@ void Recurrence::TakeBackOf(const QString& date)
     if (before == m_before.cend()) return;
     g_rsQMT.Seek(Equal, date);
     if (g_rsQMT.NoMatch()) return;
-    const QByteArray note = g_rsQMT.Fields(TextField).toByteArray();
-    if (note == *before) return; // the event could not be written there
-    if (note != (before->isNull() ? m_text.Rtf() : m_text.AppendedTo(*before))) return subRemoveRecurStr(date);
+    if (g_rsQMT.Fields(TextField).toByteArray() != (before->isNull() ? m_text.Rtf() : m_text.AppendedTo(*before)))
+        return subRemoveRecurStr(date);
     if (before->isNull()) return g_rsQMT.Delete();
     g_rsQMT.Edit();
     g_rsQMT.SetField(TextField, *before);

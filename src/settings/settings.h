@@ -71,7 +71,7 @@ inline constexpr TextSetting MRU[] = {
 };
 inline constexpr int RecentPlanners = std::size(MRU);
 
-// Those opened or created, newest first.
+// The planners on the card: opened or created, the newest first.
 inline constexpr TextSetting OnCard[] = {
     {u"CARD", u"PLANNER1", u"", PathSize}, {u"CARD", u"PLANNER2", u"", PathSize}, {u"CARD", u"PLANNER3", u"", PathSize},
     {u"CARD", u"PLANNER4", u"", PathSize}, {u"CARD", u"PLANNER5", u"", PathSize},

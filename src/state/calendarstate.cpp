@@ -53,6 +53,12 @@ void GoToToday()
     g_iDay = static_cast<std::int16_t>(today.day());
 }
 
+int ShownToday()
+{
+    const QDate today = desktopclock::Now().date();
+    return today.year() == g_iYear && today.month() == g_iMonth ? today.day() : 0;
+}
+
 void ResetCalendarStateForTests()
 {
     g_iYear = g_iMonth = g_iDay = g_iCurrentPanel = g_iLanguage = 0;

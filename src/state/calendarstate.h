@@ -29,5 +29,6 @@ void ClearMarks();
 int MarkedCell(int except = 0); // the first marked cell, 0 for none
 
 void GoToToday(); // sets year, month and day by the clock; draws nothing
+int ShownToday(); // today's day of the month if its month is shown, otherwise 0
 
 void ResetCalendarStateForTests();

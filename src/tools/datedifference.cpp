@@ -153,12 +153,11 @@ DateDiffForm::DateDiffForm(QWidget* owner) : QDialog(owner), m_opDateDiff(new QB
 QLayout* DateDiffForm::MakeStartDate()
 {
     m_maskStartDate = Named(new MaskEdBox, "maskStartDate");
-    auto* label = new QLabel(u"&Start Date:"_s);
-    label->setBuddy(m_maskStartDate);
     m_lblDateFormat = Named(new QLabel, "lblDateFormat");
     auto* pick =
         Named(new DateButton(m_maskStartDate, LocalDateOrder().label, u"Pick the start date"_s), "btnPickDate");
-    auto* row = DialogRow(Rhythm, {label, m_maskStartDate, pick, m_lblDateFormat});
+    auto* row =
+        DialogRow(Rhythm, {LabelOf(u"&Start Date:"_s, m_maskStartDate), m_maskStartDate, pick, m_lblDateFormat});
     row->setStretchFactor(m_maskStartDate, 1);
     return row;
 }

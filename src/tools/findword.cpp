@@ -4,6 +4,7 @@
 #include "hall/cells.h"
 #include "notes/turn.h"
 #include "plannerfile/schema.h"
+#include "platform/controls/dialogcolumn.h"
 #include "platform/controls/named.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
@@ -59,13 +60,12 @@ void FindWordForm::MakeControls()
     constexpr int WordWidth = 240;
     m_tbFindWord = Named(new QLineEdit, "tbFindWord");
     m_tbFindWord->setMinimumWidth(WordWidth);
-    auto* label = new QLabel(u"Find What:"_s);
-    label->setBuddy(m_tbFindWord);
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 16, 16, 16);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(8);
-    grid->addWidget(label, 0, 0);
+    constexpr int Gap = 2 * Rhythm;
+    grid->setContentsMargins(Gap, Gap, Gap, Gap);
+    grid->setHorizontalSpacing(Gap);
+    grid->setVerticalSpacing(Rhythm);
+    grid->addWidget(LabelOf(u"Find What:"_s, m_tbFindWord), 0, 0);
     grid->addWidget(m_tbFindWord, 0, 1);
     // In the same place, so that repeated clicks search on.
     grid->addWidget(m_btnFindNext = MakeButton("btnFindNext", NextLiteral, &FindWordForm::btnFindNext_Click), 0, 2);

@@ -4,7 +4,6 @@
 #include "hall/bars.h"
 #include "hall/cells.h"
 #include "hall/panelstyle.h"
-#include "platform/desktop/clock.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/look/paper.h"
 #include "platform/runtime/durablefile.h"
@@ -49,9 +48,8 @@ private:
 
 SSPanel* TodaysPanel(Cells& cells, const CellRange& range)
 {
-    const QDate today = desktopclock::Now().date();
-    if (g_iMonth != today.month() || g_iYear != today.year()) return nullptr;
-    const int cell = cells.CellOfDay(range, today.day());
+    const int today = ShownToday();
+    const int cell = today == 0 ? 0 : cells.CellOfDay(range, today);
     return cell == 0 ? nullptr : &cells.panelDay(cell);
 }
 MomentsLook::MomentsLook(Cells& cells, const ViewMode& viewMode, QWidget& lblDateDiff, QWidget& card, SSPanel& month)

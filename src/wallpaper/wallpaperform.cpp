@@ -23,9 +23,7 @@ WallpaperForm::WallpaperForm(QWidget* owner) : QDialog(owner)
     setObjectName(u"WallpaperForm"_s);
     setWindowTitle(u"Customize Wallpaper"_s);
     auto* column = DialogColumn(*this);
-    auto* frame = new DialogPart(u"Wallpaper Options"_s, DialogPart::Kind::Whole);
-    MakeOptions(*new QVBoxLayout(frame));
-    column->addWidget(frame);
+    MakeOptions(AddPart(*column, u"Wallpaper Options"_s, DialogPart::Kind::Whole));
     column->addWidget(MakeOkCancel(*this));
     ErrorTail{" in WallpaperForm, Form_Load"_L1}([this] { ShowSettings(); });
     CenterOnScreen(*this);

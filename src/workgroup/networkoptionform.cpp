@@ -50,10 +50,9 @@ QCheckBox* AddSwitch(QGridLayout& grid, int row, const char* name, const QString
 // The labels of both parts have one width, so that their boxes stand below each other.
 QLabel* MakeLabel(const QString& text, QLineEdit* box, int indent = 0)
 {
-    auto* label = new QLabel(text);
+    QLabel* label = LabelOf(text, box);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u"Address:"_s) + Indent);
     label->setIndent(indent);
-    label->setBuddy(box);
     return label;
 }
 

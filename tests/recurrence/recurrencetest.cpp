@@ -144,8 +144,9 @@ private Q_SLOTS:
             {
                 auto* const dialog = qobject_cast<QDialog*>(object);
                 if (!dialog || event->type() != QEvent::Show) return false;
-                qApp->removeEventFilter(this); // the second window, of the taking out, goes on
-                Write(g_rsQMT, u"1999/3/6"_s, "{\\rtf1 old\\par Rent\\par of another}");
+                // The second window, of the taking back, cannot be cancelled.
+                if (dialog->findChild<QAbstractButton*>())
+                    Write(g_rsQMT, u"1999/3/6"_s, "{\\rtf1 old\\par Rent\\par of another}");
                 dialog->reject();
                 return false;
             }

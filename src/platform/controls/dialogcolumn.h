@@ -4,25 +4,35 @@
 #include "platform/controls/dialogpart.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QVBoxLayout>
 
-// A column. It fixes the dialog's size, so that no window manager offers to maximise it.
-inline QVBoxLayout* DialogColumn(QDialog& dialog)
+// A column. By default it fixes the dialog's size, so that no window manager offers to maximise it.
+inline QVBoxLayout* DialogColumn(QDialog& dialog, QLayout::SizeConstraint constraint = QLayout::SetFixedSize)
 {
     constexpr int Gap = 2 * Rhythm;
     auto* column = new QVBoxLayout(&dialog);
     column->setContentsMargins(Gap, Gap, Gap, Gap);
     column->setSpacing(Gap);
-    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->setSizeConstraint(constraint);
     return column;
 }
 
-// A part of the column; returns the column of its controls.
-inline QVBoxLayout& AddPart(QBoxLayout& column, const QString& heading)
+// A part of the column; returns the layout of its controls.
+template <typename Layout = QVBoxLayout>
+Layout& AddPart(QBoxLayout& column, const QString& heading, DialogPart::Kind kind = DialogPart::Kind::Usual)
 {
-    auto* part = new DialogPart(heading);
+    auto* part = new DialogPart(heading, kind);
     column.addWidget(part);
-    return *new QVBoxLayout(part);
+    return *new Layout(part);
+}
+
+// A label whose key enters the box beside it.
+inline QLabel* LabelOf(const QString& text, QWidget* box)
+{
+    auto* label = new QLabel(text);
+    label->setBuddy(box);
+    return label;
 }
 
 // A row; null is a stretch.

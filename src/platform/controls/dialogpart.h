@@ -1,6 +1,6 @@
 // A part of a dialog: a heading, and its controls flush below. To keyboard and screen reader it is a group box, but it
-// draws no frame: space and a heading group as well, and stay calm when parts lie in each other. It also gives the
-// layout of its controls their gaps.
+// draws no frame: space and a heading group the controls as well, and remain quiet when parts contain parts. It also
+// gives the layout of its controls their gaps.
 #pragma once
 
 #include <QGroupBox>

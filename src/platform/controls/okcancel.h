@@ -6,12 +6,18 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
+// Has its parent at once, or a default button in it would not reach the dialog.
+inline QDialogButtonBox* MakeButtonBox(QDialog& dialog)
+{
+    auto* buttons = new QDialogButtonBox(&dialog);
+    buttons->layout()->setSpacing(Rhythm);
+    return buttons;
+}
+
 // "&Ok" is the default and accepts the dialog; "&Cancel" and Esc reject it. okName is the object name of "&Ok".
 inline QDialogButtonBox* MakeOkCancel(QDialog& dialog, const QString& okName = u"btnOk"_s)
 {
-    // Needs its parent at once, or the default button would not reach the dialog.
-    auto* buttons = new QDialogButtonBox(&dialog);
-    buttons->layout()->setSpacing(Rhythm);
+    QDialogButtonBox* buttons = MakeButtonBox(dialog);
     QPushButton* ok = buttons->addButton(u"&Ok"_s, QDialogButtonBox::AcceptRole);
     ok->setObjectName(okName);
     ok->setDefault(true);

@@ -1,36 +1,33 @@
 #include "platform/controls/workwindow.h"
 
-#include "platform/controls/named.h"
+#include "platform/controls/okcancel.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/engine/longwork.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 class WorkWindow::Dialog : public QDialog
 {
 public:
-    Dialog(const QString& title, const QString& afterCancel)
-        : QDialog(OwnerOfDialog()), m_bar(new QProgressBar), m_buttons(new QDialogButtonBox)
+    Dialog(const QString& title, const QString& afterCancel) : QDialog(OwnerOfDialog()), m_bar(new QProgressBar)
     {
         setWindowTitle(title);
         setWindowModality(Qt::ApplicationModal);
         m_bar->setRange(0, Most);
         m_bar->setMinimumWidth(320);
         m_bar->setAccessibleName(title);
+        auto* column = DialogColumn(*this);
+        column->addWidget(m_bar);
+        if (afterCancel.isEmpty()) return;
+        m_buttons = MakeButtonBox(*this);
         m_buttons->addButton(u"&Cancel"_s, QDialogButtonBox::RejectRole);
         connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-        auto* layout = new QVBoxLayout(this);
-        layout->addWidget(m_bar);
-        layout->addWidget(new QLabel(afterCancel));
-        layout->addWidget(m_buttons);
+        column->addWidget(new QLabel(afterCancel));
+        column->addWidget(m_buttons);
     }
     void ShowDone(double done) { m_bar->setValue(static_cast<int>(done * Most)); }
     bool IsCancelled() const { return m_isCancelled; }
@@ -38,6 +35,7 @@ public:
     // The window stays until the work has ended.
     void reject() override
     {
+        if (!m_buttons) return;
         m_isCancelled = true;
         m_buttons->setEnabled(false);
     }
@@ -46,7 +44,7 @@ private:
     static constexpr int Most = 1000;
 
     QProgressBar* m_bar;
-    QDialogButtonBox* m_buttons;
+    QDialogButtonBox* m_buttons = nullptr; // null if there is no Cancel
     bool m_isCancelled = false;
 };
 

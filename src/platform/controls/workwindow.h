@@ -9,8 +9,8 @@
 class WorkWindow
 {
 public:
-    // The title is the command's name. afterCancel says what a Cancel leaves.
-    WorkWindow(const QString& title, const QString& afterCancel);
+    // The title is the command's name. afterCancel says what a Cancel leaves. Without it there is no Cancel.
+    explicit WorkWindow(const QString& title, const QString& afterCancel = {});
     ~WorkWindow();
     Q_DISABLE_COPY_MOVE(WorkWindow)
 

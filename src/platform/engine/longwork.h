@@ -23,6 +23,7 @@ private:
     const double m_from, m_to; // of the part around this one
 };
 
+// These tell the watch, so windows may paint and take clicks inside.
 void Reached(qint64 done, qint64 all); // raises Cancelled
 void Goes();                           // at a place that does not know how far it is; raises Cancelled
 bool IsEnded();                        // the same for callbacks, which must not raise

@@ -70,14 +70,12 @@ private Q_SLOTS:
             QDir(m_folder->path()).mkdir(u"shipped"_s);
             QFile::link(QStringLiteral(READER), m_folder->filePath(u"shipped/orrelin-readjet"_s));
         };
+        const auto repair = [&] { DBEngine::RepairDatabase(m_path, {DayTable(), AlarmTable()}); };
         const auto compact = [&] { DBEngine::CompactDatabase(m_path, m_made, {DayTable()}); };
         const std::tuple<const char*, std::function<void()>, std::function<void()>> rows[] = {
             {"compact", [] {}, compact},
             {"replace", compact, [&] { DBEngine::ReplaceDatabase(m_made, m_path); }},
-            {"repair", damage,
-             [&] {
-                 DBEngine::RepairDatabase(m_path, {DayTable(), AlarmTable()});
-             }},
+            {"repair", damage, repair},
             {"convert", old, compact},
             {"move to a server", [] {}, [&] { DBEngine::MoveToServer(m_path, server.Uri(u"long"_s)); }},
             {"save to a file",

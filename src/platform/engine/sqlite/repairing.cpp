@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QUrl>
 
 #include <SQLiteCpp/Column.h>
@@ -217,7 +218,9 @@ QString Repairer::KeepDamaged() const
     const QString kept = FreeNameBeside(m_planner, "damaged"_L1);
     // The journal comes first, so that a planner of that name always has it.
     if (Exists(JournalOf(m_planner))) CopyToFree(JournalOf(m_planner), JournalOf(kept), m_status);
+    auto undo = qScopeGuard([&] { Unlink(JournalOf(kept)); });
     CopyToFree(m_planner, kept, m_status);
+    undo.dismiss();
     SyncFolderOf(kept);
     return kept;
 }
