@@ -1,7 +1,9 @@
 #include "platform/engine/database.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/engine/longwork.h"
 #include "platform/engine/moving.h"
+#include "platform/engine/pages.h"
 
 Recordset Database::OpenTable(const QString& name)
 {
@@ -19,6 +21,26 @@ Recordset Database::CreateDynaset(const QString& name)
 QString Database::ServerAddress() const
 {
     return m_state && m_state->store ? m_state->store->Address() : QString();
+}
+
+void Database::Walk(const QString& name, const QStringList& fields,
+                    const std::function<void(const QVariantList&)>& step) const
+{
+    Store& store = *Live().store;
+    const TableDef table = store.Definition(name);
+    std::vector<std::size_t> numbers;
+    for (const QString& field : fields)
+        numbers.push_back(FieldNumber(table, field));
+    const qint64 last = LastId(store, table);
+    ForPages(store, table, [&](const std::vector<Store::Row>& page, int) {
+        for (const Store::Row& row : page) {
+            QVariantList values;
+            for (const std::size_t number : numbers)
+                values += row.values[number];
+            step(values);
+        }
+        longwork::Reached(page.back().id, last);
+    });
 }
 
 void Database::SaveToFile(const QString& path)

@@ -20,6 +20,11 @@ public:
     void Append(const TableDef& table) { Live().store->CreateTable(table); }
     QStringList TableNames() const { return Live().store->TableNames(); }
     QString ServerAddress() const; // of a planner on a server; empty for a file or a closed database
+    // Calls step with the values of these fields, for each row of the table in order of insertion. Within a
+    // ReadTransaction all rows are of one state. Tells longwork how far it is, so it may raise Cancelled. NoTable,
+    // ItemNotFound.
+    void Walk(const QString& table, const QStringList& fields,
+              const std::function<void(const QVariantList& values)>& step) const;
     // Copies the present state of this planner into a new planner file `path` and compares it row by row. Others may go
     // on using this planner. FileExists, DiskFull, InputOutput: then `path` is not made.
     void SaveToFile(const QString& path);

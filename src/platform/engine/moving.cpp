@@ -2,6 +2,7 @@
 
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/longwork.h"
+#include "platform/engine/pages.h"
 #include "platform/engine/postgres/postgresstore.h"
 #include "platform/engine/sqlite/sqlitefile.h"
 #include "platform/engine/sqlite/sqlitestore.h"
@@ -11,38 +12,10 @@
 #include <QScopeGuard>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 using namespace engineerrors;
 using namespace wholefiles;
-
-constexpr int FirstPage = 100, LargestPage = 4000; // rows
-constexpr qsizetype BytesOfPage = 1 << 20;
-
-qsizetype SizeOf(const Store::Row& row)
-{
-    qsizetype size = 1;
-    for (const QVariant& value : row.values)
-        size += value.typeId() == QMetaType::QByteArray ? value.toByteArray().size() : value.toString().size();
-    return size;
-}
-
-// How many rows to fetch after these. Each page is a wait for the server, and a page of pictures takes memory.
-int RowsAfter(const std::vector<Store::Row>& page)
-{
-    qsizetype size = 0;
-    for (const Store::Row& row : page)
-        size += SizeOf(row);
-    const qsizetype mean = size / static_cast<qsizetype>(page.size());
-    return static_cast<int>(std::clamp<qsizetype>(BytesOfPage / qMax<qsizetype>(mean, 1), 1, LargestPage));
-}
-
-qint64 LastId(Store& store, const TableDef& table)
-{
-    const auto last = store.Find(table, Index(), From::Last, {}, {}, {});
-    return last ? last->id : 0;
-}
 
 // All rows of all tables go from one store to another, and are read back and compared. Call it within a write of the
 // second store.
@@ -67,28 +40,25 @@ public:
     }
 
 private:
-    // step(page, rows), with the number of rows that was asked for.
     template <typename Step>
-    void ForPages(const TableDef& table, Step&& step)
+    void Walk(const TableDef& table, Step&& step)
     {
-        int rows = FirstPage;
-        qint64 last = 0;
-        for (auto page = m_from.Page(table, last, rows); !page.empty(); page = m_from.Page(table, last, rows)) {
+        const qint64 before = m_done;
+        ForPages(m_from, table, [&](const std::vector<Store::Row>& page, int rows) {
             step(page, rows);
-            m_done += page.back().id - std::exchange(last, page.back().id);
-            rows = RowsAfter(page);
+            m_done = before + page.back().id;
             longwork::Reached(m_done, m_all);
-        }
+        });
     }
     void Copy(const TableDef& table)
     {
         m_to.CreateTable(table);
-        ForPages(table, [&](const std::vector<Store::Row>& page, int) { m_to.InsertAll(table, page); });
+        Walk(table, [&](const std::vector<Store::Row>& page, int) { m_to.InsertAll(table, page); });
     }
     void Compare(const TableDef& table)
     {
         qint64 last = 0; // the copies have new ids
-        ForPages(table, [&](const std::vector<Store::Row>& page, int rows) {
+        Walk(table, [&](const std::vector<Store::Row>& page, int rows) {
             const auto copies = m_to.Page(table, last, rows);
             if (!std::ranges::equal(page, copies, {}, &Store::Row::values, &Store::Row::values)) RaiseDifferent();
             last = copies.back().id;

@@ -1,0 +1,28 @@
+#include "platform/engine/pages.h"
+
+namespace {
+qsizetype SizeOf(const Store::Row& row)
+{
+    qsizetype size = 1;
+    for (const QVariant& value : row.values)
+        size += value.typeId() == QMetaType::QByteArray ? value.toByteArray().size() : value.toString().size();
+    return size;
+}
+} // namespace
+
+int RowsAfter(const std::vector<Store::Row>& page)
+{
+    constexpr int Most = 4000; // rows
+    constexpr qsizetype BytesOfPage = 1 << 20;
+    qsizetype size = 0;
+    for (const Store::Row& row : page)
+        size += SizeOf(row);
+    const qsizetype mean = size / static_cast<qsizetype>(page.size());
+    return static_cast<int>(std::clamp<qsizetype>(BytesOfPage / qMax<qsizetype>(mean, 1), 1, Most));
+}
+
+qint64 LastId(Store& store, const TableDef& table)
+{
+    const auto last = store.Find(table, Index(), From::Last, {}, {}, {});
+    return last ? last->id : 0;
+}
