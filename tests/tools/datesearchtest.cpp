@@ -86,7 +86,7 @@ private Q_SLOTS:
             lowest.click();
             lowest.setFocus();
             QTest::keyClick(&lowest, Qt::Key_Down);
-            QVERIFY(other.isChecked() && other.hasFocus());
+            QVERIFY(other.isChecked() && box.hasFocus()); // to type the year
             lowest.click();
             for (SeenBox& said : seen) {
                 box.setFocus();
