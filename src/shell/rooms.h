@@ -42,6 +42,7 @@
 #include "recurrence/recurform.h"
 #include "shell/activation.h"
 #include "shell/controls.h"
+#include "shell/focusreturn.h"
 #include "shell/redokey.h"
 #include "shell/shellhandlers.h"
 #include "tools/datedifference.h"
@@ -56,7 +57,7 @@
 // In the order of construction: each depends only on those above it.
 struct Rooms
 {
-    explicit Rooms(QMainWindow& window) : controls(window)
+    explicit Rooms(QMainWindow& window) : controls(window), focusReturn(window)
     {
         m_pCalendarView.SetRedraw(redraw);
         opening.SetOnChange([this](bool isOpen) { noPlanner.Follow(isOpen); });
@@ -76,6 +77,7 @@ struct Rooms
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};
     RedoKey redoKey;
+    FocusReturn focusReturn;
     CToolbarView m_pToolbar{*controls.bar.tbTop, controls.menus};
     CSidebarView m_pSidebar{controls.sidebar, controls.menus};
     CStatusbarView m_pStatusbar{controls.bottom};
