@@ -29,6 +29,7 @@
 #include "notes/recovery.h"
 #include "notes/turn.h"
 #include "planners/creation.h"
+#include "planners/exporting.h"
 #include "planners/maintenance.h"
 #include "planners/networkmode.h"
 #include "planners/noplanner.h"
@@ -115,6 +116,7 @@ struct Rooms
     PictureBar pictureBar{controls.sidebar};
     ExitSave exitSave{controls.cells, notes, journal, heldDay};
     Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
+    Exporting exporting{controls.cells, foot, m_pCalendarView, notes, heldDay};
     ServerMove serverMove{controls.FontDialog, opening, heldDay};
     WorkgroupHandlers workgroup{controls.cells, controls.network, turn, heldDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff, controls.card};
