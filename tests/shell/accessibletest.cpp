@@ -218,7 +218,7 @@ class AccessibleTest : public QObject
         m_program->Trigger("mnuMonthView");
         for (const char* entry :
              {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",
-              "mnuDateSearch", "mnuDayView", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",
+              "mnuDateSearch", "mnuDayView", "mnuExport", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",
               "mnuNewAlarm", "mnuNumberDlg", "mnuPageSetup", "mnuRecurse", "mnuWallpaperOption", "mnuWeekAppearance"}) {
             m_program->Click(Today);
             LookAtWindowOf(entry);
