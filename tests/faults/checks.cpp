@@ -235,6 +235,10 @@ void Left::CheckCompact() const
 // The next repair finishes an interrupted one.
 void Left::CheckRepair() const
 {
+    const QString alone = Path(u"/alone.mdb"_s);
+    SetContent(alone, Content(Path(Planner)));
+    const bool isSound = Ask(alone, "PRAGMA integrity_check(1)")[0][0] == "ok";
+    QVERIFY2(!isSound || !QFile::exists(Path(Planner) + u"-journal"_s), "the journal would undo the repair");
     DBEngine::RepairReport second;
     QCOMPARE(ErrorOf([&] { second = DBEngine::RepairDatabase(Path(Planner)); }), 0);
     QVERIFY2(!IsDone() || second.KeptAs.isEmpty(), "said to be repaired");
@@ -293,7 +297,10 @@ void Prepare(const Scene& scene, const QString& root)
         QDir().mkpath(QFileInfo(root + file.key()).path());
         SetContent(root + file.key(), file.value());
     }
-    if (QByteArrayView(scene.name) == "repair") SpoilIndex(root + Planner);
+    if (QByteArrayView(scene.name) == "repair") {
+        SpoilIndex(root + Planner);
+        CrashWhileSaving(root + Planner, 1);
+    }
     folders::SetRootForTests(root);
     if (QByteArrayView(scene.name) == "recovery") LeaveJournal(root + Planner);
     folders::SetRootForTests({});
