@@ -87,28 +87,29 @@ public:
         form.reset();
     }
 
-    // Chooses personal or shared in the next OpenAsForm.
-    static void AnswerOpenAs(bool shared)
+    // Chooses personal or shared in the next OpenAsForm, and clicks its tick.
+    static void AnswerOpenAs(bool shared, bool tick = false)
     {
-        OnNextModal<OpenAsForm>([shared](OpenAsForm& form) {
+        OnNextModal<OpenAsForm>([=](OpenAsForm& form) {
             form.findChild<QRadioButton*>(u"opShared(%1)"_s.arg(int(shared)))->click();
+            if (tick) In<QAbstractButton>(form, "chkAtEveryStart").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
     }
 
-    void New(const QString& name, bool shared = false)
+    void New(const QString& name, bool shared = false, bool tick = false)
     {
         AnswerNextFileDialog(folders.Path(name));
-        AnswerOpenAs(shared);
+        AnswerOpenAs(shared, tick);
         AnswerNextBox(msgbox::Ok);
         Trigger("mnuNew");
         Activate();
     }
 
-    void Open(const QString& name, bool shared = false)
+    void Open(const QString& name, bool shared = false, bool tick = false)
     {
         AnswerNextFileDialog(folders.Path(name));
-        AnswerOpenAs(shared);
+        AnswerOpenAs(shared, tick);
         Trigger("mnuOpen");
         Activate();
     }
