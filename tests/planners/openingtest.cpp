@@ -139,6 +139,22 @@ private Q_SLOTS:
         }
     }
 
+    void APlannerInUseNamesItsUser()
+    {
+        const QString refusal = u"Could not use 'team.mdb'; file already in use by "_s + OtherProgram::Name();
+        const QString path = m_program->folders.Path(u"team.mdb"_s);
+        OtherProgram other;
+        m_program->New(u"team.mdb"_s);
+        for (const bool shared : {false, true}) {
+            m_program->Open(u"team.mdb"_s, shared);
+            QCOMPARE(other.Open(path, false), shared ? u"0"_s : u"3045 "_s + refusal);
+        }
+        AnswerNextFileDialog(path);
+        Program::AnswerOpenAs(false);
+        QCOMPARE(m_program->Said("mnuOpen").Text, refusal);
+        QVERIFY(!HasPlanner());
+    }
+
     void AnOlderFileIsUpgraded()
     {
         // answer 0: no question is expected

@@ -92,9 +92,16 @@ private Q_SLOTS:
         OtherProgram other;
         Database first = DBEngine::OpenDatabase(m_path);
         QCOMPARE(other.Open(m_path, false), u"0"_s);
-        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, true); }), InUse);
+        QString text;
+        QCOMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, true); }, &text), InUse);
+        QVERIFY2(text.endsWith("already in use by "_L1 + OtherProgram::Name()), qPrintable(text));
         Recordset days = Days(first);
         Write(days, m_key, "still mine");
+        other.Do({u"seek"_s, m_key});
+        QCOMPARE(other.Do({u"edit"_s}), u"0"_s);
+        days.Seek(u"="_s, m_key);
+        QCOMPARE(ErrorOf([&] { days.Edit(); }, &text), RecordLocked);
+        QCOMPARE(text, u"Could not update; currently locked by "_s + OtherProgram::Name());
         other.Kill();
         QVERIFY(CanOpen(m_path, false));
         QVERIFY(!CanOpen(m_path, true));
