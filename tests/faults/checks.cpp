@@ -9,6 +9,7 @@
 #include "platform/profile/profile.h"
 
 #include <QDirIterator>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -142,6 +143,7 @@ public:
     void CheckTyped() const;
     void CheckScene() const;
     void CheckPages() const;
+    void CheckFiles() const;
 
 private:
     QString Path(const QString& name) const { return m_root + name; }
@@ -286,6 +288,16 @@ void Left::CheckPages() const
     if (!DBEngine::LinkedAddress(Path(Planner)).isEmpty()) return;
     QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(Path(Planner), Path(u"/checked.mdb"_s)); }), 0);
 }
+
+// A step that finds no room removes what it has begun.
+void Left::CheckFiles() const
+{
+    static const QRegularExpression s_whole(
+        u"^((planner|old)(\\.damaged|\\.old)?\\.(mdb|mdb-journal|ldb|bak)|dummy\\.mdb\\.lock)$"_s);
+    if (m_answer.fault != Fault::DiskFull && m_answer.fault != Fault::FullFromHere) return;
+    for (const QString& name : QDir(m_root).entryList(QDir::Files | QDir::Hidden))
+        QVERIFY2(s_whole.match(name).hasMatch(), qPrintable(name));
+}
 } // namespace
 
 void Prepare(const Scene& scene, const QString& root)
@@ -311,6 +323,7 @@ void Check(const Scene& scene, const QString& root, const Answer& answer)
     folders::SetRootForTests(root);
     const auto back = qScopeGuard([] { folders::SetRootForTests({}); });
     Left left(scene, root, answer);
+    left.CheckFiles();
     if (QByteArrayView(scene.name) == "repair") left.CheckScene(); // also repairs the planner
     left.CheckPlanner();
     left.CheckTyped();
