@@ -19,19 +19,8 @@
 
 #include <QAction>
 #include <QRadioButton>
-#include <QWheelEvent>
-#include <QtTest/qtestspontaneevent.h>
 
 #include <memory>
-
-// Ctrl zooms. Only a person's wheel is passed on to the parents.
-inline void TurnWheel(QWidget& over, int turn, Qt::KeyboardModifiers modifiers = {})
-{
-    const QPointF at(5, 5);
-    QWheelEvent event(at, over.mapToGlobal(at), {}, {0, turn}, {}, modifiers, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(&over, &event);
-}
 
 class Program
 {

@@ -26,22 +26,23 @@ class ServerScreenTest : public QObject
         Database planner = DBEngine::OpenDatabase(m_direct);
         work(planner);
     }
-    void OthersWrite(const QString& key, const QByteArray& text) const
+    void OthersDo(const std::function<void(Recordset&)>& work) const
     {
         Others([&](Database& planner) {
             Recordset notes = Days(planner);
-            Write(notes, key, text);
+            notes.Seek(u"="_s, m_program->Key);
+            work(notes);
         });
+    }
+    void OthersWrite(const QString& key, const QByteArray& text) const
+    {
+        OthersDo([&](Recordset& notes) { Write(notes, key, text); });
     }
     QString Stored() const { return PlainText(m_program->Stored(QFileInfo(m_direct).fileName(), m_program->Key)); }
     bool IsFreeForOthers() const
     {
         int error = 0;
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            notes.Seek(u"="_s, m_program->Key);
-            error = ErrorOf([&] { notes.Edit(); });
-        });
+        OthersDo([&](Recordset& notes) { error = ErrorOf([&] { notes.Edit(); }); });
         return error == 0;
     }
     bool HasMark() const { return m_program->form->findChild<QToolButton*>(u"btnTunes(18)"_s) != nullptr; }
@@ -120,11 +121,7 @@ private Q_SLOTS:
         OthersWrite(m_program->Key, "first");
         QTRY_COMPARE(Shown(), u"first"_s);
         QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays the current one
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            notes.Seek(u"="_s, m_program->Key);
-            notes.Delete();
-        });
+        OthersDo([](Recordset& notes) { notes.Delete(); });
         QTRY_COMPARE(Shown(), QString());
         m_program->Trigger("mnuWeekView");
         OthersWrite(m_program->Key, "in the week");
@@ -257,9 +254,7 @@ private Q_SLOTS:
         m_program->LockAndType(u" and mine"_s);
         TestServer::Get().Cut();
         QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            notes.Seek(u"="_s, m_program->Key);
+        OthersDo([&](Recordset& notes) {
             notes.Edit();
             SeenBox seen;
             OnNextModal<QMessageBox>([&](QMessageBox& box) {
