@@ -130,6 +130,16 @@ public:
         return seen;
     }
 
+    // The message box at the opening of this planner.
+    SeenBox SaidAtOpening(const QString& name, bool shared = false, int answer = msgbox::Ok)
+    {
+        AnswerNextFileDialog(folders.Path(name));
+        AnswerOpenAs(shared);
+        const SeenBox seen = Said("mnuOpen", answer);
+        Activate();
+        return seen;
+    }
+
     RichTextBox& Box(int cell) const { return *form->findChild<RichTextBox*>(u"tbDay(%1)"_s.arg(cell)); }
     SSPanel& Panel(int cell) const { return *form->findChild<SSPanel*>(u"panelDay(%1)"_s.arg(cell)); }
     SSPanel& Bottom() const { return *form->findChild<SSPanel*>(u"panelBottom"_s); }

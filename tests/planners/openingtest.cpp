@@ -116,14 +116,8 @@ private Q_SLOTS:
     {
         const QString path = m_program->folders.Path(u"other.mdb"_s);
         SetContent(path, "Dear diary, this is no planner.\n");
-        AnswerNextFileDialog(path);
-        Program::AnswerOpenAs(true);
-        SeenBox seen, next;
-        AnswerNextBox(msgbox::Ok, &seen);
-        AnswerNextBox(msgbox::Ok, &next);
-        m_program->Trigger("mnuOpen");
-        m_program->Trigger("mnuLockDay");
-        QVERIFY2(next.Text.startsWith(u"No Planner Exists!"_s), qPrintable(next.Text));
+        const SeenBox seen = m_program->SaidAtOpening(u"other.mdb"_s, true);
+        QVERIFY(m_program->Said("mnuLockDay").Text.startsWith(u"No Planner Exists!"_s));
         QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
         QCOMPARE(seen.Icon, QMessageBox::Warning);
         QCOMPARE(m_program->Bottom().Caption(), seen.Text);
@@ -143,9 +137,7 @@ private Q_SLOTS:
             m_program->Open(u"team.mdb"_s, shared);
             QCOMPARE(other.Open(path, false), shared ? u"0"_s : u"3045 "_s + refusal);
         }
-        AnswerNextFileDialog(path);
-        Program::AnswerOpenAs(false);
-        QCOMPARE(m_program->Said("mnuOpen").Text, refusal);
+        QCOMPARE(m_program->SaidAtOpening(u"team.mdb"_s).Text, refusal);
         QVERIFY(!HasPlanner());
     }
 

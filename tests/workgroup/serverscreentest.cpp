@@ -79,23 +79,16 @@ private Q_SLOTS:
         const auto sessions = [] {
             return TestServer::Get().Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
         };
-        const auto open = [this](int answer) {
-            SeenBox seen;
-            AnswerNextFileDialog(m_direct);
-            Program::AnswerOpenAs(true);
-            AnswerNextBox(answer, &seen);
-            m_program->Trigger("mnuOpen");
-            m_program->Activate();
-            return seen.Text;
-        };
+        const QString direct = QFileInfo(m_direct).fileName();
         const QStringList before = sessions();
-        QVERIFY2(open(msgbox::No).contains(address), "it must tell where the link leads");
+        QVERIFY2(m_program->SaidAtOpening(direct, true, msgbox::No).Text.contains(address),
+                 "it must tell where the link leads");
         QCOMPARE(sessions(), before);
         QVERIFY(g_sDBPath.isEmpty());
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
-        open(msgbox::Yes);
+        m_program->SaidAtOpening(direct, true, msgbox::Yes);
         QCOMPARE(Shown(), u"old"_s);
-        m_program->Open(QFileInfo(m_direct).fileName(), true); // asks no question
+        m_program->Open(direct, true); // asks no question
         QCOMPARE(Shown(), u"old"_s);
     }
 
