@@ -292,11 +292,12 @@ void Left::CheckPages() const
 // A step that finds no room removes what it has begun.
 void Left::CheckFiles() const
 {
-    static const QRegularExpression s_whole(
-        u"^((planner|old)(\\.damaged|\\.old)?\\.(mdb|mdb-journal|ldb|bak)|dummy\\.mdb\\.lock)$"_s);
+    static const QRegularExpression s_whole(u"^((planner|old)(\\.damaged|\\.old)?\\.(mdb|mdb-journal|ldb|bak)|"
+                                            u"dummy\\.mdb\\.lock|PLANNER\\.INI(\\.lock)?)$"_s);
     if (m_answer.fault != Fault::DiskFull && m_answer.fault != Fault::FullFromHere) return;
-    for (const QString& name : QDir(m_root).entryList(QDir::Files | QDir::Hidden))
-        QVERIFY2(s_whole.match(name).hasMatch(), qPrintable(name));
+    for (const QString& folder : {m_root, folders::WindowsDirectory()})
+        for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden))
+            QVERIFY2(s_whole.match(name).hasMatch(), qPrintable(name));
 }
 } // namespace
 
