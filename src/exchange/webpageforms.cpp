@@ -58,7 +58,7 @@ QString PageColors::ClassOf(const QTextCharFormat& format)
     QString rule = u"color:"_s + ink.name();
     if (hasGround) rule += u";background:"_s + format.background().color().name(); // both stay in the dark
     if (!m_places.contains(rule)) {
-        constexpr float Readable = 0.72F;
+        constexpr float Readable = 0.76F; // even blue on the dark page
         const QColor light =
             QColor::fromHslF(ink.hslHueF(), ink.hslSaturationF(), std::max(ink.lightnessF(), Readable));
         const int place = static_cast<int>(m_places.size()) + 1;

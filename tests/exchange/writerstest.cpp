@@ -183,7 +183,7 @@ private Q_SLOTS:
               "<p style=\"margin-left:min(2.25em,40%);text-indent:-2.25em;tab-size:2.25em;\">•\tmilk, bread</p>",
               "<p style=\"text-align:end;\"><span class=\"c1\"><span style=\"font-size:2em;\"> red</span></span>",
               "<span class=\"c2\"> ground</span><span style=\"font-family:'Courier New',var(--text);\"> code</span>",
-              ".c1{color:#800000}", ".c1{color:#ff7070}", ".c2{color:#000000;background:#ffff00}", "<p><br></p>",
+              ".c1{color:#800000}", ".c1{color:#ff8585}", ".c2{color:#000000;background:#ffff00}", "<p><br></p>",
               "<p><a href=\"https://a.example/?x=1&amp;y=2\">there</a>nowhere</p>", "<p dir=\"rtl\">ש</p>",
               "<p>&lt;script&gt;alert(1)&lt;/script&gt;<br> <img alt=\"\" style=\"width:3em;aspect-ratio:32/16\" ",
               "<p>café</p>\n<p><br></p>"})
