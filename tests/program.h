@@ -19,19 +19,8 @@
 
 #include <QAction>
 #include <QRadioButton>
-#include <QWheelEvent>
-#include <QtTest/qtestspontaneevent.h>
 
 #include <memory>
-
-// Ctrl zooms. Only a person's wheel is passed on to the parents.
-inline void TurnWheel(QWidget& over, int turn, Qt::KeyboardModifiers modifiers = {})
-{
-    const QPointF at(5, 5);
-    QWheelEvent event(at, over.mapToGlobal(at), {}, {0, turn}, {}, modifiers, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(&over, &event);
-}
 
 class Program
 {
@@ -87,28 +76,29 @@ public:
         form.reset();
     }
 
-    // Chooses personal or shared in the next OpenAsForm.
-    static void AnswerOpenAs(bool shared)
+    // Chooses personal or shared in the next OpenAsForm, and clicks its tick.
+    static void AnswerOpenAs(bool shared, bool tick = false)
     {
-        OnNextModal<OpenAsForm>([shared](OpenAsForm& form) {
+        OnNextModal<OpenAsForm>([=](OpenAsForm& form) {
             form.findChild<QRadioButton*>(u"opShared(%1)"_s.arg(int(shared)))->click();
+            if (tick) In<QAbstractButton>(form, "chkAtEveryStart").click();
             QTest::keyClick(&form, Qt::Key_Return);
         });
     }
 
-    void New(const QString& name, bool shared = false)
+    void New(const QString& name, bool shared = false, bool tick = false)
     {
         AnswerNextFileDialog(folders.Path(name));
-        AnswerOpenAs(shared);
+        AnswerOpenAs(shared, tick);
         AnswerNextBox(msgbox::Ok);
         Trigger("mnuNew");
         Activate();
     }
 
-    void Open(const QString& name, bool shared = false)
+    void Open(const QString& name, bool shared = false, bool tick = false)
     {
         AnswerNextFileDialog(folders.Path(name));
-        AnswerOpenAs(shared);
+        AnswerOpenAs(shared, tick);
         Trigger("mnuOpen");
         Activate();
     }
@@ -137,6 +127,16 @@ public:
         AnswerNextBox(answer, &seen);
         Trigger(entry);
         DropAnswers();
+        return seen;
+    }
+
+    // The message box at the opening of this planner.
+    SeenBox SaidAtOpening(const QString& name, bool shared = false, int answer = msgbox::Ok)
+    {
+        AnswerNextFileDialog(folders.Path(name));
+        AnswerOpenAs(shared);
+        const SeenBox seen = Said("mnuOpen", answer);
+        Activate();
         return seen;
     }
 

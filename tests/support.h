@@ -18,6 +18,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <deque>
 #include <functional>
@@ -201,4 +203,13 @@ Control& In(const QWidget& window, const char* name)
 inline void Press(const QWidget& window, const char* button)
 {
     QTest::mouseClick(&In<QAbstractButton>(window, button), Qt::LeftButton);
+}
+
+// Ctrl zooms. Only a person's wheel is passed on to the parents.
+inline void TurnWheel(QWidget& over, int turn, Qt::KeyboardModifiers modifiers = {})
+{
+    const QPointF at(5, 5);
+    QWheelEvent event(at, over.mapToGlobal(at), {}, {0, turn}, {}, modifiers, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&over, &event);
 }

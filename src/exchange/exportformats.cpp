@@ -4,9 +4,11 @@
 
 namespace {
 constexpr ExportFormat Formats[] = {
-    {"ics", "iCalendar", false, WriteICalendar}, {"html", "Web page", false, WriteWebPage},
-    {"md", "Markdown", true, WriteMarkdown},     {"txt", "Plain text", false, WritePlainText},
-    {"rtf", "Rich text", false, WriteRichText},
+    {"ics", "&iCalendar, for other calendars", false, WriteICalendar},
+    {"html", "Web &page, to read and print", false, WriteWebPage},
+    {"md", "Mark&down", true, WriteMarkdown},
+    {"txt", "Plain te&xt", false, WritePlainText},
+    {"rtf", "&Rich text, for word processors", false, WriteRichText},
 };
 } // namespace
 

@@ -48,6 +48,8 @@ constexpr MenuRow Rows[] = {
     {HiddenEntry, "mnuMRU(3)", "Most Recently Used 4"},
     {Entry, "mnuFileHyphen1", "-"},
     {Entry, "mnuExit", "E&xit", "Ctrl+Q"},
+    {Entry, "mnuFileHyphen2", "-"},
+    {Entry, "mnuExport", "Export..."},
     {Top, "mnuEdit", "&Edit"},
     {Entry, "mnuCut", "Cu&t", "Ctrl+X"},
     {Entry, "mnuCopy", "&Copy", "Ctrl+C"},

@@ -77,6 +77,8 @@ inline constexpr TextSetting OnCard[] = {
     {u"CARD", u"PLANNER4", u"", PathSize}, {u"CARD", u"PLANNER5", u"", PathSize},
 };
 
+inline constexpr TextSetting LastExport = {u"EXPORT", u"FORMAT", u"ics", 8}; // its suffix
+
 inline constexpr IntSetting LoadCondition = {u"QMT2LOAD", u"LOAD CONDITION", 0};
 inline constexpr IntSetting LoadPathSize = {u"QMT2LOAD", u"PATHSIZE", 0};
 inline constexpr IntSetting LoadTitleSize = {u"QMT2LOAD", u"TITLESIZE", 0};

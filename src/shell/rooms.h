@@ -29,6 +29,7 @@
 #include "notes/recovery.h"
 #include "notes/turn.h"
 #include "planners/creation.h"
+#include "planners/exporting.h"
 #include "planners/maintenance.h"
 #include "planners/networkmode.h"
 #include "planners/noplanner.h"
@@ -42,6 +43,7 @@
 #include "recurrence/recurform.h"
 #include "shell/activation.h"
 #include "shell/controls.h"
+#include "shell/focusreturn.h"
 #include "shell/redokey.h"
 #include "shell/shellhandlers.h"
 #include "tools/datedifference.h"
@@ -56,7 +58,7 @@
 // In the order of construction: each depends only on those above it.
 struct Rooms
 {
-    explicit Rooms(QMainWindow& window) : controls(window)
+    explicit Rooms(QMainWindow& window) : controls(window), focusReturn(window)
     {
         m_pCalendarView.SetRedraw(redraw);
         opening.SetOnChange([this](bool isOpen) { noPlanner.Follow(isOpen); });
@@ -76,6 +78,7 @@ struct Rooms
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};
     RedoKey redoKey;
+    FocusReturn focusReturn;
     CToolbarView m_pToolbar{*controls.bar.tbTop, controls.menus};
     CSidebarView m_pSidebar{controls.sidebar, controls.menus};
     CStatusbarView m_pStatusbar{controls.bottom};
@@ -113,6 +116,7 @@ struct Rooms
     PictureBar pictureBar{controls.sidebar};
     ExitSave exitSave{controls.cells, notes, journal, heldDay};
     Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
+    Exporting exporting{controls.cells, foot, m_pCalendarView, notes, heldDay};
     ServerMove serverMove{controls.FontDialog, opening, heldDay};
     WorkgroupHandlers workgroup{controls.cells, controls.network, turn, heldDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff, controls.card};

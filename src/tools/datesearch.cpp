@@ -86,6 +86,8 @@ public:
     {
         m_other = Named(new QRadioButton(u"Other &year"_s), "opOtherYear");
         m_group->addButton(m_other, OtherYear);
+        m_other->setFocusProxy(m_box); // who chooses it types the year
+        connect(m_other, &QRadioButton::clicked, m_box, &QLineEdit::selectAll);
         auto* grid = static_cast<QGridLayout*>(layout());
         grid->addLayout(DialogRow(Rhythm, {m_other, m_box, nullptr}), grid->rowCount(), 0, 1, grid->columnCount());
         connect(m_box, &QLineEdit::textEdited, m_other, [this] { m_other->setChecked(true); });

@@ -6,28 +6,24 @@
 namespace {
 const QString Planner = u"notes.mdb"_s;
 
-// The whole calendar as rows of seven captions, computed with QDate alone. Each month stands by itself. Its other cells
+// The months of 1999 as rows of seven captions, computed with QDate alone. Each month stands by itself. Its other cells
 // are memos, counted from its start.
 struct Row
 {
-    int year, month;
+    int month;
     QStringList captions;
 };
 
-QList<Row> RowsOf(int year, int month)
+QList<Row> RowsOf(int month)
 {
-    const QDate first(year, month, 1);
-    const int leading = first.dayOfWeek() % 7; // Sunday is 0
-    const int length = first.daysInMonth();
+    const QDate first(1999, month, 1);
+    const int before = first.dayOfWeek() % 7; // Sunday is 0
     QList<Row> rows;
-    for (int start = -leading; start < length; start += 7) {
-        Row row{year, month, {}};
-        for (int day = start; day < start + 7; ++day) {
-            if (day >= 0 && day < length) row.captions << QString::number(day + 1);
-            if (day < 0) row.captions << u"Memo%1"_s.arg(leading + day + 1);
-            if (day >= length) row.captions << u"Memo%1"_s.arg(leading + day - length + 1);
-        }
-        rows << row;
+    for (int cell = 0, memo = 0; cell % 7 != 0 || cell < before + first.daysInMonth(); ++cell) {
+        if (cell % 7 == 0) rows << Row{month, {}};
+        const int day = cell - before + 1;
+        const bool isMemo = day < 1 || day > first.daysInMonth();
+        rows.last().captions << (isMemo ? u"Memo%1"_s.arg(++memo) : QString::number(day));
     }
     return rows;
 }
@@ -57,10 +53,10 @@ private Q_SLOTS:
         m_program->New(Planner);
         QList<Row> rows;
         for (int month = 1; month <= 12; ++month)
-            rows << RowsOf(1999, month);
+            rows << RowsOf(month);
         const auto check = [&](const Row& row) {
             QCOMPARE(Shown(), row.captions);
-            QCOMPARE(QPoint(g_iYear, g_iMonth), QPoint(row.year, row.month));
+            QCOMPARE(QPoint(g_iYear, g_iMonth), QPoint(1999, row.month));
         };
         auto row = std::find_if(rows.cbegin(), rows.cend(),
                                 [](const Row& one) { return one.month == 3 && one.captions.contains(u"17"_s); });

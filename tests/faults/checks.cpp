@@ -9,6 +9,7 @@
 #include "platform/profile/profile.h"
 
 #include <QDirIterator>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -142,6 +143,7 @@ public:
     void CheckTyped() const;
     void CheckScene() const;
     void CheckPages() const;
+    void CheckFiles() const;
 
 private:
     QString Path(const QString& name) const { return m_root + name; }
@@ -235,6 +237,10 @@ void Left::CheckCompact() const
 // The next repair finishes an interrupted one.
 void Left::CheckRepair() const
 {
+    const QString alone = Path(u"/alone.mdb"_s);
+    SetContent(alone, Content(Path(Planner)));
+    const bool isSound = Ask(alone, "PRAGMA integrity_check(1)")[0][0] == "ok";
+    QVERIFY2(!isSound || !QFile::exists(Path(Planner) + u"-journal"_s), "the journal would undo the repair");
     DBEngine::RepairReport second;
     QCOMPARE(ErrorOf([&] { second = DBEngine::RepairDatabase(Path(Planner)); }), 0);
     QVERIFY2(!IsDone() || second.KeptAs.isEmpty(), "said to be repaired");
@@ -282,6 +288,17 @@ void Left::CheckPages() const
     if (!DBEngine::LinkedAddress(Path(Planner)).isEmpty()) return;
     QCOMPARE(ErrorOf([&] { DBEngine::CompactDatabase(Path(Planner), Path(u"/checked.mdb"_s)); }), 0);
 }
+
+// A step that finds no room removes what it has begun.
+void Left::CheckFiles() const
+{
+    static const QRegularExpression s_whole(u"^((planner|old)(\\.damaged|\\.old)?\\.(mdb|mdb-journal|ldb|bak)|"
+                                            u"dummy\\.mdb\\.lock|PLANNER\\.INI(\\.lock)?)$"_s);
+    if (m_answer.fault != Fault::DiskFull && m_answer.fault != Fault::FullFromHere) return;
+    for (const QString& folder : {m_root, folders::WindowsDirectory()})
+        for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden))
+            QVERIFY2(s_whole.match(name).hasMatch(), qPrintable(name));
+}
 } // namespace
 
 void Prepare(const Scene& scene, const QString& root)
@@ -293,7 +310,10 @@ void Prepare(const Scene& scene, const QString& root)
         QDir().mkpath(QFileInfo(root + file.key()).path());
         SetContent(root + file.key(), file.value());
     }
-    if (QByteArrayView(scene.name) == "repair") SpoilIndex(root + Planner);
+    if (QByteArrayView(scene.name) == "repair") {
+        SpoilIndex(root + Planner);
+        CrashWhileSaving(root + Planner, 1);
+    }
     folders::SetRootForTests(root);
     if (QByteArrayView(scene.name) == "recovery") LeaveJournal(root + Planner);
     folders::SetRootForTests({});
@@ -304,6 +324,7 @@ void Check(const Scene& scene, const QString& root, const Answer& answer)
     folders::SetRootForTests(root);
     const auto back = qScopeGuard([] { folders::SetRootForTests({}); });
     Left left(scene, root, answer);
+    left.CheckFiles();
     if (QByteArrayView(scene.name) == "repair") left.CheckScene(); // also repairs the planner
     left.CheckPlanner();
     left.CheckTyped();

@@ -256,7 +256,7 @@ const QList<Scene>& Scenes()
         {"locked day", LockedDay, true},
         {"day view", DayView, true},
         {"recovery", Recover, true},
-        {"recurrence", Recur, false},
+        {"recurrence", Recur, false, true},
         {"compact", Compact, false, true},
         {"repair", Repair, false, true},
         {"backup", BackUp, false, true},

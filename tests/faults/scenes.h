@@ -25,7 +25,7 @@ struct Scene
     const char* name;
     QString (*Play)(const Stage& stage); // "done" or an error message
     bool types;                          // types on the third, and on the fourth if it may
-    bool isQuick = false;                // the engine alone
+    bool isQuick = false;                // opens no window
 };
 
 const QList<Scene>& Scenes();

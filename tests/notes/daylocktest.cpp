@@ -149,24 +149,6 @@ private Q_SLOTS:
         QCOMPARE(Stored(), u"idle!"_s);
     }
 
-    // On a day locked by hand, the day view releases the lock with Ok and keeps it with Cancel.
-    void theDayViewOfALockedDay()
-    {
-        LockAndType(u"by hand"_s);
-        m_program->InWindow<ZoomBoxForm>("mnuDayView", [](ZoomBoxForm& form) { Press(form, "btnCancel"); });
-        QVERIFY(ShowsLocked());
-        QCOMPARE(Box().Text(), u"by hand"_s);
-        QVERIFY(OtherIsRefused());
-        m_program->InWindow<ZoomBoxForm>("mnuDayView", [](ZoomBoxForm& form) {
-            QTest::keyClicks(&form.tbZoom(), u"zoomed "_s);
-            Press(form, "btnOk");
-        });
-        QVERIFY(ShowsFree());
-        QCOMPARE(Stored(), u"zoomed by hand"_s);
-        m_program->Trigger("mnuNextMonth");
-        QCOMPARE(m_program->Bottom().Caption(), u"APRIL 1999"_s);
-    }
-
     void theDayViewLocksByItself()
     {
         m_program->Click(18);

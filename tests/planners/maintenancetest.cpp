@@ -22,16 +22,6 @@ class MaintenanceTest : public QObject
         m_program->Start();
     }
 
-    // The message when the planner cannot be opened.
-    QString OpenRefused()
-    {
-        SeenBox refused;
-        AnswerNextFileDialog(Path());
-        Program::AnswerOpenAs(false);
-        AnswerNextBox(msgbox::Ok, &refused);
-        m_program->Trigger("mnuOpen");
-        return refused.Text;
-    }
     // The box's second text, after it reports success.
     QString MendAndHear(const char* entry, const QString& done)
     {
@@ -152,7 +142,7 @@ private Q_SLOTS:
         QFile::copy(QStringLiteral(SAMPLE), Path());
         desktopclock::SetForTests(QDateTime(QDate(2003, 1, 15), QTime(9, 30)));
         m_program->Start();
-        QVERIFY(OpenRefused().contains(u"Compact Database in the File menu"_s));
+        QVERIFY(m_program->SaidAtOpening(u"notes.mdb"_s).Text.contains(u"Compact Database in the File menu"_s));
         QVERIFY(!HasPlanner());
         const QString second = MendAndHear("mnuCompact", u"Database compressed OK"_s);
         QVERIFY2(second.contains(u"notes.old.mdb"_s), qPrintable(second));
@@ -167,7 +157,8 @@ private Q_SLOTS:
         QByteArray damaged = Content(Path());
         damaged.replace(0, 100, QByteArray(100, '\xff')); // the head of the file
         SetContent(Path(), damaged);
-        QCOMPARE(OpenRefused(), u"The planner 'notes.mdb' is damaged. Repair may be able to mend it."_s);
+        QCOMPARE(m_program->SaidAtOpening(u"notes.mdb"_s).Text,
+                 u"The planner 'notes.mdb' is damaged. Repair may be able to mend it."_s);
         const QString second = MendAndHear("mnuRepair", u"Database repaired successfully"_s);
         QVERIFY2(second.contains(u"Notes: 2 recovered"_s), qPrintable(second));
         const QStringList kept = QFileInfo(Path()).dir().entryList({u"notes?*.mdb"_s});

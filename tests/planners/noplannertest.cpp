@@ -105,9 +105,7 @@ private Q_SLOTS:
         m_program->Type(20, u"typed"_s);
         QVERIFY(ShowsCaret(m_program->Box(20)));
         QCOMPARE(m_program->Box(20).Text(), u"typed"_s);
-        AnswerNextFileDialog(Path("none.mdb"));
-        Program::AnswerOpenAs(true);
-        SaidTo([&] { m_program->Trigger("mnuOpen"); });
+        m_program->SaidAtOpening(u"none.mdb"_s, true);
         QVERIFY(Button("btnNewPlanner").hasFocus() && m_program->form->testAttribute(Qt::WA_KeyboardFocusChange));
         QVERIFY(isRefused());
     }

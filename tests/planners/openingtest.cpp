@@ -114,29 +114,31 @@ private Q_SLOTS:
 
     void WhatIsNoPlannerIsRefusedAndLeftAsItWas()
     {
-        for (const auto& [what, content] :
-             Rows<QByteArray>{{"text", QByteArray("Dear diary, this is no planner.\n").repeated(500)},
-                              {"empty", ""},
-                              {"head alone", QByteArray("SQLite format 3\0", 16)}}) {
-            const InRow row(this, what);
-            const QString path = m_program->folders.Path(u"other.mdb"_s);
-            SetContent(path, content);
-            AnswerNextFileDialog(path);
-            Program::AnswerOpenAs(true);
-            SeenBox seen, next;
-            AnswerNextBox(msgbox::Ok, &seen);
-            AnswerNextBox(msgbox::Ok, &next);
-            m_program->Trigger("mnuOpen");
-            m_program->Trigger("mnuLockDay");
-            QVERIFY2(next.Text.startsWith(u"No Planner Exists!"_s), qPrintable(next.Text));
-            QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
-            QCOMPARE(seen.Icon, QMessageBox::Warning);
-            QCOMPARE(m_program->Bottom().Caption(), seen.Text);
-            QCOMPARE(g_sDBPath, QString());
-            QVERIFY(m_program->Box(20).Locked());
-            QVERIFY(m_program->Log().startsWith(" 1:"));
-            QCOMPARE(Content(path), content);
+        const QString path = m_program->folders.Path(u"other.mdb"_s);
+        SetContent(path, "Dear diary, this is no planner.\n");
+        const SeenBox seen = m_program->SaidAtOpening(u"other.mdb"_s, true);
+        QVERIFY(m_program->Said("mnuLockDay").Text.startsWith(u"No Planner Exists!"_s));
+        QCOMPARE(seen.Title, u"Orrelin Help Wizard"_s);
+        QCOMPARE(seen.Icon, QMessageBox::Warning);
+        QCOMPARE(m_program->Bottom().Caption(), seen.Text);
+        QCOMPARE(g_sDBPath, QString());
+        QVERIFY(m_program->Box(20).Locked());
+        QVERIFY(m_program->Log().startsWith(" 1:"));
+        QCOMPARE(Content(path), QByteArray("Dear diary, this is no planner.\n"));
+    }
+
+    void APlannerInUseNamesItsUser()
+    {
+        const QString refusal = u"Could not use 'team.mdb'; file already in use by "_s + OtherProgram::Name();
+        const QString path = m_program->folders.Path(u"team.mdb"_s);
+        OtherProgram other;
+        m_program->New(u"team.mdb"_s);
+        for (const bool shared : {false, true}) {
+            m_program->Open(u"team.mdb"_s, shared);
+            QCOMPARE(other.Open(path, false), shared ? u"0"_s : u"3045 "_s + refusal);
         }
+        QCOMPARE(m_program->SaidAtOpening(u"team.mdb"_s).Text, refusal);
+        QVERIFY(!HasPlanner());
     }
 
     void AnOlderFileIsUpgraded()

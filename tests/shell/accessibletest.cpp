@@ -12,6 +12,7 @@
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenuBar>
 #include <QTabBar>
 
 namespace {
@@ -217,7 +218,7 @@ class AccessibleTest : public QObject
         m_program->Trigger("mnuMonthView");
         for (const char* entry :
              {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",
-              "mnuDateSearch", "mnuDayView", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",
+              "mnuDateSearch", "mnuDayView", "mnuExport", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",
               "mnuNewAlarm", "mnuNumberDlg", "mnuPageSetup", "mnuRecurse", "mnuWallpaperOption", "mnuWeekAppearance"}) {
             m_program->Click(Today);
             LookAtWindowOf(entry);
@@ -303,6 +304,30 @@ private Q_SLOTS:
         QVERIFY(mark->hasFocus());
         QTest::keyClick(mark, Qt::Key_Tab);
         QVERIFY(m_program->Box(Today).hasFocus());
+    }
+
+    void TheKeyboardFindsBackToTheNote()
+    {
+        m_program->Start();
+        m_program->New(u"own.mdb"_s);
+        auto& form = *m_program->form;
+        RichTextBox& note = m_program->Box(Today);
+        Activate(form);
+        note.setFocus();
+        auto* size = form.findChild<QWidget*>(u"orlcmbFontsize"_s);
+        size->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(size, Qt::Key_Escape);
+        QVERIFY(note.hasFocus());
+        QTest::keyClick(&note, Qt::Key_N, Qt::AltModifier); // no menu has this letter
+        QCOMPARE(note.Text(), QString());
+        form.menuBar()->setFocus(Qt::MenuBarFocusReason);
+        OnNextModal<QDialog>([](QDialog& search) { search.reject(); });
+        m_program->Trigger("mnuDateSearch");
+        Activate(form);
+        QTRY_VERIFY(note.hasFocus());
+        QTest::keyClick(&note, Qt::Key_F10);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
     }
 
     void ACellTellsItsLock()

@@ -3,8 +3,6 @@
 #include "shell/autoloadform.h"
 #include "testmain.h"
 
-#include <QCheckBox>
-
 // The start-up options and their effect on the next start.
 class AutoloadTest : public QObject
 {
@@ -20,34 +18,6 @@ class AutoloadTest : public QObject
                 form.findChild<QAbstractButton*>(name)->click();
             QTest::keyClick(&form, key);
         });
-    }
-
-    // Answers OpenAsForm, with a click on its tick.
-    static void AnswerWithTick(bool shared)
-    {
-        OnNextModal<OpenAsForm>([shared](OpenAsForm& form) {
-            In<QRadioButton>(form, shared ? "opShared(1)" : "opShared(0)").click();
-            In<QCheckBox>(form, "chkAtEveryStart").click();
-            QTest::keyClick(&form, Qt::Key_Return);
-        });
-    }
-
-    void NewAtEveryStart(const QString& name, bool shared)
-    {
-        AnswerNextFileDialog(m_program->folders.Path(name));
-        AnswerWithTick(shared);
-        AnswerNextBox(msgbox::Ok);
-        m_program->Trigger("mnuNew");
-        m_program->Activate();
-    }
-
-    void OpenWithTick(const QString& name, const std::function<void()>& answer)
-    {
-        AnswerNextFileDialog(m_program->folders.Path(name));
-        AnswerWithTick(false);
-        answer();
-        m_program->Trigger("mnuOpen");
-        m_program->Activate();
     }
 
 private Q_SLOTS:
@@ -102,7 +72,7 @@ private Q_SLOTS:
         for (const auto& [what, isAsked] : Rows<bool>{{"by the options", false}, {"by the question", true}}) {
             const InRow row(this, what);
             if (isAsked) {
-                NewAtEveryStart(u"notes.mdb"_s, true);
+                m_program->New(u"notes.mdb"_s, true, true);
             } else {
                 m_program->New(u"notes.mdb"_s);
                 Customize({u"chkAutoload"_s, u"opShared(1)"_s, u"opStartupView(1)"_s}, Qt::Key_Return);
@@ -119,16 +89,18 @@ private Q_SLOTS:
     // An answer that leaves the tick as it is changes no option, and neither does a planner that does not open.
     void TheQuestionChangesTheStartOnlyWhenAsked()
     {
-        NewAtEveryStart(u"notes.mdb"_s, true);
+        m_program->New(u"notes.mdb"_s, true, true);
         const QString path = g_sDBPath;
         QCOMPARE(Ini("QMT2LOAD", "FILEPATH"), path);
         QCOMPARE(Ini("VIEW", "VIEWPREF"), u"none"_s);
         m_program->Open(u"notes.mdb"_s, false); // personal this once
         m_program->New(u"other.mdb"_s);
-        OpenWithTick(u"gone.mdb"_s, [] { AnswerNextBox(msgbox::Ok); });
+        AnswerNextFileDialog(m_program->folders.Path(u"gone.mdb"_s));
+        Program::AnswerOpenAs(false, true);
+        QVERIFY(m_program->Said("mnuOpen").Text.contains(u"gone.mdb"_s));
         QCOMPARE(Ini("QMT2LOAD", "FILEPATH"), path);
         QCOMPARE(Ini("QMT2LOAD", "WORKGROUP"), u"1"_s);
-        OpenWithTick(u"notes.mdb"_s, [] {}); // clears it
+        m_program->Open(u"notes.mdb"_s, false, true); // clears it
         QCOMPARE(Ini("QMT2LOAD", "LOAD CONDITION"), u"0"_s);
         QCOMPARE(Ini("QMT2LOAD", "FILEPATH"), QString());
     }

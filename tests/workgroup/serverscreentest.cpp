@@ -26,22 +26,23 @@ class ServerScreenTest : public QObject
         Database planner = DBEngine::OpenDatabase(m_direct);
         work(planner);
     }
-    void OthersWrite(const QString& key, const QByteArray& text) const
+    void OthersDo(const std::function<void(Recordset&)>& work) const
     {
         Others([&](Database& planner) {
             Recordset notes = Days(planner);
-            Write(notes, key, text);
+            notes.Seek(u"="_s, m_program->Key);
+            work(notes);
         });
+    }
+    void OthersWrite(const QString& key, const QByteArray& text) const
+    {
+        OthersDo([&](Recordset& notes) { Write(notes, key, text); });
     }
     QString Stored() const { return PlainText(m_program->Stored(QFileInfo(m_direct).fileName(), m_program->Key)); }
     bool IsFreeForOthers() const
     {
         int error = 0;
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            notes.Seek(u"="_s, m_program->Key);
-            error = ErrorOf([&] { notes.Edit(); });
-        });
+        OthersDo([&](Recordset& notes) { error = ErrorOf([&] { notes.Edit(); }); });
         return error == 0;
     }
     bool HasMark() const { return m_program->form->findChild<QToolButton*>(u"btnTunes(18)"_s) != nullptr; }
@@ -78,23 +79,16 @@ private Q_SLOTS:
         const auto sessions = [] {
             return TestServer::Get().Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
         };
-        const auto open = [this](int answer) {
-            SeenBox seen;
-            AnswerNextFileDialog(m_direct);
-            Program::AnswerOpenAs(true);
-            AnswerNextBox(answer, &seen);
-            m_program->Trigger("mnuOpen");
-            m_program->Activate();
-            return seen.Text;
-        };
+        const QString direct = QFileInfo(m_direct).fileName();
         const QStringList before = sessions();
-        QVERIFY2(open(msgbox::No).contains(address), "it must tell where the link leads");
+        QVERIFY2(m_program->SaidAtOpening(direct, true, msgbox::No).Text.contains(address),
+                 "it must tell where the link leads");
         QCOMPARE(sessions(), before);
         QVERIFY(g_sDBPath.isEmpty());
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
-        open(msgbox::Yes);
+        m_program->SaidAtOpening(direct, true, msgbox::Yes);
         QCOMPARE(Shown(), u"old"_s);
-        m_program->Open(QFileInfo(m_direct).fileName(), true); // asks no question
+        m_program->Open(direct, true); // asks no question
         QCOMPARE(Shown(), u"old"_s);
     }
 
@@ -120,11 +114,7 @@ private Q_SLOTS:
         OthersWrite(m_program->Key, "first");
         QTRY_COMPARE(Shown(), u"first"_s);
         QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays the current one
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            notes.Seek(u"="_s, m_program->Key);
-            notes.Delete();
-        });
+        OthersDo([](Recordset& notes) { notes.Delete(); });
         QTRY_COMPARE(Shown(), QString());
         m_program->Trigger("mnuWeekView");
         OthersWrite(m_program->Key, "in the week");
@@ -257,9 +247,7 @@ private Q_SLOTS:
         m_program->LockAndType(u" and mine"_s);
         TestServer::Get().Cut();
         QVERIFY(m_program->PressLockAndHear().contains(u"connection"_s));
-        Others([&](Database& planner) {
-            Recordset notes = Days(planner);
-            notes.Seek(u"="_s, m_program->Key);
+        OthersDo([&](Recordset& notes) {
             notes.Edit();
             SeenBox seen;
             OnNextModal<QMessageBox>([&](QMessageBox& box) {

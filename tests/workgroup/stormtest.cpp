@@ -175,6 +175,7 @@ private Q_SLOTS:
             notes.CancelUpdate();
         }
         notes.Close();
+        QTRY_COMPARE(ErrorOf([&] { DBEngine::OpenDatabase(Planner(), true); }), 0);
         QVERIFY(commits > Users && m_refusals > 0);
         Check();
     }

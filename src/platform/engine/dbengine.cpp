@@ -28,17 +28,19 @@ struct StoreKind
     QString (*Replace)(const QString& scratch, const QString& target);
     RepairReport (*Repair)(const QString& path, const std::vector<TableDef>& tables);
     PlannerAddress (*Address)(const QString& path);
+    void (*CopyAsItStands)(const QString& planner, const QString& to);
     bool (*FindsPlanner)(const QString& path, const std::vector<TableDef>& tables); // in a file that Open refuses
 };
 
 // The last row takes every other file as a damaged planner. Its functions report what is wrong.
 constexpr std::array Kinds = {
     StoreKind{plannerlink::IsLink, plannerlink::Refusal, plannerlink::Open, plannerlink::Delete, nullptr, nullptr,
-              nullptr, nullptr, plannerlink::Read, nullptr},
+              nullptr, nullptr, plannerlink::Read, nullptr, nullptr},
     StoreKind{jetfile::IsJet, jetfile::Refusal, nullptr, sqlitefile::Delete, sqlitefile::Claim, jetfile::Compact,
-              jetfile::Replace, nullptr, nullptr, nullptr},
+              jetfile::Replace, nullptr, nullptr, nullptr, nullptr},
     StoreKind{[](QByteArrayView) { return true; }, u"", sqlitefile::Open, sqlitefile::Delete, sqlitefile::ClaimPlanner,
-              sqlitefile::Compact, sqlitefile::Replace, repairing::Repair, nullptr, repairing::FindsPlanner},
+              sqlitefile::Compact, sqlitefile::Replace, repairing::Repair, nullptr, sqlitefile::CopyAsItStands,
+              repairing::FindsPlanner},
 };
 constexpr qsizetype HeadSize = 64;
 
@@ -92,6 +94,15 @@ Database CreateDatabase(const QString& path, const QString&)
 Database OpenDatabase(const QString& path, bool exclusive)
 {
     return DatabaseOver(OfKind(path, &StoreKind::Open)(path, exclusive));
+}
+
+Database OpenToRead(const QString& path, const QString& folder)
+{
+    const auto copy = KindOf(path).CopyAsItStands;
+    if (!copy) return OpenDatabase(path);
+    const QString made = folder + u'/' + QFileInfo(path).fileName();
+    copy(path, made);
+    return OpenDatabase(made, true);
 }
 
 void DeleteDatabase(const QString& path)

@@ -3,23 +3,16 @@
 #include <algorithm>
 
 namespace {
-constexpr TextView Plain = {[](QByteArrayView stored) { return QString::fromUtf8(stored); },
-                            [](QByteArrayView stored, char32_t) {
-                                return std::ranges::any_of(
-                                    stored, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
-                            }};
-
-TextView g_textView = Plain;
+TextView g_textView = {[](QByteArrayView stored) { return QString::fromUtf8(stored); },
+                       [](QByteArrayView stored, char32_t) {
+                           return std::ranges::any_of(
+                               stored, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+                       }};
 } // namespace
 
 void SetTextView(const TextView& view)
 {
     g_textView = view;
-}
-
-void SetPlainTextView()
-{
-    g_textView = Plain;
 }
 
 QString ViewedText(QByteArrayView stored)

@@ -13,8 +13,7 @@ struct TextView
     bool (*MayHold)(QByteArrayView stored, char32_t folded);
 };
 
-void SetTextView(const TextView& view);
-void SetPlainTextView(); // UTF-8, the initial view
+void SetTextView(const TextView& view); // at first UTF-8
 
 QString ViewedText(QByteArrayView stored);
 bool MayHold(QByteArrayView stored, char32_t folded);

@@ -57,6 +57,13 @@ QString CharacterOf(QKeyEvent* event)
     return ChangesSilently(event) ? u"\b"_s : event->text();
 }
 
+// A letter with Alt that no menu has: the toolkit would type it.
+bool IsMistypedCommand(const QKeyEvent& event)
+{
+    const auto modifiers = event.modifiers() & (Qt::AltModifier | Qt::ControlModifier);
+    return modifiers == Qt::AltModifier && !event.text().isEmpty() && event.text().front().isPrint();
+}
+
 // Removes more than a letter, or restores it.
 bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 {
@@ -209,6 +216,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
         Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
         return event->accept();
     }
+    if (IsMistypedCommand(*event)) return event->ignore();
     if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
     const auto tell = qScopeGuard([&] {

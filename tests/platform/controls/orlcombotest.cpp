@@ -1,6 +1,7 @@
 #include "platform/controls/orlcombo.h"
 
 #include "platform/runtime/runtimeerror.h"
+#include "support.h"
 #include "testmain.h"
 
 #include <QAbstractItemView>
@@ -8,7 +9,6 @@
 #include <QMessageBox>
 #include <QTextEdit>
 #include <QTimer>
-#include <QWheelEvent>
 
 namespace {
 // The events of a box in order, each with the text at its time.
@@ -192,16 +192,11 @@ private Q_SLOTS:
         sizes.show();
         QVERIFY(QTest::qWaitForWindowActive(&sizes));
         const Record record(sizes);
-        const auto turn = [&] {
-            QWheelEvent event(QPointF(5, 5), sizes.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                              Qt::NoModifier, Qt::NoScrollPhase, false);
-            QApplication::sendEvent(&sizes, &event);
-        };
         sizes.clearFocus();
-        turn();
+        TurnWheel(sizes, -120);
         QCOMPARE(record.Events, QStringList());
         sizes.setFocus(Qt::TabFocusReason);
-        turn();
+        TurnWheel(sizes, -120);
         QCOMPARE(record.Events, QStringList({u"Click"_s, u"11"_s}));
     }
 };

@@ -93,20 +93,6 @@ private Q_SLOTS:
         QCOMPARE(compact(), FileNotFound);
         QVERIFY(!QFile::exists(m_dummy));
     }
-
-    void AFullDiskLeavesBothAsTheyWere()
-    {
-        const Notes notes = NotesIn(m_path);
-        DBEngine::CompactDatabase(m_path, m_dummy);
-        const QStringList files = Files();
-        const FullDisk full(200000);
-        QCOMPARE(ErrorOf([&] { DBEngine::ReplaceDatabase(m_dummy, m_path); }), InputOutput);
-        QVERIFY(ErrorOf([&] { DBEngine::CompactDatabase(m_path, m_dummy + u'2'); }) != 0);
-        QVERIFY(ErrorOf([&] { DBEngine::RepairDatabase(m_path); }) != 0);
-        QCOMPARE(Files(), files);
-        QVERIFY(NotesIn(m_path) == notes);
-        QVERIFY(NotesIn(m_dummy) == notes);
-    }
 };
 
 ORRELIN_TEST_WITHOUT_WINDOWS(CompactTest)

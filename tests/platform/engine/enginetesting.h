@@ -97,14 +97,14 @@ public:
         for (QString line = in.readLine(); !line.isNull(); line = in.readLine()) {
             const QStringList words = line.split(u'\t');
             QString text;
-            const int number = ErrorOf([&] { Obey(words, database, days, out); }, &text);
+            const int number = ErrorOf([&] { Obey(words, database, days); }, &text);
             out << number << ' ' << text << Qt::endl;
         }
         return 0;
     }
 
 private:
-    static void Obey(const QStringList& words, Database& database, Recordset& days, QTextStream& out)
+    static void Obey(const QStringList& words, Database& database, Recordset& days)
     {
         const QString& verb = words[0];
         if (verb == u"open") database = DBEngine::OpenDatabase(words[1], words[2] == u"exclusive");
@@ -112,14 +112,6 @@ private:
         if (verb == u"write") Write(days, words[1], words[2].toUtf8());
         if (verb == u"seek") days.Seek(u"="_s, words[1]);
         if (verb == u"edit") days.Edit();
-        for (int i = 1; verb == u"write for ever"; ++i) {
-            // Two records of one transaction must never differ.
-            WriteTransaction both(database);
-            Write(days, u"a"_s, QByteArray::number(i) + QByteArray(20000, 'a'));
-            Write(days, u"b"_s, QByteArray::number(i) + QByteArray(20000, 'b'));
-            both.Commit();
-            out << i << Qt::endl;
-        }
     }
 
     QProcess m_process;

@@ -76,6 +76,12 @@ private Q_SLOTS:
             {"compact", [] {}, compact},
             {"replace", compact, [&] { DBEngine::ReplaceDatabase(m_made, m_path); }},
             {"repair", damage, repair},
+            {"repair with a journal",
+             [&] {
+                 CrashWhileSaving(m_path);
+                 damage();
+             },
+             repair},
             {"convert", old, compact},
             {"move to a server", [] {}, [&] { DBEngine::MoveToServer(m_path, server.Uri(u"long"_s)); }},
             {"save to a file",

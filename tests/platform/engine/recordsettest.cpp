@@ -1,12 +1,10 @@
 #include "enginetesting.h"
 #include "failingstore.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/engine/textview.h"
 #include "testmain.h"
 #include "testserver.h"
 
 #include <QDateTime>
-#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -230,16 +228,6 @@ private Q_SLOTS:
             QVERIFY(m_days.NoMatch());
             QCOMPARE(ErrorOf([&] { m_days.Delete(); }), NoCurrentRecord);
         }
-    }
-
-    void ATextViewDecidesWhatIsFound()
-    {
-        SetTextView({[](QByteArrayView stored) { return QString::fromUtf8(stored).replace(u'#', u'é'); },
-                     [](QByteArrayView stored, char32_t) { return stored.contains('#'); }});
-        const auto plain = qScopeGuard(SetPlainTextView);
-        Write(m_days, m_key, "caf#");
-        m_days.FindLast(u"[qmtText] LIKE '*CAFÉ*'"_s);
-        QVERIFY(!m_days.NoMatch());
     }
 
     void TransactionsKeepAllOrNothing()

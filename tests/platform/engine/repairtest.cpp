@@ -112,22 +112,6 @@ class RepairTest : public QObject
     DBEngine::RepairReport Repair() const { return DBEngine::RepairDatabase(m_path, Tables()); }
     QStringList Files() const { return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden); }
 
-    // Leaves a journal as a crash does, with many notes changed and half written.
-    void CrashWhileSaving(const QString& path) const
-    {
-        sqlite3* library = nullptr;
-        sqlite3_open(QFile::encodeName(path).constData(), &library);
-        sqlite3_exec(library,
-                     "PRAGMA cache_size = 5; BEGIN; UPDATE \"QMT Table\" SET qmtText = 'half' || qmtText "
-                     "WHERE qmtDate LIKE '1999%'; "
-                     "DELETE FROM \"Alarm Table\"",
-                     nullptr, nullptr, nullptr);
-        const QByteArray planner = Content(path), journal = Content(path + "-journal"_L1);
-        sqlite3_close(library);
-        SetContent(path, planner);
-        SetContent(path + "-journal"_L1, journal);
-    }
-
     void ComeBackAfter(const Damage& damage, quint32 seed) const
     {
         Random random(seed);
@@ -334,34 +318,6 @@ private Q_SLOTS:
             const InRow inRow(this, name);
             PlayBack(journalSize, damaged, foreign);
         }
-    }
-
-    void KilledAtAnyMomentNothingIsLost()
-    {
-        const QString journal = m_path + "-journal"_L1;
-        CrashWhileSaving(m_path);
-        const QByteArray journalBefore = Content(journal);
-        Damaged planner(Content(m_path));
-        for (const int page : m_pages[QByteArray("Q2000/2/20")]) // pages that the journal does not restore
-            planner.Put(page, 0, QByteArray(pageSize, '\x5a'));
-        const auto damage = [&] {
-            SetContent(m_path, planner.bytes);
-            SetContent(journal, journalBefore);
-        };
-        damage();
-        QVERIFY(!Repair().KeptAs.isEmpty());
-        const QByteArray contentRepaired = Content(m_path);
-        const Notes repaired = NotesIn(m_path);
-        QVERIFY(repaired.size() > 440 && repaired.size() < 460);
-        int change = 1;
-        for (damage(); KilledBeforeChange(change, [this] { Repair(); }); ++change, damage()) {
-            if (Content(m_path) == contentRepaired) QVERIFY(!QFile::exists(journal)); // it would undo the repair
-            Repair(); // repairs the old planner, or the one that its journal restores; nothing to do on a repaired one
-            QVERIFY2(NotesIn(m_path) == repaired, qPrintable(QString::number(change)));
-            for (const QString& name : Files())
-                if (name.contains("damaged"_L1)) QFile::remove(m_folder->filePath(name));
-        }
-        QVERIFY(change > 20);
     }
 };
 

@@ -181,20 +181,6 @@ private Q_SLOTS:
         QCOMPARE(Number("S", "a"), 2);
     }
 
-    void AFullDiskLosesNothing()
-    {
-        const QByteArray text = "[S]\nKey=1\n" + QByteArray(8000, ';');
-        Put(text);
-        {
-            const FullDisk full(4096);
-            QVERIFY(!Write("S", "Key", u"2"_s));
-        }
-        QCOMPARE(Bytes(), text);
-        QCOMPARE(Number("S", "Key"), 1);
-        const QStringList left = QDir(folders::WindowsDirectory()).entryList(QDir::Files);
-        QCOMPARE(left, (QStringList{m_ini, m_ini + u".lock"_s}));
-    }
-
     void WhatIsNoFileIsLeftAlone_data()
     {
         QTest::addColumn<QString>("kind");

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
+#include <QThread>
 
 #include <SQLiteCpp/Statement.h>
 #include <sys/stat.h>
@@ -86,6 +87,18 @@ void CompareWith(SqliteConnection& source, const QString& path)
     made.CheckWhole();
     if (Inventory(made) != Inventory(source))
         throw RunTimeError{InputOutput, u"'%1' has not become a copy."_s.arg(path)};
+}
+
+// Of the planner's last change and of its journal's.
+QList<qint64> TimesOf(const QString& planner)
+{
+    QList<qint64> times;
+    for (const QString& path : {planner, JournalOf(planner)}) {
+        struct stat status = {};
+        if (::stat(QFile::encodeName(path).constData(), &status) == 0)
+            times += {status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_size};
+    }
+    return times;
 }
 
 void RefuseExisting(const QString& to)
@@ -191,6 +204,27 @@ void CopyWhole(const QString& planner, const QString& to)
 {
     CopyInto(planner, to);
     SqliteConnection(to).CheckWhole();
+}
+
+// The library's locks would keep an exclusive planner from being read, but its bytes can be. A write meanwhile shows in
+// the times of the files.
+void CopyAsItStands(const QString& planner, const QString& to)
+{
+    constexpr int Attempts = 100;
+    constexpr unsigned long BetweenAttempts = 50; // milliseconds
+    const struct stat model = StatusOfFile(planner);
+    const QString real = RealPath(planner);
+    const std::pair<QString, QString> files[] = {{real, to}, {JournalOf(real), JournalOf(to)}};
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        if (attempt > 0) QThread::msleep(BetweenAttempts);
+        const auto before = TimesOf(real);
+        for (const auto& [from, copy] : files) {
+            Unlink(copy);
+            if (Exists(from)) CopyToFree(from, copy, model);
+        }
+        if (TimesOf(real) == before) return;
+    }
+    throw RunTimeError{InUse, u"Others write into '%1' all the time."_s.arg(QFileInfo(planner).fileName())};
 }
 
 QString Replace(const QString& scratch, const QString& target)
