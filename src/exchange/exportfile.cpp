@@ -1,21 +1,21 @@
 #include "exchange/exportfile.h"
 
 #include "platform/engine/engineerrors.h"
+#include "platform/runtime/durablefile.h"
 #include "platform/runtime/runtimeerror.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QUrl>
 
 namespace {
 void WriteWhole(const QString& path, const QByteArray& content)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit()) return;
+    QString reason;
+    if (WriteDurably(path, content, &reason)) return;
     throw RunTimeError{engineerrors::InputOutput,
-                       u"'%1' could not be written: %2"_s.arg(QFileInfo(path).fileName(), file.errorString())};
+                       u"'%1' could not be written: %2"_s.arg(QFileInfo(path).fileName(), reason)};
 }
 
 // The pictures of one export. A file's name follows from its content, so that the next export writes the same names.
