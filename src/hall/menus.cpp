@@ -49,7 +49,7 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuFileHyphen1", "-"},
     {Entry, "mnuExit", "E&xit", "Ctrl+Q"},
     {Entry, "mnuFileHyphen2", "-"},
-    {Entry, "mnuExport", "Export..."},
+    {Entry, "mnuExport", "&Export..."},
     {Top, "mnuEdit", "&Edit"},
     {Entry, "mnuCut", "Cu&t", "Ctrl+X"},
     {Entry, "mnuCopy", "&Copy", "Ctrl+C"},
