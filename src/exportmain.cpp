@@ -107,6 +107,8 @@ void Export(const Request& request)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // pictures and forms need QtGui, but no display
+    // What the toolkit misses of a desktop, such as XDG_RUNTIME_DIR, does not matter here, and a script would mail it.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(u"orrelin"_s); // its folders
     QGuiApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
