@@ -1,6 +1,7 @@
 // orrelin-export: the export of a planner without a window, for scripts and backups.
 #include "exchange/exportfile.h"
 #include "exchange/extraction.h"
+#include "plannerfile/knownservers.h"
 #include "platform/engine/dbengine.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/runtimeerror.h"
@@ -95,6 +96,10 @@ void Print(const QByteArray& content)
 
 void Export(const Request& request)
 {
+    if (!LeadsToKnownServer(request.planner))
+        throw RunTimeError{engineerrors::InvalidPath,
+                           u"'%1' leads to a server that Orrelin has not been connected to before; open it in "
+                           "Orrelin once"_s.arg(QFileInfo(request.planner).fileName())};
     const QTemporaryDir copies;
     if (!copies.isValid()) throw RunTimeError{engineerrors::InputOutput, copies.errorString()};
     const Database planner = DBEngine::OpenToRead(request.planner, copies.path());

@@ -27,12 +27,17 @@ bool Allows(const QString& planner, const QString& address)
 }
 } // namespace
 
-bool MayConnect(const QString& planner)
+bool LeadsToKnownServer(const QString& planner)
 {
     const QString address = DBEngine::LinkedAddress(planner);
     if (address.isEmpty()) return true;
-    const QString ini = settings::PlannerIni.toString();
-    if (GetPrivateProfileIntA(Section, KeyOf(address), 0, ini) == 1) return true;
+    return GetPrivateProfileIntA(Section, KeyOf(address), 0, settings::PlannerIni.toString()) == 1;
+}
+
+bool MayConnect(const QString& planner)
+{
+    if (LeadsToKnownServer(planner)) return true;
+    const QString address = DBEngine::LinkedAddress(planner);
     if (!Allows(planner, address)) return false;
     RememberServer(address);
     return true;

@@ -4,8 +4,9 @@
 
 #include <QString>
 
-// True for a planner file, and for a link to a known server. Before the first connection to another server, shows where
-// the link leads and asks. Errors as DBEngine::OpenDatabase.
+// True for a planner file, and for a link to a known server. Errors as DBEngine::OpenDatabase.
+bool LeadsToKnownServer(const QString& planner);
+// The same, but before the first connection to another server it shows where the link leads and asks.
 bool MayConnect(const QString& planner);
 
 void RememberServer(const QString& address); // an address as DBEngine::MoveToServer takes it

@@ -91,6 +91,9 @@ private Q_SLOTS:
         QCOMPARE(Content(planner), before);
         QVERIFY(Run({planner, u"--from"_s, u"soon"_s}).startsWith("2 orrelin-export: 'soon' is no date"));
         QVERIFY(Run({planner, u"-o"_s, u"notes"_s}).startsWith("2 orrelin-export: the name 'notes'"));
+        const QString link = Path(u"link.mdb"_s); // from somebody else, perhaps to get a password
+        SetContent(link, "Orrelin planner link 1\npostgresql://ann@127.0.0.1:1/db?planner=own\n");
+        QVERIFY(Run({link}).startsWith("1 orrelin-export: 'link.mdb' leads to a server"));
         QVERIFY(Run({Path(u"gone.mdb"_s)}).startsWith("1 orrelin-export: "));
         QVERIFY(Run({planner, u"-o"_s, u"/dev/null/x.txt"_s}).startsWith("1 orrelin-export: 'x.txt' could not"));
     }
