@@ -33,7 +33,7 @@ class ExportingTest : public QObject
     static QByteArray Run(const QStringList& arguments)
     {
         QProcess command;
-        command.start(QStringLiteral(EXPORT), arguments);
+        command.start(QStringLiteral(EXPORT_COMMAND), arguments);
         if (!command.waitForFinished()) return "it does not end";
         return QByteArray::number(command.exitCode()) + ' ' + command.readAllStandardOutput() +
                command.readAllStandardError();
