@@ -21,8 +21,8 @@ Database CreateDatabase(const QString& path, const QString& locale);
 // file nor this process's other opens of it.
 Database OpenDatabase(const QString& path, bool exclusive = false);
 
-// Opens a planner for reading only, whoever else has it open, even exclusively. A file is read from a copy that is made
-// in an empty folder of the caller; nothing is written beside the planner. Errors as OpenDatabase.
+// Opens a planner for reading only, though others may have it open, even exclusively. A file is read from a copy that
+// is made in an empty folder of the caller; nothing is written beside the planner. Errors as OpenDatabase.
 Database OpenToRead(const QString& path, const QString& folder);
 
 // Deletes a database and its journal. InUse if anybody, this program included, has it open. FileNotFound, ReadOnlyFile,

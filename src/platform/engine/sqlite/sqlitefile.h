@@ -21,8 +21,8 @@ QString Replace(const QString& scratch, const QString& target);
 // Copies a planner that nobody has open into an existing file and checks the whole copy. NotADatabase, DiskFull,
 // InputOutput.
 void CopyWhole(const QString& planner, const QString& to);
-// Copies a planner with its journal into a new file, whoever has it open, even exclusively. InUse if others write into
-// it all the time.
+// Copies a planner with its journal into a new file, though others may have it open, even exclusively. InUse if they
+// write into it all the time.
 void CopyAsItStands(const QString& planner, const QString& to);
 std::shared_ptr<void> Claim(const QString& path); // nobody can open it while the result lives
 std::shared_ptr<void>
