@@ -4,11 +4,11 @@
 
 namespace {
 constexpr ExportFormat Formats[] = {
-    {"ics", "&iCalendar, for other calendars", false, WriteICalendar},
-    {"html", "Web &page, to read and print", false, WriteWebPage},
-    {"md", "Mark&down", true, WriteMarkdown},
-    {"txt", "Plain te&xt", false, WritePlainText},
-    {"rtf", "&Rich text, for word processors", false, WriteRichText},
+    {"ics", "&iCalendar, for other calendars", WriteICalendar},
+    {"html", "Web &page, to read and print", WriteWebPage},
+    {"md", "Mark&down", WriteMarkdown},
+    {"txt", "Plain te&xt", WritePlainText},
+    {"rtf", "&Rich text, for word processors", WriteRichText},
 };
 } // namespace
 

@@ -9,7 +9,6 @@ struct ExportFormat
 {
     const char* name; // on the command line, and the file's suffix: "ics"
     const char* kind; // for the person, with a key: "&iCalendar, for other calendars"
-    bool hasPictures; // writes pictures beside the file
     // Tells longwork how far it is, so it may raise Cancelled.
     QByteArray (*write)(const Extract& extract, const AddPicture& addPicture);
 };

@@ -13,16 +13,6 @@
 #include <QButtonGroup>
 #include <QRadioButton>
 
-namespace {
-template <typename Layout>
-QRadioButton* AddOption(Layout& options, const char* name, const QString& caption)
-{
-    auto* option = Named(new QRadioButton(caption), name);
-    options.addWidget(option);
-    return option;
-}
-} // namespace
-
 ExportForm::ExportForm(QWidget* owner, const DaySpan& shown, const QString& nameOfShown)
     : QDialog(owner), m_dateOrder(LocalDateOrder()), m_shown(shown)
 {
@@ -37,14 +27,14 @@ ExportForm::ExportForm(QWidget* owner, const DaySpan& shown, const QString& name
 
 void ExportForm::AddDays(QBoxLayout& options, const QString& nameOfShown)
 {
-    m_opShown = AddOption(options, "opShown", nameOfShown);
+    m_opShown = AddTo<QRadioButton>(options, "opShown", nameOfShown);
     QHBoxLayout* row = DialogRow(Rhythm, {});
     options.addLayout(row);
-    m_opSpan = AddOption(*row, "opSpan", u"&From"_s);
+    m_opSpan = AddTo<QRadioButton>(*row, "opSpan", u"&From"_s);
     m_maskFrom = AddDate(*row, "maskFrom", {}, u"Pick the first day"_s, m_shown.from);
     m_maskTo = AddDate(*row, "maskTo", u"&to"_s, u"Pick the last day"_s, m_shown.to);
     row->addStretch(1);
-    m_opAll = AddOption(options, "opAll", u"The &whole planner, with its recurring events"_s);
+    m_opAll = AddTo<QRadioButton>(options, "opAll", u"The &whole planner, with its recurring events"_s);
     auto* days = new QButtonGroup(this); // the row is a layout of its own, not a part
     for (QRadioButton* option : {m_opShown, m_opSpan, m_opAll})
         days->addButton(option);
@@ -70,7 +60,7 @@ MaskEdBox* ExportForm::AddDate(QBoxLayout& row, const char* name, const QString&
 void ExportForm::AddFormats(QBoxLayout& options)
 {
     for (const ExportFormat& format : ExportFormats()) {
-        m_opFormat.push_back(AddOption(
+        m_opFormat.push_back(AddTo<QRadioButton>(
             options, format.name, u"%1 (.%2)"_s.arg(QLatin1StringView(format.kind), QLatin1StringView(format.name))));
         m_opFormat.back()->setChecked(&format == FormatNamed(Read(settings::LastExport)));
     }

@@ -2,7 +2,6 @@
 
 #include "planners/startplanner.h"
 #include "platform/controls/dialogcolumn.h"
-#include "platform/controls/named.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/profile/profile.h"
@@ -15,16 +14,6 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-namespace {
-template <typename Control>
-Control* Add(QLayout& layout, const char* name, const QString& caption)
-{
-    auto* control = Named(new Control(caption), name);
-    layout.addWidget(control);
-    return control;
-}
-} // namespace
-
 AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
 {
     setObjectName(u"AutoloadForm"_s);
@@ -32,12 +21,12 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
     auto* column = DialogColumn(*this);
     FillFileFrame(AddPart(*column, u"Autoload File"_s));
     QLayout& options = AddPart(*column, u"StartUp Options"_s);
-    m_opShared = {Add<QRadioButton>(options, "opShared(0)", u"Personal Planner"_s),
-                  Add<QRadioButton>(options, "opShared(1)", u"Shared Workgroup Planner (Network)"_s)};
-    m_chkMinimized = Add<QCheckBox>(options, "chkMinimized", u"Startup Minimized"_s);
+    m_opShared = {AddTo<QRadioButton>(options, "opShared(0)", u"Personal Planner"_s),
+                  AddTo<QRadioButton>(options, "opShared(1)", u"Shared Workgroup Planner (Network)"_s)};
+    m_chkMinimized = AddTo<QCheckBox>(options, "chkMinimized", u"Startup Minimized"_s);
     QLayout& views = AddPart(*column, u"Startup View"_s);
-    m_opStartupView = {Add<QRadioButton>(views, "opStartupView(0)", u"Week"_s),
-                       Add<QRadioButton>(views, "opStartupView(1)", u"Month"_s)};
+    m_opStartupView = {AddTo<QRadioButton>(views, "opStartupView(0)", u"Week"_s),
+                       AddTo<QRadioButton>(views, "opStartupView(1)", u"Month"_s)};
     column->addWidget(MakeOkCancel(*this));
     ShowSettings();
     CenterOnScreen(*this);
@@ -47,13 +36,13 @@ AutoloadForm::AutoloadForm(QWidget* owner) : QDialog(owner)
 void AutoloadForm::FillFileFrame(QLayout& column)
 {
     constexpr int PathWidth = 360;
-    auto* lblAutoload = Add<QLabel>(column, "lblAutoload", QString());
+    auto* lblAutoload = AddTo<QLabel>(column, "lblAutoload", QString());
     lblAutoload->setTextFormat(Qt::PlainText);
     lblAutoload->setFixedWidth(PathWidth);
     // The beginning and the end of a path say most: disk and name.
     lblAutoload->setText(lblAutoload->fontMetrics().elidedText(g_sDBPath, Qt::ElideMiddle, PathWidth));
     lblAutoload->setToolTip(g_sDBPath);
-    m_chkAutoload = Add<QCheckBox>(column, "chkAutoload", u"Check to autoload current planner"_s);
+    m_chkAutoload = AddTo<QCheckBox>(column, "chkAutoload", u"Check to autoload current planner"_s);
 }
 
 void AutoloadForm::ShowSettings()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/controls/dialogpart.h"
+#include "platform/controls/named.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -25,6 +26,15 @@ Layout& AddPart(QBoxLayout& column, const QString& heading, DialogPart::Kind kin
     auto* part = new DialogPart(heading, kind);
     column.addWidget(part);
     return *new Layout(part);
+}
+
+// A control with a caption, such as a button or a label.
+template <typename Control>
+Control* AddTo(QLayout& layout, const char* name, const QString& caption)
+{
+    auto* control = Named(new Control(caption), name);
+    layout.addWidget(control);
+    return control;
 }
 
 // A label whose key enters the box beside it.
