@@ -18,8 +18,6 @@
 #include <set>
 
 namespace {
-constexpr QSize OpeningSize(760, 520);
-
 enum Column
 {
     Days,
@@ -74,8 +72,12 @@ ImportForm::ImportForm(QWidget* owner, const QString& fileName, const Read& read
     column->addWidget(MakeOkCancel(*this));
     Fill();
     m_entries->setFocus();
-    resize(OpeningSize);
     CenterOnScreen(*this);
+}
+
+QSize ImportForm::sizeHint() const
+{
+    return {760, 520};
 }
 
 QTreeWidget* ImportForm::MakeList()
@@ -85,7 +87,13 @@ QTreeWidget* ImportForm::MakeList()
     m_entries->setHeaderLabels({u"Days"_s, u"Entry"_s, u"Remark"_s});
     m_entries->setRootIsDecorated(false);
     m_entries->setUniformRowHeights(true);
-    m_entries->setTextElideMode(Qt::ElideRight);
+    QHeaderView& header = *m_entries->header();
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(What, QHeaderView::Stretch);
+    const int letter = m_entries->fontMetrics().averageCharWidth();
+    constexpr int LettersOfDays = 34, LettersOfRemark = 28;
+    m_entries->setColumnWidth(Days, letter * LettersOfDays);
+    m_entries->setColumnWidth(Remark, letter * LettersOfRemark);
     connect(m_entries, &QTreeWidget::itemChanged, this, [this] { ShowSum(); });
     return m_entries;
 }
@@ -107,9 +115,15 @@ void ImportForm::AddOptions(QBoxLayout& column)
     m_maskUntil->setFixedWidth(m_maskUntil->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
     connect(m_maskUntil, &QLineEdit::textChanged, this, [this] { ReadAgain(); });
     auto* pick = Named(new DateButton(m_maskUntil, m_dateOrder.label, u"Pick the last day"_s), "btnPickDate");
-    auto* row =
-        DialogRow(Rhythm, {LabelOf(u"Write events that never end &until"_s, m_maskUntil), m_maskUntil, pick, nullptr});
-    column.addLayout(row);
+    m_until = new QWidget;
+    auto& row = *new QHBoxLayout(m_until);
+    row.setContentsMargins({});
+    const std::initializer_list<QWidget*> parts{LabelOf(u"Write events that never end &until"_s, m_maskUntil),
+                                                m_maskUntil, pick};
+    for (QWidget* part : parts)
+        row.addWidget(part);
+    row.addStretch(1);
+    column.addWidget(m_until);
 }
 
 void ImportForm::Fill()
@@ -131,11 +145,10 @@ void ImportForm::Fill()
         for (const Column column : {What, Remark})
             row->setToolTip(column, row->text(column));
     m_entries->addTopLevelItems(rows);
-    constexpr int ShareOfDays = 3, ShareOfWhat = 6; // tenths
-    m_entries->setColumnWidth(Days, OpeningSize.width() * ShareOfDays / 10);
-    m_entries->setColumnWidth(What, OpeningSize.width() * (ShareOfWhat - 2) / 10);
-    const bool hasEndless = std::ranges::any_of(m_file.entries, &ImportedEntry::isEndless);
-    m_maskUntil->setEnabled(hasEndless);
+    const auto any = [this](auto has) { return std::ranges::any_of(m_file.entries, has); };
+    m_entries->setColumnHidden(Remark, !any([](const ImportedEntry& entry) { return !entry.remark.isEmpty(); }));
+    m_chkAlarms->setVisible(any([](const ImportedEntry& entry) { return !entry.alarms.empty(); }));
+    m_until->setVisible(any([](const ImportedEntry& entry) { return entry.isEndless; }));
     ShowSum();
 }
 
@@ -211,7 +224,7 @@ std::vector<ImportedEntry> ImportForm::Ticked() const
 
 void ImportForm::accept()
 {
-    if (!m_maskUntil->isEnabled() || UntilInBox().isValid()) return QDialog::accept();
+    if (!m_until->isVisible() || UntilInBox().isValid()) return QDialog::accept();
     messages::Tell(u"The last day is not a valid date"_s);
     m_maskUntil->setFocus();
     m_maskUntil->selectAll();

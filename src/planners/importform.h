@@ -25,6 +25,7 @@ public:
 
     std::vector<ImportedEntry> Ticked() const;
 
+    QSize sizeHint() const override;
     void accept() override; // after a check of the day
 
 private:
@@ -46,5 +47,6 @@ private:
     QTreeWidget* m_entries = nullptr; // the rows are the file's entries, then what is left out
     QLabel* m_lblSum = nullptr;
     QCheckBox* m_chkAlarms = nullptr;
+    QWidget* m_until = nullptr; // the row of rules without an end
     MaskEdBox* m_maskUntil = nullptr;
 };
