@@ -6,6 +6,7 @@
 #include "planners.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/longwork.h"
+#include "platform/engine/testserver.h"
 #include "support.h"
 #include "testmain.h"
 
@@ -67,10 +68,18 @@ class MergingTest : public QObject
     }
 
 private Q_SLOTS:
+    void initTestCase_data() { AddStores(); }
     void init()
     {
+        QFETCH_GLOBAL(bool, onServer);
         m_folders.emplace();
-        m_planner = MakePlanner(m_folders->Path(u"own.mdb"_s));
+        const QString path = m_folders->Path(u"own.mdb"_s);
+        m_planner = MakePlanner(path);
+        if (onServer) {
+            m_planner.Close();
+            TestServer::Get().Take(path);
+            m_planner = DBEngine::OpenDatabase(path);
+        }
         SetNote(u"1999/3/4"_s, "mine");
     }
     void cleanup()
