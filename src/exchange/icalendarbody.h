@@ -1,0 +1,41 @@
+// The text of an entry of an iCalendar file as rich text.
+#pragma once
+
+#include "exchange/icalendartext.h"
+
+#include <QFont>
+#include <QHash>
+#include <QTextDocument>
+
+// What the texts and days of a file may take.
+struct CalendarRoom
+{
+    qint64 days = 500'000;
+    qint64 bytes = 100 << 20;
+
+    bool IsFull() const { return days <= 0 || bytes <= 0; }
+};
+
+class CalendarBody
+{
+public:
+    // Of Orrelin's own entries the description is the whole text. The document is only worked with.
+    CalendarBody(const CalendarPart& entry, bool isOwn, QTextDocument& document, CalendarRoom& room);
+
+    const QString& Title() const { return m_title; }
+    bool IsBlank() const { return m_text.trimmed().isEmpty() && m_rtf.isEmpty(); } // below the title
+    bool IsCut() const { return m_isCut; }
+    QByteArray Below(const QString& head); // as a line of its own, but of Orrelin's own entries
+
+private:
+    void TakeForeign(const QString& place);
+    void TakeOwn();
+    void DropFirstLine();
+
+    QTextDocument& m_document;
+    CalendarRoom& m_room;
+    QString m_title, m_text;
+    QByteArray m_rtf; // instead of the text's end, if that has a form
+    QHash<QString, QByteArray> m_made;
+    bool m_isOwn, m_isCut = false;
+};
