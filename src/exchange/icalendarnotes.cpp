@@ -52,7 +52,7 @@ std::optional<AlarmTime> AlarmTimeOf(const CalendarProperty& trigger, CalendarRe
 
 std::vector<AlarmTime> AlarmTimesOf(const CalendarPart& entry, CalendarReading& reading, QStringList& remarks)
 {
-    constexpr size_t Most = 20;
+    constexpr size_t Most = 10;
     std::vector<AlarmTime> times;
     bool hasOther = false;
     for (const CalendarPart& part : entry.parts) {

@@ -1,5 +1,6 @@
 #include "exchange/icalendaroccurrences.h"
 
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -22,12 +23,19 @@ RuleFields FieldsOf(const QByteArray& rule)
     return fields;
 }
 
-QByteArray RuleText(const RuleFields& fields)
+// The library overlooks what it does not know.
+bool IsWhole(const QByteArray& rule)
 {
-    QByteArrayList texts;
-    for (auto i = fields.begin(); i != fields.end(); ++i)
-        if (i.key() != "UNTIL" && !i.key().isEmpty()) texts += i.key() + '=' + i.value();
-    return texts.join(';');
+    static const QRegularExpression form(u"^[A-Z-]+=[^:;]+(;+[A-Z-]+=[^:;]+)*;*$"_s);
+    return form.match(QString::fromLatin1(rule.trimmed().toUpper())).hasMatch();
+}
+
+// The end is left to us, since it may be of another kind than the start.
+QByteArray WithoutEnd(const QByteArray& rule)
+{
+    QByteArrayList fields = rule.trimmed().toUpper().split(';');
+    fields.removeIf([](const QByteArray& field) { return field.isEmpty() || field.startsWith("UNTIL="); });
+    return fields.join(';');
 }
 
 qint64 FineStepOf(const RuleFields& fields)
@@ -41,18 +49,6 @@ qint64 FineStepOf(const RuleFields& fields)
 bool HasLimits(const RuleFields& fields)
 {
     return std::ranges::any_of(fields.keys(), [](const QByteArray& name) { return name.startsWith("BY"); });
-}
-
-// The first time of each day.
-void TakeDaily(const QDateTime& start, qint64 step, qint64 count, const std::function<bool(const QDateTime&)>& take)
-{
-    QDateTime date = start;
-    for (qint64 done = 0; done < count && date.isValid() && take(date);) {
-        const qint64 toMidnight = date.secsTo(date.addDays(1)) - QTime(0, 0).secsTo(date.time());
-        const qint64 steps = (toMidnight + step - 1) / step;
-        date = date.addSecs(steps * step);
-        done += steps;
-    }
 }
 
 class SeriesReader
@@ -152,7 +148,8 @@ private:
                 m_series.spans.push_back({date, m_length});
             return true;
         };
-        const bool isRead = (until || !fields.contains("UNTIL")) && Unroll(property, fields, take);
+        const bool isWhole = IsWhole(property.value) && (until || !fields.contains("UNTIL"));
+        const bool isRead = Report(property, isWhole ? Unroll(property, fields, take) : RuleEnd::Unreadable);
         if (excludes) return;
         m_series.repeats = m_series.repeats || isRead;
         m_series.isEndless = m_series.isEndless || (isRead && isEndless);
@@ -165,24 +162,23 @@ private:
         return date > (until.zone == &m_reading.zones.Utc() ? until.WallIn(*m_start.zone) : until.wall);
     }
 
-    bool Unroll(const CalendarProperty& property, const RuleFields& fields,
-                const std::function<bool(const QDateTime&)>& take)
+    RuleEnd Unroll(const CalendarProperty& property, const RuleFields& fields, const TakeDate& take)
     {
-        RuleEnd end = RuleEnd::Reached;
-        if (const qint64 step = FineStepOf(fields); step == 0) {
-            end = ForEachDate(RuleText(fields), m_start.wall, m_reading.time, take);
-        } else if (HasLimits(fields)) {
-            m_series.remarks += u"It repeats within a day by a rule of many parts: only the first time is taken."_s;
-        } else {
-            m_series.remarks += u"It repeats within a day: only the first time of each day is taken."_s;
-            TakeDaily(m_start.wall, step, fields.value("COUNT", "2000000000").toLongLong(), take);
-        }
+        const qint64 step = FineStepOf(fields);
+        if (step == 0) return ForEachDate(WithoutEnd(property.value), m_start.wall, m_reading.time, take);
+        if (HasLimits(fields)) return RuleEnd::Unreadable;
+        m_series.remarks += u"It repeats within a day: only the first time of each day is taken."_s;
+        return ForEachDay(m_start.wall, step, fields.value("COUNT", "2000000000").toLongLong(), m_reading.time, take);
+    }
+
+    bool Report(const CalendarProperty& property, RuleEnd end)
+    {
         if (end == RuleEnd::Unreadable)
-            m_series.remarks += u"Line %1: the rule is not understood, so it stands once."_s.arg(property.line);
+            m_series.remarks += u"Line %1: the rule cannot be followed, so it stands once."_s.arg(property.line);
         if (end == RuleEnd::OutOfTime)
             m_series.remarks +=
-                u"Line %1: the file's rules take too long, so it stands less often."_s.arg(property.line);
-        return end == RuleEnd::Reached;
+                u"Line %1: the rules of the file take too long, so it stands less often."_s.arg(property.line);
+        return end != RuleEnd::Unreadable;
     }
 
     void Tidy()
@@ -225,7 +221,8 @@ std::optional<CalendarSeries> SeriesOf(const CalendarPart& entry, const std::vec
         SeriesReader(entry, reading, series).Read(changes);
         return series;
     }
-    const QString title = Quoted(entry.Value("SUMMARY"));
+    const QByteArray summary = entry.Value("SUMMARY");
+    const QString title = summary.isEmpty() ? u"An entry"_s : Quoted(summary);
     if (const CalendarProperty* const dated = dtstart ? dtstart : due)
         reading.faults.Add(dated->line, u"%1 has no real date: %2"_s.arg(title, Quoted(dated->value)));
     else

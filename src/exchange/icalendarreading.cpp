@@ -11,18 +11,21 @@
 namespace {
 constexpr qsizetype MostBytes = 64 << 20;
 
-QByteArray IdentityOf(const CalendarPart& entry)
+QByteArray ContentOf(const CalendarPart& entry)
 {
     QByteArray content = entry.kind;
     for (const CalendarProperty& property : entry.properties)
         content += '\n' + property.name + ':' + property.value;
-    return "no-uid-" + ShortSum(content).toUtf8(); // the same in the next export
+    for (const CalendarPart& part : entry.parts)
+        content += '\n' + ContentOf(part);
+    return content;
 }
 
 QByteArray UidOf(const CalendarPart& entry)
 {
     const QByteArray uid = entry.Value("UID");
-    return uid.isEmpty() ? IdentityOf(entry) : uid;
+    // A later file of the same calendar then has the same.
+    return uid.isEmpty() ? "no-uid-" + ShortSum(ContentOf(entry)).toUtf8() : uid;
 }
 
 bool IsLater(const CalendarPart& one, const CalendarPart& other)
@@ -107,10 +110,11 @@ public:
 
     std::vector<ImportedEntry> Entries()
     {
-        const auto first = [](const ImportedEntry& e) {
-            return e.notes.empty() ? e.alarms.front().day : e.notes.front().day;
+        const auto order = [](const ImportedEntry& entry) {
+            const GridDay& first = entry.notes.empty() ? entry.alarms.front().day : entry.notes.front().day;
+            return std::pair(first, entry.title); // with the time
         };
-        std::ranges::stable_sort(m_entries, {}, first);
+        std::ranges::stable_sort(m_entries, {}, order);
         return std::move(m_entries);
     }
 

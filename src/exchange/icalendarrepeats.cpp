@@ -2,8 +2,6 @@
 
 #include "platform/engine/longwork.h"
 
-#include <QElapsedTimer>
-
 #include <libical/ical.h>
 
 #include <memory>
@@ -32,32 +30,38 @@ QDateTime OnTheWall(const icaltimetype& ical)
 {
     return {{ical.year, ical.month, ical.day}, {ical.hour, ical.minute, ical.second}, Qt::UTC};
 }
-
-template <typename Work>
-auto Timed(RuleTime& time, Work work)
-{
-    QElapsedTimer watch;
-    watch.start();
-    auto result = work();
-    time.Spend(watch.nsecsElapsed());
-    return result;
-}
 } // namespace
 
-RuleEnd ForEachDate(const QByteArray& rule, const QDateTime& start, RuleTime& time,
-                    const std::function<bool(const QDateTime& date)>& take)
+RuleEnd ForEachDate(const QByteArray& rule, const QDateTime& start, RuleTime& time, const TakeDate& take)
 {
-    if (time.IsOver()) return RuleEnd::OutOfTime;
+    const RuleTime::Watch watch(time);
+    if (watch.IsOver()) return RuleEnd::OutOfTime;
     icalerror_set_errors_are_fatal(false);
     const icalrecurrencetype ical = icalrecurrencetype_from_string(rule.constData());
     if (ical.freq < ICAL_DAILY_RECURRENCE || ical.freq > ICAL_YEARLY_RECURRENCE) return RuleEnd::Unreadable;
-    const RuleDates dates = Timed(time, [&] { return RuleDates(icalrecur_iterator_new(ical, OnTheWall(start))); });
+    const RuleDates dates(icalrecur_iterator_new(ical, OnTheWall(start)));
     if (!dates) return RuleEnd::Unreadable;
-    while (!time.IsOver()) {
-        const icaltimetype next = Timed(time, [&] { return icalrecur_iterator_next(dates.get()); });
-        const QDateTime date = OnTheWall(next);
-        if (icaltime_is_null_time(next) || !date.isValid() || !take(date)) return RuleEnd::Reached;
+    for (RuleEnd end = RuleEnd::Unreadable; !watch.IsOver(); end = RuleEnd::Reached) {
         longwork::Goes();
+        const icaltimetype next = icalrecur_iterator_next(dates.get());
+        const QDateTime date = OnTheWall(next);
+        if (icaltime_is_null_time(next) || !date.isValid()) return end;
+        if (!take(date)) return RuleEnd::Reached;
     }
     return RuleEnd::OutOfTime;
+}
+
+RuleEnd ForEachDay(const QDateTime& start, qint64 step, qint64 count, RuleTime& time, const TakeDate& take)
+{
+    const RuleTime::Watch watch(time);
+    QDateTime date = start;
+    for (qint64 done = 0; done < count && date.isValid() && take(date);) {
+        if (watch.IsOver()) return RuleEnd::OutOfTime;
+        longwork::Goes();
+        const qint64 toMidnight = date.secsTo(QDateTime(date.date().addDays(1), QTime(0, 0), Qt::UTC));
+        const qint64 steps = (toMidnight + step - 1) / step;
+        date = date.addSecs(steps * step);
+        done += steps;
+    }
+    return RuleEnd::Reached;
 }

@@ -4,29 +4,45 @@
 #include <QByteArray>
 #include <QDateTime>
 
+#include <ctime>
 #include <functional>
 
-// What the rules of a file may take. The search for a date that never comes, such as 30 February, takes the library a
-// third of a second each.
+// The processor's time that the rules of a file may take. The search for a date that never comes, such as 30 February,
+// takes the library a third of a second each.
 class RuleTime
 {
 public:
-    bool IsOver() const { return m_spent > Most; }
-    void Spend(qint64 nanoseconds) { m_spent += nanoseconds; }
+    class Watch
+    {
+    public:
+        explicit Watch(RuleTime& time) : m_time(time) {}
+        ~Watch() { m_time.m_spent += std::clock() - m_begin; }
+        Q_DISABLE_COPY_MOVE(Watch)
+
+        bool IsOver() const { return m_time.m_spent + std::clock() - m_begin > Most; }
+
+    private:
+        static constexpr std::clock_t Most = 3 * CLOCKS_PER_SEC;
+        RuleTime& m_time;
+        const std::clock_t m_begin = std::clock();
+    };
 
 private:
-    static constexpr qint64 Most = 4'000'000'000;
-    qint64 m_spent = 0;
+    std::clock_t m_spent = 0;
 };
 
 enum class RuleEnd
 {
     Reached,
-    Unreadable,
+    Unreadable, // or without any date
     OutOfTime
 };
 
-// Calls take(date) until it returns false. All times are those of the clock on the wall, as Qt::UTC. The rule must be
-// daily or longer: the search within finer ones may never return.
-RuleEnd ForEachDate(const QByteArray& rule, const QDateTime& start, RuleTime& time,
-                    const std::function<bool(const QDateTime& date)>& take);
+using TakeDate = std::function<bool(const QDateTime& date)>; // false: no more
+
+// All times are those of the clock on the wall, as Qt::UTC. The rule must be daily or longer: the search within finer
+// ones may never return.
+RuleEnd ForEachDate(const QByteArray& rule, const QDateTime& start, RuleTime& time, const TakeDate& take);
+
+// Of times that are so many seconds apart, the first one of each day.
+RuleEnd ForEachDay(const QDateTime& start, qint64 step, qint64 count, RuleTime& time, const TakeDate& take);

@@ -235,16 +235,22 @@ QByteArray CalendarPart::Value(const char* name) const
 
 void CalendarFaults::Add(int line, const QString& what)
 {
-    constexpr qsizetype Most = 100;
+    constexpr size_t Most = 100;
     if (m_lines.size() < Most)
-        m_lines += u"Line %1: %2"_s.arg(line).arg(what);
+        m_lines.emplace_back(line, what);
     else
         ++m_more;
 }
 
 QStringList CalendarFaults::All() const
 {
-    return m_more == 0 ? m_lines : m_lines + QStringList(u"%1 more lines like these."_s.arg(m_more));
+    auto sorted = m_lines;
+    std::ranges::stable_sort(sorted, {}, &std::pair<int, QString>::first);
+    QStringList lines;
+    for (const auto& [line, what] : sorted)
+        lines += u"Line %1: %2"_s.arg(QString::number(line), what);
+    if (m_more > 0) lines += u"%L1 more lines like these."_s.arg(m_more);
+    return lines;
 }
 
 CalendarParts ReadCalendarParts(const QByteArray& file, CalendarFaults& faults)

@@ -40,10 +40,10 @@ class CalendarFaults
 {
 public:
     void Add(int line, const QString& what);
-    QStringList All() const;
+    QStringList All() const; // in the order of the file
 
 private:
-    QStringList m_lines;
+    std::vector<std::pair<int, QString>> m_lines;
     int m_more = 0;
 };
 

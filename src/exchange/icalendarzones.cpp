@@ -17,25 +17,46 @@ std::optional<int> OffsetOf(const QByteArray& text)
     return match.captured(1) == u'-' ? -seconds : seconds;
 }
 
-// The zone of the system's tables. Some programs write a prefix: "/mozilla.org/20050126_1/Europe/Berlin".
+// Older names such as US/Central are missing in the toolkit's list, but not among the system's files.
+QTimeZone SystemZone(const QByteArray& id)
+{
+    static const QRegularExpression form(u"^[A-Za-z]+(/[A-Za-z0-9_+-]+)+$"_s);
+    const bool isName = QTimeZone::isTimeZoneIdAvailable(id) || form.match(QString::fromLatin1(id)).hasMatch();
+    return isName ? QTimeZone(id) : QTimeZone();
+}
+
+// Of a name of the tables. Some programs write a prefix: "/mozilla.org/20050126_1/Europe/Berlin".
 QTimeZone TableZone(QByteArray id)
 {
     const QByteArray known = QTimeZone::windowsIdToDefaultIanaId(id);
     if (!known.isEmpty()) return QTimeZone(known);
     for (;;) {
-        if (QTimeZone::isTimeZoneIdAvailable(id)) return QTimeZone(id);
+        if (const QTimeZone zone = SystemZone(id); zone.isValid()) return zone;
         const qsizetype slash = id.indexOf('/');
         if (slash < 0) return {};
         id.remove(0, slash + 1);
     }
 }
 
-// "(UTC+01:00) Amsterdam, Berlin"
-QTimeZone NamedOffset(const QByteArray& id)
+QTimeZone ZoneOfTown(const QByteArray& town)
+{
+    static const QByteArrayList ids = QTimeZone::availableTimeZoneIds();
+    const QByteArray end = '/' + QByteArray(town).replace(' ', '_');
+    const auto id = std::ranges::find_if(ids, [&](const QByteArray& one) { return one.endsWith(end); });
+    return id == ids.end() ? QTimeZone() : QTimeZone(*id);
+}
+
+// By the words that a person sees: "(UTC-05:00) Eastern Time (US & Canada)", "(UTC+01:00) Amsterdam, Berlin".
+QTimeZone SeenZone(const QByteArray& id)
 {
     const qsizetype at = std::max(id.indexOf("UTC"), id.indexOf("GMT"));
     const auto offset = at < 0 ? std::nullopt : OffsetOf(id.mid(at + 3, 6));
-    return offset ? QTimeZone(*offset) : QTimeZone();
+    if (!offset) return {};
+    const QByteArray words = id.mid(id.indexOf(')') + 1).trimmed();
+    const QByteArray american = words.first(std::max(words.indexOf(" Time"), qsizetype(0))) + " Standard Time";
+    const QByteArray known = QTimeZone::windowsIdToDefaultIanaId(american);
+    const QTimeZone zone = known.isEmpty() ? ZoneOfTown(words.split(',').first()) : QTimeZone(known);
+    return zone.isValid() ? zone : QTimeZone(*offset);
 }
 } // namespace
 
@@ -88,7 +109,7 @@ CalendarZone CalendarZones::Find(const QByteArray& id)
         if (zone.isValid()) return {zone, true, {}};
         if (auto changes = ChangesOf(*part); !changes.empty()) return {{}, true, std::move(changes)};
     }
-    const QTimeZone zone = NamedOffset(id);
+    const QTimeZone zone = SeenZone(id);
     return zone.isValid() ? CalendarZone{zone, true, {}} : CalendarZone{m_person.zone, false, {}};
 }
 
@@ -145,7 +166,7 @@ std::optional<qint64> SecondsOf(const QByteArray& duration)
         QRegularExpression::CaseInsensitiveOption);
     constexpr qint64 Units[] = {7 * 24 * Hour, 24 * Hour, Hour, 60, 1};
     const auto match = form.match(QString::fromLatin1(duration.trimmed().left(64)));
-    if (!match.hasMatch() || match.capturedLength() < 3) return {};
+    if (!match.hasMatch()) return {};
     qint64 seconds = 0;
     for (int i = 0; i < 5; ++i)
         seconds += match.captured(i + 2).toLongLong() * Units[i];
