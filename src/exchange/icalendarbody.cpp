@@ -71,6 +71,10 @@ CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, QTextDocument&
         TakeOwn();
     else
         TakeForeign(PropertyText(entry, "LOCATION").trimmed());
+    if (m_title.isEmpty()) m_title = u"Event"_s;
+    constexpr qsizetype Longest = 1000;
+    m_isCut = m_isCut || m_title.size() > Longest;
+    m_title.truncate(Longest);
 }
 
 void CalendarBody::TakeForeign(const QString& place)
@@ -81,14 +85,10 @@ void CalendarBody::TakeForeign(const QString& place)
     }
     m_text = m_text.trimmed();
     const QString first = FirstLine(m_text);
-    for (const QString& title : {first, u"Event"_s})
-        if (m_title.isEmpty()) m_title = title;
+    if (m_title.isEmpty()) m_title = first;
     if (m_title == first) DropFirstLine();
     if (!m_rtf.isEmpty()) m_text.clear();
     if (!place.isEmpty()) m_text.prepend(m_text.isEmpty() ? place : place + u'\n');
-    constexpr qsizetype Longest = 1000;
-    m_isCut = m_isCut || m_title.size() > Longest;
-    m_title.truncate(Longest);
 }
 
 void CalendarBody::TakeOwn()

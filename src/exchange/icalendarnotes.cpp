@@ -3,6 +3,7 @@
 #include "platform/engine/longwork.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace {
@@ -84,25 +85,26 @@ QString HeadOf(const LocalSpan& span, const QString& title)
 std::vector<ExtractedNote> NotesOf(const std::vector<LocalSpan>& spans, CalendarBody& body, CalendarRoom& room,
                                    QStringList& remarks)
 {
-    std::vector<ExtractedNote> notes;
-    bool isCut = false;
+    std::map<std::pair<GridDay, QString>, QByteArray> texts; // where spans overlap, one is enough
+    bool isCut = false, isFull = false;
     for (const LocalSpan& span : spans) {
         longwork::Goes();
-        const QDate first = span.start.date(), all = LastDayOf(span),
-                    last = std::min(all, first.addDays(MostDaysOfSpan - 1));
-        isCut = isCut || last < all;
-        for (QDate day = first; day <= last; day = day.addDays(1)) {
-            if (!IsDayOfGrid(DayOf(day))) continue;
-            if (notes.size() == MostCalendarDays || room.IsFull()) {
-                remarks += u"Only its first %L1 days are taken."_s.arg(notes.size());
-                return notes;
-            }
-            notes.push_back({DayOf(day), 0, body.Below(HeadOf(span, day, body.Title()))});
-            --room.days;
+        const QDate first = span.start.date(), last = LastDayOf(span);
+        isCut = isCut || first.daysTo(last) >= MostDaysOfSpan;
+        for (QDate day = first; day <= last && first.daysTo(day) < MostDaysOfSpan && !isFull; day = day.addDays(1)) {
+            isFull = texts.size() == MostCalendarDays || room.IsFull();
+            if (isFull || !IsDayOfGrid(DayOf(day))) continue;
+            const QString head = HeadOf(span, day, body.Title());
+            const auto [text, isNew] = texts.try_emplace({DayOf(day), head});
+            if (isNew) text->second = body.Below(head);
+            room.days -= isNew ? 1 : 0;
         }
     }
-    if (isCut) remarks += u"Only its first %1 days are taken."_s.arg(MostDaysOfSpan);
-    std::ranges::stable_sort(notes, {}, &ExtractedNote::day);
+    if (isFull || isCut)
+        remarks += u"Only its first %L1 days are taken."_s.arg(isFull ? std::ssize(texts) : MostDaysOfSpan);
+    std::vector<ExtractedNote> notes;
+    for (const auto& [place, rtf] : texts)
+        notes.push_back({place.first, 0, rtf});
     return notes;
 }
 

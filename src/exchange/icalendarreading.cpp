@@ -185,7 +185,7 @@ private:
     QString NewId(const CalendarPart& entry)
     {
         QString id = CalendarText(UidOf(entry) + ' ' + entry.Value("RECURRENCE-ID")).simplified();
-        while (m_ids.contains(id))
+        while (id.isEmpty() || m_ids.contains(id))
             id += u' ' + QString::fromLatin1(entry.kind);
         m_ids += id;
         return id;

@@ -355,6 +355,27 @@ private Q_SLOTS:
             QCOMPARE(Read(file).refusal, refusal);
         }
     }
+
+    // Our own entries come back as what they were.
+    void OwnExport()
+    {
+        const TemporaryFolders folders;
+        const QByteArray bold = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs16 a \\b b\\b0\\par c\\par}";
+        const Extract extract{u"Mine"_s,
+                              {{{1900, 2, 29}, 0, bold},
+                               {{1999, 7, 4}, 0, " 9:00 M\xc3\xbcller, Str.; C:\\temp\n\n\tx"},
+                               {{1999, 7, 5}, 0, bold},
+                               {{1999, 7, 0}, 3, "plan\nmore"},
+                               {{1999, 8, 1}, 0, "Rent"},
+                               {{1999, 8, 2}, 0, "Rent"},
+                               {{1999, 8, 3}, 0, "Rent"}},
+                              {{{1900, 2, 29}, 5, "leap"}, {{1999, 12, 31}, 1430, bold}, {{1999, 12, 31}, 1430, ""}},
+                              {{{1999, 8, 1}, {1999, 8, 3}, Frequency::Daily, "Rent"}}};
+        const ImportedFile file = Read(WriteICalendar(extract, {}));
+        QCOMPARE(Shown(file),
+                 u"!1900-02-29 00:05 | 1900-02-29 a b/c | 1999-07 Memo 3 plan/more | 1999-07-04  9:00 Müller, Str.; C:\\temp//\tx | 1999-07-05 a b/c | 1999-08-01 Rent 1999-08-02 1999-08-03 | !1999-12-31 23:50 | !1999-12-31 23:50"_s);
+        for (const ImportedEntry& entry : file.entries) qInfo() << entry.title << entry.id << (entry.notes.empty() ? entry.alarms[0].rtf : entry.notes[0].rtf);
+    }
 };
 
 ORRELIN_TEST(ICalendarImportTest)
