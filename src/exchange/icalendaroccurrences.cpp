@@ -232,6 +232,7 @@ std::optional<CalendarSeries> SeriesOf(const CalendarPart& entry, const std::vec
 
 void MoveFollowing(CalendarSeries& series, const CalendarTime& from, CalendarSeries& change)
 {
+    if (change.spans.empty()) return;
     const CalendarZone& zone = *series.start.zone;
     const QDateTime at =
         from.isDay ? QDateTime(from.wall.date(), series.start.wall.time(), Qt::UTC) : from.WallIn(zone);
