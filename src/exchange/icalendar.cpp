@@ -21,7 +21,7 @@ QDate DateOf(const GridDay& day)
 
 QString WordsFor(const GridDay& day)
 {
-    return IsReal(day) ? QString() : u"%1, a day that only this planner has"_s.arg(fnFormatDateKey(KeyOf(day)));
+    return IsReal(day) ? QString() : fnFormatDateKey(KeyOf(day)) + OnlyHere;
 }
 
 QString IsoOf(const GridDay& day)

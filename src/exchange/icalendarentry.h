@@ -34,5 +34,8 @@ struct CalendarEntry
     std::optional<CalendarRule> rule;
 };
 
+// Ends the line above the text of a day that other calendars do not have.
+inline const QString OnlyHere = u", a day that only this planner has"_s;
+
 // The texts of a note, without its pictures. The line above, if there is one, begins the description.
 EntryText TextOfEntry(const QByteArray& rtf, const QString& above = {});
