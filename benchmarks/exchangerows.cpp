@@ -33,8 +33,8 @@ Row ExportRow(const char* name, const char* format, const QString& planner)
     };
     const auto floor = [=] {
         QStringList keys;
-        YearMonth month = ThisMonth();
-        for (month.year -= UsualYears / 2; keys.size() < UsualYears * 12 * 35; month = month.Next())
+        const int first = ThisMonth().year - UsualYears / 2;
+        for (YearMonth month{first, 1}; month.year < first + UsualYears; month = month.Next())
             keys += KeysOf(month);
         RawPlanner(planner, RawPlanner::Locking::Shared).Read(keys);
         QFile file(path + u".floor"_s);

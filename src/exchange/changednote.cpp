@@ -43,21 +43,17 @@ QString LinesOfNote(const QByteArray& rtf)
 
 ChangedNote::ChangedNote(const QByteArray& stored) : m_isEmpty(stored.trimmed().isEmpty())
 {
-    m_note.setUndoRedoEnabled(false);
+    for (QTextDocument* document : {&m_note, &m_addition})
+        document->setUndoRedoEnabled(false);
     if (!m_isEmpty) ReadRtf(stored, m_note);
     m_free = m_note.toPlainText();
 }
 
-bool ChangedNote::Add(const QByteArray& rtf)
+bool ChangedNote::Add(const QString& lines, const QByteArray& rtf)
 {
-    QTextDocument addition;
-    ReadRtf(rtf, addition);
-    const QString lines = addition.toPlainText();
     if (!m_isEmpty && TakeFrom(m_free, lines)) return false;
-    if (m_isEmpty)
-        ReadRtf(rtf, m_note);
-    else
-        AppendBelow(m_note, addition.firstBlock(), QTextDocumentFragment(&addition));
+    ReadRtf(rtf, m_isEmpty ? m_note : m_addition);
+    if (!m_isEmpty) AppendBelow(m_note, m_addition.firstBlock(), QTextDocumentFragment(&m_addition));
     m_isEmpty = false;
     return true;
 }

@@ -12,15 +12,16 @@ class ChangedNote
 public:
     explicit ChangedNote(const QByteArray& stored);
 
-    // Adds the text below the others. False if it stands there already, once for each equal text that is added.
-    bool Add(const QByteArray& rtf);
+    // Adds these lines below the others, as rich text. False if they stand there already, once for each equal text that
+    // is added.
+    bool Add(const QString& lines, const QByteArray& rtf);
     // Takes the first such lines out. False if they are not there as whole lines.
     bool TakeOut(const QString& lines);
 
     QByteArray Rtf() const; // empty if no text is left
 
 private:
-    QTextDocument m_note;
+    QTextDocument m_note, m_addition;
     QString m_free; // the lines that no added text has found as its own
     bool m_isEmpty;
 };

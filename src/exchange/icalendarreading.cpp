@@ -9,8 +9,6 @@
 #include <map>
 
 namespace {
-constexpr qsizetype MostBytes = 64 << 20;
-
 QByteArray ContentOf(const CalendarPart& entry)
 {
     QByteArray content = entry.kind;
@@ -223,10 +221,6 @@ CalendarParts PartsOf(const QByteArray& file, CalendarFaults& faults)
 ImportedFile ReadICalendar(const QByteArray& file, const ImportChoices& choices)
 {
     ImportedFile imported;
-    if (file.size() > MostBytes) {
-        imported.refusal = u"The file is larger than %1 MB."_s.arg(MostBytes >> 20);
-        return imported;
-    }
     CalendarFaults faults;
     const CalendarParts parts = PartsOf(file, faults);
     const longwork::Part part(0.2, 1);

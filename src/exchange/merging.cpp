@@ -115,7 +115,7 @@ void Merger::WriteNote(const QString& key, Changes& changes)
     ChangedNote note(isNew ? QByteArray() : m_notes.Fields(schema::TextField).toByteArray());
     std::vector<bool> written;
     for (const Change& change : changes)
-        written.push_back(change.rtf ? note.Add(*change.rtf) : note.TakeOut(change.piece.text));
+        written.push_back(change.rtf ? note.Add(change.piece.text, *change.rtf) : note.TakeOut(change.piece.text));
     if (std::ranges::find(written, true) != written.end()) StoreNote(key, isNew, note.Rtf());
     for (size_t i = 0; i < changes.size(); ++i)
         Settle(changes[i], written[i]);

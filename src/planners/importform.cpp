@@ -90,10 +90,9 @@ QTreeWidget* ImportForm::MakeList()
     QHeaderView& header = *m_entries->header();
     header.setStretchLastSection(false);
     header.setSectionResizeMode(What, QHeaderView::Stretch);
-    const int letter = m_entries->fontMetrics().averageCharWidth();
-    constexpr int LettersOfDays = 34, LettersOfRemark = 28;
-    m_entries->setColumnWidth(Days, letter * LettersOfDays);
-    m_entries->setColumnWidth(Remark, letter * LettersOfRemark);
+    const QFontMetrics letters = m_entries->fontMetrics();
+    m_entries->setColumnWidth(Days, letters.horizontalAdvance(u"[x] Mar 30, 2026 - Mar 30, 2026, 1000 days "_s));
+    m_entries->setColumnWidth(Remark, letters.horizontalAdvance(u"A remark of the usual length, cut"_s));
     connect(m_entries, &QTreeWidget::itemChanged, this, [this] { ShowSum(); });
     return m_entries;
 }
