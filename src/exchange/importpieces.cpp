@@ -30,16 +30,16 @@ Frequency FrequencyThrough(const QStringList& keys)
     return found == std::end(rarestFirst) ? Frequency::Daily : *found;
 }
 
-// Empty if the entry is no event that is taken out as a whole.
-QStringList DaysOfEvent(const ImportedEntry& entry)
+// The days of each text of a rule. A rule of another time zone has two texts, one for the summer.
+std::map<QByteArray, QStringList> EventsOf(const ImportedEntry& entry)
 {
-    const auto& notes = entry.notes;
-    const auto isLikeFirst = [&](const ExtractedNote& note) { return note.memo == 0 && note.rtf == notes[0].rtf; };
-    if (!entry.repeats || notes.size() < 2 || !std::ranges::all_of(notes, isLikeFirst)) return {};
-    QStringList keys;
-    for (const ExtractedNote& note : notes)
-        keys += KeyOf(note.day);
-    return keys;
+    constexpr size_t MostTexts = 4; // more are no event that a person would know again
+    std::map<QByteArray, QStringList> days;
+    if (!entry.repeats) return days;
+    for (const ExtractedNote& note : entry.notes)
+        if (note.memo == 0) days[note.rtf] += KeyOf(note.day);
+    std::erase_if(days, [](const auto& text) { return text.second.size() < 2; });
+    return days.size() > MostTexts ? decltype(days)() : days;
 }
 } // namespace
 
@@ -58,8 +58,7 @@ std::map<ImportedPiece, QByteArray> PiecesOf(const ImportedEntry& entry)
         const QString time = QTime(0, 0).addSecs(60 * alarm.minute).toString(u"HH:mm"_s);
         pieces[{Kind::Alarm, KeyOf(alarm.day), time, textOf(alarm.rtf)}] = alarm.rtf;
     }
-    if (const QStringList days = DaysOfEvent(entry); !days.isEmpty()) {
-        const QByteArray& rtf = entry.notes[0].rtf;
+    for (const auto& [rtf, days] : EventsOf(entry)) {
         const QString detail = WordOf(FrequencyThrough(days)) + u' ' + days.last();
         pieces[{Kind::Event, days.first(), detail, textOf(rtf)}] = rtf;
     }

@@ -6,6 +6,6 @@
 
 #include <map>
 
-// With the rich text of each piece. A rule whose days share one text brings the record of a recurring event, by which
-// the text can be taken out of all of them.
+// With the rich text of each piece. A rule brings the record of a recurring event for each of its texts, by which
+// the text can be taken out of all its days.
 std::map<ImportedPiece, QByteArray> PiecesOf(const ImportedEntry& entry);

@@ -98,13 +98,20 @@ private Q_SLOTS:
                             Entry({}, "Ann", {u"1999/3/5"_s})};
         entries[0].alarms = {{{1999, 3, 18}, 630, "10:30 Dentist"}, {{1999, 3, 17}, 590, "over"}};
         entries[4].notes.push_back({{1999, 3, 0}, 2, "Memo"});
+        entries[3].notes.push_back({{1999, 4, 1}, 0, "Walk"}); // once: no event
+        entries[3].notes.push_back({{1999, 4, 8}, 0, "Swim"});
+        entries[3].notes.push_back({{1999, 4, 9}, 0, "Swim"});
         const QStringList content{u"3/4: mine|Holiday|Run|09:00 Ann|10:30 Dentist|Mill Lane"_s,
                                   u"3/5: Ann|Ann"_s,
                                   u"3/11: Run"_s,
                                   u"3/25: Run"_s,
                                   u"3/0 Memo: Memo"_s,
+                                  u"4/1: Walk"_s,
+                                  u"4/8: Swim"_s,
+                                  u"4/9: Swim"_s,
                                   u"3/18 at 630 10:30 Dentist"_s,
-                                  u"WEEKLY 3/4 - 3/25 Run"_s};
+                                  u"WEEKLY 3/4 - 3/25 Run"_s,
+                                  u"DAILY 4/8 - 4/9 Swim"_s};
         QCOMPARE(Merge(entries), QList({6, 0, 0}));
         QCOMPARE(Content(), content);
         QCOMPARE(Merge(entries), QList({0, 0, 6}));
