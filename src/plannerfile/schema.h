@@ -11,6 +11,7 @@ inline const QString Recursions = u"Recursion Table"_s;
 inline const QString DateField = u"qmtDate"_s;
 inline const QString TextField = u"qmtText"_s;
 inline const QString PaddingField = u"qmtPadding"_s;
+inline const KeptTexts NoteTexts = {Notes, DateField, TextField};
 inline const QByteArray EmptiedNote = " "_ba; // a zero-length text is never stored
 
 inline const QString Equal = u"="_s; // for Seek
