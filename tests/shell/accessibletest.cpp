@@ -1,4 +1,5 @@
 #include "alarms/alarmtesting.h"
+#include "editing/versionsform.h"
 #include "notes/recoveryform.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/workwindow.h"
@@ -235,6 +236,12 @@ class AccessibleTest : public QObject
         m_program->PressLock();
         Look("recovery",
              RecoveryForm({{u"1999/3/17"_s, "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"}}, m_program->form.get()));
+        const QDateTime then(QDate(1999, 3, 16), QTime(9, 30));
+        Look("versions", VersionsForm(m_program->form.get(), u"Mar 17, 1999"_s, "{\\rtf1 Cake and\\par candles}",
+                                      {{{then, u"Replaced by user 'bartholomew' on machine 'accounts-office'"_s,
+                                         "{\\rtf1 Tea and\\par candles}"},
+                                        {then.addDays(-2), u"Backup"_s, "{\\rtf1 Tea}"}},
+                                       {u"'team 1999-03-12.mdb' is not a planner."_s}}));
         Look("open as", OpenAsForm(u"team.mdb"_s, m_program->form.get()));
         ShowAndPicture("start", StartUpForm());
         ShowAndPicture("exit", ExitForm());
