@@ -80,6 +80,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddFindRows(add, planner);
     AddWallpaperRows(add, ours, planner);
     AddPrintRow(add, ours);
+    AddVersionRow(add);
     AddWorkgroupRows(add, addMemory, planner);
     AddEventRows(add);
     AddExchangeRows(add, planner);

@@ -17,6 +17,7 @@ void AddDayViewRows(const TakeRow& add);
 void AddFindRows(const TakeRow& add, const QString& planner);
 void AddWallpaperRows(const TakeRow& add, PlannerWindow& ours, const QString& planner);
 void AddPrintRow(const TakeRow& add, PlannerWindow& ours);
+void AddVersionRow(const TakeRow& add);
 void AddWorkgroupRows(const TakeRow& add, const AddMemory& addMemory, const QString& planner);
 void AddEventRows(const TakeRow& add);
 void AddExchangeRows(const TakeRow& add, const QString& planner);

@@ -32,6 +32,7 @@ public:
 
     void subZoomView(); // returns when the window is closed and its text is stored in the cell
     void panelDay_DblClick(int Index);
+    int CellToOpen() const; // of the day that a command without a chosen day means; 0 for none
     // Ends the foot's notice about text dropped by Esc, once undo would no longer bring that text back.
     void EndNotice();
     void FollowFocus(int cell);
@@ -51,7 +52,6 @@ private:
         bool wasLocked = false; // by this user, by hand
     };
 
-    int CellToOpen() const;
     bool MayOpen();
     void Show();
     bool Exec(ZoomBoxForm& form); // true: OK

@@ -2,6 +2,7 @@
 
 #include "exchange/exportstamps.h"
 #include "plannerfile/schema.h"
+#include "platform/engine/engineerrors.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -44,34 +45,55 @@ ImportedPieces Unpacked(const QByteArray& packed)
 }
 } // namespace
 
+// Others of a workgroup may have fewer rights on its server.
+template <typename Step>
+void ImportMemory::IfPermitted(Step step)
+{
+    try {
+        if (m_isPermitted) step();
+    } catch (const RunTimeError& error) {
+        if (error.Number != engineerrors::ReadOnlyFile) throw;
+        m_isPermitted = false;
+    }
+}
+
 ImportMemory::ImportMemory(const Database& planner) : m_planner(planner)
 {
-    if (!m_planner.TableNames().contains(schema::Imports)) return;
+    if (m_planner.TableNames().contains(schema::Imports)) IfPermitted([this] { Open(); });
+}
+
+void ImportMemory::Open()
+{
     m_records = m_planner.OpenTable(schema::Imports);
     m_records.SetIndex(IdIndex);
 }
 
 ImportedPieces ImportMemory::Of(const QString& entryId)
 {
-    if (m_records.IsNothing()) return {};
-    m_records.Seek(schema::Equal, ShortSum(entryId.toUtf8()));
-    return m_records.NoMatch() ? ImportedPieces() : Unpacked(m_records.Fields(PiecesField).toByteArray());
+    ImportedPieces pieces;
+    if (m_records.IsNothing()) return pieces;
+    IfPermitted([&] {
+        m_records.Seek(schema::Equal, ShortSum(entryId.toUtf8()));
+        if (!m_records.NoMatch()) pieces = Unpacked(m_records.Fields(PiecesField).toByteArray());
+    });
+    return pieces;
 }
 
 void ImportMemory::Keep(const QString& entryId, const ImportedPieces& pieces)
 {
-    if (m_records.IsNothing()) {
-        m_planner.Append(ImportsTable());
-        m_records = m_planner.OpenTable(schema::Imports);
-        m_records.SetIndex(IdIndex);
-    }
-    const QString id = ShortSum(entryId.toUtf8());
-    m_records.Seek(schema::Equal, id);
-    if (m_records.NoMatch())
-        m_records.AddNew();
-    else
-        m_records.Edit();
-    m_records.SetField(IdField, id);
-    m_records.SetField(PiecesField, Packed(pieces));
-    m_records.Update();
+    IfPermitted([&] {
+        if (m_records.IsNothing()) {
+            m_planner.Append(ImportsTable());
+            Open();
+        }
+        const QString id = ShortSum(entryId.toUtf8());
+        m_records.Seek(schema::Equal, id);
+        if (m_records.NoMatch())
+            m_records.AddNew();
+        else
+            m_records.Edit();
+        m_records.SetField(IdField, id);
+        m_records.SetField(PiecesField, Packed(pieces));
+        m_records.Update();
+    });
 }

@@ -33,12 +33,18 @@ using ImportedPieces = std::set<ImportedPiece>;
 class ImportMemory
 {
 public:
-    explicit ImportMemory(const Database& planner); // the table is made with the first Keep
+    // The table is made with the first Keep. Remembers nothing where this user may not read it or make it.
+    explicit ImportMemory(const Database& planner);
 
     ImportedPieces Of(const QString& entryId);
     void Keep(const QString& entryId, const ImportedPieces& pieces);
 
 private:
+    void Open();
+    template <typename Step>
+    void IfPermitted(Step step);
+
     Database m_planner;
     Recordset m_records;
+    bool m_isPermitted = true;
 };

@@ -62,6 +62,8 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuUndo", "&Undo\tCtrl+Z"}, // these keys belong to the text, so that any text box takes them
     {Entry, "mnuRedo", "&Redo\tCtrl+Shift+Z"},
     {Entry, "mnuSelectAll", "Select &All"},
+    {Entry, "mnuEditHyphen3", "-"},
+    {Entry, "mnuVersions", "&Earlier Versions..."},
     {Top, "mnuView", "&View"},
     {Entry, "mnuMonthView", "&Month View", "Ctrl+M"},
     {Entry, "mnuWeekView", "&Week View", "Ctrl+W"},

@@ -6,7 +6,9 @@
 #include "notes/unsavednotes.h"
 #include "platform/runtime/durablefile.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <functional>
@@ -62,6 +64,7 @@ public:
     static All FindAll();
 
     const UnsavedNotes& Notes() const { return m_notes; }
+    QDateTime Written() const { return QFileInfo(m_path).lastModified(); }
     void Forget(const QString& planner); // deletes the file with its last planner
 
 private:

@@ -30,8 +30,7 @@ public:
     bool Takes(std::size_t number) const;
 
 private:
-    QWidget* MakeList();
-    QWidget* MakeSheet(const QString& caption, const char* name, RichTextBox*& box);
+    void MakeList();
     QWidget* MakeFoot();
     void TellTick(const QListWidgetItem* item);
     void ShowNote(int row);

@@ -7,8 +7,14 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
+QString NameOf(const QString& planner, const QString& key)
+{
+    return RescueFolder() + u'/' + QFileInfo(planner).completeBaseName() + u' ' + QString(key).replace(u'/', u'-');
+}
+
 QString FreeName(const QString& wanted)
 {
     const QString extension = u".rtf"_s;
@@ -24,15 +30,25 @@ QString RescueFolder()
     return folders::ApplicationDirectory() + u"/unsaved"_s;
 }
 
+QFileInfoList RescueFilesOf(const QString& planner, const QString& key)
+{
+    static const QRegularExpression ending(u"^( \\(\\d+\\))?\\.rtf$"_s);
+    const QString begin = NameOf(planner, key);
+    QFileInfoList files = QDir(RescueFolder()).entryInfoList(QDir::Files | QDir::NoSymLinks);
+    files.removeIf([&](const QFileInfo& file) {
+        return !file.filePath().startsWith(begin) || !ending.match(file.filePath().mid(begin.size())).hasMatch();
+    });
+    return files;
+}
+
 QString WriteRescueFiles(const UnsavedNotes& notes, QLatin1StringView literal)
 {
     QDir().mkpath(RescueFolder());
     QString reason;
     for (const QString& planner : notes.Planners()) {
-        const QString base = RescueFolder() + u'/' + QFileInfo(planner).completeBaseName() + u' ';
         const auto days = notes.NotesOf(planner);
         for (auto day = days.cbegin(); day != days.cend(); ++day) {
-            const QString name = FreeName(base + QString(day.key()).replace(u'/', u'-'));
+            const QString name = FreeName(NameOf(planner, day.key()));
             if (day->rtf.isEmpty() || WriteDurably(name, day->rtf, &reason)) continue;
             LogError({errors::PathFileAccess, reason}, literal);
             return reason;

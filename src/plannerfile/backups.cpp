@@ -9,7 +9,6 @@
 
 #include <QCryptographicHash>
 #include <QDir>
-#include <QMap>
 #include <QStorageInfo>
 
 namespace {
@@ -39,16 +38,11 @@ QString NameOf(const QFileInfo& planner, const QDate& day)
 }
 
 // A copy with a future date was made while the clock was wrong. Its age is unknown, so it counts as oldest.
-void RemoveOldest(const QDir& folder, const QFileInfo& planner, const QDate& today)
+void RemoveOldest(const QString& planner, const QDate& today)
 {
-    QMap<QDate, QString> copies;
-    for (const QString& name : folder.entryList({u"*.mdb"_s}, QDir::Files)) {
-        const QDate day = QDate::fromString(name.chopped(4).right(10), Qt::ISODate);
-        const bool isOurs = day.isValid() && name == NameOf(planner, day);
-        if (isOurs) copies[day > today ? QDate(1, 1, 1).addDays(today.daysTo(day)) : day] = name;
-    }
+    auto copies = BackupsOf(planner);
     while (copies.size() > CopiesKept)
-        QFile::remove(folder.filePath(copies.take(copies.firstKey())));
+        QFile::remove(copies.take(copies.lastKey() > today ? copies.lastKey() : copies.firstKey()));
 }
 
 void Copy(const QFileInfo& planner, const QString& copy)
@@ -64,7 +58,7 @@ void BackUp(const QFileInfo& planner, const QDate& day)
     const QString copy = folder.filePath(NameOf(planner, day));
     if (QFileInfo::exists(copy)) return;
     Copy(planner, copy);
-    RemoveOldest(folder, planner, day);
+    RemoveOldest(planner.filePath(), day);
 }
 } // namespace
 
@@ -77,6 +71,18 @@ QString PlaceOfBackups()
 {
     return u"Copies of your planners, one for each of the last days on which they were changed, are in %1"_s.arg(
         BackupFolder());
+}
+
+QMap<QDate, QString> BackupsOf(const QString& planner)
+{
+    const QFileInfo file(planner);
+    const QDir folder = FolderOf(file);
+    QMap<QDate, QString> copies;
+    for (const QString& name : folder.entryList({u"*.mdb"_s}, QDir::Files)) {
+        const QDate day = QDate::fromString(name.chopped(4).right(10), Qt::ISODate);
+        if (day.isValid() && name == NameOf(file, day)) copies[day] = folder.filePath(name);
+    }
+    return copies;
 }
 
 QString BackUpBeforeSave()
@@ -99,12 +105,18 @@ QString BackUpBeforeSave()
     }
 }
 
+QString BackupBeforeImportOf(const QString& planner)
+{
+    const QFileInfo info(planner);
+    return FolderOf(info).filePath(info.completeBaseName() + u" before import.mdb"_s);
+}
+
 QString BackUpBeforeImport()
 {
     if (!g_dbPlanner.ServerAddress().isEmpty()) return {};
     const QFileInfo planner(g_sNotesFile);
     try {
-        Copy(planner, FolderOf(planner).filePath(planner.completeBaseName() + u" before import.mdb"_s));
+        Copy(planner, BackupBeforeImportOf(g_sNotesFile));
         return {};
     } catch (const RunTimeError& error) {
         LogError(error, BackupTail);

@@ -2,10 +2,15 @@
 // day. The last ten of each planner are kept. Planners on a server are left to its administrator.
 #pragma once
 
+#include <QDate>
+#include <QMap>
 #include <QString>
 
 QString BackupFolder();
-QString PlaceOfBackups(); // the folder, in words for the person
+QString PlaceOfBackups();                               // the folder, in words for the person
+QMap<QDate, QString> BackupsOf(const QString& planner); // their paths, by the day before whose first save each was made
+
+QString BackupBeforeImportOf(const QString& planner); // its path, whether it is there or not
 
 // Call this before writing to the open planner. Does nothing if today's copy exists. If the copy fails, logs the error
 // and returns the reason; otherwise returns an empty text. A failed copy does not stop the save, and a copy leaves the

@@ -12,6 +12,7 @@ inline const QString Imports = u"Import Table"_s; // made by the first import
 inline const QString DateField = u"qmtDate"_s;
 inline const QString TextField = u"qmtText"_s;
 inline const QString PaddingField = u"qmtPadding"_s;
+inline const KeptTexts NoteTexts = {Notes, DateField, TextField};
 inline const QByteArray EmptiedNote = " "_ba; // a zero-length text is never stored
 
 inline const QString Equal = u"="_s; // for Seek

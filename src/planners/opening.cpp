@@ -115,6 +115,7 @@ void Opening::Adopt(const QString& file, bool exclusive)
     Database database = DBEngine::OpenDatabase(file, exclusive);
     AdoptPlanner(database, schema::OpenNotes(database), file);
     WatchForDamage(file);
+    g_dbPlanner.KeepHistory(schema::NoteTexts);
     g_dbPlanner.OnChange([this](const QString& table, const QVariant& key) { TakeChange(table, key); });
     m_notes.DropCells(); // a timer may have filled them while a question was open
     KeepStartPlanner();

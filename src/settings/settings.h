@@ -135,6 +135,9 @@ inline constexpr IntSetting ZoomTop = {u"Zoombox", u"Top", 0};
 inline constexpr IntSetting ZoomWidth = {u"Zoombox", u"Width", 6165};
 inline constexpr IntSetting ZoomHeight = {u"Zoombox", u"Height", 4665};
 
+inline constexpr IntSetting VersionsWidth = {u"VersionsForm", u"Width", 12000};
+inline constexpr IntSetting VersionsHeight = {u"VersionsForm", u"Height", 6600};
+
 inline constexpr IntSetting FindWordLeft = {u"FindWordForm", u"Left", 100};
 inline constexpr IntSetting FindWordTop = {u"FindWordForm", u"Top", 100};
 

@@ -17,6 +17,7 @@
 #include "editing/cellediting.h"
 #include "editing/cellzoom.h"
 #include "editing/dayview.h"
+#include "editing/earlierversions.h"
 #include "editing/fontcommand.h"
 #include "editing/formatting.h"
 #include "editing/picturebar.h"
@@ -111,6 +112,7 @@ struct Rooms
     Formatting formatting{controls.cells, controls.bar, heldDay, fontCommand};
     DayView dayView{controls.cells, controls.sidebar, controls.network, foot,   notes,
                     heldDay,        m_pCalendarView,  fontCommand,      journal};
+    EarlierVersions earlierVersions{controls.cells, heldDay, dayView};
     RecurringEvents recurringEvents{controls.cells, notes, m_pCalendarView, fontCommand};
     AlarmHandlers alarms{controls.cells, controls.tmAlarm, turn, heldDay};
     AlarmClock alarmClock{*controls.client};

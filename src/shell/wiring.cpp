@@ -110,6 +110,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuUndo", Run<&Rooms::formatting, &Formatting::mnuUndo_Click>},
     {"mnuRedo", Run<&Rooms::formatting, &Formatting::mnuRedo_Click>},
     {"mnuSelectAll", Run<&Rooms::formatting, &Formatting::mnuSelectAll_Click>},
+    {"mnuVersions", Run<&Rooms::earlierVersions, &EarlierVersions::mnuVersions_Click>},
     {"mnuBold", Run<&Rooms::formatting, &Formatting::mnuBold_Click>, true},
     {"mnuItalic", Run<&Rooms::formatting, &Formatting::mnuItalic_Click>, true},
     {"mnuUnderline", Run<&Rooms::formatting, &Formatting::mnuUnderline_Click>, true},

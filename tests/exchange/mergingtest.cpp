@@ -3,6 +3,7 @@
 #include "errorof.h"
 #include "exchange/changednote.h"
 #include "exchange/extraction.h"
+#include "files.h"
 #include "planners.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/longwork.h"
@@ -36,6 +37,7 @@ class MergingTest : public QObject
         return {report.added, report.changed, report.present};
     }
     QStringList m_refused;
+    QString m_name; // on the server
 
     // "3/4: a|b" for a note, "3/4 10:30 a" for an alarm, "WEEKLY 3/4 - 3/11 a" for an event; all of March 1999.
     QStringList Content() const
@@ -77,7 +79,7 @@ private Q_SLOTS:
         m_planner = MakePlanner(path);
         if (onServer) {
             m_planner.Close();
-            TestServer::Get().Take(path);
+            m_name = TestServer::Get().Take(path);
             m_planner = DBEngine::OpenDatabase(path);
         }
         SetNote(u"1999/3/4"_s, "mine");
@@ -175,6 +177,29 @@ private Q_SLOTS:
         QCOMPARE(Merge(entries), QList({0, 1, 0}));
         QCOMPARE(m_refused, QStringList());
         QCOMPARE(Content(), QStringList({u"3/4: mine|Run"_s, u"3/5: theirs|Run"_s, u"DAILY 3/4 - 3/5 Run"_s}));
+    }
+
+    // Who may write notes may import, with or without the memory.
+    void rightsOnTheServerMayBeFew()
+    {
+        QFETCH_GLOBAL(bool, onServer);
+        if (!onServer) return;
+        const QString place = u"orrelin_"_s + m_name, link = m_folders->Path(u"bob.mdb"_s);
+        TestServer::Get().Ask(u"DO $$BEGIN CREATE ROLE bob LOGIN; EXCEPTION WHEN duplicate_object THEN END$$"_s);
+        TestServer::Get().Ask(u"GRANT USAGE ON SCHEMA %1 TO bob"_s.arg(place));
+        TestServer::Get().Ask(u"GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA %1 TO bob"_s.arg(place));
+        SetContent(link, "Orrelin planner link 1\n" +
+                             TestServer::Get().Uri(m_name).replace("ann@"_L1, "bob@"_L1).toUtf8() + '\n');
+        Database own = std::exchange(m_planner, DBEngine::OpenDatabase(link));
+        QCOMPARE(Merge({Entry(u"a"_s, "Run", {u"1999/3/5"_s})}), QList({1, 0, 0}));
+        std::swap(own, m_planner);
+        QVERIFY(!m_planner.TableNames().contains(schema::Imports));
+        QCOMPARE(Merge({Entry(u"b"_s, "Swim", {u"1999/3/5"_s})}), QList({1, 0, 0}));
+        std::swap(own, m_planner);
+        QCOMPARE(Merge({Entry(u"a"_s, "Run", {u"1999/3/5"_s}), Entry(u"b"_s, "Walk", {u"1999/3/5"_s})}),
+                 QList({1, 0, 1}));
+        QCOMPARE(Content(), QStringList({u"3/4: mine"_s, u"3/5: Run|Swim|Walk"_s}));
+        own.Close();
     }
 
     void aCancelLeavesNothing()

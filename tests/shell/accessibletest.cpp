@@ -1,4 +1,5 @@
 #include "alarms/alarmtesting.h"
+#include "editing/versionsform.h"
 #include "notes/recoveryform.h"
 #include "planners/importform.h"
 #include "platform/controls/tabstrip.h"
@@ -240,6 +241,12 @@ class AccessibleTest : public QObject
                                 {u"Line 3: no day of the calendar: 1999-13-01"_s},
                                 {}};
         Look("import", ImportForm(m_program->form.get(), u"days.ics"_s, {}, {2001, 3, 17}, file, {}));
+        const QDateTime then(QDate(1999, 3, 16), QTime(9, 30));
+        Look("versions", VersionsForm(m_program->form.get(), u"Mar 17, 1999"_s, "{\\rtf1 Cake and\\par candles}",
+                                      {{{then, u"Replaced by user 'bartholomew' on machine 'accounts-office'"_s,
+                                         "{\\rtf1 Tea and\\par candles}"},
+                                        {then.addDays(-2), u"Backup"_s, "{\\rtf1 Tea}"}},
+                                       {u"'team 1999-03-12.mdb' is not a planner."_s}}));
         Look("open as", OpenAsForm(u"team.mdb"_s, m_program->form.get()));
         ShowAndPicture("start", StartUpForm());
         ShowAndPicture("exit", ExitForm());

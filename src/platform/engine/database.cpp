@@ -48,6 +48,16 @@ void Database::SaveToFile(const QString& path)
     moving::ToFile(*Live().store, path);
 }
 
+// Without a history all else works, so its failure stops nothing. A broken connection shows at the next call.
+void Database::KeepHistory(const KeptTexts& texts)
+{
+    try {
+        Live().store->KeepHistory(texts);
+    } catch (const RunTimeError&) {
+        return;
+    }
+}
+
 void Database::Close()
 {
     const std::shared_ptr<Store> store = std::exchange(Live().store, nullptr);

@@ -31,6 +31,12 @@ public:
     // Copies a planner file that is open, page by page; `path` is replaced as a whole. CouldNotSave, DiskFull,
     // InputOutput: then `path` is unchanged. NotSupported on a server.
     void BackUp(const QString& path) { Live().store->BackUp(path); }
+    // From now on a server keeps the last ten texts of each record that are replaced or deleted, by whichever program.
+    // Does nothing for a file, or if the role may not. Raises nothing.
+    void KeepHistory(const KeptTexts& texts);
+    // The kept texts of a record, the newest first. Empty if the planner has no history. BrokenConnection,
+    // ReadOnlyFile.
+    std::optional<std::vector<PastText>> PastTexts(const QString& key) const { return Live().store->PastTexts(key); }
     // Calls back after each commit of another user, from the event loop, never inside a call of the engine. Planners in
     // files never call back. Ends with Close; null removes the callback.
     void OnChange(ChangeListener listener) { Live().store->OnChange(std::move(listener)); }

@@ -105,6 +105,11 @@ Database OpenToRead(const QString& path, const QString& folder)
     return OpenDatabase(made, true);
 }
 
+Database OpenResting(const QString& path)
+{
+    return DatabaseOver(sqlitefile::OpenResting(path));
+}
+
 void DeleteDatabase(const QString& path)
 {
     OfKind(path, &StoreKind::Delete)(path);

@@ -25,6 +25,10 @@ Database OpenDatabase(const QString& path, bool exclusive = false);
 // is made in an empty folder of the caller; nothing is written beside the planner. Errors as OpenDatabase.
 Database OpenToRead(const QString& path, const QString& folder);
 
+// Opens a planner file into which nobody writes, such as a backup, where it lies. Nothing is written, in it or beside
+// it. One that was left within a write raises ReadOnlyFile, since only a writer may play back its journal.
+Database OpenResting(const QString& path);
+
 // Deletes a database and its journal. InUse if anybody, this program included, has it open. FileNotFound, ReadOnlyFile,
 // InputOutput.
 void DeleteDatabase(const QString& path);

@@ -5,6 +5,7 @@
 
 #include "platform/engine/tabledef.h"
 
+#include <QDateTime>
 #include <QVariant>
 
 #include <functional>
@@ -24,6 +25,20 @@ enum class From
 // Another user's commit: the table, and the record's key in the table's first index. A null key means any record of the
 // table, an empty table anything, for example after a break of the connection.
 using ChangeListener = std::function<void(const QString& table, const QVariant& key)>;
+
+// Where a history finds the texts to keep: a table, the field that names a record, and the field of its text.
+struct KeptTexts
+{
+    QString table, key, text;
+};
+
+// A former text of a record.
+struct PastText
+{
+    QDateTime replaced; // local time
+    QString by;         // who replaced or deleted it, as sessionname::Person
+    QByteArray text;
+};
 
 class Store
 {
@@ -85,6 +100,10 @@ public:
     virtual void BeginWrite() = 0;
     virtual void Commit() = 0; // after an error no transaction is open and nothing is written
     virtual void Rollback() = 0;
+
+    // Database::KeepHistory and PastTexts.
+    virtual void KeepHistory(const KeptTexts&) {}
+    virtual std::optional<std::vector<PastText>> PastTexts(const QString&) { return {}; }
 
     virtual void BackUp(const QString& path) = 0; // Database::BackUp
     virtual void Refresh() = 0;                   // for Idle

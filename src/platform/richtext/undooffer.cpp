@@ -20,7 +20,9 @@ void CopyParagraphs(QTextDocument& document, const QTextDocument& from)
     }
 }
 
-void Replace(QTextDocument& document, const QTextDocument& by)
+} // namespace
+
+void ReplaceText(QTextDocument& document, const QTextDocument& by)
 {
     QTextCursor all(&document);
     all.beginEditBlock();
@@ -30,7 +32,6 @@ void Replace(QTextDocument& document, const QTextDocument& by)
     CopyParagraphs(document, by);
     all.endEditBlock();
 }
-} // namespace
 
 void OfferByUndo(RichTextBox& box, const QTextDocument& text)
 {
@@ -40,8 +41,8 @@ void OfferByUndo(RichTextBox& box, const QTextDocument& text)
     const bool isSaved = !box.Modified();
     const QByteArray rtf = isSaved ? box.TextRTF() : QByteArray();
     const int start = box.SelStart(), length = box.SelLength();
-    Replace(document, text);
-    Replace(document, *shown);
+    ReplaceText(document, text);
+    ReplaceText(document, *shown);
     if (isSaved) box.MarkSaved(rtf);
     box.SetSelStart(start);
     box.SetSelLength(length);

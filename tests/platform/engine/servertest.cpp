@@ -26,6 +26,15 @@ class ServerTest : public QObject
     {
         return ErrorOf([&] { DBEngine::OpenDatabase(m_path); }, text);
     }
+    static void KeepHistory(Database& database) { database.KeepHistory({u"QMT Table"_s, u"qmtDate"_s, u"qmtText"_s}); }
+    QByteArray Past(const Database& database) const
+    {
+        QByteArrayList texts;
+        const auto kept = database.PastTexts(m_key);
+        for (const PastText& past : *kept)
+            texts += past.text;
+        return texts.join(' ');
+    }
     void StartEdit(Recordset& days, const QByteArray& text) const
     {
         days.Seek(u"="_s, m_key);
@@ -123,6 +132,74 @@ private Q_SLOTS:
         days.Seek(u"="_s, m_key);
         days.Edit();
         QCOMPARE(ErrorOf([&] { database.Append({u"New"_s, {{u"a"_s, dbMemo}}, {}}); }), ReadOnlyFile);
+    }
+
+    void WhatIsReplacedIsKept()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        QVERIFY(!database.PastTexts(m_key));
+        KeepHistory(database);
+        OtherProgram other; // writes like a program that knows no history
+        other.Open(m_path, false);
+        for (int text = 1; text <= 12; ++text)
+            QCOMPARE(other.Do({u"write"_s, m_key, QString::number(text)}), u"0"_s);
+        QCOMPARE(Past(database), QByteArray("11 10 9 8 7 6 5 4 3 2"));
+        const PastText newest = database.PastTexts(m_key)->front();
+        QCOMPARE(newest.by + u'.', OtherProgram::Name());
+        QVERIFY(newest.replaced.isValid());
+        QVERIFY(qAbs(newest.replaced.secsTo(QDateTime::currentDateTime())) < 1800); // in local time
+        QCOMPARE(database.PastTexts(u"other"_s)->size(), std::size_t(0));
+        QCOMPARE(database.TableNames(), QStringList(u"QMT Table"_s));
+        const QString file = m_path + u".saved.mdb"_s;
+        database.SaveToFile(file);
+        QCOMPARE(DBEngine::OpenDatabase(file).TableNames(), QStringList(u"QMT Table"_s));
+    }
+
+    void OnlyWhatDiffersAndStaysIsKept()
+    {
+        Database database = DBEngine::OpenDatabase(m_path);
+        KeepHistory(database);
+        KeepHistory(database);
+        Recordset days = Days(database);
+        Write(days, m_key, "old");
+        QCOMPARE(Past(database), QByteArray());
+        {
+            const WriteTransaction givenUp(database);
+            Write(days, m_key, "lost");
+        }
+        QCOMPARE(Past(database), QByteArray());
+        Write(days, m_key, " "); // as a day is emptied
+        days.Seek(u"="_s, m_key);
+        days.Delete();
+        QCOMPARE(Past(database), QByteArray("old"));
+        Write(days, m_key, "again");
+        days.Seek(u"="_s, m_key);
+        days.Delete();
+        QCOMPARE(Past(database), QByteArray("again old"));
+        Write(days, m_key, "new");
+        TestServer::Get().Ask(u"DROP TABLE orrelin_%1.\"planner history\""_s.arg(m_planner));
+        Write(days, m_key, "newer"); // a lost history stops no save
+        QCOMPARE(Read(days, m_key), QByteArray("newer"));
+    }
+
+    void AHistoryIsBegunByTheOwnerAndReadByAll()
+    {
+        for (const char* sql : {"CREATE ROLE carl LOGIN", "GRANT USAGE ON SCHEMA orrelin_%1 TO carl",
+                                "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA orrelin_%1 TO carl"})
+            TestServer::Get().Ask(QString::fromLatin1(sql).replace("%1"_L1, m_planner));
+        Database owners = DBEngine::OpenDatabase(m_path);
+        Link(TestServer::Get().Uri(m_planner).replace("ann@"_L1, "carl@"_L1));
+        Database database = DBEngine::OpenDatabase(m_path);
+        KeepHistory(database);
+        QVERIFY(!database.PastTexts(m_key));
+        KeepHistory(owners);
+        Recordset days = Days(database);
+        Write(days, m_key, "his");
+        QCOMPARE(Past(database), QByteArray("old"));
+        const QStringList rights = TestServer::Get().Ask(
+            u"SELECT has_table_privilege('carl', 'orrelin_%1.\"planner history\"', 'INSERT, UPDATE, DELETE') "
+            "OR has_function_privilege('carl', 'orrelin_%1.\"keep history\"()', 'EXECUTE')"_s.arg(m_planner));
+        QCOMPARE(rights, QStringList(u"false"_s));
     }
 
     void ANewerPlannerIsLeftAlone()

@@ -5,8 +5,8 @@
 
 namespace postgres {
 // A memo is bytes, since the server's texts allow neither a zero byte nor invalid UTF-8. Text is searched by ASCII
-// letters only: other bytes become digits after a backslash. The table that marks a schema as a planner is not one of
-// its tables.
+// letters only: other bytes become digits after a backslash. The tables that mark a schema as a planner and keep its
+// history are not among its tables.
 inline constexpr SqlDialect Dialect = {
     .types = {{{dbBoolean, "boolean"_L1},
                {dbLong, "integer"_L1},
@@ -27,7 +27,8 @@ inline constexpr SqlDialect Dialect = {
     .beginRead = "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"_L1,
     .beginWrite = "BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE"_L1,
     .tables = "SELECT c.oid, c.relname FROM pg_class AS c JOIN pg_namespace AS n ON n.oid = c.relnamespace "
-              "WHERE n.nspname = '%1' AND c.relkind = 'r' AND c.relname <> 'planner format' ORDER BY c.oid"_L1,
+              "WHERE n.nspname = '%1' AND c.relkind = 'r' AND c.relname NOT IN ('planner format', 'planner history') "
+              "ORDER BY c.oid"_L1,
     .columns = "SELECT attname, format_type(atttypid, atttypmod) FROM pg_attribute "
                "WHERE attrelid = $1::oid AND attnum > 0 AND NOT attisdropped ORDER BY attnum"_L1,
     .indexes = "SELECT own.relname, i.indisunique, part.attname, i.indoption[0] & 1 FROM pg_index AS i "

@@ -2,6 +2,7 @@
 
 #include "platform/engine/enginerefusals.h"
 #include "platform/engine/postgres/postgresdialect.h"
+#include "platform/engine/postgres/postgreshistory.h"
 #include "platform/engine/postgres/postgresschema.h"
 
 #include <QScopeGuard>
@@ -190,6 +191,16 @@ void PostgresStore::BeginWrite()
     m_planner = Planner::Existing;
     Welcome();
     rollback.dismiss();
+}
+
+void PostgresStore::KeepHistory(const KeptTexts& texts)
+{
+    postgreshistory::Begin(m_connection, m_schema, m_text, texts);
+}
+
+std::optional<std::vector<PastText>> PostgresStore::PastTexts(const QString& key)
+{
+    return postgreshistory::Of(m_connection, m_text, key);
 }
 
 void PostgresStore::BackUp(const QString&)

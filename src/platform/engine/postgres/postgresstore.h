@@ -32,6 +32,8 @@ public:
     void TryLock(const TableDef& table, qint64 id) override;
     void Expect(const TableDef& table, const Index& index, const QVariantList& keys) override;
     void BeginWrite() override;
+    void KeepHistory(const KeptTexts& texts) override;
+    std::optional<std::vector<PastText>> PastTexts(const QString& key) override;
     void BackUp(const QString& path) override;
     void Refresh() override { m_connection.Listen(); }
     void OnChange(ChangeListener listener) override { m_changes.SetListener(std::move(listener)); }

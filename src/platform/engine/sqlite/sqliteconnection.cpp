@@ -41,19 +41,20 @@ RunTimeError ReadOnlyError(const QString& name)
     return {ReadOnlyFile, u"Could not write '%1': the file or its folder is read-only."_s.arg(name)};
 }
 
-SQLite::Database Open(const QString& path, const QString& name)
+SQLite::Database Open(const QString& path, const QString& name, bool mayWrite)
 {
     try {
         // Without CREATE, since a new empty file would pass for an empty planner.
-        return SQLite::Database(QFile::encodeName(path).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        return SQLite::Database(QFile::encodeName(path).toStdString(),
+                                (mayWrite ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY) | SQLite::OPEN_NOMUTEX);
     } catch (const SQLite::Exception& error) {
         throw RunTimeErrorOf(error, Doing::Reading, name);
     }
 }
 } // namespace
 
-SqliteConnection::SqliteConnection(const QString& path)
-    : SqlConnection(sqlite::Dialect, QFileInfo(path).fileName()), m_path(path), m_database(Open(path, m_name))
+SqliteConnection::SqliteConnection(const QString& path, bool mayWrite)
+    : SqlConnection(sqlite::Dialect, QFileInfo(path).fileName()), m_path(path), m_database(Open(path, m_name, mayWrite))
 {
     // The file may come from anywhere. Nothing in its schema may run with this program's rights.
     m_database.tryExec("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");

@@ -13,7 +13,8 @@
 class SqliteConnection final : public SqlConnection
 {
 public:
-    explicit SqliteConnection(const QString& path); // an existing file; reads nothing yet. ReadOnlyFile
+    // An existing file; reads nothing yet. ReadOnlyFile. Without mayWrite nothing is written, nor a journal beside it.
+    explicit SqliteConnection(const QString& path, bool mayWrite = true);
 
     // Raises the file's errors (NotADatabase, ReadOnlyFile) without waiting for others. Raises nothing if others have
     // locked the whole file.

@@ -80,7 +80,7 @@ constinit const SqlDialect Dialect = {
     .beginRead = "BEGIN"_L1,
     .beginWrite = "BEGIN IMMEDIATE"_L1,
     .tables = "SELECT rowid, name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' "
-              "ORDER BY rowid"_L1,
+              "AND name <> 'planner history' ORDER BY rowid"_L1,
     .columns = "SELECT part.name, part.type FROM sqlite_schema AS own JOIN pragma_table_info(own.name) AS part "
                "WHERE own.rowid = ?1 ORDER BY part.cid"_L1,
     .indexes = "SELECT list.name, list.\"unique\", part.name, part.desc FROM sqlite_schema AS own "

@@ -116,6 +116,12 @@ std::shared_ptr<Store> Open(const QString& path, bool exclusive)
     return std::make_shared<SqliteStore>(RealPath(path), exclusive, SqliteStore::File::Planner);
 }
 
+std::shared_ptr<Store> OpenResting(const QString& path)
+{
+    StatusOfFile(path);
+    return std::make_shared<SqliteStore>(RealPath(path), false, SqliteStore::File::Resting);
+}
+
 std::shared_ptr<Store> Create(const QString& path)
 {
     // The library cannot refuse an existing file, and no file may ever be truncated.

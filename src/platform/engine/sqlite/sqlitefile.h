@@ -12,6 +12,7 @@ class Store;
 // of DBEngine that call these.
 namespace sqlitefile {
 std::shared_ptr<Store> Open(const QString& path, bool exclusive);
+std::shared_ptr<Store> OpenResting(const QString& path); // nobody writes into it; only look-ups
 std::shared_ptr<Store> Create(const QString& path);
 // Makes a new planner file with what is written into it, in one transaction. If that fails, `path` is not made.
 void CreateFilled(const QString& path, const std::function<void(Store&)>& write);

@@ -56,7 +56,11 @@ bool IsSound(SQLite::Database& copy)
 
 SqliteStore::SqliteStore(const QString& path, bool exclusive, File file) : SqlStore(sqlite::Dialect), m_path(path)
 {
-    m_connection.emplace(path);
+    m_connection.emplace(path, file != File::Resting);
+    if (file == File::Resting) {
+        m_connection->CheckHead();
+        return;
+    }
     if (file == File::Claimed) {
         m_connection->SetUp();
         m_connection->CheckHead();

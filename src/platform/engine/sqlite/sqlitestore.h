@@ -13,6 +13,7 @@ public:
     {
         Planner,
         Claimed, // claimed by the caller; read without locks of its own
+        Resting, // nobody writes into it; nothing is written, in it or beside it
         Empty    // just made; gets an empty planner
     };
 
