@@ -44,13 +44,6 @@ QString HtmlOf(const CalendarPart& entry)
     return link.startsWith(Data) ? CalendarText(QByteArray::fromPercentEncoding(link.sliced(Data.size()))) : QString();
 }
 
-// No image, since one may name a file of this machine.
-QByteArray RtfOf(QString html, const QFont& font)
-{
-    static const QRegularExpression image(u"<(\\s*)im(?=a?ge?\\b)"_s, QRegularExpression::CaseInsensitiveOption);
-    return html.isEmpty() ? QByteArray() : ReadHtml(html.replace(image, u"<\\1no"_s), FormatOf(font), {}).rtf;
-}
-
 QString FirstLine(const QString& text)
 {
     return text.trimmed().section(u'\n', 0, 0).simplified();
@@ -65,7 +58,7 @@ CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, QTextDocument&
     m_text.truncate(Most);
     const bool isHtml = !isOwn && LooksLikeHtml(m_text);
     const QString html = isHtml ? QString(m_text).replace(u'\n', u"<br>"_s) : HtmlOf(entry);
-    if (isOwn || isHtml || m_text.trimmed().isEmpty()) m_rtf = RtfOf(html, document.defaultFont());
+    if (!html.isEmpty() && (isOwn || isHtml || m_text.trimmed().isEmpty())) m_rtf = RtfOf(html);
     m_title = PropertyText(entry, "SUMMARY").simplified();
     if (isOwn)
         TakeOwn();
@@ -75,6 +68,20 @@ CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, QTextDocument&
     constexpr qsizetype Longest = 1000;
     m_isCut = m_isCut || m_title.size() > Longest;
     m_title.truncate(Longest);
+}
+
+// Without images, since one may name a file of this machine. What is too much keeps its words only.
+QByteArray CalendarBody::RtfOf(QString html)
+{
+    static const QRegularExpression image(u"<(\\s*)im(?=a?ge?\\b)"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression tag(u"<[^<>]*>"_s);
+    m_room.html -= html.size();
+    html.replace(image, u"<\\1no"_s);
+    const QByteArray rtf = m_room.html > 0 ? ReadHtml(html, FormatOf(m_document.defaultFont()), {}).rtf : QByteArray();
+    if (!rtf.isEmpty()) return rtf;
+    if (!m_isOwn) m_text = html.remove(tag).trimmed();
+    m_isCut = m_isCut || !m_text.isEmpty();
+    return {};
 }
 
 void CalendarBody::TakeForeign(const QString& place)

@@ -42,6 +42,8 @@ struct CalendarFamily
 {
     const CalendarPart* master = nullptr;
     std::map<QByteArray, const CalendarPart*> changes; // by the occurrence
+
+    int Line() const { return (master ? master : changes.begin()->second)->line; }
 };
 using CalendarFamilies = std::map<std::pair<QByteArray, QByteArray>, CalendarFamily>; // by kind and uid
 
@@ -95,6 +97,8 @@ public:
 
     void Add(const CalendarFamily& family)
     {
+        if (m_room.IsFull())
+            return m_reading.faults.Add(family.Line(), u"There are too many days before this entry."_s);
         std::vector<const CalendarPart*> changes;
         for (const auto& [occurrence, change] : family.changes)
             changes.push_back(change);
@@ -147,7 +151,7 @@ private:
         QStringList remarks = series.remarks;
         Judge(entry, imported, remarks);
         if (!series.start.zone->isKnown) remarks += u"Its time zone is unknown: the time is taken as it stands."_s;
-        if (body.IsCut()) remarks += u"Its text is cut."_s;
+        if (body.IsCut()) remarks += u"Its text is shortened."_s;
         Place(entry, series, own, body, imported, remarks);
         imported.remark = remarks.join(u' ');
         if (!imported.notes.empty() || !imported.alarms.empty()) m_entries.push_back(std::move(imported));
