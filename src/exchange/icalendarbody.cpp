@@ -26,10 +26,10 @@ QString DescriptionOf(const CalendarPart& entry)
     return texts.join(u'\n');
 }
 
-// Some calendars write HTML as if it were plain text.
+// Some calendars write HTML as if it were plain text. An address, <a@example.org>, is none.
 bool LooksLikeHtml(const QString& text)
 {
-    static const QRegularExpression tag(u"<(br|p|a|b|i|u|ul|ol|li|div|span|html)\\b[^<>]*>"_s,
+    static const QRegularExpression tag(u"<(br|p|a|b|i|u|ul|ol|li|div|span|html)(\\s[^<>]*|/)?>"_s,
                                         QRegularExpression::CaseInsensitiveOption);
     return tag.match(text).hasMatch();
 }

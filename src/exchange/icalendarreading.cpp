@@ -170,8 +170,16 @@ private:
         imported.id = NewId(entry);
         imported.title = HeadOf(days.front(), body.Title());
         if (!isAlarm) imported.notes = NotesOf(days, body, m_room, remarks);
-        imported.alarms = AlarmsOf(entry, spans, body, m_room, m_reading, remarks);
+        const CalendarPart* const alarms = isAlarm ? &AtStart() : &entry;
+        imported.alarms = AlarmsOf(*alarms, spans, body, m_room, m_reading, remarks);
         if (own) Restore(*own, body, imported);
+    }
+
+    // Some calendars lose the alarms of what they export, but an alarm of our own is nothing else.
+    static const CalendarPart& AtStart()
+    {
+        static const CalendarPart part{{}, 0, {}, {}, {{"VALARM", 0, {}, {{0, "TRIGGER", {}, "PT0S"}}, {}}}};
+        return part;
     }
 
     static void Restore(const OwnCalendarEntry& own, const CalendarBody& body, ImportedEntry& imported)
