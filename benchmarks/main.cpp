@@ -82,6 +82,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddPrintRow(add, ours);
     AddWorkgroupRows(add, addMemory, planner);
     AddEventRows(add);
+    AddExchangeRows(add, planner);
     AddAlarmRows(add, ours.Box(1));
     const int failed = Print(choice, names);
     const double megabytes = double(QFileInfo(planner).size()) / 1e6;

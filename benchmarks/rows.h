@@ -19,4 +19,5 @@ void AddWallpaperRows(const TakeRow& add, PlannerWindow& ours, const QString& pl
 void AddPrintRow(const TakeRow& add, PlannerWindow& ours);
 void AddWorkgroupRows(const TakeRow& add, const AddMemory& addMemory, const QString& planner);
 void AddEventRows(const TakeRow& add);
+void AddExchangeRows(const TakeRow& add, const QString& planner);
 void AddAlarmRows(const TakeRow& add, QWidget& client);

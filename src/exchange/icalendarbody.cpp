@@ -4,7 +4,6 @@
 #include "platform/richtext/htmlnote.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
-#include "platform/richtext/selectionformat.h"
 
 #include <QRegularExpression>
 #include <QTextBlock>
@@ -50,8 +49,9 @@ QString FirstLine(const QString& text)
 }
 } // namespace
 
-CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, QTextDocument& document, CalendarRoom& room)
-    : m_document(document), m_room(room), m_text(DescriptionOf(entry)), m_isOwn(isOwn)
+CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, const QTextCharFormat& form, QTextDocument& document,
+                           CalendarRoom& room)
+    : m_form(form), m_document(document), m_room(room), m_text(DescriptionOf(entry)), m_isOwn(isOwn)
 {
     constexpr qsizetype Most = 400'000;
     m_isCut = m_text.size() > Most;
@@ -77,7 +77,7 @@ QByteArray CalendarBody::RtfOf(QString html)
     static const QRegularExpression tag(u"<[^<>]*>"_s);
     m_room.html -= html.size();
     html.replace(image, u"<\\1no"_s);
-    const QByteArray rtf = m_room.html > 0 ? ReadHtml(html, FormatOf(m_document.defaultFont()), {}).rtf : QByteArray();
+    const QByteArray rtf = m_room.html > 0 ? ReadHtml(html, m_form, {}).rtf : QByteArray();
     if (!rtf.isEmpty()) return rtf;
     if (!m_isOwn) m_text = html.remove(tag).trimmed();
     m_isCut = m_isCut || !m_text.isEmpty();
@@ -123,12 +123,8 @@ QByteArray CalendarBody::Below(const QString& line)
     if (!made.isEmpty()) return made;
     const QString text = head.isEmpty() || m_text.isEmpty() ? head + m_text : head + u'\n' + m_text;
     m_document.clear();
-    if (m_rtf.isEmpty()) {
-        m_document.setPlainText(text);
-    } else {
-        ReadRtf(m_rtf, m_document);
-        if (!text.isEmpty()) QTextCursor(&m_document).insertText(text + u'\n', FormatOf(m_document.defaultFont()));
-    }
+    if (!m_rtf.isEmpty()) ReadRtf(m_rtf, m_document);
+    if (!text.isEmpty()) QTextCursor(&m_document).insertText(m_rtf.isEmpty() ? text : text + u'\n', m_form);
     made = WriteRtf(m_document);
     m_room.bytes -= made.size();
     return made;

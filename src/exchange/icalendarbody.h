@@ -3,8 +3,8 @@
 
 #include "exchange/icalendartext.h"
 
-#include <QFont>
 #include <QHash>
+#include <QTextCharFormat>
 #include <QTextDocument>
 
 // What the texts and days of a file may take.
@@ -20,8 +20,10 @@ struct CalendarRoom
 class CalendarBody
 {
 public:
-    // Of Orrelin's own entries the description is the whole text. The document is only worked with.
-    CalendarBody(const CalendarPart& entry, bool isOwn, QTextDocument& document, CalendarRoom& room);
+    // Of Orrelin's own entries the description is the whole text. Text without a form of its own gets this one. The
+    // document is only worked with.
+    CalendarBody(const CalendarPart& entry, bool isOwn, const QTextCharFormat& form, QTextDocument& document,
+                 CalendarRoom& room);
 
     const QString& Title() const { return m_title; }
     bool IsBlank() const { return m_text.trimmed().isEmpty() && m_rtf.isEmpty(); } // below the title
@@ -34,6 +36,7 @@ private:
     void TakeOwn();
     void DropFirstLine();
 
+    const QTextCharFormat& m_form;
     QTextDocument& m_document;
     CalendarRoom& m_room;
     QString m_title, m_text;

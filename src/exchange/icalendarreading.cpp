@@ -9,8 +9,6 @@
 #include <map>
 
 namespace {
-constexpr qsizetype MostBytes = 64 << 20;
-
 QByteArray ContentOf(const CalendarPart& entry)
 {
     QByteArray content = entry.kind;
@@ -89,10 +87,11 @@ class CalendarImport
 {
 public:
     CalendarImport(const CalendarParts& parts, const ImportChoices& choices, CalendarFaults& faults)
-        : m_reading{CalendarZones(choices.zone, parts.zones, m_time), m_time, choices.endlessUntil, faults}
+        : m_reading{CalendarZones(choices.zone, parts.zones, m_time), m_time, choices.endlessUntil, faults},
+          m_form(choices.form)
     {
         m_document.setUndoRedoEnabled(false);
-        m_document.setDefaultFont(choices.font);
+        m_document.setDefaultFont(m_form.font());
     }
 
     void Add(const CalendarFamily& family)
@@ -142,7 +141,7 @@ private:
     {
         if (series.spans.empty()) return;
         const auto own = OwnEntryOf(entry, series);
-        CalendarBody body(entry, own.has_value(), m_document, m_room);
+        CalendarBody body(entry, own.has_value(), m_form, m_document, m_room);
         if (own && body.IsBlank() && own->kind != OwnKind::Alarm)
             return m_reading.faults.Add(entry.line, u"A note of pictures only, which calendars do not keep."_s);
         ImportedEntry imported;
@@ -206,6 +205,7 @@ private:
     RuleTime m_time;
     CalendarReading m_reading;
     CalendarRoom m_room;
+    QTextCharFormat m_form;
     QTextDocument m_document;
     QSet<QString> m_ids;
     std::vector<ImportedEntry> m_entries;
@@ -233,10 +233,6 @@ CalendarParts PartsOf(const QByteArray& file, CalendarFaults& faults)
 ImportedFile ReadICalendar(const QByteArray& file, const ImportChoices& choices)
 {
     ImportedFile imported;
-    if (file.size() > MostBytes) {
-        imported.refusal = u"The file is larger than %1 MB."_s.arg(MostBytes >> 20);
-        return imported;
-    }
     CalendarFaults faults;
     const CalendarParts parts = PartsOf(file, faults);
     const longwork::Part part(0.2, 1);

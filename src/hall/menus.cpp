@@ -50,6 +50,7 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuExit", "E&xit", "Ctrl+Q"},
     {Entry, "mnuFileHyphen2", "-"},
     {Entry, "mnuExport", "&Export..."},
+    {Entry, "mnuImport", "&Import..."},
     {Top, "mnuEdit", "&Edit"},
     {Entry, "mnuCut", "Cu&t", "Ctrl+X"},
     {Entry, "mnuCopy", "&Copy", "Ctrl+C"},

@@ -51,14 +51,19 @@ void RemoveOldest(const QDir& folder, const QFileInfo& planner, const QDate& tod
         QFile::remove(folder.filePath(copies.take(copies.firstKey())));
 }
 
+void Copy(const QFileInfo& planner, const QString& copy)
+{
+    QDir().mkpath(FolderOf(planner).path());
+    RefuseWithoutRoom(planner);
+    g_dbPlanner.BackUp(copy);
+}
+
 void BackUp(const QFileInfo& planner, const QDate& day)
 {
     const QDir folder = FolderOf(planner);
     const QString copy = folder.filePath(NameOf(planner, day));
     if (QFileInfo::exists(copy)) return;
-    QDir().mkpath(folder.path());
-    RefuseWithoutRoom(planner);
-    g_dbPlanner.BackUp(copy);
+    Copy(planner, copy);
     RemoveOldest(folder, planner, day);
 }
 } // namespace
@@ -91,5 +96,18 @@ QString BackUpBeforeSave()
         LogError(error, BackupTail);
         g_lastLook.nextTry = now.addSecs(Pause);
         return g_lastLook.trouble = error.Description;
+    }
+}
+
+QString BackUpBeforeImport()
+{
+    if (!g_dbPlanner.ServerAddress().isEmpty()) return {};
+    const QFileInfo planner(g_sNotesFile);
+    try {
+        Copy(planner, FolderOf(planner).filePath(planner.completeBaseName() + u" before import.mdb"_s));
+        return {};
+    } catch (const RunTimeError& error) {
+        LogError(error, BackupTail);
+        return error.Description;
     }
 }

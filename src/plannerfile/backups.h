@@ -11,3 +11,7 @@ QString PlaceOfBackups(); // the folder, in words for the person
 // and returns the reason; otherwise returns an empty text. A failed copy does not stop the save, and a copy leaves the
 // room that the save needs. A damaged planner pushes out no older copy.
 QString BackUpBeforeSave();
+
+// Copies the open planner as it is now, in place of the copy before the last import. Returns why it cannot, else an
+// empty text. Does nothing for a planner on a server.
+QString BackUpBeforeImport();

@@ -7,6 +7,7 @@ namespace schema {
 inline const QString Notes = u"QMT Table"_s;
 inline const QString Alarms = u"Alarm Table"_s;
 inline const QString Recursions = u"Recursion Table"_s;
+inline const QString Imports = u"Import Table"_s; // made by the first import
 
 inline const QString DateField = u"qmtDate"_s;
 inline const QString TextField = u"qmtText"_s;

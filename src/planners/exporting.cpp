@@ -3,14 +3,13 @@
 #include "exchange/exportfile.h"
 #include "hall/cells.h"
 #include "hall/foot.h"
-#include "notes/qmtdb.h"
 #include "planners/exportform.h"
 #include "planners/opening.h"
+#include "planners/savedcells.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
-#include "state/lockedday.h"
 #include "state/modshow.h"
 #include "state/plannerstate.h"
 #include "state/refusals.h"
@@ -57,21 +56,12 @@ QString Exporting::NameOfShown() const
     return u"The &shown %1"_s.arg(view);
 }
 
-// An unsaved note would be missing in the file.
-bool Exporting::SaveCells()
-{
-    if (!m_lockedDay.Commit()) return false;
-    m_notes.subUpdateQMTDatabase();
-    if (!m_notes.HasChanges()) return true;
-    messages::Tell(u"Some notes could not be saved yet. Please save them before you export."_s, msgbox::Exclamation);
-    return false;
-}
-
 void Exporting::mnuExport_Click()
 {
     if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
     ExportForm form(OwnerOfDialog(), ShownDays(), NameOfShown());
-    if (form.exec() == QDialog::Accepted && SaveCells()) Export(form.Span(), form.Format());
+    if (form.exec() == QDialog::Accepted && SaveCellsBefore("export", m_notes, m_lockedDay))
+        Export(form.Span(), form.Format());
 }
 
 void Exporting::Export(const std::optional<DaySpan>& span, const ExportFormat& format)

@@ -23,7 +23,6 @@ public:
 private:
     DaySpan ShownDays() const;
     QString NameOfShown() const;
-    bool SaveCells();
     void Export(const std::optional<DaySpan>& span, const ExportFormat& format);
 
     Cells& m_cells;

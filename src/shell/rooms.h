@@ -30,6 +30,7 @@
 #include "notes/turn.h"
 #include "planners/creation.h"
 #include "planners/exporting.h"
+#include "planners/importing.h"
 #include "planners/maintenance.h"
 #include "planners/networkmode.h"
 #include "planners/noplanner.h"
@@ -117,6 +118,7 @@ struct Rooms
     ExitSave exitSave{controls.cells, notes, journal, heldDay};
     Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
     Exporting exporting{controls.cells, foot, m_pCalendarView, notes, heldDay};
+    Importing importing{foot, notes, heldDay};
     ServerMove serverMove{controls.FontDialog, opening, heldDay};
     WorkgroupHandlers workgroup{controls.cells, controls.network, turn, heldDay, dayView, serverMove};
     WallpaperCommands wallpaper{controls.cells, controls.bottom, m_pCalendarView, *controls.lblDateDiff, controls.card};

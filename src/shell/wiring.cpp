@@ -61,6 +61,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuCompact", Run<&Rooms::maintenance, &Maintenance::mnuCompact_Click>},
     {"mnuRepair", Run<&Rooms::maintenance, &Maintenance::mnuRepair_Click>},
     {"mnuExport", Run<&Rooms::exporting, &Exporting::mnuExport_Click>},
+    {"mnuImport", Run<&Rooms::importing, &Importing::mnuImport_Click>},
     {"mnuPageSetup", Run<&Rooms::printing, &Printing::mnuPageSetup_Click>},
     {"mnuPrintSetup", Run<&Rooms::printing, &Printing::mnuPrintSetup_Click>},
     {"mnuPrint", Run<&Rooms::printing, &Printing::mnuPrint_Click>},

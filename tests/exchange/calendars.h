@@ -3,13 +3,14 @@
 
 #include "exchange/readers.h"
 #include "platform/richtext/rtfreader.h"
+#include "platform/richtext/selectionformat.h"
 
 #include <QTextDocument>
 
 namespace calendars {
 inline ImportedFile Read(const QByteArray& file)
 {
-    return ReadICalendar(file, {QFont(u"Arial"_s, 8), QTimeZone("Europe/Berlin"), {2024, 3, 31}});
+    return ReadICalendar(file, {FormatOf(QFont(u"Arial"_s, 8)), QTimeZone("Europe/Berlin"), {2024, 3, 31}, {}});
 }
 
 inline QString PlainText(const QByteArray& rtf)

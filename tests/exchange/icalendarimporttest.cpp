@@ -120,7 +120,6 @@ private Q_SLOTS:
                  {"a card", "BEGIN:VCARD\nEND:VCARD", u"Line 1 is not iCalendar: \"BEGIN:VCARD\""_s},
                  {"no entry", Calendar(""), undated},
                  {"no date", Calendar(Event("DTSTART:x")), undated + u" Line 4: \"Meet\" has no real date: \"x\""_s},
-                 {"too large", QByteArray((64 << 20) + 1, 'x'), u"The file is larger than 64 MB."_s},
              }) {
             const InRow row(this, what);
             QCOMPARE(Read(file).refusal, refusal);

@@ -2,7 +2,7 @@
 
 #include "errorof.h"
 #include "exchange/notewalk.h"
-#include "exchange/plaintext.h"
+#include "exchange/readers.h"
 #include "platform/richtext/rtfwriter.h"
 #include "testmain.h"
 
@@ -79,40 +79,10 @@ class WritersTest : public QObject
         return "{\\pict\\pngblip\\picw2\\pich2\\picwgoal480\\pichgoal240 " + PictureFile().toHex() + '}';
     }
 
-    static QStringList ReadPlainText(const QByteArray& file)
-    {
-        QStringList texts;
-        for (const QString& line : QString::fromUtf8(file).chopped(1).split(u'\n')) {
-            const bool looks = LooksLikeHeading(line);
-            if (looks && !line.startsWith(u'\\'))
-                texts.emplace_back();
-            else
-                texts.last() += (looks ? line.sliced(1) : line) + u'\n';
-        }
-        for (QString& text : texts)
-            text = text.sliced(text.indexOf(u'\n') + 1).chopped(2);
-        return texts;
-    }
-
     static QStringList NotesOf(const QByteArray& markdown)
     {
         static const QRegularExpression heading(u"\n\n## .*\n\n"_s);
         return QString::fromUtf8(markdown).chopped(1).split(heading).sliced(1);
-    }
-
-    static QString Decoded(const QString& markdown)
-    {
-        static const QRegularExpression token(uR"((\\\n|<br/>)|\\(.)|&(\w+);|&#(\d+);|</?[bis]>|[*~])"_s);
-        static const QHash<QString, QString> names{{u"nbsp"_s, u" "_s}, {u"lt"_s, u"<"_s}, {u"amp"_s, u"&"_s}};
-        QString text;
-        qsizetype at = 0;
-        for (const QRegularExpressionMatch& match : token.globalMatch(markdown)) {
-            text += markdown.sliced(at, match.capturedStart() - at) + match.captured(2) + names[match.captured(3)];
-            if (match.hasCaptured(1)) text += u'\n';
-            if (match.hasCaptured(4)) text += QChar(match.captured(4).toInt());
-            at = match.capturedEnd();
-        }
-        return text + markdown.sliced(at);
     }
 
     // The characters but blanks, each behind its styles.
@@ -131,16 +101,56 @@ class WritersTest : public QObject
     }
 
 private Q_SLOTS:
-    void textsAreExact()
+    // Into a new planner an import brings what an export took out of another.
+    void textsComeBack()
     {
         const Extract extract = RandomExtract();
-        const QStringList plain = ReadPlainText(WritePlainText(extract, {}));
-        const QStringList markdown = NotesOf(WriteMarkdown(extract, {}));
-        ForEachNote(extract, [&, i = 0](const ExtractedNote&, const QTextDocument& note) mutable {
-            QCOMPARE(plain.value(i), note.toPlainText());
-            QCOMPARE(Decoded(markdown.value(i)), note.toPlainText());
+        const auto add = [](const QByteArray&) { return QString(); };
+        const ImportedFile plain = ReadPlainText(WritePlainText(extract, add), {});
+        const ImportedFile markdown = ReadMarkdown(WriteMarkdown(extract, add), {});
+        QCOMPARE(plain.leftOut + markdown.leftOut, QStringList());
+        size_t i = 0;
+        QTextDocument read;
+        ForEachNote(extract, [&](const ExtractedNote& written, const QTextDocument& note) {
+            if (note.toPlainText().trimmed().isEmpty() || QTest::currentTestFailed()) return;
+            for (const ImportedFile* file : {&plain, &markdown}) {
+                QVERIFY(i < file->entries.size());
+                const ExtractedNote& entry = file->entries[i].notes.at(0);
+                QCOMPARE(HeadingOf(entry), HeadingOf(written));
+                ReadRtf(entry.rtf, read);
+                QCOMPARE(read.toPlainText(), note.toPlainText());
+            }
+            QCOMPARE(Styled(read, u"bis"_s), Styled(note, u"bis"_s));
             ++i;
         });
+        QCOMPARE(plain.entries.size(), i);
+        QCOMPARE(markdown.entries.size(), i);
+    }
+
+    void filesOfOthersAreRead()
+    {
+        const auto textsOf = [](const ImportedFile& file) {
+            QStringList texts;
+            QTextDocument note;
+            for (const ImportedEntry& entry : file.entries) {
+                ReadRtf(entry.notes.at(0).rtf, note);
+                texts += HeadingOf(entry.notes[0]) + u": "_s + note.toPlainText().replace(u'\n', u'|');
+            }
+            return texts + file.leftOut + QStringList{file.refusal};
+        };
+        const QString none = u"No line of it is a date like 1999-07-04 with a text below it."_s;
+        const QByteArray text = "diary\r\nof Ann\r\n1999-07-05 milk\rbread\r\n1999-13-01\nlost\n1999-07-04\ncaf\xe9\n"
+                                "1999-07 Memo 6\n1999-07 Memo 5\n---\n-\n\\1999-07-05\n\n\n";
+        QCOMPARE(textsOf(ReadPlainText(text, {})),
+                 QStringList({u"1999-07 Memo 5: -|1999-07-05|"_s, u"1999-07-04 Sunday: café"_s,
+                              u"1999-07-05 Monday: milk|bread"_s, u"Line 1: no date stands before this text: diary"_s,
+                              u"Line 5: no day of the calendar: 1999-13-01"_s,
+                              u"Line 9: no day of the calendar: 1999-07 Memo 6"_s, QString()}));
+        const QByteArray markdown = "# Diary\n\n### 1999-07-04 fair\nsun, 2 * 3 &eacute; **hot**\n\n- beach\n\n";
+        QCOMPARE(textsOf(ReadMarkdown("\xef\xbb\xbf" + markdown, {})),
+                 QStringList({u"1999-07-04 Sunday: fair|sun, 2 * 3 &eacute; hot||- beach"_s, QString()}));
+        for (const QByteArray& nothing : {""_ba, "\0"_ba, "# 1999-07-04\n \n"_ba, text.first(20)})
+            QCOMPARE(ReadMarkdown(nothing, {}).refusal, none);
     }
 
     void otherReadersSeeTheStyles()

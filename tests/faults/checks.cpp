@@ -150,6 +150,7 @@ private:
     bool IsDone() const { return m_answer.text == u"done"; }
     void ReadPlanner();
     void CheckRecurrence() const;
+    void CheckImport() const;
     void CheckBackUp() const;
     void CheckCompact() const;
     void CheckRepair() const;
@@ -218,6 +219,17 @@ void Left::CheckRecurrence() const
     if (IsDone()) QCOMPARE(written, EventDays);
 }
 
+// All of it or nothing.
+void Left::CheckImport() const
+{
+    const auto written =
+        std::ranges::count_if(m_notes, [](const QByteArray& note) { return note.contains("Standup"); });
+    QVERIFY(written == (IsDone() ? 31 : 0) || (written == 31 && Ends(m_answer.fault)));
+    QCOMPARE(m_events.size() > OldRows, written > 0);
+    const bool isRemembered = DBEngine::OpenDatabase(Path(Planner)).TableNames().contains(schema::Imports);
+    QCOMPARE(isRemembered, written > 0);
+}
+
 void Left::CheckBackUp() const
 {
     int copies = 0;
@@ -276,9 +288,10 @@ void Left::CheckSettings() const
 void Left::CheckScene() const
 {
     const std::pair<const char*, void (Left::*)() const> checks[] = {
-        {"compact", &Left::CheckCompact}, {"recurrence", &Left::CheckRecurrence}, {"backup", &Left::CheckBackUp},
-        {"repair", &Left::CheckRepair},   {"convert", &Left::CheckConvert},       {"settings", &Left::CheckSettings},
-        {"move", &Left::CheckMove}};
+        {"compact", &Left::CheckCompact},   {"recurrence", &Left::CheckRecurrence},
+        {"backup", &Left::CheckBackUp},     {"import", &Left::CheckImport},
+        {"repair", &Left::CheckRepair},     {"convert", &Left::CheckConvert},
+        {"settings", &Left::CheckSettings}, {"move", &Left::CheckMove}};
     for (const auto& [name, check] : checks)
         if (QByteArrayView(name) == m_scene.name) (this->*check)();
 }

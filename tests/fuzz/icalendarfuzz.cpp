@@ -3,6 +3,7 @@
 #include "exchange/readers.h"
 #include "fuzz/fuzztarget.h"
 #include "platform/richtext/rtfreader.h"
+#include "platform/richtext/selectionformat.h"
 
 #include <QGuiApplication>
 #include <QSet>
@@ -45,7 +46,7 @@ extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    const ImportChoices choices{QFont(u"Arial"_s, 8), QTimeZone("Europe/Berlin"), {2024, 3, 31}};
+    const ImportChoices choices{FormatOf(QFont(u"Arial"_s, 8)), QTimeZone("Europe/Berlin"), {2024, 3, 31}, {}};
     const ImportedFile file = ReadICalendar(bytes, choices);
     Require(file.refusal.isEmpty() == !file.entries.empty(), "a file is refused or brings something");
     QSet<QString> ids;

@@ -57,10 +57,12 @@ private Q_SLOTS:
         const QByteArray dentist = "1999-03-03 Wednesday\n--------------------\nDentist\n\n";
         const QByteArray late = "1999-03-25 Thursday\n-------------------\nLate\n\n";
         const QByteArray april = "1999-04-05 Monday\n-----------------\nAnn\n\n";
+        const QByteArray bo = "1999-04-06 Tuesday\n------------------\nBo\n\n";
         QCOMPARE(Exported([](QDialog&) {}), april);
         QVERIFY(m_program->Bottom().Caption().contains(u"out.txt"));
+        m_program->Type(m_program->CellOf(6), u"Bo"_s); // typing goes on
         QCOMPARE(Exported([](QDialog& form) { form.findChild<QRadioButton*>(u"opAll"_s)->click(); }),
-                 dentist + late + april);
+                 dentist + late + april + bo);
         SeenBox seen;
         QCOMPARE(Exported([&](QDialog& form) {
                      auto& to = *form.findChild<MaskEdBox*>(u"maskTo"_s);

@@ -1,5 +1,6 @@
 #include "alarms/alarmtesting.h"
 #include "notes/recoveryform.h"
+#include "planners/importform.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/workwindow.h"
 #include "platform/engine/longwork.h"
@@ -235,6 +236,10 @@ class AccessibleTest : public QObject
         m_program->PressLock();
         Look("recovery",
              RecoveryForm({{u"1999/3/17"_s, "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"}}, m_program->form.get()));
+        const ImportedFile file{{{{}, u"Dentist"_s, u"cancelled"_s, false, true, true, {{{1999, 3, 17}, 0, {}}}, {}}},
+                                {u"Line 3: no day of the calendar: 1999-13-01"_s},
+                                {}};
+        Look("import", ImportForm(m_program->form.get(), u"days.ics"_s, {}, {2001, 3, 17}, file, {}));
         Look("open as", OpenAsForm(u"team.mdb"_s, m_program->form.get()));
         ShowAndPicture("start", StartUpForm());
         ShowAndPicture("exit", ExitForm());

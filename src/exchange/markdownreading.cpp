@@ -1,0 +1,119 @@
+#include "exchange/notewalk.h"
+#include "exchange/readers.h"
+#include "exchange/textentries.h"
+#include "platform/richtext/notepicture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QUrl>
+
+namespace {
+// "## 1999-07-04 Sunday", of any level.
+std::optional<QString> MarkdownHeadingIn(const QString& line)
+{
+    static const QRegularExpression form(u"^#{1,6}\\s+(\\d{4}-\\d{2}(-\\d{2}| Memo \\d).*)$"_s);
+    const auto match = form.match(line);
+    return match.hasMatch() ? std::optional(match.captured(1)) : std::nullopt;
+}
+
+// A break of the export is a backslash at a line's end; other programs break lines at will.
+QString MarkdownBelow(const TextDay& day)
+{
+    // Any other blank is a text.
+    const auto isBlank = [](const QString& line) { return line.count(u' ') + line.count(u'\t') == line.size(); };
+    const auto first = std::ranges::find_if_not(day.lines, isBlank);
+    const auto last = std::find_if_not(day.lines.crbegin(), day.lines.crend(), isBlank).base();
+    return first < last ? QStringList(first, last).join(u'\n') : QString();
+}
+
+QString TextOfEntity(const QString& name)
+{
+    static const QHash<QString, QString> known{
+        {u"nbsp"_s, u" "_s}, {u"lt"_s, u"<"_s}, {u"gt"_s, u">"_s}, {u"amp"_s, u"&"_s}, {u"quot"_s, u"\""_s}};
+    const char32_t code = name.startsWith(u'#') ? name.sliced(1).toUInt() : 0;
+    const bool isCharacter = code > 0 && code <= QChar::LastValidCodePoint && !QChar::isSurrogate(code);
+    return isCharacter ? QString::fromUcs4(&code, 1) : known.value(name, u'&' + name + u';');
+}
+
+// Writes one note. A mark or a tag switches its style on or off.
+class MarkdownNote
+{
+public:
+    MarkdownNote(QTextDocument& note, const ImportChoices& choices)
+        : m_cursor(&note), m_form(choices.form), m_folder(choices.folder)
+    {
+    }
+
+    void Write(const QString& markdown);
+
+private:
+    void Take(const QRegularExpressionMatch& token, const QString& markdown);
+    void Switch(QChar tag);
+    void AddPicture(const QString& link);
+    void Add(const QString& text) { m_cursor.insertText(text, m_form); }
+
+    QTextCursor m_cursor;
+    QTextCharFormat m_form;
+    QString m_folder;
+};
+
+void MarkdownNote::Write(const QString& markdown)
+{
+    static const QRegularExpression token(
+        uR"((?<break>\\?\n|<br/?>)|\\(?<sign>[\x21-\x7e])|&(?<entity>\w+|#\d+);|</?(?<tag>[bisu])>|(?<mark>\*\*|\*|~~)|!\[[^\]]*\]\((?<link>[^)\s]*)\))"_s);
+    qsizetype at = 0;
+    for (const QRegularExpressionMatch& match : token.globalMatch(markdown)) {
+        Add(markdown.sliced(at, match.capturedStart() - at));
+        Take(match, markdown);
+        at = match.capturedEnd();
+    }
+    Add(markdown.sliced(at));
+}
+
+// Marks between blanks are signs.
+bool IsMark(const QString& markdown, const QRegularExpressionMatch& token)
+{
+    const auto isBlankAt = [&](qsizetype at) { return at < 0 || at >= markdown.size() || markdown[at].isSpace(); };
+    return !isBlankAt(token.capturedStart() - 1) || !isBlankAt(token.capturedEnd());
+}
+
+void MarkdownNote::Take(const QRegularExpressionMatch& token, const QString& markdown)
+{
+    if (token.hasCaptured(u"break")) return m_cursor.insertBlock();
+    if (token.hasCaptured(u"sign")) return Add(token.captured(u"sign"));
+    if (token.hasCaptured(u"entity")) return Add(TextOfEntity(token.captured(u"entity")));
+    if (token.hasCaptured(u"tag")) return Switch(token.captured(u"tag").front());
+    if (token.hasCaptured(u"link")) return AddPicture(token.captured(u"link"));
+    if (!IsMark(markdown, token)) return Add(token.captured());
+    const auto isMeant = [&](const NoteStyle& style) { return style.markdown == token.captured(); };
+    Switch(std::ranges::find_if(NoteStyles, isMeant)->tag);
+}
+
+void MarkdownNote::Switch(QChar tag)
+{
+    if (tag == u'b') m_form.setFontWeight(m_form.fontWeight() > QFont::Normal ? QFont::Normal : QFont::Bold);
+    if (tag == u'i') m_form.setFontItalic(!m_form.fontItalic());
+    if (tag == u's') m_form.setFontStrikeOut(!m_form.fontStrikeOut());
+    if (tag == u'u') m_form.setFontUnderline(!m_form.fontUnderline());
+}
+
+// Only files in folders below the note's own file, so that no text can bring in others.
+void MarkdownNote::AddPicture(const QString& link)
+{
+    constexpr qint64 MostBytes = 50 * 1024 * 1024;
+    const QString path = QUrl::fromPercentEncoding(link.toUtf8());
+    QFile file(m_folder + u'/' + path);
+    const bool isBelow = !m_folder.isEmpty() && QDir::isRelativePath(path) && !path.contains(u".."_s);
+    if (!isBelow || !file.open(QIODevice::ReadOnly) || file.size() > MostBytes) return;
+    InsertPicture(m_cursor, file.readAll(), {});
+}
+} // namespace
+
+ImportedFile ReadMarkdown(const QByteArray& file, const ImportChoices& choices)
+{
+    return EntriesOf(DaysOf(file, MarkdownHeadingIn), choices, [&](const TextDay& day, QTextDocument& note) {
+        MarkdownNote(note, choices).Write(MarkdownBelow(day));
+    });
+}

@@ -1,0 +1,233 @@
+#include "exchange/merging.h"
+
+#include "alarms/alarmrecords.h"
+#include "exchange/changednote.h"
+#include "exchange/importpieces.h"
+#include "plannerfile/schema.h"
+#include "platform/engine/engineerrors.h"
+#include "platform/engine/longwork.h"
+
+#include <algorithm>
+#include <list>
+#include <optional>
+
+namespace {
+using Kind = ImportedPiece::Kind;
+
+// An entry on its way into the planner.
+struct Merged
+{
+    QString id;
+    ImportedPieces before;   // what former imports have written
+    ImportedPieces standing; // what stands now
+    bool isChanged = false, isRefused = false;
+};
+
+struct Change
+{
+    Merged* merged;
+    ImportedPiece piece;
+    std::optional<QByteArray> rtf; // to add; nothing: to take out
+};
+using Changes = std::vector<Change>;
+
+void Settle(const Change& change, bool isWritten)
+{
+    if (change.rtf) change.merged->standing.insert(change.piece);
+    change.merged->isChanged = change.merged->isChanged || isWritten;
+}
+
+void Refuse(const Change& change)
+{
+    if (!change.rtf) change.merged->standing.insert(change.piece);
+    change.merged->isRefused = true;
+}
+
+// Texts of the whole day come first, then those with a time.
+QString TimeOf(const Change& change)
+{
+    const QString start = change.piece.text.left(5);
+    return QTime::fromString(start, u"HH:mm"_s).isValid() ? start : QString();
+}
+
+QDate DateOf(const QString& key)
+{
+    const GridDay day = DayOfKey(key).value_or(GridDay());
+    return {day.year, day.month, day.day};
+}
+
+bool IsOfOthers(int error)
+{
+    return error == engineerrors::RecordLocked || error == engineerrors::DataChanged;
+}
+
+class Merger
+{
+public:
+    Merger(const Database& planner, const QDateTime& now, const QString& tune)
+        : m_notes(schema::OpenNotes(planner)), m_alarms(schema::OpenAlarms(planner)),
+          m_events(schema::OpenRecursions(planner)), m_memory(planner), m_now(now), m_tune(tune)
+    {
+    }
+
+    MergeReport Merge(const std::vector<ImportedEntry>& entries);
+
+private:
+    void Plan(const ImportedEntry& entry, Merged& merged);
+    void Write(Kind kind, const QString& key, Changes& changes);
+    void WriteNote(const QString& key, Changes& changes);
+    void StoreNote(const QString& key, bool isNew, const QByteArray& rtf);
+    void WriteAlarm(const Change& change);
+    void WriteEvent(const Change& change);
+    void AddEvent(const QString& first, const QString& last, const QString& frequency, const QByteArray& rtf);
+    void Report(const Merged& merged);
+
+    Recordset m_notes, m_alarms, m_events;
+    ImportMemory m_memory;
+    QDateTime m_now;
+    QString m_tune;
+    std::map<std::pair<Kind, QString>, Changes> m_changes; // by kind and day
+    MergeReport m_report;
+};
+
+void Merger::Plan(const ImportedEntry& entry, Merged& merged)
+{
+    merged.id = entry.id;
+    if (!merged.id.isEmpty()) merged.before = m_memory.Of(merged.id);
+    const auto wanted = PiecesOf(entry);
+    for (const ImportedPiece& piece : merged.before) {
+        if (wanted.contains(piece))
+            merged.standing.insert(piece);
+        else
+            m_changes[{piece.kind, piece.key}].push_back({&merged, piece, {}});
+    }
+    for (const auto& [piece, rtf] : wanted)
+        if (!merged.before.contains(piece)) m_changes[{piece.kind, piece.key}].push_back({&merged, piece, rtf});
+}
+
+// As a save stores it: an emptied day has no record.
+void Merger::WriteNote(const QString& key, Changes& changes)
+{
+    std::ranges::stable_sort(changes, {}, TimeOf);
+    std::ranges::stable_partition(changes, [](const Change& change) { return !change.rtf; }); // room first
+    m_notes.Seek(schema::Equal, key);
+    const bool isNew = m_notes.NoMatch();
+    ChangedNote note(isNew ? QByteArray() : m_notes.Fields(schema::TextField).toByteArray());
+    std::vector<bool> written;
+    for (const Change& change : changes)
+        written.push_back(change.rtf ? note.Add(change.piece.text, *change.rtf) : note.TakeOut(change.piece.text));
+    if (std::ranges::find(written, true) != written.end()) StoreNote(key, isNew, note.Rtf());
+    for (size_t i = 0; i < changes.size(); ++i)
+        Settle(changes[i], written[i]);
+}
+
+// An emptied day has no record.
+void Merger::StoreNote(const QString& key, bool isNew, const QByteArray& rtf)
+{
+    if (rtf.isEmpty()) return m_notes.Delete();
+    if (isNew)
+        m_notes.AddNew();
+    else
+        m_notes.Edit();
+    m_notes.SetField(schema::DateField, key);
+    m_notes.SetField(schema::TextField, rtf);
+    m_notes.Update();
+}
+
+// Goes to the day's record that is the piece. False if there is none.
+template <typename IsIt>
+bool GoTo(Recordset& records, const ImportedPiece& piece, const QString& keyField, IsIt isIt)
+{
+    records.Seek(schema::Equal, piece.key);
+    bool isOfDay = !records.NoMatch();
+    while (isOfDay && !isIt()) {
+        records.MoveNext();
+        isOfDay = !records.EOF_() && records.Fields(keyField).toString() == piece.key;
+    }
+    return isOfDay;
+}
+
+void Merger::WriteAlarm(const Change& change)
+{
+    const ImportedPiece& piece = change.piece;
+    const bool stands = GoTo(m_alarms, piece, u"Alarm Date"_s, [&] {
+        const Alarm alarm = CurrentAlarm(m_alarms);
+        return alarm.time.rightJustified(5, u'0') == piece.detail && LinesOfNote(alarm.note) == piece.text;
+    });
+    const bool isOver = QDateTime(DateOf(piece.key), QTime::fromString(piece.detail, u"HH:mm"_s)) < m_now;
+    if (stands && !change.rtf) m_alarms.Delete();
+    if (!stands && change.rtf && isOver) return; // it would never ring
+    if (!stands && change.rtf) subAddAlarmRecord(m_alarms, {piece.key, piece.detail, *change.rtf, m_tune, false});
+    Settle(change, stands != change.rtf.has_value());
+}
+
+void Merger::WriteEvent(const Change& change)
+{
+    const ImportedPiece& piece = change.piece;
+    const QString frequency = piece.detail.section(u' ', 0, 0), last = piece.detail.section(u' ', 1);
+    const bool stands = GoTo(m_events, piece, u"Start Date"_s, [&] {
+        return m_events.Fields(u"Frequency"_s) == frequency && m_events.Fields(u"End Date"_s) == last &&
+               LinesOfNote(m_events.Fields(u"Recursion Text"_s).toByteArray()) == piece.text;
+    });
+    if (stands && !change.rtf) m_events.Delete();
+    if (!stands && change.rtf) AddEvent(piece.key, last, frequency, *change.rtf);
+    Settle(change, stands != change.rtf.has_value());
+}
+
+void Merger::AddEvent(const QString& first, const QString& last, const QString& frequency, const QByteArray& rtf)
+{
+    m_events.AddNew();
+    m_events.SetField(u"Start Date"_s, first);
+    m_events.SetField(u"End Date"_s, last);
+    m_events.SetField(u"Frequency"_s, frequency);
+    m_events.SetField(u"Recursion Text"_s, rtf);
+    m_events.Update();
+}
+
+void Merger::Write(Kind kind, const QString& key, Changes& changes)
+{
+    try {
+        if (kind == Kind::Note) return WriteNote(key, changes);
+        for (const Change& change : changes)
+            kind == Kind::Alarm ? WriteAlarm(change) : WriteEvent(change);
+    } catch (const RunTimeError& error) {
+        if (!IsOfOthers(error.Number)) throw;
+        m_report.refusedDays += key;
+        std::ranges::for_each(changes, Refuse);
+    }
+}
+
+void Merger::Report(const Merged& merged)
+{
+    if (!merged.id.isEmpty() && merged.standing != merged.before) m_memory.Keep(merged.id, merged.standing);
+    if (merged.isChanged)
+        ++(merged.before.empty() ? m_report.added : m_report.changed);
+    else if (!merged.isRefused)
+        ++m_report.present;
+}
+
+MergeReport Merger::Merge(const std::vector<ImportedEntry>& entries)
+{
+    std::list<Merged> all; // the changes refer to them
+    for (const ImportedEntry& entry : entries)
+        Plan(entry, all.emplace_back());
+    qint64 done = 0;
+    for (auto& [place, changes] : m_changes) {
+        longwork::Reached(done++, std::ssize(m_changes));
+        Write(place.first, place.second, changes);
+    }
+    for (const Merged& merged : all)
+        Report(merged);
+    std::ranges::sort(m_report.refusedDays, {}, [](const QString& key) { return DayOfKey(key).value_or(GridDay()); });
+    return m_report;
+}
+} // namespace
+
+MergeReport MergeInto(const Database& planner, const std::vector<ImportedEntry>& entries, const QDateTime& now,
+                      const QString& tune)
+{
+    WriteTransaction writing(planner);
+    const MergeReport report = Merger(planner, now, tune).Merge(entries);
+    writing.Commit();
+    return report;
+}

@@ -1,0 +1,11 @@
+// What the readers of text files share: entries of an import from days of text.
+#pragma once
+
+#include "exchange/importedfile.h"
+#include "exchange/textdays.h"
+
+class QTextDocument;
+
+// write fills an empty document with a day's note; a blank note is no entry. Tells longwork.
+ImportedFile EntriesOf(const TextDays& days, const ImportChoices& choices,
+                       const std::function<void(const TextDay& day, QTextDocument& note)>& write);
