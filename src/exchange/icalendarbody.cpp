@@ -4,7 +4,6 @@
 #include "platform/richtext/htmlnote.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
-#include "platform/richtext/selectionformat.h"
 
 #include <QRegularExpression>
 #include <QTextBlock>
@@ -26,10 +25,10 @@ QString DescriptionOf(const CalendarPart& entry)
     return texts.join(u'\n');
 }
 
-// Some calendars write HTML as if it were plain text.
+// Some calendars write HTML as if it were plain text. An address, <a@example.org>, is none.
 bool LooksLikeHtml(const QString& text)
 {
-    static const QRegularExpression tag(u"<(br|p|a|b|i|u|ul|ol|li|div|span|html)\\b[^<>]*>"_s,
+    static const QRegularExpression tag(u"<(br|p|a|b|i|u|ul|ol|li|div|span|html)(\\s[^<>]*|/)?>"_s,
                                         QRegularExpression::CaseInsensitiveOption);
     return tag.match(text).hasMatch();
 }
@@ -42,13 +41,6 @@ QString HtmlOf(const CalendarPart& entry)
     const CalendarProperty* const description = entry.Find("DESCRIPTION");
     const QByteArray link = description ? description->parameters.value("ALTREP") : QByteArray();
     return link.startsWith(Data) ? CalendarText(QByteArray::fromPercentEncoding(link.sliced(Data.size()))) : QString();
-}
-
-// No image, since one may name a file of this machine.
-QByteArray RtfOf(QString html, const QTextCharFormat& form)
-{
-    static const QRegularExpression image(u"<(\\s*)im(?=a?ge?\\b)"_s, QRegularExpression::CaseInsensitiveOption);
-    return html.isEmpty() ? QByteArray() : ReadHtml(html.replace(image, u"<\\1no"_s), form, {}).rtf;
 }
 
 QString FirstLine(const QString& text)
@@ -66,7 +58,7 @@ CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, const QTextCha
     m_text.truncate(Most);
     const bool isHtml = !isOwn && LooksLikeHtml(m_text);
     const QString html = isHtml ? QString(m_text).replace(u'\n', u"<br>"_s) : HtmlOf(entry);
-    if (isOwn || isHtml || m_text.trimmed().isEmpty()) m_rtf = RtfOf(html, form);
+    if (!html.isEmpty() && (isOwn || isHtml || m_text.trimmed().isEmpty())) m_rtf = RtfOf(html);
     m_title = PropertyText(entry, "SUMMARY").simplified();
     if (isOwn)
         TakeOwn();
@@ -76,6 +68,20 @@ CalendarBody::CalendarBody(const CalendarPart& entry, bool isOwn, const QTextCha
     constexpr qsizetype Longest = 1000;
     m_isCut = m_isCut || m_title.size() > Longest;
     m_title.truncate(Longest);
+}
+
+// Without images, since one may name a file of this machine. What is too much keeps its words only.
+QByteArray CalendarBody::RtfOf(QString html)
+{
+    static const QRegularExpression image(u"<(\\s*)im(?=a?ge?\\b)"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression tag(u"<[^<>]*>"_s);
+    m_room.html -= html.size();
+    html.replace(image, u"<\\1no"_s);
+    const QByteArray rtf = m_room.html > 0 ? ReadHtml(html, m_form, {}).rtf : QByteArray();
+    if (!rtf.isEmpty()) return rtf;
+    if (!m_isOwn) m_text = html.remove(tag).trimmed();
+    m_isCut = m_isCut || !m_text.isEmpty();
+    return {};
 }
 
 void CalendarBody::TakeForeign(const QString& place)

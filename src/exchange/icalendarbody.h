@@ -12,6 +12,7 @@ struct CalendarRoom
 {
     qint64 days = 500'000;
     qint64 bytes = 100 << 20;
+    qint64 html = 4 << 20; // it takes a second to read so much
 
     bool IsFull() const { return days <= 0 || bytes <= 0; }
 };
@@ -26,10 +27,11 @@ public:
 
     const QString& Title() const { return m_title; }
     bool IsBlank() const { return m_text.trimmed().isEmpty() && m_rtf.isEmpty(); } // below the title
-    bool IsCut() const { return m_isCut; }
+    bool IsCut() const { return m_isCut; }                                         // or without its form
     QByteArray Below(const QString& head); // as a line of its own, but of Orrelin's own entries
 
 private:
+    QByteArray RtfOf(QString html);
     void TakeForeign(const QString& place);
     void TakeOwn();
     void DropFirstLine();

@@ -51,6 +51,12 @@ std::optional<AlarmTime> AlarmTimeOf(const CalendarProperty& trigger, CalendarRe
     return {};
 }
 
+// The planner's keys have years of four digits.
+bool IsDayOfPlanner(const GridDay& day)
+{
+    return IsDayOfGrid(day) && day.year < 10'000;
+}
+
 std::vector<AlarmTime> AlarmTimesOf(const CalendarPart& entry, CalendarReading& reading, QStringList& remarks)
 {
     constexpr size_t Most = 10;
@@ -93,7 +99,7 @@ std::vector<ExtractedNote> NotesOf(const std::vector<LocalSpan>& spans, Calendar
         isCut = isCut || first.daysTo(last) >= MostDaysOfSpan;
         for (QDate day = first; day <= last && first.daysTo(day) < MostDaysOfSpan && !isFull; day = day.addDays(1)) {
             isFull = texts.size() == MostCalendarDays || room.IsFull();
-            if (isFull || !IsDayOfGrid(DayOf(day))) continue;
+            if (isFull || !IsDayOfPlanner(DayOf(day))) continue;
             const QString head = HeadOf(span, day, body.Title());
             const auto [text, isNew] = texts.try_emplace({DayOf(day), head});
             if (isNew) text->second = body.Below(head);
@@ -119,7 +125,7 @@ std::vector<ExtractedAlarm> AlarmsOf(const CalendarPart& entry, const std::vecto
             QDateTime wall = time.wall ? *time.wall : (time.isOfEnd ? span.end : span.start).addSecs(time.seconds);
             wall.setTime({wall.time().hour(), wall.time().minute()});
             const GridDay day = DayOf(wall.date());
-            if (!wall.isValid() || !IsDayOfGrid(day) || !moments.insert(wall).second) continue;
+            if (!wall.isValid() || !IsDayOfPlanner(day) || !moments.insert(wall).second) continue;
             alarms.push_back(
                 {day, wall.time().msecsSinceStartOfDay() / 60'000, body.Below(HeadOf(span, body.Title()))});
             --room.days;

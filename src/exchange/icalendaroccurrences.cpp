@@ -98,12 +98,7 @@ private:
 
     void Exclude(const CalendarProperty& property)
     {
-        ForEachTime(property, [&](const CalendarTime& time, const QByteArray&) {
-            if (time.isDay && !m_start.isDay)
-                m_excludedDays += time.wall.date();
-            else
-                m_excluded += WallOf(time);
-        });
+        ForEachTime(property, [&](const CalendarTime& time, const QByteArray&) { m_excluded += WallOf(time); });
     }
 
     void Add(const CalendarProperty& property)
@@ -184,9 +179,7 @@ private:
     void Tidy()
     {
         auto& spans = m_series.spans;
-        std::erase_if(spans, [&](const CalendarSpan& span) {
-            return m_excluded.contains(span.start) || m_excludedDays.contains(span.start.date());
-        });
+        std::erase_if(spans, [&](const CalendarSpan& span) { return m_excluded.contains(span.start); });
         std::ranges::stable_sort(spans, {}, &CalendarSpan::start);
         spans.erase(std::ranges::unique(spans, {}, &CalendarSpan::start).begin(), spans.end());
     }
@@ -197,7 +190,6 @@ private:
     const CalendarTime& m_start;
     const qint64 m_length;
     QSet<QDateTime> m_excluded;
-    QSet<QDate> m_excludedDays;
 };
 
 // Calendars on the net write rules in UTC and mean the clock of their own zone.

@@ -40,6 +40,8 @@ struct CalendarFamily
 {
     const CalendarPart* master = nullptr;
     std::map<QByteArray, const CalendarPart*> changes; // by the occurrence
+
+    int Line() const { return (master ? master : changes.begin()->second)->line; }
 };
 using CalendarFamilies = std::map<std::pair<QByteArray, QByteArray>, CalendarFamily>; // by kind and uid
 
@@ -94,6 +96,8 @@ public:
 
     void Add(const CalendarFamily& family)
     {
+        if (m_room.IsFull())
+            return m_reading.faults.Add(family.Line(), u"There are too many days before this entry."_s);
         std::vector<const CalendarPart*> changes;
         for (const auto& [occurrence, change] : family.changes)
             changes.push_back(change);
@@ -146,7 +150,7 @@ private:
         QStringList remarks = series.remarks;
         Judge(entry, imported, remarks);
         if (!series.start.zone->isKnown) remarks += u"Its time zone is unknown: the time is taken as it stands."_s;
-        if (body.IsCut()) remarks += u"Its text is cut."_s;
+        if (body.IsCut()) remarks += u"Its text is shortened."_s;
         Place(entry, series, own, body, imported, remarks);
         imported.remark = remarks.join(u' ');
         if (!imported.notes.empty() || !imported.alarms.empty()) m_entries.push_back(std::move(imported));
@@ -165,8 +169,16 @@ private:
         imported.id = NewId(entry);
         imported.title = HeadOf(days.front(), body.Title());
         if (!isAlarm) imported.notes = NotesOf(days, body, m_room, remarks);
-        imported.alarms = AlarmsOf(entry, spans, body, m_room, m_reading, remarks);
+        const CalendarPart* const alarms = isAlarm ? &AtStart() : &entry;
+        imported.alarms = AlarmsOf(*alarms, spans, body, m_room, m_reading, remarks);
         if (own) Restore(*own, body, imported);
+    }
+
+    // Some calendars lose the alarms of what they export, but an alarm of our own is nothing else.
+    static const CalendarPart& AtStart()
+    {
+        static const CalendarPart part{{}, 0, {}, {}, {{"VALARM", 0, {}, {{0, "TRIGGER", {}, "PT0S"}}, {}}}};
+        return part;
     }
 
     static void Restore(const OwnCalendarEntry& own, const CalendarBody& body, ImportedEntry& imported)

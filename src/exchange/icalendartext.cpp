@@ -3,117 +3,26 @@
 #include "platform/engine/longwork.h"
 #include "platform/richtext/rtfreader.h"
 
-#include <QByteArrayView>
-#include <QStringDecoder>
-
 #include <algorithm>
 #include <optional>
 
 namespace {
 constexpr size_t MostEntries = 50'000;
+constexpr qsizetype MostProperties = 1'000'000;
 
 constexpr QByteArrayView EntryKinds[] = {"VEVENT", "VTODO", "VJOURNAL", "VTIMEZONE"};
 constexpr QByteArrayView InnerKinds[] = {"VALARM", "STANDARD", "DAYLIGHT"};
 // The others, such as attached files, would only take memory.
 constexpr QByteArrayView KeptNames[] = {
-    "ACTION",   "COMPLETED", "DESCRIPTION", "DTEND",          "DTSTAMP",      "DTSTART",    "DUE",
-    "DURATION", "EXDATE",    "EXRULE",      "LAST-MODIFIED",  "LOCATION",     "RDATE",      "SEQUENCE",
-    "STATUS",   "SUMMARY",   "TRIGGER",     "TZID",           "UID",          "TZOFFSETTO", "RECURRENCE-ID",
-    "RRULE",    "RELATED",   "X-ALT-DESC",  "X-LIC-LOCATION", "X-WR-TIMEZONE"};
+    "ACTION",   "COMPLETED",  "DESCRIPTION",    "DTEND",         "DTSTAMP",  "DTSTART",    "DUE",
+    "DURATION", "EXDATE",     "EXRULE",         "LAST-MODIFIED", "LOCATION", "RDATE",      "SEQUENCE",
+    "STATUS",   "SUMMARY",    "TRIGGER",        "TZID",          "UID",      "TZOFFSETTO", "RECURRENCE-ID",
+    "RRULE",    "X-ALT-DESC", "X-LIC-LOCATION", "X-WR-TIMEZONE"};
 
 template <size_t Count>
 bool IsOneOf(const QByteArrayView (&words)[Count], const QByteArray& word)
 {
     return std::ranges::find(words, QByteArrayView(word)) != std::end(words);
-}
-
-QByteArray AsUtf8(QByteArray file)
-{
-    const auto encoding = QStringConverter::encodingForData(file, u'B');
-    if (encoding && *encoding != QStringConverter::Utf8) {
-        QStringDecoder decoder(*encoding);
-        file = QString(decoder(file)).toUtf8();
-    }
-    if (file.startsWith("\xef\xbb\xbf")) file.remove(0, 3);
-    file.removeIf([](char byte) { return byte == '\0'; });
-    return file;
-}
-
-// Lines may end with LF, CR LF, CR or CR CR LF. Folded ones are joined before anything is decoded, since a fold may
-// stand within a letter.
-class CalendarLines
-{
-public:
-    explicit CalendarLines(const QByteArray& text) : m_rest(text) {}
-
-    bool Next()
-    {
-        if (m_rest.isEmpty()) return false;
-        m_number = m_nextNumber;
-        m_line = TakeLine().toByteArray();
-        while (m_rest.startsWith(' ') || m_rest.startsWith('\t'))
-            m_line += TakeLine().sliced(1);
-        return true;
-    }
-    int Number() const { return m_number; }
-    const QByteArray& Line() const { return m_line; }
-    qsizetype Left() const { return m_rest.size(); }
-
-private:
-    QByteArrayView TakeLine()
-    {
-        const auto end = std::ranges::find_if(m_rest, [](char byte) { return byte == '\r' || byte == '\n'; });
-        auto next = std::find_if(end, m_rest.end(), [](char byte) { return byte != '\r'; });
-        const bool hasLf = next != m_rest.end() && *next == '\n';
-        m_nextNumber += hasLf ? 1 : std::max(static_cast<int>(next - end), 1);
-        const QByteArrayView line(m_rest.begin(), end);
-        m_rest = QByteArrayView(hasLf ? next + 1 : next, m_rest.end());
-        return line;
-    }
-
-    QByteArrayView m_rest;
-    QByteArray m_line;
-    int m_number = 0, m_nextNumber = 1;
-};
-
-// Where a mark stands outside quotes, or -1.
-qsizetype FindUnquoted(QByteArrayView text, char mark)
-{
-    bool isQuoted = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == '"') isQuoted = !isQuoted;
-        if (!isQuoted && text[i] == mark) return i;
-    }
-    return -1;
-}
-
-// Up to the next mark, which is taken away too.
-QByteArray TakeField(QByteArrayView& text, char mark)
-{
-    const qsizetype end = FindUnquoted(text, mark);
-    const QByteArray field = (end < 0 ? text : text.first(end)).toByteArray();
-    text = end < 0 ? QByteArrayView() : text.sliced(end + 1);
-    return field;
-}
-
-// Nothing for a line without a colon.
-std::optional<CalendarProperty> PropertyOf(int number, const QByteArray& line)
-{
-    qsizetype colon = FindUnquoted(line, ':');
-    if (colon < 0) colon = line.indexOf(':'); // a quote that never ends
-    if (colon < 0) return {};
-    QByteArrayView head = QByteArrayView(line).first(colon);
-    CalendarProperty property{number, TakeField(head, ';').trimmed().toUpper(), {}, line.sliced(colon + 1)};
-    if (!IsOneOf(KeptNames, property.name) && property.name != "BEGIN" && property.name != "END")
-        property.value.clear();
-    while (!head.isEmpty()) {
-        QByteArrayView parameter = head;
-        const QByteArray field = TakeField(head, ';');
-        parameter = field;
-        const QByteArray name = TakeField(parameter, '=').trimmed().toUpper();
-        property.parameters[name] = parameter.toByteArray().replace('"', QByteArray());
-    }
-    return property;
 }
 
 // Sorts lines into entries, whichever ends are missing.
@@ -141,7 +50,10 @@ public:
         Finish();
     }
     bool HasBegun() const { return m_hasBegun; }
-    bool IsFull() const { return m_parts.entries.size() + m_parts.zones.size() >= MostEntries; }
+    bool IsFull() const
+    {
+        return m_parts.entries.size() + m_parts.zones.size() >= MostEntries || m_kept >= MostProperties;
+    }
 
 private:
     void Begin(int number, const QByteArray& kind)
@@ -174,6 +86,7 @@ private:
     }
     void Keep(CalendarProperty property)
     {
+        m_kept += 1 + property.parameters.size();
         if (m_inner)
             m_inner->properties.push_back(std::move(property));
         else if (m_entry)
@@ -200,6 +113,7 @@ private:
     CalendarFaults& m_faults;
     QByteArray m_zone;
     std::optional<CalendarPart> m_entry, m_inner;
+    qsizetype m_kept = 0;
     qsizetype m_foreign = 0; // open parts of kinds that nobody knows
     bool m_hasBegun = false;
 };
@@ -262,7 +176,7 @@ CalendarParts ReadCalendarParts(const QByteArray& file, CalendarFaults& faults)
     while (lines.Next()) {
         if (lines.Number() % 1024 == 0) longwork::Reached(text.size() - lines.Left(), text.size());
         if (sorter.IsFull()) {
-            faults.Add(lines.Number(), u"Only the first %L1 entries are read."_s.arg(MostEntries));
+            faults.Add(lines.Number(), u"The file is too large: the rest of it is left out."_s);
             break;
         }
         if (!lines.Line().trimmed().isEmpty()) sorter.Take(lines.Number(), lines.Line());

@@ -2,20 +2,12 @@
 // and counts no lines, so lines are taken apart here, each as its bytes stand in the file.
 #pragma once
 
-#include <QByteArray>
-#include <QMap>
+#include "exchange/icalendarlines.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <vector>
-
-struct CalendarProperty
-{
-    int line = 0;    // in the file, from 1
-    QByteArray name; // in capitals
-    QMap<QByteArray, QByteArray> parameters;
-    QByteArray value;
-};
 
 struct CalendarPart
 {

@@ -58,6 +58,43 @@ QTimeZone SeenZone(const QByteArray& id)
     const QTimeZone zone = known.isEmpty() ? ZoneOfTown(words.split(',').first()) : QTimeZone(known);
     return zone.isValid() ? zone : QTimeZone(*offset);
 }
+
+// The number in so many digits, or -1.
+int TakeNumber(QByteArrayView& text, qsizetype digits)
+{
+    if (text.size() < digits) return -1;
+    int number = 0;
+    for (const char digit : text.first(digits)) {
+        if (digit < '0' || digit > '9') return -1;
+        number = 10 * number + digit - '0';
+    }
+    text = text.sliced(digits);
+    return number;
+}
+
+struct Written
+{
+    QDateTime wall;
+    bool hasTime, isUtc;
+};
+
+// "20240105", "20240105T0900", "20240105T090000Z". Some programs write 2024-01-05T09:00:00Z.
+std::optional<Written> WrittenTime(const QByteArray& value)
+{
+    constexpr qsizetype Longest = 32;
+    const QByteArray all = value.trimmed().left(Longest).toUpper().replace('-', "").replace(':', "");
+    QByteArrayView rest = all;
+    const int year = TakeNumber(rest, 4), month = TakeNumber(rest, 2), day = TakeNumber(rest, 2);
+    const bool hasTime = rest.startsWith('T');
+    if (hasTime) rest = rest.sliced(1);
+    const int hour = hasTime ? TakeNumber(rest, 2) : 0, minute = hasTime ? TakeNumber(rest, 2) : 0;
+    const int second = hasTime && rest.size() >= 2 ? std::min(TakeNumber(rest, 2), 59) : 0; // 60 is a leap second
+    const bool isUtc = hasTime && rest == "Z";
+    const QDate date(year, month, day);
+    const QTime time(hour, minute, second);
+    if (!date.isValid() || !time.isValid() || !(isUtc || rest.isEmpty())) return {};
+    return Written{{date, time, Qt::UTC}, hasTime, isUtc};
+}
 } // namespace
 
 int CalendarZone::OffsetAt(const QDateTime& wall) const
@@ -119,17 +156,17 @@ std::vector<std::pair<QDateTime, int>> CalendarZones::ChangesOf(const CalendarPa
     std::vector<std::pair<QDateTime, int>> changes;
     for (const CalendarPart& part : zone.parts) {
         const auto offset = OffsetOf(part.Value("TZOFFSETTO"));
-        const auto start = TimeOf(part.Find("DTSTART"));
+        const auto start = WrittenTime(part.Value("DTSTART")); // never by a zone, which may be this one
         if (!offset || !start) continue;
         const auto add = [&](const QDateTime& wall) {
             changes.emplace_back(wall, *offset);
             return wall.date().year() < 2100 && changes.size() < Most;
         };
         add(start->wall);
-        const QByteArray rule = part.Value("RRULE").toUpper();
-        if (rule.contains("YEARLY")) ForEachDate(rule, start->wall, m_time, add);
+        ForEachDate(part.Value("RRULE"), start->wall, m_time, add);
         for (const CalendarProperty& property : part.properties)
-            if (const auto date = property.name == "RDATE" ? TimeOf(&property) : std::nullopt) add(date->wall);
+            if (const auto date = property.name == "RDATE" ? WrittenTime(property.value) : std::nullopt)
+                add(date->wall);
     }
     std::ranges::sort(changes);
     return changes;
@@ -137,21 +174,13 @@ std::vector<std::pair<QDateTime, int>> CalendarZones::ChangesOf(const CalendarPa
 
 std::optional<CalendarTime> CalendarZones::TimeOf(const CalendarProperty& property, const QByteArray& value)
 {
-    static const QRegularExpression form(u"^(\\d{8})(?:T(\\d{4})(\\d\\d)?(Z?))?$"_s,
-                                         QRegularExpression::CaseInsensitiveOption);
-    // Some programs write 2024-01-05T09:00:00Z.
-    const QString digits = QString::fromLatin1(value.trimmed().left(32)).remove(u'-').remove(u':');
-    const auto match = form.match(digits);
-    const QDate date = QDate::fromString(match.captured(1), u"yyyyMMdd"_s);
-    const bool isDay = !match.hasCaptured(2) || property.parameters.value("VALUE").toUpper() == "DATE";
-    if (!date.isValid()) return {};
-    if (isDay) return CalendarTime{{date, QTime(0, 0), Qt::UTC}, true, &m_person};
-    const int second = std::min(match.captured(3).toInt(), 59); // 60 is a leap second
-    const QTime time(match.captured(2).left(2).toInt(), match.captured(2).mid(2).toInt(), second);
-    if (!time.isValid()) return {};
+    const auto written = WrittenTime(value);
+    if (!written) return {};
+    auto [wall, hasTime, isUtc] = *written;
+    if (property.parameters.value("VALUE").toUpper() == "DATE") hasTime = false;
+    if (!hasTime) return CalendarTime{{wall.date(), QTime(0, 0), Qt::UTC}, true, &m_person};
     const QByteArray id = property.parameters.value("TZID").trimmed();
-    const bool isUtc = !match.captured(4).isEmpty();
-    return CalendarTime{{date, time, Qt::UTC}, false, isUtc ? &m_utc : id.isEmpty() ? &m_person : &Of(id)};
+    return CalendarTime{wall, false, isUtc ? &m_utc : id.isEmpty() ? &m_person : &Of(id)};
 }
 
 std::optional<CalendarTime> CalendarZones::TimeOf(const CalendarProperty* property)

@@ -21,8 +21,8 @@ private Q_SLOTS:
     {
         const QByteArray file =
             Calendar(Event("DTSTART:20240105T090000\nSUMMARY:M\xc3\xbcller\nDESCRIPTION:a\\nb") +
-                     "BEGIN:VEVENT\nDTSTART:20240106\nEND:VEVENT\nBEGIN:VEVENT\nDTSTART:x\nEND:VEVENT\n");
-        const QString expected = u"01-05 09:00 Müller/a/b | 01-06 Event | Line 13: An entry has no real date: \"x\""_s;
+                     "BEGIN:VEVENT\nDTSTART:20240106\nEND:VEVENT\n\n\nBEGIN:VEVENT\nDTSTART:x\nEND:VEVENT\n");
+        const QString expected = u"01-05 09:00 Müller/a/b | 01-06 Event | Line 15: An entry has no real date: \"x\""_s;
         const auto with = [&file](const QByteArray& old, const QByteArray& now) {
             return QByteArray(file).replace(old, now);
         };
@@ -56,19 +56,33 @@ private Q_SLOTS:
     {
         const QString dentist =
             u"03-15 09:15 Zahnarzt Dr. Müller/Karte mitbringen, nüchtern/zweite Zeile; Ende | 03-31 Ostern — Familie !03-30 12:00"_s;
-        for (const auto& [name, expected] : Rows<QString>{
-                 {"cr-only", dentist},
-                 {"crcrlf", dentist},
-                 {"lf-only", dentist},
-                 {"mail-around", dentist},
-                 {"no-newline-at-end", dentist},
-                 {"utf16le-bom", dentist},
-                 {"latin1", QString(dentist).replace(u'—', u'-')},
-                 {"missing-end", u"01-02 10:00 first, without END | 01-03 10:00 second"_s},
-                 {"empty", u"The file is empty."_s},
-                 {"windows-zone",
-                  u"07-15 02:00 Tokyo by its Windows name | 07-15 09:00 Berlin by its Windows name, no VTIMEZONE"_s},
-             }) {
+        QStringList notes;
+        for (int i = 1; i <= 10; ++i)
+            notes += u"07-%1 Note %2/Line one/line two ✓"_s.arg(i, 2, 10, QChar(u'0')).arg(i);
+        for (
+            const auto& [name, expected] : Rows<QString>{
+                {"cr-only", dentist},
+                {"crcrlf", dentist},
+                {"lf-only", dentist},
+                {"mail-around", dentist},
+                {"no-newline-at-end", dentist},
+                {"utf16le-bom", dentist},
+                {"latin1", QString(dentist).replace(u'—', u'-')},
+                {"missing-end", u"01-02 10:00 first, without END | 01-03 10:00 second"_s},
+                {"empty", u"The file is empty."_s},
+                {"bad-dates",
+                 u"01-01 09:00 no seconds | 01-05 10:00 ISO form | 01-08 date with time | 01-09 date without VALUE | 01-10 10:00 good neighbour | Line 7: \"30 February\" has no real date: \"20240230T090000Z\" | Line 13: \"month 13\" has no real date: \"20241301T090000Z\" | Line 19: \"hour 25\" has no real date: \"20240101T250000Z\" | Line 25: \"word\" has no real date: \"tomorrow\" | Line 31: \"empty\" has no real date: \"\" | Line 34: \"none\" has no date."_s},
+                {"never",
+                 u"(Line 15%1) 01-01 11:00 30 February daily | (Line 22%1) 01-01 11:00 30 February secondly | (Line 8%1) 01-01 30 February | 01-02 10:00 good neighbour"_s
+                     .arg(u": the rule cannot be followed, so it stands once."_s)},
+                {"override-kinds",
+                 u"05-06 09:00 weekly 06-03 06-10 | 05-14 11:00 moved to Tuesday | 05-20 12:00 id in UTC, moved to noon | (Cancelled.) - 05-27 09:00 cancelled | 05-29 09:00 id that the rule never makes"_s},
+                {"monthday-last",
+                 u"01-30 last of 28 to 31 01-31 02-29 03-31 ... | 01-31 31st, only months that have it 03-31 ... | 01-31 last day of the month 02-29 03-31 ... | 02-29 29 February yearly ..."_s},
+                {"notes-of-days", notes.join(u" | "_s)},
+                {"windows-zone",
+                 u"07-15 02:00 Tokyo by its Windows name | 07-15 09:00 Berlin by its Windows name, no VTIMEZONE"_s},
+            }) {
             const InRow row(this, name);
             QCOMPARE(Shown(Read(Content(u"%1/made-%2.ics"_s.arg(QStringLiteral(CALENDARS), QLatin1StringView(name))))),
                      expected);
@@ -127,7 +141,9 @@ private Q_SLOTS:
                                {{1999, 8, 3}, 0, "Rent"}},
                               {{{1900, 2, 29}, 5, "leap"}, {{1999, 12, 31}, 1430, bold}, {{1999, 12, 31}, 1430, ""}},
                               {{{1999, 8, 1}, {1999, 8, 3}, Frequency::Daily, "Rent"}}};
-        const ImportedFile file = Read(WriteICalendar(extract, {}));
+        const QByteArray written = WriteICalendar(extract, {});
+        const ImportedFile file = Read(written);
+        QCOMPARE(Shown(Read(QByteArray(written).replace(":VALARM", ":X-LOST"))), Shown(file));
         QCOMPARE(
             Shown(file),
             u"!1900-02-29 00:05 | 1900-02-29 a b/c | 1999-07 Memo 3 plan/more | 1999-07-04  9:00 Müller, Str.; C:\\temp//\tx | 1999-07-05 a b/c | 1999-08-01 Rent 1999-08-02 1999-08-03 | !1999-12-31 23:50 | !1999-12-31 23:50"_s);
