@@ -226,8 +226,9 @@ MergeReport Merger::Merge(const std::vector<ImportedEntry>& entries)
 MergeReport MergeInto(const Database& planner, const std::vector<ImportedEntry>& entries, const QDateTime& now,
                       const QString& tune)
 {
+    Merger merger(planner, now, tune); // before the transaction: a server ends one in which a table may not be read
     WriteTransaction writing(planner);
-    const MergeReport report = Merger(planner, now, tune).Merge(entries);
+    const MergeReport report = merger.Merge(entries);
     writing.Commit();
     return report;
 }
