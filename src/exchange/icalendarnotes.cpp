@@ -103,7 +103,7 @@ std::vector<ExtractedNote> NotesOf(const std::vector<LocalSpan>& spans, Calendar
             const QString head = HeadOf(span, day, body.Title());
             const auto [text, isNew] = texts.try_emplace({DayOf(day), head});
             if (isNew) text->second = body.Below(head);
-            room.days -= isNew ? 1 : 0;
+            --room.days; // also if the day has this text already
         }
     }
     if (isFull || isCut)

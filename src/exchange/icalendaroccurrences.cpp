@@ -117,6 +117,9 @@ private:
     template <typename Use>
     void ForEachTime(const CalendarProperty& property, Use use)
     {
+        if (property.value.count(',') > static_cast<qsizetype>(MostCalendarDays))
+            return m_reading.faults.Add(property.line,
+                                        u"%1 has too many dates."_s.arg(QString::fromLatin1(property.name)));
         for (const QByteArray& value : property.value.split(',')) {
             const auto time = m_reading.zones.TimeOf(property, value.split('/').first());
             if (time)

@@ -133,7 +133,10 @@ CalendarZones::CalendarZones(const QTimeZone& person, const std::vector<Calendar
 
 const CalendarZone& CalendarZones::Of(const QByteArray& id)
 {
-    std::shared_ptr<const CalendarZone>& zone = m_known[id];
+    // No program has so many or so long ones, and each is looked up piece by piece.
+    constexpr qsizetype Longest = 255, Most = 1000;
+    const bool isUsual = id.size() <= Longest && (m_known.size() < Most || m_known.contains(id));
+    std::shared_ptr<const CalendarZone>& zone = m_known[isUsual ? id : QByteArray(1, '?')];
     if (!zone) zone = std::make_shared<CalendarZone>(Find(id));
     return *zone;
 }
@@ -142,7 +145,7 @@ CalendarZone CalendarZones::Find(const QByteArray& id)
 {
     if (const QTimeZone zone = TableZone(id); zone.isValid()) return {zone, true, {}};
     if (const CalendarPart* const part = m_parts.value(id)) {
-        const QTimeZone zone = TableZone(part->Value("X-LIC-LOCATION"));
+        const QTimeZone zone = TableZone(part->Value("X-LIC-LOCATION").left(255));
         if (zone.isValid()) return {zone, true, {}};
         if (auto changes = ChangesOf(*part); !changes.empty()) return {{}, true, std::move(changes)};
     }

@@ -28,6 +28,7 @@ struct ImportedEntry
     bool isEndless = false; // its rule has no end
     std::vector<ExtractedNote> notes; // its text in each of its days, in the order of the calendar
     std::vector<ExtractedAlarm> alarms;
+    bool takesAlarms = true; // else those of a former import stay as they are
 };
 
 struct ImportedFile

@@ -13,8 +13,8 @@ constexpr struct
 {
     const char* suffix;
     ImportedFile (*read)(const QByteArray& file, const ImportChoices& choices);
-} Readers[] = {{"ics", ReadICalendar}, {"ical", ReadICalendar},    {"ifb", ReadICalendar}, {"vcs", ReadICalendar},
-               {"md", ReadMarkdown},   {"markdown", ReadMarkdown}, {"txt", ReadPlainText}, {"text", ReadPlainText}};
+} Readers[] = {{"ics", ReadICalendar},     {"ical", ReadICalendar}, {"md", ReadMarkdown},
+               {"markdown", ReadMarkdown}, {"txt", ReadPlainText},  {"text", ReadPlainText}};
 
 // A calendar is known by its content, whatever its name.
 auto ReaderOf(const QByteArray& file, const QString& suffix)

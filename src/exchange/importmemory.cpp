@@ -4,6 +4,7 @@
 #include "plannerfile/schema.h"
 #include "platform/engine/engineerrors.h"
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -21,13 +22,16 @@ TableDef ImportsTable()
 // The days of a repeated event share one text.
 QByteArray Packed(const ImportedPieces& pieces)
 {
-    QStringList texts;
-    QJsonArray rows;
+    QHash<QString, int> numbers;
+    QJsonArray texts, rows;
     for (const ImportedPiece& piece : pieces) {
-        if (texts.isEmpty() || texts.last() != piece.text) texts += piece.text;
-        rows += QJsonArray{static_cast<int>(piece.kind), piece.key, piece.detail, texts.size() - 1};
+        if (!numbers.contains(piece.text)) {
+            numbers.insert(piece.text, static_cast<int>(texts.size()));
+            texts += piece.text;
+        }
+        rows += QJsonArray{static_cast<int>(piece.kind), piece.key, piece.detail, numbers[piece.text]};
     }
-    return QJsonDocument(QJsonArray{QJsonArray::fromStringList(texts), rows}).toJson(QJsonDocument::Compact);
+    return QJsonDocument(QJsonArray{texts, rows}).toJson(QJsonDocument::Compact);
 }
 
 // Nothing if it is damaged: then the texts that stand are left alone.

@@ -20,6 +20,8 @@ QString KeyOfNote(const ExtractedNote& note)
 // The least frequent event that meets all of the days: its removal searches each date of its walk.
 Frequency FrequencyThrough(const QStringList& keys)
 {
+    constexpr int MostYears = 100; // a walk over more is long, and no person's
+    if (fnGetQMTYear(keys.last()) - fnGetQMTYear(keys.first()) > MostYears) return Frequency::Daily;
     const auto meetsAll = [&keys](Frequency frequency) {
         const QStringList walk = RemovalDates(frequency, keys.first(), keys.last());
         const QSet<QString> dates(walk.cbegin(), walk.cend());
@@ -54,7 +56,8 @@ std::map<ImportedPiece, QByteArray> PiecesOf(const ImportedEntry& entry)
     std::map<ImportedPiece, QByteArray> pieces;
     for (const ExtractedNote& note : entry.notes)
         pieces[{Kind::Note, KeyOfNote(note), {}, textOf(note.rtf)}] = note.rtf;
-    for (const ExtractedAlarm& alarm : entry.alarms) {
+    const std::vector<ExtractedAlarm> none;
+    for (const ExtractedAlarm& alarm : entry.takesAlarms ? entry.alarms : none) {
         const QString time = QTime(0, 0).addSecs(60 * alarm.minute).toString(u"HH:mm"_s);
         pieces[{Kind::Alarm, KeyOf(alarm.day), time, textOf(alarm.rtf)}] = alarm.rtf;
     }

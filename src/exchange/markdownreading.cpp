@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QUrl>
@@ -106,7 +107,7 @@ void MarkdownNote::AddPicture(const QString& link)
     const QString path = QUrl::fromPercentEncoding(link.toUtf8());
     QFile file(m_folder + u'/' + path);
     const bool isBelow = !m_folder.isEmpty() && QDir::isRelativePath(path) && !path.contains(u".."_s);
-    if (!isBelow || !file.open(QIODevice::ReadOnly) || file.size() > MostBytes) return;
+    if (!isBelow || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MostBytes) return;
     InsertPicture(m_cursor, file.readAll(), {});
 }
 } // namespace

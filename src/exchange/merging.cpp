@@ -33,7 +33,8 @@ using Changes = std::vector<Change>;
 
 void Settle(const Change& change, bool isWritten)
 {
-    if (change.rtf) change.merged->standing.insert(change.piece);
+    // What a person or another entry has written is not the entry's own, so it is never taken out for it.
+    if (change.rtf && isWritten) change.merged->standing.insert(change.piece);
     change.merged->isChanged = change.merged->isChanged || isWritten;
 }
 
@@ -90,19 +91,38 @@ private:
     MergeReport m_report;
 };
 
+// What this import does not speak of: the alarms that the person has not ticked, and the days of an endless rule behind
+// the last one that the person wants now.
+bool IsLeftAlone(const ImportedPiece& piece, const ImportedEntry& entry)
+{
+    if (piece.kind == Kind::Alarm && !entry.takesAlarms) return true;
+    const QString last = piece.kind == Kind::Event ? piece.detail.section(u' ', 1) : piece.key;
+    return entry.isEndless && !entry.notes.empty() && DayOfKey(last) > entry.notes.back().day;
+}
+
+// Itself, or an event that reaches further.
+bool Stands(const ImportedPiece& wanted, const ImportedPieces& standing)
+{
+    if (wanted.kind != Kind::Event) return standing.contains(wanted);
+    return std::ranges::any_of(standing, [&wanted](const ImportedPiece& piece) {
+        return piece.kind == Kind::Event && piece.key == wanted.key && piece.text == wanted.text;
+    });
+}
+
 void Merger::Plan(const ImportedEntry& entry, Merged& merged)
 {
+    longwork::Goes();
     merged.id = entry.id;
     if (!merged.id.isEmpty()) merged.before = m_memory.Of(merged.id);
     const auto wanted = PiecesOf(entry);
     for (const ImportedPiece& piece : merged.before) {
-        if (wanted.contains(piece))
+        if (wanted.contains(piece) || IsLeftAlone(piece, entry))
             merged.standing.insert(piece);
         else
             m_changes[{piece.kind, piece.key}].push_back({&merged, piece, {}});
     }
     for (const auto& [piece, rtf] : wanted)
-        if (!merged.before.contains(piece)) m_changes[{piece.kind, piece.key}].push_back({&merged, piece, rtf});
+        if (!Stands(piece, merged.standing)) m_changes[{piece.kind, piece.key}].push_back({&merged, piece, rtf});
 }
 
 // As a save stores it: an emptied day has no record.
@@ -192,7 +212,7 @@ void Merger::Write(Kind kind, const QString& key, Changes& changes)
             kind == Kind::Alarm ? WriteAlarm(change) : WriteEvent(change);
     } catch (const RunTimeError& error) {
         if (!IsOfOthers(error.Number)) throw;
-        m_report.refusedDays += key;
+        if (!m_report.refusedDays.contains(key)) m_report.refusedDays += key;
         std::ranges::for_each(changes, Refuse);
     }
 }
@@ -216,8 +236,10 @@ MergeReport Merger::Merge(const std::vector<ImportedEntry>& entries)
         longwork::Reached(done++, std::ssize(m_changes));
         Write(place.first, place.second, changes);
     }
-    for (const Merged& merged : all)
+    for (const Merged& merged : all) {
+        longwork::Goes();
         Report(merged);
+    }
     std::ranges::sort(m_report.refusedDays, {}, [](const QString& key) { return DayOfKey(key).value_or(GridDay()); });
     return m_report;
 }

@@ -42,9 +42,11 @@ class DaysReader
 public:
     void TakeHeading(qsizetype number, const QString& text)
     {
-        const auto heading = HeadingFrom(text);
+        constexpr size_t MostDays = 50'000;
+        const auto heading = m_read.days.size() < MostDays ? HeadingFrom(text) : std::nullopt;
         m_isDated = heading.has_value();
         m_isTold = !m_isDated;
+        m_size = 0;
         if (heading)
             m_read.days.push_back({heading->place, {heading->rest}});
         else
@@ -53,10 +55,7 @@ public:
 
     void TakeLine(qsizetype number, const QString& line)
     {
-        if (m_isDated) {
-            m_read.days.back().lines += line;
-            return;
-        }
+        if (m_isDated) return AddLine(number, line);
         const bool isText = !line.trimmed().isEmpty() && !line.startsWith(u'#');
         if (isText && !m_isTold) LeaveOut(number, "no date stands before this text"_L1, line);
         m_isTold = m_isTold || isText;
@@ -65,6 +64,16 @@ public:
     const TextDays& Read() const { return m_read; }
 
 private:
+    void AddLine(qsizetype number, const QString& line)
+    {
+        constexpr qsizetype MostOfADay = 400'000; // characters
+        m_size += line.size() + 1;
+        if (m_size <= MostOfADay)
+            m_read.days.back().lines += line;
+        else if (!std::exchange(m_isTold, true))
+            LeaveOut(number, "the day's text is too long"_L1, line);
+    }
+
     void LeaveOut(qsizetype number, QLatin1StringView reason, const QString& line)
     {
         constexpr qsizetype MostShown = 60, MostTold = 1000;
@@ -73,8 +82,9 @@ private:
     }
 
     TextDays m_read;
+    qsizetype m_size = 0;   // of the last day's lines
     bool m_isDated = false; // lines belong to the last day
-    bool m_isTold = false;  // that they belong to none
+    bool m_isTold = false;  // that they are left out
 };
 } // namespace
 

@@ -110,9 +110,12 @@ void ImportForm::AddOptions(QBoxLayout& column)
     column.addLayout(DialogRow(Rhythm, {all, none, nullptr, m_chkAlarms}));
     m_maskUntil = Named(new MaskEdBox, "maskUntil");
     m_maskUntil->SetMask(m_dateOrder.mask);
-    m_maskUntil->SetText(m_dateOrder.BoxText(m_endlessUntil.year(), m_endlessUntil.month(), m_endlessUntil.day()));
+    ShowUntil();
     m_maskUntil->setFixedWidth(m_maskUntil->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
-    connect(m_maskUntil, &QLineEdit::textChanged, this, [this] { ReadAgain(); });
+    connect(m_maskUntil, &QLineEdit::editingFinished, this, [this] { ReadAgain(); });
+    connect(m_maskUntil, &QLineEdit::textChanged, this, [this] {
+        if (!m_maskUntil->hasFocus()) ReadAgain(); // picked in the calendar
+    });
     auto* pick = Named(new DateButton(m_maskUntil, m_dateOrder.label, u"Pick the last day"_s), "btnPickDate");
     m_until = new QWidget;
     auto& row = *new QHBoxLayout(m_until);
@@ -195,18 +198,24 @@ QDate ImportForm::UntilInBox() const
     return day ? QDate(day->year, day->month, day->day) : QDate();
 }
 
-// The ticks stay, as far as the entries do.
+void ImportForm::ShowUntil()
+{
+    m_maskUntil->SetText(m_dateOrder.BoxText(m_endlessUntil.year(), m_endlessUntil.month(), m_endlessUntil.day()));
+}
+
+// The person's ticks stay.
 void ImportForm::ReadAgain()
 {
     const QDate until = UntilInBox();
     if (!until.isValid() || until == m_endlessUntil) return;
+    auto file = m_read(until);
+    if (!file) return ShowUntil();
     m_endlessUntil = until;
-    QSet<QString> unticked;
     for (std::size_t i = 0; i < m_file.entries.size(); ++i)
-        if (!IsTicked(i)) unticked += m_file.entries[i].id;
-    m_file = m_read(until);
+        m_ticks[m_file.entries[i].id] = IsTicked(i);
+    m_file = std::move(*file);
     for (ImportedEntry& entry : m_file.entries)
-        entry.isTicked = !unticked.contains(entry.id);
+        entry.isTicked = m_ticks.value(entry.id, entry.isTicked);
     Fill();
 }
 
@@ -216,7 +225,7 @@ std::vector<ImportedEntry> ImportForm::Ticked() const
     for (std::size_t i = 0; i < m_file.entries.size(); ++i) {
         if (!IsTicked(i)) continue;
         ticked.push_back(m_file.entries[i]);
-        if (!m_chkAlarms->isChecked()) ticked.back().alarms.clear();
+        ticked.back().takesAlarms = m_chkAlarms->isChecked();
     }
     return ticked;
 }

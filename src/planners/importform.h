@@ -4,8 +4,10 @@
 #include "exchange/importedfile.h"
 
 #include <QDialog>
+#include <QHash>
 
 #include <functional>
+#include <optional>
 
 struct DateOrder;
 class MaskEdBox;
@@ -18,8 +20,8 @@ class QTreeWidgetItem;
 class ImportForm : public QDialog
 {
 public:
-    // Reads the file again, with rules without an end up to this day.
-    using Read = std::function<ImportedFile(const QDate& endlessUntil)>;
+    // Reads the file again, with rules without an end up to this day. Nothing after a Cancel or a message.
+    using Read = std::function<std::optional<ImportedFile>(const QDate& endlessUntil)>;
     ImportForm(QWidget* owner, const QString& fileName, const Read& read, const QDate& endlessUntil, ImportedFile file,
                const QDateTime& now);
 
@@ -34,6 +36,7 @@ private:
     void Fill();
     void ShowSum();
     void ReadAgain();
+    void ShowUntil();
     void TickAll(bool isTicked);
     bool IsTicked(std::size_t entry) const;
     QDate UntilInBox() const; // invalid if the box holds no date
@@ -43,6 +46,7 @@ private:
     Read m_read;
     QDate m_endlessUntil;
     ImportedFile m_file;
+    QHash<QString, bool> m_ticks; // by entry, of all readings
     QDateTime m_now;
     QTreeWidget* m_entries = nullptr; // the rows are the file's entries, then what is left out
     QLabel* m_lblSum = nullptr;

@@ -98,12 +98,13 @@ void Importing::Import(const QString& path)
     if (!file.refusal.isEmpty())
         return messages::Tell(u"'%1' cannot be imported."_s.arg(name), msgbox::Exclamation, file.refusal);
     const auto readAgain = [&](const QDate& until) {
-        read(until);
-        return file;
+        return read(until) && file.refusal.isEmpty() ? std::optional(file) : std::nullopt;
     };
     ImportForm choice(OwnerOfDialog(), name, readAgain, endlessUntil, file, desktopclock::Now());
-    if (choice.exec() == QDialog::Accepted && SaveCellsBefore("import", m_notes, m_lockedDay) && BacksUp())
-        Write(choice.Ticked());
+    if (choice.exec() != QDialog::Accepted) return;
+    const std::vector<ImportedEntry> ticked = choice.Ticked();
+    if (ticked.empty()) return;
+    if (SaveCellsBefore("import", m_notes, m_lockedDay) && BacksUp()) Write(ticked);
 }
 
 void Importing::Write(const std::vector<ImportedEntry>& entries)

@@ -124,6 +124,8 @@ private Q_SLOTS:
         QCOMPARE(Merge(entries), QList({0, 0, 6}));
         QCOMPARE(Content(), content);
         // A text that a person has deleted stays away.
+        for (ImportedEntry& entry : entries)
+            entry.id.chop(1);
         SetNote(u"1999/3/11"_s, " ");
         QCOMPARE(Merge(entries), QList({0, 0, 6}));
         QVERIFY(!Content().contains(u"3/11: Run"));
@@ -148,6 +150,33 @@ private Q_SLOTS:
         Recordset notes = schema::OpenNotes(m_planner);
         notes.Seek(schema::Equal, u"1999/3/8"_s);
         QVERIFY(notes.NoMatch()); // as after a save of an emptied day
+    }
+
+    // What an import does not speak of stays: days behind the end that the person chooses now, alarms without a tick,
+    // and lines that the person has written.
+    void whatIsNotMeantStays()
+    {
+        std::vector entries{Entry(u"a"_s, "Run", {u"1999/3/5"_s, u"1999/3/6"_s, u"1999/3/7"_s}),
+                            Entry(u"b"_s, "mine", {u"1999/3/4"_s})};
+        entries[0].isEndless = true;
+        entries[0].alarms = {{{1999, 3, 18}, 630, "Run"}};
+        Merge(entries);
+        const QStringList all{u"3/4: mine"_s, u"3/5: Run"_s,        u"3/6: Run"_s,
+                              u"3/7: Run"_s,  u"3/18 at 630 Run"_s, u"DAILY 3/5 - 3/7 Run"_s};
+        QCOMPARE(Content(), all);
+        entries[0].notes.pop_back();
+        entries[0].alarms.clear();
+        entries[0].takesAlarms = false;
+        entries[1] = Entry(u"b"_s, "theirs", {u"1999/3/9"_s});
+        QCOMPARE(Merge(entries), QList({1, 0, 1}));
+        QStringList more = all;
+        more.insert(4, u"3/9: theirs"_s);
+        QCOMPARE(Content(), more);
+        entries[0].isEndless = false;
+        entries[0].takesAlarms = true;
+        Merge(entries);
+        QCOMPARE(Content(), QStringList({u"3/4: mine"_s, u"3/5: Run"_s, u"3/6: Run"_s, u"3/9: theirs"_s,
+                                         u"DAILY 3/5 - 3/6 Run"_s}));
     }
 
     // Forms and pictures stay, of the note as of the text.

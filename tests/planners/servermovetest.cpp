@@ -39,6 +39,21 @@ class ServerMoveTest : public QObject
         return seen;
     }
 
+    // By the command, which knows the servers of the person's settings.
+    QByteArray Exported(const QString& planner) const
+    {
+        const QString config = m_program->folders.Path(u"config"_s), settings = config + u"/orrelin"_s;
+        QDir().mkpath(settings);
+        QFile::copy(::folders::WindowsDirectory() + u"/PLANNER.INI"_s, settings + u"/PLANNER.INI"_s);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_CONFIG_HOME"_s, config);
+        QProcess command;
+        command.setProcessEnvironment(environment);
+        command.setProcessChannelMode(QProcess::MergedChannels);
+        command.start(QStringLiteral(EXPORT_COMMAND), {m_program->folders.Path(planner), u"--format"_s, u"txt"_s});
+        return command.waitForFinished() ? command.readAll() : QByteArray();
+    }
+
     QByteArray FileContent() const { return Content(m_program->folders.Path(m_program->File)); }
     QString StoredIn(const QString& file) const { return PlainText(m_program->Stored(file, m_program->Key)); }
 
@@ -79,6 +94,7 @@ private Q_SLOTS:
                 QCOMPARE(seen.Text, said);
             });
         QCOMPARE(StoredIn(u"saved.mdb"_s), u"typed and more, last"_s);
+        QVERIFY(Exported(m_program->File).contains("typed and more, last")); // while it is open here
         m_program->Open(u"saved.mdb"_s, true);
         InOptions([&](NetworkOptionForm& form) {
             QVERIFY(Address(form).text().isEmpty() && !Address(form).isReadOnly());
