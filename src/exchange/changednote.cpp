@@ -31,6 +31,18 @@ bool TakeFrom(QString& text, const QString& lines)
     if (found) text.remove(found->from, found->to - found->from);
     return found.has_value();
 }
+
+QString WhatCounts(const QString& text)
+{
+    QStringList lines;
+    for (QString line : text.split(u'\n')) {
+        line.remove(QChar::ObjectReplacementCharacter);
+        while (!line.isEmpty() && line.back().isSpace())
+            line.chop(1);
+        if (!line.isEmpty()) lines += line;
+    }
+    return lines.join(u'\n');
+}
 } // namespace
 
 QString LinesOfNote(const QByteArray& rtf)
@@ -46,16 +58,21 @@ ChangedNote::ChangedNote(const QByteArray& stored) : m_isEmpty(stored.trimmed().
     for (QTextDocument* document : {&m_note, &m_addition})
         document->setUndoRedoEnabled(false);
     if (!m_isEmpty) ReadRtf(stored, m_note);
-    m_free = m_note.toPlainText();
+    m_free = WhatCounts(m_note.toPlainText());
 }
 
-bool ChangedNote::Add(const QString& lines, const QByteArray& rtf)
+bool ChangedNote::Finds(const QString& lines)
 {
-    if (!m_isEmpty && TakeFrom(m_free, lines)) return false;
+    if (m_isEmpty) return false;
+    const QString counting = WhatCounts(lines);
+    return counting.isEmpty() ? Find(m_note.toPlainText(), lines).has_value() : TakeFrom(m_free, counting);
+}
+
+void ChangedNote::Add(const QByteArray& rtf)
+{
     ReadRtf(rtf, m_isEmpty ? m_note : m_addition);
     if (!m_isEmpty) AppendBelow(m_note, m_addition.firstBlock(), QTextDocumentFragment(&m_addition));
     m_isEmpty = false;
-    return true;
 }
 
 bool ChangedNote::TakeOut(const QString& lines)
@@ -67,7 +84,7 @@ bool ChangedNote::TakeOut(const QString& lines)
     cursor.setPosition(static_cast<int>(found->to), QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     m_isEmpty = m_note.isEmpty();
-    TakeFrom(m_free, lines);
+    TakeFrom(m_free, WhatCounts(lines));
     return true;
 }
 

@@ -12,9 +12,10 @@ class ChangedNote
 public:
     explicit ChangedNote(const QByteArray& stored);
 
-    // Adds these lines below the others, as rich text. False if they stand there already, once for each equal text that
-    // is added.
-    bool Add(const QString& lines, const QByteArray& rtf);
+    // Whether these lines stand there, once for each equal text that asks. Pictures and blanks at the end of a line do
+    // not count, since other programs drop them; nor do lines that were found for another text.
+    bool Finds(const QString& lines);
+    void Add(const QByteArray& rtf); // below the others
     // Takes the first such lines out. False if they are not there as whole lines.
     bool TakeOut(const QString& lines);
 
@@ -22,6 +23,6 @@ public:
 
 private:
     QTextDocument m_note, m_addition;
-    QString m_free; // the lines that no added text has found as its own
+    QString m_free; // the lines that count and that no text has found as its own
     bool m_isEmpty;
 };

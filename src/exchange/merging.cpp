@@ -8,6 +8,7 @@
 #include "platform/engine/longwork.h"
 
 #include <algorithm>
+#include <functional>
 #include <list>
 #include <optional>
 
@@ -125,6 +126,30 @@ void Merger::Plan(const ImportedEntry& entry, Merged& merged)
         if (!Stands(piece, merged.standing)) m_changes[{piece.kind, piece.key}].push_back({&merged, piece, rtf});
 }
 
+// The long texts look for their lines first, or a short one would take one of theirs. What is not found looks again: a
+// recurring event may have stood in its middle. Returns which changes have changed the note.
+std::vector<bool> Apply(const Changes& changes, ChangedNote& note)
+{
+    std::vector<bool> isDone(changes.size());
+    std::vector<size_t> additions;
+    for (size_t i = 0; i < changes.size(); ++i) {
+        if (changes[i].rtf)
+            additions.push_back(i);
+        else
+            isDone[i] = note.TakeOut(changes[i].piece.text);
+    }
+    const auto isThere = [&](size_t i) { return note.Finds(changes[i].piece.text); };
+    std::vector<size_t> longestFirst = additions;
+    std::ranges::stable_sort(longestFirst, std::greater(), [&](size_t i) { return changes[i].piece.text.size(); });
+    for (const size_t i : longestFirst)
+        isDone[i] = !isThere(i);
+    for (const size_t i : additions) {
+        isDone[i] = isDone[i] && !isThere(i);
+        if (isDone[i]) note.Add(*changes[i].rtf);
+    }
+    return isDone;
+}
+
 // As a save stores it: an emptied day has no record.
 void Merger::WriteNote(const QString& key, Changes& changes)
 {
@@ -133,9 +158,7 @@ void Merger::WriteNote(const QString& key, Changes& changes)
     m_notes.Seek(schema::Equal, key);
     const bool isNew = m_notes.NoMatch();
     ChangedNote note(isNew ? QByteArray() : m_notes.Fields(schema::TextField).toByteArray());
-    std::vector<bool> written;
-    for (const Change& change : changes)
-        written.push_back(change.rtf ? note.Add(change.piece.text, *change.rtf) : note.TakeOut(change.piece.text));
+    const std::vector<bool> written = Apply(changes, note);
     if (std::ranges::find(written, true) != written.end()) StoreNote(key, isNew, note.Rtf());
     for (size_t i = 0; i < changes.size(); ++i)
         Settle(changes[i], written[i]);

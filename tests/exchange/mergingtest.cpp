@@ -152,6 +152,18 @@ private Q_SLOTS:
         QVERIFY(notes.NoMatch()); // as after a save of an emptied day
     }
 
+    // What another program has made of an export.
+    void aNoteComesBackOnce()
+    {
+        SetNote(u"1999/3/8"_s, "{\\rtf1 Mon \\par Rent\\par {\\pict\\pngblip 00}\\par Foo{\\pict\\pngblip 00}\\par}");
+        SetNote(u"1999/3/9"_s, "Bo\nAnn\nBo");
+        const QStringList before = Content();
+        QCOMPARE(Merge({Entry(u"a"_s, "Mon\nFoo", {u"1999/3/8"_s}), Entry(u"b"_s, "Rent", {u"1999/3/8"_s}),
+                        Entry(u"c"_s, "Bo", {u"1999/3/9"_s}), Entry(u"d"_s, "Bo\nAnn", {u"1999/3/9"_s})}),
+                 QList({0, 0, 4}));
+        QCOMPARE(Content(), before);
+    }
+
     // What an import does not speak of stays: days behind the end that the person chooses now, alarms without a tick,
     // and lines that the person has written.
     void whatIsNotMeantStays()
