@@ -150,11 +150,9 @@ std::vector<bool> Apply(const Changes& changes, ChangedNote& note)
     return isDone;
 }
 
-// As a save stores it: an emptied day has no record.
 void Merger::WriteNote(const QString& key, Changes& changes)
 {
     std::ranges::stable_sort(changes, {}, TimeOf);
-    std::ranges::stable_partition(changes, [](const Change& change) { return !change.rtf; }); // room first
     m_notes.Seek(schema::Equal, key);
     const bool isNew = m_notes.NoMatch();
     ChangedNote note(isNew ? QByteArray() : m_notes.Fields(schema::TextField).toByteArray());
