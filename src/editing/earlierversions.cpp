@@ -4,7 +4,6 @@
 #include "editing/versionsform.h"
 #include "hall/cells.h"
 #include "notes/heldday.h"
-#include "plannerfile/backups.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/undooffer.h"
@@ -17,7 +16,7 @@ namespace {
 void TellNone(const QString& day, const DayVersions& versions)
 {
     messages::Tell(u"No earlier text of %1 is kept that differs from the present one."_s.arg(day), msgbox::Information,
-                   (versions.skipped + QStringList(PlaceOfBackups())).join(u"\n\n"_s));
+                   versions.remarks.join(u"\n\n"_s));
 }
 } // namespace
 

@@ -1,6 +1,5 @@
 #include "editing/versionsform.h"
 
-#include "plannerfile/backups.h"
 #include "platform/controls/notesheets.h"
 #include "platform/controls/okcancel.h"
 #include "platform/controls/softtext.h"
@@ -79,7 +78,7 @@ QWidget* VersionsForm::MakeFoot()
     auto* layout = new QVBoxLayout(foot);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * Rhythm);
-    QLabel* hint = MakeWrappedText((m_versions.skipped + QStringList(PlaceOfBackups())).join(u'\n'));
+    QLabel* hint = MakeWrappedText(m_versions.remarks.join(u'\n'));
     SoftenText(*Named(hint, "lblHint"));
     layout->addWidget(hint);
     QDialogButtonBox* buttons = MakeButtonBox(*this);

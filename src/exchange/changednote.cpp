@@ -1,12 +1,15 @@
 #include "exchange/changednote.h"
 
 #include "platform/richtext/notejoin.h"
+#include "platform/richtext/notepicture.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocumentFragment>
+
+#include <algorithm>
 
 namespace {
 // From where to where these lines go in the text, with one of their line breaks.
@@ -43,6 +46,14 @@ QString WhatCounts(const QString& text)
     }
     return lines.join(u'\n');
 }
+QList<QImage> PicturesOf(const QTextDocument& note)
+{
+    QList<QImage> pictures;
+    QTextCursor cursor = note.find(QString(QChar::ObjectReplacementCharacter));
+    for (; !cursor.isNull(); cursor = note.find(QString(QChar::ObjectReplacementCharacter), cursor))
+        if (const auto picture = OnlyPicture(cursor)) pictures += picture->image;
+    return pictures;
+}
 } // namespace
 
 QString LinesOfNote(const QByteArray& rtf)
@@ -61,11 +72,14 @@ ChangedNote::ChangedNote(const QByteArray& stored) : m_isEmpty(stored.trimmed().
     m_free = WhatCounts(m_note.toPlainText());
 }
 
-bool ChangedNote::Finds(const QString& lines)
+bool ChangedNote::Finds(const QString& lines, const QByteArray& rtf)
 {
     if (m_isEmpty) return false;
     const QString counting = WhatCounts(lines);
-    return counting.isEmpty() ? Find(m_note.toPlainText(), lines).has_value() : TakeFrom(m_free, counting);
+    if (!counting.isEmpty()) return TakeFrom(m_free, counting);
+    ReadRtf(rtf, m_addition);
+    const QList<QImage> here = PicturesOf(m_note), theirs = PicturesOf(m_addition);
+    return std::ranges::all_of(theirs, [&here](const QImage& picture) { return here.contains(picture); });
 }
 
 void ChangedNote::Add(const QByteArray& rtf)

@@ -12,9 +12,10 @@ class ChangedNote
 public:
     explicit ChangedNote(const QByteArray& stored);
 
-    // Whether these lines stand there, once for each equal text that asks. Pictures and blanks at the end of a line do
-    // not count, since other programs drop them; nor do lines that were found for another text.
-    bool Finds(const QString& lines);
+    // Whether a text with these lines stands there, once for each equal text that asks. Pictures beside a text and
+    // blanks at the end of a line do not count, since other programs drop them; nor do lines that were found for
+    // another text.
+    bool Finds(const QString& lines, const QByteArray& rtf);
     void Add(const QByteArray& rtf); // below the others
     // Takes the first such lines out. False if they are not there as whole lines.
     bool TakeOut(const QString& lines);

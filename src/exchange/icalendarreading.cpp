@@ -66,7 +66,7 @@ struct Verdict
 };
 
 // The first that fits.
-const Verdict Verdicts[] = {{"", "CANCELLED", false, u"Cancelled."_s},
+const Verdict Verdicts[] = {{"", "CANCELLED", false, u"Cancelled: what was imported of it is taken out."_s},
                             {"VTODO", "COMPLETED", false, u"A task that is done."_s},
                             {"VTODO", nullptr, true, u"A task."_s}};
 
@@ -78,6 +78,7 @@ void Judge(const CalendarPart& entry, ImportedEntry& imported, QStringList& rema
         if (*verdict.kind != '\0' && entry.kind != verdict.kind) continue;
         if (verdict.status && status != verdict.status) continue;
         imported.isTicked = verdict.isTicked;
+        imported.isCancelled = status == "CANCELLED";
         remarks += verdict.remark;
         return;
     }

@@ -167,9 +167,11 @@ std::vector<std::pair<QDateTime, int>> CalendarZones::ChangesOf(const CalendarPa
         };
         add(start->wall);
         ForEachDate(part.Value("RRULE"), start->wall, m_time, add);
-        for (const CalendarProperty& property : part.properties)
-            if (const auto date = property.name == "RDATE" ? WrittenTime(property.value) : std::nullopt)
-                add(date->wall);
+        for (const CalendarProperty& property : part.properties) {
+            if (property.name != "RDATE") continue;
+            for (const QByteArray& value : property.value.split(','))
+                if (const auto date = changes.size() < Most ? WrittenTime(value) : std::nullopt) add(date->wall);
+        }
     }
     std::ranges::sort(changes);
     return changes;

@@ -16,13 +16,16 @@ constexpr struct
 } Readers[] = {{"ics", ReadICalendar},     {"ical", ReadICalendar}, {"md", ReadMarkdown},
                {"markdown", ReadMarkdown}, {"txt", ReadPlainText},  {"text", ReadPlainText}};
 
-// A calendar is known by its content, whatever its name.
+// A calendar is known by its content, whatever its name, and may have a mail around it. A diary may quote one.
 auto ReaderOf(const QByteArray& file, const QString& suffix)
 {
-    if (file.contains("BEGIN:VCALENDAR")) return ReadICalendar;
+    constexpr char CalendarBegins[] = "BEGIN:VCALENDAR";
     const auto found = std::ranges::find_if(Readers, [&](const auto& reader) {
         return suffix.compare(QLatin1StringView(reader.suffix), Qt::CaseInsensitive) == 0;
     });
+    const bool isText = found != std::end(Readers) && found->read != ReadICalendar;
+    const bool isCalendar = isText ? file.trimmed().startsWith(CalendarBegins) : file.contains(CalendarBegins);
+    if (isCalendar) return ReadICalendar;
     return found == std::end(Readers) ? ReadPlainText : found->read;
 }
 

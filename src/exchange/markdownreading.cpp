@@ -42,25 +42,30 @@ QString TextOfEntity(const QString& name)
 class MarkdownNote
 {
 public:
-    MarkdownNote(QTextDocument& note, const ImportChoices& choices)
-        : m_cursor(&note), m_form(choices.form), m_folder(choices.folder)
+    // room: for pictures, in bytes, of the whole file
+    MarkdownNote(QTextDocument& note, const ImportChoices& choices, qint64& room)
+        : m_cursor(&note), m_form(choices.form), m_folder(choices.folder), m_room(room)
     {
     }
 
-    void Write(const QString& markdown);
+    // Returns what is lost, in words.
+    QString Write(const QString& markdown);
 
 private:
     void Take(const QRegularExpressionMatch& token, const QString& markdown);
     void Switch(QChar tag);
-    void AddPicture(const QString& link);
+    bool AddPicture(const QString& link);
+    void AddLost(const QString& link);
     void Add(const QString& text) { m_cursor.insertText(text, m_form); }
 
     QTextCursor m_cursor;
     QTextCharFormat m_form;
     QString m_folder;
+    qint64& m_room;
+    QStringList m_lost; // pictures
 };
 
-void MarkdownNote::Write(const QString& markdown)
+QString MarkdownNote::Write(const QString& markdown)
 {
     static const QRegularExpression token(
         uR"((?<break>\\?\n|<br/?>)|\\(?<sign>[\x21-\x7e])|&(?<entity>\w+|#\d+);|</?(?<tag>[bisu])>|(?<mark>\*\*|\*|~~)|!\[[^\]]*\]\((?<link>[^)\s]*)\))"_s);
@@ -71,6 +76,7 @@ void MarkdownNote::Write(const QString& markdown)
         at = match.capturedEnd();
     }
     Add(markdown.sliced(at));
+    return m_lost.isEmpty() ? QString() : u"Pictures that could not be read: %1"_s.arg(m_lost.join(u", "_s));
 }
 
 // Marks between blanks are signs.
@@ -86,7 +92,10 @@ void MarkdownNote::Take(const QRegularExpressionMatch& token, const QString& mar
     if (token.hasCaptured(u"sign")) return Add(token.captured(u"sign"));
     if (token.hasCaptured(u"entity")) return Add(TextOfEntity(token.captured(u"entity")));
     if (token.hasCaptured(u"tag")) return Switch(token.captured(u"tag").front());
-    if (token.hasCaptured(u"link")) return AddPicture(token.captured(u"link"));
+    if (token.hasCaptured(u"link")) {
+        if (!AddPicture(token.captured(u"link"))) AddLost(token.captured(u"link"));
+        return;
+    }
     if (!IsMark(markdown, token)) return Add(token.captured());
     const auto isMeant = [&](const NoteStyle& style) { return style.markdown == token.captured(); };
     Switch(std::ranges::find_if(NoteStyles, isMeant)->tag);
@@ -101,20 +110,27 @@ void MarkdownNote::Switch(QChar tag)
 }
 
 // Only files in folders below the note's own file, so that no text can bring in others.
-void MarkdownNote::AddPicture(const QString& link)
+bool MarkdownNote::AddPicture(const QString& link)
 {
-    constexpr qint64 MostBytes = 50 * 1024 * 1024;
     const QString path = QUrl::fromPercentEncoding(link.toUtf8());
     QFile file(m_folder + u'/' + path);
     const bool isBelow = !m_folder.isEmpty() && QDir::isRelativePath(path) && !path.contains(u".."_s);
-    if (!isBelow || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MostBytes) return;
-    InsertPicture(m_cursor, file.readAll(), {});
+    if (!isBelow || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > m_room) return false;
+    m_room -= file.size();
+    return InsertPicture(m_cursor, file.readAll(), {});
+}
+
+void MarkdownNote::AddLost(const QString& link)
+{
+    constexpr qsizetype MostNames = 3, LongestName = 60;
+    if (m_lost.size() <= MostNames) m_lost += m_lost.size() < MostNames ? link.left(LongestName) : u"..."_s;
 }
 } // namespace
 
 ImportedFile ReadMarkdown(const QByteArray& file, const ImportChoices& choices)
 {
+    qint64 room = 200 * 1024 * 1024; // one small picture may stand in each line
     return EntriesOf(DaysOf(file, MarkdownHeadingIn), choices, [&](const TextDay& day, QTextDocument& note) {
-        MarkdownNote(note, choices).Write(MarkdownBelow(day));
+        return MarkdownNote(note, choices, room).Write(MarkdownBelow(day));
     });
 }

@@ -11,6 +11,7 @@
 #include <functional>
 #include <list>
 #include <optional>
+#include <span>
 
 namespace {
 using Kind = ImportedPiece::Kind;
@@ -19,8 +20,9 @@ using Kind = ImportedPiece::Kind;
 struct Merged
 {
     QString id;
-    ImportedPieces before;   // what former imports have written
-    ImportedPieces standing; // what stands now
+    ImportedPieces before;       // what former imports have written
+    ImportedPieces standing;     // what stands now
+    int additions = 0, over = 0; // pieces
     bool isChanged = false, isRefused = false;
 };
 
@@ -77,6 +79,8 @@ public:
 private:
     void Plan(const ImportedEntry& entry, Merged& merged);
     void Write(Kind kind, const QString& key, Changes& changes);
+    template <typename Step>
+    void Try(const QString& key, std::span<const Change> changes, Step step);
     void WriteNote(const QString& key, Changes& changes);
     void StoreNote(const QString& key, bool isNew, const QByteArray& rtf);
     void WriteAlarm(const Change& change);
@@ -122,8 +126,11 @@ void Merger::Plan(const ImportedEntry& entry, Merged& merged)
         else
             m_changes[{piece.kind, piece.key}].push_back({&merged, piece, {}});
     }
-    for (const auto& [piece, rtf] : wanted)
-        if (!Stands(piece, merged.standing)) m_changes[{piece.kind, piece.key}].push_back({&merged, piece, rtf});
+    for (const auto& [piece, rtf] : wanted) {
+        if (Stands(piece, merged.standing)) continue;
+        m_changes[{piece.kind, piece.key}].push_back({&merged, piece, rtf});
+        ++merged.additions;
+    }
 }
 
 // The long texts look for their lines first, or a short one would take one of theirs. What is not found looks again: a
@@ -138,7 +145,7 @@ std::vector<bool> Apply(const Changes& changes, ChangedNote& note)
         else
             isDone[i] = note.TakeOut(changes[i].piece.text);
     }
-    const auto isThere = [&](size_t i) { return note.Finds(changes[i].piece.text); };
+    const auto isThere = [&](size_t i) { return note.Finds(changes[i].piece.text, *changes[i].rtf); };
     std::vector<size_t> longestFirst = additions;
     std::ranges::stable_sort(longestFirst, std::greater(), [&](size_t i) { return changes[i].piece.text.size(); });
     for (const size_t i : longestFirst)
@@ -197,7 +204,10 @@ void Merger::WriteAlarm(const Change& change)
     });
     const bool isOver = QDateTime(DateOf(piece.key), QTime::fromString(piece.detail, u"HH:mm"_s)) < m_now;
     if (stands && !change.rtf) m_alarms.Delete();
-    if (!stands && change.rtf && isOver) return; // it would never ring
+    if (!stands && change.rtf && isOver) { // it would never ring
+        ++change.merged->over;
+        return;
+    }
     if (!stands && change.rtf) subAddAlarmRecord(m_alarms, {piece.key, piece.detail, *change.rtf, m_tune, false});
     Settle(change, stands != change.rtf.has_value());
 }
@@ -225,12 +235,11 @@ void Merger::AddEvent(const QString& first, const QString& last, const QString& 
     m_events.Update();
 }
 
-void Merger::Write(Kind kind, const QString& key, Changes& changes)
+template <typename Step>
+void Merger::Try(const QString& key, std::span<const Change> changes, Step step)
 {
     try {
-        if (kind == Kind::Note) return WriteNote(key, changes);
-        for (const Change& change : changes)
-            kind == Kind::Alarm ? WriteAlarm(change) : WriteEvent(change);
+        step();
     } catch (const RunTimeError& error) {
         if (!IsOfOthers(error.Number)) throw;
         if (!m_report.refusedDays.contains(key)) m_report.refusedDays += key;
@@ -238,11 +247,20 @@ void Merger::Write(Kind kind, const QString& key, Changes& changes)
     }
 }
 
+void Merger::Write(Kind kind, const QString& key, Changes& changes)
+{
+    if (kind == Kind::Note) return Try(key, changes, [&] { WriteNote(key, changes); });
+    for (const Change& change : changes)
+        Try(key, {&change, 1}, [&] { kind == Kind::Alarm ? WriteAlarm(change) : WriteEvent(change); });
+}
+
 void Merger::Report(const Merged& merged)
 {
     if (!merged.id.isEmpty() && merged.standing != merged.before) m_memory.Keep(merged.id, merged.standing);
     if (merged.isChanged)
         ++(merged.before.empty() ? m_report.added : m_report.changed);
+    else if (merged.standing.empty() && merged.additions == merged.over)
+        m_report.over += merged.over > 0; // else nothing was wanted, and nothing was there
     else if (!merged.isRefused)
         ++m_report.present;
 }

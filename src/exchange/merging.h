@@ -7,6 +7,7 @@
 struct MergeReport
 {
     int added = 0, changed = 0, present = 0; // entries
+    int over = 0;                            // entries of which only alarms are left that would never ring
     QStringList refusedDays;                 // the keys of days that another user holds or has just changed
 };
 

@@ -35,5 +35,6 @@ ImportedFile ReadPlainText(const QByteArray& file, const ImportChoices& choices)
     const TextDays days = DaysOf(file, TextHeadingIn);
     return EntriesOf(days, choices, [&](const TextDay& day, QTextDocument& note) {
         QTextCursor(&note).insertText(TextBelow(day), choices.form);
+        return QString();
     });
 }

@@ -6,6 +6,7 @@
 
 class QTextDocument;
 
-// write fills an empty document with a day's note; a blank note is no entry. Tells longwork.
+// write fills an empty document with a day's note and returns what is lost of it, in words, or nothing. A blank note is
+// no entry. Tells longwork.
 ImportedFile EntriesOf(const TextDays& days, const ImportChoices& choices,
-                       const std::function<void(const TextDay& day, QTextDocument& note)>& write);
+                       const std::function<QString(const TextDay& day, QTextDocument& note)>& write);

@@ -21,7 +21,7 @@ void Try(DayVersions& all, Step&& step)
     try {
         step();
     } catch (const RunTimeError& error) {
-        all.skipped += error.Description;
+        all.remarks += error.Description;
     }
 }
 
@@ -49,7 +49,8 @@ void AddHistory(const QString& key, DayVersions& all)
 {
     if (g_dbPlanner.ServerAddress().isEmpty()) return;
     const auto texts = g_dbPlanner.PastTexts(key);
-    if (!texts) all.skipped += u"The server keeps no history of this planner. It begins when its owner opens it."_s;
+    all.remarks += texts ? u"The server keeps the last ten texts of each day."_s
+                         : u"The server keeps no history of this planner. It begins when its owner opens it."_s;
     for (const PastText& past : texts.value_or(std::vector<PastText>()))
         all.found.push_back({past.replaced, u"Replaced by "_s + past.by, past.text});
 }
@@ -61,7 +62,7 @@ void AddRescued(const QString& key, DayVersions& all)
         if (file.open(QIODevice::ReadOnly))
             all.found.push_back({entry.lastModified(), u"Unsaved note"_s, file.readAll()});
         else
-            all.skipped += u"%1: %2"_s.arg(entry.filePath(), file.errorString());
+            all.remarks += u"%1: %2"_s.arg(entry.filePath(), file.errorString());
     }
 }
 
@@ -75,7 +76,7 @@ void AddJournals(const QString& key, DayVersions& all)
 {
     const LeftJournal::All left = LeftJournal::FindAll();
     for (const QString& path : left.damaged)
-        all.skipped += u"A journal is damaged. It lies in %1"_s.arg(path);
+        all.remarks += u"A journal is damaged. It lies in %1"_s.arg(path);
     for (const LeftJournal& journal : left.whole)
         for (const QString& planner : journal.Notes().Planners()) {
             const auto note = journal.Notes().Find(planner, key);
@@ -117,5 +118,6 @@ DayVersions VersionsOf(const QString& key, const QByteArray& present)
         Try(all, [&] { add(key, all); });
     std::ranges::stable_sort(all.found, std::greater(), &DayVersion::when);
     DropEqual(all.found, present);
+    if (g_dbPlanner.ServerAddress().isEmpty()) all.remarks += PlaceOfBackups();
     return all;
 }

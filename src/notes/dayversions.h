@@ -17,7 +17,7 @@ struct DayVersion
 struct DayVersions
 {
     std::vector<DayVersion> found; // the newest first
-    QStringList skipped;           // why a source could not be read
+    QStringList remarks;           // for the person: which sources could not be read, where others are kept
 };
 
 // The texts of the open planner's day that a person would tell from the present one, and each from the next newer one.

@@ -12,7 +12,6 @@
 #include <QStorageInfo>
 
 namespace {
-constexpr QLatin1StringView BackupTail(" in Backups, BackUpBeforeSave");
 constexpr qsizetype CopiesKept = 10;
 constexpr qint64 RoomToLeave = 50 * 1024 * 1024; // for the save and for other programs
 
@@ -99,7 +98,7 @@ QString BackUpBeforeSave()
         BackUp(QFileInfo(g_sNotesFile), now.date());
         return {};
     } catch (const RunTimeError& error) {
-        LogError(error, BackupTail);
+        LogError(error, " in Backups, BackUpBeforeSave"_L1);
         g_lastLook.nextTry = now.addSecs(Pause);
         return g_lastLook.trouble = error.Description;
     }
@@ -113,13 +112,14 @@ QString BackupBeforeImportOf(const QString& planner)
 
 QString BackUpBeforeImport()
 {
+    waiting::Before();
     if (!g_dbPlanner.ServerAddress().isEmpty()) return {};
     const QFileInfo planner(g_sNotesFile);
     try {
         Copy(planner, BackupBeforeImportOf(g_sNotesFile));
         return {};
     } catch (const RunTimeError& error) {
-        LogError(error, BackupTail);
+        LogError(error, " in Backups, BackUpBeforeImport"_L1);
         return error.Description;
     }
 }

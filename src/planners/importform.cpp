@@ -223,9 +223,13 @@ std::vector<ImportedEntry> ImportForm::Ticked() const
 {
     std::vector<ImportedEntry> ticked;
     for (std::size_t i = 0; i < m_file.entries.size(); ++i) {
-        if (!IsTicked(i)) continue;
-        ticked.push_back(m_file.entries[i]);
-        ticked.back().takesAlarms = m_chkAlarms->isChecked();
+        const ImportedEntry& entry = m_file.entries[i];
+        if (!IsTicked(i) && !entry.isCancelled) continue;
+        ImportedEntry& wanted = ticked.emplace_back(entry);
+        wanted.takesAlarms = m_chkAlarms->isChecked() || !IsTicked(i);
+        if (IsTicked(i)) continue;
+        wanted.notes.clear();
+        wanted.alarms.clear();
     }
     return ticked;
 }

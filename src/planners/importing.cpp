@@ -113,14 +113,16 @@ void Importing::Write(const std::vector<ImportedEntry>& entries)
     const bool isWritten = Succeeds(u"The import could not be written. The planner is as it was."_s, [&] {
         report = MergeInto(g_dbPlanner, entries, desktopclock::Now(), ListTunes().value(0));
     });
-    m_notes.ReadCells(ImportLiteral);
+    m_notes.ReadDay({}); // also where a note is gone
     if (isWritten) Tell(report);
 }
 
 void Importing::Tell(const MergeReport& report)
 {
+    const QString over = report.over == 0 ? QString() : u", %1 over"_s.arg(report.over);
     m_foot.SayBeside(
-        u"Import: %1 new, %2 changed, %3 already there"_s.arg(report.added).arg(report.changed).arg(report.present));
+        u"Import: %1 new, %2 changed, %3 already there"_s.arg(report.added).arg(report.changed).arg(report.present) +
+        over);
     if (!report.refusedDays.isEmpty())
         messages::Tell(u"Some days could not be changed, because somebody else is editing them. Import the file again "
                        "for them later."_s,

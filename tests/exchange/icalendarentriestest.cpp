@@ -119,7 +119,7 @@ private Q_SLOTS:
                 {"cancelled",
                  day + "RRULE:FREQ=DAILY;COUNT=2" +
                      NextEvent("RECURRENCE-ID;VALUE=DATE:20240106\nDTSTART;VALUE=DATE:20240106\nSTATUS:CANCELLED"),
-                 u"01-05 Meet | (Cancelled.) - 01-06 Meet"_s},
+                 u"01-05 Meet | (Cancelled: what was imported of it is taken out.) - 01-06 Meet"_s},
                 // alarms
                 {"alarms",
                  ten + "DTEND:20240105T110000Z" + Alarm("DISPLAY", ":-PT15M") + Alarm("AUDIO", ";RELATED=END:PT5M") +
@@ -151,11 +151,16 @@ private Q_SLOTS:
             "TZOFFSETTO:+0300\nRRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=3\nEND:DAYLIGHT\nEND:VTIMEZONE\n";
         const QByteArray summer = "BEGIN:VTIMEZONE\nTZID:America/New_York\nBEGIN:DAYLIGHT\nDTSTART:20230312T020000\n"
                                   "TZOFFSETTO:-0400\nEND:DAYLIGHT\nEND:VTIMEZONE\n";
+        const QByteArray moon =
+            "BEGIN:VTIMEZONE\nTZID:Moon\nBEGIN:DAYLIGHT\nDTSTART:20230501T000000\nTZOFFSETTO:+0300\n"
+            "END:DAYLIGHT\nBEGIN:STANDARD\nDTSTART:20220901T000000\nTZOFFSETTO:+0200\n"
+            "RDATE:20230901T000000,20240901T000000\nEND:STANDARD\nEND:VTIMEZONE\n";
         const QByteArray due = "BEGIN:VTODO\nUID:a\nSUMMARY:Pay\n";
         for (
             const auto& [what, content, expected] : Rows<QByteArray, QString>{
                 {"zone of the file", mars + Event("DTSTART;TZID=Mars:20240105T100000\nRDATE;TZID=Mars:20240705T100000"),
                  u"01-05 09:00 Meet 07-05"_s},
+                {"zone of given dates", moon + Event("DTSTART;TZID=Moon:20240105T100000"), u"01-05 09:00 Meet"_s},
                 {"zone of one summer", summer + Event("DTSTART;TZID=America/New_York:20240105T100000"),
                  u"01-05 16:00 Meet"_s},
                 {"rule in UTC of a clock",

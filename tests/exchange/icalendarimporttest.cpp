@@ -76,7 +76,7 @@ private Q_SLOTS:
                  u"(Line 15%1) 01-01 11:00 30 February daily | (Line 22%1) 01-01 11:00 30 February secondly | (Line 8%1) 01-01 30 February | 01-02 10:00 good neighbour"_s
                      .arg(u": the rule cannot be followed, so it stands once."_s)},
                 {"override-kinds",
-                 u"05-06 09:00 weekly 06-03 06-10 | 05-14 11:00 moved to Tuesday | 05-20 12:00 id in UTC, moved to noon | (Cancelled.) - 05-27 09:00 cancelled | 05-29 09:00 id that the rule never makes"_s},
+                 u"05-06 09:00 weekly 06-03 06-10 | 05-14 11:00 moved to Tuesday | 05-20 12:00 id in UTC, moved to noon | (Cancelled: what was imported of it is taken out.) - 05-27 09:00 cancelled | 05-29 09:00 id that the rule never makes"_s},
                 {"monthday-last",
                  u"01-30 last of 28 to 31 01-31 02-29 03-31 ... | 01-31 31st, only months that have it 03-31 ... | 01-31 last day of the month 02-29 03-31 ... | 02-29 29 February yearly ..."_s},
                 {"notes-of-days", notes.join(u" | "_s)},

@@ -8,8 +8,12 @@
 #include "platform/engine/engineerrors.h"
 #include "platform/engine/longwork.h"
 #include "platform/engine/testserver.h"
+#include "platform/richtext/notepicture.h"
+#include "platform/richtext/rtfwriter.h"
 #include "support.h"
 #include "testmain.h"
+
+#include <QTextCursor>
 
 // An import in a planner that has notes of its own. The clock says 17 March 1999, 10:00.
 class MergingTest : public QObject
@@ -34,9 +38,11 @@ class MergingTest : public QObject
     {
         const MergeReport report = MergeInto(m_planner, entries, QDateTime({1999, 3, 17}, {10, 0}), u"tune.mid"_s);
         m_refused = report.refusedDays;
+        m_over = report.over;
         return {report.added, report.changed, report.present};
     }
     QStringList m_refused;
+    int m_over = 0;
     QString m_name; // on the server
 
     // "3/4: a|b" for a note, "3/4 10:30 a" for an alarm, "WEEKLY 3/4 - 3/11 a" for an event; all of March 1999.
@@ -114,7 +120,10 @@ private Q_SLOTS:
                                   u"3/18 at 630 10:30 Dentist"_s,
                                   u"WEEKLY 3/4 - 3/25 Run"_s,
                                   u"DAILY 4/8 - 4/9 Swim"_s};
+        entries.push_back(Entry(u"e"_s, {}, {}));
+        entries[6].alarms = {{{1999, 3, 17}, 590, "over"}};
         QCOMPARE(Merge(entries), QList({6, 0, 0}));
+        QCOMPARE(m_over, 1);
         QCOMPARE(Content(), content);
         QCOMPARE(Merge(entries), QList({0, 0, 6}));
         QCOMPARE(Content(), content);
@@ -162,6 +171,18 @@ private Q_SLOTS:
                         Entry(u"c"_s, "Bo", {u"1999/3/9"_s}), Entry(u"d"_s, "Bo\nAnn", {u"1999/3/9"_s})}),
                  QList({0, 0, 4}));
         QCOMPARE(Content(), before);
+        // Pictures alone are compared.
+        const auto picture = [](QRgb color) {
+            QTextDocument note;
+            QTextCursor cursor(&note);
+            QImage image(8, 8, QImage::Format_RGB32);
+            image.fill(color);
+            InsertPicture(cursor, image, {});
+            return WriteRtf(note);
+        };
+        for (const int isNew : {1, 0})
+            QCOMPARE(Merge({Entry({}, picture(0xff0000), {u"1999/3/10"_s}), Entry({}, picture(255), {u"1999/3/10"_s})}),
+                     QList({2 * isNew, 0, 2 - 2 * isNew}));
     }
 
     // What an import does not speak of stays: days behind the end that the person chooses now, alarms without a tick,

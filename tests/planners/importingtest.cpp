@@ -1,6 +1,8 @@
+#include "exchange/extraction.h"
 #include "exchange/importedfile.h"
 #include "platform/controls/maskedbox.h"
 #include "program.h"
+#include "state/plannerstate.h"
 #include "testmain.h"
 
 #include <QDirIterator>
@@ -59,7 +61,7 @@ private Q_SLOTS:
 
     void WhatIsTickedComesIn()
     {
-        const QByteArray text = "1999-03-03\nDentist\n1999-03-05\nAnn\n1999-13-01\n";
+        const QByteArray text = "1999-03-03\nDentist\nBEGIN:VCALENDAR\n1999-03-05\nAnn\n1999-13-01\n";
         QStringList rows;
         QString sum;
         const auto untick = [&](QDialog& form) {
@@ -69,9 +71,9 @@ private Q_SLOTS:
         };
         Import(u"days.txt"_s, text, untick);
         QCOMPARE(rows, QStringList({u"+ Mar 3, 1999: Dentist"_s, u"+ Mar 5, 1999: Ann"_s,
-                                    u"Left out: Line 5: no day of the calendar: 1999-13-01"_s}));
+                                    u"Left out: Line 6: no day of the calendar: 1999-13-01"_s}));
         QCOMPARE(sum, u"1 of 2 entries of days.txt: Mar 3, 1999."_s);
-        QCOMPARE(Text(3), u"mine\nDentist"_s);
+        QCOMPARE(Text(3), u"mine\nDentist\nBEGIN:VCALENDAR"_s);
         QCOMPARE(Text(5), QString());
         QCOMPARE(m_program->Bottom().Caption().section(u':', 1), u" 1 new, 0 changed, 0 already there"_s);
         // The form is that of typed text, and what is typed afterwards is saved.
@@ -86,6 +88,23 @@ private Q_SLOTS:
         QVERIFY(copy.hasNext());
         QFile::copy(copy.next(), Path(u"before.mdb"_s));
         QVERIFY(!m_program->Stored(u"before.mdb"_s, u"1999/3/3"_s).contains("Dentist"));
+    }
+
+    // It has no tick, but what was imported of it goes.
+    void ACancelledEventIsTakenOut()
+    {
+        const auto file = [](const QByteArray& status) {
+            return "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nDTSTART:19990318T100000\nSUMMARY:Ann\n" + status +
+                   "BEGIN:VALARM\nACTION:DISPLAY\nTRIGGER:-PT5M\nEND:VALARM\nEND:VEVENT\nEND:VCALENDAR\n";
+        };
+        Import(u"a.ics"_s, file({}), [](QDialog&) {});
+        QCOMPARE(Text(18), u"10:00 Ann"_s);
+        QCOMPARE(ExtractFrom(g_dbPlanner, {}, {}).alarms.size(), 1U);
+        QStringList rows;
+        Import(u"a.ics"_s, file("STATUS:CANCELLED\n"), [&rows](QDialog& form) { rows = Rows(form); });
+        QCOMPARE(rows, QStringList(u"- Mar 18, 1999: 10:00 Ann"_s));
+        QCOMPARE(Text(18), QString());
+        QVERIFY(ExtractFrom(g_dbPlanner, {}, {}).alarms.empty());
     }
 
     void WhatCannotBeReadIsTold()
