@@ -45,11 +45,9 @@ void ExportForm::AddDays(QBoxLayout& options, const QString& nameOfShown)
 MaskEdBox* ExportForm::AddDate(QBoxLayout& row, const char* name, const QString& caption, const QString& tip,
                                const GridDay& day)
 {
-    auto* box = Named(new MaskEdBox, name);
-    box->SetMask(m_dateOrder.mask);
+    MaskEdBox* box = MakeDateBox(name, m_dateOrder.mask);
     if (day.year <= LastYearOfBox) box->SetText(m_dateOrder.BoxText(KeyOf(day)));
     box->setAccessibleName(tip.section(u' ', 1));
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
     if (!caption.isEmpty()) row.addWidget(LabelOf(caption, box));
     row.addWidget(box);
     row.addWidget(Named(new DateButton(box, m_dateOrder.label, tip), "btnPickDate"));

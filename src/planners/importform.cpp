@@ -108,23 +108,18 @@ void ImportForm::AddOptions(QBoxLayout& column)
     m_chkAlarms = Named(new QCheckBox, "chkAlarms");
     m_chkAlarms->setChecked(true);
     column.addLayout(DialogRow(Rhythm, {all, none, nullptr, m_chkAlarms}));
-    m_maskUntil = Named(new MaskEdBox, "maskUntil");
-    m_maskUntil->SetMask(m_dateOrder.mask);
+    m_maskUntil = MakeDateBox("maskUntil", m_dateOrder.mask);
     ShowUntil();
-    m_maskUntil->setFixedWidth(m_maskUntil->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
     connect(m_maskUntil, &QLineEdit::editingFinished, this, [this] { ReadAgain(); });
     connect(m_maskUntil, &QLineEdit::textChanged, this, [this] {
         if (!m_maskUntil->hasFocus()) ReadAgain(); // picked in the calendar
     });
     auto* pick = Named(new DateButton(m_maskUntil, m_dateOrder.label, u"Pick the last day"_s), "btnPickDate");
     m_until = new QWidget;
-    auto& row = *new QHBoxLayout(m_until);
-    row.setContentsMargins({});
-    const std::initializer_list<QWidget*> parts{LabelOf(u"Write events that never end &until"_s, m_maskUntil),
-                                                m_maskUntil, pick};
-    for (QWidget* part : parts)
-        row.addWidget(part);
-    row.addStretch(1);
+    QBoxLayout* row =
+        DialogRow(Rhythm, {LabelOf(u"Write events that never end &until"_s, m_maskUntil), m_maskUntil, pick, nullptr});
+    row->setContentsMargins({});
+    m_until->setLayout(row);
     column.addWidget(m_until);
 }
 

@@ -73,9 +73,7 @@ QLayout* RecurForm::MakeDates()
 MaskEdBox* RecurForm::MakeDateBox(QGridLayout& grid, int row, const char* name, const char* caption,
                                   const char* pickTip)
 {
-    auto* box = Named(new MaskEdBox, name);
-    box->SetMask(m_iDateFormat.mask);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
+    MaskEdBox* box = ::MakeDateBox(name, m_iDateFormat.mask);
     auto* lblDateFormat = Named(new QLabel(m_iDateFormat.label), "lblDateFormat", row);
     SoftenText(*lblDateFormat);
     grid.addWidget(LabelOf(QString::fromLatin1(caption), box), row, 0);

@@ -1,6 +1,8 @@
 #include "platform/controls/datebutton.h"
 
+#include "platform/controls/dialogpart.h"
 #include "platform/controls/maskedbox.h"
+#include "platform/controls/named.h"
 #include "platform/controls/resources.h"
 #include "platform/desktop/clock.h"
 #include "platform/look/paper.h"
@@ -34,6 +36,14 @@ void DressHeading(QCalendarWidget& calendar)
     }
 }
 } // namespace
+
+MaskEdBox* MakeDateBox(const char* name, const QString& mask)
+{
+    auto* box = Named(new MaskEdBox, name);
+    box->SetMask(mask);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 2 * Rhythm);
+    return box;
+}
 
 DateButton::DateButton(MaskEdBox* box, const QString& form, const QString& tip)
     : PictureButton({u":/icons/month.svg"_s}), m_box(box), m_format(form)

@@ -9,6 +9,9 @@
 class MaskEdBox;
 class QCalendarWidget;
 
+// A box wide enough for any date.
+MaskEdBox* MakeDateBox(const char* name, const QString& mask);
+
 class DateButton : public PictureButton
 {
     Q_OBJECT
