@@ -24,7 +24,7 @@ img { max-width: 100%; vertical-align: bottom }
 }
 @media print {
   body { max-width: none; padding: 0; background: none; font-size: 10pt }
-  h2, h3 { break-after: avoid }
+  h2 { break-after: avoid }
   article { break-inside: avoid }
 }
 )css";
