@@ -77,7 +77,7 @@ ImportForm::ImportForm(QWidget* owner, const QString& fileName, const Read& read
 
 QSize ImportForm::sizeHint() const
 {
-    return {760, 520};
+    return {920, 560};
 }
 
 QTreeWidget* ImportForm::MakeList()
@@ -92,7 +92,7 @@ QTreeWidget* ImportForm::MakeList()
     header.setSectionResizeMode(What, QHeaderView::Stretch);
     const QFontMetrics letters = m_entries->fontMetrics();
     m_entries->setColumnWidth(Days, letters.horizontalAdvance(u"[x] Mar 30, 2026 - Mar 30, 2026, 1000 days "_s));
-    m_entries->setColumnWidth(Remark, letters.horizontalAdvance(u"A remark of the usual length, cut"_s));
+    m_entries->setColumnWidth(Remark, letters.horizontalAdvance(u"Cancelled: what was imported of it is taken out."_s));
     connect(m_entries, &QTreeWidget::itemChanged, this, [this] { ShowSum(); });
     return m_entries;
 }
