@@ -1,8 +1,11 @@
+#include "../tests/platform/engine/testserver.h"
 #include "plannerfile/schema.h"
 #include "platform/engine/dbengine.h"
 #include "platform/richtext/rtftextview.h"
 #include "rawplanner.h"
+#include "rawserver.h"
 #include "rows.h"
+#include "tools/wordsearch.h"
 
 #include <QDate>
 #include <QFileInfo>
@@ -80,16 +83,109 @@ Century& In(const QString& planner)
     return century;
 }
 
+// The same on a server.
+struct CenturyOnServer
+{
+    explicit CenturyOnServer(const QString& path)
+    {
+        QFile::copy(QFileInfo(path).path() + u"/century.mdb"_s, path);
+        const QString address = TestServer::Get().Uri(u"century"_s);
+        DBEngine::MoveToServer(path, address);
+        planner = DBEngine::OpenDatabase(path);
+        raw = std::make_unique<RawServer>(address);
+    }
+
+    Database planner;
+    std::unique_ptr<RawServer> raw;
+    std::size_t foundRaw = 0;
+};
+
+CenturyOnServer& OnServer(const QString& planner)
+{
+    In(planner);
+    static CenturyOnServer century(QFileInfo(planner).path() + u"/centurylink.mdb"_s);
+    return century;
+}
+
+// The list of all notes with the word, in slices as between keys.
+struct List
+{
+    static List& Of()
+    {
+        static List list;
+        return list;
+    }
+    void Begin(const Database& planner, const QString& word)
+    {
+        search.Begin(planner, WordQuery(word), {});
+        while (search.Found().empty() && !search.IsDone())
+            search.Step(QDeadlineTimer(Slice));
+    }
+    void Finish()
+    {
+        while (!search.IsDone())
+            search.Step(QDeadlineTimer(Slice));
+    }
+    std::size_t Count() const { return search.Found().size(); }
+
+    static constexpr int Slice = 8; // milliseconds
+    WordSearch search;
+};
+
 struct Search
 {
     const char* name;
     const char16_t* word;
     const char* like; // the pattern as stored text has it
 };
+
+void AddListRows(const TakeRow& add, const QString& planner)
+{
+    struct Counted
+    {
+        Search search;
+        std::size_t least, most;
+    };
+    static constexpr Counted rows[] = {
+        {{"list a rare word", u"zebrafink", "%zebrafink%"}, 1, 1},
+        {{"list a common word", u"garden", "%garden%"}, Days / 2, Days},
+        {{"list no word", u"zebrafinch", "%zebrafinch%"}, 0, 0},
+    };
+    const auto century = [planner]() -> Century& { return In(planner); };
+    for (const Counted& row : rows) {
+        const QString word = QString::fromUtf16(row.search.word);
+        add({row.search.name,
+             {[=] { List::Of().Begin(century().planner, word), List::Of().Finish(); }, [=] { century(); },
+              [=] { return List::Of().Count() >= row.least && List::Of().Count() <= row.most; }},
+             {[=] { century().raw->CountLike(row.search.like); }, [=] { century(); }},
+             Few});
+    }
+    const QString common = u"garden"_s, rare = u"zebrafink"_s;
+    add({"list the first of a common word",
+         {[=] { List::Of().Begin(century().planner, common); }, [=] { century(); },
+          [] { return List::Of().Count() > 0; }},
+         {[=] { century().foundRaw = century().raw->FindLike("%garden%"); }, [=] { century(); }},
+         Few});
+    add({"list one letter more",
+         {[=] { List::Of().search.Narrow(WordQuery(common)), List::Of().Finish(); },
+          [=] { List::Of().Begin(century().planner, common.chopped(1)), List::Of().Finish(); },
+          [] { return List::Of().Count() > Days / 2; }},
+         {[=] { century().raw->CountLike("%garden%"); }, [=] { century(); }},
+         Few});
+    const auto server = [planner]() -> CenturyOnServer& { return OnServer(planner); };
+    add({"list a rare word, server",
+         {[=] { List::Of().Begin(server().planner, rare), List::Of().Finish(); }, [=] { server(); },
+          [] { return List::Of().Count() == 1; }},
+         {[=] { server().foundRaw = server().raw->ReadAll(); }, [=] { server(); },
+          [=] { return server().foundRaw == Days; }},
+         Few});
+}
+
 } // namespace
 
 void AddFindRows(const TakeRow& add, const QString& planner)
 {
+    AddListRows(add, planner);
     static constexpr Search searches[] = {
         {"find a rare word", u"zebrafink", "%zebrafink%"},
         {"find a rare word with an umlaut", u"ZAHN\u00c4RZTIN", "%zahn\\u228?rztin%"},

@@ -85,6 +85,17 @@ QString RawPlanner::FindLike(const QByteArray& like, const QString& behind)
     return found;
 }
 
+int RawPlanner::CountLike(const QByteArray& like)
+{
+    sqlite3_stmt* const all = Prepare(R"(SELECT "qmtDate", "qmtText" FROM "QMT Table" WHERE "qmtText" LIKE ?1)");
+    BindText(all, 1, like);
+    int count = 0;
+    for (; sqlite3_step(all) == SQLITE_ROW; ++count)
+        Check(sqlite3_column_text(all, 0) && sqlite3_column_text(all, 1), m_database);
+    sqlite3_finalize(all);
+    return count;
+}
+
 void RawPlanner::Write(const QStringList& keys, const std::vector<QByteArray>& notes)
 {
     Execute("BEGIN IMMEDIATE");

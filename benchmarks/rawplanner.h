@@ -28,6 +28,7 @@ public:
     std::vector<QByteArray> Read(const QStringList& keys);
     // The smallest key after behind whose text is LIKE the pattern; empty for none.
     QString FindLike(const QByteArray& like, const QString& behind = {});
+    int CountLike(const QByteArray& like); // fetches every text that is LIKE the pattern
     void Write(const QStringList& keys, const std::vector<QByteArray>& notes); // one transaction
     void AddEvent(); // adds a recurring event's record in its own transaction
     // Like Write, but looks each day up first and adds missing records.

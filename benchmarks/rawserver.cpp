@@ -47,6 +47,12 @@ std::size_t RawServer::Read(const QStringList& keys)
     return std::size_t(work.exec_prepared("read", ArrayOf(keys)).size());
 }
 
+std::size_t RawServer::ReadAll()
+{
+    pqxx::nontransaction work(m_session->connection);
+    return std::size_t(work.exec(R"(SELECT "qmtDate", "qmtText" FROM "QMT Table")").size());
+}
+
 void RawServer::LockAndWrite(const QString& key, const QByteArray& note)
 {
     pqxx::nontransaction work(m_session->connection);

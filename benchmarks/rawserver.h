@@ -16,6 +16,7 @@ public:
     ~RawServer();
 
     std::size_t Read(const QStringList& keys);                     // one query; returns the number found
+    std::size_t ReadAll();                                         // one query; returns the number of notes
     void LockAndWrite(const QString& key, const QByteArray& note); // takes an advisory lock, updates, unlocks
 
 private:

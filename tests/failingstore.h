@@ -68,6 +68,7 @@ public:
     void BeginWrite() override { CallOrRollBack("BeginWrite", &Store::BeginWrite); }
     void Commit() override { CallOrRollBack("Commit", &Store::Commit); }
     void Rollback() override { m_inner->Rollback(); }
+    qint64 Revision() override { return Call("Revision", &Store::Revision); }
     void BackUp(const QString& path) override { Call("BackUp", &Store::BackUp, path); }
     void Refresh() override { Call("Refresh", &Store::Refresh); }
     void OnChange(ChangeListener listener) override { m_inner->OnChange(std::move(listener)); }

@@ -7,6 +7,22 @@ namespace {
 constexpr const char* Weekdays[] = {"Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"};
 } // namespace
 
+std::optional<ExtractedNote> PlaceOf(const QString& key)
+{
+    constexpr QStringView Memo(u"Memo");
+    if (const auto day = DayOfKey(key)) return ExtractedNote{*day, 0, {}};
+    const QString place = key.section(u'/', 2);
+    const int memo = place.startsWith(Memo) ? place.sliced(Memo.size()).toInt() : 0;
+    const GridDay month{fnGetQMTYear(key), fnGetQMTMonth(key), 1};
+    if (memo < 1 || !IsDayOfGrid(month)) return {};
+    return ExtractedNote{{month.year, month.month, 0}, memo, {}};
+}
+
+QString KeyOf(const ExtractedNote& note)
+{
+    return note.memo == 0 ? KeyOf(note.day) : u"%1/%2/Memo%3"_s.arg(note.day.year).arg(note.day.month).arg(note.memo);
+}
+
 QString HeadingOf(const ExtractedNote& note)
 {
     const auto [year, month, day] = note.day;

@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+#include <tuple>
 #include <vector>
 
 struct ExtractedNote
@@ -38,4 +40,11 @@ struct Extract
     std::vector<ExtractedEvent> events; // only of a whole planner
 };
 
+// The note with this key, without its text; empty if no view shows it.
+std::optional<ExtractedNote> PlaceOf(const QString& key);
+inline auto OrderOf(const ExtractedNote& note)
+{
+    return std::tuple(note.day.year, note.day.month, note.memo, note.day.day);
+}
+QString KeyOf(const ExtractedNote& note);     // its date key
 QString HeadingOf(const ExtractedNote& note); // "1999-07-04 Sunday", "1999-07 Memo 3"

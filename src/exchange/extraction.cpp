@@ -2,24 +2,13 @@
 
 #include "plannerfile/schema.h"
 
+#include <QSet>
 #include <QTime>
 
 #include <algorithm>
-#include <tuple>
+#include <functional>
 
 namespace {
-// Which notes stand under a key.
-std::optional<ExtractedNote> PlaceOf(const QString& key)
-{
-    constexpr QStringView Memo(u"Memo");
-    if (const auto day = DayOfKey(key)) return ExtractedNote{*day, 0, {}};
-    const QString place = key.section(u'/', 2);
-    const int memo = place.startsWith(Memo) ? place.sliced(Memo.size()).toInt() : 0;
-    const GridDay month{fnGetQMTYear(key), fnGetQMTMonth(key), 1};
-    if (memo < 1 || !IsDayOfGrid(month)) return {};
-    return ExtractedNote{{month.year, month.month, 0}, memo, {}};
-}
-
 GridDay LastDayOf(GridDay month)
 {
     for (month.day = 31; !IsDayOfGrid(month); --month.day)
@@ -27,30 +16,30 @@ GridDay LastDayOf(GridDay month)
     return month;
 }
 
-bool Holds(const std::optional<DaySpan>& span, const ExtractedNote& place)
+bool Holds(const DaySpan& span, const ExtractedNote& place)
 {
-    if (!span) return true;
-    if (place.memo == 0) return span->from <= place.day && place.day <= span->to;
-    return span->from <= GridDay{place.day.year, place.day.month, 1} && LastDayOf(place.day) <= span->to;
+    if (place.memo == 0) return span.from <= place.day && place.day <= span.to;
+    return span.from <= GridDay{place.day.year, place.day.month, 1} && LastDayOf(place.day) <= span.to;
 }
 
-auto OrderOf(const ExtractedNote& note)
+struct Wanted
 {
-    return std::tuple(note.day.year, note.day.month, note.memo, note.day.day);
-}
+    std::function<bool(const ExtractedNote& place)> holds;
+    QVariantList keys; // that may be wanted; empty if there are so many that a walk is quicker
+};
 
-void Take(const QString& key, const QByteArray& rtf, const std::optional<DaySpan>& span, Extract& extract)
+void Take(const QString& key, const QByteArray& rtf, const Wanted& wanted, Extract& extract)
 {
     auto note = PlaceOf(key);
-    if (!note || !Holds(span, *note) || rtf.trimmed().isEmpty()) return;
+    if (!note || !wanted.holds(*note) || rtf.trimmed().isEmpty()) return;
     note->rtf = rtf;
     extract.notes.push_back(std::move(*note));
 }
 
-void WalkNotes(const Database& planner, const std::optional<DaySpan>& span, Extract& extract)
+void WalkNotes(const Database& planner, const Wanted& wanted, Extract& extract)
 {
     planner.Walk(schema::Notes, {schema::DateField, schema::TextField}, [&](const QVariantList& values) {
-        Take(values[0].toString(), values[1].toByteArray(), span, extract);
+        Take(values[0].toString(), values[1].toByteArray(), wanted, extract);
     });
 }
 
@@ -71,36 +60,33 @@ QVariantList KeysIn(const DaySpan& span)
     return keys;
 }
 
-void SeekNotes(const Database& planner, const ReadTransaction& reading, const QVariantList& keys, const DaySpan& span,
-               Extract& extract)
+void SeekNotes(const Database& planner, const ReadTransaction& reading, const Wanted& wanted, Extract& extract)
 {
     Recordset notes = schema::OpenNotes(planner);
-    reading.Expect(notes, keys);
-    for (const QVariant& key : keys) {
+    reading.Expect(notes, wanted.keys);
+    for (const QVariant& key : wanted.keys) {
         notes.Seek(schema::Equal, key);
-        if (!notes.NoMatch()) Take(key.toString(), notes.Fields(schema::TextField).toByteArray(), span, extract);
+        if (!notes.NoMatch()) Take(key.toString(), notes.Fields(schema::TextField).toByteArray(), wanted, extract);
     }
     notes.Close();
 }
 
-void ReadNotes(const Database& planner, const ReadTransaction& reading, const std::optional<DaySpan>& span,
-               Extract& extract)
+void ReadNotes(const Database& planner, const ReadTransaction& reading, const Wanted& wanted, Extract& extract)
 {
-    const QVariantList keys = span ? KeysIn(*span) : QVariantList();
-    if (keys.isEmpty())
-        WalkNotes(planner, span, extract);
+    if (wanted.keys.isEmpty())
+        WalkNotes(planner, wanted, extract);
     else
-        SeekNotes(planner, reading, keys, *span, extract);
+        SeekNotes(planner, reading, wanted, extract);
     std::ranges::stable_sort(extract.notes, {}, OrderOf);
 }
 
-void ReadAlarms(const Database& planner, const std::optional<DaySpan>& span, Extract& extract)
+void ReadAlarms(const Database& planner, const Wanted& wanted, Extract& extract)
 {
     const QStringList fields{u"Alarm Date"_s, u"Alarm Time"_s, u"Alarm Note"_s};
     planner.Walk(schema::Alarms, fields, [&](const QVariantList& values) {
         const auto day = DayOfKey(values[0].toString());
         const QTime time = QTime::fromString(values[1].toString().trimmed(), u"H:m"_s);
-        if (!day || !time.isValid() || !Holds(span, {*day, 0, {}})) return;
+        if (!day || !time.isValid() || !wanted.holds({*day, 0, {}})) return;
         extract.alarms.push_back({*day, time.hour() * 60 + time.minute(), values[2].toByteArray()});
     });
     std::ranges::stable_sort(extract.alarms, {}, [](const ExtractedAlarm& a) { return std::pair(a.day, a.minute); });
@@ -121,15 +107,30 @@ bool Has(const Database& planner, const QString& table)
 {
     return planner.TableNames().contains(table, Qt::CaseInsensitive);
 }
-} // namespace
-
-Extract ExtractFrom(const Database& planner, const QString& title, const std::optional<DaySpan>& span)
+Extract Read(const Database& planner, const QString& title, const Wanted& wanted, bool withEvents)
 {
     const ReadTransaction reading(planner);
     Extract extract;
     extract.title = title;
-    ReadNotes(planner, reading, span, extract);
-    if (Has(planner, schema::Alarms)) ReadAlarms(planner, span, extract);
-    if (!span && Has(planner, schema::Recursions)) ReadEvents(planner, extract);
+    ReadNotes(planner, reading, wanted, extract);
+    if (Has(planner, schema::Alarms)) ReadAlarms(planner, wanted, extract);
+    if (withEvents && Has(planner, schema::Recursions)) ReadEvents(planner, extract);
     return extract;
+}
+} // namespace
+
+Extract ExtractFrom(const Database& planner, const QString& title, const std::optional<DaySpan>& span)
+{
+    if (!span) return Read(planner, title, {[](const ExtractedNote&) { return true; }, {}}, true);
+    return Read(planner, title, {[&](const ExtractedNote& place) { return Holds(*span, place); }, KeysIn(*span)},
+                false);
+}
+
+Extract ExtractFrom(const Database& planner, const QString& title, const QStringList& keys)
+{
+    constexpr qsizetype MostSought = 1000;
+    const QSet<QString> set(keys.begin(), keys.end());
+    const auto holds = [&](const ExtractedNote& place) { return set.contains(KeyOf(place)); };
+    const bool areMany = keys.isEmpty() || keys.size() > MostSought;
+    return Read(planner, title, {holds, areMany ? QVariantList() : QVariantList(keys.begin(), keys.end())}, false);
 }

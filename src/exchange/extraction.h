@@ -15,3 +15,5 @@ struct DaySpan // inclusive
 // memos of the months that lie wholly in it, and no recurring events. What no view shows is left out, for example a
 // note under February 30. Raises the engine's errors; Cancelled.
 Extract ExtractFrom(const Database& planner, const QString& title, const std::optional<DaySpan>& span);
+// The notes and alarms of these days and memos alone.
+Extract ExtractFrom(const Database& planner, const QString& title, const QStringList& keys);

@@ -85,6 +85,8 @@ constexpr MenuRow Rows[] = {
     {SubMenu, "mnuDateDiff", "Date Difference"},
     {UncheckedSubEntry, "mnuDateDiffShow", "Show"},
     {SubEntry, "mnuDateDiffCustomize", "Customize"},
+    {Entry, "mnuEventsHyphen3", "-"},
+    {Entry, "mnuFindAll", "&Find All Days", "Ctrl+Shift+F"},
     {Top, "mnuFind", "&Goto"},
     {Entry, "mnuPrevWeek", "Previous Week", "Ctrl+PgUp"},
     {Entry, "mnuCurrentWeek", "Current Week", "F8"},

@@ -198,6 +198,7 @@ void QMTDB::FollowUnsaved()
     m_reasons.removeIf([&](const auto& reason) { return reason->isEmpty() || !waiting.contains(reason.key()); });
     m_foot.SetNotSaved(WhyUnsaved().join(u' '));
     m_journal.Follow();
+    m_onWritten();
 }
 
 void QMTDB::ForgetUnsaved(const QStringList& planners)

@@ -63,6 +63,9 @@ public:
     // unsaved note.
     void LeaveBehind(const QString& key, const UnsavedNote& note);
 
+    // Called after each try to write notes, which may be in the midst of a turn.
+    void SetOnWritten(std::function<void()> onWritten) { m_onWritten = std::move(onWritten); }
+
     // All notes not yet in their planner: Unsaved() and the changed shown cells of a personal planner.
     UnsavedNotes Typed() const;
     std::optional<QByteArray> HeldText(const QString& key) const; // the stored text of a shown day, if it was read
@@ -95,6 +98,7 @@ private:
     const ViewMode& m_viewMode;
     Journal& m_journal;
     UnsavedNotes m_unsaved;
+    std::function<void()> m_onWritten = [] {};
     QMap<QString, QString> m_reasons; // by planner: why the last try failed
     std::array<HeldNote, CellCount + 1> m_held;
 };

@@ -16,13 +16,14 @@
 ExportForm::ExportForm(QWidget* owner, const DaySpan& shown, const QString& nameOfShown)
     : QDialog(owner), m_dateOrder(LocalDateOrder()), m_shown(shown)
 {
-    setObjectName(u"ExportForm"_s);
-    setWindowTitle(u"Export"_s);
     auto* column = DialogColumn(*this);
     AddDays(AddPart(*column, u"Days"_s), nameOfShown);
-    AddFormats(AddPart(*column, u"As"_s));
-    column->addWidget(MakeOkCancel(*this));
-    CenterOnScreen(*this);
+    AddFormats(*column, u"As"_s);
+}
+
+ExportForm::ExportForm(QWidget* owner, const QString& nameOfDays) : QDialog(owner), m_dateOrder(LocalDateOrder())
+{
+    AddFormats(*DialogColumn(*this), nameOfDays + " as"_L1);
 }
 
 void ExportForm::AddDays(QBoxLayout& options, const QString& nameOfShown)
@@ -55,13 +56,19 @@ MaskEdBox* ExportForm::AddDate(QBoxLayout& row, const char* name, const QString&
     return box;
 }
 
-void ExportForm::AddFormats(QBoxLayout& options)
+// The last part of the window.
+void ExportForm::AddFormats(QBoxLayout& column, const QString& heading)
 {
+    QBoxLayout& options = AddPart(column, heading);
     for (const ExportFormat& format : ExportFormats()) {
         m_opFormat.push_back(AddTo<QRadioButton>(
             options, format.name, u"%1 (.%2)"_s.arg(QLatin1StringView(format.kind), QLatin1StringView(format.name))));
         m_opFormat.back()->setChecked(&format == FormatNamed(Read(settings::LastExport)));
     }
+    column.addWidget(MakeOkCancel(*this));
+    setObjectName(u"ExportForm"_s);
+    setWindowTitle(u"Export"_s);
+    CenterOnScreen(*this);
 }
 
 const ExportFormat& ExportForm::Format() const
@@ -85,7 +92,7 @@ std::optional<DaySpan> ExportForm::Span() const
 // The box to correct, with the reason, or null.
 MaskEdBox* ExportForm::RefusedBox(QString& reason) const
 {
-    if (!m_opSpan->isChecked()) return nullptr;
+    if (!m_opSpan || !m_opSpan->isChecked()) return nullptr;
     reason = u"The first day is not a valid date"_s;
     if (!m_maskFrom->IsComplete() || DayIn(*m_maskFrom).year == 0) return m_maskFrom;
     reason = u"The last day is not a valid date"_s;

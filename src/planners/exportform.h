@@ -17,6 +17,9 @@ public:
     // The shown days, with their name: "The shown month, July 1999".
     ExportForm(QWidget* owner, const DaySpan& shown, const QString& nameOfShown);
 
+    // Asks only for the format of these days: "The 12 days".
+    ExportForm(QWidget* owner, const QString& nameOfDays);
+
     std::optional<DaySpan> Span() const; // empty: the whole planner
     const ExportFormat& Format() const;
 
@@ -26,7 +29,7 @@ private:
     void AddDays(QBoxLayout& options, const QString& nameOfShown);
     MaskEdBox* AddDate(QBoxLayout& row, const char* name, const QString& caption, const QString& tip,
                        const GridDay& day);
-    void AddFormats(QBoxLayout& options);
+    void AddFormats(QBoxLayout& column, const QString& heading);
     GridDay DayIn(const MaskEdBox& box) const;
     MaskEdBox* RefusedBox(QString& reason) const;
 

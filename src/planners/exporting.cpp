@@ -61,15 +61,21 @@ void Exporting::mnuExport_Click()
     if (RefusesWithoutPlanner(messages::NoPlanner.arg(u"\n"_s))) return;
     ExportForm form(OwnerOfDialog(), ShownDays(), NameOfShown());
     if (form.exec() == QDialog::Accepted && SaveCellsBefore("export", m_notes, m_lockedDay))
-        Export(form.Span(), form.Format());
+        Export(form.Format(), [&form] { return ExtractFrom(g_dbPlanner, Title(), form.Span()); });
 }
 
-void Exporting::Export(const std::optional<DaySpan>& span, const ExportFormat& format)
+void Exporting::ExportDays(const QStringList& keys, const QString& name)
+{
+    ExportForm form(OwnerOfDialog(), name);
+    if (form.exec() == QDialog::Accepted && SaveCellsBefore("export", m_notes, m_lockedDay))
+        Export(form.Format(), [&keys] { return ExtractFrom(g_dbPlanner, Title(), keys); });
+}
+
+void Exporting::Export(const ExportFormat& format, const std::function<Extract()>& extract)
 {
     const QString path = AskForFile(format);
     if (path.isEmpty()) return;
-    const auto failure =
-        FailureOf(u"Export"_s, [&] { WriteExport(ExtractFrom(g_dbPlanner, Title(), span), format, path); });
+    const auto failure = FailureOf(u"Export"_s, [&] { WriteExport(extract(), format, path); });
     if (!failure) return m_foot.SayBeside(u"The export is in "_s + path);
     if (failure->Number == engineerrors::Cancelled) return;
     LogError(*failure, Literal);

@@ -3,6 +3,8 @@
 
 #include "exchange/extraction.h"
 
+#include <functional>
+
 class Cells;
 class Foot;
 class LockedDay;
@@ -19,11 +21,12 @@ public:
     }
 
     void mnuExport_Click();
+    void ExportDays(const QStringList& keys, const QString& name); // name tells which: "The 12 days"
 
 private:
     DaySpan ShownDays() const;
     QString NameOfShown() const;
-    void Export(const std::optional<DaySpan>& span, const ExportFormat& format);
+    void Export(const ExportFormat& format, const std::function<Extract()>& extract);
 
     Cells& m_cells;
     Foot& m_foot;

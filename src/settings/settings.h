@@ -140,6 +140,9 @@ inline constexpr IntSetting VersionsHeight = {u"VersionsForm", u"Height", 6600};
 
 inline constexpr IntSetting FindWordLeft = {u"FindWordForm", u"Left", 100};
 inline constexpr IntSetting FindWordTop = {u"FindWordForm", u"Top", 100};
+inline constexpr IntSetting FindAllDays = {u"FindWordForm", u"AllDays", 0}; // the list is unfolded
+inline constexpr IntSetting FindWordWidth = {u"FindWordForm", u"Width", 9600};
+inline constexpr IntSetting FindWordHeight = {u"FindWordForm", u"Height", 7200};
 
 // In twips. The default is the work area, slightly reduced.
 inline constexpr TextSetting MainLeft = {u"Mainform Dimension", u"Left", u"", 32};

@@ -51,6 +51,7 @@
 #include "tools/datedifference.h"
 #include "tools/datesearch.h"
 #include "tools/findword.h"
+#include "tools/listprinting.h"
 #include "wallpaper/wallpapercommands.h"
 #include "workgroup/workgrouphandlers.h"
 
@@ -63,19 +64,27 @@ struct Rooms
     explicit Rooms(QMainWindow& window) : controls(window), focusReturn(window)
     {
         m_pCalendarView.SetRedraw(redraw);
-        opening.SetOnChange([this](bool isOpen) { noPlanner.Follow(isOpen); });
-        journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
-        journal.SetSource([this] {
-            UnsavedNotes typed = notes.Typed();
-            heldDay.AddTyped(typed);
-            dayView.AddTyped(typed);
-            return typed;
+        opening.SetOnChange([this](bool isOpen) {
+            noPlanner.Follow(isOpen);
+            findWord.FollowPlanner();
         });
+        notes.SetOnWritten([this] { findWord.FollowPlanner(); });
+        journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
+        journal.SetSource([this] { return Typed(); });
         waiting::SetBefore([this] { journal.Hurry(); });
     }
     ~Rooms() { waiting::SetBefore(nullptr); }
     Rooms(const Rooms&) = delete;
     Rooms& operator=(const Rooms&) = delete;
+
+    // All that is typed and not in its planner yet.
+    UnsavedNotes Typed() const
+    {
+        UnsavedNotes typed = notes.Typed();
+        heldDay.AddTyped(typed);
+        dayView.AddTyped(typed);
+        return typed;
+    }
 
     Controls controls;
     ShortcutFilter shortcuts{controls.cells, controls.menus};
@@ -105,7 +114,6 @@ struct Rooms
     Travel travel{controls.cells, controls.bottom, m_pCalendarView, navigation};
     Appearance appearance{controls.cells, controls.bottom, turn, redraw};
     DateSearch dateSearch{foot, turn, redraw, m_pCalendarView, *controls.client};
-    FindWord findWord{controls.cells, turn, redraw, m_pCalendarView};
     DateDifference dateDifference{controls.cells, *controls.bar.tbTop, controls.menus, *controls.lblDateDiff};
     ShellHandlers shellHandlers{*controls.client};
     FontCommand fontCommand;
@@ -128,6 +136,9 @@ struct Rooms
     QMTPrn32 printLibrary{printer};
     Printing printing{
         {controls.cells, controls.bottom, foot, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
+    ListPrinting listPrinting{printer, foot};
+    FindWord findWord{controls.cells,  turn,       redraw,
+                      m_pCalendarView, navigation, {[this] { return Typed(); }, &listPrinting, &exporting}};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};
     NoPlanner noPlanner{controls.cells, controls.menus, controls.card, opening};
     // After the handler that can refuse the focus: a refused move must not count as leaving a cell.

@@ -87,6 +87,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuDateSearch", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
     {"mnuDateSearchWeek", Run<&Rooms::dateSearch, &DateSearch::mnuDateSearch_Click>},
     {"mnuFindWord", Run<&Rooms::findWord, &FindWord::mnuFindWord_Click>},
+    {"mnuFindAll", Run<&Rooms::findWord, &FindWord::mnuFindAll_Click>},
     {"mnuDateDiffShow", Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffShow_Click>},
     {"mnuDateDiffCustomize", Run<&Rooms::dateDifference, &DateDifference::mnuDateDiffCustomize_Click>},
     {"mnuInitialFont", Run<&Rooms::appearance, &Appearance::mnuInitialFont_Click>},

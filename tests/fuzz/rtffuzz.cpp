@@ -1,6 +1,7 @@
 // Any bytes as rich text: nothing crashes, hangs or grows out of bounds, and a note that was read is written and read
 // again unchanged. libFuzzer's entry point.
 #include "fuzz/fuzztarget.h"
+#include "platform/richtext/notetext.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 
@@ -21,6 +22,7 @@ void ReadsWhatItWrites(QByteArrayView rtf)
     QTextDocument first, second;
     ReadRtf(rtf, first);
     Require(first.characterCount() <= rtf.size() * LettersForByte + SomeBytes, "the document is bounded");
+    Require(ShownText(rtf).replace(QChar::Nbsp, u' ') == first.toPlainText(), "the search reads the same text");
     const QByteArray written = WriteRtf(first);
     Require(written.size() <= rtf.size() * BytesForByte + SomeBytes, "what is written is bounded");
     ReadRtf(written, second);

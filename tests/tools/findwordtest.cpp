@@ -1,5 +1,3 @@
-#include "tools/findword.h"
-
 #include "failingstore.h"
 #include "platform/desktop/twips.h"
 #include "platform/engine/engineerrors.h"
@@ -7,6 +5,7 @@
 #include "settings/settings.h"
 #include "settingsfile.h"
 #include "testmain.h"
+#include "tools/findwordform.h"
 
 // Find Word; today is 17 March 1999.
 class FindWordTest : public QObject

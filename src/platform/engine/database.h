@@ -25,6 +25,9 @@ public:
     // ItemNotFound.
     void Walk(const QString& table, const QStringList& fields,
               const std::function<void(const QVariantList& values)>& step) const;
+    // Another number after each commit, by whomever, that this session can know of. Cheap: on a server no request.
+    // Busy.
+    qint64 Revision() const { return Live().store->Revision(); }
     // Copies the present state of this planner into a new planner file `path` and compares it row by row. Others may go
     // on using this planner. FileExists, DiskFull, InputOutput: then `path` is not made.
     void SaveToFile(const QString& path);
@@ -45,6 +48,7 @@ public:
 
 private:
     friend class ReadTransaction;
+    friend class TableWalk;
     friend class WriteTransaction;
 };
 

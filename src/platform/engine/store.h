@@ -105,6 +105,7 @@ public:
     virtual void KeepHistory(const KeptTexts&) {}
     virtual std::optional<std::vector<PastText>> PastTexts(const QString&) { return {}; }
 
+    virtual qint64 Revision() = 0;                // Database::Revision
     virtual void BackUp(const QString& path) = 0; // Database::BackUp
     virtual void Refresh() = 0;                   // for Idle
     // The store calls the listener from the event loop, never inside a call of the store, and not for its own commits.

@@ -2,21 +2,14 @@
 // section PAGESETUP.
 #pragma once
 
+#include "platform/print/printjob.h"
 #include "platform/print/printlibrary.h"
 
 #include <memory>
-#include <optional>
 
 struct CalendarPage;
 struct PageCell;
-class QPrinter;
 class SystemPrinter;
-
-struct PrintTrouble
-{
-    QString text;
-    QString advice;
-};
 
 class QMTPrn32 final : public PrintLibrary
 {
@@ -37,8 +30,6 @@ public:
 
 private:
     PageCell* OpenCell(int view, int position); // sets the page's view; null without a job or for a position outside
-    bool Draw(QPrinter& printer);
-    bool DrawFile(QPrinter& printer);
 
     SystemPrinter& m_printer;
     std::unique_ptr<CalendarPage> m_page; // of the current job

@@ -1,5 +1,6 @@
 #include "platform/richtext/rtfreader.h"
 
+#include "platform/richtext/notetext.h"
 #include "platform/richtext/rtftextview.h"
 #include "platform/richtext/rtfwriter.h"
 #include "platform/richtext/samplepictures.h"
@@ -30,7 +31,10 @@ QString Read(const QByteArray& rtf)
 {
     QTextDocument document;
     ReadRtf(rtf, document);
-    return TextOf(document);
+    const QString text = TextOf(document);
+    // A search reads the text without a document.
+    const QString shown = ShownText(rtf).replace(QChar::Nbsp, u' ');
+    return shown == document.toPlainText() ? text : u"the search reads "_s + shown;
 }
 
 // The format of the first "x".

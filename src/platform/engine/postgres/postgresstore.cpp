@@ -28,9 +28,12 @@ qsizetype SizeOf(const QVariant& value)
 
 PostgresStore::PostgresStore(const PlannerAddress& address, const QString& name, bool exclusive, Planner planner)
     : SqlStore(postgres::Dialect, address.Schema()), m_name(name), m_address(address.Uri()),
-      m_connection(
-          address, name,
-          {[this] { Welcome(); }, [this] { Forget(); }, [this](const QString& message) { m_changes.Take(message); }}),
+      m_connection(address, name,
+                   {[this] { Welcome(); }, [this] { Forget(); },
+                    [this](const QString& message) {
+                        ++m_revision;
+                        m_changes.Take(message);
+                    }}),
       m_planner(planner), m_openMode(m_connection, exclusive), m_changes(m_connection)
 {
     m_connection.Connect();
@@ -60,6 +63,7 @@ void PostgresStore::Welcome()
 
 void PostgresStore::Forget()
 {
+    ++m_revision; // commits of others are missed from here on
     m_openMode.Forget();
     m_changes.Lose();
     ForgetSession();
@@ -118,6 +122,7 @@ SqlRow PostgresStore::WriteRow(const QString& statement, const SqlValues& values
         m_channel, m_text.Mark(values.size() + 1), m_text.Mark(values.size() + 2));
     SqlRow written = SqlStore::WriteRow(statement + telling, all, table, before, after);
     m_connection.NoteTransaction(written.Text(3));
+    ++m_revision;
     return written;
 }
 

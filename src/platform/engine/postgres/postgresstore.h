@@ -34,6 +34,7 @@ public:
     void BeginWrite() override;
     void KeepHistory(const KeptTexts& texts) override;
     std::optional<std::vector<PastText>> PastTexts(const QString& key) override;
+    qint64 Revision() override { return m_revision; }
     void BackUp(const QString& path) override;
     void Refresh() override { m_connection.Listen(); }
     void OnChange(ChangeListener listener) override { m_changes.SetListener(std::move(listener)); }
@@ -66,6 +67,7 @@ private:
     PostgresConnection m_connection;
     Planner m_planner;
     QString m_id, m_channel; // of the planner; empty before the first session
+    qint64 m_revision = 0;
     OpenMode m_openMode;
     PostgresChanges m_changes;
     std::map<std::pair<QString, QString>, ExpectedRows> m_expected;

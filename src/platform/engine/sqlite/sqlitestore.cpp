@@ -107,6 +107,13 @@ void SqliteStore::GiveBack(const RecordName& record)
     m_session->WriteHeld(Held());
 }
 
+// The library's number changes with the commits of others, and its count of written rows with those of this session.
+qint64 SqliteStore::Revision()
+{
+    const qint64 ofOthers = m_connection->AskOne(u"PRAGMA data_version"_s).toLongLong();
+    return ofOthers << 32 | sqlite3_total_changes(m_connection->Library().getHandle());
+}
+
 // Copies the planner's present state. Meanwhile others can read; their saves wait while a part is copied.
 void SqliteStore::BackUp(const QString& path)
 {

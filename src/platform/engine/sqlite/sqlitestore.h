@@ -22,6 +22,7 @@ public:
 
     QString Address() const override { return {}; }
     void Expect(const TableDef&, const Index&, const QVariantList&) override {} // look-ups in a file are fast
+    qint64 Revision() override;
     void BackUp(const QString& path) override;
     void Refresh() override {}                // every look-up reads the file
     void OnChange(ChangeListener) override {} // a file gets no notifications
