@@ -218,10 +218,11 @@ class AccessibleTest : public QObject
         m_program->Trigger("mnuWeekView");
         Look("week", *m_program->form);
         m_program->Trigger("mnuMonthView");
-        for (const char* entry : {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts",
-                                  "mnuDateDiffCustomize", "mnuDateSearch", "mnuDayView", "mnuExport", "mnuFindWord",
-                                  "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun", "mnuNewAlarm", "mnuNumberDlg",
-                                  "mnuPageSetup", "mnuRecurse", "mnuWallpaperOption", "mnuWeekAppearance"}) {
+        for (const char* entry :
+             {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",
+              "mnuDateSearch", "mnuDayView", "mnuExport", "mnuFindWord", "mnuInitialFont", "mnuMonthDisplay",
+              "mnuMonToSun", "mnuNewAlarm", "mnuNumberDlg", "mnuPageSetup", "mnuRecurse", "mnuSpelling",
+              "mnuWallpaperOption", "mnuWeekAppearance"}) {
             m_program->Click(Today);
             LookAtWindowOf(entry);
         }
