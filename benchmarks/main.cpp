@@ -77,6 +77,7 @@ int Measure(const Choice& choice, const QTemporaryDir& folder)
     AddLongNoteRows(add, ours);
     AddTextRows(add);
     AddDayViewRows(add);
+    AddSpellingRows(add);
     AddFindRows(add, planner);
     AddWallpaperRows(add, ours, planner);
     AddPrintRow(add, ours);

@@ -14,6 +14,7 @@ void AddMonthRows(const TakeRow& add, PlannerWindow& ours, BarePlanner& bare);
 void AddLongNoteRows(const TakeRow& add, PlannerWindow& ours);
 void AddTextRows(const TakeRow& add);
 void AddDayViewRows(const TakeRow& add);
+void AddSpellingRows(const TakeRow& add);
 void AddFindRows(const TakeRow& add, const QString& planner);
 void AddWallpaperRows(const TakeRow& add, PlannerWindow& ours, const QString& planner);
 void AddPrintRow(const TakeRow& add, PlannerWindow& ours);

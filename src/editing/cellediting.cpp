@@ -1,5 +1,6 @@
 #include "editing/cellediting.h"
 
+#include "editing/corrections.h"
 #include "editing/defaultfont.h"
 #include "editing/formatting.h"
 #include "hall/bars.h"
@@ -193,6 +194,7 @@ void CellEditing::tbDay_MouseDown(int Index, int Button, const QPoint& globalPos
         return;
     }
     m_cells.tbDay(Index).setFocus();
+    OfferCorrections(m_menus.mnuRightMouse(), m_cells.tbDay(Index), globalPosition);
     m_menus.mnuRightMouse().popup(globalPosition);
 }
 

@@ -1,5 +1,6 @@
 #include "editing/notemenu.h"
 
+#include "editing/corrections.h"
 #include "editing/textstyles.h"
 #include "platform/controls/named.h"
 #include "platform/controls/postkey.h"
@@ -78,6 +79,7 @@ QMenu* AddNoteMenu(RichTextBox& box, const char* form)
     const auto popUp = [&box, menu](int button, const QPoint& at) {
         if (button != RichTextBox::RightButton) return;
         box.setFocus();
+        OfferCorrections(*menu, box, at);
         menu->popup(at);
     };
     QObject::connect(&box, &RichTextBox::MouseDown, menu, Guarded(" in NoteMenu, MouseDown"_L1, popUp));

@@ -121,6 +121,8 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuNetworkOptions", "Network Options"},
     {Entry, "mnuCustomizeHyphen4", "-"},
     {Entry, "mnuAutoload", "&StartUp Options"},
+    {Entry, "mnuCustomizeHyphen5", "-"},
+    {Entry, "mnuSpelling", "S&pelling..."},
     {Top, "mnuWallpaperTop", "&Wallpaper"},
     {Entry, "mnuSetWallpaper", "&Set Wallpaper", "Ctrl+L"},
     {Entry, "mnuClearWallpaper", "&Clear Wallpaper"},

@@ -77,6 +77,10 @@ inline constexpr TextSetting OnCard[] = {
     {u"CARD", u"PLANNER4", u"", PathSize}, {u"CARD", u"PLANNER5", u"", PathSize},
 };
 
+inline constexpr IntSetting Spelling = {u"SPELLING", u"CHECK", 1};
+// Names of dictionaries with commas between; by default that of the locale.
+inline constexpr TextSetting Dictionaries = {u"SPELLING", u"DICTIONARIES", u"", PathSize};
+
 inline constexpr TextSetting LastExport = {u"EXPORT", u"FORMAT", u"ics", 8}; // its suffix
 
 inline constexpr IntSetting LoadCondition = {u"QMT2LOAD", u"LOAD CONDITION", 0};

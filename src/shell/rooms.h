@@ -22,6 +22,7 @@
 #include "editing/formatting.h"
 #include "editing/picturebar.h"
 #include "editing/shortcutfilter.h"
+#include "editing/spelling.h"
 #include "hall/foot.h"
 #include "notes/exitsave.h"
 #include "notes/heldday.h"
@@ -143,5 +144,6 @@ struct Rooms
     NoPlanner noPlanner{controls.cells, controls.menus, controls.card, opening};
     // After the handler that can refuse the focus: a refused move must not count as leaving a cell.
     CellFrames frames{controls.cells, controls.bar, controls.sidebar};
+    Spelling spelling{controls.cells};
     CellZoom zoom{controls.cells, m_pCalendarView, foot};
 };

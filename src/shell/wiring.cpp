@@ -95,6 +95,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuWeekAppearance", Run<&Rooms::appearance, &Appearance::mnuWeekAppearance_Click>},
     {"mnuMonthDisplay", Run<&Rooms::appearance, &Appearance::mnuMonthDisplay_Click>},
     {"mnuMonToSun", Run<&Rooms::appearance, &Appearance::mnuMonToSun_Click>},
+    {"mnuSpelling", Run<&Rooms::spelling, &Spelling::mnuSpelling_Click>},
     {"mnuAutoload", Run<&Rooms::shellHandlers, &ShellHandlers::mnuAutoload_Click>},
     {"mnuSetWallpaper", Run<&Rooms::wallpaper, &WallpaperCommands::mnuSetWallpaper_Click>},
     {"mnuClearWallpaper", Run<&Rooms::wallpaper, &WallpaperCommands::mnuClearWallpaper_Click>},

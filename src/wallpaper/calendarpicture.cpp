@@ -18,6 +18,8 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include <optional>
+
 namespace {
 // Removes momentary looks from the shown cells and restores them in its destructor.
 class MomentsLook
@@ -41,6 +43,7 @@ private:
     SSPanel* m_active = nullptr;
     SSPanel* m_held = nullptr;
     RichTextBox* m_box = nullptr; // box with the caret
+    std::optional<QSignalBlocker> m_silent;
     QTextCursor m_caret;
     int m_caretWidth = 0;
     int m_scrolled = 0;
@@ -91,10 +94,10 @@ MomentsLook::~MomentsLook()
     if (m_box) ShowCaret();
 }
 
-// Blocks the box's signals, since nobody moved the caret.
+// Blocks the box's signals until the caret is shown again: nobody moved it, and nobody may paint over the note.
 void MomentsLook::HideCaret(RichTextBox& box)
 {
-    const QSignalBlocker silent(box);
+    m_silent.emplace(box);
     m_box = &box;
     m_caret = box.textCursor();
     m_caretWidth = box.cursorWidth();
@@ -109,7 +112,6 @@ void MomentsLook::HideCaret(RichTextBox& box)
 
 void MomentsLook::ShowCaret()
 {
-    const QSignalBlocker silent(m_box);
     m_box->setCursorWidth(m_caretWidth);
     if (!m_caret.hasSelection()) return;
     m_box->setTextCursor(m_caret);

@@ -219,10 +219,10 @@ class AccessibleTest : public QObject
         Look("week", *m_program->form);
         m_program->Trigger("mnuMonthView");
         for (const char* entry :
-             {"mnuAbout", "mnuAutoload", "mnuChangeAlarms", "mnuColorSizeFonts", "mnuDateDiffCustomize",
-              "mnuDateSearch", "mnuDayView", "mnuExport", "mnuFindWord", "mnuFindAll", "mnuInitialFont",
-              "mnuMonthDisplay", "mnuMonToSun", "mnuNewAlarm", "mnuNumberDlg", "mnuPageSetup", "mnuRecurse",
-              "mnuWallpaperOption", "mnuWeekAppearance"}) {
+             {"mnuAbout",       "mnuAutoload",     "mnuChangeAlarms", "mnuColorSizeFonts",  "mnuDateDiffCustomize",
+              "mnuDateSearch",  "mnuDayView",      "mnuExport",       "mnuFindWord",        "mnuFindAll",
+              "mnuInitialFont", "mnuMonthDisplay", "mnuMonToSun",     "mnuNewAlarm",        "mnuNumberDlg",
+              "mnuPageSetup",   "mnuRecurse",      "mnuSpelling",     "mnuWallpaperOption", "mnuWeekAppearance"}) {
             m_program->Click(Today);
             LookAtWindowOf(entry);
         }

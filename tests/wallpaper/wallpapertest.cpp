@@ -1,5 +1,6 @@
 #include "fakedesktop.h"
 #include "platform/look/paper.h"
+#include "platform/spelling/spellmarks.h"
 #include "program.h"
 #include "settingsfile.h"
 #include "testmain.h"
@@ -107,8 +108,10 @@ private Q_SLOTS:
         m_program->New(u"notes.mdb"_s);
         m_program->Trigger("mnuSetWallpaper");
         QVERIFY(QImage(Bitmap("planner.bmp")) == QImage(Bitmap("notes.bmp")));
-        m_program->Type(Today, u"a note of today"_s);
+        SetIni("SPELLING", "DICTIONARIES", "en_US");
+        m_program->Type(Today, u"a note of todya "_s);
         RichTextBox& box = m_program->Box(Today);
+        QTRY_VERIFY(SpellMarks::Of(box) && !SpellMarks::Of(box)->Unknown().empty());
         Select(box, 2, 4);
         const int caretWidth = box.cursorWidth();
         const QLabel& label = ShowDateDiff(Today);
@@ -119,6 +122,9 @@ private Q_SLOTS:
               box.palette().color(QPalette::Active, QPalette::Highlight)})
             QVERIFY2(!HasColor(cell, color), qPrintable(color.name()));
         QVERIFY(HasColor(cell, Qt::black)); // the note, and the number as on any other day
+        SpellMarks::Of(box)->Clear();
+        m_program->Trigger("mnuSetWallpaper");
+        QCOMPARE(Cell(QImage(Bitmap("notes.bmp")), Today), cell); // without the wave
 
         QCOMPARE(m_program->Panel(Today).Paper(), QColor(paper::Today));
         QCOMPARE(m_program->Panel(Today).ForeColor(), 0xFFu);

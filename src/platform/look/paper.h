@@ -16,6 +16,7 @@ inline constexpr QColor Ink{0x22, 0x25, 0x2a};
 inline constexpr QColor SoftInk{0x6b, 0x6f, 0x76};
 inline constexpr QColor TodayFrame{0xd0, 0x5a, 0x55};
 inline constexpr QColor LockFrame{0x3c, 0x8c, 0x55};
+inline constexpr QColor UnknownWord{0xd0, 0x2b, 0x20}; // the wave under it
 inline constexpr QColor Accent{0x2f, 0x6d, 0xb5};
 inline constexpr QColor AccentTint{0xe3, 0xec, 0xf7};
 inline constexpr QColor PaleSelection{0xdc, 0xe5, 0xf0}; // readable under black

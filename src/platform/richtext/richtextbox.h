@@ -97,6 +97,9 @@ public:
     int Zoom() const { return m_zoom; }
     void SetZoom(int percent);
 
+    // Replaces this text in the format of its first letter, as one undo step, unless PasteRequested refuses it.
+    void Replace(int start, int length, const QString& by);
+
     void SetRightMargin(int pixels); // width of the wrapped text; 0 wraps at the box's edge
 
     // Scrolls to the first line and clears the selection. The caret stays, and is scrolled to when the focus returns
@@ -120,8 +123,9 @@ Q_SIGNALS:
     void SelChange(); // moves of caret and selection, not changes of format
     // A key with text (also Backspace, Return and Esc) or an input method's commit. 0 drops the key.
     void KeyPress(int& keyAscii);
-    // Before a change that is not typed: a middle-button paste or a drop. False refuses it.
+    // Before a change that is not typed: a middle-button paste, a drop or Replace. False refuses it.
     void PasteRequested(bool& allowed);
+    void Painted(const QRect& part); // of the viewport; a listener may paint on it now
 
 protected:
     bool canInsertFromMimeData(const QMimeData* source) const override;

@@ -117,4 +117,5 @@ void RichTextBox::paintEvent(QPaintEvent* event)
     if (whole.isEmpty()) return;
     QPaintEvent visible(whole);
     QTextEdit::paintEvent(&visible);
+    Q_EMIT Painted(whole);
 }

@@ -124,3 +124,14 @@ void RichTextBox::SetSelLength(int length)
     cursor.setPosition(start + std::clamp(length, 0, rest), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
 }
+
+void RichTextBox::Replace(int start, int length, const QString& by)
+{
+    if (Locked() || !AdmitsPaste()) return;
+    QTextCursor replaced(document());
+    replaced.setPosition(start + 1);
+    const QTextCharFormat format = replaced.charFormat();
+    replaced.setPosition(start);
+    replaced.setPosition(start + length, QTextCursor::KeepAnchor);
+    replaced.insertText(by, format);
+}

@@ -1,0 +1,35 @@
+// Spelling as one types: follows the note with the caret, loads the chosen dictionaries, and runs the command that
+// chooses them.
+#pragma once
+
+#include "platform/richtext/richtextbox.h"
+#include "platform/spelling/speller.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include <deque>
+
+class Cells;
+
+class Spelling : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Spelling(const Cells& cells);
+
+    void mnuSpelling_Click();
+
+private:
+    void FollowFocus(QWidget* now);
+    void Enter(RichTextBox& box);
+    void Leave();
+    void LoadNext();
+    void Mark();
+
+    Speller m_speller;
+    QPointer<RichTextBox> m_box;                          // the note that is or will be checked
+    std::optional<std::deque<DictionaryFiles>> m_waiting; // to be loaded; empty until the first note is entered
+    QTimer m_pause;
+};
