@@ -109,6 +109,14 @@ void Formatting::ShowWhatCanBeUndone(Menus& menus) const
     menus("mnuSelectAll"_L1).SetEnabled(box && !box->IsEmpty());
 }
 
+void Formatting::ShowWhetherOnLink(Menus& menus) const
+{
+    const int cell = m_cells.CellWithCaret();
+    const bool isOnLink = cell != 0 && !m_cells.tbDay(cell).LinkOfMenu().isEmpty();
+    for (const auto entry : {"mnuRMouseHyphen3"_L1, "mnuOpenLinkR"_L1})
+        menus(entry).SetVisible(isOnLink);
+}
+
 void Formatting::orlcmbFontname_Change()
 {
     CurrentBox().SetSelFontName(m_bar.orlcmbFontname->Text());

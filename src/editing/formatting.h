@@ -35,6 +35,8 @@ public:
     void mnuRedo_Click();
     void mnuSelectAll_Click();
     void ShowWhatCanBeUndone(Menus& menus) const; // in the cell with the caret
+    void ShowWhetherOnLink(Menus& menus) const;   // likewise
+    void mnuOpenLinkR_Click() { CurrentBox().OpenLink(CurrentBox().LinkOfMenu()); }
 
     // The combos act on the current cell unchecked; pressing one still shows the message of fnCanFormatCell.
     void orlcmbFontname_Change();

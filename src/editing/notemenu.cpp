@@ -63,6 +63,17 @@ void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* fo
     action->setShortcutContext(Qt::WidgetShortcut);
     box.addAction(action);
 }
+
+void AddOpenLink(QMenu& menu, RichTextBox& box)
+{
+    QAction* separator = menu.addSeparator();
+    QAction* open = menu.addAction(u"Open Link\tCtrl+Enter"_s, &box, [&box] { box.OpenLink(box.LinkOfMenu()); });
+    open->setObjectName(u"mnuOpenLink"_s);
+    QObject::connect(&menu, &QMenu::aboutToShow, open, [separator, open, &box] {
+        for (QAction* action : {separator, open})
+            action->setVisible(!box.LinkOfMenu().isEmpty());
+    });
+}
 } // namespace
 
 QMenu* AddNoteMenu(RichTextBox& box, const char* form)
@@ -76,6 +87,7 @@ QMenu* AddNoteMenu(RichTextBox& box, const char* form)
     menu->addSeparator();
     for (const KeyRow& row : AddedRows)
         AddKey(*menu, box, row);
+    AddOpenLink(*menu, box);
     const auto popUp = [&box, menu](int button, const QPoint& at) {
         if (button != RichTextBox::RightButton) return;
         box.setFocus();

@@ -1,5 +1,6 @@
 #include "exchange/notewalk.h"
 #include "exchange/writers.h"
+#include "platform/desktop/links.h"
 #include "platform/richtext/pictureimage.h"
 
 #include <QUrl>
@@ -57,6 +58,16 @@ bool IsOpenAt(QStringView line, qsizetype at)
     if (IsBlankAt(line, at)) return true;
     const QChar one = line[at];
     return one == QChar::ObjectReplacementCharacter || (one < u'\x7f' && !one.isLetterOrNumber());
+}
+
+// A reader takes signs with backslashes as they are, but ends an address at a blank outside of angle brackets.
+QString Destination(const QString& target)
+{
+    static constexpr QStringView Signs = u"\\&()<>";
+    QString escaped;
+    for (const QChar one : target)
+        escaped += Signs.contains(one) ? u'\\' + QString(one) : QString(one);
+    return escaped.contains(u' ') ? u'<' + escaped + u'>' : escaped;
 }
 
 // form holds the tags of the styles.
@@ -119,10 +130,14 @@ void MarkdownLine::Add(const NoteRun& run)
         ++begin;
     while (begin < end && IsBlankAt(m_text, end - 1))
         --end;
-    const QString form = begin < end ? run.form : QString();
+    const QString form = begin < end ? run.form.section(u'\n', 0, 0) : QString();
+    const QString target = begin < end ? run.form.section(u'\n', 1) : QString();
     m_out += Escaped(m_text, from, begin);
-    m_out += TakesMarks(form, begin, end) ? InMarks(Escaped(m_text, begin, end), form)
-                                          : InTags(Escaped(m_text, begin, end, Between::Tags), form);
+    if (!target.isEmpty())
+        m_out += u"[%1](%2)"_s.arg(InMarks(Escaped(m_text, begin, end), form), Destination(target));
+    else
+        m_out += TakesMarks(form, begin, end) ? InMarks(Escaped(m_text, begin, end), form)
+                                              : InTags(Escaped(m_text, begin, end, Between::Tags), form);
     m_out += Escaped(m_text, end, to);
 }
 
@@ -137,19 +152,21 @@ bool MarkdownLine::TakesMarks(const QString& form, qsizetype begin, qsizetype en
     return !(isBehindMarks && !IsBlankAt(m_text, begin - 1)) && opens && closes;
 }
 
-QString StylesOf(const QTextCharFormat& format)
+// The tags of the styles, and on a line of its own the target of a link.
+QString MarkdownFormOf(const QTextCharFormat& format)
 {
     QString form;
     for (const NoteStyle& style : NoteStyles)
         if (!style.markdown.isEmpty() && style.isSet(format, NoteFont())) form += style.tag;
-    return form;
+    const QString target = format.anchorHref().simplified();
+    return links::MayOpen(target) ? form + u'\n' + target : form;
 }
 
 QString MarkdownOf(const QTextDocument& note, const AddPicture& addPicture)
 {
     QStringList lines;
     for (QTextBlock paragraph = note.begin(); paragraph.isValid(); paragraph = paragraph.next())
-        for (const NoteLine& line : LinesOf(paragraph, StylesOf))
+        for (const NoteLine& line : LinesOf(paragraph, MarkdownFormOf))
             lines += MarkdownLine().Of(line, addPicture);
     // A backslash breaks no line at the end of a text.
     const bool endsEmpty = lines.size() > 1 && lines.last().isEmpty();

@@ -1,6 +1,8 @@
 #include "exchange/notewalk.h"
 #include "exchange/readers.h"
 #include "exchange/textentries.h"
+#include "platform/desktop/links.h"
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/notepicture.h"
 
 #include <QDir>
@@ -53,13 +55,18 @@ public:
 
 private:
     void Take(const QRegularExpressionMatch& token, const QString& markdown);
+    void BeginLink(QString target);
     void Switch(QChar tag);
     bool AddPicture(const QString& link);
     void AddLost(const QString& link);
-    void Add(const QString& text) { m_cursor.insertText(text, m_form); }
+    void Add(const QString& text)
+    {
+        m_cursor.insertText(text, m_target.value_or(QString()).isEmpty() ? m_form : LinkFormat(m_form, *m_target));
+    }
 
     QTextCursor m_cursor;
     QTextCharFormat m_form;
+    std::optional<QString> m_target; // of the open link; empty if it must not be opened
     QString m_folder;
     qint64& m_room;
     QStringList m_lost; // pictures
@@ -68,7 +75,8 @@ private:
 QString MarkdownNote::Write(const QString& markdown)
 {
     static const QRegularExpression token(
-        uR"((?<break>\\?\n|<br/?>)|\\(?<sign>[\x21-\x7e])|&(?<entity>\w+|#\d+);|</?(?<tag>[bisu])>|(?<mark>\*\*|\*|~~)|!\[[^\]]*\]\((?<link>[^)\s]*)\))"_s);
+        uR"((?<break>\\?\n|<br/?>)|\\(?<sign>[\x21-\x7e])|&(?<entity>\w+|#\d+);|</?(?<tag>[bisu])>|(?<mark>\*\*|\*|~~)|!\[[^\]]*\]\((?<link>[^)\s]*)\)|)"
+        uR"(\[(?=(?:\\.|[^\[\]\\\n])*\]\((?<target><(?:\\.|[^>\\\n])*>|(?:\\.|[^()\s\\])*)\))|(?<end>\]\((?:<(?:\\.|[^>\\\n])*>|(?:\\.|[^()\s\\])*)\)))"_s);
     qsizetype at = 0;
     for (const QRegularExpressionMatch& match : token.globalMatch(markdown)) {
         Add(markdown.sliced(at, match.capturedStart() - at));
@@ -92,6 +100,8 @@ void MarkdownNote::Take(const QRegularExpressionMatch& token, const QString& mar
     if (token.hasCaptured(u"sign")) return Add(token.captured(u"sign"));
     if (token.hasCaptured(u"entity")) return Add(TextOfEntity(token.captured(u"entity")));
     if (token.hasCaptured(u"tag")) return Switch(token.captured(u"tag").front());
+    if (token.hasCaptured(u"target")) return BeginLink(token.captured(u"target"));
+    if (token.hasCaptured(u"end")) return m_target ? m_target.reset() : Add(token.captured());
     if (token.hasCaptured(u"link")) {
         if (!AddPicture(token.captured(u"link"))) AddLost(token.captured(u"link"));
         return;
@@ -99,6 +109,14 @@ void MarkdownNote::Take(const QRegularExpressionMatch& token, const QString& mar
     if (!IsMark(markdown, token)) return Add(token.captured());
     const auto isMeant = [&](const NoteStyle& style) { return style.markdown == token.captured(); };
     Switch(std::ranges::find_if(NoteStyles, isMeant)->tag);
+}
+
+void MarkdownNote::BeginLink(QString target)
+{
+    static const QRegularExpression escape(uR"(\\([\x21-\x7e]))"_s);
+    if (target.startsWith(u'<')) target = target.sliced(1).chopped(1);
+    target.replace(escape, u"\\1"_s);
+    m_target = links::MayOpen(target) ? target : QString();
 }
 
 void MarkdownNote::Switch(QChar tag)

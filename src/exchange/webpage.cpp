@@ -2,6 +2,7 @@
 #include "exchange/webpageforms.h"
 #include "exchange/webpagestyle.h"
 #include "exchange/writers.h"
+#include "platform/desktop/links.h"
 #include "platform/richtext/boundedimage.h"
 #include "platform/richtext/pictureimage.h"
 
@@ -106,11 +107,10 @@ void WebPage::AddParagraph(const QTextBlock& paragraph, const QString& usualFami
 // The opening tags of a format.
 QString WebPage::TagsOf(const QTextCharFormat& format, const QString& usualFamily)
 {
-    static const QRegularExpression address(u"^(https?://|mailto:)"_s, QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression unsafe(uR"([^\w .-])"_s, QRegularExpression::UseUnicodePropertiesOption);
     QString tags, style;
     const QString link = format.anchorHref(), color = m_colors.ClassOf(format);
-    if (address.match(link).hasMatch()) tags += u"<a href=\"%1\">"_s.arg(link.toHtmlEscaped());
+    if (links::MayOpen(link)) tags += u"<a href=\"%1\">"_s.arg(link.toHtmlEscaped());
     QString family = FontName(format, NoteFont());
     if (family != usualFamily) style += u"font-family:'%1',var(--text);"_s.arg(family.remove(unsafe));
     const double size = FontSize(format, NoteFont()) / NoteFont().pointSizeF();

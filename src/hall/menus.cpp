@@ -141,6 +141,8 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuStrikeThruR", "Strikethrough"},
     {Entry, "mnuRMouseHyphen2", "-"},
     {Entry, "mnuColorSizeFontsR", "Color, Size, Fonts"},
+    {HiddenEntry, "mnuRMouseHyphen3", "-"},
+    {HiddenEntry, "mnuOpenLinkR", "Open Link\tCtrl+Enter"}, // the key belongs to the text
     {Top, "mnuHelp", "&Help"},
     {Entry, "mnuContents", "Contents", "F1"},
     {Entry, "mnuHelpSearch", "&Search For Help On..."},

@@ -121,6 +121,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuLeftJustify", Run<&Rooms::formatting, &Formatting::mnuLeftJustify_Click>},
     {"mnuCenterJustify", Run<&Rooms::formatting, &Formatting::mnuCenterJustify_Click>},
     {"mnuRightJustify", Run<&Rooms::formatting, &Formatting::mnuRightJustify_Click>},
+    {"mnuOpenLinkR", Run<&Rooms::formatting, &Formatting::mnuOpenLinkR_Click>},
 };
 
 void WireMenus(Rooms& rooms)
@@ -137,6 +138,8 @@ void WireMenus(Rooms& rooms)
     }
     On(menus("mnuEdit"_L1).Action()->menu(), &QMenu::aboutToShow, "mnuEdit_Click",
        [&rooms] { rooms.formatting.ShowWhatCanBeUndone(rooms.controls.menus); });
+    On(&menus.mnuRightMouse(), &QMenu::aboutToShow, "tbDay_MouseDown",
+       [&rooms] { rooms.formatting.ShowWhetherOnLink(rooms.controls.menus); });
     for (int entry = 0; entry < settings::RecentPlanners; ++entry) {
         MenuItem& item = menus.mnuMRU(entry);
         item.OnClick([&rooms, &item] { rooms.opening.mnuMRU_Click(item); }, InMainForm("mnuMRU_Click"));

@@ -1,6 +1,7 @@
 #include "platform/richtext/htmlnote.h"
 
 #include "platform/desktop/twips.h"
+#include "platform/look/paper.h"
 #include "platform/richtext/htmlimages.h"
 #include "platform/richtext/pastebounds.h"
 #include "platform/richtext/rtfformat.h"
@@ -10,7 +11,9 @@
 #include "platform/richtext/selectionformat.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QHash>
+#include <QPalette>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextList>
@@ -144,13 +147,24 @@ Format Freed(Format format)
     return format;
 }
 
+// A reader of HTML gives links a look. Ours is not stored, and that of the toolkit has the desktop's colour.
+QTextCharFormat WithoutUsualLook(QTextCharFormat format)
+{
+    if (!format.isAnchor()) return format;
+    const QColor ink = format.foreground().color();
+    if (ink == QGuiApplication::palette().color(QPalette::Link) || ink == paper::Accent) format.clearForeground();
+    if (format.underlineStyle() == QTextCharFormat::SingleUnderline)
+        format.setUnderlineStyle(QTextCharFormat::NoUnderline);
+    return format;
+}
+
 // Appends the paragraph's content.
 void Append(const QTextBlock& block, QTextCursor& out)
 {
     const QTextCharFormat mark = block.begin().atEnd() ? block.charFormat() : block.begin().fragment().charFormat();
     out.insertText(MarkOf(block), WithoutImage(Freed(mark)));
     for (auto i = block.begin(); !i.atEnd(); ++i)
-        out.insertText(i.fragment().text(), Freed(i.fragment().charFormat()));
+        out.insertText(i.fragment().text(), Freed(WithoutUsualLook(i.fragment().charFormat())));
 }
 
 // Copies the document with its lists and tables as text.

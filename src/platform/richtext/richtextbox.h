@@ -2,6 +2,7 @@
 // is mixed.
 #pragma once
 
+#include "platform/richtext/directionkeys.h"
 #include "platform/richtext/movedtexts.h"
 #include "platform/richtext/selectionformat.h"
 
@@ -106,6 +107,12 @@ public:
     // other than by the mouse. During a drag, waits for its end.
     void ShowBeginning();
 
+    // Links that may be opened; empty if there is none there. That of the menu is under the mouse, or at the caret if a
+    // key opens the menu.
+    QString LinkAtCaret() const;
+    const QString& LinkOfMenu() const { return m_linkOfMenu; }
+    void OpenLink(const QString& target); // by the desktop; tells if that cannot be
+
     void CommitPreedit(); // commits text that an input method only shows yet
 
     QVariant loadResource(int type, const QUrl& name) override;
@@ -179,6 +186,16 @@ private:
     }
     void ChangeFont(const QFont& font, const QTextCharFormat& part);
     void MergeIntoSelection(const QTextCharFormat& part);
+    void PassKey(QKeyEvent* event);
+    void ChangeByKey(QKeyEvent* event);
+    bool EndListItem(const QKeyEvent& event);
+    void FollowTypedEnd();
+    void SetTypedDirection(Qt::LayoutDirection direction);
+    void OpenMenuAtCaret();
+    QString LinkUnder(const QPoint& position) const; // in the viewport
+    bool ShowLinkTip(const QHelpEvent& event);
+    void ShowPointer(const QPoint& position, Qt::KeyboardModifiers modifiers);
+    void FollowControl(const QKeyEvent& event);
     void TellUnpasted(const QMimeData& source);
     void FollowRightMargin();
     void FollowScrollRange();
@@ -196,6 +213,8 @@ private:
     std::optional<std::uint32_t> m_blankColor; // as set while the box was empty
     int m_caret = 0;                           // caret and anchor at the last SelChange
     int m_anchor = 0;
+    QString m_linkOfMenu;
+    DirectionKeys m_directionKeys;
     int m_rightMargin = 0;
     int m_zoom = 100;
     QImage m_zoomed;              // the screen as the layout takes it to be while zoomed

@@ -1,11 +1,15 @@
-// The box's clipboard and drag data.
+// The box's clipboard and drag data, and drops.
 #include "platform/desktop/msgbox.h"
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/notelinks.h"
 #include "platform/richtext/notemimedata.h"
 #include "platform/richtext/notepaste.h"
 #include "platform/richtext/notepicture.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfwriter.h"
+
+#include <QDropEvent>
+#include <QScopedValueRollback>
 
 QMimeData* RichTextBox::createMimeDataFromSelection() const
 {
@@ -23,6 +27,7 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     if (Locked() || !AdmitsPaste()) return;
     UseTypingFormat();
     QTextCursor cursor = textCursor();
+    const int begin = cursor.selectionStart();
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
     const bool isPasted = [&] {
         const WithoutLines noLines(*document());
@@ -30,6 +35,8 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     }();
     if (!isPasted) return TellUnpasted(*source);
     setTextCursor(cursor);
+    // Text of a note stays as it was there.
+    if (!source->hasFormat(QString::fromUtf16(NoteFormat))) MakeLinks(cursor, begin, cursor.position());
     ensureCursorVisible();
 }
 
@@ -47,4 +54,28 @@ void RichTextBox::TellUnpasted(const QMimeData& source)
 QVariant RichTextBox::loadResource(int, const QUrl&)
 {
     return QByteArray();
+}
+
+bool RichTextBox::AdmitsPaste()
+{
+    bool allowed = true;
+    if (!m_admitted) Q_EMIT PasteRequested(allowed);
+    return allowed;
+}
+
+// Asked before the insertion, since by then a moved text has been cut from its old place.
+void RichTextBox::dropEvent(QDropEvent* event)
+{
+    if (!AdmitsPaste()) {
+        event->setDropAction(Qt::IgnoreAction);
+        return event->ignore();
+    }
+    // So that typing goes on there. Before the text, since the first entry gives the box its font.
+    setFocus();
+    {
+        const QScopedValueRollback admitted(m_admitted, true);
+        QTextEdit::dropEvent(event);
+    }
+    auto* source = qobject_cast<RichTextBox*>(event->source() ? event->source()->parent() : nullptr);
+    if (event->isAccepted() && source && source != this) source->m_moved.Dropped(m_moved);
 }

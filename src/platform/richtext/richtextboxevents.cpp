@@ -1,4 +1,5 @@
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -64,6 +65,12 @@ bool IsMistypedCommand(const QKeyEvent& event)
     return modifiers == Qt::AltModifier && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
+bool OpensLink(const QKeyEvent& event)
+{
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isReturn && (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+}
+
 // Removes more than a letter, or restores it.
 bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 {
@@ -74,6 +81,7 @@ bool ChangesMuch(QKeyEvent* event, const QTextCursor& cursor)
 // Ctrl with the wheel is passed on to the window, which zooms all notes of its view. The toolkit would scroll.
 void RichTextBox::wheelEvent(QWheelEvent* event)
 {
+    m_directionKeys.Forget();
     if (event->modifiers() & Qt::ControlModifier) return event->ignore();
     QTextEdit::wheelEvent(event);
 }
@@ -89,6 +97,7 @@ void RichTextBox::changeEvent(QEvent* event)
 // here too and end here.
 bool RichTextBox::event(QEvent* event)
 {
+    if (const auto direction = m_directionKeys.Take(*event)) SetTypedDirection(*direction);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -97,6 +106,12 @@ bool RichTextBox::event(QEvent* event)
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
         break;
+    case QEvent::ToolTip:
+        return ShowLinkTip(*static_cast<QHelpEvent*>(event)) || QTextEdit::event(event);
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        FollowControl(*static_cast<QKeyEvent*>(event));
+        return QTextEdit::event(event);
     default:
         return QTextEdit::event(event);
     }
@@ -138,9 +153,11 @@ void RichTextBox::focusOutEvent(QFocusEvent* event)
 void RichTextBox::mousePressEvent(QMouseEvent* event)
 {
     // If a GotFocus handler moved the focus away, the press must not act on this box.
+    m_directionKeys.Forget();
     const bool refused = window()->focusWidget() != this;
     m_pressed = event->button() == Qt::LeftButton && !refused;
     if (!refused) QTextEdit::mousePressEvent(event);
+    m_linkOfMenu = event->button() == Qt::RightButton ? LinkUnder(event->position().toPoint()) : QString();
     Q_EMIT MouseDown(int(event->button()), event->globalPosition().toPoint());
 }
 
@@ -158,7 +175,10 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QTextEdit::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false)) return;
-    if (viewport()->rect().contains(event->position().toPoint())) Q_EMIT Click();
+    const QPoint at = event->position().toPoint();
+    if (!viewport()->rect().contains(at)) return;
+    Q_EMIT Click();
+    if (event->modifiers() == Qt::ControlModifier && !textCursor().hasSelection()) OpenLink(LinkUnder(at));
 }
 
 // A drag runs inside the move event that starts it. The box misses the release, and without it would go on scrolling
@@ -171,6 +191,7 @@ void RichTextBox::mouseMoveEvent(QMouseEvent* event)
     if (std::exchange(m_dragging, false) && !(QGuiApplication::mouseButtons() & Qt::LeftButton)) EndDrag(*event);
     m_moved.EndOfDrag(revision != document()->revision());
     if (std::exchange(m_leftInDrag, false)) ShowBeginning();
+    ShowPointer(event->position().toPoint(), event->modifiers());
     Q_EMIT MouseMove();
 }
 
@@ -197,7 +218,12 @@ void RichTextBox::ShowBeginning()
 void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
-    if (event->reason() == QContextMenuEvent::Mouse) return;
+    if (event->reason() != QContextMenuEvent::Mouse) OpenMenuAtCaret();
+}
+
+void RichTextBox::OpenMenuAtCaret()
+{
+    m_linkOfMenu = LinkAtCaret();
     Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
 }
 
@@ -213,9 +239,10 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     // For keyboards without menu key.
     if (event->keyCombination() == QKeyCombination(Qt::SHIFT, Qt::Key_F10)) {
-        Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+        OpenMenuAtCaret();
         return event->accept();
     }
+    if (OpensLink(*event) && !LinkAtCaret().isEmpty()) return OpenLink(LinkAtCaret());
     if (IsMistypedCommand(*event)) return event->ignore();
     if (!AdmitsKey(CharacterOf(event))) return event->accept();
     if (event->key() == Qt::Key_Escape) return event->ignore();
@@ -224,6 +251,23 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     });
     if (event->matches(QKeySequence::Undo) && m_moved.Undo()) return;
     if (event->matches(QKeySequence::Redo) && m_moved.Redo()) return;
+    PassKey(event);
+}
+
+// What the toolkit and we make of a key, and what follows by itself as steps of their own.
+void RichTextBox::PassKey(QKeyEvent* event)
+{
+    if (EndListItem(*event)) return;
+    const int revision = document()->revision();
+    FollowedLink link(textCursor());
+    ChangeByKey(event);
+    if (document()->revision() == revision || TakesBack(event)) return;
+    link.FollowText(textCursor().position());
+    if (!event->text().isEmpty() && event->text().back().isSpace()) FollowTypedEnd();
+}
+
+void RichTextBox::ChangeByKey(QKeyEvent* event)
+{
     UseTypingFormat();
     const QString typed = TypesTab(*event) ? u"\t"_s : TypedInstead(*event);
     if (!typed.isEmpty()) return Locked() ? void() : Type(typed);
@@ -250,31 +294,10 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
     UseTypingFormat();
     const QTextCharFormat format = TypedFormat();
     const int start = std::max(SelStart() + event->replacementStart(), 0);
+    FollowedLink link(textCursor());
     QTextEdit::inputMethodEvent(event);
     FormatCommitted(start, event->commitString().size(), format);
+    if (!event->commitString().isEmpty() || erases) link.FollowText(textCursor().position());
+    if (!event->commitString().isEmpty() && event->commitString().back().isSpace()) FollowTypedEnd();
     if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become blank
-}
-
-bool RichTextBox::AdmitsPaste()
-{
-    bool allowed = true;
-    if (!m_admitted) Q_EMIT PasteRequested(allowed);
-    return allowed;
-}
-
-// Asked before the insertion, since by then a moved text has been cut from its old place.
-void RichTextBox::dropEvent(QDropEvent* event)
-{
-    if (!AdmitsPaste()) {
-        event->setDropAction(Qt::IgnoreAction);
-        return event->ignore();
-    }
-    // So that typing goes on there. Before the text, since the first entry gives the box its font.
-    setFocus();
-    {
-        const QScopedValueRollback admitted(m_admitted, true);
-        QTextEdit::dropEvent(event);
-    }
-    auto* source = qobject_cast<RichTextBox*>(event->source() ? event->source()->parent() : nullptr);
-    if (event->isAccepted() && source && source != this) source->m_moved.Dropped(m_moved);
 }

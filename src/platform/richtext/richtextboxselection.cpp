@@ -1,3 +1,4 @@
+#include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/selectionformat.h"
@@ -74,6 +75,7 @@ void RichTextBox::MergeIntoSelection(const QTextCharFormat& part)
     else
         MergeIntoEmptyLine(textCursor(), part);
     mergeCurrentCharFormat(part);
+    ShowLinkLook(textCursor());
 }
 
 void RichTextBox::SetSelFontName(const QString& name)

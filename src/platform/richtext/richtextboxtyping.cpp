@@ -1,5 +1,8 @@
-// The format of typed text.
+// The format of typed text, and what follows from typing by itself.
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/listtyping.h"
+#include "platform/richtext/notelinks.h"
+#include "platform/richtext/paragraphdirection.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/selectionformat.h"
 
@@ -18,10 +21,13 @@ bool TypesCharacter(const QKeyEvent& event)
 }
 } // namespace
 
-// A click discards the caret's format, so in a blank box it is set before each change.
+// A click discards the caret's format, so in a blank box it is set before each change. Text typed beside a link does
+// not belong to it.
 void RichTextBox::UseTypingFormat()
 {
-    if (m_blank && !textCursor().hasSelection()) setCurrentCharFormat(m_typingFormat);
+    const QTextCursor cursor = textCursor();
+    if (cursor.hasSelection()) return;
+    if (m_blank || (cursor.charFormat().isAnchor() && !IsTypedIntoLink(cursor))) setCurrentCharFormat(TypedFormat());
 }
 
 QTextCharFormat RichTextBox::TypedFormat() const
@@ -30,12 +36,13 @@ QTextCharFormat RichTextBox::TypedFormat() const
 }
 
 // Text that the toolkit would format differently: a second Return resets all formats, and text typed over a selection
-// takes the format before the caret.
+// takes the format before the caret. In a link the address follows within the step of undo, which the toolkit's typing
+// is none of.
 QString RichTextBox::TypedInstead(QKeyEvent& event) const
 {
     if (Locked()) return {};
     if (event.matches(QKeySequence::InsertParagraphSeparator)) return QChar(QChar::ParagraphSeparator);
-    if (!textCursor().hasSelection()) return {};
+    if (!textCursor().hasSelection() && !IsTypedIntoLink(textCursor())) return {};
     if (event.matches(QKeySequence::InsertLineSeparator)) return QChar(QChar::LineSeparator);
     return TypesCharacter(event) ? event.text() : QString();
 }
@@ -80,4 +87,35 @@ void RichTextBox::FormatCommitted(int start, qsizetype length, const QTextCharFo
         committed.endEditBlock();
     }
     if (!textCursor().hasSelection()) setCurrentCharFormat(format);
+}
+
+// Return on an item without text ends a list, and Backspace before an item's text takes its mark away.
+bool RichTextBox::EndListItem(const QKeyEvent& event)
+{
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const bool isMeant = isReturn || event.key() == Qt::Key_Backspace;
+    if (Locked() || !isMeant || event.modifiers() & ~Qt::KeypadModifier) return false;
+    QTextCursor caret = textCursor();
+    if (!EndItem(caret, isReturn ? Item::Empty : Item::Any)) return false;
+    setTextCursor(caret);
+    ensureCursorVisible();
+    return true;
+}
+
+// A typed blank or end of a line ends a word, which may be an address.
+void RichTextBox::FollowTypedEnd()
+{
+    QTextCursor caret = textCursor();
+    const int end = caret.position() - 1;
+    if (end < 0 || !document()->characterAt(end).isSpace()) return;
+    if (end > 0) MakeLinks(caret, end - 1, end);
+    if (document()->characterAt(end) != QChar::ParagraphSeparator) return;
+    ContinueList(caret);
+    setTextCursor(caret);
+    ensureCursorVisible();
+}
+
+void RichTextBox::SetTypedDirection(Qt::LayoutDirection direction)
+{
+    if (AdmitsKey(u"\b"_s) && !Locked()) SetDirection(textCursor(), direction);
 }

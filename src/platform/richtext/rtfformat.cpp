@@ -1,6 +1,7 @@
 #include "platform/richtext/rtfformat.h"
 
 #include "platform/desktop/twips.h"
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/selectionformat.h"
 
 #include <QBrush>
@@ -70,33 +71,32 @@ constexpr int MostMoved = 1440;
 RtfParagraph Shown(const RtfParagraph& paragraph)
 {
     RtfParagraph shown = paragraph;
-    int& start = shown.measures[paragraph.isRightToLeft ? RtfParagraph::Right : RtfParagraph::Left];
+    const bool isRightToLeft = paragraph.direction == Qt::RightToLeft;
+    int& start = shown.measures[isRightToLeft ? RtfParagraph::Right : RtfParagraph::Left];
     int& first = shown.measures[RtfParagraph::First];
     const bool isAtEdge = start == 0 && first == 0;
     start = std::max(start, std::min(-first, MostMoved));
     first = std::max(first, -start);
-    if (!isAtEdge && !paragraph.isRightToLeft) shown.tabs = FirstLine(paragraph).Stops(first);
+    if (!isAtEdge && !isRightToLeft) shown.tabs = FirstLine(paragraph).Stops(first);
     return shown;
 }
 
-// A document swaps left and right in right-to-left paragraphs, unless the alignment is absolute. Rich text does not.
+// A document swaps left and right where the text goes to the left, unless the alignment is absolute. Rich text does
+// not.
 void SetAlignment(QTextBlockFormat& format, const RtfParagraph& paragraph)
 {
+    if (!paragraph.alignment) return;
     const bool isSide = paragraph.alignment == Qt::AlignLeft || paragraph.alignment == Qt::AlignRight;
-    const bool isPlain = paragraph.alignment == Qt::AlignLeft && !paragraph.isRightToLeft;
-    if (!paragraph.alignment || isPlain) return;
-    const bool isFixed = isSide && paragraph.isRightToLeft;
-    format.setAlignment(isFixed ? paragraph.alignment | Qt::AlignAbsolute : paragraph.alignment);
+    format.setAlignment(isSide ? paragraph.alignment | Qt::AlignAbsolute : paragraph.alignment);
 }
 
 Qt::Alignment AlignmentOf(const QTextBlockFormat& format)
 {
     const Qt::Alignment alignment = format.alignment() & Qt::AlignHorizontal_Mask;
     const Qt::Alignment side = alignment & ~Qt::AlignAbsolute;
-    const bool isRightToLeft = format.layoutDirection() == Qt::RightToLeft;
-    if (!isRightToLeft) return side == Qt::AlignLeft ? Qt::Alignment() : side;
     if (alignment & Qt::AlignAbsolute || side == Qt::AlignHCenter || side == Qt::AlignJustify) return side;
-    return side == Qt::AlignRight ? Qt::AlignLeft : Qt::Alignment();
+    if (side != Qt::AlignRight) return {};
+    return format.layoutDirection() == Qt::RightToLeft ? Qt::AlignLeft : Qt::AlignRight;
 }
 
 void SetLineHeight(QTextBlockFormat& format, const RtfParagraph& paragraph)
@@ -208,7 +208,7 @@ QTextBlockFormat ToBlockFormat(const RtfParagraph& written)
     const RtfParagraph paragraph = Shown(written);
     QTextBlockFormat format;
     if (paragraph != written) format.setProperty(RtfParagraphProperty, QVariant::fromValue(written));
-    if (paragraph.isRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
+    if (paragraph.direction != Qt::LayoutDirectionAuto) format.setLayoutDirection(paragraph.direction);
     SetAlignment(format, paragraph);
     for (std::size_t i = 0; i < std::size(RtfMeasures); ++i)
         if (const int twips = paragraph.measures[i]) format.setProperty(RtfMeasures[i].property, PixelsOf(twips));
@@ -227,8 +227,9 @@ QString FamilyOf(const QTextCharFormat& format, const QFont& font)
     return family.isEmpty() ? NamelessFamily.toString() : family;
 }
 
-RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)
+RtfCharacter ToRtfCharacter(const QTextCharFormat& shown, const QFont& font)
 {
+    const QTextCharFormat format = WithoutLinkLook(shown);
     const auto vertical = format.verticalAlignment();
     const bool isRaised = vertical == QTextCharFormat::AlignSuperScript || vertical == QTextCharFormat::AlignSubScript;
     return {.halfPoints = HalfPointsOf(format, font),
@@ -244,7 +245,7 @@ RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)
 RtfParagraph ToRtfParagraph(const QTextBlockFormat& format)
 {
     RtfParagraph paragraph;
-    paragraph.isRightToLeft = format.layoutDirection() == Qt::RightToLeft;
+    paragraph.direction = format.layoutDirection();
     paragraph.alignment = AlignmentOf(format);
     for (std::size_t i = 0; i < std::size(RtfMeasures); ++i)
         paragraph.measures[i] = RtfMeasures[i].Bounded(TwipsOf(format.doubleProperty(RtfMeasures[i].property)));

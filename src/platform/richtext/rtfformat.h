@@ -72,6 +72,8 @@ struct RtfAlignment
 inline constexpr RtfAlignment RtfAlignments[] = {
     {"ql", Qt::AlignLeft}, {"qr", Qt::AlignRight}, {"qc", Qt::AlignHCenter}, {"qj", Qt::AlignJustify}};
 
+inline constexpr RtfName RtfDirections[] = {{"ltrpar"}, {"rtlpar"}}; // by Qt::LayoutDirection; auto has no word
+
 // Format values that a document has no property for.
 inline constexpr int RtfUnderlineProperty = QTextFormat::UserProperty + 0x501; // index in RtfUnderlines
 inline constexpr int RtfRiseProperty = QTextFormat::UserProperty + 0x502;      // half points, as in RtfCharacter
@@ -113,11 +115,11 @@ struct RtfParagraph
     static constexpr int Furthest = 31680; // 22 inches, the widest page there is
     static constexpr int MaximumTabs = 64;
 
-    std::array<int, MeasureCount> measures{}; // twips, within bounds
-    Qt::Alignment alignment;                  // 0: not set
-    bool isRightToLeft = false;
-    bool isLineMultiple = false; // lineSpacing counts 240ths of a line
-    int lineSpacing = 0;         // twips; 0: as the font has it, positive: at least, negative: exactly
+    std::array<int, MeasureCount> measures{};                // twips, within bounds
+    Qt::Alignment alignment;                                 // 0: not set
+    Qt::LayoutDirection direction = Qt::LayoutDirectionAuto; // auto: as the first strong letter has it
+    bool isLineMultiple = false;                             // lineSpacing counts 240ths of a line
+    int lineSpacing = 0; // twips; 0: as the font has it, positive: at least, negative: exactly
     QList<QTextOption::Tab> tabs;
 
     bool operator==(const RtfParagraph&) const = default;

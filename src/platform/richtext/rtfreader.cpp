@@ -1,5 +1,6 @@
 #include "platform/richtext/rtfreader.h"
 
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/rtfmachine.h"
 #include "platform/richtext/rtfpicture.h"
 
@@ -203,10 +204,7 @@ const QTextCharFormat& RtfBuilder::FormatOf(const RtfCharacter& character)
     const auto known = m_charFormats.constFind(character);
     if (known != m_charFormats.cend()) return *known;
     QTextCharFormat format = ToCharFormat(character, m_tables.fonts.FamilyAt(character.font));
-    if (character.link >= 0) {
-        format.setAnchor(true);
-        format.setAnchorHref(m_tables.links[character.link]);
-    }
+    if (character.link >= 0) format = LinkFormat(format, m_tables.links[character.link]);
     return *m_charFormats.insert(character, format);
 }
 

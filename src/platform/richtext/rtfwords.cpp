@@ -156,9 +156,9 @@ struct RtfMachine::Actions
         machine.m_state.paragraph.alignment = Qt::Alignment::fromInt(alignment);
     }
 
-    static void SetDirection(Machine& machine, int isRightToLeft, const RtfToken&)
+    static void SetDirection(Machine& machine, int direction, const RtfToken&)
     {
-        machine.m_state.paragraph.isRightToLeft = isRightToLeft;
+        machine.m_state.paragraph.direction = static_cast<Qt::LayoutDirection>(direction);
     }
 
     static void SetMeasure(Machine& machine, int measure, const RtfToken& word)
@@ -200,6 +200,7 @@ public:
         AddAll(RtfUnderlines, SetKind<&RtfCharacter::underline>, itself);
         AddAll(RtfVerticals, SetKind<&RtfCharacter::vertical>, itself);
         AddAll(RtfTabKinds, SetTabType, itself);
+        AddAll(RtfDirections, SetDirection, itself);
         AddAll(RtfMeasures, SetMeasure, itself);
         AddAll(RtfStyleNames, SetStyle, [](int place) { return static_cast<int>(RtfStyleNames[place].style); });
         AddAll(RtfAlignments, SetAlignment, [](int place) { return RtfAlignments[place].alignment; });
@@ -283,7 +284,6 @@ private:
         {"line", {PutCharacter, QChar::LineSeparator}},
         {"lquote", {PutCharacter, 0x2018}},
         {"ltrmark", {PutCharacter, 0x200E}},
-        {"ltrpar", {SetDirection, false}},
         {"mac", {SetCodePage, MacCodePage}},
         {"nestcell", {EndCell}},
         {"nestrow", {End<&RtfSink::EndRow>}},
@@ -300,7 +300,6 @@ private:
         {"row", {End<&RtfSink::EndRow>}},
         {"rquote", {PutCharacter, 0x2019}},
         {"rtlmark", {PutCharacter, 0x200F}},
-        {"rtlpar", {SetDirection, true}},
         {"sect", {End<&RtfSink::EndPage>}},
         {"sl", {SetLineSpacing}},
         {"slmult", {SetLineMultiple}},

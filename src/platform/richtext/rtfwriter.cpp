@@ -142,7 +142,7 @@ void Writer::WriteParagraph(const QTextBlock& block)
 void Writer::WriteFormats(const RtfParagraph& paragraph)
 {
     m_body.Word("pard");
-    if (paragraph.isRightToLeft) m_body.Word("rtlpar");
+    if (paragraph.direction != Qt::LayoutDirectionAuto) m_body.Word(RtfDirections[paragraph.direction].word);
     for (const auto& [word, alignment] : RtfAlignments)
         if (paragraph.alignment == alignment) m_body.Word(word);
     for (std::size_t i = 0; i < std::size(RtfMeasures); ++i)

@@ -1,6 +1,8 @@
 #include "platform/richtext/selectionformat.h"
 
 #include "platform/look/colorvalue.h"
+#include "platform/richtext/linklook.h"
+#include "platform/richtext/notelinks.h"
 #include "platform/richtext/rtfsymbols.h"
 
 #include <QTextLayout>
@@ -31,14 +33,17 @@ QStringList FamiliesOf(const QString& name)
 
 QTextCharFormat FormatToType(const QTextCursor& selection)
 {
-    if (!selection.hasSelection()) return selection.charFormat();
+    const auto free = [&](const QTextCharFormat& format) {
+        return format.isAnchor() && !IsTypedIntoLink(selection) ? WithoutLink(format) : format;
+    };
+    if (!selection.hasSelection()) return free(selection.charFormat());
     QTextCursor first(selection);
     first.setPosition(selection.selectionStart());
     if (!first.atBlockEnd())
         first.movePosition(QTextCursor::NextCharacter); // a cursor has the format of the character before it
     QTextCharFormat format = first.charFormat();
     format.clearProperty(QTextFormat::ObjectType); // text that replaces a picture is text
-    return format;
+    return free(format);
 }
 
 bool IsBold(const QTextCharFormat& format, const QFont& defaultFont)
@@ -52,8 +57,9 @@ bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont)
     return format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : defaultFont.italic();
 }
 
-bool IsUnderlined(const QTextCharFormat& format, const QFont& defaultFont)
+bool IsUnderlined(const QTextCharFormat& shown, const QFont& defaultFont)
 {
+    const QTextCharFormat format = WithoutLinkLook(shown);
     if (format.hasProperty(QTextFormat::TextUnderlineStyle))
         return format.underlineStyle() != QTextCharFormat::NoUnderline;
     return format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : defaultFont.underline();
@@ -81,8 +87,9 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
     return PointSize(defaultFont) * RelativeSizes[std::size_t(std::clamp(step + NormalSize, 0, last))];
 }
 
-std::uint32_t Color(const QTextCharFormat& format, const QFont&)
+std::uint32_t Color(const QTextCharFormat& shown, const QFont&)
 {
+    const QTextCharFormat format = WithoutLinkLook(shown);
     if (!format.hasProperty(QTextFormat::ForegroundBrush)) return 0;
     return ValueOfColor(format.foreground().color());
 }

@@ -1,6 +1,7 @@
 #include "platform/richtext/rtfwriter.h"
 
 #include "notes.h"
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
@@ -49,8 +50,8 @@ private:
     {
         QTextCharFormat format = Character();
         if (Is(4)) {
-            format.setAnchor(true);
-            format.setAnchorHref(OneOf({u"http://a.b/?c=d&e#f"_s, u"#top"_s, u"\\\\s\\d\"{}\t é 日"_s}));
+            format = LinkFormat(format, OneOf({u"http://a.b/?c=d&e#f"_s, u"#top"_s, u"\\\\s\\d\"{}\t é 日"_s,
+                                               u"javascript:x"_s, u"mailto:a@b"_s}));
         }
         if (!Is(12)) return m_cursor.insertText(Text(), format);
         const QByteArray source = "{\\pict\\pngblip " + QByteArray::number(m_random.bounded(256), 16) + '}';
@@ -128,7 +129,7 @@ private:
     {
         QTextBlockFormat format;
         if (Is(2)) return format;
-        if (Is(6)) format.setLayoutDirection(Qt::RightToLeft);
+        if (Is(4)) format.setLayoutDirection(OneOf({Qt::RightToLeft, Qt::LeftToRight}));
         if (Is(2))
             format.setAlignment(OneOf({Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter, Qt::AlignJustify}) |
                                 Qt::AlignAbsolute);
@@ -153,9 +154,10 @@ private:
     QTextCursor m_cursor;
 };
 
-QString Describe(const QTextCharFormat& f)
+QString Describe(const QTextCharFormat& shown)
 {
     QString text;
+    const QTextCharFormat f = WithoutLinkLook(shown);
     QDebug(&text) << f.fontFamilies() << f.fontPointSize() << f.fontWeight() << f.fontItalic() << f.fontStrikeOut()
                   << f.underlineStyle() << f.foreground() << f.background() << f.verticalAlignment()
                   << f.fontCapitalization() << f.property(PictureSourceProperty) << f.toImageFormat().width()
@@ -168,11 +170,8 @@ QString Describe(const QTextBlockFormat& f)
 {
     QString text;
     QDebug out(&text);
-    const bool isSide = f.alignment() & (Qt::AlignLeft | Qt::AlignRight);
-    const bool isMirrored = isSide && f.layoutDirection() == Qt::RightToLeft && !(f.alignment() & Qt::AlignAbsolute);
-    out << f.layoutDirection() << (f.alignment() & ~Qt::AlignAbsolute) << isMirrored << f.leftMargin()
-        << f.rightMargin() << f.textIndent() << f.topMargin() << f.bottomMargin() << f.lineHeight()
-        << f.lineHeightType();
+    out << f.layoutDirection() << f.alignment() << f.leftMargin() << f.rightMargin() << f.textIndent() << f.topMargin()
+        << f.bottomMargin() << f.lineHeight() << f.lineHeightType();
     for (const QTextOption::Tab& tab : f.tabPositions())
         out << tab.position << tab.type;
     return text;

@@ -1,0 +1,71 @@
+#include "platform/desktop/links.h"
+
+#include <QDesktopServices>
+#include <QMimeDatabase>
+#include <QUrlQuery>
+
+#include <algorithm>
+
+namespace {
+bool HasHost(const QUrl& url)
+{
+    return !url.host().isEmpty();
+}
+
+// Some mail programs take files along that an address names.
+bool IsMail(const QUrl& url)
+{
+    const auto isFile = [](const auto& item) { return item.first.startsWith("attach"_L1, Qt::CaseInsensitive); };
+    return url.path().contains(u'@') && std::ranges::none_of(QUrlQuery(url).queryItems(), isFile);
+}
+
+bool IsFileHere(const QUrl& url)
+{
+    const bool isHere = url.host().isEmpty() || url.host() == "localhost"_L1;
+    return isHere && url.path().startsWith(u'/') && !url.path().startsWith("//"_L1);
+}
+
+struct LinkKind
+{
+    QStringView scheme;
+    bool (*isMeant)(const QUrl& url);
+};
+constexpr LinkKind LinkKinds[] = {
+    {u"http", HasHost}, {u"https", HasHost}, {u"ftp", HasHost}, {u"mailto", IsMail}, {u"file", IsFileHere}};
+
+// What a desktop would run instead of showing it.
+constexpr const char16_t* Programs[] = {u"application/x-executable",   u"application/x-sharedlib",
+                                        u"application/x-desktop",      u"application/x-shellscript",
+                                        u"application/x-java-archive", u"application/x-ms-dos-executable",
+                                        u"application/x-msi",          u"application/vnd.appimage"};
+
+bool IsProgram(const QUrl& url)
+{
+    if (!url.isLocalFile()) return false;
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(url.toLocalFile());
+    return std::ranges::any_of(Programs, [&](auto name) { return type.inherits(QString::fromUtf16(name)); });
+}
+} // namespace
+
+bool links::MayOpen(const QString& address)
+{
+    const QUrl url(address);
+    const auto isOf = [&](const LinkKind& kind) { return url.scheme() == kind.scheme && kind.isMeant(url); };
+    return url.isValid() && std::ranges::any_of(LinkKinds, isOf);
+}
+
+QString links::Shown(const QString& address)
+{
+    constexpr qsizetype Longest = 100;
+    const QString whole = QUrl(address).toString(QUrl::FullyEncoded);
+    return whole.size() <= Longest ? whole : whole.first(Longest) + u"..."_s;
+}
+
+bool links::Open(const QString& address)
+{
+    QUrl url(address);
+    if (!MayOpen(address)) return false;
+    if (url.scheme() == "file"_L1) url.setHost({});
+    if (IsProgram(url)) return false;
+    return g_openerOfTest ? g_openerOfTest(url) : QDesktopServices::openUrl(url);
+}

@@ -1,0 +1,98 @@
+#include "platform/richtext/listtyping.h"
+
+#include "platform/desktop/twips.h"
+#include "platform/richtext/linklook.h"
+#include "platform/richtext/paragraphdirection.h"
+
+#include <QFontMetricsF>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <algorithm>
+
+namespace {
+struct ListMark
+{
+    QString text, next; // with the blank or tab behind
+
+    explicit operator bool() const { return !text.isEmpty(); }
+};
+
+ListMark MarkAtStart(const QString& paragraph)
+{
+    static const QRegularExpression form(u"^(?:[-*\u2022]|(\\d{1,3})([.)]))[ \t]"_s);
+    const auto match = form.match(paragraph);
+    if (!match.hasMatch()) return {};
+    if (!match.hasCaptured(1)) return {match.captured(), match.captured()};
+    const QString blank = match.captured().last(1);
+    return {match.captured(), QString::number(match.captured(1).toInt() + 1) + match.captured(2) + blank};
+}
+
+bool Hangs(const QTextBlock& block)
+{
+    return block.blockFormat().textIndent() < 0;
+}
+
+// Where the first line begins, from the side where the text begins.
+int Outset(const RtfParagraph& paragraph, Qt::LayoutDirection direction)
+{
+    return std::max(paragraph.measures[StartOf(direction)] + paragraph.measures[RtfParagraph::First], 0);
+}
+
+// A tab behind the mark ends at an indent that there is already. The direction is fixed, since a mark has none of its
+// own and the indent belongs to a side.
+QTextBlockFormat HangingFormat(const QTextBlock& block, const QString& mark, const QTextCharFormat& format,
+                               Qt::LayoutDirection direction)
+{
+    if (mark.endsWith(u'\t') && Hangs(block)) return block.blockFormat();
+    RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    const int width = qRound(QFontMetricsF(format.font()).horizontalAdvance(mark) * TwipsPerPixel);
+    paragraph.measures[StartOf(direction)] = Outset(paragraph, direction) + width;
+    paragraph.measures[RtfParagraph::First] = -width;
+    paragraph.direction = direction;
+    return ToBlockFormat(paragraph);
+}
+
+QTextBlockFormat PlainFormat(const QTextBlock& block)
+{
+    RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    const Qt::LayoutDirection direction = block.textDirection();
+    paragraph.measures[StartOf(direction)] = Outset(paragraph, direction);
+    paragraph.measures[RtfParagraph::First] = 0;
+    paragraph.direction = Qt::LayoutDirectionAuto;
+    return ToBlockFormat(paragraph);
+}
+} // namespace
+
+void ContinueList(QTextCursor& caret)
+{
+    const QTextBlock item = caret.block().previous();
+    const ListMark mark = MarkAtStart(item.text());
+    const bool hasText = mark && !item.text().sliced(mark.text.size()).trimmed().isEmpty();
+    if (!mark || !caret.atBlockStart() || !(hasText || Hangs(item))) return;
+    const QTextCharFormat format = WithoutLink(caret.charFormat());
+    const Qt::LayoutDirection direction = item.textDirection();
+    const QTextBlockFormat next = HangingFormat(item, mark.next, format, direction);
+    caret.beginEditBlock();
+    QTextCursor(item).setBlockFormat(HangingFormat(item, mark.text, item.begin().fragment().charFormat(), direction));
+    caret.setBlockFormat(next);
+    caret.insertText(mark.next, format);
+    caret.endEditBlock();
+}
+
+bool EndItem(QTextCursor& caret, Item kind)
+{
+    const QTextBlock item = caret.block();
+    const ListMark mark = MarkAtStart(item.text());
+    const bool isAtText = mark && caret.positionInBlock() == mark.text.size() && !caret.hasSelection();
+    if (!isAtText || !Hangs(item) || (kind == Item::Empty && !caret.atBlockEnd())) return false;
+    const QTextCharFormat format = WithoutLink(caret.charFormat());
+    caret.beginEditBlock();
+    caret.setBlockFormat(PlainFormat(item));
+    caret.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
+    caret.removeSelectedText();
+    if (caret.atBlockEnd()) caret.setBlockCharFormat(format);
+    caret.endEditBlock();
+    return true;
+}

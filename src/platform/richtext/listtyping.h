@@ -1,0 +1,18 @@
+// Lists as a person types them: a mark, a blank and text. The mark is text, and a hanging indent lets further lines
+// begin below the item's text. Knows only QtGui.
+#pragma once
+
+class QTextCursor;
+
+// After a new paragraph was typed: if the one before is an item, continues the list with the next mark as an undo step
+// of its own, and moves the caret behind it. "-", "*" and a bullet stay, numbers with a point or a bracket go up.
+void ContinueList(QTextCursor& caret);
+
+// Makes the caret's item plain text by taking its mark and its indent away, as an undo step. False, with nothing done,
+// if the caret is not right behind the mark of an item with such an indent, or if it has text and must have none.
+enum class Item
+{
+    Any,
+    Empty
+};
+bool EndItem(QTextCursor& caret, Item item);

@@ -1,0 +1,36 @@
+#include "platform/richtext/paragraphdirection.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <utility>
+
+namespace {
+QTextBlockFormat Directed(const QTextBlock& block, Qt::LayoutDirection direction)
+{
+    RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    paragraph.direction = direction;
+    if (paragraph.alignment == Qt::AlignLeft || paragraph.alignment == Qt::AlignRight) paragraph.alignment = {};
+    if (block.textDirection() != direction)
+        std::swap(paragraph.measures[RtfParagraph::Left], paragraph.measures[RtfParagraph::Right]);
+    return ToBlockFormat(paragraph);
+}
+} // namespace
+
+RtfParagraph::Measure StartOf(Qt::LayoutDirection direction)
+{
+    return direction == Qt::RightToLeft ? RtfParagraph::Right : RtfParagraph::Left;
+}
+
+void SetDirection(QTextCursor selection, Qt::LayoutDirection direction)
+{
+    selection.beginEditBlock();
+    const QTextDocument& document = *selection.document();
+    const int end = selection.selectionEnd();
+    for (QTextBlock block = document.findBlock(selection.selectionStart()); block.isValid() && block.position() <= end;
+         block = block.next()) {
+        const QTextBlockFormat format = Directed(block, direction);
+        if (format != block.blockFormat()) QTextCursor(block).setBlockFormat(format);
+    }
+    selection.endEditBlock();
+}
