@@ -21,7 +21,7 @@ class WordSearch
 public:
     using Unsaved = QMap<QString, QByteArray>; // by key, as rich text; they stand for the stored notes
 
-    // Begins anew. The engine's errors.
+    // Begins again. The engine's errors.
     void Begin(const Database& planner, const WordQuery& query, const Unsaved& unsaved);
     // Goes on with a query that narrows the present one: what is found already is only looked through again.
     void Narrow(const WordQuery& query);
