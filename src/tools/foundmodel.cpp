@@ -12,7 +12,7 @@ constexpr QChar Ellipsis(u'…');
 
 FoundLine LineAround(const NoteHit& note, const WordQuery& query)
 {
-    const TextSpan first = query.FirstIn(note.text).value_or(TextSpan());
+    const FoundSpan first = query.FirstIn(note.text).value_or(FoundSpan());
     const qsizetype begin = first.at == 0 ? 0 : note.text.lastIndexOf(u'\n', first.at - 1) + 1;
     const qsizetype end = note.text.indexOf(u'\n', first.at);
     FoundLine line = {
@@ -34,7 +34,7 @@ void CutBegin(FoundLine& line)
     const qsizetype cut = line.text.lastIndexOf(u' ', word - Before) + 1;
     if (cut == 0) return;
     line.text = Ellipsis + line.text.sliced(cut);
-    for (TextSpan& mark : line.marks)
+    for (FoundSpan& mark : line.marks)
         mark.at -= cut - 1;
 }
 
@@ -76,7 +76,7 @@ QList<QTextLayout::FormatRange> BoldIn(const FoundLine& line)
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
     QList<QTextLayout::FormatRange> ranges;
-    for (const TextSpan& mark : line.marks)
+    for (const FoundSpan& mark : line.marks)
         ranges.append({static_cast<int>(mark.at), static_cast<int>(mark.length), bold});
     return ranges;
 }

@@ -11,7 +11,7 @@ struct FoundLine
 {
     QString date; // "Jul 4, 1999"
     QString text;
-    std::vector<TextSpan> marks; // of the words, in the text
+    std::vector<FoundSpan> marks; // of the words, in the text
 };
 
 QList<QTextLayout::FormatRange> BoldIn(const FoundLine& line); // its marks

@@ -23,7 +23,7 @@ qsizetype EndOfList(QStringView word, qsizetype at)
     return word[at] == u'[' ? word.indexOf(u']', at) + 1 : 0;
 }
 
-TextSpan InText(const TextSpan& span, const FoldedText& text)
+FoundSpan InText(const FoundSpan& span, const FoldedText& text)
 {
     const qsizetype begin = text.PlaceInText(span.at);
     return {begin, text.PlaceInText(span.at + span.length) - begin};
@@ -119,7 +119,7 @@ qsizetype WordQuery::Find(const Piece& piece, const FoldedText& text, qsizetype 
 }
 
 // Each piece is taken at its first fit: if the rest does not follow there, it follows nowhere.
-std::optional<TextSpan> WordQuery::Find(const Word& word, const FoldedText& text, qsizetype from)
+std::optional<FoundSpan> WordQuery::Find(const Word& word, const FoldedText& text, qsizetype from)
 {
     qsizetype begin = -1, end = from;
     for (const Piece& piece : word) {
@@ -128,13 +128,13 @@ std::optional<TextSpan> WordQuery::Find(const Word& word, const FoldedText& text
         if (begin < 0) begin = at;
         end = at + static_cast<qsizetype>(piece.items.size());
     }
-    return TextSpan{begin, end - begin};
+    return FoundSpan{begin, end - begin};
 }
 
-std::optional<TextSpan> WordQuery::FirstIn(QStringView text) const
+std::optional<FoundSpan> WordQuery::FirstIn(QStringView text) const
 {
     const FoldedText folded(text);
-    std::optional<TextSpan> first;
+    std::optional<FoundSpan> first;
     for (const Word& word : m_words) {
         const auto found = Find(word, folded, 0);
         if (!found) return {};
@@ -143,15 +143,15 @@ std::optional<TextSpan> WordQuery::FirstIn(QStringView text) const
     return first;
 }
 
-std::vector<TextSpan> WordQuery::AllIn(QStringView text) const
+std::vector<FoundSpan> WordQuery::AllIn(QStringView text) const
 {
     const FoldedText folded(text);
-    std::vector<TextSpan> all, apart;
+    std::vector<FoundSpan> all, apart;
     for (const Word& word : m_words)
         for (auto span = Find(word, folded, 0); span; span = Find(word, folded, span->at + span->length))
             all.push_back(InText(*span, folded));
-    std::ranges::sort(all, {}, &TextSpan::at);
-    for (const TextSpan& span : all) {
+    std::ranges::sort(all, {}, &FoundSpan::at);
+    for (const FoundSpan& span : all) {
         const qsizetype end = apart.empty() ? 0 : apart.back().at + apart.back().length;
         if (span.at >= end)
             apart.push_back(span);

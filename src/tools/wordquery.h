@@ -12,10 +12,10 @@
 
 class FoldedText;
 
-struct TextSpan
+struct FoundSpan
 {
     qsizetype at = 0, length = 0;
-    bool operator==(const TextSpan&) const = default;
+    bool operator==(const FoundSpan&) const = default;
 };
 
 class WordQuery
@@ -26,9 +26,9 @@ public:
 
     bool IsEmpty() const { return m_words.empty(); } // then nothing is found
     // The first place of the first word, if all words are in the text.
-    std::optional<TextSpan> FirstIn(QStringView text) const;
+    std::optional<FoundSpan> FirstIn(QStringView text) const;
     // All places of all words, in their order and without overlaps.
-    std::vector<TextSpan> AllIn(QStringView text) const;
+    std::vector<FoundSpan> AllIn(QStringView text) const;
     // Whether every text with this query's words has those of the other, too. False if unsure.
     bool Narrows(const WordQuery& other) const;
 
@@ -62,7 +62,7 @@ private:
     static bool Fits(const Item& item, const FoldedText& text, qsizetype at);
     static qsizetype Find(const Piece& piece, const FoldedText& text, qsizetype from);
     static bool FitsAt(const Piece& piece, const FoldedText& text, qsizetype at);
-    static std::optional<TextSpan> Find(const Word& word, const FoldedText& text, qsizetype from);
+    static std::optional<FoundSpan> Find(const Word& word, const FoldedText& text, qsizetype from);
 
     QString m_typed;
     std::vector<Word> m_words;

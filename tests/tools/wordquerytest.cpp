@@ -64,7 +64,7 @@ private Q_SLOTS:
     void MarksEveryWordOnce()
     {
         const auto spans = WordQuery(u"ana an"_s).AllIn(u"Banana, Straße an"_s);
-        const std::vector<TextSpan> expected = {{1, 4}, {15, 2}};
+        const std::vector<FoundSpan> expected = {{1, 4}, {15, 2}};
         QCOMPARE(spans, expected);
     }
 
