@@ -30,13 +30,24 @@ bool IsPlain(const QTextCharFormat& format, const QFont& font)
     return character == RtfCharacter() && !format.isAnchor();
 }
 
+// Said or not, text goes from left to right.
+bool IsUsual(const QTextBlock& paragraph)
+{
+    RtfParagraph form = ToRtfParagraph(paragraph.blockFormat());
+    if (paragraph.textDirection() == Qt::LeftToRight) {
+        form.direction = Qt::LayoutDirectionAuto;
+        if (form.alignment == Qt::AlignLeft) form.alignment = {};
+    }
+    return form == RtfParagraph();
+}
+
 // One font throughout is no form.
 bool HasForm(const QTextDocument& note)
 {
     const QFont font = note.defaultFont();
     std::optional<QFont> noteFont;
     for (QTextBlock block = note.begin(); block.isValid(); block = block.next()) {
-        if (ToRtfParagraph(block.blockFormat()) != RtfParagraph()) return true;
+        if (!IsUsual(block)) return true;
         for (auto run = block.begin(); !run.atEnd(); ++run) {
             const QTextCharFormat format = run.fragment().charFormat();
             if (!noteFont) noteFont = format.font();

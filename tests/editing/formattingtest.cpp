@@ -2,6 +2,7 @@
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
+#include "platform/desktop/links.h"
 #include "program.h"
 #include "testmain.h"
 
@@ -150,6 +151,26 @@ private Q_SLOTS:
         }
         box.SetLocked(true);
         QCOMPARE(entries(), u"nny"_s);
+    }
+
+    void linksAreOpenedFromTheNote()
+    {
+        QList<QUrl> opened;
+        links::g_openerOfTest = [&opened](const QUrl& url) { return opened.emplaceBack(url).isValid(); };
+        RichTextBox& box = Write(u"go http://a.example now "_s);
+        const auto entryAt = [&](int position) {
+            QTextCursor cursor(box.document());
+            cursor.setPosition(position);
+            const QPoint at = box.cursorRect(cursor).center() + QPoint(2, 0);
+            QTest::mouseClick(box.viewport(), Qt::RightButton, {}, at);
+            m_program->Entry("mnuRightMouse").menu()->close();
+            return m_program->Entry("mnuOpenLinkR").isVisible();
+        };
+        QVERIFY(!entryAt(0));
+        QVERIFY(entryAt(6));
+        m_program->Trigger("mnuOpenLinkR");
+        QCOMPARE(opened, QList<QUrl>{QUrl(u"http://a.example"_s)});
+        links::g_openerOfTest = nullptr;
     }
 
     void aNoteThatIsLeftShowsItsBeginning()

@@ -60,6 +60,7 @@ class WritersTest : public QObject
             "\\pard\\qr\\cf2\\fs32  red\\cf1\\fs16\\highlight3  ground\\highlight0\\f1  code\\f0\\par\\par"
             "\\pard{\\field{\\*\\fldinst HYPERLINK \"https://a.example/?x=1&y=2\"}{\\fldrslt there}}"
             "{\\field{\\*\\fldinst HYPERLINK \"javascript:alert(1)\"}{\\fldrslt nowhere}}\\par"
+            "\\pard{\\field{\\*\\fldinst HYPERLINK \"http://b.example/c d(e)&lt\"}{\\fldrslt\\b x*y}}\\b0\\par"
             "\\pard\\rtlpar\\u1513?\\par\\pard\\ltrpar <script>alert(1)</script>\\line  " +
             Picture() + Picture() + "\\par}";
         return {u"a *b* <c>"_s, {{{1999, 7, 4}, 0, rtf}, {{1999, 7, 0}, 3, "café\n"}, {{2001, 2, 29}, 0, ""}}, {}, {}};
@@ -191,7 +192,7 @@ private Q_SLOTS:
              {"<title>a *b* &lt;c&gt;</title>", "<h2>July 1999</h2>", "<h2>February 2001</h2>",
               "<h3><time datetime=\"1999-07-04\">Sunday, July 4</time></h3>", "<h3>Memo 3</h3>", "<h3>February 29</h3>",
               "<p style=\"margin-left:min(2.25em,40%);text-indent:-2.25em;tab-size:2.25em;\">•\tmilk, bread</p>",
-              "<p style=\"text-align:end;\"><span class=\"c1\"><span style=\"font-size:2em;\"> red</span></span>",
+              "<p style=\"text-align:right;\"><span class=\"c1\"><span style=\"font-size:2em;\"> red</span></span>",
               "<span class=\"c2\"> ground</span><span style=\"font-family:'Courier New',var(--text);\"> code</span>",
               ".c1{color:#800000}", ".c1{color:#ff8585}", ".c2{color:#000000;background:#ffff00}", "<p><br></p>",
               "<p><a href=\"https://a.example/?x=1&amp;y=2\">there</a>nowhere</p>", "<p dir=\"rtl\">ש</p>",
@@ -213,6 +214,15 @@ private Q_SLOTS:
         });
         QCOMPARE(files, QList<QByteArray>(2, PictureFile()));
         QVERIFY2(markdown.contains("\n\\<script>alert(1)\\</script>\\\n&nbsp;![](a%20b/1.png)\n\n"), markdown);
+        QVERIFY2(markdown.contains("\n[there](https://a.example/?x=1\\&y=2)nowhere\\\n"), markdown);
+        QTextDocument read;
+        ReadRtf(ReadMarkdown(markdown, {}).entries.at(1).notes.at(0).rtf, read);
+        QStringList links;
+        for (QTextBlock block = read.begin(); block.isValid(); block = block.next())
+            for (auto i = block.begin(); !i.atEnd(); ++i)
+                if (const QString target = i.fragment().charFormat().anchorHref(); !target.isEmpty())
+                    links += i.fragment().text() + u'>' + target;
+        QCOMPARE(links, QStringList({u"there>https://a.example/?x=1&y=2"_s, u"x*y>http://b.example/c d(e)&lt"_s}));
         QVERIFY(!WritePlainText(RichExtract(), {}).contains("\xef\xbf\xbc"));
         const QByteArray rtf = WriteRichText(RichExtract(), {});
         QCOMPARE(rtf.count("\\pngblip"), 2);

@@ -128,6 +128,7 @@ std::optional<LinkPlace> LinkAt(const QTextDocument& document, int position)
 
 bool IsTypedIntoLink(const QTextCursor& selection)
 {
+    if (!selection.hasSelection() && !selection.charFormat().isAnchor()) return false;
     const int begin = selection.selectionStart(), end = selection.selectionEnd();
     const auto place = LinkAt(*selection.document(), begin);
     return place && end <= place->end && (place->begin < begin || (begin < end && end < place->end));

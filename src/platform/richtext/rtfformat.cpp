@@ -227,9 +227,9 @@ QString FamilyOf(const QTextCharFormat& format, const QFont& font)
     return family.isEmpty() ? NamelessFamily.toString() : family;
 }
 
-RtfCharacter ToRtfCharacter(const QTextCharFormat& shown, const QFont& font)
+RtfCharacter ToRtfCharacter(const QTextCharFormat& format, const QFont& font)
 {
-    const QTextCharFormat format = WithoutLinkLook(shown);
+    if (format.hasProperty(LinkLookProperty)) return ToRtfCharacter(WithoutLinkLook(format), font);
     const auto vertical = format.verticalAlignment();
     const bool isRaised = vertical == QTextCharFormat::AlignSuperScript || vertical == QTextCharFormat::AlignSubScript;
     return {.halfPoints = HalfPointsOf(format, font),

@@ -57,9 +57,9 @@ bool IsItalic(const QTextCharFormat& format, const QFont& defaultFont)
     return format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : defaultFont.italic();
 }
 
-bool IsUnderlined(const QTextCharFormat& shown, const QFont& defaultFont)
+bool IsUnderlined(const QTextCharFormat& format, const QFont& defaultFont)
 {
-    const QTextCharFormat format = WithoutLinkLook(shown);
+    if (format.hasProperty(LinkLookProperty)) return IsUnderlined(WithoutLinkLook(format), defaultFont);
     if (format.hasProperty(QTextFormat::TextUnderlineStyle))
         return format.underlineStyle() != QTextCharFormat::NoUnderline;
     return format.hasProperty(QTextFormat::FontUnderline) ? format.fontUnderline() : defaultFont.underline();
@@ -87,9 +87,9 @@ double FontSize(const QTextCharFormat& format, const QFont& defaultFont)
     return PointSize(defaultFont) * RelativeSizes[std::size_t(std::clamp(step + NormalSize, 0, last))];
 }
 
-std::uint32_t Color(const QTextCharFormat& shown, const QFont&)
+std::uint32_t Color(const QTextCharFormat& format, const QFont& defaultFont)
 {
-    const QTextCharFormat format = WithoutLinkLook(shown);
+    if (format.hasProperty(LinkLookProperty)) return Color(WithoutLinkLook(format), defaultFont);
     if (!format.hasProperty(QTextFormat::ForegroundBrush)) return 0;
     return ValueOfColor(format.foreground().color());
 }

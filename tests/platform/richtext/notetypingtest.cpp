@@ -237,6 +237,12 @@ private Q_SLOTS:
         QCOMPARE(copied.text(), u"here"_s);
         QVERIFY(copied.html().contains(u"<a href=\"http://a.b\""_s));
         QVERIFY(copied.data(u"text/rtf"_s).contains("HYPERLINK \"http://a.b\""));
+        auto* html = new QMimeData;
+        html->setHtml(copied.html());
+        QApplication::clipboard()->setMimeData(html);
+        typing.box.paste();
+        QCOMPARE(typing.Links(), u"[here>http://a.b]"_s);
+        QVERIFY(!typing.box.TextRTF().contains("\\ul") && !typing.box.TextRTF().contains("\\red"));
     }
 
     void linksAreOpened()
