@@ -104,11 +104,11 @@ private Q_SLOTS:
 
     void NothingOfTheMomentIsInThePicture()
     {
+        SetIni("SPELLING", "DICTIONARIES", "en_US");
         m_program->Trigger("mnuSetWallpaper"); // while the card is shown
         m_program->New(u"notes.mdb"_s);
         m_program->Trigger("mnuSetWallpaper");
         QVERIFY(QImage(Bitmap("planner.bmp")) == QImage(Bitmap("notes.bmp")));
-        SetIni("SPELLING", "DICTIONARIES", "en_US");
         m_program->Type(Today, u"a note of todya "_s);
         RichTextBox& box = m_program->Box(Today);
         QTRY_VERIFY(SpellMarks::Of(box) && !SpellMarks::Of(box)->Unknown().empty());

@@ -21,7 +21,7 @@ QStringList Folders()
            QStringList{u"/usr/share/hunspell"_s, u"/usr/share/myspell"_s, u"/usr/share/myspell/dicts"_s};
 }
 
-QString LanguageOf(const QString& name)
+QString LanguagePart(const QString& name)
 {
     return name.section(u'_', 0, 0);
 }
@@ -67,6 +67,6 @@ QString DictionaryFor(const QLocale& locale, const std::vector<DictionaryFiles>&
         return found == installed.end() ? QString() : found->name;
     };
     const QString exact = first([&](const QString& name) { return name == locale.name(); });
-    const QString language = LanguageOf(locale.name());
-    return exact.isEmpty() ? first([&](const QString& name) { return LanguageOf(name) == language; }) : exact;
+    const QString language = LanguagePart(locale.name());
+    return exact.isEmpty() ? first([&](const QString& name) { return LanguagePart(name) == language; }) : exact;
 }

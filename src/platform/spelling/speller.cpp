@@ -1,6 +1,7 @@
 #include "platform/spelling/speller.h"
 
 #include <algorithm>
+#include <malloc.h>
 
 namespace {
 constexpr int MostSuggestions = 5;
@@ -17,6 +18,13 @@ bool Speller::Load(const DictionaryFiles& files)
     if (!dictionary) return false;
     m_dictionaries.push_back(std::move(dictionary));
     return true;
+}
+
+// Many small pieces were freed, which the allocator would keep.
+void Speller::Unload()
+{
+    m_dictionaries.clear();
+    ::malloc_trim(0);
 }
 
 bool Speller::IsKnown(const QString& word)
