@@ -22,6 +22,12 @@ QString RichTextBox::LinkAtCaret() const
     return {};
 }
 
+void RichTextBox::OpenMenuAtCaret()
+{
+    m_linkOfMenu = LinkAtCaret();
+    Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+}
+
 // Queued, since a key or the mouse has called.
 void RichTextBox::OpenLink(const QString& target)
 {
