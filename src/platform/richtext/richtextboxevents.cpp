@@ -221,12 +221,6 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
     if (event->reason() != QContextMenuEvent::Mouse) OpenMenuAtCaret();
 }
 
-void RichTextBox::OpenMenuAtCaret()
-{
-    m_linkOfMenu = LinkAtCaret();
-    Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
-}
-
 bool RichTextBox::AdmitsKey(const QString& text)
 {
     if (text.isEmpty()) return true;

@@ -22,6 +22,12 @@ QString RichTextBox::LinkAtCaret() const
     return {};
 }
 
+void RichTextBox::OpenMenuAtCaret()
+{
+    m_linkOfMenu = LinkAtCaret();
+    Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+}
+
 // Queued, since a key or the mouse has called.
 void RichTextBox::OpenLink(const QString& target)
 {
@@ -36,8 +42,8 @@ bool RichTextBox::ShowLinkTip(const QHelpEvent& event)
 {
     const QString target = LinkUnder(event.pos());
     if (target.isEmpty()) return false;
-    QToolTip::showText(event.globalPos(), links::Shown(target).toHtmlEscaped() + u"<br>Ctrl+click to open"_s,
-                       viewport());
+    const QString tip = u"<nobr>%1</nobr><br>Ctrl+click to open"_s.arg(links::Shown(target).toHtmlEscaped());
+    QToolTip::showText(event.globalPos(), tip, viewport());
     return true;
 }
 

@@ -277,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(pointer(beside, Qt::ControlModifier), Qt::IBeamCursor);
         QHelpEvent help(QEvent::ToolTip, onLink, box.viewport()->mapToGlobal(onLink));
         QCoreApplication::sendEvent(box.viewport(), &help);
-        QCOMPARE(QToolTip::text(), u"http://a.b<br>Ctrl+click to open"_s);
+        QCOMPARE(QToolTip::text(), u"<nobr>http://a.b</nobr><br>Ctrl+click to open"_s);
 
         const auto ofMenu = [&](const QPoint& at) {
             QTest::mouseClick(box.viewport(), Qt::RightButton, {}, at);
