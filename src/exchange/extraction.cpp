@@ -126,7 +126,7 @@ Extract ExtractFrom(const Database& planner, const QString& title, const std::op
                 false);
 }
 
-Extract ExtractFrom(const Database& planner, const QString& title, const QStringList& keys)
+Extract ExtractDays(const Database& planner, const QString& title, const QStringList& keys)
 {
     constexpr qsizetype MostSought = 1000;
     const QSet<QString> set(keys.begin(), keys.end());
