@@ -18,7 +18,7 @@ std::optional<ExtractedNote> PlaceOf(const QString& key)
     return ExtractedNote{{month.year, month.month, 0}, memo, {}};
 }
 
-QString KeyOf(const ExtractedNote& note)
+QString KeyOfNote(const ExtractedNote& note)
 {
     return note.memo == 0 ? KeyOf(note.day) : u"%1/%2/Memo%3"_s.arg(note.day.year).arg(note.day.month).arg(note.memo);
 }

@@ -126,11 +126,11 @@ Extract ExtractFrom(const Database& planner, const QString& title, const std::op
                 false);
 }
 
-Extract ExtractFrom(const Database& planner, const QString& title, const QStringList& keys)
+Extract ExtractDays(const Database& planner, const QString& title, const QStringList& keys)
 {
     constexpr qsizetype MostSought = 1000;
     const QSet<QString> set(keys.begin(), keys.end());
-    const auto holds = [&](const ExtractedNote& place) { return set.contains(KeyOf(place)); };
+    const auto holds = [&](const ExtractedNote& place) { return set.contains(KeyOfNote(place)); };
     const bool areMany = keys.isEmpty() || keys.size() > MostSought;
     return Read(planner, title, {holds, areMany ? QVariantList() : QVariantList(keys.begin(), keys.end())}, false);
 }

@@ -16,4 +16,4 @@ struct DaySpan // inclusive
 // note under February 30. Raises the engine's errors; Cancelled.
 Extract ExtractFrom(const Database& planner, const QString& title, const std::optional<DaySpan>& span);
 // The notes and alarms of these days and memos alone.
-Extract ExtractFrom(const Database& planner, const QString& title, const QStringList& keys);
+Extract ExtractDays(const Database& planner, const QString& title, const QStringList& keys);

@@ -11,12 +11,6 @@
 namespace {
 using Kind = ImportedPiece::Kind;
 
-QString KeyOfNote(const ExtractedNote& note)
-{
-    const GridDay& day = note.day;
-    return note.memo == 0 ? KeyOf(day) : u"%1/%2/Memo%3"_s.arg(day.year).arg(day.month).arg(note.memo);
-}
-
 // The least frequent event that meets all of the days: its removal searches each date of its walk.
 Frequency FrequencyThrough(const QStringList& keys)
 {

@@ -68,7 +68,7 @@ void Exporting::ExportDays(const QStringList& keys, const QString& name)
 {
     ExportForm form(OwnerOfDialog(), name);
     if (form.exec() == QDialog::Accepted && SaveCellsBefore("export", m_notes, m_lockedDay))
-        Export(form.Format(), [&keys] { return ExtractFrom(g_dbPlanner, Title(), keys); });
+        Export(form.Format(), [&keys] { return ExtractDays(g_dbPlanner, Title(), keys); });
 }
 
 void Exporting::Export(const ExportFormat& format, const std::function<Extract()>& extract)

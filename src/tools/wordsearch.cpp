@@ -70,7 +70,7 @@ void WordSearch::Take(const QString& key, const QByteArray& stored, std::vector<
     QString text = ShownText(stored);
     if (!m_query.FirstIn(text)) return;
     // A key in another form belongs to no cell.
-    if (auto place = PlaceOf(key); place && KeyOf(*place) == key)
+    if (auto place = PlaceOf(key); place && KeyOfNote(*place) == key)
         batch.push_back({key, *std::move(place), std::move(text)});
 }
 

@@ -92,16 +92,20 @@ private:
     ShownLines m_lines;
     int m_cells = 0; // not yet written, since the last of a row is not
 };
+
+// A document begins a paragraph at each of these in a plain text.
+QString PlainLines(QByteArrayView stored)
+{
+    QString text = PlainNote(stored).replace(u"\r\n"_s, u"\n"_s);
+    for (QChar& one : text)
+        if (IsLineEnd(one) || Unholdable.contains(one)) one = u'\n';
+    return text;
+}
 } // namespace
 
 QString ShownText(QByteArrayView stored)
 {
-    if (!LooksLikeRtf(stored)) {
-        ShownLines lines(stored.size());
-        for (const QChar one : PlainNote(stored))
-            lines.Put(one);
-        return lines.Take();
-    }
+    if (!LooksLikeRtf(stored)) return PlainLines(stored);
     RtfTables tables;
     Reading reading(stored.size());
     RtfMachine(stored, tables, reading).Run();
