@@ -55,10 +55,11 @@ void Spelling::Enter(RichTextBox& box)
 
 void Spelling::Leave()
 {
-    if (!m_box) return;
-    m_box->disconnect(&m_pause);
-    if (SpellMarks* marks = SpellMarks::Of(*m_box)) marks->Clear();
+    auto* box = qobject_cast<RichTextBox*>(m_box.data()); // null for one that is being destroyed with the focus
     m_box = nullptr;
+    if (!box) return;
+    box->disconnect(&m_pause);
+    if (SpellMarks* marks = SpellMarks::Of(*box)) marks->Clear();
 }
 
 void Spelling::LoadNext()
@@ -72,7 +73,7 @@ void Spelling::LoadNext()
 
 void Spelling::Mark()
 {
-    new SpellMarks(*m_box, m_speller); // belongs to the box
+    if (auto* box = qobject_cast<RichTextBox*>(m_box.data())) new SpellMarks(*box, m_speller); // belongs to the box
 }
 
 void Spelling::mnuSpelling_Click()

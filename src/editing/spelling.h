@@ -29,7 +29,7 @@ private:
     void Mark();
 
     Speller m_speller;
-    QPointer<RichTextBox> m_box;                          // the note that is or will be checked
+    QPointer<QWidget> m_box;                              // the note that is or will be checked
     std::optional<std::deque<DictionaryFiles>> m_waiting; // to be loaded; empty until the first note is entered
     QTimer m_pause;
 };

@@ -87,12 +87,14 @@ void SpellingForm::FillWords(QVBoxLayout& column)
     m_words.Refresh();
     m_lstWords->addItems(m_words.Words().values());
     m_lstWords->sortItems();
+    m_lstWords->setEnabled(m_lstWords->count() > 0); // an empty list would not show the focus
     auto* btnRemove = Named(new QPushButton(u"&Remove"_s), "btnRemove");
     btnRemove->setAutoDefault(false);
     btnRemove->setEnabled(false);
     column.addWidget(btnRemove, 0, Qt::AlignLeft);
     connect(m_lstWords, &QListWidget::itemSelectionChanged, btnRemove,
             [=, this] { btnRemove->setEnabled(!m_lstWords->selectedItems().isEmpty()); });
+    m_lstWords->setCurrentRow(0);
     connect(btnRemove, &QPushButton::clicked, this,
             Guarded(" in SpellingForm, btnRemove_Click"_L1, [this] { btnRemove_Click(); }));
 }
