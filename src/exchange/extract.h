@@ -46,5 +46,5 @@ inline auto OrderOf(const ExtractedNote& note)
 {
     return std::tuple(note.day.year, note.day.month, note.memo, note.day.day);
 }
-QString KeyOfNote(const ExtractedNote& note);     // its date key
+QString KeyOfNote(const ExtractedNote& note); // its date key
 QString HeadingOf(const ExtractedNote& note); // "1999-07-04 Sunday", "1999-07 Memo 3"

@@ -19,8 +19,7 @@ public:
 
 private:
     std::weak_ptr<OpenStore> m_database;
-    TableDef m_table;
-    std::vector<std::size_t> m_fields;
+    TableDef m_table; // with the wanted fields alone
     qint64 m_after = 0, m_last = 0;
     int m_rows = 0; // of the next page; 0 at the end
 };

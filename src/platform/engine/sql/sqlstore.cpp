@@ -155,10 +155,7 @@ std::vector<Store::Row> SqlStore::LookOnce(const TableDef& table, const Index& i
         index.Fields, sought.field);
     // For a rare word a server reads every note before it answers.
     const auto patience = isSearch ? SqlConnection::Patience::Long : SqlConnection::Patience::Usual;
-    std::vector<Row> rows;
-    for (const SqlRow& found : Connection().Ask(statement, values, patience))
-        rows.push_back(RowOf(found, table));
-    return rows;
+    return Rows(statement, values, table, patience);
 }
 
 std::vector<Store::Row> SqlStore::Look(const TableDef& table, const Index& index, From from, const Place& place,
@@ -216,7 +213,18 @@ std::optional<Store::Row> SqlStore::Fetch(const TableDef& table, qint64 id)
 
 std::vector<Store::Row> SqlStore::Page(const TableDef& table, qint64 afterId, int rows)
 {
-    return Look(table, Index(), From::After, {{}, afterId}, {}, rows);
+    constexpr LookUp onward[] = {{LookUp::Any, true, true}};
+    // Not kept, since the table may be a part of its fields.
+    return Rows(m_text.Find(table, Index(), onward, {}, rows), {afterId}, table);
+}
+
+std::vector<Store::Row> SqlStore::Rows(const QString& statement, const SqlValues& values, const TableDef& table,
+                                       SqlConnection::Patience patience)
+{
+    std::vector<Row> rows;
+    for (const SqlRow& found : Connection().Ask(statement, values, patience))
+        rows.push_back(RowOf(found, table));
+    return rows;
 }
 
 // Compares the old content, so a row changed by another user is never overwritten.

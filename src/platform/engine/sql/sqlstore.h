@@ -81,6 +81,8 @@ private:
     template <typename Make>
     const QString& Kept(const TableDef& table, qint64 number, Make&& make, const QString& index = {},
                         const QString& soughtField = {});
+    std::vector<Row> Rows(const QString& statement, const SqlValues& values, const TableDef& table,
+                          SqlConnection::Patience patience = SqlConnection::Patience::Usual);
     std::vector<Row> LookOnce(const TableDef& table, const Index& index, std::span<const LookUp> lookUps,
                               const Place& place, const Sought& sought, int limit);
     std::optional<Row> FindLike(const TableDef& table, const Index& index, From from, Place place,
