@@ -80,9 +80,9 @@ private Q_SLOTS:
         QFile::remove(Backup(6));
         QVERIFY(QFile::link(u"/nowhere"_s, QFileInfo(Backup(5)).path() + u"/notes 1999-03-06.mdb"_s));
         QCOMPARE(Listed(), QStringList(u"2 1"_s));
-        const QStringList skipped = VersionsOf(m_key, {}).skipped;
-        QCOMPARE(skipped.size(), 3);
-        QVERIFY2(skipped.join(u' ').contains(u"notes 1999-03-03.mdb"_s), qPrintable(skipped.join(u' ')));
+        const QStringList remarks = VersionsOf(m_key, {}).remarks;
+        QCOMPARE(remarks.size(), 4); // and where the backups are
+        QVERIFY2(remarks.join(u' ').contains(u"notes 1999-03-03.mdb"_s), qPrintable(remarks.join(u' ')));
         QTest::qWait(50);
         QVERIFY(!QApplication::activeModalWidget()); // the open planner is not said to be damaged
     }
@@ -107,7 +107,7 @@ private Q_SLOTS:
         SetContent(folders::ApplicationDirectory() + u"/journal/1.notes"_s, "damaged");
         const DayVersions rest = VersionsOf(m_key, "present");
         QCOMPARE(rest.found.size(), std::size_t(3));
-        QVERIFY2(rest.skipped.join(u' ').contains(u"damaged-1"_s), qPrintable(rest.skipped.join(u' ')));
+        QVERIFY2(rest.remarks.join(u' ').contains(u"damaged-1"_s), qPrintable(rest.remarks.join(u' ')));
     }
 };
 
