@@ -45,6 +45,7 @@ HitList::HitList(HitCell& cell, const HitListNeeds& needs) : m_cell(cell), m_nee
     m_lstFound->setModel(m_model);
     m_lstFound->setItemDelegate(new FoundDelegate(*m_model, m_lstFound));
     m_lstFound->setUniformItemSizes(true);
+    m_lstFound->setFocusPolicy(Qt::NoFocus); // until it has rows, or nothing would show the focus
     m_lstFound->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_lblTrouble = Named(new QLabel, "lblTrouble");
     m_lblTrouble->setWordWrap(true);
@@ -209,6 +210,7 @@ void HitList::Show(std::size_t from)
     m_isShown = true;
     m_pages->setCurrentWidget(m_lstFound);
     m_model->Show(m_search.Found(), Query(), from);
+    m_lstFound->setFocusPolicy(m_model->rowCount() == 0 ? Qt::NoFocus : Qt::StrongFocus);
     ShowProgress();
     if (key.isEmpty() || m_lstFound->currentIndex().isValid()) return;
     const auto& notes = m_model->Notes();

@@ -238,9 +238,10 @@ class AccessibleTest : public QObject
         m_program->PressLock();
         Look("recovery",
              RecoveryForm({{u"1999/3/17"_s, "{\\rtf1 Cake}", "{\\rtf1 Cake and candles}"}}, m_program->form.get()));
-        const ImportedFile file{{{{}, u"Dentist"_s, u"cancelled"_s, false, true, true, true, {{{1999, 3, 17}, 0, {}}}, {}}},
-                                {u"Line 3: no day of the calendar: 1999-13-01"_s},
-                                {}};
+        const ImportedFile file{
+            {{{}, u"Dentist"_s, u"cancelled"_s, false, true, true, true, {{{1999, 3, 17}, 0, {}}}, {}}},
+            {u"Line 3: no day of the calendar: 1999-13-01"_s},
+            {}};
         Look("import", ImportForm(m_program->form.get(), u"days.ics"_s, {}, {2001, 3, 17}, file, {}));
         const QDateTime then(QDate(1999, 3, 16), QTime(9, 30));
         Look("versions", VersionsForm(m_program->form.get(), u"Mar 17, 1999"_s, "{\\rtf1 Cake and\\par candles}",
