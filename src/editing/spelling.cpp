@@ -49,8 +49,10 @@ void Spelling::Enter(RichTextBox& box)
         if (m_pause.isActive()) m_pause.start();
     };
     connect(&box, &RichTextBox::Change, &m_pause, wait);
-    if (m_speller.IsLoaded()) Mark();
-    if (!m_waiting->empty()) m_pause.start();
+    if (m_waiting->empty())
+        Mark();
+    else
+        m_pause.start(); // no word is marked before all languages are there
 }
 
 void Spelling::Leave()

@@ -61,12 +61,12 @@ private:
     void AddLost(const QString& link);
     void Add(const QString& text)
     {
-        m_cursor.insertText(text, m_target.value_or(QString()).isEmpty() ? m_form : LinkFormat(m_form, *m_target));
+        m_cursor.insertText(text, m_target.isEmpty() ? m_form : LinkFormat(m_form, m_target));
     }
 
     QTextCursor m_cursor;
     QTextCharFormat m_form;
-    std::optional<QString> m_target; // of the open link; empty if it must not be opened
+    QString m_target; // of the open link
     QString m_folder;
     qint64& m_room;
     QStringList m_lost; // pictures
@@ -101,7 +101,7 @@ void MarkdownNote::Take(const QRegularExpressionMatch& token, const QString& mar
     if (token.hasCaptured(u"entity")) return Add(TextOfEntity(token.captured(u"entity")));
     if (token.hasCaptured(u"tag")) return Switch(token.captured(u"tag").front());
     if (token.hasCaptured(u"target")) return BeginLink(token.captured(u"target"));
-    if (token.hasCaptured(u"end")) return m_target ? m_target.reset() : Add(token.captured());
+    if (token.hasCaptured(u"end")) return m_target.isEmpty() ? Add(token.captured()) : m_target.clear();
     if (token.hasCaptured(u"link")) {
         if (!AddPicture(token.captured(u"link"))) AddLost(token.captured(u"link"));
         return;
@@ -116,7 +116,10 @@ void MarkdownNote::BeginLink(QString target)
     static const QRegularExpression escape(uR"(\\([\x21-\x7e]))"_s);
     if (target.startsWith(u'<')) target = target.sliced(1).chopped(1);
     target.replace(escape, u"\\1"_s);
-    m_target = links::MayOpen(target) ? target : QString();
+    if (links::MayOpen(target))
+        m_target = target;
+    else
+        Add(u"["_s); // it stays as it stands
 }
 
 void MarkdownNote::Switch(QChar tag)

@@ -5,6 +5,7 @@
 #include "platform/controls/named.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/desktop/pressedbyreturn.h"
 #include "platform/desktop/twips.h"
 #include "platform/desktop/windowplace.h"
 #include "platform/engine/engineerrors.h"
@@ -87,7 +88,7 @@ QPushButton* FindWordForm::MakeButton(const char* name, QLatin1StringView litera
 
 QToolButton* FindWordForm::MakeFold()
 {
-    m_btnAllDays = Named(new QToolButton, "btnAllDays");
+    m_btnAllDays = Named(new PressedByReturn<QToolButton>, "btnAllDays");
     m_btnAllDays->setText(u"&All days"_s);
     m_btnAllDays->setToolTip(u"Lists every day with the word"_s);
     m_btnAllDays->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

@@ -67,6 +67,15 @@ bool IsIn(char16_t one, char16_t first, char16_t last)
     return one >= first && one <= last;
 }
 
+// The marks of other scripts are letters to those who read them.
+bool IsAccent(QChar mark)
+{
+    const QChar::Script script = mark.script();
+    return mark.category() == QChar::Mark_NonSpacing &&
+           (script == QChar::Script_Inherited || script == QChar::Script_Hebrew || script == QChar::Script_Arabic ||
+            script == QChar::Script_Syriac);
+}
+
 bool IsOwnLetter(char16_t one)
 {
     return OwnLetters.find(one) != OwnLetters.npos || IsIn(one, FirstKana, LastKana) ||
@@ -83,8 +92,7 @@ char16_t LetterOf(char16_t one)
 {
     if (one < 0x80 || IsOwnLetter(one) || QChar(one).decompositionTag() != QChar::Canonical) return one;
     const QString parts = QString(QChar(one)).normalized(QString::NormalizationForm_D);
-    const bool isAccented = std::all_of(parts.begin() + 1, parts.end(),
-                                        [](QChar part) { return part.category() == QChar::Mark_NonSpacing; });
+    const bool isAccented = std::all_of(parts.begin() + 1, parts.end(), IsAccent);
     return isAccented ? parts.front().unicode() : one;
 }
 
@@ -92,7 +100,7 @@ Folding FoldingOf(char16_t one)
 {
     if (Unseens.find(one) != Unseens.npos) return {0, 0, Folding::Unseen};
     const QChar character(one);
-    if (character.category() == QChar::Mark_NonSpacing) return {one, one, Folding::Mark};
+    if (IsAccent(character)) return {one, one, Folding::Mark};
     if (character.category() == QChar::Separator_Space) return {u' ', u' '};
     return {Fold(one), Fold(LetterOf(one))};
 }

@@ -12,7 +12,9 @@ constexpr QChar Ellipsis(u'…');
 
 FoundLine LineAround(const NoteHit& note, const WordQuery& query)
 {
-    const FoundSpan first = query.FirstIn(note.text).value_or(FoundSpan());
+    FoundSpan first = query.FirstIn(note.text).value_or(FoundSpan());
+    for (; first.at < note.text.size() - 1 && note.text[first.at] == u'\n'; ++first.at)
+        ; // a pattern may begin with the end of a line
     const qsizetype begin = first.at == 0 ? 0 : note.text.lastIndexOf(u'\n', first.at - 1) + 1;
     const qsizetype end = note.text.indexOf(u'\n', first.at);
     FoundLine line = {

@@ -2,6 +2,7 @@
 
 #include "planners/exporting.h"
 #include "platform/controls/dialogcolumn.h"
+#include "platform/desktop/pressedbyreturn.h"
 #include "platform/engine/engineerrors.h"
 #include "platform/runtime/errortail.h"
 #include "state/plannerstate.h"
@@ -49,6 +50,7 @@ HitList::HitList(HitCell& cell, const HitListNeeds& needs) : m_cell(cell), m_nee
     m_lstFound->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_lblTrouble = Named(new QLabel, "lblTrouble");
     m_lblTrouble->setWordWrap(true);
+    m_lblTrouble->setTextFormat(Qt::PlainText);
     m_lblTrouble->setAlignment(Qt::AlignCenter);
     m_pages = new QStackedWidget;
     m_pages->addWidget(m_lstFound);
@@ -73,9 +75,9 @@ QWidget* HitList::MakeFoot()
     row->setSpacing(Rhythm);
     m_lblCount = AddTo<QLabel>(*row, "lblCount", QString());
     row->addStretch(1);
-    m_btnStop = AddTo<QPushButton>(*row, "btnStop", u"&Stop"_s);
-    m_btnPrint = AddTo<QPushButton>(*row, "btnPrintList", u"&Print List..."_s);
-    m_btnExport = AddTo<QPushButton>(*row, "btnExportList", u"&Export..."_s);
+    m_btnStop = AddTo<PressedByReturn<QPushButton>>(*row, "btnStop", u"&Stop"_s);
+    m_btnPrint = AddTo<PressedByReturn<QPushButton>>(*row, "btnPrintList", u"&Print List..."_s);
+    m_btnExport = AddTo<PressedByReturn<QPushButton>>(*row, "btnExportList", u"&Export..."_s);
     for (QPushButton* button : {m_btnStop, m_btnPrint, m_btnExport})
         button->setAutoDefault(false);
     m_btnStop->hide();
@@ -185,7 +187,10 @@ void HitList::Follow()
     if (query.IsEmpty() || !HasPlanner()) return Look(m_words);
     Try([&] {
         const Source source = Present();
-        if (source != m_source) Begin(source, query, true);
+        m_tries = 0;
+        if (m_isStopped && source.planner == m_source.planner) return; // by the person
+        if (source != m_source || query != Query()) return Begin(source, query, query == Query());
+        if (!m_search.IsDone()) m_slices.start(0);
     });
 }
 
@@ -212,6 +217,7 @@ void HitList::Show(std::size_t from)
     m_model->Show(m_search.Found(), Query(), from);
     m_lstFound->setFocusPolicy(m_model->rowCount() == 0 ? Qt::NoFocus : Qt::StrongFocus);
     ShowProgress();
+    if (m_isAgain) m_lstFound->verticalScrollBar()->setValue(top);
     if (key.isEmpty() || m_lstFound->currentIndex().isValid()) return;
     const auto& notes = m_model->Notes();
     const auto same = std::ranges::find(notes, key, &NoteHit::key);
@@ -244,9 +250,11 @@ void HitList::Stop()
 // A colleague's save is over in a moment. After other errors the next key or the next activation tries again.
 void HitList::Fail(const RunTimeError& error)
 {
-    if (error.Number == engineerrors::Busy && !m_search.IsDone()) return m_slices.start(WaitForOthers);
-    LogError(error, ListLiteral);
+    constexpr int MostTries = 8;
     m_slices.stop();
+    if (error.Number == engineerrors::Busy && ++m_tries < MostTries) return m_following.start(WaitForOthers);
+    LogError(error, ListLiteral);
+    m_tries = 0;
     m_search.End();
     m_source = {};
     m_isStopped = true;

@@ -43,7 +43,7 @@ private:
     struct Source
     {
         QString planner;
-        qint64 revision = 0;
+        std::pair<int, qint64> revision;
         WordSearch::Unsaved unsaved;
         bool operator==(const Source&) const = default;
     };
@@ -74,6 +74,7 @@ private:
     bool m_isShown = true;    // the list shows this search, not the one before
     bool m_isAgain = false;   // the same words: the list stays until all is found
     bool m_isStopped = false; // by the person or by an error
+    int m_tries = 0;          // after somebody else's save was in the way
     FoundModel* m_model = nullptr;
     QStackedWidget* m_pages = nullptr;
     QListView* m_lstFound = nullptr;

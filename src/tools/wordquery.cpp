@@ -2,6 +2,8 @@
 
 #include "tools/foldedtext.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace {
@@ -25,15 +27,18 @@ qsizetype EndOfList(QStringView word, qsizetype at)
 
 FoundSpan InText(const FoundSpan& span, const FoldedText& text)
 {
-    const qsizetype begin = text.PlaceInText(span.at);
-    return {begin, text.PlaceInText(span.at + span.length) - begin};
+    const qsizetype begin = text.PlaceInText(span.at), end = text.PlaceInText(span.at + span.length);
+    // A hit may end within a letter that counts as two.
+    const qsizetype last = text.PlaceInText(span.at + std::max<qsizetype>(span.length, 1) - 1);
+    return {begin, std::max(end, last + 1) - begin};
 }
 } // namespace
 
 WordQuery::WordQuery(const QString& typed) : m_typed(typed)
 {
     bool isQuoted = false;
-    for (const QString& part : typed.split(u'"')) {
+    static const QRegularExpression quotes(u"[\"\u201C\u201D\u201E\u00AB\u00BB]"_s);
+    for (const QString& part : typed.split(quotes)) {
         if (isQuoted)
             Add(part);
         else

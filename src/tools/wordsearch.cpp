@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 constexpr std::size_t NotesOfLook = 100; // between two looks at the clock
@@ -48,6 +49,7 @@ void WordSearch::Begin(const Database& planner, const WordQuery& query, const Un
 void WordSearch::Narrow(const WordQuery& query)
 {
     m_query = query;
+    Merge(std::exchange(m_batch, {}));
     std::vector<NoteHit> candidates = std::move(m_found);
     std::move(m_candidates.begin() + std::ptrdiff_t(m_looked), m_candidates.end(), std::back_inserter(candidates));
     m_candidates = std::move(candidates);
@@ -58,6 +60,7 @@ void WordSearch::Narrow(const WordQuery& query)
 
 void WordSearch::End()
 {
+    Merge(std::exchange(m_batch, {}));
     m_walk = {};
     m_candidates.clear();
     m_looked = 0;
@@ -74,27 +77,31 @@ void WordSearch::Take(const QString& key, const QByteArray& stored, std::vector<
         batch.push_back({key, *std::move(place), std::move(text)});
 }
 
-void WordSearch::ReadPage(std::vector<NoteHit>& batch)
+void WordSearch::ReadPage()
 {
     const auto rows = m_walk.Next();
     for (const QVariantList& row : rows)
-        Take(row[0].toString(), row[1].toByteArray(), batch);
+        Take(row[0].toString(), row[1].toByteArray(), m_batch);
     m_isDone = rows.empty();
 }
 
 std::size_t WordSearch::Step(const QDeadlineTimer& until)
 {
-    std::vector<NoteHit> batch;
+    Work(until);
+    return Merge(std::exchange(m_batch, {}));
+}
+
+void WordSearch::Work(const QDeadlineTimer& until)
+{
     while (!m_isDone && !until.hasExpired()) {
         if (m_looked == m_candidates.size()) {
-            ReadPage(batch);
+            ReadPage();
             continue;
         }
         const std::size_t end = std::min(m_candidates.size(), m_looked + NotesOfLook);
         for (; m_looked < end; ++m_looked)
-            if (NoteHit& note = m_candidates[m_looked]; m_query.FirstIn(note.text)) batch.push_back(std::move(note));
+            if (NoteHit& note = m_candidates[m_looked]; m_query.FirstIn(note.text)) m_batch.push_back(std::move(note));
     }
-    return Merge(std::move(batch));
 }
 
 std::size_t WordSearch::Merge(std::vector<NoteHit> batch)

@@ -38,13 +38,15 @@ public:
 
 private:
     void Take(const QString& key, const QByteArray& stored, std::vector<NoteHit>& batch) const;
-    void ReadPage(std::vector<NoteHit>& batch);
+    void Work(const QDeadlineTimer& until);
+    void ReadPage();
     std::size_t Merge(std::vector<NoteHit> batch);
 
     WordQuery m_query;
     Unsaved m_unsaved;
     TableWalk m_walk;
     std::vector<NoteHit> m_found;
+    std::vector<NoteHit> m_batch;      // found, not yet in order; stays if a page cannot be read
     std::vector<NoteHit> m_candidates; // found by a broader query
     std::size_t m_looked = 0;          // at so many of them
     bool m_isDone = true;

@@ -66,6 +66,7 @@ private Q_SLOTS:
         const auto spans = WordQuery(u"ana an"_s).AllIn(u"Banana, Straße an"_s);
         const std::vector<FoundSpan> expected = {{1, 4}, {15, 2}};
         QCOMPARE(spans, expected);
+        QCOMPARE(WordQuery(u"gros"_s).AllIn(u"groß"_s), std::vector<FoundSpan>({{0, 4}}));
     }
 
     void KnowsWhatNarrows()

@@ -1,6 +1,9 @@
 #include "tools/wordsearch.h"
 
+#include "errorof.h"
+#include "failingstore.h"
 #include "planners.h"
+#include "platform/engine/engineerrors.h"
 #include "platform/engine/testserver.h"
 #include "platform/richtext/rtfwriter.h"
 #include "support.h"
@@ -139,11 +142,12 @@ private Q_SLOTS:
 
     void NarrowsAndGoesOn()
     {
+        const FailingStores failing;
         const Database planner = Make(false);
         WordSearch search;
         search.Begin(planner, WordQuery(u"m"_s), {});
-        while (search.Found().empty())
-            search.Step(QDeadlineTimer(1));
+        *failing.plan = {2, FailurePlan::Before, {engineerrors::Busy, u"busy"_s}, u"Page"_s};
+        QCOMPARE(ErrorOf([&] { search.Step(QDeadlineTimer(10000)); }), engineerrors::Busy);
         for (const char16_t* word : {u"mü", u"mül", u"müller"})
             search.Narrow(WordQuery(QString::fromUtf16(word)));
         while (!search.IsDone())
@@ -160,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(other.Open(m_path, false), u"0"_s);
         WordSearch search;
         search.Begin(planner, WordQuery(u"müller"_s), {});
-        const qint64 revision = planner.Revision();
+        const auto revision = planner.Revision();
         QStringList changed;
         for (int day = 0; !search.IsDone(); day += 7) {
             search.Step(QDeadlineTimer(1));

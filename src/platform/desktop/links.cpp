@@ -7,9 +7,10 @@
 #include <algorithm>
 
 namespace {
+// A name before the host could look like another host.
 bool HasHost(const QUrl& url)
 {
-    return !url.host().isEmpty();
+    return !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 
 // Some mail programs take files along that an address names.
@@ -34,10 +35,11 @@ constexpr LinkKind LinkKinds[] = {
     {u"http", HasHost}, {u"https", HasHost}, {u"ftp", HasHost}, {u"mailto", IsMail}, {u"file", IsFileHere}};
 
 // What a desktop would run instead of showing it.
-constexpr const char16_t* Programs[] = {u"application/x-executable",   u"application/x-sharedlib",
-                                        u"application/x-desktop",      u"application/x-shellscript",
-                                        u"application/x-java-archive", u"application/x-ms-dos-executable",
-                                        u"application/x-msi",          u"application/vnd.appimage"};
+constexpr const char16_t* Programs[] = {
+    u"application/x-executable",  u"application/x-sharedlib",    u"application/x-desktop",
+    u"application/x-shellscript", u"application/x-java-archive", u"application/x-ms-dos-executable",
+    u"application/x-msi",         u"application/vnd.appimage",   u"application/x-java-jnlp-file",
+    u"application/x-ms-shortcut"};
 
 bool IsProgram(const QUrl& url)
 {

@@ -6,6 +6,9 @@
 struct OpenStore
 {
     std::shared_ptr<Store> store; // null when closed
+    int opening = ++g_openings;   // of this process
+
+    static inline int g_openings = 0;
 };
 
 class Database : public Handle<OpenStore>
@@ -27,7 +30,7 @@ public:
               const std::function<void(const QVariantList& values)>& step) const;
     // Another number after each commit, by whomever, that this session can know of. Cheap: on a server no request.
     // Busy.
-    qint64 Revision() const { return Live().store->Revision(); }
+    std::pair<int, qint64> Revision() const { return {Live().opening, Live().store->Revision()}; }
     // Copies the present state of this planner into a new planner file `path` and compares it row by row. Others may go
     // on using this planner. FileExists, DiskFull, InputOutput: then `path` is not made.
     void SaveToFile(const QString& path);

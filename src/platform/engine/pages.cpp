@@ -10,15 +10,14 @@ qsizetype SizeOf(const Store::Row& row)
 }
 } // namespace
 
-int RowsAfter(const std::vector<Store::Row>& page)
+int RowsAfter(const std::vector<Store::Row>& page, qsizetype bytes)
 {
     constexpr int Most = 4000; // rows
-    constexpr qsizetype BytesOfPage = 1 << 20;
     qsizetype size = 0;
     for (const Store::Row& row : page)
         size += SizeOf(row);
     const qsizetype mean = size / static_cast<qsizetype>(page.size());
-    return static_cast<int>(std::clamp<qsizetype>(BytesOfPage / qMax<qsizetype>(mean, 1), 1, Most));
+    return static_cast<int>(std::clamp<qsizetype>(bytes / qMax<qsizetype>(mean, 1), 1, Most));
 }
 
 qint64 LastId(Store& store, const TableDef& table)

@@ -4,7 +4,8 @@
 
 #include "platform/engine/store.h"
 
-int RowsAfter(const std::vector<Store::Row>& page); // how many rows to ask for after these
+// How many rows to ask for after these, for about so many bytes.
+int RowsAfter(const std::vector<Store::Row>& page, qsizetype bytes = 1 << 20);
 qint64 LastId(Store& store, const TableDef& table); // 0 if the table is empty
 
 // step(page, rows), with the number of rows that was asked for.

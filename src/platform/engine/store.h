@@ -71,8 +71,7 @@ public:
                                     const QString& likeField, const QString& likePattern) = 0;
     virtual std::optional<Row> Fetch(const TableDef& table, qint64 id) = 0;
 
-    // Walks a whole table: the next rows in order of insertion, so many, fewer only at
-    // the end.
+    // Walks a whole table: the next rows in order of insertion, so many, fewer only at the end.
     virtual std::vector<Row> Page(const TableDef& table, qint64 afterId, int rows) = 0;
 
     virtual qint64 Insert(const TableDef& table, const std::vector<QVariant>& values) = 0; // DuplicateKey

@@ -2,19 +2,17 @@
 
 #include "platform/engine/pages.h"
 
-#include <QElapsedTimer>
-
 #include <algorithm>
+#include <bit>
 
 namespace {
-constexpr int FirstRows = 50, MostRows = 1600;
-constexpr qint64 TimeOfPage = 6'000'000; // nanoseconds
+constexpr int FirstRows = 16, MostRows = 512;
+constexpr qsizetype BytesOfPage = 256 << 10; // some milliseconds of work
 
 // Few sizes, since each is a statement of its own.
-int RowsAfter(qint64 took, int rows)
+int NextRows(const std::vector<Store::Row>& page)
 {
-    if (took > TimeOfPage) return std::max(FirstRows, rows / 2);
-    return 3 * took < TimeOfPage ? std::min(MostRows, 2 * rows) : rows;
+    return std::min(MostRows, static_cast<int>(std::bit_floor(static_cast<unsigned>(RowsAfter(page, BytesOfPage)))));
 }
 } // namespace
 
@@ -34,12 +32,10 @@ std::vector<QVariantList> TableWalk::Next()
     const auto state = m_database.lock();
     if (m_rows == 0) return {};
     if (!state || !state->store) throw engineerrors::ErrorOf(engineerrors::ObjectClosed);
-    QElapsedTimer clock;
-    clock.start();
     const std::vector<Store::Row> page = state->store->Page(m_table, m_after, m_rows);
     const bool isLast = static_cast<int>(page.size()) < m_rows;
     if (!page.empty()) m_after = page.back().id;
-    m_rows = isLast ? 0 : RowsAfter(clock.nsecsElapsed(), m_rows);
+    m_rows = isLast ? 0 : NextRows(page);
     std::vector<QVariantList> rows;
     rows.reserve(page.size());
     for (const Store::Row& row : page)

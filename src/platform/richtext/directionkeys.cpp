@@ -20,7 +20,7 @@ std::optional<Qt::LayoutDirection> DirectionKeys::Take(const QEvent& event)
     if (event.type() == QEvent::FocusOut || event.type() == QEvent::InputMethod) Forget();
     if (!key) return {};
     // The menu takes a shortcut's press, but its override comes here before.
-    if (!IsOfDirection(key->key()))
+    if (!IsOfDirection(key->key()) || key->modifiers() & (Qt::AltModifier | Qt::MetaModifier))
         Forget();
     else if (event.type() == QEvent::KeyPress)
         TakePress(*key);

@@ -3,6 +3,7 @@
 #include "platform/desktop/twips.h"
 #include "platform/look/paper.h"
 #include "platform/richtext/htmlimages.h"
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/pastebounds.h"
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfpicture.h"
@@ -162,7 +163,7 @@ QTextCharFormat WithoutUsualLook(QTextCharFormat format)
 void Append(const QTextBlock& block, QTextCursor& out)
 {
     const QTextCharFormat mark = block.begin().atEnd() ? block.charFormat() : block.begin().fragment().charFormat();
-    out.insertText(MarkOf(block), WithoutImage(Freed(mark)));
+    out.insertText(MarkOf(block), WithoutImage(Freed(WithoutLink(WithoutUsualLook(mark)))));
     for (auto i = block.begin(); !i.atEnd(); ++i)
         out.insertText(i.fragment().text(), Freed(WithoutUsualLook(i.fragment().charFormat())));
 }

@@ -3,6 +3,7 @@
 #include "platform/desktop/twips.h"
 #include "platform/richtext/linklook.h"
 #include "platform/richtext/paragraphdirection.h"
+#include "platform/richtext/rtfpicture.h"
 
 #include <QFontMetricsF>
 #include <QRegularExpression>
@@ -15,6 +16,7 @@ namespace {
 struct ListMark
 {
     QString text, next; // with the blank or tab behind
+    int number = 0;     // of a list with numbers
 
     explicit operator bool() const { return !text.isEmpty(); }
 };
@@ -26,7 +28,8 @@ ListMark MarkAtStart(const QString& paragraph)
     if (!match.hasMatch()) return {};
     if (!match.hasCaptured(1)) return {match.captured(), match.captured()};
     const QString blank = match.captured().last(1);
-    return {match.captured(), QString::number(match.captured(1).toInt() + 1) + match.captured(2) + blank};
+    const int number = match.captured(1).toInt();
+    return {match.captured(), QString::number(number + 1) + match.captured(2) + blank, number};
 }
 
 bool Hangs(const QTextBlock& block)
@@ -40,12 +43,18 @@ int Outset(const RtfParagraph& paragraph, Qt::LayoutDirection direction)
     return std::max(paragraph.measures[StartOf(direction)] + paragraph.measures[RtfParagraph::First], 0);
 }
 
-// A tab behind the mark ends at an indent that there is already. The direction is fixed, since a mark has none of its
-// own and the indent belongs to a side.
+// "24. December" is a date: a list with numbers begins with 1.
+bool IsInList(const QTextBlock& item, const ListMark& mark)
+{
+    return mark.number <= 1 || Hangs(item) || MarkAtStart(item.previous().text()).number == mark.number - 1;
+}
+
+// An item that hangs already keeps its form, and gives it to the next one. The direction is fixed, since a mark has
+// none of its own and the indent belongs to a side.
 QTextBlockFormat HangingFormat(const QTextBlock& block, const QString& mark, const QTextCharFormat& format,
                                Qt::LayoutDirection direction)
 {
-    if (mark.endsWith(u'\t') && Hangs(block)) return block.blockFormat();
+    if (Hangs(block)) return block.blockFormat();
     RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
     const int width = qRound(QFontMetricsF(format.font()).horizontalAdvance(mark) * TwipsPerPixel);
     paragraph.measures[StartOf(direction)] = Outset(paragraph, direction) + width;
@@ -70,8 +79,8 @@ void ContinueList(QTextCursor& caret)
     const QTextBlock item = caret.block().previous();
     const ListMark mark = MarkAtStart(item.text());
     const bool hasText = mark && !item.text().sliced(mark.text.size()).trimmed().isEmpty();
-    if (!mark || !caret.atBlockStart() || !(hasText || Hangs(item))) return;
-    const QTextCharFormat format = WithoutLink(caret.charFormat());
+    if (!mark || !caret.atBlockStart() || !(hasText || Hangs(item)) || !IsInList(item, mark)) return;
+    const QTextCharFormat format = WithoutImage(WithoutLink(caret.charFormat()));
     const Qt::LayoutDirection direction = item.textDirection();
     const QTextBlockFormat next = HangingFormat(item, mark.next, format, direction);
     caret.beginEditBlock();
@@ -87,7 +96,7 @@ bool EndItem(QTextCursor& caret, Item kind)
     const ListMark mark = MarkAtStart(item.text());
     const bool isAtText = mark && caret.positionInBlock() == mark.text.size() && !caret.hasSelection();
     if (!isAtText || !Hangs(item) || (kind == Item::Empty && !caret.atBlockEnd())) return false;
-    const QTextCharFormat format = WithoutLink(caret.charFormat());
+    const QTextCharFormat format = WithoutImage(WithoutLink(caret.charFormat()));
     caret.beginEditBlock();
     caret.setBlockFormat(PlainFormat(item));
     caret.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);

@@ -19,6 +19,7 @@ void VisitRuns(const QTextCursor& range, Visit visit)
     for (QTextBlock block = range.document()->findBlock(begin); block.isValid() && block.position() < end;
          block = block.next())
         for (auto i = block.begin(); !i.atEnd(); ++i) {
+            if (i.fragment().position() >= end) break;
             const int from = std::max(i.fragment().position(), begin);
             const int to = std::min(i.fragment().position() + i.fragment().length(), end);
             if (from < to) runs.append({from, to - from, i.fragment().charFormat()});
@@ -96,14 +97,17 @@ bool IsLinkedTo(const QTextDocument& document, const QString& target, int begin,
 }
 } // namespace
 
+void HideLinkLook(const QTextCursor& selection)
+{
+    VisitRuns(selection, [](QTextCursor& run, const QTextCharFormat& format) {
+        if (format.hasProperty(LinkLookProperty)) run.setCharFormat(WithoutLinkLook(format));
+    });
+}
+
 void ShowLinkLook(const QTextCursor& selection)
 {
     VisitRuns(selection, [](QTextCursor& run, const QTextCharFormat& format) {
-        const QTextCharFormat link = LinkFormat(format, format.anchorHref());
-        if (!format.isAnchor() || link == format) return;
-        run.joinPreviousEditBlock();
-        run.setCharFormat(link);
-        run.endEditBlock();
+        if (format.isAnchor()) run.setCharFormat(LinkFormat(format, format.anchorHref()));
     });
 }
 
@@ -137,7 +141,9 @@ bool IsTypedIntoLink(const QTextCursor& selection)
 void MakeLinks(QTextCursor caret, int begin, int end)
 {
     const QTextDocument& document = *caret.document();
-    QList<LinkPlace> found; // first, since most words are none
+    constexpr int Most = 1000; // of one paste; each is looked for among the runs of its paragraph
+    QList<LinkPlace> found;    // first, since most words are none
+    int looked = 0;
     for (QTextBlock block = document.findBlock(begin); block.isValid() && block.position() < end;
          block = block.next()) {
         const QString text = block.text();
@@ -145,6 +151,7 @@ void MakeLinks(QTextCursor caret, int begin, int end)
         const qsizetype last = std::min<qsizetype>(end - block.position(), text.size());
         const qsizetype from = StartOfWord(text, first), to = EndOfWord(text, last);
         for (const Address& address : AddressesIn(QStringView(text).sliced(from, to - from))) {
+            if (++looked > Most) break;
             const int start = block.position() + static_cast<int>(from + address.begin);
             const int stop = start + static_cast<int>(address.size);
             if (IsFree(document, start, stop) && !IsLinkedTo(document, address.target, start, stop))
@@ -177,7 +184,7 @@ void FollowedLink::FollowText(int caret)
     if (!m_place) return;
     const int end = m_place->end + m_document.characterCount() - m_characters;
     // Return divides the text in two.
-    for (const int at : {caret, caret - 1, caret - 2}) {
+    for (const int at : {caret, caret - 1, caret - 2, m_place->begin}) {
         const auto place = LinkAt(m_document, at);
         const bool isMeant = place && place->target == m_place->target && place->begin >= m_place->begin &&
                              place->end <= end && !ShowsItself(m_document, *place);

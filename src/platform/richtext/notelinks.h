@@ -6,7 +6,10 @@
 
 #include <optional>
 
-void ShowLinkLook(const QTextCursor& selection); // after its formats have changed, within their undo step
+// The look is taken off while the forms of a selection change, since a line or a colour of the person's is not the
+// look.
+void HideLinkLook(const QTextCursor& selection);
+void ShowLinkLook(const QTextCursor& selection);
 
 struct LinkPlace
 {

@@ -10,9 +10,9 @@ QTextBlockFormat Directed(const QTextBlock& block, Qt::LayoutDirection direction
 {
     RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
     paragraph.direction = direction;
+    if (block.textDirection() == direction) return ToBlockFormat(paragraph);
     if (paragraph.alignment == Qt::AlignLeft || paragraph.alignment == Qt::AlignRight) paragraph.alignment = {};
-    if (block.textDirection() != direction)
-        std::swap(paragraph.measures[RtfParagraph::Left], paragraph.measures[RtfParagraph::Right]);
+    std::swap(paragraph.measures[RtfParagraph::Left], paragraph.measures[RtfParagraph::Right]);
     return ToBlockFormat(paragraph);
 }
 } // namespace

@@ -98,6 +98,8 @@ public:
     int Zoom() const { return m_zoom; }
     void SetZoom(int percent);
 
+    void ForgetDirectionKeys() { m_directionKeys.Forget(); } // a shortcut has taken them, which the box does not see
+
     // Replaces this text in the format of its first letter, as one undo step, unless PasteRequested refuses it.
     void Replace(int start, int length, const QString& by);
 

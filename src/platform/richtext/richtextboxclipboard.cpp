@@ -29,12 +29,14 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     QTextCursor cursor = textCursor();
     const int begin = cursor.selectionStart();
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
+    FollowedLink link(cursor);
     const bool isPasted = [&] {
         const WithoutLines noLines(*document());
         return Paste(*source, cursor, InitialFormat(), {.width = std::max(width, 1)});
     }();
     if (!isPasted) return TellUnpasted(*source);
     setTextCursor(cursor);
+    link.FollowText(cursor.position());
     // Text of a note stays as it was there.
     if (!source->hasFormat(QString::fromUtf16(NoteFormat))) MakeLinks(cursor, begin, cursor.position());
     ensureCursorVisible();

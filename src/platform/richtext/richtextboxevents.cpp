@@ -257,7 +257,8 @@ void RichTextBox::PassKey(QKeyEvent* event)
     ChangeByKey(event);
     if (document()->revision() == revision || TakesBack(event)) return;
     link.FollowText(textCursor().position());
-    if (!event->text().isEmpty() && event->text().back().isSpace()) FollowTypedEnd();
+    const bool isCommand = event->modifiers() & Qt::ControlModifier && !TypesTab(*event);
+    if (!isCommand && !event->text().isEmpty() && event->text().back().isSpace()) FollowTypedEnd();
 }
 
 void RichTextBox::ChangeByKey(QKeyEvent* event)

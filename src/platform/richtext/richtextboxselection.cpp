@@ -1,3 +1,4 @@
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 #include "platform/richtext/rtfformat.h"
@@ -74,8 +75,17 @@ void RichTextBox::MergeIntoSelection(const QTextCharFormat& part)
         m_typingFormat.merge(part);
     else
         MergeIntoEmptyLine(textCursor(), part);
+    QTextCursor selection = textCursor();
+    if (!selection.hasSelection() && selection.charFormat().isAnchor()) {
+        QTextCharFormat format = WithoutLinkLook(selection.charFormat());
+        format.merge(part);
+        return setCurrentCharFormat(LinkFormat(format, format.anchorHref()));
+    }
+    selection.beginEditBlock();
+    HideLinkLook(selection);
     mergeCurrentCharFormat(part);
-    ShowLinkLook(textCursor());
+    ShowLinkLook(selection);
+    selection.endEditBlock();
 }
 
 void RichTextBox::SetSelFontName(const QString& name)

@@ -117,5 +117,5 @@ void RichTextBox::FollowTypedEnd()
 
 void RichTextBox::SetTypedDirection(Qt::LayoutDirection direction)
 {
-    if (AdmitsKey(u"\b"_s) && !Locked()) SetDirection(textCursor(), direction);
+    if (!Locked() && AdmitsKey(u"\b"_s)) SetDirection(textCursor(), direction);
 }

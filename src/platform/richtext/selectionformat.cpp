@@ -3,6 +3,7 @@
 #include "platform/look/colorvalue.h"
 #include "platform/richtext/linklook.h"
 #include "platform/richtext/notelinks.h"
+#include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfsymbols.h"
 
 #include <QTextLayout>
@@ -31,19 +32,18 @@ QStringList FamiliesOf(const QString& name)
 }
 } // namespace
 
+// Text beside a picture, or instead of one, is text.
 QTextCharFormat FormatToType(const QTextCursor& selection)
 {
     const auto free = [&](const QTextCharFormat& format) {
-        return format.isAnchor() && !IsTypedIntoLink(selection) ? WithoutLink(format) : format;
+        return WithoutImage(format.isAnchor() && !IsTypedIntoLink(selection) ? WithoutLink(format) : format);
     };
     if (!selection.hasSelection()) return free(selection.charFormat());
     QTextCursor first(selection);
     first.setPosition(selection.selectionStart());
     if (!first.atBlockEnd())
         first.movePosition(QTextCursor::NextCharacter); // a cursor has the format of the character before it
-    QTextCharFormat format = first.charFormat();
-    format.clearProperty(QTextFormat::ObjectType); // text that replaces a picture is text
-    return free(format);
+    return free(first.charFormat());
 }
 
 bool IsBold(const QTextCharFormat& format, const QFont& defaultFont)

@@ -108,6 +108,7 @@ bool Dictionary::Writes(const QString& word) const
 
 bool Dictionary::Knows(const QString& word)
 {
+    m_encoder.resetState(); // it keeps the error of a former word
     const QByteArray encoded = m_encoder(word);
     return !m_encoder.hasError() && m_words->spell(encoded.toStdString());
 }
@@ -115,9 +116,12 @@ bool Dictionary::Knows(const QString& word)
 QStringList Dictionary::Suggest(const QString& word)
 {
     QStringList suggestions;
+    m_encoder.resetState();
     const QByteArray encoded = m_encoder(word);
     if (m_encoder.hasError()) return suggestions;
-    for (const std::string& one : m_words->suggest(encoded.toStdString()))
+    for (const std::string& one : m_words->suggest(encoded.toStdString())) {
+        m_decoder.resetState();
         suggestions += m_decoder(QByteArray::fromStdString(one));
+    }
     return suggestions;
 }

@@ -3,6 +3,7 @@
 #include "platform/desktop/links.h"
 #include "platform/richtext/addresses.h"
 #include "platform/richtext/notelinks.h"
+#include "platform/richtext/notepicture.h"
 #include "platform/richtext/rtfreader.h"
 #include "platform/richtext/rtfwriter.h"
 #include "support.h"
@@ -192,6 +193,12 @@ private Q_SLOTS:
         box.SetSelColor(0);
         QVERIFY(formatAt(2).foreground().color() == formatAt(3).foreground().color());
         QVERIFY(formatAt(2).foreground().color() != Qt::black);
+        box.selectAll();
+        box.SetSelUnderline(true);
+        QCOMPARE(box.SelUnderline(), true);
+        QVERIFY(box.TextRTF().contains("\\ul"));
+        box.undo();
+        QCOMPARE(box.SelUnderline(), false);
         box.SetSelStart(4);
         typing.Keys(u"x"_s);
         box.moveCursor(QTextCursor::End);
@@ -309,7 +316,7 @@ private Q_SLOTS:
         for (const auto& [name, keys, lists] :
              Rows<QString, QString>{{"a dash", u"- a$b"_s, u"_- a/_- b"_s},
                                     {"a star", u"* a$"_s, u"_* a/_* "_s},
-                                    {"numbers", u"9. a$b$c"_s, u"_9. a/_10. b/_11. c"_s},
+                                    {"numbers", u"1. a$b$c"_s, u"_1. a/_2. b/_3. c"_s},
                                     {"numbers in brackets", u"1) a$"_s, u"_1) a/_2) "_s},
                                     {"ended", u"- a$$b"_s, u"_- a/b"_s},
                                     {"the end taken back", u"- a$$Z"_s, u"_- a/_- "_s},
@@ -323,8 +330,8 @@ private Q_SLOTS:
                                     {"a line in the item", u"- a|b$c"_s, u"_- a|b/_- c"_s},
                                     {"before the mark", u"- a^$"_s, u"/- a"_s},
                                     {"a mark alone", u"- $x"_s, u"- /x"_s},
-                                    {"no lists", u"10:30 Dentist$1.5 km$-5$-$2026. a$a) b$x"_s,
-                                     u"10:30 Dentist/1.5 km/-5/-/2026. a/a) b/x"_s},
+                                    {"no lists", u"10:30 Dentist$1.5 km$-5$-$2026. a$a) b$24. c$x"_s,
+                                     u"10:30 Dentist/1.5 km/-5/-/2026. a/a) b/24. c/x"_s},
                                     {"with a link", u"- http://a.b$x"_s, u"_- http://a.b/_- x"_s}}) {
             const InRow inRow(this, name);
             Typing typing;
@@ -349,6 +356,26 @@ private Q_SLOTS:
         const double text = item.layout()->lineAt(0).cursorToX(2),
                      below = item.layout()->lineAt(1).cursorToX(item.layout()->lineAt(1).textStart());
         QVERIFY2(qAbs(text - below) < 1, qPrintable(u"%1 %2"_s.arg(text).arg(below)));
+    }
+
+    // Else it would be stored as more of the picture.
+    void textBesideAPictureIsText()
+    {
+        QApplication::clipboard()->setText(u"p http://a.b"_s);
+        const std::initializer_list<std::function<void(Typing&)>> ways{
+            [](Typing& typing) { typing.Keys(u"x"_s); }, [](Typing& typing) { typing.Commit(u"\u00e9"_s); },
+            [](Typing& typing) { typing.box.paste(); }, [](Typing& typing) { typing.Keys(u"$b"_s); }};
+        for (const auto& way : ways) {
+            Typing typing;
+            typing.Keys(u"- a"_s);
+            QImage image(8, 8, QImage::Format_RGB32);
+            image.fill(Qt::red);
+            QTextCursor caret = typing.box.textCursor();
+            QVERIFY(InsertPicture(caret, image, {}));
+            typing.box.setTextCursor(caret);
+            way(typing);
+            QCOMPARE(PlainText(typing.box.TextRTF()), typing.box.Text());
+        }
     }
 
     void directions()
