@@ -77,7 +77,7 @@ bool IsOfAnyLanguage(QChar::Script script)
 } // namespace
 
 Dictionary::Dictionary(std::unique_ptr<Hunspell> words, const QByteArray& encoding, const QSet<int>& scripts)
-    : m_words(std::move(words)), m_encoder(encoding.constData()), m_decoder(encoding.constData()), m_scripts(scripts)
+    : m_words(std::move(words)), m_encoding(encoding), m_scripts(scripts)
 {
 }
 
@@ -106,22 +106,26 @@ bool Dictionary::Writes(const QString& word) const
     });
 }
 
+// An encoder keeps its error for ever, also through a reset.
+std::optional<std::string> Dictionary::Encoded(const QString& word)
+{
+    if (!m_encoder || m_encoder->hasError()) m_encoder.emplace(m_encoding.constData());
+    const QByteArray encoded = (*m_encoder)(word);
+    return m_encoder->hasError() ? std::nullopt : std::optional(encoded.toStdString());
+}
+
 bool Dictionary::Knows(const QString& word)
 {
-    m_encoder.resetState(); // it keeps the error of a former word
-    const QByteArray encoded = m_encoder(word);
-    return !m_encoder.hasError() && m_words->spell(encoded.toStdString());
+    const auto encoded = Encoded(word);
+    return encoded && m_words->spell(*encoded);
 }
 
 QStringList Dictionary::Suggest(const QString& word)
 {
     QStringList suggestions;
-    m_encoder.resetState();
-    const QByteArray encoded = m_encoder(word);
-    if (m_encoder.hasError()) return suggestions;
-    for (const std::string& one : m_words->suggest(encoded.toStdString())) {
-        m_decoder.resetState();
-        suggestions += m_decoder(QByteArray::fromStdString(one));
-    }
+    const auto encoded = Encoded(word);
+    if (!encoded) return suggestions;
+    for (const std::string& one : m_words->suggest(*encoded))
+        suggestions += QStringDecoder(m_encoding.constData())(QByteArray::fromStdString(one));
     return suggestions;
 }

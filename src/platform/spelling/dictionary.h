@@ -7,6 +7,8 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 class Hunspell;
@@ -43,10 +45,11 @@ public:
     QStringList Suggest(const QString& word);
 
 private:
+    std::optional<std::string> Encoded(const QString& word); // nothing if the encoding lacks a letter
     Dictionary(std::unique_ptr<Hunspell> words, const QByteArray& encoding, const QSet<int>& scripts);
 
     const std::unique_ptr<Hunspell> m_words;
-    QStringEncoder m_encoder;
-    QStringDecoder m_decoder;
+    const QByteArray m_encoding;
+    std::optional<QStringEncoder> m_encoder;
     const QSet<int> m_scripts; // QChar::Script
 };
