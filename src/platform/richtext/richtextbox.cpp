@@ -157,7 +157,7 @@ void RichTextBox::SetLocked(bool locked)
     if (locked) CommitPreedit();
     setTextInteractionFlags(locked ? LockedFlags : Qt::TextEditorInteraction);
     setAttribute(Qt::WA_InputMethodEnabled, !locked);
-    viewport()->update(); // for those who paint only over text that can be changed
+    if (hasFocus()) viewport()->update(); // waves lie only over text with the caret that can be changed
     QAccessible::State changed;
     changed.readOnly = changed.editable = true;
     QAccessibleStateChangeEvent told(this, changed);
