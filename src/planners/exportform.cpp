@@ -23,7 +23,9 @@ ExportForm::ExportForm(QWidget* owner, const DaySpan& shown, const QString& name
 
 ExportForm::ExportForm(QWidget* owner, const QString& nameOfDays) : QDialog(owner), m_dateOrder(LocalDateOrder())
 {
-    AddFormats(*DialogColumn(*this), nameOfDays + " as"_L1);
+    constexpr qsizetype Longest = 60; // the name has what a person has typed
+    const QString shown = nameOfDays.size() <= Longest ? nameOfDays : nameOfDays.first(Longest) + u"..."_s;
+    AddFormats(*DialogColumn(*this), QString(shown).replace(u'&', u"&&"_s) + " as"_L1);
 }
 
 void ExportForm::AddDays(QBoxLayout& options, const QString& nameOfShown)
