@@ -113,10 +113,12 @@ void SpellingForm::accept()
     if (!m_chkSpelling) return;
     const ErrorTail tail(" in SpellingForm, btnOk_Click"_L1);
     tail([&] {
-        QStringList chosen;
-        for (int row = 0; row < m_lstDictionaries->count(); ++row)
-            if (const QListWidgetItem& item = *m_lstDictionaries->item(row); item.checkState() == Qt::Checked)
-                chosen += item.data(NameRole).toString();
+        QStringList chosen = ChosenNames(InstalledDictionaries()); // some may not be installed at the moment
+        for (int row = 0; row < m_lstDictionaries->count(); ++row) {
+            const QListWidgetItem& item = *m_lstDictionaries->item(row);
+            chosen.removeAll(item.data(NameRole).toString());
+            if (item.checkState() == Qt::Checked) chosen += item.data(NameRole).toString();
+        }
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         Write(settings::Spelling, m_chkSpelling->isChecked() ? 1 : 0);
         Write(settings::Dictionaries, chosen.join(u','));
