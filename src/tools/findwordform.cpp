@@ -18,6 +18,7 @@
 #include "tools/hitlist.h"
 
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -96,7 +97,7 @@ QToolButton* FindWordForm::MakeFold()
     m_btnAllDays->setCheckable(true);
     connect(m_btnAllDays, &QToolButton::toggled, this,
             Guarded(" in FindWordForm, btnAllDays_Click"_L1, [this](bool on) {
-                Write(settings::FindAllDays, on);
+                if (Read(settings::FindAllDays) != int(on)) Write(settings::FindAllDays, on);
                 Fold(!on);
             }));
     return m_btnAllDays;
@@ -114,6 +115,7 @@ void FindWordForm::Fold(bool folded)
     const QSize kept(ToPixels(Read(settings::FindWordWidth)), ToPixels(Read(settings::FindWordHeight)));
     resize(kept.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint()));
     m_list->Look(m_tbFindWord->text());
+    m_list->FollowPlanner();
 }
 
 void FindWordForm::ShowAllDays()
@@ -158,7 +160,8 @@ void FindWordForm::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
     if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
-    m_tbFindWord->setFocus();
+    const bool isRowClicked = m_list->IsEntered() && QGuiApplication::mouseButtons() != Qt::NoButton;
+    if (!isRowClicked) m_tbFindWord->setFocus();
     m_list->FollowPlanner();
     if (g_rsFind.IsNothing()) EnableButtons(true); // another planner may contain the word
 }

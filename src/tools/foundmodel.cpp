@@ -9,6 +9,7 @@
 
 namespace {
 constexpr QChar Ellipsis(u'…');
+constexpr qsizetype LettersBefore = 24; // on the screen
 
 FoundLine LineAround(const NoteHit& note, const WordQuery& query)
 {
@@ -25,19 +26,6 @@ FoundLine LineAround(const NoteHit& note, const WordQuery& query)
     const qsizetype from = std::min(first.at - begin, line.text.size());
     if (line.marks.empty()) line.marks = {{from, line.text.size() - from}};
     return line;
-}
-
-// Lets a long line begin shortly before its first word.
-void CutBegin(FoundLine& line)
-{
-    constexpr qsizetype Before = 24;
-    const qsizetype word = line.marks.front().at;
-    if (word <= 2 * Before) return;
-    const qsizetype cut = line.text.lastIndexOf(u' ', word - Before) + 1;
-    if (cut == 0) return;
-    line.text = Ellipsis + line.text.sliced(cut);
-    for (FoundSpan& mark : line.marks)
-        mark.at -= cut - 1;
 }
 
 // On one line, which may be longer than the width.
@@ -83,6 +71,22 @@ QList<QTextLayout::FormatRange> BoldIn(const FoundLine& line)
     return ranges;
 }
 
+void CutAround(FoundLine& line, qsizetype before)
+{
+    constexpr qsizetype Most = 1000;
+    const qsizetype word = line.marks.front().at;
+    const qsizetype cut = word <= 2 * before ? 0 : line.text.lastIndexOf(u' ', word - before) + 1;
+    if (cut > 0) line.text = Ellipsis + line.text.sliced(cut);
+    for (FoundSpan& mark : line.marks)
+        mark.at -= std::max<qsizetype>(cut - 1, 0);
+    const qsizetype most = line.marks.front().at + Most;
+    if (line.text.size() <= most) return;
+    line.text = line.text.first(line.text[most - 1].isHighSurrogate() ? most - 1 : most) + Ellipsis;
+    std::erase_if(line.marks, [&](const FoundSpan& mark) { return mark.at >= most; });
+    for (FoundSpan& mark : line.marks)
+        mark.length = std::min(mark.length, line.text.size() - mark.at);
+}
+
 void FoundModel::Show(const std::vector<NoteHit>& found, const WordQuery& query, std::size_t from)
 {
     m_query = query;
@@ -117,7 +121,7 @@ void FoundDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const QStyle* const style = option.widget ? option.widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
     FoundLine line = m_model.LineAt(index.row());
-    CutBegin(line);
+    CutAround(line, LettersBefore);
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const auto group = option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
     painter->save();

@@ -15,6 +15,9 @@ struct FoundLine
 };
 
 QList<QTextLayout::FormatRange> BoldIn(const FoundLine& line); // its marks
+// A paragraph may be as long as a book: lets the line begin so many letters before its first word, or a little earlier,
+// and end in time to be shown on one page.
+void CutAround(FoundLine& line, qsizetype before);
 
 class FoundModel : public QAbstractListModel
 {

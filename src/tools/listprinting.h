@@ -3,10 +3,12 @@
 
 #include <QString>
 
-class FoundModel;
+#include <vector>
+
 class Foot;
 class QWidget;
 class SystemPrinter;
+struct FoundLine;
 
 class ListPrinting
 {
@@ -14,7 +16,7 @@ public:
     ListPrinting(SystemPrinter& printer, Foot& foot) : m_printer(printer), m_foot(foot) {}
 
     // Asks for the printer. The heading is on every page, with the page's number.
-    void Print(QWidget* owner, const QString& heading, const FoundModel& found);
+    void Print(QWidget* owner, const QString& heading, const std::vector<FoundLine>& lines);
 
 private:
     SystemPrinter& m_printer;

@@ -25,6 +25,7 @@ public:
     explicit WordQuery(const QString& typed);
 
     bool IsEmpty() const { return m_words.empty(); } // then nothing is found
+    const QString& Typed() const { return m_typed; }
     // The first place of the first word, if all words are in the text.
     std::optional<FoundSpan> FirstIn(QStringView text) const;
     // All places of all words, in their order and without overlaps.

@@ -3,6 +3,8 @@
 
 #include "platform/runtime/errortail.h"
 
+#include <QScopedValueRollback>
+
 #include <functional>
 
 namespace waiting {
@@ -19,4 +21,15 @@ inline void Before()
 {
     if (g_before) Guarded(" in waiting, Before"_L1, g_before)();
 }
+
+// During its life, where somebody else is writing, a look-up in a planner's file raises Busy at once.
+class NotForOthers
+{
+public:
+    static bool IsOn() { return s_on; }
+
+private:
+    inline static bool s_on = false;
+    const QScopedValueRollback<bool> m_back{s_on, true};
+};
 } // namespace waiting

@@ -158,7 +158,7 @@ void SqliteConnection::Prepare()
 {
     if (m_writing) return;
     waiting::Before();
-    if (!IsInRead()) m_database.setBusyTimeout(BusyTimeout);
+    if (!IsInRead()) m_database.setBusyTimeout(waiting::NotForOthers::IsOn() ? 0 : BusyTimeout);
 }
 
 void SqliteConnection::PrepareWrite()
