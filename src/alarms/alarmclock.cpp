@@ -1,11 +1,14 @@
 #include "alarms/alarmclock.h"
 
 #include "alarms/alarmeventform.h"
-#include "alarms/alarmrecords.h"
+#include "alarms/alarmoptionsform.h"
+#include "alarms/alarmspan.h"
 #include "alarms/tunes.h"
 #include "platform/desktop/clock.h"
 #include "platform/engine/database.h"
+#include "platform/runtime/durablefile.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 #include "state/moddate.h"
 #include "state/plannerstate.h"
 
@@ -13,20 +16,31 @@
 #include <QScopedValueRollback>
 
 namespace {
-std::optional<Alarm> DueAlarm(const QDate& today, const QString& minute)
+std::vector<Alarm> DueAt(const QDate& today, const QString& minute)
 {
-    if (g_rsAlarm.IsNothing()) return std::nullopt; // an older planner without the alarm table
-    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return std::nullopt;
+    if (g_rsAlarm.IsNothing()) return {}; // an older planner without the alarm table
+    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return {};
     const ReadTransaction reading(g_dbPlanner);
-    if (!GoToDueAlarm(g_rsAlarm, KeyOf({today.year(), today.month(), today.day()}), minute)) return std::nullopt;
-    return CurrentAlarm(g_rsAlarm);
+    const QString key = KeyOf({today.year(), today.month(), today.day()});
+    return DueAlarms(g_rsAlarm, key, minute, Read(settings::AllAlarms) != 0);
 }
 } // namespace
 
+void AlarmClock::FollowPlanner()
+{
+    ErrorTail{" in MainForm, AlarmClock"_L1}([this] { m_missed.Follow(); });
+}
+
+void AlarmClock::mnuAlarmOptions_Click()
+{
+    if (AlarmOptionsForm(m_client.window()).exec() == QDialog::Accepted) FollowPlanner();
+}
+
 void AlarmClock::tmAlarm_Timer()
 {
-    if (!HasPlanner()) return;
-    ErrorTail{" in MainForm, tmAlarm_Timer"_L1}([this] { Check(); });
+    const ErrorTail tail(" in MainForm, tmAlarm_Timer"_L1);
+    if (HasPlanner()) tail([this] { Check(); });
+    if (!m_isRinging) tail([this] { RingPutOff(); });
 }
 
 void AlarmClock::Check()
@@ -36,14 +50,36 @@ void AlarmClock::Check()
     if (minute == m_sLastAlarmMinute) return;
     m_sLastAlarmMinute = minute;
     if (m_isRinging) return; // the open alarm window stays as it is
-    if (const auto alarm = DueAlarm(now.date(), minute)) Ring(*alarm);
+    const QDateTime wall = WallMinute(now);
+    m_missed.Looked(wall);
+    const auto due = DueAt(now.date(), minute);
+    if (due.empty() || m_missed.IsHeard(wall)) return;
+    for (const Alarm& alarm : due)
+        if (!Ring(alarm, {})) return;
+    m_missed.Answered(wall);
 }
 
-void AlarmClock::Ring(const Alarm& alarm)
+// Of several copies of the program one rings. The lock ends with its process, so an alarm that nobody has answered then
+// rings in another copy, or at the next start.
+void AlarmClock::RingPutOff()
+{
+    if (!m_putOff.FirstDue(desktopclock::Now())) return;
+    const auto lock = FileLock::Try(m_putOff.Path() + u".ringing"_s);
+    if (!lock) return;
+    for (auto due = m_putOff.FirstDue(desktopclock::Now()); due; due = m_putOff.FirstDue(desktopclock::Now()))
+        if (!Ring(due->alarm, due)) return;
+}
+
+bool AlarmClock::Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
-    AlarmEventForm form(alarm, m_client.screen(), QApplication::focusWidget());
+    AlarmEventForm form(alarm, putOff ? putOff->at : QDateTime(), m_client.screen(), QApplication::focusWidget());
     if (!alarm.silence) form.subPlayMusic(alarm.tune);
     form.exec();
     if (!alarm.silence) StopTune(alarm.tune);
+    if (!form.IsAnswered()) return false;
+    std::optional<PutOffAlarm> next;
+    if (form.Again().isValid()) next = {alarm, form.Again()};
+    if (putOff || next) PutOffOrTell(m_putOff, putOff, next);
+    return true;
 }

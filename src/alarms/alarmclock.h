@@ -1,23 +1,32 @@
-// The alarm clock. Once a minute it shows an alarm of that very minute. An alarm that is missed never rings.
+// The alarm clock. Once a minute it shows an alarm of that very minute, or all of them if the person wants it. An alarm
+// that is missed never rings. Those that were put off ring when their time has come.
 #pragma once
 
-#include <QString>
+#include "alarms/missedalarms.h"
+#include "alarms/putoffalarms.h"
 
 class QWidget;
-struct Alarm;
 
 class AlarmClock
 {
 public:
-    explicit AlarmClock(QWidget& client) : m_client(client) {}
+    AlarmClock(QWidget& client, PutOffAlarms& putOff, MissedAlarms& missed)
+        : m_client(client), m_putOff(putOff), m_missed(missed)
+    {
+    }
 
-    void tmAlarm_Timer(); // ticks every ten seconds; shows the first due alarm and waits until its window is closed
+    void FollowPlanner();         // another planner is open, or none
+    void mnuAlarmOptions_Click(); // asks for the options
+    void tmAlarm_Timer();         // ticks every ten seconds; shows what is due and waits until its window is closed
 
 private:
     void Check();
-    void Ring(const Alarm& alarm);
+    void RingPutOff();
+    bool Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff); // false: the program ends
 
     QWidget& m_client;
+    PutOffAlarms& m_putOff;
+    MissedAlarms& m_missed;
     QString m_sLastAlarmMinute; // "hh:mm" of the last check
     bool m_isRinging = false;
 };

@@ -1,5 +1,6 @@
 #include "alarms/alarmeventform.h"
 
+#include "alarms/againin.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
 #include "alarms/tunes.h"
@@ -7,9 +8,11 @@
 #include "platform/controls/named.h"
 #include "platform/controls/notepanel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/clock.h"
 #include "platform/desktop/msgbox.h"
 #include "platform/desktop/pressedbyreturn.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -48,16 +51,17 @@ bool TakesText(const QWidget& widget)
 } // namespace
 
 // It has no owner: the desktop would hide it together with a minimised main window.
-AlarmEventForm::AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto)
+AlarmEventForm::AlarmEventForm(const Alarm& alarm, const QDateTime& putOff, QScreen* screen, QWidget* typedInto)
     : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(Named(new RichTextBox, "tbNotes")),
-      m_btnOk(Named(new PressedByReturn<QPushButton>(u"&Ok"_s), "btnOk")), m_typedInto(typedInto)
+      m_btnOk(Named(new PressedByReturn<QPushButton>(u"&Ok"_s), "btnOk")),
+      m_btnAgain(Named(new PressedByReturn<QPushButton>(u"&Again in"_s), "btnAgain")), m_typedInto(typedInto)
 {
     setObjectName(u"AlarmEventForm"_s);
     setWindowTitle(u"Alarm Event"_s);
     setModal(true);
     setScreen(screen);
     ShowNote(alarm.note);
-    LayOut(ShownDayAndTime(alarm.date, alarm.time));
+    LayOut(ShownDayAndTime(alarm.date, alarm.time) + (putOff.isNull() ? QString() : u", put off"_s));
     SetUpTimers();
     setAttribute(Qt::WA_InputMethodEnabled);
     setFocus(); // the window itself has the focus until a person clicks or tabs
@@ -82,8 +86,25 @@ void AlarmEventForm::LayOut(const QString& when)
     auto* column = DialogColumn(*this, QLayout::SetDefaultConstraint);
     column->addWidget(lblWhen);
     column->addWidget(MakeNotePanel(m_tbNotes), 1);
-    column->addWidget(m_btnOk, 0, Qt::AlignRight);
-    setTabOrder(m_btnOk, m_tbNotes);
+    column->addLayout(DialogRow(Rhythm, {nullptr, m_btnAgain, m_btnOk}));
+    MakeAgain();
+    setTabOrder(m_btnOk, m_btnAgain);
+    setTabOrder(m_btnAgain, m_tbNotes);
+}
+
+void AlarmEventForm::MakeAgain()
+{
+    m_btnAgain->setAutoDefault(false);
+    m_btnAgain->setMenu(MakeAgainMenu(m_btnAgain, [this](const AgainIn& choice) {
+        m_again = MomentOf(choice, desktopclock::Now());
+        accept();
+    }));
+}
+
+void AlarmEventForm::done(int result)
+{
+    m_isAnswered = true;
+    QDialog::done(result);
 }
 
 void AlarmEventForm::SetUpTimers()
@@ -99,7 +120,7 @@ void AlarmEventForm::SetUpTimers()
 void AlarmEventForm::subPlayMusic(const QString& sTune)
 {
     QTimer::singleShot(0, this, Guarded(PlayLiteral, [this, sTune] {
-                           m_problem = PlayTune(sTune);
+                           m_problem = PlayTune(sTune, {Read(settings::TuneVolume), Read(settings::RepeatTune) != 0});
                            if (!m_problem.isEmpty()) m_quiet.start();
                        }));
 }

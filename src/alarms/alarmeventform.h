@@ -3,6 +3,7 @@
 // window.
 #pragma once
 
+#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDialog>
 #include <QPointer>
@@ -18,11 +19,17 @@ class AlarmEventForm : public QDialog
     Q_OBJECT
 
 public:
-    // typedInto is the widget that has the focus, or null. It may be deleted while the window is open.
-    AlarmEventForm(const Alarm& alarm, QScreen* screen, QWidget* typedInto);
+    // putOff: the time to which the alarm was put off, or null. typedInto is the widget that has the focus, or null. It
+    // may be deleted while the window is open.
+    AlarmEventForm(const Alarm& alarm, const QDateTime& putOff, QScreen* screen, QWidget* typedInto);
 
     // Plays the tune once the window is shown. If that fails, a message follows after half a second without a key.
     void subPlayMusic(const QString& sTune);
+
+    bool IsAnswered() const { return m_isAnswered; } // not if the end of the program has closed the window
+    QDateTime Again() const { return m_again; }      // when it is to ring again; null: never
+
+    void done(int result) override;
 
 protected:
     bool event(QEvent* event) override;
@@ -36,13 +43,17 @@ private:
     void TakeKeys();
     void ShowNote(const QByteArray& note);
     void LayOut(const QString& when);
+    void MakeAgain();
     void SetUpTimers();
 
     RichTextBox* m_tbNotes;
     QPushButton* m_btnOk;
+    QPushButton* m_btnAgain;
     QPointer<QWidget> m_typedInto;
     QDeadlineTimer m_isNew; // runs until a person can have read the window
     QTimer m_typing;        // runs while keys are passed on
     QTimer m_quiet;         // runs until the problem is shown
     QString m_problem;
+    bool m_isAnswered = false;
+    QDateTime m_again;
 };

@@ -37,10 +37,23 @@ bool StepOnce(Recordset& alarms, const QString& date, Toward direction)
 }
 } // namespace
 
+QStringList AlarmFields()
+{
+    return {DateField, TimeField, NoteField, TuneField, SilenceField};
+}
+
+Alarm AlarmOf(const QVariantList& values)
+{
+    return {values[0].toString(), values[1].toString(), values[2].toByteArray(), values[3].toString(),
+            values[4].toBool()};
+}
+
 Alarm CurrentAlarm(const Recordset& alarms)
 {
-    return {DateOf(alarms), alarms.Fields(TimeField).toString(), alarms.Fields(NoteField).toByteArray(),
-            alarms.Fields(TuneField).toString(), alarms.Fields(SilenceField).toBool()};
+    QVariantList values;
+    for (const QString& field : AlarmFields())
+        values += alarms.Fields(field);
+    return AlarmOf(values);
 }
 
 void subAddAlarmRecord(Recordset& alarms, const Alarm& alarm)
@@ -74,16 +87,28 @@ bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm)
     return !alarms.EOF_();
 }
 
-bool GoToDueAlarm(Recordset& alarms, const QString& date, const QString& time)
+std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QString& time, bool all)
 {
-    alarms.Seek(u"="_s, date);
-    bool isOfDate = !alarms.NoMatch();
-    while (isOfDate && alarms.Fields(TimeField).toString() != time) {
+    std::vector<Alarm> due;
+    const auto isOfDate = [&] { return !alarms.EOF_() && DateOf(alarms) == date; };
+    const auto stepToDue = [&] {
+        while (isOfDate() && alarms.Fields(TimeField).toString() != time)
+            alarms.MoveNext();
+        return isOfDate();
+    };
+    const auto goToFirst = [&] {
+        alarms.Seek(u"="_s, date);
+        return !alarms.NoMatch() && stepToDue();
+    };
+    if (!goToFirst()) {
+        alarms.MoveLast();
         alarms.MoveNext();
-        isOfDate = !alarms.EOF_() && DateOf(alarms) == date;
+        return due;
     }
-    if (isOfDate) return true;
-    alarms.MoveLast();
-    alarms.MoveNext();
-    return false;
+    due.push_back(CurrentAlarm(alarms));
+    if (!all) return due;
+    for (alarms.MoveNext(); stepToDue(); alarms.MoveNext())
+        due.push_back(CurrentAlarm(alarms));
+    goToFirst();
+    return due;
 }

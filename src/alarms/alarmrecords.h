@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
+#include <QVariantList>
+
+#include <vector>
 
 class Recordset;
 
@@ -13,8 +16,11 @@ struct Alarm
     QByteArray note;
     QString tune; // a bare file name, though the field is called a path
     bool silence = false;
+    bool operator==(const Alarm&) const = default;
 };
 
+QStringList AlarmFields();
+Alarm AlarmOf(const QVariantList& values); // of these fields
 Alarm CurrentAlarm(const Recordset& alarms);
 void subAddAlarmRecord(Recordset& alarms, const Alarm& alarm);
 
@@ -30,5 +36,6 @@ bool StepToAlarm(Recordset& alarms, const QString& date, Toward direction);
 // Goes to the first alarm with the same date, time ("hh:mm"), tune and silence, or to the end of the table.
 bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm);
 
-// Goes to the first alarm of this date and time, or to the end of the table. Reads only the alarms of the date.
-bool GoToDueAlarm(Recordset& alarms, const QString& date, const QString& time);
+// The alarms of this date and time, or the first alone. Goes to the first, or to the end of the table. Reads only the
+// alarms of the date.
+std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QString& time, bool all);

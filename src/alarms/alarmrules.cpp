@@ -32,11 +32,15 @@ ShownTime ShownTimeOf(const QString& alarmTime)
     return {TwoDigits(shown == 0 ? HoursOfHalf : shown), alarmTime.right(2), pm};
 }
 
-QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime)
+QString ShownTimeText(const QString& alarmTime)
 {
     const ShownTime time = ShownTimeOf(alarmTime);
-    return u"%1, %2:%3 %4"_s.arg(fnFormatDateKey(alarmDate), QString::number(IntegerOf(time.hour)), time.minute,
-                                 time.pm ? u"PM"_s : u"AM"_s);
+    return u"%1:%2 %3"_s.arg(QString::number(IntegerOf(time.hour)), time.minute, time.pm ? u"PM"_s : u"AM"_s);
+}
+
+QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime)
+{
+    return u"%1, %2"_s.arg(fnFormatDateKey(alarmDate), ShownTimeText(alarmTime));
 }
 
 QString OneUp(const QString& sNumber, int first, int last)

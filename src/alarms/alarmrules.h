@@ -22,6 +22,7 @@ struct ShownTime
 };
 ShownTime ShownTimeOf(const QString& alarmTime);
 
+QString ShownTimeText(const QString& alarmTime);                             // "9:05 AM"
 QString ShownDayAndTime(const QString& alarmDate, const QString& alarmTime); // "Jul 4, 1999, 9:05 AM"
 
 // The box's number plus or minus one, wrapping from the last to the first. Other text counts as 0.

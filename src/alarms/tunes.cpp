@@ -2,8 +2,11 @@
 
 #include "platform/desktop/folders.h"
 #include "platform/desktop/sound.h"
+#include "settings/settings.h"
 
 #include <QDir>
+
+#include <algorithm>
 
 namespace {
 const QLatin1StringView WaveEnding(".wav");
@@ -24,19 +27,26 @@ QStringList ListTunes()
     return media.entryList({u"*.wav"_s}, QDir::Files, sorted) + media.entryList({u"*.mid"_s}, QDir::Files, sorted);
 }
 
-QString PlayTune(const QString& tune)
+TuneManner UsualManner()
 {
+    return {Read(settings::TuneVolume), false};
+}
+
+QString PlayTune(const QString& tune, const TuneManner& manner)
+{
+    sound::SetVolume(std::clamp(manner.volume, 0, 100));
     const QString path = PathOf(tune);
     if (tune.endsWith(WaveEnding, Qt::CaseInsensitive)) {
-        sndPlaySoundA(path, sound::Asynchronous | sound::NoDefault);
+        sndPlaySoundA(path, sound::Asynchronous | sound::NoDefault | (manner.repeats ? sound::Loop : 0));
         return {};
     }
     mciSendStringA(u"close "_s + path);
     if (const int error = mciSendStringA(u"open "_s + path + u" type sequencer"_s)) return mciGetErrorStringA(error);
-    return mciGetErrorStringA(mciSendStringA(u"play "_s + path));
+    return mciGetErrorStringA(mciSendStringA(u"play "_s + path + (manner.repeats ? u" repeat"_s : QString())));
 }
 
 void StopTune(const QString& tune)
 {
     mciSendStringA(u"close "_s + PathOf(tune));
+    sound::StopLoop();
 }

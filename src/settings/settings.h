@@ -77,6 +77,11 @@ inline constexpr TextSetting OnCard[] = {
     {u"CARD", u"PLANNER4", u"", PathSize}, {u"CARD", u"PLANNER5", u"", PathSize},
 };
 
+inline constexpr IntSetting AllAlarms = {u"ALARMS", u"ALL", 0}; // of a minute, not the first alone
+inline constexpr IntSetting ListMissed = {u"ALARMS", u"MISSED", 0};
+inline constexpr IntSetting RepeatTune = {u"ALARMS", u"REPEAT", 0};
+inline constexpr IntSetting TuneVolume = {u"ALARMS", u"VOLUME", 100}; // percent
+
 inline constexpr IntSetting Spelling = {u"SPELLING", u"CHECK", 1};
 // Names of dictionaries with commas between; by default that of the locale.
 inline constexpr TextSetting Dictionaries = {u"SPELLING", u"DICTIONARIES", u"", PathSize};

@@ -89,6 +89,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     // A hidden window has no place, so it is asked first.
     const auto place = m_rooms->m_pLayout.WindowPlace();
     tail([&] { m_rooms->findWord.Unload(); });
+    tail([&] { m_rooms->alarmLists.Unload(); });
     // Hiding moves the focus from a cell to the next one, which a locked day refuses.
     if (QWidget* const focused = focusWidget()) focused->clearFocus();
     hide();

@@ -3,6 +3,7 @@
 
 #include "alarms/alarmclock.h"
 #include "alarms/alarmform.h"
+#include "alarms/alarmlists.h"
 #include "appearance/appearance.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
@@ -39,6 +40,7 @@
 #include "planners/opening.h"
 #include "planners/recentlist.h"
 #include "planners/servermove.h"
+#include "platform/desktop/folders.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
@@ -68,6 +70,7 @@ struct Rooms
         opening.SetOnChange([this](bool isOpen) {
             noPlanner.Follow(isOpen);
             findWord.FollowPlanner();
+            alarmClock.FollowPlanner();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
@@ -124,7 +127,6 @@ struct Rooms
     EarlierVersions earlierVersions{controls.cells, heldDay, dayView};
     RecurringEvents recurringEvents{controls.cells, notes, m_pCalendarView, fontCommand};
     AlarmHandlers alarms{controls.cells, controls.tmAlarm, turn, heldDay};
-    AlarmClock alarmClock{*controls.client};
     PictureBar pictureBar{controls.sidebar};
     ExitSave exitSave{controls.cells, notes, journal, heldDay};
     Maintenance maintenance{controls.FontDialog, notes, heldDay, opening};
@@ -138,6 +140,12 @@ struct Rooms
     Printing printing{
         {controls.cells, controls.bottom, foot, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
     ListPrinting listPrinting{printer, foot};
+    HitCell alarmCell{controls.cells, turn, redraw, m_pCalendarView, navigation};
+    PutOffAlarms putOffAlarms{folders::ApplicationDirectory() + u"/alarms.json"_s};
+    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms};
+    MissedAlarms missedAlarms{folders::ApplicationDirectory() + u"/heardalarms.json"_s,
+                              [this](const auto& missed) { alarmLists.ShowMissed(missed); }};
+    AlarmClock alarmClock{*controls.client, putOffAlarms, missedAlarms};
     FindWord findWord{controls.cells,  turn,       redraw,
                       m_pCalendarView, navigation, {[this] { return Typed(); }, &listPrinting, &exporting}};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};

@@ -77,6 +77,8 @@ constexpr MenuRow MenuRows[] = {
     {"mnuViewSBVisible", Run<&Rooms::m_pLayout, &CScreenLayout::mnuViewSBVisible_Click>},
     {"mnuNewAlarm", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
     {"mnuChangeAlarms", Run<&Rooms::alarms, &AlarmHandlers::mnuChangeAlarms_Click>},
+    {"mnuComingAlarms", Run<&Rooms::alarmLists, &AlarmLists::mnuComingAlarms_Click>},
+    {"mnuAlarmOptions", Run<&Rooms::alarmClock, &AlarmClock::mnuAlarmOptions_Click>},
     {"mnuPrevWeek", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
     {"mnuCurrentWeek", Run<&Rooms::navigation, &Navigation::mnuCurrentWeek_Click>},
     {"mnuNextWeek", Run<&Rooms::navigation, &Navigation::subActionNext>},

@@ -52,6 +52,13 @@ private Q_SLOTS:
         StopTune(u"Long Wave.WAV"_s);
         const QList<double> heard = recording.Hear(1);
         QVERIFY(Tone(heard, 440) > 0.4 && Tone(heard, 1046.5) < 0.002);
+        // A wave that repeats ends, too. Its volume is chosen.
+        SetContent(Media("Short.wav"), WaveTone(440, 0.5));
+        PlayTune(u"Short.wav"_s, {50, true});
+        const double half = Tone(recording.Hear(3), 440);
+        QVERIFY2(half > 0.2 && half < 0.3, qPrintable(QString::number(half)));
+        StopTune(u"Short.wav"_s);
+        QVERIFY(Tone(recording.Hear(1), 440) < 0.002);
     }
 
     // The name alone decides. A wave that cannot be played is silence.

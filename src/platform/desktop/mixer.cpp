@@ -80,21 +80,30 @@ bool Mixer::Open()
     return m_open;
 }
 
-int Mixer::PlayWave(const QByteArray& content)
+int Mixer::PlayWave(const QByteArray& content, bool repeats)
 {
     if (!Open()) return sound::NoDevice;
     Mix_Chunk* const wave = SDL(Mix_LoadWAV_RW)(Stream(content), 1);
     if (!wave) return sound::NotPlayable;
     SDL(Mix_FreeChunk)(std::exchange(m_wave, wave)); // also stops it
-    return SDL(Mix_PlayChannelTimed)(WaveChannel, m_wave, 0, -1) == WaveChannel ? 0 : sound::NotPlayable;
+    SDL(Mix_Volume)(WaveChannel, m_volume * MIX_MAX_VOLUME / 100);
+    m_waveRepeats = repeats;
+    const int loops = repeats ? -1 : 0;
+    return SDL(Mix_PlayChannelTimed)(WaveChannel, m_wave, loops, -1) == WaveChannel ? 0 : sound::NotPlayable;
 }
 
-int Mixer::PlayMusic(const QByteArray& content)
+void Mixer::StopRepeatedWave()
+{
+    if (m_open && std::exchange(m_waveRepeats, false)) SDL(Mix_HaltChannel)(WaveChannel);
+}
+
+int Mixer::PlayMusic(const QByteArray& content, bool repeats)
 {
     if (!Open()) return sound::NoDevice;
     StopMusic();
     m_music = SDL(Mix_LoadMUSType_RW)(Stream(content), MUS_MID, 1);
-    return m_music && SDL(Mix_PlayMusic)(m_music, 0) == 0 ? 0 : sound::NotPlayable;
+    SDL(Mix_VolumeMusic)(m_volume * MIX_MAX_VOLUME / 100);
+    return m_music && SDL(Mix_PlayMusic)(m_music, repeats ? -1 : 0) == 0 ? 0 : sound::NotPlayable;
 }
 
 void Mixer::StopMusic()

@@ -12,10 +12,12 @@ class Mixer : public QObject
 {
 public:
     // content comes from ReadWave and ReadMidi. Replaces what plays in the channel; returns 0 or a sound::Error.
-    int PlayWave(const QByteArray& content);
-    int PlayMusic(const QByteArray& content);
+    int PlayWave(const QByteArray& content, bool repeats);
+    int PlayMusic(const QByteArray& content, bool repeats);
     void StopMusic();
-    void Close(); // stops all sounds
+    void StopRepeatedWave();
+    void SetVolume(int percent) { m_volume = percent; } // of what plays from now on
+    void Close();                                       // stops all sounds
 
 protected:
     void timerEvent(QTimerEvent* event) override;
@@ -25,6 +27,8 @@ private:
 
     Mix_Chunk* m_wave = nullptr;
     _Mix_Music* m_music = nullptr;
+    bool m_waveRepeats = false;
+    int m_volume = 100; // percent
     bool m_open = false;
     bool m_idle = false; // at the last check
     QBasicTimer m_idleCheck;

@@ -33,12 +33,22 @@ int OpenSequence(const QString& path)
     return fault;
 }
 
-int PlaySequence(const QString& path)
+int Play(const QString& path, bool repeats)
 {
     const auto open = TheSound().Open.constFind(path);
     if (open == TheSound().Open.cend()) return sound::NotOpen;
     TheSound().Played = path;
-    return TheSound().Device.PlayMusic(*open);
+    return TheSound().Device.PlayMusic(*open, repeats);
+}
+
+int PlaySequence(const QString& path)
+{
+    return Play(path, false);
+}
+
+int RepeatSequence(const QString& path)
+{
+    return Play(path, true);
 }
 
 int CloseSequence(const QString& path)
@@ -54,6 +64,7 @@ constexpr struct
     QLatin1StringView Before, Behind; // what surrounds the path
     int (*Do)(const QString& path);
 } commands[] = {{"open "_L1, " type sequencer"_L1, OpenSequence},
+                {"play "_L1, " repeat"_L1, RepeatSequence},
                 {"play "_L1, ""_L1, PlaySequence},
                 {"close "_L1, ""_L1, CloseSequence}};
 
@@ -74,9 +85,19 @@ constexpr std::array<const char16_t*, 9> texts{
 
 bool sndPlaySoundA(const QString& path, unsigned flags)
 {
-    if (flags != (sound::Asynchronous | sound::NoDefault)) return false;
+    if ((flags & ~sound::Loop) != (sound::Asynchronous | sound::NoDefault)) return false;
     const auto [content, fault] = ReadWave(path);
-    return fault == 0 && TheSound().Device.PlayWave(content) == 0;
+    return fault == 0 && TheSound().Device.PlayWave(content, flags & sound::Loop) == 0;
+}
+
+void sound::SetVolume(int percent)
+{
+    TheSound().Device.SetVolume(percent);
+}
+
+void sound::StopLoop()
+{
+    TheSound().Device.StopRepeatedWave();
 }
 
 int mciSendStringA(const QString& command)

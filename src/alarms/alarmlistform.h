@@ -1,0 +1,55 @@
+// A list of alarms, missed or coming: the day, the time and the first line of each. It leads to the day.
+#pragma once
+
+#include "alarms/alarmrecords.h"
+
+#include <QDateTime>
+#include <QDialog>
+
+#include <functional>
+
+class QPushButton;
+class QTreeWidget;
+
+struct ListedAlarm
+{
+    QDateTime minute; // the wall minute in which it rings or would have rung
+    Alarm alarm;
+};
+
+struct AlarmListNeeds
+{
+    std::function<void(const Alarm& alarm)> goTo;
+    std::function<void(const std::vector<ListedAlarm>& listed)> print;
+    // Puts an alarm off; false after a message. Null where alarms cannot be put off.
+    std::function<bool(const Alarm& alarm, const QDateTime& next)> putOff;
+};
+
+class AlarmListForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    AlarmListForm(QWidget* owner, const QString& title, const AlarmListNeeds& needs); // empty
+
+    void Add(const std::vector<ListedAlarm>& listed); // behind the rows
+    const std::vector<ListedAlarm>& Listed() const { return m_listed; }
+
+    QSize sizeHint() const override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void MakeList();
+    QPushButton* MakeAgain();
+    void Choose();
+    void PutOff(const QDateTime& next);
+
+    const AlarmListNeeds m_needs;
+    std::vector<ListedAlarm> m_listed;
+    QTreeWidget* m_lstAlarms = nullptr;
+};
+
+QString FirstLineOf(const Alarm& alarm);        // of its note, without pictures
+QString ShownTimeIn(const ListedAlarm& listed); // "9:05 AM"

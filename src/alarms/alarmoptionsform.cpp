@@ -1,0 +1,85 @@
+#include "alarms/alarmoptionsform.h"
+
+#include "alarms/tunes.h"
+#include "platform/controls/okcancel.h"
+#include "platform/desktop/centeronscreen.h"
+#include "platform/profile/profile.h"
+#include "platform/runtime/errortail.h"
+#include "settings/messages.h"
+#include "settings/settings.h"
+
+#include <QCheckBox>
+#include <QSlider>
+
+namespace {
+constexpr QLatin1StringView Literal(" in AlarmOptionsForm");
+
+struct Option
+{
+    const char* name;
+    const char* caption;
+    const IntSetting& setting;
+};
+constexpr Option Options[] = {
+    {"chkAll", "&Ring all alarms of the same minute, one after another", settings::AllAlarms},
+    {"chkMissed", "&List alarms that rang while nobody could hear them", settings::ListMissed},
+    {"chkRepeat", "R&epeat the tune until the alarm is answered", settings::RepeatTune},
+};
+} // namespace
+
+AlarmOptionsForm::AlarmOptionsForm(QWidget* owner) : QDialog(owner)
+{
+    setObjectName(u"AlarmOptionsForm"_s);
+    setWindowTitle(u"Alarm Options"_s);
+    auto* column = DialogColumn(*this);
+    for (const Option& option : Options) {
+        auto* box = AddTo<QCheckBox>(*column, option.name, QString::fromLatin1(option.caption));
+        box->setChecked(Read(option.setting) != 0);
+        m_ticks.push_back({&option.setting, box});
+    }
+    AddSound(*column);
+    column->addWidget(MakeOkCancel(*this));
+    CenterOnScreen(*this);
+}
+
+void AlarmOptionsForm::AddSound(QVBoxLayout& column)
+{
+    constexpr int Step = 10;
+    m_sldVolume = Named(new QSlider(Qt::Horizontal), "sldVolume");
+    m_sldVolume->setRange(0, 100);
+    m_sldVolume->setPageStep(Step);
+    m_sldVolume->setSingleStep(Step);
+    m_sldVolume->setValue(Read(settings::TuneVolume));
+    auto* listen = Named(new QPushButton(u"L&isten"_s), "btnListen");
+    listen->setAutoDefault(false);
+    connect(listen, &QPushButton::clicked, this, Guarded(Literal, [this] { btnListen_Click(); }));
+    auto* row = DialogRow(Rhythm, {LabelOf(u"&Volume of tunes:"_s, m_sldVolume), m_sldVolume, listen});
+    row->setStretchFactor(m_sldVolume, 1);
+    column.addLayout(row);
+}
+
+// Music, since it can be ended.
+void AlarmOptionsForm::btnListen_Click()
+{
+    const QStringList tunes = ListTunes();
+    m_played = tunes.isEmpty() ? QString() : tunes.last();
+    const QString problem = PlayTune(m_played, {m_sldVolume->value(), false});
+    if (!problem.isEmpty()) messages::Tell(problem, msgbox::Exclamation);
+}
+
+void AlarmOptionsForm::accept()
+{
+    ErrorTail{Literal}([this] {
+        const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+        for (const Tick& tick : m_ticks)
+            Write(*tick.setting, tick.box->isChecked() ? 1 : 0);
+        Write(settings::TuneVolume, m_sldVolume->value());
+    });
+    QDialog::accept();
+}
+
+void AlarmOptionsForm::done(int result)
+{
+    if (!m_played.isEmpty()) StopTune(m_played);
+    QDialog::done(result);
+}

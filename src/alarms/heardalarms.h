@@ -1,0 +1,28 @@
+// Up to when the alarms of each planner were heard, for the list of missed ones. Kept in a file of the person's own.
+// If the file cannot be written, some alarms are listed once more. Knows no window.
+#pragma once
+
+#include <QDateTime>
+#include <QSet>
+
+#include <functional>
+
+class HeardAlarms
+{
+public:
+    explicit HeardAlarms(const QString& path) : m_path(path) {}
+
+    struct Heard
+    {
+        QDateTime until;          // a wall minute: all up to it rang or was listed; null: not followed yet
+        QSet<QDateTime> answered; // wall minutes of the last days; a clock that is set back comes to them again
+    };
+    Heard Of(const QString& planner) const;
+    void SetUntil(const QString& planner, const QDateTime& minute);
+    void Add(const QString& planner, const QDateTime& minute); // of an answered alarm
+
+private:
+    void Change(const QString& planner, const std::function<void(Heard& heard)>& change);
+
+    const QString m_path;
+};
