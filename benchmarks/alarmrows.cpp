@@ -66,7 +66,9 @@ struct AlarmPlanner
 void AddAlarmRows(const TakeRow& add, QWidget& client)
 {
     static std::unique_ptr<AlarmPlanner> planner;
-    static AlarmClock clock(client);
+    static PutOffAlarms putOff(folders::ApplicationDirectory() + u"/alarms.json"_s);
+    static MissedAlarms missed(folders::ApplicationDirectory() + u"/heardalarms.json"_s, [](const auto&) {});
+    static AlarmClock clock(client, putOff, missed);
     static bool found = false;
     const auto make = [] {
         if (!planner) planner = std::make_unique<AlarmPlanner>();

@@ -1,6 +1,7 @@
 #include "alarms/alarmclock.h"
 
 #include "alarms/alarmeventform.h"
+#include "alarms/alarmnotice.h"
 #include "alarms/alarmoptionsform.h"
 #include "alarms/alarmspan.h"
 #include "alarms/tunes.h"
@@ -74,8 +75,11 @@ bool AlarmClock::Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putO
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
     AlarmEventForm form(alarm, putOff ? putOff->at : QDateTime(), m_client.screen(), QApplication::focusWidget());
+    std::optional<AlarmNotice> notice;
+    if (Read(settings::NotifyOfAlarms) != 0) notice.emplace(form, alarm);
     if (!alarm.silence) form.subPlayMusic(alarm.tune);
     form.exec();
+    notice.reset();
     if (!alarm.silence) StopTune(alarm.tune);
     if (!form.IsAnswered()) return false;
     std::optional<PutOffAlarm> next;

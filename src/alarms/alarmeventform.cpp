@@ -95,10 +95,13 @@ void AlarmEventForm::LayOut(const QString& when)
 void AlarmEventForm::MakeAgain()
 {
     m_btnAgain->setAutoDefault(false);
-    m_btnAgain->setMenu(MakeAgainMenu(m_btnAgain, [this](const AgainIn& choice) {
-        m_again = MomentOf(choice, desktopclock::Now());
-        accept();
-    }));
+    m_btnAgain->setMenu(MakeAgainMenu(m_btnAgain, [this](const AgainIn& choice) { PutOff(choice); }));
+}
+
+void AlarmEventForm::PutOff(const AgainIn& choice)
+{
+    m_again = MomentOf(choice, desktopclock::Now());
+    accept();
 }
 
 void AlarmEventForm::done(int result)

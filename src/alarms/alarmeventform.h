@@ -12,6 +12,7 @@
 class QPushButton;
 class QScreen;
 class RichTextBox;
+struct AgainIn;
 struct Alarm;
 
 class AlarmEventForm : public QDialog
@@ -29,6 +30,7 @@ public:
     bool IsAnswered() const { return m_isAnswered; } // not if the end of the program has closed the window
     QDateTime Again() const { return m_again; }      // when it is to ring again; null: never
 
+    void PutOff(const AgainIn& choice); // closes the window
     void done(int result) override;
 
 protected:

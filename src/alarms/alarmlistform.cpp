@@ -2,11 +2,11 @@
 
 #include "alarms/againin.h"
 #include "alarms/alarmrules.h"
+#include "alarms/firstline.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/desktop/centeronscreen.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/pressedbyreturn.h"
-#include "platform/richtext/notetext.h"
 #include "platform/runtime/errortail.h"
 #include "state/moddate.h"
 
@@ -18,12 +18,6 @@
 
 namespace {
 constexpr QLatin1StringView ListLiteral(" in AlarmListForm");
-}
-
-QString FirstLineOf(const Alarm& alarm)
-{
-    const QString text = ShownText(alarm.note).remove(QChar::ObjectReplacementCharacter).trimmed();
-    return text.section(u'\n', 0, 0).simplified();
 }
 
 QString ShownTimeIn(const ListedAlarm& listed)

@@ -51,5 +51,4 @@ private:
     QTreeWidget* m_lstAlarms = nullptr;
 };
 
-QString FirstLineOf(const Alarm& alarm);        // of its note, without pictures
 QString ShownTimeIn(const ListedAlarm& listed); // "9:05 AM"

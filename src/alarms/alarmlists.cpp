@@ -1,6 +1,7 @@
 #include "alarms/alarmlists.h"
 
 #include "alarms/alarmspan.h"
+#include "alarms/firstline.h"
 #include "alarms/putoffalarms.h"
 #include "platform/desktop/clock.h"
 #include "state/moddate.h"
@@ -59,7 +60,7 @@ AlarmListForm* AlarmLists::MakeForm(const QString& title, bool canPutOff)
     return new AlarmListForm(m_client.window(), title, needs);
 }
 
-// Made anew each time, so that it is as long as the present moment says.
+// The window is replaced each time, so that it is as long as the present moment says.
 void AlarmLists::mnuComingAlarms_Click()
 {
     if (RefusesWithoutPlanner()) return;

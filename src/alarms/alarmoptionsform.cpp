@@ -23,6 +23,8 @@ struct Option
 constexpr Option Options[] = {
     {"chkAll", "&Ring all alarms of the same minute, one after another", settings::AllAlarms},
     {"chkMissed", "&List alarms that rang while nobody could hear them", settings::ListMissed},
+    {"chkNotify", "Show a &message of the desktop, too, if the alarm's window is not in front",
+     settings::NotifyOfAlarms},
     {"chkRepeat", "R&epeat the tune until the alarm is answered", settings::RepeatTune},
 };
 } // namespace

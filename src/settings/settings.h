@@ -79,6 +79,7 @@ inline constexpr TextSetting OnCard[] = {
 
 inline constexpr IntSetting AllAlarms = {u"ALARMS", u"ALL", 0}; // of a minute, not the first alone
 inline constexpr IntSetting ListMissed = {u"ALARMS", u"MISSED", 0};
+inline constexpr IntSetting NotifyOfAlarms = {u"ALARMS", u"NOTIFY", 0};
 inline constexpr IntSetting RepeatTune = {u"ALARMS", u"REPEAT", 0};
 inline constexpr IntSetting TuneVolume = {u"ALARMS", u"VOLUME", 100}; // percent
 

@@ -1,0 +1,46 @@
+#include "alarms/alarmnotice.h"
+
+#include "alarms/againin.h"
+#include "alarms/alarmeventform.h"
+#include "alarms/alarmrules.h"
+#include "alarms/firstline.h"
+#include "platform/desktop/screenlock.h"
+#include "platform/runtime/errortail.h"
+
+#include <QApplication>
+
+namespace {
+constexpr QLatin1StringView NoticeLiteral(" in AlarmEventForm, AlarmNotice");
+constexpr int TimeToComeForward = 500; // milliseconds
+constexpr const AgainIn& Later = AgainChoices[1];
+const QString Open = u"default"_s, Ok = u"ok"_s, Again = u"later"_s;
+} // namespace
+
+AlarmNotice::AlarmNotice(AlarmEventForm& form, const Alarm& alarm)
+    : m_form(form), m_text(ShownDayAndTime(alarm.date, alarm.time) + u": "_s + FirstLineOf(alarm))
+{
+    connect(&m_notification, &DesktopNotification::Chosen, this,
+            Guarded(NoticeLiteral, [this](const QString& action) { Answer(action); }));
+    m_wait.setSingleShot(true);
+    connect(&m_wait, &QTimer::timeout, this, Guarded(NoticeLiteral, [this] { Show(); }));
+    m_wait.start(TimeToComeForward);
+}
+
+void AlarmNotice::Show()
+{
+    if (m_form.isActiveWindow()) return;
+    QApplication::alert(&m_form);
+    screenlock::Ask(this, [this](bool isLocked) {
+        const QString later = u"Again in "_s + QString::fromLatin1(Later.text).remove(u'&');
+        m_notification.Show(u"Alarm"_s, isLocked ? u"An alarm"_s : m_text,
+                            {Open, u"Open"_s, Ok, u"Ok"_s, Again, later});
+    });
+}
+
+void AlarmNotice::Answer(const QString& action)
+{
+    if (action == Ok) return m_form.accept();
+    if (action == Again) return m_form.PutOff(Later);
+    m_form.raise();
+    m_form.activateWindow();
+}

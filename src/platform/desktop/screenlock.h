@@ -1,0 +1,12 @@
+// Whether the screen is locked, so that nobody may read what is written.
+#pragma once
+
+#include <functional>
+
+class QObject;
+
+namespace screenlock {
+// Asks the desktop's services and calls back from the event loop, unless the context is deleted before. Not locked, if
+// no service answers.
+void Ask(QObject* context, const std::function<void(bool isLocked)>& answer);
+} // namespace screenlock
