@@ -2,7 +2,7 @@
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
-#include "platform/desktop/links.h"
+#include "platform/desktop/openlink.h"
 #include "program.h"
 #include "testmain.h"
 

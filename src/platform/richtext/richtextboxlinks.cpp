@@ -1,6 +1,7 @@
 // Links under the mouse and at the caret.
 #include "platform/desktop/links.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/desktop/openlink.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 
