@@ -180,6 +180,7 @@ private:
     void Type(const QString& text);
     void KeepFormat(const QTextCharFormat& format);
     void FormatCommitted(int start, qsizetype length, const QTextCharFormat& format);
+    void KeepTypingFormat(const QTextCharFormat& format);
     template <typename Value>
     std::optional<Value> Selected(Value (*read)(const QTextCharFormat&, const QFont&)) const
     {

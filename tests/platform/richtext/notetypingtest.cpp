@@ -14,6 +14,25 @@
 #include <QToolTip>
 
 namespace {
+// The text with its links as [text>target], or as [text] if that is the target.
+QString LinksOf(const QTextDocument& document)
+{
+    QString text;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block != document.begin()) text += u'/';
+        for (int at = block.position(); at < block.position() + block.length() - 1; ++at) {
+            const auto link = LinkAt(document, at);
+            const int end = link ? link->end : at + 1;
+            const QString shown = block.text().mid(at - block.position(), end - at);
+            text += !link                   ? shown
+                    : shown == link->target ? u'[' + shown + u']'
+                                            : u'[' + shown + u'>' + link->target + u']';
+            at = end - 1;
+        }
+    }
+    return text.replace(QChar::LineSeparator, u'|');
+}
+
 struct Typing
 {
     Typing()
@@ -51,24 +70,7 @@ struct Typing
         QCoreApplication::sendEvent(&box, &commit);
     }
 
-    // The text with its links as [text>target], or as [text] if that is the target.
-    QString Links() const
-    {
-        QString text;
-        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
-            if (block != box.document()->begin()) text += u'/';
-            for (int at = block.position(); at < block.position() + block.length() - 1; ++at) {
-                const auto link = LinkAt(*box.document(), at);
-                const int end = link ? link->end : at + 1;
-                const QString shown = block.text().mid(at - block.position(), end - at);
-                text += !link                   ? shown
-                        : shown == link->target ? u'[' + shown + u']'
-                                                : u'[' + shown + u'>' + link->target + u']';
-                at = end - 1;
-            }
-        }
-        return text.replace(QChar::LineSeparator, u'|');
-    }
+    QString Links() const { return LinksOf(*box.document()); }
 
     // The text with "_" before each paragraph that hangs.
     QString Lists() const
@@ -103,6 +105,18 @@ struct Typing
 
     RichTextBox box;
 };
+
+// Hands its selection over as a drag to another program that moves text does.
+struct TakenFrom : RichTextBox
+{
+    QMimeData* createMimeDataFromSelection() const override
+    {
+        QMimeData* taken = RichTextBox::createMimeDataFromSelection();
+        textCursor().removeSelectedText();
+        return taken;
+    }
+};
+
 constexpr quint32 LeftKey = 0xFFE1, RightKey = 0xFFE2;
 } // namespace
 
@@ -163,6 +177,50 @@ private Q_SLOTS:
             QCOMPARE(read.toPlainText(), typing.box.Text());
             QCOMPARE(WriteRtf(read), typing.box.TextRTF());
         }
+    }
+
+    void linksFollowEveryChange()
+    {
+        const auto composed = [](Typing& typing) {
+            QInputMethodEvent preedit(u"x"_s, {});
+            QCoreApplication::sendEvent(&typing.box, &preedit);
+        };
+        const std::tuple<const char*, int, int, std::function<void(Typing&)>, QString> rows[] = {
+            {"composing begins", 11, 3, composed, u"x [http://a.] "_s},
+            {"composed", 11, 1, [](Typing& typing) { typing.Commit(u"\u00e9"_s); }, u"x [http://a.\u00e9/c] "_s},
+            {"composed on", 11, 1,
+             [](Typing& typing) {
+                 for (const QString& one : {u"\u00e9"_s, u"\u00e8"_s})
+                     typing.Commit(one);
+             },
+             u"x [http://a.\u00e9\u00e8/c] "_s},
+            {"typed over its beginning", 0, 4, [](Typing& typing) { typing.Keys(u"y"_s); }, u"ytp://a.b/c "_s},
+            {"a word deleted behind it", 15, 0,
+             [](Typing& typing) { QTest::keyClick(&typing.box, Qt::Key_Backspace, Qt::ControlModifier); },
+             u"x [http://a.b/]"_s},
+            {"corrected", 9, 1, [](Typing& typing) { typing.box.Replace(9, 1, u"d"_s); }, u"x [http://d.b/c] "_s}};
+        for (const auto& [name, start, length, change, links] : rows) {
+            const InRow inRow(this, name);
+            Typing typing;
+            typing.Keys(u"x http://a.b/c "_s);
+            Select(typing.box, start, length);
+            change(typing);
+            QCOMPARE(typing.Links(), links);
+        }
+    }
+
+    void linksFollowADrag()
+    {
+        TakenFrom box;
+        box.SetTextRTF("{\\rtf1 {\\field{\\*\\fldinst HYPERLINK \"http://a.b/c\"}{\\fldrslt http://a.b/c}}}");
+        box.show();
+        QVERIFY(QTest::qWaitForWindowActive(&box));
+        Select(box, 10, 2);
+        const QPoint at = box.viewport()->mapTo(&box, box.cursorRect().center() - QPoint(3, 0));
+        QTest::mousePress(box.windowHandle(), Qt::LeftButton, {}, at);
+        QTest::mouseMove(box.windowHandle(), at + QPoint(0, 40));
+        QTRY_COMPARE(LinksOf(*box.document()), u"[http://a.b]"_s);
+        QTest::mouseRelease(box.windowHandle(), Qt::LeftButton, {}, at);
     }
 
     // Another text than the address stays, and so does the address.
