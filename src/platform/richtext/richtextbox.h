@@ -178,6 +178,8 @@ private:
     QTextCharFormat TypedFormat() const;
     QString TypedInstead(QKeyEvent& event) const;
     void Type(const QString& text);
+    void RememberTyped(const QKeyEvent& event);
+    bool IsTypedOn(const QTextCursor& caret) const;
     void KeepFormat(const QTextCharFormat& format);
     void FormatCommitted(int start, qsizetype length, const QTextCharFormat& format);
     void KeepTypingFormat(const QTextCharFormat& format);
@@ -216,6 +218,7 @@ private:
     std::optional<std::uint32_t> m_blankColor; // as set while the box was empty
     int m_caret = 0;                           // caret and anchor at the last SelChange
     int m_anchor = 0;
+    std::pair<int, int> m_typed{-1, -1}; // caret and revision of the document behind the last typed letter
     QString m_linkOfMenu;
     DirectionKeys m_directionKeys;
     int m_rightMargin = 0;

@@ -249,6 +249,7 @@ void RichTextBox::PassKey(QKeyEvent* event)
     ChangeByKey(event);
     if (document()->revision() == revision || TakesBack(event)) return;
     links.FollowText();
+    RememberTyped(*event);
     const bool isCommand = event->modifiers() & Qt::ControlModifier && !TypesTab(*event);
     if (!isCommand && !event->text().isEmpty() && event->text().back().isSpace()) FollowTypedEnd();
 }

@@ -54,7 +54,7 @@ void RichTextBox::Type(const QString& text)
     QTextCursor cursor = textCursor();
     std::optional<WithoutLines> noLines;
     if (cursor.hasSelection()) noLines.emplace(*document());
-    cursor.beginEditBlock();
+    IsTypedOn(cursor) ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
     cursor.removeSelectedText();
     // This may leave an empty paragraph behind.
     if (cursor.atBlockStart() && text.front() == QChar::ParagraphSeparator) cursor.setBlockCharFormat(format);
@@ -63,6 +63,17 @@ void RichTextBox::Type(const QString& text)
     noLines.reset();
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+void RichTextBox::RememberTyped(const QKeyEvent& event)
+{
+    if (TypesCharacter(event)) m_typed = {textCursor().position(), document()->revision()};
+}
+
+// Letters typed into a link one after the other are one step of undo, as those that the toolkit types are.
+bool RichTextBox::IsTypedOn(const QTextCursor& caret) const
+{
+    return Modified() && !caret.hasSelection() && m_typed == std::pair(caret.position(), document()->revision());
 }
 
 // For a paragraph whose text has been deleted. A blank box has its own format.
