@@ -170,6 +170,11 @@ private Q_SLOTS:
         QVERIFY(entryAt(6));
         m_program->Trigger("mnuOpenLinkR");
         QCOMPARE(opened, QList<QUrl>{QUrl(u"http://a.example"_s)});
+        QVERIFY(entryAt(6));
+        QMenu& menu = *m_program->Entry("mnuRightMouse").menu();
+        menu.popup({}); // as after a refusal
+        QVERIFY(!m_program->Entry("mnuOpenLinkR").isVisible());
+        menu.close();
         links::g_openerOfTest = nullptr;
     }
 

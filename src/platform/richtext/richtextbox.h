@@ -110,7 +110,7 @@ public:
     void ShowBeginning();
 
     // Links that may be opened; empty if there is none there. That of the menu is under the mouse, or at the caret if a
-    // key opens the menu.
+    // key opens the menu; only while MouseDown is raised.
     QString LinkAtCaret() const;
     const QString& LinkOfMenu() const { return m_linkOfMenu; }
     void OpenLink(const QString& target); // by the desktop; tells if that cannot be
@@ -197,6 +197,7 @@ private:
     void FollowTypedEnd();
     void SetTypedDirection(Qt::LayoutDirection direction);
     void OpenMenuAtCaret();
+    void TellMouseDown(int button, const QPoint& globalPosition, const QString& link);
     QString LinkUnder(const QPoint& position) const; // in the viewport
     bool ShowLinkTip(const QHelpEvent& event);
     void ShowPointer(const QPoint& position, Qt::KeyboardModifiers modifiers);

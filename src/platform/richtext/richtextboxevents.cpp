@@ -157,8 +157,7 @@ void RichTextBox::mousePressEvent(QMouseEvent* event)
     const bool refused = window()->focusWidget() != this;
     m_pressed = event->button() == Qt::LeftButton && !refused;
     if (!refused) QTextEdit::mousePressEvent(event);
-    m_linkOfMenu = event->button() == Qt::RightButton ? LinkUnder(event->position().toPoint()) : QString();
-    Q_EMIT MouseDown(int(event->button()), event->globalPosition().toPoint());
+    TellMouseDown(event->button(), event->globalPosition().toPoint(), LinkUnder(event->position().toPoint()));
 }
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)

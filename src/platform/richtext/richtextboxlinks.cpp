@@ -25,8 +25,15 @@ QString RichTextBox::LinkAtCaret() const
 
 void RichTextBox::OpenMenuAtCaret()
 {
-    m_linkOfMenu = LinkAtCaret();
-    Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+    TellMouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()), LinkAtCaret());
+}
+
+// The menu opens meanwhile. Another one, opened later in spite of a refusal, is not of this place.
+void RichTextBox::TellMouseDown(int button, const QPoint& globalPosition, const QString& link)
+{
+    m_linkOfMenu = link;
+    Q_EMIT MouseDown(button, globalPosition);
+    m_linkOfMenu.clear();
 }
 
 // Queued, since a key or the mouse has called.
