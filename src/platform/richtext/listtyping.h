@@ -5,11 +5,13 @@
 class QTextCursor;
 
 // After a new paragraph was typed: if the one before is an item, continues the list with the next mark as an undo step
-// of its own, and moves the caret behind it. "-", "*" and a bullet stay, numbers with a point or a bracket go up.
+// of its own, and moves the caret behind it. "-", "*" and a bullet stay, numbers with a point or a bracket go up, also
+// those of the items below.
 void ContinueList(QTextCursor& caret);
 
-// Makes the caret's item plain text by taking its mark and its indent away, as an undo step. False, with nothing done,
-// if the caret is not right behind the mark of an item with such an indent, or if it has text and must have none.
+// Makes the caret's item plain text by taking its mark and its indent away, as an undo step; the numbers below go down
+// again. False, with nothing done, if the caret is not right behind the mark of an item with such an indent, or if it
+// has text and must have none.
 enum class Item
 {
     Any,

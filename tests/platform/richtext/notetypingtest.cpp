@@ -372,7 +372,10 @@ private Q_SLOTS:
     {
         for (const auto& [name, keys, lists] :
              Rows<QString, QString>{{"a dash", u"- a$b"_s, u"_- a/_- b"_s},
-                                    {"a star", u"* a$"_s, u"_* a/_* "_s},
+                                    {"inserted", u"1. a$b$c{{{{{{{{{{$x"_s, u"_1. a/_2. x/_3. b/_4. c"_s},
+                                    {"that taken back", u"1. a$b$c{{{{{{{{{{$Z"_s, u"_1. a/_/_2. b/_3. c"_s},
+                                    {"ended there", u"1. a$b$c{{{{{{{{{{$$"_s, u"_1. a//_2. b/_3. c"_s},
+                                    {"another list", u"1) a$$2. b${{{{{{{{{$"_s, u"_1) a/_2) /_2. b/_3. "_s},
                                     {"numbers", u"1. a$b$c"_s, u"_1. a/_2. b/_3. c"_s},
                                     {"numbers in brackets", u"1) a$"_s, u"_1) a/_2) "_s},
                                     {"ended", u"- a$$b"_s, u"_- a/b"_s},
@@ -481,6 +484,19 @@ private Q_SLOTS:
         for (const QTextBlock& block : {list.box.document()->begin(), list.box.document()->lastBlock()}) {
             QCOMPARE(block.textDirection(), Qt::RightToLeft);
             QVERIFY(block.blockFormat().rightMargin() > 0 && block.blockFormat().leftMargin() == 0);
+        }
+        QVERIFY(list.box.TextRTF().contains("\\rtlpar"));
+        // Its end leaves only a direction that was set by hand.
+        for (const bool isSet : {false, true}) {
+            Typing ended;
+            ended.Keys(u"- a"_s);
+            if (isSet) ended.PressDirection(RightKey);
+            ended.Keys(u"$b"_s);
+            QCOMPARE(ended.box.TextRTF().contains("\\rtlpar"), isSet);
+            QVERIFY(!ended.box.TextRTF().contains("\\ltrpar"));
+            ended.Keys(u"$$"_s);
+            QCOMPARE(ended.box.document()->lastBlock().blockFormat().layoutDirection(),
+                     isSet ? Qt::RightToLeft : Qt::LayoutDirectionAuto);
         }
     }
 
