@@ -137,9 +137,7 @@ private Q_SLOTS:
                  {u"mailto:a@b?subject=x file:///home/a.txt"_s, u"mailto:a@b?subject=x file:///home/a.txt"_s},
                  {u"http://m\u00fcnchen.example/\u00e4"_s, u"http://m\u00fcnchen.example/\u00e4"_s},
                  {u"http:// http://. www. www.a a@b a@b.c @b.org http:a.b git@a.org:b/c xhttp://a.b"_s, {}},
-                 {u"javascript:alert(1) data:text/html,x \\\\server\\a file://server/a C:\\a.exe /bin/sh vbscript:x"_s,
-                  {}},
-                 {u"mailto:a@b?attach=/etc/passwd"_s, {}}}) {
+                 {u"file://server/a mailto:a@b?attach=/etc/passwd"_s, {}}}) {
             const InRow inRow(this, text);
             QStringList targets;
             for (const Address& address : AddressesIn(text)) {
