@@ -50,7 +50,9 @@ bool RichTextBox::ShowLinkTip(const QHelpEvent& event)
 {
     const QString target = LinkUnder(event.pos());
     if (target.isEmpty()) return false;
-    const QString tip = u"<nobr>%1</nobr><br>Ctrl+click to open"_s.arg(links::Shown(target).toHtmlEscaped());
+    // An address has places where a line may break.
+    const QString tip =
+        u"<p style='white-space:pre'>%1<br>Ctrl+click to open</p>"_s.arg(links::Shown(target).toHtmlEscaped());
     QToolTip::showText(event.globalPos(), tip, viewport());
     return true;
 }

@@ -341,7 +341,7 @@ private Q_SLOTS:
         QCOMPARE(pointer(beside, Qt::ControlModifier), Qt::IBeamCursor);
         QHelpEvent help(QEvent::ToolTip, onLink, box.viewport()->mapToGlobal(onLink));
         QCoreApplication::sendEvent(box.viewport(), &help);
-        QCOMPARE(QToolTip::text(), u"<nobr>http://a.b</nobr><br>Ctrl+click to open"_s);
+        QCOMPARE(QToolTip::text(), u"<p style='white-space:pre'>http://a.b<br>Ctrl+click to open</p>"_s);
 
         QString ofMenu;
         connect(&box, &RichTextBox::MouseDown, &box, [&] { ofMenu = box.LinkOfMenu(); });
