@@ -128,3 +128,17 @@ bool EndItem(QTextCursor& caret, Item kind)
     caret.endEditBlock();
     return true;
 }
+
+KeptDirection::KeptDirection(const QTextCursor& caret)
+    : m_paragraph(caret.blockNumber()), m_direction(caret.block().textDirection())
+{
+}
+
+void KeptDirection::Keep(QTextCursor caret) const
+{
+    const QTextBlock item = caret.block();
+    if (!Hangs(item) || item.blockNumber() != m_paragraph || item.textDirection() == m_direction) return;
+    caret.joinPreviousEditBlock();
+    caret.setBlockFormat(WithFixedDirection(item.blockFormat(), m_direction));
+    caret.endEditBlock();
+}

@@ -2,6 +2,8 @@
 // begin below the item's text. Knows only QtGui.
 #pragma once
 
+#include <Qt>
+
 class QTextCursor;
 
 // After a new paragraph was typed: if the one before is an item, continues the list with the next mark as an undo step
@@ -18,3 +20,16 @@ enum class Item
     Empty
 };
 bool EndItem(QTextCursor& caret, Item item);
+
+// An item's first letter tells its direction, but its indent belongs to a side: it keeps the one that it had before a
+// change of its text. To be made before the change.
+class KeptDirection
+{
+public:
+    explicit KeptDirection(const QTextCursor& caret);
+    void Keep(QTextCursor caret) const; // where it is now; within the undo step of the change
+
+private:
+    int m_paragraph;
+    Qt::LayoutDirection m_direction;
+};

@@ -1,4 +1,5 @@
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/listtyping.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 
@@ -245,9 +246,11 @@ void RichTextBox::PassKey(QKeyEvent* event)
     if (EndListItem(*event)) return;
     const int revision = document()->revision();
     FollowedLinks links(textCursor());
+    const KeptDirection direction(textCursor());
     ChangeByKey(event);
     if (document()->revision() == revision || TakesBack(event)) return;
     links.FollowText();
+    direction.Keep(textCursor());
     RememberTyped(*event);
     const bool isCommand = event->modifiers() & Qt::ControlModifier && !TypesTab(*event);
     if (!isCommand && !event->text().isEmpty() && event->text().back().isSpace()) FollowTypedEnd();
@@ -282,9 +285,11 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
     const QTextCharFormat format = TypedFormat();
     const int start = std::max(SelStart() + event->replacementStart(), 0);
     FollowedLinks links(textCursor());
+    const KeptDirection direction(textCursor());
     QTextEdit::inputMethodEvent(event);
     FormatCommitted(start, event->commitString().size(), format);
     links.FollowText();
+    direction.Keep(textCursor());
     KeepTypingFormat(format);
     if (!event->commitString().isEmpty() && event->commitString().back().isSpace()) FollowTypedEnd();
     if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become blank

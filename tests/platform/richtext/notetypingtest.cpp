@@ -484,6 +484,12 @@ private Q_SLOTS:
             QVERIFY(block.blockFormat().rightMargin() > 0 && block.blockFormat().leftMargin() == 0);
         }
         QVERIFY(list.box.TextRTF().contains("\\rtlpar"));
+        list.box.SetTextRTF("{\\rtf1\\fi-100\\li100 - a}");
+        list.Keys(u"}}\u05e9}<"_s);
+        QCOMPARE(list.box.Text(), u"- \u05e9"_s);
+        QCOMPARE(list.box.document()->begin().textDirection(), Qt::LeftToRight); // where its indent is
+        list.Keys(u"ZZ"_s);
+        QCOMPARE(list.box.document()->begin().blockFormat().layoutDirection(), Qt::LayoutDirectionAuto);
         // Its end leaves only a direction that was set by hand.
         for (const bool isSet : {false, true}) {
             Typing ended;
