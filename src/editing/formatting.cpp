@@ -109,12 +109,12 @@ void Formatting::ShowWhatCanBeUndone(Menus& menus) const
     menus("mnuSelectAll"_L1).SetEnabled(box && !box->IsEmpty());
 }
 
-void Formatting::ShowWhetherOnLink(Menus& menus) const
+void Formatting::ShowWhetherOnLink(Menus& menus)
 {
     const int cell = m_cells.CellWithCaret();
-    const bool isOnLink = cell != 0 && !m_cells.tbDay(cell).LinkOfMenu().isEmpty();
+    m_linkOfMenu = cell == 0 ? QString() : m_cells.tbDay(cell).LinkOfMenu();
     for (const auto entry : {"mnuRMouseHyphen3"_L1, "mnuOpenLinkR"_L1})
-        menus(entry).SetVisible(isOnLink);
+        menus(entry).SetVisible(!m_linkOfMenu.isEmpty());
 }
 
 void Formatting::orlcmbFontname_Change()

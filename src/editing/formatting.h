@@ -35,8 +35,8 @@ public:
     void mnuRedo_Click();
     void mnuSelectAll_Click();
     void ShowWhatCanBeUndone(Menus& menus) const; // in the cell with the caret
-    void ShowWhetherOnLink(Menus& menus) const;   // likewise
-    void mnuOpenLinkR_Click() { CurrentBox().OpenLink(CurrentBox().LinkOfMenu()); }
+    void ShowWhetherOnLink(Menus& menus);         // likewise; at the opening of its menu
+    void mnuOpenLinkR_Click() { CurrentBox().OpenLink(m_linkOfMenu); }
 
     // The combos act on the current cell unchecked; pressing one still shows the message of fnCanFormatCell.
     void orlcmbFontname_Change();
@@ -54,4 +54,5 @@ private:
     const FormatBar& m_bar;
     const HeldDay& m_heldDay;
     FontCommand& m_fontCommand;
+    QString m_linkOfMenu; // empty if the menu was opened beside one
 };

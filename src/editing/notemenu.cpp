@@ -67,9 +67,11 @@ void AddStyle(QMenu& menu, RichTextBox& box, const StyleRow& row, const char* fo
 void AddOpenLink(QMenu& menu, RichTextBox& box)
 {
     QAction* separator = menu.addSeparator();
-    QAction* open = menu.addAction(u"Open Link\tCtrl+Enter"_s, &box, [&box] { box.OpenLink(box.LinkOfMenu()); });
+    QAction* open = menu.addAction(u"Open Link\tCtrl+Enter"_s);
     open->setObjectName(u"mnuOpenLink"_s);
+    QObject::connect(open, &QAction::triggered, &box, [open, &box] { box.OpenLink(open->data().toString()); });
     QObject::connect(&menu, &QMenu::aboutToShow, open, [separator, open, &box] {
+        open->setData(box.LinkOfMenu());
         for (QAction* action : {separator, open})
             action->setVisible(!box.LinkOfMenu().isEmpty());
     });

@@ -11,6 +11,8 @@
 
 #include <QApplication>
 
+#include <utility>
+
 namespace {
 constexpr int Pause = 300; // ms without a key; loading a dictionary stops the program for up to 200
 } // namespace
@@ -41,18 +43,16 @@ void Spelling::FollowFocus(QWidget* now)
 
 void Spelling::Enter(RichTextBox& box)
 {
-    if (!m_waiting) m_waiting = ChosenDictionaries();
-    if (!m_speller.IsLoaded() && m_waiting->empty()) return;
+    if (!std::exchange(m_isChosen, true)) m_speller.Expect(ChosenDictionaries());
+    if (!m_speller.IsLoaded() && !m_speller.IsExpecting()) return;
     m_box = &box;
     m_speller.Personal().Refresh();
     const auto wait = [this] {
         if (m_pause.isActive()) m_pause.start();
     };
     connect(&box, &RichTextBox::Change, &m_pause, wait);
-    if (m_waiting->empty())
-        Mark();
-    else
-        m_pause.start(); // no word is marked before all languages are there
+    new SpellMarks(box, m_speller); // belongs to the box
+    if (m_speller.IsExpecting()) m_pause.start();
 }
 
 void Spelling::Leave()
@@ -66,16 +66,11 @@ void Spelling::Leave()
 
 void Spelling::LoadNext()
 {
-    if (!m_box || m_waiting->empty()) return;
-    m_speller.Load(m_waiting->front());
-    m_waiting->pop_front();
-    if (!m_waiting->empty()) return m_pause.start();
-    if (m_speller.IsLoaded()) Mark();
-}
-
-void Spelling::Mark()
-{
-    if (auto* box = qobject_cast<RichTextBox*>(m_box.data())) new SpellMarks(*box, m_speller); // belongs to the box
+    auto* box = qobject_cast<RichTextBox*>(m_box.data());
+    if (!box || !m_speller.IsExpecting()) return;
+    m_speller.LoadNext();
+    if (m_speller.IsExpecting()) return m_pause.start();
+    if (SpellMarks* marks = SpellMarks::Of(*box)) marks->CheckAll();
 }
 
 void Spelling::mnuSpelling_Click()
@@ -84,6 +79,6 @@ void Spelling::mnuSpelling_Click()
     if (form.exec() != QDialog::Accepted) return;
     Leave();
     m_speller.Unload();
-    m_waiting.reset();
+    m_isChosen = false;
     FollowFocus(QApplication::focusWidget());
 }

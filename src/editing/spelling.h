@@ -8,8 +8,6 @@
 #include <QPointer>
 #include <QTimer>
 
-#include <deque>
-
 class Cells;
 
 class Spelling : public QObject
@@ -26,10 +24,9 @@ private:
     void Enter(RichTextBox& box);
     void Leave();
     void LoadNext();
-    void Mark();
 
     Speller m_speller;
-    QPointer<QWidget> m_box;                              // the note that is or will be checked
-    std::optional<std::deque<DictionaryFiles>> m_waiting; // to be loaded; empty until the first note is entered
+    QPointer<QWidget> m_box; // the note that is or will be checked
+    bool m_isChosen = false; // the speller knows its dictionaries; not before a note is entered
     QTimer m_pause;
 };

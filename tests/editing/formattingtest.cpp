@@ -2,7 +2,7 @@
 #include "platform/controls/orlcombo.h"
 #include "platform/controls/picturebutton.h"
 #include "platform/controls/toolbar.h"
-#include "platform/desktop/links.h"
+#include "platform/desktop/openlink.h"
 #include "program.h"
 #include "testmain.h"
 
@@ -170,6 +170,11 @@ private Q_SLOTS:
         QVERIFY(entryAt(6));
         m_program->Trigger("mnuOpenLinkR");
         QCOMPARE(opened, QList<QUrl>{QUrl(u"http://a.example"_s)});
+        QVERIFY(entryAt(6));
+        QMenu& menu = *m_program->Entry("mnuRightMouse").menu();
+        menu.popup({}); // as after a refusal
+        QVERIFY(!m_program->Entry("mnuOpenLinkR").isVisible());
+        menu.close();
         links::g_openerOfTest = nullptr;
     }
 
@@ -186,17 +191,6 @@ private Q_SLOTS:
         QVERIFY(box.SelLength() == 0 && bar.value() == 0 && !m_program->Panel(18).IsActive());
         box.setFocus(Qt::TabFocusReason);
         QVERIFY(box.SelStart() == 43 && bar.value() > 0);
-    }
-
-    void paragraphsAreJustified()
-    {
-        RichTextBox& box = Write(u"a line"_s);
-        for (const auto& [entry, alignment] :
-             {std::pair("mnuCenterJustify", Qt::AlignHCenter), std::pair("mnuRightJustify", Qt::AlignRight),
-              std::pair("mnuLeftJustify", Qt::AlignLeft)}) {
-            m_program->Trigger(entry);
-            QVERIFY(box.textCursor().blockFormat().alignment() & alignment);
-        }
     }
 
     // The name and size change the whole note, the colour and styles the selection.
@@ -309,21 +303,6 @@ private Q_SLOTS:
         QCOMPARE(box.SelFontSize(), shown);
     }
 
-    void anEmptiedNoteTakesTheInitialFont()
-    {
-        m_program->Type(18, u"x"_s);
-        RichTextBox& box = m_program->Box(18);
-        box.SetTextRTF("{\\rtf1{\\fonttbl{\\f0 Courier;}}\\f0\\fs40 loud}");
-        m_program->Click(20);
-        m_program->Click(18);
-        box.selectAll();
-        QTest::keyClick(&box, Qt::Key_Delete);
-        QTest::keyClicks(&box, u"quiet"_s);
-        Select(box, 0, 5);
-        QCOMPARE(box.SelFontName(), u"Arial"_s);
-        QCOMPARE(box.SelFontSize(), 8.0);
-    }
-
     void clipboardCommandsReachTheCell()
     {
         RichTextBox& box = Write(u"carry this"_s);
@@ -359,8 +338,12 @@ private Q_SLOTS:
             QCOMPARE(seen.Icon, QMessageBox::Information);
         }
         m_program->Trigger("mnuCopy");
-        m_program->Trigger("mnuCenterJustify");
-        QCOMPARE(box.textCursor().blockFormat().alignment(), Qt::AlignHCenter);
+        for (const auto& [entry, alignment] :
+             {std::pair("mnuCenterJustify", Qt::AlignHCenter), std::pair("mnuRightJustify", Qt::AlignRight),
+              std::pair("mnuLeftJustify", Qt::AlignLeft)}) {
+            m_program->Trigger(entry);
+            QVERIFY(box.textCursor().blockFormat().alignment() & alignment);
+        }
         AnswerNextBox(msgbox::Ok, &seen);
         Choose("orlcmbFontsize", u"6"_s); // shows the message and changes the size all the same
         QCOMPARE(WaitingAnswers(), 0);

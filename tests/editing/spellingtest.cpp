@@ -114,6 +114,28 @@ private Q_SLOTS:
         }
     }
 
+    // The click brings the caret. Soon after the start it does not wait for the dictionaries.
+    void suggestionsAreThereAtOnce()
+    {
+        constexpr int Other = Cell + 2;
+        m_program->Type(Other, u"a wrogn day"_s);
+        for (const bool isLoaded : {true, false}) {
+            if (isLoaded) {
+                WaitForMarks(m_program->Box(Other), 1);
+                m_program->Click(Cell);
+            } else {
+                m_program->Exit();
+                m_program->Start();
+                m_program->Open(u"notes.mdb"_s);
+            }
+            QVERIFY(!SpellMarks::Of(m_program->Box(Other)));
+            RightClickAt(m_program->Box(Other), 4);
+            QCOMPARE(Captions(RightMouse()).value(0), u"wrong"_s);
+            RightMouse().close();
+            WaitForMarks(m_program->Box(Other), 1);
+        }
+    }
+
     void wordsAreAddedAndIgnored()
     {
         RichTextBox& box = Write(u"wrogn tehn wrogn"_s);

@@ -11,6 +11,7 @@
 #include <QTextCursor>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 struct ListMark
@@ -54,13 +55,15 @@ bool IsInList(const QTextBlock& item, const ListMark& mark)
 QTextBlockFormat HangingFormat(const QTextBlock& block, const QString& mark, const QTextCharFormat& format,
                                Qt::LayoutDirection direction)
 {
-    if (Hangs(block)) return block.blockFormat();
+    if (Hangs(block)) return WithFixedDirection(block.blockFormat(), direction);
     RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
     const int width = qRound(QFontMetricsF(format.font()).horizontalAdvance(mark) * TwipsPerPixel);
     paragraph.measures[StartOf(direction)] = Outset(paragraph, direction) + width;
     paragraph.measures[RtfParagraph::First] = -width;
-    paragraph.direction = direction;
-    return ToBlockFormat(paragraph);
+    const Qt::LayoutDirection set = std::exchange(paragraph.direction, direction);
+    QTextBlockFormat hanging = ToBlockFormat(paragraph);
+    hanging.setLayoutDirection(set);
+    return WithFixedDirection(hanging, direction);
 }
 
 QTextBlockFormat PlainFormat(const QTextBlock& block)
@@ -69,8 +72,26 @@ QTextBlockFormat PlainFormat(const QTextBlock& block)
     const Qt::LayoutDirection direction = block.textDirection();
     paragraph.measures[StartOf(direction)] = Outset(paragraph, direction);
     paragraph.measures[RtfParagraph::First] = 0;
-    paragraph.direction = Qt::LayoutDirectionAuto;
+    if (HasFixedDirection(block.blockFormat())) paragraph.direction = Qt::LayoutDirectionAuto;
     return ToBlockFormat(paragraph);
+}
+
+QChar SignOf(const ListMark& mark)
+{
+    return mark.text.at(mark.text.size() - 2); // before the blank
+}
+
+// Adds this to the numbers that directly follow the mark's, in the items below.
+void Renumber(const QTextCursor& caret, const ListMark& mark, int by)
+{
+    int number = mark.number;
+    for (QTextBlock item = caret.block().next(); item.isValid() && Hangs(item); item = item.next()) {
+        const ListMark next = MarkAtStart(item.text());
+        if (next.number != ++number || SignOf(next) != SignOf(mark)) return;
+        QTextCursor digits(item);
+        digits.setPosition(item.position() + static_cast<int>(next.text.size()) - 2, QTextCursor::KeepAnchor);
+        digits.insertText(QString::number(number + by));
+    }
 }
 } // namespace
 
@@ -87,6 +108,7 @@ void ContinueList(QTextCursor& caret)
     QTextCursor(item).setBlockFormat(HangingFormat(item, mark.text, item.begin().fragment().charFormat(), direction));
     caret.setBlockFormat(next);
     caret.insertText(mark.next, format);
+    Renumber(caret, mark, 1);
     caret.endEditBlock();
 }
 
@@ -102,6 +124,21 @@ bool EndItem(QTextCursor& caret, Item kind)
     caret.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
     caret.removeSelectedText();
     if (caret.atBlockEnd()) caret.setBlockCharFormat(format);
+    Renumber(caret, mark, -1);
     caret.endEditBlock();
     return true;
+}
+
+KeptDirection::KeptDirection(const QTextCursor& caret)
+    : m_paragraph(caret.blockNumber()), m_direction(caret.block().textDirection())
+{
+}
+
+void KeptDirection::Keep(QTextCursor caret) const
+{
+    const QTextBlock item = caret.block();
+    if (!Hangs(item) || item.blockNumber() != m_paragraph || item.textDirection() == m_direction) return;
+    caret.joinPreviousEditBlock();
+    caret.setBlockFormat(WithFixedDirection(item.blockFormat(), m_direction));
+    caret.endEditBlock();
 }

@@ -1,37 +1,15 @@
 #include "platform/richtext/notelinks.h"
 
 #include "platform/richtext/addresses.h"
+#include "platform/richtext/formatruns.h"
 #include "platform/richtext/linklook.h"
 
 #include <QTextBlock>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
-// Calls visit(cursor, format) with each run of the same format selected.
-template <typename Visit>
-void VisitRuns(const QTextCursor& range, Visit visit)
-{
-    QList<QTextLayout::FormatRange> runs; // collected first, since changing formats invalidates the iterator
-    const int begin = range.selectionStart(), end = range.selectionEnd();
-    for (QTextBlock block = range.document()->findBlock(begin); block.isValid() && block.position() < end;
-         block = block.next())
-        for (auto i = block.begin(); !i.atEnd(); ++i) {
-            if (i.fragment().position() >= end) break;
-            const int from = std::max(i.fragment().position(), begin);
-            const int to = std::min(i.fragment().position() + i.fragment().length(), end);
-            if (from < to) runs.append({from, to - from, i.fragment().charFormat()});
-        }
-    QTextCursor run(range);
-    for (const auto& [position, length, format] : runs) {
-        run.setPosition(position);
-        run.setPosition(position + length, QTextCursor::KeepAnchor);
-        visit(run, format);
-    }
-}
-
 bool IsGapAt(const QString& text, qsizetype at)
 {
     return at < 0 || at >= text.size() || text[at].isSpace();
@@ -90,6 +68,23 @@ QTextCharFormat FormatAt(const QTextBlock& block, int position)
     return behind.charFormat();
 }
 
+// In order.
+QList<LinkPlace> LinksIn(const QTextBlock& paragraph)
+{
+    QList<LinkPlace> links;
+    for (auto i = paragraph.begin(); !i.atEnd(); ++i) {
+        const QString target = i.fragment().charFormat().anchorHref();
+        if (target.isEmpty()) continue;
+        const int begin = i.fragment().position(), end = begin + i.fragment().length();
+        const bool goesOn = !links.isEmpty() && links.last().end == begin && links.last().target == target;
+        if (goesOn)
+            links.last().end = end;
+        else
+            links += {begin, end, target};
+    }
+    return links;
+}
+
 bool IsLinkedTo(const QTextDocument& document, const QString& target, int begin, int end)
 {
     const auto place = LinkAt(document, begin);
@@ -115,19 +110,9 @@ std::optional<LinkPlace> LinkAt(const QTextDocument& document, int position)
 {
     const QTextBlock block = document.findBlock(position);
     if (position < 0 || !FormatAt(block, position).isAnchor()) return {};
-    std::optional<LinkPlace> place;
-    for (auto i = block.begin(); !i.atEnd(); ++i) {
-        const int begin = i.fragment().position(), end = begin + i.fragment().length();
-        const QString target = i.fragment().charFormat().anchorHref();
-        if (place && place->target == target)
-            place->end = end;
-        else if (place && place->end > position)
-            break;
-        else
-            place = {begin, end, target};
-    }
-    const bool isIn = place && !place->target.isEmpty() && place->begin <= position && position < place->end;
-    return isIn ? place : std::nullopt;
+    for (const LinkPlace& place : LinksIn(block))
+        if (place.begin <= position && position < place.end) return place;
+    return {};
 }
 
 bool IsTypedIntoLink(const QTextCursor& selection)
@@ -167,32 +152,39 @@ void MakeLinks(QTextCursor caret, int begin, int end)
     caret.endEditBlock();
 }
 
-FollowedLink::FollowedLink(const QTextCursor& caret)
-    : m_document(*caret.document()), m_characters(m_document.characterCount())
+FollowedLinks::FollowedLinks(const QTextCursor& selection, int place)
+    : m_document(*selection.document()), m_revision(m_document.revision())
 {
-    // A caret behind a link deletes its last letter.
-    for (const int at : {caret.selectionStart(), caret.selectionStart() - 1}) {
-        m_place = LinkAt(m_document, at);
-        if (m_place && ShowsItself(m_document, *m_place)) break;
-        m_place.reset();
-    }
-    if (m_place) m_place->begin = std::min(m_place->begin, caret.selectionStart());
+    QList<QTextBlock> paragraphs;
+    for (const int at : {selection.selectionStart(), selection.selectionEnd(), place})
+        if (const QTextBlock one = m_document.findBlock(at); one.isValid() && !paragraphs.contains(one))
+            paragraphs += one;
+    for (const QTextBlock& one : paragraphs)
+        AddLinksOf(one);
 }
 
-void FollowedLink::FollowText(int caret)
+void FollowedLinks::AddLinksOf(const QTextBlock& paragraph)
 {
-    if (!m_place) return;
-    const int end = m_place->end + m_document.characterCount() - m_characters;
-    // Return divides the text in two.
-    for (const int at : {caret, caret - 1, caret - 2, m_place->begin}) {
-        const auto place = LinkAt(m_document, at);
-        const bool isMeant = place && place->target == m_place->target && place->begin >= m_place->begin &&
-                             place->end <= end && !ShowsItself(m_document, *place);
-        if (isMeant) Retarget(*place);
+    const QString text = paragraph.text();
+    for (const auto& [begin, end, target] : LinksIn(paragraph))
+        m_links +=
+            {Range(QTextCursor(paragraph), begin, end), text.mid(begin - paragraph.position(), end - begin), target};
+}
+
+void FollowedLinks::FollowText()
+{
+    if (m_document.revision() == m_revision) return;
+    for (const auto& [range, text, target] : m_links) {
+        if (range.selectedText() == text || TargetOf(text) != target) continue;
+        // Return divides the text in two.
+        VisitRuns(range, [&, &target = target](const QTextCursor& run, const QTextCharFormat&) {
+            const auto place = LinkAt(m_document, run.selectionStart());
+            if (place && place->target == target && !ShowsItself(m_document, *place)) Retarget(*place);
+        });
     }
 }
 
-void FollowedLink::Retarget(const LinkPlace& place)
+void FollowedLinks::Retarget(const LinkPlace& place)
 {
     const QString target = TargetOf(TextOfPlace(m_document, place));
     QTextCursor cursor(&m_document);

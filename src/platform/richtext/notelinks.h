@@ -6,6 +6,8 @@
 
 #include <optional>
 
+class QTextBlock;
+
 // The look is taken off while the forms of a selection change, since a line or a colour of the person's is not the
 // look.
 void HideLinkLook(const QTextCursor& selection);
@@ -28,18 +30,25 @@ bool IsTypedIntoLink(const QTextCursor& selection);
 // with another text than their address are left alone.
 void MakeLinks(QTextCursor caret, int begin, int end);
 
-// A link that shows its own address still does after its text has been changed, or is none any more. To be made before
-// the change.
-class FollowedLink
+// Links that show their own address still do after their text has been changed, or are none any more. To be made before
+// a change that may reach from the selection's paragraphs into those of another place.
+class FollowedLinks
 {
 public:
-    explicit FollowedLink(const QTextCursor& caret);
-    void FollowText(int caret); // where it is now; within the undo step of the change
+    explicit FollowedLinks(const QTextCursor& selection, int place = -1);
+    void FollowText(); // within the undo step of the change, if there was one
 
 private:
+    struct Link
+    {
+        QTextCursor range; // moves with the text
+        QString text, target;
+    };
+
+    void AddLinksOf(const QTextBlock& paragraph);
     void Retarget(const LinkPlace& place);
 
     QTextDocument& m_document;
-    int m_characters;                 // before the change
-    std::optional<LinkPlace> m_place; // likewise; empty: nothing to follow
+    int m_revision; // before the change, as the links are
+    QList<Link> m_links;
 };

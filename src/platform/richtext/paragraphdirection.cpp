@@ -6,6 +6,8 @@
 #include <utility>
 
 namespace {
+constexpr int FixedDirectionProperty = QTextFormat::UserProperty + 0x505; // set by no person
+
 QTextBlockFormat Directed(const QTextBlock& block, Qt::LayoutDirection direction)
 {
     RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
@@ -16,6 +18,27 @@ QTextBlockFormat Directed(const QTextBlock& block, Qt::LayoutDirection direction
     return ToBlockFormat(paragraph);
 }
 } // namespace
+
+QTextBlockFormat WithFixedDirection(QTextBlockFormat format, Qt::LayoutDirection direction)
+{
+    if (format.layoutDirection() != Qt::LayoutDirectionAuto) return format;
+    format.setLayoutDirection(direction);
+    format.setProperty(FixedDirectionProperty, true);
+    return format;
+}
+
+bool HasFixedDirection(const QTextBlockFormat& format)
+{
+    return format.hasProperty(FixedDirectionProperty);
+}
+
+// A text from right to left has its indents at another side, so its direction is stored with them.
+Qt::LayoutDirection DirectionToStore(const QTextBlock& block)
+{
+    const Qt::LayoutDirection direction = block.blockFormat().layoutDirection();
+    const bool isUsual = direction == Qt::LeftToRight && !block.text().isRightToLeft();
+    return HasFixedDirection(block.blockFormat()) && isUsual ? Qt::LayoutDirectionAuto : direction;
+}
 
 RtfParagraph::Measure StartOf(Qt::LayoutDirection direction)
 {

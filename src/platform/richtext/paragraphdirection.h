@@ -11,5 +11,10 @@ class QTextCursor;
 // the one where their text begins.
 void SetDirection(QTextCursor selection, Qt::LayoutDirection direction);
 
+// The format with a direction of its own, if a person has set none. While the text has the same, it is not stored.
+QTextBlockFormat WithFixedDirection(QTextBlockFormat format, Qt::LayoutDirection direction);
+bool HasFixedDirection(const QTextBlockFormat& format);
+Qt::LayoutDirection DirectionToStore(const QTextBlock& block);
+
 // The side where the paragraph's text begins: an index of its measures.
 RtfParagraph::Measure StartOf(Qt::LayoutDirection direction);

@@ -110,7 +110,7 @@ public:
     void ShowBeginning();
 
     // Links that may be opened; empty if there is none there. That of the menu is under the mouse, or at the caret if a
-    // key opens the menu.
+    // key opens the menu; only while MouseDown is raised.
     QString LinkAtCaret() const;
     const QString& LinkOfMenu() const { return m_linkOfMenu; }
     void OpenLink(const QString& target); // by the desktop; tells if that cannot be
@@ -178,8 +178,11 @@ private:
     QTextCharFormat TypedFormat() const;
     QString TypedInstead(QKeyEvent& event) const;
     void Type(const QString& text);
+    void RememberTyped(const QKeyEvent& event);
+    bool IsTypedOn(const QTextCursor& caret) const;
     void KeepFormat(const QTextCharFormat& format);
     void FormatCommitted(int start, qsizetype length, const QTextCharFormat& format);
+    void KeepTypingFormat(const QTextCharFormat& format);
     template <typename Value>
     std::optional<Value> Selected(Value (*read)(const QTextCharFormat&, const QFont&)) const
     {
@@ -194,6 +197,7 @@ private:
     void FollowTypedEnd();
     void SetTypedDirection(Qt::LayoutDirection direction);
     void OpenMenuAtCaret();
+    void TellMouseDown(int button, const QPoint& globalPosition, const QString& link);
     QString LinkUnder(const QPoint& position) const; // in the viewport
     bool ShowLinkTip(const QHelpEvent& event);
     void ShowPointer(const QPoint& position, Qt::KeyboardModifiers modifiers);
@@ -215,6 +219,7 @@ private:
     std::optional<std::uint32_t> m_blankColor; // as set while the box was empty
     int m_caret = 0;                           // caret and anchor at the last SelChange
     int m_anchor = 0;
+    std::pair<int, int> m_typed{-1, -1}; // caret and revision of the document behind the last typed letter
     QString m_linkOfMenu;
     DirectionKeys m_directionKeys;
     int m_rightMargin = 0;

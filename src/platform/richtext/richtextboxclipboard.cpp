@@ -29,14 +29,14 @@ void RichTextBox::insertFromMimeData(const QMimeData* source)
     QTextCursor cursor = textCursor();
     const int begin = cursor.selectionStart();
     const int width = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
-    FollowedLink link(cursor);
+    FollowedLinks links(cursor);
     const bool isPasted = [&] {
         const WithoutLines noLines(*document());
         return Paste(*source, cursor, InitialFormat(), {.width = std::max(width, 1)});
     }();
     if (!isPasted) return TellUnpasted(*source);
     setTextCursor(cursor);
-    link.FollowText(cursor.position());
+    links.FollowText();
     // Text of a note stays as it was there.
     if (!source->hasFormat(QString::fromUtf16(NoteFormat))) MakeLinks(cursor, begin, cursor.position());
     ensureCursorVisible();
@@ -76,7 +76,9 @@ void RichTextBox::dropEvent(QDropEvent* event)
     setFocus();
     {
         const QScopedValueRollback admitted(m_admitted, true);
+        FollowedLinks links(textCursor(), cursorForPosition(event->position().toPoint()).position());
         QTextEdit::dropEvent(event);
+        links.FollowText();
     }
     auto* source = qobject_cast<RichTextBox*>(event->source() ? event->source()->parent() : nullptr);
     if (event->isAccepted() && source && source != this) source->m_moved.Dropped(m_moved);

@@ -1,4 +1,5 @@
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/listtyping.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 
@@ -157,8 +158,7 @@ void RichTextBox::mousePressEvent(QMouseEvent* event)
     const bool refused = window()->focusWidget() != this;
     m_pressed = event->button() == Qt::LeftButton && !refused;
     if (!refused) QTextEdit::mousePressEvent(event);
-    m_linkOfMenu = event->button() == Qt::RightButton ? LinkUnder(event->position().toPoint()) : QString();
-    Q_EMIT MouseDown(int(event->button()), event->globalPosition().toPoint());
+    TellMouseDown(event->button(), event->globalPosition().toPoint(), LinkUnder(event->position().toPoint()));
 }
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
@@ -187,7 +187,10 @@ void RichTextBox::mouseMoveEvent(QMouseEvent* event)
 {
     m_dragging = QGuiApplication::mouseButtons() & Qt::LeftButton;
     const int revision = document()->revision();
+    std::optional<FollowedLinks> links;
+    if (m_dragging && textCursor().hasSelection()) links.emplace(textCursor());
     QTextEdit::mouseMoveEvent(event);
+    if (links) links->FollowText();
     if (std::exchange(m_dragging, false) && !(QGuiApplication::mouseButtons() & Qt::LeftButton)) EndDrag(*event);
     m_moved.EndOfDrag(revision != document()->revision());
     if (std::exchange(m_leftInDrag, false)) ShowBeginning();
@@ -201,17 +204,6 @@ void RichTextBox::EndDrag(const QMouseEvent& event)
                         Qt::NoButton, event.modifiers());
     QTextEdit::mouseReleaseEvent(&release);
     m_pressed = false;
-}
-
-void RichTextBox::ShowBeginning()
-{
-    // The dragged text will be removed by its selection.
-    m_leftInDrag = m_dragging;
-    if (m_dragging) return;
-    QTextCursor caret = textCursor();
-    caret.clearSelection();
-    setTextCursor(caret);
-    verticalScrollBar()->setValue(0);
 }
 
 // A mouse press has raised MouseDown already. The menu key counts as a right press at the caret.
@@ -253,10 +245,13 @@ void RichTextBox::PassKey(QKeyEvent* event)
 {
     if (EndListItem(*event)) return;
     const int revision = document()->revision();
-    FollowedLink link(textCursor());
+    FollowedLinks links(textCursor());
+    const KeptDirection direction(textCursor());
     ChangeByKey(event);
     if (document()->revision() == revision || TakesBack(event)) return;
-    link.FollowText(textCursor().position());
+    links.FollowText();
+    direction.Keep(textCursor());
+    RememberTyped(*event);
     const bool isCommand = event->modifiers() & Qt::ControlModifier && !TypesTab(*event);
     if (!isCommand && !event->text().isEmpty() && event->text().back().isSpace()) FollowTypedEnd();
 }
@@ -289,10 +284,13 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
     UseTypingFormat();
     const QTextCharFormat format = TypedFormat();
     const int start = std::max(SelStart() + event->replacementStart(), 0);
-    FollowedLink link(textCursor());
+    FollowedLinks links(textCursor());
+    const KeptDirection direction(textCursor());
     QTextEdit::inputMethodEvent(event);
     FormatCommitted(start, event->commitString().size(), format);
-    if (!event->commitString().isEmpty() || erases) link.FollowText(textCursor().position());
+    links.FollowText();
+    direction.Keep(textCursor());
+    KeepTypingFormat(format);
     if (!event->commitString().isEmpty() && event->commitString().back().isSpace()) FollowTypedEnd();
     if (m_blank && !event->preeditString().isEmpty()) m_typingFormat = format; // it may just have become blank
 }

@@ -1,6 +1,7 @@
 // Links under the mouse and at the caret.
 #include "platform/desktop/links.h"
 #include "platform/desktop/msgbox.h"
+#include "platform/desktop/openlink.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/richtextbox.h"
 
@@ -24,8 +25,15 @@ QString RichTextBox::LinkAtCaret() const
 
 void RichTextBox::OpenMenuAtCaret()
 {
-    m_linkOfMenu = LinkAtCaret();
-    Q_EMIT MouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+    TellMouseDown(RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()), LinkAtCaret());
+}
+
+// The menu opens meanwhile. Another one, opened later in spite of a refusal, is not of this place.
+void RichTextBox::TellMouseDown(int button, const QPoint& globalPosition, const QString& link)
+{
+    m_linkOfMenu = link;
+    Q_EMIT MouseDown(button, globalPosition);
+    m_linkOfMenu.clear();
 }
 
 // Queued, since a key or the mouse has called.
@@ -42,7 +50,9 @@ bool RichTextBox::ShowLinkTip(const QHelpEvent& event)
 {
     const QString target = LinkUnder(event.pos());
     if (target.isEmpty()) return false;
-    const QString tip = u"<nobr>%1</nobr><br>Ctrl+click to open"_s.arg(links::Shown(target).toHtmlEscaped());
+    // An address has places where a line may break.
+    const QString tip =
+        u"<p style='white-space:pre'>%1<br>Ctrl+click to open</p>"_s.arg(links::Shown(target).toHtmlEscaped());
     QToolTip::showText(event.globalPos(), tip, viewport());
     return true;
 }

@@ -5,6 +5,7 @@
 #include "platform/richtext/selectionformat.h"
 #include "platform/runtime/runtimeerror.h"
 
+#include <QScrollBar>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -137,6 +138,17 @@ void RichTextBox::SetSelLength(int length)
     setTextCursor(cursor);
 }
 
+void RichTextBox::ShowBeginning()
+{
+    // The dragged text will be removed by its selection.
+    m_leftInDrag = m_dragging;
+    if (m_dragging) return;
+    QTextCursor caret = textCursor();
+    caret.clearSelection();
+    setTextCursor(caret);
+    verticalScrollBar()->setValue(0);
+}
+
 void RichTextBox::Replace(int start, int length, const QString& by)
 {
     if (Locked() || !AdmitsPaste()) return;
@@ -145,5 +157,7 @@ void RichTextBox::Replace(int start, int length, const QString& by)
     const QTextCharFormat format = replaced.charFormat();
     replaced.setPosition(start);
     replaced.setPosition(start + length, QTextCursor::KeepAnchor);
+    FollowedLinks links(replaced);
     replaced.insertText(by, format);
+    links.FollowText();
 }

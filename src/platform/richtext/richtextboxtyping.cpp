@@ -1,5 +1,6 @@
 // The format of typed text, and what follows from typing by itself.
 #include "platform/richtext/layoutcost.h"
+#include "platform/richtext/linklook.h"
 #include "platform/richtext/listtyping.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/paragraphdirection.h"
@@ -53,7 +54,7 @@ void RichTextBox::Type(const QString& text)
     QTextCursor cursor = textCursor();
     std::optional<WithoutLines> noLines;
     if (cursor.hasSelection()) noLines.emplace(*document());
-    cursor.beginEditBlock();
+    IsTypedOn(cursor) ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
     cursor.removeSelectedText();
     // This may leave an empty paragraph behind.
     if (cursor.atBlockStart() && text.front() == QChar::ParagraphSeparator) cursor.setBlockCharFormat(format);
@@ -62,6 +63,17 @@ void RichTextBox::Type(const QString& text)
     noLines.reset();
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+void RichTextBox::RememberTyped(const QKeyEvent& event)
+{
+    if (TypesCharacter(event)) m_typed = {textCursor().position(), document()->revision()};
+}
+
+// Letters typed into a link one after the other are one step of undo, as those that the toolkit types are.
+bool RichTextBox::IsTypedOn(const QTextCursor& caret) const
+{
+    return Modified() && !caret.hasSelection() && m_typed == std::pair(caret.position(), document()->revision());
 }
 
 // For a paragraph whose text has been deleted. A blank box has its own format.
@@ -74,19 +86,24 @@ void RichTextBox::KeepFormat(const QTextCharFormat& format)
     cursor.endEditBlock();
 }
 
-// The toolkit discards the caret's format when an input method commits, and a selection when the method begins to show
-// text.
 void RichTextBox::FormatCommitted(int start, qsizetype length, const QTextCharFormat& format)
 {
-    if (length > 0) {
-        QTextCursor committed(document());
-        committed.joinPreviousEditBlock();
-        committed.setPosition(start);
-        committed.setPosition(start + static_cast<int>(length), QTextCursor::KeepAnchor);
-        committed.setCharFormat(format);
-        committed.endEditBlock();
-    }
-    if (!textCursor().hasSelection()) setCurrentCharFormat(format);
+    if (length == 0) return;
+    QTextCursor committed(document());
+    committed.joinPreviousEditBlock();
+    committed.setPosition(start);
+    committed.setPosition(start + static_cast<int>(length), QTextCursor::KeepAnchor);
+    committed.setCharFormat(format);
+    committed.endEditBlock();
+}
+
+// The toolkit discards the caret's format when an input method commits, and a selection when the method begins to show
+// text. The link there may have another target by now.
+void RichTextBox::KeepTypingFormat(const QTextCharFormat& format)
+{
+    if (textCursor().hasSelection()) return;
+    const auto link = LinkAt(*document(), textCursor().position() - 1);
+    setCurrentCharFormat(format.isAnchor() && link ? LinkFormat(format, link->target) : WithoutLink(format));
 }
 
 // Return on an item without text ends a list, and Backspace before an item's text takes its mark away.

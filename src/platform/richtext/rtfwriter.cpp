@@ -1,5 +1,6 @@
 #include "platform/richtext/rtfwriter.h"
 
+#include "platform/richtext/paragraphdirection.h"
 #include "platform/richtext/rtffield.h"
 #include "platform/richtext/rtfformat.h"
 #include "platform/richtext/rtfoutput.h"
@@ -110,7 +111,7 @@ QByteArray Writer::Take()
 void Writer::WriteBlock(const QTextBlock& block, int begin, int end)
 {
     if (!m_link.isEmpty() && !Begins(block, m_link)) WriteLink({}); // before this paragraph's formats
-    if (block.blockFormatIndex() != m_paragraphFormat) WriteParagraph(block);
+    if (block.blockFormatIndex() != m_paragraphFormat || HasFixedDirection(block.blockFormat())) WriteParagraph(block);
     if (block.length() == 1) return WriteCharacter(FormatAt(block));
     const QString text = block.text();
     // Counted here, since a fragment's position() is slow.
@@ -133,7 +134,8 @@ void Writer::EndParagraph()
 
 void Writer::WriteParagraph(const QTextBlock& block)
 {
-    const RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    RtfParagraph paragraph = ToRtfParagraph(block.blockFormat());
+    paragraph.direction = DirectionToStore(block);
     if (m_paragraphFormat < 0 || paragraph != m_paragraph) WriteFormats(paragraph);
     m_paragraph = paragraph;
     m_paragraphFormat = block.blockFormatIndex();

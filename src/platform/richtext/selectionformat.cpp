@@ -1,12 +1,11 @@
 #include "platform/richtext/selectionformat.h"
 
 #include "platform/look/colorvalue.h"
+#include "platform/richtext/formatruns.h"
 #include "platform/richtext/linklook.h"
 #include "platform/richtext/notelinks.h"
 #include "platform/richtext/rtfpicture.h"
 #include "platform/richtext/rtfsymbols.h"
-
-#include <QTextLayout>
 
 #include <algorithm>
 #include <array>
@@ -98,28 +97,20 @@ void SpellOutFormats(QTextDocument& document, int start, int end, const QTextCha
 {
     if (end <= start) return;
     const QFont defaultFont = base.font();
-    QTextCursor cursor(&document);
-    cursor.joinPreviousEditBlock();
-    for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;
-         block = block.next()) {
-        QList<QTextLayout::FormatRange> runs; // collected first, since changing formats invalidates the iterator
-        for (auto i = block.begin(); !i.atEnd(); ++i) {
-            runs.append({i.fragment().position(), i.fragment().length(), i.fragment().charFormat()});
-        }
-        for (const auto& [position, length, format] : runs) {
-            const bool inside = position < end && position + length > start;
-            if (!inside || format.objectType() != QTextFormat::NoObject) continue;
-            QTextCharFormat whole = base;
-            whole.merge(format);
-            whole.setFontPointSize(FontSize(format, defaultFont));
-            whole.clearProperty(QTextFormat::FontPixelSize);
-            whole.clearProperty(QTextFormat::FontSizeAdjustment);
-            cursor.setPosition(std::max(position, start));
-            cursor.setPosition(std::min(position + length, end), QTextCursor::KeepAnchor);
-            cursor.setCharFormat(whole);
-        }
-    }
-    cursor.endEditBlock();
+    QTextCursor range(&document);
+    range.joinPreviousEditBlock();
+    range.setPosition(start);
+    range.setPosition(end, QTextCursor::KeepAnchor);
+    VisitRuns(range, [&](QTextCursor& run, const QTextCharFormat& format) {
+        if (format.objectType() != QTextFormat::NoObject) return;
+        QTextCharFormat whole = base;
+        whole.merge(format);
+        whole.setFontPointSize(FontSize(format, defaultFont));
+        whole.clearProperty(QTextFormat::FontPixelSize);
+        whole.clearProperty(QTextFormat::FontSizeAdjustment);
+        run.setCharFormat(whole);
+    });
+    range.endEditBlock();
 }
 
 QTextCharFormat BoldFormat(bool bold)

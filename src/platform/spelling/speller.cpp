@@ -20,9 +20,16 @@ bool Speller::Load(const DictionaryFiles& files)
     return true;
 }
 
+void Speller::LoadNext()
+{
+    Load(m_expected.front());
+    m_expected.pop_front();
+}
+
 // Many small pieces were freed, which the allocator would keep.
 void Speller::Unload()
 {
+    m_expected.clear();
     m_dictionaries.clear();
     ::malloc_trim(0);
 }

@@ -4,6 +4,8 @@
 #include "platform/spelling/dictionary.h"
 #include "platform/spelling/personalwords.h"
 
+#include <deque>
+
 class Speller
 {
 public:
@@ -11,6 +13,9 @@ public:
 
     bool Load(const DictionaryFiles& files); // false: the dictionary is left out
     void Unload();                           // gives their memory back: 8 MB for a usual one
+    void Expect(std::deque<DictionaryFiles> files) { m_expected = std::move(files); } // to be loaded one by one
+    bool IsExpecting() const { return !m_expected.empty(); }
+    void LoadNext();
     bool IsLoaded() const { return !m_dictionaries.empty(); }
 
     // Words are plain (words.h). Also true for a word in letters that no loaded dictionary has.
@@ -22,6 +27,7 @@ public:
 private:
     bool IsAccepted(const QString& word) const;
 
+    std::deque<DictionaryFiles> m_expected;
     std::vector<std::unique_ptr<Dictionary>> m_dictionaries;
     PersonalWords m_personal;
     QSet<QString> m_ignored;

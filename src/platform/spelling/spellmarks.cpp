@@ -105,6 +105,7 @@ bool SpellMarks::IsShown(const TextSpan& word) const
 
 void SpellMarks::CheckSlice()
 {
+    if (m_speller.IsExpecting()) return; // no word is marked before all languages are there
     const QDeadlineTimer end(Slice);
     while (!m_unchecked.empty() && !end.hasExpired()) {
         TextSpan& rest = m_unchecked.front();
@@ -115,6 +116,15 @@ void SpellMarks::CheckSlice()
             m_unchecked.pop_front();
     }
     if (!m_unchecked.empty()) m_next.start();
+}
+
+void SpellMarks::CheckNow(int position)
+{
+    if (m_speller.IsExpecting()) CheckAll();
+    while (m_speller.IsExpecting())
+        m_speller.LoadNext();
+    TextSpan place{position, position};
+    CheckParagraph(m_box.document()->findBlock(position), place, QDeadlineTimer(QDeadlineTimer::Forever));
 }
 
 void SpellMarks::CheckParagraph(const QTextBlock& block, TextSpan& rest, const QDeadlineTimer& end)

@@ -21,7 +21,8 @@ class SpellMarks : public QObject
     Q_OBJECT
 
 public:
-    // Belongs to the box. Checks the text in slices between events: first what is shown, later what changes.
+    // Belongs to the box. Checks the text in slices between events: first what is shown, later what changes. As long as
+    // the speller expects dictionaries, nothing is checked.
     SpellMarks(RichTextBox& box, Speller& speller);
     static SpellMarks* Of(const RichTextBox& box); // null if it has none
     void CheckAll();                               // again; the words that count as known have changed
@@ -30,14 +31,16 @@ public:
     const std::vector<TextSpan>& Unknown() const { return m_words; } // as far as it is checked; in order
     bool IsChecking() const { return !m_unchecked.empty(); }
     Speller& Words() const { return m_speller; }
-    // The unknown word at this place of the screen, also if it is just being typed.
-    std::optional<TextSpan> WordAt(const QPoint& globalPosition) const;
+    // The unknown word at this place of the screen, also if it is just being typed. It is checked now, and expected
+    // dictionaries are loaded for it.
+    std::optional<TextSpan> WordAt(const QPoint& globalPosition);
     QString TextOf(const TextSpan& word) const;
 
 private:
     void FollowChange(int position, int removed, int added);
     void FollowCaret();
     void CheckSlice();
+    void CheckNow(int position);
     void CheckParagraph(const QTextBlock& block, TextSpan& rest, const QDeadlineTimer& end);
     std::vector<TextSpan> UnknownIn(QStringView text, const TextSpan& part, int position);
     bool Put(const std::vector<TextSpan>& words, const TextSpan& place);

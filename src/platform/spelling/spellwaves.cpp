@@ -100,10 +100,11 @@ void SpellMarks::PaintLine(QPainter& painter, const QTextBlock& block, const QTe
             DrawWave(painter, place);
 }
 
-std::optional<TextSpan> SpellMarks::WordAt(const QPoint& globalPosition) const
+std::optional<TextSpan> SpellMarks::WordAt(const QPoint& globalPosition)
 {
     constexpr int Slack = 2; // pixels; the caret may stand behind the last letter
     const QPoint point = m_box.viewport()->mapFromGlobal(globalPosition);
+    CheckNow(At(point));
     const QTextBlock block = m_box.document()->findBlock(At(point));
     const QPointF inBlock = point - PlaceOf(block).topLeft();
     for (auto word = std::ranges::lower_bound(m_words, At(point), {}, &TextSpan::end);

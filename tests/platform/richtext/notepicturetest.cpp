@@ -90,17 +90,6 @@ private Q_SLOTS:
         QCOMPARE(document.revision(), revision);
     }
 
-    void TextBehindAPictureIsText()
-    {
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        QVERIFY(InsertPicture(cursor, Sample(), {}));
-        cursor.insertText(u"after"_s);
-        QCOMPARE(WriteRtf(document).count("\\pict"), 1);
-        QVERIFY(WriteRtf(document).contains("after"));
-        QVERIFY(!OnlyPicture(Selection(document, 1, 2)));
-    }
-
     void OnlyPictureIsThatAlone()
     {
         const std::tuple<const char*, int, int, bool> rows[] = {
