@@ -80,7 +80,7 @@ void WordSearch::Take(const QString& key, const QByteArray& stored, std::vector<
 void WordSearch::ReadPage()
 {
     const auto rows = m_walk.Next();
-    for (const QVariantList& row : rows)
+    for (const auto& row : rows)
         Take(row[0].toString(), row[1].toByteArray(), m_batch);
     m_isDone = rows.empty();
 }

@@ -27,19 +27,19 @@ TableWalk::TableWalk(const Database& database, const QString& table, const QStri
     m_last = LastId(store, whole);
 }
 
-std::vector<QVariantList> TableWalk::Next()
+std::vector<std::vector<QVariant>> TableWalk::Next()
 {
     const auto state = m_database.lock();
     if (m_rows == 0) return {};
     if (!state || !state->store) throw engineerrors::ErrorOf(engineerrors::ObjectClosed);
-    const std::vector<Store::Row> page = state->store->Page(m_table, m_after, m_rows);
+    std::vector<Store::Row> page = state->store->Page(m_table, m_after, m_rows);
     const bool isLast = static_cast<int>(page.size()) < m_rows;
     if (!page.empty()) m_after = page.back().id;
     m_rows = isLast ? 0 : NextRows(page);
-    std::vector<QVariantList> rows;
+    std::vector<std::vector<QVariant>> rows;
     rows.reserve(page.size());
-    for (const Store::Row& row : page)
-        rows.emplace_back(row.values.begin(), row.values.end());
+    for (Store::Row& row : page)
+        rows.push_back(std::move(row.values));
     return rows;
 }
 

@@ -14,7 +14,7 @@ public:
 
     // The values of the next rows, in order of insertion; none at the end. Each page is a short wait, for a server too.
     // Does not keep the database open: Closed once it is closed.
-    std::vector<QVariantList> Next();
+    std::vector<std::vector<QVariant>> Next();
     double Done() const; // from 0 to 1
 
 private:

@@ -4,6 +4,8 @@
 #include "platform/richtext/rtfsymbols.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -191,6 +193,18 @@ struct RtfMachine::Actions
     }
 };
 
+// A note is mostly such words. They are short, so their first bytes are a good number already, and a general hash took
+// longer than the rest of the look-up.
+struct HashOfWord
+{
+    std::size_t operator()(std::string_view name) const
+    {
+        std::uint64_t bytes = name.size();
+        std::memcpy(&bytes, name.data(), std::min(name.size(), sizeof bytes));
+        return (bytes * 0x9E3779B97F4A7C15) >> 32;
+    }
+};
+
 class RtfMachine::Table : Actions
 {
 public:
@@ -325,7 +339,7 @@ private:
             m_words.emplace(names[place].word, Word{act, valueAt(place)}); // the first entry of a word counts
     }
 
-    std::unordered_map<std::string_view, Word> m_words;
+    std::unordered_map<std::string_view, Word, HashOfWord> m_words;
 };
 
 const RtfMachine::Word* RtfMachine::Find(QByteArrayView name)
