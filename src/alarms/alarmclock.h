@@ -20,6 +20,7 @@ public:
     void tmAlarm_Timer();         // ticks every ten seconds; shows what is due and waits until its window is closed
 
 private:
+    void Follow(bool isOver);
     void Check();
     void RingPutOff();
     bool Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff); // false: the program ends

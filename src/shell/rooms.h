@@ -70,6 +70,7 @@ struct Rooms
         opening.SetOnChange([this](bool isOpen) {
             noPlanner.Follow(isOpen);
             findWord.FollowPlanner();
+            alarmLists.Unload();
             alarmClock.FollowPlanner();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
@@ -142,7 +143,7 @@ struct Rooms
     ListPrinting listPrinting{printer, foot};
     HitCell alarmCell{controls.cells, turn, redraw, m_pCalendarView, navigation};
     PutOffAlarms putOffAlarms{folders::ApplicationDirectory() + u"/alarms.json"_s};
-    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms};
+    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms, [this] { missedAlarms.Seen(); }};
     MissedAlarms missedAlarms{folders::ApplicationDirectory() + u"/heardalarms.json"_s,
                               [this](const auto& missed) { alarmLists.ShowMissed(missed); }};
     AlarmClock alarmClock{*controls.client, putOffAlarms, missedAlarms};
