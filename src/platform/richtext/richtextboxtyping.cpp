@@ -65,6 +65,21 @@ void RichTextBox::Type(const QString& text)
     ensureCursorVisible();
 }
 
+// The toolkit deletes a single letter without a step that the link's new address could join.
+bool RichTextBox::DeleteLetterOfLink(QKeyEvent& event)
+{
+    QTextCursor caret = textCursor();
+    const bool isBack = event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier);
+    if (Locked() || caret.hasSelection() || !(isBack || event.matches(QKeySequence::Delete))) return false;
+    if (!LinkAt(*document(), caret.position() - (isBack ? 1 : 0))) return false;
+    caret.beginEditBlock();
+    isBack ? caret.deletePreviousChar() : caret.deleteChar();
+    caret.endEditBlock();
+    setTextCursor(caret);
+    ensureCursorVisible();
+    return true;
+}
+
 void RichTextBox::RememberTyped(const QKeyEvent& event)
 {
     if (TypesCharacter(event)) m_typed = {textCursor().position(), document()->revision()};

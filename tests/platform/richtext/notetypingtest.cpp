@@ -45,14 +45,14 @@ struct Typing
         box.setFocus();
     }
 
-    // "$" is Return, "<" Backspace, "|" Shift+Return, "Z" Ctrl+Z, "^" Home, "{" and "}" left and right. Letters beyond
-    // ASCII come by an input method.
+    // "$" is Return, "<" Backspace, "|" Shift+Return, "Z" Ctrl+Z, "^" Home, "{" and "}" left and right,
+    // ">" Delete. Letters beyond ASCII come by an input method.
     void Keys(const QString& keys)
     {
         static const QHash<QChar, QKeyCombination> named{
             {u'$', Qt::Key_Return},       {u'<', Qt::Key_Backspace}, {u'|', Qt::SHIFT | Qt::Key_Return},
             {u'Z', Qt::CTRL | Qt::Key_Z}, {u'^', Qt::Key_Home},      {u'{', Qt::Key_Left},
-            {u'}', Qt::Key_Right}};
+            {u'}', Qt::Key_Right},        {u'>', Qt::Key_Delete}};
         for (const QChar key : keys)
             if (named.contains(key))
                 QTest::keyClick(&box, named[key].key(), named[key].keyboardModifiers());
@@ -166,6 +166,8 @@ private Q_SLOTS:
                                     {"divided", u"http://a.b/c {{{$"_s, u"[http://a.b]//c "_s},
                                     {"no address any more", u"http://a.b ^}}}}<<<"_s, u"h://a.b "_s},
                                     {"shortened", u"http://a.bcd {<<"_s, u"[http://a.b] "_s},
+                                    {"that taken back", u"http://a.bcd {<Z"_s, u"[http://a.bcd] "_s},
+                                    {"Delete taken back", u"http://a.bcd {{>Z"_s, u"[http://a.bcd] "_s},
                                     {"removed", u"http://a.b {<<<<<<<<<<x y "_s, u"x y  "_s}}) {
             const InRow inRow(this, name);
             Typing typing;
