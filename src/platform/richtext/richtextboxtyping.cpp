@@ -54,7 +54,8 @@ void RichTextBox::Type(const QString& text)
     QTextCursor cursor = textCursor();
     std::optional<WithoutLines> noLines;
     if (cursor.hasSelection()) noLines.emplace(*document());
-    IsTypedOn(cursor) ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
+    const bool endsLine = text.front() == QChar::ParagraphSeparator || text.front() == QChar::LineSeparator;
+    IsTypedOn(cursor) && !endsLine ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
     cursor.removeSelectedText();
     // This may leave an empty paragraph behind.
     if (cursor.atBlockStart() && text.front() == QChar::ParagraphSeparator) cursor.setBlockCharFormat(format);

@@ -46,13 +46,13 @@ struct Typing
     }
 
     // "$" is Return, "<" Backspace, "|" Shift+Return, "Z" Ctrl+Z, "^" Home, "{" and "}" left and right,
-    // ">" Delete. Letters beyond ASCII come by an input method.
+    // ">" Delete, "~" Shift+Left. Letters beyond ASCII come by an input method.
     void Keys(const QString& keys)
     {
         static const QHash<QChar, QKeyCombination> named{
             {u'$', Qt::Key_Return},       {u'<', Qt::Key_Backspace}, {u'|', Qt::SHIFT | Qt::Key_Return},
             {u'Z', Qt::CTRL | Qt::Key_Z}, {u'^', Qt::Key_Home},      {u'{', Qt::Key_Left},
-            {u'}', Qt::Key_Right},        {u'>', Qt::Key_Delete}};
+            {u'}', Qt::Key_Right},        {u'>', Qt::Key_Delete},    {u'~', Qt::SHIFT | Qt::Key_Left}};
         for (const QChar key : keys)
             if (named.contains(key))
                 QTest::keyClick(&box, named[key].key(), named[key].keyboardModifiers());
@@ -163,6 +163,8 @@ private Q_SLOTS:
                                     {"typed into", u"http://a.b {{xy"_s, u"[http://a.xyb] "_s},
                                     {"one step of undo", u"http://a.b {{xyZ"_s, u"[http://a.b] "_s},
                                     {"another step", u"http://a.b {{x<yZ"_s, u"[http://a.b] "_s},
+                                    {"Return is one", u"http://a.b {{x|ZZ"_s, u"[http://a.xb] "_s},
+                                    {"behind a replaced word", u"ab~~x$Z"_s, u"x"_s},
                                     {"divided", u"http://a.b/c {{{$"_s, u"[http://a.b]//c "_s},
                                     {"no address any more", u"http://a.b ^}}}}<<<"_s, u"h://a.b "_s},
                                     {"shortened", u"http://a.bcd {<<"_s, u"[http://a.b] "_s},
