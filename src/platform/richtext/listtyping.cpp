@@ -44,10 +44,14 @@ int Outset(const RtfParagraph& paragraph, Qt::LayoutDirection direction)
     return std::max(paragraph.measures[StartOf(direction)] + paragraph.measures[RtfParagraph::First], 0);
 }
 
-// "24. December" is a date: a list with numbers begins with 1.
-bool IsInList(const QTextBlock& item, const ListMark& mark)
+// "24. December" is a date, also below "23. Birthday": a list with numbers begins with 1.
+bool IsInList(QTextBlock item, const ListMark& mark)
 {
-    return mark.number <= 1 || Hangs(item) || MarkAtStart(item.previous().text()).number == mark.number - 1;
+    for (int number = mark.number; number > 1 && !Hangs(item);) {
+        item = item.previous();
+        if (MarkAtStart(item.text()).number != --number) return false;
+    }
+    return true;
 }
 
 // An item that hangs already keeps its form, and gives it to the next one. The direction is fixed, since a mark has

@@ -384,6 +384,7 @@ private Q_SLOTS:
                                     {"the end taken back", u"- a$$Z"_s, u"_- a/_- "_s},
                                     {"the mark taken back", u"- a$Z"_s, u"- a/"_s},
                                     {"and typed on", u"- a$Zb$c"_s, u"- a/b/c"_s},
+                                    {"the next number typed", u"1. a$Z2. b$c"_s, u"1. a/_2. b/_3. c"_s},
                                     {"the mark removed", u"- a$b^}}<"_s, u"_- a/b"_s},
                                     {"that taken back", u"- a$b^}}<Z"_s, u"_- a/_- b"_s},
                                     {"Backspace in the text", u"- a$bc<"_s, u"_- a/_- b"_s},
@@ -392,8 +393,8 @@ private Q_SLOTS:
                                     {"a line in the item", u"- a|b$c"_s, u"_- a|b/_- c"_s},
                                     {"before the mark", u"- a^$"_s, u"/- a"_s},
                                     {"a mark alone", u"- $x"_s, u"- /x"_s},
-                                    {"no lists", u"10:30 Dentist$1.5 km$-5$-$2026. a$a) b$24. c$x"_s,
-                                     u"10:30 Dentist/1.5 km/-5/-/2026. a/a) b/24. c/x"_s},
+                                    {"no lists", u"10:30 Dentist$1.5 km$-5$-$2026. a$a) b$23. c$24. d$x"_s,
+                                     u"10:30 Dentist/1.5 km/-5/-/2026. a/a) b/23. c/24. d/x"_s},
                                     {"with a link", u"- http://a.b$x"_s, u"_- http://a.b/_- x"_s}}) {
             const InRow inRow(this, name);
             Typing typing;
