@@ -421,6 +421,23 @@ private Q_SLOTS:
         QVERIFY2(qAbs(text - below) < 1, qPrintable(u"%1 %2"_s.arg(text).arg(below)));
     }
 
+    void numbersOfOtherPrograms()
+    {
+        for (const auto& [name, items, keys, lists] : Rows<QString, QString, QString>{
+                 {"with zeros", u"01. a/02. b"_s, u"}}}}}$x"_s, u"_01. a/_02. x/_03. b"_s},
+                 {"one more digit", u"09. a/10. b"_s, u"}}}}}$x"_s, u"_09. a/_10. x/_11. b"_s},
+                 {"one less digit", u"09. a/10. b/11. c"_s, u"}}}}<"_s, u"a/_09. b/_10. c"_s},
+                 {"without zeros", u"9. a/10. b"_s, u"}}}<"_s, u"a/_9. b"_s},
+                 {"the last one", u"999. a"_s, u"}}}}}}$x"_s, u"_999. a/_x"_s},
+                 {"the last one below", u"998. a/999. b"_s, u"}}}}}}$x"_s, u"_998. a/_999. x/_999. b"_s}}) {
+            const InRow inRow(this, name);
+            Typing typing;
+            typing.box.SetTextRTF("{\\rtf1\\fi-100\\li100 " + items.toLatin1().replace('/', "\\par ") + "}");
+            typing.Keys(keys);
+            QCOMPARE(typing.Lists(), lists);
+        }
+    }
+
     // Else it would be stored as more of the picture.
     void textBesideAPictureIsText()
     {
