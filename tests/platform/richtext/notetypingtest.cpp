@@ -273,6 +273,27 @@ private Q_SLOTS:
         QCOMPARE(WriteRtf(read), written);
     }
 
+    // They show their address, too: browsers end a host with a stroke and leave its beginning out.
+    void linksOfBrowsers()
+    {
+        for (const auto& [name, text, target, keys, links] : Rows<QString, QString, QString, QString>{
+                 {"a stroke", u"http://a.b"_s, u"http://a.b/"_s, u"}}}}}}}}x"_s, u"[http://ax.b]"_s},
+                 {"no beginning", u"www.a.bc"_s, u"https://www.a.bc/"_s, u"}}}}}x"_s,
+                  u"[www.ax.bc>http://www.ax.bc]"_s},
+                 {"unchanged", u"www.a.bc"_s, u"https://www.a.bc/"_s, u"}}}}}}}} "_s,
+                  u"[www.a.bc>https://www.a.bc/] "_s},
+                 {"another one", u"https://a.b"_s, u"http://a.b"_s, u"}}}}}}}}}x"_s, u"[https://ax.b>http://a.b]"_s},
+                 {"another page", u"http://a.b"_s, u"http://a.b/c/"_s, u"}}}}}}}}x"_s,
+                  u"[http://ax.b>http://a.b/c/]"_s}}) {
+            const InRow inRow(this, name);
+            Typing typing;
+            const QString field = u"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"%1\"}{\\fldrslt %2}}}"_s;
+            typing.box.SetTextRTF(field.arg(target, text).toLatin1());
+            typing.Keys(keys);
+            QCOMPARE(typing.Links(), links);
+        }
+    }
+
     void pastedAddressesBecomeLinks()
     {
         for (const auto& [name, format, text, links] : Rows<QString, QString, QString>{
