@@ -141,6 +141,11 @@ bool EndItem(QTextCursor& caret, Item kind)
     return true;
 }
 
+bool KeptDirection::IsNeeded(const QTextCursor& caret)
+{
+    return Hangs(caret.block()) && caret.blockFormat().layoutDirection() == Qt::LayoutDirectionAuto;
+}
+
 KeptDirection::KeptDirection(const QTextCursor& caret)
     : m_paragraph(caret.blockNumber()), m_direction(caret.block().textDirection())
 {

@@ -178,7 +178,7 @@ private:
     QTextCharFormat TypedFormat() const;
     QString TypedInstead(QKeyEvent& event) const;
     void Type(const QString& text);
-    bool DeleteLetterOfLink(QKeyEvent& event);
+    bool DeleteLetter(QKeyEvent& event);
     void RememberTyped(const QKeyEvent& event);
     bool IsTypedOn(const QTextCursor& caret) const;
     void KeepFormat(const QTextCharFormat& format);

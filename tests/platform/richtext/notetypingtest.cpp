@@ -533,6 +533,15 @@ private Q_SLOTS:
         QCOMPARE(list.box.document()->begin().textDirection(), Qt::LeftToRight); // where its indent is
         list.Keys(u"ZZ"_s);
         QCOMPARE(list.box.document()->begin().blockFormat().layoutDirection(), Qt::LayoutDirectionAuto);
+        for (const auto& [item, key, text] :
+             {std::tuple("- ", u"\u05e9"_s, u"- "_s), {"- a\\u1513 ?", u"\x7f"_s, u"- a\u05e9"_s}}) {
+            list.box.SetTextRTF(QByteArray("{\\rtf1\\fi-100\\li100 ") + item + "}");
+            list.Keys(u"}}"_s);
+            QTest::sendKeyEvent(QTest::Click, &list.box, key == u"\x7f" ? Qt::Key_Delete : Qt::Key_unknown, key, {});
+            QCOMPARE(list.box.document()->begin().textDirection(), Qt::LeftToRight);
+            list.Keys(u"Z"_s);
+            QCOMPARE(list.box.Text(), text);
+        }
         // Its end leaves only a direction that was set by hand.
         for (const bool isSet : {false, true}) {
             Typing ended;
