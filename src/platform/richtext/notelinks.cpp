@@ -180,8 +180,10 @@ FollowedLinks::FollowedLinks(const QTextCursor& selection, int place)
 
 void FollowedLinks::AddLinksOf(const QTextBlock& paragraph)
 {
+    const QList<LinkPlace> links = LinksIn(paragraph);
+    if (links.isEmpty()) return; // as in most notes; the text is not copied
     const QString text = paragraph.text();
-    for (const auto& [begin, end, target] : LinksIn(paragraph))
+    for (const auto& [begin, end, target] : links)
         m_links +=
             {Range(QTextCursor(paragraph), begin, end), text.mid(begin - paragraph.position(), end - begin), target};
 }
