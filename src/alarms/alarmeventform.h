@@ -20,8 +20,8 @@ class AlarmEventForm : public QDialog
     Q_OBJECT
 
 public:
-    // isAgain: the alarm was put off. typedInto is the widget that has the focus, or null. It
-    // may be deleted while the window is open.
+    // isAgain: the alarm was put off. typedInto is the widget that has the focus, or null. It may be deleted while the
+    // window is open.
     AlarmEventForm(const Alarm& alarm, bool isAgain, QScreen* screen, QWidget* typedInto);
 
     // Plays the tune once the window is shown. If that fails, a message follows after half a second without a key.
