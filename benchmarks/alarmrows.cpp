@@ -1,6 +1,8 @@
 #include "alarms/alarmclock.h"
+#include "alarms/alarmfiles.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
+#include "alarms/openplanneralarms.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
@@ -66,9 +68,10 @@ struct AlarmPlanner
 void AddAlarmRows(const TakeRow& add, QWidget& client)
 {
     static std::unique_ptr<AlarmPlanner> planner;
-    static PutOffAlarms putOff(folders::ApplicationDirectory() + u"/alarms.json"_s);
-    static MissedAlarms missed(folders::ApplicationDirectory() + u"/heardalarms.json"_s, [](const auto&) {});
-    static AlarmClock clock(client, putOff, missed);
+    static PutOffAlarms putOff(alarmfiles::PutOff());
+    static OpenPlannerAlarms source;
+    static MissedAlarms missed(source, alarmfiles::Heard(), [](const auto&) {});
+    static AlarmClock clock(source, &client, putOff, missed);
     static bool found = false;
     const auto make = [] {
         if (!planner) planner = std::make_unique<AlarmPlanner>();

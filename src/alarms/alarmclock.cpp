@@ -6,26 +6,12 @@
 #include "alarms/alarmspan.h"
 #include "alarms/tunes.h"
 #include "platform/desktop/clock.h"
-#include "platform/engine/database.h"
 #include "platform/runtime/durablefile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
-#include "state/moddate.h"
-#include "state/plannerstate.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>
-
-namespace {
-std::vector<Alarm> DueAt(const QDate& today, const QString& minute)
-{
-    if (g_rsAlarm.IsNothing()) return {}; // an older planner without the alarm table
-    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return {};
-    const ReadTransaction reading(g_dbPlanner);
-    const QString key = KeyOf({today.year(), today.month(), today.day()});
-    return DueAlarms(g_rsAlarm, key, minute, Read(settings::AllAlarms) != 0);
-}
-} // namespace
 
 void AlarmClock::FollowPlanner()
 {
@@ -34,13 +20,13 @@ void AlarmClock::FollowPlanner()
 
 void AlarmClock::mnuAlarmOptions_Click()
 {
-    if (AlarmOptionsForm(m_client.window()).exec() == QDialog::Accepted) FollowPlanner();
+    if (AlarmOptionsForm(m_client->window()).exec() == QDialog::Accepted) FollowPlanner();
 }
 
 void AlarmClock::tmAlarm_Timer()
 {
     const ErrorTail tail(" in MainForm, tmAlarm_Timer"_L1);
-    if (HasPlanner()) tail([this] { Check(); });
+    if (!m_source.Planner().isEmpty()) tail([this] { Check(); });
     if (!m_isRinging) tail([this] { RingPutOff(); });
 }
 
@@ -53,7 +39,7 @@ void AlarmClock::Check()
     if (m_isRinging) return; // the open alarm window stays as it is
     const QDateTime wall = WallMinute(now);
     m_missed.Looked(wall);
-    const auto due = DueAt(now.date(), minute);
+    const auto due = m_source.Due(now.date(), minute, Read(settings::AllAlarms) != 0);
     if (due.empty() || m_missed.IsHeard(wall)) return;
     for (const Alarm& alarm : due)
         if (!Ring(alarm, {})) return;
@@ -74,7 +60,8 @@ void AlarmClock::RingPutOff()
 bool AlarmClock::Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
-    AlarmEventForm form(alarm, putOff ? putOff->at : QDateTime(), m_client.screen(), QApplication::focusWidget());
+    AlarmEventForm form(alarm, putOff ? putOff->at : QDateTime(),
+                        m_client ? m_client->screen() : QGuiApplication::primaryScreen(), QApplication::focusWidget());
     std::optional<AlarmNotice> notice;
     if (Read(settings::NotifyOfAlarms) != 0) notice.emplace(form, alarm);
     if (!alarm.silence) form.subPlayMusic(alarm.tune);

@@ -10,8 +10,9 @@ class QWidget;
 class AlarmClock
 {
 public:
-    AlarmClock(QWidget& client, PutOffAlarms& putOff, MissedAlarms& missed)
-        : m_client(client), m_putOff(putOff), m_missed(missed)
+    // Windows open on the client's screen; null: on the first.
+    AlarmClock(AlarmSource& source, QWidget* client, PutOffAlarms& putOff, MissedAlarms& missed)
+        : m_source(source), m_client(client), m_putOff(putOff), m_missed(missed)
     {
     }
 
@@ -24,7 +25,8 @@ private:
     void RingPutOff();
     bool Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff); // false: the program ends
 
-    QWidget& m_client;
+    AlarmSource& m_source;
+    QWidget* m_client;
     PutOffAlarms& m_putOff;
     MissedAlarms& m_missed;
     QString m_sLastAlarmMinute; // "hh:mm" of the last check

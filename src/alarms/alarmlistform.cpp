@@ -2,6 +2,7 @@
 
 #include "alarms/againin.h"
 #include "alarms/alarmrules.h"
+#include "alarms/alarmspan.h"
 #include "alarms/firstline.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/desktop/centeronscreen.h"
@@ -18,6 +19,14 @@
 
 namespace {
 constexpr QLatin1StringView ListLiteral(" in AlarmListForm");
+}
+
+std::vector<ListedAlarm> ListedBy(const std::vector<Alarm>& alarms)
+{
+    std::vector<ListedAlarm> listed;
+    for (const Alarm& alarm : alarms)
+        listed.push_back({WallMinuteOf(alarm), alarm});
+    return listed;
 }
 
 QString ShownTimeIn(const ListedAlarm& listed)
@@ -38,6 +47,7 @@ AlarmListForm::AlarmListForm(QWidget* owner, const QString& title, const AlarmLi
     auto* close = Named(new PressedByReturn<QPushButton>(u"&Close"_s), "btnClose");
     connect(print, &QPushButton::clicked, this, Guarded(ListLiteral, [this] { m_needs.print(m_listed); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    print->setVisible(m_needs.print != nullptr);
     auto* row = DialogRow(Rhythm, {print, nullptr});
     if (m_needs.putOff) row->addWidget(MakeAgain());
     row->addWidget(close);

@@ -20,7 +20,7 @@ struct ListedAlarm
 struct AlarmListNeeds
 {
     std::function<void(const Alarm& alarm)> goTo;
-    std::function<void(const std::vector<ListedAlarm>& listed)> print;
+    std::function<void(const std::vector<ListedAlarm>& listed)> print; // null where nothing can be printed
     // Puts an alarm off; false after a message. Null where alarms cannot be put off.
     std::function<bool(const Alarm& alarm, const QDateTime& next)> putOff;
 };
@@ -51,4 +51,5 @@ private:
     QTreeWidget* m_lstAlarms = nullptr;
 };
 
-QString ShownTimeIn(const ListedAlarm& listed); // "9:05 AM"
+std::vector<ListedAlarm> ListedBy(const std::vector<Alarm>& alarms); // by their own minutes
+QString ShownTimeIn(const ListedAlarm& listed);                      // "9:05 AM"

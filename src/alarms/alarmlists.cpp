@@ -20,7 +20,7 @@ std::vector<ListedAlarm> ComingAlarms(const PutOffAlarms& putOff)
 {
     const QDateTime now = desktopclock::Now(), end = now.addDays(Days);
     std::vector<ListedAlarm> coming;
-    for (const Alarm& alarm : AlarmsBetween(g_dbPlanner, WallMinute(now), WallMinute(end)))
+    for (const Alarm& alarm : AlarmsWithin(AllAlarms(g_dbPlanner), WallMinute(now), WallMinute(end)))
         coming.push_back({WallMinuteOf(alarm), alarm});
     for (const PutOffAlarm& one : putOff.All())
         if (one.at > now && one.at < end) coming.push_back({WallMinute(one.at.toLocalTime()), one.alarm});
@@ -79,10 +79,7 @@ void AlarmLists::ShowMissed(const std::vector<Alarm>& missed)
         m_missed = MakeForm(u"Missed Alarms"_s, true);
         m_missed->setAttribute(Qt::WA_ShowWithoutActivating);
     }
-    std::vector<ListedAlarm> listed;
-    for (const Alarm& alarm : missed)
-        listed.push_back({WallMinuteOf(alarm), alarm});
-    m_missed->Add(listed);
+    m_missed->Add(ListedBy(missed));
     m_missed->show();
     m_missed->raise();
 }

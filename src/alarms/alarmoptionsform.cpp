@@ -3,6 +3,8 @@
 #include "alarms/tunes.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/sessionstart.h"
+#include "platform/desktop/tray.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -26,6 +28,7 @@ constexpr Option Options[] = {
     {"chkNotify", "Show a &message of the desktop, too, if the alarm's window is not in front",
      settings::NotifyOfAlarms},
     {"chkRepeat", "R&epeat the tune until the alarm is answered", settings::RepeatTune},
+    {"chkTray", "&Keep ringing in the tray when the window is closed", settings::RingInTray},
 };
 } // namespace
 
@@ -39,9 +42,29 @@ AlarmOptionsForm::AlarmOptionsForm(QWidget* owner) : QDialog(owner)
         box->setChecked(Read(option.setting) != 0);
         m_ticks.push_back({&option.setting, box});
     }
+    AddTray(*column);
     AddSound(*column);
     column->addWidget(MakeOkCancel(*this));
     CenterOnScreen(*this);
+}
+
+void AlarmOptionsForm::AddTray(QVBoxLayout& column)
+{
+    QCheckBox& tray = *m_ticks.back().box;
+    const bool isPossible = HasTray();
+    tray.setEnabled(isPossible);
+    if (!isPossible) tray.setChecked(false);
+    if (!isPossible) tray.setText(tray.text() + u" (this desktop shows no tray)"_s);
+    m_chkSession = AddTo<QCheckBox>(column, "chkSession", u"&Start with the session"_s);
+    m_chkSession->setChecked(sessionstart::IsOn());
+}
+
+// With the tray the window stays closed.
+bool AlarmOptionsForm::SetSessionStart() const
+{
+    const QString words = m_ticks.back().box->isChecked() ? u"--clock"_s : QString();
+    const bool isWanted = m_chkSession->isChecked();
+    return (!isWanted && !sessionstart::IsOn()) || sessionstart::Set(isWanted, words);
 }
 
 void AlarmOptionsForm::AddSound(QVBoxLayout& column)
@@ -78,6 +101,8 @@ void AlarmOptionsForm::accept()
         Write(settings::TuneVolume, m_sldVolume->value());
     });
     QDialog::accept();
+    if (!SetSessionStart())
+        messages::Tell(u"The entry for the start with the session cannot be changed."_s, msgbox::Exclamation);
 }
 
 void AlarmOptionsForm::done(int result)

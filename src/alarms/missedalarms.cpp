@@ -3,7 +3,6 @@
 #include "alarms/alarmspan.h"
 #include "platform/desktop/clock.h"
 #include "settings/settings.h"
-#include "state/plannerstate.h"
 
 namespace {
 constexpr int Minute = 60; // seconds
@@ -12,8 +11,9 @@ constexpr int Minute = 60; // seconds
 void MissedAlarms::Follow()
 {
     End();
-    if (!HasPlanner() || Read(settings::ListMissed) == 0) return;
-    m_planner = g_sNotesFile;
+    if (Read(settings::ListMissed) == 0) return;
+    m_planner = m_source.Planner();
+    if (m_planner.isEmpty()) return;
     const QDateTime now = WallMinute(desktopclock::Now());
     m_looked = now.addSecs(-Minute); // the clock has this minute still to look at
     const QDateTime until = m_heard.Of(m_planner).until;
@@ -32,7 +32,7 @@ void MissedAlarms::Looked(const QDateTime& minute)
 
 void MissedAlarms::List(const QDateTime& after, const QDateTime& before)
 {
-    std::vector<Alarm> missed = AlarmsBetween(g_dbPlanner, after, before);
+    std::vector<Alarm> missed = m_source.Between(after, before);
     const auto heard = m_heard.Of(m_planner).answered;
     std::erase_if(missed, [&](const Alarm& alarm) { return heard.contains(WallMinuteOf(alarm)); });
     m_heard.SetUntil(m_planner, before.addSecs(-Minute));

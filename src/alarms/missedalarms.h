@@ -1,8 +1,8 @@
-// With the option on, finds the alarms of the open planner that nobody could hear: while it was closed, while the
+// With the option on, finds the alarms of the source that nobody could hear: while it was closed, while the
 // computer slept or its clock was moved on, and while an alarm's window was open. Knows no window.
 #pragma once
 
-#include "alarms/alarmrecords.h"
+#include "alarms/alarmsource.h"
 #include "alarms/heardalarms.h"
 
 class MissedAlarms
@@ -10,7 +10,10 @@ class MissedAlarms
 public:
     // show gets them in their order; it must not wait.
     using Show = std::function<void(const std::vector<Alarm>& missed)>;
-    MissedAlarms(const QString& path, Show show) : m_heard(path), m_show(std::move(show)) {}
+    MissedAlarms(AlarmSource& source, const QString& path, Show show)
+        : m_source(source), m_heard(path), m_show(std::move(show))
+    {
+    }
     ~MissedAlarms() { End(); }
 
     void Follow();                         // another planner is open, or none, or the option has changed
@@ -22,6 +25,7 @@ private:
     void End();
     void List(const QDateTime& after, const QDateTime& before);
 
+    AlarmSource& m_source;
     HeardAlarms m_heard;
     const Show m_show;
     QString m_planner;  // followed; empty for none

@@ -133,6 +133,18 @@ void Opening::KeepStartPlanner()
     if (*opens) Write(settings::LoadWorkgroup, g_bDBShared ? 1 : 0);
 }
 
+void Opening::OpenFollowed()
+{
+    const QString path = Read(settings::FollowedPlanner);
+    if (path.isEmpty()) return;
+    filesystem::Remember(path);
+    g_sDBPath = path.toLower();
+    g_sDBTitle = QFileInfo(path).fileName().toLower();
+    const bool shared = Read(settings::FollowedShared) != 0;
+    m_networkMode.subSetNetworkMode(shared);
+    subOpenDBNoDlg(!shared);
+}
+
 void Opening::subAutoload()
 {
     const QString path = Read(settings::LoadFilePath);

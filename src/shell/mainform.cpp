@@ -4,11 +4,15 @@
 #include "platform/controls/timer.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/tray.h"
+#include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 #include "shell/rooms.h"
 #include "shell/splash.h"
 #include "shell/wiring.h"
 #include "state/calendarstate.h"
+#include "state/moddate.h"
 #include "state/modshow.h"
 #include "state/plannerstate.h"
 
@@ -27,7 +31,7 @@ Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 
 Mainform::~Mainform() = default;
 
-void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront)
+void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront, bool comesBack)
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(" in MainForm, Form_Load"_L1);
@@ -42,7 +46,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     // No cell takes the first key: a cell is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();
-    tail([&] { rooms.opening.subAutoload(); });
+    tail([&] { comesBack ? rooms.opening.OpenFollowed() : rooms.opening.subAutoload(); });
     tail([&] { rooms.navigation.subSetViewMenus(); });
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
@@ -66,9 +70,25 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    Guarded(" in MainForm, Form_QueryUnload"_L1,
-            [&] { subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode); })();
+    Guarded(" in MainForm, Form_QueryUnload"_L1, [&] {
+        if (event->spontaneous()) PrepareTray();
+        subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode);
+    })();
     event->accept();
+}
+
+void Mainform::PrepareTray()
+{
+    m_goesToTray = Read(settings::RingInTray) != 0 && HasTray();
+    if (!m_goesToTray) return;
+    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
+    Write(settings::FollowedPlanner, HasPlanner() ? g_sNotesFile : QString());
+    Write(settings::FollowedShared, g_bDBShared ? 1 : 0);
+}
+
+void Mainform::GoTo(const QString& day)
+{
+    if (const auto of = DayOfKey(day); of && HasPlanner()) m_rooms->alarmCell.ShowDay(*of);
 }
 
 void Mainform::AnswerDesktop(const QStringList& uris)

@@ -19,9 +19,9 @@ public:
     Mainform();
     ~Mainform() override;
 
-    // Shows the window, opens the start-up planner and fills the lists. Reports slow steps to progress and calls
-    // stayInFront once the window is shown.
-    void Form_Load(const Progress& progress, const std::function<void()>& stayInFront);
+    // Shows the window, opens the start-up planner, or comes back to the one that the clock in the tray has followed,
+    // and fills the lists. Reports slow steps to progress and calls stayInFront once the window is shown.
+    void Form_Load(const Progress& progress, const std::function<void()>& stayInFront, bool comesBack = false);
 
     // How the window was closed. ClosedByCode only hides it.
     static constexpr int CloseBox = 0; // also the Exit command
@@ -32,7 +32,9 @@ public:
     // Saves and closes everything and ends the program.
     void subExitProgram(int iUnloadMode);
     bool HasEnded() const { return m_ended; }
+    bool GoesToTray() const { return m_goesToTray; } // the clock is to ring on
 
+    void GoTo(const QString& day);               // its key
     void AnswerDesktop(const QStringList& uris); // comes to the front and opens a file if one is given
 
 Q_SIGNALS:
@@ -43,6 +45,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void PrepareTray();
+
     std::unique_ptr<Rooms> m_rooms;
     bool m_ended = false;
+    bool m_goesToTray = false;
 };

@@ -8,7 +8,9 @@
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
 #include "shell/splash.h"
+#include "shell/trayrun.h"
 #include "state/calendarstate.h"
+#include "state/moddate.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -74,10 +76,19 @@ void WatchForTheEnd(QApplication& application, Mainform& form)
                      Qt::DirectConnection);
     new TerminationSignals(&form, Guarded(ExitLiteral, [&form] { form.subExitProgram(Mainform::ProcessIsEnded); }));
 }
+// With a day of the list of missed alarms, or files of a call.
+void Return(Mainform& form, const QStringList& words)
+{
+    if (words.size() == 1 && DayOfKey(words.front()))
+        form.GoTo(words.front());
+    else
+        form.AnswerDesktop(words);
+}
 } // namespace
 
-int RunOrrelin(QApplication& application)
+bool RunOrrelin(QApplication& application)
 {
+    const auto back = trayrun::WordsOfReturn();
     InitResources();
     application.setQuitOnLastWindowClosed(false);
     auto splash = std::make_unique<StartUpForm>();
@@ -102,12 +113,16 @@ int RunOrrelin(QApplication& application)
         // Queued, so that it also runs behind a message box of the start: the bus drops a program that does not listen.
         QTimer::singleShot(0, &calls, &DesktopCalls::Listen);
     };
-    ErrorTail{StartTail}([&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, windowIsThere); });
+    ErrorTail{StartTail}([&] {
+        form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, windowIsThere, back.has_value());
+    });
     splash.reset();
     // A signal ended the program behind a message box of the start, when exec() was not running yet.
-    if (form.HasEnded()) return 0;
+    if (form.HasEnded()) return false;
+    if (back) Return(form, *back);
     // After the first paint, since loading the icon takes time.
     QTimer::singleShot(0, &application, [] { QGuiApplication::setWindowIcon(QIcon(u":/icons/orrelin.svg"_s)); });
     SetMousePointer(mousepointer::Default);
-    return application.exec();
+    application.exec();
+    return form.GoesToTray();
 }

@@ -3,4 +3,5 @@
 
 class QApplication;
 
-int RunOrrelin(QApplication& application);
+// Returns true if the clock is to ring on in the tray.
+bool RunOrrelin(QApplication& application);

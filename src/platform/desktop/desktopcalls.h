@@ -14,6 +14,7 @@ class DesktopCalls : public QObject, protected QDBusContext
 public:
     // The bus name, also used in file names by which desktops know the program.
     static QString Name() { return u"org.orrelin.Orrelin"_s; }
+    static QString Path() { return u"/org/orrelin/Orrelin"_s; } // of the object
 
     // Starts to take calls, first those that the bus kept during the start. A second copy of the program gets them when
     // the first has ended. Does not wait for the bus.

@@ -1,0 +1,26 @@
+// The program while its window is closed, and the way between the two: each replaces the other in the same process.
+#pragma once
+
+#include <QStringList>
+
+#include <optional>
+
+class QApplication;
+
+namespace trayrun {
+inline const QString ClockWord = u"--clock"_s; // on the command line: without the window
+inline const QString ShowWord = u"--show"_s;   // with the planner that the clock followed; then its day or files
+
+// Runs the clock until the person ends it or wants the calendar. Returns the words with which the program is to be
+// replaced, if it is.
+QStringList RunClock(QApplication& application);
+
+// The words behind ShowWord; none if the program does not come back from the tray.
+std::optional<QStringList> WordsOfReturn();
+
+// True if the clock was running and has been asked to show the calendar.
+bool HandedToClock();
+
+// Replaces this program; returns only if that fails.
+void Replace(const QStringList& words);
+} // namespace trayrun
