@@ -19,10 +19,12 @@ inline constexpr std::array<AgainIn, 5> AgainChoices{{
     {"&Tomorrow at this time", 0, 1},
 }};
 
-// At a whole minute.
+// At a whole minute, not before the time is over.
 inline QDateTime MomentOf(const AgainIn& choice, const QDateTime& now)
 {
-    return now.addDays(choice.days).addSecs(60 * choice.minutes - now.time().second()).addMSecs(-now.time().msec());
+    constexpr int Minute = 60 * 1000; // milliseconds
+    const int begun = now.time().msecsSinceStartOfDay() % Minute;
+    return now.addDays(choice.days).addMSecs(choice.minutes * Minute + (begun == 0 ? 0 : Minute - begun));
 }
 
 template <typename Chosen>

@@ -11,21 +11,36 @@
 #include "settings/settings.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QScopedValueRollback>
+#include <QTimer>
+
+namespace {
+constexpr QLatin1StringView ClockLiteral(" in MainForm, tmAlarm_Timer");
+}
 
 void AlarmClock::FollowPlanner()
 {
-    ErrorTail{" in MainForm, AlarmClock"_L1}([this] { m_missed.Follow(); });
+    Follow(false);
+}
+
+// Shows what was missed from the event loop, since the planner is just being opened.
+void AlarmClock::Follow(bool isOver)
+{
+    m_missed.Follow(isOver);
+    QTimer::singleShot(0, &m_context,
+                       Guarded(ClockLiteral, [this] { m_missed.ListUpTo(WallMinute(desktopclock::Now())); }));
 }
 
 void AlarmClock::mnuAlarmOptions_Click()
 {
-    if (AlarmOptionsForm(m_client->window()).exec() == QDialog::Accepted) FollowPlanner();
+    if (AlarmOptionsForm(m_client->window()).exec() == QDialog::Accepted)
+        Follow(m_sLastAlarmMinute == desktopclock::Now().toString(u"hh:mm"_s));
 }
 
 void AlarmClock::tmAlarm_Timer()
 {
-    const ErrorTail tail(" in MainForm, tmAlarm_Timer"_L1);
+    const ErrorTail tail(ClockLiteral);
     if (!m_source.Planner().isEmpty()) tail([this] { Check(); });
     if (!m_isRinging) tail([this] { RingPutOff(); });
 }
@@ -37,13 +52,15 @@ void AlarmClock::Check()
     if (minute == m_sLastAlarmMinute) return;
     m_sLastAlarmMinute = minute;
     if (m_isRinging) return; // the open alarm window stays as it is
-    const QDateTime wall = WallMinute(now);
-    m_missed.Looked(wall);
     const auto due = m_source.Due(now.date(), minute, Read(settings::AllAlarms) != 0);
-    if (due.empty() || m_missed.IsHeard(wall)) return;
-    for (const Alarm& alarm : due)
+    const QDateTime wall = WallMinute(now);
+    ErrorTail{ClockLiteral}([&] { m_missed.ListUpTo(wall); });
+    for (const Alarm& alarm : due) {
+        if (m_missed.IsHeard(alarm)) continue;
         if (!Ring(alarm, {})) return;
-    m_missed.Answered(wall);
+        m_missed.Answered(alarm);
+    }
+    m_missed.Looked(wall);
 }
 
 // Of several copies of the program one rings. The lock ends with its process, so an alarm that nobody has answered then
@@ -51,8 +68,10 @@ void AlarmClock::Check()
 void AlarmClock::RingPutOff()
 {
     if (!m_putOff.FirstDue(desktopclock::Now())) return;
-    const auto lock = FileLock::Try(m_putOff.Path() + u".ringing"_s);
-    if (!lock) return;
+    const QString path = m_putOff.Path() + u".ringing"_s;
+    const auto lock = FileLock::Try(path);
+    const bool isHeld = !lock && QFileInfo(path).isWritable(); // else the folder takes no lock
+    if (isHeld) return;
     for (auto due = m_putOff.FirstDue(desktopclock::Now()); due; due = m_putOff.FirstDue(desktopclock::Now()))
         if (!Ring(due->alarm, due)) return;
 }
@@ -60,8 +79,8 @@ void AlarmClock::RingPutOff()
 bool AlarmClock::Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
-    AlarmEventForm form(alarm, putOff ? putOff->at : QDateTime(),
-                        m_client ? m_client->screen() : QGuiApplication::primaryScreen(), QApplication::focusWidget());
+    AlarmEventForm form(alarm, putOff.has_value(), m_client ? m_client->screen() : QGuiApplication::primaryScreen(),
+                        QApplication::focusWidget());
     std::optional<AlarmNotice> notice;
     if (Read(settings::NotifyOfAlarms) != 0) notice.emplace(form, alarm);
     if (!alarm.silence) form.subPlayMusic(alarm.tune);

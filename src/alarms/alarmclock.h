@@ -5,6 +5,8 @@
 #include "alarms/missedalarms.h"
 #include "alarms/putoffalarms.h"
 
+#include <QObject>
+
 class QWidget;
 
 class AlarmClock
@@ -21,12 +23,14 @@ public:
     void tmAlarm_Timer();         // ticks every ten seconds; shows what is due and waits until its window is closed
 
 private:
+    void Follow(bool isOver);
     void Check();
     void RingPutOff();
     bool Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff); // false: the program ends
 
     AlarmSource& m_source;
     QWidget* m_client;
+    QObject m_context; // of what waits for the event loop
     PutOffAlarms& m_putOff;
     MissedAlarms& m_missed;
     QString m_sLastAlarmMinute; // "hh:mm" of the last check

@@ -51,7 +51,7 @@ bool TakesText(const QWidget& widget)
 } // namespace
 
 // It has no owner: the desktop would hide it together with a minimised main window.
-AlarmEventForm::AlarmEventForm(const Alarm& alarm, const QDateTime& putOff, QScreen* screen, QWidget* typedInto)
+AlarmEventForm::AlarmEventForm(const Alarm& alarm, bool isAgain, QScreen* screen, QWidget* typedInto)
     : QDialog(nullptr, Qt::WindowStaysOnTopHint), m_tbNotes(Named(new RichTextBox, "tbNotes")),
       m_btnOk(Named(new PressedByReturn<QPushButton>(u"&Ok"_s), "btnOk")),
       m_btnAgain(Named(new PressedByReturn<QPushButton>(u"&Again in"_s), "btnAgain")), m_typedInto(typedInto)
@@ -61,7 +61,7 @@ AlarmEventForm::AlarmEventForm(const Alarm& alarm, const QDateTime& putOff, QScr
     setModal(true);
     setScreen(screen);
     ShowNote(alarm.note);
-    LayOut(ShownDayAndTime(alarm.date, alarm.time) + (putOff.isNull() ? QString() : u", put off"_s));
+    LayOut(ShownDayAndTime(alarm.date, alarm.time) + (isAgain ? u", put off"_s : QString()));
     SetUpTimers();
     setAttribute(Qt::WA_InputMethodEnabled);
     setFocus(); // the window itself has the focus until a person clicks or tabs
@@ -107,6 +107,9 @@ void AlarmEventForm::PutOff(const AgainIn& choice)
 void AlarmEventForm::done(int result)
 {
     m_isAnswered = true;
+    // A box over this window would keep it waiting.
+    for (auto* box : findChildren<QDialog*>())
+        box->reject();
     QDialog::done(result);
 }
 

@@ -20,9 +20,9 @@ class AlarmEventForm : public QDialog
     Q_OBJECT
 
 public:
-    // putOff: the time to which the alarm was put off, or null. typedInto is the widget that has the focus, or null. It
+    // isAgain: the alarm was put off. typedInto is the widget that has the focus, or null. It
     // may be deleted while the window is open.
-    AlarmEventForm(const Alarm& alarm, const QDateTime& putOff, QScreen* screen, QWidget* typedInto);
+    AlarmEventForm(const Alarm& alarm, bool isAgain, QScreen* screen, QWidget* typedInto);
 
     // Plays the tune once the window is shown. If that fails, a message follows after half a second without a key.
     void subPlayMusic(const QString& sTune);

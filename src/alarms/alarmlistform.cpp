@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace {
 constexpr QLatin1StringView ListLiteral(" in AlarmListForm");
 }
@@ -39,13 +41,12 @@ AlarmListForm::AlarmListForm(QWidget* owner, const QString& title, const AlarmLi
 {
     setObjectName(u"AlarmListForm"_s);
     setWindowTitle(title);
-    setAttribute(Qt::WA_DeleteOnClose);
     auto* column = DialogColumn(*this, QLayout::SetDefaultConstraint);
     MakeList();
     column->addWidget(m_lstAlarms, 1);
     auto* print = Named(new PressedByReturn<QPushButton>(u"&Print List..."_s), "btnPrintList");
     auto* close = Named(new PressedByReturn<QPushButton>(u"&Close"_s), "btnClose");
-    connect(print, &QPushButton::clicked, this, Guarded(ListLiteral, [this] { m_needs.print(m_listed); }));
+    connect(print, &QPushButton::clicked, this, Guarded(ListLiteral, [this] { m_needs.print(this, m_listed); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     print->setVisible(m_needs.print != nullptr);
     auto* row = DialogRow(Rhythm, {print, nullptr});
@@ -92,6 +93,7 @@ QSize AlarmListForm::sizeHint() const
 void AlarmListForm::Add(const std::vector<ListedAlarm>& listed)
 {
     for (const ListedAlarm& one : listed) {
+        if (std::ranges::find(m_listed, one) != m_listed.end()) continue;
         m_listed.push_back(one);
         const QString day =
             fnFormatDateKey(KeyOf({one.minute.date().year(), one.minute.date().month(), one.minute.date().day()}));
@@ -110,7 +112,7 @@ void AlarmListForm::keyPressEvent(QKeyEvent* event)
 void AlarmListForm::Choose()
 {
     const int row = m_lstAlarms->indexOfTopLevelItem(m_lstAlarms->currentItem());
-    if (row >= 0) m_needs.goTo(m_listed.at(std::size_t(row)).alarm);
+    if (row >= 0) m_needs.goTo(m_listed.at(std::size_t(row)).minute.date());
 }
 
 // What is put off is missed no longer.

@@ -15,12 +15,14 @@ struct ListedAlarm
 {
     QDateTime minute; // the wall minute in which it rings or would have rung
     Alarm alarm;
+    bool operator==(const ListedAlarm&) const = default;
 };
 
 struct AlarmListNeeds
 {
-    std::function<void(const Alarm& alarm)> goTo;
-    std::function<void(const std::vector<ListedAlarm>& listed)> print; // null where nothing can be printed
+    std::function<void(const QDate& day)> goTo;
+    // Null where nothing can be printed.
+    std::function<void(QWidget* owner, const std::vector<ListedAlarm>& listed)> print;
     // Puts an alarm off; false after a message. Null where alarms cannot be put off.
     std::function<bool(const Alarm& alarm, const QDateTime& next)> putOff;
 };
@@ -32,7 +34,7 @@ class AlarmListForm : public QDialog
 public:
     AlarmListForm(QWidget* owner, const QString& title, const AlarmListNeeds& needs); // empty
 
-    void Add(const std::vector<ListedAlarm>& listed); // behind the rows
+    void Add(const std::vector<ListedAlarm>& listed); // behind the rows, unless they are there already
     const std::vector<ListedAlarm>& Listed() const { return m_listed; }
 
     QSize sizeHint() const override;

@@ -28,9 +28,9 @@ AlarmNotice::AlarmNotice(AlarmEventForm& form, const Alarm& alarm)
 
 void AlarmNotice::Show()
 {
-    if (m_form.isActiveWindow()) return;
-    QApplication::alert(&m_form);
     screenlock::Ask(this, [this](bool isLocked) {
+        if (m_form.isActiveWindow() && !isLocked) return;
+        QApplication::alert(&m_form);
         const QString later = u"Again in "_s + QString::fromLatin1(Later.text).remove(u'&');
         m_notification.Show(u"Alarm"_s, isLocked ? u"An alarm"_s : m_text,
                             {Open, u"Open"_s, Ok, u"Ok"_s, Again, later});

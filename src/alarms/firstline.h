@@ -4,9 +4,10 @@
 #include "alarms/alarmrecords.h"
 #include "platform/richtext/notetext.h"
 
-// The first line of its note, without pictures.
+// The first line of its note, without pictures. It may be as long as a book.
 inline QString FirstLineOf(const Alarm& alarm)
 {
     const QString text = ShownText(alarm.note).remove(QChar::ObjectReplacementCharacter).trimmed();
-    return text.section(u'\n', 0, 0).simplified();
+    constexpr int Most = 300;
+    return text.section(u'\n', 0, 0).simplified().left(Most);
 }

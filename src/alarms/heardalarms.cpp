@@ -1,7 +1,9 @@
 #include "alarms/heardalarms.h"
 
+#include "alarms/alarmspan.h"
 #include "platform/profile/inistorage.h"
 
+#include <QCryptographicHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -13,16 +15,16 @@ const QString Until = u"until"_s, Answered = u"answered"_s;
 HeardAlarms::Heard Decode(const QJsonObject& text)
 {
     HeardAlarms::Heard heard = {QDateTime::fromString(text[Until].toString(), Qt::ISODate), {}};
-    for (const QJsonValue& minute : text[Answered].toArray())
-        heard.answered += QDateTime::fromString(minute.toString(), Qt::ISODate);
+    for (const QJsonValue& name : text[Answered].toArray())
+        heard.answered += name.toString();
     return heard;
 }
 
 QJsonObject Encode(const HeardAlarms::Heard& heard)
 {
     QJsonArray answered;
-    for (const QDateTime& minute : heard.answered)
-        answered.append(minute.toString(Qt::ISODate));
+    for (const QString& name : heard.answered)
+        answered.append(name);
     return {{Until, heard.until.toString(Qt::ISODate)}, {Answered, answered}};
 }
 } // namespace
@@ -37,13 +39,22 @@ void HeardAlarms::SetUntil(const QString& planner, const QDateTime& minute)
 {
     Change(planner, [&](Heard& heard) {
         heard.until = minute;
-        heard.answered.removeIf([&](const QDateTime& answered) { return answered.addDays(DaysKept) < minute; });
+        const QString oldest = minute.addDays(-DaysKept).toString(Qt::ISODate); // a name begins with its minute
+        heard.answered.removeIf([&](const QString& name) { return name < oldest; });
     });
 }
 
-void HeardAlarms::Add(const QString& planner, const QDateTime& minute)
+void HeardAlarms::Add(const QString& planner, const Alarm& answered)
 {
-    Change(planner, [&](Heard& heard) { heard.answered += minute; });
+    Change(planner, [&](Heard& heard) { heard.answered += NameOf(answered); });
+}
+
+QString HeardAlarms::NameOf(const Alarm& alarm)
+{
+    constexpr int Enough = 8; // bytes
+    QCryptographicHash rest(QCryptographicHash::Sha1);
+    rest.addData(alarm.note + '\n' + alarm.tune.toUtf8() + (alarm.silence ? "\n1" : "\n0"));
+    return WallMinuteOf(alarm).toString(Qt::ISODate) + u' ' + QString::fromLatin1(rest.result().first(Enough).toHex());
 }
 
 void HeardAlarms::Change(const QString& planner, const std::function<void(Heard& heard)>& change)

@@ -2,6 +2,8 @@
 // If the file cannot be written, some alarms are listed once more. Knows no window.
 #pragma once
 
+#include "alarms/alarmrecords.h"
+
 #include <QDateTime>
 #include <QSet>
 
@@ -14,12 +16,14 @@ public:
 
     struct Heard
     {
-        QDateTime until;          // a wall minute: all up to it rang or was listed; null: not followed yet
-        QSet<QDateTime> answered; // wall minutes of the last days; a clock that is set back comes to them again
+        QDateTime until;        // a wall minute: all up to it rang or was listed; null: not followed yet
+        QSet<QString> answered; // names of alarms of the last days; a clock that is set back comes to them again
     };
     Heard Of(const QString& planner) const;
     void SetUntil(const QString& planner, const QDateTime& minute);
-    void Add(const QString& planner, const QDateTime& minute); // of an answered alarm
+    void Add(const QString& planner, const Alarm& answered);
+
+    static QString NameOf(const Alarm& alarm); // another one of the same minute has another name
 
 private:
     void Change(const QString& planner, const std::function<void(Heard& heard)>& change);

@@ -16,18 +16,23 @@ public:
     }
     ~MissedAlarms() { End(); }
 
-    void Follow();                         // another planner is open, or none, or the option has changed
-    void Looked(const QDateTime& minute);  // the clock is about to ring the alarms of this wall minute
-    bool IsHeard(const QDateTime& minute); // already; the clock was set back
-    void Answered(const QDateTime& minute);
+    // Another planner is open, or none, or the option has changed. isOver: the clock has rung this minute already.
+    void Follow(bool isOver);
+    // Shows what is missed before this wall minute. The engine's errors; then the next call shows it.
+    void ListUpTo(const QDateTime& minute);
+    void Looked(const QDateTime& minute); // the alarms of this wall minute have rung
+    void Seen();                          // the person has closed the list
+
+    bool IsHeard(const Alarm& alarm); // already; the clock was set back
+    void Answered(const Alarm& alarm);
 
 private:
     void End();
-    void List(const QDateTime& after, const QDateTime& before);
 
     AlarmSource& m_source;
     HeardAlarms m_heard;
     const Show m_show;
-    QString m_planner;  // followed; empty for none
-    QDateTime m_looked; // the last wall minute
+    QString m_planner;     // followed; empty for none
+    QDateTime m_looked;    // the last wall minute that is done
+    QDateTime m_seenUntil; // null, or where the shown list begins, which nobody has closed yet
 };

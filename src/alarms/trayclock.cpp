@@ -5,6 +5,7 @@
 #include "alarms/alarmspan.h"
 #include "platform/desktop/clock.h"
 #include "platform/runtime/errortail.h"
+#include "state/moddate.h"
 
 #include <QIcon>
 
@@ -57,11 +58,12 @@ void TrayClock::ShowMissed(const std::vector<Alarm>& missed)
 {
     if (!m_list) {
         AlarmListNeeds needs;
-        needs.goTo = [this](const Alarm& alarm) { Q_EMIT Wanted(alarm.date); };
+        needs.goTo = [this](const QDate& day) { Q_EMIT Wanted(KeyOf({day.year(), day.month(), day.day()})); };
         needs.putOff = [this](const Alarm& alarm, const QDateTime& next) {
             return PutOffOrTell(m_putOff, {}, PutOffAlarm{alarm, next});
         };
         m_list = new AlarmListForm(nullptr, u"Missed Alarms"_s, needs);
+        connect(m_list, &QDialog::finished, this, [this] { m_missed.Seen(); });
     }
     m_list->Add(ListedBy(missed));
     m_list->show();

@@ -89,6 +89,7 @@ constexpr MenuRow Rows[] = {
     {Entry, "mnuFindAll", "&Find All Days", "Ctrl+Shift+F"},
     {Entry, "mnuEventsHyphen4", "-"},
     {Entry, "mnuComingAlarms", "&Coming Alarms..."},
+    {Entry, "mnuMissedAlarms", "&Missed Alarms..."},
     {Entry, "mnuAlarmOptions", "Alarm &Options..."},
     {Top, "mnuFind", "&Goto"},
     {Entry, "mnuPrevWeek", "Previous Week", "Ctrl+PgUp"},

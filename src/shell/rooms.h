@@ -71,6 +71,7 @@ struct Rooms
         opening.SetOnChange([this](bool isOpen) {
             noPlanner.Follow(isOpen);
             findWord.FollowPlanner();
+            alarmLists.Unload();
             alarmClock.FollowPlanner();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
@@ -143,7 +144,7 @@ struct Rooms
     ListPrinting listPrinting{printer, foot};
     HitCell alarmCell{controls.cells, turn, redraw, m_pCalendarView, navigation};
     PutOffAlarms putOffAlarms{alarmfiles::PutOff()};
-    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms};
+    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms, [this] { missedAlarms.Seen(); }};
     OpenPlannerAlarms alarmSource;
     MissedAlarms missedAlarms{alarmSource, alarmfiles::Heard(),
                               [this](const auto& missed) { alarmLists.ShowMissed(missed); }};

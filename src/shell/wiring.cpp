@@ -78,6 +78,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuNewAlarm", Run<&Rooms::alarms, &AlarmHandlers::mnuNewAlarm_Click>},
     {"mnuChangeAlarms", Run<&Rooms::alarms, &AlarmHandlers::mnuChangeAlarms_Click>},
     {"mnuComingAlarms", Run<&Rooms::alarmLists, &AlarmLists::mnuComingAlarms_Click>},
+    {"mnuMissedAlarms", Run<&Rooms::alarmLists, &AlarmLists::mnuMissedAlarms_Click>},
     {"mnuAlarmOptions", Run<&Rooms::alarmClock, &AlarmClock::mnuAlarmOptions_Click>},
     {"mnuPrevWeek", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
     {"mnuCurrentWeek", Run<&Rooms::navigation, &Navigation::mnuCurrentWeek_Click>},

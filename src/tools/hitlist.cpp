@@ -155,7 +155,7 @@ void HitList::ShowProgress()
     QString count = m_run.Query().IsEmpty() ? QString() : CountOf(m_model->Notes());
     if (m_run.IsLong())
         count = u"%1, %2 % searched"_s.arg(CountOf(m_run.Found())).arg(static_cast<int>(m_run.Done() * 100));
-    if (m_run.IsStopped()) count += u" so far"_s;
+    if (m_run.IsStopped() && !count.isEmpty()) count += u" so far"_s;
     m_lblCount->setText(m_pages->currentWidget() == m_lblTrouble ? QString() : count);
     m_btnStop->setVisible(m_run.IsLong());
     for (QPushButton* button : {m_btnPrint, m_btnExport})

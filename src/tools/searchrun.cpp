@@ -46,7 +46,10 @@ void SearchRun::Follow()
 
 void SearchRun::Stop()
 {
-    m_search.End();
+    if (m_wanted == Query())
+        m_search.End();
+    else
+        m_search = {}; // nothing is found for these words yet
     m_slices.stop();
     m_due = Due::Nothing;
     m_isStopped = true;
@@ -55,7 +58,7 @@ void SearchRun::Stop()
 
 bool SearchRun::IsLong() const
 {
-    return !IsDone() && m_since.elapsed() > ShortWork;
+    return !IsDone() && !Query().IsEmpty() && m_since.elapsed() > ShortWork;
 }
 
 // The next search begins at the first note.

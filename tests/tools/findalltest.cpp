@@ -121,8 +121,10 @@ private Q_SLOTS:
         QCOMPARE(Selected(), u"1999/10/2 tea"_s); // behind a picture
         Type(u"rtf"_s);
         QVERIFY(Counts(u"No day"_s));
+        QTest::qWait(600); // as long as a search may be at work before it says so
         Type(QString());
         QVERIFY(Counts(QString()));
+        QVERIFY(!Of("btnStop").isVisible());
     }
 
     void UnfoldsAndIsRemembered()

@@ -19,7 +19,10 @@ struct Saver
     const char16_t* path;
 };
 constexpr Saver Savers[] = {{u"org.freedesktop.ScreenSaver", u"/org/freedesktop/ScreenSaver"},
-                            {u"org.gnome.ScreenSaver", u"/org/gnome/ScreenSaver"}};
+                            {u"org.gnome.ScreenSaver", u"/org/gnome/ScreenSaver"},
+                            {u"org.cinnamon.ScreenSaver", u"/org/cinnamon/ScreenSaver"},
+                            {u"org.mate.ScreenSaver", u"/org/mate/ScreenSaver"},
+                            {u"org.xfce.ScreenSaver", u"/org/xfce/ScreenSaver"}};
 
 // Never starts a service for the question.
 QDBusPendingCall AskSaver(const Saver& saver)
@@ -46,7 +49,8 @@ void screenlock::Ask(QObject* context, const std::function<void(bool isLocked)>&
         QObject::connect(reply, &QDBusPendingCallWatcher::finished, context, [=] {
             const QDBusPendingReply<bool> active = *reply;
             reply->deleteLater();
-            question->isLocked |= !active.isError() && active.value();
+            const bool hangs = active.error().type() == QDBusError::NoReply;
+            question->isLocked |= hangs || (!active.isError() && active.value());
             if (--question->open == 0) answer(question->isLocked);
         });
     }

@@ -6,7 +6,7 @@
 class QObject;
 
 namespace screenlock {
-// Asks the desktop's services and calls back from the event loop, unless the context is deleted before. Not locked, if
-// no service answers.
+// Asks the desktop's services and calls back from the event loop, unless the context is deleted before. Locked, if a
+// service hangs; not locked, if there is none.
 void Ask(QObject* context, const std::function<void(bool isLocked)>& answer);
 } // namespace screenlock

@@ -16,11 +16,19 @@
 namespace {
 struct ListMark
 {
-    QString text, next; // with the blank or tab behind
+    QString text, next; // with the blank or tab behind; no next one behind the last number
     int number = 0;     // of a list with numbers
+    int zeroed = 1;     // digits, if zeros fill them up
 
     explicit operator bool() const { return !text.isEmpty(); }
 };
+
+constexpr int LastNumber = 999;
+
+QString Zeroed(int number, int digits)
+{
+    return QString::number(number).rightJustified(digits, u'0');
+}
 
 ListMark MarkAtStart(const QString& paragraph)
 {
@@ -28,9 +36,9 @@ ListMark MarkAtStart(const QString& paragraph)
     const auto match = form.match(paragraph);
     if (!match.hasMatch()) return {};
     if (!match.hasCaptured(1)) return {match.captured(), match.captured()};
-    const QString blank = match.captured().last(1);
-    const int number = match.captured(1).toInt();
-    return {match.captured(), QString::number(number + 1) + match.captured(2) + blank, number};
+    const QString digits = match.captured(1), behind = match.captured().sliced(digits.size());
+    const int number = digits.toInt(), zeroed = digits.startsWith(u'0') ? static_cast<int>(digits.size()) : 1;
+    return {match.captured(), number < LastNumber ? Zeroed(number + 1, zeroed) + behind : QString(), number, zeroed};
 }
 
 bool Hangs(const QTextBlock& block)
@@ -44,10 +52,14 @@ int Outset(const RtfParagraph& paragraph, Qt::LayoutDirection direction)
     return std::max(paragraph.measures[StartOf(direction)] + paragraph.measures[RtfParagraph::First], 0);
 }
 
-// "24. December" is a date: a list with numbers begins with 1.
-bool IsInList(const QTextBlock& item, const ListMark& mark)
+// "24. December" is a date, also below "23. Birthday": a list with numbers begins with 1.
+bool IsInList(QTextBlock item, const ListMark& mark)
 {
-    return mark.number <= 1 || Hangs(item) || MarkAtStart(item.previous().text()).number == mark.number - 1;
+    for (int number = mark.number; number > 1 && !Hangs(item);) {
+        item = item.previous();
+        if (MarkAtStart(item.text()).number != --number) return false;
+    }
+    return true;
 }
 
 // An item that hangs already keeps its form, and gives it to the next one. The direction is fixed, since a mark has
@@ -87,10 +99,10 @@ void Renumber(const QTextCursor& caret, const ListMark& mark, int by)
     int number = mark.number;
     for (QTextBlock item = caret.block().next(); item.isValid() && Hangs(item); item = item.next()) {
         const ListMark next = MarkAtStart(item.text());
-        if (next.number != ++number || SignOf(next) != SignOf(mark)) return;
+        if (next.number != ++number || SignOf(next) != SignOf(mark) || number + by > LastNumber) return;
         QTextCursor digits(item);
         digits.setPosition(item.position() + static_cast<int>(next.text.size()) - 2, QTextCursor::KeepAnchor);
-        digits.insertText(QString::number(number + by));
+        digits.insertText(Zeroed(number + by, std::max(next.zeroed, mark.zeroed)));
     }
 }
 } // namespace
@@ -100,7 +112,7 @@ void ContinueList(QTextCursor& caret)
     const QTextBlock item = caret.block().previous();
     const ListMark mark = MarkAtStart(item.text());
     const bool hasText = mark && !item.text().sliced(mark.text.size()).trimmed().isEmpty();
-    if (!mark || !caret.atBlockStart() || !(hasText || Hangs(item)) || !IsInList(item, mark)) return;
+    if (mark.next.isEmpty() || !caret.atBlockStart() || !(hasText || Hangs(item)) || !IsInList(item, mark)) return;
     const QTextCharFormat format = WithoutImage(WithoutLink(caret.charFormat()));
     const Qt::LayoutDirection direction = item.textDirection();
     const QTextBlockFormat next = HangingFormat(item, mark.next, format, direction);
@@ -127,6 +139,11 @@ bool EndItem(QTextCursor& caret, Item kind)
     Renumber(caret, mark, -1);
     caret.endEditBlock();
     return true;
+}
+
+bool KeptDirection::IsNeeded(const QTextCursor& caret)
+{
+    return Hangs(caret.block()) && caret.blockFormat().layoutDirection() == Qt::LayoutDirectionAuto;
 }
 
 KeptDirection::KeptDirection(const QTextCursor& caret)

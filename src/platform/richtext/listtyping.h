@@ -26,6 +26,7 @@ bool EndItem(QTextCursor& caret, Item item);
 class KeptDirection
 {
 public:
+    static bool IsNeeded(const QTextCursor& caret); // its item has no direction of its own
     explicit KeptDirection(const QTextCursor& caret);
     void Keep(QTextCursor caret) const; // where it is now; within the undo step of the change
 

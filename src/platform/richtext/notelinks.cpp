@@ -42,9 +42,24 @@ QString TextOfPlace(const QTextDocument& document, const LinkPlace& place)
     return block.text().mid(place.begin - block.position(), place.end - place.begin);
 }
 
+// Browsers end a target with a stroke behind the host.
+QString WithoutEnd(const QString& target)
+{
+    return target.count(u'/') == 3 && target.endsWith(u'/') ? target.chopped(1) : target;
+}
+
+// A text that leaves the scheme out is that of either.
+bool Shows(const QString& text, const QString& target)
+{
+    const QString own = WithoutEnd(TargetOf(text)), meant = WithoutEnd(target);
+    if (own.isEmpty()) return false;
+    const bool isBare = !text.contains("://"_L1) && own.startsWith("http:"_L1);
+    return own == meant || (isBare && u"https:"_s + own.sliced(5) == meant);
+}
+
 bool ShowsItself(const QTextDocument& document, const LinkPlace& place)
 {
-    return TargetOf(TextOfPlace(document, place)) == place.target;
+    return Shows(TextOfPlace(document, place), place.target);
 }
 
 // Whether the range has no link that a person has given another text.
@@ -85,10 +100,10 @@ QList<LinkPlace> LinksIn(const QTextBlock& paragraph)
     return links;
 }
 
-bool IsLinkedTo(const QTextDocument& document, const QString& target, int begin, int end)
+bool IsLinked(const QTextDocument& document, int begin, int end)
 {
     const auto place = LinkAt(document, begin);
-    return place && place->begin == begin && place->end == end && place->target == target;
+    return place && place->begin == begin && place->end == end && ShowsItself(document, *place);
 }
 } // namespace
 
@@ -139,7 +154,7 @@ void MakeLinks(QTextCursor caret, int begin, int end)
             if (++looked > Most) break;
             const int start = block.position() + static_cast<int>(from + address.begin);
             const int stop = start + static_cast<int>(address.size);
-            if (IsFree(document, start, stop) && !IsLinkedTo(document, address.target, start, stop))
+            if (IsFree(document, start, stop) && !IsLinked(document, start, stop))
                 found.append({start, stop, address.target});
         }
     }
@@ -165,8 +180,10 @@ FollowedLinks::FollowedLinks(const QTextCursor& selection, int place)
 
 void FollowedLinks::AddLinksOf(const QTextBlock& paragraph)
 {
+    const QList<LinkPlace> links = LinksIn(paragraph);
+    if (links.isEmpty()) return; // as in most notes; the text is not copied
     const QString text = paragraph.text();
-    for (const auto& [begin, end, target] : LinksIn(paragraph))
+    for (const auto& [begin, end, target] : links)
         m_links +=
             {Range(QTextCursor(paragraph), begin, end), text.mid(begin - paragraph.position(), end - begin), target};
 }
@@ -175,7 +192,7 @@ void FollowedLinks::FollowText()
 {
     if (m_document.revision() == m_revision) return;
     for (const auto& [range, text, target] : m_links) {
-        if (range.selectedText() == text || TargetOf(text) != target) continue;
+        if (range.selectedText() == text || !Shows(text, target)) continue;
         // Return divides the text in two.
         VisitRuns(range, [&, &target = target](const QTextCursor& run, const QTextCharFormat&) {
             const auto place = LinkAt(m_document, run.selectionStart());

@@ -178,6 +178,7 @@ private:
     QTextCharFormat TypedFormat() const;
     QString TypedInstead(QKeyEvent& event) const;
     void Type(const QString& text);
+    bool DeleteLetter(QKeyEvent& event);
     void RememberTyped(const QKeyEvent& event);
     bool IsTypedOn(const QTextCursor& caret) const;
     void KeepFormat(const QTextCharFormat& format);

@@ -261,6 +261,7 @@ void RichTextBox::ChangeByKey(QKeyEvent* event)
     UseTypingFormat();
     const QString typed = TypesTab(*event) ? u"\t"_s : TypedInstead(*event);
     if (!typed.isEmpty()) return Locked() ? void() : Type(typed);
+    if (DeleteLetter(*event)) return;
     const QScopedValueRollback admitted(m_admitted, true);
     std::optional<WithoutLines> noLines;
     if (ChangesMuch(event, textCursor())) noLines.emplace(*document());

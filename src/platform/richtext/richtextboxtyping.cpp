@@ -37,13 +37,14 @@ QTextCharFormat RichTextBox::TypedFormat() const
 }
 
 // Text that the toolkit would format differently: a second Return resets all formats, and text typed over a selection
-// takes the format before the caret. In a link the address follows within the step of undo, which the toolkit's typing
-// is none of.
+// takes the format before the caret. The address of a link and the direction of an item follow within the step of undo,
+// which the toolkit's typing is none of.
 QString RichTextBox::TypedInstead(QKeyEvent& event) const
 {
     if (Locked()) return {};
     if (event.matches(QKeySequence::InsertParagraphSeparator)) return QChar(QChar::ParagraphSeparator);
-    if (!textCursor().hasSelection() && !IsTypedIntoLink(textCursor())) return {};
+    const QTextCursor caret = textCursor();
+    if (!caret.hasSelection() && !IsTypedIntoLink(caret) && !KeptDirection::IsNeeded(caret)) return {};
     if (event.matches(QKeySequence::InsertLineSeparator)) return QChar(QChar::LineSeparator);
     return TypesCharacter(event) ? event.text() : QString();
 }
@@ -54,7 +55,8 @@ void RichTextBox::Type(const QString& text)
     QTextCursor cursor = textCursor();
     std::optional<WithoutLines> noLines;
     if (cursor.hasSelection()) noLines.emplace(*document());
-    IsTypedOn(cursor) ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
+    const bool endsLine = text.front() == QChar::ParagraphSeparator || text.front() == QChar::LineSeparator;
+    IsTypedOn(cursor) && !endsLine ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
     cursor.removeSelectedText();
     // This may leave an empty paragraph behind.
     if (cursor.atBlockStart() && text.front() == QChar::ParagraphSeparator) cursor.setBlockCharFormat(format);
@@ -63,6 +65,21 @@ void RichTextBox::Type(const QString& text)
     noLines.reset();
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+// The toolkit deletes a single letter without a step that the link's new address or the item's direction could join.
+bool RichTextBox::DeleteLetter(QKeyEvent& event)
+{
+    QTextCursor caret = textCursor();
+    const bool isBack = event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier);
+    if (Locked() || caret.hasSelection() || !(isBack || event.matches(QKeySequence::Delete))) return false;
+    if (!LinkAt(*document(), caret.position() - (isBack ? 1 : 0)) && !KeptDirection::IsNeeded(caret)) return false;
+    caret.beginEditBlock();
+    isBack ? caret.deletePreviousChar() : caret.deleteChar();
+    caret.endEditBlock();
+    setTextCursor(caret);
+    ensureCursorVisible();
+    return true;
 }
 
 void RichTextBox::RememberTyped(const QKeyEvent& event)

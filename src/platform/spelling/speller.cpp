@@ -22,8 +22,9 @@ bool Speller::Load(const DictionaryFiles& files)
 
 void Speller::LoadNext()
 {
-    Load(m_expected.front());
-    m_expected.pop_front();
+    const DictionaryFiles next = std::move(m_expected.front());
+    m_expected.pop_front(); // first: one that fails must not be tried again with every click
+    Load(next);
 }
 
 // Many small pieces were freed, which the allocator would keep.

@@ -118,11 +118,13 @@ void SpellMarks::CheckSlice()
     if (!m_unchecked.empty()) m_next.start();
 }
 
-void SpellMarks::CheckNow(int position)
+void SpellMarks::CheckNow(const QPoint& point)
 {
+    if (m_speller.IsExpecting() && !HasLetterAt(point)) return; // a menu need not wait for dictionaries
     if (m_speller.IsExpecting()) CheckAll();
     while (m_speller.IsExpecting())
         m_speller.LoadNext();
+    const int position = At(point);
     TextSpan place{position, position};
     CheckParagraph(m_box.document()->findBlock(position), place, QDeadlineTimer(QDeadlineTimer::Forever));
 }

@@ -32,7 +32,7 @@ public:
     bool IsChecking() const { return !m_unchecked.empty(); }
     Speller& Words() const { return m_speller; }
     // The unknown word at this place of the screen, also if it is just being typed. It is checked now, and expected
-    // dictionaries are loaded for it.
+    // dictionaries are loaded for any word there.
     std::optional<TextSpan> WordAt(const QPoint& globalPosition);
     QString TextOf(const TextSpan& word) const;
 
@@ -40,12 +40,13 @@ private:
     void FollowChange(int position, int removed, int added);
     void FollowCaret();
     void CheckSlice();
-    void CheckNow(int position);
+    void CheckNow(const QPoint& point);
     void CheckParagraph(const QTextBlock& block, TextSpan& rest, const QDeadlineTimer& end);
     std::vector<TextSpan> UnknownIn(QStringView text, const TextSpan& part, int position);
     bool Put(const std::vector<TextSpan>& words, const TextSpan& place);
     bool IsShown(const TextSpan& word) const;
     int At(const QPoint& point) const;
+    bool HasLetterAt(const QPoint& point) const;
     void Paint(const QRect& part) const;
     void PaintParagraph(QPainter& painter, const QTextBlock& block, const QRectF& part) const;
     void PaintLine(QPainter& painter, const QTextBlock& block, const QTextLine& line) const;

@@ -14,6 +14,8 @@
 #include <cmath>
 
 namespace {
+constexpr int Slack = 2; // pixels around a word; the caret may stand behind the last letter
+
 // A word of the document among the laid out characters, which include the text that an input method shows.
 TextSpan InLayout(const QTextBlock& block, const TextSpan& word)
 {
@@ -49,6 +51,17 @@ void DrawWave(QPainter& painter, const QRectF& place)
 int SpellMarks::At(const QPoint& point) const
 {
     return m_box.cursorForPosition(point).position();
+}
+
+bool SpellMarks::HasLetterAt(const QPoint& point) const
+{
+    const QAbstractTextDocumentLayout& layout = *m_box.document()->documentLayout();
+    const QPointF scrolled(m_box.horizontalScrollBar()->value(), m_box.verticalScrollBar()->value());
+    const auto isLetter = [&](int beside) {
+        const int at = layout.hitTest(point + scrolled + QPointF(beside, 0), Qt::ExactHit);
+        return at >= 0 && m_box.document()->characterAt(at).isLetter();
+    };
+    return isLetter(-Slack) || isLetter(Slack);
 }
 
 QRectF SpellMarks::PlaceOf(const QTextBlock& block) const
@@ -102,9 +115,8 @@ void SpellMarks::PaintLine(QPainter& painter, const QTextBlock& block, const QTe
 
 std::optional<TextSpan> SpellMarks::WordAt(const QPoint& globalPosition)
 {
-    constexpr int Slack = 2; // pixels; the caret may stand behind the last letter
     const QPoint point = m_box.viewport()->mapFromGlobal(globalPosition);
-    CheckNow(At(point));
+    CheckNow(point);
     const QTextBlock block = m_box.document()->findBlock(At(point));
     const QPointF inBlock = point - PlaceOf(block).topLeft();
     for (auto word = std::ranges::lower_bound(m_words, At(point), {}, &TextSpan::end);

@@ -45,14 +45,14 @@ struct Typing
         box.setFocus();
     }
 
-    // "$" is Return, "<" Backspace, "|" Shift+Return, "Z" Ctrl+Z, "^" Home, "{" and "}" left and right. Letters beyond
-    // ASCII come by an input method.
+    // "$" is Return, "<" Backspace, "|" Shift+Return, "Z" Ctrl+Z, "^" Home, "{" and "}" left and right,
+    // ">" Delete, "~" Shift+Left. Letters beyond ASCII come by an input method.
     void Keys(const QString& keys)
     {
         static const QHash<QChar, QKeyCombination> named{
             {u'$', Qt::Key_Return},       {u'<', Qt::Key_Backspace}, {u'|', Qt::SHIFT | Qt::Key_Return},
             {u'Z', Qt::CTRL | Qt::Key_Z}, {u'^', Qt::Key_Home},      {u'{', Qt::Key_Left},
-            {u'}', Qt::Key_Right}};
+            {u'}', Qt::Key_Right},        {u'>', Qt::Key_Delete},    {u'~', Qt::SHIFT | Qt::Key_Left}};
         for (const QChar key : keys)
             if (named.contains(key))
                 QTest::keyClick(&box, named[key].key(), named[key].keyboardModifiers());
@@ -163,9 +163,13 @@ private Q_SLOTS:
                                     {"typed into", u"http://a.b {{xy"_s, u"[http://a.xyb] "_s},
                                     {"one step of undo", u"http://a.b {{xyZ"_s, u"[http://a.b] "_s},
                                     {"another step", u"http://a.b {{x<yZ"_s, u"[http://a.b] "_s},
+                                    {"Return is one", u"http://a.b {{x|ZZ"_s, u"[http://a.xb] "_s},
+                                    {"behind a replaced word", u"ab~~x$Z"_s, u"x"_s},
                                     {"divided", u"http://a.b/c {{{$"_s, u"[http://a.b]//c "_s},
                                     {"no address any more", u"http://a.b ^}}}}<<<"_s, u"h://a.b "_s},
                                     {"shortened", u"http://a.bcd {<<"_s, u"[http://a.b] "_s},
+                                    {"that taken back", u"http://a.bcd {<Z"_s, u"[http://a.bcd] "_s},
+                                    {"Delete taken back", u"http://a.bcd {{>Z"_s, u"[http://a.bcd] "_s},
                                     {"removed", u"http://a.b {<<<<<<<<<<x y "_s, u"x y  "_s}}) {
             const InRow inRow(this, name);
             Typing typing;
@@ -267,6 +271,27 @@ private Q_SLOTS:
         QTextDocument read;
         ReadRtf(written, read);
         QCOMPARE(WriteRtf(read), written);
+    }
+
+    // They show their address, too: browsers end a host with a stroke and leave its beginning out.
+    void linksOfBrowsers()
+    {
+        for (const auto& [name, text, target, keys, links] : Rows<QString, QString, QString, QString>{
+                 {"a stroke", u"http://a.b"_s, u"http://a.b/"_s, u"}}}}}}}}x"_s, u"[http://ax.b]"_s},
+                 {"no beginning", u"www.a.bc"_s, u"https://www.a.bc/"_s, u"}}}}}x"_s,
+                  u"[www.ax.bc>http://www.ax.bc]"_s},
+                 {"unchanged", u"www.a.bc"_s, u"https://www.a.bc/"_s, u"}}}}}}}} "_s,
+                  u"[www.a.bc>https://www.a.bc/] "_s},
+                 {"another one", u"https://a.b"_s, u"http://a.b"_s, u"}}}}}}}}}x"_s, u"[https://ax.b>http://a.b]"_s},
+                 {"another page", u"http://a.b"_s, u"http://a.b/c/"_s, u"}}}}}}}}x"_s,
+                  u"[http://ax.b>http://a.b/c/]"_s}}) {
+            const InRow inRow(this, name);
+            Typing typing;
+            const QString field = u"{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"%1\"}{\\fldrslt %2}}}"_s;
+            typing.box.SetTextRTF(field.arg(target, text).toLatin1());
+            typing.Keys(keys);
+            QCOMPARE(typing.Links(), links);
+        }
     }
 
     void pastedAddressesBecomeLinks()
@@ -380,6 +405,7 @@ private Q_SLOTS:
                                     {"the end taken back", u"- a$$Z"_s, u"_- a/_- "_s},
                                     {"the mark taken back", u"- a$Z"_s, u"- a/"_s},
                                     {"and typed on", u"- a$Zb$c"_s, u"- a/b/c"_s},
+                                    {"the next number typed", u"1. a$Z2. b$c"_s, u"1. a/_2. b/_3. c"_s},
                                     {"the mark removed", u"- a$b^}}<"_s, u"_- a/b"_s},
                                     {"that taken back", u"- a$b^}}<Z"_s, u"_- a/_- b"_s},
                                     {"Backspace in the text", u"- a$bc<"_s, u"_- a/_- b"_s},
@@ -388,8 +414,8 @@ private Q_SLOTS:
                                     {"a line in the item", u"- a|b$c"_s, u"_- a|b/_- c"_s},
                                     {"before the mark", u"- a^$"_s, u"/- a"_s},
                                     {"a mark alone", u"- $x"_s, u"- /x"_s},
-                                    {"no lists", u"10:30 Dentist$1.5 km$-5$-$2026. a$a) b$24. c$x"_s,
-                                     u"10:30 Dentist/1.5 km/-5/-/2026. a/a) b/24. c/x"_s},
+                                    {"no lists", u"10:30 Dentist$1.5 km$-5$-$2026. a$a) b$23. c$24. d$x"_s,
+                                     u"10:30 Dentist/1.5 km/-5/-/2026. a/a) b/23. c/24. d/x"_s},
                                     {"with a link", u"- http://a.b$x"_s, u"_- http://a.b/_- x"_s}}) {
             const InRow inRow(this, name);
             Typing typing;
@@ -414,6 +440,23 @@ private Q_SLOTS:
         const double text = item.layout()->lineAt(0).cursorToX(2),
                      below = item.layout()->lineAt(1).cursorToX(item.layout()->lineAt(1).textStart());
         QVERIFY2(qAbs(text - below) < 1, qPrintable(u"%1 %2"_s.arg(text).arg(below)));
+    }
+
+    void numbersOfOtherPrograms()
+    {
+        for (const auto& [name, items, keys, lists] : Rows<QString, QString, QString>{
+                 {"with zeros", u"01. a/02. b"_s, u"}}}}}$x"_s, u"_01. a/_02. x/_03. b"_s},
+                 {"one more digit", u"09. a/10. b"_s, u"}}}}}$x"_s, u"_09. a/_10. x/_11. b"_s},
+                 {"one less digit", u"09. a/10. b/11. c"_s, u"}}}}<"_s, u"a/_09. b/_10. c"_s},
+                 {"without zeros", u"9. a/10. b"_s, u"}}}<"_s, u"a/_9. b"_s},
+                 {"the last one", u"999. a"_s, u"}}}}}}$x"_s, u"_999. a/_x"_s},
+                 {"the last one below", u"998. a/999. b"_s, u"}}}}}}$x"_s, u"_998. a/_999. x/_999. b"_s}}) {
+            const InRow inRow(this, name);
+            Typing typing;
+            typing.box.SetTextRTF("{\\rtf1\\fi-100\\li100 " + items.toLatin1().replace('/', "\\par ") + "}");
+            typing.Keys(keys);
+            QCOMPARE(typing.Lists(), lists);
+        }
     }
 
     // Else it would be stored as more of the picture.
@@ -490,6 +533,15 @@ private Q_SLOTS:
         QCOMPARE(list.box.document()->begin().textDirection(), Qt::LeftToRight); // where its indent is
         list.Keys(u"ZZ"_s);
         QCOMPARE(list.box.document()->begin().blockFormat().layoutDirection(), Qt::LayoutDirectionAuto);
+        for (const auto& [item, key, text] :
+             {std::tuple("- ", u"\u05e9"_s, u"- "_s), {"- a\\u1513 ?", u"\x7f"_s, u"- a\u05e9"_s}}) {
+            list.box.SetTextRTF(QByteArray("{\\rtf1\\fi-100\\li100 ") + item + "}");
+            list.Keys(u"}}"_s);
+            QTest::sendKeyEvent(QTest::Click, &list.box, key == u"\x7f" ? Qt::Key_Delete : Qt::Key_unknown, key, {});
+            QCOMPARE(list.box.document()->begin().textDirection(), Qt::LeftToRight);
+            list.Keys(u"Z"_s);
+            QCOMPARE(list.box.Text(), text);
+        }
         // Its end leaves only a direction that was set by hand.
         for (const bool isSet : {false, true}) {
             Typing ended;

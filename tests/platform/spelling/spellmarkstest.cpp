@@ -141,6 +141,21 @@ private Q_SLOTS:
         QVERIFY(!note.HasWave());
     }
 
+    void onlyAClickOnAWordLoadsDictionaries()
+    {
+        Checked note(u"  wrogn"_s);
+        note.speller.Unload();
+        note.speller.Expect({InstalledDictionaries().front()});
+        const auto isMarkedAt = [&](int position, const QPoint& offset) {
+            note.box.SetSelStart(position);
+            return note.marks->WordAt(note.box.viewport()->mapToGlobal(note.box.cursorRect().bottomLeft() + offset))
+                .has_value();
+        };
+        for (const auto& [position, offset] : {std::pair(0, QPoint(2, 0)), {4, QPoint(2, 80)}, {7, QPoint(80, 0)}})
+            QVERIFY(!isMarkedAt(position, offset) && note.speller.IsExpecting());
+        QVERIFY(isMarkedAt(7, QPoint()) && !note.speller.IsExpecting());
+    }
+
     void theNoteKnowsNothingOfMarks()
     {
         Checked note(u"wrogn"_s);
