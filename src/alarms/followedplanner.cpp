@@ -25,7 +25,11 @@ bool FollowedPlanner::HasChanged() const
 void FollowedPlanner::Refresh()
 {
     if (m_path.isEmpty() || !HasChanged()) return;
-    ErrorTail{" in TrayClock, FollowedPlanner"_L1}([this] { Read(); });
+    try {
+        Read();
+    } catch (const RunTimeError& error) {
+        LogError(error, " in TrayClock, FollowedPlanner"_L1);
+    }
 }
 
 // A copy is read, so that nobody is shut out meanwhile.

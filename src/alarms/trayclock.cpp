@@ -11,7 +11,7 @@
 
 namespace {
 constexpr QLatin1StringView TrayLiteral(" in TrayClock");
-constexpr int Minute = 60 * 1000; // milliseconds
+constexpr int OneMinute = 60 * 1000; // milliseconds
 } // namespace
 
 TrayClock::TrayClock(const QString& planner)
@@ -51,7 +51,7 @@ void TrayClock::Tick()
 void TrayClock::WaitForMinute()
 {
     constexpr int Late = 50; // rather than early
-    m_minute.start(Minute - desktopclock::Now().time().msecsSinceStartOfDay() % Minute + Late);
+    m_minute.start(OneMinute - desktopclock::Now().time().msecsSinceStartOfDay() % OneMinute + Late);
 }
 
 void TrayClock::ShowMissed(const std::vector<Alarm>& missed)

@@ -4,6 +4,7 @@
 #include "planners.h"
 #include "platform/desktop/clock.h"
 #include "platform/engine/dbengine.h"
+#include "support.h"
 #include "testmain.h"
 
 // The planner that the clock in the tray follows.
