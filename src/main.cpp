@@ -14,7 +14,7 @@ QStringList Run(int argc, char** argv)
     QGuiApplication::setDesktopFileName(DesktopCalls::Name());
     if (QCoreApplication::arguments().contains(trayrun::ClockWord)) return trayrun::RunClock(application);
     if (trayrun::HandedToClock()) return {};
-    return RunOrrelin(application) ? QStringList(trayrun::ClockWord) : QStringList();
+    return RunOrrelin(application);
 }
 } // namespace
 

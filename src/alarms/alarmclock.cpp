@@ -15,13 +15,15 @@
 #include <QScopedValueRollback>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 constexpr QLatin1StringView ClockLiteral(" in MainForm, tmAlarm_Timer");
 }
 
 void AlarmClock::FollowPlanner()
 {
-    Follow(false);
+    Follow(std::exchange(m_sRungElsewhere, {}) == desktopclock::Now().toString(u"hh:mm"_s));
 }
 
 // Shows what was missed from the event loop, since the planner is just being opened.

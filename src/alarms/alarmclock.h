@@ -18,7 +18,11 @@ public:
     {
     }
 
-    void FollowPlanner();         // another planner is open, or none
+    void FollowPlanner(); // another planner is open, or none
+    // Goes on where the clock of another process ended; call this before the planner is followed. minute: its
+    // LastMinute().
+    void Continue(const QString& minute) { m_sLastAlarmMinute = m_sRungElsewhere = minute; }
+    QString LastMinute() const { return m_sLastAlarmMinute; }
     void mnuAlarmOptions_Click(); // asks for the options
     void tmAlarm_Timer();         // ticks every ten seconds; shows what is due and waits until its window is closed
 
@@ -34,5 +38,6 @@ private:
     PutOffAlarms& m_putOff;
     MissedAlarms& m_missed;
     QString m_sLastAlarmMinute; // "hh:mm" of the last check
+    QString m_sRungElsewhere;   // likewise, by the clock that ran before this one
     bool m_isRinging = false;
 };

@@ -12,8 +12,4 @@ inline QString Heard() // HeardAlarms
 {
     return folders::ApplicationDirectory() + u"/heardalarms.json"_s;
 }
-inline QString Running() // a lock of the clock in the tray
-{
-    return folders::ApplicationDirectory() + u"/clock.lock"_s;
-}
 } // namespace alarmfiles

@@ -50,11 +50,12 @@ AlarmOptionsForm::AlarmOptionsForm(QWidget* owner) : QDialog(owner)
 
 void AlarmOptionsForm::AddTray(QVBoxLayout& column)
 {
-    QCheckBox& tray = *m_ticks.back().box;
-    const bool isPossible = HasTray();
-    tray.setEnabled(isPossible);
-    if (!isPossible) tray.setChecked(false);
-    if (!isPossible) tray.setText(tray.text() + u" (this desktop shows no tray)"_s);
+    m_chkTray = findChild<QCheckBox*>(u"chkTray"_s);
+    m_chkTray->setEnabled(HasTray());
+    if (!m_chkTray->isEnabled()) {
+        m_chkTray->setChecked(false);
+        m_chkTray->setText(m_chkTray->text() + u" (this desktop shows no tray)"_s);
+    }
     m_chkSession = AddTo<QCheckBox>(column, "chkSession", u"&Start with the session"_s);
     m_chkSession->setChecked(sessionstart::IsOn());
 }
@@ -62,9 +63,7 @@ void AlarmOptionsForm::AddTray(QVBoxLayout& column)
 // With the tray the window stays closed.
 bool AlarmOptionsForm::SetSessionStart() const
 {
-    const QString words = m_ticks.back().box->isChecked() ? u"--clock"_s : QString();
-    const bool isWanted = m_chkSession->isChecked();
-    return (!isWanted && !sessionstart::IsOn()) || sessionstart::Set(isWanted, words);
+    return sessionstart::Set(m_chkSession->isChecked(), m_chkTray->isChecked() ? u"--clock"_s : QString());
 }
 
 void AlarmOptionsForm::AddSound(QVBoxLayout& column)

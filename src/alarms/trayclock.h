@@ -4,11 +4,11 @@
 
 #include "alarms/alarmclock.h"
 #include "alarms/followedplanner.h"
+#include "platform/desktop/minutetick.h"
 
 #include <QMenu>
 #include <QPointer>
 #include <QSystemTrayIcon>
-#include <QTimer>
 
 class AlarmListForm;
 
@@ -17,16 +17,19 @@ class TrayClock : public QObject
     Q_OBJECT
 
 public:
-    explicit TrayClock(const QString& planner); // its file; empty: only what was put off rings
+    // planner: its file; empty: only what was put off rings. minute: AlarmClock::LastMinute() of the calendar.
+    TrayClock(const QString& planner, const QString& minute);
+
+    QString LastMinute() const { return m_clock.LastMinute(); }
 
 Q_SIGNALS:
     void Wanted(const QString& day); // the calendar, on this day, if its key is not empty
     void Ended();                    // by the person
+    void TrayAppeared();             // too late for this process: the toolkit looks for a tray once
 
 private:
     void MakeIcon();
     void Tick();
-    void WaitForMinute();
     void ShowMissed(const std::vector<Alarm>& missed);
 
     FollowedPlanner m_planner;
@@ -35,6 +38,6 @@ private:
     AlarmClock m_clock;
     QMenu m_menu;
     QSystemTrayIcon m_icon;
-    QTimer m_minute;
+    MinuteTick m_minute;
     QPointer<AlarmListForm> m_list;
 };

@@ -31,7 +31,8 @@ Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 
 Mainform::~Mainform() = default;
 
-void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront, bool comesBack)
+void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront,
+                         const std::optional<trayrun::Return>& back)
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(" in MainForm, Form_Load"_L1);
@@ -46,7 +47,8 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     // No cell takes the first key: a cell is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();
-    tail([&] { comesBack ? rooms.opening.OpenFollowed() : rooms.opening.subAutoload(); });
+    if (back) rooms.alarmClock.Continue(back->minute);
+    tail([&] { back ? rooms.opening.OpenFollowed() : rooms.opening.subAutoload(); });
     tail([&] { rooms.navigation.subSetViewMenus(); });
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
@@ -71,24 +73,22 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
 void Mainform::closeEvent(QCloseEvent* event)
 {
     Guarded(" in MainForm, Form_QueryUnload"_L1, [&] {
-        if (event->spontaneous()) PrepareTray();
+        m_goesToTray = event->spontaneous() && Read(settings::RingInTray) != 0 && HasTray();
         subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode);
     })();
     event->accept();
 }
 
-void Mainform::PrepareTray()
+QStringList Mainform::WhatFollows() const
 {
-    m_goesToTray = Read(settings::RingInTray) != 0 && HasTray();
-    if (!m_goesToTray) return;
-    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    Write(settings::FollowedPlanner, HasPlanner() ? g_sNotesFile : QString());
-    Write(settings::FollowedShared, g_bDBShared ? 1 : 0);
+    return m_goesToTray ? QStringList({trayrun::ClockWord, m_rooms->alarmClock.LastMinute()}) : QStringList();
 }
 
-void Mainform::GoTo(const QString& day)
+void Mainform::ComeBack(const QStringList& words)
 {
-    if (const auto of = DayOfKey(day); of && HasPlanner()) m_rooms->alarmCell.ShowDay(*of);
+    const auto day = DayOfKey(words.value(0));
+    if (!day) return AnswerDesktop(words);
+    if (HasPlanner()) m_rooms->alarmCell.ShowDay(*day);
 }
 
 void Mainform::AnswerDesktop(const QStringList& uris)
@@ -118,10 +118,12 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // a signal ended it while a question about unsaved notes was open
+    tail([&] { m_rooms->opening.KeepFollowed(); });
     m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });
     m_ended = true;
+    m_goesToTray = m_goesToTray && iUnloadMode == CloseBox; // not if a signal ended it meanwhile
     Q_EMIT Ended();
 }

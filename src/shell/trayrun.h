@@ -9,14 +9,19 @@ class QApplication;
 
 namespace trayrun {
 inline const QString ClockWord = u"--clock"_s; // on the command line: without the window
-inline const QString ShowWord = u"--show"_s;   // with the planner that the clock followed; then its day or files
+inline const QString ShowWord = u"--show"_s;   // back from the tray
+// Behind both comes the minute that has rung ("hh:mm"), so that it does not ring twice.
 
 // Runs the clock until the person ends it or wants the calendar. Returns the words with which the program is to be
 // replaced, if it is.
 QStringList RunClock(QApplication& application);
 
-// The words behind ShowWord; none if the program does not come back from the tray.
-std::optional<QStringList> WordsOfReturn();
+struct Return
+{
+    QString minute;    // the last that has rung
+    QStringList words; // the key of a day, or files of a call, or nothing
+};
+std::optional<Return> ReturnFromClock(); // none if the program does not come back from the tray
 
 // True if the clock was running and has been asked to show the calendar.
 bool HandedToClock();

@@ -23,6 +23,11 @@ void TakeToken(const QVariantMap& platformData)
 }
 } // namespace
 
+QVariantMap DesktopCalls::OwnToken()
+{
+    return {{u"activation-token"_s, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}};
+}
+
 void DesktopCalls::Listen()
 {
     m_isStart = qEnvironmentVariableIsSet(StartedByCall);

@@ -15,21 +15,22 @@ QString EntryFile()
            u".desktop"_s;
 }
 
-// In an entry, these characters of a path have a meaning.
-QString Quoted(const QString& path)
+// A command and a value of the file both have characters that need a backslash.
+QString Quoted(QString path)
 {
-    QString quoted;
-    for (const QChar one : path) {
-        if (u"\"`$\\"_s.contains(one)) quoted += u"\\\\"_s;
-        quoted += one == u'%' ? u"%%"_s : QString(one);
-    }
-    return u'"' + quoted + u'"';
+    for (const QChar one : u"\\\"`$"_s)
+        path.replace(one, u"\\"_s + one);
+    return u'"' + path.replace(u'\\', u"\\\\"_s).replace(u'%', u"%%"_s) + u'"';
 }
 } // namespace
 
+// Desktops have their own ways to switch an entry off.
 bool sessionstart::IsOn()
 {
-    return QFile::exists(EntryFile());
+    QFile file(EntryFile());
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    const QByteArray entry = file.readAll();
+    return !entry.contains("\nHidden=true") && !entry.contains("\nX-GNOME-Autostart-enabled=false");
 }
 
 bool sessionstart::Set(bool on, const QString& words)
