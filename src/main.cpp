@@ -13,7 +13,7 @@ QStringList Run(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
     QGuiApplication::setDesktopFileName(DesktopCalls::Name());
     if (QCoreApplication::arguments().contains(trayrun::ClockWord)) return trayrun::RunClock(application);
-    if (trayrun::HandedToClock()) return {};
+    if (!trayrun::FromClock() && trayrun::HandedToClock()) return {};
     return RunOrrelin(application);
 }
 } // namespace

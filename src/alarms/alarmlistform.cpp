@@ -2,7 +2,6 @@
 
 #include "alarms/againin.h"
 #include "alarms/alarmrules.h"
-#include "alarms/alarmspan.h"
 #include "alarms/firstline.h"
 #include "platform/controls/dialogcolumn.h"
 #include "platform/desktop/centeronscreen.h"
@@ -21,14 +20,6 @@
 
 namespace {
 constexpr QLatin1StringView ListLiteral(" in AlarmListForm");
-}
-
-std::vector<ListedAlarm> ListedBy(const std::vector<Alarm>& alarms)
-{
-    std::vector<ListedAlarm> listed;
-    for (const Alarm& alarm : alarms)
-        listed.push_back({WallMinuteOf(alarm), alarm});
-    return listed;
 }
 
 QString ShownTimeIn(const ListedAlarm& listed)
@@ -69,7 +60,8 @@ void AlarmListForm::MakeList()
     const QFontMetrics letters = m_lstAlarms->fontMetrics();
     m_lstAlarms->setColumnWidth(0, letters.horizontalAdvance(u"Sep 30, 2000 mm"_s));
     m_lstAlarms->setColumnWidth(1, letters.horizontalAdvance(u"12:00 AM mm"_s));
-    connect(m_lstAlarms, &QTreeWidget::itemClicked, this, Guarded(ListLiteral, [this] { Choose(); }));
+    const auto chosen = m_needs.isFar ? &QTreeWidget::itemDoubleClicked : &QTreeWidget::itemClicked;
+    connect(m_lstAlarms, chosen, this, Guarded(ListLiteral, [this] { Choose(); }));
 }
 
 QPushButton* AlarmListForm::MakeAgain()
@@ -100,6 +92,20 @@ void AlarmListForm::Add(const std::vector<ListedAlarm>& listed)
         new QTreeWidgetItem(m_lstAlarms, {day, ShownTimeIn(one), FirstLineOf(one.alarm)});
     }
     if (!m_lstAlarms->currentItem()) m_lstAlarms->setCurrentItem(m_lstAlarms->topLevelItem(0));
+}
+
+void AlarmListForm::ShowInFront()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+void AlarmListForm::Retire()
+{
+    disconnect();
+    hide();
+    deleteLater();
 }
 
 void AlarmListForm::keyPressEvent(QKeyEvent* event)

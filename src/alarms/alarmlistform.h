@@ -21,6 +21,7 @@ struct ListedAlarm
 struct AlarmListNeeds
 {
     std::function<void(const QDate& day)> goTo;
+    bool isFar = false; // the way to the day leaves the list, so that it takes a double click
     // Null where nothing can be printed.
     std::function<void(QWidget* owner, const std::vector<ListedAlarm>& listed)> print;
     // Puts an alarm off; false after a message. Null where alarms cannot be put off.
@@ -36,6 +37,9 @@ public:
 
     void Add(const std::vector<ListedAlarm>& listed); // behind the rows, unless they are there already
     const std::vector<ListedAlarm>& Listed() const { return m_listed; }
+
+    void ShowInFront();
+    void Retire(); // hides it, and deletes it when no dialog of its is open any more
 
     QSize sizeHint() const override;
 
@@ -53,5 +57,4 @@ private:
     QTreeWidget* m_lstAlarms = nullptr;
 };
 
-std::vector<ListedAlarm> ListedBy(const std::vector<Alarm>& alarms); // by their own minutes
-QString ShownTimeIn(const ListedAlarm& listed);                      // "9:05 AM"
+QString ShownTimeIn(const ListedAlarm& listed); // "9:05 AM"

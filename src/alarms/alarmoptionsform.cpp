@@ -48,13 +48,14 @@ AlarmOptionsForm::AlarmOptionsForm(QWidget* owner) : QDialog(owner)
     CenterOnScreen(*this);
 }
 
+// Without a tray here, the choice stays for the person's other desktop.
 void AlarmOptionsForm::AddTray(QVBoxLayout& column)
 {
-    m_chkTray = findChild<QCheckBox*>(u"chkTray"_s);
-    m_chkTray->setEnabled(HasTray());
-    if (!m_chkTray->isEnabled()) {
-        m_chkTray->setChecked(false);
-        m_chkTray->setText(m_chkTray->text() + u" (this desktop shows no tray)"_s);
+    auto& tray = *findChild<QCheckBox*>(u"chkTray"_s);
+    tray.setEnabled(HasTray());
+    if (!tray.isEnabled()) {
+        tray.setChecked(false);
+        tray.setText(tray.text() + u" (this desktop shows no tray)"_s);
     }
     m_chkSession = AddTo<QCheckBox>(column, "chkSession", u"&Start with the session"_s);
     m_chkSession->setChecked(sessionstart::IsOn());
@@ -63,7 +64,7 @@ void AlarmOptionsForm::AddTray(QVBoxLayout& column)
 // With the tray the window stays closed.
 bool AlarmOptionsForm::SetSessionStart() const
 {
-    return sessionstart::Set(m_chkSession->isChecked(), m_chkTray->isChecked() ? u"--clock"_s : QString());
+    return sessionstart::Set(m_chkSession->isChecked(), Read(settings::RingInTray) != 0 ? u"--clock"_s : QString());
 }
 
 void AlarmOptionsForm::AddSound(QVBoxLayout& column)
@@ -96,7 +97,7 @@ void AlarmOptionsForm::accept()
     ErrorTail{Literal}([this] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         for (const Tick& tick : m_ticks)
-            Write(*tick.setting, tick.box->isChecked() ? 1 : 0);
+            if (tick.box->isEnabled()) Write(*tick.setting, tick.box->isChecked() ? 1 : 0);
         Write(settings::TuneVolume, m_sldVolume->value());
     });
     QDialog::accept();

@@ -31,7 +31,6 @@ private:
         QCheckBox* box;
     };
     std::vector<Tick> m_ticks;
-    QCheckBox* m_chkTray = nullptr;
     QCheckBox* m_chkSession = nullptr;
     QSlider* m_sldVolume = nullptr;
     QString m_played;

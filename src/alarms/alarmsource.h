@@ -15,5 +15,5 @@ public:
     virtual QString Planner() const = 0; // its file; empty if there is none
     // Those of this date and time ("hh:mm"), or the first alone. The errors of the engine.
     virtual std::vector<Alarm> Due(const QDate& today, const QString& minute, bool all) = 0;
-    virtual std::vector<Alarm> Between(const QDateTime& after, const QDateTime& before) = 0; // as AlarmsWithin
+    virtual std::vector<Alarm> Between(const QDateTime& after, const QDateTime& before) = 0; // as AlarmsBetween
 };

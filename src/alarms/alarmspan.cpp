@@ -24,21 +24,19 @@ QDateTime WallMinuteOf(const Alarm& alarm)
     return {QDate(day->year, day->month, day->day), time, Qt::UTC};
 }
 
-std::vector<Alarm> AllAlarms(const Database& planner)
+bool IsWithin(const Alarm& alarm, const QDateTime& after, const QDateTime& before)
 {
-    std::vector<Alarm> all;
-    if (!planner.TableNames().contains(schema::Alarms, Qt::CaseInsensitive)) return all;
-    planner.Walk(schema::Alarms, AlarmFields(), [&](const QVariantList& values) { all.push_back(AlarmOf(values)); });
-    return all;
+    const QDateTime minute = WallMinuteOf(alarm);
+    return minute.isValid() && minute > after && minute < before;
 }
 
-std::vector<Alarm> AlarmsWithin(const std::vector<Alarm>& alarms, const QDateTime& after, const QDateTime& before)
+std::vector<Alarm> AlarmsBetween(const Database& planner, const QDateTime& after, const QDateTime& before)
 {
-    std::vector<Alarm> within;
-    for (const Alarm& alarm : alarms) {
-        const QDateTime minute = WallMinuteOf(alarm);
-        if (minute.isValid() && minute > after && minute < before) within.push_back(alarm);
-    }
-    std::ranges::stable_sort(within, {}, WallMinuteOf);
-    return within;
+    std::vector<Alarm> found;
+    if (!planner.TableNames().contains(schema::Alarms, Qt::CaseInsensitive)) return found;
+    planner.Walk(schema::Alarms, AlarmFields(), [&](const QVariantList& values) {
+        if (Alarm alarm = AlarmOf(values); IsWithin(alarm, after, before)) found.push_back(std::move(alarm));
+    });
+    std::ranges::stable_sort(found, {}, WallMinuteOf);
+    return found;
 }

@@ -13,8 +13,8 @@ class Database;
 QDateTime WallMinute(const QDateTime& now);
 QDateTime WallMinuteOf(const Alarm& alarm); // in which it rings; invalid if it never does
 
-// In the order of the table. Empty for an older planner without the table. The errors of Database::Walk.
-std::vector<Alarm> AllAlarms(const Database& planner);
+bool IsWithin(const Alarm& alarm, const QDateTime& after, const QDateTime& before); // neither of which is included
 
-// Those that ring after the one and before the other wall minute, in their order.
-std::vector<Alarm> AlarmsWithin(const std::vector<Alarm>& alarms, const QDateTime& after, const QDateTime& before);
+// All that ring after the one and before the other wall minute, in their order. Empty for an older planner without the
+// table. The errors of Database::Walk.
+std::vector<Alarm> AlarmsBetween(const Database& planner, const QDateTime& after, const QDateTime& before);

@@ -11,6 +11,7 @@ public:
     explicit FollowedPlanner(const QString& path) : m_path(path) {} // empty for none
 
     QString Planner() const override { return m_path; }
+    // If the planner cannot be read now, from what is known of it.
     std::vector<Alarm> Due(const QDate& today, const QString& minute, bool all) override;
     std::vector<Alarm> Between(const QDateTime& after, const QDateTime& before) override;
 
@@ -22,13 +23,16 @@ private:
         bool operator==(const State&) const = default;
     };
 
+    State Present() const;
     bool HasChanged() const;
-    void Refresh();
-    void Read();
+    void Refresh(const QDateTime& after); // the alarms after this wall minute, at least
+    void Read(const QDateTime& after);
 
     const QString m_path;
-    std::optional<State> m_read;
+    std::optional<State> m_read; // none: not yet, or not since it could not be
     bool m_isOnServer = false;
     QDateTime m_readAt;
-    std::vector<Alarm> m_alarms; // in the order of the table
+    QDateTime m_after; // a wall minute, from which on all alarms are known
+    std::vector<Alarm> m_alarms;
+    bool m_isFailing = false;
 };

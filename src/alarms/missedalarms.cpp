@@ -14,7 +14,7 @@ constexpr int Minute = 60; // seconds
 void MissedAlarms::Follow(bool isOver)
 {
     End();
-    if (Read(settings::ListMissed) == 0) return;
+    if (Read(settings::ListMissed) == 0) return m_heard.Forget(); // or all that ring meanwhile would be listed later
     m_planner = m_source.Planner();
     if (m_planner.isEmpty()) return;
     m_looked = WallMinute(desktopclock::Now()).addSecs(isOver ? 0 : -Minute);

@@ -10,11 +10,9 @@ class MissedAlarms
 public:
     // show gets them in their order; it must not wait.
     using Show = std::function<void(const std::vector<Alarm>& missed)>;
-    MissedAlarms(AlarmSource& source, const QString& path, Show show)
-        : m_source(source), m_heard(path), m_show(std::move(show))
-    {
-    }
+    MissedAlarms(AlarmSource& source, const QString& path) : m_source(source), m_heard(path) {}
     ~MissedAlarms() { End(); }
+    void SetShow(Show show) { m_show = std::move(show); }
 
     // Another planner is open, or none, or the option has changed. isOver: the clock has rung this minute already.
     void Follow(bool isOver);
@@ -31,7 +29,7 @@ private:
 
     AlarmSource& m_source;
     HeardAlarms m_heard;
-    const Show m_show;
+    Show m_show = [](const auto&) {};
     QString m_planner;     // followed; empty for none
     QDateTime m_looked;    // the last wall minute that is done
     QDateTime m_seenUntil; // null, or where the shown list begins, which nobody has closed yet

@@ -20,5 +20,5 @@ std::vector<Alarm> OpenPlannerAlarms::Due(const QDate& today, const QString& min
 
 std::vector<Alarm> OpenPlannerAlarms::Between(const QDateTime& after, const QDateTime& before)
 {
-    return AlarmsWithin(AllAlarms(g_dbPlanner), after, before);
+    return AlarmsBetween(g_dbPlanner, after, before);
 }

@@ -1,8 +1,6 @@
 #include "alarms/trayclock.h"
 
 #include "alarms/alarmfiles.h"
-#include "alarms/alarmlistform.h"
-#include "alarms/alarmspan.h"
 #include "platform/desktop/tray.h"
 #include "platform/runtime/errortail.h"
 #include "state/moddate.h"
@@ -16,11 +14,11 @@ constexpr QLatin1StringView TrayLiteral(" in TrayClock");
 }
 
 TrayClock::TrayClock(const QString& planner, const QString& minute)
-    : m_planner(planner), m_putOff(alarmfiles::PutOff()),
-      m_missed(m_planner, alarmfiles::Heard(), [this](const auto& missed) { ShowMissed(missed); }),
-      m_clock(m_planner, nullptr, m_putOff, m_missed)
+    : m_planner(planner), m_putOff(alarmfiles::PutOff()), m_missed(m_planner, alarmfiles::Heard()),
+      m_clock(m_planner, nullptr, m_putOff, m_missed), m_list(nullptr, m_putOff, m_missed, ListNeeds())
 {
     MakeIcon();
+    m_missed.SetShow([this](const auto& missed) { m_list.Show(missed); });
     m_clock.Continue(minute);
     m_clock.FollowPlanner();
     const auto tick = Guarded(TrayLiteral, [this] { Tick(); });
@@ -49,18 +47,10 @@ void TrayClock::Tick()
     m_clock.tmAlarm_Timer();
 }
 
-void TrayClock::ShowMissed(const std::vector<Alarm>& missed)
+AlarmListNeeds TrayClock::ListNeeds()
 {
-    if (!m_list) {
-        AlarmListNeeds needs;
-        needs.goTo = [this](const QDate& day) { Q_EMIT Wanted(KeyOf({day.year(), day.month(), day.day()})); };
-        needs.putOff = [this](const Alarm& alarm, const QDateTime& next) {
-            return PutOffOrTell(m_putOff, {}, PutOffAlarm{alarm, next});
-        };
-        m_list = new AlarmListForm(nullptr, u"Missed Alarms"_s, needs);
-        connect(m_list, &QDialog::finished, this, [this] { m_missed.Seen(); });
-    }
-    m_list->Add(ListedBy(missed));
-    m_list->show();
-    m_list->raise();
+    AlarmListNeeds needs;
+    needs.goTo = [this](const QDate& day) { Q_EMIT Wanted(KeyOf({day.year(), day.month(), day.day()})); };
+    needs.isFar = true;
+    return needs;
 }

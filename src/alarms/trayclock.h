@@ -4,13 +4,11 @@
 
 #include "alarms/alarmclock.h"
 #include "alarms/followedplanner.h"
+#include "alarms/missedlist.h"
 #include "platform/desktop/minutetick.h"
 
 #include <QMenu>
-#include <QPointer>
 #include <QSystemTrayIcon>
-
-class AlarmListForm;
 
 class TrayClock : public QObject
 {
@@ -30,14 +28,14 @@ Q_SIGNALS:
 private:
     void MakeIcon();
     void Tick();
-    void ShowMissed(const std::vector<Alarm>& missed);
+    AlarmListNeeds ListNeeds();
 
     FollowedPlanner m_planner;
     PutOffAlarms m_putOff;
     MissedAlarms m_missed;
     AlarmClock m_clock;
+    MissedList m_list;
     QMenu m_menu;
     QSystemTrayIcon m_icon;
     MinuteTick m_minute;
-    QPointer<AlarmListForm> m_list;
 };

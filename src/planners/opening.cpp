@@ -17,6 +17,7 @@
 #include "planners/networkmode.h"
 #include "planners/openasform.h"
 #include "planners/recentlist.h"
+#include "planners/startplanner.h"
 #include "platform/controls/workwindow.h"
 #include "platform/desktop/commondialog.h"
 #include "platform/desktop/filesystem.h"

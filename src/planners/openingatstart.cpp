@@ -30,14 +30,12 @@ void Opening::KeepFollowed()
     Write(settings::FollowedShared, g_bDBShared ? 1 : 0);
 }
 
-void Opening::OpenFollowed()
+void Opening::OpenFollowed(const QString& path, bool shared)
 {
-    const QString path = Read(settings::FollowedPlanner);
     if (path.isEmpty()) return subAutoload();
     filesystem::Remember(path);
     g_sDBPath = path.toLower();
     g_sDBTitle = QFileInfo(path).fileName().toLower();
-    const bool shared = Read(settings::FollowedShared) != 0;
     m_networkMode.subSetNetworkMode(shared);
     subOpenDBNoDlg(!shared);
 }

@@ -32,7 +32,7 @@ Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 Mainform::~Mainform() = default;
 
 void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront,
-                         const std::optional<trayrun::Return>& back)
+                         const std::optional<trayrun::HandOver>& back)
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(" in MainForm, Form_Load"_L1);
@@ -48,7 +48,7 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     rooms.controls.client->setFocus();
     stayInFront();
     if (back) rooms.alarmClock.Continue(back->minute);
-    tail([&] { back ? rooms.opening.OpenFollowed() : rooms.opening.subAutoload(); });
+    tail([&] { back ? rooms.opening.OpenFollowed(back->planner, back->isShared) : rooms.opening.subAutoload(); });
     tail([&] { rooms.navigation.subSetViewMenus(); });
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
@@ -79,15 +79,10 @@ void Mainform::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-QStringList Mainform::WhatFollows() const
+void Mainform::ComeBack(const QStringList& wanted)
 {
-    return m_goesToTray ? QStringList({trayrun::ClockWord, m_rooms->alarmClock.LastMinute()}) : QStringList();
-}
-
-void Mainform::ComeBack(const QStringList& words)
-{
-    const auto day = DayOfKey(words.value(0));
-    if (!day) return AnswerDesktop(words);
+    const auto day = DayOfKey(wanted.value(0));
+    if (!day) return AnswerDesktop(wanted);
     if (HasPlanner()) m_rooms->alarmCell.ShowDay(*day);
 }
 
@@ -119,11 +114,14 @@ void Mainform::subExitProgram(int iUnloadMode)
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // a signal ended it while a question about unsaved notes was open
     tail([&] { m_rooms->opening.KeepFollowed(); });
+    const trayrun::HandOver handOver = {
+        m_rooms->alarmClock.LastMinute(), HasPlanner() ? g_sNotesFile : QString(), g_bDBShared, {}};
     m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });
     m_ended = true;
-    m_goesToTray = m_goesToTray && iUnloadMode == CloseBox; // not if a signal ended it meanwhile
+    const bool isEndedByPerson = iUnloadMode == CloseBox; // not by a signal meanwhile
+    if (m_goesToTray && isEndedByPerson) m_next = handOver.Words(trayrun::ClockWord);
     Q_EMIT Ended();
 }

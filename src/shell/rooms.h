@@ -73,6 +73,7 @@ struct Rooms
             findWord.FollowPlanner();
             alarmLists.Unload();
             alarmClock.FollowPlanner();
+            if (isOpen) opening.KeepFollowed();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
@@ -144,10 +145,9 @@ struct Rooms
     ListPrinting listPrinting{printer, foot};
     HitCell alarmCell{controls.cells, turn, redraw, m_pCalendarView, navigation};
     PutOffAlarms putOffAlarms{alarmfiles::PutOff()};
-    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms, [this] { missedAlarms.Seen(); }};
     OpenPlannerAlarms alarmSource;
-    MissedAlarms missedAlarms{alarmSource, alarmfiles::Heard(),
-                              [this](const auto& missed) { alarmLists.ShowMissed(missed); }};
+    MissedAlarms missedAlarms{alarmSource, alarmfiles::Heard()};
+    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms, missedAlarms};
     AlarmClock alarmClock{alarmSource, controls.client, putOffAlarms, missedAlarms};
     FindWord findWord{controls.cells,  turn,       redraw,
                       m_pCalendarView, navigation, {[this] { return Typed(); }, &listPrinting, &exporting}};

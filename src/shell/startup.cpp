@@ -32,7 +32,7 @@ void WatchForTheEnd(QApplication& application, Mainform& form)
 
 QStringList RunOrrelin(QApplication& application)
 {
-    const auto back = trayrun::ReturnFromClock();
+    const auto back = trayrun::FromClock();
     InitResources();
     application.setQuitOnLastWindowClosed(false);
     auto splash = std::make_unique<StartUpForm>();
@@ -62,7 +62,7 @@ QStringList RunOrrelin(QApplication& application)
     splash.reset();
     // A signal ended the program behind a message box of the start, when exec() was not running yet.
     if (form.HasEnded()) return form.WhatFollows();
-    if (back) form.ComeBack(back->words);
+    if (back) form.ComeBack(back->wanted);
     // After the first paint, since loading the icon takes time.
     QTimer::singleShot(0, &application, [] { QGuiApplication::setWindowIcon(QIcon(u":/icons/orrelin.svg"_s)); });
     SetMousePointer(mousepointer::Default);

@@ -16,6 +16,7 @@
 #include <QDialog>
 #include <QFile>
 #include <QIcon>
+#include <QSessionManager>
 
 #include <unistd.h>
 #include <vector>
@@ -45,17 +46,27 @@ void Announce(DesktopCalls& calls)
         QDBusConnection::sessionBus().interface()->registerService(ClockName(), QDBusConnectionInterface::QueueService);
 }
 
-QStringList WordsBehind(const QString& word)
+std::optional<trayrun::HandOver> Behind(const QString& word)
 {
     const QStringList words = QCoreApplication::arguments();
-    return words.sliced(words.indexOf(word) + 1);
+    const qsizetype at = words.indexOf(word) + 1;
+    if (at == 0) return {};
+    return trayrun::HandOver{words.value(at), words.value(at + 1), words.value(at + 2) == u'1', words.mid(at + 3)};
+}
+
+// At the start of a session nobody hands anything over.
+trayrun::HandOver FromCalendar()
+{
+    const auto given = Behind(trayrun::ClockWord).value_or(trayrun::HandOver{});
+    if (!given.planner.isEmpty() || !given.minute.isEmpty()) return given;
+    return {{}, Read(settings::FollowedPlanner), Read(settings::FollowedShared) != 0, {}};
 }
 
 // The run of one clock, until something else is to follow it.
 class ClockRun : public QObject
 {
 public:
-    explicit ClockRun(const QString& planner) : m_clock(planner, WordsBehind(trayrun::ClockWord).value(0))
+    explicit ClockRun(const trayrun::HandOver& start) : m_start(start), m_clock(start.planner, start.minute)
     {
         qApp->installEventFilter(this);
         using trayrun::ClockWord, trayrun::ShowWord;
@@ -88,36 +99,44 @@ private:
                 ringing, &QDialog::finished, this, [=, this] { End(word, words); }, Qt::QueuedConnection);
             return;
         }
-        m_next = QStringList({word, m_clock.LastMinute()}) + words;
+        m_next = trayrun::HandOver{m_clock.LastMinute(), m_start.planner, m_start.isShared, words}.Words(word);
         QCoreApplication::exit();
     }
 
+    const trayrun::HandOver m_start;
     TrayClock m_clock;
     DesktopCalls m_calls;
     QStringList m_next;
 };
 } // namespace
 
+QStringList trayrun::HandOver::Words(const QString& word) const
+{
+    return QStringList({word, minute, planner, isShared ? u"1"_s : u"0"_s}) + wanted;
+}
+
 QStringList trayrun::RunClock(QApplication& application)
 {
-    const QString planner = Read(settings::FollowedPlanner);
-    if (!Claim(planner)) return {};
+    const HandOver start = FromCalendar();
+    if (!Claim(start.planner)) return {};
     g_bErrorTrap = true;
-    ErrorTail{RunLiteral}([] { OpenErrorLog(folders::ApplicationDirectory() + u"/planner.err"_s); });
+    // Not the calendar's: another copy may be writing that.
+    ErrorTail{RunLiteral}([] { OpenErrorLog(folders::ApplicationDirectory() + u"/clock.err"_s); });
     InitResources();
     QApplication::setQuitOnLastWindowClosed(false);
     QGuiApplication::setWindowIcon(QIcon(u":/icons/orrelin.svg"_s));
-    const ClockRun run(planner);
+    const ClockRun run(start);
     const TerminationSignals ended(&application, [] { QCoreApplication::exit(); });
+    // The entry for the start with the session starts it, not the desktop's memory of this one.
+    QObject::connect(&application, &QGuiApplication::saveStateRequest, &application,
+                     [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
     application.exec();
     return run.Next();
 }
 
-std::optional<trayrun::Return> trayrun::ReturnFromClock()
+std::optional<trayrun::HandOver> trayrun::FromClock()
 {
-    if (!QCoreApplication::arguments().contains(ShowWord)) return {};
-    const QStringList words = WordsBehind(ShowWord);
-    return Return{words.value(0), words.mid(1)};
+    return Behind(ShowWord);
 }
 
 bool trayrun::HandedToClock()
@@ -139,5 +158,8 @@ void trayrun::Replace(const QStringList& words)
     for (QByteArray& one : bytes)
         arguments.push_back(one.data());
     arguments.push_back(nullptr);
-    ::execv("/proc/self/exe", arguments.data());
+    // By its name, which process lists show. A program that was replaced by an update has only the other one.
+    const QByteArray self = "/proc/self/exe";
+    ::execv(QFile::encodeName(QFile::symLinkTarget(QFile::decodeName(self))).constData(), arguments.data());
+    ::execv(self.constData(), arguments.data());
 }

@@ -104,6 +104,7 @@ private Q_SLOTS:
         for (const auto& [what, isOn, isCovered, isLocked, shown] : Rows<bool, bool, bool, QString>{
                  {"off", false, true, false, {}},
                  {"in front", true, false, false, {}},
+                 {"in front of a locked screen", true, false, true, hidden},
                  {"covered", true, true, false, note},
                  {"locked screen", true, true, true, hidden},
              }) {

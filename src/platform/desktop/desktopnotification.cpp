@@ -34,6 +34,7 @@ void DesktopNotification::Show(const QString& summary, const QString& body, cons
     if (!HasSessionBus()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(Service, Path, Service, u"ActionInvoked"_s, this, SLOT(TakeAction(uint, QString)));
+    bus.connect(Service, Path, Service, u"ActivationToken"_s, this, SLOT(TakeToken(uint, QString)));
     auto* reply =
         new QDBusPendingCallWatcher(bus.asyncCall(CallOf(u"Notify"_s, Arguments(m_id, summary, body, actions))));
     // Also if the window has been closed meanwhile: then nobody wants the message any more.
@@ -60,4 +61,10 @@ void DesktopNotification::TakeAction(uint id, const QString& action)
     if (m_id == 0 || id != m_id) return;
     m_id = 0;
     Q_EMIT Chosen(action);
+}
+
+// It comes before the action. The toolkit reads it from the environment when a window is brought to the front.
+void DesktopNotification::TakeToken(uint id, const QString& token)
+{
+    if (m_id != 0 && id == m_id) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }

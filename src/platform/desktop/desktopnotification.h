@@ -22,6 +22,7 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void TakeAction(uint id, const QString& action);
+    void TakeToken(uint id, const QString& token);
 
 private:
     uint m_id = 0; // 0: not shown
