@@ -210,6 +210,9 @@ private Q_SLOTS:
         QTest::keyClick(&tree, Qt::Key_Return);
         QCOMPARE(g_iMonth, 3);
         In<QPushButton>(*List(), "btnAgain").menu()->actions().at(0)->trigger();
+        Restart(); // with the list open
+        OpenAt(At(18, 9, 0));
+        QTRY_VERIFY(List());
         QCOMPARE(Listed(), QStringList({u"Mar 17, 1999|9:35 AM|slept"_s, u"Mar 18, 1999|8:59 AM|just"_s}));
         QCOMPARE(TickAt(At(18, 9, 5)), QStringList(u"closed again"_s));
         // One that rings at the end of the program was not heard, nor a list that nobody has closed.

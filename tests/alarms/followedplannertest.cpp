@@ -1,9 +1,12 @@
 #include "alarms/followedplanner.h"
 
+#include "alarms/alarmfiles.h"
+#include "alarms/missedalarms.h"
 #include "plannerfile/schema.h"
 #include "planners.h"
 #include "platform/desktop/clock.h"
 #include "platform/engine/dbengine.h"
+#include "settingsfile.h"
 #include "support.h"
 #include "testmain.h"
 
@@ -66,6 +69,27 @@ private Q_SLOTS:
         QCOMPARE(planner.Due(today, u"09:30"_s, true).size(), 0u);
         DBEngine::DeleteDatabase(m_path);
         QVERIFY(!QFile::exists(m_path));
+    }
+
+    // What could not be read is listed later.
+    void AFailedLookIsRepeated()
+    {
+        SetIni("ALARMS", "MISSED", "1");
+        Add("1999/3/17", "09:30", "tea");
+        desktopclock::SetForTests(QDateTime(QDate(1999, 3, 17), QTime(10, 0)));
+        HeardAlarms(alarmfiles::Heard()).SetUntil(m_path, Wall(17, 8));
+        FollowedPlanner planner(m_path);
+        MissedAlarms missed(planner, alarmfiles::Heard());
+        QByteArrayList shown;
+        missed.SetShow([&](const auto& alarms) { shown = Notes(alarms); });
+        missed.Follow(false);
+        QVERIFY(QFile::rename(m_path, m_path + u".moved"_s));
+        QVERIFY_EXCEPTION_THROWN(missed.ListUpTo(Wall(17, 10)), RunTimeError);
+        missed.Looked(Wall(17, 10));
+        QVERIFY(QFile::rename(m_path + u".moved"_s, m_path));
+        missed.ListUpTo(Wall(17, 11));
+        QCOMPARE(shown, QByteArrayList({"tea"}));
+        desktopclock::SetForTests({});
     }
 };
 
