@@ -1,6 +1,9 @@
 #include "alarms/alarmclock.h"
+#include "alarms/alarmfiles.h"
 #include "alarms/alarmrecords.h"
 #include "alarms/alarmrules.h"
+#include "alarms/alarmspan.h"
+#include "alarms/openplanneralarms.h"
 #include "plannerfile/schema.h"
 #include "platform/desktop/clock.h"
 #include "platform/desktop/folders.h"
@@ -32,7 +35,7 @@ struct AlarmPlanner
         WriteTransaction writing(file);
         for (int i = 0; i < AlarmsInAll; ++i) {
             const QDateTime day = Noon.addDays(i / AlarmsADay - AlarmsInAll / AlarmsADay / 2);
-            subAddAlarmRecord(alarms, {DateKeyOf(day), u"24:00"_s, RtfOf(MakeNote(i)), {}, true});
+            subAddAlarmRecord(alarms, {DateKeyOf(day), u"11:59"_s, RtfOf(MakeNote(i)), {}, true});
         }
         writing.Commit();
         alarms.Close();
@@ -66,9 +69,10 @@ struct AlarmPlanner
 void AddAlarmRows(const TakeRow& add, QWidget& client)
 {
     static std::unique_ptr<AlarmPlanner> planner;
-    static PutOffAlarms putOff(folders::ApplicationDirectory() + u"/alarms.json"_s);
-    static MissedAlarms missed(folders::ApplicationDirectory() + u"/heardalarms.json"_s, [](const auto&) {});
-    static AlarmClock clock(client, putOff, missed);
+    static PutOffAlarms putOff(alarmfiles::PutOff());
+    static OpenPlannerAlarms source;
+    static MissedAlarms missed(source, alarmfiles::Heard());
+    static AlarmClock clock(source, &client, putOff, missed);
     static bool found = false;
     const auto make = [] {
         if (!planner) planner = std::make_unique<AlarmPlanner>();
@@ -83,4 +87,14 @@ void AddAlarmRows(const TakeRow& add, QWidget& client)
           }},
          {[] { found = planner->HasAlarm(); }, make, [] { return !found; }},
          ManyTicks});
+    static std::size_t listed = 0;
+    static int walked = 0;
+    add({"alarms of a week, of 10,000",
+         {[] {
+              const QDateTime noon = WallMinute(planner->Noon);
+              listed = AlarmsBetween(planner->Planner, noon, noon.addDays(7)).size();
+          },
+          make, [] { return listed == 7 * AlarmsADay; }},
+         {[] { walked = planner->Raw->CountAlarms(); }, make, [] { return walked == AlarmsInAll; }},
+         Turns{10}});
 }

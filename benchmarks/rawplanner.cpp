@@ -153,3 +153,15 @@ bool RawPlanner::HasAlarm(const QString& date, const QString& time)
     Check(seen > 0, m_database);
     return found;
 }
+
+int RawPlanner::CountAlarms()
+{
+    sqlite3_stmt* const all = Prepare(R"(SELECT "Alarm Date", "Alarm Time" FROM "Alarm Table")");
+    int count = 0;
+    for (; sqlite3_step(all) == SQLITE_ROW; ++count) {
+        sqlite3_column_text(all, 0);
+        sqlite3_column_text(all, 1);
+    }
+    sqlite3_finalize(all);
+    return count;
+}

@@ -34,6 +34,7 @@ public:
     // Like Write, but looks each day up first and adds missing records.
     void Put(const QStringList& keys, const std::vector<QByteArray>& notes);
     bool HasAlarm(const QString& date, const QString& time); // reads each alarm of the date
+    int CountAlarms();                                       // fetches date and time of all
 
 private:
     sqlite3_stmt* Prepare(const char* text);

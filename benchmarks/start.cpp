@@ -12,5 +12,6 @@ int main(int argc, char** argv)
     // Ends when the last box shows its note.
     const EndAfterPainting end(
         [](const QTextEdit& box) { return box.objectName() == u"tbDay(35)" && !box.document()->isEmpty(); });
-    return RunOrrelin(application);
+    RunOrrelin(application);
+    return 0;
 }

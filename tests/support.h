@@ -39,6 +39,22 @@ private:
     QTemporaryDir m_folder;
 };
 
+// A variable of the environment for a while.
+class Environment
+{
+public:
+    Environment(const char* name, const QByteArray& value) : m_name(name), m_before(qgetenv(name))
+    {
+        qputenv(name, value);
+    }
+    ~Environment() { m_before.isNull() ? qunsetenv(m_name) : qputenv(m_name, m_before); }
+    Q_DISABLE_COPY_MOVE(Environment)
+
+private:
+    const char* m_name;
+    const QByteArray m_before;
+};
+
 // The contents of a message box.
 struct SeenBox
 {

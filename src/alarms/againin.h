@@ -19,12 +19,14 @@ inline constexpr std::array<AgainIn, 5> AgainChoices{{
     {"&Tomorrow at this time", 0, 1},
 }};
 
-// At a whole minute, not before the time is over.
+// At a whole minute, not before the time is over. A moment in UTC, or tomorrow's wall time wherever the person is then.
 inline QDateTime MomentOf(const AgainIn& choice, const QDateTime& now)
 {
     constexpr int Minute = 60 * 1000; // milliseconds
     const int begun = now.time().msecsSinceStartOfDay() % Minute;
-    return now.addDays(choice.days).addMSecs(choice.minutes * Minute + (begun == 0 ? 0 : Minute - begun));
+    const QDateTime next =
+        now.addDays(choice.days).addMSecs(choice.minutes * Minute + (begun == 0 ? 0 : Minute - begun));
+    return choice.days > 0 ? next : next.toUTC();
 }
 
 template <typename Chosen>

@@ -6,54 +6,44 @@
 #include "alarms/alarmspan.h"
 #include "alarms/tunes.h"
 #include "platform/desktop/clock.h"
-#include "platform/engine/database.h"
 #include "platform/runtime/durablefile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
-#include "state/moddate.h"
-#include "state/plannerstate.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 constexpr QLatin1StringView ClockLiteral(" in MainForm, tmAlarm_Timer");
-
-std::vector<Alarm> DueAt(const QDate& today, const QString& minute)
-{
-    if (g_rsAlarm.IsNothing()) return {}; // an older planner without the alarm table
-    if (g_rsAlarm.EOF_() && g_rsAlarm.BOF()) return {};
-    const ReadTransaction reading(g_dbPlanner);
-    const QString key = KeyOf({today.year(), today.month(), today.day()});
-    return DueAlarms(g_rsAlarm, key, minute, Read(settings::AllAlarms) != 0);
 }
-} // namespace
 
 void AlarmClock::FollowPlanner()
 {
-    Follow(false);
+    Follow(std::exchange(m_sRungElsewhere, {}) == desktopclock::Now().toString(u"hh:mm"_s));
 }
 
 // Shows what was missed from the event loop, since the planner is just being opened.
 void AlarmClock::Follow(bool isOver)
 {
     m_missed.Follow(isOver);
-    QTimer::singleShot(0, &m_client,
+    QTimer::singleShot(0, &m_context,
                        Guarded(ClockLiteral, [this] { m_missed.ListUpTo(WallMinute(desktopclock::Now())); }));
 }
 
 void AlarmClock::mnuAlarmOptions_Click()
 {
-    if (AlarmOptionsForm(m_client.window()).exec() == QDialog::Accepted)
+    if (AlarmOptionsForm(m_client->window()).exec() == QDialog::Accepted)
         Follow(m_sLastAlarmMinute == desktopclock::Now().toString(u"hh:mm"_s));
 }
 
 void AlarmClock::tmAlarm_Timer()
 {
     const ErrorTail tail(ClockLiteral);
-    if (HasPlanner()) tail([this] { Check(); });
+    if (!m_source.Planner().isEmpty()) tail([this] { Check(); });
     if (!m_isRinging) tail([this] { RingPutOff(); });
 }
 
@@ -64,7 +54,7 @@ void AlarmClock::Check()
     if (minute == m_sLastAlarmMinute) return;
     m_sLastAlarmMinute = minute;
     if (m_isRinging) return; // the open alarm window stays as it is
-    const auto due = DueAt(now.date(), minute);
+    const auto due = m_source.Due(now.date(), minute, Read(settings::AllAlarms) != 0);
     const QDateTime wall = WallMinute(now);
     ErrorTail{ClockLiteral}([&] { m_missed.ListUpTo(wall); });
     for (const Alarm& alarm : due) {
@@ -91,7 +81,8 @@ void AlarmClock::RingPutOff()
 bool AlarmClock::Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff)
 {
     const QScopedValueRollback<bool> ringing(m_isRinging, true);
-    AlarmEventForm form(alarm, putOff.has_value(), m_client.screen(), QApplication::focusWidget());
+    AlarmEventForm form(alarm, putOff.has_value(), m_client ? m_client->screen() : QGuiApplication::primaryScreen(),
+                        QApplication::focusWidget());
     std::optional<AlarmNotice> notice;
     if (Read(settings::NotifyOfAlarms) != 0) notice.emplace(form, alarm);
     if (!alarm.silence) form.subPlayMusic(alarm.tune);

@@ -5,17 +5,24 @@
 #include "alarms/missedalarms.h"
 #include "alarms/putoffalarms.h"
 
+#include <QObject>
+
 class QWidget;
 
 class AlarmClock
 {
 public:
-    AlarmClock(QWidget& client, PutOffAlarms& putOff, MissedAlarms& missed)
-        : m_client(client), m_putOff(putOff), m_missed(missed)
+    // Windows open on the client's screen; null: on the first.
+    AlarmClock(AlarmSource& source, QWidget* client, PutOffAlarms& putOff, MissedAlarms& missed)
+        : m_source(source), m_client(client), m_putOff(putOff), m_missed(missed)
     {
     }
 
-    void FollowPlanner();         // another planner is open, or none
+    void FollowPlanner(); // another planner is open, or none
+    // Goes on where the clock of another process ended; call this before the planner is followed. minute: its
+    // LastMinute().
+    void Continue(const QString& minute) { m_sLastAlarmMinute = m_sRungElsewhere = minute; }
+    QString LastMinute() const { return m_sLastAlarmMinute; }
     void mnuAlarmOptions_Click(); // asks for the options
     void tmAlarm_Timer();         // ticks every ten seconds; shows what is due and waits until its window is closed
 
@@ -25,9 +32,12 @@ private:
     void RingPutOff();
     bool Ring(const Alarm& alarm, const std::optional<PutOffAlarm>& putOff); // false: the program ends
 
-    QWidget& m_client;
+    AlarmSource& m_source;
+    QWidget* m_client;
+    QObject m_context; // of what waits for the event loop
     PutOffAlarms& m_putOff;
     MissedAlarms& m_missed;
     QString m_sLastAlarmMinute; // "hh:mm" of the last check
+    QString m_sRungElsewhere;   // likewise, by the clock that ran before this one
     bool m_isRinging = false;
 };

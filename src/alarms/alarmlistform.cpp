@@ -39,6 +39,7 @@ AlarmListForm::AlarmListForm(QWidget* owner, const QString& title, const AlarmLi
     auto* close = Named(new PressedByReturn<QPushButton>(u"&Close"_s), "btnClose");
     connect(print, &QPushButton::clicked, this, Guarded(ListLiteral, [this] { m_needs.print(this, m_listed); }));
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    print->setVisible(m_needs.print != nullptr);
     auto* row = DialogRow(Rhythm, {print, nullptr});
     if (m_needs.putOff) row->addWidget(MakeAgain());
     row->addWidget(close);
@@ -59,7 +60,8 @@ void AlarmListForm::MakeList()
     const QFontMetrics letters = m_lstAlarms->fontMetrics();
     m_lstAlarms->setColumnWidth(0, letters.horizontalAdvance(u"Sep 30, 2000 mm"_s));
     m_lstAlarms->setColumnWidth(1, letters.horizontalAdvance(u"12:00 AM mm"_s));
-    connect(m_lstAlarms, &QTreeWidget::itemClicked, this, Guarded(ListLiteral, [this] { Choose(); }));
+    const auto chosen = m_needs.isFar ? &QTreeWidget::itemDoubleClicked : &QTreeWidget::itemClicked;
+    connect(m_lstAlarms, chosen, this, Guarded(ListLiteral, [this] { Choose(); }));
 }
 
 QPushButton* AlarmListForm::MakeAgain()
@@ -90,6 +92,20 @@ void AlarmListForm::Add(const std::vector<ListedAlarm>& listed)
         new QTreeWidgetItem(m_lstAlarms, {day, ShownTimeIn(one), FirstLineOf(one.alarm)});
     }
     if (!m_lstAlarms->currentItem()) m_lstAlarms->setCurrentItem(m_lstAlarms->topLevelItem(0));
+}
+
+void AlarmListForm::ShowInFront()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+void AlarmListForm::Retire()
+{
+    disconnect();
+    hide();
+    deleteLater();
 }
 
 void AlarmListForm::keyPressEvent(QKeyEvent* event)

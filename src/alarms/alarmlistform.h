@@ -21,6 +21,8 @@ struct ListedAlarm
 struct AlarmListNeeds
 {
     std::function<void(const QDate& day)> goTo;
+    bool isFar = false; // the way to the day leaves the list, so that it takes a double click
+    // Null where nothing can be printed.
     std::function<void(QWidget* owner, const std::vector<ListedAlarm>& listed)> print;
     // Puts an alarm off; false after a message. Null where alarms cannot be put off.
     std::function<bool(const Alarm& alarm, const QDateTime& next)> putOff;
@@ -35,6 +37,9 @@ public:
 
     void Add(const std::vector<ListedAlarm>& listed); // behind the rows, unless they are there already
     const std::vector<ListedAlarm>& Listed() const { return m_listed; }
+
+    void ShowInFront();
+    void Retire(); // hides it, and deletes it when no dialog of its is open any more
 
     QSize sizeHint() const override;
 

@@ -2,6 +2,7 @@
 
 #include "alarms/alarmspan.h"
 #include "alarms/firstline.h"
+#include "alarms/missedalarms.h"
 #include "alarms/putoffalarms.h"
 #include "platform/desktop/clock.h"
 #include "settings/settings.h"
@@ -28,44 +29,35 @@ std::vector<ListedAlarm> ComingAlarms(const PutOffAlarms& putOff)
     std::ranges::stable_sort(coming, {}, &ListedAlarm::minute);
     return coming;
 }
-
-void BringToFront(QWidget& window)
-{
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
 } // namespace
 
-// They use objects that are about to be deleted.
+AlarmLists::AlarmLists(QWidget& client, HitCell& cell, ListPrinting& printing, PutOffAlarms& putOff,
+                       MissedAlarms& missed)
+    : m_client(client), m_cell(cell), m_printing(printing), m_putOff(putOff),
+      m_missed(&client, putOff, missed, NeedsOf(u"Missed Alarms"_s))
+{
+    missed.SetShow([this](const auto& alarms) { m_missed.Show(alarms); });
+}
+
+// It uses objects that are about to be deleted.
 AlarmLists::~AlarmLists()
 {
     delete m_coming;
-    delete m_missed;
 }
 
-// A dialog of theirs may be open.
 void AlarmLists::Unload()
 {
-    for (QPointer<AlarmListForm>* list : {&m_coming, &m_missed}) {
-        if (!*list) continue;
-        (*list)->disconnect();
-        (*list)->hide();
-        (*list)->deleteLater();
-        list->clear();
-    }
+    m_missed.Unload();
+    if (m_coming) m_coming->Retire();
+    m_coming.clear();
 }
 
-AlarmListForm* AlarmLists::MakeForm(const QString& title, bool canPutOff)
+AlarmListNeeds AlarmLists::NeedsOf(const QString& title)
 {
     AlarmListNeeds needs;
     needs.goTo = [this](const QDate& day) { GoTo(day); };
     needs.print = [this, title](QWidget* owner, const auto& listed) { Print(owner, title, listed); };
-    if (canPutOff)
-        needs.putOff = [this](const Alarm& alarm, const QDateTime& next) {
-            return PutOffOrTell(m_putOff, {}, PutOffAlarm{alarm, next});
-        };
-    return new AlarmListForm(m_client.window(), title, needs);
+    return needs;
 }
 
 // The window is replaced each time, so that it is as long as the present moment says.
@@ -76,38 +68,19 @@ void AlarmLists::mnuComingAlarms_Click()
     if (m_coming) m_coming->deleteLater();
     m_coming.clear();
     if (coming.empty()) return messages::Tell(u"No alarm rings in the coming week."_s);
-    m_coming = MakeForm(u"Coming Alarms"_s, false);
+    const QString title = u"Coming Alarms"_s;
+    m_coming = new AlarmListForm(m_client.window(), title, NeedsOf(title));
     m_coming->Add(coming);
-    BringToFront(*m_coming);
+    m_coming->ShowInFront();
 }
 
 void AlarmLists::mnuMissedAlarms_Click()
 {
     if (RefusesWithoutPlanner()) return;
-    if (m_missed && !m_missed->Listed().empty()) return BringToFront(*m_missed);
+    if (m_missed.ShowAgain()) return;
     const bool isOn = Read(settings::ListMissed) != 0;
     messages::Tell(isOn ? u"No alarm was missed since the planner was opened."_s
                         : u"Missed alarms are listed if you choose so in Events, Alarm Options."_s);
-}
-
-// It does not take the keys away from what the person is doing.
-void AlarmLists::ShowMissed(const std::vector<Alarm>& missed)
-{
-    if (m_missed && !m_missed->isVisible()) { // those were seen
-        m_missed->deleteLater();
-        m_missed.clear();
-    }
-    if (!m_missed) {
-        m_missed = MakeForm(u"Missed Alarms"_s, true);
-        m_missed->setAttribute(Qt::WA_ShowWithoutActivating);
-        QObject::connect(m_missed, &QDialog::finished, m_missed, m_onMissedSeen);
-    }
-    std::vector<ListedAlarm> listed;
-    for (const Alarm& alarm : missed)
-        listed.push_back({WallMinuteOf(alarm), alarm});
-    m_missed->Add(listed);
-    m_missed->show();
-    m_missed->raise();
 }
 
 void AlarmLists::GoTo(const QDate& day)

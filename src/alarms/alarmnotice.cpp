@@ -11,7 +11,7 @@
 
 namespace {
 constexpr QLatin1StringView NoticeLiteral(" in AlarmEventForm, AlarmNotice");
-constexpr int TimeToComeForward = 500; // milliseconds
+constexpr int TimeToComeForward = 500, TimeToSettle = 50; // milliseconds
 constexpr const AgainIn& Later = AgainChoices[1];
 const QString Open = u"default"_s, Ok = u"ok"_s, Again = u"later"_s;
 } // namespace
@@ -24,6 +24,7 @@ AlarmNotice::AlarmNotice(AlarmEventForm& form, const Alarm& alarm)
     m_wait.setSingleShot(true);
     connect(&m_wait, &QTimer::timeout, this, Guarded(NoticeLiteral, [this] { Show(); }));
     m_wait.start(TimeToComeForward);
+    screenlock::Watch(this, SLOT(Renew()));
 }
 
 void AlarmNotice::Show()
@@ -35,6 +36,12 @@ void AlarmNotice::Show()
         m_notification.Show(u"Alarm"_s, isLocked ? u"An alarm"_s : m_text,
                             {Open, u"Open"_s, Ok, u"Ok"_s, Again, later});
     });
+}
+
+// The note, which the message shows, is not for a locked screen. Several services may say that it is locked now.
+void AlarmNotice::Renew()
+{
+    if (!m_wait.isActive()) m_wait.start(TimeToSettle);
 }
 
 void AlarmNotice::Answer(const QString& action)

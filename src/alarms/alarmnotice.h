@@ -11,8 +11,13 @@ struct Alarm;
 
 class AlarmNotice : public QObject
 {
+    Q_OBJECT
+
 public:
     AlarmNotice(AlarmEventForm& form, const Alarm& alarm); // the form, which is about to be shown, lives longer
+
+private Q_SLOTS:
+    void Renew();
 
 private:
     void Show();

@@ -3,6 +3,8 @@
 #include "alarms/tunes.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
+#include "platform/desktop/sessionstart.h"
+#include "platform/desktop/tray.h"
 #include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
@@ -26,6 +28,7 @@ constexpr Option Options[] = {
     {"chkNotify", "Show a &message of the desktop, too, if the alarm's window is not in front",
      settings::NotifyOfAlarms},
     {"chkRepeat", "R&epeat the tune until the alarm is answered", settings::RepeatTune},
+    {"chkTray", "&Keep ringing in the tray when the window is closed", settings::RingInTray},
 };
 } // namespace
 
@@ -39,9 +42,29 @@ AlarmOptionsForm::AlarmOptionsForm(QWidget* owner) : QDialog(owner)
         box->setChecked(Read(option.setting) != 0);
         m_ticks.push_back({&option.setting, box});
     }
+    AddTray(*column);
     AddSound(*column);
     column->addWidget(MakeOkCancel(*this));
     CenterOnScreen(*this);
+}
+
+// Without a tray here, the choice stays for the person's other desktop.
+void AlarmOptionsForm::AddTray(QVBoxLayout& column)
+{
+    auto& tray = *findChild<QCheckBox*>(u"chkTray"_s);
+    tray.setEnabled(HasTray());
+    if (!tray.isEnabled()) {
+        tray.setChecked(false);
+        tray.setText(tray.text() + u" (this desktop shows no tray)"_s);
+    }
+    m_chkSession = AddTo<QCheckBox>(column, "chkSession", u"&Start with the session"_s);
+    m_chkSession->setChecked(sessionstart::IsOn());
+}
+
+// With the tray the window stays closed.
+bool AlarmOptionsForm::SetSessionStart() const
+{
+    return sessionstart::Set(m_chkSession->isChecked(), Read(settings::RingInTray) != 0 ? u"--clock"_s : QString());
 }
 
 void AlarmOptionsForm::AddSound(QVBoxLayout& column)
@@ -74,10 +97,12 @@ void AlarmOptionsForm::accept()
     ErrorTail{Literal}([this] {
         const ProfileBatch oneReplacement(settings::PlannerIni.toString());
         for (const Tick& tick : m_ticks)
-            Write(*tick.setting, tick.box->isChecked() ? 1 : 0);
+            if (tick.box->isEnabled()) Write(*tick.setting, tick.box->isChecked() ? 1 : 0);
         Write(settings::TuneVolume, m_sldVolume->value());
     });
     QDialog::accept();
+    if (!SetSessionStart())
+        messages::Tell(u"The entry for the start with the session cannot be changed."_s, msgbox::Exclamation);
 }
 
 void AlarmOptionsForm::done(int result)

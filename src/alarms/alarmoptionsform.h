@@ -21,6 +21,8 @@ public:
 
 private:
     void AddSound(QVBoxLayout& column);
+    void AddTray(QVBoxLayout& column);
+    bool SetSessionStart() const;
     void btnListen_Click();
 
     struct Tick
@@ -29,6 +31,7 @@ private:
         QCheckBox* box;
     };
     std::vector<Tick> m_ticks;
+    QCheckBox* m_chkSession = nullptr;
     QSlider* m_sldVolume = nullptr;
     QString m_played;
 };

@@ -24,14 +24,18 @@ QDateTime WallMinuteOf(const Alarm& alarm)
     return {QDate(day->year, day->month, day->day), time, Qt::UTC};
 }
 
+bool IsWithin(const Alarm& alarm, const QDateTime& after, const QDateTime& before)
+{
+    const QDateTime minute = WallMinuteOf(alarm);
+    return minute.isValid() && minute > after && minute < before;
+}
+
 std::vector<Alarm> AlarmsBetween(const Database& planner, const QDateTime& after, const QDateTime& before)
 {
     std::vector<Alarm> found;
     if (!planner.TableNames().contains(schema::Alarms, Qt::CaseInsensitive)) return found;
     planner.Walk(schema::Alarms, AlarmFields(), [&](const QVariantList& values) {
-        Alarm alarm = AlarmOf(values);
-        const QDateTime minute = WallMinuteOf(alarm);
-        if (minute.isValid() && minute > after && minute < before) found.push_back(std::move(alarm));
+        if (Alarm alarm = AlarmOf(values); IsWithin(alarm, after, before)) found.push_back(std::move(alarm));
     });
     std::ranges::stable_sort(found, {}, WallMinuteOf);
     return found;

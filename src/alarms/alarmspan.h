@@ -13,6 +13,8 @@ class Database;
 QDateTime WallMinute(const QDateTime& now);
 QDateTime WallMinuteOf(const Alarm& alarm); // in which it rings; invalid if it never does
 
+bool IsWithin(const Alarm& alarm, const QDateTime& after, const QDateTime& before); // neither of which is included
+
 // All that ring after the one and before the other wall minute, in their order. Empty for an older planner without the
 // table. The errors of Database::Walk.
 std::vector<Alarm> AlarmsBetween(const Database& planner, const QDateTime& after, const QDateTime& before);

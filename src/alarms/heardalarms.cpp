@@ -4,6 +4,7 @@
 #include "platform/profile/inistorage.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -47,6 +48,11 @@ void HeardAlarms::SetUntil(const QString& planner, const QDateTime& minute)
 void HeardAlarms::Add(const QString& planner, const Alarm& answered)
 {
     Change(planner, [&](Heard& heard) { heard.answered += NameOf(answered); });
+}
+
+void HeardAlarms::Forget()
+{
+    QFile::remove(m_path);
 }
 
 QString HeardAlarms::NameOf(const Alarm& alarm)

@@ -22,6 +22,7 @@ public:
     Heard Of(const QString& planner) const;
     void SetUntil(const QString& planner, const QDateTime& minute);
     void Add(const QString& planner, const Alarm& answered);
+    void Forget(); // of all planners
 
     static QString NameOf(const Alarm& alarm); // another one of the same minute has another name
 

@@ -3,7 +3,6 @@
 #include "alarms/alarmspan.h"
 #include "platform/desktop/clock.h"
 #include "settings/settings.h"
-#include "state/plannerstate.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,8 +14,9 @@ constexpr int Minute = 60; // seconds
 void MissedAlarms::Follow(bool isOver)
 {
     End();
-    if (!HasPlanner() || Read(settings::ListMissed) == 0) return;
-    m_planner = g_sNotesFile;
+    if (Read(settings::ListMissed) == 0) return m_heard.Forget(); // or all that ring meanwhile would be listed later
+    m_planner = m_source.Planner();
+    if (m_planner.isEmpty()) return;
     m_looked = WallMinute(desktopclock::Now()).addSecs(isOver ? 0 : -Minute);
     const QDateTime until = m_heard.Of(m_planner).until;
     if (until.isValid())
@@ -28,7 +28,7 @@ void MissedAlarms::Follow(bool isOver)
 void MissedAlarms::ListUpTo(const QDateTime& minute)
 {
     if (m_planner.isEmpty() || m_looked.secsTo(minute) <= Minute) return;
-    std::vector<Alarm> missed = AlarmsBetween(g_dbPlanner, m_looked, minute);
+    std::vector<Alarm> missed = m_source.Between(m_looked, minute);
     const auto heard = m_heard.Of(m_planner).answered;
     std::erase_if(missed, [&](const Alarm& alarm) { return heard.contains(HeardAlarms::NameOf(alarm)); });
     const QDateTime before = std::exchange(m_looked, minute.addSecs(-Minute));

@@ -12,7 +12,7 @@ namespace {
 QJsonObject TextOf(const PutOffAlarm& putOff)
 {
     const Alarm& alarm = putOff.alarm;
-    return {{u"at"_s, putOff.at.toUTC().toString(Qt::ISODate)},
+    return {{u"at"_s, putOff.at.toString(Qt::ISODate)}, // a wall time names no zone
             {u"date"_s, alarm.date},
             {u"time"_s, alarm.time},
             {u"note"_s, QString::fromLatin1(alarm.note.toBase64())},

@@ -12,7 +12,7 @@
 struct PutOffAlarm
 {
     Alarm alarm;
-    QDateTime at; // a moment, so that a change to summer time moves nothing
+    QDateTime at; // in UTC, which a change to summer time does not move, or a wall time
     bool operator==(const PutOffAlarm&) const = default;
 };
 

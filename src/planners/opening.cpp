@@ -25,7 +25,6 @@
 #include "platform/desktop/msgbox.h"
 #include "platform/engine/damage.h"
 #include "platform/engine/engineerrors.h"
-#include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/messages.h"
 #include "settings/settings.h"
@@ -120,28 +119,6 @@ void Opening::Adopt(const QString& file, bool exclusive)
     m_notes.DropCells(); // a timer may have filled them while a question was open
     KeepStartPlanner();
     m_onChange(true);
-}
-
-// Only once it is open: a planner that does not open would report that at every start. An answer that changes nothing
-// leaves the start-up options as they are.
-void Opening::KeepStartPlanner()
-{
-    const auto opens = std::exchange(m_atEveryStart, {});
-    if (!opens) return;
-    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    WriteStartPlanner(*opens);
-    if (*opens) Write(settings::LoadWorkgroup, g_bDBShared ? 1 : 0);
-}
-
-void Opening::subAutoload()
-{
-    const QString path = Read(settings::LoadFilePath);
-    if (Read(settings::LoadCondition) != 1 || path.isEmpty()) return;
-    g_sDBPath = path;
-    g_sDBTitle = Read(settings::LoadFileTitle);
-    const bool shared = Read(settings::LoadWorkgroup) != 0;
-    m_networkMode.subSetNetworkMode(shared);
-    subOpenDBNoDlg(!shared);
 }
 
 void Opening::subOpenDBNoDlg(bool bShared)

@@ -80,6 +80,9 @@ inline constexpr TextSetting OnCard[] = {
 inline constexpr IntSetting AllAlarms = {u"ALARMS", u"ALL", 0}; // of a minute, not the first alone
 inline constexpr IntSetting ListMissed = {u"ALARMS", u"MISSED", 0};
 inline constexpr IntSetting NotifyOfAlarms = {u"ALARMS", u"NOTIFY", 0};
+inline constexpr IntSetting RingInTray = {u"ALARMS", u"TRAY", 0};                      // while the window is closed
+inline constexpr TextSetting FollowedPlanner = {u"ALARMS", u"PLANNER", u"", PathSize}; // by the clock in the tray
+inline constexpr IntSetting FollowedShared = {u"ALARMS", u"WORKGROUP", 0};
 inline constexpr IntSetting RepeatTune = {u"ALARMS", u"REPEAT", 0};
 inline constexpr IntSetting TuneVolume = {u"ALARMS", u"VOLUME", 100}; // percent
 

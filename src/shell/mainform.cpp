@@ -4,11 +4,15 @@
 #include "platform/controls/timer.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/tray.h"
+#include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
+#include "settings/settings.h"
 #include "shell/rooms.h"
 #include "shell/splash.h"
 #include "shell/wiring.h"
 #include "state/calendarstate.h"
+#include "state/moddate.h"
 #include "state/modshow.h"
 #include "state/plannerstate.h"
 
@@ -27,7 +31,8 @@ Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 
 Mainform::~Mainform() = default;
 
-void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront)
+void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront,
+                         const std::optional<trayrun::HandOver>& back)
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(" in MainForm, Form_Load"_L1);
@@ -42,7 +47,8 @@ void Mainform::Form_Load(const Progress& progress, const std::function<void()>& 
     // No cell takes the first key: a cell is entered by a click or by Tab.
     rooms.controls.client->setFocus();
     stayInFront();
-    tail([&] { rooms.opening.subAutoload(); });
+    if (back) rooms.alarmClock.Continue(back->minute);
+    tail([&] { back ? rooms.opening.OpenFollowed(back->planner, back->isShared) : rooms.opening.subAutoload(); });
     tail([&] { rooms.navigation.subSetViewMenus(); });
     tail([&] { rooms.recentList.subLoadMRU(true); });
     tail([&] { rooms.formatting.subInitAllComboBox(); });
@@ -66,9 +72,18 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
-    Guarded(" in MainForm, Form_QueryUnload"_L1,
-            [&] { subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode); })();
+    Guarded(" in MainForm, Form_QueryUnload"_L1, [&] {
+        m_goesToTray = event->spontaneous() && Read(settings::RingInTray) != 0 && HasTray();
+        subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode);
+    })();
     event->accept();
+}
+
+void Mainform::ComeBack(const QStringList& wanted)
+{
+    const auto day = DayOfKey(wanted.value(0));
+    if (!day) return AnswerDesktop(wanted);
+    if (HasPlanner()) m_rooms->alarmCell.ShowDay(*day);
 }
 
 void Mainform::AnswerDesktop(const QStringList& uris)
@@ -98,10 +113,15 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // a signal ended it while a question about unsaved notes was open
+    tail([&] { m_rooms->opening.KeepFollowed(); });
+    const trayrun::HandOver handOver = {
+        m_rooms->alarmClock.LastMinute(), HasPlanner() ? g_sNotesFile : QString(), g_bDBShared, {}};
     m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });
     m_ended = true;
+    const bool isEndedByPerson = iUnloadMode == CloseBox; // not by a signal meanwhile
+    if (m_goesToTray && isEndedByPerson) m_next = handOver.Words(trayrun::ClockWord);
     Q_EMIT Ended();
 }

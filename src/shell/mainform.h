@@ -2,10 +2,13 @@
 // implemented in their subjects' classes.
 #pragma once
 
+#include "shell/trayrun.h"
+
 #include <QMainWindow>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 struct Rooms;
 
@@ -19,9 +22,10 @@ public:
     Mainform();
     ~Mainform() override;
 
-    // Shows the window, opens the start-up planner and fills the lists. Reports slow steps to progress and calls
-    // stayInFront once the window is shown.
-    void Form_Load(const Progress& progress, const std::function<void()>& stayInFront);
+    // Shows the window, opens the start-up planner, or the one that the clock in the tray has followed, and fills the
+    // lists. Reports slow steps to progress and calls stayInFront once the window is shown.
+    void Form_Load(const Progress& progress, const std::function<void()>& stayInFront,
+                   const std::optional<trayrun::HandOver>& back = {});
 
     // How the window was closed. ClosedByCode only hides it.
     static constexpr int CloseBox = 0; // also the Exit command
@@ -32,7 +36,9 @@ public:
     // Saves and closes everything and ends the program.
     void subExitProgram(int iUnloadMode);
     bool HasEnded() const { return m_ended; }
+    QStringList WhatFollows() const { return m_next; } // the words of the clock in the tray, if it is to ring on
 
+    void ComeBack(const QStringList& wanted);    // of trayrun::HandOver
     void AnswerDesktop(const QStringList& uris); // comes to the front and opens a file if one is given
 
 Q_SIGNALS:
@@ -45,4 +51,6 @@ protected:
 private:
     std::unique_ptr<Rooms> m_rooms;
     bool m_ended = false;
+    bool m_goesToTray = false;
+    QStringList m_next;
 };

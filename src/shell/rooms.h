@@ -2,8 +2,10 @@
 #pragma once
 
 #include "alarms/alarmclock.h"
+#include "alarms/alarmfiles.h"
 #include "alarms/alarmform.h"
 #include "alarms/alarmlists.h"
+#include "alarms/openplanneralarms.h"
 #include "appearance/appearance.h"
 #include "calendar/ccalendarview.h"
 #include "calendar/cellframes.h"
@@ -40,7 +42,6 @@
 #include "planners/opening.h"
 #include "planners/recentlist.h"
 #include "planners/servermove.h"
-#include "platform/desktop/folders.h"
 #include "platform/desktop/systemprinter.h"
 #include "platform/engine/waiting.h"
 #include "platform/print/qmtprn32.h"
@@ -72,6 +73,7 @@ struct Rooms
             findWord.FollowPlanner();
             alarmLists.Unload();
             alarmClock.FollowPlanner();
+            if (isOpen) opening.KeepFollowed();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });
@@ -142,11 +144,11 @@ struct Rooms
         {controls.cells, controls.bottom, foot, m_pCalendarView}, heldDay, controls.FontDialog, printer, printLibrary};
     ListPrinting listPrinting{printer, foot};
     HitCell alarmCell{controls.cells, turn, redraw, m_pCalendarView, navigation};
-    PutOffAlarms putOffAlarms{folders::ApplicationDirectory() + u"/alarms.json"_s};
-    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms, [this] { missedAlarms.Seen(); }};
-    MissedAlarms missedAlarms{folders::ApplicationDirectory() + u"/heardalarms.json"_s,
-                              [this](const auto& missed) { alarmLists.ShowMissed(missed); }};
-    AlarmClock alarmClock{*controls.client, putOffAlarms, missedAlarms};
+    PutOffAlarms putOffAlarms{alarmfiles::PutOff()};
+    OpenPlannerAlarms alarmSource;
+    MissedAlarms missedAlarms{alarmSource, alarmfiles::Heard()};
+    AlarmLists alarmLists{*controls.client, alarmCell, listPrinting, putOffAlarms, missedAlarms};
+    AlarmClock alarmClock{alarmSource, controls.client, putOffAlarms, missedAlarms};
     FindWord findWord{controls.cells,  turn,       redraw,
                       m_pCalendarView, navigation, {[this] { return Typed(); }, &listPrinting, &exporting}};
     CellEditing cellEditing{controls.cells, controls.bar, heldDay, controls.menus, m_pCalendarView, formatting};

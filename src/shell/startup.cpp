@@ -5,66 +5,20 @@
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/folders.h"
 #include "platform/desktop/mousepointer.h"
+#include "platform/desktop/terminationsignals.h"
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
 #include "shell/splash.h"
+#include "shell/trayrun.h"
 #include "state/calendarstate.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QSocketNotifier>
 #include <QTimer>
-
-#include <array>
-#include <csignal>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 constexpr QLatin1StringView StartTail(" in StartupForm, Form Load event");
 constexpr QLatin1StringView ExitLiteral(" in MainForm, subExitProgram");
-
-constexpr std::array<int, 3> Watched = {SIGTERM, SIGINT, SIGHUP};
-std::array<int, 2> g_pipe = {-1, -1};
-
-void OnSignal(int)
-{
-    const char byte = 1;
-    [[maybe_unused]] const auto written = ::write(g_pipe[1], &byte, 1);
-}
-
-void SetHandlers(void (*handler)(int))
-{
-    struct sigaction action = {};
-    action.sa_handler = handler;
-    action.sa_flags = SA_RESTART;
-    for (const int number : Watched)
-        sigaction(number, &action, nullptr);
-}
-// Turns SIGTERM, SIGINT and SIGHUP into an event, since a signal handler may only write to a pipe. One instance at a
-// time.
-class TerminationSignals : public QObject
-{
-public:
-    TerminationSignals(QObject* parent, const std::function<void()>& received) : QObject(parent)
-    {
-        if (::pipe2(g_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
-        auto* notifier = new QSocketNotifier(g_pipe[0], QSocketNotifier::Read, this);
-        connect(notifier, &QSocketNotifier::activated, this, [received] {
-            char byte = 0;
-            if (::read(g_pipe[0], &byte, 1) == 1) received();
-        });
-        SetHandlers(OnSignal);
-    }
-
-    ~TerminationSignals() override
-    {
-        if (g_pipe[0] < 0) return;
-        SetHandlers(SIG_DFL);
-        for (int& end : g_pipe)
-            ::close(std::exchange(end, -1));
-    }
-};
 
 void WatchForTheEnd(QApplication& application, Mainform& form)
 {
@@ -76,8 +30,9 @@ void WatchForTheEnd(QApplication& application, Mainform& form)
 }
 } // namespace
 
-int RunOrrelin(QApplication& application)
+QStringList RunOrrelin(QApplication& application)
 {
+    const auto back = trayrun::FromClock();
     InitResources();
     application.setQuitOnLastWindowClosed(false);
     auto splash = std::make_unique<StartUpForm>();
@@ -102,12 +57,15 @@ int RunOrrelin(QApplication& application)
         // Queued, so that it also runs behind a message box of the start: the bus drops a program that does not listen.
         QTimer::singleShot(0, &calls, &DesktopCalls::Listen);
     };
-    ErrorTail{StartTail}([&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, windowIsThere); });
+    ErrorTail{StartTail}(
+        [&] { form.Form_Load([&](const QString& what) { splash->SetLabel1(what); }, windowIsThere, back); });
     splash.reset();
     // A signal ended the program behind a message box of the start, when exec() was not running yet.
-    if (form.HasEnded()) return 0;
+    if (form.HasEnded()) return form.WhatFollows();
+    if (back) form.ComeBack(back->wanted);
     // After the first paint, since loading the icon takes time.
     QTimer::singleShot(0, &application, [] { QGuiApplication::setWindowIcon(QIcon(u":/icons/orrelin.svg"_s)); });
     SetMousePointer(mousepointer::Default);
-    return application.exec();
+    application.exec();
+    return form.WhatFollows();
 }

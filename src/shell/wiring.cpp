@@ -79,7 +79,11 @@ constexpr MenuRow MenuRows[] = {
     {"mnuChangeAlarms", Run<&Rooms::alarms, &AlarmHandlers::mnuChangeAlarms_Click>},
     {"mnuComingAlarms", Run<&Rooms::alarmLists, &AlarmLists::mnuComingAlarms_Click>},
     {"mnuMissedAlarms", Run<&Rooms::alarmLists, &AlarmLists::mnuMissedAlarms_Click>},
-    {"mnuAlarmOptions", Run<&Rooms::alarmClock, &AlarmClock::mnuAlarmOptions_Click>},
+    {"mnuAlarmOptions",
+     [](Rooms& rooms) {
+         rooms.alarmClock.mnuAlarmOptions_Click();
+         rooms.opening.KeepFollowed();
+     }},
     {"mnuPrevWeek", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
     {"mnuCurrentWeek", Run<&Rooms::navigation, &Navigation::mnuCurrentWeek_Click>},
     {"mnuNextWeek", Run<&Rooms::navigation, &Navigation::subActionNext>},

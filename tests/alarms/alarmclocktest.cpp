@@ -1,3 +1,4 @@
+#include "alarms/alarmfiles.h"
 #include "alarmtesting.h"
 #include "recording.h"
 #include "recurrence/recurform.h"
@@ -64,7 +65,14 @@ private Q_SLOTS:
         m_program = Program::Started();
         m_program->New(u"mine.mdb"_s);
     }
-    void cleanup() { m_program.reset(); }
+    // Nobody has asked for more here, so nothing keeps more than the planner.
+    void cleanup()
+    {
+        if (!m_program) return;
+        QVERIFY(!Content(folders::WindowsDirectory() + u"/PLANNER.INI"_s).contains("ALARMS"));
+        QVERIFY(!QFile::exists(alarmfiles::PutOff()) && !QFile::exists(alarmfiles::Heard()));
+        m_program.reset();
+    }
 
     void eachAlarmRingsInItsMinute()
     {

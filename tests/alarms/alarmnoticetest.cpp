@@ -16,14 +16,15 @@ public:
     using QObject::QObject;
     QString shown; // summary, body
     QStringList actions;
-    uint closed = 0;
+    uint replaced = 0, closed = 0;
 
 public Q_SLOTS:
-    uint Notify(const QString&, uint, const QString&, const QString& summary, const QString& body,
+    uint Notify(const QString&, uint replaces, const QString&, const QString& summary, const QString& body,
                 const QStringList& offered, const QVariantMap&, int)
     {
         shown = summary + u": "_s + body;
         actions = offered;
+        replaced = replaces;
         return 7;
     }
     void CloseNotification(uint id) { closed = id; }
@@ -43,6 +44,9 @@ public:
 
 public Q_SLOTS:
     bool GetActive() const { return isLocked; }
+
+Q_SIGNALS:
+    void ActiveChanged(bool isActive);
 };
 
 // The message of the desktop beside the window of an alarm, over a real bus. Today is 17 March 1999, 9:30.
@@ -96,12 +100,13 @@ private Q_SLOTS:
 
     void ShowsWhatIsWantedAlone()
     {
-        const QString note = u"Alarm: Mar 17, 1999, 9:30 AM: Dr &lt;Who&gt; &amp; Co"_s;
+        const QString note = u"Alarm: Mar 17, 1999, 9:30 AM: Dr &lt;Who&gt; &amp; Co"_s, hidden = u"Alarm: An alarm"_s;
         for (const auto& [what, isOn, isCovered, isLocked, shown] : Rows<bool, bool, bool, QString>{
                  {"off", false, true, false, {}},
                  {"in front", true, false, false, {}},
+                 {"in front of a locked screen", true, false, true, hidden},
                  {"covered", true, true, false, note},
-                 {"locked screen", true, true, true, u"Alarm: An alarm"_s},
+                 {"locked screen", true, true, true, hidden},
              }) {
             const InRow row(this, what);
             SetIni("ALARMS", "NOTIFY", QString::number(isOn));
@@ -111,8 +116,13 @@ private Q_SLOTS:
                     QTest::qWait(700);
                 else
                     QTRY_COMPARE(m_desktop.shown, shown);
+                if (shown != note) return;
+                m_saver.isLocked = true; // the person goes away
+                Q_EMIT m_saver.ActiveChanged(true);
+                QTRY_COMPARE(m_desktop.shown, hidden);
+                QCOMPARE(m_desktop.replaced, 7u);
             });
-            QCOMPARE(m_desktop.shown, shown);
+            QCOMPARE(m_desktop.shown, shown == note ? hidden : shown);
             QTRY_COMPARE(m_desktop.closed, shown.isEmpty() ? 0u : 7u);
         }
     }

@@ -1,3 +1,4 @@
+#include "alarms/alarmfiles.h"
 #include "alarms/alarmlistform.h"
 #include "alarms/alarmoptionsform.h"
 #include "alarmtesting.h"
@@ -112,6 +113,21 @@ private Q_SLOTS:
         QCOMPARE(Content(file), QByteArray());
     }
 
+    // An hour is an hour; tomorrow's time is that of the place.
+    void RingsAgainForATraveller()
+    {
+        const Environment zone("TZ", "HOME0");
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "tea"), MakeAlarm("1999/3/17", "09:31", "dentist")});
+        QCOMPARE(TickAt(At(17, 9, 30), u"1 hour"_s), QStringList(u"tea"_s));
+        QCOMPARE(TickAt(At(17, 9, 31), u"Tomorrow"_s), QStringList(u"dentist"_s));
+        const Environment west("TZ", "WEST6");
+        QCOMPARE(TickAt(At(17, 4, 29, 59)), QStringList());
+        QCOMPARE(TickAt(At(17, 4, 30)), QStringList(u"tea again"_s));
+        QCOMPARE(TickAt(At(18, 9, 30, 59)), QStringList());
+        Restart();
+        QCOMPARE(TickAt(At(18, 9, 31)), QStringList(u"dentist again"_s));
+    }
+
     // An answer that cannot be kept is told, and the alarm does not ring all day.
     void AFullDisk()
     {
@@ -124,6 +140,29 @@ private Q_SLOTS:
         m_program->Tick("tmAlarm");
         QVERIFY(seen.Text.startsWith(u"The alarm cannot be put off"_s));
         QCOMPARE(TickAt(At(17, 9, 36)), QStringList());
+    }
+
+    void StartsWithTheSession()
+    {
+        const Environment config("XDG_CONFIG_HOME", m_program->folders.Path(u"home"_s).toUtf8());
+        const QString entry = m_program->folders.Path(u"home/autostart/org.orrelin.Orrelin.desktop"_s);
+        const auto choose = [&](bool wasOn) {
+            m_program->InWindow<AlarmOptionsForm>("mnuAlarmOptions", [&](AlarmOptionsForm& form) {
+                QCOMPARE(In<QCheckBox>(form, "chkSession").isChecked(), wasOn);
+                QVERIFY(!In<QCheckBox>(form, "chkTray").isEnabled()); // this screen has none
+                In<QCheckBox>(form, "chkSession").click();
+                QTest::keyClick(&form, Qt::Key_Return);
+            });
+        };
+        choose(false);
+        const QByteArray on = Content(entry);
+        QVERIFY2(on.contains("\nExec=\"" + QCoreApplication::applicationFilePath().toUtf8() + "\""), on);
+        QCOMPARE(QProcess::execute(u"desktop-file-validate"_s, {entry}), 0);
+        choose(true);
+        QVERIFY(!QFile::exists(entry));
+        SetContent(entry, on + "Hidden=true\n"); // the desktop's own way
+        choose(false);
+        QCOMPARE(Content(entry), on);
     }
 
     void AllOfAMinute()
@@ -171,6 +210,9 @@ private Q_SLOTS:
         QTest::keyClick(&tree, Qt::Key_Return);
         QCOMPARE(g_iMonth, 3);
         In<QPushButton>(*List(), "btnAgain").menu()->actions().at(0)->trigger();
+        Restart(); // with the list open
+        OpenAt(At(18, 9, 0));
+        QTRY_VERIFY(List());
         QCOMPARE(Listed(), QStringList({u"Mar 17, 1999|9:35 AM|slept"_s, u"Mar 18, 1999|8:59 AM|just"_s}));
         QCOMPARE(TickAt(At(18, 9, 5)), QStringList(u"closed again"_s));
         // One that rings at the end of the program was not heard, nor a list that nobody has closed.
@@ -185,6 +227,9 @@ private Q_SLOTS:
         QCOMPARE(Listed(), QStringList({u"Mar 18, 1999|9:08 AM|asleep"_s, u"Mar 18, 1999|9:10 AM|at the end"_s}));
         m_program->Trigger("mnuMissedAlarms");
         QCOMPARE(Listed().size(), 2);
+        SetIni("ALARMS", "MISSED", "0"); // nothing is kept for a later choice
+        OpenAt(At(18, 9, 30));
+        QTRY_VERIFY(!QFile::exists(alarmfiles::Heard()));
     }
 
     void ListsWhatComes()

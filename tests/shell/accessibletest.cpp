@@ -263,8 +263,10 @@ class AccessibleTest : public QObject
         }
         const Alarm alarm = MakeAlarm("1999/3/17", "09:30", "{\\rtf1 Call the \\b school\\b0  back.}");
         ShowAndPicture("alarm", AlarmEventForm(alarm, false, m_program->form->screen(), nullptr));
-        const auto putOff = [](const Alarm&, const QDateTime&) { return true; };
-        auto* const list = new AlarmListForm(m_program->form.get(), u"Missed Alarms"_s, {{}, {}, putOff});
+        AlarmListNeeds needs;
+        needs.print = [](QWidget*, const auto&) {};
+        needs.putOff = [](const Alarm&, const QDateTime&) { return true; };
+        auto* const list = new AlarmListForm(m_program->form.get(), u"Missed Alarms"_s, needs);
         list->Add({{QDateTime(QDate(1999, 9, 30), QTime(22, 30), Qt::UTC), alarm}});
         list->show();
         Look("alarms", *list);

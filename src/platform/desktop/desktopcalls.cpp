@@ -23,14 +23,18 @@ void TakeToken(const QVariantMap& platformData)
 }
 } // namespace
 
+QVariantMap DesktopCalls::OwnToken()
+{
+    return {{u"activation-token"_s, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}};
+}
+
 void DesktopCalls::Listen()
 {
     m_isStart = qEnvironmentVariableIsSet(StartedByCall);
     qunsetenv(StartedByCall); // child processes must not inherit it
     if (!HasSessionBus()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
-    const QString path = u'/' + Name().replace(u'.', u'/');
-    bus.registerObject(path, this, QDBusConnection::ExportScriptableSlots);
+    bus.registerObject(Path(), this, QDBusConnection::ExportScriptableSlots);
     // Not by the library's function, which waits for the answer. No flags: a second copy is queued by the bus.
     QDBusMessage request = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                                           u"org.freedesktop.DBus"_s, u"RequestName"_s);

@@ -21,11 +21,11 @@ QDBusMessage CallOf(const QString& method, const QVariantList& arguments)
 }
 
 // The body is markup.
-QVariantList Arguments(const QString& summary, const QString& body, const QStringList& actions)
+QVariantList Arguments(uint replaced, const QString& summary, const QString& body, const QStringList& actions)
 {
     constexpr int Never = 0; // it expires
     const QVariantMap hints = {{u"desktop-entry"_s, DesktopCalls::Name()}, {u"category"_s, u"x-alarm"_s}};
-    return {u"Orrelin"_s, 0u, DesktopCalls::Name(), summary, body.toHtmlEscaped(), actions, hints, Never};
+    return {u"Orrelin"_s, replaced, DesktopCalls::Name(), summary, body.toHtmlEscaped(), actions, hints, Never};
 }
 } // namespace
 
@@ -34,15 +34,18 @@ void DesktopNotification::Show(const QString& summary, const QString& body, cons
     if (!HasSessionBus()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(Service, Path, Service, u"ActionInvoked"_s, this, SLOT(TakeAction(uint, QString)));
-    auto* reply = new QDBusPendingCallWatcher(bus.asyncCall(CallOf(u"Notify"_s, Arguments(summary, body, actions))));
+    bus.connect(Service, Path, Service, u"ActivationToken"_s, this, SLOT(TakeToken(uint, QString)));
+    auto* reply =
+        new QDBusPendingCallWatcher(bus.asyncCall(CallOf(u"Notify"_s, Arguments(m_id, summary, body, actions))));
     // Also if the window has been closed meanwhile: then nobody wants the message any more.
     QObject::connect(reply, &QDBusPendingCallWatcher::finished, reply, [reply, shown = QPointer(this)] {
         const QDBusPendingReply<uint> id = *reply;
         reply->deleteLater();
         if (id.isError()) return;
-        if (shown)
+        if (shown) {
+            if (shown->m_id != id.value()) shown->Close();
             shown->m_id = id.value();
-        else
+        } else
             QDBusConnection::sessionBus().send(CallOf(u"CloseNotification"_s, {id.value()}));
     });
 }
@@ -58,4 +61,10 @@ void DesktopNotification::TakeAction(uint id, const QString& action)
     if (m_id == 0 || id != m_id) return;
     m_id = 0;
     Q_EMIT Chosen(action);
+}
+
+// It comes before the action. The toolkit reads it from the environment when a window is brought to the front.
+void DesktopNotification::TakeToken(uint id, const QString& token)
+{
+    if (m_id != 0 && id == m_id) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }

@@ -12,7 +12,8 @@ class DesktopNotification : public QObject
 public:
     ~DesktopNotification() override { Close(); }
 
-    // actions: keys and captions by turns; "default" is a click on the message. Does not wait.
+    // In place of the message that it has shown before. actions: keys and captions by turns; "default" is a click on
+    // the message. Does not wait.
     void Show(const QString& summary, const QString& body, const QStringList& actions);
     void Close();
 
@@ -21,6 +22,7 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void TakeAction(uint id, const QString& action);
+    void TakeToken(uint id, const QString& token);
 
 private:
     uint m_id = 0; // 0: not shown

@@ -55,3 +55,13 @@ void screenlock::Ask(QObject* context, const std::function<void(bool isLocked)>&
         });
     }
 }
+
+void screenlock::Watch(QObject* receiver, const char* slot)
+{
+    if (!HasSessionBus()) return;
+    for (const Saver& saver : Savers) {
+        const QString service = QString::fromUtf16(saver.service);
+        QDBusConnection::sessionBus().connect({}, QString::fromUtf16(saver.path), service, u"ActiveChanged"_s, receiver,
+                                              slot);
+    }
+}

@@ -104,13 +104,11 @@ private Q_SLOTS:
     void TheClockFollowsTheZone()
     {
         const auto offsetIn = [](const char* zone) {
-            qputenv("TZ", zone);
+            const Environment there("TZ", zone);
             return desktopclock::Now().offsetFromUtc();
         };
-        const QByteArray before = qgetenv("TZ");
         QCOMPARE(offsetIn("EAST-9"), 9 * 3600);
         QCOMPARE(offsetIn("WEST+5"), -5 * 3600); // as after a flight
-        before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
     }
 
     void AFolderIsOnlyFinishedWhenAllIsCopied()
