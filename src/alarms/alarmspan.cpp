@@ -24,8 +24,12 @@ QDateTime WallMinuteOf(const Alarm& alarm)
     return {QDate(day->year, day->month, day->day), time, Qt::UTC};
 }
 
+// Most alarms of a planner are of other days, so the day decides before the time is read.
 bool IsWithin(const Alarm& alarm, const QDateTime& after, const QDateTime& before)
 {
+    const auto of = DayOfKey(alarm.date);
+    const QDate day = of ? QDate(of->year, of->month, of->day) : QDate();
+    if (!day.isValid() || day < after.date() || day > before.date()) return false;
     const QDateTime minute = WallMinuteOf(alarm);
     return minute.isValid() && minute > after && minute < before;
 }
