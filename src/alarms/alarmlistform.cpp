@@ -60,6 +60,11 @@ void AlarmListForm::MakeList()
     const QFontMetrics letters = m_lstAlarms->fontMetrics();
     m_lstAlarms->setColumnWidth(0, letters.horizontalAdvance(u"Sep 30, 2000 mm"_s));
     m_lstAlarms->setColumnWidth(1, letters.horizontalAdvance(u"12:00 AM mm"_s));
+    // A click beside the rows would hide which one the buttons mean.
+    connect(m_lstAlarms, &QTreeWidget::itemSelectionChanged, this, [this] {
+        QTreeWidgetItem* const current = m_lstAlarms->currentItem();
+        if (current && m_lstAlarms->selectedItems().isEmpty()) current->setSelected(true);
+    });
     const auto chosen = m_needs.isFar ? &QTreeWidget::itemDoubleClicked : &QTreeWidget::itemClicked;
     connect(m_lstAlarms, chosen, this, Guarded(ListLiteral, [this] { Choose(); }));
 }
