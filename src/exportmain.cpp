@@ -40,7 +40,7 @@ GridDay DayOf(const QString& text, const GridDay& fallback)
     if (text.isEmpty()) return fallback;
     const QDate date = QDate::fromString(text, Qt::ISODate);
     if (!date.isValid() || date.year() < 1) throw UsageError{u"'%1' is no date such as 1999-07-04"_s.arg(text)};
-    return {date.year(), date.month(), date.day()};
+    return GridDayOf(date);
 }
 
 const ExportFormat* FormatFor(const QString& name, const QString& file)

@@ -12,15 +12,16 @@ QStringList Run(int argc, char** argv)
     QApplication::setApplicationName(u"orrelin"_s);
     QApplication::setApplicationVersion(QStringLiteral(ORRELIN_VERSION));
     QGuiApplication::setDesktopFileName(DesktopCalls::Name());
-    if (QCoreApplication::arguments().contains(trayrun::ClockWord)) return trayrun::RunClock(application);
-    if (!trayrun::FromClock() && trayrun::HandedToClock()) return {};
-    return RunOrrelin(application);
+    if (const auto start = HandedToClock()) return trayrun::RunClock(application, *start);
+    const auto back = HandedToCalendar();
+    if (!back && trayrun::AskClockForCalendar()) return {};
+    return RunOrrelin(application, back);
 }
 } // namespace
 
 int main(int argc, char** argv)
 {
     const QStringList next = Run(argc, argv);
-    if (!next.isEmpty()) trayrun::Replace(next);
+    if (!next.isEmpty()) Replace(next);
     return 0;
 }

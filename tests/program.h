@@ -50,7 +50,7 @@ public:
         return program;
     }
 
-    void Start()
+    void Start(const std::optional<HandOver>& back = {})
     {
         ResetPlannerStateForTests();
         ResetCalendarStateForTests();
@@ -59,7 +59,7 @@ public:
         OpenErrorLog(LogPath());
         form = std::make_unique<Mainform>();
         form->resize(1000, 700);
-        form->Form_Load([](const QString&) {}, [] {});
+        form->Form_Load([](const QString&) {}, [] {}, back);
         Activate();
     }
 

@@ -54,7 +54,8 @@ void AlarmClock::Check()
     if (minute == m_sLastAlarmMinute) return;
     m_sLastAlarmMinute = minute;
     if (m_isRinging) return; // the open alarm window stays as it is
-    const auto due = m_source.Due(now.date(), minute, Read(settings::AllAlarms) != 0);
+    auto due = m_source.Due(now.date(), minute);
+    if (due.size() > 1 && Read(settings::AllAlarms) == 0) due.resize(1);
     const QDateTime wall = WallMinute(now);
     ErrorTail{ClockLiteral}([&] { m_missed.ListUpTo(wall); });
     for (const Alarm& alarm : due) {

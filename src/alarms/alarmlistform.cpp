@@ -92,8 +92,7 @@ void AlarmListForm::Add(const std::vector<ListedAlarm>& listed)
     for (const ListedAlarm& one : listed) {
         if (std::ranges::find(m_listed, one) != m_listed.end()) continue;
         m_listed.push_back(one);
-        const QString day =
-            fnFormatDateKey(KeyOf({one.minute.date().year(), one.minute.date().month(), one.minute.date().day()}));
+        const QString day = fnFormatDateKey(KeyOf(GridDayOf(one.minute.date())));
         new QTreeWidgetItem(m_lstAlarms, {day, ShownTimeIn(one), FirstLineOf(one.alarm)});
     }
     if (!m_lstAlarms->currentItem()) m_lstAlarms->setCurrentItem(m_lstAlarms->topLevelItem(0));

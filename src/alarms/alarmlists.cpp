@@ -85,7 +85,7 @@ void AlarmLists::mnuMissedAlarms_Click()
 
 void AlarmLists::GoTo(const QDate& day)
 {
-    if (!RefusesWithoutPlanner()) m_cell.ShowDay({day.year(), day.month(), day.day()});
+    if (!RefusesWithoutPlanner()) m_cell.ShowDay(GridDayOf(day));
 }
 
 void AlarmLists::Print(QWidget* owner, const QString& heading, const std::vector<ListedAlarm>& listed)

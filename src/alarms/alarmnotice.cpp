@@ -50,4 +50,5 @@ void AlarmNotice::Answer(const QString& action)
     if (action == Again) return m_form.PutOff(Later);
     m_form.raise();
     m_form.activateWindow();
+    m_wait.start(TimeToComeForward); // if the desktop does not let it
 }

@@ -1,5 +1,6 @@
 #include "alarms/alarmoptionsform.h"
 
+#include "alarms/clockword.h"
 #include "alarms/tunes.h"
 #include "platform/controls/okcancel.h"
 #include "platform/desktop/centeronscreen.h"
@@ -64,7 +65,7 @@ void AlarmOptionsForm::AddTray(QVBoxLayout& column)
 // With the tray the window stays closed.
 bool AlarmOptionsForm::SetSessionStart() const
 {
-    return sessionstart::Set(m_chkSession->isChecked(), Read(settings::RingInTray) != 0 ? u"--clock"_s : QString());
+    return sessionstart::Set(m_chkSession->isChecked(), Read(settings::RingInTray) != 0 ? ClockWord : QString());
 }
 
 void AlarmOptionsForm::AddSound(QVBoxLayout& column)

@@ -87,7 +87,7 @@ bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm)
     return !alarms.EOF_();
 }
 
-std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QString& time, bool all)
+std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QString& time)
 {
     std::vector<Alarm> due;
     const auto isOfDate = [&] { return !alarms.EOF_() && DateOf(alarms) == date; };
@@ -106,7 +106,6 @@ std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QStri
         return due;
     }
     due.push_back(CurrentAlarm(alarms));
-    if (!all) return due;
     for (alarms.MoveNext(); stepToDue(); alarms.MoveNext())
         due.push_back(CurrentAlarm(alarms));
     goToFirst();

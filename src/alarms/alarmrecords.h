@@ -36,6 +36,6 @@ bool StepToAlarm(Recordset& alarms, const QString& date, Toward direction);
 // Goes to the first alarm with the same date, time ("hh:mm"), tune and silence, or to the end of the table.
 bool GoToAlarmLike(Recordset& alarms, const Alarm& alarm);
 
-// The alarms of this date and time, or the first alone. Goes to the first, or to the end of the table. Reads only the
+// The alarms of this date and time. Goes to the first, or to the end of the table. Reads only the
 // alarms of the date.
-std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QString& time, bool all);
+std::vector<Alarm> DueAlarms(Recordset& alarms, const QString& date, const QString& time);

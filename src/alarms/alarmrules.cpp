@@ -58,6 +58,6 @@ QString OneDown(const QString& sNumber, int first, int last)
 bool IsOver(const QString& alarmDate, const QString& alarmTime, const QDateTime& now)
 {
     const GridDay day = {fnGetQMTYear(alarmDate), fnGetQMTMonth(alarmDate), fnGetQMTDay(alarmDate)};
-    const GridDay today = {now.date().year(), now.date().month(), now.date().day()};
+    const GridDay today = GridDayOf(now.date());
     return day == today ? alarmTime < now.toString(u"hh:mm"_s) : day < today;
 }

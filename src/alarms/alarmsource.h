@@ -13,7 +13,7 @@ public:
     Q_DISABLE_COPY_MOVE(AlarmSource)
 
     virtual QString Planner() const = 0; // its file; empty if there is none
-    // Those of this date and time ("hh:mm"), or the first alone. The errors of the engine.
-    virtual std::vector<Alarm> Due(const QDate& today, const QString& minute, bool all) = 0;
+    // Those of this date and time ("hh:mm"). The errors of the engine.
+    virtual std::vector<Alarm> Due(const QDate& today, const QString& minute) = 0;
     virtual std::vector<Alarm> Between(const QDateTime& after, const QDateTime& before) = 0; // as AlarmsBetween
 };

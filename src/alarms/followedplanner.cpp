@@ -54,18 +54,17 @@ void FollowedPlanner::Read(const QDateTime& after)
     planner.Close();
 }
 
-std::vector<Alarm> FollowedPlanner::Due(const QDate& today, const QString& minute, bool all)
+std::vector<Alarm> FollowedPlanner::Due(const QDate& today, const QString& minute)
 {
     try {
         Refresh(QDateTime(today, QTime(0, 0), Qt::UTC).addSecs(-1));
     } catch (const RunTimeError& error) {
         if (!std::exchange(m_isFailing, true)) LogError(error, FollowLiteral);
     }
-    const QString key = KeyOf({today.year(), today.month(), today.day()});
+    const QString key = KeyOf(GridDayOf(today));
     std::vector<Alarm> due;
     std::ranges::copy_if(m_alarms, std::back_inserter(due),
                          [&](const Alarm& alarm) { return alarm.date == key && alarm.time == minute; });
-    if (!all && due.size() > 1) due.resize(1);
     return due;
 }
 

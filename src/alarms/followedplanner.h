@@ -12,7 +12,7 @@ public:
 
     QString Planner() const override { return m_path; }
     // If the planner cannot be read now, from what is known of it.
-    std::vector<Alarm> Due(const QDate& today, const QString& minute, bool all) override;
+    std::vector<Alarm> Due(const QDate& today, const QString& minute) override;
     std::vector<Alarm> Between(const QDateTime& after, const QDateTime& before) override;
 
 private:

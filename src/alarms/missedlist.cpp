@@ -3,6 +3,7 @@
 #include "alarms/alarmspan.h"
 #include "alarms/missedalarms.h"
 #include "alarms/putoffalarms.h"
+#include "platform/runtime/errortail.h"
 
 #include <utility>
 
@@ -21,7 +22,7 @@ void MissedList::MakeForm()
 {
     m_form = new AlarmListForm(m_client ? m_client->window() : nullptr, u"Missed Alarms"_s, m_needs);
     m_form->setAttribute(Qt::WA_ShowWithoutActivating);
-    QObject::connect(m_form, &QDialog::finished, m_form, [this] { m_missed.Seen(); });
+    QObject::connect(m_form, &QDialog::finished, m_form, Guarded(" in MissedList"_L1, [this] { m_missed.Seen(); }));
 }
 
 void MissedList::Show(const std::vector<Alarm>& missed)

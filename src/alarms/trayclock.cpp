@@ -50,7 +50,7 @@ void TrayClock::Tick()
 AlarmListNeeds TrayClock::ListNeeds()
 {
     AlarmListNeeds needs;
-    needs.goTo = [this](const QDate& day) { Q_EMIT Wanted(KeyOf({day.year(), day.month(), day.day()})); };
+    needs.goTo = [this](const QDate& day) { Q_EMIT Wanted(KeyOf(GridDayOf(day))); };
     needs.isFar = true;
     return needs;
 }

@@ -13,8 +13,7 @@ constexpr QLatin1StringView Literal(" in CCalendarView, CellNames");
 
 GridDay DayToday()
 {
-    const QDate today = desktopclock::Now().date();
-    return {today.year(), today.month(), today.day()};
+    return GridDayOf(desktopclock::Now().date());
 }
 
 // "Today. Has an alarm."

@@ -9,11 +9,6 @@
 namespace {
 constexpr int MostDaysOfSpan = 366;
 
-GridDay DayOf(const QDate& date)
-{
-    return {date.year(), date.month(), date.day()};
-}
-
 QString TimeOf(const QDateTime& wall)
 {
     return wall.time().toString(u"hh:mm"_s);
@@ -99,9 +94,9 @@ std::vector<ExtractedNote> NotesOf(const std::vector<LocalSpan>& spans, Calendar
         isCut = isCut || first.daysTo(last) >= MostDaysOfSpan;
         for (QDate day = first; day <= last && first.daysTo(day) < MostDaysOfSpan && !isFull; day = day.addDays(1)) {
             isFull = texts.size() == MostCalendarDays || room.IsFull();
-            if (isFull || !IsDayOfPlanner(DayOf(day))) continue;
+            if (isFull || !IsDayOfPlanner(GridDayOf(day))) continue;
             const QString head = HeadOf(span, day, body.Title());
-            const auto [text, isNew] = texts.try_emplace({DayOf(day), head});
+            const auto [text, isNew] = texts.try_emplace({GridDayOf(day), head});
             if (isNew) text->second = body.Below(head);
             --room.days; // also if the day has this text already
         }
@@ -124,7 +119,7 @@ std::vector<ExtractedAlarm> AlarmsOf(const CalendarPart& entry, const std::vecto
             if (alarms.size() == MostCalendarDays || room.IsFull()) break;
             QDateTime wall = time.wall ? *time.wall : (time.isOfEnd ? span.end : span.start).addSecs(time.seconds);
             wall.setTime({wall.time().hour(), wall.time().minute()});
-            const GridDay day = DayOf(wall.date());
+            const GridDay day = GridDayOf(wall.date());
             if (!wall.isValid() || !IsDayOfPlanner(day) || !moments.insert(wall).second) continue;
             alarms.push_back(
                 {day, wall.time().msecsSinceStartOfDay() / 60'000, body.Below(HeadOf(span, body.Title()))});

@@ -39,9 +39,6 @@ public:
     // Opens the file like an entry of the recent list. The path is used literally; the file may be missing.
     void OpenFile(const QString& path);
     void OpenKnown(const QString& path); // likewise for a path as the program keeps it
-    // Writes down the open planner and its mode for the clock in the tray, if that is wanted. It begins with them at
-    // the start of a session.
-    void KeepFollowed();
     // Opens the planner that the clock has followed, or the start-up planner if it has followed none.
     void OpenFollowed(const QString& path, bool shared);
     void subAutoload(); // the start-up planner, if one is set

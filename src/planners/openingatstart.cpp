@@ -22,14 +22,6 @@ void Opening::KeepStartPlanner()
     if (*opens) Write(settings::LoadWorkgroup, g_bDBShared ? 1 : 0);
 }
 
-void Opening::KeepFollowed()
-{
-    if (Read(settings::RingInTray) == 0) return;
-    const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    Write(settings::FollowedPlanner, HasPlanner() ? g_sNotesFile : QString());
-    Write(settings::FollowedShared, g_bDBShared ? 1 : 0);
-}
-
 void Opening::OpenFollowed(const QString& path, bool shared)
 {
     if (path.isEmpty()) return subAutoload();

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QTextEdit>
+#include <QTimer>
 
 FocusReturn::FocusReturn(QMainWindow& window) : m_window(window)
 {
@@ -28,8 +29,17 @@ void FocusReturn::Follow(const QWidget* before, QWidget* now)
     if (now == m_window.menuBar() && !IsInWindow(before) && m_text) m_text->setFocus();
 }
 
+// The window takes the keyboard also when a control of it takes the focus between two dialogs. The second would be
+// deaf.
+void FocusReturn::LeadToDialog()
+{
+    if (QWidget* const modal = QApplication::activeModalWidget(); modal && modal->isVisible()) modal->activateWindow();
+}
+
 bool FocusReturn::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == &m_window && event->type() == QEvent::WindowActivate)
+        QTimer::singleShot(0, this, &FocusReturn::LeadToDialog);
     if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
     const auto* control = qobject_cast<QWidget*>(watched);
     if (!IsInWindow(control) || control != m_window.focusWidget() || control == m_window.menuBar()) return false;

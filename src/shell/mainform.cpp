@@ -5,7 +5,6 @@
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/tray.h"
-#include "platform/profile/profile.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
 #include "shell/rooms.h"
@@ -32,7 +31,7 @@ Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 Mainform::~Mainform() = default;
 
 void Mainform::Form_Load(const Progress& progress, const std::function<void()>& stayInFront,
-                         const std::optional<trayrun::HandOver>& back)
+                         const std::optional<HandOver>& back)
 {
     Rooms& rooms = *m_rooms;
     const ErrorTail tail(" in MainForm, Form_Load"_L1);
@@ -72,9 +71,11 @@ bool Mainform::eventFilter(QObject* watched, QEvent* event)
 
 void Mainform::closeEvent(QCloseEvent* event)
 {
+    // On Wayland the toolkit itself closes the window when the desktop asks for it.
+    const bool isCloseBox = event->spontaneous() || QGuiApplication::platformName().startsWith(u"wayland"_s);
     Guarded(" in MainForm, Form_QueryUnload"_L1, [&] {
-        m_goesToTray = event->spontaneous() && Read(settings::RingInTray) != 0 && HasTray();
-        subExitProgram(event->spontaneous() ? CloseBox : ClosedByCode);
+        m_goesToTray = isCloseBox && Read(settings::RingInTray) != 0 && HasTray();
+        subExitProgram(isCloseBox ? CloseBox : ClosedByCode);
     })();
     event->accept();
 }
@@ -113,15 +114,14 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // a signal ended it while a question about unsaved notes was open
-    tail([&] { m_rooms->opening.KeepFollowed(); });
-    const trayrun::HandOver handOver = {
-        m_rooms->alarmClock.LastMinute(), HasPlanner() ? g_sNotesFile : QString(), g_bDBShared, {}};
+    tail(KeepForClock);
+    const HandOver handOver = HandOver::OfOpenPlanner(m_rooms->alarmClock.LastMinute());
     m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });
     tail([&] { m_rooms->m_pLayout.DestroyWindow(place); });
     m_ended = true;
     const bool isEndedByPerson = iUnloadMode == CloseBox; // not by a signal meanwhile
-    if (m_goesToTray && isEndedByPerson) m_next = handOver.Words(trayrun::ClockWord);
+    if (m_goesToTray && isEndedByPerson) m_next = handOver.ToClock();
     Q_EMIT Ended();
 }

@@ -2,13 +2,12 @@
 // implemented in their subjects' classes.
 #pragma once
 
-#include "shell/trayrun.h"
+#include "shell/handover.h"
 
 #include <QMainWindow>
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 struct Rooms;
 
@@ -25,7 +24,7 @@ public:
     // Shows the window, opens the start-up planner, or the one that the clock in the tray has followed, and fills the
     // lists. Reports slow steps to progress and calls stayInFront once the window is shown.
     void Form_Load(const Progress& progress, const std::function<void()>& stayInFront,
-                   const std::optional<trayrun::HandOver>& back = {});
+                   const std::optional<HandOver>& back = {});
 
     // How the window was closed. ClosedByCode only hides it.
     static constexpr int CloseBox = 0; // also the Exit command
@@ -38,7 +37,7 @@ public:
     bool HasEnded() const { return m_ended; }
     QStringList WhatFollows() const { return m_next; } // the words of the clock in the tray, if it is to ring on
 
-    void ComeBack(const QStringList& wanted);    // of trayrun::HandOver
+    void ComeBack(const QStringList& wanted);    // of HandOver
     void AnswerDesktop(const QStringList& uris); // comes to the front and opens a file if one is given
 
 Q_SIGNALS:

@@ -50,6 +50,7 @@
 #include "shell/activation.h"
 #include "shell/controls.h"
 #include "shell/focusreturn.h"
+#include "shell/handover.h"
 #include "shell/redokey.h"
 #include "shell/shellhandlers.h"
 #include "tools/datedifference.h"
@@ -73,7 +74,7 @@ struct Rooms
             findWord.FollowPlanner();
             alarmLists.Unload();
             alarmClock.FollowPlanner();
-            if (isOpen) opening.KeepFollowed();
+            if (isOpen) KeepForClock();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });

@@ -9,7 +9,6 @@
 #include "platform/runtime/errortail.h"
 #include "shell/mainform.h"
 #include "shell/splash.h"
-#include "shell/trayrun.h"
 #include "state/calendarstate.h"
 
 #include <QApplication>
@@ -30,9 +29,8 @@ void WatchForTheEnd(QApplication& application, Mainform& form)
 }
 } // namespace
 
-QStringList RunOrrelin(QApplication& application)
+QStringList RunOrrelin(QApplication& application, const std::optional<HandOver>& back)
 {
-    const auto back = trayrun::FromClock();
     InitResources();
     application.setQuitOnLastWindowClosed(false);
     auto splash = std::make_unique<StartUpForm>();

@@ -70,6 +70,11 @@ QString KeyOf(const GridDay& day)
     return TrimmedStr(day.year) + u'/' + TrimmedStr(day.month) + u'/' + TrimmedStr(day.day);
 }
 
+GridDay GridDayOf(const QDate& date)
+{
+    return {date.year(), date.month(), date.day()};
+}
+
 std::optional<GridDay> DayOfKey(const QString& dateKey)
 {
     const Slashes at(dateKey);

@@ -2,6 +2,7 @@
 // padding ("1999/7/4"), or year/month/Memo3 for a memo. Plain computation; unreadable parts are 0.
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 #include <compare>
@@ -19,6 +20,7 @@ struct GridDay
 };
 
 bool IsDayOfGrid(const GridDay& day);
+GridDay GridDayOf(const QDate& date);
 QString KeyOf(const GridDay& day);                       // its date key
 std::optional<GridDay> DayOfKey(const QString& dateKey); // empty for memos and days not in the grid
 

@@ -17,19 +17,7 @@ class AlarmClockTest : public QObject
     const QDate m_today{1999, 3, 17};
     std::unique_ptr<Program> m_program;
 
-    // Lets the clock tick and returns the notes that it showed. Closes their window at once.
-    QStringList TickAt(const QDateTime& now)
-    {
-        desktopclock::SetForTests(now);
-        QStringList notes;
-        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
-            notes += In<RichTextBox>(form, "tbNotes").Text();
-            QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
-        });
-        m_program->Tick("tmAlarm");
-        DropAnswers();
-        return notes;
-    }
+    QStringList TickAt(const QDateTime& now) const { return RungAt(*m_program, now); }
     QStringList TickAt(int hour, int minute, int second = 0)
     {
         return TickAt(QDateTime(m_today, QTime(hour, minute, second)));

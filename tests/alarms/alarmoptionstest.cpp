@@ -6,8 +6,6 @@
 #include "settingsfile.h"
 #include "testmain.h"
 
-#include <QLabel>
-#include <QMenu>
 #include <QSlider>
 #include <QTreeWidget>
 
@@ -23,29 +21,10 @@ class AlarmOptionsTest : public QObject
         return {QDate(1999, 3, day), QTime(hour, minute, second)};
     }
 
-    // Ticks and answers each window; returns its note, with "again" for an alarm that was put off before. The answer is
-    // empty for Ok, else the beginning of an entry of the menu.
-    QStringList TickAt(const QDateTime& now, const QString& answer = {}, int windows = 4) const
+    QStringList TickAt(const QDateTime& now, const QString& answer = {}) const
     {
-        desktopclock::SetForTests(now);
-        QStringList rung;
-        for (int window = 0; window < windows; ++window)
-            OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
-                const bool isAgain = In<QLabel>(form, "lblWhen").text().endsWith(u", put off"_s);
-                rung += In<RichTextBox>(form, "tbNotes").Text() + (isAgain ? u" again"_s : QString());
-                Answer(form, answer);
-            });
-        m_program->Tick("tmAlarm");
-        DropAnswers();
-        return rung;
+        return RungAt(*m_program, now, answer);
     }
-    static void Answer(AlarmEventForm& form, const QString& answer)
-    {
-        if (answer.isEmpty()) return In<QPushButton>(form, "btnOk").click();
-        for (QAction* choice : In<QPushButton>(form, "btnAgain").menu()->actions())
-            if (choice->text().remove(u'&').startsWith(answer)) return choice->trigger();
-    }
-
     AlarmListForm* List() const
     {
         for (auto* list : m_program->form->findChildren<AlarmListForm*>())
@@ -101,7 +80,7 @@ private Q_SLOTS:
         QCOMPARE(TickAt(At(17, 12, 0), u"Tomorrow"_s), QStringList({u"tea again"_s, u"dentist again"_s}));
         QCOMPARE(TickAt(At(18, 11, 59, 59)), QStringList());
         // The program ends before an answer: it rings once more.
-        const QString file = folders::ApplicationDirectory() + u"/alarms.json"_s;
+        const QString file = alarmfiles::PutOff();
         const QByteArray atTheEnd = Content(file);
         QCOMPARE(TickAt(At(18, 12, 0)).size(), 2);
         SetContent(file, atTheEnd);
@@ -132,7 +111,7 @@ private Q_SLOTS:
     void AFullDisk()
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "dentist")});
-        QVERIFY(QDir().mkpath(folders::ApplicationDirectory() + u"/alarms.json"_s));
+        QVERIFY(QDir().mkpath(alarmfiles::PutOff()));
         SeenBox seen;
         desktopclock::SetForTests(At(17, 9, 30));
         OnNextModal<AlarmEventForm>([](AlarmEventForm& form) { Answer(form, u"5"_s); });
@@ -163,6 +142,17 @@ private Q_SLOTS:
         SetContent(entry, on + "Hidden=true\n"); // the desktop's own way
         choose(false);
         QCOMPARE(Content(entry), on);
+    }
+
+    // A minute that has rung in the tray does not ring here.
+    void ComesBackFromTheTray()
+    {
+        AddAlarms({MakeAlarm("1999/3/17", "09:30", "rang there"), MakeAlarm("1999/3/17", "09:31", "rings here")});
+        m_program->Exit();
+        m_program->Start(HandOver{u"09:30"_s, m_program->folders.Path(u"mine.mdb"_s), true, {}});
+        QVERIFY(HasPlanner() && g_bDBShared);
+        QCOMPARE(TickAt(At(17, 9, 30)), QStringList());
+        QCOMPARE(TickAt(At(17, 9, 31)), QStringList(u"rings here"_s));
     }
 
     void AllOfAMinute()

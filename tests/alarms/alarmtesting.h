@@ -10,6 +10,8 @@
 #include "program.h"
 
 #include <QCheckBox>
+#include <QLabel>
+#include <QMenu>
 #include <QRadioButton>
 #include <QToolButton>
 
@@ -50,4 +52,30 @@ inline void TypeAt(QWidget& window, const char* box, const QString& text)
 inline QString Shown(QWidget& window, const char* box)
 {
     return In<MaskEdBox>(window, box).Text();
+}
+
+// The answer is empty for Ok, else the beginning of an entry of the menu Again in.
+inline void Answer(AlarmEventForm& form, const QString& answer)
+{
+    if (answer.isEmpty()) return QTest::mouseClick(&In<QPushButton>(form, "btnOk"), Qt::LeftButton);
+    for (QAction* choice : In<QPushButton>(form, "btnAgain").menu()->actions())
+        if (choice->text().remove(u'&').startsWith(answer)) return choice->trigger();
+}
+
+// Lets the clock tick, and answers each window that it opens at once. Returns their notes, with "again" for an alarm
+// that was put off before.
+inline QStringList RungAt(const Program& program, const QDateTime& now, const QString& answer = {})
+{
+    constexpr int Enough = 4; // windows
+    desktopclock::SetForTests(now);
+    QStringList rung;
+    for (int window = 0; window < Enough; ++window)
+        OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+            const bool isAgain = In<QLabel>(form, "lblWhen").text().endsWith(u", put off"_s);
+            rung += In<RichTextBox>(form, "tbNotes").Text() + (isAgain ? u" again"_s : QString());
+            Answer(form, answer);
+        });
+    program.Tick("tmAlarm");
+    DropAnswers();
+    return rung;
 }

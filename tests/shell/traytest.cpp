@@ -215,8 +215,9 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(Shows(TitleWith(m_planner)), LongestWait);
         QVERIFY(!IsClock(*program) && !IsInTray());
         QVERIFY_EXCEPTION_THROWN(DBEngine::OpenDatabase(m_planner), RunTimeError); // it is open there
-        QTest::qWait(10000 + AMoment);                                             // after the first tick
-        QVERIFY(!Shows(m_alarm));
+        QVERIFY(Content(u"/proc/%1/cmdline"_s.arg(program->processId()))
+                    .contains(now.addSecs(60).toString(u"hh:mm"_s).toUtf8()));
+        QCOMPARE(Read(settings::FollowedPlanner), m_planner);
         m_tray.isThere = false;
         Close(m_calendar);
         QTRY_COMPARE_WITH_TIMEOUT(program->state(), QProcess::NotRunning, LongestWait);
@@ -254,6 +255,8 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_tray.items.size(), 3, LongestWait);
         QTRY_VERIFY_WITH_TIMEOUT(Shows(m_alarm), LongestWait);
         QCOMPARE(m_windows.Titled(m_alarm).size(), 1u);
+        const auto again = Started({u"--clock"_s, {}, m_planner, u"1"_s}); // the same planner
+        QTRY_COMPARE_WITH_TIMEOUT(again->state(), QProcess::NotRunning, LongestWait);
         Close(m_alarm);
         QTRY_COMPARE(Content(alarmfiles::PutOff()), QByteArray());
         QDBusMessage click = QDBusMessage::createMethodCall(m_tray.items.last(), u"/StatusNotifierItem"_s,

@@ -10,6 +10,11 @@
 namespace {
 constexpr char StartedByCall[] = "ORRELIN_STARTED_BY_CALL"; // set by the service file
 
+QString ObjectPath()
+{
+    return u"/org/orrelin/Orrelin"_s;
+}
+
 // A compositor needs the token of the click to bring the window to the front. The toolkit reads it from the
 // environment.
 void TakeToken(const QVariantMap& platformData)
@@ -23,9 +28,14 @@ void TakeToken(const QVariantMap& platformData)
 }
 } // namespace
 
-QVariantMap DesktopCalls::OwnToken()
+bool DesktopCalls::ActivateAt(const QString& service, int patience)
 {
-    return {{u"activation-token"_s, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}};
+    if (!HasSessionBus()) return false;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(service, ObjectPath(), u"org.freedesktop.Application"_s, u"Activate"_s);
+    call.setArguments({QVariantMap{{u"activation-token"_s, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}}});
+    call.setAutoStartService(false);
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
 void DesktopCalls::Listen()
@@ -34,7 +44,7 @@ void DesktopCalls::Listen()
     qunsetenv(StartedByCall); // child processes must not inherit it
     if (!HasSessionBus()) return;
     QDBusConnection bus = QDBusConnection::sessionBus();
-    bus.registerObject(Path(), this, QDBusConnection::ExportScriptableSlots);
+    bus.registerObject(ObjectPath(), this, QDBusConnection::ExportScriptableSlots);
     // Not by the library's function, which waits for the answer. No flags: a second copy is queued by the bus.
     QDBusMessage request = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                                           u"org.freedesktop.DBus"_s, u"RequestName"_s);

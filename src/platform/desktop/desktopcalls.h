@@ -14,9 +14,9 @@ class DesktopCalls : public QObject, protected QDBusContext
 public:
     // The bus name, also used in file names by which desktops know the program.
     static QString Name() { return u"org.orrelin.Orrelin"_s; }
-    // For a call to another copy: the right, which the desktop gave to this one, to bring a window to the front.
-    static QVariantMap OwnToken();
-    static QString Path() { return u"/org/orrelin/Orrelin"_s; } // of the object
+    // Asks another copy that owns this name to come to the front, and hands it the right to do so. Waits for its reply,
+    // at most so many milliseconds; false if there is none.
+    static bool ActivateAt(const QString& service, int patience);
 
     // Starts to take calls, first those that the bus kept during the start. A second copy of the program gets them when
     // the first has ended. Does not wait for the bus.

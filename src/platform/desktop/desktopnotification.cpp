@@ -59,7 +59,7 @@ void DesktopNotification::Close()
 void DesktopNotification::TakeAction(uint id, const QString& action)
 {
     if (m_id == 0 || id != m_id) return;
-    m_id = 0;
+    Close(); // not every desktop does so itself
     Q_EMIT Chosen(action);
 }
 

@@ -1,21 +1,10 @@
-// Whether the program can go on in the desktop's tray.
+// The desktop's tray.
 #pragma once
 
-#include "platform/desktop/desktopcalls.h"
-
-#include <QDBusConnection>
-#include <QSystemTrayIcon>
+class QObject;
 
 // The desktop shows a tray, and the next start of the program can find this one over the session bus.
-inline bool HasTray()
-{
-    return HasSessionBus() && QSystemTrayIcon::isSystemTrayAvailable();
-}
+bool HasTray();
 
-// Calls the slot or signal, without arguments, when the desktop's tray has come up.
-inline void WatchForTray(QObject* receiver, const char* slot)
-{
-    if (!HasSessionBus()) return;
-    QDBusConnection::sessionBus().connect({}, u"/StatusNotifierWatcher"_s, u"org.kde.StatusNotifierWatcher"_s,
-                                          u"StatusNotifierHostRegistered"_s, receiver, slot);
-}
+// Calls the slot or signal, without arguments, when the tray of the session bus has come up.
+void WatchForTray(QObject* receiver, const char* slot);

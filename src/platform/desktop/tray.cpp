@@ -1,0 +1,35 @@
+#include "platform/desktop/tray.h"
+
+#include "platform/desktop/desktopcalls.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QSystemTrayIcon>
+
+namespace {
+constexpr int Patience = 1000; // milliseconds
+const QString Watcher = u"org.kde.StatusNotifierWatcher"_s, WatcherPath = u"/StatusNotifierWatcher"_s;
+
+// The toolkit asks once and keeps the answer.
+bool IsOnBus()
+{
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(Watcher, WatcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    call.setArguments({Watcher, u"IsStatusNotifierHostRegistered"_s});
+    call.setAutoStartService(false);
+    const QVariantList answer = QDBusConnection::sessionBus().call(call, QDBus::Block, Patience).arguments();
+    return !answer.isEmpty() && answer.front().value<QDBusVariant>().variant().toBool();
+}
+} // namespace
+
+bool HasTray()
+{
+    return HasSessionBus() && (IsOnBus() || QSystemTrayIcon::isSystemTrayAvailable());
+}
+
+void WatchForTray(QObject* receiver, const char* slot)
+{
+    if (!HasSessionBus()) return;
+    QDBusConnection::sessionBus().connect({}, WatcherPath, Watcher, u"StatusNotifierHostRegistered"_s, receiver, slot);
+}
