@@ -29,9 +29,11 @@ std::optional<HandOver> Behind(const QString& word)
 }
 } // namespace
 
-HandOver HandOver::OfOpenPlanner(const QString& minute)
+// The planner of a drive that is not there now is followed on.
+HandOver HandOver::OfPlanner(const QString& minute)
 {
-    return {minute, HasPlanner() ? g_sNotesFile : QString(), g_bDBShared, {}};
+    if (HasPlanner()) return {minute, g_sNotesFile, g_bDBShared, {}};
+    return {minute, Read(settings::FollowedPlanner), Read(settings::FollowedShared) != 0, {}};
 }
 
 QStringList HandOver::ToClock() const
@@ -49,7 +51,7 @@ std::optional<HandOver> HandedToClock()
     auto handed = Behind(ClockWord);
     const bool isStartOfSession = handed && handed->minute.isEmpty() && handed->planner.isEmpty();
     if (!isStartOfSession) return handed;
-    return HandOver{{}, Read(settings::FollowedPlanner), Read(settings::FollowedShared) != 0, {}};
+    return HandOver::OfPlanner({});
 }
 
 std::optional<HandOver> HandedToCalendar()
@@ -59,11 +61,10 @@ std::optional<HandOver> HandedToCalendar()
 
 void KeepForClock()
 {
-    if (Read(settings::RingInTray) == 0) return;
-    const HandOver present = HandOver::OfOpenPlanner({});
+    if (Read(settings::RingInTray) == 0 || !HasPlanner()) return;
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
-    Write(settings::FollowedPlanner, present.planner);
-    Write(settings::FollowedShared, present.isShared ? 1 : 0);
+    Write(settings::FollowedPlanner, g_sNotesFile);
+    Write(settings::FollowedShared, g_bDBShared ? 1 : 0);
 }
 
 void Replace(const QStringList& words)

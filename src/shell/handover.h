@@ -13,7 +13,7 @@ struct HandOver
     bool isShared = false;
     QStringList wanted; // of the calendar: the key of a day, or files of a call, or nothing
 
-    static HandOver OfOpenPlanner(const QString& minute);
+    static HandOver OfPlanner(const QString& minute); // the open one, or the last that was open
 
     QStringList ToClock() const; // the words
     QStringList ToCalendar() const;

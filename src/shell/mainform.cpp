@@ -114,8 +114,7 @@ void Mainform::subExitProgram(int iUnloadMode)
     if (iUnloadMode == ClosedByCode) return;
     m_rooms->exitSave.SaveBeforeExit(iUnloadMode == CloseBox);
     if (m_ended) return; // a signal ended it while a question about unsaved notes was open
-    tail(KeepForClock);
-    const HandOver handOver = HandOver::OfOpenPlanner(m_rooms->alarmClock.LastMinute());
+    const HandOver handOver = HandOver::OfPlanner(m_rooms->alarmClock.LastMinute());
     m_rooms->opening.ClosePlanner();
     CloseErrorLog();
     tail([&] { m_rooms->recentList.subLoadMRU(false); });

@@ -74,7 +74,7 @@ struct Rooms
             findWord.FollowPlanner();
             alarmLists.Unload();
             alarmClock.FollowPlanner();
-            if (isOpen) KeepForClock();
+            KeepForClock();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });

@@ -15,12 +15,13 @@
 #include <QDialog>
 #include <QIcon>
 #include <QSessionManager>
+#include <QThread>
 
 #include <functional>
 
 namespace {
 constexpr QLatin1StringView RunLiteral(" in TrayClock, RunClock");
-constexpr int Patience = 5000; // milliseconds
+constexpr int Patience = 5000, TimeToComeBack = 3000; // milliseconds
 
 QString ClockName()
 {
@@ -118,5 +119,12 @@ QStringList trayrun::RunClock(QApplication& application, const HandOver& start)
 
 bool trayrun::AskClockForCalendar()
 {
-    return Read(settings::RingInTray) != 0 && DesktopCalls::ActivateAt(ClockName(), Patience);
+    if (Read(settings::RingInTray) == 0 || !HasSessionBus()) return false;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    const QString asking = ClockName() + u".Asked"_s;
+    if (!bus.registerService(asking)) return true; // another start has just asked
+    const bool isThere = DesktopCalls::ActivateAt(ClockName(), Patience);
+    if (isThere) QThread::msleep(TimeToComeBack);
+    bus.unregisterService(asking);
+    return isThere;
 }

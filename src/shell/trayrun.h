@@ -10,6 +10,7 @@ namespace trayrun {
 // replaced, if it is.
 QStringList RunClock(QApplication& application, const HandOver& start);
 
-// True if a clock was running and has been asked to show the calendar.
+// True if a clock was running and has been asked to show the calendar. Waits until that may be there, so that a double
+// click starts nothing else.
 bool AskClockForCalendar();
 } // namespace trayrun

@@ -153,6 +153,17 @@ private Q_SLOTS:
         QVERIFY(HasPlanner() && g_bDBShared);
         QCOMPARE(TickAt(At(17, 9, 30)), QStringList());
         QCOMPARE(TickAt(At(17, 9, 31)), QStringList(u"rings here"_s));
+        // A planner that is away for a moment is followed on.
+        const QString planner = m_program->folders.Path(u"mine.mdb"_s);
+        SetIni("ALARMS", "TRAY", "1");
+        m_program->Exit();
+        m_program->Start(HandOver{{}, planner, true, {}});
+        m_program->Exit();
+        QVERIFY(QFile::rename(planner, planner + u".moved"_s));
+        AnswerNextBox(msgbox::Ok);
+        m_program->Start(HandOver{{}, planner, true, {}});
+        QVERIFY(!HasPlanner());
+        QCOMPARE(HandOver::OfPlanner({}).planner, planner);
     }
 
     void AllOfAMinute()

@@ -217,6 +217,13 @@ private Q_SLOTS:
         QVERIFY_EXCEPTION_THROWN(DBEngine::OpenDatabase(m_planner), RunTimeError); // it is open there
         QVERIFY(Content(u"/proc/%1/cmdline"_s.arg(program->processId()))
                     .contains(now.addSecs(60).toString(u"hh:mm"_s).toUtf8()));
+        Close(m_calendar);
+        QTRY_VERIFY_WITH_TIMEOUT(IsInTray(), LongestWait);
+        const auto doubleClick = Started();
+        AskForTheCalendar();
+        QTRY_COMPARE(doubleClick->state(), QProcess::NotRunning);
+        QTRY_VERIFY_WITH_TIMEOUT(Shows(m_calendar), LongestWait);
+        QCOMPARE(m_windows.Titled(m_calendar).size(), 1u);
         QCOMPARE(Read(settings::FollowedPlanner), m_planner);
         m_tray.isThere = false;
         Close(m_calendar);
