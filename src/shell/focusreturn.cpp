@@ -8,6 +8,10 @@
 #include <QTextEdit>
 #include <QTimer>
 
+namespace {
+constexpr int DesktopsPause = 200; // milliseconds; a desktop that is busy with the window may ignore the first try
+}
+
 FocusReturn::FocusReturn(QMainWindow& window) : m_window(window)
 {
     auto* openMenus = new QShortcut(Qt::Key_F10, &window);
@@ -33,13 +37,15 @@ void FocusReturn::Follow(const QWidget* before, QWidget* now)
 // deaf.
 void FocusReturn::LeadToDialog()
 {
-    if (QWidget* const modal = QApplication::activeModalWidget(); modal && modal->isVisible()) modal->activateWindow();
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal && modal->isVisible() && m_window.isActiveWindow()) modal->activateWindow();
 }
 
 bool FocusReturn::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &m_window && event->type() == QEvent::WindowActivate)
-        QTimer::singleShot(0, this, &FocusReturn::LeadToDialog);
+        for (const int wait : {0, DesktopsPause})
+            QTimer::singleShot(wait, this, &FocusReturn::LeadToDialog);
     if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
     const auto* control = qobject_cast<QWidget*>(watched);
     if (!IsInWindow(control) || control != m_window.focusWidget() || control == m_window.menuBar()) return false;

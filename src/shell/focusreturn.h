@@ -18,7 +18,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    static void LeadToDialog();
+    void LeadToDialog();
     void Follow(const QWidget* before, QWidget* now);
     bool IsInWindow(const QWidget* widget) const;
 

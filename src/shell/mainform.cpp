@@ -2,6 +2,7 @@
 
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/timer.h"
+#include "platform/desktop/clock.h"
 #include "platform/desktop/doevents.h"
 #include "platform/desktop/mousepointer.h"
 #include "platform/desktop/tray.h"
@@ -80,11 +81,12 @@ void Mainform::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+// The person who comes back without a wish writes on in today's cell.
 void Mainform::ComeBack(const QStringList& wanted)
 {
-    const auto day = DayOfKey(wanted.value(0));
-    if (!day) return AnswerDesktop(wanted);
-    if (HasPlanner()) m_rooms->alarmCell.ShowDay(*day);
+    const auto day = wanted.isEmpty() ? GridDayOf(desktopclock::Now().date()) : DayOfKey(wanted.front());
+    AnswerDesktop(day ? QStringList() : wanted);
+    if (day && HasPlanner()) m_rooms->alarmCell.ShowDay(*day);
 }
 
 void Mainform::AnswerDesktop(const QStringList& uris)

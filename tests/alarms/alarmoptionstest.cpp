@@ -151,6 +151,8 @@ private Q_SLOTS:
         m_program->Exit();
         m_program->Start(HandOver{u"09:30"_s, m_program->folders.Path(u"mine.mdb"_s), true, {}});
         QVERIFY(HasPlanner() && g_bDBShared);
+        m_program->form->ComeBack({});
+        QTRY_COMPARE(m_program->form->focusWidget(), &m_program->Box(m_program->CellOf(17)));
         QCOMPARE(TickAt(At(17, 9, 30)), QStringList());
         QCOMPARE(TickAt(At(17, 9, 31)), QStringList(u"rings here"_s));
         // A planner that is away for a moment is followed on.
