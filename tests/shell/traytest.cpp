@@ -147,7 +147,7 @@ class TrayTest : public QObject
     // Not so late that the minute could be over while the test looks.
     static QDateTime EarlyInAMinute()
     {
-        constexpr int Late = 35;
+        constexpr int Late = 25;
         while (QTime::currentTime().second() > Late)
             QTest::qWait(500);
         return QDateTime::currentDateTime();
