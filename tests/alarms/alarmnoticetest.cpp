@@ -65,6 +65,7 @@ class AlarmNoticeTest : public QObject
         OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
             QWidget other;
             if (isCovered) {
+                QTRY_VERIFY(form.isActiveWindow()); // the calendar leads the keyboard to the form as long as it has it
                 other.show();
                 other.activateWindow();
                 QTRY_VERIFY(!form.isActiveWindow());
