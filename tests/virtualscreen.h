@@ -8,6 +8,7 @@
 #include <xcb/xcb.h>
 
 #include <cstdlib>
+#include <memory>
 
 class VirtualScreen
 {
@@ -36,6 +37,13 @@ private:
     QProcess m_server;
 };
 
+// An answer of the X server; null after an error.
+template <typename Reply>
+std::unique_ptr<Reply, decltype(&std::free)> Owned(Reply* reply)
+{
+    return {reply, &std::free};
+}
+
 // The root window as another program sees it.
 class SeenRoot
 {
@@ -50,28 +58,21 @@ public:
     xcb_atom_t Atom(const QByteArray& name) const
     {
         const auto cookie = xcb_intern_atom(m_connection, 0, quint16(name.size()), name.constData());
-        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(m_connection, cookie, nullptr);
-        const xcb_atom_t atom = reply->atom;
-        std::free(reply);
-        return atom;
+        return Owned(xcb_intern_atom_reply(m_connection, cookie, nullptr))->atom;
     }
 
     xcb_pixmap_t Pixmap(const QByteArray& property = "_XROOTPMAP_ID") const
     {
         const auto cookie = xcb_get_property(m_connection, 0, Window(), Atom(property), XCB_ATOM_PIXMAP, 0, 1);
-        xcb_get_property_reply_t* reply = xcb_get_property_reply(m_connection, cookie, nullptr);
-        const xcb_pixmap_t pixmap = reply->value_len ? *static_cast<quint32*>(xcb_get_property_value(reply)) : 0;
-        std::free(reply);
-        return pixmap;
+        const auto reply = Owned(xcb_get_property_reply(m_connection, cookie, nullptr));
+        return reply->value_len ? *static_cast<quint32*>(xcb_get_property_value(reply.get())) : 0;
     }
 
     QSize SizeOf(xcb_drawable_t drawable) const // empty if it no longer exists
     {
-        xcb_get_geometry_reply_t* reply =
-            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, drawable), nullptr);
-        const QSize size = reply ? QSize(reply->width, reply->height) : QSize();
-        std::free(reply);
-        return size;
+        const auto cookie = xcb_get_geometry(m_connection, drawable);
+        const auto reply = Owned(xcb_get_geometry_reply(m_connection, cookie, nullptr));
+        return reply ? QSize(reply->width, reply->height) : QSize();
     }
 
     QImage Picture(xcb_drawable_t drawable) const
@@ -79,12 +80,9 @@ public:
         const QSize size = SizeOf(drawable);
         const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, drawable, 0, 0,
                                           quint16(size.width()), quint16(size.height()), ~0U);
-        xcb_get_image_reply_t* reply = xcb_get_image_reply(m_connection, cookie, nullptr);
+        const auto reply = Owned(xcb_get_image_reply(m_connection, cookie, nullptr));
         if (!reply) return {};
-        const QImage image =
-            QImage(xcb_get_image_data(reply), size.width(), size.height(), QImage::Format_RGB32).copy();
-        std::free(reply);
-        return image;
+        return QImage(xcb_get_image_data(reply.get()), size.width(), size.height(), QImage::Format_RGB32).copy();
     }
 
 private:

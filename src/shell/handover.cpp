@@ -3,6 +3,7 @@
 #include "alarms/clockword.h"
 #include "platform/profile/profile.h"
 #include "settings/settings.h"
+#include "shell/oneclock.h"
 #include "state/plannerstate.h"
 #include "state/workgroupstate.h"
 
@@ -59,9 +60,11 @@ std::optional<HandOver> HandedToCalendar()
     return Behind(ShowWord);
 }
 
-void KeepForClock()
+void TellClocks()
 {
-    if (Read(settings::RingInTray) == 0 || !HasPlanner()) return;
+    const bool isWanted = Read(settings::RingInTray) != 0 && HasPlanner();
+    oneclock::TakeOver(isWanted ? g_sNotesFile : QString());
+    if (!isWanted) return;
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
     Write(settings::FollowedPlanner, g_sNotesFile);
     Write(settings::FollowedShared, g_bDBShared ? 1 : 0);

@@ -19,12 +19,13 @@ struct HandOver
     QStringList ToCalendar() const;
 };
 
-// From the command line, or at the start of a session as KeepForClock has kept it. None if the calendar is wanted.
+// From the command line, or at the start of a session as TellClocks has kept it. None if the calendar is wanted.
 std::optional<HandOver> HandedToClock();
 std::optional<HandOver> HandedToCalendar(); // none if it does not come from the tray
 
-// Keeps the open planner for the clock that starts with the session, if the clock is wanted.
-void KeepForClock();
+// If the person wants the clock: the one that starts with the session will follow the open planner, and one that
+// follows it now ends. To be called when another planner is open or the wish has changed.
+void TellClocks();
 
 // Replaces this program by itself with these words; returns only if that fails.
 void Replace(const QStringList& words);

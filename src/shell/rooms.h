@@ -74,7 +74,7 @@ struct Rooms
             findWord.FollowPlanner();
             alarmLists.Unload();
             alarmClock.FollowPlanner();
-            KeepForClock();
+            TellClocks();
         });
         notes.SetOnWritten([this] { findWord.FollowPlanner(); });
         journal.SetOnTrouble([this](const QString& reason) { foot.SetNotKept(reason); });

@@ -4,12 +4,13 @@
 #include "platform/controls/resources.h"
 #include "platform/desktop/desktopcalls.h"
 #include "platform/desktop/folders.h"
+#include "platform/desktop/sessionbus.h"
 #include "platform/desktop/terminationsignals.h"
 #include "platform/runtime/errortail.h"
 #include "settings/settings.h"
+#include "shell/oneclock.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDialog>
@@ -23,25 +24,11 @@ namespace {
 constexpr QLatin1StringView RunLiteral(" in TrayClock, RunClock");
 constexpr int Patience = 5000, TimeToComeBack = 3000; // milliseconds
 
-QString ClockName()
-{
-    return DesktopCalls::Name() + u".Clock"_s;
-}
-
-// One clock for each planner: a shared one may have been open in two windows.
-bool Claim(const QString& planner)
-{
-    if (!HasSessionBus()) return true;
-    const QByteArray hash = QCryptographicHash::hash(planner.toUtf8(), QCryptographicHash::Sha1).toHex();
-    return QDBusConnection::sessionBus().registerService(ClockName() + u".P"_s + QString::fromLatin1(hash));
-}
-
 // Once its name is there, it takes calls.
 void Announce(DesktopCalls& calls)
 {
     calls.Listen();
-    if (HasSessionBus())
-        QDBusConnection::sessionBus().interface()->registerService(ClockName(), QDBusConnectionInterface::QueueService);
+    RequestName(oneclock::AnyClock(), OnlyQueued);
 }
 
 // The run of one clock, until something else is to follow it.
@@ -59,6 +46,7 @@ public:
                 [this] { WhenAnswered([this] { EndFor(Present({}).ToClock()); }); });
         connect(&m_clock, &TrayClock::Ended, this, [] { QCoreApplication::exit(); });
         Announce(m_calls);
+        EndWhenTakenOver();
     }
 
     QStringList Next() const { return m_next; }
@@ -72,6 +60,14 @@ public:
     }
 
 private:
+    void EndWhenTakenOver()
+    {
+        if (!HasSessionBus()) return;
+        connect(QDBusConnection::sessionBus().interface(), &QDBusConnectionInterface::serviceUnregistered, this,
+                [this](const QString& name) {
+                    if (name == oneclock::ClockOf(m_start.planner)) WhenAnswered([] { QCoreApplication::exit(); });
+                });
+    }
     // An alarm that rings is answered first.
     void WhenAnswered(const std::function<void()>& act)
     {
@@ -101,7 +97,7 @@ private:
 
 QStringList trayrun::RunClock(QApplication& application, const HandOver& start)
 {
-    if (!Claim(start.planner)) return {};
+    if (!oneclock::Claim(start.planner)) return {};
     g_bErrorTrap = true;
     // Not the calendar's: another copy may be writing that.
     ErrorTail{RunLiteral}([] { OpenErrorLog(folders::ApplicationDirectory() + u"/clock.err"_s); });
@@ -121,9 +117,9 @@ bool trayrun::AskClockForCalendar()
 {
     if (Read(settings::RingInTray) == 0 || !HasSessionBus()) return false;
     QDBusConnection bus = QDBusConnection::sessionBus();
-    const QString asking = ClockName() + u".Asked"_s;
+    const QString asking = oneclock::AnyClock() + u".Asked"_s;
     if (!bus.registerService(asking)) return true; // another start has just asked
-    const bool isThere = DesktopCalls::ActivateAt(ClockName(), Patience);
+    const bool isThere = DesktopCalls::ActivateAt(oneclock::AnyClock(), Patience);
     if (isThere) QThread::msleep(TimeToComeBack);
     bus.unregisterService(asking);
     return isThere;

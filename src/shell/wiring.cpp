@@ -82,7 +82,7 @@ constexpr MenuRow MenuRows[] = {
     {"mnuAlarmOptions",
      [](Rooms& rooms) {
          rooms.alarmClock.mnuAlarmOptions_Click();
-         KeepForClock();
+         TellClocks();
      }},
     {"mnuPrevWeek", Run<&Rooms::navigation, &Navigation::subActionPrevious>},
     {"mnuCurrentWeek", Run<&Rooms::navigation, &Navigation::mnuCurrentWeek_Click>},

@@ -16,7 +16,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
-#include <csignal>
+#include <algorithm>
+#include <span>
 
 // The desktop's tray.
 class PlayedTray : public QObject
@@ -44,12 +45,12 @@ public:
     std::vector<xcb_window_t> Titled(const QByteArray& title) const
     {
         std::vector<xcb_window_t> found;
-        auto* const tree = xcb_query_tree_reply(Connection(), xcb_query_tree(Connection(), Window()), nullptr);
-        for (int i = 0; tree && i < xcb_query_tree_children_length(tree); ++i)
-            if (const auto window = xcb_query_tree_children(tree)[i];
-                IsShown(window) && Title(window).startsWith(title))
-                found.push_back(window);
-        std::free(tree);
+        const auto cookie = xcb_query_tree(Connection(), Window());
+        const auto tree = Owned(xcb_query_tree_reply(Connection(), cookie, nullptr));
+        const std::span windows(xcb_query_tree_children(tree.get()), tree->children_len);
+        std::ranges::copy_if(windows, std::back_inserter(found), [&](const xcb_window_t window) {
+            return IsShown(window) && Title(window).startsWith(title);
+        });
         return found;
     }
     // As its close button does.
@@ -68,22 +69,18 @@ public:
 private:
     bool IsShown(xcb_window_t window) const
     {
-        auto* const seen =
-            xcb_get_window_attributes_reply(Connection(), xcb_get_window_attributes(Connection(), window), nullptr);
-        const bool isShown = seen && seen->map_state == XCB_MAP_STATE_VIEWABLE;
-        std::free(seen);
-        return isShown;
+        const auto cookie = xcb_get_window_attributes(Connection(), window);
+        const auto seen = Owned(xcb_get_window_attributes_reply(Connection(), cookie, nullptr));
+        return seen && seen->map_state == XCB_MAP_STATE_VIEWABLE;
     }
     QByteArray Title(xcb_window_t window) const
     {
         const auto cookie =
             xcb_get_property(Connection(), 0, window, Atom("_NET_WM_NAME"), Atom("UTF8_STRING"), 0, 1000);
-        auto* const reply = xcb_get_property_reply(Connection(), cookie, nullptr);
-        const QByteArray title = reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply)),
-                                                    xcb_get_property_value_length(reply))
-                                       : QByteArray();
-        std::free(reply);
-        return title;
+        const auto reply = Owned(xcb_get_property_reply(Connection(), cookie, nullptr));
+        if (!reply) return {};
+        return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+                xcb_get_property_value_length(reply.get())};
     }
 };
 
@@ -214,6 +211,8 @@ private Q_SLOTS:
         Close(m_alarm);
         QTRY_VERIFY_WITH_TIMEOUT(Shows(TitleWith(m_planner)), LongestWait);
         QVERIFY(!IsClock(*program) && !IsInTray());
+        const auto clock = Started({u"--clock"_s, {}, m_planner, u"1"_s}); // as a desktop may start it beside
+        QTRY_COMPARE_WITH_TIMEOUT(clock->state(), QProcess::NotRunning, LongestWait);
         QVERIFY_EXCEPTION_THROWN(DBEngine::OpenDatabase(m_planner), RunTimeError); // it is open there
         QVERIFY(Content(u"/proc/%1/cmdline"_s.arg(program->processId()))
                     .contains(now.addSecs(60).toString(u"hh:mm"_s).toUtf8()));
@@ -221,7 +220,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(IsInTray(), LongestWait);
         const auto doubleClick = Started();
         AskForTheCalendar();
-        QTRY_COMPARE(doubleClick->state(), QProcess::NotRunning);
+        QTRY_COMPARE_WITH_TIMEOUT(doubleClick->state(), QProcess::NotRunning, LongestWait);
         QTRY_VERIFY_WITH_TIMEOUT(Shows(m_calendar), LongestWait);
         QCOMPARE(m_windows.Titled(m_calendar).size(), 1u);
         QCOMPARE(Read(settings::FollowedPlanner), m_planner);
@@ -230,9 +229,10 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(program->state(), QProcess::NotRunning, LongestWait);
     }
 
-    void ATrayThatComesLate()
+    void ATrayThatComesLateAndAWindowBesideIt()
     {
         m_tray.isThere = false;
+        Follow(m_planner);
         const auto clock = Started({u"--clock"_s});
         QTRY_VERIFY_WITH_TIMEOUT(m_bus.interface()->isServiceRegistered(DesktopCalls::Name()), LongestWait);
         QTest::qWait(AMoment);
@@ -241,7 +241,11 @@ private Q_SLOTS:
         Q_EMIT m_tray.StatusNotifierHostRegistered();
         QTRY_VERIFY_WITH_TIMEOUT(IsInTray(), LongestWait);
         QVERIFY(IsClock(*clock));
-        End(*clock);
+        const auto window = Started({u"--show"_s, {}, m_planner, u"1"_s});
+        QTRY_COMPARE_WITH_TIMEOUT(clock->state(), QProcess::NotRunning, LongestWait);
+        QCOMPARE(clock->exitStatus(), QProcess::NormalExit);
+        QTRY_VERIFY_WITH_TIMEOUT(Shows(TitleWith(m_planner)), LongestWait);
+        End(*window);
     }
 
     // Of two clocks one rings. What nobody has answered rings once more. Each follows its own planner.
@@ -258,6 +262,7 @@ private Q_SLOTS:
         QTest::qWait(AMoment);
         QCOMPARE(m_windows.Titled(m_alarm).size(), 1u);
         first->kill();
+        QVERIFY(first->waitForFinished());
         const auto third = Started({u"--clock"_s, {}, m_planner, u"1"_s});
         QTRY_COMPARE_WITH_TIMEOUT(m_tray.items.size(), 3, LongestWait);
         QTRY_VERIFY_WITH_TIMEOUT(Shows(m_alarm), LongestWait);

@@ -1,9 +1,9 @@
 #include "platform/desktop/desktopcalls.h"
 
+#include "platform/desktop/sessionbus.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QFile>
-#include <QStandardPaths>
 
 #include <utility>
 
@@ -43,13 +43,8 @@ void DesktopCalls::Listen()
     m_isStart = qEnvironmentVariableIsSet(StartedByCall);
     qunsetenv(StartedByCall); // child processes must not inherit it
     if (!HasSessionBus()) return;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    bus.registerObject(ObjectPath(), this, QDBusConnection::ExportScriptableSlots);
-    // Not by the library's function, which waits for the answer. No flags: a second copy is queued by the bus.
-    QDBusMessage request = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
-                                                          u"org.freedesktop.DBus"_s, u"RequestName"_s);
-    request.setArguments({Name(), 0u});
-    bus.send(request);
+    QDBusConnection::sessionBus().registerObject(ObjectPath(), this, QDBusConnection::ExportScriptableSlots);
+    RequestName(Name(), OnlyQueued);
 }
 
 void DesktopCalls::Activate(const QVariantMap& platformData)
@@ -70,12 +65,4 @@ void DesktopCalls::Open(const QStringList& uris, const QVariantMap& platformData
 void DesktopCalls::ActivateAction(const QString& name, const QVariantList&, const QVariantMap&)
 {
     sendErrorReply(QDBusError::InvalidArgs, u"Orrelin has no action '%1'."_s.arg(name));
-}
-
-// Only checks an address that is set: without one the library would start a bus.
-bool HasSessionBus()
-{
-    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const bool hasAddress = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(runtime + u"/bus"_s);
-    return hasAddress && QDBusConnection::sessionBus().isConnected();
 }

@@ -35,6 +35,3 @@ Q_SIGNALS:
 private:
     bool m_isStart = false; // the next call is the one that started the program
 };
-
-// Whether QDBusConnection::sessionBus() is connected. Never starts a bus.
-bool HasSessionBus();

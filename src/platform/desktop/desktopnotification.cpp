@@ -1,6 +1,7 @@
 #include "platform/desktop/desktopnotification.h"
 
 #include "platform/desktop/desktopcalls.h"
+#include "platform/desktop/sessionbus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

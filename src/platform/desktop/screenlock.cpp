@@ -1,6 +1,6 @@
 #include "platform/desktop/screenlock.h"
 
-#include "platform/desktop/desktopcalls.h"
+#include "platform/desktop/sessionbus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

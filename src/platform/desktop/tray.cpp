@@ -1,6 +1,6 @@
 #include "platform/desktop/tray.h"
 
-#include "platform/desktop/desktopcalls.h"
+#include "platform/desktop/sessionbus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -8,7 +8,7 @@
 #include <QSystemTrayIcon>
 
 namespace {
-constexpr int Patience = 1000; // milliseconds
+constexpr int Patience = 5000; // milliseconds; without an answer no alarm would ring
 const QString Watcher = u"org.kde.StatusNotifierWatcher"_s, WatcherPath = u"/StatusNotifierWatcher"_s;
 
 // The toolkit asks once and keeps the answer.

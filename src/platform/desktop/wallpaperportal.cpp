@@ -1,6 +1,6 @@
 // The desktop's portal: a bus service that may ask the user and reports the result by a signal. It cannot remove a
 // picture.
-#include "platform/desktop/desktopcalls.h"
+#include "platform/desktop/sessionbus.h"
 #include "platform/desktop/wallpaperbackend.h"
 
 #include <QDBusConnection>
