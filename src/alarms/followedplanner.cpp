@@ -33,10 +33,9 @@ void FollowedPlanner::Refresh(const QDateTime& after)
 {
     const bool isKnown = m_after.isValid() && m_after <= after;
     if (m_path.isEmpty() || (isKnown && !HasChanged())) return;
-    m_read.reset(); // a failure is followed by another try
     const State present = Present();
     Read(after);
-    m_read = present;
+    m_read = present; // a failure is followed by another try
     m_readAt = desktopclock::Now();
     m_isFailing = false;
 }

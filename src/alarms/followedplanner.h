@@ -29,7 +29,7 @@ private:
     void Read(const QDateTime& after);
 
     const QString m_path;
-    std::optional<State> m_read; // none: not yet, or not since it could not be
+    State m_read;
     bool m_isOnServer = false;
     QDateTime m_readAt;
     QDateTime m_after; // a wall minute, from which on all alarms are known

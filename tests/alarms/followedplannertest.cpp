@@ -58,6 +58,10 @@ private Q_SLOTS:
         QCOMPARE(Notes(planner.Between(Wall(12, 10), Wall(17, 10))), QByteArrayList({"past", "first", "second"}));
         Add("1999/3/17", "09:30", "third");
         {
+            const Environment noRoom("TMPDIR", "/dev/null"); // the disk is full
+            QCOMPARE(planner.Due(today, u"09:30"_s).size(), 2u);
+        }
+        {
             // One person alone may have it.
             Database alone = DBEngine::OpenDatabase(m_path, true);
             QCOMPARE(planner.Due(today, u"09:30"_s).size(), 3u);
