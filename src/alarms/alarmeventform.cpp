@@ -131,11 +131,13 @@ void AlarmEventForm::subPlayMusic(const QString& sTune)
                        }));
 }
 
-void AlarmEventForm::showEvent(QShowEvent* event)
+// On a busy machine the window may have the keyboard long before a person can see it.
+void AlarmEventForm::paintEvent(QPaintEvent* event)
 {
+    QDialog::paintEvent(event);
+    if (!m_isNew.isForever()) return;
     m_isNew.setRemainingTime(HalfASecond);
     m_typing.start();
-    QDialog::showEvent(event);
 }
 
 // A shortcut, Tab or Esc that comes at once was meant for the work behind the window.

@@ -35,7 +35,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 
@@ -52,9 +52,9 @@ private:
     QPushButton* m_btnOk;
     QPushButton* m_btnAgain;
     QPointer<QWidget> m_typedInto;
-    QDeadlineTimer m_isNew; // runs until a person can have read the window
-    QTimer m_typing;        // runs while keys are passed on
-    QTimer m_quiet;         // runs until the problem is shown
+    QDeadlineTimer m_isNew{QDeadlineTimer::Forever}; // runs until a person can have read the window
+    QTimer m_typing;                                 // runs while keys are passed on
+    QTimer m_quiet;                                  // runs until the problem is shown
     QString m_problem;
     bool m_isAnswered = false;
     QDateTime m_again;

@@ -14,7 +14,7 @@
 
 namespace {
 constexpr qint64 LargestFile = 64 * 1024 * 1024;
-constexpr int LongestWait = 2000; // milliseconds
+constexpr int LongestWait = 10000; // milliseconds; a busy disk takes seconds for a write
 
 // The locked bytes of the lock file. A process that waits for the turn holds the queue, so that one that writes without
 // pause cannot overtake it.
