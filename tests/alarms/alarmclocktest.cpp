@@ -5,6 +5,7 @@
 #include "testmain.h"
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -209,15 +210,17 @@ private Q_SLOTS:
             AddAlarms({MakeAlarm("1999/3/17", "09:30", "note", tune.toLatin1().constData(), silence)});
             QString text;
             QString owner;
+            QElapsedTimer pause;
             if (told) {
-                OnNextModal<AlarmEventForm>([](AlarmEventForm& form) {
-                    for (int key = 0; key < 60; ++key) { // a person still typing would close it unread
+                OnNextModal<AlarmEventForm>([&](AlarmEventForm& form) {
+                    for (int key = 0; key < 60 && QApplication::activeModalWidget() == &form; ++key) {
+                        pause.start();
                         QTest::keyClick(form.focusWidget(), Qt::Key_Space);
                         QTest::qWait(20);
                     }
-                    QCOMPARE(QApplication::activeModalWidget(), &form);
                 });
                 OnNextModal<QMessageBox>([&](QMessageBox& box) {
+                    QVERIFY(pause.elapsed() > 450); // a person still typing would close it unread
                     if (box.parentWidget() && box.parentWidget()->isVisible()) owner = box.parentWidget()->objectName();
                     text = box.windowTitle() + u':' + box.text();
                     QTest::keyClick(&box, Qt::Key_Return);

@@ -142,7 +142,7 @@ private Q_SLOTS:
                 QVERIFY(form.isVisible());
                 Q_EMIT m_desktop.ActionInvoked(7, action);
                 QTRY_VERIFY(!form.isVisible());
-                QCOMPARE(m_desktop.closed, 7u);
+                QTRY_COMPARE(m_desktop.closed, 7u);
                 QCOMPARE(form.Again(), again ? QDateTime(QDate(1999, 3, 17), QTime(9, 40)) : QDateTime());
             });
         }

@@ -7,6 +7,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QThread>
 #include <QUrl>
@@ -152,7 +153,7 @@ private Q_SLOTS:
             QCOMPARE(QApplication::activeModalWidget(), &about);
             m_program->form->activateWindow(); // as some desktops do when the focus moves in it
             QTest::qWait(50);
-            QVERIFY(about.isActiveWindow());
+            QTRY_VERIFY(about.isActiveWindow());
             Program::AnswerOpenAs(false);
             about.accept();
         });
@@ -182,10 +183,10 @@ private Q_SLOTS:
         Program::AnswerOpenAs(false);
         QEventLoop program, drag;
         QTimer::singleShot(0, this, [&] {
-            QTimer::singleShot(150, &drag, &QEventLoop::quit);
-            const auto call = Call(u"Open"_s, {QStringList{Address(u"a.mdb"_s)}});
+            const QDBusPendingCallWatcher call(Call(u"Open"_s, {QStringList{Address(u"a.mdb"_s)}}));
+            connect(&call, &QDBusPendingCallWatcher::finished, &drag,
+                    [&] { QTimer::singleShot(150, &drag, &QEventLoop::quit); });
             drag.exec();
-            QVERIFY(call.isFinished());
             QCOMPARE(WaitingAnswers(), 1);
             program.quit();
         });
