@@ -5,10 +5,13 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
+#include <algorithm>
+
 namespace {
 constexpr qsizetype LongestKey = 500; // the server takes messages of less than 8000 bytes
-constexpr int BetweenAttempts = 3000; // milliseconds
-constexpr int ShortAttempt = 100;     // milliseconds; the person must not notice it
+constexpr int BetweenAttempts = 3000; // milliseconds at least
+constexpr int PauseFactor = 30;       // times the duration of the failed attempt, which blocks the window
+constexpr int ShortAttempt = 1000;    // milliseconds; the host has answered
 } // namespace
 
 PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection)
@@ -58,8 +61,8 @@ void PostgresChanges::Read()
     }
 }
 
-// A host that does not answer would block the window at each attempt, so the next attempt waits for the person's next
-// action.
+// A host that does not answer would block the window for seconds at each attempt, so the next attempt waits for the
+// person's next action.
 void PostgresChanges::ConnectAgain()
 {
     QElapsedTimer attempt;
@@ -67,7 +70,8 @@ void PostgresChanges::ConnectAgain()
     try {
         m_connection.Connect();
     } catch (const RunTimeError&) {
-        if (attempt.elapsed() < ShortAttempt) m_nextAttempt.start(BetweenAttempts);
+        const auto took = int(attempt.elapsed());
+        if (took < ShortAttempt) m_nextAttempt.start(std::max(BetweenAttempts, PauseFactor * took));
     }
 }
 

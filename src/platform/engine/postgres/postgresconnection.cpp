@@ -40,9 +40,9 @@ std::chrono::milliseconds SilenceOf(PostgresConnection::Patience patience)
     return g_silenceForTests.value_or(Silences.at(static_cast<std::size_t>(patience)));
 }
 
-constexpr int AttemptsPause = 5;       // times the duration of the failed attempt
-constexpr qint64 LongestPause = 15000; // milliseconds
-constexpr int StateLooks = 40;
+constexpr int AttemptsPause = 5;                // times the duration of the failed attempt
+constexpr qint64 LongestPause = 15000;          // milliseconds
+constexpr int StateLooks = 200;                 // ten seconds, the usual patience
 constexpr unsigned long PauseBetweenLooks = 50; // milliseconds
 
 struct Meaning
