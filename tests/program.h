@@ -67,7 +67,7 @@ public:
     void Activate() const
     {
         form->activateWindow();
-        QVERIFY(QTest::qWaitFor([this] { return form->isActiveWindow(); }));
+        QVERIFY(QTest::qWaitFor([this] { return form->isActiveWindow(); }, support::longestWait));
     }
 
     void Exit()

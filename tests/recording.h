@@ -47,25 +47,27 @@ public:
     QList<double> HearFromTheFirstSound(double seconds) const
     {
         qsizetype first = 0;
-        Q_UNUSED(QTest::qWaitFor([&] {
+        const auto hasBegun = [&] {
             const QList<double> soFar = Samples(0, double(QFile(m_file).size() / Frame) / Rate);
             first = std::ranges::find_if(soFar, IsSound) - soFar.cbegin();
             return first < soFar.size() || !IsOpen();
-        }));
+        };
+        Q_UNUSED(QTest::qWaitFor(hasBegun, LongestWait));
         return Samples(first, seconds);
     }
 
     static bool IsSound(double sample) { return std::abs(sample) > 0.002; }
 
 private:
-    static constexpr qint64 Frame = 4; // bytes
+    static constexpr qint64 Frame = 4;        // bytes
+    static constexpr int LongestWait = 60000; // milliseconds
 
     // Fills up with silence if the device was closed.
     QList<double> Samples(qint64 from, double seconds) const
     {
         const auto count = qsizetype(seconds * Rate);
         QFile file(m_file);
-        Q_UNUSED(QTest::qWaitFor([&] { return file.size() >= (from + count) * Frame || !IsOpen(); }, 60000));
+        Q_UNUSED(QTest::qWaitFor([&] { return file.size() >= (from + count) * Frame || !IsOpen(); }, LongestWait));
         QList<double> samples;
         if (!file.open(QIODevice::ReadOnly) || !file.seek(from * Frame)) return samples;
         const QByteArray content = file.read(count * Frame);

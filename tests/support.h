@@ -169,7 +169,7 @@ inline void AnswerNextFileDialog(const QString& path)
         auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
         // Without the focus, the dialog searches its list for the typed letters. The widget must be active: its QWindow
         // counts as active already while the owner is.
-        Q_UNUSED(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }));
+        Q_UNUSED(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }, support::longestWait));
         edit->setFocus();
         edit->selectAll();
         for (const QChar letter : path)

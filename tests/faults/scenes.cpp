@@ -73,11 +73,15 @@ public:
         Type(CellOf(3), QString::fromLatin1(TypedOnThird));
         Type(CellOf(4), QString::fromLatin1(TypedOnFourth));
     }
-    // Waits until the journal has the typed text, or an error is logged.
+    // Waits until the journal has the typed text, or an error is logged or shown; a full disk takes no log.
     bool AwaitJournal() const
     {
         const QString journal = ::folders::ApplicationDirectory() + u"/journal/1.notes"_s;
-        Q_UNUSED(QTest::qWaitFor([&] { return QFile::exists(journal) || Log().contains("in Journal"); }, 2500));
+        const auto isOver = [&] {
+            return QFile::exists(journal) || Log().contains("in Journal") ||
+                   Bottom().Caption().contains(u"What you type cannot be kept aside"_s);
+        };
+        Q_UNUSED(QTest::qWaitFor(isOver, support::longestWait));
         if (QFile::exists(journal)) SayKept();
         return QFile::exists(journal);
     }

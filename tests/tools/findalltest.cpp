@@ -58,7 +58,7 @@ class FindAllTest : public QObject
     {
         m_program->Activate();
         QTest::keyClick(m_program->form.get(), Qt::Key_F, modifiers);
-        QVERIFY(QTest::qWaitFor([this] { return Form() && Form()->isActiveWindow(); }));
+        QVERIFY(QTest::qWaitFor([this] { return Form() && Form()->isActiveWindow(); }, support::longestWait));
         QVERIFY(Of<QLineEdit>("tbFindWord").hasFocus());
     }
     void OpenAll() const { Open(Qt::ControlModifier | Qt::ShiftModifier); }
@@ -70,7 +70,7 @@ class FindAllTest : public QObject
     }
     bool Counts(const QString& count) const
     {
-        return QTest::qWaitFor([&] { return Of<QLabel>("lblCount").text() == count; });
+        return QTest::qWaitFor([&] { return Of<QLabel>("lblCount").text() == count; }, support::longestWait);
     }
     QStringList Rows() const
     {

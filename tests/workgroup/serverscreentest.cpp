@@ -4,6 +4,7 @@
 #include "testmain.h"
 #include "workgroupprogram.h"
 
+#include <QElapsedTimer>
 #include <QToolButton>
 
 // The screen over a planner on a server: changes by others, and typed text when the connection breaks.
@@ -76,14 +77,12 @@ private Q_SLOTS:
     {
         const QString address = TestServer::Get().Uri(m_planner);
         SetIni("Known Servers", QUrl::toPercentEncoding(DBEngine::ServerOf(address), "/:"), "0");
-        const auto sessions = [] {
-            return TestServer::Get().Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
-        };
         const QString direct = QFileInfo(m_direct).fileName();
-        const QStringList before = sessions();
+        QTRY_COMPARE_WITH_TIMEOUT(TestServer::Get().Sessions().size(), 1, TestServer::LongestWait);
+        const QStringList before = TestServer::Get().Sessions();
         QVERIFY2(m_program->SaidAtOpening(direct, true, msgbox::No).Text.contains(address),
                  "it must tell where the link leads");
-        QCOMPARE(sessions(), before);
+        QCOMPARE(TestServer::Get().Sessions(), before);
         QVERIFY(g_sDBPath.isEmpty());
         QCOMPARE(m_program->Bottom().Caption(), u"MARCH 1999"_s);
         m_program->SaidAtOpening(direct, true, msgbox::Yes);
@@ -112,14 +111,14 @@ private Q_SLOTS:
         m_program->Click(WorkgroupProgram::Cell);
         OthersWrite(u"1999/5/1"_s, "not shown");
         OthersWrite(m_program->Key, "first");
-        QTRY_COMPARE(Shown(), u"first"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(Shown(), u"first"_s, TestServer::LongestWait);
         QCOMPARE(int(g_iCurrentPanel), WorkgroupProgram::Cell); // the day stays the current one
         OthersDo([](Recordset& notes) { notes.Delete(); });
-        QTRY_COMPARE(Shown(), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(Shown(), QString(), TestServer::LongestWait);
         m_program->Trigger("mnuWeekView");
         OthersWrite(m_program->Key, "in the week");
-        QTRY_COMPARE(m_program->Box(m_program->CellOf(17)).Text(), QString());
-        QTRY_COMPARE(m_program->Box(39).Text(), u"in the week"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(m_program->Box(39).Text(), u"in the week"_s, TestServer::LongestWait);
+        QCOMPARE(m_program->Box(m_program->CellOf(17)).Text(), QString());
         QVERIFY2(!m_program->Log().contains("subSeek"), m_program->Log());
     }
 
@@ -133,10 +132,10 @@ private Q_SLOTS:
             alarms.SetField(u"Alarm Date"_s, m_program->Key);
             alarms.Update();
         });
-        QTRY_VERIFY(HasMark());
+        QTRY_VERIFY_WITH_TIMEOUT(HasMark(), TestServer::LongestWait);
         QCOMPARE(Shown(), u"old and mine"_s);
         Others([](Database& planner) { planner.OpenTable(schema::Alarms).Delete(); });
-        QTRY_VERIFY(!HasMark());
+        QTRY_VERIFY_WITH_TIMEOUT(!HasMark(), TestServer::LongestWait);
         QCOMPARE(Shown(), u"old and mine"_s);
         QVERIFY(m_program->ShowsLocked());
         m_program->PressLock();
@@ -156,20 +155,26 @@ private Q_SLOTS:
             const InRow row(this, what);
             m_program->LockAndType(u" and mine"_s);
             TestServer& server = TestServer::Get();
-            if (broken == "cut") server.Cut(), QTest::qWait(300); // the program notices
-            if (broken == "unnoticed") server.Cut();
+            if (broken == "cut" || broken == "unnoticed") server.Cut();
+            if (broken == "cut") {
+                QTRY_VERIFY_WITH_TIMEOUT(!m_proxy->IsForwarding(), TestServer::LongestWait);
+                QTest::qWait(300); // the program notices
+            }
             if (broken == "down") server.Stop(SIGQUIT);
             if (broken == "before") m_proxy->CutAt(CuttingProxy::BeforeWord);
             if (broken == "after" || broken == "doubt") m_proxy->CutAt(CuttingProxy::AfterAnswer);
             m_proxy->Shut(broken == "doubt");
             if (!said.isEmpty()) {
+                QElapsedTimer attempt;
+                attempt.start();
                 const QString heard = m_program->PressLockAndHear();
+                const auto pause = int(std::min<qint64>(5 * attempt.elapsed(), 15000)); // after a failed attempt
                 QVERIFY2(heard.contains(said), qPrintable(heard));
                 QVERIFY(m_program->ShowsLocked());
                 QCOMPARE(Shown(), u"old and mine"_s);
                 if (broken == "down") server.Start();
                 m_proxy->Shut(false);
-                QTest::qWait(50); // after a failed connection the program waits a moment
+                QTest::qWait(50 + pause);
                 m_program->TypeOn(u"!"_s);
             }
             m_program->PressLock();
@@ -195,7 +200,7 @@ private Q_SLOTS:
             QVERIFY(!QFile::exists(journal));
             std::atomic<bool> isKept = false;
             std::thread server([&] {
-                const QDeadlineTimer end(5000);
+                const QDeadlineTimer end(TestServer::LongestWait);
                 while (!isKept && !end.hasExpired()) {
                     isKept = Content(journal).contains("mine");
                     QThread::msleep(5);
@@ -281,7 +286,7 @@ private Q_SLOTS:
         QTest::qWait(100); // the program notices
         TestServer::Get().Start();
         OthersWrite(m_program->Key, "told without a touch");
-        QTRY_COMPARE_WITH_TIMEOUT(Shown(), u"told without a touch"_s, 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(Shown(), u"told without a touch"_s, TestServer::LongestWait);
     }
 
     void WithoutItsServerTheScreenKeepsWhatItShows()
@@ -300,10 +305,11 @@ private Q_SLOTS:
         m_program->Trigger("mnuPrevMonth");
         TestServer::Get().Start();
         m_proxy->Shut(false);
-        QTRY_COMPARE_WITH_TIMEOUT(m_program->Bottom().Caption(), u"MARCH 1999"_s, 30000); // by itself
+        // By itself.
+        QTRY_COMPARE_WITH_TIMEOUT(m_program->Bottom().Caption(), u"MARCH 1999"_s, TestServer::LongestWait);
         QCOMPARE(Shown(), u"old"_s);
         OthersWrite(m_program->Key, "told again");
-        QTRY_COMPARE(Shown(), u"told again"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(Shown(), u"told again"_s, TestServer::LongestWait);
     }
 };
 

@@ -45,6 +45,8 @@ public:
     void CutAt(Cut cut) { m_cut = cut; }      // once, at the next COMMIT
     void Shut(bool shut) { m_isShut = shut; } // refuses new connections
     void Slow() { m_isSlow = true; }          // refuses late, and sends the server's answers in small pieces
+    // Until both ends of the connection are closed.
+    bool IsForwarding() const { return m_isForwarding; }
     // Reports another process number than the server's, as a pooler does.
     void PretendToBeAPooler() { m_isPooler = true; }
 
@@ -72,9 +74,11 @@ private:
             const int server = ::socket(AF_INET, SOCK_STREAM, 0);
             const sockaddr_in address = Loopback(m_serverPort);
             ::connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+            m_isForwarding = true;
             Forward(program, server);
             ::close(server);
             ::close(program);
+            m_isForwarding = false;
         }
     }
 
@@ -134,6 +138,6 @@ private:
     int m_listener;
     int m_port = 0;
     std::atomic<Cut> m_cut = Never;
-    std::atomic<bool> m_isPooler = false, m_isShut = false, m_isSlow = false;
+    std::atomic<bool> m_isForwarding = false, m_isPooler = false, m_isShut = false, m_isSlow = false;
     std::thread m_thread;
 };

@@ -322,7 +322,6 @@ private Q_SLOTS:
 
     void NoReaderIsWaitedForOrBelieved()
     {
-        JetRows::SetPatienceForTests(std::chrono::milliseconds(500));
         const auto patient = qScopeGuard([] { JetRows::SetPatienceForTests({}); });
         const std::pair<const char*, QByteArray> rows[] = {
             {"silent", "exec sleep 100"},
@@ -337,6 +336,8 @@ private Q_SLOTS:
         for (const auto& [name, script] : rows) {
             const InRow inRow(this, name);
             UseReader(script);
+            // The others end by themselves. To an impatient test a slow one would pass for silent.
+            JetRows::SetPatienceForTests(std::chrono::milliseconds(QByteArrayView(name) == "silent" ? 500 : 0));
             QVERIFY(Convert() != 0);
             QCOMPARE(Content(m_path), m_sample);
             QCOMPARE(Planners(), QStringList(QFileInfo(m_path).fileName()));

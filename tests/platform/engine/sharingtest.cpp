@@ -125,7 +125,8 @@ private Q_SLOTS:
             OtherProgram other;
             QCOMPARE(other.Open(m_path, exclusive), u"0"_s);
             other.Kill();
-            QTRY_COMPARE(ErrorOf([&] { DBEngine::OpenDatabase(m_path, true); }), 0);
+            QTRY_COMPARE_WITH_TIMEOUT(ErrorOf([&] { DBEngine::OpenDatabase(m_path, true); }), 0,
+                                      TestServer::LongestWait);
         }
     }
 };

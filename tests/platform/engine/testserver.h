@@ -30,6 +30,7 @@ class TestServer
 {
 public:
     static constexpr const char* Password = "secret' \\ word";
+    static constexpr int LongestWait = 30000; // milliseconds, for a server or another process that stalls
 
     static TestServer& Get()
     {
@@ -72,21 +73,24 @@ public:
                               m_folder.path(), u"-p"_s, QString::number(m_port), u"-U"_s, u"ann"_s, u"postgres"_s});
         if (code != 0) qFatal("The test's server does not take the statements");
     }
-    // Cuts the connections of all planners and returns their number.
-    int Cut() const
+    // The server processes of all planners' connections. Each ends a moment after its program has closed.
+    QStringList Sessions() const
     {
-        const QString sessions = u" FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s;
-        const auto cut = Ask(u"SELECT pg_terminate_backend(pid)"_s + sessions).size();
-        while (!Ask(u"SELECT pid"_s + sessions).isEmpty())
+        return Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
+    }
+    // Cuts the connections of all planners.
+    void Cut() const
+    {
+        Signal(Sessions(), SIGTERM);
+        while (!Sessions().isEmpty())
             QThread::msleep(5);
-        return static_cast<int>(cut);
     }
 
     // Stops the server processes of all connections, like a hanging machine: the connections stay, and nothing is
     // answered.
     QStringList Freeze() const
     {
-        const QStringList processes = Ask(u"SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'Orrelin%'"_s);
+        const QStringList processes = Sessions();
         Signal(processes, SIGSTOP);
         return processes;
     }

@@ -34,7 +34,7 @@ struct Checked
     }
     void Wait() const
     {
-        QVERIFY(QTest::qWaitFor([this] { return !marks->IsChecking(); }));
+        QVERIFY(QTest::qWaitFor([this] { return !marks->IsChecking(); }, support::longestWait));
     }
     QStringList Unknown() const
     {
