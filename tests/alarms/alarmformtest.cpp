@@ -9,8 +9,6 @@
 #include <QLabel>
 #include <QScrollBar>
 
-using namespace Qt::StringLiterals;
-
 // The editor of alarms in both modes. The program shows March 1999; the 17th is in cell 18.
 class AlarmFormTest : public QObject
 {

@@ -11,8 +11,6 @@
 #include <QMenu>
 #include <QScrollBar>
 
-using namespace Qt::StringLiterals;
-
 // The commands that format the current note, on the real window.
 class FormattingTest : public QObject
 {

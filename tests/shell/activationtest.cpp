@@ -14,8 +14,6 @@
 
 #include <csignal>
 
-using namespace Qt::StringLiterals;
-
 // Calls over a real bus, as a menu and a file manager send them.
 class ActivationTest : public QObject
 {

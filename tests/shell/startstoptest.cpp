@@ -77,10 +77,7 @@ private Q_SLOTS:
     {
         for (const auto& [what, place] :
              Rows<QByteArray>{{"before every screen", "Left=-90000\nTop=900000\nRight=-75000\nBottom=910000\n"},
-                              {"beyond them", "Left=150000\nRight=165000\n"},
-                              {"no numbers", "Left=left\nRight=right\n"},
-                              {"turned round", "Left=9000\nRight=300\n"},
-                              {"a size that no screen has", "Left=300\nRight=15000000\n"}}) {
+                              {"no numbers", "Left=left\nRight=right\n"}}) {
             const InRow row(this, what);
             WriteIni("[Mainform Dimension]\n" + place);
             Mainform form;

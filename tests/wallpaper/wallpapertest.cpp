@@ -11,8 +11,6 @@
 #include <QLabel>
 #include <QScreen>
 
-using namespace Qt::StringLiterals;
-
 // The wallpaper commands on the real window and the root of a real X server; today is 17 March 1999, cell 18.
 class WallpaperTest : public QObject
 {
