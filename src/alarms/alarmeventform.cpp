@@ -179,7 +179,7 @@ void AlarmEventForm::inputMethodEvent(QInputMethodEvent* event)
 // The typing has paused: the next key is an answer to this window.
 void AlarmEventForm::TakeKeys()
 {
-    if (!IsTouched()) m_btnOk->setFocus();
+    if (!IsTouched() && !m_isNew.isForever()) m_btnOk->setFocus();
 }
 
 void AlarmEventForm::PassOn(QEvent& typed)

@@ -122,6 +122,21 @@ private Q_SLOTS:
         QCOMPARE(TickAt(9, 32), QStringList());
     }
 
+    // A busy machine may show it late.
+    void nobodyAnswersAWindowThatIsNotPainted()
+    {
+        AlarmEventForm form(MakeAlarm("1999/3/17", "09:30", "note"), false, m_program->form->screen(), nullptr);
+        form.setUpdatesEnabled(false);
+        form.show();
+        QTest::keyClick(&form, Qt::Key_Space);
+        QTest::qWait(1100);
+        QTest::keyClick(form.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+        QVERIFY(form.isVisible());
+        form.setUpdatesEnabled(true);
+        Escape(form);
+    }
+
     void theWindow()
     {
         AddAlarms({MakeAlarm("1999/3/17", "09:30", "{\\rtf1\\ansi a {\\b bold} note}")});
