@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype LongestKey = 500; // the server takes messages of less than 8000 bytes
 constexpr int BetweenAttempts = 3000; // milliseconds at least
 constexpr int PauseFactor = 30;       // times the duration of the failed attempt, which blocks the window
-constexpr int ShortAttempt = 1000;    // milliseconds; the host has answered
+constexpr int ShortAttempt = 500;     // milliseconds; the host has answered
 } // namespace
 
 PostgresChanges::PostgresChanges(PostgresConnection& connection) : m_connection(connection)

@@ -5,6 +5,7 @@
 #include "platform/engine/sessionname.h"
 #include "platform/engine/waiting.h"
 
+#include <QDeadlineTimer>
 #include <QScopeGuard>
 #include <QThread>
 
@@ -42,7 +43,7 @@ std::chrono::milliseconds SilenceOf(PostgresConnection::Patience patience)
 
 constexpr int AttemptsPause = 5;                // times the duration of the failed attempt
 constexpr qint64 LongestPause = 15000;          // milliseconds
-constexpr int StateLooks = 200;                 // ten seconds, the usual patience
+constexpr int StatesPatience = 10000;           // milliseconds, for the end of the former session
 constexpr unsigned long PauseBetweenLooks = 50; // milliseconds
 
 struct Meaning
@@ -223,11 +224,9 @@ void PostgresConnection::ClearDoubt(const RunTimeError& failure)
 
 QString PostgresConnection::StateOf(const QString& transaction)
 {
-    QString state;
-    for (int look = 0; look < StateLooks; ++look) {
-        state = AskOne(u"SELECT coalesce(pg_catalog.pg_xact_status($1::xid8), '')"_s, {transaction}).toString();
-        if (state != u"in progress") break;
-        QThread::msleep(PauseBetweenLooks); // until the server ends the former session
+    for (const QDeadlineTimer until(StatesPatience);; QThread::msleep(PauseBetweenLooks)) {
+        const QString state =
+            AskOne(u"SELECT coalesce(pg_catalog.pg_xact_status($1::xid8), '')"_s, {transaction}).toString();
+        if (state != u"in progress" || until.hasExpired()) return state;
     }
-    return state;
 }
