@@ -63,7 +63,7 @@ std::optional<HandOver> HandedToCalendar()
 void TellClocks()
 {
     const bool isWanted = Read(settings::RingInTray) != 0 && HasPlanner();
-    oneclock::TakeOver(isWanted ? g_sNotesFile : QString());
+    oneclock::Hold(isWanted ? g_sNotesFile : QString());
     if (!isWanted) return;
     const ProfileBatch oneReplacement(settings::PlannerIni.toString());
     Write(settings::FollowedPlanner, g_sNotesFile);

@@ -18,6 +18,10 @@
 
 #include <QCloseEvent>
 
+namespace {
+constexpr int TraysPatience = 5000; // milliseconds; without its answer no alarm would ring
+}
+
 Mainform::Mainform() : m_rooms(std::make_unique<Rooms>(*this))
 {
     setObjectName(u"Mainform"_s);
@@ -75,7 +79,7 @@ void Mainform::closeEvent(QCloseEvent* event)
     // On Wayland the toolkit itself closes the window when the desktop asks for it.
     const bool isCloseBox = event->spontaneous() || QGuiApplication::platformName().startsWith(u"wayland"_s);
     Guarded(" in MainForm, Form_QueryUnload"_L1, [&] {
-        m_goesToTray = isCloseBox && Read(settings::RingInTray) != 0 && HasTray();
+        m_goesToTray = isCloseBox && Read(settings::RingInTray) != 0 && HasTray(TraysPatience);
         subExitProgram(isCloseBox ? CloseBox : ClosedByCode);
     })();
     event->accept();

@@ -28,7 +28,17 @@ constexpr int Patience = 5000, TimeToComeBack = 3000; // milliseconds
 void Announce(DesktopCalls& calls)
 {
     calls.Listen();
-    RequestName(oneclock::AnyClock(), OnlyQueued);
+    RequestName(oneclock::AnyClock());
+}
+
+// An alarm that rings is answered first.
+void WhenAnswered(QObject* context, const std::function<void()>& act)
+{
+    auto* const ringing = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!ringing) return act();
+    ringing->activateWindow();
+    QObject::connect(
+        ringing, &QDialog::finished, context, [=] { WhenAnswered(context, act); }, Qt::QueuedConnection);
 }
 
 // The run of one clock, until something else is to follow it.
@@ -38,15 +48,14 @@ public:
     explicit ClockRun(const HandOver& start) : m_start(start), m_clock(start.planner, start.minute)
     {
         qApp->installEventFilter(this);
-        const auto show = [this](const QStringList& wanted) { WhenAnswered([=, this] { Show(wanted); }); };
+        const auto show = [this](const QStringList& wanted) { WhenAnswered(this, [=, this] { Show(wanted); }); };
         connect(&m_clock, &TrayClock::Wanted, this,
                 [show](const QString& day) { show(day.isEmpty() ? QStringList() : QStringList(day)); });
         connect(&m_calls, &DesktopCalls::Called, this, show);
         connect(&m_clock, &TrayClock::TrayAppeared, this,
-                [this] { WhenAnswered([this] { EndFor(Present({}).ToClock()); }); });
+                [this] { WhenAnswered(this, [this] { EndFor(Present({}).ToClock()); }); });
         connect(&m_clock, &TrayClock::Ended, this, [] { QCoreApplication::exit(); });
         Announce(m_calls);
-        EndWhenTakenOver();
     }
 
     QStringList Next() const { return m_next; }
@@ -60,23 +69,6 @@ public:
     }
 
 private:
-    void EndWhenTakenOver()
-    {
-        if (!HasSessionBus()) return;
-        connect(QDBusConnection::sessionBus().interface(), &QDBusConnectionInterface::serviceUnregistered, this,
-                [this](const QString& name) {
-                    if (name == oneclock::ClockOf(m_start.planner)) WhenAnswered([] { QCoreApplication::exit(); });
-                });
-    }
-    // An alarm that rings is answered first.
-    void WhenAnswered(const std::function<void()>& act)
-    {
-        auto* const ringing = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!ringing) return act();
-        ringing->activateWindow();
-        connect(
-            ringing, &QDialog::finished, this, [=, this] { WhenAnswered(act); }, Qt::QueuedConnection);
-    }
     HandOver Present(const QStringList& wanted) const
     {
         return {m_clock.LastMinute(), m_start.planner, m_start.isShared, wanted};
@@ -97,7 +89,8 @@ private:
 
 QStringList trayrun::RunClock(QApplication& application, const HandOver& start)
 {
-    if (!oneclock::Claim(start.planner)) return {};
+    const auto end = [&application] { WhenAnswered(&application, [] { QCoreApplication::exit(); }); };
+    if (!oneclock::Claim(start.planner, &application, end)) return {};
     g_bErrorTrap = true;
     // Not the calendar's: another copy may be writing that.
     ErrorTail{RunLiteral}([] { OpenErrorLog(folders::ApplicationDirectory() + u"/clock.err"_s); });

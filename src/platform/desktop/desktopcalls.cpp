@@ -44,7 +44,7 @@ void DesktopCalls::Listen()
     qunsetenv(StartedByCall); // child processes must not inherit it
     if (!HasSessionBus()) return;
     QDBusConnection::sessionBus().registerObject(ObjectPath(), this, QDBusConnection::ExportScriptableSlots);
-    RequestName(Name(), OnlyQueued);
+    RequestName(Name());
 }
 
 void DesktopCalls::Activate(const QVariantMap& platformData)

@@ -25,9 +25,10 @@ bool HasSessionBus()
     return hasAddress && QDBusConnection::sessionBus().isConnected();
 }
 
-void RequestName(const QString& name, NameFlags flags)
+void RequestName(const QString& name, bool isTaken)
 {
-    Send(u"RequestName"_s, {name, uint(flags)});
+    constexpr uint ReplaceExisting = 2; // as the bus numbers it
+    Send(u"RequestName"_s, {name, isTaken ? ReplaceExisting : 0});
 }
 
 void ReleaseName(const QString& name)

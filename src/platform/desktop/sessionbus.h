@@ -6,14 +6,7 @@ class QString;
 // Whether it is connected. Never starts a bus.
 bool HasSessionBus();
 
-// What else may happen to a name.
-enum NameFlags : unsigned
-{
-    OnlyQueued = 0,
-    LetsOthersTakeIt = 1,
-    IsTakenFromOthers = 2
-};
-
-// Asks for a name of the bus. Neither waits for the answer. The bus gives a name that is taken when it comes free.
-void RequestName(const QString& name, NameFlags flags);
+// Asks the bus for a name, which it gives when the name is free. With isTaken, at once if the owner lets others take
+// it. ReleaseName also gives up the place in the queue for the name. Neither waits for the answer.
+void RequestName(const QString& name, bool isTaken = false);
 void ReleaseName(const QString& name);

@@ -8,24 +8,23 @@
 #include <QSystemTrayIcon>
 
 namespace {
-constexpr int Patience = 5000; // milliseconds; without an answer no alarm would ring
 const QString Watcher = u"org.kde.StatusNotifierWatcher"_s, WatcherPath = u"/StatusNotifierWatcher"_s;
 
 // The toolkit asks once and keeps the answer.
-bool IsOnBus()
+bool IsOnBus(int patience)
 {
     QDBusMessage call =
         QDBusMessage::createMethodCall(Watcher, WatcherPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     call.setArguments({Watcher, u"IsStatusNotifierHostRegistered"_s});
     call.setAutoStartService(false);
-    const QVariantList answer = QDBusConnection::sessionBus().call(call, QDBus::Block, Patience).arguments();
+    const QVariantList answer = QDBusConnection::sessionBus().call(call, QDBus::Block, patience).arguments();
     return !answer.isEmpty() && answer.front().value<QDBusVariant>().variant().toBool();
 }
 } // namespace
 
-bool HasTray()
+bool HasTray(int patience)
 {
-    return HasSessionBus() && (IsOnBus() || QSystemTrayIcon::isSystemTrayAvailable());
+    return HasSessionBus() && (IsOnBus(patience) || QSystemTrayIcon::isSystemTrayAvailable());
 }
 
 void WatchForTray(QObject* receiver, const char* slot)
