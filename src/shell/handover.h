@@ -23,8 +23,9 @@ struct HandOver
 std::optional<HandOver> HandedToClock();
 std::optional<HandOver> HandedToCalendar(); // none if it does not come from the tray
 
-// If the person wants the clock: the one that starts with the session will follow the open planner, and none rings for
-// it beside this window. To be called when another planner is open, or none, or when the wish has changed.
+// If the person wants the clock: the one that starts with the session will follow the open planner, and none that
+// starts beside this window rings for it. To be called when another planner is open, or none, or when the wish has
+// changed.
 void TellClocks();
 
 // Replaces this program by itself with these words; returns only if that fails.
